@@ -1,0 +1,22 @@
+#include "base/Desktop.h"
+
+namespace tarsel {
+
+namespace {
+Desktop* currentDesktop = nullptr;
+}
+
+Desktop& desktop() {
+    Q_ASSERT(currentDesktop);
+    return *currentDesktop;
+}
+
+DesktopScope::DesktopScope(Desktop& current) : m_previous(currentDesktop) {
+    currentDesktop = &current;
+}
+
+DesktopScope::~DesktopScope() {
+    currentDesktop = m_previous;
+}
+
+} // namespace tarsel

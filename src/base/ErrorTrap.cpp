@@ -1,0 +1,26 @@
+#include "base/ErrorTrap.h"
+
+#include "base/Desktop.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tarsel {
+
+void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine) {
+    const ErrorReport report{
+        .ErrApplicationVersion = QStringLiteral(TARSEL_VERSION),
+        .ErrRoutine = routine,
+        .ErrLine = line,
+        .ErrTrappingString = TrappingString,
+        .ErrSystem = QString::number(number) + QStringLiteral(" - ") + description,
+    };
+    desktop().showErrorReport(report);
+}
+
+void reportTrapped(const TrappedError& error, const char* routine) {
+    const auto line = std::min<std::uint_least32_t>(error.where.line(), std::numeric_limits<qint16>::max());
+    GlobalErrorHandler(error.description, error.number, qint16(line), QString::fromLatin1(routine));
+}
+
+} // namespace tarsel

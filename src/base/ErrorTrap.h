@@ -1,0 +1,62 @@
+#pragma once
+
+#include "base/TrappedError.h"
+
+#include <exception>
+#include <new>
+#include <utility>
+
+namespace tarsel {
+
+/// What the program says it is doing. Set before work, shown in error reports.
+inline QString TrappingString;
+
+/// Title of all message boxes: application title, a blank, the comment of the version record. Empty until set
+/// up.
+inline QString ApplicationName;
+
+/// The fields of an error report, filled by GlobalErrorHandler.
+struct ErrorReport {
+    QString ErrApplicationVersion; ///< major "." minor "." revision
+    QString ErrRoutine;            ///< name of the routine that trapped, such as "FrmMain.subEnd"
+    qint16 ErrLine = 0;            ///< source line of the failing step
+    QString ErrTrappingString;     ///< copy of TrappingString
+    QString ErrSystem;             ///< error number, " - ", description
+};
+
+/// Fills an ErrorReport and shows it through the Desktop.
+void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine);
+
+/// Hands a caught error to GlobalErrorHandler. Lines beyond 16 bits are reported as the largest one.
+void reportTrapped(const TrappedError& error, const char* routine);
+
+/// Runs `body` and, when it throws, reports the error under the routine's name and returns normally.
+/// Returns true when the body ran to its end.
+template <class Body>
+bool trap(const char* routine, Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const TrappedError& error) {
+        reportTrapped(error, routine);
+    } catch (const std::bad_alloc&) {
+        reportTrapped({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)}, routine);
+    } catch (const std::exception& error) {
+        reportTrapped({ErrorNumber::InvalidCall, QString::fromUtf8(error.what())}, routine);
+    }
+    return false;
+}
+
+/// Runs `body` where errors are to be ignored. Returns true when it ran to its end.
+template <class Body>
+bool ignoringErrors(Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const TrappedError&) {
+    } catch (const std::exception&) {
+    }
+    return false;
+}
+
+} // namespace tarsel

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <vector>
+
+namespace tarsel {
+
+/// Pictures for the rows of a list, by index from 0. The values are what a view's decoration role takes.
+class ImageList {
+public:
+    int add(const QVariant& picture);
+    QVariant at(int index) const; ///< an invalid value when there is none
+    int count() const { return int(m_pictures.size()); }
+    void clear() { m_pictures.clear(); }
+
+private:
+    std::vector<QVariant> m_pictures;
+};
+
+/// One row of a list control.
+struct ListRow {
+    QString text;
+    QString tag;          ///< the row's Tag, not shown
+    QString key;          ///< the row's key, not shown
+    QStringList subItems; ///< SubItem 1 is subItems[0]
+    int icon = -1;        ///< index in the attached picture list
+    QString iconKey;      ///< name of a fixed icon, where the list shows those
+    bool selected = false;
+};
+
+/// A list control as the logic sees it: rows of text, key, Tag, SubItems, icons and selection, sorting by
+/// column. Row indexes count from 0 here. Widgets show it through the model interface and keep the selection
+/// in step.
+class ListView : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    explicit ListView(QStringList headers = {}, QObject* parent = nullptr);
+
+    // --- rows
+    // -------------------------------------------------------------------------------------------------
+    int count() const { return int(m_rows.size()); }
+    bool isEmpty() const { return m_rows.empty(); }
+    const ListRow& row(int index) const; ///< error 9 out of range
+    int add(ListRow row);                ///< appends, gives the index
+    void insert(int index, ListRow row);
+    void remove(int index);
+    void clear();
+    void setText(int index, const QString& text);
+    void setTag(int index, const QString& tag);
+    void setIcon(int index, int icon);
+    QString subItem(int index, int number) const; ///< number from 1; empty when the row has fewer
+    void setSubItem(int index, int number, const QString& text);
+    int findKey(const QString& key) const; ///< exact; -1 when there is none
+    int findSubItem(int number,
+                    const QString& text) const; ///< first row with that text; -1; fast over many rows
+
+    /// The list's own Tag.
+    QString tag() const { return m_tag; }
+    void setTag(const QString& tag) { m_tag = tag; }
+
+    // --- selection
+    // --------------------------------------------------------------------------------------------
+    bool isSelected(int index) const;
+    void select(int index, bool selected = true); ///< adds to or takes from the selection
+    void selectOnly(int index);                   ///< -1 selects nothing
+    void selectAll();
+    std::vector<int> selectedRows() const; ///< ascending
+    int selectedIndex() const; ///< the focused row when selected, else the first selected row, else -1
+    int focusedRow() const { return m_focused; }
+    void setFocusedRow(int index) { m_focused = index; }
+
+    // --- icons and sorting
+    // ------------------------------------------------------------------------------------
+    void
+    attachImages(const ImageList* images); ///< null detaches; the picture list must outlive the attachment
+    /// Sorts by column 0 (text) or SubItem number: ascending for a new column, the order reversed for the
+    /// present one. All columns compare as text.
+    void SortByColumn(int column);
+    int sortColumn() const { return m_sortColumn; }
+    Qt::SortOrder sortOrder() const { return m_sortOrder; }
+
+    // --- QAbstractItemModel
+    // -----------------------------------------------------------------------------------
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    void setTextEditable(bool editable) { m_textEditable = editable; }
+
+Q_SIGNALS:
+    void selectionChanged();
+
+private:
+    ListRow& at(int index);
+    void changed(int index, int column);
+
+    QStringList m_headers;
+    std::vector<ListRow> m_rows;
+    const ImageList* m_images = nullptr;
+    QString m_tag;
+    int m_focused = -1;
+    int m_sortColumn = -1;
+    Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    bool m_textEditable = false;
+};
+
+} // namespace tarsel

@@ -1,0 +1,13 @@
+#include "base/Progress.h"
+
+namespace tarsel {
+
+void StatusLine::setPanel(const QString& key, const QString& text) {
+    QString& held = m_panels[key];
+    if (held == text)
+        return;
+    held = text;
+    Q_EMIT panelChanged(key, text);
+}
+
+} // namespace tarsel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <atomic>
+
+namespace tarsel {
+
+/// Set by the Cancel of the progress dialog (or by an interrupt of the command line); long batch loops test
+/// it after each item, clear it and leave.
+inline std::atomic<bool> CancelRequested = false;
+
+/// A progress bar as the loops see it.
+class Progress {
+public:
+    virtual ~Progress() = default;
+    virtual void start(int maximum, int value = 0) = 0; ///< sets range and value and shows the bar
+    virtual void setValue(int value) = 0;
+    virtual void hide() = 0;
+};
+
+/// A bar that nobody sees.
+class NoProgress final : public Progress {
+public:
+    void start(int, int) override {}
+    void setValue(int) override {}
+    void hide() override {}
+};
+
+/// The texts of the status line, by panel key: "filename", "pages", "resolution", "queue", "metadata",
+/// "folder", "status". The window shows them; loops write them.
+class StatusLine : public QObject {
+    Q_OBJECT
+public:
+    void setPanel(const QString& key, const QString& text);
+    QString panel(const QString& key) const { return m_panels.value(key); }
+
+Q_SIGNALS:
+    void panelChanged(const QString& key, const QString& text);
+
+private:
+    QHash<QString, QString> m_panels;
+};
+
+} // namespace tarsel

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+namespace tarsel {
+
+/// What the program wants to know of one file: texts for list columns, its size in words, its dates.
+class clsFileInfo {
+public:
+    /// Refreshes every property when the file exists and can be opened; else leaves all as they were.
+    void setFilePath(const QString& path);
+    QString FilePath() const { return m_path; }
+    void ClearFileInfo();
+    void RefreshInfo();
+
+    QString fFileExtention() const { return m_extension; } ///< behind the last point, in the file's spelling
+    qint32 fSize() const { return m_size; }
+    /// The size text made by the last refresh; `flag` rules the text of the next file.
+    QString fSizeFormated(int flag);
+    QString fPath32bit() const { return m_path; }
+    QString fName32bit() const { return m_name; }
+    QString fLocation() const { return m_location; }
+    QString fType() const { return m_type; }
+    QString fDateCreated() const { return m_created; }
+    QString fDateModified() const { return m_modified; }
+    QString fDateAccessed() const { return m_accessed; }
+    QDateTime dateCreated() const { return m_createdAt; }
+    QDateTime dateModified() const { return m_modifiedAt; }
+    QDateTime dateAccessed() const { return m_accessedAt; }
+    bool fATTR_Hidden() const { return m_hidden; }
+    bool fATTR_ReadOnly() const { return m_readOnly; }
+
+    static bool CheckIfFileExists(const QString& path);
+    static QString StripFileFromPath(const QString& path);
+    static QString StripFileExtention(const QString& name);
+    /// The words for a size, with the byte count behind them when `longText`.
+    static QString sizeText(qint32 size, bool longText);
+
+private:
+    QString m_path, m_name, m_extension, m_location, m_type, m_sizeText;
+    QString m_created, m_modified, m_accessed;
+    QDateTime m_createdAt, m_modifiedAt, m_accessedAt;
+    qint32 m_size = 0;
+    int m_sizeFormatFlag = 0;
+    bool m_hidden = false;
+    bool m_readOnly = false;
+};
+
+/// The one shared file-information object.
+clsFileInfo& FileInfo();
+
+/// Small path helpers.
+namespace modFileSystem {
+QString GetFileExtension(const QString& path); ///< behind the last "."
+QString GetFileTitle(const QString& path);     ///< before the last "."
+QString GetFolderPart(const QString& path);    ///< up to and including the last separator
+void MakeFolder(const QString& path);          ///< errors are raised
+bool FileExistsByDir(const QString& path);
+bool FolderExists(const QString& path);
+} // namespace modFileSystem
+
+} // namespace tarsel

@@ -1,0 +1,174 @@
+#pragma once
+
+#include "imaging/Color.h"
+#include "imaging/MetadataStore.h"
+#include "imaging/Picture.h"
+#include "imaging/SaveSettings.h"
+
+#include <QDateTime>
+#include <QString>
+
+namespace tarsel {
+
+/// The font of ImageBox::DrawText.
+struct TextFont {
+    QString Name;
+    double Size = 14; ///< points, at 96 points to the inch's 72: a 12 point font is 16 pixels high
+    bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
+};
+
+enum class SelectionShape { None, Rectangle, Ellipse };
+
+/// Edges in picture coordinates; right and bottom are the first pixel behind.
+struct Edges {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+/// Holds one picture, changes it in place, saves it. A stateful object: set its state first, call an
+/// operation last; a setting stays in force until it is written again, also from picture to picture. No
+/// widget: a view shows one.
+///
+/// Settings are plain members; what is computed or does work is a function. Coordinates are picture pixels
+/// with the origin top left. A failing member raises TrappedError; loading alone has the soft failure
+/// LoadFailed. Operations on an empty box raise error 5.
+class ImageBox {
+public:
+    // --- picture in and out
+    // -----------------------------------------------------------------------------------
+    void Clear(); ///< the picture and its metadata go; settings stay
+    bool HasImage() const { return !m_picture.isNull(); }
+    int Width() const { return m_picture.width(); }
+    int Height() const { return m_picture.height(); }
+    int BitsPerPixel() const { return m_picture.isNull() ? 0 : m_picture.bitsPerPixel(); }
+    int PageNumber = 1; ///< page that the next load reads, from 1
+    /// Pages of a file, which need not be the one held; 1 for formats without pages and for files that can't
+    /// be read.
+    static int PageCount(const QString& path);
+    /// Decodes by content. On failure the box is empty and LoadFailed is true; the error (0x8000FFFF for a
+    /// file that its decoder can't make sense of, 53 for a missing one) is raised.
+    void LoadFromFile(const QString& path);
+    bool LoadFailed() const { return m_loadFailed; }
+    /// Encodes by the path's extension with the save settings and the metadata held, through the safe writer.
+    void SaveToFile(const QString& path);
+    /// Format 7 is the shared picture itself: costs nothing until a pixel changes.
+    Picture SaveToMemory(int format) const;
+    void LoadFromMemory(const Picture& snapshot, int format);
+    /// Replaces the picture. It carries no metadata: those held go.
+    void setPictureHandle(const PictureHandle& handle);
+    PictureHandle pictureHandle() const { return m_picture; }
+    const Picture& picture() const { return m_picture; }
+
+    // --- display
+    // ----------------------------------------------------------------------------------------------
+    bool StretchToFit = false;
+    double Zoom = 100.0; ///< percent, when not stretched
+    float ControlWidth = 0;
+    float ControlHeight = 0;
+    QString Tag;
+    bool Visible = true;
+    /// Size of the picture as drawn: stretched, the largest size of the picture's proportions inside the
+    /// control; else the picture's own. Never 0 while a picture is held.
+    int DisplayWidth() const;
+    int DisplayHeight() const;
+    Color PixelColor(int x, int y) const; ///< error 5 outside the picture
+
+    // --- fill
+    // -------------------------------------------------------------------------------------------------
+    Color BackColor = 0xFFFFFF; ///< fill of every operation that creates new area
+    bool BackColorTransparent = false;
+
+    // --- tone and filters, on the whole picture
+    // ---------------------------------------------------------------
+    void Brightness(int level, bool red, bool green, bool blue); ///< 0 to 100, 50 is neutral
+    void Contrast(int level, bool red, bool green, bool blue);   ///< 0 to 100, 50 is neutral
+    void Sharpen(int level);                                     ///< 1 to 10
+    void Blur(int level);                                        ///< 1 to 10
+    void Negative();
+
+    // --- geometry
+    // ---------------------------------------------------------------------------------------------
+    bool Resample = false;    ///< smooth resampling in Rotate and ResizeTo
+    void Flip(int direction); ///< 0 mirrors left and right, 1 top and bottom
+    /// Clockwise about the centre; the canvas grows to hold the turned picture, new area takes BackColor.
+    void Rotate(float degrees);
+    void Resize(int width, int height);   ///< always smooth
+    void ResizeTo(int width, int height); ///< smooth when Resample is true, else nearest neighbour
+    void Scale(float percent);            ///< smooth; at least 1 pixel remains
+    /// The picture becomes that rectangle; edges beyond the picture enlarge the canvas with BackColor.
+    void Crop(int left, int top, int right, int bottom);
+
+    // --- selection
+    // --------------------------------------------------------------------------------------------
+    bool SelectionActive = false;
+    void SelectRectangle(int x1, int y1, int x2, int y2);
+    void SelectEllipse(int x1, int y1, int x2, int y2);
+    void ClearSelection();
+    void CropToSelection(); ///< outside an ellipse the picture takes BackColor
+
+    // --- text
+    // -------------------------------------------------------------------------------------------------
+    TextFont Font;
+    Color TextColor = 0;
+    Color TextBackColor = 0xFFFFFF;
+    bool TextTransparent = true;
+    float TextAngle = 0;   ///< degrees, counter-clockwise; -90 runs downward
+    int TextAlignment = 0; ///< where x lies on the text: 0 left, 1 centre, 2 right
+    bool TextAntiAlias = true;
+    int TextWidth(const QString& text) const;
+    int TextHeight(const QString& text) const;
+    void DrawText(int x, int y, const QString& text);
+
+    // --- merging
+    // ----------------------------------------------------------------------------------------------
+    int MergeStyle = 0; ///< 0 centred, 1 at (MergeX, MergeY), 2 tiled, 3 wrapped
+    int MergeX = 0;
+    int MergeY = 0;
+    bool MergeTransparent = false; ///< pixels of MergeTransparentColor are not laid down
+    Color MergeTransparentColor = 0;
+    double MergeTransparency = 0;        ///< percent, 0 is fully opaque
+    void MergeFile(const QString& path); ///< 53 when missing, 481 when it can't be read
+    void MergeHandle(const PictureHandle& handle);
+
+    // --- saving
+    // -----------------------------------------------------------------------------------------------
+    int ColorFormat = 0;
+    int JpegQuality = 80;
+    bool JpegEncoding = false;
+    bool GifCompression = true;
+    int TiffCompression = 0;
+    SaveSettings saveSettings() const;
+
+    // --- metadata of the last load
+    // ----------------------------------------------------------------------------
+    int ExifCount() const { return m_metadata.ExifCount(); }
+    QString ExifName(int index) const { return m_metadata.ExifName(index); }
+    QString ExifValue(int index) const { return m_metadata.ExifValue(index); }
+    QString ExifValueByName(const QString& name) const { return m_metadata.ExifValueByName(name); }
+    bool ExifSet(const QString& name, const QString& value) { return m_metadata.ExifSet(name, value); }
+    bool ExifDelete(const QString& name) { return m_metadata.ExifDelete(name); }
+    void ExifClear() { m_metadata.ExifClear(); }
+    bool HasIptc() const { return m_metadata.HasIptc(); }
+    void IptcClear() { m_metadata.IptcClear(); }
+    void IptcLoadFromFile(const QString& path) { m_metadata.IptcLoadFromFile(path); }
+    void IptcSaveToFile(const QString& path) const { m_metadata.IptcSaveToFile(path); }
+    static QDateTime ExifTextToDate(const QString& text) { return exifTextToDate(text); }
+    static QString ExifDateToText(const QDateTime& date) { return exifDateToText(date); }
+    MetadataStore& metadata() { return m_metadata; }
+    const MetadataStore& metadata() const { return m_metadata; }
+
+private:
+    void requireImage() const;
+
+    Picture m_picture;
+    MetadataStore m_metadata;
+    bool m_loadFailed = false;
+    SelectionShape m_selectionShape = SelectionShape::None;
+    Edges m_selection;
+};
+
+} // namespace tarsel

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "imaging/EmbeddedMetadata.h"
+#include "imaging/Picture.h"
+#include "imaging/SaveSettings.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <span>
+
+namespace tarsel {
+
+/// What a decoder gives: the picture and the metadata of its file.
+struct DecodedPicture {
+    Picture picture;
+    EmbeddedMetadata metadata;
+};
+
+/// What a file says of itself in front of its pixels.
+struct PictureHeader {
+    int width = 0;
+    int height = 0;
+    int bitsPerPixel = 0; ///< all channels together, as stored
+    double dpi = 0;       ///< horizontal; 0 when the file doesn't tell
+};
+
+/// One picture format. All functions take the whole file's bytes; `name` is the path or another word for the
+/// file, for messages. They raise error 0x8000FFFF with format, file and fact when they can't make sense of
+/// the bytes.
+struct Codec {
+    const char* name;       ///< "JPEG"
+    QStringList extensions; ///< lower case, without the point; the first is the usual one
+
+    bool (*sniff)(const QByteArray& start); ///< by the file's first 64 bytes or fewer
+    PictureHeader (*header)(const QByteArray& bytes, const QString& name);
+    int (*pageCount)(const QByteArray& bytes, const QString& name);
+    /// `page` counts from 1; formats without pages ignore it.
+    DecodedPicture (*decode)(const QByteArray& bytes, const QString& name, int page);
+    /// The encoded file; null for a format that this program doesn't write yet.
+    QByteArray (*encode)(const Picture& picture, const SaveSettings& settings,
+                         const EmbeddedMetadata& metadata);
+};
+
+/// All formats, in the order in which they are asked.
+std::span<const Codec> codecs();
+
+/// The codec that recognises these bytes, or null. A format without a signature (WBMP) is recognised by a
+/// plausible header together with the file's extension.
+const Codec* codecForContent(const QByteArray& bytes, const QString& path);
+
+/// The codec that lists this extension (lower case), or null.
+const Codec* codecForExtension(const QString& extension);
+
+} // namespace tarsel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "imaging/Color.h"
+#include "imaging/Picture.h"
+
+#include <QString>
+#include <optional>
+
+namespace tarsel {
+
+enum class LoadMode {
+    FullSize = 0,
+    FitInside = 1, ///< fitted inside the box, proportions kept, never enlarged
+    ExactBox =
+        2 ///< the size of the box exactly; the picture fitted whole into it and centred on the back colour
+};
+
+struct Size {
+    int width = 0;
+    int height = 0;
+    bool operator==(const Size&) const = default;
+};
+
+/// Opens any file as a picture, at full size or in a box; the first page of a document.
+/// Unknown content gives nothing. Error 481 when the content is known and can't be read.
+/// `sourceSize`, when given, receives the file's own size.
+std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box = {-1, -1},
+                                      Color backColor = 0xFFFFFF, Size* sourceSize = nullptr);
+
+/// The size that mode FitInside gives.
+Size fitInside(Size picture, Size box);
+
+/// The same drawing from a picture in memory: FullSize keeps it, FitInside and ExactBox as above.
+Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color backColor = 0xFFFFFF);
+
+} // namespace tarsel

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/ListView.h"
+
+#include <QString>
+#include <array>
+
+namespace tarsel {
+
+/// Columns p1 to p17 of a task row.
+constexpr int TaskColumnCount = 17;
+
+/// One task with its parameters, all as text: `column(1)` is p1.
+struct TaskRow {
+    QString kind; ///< decimal number of the kind
+    QString key;  ///< "flip", "rotate", ..
+    std::array<QString, TaskColumnCount> columns;
+
+    const QString& column(int number) const { return columns.at(size_t(number - 1)); }
+    QString& column(int number) { return columns.at(size_t(number - 1)); }
+    bool operator==(const TaskRow&) const = default;
+};
+
+/// One of the sixteen tasks; the whole vocabulary is the table taskKinds().
+struct TaskKind {
+    int number;
+    const char* panelKey;
+    const char* panelCaption;
+    const char* rowKey;      ///< empty for the kind that is never a row
+    const char* displayName; ///< empty for the kind that is never a row
+    const char* optionTitle;
+};
+const std::array<TaskKind, 16>& taskKinds();
+
+/// The display name of a kind; empty for a kind outside 1 to 15.
+QString taskDisplayName(int kind);
+
+/// The task basket: one store and two views of it, always of the same rows in the same order.
+class TaskList {
+public:
+    ListView lvEditBatch; ///< never shown: text is the kind, Tag the key, SubItems p1 to p17
+    ListView lvEdit; ///< "Confirmed Tasks" in the tab "Task Basket": text is the display name, icon by key
+    ListView lvEditPreview; ///< the same beside the preview
+
+    TaskList();
+    int count() const { return lvEditBatch.count(); }
+    TaskRow row(int index) const;
+    /// Appends a row to all three lists; a row of kind 16 is not appended. The icon is named by the row's
+    /// key, or by `iconKey` when one is given.
+    void append(const TaskRow& row, const QString& iconKey = {});
+    /// Removes row `index` from all three; -1 does nothing.
+    void remove(int index);
+    void clear();
+};
+
+/// A row of lvEditBatch as a TaskRow.
+TaskRow taskRowOf(const ListView& lvEditBatch, int index);
+
+} // namespace tarsel

@@ -1,0 +1,55 @@
+#include "base/ErrorTrap.h"
+#include "tests/support/TestDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <stdexcept>
+
+using namespace tarsel;
+
+TEST(ErrorTrap, AFailingStepIsReportedWithRoutineLineAndWhatTheProgramWasDoing) {
+    test::TestDesktop desktop;
+    TrappingString = QStringLiteral("Saving a new Single file");
+    int failingLine = 0;
+    const bool ended = trap("FrmMain.subEnd", [&] {
+        failingLine = __LINE__ + 1;
+        fail(ErrorNumber::DiskFull, QStringLiteral("/mnt/a.jpg"));
+    });
+    EXPECT_FALSE(ended);
+    ASSERT_EQ(desktop.reports.size(), 1u);
+    const ErrorReport& report = desktop.reports[0];
+    EXPECT_EQ(report.ErrRoutine, QStringLiteral("FrmMain.subEnd"));
+    EXPECT_EQ(report.ErrLine, failingLine);
+    EXPECT_EQ(report.ErrTrappingString, QStringLiteral("Saving a new Single file"));
+    EXPECT_EQ(report.ErrSystem, QStringLiteral("61 - Disk full: /mnt/a.jpg"));
+    EXPECT_EQ(report.ErrApplicationVersion.count(QLatin1Char('.')), 2);
+}
+
+TEST(ErrorTrap, ErrorsOfLibrariesAndOfMemoryDoNotEscape) {
+    test::TestDesktop desktop;
+    EXPECT_FALSE(trap("a", [] { throw std::bad_alloc(); }));
+    EXPECT_FALSE(trap("b", [] { throw std::runtime_error("odd"); }));
+    EXPECT_TRUE(trap("c", [] {}));
+    ASSERT_EQ(desktop.reports.size(), 2u);
+    EXPECT_TRUE(desktop.reports[0].ErrSystem.startsWith(QStringLiteral("7 - ")));
+    EXPECT_EQ(desktop.reports[1].ErrSystem, QStringLiteral("5 - odd"));
+}
+
+TEST(ErrorTrap, SystemErrorsKeepTheFileAndGetTheirNumber) {
+    const struct {
+        int errnoValue;
+        qint32 number;
+    } cases[] = {{ENOSPC, 61}, {EDQUOT, 61},  {EACCES, 70}, {EROFS, 70},
+                 {ENOENT, 53}, {ENOTDIR, 76}, {EIO, 5}};
+    for (const auto& c : cases) {
+        try {
+            failForErrno(c.errnoValue, QStringLiteral("/x/y.jpg"));
+        } catch (const TrappedError& error) {
+            EXPECT_EQ(error.number, c.number);
+            EXPECT_TRUE(error.description.contains(QStringLiteral("/x/y.jpg")));
+            continue;
+        }
+        ADD_FAILURE() << "nothing was raised for errno " << c.errnoValue;
+    }
+}

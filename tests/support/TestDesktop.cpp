@@ -1,0 +1,89 @@
+#include "tests/support/TestDesktop.h"
+
+namespace tarsel::test {
+
+namespace {
+
+/// The next scripted answer; a question that nobody scripted is noted and answered as cancelled.
+template <class Answer>
+std::optional<Answer> next(std::deque<std::optional<Answer>>& script, QStringList& unexpected,
+                           const QString& what) {
+    if (script.empty()) {
+        unexpected << what;
+        return std::nullopt;
+    }
+    auto answer = script.front();
+    script.pop_front();
+    return answer;
+}
+
+MessageAnswer refusal(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::OkCancel:
+        return MessageAnswer::Cancel;
+    case MessageButtons::YesNo:
+        return MessageAnswer::No;
+    case MessageButtons::Ok:
+        break;
+    }
+    return MessageAnswer::Ok;
+}
+
+} // namespace
+
+MessageAnswer TestDesktop::messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
+                                      const QString& title) {
+    messages.push_back({text, icon, buttons, title});
+    if (answers.empty())
+        return refusal(buttons);
+    const MessageAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+std::optional<FileDialogChoice> TestDesktop::openFileDialog(const FileDialogRequest& request) {
+    fileDialogs.push_back(request);
+    return next(fileChoices, unexpected, request.title);
+}
+
+std::optional<FileDialogChoice> TestDesktop::saveFileDialog(const FileDialogRequest& request) {
+    fileDialogs.push_back(request);
+    return next(fileChoices, unexpected, request.title);
+}
+
+std::optional<QString> TestDesktop::folderDialog(const QString& startFolder) {
+    return next(folderChoices, unexpected, startFolder);
+}
+
+std::optional<qint32> TestDesktop::colorDialog(qint32) {
+    return next(colorChoices, unexpected, QStringLiteral("colour"));
+}
+
+std::optional<FontChoice> TestDesktop::fontDialog(const FontChoice&) {
+    return next(fontChoices, unexpected, QStringLiteral("font"));
+}
+
+void TestDesktop::yield() {
+    ++yields;
+    if (onYield)
+        onYield();
+}
+
+bool TestDesktop::shellOpen(const QString& target) {
+    opened << target;
+    return true;
+}
+
+bool TestDesktop::startHidden(const QString& program, const QStringList& arguments) {
+    started << program + QLatin1Char(' ') + arguments.join(QLatin1Char(' '));
+    return true;
+}
+
+bool TestDesktop::closeWindowTitled(const QString& title) {
+    if (!windows.removeOne(title))
+        return false;
+    closedTitles << title;
+    return true;
+}
+
+} // namespace tarsel::test
