@@ -18,7 +18,9 @@ struct RowResult {
     QString source;
     QString target; ///< empty while no name was built
     RowState state = RowState::Failed;
-    QString reason; ///< empty for a written row
+    /// Why a row was skipped or failed. Of a written row: empty, or that its task list ended early and the
+    /// picture was written as far as it came.
+    QString reason;
 };
 QString rowStateText(RowState state); ///< "written", "skipped", "failed"
 
@@ -26,12 +28,24 @@ QString rowStateText(RowState state); ///< "written", "skipped", "failed"
 struct BatchRun {
     int firstRow = 1;    ///< rows outside are not done, but count for numbering
     int lastRow = 0;     ///< 0: to the last
-    bool dryRun = false; ///< everything but the writing
-    std::function<void(const RowResult&)> onRow;
+    bool dryRun = false; ///< everything but the writing; what would be written is skipped as "dry run"
+    /// "Source folder" of a page means the folder of its document, not that of the extracted page file.
+    bool pagesToDocumentFolder = false;
+    std::function<void(const RowResult&)> onRow; ///< told of each row as soon as it is done
 };
+
+/// The reasons of skipped rows that scripts may want to tell apart.
+namespace SkipReason {
+inline const QString Exists = QStringLiteral("exists already");
+inline const QString NoPicture = QStringLiteral("no picture that this program knows");
+inline const QString DryRun = QStringLiteral("dry run");
+inline const QString Cancelled = QStringLiteral("cancelled");
+inline const QString NotReached = QStringLiteral("not reached");
+} // namespace SkipReason
 
 /// The loop of the batch save over the rows of lvPages: load, tasks, name, import, save. Returns true when it
 /// ran to its end or was cancelled, false when it ended in an error, which is trapped as "fncSaveSinglePage".
+/// `results` gets one entry for every row of the run: rows behind a cancel or an error are skipped ones.
 bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
                        Progress& progress, const BatchSave& settings, const BatchRun& run,
                        std::vector<RowResult>& results);

@@ -12,8 +12,32 @@ const QStringList& namingTokens();
 const QStringList& namingSeparators();
 const QStringList& namingCounts();
 
+/// What a token looks at before it can tell its text.
+enum class TokenNeeds {
+    Nothing,  ///< the text itself and the clock
+    File,     ///< size and dates of the source file
+    Source,   ///< the size of the source picture
+    Metadata, ///< EXIF and IPTC of the source picture
+    Result    ///< the picture after its tasks
+};
+TokenNeeds tokenNeeds(const QString& token);
+
+/// What the tokens are read from.
+struct NamingFacts {
+    int width = 0; ///< of the picture after its tasks
+    int height = 0;
+    QString sourceResolution; ///< "640x480"
+    const MetadataStore& metadata;
+    QString path;      ///< the source file
+    QString extension; ///< of the file to be made
+    const ImageBox* box = nullptr;
+};
+
+/// Text of one token into `result`, which keeps what stood in it when an error is raised.
+void evaluateToken(const QString& token, const NamingFacts& facts, QString& result);
+
 /// The text of one token for the picture in `box` and its source file; any other text stands for itself.
-/// Errors are trapped as "fncRetrieveNamingString" and give "".
+/// Errors are trapped as "fncRetrieveNamingString" and give what was known until then, mostly "".
 QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const QString& path,
                                 const QString& extension);
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "imaging/ImageBox.h"
+
+#include <QString>
+
+namespace tarsel {
+
+/// Brings a picture file into the box as the batch does: the usual formats by the box itself, with their
+/// metadata; every other extension, and a file that the box can't make sense of, by fncLoadPicture, without
+/// metadata. False, with an empty box, when nothing knows the content; other failures are raised.
+bool loadSource(ImageBox& box, const QString& path);
+
+} // namespace tarsel

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "base/ListView.h"
+#include "configuration/ConfigRecord.h"
+
+#include "output/OutputName.h"
+
+#include <QHash>
+#include <QString>
+#include <optional>
+#include <vector>
+
+namespace tarsel {
+
+/// What the name of a row runs into.
+enum class NameClash {
+    None,
+    Exists,      ///< a file of that name is there
+    SameAsRow,   ///< an earlier row gets the same name
+    OwnSource,   ///< the file there is the row's own source
+    OtherSource, ///< the file there is the source of another row
+    NotKnown,    ///< the name depends on the finished picture, or the source can't be read
+    Invalid      ///< no file can have that name; the run would end here
+};
+
+/// The name that a row would get, told before anything is decoded or written.
+struct PlannedName {
+    int row = 0; ///< from 1
+    QString source;
+    QString target; ///< empty when not known
+    NameClash clash = NameClash::None;
+    int otherRow = 0; ///< for SameAsRow and OtherSource
+    QString fact;     ///< for NotKnown and Invalid: why
+};
+
+/// A sentence for the user: "replaces its own source", "exists already: will be skipped"; empty for None.
+QString clashText(const PlannedName& planned, bool overwrite);
+
+/// Plans the names of a basket's rows in slices, so that a window stays responsive. It reads file facts,
+/// headers and metadata only. The list must not change while the planner lives.
+class NamePlanner {
+public:
+    /// `tasks` is the task list in force (lvEditBatch): a size after its tasks isn't known before the run.
+    NamePlanner(const ListView& lvPages, const ListView& tasks, const BatchSave& settings);
+
+    int rowCount() const { return m_pages.count(); }
+    int planned() const { return m_next; }
+    bool finished() const { return m_next >= m_pages.count(); }
+    /// The next rows, at most that many. Never raises.
+    std::vector<PlannedName> next(int rows);
+
+private:
+    PlannedName plan(int index);
+    OutputName nameOf(int index, bool& known) const;
+    void findClash(PlannedName& planned);
+
+    const ListView& m_pages;
+    BatchSave m_settings;
+    bool m_tasksRun;
+    int m_next = 0;
+    QHash<QString, int> m_targets; ///< rows by the name they get
+    QHash<QString, int> m_sources; ///< rows by the file they are made from
+};
+
+/// All rows at once.
+std::vector<PlannedName> planNames(const ListView& lvPages, const ListView& tasks, const BatchSave& settings);
+
+} // namespace tarsel
