@@ -43,7 +43,10 @@ public:
     int bitsPerPixel() const { return 8 * m_channels; }
     bool hasAlpha() const { return m_channels == 4; }
 
+    /// Rows follow each other without a gap.
     ConstPixelView view() const;
+    /// True when edit() would have to copy: an operation then does better to write into a new picture.
+    bool isShared() const;
     /// For writing: takes a copy of the pixels first when they are shared.
     PixelView edit();
     /// Same size, depth and bytes.
