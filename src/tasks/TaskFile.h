@@ -6,8 +6,14 @@
 
 namespace tarsel::modSaveOpenImageList {
 
-/// Writes the list to a .tbf file; ".tbf" is appended to a path without it. False with no rows. Errors are
-/// shown as the message "Error saving editing list!" and give false.
+/// Replaces the list by the rows of a .tbf file. The old rows are gone even when the reading fails, and the
+/// rows in front of the failing one stay. Raises: 53, 70 a file that can't be read; 62 too few fields in the
+/// last record; 13, 6 a kind that is no 16-bit number; 5 a key that has no icon. The description names the
+/// file, and the record from 1.
+void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons = false);
+
+/// Writes the list to a .tbf file; ".tbf" is appended to a path without it. False with no rows. Errors
+/// are shown as the message "Error saving editing list!" and give false.
 bool fncSaveTaskBasket(const QString& path, const TaskList& tasks);
 
 /// Replaces the list by the rows of a .tbf file. Errors are shown as the message "Error opening editing

@@ -21,6 +21,12 @@ struct TaskRow {
     bool operator==(const TaskRow&) const = default;
 };
 
+class ImageBox;
+
+/// Does what a row of one kind says to the picture in the box. Settings are written to the box before the
+/// operation, in a fixed order, and stay there. Raises what the conversions and the box raise.
+using ReplayStep = void (*)(ImageBox& box, const TaskRow& row);
+
 /// One of the sixteen tasks; the whole vocabulary is the table taskKinds().
 struct TaskKind {
     int number;
@@ -29,8 +35,12 @@ struct TaskKind {
     const char* rowKey;      ///< empty for the kind that is never a row
     const char* displayName; ///< empty for the kind that is never a row
     const char* optionTitle;
+    ReplayStep replay; ///< null for the kind that is never a row
 };
 const std::array<TaskKind, 16>& taskKinds();
+
+/// The kind of that number, or null when there is none.
+const TaskKind* taskKind(int number);
 
 /// The display name of a kind; empty for a kind outside 1 to 15.
 QString taskDisplayName(int kind);
@@ -46,11 +56,18 @@ public:
     int count() const { return lvEditBatch.count(); }
     TaskRow row(int index) const;
     /// Appends a row to all three lists; a row of kind 16 is not appended. The icon is named by the row's
-    /// key, or by `iconKey` when one is given.
+    /// key, or by `iconKey` when one is given. Error 13 or 6 when the kind is no 16-bit number; nothing was
+    /// appended then.
     void append(const TaskRow& row, const QString& iconKey = {});
+    /// The same for a row of a file, of whatever kind: unknown kinds have no name and are passed over at
+    /// replay. Error 5 when there is no icon of that name.
+    void appendAsRead(const TaskRow& row, const QString& iconKey);
     /// Removes row `index` from all three; -1 does nothing.
     void remove(int index);
     void clear();
+
+private:
+    void appendToAll(const TaskRow& row, int kind, const QString& iconKey);
 };
 
 /// A row of lvEditBatch as a TaskRow.

@@ -1,0 +1,77 @@
+#include "tasks/TaskFile.h"
+
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "base/clsFile.h"
+
+#include <QFileInfo>
+
+namespace tarsel::modSaveOpenImageList {
+
+namespace {
+
+const QLatin1String TaskExtension(".tbf");
+
+// A record of the file: kind, key, p1 to p17.
+QStringList fieldsOf(const TaskRow& row) {
+    return QStringList{row.kind, row.key} + QStringList(row.columns.begin(), row.columns.end());
+}
+
+TaskRow rowOf(const QStringList& fields) {
+    TaskRow row{fields.at(0), fields.at(1), {}};
+    for (int number = 1; number <= TaskColumnCount; ++number)
+        row.column(number) = fields.at(number + 1);
+    return row;
+}
+
+void readRecords(clsFile& file, TaskList& tasks, bool genericIcons, int& record) {
+    for (; !file.fEof(); ++record) {
+        const TaskRow row = rowOf(file.read_EditingList());
+        tasks.appendAsRead(row, genericIcons ? QStringLiteral("generic") : row.key);
+    }
+}
+
+void writeTaskBasket(const QString& path, const TaskList& tasks) {
+    clsFile file;
+    if (!file.OpenForWrite(path))
+        fail(ErrorNumber::PermissionDenied, path);
+    for (int index = 0; index < tasks.count(); ++index)
+        file.write_EditingList(fieldsOf(tasks.row(index)));
+    file.closefile();
+}
+
+bool showUnlessDone(bool done, const char* first, const char* second) {
+    if (!done)
+        desktop().messageBox(QString::fromLatin1(first) + QLatin1Char('\n') + QString::fromLatin1(second),
+                             MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+    return done;
+}
+
+} // namespace
+
+void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
+    tasks.clear();
+    clsFile file;
+    if (!file.OpenForRead(path))
+        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
+    int record = 1;
+    try {
+        readRecords(file, tasks, genericIcons, record);
+    } catch (TrappedError& error) {
+        error.description = QStringLiteral("%1, record %2: %3").arg(path).arg(record).arg(error.description);
+        throw;
+    }
+}
+
+bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
+    const QString target = path.endsWith(TaskExtension, Qt::CaseInsensitive) ? path : path + TaskExtension;
+    const bool done = tasks.count() > 0 && ignoringErrors([&] { writeTaskBasket(target, tasks); });
+    return showUnlessDone(done, "Error saving editing list!", "Please try again!");
+}
+
+bool fncOpenTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
+    const bool done = ignoringErrors([&] { readTaskBasket(path, tasks, genericIcons); });
+    return showUnlessDone(done, "Error opening editing list!", "Please select a valid image list file.");
+}
+
+} // namespace tarsel::modSaveOpenImageList

@@ -1,0 +1,95 @@
+#include "tasks/TaskList.h"
+
+#include "base/Conversions.h"
+#include "base/TrappedError.h"
+
+namespace tarsel {
+
+namespace {
+
+constexpr int RedEye = 16;
+
+QStringList batchHeaders() {
+    QStringList headers{QStringLiteral("functionID")};
+    for (int number = 1; number <= TaskColumnCount; ++number)
+        headers << QLatin1Char('p') + QString::number(number);
+    return headers;
+}
+
+ListRow batchRow(const TaskRow& row) {
+    ListRow listed;
+    listed.text = row.kind;
+    listed.tag = row.key;
+    listed.subItems = QStringList(row.columns.begin(), row.columns.end());
+    return listed;
+}
+
+ListRow shownRow(int kind, const QString& iconKey) {
+    ListRow listed;
+    listed.text = taskDisplayName(kind);
+    listed.iconKey = iconKey;
+    return listed;
+}
+
+/// Each kind that can be a row has an icon of its key; "generic" stands for any other.
+bool hasIcon(const QString& key) {
+    if (key == QLatin1String("generic"))
+        return true;
+    for (const TaskKind& kind : taskKinds())
+        if (!key.isEmpty() && key == QLatin1String(kind.rowKey))
+            return true;
+    return false;
+}
+
+} // namespace
+
+TaskList::TaskList() :
+    lvEditBatch(batchHeaders()), lvEdit({QStringLiteral("Confirmed Tasks")}),
+    lvEditPreview({QStringLiteral("Confirmed Tasks")}) {}
+
+TaskRow TaskList::row(int index) const {
+    return taskRowOf(lvEditBatch, index);
+}
+
+void TaskList::append(const TaskRow& row, const QString& iconKey) {
+    const int kind = toInt16(row.kind);
+    if (kind != RedEye)
+        appendToAll(row, kind, iconKey.isEmpty() ? row.key : iconKey);
+}
+
+void TaskList::appendAsRead(const TaskRow& row, const QString& iconKey) {
+    const int kind = toInt16(row.kind);
+    if (!hasIcon(iconKey))
+        fail(ErrorNumber::InvalidCall, QStringLiteral("no task has the key \"%1\"").arg(iconKey));
+    appendToAll(row, kind, iconKey);
+}
+
+void TaskList::appendToAll(const TaskRow& row, int kind, const QString& iconKey) {
+    lvEdit.add(shownRow(kind, iconKey));
+    lvEditPreview.add(shownRow(kind, iconKey));
+    lvEditBatch.add(batchRow(row));
+}
+
+void TaskList::remove(int index) {
+    if (index == -1)
+        return;
+    lvEditBatch.remove(index);
+    lvEditPreview.remove(index);
+    lvEdit.remove(index);
+}
+
+void TaskList::clear() {
+    lvEdit.clear();
+    lvEditBatch.clear();
+    lvEditPreview.clear();
+}
+
+TaskRow taskRowOf(const ListView& lvEditBatch, int index) {
+    const ListRow& listed = lvEditBatch.row(index);
+    TaskRow row{listed.text, listed.tag, {}};
+    for (int number = 1; number <= TaskColumnCount; ++number)
+        row.column(number) = lvEditBatch.subItem(index, number);
+    return row;
+}
+
+} // namespace tarsel

@@ -1,0 +1,11 @@
+#include "imaging/ImageBox.h"
+#include "tasks/steps/Steps.h"
+
+namespace tarsel {
+
+/// No columns.
+void steps::invert(ImageBox& box, const TaskRow&) {
+    box.Negative();
+}
+
+} // namespace tarsel

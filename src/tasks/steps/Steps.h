@@ -1,0 +1,22 @@
+#pragma once
+
+#include "tasks/TaskList.h"
+
+/// The replay of each kind of task, one file each; the table taskKinds() names them.
+namespace tarsel::steps {
+
+void flip(ImageBox& box, const TaskRow& row);
+void rotate(ImageBox& box, const TaskRow& row);
+void resize(ImageBox& box, const TaskRow& row);
+void blur(ImageBox& box, const TaskRow& row);
+void contrast(ImageBox& box, const TaskRow& row);
+void brightness(ImageBox& box, const TaskRow& row);
+void sharpen(ImageBox& box, const TaskRow& row);
+void crop(ImageBox& box, const TaskRow& row);
+void watermark(ImageBox& box, const TaskRow& row);
+void text(ImageBox& box, const TaskRow& row);
+void invert(ImageBox& box, const TaskRow& row);
+void canvas(ImageBox& box, const TaskRow& row);
+void missingArtwork(ImageBox& box, const TaskRow& row);
+
+} // namespace tarsel::steps
