@@ -1,0 +1,284 @@
+#include "controls/ListControl.h"
+
+#include "controls/RowDelegate.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QListView>
+#include <QScopedValueRollback>
+#include <QTreeView>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+/// A view that tells when a drag of its rows begins, and only ever offers copies: moving is the list's work.
+template <class View>
+class DraggingView final : public View {
+public:
+    DraggingView(ListControl* control) : View(control), m_control(control) {}
+
+protected:
+    void startDrag(Qt::DropActions) override {
+        Q_EMIT m_control->dragStarted();
+        View::startDrag(Qt::CopyAction);
+    }
+
+private:
+    ListControl* m_control;
+};
+
+bool isArrow(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
+           key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+}
+
+/// Rows in ascending order as runs of neighbours, so that thousands of rows are selected in one step.
+QItemSelection selectionOf(const ListView& list) {
+    QItemSelection selection;
+    const std::vector<int> rows = list.selectedRows();
+    const int lastColumn = list.columnCount() - 1;
+    for (size_t first = 0; first < rows.size();) {
+        size_t last = first;
+        while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1)
+            ++last;
+        selection.select(list.index(rows[first], 0), list.index(rows[last], lastColumn));
+        first = last + 1;
+    }
+    return selection;
+}
+
+} // namespace
+
+ListControl::ListControl(ListView& list, QWidget* parent) :
+    QStackedWidget(parent), m_list(list), m_table(new DraggingView<QTreeView>(this)),
+    m_thumbnails(new DraggingView<QListView>(this)), m_delegate(new RowDelegate(this)) {
+    prepareTable();
+    m_thumbnails->setViewMode(QListView::IconMode);
+    m_thumbnails->setResizeMode(QListView::Adjust);
+    m_thumbnails->setMovement(QListView::Static);
+    m_thumbnails->setUniformItemSizes(true);
+    m_thumbnails->setWordWrap(false);
+    m_thumbnails->setTextElideMode(Qt::ElideMiddle);
+    m_thumbnails->setSpacing(4);
+    prepare(m_table);
+    prepare(m_thumbnails);
+    m_thumbnails->setSelectionModel(m_table->selectionModel());
+    setThumbnailSize({40, 40});
+
+    const QItemSelectionModel* selection = m_table->selectionModel();
+    connect(selection, &QItemSelectionModel::selectionChanged, this, &ListControl::takeSelectionFromView);
+    connect(selection, &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) { m_list.setFocusedRow(current.row()); });
+    connect(&m_list, &ListView::selectionChanged, this, &ListControl::scheduleSelectionToView);
+    connect(&m_list, &QAbstractItemModel::layoutChanged, this, &ListControl::scheduleSelectionToView);
+    setForm(Form::Details);
+}
+
+QAbstractItemView* ListControl::view() const {
+    return qobject_cast<QAbstractItemView*>(currentWidget());
+}
+
+void ListControl::setForm(Form form) {
+    const bool focused = view() && view()->hasFocus();
+    setCurrentWidget(form == Form::Details ? static_cast<QWidget*>(m_table) : m_thumbnails);
+    setFocusProxy(view());
+    if (focused)
+        view()->setFocus();
+}
+
+ListControl::Form ListControl::form() const {
+    return currentWidget() == m_table ? Form::Details : Form::Thumbnails;
+}
+
+void ListControl::setThumbnailSize(QSize size) {
+    m_table->setIconSize(size);
+    m_thumbnails->setIconSize(size);
+    // Two names of the usual length stand side by side without being cut.
+    const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 16);
+    m_thumbnails->setGridSize({width, size.height() + fontMetrics().height() + 16});
+}
+
+void ListControl::setFullRowSelect(bool full) {
+    m_delegate->fullRow = full;
+    m_table->viewport()->update();
+}
+
+int ListControl::columnWidth(int column) const {
+    return m_table->columnWidth(column);
+}
+
+void ListControl::setColumnWidth(int column, int width) {
+    m_table->setColumnWidth(column, width);
+}
+
+void ListControl::acceptRowsOf(const ListControl* source) {
+    m_dropSources.push_back(source);
+    for (QAbstractItemView* each :
+         {static_cast<QAbstractItemView*>(m_table), static_cast<QAbstractItemView*>(m_thumbnails)})
+        each->setAcceptDrops(true);
+}
+
+void ListControl::setRowsDraggable() {
+    m_table->setDragEnabled(true);
+    m_thumbnails->setDragEnabled(true);
+}
+
+void ListControl::editText(int row) {
+    const QModelIndex index = m_list.index(row, 0);
+    view()->setCurrentIndex(index);
+    view()->edit(index);
+}
+
+void ListControl::showRow(int row) {
+    if (row >= 0)
+        view()->scrollTo(m_list.index(row, 0));
+}
+
+void ListControl::prepareTable() {
+    m_table->setRootIsDecorated(false);
+    m_table->setUniformRowHeights(true);
+    m_table->setAllColumnsShowFocus(true);
+    m_table->setAlternatingRowColors(true);
+    QHeaderView* header = m_table->header();
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(false);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(header, &QHeaderView::sectionClicked, this, [this, header](int column) {
+        m_list.SortByColumn(column);
+        header->setSortIndicatorShown(true);
+        header->setSortIndicator(m_list.sortColumn(), m_list.sortOrder());
+    });
+}
+
+void ListControl::prepare(QAbstractItemView* view) {
+    view->setModel(&m_list);
+    view->setItemDelegate(m_delegate);
+    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
+    connect(view, &QAbstractItemView::doubleClicked, this, &ListControl::rowDoubleClicked);
+    addWidget(view);
+}
+
+bool ListControl::eventFilter(QObject* watched, QEvent* event) {
+    const bool onViewport = !qobject_cast<QAbstractItemView*>(watched);
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        if (!onViewport)
+            Q_EMIT entered();
+        break;
+    case QEvent::KeyPress:
+        return !onViewport && keyPressed(static_cast<QKeyEvent*>(event)->key());
+    case QEvent::KeyRelease:
+        if (!onViewport && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
+            keyReleased(static_cast<QKeyEvent*>(event)->key());
+        break;
+    case QEvent::MouseButtonRelease:
+        // The view first: the click's selection must stand before anyone is told.
+        if (onViewport && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            QMetaObject::invokeMethod(this, &ListControl::rowClicked, Qt::QueuedConnection);
+        break;
+    case QEvent::ContextMenu:
+        if (onViewport)
+            Q_EMIT menuWanted(static_cast<QContextMenuEvent*>(event)->globalPos());
+        return onViewport;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+        return onViewport && dragMoved(event);
+    default:
+        break;
+    }
+    return QStackedWidget::eventFilter(watched, event);
+}
+
+bool ListControl::keyPressed(int key) {
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    Q_EMIT enterPressed();
+    return true;
+}
+
+void ListControl::keyReleased(int key) {
+    if (isArrow(key))
+        Q_EMIT arrowReleased();
+    else if (key == Qt::Key_Delete)
+        Q_EMIT deleteReleased();
+}
+
+/// Takes the drags of lists whose rows are welcome here and leaves all others to the view.
+bool ListControl::dragMoved(QEvent* event) {
+    if (event->type() == QEvent::DragLeave) {
+        setDropRow(-1);
+        return false;
+    }
+    auto* drop = static_cast<QDropEvent*>(event);
+    ListControl* source = sourceOf(drop->source());
+    if (!source)
+        return false;
+    const int row = view()->indexAt(drop->position().toPoint()).row();
+    drop->setDropAction(Qt::CopyAction);
+    drop->accept();
+    if (event->type() == QEvent::Drop) {
+        setDropRow(-1);
+        Q_EMIT rowsDropped(source, row);
+    } else {
+        setDropRow(row);
+    }
+    return true;
+}
+
+ListControl* ListControl::sourceOf(QObject* dragSource) const {
+    for (QObject* object = dragSource; object; object = object->parent())
+        if (auto* control = qobject_cast<ListControl*>(object))
+            return std::find(m_dropSources.begin(), m_dropSources.end(), control) != m_dropSources.end()
+                       ? control
+                       : nullptr;
+    return nullptr;
+}
+
+void ListControl::setDropRow(int row) {
+    m_delegate->dropRow = row;
+    view()->viewport()->update();
+}
+
+void ListControl::takeSelectionFromView() {
+    if (m_synchronising)
+        return;
+    const QScopedValueRollback guard(m_synchronising, true);
+    std::vector<bool> wanted(size_t(m_list.count()), false);
+    for (const QItemSelectionRange& range : m_table->selectionModel()->selection())
+        for (int row = range.top(); row <= std::min(range.bottom(), m_list.count() - 1); ++row)
+            wanted[size_t(row)] = true;
+    for (int row = 0; row < m_list.count(); ++row)
+        if (m_list.isSelected(row) != wanted[size_t(row)])
+            m_list.select(row, wanted[size_t(row)]);
+}
+
+/// A loop that selects row by row is followed once, when it lets pending events run.
+void ListControl::scheduleSelectionToView() {
+    if (m_synchronising || m_scheduled)
+        return;
+    m_scheduled = true;
+    QMetaObject::invokeMethod(this, &ListControl::giveSelectionToView, Qt::QueuedConnection);
+}
+
+void ListControl::giveSelectionToView() {
+    m_scheduled = false;
+    const QScopedValueRollback guard(m_synchronising, true);
+    QItemSelectionModel* selection = m_table->selectionModel();
+    const int focused = m_list.focusedRow();
+    if (focused >= 0 && focused < m_list.count())
+        selection->setCurrentIndex(m_list.index(focused, 0), QItemSelectionModel::NoUpdate);
+    selection->select(selectionOf(m_list), QItemSelectionModel::ClearAndSelect);
+}
+
+} // namespace tarsel

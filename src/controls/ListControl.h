@@ -1,0 +1,78 @@
+#pragma once
+
+#include "base/ListView.h"
+
+#include <QStackedWidget>
+
+class QAbstractItemView;
+class QListView;
+class QTreeView;
+
+namespace tarsel {
+
+class RowDelegate;
+
+/// Shows a ListView as a table or as thumbnails and keeps the selection of list and widget in step, in both
+/// directions. What the user does leaves as signals; the list's owner decides what it means.
+class ListControl final : public QStackedWidget {
+    Q_OBJECT
+public:
+    enum class Form { Thumbnails, Details };
+
+    explicit ListControl(ListView& list, QWidget* parent = nullptr);
+
+    ListView& list() const { return m_list; }
+    /// The view on show, for focus, clicks and geometry.
+    QAbstractItemView* view() const;
+
+    void setForm(Form form);
+    Form form() const;
+    void setThumbnailSize(QSize size);
+    /// On: a selected row is marked over all columns; off: on its first column.
+    void setFullRowSelect(bool full);
+    int columnWidth(int column) const;
+    void setColumnWidth(int column, int width);
+    /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.
+    void acceptRowsOf(const ListControl* source);
+    void setRowsDraggable();
+    /// Opens the row's text for editing in place.
+    void editText(int row);
+    void showRow(int row);
+
+Q_SIGNALS:
+    void entered();    ///< the list got the focus
+    void rowClicked(); ///< left button released
+    void rowDoubleClicked();
+    void enterPressed();
+    void arrowReleased();
+    void deleteReleased();
+    void menuWanted(const QPoint& globalPosition);
+    void dragStarted();
+    /// Rows were dropped; `row` is the one under the pointer, -1 behind the last.
+    void rowsDropped(tarsel::ListControl* source, int row);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void prepare(QAbstractItemView* view);
+    void prepareTable();
+    bool keyPressed(int key);
+    void keyReleased(int key);
+    bool dragMoved(QEvent* event);
+    ListControl* sourceOf(QObject* dragSource) const;
+    void setDropRow(int row);
+    void takeSelectionFromView();
+    void scheduleSelectionToView();
+    void giveSelectionToView();
+
+    ListView& m_list;
+    QTreeView* m_table;
+    QListView* m_thumbnails;
+    RowDelegate* m_delegate;
+    std::vector<const ListControl*> m_dropSources;
+    bool m_synchronising = false;
+    bool m_scheduled = false;
+};
+
+} // namespace tarsel

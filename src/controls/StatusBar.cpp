@@ -1,0 +1,49 @@
+#include "controls/StatusBar.h"
+
+#include "controls/ElidedLabel.h"
+#include "controls/LineIcon.h"
+
+#include <QHBoxLayout>
+
+namespace tarsel {
+
+StatusBar::StatusBar(StatusLine& line, const std::vector<StatusPanel>& panels, QWidget* parent) :
+    QStatusBar(parent) {
+    setSizeGripEnabled(true);
+    for (const StatusPanel& panel : panels)
+        addPanel(panel);
+    connect(&line, &StatusLine::panelChanged, this, &StatusBar::showPanel);
+    for (const StatusPanel& panel : panels)
+        line.setPanel(QLatin1String(panel.key), QLatin1String(panel.initialText));
+}
+
+QString StatusBar::text(const QString& key) const {
+    const QLabel* label = m_labels.value(key);
+    return label ? label->text() : QString();
+}
+
+void StatusBar::addPanel(const StatusPanel& panel) {
+    auto* holder = new QWidget(this);
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(4, 1, 4, 1);
+    row->setSpacing(4);
+    if (*panel.icon) {
+        auto* picture = new QLabel(holder);
+        picture->setPixmap(lineIcon(QLatin1String(panel.icon)).pixmap(16, 16));
+        row->addWidget(picture);
+    }
+    auto* label = new ElidedLabel({}, holder);
+    label->setObjectName(QStringLiteral("sbMain_") + QLatin1String(panel.key));
+    label->setAccessibleName(QLatin1String(panel.toolTip));
+    row->addWidget(label, 1);
+    holder->setToolTip(QLatin1String(panel.toolTip));
+    addWidget(holder, panel.stretch);
+    m_labels.insert(QLatin1String(panel.key), label);
+}
+
+void StatusBar::showPanel(const QString& key, const QString& text) {
+    if (QLabel* label = m_labels.value(key))
+        label->setText(text);
+}
+
+} // namespace tarsel

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/Progress.h"
+
+#include <QHash>
+#include <QStatusBar>
+#include <vector>
+
+class QLabel;
+
+namespace tarsel {
+
+/// One panel of a status line, as the window's table of panels states it.
+struct StatusPanel {
+    const char* key;
+    const char* initialText;
+    const char* toolTip;
+    const char* icon; ///< name of a line icon; empty for none
+    int stretch;      ///< share of the room
+};
+
+/// Shows the panels of a StatusLine, side by side in the order of the table.
+class StatusBar final : public QStatusBar {
+    Q_OBJECT
+public:
+    StatusBar(StatusLine& line, const std::vector<StatusPanel>& panels, QWidget* parent = nullptr);
+
+    /// What a panel shows.
+    QString text(const QString& key) const;
+
+private:
+    void addPanel(const StatusPanel& panel);
+    void showPanel(const QString& key, const QString& text);
+
+    QHash<QString, QLabel*> m_labels;
+};
+
+} // namespace tarsel
