@@ -4,17 +4,19 @@
 #include <QString>
 
 /// Everything that reads a text as a number, or writes a number or a date as a text, comes through here.
+/// Nothing of it depends on the locale; only "Short Date" and toDate ask the desktop for its date form.
 namespace tarsel {
 
 /// To the nearest integer, ties to even: the rounding of every conversion of a floating-point number to an
 /// integer.
 double roundHalfEven(double value);
 
-/// Rounded to `int`; error 6 beyond the range.
+/// Rounded to `int`, ties to even; error 6 beyond the range.
 int roundToInt(double value);
 
 /// Text as a number, blanks around it ignored. Digits with an optional sign, decimal point and exponent;
-/// hexadecimal as "&H0F". Error 13 for anything else, the empty text included.
+/// hexadecimal of up to eight digits as "&H0F" (never negative). Error 13 for anything else, the empty text
+/// included; error 6 for a number beyond a double.
 double toDouble(const QString& text);
 
 /// Text as an integer: read as a number and rounded, ties to even. Error 13 when it is no number, 6 out of
@@ -35,19 +37,23 @@ bool isNumeric(const QString& text);
 /// The number at the start of a text, blanks skipped; 0 when there is none. Never fails.
 double leadingNumber(const QString& text);
 
-/// A date as the system writes it: short date, date and time in 12 or 24 hours, or ISO. Error 13 when it is
-/// none.
+/// A date as the system writes it: the desktop's short date, a date that formatDate wrote, or ISO; with or
+/// without a time in 12 or 24 hours. A time alone gets the day of emptyDate. Where a text fits two forms, the
+/// desktop's own form wins. Error 13 when it is none.
 QDateTime toDate(const QString& text);
 
-/// A number in one of the patterns in use: "0", "0.0", "0.00", "#,##0". Ties away from zero, as the pattern
-/// formatter does; independent of the locale.
+/// A number in one of the patterns in use: "0", "0.0", "0.00", "#,##0". The number is taken at 15 significant
+/// digits and rounded there, ties away from zero.
 QString formatNumber(double value, const QString& pattern);
 
-/// A double as plain text: at most 15 significant digits, without trailing zeros.
+/// A double as plain text: at most 15 significant digits, without trailing zeros; "1E+20" where the digits
+/// would not fit.
 QString numberText(double value);
 
-/// A date in one of the patterns in use: "m.d.yyyy", "m.d.yyyy h.mm.ss AM/PM", "m/d/yyyy", "m/d/yyyy h:mm:ss
-/// AM/PM", "h:mm:ss AM/PM", "Short Date". In these, m behind h or before s is minutes, elsewhere the month.
+/// A date in a pattern of the tokens m mm d dd yyyy h hh s ss and AM/PM, everything else standing for
+/// itself, or in "Short Date". m behind h or before s is minutes, elsewhere the month; with AM/PM the hours
+/// are those of a 12-hour clock. In use are "m.d.yyyy", "m.d.yyyy h.mm.ss AM/PM", "m/d/yyyy",
+/// "m/d/yyyy h:mm:ss AM/PM" and "h:mm:ss AM/PM". A date that isn't valid is written as emptyDate.
 QString formatDate(const QDateTime& date, const QString& pattern);
 
 /// The date that stands for no date: 30 December 1899, midnight.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -37,6 +38,9 @@ struct ListRow {
 class ListView : public QAbstractTableModel {
     Q_OBJECT
 public:
+    /// What a row holds beyond the texts and the picture of the usual roles.
+    enum Role { TagRole = Qt::UserRole, KeyRole, IconKeyRole };
+
     explicit ListView(QStringList headers = {}, QObject* parent = nullptr);
 
     // --- rows
@@ -44,9 +48,9 @@ public:
     int count() const { return int(m_rows.size()); }
     bool isEmpty() const { return m_rows.empty(); }
     const ListRow& row(int index) const; ///< error 9 out of range
-    int add(ListRow row);                ///< appends, gives the index
-    void insert(int index, ListRow row);
-    void remove(int index);
+    int add(ListRow row);                ///< appends, whatever the sort order; gives the index
+    void insert(int index, ListRow row); ///< error 9 out of range
+    void remove(int index);              ///< error 9 out of range
     void clear();
     void setText(int index, const QString& text);
     void setTag(int index, const QString& tag);
@@ -54,8 +58,9 @@ public:
     QString subItem(int index, int number) const; ///< number from 1; empty when the row has fewer
     void setSubItem(int index, int number, const QString& text);
     int findKey(const QString& key) const; ///< exact; -1 when there is none
-    int findSubItem(int number,
-                    const QString& text) const; ///< first row with that text; -1; fast over many rows
+    /// First row whose SubItem has exactly that text; -1 when there is none. Costs one hash look-up, also in
+    /// a loop that asks and appends in turn.
+    int findSubItem(int number, const QString& text) const;
 
     /// The list's own Tag.
     QString tag() const { return m_tag; }
@@ -65,19 +70,20 @@ public:
     // --------------------------------------------------------------------------------------------
     bool isSelected(int index) const;
     void select(int index, bool selected = true); ///< adds to or takes from the selection
-    void selectOnly(int index);                   ///< -1 selects nothing
+    void selectOnly(int index);                   ///< and focuses it; -1 selects nothing
     void selectAll();
     std::vector<int> selectedRows() const; ///< ascending
     int selectedIndex() const; ///< the focused row when selected, else the first selected row, else -1
     int focusedRow() const { return m_focused; }
-    void setFocusedRow(int index) { m_focused = index; }
+    void setFocusedRow(int index); ///< -1 for none; error 9 out of range
 
     // --- icons and sorting
     // ------------------------------------------------------------------------------------
     void
     attachImages(const ImageList* images); ///< null detaches; the picture list must outlive the attachment
     /// Sorts by column 0 (text) or SubItem number: ascending for a new column, the order reversed for the
-    /// present one. All columns compare as text.
+    /// present one. All columns compare as text without regard to case; rows that compare equal keep their
+    /// order.
     void SortByColumn(int column);
     int sortColumn() const { return m_sortColumn; }
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
@@ -97,11 +103,19 @@ Q_SIGNALS:
     void selectionChanged();
 
 private:
+    /// First row by text of one SubItem. Empty texts are not in it.
+    using SubItemIndex = QHash<QString, int>;
+
     ListRow& at(int index);
     void changed(int index, int column);
+    const SubItemIndex& indexOf(int number) const;
+    void appendToIndexes(int index);
+    std::vector<int> sortedOrder() const;
+    void moveRows(const std::vector<int>& order);
 
     QStringList m_headers;
     std::vector<ListRow> m_rows;
+    mutable QHash<int, SubItemIndex> m_indexes; ///< by SubItem number, made when first asked for
     const ImageList* m_images = nullptr;
     QString m_tag;
     int m_focused = -1;

@@ -8,21 +8,33 @@ namespace tarsel {
 
 /// The one writer of a user's file. The bytes go to a temporary file in the folder of the target, are flushed
 /// and synced, and take the target's place by a rename: a failure or a kill at any moment leaves the old file
-/// whole. Symbolic links are followed, mode and owner of an existing file are kept.
+/// whole. Symbolic links are followed (a dangling one gets its target made); mode, group, owner and the
+/// user's extended attributes of an existing file are kept as far as the system lets this user keep them; a
+/// hard link to it keeps the old content. A new file gets 0666 less the umask.
 ///
-/// Errors: 61 disk full, 70 permission denied, 76 folder missing, 5 for the rest; each names the target.
+/// The temporary file has no name where the file system offers that, so that a kill leaves nothing behind; it
+/// gets one only between two system calls, when it replaces an old file. Elsewhere it is a hidden
+/// ".tarsel-*.part". Such a file of a dead writer is removed when this process first writes in its folder.
+///
+/// Errors: 61 disk full, 70 permission denied (also a folder or a file without write permission), 76 folder
+/// missing, 5 for the rest, such as a target that is a folder or a device; each names the target.
 class SafeFileWriter {
 public:
     explicit SafeFileWriter(const QString& path);
-    ~SafeFileWriter(); ///< without a commit: removes the temporary file, the target stays as it was
+    ~SafeFileWriter(); ///< without a commit: drops the temporary file, the target stays as it was
     SafeFileWriter(const SafeFileWriter&) = delete;
     SafeFileWriter& operator=(const SafeFileWriter&) = delete;
 
+    /// Not buffered: give it large pieces. After a failure commit fails too.
     void write(const QByteArray& bytes);
     void write(const void* data, qsizetype size);
-    /// Path of the temporary file, for a library that writes by path.
+    /// Path of the temporary file, for a library of this process that opens and writes by path. It may be one
+    /// of /proc; the library must write into that file and not replace it.
     QString temporaryPath() const;
-    /// Flushes, syncs and renames. Nothing was changed when it throws.
+    /// Descriptor of the temporary file, open for reading and writing, for a library that writes by
+    /// descriptor. It stays the writer's own: don't close it.
+    int descriptor() const;
+    /// Syncs, and puts the file in its place. The target is as it was when it throws.
     void commit();
 
 private:
@@ -33,7 +45,7 @@ private:
 /// The whole file in one call.
 void writeFileSafely(const QString& path, const QByteArray& bytes);
 
-/// The bytes of a file; 53 when it is missing, 70 when it can't be read.
+/// The bytes of a regular file; 53 when it is missing, 70 when it can't be read, 5 when it is none.
 QByteArray readWholeFile(const QString& path);
 
 } // namespace tarsel

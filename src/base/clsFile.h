@@ -13,6 +13,9 @@ namespace tarsel {
 /// fEof is true. What was written reaches the file, all at once, in closefile.
 class clsFile {
 public:
+    /// Fields of one record of a task list: kind, key, seventeen columns.
+    static constexpr int editingListFields = 19;
+
     clsFile();
     ~clsFile();
     clsFile(const clsFile&) = delete;
@@ -28,16 +31,17 @@ public:
     /// Writes text as one quoted field and a line end, when a file is open.
     void writeline(const QString& text);
 
-    /// Reads `count` fields. A field may be quoted or not, leading blanks are skipped, a field that is
-    /// missing on its line comes from the next one. Error 62 at the end of the file. Empty texts when no file
-    /// is open.
+    /// Reads `count` fields. A field may be quoted or not, blanks around it are skipped, a line end inside
+    /// quotes belongs to the field; what follows a closing quote up to the comma is the next field. A field
+    /// that is missing on its line comes from the next one. Error 62 at the end of the file. Empty texts when
+    /// no file is open.
     QStringList readFields(int count);
     /// Writes one line of quoted fields. No escape exists for a quote inside a field.
     void writeFields(const QStringList& fields);
 
     void write_ImageBasket(const QString& path, const QString& description);
     void read_ImageBasket(QString& path, QString& description);
-    /// Nineteen fields: kind, key, seventeen columns.
+    /// Error 5 for another number of fields.
     void write_EditingList(const QStringList& fields);
     QStringList read_EditingList();
 

@@ -1,0 +1,312 @@
+#include "base/ListView.h"
+
+#include "base/TrappedError.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tarsel {
+
+int ImageList::add(const QVariant& picture) {
+    m_pictures.push_back(picture);
+    return count() - 1;
+}
+
+QVariant ImageList::at(int index) const {
+    return index >= 0 && index < count() ? m_pictures[size_t(index)] : QVariant();
+}
+
+ListView::ListView(QStringList headers, QObject* parent) :
+    QAbstractTableModel(parent), m_headers(std::move(headers)) {}
+
+// --- rows
+
+const ListRow& ListView::row(int index) const {
+    if (index < 0 || index >= count())
+        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
+    return m_rows[size_t(index)];
+}
+
+ListRow& ListView::at(int index) {
+    return const_cast<ListRow&>(row(index));
+}
+
+int ListView::add(ListRow added) {
+    insert(count(), std::move(added));
+    return count() - 1;
+}
+
+void ListView::insert(int index, ListRow added) {
+    if (index < 0 || index > count())
+        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
+    const bool selected = added.selected;
+    beginInsertRows({}, index, index);
+    m_rows.insert(m_rows.begin() + index, std::move(added));
+    if (index == count() - 1)
+        appendToIndexes(index);
+    else
+        m_indexes.clear();
+    if (m_focused >= index)
+        ++m_focused;
+    endInsertRows();
+    if (selected)
+        Q_EMIT selectionChanged();
+}
+
+void ListView::remove(int index) {
+    const bool selected = row(index).selected;
+    beginRemoveRows({}, index, index);
+    m_rows.erase(m_rows.begin() + index);
+    m_indexes.clear();
+    if (m_focused >= index)
+        m_focused = m_focused == index ? -1 : m_focused - 1;
+    endRemoveRows();
+    if (selected)
+        Q_EMIT selectionChanged();
+}
+
+void ListView::clear() {
+    if (isEmpty())
+        return;
+    const bool selected = !selectedRows().empty();
+    beginResetModel();
+    m_rows.clear();
+    m_indexes.clear();
+    m_focused = -1;
+    endResetModel();
+    if (selected)
+        Q_EMIT selectionChanged();
+}
+
+void ListView::setText(int index, const QString& text) {
+    at(index).text = text;
+    changed(index, 0);
+}
+
+void ListView::setTag(int index, const QString& tag) {
+    at(index).tag = tag;
+    changed(index, 0);
+}
+
+void ListView::setIcon(int index, int icon) {
+    at(index).icon = icon;
+    changed(index, 0);
+}
+
+QString ListView::subItem(int index, int number) const {
+    return row(index).subItems.value(number - 1);
+}
+
+void ListView::setSubItem(int index, int number, const QString& text) {
+    QStringList& subItems = at(index).subItems;
+    if (number < 1)
+        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("SubItem %1").arg(number));
+    while (subItems.size() < number)
+        subItems << QString();
+    if (subItems[number - 1] == text)
+        return;
+    m_indexes.remove(number);
+    subItems[number - 1] = text;
+    changed(index, number);
+}
+
+void ListView::changed(int index, int column) {
+    if (column < columnCount())
+        Q_EMIT dataChanged(createIndex(index, column), createIndex(index, column));
+}
+
+// --- search
+
+int ListView::findKey(const QString& key) const {
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [&](const ListRow& r) { return r.key == key; });
+    return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+int ListView::findSubItem(int number, const QString& text) const {
+    if (!text.isEmpty())
+        return indexOf(number).value(text, -1);
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(),
+                                    [&](const ListRow& r) { return r.subItems.value(number - 1).isEmpty(); });
+    return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+const ListView::SubItemIndex& ListView::indexOf(int number) const {
+    const auto known = m_indexes.constFind(number);
+    if (known != m_indexes.constEnd())
+        return *known;
+    SubItemIndex& index = m_indexes[number];
+    index.reserve(count());
+    for (int i = count() - 1; i >= 0; --i) { // backwards, so that the first row of a text stays
+        const QString text = subItem(i, number);
+        if (!text.isEmpty())
+            index.insert(text, i);
+    }
+    return index;
+}
+
+void ListView::appendToIndexes(int index) {
+    for (auto it = m_indexes.begin(); it != m_indexes.end(); ++it) {
+        const QString text = subItem(index, it.key());
+        if (!text.isEmpty() && !it->contains(text))
+            it->insert(text, index);
+    }
+}
+
+// --- selection
+
+bool ListView::isSelected(int index) const {
+    return row(index).selected;
+}
+
+void ListView::select(int index, bool selected) {
+    ListRow& target = at(index);
+    if (target.selected == selected)
+        return;
+    target.selected = selected;
+    Q_EMIT selectionChanged();
+}
+
+void ListView::selectOnly(int index) {
+    setFocusedRow(index);
+    bool different = false;
+    for (int i = 0; i < count(); ++i) {
+        bool& selected = m_rows[size_t(i)].selected;
+        different = different || selected != (i == index);
+        selected = i == index;
+    }
+    if (different)
+        Q_EMIT selectionChanged();
+}
+
+void ListView::selectAll() {
+    bool different = false;
+    for (ListRow& r : m_rows) {
+        different = different || !r.selected;
+        r.selected = true;
+    }
+    if (different)
+        Q_EMIT selectionChanged();
+}
+
+std::vector<int> ListView::selectedRows() const {
+    std::vector<int> rows;
+    for (int i = 0; i < count(); ++i) {
+        if (m_rows[size_t(i)].selected)
+            rows.push_back(i);
+    }
+    return rows;
+}
+
+int ListView::selectedIndex() const {
+    if (m_focused >= 0 && row(m_focused).selected)
+        return m_focused;
+    const std::vector<int> rows = selectedRows();
+    return rows.empty() ? -1 : rows.front();
+}
+
+void ListView::setFocusedRow(int index) {
+    if (index < -1 || index >= count())
+        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
+    m_focused = index;
+}
+
+// --- icons and sorting
+
+void ListView::attachImages(const ImageList* images) {
+    m_images = images;
+    if (!isEmpty())
+        Q_EMIT dataChanged(createIndex(0, 0), createIndex(count() - 1, 0), {Qt::DecorationRole});
+}
+
+void ListView::SortByColumn(int column) {
+    const bool reverse = column == m_sortColumn && m_sortOrder == Qt::AscendingOrder;
+    m_sortColumn = column;
+    m_sortOrder = reverse ? Qt::DescendingOrder : Qt::AscendingOrder;
+    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    moveRows(sortedOrder());
+    Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+/// The present row numbers in the order in which the rows are to stand.
+std::vector<int> ListView::sortedOrder() const {
+    std::vector<QString> keys;
+    for (const ListRow& r : m_rows)
+        keys.push_back((m_sortColumn == 0 ? r.text : r.subItems.value(m_sortColumn - 1)).toCaseFolded());
+    std::vector<int> order(m_rows.size());
+    std::iota(order.begin(), order.end(), 0);
+    const bool ascending = m_sortOrder == Qt::AscendingOrder;
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+        return ascending ? keys[size_t(a)] < keys[size_t(b)] : keys[size_t(b)] < keys[size_t(a)];
+    });
+    return order;
+}
+
+void ListView::moveRows(const std::vector<int>& order) {
+    std::vector<ListRow> moved;
+    std::vector<int> newPlace(order.size());
+    moved.reserve(order.size());
+    for (const int old : order) {
+        newPlace[size_t(old)] = int(moved.size());
+        moved.push_back(std::move(m_rows[size_t(old)]));
+    }
+    m_rows = std::move(moved);
+    m_indexes.clear();
+    if (m_focused >= 0)
+        m_focused = newPlace[size_t(m_focused)];
+    const QModelIndexList persistent = persistentIndexList();
+    for (const QModelIndex& index : persistent)
+        changePersistentIndex(index, createIndex(newPlace[size_t(index.row())], index.column()));
+}
+
+// --- QAbstractItemModel
+
+int ListView::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count();
+}
+
+int ListView::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : std::max(1, int(m_headers.size()));
+}
+
+QVariant ListView::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const ListRow& shown = row(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return index.column() == 0 ? shown.text : shown.subItems.value(index.column() - 1);
+    case Qt::DecorationRole:
+        return index.column() == 0 && m_images ? m_images->at(shown.icon) : QVariant();
+    case TagRole:
+        return shown.tag;
+    case KeyRole:
+        return shown.key;
+    case IconKeyRole:
+        return shown.iconKey;
+    default:
+        return {};
+    }
+}
+
+bool ListView::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
+        return false;
+    setText(index.row(), value.toString());
+    return true;
+}
+
+QVariant ListView::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return m_headers.value(section);
+}
+
+Qt::ItemFlags ListView::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    flags.setFlag(Qt::ItemIsEditable, index.isValid() && index.column() == 0 && m_textEditable);
+    return flags;
+}
+
+} // namespace tarsel

@@ -1,0 +1,191 @@
+#include "base/SafeFileWriter.h"
+
+#include "base/TemporaryFile.h"
+#include "base/TrappedError.h"
+
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace tarsel {
+
+namespace {
+
+constexpr mode_t modeBits = 07777;
+
+QByteArray folderOf(const QByteArray& path) {
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : path.left(slash);
+}
+
+QByteArray nameOf(const QByteArray& path) {
+    return path.mid(path.lastIndexOf('/') + 1);
+}
+
+/// Where a symbolic link points to, or nothing when the path is none.
+std::optional<QByteArray> linkTarget(const QByteArray& path) {
+    QByteArray target(PATH_MAX, Qt::Uninitialized);
+    const ssize_t length = ::readlink(path.constData(), target.data(), size_t(target.size()));
+    if (length < 0)
+        return std::nullopt;
+    target.truncate(length);
+    return target.startsWith('/') ? target : folderOf(path) + '/' + target;
+}
+
+/// The path behind all symbolic links of its last part. It need not exist.
+QByteArray followLinks(QByteArray path, const QString& shown) {
+    constexpr int longestChain = 40; // as the kernel has it
+    for (int i = 0; i < longestChain; ++i) {
+        const auto target = linkTarget(path);
+        if (!target)
+            return path;
+        path = *target;
+    }
+    failForErrno(ELOOP, shown);
+}
+
+/// Facts of the file that is to be replaced, or nothing when there is none.
+std::optional<struct stat> factsOfTarget(const QByteArray& path, const QString& shown) {
+    struct stat facts = {};
+    if (::stat(path.constData(), &facts) != 0) {
+        if (errno == ENOENT)
+            return std::nullopt;
+        failForErrno(errno, shown);
+    }
+    if (S_ISDIR(facts.st_mode))
+        failForErrno(EISDIR, shown);
+    if (!S_ISREG(facts.st_mode))
+        fail(ErrorNumber::InvalidCall, shown + QStringLiteral(": not a regular file"));
+    if (::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
+        failForErrno(errno, shown);
+    return facts;
+}
+
+/// Attributes of the user, and the access list: what a person or a tool hung on the file on purpose.
+bool isKept(const QByteArray& attribute) {
+    return attribute.startsWith("user.") || attribute == "system.posix_acl_access";
+}
+
+void copyAttributes(const QByteArray& from, int to) {
+    const ssize_t size = ::listxattr(from.constData(), nullptr, 0);
+    if (size <= 0)
+        return;
+    QByteArray names(size, '\0');
+    const ssize_t listed = ::listxattr(from.constData(), names.data(), size_t(names.size()));
+    names.truncate(std::max<ssize_t>(listed, 0));
+    for (const QByteArray& name : names.split('\0')) {
+        const ssize_t length = isKept(name) ? ::getxattr(from.constData(), name.constData(), nullptr, 0) : -1;
+        if (length < 0)
+            continue;
+        QByteArray value(length, '\0');
+        if (::getxattr(from.constData(), name.constData(), value.data(), size_t(length)) == length)
+            (void)::fsetxattr(to, name.constData(), value.constData(), size_t(length), 0);
+    }
+}
+
+/// Gives the new file the owner, group and mode of the old one. A user who may not give files away becomes
+/// the owner; when even the group can't be kept, it gets no right that others don't have.
+void copyOwnership(const struct stat& facts, int to) {
+    mode_t mode = facts.st_mode & modeBits;
+    if (::fchown(to, facts.st_uid, facts.st_gid) != 0 && ::fchown(to, uid_t(-1), facts.st_gid) != 0)
+        mode &= ~mode_t(S_IRWXG) | ((mode & S_IRWXO) << 3);
+    if (::fchmod(to, mode) != 0 && errno != EPERM)
+        throw errno;
+}
+
+} // namespace
+
+struct SafeFileWriter::State {
+    QString shown; ///< the path as it was given, for messages
+    QByteArray path;
+    std::optional<struct stat> replaced;
+    TemporaryFile file;
+    bool failed = false;
+    bool committed = false;
+
+    State(const QString& given, const QByteArray& target) :
+        shown(given), path(target), replaced(factsOfTarget(target, given)),
+        file(folderOf(target), replaced ? 0600 : 0666, given) {}
+};
+
+SafeFileWriter::SafeFileWriter(const QString& path) {
+    if (path.isEmpty() || path.contains(QChar(u'\0')))
+        fail(ErrorNumber::PathNotFound, path);
+    const QByteArray target = followLinks(QFile::encodeName(path), path);
+    if (nameOf(target).isEmpty())
+        failForErrno(EISDIR, path);
+    m_state = std::make_unique<State>(path, target);
+}
+
+SafeFileWriter::~SafeFileWriter() = default;
+
+void SafeFileWriter::write(const QByteArray& bytes) {
+    write(bytes.constData(), bytes.size());
+}
+
+void SafeFileWriter::write(const void* data, qsizetype size) {
+    const char* next = static_cast<const char*>(data);
+    while (size > 0) {
+        const ssize_t written = ::write(m_state->file.descriptor(), next, size_t(size));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0) {
+            m_state->failed = true;
+            failForErrno(errno, m_state->shown);
+        }
+        next += written;
+        size -= written;
+    }
+}
+
+QString SafeFileWriter::temporaryPath() const {
+    return QFile::decodeName(m_state->file.path());
+}
+
+int SafeFileWriter::descriptor() const {
+    return m_state->file.descriptor();
+}
+
+void SafeFileWriter::commit() {
+    if (m_state->failed || m_state->committed)
+        fail(ErrorNumber::InvalidCall, m_state->shown);
+    try {
+        if (m_state->replaced) {
+            copyAttributes(m_state->path, descriptor());
+            copyOwnership(*m_state->replaced, descriptor());
+        }
+        m_state->file.sync();
+        m_state->file.putInPlace(nameOf(m_state->path), m_state->replaced.has_value());
+    } catch (int errnoValue) {
+        m_state->failed = true;
+        failForErrno(errnoValue, m_state->shown);
+    }
+    m_state->committed = true;
+}
+
+void writeFileSafely(const QString& path, const QByteArray& bytes) {
+    SafeFileWriter writer(path);
+    writer.write(bytes);
+    writer.commit();
+}
+
+QByteArray readWholeFile(const QString& path) {
+    struct stat facts = {};
+    if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
+        failForErrno(errno, path);
+    if (!S_ISREG(facts.st_mode)) // a pipe or a device might never end
+        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": not a regular file"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        failForErrno(errno, path);
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": ") + file.errorString());
+    return bytes;
+}
+
+} // namespace tarsel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <sys/types.h>
+
+namespace tarsel {
+
+/// A file in the making, in the folder where it will lie: without a name where the file system knows such
+/// files, else with a hidden one. It is locked for as long as its maker lives, by which others tell it from
+/// the remains of a dead process. The steps throw an errno value as int.
+class TemporaryFile {
+public:
+    /// Opens it for reading and writing. `shown` is the path for messages. Errors 76, 70, 61, 5.
+    TemporaryFile(const QByteArray& folder, mode_t mode, const QString& shown);
+    ~TemporaryFile(); ///< removes it unless it was put in its place
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    int descriptor() const { return m_file; }
+    /// A path under which this process can open it.
+    QByteArray path() const;
+    /// Forces content and length to the disk.
+    void sync();
+    /// Gives it its name in the folder, in place of an old file when `replaces`. A file that appeared under
+    /// that name in the meantime is replaced as well.
+    void putInPlace(const QByteArray& name, bool replaces);
+
+private:
+    void openNamed(mode_t mode);
+    void nameIt();
+
+    QByteArray m_folder;
+    QByteArray m_name; ///< its own hidden name, empty as long as it has none
+    int m_directory = -1;
+    int m_file = -1;
+};
+
+} // namespace tarsel
