@@ -11,7 +11,7 @@ namespace tarsel {
 
 /// The metadata that a box holds: bytes and types as read; only what was changed is written anew. Maker
 /// notes, XMP and the profile are carried along. Parsing happens on the first look, so that a picture that
-/// only passes through costs nothing. Copies share what was parsed.
+/// only passes through costs nothing. Copies share what was parsed, and are thus for one thread at a time.
 class MetadataStore {
 public:
     MetadataStore();
@@ -25,21 +25,24 @@ public:
     /// The blocks as they go into a file: unchanged blocks byte for byte.
     EmbeddedMetadata blocks() const;
 
-    // --- EXIF: an indexed list of names ("DateTimeOriginal") and raw texts ("10/1250", "48,32,..")
-    // -----------------
+    // --- EXIF: an indexed list of names ("DateTimeOriginal") and raw texts ("10/1250", "30,32,32,30") in the
+    // order of the file, without the thumbnail's. An index out of range raises error 9. --------------------
     int ExifCount() const;
     QString ExifName(int index) const;
     QString ExifValue(int index) const;
-    QString ExifValueByName(const QString& name) const;      ///< "" when absent
-    bool ExifSet(const QString& name, const QString& value); ///< false when the name or value is not accepted
-    bool ExifDelete(const QString& name);
+    QString ExifValueByName(const QString& name) const; ///< "" when absent
+    /// Any attribute of the standard, made when it is missing. False, and nothing changed, when the name
+    /// isn't known or describes the structure, when the value doesn't convert to the attribute's type, or
+    /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.
+    bool ExifSet(const QString& name, const QString& value);
+    bool ExifDelete(const QString& name); ///< false when absent, or when others hang on it
     void ExifClear();
 
-    // --- IPTC, by record and dataset number (2:105 is the headline)
-    // ------------------------------------------------
-    bool HasIptc() const;
-    QString iptcText(int dataset) const;                ///< "" when absent
-    void setIptcText(int dataset, const QString& text); ///< an empty text removes the dataset
+    // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
+    bool HasIptc() const;                ///< more than marks of version and character set
+    QString iptcText(int dataset) const; ///< "" when absent
+    void setIptcText(int dataset,
+                     const QString& text); ///< an empty text removes the dataset; error 6 beyond 32767 bytes
     QStringList iptcList(int dataset) const;
     void setIptcList(int dataset, const QStringList& texts);
     void IptcClear();
@@ -48,10 +51,13 @@ public:
 
 private:
     struct State;
+    State& own();
+
     std::shared_ptr<State> m_state;
 };
 
-/// Between a date and the EXIF date text "yyyy:MM:dd hh:mm:ss". Error 13 for a text that is no such date.
+/// Between a date and the EXIF date text "yyyy:MM:dd hh:mm:ss". The standard's unknown date (blanks or zeros)
+/// is the empty date; error 13 for any other text that is no such date.
 QDateTime exifTextToDate(const QString& text);
 QString exifDateToText(const QDateTime& date);
 
