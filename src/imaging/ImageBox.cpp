@@ -1,0 +1,317 @@
+#include "imaging/ImageBox.h"
+
+#include "base/TrappedError.h"
+#include "imaging/operations/Brightness.h"
+#include "imaging/operations/Contrast.h"
+#include "imaging/operations/Crop.h"
+#include "imaging/operations/EllipseMask.h"
+#include "imaging/operations/Flip.h"
+#include "imaging/operations/GaussianBlur.h"
+#include "imaging/operations/Merge.h"
+#include "imaging/operations/Negative.h"
+#include "imaging/operations/ResizeNearest.h"
+#include "imaging/operations/ResizeSmooth.h"
+#include "imaging/operations/Rotate.h"
+#include "imaging/operations/Sharpen.h"
+#include "imaging/operations/TextDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tarsel {
+
+namespace {
+
+constexpr int SharedPictureFormat = 7;
+constexpr int NeutralLevel = 50;
+
+/// Runs an operation that keeps the size: in place, or into a new picture where the old one is shared, so
+/// that no pixel is copied just to be overwritten.
+template <class Operation>
+void changePixels(Picture& picture, Operation operation) {
+    if (!picture.isShared()) {
+        const PixelView pixels = picture.edit();
+        operation(pixels, pixels);
+        return;
+    }
+    Picture result(picture.width(), picture.height(), picture.channels());
+    operation(picture.view(), result.edit());
+    picture = std::move(result);
+}
+
+template <class Operation>
+void changeSize(Picture& picture, int width, int height, Operation operation) {
+    if (width < 1 || height < 1)
+        fail(ErrorNumber::InvalidCall,
+             QStringLiteral("a picture can't get the size %1 x %2").arg(width).arg(height));
+    if (width == picture.width() && height == picture.height())
+        return;
+    Picture result(width, height, picture.channels());
+    operation(picture.view(), result.edit());
+    picture = std::move(result);
+}
+
+int scaledLength(int length, double percent) {
+    const double scaled = std::nearbyint(length * percent / 100);
+    if (scaled > Picture::MaximumPixels)
+        fail(ErrorNumber::OutOfMemory, QStringLiteral("a scale of %1 percent is too large").arg(percent));
+    return std::max(1, int(scaled));
+}
+
+void requireFormat(int format) {
+    if (format != SharedPictureFormat)
+        fail(ErrorNumber::InvalidCall, QStringLiteral("snapshots have no format %1").arg(format));
+}
+
+/// The part of a picture between the edges, of which some may lie outside. Error 5 when there is nothing
+/// between.
+Picture cropped(const Picture& picture, const Edges& edges, Color background) {
+    const std::int64_t width = std::int64_t(edges.right) - edges.left;
+    const std::int64_t height = std::int64_t(edges.bottom) - edges.top;
+    if (width < 1 || height < 1)
+        fail(ErrorNumber::InvalidCall,
+             QStringLiteral("nothing lies between the edges %1, %2 and %3, %4 of a crop")
+                 .arg(edges.left)
+                 .arg(edges.top)
+                 .arg(edges.right)
+                 .arg(edges.bottom));
+    if (width * height > Picture::MaximumPixels)
+        fail(ErrorNumber::OutOfMemory, QStringLiteral("a crop to %1 x %2 pixels").arg(width).arg(height));
+    if (edges.left == 0 && edges.top == 0 && width == picture.width() && height == picture.height())
+        return picture;
+    Picture result(int(width), int(height), picture.channels());
+    operations::crop(picture.view(), result.edit(), edges.left, edges.top, resolveColor(background));
+    return result;
+}
+
+QFont fontOf(const TextFont& font, bool smooth) {
+    return operations::textFont(font.Name, font.Size, font.Bold, font.Italic, font.Underline, smooth);
+}
+
+} // namespace
+
+void ImageBox::requireImage() const {
+    if (!HasImage())
+        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no picture"));
+}
+
+void ImageBox::Clear() {
+    m_picture = {};
+    m_metadata = {};
+    ClearSelection();
+}
+
+Picture ImageBox::SaveToMemory(int format) const {
+    requireImage();
+    requireFormat(format);
+    return m_picture;
+}
+
+void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
+    requireFormat(format);
+    if (snapshot.isNull())
+        fail(ErrorNumber::InvalidCall, QStringLiteral("the snapshot holds no picture"));
+    m_picture = snapshot;
+}
+
+void ImageBox::setPictureHandle(const PictureHandle& handle) {
+    m_picture = handle;
+    m_metadata = {};
+    ClearSelection();
+}
+
+// --- display
+
+namespace {
+
+/// How much a picture is enlarged to fit into the control; 1 while the control has no size.
+double stretchFactor(const Picture& picture, float controlWidth, float controlHeight) {
+    if (!(controlWidth > 0) || !(controlHeight > 0))
+        return 1;
+    return std::min(double(controlWidth) / picture.width(), double(controlHeight) / picture.height());
+}
+
+int drawnLength(int length, double factor) {
+    return std::max(1, int(std::min(std::nearbyint(length * factor), 2e9)));
+}
+
+} // namespace
+
+int ImageBox::DisplayWidth() const {
+    if (!HasImage() || !StretchToFit)
+        return Width();
+    return drawnLength(Width(), stretchFactor(m_picture, ControlWidth, ControlHeight));
+}
+
+int ImageBox::DisplayHeight() const {
+    if (!HasImage() || !StretchToFit)
+        return Height();
+    return drawnLength(Height(), stretchFactor(m_picture, ControlWidth, ControlHeight));
+}
+
+Color ImageBox::PixelColor(int x, int y) const {
+    requireImage();
+    if (x < 0 || y < 0 || x >= Width() || y >= Height())
+        fail(ErrorNumber::InvalidCall,
+             QStringLiteral("the point %1, %2 lies outside the picture").arg(x).arg(y));
+    const std::uint8_t* pixel = m_picture.view().pixel(x, y);
+    return colorOf({pixel[0], pixel[1], pixel[2]});
+}
+
+// --- tone and filters
+
+void ImageBox::Brightness(int level, bool red, bool green, bool blue) {
+    requireImage();
+    const operations::ColorChannels channels{red, green, blue};
+    if (level == NeutralLevel || channels.none())
+        return;
+    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+        operations::brightness(source, target, level, channels);
+    });
+}
+
+void ImageBox::Contrast(int level, bool red, bool green, bool blue) {
+    requireImage();
+    const operations::ColorChannels channels{red, green, blue};
+    if (level == NeutralLevel || channels.none())
+        return;
+    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+        operations::contrast(source, target, level, channels);
+    });
+}
+
+void ImageBox::Sharpen(int level) {
+    requireImage();
+    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+        operations::sharpen(source, target, level);
+    });
+}
+
+void ImageBox::Blur(int level) {
+    requireImage();
+    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+        operations::gaussianBlur(source, target, level);
+    });
+}
+
+void ImageBox::Negative() {
+    requireImage();
+    changePixels(m_picture, operations::negative);
+}
+
+// --- geometry
+
+void ImageBox::Flip(int direction) {
+    requireImage();
+    if (direction != 0 && direction != 1)
+        fail(ErrorNumber::InvalidCall,
+             QStringLiteral("pictures can't be flipped in direction %1").arg(direction));
+    changePixels(m_picture, direction == 0 ? operations::flipHorizontal : operations::flipVertical);
+}
+
+void ImageBox::Rotate(float degrees) {
+    requireImage();
+    m_picture = operations::rotate(m_picture, degrees, Resample, resolveColor(BackColor));
+}
+
+void ImageBox::Resize(int width, int height) {
+    requireImage();
+    changeSize(m_picture, width, height, operations::resizeSmooth);
+}
+
+void ImageBox::ResizeTo(int width, int height) {
+    requireImage();
+    changeSize(m_picture, width, height, Resample ? operations::resizeSmooth : operations::resizeNearest);
+}
+
+void ImageBox::Scale(float percent) {
+    requireImage();
+    if (!(percent > 0))
+        fail(ErrorNumber::InvalidCall, QStringLiteral("a scale of %1 percent").arg(double(percent)));
+    changeSize(m_picture, scaledLength(Width(), percent), scaledLength(Height(), percent),
+               operations::resizeSmooth);
+}
+
+void ImageBox::Crop(int left, int top, int right, int bottom) {
+    requireImage();
+    m_picture = cropped(m_picture, {left, top, right, bottom}, BackColor);
+}
+
+// --- selection
+
+namespace {
+
+Edges sortedEdges(int x1, int y1, int x2, int y2) {
+    return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+}
+
+} // namespace
+
+void ImageBox::SelectRectangle(int x1, int y1, int x2, int y2) {
+    m_selectionShape = SelectionShape::Rectangle;
+    m_selection = sortedEdges(x1, y1, x2, y2);
+}
+
+void ImageBox::SelectEllipse(int x1, int y1, int x2, int y2) {
+    m_selectionShape = SelectionShape::Ellipse;
+    m_selection = sortedEdges(x1, y1, x2, y2);
+}
+
+void ImageBox::ClearSelection() {
+    m_selectionShape = SelectionShape::None;
+    m_selection = {};
+}
+
+void ImageBox::CropToSelection() {
+    requireImage();
+    if (!SelectionActive || m_selectionShape == SelectionShape::None)
+        fail(ErrorNumber::InvalidCall, QStringLiteral("nothing is selected"));
+    Picture result = cropped(m_picture, m_selection, BackColor);
+    if (m_selectionShape == SelectionShape::Ellipse)
+        operations::fillOutsideEllipse(result.edit(), resolveColor(BackColor));
+    m_picture = std::move(result);
+    ClearSelection();
+}
+
+// --- text
+
+int ImageBox::TextWidth(const QString& text) const {
+    return operations::textSize(text, fontOf(Font, TextAntiAlias)).width;
+}
+
+int ImageBox::TextHeight(const QString& text) const {
+    return operations::textSize(text, fontOf(Font, TextAntiAlias)).height;
+}
+
+void ImageBox::DrawText(int x, int y, const QString& text) {
+    requireImage();
+    operations::TextLine line{text,      fontOf(Font, TextAntiAlias), x, y, TextAlignment,
+                              TextAngle, resolveColor(TextColor),     {}};
+    if (!TextTransparent)
+        line.background = resolveColor(TextBackColor);
+    operations::drawText(m_picture.edit(), line);
+}
+
+// --- merging
+
+void ImageBox::MergeHandle(const PictureHandle& handle) {
+    requireImage();
+    if (handle.isNull())
+        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no picture to merge"));
+    if (MergeStyle < 0 || MergeStyle > 3)
+        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no merge style %1").arg(MergeStyle));
+    operations::MergeOptions options{
+        operations::MergePlace(MergeStyle), MergeX, MergeY, {}, MergeTransparency};
+    if (MergeTransparent)
+        options.transparentColor = resolveColor(MergeTransparentColor);
+    const PictureHandle layer = handle; // a reference of our own, for a box that is merged with itself
+    operations::merge(m_picture.edit(), layer.view(), options);
+}
+
+SaveSettings ImageBox::saveSettings() const {
+    return {ColorFormat,     JpegQuality, JpegEncoding,        GifCompression,
+            TiffCompression, BackColor,   BackColorTransparent};
+}
+
+} // namespace tarsel

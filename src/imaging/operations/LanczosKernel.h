@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace tarsel::operations {
+
+/// The weights by which the values along one axis become those of another length. Place i of the result is
+/// the sum of `taps` values from place first[i] on, times weights[i * taps ..] / 32768.
+struct AxisWeights {
+    int taps = 0;
+    std::vector<int> first;
+    std::vector<std::int16_t> weights;
+
+    const std::int16_t* of(int place) const {
+        return weights.data() + std::size_t(place) * std::size_t(taps);
+    }
+};
+
+/// Lanczos weights with three lobes; a reduction widens them by its factor. Weights of each place sum up to 1
+/// as nearly as 16 bits allow.
+AxisWeights lanczosWeights(int sourceLength, int targetLength);
+
+} // namespace tarsel::operations

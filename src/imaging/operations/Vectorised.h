@@ -1,0 +1,17 @@
+#pragma once
+
+/// Put in front of a function with plain loops: it is built for the base line and for AVX2, and the machine
+/// picks at run time. Means nothing on other processors, and nothing under a sanitizer, whose run-time is not
+/// ready yet when the choice is made.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(TARSEL_NO_DISPATCH)
+#define TARSEL_VECTORISED __attribute__((target_clones("avx2", "default")))
+#else
+#define TARSEL_VECTORISED
+#endif
+
+/// For the small functions inside such loops: inlined, they are built the same way.
+#if defined(__GNUC__)
+#define TARSEL_INLINED [[gnu::always_inline]] inline
+#else
+#define TARSEL_INLINED inline
+#endif
