@@ -7,14 +7,24 @@
 
 namespace tarsel {
 
+namespace {
+ErrorReport filledReport;
+}
+
+const ErrorReport& lastErrorReport() {
+    return filledReport;
+}
+
 void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine) {
-    const ErrorReport report{
+    filledReport = {
         .ErrApplicationVersion = QStringLiteral(TARSEL_VERSION),
         .ErrRoutine = routine,
         .ErrLine = line,
         .ErrTrappingString = TrappingString,
         .ErrSystem = QString::number(number) + QStringLiteral(" - ") + description,
     };
+    // A copy: an error inside the dialog fills the report anew.
+    const ErrorReport report = filledReport;
     desktop().showErrorReport(report);
 }
 

@@ -24,7 +24,10 @@ struct ErrorReport {
     QString ErrSystem;             ///< error number, " - ", description
 };
 
-/// Fills an ErrorReport and shows it through the Desktop.
+/// The report that GlobalErrorHandler filled last.
+const ErrorReport& lastErrorReport();
+
+/// Fills the report and shows it through the Desktop.
 void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine);
 
 /// Hands a caught error to GlobalErrorHandler. Lines beyond 16 bits are reported as the largest one.

@@ -40,6 +40,9 @@ struct Codec {
     /// The encoded file; null for a format that this program doesn't write yet.
     QByteArray (*encode)(const Picture& picture, const SaveSettings& settings,
                          const EmbeddedMetadata& metadata);
+    /// The metadata blocks without decoding, as decode gives them for the first page; null for a format
+    /// without metadata.
+    EmbeddedMetadata (*metadata)(const QByteArray& bytes, const QString& name) = nullptr;
 };
 
 /// All formats, in the order in which they are asked.
