@@ -1,5 +1,7 @@
 #pragma once
 
+#include "collections/modFileSystem.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -15,7 +17,7 @@ public:
     void RefreshInfo();
 
     QString fFileExtention() const { return m_extension; } ///< behind the last point, in the file's spelling
-    qint32 fSize() const { return m_size; }
+    qint32 fSize() const { return m_size; } ///< in bytes; the largest 32-bit number for a larger file
     /// The size text made by the last refresh; `flag` rules the text of the next file.
     QString fSizeFormated(int flag);
     QString fPath32bit() const { return m_path; }
@@ -34,7 +36,8 @@ public:
     static bool CheckIfFileExists(const QString& path);
     static QString StripFileFromPath(const QString& path);
     static QString StripFileExtention(const QString& name);
-    /// The words for a size, with the byte count behind them when `longText`.
+    /// The words for a size in bytes, with the byte count behind them when `longText`. The unit changes where
+    /// the count of kilobytes passes a decimal step: 1,024,000 bytes are "0.98MB".
     static QString sizeText(qint32 size, bool longText);
 
 private:
@@ -49,15 +52,5 @@ private:
 
 /// The one shared file-information object.
 clsFileInfo& FileInfo();
-
-/// Small path helpers.
-namespace modFileSystem {
-QString GetFileExtension(const QString& path); ///< behind the last "."
-QString GetFileTitle(const QString& path);     ///< before the last "."
-QString GetFolderPart(const QString& path);    ///< up to and including the last separator
-void MakeFolder(const QString& path);          ///< errors are raised
-bool FileExistsByDir(const QString& path);
-bool FolderExists(const QString& path);
-} // namespace modFileSystem
 
 } // namespace tarsel

@@ -1,0 +1,125 @@
+#include "collections/clsFileInfo.h"
+
+#include "base/Conversions.h"
+#include "base/Desktop.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QMimeDatabase>
+
+#include <limits>
+
+namespace tarsel {
+
+namespace {
+
+QString dateText(const QDateTime& date) {
+    return date.toString(desktop().shortDateFormat()) + QLatin1Char(' ') +
+           date.toString(desktop().longTimeFormat());
+}
+
+/// What the system calls files of that extension. Asked once for each extension: folders are long.
+QString typeName(const QString& extension) {
+    static QHash<QString, QString> known;
+    const auto found = known.constFind(extension);
+    if (found != known.constEnd())
+        return *found;
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(QStringLiteral("name.") + extension.toLower(),
+                                                           QMimeDatabase::MatchExtension);
+    const QString name =
+        type.isDefault() || type.comment().isEmpty() ? extension.toUpper() + QStringLiteral(" File") : type.comment();
+    known.insert(extension, name);
+    return name;
+}
+
+} // namespace
+
+void clsFileInfo::setFilePath(const QString& path) {
+    if (!CheckIfFileExists(path))
+        return;
+    ClearFileInfo();
+    m_path = path;
+    RefreshInfo();
+}
+
+void clsFileInfo::ClearFileInfo() {
+    const int flag = m_sizeFormatFlag;
+    *this = {};
+    m_sizeFormatFlag = flag;
+}
+
+void clsFileInfo::RefreshInfo() {
+    const QFileInfo file(m_path);
+    if (m_path.isEmpty() || !file.exists())
+        return;
+    m_name = StripFileFromPath(m_path);
+    m_location = modFileSystem::GetFolderPart(m_path);
+    m_extension = StripFileExtention(m_name);
+    m_type = typeName(m_extension);
+    m_size = qint32(std::min<qint64>(file.size(), std::numeric_limits<qint32>::max()));
+    m_sizeText = sizeText(m_size, m_sizeFormatFlag == 1);
+    m_modifiedAt = file.lastModified();
+    // Not every file system keeps the time of birth.
+    m_createdAt = file.birthTime().isValid() ? file.birthTime() : m_modifiedAt;
+    m_accessedAt = file.lastRead();
+    m_created = dateText(m_createdAt);
+    m_modified = dateText(m_modifiedAt);
+    m_accessed = dateText(m_accessedAt);
+    m_hidden = file.isHidden();
+    m_readOnly = !file.isWritable();
+}
+
+QString clsFileInfo::fSizeFormated(int flag) {
+    m_sizeFormatFlag = flag;
+    return m_sizeText;
+}
+
+bool clsFileInfo::CheckIfFileExists(const QString& path) {
+    // A pipe would block the open.
+    if (!QFileInfo(path).isFile())
+        return false;
+    return QFile(path).open(QIODevice::ReadOnly);
+}
+
+QString clsFileInfo::StripFileFromPath(const QString& path) {
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+QString clsFileInfo::StripFileExtention(const QString& name) {
+    const qsizetype point = name.lastIndexOf(QLatin1Char('.'));
+    return point < 0 ? QString() : name.mid(point + 1);
+}
+
+QString clsFileInfo::sizeText(qint32 size, bool longText) {
+    struct Step {
+        qint32 belowKilobytes;
+        double unit; ///< bytes
+        const char* pattern;
+        const char* name;
+    };
+    constexpr double Kilobyte = 1024, Megabyte = 1024 * Kilobyte, Gigabyte = 1024 * Megabyte;
+    static constexpr Step steps[] = {
+        {10, Kilobyte, "0.00", "KB"},    {1'000, Kilobyte, "0.0", "KB"},
+        {10'000, Megabyte, "0.00", "MB"}, {1'000'000, Megabyte, "0.0", "MB"},
+        {10'000'000, Gigabyte, "0.00", "GB"},
+    };
+    if (size == -1)
+        return QStringLiteral("0.0KB (0 bytes)");
+    const QString bytes = formatNumber(size, QStringLiteral("#,##0")) + QStringLiteral(" bytes");
+    if (size < 1024)
+        return bytes;
+    const Step* step = steps;
+    while (size / 1024 >= step->belowKilobytes)
+        ++step;
+    const QString text =
+        formatNumber(size / step->unit, QString::fromLatin1(step->pattern)) + QString::fromLatin1(step->name);
+    return longText ? text + QStringLiteral(" (") + bytes + QLatin1Char(')') : text;
+}
+
+clsFileInfo& FileInfo() {
+    static clsFileInfo shared;
+    return shared;
+}
+
+} // namespace tarsel
