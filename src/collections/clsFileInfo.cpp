@@ -27,8 +27,9 @@ QString typeName(const QString& extension) {
         return *found;
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QStringLiteral("name.") + extension.toLower(),
                                                            QMimeDatabase::MatchExtension);
-    const QString name =
-        type.isDefault() || type.comment().isEmpty() ? extension.toUpper() + QStringLiteral(" File") : type.comment();
+    const QString name = type.isDefault() || type.comment().isEmpty()
+                             ? extension.toUpper() + QStringLiteral(" File")
+                             : type.comment();
     known.insert(extension, name);
     return name;
 }
@@ -100,8 +101,8 @@ QString clsFileInfo::sizeText(qint32 size, bool longText) {
     };
     constexpr double Kilobyte = 1024, Megabyte = 1024 * Kilobyte, Gigabyte = 1024 * Megabyte;
     static constexpr Step steps[] = {
-        {10, Kilobyte, "0.00", "KB"},    {1'000, Kilobyte, "0.0", "KB"},
-        {10'000, Megabyte, "0.00", "MB"}, {1'000'000, Megabyte, "0.0", "MB"},
+        {10, Kilobyte, "0.00", "KB"},         {1'000, Kilobyte, "0.0", "KB"},
+        {10'000, Megabyte, "0.00", "MB"},     {1'000'000, Megabyte, "0.0", "MB"},
         {10'000'000, Gigabyte, "0.00", "GB"},
     };
     if (size == -1)

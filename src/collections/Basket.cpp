@@ -1,0 +1,268 @@
+#include "collections/Basket.h"
+
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "collections/FolderView.h"
+#include "collections/PictureFiles.h"
+#include "collections/Thumbnail.h"
+#include "collections/clsFileInfo.h"
+
+namespace tarsel {
+
+namespace {
+
+/// A progress text and the file that it names: "Adding file to basket - 'scan.tif'".
+QString naming(const char* text, const QString& name) {
+    return QString::fromLatin1(text) + QLatin1String(" - '") + name + QLatin1Char('\'');
+}
+
+QString resolutionText(Size size) {
+    return QStringLiteral("%1 X %2").arg(size.width).arg(size.height);
+}
+
+/// The text of a row that shows `path`, whose facts FileInfo holds.
+ListRow rowOf(const QString& name, const QString& path, const QString& source, Size size) {
+    ListRow row;
+    row.text = name;
+    row.tag = path;
+    row.subItems =
+        QStringList{resolutionText(size), FileInfo().fSizeFormated(0), FileInfo().fType(), source, QString()};
+    return row;
+}
+
+} // namespace
+
+/// A file on its way into the basket.
+struct Basket::Source {
+    Road road;
+    QString path;
+    QString fileName;
+};
+
+QStringList basketHeaders() {
+    return {QStringLiteral("File Name"), QStringLiteral("Resolution"), QStringLiteral("Size"),
+            QStringLiteral("Type"),      QStringLiteral("Path"),       QStringLiteral("Description")};
+}
+
+Basket::Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker thumbnails) :
+    settings(std::move(initial)), m_lists(lists), m_thumbnails(std::move(thumbnails)) {}
+
+// --- adding
+
+void Basket::cmdAddToQueue_Click() {
+    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button); });
+    m_lists.pbQueue.hide();
+}
+
+void Basket::AddToBasketByDrag() {
+    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag); });
+    m_lists.pbQueue.hide();
+}
+
+void Basket::addSelected(Road road) {
+    TrappingString = QStringLiteral("Adding selected files to basket!");
+    m_failed.clear();
+    const ListView& folder = m_lists.lvFolder;
+    if (!folder.isEmpty()) {
+        m_lists.pbQueue.start(folder.count());
+        // Pending input may change the list: it is counted anew each time.
+        for (int row = 0; row < folder.count(); ++row) {
+            desktop().yield();
+            if (row < folder.count() && folder.isSelected(row))
+                addFolderRow(road, row);
+            m_lists.pbQueue.start(folder.count(), row + 1);
+        }
+        showStatus(road, QString());
+        showCount();
+    }
+    m_lists.lvPages.selectOnly(-1);
+}
+
+void Basket::addFolderRow(Road road, int folderRow) {
+    const ListRow row = m_lists.lvFolder.row(folderRow);
+    if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
+        return;
+    FileInfo().setFilePath(row.tag);
+    showStatus(road, naming("Adding file to basket", row.text));
+    const Source source{road, row.tag, row.text};
+    const int pages = row.subItems.value(FolderColumn::Pages - 1).toInt();
+    if (pages < 2)
+        addPicture(source, row);
+    else
+        addPages(source, pages);
+}
+
+void Basket::addPicture(const Source& source, const ListRow& folderRow) {
+    std::optional<Thumbnail> thumbnail = folderThumbnail(folderRow);
+    if (!thumbnail)
+        thumbnail = loadThumbnail(source.path, settings.basketThumb, m_thumbnails);
+    if (!thumbnail) {
+        m_failed << source.path;
+        return;
+    }
+    const QString resolution = folderRow.subItems.value(FolderColumn::Resolution - 1);
+    ListRow row;
+    row.text = rowName(source.road, source.fileName);
+    row.tag = source.path;
+    row.subItems =
+        QStringList{resolution.trimmed().isEmpty() ? resolutionText(thumbnail->sourceSize) : resolution,
+                    folderRow.subItems.value(FolderColumn::FileSize - 1),
+                    folderRow.subItems.value(FolderColumn::Type - 1), source.path, QString()};
+    addRow(std::move(row), *thumbnail);
+}
+
+/// The folder list's own thumbnail of a row, where it has the basket's size: a picture that was decoded for
+/// one list is not decoded again for the other.
+std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const {
+    const QVariant icon = m_lists.ilFolder.at(folderRow.icon);
+    const bool knowsSize = !folderRow.subItems.value(FolderColumn::Resolution - 1).trimmed().isEmpty();
+    if (settings.folderThumb != settings.basketThumb || !icon.isValid() || !knowsSize)
+        return std::nullopt;
+    return Thumbnail{icon, {}};
+}
+
+void Basket::subAddEntryToListView(const QString& path) {
+    trap("subAddEntryToListView", [&] {
+        TrappingString = QStringLiteral("Opening image list from file!");
+        FileInfo().setFilePath(path);
+        const Source source{Road::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
+        const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
+        if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
+            return addPages(source, pages);
+        const auto thumbnail = loadThumbnail(path, settings.basketThumb, m_thumbnails);
+        if (thumbnail)
+            addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
+                   *thumbnail);
+        else
+            m_failed << path;
+    });
+}
+
+void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
+    row.icon = addIcon(m_lists.ilPages, thumbnail);
+    m_lists.lvPages.attachImages(&m_lists.ilPages);
+    m_lists.lvPages.add(std::move(row));
+}
+
+// --- pages of documents
+
+void Basket::addPages(const Source& source, int pages) {
+    const bool drag = source.road == Road::Drag;
+    const QString extracting = drag ? naming("Please wait... extracting multipage document",
+                                             modFileSystem::GetFileTitle(source.fileName))
+                                    : naming("Please wait... extracting multipage file", source.fileName);
+    const bool showing = source.road != Road::BasketFile;
+    if (showing)
+        m_lists.pbQueue.start(pages);
+    for (int page = 1; page <= pages; ++page) {
+        desktop().yield();
+        if (showing)
+            showStatus(source.road, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
+        addPage(source, page);
+        if (showing)
+            m_lists.pbQueue.setValue(page);
+    }
+}
+
+/// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
+void Basket::addPage(const Source& source, int page) {
+    if (!loadPage(source.path, page)) {
+        m_failed << source.path;
+        return;
+    }
+    const ImageBox& box = m_lists.ibMain;
+    const Size size{box.Width(), box.Height()};
+    const QString pageFile = newPageFile(settings.programFolder, source.road, source.fileName, page);
+    const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
+    if (!thumbnail) {
+        m_failed << source.path;
+        return;
+    }
+    FileInfo().setFilePath(pageFile);
+    addRow(rowOf(pageRowName(source.road, source.fileName, page), pageFile, source.path, size), *thumbnail);
+}
+
+/// Reads one page into ibMain. The page number is put back to the first, so that the next load of whatever
+/// file reads a page that is there.
+bool Basket::loadPage(const QString& path, int page) {
+    ImageBox& box = m_lists.ibMain;
+    box.PageNumber = page;
+    const bool loaded = ignoringErrors([&] { box.LoadFromFile(path); });
+    box.PageNumber = 1;
+    return loaded && !box.LoadFailed() && box.HasImage();
+}
+
+/// Saves the page that ibMain holds and gives its thumbnail. A drop takes it from the page file once saved,
+/// the other roads from the box, before anything is saved.
+std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
+    ImageBox& box = m_lists.ibMain;
+    if (source.road == Road::Drag) {
+        box.SaveToFile(pageFile);
+        return loadThumbnail(pageFile, settings.basketThumb, m_thumbnails);
+    }
+    std::optional<Thumbnail> thumbnail;
+    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketThumb, m_thumbnails); }))
+        box.SaveToFile(pageFile);
+    return thumbnail;
+}
+
+// --- removing
+
+void Basket::cmdPagesDelete() {
+    ListView& pages = m_lists.lvPages;
+    const std::vector<int> selected = pages.selectedRows();
+    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
+        pages.remove(*row);
+    showCount();
+}
+
+void Basket::cmdPagesNew() {
+    empty();
+    m_lists.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("New Basket"));
+    deletePageFiles(settings.programFolder);
+}
+
+void Basket::empty() {
+    m_lists.lvPages.clear();
+    m_lists.lvPages.attachImages(nullptr);
+    m_lists.ilPages.clear();
+    m_failed.clear();
+}
+
+// --- order
+
+void Basket::MoveRowsTo(int target) {
+    ListView& pages = m_lists.lvPages;
+    const int focused = pages.focusedRow();
+    if (target < 0 || target >= pages.count() || focused < 0)
+        return;
+    const std::vector<int> selected = pages.selectedRows();
+    int place = target >= focused ? target + 1 : target;
+    int newFocus = focused;
+    std::vector<ListRow> moved;
+    for (auto row = selected.rbegin(); row != selected.rend(); ++row) {
+        moved.push_back(pages.row(*row));
+        pages.remove(*row);
+        place -= *row < place ? 1 : 0;
+    }
+    for (size_t i = 0; i < moved.size(); ++i) {
+        const int sourceRow = selected[i];
+        if (sourceRow == focused)
+            newFocus = place + int(i);
+        pages.insert(place + int(i), std::move(moved[moved.size() - 1 - i]));
+    }
+    pages.setFocusedRow(pages.count() > newFocus ? newFocus : -1);
+}
+
+// --- status line
+
+void Basket::showStatus(Road road, const QString& text) {
+    m_lists.sbMain.setPanel(road == Road::Drag ? QStringLiteral("folder") : QStringLiteral("status"), text);
+}
+
+void Basket::showCount() {
+    m_lists.sbMain.setPanel(QStringLiteral("queue"),
+                            QStringLiteral("%1 file(s) in basket").arg(m_lists.lvPages.count()));
+}
+
+} // namespace tarsel

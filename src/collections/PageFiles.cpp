@@ -1,0 +1,64 @@
+#include "collections/PageFiles.h"
+
+#include "base/Desktop.h"
+#include "collections/PictureFiles.h"
+#include "collections/modFileSystem.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tarsel {
+
+namespace {
+
+QString temporaryFolderPath(const QString& programFolder) {
+    return joinedPath(programFolder, QStringLiteral("Temp"));
+}
+
+/// Is a name taken? A link that leads nowhere takes its name too.
+bool isTaken(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() || file.isSymLink();
+}
+
+} // namespace
+
+QString temporaryFolder(const QString& programFolder) {
+    return temporaryFolderPath(programFolder) + QLatin1Char('/');
+}
+
+QString rowName(Road road, const QString& fileName) {
+    return road == Road::BasketFile ? fileName : modFileSystem::GetFileTitle(fileName);
+}
+
+QString pageRowName(Road road, const QString& fileName, int page) {
+    const QString number = QString::number(page);
+    const QString name = rowName(road, fileName);
+    return road == Road::Drag ? name + QLatin1Char('(') + number + QLatin1Char(')') : name + number;
+}
+
+QString newPageFile(const QString& programFolder, Road road, const QString& fileName, int page) {
+    constexpr int Draws = 32;
+    modFileSystem::MakeFolder(temporaryFolderPath(programFolder));
+    const QString name = road == Road::Drag ? modFileSystem::GetFileTitle(fileName) : fileName;
+    const QString start = temporaryFolder(programFolder) + name + QString::number(page) + QLatin1Char('_');
+    // A page file that is there may be the picture of another row: it must never be written over. Should
+    // chance find no free name, counting does.
+    int number = 0;
+    for (int draw = 0;; ++draw) {
+        number = draw < Draws ? int(desktop().randomNumber() * 9999) : number + 1;
+        const QString path = start + QString::number(number) + QStringLiteral(".tif");
+        if (!isTaken(path))
+            return path;
+    }
+}
+
+void deletePageFiles(const QString& programFolder) {
+    const QDir folder(temporaryFolderPath(programFolder));
+    const auto kinds = QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive;
+    for (const QString& name : folder.entryList({QStringLiteral("*.tif")}, kinds))
+        QFile::remove(folder.filePath(name));
+}
+
+} // namespace tarsel

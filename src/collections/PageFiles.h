@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+namespace tarsel {
+
+/// The folder Temp of a program folder, with a separator at its end.
+QString temporaryFolder(const QString& programFolder);
+
+/// The roads by which a picture comes into the basket. Each spells the names of rows and page files its way.
+enum class Road { Button, Drag, BasketFile };
+
+/// Text of the row of a picture without pages.
+QString rowName(Road road, const QString& fileName);
+
+/// Text of the row of page n, from 1: "scan3" by the button, "scan(3)" by drag, "scan.tif3" from a basket
+/// file.
+QString pageRowName(Road road, const QString& fileName, int page);
+
+/// A path for the file of a page that no file has yet, in the folder Temp, which is made when missing:
+/// `<name><n>_<random>.tif`.
+QString newPageFile(const QString& programFolder, Road road, const QString& fileName, int page);
+
+/// Deletes all page files, those of earlier runs too. What can't be deleted stays.
+void deletePageFiles(const QString& programFolder);
+
+} // namespace tarsel

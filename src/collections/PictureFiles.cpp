@@ -1,0 +1,59 @@
+#include "collections/PictureFiles.h"
+
+#include "base/TrappedError.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+/// Extensions of the pattern, which has a "*" behind each: "photo.jpgold" is a picture too.
+constexpr const char* listedExtensions[] = {".jpg", ".jpeg", ".jpe", ".tif", ".tiff", ".gif",
+                                            ".bmp", ".pcx",  ".png", ".wbm", ".wbmp", ".psd"};
+
+bool isListed(const QString& name) {
+    return std::any_of(std::begin(listedExtensions), std::end(listedExtensions), [&](const char* extension) {
+        return name.contains(QLatin1String(extension), Qt::CaseInsensitive);
+    });
+}
+
+bool standsBefore(const QString& a, const QString& b) {
+    const int order = a.compare(b, Qt::CaseInsensitive);
+    return order != 0 ? order < 0 : a < b;
+}
+
+} // namespace
+
+QString picturePattern() {
+    QStringList patterns;
+    for (const char* extension : listedExtensions)
+        patterns << QLatin1Char('*') + QLatin1String(extension) + QLatin1Char('*');
+    return patterns.join(QLatin1Char(';'));
+}
+
+QStringList pictureFiles(const QString& folder) {
+    if (!QFileInfo(folder).isDir())
+        fail(ErrorNumber::PathNotFound, folder);
+    const QDir directory(folder);
+    if (!directory.isReadable())
+        fail(ErrorNumber::PermissionDenied, folder);
+    QStringList names = directory.entryList(QDir::Files, QDir::Unsorted);
+    names.removeIf([](const QString& name) { return !isListed(name); });
+    std::sort(names.begin(), names.end(), standsBefore);
+    return names;
+}
+
+bool mayHavePages(const QString& extension) {
+    const QString lower = extension.toLower();
+    return lower == QLatin1String("tif") || lower == QLatin1String("tiff");
+}
+
+QString joinedPath(const QString& folder, const QString& name) {
+    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+} // namespace tarsel

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tarsel {
+
+/// The pattern by which a folder's pictures are found, as the file list shows it: "*.jpg*;*.jpeg*;..".
+QString picturePattern();
+
+/// Names of a folder's files that match the pattern in any case, sorted without regard to case. Sub-folders
+/// and hidden files are not listed. Error 76 for a missing folder, 70 for one that can't be read.
+QStringList pictureFiles(const QString& folder);
+
+/// Whether a file of that extension, in any case, may hold several pages.
+bool mayHavePages(const QString& extension);
+
+/// Folder and name, with a separator between them unless the folder ends with one.
+QString joinedPath(const QString& folder, const QString& name);
+
+} // namespace tarsel
