@@ -142,8 +142,8 @@ ExifEntry ExifBlock::entryAt(ExifGroup group, qsizetype position) const {
     entry.position = position;
     const qint64 size = qint64(exifTypeSize(entry.type)) * entry.count;
     const qint64 offset = size <= inlineSize ? position + 8 : qint64(read32(position + 8));
-    entry.hasValue =
-        exifTypeSize(entry.type) > 0 && size <= m_bytes.size() && offset <= m_bytes.size() - size;
+    entry.hasValue = exifTypeSize(entry.type) > 0 && size <= m_bytes.size() && offset >= headerSize &&
+                     offset <= m_bytes.size() - size;
     if (entry.hasValue) {
         entry.valuePosition = offset;
         entry.valueSize = size;
@@ -166,19 +166,21 @@ QByteArrayView ExifBlock::value(const ExifEntry& entry) const {
     return QByteArrayView(m_bytes).sliced(entry.valuePosition, entry.valueSize);
 }
 
-bool ExifBlock::agreesExcept(const ExifBlock& other, ExifGroup group, quint16 tag) const {
-    const auto relevant = [&](const ExifBlock& block) {
-        std::vector<ExifEntry> kept;
-        std::ranges::copy_if(block.m_entries, std::back_inserter(kept), [&](const ExifEntry& entry) {
-            return entry.hasValue && !entry.isPointer() && !(entry.group == group && entry.tag == tag);
-        });
-        return kept;
-    };
-    return std::ranges::equal(relevant(*this), relevant(other),
-                              [&](const ExifEntry& ours, const ExifEntry& theirs) {
-                                  return ours.group == theirs.group && ours.tag == theirs.tag &&
-                                         ours.type == theirs.type && value(ours) == other.value(theirs);
-                              });
+bool ExifBlock::keepsAllOf(const ExifBlock& before, ExifGroup group, quint16 tag) const {
+    auto ours = m_entries.begin();
+    for (const ExifEntry& entry : before.m_entries) {
+        if (!entry.hasValue || entry.isPointer() || (entry.group == group && entry.tag == tag))
+            continue;
+        const auto same = [&](const ExifEntry& other) {
+            return other.group == entry.group && other.tag == entry.tag && other.type == entry.type &&
+                   other.hasValue && value(other) == before.value(entry);
+        };
+        ours = std::find_if(ours, m_entries.end(), same);
+        if (ours == m_entries.end())
+            return false;
+        ++ours;
+    }
+    return true;
 }
 
 // --- changing
@@ -259,11 +261,14 @@ void ExifBlock::removeEntry(const ExifEntry& entry) {
     const Directory place = *directory(entry.group);
     if (entry.hasValue && entry.valueSize > inlineSize)
         release({entry.valuePosition, entry.valueSize});
+    const bool isOurs = !isShared(place.range);
     const auto rest = m_bytes.begin() + entry.position;
     const auto end = m_bytes.begin() + place.range.end();
     std::fill(std::copy(rest + entrySize, end, rest), end, '\0');
     const qsizetype entryCount = (place.range.size - 2) / entrySize;
     write16(place.range.start, quint16(entryCount - 1));
+    if (isOurs)
+        addFree({place.range.end() - entrySize, entrySize});
 }
 
 void ExifBlock::removeEmptyDirectory(ExifGroup group) {
@@ -329,6 +334,19 @@ void ExifBlock::release(const Range& range) {
     if (range.end() > m_bytes.size() || isShared(range))
         return;
     std::fill_n(m_bytes.begin() + range.start, range.size, '\0');
+    addFree(range);
+}
+
+/// Joins bytes that nobody uses with their free neighbours; at the end of the block they go.
+void ExifBlock::addFree(Range range) {
+    const auto touches = [&](const Range& other) {
+        return other.end() == range.start || range.end() == other.start;
+    };
+    for (auto other = std::ranges::find_if(m_free, touches); other != m_free.end();
+         other = std::ranges::find_if(m_free, touches)) {
+        range = {std::min(range.start, other->start), range.size + other->size};
+        m_free.erase(other);
+    }
     if (range.end() == m_bytes.size())
         m_bytes.truncate(range.start);
     else
@@ -340,10 +358,12 @@ qsizetype ExifBlock::place(const QByteArray& data) {
     const auto fits = [&](const Range& range) { return range.start % 2 == 0 && range.size >= data.size(); };
     const auto room = std::ranges::find_if(m_free, fits);
     if (room != m_free.end()) {
-        const qsizetype start = room->start;
-        std::ranges::copy(data, m_bytes.begin() + start);
+        const Range taken = *room;
         m_free.erase(room);
-        return start;
+        if (taken.size > data.size())
+            m_free.push_back({taken.start + data.size(), taken.size - data.size()});
+        std::ranges::copy(data, m_bytes.begin() + taken.start);
+        return taken.start;
     }
     if (m_bytes.size() % 2)
         m_bytes.append('\0');

@@ -73,9 +73,9 @@ public:
     void remove(ExifGroup group, quint16 tag); ///< all entries of that tag; an emptied directory goes as well
     void dropThumbnail();
 
-    /// Whether all entries with a value, but those of `group` and `tag` and the pointers, are the same in
-    /// both.
-    bool agreesExcept(const ExifBlock& other, ExifGroup group, quint16 tag) const;
+    /// Whether all values of `before`, but those of `group` and `tag` and the pointers, are here in the same
+    /// order.
+    bool keepsAllOf(const ExifBlock& before, ExifGroup group, quint16 tag) const;
 
     quint16 read16(qsizetype position) const;
     quint32 read32(qsizetype position) const;
@@ -111,6 +111,7 @@ private:
 
     bool isShared(const Range& range) const;
     void release(const Range& range);
+    void addFree(Range range);
     qsizetype place(const QByteArray& data);
 
     QByteArray m_bytes;

@@ -76,8 +76,17 @@ std::optional<ExifBlock> withAttribute(const ExifBlock& before, const ExifTag& t
     }
     const ExifEntry* written = after.find(tag.group, tag.tag);
     const bool readsBack = written && written->hasValue && after.value(*written) == value->bytes;
-    return readsBack && after.agreesExcept(reference, tag.group, tag.tag) ? std::optional(after)
-                                                                          : std::nullopt;
+    return readsBack && after.keepsAllOf(reference, tag.group, tag.tag) ? std::optional(after) : std::nullopt;
+}
+
+/// Nothing when other attributes hang on this one or lie on the same bytes.
+std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAttribute& attribute) {
+    const ExifEntry* entry = before.find(attribute.group, attribute.tag);
+    if (entry && entry->isPointer())
+        return std::nullopt;
+    ExifBlock after = before;
+    after.remove(attribute.group, attribute.tag);
+    return after.keepsAllOf(before, attribute.group, attribute.tag) ? std::optional(after) : std::nullopt;
 }
 
 [[noreturn]] void failNoFfo(const QString& path, const QString& fact) {
@@ -202,15 +211,13 @@ bool MetadataStore::ExifSet(const QString& name, const QString& value) {
 
 bool MetadataStore::ExifDelete(const QString& name) {
     std::optional<ExifBlock> block = ExifBlock::read(m_state->blocks.exif);
-    if (!block)
-        return false;
     bool found = false;
-    for (const ExifAttribute& attribute : std::vector(m_state->exif())) {
+    for (const ExifAttribute& attribute : m_state->exif()) {
         if (attribute.name != name)
             continue;
-        if (const ExifEntry* entry = block->find(attribute.group, attribute.tag); entry && entry->isPointer())
+        block = withoutAttribute(*block, attribute);
+        if (!block)
             return false;
-        block->remove(attribute.group, attribute.tag);
         found = true;
     }
     if (found)
