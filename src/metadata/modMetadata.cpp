@@ -1,0 +1,72 @@
+#include "metadata/modMetadata.h"
+
+#include "imaging/ExifTagTable.h"
+#include "imaging/IptcFields.h"
+
+#include <algorithm>
+
+namespace tarsel::modMetadata {
+
+namespace {
+
+bool contains(const QStringList& table, const QString& text) {
+    return table.contains(text.trimmed(), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+const QStringList& ExifEditableAttributes() {
+    static const QStringList names{
+        QStringLiteral("Make"),
+        QStringLiteral("Model"),
+        QStringLiteral("DateTime"),
+        QStringLiteral("ImageDescription"),
+        QStringLiteral("Artist"),
+        QStringLiteral("Copyright"),
+        QStringLiteral("DateTimeOriginal"),
+        QStringLiteral("DateTimeDigitized"),
+        QStringLiteral("UserComment"),
+        QStringLiteral("PixelXDimension"),
+        QStringLiteral("PixelYDimension"),
+    };
+    return names;
+}
+
+const QStringList& ExifDateAttributes() {
+    static const QStringList names{QStringLiteral("DateTime"), QStringLiteral("DateTimeOriginal"),
+                                   QStringLiteral("DateTimeDigitized")};
+    return names;
+}
+
+const QStringList& IptcDateAttributes() {
+    static const QStringList labels{QStringLiteral("Date Created"), QStringLiteral("Date Released"),
+                                    QStringLiteral("Time Released"), QStringLiteral("Reference Date"),
+                                    QStringLiteral("Time Created")};
+    return labels;
+}
+
+void InitMetadataTables() {
+    ExifEditableAttributes();
+    ExifDateAttributes();
+    IptcDateAttributes();
+    exifTagByName(QString());
+    iptcFields();
+}
+
+bool IsExifEditable(const QString& name) {
+    return contains(ExifEditableAttributes(), name);
+}
+
+bool IsExifDate(const QString& name) {
+    return contains(ExifDateAttributes(), name);
+}
+
+bool IsIptcDate(const QString& label) {
+    return contains(IptcDateAttributes(), label);
+}
+
+bool ListKeyIsFree(const ListView& list, const QString& key) {
+    return list.findKey(key) < 0;
+}
+
+} // namespace tarsel::modMetadata

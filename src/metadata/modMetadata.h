@@ -1,0 +1,56 @@
+#pragma once
+
+#include "base/ListView.h"
+#include "imaging/ImageBox.h"
+
+#include <QString>
+#include <QStringList>
+
+/// The vocabulary of the metadata pane: which attributes users may touch, how they are worded, how a
+/// picture's metadata become the rows of lists, and the side files that carry them from picture to picture.
+namespace tarsel::modMetadata {
+
+/// The application's title as it goes into the EXIF attribute "Software".
+inline const QString ProductTitle = QStringLiteral("Tarsel JPEG");
+
+/// The only EXIF attributes that users create, change and delete, and that go to a side file.
+const QStringList& ExifEditableAttributes();
+const QStringList& ExifDateAttributes();
+/// Labels of IPTC members that are edited as dates.
+const QStringList& IptcDateAttributes();
+
+/// Builds the tables of this module and of the metadata store now, rather than at the first picture.
+void InitMetadataTables();
+
+/// Case and blanks around the argument don't matter.
+bool IsExifEditable(const QString& name);
+bool IsExifDate(const QString& name);
+bool IsIptcDate(const QString& label);
+
+/// Whether no row of the list has that key, compared exactly.
+bool ListKeyIsFree(const ListView& list, const QString& key);
+
+/// Icon of rows that may be edited: the first of the attached pictures.
+constexpr int editableIcon = 0;
+
+/// Append the rows of the picture in `box` to a list of the columns "Attribute" and "Value", and set the
+/// list's tag to `path`; the caller clears the list. A failure is trapped; rows added before it stay.
+void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path);
+void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path);
+
+/// A raw EXIF value in words, or "" when there is nothing to say and the raw value is to be shown. A value
+/// that doesn't convert to the number its attribute needs, and a division by zero, are trapped and give "".
+QString FormatExifAttributeValue(const QString& name, const QString& value);
+
+/// The label of an attribute, or "" when its raw name is to be shown.
+QString FormatExifAttributeName(const QString& name);
+
+/// The integer before and behind the last "/". Without one, 0 and the whole text; 0 for what can't be read.
+qint32 RationalNumerator(const QString& text);
+qint32 RationalDenominator(const QString& text);
+
+/// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
+/// opened changes nothing. Error 13 for a date that is none, 62 for a file that ends within a record.
+void ApplyXiffFile(const QString& path, ImageBox& box);
+
+} // namespace tarsel::modMetadata
