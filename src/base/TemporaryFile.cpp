@@ -12,7 +12,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace tarsel {
 
@@ -56,18 +55,16 @@ void removeAbandonedFiles(const QByteArray& folder, int directory) {
     ::closedir(listing);
 }
 
-/// True for the first call with this folder in this process: a batch into a large folder lists it once.
-bool firstVisit(int directory) {
+/// True for the first call with this folder in this process (a forked child is one of its own): a batch into
+/// a large folder lists it once.
+bool firstVisit(const QByteArray& folder) {
     static QMutex mutex;
-    static QSet<std::pair<quint64, quint64>> visited;
-    struct stat facts = {};
-    if (::fstat(directory, &facts) != 0)
-        return false;
-    const std::pair<quint64, quint64> folder(facts.st_dev, facts.st_ino);
+    static QSet<QByteArray> visited;
+    const QByteArray visit = QByteArray::number(::getpid()) + ' ' + folder;
     const QMutexLocker locker(&mutex);
-    if (visited.contains(folder))
+    if (visited.contains(visit))
         return false;
-    visited.insert(folder);
+    visited.insert(visit);
     return true;
 }
 
@@ -81,7 +78,7 @@ TemporaryFile::TemporaryFile(const QByteArray& folder, mode_t mode, const QStrin
         m_directory = ::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     if (m_directory < 0)
         failForErrno(errno, shown);
-    if (firstVisit(m_directory))
+    if (firstVisit(m_folder))
         removeAbandonedFiles(m_folder, m_directory);
     m_file = ::openat(m_directory, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
     if (m_file < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOENT))

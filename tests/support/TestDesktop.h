@@ -45,6 +45,8 @@ public:
     QStringList windows; ///< titles of open top-level windows
     QDateTime time = QDateTime(QDate(2004, 3, 7), QTime(15, 5, 9));
     double random = 0.5;
+    QString shortDate = QStringLiteral("M/d/yyyy");
+    QString longTime = QStringLiteral("h:mm:ss AP");
 
     MessageAnswer messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
                              const QString& title) override;
@@ -63,8 +65,8 @@ public:
     bool closeWindowTitled(const QString& title) override;
     QDateTime now() override { return time; }
     double randomNumber() override { return random; }
-    QString shortDateFormat() override { return QStringLiteral("M/d/yyyy"); }
-    QString longTimeFormat() override { return QStringLiteral("h:mm:ss AP"); }
+    QString shortDateFormat() override { return shortDate; }
+    QString longTimeFormat() override { return longTime; }
 
 private:
     DesktopScope m_scope{*this};

@@ -1,0 +1,242 @@
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "tests/support/ErrorNumberOf.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+using namespace tarsel;
+using test::errorNumberOf;
+
+namespace {
+
+class SafeWriter : public testing::Test {
+protected:
+    QTemporaryDir folder;
+
+    QString in(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+
+    static QByteArray local(const QString& path) { return QFile::encodeName(path); }
+
+    static struct stat facts(const QString& path) {
+        struct stat found = {};
+        EXPECT_EQ(::lstat(local(path).constData(), &found), 0) << qPrintable(path);
+        return found;
+    }
+
+    static mode_t modeOf(const QString& path) { return facts(path).st_mode & 07777; }
+
+    QStringList everything() const {
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+};
+
+/// Bounds the size of files as long as it lives: a disk that is full after so many bytes, for any user.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) : m_handler(::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &m_old);
+        const rlimit limited = {bytes, m_old.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &m_old);
+        ::signal(SIGXFSZ, m_handler);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+private:
+    void (*m_handler)(int);
+    rlimit m_old = {};
+};
+
+/// Drops root's power over permissions as long as it lives. Does nothing for others.
+class OrdinaryUser {
+public:
+    OrdinaryUser() { (void)!::seteuid(::geteuid() == 0 ? 65534 : ::geteuid()); }
+    ~OrdinaryUser() { (void)!::seteuid(::getuid()); }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+};
+
+} // namespace
+
+TEST_F(SafeWriter, ANewFileGetsTheUsualModeAndLeavesNothingBeside) {
+    const mode_t old = ::umask(027);
+    writeFileSafely(in("a.jpg"), "abc");
+    ::umask(old);
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("abc"));
+    EXPECT_EQ(modeOf(in("a.jpg")), mode_t(0640));
+    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+}
+
+TEST_F(SafeWriter, AReplacedFileKeepsModeOwnerAndTheAttributesOfItsUser) {
+    writeFileSafely(in("a.jpg"), "a longer old text");
+    const QByteArray path = local(in("a.jpg"));
+    ASSERT_EQ(::chmod(path.constData(), 0604), 0);
+    const bool isRoot = ::geteuid() == 0;
+    if (isRoot) {
+        ASSERT_EQ(::chown(path.constData(), 1234, 2345), 0);
+    }
+    const bool attributes = ::setxattr(path.constData(), "user.comment", "mine", 4, 0) == 0;
+    writeFileSafely(in("a.jpg"), "new");
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("new"));
+    EXPECT_EQ(modeOf(in("a.jpg")), mode_t(0604));
+    if (isRoot) {
+        EXPECT_EQ(facts(in("a.jpg")).st_uid, 1234u);
+        EXPECT_EQ(facts(in("a.jpg")).st_gid, 2345u);
+    }
+    if (attributes) {
+        char value[8] = {};
+        EXPECT_EQ(::getxattr(path.constData(), "user.comment", value, sizeof value), 4);
+    }
+    EXPECT_EQ(everything().size(), 1);
+}
+
+TEST_F(SafeWriter, LinksStayLinksAndTheirTargetIsWritten) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("deep")));
+    writeFileSafely(in("deep/real.jpg"), "old");
+    ASSERT_EQ(::symlink("deep/second", local(in("first")).constData()), 0);
+    ASSERT_EQ(::symlink("real.jpg", local(in("deep/second")).constData()), 0);
+    writeFileSafely(in("first"), "new");
+    EXPECT_TRUE(S_ISLNK(facts(in("first")).st_mode));
+    EXPECT_TRUE(S_ISLNK(facts(in("deep/second")).st_mode));
+    EXPECT_EQ(readWholeFile(in("deep/real.jpg")), QByteArray("new"));
+}
+
+TEST_F(SafeWriter, ADanglingLinkGetsItsTargetMade) {
+    ASSERT_EQ(::symlink("made.jpg", local(in("dangling")).constData()), 0);
+    writeFileSafely(in("dangling"), "new");
+    EXPECT_TRUE(S_ISREG(facts(in("made.jpg")).st_mode));
+    EXPECT_TRUE(S_ISLNK(facts(in("dangling")).st_mode));
+}
+
+TEST_F(SafeWriter, WithoutACommitTheOldFileStaysAndNothingElse) {
+    writeFileSafely(in("a.jpg"), "old");
+    {
+        SafeFileWriter writer(in("a.jpg"));
+        writer.write("half of the new");
+    }
+    {
+        SafeFileWriter writer(in("new.jpg"));
+        writer.write("half of the new");
+    }
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
+    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+}
+
+TEST_F(SafeWriter, ALibraryMayWriteByPathOrByDescriptor) {
+    for (const bool replaces : {false, true}) {
+        SafeFileWriter writer(in("a.jpg"));
+        QFile library(writer.temporaryPath());
+        ASSERT_TRUE(library.open(QIODevice::WriteOnly));
+        library.write(replaces ? "second" : "first and longer");
+        library.close();
+        ASSERT_EQ(::lseek(writer.descriptor(), 0, SEEK_END), replaces ? 6 : 16);
+        writer.write("!");
+        writer.commit();
+        EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray(replaces ? "second!" : "first and longer!"));
+    }
+}
+
+TEST_F(SafeWriter, TargetsThatAreNoFilesAreRefusedAndStay) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder")));
+    ASSERT_EQ(::mkfifo(local(in("pipe")).constData(), 0600), 0);
+    ASSERT_EQ(::symlink("loop", local(in("loop")).constData()), 0);
+    ASSERT_EQ(::symlink("folder", local(in("linked")).constData()), 0);
+    const struct {
+        QString path;
+        qint32 number;
+    } cases[] = {{in("folder"), 5},
+                 {in("folder/"), 5},
+                 {in("pipe"), 5},
+                 {in("loop"), 5},
+                 {in("linked"), 5},
+                 {in("missing/a.jpg"), ErrorNumber::PathNotFound},
+                 {QString(), ErrorNumber::PathNotFound},
+                 {in("pipe/a.jpg"), ErrorNumber::PathNotFound},
+                 {in("a") + QChar(u'\0') + QStringLiteral("b"), ErrorNumber::PathNotFound},
+                 {in("a").leftJustified(5000, QLatin1Char('a')), 5}};
+    for (const auto& c : cases)
+        EXPECT_EQ(errorNumberOf([&] { writeFileSafely(c.path, "x"); }), c.number) << qPrintable(c.path);
+    EXPECT_EQ(everything().size(), 4);
+}
+
+TEST_F(SafeWriter, APathWithoutAFolderIsOneOfTheCurrentFolder) {
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(folder.path()));
+    writeFileSafely(QStringLiteral("plain.jpg"), "abc");
+    QDir::setCurrent(before);
+    EXPECT_EQ(readWholeFile(in("plain.jpg")), QByteArray("abc"));
+}
+
+TEST_F(SafeWriter, WithoutPermissionNothingChanges) {
+    writeFileSafely(in("a.jpg"), "old");
+    ASSERT_EQ(::chmod(local(in("a.jpg")).constData(), 0444), 0);
+    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0777), 0);
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), "x"); }), ErrorNumber::PermissionDenied);
+    }
+    ASSERT_EQ(::chmod(local(in("a.jpg")).constData(), 0666), 0);
+    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0555), 0);
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), "x"); }), ErrorNumber::PermissionDenied);
+        EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("b.jpg"), "x"); }), ErrorNumber::PermissionDenied);
+    }
+    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0700), 0);
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
+    EXPECT_EQ(everything().size(), 1);
+}
+
+TEST_F(SafeWriter, ADiskThatFillsUpLeavesTheOldFileAndNoDebris) {
+    writeFileSafely(in("a.jpg"), "old");
+    {
+        const FileSizeLimit limit(1000);
+        SafeFileWriter writer(in("a.jpg"));
+        EXPECT_EQ(errorNumberOf([&] { writer.write(QByteArray(5000, 'x')); }), ErrorNumber::DiskFull);
+        EXPECT_NE(errorNumberOf([&] { writer.commit(); }), 0);
+        EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("new.jpg"), QByteArray(5000, 'x')); }),
+                  ErrorNumber::DiskFull);
+    }
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
+    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+}
+
+TEST_F(SafeWriter, AFullFileSystemLeavesTheOldFileAndNoDebris) {
+    const QByteArray mountPoint = local(folder.path());
+    if (::mount("tmpfs", mountPoint.constData(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "needs the right to mount a small file system";
+    writeFileSafely(in("a.jpg"), QByteArray(30000, 'o'));
+    EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), QByteArray(60000, 'n')); }),
+              ErrorNumber::DiskFull);
+    EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("b.jpg"), QByteArray(60000, 'n')); }),
+              ErrorNumber::DiskFull);
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray(30000, 'o'));
+    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+    ::umount(mountPoint.constData());
+}
+
+TEST_F(SafeWriter, ReadingTellsWhatIsWrong) {
+    EXPECT_EQ(errorNumberOf([&] { readWholeFile(in("missing")); }), ErrorNumber::FileNotFound);
+    EXPECT_EQ(errorNumberOf([&] { readWholeFile(folder.path()); }), ErrorNumber::InvalidCall);
+    EXPECT_EQ(errorNumberOf([&] { readWholeFile(QStringLiteral("/dev/zero")); }), ErrorNumber::InvalidCall);
+    writeFileSafely(in("secret"), "x");
+    ASSERT_EQ(::chmod(local(in("secret")).constData(), 0), 0);
+    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0777), 0);
+    const OrdinaryUser user;
+    EXPECT_EQ(errorNumberOf([&] { readWholeFile(in("secret")); }), ErrorNumber::PermissionDenied);
+}
