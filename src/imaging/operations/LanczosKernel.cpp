@@ -10,7 +10,7 @@ namespace tarsel::operations {
 namespace {
 
 constexpr double Lobes = 3;
-constexpr int One = 32768;
+constexpr int One = AxisWeights::One;
 
 /// sinc(x) * sinc(x / 3) inside the lobes (C. E. Duchon, "Lanczos Filtering in One and Two Dimensions").
 double lanczos(double x) {
@@ -22,16 +22,16 @@ double lanczos(double x) {
     return Lobes * std::sin(angle) * std::sin(angle / Lobes) / (angle * angle);
 }
 
-/// To 16 bits; what rounding leaves over goes to the largest weight.
+/// To whole parts of One; what rounding leaves over goes to the largest weight.
 void quantise(const std::vector<double>& exact, std::int16_t* weights) {
     const double sum = std::accumulate(exact.begin(), exact.end(), 0.0);
     int rest = One;
     for (std::size_t i = 0; i < exact.size(); ++i) {
-        weights[i] = std::int16_t(std::min(One - 1L, std::lround(exact[i] / sum * One)));
+        weights[i] = std::int16_t(std::lround(exact[i] / sum * One));
         rest -= weights[i];
     }
     const auto largest = std::max_element(weights, weights + exact.size());
-    *largest = std::int16_t(std::min(One - 1, *largest + rest));
+    *largest = std::int16_t(*largest + rest);
 }
 
 } // namespace
@@ -39,8 +39,9 @@ void quantise(const std::vector<double>& exact, std::int16_t* weights) {
 AxisWeights lanczosWeights(int sourceLength, int targetLength) {
     const double step = double(sourceLength) / targetLength;
     const double widening = std::max(1.0, step);
+    const int wantedTaps = int(std::ceil(2 * Lobes * widening)) + 1;
     AxisWeights result;
-    result.taps = std::min(sourceLength, int(std::ceil(2 * Lobes * widening)) + 1);
+    result.taps = std::min(sourceLength, wantedTaps);
     result.first.resize(std::size_t(targetLength));
     result.weights.resize(std::size_t(targetLength) * std::size_t(result.taps));
     std::vector<double> exact(std::size_t(result.taps), 0.0);
@@ -48,8 +49,10 @@ AxisWeights lanczosWeights(int sourceLength, int targetLength) {
         const double centre = (i + 0.5) * step - 0.5;
         const int wanted = int(std::ceil(centre - Lobes * widening));
         const int first = std::clamp(wanted, 0, sourceLength - result.taps);
-        for (int k = 0; k < result.taps; ++k)
-            exact[std::size_t(k)] = lanczos((first + k - centre) / widening);
+        std::fill(exact.begin(), exact.end(), 0.0);
+        for (int place = wanted; place < wanted + wantedTaps; ++place) // outside, the last value repeats
+            exact[std::size_t(std::clamp(place - first, 0, result.taps - 1))] +=
+                lanczos((place - centre) / widening);
         result.first[std::size_t(i)] = first;
         quantise(exact, result.weights.data() + std::size_t(i) * std::size_t(result.taps));
     }

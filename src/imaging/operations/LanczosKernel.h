@@ -6,8 +6,11 @@
 namespace tarsel::operations {
 
 /// The weights by which the values along one axis become those of another length. Place i of the result is
-/// the sum of `taps` values from place first[i] on, times weights[i * taps ..] / 32768.
+/// the sum of `taps` values from place first[i] on, times weights[i * taps ..] / One.
 struct AxisWeights {
+    static constexpr int Bits = 14; ///< single weights can be a little over 1
+    static constexpr int One = 1 << Bits;
+
     int taps = 0;
     std::vector<int> first;
     std::vector<std::int16_t> weights;
@@ -17,8 +20,8 @@ struct AxisWeights {
     }
 };
 
-/// Lanczos weights with three lobes; a reduction widens them by its factor. Weights of each place sum up to 1
-/// as nearly as 16 bits allow.
+/// Lanczos weights with three lobes; a reduction widens them by its factor. Beyond the ends, the last value
+/// repeats. The weights of each place sum up to One.
 AxisWeights lanczosWeights(int sourceLength, int targetLength);
 
 } // namespace tarsel::operations

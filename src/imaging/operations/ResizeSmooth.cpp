@@ -16,7 +16,10 @@ namespace {
 constexpr int FractionBits = 6;
 constexpr int BlockLength = 256;
 
-/// The rounded product with a weight in 1/32768.
+/// Values go into the first pass with one bit more, which the rounded product with a weight takes off again.
+constexpr int InputBits = FractionBits + 1;
+static_assert(InputBits + AxisWeights::Bits - 15 == FractionBits);
+
 TARSEL_INLINED std::int16_t weighted(std::int16_t value, std::int16_t weight) {
     return std::int16_t((((std::int32_t(value) * weight) >> 14) + 1) >> 1);
 }
@@ -28,7 +31,7 @@ TARSEL_INLINED void sumRows(ConstPixelView source, int firstRow, int at, int cou
         const std::uint8_t* row = source.row(firstRow + k) + at;
         const std::int16_t weight = weights[k];
         for (int i = 0; i < count; ++i)
-            sums[i] = std::int16_t(sums[i] + weighted(std::int16_t(row[i] << FractionBits), weight));
+            sums[i] = std::int16_t(sums[i] + weighted(std::int16_t(row[i] << InputBits), weight));
     }
     for (int i = 0; i < count; ++i)
         out[at + i] = sums[i];
@@ -44,7 +47,7 @@ TARSEL_VECTORISED void filterDown(ConstPixelView source, int firstRow, const std
 }
 
 TARSEL_INLINED std::uint8_t rounded(std::int32_t sum) {
-    constexpr int Bits = FractionBits + 15;
+    constexpr int Bits = FractionBits + AxisWeights::Bits;
     return std::uint8_t(std::clamp((sum + (1 << (Bits - 1))) >> Bits, 0, 255));
 }
 

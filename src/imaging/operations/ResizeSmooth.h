@@ -6,8 +6,7 @@ namespace tarsel::operations {
 
 /// Resamples to the size of `target` without aliasing: exact means where both sides shrink by whole factors,
 /// else a separable Lanczos filter of three lobes, widened by the factor of a reduction. Any sizes; both have
-/// the same number of channels and share no pixels. At the edges the filter is cut off and made up to a
-/// weight of one.
+/// the same number of channels and share no pixels. Beyond the edges, the outermost pixels repeat.
 void resizeSmooth(ConstPixelView source, PixelView target);
 
 } // namespace tarsel::operations
