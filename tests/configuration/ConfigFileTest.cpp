@@ -1,0 +1,128 @@
+#include "configuration/ConfigFile.h"
+
+#include "base/SafeFileWriter.h"
+#include "configuration/ColumnWidths.h"
+#include "configuration/RecordImage.h"
+#include "tests/support/TestDesktop.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+
+namespace {
+
+class ConfigFile : public testing::Test {
+protected:
+    test::TestDesktop desktop;
+    QTemporaryDir folder;
+    QString program = folder.filePath(QStringLiteral("program"));
+
+    void SetUp() override { restart(); }
+
+    void restart() {
+        ConfigRecord = {};
+        loadConfiguration(program);
+    }
+};
+
+} // namespace
+
+TEST_F(ConfigFile, TheFirstStartTakesTheDefaultsAndLeavesAnEmptyFile) {
+    EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
+    EXPECT_TRUE(ConfigPath.startsWith(program + QLatin1Char('/')));
+    EXPECT_FALSE(ConfigPath.mid(program.size() + 1).contains(QLatin1Char('.')));
+    EXPECT_EQ(readWholeFile(ConfigPath), QByteArray());
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(ConfigFile, AZeroLengthFileIsARecordOfZeros) {
+    restart(); // after a first run that never came to its end
+    EXPECT_EQ(ConfigRecord.SplitterMain, 0);
+    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 0);
+    EXPECT_EQ(ConfigRecord.BatchSave.RenameGeneric, QString());
+    EXPECT_EQ(ConfigRecord.LastFolder, QString());
+}
+
+TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
+    ConfigRecord.BatchSave.RenamePrefix = QStringLiteral("[Date Today]");
+    ConfigRecord.LastFolder = QStringLiteral("/home/\u65E5\u672C");
+    ConfigRecord.SplitterMain = 33;
+    subSaveSetup();
+    restart();
+    EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));
+    EXPECT_EQ(ConfigRecord.LastFolder.trimmed(), QStringLiteral("/home/\u65E5\u672C"));
+    EXPECT_EQ(ConfigRecord.SplitterMain, 33);
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST_F(ConfigFile, TheTailOfALongerOldFileStays) {
+    const QByteArray image = recordImage(ConfigRecord);
+    writeFileSafely(ConfigPath, QByteArray(image.size(), 'o') + "tail");
+    subSaveSetup();
+    EXPECT_EQ(readWholeFile(ConfigPath), image + "tail");
+    restart();
+    EXPECT_EQ(ConfigRecord.SplitterMain, 70);
+}
+
+TEST_F(ConfigFile, ASplitterAtTenThrowsTheFileAwayWithoutAWord) {
+    ConfigRecord.SplitterMain = 10;
+    ConfigRecord.Album.AlbumTitle = QStringLiteral("lost");
+    subSaveSetup();
+    restart();
+    EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
+    EXPECT_EQ(readWholeFile(ConfigPath), QByteArray());
+    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST_F(ConfigFile, UnequalBasketThumbnailsChangeTheirSidesAtEachStart) {
+    storeBasketThumbnailSize(60, 30);
+    subSaveSetup();
+    restart();
+    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 30);
+    EXPECT_EQ(ConfigRecord.BasketThumbHeight, 60);
+    storeBasketThumbnailSize(ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight);
+    subSaveSetup();
+    restart();
+    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 60);
+    EXPECT_EQ(ConfigRecord.BasketThumbHeight, 30);
+}
+
+TEST_F(ConfigFile, ErrorsAreReportedAndTheDefaultsHold) {
+    QFile::remove(ConfigPath);
+    ASSERT_TRUE(QDir().mkpath(ConfigPath)); // a folder in the file's place
+    restart();
+    subSaveSetup();
+    ASSERT_EQ(desktop.reports.size(), 2u);
+    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("subLoadSetup"));
+    EXPECT_EQ(desktop.reports[1].ErrRoutine, QStringLiteral("subSaveSetup"));
+    EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
+}
+
+TEST_F(ConfigFile, ARecordThatCannotBeStoredLeavesTheOldFile) {
+    subSaveSetup();
+    const QByteArray before = readWholeFile(ConfigPath);
+    ConfigRecord.Tasks.Text = QString(70000, QLatin1Char('x'));
+    subSaveSetup();
+    EXPECT_EQ(desktop.reports.size(), 1u);
+    EXPECT_EQ(readWholeFile(ConfigPath), before);
+}
+
+TEST_F(ConfigFile, DeletingAMissingConfigurationIsNoError) {
+    DeleteConfiguration();
+    DeleteConfiguration();
+    EXPECT_FALSE(QFile::exists(ConfigPath));
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST_F(ConfigFile, ColumnWidthsAreReachedInTheOrderOfTheColumns) {
+    const auto widths = folderColumnWidths(ConfigRecord);
+    for (size_t i = 0; i < widths.size(); ++i)
+        *widths[i] = qint16(200 + i);
+    EXPECT_EQ(ConfigRecord.FolderColumnWidth1, 200);
+    EXPECT_EQ(ConfigRecord.FolderColumnWidth8, 207);
+    EXPECT_EQ(basketColumnWidths(ConfigRecord).size(), 5u);
+}

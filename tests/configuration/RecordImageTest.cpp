@@ -1,0 +1,187 @@
+#include "configuration/RecordImage.h"
+
+#include "base/CodePage.h"
+#include "base/TrappedError.h"
+#include "configuration/ConfigFields.h"
+#include "tests/support/ErrorNumberOf.h"
+
+#include <QSet>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+using namespace tarsel;
+
+namespace {
+
+/// What a value is after it was stored: fixed texts come back filled up with blanks.
+ConfigValue stored(const ConfigField& field, const ConfigValue& value) {
+    if (field.type != FieldType::F)
+        return value;
+    const QString text = std::get<QString>(value);
+    return codePage::decode(codePage::encode(text).leftJustified(fixedTextSize, ' '));
+}
+
+std::vector<ConfigValue> bounds(FieldType type) {
+    switch (type) {
+    case FieldType::I1:
+        return {quint8(0), quint8(1), quint8(255)};
+    case FieldType::I2:
+        return {qint16(-32768), qint16(-1), qint16(0), qint16(32767)};
+    case FieldType::I4:
+        return {std::numeric_limits<qint32>::min(), qint32(-1), qint32(0x00FEDCBA),
+                std::numeric_limits<qint32>::max()};
+    case FieldType::R8:
+        return {0.0, -1.5, std::numeric_limits<double>::max(), std::numeric_limits<double>::denorm_min(),
+                std::numeric_limits<double>::infinity()};
+    case FieldType::S:
+        return {QString(), QStringLiteral("x"), QStringLiteral("\u00E9\u20AC"),
+                QStringLiteral("\u65E5\u672C"), QString(65535, QLatin1Char('s'))};
+    case FieldType::F:
+        return {QString(), QStringLiteral("/home/m\u00FCller"), QStringLiteral("/\u65E5\u672C"),
+                QString(fixedTextSize, QLatin1Char('f'))};
+    }
+    return {};
+}
+
+int storedSize(const ConfigField& field, const ConfigRecordData& record) {
+    switch (field.type) {
+    case FieldType::I1:
+        return 1;
+    case FieldType::I2:
+        return 2;
+    case FieldType::I4:
+        return 4;
+    case FieldType::R8:
+        return 8;
+    case FieldType::F:
+        return fixedTextSize;
+    case FieldType::S:
+        break;
+    }
+    return 2 + int(codePage::encode(std::get<QString>(field.value(record))).size());
+}
+
+bool isZero(const ConfigValue& value) {
+    return value == ConfigValue(quint8(0)) || value == ConfigValue(qint16(0)) ||
+           value == ConfigValue(qint32(0)) || value == ConfigValue(0.0) || value == ConfigValue(QString());
+}
+
+} // namespace
+
+TEST(RecordImage, TheFileBeginsWithTheseBytes) {
+    ConfigRecordData record = defaultRecord(QStringLiteral("/p"));
+    record.SaveAdvanced.BmpColorFormat = -2;
+    record.BatchSave.RenamePrefix = QStringLiteral("\u20ACx");
+    const QByteArray expected =
+        QByteArray::fromHex("0200"                           // Format
+                            "FEFF"                           // BmpColorFormat
+                            "0000 00000000"                  // TiffCompression, TiffColorFormat
+                            "01 00 0E000080 00000000"        // the four of GIF
+                            "00000000 00 0E000080"           // the three of PNG
+                            "00000000 5000 00"               // the three of JPG
+                            "1C250000 70170000 00"           // DialogWidth 9500, DialogHeight 6000, layout
+                            "5000 00 00"                     // BatchSave: quality, progressive, depth
+                            "0000 0200 8078 0100 5F 0100 5F" // suffix, prefix, separators
+                            "0000 0600 53616D706C65"         // NameOption, "Sample"
+                            "0C00") +
+        "[Starting 1]" + QByteArray(1, '\0') + "/p" + QByteArray(254, ' ') + // DestinationOption, folder
+        QByteArray::fromHex("01 0000");                                      // Overwrite, Confirmed
+    EXPECT_EQ(recordImage(record).left(expected.size()).toHex(' '), expected.toHex(' '));
+}
+
+TEST(RecordImage, TheFileEndsWithThePageLayout) {
+    const QByteArray expected = QByteArray::fromHex("FFFFFFFF 00000000 00"              // PrintSetting1 to 3
+                                                    "0000000000000000 0000000000000000" // 4, 5
+                                                    "01000000 0000000000005940"         // 6, 7: 100.0
+                                                    "00 0000 0000");                    // 8 to 10
+    EXPECT_TRUE(recordImage(defaultRecord(QStringLiteral("/p"))).endsWith(expected));
+}
+
+TEST(RecordImage, TheTableHoldsEveryFieldOnce) {
+    QSet<QByteArray> names;
+    for (const ConfigField& field : configFields())
+        names.insert(QByteArray(field.group) + '.' + field.name);
+    EXPECT_EQ(names.size(), qsizetype(configFields().size()));
+}
+
+TEST(RecordImage, TheFirstStartFindsTheseDefaults) {
+    const ConfigRecordData record = defaultRecord(QStringLiteral("/home/u/program"));
+    EXPECT_EQ(record.SaveAdvanced.Format, 2);
+    EXPECT_EQ(record.SaveAdvanced.GifTransparentColor, qint32(0x8000000E));
+    EXPECT_EQ(record.BatchSave.JpegQuality, 80);
+    EXPECT_EQ(record.BatchSave.RenameGenericPattern, QStringLiteral("[Starting 1]"));
+    EXPECT_EQ(record.BatchSave.DestinationFolder, QStringLiteral("/home/u/program"));
+    EXPECT_EQ(record.SplitterMain, 70);
+    EXPECT_EQ(record.PreviewType, 1);
+    EXPECT_EQ(record.FolderColumnWidth8, 100);
+    EXPECT_EQ(record.IptcColumnWidth2, 200);
+    EXPECT_EQ(record.BasketThumbWidth, 40);
+    EXPECT_EQ(record.Twain.Folder, QStringLiteral("/home/u/program/"));
+    EXPECT_EQ(record.Tasks.CanvasCustom4, 10);
+    EXPECT_EQ(record.Tasks.WatermarkColor, qint32(0x80000009));
+    EXPECT_EQ(record.RainingText, QStringLiteral("Happy Greetings!"));
+    EXPECT_EQ(record.SecondColor, 0xE0E0E0);
+    EXPECT_EQ(record.CaptureFolder, QStringLiteral("/home/u/program/"));
+    EXPECT_EQ(record.Album.AlbumTitle, QStringLiteral("My Album"));
+    EXPECT_EQ(record.Album.AlbumFolder, QStringLiteral("/home/u/program"));
+    EXPECT_EQ(record.Print.PrintSetting7, 100.0);
+    EXPECT_EQ(defaultRecord(QStringLiteral("/p/ ")).Twain.Folder, QStringLiteral("/p/ "));
+}
+
+TEST(RecordImage, EveryFieldComesBackAtItsBoundsAndTouchesNoOther) {
+    for (const ConfigField& changed : configFields()) {
+        for (const ConfigValue& value : bounds(changed.type)) {
+            ConfigRecordData record = defaultRecord(QStringLiteral("/p"));
+            changed.assign(record, value);
+            const ConfigRecordData back = recordFromImage(recordImage(record));
+            for (const ConfigField& field : configFields())
+                ASSERT_TRUE(field.value(back) == stored(field, field.value(record)))
+                    << changed.name << " / " << field.name;
+        }
+    }
+}
+
+TEST(RecordImage, AFileCutAnywhereGivesItsWholeFieldsAndZerosBehindThem) {
+    const ConfigRecordData record = defaultRecord(QStringLiteral("/home/u"));
+    const QByteArray image = recordImage(record);
+    for (qsizetype size = 0; size <= image.size(); ++size) {
+        const ConfigRecordData cut = recordFromImage(image.left(size));
+        qsizetype end = 0;
+        for (const ConfigField& field : configFields()) {
+            end += storedSize(field, record);
+            const ConfigValue read = field.value(cut);
+            ASSERT_TRUE(end <= size ? read == stored(field, field.value(record)) : isZero(read))
+                << field.name << " at " << size;
+        }
+    }
+}
+
+TEST(RecordImage, AnyBytesAreReadAsSomeRecordThatCanBeStored) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 300; ++round) {
+        QByteArray bytes(qsizetype(random() % 6000), Qt::Uninitialized);
+        for (char& byte : bytes)
+            byte = char(random());
+        const QByteArray image = recordImage(recordFromImage(bytes));
+        EXPECT_EQ(recordImage(recordFromImage(image)), image);
+    }
+}
+
+TEST(RecordImage, AFolderTooLongForItsFieldIsCutBetweenCharacters) {
+    for (const int length : {254, 255, 256, 257, 300}) {
+        ConfigRecordData record;
+        record.LastFolder = QString(length - 1, QLatin1Char('a')) + QStringLiteral("\u65E5\u65E5");
+        const QString back = recordFromImage(recordImage(record)).LastFolder;
+        EXPECT_FALSE(back.contains(QChar::ReplacementCharacter));
+        EXPECT_TRUE(record.LastFolder.startsWith(back.trimmed()));
+        EXPECT_LE(back.trimmed().toUtf8().size(), fixedTextSize);
+        EXPECT_GT(back.trimmed().toUtf8().size(), fixedTextSize - 4);
+    }
+}
+
+TEST(RecordImage, ATextBeyondItsCountIsRefused) {
+    ConfigRecordData record;
+    record.Tasks.WatermarkImage = QString(65536, QLatin1Char('w'));
+    EXPECT_EQ(test::errorNumberOf([&] { recordImage(record); }), ErrorNumber::Overflow);
+}
