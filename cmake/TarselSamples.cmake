@@ -1,0 +1,16 @@
+# Where the sample pictures lie. TARSEL_SAMPLES is their folder in the build tree; a program that looks for them
+# takes them from TARSEL_SAMPLES_RELATIVE below the folder of its own file, which is right in the build tree and
+# in an installed one, and calls
+#
+#     tarsel_uses_samples(<target>)
+#
+# to get that path as the definition TARSEL_SAMPLES ("../share/tarsel-jpeg/samples", relative to
+# QCoreApplication::applicationDirPath()) and to be built after the pictures.
+
+set(TARSEL_SAMPLES_RELATIVE share/tarsel-jpeg/samples)
+set(TARSEL_SAMPLES ${CMAKE_BINARY_DIR}/${TARSEL_SAMPLES_RELATIVE})
+
+function(tarsel_uses_samples target)
+    target_compile_definitions(${target} PRIVATE TARSEL_SAMPLES="../${TARSEL_SAMPLES_RELATIVE}")
+    add_dependencies(${target} samples)
+endfunction()
