@@ -1,35 +1,53 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QtGlobal>
 
 namespace tarsel {
 
-// The settings record. Every field, its type in the file and its default stand once, in the table of
-// ConfigFields.h, from which the members below are made.
+/// Types of the record's fields in memory, by their names in the table.
+namespace configType {
+using I1 = quint8;
+using I2 = qint16;
+using I4 = qint32;
+using R8 = double;
+using S = QString;
+using F = QString;
 
-/// Member 2: the answers of the batch save dialog.
-struct BatchSave {
-    qint16 JpegQuality = 80;
-    quint8 JpegProgressive = 0;
-    quint8 JpegDepth = 0; ///< 0 24 bit, 1 8 bit grayscale
-    QString RenameSuffix;
-    QString RenamePrefix;
-    QString Separator1 = QStringLiteral("_");
-    QString Separator2 = QStringLiteral("_");
-    qint16 NameOption = 0; ///< 0 retain, 1 hybrid, 2 generic
-    QString RenameGeneric = QStringLiteral("Sample");
-    QString RenameGenericPattern = QStringLiteral("[Starting 1]");
-    quint8 DestinationOption = 0;
-    QString DestinationFolder; ///< with a separator at its end; users trim it
-    quint8 Overwrite = 1;
-    qint16 Confirmed = 0;
-    quint8 ImportIPTC = 0;
-    quint8 ImportEXIF = 0;
-    QString ImportIPTCFile;
-    QString ImportEXIFFile;
-    quint8 ProcessEditingList = 0;
+/// A system colour by index: the top bit set, the index in the low byte.
+constexpr qint32 systemColor(quint32 index) {
+    return qint32(0x80000000u | index);
+}
+} // namespace configType
+
+// The groups of fields: SaveAdvanced, BatchSave, WindowSettings, Twain, Tasks, PublishingSettings, Album,
+// Print. A fresh one holds the defaults, but for folders, which are empty until defaultRecord fills them.
+#define GROUP(group) struct group {
+#define END_GROUP()                                                                                          \
+    }                                                                                                        \
+    ;
+#define FIELD(type, name, value) configType::type name = value;
+#define TEXT(type, name, value) configType::type name = QStringLiteral(value);
+#define FOLDER(type, name, form) configType::type name;
+#include "configuration/ConfigFields.def"
+
+/// Everything that the program remembers between two runs.
+struct ConfigRecordData : WindowSettings, PublishingSettings {
+    tarsel::SaveAdvanced SaveAdvanced;
+    tarsel::BatchSave BatchSave;
+    tarsel::Twain Twain;
+    tarsel::Tasks Tasks;
+    tarsel::Album Album;
+    tarsel::Print Print;
 };
+
+/// The record of this run: filled once at start, before any dialog; brought to the disk at the end.
+inline ConfigRecordData ConfigRecord;
+
+/// The defaults with the program folder in its places.
+ConfigRecordData defaultRecord(const QString& programFolder);
+
+/// `folder` with a separator at its end, unless its trimmed text has one.
+QString withSeparator(const QString& folder);
 
 } // namespace tarsel

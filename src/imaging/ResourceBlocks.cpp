@@ -87,13 +87,22 @@ QByteArray ResourceBlocks::data(quint16 number) const {
     return data;
 }
 
+/// A block that declares more than there is swallows what follows it: nothing is put behind that.
+qsizetype ResourceBlocks::placeOf(quint16 number) const {
+    const auto first = std::ranges::find(m_blocks, number, &Block::number);
+    const qsizetype end = qsizetype(m_blocks.size()) - (m_cutShort ? 1 : 0);
+    return std::min<qsizetype>(first - m_blocks.begin(), end);
+}
+
 void ResourceBlocks::replace(quint16 number, const QByteArray& data) {
     const auto first = std::ranges::find(m_blocks, number, &Block::number);
-    const auto index = first - m_blocks.begin();
-    const QByteArray head = first == m_blocks.end() ? headOf(number) : first->head;
+    const Block made{number, first == m_blocks.end() ? headOf(number) : first->head, data, {}};
+    const qsizetype place = placeOf(number);
+    if (m_cutShort && m_blocks.back().number == number)
+        m_cutShort = false;
     std::erase_if(m_blocks, [&](const Block& block) { return block.number == number; });
     if (!data.isEmpty())
-        m_blocks.insert(m_blocks.begin() + index, Block{number, head, data, {}});
+        m_blocks.insert(m_blocks.begin() + place, made);
 }
 
 } // namespace tarsel

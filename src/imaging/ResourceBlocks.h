@@ -44,6 +44,7 @@ private:
     };
     /// Reads the block at `position` and moves on; false when none begins there.
     bool readBlock(const QByteArray& bytes, qsizetype& position);
+    qsizetype placeOf(quint16 number) const;
 
     std::vector<Block> m_blocks;
     QByteArray m_tail;

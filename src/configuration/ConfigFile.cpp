@@ -1,0 +1,88 @@
+#include "configuration/ConfigFile.h"
+
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "base/SafeFileWriter.h"
+#include "configuration/RecordImage.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tarsel {
+
+namespace {
+
+/// What SplitterMain holds in a record that is to be thrown away.
+constexpr qint16 damagedRecordMark = 10;
+
+QString executableBaseName() {
+    return QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
+}
+
+/// A file that exists but can't be read counts as missing.
+bool configurationExists() {
+    return QFile(ConfigPath).open(QIODevice::ReadOnly);
+}
+
+void throwCorruptedFileAway() {
+    desktop().messageBox(QStringLiteral("Configuration data file is corrupted\n"
+                                        "Setting values will be initilized to default"),
+                         MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
+    DeleteConfiguration();
+}
+
+/// Reads the record, or makes the file that the end of the run will fill.
+void readRecord(const ConfigRecordData& defaults) {
+    if (configurationExists()) {
+        ConfigRecord = recordFromImage(readWholeFile(ConfigPath));
+        return;
+    }
+    ConfigRecord = defaults;
+    QDir().mkpath(QFileInfo(ConfigPath).path());
+    writeFileSafely(ConfigPath, {});
+}
+
+} // namespace
+
+void subLoadSetup(const QString& programFolder) {
+    const ConfigRecordData defaults = defaultRecord(programFolder);
+    const bool ended = trap("subLoadSetup", [&] {
+        ConfigPath = withSeparator(programFolder) + executableBaseName();
+        if (configurationExists() && ConfigPath.isEmpty())
+            throwCorruptedFileAway();
+        readRecord(defaults);
+    });
+    if (!ended)
+        ConfigRecord = defaults;
+}
+
+void subSaveSetup() {
+    trap("subSaveSetup", [] {
+        const QByteArray image = recordImage(ConfigRecord);
+        const QByteArray old = QFile::exists(ConfigPath) ? readWholeFile(ConfigPath) : QByteArray();
+        writeFileSafely(ConfigPath, image + old.mid(image.size()));
+    });
+}
+
+void DeleteConfiguration() {
+    QFile::remove(ConfigPath);
+}
+
+void loadConfiguration(const QString& programFolder) {
+    subLoadSetup(programFolder);
+    if (ConfigRecord.SplitterMain != damagedRecordMark)
+        return;
+    DeleteConfiguration();
+    subLoadSetup(programFolder);
+    if (ConfigRecord.SplitterMain == damagedRecordMark) // the file could not be removed
+        ConfigRecord = defaultRecord(programFolder);
+}
+
+void storeBasketThumbnailSize(int width, int height) {
+    ConfigRecord.BasketThumbHeight = qint16(width);
+    ConfigRecord.BasketThumbWidth = qint16(height);
+}
+
+} // namespace tarsel

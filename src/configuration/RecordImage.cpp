@@ -1,0 +1,101 @@
+#include "configuration/RecordImage.h"
+
+#include "base/CodePage.h"
+#include "base/TrappedError.h"
+#include "configuration/ConfigFields.h"
+
+#include <QtEndian>
+#include <limits>
+
+namespace tarsel {
+
+namespace {
+
+template <class Number>
+QByteArray numberBytes(Number number) {
+    QByteArray bytes(sizeof(Number), Qt::Uninitialized);
+    qToLittleEndian(number, bytes.data());
+    return bytes;
+}
+
+QByteArray textBytes(const ConfigField& field, const QString& text) {
+    const QByteArray bytes = codePage::encode(text);
+    if (field.type == FieldType::F)
+        return codePage::cut(bytes, fixedTextSize).leftJustified(fixedTextSize, ' ');
+    if (bytes.size() > std::numeric_limits<quint16>::max())
+        fail(ErrorNumber::Overflow, QLatin1String(field.name) + QStringLiteral(" is too long to be stored"));
+    return numberBytes(quint16(bytes.size())) + bytes;
+}
+
+QByteArray fieldBytes(const ConfigField& field, const ConfigValue& value) {
+    if (const QString* text = std::get_if<QString>(&value))
+        return textBytes(field, *text);
+    return std::visit(
+        [](const auto& number) {
+            if constexpr (std::is_same_v<std::decay_t<decltype(number)>, QString>)
+                return QByteArray();
+            else
+                return numberBytes(number);
+        },
+        value);
+}
+
+/// Takes fields from the front of the bytes. Once a field wasn't whole there are no bytes any more.
+class FieldReader {
+public:
+    explicit FieldReader(const QByteArray& bytes) : m_bytes(bytes) {}
+
+    ConfigValue value(FieldType type) {
+        switch (type) {
+        case FieldType::I1:
+            return number<quint8>();
+        case FieldType::I2:
+            return number<qint16>();
+        case FieldType::I4:
+            return number<qint32>();
+        case FieldType::R8:
+            return number<double>();
+        case FieldType::S:
+            return codePage::decode(take(number<quint16>()));
+        case FieldType::F:
+            return codePage::decode(take(fixedTextSize));
+        }
+        return {};
+    }
+
+private:
+    template <class Number>
+    Number number() {
+        const QByteArray bytes = take(sizeof(Number));
+        return bytes.isEmpty() ? Number(0) : qFromLittleEndian<Number>(bytes.constData());
+    }
+
+    QByteArray take(qsizetype size) {
+        const bool whole = size <= m_bytes.size() - m_at;
+        const QByteArray taken = whole ? m_bytes.mid(m_at, size) : QByteArray();
+        m_at = whole ? m_at + size : m_bytes.size();
+        return taken;
+    }
+
+    QByteArray m_bytes;
+    qsizetype m_at = 0;
+};
+
+} // namespace
+
+QByteArray recordImage(const ConfigRecordData& record) {
+    QByteArray image;
+    for (const ConfigField& field : configFields())
+        image += fieldBytes(field, field.value(record));
+    return image;
+}
+
+ConfigRecordData recordFromImage(const QByteArray& bytes) {
+    ConfigRecordData record;
+    FieldReader reader(bytes);
+    for (const ConfigField& field : configFields())
+        field.assign(record, reader.value(field.type));
+    return record;
+}
+
+} // namespace tarsel

@@ -1,0 +1,123 @@
+#include "metadata/ExifVocabulary.h"
+#include "metadata/modMetadata.h"
+#include "tests/support/TestDesktop.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::modMetadata;
+using namespace tarsel::test;
+
+namespace {
+
+struct Case {
+    const char* name;
+    const char* value;
+    const char* words;
+};
+
+QString words(const char* name, const char* value) {
+    return FormatExifAttributeValue(QString::fromLatin1(name), QString::fromLatin1(value));
+}
+
+} // namespace
+
+TEST(ExifWording, ValuesReadAsTheyShould) {
+    TestDesktop desktop;
+    constexpr Case cases[] = {
+        {"ExposureTime", "1/60", "1/60 s"},
+        {"ExposureTime", "10/1250", "1/125 s"},
+        {"ExposureTime", "3/10", "1/3.33333333333333 s"},
+        {"FNumber", "28/10", "f/2.8"},
+        {"FNumber", "8/1", "f/8"},
+        {"ExposureBiasValue", "-1/3", "-0.33 EV"},
+        {"ExposureBiasValue", "0/100", "0.00 EV"},
+        {"ApertureValue", "4/1", "f/4"},
+        {"MaxApertureValue", "3/1", "f/2.8"},
+        {"ShutterSpeedValue", "6/1", "1/64 s"},
+        {"ShutterSpeedValue", "-1/1", "1/0.5 s"},
+        {"FocalLength", "350/10", "35 mm"},
+        {"FocalLengthIn35mmFilm", "52", "52 mm"},
+        {"DigitalZoomRatio", "100/100", "100:100"},
+        {"ExposureIndex", "200/1", "200"},
+        {"CompressedBitsPerPixel", "3/2", "3"},
+        {"ExifVersion", "30,32,32,30", "2.2"},
+        {"ExifVersion", "30,32,31,30", "2.1"},
+        {"FlashPixVersion", " 30,31,30,30 ", "1.0"},
+        {"FlashPixVersion", "30,32,30,30", ""},
+        {"ComponentsConfiguration", "01,02,03,00", "YCrCb"},
+        {"ComponentsConfiguration", "04,05,06,00", "RGB"},
+        {"ComponentsConfiguration", "06", "Blue"},
+        {"ComponentsConfiguration", "07", ""},
+        {"Orientation", "3", "Bottom Left"},
+        {"Orientation", "4", "Bottom Left"},
+        {"Orientation", "9", ""},
+        {"ISOSpeedRatings", "200", ""},
+        {"ISOSpeedRatings", "18", "200"},
+        {"Flash", "3", ""},
+        {"LightSource", "5", ""},
+        {"LightSource", "24", "ISO studio tungesten"},
+        {"FileSource", "03", "DSC (Digital Still Camera)"},
+        {"FileSource", "1", "Other"},
+        {"SceneType", "01", "Directly photographed image"},
+        {"SceneType", "2", "Unknown"},
+        {"Compression", "32773", "PackBits"},
+        {"ColorSpace", "65535", "Uncalibrated"},
+        {"Software", "1", ""},
+        {"orientation", "1", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(words(c.name, c.value), QString::fromLatin1(c.words)) << c.name << " " << c.value;
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST(ExifWording, ValuesThatCannotBeComputedAreReportedAndGiveNothing) {
+    constexpr std::pair<const char*, const char*> cases[] = {
+        {"ExposureTime", "0/1"},         {"FNumber", "28/0"}, {"FNumber", "0/0"}, {"Orientation", "left"},
+        {"ShutterSpeedValue", "9999/1"}, {"Flash", ""},
+    };
+    for (const auto& [name, value] : cases) {
+        TestDesktop desktop;
+        EXPECT_EQ(words(name, value), QString());
+        ASSERT_EQ(desktop.reports.size(), 1u) << name << " " << value;
+        EXPECT_EQ(desktop.reports[0].ErrTrappingString,
+                  QStringLiteral("Read exif attribute and interpret it to readable format"));
+    }
+}
+
+TEST(ExifWording, EveryWordOfEveryVocabularyIsFoundByItsNumber) {
+    TestDesktop desktop;
+    for (const ExifVocabulary& vocabulary : exifVocabularies())
+        for (const ExifWord& word : vocabulary.words)
+            EXPECT_EQ(words(vocabulary.name, std::to_string(word.value).c_str()),
+                      QString::fromLatin1(word.text))
+                << vocabulary.name;
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST(ExifWording, LabelsSplitAtCapitalsUnlessTheTableSaysOtherwise) {
+    constexpr std::pair<const char*, const char*> cases[] = {
+        {"ExifOffset", "Exif Offset"},
+        {"FocalPlaneXResolution", "Focal Plane X Resolution"},
+        {"FNumber", "F-Number"},
+        {"FocalLengthIn35mmFilm", "FocalLength In 35mm Film"},
+        {"ReferenceBlackWhite", "Reference Black/White"},
+        {"ISOSpeedRatings", "ISO Speed Ratings"},
+        {"Software", ""},
+        {"Make", ""},
+        {"exifoffset", ""},
+    };
+    for (const auto& [name, label] : cases)
+        EXPECT_EQ(FormatExifAttributeName(QString::fromLatin1(name)), QString::fromLatin1(label)) << name;
+}
+
+TEST(ExifWording, RationalsAreReadAtTheLastSlashAndWithoutOneDifferently) {
+    EXPECT_EQ(RationalNumerator(QStringLiteral("10/1250")), 10);
+    EXPECT_EQ(RationalDenominator(QStringLiteral("10/1250")), 1250);
+    EXPECT_EQ(RationalNumerator(QStringLiteral("125")), 0);
+    EXPECT_EQ(RationalDenominator(QStringLiteral("125")), 125);
+    EXPECT_EQ(RationalNumerator(QStringLiteral("4294967295/1")), 0);
+    EXPECT_EQ(RationalDenominator(QStringLiteral("1/x")), 0);
+    EXPECT_EQ(RationalNumerator(QString()), 0);
+    EXPECT_EQ(RationalDenominator(QString()), 0);
+}

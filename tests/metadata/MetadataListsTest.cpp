@@ -1,0 +1,165 @@
+#include "imaging/IptcFields.h"
+#include "metadata/modMetadata.h"
+#include "tests/metadata/PictureBlocks.h"
+#include "tests/metadata/TiffStructure.h"
+#include "tests/support/Corpus.h"
+#include "tests/support/TestDesktop.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::modMetadata;
+using namespace tarsel::test;
+
+namespace {
+
+const QString path = QStringLiteral("/pictures/dsc1.jpg");
+
+ImageBox boxWith(const EmbeddedMetadata& blocks) {
+    ImageBox box;
+    box.setPictureHandle(Picture(4, 3, 3));
+    box.metadata() = MetadataStore(blocks);
+    return box;
+}
+
+int rowOf(const ListView& list, const char* label) {
+    for (int i = 0; i < list.count(); ++i)
+        if (list.row(i).text == QLatin1String(label))
+            return i;
+    return -1;
+}
+
+QString valueOf(const ListView& list, const char* label) {
+    const int row = rowOf(list, label);
+    return row < 0 ? QStringLiteral("no row") : list.subItem(row, 1);
+}
+
+} // namespace
+
+TEST(MetadataLists, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
+    TestDesktop desktop;
+    ImageBox box = boxWith({});
+    box.ExifSet(QStringLiteral("Make"), QStringLiteral("Acme"));
+    box.ExifSet(QStringLiteral("Software"), QStringLiteral("Editor"));
+    box.ExifSet(QStringLiteral("DateTimeOriginal"), QStringLiteral("2004:01:31 15:05:09"));
+    ListView list;
+    ListExifAttributes(box, list, path);
+    EXPECT_EQ(list.tag(), path);
+    const ListRow& make = list.row(rowOf(list, "Make"));
+    EXPECT_EQ(make.key, QStringLiteral("Make"));
+    EXPECT_EQ(make.tag, QStringLiteral("Make"));
+    EXPECT_EQ(make.icon, editableIcon);
+    const ListRow& software = list.row(rowOf(list, "Software"));
+    EXPECT_TRUE(software.key.isEmpty());
+    EXPECT_EQ(software.tag, QStringLiteral("Software"));
+    EXPECT_EQ(software.icon, -1);
+    EXPECT_EQ(valueOf(list, "Date/Time Original"), QStringLiteral("1/31/2004 3:05:09 PM"));
+    EXPECT_EQ(list.row(rowOf(list, "Date/Time Original")).key, QStringLiteral("DateTimeOriginal"));
+}
+
+TEST(MetadataLists, ADateThatIsNoneIsReportedAndTheRowsBeforeItStay) {
+    TestDesktop desktop;
+    ImageBox box = boxWith({});
+    box.ExifSet(QStringLiteral("Make"), QStringLiteral("Acme"));
+    box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("yesterday"));
+    box.ExifSet(QStringLiteral("FNumber"), QStringLiteral("28/10"));
+    ListView list;
+    ListExifAttributes(box, list, path);
+    ASSERT_EQ(desktop.reports.size(), 1u);
+    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modMetadata.ReadFileEXIFInfo"));
+    EXPECT_EQ(valueOf(list, "Make"), QStringLiteral("Acme"));
+    EXPECT_EQ(rowOf(list, "F-Number"), -1);
+}
+
+TEST(MetadataLists, AnUnknownDateOfACameraIsNoError) {
+    TestDesktop desktop;
+    ImageBox box = boxWith({});
+    box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("0000:00:00 00:00:00"));
+    box.ExifSet(QStringLiteral("DateTimeOriginal"), QStringLiteral("    :  :     :  :  "));
+    ListView list;
+    ListExifAttributes(box, list, path);
+    EXPECT_TRUE(desktop.reports.empty());
+    EXPECT_EQ(valueOf(list, "Date/Time"), QStringLiteral("12/30/1899 12:00:00 AM"));
+}
+
+TEST(MetadataLists, AValueThatCannotBeWordedShowsRawAndTheListGoesOn) {
+    TestDesktop desktop;
+    ImageBox box = boxWith({});
+    box.ExifSet(QStringLiteral("ExposureTime"), QStringLiteral("0/1"));
+    box.ExifSet(QStringLiteral("MeteringMode"), QStringLiteral("5"));
+    ListView list;
+    ListExifAttributes(box, list, path);
+    EXPECT_EQ(desktop.reports.size(), 1u);
+    EXPECT_EQ(valueOf(list, "Exposure Time"), QStringLiteral("0/1"));
+    EXPECT_EQ(valueOf(list, "Metering Mode"), QStringLiteral("Multi-segment"));
+}
+
+TEST(MetadataLists, APictureWithoutIptcHasAllRowsAndEachIsEmpty) {
+    TestDesktop desktop;
+    const ImageBox box = boxWith({});
+    ListView list;
+    ListIptcAttributes(box, list, path);
+    ASSERT_EQ(list.count(), 52);
+    for (int i = 0; i < list.count(); ++i) {
+        EXPECT_TRUE(list.subItem(i, 1).isEmpty()) << i;
+        EXPECT_EQ(list.row(i).icon, editableIcon);
+        EXPECT_TRUE(list.row(i).key.isEmpty() && list.row(i).tag.isEmpty());
+    }
+    EXPECT_EQ(list.row(0).text, QStringLiteral("Caption"));
+    EXPECT_EQ(list.row(31).text, QStringLiteral("Custom Field 1"));
+    EXPECT_EQ(list.row(50).text, QStringLiteral("Custom Field 20"));
+    EXPECT_EQ(list.row(51).text, QStringLiteral("Image Notes"));
+}
+
+TEST(MetadataLists, KeywordsAreJoinedByCommasAndDatesShowShort) {
+    TestDesktop desktop;
+    ImageBox box = boxWith({});
+    setIptcList(box.metadata(), "IptcKeyword", {QStringLiteral("ship"), QStringLiteral("sea, calm")});
+    setIptcDate(box.metadata(), "IptcDateCreated", QDate(2004, 1, 31).startOfDay());
+    ListView list;
+    ListIptcAttributes(box, list, path);
+    EXPECT_EQ(valueOf(list, "Keywords"), QStringLiteral("ship,sea, calm"));
+    EXPECT_EQ(valueOf(list, "Date Created"), QStringLiteral("1/31/2004"));
+    EXPECT_EQ(valueOf(list, "Date Released"), QString());
+}
+
+TEST(MetadataLists, AnEmptyBoxGivesNoRowsAndLeavesTheTag) {
+    TestDesktop desktop;
+    ListView list;
+    list.setTag(QStringLiteral("before"));
+    ListExifAttributes(ImageBox(), list, path);
+    ListIptcAttributes(ImageBox(), list, path);
+    EXPECT_TRUE(list.isEmpty());
+    EXPECT_EQ(list.tag(), QStringLiteral("before"));
+}
+
+TEST(MetadataLists, LookupsIgnoreCaseAndBlanksButKeysAreExact) {
+    EXPECT_TRUE(IsExifEditable(QStringLiteral("  make ")));
+    EXPECT_FALSE(IsExifEditable(QStringLiteral("Software")));
+    EXPECT_TRUE(IsExifDate(QStringLiteral("DATETIMEoriginal")));
+    EXPECT_FALSE(IsExifDate(QStringLiteral("Make")));
+    EXPECT_TRUE(IsIptcDate(QStringLiteral("time released")));
+    ListView list;
+    EXPECT_TRUE(ListKeyIsFree(list, QStringLiteral("Make")));
+    ListRow make;
+    make.key = QStringLiteral("Make");
+    list.add(make);
+    EXPECT_TRUE(ListKeyIsFree(list, QStringLiteral("make")));
+    EXPECT_FALSE(ListKeyIsFree(list, QStringLiteral("Make")));
+}
+
+TEST(MetadataLists, EveryPictureOfTheCorpusIsListedWithoutACrash) {
+    TARSEL_REQUIRE_CORPUS();
+    for (const CorpusPicture& picture : corpusPictures()) {
+        TestDesktop desktop;
+        const ImageBox box = boxWith(blocksOfPicture(picture.path));
+        ListView exif;
+        ListView iptc;
+        ListExifAttributes(box, exif, picture.path);
+        ListIptcAttributes(box, iptc, picture.path);
+        EXPECT_EQ(iptc.count(), 52);
+        if (picture.fact("category") == QLatin1String("meta")) {
+            EXPECT_EQ(exif.count(), box.ExifCount()) << qPrintable(picture.path);
+        }
+    }
+}

@@ -1,0 +1,173 @@
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "imaging/IptcFields.h"
+#include "metadata/clsFileEXIF.h"
+#include "metadata/modMetadata.h"
+#include "tests/support/TestDesktop.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+class SideFile : public testing::Test {
+protected:
+    TestDesktop desktop;
+    QTemporaryDir folder;
+
+    QString path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+    QString written(const QByteArray& bytes) const {
+        writeFileSafely(path("side"), bytes);
+        return path("side");
+    }
+};
+
+/// One value for every member, with letters beyond any code page.
+MetadataStore fullStore() {
+    MetadataStore store;
+    int number = 0;
+    for (const IptcField& field : iptcFields()) {
+        const std::string member = field.member.toStdString();
+        ++number;
+        switch (field.kind) {
+        case IptcKind::Text:
+            setIptcText(store, member, QStringLiteral("%1 谢谢").arg(number));
+            break;
+        case IptcKind::List:
+            setIptcList(store, member, {QStringLiteral("a%1").arg(number), QStringLiteral("b, ü")});
+            break;
+        case IptcKind::Date:
+        case IptcKind::Time:
+            setIptcDate(store, member, QDateTime(QDate(2004, 1, 1), QTime(1, 2, 3)).addDays(number));
+            break;
+        case IptcKind::Urgency:
+            setIptcUrgency(store, 3);
+            break;
+        }
+    }
+    return store;
+}
+
+qint32 errorOf(const std::function<void()>& body) {
+    try {
+        body();
+    } catch (const TrappedError& error) {
+        return error.number;
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_F(SideFile, EveryIptcMemberComesBackFromAnFfoFile) {
+    const MetadataStore saved = fullStore();
+    saved.IptcSaveToFile(path("all.ffo"));
+    MetadataStore loaded;
+    loaded.IptcLoadFromFile(path("all.ffo"));
+    for (const IptcField& field : iptcFields()) {
+        EXPECT_FALSE(saved.iptcList(field.dataset).isEmpty()) << qPrintable(field.member);
+        EXPECT_EQ(loaded.iptcList(field.dataset), saved.iptcList(field.dataset)) << qPrintable(field.member);
+    }
+}
+
+TEST_F(SideFile, AnFfoFileReplacesAllIptcDataAndNothingElse) {
+    MetadataStore source;
+    setIptcText(source, "IptcHeadline", QStringLiteral("new"));
+    source.IptcSaveToFile(path("one.ffo"));
+    EmbeddedMetadata blocks = fullStore().blocks();
+    const QByteArray resolution("8BIM\x03\xED\0\0\0\0\0\x02ok", 14);
+    blocks.resources = resolution + blocks.resources;
+    MetadataStore target(blocks);
+    target.IptcLoadFromFile(path("one.ffo"));
+    EXPECT_EQ(iptcText(target, "IptcHeadline"), QStringLiteral("new"));
+    EXPECT_TRUE(iptcText(target, "IptcCaption").isEmpty());
+    EXPECT_TRUE(iptcList(target, "IptcKeyword").isEmpty());
+    EXPECT_TRUE(target.blocks().resources.startsWith(resolution));
+}
+
+TEST_F(SideFile, AnFfoFileWithoutDataEmptiesThePicture) {
+    MetadataStore().IptcSaveToFile(path("none.ffo"));
+    MetadataStore target = fullStore();
+    target.IptcLoadFromFile(path("none.ffo"));
+    EXPECT_FALSE(target.HasIptc());
+}
+
+TEST_F(SideFile, AnFfoFileCutAnywhereIsRefusedAndLeavesThePicture) {
+    fullStore().IptcSaveToFile(path("all.ffo"));
+    const QByteArray whole = readWholeFile(path("all.ffo"));
+    MetadataStore target;
+    setIptcText(target, "IptcHeadline", QStringLiteral("kept"));
+    const QByteArray before = target.blocks().resources;
+    for (qsizetype size = 0; size < whole.size() - 1; ++size) {
+        const QString cut = written(whole.left(size));
+        EXPECT_EQ(errorOf([&] { target.IptcLoadFromFile(cut); }), ErrorNumber::UnreadableFile) << size;
+        EXPECT_EQ(target.blocks().resources, before);
+    }
+    EXPECT_EQ(errorOf([&] { target.IptcLoadFromFile(path("missing.ffo")); }), ErrorNumber::FileNotFound);
+}
+
+TEST_F(SideFile, RecordsOfAXiffFileAreQuotedAndComeBack) {
+    clsFileEXIF file;
+    ASSERT_TRUE(file.OpenForWrite(path("a.xiff")));
+    EXPECT_TRUE(file.IsOpen());
+    file.WriteEXIF(QStringLiteral("Make"), QStringLiteral("Acme, Inc."));
+    file.WriteEXIF(QStringLiteral("Artist"), QStringLiteral("谢谢"));
+    file.closefile();
+    EXPECT_TRUE(readWholeFile(path("a.xiff")).startsWith("\"Make\",\"Acme, Inc.\"\r\n"));
+    ASSERT_TRUE(file.OpenForRead(path("a.xiff")));
+    EXPECT_EQ(file.FileName(), path("a.xiff"));
+    QString name;
+    QString value;
+    file.ReadEXIF(name, value);
+    EXPECT_EQ(value, QStringLiteral("Acme, Inc."));
+    file.ReadEXIF(name, value);
+    EXPECT_EQ(name, QStringLiteral("Artist"));
+    EXPECT_EQ(value, QStringLiteral("谢谢"));
+    EXPECT_TRUE(file.fEof());
+}
+
+TEST_F(SideFile, NothingIsReadFromOrWrittenToAFileThatIsNotOpen) {
+    clsFileEXIF file;
+    EXPECT_FALSE(file.OpenForRead(path("missing.xiff")));
+    EXPECT_TRUE(file.fEof());
+    QString name = QStringLiteral("before");
+    QString value = name;
+    file.ReadEXIF(name, value);
+    file.WriteEXIF(name, value);
+    EXPECT_EQ(name, QStringLiteral("before"));
+    EXPECT_EQ(file.readLine(), QString());
+}
+
+TEST_F(SideFile, AppliedAttributesBrandThePictureAndDatesAreTurned) {
+    ImageBox box;
+    modMetadata::ApplyXiffFile(written("\"Make\",\"Acme, Inc.\"\r\n"
+                                       "  DateTimeOriginal ,\"1/31/2004 3:05:09 PM\"\r\n"
+                                       "\"FNumber\",\"28/10\"\r\n"
+                                       "\"NoSuchName\",\"x\"\r\n"),
+                               box);
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("Make")), QStringLiteral("Acme, Inc."));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("DateTimeOriginal")), QStringLiteral("2004:01:31 15:05:09"));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("FNumber")), QStringLiteral("28/10"));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("Software")), modMetadata::ProductTitle);
+}
+
+TEST_F(SideFile, AFileThatSetsNothingDoesNotBrand) {
+    ImageBox box;
+    modMetadata::ApplyXiffFile(written(""), box);
+    modMetadata::ApplyXiffFile(written("\"NoSuchName\",\"x\"\r\n"), box);
+    modMetadata::ApplyXiffFile(path("missing.xiff"), box);
+    EXPECT_EQ(box.ExifCount(), 0);
+}
+
+TEST_F(SideFile, ADateThatIsNoneAndARecordThatIsCutAreErrors) {
+    ImageBox box;
+    const auto apply = [&](const QByteArray& bytes) {
+        return errorOf([&] { modMetadata::ApplyXiffFile(written(bytes), box); });
+    };
+    EXPECT_EQ(apply("\"Make\",\"Acme\"\r\n\"DateTime\",\"yesterday\"\r\n"), ErrorNumber::TypeMismatch);
+    EXPECT_EQ(apply("\"Artist\"\r\n"), ErrorNumber::InputPastEnd);
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("Make")), QStringLiteral("Acme"));
+}
