@@ -18,6 +18,12 @@ const QLatin1String PlainExtension(".ibf");
 const QLatin1String DescribedExtension(".ibd");
 constexpr int DescribedFilter = 3;
 
+/// One line of a basket file.
+struct Entry {
+    QString path;
+    QString description;
+};
+
 QStringList distinctSources(const ListView& lvPages) {
     QStringList sources;
     QSet<QString> known;
@@ -59,10 +65,28 @@ QString pathOfLine(const QString& line, const QString& file, size_t number) {
     return trimmed.mid(1, trimmed.size() - 2);
 }
 
-void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, CollectionLists& lists) {
+std::vector<Entry> readEntries(const QString& path) {
+    clsFile file;
+    if (!file.OpenForRead(path))
+        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
+    const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
+    const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
+    std::vector<Entry> entries;
+    while ((plain || described) && !file.fEof()) {
+        Entry entry;
+        if (plain)
+            entry.path = pathOfLine(file.readLine(), path, entries.size() + 1);
+        else
+            file.read_ImageBasket(entry.path, entry.description);
+        entries.push_back(std::move(entry));
+    }
+    return entries;
+}
+
+void addEntries(const std::vector<Entry>& entries, Basket& basket, CollectionLists& lists) {
     lists.pbQueue.start(int(entries.size()), 1);
     for (int i = 0; i < int(entries.size()); ++i) {
-        const BasketEntry& entry = entries[size_t(i)];
+        const Entry& entry = entries[size_t(i)];
         desktop().yield();
         if (clsFileInfo::CheckIfFileExists(entry.path)) {
             basket.subAddEntryToListView(entry.path);
@@ -76,24 +100,6 @@ void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, Collect
 
 } // namespace
 
-std::vector<BasketEntry> readBasketEntries(const QString& path) {
-    clsFile file;
-    if (!file.OpenForRead(path))
-        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
-    const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
-    const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
-    std::vector<BasketEntry> entries;
-    while ((plain || described) && !file.fEof()) {
-        BasketEntry entry;
-        if (plain)
-            entry.path = pathOfLine(file.readLine(), path, entries.size() + 1);
-        else
-            file.read_ImageBasket(entry.path, entry.description);
-        entries.push_back(std::move(entry));
-    }
-    return entries;
-}
-
 bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages) {
     if (lvPages.isEmpty())
         return false;
@@ -103,7 +109,7 @@ bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lv
 bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists) {
     const bool ended = trap("modSaveOpenImageList.fncOpenImageBasket", [&] {
         basket.empty();
-        const std::vector<BasketEntry> entries = readBasketEntries(path);
+        const std::vector<Entry> entries = readEntries(path);
         if (!entries.empty())
             addEntries(entries, basket, lists);
     });

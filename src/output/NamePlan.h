@@ -3,6 +3,8 @@
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 
+#include "output/OutputName.h"
+
 #include <QHash>
 #include <QString>
 #include <optional>
@@ -49,6 +51,7 @@ public:
 
 private:
     PlannedName plan(int index);
+    OutputName nameOf(int index, bool& known) const;
     void findClash(PlannedName& planned);
 
     const ListView& m_pages;
