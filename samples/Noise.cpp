@@ -21,22 +21,19 @@ float chance(std::int32_t x, std::int32_t y, std::uint32_t seed) {
 namespace {
 
 /// Random heights of a lattice that repeats after `side` points: far quicker than mixing numbers anew.
-class Lattice {
-public:
-    Lattice() {
-        for (int i = 0; i < side * side; ++i)
-            m_heights[i] = chance(i, i >> 8, 77);
-    }
-    const float* row(std::int32_t y) const { return &m_heights[std::size_t(y & (side - 1)) * side]; }
-    static constexpr int side = 256;
+constexpr int side = 256;
 
-private:
-    std::vector<float> m_heights = std::vector<float>(std::size_t(side) * side);
-};
+std::vector<float> randomHeights() {
+    std::vector<float> heights(std::size_t(side) * side);
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        heights[i] = chance(std::int32_t(i), std::int32_t(i >> 8), 77);
+    return heights;
+}
 
-const Lattice& lattice() {
-    static const Lattice made;
-    return made;
+const std::vector<float> lattice = randomHeights();
+
+const float* latticeRow(std::int32_t y) {
+    return &lattice[std::size_t(y & (side - 1)) * side];
 }
 
 /// The same as std::floor, which is a call on processors without an instruction for it.
@@ -53,10 +50,10 @@ Bump bump(float x, float y, std::uint32_t seed) {
     const float u = x - float(left);
     const float v = y - float(top);
     const std::int32_t row = top + std::int32_t(seed * 57);
-    const std::int32_t column = (left + std::int32_t(seed * 131)) & (Lattice::side - 1);
-    const std::int32_t next = (column + 1) & (Lattice::side - 1);
-    const float* above = lattice().row(row);
-    const float* below = lattice().row(row + 1);
+    const std::int32_t column = (left + std::int32_t(seed * 131)) & (side - 1);
+    const std::int32_t next = (column + 1) & (side - 1);
+    const float* above = latticeRow(row);
+    const float* below = latticeRow(row + 1);
     const float a = above[column];
     const float b = above[next] - a;
     const float c = below[column] - a;

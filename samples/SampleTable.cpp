@@ -53,7 +53,7 @@ const std::array table{
         "city;rain;lights;bokeh", "K\xc3\xb6ln", "Germany"}),
     sample("misty-islands", mistyIslands, {"2022:09:30 07:11:38", "1/200", "8/1", "200", "135/1",
         "Islands in the mist", "On black and white film; the ferry had not left yet.",
-        "sea;islands;mist;black and white", "Kragero", "Norway"}),
+        "sea;islands;mist;black and white", "Krager\xc3\xb8", "Norway"}),
 };
 // clang-format on
 

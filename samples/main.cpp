@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QTemporaryDir>
 #include <atomic>
 #include <cstdio>
 #include <functional>
@@ -37,7 +38,10 @@ bool workOff(const std::vector<std::function<void()>>& works) {
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // text needs a platform's fonts, and no display
+    // Text needs the fonts of a platform, and no display; the platform wants a folder of its own at run time.
+    const QTemporaryDir runtime;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     const QGuiApplication application(argc, argv);
     if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
         std::fprintf(stderr, "usage: tarsel-samples FOLDER\n");

@@ -91,8 +91,8 @@ void writePage(TIFF* file, const QImage& sheet, int number, int count) {
     TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, 1);
     TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, 256);
     TIFFSetField(file, TIFFTAG_COMPRESSION, mono ? COMPRESSION_CCITTFAX4 : COMPRESSION_LZW);
-    // Colour 0 of QImage's two is black.
-    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+    const bool zeroIsWhite = mono && sheet.color(0) == qRgb(255, 255, 255);
+    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, zeroIsWhite ? PHOTOMETRIC_MINISWHITE : PHOTOMETRIC_MINISBLACK);
     TIFFSetField(file, TIFFTAG_XRESOLUTION, 150.0);
     TIFFSetField(file, TIFFTAG_YRESOLUTION, 150.0);
     TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);

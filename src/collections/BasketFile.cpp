@@ -18,12 +18,6 @@ const QLatin1String PlainExtension(".ibf");
 const QLatin1String DescribedExtension(".ibd");
 constexpr int DescribedFilter = 3;
 
-/// One line of a basket file.
-struct Entry {
-    QString path;
-    QString description;
-};
-
 QStringList distinctSources(const ListView& lvPages) {
     QStringList sources;
     QSet<QString> known;
@@ -65,28 +59,10 @@ QString pathOfLine(const QString& line, const QString& file, size_t number) {
     return trimmed.mid(1, trimmed.size() - 2);
 }
 
-std::vector<Entry> readEntries(const QString& path) {
-    clsFile file;
-    if (!file.OpenForRead(path))
-        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
-    const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
-    const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
-    std::vector<Entry> entries;
-    while ((plain || described) && !file.fEof()) {
-        Entry entry;
-        if (plain)
-            entry.path = pathOfLine(file.readLine(), path, entries.size() + 1);
-        else
-            file.read_ImageBasket(entry.path, entry.description);
-        entries.push_back(std::move(entry));
-    }
-    return entries;
-}
-
-void addEntries(const std::vector<Entry>& entries, Basket& basket, CollectionLists& lists) {
+void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, CollectionLists& lists) {
     lists.pbQueue.start(int(entries.size()), 1);
     for (int i = 0; i < int(entries.size()); ++i) {
-        const Entry& entry = entries[size_t(i)];
+        const BasketEntry& entry = entries[size_t(i)];
         desktop().yield();
         if (clsFileInfo::CheckIfFileExists(entry.path)) {
             basket.subAddEntryToListView(entry.path);
@@ -100,6 +76,24 @@ void addEntries(const std::vector<Entry>& entries, Basket& basket, CollectionLis
 
 } // namespace
 
+std::vector<BasketEntry> readBasketEntries(const QString& path) {
+    clsFile file;
+    if (!file.OpenForRead(path))
+        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
+    const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
+    const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
+    std::vector<BasketEntry> entries;
+    while ((plain || described) && !file.fEof()) {
+        BasketEntry entry;
+        if (plain)
+            entry.path = pathOfLine(file.readLine(), path, entries.size() + 1);
+        else
+            file.read_ImageBasket(entry.path, entry.description);
+        entries.push_back(std::move(entry));
+    }
+    return entries;
+}
+
 bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages) {
     if (lvPages.isEmpty())
         return false;
@@ -109,7 +103,7 @@ bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lv
 bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists) {
     const bool ended = trap("modSaveOpenImageList.fncOpenImageBasket", [&] {
         basket.empty();
-        const std::vector<Entry> entries = readEntries(path);
+        const std::vector<BasketEntry> entries = readBasketEntries(path);
         if (!entries.empty())
             addEntries(entries, basket, lists);
     });

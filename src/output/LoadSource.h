@@ -6,6 +6,9 @@
 
 namespace tarsel {
 
+/// Whether a picture of this extension is loaded by the box itself, and so with its metadata.
+bool carriesMetadata(const QString& path);
+
 /// Brings a picture file into the box as the batch does: the usual formats by the box itself, with their
 /// metadata; every other extension, and a file that the box can't make sense of, by fncLoadPicture, without
 /// metadata. False, with an empty box, when nothing knows the content; other failures are raised.

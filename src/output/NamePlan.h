@@ -3,8 +3,6 @@
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 
-#include "output/OutputName.h"
-
 #include <QHash>
 #include <QString>
 #include <optional>
@@ -51,7 +49,6 @@ public:
 
 private:
     PlannedName plan(int index);
-    OutputName nameOf(int index, bool& known) const;
     void findClash(PlannedName& planned);
 
     const ListView& m_pages;

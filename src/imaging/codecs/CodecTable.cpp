@@ -1,7 +1,10 @@
 #include "imaging/codecs/Codec.h"
 
 #include "base/TrappedError.h"
+#include "imaging/codecs/BmpCodec.h"
 #include "imaging/codecs/JpegCodec.h"
+#include "imaging/codecs/PngCodec.h"
+#include "imaging/codecs/TiffCodec.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -12,6 +15,9 @@ namespace tarsel {
 std::span<const Codec> codecs() {
     static const std::array table = {
         jpegCodec(),
+        tiffCodec(),
+        pngCodec(),
+        bmpCodec(),
     };
     return table;
 }

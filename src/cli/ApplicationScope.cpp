@@ -1,0 +1,45 @@
+#include "cli/ApplicationScope.h"
+
+#include <QGuiApplication>
+#include <clocale>
+#include <cstdlib>
+#include <langinfo.h>
+#include <string_view>
+
+namespace tarsel::cli {
+
+namespace {
+
+char programName[] = "tarsel";
+char* programArguments[] = {programName, nullptr};
+int programArgumentCount = 1;
+
+/// File names are UTF-8 whatever the locale says; Qt would warn of any other.
+void requireUtf8Locale() {
+    std::setlocale(LC_ALL, "");
+    if (std::string_view(nl_langinfo(CODESET)) != "UTF-8")
+        ::setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+/// Libraries talk of what a user can't mend.
+void onlyFatalMessages(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "tarsel: %s\n", qUtf8Printable(text));
+}
+
+} // namespace
+
+ApplicationScope::ApplicationScope(bool withFonts) {
+    requireUtf8Locale();
+    qInstallMessageHandler(onlyFatalMessages);
+    if (withFonts) {
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        m_application = std::make_unique<QGuiApplication>(programArgumentCount, programArguments);
+    } else {
+        m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
+    }
+}
+
+ApplicationScope::~ApplicationScope() = default;
+
+} // namespace tarsel::cli

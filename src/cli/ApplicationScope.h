@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <memory>
+
+namespace tarsel::cli {
+
+/// The application object for as long as it lives. One with fonts takes longer to start; it runs on the
+/// offscreen platform and needs no display.
+class ApplicationScope {
+public:
+    explicit ApplicationScope(bool withFonts);
+    ~ApplicationScope();
+
+private:
+    std::unique_ptr<QCoreApplication> m_application;
+};
+
+} // namespace tarsel::cli

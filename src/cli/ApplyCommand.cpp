@@ -1,0 +1,86 @@
+#include "base/ErrorTrap.h"
+#include "cli/ApplicationScope.h"
+#include "cli/BasketWorkspace.h"
+#include "cli/Command.h"
+#include "cli/RowReport.h"
+#include "cli/TaskSource.h"
+#include "cli/Terminal.h"
+#include "collections/clsFileInfo.h"
+#include "imaging/codecs/Codec.h"
+#include "output/LoadSource.h"
+#include "tasks/modProcessTasks.h"
+
+namespace tarsel::cli {
+
+namespace {
+
+constexpr OptionSpec options[] = {
+    {"tasks", "F.tbf", "the task list; must be given"},
+    {"json", nullptr, "one JSON object: row, source, target, state, reason"},
+};
+
+QString writableExtensions() {
+    QStringList extensions;
+    for (const Codec& codec : codecs())
+        if (codec.encode)
+            extensions += codec.extensions;
+    return extensions.join(QStringLiteral(", "));
+}
+
+void requireWritable(const QString& path) {
+    const Codec* codec = codecForExtension(modFileSystem::GetFileExtension(path).toLower());
+    if (!codec || !codec->encode)
+        throw UsageError{QStringLiteral("%1: the extension names no format that can be written (%2)")
+                             .arg(path, writableExtensions())};
+}
+
+/// A list that ends early leaves nothing behind: the picture would be none that was asked for.
+void apply(const QString& source, const QString& target, const TaskList& tasks) {
+    ImageBox box;
+    if (!loadSource(box, source))
+        fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": unknown content"));
+    const ListView noSelection;
+    if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
+        fail(ErrorNumber::InvalidCall,
+             QStringLiteral("%1: the task list ended early, nothing was written").arg(source));
+    box.SaveToFile(target);
+}
+
+int run(const Arguments& arguments, Terminal& terminal) {
+    if (!arguments.has("tasks"))
+        throw UsageError{QStringLiteral("--tasks is missing")};
+    if (arguments.operands().size() != 2)
+        throw UsageError{QStringLiteral("IN and OUT are needed, and nothing else")};
+    RowResult result{.row = 1,
+                     .source = absolutePath(arguments.operands().at(0)),
+                     .target = absolutePath(arguments.operands().at(1)),
+                     .state = RowState::Written,
+                     .reason = {}};
+    requireWritable(result.target);
+    TaskList tasks;
+    readTasks(absolutePath(arguments.value("tasks")), tasks);
+    const ApplicationScope application(drawsText(tasks));
+    RowReport report(terminal, arguments.has("json"));
+    try {
+        apply(result.source, result.target, tasks);
+    } catch (const TrappedError& error) {
+        result.state = RowState::Failed;
+        result.reason = error.description;
+        terminal.message(QStringLiteral("tarsel: ") + error.description);
+    }
+    report.add(result);
+    return report.allDone(false) ? AllDone : SomeNotDone;
+}
+
+} // namespace
+
+constexpr Command applyCommand{
+    .name = "apply",
+    .operands = "--tasks F.tbf IN OUT",
+    .summary = "Replay a task list on one picture; OUT's extension names the format.",
+    .notes = "Metadata go along where the format holds them. When a task fails nothing is written.",
+    .options = options,
+    .run = run,
+};
+
+} // namespace tarsel::cli

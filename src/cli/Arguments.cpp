@@ -1,0 +1,76 @@
+#include "cli/Arguments.h"
+
+#include <algorithm>
+
+namespace tarsel::cli {
+
+namespace {
+
+const OptionSpec* findOption(const QString& name, std::span<const OptionSpec> options) {
+    const auto found = std::ranges::find_if(
+        options, [&](const OptionSpec& option) { return name == QLatin1String(option.name); });
+    return found == options.end() ? nullptr : &*found;
+}
+
+bool isHelp(const QString& word) {
+    return word == QLatin1String("--help") || word == QLatin1String("-h");
+}
+
+bool isOption(const QString& word) {
+    return word.size() > 1 && word.startsWith(QLatin1Char('-'));
+}
+
+} // namespace
+
+Arguments::Arguments(const QStringList& words, std::span<const OptionSpec> options) {
+    QStringList rest = words;
+    while (!rest.isEmpty()) {
+        const QString word = rest.takeFirst();
+        if (word == QLatin1String("--")) {
+            m_operands += rest;
+            return;
+        }
+        if (isHelp(word))
+            m_help = true;
+        else if (isOption(word))
+            takeOption(word, rest, options);
+        else
+            m_operands << word;
+    }
+}
+
+void Arguments::takeOption(const QString& word, QStringList& rest, std::span<const OptionSpec> options) {
+    const qsizetype equals = word.indexOf(QLatin1Char('='));
+    const QString spelled = word.left(equals);
+    const OptionSpec* option =
+        spelled.startsWith(QLatin1String("--")) ? findOption(spelled.mid(2), options) : nullptr;
+    if (!option)
+        throw UsageError{QStringLiteral("unknown option %1").arg(spelled)};
+    const QString name = QString::fromLatin1(option->name);
+    if (m_values.contains(name))
+        throw UsageError{QStringLiteral("%1 is given twice").arg(spelled)};
+    if (!option->value && equals >= 0)
+        throw UsageError{QStringLiteral("%1 takes no value").arg(spelled)};
+    if (option->value && equals < 0 && rest.isEmpty())
+        throw UsageError{
+            QStringLiteral("%1 needs a value: %2").arg(spelled, QString::fromLatin1(option->value))};
+    m_values.insert(name, !option->value ? QString() : equals >= 0 ? word.mid(equals + 1) : rest.takeFirst());
+}
+
+QString Arguments::value(const char* name, const QString& fallback) const {
+    return m_values.value(QString::fromLatin1(name), fallback);
+}
+
+int numberIn(const QString& text, int lowest, int highest, const char* option) {
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    if (!isNumber || number < lowest || number > highest)
+        throw UsageError{QStringLiteral("--%1 takes a whole number from %2 to %3, not \"%4\"")
+                             .arg(QLatin1String(option))
+                             .arg(lowest)
+                             .arg(highest)
+                             .arg(text)};
+    return number;
+}
+
+} // namespace tarsel::cli

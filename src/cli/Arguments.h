@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <span>
+
+namespace tarsel::cli {
+
+/// One option of a command. Help, parser and messages read the same table.
+struct OptionSpec {
+    const char* name;  ///< without the dashes
+    const char* value; ///< what stands behind it, "FOLDER"; null for a switch
+    const char* help;
+};
+
+/// The command line can't be understood: a fact for the user.
+struct UsageError {
+    QString fact;
+};
+
+/// The words behind a command, taken apart: `--name value`, `--name=value`, switches, and operands. Behind
+/// "--" all words are operands; "-" alone is one.
+class Arguments {
+public:
+    /// Throws UsageError for an unknown option, a missing or an unwanted value, an option given twice.
+    Arguments(const QStringList& words, std::span<const OptionSpec> options);
+
+    bool has(const char* name) const { return m_values.contains(QLatin1String(name)); }
+    QString value(const char* name, const QString& fallback = {}) const;
+    const QStringList& operands() const { return m_operands; }
+    bool wantsHelp() const { return m_help; }
+
+private:
+    void takeOption(const QString& word, QStringList& rest, std::span<const OptionSpec> options);
+
+    QHash<QString, QString> m_values;
+    QStringList m_operands;
+    bool m_help = false;
+};
+
+/// A whole number within bounds; UsageError naming the option otherwise.
+int numberIn(const QString& text, int lowest, int highest, const char* option);
+
+} // namespace tarsel::cli

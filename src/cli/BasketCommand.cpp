@@ -1,0 +1,157 @@
+#include "base/ErrorTrap.h"
+#include "cli/ApplicationScope.h"
+#include "cli/BasketWorkspace.h"
+#include "cli/Command.h"
+#include "cli/JsonLine.h"
+#include "cli/Terminal.h"
+#include "collections/clsFileInfo.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+namespace tarsel::cli {
+
+namespace {
+
+constexpr OptionSpec options[] = {
+    {"description", "TEXT", "add, save: description of the pictures, kept by a .ibd basket"},
+    {"json", nullptr,
+     "list: one JSON object a line: row, name, path, source, resolution, size, type, description"},
+};
+
+constexpr int plainFilter = 2;
+constexpr int describedFilter = 3;
+
+/// The basket as `list` shows it: with pages, and without entries whose file is missing.
+int list(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
+    TerminalProgress progress(terminal);
+    BasketWorkspace basket(progress);
+    basket.fill({basketPath});
+    const ListView& pages = basket.pages();
+    for (int i = 0; i < pages.count(); ++i) {
+        const ListRow& row = pages.row(i);
+        const auto cell = [&](int column) { return pages.subItem(i, column); };
+        terminal.result(arguments.has("json") ? JsonLine()
+                                                    .add("row", i + 1)
+                                                    .add("name", row.text)
+                                                    .add("path", row.tag)
+                                                    .add("source", cell(BasketColumn::SourcePath))
+                                                    .add("resolution", cell(BasketColumn::Resolution))
+                                                    .add("size", cell(BasketColumn::FileSize))
+                                                    .add("type", cell(BasketColumn::Type))
+                                                    .add("description", cell(BasketColumn::Description))
+                                                    .text()
+                                              : QStringLiteral("%1  %2  %3  %4")
+                                                    .arg(i + 1, 5)
+                                                    .arg(cell(BasketColumn::Resolution), 13)
+                                                    .arg(cell(BasketColumn::SourcePath), row.text));
+    }
+    for (const QString& path : basket.missing())
+        terminal.message(QStringLiteral("tarsel: %1: missing, or no picture").arg(path));
+    return basket.missing().isEmpty() ? AllDone : SomeNotDone;
+}
+
+/// One row for each distinct path: what a basket file holds.
+void addEntry(ListView& entries, const QString& path, const QString& description) {
+    if (entries.findSubItem(BasketColumn::SourcePath, path) >= 0)
+        return;
+    ListRow row;
+    row.text = clsFileInfo::StripFileFromPath(path);
+    row.tag = path;
+    row.subItems = QStringList{QString(), QString(), QString(), path, description};
+    entries.add(std::move(row));
+}
+
+/// Adds pictures that exist; the others are told. False when there was one.
+bool addPictures(ListView& entries, const QStringList& paths, const QString& description,
+                 Terminal& terminal) {
+    bool allThere = true;
+    for (const QString& operand : paths) {
+        const QString path = absolutePath(operand);
+        if (clsFileInfo::CheckIfFileExists(path)) {
+            addEntry(entries, path, description);
+            continue;
+        }
+        terminal.message(QStringLiteral("tarsel: %1: missing, or may not be read").arg(path));
+        allThere = false;
+    }
+    return allThere;
+}
+
+bool isDescribed(const QString& path) {
+    return path.endsWith(QLatin1String(".ibd"), Qt::CaseInsensitive);
+}
+
+void write(const QString& path, const ListView& entries) {
+    if (entries.isEmpty())
+        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": an empty basket is not written"));
+    if (!modSaveOpenImageList::fncSaveImageBasket(isDescribed(path) ? describedFilter : plainFilter, path,
+                                                  entries))
+        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": the basket was not written"));
+}
+
+int save(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
+    ListView entries(basketHeaders());
+    const bool allThere =
+        addPictures(entries, arguments.operands().mid(2), arguments.value("description"), terminal);
+    write(basketPath, entries);
+    return allThere ? AllDone : SomeNotDone;
+}
+
+/// Entries whose file is missing stay: the disk that holds it may come back.
+int add(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
+    ListView entries(basketHeaders());
+    for (const auto& entry : modSaveOpenImageList::readBasketEntries(basketPath))
+        addEntry(entries, entry.path, entry.description);
+    const bool allThere =
+        addPictures(entries, arguments.operands().mid(2), arguments.value("description"), terminal);
+    write(basketPath, entries);
+    return allThere ? AllDone : SomeNotDone;
+}
+
+void refuseUnfit(const Arguments& arguments, const QString& action, const QString& basketPath) {
+    const bool lists = action == QLatin1String("list");
+    if (lists && arguments.operands().size() > 2)
+        throw UsageError{QStringLiteral("list takes one basket")};
+    if (!lists && arguments.operands().size() < 3)
+        throw UsageError{QStringLiteral("no picture given")};
+    if (lists ? arguments.has("description") : arguments.has("json"))
+        throw UsageError{QStringLiteral("%1 doesn't take that option").arg(action)};
+    if (!isBasketFile(basketPath))
+        throw UsageError{QStringLiteral("%1: a basket file ends in .ibf or .ibd").arg(basketPath)};
+    if (arguments.has("description") && !isDescribed(basketPath))
+        throw UsageError{QStringLiteral("%1: only a .ibd basket keeps descriptions").arg(basketPath)};
+}
+
+struct Action {
+    const char* name;
+    int (*run)(const Arguments& arguments, const QString& basketPath, Terminal& terminal);
+};
+constexpr Action actions[] = {{"list", list}, {"add", add}, {"save", save}};
+
+int run(const Arguments& arguments, Terminal& terminal) {
+    const QString name = arguments.operands().value(0);
+    const auto action = std::ranges::find_if(
+        actions, [&](const Action& candidate) { return name == QLatin1String(candidate.name); });
+    if (action == std::end(actions) || arguments.operands().size() < 2)
+        throw UsageError{QStringLiteral("list, add or save is needed, and a basket")};
+    const QString basketPath = absolutePath(arguments.operands().at(1));
+    refuseUnfit(arguments, name, basketPath);
+    const ApplicationScope application(false);
+    return action->run(arguments, basketPath, terminal);
+}
+
+} // namespace
+
+constexpr Command basketCommand{
+    .name = "basket",
+    .operands = "list BASKET | add BASKET PICTURE... | save BASKET PICTURE...",
+    .summary = "List a basket file, add pictures to it, or make one.",
+    .notes =
+        "BASKET is a .ibf file (paths) or a .ibd file (paths and descriptions). save replaces an old file.\n"
+        "A path that the basket has already is not added again.",
+    .options = options,
+    .run = run,
+};
+
+} // namespace tarsel::cli

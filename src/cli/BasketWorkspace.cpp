@@ -1,0 +1,82 @@
+#include "cli/BasketWorkspace.h"
+
+#include "base/TrappedError.h"
+#include "cli/Arguments.h"
+#include "collections/clsFileInfo.h"
+
+#include <QDir>
+#include <QSet>
+
+namespace tarsel::cli {
+
+namespace {
+
+/// A row of the folder list as the button "add" needs it.
+ListRow folderRow(const QString& path) {
+    ListRow row;
+    row.text = clsFileInfo::StripFileFromPath(path);
+    row.tag = path;
+    row.selected = true;
+    row.subItems = QStringList(FolderColumn::Type);
+    FileInfo().setFilePath(path);
+    row.subItems[FolderColumn::FileSize - 1] = FileInfo().fSizeFormated(0);
+    row.subItems[FolderColumn::Type - 1] = FileInfo().fType();
+    if (mayHavePages(modFileSystem::GetFileExtension(path)))
+        row.subItems[FolderColumn::Pages - 1] = QString::number(ImageBox::PageCount(path));
+    return row;
+}
+
+QSet<QString> sourcesOf(const ListView& pages) {
+    QSet<QString> sources;
+    for (int i = 0; i < pages.count(); ++i)
+        sources.insert(pages.subItem(i, BasketColumn::SourcePath));
+    return sources;
+}
+
+} // namespace
+
+bool isBasketFile(const QString& path) {
+    return path.endsWith(QLatin1String(".ibf"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".ibd"), Qt::CaseInsensitive);
+}
+
+QString absolutePath(const QString& path) {
+    return QDir::cleanPath(QDir::current().absoluteFilePath(path));
+}
+
+BasketWorkspace::BasketWorkspace(Progress& progress) :
+    m_lists{m_folderList, m_folderImages, m_pages, m_pageImages, m_box, progress, m_status},
+    m_basket(m_lists, CollectionSettings{.programFolder = m_folder.path()}) {
+    if (!m_folder.isValid())
+        fail(ErrorNumber::PathNotFound, m_folder.errorString());
+}
+
+void BasketWorkspace::fill(const QStringList& operands) {
+    if (operands.isEmpty())
+        throw UsageError{QStringLiteral("no basket and no picture given")};
+    if (operands.size() == 1 && isBasketFile(operands.first()))
+        return openBasketFile(absolutePath(operands.first()));
+    for (const QString& operand : operands)
+        if (isBasketFile(operand))
+            throw UsageError{QStringLiteral("%1: a basket file stands alone").arg(operand)};
+    addPictures(operands);
+}
+
+void BasketWorkspace::openBasketFile(const QString& path) {
+    const auto entries = modSaveOpenImageList::readBasketEntries(path);
+    if (!modSaveOpenImageList::fncOpenImageBasket(path, m_basket, m_lists))
+        fail(ErrorNumber::InvalidCall, QStringLiteral("%1: no readable basket file").arg(path));
+    const QSet<QString> sources = sourcesOf(m_pages);
+    for (const auto& entry : entries)
+        if (!sources.contains(entry.path))
+            m_missing << entry.path;
+}
+
+void BasketWorkspace::addPictures(const QStringList& paths) {
+    for (const QString& path : paths)
+        m_folderList.add(folderRow(absolutePath(path)));
+    m_basket.cmdAddToQueue_Click();
+    m_missing = m_basket.LTemp();
+}
+
+} // namespace tarsel::cli

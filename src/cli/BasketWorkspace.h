@@ -1,0 +1,47 @@
+#pragma once
+
+#include "collections/Basket.h"
+#include "collections/BasketFile.h"
+#include "collections/FolderView.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+#include <vector>
+
+namespace tarsel::cli {
+
+/// The basket of the command line: the lists and boxes that a window would lend it, without thumbnails. The
+/// pages of documents become files in a temporary folder of this run, which is removed at the end.
+class BasketWorkspace {
+public:
+    explicit BasketWorkspace(Progress& progress);
+
+    /// Fills the basket from its operands: one basket file, or pictures as if they were added by the button.
+    void fill(const QStringList& operands);
+    ListView& pages() { return m_pages; }
+    /// Operands, or entries of the basket file, that gave no row.
+    const QStringList& missing() const { return m_missing; }
+
+private:
+    void openBasketFile(const QString& path);
+    void addPictures(const QStringList& paths);
+
+    QTemporaryDir m_folder;
+    ListView m_folderList{folderHeaders()};
+    ListView m_pages{basketHeaders()};
+    ImageList m_folderImages;
+    ImageList m_pageImages;
+    ImageBox m_box;
+    StatusLine m_status;
+    CollectionLists m_lists;
+    Basket m_basket;
+    QStringList m_missing;
+};
+
+/// Whether an operand names a basket file.
+bool isBasketFile(const QString& path);
+
+/// Absolute and without "." and "..".
+QString absolutePath(const QString& path);
+
+} // namespace tarsel::cli

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cli/Arguments.h"
+
+#include <span>
+
+namespace tarsel::cli {
+
+class Terminal;
+
+/// What the program ends with: a promise to scripts.
+enum ExitStatus { AllDone = 0, SomeNotDone = 1, WrongUsage = 2, Interrupted = 130 };
+
+/// One command of the command line.
+struct Command {
+    const char* name;
+    const char* operands; ///< behind the options in the first line of its help
+    const char* summary;  ///< one line for the list of commands
+    const char* notes;    ///< paragraphs behind the options in its help
+    std::span<const OptionSpec> options;
+    /// Throws UsageError for wrong usage and TrappedError for what makes the whole command impossible.
+    int (*run)(const Arguments& arguments, Terminal& terminal);
+};
+
+/// All commands, in the order of the help.
+std::span<const Command* const> commands();
+
+extern const Command batchCommand;
+extern const Command applyCommand;
+extern const Command infoCommand;
+extern const Command basketCommand;
+
+} // namespace tarsel::cli

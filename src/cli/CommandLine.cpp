@@ -1,0 +1,121 @@
+#include "cli/CommandLine.h"
+
+#include "base/ErrorTrap.h"
+#include "cli/Command.h"
+#include "cli/Terminal.h"
+#include "cli/TerminalDesktop.h"
+
+#include <algorithm>
+
+namespace tarsel::cli {
+
+namespace {
+
+constexpr const Command* allCommands[] = {
+    &batchCommand,
+    &applyCommand,
+    &infoCommand,
+    &basketCommand,
+};
+
+const Command* findCommand(const QString& name) {
+    const auto found = std::ranges::find_if(
+        allCommands, [&](const Command* command) { return name == QLatin1String(command->name); });
+    return found == std::end(allCommands) ? nullptr : *found;
+}
+
+QString spelled(const OptionSpec& option) {
+    QString text = QStringLiteral("--") + QLatin1String(option.name);
+    if (option.value)
+        text += QLatin1Char(' ') + QLatin1String(option.value);
+    return text;
+}
+
+/// Two columns, the first as wide as its longest text.
+QString table(const QList<std::pair<QString, QString>>& rows) {
+    qsizetype width = 0;
+    for (const auto& row : rows)
+        width = std::max(width, row.first.size());
+    QString text;
+    for (const auto& row : rows)
+        text += QStringLiteral("  ") + row.first.leftJustified(width + 2) + row.second + QLatin1Char('\n');
+    return text;
+}
+
+int wrongUsage(const QString& fact, const QString& helpOf, Terminal& terminal) {
+    terminal.message(QStringLiteral("tarsel: ") + fact);
+    terminal.message(QStringLiteral("Try \"tarsel %1--help\".").arg(helpOf));
+    return WrongUsage;
+}
+
+int runCommand(const Command& command, const QStringList& words, Terminal& terminal) {
+    try {
+        const Arguments arguments(words, command.options);
+        if (arguments.wantsHelp()) {
+            terminal.result(commandHelp(command).trimmed());
+            return AllDone;
+        }
+        return command.run(arguments, terminal);
+    } catch (const UsageError& error) {
+        return wrongUsage(error.fact, QLatin1String(command.name) + QLatin1Char(' '), terminal);
+    } catch (const TrappedError& error) {
+        terminal.message(QStringLiteral("tarsel: ") + error.description);
+        return SomeNotDone;
+    }
+}
+
+int runWords(const QStringList& words, Terminal& terminal) {
+    const QString first = words.value(0);
+    if (words.isEmpty())
+        return wrongUsage(QStringLiteral("no command given"), {}, terminal);
+    if (first == QLatin1String("--version")) {
+        terminal.result(QStringLiteral("tarsel ") + QLatin1String(TARSEL_VERSION));
+        return AllDone;
+    }
+    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+        terminal.result(programHelp().trimmed());
+        return AllDone;
+    }
+    const Command* command = findCommand(first);
+    if (!command)
+        return wrongUsage(QStringLiteral("no command is called \"%1\"").arg(first), {}, terminal);
+    return runCommand(*command, words.mid(1), terminal);
+}
+
+} // namespace
+
+std::span<const Command* const> commands() {
+    return allCommands;
+}
+
+QString programHelp() {
+    QList<std::pair<QString, QString>> rows;
+    for (const Command* command : commands())
+        rows.append({QString::fromUtf8(command->name), QString::fromUtf8(command->summary)});
+    return QStringLiteral("Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
+                          "       tarsel COMMAND --help\n"
+                          "       tarsel --version\n\n"
+                          "Makes JPEG documents from collections of pictures.\n\nCommands:\n") +
+           table(rows) +
+           QStringLiteral("\nResults go to standard output, messages to standard error.\n"
+                          "Exit status: 0 all done, 1 something not done, 2 wrong usage, 130 interrupted.\n");
+}
+
+QString commandHelp(const Command& command) {
+    QList<std::pair<QString, QString>> rows;
+    for (const OptionSpec& option : command.options)
+        rows.append({spelled(option), QString::fromUtf8(option.help)});
+    rows.append({QStringLiteral("--help"), QStringLiteral("show this text")});
+    return QStringLiteral("Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
+        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands),
+             QString::fromUtf8(command.summary), table(rows), QString::fromUtf8(command.notes));
+}
+
+int runCommandLine(const QStringList& words, Terminal& terminal) {
+    TerminalDesktop desktop(terminal);
+    const DesktopScope scope(desktop);
+    const int status = runWords(words, terminal);
+    return terminal.finish() || status != AllDone ? status : SomeNotDone;
+}
+
+} // namespace tarsel::cli

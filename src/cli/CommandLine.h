@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tarsel::cli {
+
+struct Command;
+class Terminal;
+
+/// The whole program: `words` are the arguments without the program's name. Gives the exit status.
+int runCommandLine(const QStringList& words, Terminal& terminal);
+
+QString programHelp();
+QString commandHelp(const Command& command);
+
+} // namespace tarsel::cli

@@ -1,0 +1,74 @@
+#include "cli/RowReport.h"
+
+#include "cli/JsonLine.h"
+#include "cli/Terminal.h"
+#include "collections/clsFileInfo.h"
+
+namespace tarsel::cli {
+
+namespace {
+
+QString jsonOf(const RowResult& result) {
+    return JsonLine()
+        .add("row", result.row)
+        .add("source", result.source)
+        .add("target", result.target)
+        .add("state", rowStateText(result.state))
+        .add("reason", result.reason)
+        .text();
+}
+
+QString textOf(const RowResult& result) {
+    QString text = QStringLiteral("%1  %2  %3")
+                       .arg(result.row, 5)
+                       .arg(rowStateText(result.state), -7)
+                       .arg(result.source);
+    if (!result.target.isEmpty())
+        text += QStringLiteral(" -> ") + result.target;
+    if (!result.reason.isEmpty())
+        text += QStringLiteral(" (%1)").arg(result.reason);
+    return text;
+}
+
+} // namespace
+
+void RowReport::add(const RowResult& result) {
+    switch (result.state) {
+    case RowState::Written:
+        ++m_written;
+        break;
+    case RowState::Skipped:
+        ++(result.reason == SkipReason::DryRun ? m_dry : m_skipped);
+        break;
+    case RowState::Failed:
+        ++m_failed;
+        break;
+    }
+    m_terminal.result(m_json ? jsonOf(result) : textOf(result));
+}
+
+void RowReport::addMissing(const QString& path) {
+    const bool exists = clsFileInfo::CheckIfFileExists(path);
+    add({.row = 0,
+         .source = path,
+         .target = {},
+         .state = RowState::Failed,
+         .reason = exists ? QStringLiteral("can't be read as a picture")
+                          : QStringLiteral("missing, or may not be read")});
+}
+
+void RowReport::summarise() {
+    QString text = QStringLiteral("tarsel: %1 written, %2 skipped, %3 failed")
+                       .arg(m_written)
+                       .arg(m_skipped)
+                       .arg(m_failed);
+    if (m_dry > 0)
+        text += QStringLiteral(", %1 would be written").arg(m_dry);
+    m_terminal.message(text);
+}
+
+bool RowReport::allDone(bool dryRun) const {
+    return m_skipped == 0 && m_failed == 0 && (dryRun || m_dry == 0);
+}
+
+} // namespace tarsel::cli

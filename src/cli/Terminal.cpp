@@ -1,0 +1,117 @@
+#include "cli/Terminal.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace tarsel::cli {
+
+namespace {
+
+constexpr char eraseLine[] = "\r\033[K";
+
+double steadySeconds() {
+    using namespace std::chrono;
+    return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+int terminalColumns() {
+    constexpr int usual = 80;
+    winsize size = {};
+    return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+}
+
+/// Minutes and seconds, or hours, minutes and seconds.
+QString durationText(double seconds) {
+    const qint64 whole = std::llround(seconds);
+    const QString clock =
+        QStringLiteral("%1:%2").arg(whole / 60 % 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
+    return whole < 3600
+               ? clock
+               : QStringLiteral("%1:%2").arg(whole / 3600).arg(clock.rightJustified(5, QLatin1Char('0')));
+}
+
+} // namespace
+
+QString barLine(int value, int maximum, double secondsSinceStart, int columns) {
+    constexpr int widest = 40;
+    QString facts = QStringLiteral(" %1 of %2").arg(value).arg(maximum);
+    if (value > 0 && value < maximum)
+        facts += QStringLiteral(", %1 left").arg(durationText(secondsSinceStart / value * (maximum - value)));
+    const int room = std::min<int>(widest, columns - int(facts.size()) - 2);
+    if (room < 1)
+        return facts.trimmed().left(columns);
+    const int filled = maximum > 0 ? int(qint64(room) * value / maximum) : 0;
+    return QLatin1Char('[') + QString(filled, QLatin1Char('#')) + QString(room - filled, QLatin1Char('.')) +
+           QLatin1Char(']') + facts;
+}
+
+Terminal::Terminal(std::FILE* results, std::FILE* messages, bool showsBar) :
+    m_results(results), m_messages(messages), m_showsBar(showsBar) {}
+
+void Terminal::print(std::FILE* file, const QString& line) {
+    const QString bar = m_bar;
+    removeBar();
+    const QByteArray bytes = line.toUtf8() + '\n';
+    const bool complete =
+        std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file) == size_t(bytes.size());
+    m_failed = m_failed || (file == m_results && !complete);
+    if (!bar.isEmpty()) {
+        std::fflush(file);
+        drawBar(bar);
+    }
+}
+
+void Terminal::result(const QString& line) {
+    print(m_results, line);
+}
+
+void Terminal::message(const QString& line) {
+    print(m_messages, line);
+}
+
+bool Terminal::finish() {
+    m_failed = std::fflush(m_results) != 0 || m_failed;
+    if (m_failed)
+        message(QStringLiteral("tarsel: standard output can't be written"));
+    std::fflush(m_messages);
+    return !m_failed;
+}
+
+void Terminal::drawBar(const QString& line) {
+    if (!m_showsBar)
+        return;
+    m_bar = line;
+    std::fputs(eraseLine, m_messages);
+    std::fputs(line.toUtf8().constData(), m_messages);
+    std::fflush(m_messages);
+}
+
+void Terminal::removeBar() {
+    if (m_bar.isEmpty())
+        return;
+    m_bar.clear();
+    std::fputs(eraseLine, m_messages);
+    std::fflush(m_messages);
+}
+
+TerminalProgress::TerminalProgress(Terminal& terminal, SecondsClock clock) :
+    m_terminal(terminal), m_clock(clock ? std::move(clock) : SecondsClock(steadySeconds)) {}
+
+void TerminalProgress::start(int maximum, int value) {
+    m_started = m_clock();
+    m_maximum = maximum;
+    setValue(value);
+}
+
+void TerminalProgress::setValue(int value) {
+    if (m_terminal.showsBar())
+        m_terminal.drawBar(barLine(value, m_maximum, m_clock() - m_started, terminalColumns() - 1));
+}
+
+void TerminalProgress::hide() {
+    m_terminal.removeBar();
+}
+
+} // namespace tarsel::cli

@@ -1,0 +1,12 @@
+#include "cli/CommandLine.h"
+#include "cli/Terminal.h"
+
+#include <unistd.h>
+
+int main(int argc, char** argv) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    tarsel::cli::Terminal terminal(stdout, stderr, ::isatty(STDERR_FILENO) == 1);
+    return tarsel::cli::runCommandLine(words, terminal);
+}

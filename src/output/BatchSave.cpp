@@ -1,0 +1,249 @@
+#include "output/BatchSave.h"
+
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "collections/Basket.h"
+#include "collections/clsFileInfo.h"
+#include "metadata/modMetadata.h"
+#include "output/LoadSource.h"
+#include "output/Naming.h"
+#include "output/OutputName.h"
+#include "tasks/modProcessTasks.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+/// What all rows of one run share.
+struct Batch {
+    const ListView& lvPages;
+    const ListView& lvEditBatch;
+    ImageBox& box;
+    const BatchSave settings; ///< as they were at the start: the loop lets other handlers run
+    const BatchRun& run;
+};
+
+/// The work on one row, in steps that are called in their order.
+class RowWork {
+public:
+    RowWork(const Batch& batch, int position);
+
+    /// All steps. The result tells what became of the row, also when an error is raised.
+    void perform();
+    const RowResult& result() const { return m_result; }
+
+private:
+    void noteSourceSize();
+    void runTasks();
+    void nameTarget();
+    bool isKept() const;
+    void importMetadata();
+    void setSaveOptions();
+    void save();
+    void skip(const QString& reason);
+    QString folderOfSource() const;
+
+    const Batch& m_batch;
+    ImageBox& m_box;
+    const BatchSave& m_settings;
+    const ListRow m_row; ///< a copy: the list may change while tasks let other handlers run
+    const int m_position;
+    OutputName m_target;
+    RowResult m_result;
+};
+
+/// The file that the user knows the row by: of an extracted page that is its document.
+QString shownSource(const ListRow& row) {
+    const QString source = row.subItems.value(BasketColumn::SourcePath - 1);
+    return source.isEmpty() ? row.tag : source;
+}
+
+bool isImportable(quint8 wanted, const QString& path) {
+    return wanted == 1 && !path.trimmed().isEmpty() && clsFileInfo::CheckIfFileExists(path);
+}
+
+RowWork::RowWork(const Batch& batch, int position) :
+    m_batch(batch), m_box(batch.box), m_settings(batch.settings), m_row(batch.lvPages.row(position - 1)),
+    m_position(position), m_result{position, shownSource(m_row), {}, RowState::Failed, {}} {}
+
+void RowWork::perform() {
+    try {
+        if (!loadSource(m_box, m_row.tag))
+            return skip(SkipReason::NoPicture);
+        noteSourceSize();
+        runTasks();
+        nameTarget();
+        if (isKept())
+            return skip(SkipReason::Exists);
+        importMetadata();
+        setSaveOptions();
+        save();
+    } catch (const TrappedError& error) {
+        m_result.state = RowState::Failed;
+        m_result.reason = error.description;
+        throw;
+    } catch (const std::bad_alloc&) {
+        m_result.state = RowState::Failed;
+        m_result.reason = errorText(ErrorNumber::OutOfMemory);
+        throw;
+    }
+}
+
+void RowWork::noteSourceSize() {
+    m_box.Tag = QStringLiteral("%1x%2").arg(m_box.Width()).arg(m_box.Height());
+}
+
+/// A task that fails ends its list and reports itself; the picture goes on as far as it came.
+void RowWork::runTasks() {
+    if (m_settings.ProcessEditingList != 1)
+        return;
+    const bool complete =
+        modProcessTasks::subProcessPages(m_batch.lvPages, m_batch.lvEditBatch, m_box, nullptr, true);
+    if (!complete)
+        m_result.reason = QStringLiteral("the task list ended early: ") + lastErrorReport().ErrSystem;
+}
+
+QString RowWork::folderOfSource() const {
+    return modFileSystem::GetFolderPart(m_batch.run.pagesToDocumentFolder ? m_result.source : m_row.tag);
+}
+
+void RowWork::nameTarget() {
+    m_target = outputName(m_settings, {m_position, m_row.text, folderOfSource()}, [&](const QString& token) {
+        return fncRetrieveNamingString(m_box, token, m_row.tag, outputExtension());
+    });
+    m_result.target = m_target.path();
+    if (const QString fault = nameFault(m_target); !fault.isEmpty())
+        fail(ErrorNumber::PathNotFound, fault);
+}
+
+bool RowWork::isKept() const {
+    return m_settings.Overwrite != 1 && QFileInfo::exists(m_result.target);
+}
+
+void RowWork::importMetadata() {
+    if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
+        m_box.IptcLoadFromFile(m_settings.ImportIPTCFile);
+    if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
+        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box);
+    m_box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
+}
+
+void RowWork::setSaveOptions() {
+    m_box.JpegQuality = m_settings.JpegQuality;
+    m_box.JpegEncoding = m_settings.JpegProgressive == 1;
+    m_box.ColorFormat = m_settings.JpegDepth != 0 ? 2 : 0;
+}
+
+void RowWork::save() {
+    if (m_batch.run.dryRun)
+        return skip(SkipReason::DryRun);
+    m_box.SaveToFile(m_result.target);
+    m_result.state = RowState::Written;
+}
+
+void RowWork::skip(const QString& reason) {
+    m_result.state = RowState::Skipped;
+    m_result.reason = reason;
+}
+
+/// The loop over the rows, and the results of all of them.
+class BatchLoop {
+public:
+    BatchLoop(const Batch& batch, Progress& progress, std::vector<RowResult>& results);
+    void run();
+    /// Gives every row that was not begun its result.
+    void finish();
+
+private:
+    bool isCancelled();
+    void work(int position);
+    void record(const RowResult& result);
+
+    const Batch& m_batch;
+    Progress& m_progress;
+    std::vector<RowResult>& m_results;
+    const int m_first;
+    const int m_last;
+    int m_next;
+    bool m_cancelled = false;
+};
+
+BatchLoop::BatchLoop(const Batch& batch, Progress& progress, std::vector<RowResult>& results) :
+    m_batch(batch), m_progress(progress), m_results(results), m_first(std::max(batch.run.firstRow, 1)),
+    m_last(batch.run.lastRow > 0 ? std::min(batch.run.lastRow, batch.lvPages.count())
+                                 : batch.lvPages.count()),
+    m_next(m_first) {}
+
+void BatchLoop::run() {
+    if (m_first > m_last)
+        return;
+    m_progress.start(m_last - m_first + 1);
+    while (m_next <= m_last && !isCancelled()) {
+        work(m_next++);
+        m_progress.setValue(m_next - m_first);
+    }
+}
+
+bool BatchLoop::isCancelled() {
+    desktop().yield();
+    m_cancelled = CancelRequested.exchange(false);
+    return m_cancelled;
+}
+
+/// Tells the row's result in any case, then lets an error go on.
+void BatchLoop::work(int position) {
+    RowWork row(m_batch, position);
+    try {
+        row.perform();
+    } catch (...) {
+        record(row.result());
+        throw;
+    }
+    record(row.result());
+}
+
+void BatchLoop::finish() {
+    const QString reason = m_cancelled ? SkipReason::Cancelled : SkipReason::NotReached;
+    for (; m_next <= std::min(m_last, m_batch.lvPages.count()); ++m_next)
+        record({.row = m_next,
+                .source = shownSource(m_batch.lvPages.row(m_next - 1)),
+                .target = {},
+                .state = RowState::Skipped,
+                .reason = reason});
+}
+
+void BatchLoop::record(const RowResult& result) {
+    m_results.push_back(result);
+    if (m_batch.run.onRow)
+        m_batch.run.onRow(result);
+}
+
+} // namespace
+
+QString rowStateText(RowState state) {
+    switch (state) {
+    case RowState::Written:
+        return QStringLiteral("written");
+    case RowState::Skipped:
+        return QStringLiteral("skipped");
+    case RowState::Failed:
+        return QStringLiteral("failed");
+    }
+    return {};
+}
+
+bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
+                       Progress& progress, const BatchSave& settings, const BatchRun& run,
+                       std::vector<RowResult>& results) {
+    const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run};
+    BatchLoop loop(batch, progress, results);
+    const bool completed = trap("fncSaveSinglePage", [&] { loop.run(); });
+    progress.hide();
+    loop.finish();
+    return completed;
+}
+
+} // namespace tarsel

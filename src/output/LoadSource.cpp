@@ -1,0 +1,47 @@
+#include "output/LoadSource.h"
+
+#include "base/TrappedError.h"
+#include "collections/clsFileInfo.h"
+#include "imaging/fncLoadPicture.h"
+
+#include <QStringList>
+
+namespace tarsel {
+
+namespace {
+
+/// False when the box can't make sense of the file: the one failure after which another road is tried.
+bool loadByBox(ImageBox& box, const QString& path) {
+    try {
+        box.LoadFromFile(path);
+        return true;
+    } catch (const TrappedError& error) {
+        if (error.number != ErrorNumber::UnreadableFile)
+            throw;
+        return false;
+    }
+}
+
+} // namespace
+
+bool carriesMetadata(const QString& path) {
+    static const QStringList extensions{
+        QStringLiteral("tiff"), QStringLiteral("tif"), QStringLiteral("jpeg"),
+        QStringLiteral("jpg"),  QStringLiteral("psd"), QStringLiteral("bmp"),
+        QStringLiteral("pcx"),  QStringLiteral("gif"), QStringLiteral("png"),
+    };
+    return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
+}
+
+bool loadSource(ImageBox& box, const QString& path) {
+    box.Clear();
+    if (carriesMetadata(path) && loadByBox(box, path))
+        return true;
+    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF);
+    if (!picture)
+        return false;
+    box.setPictureHandle(*picture);
+    return true;
+}
+
+} // namespace tarsel
