@@ -70,8 +70,12 @@ QByteArray ResourceBlocks::block(quint16 number, const QByteArray& data) {
 
 QByteArray ResourceBlocks::bytes() const {
     QByteArray bytes;
-    for (const Block& block : m_blocks)
+    for (const Block& block : m_blocks) {
+        // What was the last block may have come without the byte that fills it up.
+        if (bytes.size() % 2)
+            bytes.append('\0');
         bytes += block.raw.isEmpty() ? blockBytes(block.head, block.data) : block.raw;
+    }
     return bytes + m_tail;
 }
 

@@ -186,7 +186,9 @@ TEST(ExifBlock, FlippedBitsNeverCrashAndNeverLoseAValueThatReadBefore) {
             const auto at = qsizetype(random() % size_t(bytes.size()));
             bytes[at] = char(bytes[at] ^ (1 << random() % 8));
         }
-        MetadataStore store(EmbeddedMetadata{bytes, {}, {}, {}});
+        EmbeddedMetadata blocks;
+        blocks.exif = bytes;
+        MetadataStore store(blocks);
         const int before = store.ExifCount();
         const QString maker = store.ExifValueByName(QStringLiteral("Make"));
         if (store.ExifSet(QStringLiteral("Software"), QStringLiteral("Editor 1.0"))) {

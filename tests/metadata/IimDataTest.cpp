@@ -177,6 +177,20 @@ TEST(ResourceBlocks, OtherBlocksKeepTheirBytesAndPlaces) {
     EXPECT_EQ(blocks.bytes(), named + other + "tail");
 }
 
+TEST(ResourceBlocks, ABlockIsPutBehindALastOneWithoutItsFilling) {
+    ResourceBlocks blocks(ResourceBlocks::block(0x0400, "odd").chopped(1));
+    blocks.replace(0x0404, "data");
+    const ResourceBlocks again(blocks.bytes());
+    EXPECT_EQ(again.data(0x0400), "odd");
+    EXPECT_EQ(again.data(0x0404), "data");
+}
+
+TEST(ResourceBlocks, NothingIsPutBehindABlockThatClaimsMoreThanThereIs) {
+    ResourceBlocks blocks(ResourceBlocks::block(0x0400, "a long one").chopped(4));
+    blocks.replace(0x0404, "data");
+    EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0404), "data");
+}
+
 TEST(ResourceBlocks, CutAtAnyLengthGivesTheSameBytesBack) {
     const QByteArray whole =
         ResourceBlocks::block(0x03ED, "resolution") + ResourceBlocks::block(0x0404, "data");

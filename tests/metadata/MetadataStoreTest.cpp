@@ -22,7 +22,9 @@ QString word(const char* text) {
 }
 
 MetadataStore storeWithExif(const QByteArray& exif) {
-    return MetadataStore(EmbeddedMetadata{exif, {}, {}, {}});
+    EmbeddedMetadata blocks;
+    blocks.exif = exif;
+    return MetadataStore(blocks);
 }
 
 /// Big-endian, one UserComment of `bytes` in a Photo directory.
@@ -173,7 +175,8 @@ TEST(MetadataStore, AStoreThatWasMovedFromCanBeUsedOn) {
 }
 
 TEST(MetadataStore, BlocksThatNobodyChangesComeBackByteForByte) {
-    EmbeddedMetadata blocks{"no EXIF at all", "8BIM damaged", "<x:xmpmeta/>", "profile"};
+    const EmbeddedMetadata blocks{"no EXIF at all", "8BIM damaged", "<x:xmpmeta/>", "its extension",
+                                  "profile"};
     MetadataStore store(blocks);
     EXPECT_EQ(store.ExifCount(), 0);
     EXPECT_FALSE(store.HasIptc());
@@ -181,6 +184,7 @@ TEST(MetadataStore, BlocksThatNobodyChangesComeBackByteForByte) {
     EXPECT_EQ(store.blocks().resources, blocks.resources);
     store.setIptcText(105, word("new"));
     EXPECT_EQ(store.blocks().xmp, blocks.xmp);
+    EXPECT_EQ(store.blocks().extendedXmp, blocks.extendedXmp);
     EXPECT_EQ(store.blocks().iccProfile, blocks.iccProfile);
     EXPECT_FALSE(store.ExifSet(word("Make"), word("Acme"))) << "a damaged block must not be thrown away";
 }
