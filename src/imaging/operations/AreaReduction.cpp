@@ -1,5 +1,6 @@
 #include "imaging/operations/AreaReduction.h"
 
+#include "imaging/operations/RowPrefetch.h"
 #include "imaging/operations/Vectorised.h"
 
 #include <vector>
@@ -36,9 +37,12 @@ void reduceByArea(ConstPixelView source, PixelView target, int acrossFactor, int
     const int size = target.width * acrossFactor * source.channels;
     std::vector<std::uint16_t> sums(std::size_t(size), 0);
     for (int y = 0; y < target.height; ++y) {
+        prefetchRow(source, y * downFactor + 1);
         startSums(source.row(y * downFactor), sums.data(), size);
-        for (int k = 1; k < downFactor; ++k)
+        for (int k = 1; k < downFactor; ++k) {
+            prefetchRow(source, y * downFactor + k + 1);
             addToSums(source.row(y * downFactor + k), sums.data(), size);
+        }
         meansAcross(sums.data(), target.row(y), target.width, target.channels, acrossFactor,
                     unsigned(acrossFactor * downFactor));
     }
@@ -73,6 +77,9 @@ void halve(ConstPixelView source, PixelView target) {
     const int size = (2 * target.width - 1) * source.channels;
     std::vector<std::uint8_t> means(std::size_t(size), 0);
     for (int y = 0; y < target.height; ++y) {
+        prefetchRow(source, 2 * y + 2);
+        prefetchRow(source, 2 * y + 3);
+        prefetchRow(target, y + 1);
         averageFours(source.row(2 * y), source.row(2 * y + 1), means.data(), size, source.channels);
         takeEvenPixels(means.data(), target.row(y), target.width, source.channels);
     }

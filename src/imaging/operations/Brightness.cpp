@@ -1,5 +1,6 @@
 #include "imaging/operations/Brightness.h"
 
+#include "imaging/operations/RowPrefetch.h"
 #include "imaging/operations/Vectorised.h"
 
 #include <algorithm>
@@ -9,46 +10,42 @@ namespace tarsel::operations {
 
 namespace {
 
-/// Clamping before the addition keeps the whole loop in bytes: no sum can pass 0 or 255.
-struct ByteShift {
-    BytePattern lowest{};
-    BytePattern highest{};
-    BytePattern added{};
+/// What happens to each byte of a row. Clamping before the addition keeps the whole loop in bytes: no sum can
+/// pass 0 or 255.
+struct ByteShifts {
+    std::vector<std::uint8_t> lowest;
+    std::vector<std::uint8_t> highest;
+    std::vector<std::uint8_t> added;
 };
 
-ByteShift shiftOf(int level, const ColorChannels& channels, int channelCount) {
+ByteShifts shiftsOf(int level, const std::vector<std::uint8_t>& chosen) {
     const int delta = int(std::lround((std::clamp(level, 0, 100) - 50) * 255 / 50.0));
-    const BytePattern chosen = chosenBytes(channels, channelCount);
-    ByteShift shift;
-    for (int i = 0; i < PatternLength; ++i) {
-        const int own = chosen[i] ? delta : 0;
-        shift.lowest[i] = std::uint8_t(std::max(0, -own));
-        shift.highest[i] = std::uint8_t(std::min(255, 255 - own));
-        shift.added[i] = std::uint8_t(own);
+    ByteShifts shifts;
+    for (const std::uint8_t isChosen : chosen) {
+        const int own = isChosen ? delta : 0;
+        shifts.lowest.push_back(std::uint8_t(std::max(0, -own)));
+        shifts.highest.push_back(std::uint8_t(std::min(255, 255 - own)));
+        shifts.added.push_back(std::uint8_t(own));
     }
-    return shift;
+    return shifts;
 }
 
-TARSEL_INLINED void shiftBytes(const std::uint8_t* in, std::uint8_t* out, int count, const ByteShift& shift) {
-    for (int i = 0; i < count; ++i) {
-        const std::uint8_t clamped = std::max(std::min(in[i], shift.highest[i]), shift.lowest[i]);
-        out[i] = std::uint8_t(clamped + shift.added[i]);
-    }
-}
-
-TARSEL_VECTORISED void shiftRow(const std::uint8_t* in, std::uint8_t* out, int size, const ByteShift& shift) {
-    int at = 0;
-    for (; at + PatternLength <= size; at += PatternLength)
-        shiftBytes(in + at, out + at, PatternLength, shift);
-    shiftBytes(in + at, out + at, size - at, shift);
+TARSEL_VECTORISED void shiftRow(const std::uint8_t* in, std::uint8_t* out, const std::uint8_t* lowest,
+                                const std::uint8_t* highest, const std::uint8_t* added, int size) {
+    TARSEL_INDEPENDENT_STEPS
+    for (int i = 0; i < size; ++i)
+        out[i] = std::uint8_t(std::max(std::min(in[i], highest[i]), lowest[i]) + added[i]);
 }
 
 } // namespace
 
 void brightness(ConstPixelView source, PixelView target, int level, const ColorChannels& channels) {
-    const ByteShift shift = shiftOf(level, channels, source.channels);
-    for (int y = 0; y < source.height; ++y)
-        shiftRow(source.row(y), target.row(y), source.width * source.channels, shift);
+    const ByteShifts shifts = shiftsOf(level, chosenBytes(channels, source.width, source.channels));
+    for (int y = 0; y < source.height; ++y) {
+        prefetchRow(source, y + 1);
+        shiftRow(source.row(y), target.row(y), shifts.lowest.data(), shifts.highest.data(),
+                 shifts.added.data(), int(shifts.added.size()));
+    }
 }
 
 } // namespace tarsel::operations

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <vector>
 
 namespace tarsel::operations {
 
@@ -14,17 +14,14 @@ struct ColorChannels {
     bool none() const { return !red && !green && !blue; }
 };
 
-/// Bytes after which rows of 3 and of 4 channels repeat and whole vector registers end.
-constexpr int PatternLength = 96;
-using BytePattern = std::array<std::uint8_t, PatternLength>;
-
-/// 0xFF where the byte of a row belongs to a chosen channel, else 0.
-inline BytePattern chosenBytes(const ColorChannels& chosen, int channels) {
+/// For each byte of a row, 0xFF where it belongs to a chosen channel, else 0. Loops over bytes read such a
+/// row beside the pixels, so that they need not know the channels.
+inline std::vector<std::uint8_t> chosenBytes(const ColorChannels& chosen, int width, int channels) {
     const bool flags[4] = {chosen.red, chosen.green, chosen.blue, false};
-    BytePattern pattern{};
-    for (int i = 0; i < PatternLength; ++i)
-        pattern[i] = flags[i % channels] ? 0xFF : 0;
-    return pattern;
+    std::vector<std::uint8_t> bytes(std::size_t(width) * std::size_t(channels));
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = flags[i % std::size_t(channels)] ? 0xFF : 0;
+    return bytes;
 }
 
 } // namespace tarsel::operations

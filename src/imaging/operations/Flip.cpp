@@ -1,5 +1,6 @@
 #include "imaging/operations/Flip.h"
 
+#include "imaging/operations/RowPrefetch.h"
 #include "imaging/operations/Vectorised.h"
 
 #include <cstring>
@@ -30,6 +31,7 @@ void flipHorizontal(ConstPixelView source, PixelView target) {
     const std::size_t size = std::size_t(source.width) * std::size_t(source.channels);
     std::vector<std::uint8_t> row(size); // one row stays in the cache: in place costs no more
     for (int y = 0; y < source.height; ++y) {
+        prefetchRow(source, y + 1);
         mirrorRow(source.row(y), row.data(), source.width, source.channels);
         std::memcpy(target.row(y), row.data(), size);
     }

@@ -1,7 +1,8 @@
 #include "imaging/operations/GaussianBlur.h"
 
 #include "imaging/operations/AlphaPremultiplication.h"
-#include "imaging/operations/Vectorised.h"
+#include "imaging/operations/ByteClamp.h"
+#include "imaging/operations/RowPrefetch.h"
 
 #include <algorithm>
 #include <array>
@@ -44,10 +45,6 @@ HalfKernel kernelOf(int level) {
     }
     kernel.weight[0] = std::uint16_t(rest);
     return kernel;
-}
-
-TARSEL_INLINED std::uint16_t upperHalf(std::uint16_t value, std::uint16_t weight) {
-    return std::uint16_t((std::uint32_t(value) * weight) >> 16);
 }
 
 /// Bytes that are worked on together: their sums stay in registers or at least in the nearest cache.
@@ -96,7 +93,7 @@ TARSEL_INLINED void blurDown(const std::uint16_t* const* rows, std::uint8_t* __r
             sums[i] = std::uint16_t(sums[i] + upperHalf(std::uint16_t(up[i] + down[i]), weight));
     }
     for (int i = 0; i < count; ++i)
-        out[at + i] = std::uint8_t(std::min<std::uint16_t>(255, std::uint16_t(sums[i] >> FractionBits)));
+        out[at + i] = clampedToByte(std::int16_t(sums[i] >> FractionBits));
 }
 
 TARSEL_VECTORISED void blurColumns(const std::uint16_t* const* rows, std::uint8_t* out, int size,
@@ -117,6 +114,7 @@ public:
 
     void blurUpTo(int y) {
         for (; m_next <= std::min(y, m_source.height - 1); ++m_next) {
+            prefetchRow(m_source, m_next + 1);
             pad(m_source.row(m_next));
             blurRow(m_padded.data() + m_margin, slot(m_next), m_size, m_source.channels, m_kernel);
         }

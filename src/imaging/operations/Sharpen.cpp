@@ -1,6 +1,7 @@
 #include "imaging/operations/Sharpen.h"
 
-#include "imaging/operations/Vectorised.h"
+#include "imaging/operations/ByteClamp.h"
+#include "imaging/operations/RowPrefetch.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,9 +30,8 @@ TARSEL_VECTORISED void addDetail(const std::uint8_t* __restrict in, const std::u
         const auto value = std::int16_t(16 * in[i]);
         const auto mean = std::int16_t(sums[i] + 2 * middle[i] + right[i]);
         const auto detail = std::int16_t(std::int16_t(value - mean) * 8);
-        const auto added = std::int16_t((std::int32_t(detail) * factor) >> 16);
-        const auto result = std::int16_t(std::int16_t(value + added + 8) >> 4);
-        out[i] = std::uint8_t(std::max(std::int16_t(0), std::min(std::int16_t(255), result)));
+        const auto result = std::int16_t(value + upperHalf(detail, factor) + 8);
+        out[i] = clampedToByte(std::int16_t(result >> 4));
     }
 }
 
@@ -54,6 +54,7 @@ void sharpen(ConstPixelView source, PixelView target, int level) {
     std::vector<std::uint8_t> current(std::size_t(size), 0); // as before, where the target is the source
     std::vector<std::uint8_t> previous(source.row(0), source.row(0) + size);
     for (int y = 0; y < source.height; ++y) {
+        prefetchRow(source, y + 2);
         std::memcpy(current.data(), source.row(y), std::size_t(size));
         const std::uint8_t* down = y + 1 < source.height ? source.row(y + 1) : current.data();
         addRows(previous.data(), current.data(), down, sums.data() + source.channels, size);

@@ -9,6 +9,14 @@
 #define TARSEL_VECTORISED
 #endif
 
+/// Put in front of a loop whose steps touch only bytes of their own, but may write where they read: without
+/// the word the compiler would fall back to single steps there.
+#if defined(__GNUC__) && !defined(__clang__)
+#define TARSEL_INDEPENDENT_STEPS _Pragma("GCC ivdep")
+#else
+#define TARSEL_INDEPENDENT_STEPS
+#endif
+
 /// For the small functions inside such loops: inlined, they are built the same way.
 #if defined(__GNUC__)
 #define TARSEL_INLINED [[gnu::always_inline]] inline
