@@ -1,0 +1,11 @@
+# What an installed program consists of. The programs lie side by side, for they find each other, and the sample
+# pictures, by their own folder.
+include(GNUInstallDirs)
+
+foreach(program tarsel-jpeg tarsel tarsel-decoder)
+    if(TARGET ${program})
+        install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    endif()
+endforeach()
+install(DIRECTORY ${TARSEL_SAMPLES}/ DESTINATION ${TARSEL_SAMPLES_RELATIVE})
+install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
