@@ -1,3 +1,5 @@
+#include "tasks/TextPosition.h"
+
 #include "base/Conversions.h"
 #include "base/TrappedError.h"
 #include "imaging/ImageBox.h"
@@ -44,18 +46,21 @@ int verticalX(int column, int width, int textHeight) {
 
 } // namespace
 
-QPoint modProcessTasks::subTextPosition(quint8 orientation, int position, const ImageBox& box,
-                                        const QString& text) {
+QPoint textPosition(int orientation, int position, int alignment, Size picture, Size text) {
     if (position < 0 || position > LastNamedPosition)
         fail(ErrorNumber::InvalidCall, QStringLiteral("there is no text position %1").arg(position));
     const int column = position % 3;
     const int row = position / 3;
-    const int textWidth = box.TextWidth(text);
-    const int textHeight = box.TextHeight(text);
     if (orientation != 0)
-        return {verticalX(column, box.Width(), textHeight), placed(row, box.Height(), textWidth)};
-    return {horizontalX(column, box.TextAlignment, box.Width(), textWidth),
-            placed(row, box.Height(), textHeight)};
+        return {verticalX(column, picture.width, text.height), placed(row, picture.height, text.width)};
+    return {horizontalX(column, alignment, picture.width, text.width),
+            placed(row, picture.height, text.height)};
+}
+
+QPoint modProcessTasks::subTextPosition(quint8 orientation, int position, const ImageBox& box,
+                                        const QString& text) {
+    return textPosition(orientation, position, box.TextAlignment, {box.Width(), box.Height()},
+                        {box.TextWidth(text), box.TextHeight(text)});
 }
 
 } // namespace tarsel

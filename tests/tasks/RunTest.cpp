@@ -1,0 +1,194 @@
+#include "tests/support/TestDesktop.h"
+#include "tests/tasks/TaskRows.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+using modProcessTasks::subProcessPages;
+
+namespace {
+
+/// Three canvas rows that add 1, 10 and 100 columns: the width tells which of them ran.
+void fillThreeRows(TaskList& tasks) {
+    for (const char* columns : {"1", "10", "100"})
+        tasks.append(taskRow(12, {"0", columns, "0", "0", "0"}));
+}
+
+struct Failure {
+    const char* what;
+    TaskRow row;
+    qint32 number;
+};
+
+std::vector<Failure> failures() {
+    return {
+        {"a width that is empty", taskRow(3, {"True", "", "5"}), 13},
+        {"a width beyond 32 bits", taskRow(3, {"True", "9999999999", "5"}), 6},
+        {"a percent beyond 16 bits", taskRow(3, {"False", "40000", ""}), 6},
+        {"a percent with its sign behind", taskRow(3, {"False", "50%", ""}), 13},
+        {"neither true nor false", taskRow(3, {"yes", "50", ""}), 13},
+        {"a level in words", taskRow(4, {"much"}), 13},
+        {"an angle beyond 16 bits", taskRow(2, {"True", "32768", "0"}), 6},
+        {"a colour that is empty", taskRow(2, {"True", "90", ""}), 13},
+        {"a check that is empty", taskRow(5, {"60", "1", "", "1"}), 13},
+        {"an edge beyond 32 bits", taskRow(8, {"False", "0", "0", "2147483648", "5"}), 6},
+        {"a canvas that can't be added", taskRow(12, {"0", "-2147483648", "0", "0", "0"}), 6},
+        {"a canvas beyond the last coordinate", taskRow(12, {"0", "0", "0", "2147483647", "0"}), 6},
+        {"a picture to merge that has gone", taskRow(9, {"False", "0", "0", "/nowhere/mark.png"}), 53},
+        {"an orientation beyond a byte",
+         taskRow(10, {"True", "", "True", "0", "0", "DejaVu Sans", "9", "0", "0", "0", "0", "0", "256", "0",
+                      "a"}),
+         6},
+        {"a position that there is none of",
+         taskRow(10,
+                 {"True", "", "True", "0", "0", "DejaVu Sans", "9", "0", "0", "0", "0", "0", "0", "10", "a"}),
+         5},
+        {"a frame, whose artwork is missing", taskRow(13, {"0", "0", "1", "1"}), 5},
+        {"a mask, whose artwork is missing", taskRow(14, {"True", "0", "0"}), 5},
+        {"a shadow, whose artwork is missing", taskRow(15, {"0"}), 5},
+    };
+}
+
+} // namespace
+
+TEST(Run, WithNoRowsNothingHappensAtAll) {
+    TestDesktop desktop;
+    desktop.busy = true;
+    TaskList tasks;
+    ImageBox box;
+    EXPECT_TRUE(subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
+    EXPECT_TRUE(desktop.busy);
+    EXPECT_EQ(desktop.yields, 0);
+}
+
+TEST(Run, GivesWayOnceForEachRowAndTakesThePointerBack) {
+    TestDesktop desktop;
+    TaskList tasks;
+    fillThreeRows(tasks);
+    bool busyAtYield = true;
+    desktop.onYield = [&] { busyAtYield = busyAtYield && desktop.busy; };
+    ImageBox box = boxWith(unevenPicture(2, 2));
+    EXPECT_TRUE(subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
+    EXPECT_EQ(desktop.yields, 3);
+    EXPECT_TRUE(busyAtYield);
+    EXPECT_FALSE(desktop.busy);
+}
+
+TEST(Run, EndsBehindTheSelectedRowOfTheListThatIsInUse) {
+    TestDesktop desktop;
+    struct Selection {
+        int list, preview;
+        bool runAll, editing, passPreview;
+        int columnsAdded;
+    };
+    const Selection selections[] = {
+        {-1, -1, false, false, true, 111}, {0, -1, false, false, true, 1},  {1, 0, false, false, true, 11},
+        {1, 0, false, true, true, 1},      {0, -1, false, true, true, 111}, {0, 0, true, true, true, 111},
+        {0, 0, true, false, false, 111},   {1, 0, false, true, false, 11},  {2, -1, false, false, true, 111},
+    };
+    for (const Selection& s : selections) {
+        TaskList tasks;
+        fillThreeRows(tasks);
+        tasks.lvEdit.selectOnly(s.list);
+        tasks.lvEditPreview.selectOnly(s.preview);
+        ImageBox box = boxWith(unevenPicture(2, 2));
+        subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, s.passPreview ? &tasks.lvEditPreview : nullptr,
+                        s.runAll, s.editing);
+        EXPECT_EQ(box.Width(), 2 + s.columnsAdded) << s.list << ' ' << s.preview << ' ' << s.editing;
+    }
+}
+
+TEST(Run, KeepsTheOrderOfTheRows) {
+    TestDesktop desktop;
+    const std::vector<TaskRow> rows{taskRow(3, {"False", "50", ""}), taskRow(12, {"0", "5", "5", "5", "5"}),
+                                    taskRow(8, {"True", "0", "0", "0", "20", "20", ""})};
+    const Picture forward = replayed(60, 60, rows);
+    const Picture backward = replayed(60, 60, {rows.rbegin(), rows.rend()});
+    EXPECT_EQ(forward.width(), 20);
+    EXPECT_EQ(backward.width(), 15);
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST(Run, AFailingRowEndsItAndTheRowsInFrontStayApplied) {
+    for (const Failure& failure : failures()) {
+        TestDesktop desktop;
+        ImageBox box = boxWith(unevenPicture(9, 7));
+        EXPECT_FALSE(replayAll(box, {taskRow(11, {}), failure.row, taskRow(11, {})})) << failure.what;
+        EXPECT_EQ(box.picture(), replayed(9, 7, {taskRow(11, {})})) << failure.what;
+        ASSERT_EQ(desktop.reports.size(), 1u) << failure.what;
+        const ErrorReport& report = desktop.reports[0];
+        EXPECT_EQ(report.ErrRoutine, QStringLiteral("subProcessPages")) << failure.what;
+        EXPECT_TRUE(report.ErrSystem.startsWith(QString::number(failure.number) + QStringLiteral(" - ")))
+            << failure.what << ": " << report.ErrSystem.toStdString();
+    }
+}
+
+TEST(Run, AfterAFailureTheBusyPointerStays) {
+    TestDesktop desktop;
+    ImageBox box = boxWith(unevenPicture(9, 7));
+    EXPECT_FALSE(replayAll(box, {taskRow(4, {""})}));
+    EXPECT_TRUE(desktop.busy);
+}
+
+TEST(Run, ARowWhoseKindIsNoNumberEndsIt) {
+    for (const char* kind : {"", "flip", "99999"}) {
+        TestDesktop desktop;
+        ListView rows;
+        ListRow row;
+        row.text = QString::fromLatin1(kind);
+        rows.add(row);
+        ImageBox box = boxWith(unevenPicture(3, 3));
+        EXPECT_FALSE(subProcessPages(rows, rows, box, nullptr, true)) << kind;
+        EXPECT_EQ(desktop.reports.size(), 1u) << kind;
+    }
+}
+
+TEST(Run, MissingArtworkIsNamed) {
+    TestDesktop desktop;
+    ImageBox box = boxWith(unevenPicture(9, 7));
+    EXPECT_FALSE(replayAll(box, {taskRow(14, {"True", "0", "0"})}));
+    ASSERT_EQ(desktop.reports.size(), 1u);
+    EXPECT_TRUE(desktop.reports[0].ErrSystem.contains(
+        QStringLiteral("Mask artwork is not part of this program yet")));
+}
+
+TEST(Run, ARowTakenAwayDuringTheRunEndsItWithoutACrash) {
+    TestDesktop desktop;
+    TaskList tasks;
+    for (int i = 0; i < 3; ++i)
+        tasks.append(taskRow(11, {}));
+    desktop.onYield = [&] { tasks.remove(tasks.count() - 1); };
+    ImageBox box = boxWith(unevenPicture(9, 7));
+    EXPECT_FALSE(subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
+    EXPECT_EQ(desktop.reports.size(), 1u);
+}
+
+TEST(Run, TheSameListGivesTheSamePixelsInAPreviewAndInAHiddenBox) {
+    TestDesktop desktop;
+    const std::vector<TaskRow> rows{
+        taskRow(3, {"False", "50", ""}),
+        taskRow(7, {"3"}),
+        taskRow(10, {"True", "True", "False", "0", "2", "DejaVu Sans", "12", "True", "False", "False", "255",
+                     "65535", "0", "8", "Bottom right", "1", "1"}),
+        taskRow(2, {"True", "7", "16777215"}),
+        taskRow(12, {"0", "3", "3", "3", "3"}),
+        taskRow(8, {"True", "1", "2", "2", "70", "50", "128"}),
+    };
+    // A preview that another picture was edited in, at actual size.
+    ImageBox preview = boxWith(unevenPicture(33, 21));
+    preview.ControlWidth = 57;
+    preview.ControlHeight = 41;
+    preview.BackColor = 77;
+    preview.SelectRectangle(1, 1, 5, 5);
+    preview.SelectionActive = true;
+    preview.MergeStyle = 3;
+    preview.TextAngle = -90;
+    ASSERT_TRUE(replayAll(preview, rows));
+    preview.setPictureHandle(unevenPicture(211, 173));
+    ImageBox hidden = boxWith(unevenPicture(211, 173));
+    ASSERT_TRUE(replayAll(preview, rows));
+    ASSERT_TRUE(replayAll(hidden, rows));
+    EXPECT_EQ(preview.picture(), hidden.picture());
+    EXPECT_TRUE(desktop.reports.empty());
+}

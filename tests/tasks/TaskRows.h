@@ -1,0 +1,78 @@
+#pragma once
+
+#include "imaging/ImageBox.h"
+#include "tasks/TaskList.h"
+#include "tasks/modProcessTasks.h"
+
+#include <ostream>
+
+namespace tarsel::test {
+
+/// A row of a kind with its first columns.
+inline TaskRow taskRow(int kind, const QStringList& columns) {
+    TaskRow row{QString::number(kind), {}, {}};
+    if (const TaskKind* known = taskKind(kind))
+        row.key = QString::fromLatin1(known->rowKey);
+    for (int i = 0; i < columns.size(); ++i)
+        row.column(i + 1) = columns[i];
+    return row;
+}
+
+inline QStringList texts(std::initializer_list<const char*> columns) {
+    QStringList list;
+    for (const char* column : columns)
+        list << QString::fromUtf8(column);
+    return list;
+}
+
+inline TaskRow taskRow(int kind, std::initializer_list<const char*> columns) {
+    return taskRow(kind, texts(columns));
+}
+
+/// A picture in which no two neighbours are alike, and left differs from right, top from bottom.
+inline Picture unevenPicture(int width, int height) {
+    Picture picture(width, height, 3);
+    const PixelView view = picture.edit();
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            std::uint8_t* pixel = view.pixel(x, y);
+            pixel[0] = std::uint8_t(40 + (x * 7) % 160);
+            pixel[1] = std::uint8_t(30 + (y * 11) % 170);
+            pixel[2] = std::uint8_t(20 + (x * 3 + y * 5) % 180);
+        }
+    }
+    return picture;
+}
+
+inline ImageBox boxWith(const Picture& picture) {
+    ImageBox box;
+    box.setPictureHandle(picture);
+    return box;
+}
+
+/// Replays rows on a box, all of them.
+inline bool replayAll(ImageBox& box, const std::vector<TaskRow>& rows) {
+    TaskList tasks;
+    for (const TaskRow& row : rows)
+        tasks.append(row);
+    return modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true);
+}
+
+/// The picture that rows make of an uneven picture.
+inline Picture replayed(int width, int height, const std::vector<TaskRow>& rows) {
+    ImageBox box = boxWith(unevenPicture(width, height));
+    replayAll(box, rows);
+    return box.picture();
+}
+
+} // namespace tarsel::test
+
+namespace tarsel {
+inline void PrintTo(const Picture& picture, std::ostream* out) {
+    *out << picture.width() << " x " << picture.height() << " x " << picture.channels();
+}
+} // namespace tarsel
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
