@@ -97,7 +97,7 @@ void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     if (!thumbnail)
         thumbnail = loadThumbnail(source.path, settings.basketThumb, m_thumbnails);
     if (!thumbnail) {
-        m_failed << source.path;
+        noteFailed(source.path);
         return;
     }
     const QString resolution = folderRow.subItems.value(FolderColumn::Resolution - 1);
@@ -134,7 +134,7 @@ void Basket::subAddEntryToListView(const QString& path) {
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
                    *thumbnail);
         else
-            m_failed << path;
+            noteFailed(path);
     });
 }
 
@@ -167,7 +167,7 @@ void Basket::addPages(const Source& source, int pages) {
 /// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
 void Basket::addPage(const Source& source, int page) {
     if (!loadPage(source.path, page)) {
-        m_failed << source.path;
+        noteFailed(source.path);
         return;
     }
     const ImageBox& box = m_lists.ibMain;
@@ -175,7 +175,7 @@ void Basket::addPage(const Source& source, int page) {
     const QString pageFile = newPageFile(settings.programFolder, source.road, source.fileName, page);
     const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
     if (!thumbnail) {
-        m_failed << source.path;
+        noteFailed(source.path);
         return;
     }
     FileInfo().setFilePath(pageFile);
@@ -204,6 +204,12 @@ std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QStri
     if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketThumb, m_thumbnails); }))
         box.SaveToFile(pageFile);
     return thumbnail;
+}
+
+/// A document is noted once, however many of its pages fail.
+void Basket::noteFailed(const QString& path) {
+    if (m_failed.isEmpty() || m_failed.last() != path)
+        m_failed << path;
 }
 
 // --- removing

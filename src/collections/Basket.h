@@ -59,6 +59,7 @@ private:
     void addRow(ListRow row, const Thumbnail& thumbnail);
     void showStatus(Road road, const QString& text);
     void showCount();
+    void noteFailed(const QString& path);
 
     CollectionLists m_lists;
     ThumbnailMaker m_thumbnails;

@@ -1,0 +1,211 @@
+#include "tests/collections/CollectionWindow.h"
+
+#include "base/SafeFileWriter.h"
+
+#include <QFile>
+
+using namespace tarsel;
+using namespace tarsel::test;
+using namespace tarsel::modSaveOpenImageList;
+
+namespace {
+
+class BasketFileTest : public CollectionWindow {
+protected:
+    QString list(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+
+    QString written(const char* name) const { return QString::fromUtf8(readWholeFile(list(name))); }
+
+    QString writtenList(const char* name, const QString& text) const {
+        writeBytes(list(name), text.toUtf8());
+        return list(name);
+    }
+
+    /// Adds a document of two pages and a picture, in this order, and gives the rows descriptions.
+    void fillBasket() {
+        makeDocument(picture("scan.tif"), {{{9, 7}}, {{5, 6}}});
+        makePicture(picture("a.png"), {3, 3});
+        Basket pages = basket();
+        pages.subAddEntryToListView(picture("scan.tif"));
+        pages.subAddEntryToListView(picture("a.png"));
+        for (int row = 0; row < lvPages.count(); ++row)
+            lvPages.setSubItem(row, BasketColumn::Description, QStringLiteral("row %1").arg(row + 1));
+    }
+
+    bool open(const QString& path) {
+        Basket pages = basket();
+        return fncOpenImageBasket(path, pages, lists);
+    }
+};
+
+} // namespace
+
+TEST_F(BasketFileTest, APlainListHoldsEachSourceOnce) {
+    fillBasket();
+    ASSERT_TRUE(fncSaveImageBasket(2, list("a"), lvPages));
+    EXPECT_EQ(written("a.ibf"),
+              QStringLiteral("\"%1\"\r\n\"%2\"\r\n").arg(picture("scan.tif"), picture("a.png")));
+}
+
+TEST_F(BasketFileTest, DescriptionsArePairedByRowNumberNotByPath) {
+    fillBasket();
+    ASSERT_TRUE(fncSaveImageBasket(3, list("a.ibd"), lvPages));
+    EXPECT_EQ(written("a.ibd"), QStringLiteral("\"%1\",\"row 1\"\r\n\"%2\",\"row 2\"\r\n")
+                                    .arg(picture("scan.tif"), picture("a.png")));
+    ASSERT_TRUE(open(list("a.ibd")));
+    EXPECT_EQ(texts(lvPages).join(QLatin1Char(' ')), QStringLiteral("scan.tif1 scan.tif2 a.png"));
+    EXPECT_EQ(column(lvPages, BasketColumn::Description),
+              (QStringList{QStringLiteral("row 1"), QStringLiteral("row 2"), QString()}));
+}
+
+TEST_F(BasketFileTest, TheExtensionIsAppendedForPlainListsOnly) {
+    fillBasket();
+    const struct {
+        int filter;
+        const char* name;
+        const char* made;
+    } cases[] = {{1, "one", "one.ibf"},           {2, "two", "two.ibf"}, {2, "three.IBF", "three.IBF"},
+                 {1, "four.ibd", "four.ibd.ibf"}, {3, "five", "five"},   {3, "six.ibd", "six.ibd"}};
+    for (const auto& c : cases) {
+        EXPECT_TRUE(fncSaveImageBasket(c.filter, list(c.name), lvPages));
+        EXPECT_TRUE(QFile::exists(list(c.made))) << c.made;
+    }
+    EXPECT_TRUE(written("five").contains(QStringLiteral("\",\"row 1\"\r\n")));
+}
+
+TEST_F(BasketFileTest, AnEmptyBasketIsNotWritten) {
+    writeBytes(list("a.ibf"), "as it was");
+    EXPECT_FALSE(fncSaveImageBasket(1, list("a.ibf"), lvPages));
+    EXPECT_EQ(written("a.ibf"), QStringLiteral("as it was"));
+}
+
+TEST_F(BasketFileTest, AFolderThatDoesNotExistIsReported) {
+    fillBasket();
+    EXPECT_FALSE(fncSaveImageBasket(1, list("gone/a.ibf"), lvPages));
+    const ErrorReport report = takeReport();
+    EXPECT_EQ(report.ErrRoutine, QStringLiteral("modSaveOpenImageList.fncSaveImageBasket"));
+    EXPECT_TRUE(report.ErrSystem.contains(list("gone/a.ibf")));
+}
+
+TEST_F(BasketFileTest, NamesInAnyScriptComeBackWhole) {
+    const char* name = "caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC, \xE2\x82\xAC.png";
+    makePicture(picture(name), {3, 3});
+    basket().subAddEntryToListView(picture(name));
+    for (const int filter : {2, 3}) {
+        const QString path = list(filter == 2 ? "a.ibf" : "a.ibd");
+        ASSERT_TRUE(fncSaveImageBasket(filter, path, lvPages));
+        ASSERT_TRUE(open(path));
+        ASSERT_EQ(lvPages.count(), 1);
+        EXPECT_EQ(lvPages.row(0).tag, picture(name));
+    }
+}
+
+TEST_F(BasketFileTest, FilesThatHaveMovedAreSkippedInSilence) {
+    makePicture(picture("a.png"), {3, 3});
+    EXPECT_TRUE(open(writtenList(
+        "l.ibf", QStringLiteral("\"/gone/x.png\"\r\n\"%1\"\r\n\"/gone/y.tif\"\r\n").arg(picture("a.png")))));
+    EXPECT_EQ(texts(lvPages), QStringList{QStringLiteral("a.png")});
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(BasketFileTest, AMissingFileKeepsItsPlaceInThePairingOfDescriptions) {
+    makeDocument(picture("scan.tif"), {{{9, 7}}, {{5, 6}}});
+    makePicture(picture("a.png"), {3, 3});
+    const QString lines =
+        QStringLiteral("\"%1\",\"first\"\r\n\"/gone/x.png\",\"second\"\r\n\"%2\",\"third\"\r\n")
+            .arg(picture("scan.tif"), picture("a.png"));
+    EXPECT_TRUE(open(writtenList("l.ibd", lines)));
+    EXPECT_EQ(column(lvPages, BasketColumn::Description),
+              (QStringList{QStringLiteral("first"), QString(), QStringLiteral("third")}));
+}
+
+TEST_F(BasketFileTest, AQuoteInADescriptionSpoilsItAndTheReaderSurvives) {
+    makePicture(picture("a.png"), {3, 3});
+    basket().subAddEntryToListView(picture("a.png"));
+    lvPages.setSubItem(0, BasketColumn::Description, QStringLiteral("the \"best\" one"));
+    ASSERT_TRUE(fncSaveImageBasket(3, list("a.ibd"), lvPages));
+    open(list("a.ibd"));
+    desktop.reports.clear();
+    EXPECT_LE(lvPages.count(), 1);
+}
+
+TEST_F(BasketFileTest, OpeningReplacesTheBasketAndKeepsItsPageFiles) {
+    fillBasket();
+    const int files = int(pageFiles().size());
+    EXPECT_TRUE(open(writtenList("l.ibf", QStringLiteral("\"%1\"\r\n").arg(picture("a.png")))));
+    EXPECT_EQ(lvPages.count(), 1);
+    EXPECT_EQ(ilPages.count(), 1);
+    EXPECT_EQ(pageFiles().size(), files);
+}
+
+TEST_F(BasketFileTest, AnEmptyListGivesAnEmptyBasketAndNoBar) {
+    fillBasket();
+    progress.starts = 0;
+    EXPECT_TRUE(open(writtenList("l.ibf", QString())));
+    EXPECT_EQ(lvPages.count(), 0);
+    EXPECT_EQ(progress.starts, 0);
+}
+
+TEST_F(BasketFileTest, AnotherExtensionReadsNothing) {
+    makePicture(picture("a.png"), {3, 3});
+    EXPECT_TRUE(open(writtenList("l.txt", QStringLiteral("\"%1\"\r\n").arg(picture("a.png")))));
+    EXPECT_EQ(lvPages.count(), 0);
+}
+
+TEST_F(BasketFileTest, DamagedListsAddNothingAndNameFileAndFact) {
+    const struct {
+        const char* name;
+        bool ended;
+        const char* number;
+    } cases[] = {
+        {"binary-noise.ibd", false, "62 - "},       {"binary-noise.ibf", true, ""},
+        {"empty-line.ibf", false, "5 - "},          {"line-of-one-quote.ibf", false, "5 - "},
+        {"no-description.ibd", false, "62 - "},     {"no-line-end-at-the-end.ibf", true, ""},
+        {"quote-never-closed.ibd", false, "62 - "}, {"zero-length.ibd", true, ""},
+    };
+    const QString fixtures = QStringLiteral(TARSEL_BASKET_FIXTURES);
+    EXPECT_EQ(QDir(fixtures).entryList(QDir::Files).size(), qsizetype(std::size(cases)));
+    for (const auto& c : cases) {
+        const QString path = fixtures + QLatin1Char('/') + QString::fromLatin1(c.name);
+        EXPECT_EQ(open(path), c.ended) << c.name;
+        EXPECT_EQ(lvPages.count(), 0) << c.name;
+        if (c.ended)
+            continue;
+        const ErrorReport report = takeReport();
+        EXPECT_EQ(report.ErrRoutine, QStringLiteral("modSaveOpenImageList.fncOpenImageBasket")) << c.name;
+        EXPECT_TRUE(report.ErrSystem.startsWith(QLatin1String(c.number)))
+            << c.name << ": " << report.ErrSystem.toStdString();
+        EXPECT_TRUE(report.ErrSystem.contains(path)) << c.name;
+    }
+}
+
+TEST_F(BasketFileTest, AListThatIsNotThereIsReportedByName) {
+    EXPECT_FALSE(open(list("gone.ibf")));
+    const ErrorReport report = takeReport();
+    EXPECT_TRUE(report.ErrSystem.startsWith(QStringLiteral("53 - "))) << report.ErrSystem.toStdString();
+    EXPECT_TRUE(report.ErrSystem.contains(list("gone.ibf")));
+}
+
+TEST_F(BasketFileTest, NoCutAndNoFlippedBitBreaksTheReaders) {
+    makePicture(picture("a.png"), {3, 3});
+    const QString path = picture("a.png");
+    const struct {
+        const char* name;
+        QString text;
+    } cases[] = {{"m.ibf", QStringLiteral("\"%1\"\r\n\"/gone/b.png\"\r\n").arg(path)},
+                 {"m.ibd", QStringLiteral("\"%1\",\"one\"\r\n\"/gone/b.png\",\"two\"\r\n").arg(path)}};
+    for (const auto& l : cases) {
+        const QByteArray whole = l.text.toUtf8();
+        for (qsizetype at = 0; at < whole.size(); ++at) {
+            QByteArray flipped = whole;
+            flipped[at] = char(flipped[at] ^ (1 << (at % 8)));
+            for (const QByteArray& bytes : {whole.left(at), flipped}) {
+                writeBytes(list(l.name), bytes);
+                const bool ended = open(list(l.name));
+                EXPECT_EQ(ended, desktop.reports.empty());
+                EXPECT_LE(lvPages.count(), 2);
+                desktop.reports.clear();
+            }
+        }
+    }
+}

@@ -1,0 +1,160 @@
+#include "tests/collections/CollectionWindow.h"
+
+#include "base/TrappedError.h"
+
+#include <QFile>
+
+#include <unistd.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+class FolderViewTest : public CollectionWindow {};
+} // namespace
+
+TEST_F(FolderViewTest, ListsPicturesSortedWithoutRegardToCaseAndNothingElse) {
+    for (const char* name : {"b.JPG", "A.jpeg", "c.Tiff", "photo.jpgold", "d.wbm", "notes.txt", "e.jp2",
+                             ".hidden.jpg", "z.PSD", "jpg", "B.jpg"})
+        writeBytes(picture(name), "x");
+    QDir(pictures).mkpath(QStringLiteral("folder.jpg"));
+    EXPECT_EQ(pictureFiles(pictures),
+              (QStringList{QStringLiteral("A.jpeg"), QStringLiteral("B.jpg"), QStringLiteral("b.JPG"),
+                           QStringLiteral("c.Tiff"), QStringLiteral("d.wbm"), QStringLiteral("photo.jpgold"),
+                           QStringLiteral("z.PSD")}));
+    EXPECT_EQ(picturePattern(), QStringLiteral("*.jpg*;*.jpeg*;*.jpe*;*.tif*;*.tiff*;*.gif*;*.bmp*;*.pcx*;*."
+                                               "png*;*.wbm*;*.wbmp*;*.psd*"));
+}
+
+TEST_F(FolderViewTest, ARowOfTheThumbnailViewShowsSizePagesAndDates) {
+    makePicture(picture("wide.png"), {400, 100});
+    folderView().subShowFilesInFolder(pictures);
+    ASSERT_EQ(texts(lvFolder), QStringList{QStringLiteral("wide.png")});
+    EXPECT_EQ(lvFolder.row(0).tag, picture("wide.png"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution), QStringLiteral("400 x 100"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Pages), QStringLiteral("1"));
+    EXPECT_FALSE(lvFolder.subItem(0, FolderColumn::DateModified).isEmpty());
+    EXPECT_EQ(ilFolder.at(lvFolder.row(0).icon), QVariant(QSize(40, 30)));
+    EXPECT_EQ(status.panel(QStringLiteral("folder")), QStringLiteral("Current Folder - ") + pictures);
+    EXPECT_TRUE(QDir(temporaryFolder(settings.programFolder)).exists());
+}
+
+TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails) {
+    makePicture(picture("good.jpg"), {33, 22});
+    writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 this is no picture");
+    writeBytes(picture("empty.jpg"), "");
+    writeBytes(picture("strange.png"), "neither is this");
+    folderView().subShowFilesInFolder(pictures);
+    EXPECT_EQ(texts(lvFolder), QStringList{QStringLiteral("good.jpg")});
+    EXPECT_EQ(ilFolder.count(), 1);
+
+    settings.folderView = 3;
+    folderView().subShowFilesInFolder(pictures);
+    EXPECT_EQ(texts(lvFolder), (QStringList{QStringLiteral("bad.jpg"), QStringLiteral("empty.jpg"),
+                                            QStringLiteral("good.jpg"), QStringLiteral("strange.png")}));
+    EXPECT_EQ(column(lvFolder, FolderColumn::Resolution),
+              (QStringList{QStringLiteral("0 X 0 X 0"), QStringLiteral("0 X 0 X 0"),
+                           QStringLiteral("33 X 22 X 24"), QStringLiteral("0 X 0 X 0")}));
+    EXPECT_EQ(ilFolder.count(), 0);
+}
+
+TEST_F(FolderViewTest, TheDetailViewReadsNoHeaderOfFormatsThatItDoesNotShow) {
+    makePicture(picture("a.bmp"), {7, 5});
+    QFile::copy(picture("a.bmp"), picture("b.pcx"));
+    settings.folderView = 3;
+    folderView().subShowFilesInFolder(pictures);
+    EXPECT_EQ(column(lvFolder, FolderColumn::Resolution),
+              (QStringList{QStringLiteral("7 X 5 X 24"), QString()}));
+}
+
+TEST_F(FolderViewTest, OnlyDocumentsHaveMoreThanOnePage) {
+    makeDocument(picture("five.tiff"), {{{9, 7}}, {{5, 5}}, {{4, 4}}, {{3, 3}}, {{2, 2}}});
+    makePicture(picture("one.png"), {9, 7});
+    for (const int view : {0, 3}) {
+        settings.folderView = view;
+        folderView().subShowFilesInFolder(pictures);
+        EXPECT_EQ(column(lvFolder, FolderColumn::Pages),
+                  (QStringList{QStringLiteral("5"), QStringLiteral("1")}));
+    }
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution), QStringLiteral("9 X 7 X 24"));
+}
+
+TEST_F(FolderViewTest, AnEmptyFolderEmptiesListAndPicturesAndShowsNoBar) {
+    makePicture(picture("a.png"), {4, 4});
+    FolderView view = folderView();
+    view.subShowFilesInFolder(pictures);
+    const QString empty = folder.filePath(QStringLiteral("empty"));
+    QDir().mkpath(empty);
+    progress.starts = 0;
+    view.subShowFilesInFolder(empty);
+    EXPECT_EQ(lvFolder.count() + ilFolder.count() + progress.starts, 0);
+    EXPECT_EQ(status.panel(QStringLiteral("folder")), QStringLiteral("Current Folder - ") + empty);
+    EXPECT_EQ(view.currentFolder(), empty);
+}
+
+TEST_F(FolderViewTest, AMissingFolderIsReportedByName) {
+    const QString missing = folder.filePath(QStringLiteral("gone"));
+    folderView().subShowFilesInFolder(missing);
+    const ErrorReport report = takeReport();
+    EXPECT_EQ(report.ErrRoutine, QStringLiteral("FrmMain.subShowFilesInFolder"));
+    EXPECT_TRUE(report.ErrSystem.startsWith(QStringLiteral("76 - "))) << report.ErrSystem.toStdString();
+    EXPECT_TRUE(report.ErrSystem.contains(missing));
+    EXPECT_EQ(lvFolder.count(), 0);
+}
+
+TEST_F(FolderViewTest, AFolderWithoutPermissionIsReportedByName) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may read every folder";
+    QFile::setPermissions(pictures, QFile::ExeOwner);
+    folderView().subShowFilesInFolder(pictures);
+    QFile::setPermissions(pictures, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const ErrorReport report = takeReport();
+    EXPECT_TRUE(report.ErrSystem.startsWith(QStringLiteral("70 - "))) << report.ErrSystem.toStdString();
+    EXPECT_TRUE(report.ErrSystem.contains(pictures));
+}
+
+TEST_F(FolderViewTest, AListingStopsAtTheNextFileWhenAnotherFolderWasChosen) {
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png"})
+        makePicture(picture(name), {4, 4});
+    FolderView view = folderView();
+    desktop.onYield = [&] { view.FolderChanging = lvFolder.count() == 2; };
+    view.subShowFilesInFolder(pictures);
+    EXPECT_EQ(lvFolder.count(), 2);
+    EXPECT_FALSE(view.FolderChanging);
+}
+
+TEST_F(FolderViewTest, ALongListingGivesWayAtEveryFile) {
+    for (const char* name : {"a.png", "b.png", "c.png"})
+        makePicture(picture(name), {4, 4});
+    std::vector<int> rowsAtYield;
+    desktop.onYield = [&] { rowsAtYield.push_back(lvFolder.count()); };
+    folderView().subShowFilesInFolder(pictures);
+    for (int rows = 0; rows < 3; ++rows)
+        EXPECT_NE(std::count(rowsAtYield.begin(), rowsAtYield.end(), rows), 0) << rows;
+    EXPECT_EQ(progress.value, 3);
+    EXPECT_EQ(progress.maximum, 3);
+}
+
+TEST_F(FolderViewTest, ThumbnailsComeBackFromTheDetailViewWithoutANewListing) {
+    for (const char* name : {"a.png", "b.png"})
+        makePicture(picture(name), {4, 4});
+    FolderView view = folderView();
+    view.subShowFilesInFolder(pictures);
+    view.cmdDetailFolder();
+    EXPECT_EQ(view.settings.folderView, 3);
+    EXPECT_EQ(lvFolder.row(1).icon, -1);
+    const int yields = desktop.yields;
+    view.cmdThumbnailFolder();
+    EXPECT_EQ(lvFolder.row(1).icon, 1);
+    EXPECT_EQ(desktop.yields, yields);
+}
+
+TEST_F(FolderViewTest, AListingMadeInDetailsIsMadeAnewForThumbnails) {
+    makePicture(picture("a.png"), {4, 4});
+    settings.folderView = 3;
+    FolderView view = folderView();
+    view.subShowFilesInFolder(pictures);
+    view.cmdThumbnailFolder();
+    EXPECT_EQ(ilFolder.count(), 1);
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution), QStringLiteral("4 x 4"));
+}
