@@ -1,0 +1,79 @@
+#include "base/ErrorReport.h"
+
+#include "base/Desktop.h"
+
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+const QString basePath = QStringLiteral("/cgi-bin/cgiemail/support/submitBug.txt?");
+
+/// Titles that browsers give the page with the form's answer.
+constexpr const char* SuccessTitles[] = {
+    "Success - Windows Internet Explorer",
+    "Success - Microsoft Internet Explorer",
+    "Success",
+    "Success - Internet Explorer",
+    "Success - Explorer",
+    "Success - Windows Explorer",
+};
+
+QString thanks() {
+    return QStringLiteral("Report send. Thank you very much for your time.\n"
+                          "\n"
+                          "If you had provided us with a valid email address,\n"
+                          "one of our support staff will attend to this error report,\n"
+                          "and you might get a responce from us");
+}
+
+} // namespace
+
+QString errorReportUrl(const ErrorReport& report, const QString& email, const QString& description) {
+    const QString address =
+        email.trimmed().isEmpty() ? QStringLiteral(TARSEL_REPORT_ADDRESS) : email.trimmed();
+    return QStringLiteral(TARSEL_REPORT_ENDPOINT) + basePath + QStringLiteral("ApplicationName=") +
+           ApplicationName + QStringLiteral("&EmailFrom=") + address +
+           QStringLiteral("&ApplicationVersion=") + report.ErrApplicationVersion +
+           QStringLiteral("&RoutineName=") + report.ErrRoutine + QStringLiteral("&ErrorLineNumber=") +
+           QString::number(report.ErrLine) + QStringLiteral("&StringMessage=") + report.ErrTrappingString +
+           QStringLiteral("&Error=") + report.ErrSystem + QStringLiteral("&UserDescription=") + description;
+}
+
+void sendErrorReport(const ErrorReport& report, const QString& email, const QString& description) {
+    SendReport(errorReportUrl(report, email, description), thanks());
+}
+
+bool SendReport(const QString& url, const QString& message) {
+    if (!IsOnline()) {
+        desktop().messageBox(QStringLiteral("No active internet connection detected on your system!"),
+                             MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+        return false;
+    }
+    CloseSuccessWindow();
+    const QString browser = desktop().browserPath().trimmed();
+    if (browser.isEmpty()) {
+        desktop().shellOpen(url);
+        return true;
+    }
+    desktop().startHidden(browser, {url});
+    desktop().messageBox(message, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+    return true;
+}
+
+bool CloseSuccessWindow() {
+    const bool closed =
+        std::any_of(std::begin(SuccessTitles), std::end(SuccessTitles), [](const char* title) {
+            return desktop().closeWindowTitled(QString::fromLatin1(title));
+        });
+    if (closed)
+        desktop().yield(); // lets the window go before the next report opens its own
+    return closed;
+}
+
+bool IsOnline() {
+    return desktop().isOnline();
+}
+
+} // namespace tarsel
