@@ -47,7 +47,7 @@ constexpr std::array Drawings{
                 {{{"M2 2 L11.5 2 L14 4.5 L14 14 L2 14 Z", Ink::Accent, true},
                   {"M5 2 L5 6 L10.5 6 L10.5 2 M4.5 14 L4.5 9.5 L11.5 9.5 L11.5 14", Ink::Line, false}}}},
     IconDrawing{"remove", {{{"M3.5 3.5 L12.5 12.5 M12.5 3.5 L3.5 12.5", Ink::Red, false}}}},
-    IconDrawing{"picture",
+    IconDrawing{"iDetailIcon",
                 {{{"R1.5 2.5 13 11", Ink::Line, false},
                   {"M2 12.5 L6 7.5 L9 10.5 L11.5 8.5 L14 12.5 Z", Ink::Green, true},
                   {"E10.5 5.7 1.3", Ink::Warm, true}}}},

@@ -68,6 +68,7 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     prepare(m_thumbnails);
     m_thumbnails->setSelectionModel(m_table->selectionModel());
     setThumbnailSize({40, 40});
+    setTableIconSize({16, 16});
 
     const QItemSelectionModel* selection = m_table->selectionModel();
     connect(selection, &QItemSelectionModel::selectionChanged, this, &ListControl::takeSelectionFromView);
@@ -95,11 +96,14 @@ ListControl::Form ListControl::form() const {
 }
 
 void ListControl::setThumbnailSize(QSize size) {
-    m_table->setIconSize(size);
     m_thumbnails->setIconSize(size);
     // Two names of the usual length stand side by side without being cut.
     const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 16);
     m_thumbnails->setGridSize({width, size.height() + fontMetrics().height() + 16});
+}
+
+void ListControl::setTableIconSize(QSize size) {
+    m_table->setIconSize(size);
 }
 
 void ListControl::setFullRowSelect(bool full) {

@@ -27,7 +27,8 @@ public:
 
     void setForm(Form form);
     Form form() const;
-    void setThumbnailSize(QSize size);
+    void setThumbnailSize(QSize size); ///< pictures of the form Thumbnails
+    void setTableIconSize(QSize size); ///< pictures of the form Details; small ones until it is called
     /// On: a selected row is marked over all columns; off: on its first column.
     void setFullRowSelect(bool full);
     int columnWidth(int column) const;

@@ -1,8 +1,27 @@
 #include "controls/RowDelegate.h"
 
+#include "base/ListView.h"
+#include "controls/LineIcon.h"
+
+#include <QHash>
 #include <QPainter>
 
 namespace tarsel {
+
+namespace {
+
+/// The picture that the list's logic names; rows of tasks, whose own pictures are not drawn, share one.
+QIcon iconOf(const QString& iconKey) {
+    static QHash<QString, QIcon> icons;
+    QIcon& icon = icons[iconKey];
+    if (icon.isNull())
+        icon = lineIcon(iconKey);
+    if (icon.isNull())
+        icon = lineIcon(QStringLiteral("task"));
+    return icon;
+}
+
+} // namespace
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
@@ -19,6 +38,12 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() > 0 && !fullRow)
         option->state &= ~QStyle::State_Selected;
+    const QString iconKey = index.data(ListView::IconKeyRole).toString();
+    if (index.column() > 0 || iconKey.isEmpty() || index.data(Qt::DecorationRole).isValid())
+        return;
+    option->icon = iconOf(iconKey);
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->decorationSize = QSize(16, 16);
 }
 
 } // namespace tarsel

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "collections/Basket.h"
+
+namespace tarsel::basketActions {
+
+/// Asks for a file and fills the basket from it; asks first when there are rows already.
+void cmdPagesOpen(Basket& basket, CollectionLists& lists);
+
+/// Asks for a file and writes the basket to it.
+void cmdPagesSave(const ListView& lvPages);
+
+} // namespace tarsel::basketActions

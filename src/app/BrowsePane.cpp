@@ -1,0 +1,92 @@
+#include "app/BrowsePane.h"
+
+#include "app/FolderTree.h"
+#include "app/PaneParts.h"
+#include "controls/ListControl.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QToolButton>
+
+namespace tarsel {
+
+namespace {
+
+struct EditBarButton {
+    const char* icon;
+    const char* toolTip;
+};
+
+constexpr EditBarButton EditBar[] = {
+    {"new", "Create a new task basket"},
+    {"open", "Open a task basket"},
+    {"save", "Save the task basket"},
+    {"remove", "Remove the selected task"},
+};
+
+} // namespace
+
+BrowsePane::BrowsePane(TaskList& tasks, QWidget* parent) :
+    QWidget(parent), m_tree(new FolderTree(this)), m_tasks(new ListControl(tasks.lvEdit, this)) {
+    auto* lblBrowse = makePaneCaption({}, this);
+    lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
+    auto* tbsBrowse = new QTabBar(this);
+    tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
+    tbsBrowse->setDocumentMode(true);
+    tbsBrowse->setExpanding(false);
+    tbsBrowse->addTab(QStringLiteral("Browse File System"));
+    tbsBrowse->addTab(QStringLiteral("Task Basket"));
+    m_tree->setFrameShape(QFrame::StyledPanel);
+
+    auto* picFileSystem = new QWidget(this);
+    picFileSystem->setObjectName(QStringLiteral("picFileSystem"));
+    auto* treeBox = new QVBoxLayout(picFileSystem);
+    treeBox->setContentsMargins(0, 0, 0, 0);
+    treeBox->addWidget(m_tree);
+    auto* panels = new QStackedWidget(this);
+    panels->addWidget(picFileSystem);
+    panels->addWidget(makeTaskPanel());
+
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addWidget(lblBrowse);
+    rows->addWidget(tbsBrowse);
+    rows->addWidget(panels, 1);
+
+    const auto showTab = [tbsBrowse, panels, lblBrowse](int tab) {
+        panels->setCurrentIndex(tab);
+        lblBrowse->setText(tbsBrowse->tabText(tab));
+    };
+    connect(tbsBrowse, &QTabBar::currentChanged, this, showTab);
+    showTab(0);
+}
+
+QWidget* BrowsePane::makeTaskPanel() {
+    auto* picEditBar = new QWidget(this);
+    picEditBar->setObjectName(QStringLiteral("picEditBar"));
+    auto* bar = new QHBoxLayout;
+    bar->setSpacing(2);
+    for (int index = 0; index < int(std::size(EditBar)); ++index) {
+        const EditBarButton& button = EditBar[index];
+        const QByteArray name = "cmdEditBar_" + QByteArray::number(index);
+        auto* made =
+            makePaneButton(name.constData(), button.icon, {}, QLatin1String(button.toolTip), picEditBar);
+        connect(made, &QToolButton::clicked, this, [this, index] { Q_EMIT cmdEditBar(index); });
+        bar->addWidget(made);
+    }
+    bar->addStretch(1);
+    m_tasks->setObjectName(QStringLiteral("lvEdit"));
+    m_tasks->setAccessibleName(QStringLiteral("Confirmed tasks"));
+    m_tasks->setFullRowSelect(true);
+    auto* rows = new QVBoxLayout(picEditBar);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addLayout(bar);
+    rows->addWidget(m_tasks, 1);
+    return picEditBar;
+}
+
+} // namespace tarsel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tasks/TaskList.h"
+
+#include <QWidget>
+
+class QLabel;
+
+namespace tarsel {
+
+class FolderTree;
+class ListControl;
+
+/// The left pane: the folder tree and the task basket, behind two tabs.
+class BrowsePane final : public QWidget {
+    Q_OBJECT
+public:
+    explicit BrowsePane(TaskList& tasks, QWidget* parent = nullptr);
+
+    FolderTree& ftvBrowse() const { return *m_tree; }
+    ListControl& lvEdit() const { return *m_tasks; }
+
+Q_SIGNALS:
+    /// A button of the task basket, by its index: 0 new, 1 open, 2 save, 3 remove.
+    void cmdEditBar(int index);
+
+private:
+    QWidget* makeTaskPanel();
+
+    FolderTree* m_tree;
+    ListControl* m_tasks;
+};
+
+} // namespace tarsel

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/ListView.h"
+
+#include <QWidget>
+
+class QMenu;
+
+namespace tarsel {
+
+class ListControl;
+
+/// The list of the pictures in the chosen folder, with its buttons and its menu.
+class FolderPane final : public QWidget {
+    Q_OBJECT
+public:
+    explicit FolderPane(ListView& lvFolder, QWidget* parent = nullptr);
+
+    ListControl& lvFolder() const { return *m_list; }
+
+Q_SIGNALS:
+    void cmdAddToQueue();
+    void cmdThumbnailFolder();
+    void cmdDetailFolder();
+    void cmdRefreshFolder();
+
+private:
+    QLayout* makeBar();
+    void makeMenu();
+
+    ListControl* m_list;
+};
+
+} // namespace tarsel

@@ -1,0 +1,50 @@
+#include "app/ImageBoxView.h"
+
+#include "app/PictureImage.h"
+
+#include <QPainter>
+
+namespace tarsel {
+
+ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QWidget(parent), m_box(box) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAccessibleName(QStringLiteral("Preview of the selected picture"));
+}
+
+void ImageBoxView::boxChanged() {
+    fitBox();
+    update();
+}
+
+void ImageBoxView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fitBox();
+}
+
+void ImageBoxView::fitBox() {
+    m_box.ControlWidth = float(width());
+    m_box.ControlHeight = float(height());
+    m_scaled = {};
+}
+
+void ImageBoxView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Mid));
+    if (!m_box.HasImage() || !m_box.Visible) {
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("No picture"));
+        return;
+    }
+    const double ratio = devicePixelRatioF();
+    if (m_scaled.isNull()) {
+        const QSize drawn = QSize(m_box.DisplayWidth(), m_box.DisplayHeight()) * ratio;
+        m_scaled = QPixmap::fromImage(
+            imageOf(m_box.picture()).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        m_scaled.setDevicePixelRatio(ratio);
+    }
+    const QSizeF drawn = m_scaled.deviceIndependentSize();
+    painter.drawPixmap(QPointF((width() - drawn.width()) / 2, (height() - drawn.height()) / 2), m_scaled);
+}
+
+} // namespace tarsel

@@ -1,0 +1,43 @@
+#include "app/MetadataPane.h"
+
+#include "controls/ListControl.h"
+
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace tarsel {
+
+MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, QWidget* parent) :
+    QWidget(parent), m_exif(addList(lvExif, "lvExif", "EXIF attributes")),
+    m_iptc(addList(lvIPTC, "lvIPTC", "IPTC attributes")), m_tabs(new QTabBar(this)) {
+    setObjectName(QStringLiteral("PicMetadata"));
+    m_tabs->setObjectName(QStringLiteral("tbsMetadata"));
+    m_tabs->setDocumentMode(true);
+    m_tabs->setExpanding(false);
+    m_tabs->addTab(QStringLiteral("EXIF"));
+    m_tabs->addTab(QStringLiteral("IPTC"));
+    auto* lists = new QStackedWidget(this);
+    lists->addWidget(m_exif);
+    lists->addWidget(m_iptc);
+    connect(m_tabs, &QTabBar::currentChanged, lists, &QStackedWidget::setCurrentIndex);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addWidget(m_tabs);
+    rows->addWidget(lists, 1);
+}
+
+void MetadataPane::showTab(int tab) {
+    m_tabs->setCurrentIndex(tab);
+}
+
+ListControl* MetadataPane::addList(ListView& list, const char* name, const char* meaning) {
+    auto* control = new ListControl(list, this);
+    control->setObjectName(QLatin1String(name));
+    control->setAccessibleName(QLatin1String(meaning));
+    control->setFullRowSelect(true);
+    return control;
+}
+
+} // namespace tarsel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/ListView.h"
+
+#include <QWidget>
+
+class QTabBar;
+
+namespace tarsel {
+
+class ListControl;
+
+/// The metadata of the picture on show, behind two tabs.
+class MetadataPane final : public QWidget {
+    Q_OBJECT
+public:
+    MetadataPane(ListView& lvExif, ListView& lvIPTC, QWidget* parent = nullptr);
+
+    ListControl& lvExif() const { return *m_exif; }
+    ListControl& lvIPTC() const { return *m_iptc; }
+    void showTab(int tab); ///< 0 EXIF, 1 IPTC
+
+private:
+    ListControl* addList(ListView& list, const char* name, const char* meaning);
+
+    ListControl* m_exif;
+    ListControl* m_iptc;
+    QTabBar* m_tabs;
+};
+
+} // namespace tarsel

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "imaging/Picture.h"
+
+#include <QImage>
+
+namespace tarsel {
+
+/// The picture as Qt draws it. The pixels are shared, not copied: the image holds the picture.
+QImage imageOf(const Picture& picture);
+
+} // namespace tarsel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/ListView.h"
+#include "imaging/ImageBox.h"
+
+#include <QWidget>
+
+class QActionGroup;
+class QToolButton;
+
+namespace tarsel {
+
+class ImageBoxView;
+
+/// The picture on show, with the choice between the original and the picture with the tasks applied.
+class PreviewPane final : public QWidget {
+    Q_OBJECT
+public:
+    explicit PreviewPane(ImageBox& ibMain, QWidget* parent = nullptr);
+
+    ImageBoxView& ibMain() const { return *m_view; }
+    /// 0 "Original", 1 "Optimized".
+    int previewType() const;
+    void setPreviewType(int type);
+
+Q_SIGNALS:
+    void cmdPreviewPrevious();
+    void cmdPreviewNext();
+    void previewTypeChosen(int type); ///< by the user, and another one than before
+
+private:
+    QLayout* makeBar();
+    QToolButton* makeTypeButton();
+    void chooseType();
+
+    ImageBoxView* m_view;
+    QActionGroup* m_types;
+    QToolButton* m_typeButton;
+    int m_shownType = 0;
+};
+
+} // namespace tarsel

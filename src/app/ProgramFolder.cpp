@@ -1,0 +1,32 @@
+#include "app/ProgramFolder.h"
+
+#include "base/TrappedError.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+namespace tarsel {
+
+QString makeProgramFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (!QDir().mkpath(folder))
+        fail(ErrorNumber::PathNotFound, folder);
+    return folder;
+}
+
+/// Beside the program, in a build folder as in an installed tree.
+QString samplesFolder() {
+    const QString folder = QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                                           QStringLiteral("/../share/tarsel-jpeg/samples"));
+    return QDir(folder).exists() ? folder : QString();
+}
+
+void deleteFilesWithoutExtension(const QString& temporaryFolder) {
+    const QDir folder(temporaryFolder);
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::System))
+        if (!name.contains(QLatin1Char('.')))
+            QFile::remove(folder.filePath(name));
+}
+
+} // namespace tarsel

@@ -1,0 +1,50 @@
+#include "app/TaskBasketActions.h"
+
+#include "base/Desktop.h"
+#include "tasks/TaskFile.h"
+
+namespace tarsel::taskBasketActions {
+
+namespace {
+
+QString taskFilter() {
+    return QStringLiteral("Task basket file (*.tbf)|*.tbf");
+}
+
+bool clearTasks(TaskList& tasks) {
+    const bool hadRows = tasks.count() > 0;
+    tasks.clear();
+    return hadRows;
+}
+
+bool openTasks(TaskList& tasks) {
+    const auto choice = desktop().openFileDialog({QStringLiteral("Open Editing list"), taskFilter(), {}});
+    return choice && modSaveOpenImageList::fncOpenTaskBasket(choice->path, tasks);
+}
+
+bool saveTasks(TaskList& tasks) {
+    if (tasks.count() == 0)
+        return false;
+    const auto choice = desktop().saveFileDialog({QStringLiteral("Save Editing list"), taskFilter(), {}});
+    if (choice)
+        modSaveOpenImageList::fncSaveTaskBasket(choice->path, tasks);
+    return false;
+}
+
+bool removeTask(TaskList& tasks) {
+    const int selected = tasks.lvEdit.selectedIndex();
+    if (selected < 0)
+        return false;
+    tasks.remove(selected);
+    return true;
+}
+
+} // namespace
+
+bool cmdEditBar(int index, TaskList& tasks) {
+    using Action = bool (*)(TaskList&);
+    static constexpr Action actions[] = {clearTasks, openTasks, saveTasks, removeTask};
+    return actions[index](tasks);
+}
+
+} // namespace tarsel::taskBasketActions

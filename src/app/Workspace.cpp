@@ -1,0 +1,17 @@
+#include "app/Workspace.h"
+
+namespace tarsel {
+
+namespace {
+
+QStringList metadataHeaders() {
+    return {QStringLiteral("Attribute"), QStringLiteral("Value")};
+}
+
+} // namespace
+
+Workspace::Workspace() : lvExif(metadataHeaders()), lvIPTC(metadataHeaders()) {
+    lvPages.setTextEditable(true);
+}
+
+} // namespace tarsel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/ListView.h"
+
+#include <QDialog>
+
+class QPlainTextEdit;
+
+namespace tarsel {
+
+/// Gives one basket row its description.
+class frmAlbumDescription final : public QDialog {
+    Q_OBJECT
+public:
+    frmAlbumDescription(ListView& lvPages, int row, QWidget* owner = nullptr);
+
+private:
+    void dropQuotes();
+    void cmdAdd_Click();
+
+    ListView& m_pages;
+    int m_row;
+    QPlainTextEdit* txtDescription;
+};
+
+} // namespace tarsel

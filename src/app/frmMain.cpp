@@ -1,0 +1,243 @@
+#include "app/frmMain.h"
+
+#include "app/BasketActions.h"
+#include "app/BasketPane.h"
+#include "app/BrowsePane.h"
+#include "app/FolderPane.h"
+#include "app/FolderTree.h"
+#include "app/ImageBoxView.h"
+#include "app/MetadataPane.h"
+#include "app/PictureImage.h"
+#include "app/PreviewPane.h"
+#include "app/StatusPanels.h"
+#include "app/TaskBasketActions.h"
+#include "app/frmAlbumDescription.h"
+#include "configuration/ConfigRecord.h"
+#include "controls/LineIcon.h"
+#include "controls/ListControl.h"
+#include "controls/ProgressBar.h"
+#include "controls/Splitter.h"
+#include "output/forms/SaveAsSinglePage.h"
+#include "output/forms/frmBatchResults.h"
+
+#include <QPixmap>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+namespace tarsel {
+
+namespace {
+
+QVariant iconOfPicture(const Picture& picture) {
+    return QPixmap::fromImage(imageOf(picture));
+}
+
+} // namespace
+
+frmMain::frmMain(Surroundings surroundings) :
+    m_surroundings(std::move(surroundings)), pbQueue(new ProgressBar), m_folderView(lists(), iconOfPicture),
+    m_basket(lists(), {}, iconOfPicture), m_listing(m_folderView),
+    m_preview({m_workspace.lvFolder, m_workspace.lvExif, m_workspace.lvIPTC, m_workspace.tasks,
+               m_workspace.ibMain, m_workspace.sbMain}),
+    m_browsePane(new BrowsePane(m_workspace.tasks, this)),
+    m_folderPane(new FolderPane(m_workspace.lvFolder, this)),
+    m_basketPane(new BasketPane(m_workspace.lvPages, this)),
+    m_previewPane(new PreviewPane(m_workspace.ibMain, this)),
+    m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowIcon(lineIcon(QStringLiteral("picture")));
+    resize(1280, 800);
+    arrangePanes();
+    joinFolderPane();
+    joinBasketPane();
+    joinTaskBasket();
+    joinPreview();
+}
+
+frmMain::~frmMain() = default;
+
+CollectionLists frmMain::lists() {
+    return {m_workspace.lvFolder, m_workspace.ilFolder, m_workspace.lvPages,
+            m_workspace.ilPages,  m_workspace.ibMain,   *pbQueue,
+            m_workspace.sbMain};
+}
+
+// --- the window's parts
+
+void frmMain::arrangePanes() {
+    splLeft = new Splitter(Qt::Vertical, m_folderPane, m_basketPane, this);
+    splLeft->setObjectName(QStringLiteral("splLeft"));
+    splRight = new Splitter(Qt::Horizontal, m_browsePane, splLeft, this);
+    splRight->setObjectName(QStringLiteral("splRight"));
+    splView = new Splitter(Qt::Vertical, m_previewPane, m_metadataPane, this);
+    splView->setObjectName(QStringLiteral("splView"));
+    splMain = new Splitter(Qt::Horizontal, splRight, splView, this);
+    splMain->setObjectName(QStringLiteral("splMain"));
+
+    auto* centre = new QWidget(this);
+    auto* rows = new QVBoxLayout(centre);
+    rows->setContentsMargins(8, 8, 8, 4);
+    rows->addWidget(splMain);
+    setCentralWidget(centre);
+
+    auto* statusBar = new StatusBar(m_workspace.sbMain, statusPanels, this);
+    statusBar->setObjectName(QStringLiteral("sbMain"));
+    pbQueue->setObjectName(QStringLiteral("pbQueue"));
+    pbQueue->setFixedWidth(180);
+    statusBar->addPermanentWidget(pbQueue);
+    pbQueue->hide();
+    setStatusBar(statusBar);
+}
+
+void frmMain::joinFolderPane() {
+    ListControl& list = m_folderPane->lvFolder();
+    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, this, &frmMain::listFolder);
+    connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
+    connect(m_folderPane, &FolderPane::cmdThumbnailFolder, this, &frmMain::showThumbnails);
+    connect(m_folderPane, &FolderPane::cmdDetailFolder, this, &frmMain::showDetails);
+    connect(m_folderPane, &FolderPane::cmdRefreshFolder, this,
+            [this] { listFolder(m_folderView.currentFolder()); });
+    connect(&list, &ListControl::entered, this, [this] { ActiveList = QStringLiteral("lvFolder"); });
+    connect(&list, &ListControl::dragStarted, this, [this] { Dragging = true; });
+    connect(&list, &ListControl::rowClicked, this, &frmMain::clickFolderRow);
+    connect(&list, &ListControl::arrowReleased, this, &frmMain::clickFolderRow);
+}
+
+void frmMain::joinBasketPane() {
+    ListControl& list = m_basketPane->lvPages();
+    list.acceptRowsOf(&m_folderPane->lvFolder());
+    list.acceptRowsOf(&list);
+    connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { m_basket.cmdPagesNew(); });
+    connect(m_basketPane, &BasketPane::cmdPagesDelete, this, [this] { m_basket.cmdPagesDelete(); });
+    connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
+        CollectionLists shared = lists();
+        basketActions::cmdPagesOpen(m_basket, shared);
+    });
+    connect(m_basketPane, &BasketPane::cmdPagesSave, this,
+            [this] { basketActions::cmdPagesSave(m_workspace.lvPages); });
+    connect(m_basketPane, &BasketPane::saveAsJpegFiles, this, &frmMain::subSaveAsSinglePage);
+    connect(m_basketPane, &BasketPane::addDescription, this, &frmMain::addDescription);
+    connect(m_basketPane, &BasketPane::renameTitle, this, [this, &list] {
+        if (m_workspace.lvPages.selectedIndex() >= 0)
+            list.editText(m_workspace.lvPages.selectedIndex());
+    });
+    connect(&list, &ListControl::entered, this, [this] { ActiveList = QStringLiteral("lvPages"); });
+    connect(&list, &ListControl::rowClicked, this, [this, &list] { showSelectedRow(list); });
+    connect(&list, &ListControl::arrowReleased, this, [this, &list] { showSelectedRow(list); });
+    connect(&list, &ListControl::rowsDropped, this, &frmMain::dropRows);
+}
+
+void frmMain::joinTaskBasket() {
+    connect(m_browsePane, &BrowsePane::cmdEditBar, this, [this](int index) {
+        if (taskBasketActions::cmdEditBar(index, m_workspace.tasks))
+            m_preview.rebuild();
+    });
+    const auto rebuild = [this] { m_preview.rebuild(); };
+    connect(&m_browsePane->lvEdit(), &ListControl::rowClicked, this, rebuild);
+    connect(&m_browsePane->lvEdit(), &ListControl::arrowReleased, this, rebuild);
+}
+
+void frmMain::joinPreview() {
+    connect(&m_preview, &Preview::pictureChanged, &m_previewPane->ibMain(), &ImageBoxView::boxChanged);
+    connect(&m_preview, &Preview::metadataRead, m_metadataPane,
+            [this](MetadataTab tab) { m_metadataPane->showTab(int(tab)); });
+    connect(m_previewPane, &PreviewPane::previewTypeChosen, this, [this](int type) {
+        m_preview.OptimizedPreview = type != 0;
+        m_preview.rebuild();
+    });
+    connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
+    connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
+}
+
+// --- the course of the run
+
+void frmMain::SetStatus(const QString& text) {
+    m_workspace.sbMain.setPanel(QStringLiteral("status"), text);
+}
+
+void frmMain::listFolder(const QString& path) {
+    if (!path.isEmpty())
+        m_listing.request(path);
+}
+
+void frmMain::showDetails() {
+    ConfigRecord.FolderView = 3;
+    m_folderPane->lvFolder().setForm(ListControl::Form::Details);
+    m_folderView.cmdDetailFolder();
+    if (m_listing.isRunning())
+        listFolder(m_folderView.currentFolder());
+}
+
+/// A listing that runs in the other form starts anew; a list without thumbnails is listed anew.
+void frmMain::showThumbnails() {
+    ConfigRecord.FolderView = 0;
+    m_folderPane->lvFolder().setForm(ListControl::Form::Thumbnails);
+    if (m_listing.isRunning() || m_workspace.ilFolder.count() == 0) {
+        m_folderView.settings.folderView = 0;
+        listFolder(m_folderView.currentFolder());
+    } else {
+        m_folderView.cmdThumbnailFolder();
+    }
+}
+
+void frmMain::addSelectionToBasket() {
+    if (!m_batchRunning)
+        m_basket.cmdAddToQueue_Click();
+}
+
+void frmMain::dropRows(const ListControl* source, int row) {
+    if (source == &m_basketPane->lvPages())
+        m_basket.MoveRowsTo(row);
+    else
+        m_basket.AddToBasketByDrag();
+}
+
+/// A click that leaves several rows selected, as in front of a drag, loads no picture.
+void frmMain::clickFolderRow() {
+    if (m_workspace.lvFolder.selectedRows().size() < 2)
+        Dragging = false;
+    if (!Dragging)
+        showSelectedRow(m_folderPane->lvFolder());
+}
+
+void frmMain::showSelectedRow(ListControl& control) {
+    m_preview.ShowRow(control.list(), control.list().selectedIndex());
+}
+
+/// The row before or behind the selected one of the list in use; at the ends nothing happens.
+void frmMain::showNeighbour(int step) {
+    ListControl& control =
+        ActiveList == QLatin1String("lvPages") ? m_basketPane->lvPages() : m_folderPane->lvFolder();
+    ListView& list = control.list();
+    const int selected = list.selectedIndex();
+    const int row = selected + step;
+    if (selected < 0 || row < 0 || row >= list.count())
+        return;
+    list.selectOnly(row);
+    m_preview.ShowRow(list, row);
+    control.showRow(row);
+    control.setFocus();
+}
+
+void frmMain::addDescription() {
+    const int row = m_workspace.lvPages.selectedIndex();
+    if (row >= 0)
+        frmAlbumDescription(m_workspace.lvPages, row, this).exec();
+}
+
+void frmMain::subSaveAsSinglePage() {
+    if (m_batchRunning)
+        return;
+    const QScopedValueRollback running(m_batchRunning, true);
+    m_basketPane->setRunning(true);
+    const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
+        {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
+        this);
+    m_basketPane->setRunning(false);
+    if (results.empty() || !isVisible())
+        return;
+    SetStatus(resultSummary(results));
+    (new frmBatchResults(results, this))->show();
+}
+
+} // namespace tarsel

@@ -1,0 +1,129 @@
+#pragma once
+
+#include "app/FolderListing.h"
+#include "app/Preview.h"
+#include "app/Workspace.h"
+
+#include <QLockFile>
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+
+namespace tarsel {
+
+class BasketPane;
+class BrowsePane;
+class FolderPane;
+class ListControl;
+class MetadataPane;
+class PreviewPane;
+class ProgressBar;
+class Splitter;
+
+/// The main window: makes the shared lists and boxes, hands them to the panes and joins their signals.
+///
+/// Its life: the constructor makes the panes, Form_Load sets everything up, the first showing lists the last
+/// folder, closing stores the settings.
+class frmMain final : public QMainWindow {
+    Q_OBJECT
+public:
+    /// What the window is told of the world around it.
+    struct Surroundings {
+        QString programFolder;                        ///< exists and is writable
+        QString samplesFolder;                        ///< listed at the first start; may be empty
+        std::function<void()> seedRandomNumbers = {}; ///< starts the desktop's random numbers
+    };
+
+    explicit frmMain(Surroundings surroundings);
+    ~frmMain() override;
+
+    /// False when another instance runs: the user was told, nothing was touched, and the program is to end.
+    bool Form_Load();
+
+    Workspace& workspace() { return m_workspace; }
+    FolderListing& folderListing() { return m_listing; }
+
+    /// The batch save, from its dialog to the list of results.
+    void subSaveAsSinglePage();
+    void SetStatus(const QString& text);
+
+Q_SIGNALS:
+    /// The window has ended and everything is stored.
+    void ended();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // Initialise: the window's parts
+    void arrangePanes();
+    void joinFolderPane();
+    void joinBasketPane();
+    void joinTaskBasket();
+    void joinPreview();
+
+    // Form_Load
+    bool refuseSecondInstance();
+    void subSetup();
+    void loadSettings();
+    void resetState();
+    void setDrawingDefaults();
+    void buildApplicationName();
+    void takeThumbnailSizes();
+    void fillMetadataCatalogue();
+    void clearStatusPanel();
+    void showEmptyBasket();
+    void subUpdateForm();
+    void applyTips();
+
+    // the course of the run
+    void showFirstTime();
+    void listFolder(const QString& path);
+    void showThumbnails();
+    void showDetails();
+    void addSelectionToBasket();
+    void dropRows(const ListControl* source, int row);
+    void showSelectedRow(ListControl& control);
+    void showNeighbour(int step);
+    void addDescription();
+    void clickFolderRow();
+
+    // Form_Unload
+    void subEnd();
+    void storePositions();
+    void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
+    void Form_Unload();
+
+    CollectionLists lists();
+
+    Surroundings m_surroundings;
+    Workspace m_workspace;
+    ProgressBar* pbQueue;
+    FolderView m_folderView;
+    Basket m_basket;
+    FolderListing m_listing;
+    Preview m_preview;
+    std::unique_ptr<QLockFile> m_instance;
+
+    BrowsePane* m_browsePane;
+    FolderPane* m_folderPane;
+    BasketPane* m_basketPane;
+    PreviewPane* m_previewPane;
+    MetadataPane* m_metadataPane;
+    Splitter* splMain = nullptr;
+    Splitter* splRight = nullptr;
+    Splitter* splLeft = nullptr;
+    Splitter* splView = nullptr;
+
+    bool FirstShowing = true;
+    bool Dragging = false; ///< while rows of lvFolder are dragged the preview doesn't follow the selection
+    bool m_batchRunning = false;
+    bool m_loaded = false;
+    QString ActiveList; ///< name of the list entered last
+    QString LastBasketFolder;
+    Size m_basketThumb; ///< working copy of the basket's thumbnail size
+    Size m_folderThumb;
+};
+
+} // namespace tarsel

@@ -1,0 +1,253 @@
+#include "app/BasketPane.h"
+#include "app/BrowsePane.h"
+#include "app/FolderPane.h"
+#include "app/FolderTree.h"
+#include "app/ImageBoxView.h"
+#include "app/MetadataPane.h"
+#include "app/PreviewPane.h"
+#include "app/ProgramFolder.h"
+#include "app/ProgramIdentity.h"
+#include "app/frmMain.h"
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "collections/PageFiles.h"
+#include "configuration/ColumnWidths.h"
+#include "configuration/ConfigFile.h"
+#include "controls/ListControl.h"
+#include "controls/Splitter.h"
+#include "metadata/modMetadata.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+// The window's start and end, in the order of their steps.
+
+namespace tarsel {
+
+namespace {
+
+/// What a damaged record may hold as thumbnail size would leave the lists without a picture.
+Size usableSize(Size stored) {
+    constexpr int smallest = 8;
+    constexpr Size usual{40, 40};
+    return stored.width < smallest || stored.height < smallest ? usual : stored;
+}
+
+QSize qtSize(Size size) {
+    return {size.width, size.height};
+}
+
+} // namespace
+
+// --- Form_Load
+
+bool frmMain::Form_Load() {
+    trap("FrmMain.Form_Load", [this] {
+        TrappingString = QStringLiteral("Loading all controls and settings");
+        if (refuseSecondInstance())
+            return;
+        if (m_surroundings.seedRandomNumbers)
+            m_surroundings.seedRandomNumbers();
+        subSetup();
+        Dragging = true;
+        m_loaded = true;
+    });
+    return m_loaded;
+}
+
+/// In front of everything else: the configuration belongs to the instance that runs.
+bool frmMain::refuseSecondInstance() {
+    m_instance =
+        std::make_unique<QLockFile>(QDir(m_surroundings.programFolder).filePath(QStringLiteral(".lock")));
+    // A lock is stale when its process is gone, never for its age.
+    m_instance->setStaleLockTime(0);
+    if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
+        return false;
+    desktop().messageBox(QStringLiteral("There is already an instance of %1 running!\n"
+                                        "Multiple instance is unsupported.")
+                             .arg(programIdentity::title),
+                         MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+    return true;
+}
+
+void frmMain::subSetup() {
+    using Step = void (frmMain::*)();
+    static constexpr Step steps[] = {
+        &frmMain::loadSettings,         &frmMain::resetState,         &frmMain::setDrawingDefaults,
+        &frmMain::buildApplicationName, &frmMain::takeThumbnailSizes, &frmMain::fillMetadataCatalogue,
+        &frmMain::clearStatusPanel,     &frmMain::showEmptyBasket,
+    };
+    trap("FrmMain.subSetup", [this] {
+        TrappingString = QStringLiteral("Setting up Main Application");
+        for (const Step step : steps)
+            (this->*step)();
+    });
+}
+
+/// Reads the configuration and brings it to the controls.
+void frmMain::loadSettings() {
+    loadConfiguration(m_surroundings.programFolder);
+    splMain->setSplitterPosition(ConfigRecord.SplitterMain);
+    splRight->setSplitterPosition(ConfigRecord.SplitterRight);
+    splLeft->setSplitterPosition(ConfigRecord.SplitterLeft);
+    splView->setSplitterPosition(ConfigRecord.SplitterView);
+    m_previewPane->setPreviewType(ConfigRecord.PreviewType);
+    m_preview.OptimizedPreview = ConfigRecord.PreviewType != 0;
+    forEachColumnWidth(
+        [](ListControl& list, int column, qint16& width) { list.setColumnWidth(column, width); });
+    m_folderView.settings.folderView = ConfigRecord.FolderView;
+    m_folderPane->lvFolder().setForm(ConfigRecord.FolderView == 0 ? ListControl::Form::Thumbnails
+                                                                  : ListControl::Form::Details);
+    LastBasketFolder = ConfigRecord.LastBasketFolder;
+    subUpdateForm();
+}
+
+/// Walks the column widths that the record remembers.
+void frmMain::forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit) {
+    const auto walk = [&](ListControl& list, const std::vector<qint16*>& widths) {
+        for (int column = 0; column < int(widths.size()); ++column)
+            visit(list, column, *widths[size_t(column)]);
+    };
+    walk(m_folderPane->lvFolder(), folderColumnWidths(ConfigRecord));
+    walk(m_basketPane->lvPages(), basketColumnWidths(ConfigRecord));
+    walk(m_metadataPane->lvExif(), exifColumnWidths(ConfigRecord));
+    walk(m_metadataPane->lvIPTC(), iptcColumnWidths(ConfigRecord));
+}
+
+void frmMain::resetState() {
+    m_metadataPane->showTab(0);
+    FirstShowing = true;
+    m_folderView.FolderChanging = false;
+}
+
+void frmMain::setDrawingDefaults() {
+    m_workspace.ibMain.SelectionActive = true;
+    m_workspace.ibMain.BackColorTransparent = true;
+}
+
+void frmMain::buildApplicationName() {
+    ApplicationName = programIdentity::title + QLatin1Char(' ') + programIdentity::comment;
+    setWindowTitle(programIdentity::title);
+}
+
+void frmMain::takeThumbnailSizes() {
+    m_folderThumb = {ConfigRecord.FolderThumbWidth, ConfigRecord.FolderThumbHeight};
+    m_folderView.settings.folderThumb = usableSize(m_folderThumb);
+    m_folderPane->lvFolder().setThumbnailSize(qtSize(m_folderView.settings.folderThumb));
+}
+
+void frmMain::fillMetadataCatalogue() {
+    modMetadata::InitMetadataTables();
+}
+
+void frmMain::clearStatusPanel() {
+    SetStatus({});
+}
+
+void frmMain::showEmptyBasket() {
+    m_workspace.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("No files in basket"));
+}
+
+void frmMain::subUpdateForm() {
+    trap("FrmMain.subUpdateForm", [this] {
+        TrappingString = QStringLiteral("Updating settings to controls");
+        m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
+        takeThumbnailSizes();
+        for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
+            settings->programFolder = m_surroundings.programFolder;
+            settings->basketThumb = usableSize(m_basketThumb);
+            settings->folderThumb = usableSize(m_folderThumb);
+            settings->longFileSize = ConfigRecord.LongFileSize == 1;
+        }
+        m_basketPane->lvPages().setTableIconSize(qtSize(m_basket.settings.basketThumb));
+        m_folderPane->lvFolder().setFullRowSelect(ConfigRecord.FolderFullRowSelect == -1);
+        m_basketPane->lvPages().setFullRowSelect(ConfigRecord.BasketFullRowSelect == -1);
+        applyTips();
+    });
+}
+
+void frmMain::applyTips() {
+    const struct {
+        QWidget* widget;
+        const char* text;
+    } ListTips[] = {
+        {&m_browsePane->ftvBrowse(), "Browse for a particular folder where image files are placed."},
+        {&m_folderPane->lvFolder(), "List all supported image formats from the selected folder."},
+        {&m_metadataPane->lvExif(), "List all available EXIF attributes from JPEG/TIFF files."},
+        {&m_metadataPane->lvIPTC(), "List all available EXIF attributes from JPEG/TIFF files."},
+        {&m_basketPane->lvPages(), "List all added files or pages in the basket"},
+        {&m_previewPane->ibMain(), "Container for the preview file."},
+    };
+    for (const auto& tip : ListTips)
+        tip.widget->setToolTip(ConfigRecord.ShowTips == 1 ? QLatin1String(tip.text) : QString());
+}
+
+// --- the first showing
+
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (std::exchange(FirstShowing, false))
+        QTimer::singleShot(0, this, &frmMain::showFirstTime);
+}
+
+/// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures.
+void frmMain::showFirstTime() {
+    QString folder = ConfigRecord.LastFolder.trimmed();
+    if ((folder.isEmpty() || folder == m_surroundings.programFolder) &&
+        !m_surroundings.samplesFolder.isEmpty())
+        folder = m_surroundings.samplesFolder;
+    m_browsePane->ftvBrowse().selectFolder(folder);
+}
+
+// --- Form_Unload
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    QMainWindow::closeEvent(event);
+    if (std::exchange(m_loaded, false))
+        Form_Unload();
+}
+
+void frmMain::Form_Unload() {
+    // Loops that run below this event leave at their next item.
+    CancelRequested = true;
+    m_listing.stop();
+    subEnd();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window != this && window->isWindow() && window->isVisible())
+            window->close();
+    deleteFilesWithoutExtension(temporaryFolder(m_surroundings.programFolder));
+    m_instance.reset();
+    Q_EMIT ended();
+}
+
+void frmMain::subEnd() {
+    trap("FrmMain.subEnd", [this] {
+        TrappingString = QStringLiteral("Saving Settings before termination");
+        storePositions();
+        forEachColumnWidth([](ListControl& list, int column, qint16& width) {
+            width = qint16(std::clamp(list.columnWidth(column), 0, 32767));
+        });
+        subSaveSetup();
+    });
+}
+
+void frmMain::storePositions() {
+    ConfigRecord.SplitterMain = qint16(splMain->SplitterPosition());
+    ConfigRecord.SplitterRight = qint16(splRight->SplitterPosition());
+    ConfigRecord.SplitterLeft = qint16(splLeft->SplitterPosition());
+    ConfigRecord.SplitterView = qint16(splView->SplitterPosition());
+    ConfigRecord.PreviewType = quint8(m_previewPane->previewType());
+    const QString folder = m_browsePane->ftvBrowse().selectedFolder();
+    if (!folder.isEmpty())
+        ConfigRecord.LastFolder = folder;
+    ConfigRecord.FolderThumbWidth = qint16(m_folderThumb.width);
+    ConfigRecord.FolderThumbHeight = qint16(m_folderThumb.height);
+    storeBasketThumbnailSize(m_basketThumb.width, m_basketThumb.height);
+    ConfigRecord.LastBasketFolder = LastBasketFolder;
+}
+
+} // namespace tarsel

@@ -1,0 +1,28 @@
+#include "app/ProgramFolder.h"
+#include "app/ProgramIdentity.h"
+#include "app/QtDesktop.h"
+#include "app/frmMain.h"
+#include "base/ErrorTrap.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    using namespace tarsel;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(programIdentity::name);
+    QApplication::setApplicationDisplayName(programIdentity::title);
+    QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
+
+    QtDesktop desktop;
+    const DesktopScope scope(desktop);
+    QString programFolder;
+    if (!trap("main", [&] { programFolder = makeProgramFolder(); }))
+        return 1;
+    frmMain window({programFolder, samplesFolder(),
+                    [&] { desktop.seedRandomNumbers(quint32(QDateTime::currentMSecsSinceEpoch())); }});
+    if (!window.Form_Load())
+        return 1;
+    QObject::connect(&window, &frmMain::ended, &application, &QApplication::quit, Qt::QueuedConnection);
+    window.show();
+    return QApplication::exec();
+}

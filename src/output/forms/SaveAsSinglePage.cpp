@@ -1,0 +1,29 @@
+#include "output/forms/SaveAsSinglePage.h"
+
+#include "base/ErrorTrap.h"
+#include "controls/ProgressBar.h"
+#include "controls/frmStatus.h"
+#include "output/forms/frmSaveSinglePage.h"
+
+namespace tarsel {
+
+std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* owner) {
+    std::vector<RowResult> results;
+    trap("FrmMain.subSaveAsSinglePage", [&] {
+        TrappingString = QStringLiteral("Saving a new Single file");
+        if (lists.lvPages.isEmpty())
+            return;
+        frmSaveSinglePage(lists.settings, lists.lvPages, lists.lvEditBatch, owner).exec();
+        if (!lists.settings.Confirmed)
+            return;
+        frmStatus status(owner);
+        status.begin();
+        fncSaveSinglePage(lists.lvPages, lists.lvEditBatch, lists.ibTemp, status.pbQueue(), lists.settings,
+                          {}, results);
+        lists.settings.Confirmed = 0;
+        status.finish();
+    });
+    return results;
+}
+
+} // namespace tarsel

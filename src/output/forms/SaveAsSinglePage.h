@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/ListView.h"
+#include "configuration/ConfigRecord.h"
+#include "imaging/ImageBox.h"
+#include "output/BatchSave.h"
+
+#include <QWidget>
+#include <vector>
+
+namespace tarsel {
+
+/// What the window lends to the batch save.
+struct SaveAsLists {
+    const ListView& lvPages;
+    const ListView& lvEditBatch;
+    ImageBox& ibTemp;
+    BatchSave& settings;
+};
+
+/// The whole operation: asks by frmSaveSinglePage, runs the rows behind frmStatus. Gives the results of the
+/// rows that were done; none when the basket is empty or the user left. Trapped as
+/// "FrmMain.subSaveAsSinglePage".
+std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* owner);
+
+} // namespace tarsel

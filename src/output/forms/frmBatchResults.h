@@ -1,0 +1,28 @@
+#pragma once
+
+#include "base/ListView.h"
+#include "output/BatchSave.h"
+
+#include <QDialog>
+#include <vector>
+
+namespace tarsel {
+
+/// "38 written, 1 skipped, 1 failed".
+QString resultSummary(const std::vector<RowResult>& results);
+
+/// What became of every row of a batch: state, source, target, reason. Modeless, deletes itself.
+class frmBatchResults final : public QDialog {
+    Q_OBJECT
+public:
+    frmBatchResults(const std::vector<RowResult>& results, QWidget* owner);
+
+    const ListView& rows() const { return m_rows; }
+
+private:
+    void openFolder();
+
+    ListView m_rows;
+};
+
+} // namespace tarsel
