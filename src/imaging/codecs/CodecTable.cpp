@@ -2,6 +2,7 @@
 
 #include "base/TrappedError.h"
 #include "imaging/codecs/BmpCodec.h"
+#include "imaging/codecs/ForeignCodecs.h"
 #include "imaging/codecs/JpegCodec.h"
 #include "imaging/codecs/PngCodec.h"
 #include "imaging/codecs/TiffCodec.h"
@@ -14,10 +15,7 @@ namespace tarsel {
 
 std::span<const Codec> codecs() {
     static const std::array table = {
-        jpegCodec(),
-        tiffCodec(),
-        pngCodec(),
-        bmpCodec(),
+        jpegCodec(), tiffCodec(), pngCodec(), bmpCodec(), gifCodec(), psdCodec(), pcxCodec(), wbmpCodec(),
     };
     return table;
 }

@@ -1,7 +1,5 @@
 #include "imaging/codecs/JpegSegments.h"
 
-#include "imaging/ExifBlock.h"
-
 #include <QCryptographicHash>
 #include <QtEndian>
 #include <algorithm>
@@ -181,9 +179,7 @@ EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg) {
 
 std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata) {
     std::vector<JpegSegment> segments;
-    // A thumbnail isn't worth a second segment, which few programs read.
-    const QByteArray exif = exifWithin(metadata.exif, largestJpegExif).value_or(metadata.exif);
-    appendSplit(segments, App1, ExifSignature, exif);
+    appendSplit(segments, App1, ExifSignature, metadata.exif);
     appendXmp(segments, metadata);
     appendResources(segments, metadata.resources);
     appendProfile(segments, metadata.iccProfile);

@@ -1,0 +1,80 @@
+// Decodes the files that come through the socket, one after the other, until the other end is gone. A file
+// that crashes it, or makes it ask for too much memory or time, costs this process alone.
+
+#include "decoder/FreeImageDecoding.h"
+
+#include <csignal>
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tarsel::decoder {
+
+namespace {
+
+constexpr rlim_t MemoryLimit = rlim_t(4) << 30;
+constexpr rlim_t SecondsForOneFile = 30; // of processor time
+constexpr rlim_t DescriptorLimit = 16;
+
+void limit(decltype(RLIMIT_AS) resource, rlim_t amount) {
+    const rlimit both{amount, RLIM_INFINITY};
+    ::setrlimit(resource, &both);
+}
+
+void limitForGood(decltype(RLIMIT_AS) resource, rlim_t amount) {
+    const rlimit both{amount, amount};
+    ::setrlimit(resource, &both);
+}
+
+void limitProcess() {
+    ::close_range(DecoderSocket + 1, ~0U, 0);
+    limitForGood(RLIMIT_CORE, 0);
+    limitForGood(RLIMIT_NOFILE, DescriptorLimit);
+#ifndef __SANITIZE_ADDRESS__ // its shadow alone is larger
+    limitForGood(RLIMIT_AS, MemoryLimit);
+#endif
+}
+
+/// The limit counts from the start of the process; each file gets its own share.
+void allowTimeForOneFile() {
+    rusage used = {};
+    ::getrusage(RUSAGE_SELF, &used);
+    limit(RLIMIT_CPU, rlim_t(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + SecondsForOneFile);
+}
+
+DecoderReply answer(const DecoderRequest& request, int content, Descriptor& pixels) {
+    struct stat facts = {};
+    const std::size_t size = request.fileBytes;
+    const bool whole =
+        ::fstat(content, &facts) == 0 && facts.st_size >= 0 && std::size_t(facts.st_size) == size;
+    void* file = whole && size > 0 ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, content, 0) : MAP_FAILED;
+    if (file == MAP_FAILED)
+        return {0, 0, 0, "its bytes didn't arrive"};
+    const DecoderReply reply = decode(request.format, {static_cast<const std::uint8_t*>(file), size}, pixels);
+    ::munmap(file, size);
+    return reply;
+}
+
+} // namespace
+
+int run() {
+    limitProcess();
+    for (;;) {
+        DecoderRequest request;
+        Descriptor content;
+        if (!receiveRecord(DecoderSocket, request, content))
+            return 0;
+        allowTimeForOneFile();
+        Descriptor pixels;
+        const DecoderReply reply = answer(request, content.number(), pixels);
+        if (!sendRecord(DecoderSocket, reply, reply.width > 0 ? pixels.number() : -1))
+            return 0;
+    }
+}
+
+} // namespace tarsel::decoder
+
+int main() {
+    return tarsel::decoder::run();
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "imaging/codecs/Codec.h"
+
+namespace tarsel {
+
+// Formats that the decoder process reads. Their signatures and headers are judged here, in front of it.
+
+/// GIF: the first frame on its canvas, transparent where nothing is drawn.
+Codec gifCodec();
+
+/// PSD: the merged picture, with the metadata among the image resources.
+Codec psdCodec();
+
+/// PCX of 1 to 4 planes.
+Codec pcxCodec();
+
+/// WBMP of type 0. It has no signature and is recognised by a header that agrees with the size of the file.
+Codec wbmpCodec();
+
+} // namespace tarsel
