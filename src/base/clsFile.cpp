@@ -2,6 +2,7 @@
 
 #include "base/CodePage.h"
 #include "base/ErrorTrap.h"
+#include "base/QuotedRecordReader.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 
@@ -10,95 +11,8 @@
 
 namespace tarsel {
 
-namespace {
-
-bool isLineEnd(char c) {
-    return c == '\r' || c == '\n';
-}
-
-bool isBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-/// Takes records and lines from the bytes of a file, one after the other. Lines end with CR LF, LF or CR.
-class RecordReader {
-public:
-    RecordReader(QString path, QByteArray bytes) : m_path(std::move(path)), m_bytes(std::move(bytes)) {
-        if (m_bytes.startsWith("\xEF\xBB\xBF")) // the mark of some editors
-            m_at = 3;
-    }
-
-    bool atEnd() const { return m_at >= m_bytes.size(); }
-
-    QString line() {
-        const qsizetype start = m_at;
-        while (!atEnd() && !isLineEnd(m_bytes[m_at]))
-            ++m_at;
-        const qsizetype length = m_at - start;
-        skipLineEnd();
-        return codePage::decode(m_bytes.mid(start, length));
-    }
-
-    QString field() {
-        if (atEnd())
-            fail(ErrorNumber::InputPastEnd, m_path);
-        skipBlanks();
-        const bool quoted = !atEnd() && m_bytes[m_at] == '"';
-        const QByteArray bytes = quoted ? quotedField() : plainField();
-        skipDelimiter();
-        return codePage::decode(bytes);
-    }
-
-private:
-    /// The field behind an opening quote; a line end in it belongs to it.
-    QByteArray quotedField() {
-        const qsizetype start = ++m_at;
-        const qsizetype quote = m_bytes.indexOf('"', start);
-        const qsizetype end = quote < 0 ? m_bytes.size() : quote;
-        m_at = quote < 0 ? end : end + 1;
-        skipBlanks();
-        return m_bytes.mid(start, end - start);
-    }
-
-    QByteArray plainField() {
-        const qsizetype start = m_at;
-        while (!atEnd() && m_bytes[m_at] != ',' && !isLineEnd(m_bytes[m_at]))
-            ++m_at;
-        qsizetype end = m_at;
-        while (end > start && isBlank(m_bytes[end - 1]))
-            --end;
-        return m_bytes.mid(start, end - start);
-    }
-
-    void skipBlanks() {
-        while (!atEnd() && isBlank(m_bytes[m_at]))
-            ++m_at;
-    }
-
-    void skipDelimiter() {
-        if (!atEnd() && m_bytes[m_at] == ',')
-            ++m_at;
-        else
-            skipLineEnd();
-    }
-
-    void skipLineEnd() {
-        const bool carriageReturn = !atEnd() && m_bytes[m_at] == '\r';
-        if (carriageReturn)
-            ++m_at;
-        if (!atEnd() && m_bytes[m_at] == '\n')
-            ++m_at;
-    }
-
-    QString m_path;
-    QByteArray m_bytes;
-    qsizetype m_at = 0;
-};
-
-} // namespace
-
 struct clsFile::State {
-    std::optional<RecordReader> reader;
+    std::optional<QuotedRecordReader> reader;
     std::unique_ptr<SafeFileWriter> writer;
     QByteArray written;
 };
@@ -109,7 +23,7 @@ clsFile::~clsFile() = default;
 
 bool clsFile::OpenForRead(const QString& path) {
     *m_state = State();
-    return ignoringErrors([&] { m_state->reader.emplace(path, readWholeFile(path)); });
+    return ignoringErrors([&] { m_state->reader.emplace(readWholeFile(path), path); });
 }
 
 bool clsFile::OpenForWrite(const QString& path) {

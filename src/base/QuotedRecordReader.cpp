@@ -1,0 +1,85 @@
+#include "base/QuotedRecordReader.h"
+
+#include "base/CodePage.h"
+#include "base/TrappedError.h"
+
+namespace tarsel {
+
+namespace {
+
+bool isLineEnd(char c) {
+    return c == '\r' || c == '\n';
+}
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+} // namespace
+
+QuotedRecordReader::QuotedRecordReader(QByteArray bytes, QString name) :
+    m_bytes(std::move(bytes)), m_name(std::move(name)) {
+    const QByteArray mark = "\xEF\xBB\xBF"; // some editors begin a UTF-8 file with it
+    m_at = m_bytes.startsWith(mark) ? mark.size() : 0;
+}
+
+QString QuotedRecordReader::line() {
+    const qsizetype start = m_at;
+    while (!atEnd() && !isLineEnd(m_bytes[m_at]))
+        ++m_at;
+    const qsizetype length = m_at - start;
+    skipLineEnd();
+    return codePage::decode(m_bytes.mid(start, length));
+}
+
+QString QuotedRecordReader::field() {
+    if (atEnd())
+        fail(ErrorNumber::InputPastEnd, m_name);
+    skipBlanks();
+    const bool quoted = !atEnd() && m_bytes[m_at] == '"';
+    const QByteArray bytes = quoted ? quotedField() : plainField();
+    skipDelimiter();
+    return codePage::decode(bytes);
+}
+
+/// The field behind an opening quote. A line end in it belongs to it; without a closing quote it ends with
+/// the file.
+QByteArray QuotedRecordReader::quotedField() {
+    const qsizetype start = ++m_at;
+    const qsizetype quote = m_bytes.indexOf('"', start);
+    const qsizetype end = quote < 0 ? m_bytes.size() : quote;
+    m_at = quote < 0 ? end : end + 1;
+    skipBlanks();
+    return m_bytes.mid(start, end - start);
+}
+
+QByteArray QuotedRecordReader::plainField() {
+    const qsizetype start = m_at;
+    while (!atEnd() && m_bytes[m_at] != ',' && !isLineEnd(m_bytes[m_at]))
+        ++m_at;
+    qsizetype end = m_at;
+    while (end > start && isBlank(m_bytes[end - 1]))
+        --end;
+    return m_bytes.mid(start, end - start);
+}
+
+void QuotedRecordReader::skipBlanks() {
+    while (!atEnd() && isBlank(m_bytes[m_at]))
+        ++m_at;
+}
+
+void QuotedRecordReader::skipDelimiter() {
+    if (!atEnd() && m_bytes[m_at] == ',')
+        ++m_at;
+    else
+        skipLineEnd();
+}
+
+void QuotedRecordReader::skipLineEnd() {
+    if (!atEnd() && m_bytes[m_at] == '\r')
+        ++m_at;
+    if (!atEnd() && m_bytes[m_at] == '\n')
+        ++m_at;
+}
+
+} // namespace tarsel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace tarsel {
+
+/// Takes fields and lines from the bytes of a file of comma-separated quoted records, one after the other.
+/// Lines end with CR LF, LF or CR. Each call takes at least one byte, so that a loop until the end ends.
+class QuotedRecordReader {
+public:
+    /// `name` is the file's, for messages.
+    QuotedRecordReader(QByteArray bytes, QString name);
+
+    bool atEnd() const { return m_at >= m_bytes.size(); }
+    /// The next line without its end; empty at the end of the file.
+    QString line();
+    /// The next field, without its quotes. Error 62 at the end of the file.
+    QString field();
+
+private:
+    QByteArray quotedField();
+    QByteArray plainField();
+    void skipBlanks();
+    void skipDelimiter();
+    void skipLineEnd();
+
+    QByteArray m_bytes;
+    QString m_name;
+    qsizetype m_at = 0;
+};
+
+} // namespace tarsel
