@@ -31,7 +31,7 @@ cpu_of() { # COMMAND...: CPU seconds of it and its children, on an empty folder
     rm -rf "$OUT"
     mkdir "$OUT"
     local TIMEFORMAT='%U %S' times
-    times=$({ time "$@" >"$work/log" 2>&1 || { tail -n 5 "$work/log" >&3; exit 1; }; } 3>&2 2>&1)
+    times=$({ time "$@" >"$work/log" 2>&1 || { { echo "failed: $*"; tail -n 5 "$work/log"; } >&3; exit 1; }; } 3>&2 2>&1)
     echo "$times" | tail -n 1 | awk '{ print $1 + $2 }'
 }
 
