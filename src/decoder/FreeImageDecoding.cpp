@@ -38,8 +38,6 @@ Reader readerFor(DecoderFormat format) {
         return {FIF_GIF, GIF_PLAYBACK}; // the frame on its canvas
     case DecoderFormat::Psd:
         return {FIF_PSD, PSD_DEFAULT};
-    case DecoderFormat::Pcx:
-        return {FIF_PCX, PCX_DEFAULT};
     case DecoderFormat::Wbmp:
         return {FIF_WBMP, 0};
     }

@@ -4,6 +4,7 @@
 #include "imaging/codecs/BmpCodec.h"
 #include "imaging/codecs/ForeignCodecs.h"
 #include "imaging/codecs/JpegCodec.h"
+#include "imaging/codecs/PcxCodec.h"
 #include "imaging/codecs/PngCodec.h"
 #include "imaging/codecs/TiffCodec.h"
 

@@ -11,7 +11,7 @@ namespace tarsel {
 
 constexpr int DecoderSocket = 3; ///< descriptor that the decoder finds its socket on
 
-enum class DecoderFormat : std::uint32_t { Gif, Psd, Pcx, Wbmp };
+enum class DecoderFormat : std::uint32_t { Gif, Psd, Wbmp };
 
 /// Comes with a descriptor from which the file's bytes can be mapped.
 struct DecoderRequest {

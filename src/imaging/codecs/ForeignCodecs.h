@@ -12,9 +12,6 @@ Codec gifCodec();
 /// PSD: the merged picture, with the metadata among the image resources.
 Codec psdCodec();
 
-/// PCX of 1 to 4 planes.
-Codec pcxCodec();
-
 /// WBMP of type 0. It has no signature and is recognised by a header that agrees with the size of the file.
 Codec wbmpCodec();
 
