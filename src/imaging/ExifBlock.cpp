@@ -71,8 +71,7 @@ bool ExifEntry::isPointer() const {
     return childBehind(group, tag) != nullptr;
 }
 
-// --- reading
-// -------------------------------------------------------------------------------------------------
+// --- reading -----------------------------------------------------------------------------------------------
 
 std::optional<ExifBlock> ExifBlock::read(const QByteArray& bytes) {
     const bool bigEndian = bytes.startsWith("MM");
@@ -183,8 +182,7 @@ bool ExifBlock::keepsAllOf(const ExifBlock& before, ExifGroup group, quint16 tag
     return true;
 }
 
-// --- changing
-// ------------------------------------------------------------------------------------------------
+// --- changing ----------------------------------------------------------------------------------------------
 
 void ExifBlock::set(ExifGroup group, quint16 tag, ExifType type, quint32 count, const QByteArray& data) {
     if (!directory(group))
@@ -310,8 +308,7 @@ void ExifBlock::dropThumbnail() {
         release(range);
 }
 
-// --- room
-// ----------------------------------------------------------------------------------------------------
+// --- room --------------------------------------------------------------------------------------------------
 
 /// Whether more than one directory or value lies on these bytes, or the header does.
 bool ExifBlock::isShared(const Range& range) const {

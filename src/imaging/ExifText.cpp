@@ -25,8 +25,7 @@ QByteArray mark(const char (&name)[characterSetSize]) {
     return QByteArray(name, characterSetSize);
 }
 
-// --- bytes to text
-// -------------------------------------------------------------------------------------------
+// --- bytes to text -----------------------------------------------------------------------------------------
 
 QByteArray untilNul(QByteArrayView bytes) {
     const qsizetype end = bytes.indexOf('\0');
@@ -115,8 +114,7 @@ QString elementText(ExifType type, QByteArrayView bytes, qsizetype index, bool b
     return {};
 }
 
-// --- text to bytes
-// -------------------------------------------------------------------------------------------
+// --- text to bytes -----------------------------------------------------------------------------------------
 
 template <class Number>
 void append(QByteArray& bytes, Number number, bool bigEndian) {

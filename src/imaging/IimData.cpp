@@ -115,8 +115,7 @@ const IimData::DataSet* IimData::find(quint8 record, quint8 number) const {
     return found == m_dataSets.end() ? nullptr : &*found;
 }
 
-// --- texts
-// ---------------------------------------------------------------------------------------------------
+// --- texts -------------------------------------------------------------------------------------------------
 
 QStringList IimData::texts(int number) const {
     QStringList texts;
@@ -204,8 +203,7 @@ QByteArray IimData::encode(const QString& text) {
     return utf8;
 }
 
-// --- character set
-// -------------------------------------------------------------------------------------------
+// --- character set -----------------------------------------------------------------------------------------
 
 bool IimData::isMarkedUtf8() const {
     const DataSet* set = find(envelopeRecord, characterSetNumber);
