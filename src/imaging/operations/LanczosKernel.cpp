@@ -36,19 +36,20 @@ void quantise(const std::vector<double>& exact, std::int16_t* weights) {
 
 } // namespace
 
-AxisWeights lanczosWeights(int sourceLength, int targetLength) {
-    const double step = double(sourceLength) / targetLength;
+AxisWeights lanczosWeights(int sourceLength, int reducedBy, int targetLength) {
+    const double step = double(sourceLength) / reducedBy / targetLength;
+    const int available = sourceLength / reducedBy;
     const double widening = std::max(1.0, step);
     const int wantedTaps = int(std::ceil(2 * Lobes * widening)) + 1;
     AxisWeights result;
-    result.taps = std::min(sourceLength, wantedTaps);
+    result.taps = std::min(available, wantedTaps);
     result.first.resize(std::size_t(targetLength));
     result.weights.resize(std::size_t(targetLength) * std::size_t(result.taps));
     std::vector<double> exact(std::size_t(result.taps), 0.0);
     for (int i = 0; i < targetLength; ++i) {
         const double centre = (i + 0.5) * step - 0.5;
         const int wanted = int(std::ceil(centre - Lobes * widening));
-        const int first = std::clamp(wanted, 0, sourceLength - result.taps);
+        const int first = std::clamp(wanted, 0, available - result.taps);
         std::fill(exact.begin(), exact.end(), 0.0);
         for (int place = wanted; place < wanted + wantedTaps; ++place) // outside, the last value repeats
             exact[std::size_t(std::clamp(place - first, 0, result.taps - 1))] +=

@@ -20,8 +20,9 @@ struct AxisWeights {
     }
 };
 
-/// Lanczos weights with three lobes; a reduction widens them by its factor. Beyond the ends, the last value
-/// repeats. The weights of each place sum up to One.
-AxisWeights lanczosWeights(int sourceLength, int targetLength);
+/// Lanczos weights with three lobes; a reduction widens them by its factor. The source may have been reduced
+/// by a whole factor before, to sourceLength / reducedBy values, which need not come out even. Beyond the
+/// ends, the last value repeats. The weights of each place sum up to One.
+AxisWeights lanczosWeights(int sourceLength, int reducedBy, int targetLength);
 
 } // namespace tarsel::operations
