@@ -29,18 +29,22 @@ TARSEL_INLINED std::int16_t weighted(std::int16_t value, std::int16_t weight) {
 
 using Tile = std::int16_t[Lanes][BlockLength];
 
-/// One row of a tile: weighted sums down the columns of the source, from byte `at` of its rows on.
-TARSEL_INLINED void sumRows(ConstPixelView source, int firstRow, int at, int count,
-                            const std::int16_t* weights, int taps, std::int16_t* __restrict out) {
+/// Weighted sums down the columns of the source, of which `rows` holds a block, one row after the other.
+TARSEL_INLINED void sumRows(const std::int16_t* __restrict rows, const std::int16_t* weights, int taps,
+                            std::int16_t* __restrict out) {
     std::int16_t sums[BlockLength] = {};
-    for (int k = 0; k < taps; ++k) {
-        const std::uint8_t* row = source.row(firstRow + k) + at;
+    for (int k = 0; k < taps; ++k, rows += BlockLength) {
         const std::int16_t weight = weights[k];
-        for (int i = 0; i < count; ++i)
-            sums[i] = std::int16_t(sums[i] + weighted(std::int16_t(row[i] << InputBits), weight));
+        for (int i = 0; i < BlockLength; ++i)
+            sums[i] = std::int16_t(sums[i] + weighted(rows[i], weight));
     }
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < BlockLength; ++i)
         out[i] = sums[i];
+}
+
+TARSEL_INLINED void widen(const std::uint8_t* __restrict in, int count, std::int16_t* __restrict out) {
+    for (int i = 0; i < count; ++i)
+        out[i] = std::int16_t(in[i] << InputBits);
 }
 
 /// Puts the rows of a tile side by side: value i of row r becomes columns[i * Lanes + r].
@@ -50,46 +54,65 @@ TARSEL_INLINED void turnTile(const Tile& tile, int count, std::int16_t* __restri
             columns[i * Lanes + r] = tile[r][i];
 }
 
+/// Rows of the target, and the rows of the source that they need.
 struct Band {
     int top = 0;
     int height = 0;
+    int sourceTop = 0;
+    int sourceHeight = 0;
 };
 
+Band bandAt(int top, int targetHeight, const AxisWeights& rows) {
+    Band band{top, std::min(Lanes, targetHeight - top), rows.first[std::size_t(top)], 0};
+    band.sourceHeight = rows.first[std::size_t(top + band.height - 1)] + rows.taps - band.sourceTop;
+    return band;
+}
+
+/// `widened` has room for a block of each row of the source that the band needs.
 TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows, Band band,
-                                  std::int16_t* columns) {
+                                  std::int16_t* widened, std::int16_t* columns) {
     const int size = source.width * source.channels;
     Tile tile = {};
     for (int at = 0; at < size; at += BlockLength) {
         const int count = std::min(BlockLength, size - at);
+        for (int k = 0; k < band.sourceHeight; ++k)
+            widen(source.row(band.sourceTop + k) + at, count, widened + k * BlockLength);
         for (int r = 0; r < band.height; ++r) {
-            const int y = band.top + r;
-            if (count == BlockLength)
-                sumRows(source, rows.first[std::size_t(y)], at, BlockLength, rows.of(y), rows.taps, tile[r]);
-            else
-                sumRows(source, rows.first[std::size_t(y)], at, count, rows.of(y), rows.taps, tile[r]);
+            const int first = rows.first[std::size_t(band.top + r)] - band.sourceTop;
+            sumRows(widened + first * BlockLength, rows.of(band.top + r), rows.taps, tile[r]);
         }
         turnTile(tile, count, columns + std::ptrdiff_t(at) * Lanes);
     }
 }
 
-/// Weighted sums across, for all rows of a band; `values` has Lanes of them for each byte of a target row.
-TARSEL_VECTORISED void filterAcross(const std::int16_t* __restrict columns, std::uint8_t* __restrict values,
-                                    int width, int channels, const AxisWeights& weights) {
-    for (int x = 0; x < width; ++x)
-        for (int c = 0; c < channels; ++c) {
-            const std::int16_t* in =
-                columns + (std::ptrdiff_t(weights.first[std::size_t(x)]) * channels + c) * Lanes;
-            const std::int16_t* weight = weights.of(x);
-            std::int16_t sums[Lanes];
-            for (int r = 0; r < Lanes; ++r)
-                sums[r] = 1 << (ResultBits - 1);
-            for (int k = 0; k < weights.taps; ++k, in += channels * Lanes)
-                for (int r = 0; r < Lanes; ++r)
-                    sums[r] = std::int16_t(sums[r] + weighted(in[r], weight[k]));
-            for (int r = 0; r < Lanes; ++r)
-                values[r] = clampedToByte(std::int16_t(sums[r] >> ResultBits));
-            values += Lanes;
-        }
+/// Weighted sums across, for all channels of a pixel and all rows of a band at once.
+template <int Channels>
+TARSEL_INLINED void sumColumns(const std::int16_t* __restrict in, const std::int16_t* weights, int taps,
+                               std::uint8_t* __restrict out) {
+    constexpr int Count = Channels * Lanes;
+    std::int16_t sums[Count];
+    for (int i = 0; i < Count; ++i)
+        sums[i] = 1 << (ResultBits - 1);
+    for (int k = 0; k < taps; ++k, in += Count) {
+        const std::int16_t weight = weights[k];
+        for (int i = 0; i < Count; ++i)
+            sums[i] = std::int16_t(sums[i] + weighted(in[i], weight));
+    }
+    for (int i = 0; i < Count; ++i)
+        out[i] = clampedToByte(std::int16_t(sums[i] >> ResultBits));
+}
+
+/// `values` gets Lanes bytes for each byte of a row of the target.
+TARSEL_VECTORISED void filterAcross(const std::int16_t* columns, std::uint8_t* values, int width,
+                                    int channels, const AxisWeights& weights) {
+    const std::ptrdiff_t step = std::ptrdiff_t(channels) * Lanes;
+    for (int x = 0; x < width; ++x) {
+        const std::int16_t* in = columns + weights.first[std::size_t(x)] * step;
+        if (channels == 3)
+            sumColumns<3>(in, weights.of(x), weights.taps, values + x * step);
+        else
+            sumColumns<4>(in, weights.of(x), weights.taps, values + x * step);
+    }
 }
 
 void putRows(const std::uint8_t* values, PixelView target, Band band) {
@@ -110,13 +133,14 @@ void separableFilter(ConstPixelView source, PixelView target, const AxisWeights&
     const auto lanes = std::size_t(Lanes) * std::size_t(source.channels);
     std::vector<std::int16_t> turned(lanes * std::size_t(source.width));
     std::vector<std::uint8_t> values(lanes * std::size_t(target.width));
+    std::vector<std::int16_t> widened;
     int fetched = 0;
     for (int top = 0; top < target.height; top += Lanes) {
-        const Band band{top, std::min(Lanes, target.height - top)};
-        for (const int end = rows.first[std::size_t(top + band.height - 1)] + rows.taps; fetched < end;
-             ++fetched)
+        const Band band = bandAt(top, target.height, rows);
+        widened.resize(std::max(widened.size(), std::size_t(band.sourceHeight) * BlockLength));
+        for (; fetched < band.sourceTop + band.sourceHeight; ++fetched)
             prefetchRow(source, fetched);
-        filterDown(source, rows, band, turned.data());
+        filterDown(source, rows, band, widened.data(), turned.data());
         filterAcross(turned.data(), values.data(), target.width, target.channels, columns);
         putRows(values.data(), target, band);
     }
