@@ -85,7 +85,7 @@ private:
         png_set_chunk_malloc_max(png, LargestChunk);
         png_set_crc_action(png, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
         png_set_benign_errors(png, 1);
-        png_set_option(png, PNG_SKIP_sRGB_PROFILE_CHECK, PNG_OPTION_ON);
+        png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
         png_read_info(png, reader.m_info);
     }
 

@@ -42,7 +42,7 @@ private:
         const ConstPixelView& view = writer.m_view;
         png_set_write_fn(png, &writer, append, nullptr);
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF);
-        png_set_option(png, PNG_SKIP_sRGB_PROFILE_CHECK, PNG_OPTION_ON); // wide-spread ones have small faults
+        png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON); // wide-spread ones have small faults
         png_set_benign_errors(png, 1);
         png_set_compression_level(png, CompressionLevel);
         png_set_IHDR(png, writer.m_info, png_uint_32(view.width), png_uint_32(view.height), 8,
