@@ -1,0 +1,62 @@
+#include "tests/collections/CollectionWindow.h"
+
+#include "base/ErrorTrap.h"
+#include "collections/modFileSystem.h"
+#include "tests/support/Corpus.h"
+
+#include <set>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+class CollectionsOnCorpus : public CollectionWindow {
+protected:
+    /// Adds a file by path to an empty basket and gives the number of rows.
+    int rowsOf(const QString& path, const ThumbnailMaker& maker) {
+        Basket pages(lists, settings, maker);
+        pages.empty();
+        pages.subAddEntryToListView(path);
+        return lvPages.count();
+    }
+};
+
+} // namespace
+
+TEST_F(CollectionsOnCorpus, EveryPictureThatOpensIsAddedWithItsPagesAndItsSize) {
+    TARSEL_REQUIRE_CORPUS();
+    for (const CorpusPicture& picture : corpusPictures()) {
+        ImageBox box;
+        const bool opens = ignoringErrors([&] { box.LoadFromFile(picture.path); });
+        if (!opens || picture.fact("state") != QLatin1String("valid"))
+            continue;
+        const std::string name = picture.path.toStdString();
+        const bool document = mayHavePages(picture.fact("format"));
+        const int rows = document ? std::max(1, picture.number("pages")) : 1;
+        for (const ThumbnailMaker& maker : {thumbnails, ThumbnailMaker()}) {
+            EXPECT_EQ(rowsOf(picture.path, maker), rows) << name;
+            EXPECT_EQ(lvPages.subItem(0, BasketColumn::Resolution),
+                      QStringLiteral("%1 X %2").arg(box.Width()).arg(box.Height()))
+                << name;
+        }
+    }
+}
+
+TEST_F(CollectionsOnCorpus, FoldersOfDamagedPicturesAreListedToTheEnd) {
+    TARSEL_REQUIRE_CORPUS();
+    std::set<QString> folders;
+    for (const CorpusPicture& picture : corpusPictures())
+        folders.insert(modFileSystem::GetFolderPart(picture.path));
+    for (const QString& path : folders) {
+        const auto files = int(pictureFiles(path).size());
+        for (const int view : {0, 3}) {
+            settings.folderView = view;
+            folderView().subShowFilesInFolder(path);
+            EXPECT_LE(lvFolder.count(), files) << path.toStdString();
+            if (view == 3) {
+                EXPECT_EQ(lvFolder.count(), files) << path.toStdString();
+            }
+        }
+    }
+}
