@@ -1,0 +1,122 @@
+#include "app/DialogFilters.h"
+#include "app/QtDesktop.h"
+#include "base/SafeFileWriter.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace tarsel::test {
+
+TEST(QtDesktopTest, FiltersBecomeOnePatternListEach) {
+    EXPECT_EQ(qtNameFilters(QStringLiteral("Image basket formats (*.ibf;*.ibd)|*.ibf;*.ibd|"
+                                           "Image basket file (*.ibf)|*.ibf|")),
+              QStringList({QStringLiteral("Image basket formats (*.ibf *.ibd)"),
+                           QStringLiteral("Image basket file (*.ibf)")}));
+    EXPECT_EQ(qtNameFilters(QStringLiteral("All files|*.*")), QStringList(QStringLiteral("All files (*.*)")));
+    EXPECT_EQ(qtNameFilters({}), QStringList());
+}
+
+struct OnlineCase {
+    const char* interface;
+    const char* state;
+    bool online;
+};
+class QtDesktopOnline : public testing::TestWithParam<OnlineCase> {};
+
+TEST_P(QtDesktopOnline, IsWhatAnInterfaceOtherThanTheLoopbackSays) {
+    const QTemporaryDir network;
+    const QString folder = network.filePath(QLatin1String(GetParam().interface));
+    QDir().mkpath(folder);
+    writeFileSafely(folder + QStringLiteral("/operstate"), QByteArray(GetParam().state) + '\n');
+    EXPECT_EQ(QtDesktop(network.path()).isOnline(), GetParam().online);
+}
+
+INSTANTIATE_TEST_SUITE_P(Interfaces, QtDesktopOnline,
+                         testing::Values(OnlineCase{"lo", "unknown", false}, OnlineCase{"eth0", "up", true},
+                                         OnlineCase{"eth0", "down", false},
+                                         OnlineCase{"ppp0", "unknown", true}));
+
+TEST(QtDesktopTest, NoNetworkFolderMeansOffline) {
+    EXPECT_FALSE(QtDesktop(QStringLiteral("/no/such/folder")).isOnline());
+}
+
+TEST(QtDesktopTest, ABusyPointerIsTakenBackByAsManyCalls) {
+    QtDesktop desktop;
+    desktop.setBusyPointer(true);
+    desktop.setBusyPointer(true);
+    desktop.setBusyPointer(false);
+    EXPECT_TRUE(QGuiApplication::overrideCursor());
+    desktop.setBusyPointer(false);
+    desktop.setBusyPointer(false);
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+}
+
+TEST(QtDesktopTest, RandomNumbersFollowTheirSeedAndStayBelowOne) {
+    QtDesktop first;
+    QtDesktop second;
+    first.seedRandomNumbers(99);
+    second.seedRandomNumbers(99);
+    for (int i = 0; i < 1000; ++i) {
+        const double number = first.randomNumber();
+        EXPECT_EQ(number, second.randomNumber());
+        EXPECT_GE(number, 0.0);
+        EXPECT_LT(number, 1.0);
+    }
+}
+
+TEST(QtDesktopTest, ShortDatesHaveFourDigitYears) {
+    EXPECT_TRUE(QtDesktop().shortDateFormat().contains(QLatin1String("yyyy")));
+    EXPECT_FALSE(QtDesktop().longTimeFormat().contains(QLatin1Char('t')));
+}
+
+TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndGiveTheAnswer) {
+    QtDesktop desktop;
+    QString shown;
+    QTimer::singleShot(0, qApp, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        shown = box->text();
+        box->button(QMessageBox::Cancel)->click();
+    });
+    EXPECT_EQ(desktop.messageBox(QStringLiteral("<b>a</b>\nb"), MessageIcon::Question,
+                                 MessageButtons::OkCancel, {}),
+              MessageAnswer::Cancel);
+    EXPECT_EQ(shown.toStdString(), "<b>a</b>\nb");
+}
+
+TEST(QtDesktopTest, TheSaveDialogTellsPathAndChosenFilter) {
+    const QTemporaryDir folder;
+    QtDesktop desktop;
+    QTimer::singleShot(0, qApp, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->selectNameFilter(dialog->nameFilters().at(1));
+        dialog->selectFile(folder.filePath(QStringLiteral("list")));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    const auto choice = desktop.saveFileDialog(
+        {QStringLiteral("Save Basket"), QStringLiteral("First (*.a)|*.a|Second (*.b)|*.b|"), folder.path()});
+    ASSERT_TRUE(choice);
+    EXPECT_EQ(choice->path, folder.filePath(QStringLiteral("list")));
+    EXPECT_EQ(choice->filterIndex, 2);
+}
+
+TEST(QtDesktopTest, AWindowIsClosedByItsExactTitle) {
+    QtDesktop desktop;
+    QWidget window;
+    window.setWindowTitle(QStringLiteral("Success"));
+    window.show();
+    EXPECT_FALSE(desktop.closeWindowTitled(QStringLiteral("Succes")));
+    EXPECT_TRUE(desktop.closeWindowTitled(QStringLiteral("Success")));
+    EXPECT_FALSE(window.isVisible());
+}
+
+} // namespace tarsel::test

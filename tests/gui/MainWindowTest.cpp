@@ -1,0 +1,219 @@
+#include "app/FolderTree.h"
+#include "base/SafeFileWriter.h"
+#include "controls/ListControl.h"
+#include "tests/gui/WindowTest.h"
+#include "tests/support/TestDesktop.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QDir>
+#include <QFile>
+#include <QPlainTextEdit>
+#include <QTest>
+
+namespace tarsel::test {
+
+namespace {
+
+class MainWindow : public WindowTest {
+protected:
+    QString panel(const char* key) { return window().workspace().sbMain.panel(QLatin1String(key)); }
+
+    void clickRow(const char* list, int row, Qt::KeyboardModifiers modifiers = {}) {
+        QAbstractItemView* view = child<ListControl>(window(), list).view();
+        const QRect place = view->visualRect(view->model()->index(row, 0));
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, place.center());
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST_F(MainWindow, AnotherFolderChosenInTheMiddleOfAListingLeavesNoRowOfTheFirst) {
+    makePictures(10);
+    const QString other = path("other");
+    QDir().mkpath(other);
+    makePicture(other + QStringLiteral("/single.jpg"));
+    start();
+    auto& tree = child<FolderTree>(window(), "ftvBrowse");
+    ListView& list = window().workspace().lvFolder;
+    bool clicked = false;
+    QObject::connect(&list, &QAbstractItemModel::rowsInserted, &list, [&] {
+        if (!std::exchange(clicked, true))
+            QTimer::singleShot(0, &tree, [&] { tree.selectFolder(other); });
+    });
+    tree.selectFolder(pictures());
+    EXPECT_TRUE(waitFor([&] {
+        return clicked && !window().folderListing().isRunning() &&
+               panel("folder").endsWith(QLatin1String("/other"));
+    }));
+    ASSERT_EQ(list.count(), 1);
+    EXPECT_EQ(list.row(0).text.toStdString(), "single.jpg");
+}
+
+TEST_F(MainWindow, AClickShowsThePictureAndItsFacts) {
+    makePictures(3);
+    start();
+    listFolder(pictures());
+    clickRow("lvFolder", 1);
+    EXPECT_EQ(panel("filename").toStdString(), "photo02.jpg");
+    EXPECT_EQ(panel("pages").toStdString(), "1 page(s)");
+    EXPECT_TRUE(panel("resolution").startsWith(QLatin1String("64 x 48  ")));
+    EXPECT_EQ(window().workspace().ibMain.Width(), 64);
+    click(window(), "cmdPreviewNext");
+    EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg");
+    click(window(), "cmdPreviewNext");
+    EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg") << "no step beyond the last row";
+}
+
+TEST_F(MainWindow, ADamagedPictureEmptiesThePreviewAndOpensNoDialog) {
+    makePictures(1);
+    writeFileSafely(pictures() + QStringLiteral("/broken.jpg"), "\xff\xd8\xff\xe0 no picture");
+    start();
+    click(window(), "cmdDetailFolder");
+    listFolder(pictures());
+    ASSERT_EQ(window().workspace().lvFolder.count(), 2);
+    clickRow("lvFolder", 0);
+    EXPECT_FALSE(window().workspace().ibMain.HasImage());
+    clickRow("lvFolder", 1);
+    EXPECT_TRUE(window().workspace().ibMain.HasImage());
+}
+
+TEST_F(MainWindow, AddingTwiceAddsOnceAndRemovingCounts) {
+    makePictures(3);
+    start();
+    listFolder(pictures());
+    addAll();
+    addAll();
+    EXPECT_EQ(window().workspace().lvPages.count(), 3);
+    EXPECT_EQ(panel("queue").toStdString(), "3 file(s) in basket");
+    clickRow("lvPages", 1);
+    QTest::keyClick(child<ListControl>(window(), "lvPages").view(), Qt::Key_Delete);
+    EXPECT_EQ(panel("queue").toStdString(), "2 file(s) in basket");
+    EXPECT_EQ(window().workspace().lvPages.row(1).text.toStdString(), "photo03");
+}
+
+TEST_F(MainWindow, EnterInTheFolderListAddsTheSelection) {
+    makePictures(2);
+    start();
+    listFolder(pictures());
+    clickRow("lvFolder", 1);
+    QTest::keyClick(child<ListControl>(window(), "lvFolder").view(), Qt::Key_Return);
+    ASSERT_EQ(window().workspace().lvPages.count(), 1);
+    EXPECT_EQ(window().workspace().lvPages.row(0).text.toStdString(), "photo02");
+}
+
+TEST_F(MainWindow, NewBasketEmptiesAndDeletesThePageFiles) {
+    makePictures(2);
+    start();
+    listFolder(pictures());
+    addAll();
+    const QString pageFile = programFolder() + QStringLiteral("/Temp/scan.tif1_17.tif");
+    writeFileSafely(pageFile, "x");
+    click(window(), "cmdPagesNew");
+    EXPECT_EQ(window().workspace().lvPages.count(), 0);
+    EXPECT_EQ(panel("queue").toStdString(), "New Basket");
+    EXPECT_FALSE(QFile::exists(pageFile));
+}
+
+TEST_F(MainWindow, DroppedRowsAreAddedAndBasketRowsChangePlaces) {
+    makePictures(3);
+    start();
+    listFolder(pictures());
+    auto& folder = child<ListControl>(window(), "lvFolder");
+    auto& basket = child<ListControl>(window(), "lvPages");
+    selectAllOf("lvFolder");
+    Q_EMIT basket.rowsDropped(&folder, -1);
+    ASSERT_EQ(window().workspace().lvPages.count(), 3);
+    clickRow("lvPages", 0);
+    Q_EMIT basket.rowsDropped(&basket, 2);
+    EXPECT_EQ(window().workspace().lvPages.row(2).text.toStdString(), "photo01");
+}
+
+TEST_F(MainWindow, BasketSavedAndOpenedAgainHoldsTheSameFiles) {
+    makePictures(2);
+    start();
+    listFolder(pictures());
+    addAll();
+    TestDesktop scripted;
+    scripted.fileChoices.push_back(FileDialogChoice{path("list"), 2});
+    click(window(), "cmdPagesSave");
+    ASSERT_TRUE(QFile::exists(path("list.ibf")));
+    click(window(), "cmdPagesNew");
+    scripted.fileChoices.push_back(FileDialogChoice{path("list.ibf"), 1});
+    click(window(), "cmdPagesOpen");
+    EXPECT_EQ(window().workspace().lvPages.count(), 2);
+    ASSERT_EQ(scripted.fileDialogs.size(), 2u);
+    EXPECT_EQ(scripted.fileDialogs[0].title.toStdString(), "Save Basket");
+    EXPECT_TRUE(scripted.messages.empty());
+}
+
+TEST_F(MainWindow, OpeningABasketOverRowsAsksAndCancelKeepsThem) {
+    makePictures(2);
+    start();
+    listFolder(pictures());
+    addAll();
+    TestDesktop scripted;
+    scripted.answers = {MessageAnswer::Cancel};
+    click(window(), "cmdPagesOpen");
+    ASSERT_EQ(scripted.messages.size(), 1u);
+    EXPECT_EQ(scripted.messages[0].text.toStdString(),
+              "There are currently files in the Basket!.\nDo you want to continue?");
+    EXPECT_EQ(window().workspace().lvPages.count(), 2);
+    EXPECT_TRUE(scripted.fileDialogs.empty());
+}
+
+TEST_F(MainWindow, ATaskListIsOpenedShownOnThePictureAndRemoved) {
+    makePictures(1);
+    QString record = QStringLiteral("\"1\",\"flip\"");
+    for (int column = 1; column <= 17; ++column)
+        record += column == 1 ? QStringLiteral(",\"1\"") : QStringLiteral(",\"\"");
+    writeFileSafely(path("flip.tbf"), (record + QStringLiteral("\r\n")).toLatin1());
+    start();
+    listFolder(pictures());
+    clickRow("lvFolder", 0);
+    const Picture before = window().workspace().ibMain.picture();
+    TestDesktop scripted;
+    scripted.fileChoices.push_back(FileDialogChoice{path("flip.tbf"), 1});
+    click(window(), "cmdEditBar_1");
+    ASSERT_EQ(window().workspace().tasks.count(), 1);
+    EXPECT_EQ(window().workspace().tasks.lvEdit.row(0).text.toStdString(), "Orientation");
+    EXPECT_FALSE(window().workspace().ibMain.picture() == before) << "the preview shows the task";
+    window().workspace().tasks.lvEdit.selectOnly(0);
+    click(window(), "cmdEditBar_3");
+    EXPECT_EQ(window().workspace().tasks.count(), 0);
+    EXPECT_TRUE(window().workspace().ibMain.picture() == before);
+}
+
+TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
+    makePictures(2);
+    start();
+    listFolder(pictures());
+    addAll();
+    script.on("frmAlbumDescription", [](QWidget& dialog) {
+        QTest::keyClicks(&child<QPlainTextEdit>(dialog, "txtDescription"),
+                         QStringLiteral("The \"old\" mill & I"));
+        click(dialog, "cmdAdd");
+    });
+    clickRow("lvPages", 1);
+    QAbstractItemView* view = child<ListControl>(window(), "lvPages").view();
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
+                       view->visualRect(view->model()->index(1, 0)).center());
+    EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
+    EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I");
+}
+
+TEST_F(MainWindow, NoButtonIsBlankOrWithoutAName) {
+    start();
+    for (const QAbstractButton* button : window().findChildren<QAbstractButton*>()) {
+        if (!button->isVisible() || button->objectName().startsWith(QLatin1String("qt_")) ||
+            button->objectName().isEmpty())
+            continue;
+        EXPECT_FALSE(button->icon().isNull() && button->text().isEmpty())
+            << button->objectName().toStdString();
+        EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty())
+            << button->objectName().toStdString();
+    }
+}
+
+} // namespace tarsel::test
