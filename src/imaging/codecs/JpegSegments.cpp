@@ -1,5 +1,7 @@
 #include "imaging/codecs/JpegSegments.h"
 
+#include "imaging/ExifBlock.h"
+
 #include <QCryptographicHash>
 #include <QtEndian>
 #include <algorithm>
@@ -179,7 +181,9 @@ EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg) {
 
 std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata) {
     std::vector<JpegSegment> segments;
-    appendSplit(segments, App1, ExifSignature, metadata.exif);
+    // A thumbnail isn't worth a second segment, which few programs read.
+    const QByteArray exif = exifWithin(metadata.exif, largestJpegExif).value_or(metadata.exif);
+    appendSplit(segments, App1, ExifSignature, exif);
     appendXmp(segments, metadata);
     appendResources(segments, metadata.resources);
     appendProfile(segments, metadata.iccProfile);
