@@ -40,7 +40,11 @@ double TerminalDesktop::randomNumber() {
 }
 
 QString TerminalDesktop::shortDateFormat() {
-    return withFourDigitYear(QLocale::system().dateFormat(QLocale::ShortFormat));
+    const QLocale locale = QLocale::system();
+    // The C locale of the system writes month, day, year, which Qt's C locale does not.
+    if (locale.language() == QLocale::C)
+        return QStringLiteral("M/d/yyyy");
+    return withFourDigitYear(locale.dateFormat(QLocale::ShortFormat));
 }
 
 QString TerminalDesktop::longTimeFormat() {

@@ -1,0 +1,97 @@
+#include "tests/output/TestBasket.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace tarsel::test {
+
+namespace {
+std::string joined(const QStringList& words) {
+    return words.join(QLatin1Char(' ')).toStdString();
+}
+} // namespace
+
+Picture shadedPicture(int width, int height, int seed) {
+    Picture picture(width, height, 3);
+    const PixelView view = picture.edit();
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            view.pixel(x, y)[0] = std::uint8_t(255 * x / width);
+            view.pixel(x, y)[1] = std::uint8_t(255 * y / height);
+            view.pixel(x, y)[2] = std::uint8_t(40 * seed);
+        }
+    return picture;
+}
+
+TestBasket::TestBasket() {
+    settings.DestinationFolder = path(QStringLiteral("out")) + QLatin1Char('/');
+    QDir().mkpath(settings.DestinationFolder);
+}
+
+QString TestBasket::addPicture(const QString& name, int width, int height,
+                               const std::function<void(ImageBox&)>& edit) {
+    const QString file = path(name);
+    ImageBox maker;
+    maker.setPictureHandle(shadedPicture(width, height, pages.count()));
+    if (edit)
+        edit(maker);
+    maker.SaveToFile(file);
+    addRow(file, QFileInfo(file).completeBaseName());
+    return file;
+}
+
+void TestBasket::addRow(const QString& file, const QString& text) {
+    ListRow row;
+    row.text = text;
+    row.tag = file;
+    row.subItems = QStringList{QString(), QString(), QString(), file, QString()};
+    pages.add(row);
+}
+
+void TestBasket::addTask(const QString& kind, const QString& key,
+                         std::initializer_list<const char*> columns) {
+    TaskRow row{.kind = kind, .key = key, .columns = {}};
+    int number = 1;
+    for (const char* column : columns)
+        row.column(number++) = QString::fromLatin1(column);
+    tasks.append(row);
+    settings.ProcessEditingList = 1;
+}
+
+bool TestBasket::run() {
+    results.clear();
+    return fncSaveSinglePage(pages, tasks.lvEditBatch, box, progress, settings, slice, results);
+}
+
+std::string TestBasket::states() const {
+    QStringList words;
+    for (const RowResult& result : results)
+        words << rowStateText(result.state);
+    return joined(words);
+}
+
+QStringList TestBasket::reasons() const {
+    QStringList texts;
+    for (const RowResult& result : results)
+        texts << result.reason;
+    return texts;
+}
+
+std::string TestBasket::targets() const {
+    QStringList names;
+    for (const RowResult& result : results)
+        names << result.target.mid(result.target.lastIndexOf(QLatin1Char('/')) + 1);
+    return joined(names);
+}
+
+std::string TestBasket::files(const QString& subFolder) const {
+    return joined(QDir(m_folder.filePath(subFolder)).entryList(QDir::Files | QDir::Hidden, QDir::Name));
+}
+
+ImageBox loaded(const QString& path) {
+    ImageBox box;
+    box.LoadFromFile(path);
+    return box;
+}
+
+} // namespace tarsel::test
