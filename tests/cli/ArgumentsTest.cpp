@@ -1,0 +1,87 @@
+#include "cli/Arguments.h"
+#include "cli/Command.h"
+#include "cli/CommandLine.h"
+#include "cli/JsonLine.h"
+#include "tests/cli/Program.h"
+
+#include <QJsonDocument>
+#include <gtest/gtest.h>
+
+using namespace tarsel::cli;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr OptionSpec options[] = {{"out", "FOLDER", "where"}, {"json", nullptr, "as JSON"}};
+
+QString refusal(const char* words) {
+    try {
+        const Arguments arguments(commandLine(words), options);
+    } catch (const UsageError& error) {
+        return error.fact;
+    }
+    return {};
+}
+
+} // namespace
+
+TEST(Arguments, OptionsStandAnywhereAndInBothSpellings) {
+    for (const char* words : {"--out x --json a b", "a --out=x b --json", "a b --json --out x"}) {
+        const Arguments arguments(commandLine(words), options);
+        EXPECT_EQ(arguments.value("out"), QStringLiteral("x")) << words;
+        EXPECT_TRUE(arguments.has("json"));
+        EXPECT_EQ(arguments.operands(), commandLine("a b"));
+    }
+}
+
+TEST(Arguments, BehindTwoDashesAllWordsAreOperands) {
+    const Arguments arguments(commandLine("--json -- --out -x --help"), options);
+    EXPECT_EQ(arguments.operands(), commandLine("--out -x --help"));
+    EXPECT_FALSE(arguments.wantsHelp());
+}
+
+TEST(Arguments, ValuesMayBeEmptyOrBeginWithADash) {
+    EXPECT_EQ(Arguments(commandLine("--out="), options).value("out"), QString());
+    EXPECT_TRUE(Arguments(commandLine("--out="), options).has("out"));
+    EXPECT_EQ(Arguments(commandLine("--out -"), options).value("out"), QStringLiteral("-"));
+    EXPECT_EQ(Arguments(commandLine("--out=a=b"), options).value("out"), QStringLiteral("a=b"));
+}
+
+TEST(Arguments, RefusalsNameTheWord) {
+    for (const char* words : {"--outt x", "--out", "--json=1", "-o", "--out x --out y", "--json --json"})
+        EXPECT_FALSE(refusal(words).isEmpty()) << words;
+    EXPECT_TRUE(refusal("--outt=x").contains(QStringLiteral("--outt")));
+    EXPECT_TRUE(refusal("--out").contains(QStringLiteral("FOLDER")));
+}
+
+TEST(Help, EveryCommandTellsAllItsOptions) {
+    for (const Command* command : commands()) {
+        EXPECT_TRUE(programHelp().contains(QLatin1String(command->name)));
+        const QString help = commandHelp(*command);
+        for (const OptionSpec& option : command->options)
+            EXPECT_TRUE(help.contains(QStringLiteral("--") + QLatin1String(option.name))) << command->name;
+        for (const QString& line : help.split(QLatin1Char('\n')))
+            EXPECT_LE(line.size(), 120) << qPrintable(line);
+    }
+}
+
+TEST(JsonLine, AnyTextSurvivesAForeignParser) {
+    const QString odd = QStringLiteral("quote\" back\\slash \n\t\r\b/ \u00e9 \U0001F600 \u2028") + QChar(0) +
+                        QChar(0x1f) + QChar(0x7f);
+    const QString line =
+        JsonLine().add("text", odd).add("number", -3).add("real", 0.1).addNull("none").text();
+    EXPECT_FALSE(line.contains(QLatin1Char('\n')));
+    const QJsonObject object = QJsonDocument::fromJson(line.toUtf8()).object();
+    EXPECT_EQ(object.value(QStringLiteral("text")).toString(), odd);
+    EXPECT_EQ(object.value(QStringLiteral("number")).toInt(), -3);
+    EXPECT_DOUBLE_EQ(object.value(QStringLiteral("real")).toDouble(), 0.1);
+    EXPECT_TRUE(object.value(QStringLiteral("none")).isNull());
+}
+
+TEST(JsonLine, HalfASurrogatePairStillGivesAnObject) {
+    for (const QString& text :
+         {QString(QChar(0xD800)), QStringLiteral("a") + QChar(0xDC00) + QStringLiteral("b")}) {
+        const QString line = JsonLine().add("text", text).text();
+        EXPECT_FALSE(QJsonDocument::fromJson(line.toUtf8()).isNull()) << qPrintable(line);
+    }
+}

@@ -1,0 +1,259 @@
+#include "base/SafeFileWriter.h"
+#include "imaging/ImageBox.h"
+#include "tests/cli/Program.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <csignal>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+QString text(const char* utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+/// One value of all results, blanks between them.
+std::string column(const ProgramRun& run, const char* key) {
+    QStringList values;
+    for (const QJsonObject& object : run.objects())
+        values << object.value(QLatin1String(key)).toVariant().toString();
+    return values.join(QLatin1Char(' ')).toStdString();
+}
+
+std::string targetNames(const ProgramRun& run) {
+    QStringList names;
+    for (const QJsonObject& object : run.objects())
+        names << QFileInfo(object.value(QLatin1String("target")).toString()).fileName();
+    return names.join(QLatin1Char(' ')).toStdString();
+}
+
+const char textTask[] =
+    "\"10\",\"text\",\"True\",\"False\",\"True\",\"0\",\"2\",\"DejaVu Sans\",\"10\",\"True\",\"False\","
+    "\"False\",\"0\",\"0\",\"0\",\"8\",\"Hello\",\"0\",\"0\"\r\n";
+
+} // namespace
+
+TEST(BatchCommand, MakesTheFilesAndTellsEachRow) {
+    const PictureFolder folder;
+    const ProgramRun run = folder.run(commandLine("batch --json --out made a.jpg ./b.jpg"));
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(folder.files(text("made")), "a.jpg b.jpg");
+    EXPECT_EQ(column(run, "row"), "1 2");
+    EXPECT_EQ(column(run, "state"), "written written");
+    const QJsonObject second = run.objects().at(1);
+    EXPECT_EQ(second.keys(), commandLine("reason row source state target"));
+    EXPECT_EQ(second.value(text("source")).toString(), folder.path(text("b.jpg")));
+    EXPECT_EQ(second.value(text("target")).toString(), folder.path(text("made/b.jpg")));
+    EXPECT_TRUE(run.messages.contains("made the folder"));
+}
+
+TEST(BatchCommand, PlainResultsGoToStandardOutputAndNothingElseDoes) {
+    const PictureFolder folder;
+    const ProgramRun run = folder.run(commandLine("batch --out made a.jpg b.jpg"));
+    ASSERT_EQ(run.lines().size(), 2);
+    EXPECT_TRUE(run.lines().at(0).contains(text("written")));
+    EXPECT_TRUE(run.lines().at(0).contains(text("made/a.jpg")));
+}
+
+TEST(BatchCommand, NamesFollowTheRules) {
+    struct Case {
+        const char *words, *names;
+    };
+    const Case cases[] = {
+        {"--name keep", "a.jpg b.jpg"},
+        {"--name generic --generic X --count 32766", "X32766.jpg X32767.jpg"},
+        {"--name generic --count [Starting_1001]", "Sample1001.jpg Sample1002.jpg"},
+        {"--name hybrid --prefix [Source_resolution] --suffix end", "24x16_a_end.jpg 26x16_b_end.jpg"},
+        {"--name hybrid --separator1 [No_Separator] --separator2 [WhiteSpace] --suffix end",
+         "a end.jpg b end.jpg"},
+    };
+    for (const Case& one : cases) {
+        const PictureFolder folder;
+        QStringList words = commandLine(one.words);
+        words.replaceInStrings(text("_"), text(" "));
+        const ProgramRun run =
+            folder.run(commandLine("batch --json --out made") + words + commandLine("a.jpg b.jpg"));
+        EXPECT_EQ(run.status, 0) << run.messages.constData();
+        EXPECT_EQ(targetNames(run), one.names);
+    }
+}
+
+TEST(BatchCommand, WrongUsageIsToldWithAHintAndDoesNothing) {
+    const char* const wrong[] = {
+        "",
+        "bogus",
+        "batch",
+        "batch --out made",
+        "batch --out made --source-folder a.jpg",
+        "batch --out made --quality 0 a.jpg",
+        "batch --out made --quality 80% a.jpg",
+        "batch --out made --name fancy a.jpg",
+        "batch --out made --name generic --count one a.jpg",
+        "batch --out made --name generic --count= a.jpg",
+        "batch --out made --prefix x a.jpg",
+        "batch --out made --name hybrid --prefix x/y a.jpg",
+        "batch --out made --name generic --generic ../x a.jpg",
+        "batch --source-folder --name generic a.jpg",
+        "batch --out made --rows 0-2 a.jpg",
+        "batch --out made --rows 3-2 a.jpg",
+        "batch --out made --rows - a.jpg",
+        "batch --out made --rows 1-2-3 a.jpg",
+        "batch --out made --frobnicate a.jpg",
+        "batch --out made a.jpg x.ibf",
+        "batch a.jpg",
+        "apply a.jpg x.jpg",
+        "info",
+        "basket",
+        "basket list",
+        "basket save x.txt a.jpg",
+    };
+    for (const char* words : wrong) {
+        const PictureFolder folder;
+        const ProgramRun run = folder.run(commandLine(words));
+        EXPECT_EQ(run.status, 2) << words;
+        EXPECT_TRUE(run.messages.contains("--help")) << words;
+        EXPECT_TRUE(run.output.isEmpty()) << words;
+        EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg") << words;
+        EXPECT_FALSE(QFileInfo::exists(folder.path(text("made")))) << words;
+    }
+}
+
+TEST(BatchCommand, AMissingSideFileOrTaskListStopsBeforeTheFirstRow) {
+    for (const char* option : {"--tasks", "--exif", "--iptc"}) {
+        const PictureFolder folder;
+        const ProgramRun run =
+            folder.run(commandLine("batch --out made a.jpg") + QStringList{text(option), text("gone.x")});
+        EXPECT_EQ(run.status, 1) << option;
+        EXPECT_TRUE(run.messages.contains("gone.x"));
+        EXPECT_FALSE(QFileInfo::exists(folder.path(text("made"))));
+    }
+}
+
+TEST(BatchCommand, ABadTaskListIsNamed) {
+    for (const char* list : {"nonsense", "\"seven\",\"sharpen\"\r\n", "\"7\",\"sharpen\",\"2\"\r\n"}) {
+        const PictureFolder folder;
+        writeFileSafely(folder.path(text("bad.tbf")), list);
+        const ProgramRun run = folder.run(commandLine("batch --out made --tasks bad.tbf a.jpg"));
+        EXPECT_EQ(run.status, 1) << list;
+        EXPECT_TRUE(run.messages.contains("bad.tbf")) << run.messages.constData();
+    }
+}
+
+TEST(BatchCommand, SlicesAreNumberedAsTheWhole) {
+    const PictureFolder folder;
+    const QStringList rest = commandLine("--json --out made --name generic a.jpg b.jpg c.jpg --rows");
+    EXPECT_EQ(targetNames(folder.run(commandLine("batch") + rest + commandLine("2-3"))),
+              "Sample2.jpg Sample3.jpg");
+    EXPECT_EQ(targetNames(folder.run(commandLine("batch") + rest + commandLine("3-"))), "Sample3.jpg");
+    EXPECT_EQ(targetNames(folder.run(commandLine("batch") + rest + commandLine("-1"))), "Sample1.jpg");
+    EXPECT_EQ(targetNames(folder.run(commandLine("batch") + rest + commandLine("2"))), "Sample2.jpg");
+    EXPECT_EQ(targetNames(folder.run(commandLine("batch") + rest + commandLine("2-99"))),
+              "Sample2.jpg Sample3.jpg");
+    EXPECT_EQ(folder.run(commandLine("batch") + rest + commandLine("8-9")).status, 0);
+}
+
+TEST(BatchCommand, ADryRunWritesNothing) {
+    const PictureFolder folder;
+    const ProgramRun run = folder.run(commandLine("batch --json --dry-run --out made a.jpg b.jpg"));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(column(run, "state"), "skipped skipped");
+    EXPECT_EQ(targetNames(run), "a.jpg b.jpg");
+    EXPECT_FALSE(QFileInfo::exists(folder.path(text("made"))));
+    EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg");
+}
+
+TEST(BatchCommand, SourcesAreReplacedOnlyWhenAskedFor) {
+    const PictureFolder folder;
+    const QByteArray before = readWholeFile(folder.path(text("a.jpg")));
+    EXPECT_EQ(folder.run(commandLine("batch a.jpg")).status, 2);
+    EXPECT_EQ(readWholeFile(folder.path(text("a.jpg"))), before);
+    EXPECT_EQ(folder.run(commandLine("batch --no-overwrite a.jpg")).status, 1);
+    EXPECT_EQ(readWholeFile(folder.path(text("a.jpg"))), before);
+    EXPECT_EQ(folder.run(commandLine("batch --source-folder --quality 20 a.jpg")).status, 0);
+    EXPECT_NE(readWholeFile(folder.path(text("a.jpg"))), before);
+    EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg");
+}
+
+TEST(BatchCommand, WithoutAnOutFolderFilesGoToTheCurrentOne) {
+    const PictureFolder folder;
+    EXPECT_EQ(folder.run(commandLine("batch --name generic a.jpg")).status, 0);
+    EXPECT_EQ(folder.files(), "Sample1.jpg a.jpg b.jpg c.jpg");
+}
+
+TEST(BatchCommand, AFailedRowEndsTheRunAndTheRestIsNotReached) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("b.jpg")), 10, 10, text("x/y"));
+    const ProgramRun run =
+        folder.run(commandLine("batch --json --out made --name hybrid a.jpg b.jpg c.jpg --prefix") +
+                   QStringList{text("[EXIF Artist]")});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(column(run, "state"), "written failed skipped");
+    EXPECT_EQ(run.objects().at(2).value(text("reason")).toString(), text("not reached"));
+    EXPECT_TRUE(run.messages.contains("x/y"));
+    EXPECT_TRUE(run.messages.contains("fncSaveSinglePage"));
+}
+
+TEST(BatchCommand, APictureThatCantBeReadDoesntStopTheOthers) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("bad.jpg")), "no picture");
+    const ProgramRun run = folder.run(commandLine("batch --json --out made a.jpg gone.jpg bad.jpg c.jpg"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(column(run, "row"), "0 0 1 2");
+    EXPECT_EQ(column(run, "state"), "failed failed written written");
+    EXPECT_EQ(folder.files(text("made")), "a.jpg c.jpg");
+}
+
+TEST(BatchCommand, BasketFilesKeepTheirRowNames) {
+    const PictureFolder folder;
+    ASSERT_EQ(folder.run(commandLine("basket save x.ibf a.jpg c.jpg")).status, 0);
+    const ProgramRun run = folder.run(commandLine("batch --json --out made x.ibf"));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(targetNames(run), "a.jpg.jpg c.jpg.jpg");
+}
+
+TEST(BatchCommand, AnIbfWithAnEmptyLineOrAMissingBasketIsTold) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("odd.ibf")), "\"/x/a.jpg\"\r\n\r\n");
+    for (const char* basket : {"odd.ibf", "gone.ibf", "gone.ibd"}) {
+        const ProgramRun run = folder.run(commandLine("batch --out made") + QStringList{text(basket)});
+        EXPECT_EQ(run.status, 1) << basket;
+        EXPECT_TRUE(run.messages.contains(basket)) << run.messages.constData();
+    }
+}
+
+TEST(BatchCommand, TextIsDrawnWithoutADisplay) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("a.jpg")), 200, 100);
+    writeFileSafely(folder.path(text("text.tbf")), textTask);
+    const ProgramRun run = folder.run(commandLine("batch --out made --tasks text.tbf a.jpg"));
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    ASSERT_EQ(folder.run(commandLine("batch --out plain a.jpg")).status, 0);
+    EXPECT_NE(readWholeFile(folder.path(text("made/a.jpg"))),
+              readWholeFile(folder.path(text("plain/a.jpg"))));
+    EXPECT_EQ(run.messages.count('\n'), 2) << "no chatter of libraries: " << run.messages.constData();
+}
+
+TEST(BatchCommand, FilesWithOddNamesWork) {
+    const PictureFolder folder;
+    const QString odd = text("-\u00fc \"quoted\" \u65e5.jpg");
+    makePicture(folder.path(odd));
+    const ProgramRun run = folder.run(commandLine("batch --json --out made --") + QStringList{odd});
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_TRUE(QFileInfo::exists(folder.path(text("made/")) + odd));
+    EXPECT_EQ(run.objects().at(0).value(text("source")).toString(), folder.path(odd));
+}
+
+TEST(Program, HelpAndVersionSucceedOnStandardOutput) {
+    const PictureFolder folder;
+    for (const char* words : {"--help", "-h", "--version", "batch --help", "apply --help", "info --help",
+                              "basket --help", "batch --out x -h"}) {
+        const ProgramRun run = folder.run(commandLine(words));
+        EXPECT_EQ(run.status, 0) << words;
+        EXPECT_FALSE(run.output.isEmpty()) << words;
+        EXPECT_TRUE(run.messages.isEmpty()) << words;
+    }
+}

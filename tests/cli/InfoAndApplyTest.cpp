@@ -1,0 +1,131 @@
+#include "base/SafeFileWriter.h"
+#include "imaging/ImageBox.h"
+#include "tests/cli/Program.h"
+#include "tests/support/Corpus.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+QString text(const char* utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+QByteArray taskLine(const char* kind, const char* key, QStringList columns) {
+    while (columns.size() < 17)
+        columns << QString();
+    return "\"" + QByteArray(kind) + "\",\"" + key + "\",\"" + columns.join(text("\",\"")).toUtf8() +
+           "\"\r\n";
+}
+
+QString valueOf(const QJsonObject& picture, const char* list, const char* key, const char* name) {
+    for (const QJsonValue& row : picture.value(QLatin1String(list)).toArray())
+        if (row.toObject().value(QLatin1String(key)).toString() == QLatin1String(name))
+            return row.toObject().value(text("value")).toString();
+    return {};
+}
+
+} // namespace
+
+TEST(InfoCommand, TellsHeaderSizeAndMetadata) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("a.jpg")), 31, 17, text("Jo"));
+    const ProgramRun run = folder.run(commandLine("info --json a.jpg"));
+    EXPECT_EQ(run.status, 0);
+    const QJsonObject picture = run.objects().value(0);
+    EXPECT_EQ(picture.value(text("path")).toString(), folder.path(text("a.jpg")));
+    EXPECT_EQ(picture.value(text("state")).toString(), text("ok"));
+    EXPECT_EQ(picture.value(text("format")).toString(), text("JPEG"));
+    EXPECT_EQ(picture.value(text("width")).toInt(), 31);
+    EXPECT_EQ(picture.value(text("height")).toInt(), 17);
+    EXPECT_EQ(picture.value(text("bitsPerPixel")).toInt(), 24);
+    EXPECT_EQ(picture.value(text("pages")).toInt(), 1);
+    EXPECT_EQ(picture.value(text("header")).toObject().value(text("width")).toInt(), 31);
+    EXPECT_EQ(valueOf(picture, "exif", "name", "Artist"), text("Jo"));
+    EXPECT_EQ(picture.value(text("iptc")).toArray().size(), 52);
+}
+
+TEST(InfoCommand, AFailingFileIsToldAndDoesntStopTheOthers) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("bad.jpg")), "no picture");
+    writeFileSafely(folder.path(text("cut.jpg")), readWholeFile(folder.path(text("a.jpg"))).left(300));
+    writeFileSafely(folder.path(text("empty.jpg")), "");
+    const ProgramRun run = folder.run(commandLine("info --json gone.jpg bad.jpg empty.jpg . cut.jpg a.jpg"));
+    EXPECT_EQ(run.status, 1);
+    const auto pictures = run.objects();
+    ASSERT_EQ(pictures.size(), 6);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(pictures[i].value(text("state")).toString(), text("failed")) << i;
+        EXPECT_FALSE(pictures[i].value(text("reason")).toString().isEmpty()) << i;
+    }
+    EXPECT_EQ(pictures[5].value(text("state")).toString(), text("ok"));
+    EXPECT_EQ(folder.run(commandLine("info gone.jpg a.jpg")).status, 1);
+}
+
+TEST(InfoCommand, EveryDamagedPictureOfTheCorpusEndsInAResult) {
+    TARSEL_REQUIRE_CORPUS();
+    QStringList words = commandLine("info --json");
+    for (const CorpusPicture& picture : corpusPictures())
+        if (picture.fact("category") == text("bad"))
+            words << picture.path;
+    ASSERT_GT(words.size(), 10);
+    const ProgramRun run = runProgram(words, *corpusFolder());
+    EXPECT_TRUE(run.status == 0 || run.status == 1) << run.status;
+    EXPECT_EQ(run.objects().size(), words.size() - 2);
+    for (const QJsonObject& picture : run.objects())
+        EXPECT_FALSE(picture.value(text("path")).toString().isEmpty());
+}
+
+TEST(ApplyCommand, ReplaysTheListAndKeepsMetadata) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("a.jpg")), 40, 20, text("Jo"));
+    writeFileSafely(folder.path(text("half.tbf")), taskLine("3", "resize", {text("False"), text("50")}));
+    const ProgramRun run = folder.run(commandLine("apply --json --tasks half.tbf a.jpg half.jpg"));
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(run.objects().value(0).value(text("state")).toString(), text("written"));
+    ImageBox box;
+    box.LoadFromFile(folder.path(text("half.jpg")));
+    EXPECT_EQ(box.Width(), 20);
+    EXPECT_EQ(box.ExifValueByName(text("Artist")), text("Jo"));
+}
+
+TEST(ApplyCommand, APreviewAndALosslessApplyAreTheSamePixels) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("list.tbf")), taskLine("3", "resize", {text("False"), text("150")}) +
+                                                       taskLine("7", "sharpen", {text("2")}) +
+                                                       taskLine("1", "flip", {text("1")}));
+    const ProgramRun run = folder.run(commandLine("apply --tasks list.tbf a.jpg a.png"));
+    ASSERT_EQ(run.status, 0) << run.messages.constData();
+    ImageBox applied, preview;
+    applied.LoadFromFile(folder.path(text("a.png")));
+    preview.LoadFromFile(folder.path(text("a.jpg")));
+    preview.Scale(150);
+    preview.Sharpen(2);
+    preview.Flip(1);
+    EXPECT_EQ(applied.picture(), preview.picture());
+}
+
+TEST(ApplyCommand, AFailingTaskWritesNothing) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("bad.tbf")), taskLine("7", "sharpen", {text("very")}));
+    const QByteArray before = readWholeFile(folder.path(text("b.jpg")));
+    const ProgramRun run = folder.run(commandLine("apply --json --tasks bad.tbf a.jpg b.jpg"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.objects().value(0).value(text("state")).toString(), text("failed"));
+    EXPECT_EQ(readWholeFile(folder.path(text("b.jpg"))), before);
+}
+
+TEST(ApplyCommand, AnUnknownOutputFormatIsWrongUsage) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("l.tbf")), taskLine("7", "sharpen", {text("2")}));
+    for (const char* out : {"x.txt", "x", "x.jpg.doc"})
+        EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf a.jpg") + QStringList{text(out)}).status, 2)
+            << out;
+    EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf gone.jpg x.jpg")).status, 1);
+    EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf a.jpg gone/x.jpg")).status, 1);
+}

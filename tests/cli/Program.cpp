@@ -1,0 +1,105 @@
+#include "tests/cli/Program.h"
+
+#include "imaging/ImageBox.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QProcess>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tarsel::test {
+
+namespace {
+QString program() {
+    return QStringLiteral(TARSEL_PROGRAM);
+}
+} // namespace
+
+QStringList ProgramRun::lines() const {
+    return QString::fromUtf8(output).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QList<QJsonObject> ProgramRun::objects() const {
+    QList<QJsonObject> objects;
+    for (const QString& line : lines())
+        objects << QJsonDocument::fromJson(line.toUtf8()).object();
+    return objects;
+}
+
+ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
+    QProcess process;
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder);
+    process.start(program(), arguments);
+    process.closeWriteChannel();
+    EXPECT_TRUE(process.waitForFinished(100'000)) << "the program hangs";
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -process.exitCode(),
+            process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+pid_t startProgram(const QStringList& arguments, const QString& folder) {
+    QList<QByteArray> words{program().toLocal8Bit()};
+    for (const QString& argument : arguments)
+        words << argument.toLocal8Bit();
+    std::vector<char*> pointers;
+    for (QByteArray& word : words)
+        pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    const QByteArray place = folder.toLocal8Bit();
+    const QByteArray outputFile = place + "/output";
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const int output = ::open(outputFile.constData(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+        ::dup2(output, STDOUT_FILENO);
+        ::dup2(output, STDERR_FILENO);
+        if (::chdir(place.constData()) == 0)
+            ::execv(pointers[0], pointers.data());
+        ::_exit(127);
+    }
+    return child;
+}
+
+int endOf(pid_t process) {
+    int status = 0;
+    EXPECT_EQ(::waitpid(process, &status, 0), process);
+    return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+void makePicture(const QString& path, int width, int height, const QString& artist) {
+    Picture picture(width, height, 3);
+    const PixelView view = picture.edit();
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            for (int channel = 0; channel < 3; ++channel)
+                view.pixel(x, y)[channel] = std::uint8_t((x * (3 + channel) + y * 5) & 0xFF);
+    ImageBox box;
+    box.setPictureHandle(picture);
+    if (!artist.isEmpty()) {
+        EXPECT_TRUE(box.ExifSet(QStringLiteral("Artist"), artist));
+    }
+    box.SaveToFile(path);
+}
+
+PictureFolder::PictureFolder() {
+    makePicture(path(QStringLiteral("a.jpg")), 24);
+    makePicture(path(QStringLiteral("b.jpg")), 26);
+    makePicture(path(QStringLiteral("c.jpg")), 28);
+}
+
+std::string PictureFolder::files(const QString& subFolder) const {
+    return QDir(m_folder.filePath(subFolder))
+        .entryList(QDir::Files | QDir::Hidden, QDir::Name)
+        .join(QLatin1Char(' '))
+        .toStdString();
+}
+
+QStringList commandLine(const char* words) {
+    return QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace tarsel::test

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <sys/types.h>
+
+namespace tarsel::test {
+
+/// What one run of the real program gave.
+struct ProgramRun {
+    int status = -1; ///< exit status; minus the signal's number for a killed one
+    QByteArray output;
+    QByteArray messages;
+
+    QStringList lines() const; ///< of the output
+    QList<QJsonObject>
+    objects() const; ///< one for each line of the output; a line that is none gives an empty one
+};
+
+/// Runs the real program in a folder, without a display and with nothing of the environment but PATH.
+ProgramRun runProgram(const QStringList& arguments, const QString& folder);
+
+/// Starts it and gives its process id; its output goes to the file "output" in the folder.
+pid_t startProgram(const QStringList& arguments, const QString& folder);
+/// Waits for its end: exit status, or minus the signal's number.
+int endOf(pid_t process);
+
+/// Writes a small JPEG picture.
+void makePicture(const QString& path, int width = 24, int height = 16, const QString& artist = {});
+
+/// A folder with pictures a.jpg, b.jpg, c.jpg of 24 x 16, 26 x 16 and 28 x 16.
+class PictureFolder {
+public:
+    PictureFolder();
+    QString path(const QString& name = {}) const { return m_folder.filePath(name); }
+    /// Names of all files, hidden ones too, in their order, blanks between them.
+    std::string files(const QString& subFolder = {}) const;
+    ProgramRun run(const QStringList& arguments) const { return runProgram(arguments, m_folder.path()); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// Words of a command line, parted by blanks.
+QStringList commandLine(const char* words);
+
+} // namespace tarsel::test
