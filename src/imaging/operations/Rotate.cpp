@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <numbers>
 
 namespace tarsel::operations {
@@ -93,36 +94,61 @@ void nearestRow(const Turning& turning, int y) {
     }
 }
 
-/// Mixes four pixels by the eight upper bits of the fractions.
-template <int Channels>
-void mixFour(const std::uint8_t* topLeft, const std::uint8_t* topRight, const std::uint8_t* bottomLeft,
-             const std::uint8_t* bottomRight, std::int64_t x, std::int64_t y, std::uint8_t* out) {
-    const int right = int(x >> (FractionBits - 8)) & 255;
-    const int low = int(y >> (FractionBits - 8)) & 255;
-    for (int c = 0; c < Channels; ++c) {
-        const int top = topLeft[c] * (256 - right) + topRight[c] * right;
-        const int bottom = bottomLeft[c] * (256 - right) + bottomRight[c] * right;
-        out[c] = std::uint8_t((top * (256 - low) + bottom * low + 32768) >> 16);
-    }
+/// A pixel's bytes in 16-bit lanes of one number, so that one multiplication works on all of them. Reads
+/// `Bytes` bytes; a lane that is not read, or not of the pixel, does not disturb the others.
+template <int Bytes>
+std::uint64_t lanesOf(const std::uint8_t* pixel) {
+    std::uint32_t bytes = 0;
+    std::memcpy(&bytes, pixel, Bytes);
+    const std::uint64_t apart = (std::uint64_t(bytes) | (std::uint64_t(bytes) << 16)) & 0x0000FFFF0000FFFF;
+    return (apart | (apart << 8)) & 0x00FF00FF00FF00FF;
 }
 
-/// Columns whose four pixels are partly outside, where the background takes their place.
+/// Lanes between `from` (share 0) and `to` (share 256), rounded.
+std::uint64_t mixedLanes(std::uint64_t from, std::uint64_t to, unsigned share) {
+    constexpr std::uint64_t Halves = 0x0080008000800080;
+    return ((from * (256 - share) + to * share + Halves) >> 8) & 0x00FF00FF00FF00FF;
+}
+
+/// Four neighbours in lanes.
+struct Neighbours {
+    std::uint64_t topLeft = 0;
+    std::uint64_t topRight = 0;
+    std::uint64_t bottomLeft = 0;
+    std::uint64_t bottomRight = 0;
+};
+
+/// Mixes them by the eight upper bits of the fractions.
+template <int Channels>
+void mixFour(const Neighbours& pixels, std::int64_t x, std::int64_t y, std::uint8_t* out) {
+    const auto right = unsigned(x >> (FractionBits - 8)) & 255;
+    const auto low = unsigned(y >> (FractionBits - 8)) & 255;
+    const std::uint64_t top = mixedLanes(pixels.topLeft, pixels.topRight, right);
+    const std::uint64_t bottom = mixedLanes(pixels.bottomLeft, pixels.bottomRight, right);
+    const std::uint64_t mixed = mixedLanes(top, bottom, low);
+    for (int c = 0; c < Channels; ++c)
+        out[c] = std::uint8_t(mixed >> (16 * c));
+}
+
+/// Columns whose four pixels may lie outside, where the background takes their place.
 template <int Channels>
 void smoothEdge(const Turning& turning, int y, const SourceLine& line, Span columns) {
     const auto pixelAt = [&](std::int64_t px, std::int64_t py) {
         const bool inside = px >= 0 && py >= 0 && px < turning.source.width && py < turning.source.height;
-        return inside ? turning.source.pixel(int(px), int(py)) : turning.background.data();
+        return lanesOf<Channels>(inside ? turning.source.pixel(int(px), int(py)) : turning.background.data());
     };
     for (int x = columns.begin; x < columns.end; ++x) {
         const std::int64_t atX = line.x + line.dx * x;
         const std::int64_t atY = line.y + line.dy * x;
         const std::int64_t px = atX >> FractionBits;
         const std::int64_t py = atY >> FractionBits;
-        mixFour<Channels>(pixelAt(px, py), pixelAt(px + 1, py), pixelAt(px, py + 1), pixelAt(px + 1, py + 1),
-                          atX, atY, turning.target.pixel(x, y));
+        mixFour<Channels>(
+            {pixelAt(px, py), pixelAt(px + 1, py), pixelAt(px, py + 1), pixelAt(px + 1, py + 1)}, atX, atY,
+            turning.target.pixel(x, y));
     }
 }
 
+/// Columns whose four pixels lie inside and above the last row: one byte behind any of them may be read.
 template <int Channels>
 void smoothInside(const Turning& turning, int y, SourceLine at, Span columns) {
     at.x += at.dx * columns.begin;
@@ -131,7 +157,9 @@ void smoothInside(const Turning& turning, int y, SourceLine at, Span columns) {
     for (int x = columns.begin; x < columns.end; ++x, at.x += at.dx, at.y += at.dy, out += Channels) {
         const std::uint8_t* in = turning.source.pixel(int(at.x >> FractionBits), int(at.y >> FractionBits));
         const std::uint8_t* below = in + turning.source.stride;
-        mixFour<Channels>(in, in + Channels, below, below + Channels, at.x, at.y, out);
+        mixFour<Channels>(
+            {lanesOf<4>(in), lanesOf<4>(in + Channels), lanesOf<4>(below), lanesOf<4>(below + Channels)},
+            at.x, at.y, out);
     }
 }
 
@@ -141,7 +169,7 @@ void smoothRow(const Turning& turning, int y) {
     const std::int64_t width = turning.source.width * One;
     const std::int64_t height = turning.source.height * One;
     const Span touched = columnsInside(line, -One, width, height, {0, turning.target.width});
-    const Span inside = columnsInside(line, 0, width - One, height - One, touched);
+    const Span inside = columnsInside(line, 0, width - One, height - 2 * One, touched);
     smoothEdge<Channels>(turning, y, line, {touched.begin, inside.begin});
     smoothInside<Channels>(turning, y, line, inside);
     smoothEdge<Channels>(turning, y, line, {inside.end, touched.end});
