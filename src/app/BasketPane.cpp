@@ -16,6 +16,7 @@ BasketPane::BasketPane(ListView& lvPages, QWidget* parent) :
     m_list->setObjectName(QStringLiteral("lvPages"));
     m_list->setAccessibleName(QStringLiteral("Pictures and pages in the basket"));
     m_list->setRowsDraggable();
+    m_list->setHint(QStringLiteral("Select pictures above and press \"Add to basket\", or drag them here."));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);

@@ -81,6 +81,7 @@ QWidget* BrowsePane::makeTaskPanel() {
     m_tasks->setObjectName(QStringLiteral("lvEdit"));
     m_tasks->setAccessibleName(QStringLiteral("Confirmed tasks"));
     m_tasks->setFullRowSelect(true);
+    m_tasks->setHint(QStringLiteral("Open a task basket to run its tasks on the pictures."));
     auto* rows = new QVBoxLayout(picEditBar);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);

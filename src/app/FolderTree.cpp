@@ -1,5 +1,8 @@
 #include "app/FolderTree.h"
 
+#include "controls/LineIcon.h"
+
+#include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
@@ -16,11 +19,28 @@ QString nearestFolder(const QString& path) {
     return folder;
 }
 
+/// Our own folder for every folder, whatever icon theme the desktop has.
+class FolderIcons final : public QAbstractFileIconProvider {
+public:
+    QIcon icon(IconType) const override { return m_folder; }
+    QIcon icon(const QFileInfo&) const override { return m_folder; }
+
+private:
+    QIcon m_folder = lineIcon(QStringLiteral("folder"));
+};
+
 } // namespace
 
-FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), m_model(new QFileSystemModel(this)) {
+/// The model's own thread asks for icons: it ends first.
+FolderTree::~FolderTree() {
+    delete m_model;
+}
+
+FolderTree::FolderTree(QWidget* parent) :
+    QTreeView(parent), m_model(new QFileSystemModel(this)), m_icons(std::make_unique<FolderIcons>()) {
     setObjectName(QStringLiteral("ftvBrowse"));
     setAccessibleName(QStringLiteral("Folders"));
+    m_model->setIconProvider(m_icons.get());
     m_model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | QDir::Drives);
     m_model->setRootPath(QDir::rootPath());
     setModel(m_model);

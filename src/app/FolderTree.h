@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QTreeView>
+#include <memory>
 
+class QAbstractFileIconProvider;
 class QFileSystemModel;
 
 namespace tarsel {
@@ -11,6 +13,7 @@ class FolderTree final : public QTreeView {
     Q_OBJECT
 public:
     explicit FolderTree(QWidget* parent = nullptr);
+    ~FolderTree() override;
 
     /// Selects a folder, or the nearest one above it that exists. Tells folderSelected as a click does.
     void selectFolder(const QString& path);
@@ -23,6 +26,7 @@ private:
     void bringToView();
 
     QFileSystemModel* m_model;
+    std::unique_ptr<QAbstractFileIconProvider> m_icons;
 };
 
 } // namespace tarsel

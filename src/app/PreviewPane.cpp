@@ -52,7 +52,7 @@ QToolButton* PreviewPane::makeTypeButton() {
         m_types->addAction(item);
     }
     auto* button =
-        makePaneButton("cmdPreviewType", "picture", QStringLiteral("Original "),
+        makePaneButton("cmdPreviewType", "iDetailIcon", QStringLiteral("Original "),
                        QStringLiteral("Show the picture as it is or with the tasks applied"), this);
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);

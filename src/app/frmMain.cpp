@@ -45,7 +45,7 @@ frmMain::frmMain(Surroundings surroundings) :
     m_previewPane(new PreviewPane(m_workspace.ibMain, this)),
     m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)) {
     setObjectName(QStringLiteral("frmMain"));
-    setWindowIcon(lineIcon(QStringLiteral("picture")));
+    setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
     resize(1280, 800);
     arrangePanes();
     joinFolderPane();

@@ -305,6 +305,7 @@ QVariant ListView::headerData(int section, Qt::Orientation orientation, int role
 
 Qt::ItemFlags ListView::flags(const QModelIndex& index) const {
     Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    flags.setFlag(Qt::ItemIsDragEnabled, index.isValid());
     flags.setFlag(Qt::ItemIsEditable, index.isValid() && index.column() == 0 && m_textEditable);
     return flags;
 }

@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QLabel>
 #include <QListView>
 #include <QScopedValueRollback>
 #include <QTreeView>
@@ -55,7 +56,8 @@ QItemSelection selectionOf(const ListView& list) {
 
 ListControl::ListControl(ListView& list, QWidget* parent) :
     QStackedWidget(parent), m_list(list), m_table(new DraggingView<QTreeView>(this)),
-    m_thumbnails(new DraggingView<QListView>(this)), m_delegate(new RowDelegate(this)) {
+    m_thumbnails(new DraggingView<QListView>(this)), m_delegate(new RowDelegate(this)),
+    m_hint(new QLabel(this)) {
     prepareTable();
     m_thumbnails->setViewMode(QListView::IconMode);
     m_thumbnails->setResizeMode(QListView::Adjust);
@@ -77,6 +79,7 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     connect(&m_list, &ListView::selectionChanged, this, &ListControl::scheduleSelectionToView);
     connect(&m_list, &QAbstractItemModel::layoutChanged, this, &ListControl::scheduleSelectionToView);
     setForm(Form::Details);
+    prepareHint();
 }
 
 QAbstractItemView* ListControl::view() const {
@@ -98,8 +101,9 @@ ListControl::Form ListControl::form() const {
 void ListControl::setThumbnailSize(QSize size) {
     m_thumbnails->setIconSize(size);
     // Two names of the usual length stand side by side without being cut.
-    const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 16);
-    m_thumbnails->setGridSize({width, size.height() + fontMetrics().height() + 16});
+    const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 21);
+    m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 12};
+    m_thumbnails->setGridSize(m_delegate->cellSize + QSize(6, 6));
 }
 
 void ListControl::setTableIconSize(QSize size) {
@@ -135,6 +139,33 @@ void ListControl::editText(int row) {
     const QModelIndex index = m_list.index(row, 0);
     view()->setCurrentIndex(index);
     view()->edit(index);
+}
+
+void ListControl::setHint(const QString& text) {
+    m_hint->setText(text);
+    placeHint();
+}
+
+void ListControl::resizeEvent(QResizeEvent* event) {
+    QStackedWidget::resizeEvent(event);
+    placeHint();
+}
+
+void ListControl::placeHint() {
+    m_hint->setGeometry(rect().adjusted(24, 24, -24, -24));
+    m_hint->setVisible(m_list.isEmpty() && !m_hint->text().isEmpty());
+    m_hint->raise();
+}
+
+void ListControl::prepareHint() {
+    m_hint->setAlignment(Qt::AlignCenter);
+    m_hint->setWordWrap(true);
+    m_hint->setEnabled(false);
+    m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+    for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&m_list, changed, this, &ListControl::placeHint);
+    connect(&m_list, &QAbstractItemModel::modelReset, this, &ListControl::placeHint);
+    placeHint();
 }
 
 void ListControl::showRow(int row) {

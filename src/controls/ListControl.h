@@ -5,6 +5,7 @@
 #include <QStackedWidget>
 
 class QAbstractItemView;
+class QLabel;
 class QListView;
 class QTreeView;
 
@@ -39,6 +40,8 @@ public:
     /// Opens the row's text for editing in place.
     void editText(int row);
     void showRow(int row);
+    /// What an empty list says.
+    void setHint(const QString& text);
 
 Q_SIGNALS:
     void entered();    ///< the list got the focus
@@ -53,11 +56,14 @@ Q_SIGNALS:
     void rowsDropped(tarsel::ListControl* source, int row);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void prepare(QAbstractItemView* view);
     void prepareTable();
+    void prepareHint();
+    void placeHint();
     bool keyPressed(int key);
     void keyReleased(int key);
     bool dragMoved(QEvent* event);
@@ -71,6 +77,7 @@ private:
     QTreeView* m_table;
     QListView* m_thumbnails;
     RowDelegate* m_delegate;
+    QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
     bool m_synchronising = false;
     bool m_scheduled = false;

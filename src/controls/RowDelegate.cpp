@@ -23,6 +23,11 @@ QIcon iconOf(const QString& iconKey) {
 
 } // namespace
 
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const bool isThumbnail = option.decorationPosition == QStyleOptionViewItem::Top;
+    return isThumbnail ? cellSize : QStyledItemDelegate::sizeHint(option, index);
+}
+
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);

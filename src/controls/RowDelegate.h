@@ -12,7 +12,9 @@ public:
 
     bool fullRow = false;
     int dropRow = -1;
+    QSize cellSize; ///< of a thumbnail with its name
 
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 
