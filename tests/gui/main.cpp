@@ -4,6 +4,9 @@
 int main(int argc, char** argv) {
     // Dialogs that a test can drive, whatever desktop it runs on.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    // Windows are built in memory unless a platform is named, also while ctest asks for the list of tests.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);
