@@ -34,6 +34,8 @@ ApplicationScope::ApplicationScope(bool withFonts) {
     qInstallMessageHandler(onlyFatalMessages);
     if (withFonts) {
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        // Without it Qt looks for a display's socket, and makes a folder for it that nobody removes.
+        ::setenv("WAYLAND_DISPLAY", "none", 0);
         m_application = std::make_unique<QGuiApplication>(programArgumentCount, programArguments);
     } else {
         m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);

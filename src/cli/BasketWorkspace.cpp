@@ -46,9 +46,16 @@ QString absolutePath(const QString& path) {
 
 BasketWorkspace::BasketWorkspace(Progress& progress) :
     m_lists{m_folderList, m_folderImages, m_pages, m_pageImages, m_box, progress, m_status},
-    m_basket(m_lists, CollectionSettings{.programFolder = m_folder.path()}) {
-    if (!m_folder.isValid())
-        fail(ErrorNumber::PathNotFound, m_folder.errorString());
+    m_basket(m_lists, CollectionSettings()) {}
+
+/// Pages need a folder for their files.
+void BasketWorkspace::prepareFor(const QString& path) {
+    if (m_folder || !mayHavePages(modFileSystem::GetFileExtension(path)))
+        return;
+    m_folder.emplace();
+    if (!m_folder->isValid())
+        fail(ErrorNumber::PathNotFound, m_folder->errorString());
+    m_basket.settings.programFolder = m_folder->path();
 }
 
 void BasketWorkspace::fill(const QStringList& operands) {
@@ -64,6 +71,8 @@ void BasketWorkspace::fill(const QStringList& operands) {
 
 void BasketWorkspace::openBasketFile(const QString& path) {
     const auto entries = modSaveOpenImageList::readBasketEntries(path);
+    for (const auto& entry : entries)
+        prepareFor(entry.path);
     if (!modSaveOpenImageList::fncOpenImageBasket(path, m_basket, m_lists))
         fail(ErrorNumber::InvalidCall, QStringLiteral("%1: no readable basket file").arg(path));
     const QSet<QString> sources = sourcesOf(m_pages);
@@ -73,8 +82,10 @@ void BasketWorkspace::openBasketFile(const QString& path) {
 }
 
 void BasketWorkspace::addPictures(const QStringList& paths) {
-    for (const QString& path : paths)
+    for (const QString& path : paths) {
+        prepareFor(path);
         m_folderList.add(folderRow(absolutePath(path)));
+    }
     m_basket.cmdAddToQueue_Click();
     m_missing = m_basket.LTemp();
 }

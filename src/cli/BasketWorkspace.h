@@ -6,12 +6,13 @@
 
 #include <QStringList>
 #include <QTemporaryDir>
-#include <vector>
+#include <optional>
 
 namespace tarsel::cli {
 
 /// The basket of the command line: the lists and boxes that a window would lend it, without thumbnails. The
-/// pages of documents become files in a temporary folder of this run, which is removed at the end.
+/// pages of documents become files in a temporary folder of this run, which is made when one may be needed
+/// and removed at the end.
 class BasketWorkspace {
 public:
     explicit BasketWorkspace(Progress& progress);
@@ -25,8 +26,9 @@ public:
 private:
     void openBasketFile(const QString& path);
     void addPictures(const QStringList& paths);
+    void prepareFor(const QString& path);
 
-    QTemporaryDir m_folder;
+    std::optional<QTemporaryDir> m_folder;
     ListView m_folderList{folderHeaders()};
     ListView m_pages{basketHeaders()};
     ImageList m_folderImages;

@@ -15,6 +15,7 @@ constexpr OptionSpec options[] = {
 
 /// False when the picture could not be decoded.
 bool report(const QString& path, bool json, Terminal& terminal) {
+    terminal.setSubject(path);
     PictureFacts facts;
     readPictureFacts(path, facts);
     terminal.result(json ? jsonOf(facts) : textOf(facts));

@@ -54,13 +54,12 @@ void Terminal::print(std::FILE* file, const QString& line) {
     const QString bar = m_bar;
     removeBar();
     const QByteArray bytes = line.toUtf8() + '\n';
-    const bool complete =
-        std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file) == size_t(bytes.size());
-    m_failed = m_failed || (file == m_results && !complete);
-    if (!bar.isEmpty()) {
-        std::fflush(file);
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file);
+    // At once: whoever reads a pipe wants to see each row when it is done.
+    if (std::fflush(file) != 0 && file == m_results)
+        m_failed = true;
+    if (!bar.isEmpty())
         drawBar(bar);
-    }
 }
 
 void Terminal::result(const QString& line) {
@@ -72,10 +71,8 @@ void Terminal::message(const QString& line) {
 }
 
 bool Terminal::finish() {
-    m_failed = std::fflush(m_results) != 0 || m_failed;
     if (m_failed)
         message(QStringLiteral("tarsel: standard output can't be written"));
-    std::fflush(m_messages);
     return !m_failed;
 }
 

@@ -196,6 +196,8 @@ bool BatchLoop::isCancelled() {
 /// Tells the row's result in any case, then lets an error go on.
 void BatchLoop::work(int position) {
     RowWork row(m_batch, position);
+    if (m_batch.run.onRowBegin)
+        m_batch.run.onRowBegin(row.result().source);
     try {
         row.perform();
     } catch (...) {

@@ -31,7 +31,8 @@ struct BatchRun {
     bool dryRun = false; ///< everything but the writing; what would be written is skipped as "dry run"
     /// "Source folder" of a page means the folder of its document, not that of the extracted page file.
     bool pagesToDocumentFolder = false;
-    std::function<void(const RowResult&)> onRow; ///< told of each row as soon as it is done
+    std::function<void(const QString& source)> onRowBegin; ///< told of each row before its work
+    std::function<void(const RowResult&)> onRow;           ///< told of each row as soon as it is done
 };
 
 /// The reasons of skipped rows that scripts may want to tell apart.

@@ -1,6 +1,7 @@
 #include "base/SafeFileWriter.h"
 #include "imaging/ImageBox.h"
 #include "tests/cli/Program.h"
+#include "tests/support/Corpus.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -235,6 +236,29 @@ TEST(BatchCommand, TextIsDrawnWithoutADisplay) {
     EXPECT_NE(readWholeFile(folder.path(text("made/a.jpg"))),
               readWholeFile(folder.path(text("plain/a.jpg"))));
     EXPECT_EQ(run.messages.count('\n'), 2) << "no chatter of libraries: " << run.messages.constData();
+}
+
+TEST(BatchCommand, AFailedTaskIsToldWithItsFileAndTheRowIsWritten) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path(text("odd.tbf")),
+                    "\"7\",\"sharpen\",\"very\"" + QByteArray(",\"\"").repeated(16) + "\r\n");
+    const ProgramRun run = folder.run(commandLine("batch --json --out made --tasks odd.tbf a.jpg"));
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(column(run, "state"), "written");
+    EXPECT_TRUE(run.objects().at(0).value(text("reason")).toString().contains(text("13 - ")));
+    EXPECT_TRUE(run.messages.contains("a.jpg: 13 - ")) << run.messages.constData();
+}
+
+TEST(BatchCommand, PagesOfADocumentAreRowsAndLeaveNothingBehind) {
+    TARSEL_REQUIRE_CORPUS();
+    const PictureFolder folder;
+    const QString document = *corpusFolder() + text("/tiff/g4-multi.tiff");
+    if (!QFile::exists(document) || !QFile::copy(document, folder.path(text("doc.tiff"))))
+        GTEST_SKIP() << "no document in the corpus";
+    const ProgramRun run = folder.run(commandLine("batch --json --source-folder doc.tiff a.jpg"));
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(targetNames(run), "doc1.jpg doc2.jpg doc3.jpg a.jpg");
+    EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg doc.tiff doc1.jpg doc2.jpg doc3.jpg");
 }
 
 TEST(BatchCommand, FilesWithOddNamesWork) {

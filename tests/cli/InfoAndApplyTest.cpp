@@ -81,6 +81,17 @@ TEST(InfoCommand, EveryDamagedPictureOfTheCorpusEndsInAResult) {
         EXPECT_FALSE(picture.value(text("path")).toString().isEmpty());
 }
 
+TEST(InfoCommand, AnUnreadableDateIsToldWithItsFile) {
+    const PictureFolder folder;
+    ImageBox box;
+    box.LoadFromFile(folder.path(text("a.jpg")));
+    ASSERT_TRUE(box.ExifSet(text("DateTime"), text("yesterday at noon..")));
+    box.SaveToFile(folder.path(text("odd.jpg")));
+    const ProgramRun run = folder.run(commandLine("info --json a.jpg odd.jpg"));
+    EXPECT_EQ(run.objects().size(), 2);
+    EXPECT_TRUE(run.messages.contains("odd.jpg: 13 - ")) << run.messages.constData();
+}
+
 TEST(ApplyCommand, ReplaysTheListAndKeepsMetadata) {
     const PictureFolder folder;
     makePicture(folder.path(text("a.jpg")), 40, 20, text("Jo"));

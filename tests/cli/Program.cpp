@@ -33,11 +33,14 @@ ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
     QProcess process;
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
+    const QTemporaryDir temporary;
+    environment.insert(QStringLiteral("TMPDIR"), temporary.path());
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
     process.start(program(), arguments);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(100'000)) << "the program hangs";
+    EXPECT_TRUE(QDir(temporary.path()).isEmpty()) << "temporary files are left";
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -process.exitCode(),
             process.readAllStandardOutput(), process.readAllStandardError()};
 }
