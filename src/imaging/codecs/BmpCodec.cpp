@@ -37,12 +37,14 @@ struct BmpFacts {
     qint64 height = 0; ///< below 0: rows run from the top
     int bits = 0;
     double dpi = 0;
+    qint64 pixelOffset = 0;
 };
 
 /// A header that its file is too short for reads as zeros, which the size check refuses.
 BmpFacts readFacts(const QByteArray& bytes) {
     const ByteReader reader(bytes, false);
     BmpFacts facts;
+    facts.pixelOffset = reader.dword(OffsetOfPixelOffset).value_or(0);
     facts.headerSize = reader.dword(FileHeaderSize).value_or(0);
     if (facts.headerSize == CoreHeaderSize) {
         facts.width = reader.word(18).value_or(0);
@@ -61,6 +63,8 @@ BmpFacts readFacts(const QByteArray& bytes) {
 BmpFacts checkedFacts(const FileUnderTest& file, const QByteArray& bytes) {
     const BmpFacts facts = readFacts(bytes);
     requirePlausibleSize(file, facts.width, std::abs(facts.height), PixelsPerByte);
+    if (facts.pixelOffset >= bytes.size())
+        failDecoding(file, QStringLiteral("its pixels lie behind its end"));
     return facts;
 }
 
