@@ -6,9 +6,24 @@
 
 #include <QApplication>
 
+namespace {
+
+/// Event handlers that don't trap run with their errors ignored; no error ends the program.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override {
+        bool handled = false;
+        tarsel::ignoringErrors([&] { handled = QApplication::notify(receiver, event); });
+        return handled;
+    }
+};
+
+} // namespace
+
 int main(int argc, char** argv) {
     using namespace tarsel;
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     QApplication::setApplicationDisplayName(programIdentity::title);
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));

@@ -176,6 +176,7 @@ void ListControl::showRow(int row) {
 void ListControl::prepareTable() {
     m_table->setRootIsDecorated(false);
     m_table->setUniformRowHeights(true);
+    m_table->setTextElideMode(Qt::ElideMiddle);
     m_table->setAllColumnsShowFocus(true);
     m_table->setAlternatingRowColors(true);
     QHeaderView* header = m_table->header();

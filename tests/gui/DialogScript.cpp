@@ -1,6 +1,7 @@
 #include "tests/gui/DialogScript.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 #include <utility>
 
@@ -47,7 +48,10 @@ void DialogScript::look() {
 }
 
 void DialogScript::closeUnexpected(QWidget& modal) {
-    unexpected << modal.objectName() + QLatin1Char(' ') + modal.windowTitle();
+    QStringList words{modal.objectName(), modal.windowTitle()};
+    for (const QLabel* label : modal.findChildren<QLabel*>())
+        words << label->text();
+    unexpected << words.join(QLatin1Char(' '));
     m_idleLooks = 0;
     modal.close();
 }

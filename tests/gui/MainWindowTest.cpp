@@ -2,12 +2,14 @@
 #include "base/SafeFileWriter.h"
 #include "controls/ListControl.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/Corpus.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPlainTextEdit>
 #include <QTest>
 
@@ -21,6 +23,7 @@ protected:
 
     void clickRow(const char* list, int row, Qt::KeyboardModifiers modifiers = {}) {
         QAbstractItemView* view = child<ListControl>(window(), list).view();
+        view->scrollTo(view->model()->index(row, 0));
         const QRect place = view->visualRect(view->model()->index(row, 0));
         QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, place.center());
         QCoreApplication::processEvents();
@@ -201,6 +204,34 @@ TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
                        view->visualRect(view->model()->index(1, 0)).center());
     EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
     EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I");
+}
+
+TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty) {
+    TARSEL_REQUIRE_CORPUS();
+    QStringList folders;
+    for (const CorpusPicture& picture : corpusPictures())
+        if (const QString folder = QFileInfo(picture.path).path(); !folders.contains(folder))
+            folders << folder;
+    start();
+    TestDesktop scripted;
+    scripted.onYield = [] { QCoreApplication::processEvents(); };
+    click(window(), "cmdDetailFolder");
+    ListView& list = window().workspace().lvFolder;
+    int shown = 0;
+    for (const QString& folder : folders) {
+        listFolder(folder);
+        child<ListControl>(window(), "lvFolder").setFocus();
+        for (int row = 0; row < list.count(); ++row) {
+            clickRow("lvFolder", row);
+            shown += window().workspace().ibMain.HasImage() ? 1 : 0;
+            QCoreApplication::processEvents();
+        }
+    }
+    EXPECT_GT(shown, 100);
+    // Damaged attributes are reported where they are worded; a damaged picture is no error of its own.
+    for (const ErrorReport& report : scripted.reports)
+        EXPECT_TRUE(report.ErrRoutine.startsWith(QLatin1String("modMetadata.")))
+            << report.ErrSystem.toStdString();
 }
 
 TEST_F(MainWindow, NoButtonIsBlankOrWithoutAName) {
