@@ -161,7 +161,10 @@ TEST(MetadataRoundTrip, tiffCarriesEveryBlock) {
 
 TEST(MetadataRoundTrip, pngCarriesExifXmpAndProfile) {
     const EmbeddedMetadata before = test::everyKindOfMetadata();
-    const EmbeddedMetadata after = decoded(encoded("png", test::photograph(20, 20), {}, before)).metadata;
+    const QByteArray bytes = encoded("png", test::photograph(20, 20), {}, before);
+    const EmbeddedMetadata after = decoded(bytes).metadata;
+    EXPECT_EQ(bytes.count("eXIf"), 1);
+    EXPECT_LT(bytes.indexOf("eXIf"), bytes.indexOf("IDAT")) << "where other readers look for it";
     EXPECT_EQ(after.exif, before.exif);
     EXPECT_EQ(after.xmp, before.xmp);
     EXPECT_EQ(after.iccProfile, before.iccProfile);

@@ -52,7 +52,7 @@ private:
         png_write_info(png, writer.m_info);
         for (int y = 0; y < view.height; ++y)
             png_write_row(png, view.row(y));
-        png_write_end(png, writer.m_info);
+        png_write_end(png, nullptr); // with the object it would write the EXIF block again
     }
 
     void setMetadata() {
