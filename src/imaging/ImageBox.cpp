@@ -76,7 +76,7 @@ Picture cropped(const Picture& picture, const Edges& edges, Color background) {
                  .arg(edges.top)
                  .arg(edges.right)
                  .arg(edges.bottom));
-    if (width * height > Picture::MaximumPixels)
+    if (height > Picture::MaximumPixels / width)
         fail(ErrorNumber::OutOfMemory, QStringLiteral("a crop to %1 x %2 pixels").arg(width).arg(height));
     if (edges.left == 0 && edges.top == 0 && width == picture.width() && height == picture.height())
         return picture;
