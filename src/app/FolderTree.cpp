@@ -4,6 +4,7 @@
 
 #include <QAbstractFileIconProvider>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
@@ -55,10 +56,16 @@ FolderTree::FolderTree(QWidget* parent) :
             Q_EMIT folderSelected(m_model->filePath(current));
     });
     // Folders come in later than the selection; it is to stay in view while they do.
-    connect(m_model, &QFileSystemModel::directoryLoaded, this, [this](const QString& loaded) {
-        if (selectedFolder().startsWith(loaded))
-            bringToView();
-    });
+    m_settle.setSingleShot(true);
+    m_settle.setInterval(30);
+    connect(&m_settle, &QTimer::timeout, this, [this] { scrollTo(currentIndex(), PositionAtCenter); });
+    const auto settle = [this] {
+        if (m_following)
+            m_settle.start();
+    };
+    connect(m_model, &QFileSystemModel::directoryLoaded, this, settle);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, settle);
+    connect(m_model, &QAbstractItemModel::layoutChanged, this, settle);
 }
 
 void FolderTree::selectFolder(const QString& path) {
@@ -66,15 +73,20 @@ void FolderTree::selectFolder(const QString& path) {
     if (!index.isValid())
         return;
     setCurrentIndex(index);
-    bringToView();
+    expand(index.parent());
+    m_following = true;
+    m_settle.start();
 }
 
 QString FolderTree::selectedFolder() const {
     return currentIndex().isValid() ? m_model->filePath(currentIndex()) : QString();
 }
 
-void FolderTree::bringToView() {
-    scrollTo(currentIndex(), PositionAtCenter);
+/// From here on the view is the user's own.
+bool FolderTree::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel)
+        m_following = false;
+    return QTreeView::viewportEvent(event);
 }
 
 } // namespace tarsel

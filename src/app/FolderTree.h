@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QTreeView>
 #include <memory>
 
@@ -22,11 +23,14 @@ public:
 Q_SIGNALS:
     void folderSelected(const QString& path);
 
-private:
-    void bringToView();
+protected:
+    bool viewportEvent(QEvent* event) override;
 
+private:
     QFileSystemModel* m_model;
     std::unique_ptr<QAbstractFileIconProvider> m_icons;
+    QTimer m_settle;
+    bool m_following = false; ///< the selection is kept in view until the user scrolls or clicks
 };
 
 } // namespace tarsel

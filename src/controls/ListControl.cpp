@@ -176,7 +176,6 @@ void ListControl::showRow(int row) {
 void ListControl::prepareTable() {
     m_table->setRootIsDecorated(false);
     m_table->setUniformRowHeights(true);
-    m_table->setTextElideMode(Qt::ElideMiddle);
     m_table->setAllColumnsShowFocus(true);
     m_table->setAlternatingRowColors(true);
     QHeaderView* header = m_table->header();
@@ -286,6 +285,7 @@ void ListControl::setDropRow(int row) {
     view()->viewport()->update();
 }
 
+/// Compares all rows in one pass: a change of thousands of rows comes as ranges, row by row it would be slow.
 void ListControl::takeSelectionFromView() {
     if (m_synchronising)
         return;

@@ -39,6 +39,15 @@ TEST_F(LifeCycle, TheFirstStartListsTheSamplePictures) {
     EXPECT_TRUE(waitFor([&] { return window().workspace().lvFolder.count() == 3; }));
 }
 
+TEST_F(LifeCycle, TheFolderListedAtTheStartIsInViewInTheTree) {
+    start(pictures());
+    auto& tree = child<FolderTree>(window(), "ftvBrowse");
+    EXPECT_TRUE(waitFor([&] {
+        return tree.selectedFolder() == pictures() &&
+               tree.viewport()->rect().contains(tree.visualRect(tree.currentIndex()).center());
+    }));
+}
+
 TEST_F(LifeCycle, SettingsSurviveARestart) {
     makePictures(2);
     start();

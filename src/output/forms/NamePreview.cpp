@@ -2,6 +2,7 @@
 
 #include "controls/ListControl.h"
 
+#include <QAbstractItemView>
 #include <QFileInfo>
 #include <QLabel>
 #include <QStyle>
@@ -23,6 +24,7 @@ NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, Q
     list->setObjectName(QStringLiteral("lvNames"));
     list->setAccessibleName(QStringLiteral("Names of the files that will be made"));
     list->setFullRowSelect(true);
+    list->view()->setTextElideMode(Qt::ElideMiddle);
     list->setColumnWidth(0, 230);
     list->setColumnWidth(1, 150);
     m_summary->setObjectName(QStringLiteral("lblNames"));

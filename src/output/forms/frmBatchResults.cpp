@@ -3,6 +3,7 @@
 #include "base/Desktop.h"
 #include "controls/ListControl.h"
 
+#include <QAbstractItemView>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QLabel>
@@ -42,6 +43,7 @@ frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget*
     list->setObjectName(QStringLiteral("lvResults"));
     list->setAccessibleName(QStringLiteral("Results by row"));
     list->setFullRowSelect(true);
+    list->view()->setTextElideMode(Qt::ElideMiddle);
     list->setColumnWidth(0, 80);
     list->setColumnWidth(1, 270);
     list->setColumnWidth(2, 270);
