@@ -103,6 +103,16 @@ TEST(DamagedFiles, claimsOfGigabytesInAFewBytesAreRefusedWithoutTheirMemory) {
     EXPECT_EQ(test::readBytes(psd, QStringLiteral("bomb.psd")).errorNumber, ErrorNumber::UnreadableFile);
 }
 
+TEST(DamagedFiles, aPcxOfFewBytesWithEndlessRowsIsReadNoFurtherThanItsEnd) {
+    QByteArray pcx(140, 1);
+    pcx.replace(0, 12, QByteArray("\x0A\x05\x01\x08\0\0\0\0\0\0\xFE\xFF", 12)); // 1 x 65535
+    pcx[65] = 1;
+    pcx.replace(66, 2, "\xFF\xFF"); // bytes of a row: 4 GB in all
+    const auto outcome = test::readBytes(pcx, QStringLiteral("narrow.pcx"));
+    ASSERT_TRUE(outcome.decoded) << outcome.message.toStdString();
+    EXPECT_EQ(outcome.decoded->picture.height(), 65535);
+}
+
 TEST(DamagedFiles, anEmptyFileAndATextAreNoPictures) {
     EXPECT_EQ(test::readBytes({}, QStringLiteral("empty.jpg")).errorNumber, ErrorNumber::UnreadableFile);
     const auto text = test::readBytes("Dear diary", QStringLiteral("diary.jpg"));

@@ -218,8 +218,10 @@ DecodedPicture decodePcx(const QByteArray& bytes, const QString& name, int) {
     const PcxPainter painter(layout, palette, picture.edit());
     RowSource source(bytes, layout.hasRuns);
     std::vector<std::uint8_t> row(std::size_t(layout.rowBytes) * std::size_t(layout.planes));
+    bool goesOn = true;
     for (int y = 0; y < layout.height; ++y) {
-        if (!source.read(row) && y == 0)
+        goesOn = goesOn && source.read(row); // what was read last, from beyond the end, is zeros
+        if (!goesOn && y == 0)
             failDecoding(file, QStringLiteral("no pixels"));
         painter.paint(row, y);
     }

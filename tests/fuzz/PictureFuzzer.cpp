@@ -1,0 +1,36 @@
+// The readers of picture files that run inside the program: JPEG, PNG, TIFF, BMP, PCX, and the headers and
+// metadata of the formats that another process decodes.
+
+#include "base/ErrorTrap.h"
+#include "imaging/codecs/Codec.h"
+
+#include <cstddef>
+#include <cstdint>
+
+using namespace tarsel;
+
+namespace {
+
+bool isDecodedElsewhere(const Codec& codec) {
+    const QString& extension = codec.extensions.first();
+    return extension == QLatin1String("gif") || extension == QLatin1String("psd") ||
+           extension == QLatin1String("wbmp");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const QByteArray bytes(reinterpret_cast<const char*>(data), qsizetype(size));
+    const QString name = QStringLiteral("fuzzed.wbmp"); // lets the format without a signature take part
+    const Codec* codec = codecForContent(bytes, name);
+    if (!codec)
+        return 0;
+    PictureHeader header;
+    ignoringErrors([&] { header = codec->header(bytes, name); });
+    if (codec->metadata)
+        ignoringErrors([&] { codec->metadata(bytes, name); });
+    const bool isSmall = std::int64_t(header.width) * header.height < 1'000'000; // speed is not the question
+    if (isSmall && !isDecodedElsewhere(*codec))
+        ignoringErrors([&] { codec->decode(bytes, name, 1); });
+    return 0;
+}
