@@ -1,5 +1,6 @@
 #include "cli/ApplicationScope.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <clocale>
 #include <cstdlib>
@@ -34,12 +35,20 @@ ApplicationScope::ApplicationScope(bool withFonts) {
     qInstallMessageHandler(onlyFatalMessages);
     if (withFonts) {
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        // Without it Qt looks for a display's socket, and makes a folder for it that nobody removes.
-        ::setenv("WAYLAND_DISPLAY", "none", 0);
+        provideRuntimeFolder();
         m_application = std::make_unique<QGuiApplication>(programArgumentCount, programArguments);
     } else {
         m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
     }
+}
+
+/// A graphical Qt asks for the user's runtime folder. Where there is none, under cron or in a container, it
+/// would make one that nobody removes.
+void ApplicationScope::provideRuntimeFolder() {
+    if (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+        return;
+    m_runtimeFolder.emplace();
+    ::setenv("XDG_RUNTIME_DIR", QFile::encodeName(m_runtimeFolder->path()).constData(), 1);
 }
 
 ApplicationScope::~ApplicationScope() = default;

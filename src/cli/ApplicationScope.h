@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QTemporaryDir>
 #include <memory>
+#include <optional>
 
 namespace tarsel::cli {
 
@@ -13,6 +15,9 @@ public:
     ~ApplicationScope();
 
 private:
+    void provideRuntimeFolder();
+
+    std::optional<QTemporaryDir> m_runtimeFolder;
     std::unique_ptr<QCoreApplication> m_application;
 };
 
