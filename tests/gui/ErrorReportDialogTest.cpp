@@ -14,9 +14,13 @@ namespace {
 
 class ErrorReportDialog : public testing::Test {
 protected:
-    ErrorReportDialog() { ApplicationName = QStringLiteral("Tarsel JPEG Document Generator"); }
-    ~ErrorReportDialog() override { ApplicationName.clear(); }
+    /// Stands in front of the dialog, which reads the name when it is made.
+    struct NamedApplication {
+        NamedApplication() { ApplicationName = QStringLiteral("Tarsel JPEG Document Generator"); }
+        ~NamedApplication() { ApplicationName.clear(); }
+    };
 
+    NamedApplication named;
     TestDesktop desktop;
     frmErrorReport dialog{{.ErrApplicationVersion = QStringLiteral("1.2.3"),
                            .ErrRoutine = QStringLiteral("FrmMain.subEnd"),
