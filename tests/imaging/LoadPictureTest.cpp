@@ -31,6 +31,18 @@ QByteArray smallPcx() {
                                        "00");
 }
 
+/// PCX of one bit: two black pixels on white, as the header's palette has it.
+QByteArray onePlanePcx(int version) {
+    QByteArray bytes(128, 0);
+    bytes.replace(0, 4, QByteArray("\x0A\0\x01\x01", 4));
+    bytes[1] = char(version);
+    bytes[8] = 7; // the right edge
+    bytes.replace(16, 3, "\xFF\xFF\xFF");
+    bytes[65] = 1; // planes
+    bytes[66] = 2; // bytes of a row
+    return bytes + QByteArray::fromHex("3000");
+}
+
 class LoadPicture : public testing::Test {
 protected:
     QString file(const char* name, const QByteArray& bytes) {
@@ -54,6 +66,16 @@ protected:
 
     QTemporaryDir m_folder;
 };
+
+TEST_F(LoadPicture, aPcxOfOneBitHasTheColoursOfItsHeaderInEveryVersion) {
+    for (const int version : {2, 3, 5}) {
+        SCOPED_TRACE(version);
+        const auto picture = fncLoadPicture(file("mono.pcx", onePlanePcx(version)), LoadMode::FullSize);
+        ASSERT_TRUE(picture);
+        EXPECT_EQ(*picture->view().pixel(0, 0), 255);
+        EXPECT_EQ(*picture->view().pixel(2, 0), 0);
+    }
+}
 
 TEST_F(LoadPicture, aPngThatHoldsAPcxIsRead) {
     const auto picture = fncLoadPicture(file("disguised.png", smallPcx()), LoadMode::FullSize);

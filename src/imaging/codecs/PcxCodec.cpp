@@ -27,7 +27,6 @@ constexpr qsizetype LargePaletteSize = 768;
 constexpr std::uint8_t LargePaletteMark = 12;
 
 struct PcxLayout {
-    int version = 0;
     bool hasRuns = true;
     int width = 0;
     int height = 0;
@@ -51,7 +50,6 @@ PcxLayout readLayout(const QByteArray& bytes, const FileUnderTest& file) {
     const ByteReader reader(bytes, false);
     const auto word = [&](int at) { return int(*reader.word(at)); };
     PcxLayout layout;
-    layout.version = *reader.byte(1);
     layout.hasRuns = *reader.byte(2) == 1;
     layout.bits = *reader.byte(3);
     layout.width = word(8) - word(4) + 1;
@@ -129,7 +127,8 @@ Palette grayPalette(int colors) {
 }
 
 /// The palette of a file with indexes. Up to 16 colours stand in the header, 256 at the end of the file;
-/// where they don't, indexes are steps from black to white.
+/// where they don't, indexes are steps from black to white. Writers fill the header's palette in also in
+/// version 3, which is said to have none.
 Palette readPalette(const QByteArray& bytes, const PcxLayout& layout) {
     const int bits = layout.bits * layout.planes;
     Palette palette = grayPalette(1 << bits);
@@ -146,8 +145,7 @@ Palette readPalette(const QByteArray& bytes, const PcxLayout& layout) {
         stored[std::size_t(i)] = storedColor(bytes, PaletteOffset + 3 * i);
     const bool isFilledIn =
         std::any_of(stored.begin(), stored.begin() + colors, [&](Rgb color) { return color != stored[0]; });
-    const bool versionHasPalette = layout.version != 3;
-    return isFilledIn && versionHasPalette ? stored : palette;
+    return isFilledIn ? stored : palette;
 }
 
 class PcxPainter {
