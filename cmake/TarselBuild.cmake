@@ -53,6 +53,6 @@ function(tarsel_tests name)
     target_link_libraries(${name}_tests PRIVATE ${ARG_USES} tarsel_flags)
     target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR})
     target_precompile_headers(${name}_tests PRIVATE <gtest/gtest.h> <QString>)
-    gtest_discover_tests(${name}_tests TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+    gtest_discover_tests(${name}_tests TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES
         PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()
