@@ -305,6 +305,7 @@ TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {
         ListRow row;
         row.text = QString(QLatin1String(path)).section(QLatin1Char('/'), -1).section(QLatin1Char('.'), 0, 0);
         row.tag = QLatin1String(path);
+        row.subItems = {{}, {}, {}, QStringLiteral("/docs/letter.tif")};
         pages.add(row);
     }
     settings.DestinationFolder = QStringLiteral("/nowhere/");
@@ -314,10 +315,17 @@ TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {
     ASSERT_EQ(preview->names().count(), 3);
     EXPECT_EQ(preview->names().row(0).text.toStdString(), "sea.jpg");
     EXPECT_NE(preview->names().subItem(1, 2).toStdString(), "") << "two rows get one name";
+    EXPECT_EQ(preview->names().subItem(2, 1).toStdString(), "letter.tif")
+        << "a page is shown by its document";
+    EXPECT_EQ(control<QLabel>("lblNamesFolder").text().toStdString(), "They go to /nowhere")
+        << "also while the option for the source folder is on";
+    choose("OptName_1");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return control<QLabel>("lblNamesFolder").text() == QLatin1String("They go to 2 folders"); }));
     choose("OptName_2");
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return preview->isFinished() && preview->names().row(0).text != QLatin1String("sea.jpg"); }));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return preview->isFinished(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return preview->isFinished() && preview->names().row(0).text == QLatin1String("Sample1.jpg");
+    }));
     EXPECT_EQ(preview->names().row(2).text.toStdString(), "Sample3.jpg");
     EXPECT_EQ(settings.RenameGeneric.toStdString(), "Sample") << "looking changes nothing";
 }

@@ -1,5 +1,7 @@
 #include "output/forms/NamePreview.h"
 
+#include "collections/Basket.h"
+#include "controls/ElidedLabel.h"
 #include "controls/ListControl.h"
 
 #include <QAbstractItemView>
@@ -12,12 +14,19 @@ namespace tarsel {
 
 namespace {
 constexpr int RowsOfASlice = 20;
+
+QString destinationText(const QStringList& folders) {
+    if (folders.isEmpty())
+        return {};
+    return folders.size() == 1 ? QStringLiteral("They go to %1").arg(folders.first())
+                               : QStringLiteral("They go to %1 folders").arg(folders.size());
+}
 } // namespace
 
 NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, QWidget* parent) :
     QWidget(parent), m_pages(lvPages), m_tasks(lvEditBatch),
     m_names({QStringLiteral("New name"), QStringLiteral("Source file"), QStringLiteral("Remark")}),
-    m_summary(new QLabel(this)) {
+    m_summary(new QLabel(this)), m_destination(new ElidedLabel({}, this)) {
     m_icons.add(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     m_names.attachImages(&m_icons);
     auto* list = new ListControl(m_names, this);
@@ -28,17 +37,20 @@ NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, Q
     list->setColumnWidth(0, 230);
     list->setColumnWidth(1, 150);
     m_summary->setObjectName(QStringLiteral("lblNames"));
+    m_destination->setObjectName(QStringLiteral("lblNamesFolder"));
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(list, 1);
     column->addWidget(m_summary);
+    column->addWidget(m_destination);
     connect(&m_slice, &QTimer::timeout, this, &NamePreview::planSlice);
 }
 
 void NamePreview::show(const BatchSave& settings) {
     m_names.clear();
     m_remarks = 0;
+    m_folders.clear();
     m_overwrite = settings.Overwrite == 1;
     m_planner = std::make_unique<NamePlanner>(m_pages, m_tasks, settings);
     m_slice.start(0);
@@ -46,19 +58,28 @@ void NamePreview::show(const BatchSave& settings) {
 }
 
 void NamePreview::planSlice() {
-    for (const PlannedName& planned : m_planner->next(RowsOfASlice)) {
-        const QString remark = clashText(planned, m_overwrite);
-        m_remarks += remark.isEmpty() ? 0 : 1;
-        ListRow row;
-        row.text = QFileInfo(planned.target).fileName();
-        row.tag = planned.target;
-        row.subItems = {QFileInfo(planned.source).fileName(), remark};
-        row.icon = remark.isEmpty() ? -1 : 0;
-        m_names.add(row);
-    }
+    for (const PlannedName& planned : m_planner->next(RowsOfASlice))
+        addName(planned);
     if (m_planner->finished())
         m_slice.stop();
     showSummary();
+}
+
+/// A page is shown by its document: its own file is none that the user knows.
+void NamePreview::addName(const PlannedName& planned) {
+    const QString remark = clashText(planned, m_overwrite);
+    m_remarks += remark.isEmpty() ? 0 : 1;
+    const QString document = m_pages.subItem(planned.row - 1, BasketColumn::SourcePath);
+    const QFileInfo target(planned.target);
+    const QString folder = planned.target.isEmpty() ? QString() : target.path();
+    if (!folder.isEmpty() && !m_folders.contains(folder))
+        m_folders << folder;
+    ListRow row;
+    row.text = target.fileName();
+    row.tag = planned.target;
+    row.subItems = {QFileInfo(document.isEmpty() ? planned.source : document).fileName(), remark};
+    row.icon = remark.isEmpty() ? -1 : 0;
+    m_names.add(row);
 }
 
 void NamePreview::showSummary() {
@@ -69,6 +90,8 @@ void NamePreview::showSummary() {
         m_summary->setText(QStringLiteral("%1 names, %2 with a remark").arg(total).arg(m_remarks));
     else
         m_summary->setText(QStringLiteral("%1 names, no clashes").arg(total));
+    m_destination->setText(destinationText(m_folders));
+    m_destination->setToolTip(m_folders.join(QLatin1Char('\n')));
 }
 
 } // namespace tarsel

@@ -3,6 +3,7 @@
 #include "base/ListView.h"
 #include "output/NamePlan.h"
 
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
@@ -11,8 +12,9 @@ class QLabel;
 
 namespace tarsel {
 
-/// Shows the names that a batch would give and what they run into. The names are found in slices between two
-/// events, so that the dialog around it always answers; a change of the settings starts anew.
+/// Shows the names that a batch would give, where the files will lie and what they run into. The names are
+/// found in slices between two events, so that the dialog around it always answers; a change of the settings
+/// starts anew.
 class NamePreview final : public QWidget {
     Q_OBJECT
 public:
@@ -26,6 +28,7 @@ public:
 
 private:
     void planSlice();
+    void addName(const PlannedName& planned);
     void showSummary();
 
     const ListView& m_pages;
@@ -33,10 +36,12 @@ private:
     ListView m_names;
     ImageList m_icons;
     QLabel* m_summary;
+    QLabel* m_destination;
     QTimer m_slice;
     std::unique_ptr<NamePlanner> m_planner;
     bool m_overwrite = true;
     int m_remarks = 0;
+    QStringList m_folders; ///< of all names, each once
 };
 
 } // namespace tarsel
