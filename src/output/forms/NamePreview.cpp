@@ -5,6 +5,7 @@
 #include "controls/ListControl.h"
 
 #include <QAbstractItemView>
+#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QStyle>
@@ -71,7 +72,7 @@ void NamePreview::addName(const PlannedName& planned) {
     m_remarks += remark.isEmpty() ? 0 : 1;
     const QString document = m_pages.subItem(planned.row - 1, BasketColumn::SourcePath);
     const QFileInfo target(planned.target);
-    const QString folder = planned.target.isEmpty() ? QString() : target.path();
+    const QString folder = planned.target.isEmpty() ? QString() : QDir::cleanPath(target.path());
     if (!folder.isEmpty() && !m_folders.contains(folder))
         m_folders << folder;
     ListRow row;
