@@ -8,6 +8,7 @@
 #include "collections/clsFileInfo.h"
 #include "imaging/codecs/Codec.h"
 #include "output/LoadSource.h"
+#include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
 
 namespace tarsel::cli {
@@ -58,7 +59,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
                      .reason = {}};
     requireWritable(result.target);
     TaskList tasks;
-    readTasks(absolutePath(arguments.value("tasks")), tasks);
+    modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
     const ApplicationScope application(drawsText(tasks));
     RowReport report(terminal, arguments.has("json"));
     try {

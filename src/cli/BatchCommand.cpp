@@ -8,6 +8,7 @@
 #include "cli/Terminal.h"
 #include "collections/clsFileInfo.h"
 #include "output/NamePlan.h"
+#include "tasks/TaskFile.h"
 
 namespace tarsel::cli {
 
@@ -60,7 +61,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     BatchRun slice = batchRun(arguments);
     TaskList tasks;
     if (arguments.has("tasks"))
-        readTasks(absolutePath(arguments.value("tasks")), tasks);
+        modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
     const ApplicationScope application(drawsText(tasks));
     const InterruptScope interruptible;
     TerminalProgress progress(terminal);

@@ -36,6 +36,7 @@ void RowReport::add(const RowResult& result) {
     switch (result.state) {
     case RowState::Written:
         ++m_written;
+        m_incomplete += result.reason.isEmpty() ? 0 : 1;
         break;
     case RowState::Skipped:
         ++(result.reason == SkipReason::DryRun ? m_dry : m_skipped);
@@ -62,13 +63,15 @@ void RowReport::summarise() {
                        .arg(m_written)
                        .arg(m_skipped)
                        .arg(m_failed);
+    if (m_incomplete > 0)
+        text += QStringLiteral(", %1 of the written without all tasks").arg(m_incomplete);
     if (m_dry > 0)
         text += QStringLiteral(", %1 would be written").arg(m_dry);
     m_terminal.message(text);
 }
 
 bool RowReport::allDone(bool dryRun) const {
-    return m_skipped == 0 && m_failed == 0 && (dryRun || m_dry == 0);
+    return m_skipped == 0 && m_failed == 0 && m_incomplete == 0 && (dryRun || m_dry == 0);
 }
 
 } // namespace tarsel::cli

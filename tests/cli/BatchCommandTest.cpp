@@ -141,6 +141,7 @@ TEST(BatchCommand, ABadTaskListIsNamed) {
         const ProgramRun run = folder.run(commandLine("batch --out made --tasks bad.tbf a.jpg"));
         EXPECT_EQ(run.status, 1) << list;
         EXPECT_TRUE(run.messages.contains("bad.tbf")) << run.messages.constData();
+        EXPECT_TRUE(run.messages.contains("record 1")) << run.messages.constData();
     }
 }
 
@@ -243,7 +244,7 @@ TEST(BatchCommand, AFailedTaskIsToldWithItsFileAndTheRowIsWritten) {
     writeFileSafely(folder.path(text("odd.tbf")),
                     "\"7\",\"sharpen\",\"very\"" + QByteArray(",\"\"").repeated(16) + "\r\n");
     const ProgramRun run = folder.run(commandLine("batch --json --out made --tasks odd.tbf a.jpg"));
-    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.status, 1) << "a script must notice";
     EXPECT_EQ(column(run, "state"), "written");
     EXPECT_TRUE(run.objects().at(0).value(text("reason")).toString().contains(text("13 - ")));
     EXPECT_TRUE(run.messages.contains("a.jpg: 13 - ")) << run.messages.constData();
