@@ -30,7 +30,7 @@ std::optional<char> byteOf(char16_t character) {
 /// Length in bytes of the UTF-8 character at `at`, 1 to 4; 0 when there is none: a stray or missing
 /// continuation, an overlong form, a surrogate, a value above 10FFFF.
 qsizetype characterLength(const QByteArray& bytes, qsizetype at) {
-    const uchar lead = uchar(bytes[at]);
+    const auto lead = uchar(bytes[at]);
     if (lead < 0x80)
         return 1;
     const qsizetype length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
@@ -40,7 +40,7 @@ qsizetype characterLength(const QByteArray& bytes, qsizetype at) {
         if ((uchar(bytes[at + i]) & 0xC0) != 0x80)
             return 0;
     }
-    const uchar second = uchar(bytes[at + 1]);
+    const auto second = uchar(bytes[at + 1]);
     const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
     const bool surrogate = lead == 0xED && second > 0x9F;
     const bool tooLarge = lead == 0xF4 && second > 0x8F;

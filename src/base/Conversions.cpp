@@ -49,10 +49,16 @@ NumberAtStart numberAtStart(const QByteArray& text) {
     return hexadecimal.length > 0 ? hexadecimal : decimalAtStart(text);
 }
 
+/// Nothing holds a value that is no number.
+template <class Integer>
+bool holds(double value) {
+    return value >= std::numeric_limits<Integer>::min() && value <= std::numeric_limits<Integer>::max();
+}
+
 template <class Integer>
 Integer toInteger(const QString& text) {
     const double value = roundHalfEven(toDouble(text));
-    if (!(value >= std::numeric_limits<Integer>::min() && value <= std::numeric_limits<Integer>::max()))
+    if (!holds<Integer>(value))
         fail(ErrorNumber::Overflow, text);
     return Integer(value);
 }
@@ -65,7 +71,7 @@ double roundHalfEven(double value) {
 
 int roundToInt(double value) {
     const double rounded = roundHalfEven(value);
-    if (!(rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max()))
+    if (!holds<int>(rounded))
         fail(ErrorNumber::Overflow, numberText(value));
     return int(rounded);
 }

@@ -231,6 +231,7 @@ void ListView::SortByColumn(int column) {
 /// The present row numbers in the order in which the rows are to stand.
 std::vector<int> ListView::sortedOrder() const {
     std::vector<QString> keys;
+    keys.reserve(m_rows.size());
     for (const ListRow& r : m_rows)
         keys.push_back((m_sortColumn == 0 ? r.text : r.subItems.value(m_sortColumn - 1)).toCaseFolded());
     std::vector<int> order(m_rows.size());

@@ -47,10 +47,10 @@ public:
     // -------------------------------------------------------------------------------------------------
     int count() const { return int(m_rows.size()); }
     bool isEmpty() const { return m_rows.empty(); }
-    const ListRow& row(int index) const; ///< error 9 out of range
-    int add(ListRow row);                ///< appends, whatever the sort order; gives the index
-    void insert(int index, ListRow row); ///< error 9 out of range
-    void remove(int index);              ///< error 9 out of range
+    const ListRow& row(int index) const;   ///< error 9 out of range
+    int add(ListRow added);                ///< appends, whatever the sort order; gives the index
+    void insert(int index, ListRow added); ///< error 9 out of range
+    void remove(int index);                ///< error 9 out of range
     void clear();
     void setText(int index, const QString& text);
     void setTag(int index, const QString& tag);

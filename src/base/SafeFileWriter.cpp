@@ -182,7 +182,7 @@ QByteArray readWholeFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         failForErrno(errno, path);
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": ") + file.errorString());
     return bytes;

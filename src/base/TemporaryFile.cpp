@@ -70,8 +70,8 @@ bool firstVisit(const QByteArray& folder) {
 
 } // namespace
 
-TemporaryFile::TemporaryFile(const QByteArray& folder, mode_t mode, const QString& shown) : m_folder(folder) {
-    m_directory = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+TemporaryFile::TemporaryFile(const QByteArray& folder, mode_t mode, const QString& shown) :
+    m_folder(folder), m_directory(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     if (m_directory < 0 && (errno == ENOENT || errno == ENOTDIR))
         fail(ErrorNumber::PathNotFound, shown);
     if (m_directory < 0 && errno == EACCES) // a folder that may be written in but not listed
@@ -111,7 +111,7 @@ QByteArray TemporaryFile::path() const {
     return m_name.isEmpty() ? "/proc/self/fd/" + QByteArray::number(m_file) : m_folder + '/' + m_name;
 }
 
-void TemporaryFile::sync() {
+void TemporaryFile::sync() const {
     if (::fsync(m_file) != 0)
         throw errno;
 }
