@@ -29,7 +29,7 @@ struct Extent {
 };
 
 Extent extentAt(QByteArrayView rest) {
-    const quint16 size = qFromBigEndian<quint16>(rest.data() + 3);
+    const auto size = qFromBigEndian<quint16>(rest.data() + 3);
     if (size <= largestPlainSize)
         return {headSize, size};
     const qsizetype sizeBytes = size & largestPlainSize;
@@ -190,13 +190,13 @@ QString IimData::decode(const QByteArray& data) const {
 }
 
 QByteArray IimData::encode(const QString& text) {
-    const QByteArray utf8 = text.toUtf8();
+    QByteArray utf8 = text.toUtf8();
     if (isMarkedUtf8() || isAscii(utf8))
         return utf8;
     const bool hasOldTexts = std::ranges::any_of(m_dataSets, [](const DataSet& set) {
         return set.record == applicationRecord && isOldText(set.data);
     });
-    const QByteArray inPage = codePage::encode(text);
+    QByteArray inPage = codePage::encode(text);
     if (hasOldTexts && !isUtf8(inPage))
         return inPage;
     markUtf8();

@@ -305,7 +305,9 @@ void ImageBox::MergeHandle(const PictureHandle& handle) {
         operations::MergePlace(MergeStyle), MergeX, MergeY, {}, MergeTransparency};
     if (MergeTransparent)
         options.transparentColor = resolveColor(MergeTransparentColor);
-    const PictureHandle layer = handle; // a reference of our own, for a box that is merged with itself
+    // A reference of our own, for a box that is merged with itself.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const PictureHandle layer = handle;
     operations::merge(m_picture.edit(), layer.view(), options);
 }
 

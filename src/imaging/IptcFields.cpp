@@ -76,6 +76,7 @@ IptcField fieldOf(const FieldRow& row, bool isListed) {
 
 std::vector<IptcField> makeFields() {
     std::vector<IptcField> fields;
+    fields.reserve(listedFields.size() + customFieldCount + 1 + unlistedFields.size());
     for (const FieldRow& row : listedFields)
         fields.push_back(fieldOf(row, true));
     for (int i = 1; i <= customFieldCount; ++i)

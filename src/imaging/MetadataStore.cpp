@@ -97,7 +97,7 @@ std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAtt
 IimData readSideFile(const QString& path) {
     const QByteArray bytes = readWholeFile(path);
     if (bytes.startsWith('\x1C')) {
-        const IimData data(bytes);
+        IimData data(bytes);
         if (!data.isWhole())
             failNoFfo(path, QStringLiteral("its data are damaged"));
         return data;
@@ -105,7 +105,7 @@ IimData readSideFile(const QString& path) {
     const ResourceBlocks blocks(bytes);
     if (!blocks.contains(ResourceBlocks::iptcNumber))
         failNoFfo(path, QStringLiteral("it has no IPTC block"));
-    const IimData data(blocks.data(ResourceBlocks::iptcNumber));
+    IimData data(blocks.data(ResourceBlocks::iptcNumber));
     if (!blocks.isWhole() || !data.isWhole())
         failNoFfo(path, QStringLiteral("its data are damaged or cut short"));
     return data;
@@ -149,6 +149,7 @@ MetadataStore::~MetadataStore() = default;
 MetadataStore::MetadataStore(const MetadataStore&) = default;
 MetadataStore& MetadataStore::operator=(const MetadataStore&) = default;
 // A store that was moved from stays usable: it shares the state.
+// NOLINTNEXTLINE(performance-move-constructor-init)
 MetadataStore::MetadataStore(MetadataStore&& other) noexcept : m_state(other.m_state) {}
 MetadataStore& MetadataStore::operator=(MetadataStore&& other) noexcept {
     m_state = other.m_state;

@@ -23,6 +23,11 @@ struct Block {
     std::size_t capacity = 0;
 };
 
+/// Gives a block to the system, from which it came by aligned_alloc.
+void release(std::uint8_t* data) {
+    std::free(data); // NOLINT(cppcoreguidelines-no-malloc): the library has no other hand for aligned_alloc
+}
+
 /// Free blocks, the one given back last at the end. When the pool is full, the one that has lain longest
 /// goes.
 class BufferPool {
@@ -66,7 +71,7 @@ public:
 private:
     void dropOldest() {
         m_bytes -= m_free.front().capacity;
-        std::free(m_free.front().data);
+        release(m_free.front().data);
         m_free.pop_front();
     }
 
@@ -118,7 +123,7 @@ PixelBuffer::~PixelBuffer() {
     if (m_capacity >= SmallestPooled)
         pool().give({m_data, m_capacity});
     else
-        std::free(m_data);
+        release(m_data);
 }
 
 std::size_t PixelBuffer::pooledBytes() {

@@ -176,8 +176,8 @@ Loaded open(const Request& request) {
 Size fitInside(Size picture, Size box) {
     if (picture.width <= box.width && picture.height <= box.height)
         return picture;
-    const float widthFactor = float(double(box.width) / picture.width);
-    const float heightFactor = float(double(box.height) / picture.height);
+    const auto widthFactor = float(double(box.width) / picture.width);
+    const auto heightFactor = float(double(box.height) / picture.height);
     const Size fitted = widthFactor < heightFactor
                             ? Size{box.width, roundHalfToEven(double(widthFactor) * picture.height)}
                             : Size{roundHalfToEven(double(heightFactor) * picture.width), box.height};

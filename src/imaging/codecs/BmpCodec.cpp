@@ -170,9 +170,9 @@ QByteArray encodeBmp(const Picture& picture, const SaveSettings& settings, const
         auto* row =
             reinterpret_cast<std::uint8_t*>(bytes.data() + pixelOffset + stride * (view.height - 1 - y));
         flattenRow(view, y, resolveColor(settings.BackColor), row);
-        for (int x = 0; x < view.width; ++x)
+        for (qsizetype x = 0; x < view.width; ++x)
             std::swap(row[3 * x], row[3 * x + 2]);
-        std::fill(row + 3 * view.width, row + stride, std::uint8_t(0));
+        std::fill(row + qsizetype(view.width) * 3, row + stride, std::uint8_t(0));
     }
     return bytes;
 }

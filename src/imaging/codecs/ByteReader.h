@@ -39,7 +39,7 @@ private:
             return std::nullopt;
         std::uint32_t value = 0;
         for (std::size_t i = 0; i < sizeof(Number); ++i) {
-            const auto byte = std::uint8_t(m_bytes[qsizetype(at + std::int64_t(i))]);
+            const auto byte = std::uint8_t(m_bytes[qsizetype(at) + qsizetype(i)]);
             value = m_bigEndian ? value << 8 | byte : value | std::uint32_t(byte) << 8 * i;
         }
         return Number(value);

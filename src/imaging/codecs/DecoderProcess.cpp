@@ -16,8 +16,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 namespace tarsel {
 
 namespace {
@@ -25,7 +23,7 @@ namespace {
 constexpr char ProgramName[] = "tarsel-decoder";
 
 QByteArray programPath() {
-    const QByteArray configured = qgetenv("TARSEL_DECODER");
+    QByteArray configured = qgetenv("TARSEL_DECODER");
     if (!configured.isEmpty())
         return configured;
     std::error_code none;

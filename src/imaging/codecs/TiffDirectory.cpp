@@ -48,7 +48,10 @@ private:
             return;
         const std::int64_t size = std::int64_t(elementSize(*type)) * *count;
         const auto value = m_reader.stretch(size <= 4 ? at + 8 : *offset, size);
-        if (size == 0 || !value || (m_budget -= size) < 0)
+        if (size == 0 || !value)
+            return;
+        m_budget -= size;
+        if (m_budget < 0)
             return;
         TiffDirectory::Entry entry{*tag, *type, *count, value->toByteArray(), {}};
         if (isPointer(*tag)) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace tarsel {
 
@@ -17,7 +18,7 @@ TiffFile& of(thandle_t self) {
 
 } // namespace
 
-TiffFile::TiffFile(const QByteArray& bytes, const FileUnderTest& file) : m_bytes(bytes) {
+TiffFile::TiffFile(QByteArray bytes, const FileUnderTest& file) : m_bytes(std::move(bytes)) {
     open("r");
     if (!m_tiff)
         failDecoding(file, m_firstError.isEmpty() ? QStringLiteral("not readable") : m_firstError);

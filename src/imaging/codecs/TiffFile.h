@@ -12,7 +12,7 @@ namespace tarsel {
 class TiffFile {
 public:
     /// For reading; nothing is copied. Error 0x8000FFFF when it is no TIFF file.
-    TiffFile(const QByteArray& bytes, const FileUnderTest& file);
+    TiffFile(QByteArray bytes, const FileUnderTest& file);
     /// For writing, in one of the two byte orders.
     explicit TiffFile(bool bigEndian);
     ~TiffFile();

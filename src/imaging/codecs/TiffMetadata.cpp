@@ -59,7 +59,7 @@ QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
 
 /// The IPTC data that a page holds by itself count before those among its image resources.
 QByteArray resourcesOf(const TiffDirectory& page) {
-    const QByteArray stored = valueOf(page, Tag::Resources);
+    QByteArray stored = valueOf(page, Tag::Resources);
     const QByteArray iptc = valueOf(page, Tag::Iptc);
     if (iptc.isEmpty())
         return stored;

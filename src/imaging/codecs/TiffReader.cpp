@@ -4,7 +4,10 @@
 #include "imaging/codecs/TiffMetadata.h"
 #include "imaging/codecs/TiffPixels.h"
 
+#include <QByteArrayView>
+#include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace tarsel {
 
@@ -14,11 +17,9 @@ namespace {
 constexpr std::int64_t PixelsPerByte = 20'000;
 
 bool sniffTiff(const QByteArray& bytes) {
-    for (const auto& [text, size] :
-         {std::pair("II*\0", 4), std::pair("MM\0*", 4), std::pair("II+\0", 4), std::pair("MM\0+", 4)})
-        if (bytes.startsWith(QByteArray::fromRawData(text, size)))
-            return true;
-    return false;
+    constexpr std::string_view Signatures[] = {{"II*\0", 4}, {"MM\0*", 4}, {"II+\0", 4}, {"MM\0+", 4}};
+    return std::ranges::any_of(Signatures,
+                               [&](QByteArrayView signature) { return bytes.startsWith(signature); });
 }
 
 FileUnderTest fileOf(const QByteArray& bytes, const QString& name) {

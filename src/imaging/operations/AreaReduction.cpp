@@ -28,7 +28,7 @@ void meansAcross(const std::uint16_t* sums, std::uint8_t* out, int width, int ch
             const std::uint16_t* sum = sums + std::ptrdiff_t(x) * acrossFactor * channels + c;
             unsigned total = area / 2;
             for (int k = 0; k < acrossFactor; ++k)
-                total += sum[k * channels];
+                total += sum[std::ptrdiff_t(k) * channels];
             out[x * channels + c] = std::uint8_t(total / area);
         }
 }

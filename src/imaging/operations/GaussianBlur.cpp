@@ -57,8 +57,8 @@ TARSEL_INLINED void blurAcross(const std::uint8_t* __restrict in, std::uint16_t*
         sums[i] =
             std::uint16_t(kernel.bias + upperHalf(std::uint16_t(in[i] << FractionBits), kernel.weight[0]));
     for (int k = 1; k <= kernel.radius; ++k) {
-        const std::uint8_t* left = in - k * channels;
-        const std::uint8_t* right = in + k * channels;
+        const std::uint8_t* left = in - std::ptrdiff_t(k) * channels;
+        const std::uint8_t* right = in + std::ptrdiff_t(k) * channels;
         const std::uint16_t weight = kernel.weight[std::size_t(k)];
         for (int i = 0; i < count; ++i)
             sums[i] = std::uint16_t(
@@ -128,9 +128,11 @@ private:
     void pad(const std::uint8_t* in) {
         const int channels = m_source.channels;
         std::memcpy(m_padded.data() + m_margin, in, std::size_t(m_size));
+        std::uint8_t* left = m_padded.data();
+        std::uint8_t* right = left + m_margin + m_size;
         for (int i = 0; i < m_margin; ++i) {
-            m_padded[std::size_t(i)] = in[i % channels];
-            m_padded[std::size_t(m_margin + m_size + i)] = in[m_size - channels + i % channels];
+            left[i] = in[i % channels];
+            right[i] = in[m_size - channels + i % channels];
         }
     }
 
@@ -147,11 +149,12 @@ private:
 void blurBytes(ConstPixelView source, PixelView target, const HalfKernel& kernel) {
     RowRing ring(source, kernel);
     std::array<const std::uint16_t*, 2 * LargestRadius + 1> rows{};
+    const std::uint16_t** middle = rows.data() + LargestRadius;
     for (int y = 0; y < source.height; ++y) {
         ring.blurUpTo(y + kernel.radius);
         for (int k = -kernel.radius; k <= kernel.radius; ++k)
-            rows[std::size_t(LargestRadius + k)] = ring.row(y + k);
-        blurColumns(rows.data() + LargestRadius, target.row(y), source.width * source.channels, kernel);
+            middle[k] = ring.row(y + k);
+        blurColumns(middle, target.row(y), source.width * source.channels, kernel);
     }
 }
 

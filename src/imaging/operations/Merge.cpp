@@ -37,7 +37,7 @@ TARSEL_VECTORISED void mixEvenly(std::uint8_t* __restrict out, const std::uint8_
     }
 }
 
-/// One row of the layer on a target with alpha: `share` is the alpha of what is laid over.
+/// One pixel on a target with alpha: `share` is the alpha of what is laid over.
 void layOverTransparent(std::uint8_t* out, const std::uint8_t* color, std::uint8_t share) {
     const int below = dividedBy255(std::uint16_t(out[3] * (Opaque - share)));
     const int alpha = share + below;
@@ -46,6 +46,12 @@ void layOverTransparent(std::uint8_t* out, const std::uint8_t* color, std::uint8
     for (int c = 0; c < 3; ++c)
         out[c] = std::uint8_t((color[c] * share + out[c] * below + alpha / 2) / alpha);
     out[3] = std::uint8_t(alpha);
+}
+
+void layOverTransparent(std::uint8_t* out, const std::uint8_t* colors, const std::uint8_t* shares,
+                        std::ptrdiff_t count) {
+    for (std::ptrdiff_t x = 0; x < count; ++x)
+        layOverTransparent(out + 4 * x, colors + 3 * x, shares[x]);
 }
 
 /// The layer's rows in the form in which they are laid down, prepared one at a time.
@@ -81,8 +87,7 @@ public:
         else if (m_targetChannels == 3)
             mixByShares(out, colors, m_shares.data() + std::ptrdiff_t(from) * 3, count * 3);
         else
-            for (int x = 0; x < count; ++x)
-                layOverTransparent(out + 4 * x, colors + 3 * x, m_shares[std::size_t(from + x)]);
+            layOverTransparent(out, colors, m_shares.data() + from, count);
     }
 
 private:

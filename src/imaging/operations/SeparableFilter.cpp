@@ -76,10 +76,11 @@ TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows
     for (int at = 0; at < size; at += BlockLength) {
         const int count = std::min(BlockLength, size - at);
         for (int k = 0; k < band.sourceHeight; ++k)
-            widen(source.row(band.sourceTop + k) + at, count, widened + k * BlockLength);
+            widen(source.row(band.sourceTop + k) + at, count, widened + std::ptrdiff_t(k) * BlockLength);
         for (int r = 0; r < band.height; ++r) {
-            const int first = rows.first[std::size_t(band.top + r)] - band.sourceTop;
-            sumRows(widened + first * BlockLength, rows.of(band.top + r), rows.taps, tile[r]);
+            const int row = band.top + r;
+            const std::ptrdiff_t first = rows.first[std::size_t(row)] - band.sourceTop;
+            sumRows(widened + first * BlockLength, rows.of(row), rows.taps, tile[r]);
         }
         turnTile(tile, count, columns + std::ptrdiff_t(at) * Lanes);
     }

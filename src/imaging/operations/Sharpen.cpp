@@ -35,7 +35,7 @@ TARSEL_VECTORISED void addDetail(const std::uint8_t* __restrict in, const std::u
     }
 }
 
-void repeatEnds(std::vector<std::uint16_t>& sums, int channels) {
+void repeatEnds(std::vector<std::uint16_t>& sums, std::ptrdiff_t channels) {
     std::copy_n(sums.begin() + channels, channels, sums.begin());
     std::copy_n(sums.end() - 2 * channels, channels, sums.end() - channels);
 }
