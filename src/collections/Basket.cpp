@@ -7,6 +7,8 @@
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
 
+#include <ranges>
+
 namespace tarsel {
 
 namespace {
@@ -217,8 +219,8 @@ void Basket::noteFailed(const QString& path) {
 void Basket::cmdPagesDelete() {
     ListView& pages = m_lists.lvPages;
     const std::vector<int> selected = pages.selectedRows();
-    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
-        pages.remove(*row);
+    for (const int row : std::views::reverse(selected))
+        pages.remove(row);
     showCount();
 }
 
@@ -246,10 +248,10 @@ void Basket::MoveRowsTo(int target) {
     int place = target >= focused ? target + 1 : target;
     int newFocus = focused;
     std::vector<ListRow> moved;
-    for (auto row = selected.rbegin(); row != selected.rend(); ++row) {
-        moved.push_back(pages.row(*row));
-        pages.remove(*row);
-        place -= *row < place ? 1 : 0;
+    for (const int row : std::views::reverse(selected)) {
+        moved.push_back(pages.row(row));
+        pages.remove(row);
+        place -= row < place ? 1 : 0;
     }
     for (size_t i = 0; i < moved.size(); ++i) {
         const int sourceRow = selected[i];

@@ -24,7 +24,7 @@ constexpr int Description = 5;
 /// file itself, or the page's own file in the folder Temp.
 class Basket {
 public:
-    Basket(CollectionLists lists, CollectionSettings settings, ThumbnailMaker thumbnails = {});
+    Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker thumbnails = {});
 
     CollectionSettings settings;
 

@@ -5,6 +5,7 @@
 #include "base/clsFile.h"
 #include "collections/clsFileInfo.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSet>
 

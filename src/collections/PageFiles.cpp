@@ -48,7 +48,7 @@ QString newPageFile(const QString& programFolder, Road road, const QString& file
     int number = 0;
     for (int draw = 0;; ++draw) {
         number = draw < Draws ? int(desktop().randomNumber() * 9999) : number + 1;
-        const QString path = start + QString::number(number) + QStringLiteral(".tif");
+        QString path = start + QString::number(number) + QStringLiteral(".tif");
         if (!isTaken(path))
             return path;
     }

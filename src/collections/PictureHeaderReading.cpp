@@ -9,7 +9,7 @@ namespace tarsel {
 namespace {
 
 /// Behind thumbnails and profiles most headers end before this many bytes; some files keep theirs at the end.
-constexpr qint64 UsualReach = 256 * 1024;
+constexpr qint64 UsualReach = qint64(256) * 1024;
 
 std::optional<PictureHeader> headerOf(const QByteArray& bytes, const QString& path) {
     std::optional<PictureHeader> header;

@@ -27,9 +27,9 @@ QString typeName(const QString& extension) {
         return *found;
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QStringLiteral("name.") + extension.toLower(),
                                                            QMimeDatabase::MatchExtension);
-    const QString name = type.isDefault() || type.comment().isEmpty()
-                             ? extension.toUpper() + QStringLiteral(" File")
-                             : type.comment();
+    QString name = type.isDefault() || type.comment().isEmpty()
+                       ? extension.toUpper() + QStringLiteral(" File")
+                       : type.comment();
     known.insert(extension, name);
     return name;
 }
@@ -107,7 +107,7 @@ QString clsFileInfo::sizeText(qint32 size, bool longText) {
     };
     if (size == -1)
         return QStringLiteral("0.0KB (0 bytes)");
-    const QString bytes = formatNumber(size, QStringLiteral("#,##0")) + QStringLiteral(" bytes");
+    QString bytes = formatNumber(size, QStringLiteral("#,##0")) + QStringLiteral(" bytes");
     if (size < 1024)
         return bytes;
     const Step* step = steps;

@@ -6,6 +6,7 @@
 
 #include <QtEndian>
 #include <limits>
+#include <utility>
 
 namespace tarsel {
 
@@ -43,7 +44,7 @@ QByteArray fieldBytes(const ConfigField& field, const ConfigValue& value) {
 /// Takes fields from the front of the bytes. Once a field wasn't whole there are no bytes any more.
 class FieldReader {
 public:
-    explicit FieldReader(const QByteArray& bytes) : m_bytes(bytes) {}
+    explicit FieldReader(QByteArray bytes) : m_bytes(std::move(bytes)) {}
 
     ConfigValue value(FieldType type) {
         switch (type) {
@@ -72,7 +73,7 @@ private:
 
     QByteArray take(qsizetype size) {
         const bool whole = size <= m_bytes.size() - m_at;
-        const QByteArray taken = whole ? m_bytes.mid(m_at, size) : QByteArray();
+        QByteArray taken = whole ? m_bytes.mid(m_at, size) : QByteArray();
         m_at = whole ? m_at + size : m_bytes.size();
         return taken;
     }

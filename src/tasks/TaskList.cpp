@@ -3,6 +3,8 @@
 #include "base/Conversions.h"
 #include "base/TrappedError.h"
 
+#include <algorithm>
+
 namespace tarsel {
 
 namespace {
@@ -33,12 +35,8 @@ ListRow shownRow(int kind, const QString& iconKey) {
 
 /// Each kind that can be a row has an icon of its key; "generic" stands for any other.
 bool hasIcon(const QString& key) {
-    if (key == QLatin1String("generic"))
-        return true;
-    for (const TaskKind& kind : taskKinds())
-        if (!key.isEmpty() && key == QLatin1String(kind.rowKey))
-            return true;
-    return false;
+    const auto isOfKey = [&](const TaskKind& kind) { return key == QLatin1String(kind.rowKey); };
+    return key == QLatin1String("generic") || (!key.isEmpty() && std::ranges::any_of(taskKinds(), isOfKey));
 }
 
 } // namespace
