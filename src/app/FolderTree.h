@@ -15,6 +15,8 @@ class FolderTree final : public QTreeView {
 public:
     explicit FolderTree(QWidget* parent = nullptr);
     ~FolderTree() override;
+    FolderTree(const FolderTree&) = delete;
+    FolderTree& operator=(const FolderTree&) = delete;
 
     /// Selects a folder, or the nearest one above it that exists. Tells folderSelected as a click does.
     void selectFolder(const QString& path);

@@ -9,7 +9,7 @@
 namespace tarsel {
 
 QString makeProgramFolder() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     if (!QDir().mkpath(folder))
         fail(ErrorNumber::PathNotFound, folder);
     return folder;

@@ -36,6 +36,8 @@ public:
 
     explicit frmMain(Surroundings surroundings);
     ~frmMain() override;
+    frmMain(const frmMain&) = delete;
+    frmMain& operator=(const frmMain&) = delete;
 
     /// False when another instance runs: the user was told, nothing was touched, and the program is to end.
     bool Form_Load();

@@ -13,6 +13,8 @@ class ApplicationScope {
 public:
     explicit ApplicationScope(bool withFonts);
     ~ApplicationScope();
+    ApplicationScope(const ApplicationScope&) = delete;
+    ApplicationScope& operator=(const ApplicationScope&) = delete;
 
 private:
     void provideRuntimeFolder();

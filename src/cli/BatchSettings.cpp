@@ -37,7 +37,7 @@ void refuseUnused(const Arguments& arguments, int option) {
 
 /// Part of a file name as typed.
 QString namePart(const Arguments& arguments, const char* option, const QString& fallback) {
-    const QString text = arguments.value(option, fallback);
+    QString text = arguments.value(option, fallback);
     if (text.contains(QLatin1Char('/')))
         throw UsageError{QStringLiteral("--%1 can't hold a \"/\": %2").arg(QLatin1String(option), text)};
     return text;
@@ -81,7 +81,7 @@ void setDestination(BatchSave& settings, const Arguments& arguments) {
 QString sideFile(const Arguments& arguments, const char* option) {
     if (!arguments.has(option))
         return {};
-    const QString path = absolutePath(arguments.value(option));
+    QString path = absolutePath(arguments.value(option));
     if (!clsFileInfo::CheckIfFileExists(path))
         fail(ErrorNumber::FileNotFound, path);
     return path;

@@ -51,6 +51,9 @@ class TerminalProgress final : public Progress {
 public:
     explicit TerminalProgress(Terminal& terminal, SecondsClock clock = {});
     ~TerminalProgress() override { TerminalProgress::hide(); }
+    TerminalProgress(const TerminalProgress&) = delete;
+    TerminalProgress& operator=(const TerminalProgress&) = delete;
+
     void start(int maximum, int value = 0) override;
     void setValue(int value) override;
     void hide() override;
