@@ -64,7 +64,7 @@ void RowReport::summarise() {
                        .arg(m_skipped)
                        .arg(m_failed);
     if (m_incomplete > 0)
-        text += QStringLiteral(", %1 of the written without all tasks").arg(m_incomplete);
+        text += QStringLiteral(", %1 of the written with a remark").arg(m_incomplete);
     if (m_dry > 0)
         text += QStringLiteral(", %1 would be written").arg(m_dry);
     m_terminal.message(text);

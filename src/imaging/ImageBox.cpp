@@ -99,6 +99,7 @@ void ImageBox::requireImage() const {
 void ImageBox::Clear() {
     m_picture = {};
     m_metadata = {};
+    m_loadDamage.clear();
     ClearSelection();
 }
 
@@ -118,6 +119,7 @@ void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
 void ImageBox::setPictureHandle(const PictureHandle& handle) {
     m_picture = handle;
     m_metadata = {};
+    m_loadDamage.clear();
     ClearSelection();
 }
 

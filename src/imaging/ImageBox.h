@@ -53,6 +53,8 @@ public:
     /// file that its decoder can't make sense of, 53 for a missing one) is raised.
     void LoadFromFile(const QString& path);
     bool LoadFailed() const { return m_loadFailed; }
+    /// What is wrong with the file whose picture was loaded in part; empty for a whole one.
+    QString LoadDamage() const { return m_loadDamage; }
     /// Encodes by the path's extension with the save settings and the metadata held, through the safe writer.
     void SaveToFile(const QString& path);
     /// Format 7 is the shared picture itself: costs nothing until a pixel changes.
@@ -167,6 +169,7 @@ private:
     Picture m_picture;
     MetadataStore m_metadata;
     bool m_loadFailed = false;
+    QString m_loadDamage;
     SelectionShape m_selectionShape = SelectionShape::None;
     Edges m_selection;
 };

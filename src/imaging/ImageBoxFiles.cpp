@@ -67,6 +67,7 @@ void ImageBox::LoadFromFile(const QString& path) {
     DecodedPicture decoded = decodeByContent(readWholeFile(path), path, PageNumber);
     m_picture = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));
+    m_loadDamage = std::move(decoded.damage);
     m_loadFailed = false;
 }
 

@@ -36,7 +36,7 @@ public:
     const RowResult& result() const { return m_result; }
 
 private:
-    void noteSourceSize();
+    void noteSource();
     void runTasks();
     void nameTarget();
     bool isKept() const;
@@ -44,6 +44,7 @@ private:
     void setSaveOptions();
     void save();
     void skip(const QString& reason);
+    void remark(const QString& reason); ///< adds to what is said of a row that goes on
     QString folderOfSource() const;
 
     const Batch& m_batch;
@@ -73,7 +74,7 @@ void RowWork::perform() {
     try {
         if (!loadSource(m_box, m_row.tag))
             return skip(SkipReason::NoPicture);
-        noteSourceSize();
+        noteSource();
         runTasks();
         nameTarget();
         if (isKept())
@@ -92,7 +93,9 @@ void RowWork::perform() {
     }
 }
 
-void RowWork::noteSourceSize() {
+void RowWork::noteSource() {
+    if (!m_box.LoadDamage().isEmpty())
+        remark(QStringLiteral("the source is damaged: ") + m_box.LoadDamage());
     m_box.Tag = QStringLiteral("%1x%2").arg(m_box.Width()).arg(m_box.Height());
 }
 
@@ -103,7 +106,7 @@ void RowWork::runTasks() {
     const bool complete =
         modProcessTasks::subProcessPages(m_batch.lvPages, m_batch.lvEditBatch, m_box, nullptr, true);
     if (!complete)
-        m_result.reason = QStringLiteral("the task list ended early: ") + lastErrorReport().ErrSystem;
+        remark(QStringLiteral("the task list ended early: ") + lastErrorReport().ErrSystem);
 }
 
 QString RowWork::folderOfSource() const {
@@ -147,6 +150,10 @@ void RowWork::save() {
 void RowWork::skip(const QString& reason) {
     m_result.state = RowState::Skipped;
     m_result.reason = reason;
+}
+
+void RowWork::remark(const QString& reason) {
+    m_result.reason += m_result.reason.isEmpty() ? reason : QStringLiteral("; ") + reason;
 }
 
 /// The loop over the rows, and the results of all of them.

@@ -51,6 +51,7 @@ TEST(CodecCorpus, everyValidPictureOpensWithItsSizeAndPages) {
         const PixelSize expected = expectedSize(picture);
         EXPECT_EQ(outcome.decoded->picture.width(), expected.width);
         EXPECT_EQ(outcome.decoded->picture.height(), expected.height);
+        EXPECT_EQ(outcome.decoded->damage.toStdString(), "");
         const bool hasPages = picture.fact("format") == QLatin1String("tiff");
         EXPECT_EQ(ImageBox::PageCount(picture.path), hasPages ? picture.number("pages") : 1);
         ++opened;

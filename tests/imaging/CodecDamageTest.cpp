@@ -90,6 +90,20 @@ TEST(DamagedFiles, aJpegCutInTheMiddleGivesItsUpperPart) {
     EXPECT_FALSE(rowsAgree(159));
 }
 
+TEST(DamagedFiles, aPictureThatIsReadInPartSaysSo) {
+    for (const char* format : {"jpg", "png"}) {
+        SCOPED_TRACE(format);
+        const QString name = QStringLiteral("cut.") + QLatin1String(format);
+        const QByteArray bytes =
+            codecForExtension(QLatin1String(format))->encode(test::photograph(160, 160), {}, {});
+        const auto whole = test::readBytes(bytes, name);
+        const auto cut = test::readBytes(bytes.left(bytes.size() * 3 / 4), name);
+        ASSERT_TRUE(whole.decoded && cut.decoded) << cut.message.toStdString();
+        EXPECT_EQ(whole.decoded->damage.toStdString(), "");
+        EXPECT_NE(cut.decoded->damage.toStdString(), "");
+    }
+}
+
 TEST(DamagedFiles, claimsOfGigabytesInAFewBytesAreRefusedWithoutTheirMemory) {
     QByteArray png = codecForExtension(QStringLiteral("png"))->encode(test::photograph(4, 4), {}, {});
     png.replace(16, 8, QByteArray::fromHex("00004e2000004e20")); // 20000 x 20000

@@ -182,6 +182,16 @@ TEST(BatchFailure, AFullDiskGivesItsErrorAndLeavesTheSourceAsItWas) {
     EXPECT_EQ(basket.files(), "a.jpg b.jpg");
 }
 
+TEST(BatchFailure, ASourceThatIsCutShortIsSavedWithAWarning) {
+    TestBasket basket;
+    const QString source = basket.addPicture(text("a.jpg"), 160, 160);
+    const QByteArray bytes = readWholeFile(source);
+    writeFileSafely(source, bytes.left(bytes.size() * 3 / 4));
+    EXPECT_TRUE(basket.run());
+    EXPECT_EQ(basket.states(), "written");
+    EXPECT_TRUE(basket.reasons().first().contains(text("damaged"))) << basket.reasons().first().toStdString();
+}
+
 TEST(BatchFailure, AFailingTaskIsToldAndThePictureIsSavedAsFarAsItCame) {
     TestBasket basket;
     basket.addTask(text("3"), text("resize"), {"False", "50"});

@@ -15,6 +15,8 @@ namespace tarsel {
 struct DecodedPicture {
     Picture picture;
     EmbeddedMetadata metadata;
+    QString damage =
+        {}; ///< what is wrong with the file whose picture could be read in part; empty for a whole one
 };
 
 /// What a file says of itself in front of its pixels.

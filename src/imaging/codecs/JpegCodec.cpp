@@ -81,6 +81,10 @@ public:
         return picture;
     }
 
+    QString damage() const {
+        return m_errors.endedEarly() ? QStringLiteral("its data end early") : QString();
+    }
+
 private:
     void guard(void (*step)(JpegReader&)) {
         if (!m_errors.guarded(step, *this))
@@ -171,7 +175,7 @@ DecodedPicture decodeJpeg(const QByteArray& bytes, const QString& name, int) {
     reader.readHeader(Purpose::Picture);
     EmbeddedMetadata metadata = reader.metadata();
     Picture picture = reader.decode(metadata.iccProfile);
-    return {std::move(picture), withRgbProfileOnly(std::move(metadata))};
+    return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
 }
 
 ReducedPicture decodeReducedJpeg(const QByteArray& bytes, const QString& name, PixelSize wanted) {

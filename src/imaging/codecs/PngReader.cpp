@@ -46,8 +46,11 @@ public:
                         png_get_channels(m_png, m_info));
         m_target = picture.edit();
         std::memset(m_target.data, 255, std::size_t(m_target.stride) * std::size_t(m_target.height));
-        if (!m_errors.guarded(readRows, *this) && !m_hasRows)
-            failDecoding(m_file, m_errors.message());
+        if (!m_errors.guarded(readRows, *this)) {
+            m_damage = m_errors.message();
+            if (!m_hasRows)
+                failDecoding(m_file, m_damage);
+        }
         // Metadata behind the pixels; a file cut short has none.
         m_errors.guarded(readEnd, *this);
         return picture;
@@ -63,6 +66,8 @@ public:
         blocks.xmp = textOf(XmpKeyword);
         return blocks;
     }
+
+    QString damage() const { return m_damage; }
 
 private:
     void guard(void (*step)(PngReader&)) {
@@ -137,6 +142,7 @@ private:
     png_infop m_info;
     PixelView m_target;
     int m_passes = 1;
+    QString m_damage;
     bool m_hasRows = false;
 };
 
@@ -164,7 +170,7 @@ DecodedPicture decodePng(const QByteArray& bytes, const QString& name, int) {
     PngReader reader(bytes, name);
     reader.readHeader();
     Picture picture = reader.decode();
-    return {std::move(picture), withRgbProfileOnly(reader.metadata())};
+    return {std::move(picture), withRgbProfileOnly(reader.metadata()), reader.damage()};
 }
 
 } // namespace

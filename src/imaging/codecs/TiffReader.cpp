@@ -72,7 +72,7 @@ DecodedPicture decodeTiff(const QByteArray& bytes, const QString& name, int page
     const TiffLayout layout = checkedLayout(tiff, file);
     EmbeddedMetadata metadata = tiffPageMetadata(bytes, TIFFCurrentDirOffset(tiff));
     Picture picture = decodePixels(tiff, layout, file, metadata.iccProfile);
-    return {std::move(picture), withRgbProfileOnly(std::move(metadata))};
+    return {std::move(picture), withRgbProfileOnly(std::move(metadata)), tiff.firstError()};
 }
 
 EmbeddedMetadata tiffMetadata(const QByteArray& bytes, const QString& name) {
