@@ -48,9 +48,13 @@ FolderTree::FolderTree(QWidget* parent) :
     for (int column = 1; column < m_model->columnCount(); ++column)
         hideColumn(column);
     header()->hide();
+    // Deep folders keep their names: the tree scrolls sideways instead.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    setTextElideMode(Qt::ElideNone);
+    setIndentation(16);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
-    setTextElideMode(Qt::ElideMiddle);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& current) {
         if (current.isValid())
             Q_EMIT folderSelected(m_model->filePath(current));
