@@ -8,6 +8,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListView>
+#include <QMetaMethod>
 #include <QScopedValueRollback>
 #include <QTreeView>
 #include <algorithm>
@@ -236,7 +237,9 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool ListControl::keyPressed(int key) {
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+    // Where nobody waits for Enter it is left to the dialog's default button.
+    const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&ListControl::enterPressed));
+    if (!wanted || (key != Qt::Key_Return && key != Qt::Key_Enter))
         return false;
     Q_EMIT enterPressed();
     return true;

@@ -1,11 +1,13 @@
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/ListControl.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
 #include "output/forms/frmSaveSinglePage.h"
 #include "tests/gui/DialogScript.h"
 #include "tests/support/TestDesktop.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -298,6 +300,14 @@ TEST_F(SaveDialog, BrowseButtonsTakeAnAnswerAndKeepTheTextOnCancel) {
     EXPECT_EQ(control<QLineEdit>("txtImportEXIF").text().toStdString(), "/x.xiff");
     EXPECT_EQ(desktop.fileDialogs[0].title.toStdString(), "Open EXIF .xiff file");
     EXPECT_EQ(desktop.fileDialogs[0].filter.toStdString(), "EXIF file (*.xiff)|*.xiff");
+}
+
+TEST_F(SaveDialog, EnterSavesAlsoFromTheListOfNames) {
+    open();
+    EXPECT_EQ(dialog->focusWidget(), &control<QSlider>("sldJPGQuality"));
+    QTest::keyClick(child<ListControl>(*dialog, "lvNames").view(), Qt::Key_Return);
+    EXPECT_EQ(settings.Confirmed, -1);
+    EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {

@@ -59,6 +59,7 @@ void frmSaveSinglePage::arrange() {
     rows->addLayout(columns, 1);
     rows->addLayout(makeButtons());
     resize(1040, sizeHint().height());
+    sldJPGQuality->setFocus();
 }
 
 QButtonGroup* frmSaveSinglePage::makeOptions(const char* name, const QStringList& texts) {
