@@ -18,8 +18,8 @@ struct RowResult {
     QString source;
     QString target; ///< empty while no name was built
     RowState state = RowState::Failed;
-    /// Why a row was skipped or failed. Of a written row: empty, or that its source could be read in part only,
-    /// or that its task list ended early and the picture was written as far as it came.
+    /// Why a row was skipped or failed. Of a written row: empty, or that its source could be read in part
+    /// only, or that its task list ended early and the picture was written as far as it came.
     QString reason;
 };
 QString rowStateText(RowState state); ///< "written", "skipped", "failed"
