@@ -17,8 +17,8 @@ QString makeProgramFolder() {
 
 /// Beside the program, in a build folder as in an installed tree.
 QString samplesFolder() {
-    const QString folder = QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                           QStringLiteral("/../share/tarsel-jpeg/samples"));
+    const QString folder =
+        QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" TARSEL_SAMPLES));
     return QDir(folder).exists() ? folder : QString();
 }
 
