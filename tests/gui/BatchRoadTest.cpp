@@ -48,44 +48,41 @@ protected:
         QTest::keyClicks(box, prefix);
         child<QLineEdit>(dialog, "txtDestinationFolder").setText(destination);
     }
+
+    /// Starts with that many pictures in the basket, and answers the dialog of the next batch: hybrid names
+    /// with this prefix, to the folder out().
+    void startWithBasket(int count, const char* prefix) {
+        makePictures(count);
+        QDir().mkpath(out());
+        start();
+        listFolder(pictures());
+        addAll();
+        script.on("frmSaveSinglePage", [this, prefix](QWidget& dialog) {
+            fillDialog(dialog, QString::fromLatin1(prefix), out());
+            click(dialog, "cmdStarConversion");
+        });
+    }
+    QString out() const { return path("out"); }
 };
 
 } // namespace
 
 TEST_F(BatchRoad, PicturesOfAFolderBecomeFilesWithTheTypedPrefix) {
-    makePictures(4);
-    const QString out = path("out");
-    QDir().mkpath(out);
-    start();
-    listFolder(pictures());
-    addAll();
+    startWithBasket(4, "Trip");
     ASSERT_EQ(window().workspace().lvPages.count(), 4);
-    script.on("frmSaveSinglePage", [&](QWidget& dialog) {
-        fillDialog(dialog, QStringLiteral("Trip"), out);
-        click(dialog, "cmdStarConversion");
-    });
     chooseBatchMode();
     EXPECT_TRUE(script.isDone());
-    EXPECT_EQ(filesIn(out),
+    EXPECT_EQ(filesIn(out()),
               QStringList({QStringLiteral("Trip_photo01_.jpg"), QStringLiteral("Trip_photo02_.jpg"),
                            QStringLiteral("Trip_photo03_.jpg"), QStringLiteral("Trip_photo04_.jpg")}));
-    expectWholePictures(out);
+    expectWholePictures(out());
     EXPECT_EQ(window().workspace().sbMain.panel(QStringLiteral("status")).toStdString(),
               "4 written, 0 skipped, 0 failed");
     EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0);
 }
 
 TEST_F(BatchRoad, CancelInTheMiddleKeepsTheFilesMadeSoFarWhole) {
-    makePictures(12);
-    const QString out = path("out");
-    QDir().mkpath(out);
-    start();
-    listFolder(pictures());
-    addAll();
-    script.on("frmSaveSinglePage", [&](QWidget& dialog) {
-        fillDialog(dialog, QStringLiteral("Trip"), out);
-        click(dialog, "cmdStarConversion");
-    });
+    startWithBasket(12, "Trip");
     QString waiting;
     QString cancelling;
     QTimer watch;
@@ -102,22 +99,21 @@ TEST_F(BatchRoad, CancelInTheMiddleKeepsTheFilesMadeSoFarWhole) {
     chooseBatchMode();
     EXPECT_EQ(waiting.toStdString(), "Please wait..... your request is being processed");
     EXPECT_EQ(cancelling.toStdString(), "Please wait...... cancelling operaration");
-    EXPECT_GE(filesIn(out).size(), 3);
-    EXPECT_LT(filesIn(out).size(), 12);
-    expectWholePictures(out);
+    EXPECT_GE(filesIn(out()).size(), 3);
+    EXPECT_LT(filesIn(out()).size(), 12);
+    expectWholePictures(out());
     EXPECT_FALSE(CancelRequested) << "the next run must not be cancelled too";
 }
 
 TEST_F(BatchRoad, TheResultListTellsWhyAFileWasSkipped) {
     makePictures(2);
-    const QString out = path("out");
-    QDir().mkpath(out);
-    makePicture(out + QStringLiteral("/T_photo02_.jpg"), {10, 10});
+    QDir().mkpath(out());
+    makePicture(out() + QStringLiteral("/T_photo02_.jpg"), {10, 10});
     start();
     listFolder(pictures());
     addAll();
     script.on("frmSaveSinglePage", [&](QWidget& dialog) {
-        fillDialog(dialog, QStringLiteral("T"), out);
+        fillDialog(dialog, QStringLiteral("T"), out());
         child<QCheckBox>(dialog, "chkOverwrite").setChecked(false);
         click(dialog, "cmdStarConversion");
     });
@@ -125,7 +121,7 @@ TEST_F(BatchRoad, TheResultListTellsWhyAFileWasSkipped) {
     auto* results = window().findChild<QWidget*>(QStringLiteral("frmBatchResults"));
     ASSERT_TRUE(results && results->isVisible());
     EXPECT_EQ(child<QLabel>(*results, "lblSummary").text().toStdString(), "1 written, 1 skipped, 0 failed");
-    EXPECT_EQ(QImageReader(out + QStringLiteral("/T_photo02_.jpg")).size(), QSize(10, 10));
+    EXPECT_EQ(QImageReader(out() + QStringLiteral("/T_photo02_.jpg")).size(), QSize(10, 10));
 }
 
 TEST_F(BatchRoad, ExitOfTheDialogWritesNothing) {
@@ -150,19 +146,10 @@ TEST_F(BatchRoad, AnEmptyBasketOpensNoDialog) {
 }
 
 TEST_F(BatchRoad, ClosingTheWindowInTheMiddleOfARunEndsItAfterTheFile) {
-    makePictures(8);
-    const QString out = path("out");
-    QDir().mkpath(out);
-    start();
-    listFolder(pictures());
-    addAll();
-    script.on("frmSaveSinglePage", [&](QWidget& dialog) {
-        fillDialog(dialog, QStringLiteral("T"), out);
-        click(dialog, "cmdStarConversion");
-    });
+    startWithBasket(8, "T");
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        if (filesIn(out).size() < 2)
+        if (filesIn(out()).size() < 2)
             return;
         watch.stop();
         window().close();
@@ -170,8 +157,8 @@ TEST_F(BatchRoad, ClosingTheWindowInTheMiddleOfARunEndsItAfterTheFile) {
     watch.start(0);
     chooseBatchMode();
     EXPECT_FALSE(window().isVisible());
-    EXPECT_LT(filesIn(out).size(), 8);
-    expectWholePictures(out);
+    EXPECT_LT(filesIn(out()).size(), 8);
+    expectWholePictures(out());
 }
 
 } // namespace tarsel::test
