@@ -1,5 +1,6 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/IptcFields.h"
 #include "imaging/ImageBox.h"
-#include "imaging/IptcFields.h"
 
 #include <benchmark/benchmark.h>
 

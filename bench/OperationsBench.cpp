@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long the pixel operations take on a picture of 12 megapixels. Times mean something only beside the
 // first case, a memcpy of such a picture in the same run: with --benchmark_counters_tabular=true the column
 // "memcpys" shows each time in that unit.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // tarsel-samples FOLDER: makes the sample pictures that come with the program. Every run makes the same ones.
 
 #include "base/TrappedError.h"

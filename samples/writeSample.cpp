@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/writeSample.h"
 
 #include "base/TrappedError.h"
+#include "embedded/IptcFields.h"
 #include "imaging/ImageBox.h"
-#include "imaging/IptcFields.h"
 
 #include <cstring>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/scenes/Alps.h"
 
 #include "samples/Noise.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "samples/Film.h"
 #include "samples/Ground.h"
 #include "samples/Noise.h"

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/QtDesktop.h"
 
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
 #include "base/ErrorTrap.h"
-#include "imaging/Color.h"
+#include "pixels/Color.h"
 
 #include <QApplication>
 #include <QColorDialog>

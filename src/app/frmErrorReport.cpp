@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmErrorReport.h"
 
 #include "base/ErrorReport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
 #include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
@@ -5,8 +6,8 @@
 #include "cli/RowReport.h"
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
+#include "codecs/Codec.h"
 #include "collections/clsFileInfo.h"
-#include "imaging/codecs/Codec.h"
 #include "output/LoadSource.h"
 #include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"

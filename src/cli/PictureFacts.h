@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include "base/ListView.h"
-#include "imaging/codecs/Codec.h"
+#include "codecs/Codec.h"
 
 #include <QString>
 #include <optional>

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imaging/codecs/Codec.h"
+#include "codecs/Codec.h"
 
 #include <QString>
 #include <optional>

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imaging/codecs/DecoderProtocol.h"
+#include "codecs/DecoderProtocol.h"
 
 #include <cstdint>
 #include <span>

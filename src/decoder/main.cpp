@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decodes the files that come through the socket, one after the other, until the other end is gone. A file
 // that crashes it, or makes it ask for too much memory or time, costs this process alone.
 

@@ -1,19 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/ImageBox.h"
 
 #include "base/TrappedError.h"
-#include "imaging/operations/Brightness.h"
-#include "imaging/operations/Contrast.h"
-#include "imaging/operations/Crop.h"
-#include "imaging/operations/EllipseMask.h"
-#include "imaging/operations/Flip.h"
-#include "imaging/operations/GaussianBlur.h"
-#include "imaging/operations/Merge.h"
-#include "imaging/operations/Negative.h"
-#include "imaging/operations/ResizeNearest.h"
-#include "imaging/operations/ResizeSmooth.h"
-#include "imaging/operations/Rotate.h"
-#include "imaging/operations/Sharpen.h"
-#include "imaging/operations/TextDrawing.h"
+#include "pixels/operations/Brightness.h"
+#include "pixels/operations/Contrast.h"
+#include "pixels/operations/Crop.h"
+#include "pixels/operations/EllipseMask.h"
+#include "pixels/operations/Flip.h"
+#include "pixels/operations/GaussianBlur.h"
+#include "pixels/operations/Merge.h"
+#include "pixels/operations/Negative.h"
+#include "pixels/operations/ResizeNearest.h"
+#include "pixels/operations/ResizeSmooth.h"
+#include "pixels/operations/Rotate.h"
+#include "pixels/operations/Sharpen.h"
+#include "pixels/operations/TextDrawing.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imaging/Color.h"
-#include "imaging/MetadataStore.h"
-#include "imaging/Picture.h"
-#include "imaging/SaveSettings.h"
+#include "codecs/SaveSettings.h"
+#include "embedded/MetadataStore.h"
+#include "pixels/Color.h"
+#include "pixels/Picture.h"
 
 #include <QDateTime>
 #include <QString>

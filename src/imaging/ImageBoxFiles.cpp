@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/ImageBox.h"
 
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
-#include "imaging/codecs/Codec.h"
+#include "codecs/Codec.h"
 
 #include <QDateTime>
 #include <QFileInfo>

@@ -1,11 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/fncLoadPicture.h"
 
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
-#include "imaging/codecs/Codec.h"
-#include "imaging/codecs/Flatten.h"
-#include "imaging/operations/Fill.h"
-#include "imaging/operations/ResizeSmooth.h"
+#include "codecs/Codec.h"
+#include "codecs/Flatten.h"
+#include "pixels/operations/Fill.h"
+#include "pixels/operations/ResizeSmooth.h"
 
 #include <QFileInfo>
 #include <QStringList>

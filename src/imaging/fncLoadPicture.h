@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imaging/Color.h"
-#include "imaging/Picture.h"
+#include "pixels/Color.h"
+#include "pixels/Picture.h"
 
 #include <QString>
 #include <optional>

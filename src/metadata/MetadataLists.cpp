@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
 #include "base/ErrorTrap.h"
-#include "imaging/IptcFields.h"
+#include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
 namespace tarsel::modMetadata {

@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/modMetadata.h"
 
-#include "imaging/ExifTagTable.h"
-#include "imaging/IptcFields.h"
+#include "embedded/ExifTagTable.h"
+#include "embedded/IptcFields.h"
 
 #include <algorithm>
 

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/NamePlan.h"
 
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
+#include "codecs/Codec.h"
 #include "collections/clsFileInfo.h"
-#include "imaging/codecs/Codec.h"
 #include "output/LoadSource.h"
 #include "output/Naming.h"
 #include "output/OutputName.h"

@@ -1,11 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/Naming.h"
 
 #include "base/Conversions.h"
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "codecs/Codec.h"
 #include "collections/clsFileInfo.h"
-#include "imaging/IptcFields.h"
-#include "imaging/codecs/Codec.h"
+#include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
 #include <algorithm>

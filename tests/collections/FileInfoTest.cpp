@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
 #include "collections/clsFileInfo.h"
 #include "tests/collections/MadePictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "configuration/ConfigFile.h"
 
 #include "base/SafeFileWriter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include <cstdint>
 
 // GCC reports each branch by a call that libFuzzer's runtime refuses; the one here takes its place, and lets

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
 #include "collections/BasketFile.h"
 #include "tasks/TaskFile.h"

@@ -1,5 +1,6 @@
-#include "imaging/IptcFields.h"
-#include "imaging/MetadataStore.h"
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/IptcFields.h"
+#include "embedded/MetadataStore.h"
 
 #include <cstdint>
 #include <cstdlib>

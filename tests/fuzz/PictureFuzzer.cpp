@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The readers of picture files that run inside the program: JPEG, PNG, TIFF, BMP, PCX, and the headers and
 // metadata of the formats that another process decodes.
 
 #include "base/ErrorTrap.h"
-#include "imaging/codecs/Codec.h"
+#include "codecs/Codec.h"
 
 #include <cstddef>
 #include <cstdint>

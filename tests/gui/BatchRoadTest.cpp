@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FolderTree.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ProgressBar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DialogFilters.h"
 #include "app/QtDesktop.h"
 #include "base/SafeFileWriter.h"

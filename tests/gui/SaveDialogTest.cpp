@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The box as its callers use it: settings, checks, snapshots, display.
 
 #include "imaging/ImageBox.h"
 
 #include "base/TrappedError.h"
-#include "tests/imaging/TestPictures.h"
+#include "tests/support/TestPictures.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "imaging/ImageBox.h"
 #include "imaging/fncLoadPicture.h"
-#include "tests/imaging/CodecTestFiles.h"
-#include "tests/imaging/TestPictures.h"
+#include "tests/support/CodecTestFiles.h"
+#include "tests/support/TestPictures.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

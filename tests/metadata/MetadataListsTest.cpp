@@ -1,9 +1,10 @@
-#include "imaging/IptcFields.h"
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
-#include "tests/metadata/PictureBlocks.h"
-#include "tests/metadata/TiffStructure.h"
 #include "tests/support/Corpus.h"
+#include "tests/support/PictureBlocks.h"
 #include "tests/support/TestDesktop.h"
+#include "tests/support/TiffStructure.h"
 
 #include <gtest/gtest.h>
 

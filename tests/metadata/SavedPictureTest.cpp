@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/IptcFields.h"
 #include "imaging/ImageBox.h"
-#include "imaging/IptcFields.h"
-#include "tests/metadata/PictureBlocks.h"
 #include "tests/support/Corpus.h"
+#include "tests/support/PictureBlocks.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
-#include "imaging/IptcFields.h"
+#include "embedded/IptcFields.h"
 #include "metadata/clsFileEXIF.h"
 #include "metadata/modMetadata.h"
 #include "tests/support/TestDesktop.h"

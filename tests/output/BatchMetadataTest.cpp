@@ -1,5 +1,6 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
-#include "imaging/IptcFields.h"
+#include "embedded/IptcFields.h"
 #include "tests/output/TestBasket.h"
 #include "tests/support/Corpus.h"
 

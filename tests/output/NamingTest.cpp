@@ -1,5 +1,6 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/Naming.h"
-#include "imaging/IptcFields.h"
+#include "embedded/IptcFields.h"
 #include "tests/output/TestBasket.h"
 
 #include <QFile>

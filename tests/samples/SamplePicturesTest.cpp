@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
+#include "embedded/IptcFields.h"
 #include "imaging/ImageBox.h"
-#include "imaging/IptcFields.h"
 #include "tasks/TaskFile.h"
 #include "tasks/TaskList.h"
 #include "tests/support/TestDesktop.h"

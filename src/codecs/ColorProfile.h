@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "embedded/EmbeddedMetadata.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace tarsel {
+
+/// Whether an ICC profile describes red, green and blue, so that it may stay with a decoded picture.
+bool isRgbProfile(const QByteArray& iccProfile);
+
+/// The blocks without a profile that is for other pixels than red, green and blue.
+EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata);
+
+/// Turns rows of cyan, magenta, yellow and black (0 no ink, 255 full) into sRGB: by the embedded profile
+/// where there is a usable one, else by red = (255 - cyan) (255 - black) / 255 and its kin.
+class CmykConversion {
+public:
+    explicit CmykConversion(const QByteArray& iccProfile);
+    ~CmykConversion();
+    CmykConversion(const CmykConversion&) = delete;
+    CmykConversion& operator=(const CmykConversion&) = delete;
+
+    /// `cmyk` holds 4 bytes a pixel, `rgb` 3.
+    void convertRow(const std::uint8_t* cmyk, std::uint8_t* rgb, int width) const;
+
+private:
+    void* m_transform = nullptr;
+};
+
+/// Turns rows of CIE L*a*b* (D50; L 0 to 100, a and b around 0) into sRGB.
+class LabConversion {
+public:
+    LabConversion();
+    ~LabConversion();
+    LabConversion(const LabConversion&) = delete;
+    LabConversion& operator=(const LabConversion&) = delete;
+
+    /// `lab` holds 3 numbers a pixel, `rgb` 3 bytes.
+    void convertRow(const double* lab, std::uint8_t* rgb, int width) const;
+
+private:
+    void* m_transform = nullptr;
+};
+
+} // namespace tarsel

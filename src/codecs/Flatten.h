@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pixels/Color.h"
+#include "pixels/Picture.h"
+
+namespace tarsel {
+
+/// One row without transparency: 3 bytes a pixel, laid on `back`. A row that has none is copied.
+void flattenRow(ConstPixelView view, int y, Rgb back, std::uint8_t* rgb);
+
+} // namespace tarsel

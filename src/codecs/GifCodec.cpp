@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/ForeignCodecs.h"
+
+#include "codecs/ByteReader.h"
+#include "codecs/DecoderProcess.h"
+
+namespace tarsel {
+
+namespace {
+
+/// The longest string of the code table, 4096 pixels, takes 12 bits.
+constexpr std::int64_t PixelsPerByte = 4096;
+
+bool sniffGif(const QByteArray& bytes) {
+    return bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a");
+}
+
+/// Layout: signature, width 16, height 16, flags (bits of the palette less one in the low three).
+PictureHeader gifHeader(const QByteArray& bytes, const QString& name) {
+    const ByteReader reader(bytes, false);
+    const int width = reader.word(6).value_or(0);
+    const int height = reader.word(8).value_or(0);
+    requirePlausibleSize({"GIF", name, bytes.size()}, width, height, PixelsPerByte);
+    return {width, height, (reader.byte(10).value_or(0) & 7) + 1, 0};
+}
+
+int onePage(const QByteArray&, const QString&) {
+    return 1;
+}
+
+DecodedPicture decodeGif(const QByteArray& bytes, const QString& name, int) {
+    gifHeader(bytes, name);
+    return {DecoderProcess::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}), {}};
+}
+
+} // namespace
+
+Codec gifCodec() {
+    return {.name = "GIF",
+            .extensions = {QStringLiteral("gif")},
+            .sniff = sniffGif,
+            .header = gifHeader,
+            .pageCount = onePage,
+            .decode = decodeGif};
+}
+
+} // namespace tarsel

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/JpegCodec.h"
+
+#include "codecs/CodecChecks.h"
+#include "codecs/ColorProfile.h"
+#include "codecs/JpegErrors.h"
+#include "codecs/JpegSegments.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace tarsel {
+
+namespace {
+
+/// A block of 8 x 8 takes at least a few bits, however plain it is.
+constexpr std::int64_t PixelsPerByte = 1000;
+/// Coefficients of a progressive picture are held as a whole; beyond this the file is refused.
+constexpr long MemoryLimit = long(2) << 30;
+/// A crafted file repeats scans over a large picture to keep its reader busy; honest ones have some ten.
+constexpr int MostScans = 500;
+constexpr int RowsAtOnce = 16;
+
+enum class Purpose { Header, Picture };
+
+class JpegReader {
+public:
+    JpegReader(const QByteArray& bytes, const QString& name) :
+        m_file{"JPEG", name, bytes.size()}, m_bytes(bytes) {
+        m_jpeg.err = m_errors.manager();
+        guard(create);
+    }
+    ~JpegReader() { jpeg_destroy_decompress(&m_jpeg); }
+    JpegReader(const JpegReader&) = delete;
+    JpegReader& operator=(const JpegReader&) = delete;
+
+    void readHeader(Purpose purpose) {
+        if (purpose == Purpose::Picture)
+            keepMetadataSegments(m_jpeg);
+        guard(readHeaderStep);
+        requirePlausibleSize(m_file, m_jpeg.image_width, m_jpeg.image_height, PixelsPerByte);
+    }
+
+    PictureHeader header() const {
+        const double perUnit = m_jpeg.density_unit == 2 ? 2.54 : m_jpeg.density_unit == 1 ? 1 : 0;
+        return {int(m_jpeg.image_width), int(m_jpeg.image_height),
+                m_jpeg.num_components * m_jpeg.data_precision, m_jpeg.X_density * perUnit};
+    }
+
+    EmbeddedMetadata metadata() const { return metadataOfSegments(m_jpeg); }
+    PixelSize size() const { return {int(m_jpeg.image_width), int(m_jpeg.image_height)}; }
+
+    /// Scales by eighths while decoding, so that at least `wanted` comes out.
+    void reduceTo(PixelSize wanted) {
+        const auto suffices = [&](int eighths) {
+            return std::int64_t(m_jpeg.image_width) * eighths >= std::int64_t(wanted.width) * 8 &&
+                   std::int64_t(m_jpeg.image_height) * eighths >= std::int64_t(wanted.height) * 8;
+        };
+        int eighths = 1;
+        while (eighths < 8 && !suffices(eighths))
+            ++eighths;
+        m_jpeg.scale_num = unsigned(eighths);
+        m_jpeg.scale_denom = 8;
+        if (eighths < 8)
+            m_jpeg.do_fancy_upsampling = FALSE;
+    }
+
+    Picture decode(const QByteArray& iccProfile) {
+        const bool cmyk = m_jpeg.jpeg_color_space == JCS_CMYK || m_jpeg.jpeg_color_space == JCS_YCCK;
+        m_jpeg.out_color_space = cmyk ? JCS_CMYK : JCS_RGB;
+        guard(start);
+        Picture picture(int(m_jpeg.output_width), int(m_jpeg.output_height), 3);
+        m_target = picture.edit();
+        if (cmyk)
+            readCmykRows(iccProfile);
+        else
+            guard(readRows);
+        if (m_errors.endedBeforeFirstRows())
+            failDecoding(m_file, QStringLiteral("the file ends before its picture begins"));
+        return picture;
+    }
+
+    QString damage() const {
+        return m_errors.endedEarly() ? QStringLiteral("its data end early") : QString();
+    }
+
+private:
+    void guard(void (*step)(JpegReader&)) {
+        if (!m_errors.guarded(step, *this))
+            failDecoding(m_file, m_errors.message());
+    }
+
+    static void create(JpegReader& reader) {
+        jpeg_create_decompress(&reader.m_jpeg);
+        reader.m_jpeg.mem->max_memory_to_use = MemoryLimit;
+        jpeg_mem_src(&reader.m_jpeg, reinterpret_cast<const unsigned char*>(reader.m_bytes.constData()),
+                     static_cast<unsigned long>(reader.m_bytes.size()));
+        reader.m_jpeg.client_data = &reader;
+        reader.m_progress.progress_monitor = watch;
+        reader.m_jpeg.progress = &reader.m_progress;
+    }
+
+    static void readHeaderStep(JpegReader& reader) { jpeg_read_header(&reader.m_jpeg, TRUE); }
+
+    static void start(JpegReader& reader) { jpeg_start_decompress(&reader.m_jpeg); }
+
+    static void watch(j_common_ptr common) {
+        auto jpeg = reinterpret_cast<j_decompress_ptr>(common);
+        auto& reader = *static_cast<JpegReader*>(common->client_data);
+        if (jpeg->input_scan_number > MostScans)
+            reader.m_errors.giveUp("too many scans");
+    }
+
+    static void readRows(JpegReader& reader) {
+        jpeg_decompress_struct& jpeg = reader.m_jpeg;
+        JSAMPROW rows[RowsAtOnce];
+        while (jpeg.output_scanline < jpeg.output_height) {
+            const int count = int(std::min(jpeg.output_height - jpeg.output_scanline, unsigned(RowsAtOnce)));
+            for (int i = 0; i < count; ++i)
+                rows[i] = reader.m_target.row(int(jpeg.output_scanline) + i);
+            jpeg_read_scanlines(&jpeg, rows, unsigned(count));
+        }
+    }
+
+    static void readCmykRow(JpegReader& reader) {
+        JSAMPROW row = reader.m_cmykRow.data();
+        jpeg_read_scanlines(&reader.m_jpeg, &row, 1);
+    }
+
+    void readCmykRows(const QByteArray& iccProfile) {
+        const CmykConversion conversion(iccProfile);
+        m_cmykRow.resize(std::size_t(m_target.width) * 4);
+        while (m_jpeg.output_scanline < m_jpeg.output_height) {
+            const int y = int(m_jpeg.output_scanline);
+            guard(readCmykRow);
+            if (m_jpeg.saw_Adobe_marker) // Adobe stores the ink that is missing
+                std::transform(m_cmykRow.begin(), m_cmykRow.end(), m_cmykRow.begin(),
+                               [](std::uint8_t ink) { return std::uint8_t(255 - ink); });
+            conversion.convertRow(m_cmykRow.data(), m_target.row(y), m_target.width);
+        }
+    }
+
+    FileUnderTest m_file;
+    const QByteArray& m_bytes;
+    jpeg_decompress_struct m_jpeg = {};
+    jpeg_progress_mgr m_progress = {};
+    JpegErrors m_errors;
+    PixelView m_target;
+    std::vector<std::uint8_t> m_cmykRow;
+};
+
+bool sniffJpeg(const QByteArray& bytes) {
+    return bytes.startsWith("\xFF\xD8\xFF");
+}
+
+PictureHeader jpegHeader(const QByteArray& bytes, const QString& name) {
+    JpegReader reader(bytes, name);
+    reader.readHeader(Purpose::Header);
+    return reader.header();
+}
+
+int onePage(const QByteArray&, const QString&) {
+    return 1;
+}
+
+EmbeddedMetadata jpegMetadata(const QByteArray& bytes, const QString& name) {
+    JpegReader reader(bytes, name);
+    reader.readHeader(Purpose::Picture);
+    return withRgbProfileOnly(reader.metadata());
+}
+
+DecodedPicture decodeJpeg(const QByteArray& bytes, const QString& name, int) {
+    JpegReader reader(bytes, name);
+    reader.readHeader(Purpose::Picture);
+    EmbeddedMetadata metadata = reader.metadata();
+    Picture picture = reader.decode(metadata.iccProfile);
+    return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
+}
+
+ReducedPicture decodeReducedJpeg(const QByteArray& bytes, const QString& name, PixelSize wanted) {
+    JpegReader reader(bytes, name);
+    reader.readHeader(Purpose::Picture);
+    reader.reduceTo(wanted);
+    return {reader.decode(reader.metadata().iccProfile), reader.size()};
+}
+
+} // namespace
+
+Codec jpegCodec() {
+    return {.name = "JPEG",
+            .extensions = {QStringLiteral("jpg"), QStringLiteral("jpeg"), QStringLiteral("jpe")},
+            .sniff = sniffJpeg,
+            .header = jpegHeader,
+            .pageCount = onePage,
+            .decode = decodeJpeg,
+            .encode = encodeJpeg,
+            .metadata = jpegMetadata,
+            .decodeReduced = decodeReducedJpeg};
+}
+
+} // namespace tarsel

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "codecs/Codec.h"
+
+namespace tarsel {
+
+/// PNG by libpng: every colour type and depth, interlaced or not, transparency by channel, palette or key;
+/// gamma is not applied. A file that ends early gives the rows it has, white below, as long as it has one.
+Codec pngCodec();
+
+/// The encoded file, 24 bits, or 32 with transparency.
+QByteArray encodePng(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
+
+} // namespace tarsel

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/PngCodec.h"
+
+#include "codecs/CodecChecks.h"
+#include "codecs/ColorProfile.h"
+#include "codecs/PngErrors.h"
+
+#include <cstring>
+
+namespace tarsel {
+
+namespace {
+
+/// Deflate packs at most 1032 bytes into one, and a byte holds up to 8 pixels.
+constexpr std::int64_t PixelsPerByte = 8300;
+constexpr png_alloc_size_t LargestChunk = png_alloc_size_t(64) << 20;
+constexpr char XmpKeyword[] = "XML:com.adobe.xmp";
+
+class PngReader {
+public:
+    PngReader(const QByteArray& bytes, const QString& name) :
+        m_file{"PNG", name, bytes.size()}, m_bytes(bytes),
+        m_png(png_create_read_struct(PNG_LIBPNG_VER_STRING, &m_errors, PngErrors::onError,
+                                     PngErrors::onWarning)),
+        m_info(m_png ? png_create_info_struct(m_png) : nullptr) {}
+    ~PngReader() { png_destroy_read_struct(&m_png, &m_info, nullptr); }
+    PngReader(const PngReader&) = delete;
+    PngReader& operator=(const PngReader&) = delete;
+
+    void readHeader() {
+        if (!m_info)
+            failDecoding(m_file, QStringLiteral("no memory"));
+        guard(readHeaderStep);
+        requirePlausibleSize(m_file, png_get_image_width(m_png, m_info), png_get_image_height(m_png, m_info),
+                             PixelsPerByte);
+    }
+
+    PictureHeader header() const {
+        return {int(png_get_image_width(m_png, m_info)), int(png_get_image_height(m_png, m_info)),
+                png_get_bit_depth(m_png, m_info) * png_get_channels(m_png, m_info),
+                png_get_x_pixels_per_meter(m_png, m_info) * 0.0254};
+    }
+
+    Picture decode() {
+        guard(configure);
+        Picture picture(int(png_get_image_width(m_png, m_info)), int(png_get_image_height(m_png, m_info)),
+                        png_get_channels(m_png, m_info));
+        m_target = picture.edit();
+        std::memset(m_target.data, 255, std::size_t(m_target.stride) * std::size_t(m_target.height));
+        if (!m_errors.guarded(readRows, *this)) {
+            m_damage = m_errors.message();
+            if (!m_hasRows)
+                failDecoding(m_file, m_damage);
+        }
+        // Metadata behind the pixels; a file cut short has none.
+        m_errors.guarded(readEnd, *this);
+        return picture;
+    }
+
+    EmbeddedMetadata metadata() const {
+        EmbeddedMetadata blocks;
+        png_uint_32 exifSize = 0;
+        png_bytep exif = nullptr;
+        if (png_get_eXIf_1(m_png, m_info, &exifSize, &exif))
+            blocks.exif = QByteArray(reinterpret_cast<const char*>(exif), qsizetype(exifSize));
+        blocks.iccProfile = profile();
+        blocks.xmp = textOf(XmpKeyword);
+        return blocks;
+    }
+
+    QString damage() const { return m_damage; }
+
+private:
+    void guard(void (*step)(PngReader&)) {
+        if (!m_errors.guarded(step, *this))
+            failDecoding(m_file, m_errors.message());
+    }
+
+    static void readBytes(png_structp png, png_bytep target, std::size_t size) {
+        auto& reader = *static_cast<PngReader*>(png_get_io_ptr(png));
+        if (qsizetype(size) > reader.m_bytes.size() - reader.m_position)
+            png_error(png, "the file ends early");
+        std::memcpy(target, reader.m_bytes.constData() + reader.m_position, size);
+        reader.m_position += qsizetype(size);
+    }
+
+    static void readHeaderStep(PngReader& reader) {
+        png_structp png = reader.m_png;
+        png_set_read_fn(png, &reader, readBytes);
+        png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF); // sizes are judged here, by their product
+        png_set_chunk_malloc_max(png, LargestChunk);
+        png_set_crc_action(png, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
+        png_set_benign_errors(png, 1);
+        png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
+        png_read_info(png, reader.m_info);
+    }
+
+    /// Everything becomes 8-bit red, green, blue, with alpha where the file has transparency.
+    static void configure(PngReader& reader) {
+        png_structp png = reader.m_png;
+        png_set_expand(png);
+        png_set_scale_16(png);
+        png_set_gray_to_rgb(png);
+        reader.m_passes = png_set_interlace_handling(png);
+        png_read_update_info(png, reader.m_info);
+    }
+
+    static void readRows(PngReader& reader) {
+        for (int pass = 0; pass < reader.m_passes; ++pass)
+            for (int y = 0; y < reader.m_target.height; ++y) {
+                png_read_row(reader.m_png, reader.m_target.row(y), nullptr);
+                reader.m_hasRows = true;
+            }
+    }
+
+    static void readEnd(PngReader& reader) { png_read_end(reader.m_png, reader.m_info); }
+
+    QByteArray profile() const {
+        png_charp name = nullptr;
+        int compression = 0;
+        png_bytep data = nullptr;
+        png_uint_32 size = 0;
+        if (!png_get_iCCP(m_png, m_info, &name, &compression, &data, &size))
+            return {};
+        return QByteArray(reinterpret_cast<const char*>(data), qsizetype(size));
+    }
+
+    QByteArray textOf(const char* keyword) const {
+        png_textp texts = nullptr;
+        const int count = png_get_text(m_png, m_info, &texts, nullptr);
+        for (int i = 0; i < count; ++i)
+            if (std::strcmp(texts[i].key, keyword) == 0)
+                return QByteArray(texts[i].text,
+                                  qsizetype(std::max(texts[i].text_length, texts[i].itxt_length)));
+        return {};
+    }
+
+    FileUnderTest m_file;
+    const QByteArray& m_bytes;
+    qsizetype m_position = 0;
+    PngErrors m_errors;
+    png_structp m_png;
+    png_infop m_info;
+    PixelView m_target;
+    int m_passes = 1;
+    QString m_damage;
+    bool m_hasRows = false;
+};
+
+bool sniffPng(const QByteArray& bytes) {
+    return bytes.startsWith("\x89PNG\r\n\x1A\n");
+}
+
+PictureHeader pngHeader(const QByteArray& bytes, const QString& name) {
+    PngReader reader(bytes, name);
+    reader.readHeader();
+    return reader.header();
+}
+
+int onePage(const QByteArray&, const QString&) {
+    return 1;
+}
+
+EmbeddedMetadata pngMetadata(const QByteArray& bytes, const QString& name) {
+    PngReader reader(bytes, name);
+    reader.readHeader();
+    return withRgbProfileOnly(reader.metadata());
+}
+
+DecodedPicture decodePng(const QByteArray& bytes, const QString& name, int) {
+    PngReader reader(bytes, name);
+    reader.readHeader();
+    Picture picture = reader.decode();
+    return {std::move(picture), withRgbProfileOnly(reader.metadata()), reader.damage()};
+}
+
+} // namespace
+
+void PngErrors::onError(png_structp png, png_const_charp message) {
+    auto& errors = *static_cast<PngErrors*>(png_get_error_ptr(png));
+    std::strncpy(errors.m_message, message, sizeof errors.m_message - 1);
+    std::longjmp(errors.m_return, 1);
+}
+
+Codec pngCodec() {
+    return {.name = "PNG",
+            .extensions = {QStringLiteral("png")},
+            .sniff = sniffPng,
+            .header = pngHeader,
+            .pageCount = onePage,
+            .decode = decodePng,
+            .encode = encodePng,
+            .metadata = pngMetadata};
+}
+
+} // namespace tarsel

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "codecs/Codec.h"
+
+namespace tarsel {
+
+/// TIFF by libtiff: all pages, strips and tiles, every compression that libtiff knows, 1 to 64 bits a sample,
+/// whole numbers and floating point, gray, RGB, palette, YCbCr, CMYK, L*a*b*. Pixels come as they are stored;
+/// the orientation stays an attribute.
+Codec tiffCodec();
+
+/// The encoded file of one page, 24 bits, or 32 with transparency. `TiffCompression` 0 is none, 1 PackBits; 2
+/// stands for a coding that holds black and white alone, so a picture in colour takes LZW instead.
+QByteArray encodeTiff(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
+
+} // namespace tarsel

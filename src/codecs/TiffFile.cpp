@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/TiffFile.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+namespace tarsel {
+
+namespace {
+
+constexpr tmsize_t LargestAllocation = tmsize_t(1) << 30;
+constexpr std::int64_t LargestWrittenFile = std::int64_t(4) << 30; // what offsets of 32 bits reach
+
+TiffFile& of(thandle_t self) {
+    return *static_cast<TiffFile*>(self);
+}
+
+} // namespace
+
+TiffFile::TiffFile(QByteArray bytes, const FileUnderTest& file) : m_bytes(std::move(bytes)) {
+    open("r");
+    if (!m_tiff)
+        failDecoding(file, m_firstError.isEmpty() ? QStringLiteral("not readable") : m_firstError);
+}
+
+TiffFile::TiffFile(bool bigEndian) {
+    open(bigEndian ? "wb" : "wl");
+}
+
+TiffFile::~TiffFile() {
+    if (m_tiff)
+        TIFFClose(m_tiff);
+}
+
+void TiffFile::open(const char* mode) {
+    TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
+    TIFFOpenOptionsSetMaxSingleMemAlloc(options, LargestAllocation);
+    TIFFOpenOptionsSetErrorHandlerExtR(options, onError, this);
+    TIFFOpenOptionsSetWarningHandlerExtR(options, onWarning, this);
+    m_tiff = TIFFClientOpenExt(
+        "memory", mode, this, read, write, seek, [](thandle_t) { return 0; }, size, map,
+        [](thandle_t, void*, toff_t) {}, options);
+    TIFFOpenOptionsFree(options);
+}
+
+QByteArray TiffFile::finish() {
+    TIFFClose(m_tiff);
+    m_tiff = nullptr;
+    return std::move(m_bytes);
+}
+
+int TiffFile::onError(TIFF*, void* self, const char* module, const char* format, va_list arguments) {
+    char text[300];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    auto& file = *static_cast<TiffFile*>(self);
+    if (file.m_firstError.isEmpty())
+        file.m_firstError = QString::fromUtf8(module) + QStringLiteral(": ") + QString::fromUtf8(text);
+    return 1;
+}
+
+tmsize_t TiffFile::read(thandle_t self, void* target, tmsize_t size) {
+    TiffFile& file = of(self);
+    const std::int64_t rest = std::max<std::int64_t>(0, file.m_bytes.size() - file.m_position);
+    const auto count = std::min<std::int64_t>(size, rest);
+    if (count > 0)
+        std::memcpy(target, file.m_bytes.constData() + file.m_position, std::size_t(count));
+    file.m_position += std::max<std::int64_t>(count, 0);
+    return tmsize_t(count);
+}
+
+tmsize_t TiffFile::write(thandle_t self, void* data, tmsize_t size) {
+    TiffFile& file = of(self);
+    const std::int64_t end = file.m_position + size;
+    if (size < 0 || end > LargestWrittenFile)
+        return -1;
+    if (end > file.m_bytes.size())
+        file.m_bytes.resize(qsizetype(end));
+    std::memcpy(file.m_bytes.data() + file.m_position, data, std::size_t(size));
+    file.m_position = end;
+    return size;
+}
+
+toff_t TiffFile::seek(thandle_t self, toff_t offset, int whence) {
+    TiffFile& file = of(self);
+    const std::int64_t base = whence == SEEK_CUR   ? file.m_position
+                              : whence == SEEK_END ? file.m_bytes.size()
+                                                   : 0;
+    const std::uint64_t target = std::uint64_t(base) + offset;
+    if (target > std::uint64_t(INT64_MAX))
+        return toff_t(-1);
+    file.m_position = std::int64_t(target);
+    return target;
+}
+
+toff_t TiffFile::size(thandle_t self) {
+    return toff_t(of(self).m_bytes.size());
+}
+
+int TiffFile::map(thandle_t self, void** base, toff_t* size) {
+    const TiffFile& file = of(self);
+    *base = const_cast<char*>(file.m_bytes.constData()); // libtiff only reads a mapping
+    *size = toff_t(file.m_bytes.size());
+    return 1;
+}
+
+} // namespace tarsel

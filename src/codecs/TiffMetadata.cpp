@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/TiffMetadata.h"
+
+#include "codecs/TiffDirectory.h"
+#include "embedded/ResourceBlocks.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarsel {
+
+namespace {
+
+constexpr std::uint16_t ByteType = 1;
+constexpr std::uint16_t UndefinedType = 7;
+
+namespace Tag {
+constexpr std::uint16_t Xmp = 700;
+constexpr std::uint16_t Iptc = 33723;
+constexpr std::uint16_t Resources = 34377;
+constexpr std::uint16_t Profile = 34675;
+} // namespace Tag
+
+/// Tags that describe how this file stores its pixels, or where; they mean nothing in another file.
+constexpr auto StorageTags = std::to_array<std::uint16_t>(
+    {254, 255, 256, 257, 258, 259, 262, 263, 264, 265, 266, 273, 277,   278,  279, 280, 281,
+     284, 288, 289, 290, 291, 292, 293, 297, 300, 301, 317, 320, 321,   322,  323, 324, 325,
+     330, 332, 333, 334, 336, 337, 338, 339, 340, 341, 342, 343, 344,   345,  346, 347, 512,
+     513, 514, 515, 517, 518, 519, 520, 521, 529, 530, 531, 532, 32995, 32996});
+
+bool isStorage(std::uint16_t tag) {
+    return std::ranges::count(StorageTags, tag) > 0;
+}
+
+/// Blocks that have a place of their own in EmbeddedMetadata.
+bool isBlock(std::uint16_t tag) {
+    return tag == Tag::Xmp || tag == Tag::Iptc || tag == Tag::Resources || tag == Tag::Profile;
+}
+
+TiffDirectory attributesOf(const TiffDirectory& page) {
+    TiffDirectory attributes;
+    for (const TiffDirectory::Entry& entry : page.entries)
+        if (!isStorage(entry.tag) && !isBlock(entry.tag))
+            attributes.entries.push_back(entry);
+    return attributes;
+}
+
+QByteArray exifBlock(const TiffDirectory& page, bool bigEndian) {
+    const TiffDirectory attributes = attributesOf(page);
+    if (attributes.entries.empty())
+        return {};
+    constexpr std::uint32_t behindStart = 8;
+    return writeTiffStart({bigEndian, behindStart}) + writeTiffDirectory(attributes, bigEndian, behindStart);
+}
+
+QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
+    const TiffDirectory::Entry* entry = page.find(tag);
+    return entry ? entry->value : QByteArray();
+}
+
+/// The IPTC data that a page holds by itself count before those among its image resources.
+QByteArray resourcesOf(const TiffDirectory& page) {
+    QByteArray stored = valueOf(page, Tag::Resources);
+    const QByteArray iptc = valueOf(page, Tag::Iptc);
+    if (iptc.isEmpty())
+        return stored;
+    ResourceBlocks blocks(stored);
+    if (blocks.data(ResourceBlocks::iptcNumber) != iptc)
+        blocks.replace(ResourceBlocks::iptcNumber, iptc);
+    return blocks.bytes();
+}
+
+void putBlock(TiffDirectory& page, std::uint16_t tag, std::uint16_t type, const QByteArray& bytes) {
+    if (!bytes.isEmpty())
+        page.put({tag, type, std::uint32_t(bytes.size()), bytes, {}});
+}
+
+} // namespace
+
+EmbeddedMetadata tiffPageMetadata(const QByteArray& file, std::uint64_t directoryOffset) {
+    const auto start = readTiffStart(file);
+    if (!start || directoryOffset > UINT32_MAX)
+        return {};
+    const TiffDirectory page = readTiffDirectory(file, start->bigEndian, std::uint32_t(directoryOffset));
+    EmbeddedMetadata blocks;
+    blocks.exif = exifBlock(page, start->bigEndian);
+    blocks.resources = resourcesOf(page);
+    blocks.xmp = valueOf(page, Tag::Xmp);
+    blocks.iccProfile = valueOf(page, Tag::Profile);
+    return blocks;
+}
+
+QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& metadata) {
+    const auto start = readTiffStart(file);
+    if (!start || metadata.isEmpty())
+        return file;
+    TiffDirectory page = readTiffDirectory(file, start->bigEndian, start->firstDirectory);
+    if (const auto exif = readTiffStart(metadata.exif); exif && exif->bigEndian == start->bigEndian)
+        for (auto& entry :
+             attributesOf(readTiffDirectory(metadata.exif, exif->bigEndian, exif->firstDirectory)).entries)
+            page.put(std::move(entry));
+    putBlock(page, Tag::Xmp, ByteType, metadata.xmp);
+    putBlock(page, Tag::Iptc, UndefinedType,
+             ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
+    putBlock(page, Tag::Resources, ByteType, metadata.resources);
+    putBlock(page, Tag::Profile, UndefinedType, metadata.iccProfile);
+    const std::uint32_t offset = (start->firstDirectory + 1) / 2 * 2;
+    QByteArray result = file.left(start->firstDirectory);
+    result.append(qsizetype(offset - start->firstDirectory), '\0');
+    result.replace(0, 8, writeTiffStart({start->bigEndian, offset}));
+    return result + writeTiffDirectory(page, start->bigEndian, offset);
+}
+
+bool isBigEndianExif(const QByteArray& exif) {
+    const auto start = readTiffStart(exif);
+    return start && start->bigEndian;
+}
+
+} // namespace tarsel

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/ForeignCodecs.h"
+
+#include "codecs/ByteReader.h"
+#include "codecs/DecoderProcess.h"
+
+namespace tarsel {
+
+namespace {
+
+constexpr std::int64_t PixelsPerByte = 8;
+
+struct WbmpHeader {
+    std::int64_t width = 0;
+    std::int64_t height = 0;
+    std::int64_t pixelOffset = 0;
+};
+
+/// A number in bytes of 7 bits, all but the last with the top bit set.
+std::optional<std::int64_t> readMultiByte(const ByteReader& reader, std::int64_t& at) {
+    std::int64_t value = 0;
+    for (int i = 0; i < 4; ++i) {
+        const auto byte = reader.byte(at++);
+        if (!byte)
+            return std::nullopt;
+        value = value << 7 | (*byte & 0x7F);
+        if (!(*byte & 0x80))
+            return value;
+    }
+    return std::nullopt;
+}
+
+/// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to whole bytes.
+std::optional<WbmpHeader> readHeader(const QByteArray& bytes) {
+    const ByteReader reader(bytes, false);
+    if (reader.word(0) != 0)
+        return std::nullopt;
+    std::int64_t at = 2;
+    const auto width = readMultiByte(reader, at);
+    const auto height = readMultiByte(reader, at);
+    if (!width || !height || *width == 0 || *height == 0)
+        return std::nullopt;
+    return WbmpHeader{*width, *height, at};
+}
+
+bool sniffWbmp(const QByteArray& bytes) {
+    const auto header = readHeader(bytes);
+    return header && (header->width + 7) / 8 * header->height <= bytes.size() - header->pixelOffset;
+}
+
+PictureHeader wbmpHeader(const QByteArray& bytes, const QString& name) {
+    const FileUnderTest file{"WBMP", name, bytes.size()};
+    const auto header = readHeader(bytes);
+    if (!header)
+        failDecoding(file, QStringLiteral("no header"));
+    requirePlausibleSize(file, header->width, header->height, PixelsPerByte);
+    return {int(header->width), int(header->height), 1, 0};
+}
+
+int onePage(const QByteArray&, const QString&) {
+    return 1;
+}
+
+DecodedPicture decodeWbmp(const QByteArray& bytes, const QString& name, int) {
+    wbmpHeader(bytes, name);
+    return {DecoderProcess::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}), {}};
+}
+
+} // namespace
+
+Codec wbmpCodec() {
+    return {.name = "WBMP",
+            .extensions = {QStringLiteral("wbmp")},
+            .sniff = sniffWbmp,
+            .header = wbmpHeader,
+            .pageCount = onePage,
+            .decode = decodeWbmp,
+            .needsExtension = true};
+}
+
+} // namespace tarsel

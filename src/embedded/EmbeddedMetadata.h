@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+
+namespace tarsel {
+
+/// The metadata blocks of one picture, as bytes. Codecs take them out of a file and put them into one; only
+/// MetadataStore looks inside. A block that the file does not have is empty.
+struct EmbeddedMetadata {
+    QByteArray exif;        ///< TIFF structure: "II*\0" or "MM\0*" onward, without the "Exif\0\0" in front
+    QByteArray resources;   ///< image resource blocks ("8BIM" records), in which 0x0404 holds the IPTC data
+    QByteArray xmp;         ///< the XMP packet
+    QByteArray extendedXmp; ///< what the packet refers to as its extension, where a format has such a thing
+    QByteArray iccProfile;  ///< of the pixels as they stand after decoding
+
+    bool isEmpty() const {
+        return exif.isEmpty() && resources.isEmpty() && xmp.isEmpty() && iccProfile.isEmpty();
+    }
+};
+
+} // namespace tarsel

@@ -1,0 +1,419 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/ExifBlock.h"
+
+#include "base/TrappedError.h"
+
+#include <QtEndian>
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace tarsel {
+
+namespace {
+
+constexpr qsizetype headerSize = 8;
+constexpr qsizetype entrySize = 12;
+constexpr qsizetype inlineSize = 4;
+constexpr qsizetype firstPointer = 4; ///< where the header holds the offset of the first directory
+
+constexpr quint16 thumbnailOffsetTag = 0x0201;
+constexpr quint16 thumbnailLengthTag = 0x0202;
+
+/// A directory that hangs on an attribute of another one.
+struct Child {
+    ExifGroup group;
+    ExifGroup parent;
+    quint16 pointerTag;
+};
+constexpr std::array children{
+    Child{ExifGroup::Photo, ExifGroup::Image, 0x8769},
+    Child{ExifGroup::Gps, ExifGroup::Image, 0x8825},
+    Child{ExifGroup::Interoperability, ExifGroup::Photo, 0xA005},
+};
+
+const Child* childBehind(ExifGroup parent, quint16 tag) {
+    const auto found = std::ranges::find_if(
+        children, [&](const Child& child) { return child.parent == parent && child.pointerTag == tag; });
+    return found == children.end() ? nullptr : &*found;
+}
+
+const Child* childOf(ExifGroup group) {
+    const auto found = std::ranges::find(children, group, &Child::group);
+    return found == children.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+int exifTypeSize(ExifType type) {
+    switch (type) {
+    case ExifType::Byte:
+    case ExifType::Ascii:
+    case ExifType::SignedByte:
+    case ExifType::Undefined:
+        return 1;
+    case ExifType::Short:
+    case ExifType::SignedShort:
+        return 2;
+    case ExifType::Long:
+    case ExifType::SignedLong:
+    case ExifType::Float:
+    case ExifType::Directory:
+        return 4;
+    case ExifType::Rational:
+    case ExifType::SignedRational:
+    case ExifType::Double:
+        return 8;
+    }
+    return 0;
+}
+
+bool ExifEntry::isPointer() const {
+    return childBehind(group, tag) != nullptr;
+}
+
+// --- reading -----------------------------------------------------------------------------------------------
+
+std::optional<ExifBlock> ExifBlock::read(const QByteArray& bytes) {
+    const bool bigEndian = bytes.startsWith("MM");
+    if (bytes.size() < headerSize || bytes.size() > std::numeric_limits<qint32>::max() ||
+        (!bigEndian && !bytes.startsWith("II")))
+        return std::nullopt;
+    ExifBlock block;
+    block.m_bytes = bytes;
+    block.m_bigEndian = bigEndian;
+    if (block.read16(2) != 42)
+        return std::nullopt;
+    block.walk();
+    if (!block.directory(ExifGroup::Image))
+        return std::nullopt;
+    return block;
+}
+
+ExifBlock ExifBlock::fresh() {
+    ExifBlock block;
+    block.m_bytes = QByteArray("II*\0\x08\0\0\0", headerSize) + QByteArray(6, '\0');
+    block.walk();
+    return block;
+}
+
+void ExifBlock::walk() {
+    m_entries.clear();
+    m_directories.clear();
+    if (!walkDirectory(ExifGroup::Image, firstPointer))
+        return;
+    const qsizetype next = directory(ExifGroup::Image)->nextPosition;
+    if (next)
+        walkDirectory(ExifGroup::Thumbnail, next);
+}
+
+/// False when the offset at `pointerPosition` leads to no directory, or to one that was seen.
+bool ExifBlock::walkDirectory(ExifGroup group, qsizetype pointerPosition) {
+    const qsizetype offset = read32(pointerPosition);
+    const auto seen = [&](const Directory& other) {
+        return other.group == group || other.range.start == offset;
+    };
+    if (offset < headerSize || offset > m_bytes.size() - 2 || std::ranges::any_of(m_directories, seen))
+        return false;
+
+    const qsizetype first = offset + 2;
+    const qsizetype declared = read16(offset);
+    const qsizetype count = std::min(declared, (m_bytes.size() - first) / entrySize);
+    const qsizetype end = first + count * entrySize;
+    const bool hasNext = count == declared && end <= m_bytes.size() - 4;
+    m_directories.push_back(
+        {group, {offset, end + (hasNext ? 4 : 0) - offset}, pointerPosition, hasNext ? end : 0});
+
+    for (qsizetype i = 0; i < count; ++i) {
+        const ExifEntry entry = entryAt(group, first + i * entrySize);
+        m_entries.push_back(entry);
+        if (const Child* child = childBehind(group, entry.tag); child && entry.hasValue)
+            walkDirectory(child->group, entry.position + 8);
+    }
+    return true;
+}
+
+ExifEntry ExifBlock::entryAt(ExifGroup group, qsizetype position) const {
+    ExifEntry entry;
+    entry.group = group;
+    entry.tag = read16(position);
+    entry.type = ExifType(read16(position + 2));
+    entry.count = read32(position + 4);
+    entry.position = position;
+    const qint64 size = qint64(exifTypeSize(entry.type)) * entry.count;
+    const qint64 offset = size <= inlineSize ? position + 8 : qint64(read32(position + 8));
+    entry.hasValue = exifTypeSize(entry.type) > 0 && size <= m_bytes.size() && offset >= headerSize &&
+                     offset <= m_bytes.size() - size;
+    if (entry.hasValue) {
+        entry.valuePosition = offset;
+        entry.valueSize = size;
+    }
+    return entry;
+}
+
+const ExifBlock::Directory* ExifBlock::directory(ExifGroup group) const {
+    const auto found = std::ranges::find(m_directories, group, &Directory::group);
+    return found == m_directories.end() ? nullptr : &*found;
+}
+
+const ExifEntry* ExifBlock::find(ExifGroup group, quint16 tag) const {
+    const auto found = std::ranges::find_if(
+        m_entries, [&](const ExifEntry& entry) { return entry.group == group && entry.tag == tag; });
+    return found == m_entries.end() ? nullptr : &*found;
+}
+
+QByteArrayView ExifBlock::value(const ExifEntry& entry) const {
+    return QByteArrayView(m_bytes).sliced(entry.valuePosition, entry.valueSize);
+}
+
+bool ExifBlock::keepsAllOf(const ExifBlock& before, ExifGroup group, quint16 tag) const {
+    auto ours = m_entries.begin();
+    for (const ExifEntry& entry : before.m_entries) {
+        if (!entry.hasValue || entry.isPointer() || (entry.group == group && entry.tag == tag))
+            continue;
+        const auto same = [&](const ExifEntry& other) {
+            return other.group == entry.group && other.tag == entry.tag && other.type == entry.type &&
+                   other.hasValue && value(other) == before.value(entry);
+        };
+        ours = std::find_if(ours, m_entries.end(), same);
+        if (ours == m_entries.end())
+            return false;
+        ++ours;
+    }
+    return true;
+}
+
+// --- changing ----------------------------------------------------------------------------------------------
+
+void ExifBlock::set(ExifGroup group, quint16 tag, ExifType type, quint32 count, const QByteArray& data) {
+    if (!directory(group))
+        makeDirectory(group);
+    if (const ExifEntry* entry = find(group, tag))
+        replaceValue(*entry, type, count, data);
+    else if (const Directory* place = directory(group))
+        insertEntry(*place, tag, type, count, data);
+    walk();
+}
+
+void ExifBlock::replaceValue(const ExifEntry& entry, ExifType type, quint32 count, const QByteArray& data) {
+    if (entry.hasValue && entry.type == type && entry.count == count && value(entry) == data)
+        return;
+    const ExifEntry old = entry;
+    const Range oldRange{old.valuePosition, old.valueSize};
+    const bool outside = old.hasValue && old.valueSize > inlineSize;
+    if (outside && data.size() > inlineSize && data.size() <= old.valueSize && !isShared(oldRange)) {
+        std::fill_n(m_bytes.begin() + oldRange.start, oldRange.size, '\0');
+        std::ranges::copy(data, m_bytes.begin() + oldRange.start);
+        write16(old.position + 2, quint16(type));
+        write32(old.position + 4, count);
+        return;
+    }
+    if (outside)
+        release(oldRange);
+    writeEntry(old.position, old.tag, type, count, data);
+}
+
+/// Writes the directory anew, longer by one entry; entries stay in the order of their tags.
+void ExifBlock::insertEntry(const Directory& place_, quint16 tag, ExifType type, quint32 count,
+                            const QByteArray& data) {
+    const Directory old = place_;
+    const qsizetype first = old.range.start + 2;
+    const qsizetype entryCount = (old.range.size - 2) / entrySize;
+    if (entryCount >= std::numeric_limits<quint16>::max())
+        fail(ErrorNumber::Overflow, QStringLiteral("an EXIF directory holds at most 65535 attributes"));
+    qsizetype before = 0;
+    while (before < entryCount && read16(first + before * entrySize) < tag)
+        ++before;
+
+    QByteArray table = m_bytes.mid(old.range.start, old.range.size);
+    if (!old.nextPosition)
+        table = table.left(2 + entryCount * entrySize) + QByteArray(4, '\0');
+    table.insert(2 + before * entrySize, QByteArray(entrySize, '\0'));
+    release(old.range);
+    const qsizetype start = place(table);
+    write32(old.pointerPosition, quint32(start));
+    write16(start, quint16(entryCount + 1));
+    writeEntry(start + 2 + before * entrySize, tag, type, count, data);
+}
+
+void ExifBlock::makeDirectory(ExifGroup group) {
+    const Child* child = childOf(group);
+    if (!child)
+        fail(ErrorNumber::InvalidCall, QStringLiteral("this EXIF directory can't be created"));
+    const qsizetype start = place(QByteArray(6, '\0'));
+    QByteArray pointer(4, '\0');
+    m_bigEndian ? qToBigEndian(quint32(start), pointer.data())
+                : qToLittleEndian(quint32(start), pointer.data());
+    set(child->parent, child->pointerTag, ExifType::Long, 1, pointer);
+}
+
+void ExifBlock::remove(ExifGroup group, quint16 tag) {
+    while (const ExifEntry* entry = find(group, tag)) {
+        removeEntry(ExifEntry(*entry));
+        walk();
+    }
+    removeEmptyDirectory(group);
+}
+
+/// Moves the rest of the directory up and zeroes what is left over.
+void ExifBlock::removeEntry(const ExifEntry& entry) {
+    const Directory place = *directory(entry.group);
+    if (entry.hasValue && entry.valueSize > inlineSize)
+        release({entry.valuePosition, entry.valueSize});
+    const bool isOurs = !isShared(place.range);
+    const auto rest = m_bytes.begin() + entry.position;
+    const auto end = m_bytes.begin() + place.range.end();
+    std::fill(std::copy(rest + entrySize, end, rest), end, '\0');
+    const qsizetype entryCount = (place.range.size - 2) / entrySize;
+    write16(place.range.start, quint16(entryCount - 1));
+    if (isOurs)
+        addFree({place.range.end() - entrySize, entrySize});
+}
+
+void ExifBlock::removeEmptyDirectory(ExifGroup group) {
+    const Child* child = childOf(group);
+    const Directory* place = directory(group);
+    if (!child || !place || read16(place->range.start) > 0)
+        return;
+    release(place->range);
+    remove(child->parent, child->pointerTag);
+}
+
+std::vector<ExifBlock::Range> ExifBlock::thumbnailData() const {
+    std::vector<Range> ranges;
+    for (const ExifEntry& entry : m_entries)
+        if (entry.group == ExifGroup::Thumbnail && entry.hasValue && entry.valueSize > inlineSize)
+            ranges.push_back({entry.valuePosition, entry.valueSize});
+    const ExifEntry* offset = find(ExifGroup::Thumbnail, thumbnailOffsetTag);
+    const ExifEntry* length = find(ExifGroup::Thumbnail, thumbnailLengthTag);
+    if (!offset || !length || offset->type != ExifType::Long || length->type != ExifType::Long ||
+        offset->count != 1 || length->count != 1)
+        return ranges;
+    const Range picture{read32(offset->valuePosition), read32(length->valuePosition)};
+    if (picture.start >= headerSize && picture.size <= m_bytes.size() &&
+        picture.start <= m_bytes.size() - picture.size)
+        ranges.push_back(picture);
+    return ranges;
+}
+
+void ExifBlock::dropThumbnail() {
+    const Directory* thumbnail = directory(ExifGroup::Thumbnail);
+    if (!thumbnail)
+        return;
+    std::vector<Range> ranges = thumbnailData();
+    ranges.push_back(thumbnail->range);
+    write32(thumbnail->pointerPosition, 0);
+    walk();
+    std::ranges::sort(ranges, std::ranges::greater(), &Range::start);
+    for (const Range& range : ranges)
+        release(range);
+}
+
+// --- room --------------------------------------------------------------------------------------------------
+
+/// Whether more than one directory or value lies on these bytes, or the header does.
+bool ExifBlock::isShared(const Range& range) const {
+    int users = range.start < headerSize ? 2 : 0;
+    const auto count = [&](qsizetype start, qsizetype size) {
+        users += start < range.end() && range.start < start + size;
+    };
+    for (const Directory& other : m_directories)
+        count(other.range.start, other.range.size);
+    for (const ExifEntry& other : m_entries)
+        if (other.hasValue && other.valueSize > inlineSize)
+            count(other.valuePosition, other.valueSize);
+    for (const Range& picture : thumbnailData())
+        count(picture.start, picture.size);
+    return users > 1;
+}
+
+/// Gives up bytes that one directory or value held, unless another one uses them as well.
+void ExifBlock::release(const Range& range) {
+    if (range.end() > m_bytes.size() || isShared(range))
+        return;
+    std::fill_n(m_bytes.begin() + range.start, range.size, '\0');
+    addFree(range);
+}
+
+/// Joins bytes that nobody uses with their free neighbours; at the end of the block they go.
+void ExifBlock::addFree(Range range) {
+    const auto touches = [&](const Range& other) {
+        return other.end() == range.start || range.end() == other.start;
+    };
+    for (auto other = std::ranges::find_if(m_free, touches); other != m_free.end();
+         other = std::ranges::find_if(m_free, touches)) {
+        range = {std::min(range.start, other->start), range.size + other->size};
+        m_free.erase(other);
+    }
+    if (range.end() == m_bytes.size())
+        m_bytes.truncate(range.start);
+    else
+        m_free.push_back(range);
+}
+
+/// Puts bytes where there is room, else at the end; gives their even position.
+qsizetype ExifBlock::place(const QByteArray& data) {
+    const auto fits = [&](const Range& range) { return range.start % 2 == 0 && range.size >= data.size(); };
+    const auto room = std::ranges::find_if(m_free, fits);
+    if (room != m_free.end()) {
+        const Range taken = *room;
+        m_free.erase(room);
+        if (taken.size > data.size())
+            m_free.push_back({taken.start + data.size(), taken.size - data.size()});
+        std::ranges::copy(data, m_bytes.begin() + taken.start);
+        return taken.start;
+    }
+    if (m_bytes.size() % 2)
+        m_bytes.append('\0');
+    if (data.size() > std::numeric_limits<qint32>::max() - m_bytes.size())
+        fail(ErrorNumber::Overflow, QStringLiteral("the EXIF data grow beyond 2 GB"));
+    const qsizetype start = m_bytes.size();
+    m_bytes.append(data);
+    return start;
+}
+
+void ExifBlock::writeEntry(qsizetype position, quint16 tag, ExifType type, quint32 count,
+                           const QByteArray& data) {
+    write16(position, tag);
+    write16(position + 2, quint16(type));
+    write32(position + 4, count);
+    write32(position + 8, 0);
+    if (data.size() <= inlineSize)
+        std::ranges::copy(data, m_bytes.begin() + position + 8);
+    else
+        write32(position + 8, quint32(place(data)));
+}
+
+quint16 ExifBlock::read16(qsizetype position) const {
+    const char* at = m_bytes.constData() + position;
+    return m_bigEndian ? qFromBigEndian<quint16>(at) : qFromLittleEndian<quint16>(at);
+}
+
+quint32 ExifBlock::read32(qsizetype position) const {
+    const char* at = m_bytes.constData() + position;
+    return m_bigEndian ? qFromBigEndian<quint32>(at) : qFromLittleEndian<quint32>(at);
+}
+
+void ExifBlock::write16(qsizetype position, quint16 value) {
+    char* at = m_bytes.data() + position;
+    m_bigEndian ? qToBigEndian(value, at) : qToLittleEndian(value, at);
+}
+
+void ExifBlock::write32(qsizetype position, quint32 value) {
+    char* at = m_bytes.data() + position;
+    m_bigEndian ? qToBigEndian(value, at) : qToLittleEndian(value, at);
+}
+
+std::optional<QByteArray> exifWithin(const QByteArray& exif, qsizetype limit) {
+    if (exif.size() <= limit)
+        return exif;
+    std::optional<ExifBlock> block = ExifBlock::read(exif);
+    if (!block)
+        return std::nullopt;
+    block->dropThumbnail();
+    if (block->bytes().size() > limit)
+        return std::nullopt;
+    return block->bytes();
+}
+
+} // namespace tarsel

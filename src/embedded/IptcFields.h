@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <span>
+#include <string_view>
+
+namespace tarsel {
+
+class MetadataStore;
+
+enum class IptcKind {
+    Text,
+    Date,   ///< "20040131" in the file
+    Time,   ///< "150509+0100" in the file
+    List,   ///< one dataset for each item
+    Urgency ///< a digit, "1" to "8"
+};
+
+/// One IPTC member of an image box.
+struct IptcField {
+    QString member;  ///< "IptcHeadline"
+    int dataset = 0; ///< number in record 2
+    IptcKind kind = IptcKind::Text;
+    QString label;         ///< by which users know it; empty for a member without one
+    bool isListed = false; ///< has a row in the list of attributes, whose rows stand in this table's order
+};
+
+/// All members.
+std::span<const IptcField> iptcFields();
+
+/// The member of that name, such as "IptcHeadline"; error 5 when there is none.
+const IptcField& iptcField(std::string_view member);
+
+/// The field of that label, compared exactly; null when there is none.
+const IptcField* iptcFieldByLabel(const QString& label);
+
+QString iptcText(const MetadataStore& store, std::string_view member); ///< "" when absent
+void setIptcText(MetadataStore& store, std::string_view member, const QString& text);
+
+QStringList iptcList(const MetadataStore& store, std::string_view member);
+void setIptcList(MetadataStore& store, std::string_view member, const QStringList& texts);
+
+/// Date members give midnight of their day, time members the time on the day of the empty date. What is
+/// absent or no date reads as the empty date; setting the empty date removes the dataset. A time that
+/// replaces another keeps its offset from universal time, a new one takes the date's.
+QDateTime iptcDate(const MetadataStore& store, std::string_view member);
+void setIptcDate(MetadataStore& store, std::string_view member, const QDateTime& date);
+
+int iptcUrgency(const MetadataStore& store); ///< 0 when absent
+void setIptcUrgency(MetadataStore& store, int urgency);
+
+/// Any member as the text of its row: lists joined by ",", dates in the system's short date, "" for the empty
+/// date.
+QString iptcRowText(const MetadataStore& store, const IptcField& field);
+
+} // namespace tarsel

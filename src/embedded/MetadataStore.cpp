@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/MetadataStore.h"
+
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "embedded/ExifBlock.h"
+#include "embedded/ExifText.h"
+#include "embedded/IimData.h"
+#include "embedded/ResourceBlocks.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tarsel {
+
+namespace {
+
+/// One row of the EXIF list.
+struct ExifAttribute {
+    QString name;
+    QString value;
+    ExifGroup group;
+    quint16 tag;
+};
+
+/// The thumbnail's directory describes another picture and isn't listed.
+bool isListed(const ExifEntry& entry) {
+    return entry.hasValue && entry.group != ExifGroup::Thumbnail;
+}
+
+std::vector<ExifAttribute> attributesOf(const QByteArray& exif) {
+    std::vector<ExifAttribute> attributes;
+    const std::optional<ExifBlock> block = ExifBlock::read(exif);
+    if (!block)
+        return attributes;
+    for (const ExifEntry& entry : block->entries())
+        if (isListed(entry))
+            attributes.push_back(
+                {exifTagName(entry.group, entry.tag), exifText(*block, entry), entry.group, entry.tag});
+    return attributes;
+}
+
+/// The groups in which the block has this attribute, else the one in which the standard puts it.
+std::vector<const ExifTag*> placesOf(const ExifBlock& block, const ExifTag& standard) {
+    std::vector<const ExifTag*> places;
+    for (const ExifEntry& entry : block.entries()) {
+        if (!isListed(entry))
+            continue;
+        const ExifTag* tag = exifTagAt(entry.group, entry.tag);
+        if (tag && tag->name == standard.name && std::ranges::count(places, tag) == 0)
+            places.push_back(tag);
+    }
+    if (places.empty())
+        places.push_back(&standard);
+    return places;
+}
+
+/// The block with the value set in one place; nothing when the text doesn't convert or when anything else
+/// would not read as before. A block that fitted a JPEG segment still does: its thumbnail goes first.
+std::optional<ExifBlock> withAttribute(const ExifBlock& before, const ExifTag& tag, const QString& text) {
+    const std::optional<ExifValueBytes> value = exifValueFromText(tag, text, before.isBigEndian());
+    if (!value)
+        return std::nullopt;
+    const auto changed = [&](ExifBlock block) {
+        block.set(tag.group, tag.tag, value->type, value->count, value->bytes);
+        return block;
+    };
+    ExifBlock after = changed(before);
+    ExifBlock reference = before;
+    if (after.bytes().size() > largestJpegExif && before.bytes().size() <= largestJpegExif) {
+        reference.dropThumbnail();
+        after = changed(reference);
+        if (after.bytes().size() > largestJpegExif)
+            return std::nullopt;
+    }
+    const ExifEntry* written = after.find(tag.group, tag.tag);
+    const bool readsBack = written && written->hasValue && after.value(*written) == value->bytes;
+    return readsBack && after.keepsAllOf(reference, tag.group, tag.tag) ? std::optional(after) : std::nullopt;
+}
+
+/// Nothing when other attributes hang on this one or lie on the same bytes.
+std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAttribute& attribute) {
+    const ExifEntry* entry = before.find(attribute.group, attribute.tag);
+    if (entry && entry->isPointer())
+        return std::nullopt;
+    ExifBlock after = before;
+    after.remove(attribute.group, attribute.tag);
+    return after.keepsAllOf(before, attribute.group, attribute.tag) ? std::optional(after) : std::nullopt;
+}
+
+[[noreturn]] void failNoFfo(const QString& path, const QString& fact) {
+    fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": no IPTC side file: ") + fact);
+}
+
+/// A side file is an image resource block with the IPTC data in it; the bare data are taken as well.
+IimData readSideFile(const QString& path) {
+    const QByteArray bytes = readWholeFile(path);
+    if (bytes.startsWith('\x1C')) {
+        IimData data(bytes);
+        if (!data.isWhole())
+            failNoFfo(path, QStringLiteral("its data are damaged"));
+        return data;
+    }
+    const ResourceBlocks blocks(bytes);
+    if (!blocks.contains(ResourceBlocks::iptcNumber))
+        failNoFfo(path, QStringLiteral("it has no IPTC block"));
+    IimData data(blocks.data(ResourceBlocks::iptcNumber));
+    if (!blocks.isWhole() || !data.isWhole())
+        failNoFfo(path, QStringLiteral("its data are damaged or cut short"));
+    return data;
+}
+
+} // namespace
+
+/// Blocks as they are now, and what was read from them so far.
+struct MetadataStore::State {
+    EmbeddedMetadata blocks;
+    std::optional<std::vector<ExifAttribute>> attributes;
+    std::optional<IimData> iptc;
+
+    const std::vector<ExifAttribute>& exif() {
+        if (!attributes)
+            attributes = attributesOf(blocks.exif);
+        return *attributes;
+    }
+    const IimData& iim() {
+        if (!iptc)
+            iptc = IimData(ResourceBlocks(blocks.resources).data(ResourceBlocks::iptcNumber));
+        return *iptc;
+    }
+    void setExif(const QByteArray& bytes) {
+        blocks.exif = bytes;
+        attributes.reset();
+    }
+    void setIim(const IimData& data) {
+        ResourceBlocks resources(blocks.resources);
+        resources.replace(ResourceBlocks::iptcNumber, data.bytes());
+        blocks.resources = resources.bytes();
+        iptc.reset();
+    }
+};
+
+MetadataStore::MetadataStore() : m_state(std::make_shared<State>()) {}
+MetadataStore::MetadataStore(EmbeddedMetadata blocks) : m_state(std::make_shared<State>()) {
+    m_state->blocks = std::move(blocks);
+}
+MetadataStore::~MetadataStore() = default;
+MetadataStore::MetadataStore(const MetadataStore&) = default;
+MetadataStore& MetadataStore::operator=(const MetadataStore&) = default;
+// A store that was moved from stays usable: it shares the state.
+// NOLINTNEXTLINE(performance-move-constructor-init)
+MetadataStore::MetadataStore(MetadataStore&& other) noexcept : m_state(other.m_state) {}
+MetadataStore& MetadataStore::operator=(MetadataStore&& other) noexcept {
+    m_state = other.m_state;
+    return *this;
+}
+
+/// For a change: copies that share the state keep what they have.
+MetadataStore::State& MetadataStore::own() {
+    if (m_state.use_count() > 1)
+        m_state = std::make_shared<State>(*m_state);
+    return *m_state;
+}
+
+EmbeddedMetadata MetadataStore::blocks() const {
+    return m_state->blocks;
+}
+
+// --- EXIF --------------------------------------------------------------------------------------------------
+
+int MetadataStore::ExifCount() const {
+    return int(m_state->exif().size());
+}
+
+QString MetadataStore::ExifName(int index) const {
+    if (index < 0 || index >= ExifCount())
+        fail(ErrorNumber::SubscriptOutOfRange);
+    return m_state->exif()[size_t(index)].name;
+}
+
+QString MetadataStore::ExifValue(int index) const {
+    if (index < 0 || index >= ExifCount())
+        fail(ErrorNumber::SubscriptOutOfRange);
+    return m_state->exif()[size_t(index)].value;
+}
+
+QString MetadataStore::ExifValueByName(const QString& name) const {
+    const std::vector<ExifAttribute>& attributes = m_state->exif();
+    const auto found = std::ranges::find(attributes, name, &ExifAttribute::name);
+    return found == attributes.end() ? QString() : found->value;
+}
+
+bool MetadataStore::ExifSet(const QString& name, const QString& value) {
+    const ExifTag* standard = exifTagByName(name);
+    if (!standard || standard->isStructural)
+        return false;
+    const QByteArray& present = m_state->blocks.exif;
+    std::optional<ExifBlock> block = present.isEmpty() ? ExifBlock::fresh() : ExifBlock::read(present);
+    if (!block)
+        return false;
+    for (const ExifTag* tag : placesOf(*block, *standard)) {
+        block = withAttribute(*block, *tag, value);
+        if (!block)
+            return false;
+    }
+    if (block->bytes() != present)
+        own().setExif(block->bytes());
+    return true;
+}
+
+bool MetadataStore::ExifDelete(const QString& name) {
+    std::optional<ExifBlock> block = ExifBlock::read(m_state->blocks.exif);
+    bool found = false;
+    for (const ExifAttribute& attribute : m_state->exif()) {
+        if (attribute.name != name)
+            continue;
+        block = withoutAttribute(*block, attribute);
+        if (!block)
+            return false;
+        found = true;
+    }
+    if (found)
+        own().setExif(block->entries().empty() ? QByteArray() : block->bytes());
+    return found;
+}
+
+void MetadataStore::ExifClear() {
+    own().setExif({});
+}
+
+// --- IPTC --------------------------------------------------------------------------------------------------
+
+bool MetadataStore::HasIptc() const {
+    return !m_state->iim().isEmpty();
+}
+
+QString MetadataStore::iptcText(int dataset) const {
+    return m_state->iim().text(dataset);
+}
+
+QStringList MetadataStore::iptcList(int dataset) const {
+    return m_state->iim().texts(dataset);
+}
+
+void MetadataStore::setIptcText(int dataset, const QString& text) {
+    if (iptcText(dataset) == text)
+        return;
+    IimData data = m_state->iim();
+    data.setText(dataset, text);
+    own().setIim(data);
+}
+
+void MetadataStore::setIptcList(int dataset, const QStringList& texts) {
+    if (iptcList(dataset) == texts)
+        return;
+    IimData data = m_state->iim();
+    data.setTexts(dataset, texts);
+    own().setIim(data);
+}
+
+void MetadataStore::IptcClear() {
+    own().setIim({});
+}
+
+void MetadataStore::IptcLoadFromFile(const QString& path) {
+    own().setIim(readSideFile(path));
+}
+
+void MetadataStore::IptcSaveToFile(const QString& path) const {
+    writeFileSafely(path, ResourceBlocks::block(ResourceBlocks::iptcNumber, m_state->iim().bytes()));
+}
+
+} // namespace tarsel

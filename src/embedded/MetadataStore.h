@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "embedded/EmbeddedMetadata.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+namespace tarsel {
+
+/// The metadata that a box holds: bytes and types as read; only what was changed is written anew. Maker
+/// notes, XMP and the profile are carried along. Parsing happens on the first look, so that a picture that
+/// only passes through costs nothing. Copies share what was parsed, and are thus for one thread at a time.
+class MetadataStore {
+public:
+    MetadataStore();
+    explicit MetadataStore(EmbeddedMetadata blocks);
+    ~MetadataStore();
+    MetadataStore(const MetadataStore&);
+    MetadataStore& operator=(const MetadataStore&);
+    MetadataStore(MetadataStore&&) noexcept;
+    MetadataStore& operator=(MetadataStore&&) noexcept;
+
+    /// The blocks as they go into a file: unchanged blocks byte for byte.
+    EmbeddedMetadata blocks() const;
+
+    // --- EXIF: an indexed list of names ("DateTimeOriginal") and raw texts ("10/1250", "30,32,32,30") in the
+    // order of the file, without the thumbnail's. An index out of range raises error 9. --------------------
+    int ExifCount() const;
+    QString ExifName(int index) const;
+    QString ExifValue(int index) const;
+    QString ExifValueByName(const QString& name) const; ///< "" when absent
+    /// Any attribute of the standard, made when it is missing. False, and nothing changed, when the name
+    /// isn't known or describes the structure, when the value doesn't convert to the attribute's type, or
+    /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.
+    bool ExifSet(const QString& name, const QString& value);
+    bool ExifDelete(const QString& name); ///< false when absent, or when others hang on it
+    void ExifClear();
+
+    // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
+    bool HasIptc() const;                ///< more than marks of version and character set
+    QString iptcText(int dataset) const; ///< "" when absent
+    void setIptcText(int dataset,
+                     const QString& text); ///< an empty text removes the dataset; error 6 beyond 32767 bytes
+    QStringList iptcList(int dataset) const;
+    void setIptcList(int dataset, const QStringList& texts);
+    void IptcClear();
+    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is no .ffo file
+    void IptcSaveToFile(const QString& path) const;
+
+private:
+    struct State;
+    State& own();
+
+    std::shared_ptr<State> m_state;
+};
+
+/// Between a date and the EXIF date text "yyyy:MM:dd hh:mm:ss". The standard's unknown date (blanks or zeros)
+/// is the empty date; error 13 for any other text that is no such date.
+QDateTime exifTextToDate(const QString& text);
+QString exifDateToText(const QDateTime& date);
+
+} // namespace tarsel

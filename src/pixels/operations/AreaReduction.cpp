@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pixels/operations/AreaReduction.h"
+
+#include "pixels/operations/RowPrefetch.h"
+#include "pixels/operations/Vectorised.h"
+
+#include <vector>
+
+namespace tarsel::operations {
+
+namespace {
+
+TARSEL_VECTORISED void startSums(const std::uint8_t* __restrict row, std::uint16_t* __restrict sums,
+                                 int size) {
+    for (int i = 0; i < size; ++i)
+        sums[i] = row[i];
+}
+
+TARSEL_VECTORISED void addToSums(const std::uint8_t* __restrict row, std::uint16_t* __restrict sums,
+                                 int size) {
+    for (int i = 0; i < size; ++i)
+        sums[i] = std::uint16_t(sums[i] + row[i]);
+}
+
+void meansAcross(const std::uint16_t* sums, std::uint8_t* out, int width, int channels, int acrossFactor,
+                 unsigned area) {
+    for (int x = 0; x < width; ++x)
+        for (int c = 0; c < channels; ++c) {
+            const std::uint16_t* sum = sums + std::ptrdiff_t(x) * acrossFactor * channels + c;
+            unsigned total = area / 2;
+            for (int k = 0; k < acrossFactor; ++k)
+                total += sum[std::ptrdiff_t(k) * channels];
+            out[x * channels + c] = std::uint8_t(total / area);
+        }
+}
+
+void reduceByArea(ConstPixelView source, PixelView target, int acrossFactor, int downFactor) {
+    const int size = target.width * acrossFactor * source.channels;
+    std::vector<std::uint16_t> sums(std::size_t(size), 0);
+    for (int y = 0; y < target.height; ++y) {
+        prefetchRow(source, y * downFactor + 1);
+        startSums(source.row(y * downFactor), sums.data(), size);
+        for (int k = 1; k < downFactor; ++k) {
+            prefetchRow(source, y * downFactor + k + 1);
+            addToSums(source.row(y * downFactor + k), sums.data(), size);
+        }
+        meansAcross(sums.data(), target.row(y), target.width, target.channels, acrossFactor,
+                    unsigned(acrossFactor * downFactor));
+    }
+}
+
+/// Means of 2 x 2 pixels, still at the place of the left one of each pair.
+TARSEL_VECTORISED void averageFours(const std::uint8_t* __restrict upper,
+                                    const std::uint8_t* __restrict lower, std::uint8_t* __restrict out,
+                                    int size, int channels) {
+    const std::uint8_t* upperNext = upper + channels;
+    const std::uint8_t* lowerNext = lower + channels;
+    for (int i = 0; i < size; ++i)
+        out[i] = std::uint8_t((upper[i] + upperNext[i] + lower[i] + lowerNext[i] + 2) >> 2);
+}
+
+template <int Channels>
+TARSEL_INLINED void takeEvery2nd(const std::uint8_t* __restrict in, std::uint8_t* __restrict out, int width) {
+    for (int x = 0; x < width; ++x)
+        for (int c = 0; c < Channels; ++c)
+            out[x * Channels + c] = in[2 * x * Channels + c];
+}
+
+TARSEL_VECTORISED void takeEvenPixels(const std::uint8_t* __restrict in, std::uint8_t* __restrict out,
+                                      int width, int channels) {
+    if (channels == 3)
+        takeEvery2nd<3>(in, out, width);
+    else
+        takeEvery2nd<4>(in, out, width);
+}
+
+void halve(ConstPixelView source, PixelView target) {
+    const int size = (2 * target.width - 1) * source.channels;
+    std::vector<std::uint8_t> means(std::size_t(size), 0);
+    for (int y = 0; y < target.height; ++y) {
+        prefetchRow(source, 2 * y + 2);
+        prefetchRow(source, 2 * y + 3);
+        prefetchRow(target, y + 1);
+        averageFours(source.row(2 * y), source.row(2 * y + 1), means.data(), size, source.channels);
+        takeEvenPixels(means.data(), target.row(y), target.width, source.channels);
+    }
+}
+
+} // namespace
+
+void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor) {
+    if (acrossFactor == 2 && downFactor == 2)
+        halve(source, target);
+    else
+        reduceByArea(source, target, acrossFactor, downFactor);
+}
+
+} // namespace tarsel::operations

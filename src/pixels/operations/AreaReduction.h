@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pixels/Picture.h"
+
+namespace tarsel::operations {
+
+/// Largest whole factor of areaReduction, on either axis.
+constexpr int LargestAreaFactor = 256;
+
+/// Reduces by whole factors: each pixel of `target` is the rounded mean of the acrossFactor x downFactor
+/// pixels of `source` that it covers, which is exact. `source` has at least target.width * acrossFactor
+/// columns and target.height * downFactor rows; what lies beyond these is left out. Channels are averaged on
+/// their own, alpha too.
+void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor);
+
+} // namespace tarsel::operations

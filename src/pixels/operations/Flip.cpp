@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pixels/operations/Flip.h"
+
+#include "pixels/operations/RowPrefetch.h"
+#include "pixels/operations/Vectorised.h"
+
+#include <cstring>
+#include <vector>
+
+namespace tarsel::operations {
+
+namespace {
+
+template <int Channels>
+TARSEL_INLINED void mirrorPixels(const std::uint8_t* in, std::uint8_t* out, int width) {
+    for (int x = 0; x < width; ++x)
+        for (int c = 0; c < Channels; ++c)
+            out[x * Channels + c] = in[(width - 1 - x) * Channels + c];
+}
+
+TARSEL_VECTORISED void mirrorRow(const std::uint8_t* __restrict in, std::uint8_t* __restrict out, int width,
+                                 int channels) {
+    if (channels == 3)
+        mirrorPixels<3>(in, out, width);
+    else
+        mirrorPixels<4>(in, out, width);
+}
+
+} // namespace
+
+void flipHorizontal(ConstPixelView source, PixelView target) {
+    const std::size_t size = std::size_t(source.width) * std::size_t(source.channels);
+    std::vector<std::uint8_t> row(size); // one row stays in the cache: in place costs no more
+    for (int y = 0; y < source.height; ++y) {
+        prefetchRow(source, y + 1);
+        mirrorRow(source.row(y), row.data(), source.width, source.channels);
+        std::memcpy(target.row(y), row.data(), size);
+    }
+}
+
+void flipVertical(ConstPixelView source, PixelView target) {
+    const std::size_t size = std::size_t(source.width) * std::size_t(source.channels);
+    std::vector<std::uint8_t> upper(size);
+    for (int top = 0, bottom = source.height - 1; top <= bottom; ++top, --bottom) {
+        std::memcpy(upper.data(), source.row(top), size);
+        std::memmove(target.row(top), source.row(bottom), size);
+        std::memcpy(target.row(bottom), upper.data(), size);
+    }
+}
+
+} // namespace tarsel::operations

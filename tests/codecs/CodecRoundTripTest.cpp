@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/ResourceBlocks.h"
+#include "imaging/ImageBox.h"
+#include "tests/support/CodecTestFiles.h"
+#include "tests/support/TestPictures.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace tarsel {
+namespace {
+
+QByteArray encoded(const char* extension, const Picture& picture, const SaveSettings& settings = {},
+                   const EmbeddedMetadata& metadata = {}) {
+    return codecForExtension(QString::fromLatin1(extension))->encode(picture, settings, metadata);
+}
+
+DecodedPicture decoded(const QByteArray& bytes) {
+    return decodeByContent(bytes, QStringLiteral("round trip"), 1);
+}
+
+TEST(CodecRoundTrip, losslessFormatsGiveBackEveryPixelOfEverySize) {
+    for (const auto& [width, height] : test::oddSizes()) {
+        const Picture picture = test::noisePicture(width, height, 3);
+        for (const char* extension : {"tif", "png", "bmp"})
+            EXPECT_TRUE(decoded(encoded(extension, picture)).picture == picture)
+                << extension << ' ' << width << " x " << height;
+        for (int compression = 0; compression <= 2; ++compression) {
+            SaveSettings settings;
+            settings.TiffCompression = compression;
+            EXPECT_TRUE(decoded(encoded("tif", picture, settings)).picture == picture) << compression;
+        }
+    }
+}
+
+TEST(CodecRoundTrip, encodingLeavesThePictureAsItWas) {
+    const Picture picture = test::noisePicture(53, 31, 4);
+    const Picture copy = test::noisePicture(53, 31, 4);
+    SaveSettings settings;
+    settings.TiffCompression = 2;
+    for (const char* extension : {"tif", "png", "bmp", "jpg"}) {
+        encoded(extension, picture, settings);
+        EXPECT_TRUE(picture == copy) << extension;
+    }
+}
+
+TEST(CodecRoundTrip, transparencyStaysWhereTheFormatHasIt) {
+    const Picture picture = test::noisePicture(37, 29, 4);
+    EXPECT_TRUE(decoded(encoded("png", picture)).picture == picture);
+    EXPECT_TRUE(decoded(encoded("tif", picture)).picture == picture);
+}
+
+TEST(CodecRoundTrip, transparencyShowsTheBackColourWhereTheFormatHasNone) {
+    Picture picture = test::plainPicture(24, 24, 4, {200, 0, 0});
+    const PixelView view = picture.edit();
+    for (int y = 0; y < 24; ++y)
+        for (int x = 0; x < 24; ++x)
+            view.pixel(x, y)[3] = 0;
+    SaveSettings settings;
+    settings.BackColor = colorOf({10, 20, 250});
+    for (const char* extension : {"jpg", "bmp"}) {
+        const Rgb color = test::colorAt(decoded(encoded(extension, picture, settings)).picture, 12, 12);
+        EXPECT_NEAR(color.red, 10, 4) << extension;
+        EXPECT_NEAR(color.blue, 250, 4) << extension;
+    }
+}
+
+TEST(CodecRoundTrip, jpegKeepsSizesAndComesCloseAtHighQuality) {
+    for (const auto& [width, height] : test::oddSizes()) {
+        const Picture picture = decoded(encoded("jpg", test::photograph(width, height))).picture;
+        EXPECT_EQ(picture.width(), width);
+        EXPECT_EQ(picture.height(), height);
+        EXPECT_EQ(picture.channels(), 3);
+    }
+    SaveSettings best;
+    best.JpegQuality = 100;
+    const Picture plain = test::plainPicture(40, 40, 3, {30, 140, 220});
+    EXPECT_LE(test::largestDifference(decoded(encoded("jpg", plain, best)).picture, plain), 3);
+}
+
+TEST(CodecRoundTrip, jpegGrowsWithQuality) {
+    const Picture picture = test::photograph(200, 150);
+    qsizetype smaller = 0;
+    for (const int quality : {1, 30, 60, 80, 95, 100}) {
+        SaveSettings settings;
+        settings.JpegQuality = quality;
+        const qsizetype size = encoded("jpg", picture, settings).size();
+        EXPECT_GT(size, smaller) << quality;
+        smaller = size;
+    }
+}
+
+TEST(CodecRoundTrip, theGrayscaleEntryWritesOneChannel) {
+    SaveSettings settings;
+    settings.ColorFormat = 2;
+    const QByteArray bytes = encoded("jpg", test::photograph(64, 64), settings, test::everyKindOfMetadata());
+    EXPECT_EQ(codecForContent(bytes, {})->header(bytes, {}).bitsPerPixel, 8);
+    const DecodedPicture gray = decoded(bytes);
+    EXPECT_EQ(gray.picture.channels(), 3);
+    const Rgb color = test::colorAt(gray.picture, 20, 30);
+    EXPECT_EQ(color.red, color.green);
+    EXPECT_EQ(color.green, color.blue);
+    EXPECT_TRUE(gray.metadata.iccProfile.isEmpty()) << "a profile for three channels";
+}
+
+TEST(CodecRoundTrip, theProgressiveEntryWritesAProgressiveFrame) {
+    SaveSettings settings;
+    const Picture picture = test::photograph(64, 64);
+    const QByteArray baselineFrame("\xFF\xC0", 2), progressiveFrame("\xFF\xC2", 2);
+    EXPECT_TRUE(encoded("jpg", picture, settings).contains(baselineFrame));
+    settings.JpegEncoding = true;
+    const QByteArray bytes = encoded("jpg", picture, settings);
+    EXPECT_TRUE(bytes.contains(progressiveFrame));
+    EXPECT_EQ(decoded(bytes).picture.width(), 64);
+}
+
+TEST(MetadataRoundTrip, jpegCarriesEveryBlockByteForByte) {
+    const EmbeddedMetadata before = test::everyKindOfMetadata();
+    const EmbeddedMetadata after = decoded(encoded("jpg", test::photograph(20, 20), {}, before)).metadata;
+    EXPECT_EQ(after.exif, before.exif);
+    EXPECT_EQ(after.resources, before.resources);
+    EXPECT_EQ(after.xmp, before.xmp);
+    EXPECT_EQ(after.iccProfile, before.iccProfile);
+}
+
+TEST(MetadataRoundTrip, blocksLargerThanASegmentAreSplitAndJoined) {
+    EmbeddedMetadata before = test::everyKindOfMetadata();
+    before.exif += QByteArray(150'000, 'e');
+    before.resources += ResourceBlocks::block(0x2222, QByteArray(200'000, 'r'));
+    before.extendedXmp = QByteArray(140'000, 'x');
+    before.iccProfile += QByteArray(180'000, 'p');
+    const EmbeddedMetadata after = decoded(encoded("jpg", test::photograph(20, 20), {}, before)).metadata;
+    EXPECT_EQ(after.exif, before.exif);
+    EXPECT_EQ(after.resources, before.resources);
+    EXPECT_EQ(after.extendedXmp, before.extendedXmp);
+    EXPECT_EQ(after.iccProfile, before.iccProfile);
+}
+
+TEST(MetadataRoundTrip, anXmpPacketTooLargeForASegmentMovesIntoAnExtension) {
+    EmbeddedMetadata before;
+    before.xmp = "<x:xmpmeta>" + QByteArray(100'000, ' ') + "</x:xmpmeta>";
+    const EmbeddedMetadata after = decoded(encoded("jpg", test::photograph(20, 20), {}, before)).metadata;
+    EXPECT_EQ(after.extendedXmp, before.xmp);
+    EXPECT_TRUE(after.xmp.contains("HasExtendedXMP"));
+}
+
+TEST(MetadataRoundTrip, tiffCarriesEveryBlock) {
+    const EmbeddedMetadata before = test::everyKindOfMetadata();
+    const EmbeddedMetadata after = decoded(encoded("tif", test::photograph(20, 20), {}, before)).metadata;
+    EXPECT_EQ(after.resources, before.resources);
+    EXPECT_EQ(after.xmp, before.xmp);
+    EXPECT_EQ(after.iccProfile, before.iccProfile);
+    const MetadataStore one(before), other(after);
+    ASSERT_GT(one.ExifCount(), 0);
+    ASSERT_EQ(other.ExifCount(), one.ExifCount());
+    for (int i = 0; i < one.ExifCount(); ++i) {
+        EXPECT_EQ(other.ExifName(i), one.ExifName(i));
+        const bool isPlace = one.ExifName(i).contains(QLatin1String("Offset")); // moves with the directory
+        EXPECT_TRUE(isPlace || other.ExifValue(i) == one.ExifValue(i)) << one.ExifName(i).toStdString();
+    }
+}
+
+TEST(MetadataRoundTrip, pngCarriesExifXmpAndProfile) {
+    const EmbeddedMetadata before = test::everyKindOfMetadata();
+    const QByteArray bytes = encoded("png", test::photograph(20, 20), {}, before);
+    const EmbeddedMetadata after = decoded(bytes).metadata;
+    EXPECT_EQ(bytes.count("eXIf"), 1);
+    EXPECT_LT(bytes.indexOf("eXIf"), bytes.indexOf("IDAT")) << "where other readers look for it";
+    EXPECT_EQ(after.exif, before.exif);
+    EXPECT_EQ(after.xmp, before.xmp);
+    EXPECT_EQ(after.iccProfile, before.iccProfile);
+}
+
+TEST(MetadataRoundTrip, corpusJpegsKeepTheirBlocksThroughLoadAndSave) {
+    TARSEL_REQUIRE_CORPUS();
+    QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("copy.jpg"));
+    int withMetadata = 0;
+    for (const test::CorpusPicture& picture : test::corpusPictures()) {
+        if (picture.fact("format") != QLatin1String("jpeg") ||
+            picture.fact("category") != QLatin1String("meta"))
+            continue;
+        SCOPED_TRACE(picture.path.toStdString());
+        ImageBox box;
+        box.LoadFromFile(picture.path);
+        box.SaveToFile(copy);
+        const EmbeddedMetadata before = box.metadata().blocks();
+        const EmbeddedMetadata after = decoded(test::bytesOf(copy)).metadata;
+        EXPECT_EQ(after.exif, before.exif);
+        EXPECT_EQ(after.resources, before.resources);
+        EXPECT_EQ(after.xmp, before.xmp);
+        EXPECT_EQ(after.extendedXmp, before.extendedXmp);
+        EXPECT_EQ(after.iccProfile, before.iccProfile);
+        withMetadata += before.isEmpty() ? 0 : 1;
+    }
+    EXPECT_GT(withMetadata, 20);
+}
+
+TEST(MetadataRoundTrip, aPsdGivesItsIptcAndXmp) {
+    TARSEL_REQUIRE_CORPUS();
+    const QString path = *test::corpusFolder() + QStringLiteral("/meta/Photoshop.psd");
+    const QByteArray bytes = test::bytesOf(path);
+    const EmbeddedMetadata blocks = codecForContent(bytes, path)->metadata(bytes, path);
+    EXPECT_TRUE(MetadataStore(blocks).HasIptc());
+    EXPECT_TRUE(blocks.xmp.contains("rdf:RDF"));
+}
+
+} // namespace
+} // namespace tarsel

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/ExifBlock.h"
+#include "embedded/MetadataStore.h"
+#include "tests/support/TiffStructure.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr quint16 make = 0x010F;
+constexpr quint16 software = 0x0131;
+constexpr quint16 artist = 0x013B;
+constexpr quint16 photoPointer = 0x8769;
+constexpr quint16 asciiType = 2;
+constexpr quint16 longType = 4;
+
+void setText(ExifBlock& block, quint16 tag, const QByteArray& text) {
+    block.set(ExifGroup::Image, tag, ExifType::Ascii, quint32(text.size() + 1), text + '\0');
+}
+
+QByteArray textOf(const ExifBlock& block, quint16 tag) {
+    const ExifEntry* entry = block.find(ExifGroup::Image, tag);
+    return entry ? block.value(*entry).chopped(1).toByteArray() : QByteArray("absent");
+}
+
+/// Make and a Photo directory with a maker note, and a thumbnail of 100 bytes of 'T' at the end.
+QByteArray cameraBlock() {
+    const quint32 rest = tiffRest(2);
+    const quint32 photo = rest + 6;
+    const quint32 note = photo + 18;
+    const quint32 thumbnail = note + 20;
+    const quint32 picture = thumbnail + 30;
+    return tiffBlock({{make, asciiType, 6, rest}, {photoPointer, longType, 1, photo}}, thumbnail,
+                     QByteArray("Acme!\0", 6) + tiffDirectory({{0x927C, 7, 20, note}}) + QByteArray(20, 'N') +
+                         tiffDirectory({{0x0201, longType, 1, picture}, {0x0202, longType, 1, 100}}) +
+                         QByteArray(100, 'T'));
+}
+
+} // namespace
+
+TEST(ExifBlock, RefusesWhatIsNoTiffStructure) {
+    for (const QByteArray& bytes :
+         {QByteArray(), QByteArray("II"), QByteArray("II*\0\x08\0\0", 7),
+          QByteArray("XX*\0\x08\0\0\0\0\0\0\0\0\0", 14), QByteArray("II\x2B\0\x08\0\0\0\0\0\0\0\0\0", 14),
+          QByteArray("II*\0\xFF\0\0\0\0\0\0\0\0\0", 14), QByteArray("II*\0\0\0\0\0\0\0\0\0\0\0", 14)})
+        EXPECT_FALSE(ExifBlock::read(bytes)) << bytes.toHex().constData();
+}
+
+TEST(ExifBlock, ANewAttributeLeavesTheMakerNoteWhereItIs) {
+    ExifBlock block = *ExifBlock::read(cameraBlock());
+    const qsizetype before = block.find(ExifGroup::Photo, 0x927C)->valuePosition;
+    setText(block, software, "Editor 1.0");
+    const ExifEntry* note = block.find(ExifGroup::Photo, 0x927C);
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->valuePosition, before);
+    EXPECT_EQ(block.value(*note), QByteArray(20, 'N'));
+    EXPECT_EQ(textOf(block, software), "Editor 1.0");
+}
+
+TEST(ExifBlock, DirectoriesStayInTheOrderOfTheirTags) {
+    ExifBlock block = ExifBlock::fresh();
+    for (const quint16 tag : {quint16(0x8298), make, artist, quint16(0x010E), software})
+        setText(block, tag, "text");
+    quint16 last = 0;
+    for (const ExifEntry& entry : block.entries()) {
+        EXPECT_GT(entry.tag, last);
+        last = entry.tag;
+    }
+    EXPECT_EQ(block.entries().size(), 5u);
+}
+
+TEST(ExifBlock, AShorterValueTakesTheOldPlaceAndLeavesNothingOfTheOldText) {
+    ExifBlock block = *ExifBlock::read(cameraBlock());
+    setText(block, artist, "A secret name that is long");
+    const qsizetype size = block.bytes().size();
+    setText(block, artist, "Nobody");
+    EXPECT_EQ(block.bytes().size(), size);
+    EXPECT_FALSE(block.bytes().contains("secret"));
+}
+
+TEST(ExifBlock, ALongerValueAndARemovedOneLeaveNothingOfTheOldText) {
+    ExifBlock block = *ExifBlock::read(cameraBlock());
+    setText(block, artist, "A secret name");
+    setText(block, artist, "Somebody whose name is a good deal longer");
+    EXPECT_FALSE(block.bytes().contains("secret"));
+    block.remove(ExifGroup::Image, artist);
+    EXPECT_FALSE(block.bytes().contains("Somebody"));
+    EXPECT_EQ(textOf(block, artist), "absent");
+    EXPECT_EQ(textOf(block, make), "Acme!");
+}
+
+TEST(ExifBlock, BrandingAgainAndAgainDoesNotGrowTheBlock) {
+    ExifBlock block = *ExifBlock::read(cameraBlock());
+    setText(block, software, "Editor 1.0");
+    const QByteArray once = block.bytes();
+    for (int i = 0; i < 50; ++i)
+        setText(block, software, "Editor 1.0");
+    EXPECT_EQ(block.bytes(), once);
+    for (int i = 0; i < 50; ++i) {
+        block.remove(ExifGroup::Image, software);
+        setText(block, software, "Editor 1.0");
+    }
+    EXPECT_LE(block.bytes().size(), once.size() + 100);
+}
+
+TEST(ExifBlock, AValueThatTwoEntriesShareIsNotOverwritten) {
+    const quint32 rest = tiffRest(2);
+    ExifBlock block = *ExifBlock::read(
+        tiffBlock({{make, asciiType, 6, rest}, {artist, asciiType, 6, rest}}, 0, QByteArray("Acme!\0", 6)));
+    setText(block, artist, "Bcde!");
+    EXPECT_EQ(textOf(block, make), "Acme!");
+    EXPECT_EQ(textOf(block, artist), "Bcde!");
+}
+
+TEST(ExifBlock, AMissingDirectoryIsMadeWithItsParent) {
+    ExifBlock block = ExifBlock::fresh();
+    block.set(ExifGroup::Interoperability, 1, ExifType::Ascii, 4, QByteArray("R98\0", 4));
+    const ExifBlock again = *ExifBlock::read(block.bytes());
+    ASSERT_TRUE(again.find(ExifGroup::Interoperability, 1));
+    EXPECT_TRUE(again.find(ExifGroup::Image, photoPointer));
+    block.remove(ExifGroup::Interoperability, 1);
+    EXPECT_TRUE(block.entries().empty()) << "directories that became empty hang on";
+}
+
+TEST(ExifBlock, TheThumbnailGoesWhole) {
+    ExifBlock block = *ExifBlock::read(cameraBlock());
+    block.dropThumbnail();
+    EXPECT_FALSE(block.bytes().contains('T'));
+    EXPECT_EQ(block.find(ExifGroup::Thumbnail, 0x0201), nullptr);
+    EXPECT_EQ(block.bytes().size(), cameraBlock().size() - 130);
+    EXPECT_EQ(textOf(block, make), "Acme!");
+}
+
+TEST(ExifBlock, RoomOfAThumbnailInTheMiddleIsUsedAgain) {
+    ExifBlock block = *ExifBlock::read(cameraBlock());
+    setText(block, software, "Editor 1.0"); // what grew lies behind the thumbnail now
+    const qsizetype size = block.bytes().size();
+    block.dropThumbnail();
+    setText(block, artist, "Somebody with a name");
+    EXPECT_LE(block.bytes().size(), size + 50);
+    EXPECT_EQ(textOf(block, artist), "Somebody with a name");
+    EXPECT_EQ(textOf(block, software), "Editor 1.0");
+}
+
+TEST(ExifBlock, ADirectoryThatLeadsToItselfIsReadOnce) {
+    const ExifBlock block =
+        *ExifBlock::read(tiffBlock({{make, asciiType, 4, 0x00656D41}, {photoPointer, longType, 1, 8}}, 8));
+    EXPECT_EQ(block.entries().size(), 2u);
+}
+
+TEST(ExifBlock, CountsAndOffsetsBeyondTheBlockGiveNoValue) {
+    const ExifBlock block = *ExifBlock::read(tiffBlock({{make, asciiType, 0xFFFFFFFF, 8},
+                                                        {artist, asciiType, 8, 0xFFFFFFF0},
+                                                        {0x011A, 5, 0x20000001, 8},
+                                                        {0x0128, 99, 1, 2},
+                                                        {software, asciiType, 3, 0x00004241}}));
+    ASSERT_EQ(block.entries().size(), 5u);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_FALSE(block.entries()[size_t(i)].hasValue) << i;
+    EXPECT_EQ(textOf(block, software), "AB");
+}
+
+TEST(ExifBlock, ABlockCutAtAnyLengthNeverCrashesAndTakesANewValueOrRefuses) {
+    const QByteArray whole = cameraBlock();
+    for (qsizetype size = 0; size <= whole.size(); ++size) {
+        EmbeddedMetadata blocks;
+        blocks.exif = whole.left(size);
+        MetadataStore store(blocks);
+        store.ExifCount();
+        if (size > 0 && store.ExifSet(QStringLiteral("Artist"), QStringLiteral("Somebody"))) {
+            EXPECT_EQ(store.ExifValueByName(QStringLiteral("Artist")), QStringLiteral("Somebody")) << size;
+        } else {
+            EXPECT_TRUE(size == 0 || store.blocks().exif == blocks.exif) << size;
+        }
+    }
+}
+
+TEST(ExifBlock, FlippedBitsNeverCrashAndNeverLoseAValueThatReadBefore) {
+    std::mt19937 random(20040307);
+    for (int round = 0; round < 20000; ++round) {
+        QByteArray bytes = cameraBlock();
+        for (int flips = 0; flips < 1 + round % 6; ++flips) {
+            const auto at = qsizetype(random() % size_t(bytes.size()));
+            bytes[at] = char(bytes[at] ^ (1 << random() % 8));
+        }
+        EmbeddedMetadata blocks;
+        blocks.exif = bytes;
+        MetadataStore store(blocks);
+        const int before = store.ExifCount();
+        const QString maker = store.ExifValueByName(QStringLiteral("Make"));
+        if (store.ExifSet(QStringLiteral("Software"), QStringLiteral("Editor 1.0"))) {
+            EXPECT_GE(store.ExifCount(), before);
+            EXPECT_TRUE(maker.isEmpty() || store.ExifValueByName(QStringLiteral("Make")) == maker);
+        } else {
+            EXPECT_EQ(store.blocks().exif, bytes);
+        }
+        store.ExifDelete(QStringLiteral("Make"));
+        store.ExifDelete(QStringLiteral("Software"));
+    }
+}

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/ExifBlock.h"
+#include "embedded/ExifTagTable.h"
+#include "embedded/MetadataStore.h"
+#include "tests/support/Corpus.h"
+#include "tests/support/PictureBlocks.h"
+
+#include <exiv2/error.hpp>
+#include <exiv2/exif.hpp>
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <vector>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+std::vector<CorpusPicture> picturesWithExif() {
+    std::vector<CorpusPicture> pictures;
+    for (const CorpusPicture& picture : corpusPictures())
+        if (!blocksOfPicture(picture.path).exif.isEmpty())
+            pictures.push_back(picture);
+    return pictures;
+}
+
+Exiv2::ExifData decoded(const QByteArray& exif) {
+    Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
+    Exiv2::ExifData data;
+    try {
+        Exiv2::ExifParser::decode(data, reinterpret_cast<const Exiv2::byte*>(exif.constData()),
+                                  uint32_t(exif.size()));
+    } catch (const Exiv2::AnyError&) {
+    }
+    return data;
+}
+
+/// What a foreign parser reads, maker notes decoded; a repeated key counts.
+std::multimap<std::string, std::string> foreignReading(const QByteArray& exif) {
+    std::multimap<std::string, std::string> values;
+    for (const Exiv2::Exifdatum& datum : decoded(exif)) {
+        const bool isPointer = datum.tagName() == "ExifTag" || datum.tagName() == "GPSTag" ||
+                               datum.tagName() == "InteroperabilityTag";
+        values.emplace(datum.key(), isPointer ? "" : datum.toString());
+    }
+    return values;
+}
+
+int foreignCount(const QByteArray& exif) {
+    int count = 0;
+    for (const Exiv2::Exifdatum& datum : decoded(exif)) {
+        const std::string group = datum.groupName();
+        count += group == "Image" || group == "Photo" || group == "GPSInfo" || group == "Iop";
+    }
+    return count;
+}
+
+bool isDamaged(const CorpusPicture& picture) {
+    const QString category = picture.fact("category");
+    return category == QLatin1String("meta-damaged") || category == QLatin1String("bad");
+}
+
+MetadataStore storeOf(const CorpusPicture& picture) {
+    return MetadataStore(blocksOfPicture(picture.path));
+}
+
+} // namespace
+
+TEST(ExifCorpus, ListsAsManyAttributesAsAForeignParser) {
+    TARSEL_REQUIRE_CORPUS();
+    for (const CorpusPicture& picture : picturesWithExif()) {
+        if (isDamaged(picture))
+            continue;
+        EXPECT_EQ(storeOf(picture).ExifCount(), foreignCount(blocksOfPicture(picture.path).exif))
+            << qPrintable(picture.path);
+    }
+}
+
+TEST(ExifCorpus, MakeModelAndDateAreThoseOfTheManifest) {
+    TARSEL_REQUIRE_CORPUS();
+    for (const CorpusPicture& picture : picturesWithExif()) {
+        if (isDamaged(picture))
+            continue;
+        const MetadataStore store = storeOf(picture);
+        EXPECT_EQ(store.ExifValueByName(QStringLiteral("Make")).trimmed(), picture.fact("make"))
+            << qPrintable(picture.path);
+        EXPECT_EQ(store.ExifValueByName(QStringLiteral("Model")).trimmed(), picture.fact("model"))
+            << qPrintable(picture.path);
+        EXPECT_EQ(store.ExifValueByName(QStringLiteral("DateTimeOriginal")).trimmed(),
+                  picture.fact("datetime_original"))
+            << qPrintable(picture.path);
+    }
+}
+
+TEST(ExifCorpus, ChangingOneAttributeKeepsAllOthersForAForeignParserMakerNotesIncluded) {
+    TARSEL_REQUIRE_CORPUS();
+    for (const CorpusPicture& picture : picturesWithExif()) {
+        MetadataStore store = storeOf(picture);
+        const QByteArray before = store.blocks().exif;
+        if (!ExifBlock::read(before))
+            continue;
+        ASSERT_TRUE(store.ExifSet(QStringLiteral("Artist"), QStringLiteral("Ansel Adams and several others")))
+            << qPrintable(picture.path);
+        auto expected = foreignReading(before);
+        expected.erase("Exif.Image.Artist");
+        expected.emplace("Exif.Image.Artist", "Ansel Adams and several others");
+        if (!isDamaged(picture)) {
+            EXPECT_EQ(foreignReading(store.blocks().exif), expected) << qPrintable(picture.path);
+        }
+    }
+}

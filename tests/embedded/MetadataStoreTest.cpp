@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/MetadataStore.h"
+#include "base/TrappedError.h"
+#include "embedded/ExifBlock.h"
+#include "embedded/ExifTagTable.h"
+#include "tests/support/TiffStructure.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+struct Case {
+    const char* name;
+    const char* text;
+    const char* shown;
+};
+
+QString word(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+MetadataStore storeWithExif(const QByteArray& exif) {
+    EmbeddedMetadata blocks;
+    blocks.exif = exif;
+    return MetadataStore(blocks);
+}
+
+/// Big-endian, one UserComment of `bytes` in a Photo directory.
+QByteArray bigEndianComment(const QByteArray& bytes) {
+    QByteArray block("MM\0*\0\0\0\x08\0\x01\x87\x69\0\x04\0\0\0\x01\0\0\0\x1A\0\0\0\0", 26);
+    block += QByteArray("\0\x01\x92\x86\0\x07\0\0\0", 9) + char(bytes.size()) +
+             QByteArray("\0\0\0\x2C\0\0\0\0", 8);
+    return block + bytes;
+}
+
+} // namespace
+
+TEST(MetadataStore, EachAttributeTakesTextInItsOwnType) {
+    constexpr Case cases[] = {
+        {"Make", "Acme", "Acme"},
+        {"Artist", "Bjørn Ødegård", "Bjørn Ødegård"},
+        {"DateTimeDigitized", "2004:01:31 15:05:09", "2004:01:31 15:05:09"},
+        {"PixelXDimension", "4000", "4000"},
+        {"Orientation", "6", "6"},
+        {"ExposureTime", "10/1250", "10/1250"},
+        {"FNumber", "2.8", "28/10"},
+        {"FocalLength", "35", "35/1"},
+        {"ExposureBiasValue", "-1/3", "-1/3"},
+        {"LensSpecification", "24/1 70/1 28/10 28/10", "24/1 70/1 28/10 28/10"},
+        {"ExifVersion", "30,32,33,32", "30,32,33,32"},
+        {"FileSource", "03", "03"},
+        {"UserComment", "a plain comment", "a plain comment"},
+        {"UserComment", "כן, 谢谢", "כן, 谢谢"},
+        {"XPTitle", "Title 谢谢", "Title 谢谢"},
+        {"GPSLatitudeRef", "N", "N"},
+        {"GPSLatitude", "51/1 30/1 2644/100", "51/1 30/1 2644/100"},
+        {"GPSAltitudeRef", "1", "1"},
+        {"GPSVersionID", "02,03,00,00", "02,03,00,00"},
+        {"InteroperabilityIndex", "R98", "R98"},
+        {"FlashPixVersion", "30,31,30,30", "30,31,30,30"},
+        {"ImageDescription", "", ""},
+    };
+    for (const Case& c : cases) {
+        MetadataStore store;
+        ASSERT_TRUE(store.ExifSet(word(c.name), word(c.text))) << c.name;
+        const MetadataStore again(store.blocks());
+        EXPECT_EQ(again.ExifValueByName(word(c.name)), word(c.shown)) << c.name;
+    }
+}
+
+TEST(MetadataStore, NamesAndValuesThatMakeNoSenseAreRefusedAndChangeNothing) {
+    constexpr std::pair<const char*, const char*> cases[] = {
+        {"NoSuchName", "x"},
+        {"make", "x"},
+        {"", "x"},
+        {"0x9286", "x"},
+        {"ExifOffset", "8"},
+        {"MakerNote", "01,02"},
+        {"StripOffsets", "8"},
+        {"Orientation", "left"},
+        {"Orientation", "70000"},
+        {"PixelXDimension", "-1"},
+        {"PixelXDimension", ""},
+        {"ExposureTime", "1/60s"},
+        {"FNumber", "f/2"},
+        {"ExposureTime", "1/2/3"},
+        {"ExifVersion", "0230"},
+        {"ISOSpeedRatings", "100;200"},
+    };
+    MetadataStore store;
+    ASSERT_TRUE(store.ExifSet(word("Make"), word("Acme")));
+    const QByteArray before = store.blocks().exif;
+    for (const auto& [name, text] : cases)
+        EXPECT_FALSE(store.ExifSet(word(name), word(text))) << name << " " << text;
+    EXPECT_EQ(store.blocks().exif, before);
+}
+
+TEST(MetadataStore, EveryAttributeOfTheStandardThatIsListedCanBeSetFromItsOwnText) {
+    MetadataStore store;
+    for (const char* name :
+         {"Make", "Orientation", "XResolution", "ExposureTime", "ExifVersion", "UserComment", "ColorSpace",
+          "GPSLatitude", "GPSTimeStamp", "SubjectArea", "CFAPattern"}) {
+        const ExifTag* tag = exifTagByName(word(name));
+        ASSERT_TRUE(tag) << name;
+        const char* text = tag->type == ExifType::Ascii || tag->wording == ExifWording::Comment ? "text"
+                           : tag->type == ExifType::Undefined                                   ? "01,02,AB"
+                                                                                                : "7 8 9";
+        ASSERT_TRUE(store.ExifSet(word(name), word(text))) << name;
+    }
+    const MetadataStore first = store;
+    for (int i = 0; i < first.ExifCount(); ++i) {
+        const ExifTag* tag = exifTagByName(first.ExifName(i));
+        if (tag && !tag->isStructural) {
+            EXPECT_TRUE(store.ExifSet(first.ExifName(i), first.ExifValue(i)))
+                << qPrintable(first.ExifName(i));
+        }
+    }
+    EXPECT_EQ(store.blocks().exif, first.blocks().exif);
+}
+
+TEST(MetadataStore, CommentsAreReadInTheCharacterSetThatTheyName) {
+    struct Comment {
+        QByteArray bytes;
+        const char* text;
+    };
+    const Comment cases[] = {
+        {QByteArray("ASCII\0\0\0plain\0\0", 15), "plain"},
+        {QByteArray("UNICODE\0\0h\0i", 12), "hi"},
+        {QByteArray("UNICODE\0h\0i\0", 12), "hi"},
+        {QByteArray("UNICODE\0\xFF\xFEh\0", 12), "h"},
+        {QByteArray("\0\0\0\0\0\0\0\0caf\xE9", 12), "café"},
+        {QByteArray("ASCII\0\0\0", 8), ""},
+        {QByteArray("UNICODE\0h", 9), ""},
+        {QByteArray("short", 5), "short"},
+    };
+    for (const Comment& c : cases)
+        EXPECT_EQ(storeWithExif(bigEndianComment(c.bytes)).ExifValueByName(word("UserComment")), word(c.text))
+            << c.bytes.toHex().constData();
+}
+
+TEST(MetadataStore, DeletingTakesOneAttributeAndRefusesWhatOthersHangOn) {
+    MetadataStore store;
+    store.ExifSet(word("Make"), word("Acme"));
+    store.ExifSet(word("ExposureTime"), word("1/60"));
+    EXPECT_FALSE(store.ExifDelete(word("Model")));
+    EXPECT_FALSE(store.ExifDelete(word("ExifOffset")));
+    EXPECT_TRUE(store.ExifDelete(word("Make")));
+    EXPECT_EQ(store.ExifValueByName(word("ExposureTime")), word("1/60"));
+    EXPECT_TRUE(store.ExifDelete(word("ExposureTime")));
+    EXPECT_EQ(store.ExifCount(), 0);
+    EXPECT_TRUE(store.blocks().exif.isEmpty());
+}
+
+TEST(MetadataStore, ACopyKeepsWhatItHadWhenTheOtherChanges) {
+    MetadataStore store;
+    store.ExifSet(word("Make"), word("Acme"));
+    store.setIptcText(105, word("first"));
+    const MetadataStore copy = store;
+    store.ExifSet(word("Make"), word("Other"));
+    store.setIptcText(105, word("second"));
+    EXPECT_EQ(copy.ExifValueByName(word("Make")), word("Acme"));
+    EXPECT_EQ(copy.iptcText(105), word("first"));
+    EXPECT_EQ(store.iptcText(105), word("second"));
+}
+
+TEST(MetadataStore, AStoreThatWasMovedFromCanBeUsedOn) {
+    MetadataStore store;
+    store.ExifSet(word("Make"), word("Acme"));
+    const MetadataStore taken = std::move(store);
+    store.ExifClear(); // NOLINT(bugprone-use-after-move): that it works is the point
+    EXPECT_EQ(store.ExifCount(), 0);
+    EXPECT_EQ(taken.ExifCount(), 1);
+}
+
+TEST(MetadataStore, BlocksThatNobodyChangesComeBackByteForByte) {
+    const EmbeddedMetadata blocks{"no EXIF at all", "8BIM damaged", "<x:xmpmeta/>", "its extension",
+                                  "profile"};
+    MetadataStore store(blocks);
+    EXPECT_EQ(store.ExifCount(), 0);
+    EXPECT_FALSE(store.HasIptc());
+    EXPECT_EQ(store.blocks().exif, blocks.exif);
+    EXPECT_EQ(store.blocks().resources, blocks.resources);
+    store.setIptcText(105, word("new"));
+    EXPECT_EQ(store.blocks().xmp, blocks.xmp);
+    EXPECT_EQ(store.blocks().extendedXmp, blocks.extendedXmp);
+    EXPECT_EQ(store.blocks().iccProfile, blocks.iccProfile);
+    EXPECT_FALSE(store.ExifSet(word("Make"), word("Acme"))) << "a damaged block must not be thrown away";
+}
+
+TEST(MetadataStore, AnIndexOutOfRangeIsAnError) {
+    MetadataStore store;
+    EXPECT_THROW(store.ExifName(0), TrappedError);
+    EXPECT_THROW(store.ExifValue(-1), TrappedError);
+}
+
+TEST(MetadataStore, ABlockAtTheLimitOfAJpegSegmentGivesUpItsThumbnailFirst) {
+    const quint32 rest = tiffRest(1);
+    const quint32 thumbnail = rest + 50000;
+    const quint32 picture = thumbnail + 30;
+    const quint32 pictureSize = quint32(largestJpegExif) - picture;
+    const QByteArray full =
+        tiffBlock({{0x010F, 2, 50000, rest}}, thumbnail,
+                  QByteArray(49999, 'M') + '\0' +
+                      tiffDirectory({{0x0201, 4, 1, picture}, {0x0202, 4, 1, pictureSize}}) +
+                      QByteArray(pictureSize, 'T'));
+    ASSERT_EQ(full.size(), largestJpegExif);
+    MetadataStore store = storeWithExif(full);
+    ASSERT_TRUE(store.ExifSet(word("Software"), word("Editor")));
+    EXPECT_LE(store.blocks().exif.size(), largestJpegExif);
+    EXPECT_FALSE(store.blocks().exif.contains("TTTT"));
+    EXPECT_EQ(store.ExifValueByName(word("Make")).size(), 49999);
+    const QByteArray before = store.blocks().exif;
+    EXPECT_FALSE(store.ExifSet(word("Artist"), QString(20000, u'A')));
+    EXPECT_EQ(store.blocks().exif, before);
+}
+
+TEST(MetadataStore, WithinALimitOnlyTheThumbnailGoes) {
+    EXPECT_EQ(exifWithin("anything", 8), QByteArray("anything"));
+    EXPECT_FALSE(exifWithin("anything", 7));
+}
+
+TEST(ExifDate, TextsBecomeDatesAndBack) {
+    struct DateCase {
+        const char* text;
+        QDateTime date;
+    };
+    const QDateTime day(QDate(2004, 1, 31), QTime(0, 0));
+    const QDateTime moment(QDate(2004, 1, 31), QTime(15, 5, 9));
+    const DateCase cases[] = {
+        {"2004:01:31 15:05:09", moment},          {"2004-01-31T15:05:09+01:00", moment},
+        {" 2004:01:31 15:05:09 ", moment},        {"2004:01:31", day},
+        {"2004:01:31 15:05", moment.addSecs(-9)},
+    };
+    for (const DateCase& c : cases)
+        EXPECT_EQ(exifTextToDate(word(c.text)), c.date) << c.text;
+    EXPECT_EQ(exifDateToText(moment), word("2004:01:31 15:05:09"));
+    for (const char* text : {"today", "2004:02:30 00:00:00", "2004:01:31 25:00:00", "2004", "31.01.2004"})
+        EXPECT_THROW(exifTextToDate(word(text)), TrappedError) << text;
+}

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Rotation, crop and the ellipse.
+
+#include "base/TrappedError.h"
+#include "pixels/operations/Crop.h"
+#include "pixels/operations/EllipseMask.h"
+#include "pixels/operations/Rotate.h"
+#include "tests/support/TestPictures.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <numbers>
+
+using namespace tarsel;
+using namespace tarsel::operations;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr Rgb Blue{0, 0, 255};
+constexpr Rgb White{255, 255, 255};
+
+Picture turned(const Picture& picture, double degrees, bool smooth = true) {
+    return rotate(picture, degrees, smooth, Blue);
+}
+
+Picture cut(const Picture& picture, int left, int top, int width, int height) {
+    Picture result(width, height, picture.channels());
+    crop(picture.view(), result.edit(), left, top, Blue);
+    return result;
+}
+
+double distanceOf(Rgb one, Rgb other) {
+    return std::hypot(one.red - other.red, one.green - other.green, one.blue - other.blue);
+}
+
+} // namespace
+
+TEST(Rotate, FourQuarterTurnsGiveThePictureBack) {
+    for (const auto& [width, height] : oddSizes())
+        for (const int channels : {3, 4})
+            for (const double quarter : {90.0, -90.0, 450.0}) {
+                const Picture source = noisePicture(width, height, channels);
+                Picture picture = source;
+                for (int i = 0; i < 4; ++i)
+                    picture = turned(picture, quarter);
+                EXPECT_TRUE(picture == source);
+            }
+}
+
+TEST(Rotate, TurnsClockwise) {
+    const Picture source = noisePicture(31, 17, 3);
+    const Picture quarter = turned(source, 90);
+    ASSERT_EQ(quarter.width(), 17);
+    ASSERT_EQ(quarter.height(), 31);
+    for (int y = 0; y < 17; ++y)
+        for (int x = 0; x < 31; ++x)
+            ASSERT_EQ(colorAt(quarter, 16 - y, x), colorAt(source, x, y));
+    EXPECT_TRUE(turned(source, 270) == turned(source, -90));
+    EXPECT_TRUE(turned(quarter, 90) == turned(source, 180));
+    EXPECT_TRUE(turned(turned(source, 90), -90) == source);
+
+    Picture topRed = plainPicture(101, 101, 3, White);
+    for (int x = 45; x < 56; ++x)
+        for (int y = 2; y < 13; ++y)
+            std::fill_n(topRed.edit().pixel(x, y) + 1, 2, std::uint8_t(0));
+    const Picture turnedALittle = turned(topRed, 45); // what was at the top is at the upper right now
+    const double reach = 43 / std::numbers::sqrt2;
+    const int middle = turnedALittle.width() / 2;
+    EXPECT_EQ(colorAt(turnedALittle, int(middle + reach), int(middle - reach)), (Rgb{255, 0, 0}));
+}
+
+TEST(Rotate, ByWholeTurnsIsThePictureItself) {
+    const Picture source = noisePicture(8, 5, 3);
+    for (const double degrees : {0.0, 360.0, -720.0})
+        EXPECT_EQ(turned(source, degrees).view().data, source.view().data);
+}
+
+TEST(Rotate, GrowsTheCanvasToHoldTheTurnedPicture) {
+    const Picture source = plainPicture(200, 100, 3, White);
+    for (const double degrees : {1.0, 30.0, 45.0, 89.0, 91.0, 135.0, 200.0, -17.0, 359.0}) {
+        const double angle = degrees * std::numbers::pi / 180;
+        const double width = 200 * std::abs(std::cos(angle)) + 100 * std::abs(std::sin(angle));
+        const double height = 200 * std::abs(std::sin(angle)) + 100 * std::abs(std::cos(angle));
+        for (const bool smooth : {false, true}) {
+            const Picture result = turned(source, degrees, smooth);
+            EXPECT_EQ(result.width(), std::ceil(width - 1e-6));
+            EXPECT_EQ(result.height(), std::ceil(height - 1e-6));
+            double whiteness = 0; // the whole picture is there, and nothing of it twice
+            for (int y = 0; y < result.height(); ++y)
+                for (int x = 0; x < result.width(); ++x)
+                    whiteness += colorAt(result, x, y).red / 255.0;
+            EXPECT_NEAR(whiteness, 200 * 100, 60) << degrees;
+        }
+    }
+}
+
+TEST(Rotate, FillsTheCornersWithTheBackColorAndKeepsTheCentre) {
+    const Picture source = plainPicture(60, 40, 4, {200, 10, 30});
+    for (const bool smooth : {false, true}) {
+        const Picture result = turned(source, 33, smooth);
+        EXPECT_EQ(colorAt(result, 0, 0), Blue);
+        EXPECT_EQ(colorAt(result, result.width() - 1, result.height() - 1), Blue);
+        EXPECT_EQ(alphaAt(result, 0, 0), 255);
+        EXPECT_EQ(colorAt(result, result.width() / 2, result.height() / 2), (Rgb{200, 10, 30}));
+    }
+}
+
+TEST(Rotate, FindsEveryPixelWhereGeometrySaysItIs) {
+    const Picture source = pictureOf(90, 70, 3, [](int x, int y) {
+        return Rgb{std::uint8_t(2 * x), std::uint8_t(3 * y), std::uint8_t(x + y)};
+    });
+    for (const double degrees : {7.0, 45.0, 100.0, -160.0, 301.5})
+        for (const bool smooth : {false, true}) {
+            const Picture result = turned(source, degrees, smooth);
+            const double angle = degrees * std::numbers::pi / 180;
+            for (int y = 5; y < 65; y += 6)
+                for (int x = 5; x < 85; x += 6) {
+                    const double fromX = x + 0.5 - 45;
+                    const double fromY = y + 0.5 - 35;
+                    const double toX =
+                        fromX * std::cos(angle) - fromY * std::sin(angle) + result.width() / 2.0;
+                    const double toY =
+                        fromX * std::sin(angle) + fromY * std::cos(angle) + result.height() / 2.0;
+                    EXPECT_LE(distanceOf(colorAt(result, int(toX), int(toY)), colorAt(source, x, y)), 6.0)
+                        << degrees << " at " << x << ", " << y;
+                }
+        }
+}
+
+TEST(Rotate, WorksForLinesAndSinglePixels) {
+    for (const auto& [width, height] : oddSizes())
+        for (const int channels : {3, 4})
+            for (const double degrees : {0.01, 10.0, 44.9, 90.0001, 179.0, 271.0})
+                for (const bool smooth : {false, true}) {
+                    const Picture result = turned(noisePicture(width, height, channels), degrees, smooth);
+                    EXPECT_GE(result.width(), 1);
+                    EXPECT_GE(result.height(), 1);
+                }
+}
+
+TEST(Rotate, LeavesNoSeamOfHiddenColorRoundTransparentParts) {
+    Picture picture = plainPicture(50, 50, 4, {255, 0, 0});
+    for (int y = 0; y < 50; ++y)
+        for (int x = 0; x < 25; ++x) {
+            const std::uint8_t hiddenGreen[4] = {0, 255, 0, 0};
+            std::copy_n(hiddenGreen, 4, picture.edit().pixel(x, y));
+        }
+    const Picture result = turned(picture, 20);
+    for (int x = 25; x < result.width() - 25; ++x)
+        if (alphaAt(result, x, result.height() / 2) > 20) {
+            EXPECT_EQ(colorAt(result, x, result.height() / 2).green, 0) << x;
+        }
+}
+
+TEST(Rotate, RefusesAnglesThatAreNoNumber) {
+    const Picture source = plainPicture(2, 2, 3, White);
+    EXPECT_THROW(turned(source, std::numeric_limits<double>::infinity()), TrappedError);
+    EXPECT_THROW(turned(source, std::numeric_limits<double>::quiet_NaN()), TrappedError);
+}
+
+TEST(Crop, CutsInsideAndEnlargesOutside) {
+    for (const int channels : {3, 4}) {
+        const Picture source = noisePicture(23, 19, channels);
+        for (const auto& [left, top] :
+             {PictureSize{0, 0}, {5, 3}, {-4, -7}, {22, 18}, {-40, 2}, {30, 30}, {3, -60}})
+            for (const auto& [width, height] : oddSizes()) {
+                const Picture result = cut(source, left, top, width, height);
+                for (int y = 0; y < height; ++y)
+                    for (int x = 0; x < width; ++x) {
+                        const int fromX = left + x;
+                        const int fromY = top + y;
+                        const bool inside = fromX >= 0 && fromY >= 0 && fromX < 23 && fromY < 19;
+                        ASSERT_EQ(colorAt(result, x, y), inside ? colorAt(source, fromX, fromY) : Blue);
+                        ASSERT_EQ(alphaAt(result, x, y), inside ? alphaAt(source, fromX, fromY) : 255);
+                    }
+            }
+    }
+}
+
+TEST(Crop, EnlargedAndCutBackIsThePictureAgain) {
+    const Picture source = noisePicture(97, 31, 4);
+    const Picture large = cut(source, -10, -10, 117, 51);
+    EXPECT_TRUE(cut(large, 10, 10, 97, 31) == source);
+}
+
+TEST(Crop, TakesEdgesFarOutside) {
+    const Picture source = noisePicture(4, 4, 3);
+    const int far = std::numeric_limits<int>::max();
+    EXPECT_TRUE(cut(source, far, far, 3, 3) == plainPicture(3, 3, 3, Blue));
+    EXPECT_TRUE(cut(source, -far - 1, -far - 1, 3, 3) == plainPicture(3, 3, 3, Blue));
+}
+
+TEST(EllipseMask, KeepsWhatLiesInsideAndFillsTheRest) {
+    for (const auto& [width, height] : {PictureSize{100, 60}, {61, 101}, {12, 300}, {7, 7}}) {
+        Picture picture = plainPicture(width, height, 3, {255, 0, 0});
+        fillOutsideEllipse(picture.edit(), Blue);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) {
+                // Corners of the pixel decide: all inside, all outside, or mixed.
+                int inside = 0;
+                for (const double dx : {0.0, 1.0})
+                    for (const double dy : {0.0, 1.0})
+                        inside += std::hypot((x + dx) / width * 2 - 1, (y + dy) / height * 2 - 1) <= 1;
+                const Rgb color = colorAt(picture, x, y);
+                if (inside == 4) {
+                    ASSERT_EQ(color, (Rgb{255, 0, 0})) << x << ", " << y;
+                }
+                ASSERT_NEAR(color.red + color.blue, 255, 1);
+            }
+        EXPECT_EQ(colorAt(picture, 0, 0), Blue);
+        EXPECT_EQ(colorAt(picture, width - 1, height - 1), Blue);
+        EXPECT_NEAR(meanOf(picture, 0) / 255, std::numbers::pi / 4, 0.005 + 0.02 / std::min(width, height));
+    }
+}
+
+TEST(EllipseMask, IsSymmetricalAndManagesTinyPictures) {
+    for (const auto& [width, height] : oddSizes()) {
+        Picture picture = plainPicture(width, height, 4, White);
+        fillOutsideEllipse(picture.edit(), {0, 0, 0});
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) {
+                ASSERT_EQ(colorAt(picture, x, y), colorAt(picture, width - 1 - x, y));
+                ASSERT_NEAR(colorAt(picture, x, y).red, colorAt(picture, x, height - 1 - y).red, 1);
+                ASSERT_EQ(alphaAt(picture, x, y), 255);
+            }
+    }
+}

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pixels/operations/Merge.h"
+
+#include "tests/support/TestPictures.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::operations;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr Rgb Red{255, 0, 0};
+constexpr Rgb Gray{100, 100, 100};
+
+Picture merged(const Picture& picture, const Picture& layer, const MergeOptions& options) {
+    Picture result = picture;
+    merge(result.edit(), layer.view(), options);
+    return result;
+}
+
+MergeOptions at(int x, int y) {
+    return {MergePlace::At, x, y, {}, 0};
+}
+
+} // namespace
+
+TEST(Merge, OfAnOpaquePictureCopiesItsPixelsExactly) {
+    for (const int channels : {3, 4}) {
+        const Picture picture = noisePicture(61, 47, channels, 1);
+        const Picture layer = noisePicture(17, 13, 3, 2);
+        for (const auto& [left, top] :
+             {PictureSize{0, 0}, {44, 34}, {-5, -9}, {55, 40}, {20, -4}, {61, 0}, {-99, 0}}) {
+            const Picture result = merged(picture, layer, at(left, top));
+            for (int y = 0; y < 47; ++y)
+                for (int x = 0; x < 61; ++x) {
+                    const bool covered = x >= left && x < left + 17 && y >= top && y < top + 13;
+                    ASSERT_EQ(colorAt(result, x, y),
+                              covered ? colorAt(layer, x - left, y - top) : colorAt(picture, x, y));
+                    ASSERT_EQ(alphaAt(result, x, y), covered ? 255 : alphaAt(picture, x, y));
+                }
+        }
+    }
+}
+
+TEST(Merge, WithAnOpaqueAlphaChannelCopiesTheSamePixelsAsWithout) {
+    const Picture picture = noisePicture(30, 30, 3, 1);
+    const Picture layer = noisePicture(20, 20, 3, 2);
+    const Picture withAlpha = pictureOf(20, 20, 4, [&](int x, int y) { return colorAt(layer, x, y); });
+    EXPECT_TRUE(merged(picture, layer, at(3, 4)) == merged(picture, withAlpha, at(3, 4)));
+}
+
+TEST(Merge, CentredLiesInTheMiddleAlsoWhenLarger) {
+    const Picture picture = plainPicture(50, 40, 3, Gray);
+    const Picture small = merged(picture, plainPicture(10, 20, 3, Red), {});
+    EXPECT_EQ(colorAt(small, 20, 10), Red);
+    EXPECT_EQ(colorAt(small, 29, 29), Red);
+    EXPECT_EQ(colorAt(small, 19, 10), Gray);
+    EXPECT_EQ(colorAt(small, 30, 29), Gray);
+    EXPECT_EQ(colorAt(small, 20, 9), Gray);
+    const Picture layer = noisePicture(70, 60, 3);
+    const Picture large = merged(picture, layer, {});
+    EXPECT_EQ(colorAt(large, 0, 0), colorAt(layer, 10, 10));
+    EXPECT_EQ(colorAt(large, 49, 39), colorAt(layer, 59, 49));
+}
+
+TEST(Merge, TiledRepeatsFromTheTopLeftCorner) {
+    const Picture layer = noisePicture(7, 5, 3);
+    const Picture result = merged(plainPicture(31, 23, 3, Gray), layer, {MergePlace::Tiled, 0, 0, {}, 0});
+    for (int y = 0; y < 23; ++y)
+        for (int x = 0; x < 31; ++x)
+            ASSERT_EQ(colorAt(result, x, y), colorAt(layer, x % 7, y % 5));
+}
+
+TEST(Merge, WrappedCoversTheWholePicture) {
+    const Picture layer = pictureOf(10, 10, 3, [](int x, int) { return x < 5 ? Red : Gray; });
+    const Picture result =
+        merged(plainPicture(61, 23, 3, {0, 255, 0}), layer, {MergePlace::Wrapped, 9, 9, {}, 0});
+    for (int y = 0; y < 23; ++y) {
+        EXPECT_EQ(colorAt(result, 0, y), Red);
+        EXPECT_EQ(colorAt(result, 60, y), Gray);
+    }
+    const Picture sameSize = noisePicture(61, 23, 3);
+    EXPECT_TRUE(merged(result, sameSize, {MergePlace::Wrapped, 9, 9, {}, 0}) == sameSize);
+}
+
+TEST(Merge, WrappedDoesNotMixTheTransparentColorIn) {
+    const Rgb key{0, 255, 0};
+    const Picture layer = pictureOf(10, 10, 3, [&](int x, int) { return x < 5 ? key : Red; });
+    const Picture result =
+        merged(plainPicture(57, 57, 3, {0, 0, 0}), layer, {MergePlace::Wrapped, 0, 0, key, 0});
+    for (int x = 0; x < 57; ++x)
+        EXPECT_EQ(colorAt(result, x, 30).green, 0) << x;
+    EXPECT_EQ(colorAt(result, 56, 30), Red);
+    EXPECT_EQ(colorAt(result, 0, 30), (Rgb{0, 0, 0}));
+}
+
+TEST(Merge, LeavesOutThePixelsOfTheTransparentColorAlone) {
+    const Rgb key{10, 20, 30};
+    const Picture layer = pictureOf(9, 1, 3, [&](int x, int) {
+        return x % 3 == 0   ? key
+               : x % 3 == 1 ? Rgb{10, 20, 31}
+                            : Red; // the second is near, but not the colour
+    });
+    for (const int channels : {3, 4}) {
+        const Picture result =
+            merged(plainPicture(9, 1, channels, Gray), layer, {MergePlace::At, 0, 0, key, 0});
+        for (int x = 0; x < 9; ++x)
+            EXPECT_EQ(colorAt(result, x, 0), x % 3 == 0 ? Gray : colorAt(layer, x, 0));
+    }
+}
+
+TEST(Merge, MixesByTransparency) {
+    for (const int channels : {3, 4})
+        for (const double transparency : {0.0, 1.0, 25.0, 50.0, 80.5, 99.0, 100.0}) {
+            const Picture result = merged(plainPicture(40, 3, channels, Gray), plainPicture(40, 3, 3, Red),
+                                          {MergePlace::At, 0, 0, {}, transparency});
+            const double share = 1 - transparency / 100;
+            EXPECT_NEAR(colorAt(result, 20, 1).red, 100 + 155 * share, 0.9) << transparency;
+            EXPECT_NEAR(colorAt(result, 20, 1).green, 100 - 100 * share, 0.9) << transparency;
+        }
+}
+
+TEST(Merge, OfTransparencyAHundredChangesNothingAndBeyondCountsAsTheLimit) {
+    const Picture picture = noisePicture(20, 20, 3);
+    const Picture layer = noisePicture(20, 20, 4, 2);
+    for (const double transparency : {100.0, 250.0})
+        EXPECT_TRUE(merged(picture, layer, {MergePlace::At, 0, 0, {}, transparency}) == picture);
+    EXPECT_TRUE(merged(picture, layer, {MergePlace::At, 0, 0, {}, -5}) == merged(picture, layer, at(0, 0)));
+}
+
+TEST(Merge, MixesEachPixelByItsOwnAlpha) {
+    for (const double transparency : {0.0, 40.0})
+        for (const int channels : {3, 4}) {
+            const Picture picture = pictureOf(256, 2, channels, [](int x, int y) {
+                return Rgb{std::uint8_t(x), std::uint8_t(255 - x), std::uint8_t(y * 90)};
+            });
+            Picture layer = plainPicture(256, 2, 4, {200, 30, 120});
+            for (int x = 0; x < 256; ++x)
+                layer.edit().pixel(x, 0)[3] = std::uint8_t(x);
+            const Picture result = merged(picture, layer, {MergePlace::At, 0, 0, {}, transparency});
+            for (int x = 0; x < 256; ++x) {
+                const double share = x / 255.0 * (1 - transparency / 100);
+                EXPECT_NEAR(colorAt(result, x, 0).red, x + (200 - x) * share, 1.1);
+                EXPECT_NEAR(colorAt(result, x, 0).green, 255 - x + (30 - 255 + x) * share, 1.1);
+                EXPECT_EQ(alphaAt(result, x, 0), 255);
+            }
+        }
+}
+
+TEST(Merge, OnATransparentPictureShowsTheLayerAsItIs) {
+    Picture picture = plainPicture(4, 4, 4, {0, 255, 0});
+    for (int i = 0; i < 16; ++i)
+        picture.edit().pixel(i % 4, i / 4)[3] = 0;
+    Picture layer = plainPicture(2, 2, 4, Red);
+    layer.edit().pixel(0, 0)[3] = 128;
+    layer.edit().pixel(1, 0)[3] = 0;
+    const Picture result = merged(picture, layer, at(0, 0));
+    EXPECT_EQ(colorAt(result, 0, 0), Red);
+    EXPECT_EQ(alphaAt(result, 0, 0), 128);
+    EXPECT_EQ(alphaAt(result, 1, 0), 0);
+    EXPECT_EQ(alphaAt(result, 0, 1), 255);
+    EXPECT_EQ(alphaAt(result, 3, 3), 0);
+}

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pixels/Picture.h"
+
+#include "base/TrappedError.h"
+#include "pixels/Color.h"
+#include "pixels/PixelBuffer.h"
+#include "tests/support/TestPictures.h"
+
+#include <gtest/gtest.h>
+#include <thread>
+#include <vector>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+qint32 errorOf(int width, int height, int channels) {
+    try {
+        const Picture picture(width, height, channels);
+    } catch (const TrappedError& error) {
+        return error.number;
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST(Picture, ASnapshotKeepsItsPixelsWhenThePictureIsEdited) {
+    Picture picture = noisePicture(17, 13, 3);
+    const Picture before = noisePicture(17, 13, 3);
+    const Picture snapshot = picture;
+    *picture.edit().pixel(5, 5) ^= 0xFF;
+    EXPECT_TRUE(snapshot == before);
+    EXPECT_FALSE(picture == before);
+}
+
+TEST(Picture, ASnapshotCostsNoPixelsAndAnUnsharedPictureIsEditedInPlace) {
+    Picture picture(40, 30, 3);
+    const auto* const pixels = picture.view().data;
+    {
+        const Picture snapshot = picture;
+        EXPECT_EQ(snapshot.view().data, pixels);
+        EXPECT_TRUE(picture.isShared());
+    }
+    EXPECT_FALSE(picture.isShared());
+    EXPECT_EQ(picture.edit().data, pixels);
+}
+
+TEST(Picture, ComparesSizeDepthAndPixels) {
+    EXPECT_TRUE(noisePicture(5, 6, 3) == noisePicture(5, 6, 3));
+    EXPECT_FALSE(noisePicture(5, 6, 3) == noisePicture(6, 5, 3));
+    EXPECT_FALSE(noisePicture(5, 6, 3) == noisePicture(5, 6, 4));
+    EXPECT_FALSE(Picture() == noisePicture(5, 6, 3));
+    EXPECT_TRUE(Picture() == Picture());
+}
+
+TEST(Picture, RefusesSizesThatCannotBe) {
+    EXPECT_EQ(errorOf(0, 5, 3), ErrorNumber::OutOfMemory);
+    EXPECT_EQ(errorOf(5, -1, 3), ErrorNumber::OutOfMemory);
+    EXPECT_EQ(errorOf(65536, 65536, 3), ErrorNumber::OutOfMemory);           // 2^32 pixels
+    EXPECT_EQ(errorOf(2147483647, 2147483647, 4), ErrorNumber::OutOfMemory); // beyond 64 bits of bytes
+    EXPECT_EQ(errorOf(5, 5, 2), ErrorNumber::InvalidCall);
+}
+
+TEST(Picture, ABatchOfEqualPicturesUsesTheSameMemoryAgain) {
+    const std::uint8_t* first = nullptr;
+    {
+        const Picture picture(1999, 1013, 3);
+        first = picture.view().data;
+    }
+    const Picture next(1999, 1013, 3);
+    EXPECT_EQ(next.view().data, first);
+}
+
+TEST(Picture, ThePoolKeepsNoMoreThanItsLimit) {
+    std::vector<Picture> pictures;
+    for (int i = 0; i < 12; ++i)
+        pictures.emplace_back(4000, 3000, 3);
+    pictures.clear();
+    EXPECT_GT(PixelBuffer::pooledBytes(), 0U);
+    EXPECT_LE(PixelBuffer::pooledBytes(), PixelBuffer::KeptBytes);
+}
+
+TEST(Picture, ThreadsMakeShareAndDropPicturesAtTheSameTime) {
+    const Picture shared = noisePicture(300, 400, 3);
+    const auto work = [shared](int seed) {
+        for (int i = 0; i < 200; ++i) {
+            Picture own = shared;
+            own.edit().data[0] = std::uint8_t(seed);
+            const Picture other(300 + i, 400, 3);
+            ASSERT_EQ(own.view().data[0], seed);
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int seed = 0; seed < 4; ++seed)
+        threads.emplace_back(work, seed);
+    for (auto& thread : threads)
+        thread.join();
+    EXPECT_TRUE(shared == noisePicture(300, 400, 3));
+}
+
+TEST(Color, HasRedInTheLowByte) {
+    EXPECT_EQ(resolveColor(0x0000FF), (Rgb{255, 0, 0}));
+    EXPECT_EQ(resolveColor(0x332211), (Rgb{0x11, 0x22, 0x33}));
+    EXPECT_EQ(colorOf({0x11, 0x22, 0x33}), 0x332211);
+}
+
+TEST(Color, ResolvesSystemColors) {
+    setButtonColor({1, 2, 3});
+    EXPECT_EQ(resolveColor(Color(0x80000008)), (Rgb{0, 0, 0}));
+    EXPECT_EQ(resolveColor(Color(0x80000009)), (Rgb{0, 0, 0}));
+    EXPECT_EQ(resolveColor(Color(0x8000000E)), (Rgb{255, 255, 255}));
+    EXPECT_EQ(resolveColor(Color(0x8000000F)), (Rgb{1, 2, 3}));
+    EXPECT_EQ(resolveColor(Color(0x80000003)), (Rgb{0, 0, 0}));
+}

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pixels/operations/TextDrawing.h"
+
+#include "tests/support/TestPictures.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::operations;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr Rgb White{255, 255, 255};
+constexpr Rgb Red{255, 0, 0};
+
+/// A full block fills its whole cell with ink, so that its place can be told to the pixel.
+const QString Block = QStringLiteral("\u2588\u2588\u2588");
+
+QFont sans(double points, bool smooth = true) {
+    return textFont(QStringLiteral("DejaVu Sans"), points, false, false, false, smooth);
+}
+
+TextLine lineAt(int x, int y, const QString& text, double points = 24) {
+    TextLine line;
+    line.text = text;
+    line.font = sans(points);
+    line.x = x;
+    line.y = y;
+    return line;
+}
+
+Picture drawn(const TextLine& line, int width = 200, int height = 160, int channels = 3) {
+    Picture picture = plainPicture(width, height, channels, White);
+    drawText(picture.edit(), line);
+    return picture;
+}
+
+/// The pixels that are not white any more; an empty box has right and bottom before left and top.
+struct InkBox {
+    int left = 1 << 20;
+    int top = 1 << 20;
+    int right = -1;
+    int bottom = -1;
+    bool isEmpty() const { return right < left; }
+};
+
+InkBox inkOf(const Picture& picture) {
+    InkBox box;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (colorAt(picture, x, y) != White) {
+                box.left = std::min(box.left, x);
+                box.right = std::max(box.right, x + 1);
+                box.top = std::min(box.top, y);
+                box.bottom = std::max(box.bottom, y + 1);
+            }
+    return box;
+}
+
+} // namespace
+
+TEST(TextSize, FollowsThePointsAtNinetySixToTheInch) {
+    EXPECT_EQ(sans(12).pixelSize(), 16);
+    EXPECT_EQ(sans(72).pixelSize(), 96);
+    EXPECT_EQ(sans(0).pixelSize(), 1);
+    EXPECT_EQ(sans(-5).pixelSize(), 1);
+    const TextSize small = textSize(QStringLiteral("Hamburg"), sans(12));
+    const TextSize large = textSize(QStringLiteral("Hamburg"), sans(120));
+    EXPECT_NEAR(large.width, 10 * small.width, 10);
+    EXPECT_NEAR(large.height, 10 * small.height, 12);
+    EXPECT_GT(small.height, 16);
+    EXPECT_EQ(textSize(QString(), sans(12)).width, 0);
+}
+
+TEST(DrawText, PutsTheTextRightOfAndBelowItsAnchor) {
+    const TextLine line = lineAt(40, 30, Block);
+    const TextSize size = textSize(line.text, line.font);
+    const InkBox ink = inkOf(drawn(line));
+    EXPECT_NEAR(ink.left, 40, 2);
+    EXPECT_NEAR(ink.right, 40 + size.width, 2);
+    EXPECT_GE(ink.top, 28);
+    EXPECT_LE(ink.bottom, 30 + size.height + 2);
+}
+
+TEST(DrawText, AlignmentSaysWhereTheAnchorLiesOnTheText) {
+    for (const int alignment : {0, 1, 2}) {
+        TextLine line = lineAt(100, 30, Block);
+        line.alignment = alignment;
+        const int width = textSize(line.text, line.font).width;
+        const InkBox ink = inkOf(drawn(line));
+        EXPECT_NEAR(ink.left, 100 - alignment * width / 2.0, 2) << alignment;
+        EXPECT_NEAR(ink.right, 100 + (2 - alignment) * width / 2.0, 2) << alignment;
+    }
+}
+
+TEST(DrawText, AtMinusNinetyRunsDownwardLeftOfItsAnchor) {
+    TextLine line = lineAt(100, 20, Block);
+    line.angle = -90;
+    const TextSize size = textSize(line.text, line.font);
+    const InkBox ink = inkOf(drawn(line));
+    EXPECT_NEAR(ink.top, 20, 2);
+    EXPECT_NEAR(ink.bottom, 20 + size.width, 2);
+    EXPECT_LE(ink.right, 102);
+    EXPECT_GE(ink.left, 100 - size.height - 2);
+}
+
+TEST(DrawText, TurnsCounterClockwise) {
+    TextLine line = lineAt(100, 80, QStringLiteral("................"), 14);
+    line.angle = 45; // up to the right
+    const InkBox up = inkOf(drawn(line));
+    EXPECT_GE(up.left, 99);
+    EXPECT_LT(up.top, 60);
+    line.angle = 180; // leftward, upside down: above the anchor
+    const InkBox back = inkOf(drawn(line));
+    EXPECT_LE(back.right, 101);
+    EXPECT_LE(back.bottom, 80);
+}
+
+TEST(DrawText, ATurnByMinusNinetyIsTheSamePictureTurned) {
+    TextLine line = lineAt(5, 7, QStringLiteral("Ag"), 30);
+    const Picture straight = drawn(line, 120, 100);
+    line.x = 100 - 7;
+    line.y = 5;
+    line.angle = -90;
+    const Picture turned = drawn(line, 100, 120);
+    double difference = 0;
+    for (int y = 0; y < 100; ++y)
+        for (int x = 0; x < 120; ++x)
+            difference += std::abs(colorAt(turned, 99 - y, x).red - colorAt(straight, x, y).red);
+    EXPECT_LT(difference / (120 * 100), 1.0);
+    EXPECT_FALSE(inkOf(turned).isEmpty());
+}
+
+TEST(DrawText, FillsItsBoxOnlyWhereABackgroundIsAskedFor) {
+    TextLine line = lineAt(20, 10, QStringLiteral("l l"));
+    const TextSize size = textSize(line.text, line.font);
+    EXPECT_EQ(colorAt(drawn(line), 21, 11), White);
+    line.background = Rgb{0, 200, 0};
+    const Picture boxed = drawn(line);
+    const InkBox ink = inkOf(boxed);
+    EXPECT_EQ(ink.left, 20);
+    EXPECT_EQ(ink.top, 10);
+    EXPECT_EQ(ink.right, 20 + size.width);
+    EXPECT_EQ(ink.bottom, 10 + size.height);
+    EXPECT_EQ(colorAt(boxed, 20, 10), (Rgb{0, 200, 0}));
+}
+
+TEST(DrawText, TakesTheTextColor) {
+    TextLine line = lineAt(20, 10, Block);
+    line.color = Red;
+    const Picture picture = drawn(line);
+    const InkBox ink = inkOf(picture);
+    EXPECT_EQ(colorAt(picture, (ink.left + ink.right) / 2, (ink.top + ink.bottom) / 2), Red);
+}
+
+TEST(DrawText, WithoutAntiAliasHasNoHalfTones) {
+    TextLine line = lineAt(20, 10, QStringLiteral("SO8&"), 40);
+    const auto halfTones = [](const Picture& picture) {
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const Rgb color = colorAt(picture, x, y);
+                count += color != White && color != Rgb{0, 0, 0};
+            }
+        return count;
+    };
+    EXPECT_GT(halfTones(drawn(line)), 50);
+    line.font = sans(40, false);
+    EXPECT_EQ(halfTones(drawn(line)), 0);
+    EXPECT_FALSE(inkOf(drawn(line)).isEmpty());
+}
+
+TEST(DrawText, IsCutOffAtTheEdges) {
+    const QString longText(300, QLatin1Char('W'));
+    for (const auto& [x, y] : {PictureSize{-1000, 5}, {0, -20}, {190, 150}, {-3000, 60}})
+        for (const double angle : {0.0, 30.0, -90.0}) {
+            TextLine line = lineAt(x, y, longText);
+            line.angle = angle;
+            drawn(line);
+        }
+    EXPECT_EQ(inkOf(drawn(lineAt(-1000, 20, longText))).right, 200);
+}
+
+TEST(DrawText, OutsideThePictureOrWithoutTextDrawsNothing) {
+    for (const auto& [x, y] : {PictureSize{500, 10}, {10, 500}, {-2000, 10}, {2147483647, 2147483647}})
+        EXPECT_TRUE(inkOf(drawn(lineAt(x, y, Block))).isEmpty());
+    EXPECT_TRUE(inkOf(drawn(lineAt(10, 10, QString()))).isEmpty());
+}
+
+TEST(DrawText, KnowsLettersOfManyScripts) {
+    const QString texts[] = {QStringLiteral("Zürich"), QStringLiteral("Ωμέγα"), QStringLiteral("Привет")};
+    for (const QString& text : texts)
+        EXPECT_GT(inkOf(drawn(lineAt(5, 5, text))).right, 60) << text.toStdString();
+}
+
+TEST(DrawText, TouchesOnlyThePixelsRoundTheText) {
+    Picture picture = noisePicture(300, 200, 3);
+    const Picture before = picture;
+    drawText(picture.edit(), lineAt(100, 100, QStringLiteral("x")));
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 300; ++x)
+            if (x < 90 || x > 150 || y < 95 || y > 150) {
+                ASSERT_EQ(colorAt(picture, x, y), colorAt(before, x, y));
+            }
+    EXPECT_FALSE(picture == before);
+}
+
+TEST(DrawText, BecomesOpaqueOnATransparentPicture) {
+    Picture picture(60, 60, 4);
+    std::fill_n(picture.edit().data, 60 * 60 * 4, std::uint8_t(0));
+    TextLine line = lineAt(5, 5, Block);
+    line.color = Red;
+    drawText(picture.edit(), line);
+    EXPECT_EQ(alphaAt(picture, 30, 25), 255);
+    EXPECT_EQ(colorAt(picture, 30, 25), Red);
+    EXPECT_EQ(alphaAt(picture, 1, 1), 0);
+}

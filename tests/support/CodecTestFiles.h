@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "codecs/Codec.h"
+#include "tests/support/Corpus.h"
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+namespace tarsel::test {
+
+/// How the reading of some bytes ended: with a picture, or with an error of the system.
+struct ReadOutcome {
+    std::optional<DecodedPicture> decoded;
+    qint32 errorNumber = 0;
+    QString message;
+};
+
+/// Reads a page by content. Anything but a picture or a TrappedError goes on to the test and fails it.
+ReadOutcome readBytes(const QByteArray& bytes, const QString& name, int page = 1);
+
+/// A picture with the look of a photograph: soft changes and a little noise.
+Picture photograph(int width, int height, int channels = 3);
+
+/// Metadata of every kind. `resources` hold IPTC data and a block of an unknown number.
+EmbeddedMetadata everyKindOfMetadata();
+
+/// The first valid picture of a format that the corpus has; nothing without a corpus.
+std::optional<CorpusPicture> corpusPictureOf(const char* format);
+
+QByteArray bytesOf(const QString& path);
+
+} // namespace tarsel::test
