@@ -76,6 +76,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     RowReport report(terminal, arguments.has("json"));
     for (const QString& path : basket.missing())
         report.addMissing(path);
+    slice.stop = interruptible.stop();
     slice.onRowBegin = [&](const QString& source) { terminal.setSubject(source); };
     slice.onRow = [&](const RowResult& result) { report.add(result); };
     ImageBox box;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/ImageBox.h"
 
-#include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
+#include "base/Stop.h"
 #include "codecs/Codec.h"
 
 #include <QDateTime>
@@ -62,22 +63,31 @@ int ImageBox::PageCount(const QString& path) {
     return pages;
 }
 
-void ImageBox::LoadFromFile(const QString& path) {
+void ImageBox::LoadFromFile(const QString& path, const std::stop_token& stop) {
+    const StopScope scope(stop);
     Clear();
     m_loadFailed = true;
-    DecodedPicture decoded = decodeByContent(readWholeFile(path), path, PageNumber);
+    raiseIfStopped();
+    const QByteArray bytes = readWholeFile(path);
+    raiseIfStopped();
+    DecodedPicture decoded = decodeByContent(bytes, path, PageNumber);
+    raiseIfStopped();
     m_picture = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));
     m_loadDamage = std::move(decoded.damage);
     m_loadFailed = false;
 }
 
-void ImageBox::SaveToFile(const QString& path) {
+void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
+    const StopScope scope(stop);
     requireImage();
     const Codec* codec = codecForExtension(extensionOf(path));
     if (!codec || !codec->encode)
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": no writer for this format"));
-    writeFileSafely(path, codec->encode(m_picture, saveSettings(), m_metadata.blocks()));
+    raiseIfStopped();
+    const QByteArray encoded = codec->encode(m_picture, saveSettings(), m_metadata.blocks());
+    raiseIfStopped();
+    writeFileSafely(path, encoded);
 }
 
 void ImageBox::MergeFile(const QString& path) {
