@@ -230,7 +230,10 @@ bool MetadataStore::ExifDelete(const QString& name) {
 }
 
 void MetadataStore::ExifClear() {
-    setExif({});
+    EmbeddedMetadata changed = m_state->blocks;
+    changed.exif.clear();
+    changed.cameraSegments.clear();
+    m_state = std::make_shared<const State>(std::move(changed));
 }
 
 // --- IPTC --------------------------------------------------------------------------------------------------
