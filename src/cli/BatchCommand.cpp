@@ -95,7 +95,7 @@ constexpr Command batchCommand{
     .notes =
         "A file of the same name is replaced, safely: it is the old one or the new one, whole. An error "
         "ends\n"
-        "the run; rows behind it are skipped as \"not reached\". SIGINT ends it behind the file at hand.\n"
+        "the run; rows behind it are skipped as \"not reached\". SIGINT stops it after the current file.\n"
         "Each page of a document is a row of its own.",
     .options = options,
     .run = run,

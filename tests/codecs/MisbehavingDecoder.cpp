@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A decoder process that does what the file's bytes say: it answers, or breaks the protocol in one of the
-// ways that a damaged decoder can.
+// A decoder process that does what the file's bytes say, after the header when it is a GIF file: it answers,
+// or breaks the protocol in one of the ways that a damaged decoder can. Each request adds a byte to the file
+// that the environment's TARSEL_DECODER_REQUESTS names.
 
 #include "codecs/DecoderProtocol.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -34,6 +36,11 @@ void answerWithAPipe(std::uint32_t serial) {
     static int ends[2]; // the other end stays open
     if (::pipe(ends) == 0)
         answerWith(serial, ends[0]);
+}
+
+void countRequest() {
+    if (const char* path = std::getenv("TARSEL_DECODER_REQUESTS"))
+        std::ofstream(path, std::ios::app) << '.';
 }
 
 void perform(std::string_view order, std::uint32_t serial) {
@@ -72,6 +79,10 @@ int main() {
             return 0;
         char order[64];
         const ssize_t size = ::pread(content.number(), order, sizeof order, 0);
-        perform({order, size < 0 ? 0 : std::size_t(size)}, request.serial);
+        std::string_view text(order, size < 0 ? 0 : std::size_t(size));
+        if (text.starts_with("GIF89a"))
+            text.remove_prefix(13);
+        countRequest();
+        perform(text, request.serial);
     }
 }
