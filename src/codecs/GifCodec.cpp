@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/DecoderProcess.h"
 
 namespace tarsel {
@@ -17,7 +17,7 @@ bool sniffGif(const QByteArray& bytes) {
 
 /// Layout: signature, width 16, height 16, flags (bits of the palette less one in the low three).
 PictureHeader gifHeader(const QByteArray& bytes, const QString& name) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     const int width = reader.word(6).value_or(0);
     const int height = reader.word(8).value_or(0);
     requirePlausibleSize({"GIF", name, bytes.size()}, width, height, PixelsPerByte);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/DecoderProcess.h"
 
 namespace tarsel {
@@ -32,7 +32,7 @@ std::optional<std::int64_t> readMultiByte(const ByteReader& reader, std::int64_t
 
 /// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to whole bytes.
 std::optional<WbmpHeader> readHeader(const QByteArray& bytes) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     if (reader.word(0) != 0)
         return std::nullopt;
     std::int64_t at = 2;

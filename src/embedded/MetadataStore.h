@@ -10,7 +10,7 @@
 
 namespace tarsel {
 
-/// The metadata that a box holds: bytes and types as read; only what was changed is written anew. Maker
+/// The metadata that a box holds: bytes and types as read; only what was changed is written again. Maker
 /// notes, XMP and the profile are carried along. Parsing happens on the first look, so that a picture that
 /// only passes through costs nothing. Copies share what was parsed, and are thus for one thread at a time.
 class MetadataStore {
@@ -36,7 +36,7 @@ public:
     /// isn't known or describes the structure, when the value doesn't convert to the attribute's type, or
     /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.
     bool ExifSet(const QString& name, const QString& value);
-    bool ExifDelete(const QString& name); ///< false when absent, or when others hang on it
+    bool ExifDelete(const QString& name); ///< false when absent, or when others depend on it
     void ExifClear();                     ///< and what camera makers store beside the block
 
     // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
@@ -47,7 +47,7 @@ public:
     QStringList iptcList(int dataset) const;
     void setIptcList(int dataset, const QStringList& texts);
     void IptcClear();
-    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is no .ffo file
+    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is not a .ffo file
     void IptcSaveToFile(const QString& path) const;
 
 private:
@@ -58,7 +58,7 @@ private:
 };
 
 /// Between a date and the EXIF date text "yyyy:MM:dd hh:mm:ss". The standard's unknown date (blanks or zeros)
-/// is the empty date; error 13 for any other text that is no such date.
+/// is the empty date; error 13 for any other text.
 QDateTime exifTextToDate(const QString& text);
 QString exifDateToText(const QDateTime& date);
 
