@@ -2,7 +2,7 @@
 #include "embedded/ExifBlock.h"
 
 #include "base/TrappedError.h"
-#include "bytes/ByteReader.h"
+#include "bytes/TiffStructure.h"
 
 #include <algorithm>
 #include <array>
@@ -12,9 +12,9 @@ namespace tarsel {
 
 namespace {
 
-constexpr qsizetype headerSize = 8;
-constexpr qsizetype entrySize = 12;
-constexpr qsizetype inlineSize = 4;
+constexpr qsizetype headerSize = tiffHeaderSize;
+constexpr qsizetype entrySize = tiffEntrySize;
+constexpr qsizetype inlineSize = tiffInlineSize;
 constexpr qsizetype firstPointer = 4; ///< where the header holds the offset of the first directory
 
 constexpr quint16 thumbnailOffsetTag = 0x0201;
@@ -45,29 +45,6 @@ const Child* childOf(ExifGroup group) {
 
 } // namespace
 
-int exifTypeSize(ExifType type) {
-    switch (type) {
-    case ExifType::Byte:
-    case ExifType::Ascii:
-    case ExifType::SignedByte:
-    case ExifType::Undefined:
-        return 1;
-    case ExifType::Short:
-    case ExifType::SignedShort:
-        return 2;
-    case ExifType::Long:
-    case ExifType::SignedLong:
-    case ExifType::Float:
-    case ExifType::Directory:
-        return 4;
-    case ExifType::Rational:
-    case ExifType::SignedRational:
-    case ExifType::Double:
-        return 8;
-    }
-    return 0;
-}
-
 bool ExifEntry::isPointer() const {
     return childAt(group, tag) != nullptr;
 }
@@ -75,15 +52,12 @@ bool ExifEntry::isPointer() const {
 // --- reading -----------------------------------------------------------------------------------------------
 
 std::optional<ExifBlock> ExifBlock::read(const QByteArray& bytes) {
-    const ByteOrder order = bytes.startsWith("MM") ? ByteOrder::Big : ByteOrder::Little;
-    if (bytes.size() < headerSize || bytes.size() > std::numeric_limits<qint32>::max() ||
-        (order == ByteOrder::Little && !bytes.startsWith("II")))
+    const auto header = readTiffHeader(std::as_bytes(std::span(bytes)));
+    if (!header || bytes.size() > std::numeric_limits<qint32>::max())
         return std::nullopt;
     ExifBlock block;
     block.m_bytes = bytes;
-    block.m_order = order;
-    if (block.read16(2) != 42)
-        return std::nullopt;
+    block.m_order = header->order;
     block.walk();
     if (!block.directory(ExifGroup::Image))
         return std::nullopt;
@@ -134,19 +108,13 @@ bool ExifBlock::walkDirectory(ExifGroup group, qsizetype pointerPosition) {
 }
 
 ExifEntry ExifBlock::entryAt(ExifGroup group, qsizetype position) const {
-    ExifEntry entry;
-    entry.group = group;
-    entry.tag = read16(position);
-    entry.type = ExifType(read16(position + 2));
-    entry.count = read32(position + 4);
-    entry.position = position;
-    const qint64 size = qint64(exifTypeSize(entry.type)) * entry.count;
-    const qint64 offset = size <= inlineSize ? position + 8 : qint64(read32(position + 8));
-    entry.hasValue = exifTypeSize(entry.type) > 0 && size <= m_bytes.size() && offset >= headerSize &&
-                     offset <= m_bytes.size() - size;
+    const TiffEntry raw = readTiffEntry(ByteReader(m_bytes, m_order), position).value_or(TiffEntry());
+    ExifEntry entry{group, raw.tag, ExifType(raw.type), raw.count, position};
+    entry.hasValue = tiffElementSize(raw.type) > 0 && raw.valuePosition >= headerSize &&
+                     ByteReader(m_bytes, m_order).slice(raw.valuePosition, raw.valueSize);
     if (entry.hasValue) {
-        entry.valuePosition = offset;
-        entry.valueSize = size;
+        entry.valuePosition = raw.valuePosition;
+        entry.valueSize = raw.valueSize;
     }
     return entry;
 }

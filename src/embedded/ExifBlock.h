@@ -31,9 +31,6 @@ enum class ExifType : quint16 {
     Directory = 13
 };
 
-/// Bytes of one element; 0 for a type that doesn't exist.
-int exifTypeSize(ExifType type);
-
 /// One entry as found. Values of up to four bytes are in the entry itself, others at an offset; an entry
 /// whose value is outside the block, or whose type doesn't exist, is carried along but has no value.
 struct ExifEntry {
@@ -53,9 +50,8 @@ struct ExifEntry {
 /// notes, which count their offsets from the start of the block, stay readable, and whatever this reader
 /// doesn't understand stays as it is. Bytes given up are zeroed and reused.
 ///
-/// Layout: byte order mark "II" or "MM", 42, offset of the first directory; a directory is a 16-bit count,
-/// that many entries of {tag 16, type 16, count 32, value or offset 32}, and the offset of the next one.
-/// Every offset and size of a foreign block is checked, directories are visited once.
+/// bytes/TiffStructure.h shows the layout. Every offset and size of a foreign block is checked, directories
+/// are visited once.
 class ExifBlock {
 public:
     /// Nothing when the bytes hold no TIFF structure with a first directory.
