@@ -59,7 +59,6 @@ QToolButton* ActionTable::makeButton(const char* name, QWidget* parent, Qt::Tool
     button->setIconSize({side, side});
     button->setToolButtonStyle(style);
     button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
 

@@ -10,7 +10,7 @@
 namespace tarsel {
 
 namespace {
-constexpr int UsualCharacter = 7; ///< average width of a character of the usual font
+constexpr int UsualCharacter = 6; ///< average width of a character of the usual font
 constexpr int UsualWidth = 100;
 constexpr int CharactersOfAName = 18;
 } // namespace

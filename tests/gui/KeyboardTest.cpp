@@ -28,6 +28,8 @@ TEST_F(Keyboard, F2RenamesARowOfTheBasketAndTheMenuKeyOpensItsMenu) {
     listFolder(pictures());
     addAll();
     QAbstractItemView* view = child<ListControl>(window(), "lvPages").view();
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     view->setFocus();
     window().workspace().lvPages.selectOnly(1);
     QTest::qWait(0);

@@ -37,9 +37,9 @@ ListControl* NamePreview::makeList() {
     list->setObjectName(QStringLiteral("lvNames"));
     list->setAccessibleName(tr("Names of the files that will be made"));
     list->setFullRowSelect(true);
-    list->setColumnWidth(0, 150);
-    list->setColumnWidth(1, 110);
-    list->setColumnWidth(2, 260);
+    list->setColumnWidth(0, 130);
+    list->setColumnWidth(1, 100);
+    list->setColumnWidth(2, 290);
     return list;
 }
 

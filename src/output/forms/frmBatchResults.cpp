@@ -109,7 +109,7 @@ ListControl* frmBatchResults::makeList() {
     list->setFullRowSelect(true);
     list->setColumnWidth(0, 90);
     for (const int column : {1, 2, 3})
-        list->setColumnWidth(column, 210);
+        list->setColumnWidth(column, 170);
     return list;
 }
 

@@ -62,7 +62,7 @@ frmSaveSinglePage::frmSaveSinglePage(BatchSave& settings, const ListView& lvPage
     connectButtons();
     showTasks();
     m_preview->show(m_binding->shown());
-    fitToScreen(*this, {qMax(1040, sizeHint().width()), sizeHint().height()});
+    takeSize();
     m_ui->sldJPGQuality->setFocus();
 }
 
@@ -127,12 +127,21 @@ void frmSaveSinglePage::showTasks() {
     m_ui->lblTasks->setText(text);
 }
 
-/// Where the screen is too narrow for both, the names move below the options.
+/// Where the dialog is too narrow for both, the names move below the options.
 void frmSaveSinglePage::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    const int sideBySide =
-        m_ui->optionsArea->minimumSizeHint().width() + 32 * fontMetrics().averageCharWidth();
-    m_ui->layColumns->setDirection(width() < sideBySide ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    const int options = m_ui->optionsArea->minimumSizeHint().width();
+    const bool folded = width() < options + 32 * fontMetrics().averageCharWidth();
+    m_ui->layColumns->setDirection(folded ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_ui->layColumns->setStretch(0, folded ? 1 : 0);
+}
+
+/// The options set the least width; the names get theirs where the screen has room.
+void frmSaveSinglePage::takeSize() {
+    const QMargins margins = layout()->contentsMargins();
+    const int options = m_ui->optionsArea->minimumSizeHint().width();
+    setMinimumSize(options + margins.left() + margins.right(), 16 * fontMetrics().height());
+    fitToScreen(*this, {options + 100 * fontMetrics().averageCharWidth(), sizeHint().height()});
 }
 
 void frmSaveSinglePage::browseFolder() {

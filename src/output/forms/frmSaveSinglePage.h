@@ -42,6 +42,7 @@ private:
     void subSetUp();
     void connectButtons();
     void showTasks();
+    void takeSize();
     void browseFolder();
     void browseImport(QLineEdit* path, const QString& title, const QString& filter);
     void cmdStarConversion_Click();
