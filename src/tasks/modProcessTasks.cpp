@@ -16,6 +16,17 @@ void replay(ImageBox& box, const TaskRow& row) {
         kind->replay(box, row);
 }
 
+/// Replays one row. Its error names the row and its kind.
+void replayRow(ImageBox& box, const TaskRow& row, int number) {
+    try {
+        replay(box, row);
+    } catch (TrappedError& error) {
+        const QString key = row.key.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(row.key);
+        error.description = QStringLiteral("task %1%2: %3").arg(number).arg(key, error.description);
+        throw;
+    }
+}
+
 } // namespace
 
 bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows, ImageBox& box,
@@ -28,7 +39,7 @@ bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows
         desktop().setBusyPointer(true);
         for (int index = 0; index < count; ++index) {
             desktop().yield();
-            replay(box, taskRowOf(rows, index));
+            replayRow(box, taskRowOf(rows, index), index + 1);
             const ListView& selecting = editing && previewList ? *previewList : list;
             if (!runAll && selecting.selectedIndex() == index)
                 break;

@@ -10,8 +10,9 @@ namespace tarsel::modProcessTasks {
 
 /// Replays the rows of `rows` (lvEditBatch) on the picture in `box`, top to bottom. With `runAll` false the
 /// run ends after the selected row of `list`, or of `previewList` while `editing` is on and there is one. A
-/// failing step ends the run at its row: the error goes to GlobalErrorHandler as of "subProcessPages" and the
-/// caller is not told by an exception; the result is false then, for callers that report on rows.
+/// failing step ends the run at its row: the error names the row, goes to GlobalErrorHandler as of
+/// "subProcessPages", and the caller is not told by an exception; the result is false then, for callers that
+/// report on rows.
 bool subProcessPages(const ListView& list, const ListView& rows, ImageBox& box, const ListView* previewList,
                      bool runAll, bool editing = false);
 

@@ -27,7 +27,7 @@ std::vector<Failure> failures() {
         {"a width that is empty", taskRow(3, {"True", "", "5"}), 13},
         {"a width beyond 32 bits", taskRow(3, {"True", "9999999999", "5"}), 6},
         {"a percent beyond 16 bits", taskRow(3, {"False", "40000", ""}), 6},
-        {"a percent with its sign behind", taskRow(3, {"False", "50%", ""}), 13},
+        {"a percent with a sign after it", taskRow(3, {"False", "50%", ""}), 13},
         {"neither true nor false", taskRow(3, {"yes", "50", ""}), 13},
         {"a level in words", taskRow(4, {"much"}), 13},
         {"an angle beyond 16 bits", taskRow(2, {"True", "32768", "0"}), 6},
@@ -45,7 +45,8 @@ std::vector<Failure> failures() {
          taskRow(10,
                  {"True", "", "True", "0", "0", "DejaVu Sans", "9", "0", "0", "0", "0", "0", "0", "10", "a"}),
          5},
-        {"a frame, whose artwork is missing", taskRow(13, {"0", "0", "1", "1"}), 5},
+        {"an image frame, whose artwork is missing", taskRow(13, {"0", "0", "1", "1"}), 5},
+        {"a colour frame beyond the last coordinate", taskRow(13, {"0", "1", "2147483647"}), 6},
         {"a mask, whose artwork is missing", taskRow(14, {"True", "0", "0"}), 5},
         {"a shadow, whose artwork is missing", taskRow(15, {"0"}), 5},
     };
@@ -122,6 +123,8 @@ TEST(Run, AFailingRowEndsItAndTheRowsInFrontStayApplied) {
         EXPECT_EQ(report.ErrRoutine, QStringLiteral("subProcessPages")) << failure.what;
         EXPECT_TRUE(report.ErrSystem.startsWith(QString::number(failure.number) + QStringLiteral(" - ")))
             << failure.what << ": " << report.ErrSystem.toStdString();
+        EXPECT_TRUE(report.ErrSystem.contains(QStringLiteral(" - task 2 (%1): ").arg(failure.row.key)))
+            << report.ErrSystem.toStdString();
     }
 }
 
