@@ -38,6 +38,7 @@ namespace {
 #define FIELD(type, name, value) fields << QStringLiteral(#name "=%1").arg(record.name);
 #define TEXT(type, name, value) FIELD(type, name, value)
 #define FOLDER(type, name, form) FIELD(type, name, form)
+#define BESIDE(type, name, value) FIELD(type, name, value)
 #include "configuration/ConfigFields.def"
 
 class SaveDialog : public testing::Test {
@@ -110,7 +111,8 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
                 .ImportEXIF = 0,
                 .ImportIPTCFile = QStringLiteral("/a.ffo"),
                 .ImportEXIFFile = QStringLiteral("/a.xiff"),
-                .ProcessEditingList = 1};
+                .ProcessEditingList = 1,
+                .UprightByExif = 0};
     const BatchSave shown = settings;
     open();
     EXPECT_EQ(dialog->windowTitle().toStdString(), "Save single-page files");
@@ -132,6 +134,7 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
     EXPECT_FALSE(control<QCheckBox>("chkImportEXIF").isChecked());
     EXPECT_EQ(control<QLineEdit>("txtImportIPTC").text().toStdString(), "/a.ffo");
     EXPECT_TRUE(control<QCheckBox>("chkProcessEditingList").isChecked());
+    EXPECT_FALSE(control<QCheckBox>("chkUpright").isChecked());
     EXPECT_EQ(control<QLineEdit>("txtImportEXIF").text().toStdString(), "/a.xiff");
 
     settings = {};

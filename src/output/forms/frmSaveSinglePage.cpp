@@ -46,6 +46,7 @@ constexpr FormField<BatchSave> fields[] = {
     {"chkImportEXIF", &BatchSave::ImportEXIF, AfterChecks},
     {"chkImportIPTC", &BatchSave::ImportIPTC, AfterChecks},
     {"chkProcessEditingList", &BatchSave::ProcessEditingList, AfterChecks},
+    {"chkUpright", &BatchSave::UprightByExif, AfterChecks},
 };
 
 } // namespace
