@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
 
 namespace tarsel {
 
@@ -119,13 +120,19 @@ Picture pictureOf(const QImage& image) {
     return picture;
 }
 
+/// The size was checked before. The limit is one of the process and set before the first use.
+void liftAllocationLimit() {
+    static std::once_flag once;
+    std::call_once(once, [] { QImageReader::setAllocationLimit(0); });
+}
+
 DecodedPicture decodeBmp(const QByteArray& bytes, const QString& name, int) {
     const FileUnderTest file{"BMP", name, bytes.size()};
     const BmpFacts facts = checkedFacts(file, bytes);
     QByteArray readable = withKnownHeader(bytes, facts.headerSize);
     QBuffer buffer(&readable);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader::setAllocationLimit(0); // the size was judged above
+    liftAllocationLimit();
     QImageReader reader(&buffer, "bmp");
     const QImage image = reader.read();
     if (image.isNull())

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
-#include "codecs/DecoderProcess.h"
+#include "codecs/DecoderPool.h"
 
 namespace tarsel {
 
@@ -30,7 +31,9 @@ int onePage(const QByteArray&, const QString&) {
 
 DecodedPicture decodeGif(const QByteArray& bytes, const QString& name, int) {
     gifHeader(bytes, name);
-    return {DecoderProcess::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}), {}};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}, currentStop()),
+        {}};
 }
 
 } // namespace

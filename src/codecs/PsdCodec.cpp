@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
-#include "codecs/DecoderProcess.h"
+#include "codecs/DecoderPool.h"
 #include "embedded/ResourceBlocks.h"
 
 namespace tarsel {
@@ -62,8 +63,9 @@ EmbeddedMetadata psdMetadata(const QByteArray& bytes, const QString&) {
 
 DecodedPicture decodePsd(const QByteArray& bytes, const QString& name, int) {
     psdHeader(bytes, name);
-    return {DecoderProcess::shared().decode(DecoderFormat::Psd, bytes, {"PSD", name, bytes.size()}),
-            psdMetadata(bytes, name)};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Psd, bytes, {"PSD", name, bytes.size()}, currentStop()),
+        psdMetadata(bytes, name)};
 }
 
 } // namespace

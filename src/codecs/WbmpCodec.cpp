@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
-#include "codecs/DecoderProcess.h"
+#include "codecs/DecoderPool.h"
 
 namespace tarsel {
 
@@ -63,7 +64,9 @@ int onePage(const QByteArray&, const QString&) {
 
 DecodedPicture decodeWbmp(const QByteArray& bytes, const QString& name, int) {
     wbmpHeader(bytes, name);
-    return {DecoderProcess::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}), {}};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}, currentStop()),
+        {}};
 }
 
 } // namespace

@@ -184,14 +184,14 @@ void setIptcUrgency(MetadataStore& store, int urgency) {
     setIptcText(store, "IptcUrgency", urgency == 0 ? QString() : QString::number(urgency));
 }
 
-QString iptcRowText(const MetadataStore& store, const IptcField& field) {
+QString iptcRowText(const MetadataStore& store, const IptcField& field, const DateForms& forms) {
     const std::string member = field.member.toStdString();
     switch (field.kind) {
     case List:
         return iptcList(store, member).join(u',');
     case Date:
     case Time: {
-        const QString shown = formatDate(iptcDate(store, member), QStringLiteral("Short Date"));
+        const QString shown = shortDateText(iptcDate(store, member), forms);
         return shown == QLatin1String("12/30/1899") ? QString() : shown;
     }
     case Text:

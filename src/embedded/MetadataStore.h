@@ -10,9 +10,12 @@
 
 namespace tarsel {
 
+class IimData;
+
 /// The metadata that a box holds: bytes and types as read; only what was changed is written again. Maker
 /// notes, XMP and the profile are carried along. Parsing happens on the first look, so that a picture that
-/// only passes through costs nothing. Copies share what was parsed, and are thus for one thread at a time.
+/// only passes through costs nothing. Copies share what was parsed and may be used on different threads; a
+/// single store belongs to one thread at a time.
 class MetadataStore {
 public:
     MetadataStore();
@@ -47,14 +50,15 @@ public:
     QStringList iptcList(int dataset) const;
     void setIptcList(int dataset, const QStringList& texts);
     void IptcClear();
-    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is not a .ffo file
+    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is not an .ffo file
     void IptcSaveToFile(const QString& path) const;
 
 private:
     struct State;
-    State& own();
+    void setExif(const QByteArray& bytes);
+    void setIim(const IimData& data);
 
-    std::shared_ptr<State> m_state;
+    std::shared_ptr<const State> m_state; ///< replaced by a change, so that copies keep what they have
 };
 
 /// Between a date and the EXIF date text "yyyy:MM:dd hh:mm:ss". The standard's unknown date (blanks or zeros)
