@@ -2,7 +2,7 @@
 #include "codecs/BmpCodec.h"
 
 #include "base/TrappedError.h"
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/Flatten.h"
 
@@ -44,7 +44,7 @@ struct BmpFacts {
 
 /// A header that its file is too short for reads as zeros, which the size check refuses.
 BmpFacts readFacts(const QByteArray& bytes) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     BmpFacts facts;
     facts.pixelOffset = reader.dword(OffsetOfPixelOffset).value_or(0);
     facts.headerSize = reader.dword(FileHeaderSize).value_or(0);

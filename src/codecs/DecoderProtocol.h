@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "bytes/Descriptor.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -29,29 +31,6 @@ struct DecoderReply {
     std::int32_t channels = 0;
     char message[240] = {};
     std::uint32_t serial = 0; ///< of the request
-};
-
-/// A descriptor that closes itself; -1 is none.
-class Descriptor {
-public:
-    Descriptor() = default;
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() { reset(); }
-    Descriptor(Descriptor&& other) noexcept : m_number(other.release()) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        reset(other.release());
-        return *this;
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int number() const { return m_number; }
-    bool isOpen() const { return m_number >= 0; }
-    int release();
-    void reset(int number = -1);
-
-private:
-    int m_number = -1;
 };
 
 /// One message and a descriptor (-1 for none). False, with errno, when it can't be sent.

@@ -2,7 +2,7 @@
 #include "codecs/ForeignCodecs.h"
 
 #include "base/Stop.h"
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/DecoderPool.h"
 
 namespace tarsel {
@@ -18,7 +18,7 @@ bool sniffGif(const QByteArray& bytes) {
 
 /// Layout: signature, width 16, height 16, flags (bits of the palette less one in the low three).
 PictureHeader gifHeader(const QByteArray& bytes, const QString& name) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     const int width = reader.word(6).value_or(0);
     const int height = reader.word(8).value_or(0);
     requirePlausibleSize({"GIF", name, bytes.size()}, width, height, PixelsPerByte);

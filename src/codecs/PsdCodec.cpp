@@ -2,7 +2,7 @@
 #include "codecs/ForeignCodecs.h"
 
 #include "base/Stop.h"
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/DecoderPool.h"
 #include "embedded/ResourceBlocks.h"
@@ -30,7 +30,7 @@ bool sniffPsd(const QByteArray& bytes) {
 }
 
 PictureHeader psdHeader(const QByteArray& bytes, const QString& name) {
-    const ByteReader reader(bytes, true);
+    const ByteReader reader(bytes, ByteOrder::Big);
     const auto height = std::int64_t(reader.dword(14).value_or(0));
     const auto width = std::int64_t(reader.dword(18).value_or(0));
     requirePlausibleSize({"PSD", name, bytes.size()}, width, height, PixelsPerByte);
@@ -43,10 +43,10 @@ int onePage(const QByteArray&, const QString&) {
 
 /// Empty when the sizes lead beyond the file.
 QByteArray resourceSection(const QByteArray& bytes) {
-    const ByteReader reader(bytes, true);
+    const ByteReader reader(bytes, ByteOrder::Big);
     const std::int64_t sizeAt = ColorModeDataOffset + 4 + reader.dword(ColorModeDataOffset).value_or(0);
-    const auto section = reader.stretch(sizeAt + 4, reader.dword(sizeAt).value_or(0));
-    return section ? section->toByteArray() : QByteArray();
+    const auto section = reader.slice(sizeAt + 4, reader.dword(sizeAt).value_or(0));
+    return section ? QByteArrayView(*section).toByteArray() : QByteArray();
 }
 
 EmbeddedMetadata psdMetadata(const QByteArray& bytes, const QString&) {

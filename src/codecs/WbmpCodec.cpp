@@ -2,7 +2,7 @@
 #include "codecs/ForeignCodecs.h"
 
 #include "base/Stop.h"
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/DecoderPool.h"
 
 namespace tarsel {
@@ -33,7 +33,7 @@ std::optional<std::int64_t> readMultiByte(const ByteReader& reader, std::int64_t
 
 /// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to whole bytes.
 std::optional<WbmpHeader> readHeader(const QByteArray& bytes) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     if (reader.word(0) != 0)
         return std::nullopt;
     std::int64_t at = 2;

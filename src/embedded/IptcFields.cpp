@@ -25,7 +25,7 @@ struct FieldRow {
 
 /// The rows in front of the custom fields. Image Notes and Local Caption stand where other programs keep
 /// document notes and local captions; the Image URL has no dataset of its own anywhere and takes the first
-/// free one behind the custom fields.
+/// free one after the custom fields.
 constexpr std::array listedFields{
     FieldRow{"IptcCaption", 120, Text, "Caption"},
     FieldRow{"IptcCaptionWriter", 122, Text, "Caption Writer"},

@@ -61,7 +61,7 @@ std::vector<const ExifTag*> placesOf(const ExifBlock& block, const ExifTag& stan
 /// The block with the value set in one place; nothing when the text doesn't convert or when anything else
 /// would not read as before. A block that fitted a JPEG segment still does: its thumbnail goes first.
 std::optional<ExifBlock> withAttribute(const ExifBlock& before, const ExifTag& tag, const QString& text) {
-    const std::optional<ExifValueBytes> value = exifValueFromText(tag, text, before.isBigEndian());
+    const std::optional<ExifValueBytes> value = exifValueFromText(tag, text, before.order());
     if (!value)
         return std::nullopt;
     const auto changed = [&](ExifBlock block) {
@@ -81,7 +81,7 @@ std::optional<ExifBlock> withAttribute(const ExifBlock& before, const ExifTag& t
     return readsBack && after.keepsAllOf(reference, tag.group, tag.tag) ? std::optional(after) : std::nullopt;
 }
 
-/// Nothing when other attributes hang on this one or share its bytes.
+/// Nothing when other attributes depend on this one or share its bytes.
 std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAttribute& attribute) {
     const ExifEntry* entry = before.find(attribute.group, attribute.tag);
     if (entry && entry->isPointer())

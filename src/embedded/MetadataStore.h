@@ -39,7 +39,7 @@ public:
     /// isn't known or describes the structure, when the value doesn't convert to the attribute's type, or
     /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.
     bool ExifSet(const QString& name, const QString& value);
-    bool ExifDelete(const QString& name); ///< false when absent, or when others hang on it
+    bool ExifDelete(const QString& name); ///< false when absent, or when others depend on it
     void ExifClear();                     ///< and what camera makers store beside the block
 
     // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
