@@ -38,7 +38,7 @@ ConstPixelView Picture::view() const {
 bool Picture::isShared() const {
     if (m_buffer.use_count() > 1)
         return true;
-    // Whoever gave up the other reference may have read the pixels until just now.
+        // Whoever gave up the other reference may have read the pixels until just now.
 #ifdef __SANITIZE_THREAD__ // which doesn't know fences; counting a reference orders just as well
     const auto counted = m_buffer;
 #else
