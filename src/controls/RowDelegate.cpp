@@ -45,8 +45,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                             const QModelIndex& index) {
-    const bool cut =
-        index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    const int inView = (option.rect & view->viewport()->rect()).width();
+    const bool cut = index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > inView;
     if (!cut || event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     QToolTip::showText(event->globalPos(), index.data(Qt::DisplayRole).toString(), view->viewport(),
