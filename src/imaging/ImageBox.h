@@ -11,6 +11,8 @@
 
 namespace tarsel {
 
+class PictureFile;
+
 /// The font of ImageBox::DrawText.
 struct TextFont {
     QString Name;
@@ -53,6 +55,8 @@ public:
     /// Decodes by content. On failure the box is empty and LoadFailed is true; the error (0x8000FFFF for a
     /// file that its decoder can't make sense of, 53 for a missing one) is raised.
     void LoadFromFile(const QString& path);
+    /// One page, from 1, of a file that is already open; PageNumber doesn't count.
+    void LoadPage(const PictureFile& file, int page);
     bool LoadFailed() const { return m_loadFailed; }
     /// What is wrong with the file whose picture was loaded in part; empty for a whole one.
     QString LoadDamage() const { return m_loadDamage; }

@@ -3,7 +3,7 @@
 
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
-#include "codecs/Codec.h"
+#include "codecs/PictureFile.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -32,7 +32,7 @@ public:
 private:
     void read(const QString& path, const QFileInfo& facts) {
         m_picture = {};
-        m_picture = decodeByContent(readWholeFile(path), path, 1).picture;
+        m_picture = PictureFile(path).decode().picture;
         m_path = path;
         m_modified = facts.lastModified();
         m_size = facts.size();
@@ -54,18 +54,20 @@ MergedPictures& mergedPictures() {
 
 int ImageBox::PageCount(const QString& path) {
     int pages = 1;
-    ignoringErrors([&] {
-        const QByteArray bytes = readWholeFile(path);
-        if (const Codec* codec = codecForContent(bytes, path))
-            pages = codec->pageCount(bytes, path);
-    });
+    ignoringErrors([&] { pages = PictureFile(path).pageCount(); });
     return pages;
 }
 
 void ImageBox::LoadFromFile(const QString& path) {
     Clear();
     m_loadFailed = true;
-    DecodedPicture decoded = decodeByContent(readWholeFile(path), path, PageNumber);
+    LoadPage(PictureFile(path), PageNumber);
+}
+
+void ImageBox::LoadPage(const PictureFile& file, int page) {
+    Clear();
+    m_loadFailed = true;
+    DecodedPicture decoded = file.decode(page);
     m_picture = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));
     m_loadDamage = std::move(decoded.damage);
