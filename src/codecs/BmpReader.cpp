@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/BmpReader.h"
 
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/SourceStream.h"
 #include "pixels/Color.h"
 
@@ -84,7 +84,7 @@ Palette paletteOf(const BmpLayout& layout, const ByteReader& reader) {
     const std::int64_t colors = std::min<std::int64_t>(room, std::int64_t(1) << layout.bits);
     Palette palette = {};
     for (std::int64_t i = 0; i < colors; ++i)
-        if (const auto bgr = reader.stretch(start + i * entrySize, 3))
+        if (const auto bgr = reader.slice(start + i * entrySize, 3))
             palette[std::size_t(i)] = {std::uint8_t((*bgr)[2]), std::uint8_t((*bgr)[1]),
                                        std::uint8_t((*bgr)[0])};
     return palette;
@@ -108,7 +108,7 @@ public:
     BmpPainter(const BmpLayout& layout, const PictureSource& source, Picture& picture) :
         m_layout(layout), m_stream(source, layout.pixelOffset), m_target(picture.edit()) {
         const QByteArray start = source.start();
-        const ByteReader reader(start, false);
+        const ByteReader reader(start, ByteOrder::Little);
         m_masks = masksOf(layout, reader);
         if (layout.bits <= 8)
             m_palette = paletteOf(layout, reader);
@@ -255,7 +255,7 @@ private:
 
 BmpLayout readBmpLayout(const PictureSource& source, const FileUnderTest& file) {
     const QByteArray start = source.start();
-    const ByteReader reader(start, false);
+    const ByteReader reader(start, ByteOrder::Little);
     BmpLayout layout;
     layout.pixelOffset = reader.dword(10).value_or(0);
     layout.headerSize = reader.dword(InfoHeaderOffset).value_or(0);
@@ -282,7 +282,8 @@ BmpPicture readBmp(const PictureSource& source, const FileUnderTest& file) {
     const BmpLayout layout = readBmpLayout(source, file);
     requireKnownKind(layout, file);
     const QByteArray start = source.start();
-    const bool alpha = layout.bits > 8 && masksOf(layout, ByteReader(start, false)).alpha.mask != 0;
+    const bool alpha =
+        layout.bits > 8 && masksOf(layout, ByteReader(start, ByteOrder::Little)).alpha.mask != 0;
     Picture picture(int(layout.width), int(std::abs(layout.height)), alpha ? 4 : 3);
     BmpPainter painter(layout, source, picture);
     QString damage = painter.paint();

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
-#include "codecs/ByteReader.h"
-#include "codecs/DecoderProcess.h"
+#include "base/Stop.h"
+#include "bytes/ByteReader.h"
+#include "codecs/DecoderPool.h"
 
 namespace tarsel {
 
@@ -19,7 +20,7 @@ bool sniffGif(const PictureSource& source) {
 /// Layout: signature, width 16, height 16, flags (bits of the palette less one in the low three).
 PictureHeader gifHeader(const PictureSource& source, const QString& name) {
     const QByteArray start = source.start();
-    const ByteReader reader(start, false);
+    const ByteReader reader(start, ByteOrder::Little);
     const int width = reader.word(6).value_or(0);
     const int height = reader.word(8).value_or(0);
     requirePlausibleSize({"GIF", name, source.size()}, width, height, PixelsPerByte);
@@ -33,7 +34,9 @@ int onePage(const PictureSource&, const QString&) {
 DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) {
     gifHeader(source, name);
     const QByteArray bytes = source.all();
-    return {DecoderProcess::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}), {}};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}, currentStop()),
+        {}};
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PsdReader.h"
 
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 
 #include <algorithm>
@@ -112,7 +112,7 @@ public:
         }
         const int countBytes = layout.isLarge ? 4 : 2;
         const QByteArray counts = source.bytes(layout.pixels + 2, wanted * countBytes);
-        const ByteReader reader(counts, true);
+        const ByteReader reader(counts, ByteOrder::Big);
         m_offsets.push_back(layout.pixels + 2 + std::int64_t(layout.channels) * m_height * countBytes);
         for (std::int64_t i = 0; i < wanted; ++i) {
             const auto size = layout.isLarge ? std::int64_t(reader.dword(i * 4).value_or(0))
@@ -237,7 +237,7 @@ private:
 
 /// Samples of any depth as 0 to 255; of a bitmap, ink is 1.
 void widenRow(const std::vector<std::uint8_t>& bytes, int bits, std::vector<float>& samples) {
-    const ByteReader reader(QByteArrayView(bytes.data(), qsizetype(bytes.size())), true);
+    const ByteReader reader(bytes, ByteOrder::Big);
     for (std::size_t x = 0; x < samples.size(); ++x)
         switch (bits) {
         case 1:
@@ -279,7 +279,7 @@ void storeRow(const std::vector<std::uint8_t>& rgb, const std::vector<float>* al
 
 PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file) {
     const QByteArray header = source.bytes(0, HeaderSize);
-    const ByteReader reader(header, true);
+    const ByteReader reader(header, ByteOrder::Big);
     PsdLayout layout;
     layout.isLarge = reader.word(4).value_or(0) == 2;
     layout.channels = reader.word(12).value_or(0);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffDirectory.h"
 
-#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <set>
@@ -50,7 +49,9 @@ public:
     }
 
 private:
-    ByteReader reader(const QByteArray& bytes) const { return ByteReader(bytes, m_bigEndian); }
+    ByteReader reader(const QByteArray& bytes) const {
+        return ByteReader(bytes, m_bigEndian ? ByteOrder::Big : ByteOrder::Little);
+    }
 
     void readEntry(TiffDirectory& directory, const QByteArray& bytes, int level) {
         const ByteReader fields = reader(bytes);
@@ -89,11 +90,8 @@ private:
 
 template <class Number>
 QByteArray numberBytes(Number value, bool bigEndian) {
-    QByteArray bytes(sizeof value, Qt::Uninitialized);
-    if (bigEndian)
-        qToBigEndian(value, bytes.data());
-    else
-        qToLittleEndian(value, bytes.data());
+    QByteArray bytes;
+    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
     return bytes;
 }
 
@@ -167,7 +165,7 @@ std::optional<TiffStart> readTiffStart(const PictureSource& source) {
     const bool bigEndian = bytes.startsWith(QByteArray("MM\0*", 4));
     if (!bigEndian && !bytes.startsWith(QByteArray("II*\0", 4)))
         return std::nullopt;
-    const auto offset = ByteReader(bytes, bigEndian).dword(4);
+    const auto offset = ByteReader(bytes, bigEndian ? ByteOrder::Big : ByteOrder::Little).dword(4);
     if (!offset)
         return std::nullopt;
     return TiffStart{bigEndian, *offset};
