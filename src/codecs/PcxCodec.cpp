@@ -19,7 +19,7 @@ constexpr std::int64_t PixelsPerByte = 256;
 // Layout: mark 10, version, encoding (1: runs), bits of a pixel in one plane, the edges left, top, right,
 // bottom (16 bits each), resolution (2 times 16), palette of 16 colours, a reserved byte, planes, bytes of a
 // row in one plane (16). The pixels follow the 128 bytes: row by row, in a row plane by plane. A palette of
-// 256 colours stands behind them: a mark 12 and 768 bytes, the last of the file.
+// 256 colours follows them: a mark 12 and 768 bytes, the last of the file.
 constexpr qsizetype HeaderSize = 128;
 constexpr int PaletteOffset = 16;
 constexpr int PlanesOffset = 65;

@@ -58,7 +58,8 @@ bool hasTransparency(const PictureSource& source, const PsdLayout& layout) {
         const QByteArray key = source.bytes(at + 4, 4);
         if (key == "Lr16" || key == "Lr32")
             return isNegative(at + 12);
-        at = (endOfSection(source, at + 8, 4) + 3) / 4 * 4;
+        const std::int64_t data = at + 12;
+        at = data + (endOfSection(source, at + 8, 4) - data + 3) / 4 * 4;
     }
     return false;
 }

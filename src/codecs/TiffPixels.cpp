@@ -9,7 +9,7 @@ namespace tarsel {
 
 namespace {
 
-/// White, and opaque: what stands where a damaged file gives nothing.
+/// White, and opaque: what is shown where a damaged file has no pixels.
 void clearPixels(PixelView target) {
     std::memset(target.data, 255, std::size_t(target.stride) * std::size_t(target.height));
 }

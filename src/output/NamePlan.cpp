@@ -16,7 +16,7 @@ namespace tarsel {
 
 namespace {
 
-/// What can be told of a picture file without decoding it.
+/// What is known of a picture file without decoding it.
 struct SourceFacts {
     int width = 0;
     int height = 0;

@@ -20,6 +20,7 @@ const std::map<QString, const char*>& exceptions() {
     constexpr auto alphaOfReserved = "ImageMagick takes the reserved byte of 32 bits for alpha";
     constexpr auto gamma = "ImageMagick applies gAMA, we show the values as stored";
     constexpr auto profile = "we convert inks by the embedded profile, ImageMagick by complement";
+    constexpr auto grayAlpha = "ImageMagick turns white transparent when it writes gray with alpha as RGBA";
     constexpr auto twoColors = "ImageMagick ignores the two colours in the header";
     constexpr auto yCbCr = "ImageMagick leaves YCbCr values unconverted";
     static const std::map<QString, const char*> table = {
@@ -30,6 +31,8 @@ const std::map<QString, const char*>& exceptions() {
          "outside the frame we are transparent, ImageMagick shows the background"},
         {QStringLiteral("meta/cielab-dagams.tiff"), "ImageMagick takes the white of L*a*b* for D65"},
         {QStringLiteral("meta/cmyk8_testcard.psd"), profile},
+        {QStringLiteral("meta/testcard_graya16.psd"), grayAlpha},
+        {QStringLiteral("meta/testcard_graya8.psd"), grayAlpha},
         {QStringLiteral("pcx/1plane1bppCompressed.pcx"), twoColors},
         {QStringLiteral("pcx/Format_Mono.pcx"), twoColors},
         {QStringLiteral("pcx/pil184.pcx"), twoColors},
@@ -38,8 +41,11 @@ const std::map<QString, const char*>& exceptions() {
         {QStringLiteral("png/rgb-landscape.png"), gamma},
         {QStringLiteral("png/toucan.png"), gamma},
         {QStringLiteral("psd/4x4_16bit_cmyk.psd"), profile},
+        {QStringLiteral("psd/gray0.psd"), grayAlpha},
         {QStringLiteral("tiff/caspian.tif"), "we map the range of floating point to black and white"},
         {QStringLiteral("tiff/dscf0013.tif"), yCbCr},
+        {QStringLiteral("tiff/minisblack-2c-8b-alpha.tiff"),
+         "ImageMagick drops the alpha plane and changes the gray"},
         {QStringLiteral("tiff/smallliz.tif"), yCbCr},
         {QStringLiteral("tiff/ycbcr-cat.tif"), yCbCr},
         {QStringLiteral("tiff/zackthecat.tif"), yCbCr},
