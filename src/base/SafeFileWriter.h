@@ -52,8 +52,8 @@ void writeFileSafely(const QString& path, const QByteArray& bytes);
 /// its signal ends the program. For the start of a program.
 void reportFileSizeLimitAsError();
 
-/// A regular file, open for reading; 53 when it is missing, 70 when it can't be read, 5 when it is another kind
-/// of file.
+/// A regular file, open for reading; 53 when it is missing, 70 when it can't be read, 5 when it is another
+/// kind of file.
 std::unique_ptr<QFile> openRegularFile(const QString& path);
 
 /// The bytes of a regular file; errors as openRegularFile.
