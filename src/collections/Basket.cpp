@@ -9,6 +9,7 @@
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
 
+#include <algorithm>
 #include <ranges>
 
 namespace tarsel {
@@ -81,8 +82,15 @@ void Basket::addSelected(Road road) {
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
         m_lists.pbQueue.start(folder.count());
-        // Pending input may change the list: it is counted anew each time.
-        for (int row = 0; row < folder.count(); ++row) {
+        int row = 0;
+        // A listing in the background takes unreadable files out while rows are added.
+        const QObject context;
+        QObject::connect(&folder, &QAbstractItemModel::rowsRemoved, &context,
+                         [&row](const QModelIndex&, int first, int last) {
+                             row -= std::clamp(row - first, 0, last - first + 1);
+                         });
+        // Pending input may change the list: its rows are counted each time.
+        for (; row < folder.count(); ++row) {
             desktop().yield();
             if (row < folder.count() && folder.isSelected(row))
                 addFolderRow(road, row);

@@ -246,6 +246,18 @@ TEST_F(BasketTest, AFolderListThatIsEmptiedWhileItIsAddedEndsTheAdding) {
     EXPECT_EQ(lvPages.count(), 1);
 }
 
+TEST_F(BasketTest, RowsThatAListingTakesOutMeanwhileCostNoOtherRow) {
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png"})
+        makePicture(picture(name), {3, 3});
+    listAndSelectAll();
+    desktop.onYield = [&] {
+        if (lvPages.count() == 2 && lvFolder.count() == 4)
+            lvFolder.remove(0);
+    };
+    basket().cmdAddToQueue_Click();
+    EXPECT_EQ(texts(lvPages).join(QLatin1Char(' ')), QStringLiteral("a b c d"));
+}
+
 TEST_F(BasketTest, SelectingNothingOnlyClearsTheSelectionOfTheBasket) {
     makePicture(picture("a.png"), {3, 3});
     fillBasket(3);
