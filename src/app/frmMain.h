@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/FolderListing.h"
-#include "app/Preview.h"
-#include "app/Workspace.h"
+#include "collections/Basket.h"
+#include "collections/FolderView.h"
+#include "collections/Preview.h"
+#include "collections/Workspace.h"
 #include "controls/ActionTable.h"
 
 #include <QLockFile>
@@ -45,7 +46,8 @@ public:
     bool Form_Load();
 
     Workspace& workspace() { return m_workspace; }
-    FolderListing& folderListing() { return m_listing; }
+    const FolderView& folderView() const { return m_folderView; }
+    const Preview& preview() const { return m_preview; }
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
@@ -99,14 +101,11 @@ private:
     void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
     void Form_Unload();
 
-    CollectionLists lists();
-
     Surroundings m_surroundings;
     Workspace m_workspace;
     ProgressBar* pbQueue;
     FolderView m_folderView;
     Basket m_basket;
-    FolderListing m_listing;
     Preview m_preview;
     std::unique_ptr<QLockFile> m_instance;
 

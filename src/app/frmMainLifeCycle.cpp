@@ -12,6 +12,7 @@
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "collections/PageFiles.h"
+#include "collections/Thumbnail.h"
 #include "configuration/ColumnWidths.h"
 #include "configuration/ConfigFile.h"
 #include "controls/ListControl.h"
@@ -30,13 +31,6 @@
 namespace tarsel {
 
 namespace {
-
-/// What a damaged record may hold as thumbnail size would leave the lists without a picture.
-Size usableSize(Size stored) {
-    constexpr int smallest = 8;
-    constexpr Size usual{40, 40};
-    return stored.width < smallest || stored.height < smallest ? usual : stored;
-}
 
 QSize qtSize(Size size) {
     return {size.width, size.height};
@@ -137,7 +131,7 @@ void frmMain::buildApplicationName() {
 
 void frmMain::takeThumbnailSizes() {
     m_folderThumb = {ConfigRecord.FolderThumbWidth, ConfigRecord.FolderThumbHeight};
-    m_folderView.settings.folderThumb = usableSize(m_folderThumb);
+    m_folderView.settings.folderThumb = usableThumbnailSize(m_folderThumb);
     m_folderPane->lvFolder().setThumbnailSize(qtSize(m_folderView.settings.folderThumb));
 }
 
@@ -160,8 +154,9 @@ void frmMain::subUpdateForm() {
         takeThumbnailSizes();
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_surroundings.programFolder;
-            settings->basketThumb = usableSize(m_basketThumb);
-            settings->folderThumb = usableSize(m_folderThumb);
+            settings->basketThumb = usableThumbnailSize(m_basketThumb);
+            settings->folderThumb = usableThumbnailSize(m_folderThumb);
+            settings->pixelRatio = devicePixelRatioF();
             settings->longFileSize = ConfigRecord.LongFileSize == 1;
         }
         m_basketPane->lvPages().setTableIconSize(qtSize(m_basket.settings.basketThumb));
@@ -215,7 +210,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
 void frmMain::Form_Unload() {
     // Loops that run below this event leave at their next item.
     CancelRequested = true;
-    m_listing.stop();
+    m_folderView.stop();
+    m_preview.stop();
     subEnd();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())

@@ -9,6 +9,7 @@
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
 
+#include <algorithm>
 #include <ranges>
 
 namespace tarsel {
@@ -48,8 +49,20 @@ QStringList basketHeaders() {
             QStringLiteral("Type"),      QStringLiteral("Path"),       QStringLiteral("Description")};
 }
 
-Basket::Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker thumbnails) :
-    settings(std::move(initial)), m_lists(lists), m_thumbnails(std::move(thumbnails)) {}
+Basket::Basket(CollectionLists lists, CollectionSettings initial) :
+    settings(std::move(initial)), m_lists(lists) {}
+
+namespace {
+
+/// Pages of a row of the folder list. A row that is still being completed doesn't know them yet.
+int pagesOf(const ListRow& row) {
+    const QString known = row.subItems.value(FolderColumn::Pages - 1);
+    if (known.isEmpty() && mayHavePages(clsFileInfo::StripFileExtention(row.text)))
+        return ImageBox::PageCount(row.tag);
+    return known.toInt();
+}
+
+} // namespace
 
 // --- adding
 
@@ -69,8 +82,15 @@ void Basket::addSelected(Road road) {
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
         m_lists.pbQueue.start(folder.count());
-        // Pending input may change the list: it is counted anew each time.
-        for (int row = 0; row < folder.count(); ++row) {
+        int row = 0;
+        // A listing in the background takes unreadable files out while rows are added.
+        const QObject context;
+        QObject::connect(&folder, &QAbstractItemModel::rowsRemoved, &context,
+                         [&row](const QModelIndex&, int first, int last) {
+                             row -= std::clamp(row - first, 0, last - first + 1);
+                         });
+        // Pending input may change the list: its rows are counted each time.
+        for (; row < folder.count(); ++row) {
             desktop().yield();
             if (row < folder.count() && folder.isSelected(row))
                 addFolderRow(road, row);
@@ -89,7 +109,7 @@ void Basket::addFolderRow(Road road, int folderRow) {
     FileInfo().setFilePath(row.tag);
     showStatus(road, naming("Adding file to basket", row.text));
     const Source source{road, row.tag, row.text};
-    const int pages = row.subItems.value(FolderColumn::Pages - 1).toInt();
+    const int pages = pagesOf(row);
     if (pages < 2)
         addPicture(source, row);
     else
@@ -99,7 +119,7 @@ void Basket::addFolderRow(Road road, int folderRow) {
 void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     std::optional<Thumbnail> thumbnail = folderThumbnail(folderRow);
     if (!thumbnail)
-        thumbnail = loadThumbnail(source.path, settings.basketThumb, m_thumbnails);
+        thumbnail = loadThumbnail(source.path, settings.basketBox());
     if (!thumbnail) {
         noteFailed(source.path);
         return;
@@ -115,14 +135,14 @@ void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     addRow(std::move(row), *thumbnail);
 }
 
-/// The folder list's own thumbnail of a row, where it has the basket's size: a picture that was decoded for
-/// one list is not decoded again for the other.
+/// The folder list's own thumbnail of a row, scaled to the basket's size: a picture that was decoded for one
+/// list is not decoded again for the other.
 std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const {
-    const QVariant icon = m_lists.ilFolder.at(folderRow.icon);
+    const Picture shown = pictureAt(m_lists.ilFolder, folderRow.icon);
     const bool knowsSize = !folderRow.subItems.value(FolderColumn::Resolution - 1).trimmed().isEmpty();
-    if (settings.folderThumb != settings.basketThumb || !icon.isValid() || !knowsSize)
+    if (shown.isNull() || !knowsSize)
         return std::nullopt;
-    return Thumbnail{icon, {}};
+    return makeThumbnail(shown, settings.basketBox());
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
@@ -133,7 +153,7 @@ void Basket::subAddEntryToListView(const QString& path) {
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
             return addPages(source, pages);
-        const auto thumbnail = loadThumbnail(path, settings.basketThumb, m_thumbnails);
+        const auto thumbnail = loadThumbnail(path, settings.basketBox());
         if (thumbnail)
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
                    *thumbnail);
@@ -167,16 +187,16 @@ void Basket::addPages(const Source& source, int pages) {
         if (showing)
             m_lists.pbQueue.setValue(page);
     }
+    m_pageBox.Clear();
 }
 
 /// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
 void Basket::addPage(const Source& source, const OpenDocument& document, int page) {
-    if (!document.loadPage(m_lists.ibMain, page)) {
+    if (!document.loadPage(m_pageBox, page)) {
         noteFailed(source.path);
         return;
     }
-    const ImageBox& box = m_lists.ibMain;
-    const Size size{box.Width(), box.Height()};
+    const Size size{m_pageBox.Width(), m_pageBox.Height()};
     const QString pageFile = newPageFile(settings.programFolder, source.road, source.fileName, page);
     const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
     if (!thumbnail) {
@@ -187,16 +207,16 @@ void Basket::addPage(const Source& source, const OpenDocument& document, int pag
     addRow(rowOf(pageRowName(source.road, source.fileName, page), pageFile, source.path, size), *thumbnail);
 }
 
-/// Saves the page that ibMain holds and returns its thumbnail. A drop takes it from the page file once saved,
+/// Saves the page in the box and returns its thumbnail. A drop takes it from the page file once saved,
 /// the other roads from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
-    ImageBox& box = m_lists.ibMain;
+    ImageBox& box = m_pageBox;
     if (source.road == Road::Drag) {
         savePage(box, pageFile);
-        return loadThumbnail(pageFile, settings.basketThumb, m_thumbnails);
+        return loadThumbnail(pageFile, settings.basketBox());
     }
     std::optional<Thumbnail> thumbnail;
-    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketThumb, m_thumbnails); }))
+    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketBox()); }))
         savePage(box, pageFile);
     return thumbnail;
 }

@@ -3,6 +3,7 @@
 
 #include "collections/CollectionLists.h"
 #include "collections/PageFiles.h"
+#include "imaging/ImageBox.h"
 
 #include <QStringList>
 #include <optional>
@@ -26,7 +27,7 @@ constexpr int Description = 5;
 /// file itself, or the page's own file in the folder Temp.
 class Basket {
 public:
-    Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker thumbnails = {});
+    Basket(CollectionLists lists, CollectionSettings initial);
 
     CollectionSettings settings;
 
@@ -63,7 +64,7 @@ private:
     void noteFailed(const QString& path);
 
     CollectionLists m_lists;
-    ThumbnailMaker m_thumbnails;
+    ImageBox m_pageBox; ///< pages on their way to their files; the preview's box shows another picture
     QStringList m_failed;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/TaskBasketActions.h"
+#include "tasks/TaskBasketActions.h"
 
 #include "base/Desktop.h"
 #include "tasks/TaskFile.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BasketActions.h"
+#include "collections/BasketActions.h"
 
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
