@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 namespace tarsel {
 
@@ -24,14 +25,24 @@ void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, 
         .ErrTrappingString = TrappingString,
         .ErrSystem = QString::number(number) + QStringLiteral(" - ") + description,
     };
-    // A copy: an error inside the dialog fills the report anew.
+    // A copy: an error inside the dialog fills the report again.
     const ErrorReport report = filledReport;
     desktop().showErrorReport(report);
 }
 
-void reportTrapped(const TrappedError& error, const char* routine) {
-    const auto line = std::min<std::uint_least32_t>(error.where.line(), std::numeric_limits<qint16>::max());
-    GlobalErrorHandler(error.description, error.number, qint16(line), QString::fromLatin1(routine));
+void reportTrapped(const char* routine) {
+    const QString name = QString::fromLatin1(routine);
+    try {
+        throw;
+    } catch (const TrappedError& error) {
+        const auto line =
+            std::min<std::uint_least32_t>(error.where.line(), std::numeric_limits<qint16>::max());
+        GlobalErrorHandler(error.description, error.number, qint16(line), name);
+    } catch (const std::bad_alloc&) {
+        GlobalErrorHandler(errorText(ErrorNumber::OutOfMemory), ErrorNumber::OutOfMemory, 0, name);
+    } catch (const std::exception& error) {
+        GlobalErrorHandler(QString::fromUtf8(error.what()), ErrorNumber::InvalidCall, 0, name);
+    }
 }
 
 } // namespace tarsel

@@ -178,6 +178,8 @@ QByteArray readWholeFile(const QString& path) {
     struct stat facts = {};
     if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
         failForErrno(errno, path);
+    if (S_ISDIR(facts.st_mode))
+        failForErrno(EISDIR, path);
     if (!S_ISREG(facts.st_mode)) // a pipe or a device might never end
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": not a regular file"));
     QFile file(path);
