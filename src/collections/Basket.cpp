@@ -52,27 +52,46 @@ Basket::Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker
 
 // --- adding
 
+Basket::Adding::Adding(Basket& basket) : m_basket(basket) {
+    if (m_basket.m_adding++ > 0)
+        return;
+    m_basket.m_stopAdding = false;
+    if (m_basket.addingChanged)
+        m_basket.addingChanged(true);
+}
+
+Basket::Adding::~Adding() {
+    if (--m_basket.m_adding > 0)
+        return;
+    m_basket.m_lists.pbQueue.hide();
+    if (m_basket.addingChanged)
+        m_basket.addingChanged(false);
+}
+
+bool Basket::Adding::goesOn() const {
+    if (!m_basket.m_stopAdding)
+        desktop().yield();
+    return !m_basket.m_stopAdding;
+}
+
 void Basket::cmdAddToQueue_Click() {
-    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button); });
-    m_lists.pbQueue.hide();
+    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button, Adding(*this)); });
 }
 
 void Basket::AddToBasketByDrag() {
-    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag); });
-    m_lists.pbQueue.hide();
+    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag, Adding(*this)); });
 }
 
-void Basket::addSelected(Road road) {
+void Basket::addSelected(Road road, const Adding& adding) {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
         m_lists.pbQueue.start(folder.count());
         // Pending input may change the list: it is counted anew each time.
-        for (int row = 0; row < folder.count(); ++row) {
-            desktop().yield();
+        for (int row = 0; row < folder.count() && adding.goesOn(); ++row) {
             if (row < folder.count() && folder.isSelected(row))
-                addFolderRow(road, row);
+                addFolderRow(road, row, adding);
             m_lists.pbQueue.start(folder.count(), row + 1);
         }
         showStatus(road, QString());
@@ -81,7 +100,7 @@ void Basket::addSelected(Road road) {
     m_lists.lvPages.selectOnly(-1);
 }
 
-void Basket::addFolderRow(Road road, int folderRow) {
+void Basket::addFolderRow(Road road, int folderRow, const Adding& adding) {
     const ListRow row = m_lists.lvFolder.row(folderRow);
     if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
         return;
@@ -92,7 +111,7 @@ void Basket::addFolderRow(Road road, int folderRow) {
     if (pages < 2)
         addPicture(source, row);
     else
-        addPages(source, pages);
+        addPages(source, pages, adding);
 }
 
 void Basket::addPicture(const Source& source, const ListRow& folderRow) {
@@ -125,13 +144,14 @@ std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
+    const Adding adding(*this);
     trap("subAddEntryToListView", [&] {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileInfo().setFilePath(path);
         const Source source{Road::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
-            return addPages(source, pages);
+            return addPages(source, pages, adding);
         const auto thumbnail = loadThumbnail(path, settings.basketThumb, m_thumbnails);
         if (thumbnail)
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
@@ -149,7 +169,7 @@ void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
 
 // --- pages of documents
 
-void Basket::addPages(const Source& source, int pages) {
+void Basket::addPages(const Source& source, int pages, const Adding& adding) {
     const bool drag = source.road == Road::Drag;
     const QString extracting = drag ? naming("Please wait... extracting multipage document",
                                              modFileSystem::GetFileTitle(source.fileName))
@@ -157,8 +177,7 @@ void Basket::addPages(const Source& source, int pages) {
     const bool showing = source.road != Road::BasketFile;
     if (showing)
         m_lists.pbQueue.start(pages);
-    for (int page = 1; page <= pages; ++page) {
-        desktop().yield();
+    for (int page = 1; page <= pages && adding.goesOn(); ++page) {
         if (showing)
             showStatus(source.road, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
         addPage(source, page);
@@ -226,6 +245,7 @@ void Basket::cmdPagesDelete() {
 }
 
 void Basket::cmdPagesNew() {
+    stopAdding();
     empty();
     m_lists.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("New Basket"));
     deletePageFiles(settings.programFolder);

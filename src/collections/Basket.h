@@ -5,6 +5,7 @@
 #include "collections/PageFiles.h"
 
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace tarsel {
@@ -39,6 +40,24 @@ public:
     /// could not read.
     const QStringList& LTemp() const { return m_failed; }
 
+    /// Marks an adding of files, which lets other handlers run in between.
+    class Adding {
+    public:
+        explicit Adding(Basket& basket);
+        ~Adding();
+        Adding(const Adding&) = delete;
+        Adding& operator=(const Adding&) = delete;
+        /// Lets pending input run. False when the adding is to end here.
+        bool goesOn() const;
+
+    private:
+        Basket& m_basket;
+    };
+    /// Ends the running adding before its next file or page; what has been added stays.
+    void stopAdding() { m_stopAdding = true; }
+    /// Called with true when an adding begins and with false at its end.
+    std::function<void(bool)> addingChanged;
+
     void cmdPagesDelete(); ///< removes the selected rows; their page files stay
     void cmdPagesNew();    ///< empties the basket and deletes all page files, without asking
     void empty();          ///< empties the basket alone
@@ -49,10 +68,10 @@ public:
 private:
     struct Source;
 
-    void addSelected(Road road);
-    void addFolderRow(Road road, int folderRow);
+    void addSelected(Road road, const Adding& adding);
+    void addFolderRow(Road road, int folderRow, const Adding& adding);
     void addPicture(const Source& source, const ListRow& folderRow);
-    void addPages(const Source& source, int pages);
+    void addPages(const Source& source, int pages, const Adding& adding);
     void addPage(const Source& source, int page);
     bool loadPage(const QString& path, int page);
     std::optional<Thumbnail> pageThumbnail(const Source& source, const QString& pageFile);
@@ -65,6 +84,8 @@ private:
     CollectionLists m_lists;
     ThumbnailMaker m_thumbnails;
     QStringList m_failed;
+    int m_adding = 0; ///< additions in progress: one may run inside another
+    bool m_stopAdding = false;
 };
 
 } // namespace tarsel
