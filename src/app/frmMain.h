@@ -49,6 +49,8 @@ public:
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void SetStatus(const QString& text);
+    /// Writes the settings as they are now, as at the end.
+    void storeSettings() { subEnd(); }
 
 Q_SIGNALS:
     /// The window has ended and everything is stored.
@@ -61,6 +63,8 @@ protected:
 private:
     // Initialise: the window's parts
     void arrangePanes();
+    QWidget* makeCancelAdding();
+    bool acceptTitle(const QString& title);
     void joinFolderPane();
     void joinBasketPane();
     void joinTaskBasket();
