@@ -5,6 +5,7 @@
 #include "app/TerminationSignals.h"
 #include "app/frmMain.h"
 #include "base/ErrorTrap.h"
+#include "base/SafeFileWriter.h"
 
 #include <QApplication>
 
@@ -25,6 +26,7 @@ public:
 
 int main(int argc, char** argv) {
     using namespace tarsel;
+    reportFileSizeLimitAsError();
     Application application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     // No display name: X11 would append it to the title of every window.

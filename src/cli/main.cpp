@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
 #include "cli/CommandLine.h"
 #include "cli/Terminal.h"
 
 #include <unistd.h>
 
 int main(int argc, char** argv) {
+    tarsel::reportFileSizeLimitAsError();
     QStringList words;
     for (int i = 1; i < argc; ++i)
         words << QString::fromLocal8Bit(argv[i]);

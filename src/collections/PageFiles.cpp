@@ -4,10 +4,12 @@
 #include "base/Desktop.h"
 #include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
+#include "imaging/ImageBox.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 
 namespace tarsel {
 
@@ -17,7 +19,7 @@ QString temporaryFolderPath(const QString& programFolder) {
     return joinedPath(programFolder, QStringLiteral("Temp"));
 }
 
-/// Is a name taken? A link that leads nowhere takes its name too.
+/// A dangling link takes a name too.
 bool isTaken(const QString& path) {
     const QFileInfo file(path);
     return file.exists() || file.isSymLink();
@@ -53,6 +55,12 @@ QString newPageFile(const QString& programFolder, Road road, const QString& file
         if (!isTaken(path))
             return path;
     }
+}
+
+void savePage(ImageBox& box, const QString& path) {
+    constexpr int Fax = 2;
+    const QScopedValueRollback compression(box.TiffCompression, Fax);
+    box.SaveToFile(path);
 }
 
 void deletePageFiles(const QString& programFolder) {

@@ -52,6 +52,7 @@ std::vector<ConfigField> makeTable() {
 #define FIELD(type, name, value) ROW(type, name, None)
 #define TEXT(type, name, value) ROW(type, name, None)
 #define FOLDER(type, name, form) ROW(type, name, form)
+#define BESIDE(type, name, value)
 #include "configuration/ConfigFields.def"
 #undef ROW
     return fields;

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSettings>
 
 namespace tarsel {
 
@@ -45,7 +46,26 @@ void readRecord(const ConfigRecordData& defaults) {
     writeFileSafely(ConfigPath, {});
 }
 
+const QString uprightKey = QStringLiteral("BatchSave/UprightByExif");
+
+void readSettingsBeside() {
+    const QSettings settings(settingsPathBeside(), QSettings::IniFormat);
+    ConfigRecord.BatchSave.UprightByExif = settings.value(uprightKey, true).toBool() ? 1 : 0;
+}
+
+void storeSettingsBeside() {
+    QSettings settings(settingsPathBeside(), QSettings::IniFormat);
+    settings.setValue(uprightKey, ConfigRecord.BatchSave.UprightByExif == 1);
+    settings.sync();
+    if (settings.status() != QSettings::NoError)
+        fail(ErrorNumber::PermissionDenied, settingsPathBeside());
+}
+
 } // namespace
+
+QString settingsPathBeside() {
+    return ConfigPath + QStringLiteral(".ini");
+}
 
 void subLoadSetup(const QString& programFolder) {
     const ConfigRecordData defaults = defaultRecord(programFolder);
@@ -54,6 +74,7 @@ void subLoadSetup(const QString& programFolder) {
         if (configurationExists() && ConfigPath.isEmpty())
             throwCorruptedFileAway();
         readRecord(defaults);
+        readSettingsBeside();
     });
     if (!ended)
         ConfigRecord = defaults;
@@ -64,6 +85,7 @@ void subSaveSetup() {
         const QByteArray image = recordImage(ConfigRecord);
         const QByteArray old = QFile::exists(ConfigPath) ? readWholeFile(ConfigPath) : QByteArray();
         writeFileSafely(ConfigPath, image + old.mid(image.size()));
+        storeSettingsBeside();
     });
 }
 

@@ -9,12 +9,15 @@ namespace tarsel {
 /// until subLoadSetup.
 inline QString ConfigPath;
 
+/// The .ini file next to the record, for settings that the record's fixed layout has no room for.
+QString settingsPathBeside();
+
 /// Composes ConfigPath from the program folder and fills ConfigRecord: from the file, or with the defaults
 /// when there is none; then an empty file is made. Errors go to the error report; the defaults hold then.
 void subLoadSetup(const QString& programFolder);
 
-/// Stores ConfigRecord. What an older, longer file holds behind the record's end stays there. Errors go to
-/// the error report, and the old file stays as it was.
+/// Stores ConfigRecord and the settings beside it. What an older, longer file holds behind the record's end
+/// stays there. Errors go to the error report, and the old file stays as it was.
 void subSaveSetup();
 
 /// Removes the configuration file. Errors are ignored.

@@ -30,6 +30,7 @@ constexpr qint32 systemColor(quint32 index) {
 #define FIELD(type, name, value) configType::type name = value;
 #define TEXT(type, name, value) configType::type name = QStringLiteral(value);
 #define FOLDER(type, name, form) configType::type name;
+#define BESIDE(type, name, value) configType::type name = value;
 #include "configuration/ConfigFields.def"
 
 /// Everything that the program remembers between two runs.

@@ -19,7 +19,7 @@ const std::array<TaskKind, 16>& taskKinds() {
         {10, "Text",       "Text",            "text",       "Text",        "Task Option - Add Text",        steps::text},
         {11, "Invert",     "Invert",          "invert",     "Negative",    "Task Option - Invert",          steps::invert},
         {12, "Canvas",     "Canvas",          "canvas",     "Canvas",      "Task Option - Canvas",          steps::canvas},
-        {13, "Frame",      "Frame",           "frame",      "Frame",       "Task Option - Frame",           steps::missingArtwork},
+        {13, "Frame",      "Frame",           "frame",      "Frame",       "Task Option - Frame",           steps::frame},
         {14, "Mask",       "Mask",            "mask",       "Mask",        "Task Option - Mask",            steps::missingArtwork},
         {15, "Shadow",     "Shadow",          "shadow",     "Shadow",      "Task Option - Shadow",          steps::missingArtwork},
         {16, "RedEye",     "Red-Eye Correction", "",        "",            "Red-Eye Correction",            nullptr},

@@ -1,22 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/modProcessTasks.h"
 
-#include "base/Conversions.h"
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
-#include "tasks/TaskList.h"
+#include "tasks/Replay.h"
 
 namespace tarsel {
 
 namespace {
 
-void replay(ImageBox& box, const TaskRow& row) {
-    const TaskKind* kind = taskKind(toInt16(row.kind));
-    if (kind && kind->replay)
-        kind->replay(box, row);
+/// Whether a run that isn't of all rows ends after this one.
+bool isSelected(int index, const ListView& list, const ListView* previewList, bool editing) {
+    const ListView& selecting = editing && previewList ? *previewList : list;
+    return selecting.selectedIndex() == index;
 }
 
 } // namespace
+
+std::vector<TaskRow> modProcessTasks::rowsToReplay(const ListView& list, const ListView& rows,
+                                                   const ListView* previewList, bool runAll, bool editing) {
+    std::vector<TaskRow> replayed;
+    for (int index = 0; index < rows.count(); ++index) {
+        replayed.push_back(taskRowOf(rows, index));
+        if (!runAll && isSelected(index, list, previewList, editing))
+            break;
+    }
+    return replayed;
+}
 
 bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows, ImageBox& box,
                                       const ListView* previewList, bool runAll, bool editing) {
@@ -28,9 +38,8 @@ bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows
         desktop().setBusyPointer(true);
         for (int index = 0; index < count; ++index) {
             desktop().yield();
-            replay(box, taskRowOf(rows, index));
-            const ListView& selecting = editing && previewList ? *previewList : list;
-            if (!runAll && selecting.selectedIndex() == index)
+            replayRow(box, taskRowOf(rows, index), index + 1);
+            if (!runAll && isSelected(index, list, previewList, editing))
                 break;
         }
         desktop().setBusyPointer(false);

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <stdexcept>
+#include <thread>
 
 using namespace tarsel;
 
@@ -37,6 +38,11 @@ TEST(ErrorTrap, ErrorsOfLibrariesAndOfMemoryDoNotEscape) {
     EXPECT_EQ(desktop.reports[1].ErrSystem, QStringLiteral("5 - odd"));
     for (const ErrorReport& report : desktop.reports)
         EXPECT_EQ(report.ErrLine, 0) << "a line of the trap itself would mislead";
+}
+
+TEST(ErrorTrap, BelongsToTheMainThread) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_DEATH(std::thread([] { trap("a", [] {}); }).join(), "main thread");
 }
 
 TEST(ErrorTrap, SystemErrorsKeepTheFileAndGetTheirNumber) {

@@ -51,8 +51,11 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
     ConfigRecord.BatchSave.RenamePrefix = QStringLiteral("[Date Today]");
     ConfigRecord.LastFolder = QStringLiteral("/home/\u65E5\u672C");
     ConfigRecord.SplitterMain = 33;
+    EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 1) << "a fresh configuration turns pictures upright";
+    ConfigRecord.BatchSave.UprightByExif = 0;
     subSaveSetup();
     restart();
+    EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 0);
     EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));
     EXPECT_EQ(ConfigRecord.LastFolder.trimmed(), QStringLiteral("/home/\u65E5\u672C"));
     EXPECT_EQ(ConfigRecord.SplitterMain, 33);

@@ -23,14 +23,6 @@ protected:
     TestDesktop desktop;
 };
 
-/// First column or row of a picture, as colours.
-std::vector<Color> leftEdge(const ImageBox& box) {
-    std::vector<Color> colors;
-    for (int y = 0; y < box.Height(); ++y)
-        colors.push_back(box.PixelColor(0, y));
-    return colors;
-}
-
 /// The rectangle in which two pictures of one size differ; empty when they don't.
 QRect differing(const Picture& a, const Picture& b) {
     QRect rectangle;
@@ -103,33 +95,6 @@ TEST_F(Replay, LevelsRoundTiesToTheEvenNumber) {
     }
 }
 
-TEST_F(Replay, ContrastAndBrightnessChangeOnlyTheChannelsNamed) {
-    const Picture before = unevenPicture(16, 9);
-    for (const int kind : {5, 6}) {
-        const Picture green = replayed(16, 9, {taskRow(kind, {"80", "0", "1", "False"})});
-        bool changed = false;
-        for (int y = 0; y < 9; ++y) {
-            for (int x = 0; x < 16; ++x) {
-                EXPECT_EQ(before.view().pixel(x, y)[0], green.view().pixel(x, y)[0]);
-                EXPECT_EQ(before.view().pixel(x, y)[2], green.view().pixel(x, y)[2]);
-                changed = changed || before.view().pixel(x, y)[1] != green.view().pixel(x, y)[1];
-            }
-        }
-        EXPECT_TRUE(changed) << kind;
-        EXPECT_EQ(replayed(16, 9, {taskRow(kind, {"50", "1", "1", "1"})}), before) << kind;
-    }
-}
-
-TEST_F(Replay, ACropOnAnUnscaledDisplayIsInPicturePixelsAndMayReachBeyondTheEdges) {
-    ImageBox box = boxWith(unevenPicture(20, 10));
-    const Color corner = box.PixelColor(3, 2);
-    ASSERT_TRUE(replayAll(box, {taskRow(8, {"False", "3", "2", "25", "9", "", "77"})}));
-    EXPECT_EQ(box.Width(), 22);
-    EXPECT_EQ(box.Height(), 7);
-    EXPECT_EQ(box.PixelColor(0, 0), corner);
-    EXPECT_FALSE(box.StretchToFit);
-}
-
 TEST_F(Replay, ACropOnAScaledDisplayIsConvertedAndLeavesTheBoxStretched) {
     ImageBox box = boxWith(unevenPicture(200, 100));
     const Color corner = box.PixelColor(20, 10);
@@ -142,30 +107,6 @@ TEST_F(Replay, ACropOnAScaledDisplayIsConvertedAndLeavesTheBoxStretched) {
     EXPECT_EQ(box.ControlHeight, 80.0f);
 }
 
-TEST_F(Replay, ATypedInCropCutsARectangleOrAnEllipseOnItsColour) {
-    ImageBox rectangle = boxWith(unevenPicture(30, 20));
-    const Color corner = rectangle.PixelColor(4, 3);
-    ASSERT_TRUE(replayAll(rectangle, {taskRow(8, {"True", "0", "4", "3", "15", "10", ""})}));
-    EXPECT_EQ(rectangle.Width(), 11);
-    EXPECT_EQ(rectangle.Height(), 7);
-    EXPECT_EQ(rectangle.PixelColor(0, 0), corner);
-    EXPECT_TRUE(rectangle.SelectionActive);
-
-    ImageBox ellipse = boxWith(unevenPicture(30, 20));
-    const Color middle = ellipse.PixelColor(9, 6);
-    ASSERT_TRUE(replayAll(ellipse, {taskRow(8, {"True", "1", "4", "3", "15", "10", "65280"})}));
-    EXPECT_EQ(ellipse.Width(), 11);
-    EXPECT_EQ(ellipse.PixelColor(0, 0), 65280);
-    EXPECT_EQ(ellipse.PixelColor(5, 3), middle);
-}
-
-TEST_F(Replay, AWatermarkAtAPlaceTakesYFromColumnSixAndXFromColumnSeven) {
-    QTemporaryDir folder;
-    const QString mark = savedPicture(folder, 5, 3, qRgb(255, 0, 0));
-    const Picture marked = replayed(60, 40, {watermarkRow(mark, "1", "7", "20")});
-    EXPECT_EQ(differing(marked, unevenPicture(60, 40)), QRect(20, 7, 5, 3));
-}
-
 TEST_F(Replay, AWatermarkInTheCentreFollowsThePicture) {
     QTemporaryDir folder;
     const QString mark = savedPicture(folder, 6, 4, qRgb(255, 0, 0));
@@ -174,17 +115,6 @@ TEST_F(Replay, AWatermarkInTheCentreFollowsThePicture) {
         EXPECT_EQ(differing(marked, unevenPicture(size.width(), size.height())),
                   QRect((size.width() - 6) / 2, (size.height() - 4) / 2, 6, 4));
     }
-}
-
-TEST_F(Replay, ATransparentWatermarkLeavesOutItsColour) {
-    QTemporaryDir folder;
-    const QString mark = savedPicture(folder, 5, 3, qRgb(255, 0, 0));
-    TaskRow row = watermarkRow(mark, "0", "0", "0");
-    row.column(1) = QStringLiteral("True");
-    row.column(5) = QStringLiteral("255"); // red lies in the low byte
-    EXPECT_EQ(replayed(60, 40, {row}), unevenPicture(60, 40));
-    row.column(5) = QStringLiteral("65280");
-    EXPECT_FALSE(replayed(60, 40, {row}) == unevenPicture(60, 40));
 }
 
 TEST_F(Replay, ATextAtTheBottomRightStandsThereOnPicturesOfAnySize) {
@@ -214,18 +144,6 @@ TEST_F(Replay, AnEmptyTextDrawsNothing) {
 TEST_F(Replay, InvertTwiceIsThePictureItself) {
     EXPECT_FALSE(replayed(5, 3, {taskRow(11, {})}) == unevenPicture(5, 3));
     EXPECT_EQ(replayed(5, 3, {taskRow(11, {}), taskRow(11, {})}), unevenPicture(5, 3));
-}
-
-TEST_F(Replay, CanvasAddsPixelsOfItsColourOnEachSide) {
-    ImageBox box = boxWith(unevenPicture(10, 8));
-    const Color corner = box.PixelColor(0, 0);
-    ASSERT_TRUE(replayAll(box, {taskRow(12, {"16711680", "1", "2", "3", "4"})}));
-    EXPECT_EQ(box.Width(), 14);
-    EXPECT_EQ(box.Height(), 14);
-    EXPECT_EQ(box.PixelColor(1, 2), corner);
-    const std::vector<Color> edge = leftEdge(box);
-    EXPECT_EQ(std::count(edge.begin(), edge.end(), 16711680), 14);
-    EXPECT_EQ(box.PixelColor(13, 13), 16711680);
 }
 
 TEST_F(Replay, KindsThatAreNoneArePassedOver) {

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/Replay.h"
+#include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/tasks/TaskRows.h"
 
@@ -10,7 +12,7 @@ using modProcessTasks::subProcessPages;
 
 namespace {
 
-/// Three canvas rows that add 1, 10 and 100 columns: the width tells which of them ran.
+/// Three canvas rows that add 1, 10 and 100 columns: the width shows which of them ran.
 void fillThreeRows(TaskList& tasks) {
     for (const char* columns : {"1", "10", "100"})
         tasks.append(taskRow(12, {"0", columns, "0", "0", "0"}));
@@ -27,7 +29,7 @@ std::vector<Failure> failures() {
         {"a width that is empty", taskRow(3, {"True", "", "5"}), 13},
         {"a width beyond 32 bits", taskRow(3, {"True", "9999999999", "5"}), 6},
         {"a percent beyond 16 bits", taskRow(3, {"False", "40000", ""}), 6},
-        {"a percent with its sign behind", taskRow(3, {"False", "50%", ""}), 13},
+        {"a percent with a sign after it", taskRow(3, {"False", "50%", ""}), 13},
         {"neither true nor false", taskRow(3, {"yes", "50", ""}), 13},
         {"a level in words", taskRow(4, {"much"}), 13},
         {"an angle beyond 16 bits", taskRow(2, {"True", "32768", "0"}), 6},
@@ -45,7 +47,8 @@ std::vector<Failure> failures() {
          taskRow(10,
                  {"True", "", "True", "0", "0", "DejaVu Sans", "9", "0", "0", "0", "0", "0", "0", "10", "a"}),
          5},
-        {"a frame, whose artwork is missing", taskRow(13, {"0", "0", "1", "1"}), 5},
+        {"an image frame, whose artwork is missing", taskRow(13, {"0", "0", "1", "1"}), 5},
+        {"a colour frame beyond the last coordinate", taskRow(13, {"0", "1", "2147483647"}), 6},
         {"a mask, whose artwork is missing", taskRow(14, {"True", "0", "0"}), 5},
         {"a shadow, whose artwork is missing", taskRow(15, {"0"}), 5},
     };
@@ -76,7 +79,7 @@ TEST(Run, GivesWayOnceForEachRowAndTakesThePointerBack) {
     EXPECT_FALSE(desktop.busy);
 }
 
-TEST(Run, EndsBehindTheSelectedRowOfTheListThatIsInUse) {
+TEST(Run, EndsAfterTheSelectedRowOfTheListThatIsInUse) {
     TestDesktop desktop;
     struct Selection {
         int list, preview;
@@ -96,6 +99,12 @@ TEST(Run, EndsBehindTheSelectedRowOfTheListThatIsInUse) {
         ImageBox box = boxWith(unevenPicture(2, 2));
         subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, s.passPreview ? &tasks.lvEditPreview : nullptr,
                         s.runAll, s.editing);
+        const std::vector<TaskRow> rows = modProcessTasks::rowsToReplay(
+            tasks.lvEdit, tasks.lvEditBatch, s.passPreview ? &tasks.lvEditPreview : nullptr, s.runAll,
+            s.editing);
+        ImageBox replayedBox = boxWith(unevenPicture(2, 2));
+        replayRows(replayedBox, rows);
+        EXPECT_EQ(replayedBox.Width(), box.Width());
         EXPECT_EQ(box.Width(), 2 + s.columnsAdded) << s.list << ' ' << s.preview << ' ' << s.editing;
     }
 }
@@ -122,6 +131,8 @@ TEST(Run, AFailingRowEndsItAndTheRowsInFrontStayApplied) {
         EXPECT_EQ(report.ErrRoutine, QStringLiteral("subProcessPages")) << failure.what;
         EXPECT_TRUE(report.ErrSystem.startsWith(QString::number(failure.number) + QStringLiteral(" - ")))
             << failure.what << ": " << report.ErrSystem.toStdString();
+        EXPECT_TRUE(report.ErrSystem.contains(QStringLiteral(" - task 2 (%1): ").arg(failure.row.key)))
+            << report.ErrSystem.toStdString();
     }
 }
 
@@ -163,6 +174,15 @@ TEST(Run, ARowTakenAwayDuringTheRunEndsItWithoutACrash) {
     ImageBox box = boxWith(unevenPicture(9, 7));
     EXPECT_FALSE(subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
     EXPECT_EQ(desktop.reports.size(), 1u);
+}
+
+TEST(Run, AStopEndsAReplayBeforeItsNextRow) {
+    std::stop_source stop;
+    stop.request_stop();
+    ImageBox box = boxWith(unevenPicture(9, 7));
+    const std::vector<TaskRow> rows{taskRow(11, {})};
+    EXPECT_EQ(errorNumberOf([&] { replayRows(box, rows, stop.get_token()); }), ErrorNumber::Interrupted);
+    EXPECT_EQ(box.picture(), unevenPicture(9, 7));
 }
 
 TEST(Run, TheSameListGivesTheSamePixelsInAPreviewAndInAHiddenBox) {

@@ -5,8 +5,8 @@
 
 namespace tarsel {
 
-/// Frames, masks and shadows are painted with pictures that this version does not carry. A row of such a kind
-/// ends the run: a picture without its frame must not pass as one that has it.
+/// Image frames, masks and shadows are painted with pictures that this version does not carry. A row of such
+/// a kind ends the run: a picture without its frame must not pass as one that has it.
 void steps::missingArtwork(ImageBox&, const TaskRow& row) {
     fail(
         ErrorNumber::InvalidCall,

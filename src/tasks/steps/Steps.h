@@ -18,6 +18,7 @@ void watermark(ImageBox& box, const TaskRow& row);
 void text(ImageBox& box, const TaskRow& row);
 void invert(ImageBox& box, const TaskRow& row);
 void canvas(ImageBox& box, const TaskRow& row);
+void frame(ImageBox& box, const TaskRow& row);
 void missingArtwork(ImageBox& box, const TaskRow& row);
 
 } // namespace tarsel::steps

@@ -23,7 +23,7 @@ TextFont fontOf(const TaskRow& row) {
 }
 
 /// p13: orientation. p14: position. p16, p17: the clicked point on the display; a named position is computed
-/// anew instead, so that it fits the picture at hand.
+/// for the current picture instead.
 QPoint positionOf(const ImageBox& box, const TaskRow& row) {
     const quint8 orientation = toByte(row.column(13));
     const int position = toInt16(row.column(14));
@@ -35,8 +35,8 @@ QPoint positionOf(const ImageBox& box, const TaskRow& row) {
 
 } // namespace
 
-/// p1: smooth edges. p3: no box behind the text. p4: angle. p5: alignment. p6 to p10: font. p11, p12: colour
-/// of text and box. p13, p14, p16, p17: place. p15: the text. p2 is not read.
+/// p1: smooth edges. p3: no filled box under the text. p4: angle. p5: alignment. p6 to p10: font. p11, p12:
+/// colour of text and box. p13, p14, p16, p17: place. p15: the text. p2 is not read.
 void steps::text(ImageBox& box, const TaskRow& row) {
     box.TextAntiAlias = toBool(row.column(1));
     box.TextTransparent = toBool(row.column(3));
