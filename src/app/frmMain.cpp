@@ -199,7 +199,7 @@ void frmMain::showDetails() {
         listFolder(m_folderView.currentFolder());
 }
 
-/// A listing that runs in the other form starts anew; a list without thumbnails is listed anew.
+/// A listing that runs in the other form starts again; a list without thumbnails is listed again.
 void frmMain::showThumbnails() {
     ConfigRecord.FolderView = 0;
     m_folderPane->lvFolder().setForm(ListControl::Form::Thumbnails);
@@ -235,7 +235,7 @@ void frmMain::showSelectedRow(ListControl& control) {
     m_preview.ShowRow(control.list(), control.list().selectedIndex());
 }
 
-/// The row before or behind the selected one of the list in use; at the ends nothing happens.
+/// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
     ListControl& control =
         ActiveList == QLatin1String("lvPages") ? m_basketPane->lvPages() : m_folderPane->lvFolder();

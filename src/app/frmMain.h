@@ -28,7 +28,7 @@ class Splitter;
 class frmMain final : public QMainWindow {
     Q_OBJECT
 public:
-    /// What the window is told of the world around it.
+    /// Where the window finds its files, and what it calls at its start.
     struct Surroundings {
         QString programFolder;                        ///< exists and is writable
         QString samplesFolder;                        ///< listed at the first start; may be empty
@@ -40,7 +40,7 @@ public:
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
-    /// False when another instance runs: the user was told, nothing was touched, and the program is to end.
+    /// False when another instance runs: the user was informed, nothing was touched, and the program is to end.
     bool Form_Load();
 
     Workspace& workspace() { return m_workspace; }

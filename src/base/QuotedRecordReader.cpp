@@ -43,7 +43,7 @@ QString QuotedRecordReader::field() {
     return codePage::decode(bytes);
 }
 
-/// The field behind an opening quote. A line end in it belongs to it; without a closing quote it ends with
+/// The field after an opening quote. A line end in it belongs to it; without a closing quote it ends with
 /// the file.
 QByteArray QuotedRecordReader::quotedField() {
     const qsizetype start = ++m_at;

@@ -88,7 +88,7 @@ void Basket::addSelected(Road road, const Adding& adding) {
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
         m_lists.pbQueue.start(folder.count());
-        // Pending input may change the list: it is counted anew each time.
+        // Pending input may change the list: it is counted again each time.
         for (int row = 0; row < folder.count() && adding.goesOn(); ++row) {
             if (row < folder.count() && folder.isSelected(row))
                 addFolderRow(road, row, adding);

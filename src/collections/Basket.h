@@ -62,7 +62,7 @@ public:
     void cmdPagesNew();    ///< empties the basket and deletes all page files, without asking
     void empty();          ///< empties the basket alone
     /// Moves the selected rows, in their order, to the row `target`, as a drop of the focused row there:
-    /// behind it when it stands at or behind the focused row, else in front of it.
+    /// after it when it is at or after the focused row, else before it.
     void MoveRowsTo(int target);
 
 private:
