@@ -11,6 +11,7 @@
 #include "app/PictureImage.h"
 #include "app/PreviewPane.h"
 #include "app/StatusPanels.h"
+#include "app/TitleFault.h"
 #include "app/frmAlbumDescription.h"
 #include "collections/BasketActions.h"
 #include "configuration/ConfigRecord.h"
@@ -22,7 +23,9 @@
 #include "output/forms/frmBatchResults.h"
 #include "tasks/TaskBasketActions.h"
 
+#include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -41,7 +44,6 @@ frmMain::frmMain(Surroundings surroundings) :
     m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
-    resize(1280, 800);
     arrangePanes();
     joinFolderPane();
     joinBasketPane();
@@ -75,7 +77,34 @@ void frmMain::arrangePanes() {
     pbQueue->setFixedWidth(180);
     statusBar->addPermanentWidget(pbQueue);
     pbQueue->hide();
+    statusBar->addPermanentWidget(makeCancelAdding());
     setStatusBar(statusBar);
+}
+
+/// The button beside the bar, also reached by Esc, that ends the adding of files.
+QWidget* frmMain::makeCancelAdding() {
+    auto* cmdCancelAdding = new QPushButton(tr("Cancel"), this);
+    cmdCancelAdding->setObjectName(QStringLiteral("cmdCancelAdding"));
+    cmdCancelAdding->setToolTip(tr("Stop adding files to the basket. (Esc)"));
+    cmdCancelAdding->setFocusPolicy(Qt::NoFocus);
+    cmdCancelAdding->hide();
+    connect(cmdCancelAdding, &QPushButton::clicked, this, [this] { m_basket.stopAdding(); });
+    auto* escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setEnabled(false);
+    connect(escape, &QShortcut::activated, this, [this] { m_basket.stopAdding(); });
+    m_basket.addingChanged = [cmdCancelAdding, escape](bool adding) {
+        cmdCancelAdding->setVisible(adding);
+        escape->setEnabled(adding);
+    };
+    return cmdCancelAdding;
+}
+
+/// Titles become file names: the list keeps the old one, and the status line says why.
+bool frmMain::acceptTitle(const QString& title) {
+    const QString fault = titleFault(title);
+    if (!fault.isEmpty())
+        SetStatus(fault);
+    return fault.isEmpty();
 }
 
 void frmMain::joinFolderPane() {
@@ -103,6 +132,7 @@ void frmMain::joinBasketPane() {
     list.setPixmapMaker(pixmapOf);
     list.acceptRowsOf(&m_folderPane->lvFolder());
     list.acceptRowsOf(&list);
+    list.list().setTextCheck([this](const QString& title) { return acceptTitle(title); });
     connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { m_basket.cmdPagesNew(); });
     connect(m_basketPane, &BasketPane::cmdPagesDelete, this, [this] { m_basket.cmdPagesDelete(); });
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
@@ -198,7 +228,7 @@ void frmMain::showSelectedRow(ListControl& control) {
     m_preview.ShowRow(control.list(), control.list().selectedIndex());
 }
 
-/// The row before or behind the selected one of the list in use; at the ends nothing happens.
+/// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
     ListControl& control =
         ActiveList == QLatin1String("lvPages") ? m_basketPane->lvPages() : m_folderPane->lvFolder();

@@ -30,7 +30,7 @@ class Splitter;
 class frmMain final : public QMainWindow {
     Q_OBJECT
 public:
-    /// What the window is told of the world around it.
+    /// Where the window finds its files, and what it calls at its start.
     struct Surroundings {
         QString programFolder;                        ///< exists and is writable
         QString samplesFolder;                        ///< listed at the first start; may be empty
@@ -42,7 +42,7 @@ public:
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
-    /// False when another instance runs: the user was told, nothing was touched, and the program is to end.
+    /// False when another instance runs: the user was informed, nothing was touched, and the program is to end.
     bool Form_Load();
 
     Workspace& workspace() { return m_workspace; }
@@ -52,6 +52,8 @@ public:
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void SetStatus(const QString& text);
+    /// Writes the settings as they are now, as at the end.
+    void storeSettings() { subEnd(); }
 
 Q_SIGNALS:
     /// The window has ended and everything is stored.
@@ -64,6 +66,8 @@ protected:
 private:
     // Initialise: the window's parts
     void arrangePanes();
+    QWidget* makeCancelAdding();
+    bool acceptTitle(const QString& title);
     void joinFolderPane();
     void joinBasketPane();
     void joinTaskBasket();

@@ -8,6 +8,7 @@
 #include "app/PreviewPane.h"
 #include "app/ProgramFolder.h"
 #include "app/ProgramIdentity.h"
+#include "app/WindowPlace.h"
 #include "app/frmMain.h"
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
@@ -22,6 +23,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -45,16 +47,17 @@ bool frmMain::Form_Load() {
         TrappingString = QStringLiteral("Loading all controls and settings");
         if (refuseSecondInstance())
             return;
+        // From here on the run goes ahead: a step that fails is reported and leaves its part as it was.
+        m_loaded = true;
         if (m_surroundings.seedRandomNumbers)
             m_surroundings.seedRandomNumbers();
         subSetup();
         Dragging = true;
-        m_loaded = true;
     });
     return m_loaded;
 }
 
-/// In front of everything else: the configuration belongs to the instance that runs.
+/// Before everything else: the configuration belongs to the instance that runs.
 bool frmMain::refuseSecondInstance() {
     m_instance =
         std::make_unique<QLockFile>(QDir(m_surroundings.programFolder).filePath(QStringLiteral(".lock")));
@@ -86,6 +89,7 @@ void frmMain::subSetup() {
 /// Reads the configuration and brings it to the controls.
 void frmMain::loadSettings() {
     loadConfiguration(m_surroundings.programFolder);
+    restoreWindowPlace(*this, windowPlaceFile(m_surroundings.programFolder));
     splMain->setSplitterPosition(ConfigRecord.SplitterMain);
     splRight->setSplitterPosition(ConfigRecord.SplitterRight);
     splLeft->setSplitterPosition(ConfigRecord.SplitterLeft);
@@ -197,6 +201,9 @@ void frmMain::showFirstTime() {
         !m_surroundings.samplesFolder.isEmpty())
         folder = m_surroundings.samplesFolder;
     m_browsePane->ftvBrowse().selectFolder(folder);
+    // The file that a first start makes is empty, which the next start would read as zeros after a crash.
+    if (QFileInfo(ConfigPath).size() == 0)
+        subSaveSetup();
 }
 
 // --- Form_Unload
@@ -208,8 +215,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::Form_Unload() {
-    // Loops that run below this event leave at their next item.
+    // Loops that this event interrupted end at their next item.
     CancelRequested = true;
+    m_basket.stopAdding();
     m_folderView.stop();
     m_preview.stop();
     subEnd();
@@ -228,7 +236,10 @@ void frmMain::subEnd() {
         forEachColumnWidth([](ListControl& list, int column, qint16& width) {
             width = qint16(std::clamp(list.columnWidth(column), 0, 32767));
         });
+        // An answer to a save dialog holds for this run only.
+        ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
+        storeWindowPlace(*this, windowPlaceFile(m_surroundings.programFolder));
     });
 }
 

@@ -370,7 +370,10 @@ QVariant ListView::data(const QModelIndex& index, int role) const {
 bool ListView::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
         return false;
-    setText(index.row(), value.toString());
+    const QString text = value.toString();
+    if (m_acceptsText && !m_acceptsText(text))
+        return false;
+    setText(index.row(), text);
     return true;
 }
 

@@ -109,6 +109,8 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     void setTextEditable(bool editable) { m_textEditable = editable; }
+    /// Editing in place keeps the old text where `accepts` returns false for the new one.
+    void setTextCheck(std::function<bool(const QString&)> accepts) { m_acceptsText = std::move(accepts); }
 
 Q_SIGNALS:
     void selectionChanged();
@@ -136,6 +138,7 @@ private:
     int m_sortColumn = -1;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     bool m_textEditable = false;
+    std::function<bool(const QString&)> m_acceptsText;
 };
 
 } // namespace tarsel

@@ -183,6 +183,8 @@ std::unique_ptr<QFile> openRegularFile(const QString& path) {
     struct stat facts = {};
     if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
         failForErrno(errno, path);
+    if (S_ISDIR(facts.st_mode))
+        failForErrno(EISDIR, path);
     if (!S_ISREG(facts.st_mode)) // a pipe or a device might never end
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": not a regular file"));
     auto file = std::make_unique<QFile>(path);

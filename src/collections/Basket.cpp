@@ -66,17 +66,37 @@ int pagesOf(const ListRow& row) {
 
 // --- adding
 
+Basket::Adding::Adding(Basket& basket) : m_basket(basket) {
+    if (m_basket.m_adding++ > 0)
+        return;
+    m_basket.m_stopAdding = false;
+    if (m_basket.addingChanged)
+        m_basket.addingChanged(true);
+}
+
+Basket::Adding::~Adding() {
+    if (--m_basket.m_adding > 0)
+        return;
+    m_basket.m_lists.pbQueue.hide();
+    if (m_basket.addingChanged)
+        m_basket.addingChanged(false);
+}
+
+bool Basket::Adding::goesOn() const {
+    if (!m_basket.m_stopAdding)
+        desktop().yield();
+    return !m_basket.m_stopAdding;
+}
+
 void Basket::cmdAddToQueue_Click() {
-    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button); });
-    m_lists.pbQueue.hide();
+    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button, Adding(*this)); });
 }
 
 void Basket::AddToBasketByDrag() {
-    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag); });
-    m_lists.pbQueue.hide();
+    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag, Adding(*this)); });
 }
 
-void Basket::addSelected(Road road) {
+void Basket::addSelected(Road road, const Adding& adding) {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
     const ListView& folder = m_lists.lvFolder;
@@ -90,10 +110,9 @@ void Basket::addSelected(Road road) {
                              row -= std::clamp(row - first, 0, last - first + 1);
                          });
         // Pending input may change the list: its rows are counted each time.
-        for (; row < folder.count(); ++row) {
-            desktop().yield();
+        for (; row < folder.count() && adding.goesOn(); ++row) {
             if (row < folder.count() && folder.isSelected(row))
-                addFolderRow(road, row);
+                addFolderRow(road, row, adding);
             m_lists.pbQueue.start(folder.count(), row + 1);
         }
         showStatus(road, QString());
@@ -102,7 +121,7 @@ void Basket::addSelected(Road road) {
     m_lists.lvPages.selectOnly(-1);
 }
 
-void Basket::addFolderRow(Road road, int folderRow) {
+void Basket::addFolderRow(Road road, int folderRow, const Adding& adding) {
     const ListRow row = m_lists.lvFolder.row(folderRow);
     if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
         return;
@@ -113,7 +132,7 @@ void Basket::addFolderRow(Road road, int folderRow) {
     if (pages < 2)
         addPicture(source, row);
     else
-        addPages(source, pages);
+        addPages(source, pages, adding);
 }
 
 void Basket::addPicture(const Source& source, const ListRow& folderRow) {
@@ -146,13 +165,14 @@ std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
+    const Adding adding(*this);
     trap("subAddEntryToListView", [&] {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileInfo().setFilePath(path);
         const Source source{Road::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
-            return addPages(source, pages);
+            return addPages(source, pages, adding);
         const auto thumbnail = loadThumbnail(path, settings.basketBox());
         if (thumbnail)
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
@@ -170,7 +190,7 @@ void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
 
 // --- pages of documents
 
-void Basket::addPages(const Source& source, int pages) {
+void Basket::addPages(const Source& source, int pages, const Adding& adding) {
     const bool drag = source.road == Road::Drag;
     const QString extracting = drag ? naming("Please wait... extracting multipage document",
                                              modFileSystem::GetFileTitle(source.fileName))
@@ -179,8 +199,7 @@ void Basket::addPages(const Source& source, int pages) {
     if (showing)
         m_lists.pbQueue.start(pages);
     const OpenDocument document(source.path);
-    for (int page = 1; page <= pages; ++page) {
-        desktop().yield();
+    for (int page = 1; page <= pages && adding.goesOn(); ++page) {
         if (showing)
             showStatus(source.road, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
         addPage(source, document, page);
@@ -238,6 +257,7 @@ void Basket::cmdPagesDelete() {
 }
 
 void Basket::cmdPagesNew() {
+    stopAdding();
     empty();
     m_lists.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("New Basket"));
     deletePageFiles(settings.programFolder);

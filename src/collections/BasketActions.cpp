@@ -3,6 +3,7 @@
 
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/SaveFileDialog.h"
 #include "collections/BasketFile.h"
 
 namespace tarsel::basketActions {
@@ -15,9 +16,13 @@ QString basketFilter() {
                           "Image basket description file (*.ibd)|*.ibd|");
 }
 
-void inform(const char* first, const char* second) {
-    desktop().messageBox(QLatin1String(first) + QLatin1Char('\n') + QLatin1String(second),
-                         MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+/// The reason, where there is one, follows on a line of its own.
+void inform(const char* first, const char* second, const QString& reason) {
+    QStringList lines{QString::fromLatin1(first), QString::fromLatin1(second)};
+    if (!reason.isEmpty())
+        lines << QString() << reason;
+    desktop().messageBox(lines.join(QLatin1Char('\n')), MessageIcon::Information, MessageButtons::Ok,
+                         ApplicationName);
 }
 
 bool mayReplaceRows() {
@@ -33,14 +38,18 @@ void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
     if (!lists.lvPages.isEmpty() && !mayReplaceRows())
         return;
     const auto choice = desktop().openFileDialog({QStringLiteral("Open Basket"), basketFilter(), {}});
-    if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists))
-        inform("Error opening image list!", "Please select a valid image list file.");
+    QString reason;
+    if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists, &reason))
+        inform("Error opening image list!", "Please select a valid image list file.", reason);
 }
 
 void cmdPagesSave(const ListView& lvPages) {
-    const auto choice = desktop().saveFileDialog({QStringLiteral("Save Basket"), basketFilter(), {}});
-    if (choice && !modSaveOpenImageList::fncSaveImageBasket(choice->filterIndex, choice->path, lvPages))
-        inform("Error saving image list!", "Please try again!");
+    const auto choice = saveFileDialogFor({QStringLiteral("Save Basket"), basketFilter(), {}},
+                                          modSaveOpenImageList::basketFilePath);
+    QString reason;
+    if (choice &&
+        !modSaveOpenImageList::fncSaveImageBasket(choice->filterIndex, choice->path, lvPages, &reason))
+        inform("Error saving image list!", "Please try again!", reason);
 }
 
 } // namespace tarsel::basketActions

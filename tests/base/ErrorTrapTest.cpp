@@ -36,6 +36,8 @@ TEST(ErrorTrap, ErrorsOfLibrariesAndOfMemoryDoNotEscape) {
     ASSERT_EQ(desktop.reports.size(), 2u);
     EXPECT_TRUE(desktop.reports[0].ErrSystem.startsWith(QStringLiteral("7 - ")));
     EXPECT_EQ(desktop.reports[1].ErrSystem, QStringLiteral("5 - odd"));
+    for (const ErrorReport& report : desktop.reports)
+        EXPECT_EQ(report.ErrLine, 0) << "a line of the trap itself would mislead";
 }
 
 TEST(ErrorTrap, BelongsToTheMainThread) {

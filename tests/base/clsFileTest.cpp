@@ -123,6 +123,24 @@ TEST_F(ClsFile, WithoutAnOpenFileNothingIsReadWrittenOrRaised) {
     file.closefile();
 }
 
+TEST_F(ClsFile, AFailedOpenKeepsItsOwnReason) {
+    const QString tooLong = folder.filePath(QString(300, QLatin1Char('x')));
+    const struct {
+        QString path;
+        const char* reason;
+    } cases[] = {{folder.path(), "Is a directory"}, {tooLong, "File name too long"}};
+    for (const auto& c : cases)
+        for (const auto open : {&clsFile::OpenForRead, &clsFile::OpenForWrite}) {
+            EXPECT_FALSE((file.*open)(c.path));
+            ASSERT_TRUE(file.openError());
+            EXPECT_TRUE(file.openError()->description.contains(c.path));
+            EXPECT_TRUE(file.openError()->description.endsWith(QLatin1String(c.reason)))
+                << file.openError()->description.toStdString();
+        }
+    EXPECT_TRUE(file.OpenForWrite(path));
+    EXPECT_FALSE(file.openError());
+}
+
 TEST_F(ClsFile, TheOldListStaysUntilTheNewOneIsClosed) {
     writeFileSafely(path, "old");
     ASSERT_TRUE(file.OpenForWrite(path));

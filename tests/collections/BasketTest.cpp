@@ -258,6 +258,27 @@ TEST_F(BasketTest, RowsThatAListingTakesOutMeanwhileCostNoOtherRow) {
     EXPECT_EQ(texts(lvPages).join(QLatin1Char(' ')), QStringLiteral("a b c d"));
 }
 
+TEST_F(BasketTest, AStoppedAddingEndsBeforeTheNextPageAndTheNextOneRuns) {
+    makeScan();
+    makePicture(picture("z.png"), {3, 3});
+    Basket pages = basket();
+    QList<bool> shown;
+    pages.addingChanged = [&](bool adding) { shown << adding; };
+    desktop.onYield = [&] {
+        if (lvPages.count() == 2)
+            pages.stopAdding();
+    };
+    listAndSelectAll();
+    pages.cmdAddToQueue_Click();
+    EXPECT_EQ(texts(lvPages), (QStringList{QStringLiteral("scan1"), QStringLiteral("scan2")}));
+    EXPECT_EQ(status.panel(QStringLiteral("queue")), QStringLiteral("2 file(s) in basket"));
+    EXPECT_FALSE(progress.visible);
+    EXPECT_EQ(shown, (QList<bool>{true, false}));
+    desktop.onYield = {};
+    pages.cmdAddToQueue_Click();
+    EXPECT_EQ(lvPages.count(), 3) << "z, since scan counts as a duplicate";
+}
+
 TEST_F(BasketTest, SelectingNothingOnlyClearsTheSelectionOfTheBasket) {
     makePicture(picture("a.png"), {3, 3});
     fillBasket(3);

@@ -14,8 +14,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMenu>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QToolButton>
 
 namespace tarsel::test {
 
@@ -312,6 +314,65 @@ TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
                        view->visualRect(view->model()->index(1, 0)).center());
     EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
     EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I");
+    script.on("frmAlbumDescription", [](QWidget& dialog) { click(dialog, "cmdAdd"); });
+    Q_EMIT child<ListControl>(window(), "lvPages").rowDoubleClicked();
+    EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I")
+        << "the dialog opens with the row's text";
+}
+
+TEST_F(MainWindow, ATitleThatNoFileNameCanHoldIsRefusedWithAReason) {
+    makePictures(1);
+    start();
+    listFolder(pictures());
+    addAll();
+    auto& control = child<ListControl>(window(), "lvPages");
+    const struct {
+        QString typed;
+        const char* title;
+        const char* status;
+    } cases[] = {
+        {QStringLiteral("a/b"), "photo01", "The title was not changed: it can't contain \"/\"."},
+        {QStringLiteral("  "), "photo01", "The title was not changed: it can't be empty."},
+        {QString(252, QLatin1Char('x')), "photo01", "The title was not changed: it is too long."},
+        {QStringLiteral("sea"), "sea", nullptr},
+    };
+    for (const auto& c : cases) {
+        control.editText(0);
+        auto* editor = control.view()->findChild<QLineEdit*>();
+        ASSERT_TRUE(editor);
+        editor->setText(c.typed);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::processEvents(); // the editor commits in an event of its own
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(control.list().row(0).text.toStdString(), c.title);
+        if (c.status) {
+            EXPECT_EQ(panel("status").toStdString(), c.status);
+        }
+    }
+}
+
+TEST_F(MainWindow, AddingIsCancelledByTheButtonAndByEsc) {
+    makePictures(40);
+    start();
+    listFolder(pictures());
+    ListView& pages = window().workspace().lvPages;
+    auto& cancel = child<QAbstractButton>(window(), "cmdCancelAdding");
+    EXPECT_FALSE(cancel.isVisible());
+    const std::function<void()> ways[] = {[&] { click(window(), "cmdCancelAdding"); },
+                                          [&] { QTest::keyClick(&window(), Qt::Key_Escape); }};
+    for (const auto& way : ways) {
+        click(window(), "cmdPagesNew");
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (pages.count() >= 3)
+                way();
+        });
+        watch.start(0);
+        addAll();
+        EXPECT_GE(pages.count(), 3);
+        EXPECT_LT(pages.count(), 40);
+        EXPECT_FALSE(cancel.isVisible());
+    }
 }
 
 TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty) {
@@ -345,8 +406,9 @@ TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty
 TEST_F(MainWindow, NoButtonIsBlankOrWithoutAName) {
     start();
     for (const QAbstractButton* button : window().findChildren<QAbstractButton*>()) {
+        const auto* arrow = qobject_cast<const QToolButton*>(button);
         if (!button->isVisible() || button->objectName().startsWith(QLatin1String("qt_")) ||
-            button->objectName().isEmpty())
+            button->objectName().isEmpty() || (arrow && arrow->arrowType() != Qt::NoArrow))
             continue;
         EXPECT_FALSE(button->icon().isNull() && button->text().isEmpty())
             << button->objectName().toStdString();
