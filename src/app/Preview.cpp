@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/Preview.h"
 
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "collections/FolderView.h"
 #include "collections/clsFileInfo.h"
+#include "configuration/ConfigRecord.h"
+#include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 #include "metadata/modMetadata.h"
 #include "tasks/modProcessTasks.h"
@@ -45,9 +48,10 @@ bool Preview::fncReadFile(const QString& path) {
         m_lists.ibMain.StretchToFit = true;
         if (!load(path))
             return;
+        prepareForTasks(m_lists.ibMain, path, ConfigRecord.BatchSave.UprightByExif == 1);
         m_original = m_lists.ibMain.SaveToMemory(SnapshotFormat);
         if (OptimizedPreview)
-            runTasks();
+            runTasks(path);
         m_shownPath = path;
         showPanels();
         m_lists.ibMain.Visible = true;
@@ -74,7 +78,8 @@ bool Preview::load(const QString& path) {
     return box.HasImage();
 }
 
-void Preview::runTasks() {
+void Preview::runTasks(const QString& path) {
+    const ErrorSubject subject(path);
     modProcessTasks::subProcessPages(m_lists.tasks.lvEdit, m_lists.tasks.lvEditBatch, m_lists.ibMain,
                                      &m_lists.tasks.lvEditPreview, false);
 }
@@ -84,7 +89,7 @@ void Preview::rebuild() {
         return;
     m_lists.ibMain.LoadFromMemory(m_original, SnapshotFormat);
     if (OptimizedPreview)
-        runTasks();
+        runTasks(m_shownPath);
     Q_EMIT pictureChanged();
 }
 

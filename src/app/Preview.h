@@ -46,7 +46,7 @@ Q_SIGNALS:
 
 private:
     bool load(const QString& path);
-    void runTasks();
+    void runTasks(const QString& path);
     void completeResolution(ListView& list, int row) const;
     void listMetadata(const QString& path);
     void showPanels();

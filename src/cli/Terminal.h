@@ -28,10 +28,6 @@ public:
     /// False when results could not be written, which is told as a message.
     bool finish();
 
-    /// The file at work, for messages that don't name it; empty for none.
-    void setSubject(const QString& path) { m_subject = path; }
-    const QString& subject() const { return m_subject; }
-
     bool showsBar() const { return m_showsBar; }
     void drawBar(const QString& line);
     void removeBar();
@@ -44,7 +40,6 @@ private:
     bool m_showsBar;
     bool m_failed = false;
     QString m_bar;
-    QString m_subject;
 };
 
 /// The bar of a batch, with the time left.

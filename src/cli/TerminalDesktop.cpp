@@ -29,10 +29,7 @@ MessageAnswer TerminalDesktop::messageBox(const QString& text, MessageIcon, Mess
 }
 
 void TerminalDesktop::showErrorReport(const ErrorReport& report) {
-    const QString& subject = m_terminal.subject();
-    const bool named = subject.isEmpty() || report.ErrSystem.contains(subject);
-    m_terminal.message(QStringLiteral("tarsel: ") + (named ? QString() : subject + QStringLiteral(": ")) +
-                       QStringLiteral("%1 (in %2)").arg(report.ErrSystem, report.ErrRoutine));
+    m_terminal.message(QStringLiteral("tarsel: %1 (in %2)").arg(report.ErrSystem, report.ErrRoutine));
 }
 
 QDateTime TerminalDesktop::now() {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CommandLine.h"
+#include "cli/RawNames.h"
 #include "cli/Terminal.h"
 
 #include <unistd.h>
@@ -7,7 +8,7 @@
 int main(int argc, char** argv) {
     QStringList words;
     for (int i = 1; i < argc; ++i)
-        words << QString::fromLocal8Bit(argv[i]);
+        words << tarsel::cli::nameFromBytes(argv[i]);
     tarsel::cli::Terminal terminal(stdout, stderr, ::isatty(STDERR_FILENO) == 1);
     return tarsel::cli::runCommandLine(words, terminal);
 }

@@ -192,11 +192,26 @@ Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color back
     return drawn(picture, {picture.width(), picture.height()}, mode, box, backColor);
 }
 
+/// Nothing for a file that can't be opened: its content is unknown.
+static std::optional<QByteArray> contentOf(const QString& path) {
+    try {
+        return readWholeFile(path);
+    } catch (const TrappedError& error) {
+        const auto number = error.number;
+        if (number != ErrorNumber::FileNotFound && number != ErrorNumber::PathNotFound &&
+            number != ErrorNumber::PermissionDenied)
+            throw;
+        return std::nullopt;
+    }
+}
+
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box, Color backColor,
                                       Size* sourceSize) {
     requireBox(mode, box);
-    const Request request{path,     QFileInfo(path).suffix().toLower(), readWholeFile(path), mode, box,
-                          backColor};
+    const std::optional<QByteArray> bytes = contentOf(path);
+    if (!bytes)
+        return std::nullopt;
+    const Request request{path, QFileInfo(path).suffix().toLower(), *bytes, mode, box, backColor};
     const bool known = isMetafile(request.extension) || codecForContent(request.bytes, path);
     if (!known)
         return std::nullopt;

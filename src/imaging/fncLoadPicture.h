@@ -23,8 +23,8 @@ struct Size {
 };
 
 /// Opens any file as a picture, at full size or in a box; the first page of a document.
-/// Unknown content gives nothing. Error 481 when the content is known and can't be read.
-/// `sourceSize`, when given, receives the file's own size.
+/// Nothing for unknown content, and for a file that is missing or not readable. Error 481 when the content is
+/// known and can't be read. `sourceSize`, when given, receives the file's own size.
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box = {-1, -1},
                                       Color backColor = 0xFFFFFF, Size* sourceSize = nullptr);
 

@@ -5,13 +5,14 @@
 #include "collections/clsFileInfo.h"
 #include "imaging/fncLoadPicture.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 namespace tarsel {
 
 namespace {
 
-/// False when the box can't make sense of the file: the one failure after which another road is tried.
+/// False when the box can't make sense of the file: the one failure after which the other loader is tried.
 bool loadByBox(ImageBox& box, const QString& path) {
     try {
         box.LoadFromFile(path);
@@ -43,6 +44,14 @@ bool loadSource(ImageBox& box, const QString& path) {
         return false;
     box.setPictureHandle(*picture);
     return true;
+}
+
+QString noPictureReason(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists())
+        return QStringLiteral("the file is missing");
+    return file.isReadable() ? QStringLiteral("not a supported picture")
+                             : QStringLiteral("the file is not readable");
 }
 
 } // namespace tarsel

@@ -201,20 +201,25 @@ void evaluateToken(const QString& token, const NamingFacts& facts, QString& resu
 }
 
 QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const QString& path,
-                                const QString& extension) {
+                                const QString& extension, QString* fault) {
     QString result;
+    if (!box.HasImage())
+        return result;
+    const NamingFacts facts{.width = box.Width(),
+                            .height = box.Height(),
+                            .sourceResolution = box.Tag,
+                            .metadata = box.metadata(),
+                            .path = path,
+                            .extension = extension,
+                            .box = &box};
     trap("fncRetrieveNamingString", [&] {
-        if (!box.HasImage())
-            return;
-        evaluateToken(token,
-                      {.width = box.Width(),
-                       .height = box.Height(),
-                       .sourceResolution = box.Tag,
-                       .metadata = box.metadata(),
-                       .path = path,
-                       .extension = extension,
-                       .box = &box},
-                      result);
+        try {
+            evaluateToken(token, facts, result);
+        } catch (const TrappedError& error) {
+            if (fault)
+                *fault = error.description;
+            throw;
+        }
     });
     return result;
 }

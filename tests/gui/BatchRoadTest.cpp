@@ -140,6 +140,39 @@ TEST_F(BatchRoad, ExitOfTheDialogWritesNothing) {
     EXPECT_EQ(ConfigRecord.BatchSave.NameOption, 1) << "the option clicked is kept all the same";
 }
 
+TEST_F(BatchRoad, TheBasketIsUsableAfterABatchAndABatchCanFollow) {
+    startWithBasket(3, "A");
+    chooseBatchMode();
+    selectAllOf("lvPages");
+    click(window(), "cmdPagesDelete");
+    EXPECT_EQ(window().workspace().lvPages.count(), 0) << "the basket's buttons and list are free again";
+    addAll();
+    ASSERT_EQ(window().workspace().lvPages.count(), 3);
+    script.on("frmSaveSinglePage", [this](QWidget& dialog) {
+        fillDialog(dialog, QStringLiteral("B"), out());
+        click(dialog, "cmdStarConversion");
+    });
+    chooseBatchMode();
+    EXPECT_EQ(filesIn(out()).size(), 6);
+}
+
+TEST_F(BatchRoad, ASaveThatFailsIsReportedWithItsFileAndTheRestIsNotReached) {
+    startWithBasket(3, "T");
+    ASSERT_TRUE(QDir(out()).mkpath(QStringLiteral("T_photo02_.jpg"))); // a folder in the file's place
+    QString report;
+    script.on("frmErrorReport", [&](QWidget& dialog) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
+            report += label->text() + QLatin1Char('\n');
+        click(dialog, "cmdCancel");
+    });
+    chooseBatchMode();
+    EXPECT_TRUE(script.isDone());
+    EXPECT_TRUE(report.contains(QStringLiteral("photo02"))) << report.toStdString();
+    EXPECT_EQ(filesIn(out()), QStringList{QStringLiteral("T_photo01_.jpg")});
+    EXPECT_EQ(window().workspace().sbMain.panel(QStringLiteral("status")).toStdString(),
+              "1 written, 1 skipped, 1 failed");
+}
+
 TEST_F(BatchRoad, AnEmptyBasketOpensNoDialog) {
     start();
     chooseBatchMode();
