@@ -4,6 +4,7 @@
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "base/ErrorTrap.h"
+#include "base/SafeFileWriter.h"
 
 #include <QApplication>
 
@@ -24,6 +25,7 @@ public:
 
 int main(int argc, char** argv) {
     using namespace tarsel;
+    reportFileSizeLimitAsError();
     Application application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     QApplication::setApplicationDisplayName(programIdentity::title);

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <optional>
 #include <sys/stat.h>
@@ -172,6 +173,10 @@ void writeFileSafely(const QString& path, const QByteArray& bytes) {
     SafeFileWriter writer(path);
     writer.write(bytes);
     writer.commit();
+}
+
+void reportFileSizeLimitAsError() {
+    (void)::signal(SIGXFSZ, SIG_IGN);
 }
 
 QByteArray readWholeFile(const QString& path) {

@@ -13,12 +13,12 @@ namespace tarsel {
 /// user's extended attributes of an existing file are kept as far as the system lets this user keep them; a
 /// hard link to it keeps the old content. A new file gets 0666 less the umask.
 ///
-/// The temporary file has no name where the file system offers that, so that a kill leaves nothing behind; it
-/// gets one only between two system calls, when it replaces an old file. Elsewhere it is a hidden
-/// ".tarsel-*.part". Such a file of a dead writer is removed when this process first writes in its folder.
+/// The temporary file has no name where the file system supports that, so that a kill leaves no debris; it
+/// has one only between two system calls, when it replaces an old file. Elsewhere it is a hidden
+/// ".tarsel-*.part". Such a file of a dead writer is removed by the next writer in its folder.
 ///
-/// Errors: 61 disk full, 70 permission denied (also a folder or a file without write permission), 76 folder
-/// missing, 5 for the rest, such as a target that is a folder or a device; each names the target.
+/// Errors: 61 disk full, 70 permission denied, 76 folder missing, 5 for the rest, such as a target that is a
+/// folder or a device. Each names the target; 70 names the folder when that is what can't be written in.
 class SafeFileWriter {
 public:
     explicit SafeFileWriter(const QString& path);
@@ -46,7 +46,12 @@ private:
 /// The whole file in one call.
 void writeFileSafely(const QString& path, const QByteArray& bytes);
 
-/// The bytes of a regular file; 53 when it is missing, 70 when it can't be read, 5 when it is none.
+/// Makes a write past the limit for the size of files (RLIMIT_FSIZE) fail with error 61: without this call
+/// its signal ends the program. For the start of a program.
+void reportFileSizeLimitAsError();
+
+/// The bytes of a regular file; 53 when it is missing, 70 when it can't be read, 5 when it is another kind of
+/// file.
 QByteArray readWholeFile(const QString& path);
 
 } // namespace tarsel

@@ -3,13 +3,10 @@
 
 #include "base/TrappedError.h"
 
-#include <QMutex>
-#include <QSet>
-#include <atomic>
+#include <QCryptographicHash>
+#include <QFile>
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <random>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,55 +15,49 @@ namespace tarsel {
 
 namespace {
 
-constexpr char prefix[] = ".tarsel-";
-constexpr char suffix[] = ".part";
+/// Writers share these names: each takes the first that is free, so that whoever writes next in the folder
+/// knows where a dead writer can have left a file, without listing the folder.
+constexpr int checkedNames = 8;
 
-QByteArray freshName() {
-    static std::atomic<quint64> next = (quint64(std::random_device{}()) << 32) | std::random_device{}();
-    return prefix + QByteArray::number(quint64(next++), 16) + suffix;
-}
-
-bool isOurs(const QByteArray& name) {
-    return name.startsWith(prefix) && name.endsWith(suffix);
+/// ".tarsel-0-1b2c3d4e5f607182.part": the check after the number keeps it apart from any file of the user.
+QByteArray temporaryName(int number) {
+    const QByteArray digits = QByteArray::number(number);
+    const QByteArray check =
+        QCryptographicHash::hash("temporary file of Tarsel JPEG " + digits, QCryptographicHash::Sha256);
+    return ".tarsel-" + digits + '-' + check.toHex().left(16) + ".part";
 }
 
 bool lockIfFree(int file) {
     return ::flock(file, LOCK_EX | LOCK_NB) == 0;
 }
 
-/// Removes a temporary file whose lock is free: its maker is dead.
-void removeIfAbandoned(int directory, const char* name) {
+/// A file system that knows no locks does not keep anybody out.
+bool isLockedByOther(int file) {
+    return !lockIfFree(file) && errno == EWOULDBLOCK;
+}
+
+/// Whether the name still belongs to the open file: another writer can have removed it and taken the name.
+bool isNameOf(int directory, const char* name, int file) {
+    struct stat named = {}, opened = {};
+    return ::fstatat(directory, name, &named, AT_SYMLINK_NOFOLLOW) == 0 && ::fstat(file, &opened) == 0 &&
+           S_ISREG(opened.st_mode) && named.st_ino == opened.st_ino && named.st_dev == opened.st_dev;
+}
+
+/// Removes a temporary file whose lock is free: its writer is dead. Returns whether there was one.
+bool removeIfAbandoned(int directory, const char* name) {
     const int file = ::openat(directory, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (file < 0)
-        return;
-    struct stat facts = {};
-    if (::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode) && lockIfFree(file))
+        return false;
+    if (lockIfFree(file) && isNameOf(directory, name, file))
         ::unlinkat(directory, name, 0);
     ::close(file);
-}
-
-void removeAbandonedFiles(const QByteArray& folder, int directory) {
-    DIR* listing = ::opendir(folder.constData());
-    if (!listing)
-        return;
-    while (const dirent* entry = ::readdir(listing)) {
-        if (isOurs(QByteArray::fromRawData(entry->d_name, qsizetype(qstrlen(entry->d_name)))))
-            removeIfAbandoned(directory, entry->d_name);
-    }
-    ::closedir(listing);
-}
-
-/// True for the first call with this folder in this process (a forked child is one of its own): a batch into
-/// a large folder lists it once.
-bool firstVisit(const QByteArray& folder) {
-    static QMutex mutex;
-    static QSet<QByteArray> visited;
-    const QByteArray visit = QByteArray::number(::getpid()) + ' ' + folder;
-    const QMutexLocker locker(&mutex);
-    if (visited.contains(visit))
-        return false;
-    visited.insert(visit);
     return true;
+}
+
+void removeAbandonedFiles(int directory) {
+    bool exists = true;
+    for (int number = 0; number < checkedNames || exists; ++number)
+        exists = removeIfAbandoned(directory, temporaryName(number).constData());
 }
 
 } // namespace
@@ -79,24 +70,33 @@ TemporaryFile::TemporaryFile(const QByteArray& folder, mode_t mode, const QStrin
         m_directory = ::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     if (m_directory < 0)
         failForErrno(errno, shown);
-    if (firstVisit(m_folder))
-        removeAbandonedFiles(m_folder, m_directory);
+    removeAbandonedFiles(m_directory);
     m_file = ::openat(m_directory, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
     if (m_file < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOENT))
         openNamed(mode);
     if (m_file < 0) {
         const int reason = errno;
         ::close(m_directory);
-        failForErrno(reason, shown);
+        const bool folderIsClosed = reason == EACCES || reason == EPERM || reason == EROFS;
+        failForErrno(reason, folderIsClosed ? QFile::decodeName(folder) : shown);
     }
     lockIfFree(m_file);
 }
 
+/// Between its creation and its lock a file looks abandoned, so the name is checked once it is locked.
 void TemporaryFile::openNamed(mode_t mode) {
-    do {
-        m_name = freshName();
+    constexpr int mostNames = 10000;
+    for (int number = 0; m_file < 0 && number < mostNames; ++number) {
+        m_name = temporaryName(number);
         m_file = ::openat(m_directory, m_name.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode);
-    } while (m_file < 0 && errno == EEXIST);
+        if (m_file < 0 && errno != EEXIST)
+            break;
+        if (m_file >= 0 && (isLockedByOther(m_file) || !isNameOf(m_directory, m_name.constData(), m_file))) {
+            ::close(m_file);
+            m_file = -1;
+            errno = EEXIST;
+        }
+    }
     if (m_file < 0)
         m_name.clear();
 }
@@ -119,11 +119,12 @@ void TemporaryFile::sync() const {
 
 void TemporaryFile::nameIt() {
     const QByteArray unnamed = path();
-    QByteArray name = freshName();
+    int number = 0;
+    QByteArray name = temporaryName(number);
     while (::linkat(AT_FDCWD, unnamed.constData(), m_directory, name.constData(), AT_SYMLINK_FOLLOW) != 0) {
         if (errno != EEXIST)
             throw errno;
-        name = freshName();
+        name = temporaryName(++number);
     }
     m_name = name;
 }

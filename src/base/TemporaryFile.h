@@ -7,12 +7,13 @@
 
 namespace tarsel {
 
-/// A file in the making, in the folder where it will lie: without a name where the file system knows such
-/// files, else with a hidden one. It is locked for as long as its maker lives, by which others tell it from
-/// the remains of a dead process. The steps throw an errno value as int.
+/// A file that is being written, in the folder of its target: without a name where the file system supports
+/// that, else with a hidden one. It is locked as long as its writer runs; a file without a lock was left by a
+/// dead process. The steps throw an errno value as int.
 class TemporaryFile {
 public:
-    /// Opens it for reading and writing. `shown` is the path for messages. Errors 76, 70, 61, 5.
+    /// Opens it for reading and writing, and removes what dead writers left in the folder. `shown` is the
+    /// path for messages; 70 names the folder. Errors 76, 70, 61, 5.
     TemporaryFile(const QByteArray& folder, mode_t mode, const QString& shown);
     ~TemporaryFile(); ///< removes it unless it was put in its place
     TemporaryFile(const TemporaryFile&) = delete;

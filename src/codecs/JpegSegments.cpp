@@ -7,6 +7,7 @@
 #include <QtEndian>
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace tarsel {
 
@@ -17,12 +18,54 @@ constexpr int App2 = JPEG_APP0 + 2;
 constexpr int App13 = JPEG_APP0 + 13;
 constexpr qsizetype LargestPayload = 65533;
 
-// The terminating zeros belong to the signatures.
+// The terminating zeros are part of the signatures.
 const QByteArray ExifSignature("Exif\0\0", 6);
 const QByteArray XmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
 const QByteArray ExtensionSignature("http://ns.adobe.com/xmp/extension/\0", 35);
 const QByteArray ResourcesSignature("Photoshop 3.0\0", 14);
 const QByteArray ProfileSignature("ICC_PROFILE\0", 12);
+
+/// Some writers leave out the zero of the XMP signature, its version or its last slash.
+const QByteArray XmpSignatureStart("http://ns.adobe.com/xap/");
+
+/// Segments of camera makers and programs that describe the shot. Those not listed hold offsets, sizes or
+/// other pictures, which would be wrong in a new file.
+struct CameraSegment {
+    int marker;
+    QByteArrayView signature;
+};
+constexpr std::array CameraSegments = {
+    CameraSegment{JPEG_APP0 + 3, "Meta"},           // Kodak
+    CameraSegment{JPEG_APP0 + 5, "RMETA"},          // Ricoh
+    CameraSegment{JPEG_APP0 + 6, "EPPIM"},          // Toshiba
+    CameraSegment{JPEG_APP0 + 6, "GoPro"},          // GoPro
+    CameraSegment{JPEG_APP0 + 9, "Media Jukebox"},  // description in XML
+    CameraSegment{JPEG_APP0 + 10, "UNICODE"},       // comment in UTF-16
+    CameraSegment{JPEG_APP0 + 12, "[picture info]"} // Olympus, Agfa and others
+};
+
+bool isCameraSegment(int marker, const QByteArray& payload) {
+    return std::ranges::any_of(CameraSegments, [&](const CameraSegment& known) {
+        return known.marker == marker && payload.left(64).contains(known.signature);
+    });
+}
+
+/// "CREATOR: gd-jpeg v1.0 (using IJG JPEG v62), quality = 90" is about the old file's coding.
+bool describesCoding(const QByteArray& comment) {
+    return comment.startsWith("CREATOR:") && comment.contains("quality");
+}
+
+/// An XMP packet, with a signature or without any; empty for another kind of segment.
+QByteArray xmpPacket(const QByteArray& payload) {
+    for (const char* start : {"<?xpacket", "<x:xmpmeta", "<x:xapmeta"})
+        if (payload.startsWith(start))
+            return payload;
+    if (!payload.startsWith(XmpSignatureStart))
+        return {};
+    const auto isEnd = [](char letter) { return letter == '\0' || letter == '<'; };
+    const auto end = std::find_if(payload.begin() + XmpSignatureStart.size(), payload.end(), isEnd);
+    return payload.mid(end - payload.begin() + (end != payload.end() && *end == '\0' ? 1 : 0));
+}
 
 /// A part of a longer block: XMP extensions are placed by offset, profile chunks by number.
 struct Chunk {
@@ -49,14 +92,14 @@ QByteArray joined(std::vector<Chunk> chunks, quint32 first, SizeOf sizeOf) {
     return expected == std::uint64_t(chunks.front().total) + first ? bytes : QByteArray();
 }
 
-/// Layout behind the signature: 32 letters of digest, total size 32, offset 32, data.
+/// Layout after the signature: 32 letters of digest, total size 32, offset 32, data.
 Chunk extensionChunk(const QByteArray& payload) {
     const char* numbers = payload.constData() + ExtensionSignature.size() + 32;
     return {qFromBigEndian<quint32>(numbers + 4), qFromBigEndian<quint32>(numbers),
             payload.mid(ExtensionSignature.size() + 40)};
 }
 
-/// Layout behind the signature: number of the chunk from 1, count of chunks, data.
+/// Layout after the signature: number of the chunk from 1, count of chunks, data.
 Chunk profileChunk(const QByteArray& payload) {
     const char* numbers = payload.constData() + ProfileSignature.size();
     return {quint8(numbers[0]), quint8(numbers[1]), payload.mid(ProfileSignature.size() + 2)};
@@ -72,6 +115,10 @@ public:
             m_profile.push_back(profileChunk(payload));
         else if (marker == App13 && payload.startsWith(ResourcesSignature))
             m_blocks.resources += payload.mid(ResourcesSignature.size());
+        else if (marker == JPEG_COM && !payload.isEmpty() && !describesCoding(payload))
+            m_blocks.comments.append(detached(payload));
+        else if (isCameraSegment(marker, payload))
+            m_blocks.cameraSegments.push_back({marker, detached(payload)});
     }
 
     EmbeddedMetadata blocks() const {
@@ -86,23 +133,26 @@ private:
     void addApp1(const QByteArray& payload) {
         if (payload.startsWith(ExifSignature))
             addExif(payload.mid(ExifSignature.size()));
-        else if (payload.startsWith(XmpSignature) && m_blocks.xmp.isEmpty())
-            m_blocks.xmp = payload.mid(XmpSignature.size());
         else if (payload.startsWith(ExtensionSignature) && payload.size() >= ExtensionSignature.size() + 40)
             m_extension.push_back(extensionChunk(payload));
+        else if (m_blocks.xmp.isEmpty())
+            m_blocks.xmp = detached(xmpPacket(payload));
     }
 
-    /// A block that is longer than one segment goes on in the next one. A second block of its own doesn't
-    /// count.
+    /// A segment that doesn't start with a TIFF header continues the block before it. Only the first block
+    /// is used.
     void addExif(const QByteArray& part) {
-        const bool begins = part.startsWith("II*") || part.startsWith(QByteArray("MM\0*", 4));
-        if (m_blocks.exif.isEmpty() || (!begins && m_exifGoesOn))
+        const bool starts = part.startsWith("II*") || part.startsWith(QByteArray("MM\0*", 4));
+        m_exifBlocks += starts || m_exifBlocks == 0 ? 1 : 0;
+        if (m_exifBlocks == 1)
             m_blocks.exif += part;
-        m_exifGoesOn = part.size() + ExifSignature.size() == LargestPayload;
     }
+
+    /// Payloads are views of libjpeg's memory, which the blocks outlive.
+    static QByteArray detached(QByteArrayView view) { return view.toByteArray(); }
 
     EmbeddedMetadata m_blocks;
-    bool m_exifGoesOn = false;
+    int m_exifBlocks = 0;
     std::vector<Chunk> m_extension;
     std::vector<Chunk> m_profile;
 };
@@ -146,7 +196,7 @@ void appendXmp(std::vector<JpegSegment>& segments, const EmbeddedMetadata& metad
         segments.push_back({App1, XmpSignature + metadata.xmp});
         return appendExtension(segments, metadata.extendedXmp);
     }
-    // A packet from a format without that limit moves into the extension as a whole.
+    // A packet from a format without that limit moves into the extension.
     segments.push_back({App1, XmpSignature + packetReferringTo(metadata.xmp)});
     appendExtension(segments, metadata.xmp);
 }
@@ -168,8 +218,10 @@ void appendProfile(std::vector<JpegSegment>& segments, const QByteArray& profile
 } // namespace
 
 void keepMetadataSegments(jpeg_decompress_struct& jpeg) {
-    for (const int marker : {App1, App2, App13})
+    for (const int marker : {App1, App2, App13, JPEG_COM})
         jpeg_save_markers(&jpeg, marker, 0xFFFF);
+    for (const CameraSegment& known : CameraSegments)
+        jpeg_save_markers(&jpeg, known.marker, 0xFFFF);
 }
 
 EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg) {
@@ -188,6 +240,9 @@ std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata) {
     appendXmp(segments, metadata);
     appendResources(segments, metadata.resources);
     appendProfile(segments, metadata.iccProfile);
+    std::ranges::copy(metadata.cameraSegments, std::back_inserter(segments));
+    for (const QByteArray& comment : metadata.comments)
+        appendSplit(segments, JPEG_COM, {}, comment);
     return segments;
 }
 

@@ -9,22 +9,16 @@
 
 namespace tarsel {
 
-/// Tells the decoder to keep the segments in which metadata live. Call before jpeg_read_header.
+/// Makes the decoder keep the segments that hold metadata. Call before jpeg_read_header.
 void keepMetadataSegments(jpeg_decompress_struct& jpeg);
 
-/// The blocks out of the segments kept: EXIF from APP1 (several are joined), XMP and its extension from APP1,
-/// image resources from all APP13 together, the profile from the numbered chunks of APP2. A set of chunks
-/// that isn't whole gives nothing.
+/// The metadata in the segments kept: EXIF and XMP from APP1, image resources from all APP13 together, the
+/// profile from the numbered chunks of APP2, comments, and the makers' segments that describe the shot. A set
+/// of chunks with a missing part is ignored. docs/metadata.md lists what is carried and what is left out.
 EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg);
 
-/// One application segment to be written.
-struct JpegSegment {
-    int marker = 0;
-    QByteArray payload; ///< at most 65533 bytes, signature included
-};
-
-/// The segments of these blocks in the order in which readers expect them: EXIF, XMP, resources, profile.
-/// What doesn't fit into one segment is split as each kind prescribes.
+/// The segments of these blocks in the order in which readers expect them: EXIF, XMP, resources, profile,
+/// makers' segments, comments. What doesn't fit into one segment is split as each kind prescribes.
 std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata);
 
 } // namespace tarsel

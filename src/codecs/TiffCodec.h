@@ -10,8 +10,9 @@ namespace tarsel {
 /// the orientation stays an attribute.
 Codec tiffCodec();
 
-/// The encoded file of one page, 24 bits, or 32 with transparency. `TiffCompression` 0 is none, 1 PackBits; 2
-/// stands for a coding that holds black and white alone, so a picture in colour takes LZW instead.
+/// The encoded file of one page, 24 bits, or 32 with transparency. `TiffCompression` 0 is none, 1 PackBits, 2
+/// CCITT Group 4 with one bit a pixel; since that holds black and white only, a picture with any other colour
+/// is written with LZW instead.
 QByteArray encodeTiff(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 
 } // namespace tarsel

@@ -15,13 +15,15 @@ constexpr std::uint16_t ByteType = 1;
 constexpr std::uint16_t UndefinedType = 7;
 
 namespace Tag {
+constexpr std::uint16_t DocumentName = 269;
 constexpr std::uint16_t Xmp = 700;
 constexpr std::uint16_t Iptc = 33723;
 constexpr std::uint16_t Resources = 34377;
 constexpr std::uint16_t Profile = 34675;
 } // namespace Tag
 
-/// Tags that describe how this file stores its pixels, or where; they mean nothing in another file.
+/// Tags that describe how or where this file stores its pixels, or which of its pages they are; they are
+/// wrong in another file.
 constexpr auto StorageTags = std::to_array<std::uint16_t>(
     {254, 255, 256, 257, 258, 259, 262, 263, 264, 265, 266, 273, 277,   278,  279, 280, 281,
      284, 288, 289, 290, 291, 292, 293, 297, 300, 301, 317, 320, 321,   322,  323, 324, 325,
@@ -37,10 +39,17 @@ bool isBlock(std::uint16_t tag) {
     return tag == Tag::Xmp || tag == Tag::Iptc || tag == Tag::Resources || tag == Tag::Profile;
 }
 
+/// Several writers put the name of the file that they write into DocumentName. A document's own name stays.
+bool namesOldFile(const TiffDirectory::Entry& entry) {
+    QByteArray name = entry.tag == Tag::DocumentName ? entry.value.toLower() : QByteArray();
+    name.truncate(name.indexOf('\0') < 0 ? name.size() : name.indexOf('\0'));
+    return name.endsWith(".tif") || name.endsWith(".tiff");
+}
+
 TiffDirectory attributesOf(const TiffDirectory& page) {
     TiffDirectory attributes;
     for (const TiffDirectory::Entry& entry : page.entries)
-        if (!isStorage(entry.tag) && !isBlock(entry.tag))
+        if (!isStorage(entry.tag) && !isBlock(entry.tag) && !namesOldFile(entry))
             attributes.entries.push_back(entry);
     return attributes;
 }

@@ -200,12 +200,12 @@ bool Basket::loadPage(const QString& path, int page) {
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
     ImageBox& box = m_lists.ibMain;
     if (source.road == Road::Drag) {
-        box.SaveToFile(pageFile);
+        savePage(box, pageFile);
         return loadThumbnail(pageFile, settings.basketThumb, m_thumbnails);
     }
     std::optional<Thumbnail> thumbnail;
     if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketThumb, m_thumbnails); }))
-        box.SaveToFile(pageFile);
+        savePage(box, pageFile);
     return thumbnail;
 }
 

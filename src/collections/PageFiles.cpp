@@ -4,10 +4,12 @@
 #include "base/Desktop.h"
 #include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
+#include "imaging/ImageBox.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 
 namespace tarsel {
 
@@ -53,6 +55,12 @@ QString newPageFile(const QString& programFolder, Road road, const QString& file
         if (!isTaken(path))
             return path;
     }
+}
+
+void savePage(ImageBox& box, const QString& path) {
+    constexpr int Fax = 2;
+    const QScopedValueRollback compression(box.TiffCompression, Fax);
+    box.SaveToFile(path);
 }
 
 void deletePageFiles(const QString& programFolder) {

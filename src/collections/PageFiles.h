@@ -5,10 +5,12 @@
 
 namespace tarsel {
 
+class ImageBox;
+
 /// The folder Temp of a program folder, with a separator at its end.
 QString temporaryFolder(const QString& programFolder);
 
-/// The roads by which a picture comes into the basket. Each spells the names of rows and page files its way.
+/// The ways by which a picture comes into the basket. Each has its own spelling of row and page file names.
 enum class Road { Button, Drag, BasketFile };
 
 /// Text of the row of a picture without pages.
@@ -21,6 +23,10 @@ QString pageRowName(Road road, const QString& fileName, int page);
 /// A path for the file of a page that no file has yet, in the folder Temp, which is made when missing:
 /// `<name><n>_<random>.tif`.
 QString newPageFile(const QString& programFolder, Road road, const QString& fileName, int page);
+
+/// Saves the page that the box holds without loss and small: one bit a pixel for black and white, else LZW.
+/// The box keeps its save settings.
+void savePage(ImageBox& box, const QString& path);
 
 /// Deletes all page files, those of earlier runs too. What can't be deleted stays.
 void deletePageFiles(const QString& programFolder);

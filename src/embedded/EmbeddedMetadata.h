@@ -2,8 +2,17 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
+#include <vector>
 
 namespace tarsel {
+
+/// One application segment of a JPEG file.
+struct JpegSegment {
+    int marker = 0;
+    QByteArray payload; ///< at most 65533 bytes, signature included
+    bool operator==(const JpegSegment&) const = default;
+};
 
 /// The metadata blocks of one picture, as bytes. Codecs take them out of a file and put them into one; only
 /// MetadataStore looks inside. A block that the file does not have is empty.
@@ -13,9 +22,12 @@ struct EmbeddedMetadata {
     QByteArray xmp;         ///< the XMP packet
     QByteArray extendedXmp; ///< what the packet refers to as its extension, where a format has such a thing
     QByteArray iccProfile;  ///< of the pixels as they stand after decoding
+    QByteArrayList comments = {};                 ///< comment segments of a JPEG file, in any character set
+    std::vector<JpegSegment> cameraSegments = {}; ///< facts about the shot in a format of the camera's maker
 
     bool isEmpty() const {
-        return exif.isEmpty() && resources.isEmpty() && xmp.isEmpty() && iccProfile.isEmpty();
+        return exif.isEmpty() && resources.isEmpty() && xmp.isEmpty() && iccProfile.isEmpty() &&
+               comments.isEmpty() && cameraSegments.empty();
     }
 };
 

@@ -228,6 +228,7 @@ bool MetadataStore::ExifDelete(const QString& name) {
 
 void MetadataStore::ExifClear() {
     own().setExif({});
+    own().blocks.cameraSegments.clear();
 }
 
 // --- IPTC --------------------------------------------------------------------------------------------------

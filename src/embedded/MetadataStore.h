@@ -37,7 +37,7 @@ public:
     /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.
     bool ExifSet(const QString& name, const QString& value);
     bool ExifDelete(const QString& name); ///< false when absent, or when others hang on it
-    void ExifClear();
+    void ExifClear();                     ///< and what camera makers store beside the block
 
     // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
     bool HasIptc() const;                ///< more than marks of version and character set

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
+#include "base/TemporaryFile.h"
+#include "tests/support/ForkedChild.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <csignal>
 #include <ctime>
-#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <memory>
 #include <random>
-#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 using namespace tarsel;
 
@@ -34,54 +36,100 @@ QStringList temporaries(const QString& folder) {
     return QDir(folder).entryList({QStringLiteral(".tarsel-*.part")}, QDir::Files | QDir::Hidden);
 }
 
-/// A child that overwrites a file, and makes new ones, until it is killed after so many microseconds.
-void writeUntilKilled(const QString& folder, long microseconds) {
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        for (int number = 0;; ++number) {
-            writeFileSafely(folder + QStringLiteral("/old.jpg"), version(number));
-            writeFileSafely(folder + QStringLiteral("/new%1.jpg").arg(number % 50), version(number));
+/// With and without files that have no name yet.
+class SafeWriterKill : public testing::TestWithParam<bool> {
+protected:
+    void SetUp() override { write("old.jpg", 0); }
+
+    QString in(const char* name) const { return folder.filePath(QString::fromUtf8(name)); }
+    void write(const char* name, int number) const { writeFileSafely(in(name), version(number)); }
+
+    /// A child that overwrites a file, and makes new ones, until it is killed after so many microseconds.
+    void writeUntilKilled(long microseconds) const {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            if (GetParam())
+                test::refuseUnnamedFiles();
+            for (int number = 0;; ++number) {
+                write("old.jpg", number);
+                writeFileSafely(in("new%1.jpg").arg(number % 50), version(number));
+            }
         }
+        const timespec duration = {0, microseconds * 1000};
+        ::nanosleep(&duration, nullptr);
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
     }
-    const timespec duration = {0, microseconds * 1000};
-    ::nanosleep(&duration, nullptr);
-    ::kill(child, SIGKILL);
-    ::waitpid(child, nullptr, 0);
-}
+
+    /// A child that ends after its file has a name of its own, as if it was killed there.
+    void leaveDebris() const {
+        EXPECT_EQ(test::inChild([&] {
+                      if (GetParam())
+                          test::refuseUnnamedFiles();
+                      TemporaryFile file(QFile::encodeName(folder.path()), 0600, {});
+                      try {
+                          file.putInPlace("folder", true); // named, and refused
+                      } catch (int) {
+                          ::_exit(1);
+                      }
+                      return 0;
+                  }),
+                  1);
+    }
+
+    QTemporaryDir folder;
+};
 
 } // namespace
 
-TEST(SafeWriterKill, AKillAtAnyMomentLeavesEveryFileWhole) {
-    const QTemporaryDir folder;
-    writeFileSafely(folder.filePath(QStringLiteral("old.jpg")), version(0));
+INSTANTIATE_TEST_SUITE_P(UnnamedAndNamed, SafeWriterKill, testing::Bool());
+
+TEST_P(SafeWriterKill, AKillAtAnyMomentLeavesEveryFileWhole) {
     std::mt19937 random(11);
-    for (int kill = 0; kill < 150; ++kill) {
-        writeUntilKilled(folder.path(), 500 + long(random() % 12000));
+    for (int kill = 0; kill < 75; ++kill) {
+        writeUntilKilled(500 + long(random() % 12000));
         const QStringList pictures = QDir(folder.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files);
         ASSERT_TRUE(pictures.contains(QStringLiteral("old.jpg")));
         for (const QString& picture : pictures)
             ASSERT_TRUE(isWholeVersion(readWholeFile(folder.filePath(picture)))) << qPrintable(picture);
-        // The one moment that leaves debris lies between naming the file and renaming it; the next child
-        // removes it before it writes.
-        ASSERT_LE(temporaries(folder.path()).size(), 1);
+        ASSERT_LE(temporaries(folder.path()).size(), 1); // the next child removes it before it writes
+    }
+    write("old.jpg", 1);
+    EXPECT_TRUE(temporaries(folder.path()).isEmpty());
+}
+
+TEST_P(SafeWriterKill, EveryWriterRemovesWhatADeadOneLeftAndNothingElse) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder")));
+    const QStringList ofTheUser = {QStringLiteral(".tarsel-0-0123456789abcdef.part"),
+                                   QStringLiteral(".tarsel-1.part"), QStringLiteral(".tarsel-mine.part")};
+    for (const QString& name : ofTheUser) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    for (const char* name : {"old.jpg", "new.jpg"}) {
+        leaveDebris();
+        ASSERT_EQ(temporaries(folder.path()).size(), ofTheUser.size() + 1);
+        write(name, 1); // this process has written here before
+        EXPECT_EQ(temporaries(folder.path()), ofTheUser);
     }
 }
 
-TEST(SafeWriterKill, RemainsOfDeadWritersAreRemovedAndFilesOfLivingOnesAreNot) {
-    const QTemporaryDir folder;
-    const QString dead = folder.filePath(QStringLiteral(".tarsel-1.part"));
-    const QString alive = folder.filePath(QStringLiteral(".tarsel-2.part"));
-    const QString foreign = folder.filePath(QStringLiteral(".other.part"));
-    for (const QString& path : {dead, alive, foreign}) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-    const int held = ::open(QFile::encodeName(alive).constData(), O_RDWR);
-    ASSERT_EQ(::flock(held, LOCK_EX | LOCK_NB), 0);
-    writeFileSafely(folder.filePath(QStringLiteral("a.jpg")), "x");
-    EXPECT_FALSE(QFile::exists(dead));
-    EXPECT_TRUE(QFile::exists(alive));
-    EXPECT_TRUE(QFile::exists(foreign));
-    ::close(held);
+TEST_P(SafeWriterKill, WritersInOneFolderLeaveEachOthersFilesAlone) {
+    EXPECT_EQ(test::inChild([&] {
+                  if (GetParam())
+                      test::refuseUnnamedFiles();
+                  std::vector<std::unique_ptr<SafeFileWriter>> writers;
+                  for (int i = 0; i < 12; ++i) // more than the names that every writer looks at
+                      writers.push_back(std::make_unique<SafeFileWriter>(in("w%1.jpg").arg(i)));
+                  for (const auto& writer : writers) {
+                      writer->write(version(3));
+                      writer->commit();
+                  }
+                  return 0;
+              }),
+              0);
+    for (int i = 0; i < 12; ++i)
+        EXPECT_EQ(readWholeFile(in("w%1.jpg").arg(i)), version(3));
+    EXPECT_TRUE(temporaries(folder.path()).isEmpty());
 }

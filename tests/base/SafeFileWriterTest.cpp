@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "base/clsFile.h"
 #include "tests/support/ErrorNumberOf.h"
+#include "tests/support/ForkedChild.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <csignal>
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -46,22 +50,28 @@ protected:
 /// Bounds the size of files as long as it lives: a disk that is full after so many bytes, for any user.
 class FileSizeLimit {
 public:
-    explicit FileSizeLimit(rlim_t bytes) : m_handler(::signal(SIGXFSZ, SIG_IGN)) {
+    explicit FileSizeLimit(rlim_t bytes) {
+        reportFileSizeLimitAsError();
         ::getrlimit(RLIMIT_FSIZE, &m_old);
         const rlimit limited = {bytes, m_old.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limited);
     }
-    ~FileSizeLimit() {
-        ::setrlimit(RLIMIT_FSIZE, &m_old);
-        ::signal(SIGXFSZ, m_handler);
-    }
+    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_old); }
     FileSizeLimit(const FileSizeLimit&) = delete;
     FileSizeLimit& operator=(const FileSizeLimit&) = delete;
 
 private:
-    void (*m_handler)(int);
     rlimit m_old = {};
 };
+
+std::string messageOf(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const TrappedError& error) {
+        return error.description.toStdString();
+    }
+    return {};
+}
 
 /// Drops root's power over permissions as long as it lives. Does nothing for others.
 class OrdinaryUser {
@@ -196,7 +206,8 @@ TEST_F(SafeWriter, WithoutPermissionNothingChanges) {
     {
         const OrdinaryUser user;
         EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), "x"); }), ErrorNumber::PermissionDenied);
-        EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("b.jpg"), "x"); }), ErrorNumber::PermissionDenied);
+        EXPECT_EQ(messageOf([&] { writeFileSafely(in("b.jpg"), "x"); }),
+                  "Permission denied: " + folder.path().toStdString() + ": Permission denied");
     }
     ASSERT_EQ(::chmod(local(folder.path()).constData(), 0700), 0);
     EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
@@ -229,6 +240,50 @@ TEST_F(SafeWriter, AFullFileSystemLeavesTheOldFileAndNoDebris) {
     EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray(30000, 'o'));
     EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
     ::umount(mountPoint.constData());
+}
+
+TEST_F(SafeWriter, AListFileThatFindsTheDiskFullAtItsCloseLeavesTheOldOne) {
+    writeFileSafely(in("a.ibf"), "old");
+    clsFile file;
+    ASSERT_TRUE(file.OpenForWrite(in("a.ibf")));
+    file.writeline(QString(5000, QLatin1Char('x')));
+    {
+        const FileSizeLimit limit(1000);
+        EXPECT_EQ(errorNumberOf([&] { file.closefile(); }), ErrorNumber::DiskFull);
+    }
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_EQ(readWholeFile(in("a.ibf")), QByteArray("old"));
+    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.ibf")});
+}
+
+TEST_F(SafeWriter, TheBytesAreOnTheDiskBeforeTheOldFileGoes) {
+    writeFileSafely(in("a.jpg"), "old");
+    EXPECT_EQ(test::inChild([&] {
+                  test::failSystemCall(SYS_fsync, EIO);
+                  return errorNumberOf([&] { writeFileSafely(in("a.jpg"), "new"); });
+              }),
+              ErrorNumber::InvalidCall);
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
+    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+}
+
+TEST_F(SafeWriter, WithoutUnnamedFilesTheResultIsTheSame) {
+    writeFileSafely(in("a.jpg"), "old");
+    ASSERT_EQ(::chmod(local(in("a.jpg")).constData(), 0604), 0);
+    EXPECT_EQ(test::inChild([&] {
+                  test::refuseUnnamedFiles();
+                  ::umask(027);
+                  writeFileSafely(in("a.jpg"), "new");
+                  writeFileSafely(in("b.jpg"), "new");
+                  SafeFileWriter dropped(in("c.jpg"));
+                  return everything().size() == 3 ? 0 : 1; // the third under a name of its own
+              }),
+              0);
+    writeFileSafely(in("a.jpg"), readWholeFile(in("a.jpg")) + "er"); // and the dropped one goes
+    EXPECT_EQ(everything(), QStringList({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")}));
+    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("newer"));
+    EXPECT_EQ(modeOf(in("a.jpg")), mode_t(0604));
+    EXPECT_EQ(modeOf(in("b.jpg")), mode_t(0640));
 }
 
 TEST_F(SafeWriter, ReadingTellsWhatIsWrong) {

@@ -22,13 +22,18 @@ DecodedPicture decoded(const QByteArray& bytes) {
 TEST(CodecRoundTrip, losslessFormatsGiveBackEveryPixelOfEverySize) {
     for (const auto& [width, height] : test::oddSizes()) {
         const Picture picture = test::noisePicture(width, height, 3);
+        const Picture blackAndWhite = test::pictureOf(width, height, 3, [](int x, int y) {
+            return (x * 7 + y * 13) % 5 < 2 ? Rgb{0, 0, 0} : Rgb{255, 255, 255};
+        });
         for (const char* extension : {"tif", "png", "bmp"})
             EXPECT_TRUE(decoded(encoded(extension, picture)).picture == picture)
                 << extension << ' ' << width << " x " << height;
         for (int compression = 0; compression <= 2; ++compression) {
             SaveSettings settings;
             settings.TiffCompression = compression;
-            EXPECT_TRUE(decoded(encoded("tif", picture, settings)).picture == picture) << compression;
+            for (const Picture& each : {picture, blackAndWhite})
+                EXPECT_TRUE(decoded(encoded("tif", each, settings)).picture == each)
+                    << compression << ' ' << width << " x " << height;
         }
     }
 }
@@ -121,6 +126,8 @@ TEST(MetadataRoundTrip, jpegCarriesEveryBlockByteForByte) {
     EXPECT_EQ(after.resources, before.resources);
     EXPECT_EQ(after.xmp, before.xmp);
     EXPECT_EQ(after.iccProfile, before.iccProfile);
+    EXPECT_EQ(after.comments, before.comments);
+    EXPECT_EQ(after.cameraSegments, before.cameraSegments);
 }
 
 TEST(MetadataRoundTrip, blocksLargerThanASegmentAreSplitAndJoined) {
@@ -142,6 +149,18 @@ TEST(MetadataRoundTrip, anXmpPacketTooLargeForASegmentMovesIntoAnExtension) {
     const EmbeddedMetadata after = decoded(encoded("jpg", test::photograph(20, 20), {}, before)).metadata;
     EXPECT_EQ(after.extendedXmp, before.xmp);
     EXPECT_TRUE(after.xmp.contains("HasExtendedXMP"));
+}
+
+TEST(MetadataRoundTrip, aTiffKeepsTheNameOfADocumentButNotOfTheOldFileNorItsPageNumber) {
+    for (const auto& [name, kept] : {std::pair("Contract 7", "Contract 7"), {"/tmp/Scan 1.TIF", ""}}) {
+        MetadataStore store;
+        store.ExifSet(QStringLiteral("DocumentName"), QString::fromLatin1(name));
+        store.ExifSet(QStringLiteral("PageNumber"), QStringLiteral("2 9"));
+        const MetadataStore after(
+            decoded(encoded("tif", test::photograph(20, 20), {}, store.blocks())).metadata);
+        EXPECT_EQ(after.ExifValueByName(QStringLiteral("DocumentName")), QString::fromLatin1(kept));
+        EXPECT_EQ(after.ExifValueByName(QStringLiteral("PageNumber")), QString());
+    }
 }
 
 TEST(MetadataRoundTrip, tiffCarriesEveryBlock) {

@@ -1,20 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
+#include "imaging/ImageBox.h"
 #include "tests/collections/MadePictures.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSet>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
 
 namespace {
+
 const QString scan = QStringLiteral("scan.tif");
+
+/// White with a black rule on every 40th row, some of it red on request.
+Picture madePicture(int width, int height, bool colored) {
+    Picture picture(width, height, 3);
+    const PixelView view = picture.edit();
+    for (int y = 0; y < height; ++y) {
+        const bool rule = y % 40 == 0;
+        std::fill_n(view.row(y), view.stride, std::uint8_t(rule ? 0 : 255));
+        if (rule && colored)
+            view.pixel(width / 2, y)[0] = 255;
+    }
+    return picture;
 }
+
+} // namespace
 
 TEST(PageNames, AreSpelledByTheRoadThatThePictureTook) {
     EXPECT_EQ(pageRowName(Road::Button, scan, 3).toStdString(), "scan3");
@@ -55,6 +73,21 @@ TEST(PageFiles, ALinkThatLeadsNowhereTakesItsNameToo) {
     const QString first = newPageFile(folder.path(), Road::Button, scan, 1);
     ASSERT_TRUE(QFile::link(QStringLiteral("/nowhere/else.tif"), first));
     EXPECT_NE(newPageFile(folder.path(), Road::Button, scan, 1), first);
+}
+
+TEST(PageFiles, ABlackAndWhitePageStaysSmallAndEveryPageKeepsItsPixels) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(scan);
+    ImageBox box;
+    for (const bool colored : {false, true}) {
+        const Picture page = madePicture(1240, 1754, colored);
+        box.setPictureHandle(page);
+        savePage(box, path);
+        EXPECT_LT(QFileInfo(path).size(), colored ? 200'000 : 20'000);
+        box.LoadFromFile(path);
+        EXPECT_TRUE(box.picture() == page) << colored;
+    }
+    EXPECT_EQ(box.TiffCompression, 0) << "the page's compression is not the user's";
 }
 
 TEST(PageFiles, DeletingTakesOnlyTifFilesOfTheFolderTemp) {

@@ -5,6 +5,7 @@
 #include "embedded/ExifTagTable.h"
 #include "tests/support/TiffStructure.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -27,6 +28,9 @@ MetadataStore storeWithExif(const QByteArray& exif) {
     blocks.exif = exif;
     return MetadataStore(blocks);
 }
+
+/// No attribute yet.
+const QByteArray emptyBigEndianBlock("MM\0*\0\0\0\x08\0\0\0\0\0\0", 14);
 
 /// Big-endian, one UserComment of `bytes` in a Photo directory.
 QByteArray bigEndianComment(const QByteArray& bytes) {
@@ -64,10 +68,48 @@ TEST(MetadataStore, EachAttributeTakesTextInItsOwnType) {
         {"ImageDescription", "", ""},
     };
     for (const Case& c : cases) {
-        MetadataStore store;
-        ASSERT_TRUE(store.ExifSet(word(c.name), word(c.text))) << c.name;
-        const MetadataStore again(store.blocks());
-        EXPECT_EQ(again.ExifValueByName(word(c.name)), word(c.shown)) << c.name;
+        for (const QByteArray& start : {QByteArray(), emptyBigEndianBlock}) {
+            MetadataStore store = storeWithExif(start);
+            ASSERT_TRUE(store.ExifSet(word(c.name), word(c.text))) << c.name;
+            const MetadataStore again(store.blocks());
+            EXPECT_EQ(again.ExifValueByName(word(c.name)), word(c.shown)) << c.name;
+        }
+    }
+}
+
+TEST(MetadataStore, NumbersAreWrittenInTheByteOrderOfTheirBlock) {
+    struct NumberCase {
+        const char* name;
+        const char* text;
+        const char* entry; ///< hexadecimal: tag, type, count, and the value where it fits
+        const char* value;
+    };
+    constexpr NumberCase cases[] = {
+        {"Orientation", "6", "0112 0003 00000001 0006", ""},
+        {"JPEGProc", "305419896", "0200 0004 00000001 12345678", ""},
+        {"XResolution", "300/7", "011a 0005 00000001", "0000012c 00000007"},
+        {"BaselineExposure", "-1/3", "c62a 000a 00000001", "ffffffff 00000003"},
+        {"ProfileToneCurve", "0.5 1", "c6fc 000b 00000002", "3f000000 3f800000"},
+        {"NoiseProfile", "0.5", "c761 000c 00000001", "3fe0000000000000"},
+    };
+    const auto bytes = [](const char* words, bool bigEndian) {
+        QByteArray joined;
+        for (const QByteArray& word : QByteArray(words).split(' ')) {
+            QByteArray number = QByteArray::fromHex(word);
+            if (!bigEndian)
+                std::ranges::reverse(number);
+            joined += number;
+        }
+        return joined;
+    };
+    for (const NumberCase& c : cases) {
+        for (const bool bigEndian : {false, true}) {
+            MetadataStore store = storeWithExif(bigEndian ? emptyBigEndianBlock : QByteArray());
+            ASSERT_TRUE(store.ExifSet(word(c.name), word(c.text))) << c.name;
+            const QByteArray block = store.blocks().exif;
+            EXPECT_EQ(block.indexOf(bytes(c.entry, bigEndian)), 10) << c.name << block.toHex(' ').data();
+            EXPECT_TRUE(block.sliced(18).contains(bytes(c.value, bigEndian))) << c.name;
+        }
     }
 }
 
@@ -176,8 +218,8 @@ TEST(MetadataStore, AStoreThatWasMovedFromCanBeUsedOn) {
 }
 
 TEST(MetadataStore, BlocksThatNobodyChangesComeBackByteForByte) {
-    const EmbeddedMetadata blocks{"no EXIF at all", "8BIM damaged", "<x:xmpmeta/>", "its extension",
-                                  "profile"};
+    const EmbeddedMetadata blocks{"no EXIF at all", "8BIM damaged", "<x:xmpmeta/>",   "its extension",
+                                  "profile",        {"comment"},    {{0xE6, "GoPro"}}};
     MetadataStore store(blocks);
     EXPECT_EQ(store.ExifCount(), 0);
     EXPECT_FALSE(store.HasIptc());
@@ -187,7 +229,11 @@ TEST(MetadataStore, BlocksThatNobodyChangesComeBackByteForByte) {
     EXPECT_EQ(store.blocks().xmp, blocks.xmp);
     EXPECT_EQ(store.blocks().extendedXmp, blocks.extendedXmp);
     EXPECT_EQ(store.blocks().iccProfile, blocks.iccProfile);
+    EXPECT_EQ(store.blocks().cameraSegments, blocks.cameraSegments);
     EXPECT_FALSE(store.ExifSet(word("Make"), word("Acme"))) << "a damaged block must not be thrown away";
+    store.ExifClear();
+    EXPECT_TRUE(store.blocks().cameraSegments.empty()) << "the place of the shot would stay";
+    EXPECT_EQ(store.blocks().comments, blocks.comments);
 }
 
 TEST(MetadataStore, AnIndexOutOfRangeIsAnError) {

@@ -64,6 +64,8 @@ EmbeddedMetadata everyKindOfMetadata() {
         ResourceBlocks::block(0x1234, QByteArray("kept"));
     metadata.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"></x:xmpmeta>";
     metadata.iccProfile = sRgbProfile();
+    metadata.comments = {"At the river", QByteArray("caf\xE9\0", 5)};
+    metadata.cameraSegments = {{0xE6, QByteArray("GoPro\0DEVC", 10)}, {0xEC, "[picture info]\nShutter=60"}};
     return metadata;
 }
 
