@@ -9,7 +9,6 @@
 #include "cli/Terminal.h"
 #include "codecs/Codec.h"
 #include "collections/clsFileInfo.h"
-#include "imaging/Upright.h"
 #include "output/LoadSource.h"
 #include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
@@ -42,10 +41,8 @@ void requireWritable(const QString& path) {
 /// Writes nothing when a task fails: the picture would not be the one that was asked for.
 void apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
     ImageBox box;
-    if (!loadSource(box, source))
+    if (!loadSource(box, source, upright))
         fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
-    if (upright)
-        turnUpright(box, source);
     const ListView noSelection;
     if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,

@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 
 #include <QFileInfo>
@@ -24,6 +25,13 @@ bool loadByBox(ImageBox& box, const QString& path) {
     }
 }
 
+bool loadByFallback(ImageBox& box, const QString& path) {
+    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF);
+    if (picture)
+        box.setPictureHandle(*picture);
+    return picture.has_value();
+}
+
 } // namespace
 
 bool carriesMetadata(const QString& path) {
@@ -35,15 +43,12 @@ bool carriesMetadata(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
-bool loadSource(ImageBox& box, const QString& path) {
+bool loadSource(ImageBox& box, const QString& path, bool upright) {
     box.Clear();
-    if (carriesMetadata(path) && loadByBox(box, path))
-        return true;
-    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF);
-    if (!picture)
-        return false;
-    box.setPictureHandle(*picture);
-    return true;
+    const bool loaded = (carriesMetadata(path) && loadByBox(box, path)) || loadByFallback(box, path);
+    if (loaded && upright)
+        turnUpright(box, path);
+    return loaded;
 }
 
 QString noPictureReason(const QString& path) {

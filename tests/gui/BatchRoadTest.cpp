@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FolderTree.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "tests/gui/WindowTest.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -171,6 +173,18 @@ TEST_F(BatchRoad, ASaveThatFailsIsReportedWithItsFileAndTheRestIsNotReached) {
     EXPECT_EQ(filesIn(out()), QStringList{QStringLiteral("T_photo01_.jpg")});
     EXPECT_EQ(window().workspace().sbMain.panel(QStringLiteral("status")).toStdString(),
               "1 written, 1 skipped, 1 failed");
+    auto* results = window().findChild<QWidget*>(QStringLiteral("frmBatchResults"));
+    ASSERT_TRUE(results);
+    const QAbstractItemModel& list = *child<ListControl>(*results, "lvResults").view()->model();
+    ASSERT_EQ(list.rowCount(), 3);
+    for (int row = 0; row < 3; ++row) {
+        const auto cell = [&](int column) { return list.index(row, column).data().toString(); };
+        if (cell(0) != QLatin1String("failed"))
+            continue;
+        EXPECT_EQ(cell(1), pictures() + QStringLiteral("/photo02.jpg"));
+        EXPECT_EQ(cell(2), out() + QStringLiteral("/T_photo02_.jpg"));
+        EXPECT_TRUE(cell(3).contains(QStringLiteral("T_photo02_.jpg"))) << cell(3).toStdString();
+    }
 }
 
 TEST_F(BatchRoad, AnEmptyBasketOpensNoDialog) {
