@@ -6,15 +6,22 @@
 
 #include <algorithm>
 #include <limits>
+#include <thread>
 
 namespace tarsel {
 
 namespace {
 ErrorReport filledReport;
-}
+const std::thread::id mainThread = std::this_thread::get_id(); // which initialises the program's variables
+} // namespace
 
 const ErrorReport& lastErrorReport() {
     return filledReport;
+}
+
+void requireMainThread(const char* routine) {
+    if (std::this_thread::get_id() != mainThread)
+        qFatal("%s traps errors outside of the main thread", routine);
 }
 
 void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine) {

@@ -41,7 +41,7 @@ void requireWritable(const QString& path) {
 /// Writes nothing when a task fails: the picture would not be the one that was asked for.
 void apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
     ImageBox box;
-    if (!loadSource(box, source, upright))
+    if (!loadSource(box, source, {}, upright))
         fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
     const ListView noSelection;
     if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))

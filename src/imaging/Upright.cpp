@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/Upright.h"
 
-#include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "codecs/Codec.h"
 #include "codecs/Flatten.h"

@@ -8,26 +8,26 @@ namespace tarsel::modMetadata {
 
 namespace {
 
-void applyRecord(clsFileEXIF& file, ImageBox& box) {
+void applyRecord(clsFileEXIF& file, ImageBox& box, const DateForms& forms) {
     QString name;
     QString value;
     file.ReadEXIF(name, value);
     if (IsExifDate(name))
-        value = ImageBox::ExifDateToText(toDate(value));
+        value = ImageBox::ExifDateToText(toDate(value, forms));
     if (box.ExifSet(name, value))
         box.ExifSet(QStringLiteral("Software"), ProductTitle);
 }
 
 } // namespace
 
-void ApplyXiffFile(const QString& path, ImageBox& box) {
+void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     clsFileEXIF file;
     if (!file.OpenForRead(path))
         fail(ErrorNumber::PermissionDenied, path);
     int record = 1;
     try {
         for (; !file.fEof(); ++record)
-            applyRecord(file, box);
+            applyRecord(file, box, forms);
     } catch (TrappedError& error) {
         error.description = QStringLiteral("%1, record %2: %3").arg(path).arg(record).arg(error.description);
         throw;

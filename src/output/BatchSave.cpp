@@ -87,6 +87,8 @@ void RowWork::perform() {
         setSaveOptions();
         save();
     } catch (const TrappedError& error) {
+        if (error.number == ErrorNumber::Interrupted)
+            return skip(SkipReason::Cancelled);
         m_result.state = RowState::Failed;
         remark(error.description);
         throw;
@@ -100,7 +102,7 @@ void RowWork::perform() {
 /// False when there is no picture in the source.
 bool RowWork::load() {
     const QString readable = m_batch.sources.readablePath(m_row.tag);
-    if (!loadSource(m_box, readable))
+    if (!loadSource(m_box, readable, m_batch.run.stop))
         return false;
     prepareForTasks(m_box, readable, m_settings.UprightByExif == 1);
     if (!m_box.LoadDamage().isEmpty())
@@ -149,7 +151,7 @@ void RowWork::importMetadata() {
     if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
         m_box.IptcLoadFromFile(m_settings.ImportIPTCFile);
     if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
-        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box);
+        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box, desktopDateForms());
     m_box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
 }
 
@@ -223,7 +225,7 @@ void BatchLoop::run() {
 
 bool BatchLoop::isCancelled() {
     desktop().yield();
-    m_cancelled = CancelRequested.exchange(false);
+    m_cancelled = CancelRequested.exchange(false) || m_batch.run.stop.stop_requested();
     return m_cancelled;
 }
 

@@ -8,6 +8,7 @@
 #include "output/SourceGuard.h"
 
 #include <functional>
+#include <stop_token>
 #include <vector>
 
 namespace tarsel {
@@ -36,6 +37,7 @@ struct BatchRun {
     /// "Source folder" of a page means the folder of its document, not that of the extracted page file.
     bool pagesToDocumentFolder = false;
     SourceReplacing sourceReplacing = SourceReplacing::KeptReadable;
+    std::stop_token stop; ///< ends the loading of a row's picture: that row and the rest are cancelled
     std::function<void(const RowResult&)> onRow; ///< called for each row as soon as it is done
 };
 

@@ -2,6 +2,7 @@
 #include "output/LoadSource.h"
 
 #include "base/TrappedError.h"
+#include "codecs/DecoderLost.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
@@ -13,11 +14,15 @@ namespace tarsel {
 
 namespace {
 
-/// False when the box can't make sense of the file: the one failure after which the other loader is tried.
-bool loadByBox(ImageBox& box, const QString& path) {
+/// False when the box can't make sense of the file: the one failure after which the loader is tried, unless
+/// that would end in the decoder that was just lost.
+bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) {
     try {
-        box.LoadFromFile(path);
+        box.LoadFromFile(path, stop);
         return true;
+    } catch (const DecoderLost& error) {
+        throw TrappedError{ErrorNumber::InvalidPicture,
+                           QStringLiteral("Error loading picture ") + error.description};
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;
@@ -25,8 +30,8 @@ bool loadByBox(ImageBox& box, const QString& path) {
     }
 }
 
-bool loadByFallback(ImageBox& box, const QString& path) {
-    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF);
+bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& stop) {
+    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop);
     if (picture)
         box.setPictureHandle(*picture);
     return picture.has_value();
@@ -43,9 +48,10 @@ bool carriesMetadata(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
-bool loadSource(ImageBox& box, const QString& path, bool upright) {
+bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop, bool upright) {
     box.Clear();
-    const bool loaded = (carriesMetadata(path) && loadByBox(box, path)) || loadByFallback(box, path);
+    const bool loaded =
+        (carriesMetadata(path) && loadByBox(box, path, stop)) || loadByFallback(box, path, stop);
     if (loaded && upright)
         turnUpright(box, path);
     return loaded;

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <stdexcept>
+#include <thread>
 
 using namespace tarsel;
 
@@ -35,6 +36,11 @@ TEST(ErrorTrap, ErrorsOfLibrariesAndOfMemoryDoNotEscape) {
     ASSERT_EQ(desktop.reports.size(), 2u);
     EXPECT_TRUE(desktop.reports[0].ErrSystem.startsWith(QStringLiteral("7 - ")));
     EXPECT_EQ(desktop.reports[1].ErrSystem, QStringLiteral("5 - odd"));
+}
+
+TEST(ErrorTrap, BelongsToTheMainThread) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_DEATH(std::thread([] { trap("a", [] {}); }).join(), "main thread");
 }
 
 TEST(ErrorTrap, SystemErrorsKeepTheFileAndGetTheirNumber) {
