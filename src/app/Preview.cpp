@@ -93,6 +93,11 @@ void Preview::rebuild() {
     Q_EMIT pictureChanged();
 }
 
+void Preview::reload() {
+    if (!m_shownPath.isEmpty() && fncReadFile(QString(m_shownPath)))
+        Q_EMIT pictureChanged();
+}
+
 void Preview::completeResolution(ListView& list, int row) const {
     const ImageBox& box = m_lists.ibMain;
     if (row >= list.count() || !box.HasImage())

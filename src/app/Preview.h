@@ -37,6 +37,8 @@ public:
     bool fncReadFile(const QString& path);
     /// Brings the picture up to date after a change of the task basket or of the preview's type.
     void rebuild();
+    /// Loads the picture on show once more, after a change of how pictures are prepared.
+    void reload();
     /// Path of the picture on show; empty before the first one.
     const QString& shownPath() const { return m_shownPath; }
 

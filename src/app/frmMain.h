@@ -48,6 +48,7 @@ public:
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
+    void takeUpright();
     void SetStatus(const QString& text);
 
 Q_SIGNALS:

@@ -162,6 +162,7 @@ void frmMain::subUpdateForm() {
             settings->programFolder = m_surroundings.programFolder;
             settings->basketThumb = usableSize(m_basketThumb);
             settings->folderThumb = usableSize(m_folderThumb);
+            settings->upright = ConfigRecord.BatchSave.UprightByExif == 1;
             settings->longFileSize = ConfigRecord.LongFileSize == 1;
         }
         m_basketPane->lvPages().setTableIconSize(qtSize(m_basket.settings.basketThumb));

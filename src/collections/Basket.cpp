@@ -7,6 +7,7 @@
 #include "collections/PictureFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 
 #include <ranges>
 
@@ -98,7 +99,7 @@ void Basket::addFolderRow(Road road, int folderRow) {
 void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     std::optional<Thumbnail> thumbnail = folderThumbnail(folderRow);
     if (!thumbnail)
-        thumbnail = loadThumbnail(source.path, settings.basketThumb, m_thumbnails);
+        thumbnail = loadThumbnail(source.path, settings.basketThumb, m_thumbnails, settings.upright);
     if (!thumbnail) {
         noteFailed(source.path);
         return;
@@ -132,7 +133,7 @@ void Basket::subAddEntryToListView(const QString& path) {
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
             return addPages(source, pages);
-        const auto thumbnail = loadThumbnail(path, settings.basketThumb, m_thumbnails);
+        const auto thumbnail = loadThumbnail(path, settings.basketThumb, m_thumbnails, settings.upright);
         if (thumbnail)
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
                    *thumbnail);
@@ -195,16 +196,25 @@ bool Basket::loadPage(const QString& path, int page) {
     return loaded && !box.LoadFailed() && box.HasImage();
 }
 
+namespace {
+/// The box's picture as its thumbnail shows it; the page file keeps it as it is, with its orientation.
+Picture seenPicture(const ImageBox& box, bool upright) {
+    return upright ? uprightPicture(box.picture(), exifOrientation(box.metadata())) : box.picture();
+}
+} // namespace
+
 /// Saves the page that ibMain holds and gives its thumbnail. A drop takes it from the page file once saved,
 /// the other roads from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
     ImageBox& box = m_lists.ibMain;
     if (source.road == Road::Drag) {
         savePage(box, pageFile);
-        return loadThumbnail(pageFile, settings.basketThumb, m_thumbnails);
+        return loadThumbnail(pageFile, settings.basketThumb, m_thumbnails, settings.upright);
     }
     std::optional<Thumbnail> thumbnail;
-    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketThumb, m_thumbnails); }))
+    if (ignoringErrors([&] {
+            thumbnail = makeThumbnail(seenPicture(box, settings.upright), settings.basketThumb, m_thumbnails);
+        }))
         savePage(box, pageFile);
     return thumbnail;
 }

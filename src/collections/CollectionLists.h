@@ -29,7 +29,8 @@ struct CollectionSettings {
     Size folderThumb{40, 40};
     Size basketThumb{40, 40};
     bool longFileSize = false;
-    int folderView = 0; ///< 0 thumbnails, 3 details
+    bool upright = false; ///< thumbnails are turned by the EXIF orientation
+    int folderView = 0;   ///< 0 thumbnails, 3 details
 };
 
 /// Makes the value that an ImageList holds of a picture. The window gives one that makes an icon; without one

@@ -111,7 +111,7 @@ bool FolderView::addPictureFacts(ListRow& row, const QString& extension) {
         resolution = headerText(row.tag, extension);
         return true;
     }
-    const auto thumbnail = loadThumbnail(row.tag, settings.folderThumb, m_thumbnails);
+    const auto thumbnail = loadThumbnail(row.tag, settings.folderThumb, m_thumbnails, settings.upright);
     if (!thumbnail)
         return false;
     resolution = QStringLiteral("%1 x %2").arg(thumbnail->sourceSize.width).arg(thumbnail->sourceSize.height);

@@ -3,6 +3,7 @@
 
 #include "base/ErrorTrap.h"
 #include "collections/PictureHeaderReading.h"
+#include "imaging/Upright.h"
 
 namespace tarsel {
 
@@ -19,14 +20,17 @@ std::optional<Thumbnail> fromHeader(const QString& path) {
 
 } // namespace
 
-std::optional<Thumbnail> loadThumbnail(const QString& path, Size box, const ThumbnailMaker& maker) {
+std::optional<Thumbnail> loadThumbnail(const QString& path, Size box, const ThumbnailMaker& maker,
+                                       bool upright) {
     if (!maker)
         return fromHeader(path);
     std::optional<Thumbnail> thumbnail;
     // A damaged picture is one without a thumbnail, and no reason to end a listing.
     ignoringErrors([&] {
         Size sourceSize;
-        if (const auto picture = fncLoadPicture(path, LoadMode::ExactBox, box, White, &sourceSize))
+        if (const auto picture = upright
+                                     ? loadUprightPicture(path, LoadMode::ExactBox, box, White, &sourceSize)
+                                     : fncLoadPicture(path, LoadMode::ExactBox, box, White, &sourceSize))
             thumbnail = Thumbnail{maker(*picture), sourceSize};
     });
     return thumbnail;

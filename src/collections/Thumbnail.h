@@ -15,7 +15,8 @@ struct Thumbnail {
 
 /// The thumbnail of a file: fitted whole into the box, centred on white. Without a maker the header alone is
 /// read. Nothing when the file can't be opened as a picture.
-std::optional<Thumbnail> loadThumbnail(const QString& path, Size box, const ThumbnailMaker& maker);
+std::optional<Thumbnail> loadThumbnail(const QString& path, Size box, const ThumbnailMaker& maker,
+                                       bool upright);
 
 /// The thumbnail of a picture in memory.
 Thumbnail makeThumbnail(const Picture& picture, Size box, const ThumbnailMaker& maker);
