@@ -2,6 +2,7 @@
 #include "tests/collections/CollectionWindow.h"
 
 #include "base/TrappedError.h"
+#include "collections/Thumbnail.h"
 
 #include <QFile>
 
@@ -52,6 +53,20 @@ TEST_F(FolderViewTest, ARowOfTheThumbnailViewShowsSizePagesAndDates) {
     EXPECT_EQ(ilFolder.at(lvFolder.row(0).icon), QVariant(QSize(40, 30)));
     EXPECT_EQ(status.panel(QStringLiteral("folder")), QStringLiteral("Current Folder - ") + pictures);
     EXPECT_TRUE(QDir(temporaryFolder(settings.programFolder)).exists());
+}
+
+TEST_F(FolderViewTest, AThumbnailIsTurnedUprightWhereThatIsWanted) {
+    const QString path = picture("turned.jpg");
+    makePicture(path, {60, 30}, qRgb(200, 0, 0));
+    ImageBox box;
+    box.LoadFromFile(path);
+    ASSERT_TRUE(box.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
+    box.SaveToFile(path);
+    const auto isWhiteAtTheLeft = [](const Picture& thumbnail) {
+        return QVariant(thumbnail.view().pixel(2, thumbnail.height() / 2)[1] > 128);
+    };
+    for (const bool upright : {false, true})
+        EXPECT_EQ(loadThumbnail(path, {40, 30}, isWhiteAtTheLeft, upright)->icon.toBool(), upright);
 }
 
 TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails) {
