@@ -20,11 +20,13 @@ void tryExif(const QByteArray& bytes) {
     blocks.exif = bytes;
     MetadataStore store(blocks);
     const int before = store.ExifCount();
+    const QString maker = store.ExifValueByName(QStringLiteral("Make"));
     const QString software = QStringLiteral("Software");
     if (store.ExifSet(software, QStringLiteral("Editor 1.0"))) {
         const MetadataStore again(store.blocks());
         require(again.ExifValueByName(software) == QStringLiteral("Editor 1.0"));
         require(again.ExifCount() >= before);
+        require(maker.isEmpty() || again.ExifValueByName(QStringLiteral("Make")) == maker);
     } else {
         require(store.blocks().exif == bytes);
     }
@@ -42,6 +44,7 @@ void tryResources(const QByteArray& bytes) {
         store.iptcList(field.dataset);
         iptcDate(store, field.member.toStdString());
     }
+    require(store.blocks().resources == bytes);
     setIptcText(store, "IptcCaption", QStringLiteral("a caption, \u05D0"));
     const MetadataStore again(store.blocks());
     require(iptcText(again, "IptcCaption") == QStringLiteral("a caption, \u05D0"));
