@@ -25,7 +25,7 @@ public:
 
     void result(const QString& line);
     void message(const QString& line);
-    /// False when results could not be written, which is told as a message.
+    /// False when results could not be written, which is reported as a message.
     bool finish();
 
     bool showsBar() const { return m_showsBar; }

@@ -11,7 +11,7 @@ namespace tarsel::cli {
 
 namespace {
 
-/// Years are always written whole, whatever the locale's short form does.
+/// Years are always written with four digits, whatever the locale's short form does.
 QString withFourDigitYear(QString format) {
     if (!format.contains(QLatin1String("yyyy")))
         format.replace(QLatin1String("yy"), QLatin1String("yyyy"));

@@ -35,7 +35,7 @@ class RowWork {
 public:
     RowWork(const Batch& batch, int position);
 
-    /// All steps. The result tells what became of the row, also when an error is raised.
+    /// All steps. The result says what became of the row, also when an error is raised.
     void perform();
     const RowResult& result() const { return m_result; }
 

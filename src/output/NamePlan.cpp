@@ -18,7 +18,7 @@ namespace tarsel {
 
 namespace {
 
-/// What can be told of a picture file without decoding it.
+/// What can be found out about a picture file without decoding it.
 struct SourceFacts {
     int width = 0;
     int height = 0;

@@ -40,7 +40,7 @@ public:
     /// To be asked before a row's file is written; keeps a source readable where that is the policy. Raises
     /// what opening the source raises.
     Verdict beforeWriting(int row, const QString& target);
-    /// To be told of each row that was written, or would have been in a dry run.
+    /// To be called for each row that was written, or would have been in a dry run.
     void noteWritten(int row, const QString& target);
 
 private:
