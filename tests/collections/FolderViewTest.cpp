@@ -44,8 +44,8 @@ TEST_F(FolderViewTest, ARowOfTheThumbnailViewShowsSizePagesAndDates) {
     EXPECT_EQ(lvFolder.row(0).tag, picture("wide.png"));
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution), QStringLiteral("400 x 100"));
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Pages), QStringLiteral("1"));
-    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::FileSize), QStringLiteral("2 KB"));
-    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Type), QStringLiteral("PNG"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::FileSize), QStringLiteral("2.00KB"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Type), QStringLiteral("PNG image"));
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::DateModified), QStringLiteral("2/1/2003 4:05:06 AM"));
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::DateAccessed), QStringLiteral("3/2/2030 5:06:07 AM"));
     for (const int number : {FolderColumn::DateCreated, FolderColumn::DateAccessed})
