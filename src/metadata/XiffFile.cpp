@@ -4,6 +4,8 @@
 #include "metadata/clsFileEXIF.h"
 #include "metadata/modMetadata.h"
 
+#include <QFileInfo>
+
 namespace tarsel::modMetadata {
 
 namespace {
@@ -22,6 +24,8 @@ void applyRecord(clsFileEXIF& file, ImageBox& box, const DateForms& forms) {
 
 void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     clsFileEXIF file;
+    if (!QFileInfo::exists(path)) // passed over in silence
+        return;
     if (!file.OpenForRead(path))
         fail(ErrorNumber::PermissionDenied, path);
     int record = 1;
