@@ -249,6 +249,16 @@ void frmMain::addDescription() {
         frmAlbumDescription(m_workspace.lvPages, row, this).exec();
 }
 
+/// Preview and folder show what a batch would write now.
+void frmMain::takeUpright() {
+    const bool upright = ConfigRecord.BatchSave.UprightByExif == 1;
+    if (m_folderView.settings.upright == upright || !isVisible())
+        return;
+    m_folderView.settings.upright = m_basket.settings.upright = m_preview.upright = upright;
+    m_preview.reload();
+    listFolder(m_folderView.currentFolder());
+}
+
 void frmMain::subSaveAsSinglePage() {
     if (m_batchRunning)
         return;
@@ -258,6 +268,7 @@ void frmMain::subSaveAsSinglePage() {
         {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
         this);
     m_basketPane->setRunning(false);
+    takeUpright();
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));

@@ -42,7 +42,8 @@ public:
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
-    /// False when another instance runs: the user was informed, nothing was touched, and the program is to end.
+    /// False when another instance runs: the user was informed, nothing was touched, and the program is to
+    /// end.
     bool Form_Load();
 
     Workspace& workspace() { return m_workspace; }
@@ -51,6 +52,7 @@ public:
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
+    void takeUpright();
     void SetStatus(const QString& text);
     /// Writes the settings as they are now, as at the end.
     void storeSettings() { subEnd(); }

@@ -156,11 +156,13 @@ void frmMain::subUpdateForm() {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
+        m_preview.upright = ConfigRecord.BatchSave.UprightByExif == 1;
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_surroundings.programFolder;
             settings->basketThumb = usableThumbnailSize(m_basketThumb);
             settings->folderThumb = usableThumbnailSize(m_folderThumb);
             settings->pixelRatio = devicePixelRatioF();
+            settings->upright = ConfigRecord.BatchSave.UprightByExif == 1;
             settings->longFileSize = ConfigRecord.LongFileSize == 1;
         }
         m_basketPane->lvPages().setTableIconSize(qtSize(m_basket.settings.basketThumb));

@@ -2,6 +2,7 @@
 #include "base/ErrorTrap.h"
 
 #include "base/Desktop.h"
+#include "base/ErrorSubject.h"
 
 #include <algorithm>
 #include <limits>
@@ -30,7 +31,7 @@ void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, 
         .ErrRoutine = routine,
         .ErrLine = line,
         .ErrTrappingString = TrappingString,
-        .ErrSystem = QString::number(number) + QStringLiteral(" - ") + description,
+        .ErrSystem = QString::number(number) + QStringLiteral(" - ") + namingSubject(description),
     };
     // A copy: an error inside the dialog fills the report again.
     const ErrorReport report = filledReport;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
@@ -18,6 +19,7 @@ namespace {
 
 constexpr OptionSpec options[] = {
     {"tasks", "F.tbf", "the task list; must be given"},
+    {"upright", nullptr, "turn the picture by its EXIF orientation before the tasks run"},
     {"json", nullptr, "one JSON object: row, source, target, state, reason"},
 };
 
@@ -36,15 +38,16 @@ void requireWritable(const QString& path) {
                              .arg(path, writableExtensions())};
 }
 
-/// A list that ends early leaves nothing behind: the picture would be none that was asked for.
-void apply(const QString& source, const QString& target, const TaskList& tasks) {
+/// Writes nothing when a task fails: the picture would not be the one that was asked for.
+void apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
     ImageBox box;
-    if (!loadSource(box, source))
-        fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": unknown content"));
+    if (!loadSource(box, source, {}, upright))
+        fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
     const ListView noSelection;
     if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("%1: the task list ended early, nothing was written").arg(source));
+             QStringLiteral("%1: the task list ended early, nothing was written: %2")
+                 .arg(source, lastErrorReport().ErrSystem));
     box.SaveToFile(target);
 }
 
@@ -52,19 +55,21 @@ int run(const Arguments& arguments, Terminal& terminal) {
     if (!arguments.has("tasks"))
         throw UsageError{QStringLiteral("--tasks is missing")};
     if (arguments.operands().size() != 2)
-        throw UsageError{QStringLiteral("IN and OUT are needed, and nothing else")};
+        throw UsageError{QStringLiteral("expected IN OUT")};
     RowResult result{.row = 1,
                      .source = absolutePath(arguments.operands().at(0)),
                      .target = absolutePath(arguments.operands().at(1)),
                      .state = RowState::Written,
-                     .reason = {}};
+                     .reason = {},
+                     .isDry = false};
     requireWritable(result.target);
     TaskList tasks;
     modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
     const ApplicationScope application(drawsText(tasks));
+    const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {
-        apply(result.source, result.target, tasks);
+        apply(result.source, result.target, tasks, arguments.has("upright"));
     } catch (const TrappedError& error) {
         result.state = RowState::Failed;
         result.reason = error.description;
@@ -80,7 +85,7 @@ constexpr Command applyCommand{
     .name = "apply",
     .operands = "--tasks F.tbf IN OUT",
     .summary = "Replay a task list on one picture; OUT's extension names the format.",
-    .notes = "Metadata go along where the format holds them. When a task fails nothing is written.",
+    .notes = "Metadata is kept where the format can hold it. Nothing is written when a task fails.",
     .options = options,
     .run = run,
 };

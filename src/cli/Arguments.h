@@ -11,7 +11,7 @@ namespace tarsel::cli {
 /// One option of a command. Help, parser and messages read the same table.
 struct OptionSpec {
     const char* name;  ///< without the dashes
-    const char* value; ///< what stands behind it, "FOLDER"; null for a switch
+    const char* value; ///< what follows it, "FOLDER"; null for a switch
     const char* help;
 };
 
@@ -20,7 +20,7 @@ struct UsageError {
     QString fact;
 };
 
-/// The words behind a command, taken apart: `--name value`, `--name=value`, switches, and operands. Behind
+/// The words after a command, taken apart: `--name value`, `--name=value`, switches, and operands. After
 /// "--" all words are operands; "-" alone is one.
 class Arguments {
 public:

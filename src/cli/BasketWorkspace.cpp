@@ -50,6 +50,8 @@ bool isBasketFile(const QString& path) {
 }
 
 QString absolutePath(const QString& path) {
+    if (QDir::isRelativePath(path) && QDir::currentPath().isEmpty())
+        fail(ErrorNumber::PathNotFound, QStringLiteral("the current folder no longer exists: ") + path);
     return QDir::cleanPath(QDir::current().absoluteFilePath(path));
 }
 
@@ -83,9 +85,10 @@ void BasketWorkspace::openBasketFile(const QString& path) {
         prepareFor(entry.path);
     if (!modSaveOpenImageList::fncOpenImageBasket(path, m_basket, m_lists))
         fail(ErrorNumber::InvalidCall, QStringLiteral("%1: no readable basket file").arg(path));
+    m_missing = m_basket.LTemp();
     const QSet<QString> sources = sourcesOf(m_workspace.lvPages);
     for (const auto& entry : entries)
-        if (!sources.contains(entry.path))
+        if (!sources.contains(entry.path) && !m_missing.contains(entry.path))
             m_missing << entry.path;
 }
 

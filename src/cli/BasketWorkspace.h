@@ -21,7 +21,7 @@ public:
     /// Fills the basket from its operands: one basket file, or pictures as if they were added by the button.
     void fill(const QStringList& operands);
     ListView& pages() { return m_workspace.lvPages; }
-    /// Operands, or entries of the basket file, that gave no row.
+    /// Operands, or entries of the basket file, that could not be added, or not with all of their pages.
     const QStringList& missing() const { return m_missing; }
 
 private:
@@ -39,7 +39,7 @@ private:
 /// Whether an operand names a basket file.
 bool isBasketFile(const QString& path);
 
-/// Absolute and without "." and "..".
+/// Absolute and without "." and "..". Error 76 for a relative path in a folder that was removed.
 QString absolutePath(const QString& path);
 
 } // namespace tarsel::cli

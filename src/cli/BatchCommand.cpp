@@ -21,8 +21,8 @@ constexpr OptionSpec options[] = {
     {"source-folder", nullptr, "put each file beside its source"},
     {"name", "RULE",
      "keep (default): the source's name; hybrid: prefix, name, suffix; generic: name and count"},
-    {"prefix", "TEXT", "hybrid: in front, a text or a token such as \"[EXIF Date]\""},
-    {"suffix", "TEXT", "hybrid: behind, likewise"},
+    {"prefix", "TEXT", "hybrid: before the name, a text or a token such as \"[EXIF Date]\""},
+    {"suffix", "TEXT", "hybrid: after the name, a text or a token"},
     {"separator1", "TEXT",
      "hybrid: between prefix and name, \"[WhiteSpace]\", \"[No Separator]\" (default: _)"},
     {"separator2", "TEXT", "hybrid: between name and suffix (default: _)"},
@@ -34,12 +34,13 @@ constexpr OptionSpec options[] = {
     {"no-overwrite", nullptr, "skip rows whose file exists"},
     {"exif", "F.xiff", "set these EXIF attributes in every file"},
     {"iptc", "F.ffo", "replace the IPTC data of every file by these"},
-    {"rows", "A-B", "do these rows only, numbered as in the whole basket"},
+    {"rows", "A-B", "do these rows only, numbered as in the full basket"},
     {"dry-run", nullptr, "do everything but write"},
+    {"upright", nullptr, "turn pictures by their EXIF orientation before the tasks run"},
     {"json", nullptr, "one JSON object a line: row, source, target, state, reason"},
 };
 
-/// Without a word on where the files go, no source is replaced.
+/// Where the user did not say where the files go, no source is replaced.
 void refuseToReplaceSources(const ListView& pages, const TaskList& tasks, const BatchSave& settings) {
     for (const PlannedName& planned : planNames(pages, tasks.lvEditBatch, settings))
         if (planned.clash == NameClash::OwnSource || planned.clash == NameClash::OtherSource)
@@ -68,8 +69,12 @@ int run(const Arguments& arguments, Terminal& terminal) {
     TerminalProgress progress(terminal);
     BasketWorkspace basket(progress);
     basket.fill(arguments.operands());
-    if (!namesDestination(arguments) && settings.Overwrite == 1)
-        refuseToReplaceSources(basket.pages(), tasks, settings);
+    slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
+    if (!namesDestination(arguments)) {
+        slice.sourceReplacing = SourceReplacing::Refused;
+        if (settings.Overwrite == 1)
+            refuseToReplaceSources(basket.pages(), tasks, settings);
+    }
     if (!slice.dryRun)
         prepareFolder(settings, terminal);
 
@@ -77,7 +82,6 @@ int run(const Arguments& arguments, Terminal& terminal) {
     for (const QString& path : basket.missing())
         report.addMissing(path);
     slice.stop = interruptible.stop();
-    slice.onRowBegin = [&](const QString& source) { terminal.setSubject(source); };
     slice.onRow = [&](const RowResult& result) { report.add(result); };
     ImageBox box;
     std::vector<RowResult> results;
@@ -93,10 +97,12 @@ constexpr Command batchCommand{
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
     .summary = "Save a basket, or pictures, as JPEG files.",
     .notes =
-        "A file of the same name is replaced, safely: it is the old one or the new one, whole. An error "
-        "ends\n"
-        "the run; rows behind it are skipped as \"not reached\". SIGINT stops it after the current file.\n"
-        "Each page of a document is a row of its own.",
+        "A file of the same name is replaced in one step: at any moment it is the old or the new one.\n"
+        "A source that another row still needs is never replaced: the row is skipped. Two rows that end\n"
+        "in one file get a remark, and the exit status is 1. An error ends the run; the rows after it are\n"
+        "skipped as \"not reached\". SIGINT or SIGTERM ends it after the current file.\n"
+        "Each page of a document is a row of its own. Settings stay from picture to picture, such as the\n"
+        "back colour that a task set: with --rows a list can give other pictures than in a full run.",
     .options = options,
     .run = run,
 };

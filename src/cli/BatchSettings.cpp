@@ -69,10 +69,11 @@ void setDestination(BatchSave& settings, const Arguments& arguments) {
     if (arguments.has("out") && arguments.has("source-folder"))
         throw UsageError{QStringLiteral("--out and --source-folder exclude each other")};
     settings.DestinationOption = arguments.has("source-folder") ? 0 : 1;
-    const QString folder = absolutePath(arguments.value("out", QStringLiteral(".")));
-    settings.DestinationFolder = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
-    if (!arguments.has("source-folder"))
+    if (!arguments.has("source-folder")) {
+        const QString folder = absolutePath(arguments.value("out", QStringLiteral(".")));
+        settings.DestinationFolder = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
         return;
+    }
     if (settings.NameOption == Generic)
         throw UsageError{QStringLiteral("--source-folder goes with --name keep or hybrid")};
     if (settings.NameOption == Retain)
@@ -106,6 +107,7 @@ BatchSave batchSettings(const Arguments& arguments) {
         qint16(numberIn(arguments.value("quality", QStringLiteral("80")), 1, 100, "quality"));
     settings.JpegProgressive = arguments.has("progressive") ? 1 : 0;
     settings.JpegDepth = arguments.has("gray") ? 1 : 0;
+    settings.UprightByExif = arguments.has("upright") ? 1 : 0;
     settings.Overwrite = arguments.has("no-overwrite") ? 0 : 1;
     settings.ImportEXIFFile = sideFile(arguments, "exif");
     settings.ImportIPTCFile = sideFile(arguments, "iptc");

@@ -9,7 +9,7 @@ namespace tarsel::cli {
 struct Command;
 class Terminal;
 
-/// The whole program: `words` are the arguments without the program's name. Gives the exit status.
+/// The program: `words` are the arguments without the program's name. Returns the exit status.
 int runCommandLine(const QStringList& words, Terminal& terminal);
 
 QString programHelp();

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/ErrorSubject.h"
 #include "base/Stop.h"
 #include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
 #include "cli/Interrupt.h"
 #include "cli/PictureFacts.h"
+#include "cli/RawNames.h"
 #include "cli/Terminal.h"
 
 namespace tarsel::cli {
@@ -15,13 +17,16 @@ constexpr OptionSpec options[] = {
     {"json", nullptr, "one JSON object a line for each picture"},
 };
 
-/// False when the picture could not be decoded.
+/// False when the picture could not be decoded, or in part only.
 bool report(const QString& path, bool json, Terminal& terminal) {
-    terminal.setSubject(path);
+    const ErrorSubject subject(path);
     PictureFacts facts;
-    readPictureFacts(path, facts);
+    const ReadableName readable(path);
+    readPictureFacts(readable.path(), facts);
+    facts.path = path;
+    facts.reason.replace(readable.path(), path);
     terminal.result(json ? jsonOf(facts) : textOf(facts));
-    return facts.reason.isEmpty();
+    return facts.reason.isEmpty() && facts.damage.isEmpty();
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
@@ -44,8 +49,10 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command infoCommand{
     .name = "info",
     .operands = "PICTURE...",
-    .summary = "Tell header facts, decoded size and depth, pages, EXIF and IPTC of pictures.",
-    .notes = "A picture that can't be read is told as failed and doesn't stop the others.",
+    .summary = "Show header data, decoded size and depth, pages, EXIF and IPTC of pictures.",
+    .notes = "A picture that can't be read is reported as failed and doesn't stop the others. One that could "
+             "be read\n"
+             "in part is reported as damaged; the exit status is 1 for both.",
     .options = options,
     .run = run,
 };

@@ -8,12 +8,12 @@ namespace tarsel::cli {
 namespace {
 
 /// A character that can't stand in a JSON string as it is. A lone surrogate has no UTF-8 form.
-bool needsEscape(QChar character, QChar before, QChar behind) {
+bool needsEscape(QChar character, QChar before, QChar after) {
     if (character.isHighSurrogate())
-        return !behind.isLowSurrogate();
+        return !after.isLowSurrogate();
     if (character.isLowSurrogate())
         return !before.isHighSurrogate();
-    return character < QLatin1Char(' ') || character == QChar(0x7f);
+    return character.category() == QChar::Other_Control;
 }
 
 QString quoted(const QString& text) {
@@ -21,10 +21,10 @@ QString quoted(const QString& text) {
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text[i];
         const QChar before = i > 0 ? text[i - 1] : QChar();
-        const QChar behind = i + 1 < text.size() ? text[i + 1] : QChar();
+        const QChar after = i + 1 < text.size() ? text[i + 1] : QChar();
         if (character == QLatin1Char('"') || character == QLatin1Char('\\'))
             out += QLatin1Char('\\') + QString(character);
-        else if (needsEscape(character, before, behind))
+        else if (needsEscape(character, before, after))
             out += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
         else
             out += character;

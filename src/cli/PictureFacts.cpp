@@ -34,7 +34,8 @@ void listMetadata(PictureFacts& facts, const ImageBox& box) {
 void decode(PictureFacts& facts) {
     ImageBox box;
     if (!loadSource(box, facts.path))
-        fail(ErrorNumber::InvalidPicture, facts.path + QStringLiteral(": unknown content"));
+        fail(ErrorNumber::InvalidPicture, facts.path + QStringLiteral(": ") + noPictureReason(facts.path));
+    facts.damage = box.LoadDamage();
     facts.width = box.Width();
     facts.height = box.Height();
     facts.bitsPerPixel = box.BitsPerPixel();
@@ -98,6 +99,7 @@ QString jsonOf(const PictureFacts& facts) {
     line.add("path", facts.path)
         .add("state", facts.reason.isEmpty() ? QStringLiteral("ok") : QStringLiteral("failed"))
         .add("reason", facts.reason)
+        .add("damage", facts.damage)
         .add("format", facts.format)
         .add("width", facts.width)
         .add("height", facts.height)
@@ -123,6 +125,8 @@ QString textOf(const PictureFacts& facts) {
         text += QStringLiteral("\n  decoded: %1, pages: %2")
                     .arg(sizeText(facts.width, facts.height, facts.bitsPerPixel))
                     .arg(facts.pages);
+    if (!facts.damage.isEmpty())
+        text += QStringLiteral("\n  damaged: ") + facts.damage;
     return text + section("EXIF", facts.exif) + section("IPTC", facts.iptc);
 }
 

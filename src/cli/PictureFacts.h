@@ -9,10 +9,11 @@
 
 namespace tarsel::cli {
 
-/// What `info` tells of one picture.
+/// What `info` reports of one picture.
 struct PictureFacts {
     QString path;
     QString reason; ///< why it could not be decoded; empty when it was
+    QString damage; ///< what is wrong with a file that could be read in part; empty for a sound one
     QString format; ///< "JPEG"; empty for unknown content
     std::optional<PictureHeader> header;
     int width = 0; ///< as decoded
@@ -23,7 +24,7 @@ struct PictureFacts {
     ListView iptc;
 };
 
-/// Never raises: what fails is told in `reason`.
+/// Never raises: `reason` says what failed.
 void readPictureFacts(const QString& path, PictureFacts& facts);
 
 QString jsonOf(const PictureFacts& facts);

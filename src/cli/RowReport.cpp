@@ -40,7 +40,8 @@ void RowReport::add(const RowResult& result) {
         m_incomplete += result.reason.isEmpty() ? 0 : 1;
         break;
     case RowState::Skipped:
-        ++(result.reason == SkipReason::DryRun ? m_dry : m_skipped);
+        ++(result.isDry ? m_dry : m_skipped);
+        m_incomplete += result.isDry && result.reason != SkipReason::DryRun ? 1 : 0;
         break;
     case RowState::Failed:
         ++m_failed;
@@ -56,7 +57,8 @@ void RowReport::addMissing(const QString& path) {
          .target = {},
          .state = RowState::Failed,
          .reason = exists ? QStringLiteral("can't be read as a picture")
-                          : QStringLiteral("missing, or may not be read")});
+                          : QStringLiteral("missing, or not readable"),
+         .isDry = false});
 }
 
 void RowReport::summarise() {
@@ -65,7 +67,7 @@ void RowReport::summarise() {
                        .arg(m_skipped)
                        .arg(m_failed);
     if (m_incomplete > 0)
-        text += QStringLiteral(", %1 of the written with a remark").arg(m_incomplete);
+        text += QStringLiteral(", %1 with a remark").arg(m_incomplete);
     if (m_dry > 0)
         text += QStringLiteral(", %1 would be written").arg(m_dry);
     m_terminal.message(text);

@@ -25,7 +25,7 @@ private:
     Terminal& m_terminal;
     bool m_json;
     int m_written = 0;
-    int m_incomplete = 0; ///< written with a remark: a damaged source, a failed task
+    int m_incomplete = 0; ///< with a remark: a damaged source, a failed task
     int m_skipped = 0;
     int m_failed = 0;
     int m_dry = 0;

@@ -5,7 +5,7 @@
 
 namespace tarsel::cli {
 
-/// Whether a replay of the list draws text, for which fonts must be at hand.
+/// Whether a replay of the list draws text, which needs fonts.
 bool drawsText(const TaskList& tasks);
 
 } // namespace tarsel::cli

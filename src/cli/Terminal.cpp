@@ -23,6 +23,19 @@ int terminalColumns() {
     return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
 }
 
+/// Control characters out of file names and metadata would command the terminal: they are written as "\x1b".
+QString withoutControls(const QString& text) {
+    QString out;
+    out.reserve(text.size());
+    for (const QChar character : text) {
+        if (character.category() == QChar::Other_Control && character != QLatin1Char('\n'))
+            out += QStringLiteral("\\x%1").arg(character.unicode(), 2, 16, QLatin1Char('0'));
+        else
+            out += character;
+    }
+    return out;
+}
+
 /// Minutes and seconds, or hours, minutes and seconds.
 QString durationText(double seconds) {
     const qint64 whole = std::llround(seconds);
@@ -54,7 +67,7 @@ Terminal::Terminal(std::FILE* results, std::FILE* messages, bool showsBar) :
 void Terminal::print(std::FILE* file, const QString& line) {
     const QString bar = m_bar;
     removeBar();
-    const QByteArray bytes = line.toUtf8() + '\n';
+    const QByteArray bytes = withoutControls(line).toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file);
     // At once: whoever reads a pipe wants to see each row when it is done.
     if (std::fflush(file) != 0 && file == m_results)

@@ -25,12 +25,8 @@ public:
 
     void result(const QString& line);
     void message(const QString& line);
-    /// False when results could not be written, which is told as a message.
+    /// False when results could not be written, which is reported as a message.
     bool finish();
-
-    /// The file at work, for messages that don't name it; empty for none.
-    void setSubject(const QString& path) { m_subject = path; }
-    const QString& subject() const { return m_subject; }
 
     bool showsBar() const { return m_showsBar; }
     void drawBar(const QString& line);
@@ -44,7 +40,6 @@ private:
     bool m_showsBar;
     bool m_failed = false;
     QString m_bar;
-    QString m_subject;
 };
 
 /// The bar of a batch, with the time left.

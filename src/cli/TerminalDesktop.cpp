@@ -11,7 +11,7 @@ namespace tarsel::cli {
 
 namespace {
 
-/// Years are always written whole, whatever the locale's short form does.
+/// Years are always written with four digits, whatever the locale's short form does.
 QString withFourDigitYear(QString format) {
     if (!format.contains(QLatin1String("yyyy")))
         format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
@@ -29,10 +29,7 @@ MessageAnswer TerminalDesktop::messageBox(const QString& text, MessageIcon, Mess
 }
 
 void TerminalDesktop::showErrorReport(const ErrorReport& report) {
-    const QString& subject = m_terminal.subject();
-    const bool named = subject.isEmpty() || report.ErrSystem.contains(subject);
-    m_terminal.message(QStringLiteral("tarsel: ") + (named ? QString() : subject + QStringLiteral(": ")) +
-                       QStringLiteral("%1 (in %2)").arg(report.ErrSystem, report.ErrRoutine));
+    m_terminal.message(QStringLiteral("tarsel: %1 (in %2)").arg(report.ErrSystem, report.ErrRoutine));
 }
 
 QDateTime TerminalDesktop::now() {

@@ -60,7 +60,7 @@ private:
 
 } // namespace
 
-QByteArray encodeBmp(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata&) {
+QByteArray encodeBmp(const Picture& picture, const SaveSettings&, const EmbeddedMetadata&) {
     const ConstPixelView view = picture.view();
     const qsizetype stride = (qsizetype(view.width) * 3 + 3) / 4 * 4;
     const qsizetype pixelOffset = FileHeaderSize + WindowsHeaderSize;
@@ -78,7 +78,7 @@ QByteArray encodeBmp(const Picture& picture, const SaveSettings& settings, const
     for (int y = 0; y < view.height; ++y) {
         auto* row =
             reinterpret_cast<std::uint8_t*>(bytes.data() + pixelOffset + stride * (view.height - 1 - y));
-        flattenRow(view, y, resolveColor(settings.BackColor), row);
+        flattenRow(view, y, white, row);
         for (qsizetype x = 0; x < view.width; ++x)
             std::swap(row[3 * x], row[3 * x + 2]);
         std::fill(row + qsizetype(view.width) * 3, row + stride, std::uint8_t(0));

@@ -63,8 +63,8 @@ private:
 class JpegWriter {
 public:
     JpegWriter(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) :
-        m_view(picture.view()), m_settings(settings), m_back(resolveColor(settings.BackColor)),
-        m_segments(segmentsFor(settings, metadata)), m_destination(m_jpeg, firstRoom()) {
+        m_view(picture.view()), m_settings(settings), m_segments(segmentsFor(settings, metadata)),
+        m_destination(m_jpeg, firstRoom()) {
         if (m_view.channels == 4)
             m_rows.resize(std::size_t(m_view.width) * 3 * RowsAtOnce);
     }
@@ -138,13 +138,12 @@ private:
         if (m_rows.empty())
             return const_cast<JSAMPROW>(m_view.row(y)); // libjpeg only reads it
         JSAMPROW flat = m_rows.data() + std::size_t(slot) * std::size_t(m_view.width) * 3;
-        flattenRow(m_view, y, m_back, flat);
+        flattenRow(m_view, y, white, flat);
         return flat;
     }
 
     ConstPixelView m_view;
     SaveSettings m_settings;
-    Rgb m_back;
     std::vector<JpegSegment> m_segments;
     jpeg_compress_struct m_jpeg = {};
     JpegErrors m_errors;

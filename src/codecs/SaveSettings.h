@@ -12,8 +12,7 @@ struct SaveSettings {
     bool JpegEncoding = false;  ///< true: progressive
     bool GifCompression = true; ///< true: LZW
     int TiffCompression = 0;
-    Color BackColor =
-        0xFFFFFF; ///< what shows through transparent pixels where the format has no transparency
+    Color BackColor = 0xFFFFFF; ///< the see-through colour, when BackColorTransparent
     bool BackColorTransparent = false;
 };
 

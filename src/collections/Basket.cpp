@@ -8,6 +8,7 @@
 #include "collections/PictureFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 
 #include <algorithm>
 #include <ranges>
@@ -138,7 +139,7 @@ void Basket::addFolderRow(Road road, int folderRow, const Adding& adding) {
 void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     std::optional<Thumbnail> thumbnail = folderThumbnail(folderRow);
     if (!thumbnail)
-        thumbnail = loadThumbnail(source.path, settings.basketBox());
+        thumbnail = loadThumbnail(source.path, settings.basketBox(), settings.upright);
     if (!thumbnail) {
         noteFailed(source.path);
         return;
@@ -173,7 +174,7 @@ void Basket::subAddEntryToListView(const QString& path) {
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
             return addPages(source, pages, adding);
-        const auto thumbnail = loadThumbnail(path, settings.basketBox());
+        const auto thumbnail = loadThumbnail(path, settings.basketBox(), settings.upright);
         if (thumbnail)
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
                    *thumbnail);
@@ -226,16 +227,24 @@ void Basket::addPage(const Source& source, const OpenDocument& document, int pag
     addRow(rowOf(pageRowName(source.road, source.fileName, page), pageFile, source.path, size), *thumbnail);
 }
 
+namespace {
+/// The box's picture as its thumbnail shows it; the page file keeps it as it is, with its orientation.
+Picture seenPicture(const ImageBox& box, bool upright) {
+    return upright ? uprightPicture(box.picture(), exifOrientation(box.metadata())) : box.picture();
+}
+} // namespace
+
 /// Saves the page in the box and returns its thumbnail. A drop takes it from the page file once saved,
 /// the other roads from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
     ImageBox& box = m_pageBox;
     if (source.road == Road::Drag) {
         savePage(box, pageFile);
-        return loadThumbnail(pageFile, settings.basketBox());
+        return loadThumbnail(pageFile, settings.basketBox(), settings.upright);
     }
     std::optional<Thumbnail> thumbnail;
-    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketBox()); }))
+    if (ignoringErrors(
+            [&] { thumbnail = makeThumbnail(seenPicture(box, settings.upright), settings.basketBox()); }))
         savePage(box, pageFile);
     return thumbnail;
 }

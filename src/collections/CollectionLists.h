@@ -30,7 +30,8 @@ struct CollectionSettings {
     double pixelRatio = 1;  ///< pixels of a thumbnail for each pixel of its size
     bool thumbnails = true; ///< off: none are made, and a picture is known by its header alone
     bool longFileSize = false;
-    int folderView = 0; ///< 0 thumbnails, 3 details
+    bool upright = false; ///< thumbnails are turned by the EXIF orientation
+    int folderView = 0;   ///< 0 thumbnails, 3 details
 
     /// Sizes of the thumbnails in pixels; none where no thumbnails are made.
     std::optional<Size> folderBox() const { return boxOf(folderThumb); }

@@ -26,7 +26,7 @@ QString headerText(const QString& path, const QString& extension) {
 }
 
 void addThumbnail(RowContent& content, const QString& path, const CollectionSettings& settings) {
-    const std::optional<Thumbnail> thumbnail = loadThumbnail(path, settings.folderBox());
+    const std::optional<Thumbnail> thumbnail = loadThumbnail(path, settings.folderBox(), settings.upright);
     content.isPicture = thumbnail.has_value();
     if (!thumbnail)
         return;

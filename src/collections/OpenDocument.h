@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
+#include "codecs/PictureFile.h"
+
 #include <QString>
+#include <optional>
 
 namespace tarsel {
 
 class ImageBox;
 
-/// A document whose pages are taken one after the other: its file is opened and read once for all of them.
+/// A document whose pages are taken one after the other: its file is opened once for all of them.
 class OpenDocument {
 public:
     /// A file that can't be read has no page that can be loaded.
@@ -18,8 +20,7 @@ public:
     bool loadPage(ImageBox& box, int page) const;
 
 private:
-    QString m_path;
-    QByteArray m_bytes;
+    std::optional<PictureFile> m_file;
 };
 
 } // namespace tarsel

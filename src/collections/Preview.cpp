@@ -71,6 +71,12 @@ void Preview::showTasks() {
     show(true);
 }
 
+void Preview::reload() {
+    const QString path = m_pending && !m_pending->path.isEmpty() ? m_pending->path : m_shownPath;
+    if (!path.isEmpty())
+        request(path, OptimizedPreview);
+}
+
 void Preview::show(bool withTasks) {
     if (m_pending)
         request(m_pending->path, withTasks);
@@ -79,7 +85,7 @@ void Preview::show(bool withTasks) {
 }
 
 void Preview::request(const QString& path, bool withTasks) {
-    PreviewWorker::Request request{++m_lastNumber, path, m_original, m_lists.ibMain, {}};
+    PreviewWorker::Request request{++m_lastNumber, path, m_original, m_lists.ibMain, {}, upright};
     request.box.Clear();
     request.box.StretchToFit = true;
     if (withTasks)

@@ -32,6 +32,7 @@ public:
     explicit Preview(Lists lists);
 
     bool OptimizedPreview = false; ///< pictures are shown with the tasks applied
+    bool upright = false;          ///< pictures are turned by their EXIF orientation, from the next load on
 
     /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
     /// that can't be read leaves the box empty and the panels unchanged.
@@ -40,6 +41,8 @@ public:
     void rebuild();
     /// Shows the picture with the tasks, up to the selected one, whatever OptimizedPreview says.
     void showTasks();
+    /// Loads the picture shown again, after a change of how pictures are prepared.
+    void reload();
     /// Drops what is being loaded.
     void stop();
     bool isBusy() const { return m_pending.has_value(); }

@@ -2,6 +2,7 @@
 #include "collections/PreviewWorker.h"
 
 #include "base/IgnoringErrors.h"
+#include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 #include "tasks/Replay.h"
 
@@ -24,18 +25,19 @@ bool goesThroughTheBox(const QString& path) {
            extension == QLatin1String("jpg") || extension == QLatin1String("jpeg");
 }
 
-/// The batch lays pictures on white too, so that both run the tasks on the same pixels.
-void layOnWhite(ImageBox& box) {
-    const Picture& picture = box.picture();
-    if (picture.isNull() || !picture.hasAlpha())
+/// The batch prepares pictures in the same way, so that both run the tasks on the same pixels. The metadata
+/// stay those of the file, which the lists show.
+void prepare(ImageBox& box, const QString& path, bool upright) {
+    if (!box.HasImage())
         return;
-    const Size size{picture.width(), picture.height()};
-    box.LoadFromMemory(ScalePicture(picture, LoadMode::ExactBox, size, White), SnapshotFormat);
+    const MetadataStore asRead = box.metadata();
+    prepareForTasks(box, path, upright);
+    box.metadata() = asRead;
 }
 
 /// Formats that carry metadata go through the box, all others through the picture loader. An unreadable file
 /// is not an error here: the box stays empty.
-void load(ImageBox& box, const QString& path, const std::stop_token& stop) {
+void load(ImageBox& box, const QString& path, bool upright, const std::stop_token& stop) {
     ignoringErrors([&] {
         if (goesThroughTheBox(path)) {
             box.PageNumber = 1;
@@ -44,7 +46,7 @@ void load(ImageBox& box, const QString& path, const std::stop_token& stop) {
                        fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, White, nullptr, stop)) {
             box.setPictureHandle(*picture);
         }
-        layOnWhite(box);
+        prepare(box, path, upright);
     });
 }
 
@@ -53,7 +55,7 @@ PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_t
     if (request.path.isEmpty())
         result.box.LoadFromMemory(request.original, SnapshotFormat);
     else
-        load(result.box, request.path, stop);
+        load(result.box, request.path, request.upright, stop);
     if (!result.box.HasImage() || stop.stop_requested())
         return result;
     result.original = result.box.SaveToMemory(SnapshotFormat);

@@ -23,6 +23,7 @@ public:
         Picture original;
         ImageBox box; ///< the settings from which the tasks start; without picture and metadata
         std::vector<TaskRow> tasks;
+        bool upright = false; ///< the picture loaded is turned by its EXIF orientation
     };
     struct Result {
         quint64 number = 0;

@@ -3,6 +3,7 @@
 
 #include "base/IgnoringErrors.h"
 #include "collections/PictureHeaderReading.h"
+#include "imaging/Upright.h"
 
 #include <algorithm>
 
@@ -30,14 +31,16 @@ Size usableThumbnailSize(Size stored) {
     return {std::min(stored.width, largest), std::min(stored.height, largest)};
 }
 
-std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box) {
+std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box, bool upright) {
     if (!box)
         return fromHeader(path);
     std::optional<Thumbnail> thumbnail;
     // A damaged picture is one without a thumbnail, and no reason to end a listing.
     ignoringErrors([&] {
         Size sourceSize;
-        if (const auto picture = fncLoadPicture(path, LoadMode::ExactBox, *box, White, &sourceSize))
+        const auto picture = upright ? loadUprightPicture(path, LoadMode::ExactBox, *box, White, &sourceSize)
+                                     : fncLoadPicture(path, LoadMode::ExactBox, *box, White, &sourceSize);
+        if (picture)
             thumbnail = Thumbnail{*picture, sourceSize};
     });
     return thumbnail;

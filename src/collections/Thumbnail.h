@@ -18,9 +18,10 @@ struct Thumbnail {
 /// pictures, or take all memory.
 Size usableThumbnailSize(Size stored);
 
-/// The thumbnail of a file: fitted completely into the box, centred on white. Without a box the header alone
-/// is read. Nothing when the file can't be opened as a picture. Any thread may call it.
-std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box);
+/// The thumbnail of a file: fitted completely into the box, centred on white, turned by the EXIF orientation
+/// when `upright`. Without a box the header alone is read. Nothing when the file can't be opened as a
+/// picture. Any thread may call it.
+std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box, bool upright = false);
 
 /// The thumbnail of a picture in memory.
 Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box);

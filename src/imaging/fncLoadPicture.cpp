@@ -195,13 +195,28 @@ Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color back
     return drawn(picture, {picture.width(), picture.height()}, mode, box, backColor);
 }
 
+/// Nothing for a file that can't be opened: its content is unknown.
+static std::optional<PictureSource> sourceOf(const QString& path) {
+    try {
+        return PictureSource::ofFile(path);
+    } catch (const TrappedError& error) {
+        const auto number = error.number;
+        if (number != ErrorNumber::FileNotFound && number != ErrorNumber::PathNotFound &&
+            number != ErrorNumber::PermissionDenied)
+            throw;
+        return std::nullopt;
+    }
+}
+
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box, Color backColor,
                                       Size* sourceSize, const std::stop_token& stop) {
     const StopScope scope(stop);
     requireBox(mode, box);
     raiseIfStopped();
-    const Request request{
-        path, QFileInfo(path).suffix().toLower(), PictureSource::ofFile(path), mode, box, backColor};
+    const std::optional<PictureSource> source = sourceOf(path);
+    if (!source)
+        return std::nullopt;
+    const Request request{path, QFileInfo(path).suffix().toLower(), *source, mode, box, backColor};
     const bool known = isMetafile(request.extension) || codecForContent(request.bytes, path);
     if (!known)
         return std::nullopt;

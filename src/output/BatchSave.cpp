@@ -2,9 +2,11 @@
 #include "output/BatchSave.h"
 
 #include "base/Desktop.h"
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "collections/Basket.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 #include "metadata/modMetadata.h"
 #include "output/LoadSource.h"
 #include "output/Naming.h"
@@ -25,6 +27,7 @@ struct Batch {
     ImageBox& box;
     const BatchSave settings; ///< as they were at the start: the loop lets other handlers run
     const BatchRun& run;
+    SourceGuard& sources;
 };
 
 /// The work on one row, in steps that are called in their order.
@@ -32,12 +35,12 @@ class RowWork {
 public:
     RowWork(const Batch& batch, int position);
 
-    /// All steps. The result tells what became of the row, also when an error is raised.
+    /// All steps. The result says what became of the row, also when an error is raised.
     void perform();
     const RowResult& result() const { return m_result; }
 
 private:
-    void noteSource();
+    bool load();
     void runTasks();
     void nameTarget();
     bool isKept() const;
@@ -45,7 +48,8 @@ private:
     void setSaveOptions();
     void save();
     void skip(const QString& reason);
-    void remark(const QString& reason); ///< adds to what is said of a row that goes on
+    QString tokenText(const QString& token);
+    void remark(const QString& text); ///< adds to the reason of a row that goes on
     QString folderOfSource() const;
 
     const Batch& m_batch;
@@ -69,13 +73,12 @@ bool isImportable(quint8 wanted, const QString& path) {
 
 RowWork::RowWork(const Batch& batch, int position) :
     m_batch(batch), m_box(batch.box), m_settings(batch.settings), m_row(batch.lvPages.row(position - 1)),
-    m_position(position), m_result{position, shownSource(m_row), {}, RowState::Failed, {}} {}
+    m_position(position), m_result{position, shownSource(m_row), {}, RowState::Failed, {}, false} {}
 
 void RowWork::perform() {
     try {
-        if (!loadSource(m_box, m_row.tag, m_batch.run.stop))
-            return skip(SkipReason::NoPicture);
-        noteSource();
+        if (!load())
+            return skip(noPictureReason(m_row.tag));
         runTasks();
         nameTarget();
         if (isKept())
@@ -87,19 +90,25 @@ void RowWork::perform() {
         if (error.number == ErrorNumber::Interrupted)
             return skip(SkipReason::Cancelled);
         m_result.state = RowState::Failed;
-        m_result.reason = error.description;
+        remark(error.description);
         throw;
     } catch (const std::bad_alloc&) {
         m_result.state = RowState::Failed;
-        m_result.reason = errorText(ErrorNumber::OutOfMemory);
+        remark(errorText(ErrorNumber::OutOfMemory));
         throw;
     }
 }
 
-void RowWork::noteSource() {
+/// False when there is no picture in the source.
+bool RowWork::load() {
+    const QString readable = m_batch.sources.readablePath(m_row.tag);
+    if (!loadSource(m_box, readable, m_batch.run.stop))
+        return false;
+    prepareForTasks(m_box, readable, m_settings.UprightByExif == 1);
     if (!m_box.LoadDamage().isEmpty())
         remark(QStringLiteral("the source is damaged: ") + m_box.LoadDamage());
     m_box.Tag = QStringLiteral("%1x%2").arg(m_box.Width()).arg(m_box.Height());
+    return true;
 }
 
 /// A task that fails ends its list and reports itself; the picture goes on as far as it came.
@@ -117,12 +126,21 @@ QString RowWork::folderOfSource() const {
 }
 
 void RowWork::nameTarget() {
-    m_target = outputName(m_settings, {m_position, m_row.text, folderOfSource()}, [&](const QString& token) {
-        return fncRetrieveNamingString(m_box, token, m_row.tag, outputExtension());
-    });
+    m_target = outputName(m_settings, {m_position, m_row.text, folderOfSource()},
+                          [&](const QString& token) { return tokenText(token); });
     m_result.target = m_target.path();
     if (const QString fault = nameFault(m_target); !fault.isEmpty())
         fail(ErrorNumber::PathNotFound, fault);
+}
+
+/// A part of the name that can't be found out is left out.
+QString RowWork::tokenText(const QString& token) {
+    QString fault;
+    QString text = fncRetrieveNamingString(m_box, token, m_batch.sources.readablePath(m_row.tag),
+                                           outputExtension(), &fault);
+    if (!fault.isEmpty())
+        remark(QStringLiteral("the name lacks %1: %2").arg(token, fault));
+    return text;
 }
 
 bool RowWork::isKept() const {
@@ -144,19 +162,27 @@ void RowWork::setSaveOptions() {
 }
 
 void RowWork::save() {
-    if (m_batch.run.dryRun)
-        return skip(SkipReason::DryRun);
-    m_box.SaveToFile(m_result.target);
+    const SourceGuard::Verdict verdict = m_batch.sources.beforeWriting(m_position, m_result.target);
+    if (!verdict.refusal.isEmpty())
+        return skip(verdict.refusal);
+    if (!verdict.remark.isEmpty())
+        remark(verdict.remark);
+    if (!m_batch.run.dryRun)
+        m_box.SaveToFile(m_result.target);
+    m_batch.sources.noteWritten(m_position, m_result.target);
+    m_result.isDry = m_batch.run.dryRun;
     m_result.state = RowState::Written;
+    if (m_result.isDry)
+        skip(SkipReason::DryRun);
 }
 
 void RowWork::skip(const QString& reason) {
     m_result.state = RowState::Skipped;
-    m_result.reason = reason;
+    m_result.reason = m_result.reason.isEmpty() ? reason : reason + QStringLiteral("; ") + m_result.reason;
 }
 
-void RowWork::remark(const QString& reason) {
-    m_result.reason += m_result.reason.isEmpty() ? reason : QStringLiteral("; ") + reason;
+void RowWork::remark(const QString& text) {
+    m_result.reason += m_result.reason.isEmpty() ? text : QStringLiteral("; ") + text;
 }
 
 struct HiddenAtEnd {
@@ -169,7 +195,7 @@ class BatchLoop {
 public:
     BatchLoop(const Batch& batch, Progress& progress, std::vector<RowResult>& results);
     void run();
-    /// Gives every row that was not begun its result.
+    /// Adds a result for every row that was not begun.
     void finish();
 
 private:
@@ -208,13 +234,16 @@ bool BatchLoop::isCancelled() {
     return m_cancelled;
 }
 
-/// Tells the row's result in any case, then lets an error go on.
+/// Records the row's result in any case, then lets an error go on, with the row's source in it.
 void BatchLoop::work(int position) {
     RowWork row(m_batch, position);
-    if (m_batch.run.onRowBegin)
-        m_batch.run.onRowBegin(row.result().source);
+    const ErrorSubject subject(row.result().source);
     try {
         row.perform();
+    } catch (TrappedError& error) {
+        error.description = namingSubject(error.description);
+        record(row.result());
+        throw;
     } catch (...) {
         record(row.result());
         throw;
@@ -229,7 +258,8 @@ void BatchLoop::finish() {
                 .source = shownSource(m_batch.lvPages.row(m_next - 1)),
                 .target = {},
                 .state = RowState::Skipped,
-                .reason = reason});
+                .reason = reason,
+                .isDry = false});
 }
 
 void BatchLoop::record(const RowResult& result) {
@@ -255,7 +285,8 @@ QString rowStateText(RowState state) {
 bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
                        Progress& progress, const BatchSave& settings, const BatchRun& run,
                        std::vector<RowResult>& results) {
-    const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run};
+    SourceGuard sources(lvPages, run.sourceReplacing);
+    const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run, sources};
     BatchLoop loop(batch, progress, results);
     const bool completed = trap("fncSaveSinglePage", [&] {
         const HiddenAtEnd bar{progress}; // out of sight before an error is reported

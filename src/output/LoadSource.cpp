@@ -4,8 +4,10 @@
 #include "base/TrappedError.h"
 #include "codecs/DecoderLost.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 namespace tarsel {
@@ -28,6 +30,13 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
     }
 }
 
+bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& stop) {
+    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop);
+    if (picture)
+        box.setPictureHandle(*picture);
+    return picture.has_value();
+}
+
 } // namespace
 
 bool carriesMetadata(const QString& path) {
@@ -39,15 +48,21 @@ bool carriesMetadata(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
-bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop) {
+bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop, bool upright) {
     box.Clear();
-    if (carriesMetadata(path) && loadByBox(box, path, stop))
-        return true;
-    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop);
-    if (!picture)
-        return false;
-    box.setPictureHandle(*picture);
-    return true;
+    const bool loaded =
+        (carriesMetadata(path) && loadByBox(box, path, stop)) || loadByFallback(box, path, stop);
+    if (loaded && upright)
+        turnUpright(box, path);
+    return loaded;
+}
+
+QString noPictureReason(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists())
+        return QStringLiteral("the file is missing");
+    return file.isReadable() ? QStringLiteral("not a supported picture")
+                             : QStringLiteral("the file is not readable");
 }
 
 } // namespace tarsel

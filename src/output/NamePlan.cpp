@@ -4,19 +4,20 @@
 #include "base/ErrorTrap.h"
 #include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 #include "output/LoadSource.h"
 #include "output/Naming.h"
 #include "output/OutputName.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
 namespace {
 
-/// What is known of a picture file without decoding it.
+/// What can be found out about a picture file without decoding it.
 struct SourceFacts {
     int width = 0;
     int height = 0;
@@ -24,12 +25,14 @@ struct SourceFacts {
 };
 
 /// Raises what the codec raises; error 0x8000FFFF for content that nothing knows.
-SourceFacts readSourceFacts(const QString& path) {
+SourceFacts readSourceFacts(const QString& path, bool upright) {
     const PictureFile file(path);
     const PictureHeader header = file.header();
     SourceFacts facts{header.width, header.height, {}};
     if (carriesMetadata(path))
         facts.metadata = MetadataStore(file.metadata());
+    if (upright && exchangesSides(exifOrientation(facts.metadata)))
+        std::swap(facts.width, facts.height);
     return facts;
 }
 
@@ -46,13 +49,14 @@ QString quietTokenText(const QString& token, const NamingFacts& facts) {
     return text;
 }
 
-bool isSameFile(const QString& one, const QString& other) {
-    return QFileInfo(one).canonicalFilePath() == QFileInfo(other).canonicalFilePath();
-}
-
 void setUnknown(PlannedName& planned, const QString& fact) {
     planned.clash = NameClash::NotKnown;
     planned.fact = fact;
+}
+
+void setClash(PlannedName& planned, NameClash clash, int otherRow) {
+    planned.clash = clash;
+    planned.otherRow = otherRow;
 }
 
 /// Fills in the target, or why there can be none.
@@ -92,7 +96,10 @@ QString clashText(const PlannedName& planned, bool overwrite) {
     case NameClash::OwnSource:
         return QStringLiteral("is the row's own source: ") + consequence;
     case NameClash::OtherSource:
-        return QStringLiteral("is the source of row %1: ").arg(planned.otherRow) + consequence;
+        return QStringLiteral("is the source of row %1: ").arg(planned.otherRow) + consequence +
+               (overwrite && planned.otherRow > planned.row
+                    ? QStringLiteral(", but that row still reads it as it is now")
+                    : QString());
     case NameClash::NotKnown:
         return QStringLiteral("not known before the run: ") + planned.fact;
     case NameClash::Invalid:
@@ -104,7 +111,7 @@ QString clashText(const PlannedName& planned, bool overwrite) {
 NamePlanner::NamePlanner(const ListView& lvPages, const ListView& tasks, const BatchSave& settings) :
     m_pages(lvPages), m_settings(settings), m_tasksRun(settings.ProcessEditingList == 1 && !tasks.isEmpty()) {
     for (int i = 0; i < lvPages.count(); ++i)
-        m_sources.insert(QDir::cleanPath(lvPages.row(i).tag), i + 1);
+        m_sources[FileIdentity::of(lvPages.row(i).tag)].push_back(i + 1);
 }
 
 std::vector<PlannedName> NamePlanner::next(int rows) {
@@ -119,13 +126,13 @@ PlannedName NamePlanner::plan(int index) {
     planned.row = index + 1;
     planned.source = m_pages.row(index).tag;
     if (strongestNeed(m_settings) == TokenNeeds::Result && m_tasksRun) {
-        setUnknown(planned, QStringLiteral("it tells the size after the tasks"));
+        setUnknown(planned, QStringLiteral("it depends on the size after the tasks"));
         return planned;
     }
     SourceFacts source;
     try {
         if (strongestNeed(m_settings) >= TokenNeeds::Source)
-            source = readSourceFacts(planned.source);
+            source = readSourceFacts(planned.source, m_settings.UprightByExif == 1);
     } catch (const TrappedError& error) {
         setUnknown(planned, error.description);
         return planned;
@@ -136,23 +143,24 @@ PlannedName NamePlanner::plan(int index) {
     return planned;
 }
 
+/// What the user must know first comes first: a source that is still needed, the row's own source, that of an
+/// earlier row, the file of an earlier row.
 void NamePlanner::findClash(PlannedName& planned) {
-    const QString target = QDir::cleanPath(planned.target);
+    const FileIdentity target = FileIdentity::of(planned.target);
+    const std::vector<int> sources = m_sources.value(target); // in the order of the rows
+    const bool isOwn = std::ranges::count(sources, planned.row) > 0;
     const int sameName = m_targets.value(target);
     m_targets.insert(target, planned.row);
-    const bool exists = QFileInfo::exists(target);
-    const int otherSource = m_sources.value(target);
-    if (exists && isSameFile(target, planned.source)) {
-        planned.clash = NameClash::OwnSource;
-    } else if (otherSource != 0 && otherSource != planned.row) {
-        planned.clash = NameClash::OtherSource;
-        planned.otherRow = otherSource;
-    } else if (sameName != 0) {
-        planned.clash = NameClash::SameAsRow;
-        planned.otherRow = sameName;
-    } else if (exists) {
-        planned.clash = NameClash::Exists;
-    }
+    if (!sources.empty() && sources.back() > planned.row)
+        setClash(planned, NameClash::OtherSource, sources.back());
+    else if (isOwn)
+        setClash(planned, NameClash::OwnSource, 0);
+    else if (!sources.empty())
+        setClash(planned, NameClash::OtherSource, sources.back());
+    else if (sameName != 0)
+        setClash(planned, NameClash::SameAsRow, sameName);
+    else if (QFileInfo::exists(planned.target))
+        setClash(planned, NameClash::Exists, 0);
 }
 
 std::vector<PlannedName> planNames(const ListView& lvPages, const ListView& tasks,

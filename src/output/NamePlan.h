@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/FileIdentity.h"
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 
@@ -22,7 +23,7 @@ enum class NameClash {
     Invalid      ///< no file can have that name; the run would end here
 };
 
-/// The name that a row would get, told before anything is decoded or written.
+/// The name that a row would get, found out before anything is decoded or written.
 struct PlannedName {
     int row = 0; ///< from 1
     QString source;
@@ -56,8 +57,8 @@ private:
     BatchSave m_settings;
     bool m_tasksRun;
     int m_next = 0;
-    QHash<QString, int> m_targets; ///< rows by the name they get
-    QHash<QString, int> m_sources; ///< rows by the file they are made from
+    QHash<FileIdentity, int> m_targets;              ///< rows by the file they make
+    QHash<FileIdentity, std::vector<int>> m_sources; ///< rows by the file they are made from
 };
 
 /// All rows at once.

@@ -35,7 +35,7 @@ QString exifPair(const NamingFacts& facts, const char* first, QLatin1Char sign, 
 }
 
 /// The first date attribute in the picture's own order. Attributes in front of it, and a picture without a
-/// date attribute, give the present moment; a picture without EXIF data gives nothing.
+/// date attribute, yield the present moment; a picture without EXIF data yields nothing.
 void exifDate(const NamingFacts& facts, const QString& pattern, QString& result) {
     for (int i = 0; i < facts.metadata.ExifCount(); ++i) {
         if (modMetadata::IsExifDate(facts.metadata.ExifName(i))) {
@@ -66,7 +66,7 @@ void iptc(const NamingFacts& facts, const char* member, QString& result) {
     result = facts.metadata.HasIptc() ? iptcText(facts.metadata, member) : QString();
 }
 
-/// A picture with IPTC data but without that date gives the empty date.
+/// A picture with IPTC data but without that date yields the empty date.
 void iptcMoment(const NamingFacts& facts, const char* member, QString& result) {
     if (facts.metadata.HasIptc())
         result = formatDate(iptcDate(facts.metadata, member), dateTimePattern());
@@ -144,7 +144,7 @@ constexpr NamingToken tokens[] = {
      [](const NamingFacts& f, QString& r) { iptc(f, "IptcReferenceNumber", r); }},
 };
 
-/// Null for a text that is no token.
+/// Null for a text that is not a token.
 const NamingToken* findToken(const QString& text) {
     const auto found = std::find_if(std::begin(tokens), std::end(tokens), [&](const NamingToken& token) {
         return text == QLatin1String(token.text);
@@ -201,20 +201,25 @@ void evaluateToken(const QString& token, const NamingFacts& facts, QString& resu
 }
 
 QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const QString& path,
-                                const QString& extension) {
+                                const QString& extension, QString* fault) {
     QString result;
+    if (!box.HasImage())
+        return result;
+    const NamingFacts facts{.width = box.Width(),
+                            .height = box.Height(),
+                            .sourceResolution = box.Tag,
+                            .metadata = box.metadata(),
+                            .path = path,
+                            .extension = extension,
+                            .box = &box};
     trap("fncRetrieveNamingString", [&] {
-        if (!box.HasImage())
-            return;
-        evaluateToken(token,
-                      {.width = box.Width(),
-                       .height = box.Height(),
-                       .sourceResolution = box.Tag,
-                       .metadata = box.metadata(),
-                       .path = path,
-                       .extension = extension,
-                       .box = &box},
-                      result);
+        try {
+            evaluateToken(token, facts, result);
+        } catch (const TrappedError& error) {
+            if (fault)
+                *fault = error.description;
+            throw;
+        }
     });
     return result;
 }

@@ -38,9 +38,10 @@ struct NamingFacts {
 void evaluateToken(const QString& token, const NamingFacts& facts, QString& result);
 
 /// The text of one token for the picture in `box` and its source file; any other text stands for itself.
-/// Errors are trapped as "fncRetrieveNamingString" and give what was known until then, mostly "".
+/// Errors are trapped as "fncRetrieveNamingString" and return what was known until then, mostly "";
+/// `fault` then says why.
 QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const QString& path,
-                                const QString& extension);
+                                const QString& extension, QString* fault = nullptr);
 
 /// "[WhiteSpace]" is a blank, "[No Separator]" nothing, anything else stands for itself.
 QString fncRetrieveSeparator(const QString& text);

@@ -32,15 +32,11 @@ using TokenText = std::function<QString(const QString& token)>;
 
 /// The name by the settings' NameOption. The source's folder counts in the hybrid option alone; the others
 /// use DestinationFolder whatever DestinationOption says. Error 6 for a count beyond 16 bits, 13 for one that
-/// is no number.
+/// is not a number.
 OutputName outputName(const BatchSave& settings, const RowToName& row, const TokenText& tokenText);
 
 /// Why no file of that name can lie in its folder; empty when one can. A text from a picture's metadata may
 /// hold a separator, by which the file would be written into another folder.
 QString nameFault(const OutputName& target);
-
-/// The dialog's rule for DestinationFolder: a text of exactly three characters, trimmed, stands as it is, any
-/// other gets a separator behind it, also when it has one already.
-QString destinationFolderOf(const QString& typed);
 
 } // namespace tarsel

@@ -3,11 +3,16 @@
 #include "imaging/ImageBox.h"
 #include "tests/cli/Program.h"
 #include "tests/support/Corpus.h"
+#include "tests/support/MadePictures.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -37,7 +42,53 @@ const char textTask[] =
     "\"10\",\"text\",\"True\",\"False\",\"True\",\"0\",\"2\",\"DejaVu Sans\",\"10\",\"True\",\"False\","
     "\"False\",\"0\",\"0\",\"0\",\"8\",\"Hello\",\"0\",\"0\"\r\n";
 
+/// In the place of the program's output: a pipe that is full, so that the program stops at its first line
+/// until the pipe is read.
+class FullPipe {
+public:
+    explicit FullPipe(const QString& path) {
+        EXPECT_EQ(::mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+        m_pipe = ::open(path.toLocal8Bit().constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+        const QByteArray filling(4096, '\n');
+        while (::write(m_pipe, filling.constData(), size_t(filling.size())) > 0) {
+        }
+    }
+    ~FullPipe() { ::close(m_pipe); }
+    FullPipe(const FullPipe&) = delete;
+    FullPipe& operator=(const FullPipe&) = delete;
+
+    /// All that comes until the text does.
+    QByteArray readUntil(const char* text) const {
+        QByteArray all;
+        pollfd ready = {.fd = m_pipe, .events = POLLIN, .revents = 0};
+        char bytes[4096];
+        while (!all.contains(text) && ::poll(&ready, 1, 60'000) > 0)
+            if (const ssize_t size = ::read(m_pipe, bytes, sizeof bytes); size > 0)
+                all.append(bytes, size);
+        return all;
+    }
+
+private:
+    int m_pipe = -1;
+};
+
 } // namespace
+
+TEST(BatchCommand, ASignalEndsTheRunAfterTheCurrentFile) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        const PictureFolder folder;
+        ASSERT_TRUE(QDir().mkdir(folder.path(text("made"))));
+        const FullPipe output(folder.path(text("output")));
+        const pid_t process = startProgram(commandLine("batch --out made a.jpg b.jpg c.jpg"), folder.path());
+        while (!QFileInfo::exists(folder.path(text("made/a.jpg"))))
+            ::usleep(1000);
+        ::kill(process, signal);
+        const QByteArray lines = output.readUntil("failed");
+        EXPECT_EQ(endOf(process), 130);
+        EXPECT_EQ(lines.count("(cancelled)"), 2) << lines.trimmed().constData();
+        EXPECT_EQ(folder.files(text("made")), "a.jpg");
+    }
+}
 
 TEST(BatchCommand, MakesTheFilesAndTellsEachRow) {
     const PictureFolder folder;
@@ -181,6 +232,70 @@ TEST(BatchCommand, SourcesAreReplacedOnlyWhenAskedFor) {
     EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg");
 }
 
+TEST(BatchCommand, ASourceThatALaterRowNeedsIsNotReplaced) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("b.png")), QSize(90, 60));
+    const ProgramRun run = folder.run(commandLine("batch --json --source-folder b.png b.jpg"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(column(run, "state"), "skipped written");
+    EXPECT_TRUE(run.objects().at(0).value(text("reason")).toString().contains(text("source of row 2")));
+    ImageBox box;
+    box.LoadFromFile(folder.path(text("b.jpg")));
+    EXPECT_EQ(box.Width(), 26);
+}
+
+TEST(BatchCommand, TwoRowsThatEndInOneFileAreARemark) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("b.png")), QSize(90, 60));
+    const ProgramRun run = folder.run(commandLine("batch --json --out made b.png b.jpg"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(column(run, "state"), "written written");
+    EXPECT_EQ(column(run, "reason"), " replaces the file of row 1");
+}
+
+TEST(BatchCommand, OptionsOfThePictureReachTheFile) {
+    const PictureFolder folder;
+    ImageBox box;
+    box.LoadFromFile(folder.path(text("a.jpg")));
+    ASSERT_TRUE(box.ExifSet(text("Orientation"), text("6")));
+    box.SaveToFile(folder.path(text("a.jpg")));
+    struct Case {
+        const char* option;
+        int width, bits;
+        bool progressive;
+    };
+    for (const Case& one : {Case{"--quality=80", 24, 24, false}, Case{"--upright", 16, 24, false},
+                            Case{"--progressive", 24, 24, true}, Case{"--gray", 24, 8, false}}) {
+        ASSERT_EQ(folder.run(commandLine("batch --out made a.jpg") + QStringList{text(one.option)}).status,
+                  0);
+        const QJsonObject info = folder.run(commandLine("info --json made/a.jpg")).objects().value(0);
+        EXPECT_EQ(info.value(text("width")).toInt(), one.width) << one.option;
+        EXPECT_EQ(info.value(text("header")).toObject().value(text("bitsPerPixel")).toInt(), one.bits)
+            << one.option;
+        const bool progressive = readWholeFile(folder.path(text("made/a.jpg"))).contains("\xFF\xC2");
+        EXPECT_EQ(progressive, one.progressive) << one.option;
+    }
+}
+
+TEST(BatchCommand, AnUnreadablePageCountsAsNotDoneAlsoFromABasketFile) {
+    const PictureFolder folder;
+    makeDocument(folder.path(text("scan.tif")), {{QSize(8, 8)}, {.size = QSize(8, 8), .compression = 31000}});
+    ASSERT_EQ(folder.run(commandLine("basket save x.ibf scan.tif a.jpg")).status, 0);
+    for (const char* operands : {"scan.tif a.jpg", "x.ibf"}) {
+        const ProgramRun run = folder.run(commandLine("batch --json --out made") + commandLine(operands));
+        EXPECT_EQ(run.status, 1) << operands;
+        EXPECT_EQ(column(run, "state"), "failed written written") << operands;
+    }
+}
+
+TEST(BatchCommand, ARelativePathInAFolderThatIsGoneIsAnError) {
+    const PictureFolder folder;
+    const ProgramRun run =
+        runShell("mkdir gone && cd gone && rmdir ../gone && exec \"$TARSEL\" batch a.jpg", folder.path());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.messages.contains("the current folder no longer exists")) << run.messages.constData();
+}
+
 TEST(BatchCommand, WithoutAnOutFolderFilesGoToTheCurrentOne) {
     const PictureFolder folder;
     EXPECT_EQ(folder.run(commandLine("batch --name generic a.jpg")).status, 0);
@@ -247,8 +362,9 @@ TEST(BatchCommand, AFailedTaskIsToldWithItsFileAndTheRowIsWritten) {
     const ProgramRun run = folder.run(commandLine("batch --json --out made --tasks odd.tbf a.jpg"));
     EXPECT_EQ(run.status, 1) << "a script must notice";
     EXPECT_EQ(column(run, "state"), "written");
-    EXPECT_TRUE(run.objects().at(0).value(text("reason")).toString().contains(text("13 - ")));
-    EXPECT_TRUE(run.messages.contains("a.jpg: 13 - ")) << run.messages.constData();
+    EXPECT_TRUE(run.objects().at(0).value(text("reason")).toString().contains(text("task 1 (sharpen)")));
+    EXPECT_TRUE(run.messages.contains("a.jpg: task 1 (sharpen): ")) << run.messages.constData();
+    EXPECT_EQ(folder.run(commandLine("batch --dry-run --out made --tasks odd.tbf a.jpg")).status, 1);
 }
 
 TEST(BatchCommand, PagesOfADocumentAreRowsAndLeaveNothingBehind) {

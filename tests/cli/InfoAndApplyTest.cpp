@@ -65,7 +65,39 @@ TEST(InfoCommand, AFailingFileIsToldAndDoesntStopTheOthers) {
         EXPECT_FALSE(pictures[i].value(text("reason")).toString().isEmpty()) << i;
     }
     EXPECT_EQ(pictures[5].value(text("state")).toString(), text("ok"));
+    EXPECT_EQ(pictures[5].value(text("damage")).toString(), QString());
     EXPECT_EQ(folder.run(commandLine("info gone.jpg a.jpg")).status, 1);
+}
+
+TEST(InfoCommand, DamageIsToldThoughThereIsAPicture) {
+    const PictureFolder folder;
+    makePicture(folder.path(text("big.jpg")), 160, 160);
+    const QByteArray bytes = readWholeFile(folder.path(text("big.jpg")));
+    writeFileSafely(folder.path(text("big.jpg")), bytes.left(bytes.size() * 3 / 4));
+    const ProgramRun run = folder.run(commandLine("info --json big.jpg"));
+    EXPECT_EQ(run.status, 1);
+    const QJsonObject picture = run.objects().value(0);
+    EXPECT_EQ(picture.value(text("state")).toString(), text("ok"));
+    EXPECT_EQ(picture.value(text("width")).toInt(), 160);
+    EXPECT_FALSE(picture.value(text("damage")).toString().isEmpty());
+    EXPECT_TRUE(folder.run(commandLine("info big.jpg")).output.contains("damaged: "));
+}
+
+TEST(InfoCommand, NamesThatAreNotUtf8AreOpenedAndControlCharactersAreWrittenOut) {
+    const PictureFolder folder;
+    // Removed again by the shell: a temporary folder can't remove a name that it can't read.
+    const ProgramRun raw =
+        runShell("name=$(printf 'r\\377w.jpg') && cp a.jpg \"$name\" && "
+                 "\"$TARSEL\" info --json \"$name\"; status=$?; rm \"$name\"; exit $status",
+                 folder.path());
+    EXPECT_EQ(raw.status, 0) << raw.messages.constData() << raw.output.constData();
+    EXPECT_EQ(raw.objects().value(0).value(text("width")).toInt(), 24);
+    EXPECT_TRUE(raw.output.contains("r\\udcffw.jpg")) << raw.output.constData();
+    const ProgramRun control = runShell("name=$(printf 'c\\033[31m\\302\\233.jpg') && cp a.jpg \"$name\" && "
+                                        "exec \"$TARSEL\" info \"$name\"",
+                                        folder.path());
+    EXPECT_EQ(control.status, 0);
+    EXPECT_TRUE(control.output.contains("c\\x1b[31m\\x9b.jpg")) << control.output.constData();
 }
 
 TEST(InfoCommand, EveryDamagedPictureOfTheCorpusEndsInAResult) {
@@ -90,7 +122,8 @@ TEST(InfoCommand, AnUnreadableDateIsToldWithItsFile) {
     box.SaveToFile(folder.path(text("odd.jpg")));
     const ProgramRun run = folder.run(commandLine("info --json a.jpg odd.jpg"));
     EXPECT_EQ(run.objects().size(), 2);
-    EXPECT_TRUE(run.messages.contains("odd.jpg: 13 - ")) << run.messages.constData();
+    EXPECT_TRUE(run.messages.contains("13 - " + folder.path(text("odd.jpg")).toUtf8()))
+        << run.messages.constData();
 }
 
 TEST(ApplyCommand, ReplaysTheListAndKeepsMetadata) {
@@ -129,6 +162,7 @@ TEST(ApplyCommand, AFailingTaskWritesNothing) {
     const ProgramRun run = folder.run(commandLine("apply --json --tasks bad.tbf a.jpg b.jpg"));
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.objects().value(0).value(text("state")).toString(), text("failed"));
+    EXPECT_TRUE(run.objects().value(0).value(text("reason")).toString().contains(text("task 1 (sharpen)")));
     EXPECT_EQ(readWholeFile(folder.path(text("b.jpg"))), before);
 }
 

@@ -30,20 +30,33 @@ QList<QJsonObject> ProgramRun::objects() const {
     return objects;
 }
 
-ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
+namespace {
+
+ProgramRun runProcess(const QString& executable, const QStringList& arguments, const QString& folder) {
     QProcess process;
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
+    environment.insert(QStringLiteral("TARSEL"), program());
     const QTemporaryDir temporary;
     environment.insert(QStringLiteral("TMPDIR"), temporary.path());
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
-    process.start(program(), arguments);
+    process.start(executable, arguments);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(100'000)) << "the program hangs";
     EXPECT_TRUE(QDir(temporary.path()).isEmpty()) << "temporary files are left";
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -process.exitCode(),
             process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+} // namespace
+
+ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
+    return runProcess(program(), arguments, folder);
+}
+
+ProgramRun runShell(const char* line, const QString& folder) {
+    return runProcess(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QString::fromUtf8(line)}, folder);
 }
 
 pid_t startProgram(const QStringList& arguments, const QString& folder) {

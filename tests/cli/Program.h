@@ -22,8 +22,12 @@ struct ProgramRun {
     objects() const; ///< one for each line of the output; a line that is none gives an empty one
 };
 
-/// Runs the real program in a folder, without a display and with nothing of the environment but PATH.
+/// Runs the real program in a folder, without a display and with next to nothing of the environment.
 ProgramRun runProgram(const QStringList& arguments, const QString& folder);
+
+/// Runs a line of the shell in a folder, where "$TARSEL" is the program: for arguments that are not UTF-8, or
+/// a folder that goes away.
+ProgramRun runShell(const char* line, const QString& folder);
 
 /// Starts it and gives its process id; its output goes to the file "output" in the folder.
 pid_t startProgram(const QStringList& arguments, const QString& folder);

@@ -2,6 +2,7 @@
 #include "tests/collections/CollectionWindow.h"
 
 #include "base/TrappedError.h"
+#include "collections/Thumbnail.h"
 
 #include <QFile>
 
@@ -29,15 +30,43 @@ TEST_F(FolderViewTest, ListsPicturesSortedWithoutRegardToCaseAndNothingElse) {
 
 TEST_F(FolderViewTest, ARowOfTheThumbnailViewShowsSizePagesAndDates) {
     makePicture(picture("wide.png"), {400, 100});
+    {
+        QFile file(picture("wide.png"));
+        ASSERT_TRUE(file.open(QIODevice::Append));
+        ASSERT_GT(file.write(QByteArray(2048 - file.size(), ' ')), 0);
+        ASSERT_TRUE(file.flush());
+        ASSERT_TRUE(file.setFileTime(QDateTime({2003, 2, 1}, {4, 5, 6}), QFile::FileModificationTime));
+        // Later than any other time, so that reading the file doesn't change it.
+        ASSERT_TRUE(file.setFileTime(QDateTime({2030, 3, 2}, {5, 6, 7}), QFile::FileAccessTime));
+    }
     list(pictures);
     ASSERT_EQ(texts(lvFolder), QStringList{QStringLiteral("wide.png")});
     EXPECT_EQ(lvFolder.row(0).tag, picture("wide.png"));
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution), QStringLiteral("400 x 100"));
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Pages), QStringLiteral("1"));
-    EXPECT_FALSE(lvFolder.subItem(0, FolderColumn::DateModified).isEmpty());
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::FileSize), QStringLiteral("2.00KB"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Type), QStringLiteral("PNG image"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::DateModified), QStringLiteral("2/1/2003 4:05:06 AM"));
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::DateAccessed), QStringLiteral("3/2/2030 5:06:07 AM"));
+    for (const int number : {FolderColumn::DateCreated, FolderColumn::DateAccessed})
+        EXPECT_NE(lvFolder.subItem(0, number), lvFolder.subItem(0, FolderColumn::DateModified));
     EXPECT_EQ(sizeAt(ilFolder, lvFolder.row(0).icon), QSize(40, 30));
     EXPECT_EQ(status.panel(QStringLiteral("folder")), QStringLiteral("Current Folder - ") + pictures);
     EXPECT_TRUE(QDir(temporaryFolder(settings.programFolder)).exists());
+}
+
+TEST_F(FolderViewTest, AThumbnailIsTurnedUprightWhereThatIsWanted) {
+    const QString path = picture("turned.jpg");
+    makePicture(path, {60, 30}, qRgb(200, 0, 0));
+    ImageBox box;
+    box.LoadFromFile(path);
+    ASSERT_TRUE(box.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
+    box.SaveToFile(path);
+    const auto isWhiteAtTheLeft = [](const Picture& thumbnail) {
+        return QVariant(thumbnail.view().pixel(2, thumbnail.height() / 2)[1] > 128);
+    };
+    for (const bool upright : {false, true})
+        EXPECT_EQ(loadThumbnail(path, {40, 30}, isWhiteAtTheLeft, upright)->icon.toBool(), upright);
 }
 
 TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails) {

@@ -2,9 +2,11 @@
 #include "app/FolderTree.h"
 #include "configuration/ConfigFile.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "tests/gui/WindowTest.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -139,6 +141,51 @@ TEST_F(BatchRoad, ExitOfTheDialogWritesNothing) {
     EXPECT_TRUE(script.isDone());
     EXPECT_FALSE(QDir(path("out")).exists());
     EXPECT_EQ(ConfigRecord.BatchSave.NameOption, 1) << "the option clicked is kept all the same";
+}
+
+TEST_F(BatchRoad, TheBasketIsUsableAfterABatchAndABatchCanFollow) {
+    startWithBasket(3, "A");
+    chooseBatchMode();
+    selectAllOf("lvPages");
+    click(window(), "cmdPagesDelete");
+    EXPECT_EQ(window().workspace().lvPages.count(), 0) << "the basket's buttons and list are free again";
+    addAll();
+    ASSERT_EQ(window().workspace().lvPages.count(), 3);
+    script.on("frmSaveSinglePage", [this](QWidget& dialog) {
+        fillDialog(dialog, QStringLiteral("B"), out());
+        click(dialog, "cmdStarConversion");
+    });
+    chooseBatchMode();
+    EXPECT_EQ(filesIn(out()).size(), 6);
+}
+
+TEST_F(BatchRoad, ASaveThatFailsIsReportedWithItsFileAndTheRestIsNotReached) {
+    startWithBasket(3, "T");
+    ASSERT_TRUE(QDir(out()).mkpath(QStringLiteral("T_photo02_.jpg"))); // a folder in the file's place
+    QString report;
+    script.on("frmErrorReport", [&](QWidget& dialog) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
+            report += label->text() + QLatin1Char('\n');
+        click(dialog, "cmdCancel");
+    });
+    chooseBatchMode();
+    EXPECT_TRUE(script.isDone());
+    EXPECT_TRUE(report.contains(QStringLiteral("photo02"))) << report.toStdString();
+    EXPECT_EQ(filesIn(out()), QStringList{QStringLiteral("T_photo01_.jpg")});
+    EXPECT_EQ(window().workspace().sbMain.panel(QStringLiteral("status")).toStdString(),
+              "1 written, 1 skipped, 1 failed");
+    auto* results = window().findChild<QWidget*>(QStringLiteral("frmBatchResults"));
+    ASSERT_TRUE(results);
+    const QAbstractItemModel& list = *child<ListControl>(*results, "lvResults").view()->model();
+    ASSERT_EQ(list.rowCount(), 3);
+    for (int row = 0; row < 3; ++row) {
+        const auto cell = [&](int column) { return list.index(row, column).data().toString(); };
+        if (cell(0) != QLatin1String("failed"))
+            continue;
+        EXPECT_EQ(cell(1), pictures() + QStringLiteral("/photo02.jpg"));
+        EXPECT_EQ(cell(2), out() + QStringLiteral("/T_photo02_.jpg"));
+        EXPECT_TRUE(cell(3).contains(QStringLiteral("T_photo02_.jpg"))) << cell(3).toStdString();
+    }
 }
 
 TEST_F(BatchRoad, AnEmptyBasketOpensNoDialog) {

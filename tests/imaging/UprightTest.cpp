@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "imaging/Upright.h"
+
+#include "embedded/ExifBlock.h"
+#include "imaging/ImageBox.h"
+#include "tests/support/TestPictures.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr Rgb red{255, 0, 0};
+constexpr Rgb green{0, 255, 0};
+constexpr Rgb blue{0, 0, 255};
+
+/// The upright picture, 3 x 2: red top left, green top right, blue bottom left, black elsewhere.
+Picture upright() {
+    return pictureOf(3, 2, 3, [](int x, int y) {
+        return y == 0 ? (x == 0 ? red : x == 2 ? green : Rgb{}) : (x == 0 ? blue : Rgb{});
+    });
+}
+
+/// The same as a camera stores it: where the first stored row and column are seen, as the EXIF standard
+/// defines each orientation.
+Picture stored(int orientation) {
+    const Picture seen = upright();
+    const bool exchanged = orientation >= 5;
+    return pictureOf(exchanged ? 2 : 3, exchanged ? 3 : 2, 3, [&](int x, int y) {
+        switch (orientation) {
+        case 2: // row 0 at the top, column 0 at the right
+            return colorAt(seen, 2 - x, y);
+        case 3: // bottom, right
+            return colorAt(seen, 2 - x, 1 - y);
+        case 4: // bottom, left
+            return colorAt(seen, x, 1 - y);
+        case 5: // row 0 at the left, column 0 at the top
+            return colorAt(seen, y, x);
+        case 6: // right, top
+            return colorAt(seen, 2 - y, x);
+        case 7: // right, bottom
+            return colorAt(seen, 2 - y, 1 - x);
+        case 8: // left, bottom
+            return colorAt(seen, y, 1 - x);
+        default:
+            return colorAt(seen, x, y);
+        }
+    });
+}
+
+} // namespace
+
+TEST(Upright, EachOrientationOfTheStandardIsTurnedBack) {
+    for (int orientation = 1; orientation <= 8; ++orientation)
+        EXPECT_EQ(largestDifference(uprightPicture(stored(orientation), orientation), upright()), 0)
+            << orientation;
+}
+
+TEST(Upright, AFileTurnsWithItsMetadataAndAThumbnailOfAnyBox) {
+    const QTemporaryDir folder;
+    for (const char* name : {"a.png", "a.tif"}) {
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        ImageBox maker;
+        maker.setPictureHandle(stored(6));
+        EmbeddedMetadata blocks;
+        blocks.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><a tiff:Orientation=\"6\"/></x:xmpmeta>";
+        maker.metadata() = MetadataStore(blocks);
+        ASSERT_TRUE(maker.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
+        ASSERT_TRUE(maker.ExifSet(QStringLiteral("Artist"), QStringLiteral("Jo")));
+        maker.SaveToFile(path);
+
+        ImageBox box;
+        box.LoadFromFile(path);
+        prepareForTasks(box, path, false);
+        EXPECT_EQ(box.Width(), 2) << name << " stays as it is where that is off";
+        prepareForTasks(box, path, true);
+        EXPECT_EQ(largestDifference(box.picture(), upright()), 0) << name;
+        EXPECT_EQ(box.ExifValueByName(QStringLiteral("Orientation")), QStringLiteral("1"));
+        EXPECT_EQ(box.ExifValueByName(QStringLiteral("Artist")), QStringLiteral("Jo"));
+        EXPECT_FALSE(box.metadata().blocks().xmp.contains("Orientation=\"6\"")) << name;
+        prepareForTasks(box, path, true);
+        EXPECT_EQ(box.Width(), 3) << "once is enough";
+
+        Size size;
+        const auto thumbnail = loadUprightPicture(path, LoadMode::ExactBox, {30, 20}, 0xFFFFFF, &size);
+        ASSERT_TRUE(thumbnail);
+        EXPECT_EQ(thumbnail->width(), 30);
+        EXPECT_EQ(thumbnail->height(), 20);
+        EXPECT_EQ(size, (Size{2, 3})) << "the file's own";
+        EXPECT_GT(colorAt(*thumbnail, 1, 1).red, 200);
+        EXPECT_GT(colorAt(*thumbnail, 28, 1).green, 200);
+    }
+    EXPECT_EQ(fileOrientation(folder.filePath(QStringLiteral("missing.jpg"))), 1);
+}
+
+TEST(Upright, TransparencyIsLaidOnWhiteAndMetadataStays) {
+    Picture picture = plainPicture(2, 1, 4, {0, 0, 0});
+    picture.edit().pixel(0, 0)[3] = 0;
+    ImageBox box;
+    box.BackColor = 255;
+    box.setPictureHandle(picture);
+    ASSERT_TRUE(box.ExifSet(QStringLiteral("Artist"), QStringLiteral("Jo")));
+    prepareForTasks(box, {}, false);
+    EXPECT_EQ(box.BitsPerPixel(), 24);
+    EXPECT_EQ(box.PixelColor(0, 0), 0xFFFFFF);
+    EXPECT_EQ(box.PixelColor(1, 0), 0);
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("Artist")), QStringLiteral("Jo"));
+}
