@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/IgnoredError.h"
 #include "base/TrappedError.h"
 
 #include <exception>
@@ -51,14 +52,16 @@ bool trap(const char* routine, Body&& body) {
     return false;
 }
 
-/// Runs `body` where errors are to be ignored. Returns true when it ran to its end.
+/// Runs `body` where errors are to be ignored, which logs them. Returns true when it ran to its end.
 template <class Body>
-bool ignoringErrors(Body&& body) {
+bool ignoringErrors(Body&& body, std::source_location where = std::source_location::current()) {
     try {
         std::forward<Body>(body)();
         return true;
-    } catch (const TrappedError&) {
-    } catch (const std::exception&) {
+    } catch (const TrappedError& error) {
+        logIgnored(error.description, where);
+    } catch (const std::exception& error) {
+        logIgnored(QString::fromUtf8(error.what()), where);
     }
     return false;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/LoadSource.h"
 
+#include "base/IgnoredError.h"
 #include "base/TrappedError.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/fncLoadPicture.h"
@@ -19,6 +20,7 @@ bool loadByBox(ImageBox& box, const QString& path) {
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;
+        logIgnored(error.description);
         return false;
     }
 }

@@ -62,8 +62,4 @@ QString nameFault(const OutputName& target) {
     return {};
 }
 
-QString destinationFolderOf(const QString& typed) {
-    return typed.trimmed().size() == 3 ? typed : typed + QLatin1Char('/');
-}
-
 } // namespace tarsel

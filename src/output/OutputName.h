@@ -39,8 +39,4 @@ OutputName outputName(const BatchSave& settings, const RowToName& row, const Tok
 /// hold a separator, by which the file would be written into another folder.
 QString nameFault(const OutputName& target);
 
-/// The dialog's rule for DestinationFolder: a text of exactly three characters, trimmed, stands as it is, any
-/// other gets a separator behind it, also when it has one already.
-QString destinationFolderOf(const QString& typed);
-
 } // namespace tarsel

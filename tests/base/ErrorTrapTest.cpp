@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
+#include "base/clsFile.h"
 #include "tests/support/TestDesktop.h"
 
-#include <gtest/gtest.h>
-
+#include <QLoggingCategory>
 #include <cerrno>
+#include <gtest/gtest.h>
 #include <stdexcept>
 
 using namespace tarsel;
@@ -35,6 +36,20 @@ TEST(ErrorTrap, ErrorsOfLibrariesAndOfMemoryDoNotEscape) {
     ASSERT_EQ(desktop.reports.size(), 2u);
     EXPECT_TRUE(desktop.reports[0].ErrSystem.startsWith(QStringLiteral("7 - ")));
     EXPECT_EQ(desktop.reports[1].ErrSystem, QStringLiteral("5 - odd"));
+}
+
+TEST(ErrorTrap, IgnoredErrorsAreLoggedInTheCategoryOfTheirLibrary) {
+    static QStringList logged;
+    QLoggingCategory::setFilterRules(QStringLiteral("tarsel.base.debug=true"));
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString& text) {
+        logged << QString::fromLatin1(context.category) + QStringLiteral(": ") + text;
+    });
+    EXPECT_FALSE(clsFile().OpenForRead(QStringLiteral("/nowhere/list.ibf")));
+    QLoggingCategory::setFilterRules({});
+    EXPECT_FALSE(clsFile().OpenForRead(QStringLiteral("/nowhere/list.ibf")));
+    qInstallMessageHandler(nullptr);
+    EXPECT_EQ(logged, QStringList{QStringLiteral("tarsel.base: ignored: File not found: /nowhere/list.ibf: "
+                                                 "No such file or directory")});
 }
 
 TEST(ErrorTrap, SystemErrorsKeepTheFileAndGetTheirNumber) {

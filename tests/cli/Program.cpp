@@ -46,7 +46,7 @@ ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
             process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
-pid_t startProgram(const QStringList& arguments, const QString& folder) {
+pid_t startProgram(const QStringList& arguments, const QString& folder, int output) {
     QList<QByteArray> words{program().toLocal8Bit()};
     for (const QString& argument : arguments)
         words << argument.toLocal8Bit();
@@ -58,9 +58,9 @@ pid_t startProgram(const QStringList& arguments, const QString& folder) {
     const QByteArray outputFile = place + "/output";
     const pid_t child = ::fork();
     if (child == 0) {
-        const int output = ::open(outputFile.constData(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-        ::dup2(output, STDOUT_FILENO);
-        ::dup2(output, STDERR_FILENO);
+        const int file = ::open(outputFile.constData(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+        ::dup2(output < 0 ? file : output, STDOUT_FILENO);
+        ::dup2(file, STDERR_FILENO);
         if (::chdir(place.constData()) == 0)
             ::execv(pointers[0], pointers.data());
         ::_exit(127);

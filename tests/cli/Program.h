@@ -25,8 +25,9 @@ struct ProgramRun {
 /// Runs the real program in a folder, without a display and with nothing of the environment but PATH.
 ProgramRun runProgram(const QStringList& arguments, const QString& folder);
 
-/// Starts it and gives its process id; its output goes to the file "output" in the folder.
-pid_t startProgram(const QStringList& arguments, const QString& folder);
+/// Starts it and returns its process id. Results and messages go to the file "output" in the folder, results
+/// to the descriptor `output` when there is one.
+pid_t startProgram(const QStringList& arguments, const QString& folder, int output = -1);
 /// Waits for its end: exit status, or minus the signal's number.
 int endOf(pid_t process);
 

@@ -113,11 +113,3 @@ TEST(OutputName, ANameThatWouldLeaveItsFolderIsFaulty) {
         EXPECT_TRUE(nameFault({text("/out/"), text(name)}).contains(text(name))) << name;
     EXPECT_FALSE(nameFault({text("/out/"), QStringLiteral("a") + QChar(0) + text(".jpg")}).isEmpty());
 }
-
-TEST(OutputName, AFolderTextOfThreeCharactersGetsNoSeparator) {
-    EXPECT_EQ(destinationFolderOf(text("/pics")), text("/pics/"));
-    EXPECT_EQ(destinationFolderOf(text("/pics/")), text("/pics//"));
-    EXPECT_EQ(destinationFolderOf(text("C:\\")), text("C:\\"));
-    EXPECT_EQ(destinationFolderOf(text(" /a/ ")), text(" /a/ "));
-    EXPECT_EQ(destinationFolderOf(text("")), text("/"));
-}
