@@ -5,8 +5,14 @@
 #include <QString>
 
 /// Everything that reads a text as a number, or writes a number or a date as a text, comes through here.
-/// Nothing of it depends on the locale; only "Short Date" and toDate ask the desktop for its date form.
+/// Nothing of it depends on the locale or on the desktop: the user's date form is passed in.
 namespace tarsel {
+
+/// How the user's system writes dates and times, as Qt patterns; empty where none is known.
+struct DateForms {
+    QString shortDate; ///< with a four-digit year, such as "M/d/yyyy"
+    QString longTime;  ///< such as "h:mm:ss AP"
+};
 
 /// To the nearest integer, ties to even: the rounding of every conversion of a floating-point number to an
 /// integer.
@@ -20,7 +26,7 @@ int roundToInt(double value);
 /// included; error 6 for a number beyond a double.
 double toDouble(const QString& text);
 
-/// Text as an integer: read as a number and rounded, ties to even. Error 13 when it is no number, 6 out of
+/// Text as an integer: read as a number and rounded, ties to even. Error 13 when it is not a number, 6 out of
 /// range.
 qint16 toInt16(const QString& text);
 qint32 toInt32(const QString& text);
@@ -38,10 +44,10 @@ bool isNumeric(const QString& text);
 /// The number at the start of a text, blanks skipped; 0 when there is none. Never fails.
 double leadingNumber(const QString& text);
 
-/// A date as the system writes it: the desktop's short date, a date that formatDate wrote, or ISO; with or
-/// without a time in 12 or 24 hours. A time alone gets the day of emptyDate. Where a text fits two forms, the
-/// desktop's own form wins. Error 13 when it is none.
-QDateTime toDate(const QString& text);
+/// A date as the user's system writes it, as formatDate wrote it, or in ISO form; with or without a time in
+/// 12 or 24 hours. A time alone gets the day of emptyDate. Where a text fits two forms, the user's own form
+/// wins. Error 13 when it is not a date.
+QDateTime toDate(const QString& text, const DateForms& own = {});
 
 /// A number in one of the patterns in use: "0", "0.0", "0.00", "#,##0". The number is taken at 15 significant
 /// digits and rounded there, ties away from zero.
@@ -52,10 +58,13 @@ QString formatNumber(double value, const QString& pattern);
 QString numberText(double value);
 
 /// A date in a pattern of the tokens m mm d dd yyyy h hh s ss and AM/PM, everything else standing for
-/// itself, or in "Short Date". m behind h or before s is minutes, elsewhere the month; with AM/PM the hours
-/// are those of a 12-hour clock. In use are "m.d.yyyy", "m.d.yyyy h.mm.ss AM/PM", "m/d/yyyy",
-/// "m/d/yyyy h:mm:ss AM/PM" and "h:mm:ss AM/PM". A date that isn't valid is written as emptyDate.
+/// itself. m after h or before s is minutes, elsewhere the month; with AM/PM the hours are those of a 12-hour
+/// clock. In use are "m.d.yyyy", "m.d.yyyy h.mm.ss AM/PM", "m/d/yyyy", "m/d/yyyy h:mm:ss AM/PM" and
+/// "h:mm:ss AM/PM". A date that isn't valid is written as emptyDate.
 QString formatDate(const QDateTime& date, const QString& pattern);
+
+/// The day in the user's short form; a date that isn't valid is written as emptyDate.
+QString shortDateText(const QDateTime& date, const DateForms& own);
 
 /// The date that stands for no date: 30 December 1899, midnight.
 QDateTime emptyDate();

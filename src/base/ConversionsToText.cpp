@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
-#include "base/Desktop.h"
 #include "base/TrappedError.h"
 
 #include <cmath>
@@ -22,7 +21,7 @@ Decimal toDecimal(double magnitude) {
     return {text.left(1) + text.mid(2, exponent - 2), text.mid(exponent + 1).toInt() + 1};
 }
 
-/// The digits in front of and behind the point with exactly `decimals` behind, ties away from zero.
+/// The digits before the point and exactly `decimals` after it, ties away from zero.
 QByteArray roundedDigits(const Decimal& number, int decimals) {
     const qsizetype kept = number.point + decimals;
     if (kept < 0)
@@ -71,7 +70,7 @@ std::vector<DateToken> tokensOf(const QString& pattern) {
     return tokens;
 }
 
-/// Turns months into minutes: those behind an hour or before seconds, whatever literal text lies between.
+/// Turns months into minutes: those after an hour or before seconds, whatever literal text is between them.
 void tellMinutesFromMonths(std::vector<DateToken>& tokens) {
     DateToken* previous = nullptr;
     for (DateToken& token : tokens) {
@@ -111,22 +110,25 @@ QString tokenText(const DateToken& token, const QDateTime& date, bool twelveHour
     }
 }
 
-std::optional<QDate> readDay(const QString& text) {
-    const QString forms[] = {desktop().shortDateFormat(), QStringLiteral("M/d/yyyy"),
-                             QStringLiteral("M.d.yyyy"), QStringLiteral("yyyy-MM-dd")};
+std::optional<QDate> readDay(const QString& text, const DateForms& own) {
+    const QString forms[] = {own.shortDate, QStringLiteral("M/d/yyyy"), QStringLiteral("M.d.yyyy"),
+                             QStringLiteral("yyyy-MM-dd")};
     for (const QString& form : forms) {
-        if (const QDate day = QDate::fromString(text, form); day.isValid())
+        if (const QDate day = form.isEmpty() ? QDate() : QDate::fromString(text, form); day.isValid())
             return day;
     }
     return std::nullopt;
 }
 
-std::optional<QTime> readTime(const QString& text) {
-    const QString forms[] = {desktop().longTimeFormat(),   QStringLiteral("h:mm:ss AP"),
-                             QStringLiteral("h.mm.ss AP"), QStringLiteral("H:mm:ss"),
-                             QStringLiteral("h:mm AP"),    QStringLiteral("H:mm")};
+std::optional<QTime> readTime(const QString& text, const DateForms& own) {
+    const QString forms[] = {own.longTime,
+                             QStringLiteral("h:mm:ss AP"),
+                             QStringLiteral("h.mm.ss AP"),
+                             QStringLiteral("H:mm:ss"),
+                             QStringLiteral("h:mm AP"),
+                             QStringLiteral("H:mm")};
     for (const QString& form : forms) {
-        if (const QTime time = QTime::fromString(text, form); time.isValid())
+        if (const QTime time = form.isEmpty() ? QTime() : QTime::fromString(text, form); time.isValid())
             return time;
     }
     return std::nullopt;
@@ -134,12 +136,12 @@ std::optional<QTime> readTime(const QString& text) {
 
 /// Day and time on both sides of a blank or, as ISO has it, a T. Some short dates hold blanks themselves, so
 /// that every place has to be tried.
-std::optional<QDateTime> readDayAndTime(const QString& text) {
+std::optional<QDateTime> readDayAndTime(const QString& text, const DateForms& own) {
     for (qsizetype i = text.size() - 1; i > 0; --i) {
         if (text[i] != QLatin1Char(' ') && text[i] != QLatin1Char('T'))
             continue;
-        const auto time = readTime(text.mid(i + 1).trimmed());
-        const auto day = time ? readDay(text.left(i).trimmed()) : std::nullopt;
+        const auto time = readTime(text.mid(i + 1).trimmed(), own);
+        const auto day = time ? readDay(text.left(i).trimmed(), own) : std::nullopt;
         if (day)
             return QDateTime(*day, *time);
     }
@@ -148,15 +150,15 @@ std::optional<QDateTime> readDayAndTime(const QString& text) {
 
 } // namespace
 
-QDateTime toDate(const QString& text) {
+QDateTime toDate(const QString& text, const DateForms& own) {
     const QString trimmed = text.trimmed();
-    if (const auto day = readDay(trimmed))
+    if (const auto day = readDay(trimmed, own))
         return QDateTime(*day, QTime(0, 0));
-    if (const auto dayAndTime = readDayAndTime(trimmed))
+    if (const auto dayAndTime = readDayAndTime(trimmed, own))
         return *dayAndTime;
-    if (const auto time = readTime(trimmed))
+    if (const auto time = readTime(trimmed, own))
         return QDateTime(emptyDate().date(), *time);
-    fail(ErrorNumber::TypeMismatch, QLatin1Char('"') + text + QStringLiteral("\" is no date"));
+    fail(ErrorNumber::TypeMismatch, QLatin1Char('"') + text + QStringLiteral("\" is not a date"));
 }
 
 QString formatNumber(double value, const QString& pattern) {
@@ -179,8 +181,6 @@ QString numberText(double value) {
 
 QString formatDate(const QDateTime& date, const QString& pattern) {
     const QDateTime shown = date.isValid() ? date : emptyDate();
-    if (pattern == QLatin1String("Short Date"))
-        return shown.date().toString(desktop().shortDateFormat());
     std::vector<DateToken> tokens = tokensOf(pattern);
     tellMinutesFromMonths(tokens);
     const bool twelveHours = pattern.contains(QLatin1String("AM/PM"));
@@ -188,6 +188,10 @@ QString formatDate(const QDateTime& date, const QString& pattern) {
     for (const DateToken& token : tokens)
         text += tokenText(token, shown, twelveHours);
     return text;
+}
+
+QString shortDateText(const QDateTime& date, const DateForms& own) {
+    return (date.isValid() ? date : emptyDate()).date().toString(own.shortDate);
 }
 
 QDateTime emptyDate() {

@@ -12,6 +12,10 @@ Desktop& desktop() {
     return *currentDesktop;
 }
 
+DateForms desktopDateForms() {
+    return {desktop().shortDateFormat(), desktop().longTimeFormat()};
+}
+
 DesktopScope::DesktopScope(Desktop& current) : m_previous(currentDesktop) {
     currentDesktop = &current;
 }

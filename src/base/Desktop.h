@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Conversions.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -83,6 +85,9 @@ public:
 
 /// The desktop of this process. It is a programming error to ask for it before one was set.
 Desktop& desktop();
+
+/// How the desktop's user writes dates.
+DateForms desktopDateForms();
 
 /// Makes a desktop the one of this process for as long as the scope lives; scopes nest.
 class DesktopScope {

@@ -5,15 +5,22 @@
 
 #include <algorithm>
 #include <limits>
+#include <thread>
 
 namespace tarsel {
 
 namespace {
 ErrorReport filledReport;
-}
+const std::thread::id mainThread = std::this_thread::get_id(); // which initialises the program's variables
+} // namespace
 
 const ErrorReport& lastErrorReport() {
     return filledReport;
+}
+
+void requireMainThread(const char* routine) {
+    if (std::this_thread::get_id() != mainThread)
+        qFatal("%s traps errors outside of the main thread", routine);
 }
 
 void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine) {
@@ -24,7 +31,7 @@ void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, 
         .ErrTrappingString = TrappingString,
         .ErrSystem = QString::number(number) + QStringLiteral(" - ") + description,
     };
-    // A copy: an error inside the dialog fills the report anew.
+    // A copy: an error inside the dialog fills the report again.
     const ErrorReport report = filledReport;
     desktop().showErrorReport(report);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/IgnoredError.h"
+#include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
 
 #include <exception>
@@ -10,7 +10,7 @@
 
 namespace tarsel {
 
-/// What the program says it is doing. Set before work, shown in error reports.
+/// What the program says it is doing. Set before work on the main thread, shown in error reports.
 inline QString TrappingString;
 
 /// Title of all message boxes: application title, a blank, the comment of the version record. Empty until set
@@ -35,10 +35,14 @@ void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, 
 /// Hands a caught error to GlobalErrorHandler. Lines beyond 16 bits are reported as the largest one.
 void reportTrapped(const TrappedError& error, const char* routine);
 
+/// Ends the program: the trap and its report belong to the main thread.
+void requireMainThread(const char* routine);
+
 /// Runs `body` and, when it throws, reports the error under the routine's name and returns normally.
 /// Returns true when the body ran to its end.
 template <class Body>
 bool trap(const char* routine, Body&& body) {
+    requireMainThread(routine);
     try {
         std::forward<Body>(body)();
         return true;
@@ -48,20 +52,6 @@ bool trap(const char* routine, Body&& body) {
         reportTrapped({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)}, routine);
     } catch (const std::exception& error) {
         reportTrapped({ErrorNumber::InvalidCall, QString::fromUtf8(error.what())}, routine);
-    }
-    return false;
-}
-
-/// Runs `body` where errors are to be ignored, which logs them. Returns true when it ran to its end.
-template <class Body>
-bool ignoringErrors(Body&& body, std::source_location where = std::source_location::current()) {
-    try {
-        std::forward<Body>(body)();
-        return true;
-    } catch (const TrappedError& error) {
-        logIgnored(error.description, where);
-    } catch (const std::exception& error) {
-        logIgnored(QString::fromUtf8(error.what()), where);
     }
     return false;
 }

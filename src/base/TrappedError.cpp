@@ -20,6 +20,8 @@ QString errorText(qint32 number) {
         return QStringLiteral("Division by zero");
     case ErrorNumber::TypeMismatch:
         return QStringLiteral("Type mismatch");
+    case ErrorNumber::Interrupted:
+        return QStringLiteral("Interrupted");
     case ErrorNumber::FileNotFound:
         return QStringLiteral("File not found");
     case ErrorNumber::DiskFull:

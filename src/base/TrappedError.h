@@ -14,6 +14,7 @@ constexpr qint32 OutOfMemory = 7;
 constexpr qint32 SubscriptOutOfRange = 9;
 constexpr qint32 DivisionByZero = 11;
 constexpr qint32 TypeMismatch = 13;
+constexpr qint32 Interrupted = 18; ///< a stop was requested
 constexpr qint32 FileNotFound = 53;
 constexpr qint32 DiskFull = 61;
 constexpr qint32 InputPastEnd = 62;

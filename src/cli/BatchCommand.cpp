@@ -76,6 +76,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     RowReport report(terminal, arguments.has("json"));
     for (const QString& path : basket.missing())
         report.addMissing(path);
+    slice.stop = interruptible.stop();
     slice.onRowBegin = [&](const QString& source) { terminal.setSubject(source); };
     slice.onRow = [&](const RowResult& result) { report.add(result); };
     ImageBox box;
@@ -94,7 +95,7 @@ constexpr Command batchCommand{
     .notes =
         "A file of the same name is replaced, safely: it is the old one or the new one, whole. An error "
         "ends\n"
-        "the run; rows behind it are skipped as \"not reached\". SIGINT ends it behind the file at hand.\n"
+        "the run; rows behind it are skipped as \"not reached\". SIGINT stops it after the current file.\n"
         "Each page of a document is a row of its own.",
     .options = options,
     .run = run,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Stop.h"
 #include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
@@ -28,6 +29,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
         throw UsageError{QStringLiteral("no picture given")};
     const ApplicationScope application(false);
     const InterruptScope interruptible;
+    const StopScope stop(interruptible.stop());
     bool allRead = true;
     for (const QString& operand : arguments.operands()) {
         if (wasInterrupted())

@@ -3,18 +3,34 @@
 
 #include "base/Progress.h"
 
+#include <atomic>
+#include <cerrno>
 #include <csignal>
+#include <cstdint>
+#include <sys/eventfd.h>
+#include <thread>
+#include <unistd.h>
 
 namespace tarsel::cli {
 
 namespace {
 
 std::atomic<bool> interrupted = false;
-static_assert(std::atomic<bool>::is_always_lock_free, "the signal handler writes them");
+std::atomic<int> wakeEvent = -1;
+static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free,
+              "the signal handler uses them");
+
+void wake() {
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const ssize_t written = ::write(wakeEvent, &one, sizeof one);
+}
 
 void onSignal(int) {
+    const int saved = errno;
     interrupted = true;
     CancelRequested = true;
+    wake();
+    errno = saved;
 }
 
 void setAction(void (*handler)(int), int flags) {
@@ -28,14 +44,48 @@ void setAction(void (*handler)(int), int flags) {
 
 } // namespace
 
+/// Requests the stop on a thread of its own: a signal handler may not.
+class InterruptScope::Watcher {
+public:
+    Watcher() {
+        wakeEvent = ::eventfd(0, EFD_CLOEXEC);
+        m_thread = std::thread([this] { watch(); });
+    }
+    ~Watcher() {
+        wake();
+        m_thread.join();
+        ::close(wakeEvent.exchange(-1));
+    }
+    Watcher(const Watcher&) = delete;
+    Watcher& operator=(const Watcher&) = delete;
+    std::stop_token stop() const { return m_source.get_token(); }
+
+private:
+    void watch() {
+        std::uint64_t count = 0;
+        while (::read(wakeEvent, &count, sizeof count) < 0 && errno == EINTR) {
+        }
+        if (interrupted)
+            m_source.request_stop();
+    }
+
+    std::stop_source m_source;
+    std::thread m_thread;
+};
+
 InterruptScope::InterruptScope() {
     interrupted = false;
     CancelRequested = false;
+    m_watcher = std::make_unique<Watcher>();
     setAction(onSignal, int(SA_RESETHAND | SA_RESTART));
 }
 
 InterruptScope::~InterruptScope() {
     setAction(SIG_DFL, 0);
+}
+
+std::stop_token InterruptScope::stop() const {
+    return m_watcher->stop();
 }
 
 bool wasInterrupted() {

@@ -1,16 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
+#include <stop_token>
+
 namespace tarsel::cli {
 
-/// While one lives, the first SIGINT or SIGTERM asks the running loop to stop behind the file at hand (it
-/// sets CancelRequested); the second ends the process at once.
+/// While one lives, the first SIGINT or SIGTERM asks the running loop to stop after the current file: it sets
+/// CancelRequested and requests a stop, which ends the wait for a file that is being loaded. The second
+/// signal ends the process at once.
 class InterruptScope {
 public:
     InterruptScope();
     ~InterruptScope();
     InterruptScope(const InterruptScope&) = delete;
     InterruptScope& operator=(const InterruptScope&) = delete;
+
+    std::stop_token stop() const;
+
+private:
+    class Watcher;
+    std::unique_ptr<Watcher> m_watcher;
 };
 
 /// Whether such a signal came since the scope began.

@@ -2,7 +2,7 @@
 #include "codecs/BmpCodec.h"
 
 #include "base/TrappedError.h"
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/Flatten.h"
 
@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
 
 namespace tarsel {
 
@@ -43,7 +44,7 @@ struct BmpFacts {
 
 /// A header that its file is too short for reads as zeros, which the size check refuses.
 BmpFacts readFacts(const QByteArray& bytes) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     BmpFacts facts;
     facts.pixelOffset = reader.dword(OffsetOfPixelOffset).value_or(0);
     facts.headerSize = reader.dword(FileHeaderSize).value_or(0);
@@ -119,13 +120,19 @@ Picture pictureOf(const QImage& image) {
     return picture;
 }
 
+/// The size was checked before. The limit is one of the process and set before the first use.
+void liftAllocationLimit() {
+    static std::once_flag once;
+    std::call_once(once, [] { QImageReader::setAllocationLimit(0); });
+}
+
 DecodedPicture decodeBmp(const QByteArray& bytes, const QString& name, int) {
     const FileUnderTest file{"BMP", name, bytes.size()};
     const BmpFacts facts = checkedFacts(file, bytes);
     QByteArray readable = withKnownHeader(bytes, facts.headerSize);
     QBuffer buffer(&readable);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader::setAllocationLimit(0); // the size was judged above
+    liftAllocationLimit();
     QImageReader reader(&buffer, "bmp");
     const QImage image = reader.read();
     if (image.isNull())

@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/DecoderProcess.h"
 
+#include "base/Stop.h"
+#include "codecs/DecoderLost.h"
+
 #include <QFile>
 #include <QString>
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/eventfd.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -48,17 +50,23 @@ Descriptor contentDescriptor(const QByteArray& bytes, const FileUnderTest& file)
     return content;
 }
 
-/// Reads, and doesn't map: the other end could still shorten what lies behind the descriptor.
+/// A file of at least that size in memory or on disk: reading it can't block.
+bool holdsAtLeast(int descriptor, std::ptrdiff_t size) {
+    struct stat status = {};
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size >= size;
+}
+
+/// Reads, and doesn't map: the child could still shorten the file.
 bool readPixels(int descriptor, PixelView target) {
     const std::ptrdiff_t size = target.stride * target.height;
-    std::ptrdiff_t done = 0;
-    while (done < size) {
+    std::ptrdiff_t done = holdsAtLeast(descriptor, size) ? 0 : -1;
+    while (done >= 0 && done < size) {
         const ssize_t count = ::pread(descriptor, target.data + done, std::size_t(size - done), done);
         if (count == 0 || (count < 0 && errno != EINTR))
             return false;
         done += std::max<ssize_t>(count, 0);
     }
-    return true;
+    return done == size;
 }
 
 Picture pictureOf(const DecoderReply& reply, const Descriptor& pixels, const FileUnderTest& file) {
@@ -73,49 +81,63 @@ Picture pictureOf(const DecoderReply& reply, const Descriptor& pixels, const Fil
         failDecoding(file, QStringLiteral("a size of %1 x %2 pixels").arg(reply.width).arg(reply.height));
     Picture picture(reply.width, reply.height, reply.channels);
     if (!readPixels(pixels.number(), picture.edit()))
-        failDecoding(file, QStringLiteral("its decoder gave too few pixels"));
+        failDecoding(file, QStringLiteral("its decoder returned too few pixels"));
     return picture;
 }
 
-/// Starts the program with the socket as its one open descriptor beside the silent standard ones, in a
-/// process group of its own, so that an interrupt from the terminal doesn't end it in the middle of a file.
-pid_t spawn(const QByteArray& program, int socket) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, socket, DecoderSocket);
-    for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        posix_spawn_file_actions_addopen(&actions, standard, "/dev/null", O_RDWR, 0);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
-    char* arguments[] = {const_cast<char*>(program.constData()), nullptr};
-    pid_t child = 0;
-    const int failed = ::posix_spawn(&child, program.constData(), &actions, &attributes, arguments, environ);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&actions);
-    return failed ? 0 : child;
+[[noreturn]] void failForLostDecoder(const FileUnderTest& file, const QString& fact) {
+    try {
+        failDecoding(file, fact);
+    } catch (const TrappedError& error) {
+        throw DecoderLost{error};
+    }
+}
+
+/// Becomes readable when a stop is requested, so that poll sees it.
+class StopDescriptor {
+public:
+    explicit StopDescriptor(const std::stop_token& stop) :
+        m_event(stop.stop_possible() ? ::eventfd(0, EFD_CLOEXEC) : -1),
+        m_onStop(stop, Wake{m_event.number()}) {}
+    int number() const { return m_event.number(); } ///< -1, which poll skips, where no stop can come
+
+private:
+    struct Wake {
+        int event;
+        void operator()() const { ::eventfd_write(event, 1); }
+    };
+    Descriptor m_event;
+    std::stop_callback<Wake> m_onStop;
+};
+
+/// Waits until one of the two can be read, or the deadline has passed. False in the latter case.
+bool waitForEither(int one, int other, std::chrono::steady_clock::time_point deadline) {
+    pollfd both[] = {{one, POLLIN, 0}, {other, POLLIN, 0}};
+    int ready = 0;
+    do {
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+        ready = ::poll(both, 2, int(std::max<std::int64_t>(left.count(), 0)));
+    } while (ready < 0 && errno == EINTR);
+    return ready > 0;
+}
+
+bool canBeRead(int socket) {
+    return waitForEither(socket, -1, std::chrono::steady_clock::now());
 }
 
 } // namespace
 
-DecoderProcess& DecoderProcess::shared() {
-    static DecoderProcess process;
-    return process;
-}
-
-DecoderProcess::~DecoderProcess() {
-    end();
-}
-
-Picture DecoderProcess::decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file) {
-    const std::lock_guard lock(m_mutex);
+Picture DecoderProcess::decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
+                               const std::stop_token& stop) {
+    raiseIfStopped(stop);
     const Descriptor content = contentDescriptor(bytes, file);
-    send({format, std::uint64_t(bytes.size())}, content.number(), file);
-    waitForReply(file);
+    send({format, ++m_serial, std::uint64_t(bytes.size())}, content.number(), file);
+    waitForReply(file, stop);
     DecoderReply reply;
     Descriptor pixels;
-    if (!receiveRecord(m_socket.number(), reply, pixels))
-        failForDeath(file);
+    if (!receiveRecord(m_socket.number(), reply, pixels) || reply.serial != m_serial)
+        failForBrokenAnswer(file);
     return pictureOf(reply, pixels, file);
 }
 
@@ -125,66 +147,64 @@ void DecoderProcess::start(const FileUnderTest& file) {
         failDecoding(file, QStringLiteral("no socket for its decoder"));
     m_socket.reset(ends[0]);
     const Descriptor other(ends[1]);
+    ::fcntl(m_socket.number(), F_SETFL, O_NONBLOCK); // only poll waits
     const QByteArray program = programPath();
-    m_child = spawn(program, other.number());
-    if (m_child == 0)
+    if (!m_child.start(program, other.number()))
         failDecoding(file, QStringLiteral("its decoder %1 can't be started").arg(QFile::decodeName(program)));
 }
 
-/// A child that died while it had nothing to do is replaced; no file is to blame for that.
-void DecoderProcess::send(const DecoderRequest& request, int content, const FileUnderTest& file) {
-    const bool wasRunning = m_child != 0;
-    if (!wasRunning)
+/// A child that died while it had nothing to do, or that speaks without a request, is replaced: no file is
+/// to blame for that.
+void DecoderProcess::requireIdleChild(const FileUnderTest& file) {
+    if (m_child.isRunning() && canBeRead(m_socket.number()))
+        end();
+    if (!m_child.isRunning())
         start(file);
+}
+
+void DecoderProcess::send(const DecoderRequest& request, int content, const FileUnderTest& file) {
+    requireIdleChild(file);
     if (sendRecord(m_socket.number(), request, content))
         return;
     end();
-    if (wasRunning)
-        start(file);
-    if (!wasRunning || !sendRecord(m_socket.number(), request, content))
-        failDecoding(file, QStringLiteral("its decoder doesn't answer"));
-}
-
-void DecoderProcess::waitForReply(const FileUnderTest& file) {
-    m_waiting = true;
-    const auto deadline = std::chrono::steady_clock::now() + m_timeLimit;
-    pollfd socket{m_socket.number(), POLLIN, 0};
-    int ready = 0;
-    do {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-            deadline - std::chrono::steady_clock::now());
-        ready = ::poll(&socket, 1, int(std::max<std::int64_t>(left.count(), 0)));
-    } while (ready < 0 && errno == EINTR);
-    m_waiting = false;
-    if (ready > 0)
+    start(file);
+    if (sendRecord(m_socket.number(), request, content))
         return;
     end();
-    failDecoding(
+    failDecoding(file, QStringLiteral("its decoder doesn't answer"));
+}
+
+void DecoderProcess::waitForReply(const FileUnderTest& file, const std::stop_token& stop) {
+    m_waiting = true;
+    const StopDescriptor stopped(stop);
+    const bool inTime =
+        waitForEither(m_socket.number(), stopped.number(), std::chrono::steady_clock::now() + m_timeLimit);
+    m_waiting = false;
+    if (inTime && !stop.stop_requested())
+        return;
+    end();
+    raiseIfStopped(stop);
+    failForLostDecoder(
         file,
         QStringLiteral("its decoder took longer than %1 seconds").arg(double(m_timeLimit.count()) / 1000));
 }
 
 void DecoderProcess::end() {
     m_socket.reset();
-    const pid_t child = m_child.exchange(0);
-    if (child == 0)
-        return;
-    ::kill(child, SIGKILL);
-    while (::waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-    }
+    m_child.end();
 }
 
-void DecoderProcess::failForDeath(const FileUnderTest& file) {
-    m_socket.reset(); // lets a child that is alive after all come to its end
-    const pid_t child = m_child.exchange(0);
-    int status = 0;
-    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
+void DecoderProcess::failForBrokenAnswer(const FileUnderTest& file) {
+    const bool endedByItself = m_child.endsByItself();
+    m_socket.reset();
+    const int status = m_child.end();
+    if (!endedByItself)
+        failForLostDecoder(file, QStringLiteral("its decoder broke off its answer"));
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU)
-        failDecoding(file, QStringLiteral("its decoder took too long"));
+        failForLostDecoder(file, QStringLiteral("its decoder took too long"));
     if (WIFSIGNALED(status))
-        failDecoding(file, QStringLiteral("its decoder crashed (signal %1)").arg(WTERMSIG(status)));
-    failDecoding(file, QStringLiteral("its decoder ended (status %1)").arg(WEXITSTATUS(status)));
+        failForLostDecoder(file, QStringLiteral("its decoder crashed (signal %1)").arg(WTERMSIG(status)));
+    failForLostDecoder(file, QStringLiteral("its decoder ended (status %1)").arg(WEXITSTATUS(status)));
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "codecs/ChildProcess.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/DecoderProtocol.h"
 #include "pixels/Picture.h"
@@ -8,46 +9,42 @@
 #include <QByteArray>
 #include <atomic>
 #include <chrono>
-#include <mutex>
-#include <sys/types.h>
+#include <stop_token>
 
 namespace tarsel {
 
-/// The child process in which decoders run that a crafted file can crash. It is started for the first file,
-/// kept for the next ones, and ended when it takes too long. Its death in the middle of a file is a failed
-/// load of that file; the next one gets a fresh child.
+/// The child process in which decoders run that a crafted file can crash. It is started for the first file
+/// and kept for the next ones. One that dies, breaks the protocol or takes too long is ended and costs the
+/// file that it worked on; the next file gets a fresh child. For one thread at a time: see DecoderPool.
 ///
 /// The program is "tarsel-decoder" beside the running one, or what the environment's TARSEL_DECODER names.
 class DecoderProcess {
 public:
-    /// The one of this process.
-    static DecoderProcess& shared();
+    static constexpr std::chrono::milliseconds UsualTimeLimit = std::chrono::seconds(20);
 
-    DecoderProcess() = default;
-    ~DecoderProcess();
-    DecoderProcess(const DecoderProcess&) = delete;
-    DecoderProcess& operator=(const DecoderProcess&) = delete;
+    /// `timeLimit` is how long one file may take before the child is ended.
+    explicit DecoderProcess(std::chrono::milliseconds timeLimit = UsualTimeLimit) : m_timeLimit(timeLimit) {}
 
-    /// Error 0x8000FFFF with the decoder's own words, or with what became of the process. One file at a time:
-    /// a second thread waits.
-    Picture decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file);
+    /// Error 0x8000FFFF with the decoder's own words; as DecoderLost with what became of the process; error
+    /// 18 when a stop is requested before the answer, which ends the child.
+    Picture decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
+                   const std::stop_token& stop = {});
 
-    /// How long one file may take before the child is ended.
-    void setTimeLimit(std::chrono::milliseconds limit) { m_timeLimit = limit; }
-    pid_t processId() const { return m_child; }  ///< 0 when none runs
-    bool isWaiting() const { return m_waiting; } ///< a file was handed over and isn't answered yet
+    pid_t processId() const { return m_child.id(); } ///< 0 when none runs
+    bool isWaiting() const { return m_waiting; }     ///< a file was handed over and isn't answered yet
 
 private:
     void start(const FileUnderTest& file);
+    void requireIdleChild(const FileUnderTest& file);
     void send(const DecoderRequest& request, int content, const FileUnderTest& file);
-    void waitForReply(const FileUnderTest& file);
+    void waitForReply(const FileUnderTest& file, const std::stop_token& stop);
     void end();
-    [[noreturn]] void failForDeath(const FileUnderTest& file);
+    [[noreturn]] void failForBrokenAnswer(const FileUnderTest& file);
 
-    std::mutex m_mutex;
-    std::atomic<pid_t> m_child = 0;
+    ChildProcess m_child;
+    std::uint32_t m_serial = 0; ///< of the last request
     Descriptor m_socket;
-    std::chrono::milliseconds m_timeLimit = std::chrono::seconds(20);
+    const std::chrono::milliseconds m_timeLimit;
     std::atomic<bool> m_waiting = false;
 };
 

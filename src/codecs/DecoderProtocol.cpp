@@ -4,8 +4,6 @@
 #include <cerrno>
 #include <cstring>
 #include <sys/socket.h>
-#include <unistd.h>
-#include <utility>
 
 namespace tarsel {
 
@@ -17,16 +15,6 @@ struct ControlRoom {
 };
 
 } // namespace
-
-int Descriptor::release() {
-    return std::exchange(m_number, -1);
-}
-
-void Descriptor::reset(int number) {
-    if (m_number >= 0)
-        ::close(m_number);
-    m_number = number;
-}
 
 bool sendMessage(int socket, const void* record, std::size_t size, int descriptor) {
     iovec part{const_cast<void*>(record), size};

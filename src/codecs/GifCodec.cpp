@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
-#include "codecs/ByteReader.h"
-#include "codecs/DecoderProcess.h"
+#include "base/Stop.h"
+#include "bytes/ByteReader.h"
+#include "codecs/DecoderPool.h"
 
 namespace tarsel {
 
@@ -17,7 +18,7 @@ bool sniffGif(const QByteArray& bytes) {
 
 /// Layout: signature, width 16, height 16, flags (bits of the palette less one in the low three).
 PictureHeader gifHeader(const QByteArray& bytes, const QString& name) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     const int width = reader.word(6).value_or(0);
     const int height = reader.word(8).value_or(0);
     requirePlausibleSize({"GIF", name, bytes.size()}, width, height, PixelsPerByte);
@@ -30,7 +31,9 @@ int onePage(const QByteArray&, const QString&) {
 
 DecodedPicture decodeGif(const QByteArray& bytes, const QString& name, int) {
     gifHeader(bytes, name);
-    return {DecoderProcess::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}), {}};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}, currentStop()),
+        {}};
 }
 
 } // namespace

@@ -17,7 +17,7 @@ namespace {
 
 /// A block of 8 x 8 takes at least a few bits, however plain it is.
 constexpr std::int64_t PixelsPerByte = 1000;
-/// Coefficients of a progressive picture are held as a whole; beyond this the file is refused.
+/// Coefficients of a progressive picture are held in memory; beyond this the file is refused.
 constexpr long MemoryLimit = long(2) << 30;
 /// A crafted file repeats scans over a large picture to keep its reader busy; honest ones have some ten.
 constexpr int MostScans = 500;

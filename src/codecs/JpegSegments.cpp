@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegSegments.h"
 
+#include "bytes/Numbers.h"
 #include "embedded/ExifBlock.h"
 
 #include <QCryptographicHash>
-#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -95,7 +95,7 @@ QByteArray joined(std::vector<Chunk> chunks, quint32 first, SizeOf sizeOf) {
 /// Layout after the signature: 32 letters of digest, total size 32, offset 32, data.
 Chunk extensionChunk(const QByteArray& payload) {
     const char* numbers = payload.constData() + ExtensionSignature.size() + 32;
-    return {qFromBigEndian<quint32>(numbers + 4), qFromBigEndian<quint32>(numbers),
+    return {loadNumber<quint32>(numbers + 4, ByteOrder::Big), loadNumber<quint32>(numbers, ByteOrder::Big),
             payload.mid(ExtensionSignature.size() + 40)};
 }
 
@@ -169,8 +169,8 @@ QByteArray digestOf(const QByteArray& bytes) {
 }
 
 QByteArray bigEndian(quint32 number) {
-    QByteArray bytes(4, Qt::Uninitialized);
-    qToBigEndian(number, bytes.data());
+    QByteArray bytes;
+    appendNumber(bytes, number, ByteOrder::Big);
     return bytes;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PcxCodec.h"
 
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 
 #include <algorithm>
@@ -48,7 +48,7 @@ bool sniffPcx(const QByteArray& bytes) {
 PcxLayout readLayout(const QByteArray& bytes, const FileUnderTest& file) {
     if (bytes.size() < HeaderSize)
         failDecoding(file, QStringLiteral("no header"));
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     const auto word = [&](int at) { return int(*reader.word(at)); };
     PcxLayout layout;
     layout.hasRuns = *reader.byte(2) == 1;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
-#include "codecs/ByteReader.h"
+#include "base/Stop.h"
+#include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
-#include "codecs/DecoderProcess.h"
+#include "codecs/DecoderPool.h"
 #include "embedded/ResourceBlocks.h"
 
 namespace tarsel {
@@ -29,7 +30,7 @@ bool sniffPsd(const QByteArray& bytes) {
 }
 
 PictureHeader psdHeader(const QByteArray& bytes, const QString& name) {
-    const ByteReader reader(bytes, true);
+    const ByteReader reader(bytes, ByteOrder::Big);
     const auto height = std::int64_t(reader.dword(14).value_or(0));
     const auto width = std::int64_t(reader.dword(18).value_or(0));
     requirePlausibleSize({"PSD", name, bytes.size()}, width, height, PixelsPerByte);
@@ -42,10 +43,10 @@ int onePage(const QByteArray&, const QString&) {
 
 /// Empty when the sizes lead beyond the file.
 QByteArray resourceSection(const QByteArray& bytes) {
-    const ByteReader reader(bytes, true);
+    const ByteReader reader(bytes, ByteOrder::Big);
     const std::int64_t sizeAt = ColorModeDataOffset + 4 + reader.dword(ColorModeDataOffset).value_or(0);
-    const auto section = reader.stretch(sizeAt + 4, reader.dword(sizeAt).value_or(0));
-    return section ? section->toByteArray() : QByteArray();
+    const auto section = reader.slice(sizeAt + 4, reader.dword(sizeAt).value_or(0));
+    return section ? QByteArrayView(*section).toByteArray() : QByteArray();
 }
 
 EmbeddedMetadata psdMetadata(const QByteArray& bytes, const QString&) {
@@ -62,8 +63,9 @@ EmbeddedMetadata psdMetadata(const QByteArray& bytes, const QString&) {
 
 DecodedPicture decodePsd(const QByteArray& bytes, const QString& name, int) {
     psdHeader(bytes, name);
-    return {DecoderProcess::shared().decode(DecoderFormat::Psd, bytes, {"PSD", name, bytes.size()}),
-            psdMetadata(bytes, name)};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Psd, bytes, {"PSD", name, bytes.size()}, currentStop()),
+        psdMetadata(bytes, name)};
 }
 
 } // namespace

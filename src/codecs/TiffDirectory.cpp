@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffDirectory.h"
 
-#include <QtEndian>
 #include <algorithm>
 #include <array>
 
@@ -29,7 +28,8 @@ bool isPointer(std::uint16_t tag) {
 class DirectoryReader {
 public:
     DirectoryReader(const QByteArray& bytes, bool bigEndian) :
-        m_reader(bytes, bigEndian), m_budget(2 * std::int64_t(bytes.size())) {}
+        m_reader(bytes, bigEndian ? ByteOrder::Big : ByteOrder::Little),
+        m_budget(2 * std::int64_t(bytes.size())) {}
 
     TiffDirectory read(std::uint32_t offset, int level) {
         TiffDirectory directory;
@@ -48,13 +48,13 @@ private:
         if (!tag || !type || !count || !offset)
             return;
         const std::int64_t size = std::int64_t(elementSize(*type)) * *count;
-        const auto value = m_reader.stretch(size <= 4 ? at + 8 : *offset, size);
+        const auto value = m_reader.slice(size <= 4 ? at + 8 : *offset, size);
         if (size == 0 || !value)
             return;
         m_budget -= size;
         if (m_budget < 0)
             return;
-        TiffDirectory::Entry entry{*tag, *type, *count, value->toByteArray(), {}};
+        TiffDirectory::Entry entry{*tag, *type, *count, QByteArrayView(*value).toByteArray(), {}};
         if (isPointer(*tag)) {
             if (level >= DeepestLevel)
                 return;
@@ -69,11 +69,8 @@ private:
 
 template <class Number>
 QByteArray numberBytes(Number value, bool bigEndian) {
-    QByteArray bytes(sizeof value, Qt::Uninitialized);
-    if (bigEndian)
-        qToBigEndian(value, bytes.data());
-    else
-        qToLittleEndian(value, bytes.data());
+    QByteArray bytes;
+    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
     return bytes;
 }
 
@@ -146,7 +143,7 @@ std::optional<TiffStart> readTiffStart(const QByteArray& bytes) {
     const bool bigEndian = bytes.startsWith(QByteArray("MM\0*", 4));
     if (!bigEndian && !bytes.startsWith(QByteArray("II*\0", 4)))
         return std::nullopt;
-    const auto offset = ByteReader(bytes, bigEndian).dword(4);
+    const auto offset = ByteReader(bytes, bigEndian ? ByteOrder::Big : ByteOrder::Little).dword(4);
     if (!offset)
         return std::nullopt;
     return TiffStart{bigEndian, *offset};

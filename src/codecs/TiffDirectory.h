@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "codecs/ByteReader.h"
+#include "bytes/ByteReader.h"
 
 #include <QByteArray>
 #include <vector>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ForeignCodecs.h"
 
-#include "codecs/ByteReader.h"
-#include "codecs/DecoderProcess.h"
+#include "base/Stop.h"
+#include "bytes/ByteReader.h"
+#include "codecs/DecoderPool.h"
 
 namespace tarsel {
 
@@ -32,7 +33,7 @@ std::optional<std::int64_t> readMultiByte(const ByteReader& reader, std::int64_t
 
 /// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to whole bytes.
 std::optional<WbmpHeader> readHeader(const QByteArray& bytes) {
-    const ByteReader reader(bytes, false);
+    const ByteReader reader(bytes, ByteOrder::Little);
     if (reader.word(0) != 0)
         return std::nullopt;
     std::int64_t at = 2;
@@ -63,7 +64,9 @@ int onePage(const QByteArray&, const QString&) {
 
 DecodedPicture decodeWbmp(const QByteArray& bytes, const QString& name, int) {
     wbmpHeader(bytes, name);
-    return {DecoderProcess::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}), {}};
+    return {
+        DecoderPool::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}, currentStop()),
+        {}};
 }
 
 } // namespace

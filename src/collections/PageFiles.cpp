@@ -19,7 +19,7 @@ QString temporaryFolderPath(const QString& programFolder) {
     return joinedPath(programFolder, QStringLiteral("Temp"));
 }
 
-/// Is a name taken? A link that leads nowhere takes its name too.
+/// A dangling link takes a name too.
 bool isTaken(const QString& path) {
     const QFileInfo file(path);
     return file.exists() || file.isSymLink();

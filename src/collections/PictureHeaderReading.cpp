@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PictureHeaderReading.h"
 
-#include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 
 #include <QFile>
 

@@ -3,9 +3,9 @@
 
 #include "base/CodePage.h"
 #include "base/TrappedError.h"
+#include "bytes/Numbers.h"
 #include "configuration/ConfigFields.h"
 
-#include <QtEndian>
 #include <limits>
 #include <utility>
 
@@ -15,8 +15,8 @@ namespace {
 
 template <class Number>
 QByteArray numberBytes(Number number) {
-    QByteArray bytes(sizeof(Number), Qt::Uninitialized);
-    qToLittleEndian(number, bytes.data());
+    QByteArray bytes;
+    appendNumber(bytes, number, ByteOrder::Little);
     return bytes;
 }
 
@@ -42,7 +42,7 @@ QByteArray fieldBytes(const ConfigField& field, const ConfigValue& value) {
         value);
 }
 
-/// Takes fields from the front of the bytes. Once a field wasn't whole there are no bytes any more.
+/// Takes fields from the front of the bytes. After an incomplete field there are no more bytes.
 class FieldReader {
 public:
     explicit FieldReader(QByteArray bytes) : m_bytes(std::move(bytes)) {}
@@ -69,13 +69,13 @@ private:
     template <class Number>
     Number number() {
         const QByteArray bytes = take(sizeof(Number));
-        return bytes.isEmpty() ? Number(0) : qFromLittleEndian<Number>(bytes.constData());
+        return bytes.isEmpty() ? Number(0) : loadNumber<Number>(bytes.constData(), ByteOrder::Little);
     }
 
     QByteArray take(qsizetype size) {
-        const bool whole = size <= m_bytes.size() - m_at;
-        QByteArray taken = whole ? m_bytes.mid(m_at, size) : QByteArray();
-        m_at = whole ? m_at + size : m_bytes.size();
+        const bool complete = size <= m_bytes.size() - m_at;
+        QByteArray taken = complete ? m_bytes.mid(m_at, size) : QByteArray();
+        m_at = complete ? m_at + size : m_bytes.size();
         return taken;
     }
 

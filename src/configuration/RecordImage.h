@@ -12,8 +12,8 @@ namespace tarsel {
 /// bytes.
 QByteArray recordImage(const ConfigRecordData& record);
 
-/// The record from the bytes of a file. A field that isn't whole, and all behind it, comes back as zero or
-/// empty; bytes behind the last field are ignored. Any bytes are a record: nothing tells a foreign file.
+/// The record from the bytes of a file. An incomplete field and all that follow come back as zero or
+/// empty; bytes after the last field are ignored. Any bytes are a record: a foreign file can't be recognised.
 ConfigRecordData recordFromImage(const QByteArray& bytes);
 
 /// Bytes of a text of type F.

@@ -32,7 +32,7 @@ void limitProcess() {
     ::close_range(DecoderSocket + 1, ~0U, 0);
     limitForGood(RLIMIT_CORE, 0);
     limitForGood(RLIMIT_NOFILE, DescriptorLimit);
-#ifndef __SANITIZE_ADDRESS__ // its shadow alone is larger
+#if !defined __SANITIZE_ADDRESS__ && !defined __SANITIZE_THREAD__ // their shadows alone are larger
     limitForGood(RLIMIT_AS, MemoryLimit);
 #endif
 }
@@ -47,9 +47,10 @@ void allowTimeForOneFile() {
 DecoderReply answer(const DecoderRequest& request, int content, Descriptor& pixels) {
     struct stat facts = {};
     const std::size_t size = request.fileBytes;
-    const bool whole =
+    const bool complete =
         ::fstat(content, &facts) == 0 && facts.st_size >= 0 && std::size_t(facts.st_size) == size;
-    void* file = whole && size > 0 ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, content, 0) : MAP_FAILED;
+    void* file =
+        complete && size > 0 ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, content, 0) : MAP_FAILED;
     if (file == MAP_FAILED)
         return {0, 0, 0, "its bytes didn't arrive"};
     const DecoderReply reply = decode(request.format, {static_cast<const std::uint8_t*>(file), size}, pixels);
@@ -68,7 +69,8 @@ int run() {
             return 0;
         allowTimeForOneFile();
         Descriptor pixels;
-        const DecoderReply reply = answer(request, content.number(), pixels);
+        DecoderReply reply = answer(request, content.number(), pixels);
+        reply.serial = request.serial;
         if (!sendRecord(DecoderSocket, reply, reply.width > 0 ? pixels.number() : -1))
             return 0;
     }

@@ -2,8 +2,8 @@
 #include "embedded/ExifBlock.h"
 
 #include "base/TrappedError.h"
+#include "bytes/TiffStructure.h"
 
-#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -12,15 +12,15 @@ namespace tarsel {
 
 namespace {
 
-constexpr qsizetype headerSize = 8;
-constexpr qsizetype entrySize = 12;
-constexpr qsizetype inlineSize = 4;
+constexpr qsizetype headerSize = tiffHeaderSize;
+constexpr qsizetype entrySize = tiffEntrySize;
+constexpr qsizetype inlineSize = tiffInlineSize;
 constexpr qsizetype firstPointer = 4; ///< where the header holds the offset of the first directory
 
 constexpr quint16 thumbnailOffsetTag = 0x0201;
 constexpr quint16 thumbnailLengthTag = 0x0202;
 
-/// A directory that hangs on an attribute of another one.
+/// A directory that an attribute of another one points to.
 struct Child {
     ExifGroup group;
     ExifGroup parent;
@@ -32,7 +32,7 @@ constexpr std::array children{
     Child{ExifGroup::Interoperability, ExifGroup::Photo, 0xA005},
 };
 
-const Child* childBehind(ExifGroup parent, quint16 tag) {
+const Child* childAt(ExifGroup parent, quint16 tag) {
     const auto found = std::ranges::find_if(
         children, [&](const Child& child) { return child.parent == parent && child.pointerTag == tag; });
     return found == children.end() ? nullptr : &*found;
@@ -45,45 +45,19 @@ const Child* childOf(ExifGroup group) {
 
 } // namespace
 
-int exifTypeSize(ExifType type) {
-    switch (type) {
-    case ExifType::Byte:
-    case ExifType::Ascii:
-    case ExifType::SignedByte:
-    case ExifType::Undefined:
-        return 1;
-    case ExifType::Short:
-    case ExifType::SignedShort:
-        return 2;
-    case ExifType::Long:
-    case ExifType::SignedLong:
-    case ExifType::Float:
-    case ExifType::Directory:
-        return 4;
-    case ExifType::Rational:
-    case ExifType::SignedRational:
-    case ExifType::Double:
-        return 8;
-    }
-    return 0;
-}
-
 bool ExifEntry::isPointer() const {
-    return childBehind(group, tag) != nullptr;
+    return childAt(group, tag) != nullptr;
 }
 
 // --- reading -----------------------------------------------------------------------------------------------
 
 std::optional<ExifBlock> ExifBlock::read(const QByteArray& bytes) {
-    const bool bigEndian = bytes.startsWith("MM");
-    if (bytes.size() < headerSize || bytes.size() > std::numeric_limits<qint32>::max() ||
-        (!bigEndian && !bytes.startsWith("II")))
+    const auto header = readTiffHeader(std::as_bytes(std::span(bytes)));
+    if (!header || bytes.size() > std::numeric_limits<qint32>::max())
         return std::nullopt;
     ExifBlock block;
     block.m_bytes = bytes;
-    block.m_bigEndian = bigEndian;
-    if (block.read16(2) != 42)
-        return std::nullopt;
+    block.m_order = header->order;
     block.walk();
     if (!block.directory(ExifGroup::Image))
         return std::nullopt;
@@ -107,7 +81,7 @@ void ExifBlock::walk() {
         walkDirectory(ExifGroup::Thumbnail, next);
 }
 
-/// False when the offset at `pointerPosition` leads to no directory, or to one that was seen.
+/// False when the offset at `pointerPosition` does not lead to a directory, or leads to one that was seen.
 bool ExifBlock::walkDirectory(ExifGroup group, qsizetype pointerPosition) {
     const qsizetype offset = read32(pointerPosition);
     const auto seen = [&](const Directory& other) {
@@ -127,26 +101,20 @@ bool ExifBlock::walkDirectory(ExifGroup group, qsizetype pointerPosition) {
     for (qsizetype i = 0; i < count; ++i) {
         const ExifEntry entry = entryAt(group, first + i * entrySize);
         m_entries.push_back(entry);
-        if (const Child* child = childBehind(group, entry.tag); child && entry.hasValue)
+        if (const Child* child = childAt(group, entry.tag); child && entry.hasValue)
             walkDirectory(child->group, entry.position + 8);
     }
     return true;
 }
 
 ExifEntry ExifBlock::entryAt(ExifGroup group, qsizetype position) const {
-    ExifEntry entry;
-    entry.group = group;
-    entry.tag = read16(position);
-    entry.type = ExifType(read16(position + 2));
-    entry.count = read32(position + 4);
-    entry.position = position;
-    const qint64 size = qint64(exifTypeSize(entry.type)) * entry.count;
-    const qint64 offset = size <= inlineSize ? position + 8 : qint64(read32(position + 8));
-    entry.hasValue = exifTypeSize(entry.type) > 0 && size <= m_bytes.size() && offset >= headerSize &&
-                     offset <= m_bytes.size() - size;
+    const TiffEntry raw = readTiffEntry(ByteReader(m_bytes, m_order), position).value_or(TiffEntry());
+    ExifEntry entry{group, raw.tag, ExifType(raw.type), raw.count, position};
+    entry.hasValue = tiffElementSize(raw.type) > 0 && raw.valuePosition >= headerSize &&
+                     ByteReader(m_bytes, m_order).slice(raw.valuePosition, raw.valueSize);
     if (entry.hasValue) {
-        entry.valuePosition = offset;
-        entry.valueSize = size;
+        entry.valuePosition = raw.valuePosition;
+        entry.valueSize = raw.valueSize;
     }
     return entry;
 }
@@ -213,7 +181,7 @@ void ExifBlock::replaceValue(const ExifEntry& entry, ExifType type, quint32 coun
     writeEntry(old.position, old.tag, type, count, data);
 }
 
-/// Writes the directory anew, longer by one entry; entries stay in the order of their tags.
+/// Writes the directory again, longer by one entry; entries stay in the order of their tags.
 void ExifBlock::insertEntry(const Directory& place_, quint16 tag, ExifType type, quint32 count,
                             const QByteArray& data) {
     const Directory old = place_;
@@ -241,9 +209,8 @@ void ExifBlock::makeDirectory(ExifGroup group) {
     if (!child)
         fail(ErrorNumber::InvalidCall, QStringLiteral("this EXIF directory can't be created"));
     const qsizetype start = place(QByteArray(6, '\0'));
-    QByteArray pointer(4, '\0');
-    m_bigEndian ? qToBigEndian(quint32(start), pointer.data())
-                : qToLittleEndian(quint32(start), pointer.data());
+    QByteArray pointer;
+    appendNumber(pointer, quint32(start), m_order);
     set(child->parent, child->pointerTag, ExifType::Long, 1, pointer);
 }
 
@@ -311,7 +278,7 @@ void ExifBlock::dropThumbnail() {
 
 // --- room --------------------------------------------------------------------------------------------------
 
-/// Whether more than one directory or value lies on these bytes, or the header does.
+/// Whether these bytes belong to the header or to more than one directory or value.
 bool ExifBlock::isShared(const Range& range) const {
     int users = range.start < headerSize ? 2 : 0;
     const auto count = [&](qsizetype start, qsizetype size) {
@@ -351,7 +318,7 @@ void ExifBlock::addFree(Range range) {
         m_free.push_back(range);
 }
 
-/// Puts bytes where there is room, else at the end; gives their even position.
+/// Puts bytes where there is room, else at the end; returns their even position.
 qsizetype ExifBlock::place(const QByteArray& data) {
     const auto fits = [&](const Range& range) { return range.start % 2 == 0 && range.size >= data.size(); };
     const auto room = std::ranges::find_if(m_free, fits);
@@ -385,23 +352,25 @@ void ExifBlock::writeEntry(qsizetype position, quint16 tag, ExifType type, quint
 }
 
 quint16 ExifBlock::read16(qsizetype position) const {
-    const char* at = m_bytes.constData() + position;
-    return m_bigEndian ? qFromBigEndian<quint16>(at) : qFromLittleEndian<quint16>(at);
+    return ByteReader(m_bytes, m_order).word(position).value_or(0);
 }
 
 quint32 ExifBlock::read32(qsizetype position) const {
-    const char* at = m_bytes.constData() + position;
-    return m_bigEndian ? qFromBigEndian<quint32>(at) : qFromLittleEndian<quint32>(at);
+    return ByteReader(m_bytes, m_order).dword(position).value_or(0);
 }
 
 void ExifBlock::write16(qsizetype position, quint16 value) {
-    char* at = m_bytes.data() + position;
-    m_bigEndian ? qToBigEndian(value, at) : qToLittleEndian(value, at);
+    if (!writer().put(position, value))
+        fail(ErrorNumber::SubscriptOutOfRange);
 }
 
 void ExifBlock::write32(qsizetype position, quint32 value) {
-    char* at = m_bytes.data() + position;
-    m_bigEndian ? qToBigEndian(value, at) : qToLittleEndian(value, at);
+    if (!writer().put(position, value))
+        fail(ErrorNumber::SubscriptOutOfRange);
+}
+
+ByteWriter ExifBlock::writer() {
+    return {std::as_writable_bytes(std::span(m_bytes.data(), std::size_t(m_bytes.size()))), m_order};
 }
 
 std::optional<QByteArray> exifWithin(const QByteArray& exif, qsizetype limit) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "bytes/ByteWriter.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <optional>
@@ -8,8 +10,8 @@
 
 namespace tarsel {
 
-/// The directories of an EXIF block. Image is the first of the chain, Thumbnail the second; the others hang
-/// on pointer attributes.
+/// The directories of an EXIF block. Image is the first of the chain, Thumbnail the second; pointer
+/// attributes lead to the others.
 enum class ExifGroup { Image, Photo, Gps, Interoperability, Thumbnail };
 
 /// Type numbers of the TIFF structure, as they stand in a directory entry.
@@ -29,11 +31,8 @@ enum class ExifType : quint16 {
     Directory = 13
 };
 
-/// Bytes of one element; 0 for a type that doesn't exist.
-int exifTypeSize(ExifType type);
-
-/// One entry as found. Values of up to four bytes lie in the entry itself, others at an offset; an entry
-/// whose value lies outside the block, or whose type doesn't exist, is carried along but has no value.
+/// One entry as found. Values of up to four bytes are in the entry itself, others at an offset; an entry
+/// whose value is outside the block, or whose type doesn't exist, is carried along but has no value.
 struct ExifEntry {
     ExifGroup group = ExifGroup::Image;
     quint16 tag = 0;
@@ -51,9 +50,8 @@ struct ExifEntry {
 /// notes, which count their offsets from the start of the block, stay readable, and whatever this reader
 /// doesn't understand stays as it is. Bytes given up are zeroed and reused.
 ///
-/// Layout: byte order mark "II" or "MM", 42, offset of the first directory; a directory is a 16-bit count,
-/// that many entries of {tag 16, type 16, count 32, value or offset 32}, and the offset of the next one.
-/// Every offset and size of a foreign block is checked, directories are visited once.
+/// bytes/TiffStructure.h shows the layout. Every offset and size of a foreign block is checked, directories
+/// are visited once.
 class ExifBlock {
 public:
     /// Nothing when the bytes hold no TIFF structure with a first directory.
@@ -61,9 +59,9 @@ public:
     static ExifBlock fresh(); ///< little-endian, with an empty first directory
 
     const QByteArray& bytes() const { return m_bytes; }
-    bool isBigEndian() const { return m_bigEndian; }
+    ByteOrder order() const { return m_order; }
 
-    /// All entries in the order of the file, those of a directory behind the entry that points to it.
+    /// All entries in the order of the file, those of a directory after the entry that points to it.
     const std::vector<ExifEntry>& entries() const { return m_entries; }
     QByteArrayView value(const ExifEntry& entry) const;
     const ExifEntry* find(ExifGroup group, quint16 tag) const; ///< the first, or null
@@ -100,6 +98,7 @@ private:
     const Directory* directory(ExifGroup group) const;
     std::vector<Range> thumbnailData() const;
 
+    ByteWriter writer();
     void write16(qsizetype position, quint16 value);
     void write32(qsizetype position, quint32 value);
     void writeEntry(qsizetype position, quint16 tag, ExifType type, quint32 count, const QByteArray& data);
@@ -116,7 +115,7 @@ private:
     qsizetype place(const QByteArray& data);
 
     QByteArray m_bytes;
-    bool m_bigEndian = false;
+    ByteOrder m_order = ByteOrder::Little;
     std::vector<ExifEntry> m_entries;
     std::vector<Directory> m_directories;
     std::vector<Range> m_free; ///< zeroed here, and known to be nobody's

@@ -27,7 +27,7 @@ QDateTime exifTextToDate(const QString& text) {
     const QDate date(number(1), number(2), number(3));
     const QTime time(number(4), number(5), number(6));
     if (!date.isValid() || !time.isValid())
-        fail(ErrorNumber::TypeMismatch, u'"' + text + QStringLiteral("\" is no EXIF date"));
+        fail(ErrorNumber::TypeMismatch, u'"' + text + QStringLiteral("\" is not an EXIF date"));
     return {date, time};
 }
 

@@ -21,7 +21,7 @@ struct ExifTag {
     quint16 tag = 0;
     ExifType type = ExifType::Undefined;
     ExifWording wording = ExifWording::Plain;
-    /// Describes where other data lie: what it says would be wrong if it were written by hand.
+    /// Describes where other data are stored: a value written by hand would be wrong.
     bool isStructural = false;
 };
 

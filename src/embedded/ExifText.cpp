@@ -3,13 +3,12 @@
 
 #include "base/CodePage.h"
 #include "base/Conversions.h"
+#include "bytes/ByteReader.h"
 
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <QStringList>
-#include <QtEndian>
-#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -37,33 +36,37 @@ QString hexText(QByteArrayView bytes) {
     return QString::fromLatin1(bytes.toByteArray().toHex(',').toUpper());
 }
 
-QString utf16Text(QByteArrayView bytes, bool bigEndian) {
-    QStringDecoder decode(bigEndian ? QStringDecoder::Utf16BE : QStringDecoder::Utf16LE);
+QString utf16Text(QByteArrayView bytes, ByteOrder order) {
+    QStringDecoder decode(order == ByteOrder::Big ? QStringDecoder::Utf16BE : QStringDecoder::Utf16LE);
     const QString text = decode(bytes.first(bytes.size() / 2 * 2));
     return text.left(text.indexOf(QChar(u'\0')) < 0 ? text.size() : text.indexOf(QChar(u'\0')));
 }
 
-/// Writers disagree on the byte order of the UNICODE set. Latin text shows it: its zero bytes lie at even
+/// Writers disagree on the byte order of the UNICODE set. Latin text shows it: its zero bytes are at even
 /// positions in big-endian text.
-bool looksBigEndian(QByteArrayView bytes, bool otherwise) {
-    if (bytes.startsWith("\xFE\xFF") || bytes.startsWith("\xFF\xFE"))
-        return bytes.startsWith("\xFE\xFF");
+ByteOrder orderOfText(QByteArrayView bytes, ByteOrder otherwise) {
+    if (bytes.startsWith("\xFE\xFF"))
+        return ByteOrder::Big;
+    if (bytes.startsWith("\xFF\xFE"))
+        return ByteOrder::Little;
     qsizetype even = 0;
     qsizetype odd = 0;
     for (qsizetype i = 0; i + 1 < bytes.size(); i += 2) {
         even += bytes[i] == '\0';
         odd += bytes[i + 1] == '\0';
     }
-    return even == odd ? otherwise : even > odd;
+    if (even == odd)
+        return otherwise;
+    return even > odd ? ByteOrder::Big : ByteOrder::Little;
 }
 
-QString commentText(QByteArrayView bytes, bool bigEndian) {
+QString commentText(QByteArrayView bytes, ByteOrder order) {
     if (bytes.size() < characterSetSize)
         return codePage::decode(untilNul(bytes));
     const QByteArrayView set = bytes.first(characterSetSize);
     const QByteArrayView rest = bytes.sliced(characterSetSize);
     if (set == mark(unicodeMark))
-        return utf16Text(rest, looksBigEndian(rest, bigEndian));
+        return utf16Text(rest, orderOfText(rest, order));
     if (set == mark(jisMark)) {
         QStringDecoder decode("ISO-2022-JP");
         if (decode.isValid())
@@ -73,41 +76,40 @@ QString commentText(QByteArrayView bytes, bool bigEndian) {
 }
 
 template <class Number>
-Number numberAt(QByteArrayView bytes, qsizetype index, bool bigEndian) {
-    const char* at = bytes.data() + index * qsizetype(sizeof(Number));
-    return bigEndian ? qFromBigEndian<Number>(at) : qFromLittleEndian<Number>(at);
+Number numberAt(QByteArrayView bytes, qsizetype index, ByteOrder order) {
+    return ByteReader(bytes, order).number<Number>(index * qsizetype(sizeof(Number))).value_or(0);
 }
 
 template <class Number>
-QString rationalAt(QByteArrayView bytes, qsizetype index, bool bigEndian) {
+QString rationalAt(QByteArrayView bytes, qsizetype index, ByteOrder order) {
     return QStringLiteral("%1/%2")
-        .arg(numberAt<Number>(bytes, index * 2, bigEndian))
-        .arg(numberAt<Number>(bytes, index * 2 + 1, bigEndian));
+        .arg(numberAt<Number>(bytes, index * 2, order))
+        .arg(numberAt<Number>(bytes, index * 2 + 1, order));
 }
 
-QString elementText(ExifType type, QByteArrayView bytes, qsizetype index, bool bigEndian) {
+QString elementText(ExifType type, QByteArrayView bytes, qsizetype index, ByteOrder order) {
     switch (type) {
     case ExifType::Byte:
-        return QString::number(numberAt<quint8>(bytes, index, bigEndian));
+        return QString::number(numberAt<quint8>(bytes, index, order));
     case ExifType::SignedByte:
-        return QString::number(numberAt<qint8>(bytes, index, bigEndian));
+        return QString::number(numberAt<qint8>(bytes, index, order));
     case ExifType::Short:
-        return QString::number(numberAt<quint16>(bytes, index, bigEndian));
+        return QString::number(numberAt<quint16>(bytes, index, order));
     case ExifType::SignedShort:
-        return QString::number(numberAt<qint16>(bytes, index, bigEndian));
+        return QString::number(numberAt<qint16>(bytes, index, order));
     case ExifType::Long:
     case ExifType::Directory:
-        return QString::number(numberAt<quint32>(bytes, index, bigEndian));
+        return QString::number(numberAt<quint32>(bytes, index, order));
     case ExifType::SignedLong:
-        return QString::number(numberAt<qint32>(bytes, index, bigEndian));
+        return QString::number(numberAt<qint32>(bytes, index, order));
     case ExifType::Rational:
-        return rationalAt<quint32>(bytes, index, bigEndian);
+        return rationalAt<quint32>(bytes, index, order);
     case ExifType::SignedRational:
-        return rationalAt<qint32>(bytes, index, bigEndian);
+        return rationalAt<qint32>(bytes, index, order);
     case ExifType::Float:
-        return numberText(std::bit_cast<float>(numberAt<quint32>(bytes, index, bigEndian)));
+        return numberText(numberAt<float>(bytes, index, order));
     case ExifType::Double:
-        return numberText(std::bit_cast<double>(numberAt<quint64>(bytes, index, bigEndian)));
+        return numberText(numberAt<double>(bytes, index, order));
     case ExifType::Ascii:
     case ExifType::Undefined:
         break;
@@ -118,76 +120,66 @@ QString elementText(ExifType type, QByteArrayView bytes, qsizetype index, bool b
 // --- text to bytes -----------------------------------------------------------------------------------------
 
 template <class Number>
-void append(QByteArray& bytes, Number number, bool bigEndian) {
-    char raw[sizeof(Number)];
-    bigEndian ? qToBigEndian(number, raw) : qToLittleEndian(number, raw);
-    bytes.append(raw, sizeof(Number));
-}
-
-template <class Number>
-bool appendInteger(QByteArray& bytes, const QString& word, bool bigEndian) {
+bool appendInteger(QByteArray& bytes, const QString& word, ByteOrder order) {
     bool isNumber = false;
     const qint64 number = word.toLongLong(&isNumber);
     if (!isNumber || number < std::numeric_limits<Number>::min() ||
         number > std::numeric_limits<Number>::max())
         return false;
-    append(bytes, Number(number), bigEndian);
+    appendNumber(bytes, Number(number), order);
     return true;
 }
 
 template <class Number>
-bool appendPair(QByteArray& bytes, const QString& numerator, const QString& denominator, bool bigEndian) {
-    return appendInteger<Number>(bytes, numerator, bigEndian) &&
-           appendInteger<Number>(bytes, denominator, bigEndian);
+bool appendPair(QByteArray& bytes, const QString& numerator, const QString& denominator, ByteOrder order) {
+    return appendInteger<Number>(bytes, numerator, order) && appendInteger<Number>(bytes, denominator, order);
 }
 
 /// A decimal of up to six places becomes a fraction over a power of ten.
 template <class Number>
-bool appendRational(QByteArray& bytes, const QString& word, bool bigEndian) {
+bool appendRational(QByteArray& bytes, const QString& word, ByteOrder order) {
     if (const qsizetype slash = word.indexOf(u'/'); slash >= 0)
-        return appendPair<Number>(bytes, word.left(slash), word.mid(slash + 1), bigEndian);
+        return appendPair<Number>(bytes, word.left(slash), word.mid(slash + 1), order);
     static const QRegularExpression decimal(QStringLiteral("^([+-]?\\d+)(?:\\.(\\d{1,6}))?$"));
     const QRegularExpressionMatch match = decimal.match(word);
     if (!match.hasMatch())
         return false;
     const QString places = match.captured(2);
-    return appendPair<Number>(bytes, match.captured(1) + places, u'1' + QString(places.size(), u'0'),
-                              bigEndian);
+    return appendPair<Number>(bytes, match.captured(1) + places, u'1' + QString(places.size(), u'0'), order);
 }
 
 template <class Number>
-bool appendReal(QByteArray& bytes, const QString& word, bool bigEndian) {
+bool appendReal(QByteArray& bytes, const QString& word, ByteOrder order) {
     bool isNumber = false;
     const auto number = Number(word.toDouble(&isNumber));
     if (!isNumber || !std::isfinite(number))
         return false;
-    using Bits = std::conditional_t<sizeof(Number) == 4, quint32, quint64>;
-    append(bytes, std::bit_cast<Bits>(number), bigEndian);
+    appendNumber(bytes, number, order);
     return true;
 }
 
-bool appendElement(ExifType type, QByteArray& bytes, const QString& word, bool bigEndian) {
+bool appendElement(ExifType type, QByteArray& bytes, const QString& word, ByteOrder order) {
     switch (type) {
     case ExifType::Byte:
-        return appendInteger<quint8>(bytes, word, bigEndian);
+        return appendInteger<quint8>(bytes, word, order);
     case ExifType::SignedByte:
-        return appendInteger<qint8>(bytes, word, bigEndian);
+        return appendInteger<qint8>(bytes, word, order);
     case ExifType::Short:
-        return appendInteger<quint16>(bytes, word, bigEndian);
+        return appendInteger<quint16>(bytes, word, order);
     case ExifType::SignedShort:
-        return appendInteger<qint16>(bytes, word, bigEndian);
+        return appendInteger<qint16>(bytes, word, order);
     case ExifType::Long:
-        return appendInteger<quint32>(bytes, word, bigEndian);
+        return appendInteger<quint32>(bytes, word, order);
     case ExifType::SignedLong:
-        return appendInteger<qint32>(bytes, word, bigEndian);
+        return appendInteger<qint32>(bytes, word, order);
     case ExifType::Rational:
-        return appendRational<quint32>(bytes, word, bigEndian);
+        return appendRational<quint32>(bytes, word, order);
     case ExifType::SignedRational:
-        return appendRational<qint32>(bytes, word, bigEndian);
+        return appendRational<qint32>(bytes, word, order);
     case ExifType::Float:
-        return appendReal<float>(bytes, word, bigEndian);
+        return appendReal<float>(bytes, word, order);
     case ExifType::Double:
-        return appendReal<double>(bytes, word, bigEndian);
+        return appendReal<double>(bytes, word, order);
     case ExifType::Ascii:
     case ExifType::Undefined:
     case ExifType::Directory:
@@ -196,11 +188,11 @@ bool appendElement(ExifType type, QByteArray& bytes, const QString& word, bool b
     return false;
 }
 
-std::optional<ExifValueBytes> numbersFromText(ExifType type, const QString& text, bool bigEndian) {
+std::optional<ExifValueBytes> numbersFromText(ExifType type, const QString& text, ByteOrder order) {
     const QStringList words = text.simplified().split(u' ', Qt::SkipEmptyParts);
     ExifValueBytes value{type, quint32(words.size()), {}};
     for (const QString& word : words)
-        if (!appendElement(type, value.bytes, word, bigEndian))
+        if (!appendElement(type, value.bytes, word, order))
             return std::nullopt;
     if (words.isEmpty())
         return std::nullopt;
@@ -216,10 +208,10 @@ std::optional<ExifValueBytes> hexFromText(ExifType type, const QString& text) {
     return ExifValueBytes{type, quint32(bytes.size()), bytes};
 }
 
-QByteArray commentBytes(const QString& text, bool bigEndian) {
+QByteArray commentBytes(const QString& text, ByteOrder order) {
     if (std::ranges::all_of(text, [](QChar letter) { return letter.unicode() < 0x80; }))
         return mark(asciiMark) + text.toLatin1();
-    QStringEncoder encode(bigEndian ? QStringEncoder::Utf16BE : QStringEncoder::Utf16LE);
+    QStringEncoder encode(order == ByteOrder::Big ? QStringEncoder::Utf16BE : QStringEncoder::Utf16LE);
     return mark(unicodeMark) + QByteArray(encode(text));
 }
 
@@ -239,29 +231,29 @@ QString exifText(const ExifBlock& block, const ExifEntry& entry) {
     const ExifTag* tag = exifTagAt(entry.group, entry.tag);
     const ExifWording wording = tag ? tag->wording : ExifWording::Plain;
     if (wording == ExifWording::Comment)
-        return commentText(bytes, block.isBigEndian());
+        return commentText(bytes, block.order());
     if (wording == ExifWording::Utf16)
-        return utf16Text(bytes, false);
+        return utf16Text(bytes, ByteOrder::Little);
     if (entry.type == ExifType::Ascii)
         return codePage::decode(untilNul(bytes));
     if (entry.type == ExifType::Undefined || (entry.type == ExifType::Byte && entry.count > 1))
         return hexText(bytes);
     QStringList words;
     for (qsizetype i = 0; i < qsizetype(entry.count); ++i)
-        words.append(elementText(entry.type, bytes, i, block.isBigEndian()));
+        words.append(elementText(entry.type, bytes, i, block.order()));
     return words.join(u' ');
 }
 
-std::optional<ExifValueBytes> exifValueFromText(const ExifTag& tag, const QString& text, bool bigEndian) {
+std::optional<ExifValueBytes> exifValueFromText(const ExifTag& tag, const QString& text, ByteOrder order) {
     if (tag.wording == ExifWording::Comment)
-        return textValue(ExifType::Undefined, commentBytes(text, bigEndian));
+        return textValue(ExifType::Undefined, commentBytes(text, order));
     if (tag.wording == ExifWording::Utf16)
         return textValue(ExifType::Byte, utf16Bytes(text));
     if (tag.type == ExifType::Ascii)
         return textValue(ExifType::Ascii, text.toUtf8() + '\0');
     if (tag.type == ExifType::Undefined || (tag.type == ExifType::Byte && text.contains(u',')))
         return hexFromText(tag.type, text);
-    return numbersFromText(tag.type, text, bigEndian);
+    return numbersFromText(tag.type, text, order);
 }
 
 } // namespace tarsel

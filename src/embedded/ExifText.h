@@ -22,6 +22,6 @@ struct ExifValueBytes {
 
 /// The value that a raw text stands for, in the attribute's type; integers, decimals ("2.8") and pairs
 /// ("28/10") are taken as rationals. Nothing when the text doesn't convert or a number is out of range.
-std::optional<ExifValueBytes> exifValueFromText(const ExifTag& tag, const QString& text, bool bigEndian);
+std::optional<ExifValueBytes> exifValueFromText(const ExifTag& tag, const QString& text, ByteOrder order);
 
 } // namespace tarsel

@@ -3,9 +3,9 @@
 
 #include "base/CodePage.h"
 #include "base/TrappedError.h"
+#include "bytes/Numbers.h"
 
 #include <QStringDecoder>
-#include <QtEndian>
 #include <algorithm>
 #include <tuple>
 
@@ -30,7 +30,7 @@ struct Extent {
 };
 
 Extent extentAt(QByteArrayView rest) {
-    const auto size = qFromBigEndian<quint16>(rest.data() + 3);
+    const auto size = loadNumber<quint16>(rest.data() + 3, ByteOrder::Big);
     if (size <= largestPlainSize)
         return {headSize, size};
     const qsizetype sizeBytes = size & largestPlainSize;
@@ -60,11 +60,10 @@ bool isOldText(const QByteArray& data) {
 }
 
 QByteArray plainDataSet(quint8 record, quint8 number, const QByteArray& data) {
-    QByteArray bytes(headSize, '\0');
-    bytes[0] = dataSetMark;
-    bytes[1] = char(record);
-    bytes[2] = char(number);
-    qToBigEndian(quint16(data.size()), bytes.data() + 3);
+    QByteArray bytes;
+    for (const quint8 byte : {quint8(dataSetMark), record, number})
+        bytes.append(char(byte));
+    appendNumber(bytes, quint16(data.size()), ByteOrder::Big);
     return bytes + data;
 }
 
@@ -86,11 +85,11 @@ bool IimData::readDataSet(const QByteArray& bytes, qsizetype& position) {
     const Extent extent = extentAt(rest);
     if (extent.data < 0 || extent.data > rest.size() - extent.head)
         return false;
-    const qsizetype whole = extent.head + qsizetype(extent.data);
+    const qsizetype size = extent.head + qsizetype(extent.data);
     m_dataSets.push_back({quint8(rest[1]), quint8(rest[2]),
                           rest.sliced(extent.head, qsizetype(extent.data)).toByteArray(),
-                          rest.first(whole).toByteArray()});
-    position += whole;
+                          rest.first(size).toByteArray()});
+    position += size;
     return true;
 }
 

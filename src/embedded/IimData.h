@@ -31,7 +31,7 @@ public:
     /// Empty when there is nothing but the marks of version and character set.
     QByteArray bytes() const;
     bool isEmpty() const;
-    /// Whether the bytes ended with a whole dataset, or with filling.
+    /// Whether the bytes ended with a complete dataset, or with filling.
     bool isWhole() const { return m_tail.isEmpty(); }
 
     /// By number of record 2. `setTexts` takes the place of all datasets of that number, `setText` of the

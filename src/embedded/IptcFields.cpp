@@ -25,7 +25,7 @@ struct FieldRow {
 
 /// The rows in front of the custom fields. Image Notes and Local Caption stand where other programs keep
 /// document notes and local captions; the Image URL has no dataset of its own anywhere and takes the first
-/// free one behind the custom fields.
+/// free one after the custom fields.
 constexpr std::array listedFields{
     FieldRow{"IptcCaption", 120, Text, "Caption"},
     FieldRow{"IptcCaptionWriter", 122, Text, "Caption Writer"},
@@ -184,14 +184,14 @@ void setIptcUrgency(MetadataStore& store, int urgency) {
     setIptcText(store, "IptcUrgency", urgency == 0 ? QString() : QString::number(urgency));
 }
 
-QString iptcRowText(const MetadataStore& store, const IptcField& field) {
+QString iptcRowText(const MetadataStore& store, const IptcField& field, const DateForms& forms) {
     const std::string member = field.member.toStdString();
     switch (field.kind) {
     case List:
         return iptcList(store, member).join(u',');
     case Date:
     case Time: {
-        const QString shown = formatDate(iptcDate(store, member), QStringLiteral("Short Date"));
+        const QString shown = shortDateText(iptcDate(store, member), forms);
         return shown == QLatin1String("12/30/1899") ? QString() : shown;
     }
     case Text:

@@ -10,6 +10,7 @@
 namespace tarsel {
 
 class MetadataStore;
+struct DateForms;
 
 enum class IptcKind {
     Text,
@@ -52,8 +53,8 @@ void setIptcDate(MetadataStore& store, std::string_view member, const QDateTime&
 int iptcUrgency(const MetadataStore& store); ///< 0 when absent
 void setIptcUrgency(MetadataStore& store, int urgency);
 
-/// Any member as the text of its row: lists joined by ",", dates in the system's short date, "" for the empty
+/// Any member as the text of its row: lists joined by ",", dates in the user's short form, "" for the empty
 /// date.
-QString iptcRowText(const MetadataStore& store, const IptcField& field);
+QString iptcRowText(const MetadataStore& store, const IptcField& field, const DateForms& forms);
 
 } // namespace tarsel

@@ -9,6 +9,7 @@
 #include "embedded/ResourceBlocks.h"
 
 #include <algorithm>
+#include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -60,7 +61,7 @@ std::vector<const ExifTag*> placesOf(const ExifBlock& block, const ExifTag& stan
 /// The block with the value set in one place; nothing when the text doesn't convert or when anything else
 /// would not read as before. A block that fitted a JPEG segment still does: its thumbnail goes first.
 std::optional<ExifBlock> withAttribute(const ExifBlock& before, const ExifTag& tag, const QString& text) {
-    const std::optional<ExifValueBytes> value = exifValueFromText(tag, text, before.isBigEndian());
+    const std::optional<ExifValueBytes> value = exifValueFromText(tag, text, before.order());
     if (!value)
         return std::nullopt;
     const auto changed = [&](ExifBlock block) {
@@ -80,7 +81,7 @@ std::optional<ExifBlock> withAttribute(const ExifBlock& before, const ExifTag& t
     return readsBack && after.keepsAllOf(reference, tag.group, tag.tag) ? std::optional(after) : std::nullopt;
 }
 
-/// Nothing when other attributes hang on this one or lie on the same bytes.
+/// Nothing when other attributes depend on this one or share its bytes.
 std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAttribute& attribute) {
     const ExifEntry* entry = before.find(attribute.group, attribute.tag);
     if (entry && entry->isPointer())
@@ -114,38 +115,33 @@ IimData readSideFile(const QString& path) {
 
 } // namespace
 
-/// Blocks as they are now, and what was read from them so far.
+/// Blocks that never change, and what they say, parsed at the first look: copies on any thread share it.
 struct MetadataStore::State {
-    EmbeddedMetadata blocks;
-    std::optional<std::vector<ExifAttribute>> attributes;
-    std::optional<IimData> iptc;
+    explicit State(EmbeddedMetadata held) : blocks(std::move(held)) {}
 
-    const std::vector<ExifAttribute>& exif() {
-        if (!attributes)
-            attributes = attributesOf(blocks.exif);
-        return *attributes;
+    const EmbeddedMetadata blocks;
+
+    const std::vector<ExifAttribute>& exif() const {
+        std::call_once(exifOnce, [this] { attributes = attributesOf(blocks.exif); });
+        return attributes;
     }
-    const IimData& iim() {
-        if (!iptc)
+    const IimData& iim() const {
+        std::call_once(iimOnce, [this] {
             iptc = IimData(ResourceBlocks(blocks.resources).data(ResourceBlocks::iptcNumber));
-        return *iptc;
+        });
+        return iptc;
     }
-    void setExif(const QByteArray& bytes) {
-        blocks.exif = bytes;
-        attributes.reset();
-    }
-    void setIim(const IimData& data) {
-        ResourceBlocks resources(blocks.resources);
-        resources.replace(ResourceBlocks::iptcNumber, data.bytes());
-        blocks.resources = resources.bytes();
-        iptc.reset();
-    }
+
+private:
+    mutable std::once_flag exifOnce;
+    mutable std::vector<ExifAttribute> attributes;
+    mutable std::once_flag iimOnce;
+    mutable IimData iptc;
 };
 
-MetadataStore::MetadataStore() : m_state(std::make_shared<State>()) {}
-MetadataStore::MetadataStore(EmbeddedMetadata blocks) : m_state(std::make_shared<State>()) {
-    m_state->blocks = std::move(blocks);
-}
+MetadataStore::MetadataStore() : MetadataStore(EmbeddedMetadata()) {}
+MetadataStore::MetadataStore(EmbeddedMetadata blocks) :
+    m_state(std::make_shared<const State>(std::move(blocks))) {}
 MetadataStore::~MetadataStore() = default;
 MetadataStore::MetadataStore(const MetadataStore&) = default;
 MetadataStore& MetadataStore::operator=(const MetadataStore&) = default;
@@ -157,11 +153,18 @@ MetadataStore& MetadataStore::operator=(MetadataStore&& other) noexcept {
     return *this;
 }
 
-/// For a change: copies that share the state keep what they have.
-MetadataStore::State& MetadataStore::own() {
-    if (m_state.use_count() > 1)
-        m_state = std::make_shared<State>(*m_state);
-    return *m_state;
+void MetadataStore::setExif(const QByteArray& bytes) {
+    EmbeddedMetadata changed = m_state->blocks;
+    changed.exif = bytes;
+    m_state = std::make_shared<const State>(std::move(changed));
+}
+
+void MetadataStore::setIim(const IimData& data) {
+    EmbeddedMetadata changed = m_state->blocks;
+    ResourceBlocks resources(changed.resources);
+    resources.replace(ResourceBlocks::iptcNumber, data.bytes());
+    changed.resources = resources.bytes();
+    m_state = std::make_shared<const State>(std::move(changed));
 }
 
 EmbeddedMetadata MetadataStore::blocks() const {
@@ -206,7 +209,7 @@ bool MetadataStore::ExifSet(const QString& name, const QString& value) {
             return false;
     }
     if (block->bytes() != present)
-        own().setExif(block->bytes());
+        setExif(block->bytes());
     return true;
 }
 
@@ -222,13 +225,15 @@ bool MetadataStore::ExifDelete(const QString& name) {
         found = true;
     }
     if (found)
-        own().setExif(block->entries().empty() ? QByteArray() : block->bytes());
+        setExif(block->entries().empty() ? QByteArray() : block->bytes());
     return found;
 }
 
 void MetadataStore::ExifClear() {
-    own().setExif({});
-    own().blocks.cameraSegments.clear();
+    EmbeddedMetadata changed = m_state->blocks;
+    changed.exif.clear();
+    changed.cameraSegments.clear();
+    m_state = std::make_shared<const State>(std::move(changed));
 }
 
 // --- IPTC --------------------------------------------------------------------------------------------------
@@ -250,7 +255,7 @@ void MetadataStore::setIptcText(int dataset, const QString& text) {
         return;
     IimData data = m_state->iim();
     data.setText(dataset, text);
-    own().setIim(data);
+    setIim(data);
 }
 
 void MetadataStore::setIptcList(int dataset, const QStringList& texts) {
@@ -258,15 +263,15 @@ void MetadataStore::setIptcList(int dataset, const QStringList& texts) {
         return;
     IimData data = m_state->iim();
     data.setTexts(dataset, texts);
-    own().setIim(data);
+    setIim(data);
 }
 
 void MetadataStore::IptcClear() {
-    own().setIim({});
+    setIim({});
 }
 
 void MetadataStore::IptcLoadFromFile(const QString& path) {
-    own().setIim(readSideFile(path));
+    setIim(readSideFile(path));
 }
 
 void MetadataStore::IptcSaveToFile(const QString& path) const {

@@ -10,9 +10,12 @@
 
 namespace tarsel {
 
-/// The metadata that a box holds: bytes and types as read; only what was changed is written anew. Maker
+class IimData;
+
+/// The metadata that a box holds: bytes and types as read; only what was changed is written again. Maker
 /// notes, XMP and the profile are carried along. Parsing happens on the first look, so that a picture that
-/// only passes through costs nothing. Copies share what was parsed, and are thus for one thread at a time.
+/// only passes through costs nothing. Copies share what was parsed and may be used on different threads; a
+/// single store belongs to one thread at a time.
 class MetadataStore {
 public:
     MetadataStore();
@@ -36,7 +39,7 @@ public:
     /// isn't known or describes the structure, when the value doesn't convert to the attribute's type, or
     /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.
     bool ExifSet(const QString& name, const QString& value);
-    bool ExifDelete(const QString& name); ///< false when absent, or when others hang on it
+    bool ExifDelete(const QString& name); ///< false when absent, or when others depend on it
     void ExifClear();                     ///< and what camera makers store beside the block
 
     // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
@@ -47,18 +50,19 @@ public:
     QStringList iptcList(int dataset) const;
     void setIptcList(int dataset, const QStringList& texts);
     void IptcClear();
-    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is no .ffo file
+    void IptcLoadFromFile(const QString& path); ///< 53 when missing, 0x8000FFFF when it is not an .ffo file
     void IptcSaveToFile(const QString& path) const;
 
 private:
     struct State;
-    State& own();
+    void setExif(const QByteArray& bytes);
+    void setIim(const IimData& data);
 
-    std::shared_ptr<State> m_state;
+    std::shared_ptr<const State> m_state; ///< replaced by a change, so that copies keep what they have
 };
 
 /// Between a date and the EXIF date text "yyyy:MM:dd hh:mm:ss". The standard's unknown date (blanks or zeros)
-/// is the empty date; error 13 for any other text that is no such date.
+/// is the empty date; error 13 for any other text.
 QDateTime exifTextToDate(const QString& text);
 QString exifDateToText(const QDateTime& date);
 

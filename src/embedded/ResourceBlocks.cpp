@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/ResourceBlocks.h"
 
-#include <QtEndian>
+#include "bytes/ByteReader.h"
+
 #include <algorithm>
 #include <array>
 
@@ -23,8 +24,8 @@ qsizetype even(qsizetype size) {
 
 template <class Number>
 QByteArray bigEndianBytes(Number number) {
-    QByteArray bytes(sizeof(Number), '\0');
-    qToBigEndian(number, bytes.data());
+    QByteArray bytes;
+    appendNumber(bytes, number, ByteOrder::Big);
     return bytes;
 }
 
@@ -48,20 +49,23 @@ ResourceBlocks::ResourceBlocks(const QByteArray& bytes) {
 
 bool ResourceBlocks::readBlock(const QByteArray& bytes, qsizetype& position) {
     const QByteArrayView rest = QByteArrayView(bytes).sliced(position);
-    if (!startsWithMark(rest) || rest.size() <= namePosition)
+    const ByteReader reader(rest, ByteOrder::Big);
+    const auto number = reader.word(markSize);
+    const auto nameSize = reader.byte(namePosition);
+    if (!startsWithMark(rest) || !number || !nameSize)
         return false;
-    const qsizetype headSize = namePosition + even(1 + quint8(rest[namePosition]));
+    const qsizetype headSize = namePosition + even(1 + *nameSize);
     const qsizetype dataPosition = headSize + qsizetype(sizeof(quint32));
-    if (rest.size() < dataPosition)
+    const auto declared = reader.dword(headSize);
+    if (!declared)
         return false;
-    const qint64 declared = qFromBigEndian<quint32>(rest.data() + headSize);
     const qsizetype available = rest.size() - dataPosition;
-    const qsizetype size = std::min<qint64>(declared, available);
-    const qsizetype whole = std::min(dataPosition + even(size), rest.size());
-    m_cutShort = declared > available;
-    m_blocks.push_back({qFromBigEndian<quint16>(rest.data() + markSize), rest.first(headSize).toByteArray(),
-                        rest.sliced(dataPosition, size).toByteArray(), rest.first(whole).toByteArray()});
-    position += whole;
+    const qsizetype size = std::min<qint64>(*declared, available);
+    const qsizetype fullSize = std::min(dataPosition + even(size), rest.size());
+    m_cutShort = *declared > available;
+    m_blocks.push_back({*number, rest.first(headSize).toByteArray(),
+                        rest.sliced(dataPosition, size).toByteArray(), rest.first(fullSize).toByteArray()});
+    position += fullSize;
     return true;
 }
 
@@ -92,7 +96,7 @@ QByteArray ResourceBlocks::data(quint16 number) const {
     return data;
 }
 
-/// A block that declares more than there is swallows what follows it: nothing is put behind that.
+/// A block that declares more than there is would take what follows it as its data: nothing is put after it.
 qsizetype ResourceBlocks::placeOf(quint16 number) const {
     const auto first = std::ranges::find(m_blocks, number, &Block::number);
     const qsizetype end = qsizetype(m_blocks.size()) - (m_cutShort ? 1 : 0);

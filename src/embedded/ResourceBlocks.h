@@ -16,24 +16,24 @@ public:
 
     ResourceBlocks() = default;
     /// Reads as far as the blocks make sense; what follows is carried along as it stands. A last block that
-    /// is cut short gives what there is of its data.
+    /// is cut short has what there is of its data.
     explicit ResourceBlocks(const QByteArray& bytes);
 
     /// The bytes of one block without a name.
     static QByteArray block(quint16 number, const QByteArray& data);
 
-    /// Blocks that weren't replaced give their bytes unchanged.
+    /// Blocks that weren't replaced keep their bytes.
     QByteArray bytes() const;
 
     bool contains(quint16 number) const;
-    /// Data of all blocks of that number, one behind the other.
+    /// Data of all blocks of that number, one after the other.
     QByteArray data(quint16 number) const;
-    /// Puts `data` in the place of the first block of that number, or behind the last block, and drops the
+    /// Puts `data` in the place of the first block of that number, or after the last block, and drops the
     /// others of that number. Empty data remove the block.
     void replace(quint16 number, const QByteArray& data);
 
     int count() const { return int(m_blocks.size()); }
-    /// Whether the bytes ended with a whole block.
+    /// Whether the bytes ended with a complete block.
     bool isWhole() const { return m_tail.isEmpty() && !m_cutShort; }
 
 private:

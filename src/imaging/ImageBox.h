@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <stop_token>
 
 namespace tarsel {
 
@@ -22,7 +23,7 @@ struct TextFont {
 
 enum class SelectionShape { None, Rectangle, Ellipse };
 
-/// Edges in picture coordinates; right and bottom are the first pixel behind.
+/// Edges in picture coordinates; right and bottom are the first pixel outside.
 struct Edges {
     int left = 0;
     int top = 0;
@@ -36,7 +37,7 @@ struct Edges {
 ///
 /// Settings are plain members; what is computed or does work is a function. Coordinates are picture pixels
 /// with the origin top left. A failing member raises TrappedError; loading alone has the soft failure
-/// LoadFailed. Operations on an empty box raise error 5.
+/// LoadFailed. Operations on an empty box raise error 5. Each box may be used on any thread, one at a time.
 class ImageBox {
 public:
     // --- picture in and out
@@ -51,13 +52,14 @@ public:
     /// be read.
     static int PageCount(const QString& path);
     /// Decodes by content. On failure the box is empty and LoadFailed is true; the error (0x8000FFFF for a
-    /// file that its decoder can't make sense of, 53 for a missing one) is raised.
-    void LoadFromFile(const QString& path);
+    /// file that its decoder can't make sense of, 53 for a missing one, 18 for a stop) is raised.
+    void LoadFromFile(const QString& path, const std::stop_token& stop = {});
     bool LoadFailed() const { return m_loadFailed; }
-    /// What is wrong with the file whose picture was loaded in part; empty for a whole one.
+    /// What is wrong with the file whose picture was loaded in part; empty for an undamaged one.
     QString LoadDamage() const { return m_loadDamage; }
     /// Encodes by the path's extension with the save settings and the metadata held, through the safe writer.
-    void SaveToFile(const QString& path);
+    /// Once the writing has begun a stop is ignored.
+    void SaveToFile(const QString& path, const std::stop_token& stop = {});
     /// Format 7 is the shared picture itself: costs nothing until a pixel changes.
     Picture SaveToMemory(int format) const;
     void LoadFromMemory(const Picture& snapshot, int format);
@@ -85,7 +87,7 @@ public:
     Color BackColor = 0xFFFFFF; ///< fill of every operation that creates new area
     bool BackColorTransparent = false;
 
-    // --- tone and filters, on the whole picture
+    // --- tone and filters, on the entire picture
     // ---------------------------------------------------------------
     void Brightness(int level, bool red, bool green, bool blue); ///< 0 to 100, 50 is neutral
     void Contrast(int level, bool red, bool green, bool blue);   ///< 0 to 100, 50 is neutral
@@ -120,7 +122,7 @@ public:
     Color TextBackColor = 0xFFFFFF;
     bool TextTransparent = true;
     float TextAngle = 0;   ///< degrees, counter-clockwise; -90 runs downward
-    int TextAlignment = 0; ///< where x lies on the text: 0 left, 1 centre, 2 right
+    int TextAlignment = 0; ///< where x is on the text: 0 left, 1 centre, 2 right
     bool TextAntiAlias = true;
     int TextWidth(const QString& text) const;
     int TextHeight(const QString& text) const;

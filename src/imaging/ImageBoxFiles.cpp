@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/ImageBox.h"
 
-#include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
+#include "base/Stop.h"
 #include "codecs/Codec.h"
 
 #include <QDateTime>
@@ -20,22 +21,31 @@ QString extensionOf(const QString& path) {
 /// The picture merged last: a batch lays the same watermark on every picture.
 class MergedPictures {
 public:
+    /// Decodes outside of the lock, so that no thread waits for another one's file.
     Picture load(const QString& path) {
-        const QFileInfo facts(path);
-        const std::lock_guard lock(m_mutex);
-        if (m_picture.isNull() || path != m_path || facts.lastModified() != m_modified ||
-            facts.size() != m_size)
-            read(path, facts);
-        return m_picture;
+        const QFileInfo file(path);
+        const Picture known = kept(path, file);
+        if (!known.isNull())
+            return known;
+        Picture read = decodeByContent(readWholeFile(path), path, 1).picture;
+        keep(path, file, read);
+        return read;
     }
 
 private:
-    void read(const QString& path, const QFileInfo& facts) {
-        m_picture = {};
-        m_picture = decodeByContent(readWholeFile(path), path, 1).picture;
+    /// A null picture when it is another one; that one goes, to make room.
+    Picture kept(const QString& path, const QFileInfo& file) {
+        const std::lock_guard lock(m_mutex);
+        if (path != m_path || file.lastModified() != m_modified || file.size() != m_size)
+            m_picture = {};
+        return m_picture;
+    }
+    void keep(const QString& path, const QFileInfo& file, const Picture& picture) {
+        const std::lock_guard lock(m_mutex);
+        m_picture = picture;
         m_path = path;
-        m_modified = facts.lastModified();
-        m_size = facts.size();
+        m_modified = file.lastModified();
+        m_size = file.size();
     }
 
     std::mutex m_mutex;
@@ -62,22 +72,31 @@ int ImageBox::PageCount(const QString& path) {
     return pages;
 }
 
-void ImageBox::LoadFromFile(const QString& path) {
+void ImageBox::LoadFromFile(const QString& path, const std::stop_token& stop) {
+    const StopScope scope(stop);
     Clear();
     m_loadFailed = true;
-    DecodedPicture decoded = decodeByContent(readWholeFile(path), path, PageNumber);
+    raiseIfStopped();
+    const QByteArray bytes = readWholeFile(path);
+    raiseIfStopped();
+    DecodedPicture decoded = decodeByContent(bytes, path, PageNumber);
+    raiseIfStopped();
     m_picture = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));
     m_loadDamage = std::move(decoded.damage);
     m_loadFailed = false;
 }
 
-void ImageBox::SaveToFile(const QString& path) {
+void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
+    const StopScope scope(stop);
     requireImage();
     const Codec* codec = codecForExtension(extensionOf(path));
     if (!codec || !codec->encode)
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": no writer for this format"));
-    writeFileSafely(path, codec->encode(m_picture, saveSettings(), m_metadata.blocks()));
+    raiseIfStopped();
+    const QByteArray encoded = codec->encode(m_picture, saveSettings(), m_metadata.blocks());
+    raiseIfStopped();
+    writeFileSafely(path, encoded);
 }
 
 void ImageBox::MergeFile(const QString& path) {

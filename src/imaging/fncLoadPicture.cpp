@@ -2,6 +2,7 @@
 #include "imaging/fncLoadPicture.h"
 
 #include "base/SafeFileWriter.h"
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/Codec.h"
 #include "codecs/Flatten.h"
@@ -116,6 +117,7 @@ Loaded decodeWhole(const Codec& codec, const Request& request) {
 
 Loaded openFitted(const Codec& codec, const Request& request) {
     Loaded loaded = codec.decodeReduced ? decodeSmall(codec, request) : decodeWhole(codec, request);
+    raiseIfStopped();
     loaded.picture = drawn(loaded.picture, loaded.sourceSize, request.mode, request.box, request.backColor);
     return loaded;
 }
@@ -128,7 +130,7 @@ Loaded openOnBackColor(const Codec& codec, const Request& request) {
     return loaded;
 }
 
-/// The road of the common formats, by content. Nothing when the file is of another format, or damaged; then
+/// The common formats, by content. Nothing when the file is of another format, or damaged; then
 /// `damage` says why.
 std::optional<Loaded> openDirectly(const Request& request, QString& damage) {
     const Codec* codec = codecForContent(request.bytes, request.path);
@@ -138,6 +140,7 @@ std::optional<Loaded> openDirectly(const Request& request, QString& damage) {
         return request.mode == LoadMode::FullSize ? openOnBackColor(*codec, request)
                                                   : openFitted(*codec, request);
     } catch (const TrappedError& error) {
+        raiseIfStopped();
         damage = error.description;
         return std::nullopt;
     }
@@ -147,7 +150,7 @@ std::optional<Loaded> openDirectly(const Request& request, QString& damage) {
     throw TrappedError{ErrorNumber::InvalidPicture, QStringLiteral("Error loading picture ") + fact};
 }
 
-/// The road of all others: by content, else by extension. At full size the pixels are as the file holds them.
+/// All others: by content, else by extension. At full size the pixels are as the file holds them.
 Loaded openByFallback(const Request& request, const QString& damage) {
     if (!damage.isEmpty()) // the same decoder would meet the same damage
         failLoading(damage);
@@ -160,6 +163,7 @@ Loaded openByFallback(const Request& request, const QString& damage) {
         return request.mode == LoadMode::FullSize ? decodeWhole(*codec, request)
                                                   : openFitted(*codec, request);
     } catch (const TrappedError& error) {
+        raiseIfStopped();
         failLoading(error.description);
     }
 }
@@ -193,13 +197,16 @@ Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color back
 }
 
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box, Color backColor,
-                                      Size* sourceSize) {
+                                      Size* sourceSize, const std::stop_token& stop) {
+    const StopScope scope(stop);
     requireBox(mode, box);
+    raiseIfStopped();
     const Request request{path,     QFileInfo(path).suffix().toLower(), readWholeFile(path), mode, box,
                           backColor};
     const bool known = isMetafile(request.extension) || codecForContent(request.bytes, path);
     if (!known)
         return std::nullopt;
+    raiseIfStopped();
     Loaded loaded = open(request);
     if (sourceSize)
         *sourceSize = loaded.sourceSize;

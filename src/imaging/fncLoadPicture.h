@@ -6,14 +6,14 @@
 
 #include <QString>
 #include <optional>
+#include <stop_token>
 
 namespace tarsel {
 
 enum class LoadMode {
     FullSize = 0,
     FitInside = 1, ///< fitted inside the box, proportions kept, never enlarged
-    ExactBox =
-        2 ///< the size of the box exactly; the picture fitted whole into it and centred on the back colour
+    ExactBox = 2   ///< the size of the box exactly; the picture fitted into it and centred on the back colour
 };
 
 struct Size {
@@ -23,12 +23,14 @@ struct Size {
 };
 
 /// Opens any file as a picture, at full size or in a box; the first page of a document.
-/// Unknown content gives nothing. Error 481 when the content is known and can't be read.
-/// `sourceSize`, when given, receives the file's own size.
+/// Returns nothing for unknown content. Error 481 when the content is known and can't be read.
+/// `sourceSize`, when given, receives the file's own size. Error 18 once a stop is requested. Any thread may
+/// call it.
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box = {-1, -1},
-                                      Color backColor = 0xFFFFFF, Size* sourceSize = nullptr);
+                                      Color backColor = 0xFFFFFF, Size* sourceSize = nullptr,
+                                      const std::stop_token& stop = {});
 
-/// The size that mode FitInside gives.
+/// The size of a picture in mode FitInside.
 Size fitInside(Size picture, Size box);
 
 /// The same drawing from a picture in memory: FullSize keeps it, FitInside and ExactBox as above.

@@ -116,6 +116,10 @@ QString spaced(const QString& name) {
 
 QString FormatExifAttributeName(const QString& name) {
     TrappingString = QStringLiteral("Formatting Exif Attribute name");
+    return ExifNameInWords(name);
+}
+
+QString ExifNameInWords(const QString& name) {
     const auto isName = [&](const char* other) { return name == QLatin1String(other); };
     if (std::ranges::any_of(spacedNames, isName))
         return spaced(name);

@@ -141,15 +141,6 @@ QString wordOf(const ExifVocabulary& vocabulary, qint32 number) {
     return QString::fromLatin1(found == vocabulary.words.end() ? vocabulary.otherwise : found->text);
 }
 
-QString words(const QString& name, const QString& value) {
-    const auto isName = [&](const char* other) { return name == QLatin1String(other); };
-    const auto computed = std::ranges::find_if(computedAttributes, isName, &Computed::name);
-    if (computed != computedAttributes.end())
-        return computed->words(value);
-    const ExifVocabulary* vocabulary = exifVocabulary(name);
-    return vocabulary ? wordOf(*vocabulary, toInt32(value)) : QString();
-}
-
 qint32 numberOrZero(const QString& text) {
     qint32 number = 0;
     ignoringErrors([&] { number = toInt32(text); });
@@ -158,10 +149,19 @@ qint32 numberOrZero(const QString& text) {
 
 } // namespace
 
+QString ExifValueInWords(const QString& name, const QString& value) {
+    const auto isName = [&](const char* other) { return name == QLatin1String(other); };
+    const auto computed = std::ranges::find_if(computedAttributes, isName, &Computed::name);
+    if (computed != computedAttributes.end())
+        return computed->words(value);
+    const ExifVocabulary* vocabulary = exifVocabulary(name);
+    return vocabulary ? wordOf(*vocabulary, toInt32(value)) : QString();
+}
+
 QString FormatExifAttributeValue(const QString& name, const QString& value) {
     TrappingString = QStringLiteral("Read exif attribute and interpret it to readable format");
     QString result;
-    trap("modMetadata.fncEXIFInterpret", [&] { result = words(name, value); });
+    trap("modMetadata.fncEXIFInterpret", [&] { result = ExifValueInWords(name, value); });
     return result;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
+#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
@@ -49,13 +50,14 @@ void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path
         if (!box.HasImage())
             return;
         list.setTag(path);
+        const DateForms forms = desktopDateForms();
         for (const IptcField& field : iptcFields()) {
             if (!field.isListed)
                 continue;
             ListRow row;
             row.text = field.label;
             row.icon = editableIcon;
-            row.subItems = {iptcRowText(box.metadata(), field)};
+            row.subItems = {iptcRowText(box.metadata(), field, forms)};
             list.add(row);
         }
     });

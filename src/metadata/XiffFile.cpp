@@ -5,7 +5,7 @@
 
 namespace tarsel::modMetadata {
 
-void ApplyXiffFile(const QString& path, ImageBox& box) {
+void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     clsFileEXIF file;
     file.OpenForRead(path);
     while (!file.fEof()) {
@@ -13,7 +13,7 @@ void ApplyXiffFile(const QString& path, ImageBox& box) {
         QString value;
         file.ReadEXIF(name, value);
         if (IsExifDate(name))
-            value = ImageBox::ExifDateToText(toDate(value));
+            value = ImageBox::ExifDateToText(toDate(value, forms));
         if (box.ExifSet(name, value))
             box.ExifSet(QStringLiteral("Software"), ProductTitle);
     }

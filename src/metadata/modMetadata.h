@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Conversions.h"
 #include "base/ListView.h"
 #include "imaging/ImageBox.h"
 
@@ -46,12 +47,17 @@ QString FormatExifAttributeValue(const QString& name, const QString& value);
 /// The label of an attribute, or "" when its raw name is to be shown.
 QString FormatExifAttributeName(const QString& name);
 
-/// The integer before and behind the last "/". Without one, 0 and the whole text; 0 for what can't be read.
+/// The same two for any thread: they set no TrappingString, and errors 13, 6 and 11 are raised.
+QString ExifValueInWords(const QString& name, const QString& value);
+QString ExifNameInWords(const QString& name);
+
+/// The integer before and after the last "/". Without one, 0 and all of the text; 0 for what can't be read.
 qint32 RationalNumerator(const QString& text);
 qint32 RationalDenominator(const QString& text);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
-/// opened changes nothing. Error 13 for a date that is none, 62 for a file that ends within a record.
-void ApplyXiffFile(const QString& path, ImageBox& box);
+/// opened changes nothing. Dates are read in the user's own form first. Error 13 for a date that is none, 62
+/// for a file that ends within a record.
+void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms = {});
 
 } // namespace tarsel::modMetadata

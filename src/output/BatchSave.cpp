@@ -73,7 +73,7 @@ RowWork::RowWork(const Batch& batch, int position) :
 
 void RowWork::perform() {
     try {
-        if (!loadSource(m_box, m_row.tag))
+        if (!loadSource(m_box, m_row.tag, m_batch.run.stop))
             return skip(SkipReason::NoPicture);
         noteSource();
         runTasks();
@@ -84,6 +84,8 @@ void RowWork::perform() {
         setSaveOptions();
         save();
     } catch (const TrappedError& error) {
+        if (error.number == ErrorNumber::Interrupted)
+            return skip(SkipReason::Cancelled);
         m_result.state = RowState::Failed;
         m_result.reason = error.description;
         throw;
@@ -131,7 +133,7 @@ void RowWork::importMetadata() {
     if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
         m_box.IptcLoadFromFile(m_settings.ImportIPTCFile);
     if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
-        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box);
+        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box, desktopDateForms());
     m_box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
 }
 
@@ -197,7 +199,7 @@ void BatchLoop::run() {
 
 bool BatchLoop::isCancelled() {
     desktop().yield();
-    m_cancelled = CancelRequested.exchange(false);
+    m_cancelled = CancelRequested.exchange(false) || m_batch.run.stop.stop_requested();
     return m_cancelled;
 }
 

@@ -7,6 +7,7 @@
 #include "imaging/ImageBox.h"
 
 #include <functional>
+#include <stop_token>
 #include <vector>
 
 namespace tarsel {
@@ -32,6 +33,7 @@ struct BatchRun {
     bool dryRun = false; ///< everything but the writing; what would be written is skipped as "dry run"
     /// "Source folder" of a page means the folder of its document, not that of the extracted page file.
     bool pagesToDocumentFolder = false;
+    std::stop_token stop; ///< ends the loading of a row's picture: that row and the rest are cancelled
     std::function<void(const QString& source)> onRowBegin; ///< told of each row before its work
     std::function<void(const RowResult&)> onRow;           ///< told of each row as soon as it is done
 };

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/LoadSource.h"
 
-#include "base/IgnoredError.h"
+#include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
+#include "codecs/DecoderLost.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/fncLoadPicture.h"
 
@@ -12,11 +13,15 @@ namespace tarsel {
 
 namespace {
 
-/// False when the box can't make sense of the file: the one failure after which another road is tried.
-bool loadByBox(ImageBox& box, const QString& path) {
+/// False when the box can't make sense of the file: the one failure after which the loader is tried, unless
+/// that would end in the decoder that was just lost.
+bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) {
     try {
-        box.LoadFromFile(path);
+        box.LoadFromFile(path, stop);
         return true;
+    } catch (const DecoderLost& error) {
+        throw TrappedError{ErrorNumber::InvalidPicture,
+                           QStringLiteral("Error loading picture ") + error.description};
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;
@@ -36,11 +41,11 @@ bool carriesMetadata(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
-bool loadSource(ImageBox& box, const QString& path) {
+bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop) {
     box.Clear();
-    if (carriesMetadata(path) && loadByBox(box, path))
+    if (carriesMetadata(path) && loadByBox(box, path, stop))
         return true;
-    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF);
+    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop);
     if (!picture)
         return false;
     box.setPictureHandle(*picture);

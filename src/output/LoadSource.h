@@ -12,7 +12,8 @@ bool carriesMetadata(const QString& path);
 
 /// Brings a picture file into the box as the batch does: the usual formats by the box itself, with their
 /// metadata; every other extension, and a file that the box can't make sense of, by fncLoadPicture, without
-/// metadata. False, with an empty box, when nothing knows the content; other failures are raised.
-bool loadSource(ImageBox& box, const QString& path);
+/// metadata. A file that its decoder did not survive is not tried a second time. False, with an empty box,
+/// when nothing knows the content; other failures are raised.
+bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop = {});
 
 } // namespace tarsel

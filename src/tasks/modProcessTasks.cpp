@@ -1,33 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/modProcessTasks.h"
 
-#include "base/Conversions.h"
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
-#include "tasks/TaskList.h"
+#include "tasks/Replay.h"
 
 namespace tarsel {
 
 namespace {
 
-void replay(ImageBox& box, const TaskRow& row) {
-    const TaskKind* kind = taskKind(toInt16(row.kind));
-    if (kind && kind->replay)
-        kind->replay(box, row);
-}
-
-/// Replays one row. Its error names the row and its kind.
-void replayRow(ImageBox& box, const TaskRow& row, int number) {
-    try {
-        replay(box, row);
-    } catch (TrappedError& error) {
-        const QString key = row.key.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(row.key);
-        error.description = QStringLiteral("task %1%2: %3").arg(number).arg(key, error.description);
-        throw;
-    }
+/// Whether a run that isn't of all rows ends after this one.
+bool isSelected(int index, const ListView& list, const ListView* previewList, bool editing) {
+    const ListView& selecting = editing && previewList ? *previewList : list;
+    return selecting.selectedIndex() == index;
 }
 
 } // namespace
+
+std::vector<TaskRow> modProcessTasks::rowsToReplay(const ListView& list, const ListView& rows,
+                                                   const ListView* previewList, bool runAll, bool editing) {
+    std::vector<TaskRow> replayed;
+    for (int index = 0; index < rows.count(); ++index) {
+        replayed.push_back(taskRowOf(rows, index));
+        if (!runAll && isSelected(index, list, previewList, editing))
+            break;
+    }
+    return replayed;
+}
 
 bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows, ImageBox& box,
                                       const ListView* previewList, bool runAll, bool editing) {
@@ -40,8 +39,7 @@ bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows
         for (int index = 0; index < count; ++index) {
             desktop().yield();
             replayRow(box, taskRowOf(rows, index), index + 1);
-            const ListView& selecting = editing && previewList ? *previewList : list;
-            if (!runAll && selecting.selectedIndex() == index)
+            if (!runAll && isSelected(index, list, previewList, editing))
                 break;
         }
         desktop().setBusyPointer(false);

@@ -2,7 +2,6 @@
 #include "base/Conversions.h"
 #include "base/TrappedError.h"
 #include "tests/support/ErrorNumberOf.h"
-#include "tests/support/TestDesktop.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -89,7 +88,7 @@ TEST(Conversions, NumbersAreFormattedAwayFromZeroAtTies) {
                  {2.5, "0", "3"},
                  {-2.5, "0", "-3"},
                  {0.125, "0.00", "0.13"},
-                 {2.675, "0.00", "2.68"}, // as written, although the nearest double lies below
+                 {2.675, "0.00", "2.68"}, // as written, although the nearest double is below
                  {9.995, "0.00", "10.00"},
                  {0.004, "0.00", "0.00"},
                  {-0.004, "0.00", "0.00"},
@@ -116,7 +115,6 @@ TEST(Conversions, DoublesAreWrittenWithFifteenDigitsAndReadBack) {
 }
 
 TEST(Conversions, DatesFollowTheirPatterns) {
-    test::TestDesktop desktop;
     const QDateTime afternoon(QDate(2004, 3, 7), QTime(15, 5, 9));
     const QDateTime midnight(QDate(2024, 12, 31), QTime(0, 0, 0));
     const QDateTime noon(QDate(999, 1, 2), QTime(12, 30, 1));
@@ -131,17 +129,16 @@ TEST(Conversions, DatesFollowTheirPatterns) {
                  {afternoon, "hh:mm:ss", "15:05:09"},
                  {afternoon, "mm:ss", "05:09"},
                  {afternoon, "mm/dd", "03/07"},
-                 {afternoon, "Short Date", "3/7/2004"},
                  {midnight, "m/d/yyyy h:mm:ss AM/PM", "12/31/2024 12:00:00 AM"},
                  {noon, "m/d/yyyy h:mm:ss AM/PM", "1/2/0999 12:30:01 PM"}};
     for (const auto& c : cases)
         EXPECT_EQ(formatDate(c.date, text(c.pattern)), text(c.expected)) << c.pattern;
-    EXPECT_EQ(formatDate(emptyDate(), text("Short Date")), text("12/30/1899"));
+    EXPECT_EQ(shortDateText(afternoon, {text("d.M.yyyy"), {}}), text("7.3.2004"));
+    EXPECT_EQ(shortDateText(QDateTime(), {text("M/d/yyyy"), {}}), text("12/30/1899"));
     EXPECT_EQ(formatDate(QDateTime(), text("m/d/yyyy")), text("12/30/1899"));
 }
 
 TEST(Conversions, EveryFormattedDateIsReadBack) {
-    test::TestDesktop desktop;
     const QDate days[] = {QDate(2004, 3, 7), QDate(1899, 12, 30), QDate(2024, 2, 29), QDate(1999, 12, 31)};
     const QTime times[] = {QTime(0, 0, 0), QTime(0, 59, 59), QTime(11, 59, 0), QTime(12, 0, 0),
                            QTime(23, 5, 9)};
@@ -154,21 +151,18 @@ TEST(Conversions, EveryFormattedDateIsReadBack) {
             EXPECT_EQ(toDate(formatDate(date, text("h:mm:ss AM/PM"))), QDateTime(emptyDate().date(), time));
             EXPECT_EQ(toDate(date.toString(Qt::ISODate)), date);
         }
-        for (const char* pattern : {"m.d.yyyy", "m/d/yyyy", "Short Date"})
+        for (const char* pattern : {"m.d.yyyy", "m/d/yyyy"})
             EXPECT_EQ(toDate(formatDate(QDateTime(day, QTime(0, 0)), text(pattern))).date(), day) << pattern;
     }
 }
 
 TEST(Conversions, AShortDateWithBlanksInItIsRead) {
-    test::TestDesktop desktop;
-    desktop.shortDate = text("yyyy. MM. dd.");
-    desktop.longTime = text("H:mm:ss");
-    EXPECT_EQ(toDate(text("2004. 03. 07.")).date(), QDate(2004, 3, 7));
-    EXPECT_EQ(toDate(text("2004. 03. 07. 15:05:09")), QDateTime(QDate(2004, 3, 7), QTime(15, 5, 9)));
+    const DateForms forms{text("yyyy. MM. dd."), text("H:mm:ss")};
+    EXPECT_EQ(toDate(text("2004. 03. 07."), forms).date(), QDate(2004, 3, 7));
+    EXPECT_EQ(toDate(text("2004. 03. 07. 15:05:09"), forms), QDateTime(QDate(2004, 3, 7), QTime(15, 5, 9)));
 }
 
 TEST(Conversions, WhatIsNoDateFails) {
-    test::TestDesktop desktop;
     for (const char* written :
          {"", "yesterday", "2/30/2004", "13/13/2004", "3/7/2004 25:00:00", "7", "2004:03:07"})
         EXPECT_EQ(errorNumberOf([&] { toDate(text(written)); }), ErrorNumber::TypeMismatch) << written;

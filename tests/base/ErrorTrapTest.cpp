@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <gtest/gtest.h>
 #include <stdexcept>
+#include <thread>
 
 using namespace tarsel;
 
@@ -50,6 +51,11 @@ TEST(ErrorTrap, IgnoredErrorsAreLoggedInTheCategoryOfTheirLibrary) {
     qInstallMessageHandler(nullptr);
     EXPECT_EQ(logged, QStringList{QStringLiteral("tarsel.base: ignored: File not found: /nowhere/list.ibf: "
                                                  "No such file or directory")});
+}
+
+TEST(ErrorTrap, BelongsToTheMainThread) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_DEATH(std::thread([] { trap("a", [] {}); }).join(), "main thread");
 }
 
 TEST(ErrorTrap, SystemErrorsKeepTheFileAndGetTheirNumber) {

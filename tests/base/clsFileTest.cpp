@@ -59,7 +59,7 @@ TEST_F(ClsFile, WhatWasWrittenIsReadBackFieldByField) {
     EXPECT_EQ(file.read_EditingList(), written);
     EXPECT_FALSE(file.fEof());
     EXPECT_EQ(file.read_EditingList(), written);
-    EXPECT_TRUE(file.fEof()); // the last line end gives no empty row
+    EXPECT_TRUE(file.fEof()); // the last line end makes no empty row
 }
 
 TEST_F(ClsFile, FieldsAreReadQuotedOrNotAndWithAnyLineEnd) {

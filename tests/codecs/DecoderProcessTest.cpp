@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "codecs/DecoderProcess.h"
 #include "base/TrappedError.h"
+#include "codecs/DecoderLost.h"
+#include "codecs/DecoderPool.h"
 #include "tests/support/TestPictures.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
+#include <optional>
+#include <sys/resource.h>
+#include <sys/wait.h>
 #include <thread>
 
 namespace tarsel {
@@ -12,23 +16,48 @@ namespace {
 
 /// Eight pixels in a row, black and white in turn.
 const QByteArray Wbmp("\0\0\x08\x01\xAA", 5);
-const FileUnderTest File{"WBMP", QStringLiteral("row.wbmp"), 5};
 
 Picture decodeRow(DecoderProcess& process) {
-    return process.decode(DecoderFormat::Wbmp, Wbmp, File);
+    return process.decode(DecoderFormat::Wbmp, Wbmp, {"WBMP", QStringLiteral("row.wbmp"), 5});
 }
 
-QString errorOfRow(DecoderProcess& process) {
+/// The child does what the "file" says.
+class Misbehaving : public testing::Test {
+protected:
+    Misbehaving() { qputenv("TARSEL_DECODER", TARSEL_MISBEHAVING_DECODER); }
+    ~Misbehaving() override { qunsetenv("TARSEL_DECODER"); }
+};
+
+template <class Decoder>
+Picture order(Decoder& decoder, const char* text, const std::stop_token& stop = {}) {
+    return decoder.decode(DecoderFormat::Gif, text, {"GIF", QStringLiteral("file.gif"), 1}, stop);
+}
+
+struct Outcome {
+    qint32 number = 0; ///< 0 when it was decoded
+    QString description;
+    bool isLost = false;
+};
+
+template <class Decoder>
+Outcome outcomeOf(Decoder& decoder, const char* text, const std::stop_token& stop = {}) {
     try {
-        decodeRow(process);
+        order(decoder, text, stop);
+    } catch (const DecoderLost& error) {
+        return {error.number, error.description, true};
     } catch (const TrappedError& error) {
-        EXPECT_EQ(error.number, ErrorNumber::UnreadableFile);
-        return error.description;
+        return {error.number, error.description};
     }
     return {};
 }
 
-TEST(DecoderProcess, givesThePixelsAndStaysForTheNextFile) {
+bool isGone(pid_t child) {
+    return ::kill(child, 0) != 0;
+}
+
+} // namespace
+
+TEST(DecoderProcess, DecodesAndStaysForTheNextFileAlsoAfterNonsense) {
     DecoderProcess process;
     EXPECT_EQ(process.processId(), 0) << "no child before the first file";
     const Picture row = decodeRow(process);
@@ -36,62 +65,111 @@ TEST(DecoderProcess, givesThePixelsAndStaysForTheNextFile) {
     EXPECT_EQ(test::colorAt(row, 0, 0), (Rgb{255, 255, 255}));
     EXPECT_EQ(test::colorAt(row, 1, 0), (Rgb{0, 0, 0}));
     const pid_t child = process.processId();
+    for (const char* nonsense : {"GIF89a nonsense", ""})
+        EXPECT_EQ(outcomeOf(process, nonsense).number, ErrorNumber::UnreadableFile);
     decodeRow(process);
     EXPECT_EQ(process.processId(), child);
 }
 
-TEST(DecoderProcess, replacesAChildThatDiedBetweenTwoFiles) {
+TEST(DecoderProcess, TheChildRunsWithinLimitsOfMemoryTimeAndDescriptors) {
     DecoderProcess process;
     decodeRow(process);
-    const pid_t child = process.processId();
-    ::kill(child, SIGKILL);
-    // Whether the death shows before or after the file was handed over, the file after it is read.
-    errorOfRow(process);
-    EXPECT_EQ(decodeRow(process).width(), 8);
-    EXPECT_NE(process.processId(), child);
+    const auto limitOf = [&](decltype(RLIMIT_AS) resource) {
+        rlimit found = {};
+        EXPECT_EQ(::prlimit(process.processId(), resource, nullptr, &found), 0);
+        return found.rlim_cur;
+    };
+    EXPECT_EQ(limitOf(RLIMIT_CORE), 0u);
+    EXPECT_LE(limitOf(RLIMIT_NOFILE), 64u);
+    EXPECT_LE(limitOf(RLIMIT_CPU), 60u);
+#if !defined __SANITIZE_ADDRESS__ && !defined __SANITIZE_THREAD__ // they reserve more
+    EXPECT_LE(limitOf(RLIMIT_AS), rlim_t(4) << 30);
+#endif
 }
 
-TEST(DecoderProcess, aChildKilledInTheMiddleOfAFileFailsThatFileAlone) {
-    DecoderProcess process;
-    decodeRow(process);
+TEST_F(Misbehaving, ABadAnswerFailsItsFileAloneAndLeavesNoProcess) {
+    constexpr struct {
+        const char* order;
+        const char* fact;
+        bool isLost; ///< else the child answered and goes on
+    } cases[] = {
+        {"no pixels", "too few pixels", false},
+        {"too few pixels", "too few pixels", false},
+        {"pixels from a pipe", "too few pixels", false},
+        {"half an answer", "broke off", true},
+        {"answer an earlier request", "broke off", true},
+        {"close the socket", "broke off", true},
+        {"exit", "status 3", true},
+        {"crash", "signal 6", true},
+    };
+    for (const auto& c : cases) {
+        DecoderProcess process;
+        order(process, "answer");
+        const pid_t child = process.processId();
+        const Outcome outcome = outcomeOf(process, c.order);
+        EXPECT_EQ(outcome.number, ErrorNumber::UnreadableFile) << c.order;
+        EXPECT_TRUE(outcome.description.contains(QLatin1String("file.gif"))) << c.order;
+        EXPECT_TRUE(outcome.description.contains(QLatin1String(c.fact))) << qPrintable(outcome.description);
+        EXPECT_EQ(outcome.isLost, c.isLost) << c.order;
+        EXPECT_EQ(isGone(child), c.isLost) << c.order;
+    }
+}
+
+TEST_F(Misbehaving, AChildThatHangsIsEndedAtTheTimeLimit) {
+    DecoderProcess process(std::chrono::milliseconds(200));
+    order(process, "answer");
     const pid_t child = process.processId();
-    ::kill(child, SIGSTOP); // it will never answer
-    std::thread killer([&] {
+    const Outcome outcome = outcomeOf(process, "hang");
+    EXPECT_TRUE(outcome.description.contains(QLatin1String("longer than 0.2 seconds")));
+    EXPECT_TRUE(outcome.isLost);
+    EXPECT_TRUE(isGone(child));
+}
+
+TEST_F(Misbehaving, AChildThatDiesBetweenTwoFilesCostsNoFile) {
+    DecoderProcess process;
+    order(process, "answer, then exit");
+    siginfo_t ended = {};
+    ::waitid(P_PID, id_t(process.processId()), &ended, WEXITED | WNOWAIT);
+    EXPECT_EQ(test::colorAt(order(process, "answer"), 0, 0), (Rgb{7, 7, 7}));
+}
+
+TEST_F(Misbehaving, AStopEndsTheWaitForAnAnswerAndTheChild) {
+    DecoderProcess process;
+    order(process, "answer");
+    const pid_t child = process.processId();
+    std::stop_source stop;
+    std::thread stopper([&] {
         while (!process.isWaiting())
             std::this_thread::yield();
-        ::kill(child, SIGKILL);
+        stop.request_stop();
     });
-    const QString message = errorOfRow(process);
-    killer.join();
-    EXPECT_TRUE(message.contains(QLatin1String("row.wbmp"))) << message.toStdString();
-    EXPECT_TRUE(message.contains(QLatin1String("signal 9"))) << message.toStdString();
-    EXPECT_EQ(decodeRow(process).width(), 8);
+    EXPECT_EQ(outcomeOf(process, "hang", stop.get_token()).number, ErrorNumber::Interrupted);
+    stopper.join();
+    EXPECT_TRUE(isGone(child));
+    EXPECT_EQ(outcomeOf(process, "answer").number, 0);
 }
 
-TEST(DecoderProcess, aChildThatHangsIsEndedAtTheTimeLimit) {
-    DecoderProcess process;
-    decodeRow(process);
-    const pid_t child = process.processId();
-    ::kill(child, SIGSTOP);
-    process.setTimeLimit(std::chrono::milliseconds(50));
-    EXPECT_TRUE(errorOfRow(process).contains(QLatin1String("longer than")));
-    process.setTimeLimit(std::chrono::seconds(20));
-    EXPECT_EQ(decodeRow(process).width(), 8);
-    EXPECT_NE(process.processId(), child);
-    EXPECT_NE(::kill(child, 0), 0) << "the old child is gone";
+TEST_F(Misbehaving, AHangingFileKeepsOneOfThePoolsChildrenAndAStopEndsTheWaitForOne) {
+    DecoderPool pool(2);
+    std::stop_source stop;
+    const auto hang = [&] {
+        EXPECT_EQ(outcomeOf(pool, "hang", stop.get_token()).number, ErrorNumber::Interrupted);
+    };
+    const auto waitForBusy = [&](int count) {
+        while (pool.busyCount() < count)
+            std::this_thread::yield();
+    };
+    std::thread first(hang);
+    waitForBusy(1);
+    EXPECT_EQ(outcomeOf(pool, "answer").number, 0);
+    std::thread second(hang);
+    waitForBusy(2);
+    std::thread waiting(hang);
+    stop.request_stop();
+    for (std::thread* thread : {&first, &second, &waiting})
+        thread->join();
+    EXPECT_EQ(pool.busyCount(), 0);
+    EXPECT_EQ(outcomeOf(pool, "answer").number, 0);
 }
 
-TEST(DecoderProcess, nonsenseIsAnErrorThatTheChildSurvives) {
-    DecoderProcess process;
-    decodeRow(process);
-    const pid_t child = process.processId();
-    EXPECT_THROW(process.decode(DecoderFormat::Gif, "GIF89a nonsense", {"GIF", QStringLiteral("x.gif"), 15}),
-                 TrappedError);
-    EXPECT_THROW(process.decode(DecoderFormat::Gif, {}, {"GIF", QStringLiteral("empty.gif"), 0}),
-                 TrappedError);
-    decodeRow(process);
-    EXPECT_EQ(process.processId(), child);
-}
-
-} // namespace
 } // namespace tarsel

@@ -16,7 +16,7 @@ namespace {
 constexpr Rgb White{255, 255, 255};
 constexpr Rgb Red{255, 0, 0};
 
-/// A full block fills its whole cell with ink, so that its place can be told to the pixel.
+/// A full block fills its whole cell with ink, so that its place is known to the pixel.
 const QString Block = QStringLiteral("\u2588\u2588\u2588");
 
 QFont sans(double points, bool smooth = true) {

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/Replay.h"
+#include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/tasks/TaskRows.h"
 
@@ -10,7 +12,7 @@ using modProcessTasks::subProcessPages;
 
 namespace {
 
-/// Three canvas rows that add 1, 10 and 100 columns: the width tells which of them ran.
+/// Three canvas rows that add 1, 10 and 100 columns: the width shows which of them ran.
 void fillThreeRows(TaskList& tasks) {
     for (const char* columns : {"1", "10", "100"})
         tasks.append(taskRow(12, {"0", columns, "0", "0", "0"}));
@@ -77,7 +79,7 @@ TEST(Run, GivesWayOnceForEachRowAndTakesThePointerBack) {
     EXPECT_FALSE(desktop.busy);
 }
 
-TEST(Run, EndsBehindTheSelectedRowOfTheListThatIsInUse) {
+TEST(Run, EndsAfterTheSelectedRowOfTheListThatIsInUse) {
     TestDesktop desktop;
     struct Selection {
         int list, preview;
@@ -97,6 +99,12 @@ TEST(Run, EndsBehindTheSelectedRowOfTheListThatIsInUse) {
         ImageBox box = boxWith(unevenPicture(2, 2));
         subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, s.passPreview ? &tasks.lvEditPreview : nullptr,
                         s.runAll, s.editing);
+        const std::vector<TaskRow> rows = modProcessTasks::rowsToReplay(
+            tasks.lvEdit, tasks.lvEditBatch, s.passPreview ? &tasks.lvEditPreview : nullptr, s.runAll,
+            s.editing);
+        ImageBox replayedBox = boxWith(unevenPicture(2, 2));
+        replayRows(replayedBox, rows);
+        EXPECT_EQ(replayedBox.Width(), box.Width());
         EXPECT_EQ(box.Width(), 2 + s.columnsAdded) << s.list << ' ' << s.preview << ' ' << s.editing;
     }
 }
@@ -166,4 +174,13 @@ TEST(Run, ARowTakenAwayDuringTheRunEndsItWithoutACrash) {
     ImageBox box = boxWith(unevenPicture(9, 7));
     EXPECT_FALSE(subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
     EXPECT_EQ(desktop.reports.size(), 1u);
+}
+
+TEST(Run, AStopEndsAReplayBeforeItsNextRow) {
+    std::stop_source stop;
+    stop.request_stop();
+    ImageBox box = boxWith(unevenPicture(9, 7));
+    const std::vector<TaskRow> rows{taskRow(11, {})};
+    EXPECT_EQ(errorNumberOf([&] { replayRows(box, rows, stop.get_token()); }), ErrorNumber::Interrupted);
+    EXPECT_EQ(box.picture(), unevenPicture(9, 7));
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/IgnoredError.h"
+#include "base/IgnoringErrors.h"
 
 #include <QLoggingCategory>
 #include <QMutex>

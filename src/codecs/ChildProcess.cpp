@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/ChildProcess.h"
+
+#include "codecs/DecoderProtocol.h"
+
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tarsel {
+
+namespace {
+
+using std::chrono::steady_clock;
+
+constexpr auto TimeToEnd = std::chrono::milliseconds(500);
+/// A killed process can hang in the kernel, on a network drive for instance; it is left to the system then.
+constexpr auto TimeToDie = std::chrono::seconds(2);
+
+bool comesTrueWithin(steady_clock::duration limit, const std::function<bool()>& condition) {
+    const auto deadline = steady_clock::now() + limit;
+    while (!condition()) {
+        if (steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+} // namespace
+
+bool ChildProcess::start(const QByteArray& program, int socket) {
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, socket, DecoderSocket);
+    for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&actions, standard, "/dev/null", O_RDWR, 0);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t none; // whatever the calling thread blocks
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
+    char* arguments[] = {const_cast<char*>(program.constData()), nullptr};
+    pid_t child = 0;
+    const int failed = ::posix_spawn(&child, program.constData(), &actions, &attributes, arguments, environ);
+    posix_spawnattr_destroy(&attributes);
+    posix_spawn_file_actions_destroy(&actions);
+    m_child = failed ? 0 : child;
+    return !failed;
+}
+
+bool ChildProcess::endsByItself() const {
+    return comesTrueWithin(TimeToEnd, [this] {
+        siginfo_t ended = {};
+        const int waited = ::waitid(P_PID, id_t(m_child.load()), &ended, WEXITED | WNOHANG | WNOWAIT);
+        return waited != 0 || ended.si_pid != 0;
+    });
+}
+
+int ChildProcess::end() {
+    const pid_t child = m_child.exchange(0);
+    if (child == 0)
+        return 0;
+    ::kill(-child, SIGKILL);
+    int status = 0;
+    comesTrueWithin(TimeToDie, [&] { return ::waitpid(child, &status, WNOHANG) != 0; });
+    return status;
+}
+
+} // namespace tarsel
