@@ -5,17 +5,19 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
+class QLayout;
+class QToolButton;
 
 namespace tarsel {
 
+class ActionTable;
 class ListControl;
 
 /// The basket's list with its buttons and its menus.
 class BasketPane final : public QWidget {
     Q_OBJECT
 public:
-    explicit BasketPane(ListView& lvPages, QWidget* parent = nullptr);
+    BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* parent = nullptr);
 
     ListControl& lvPages() const { return *m_list; }
     /// While a batch runs over the rows, nothing that changes them is offered.
@@ -32,11 +34,11 @@ Q_SIGNALS:
 
 private:
     QLayout* makeBar();
-    void addSaveAs(QHBoxLayout* bar);
-    void makeMenu();
+    QToolButton* makeSaveAs();
+    void connectActions();
 
+    const ActionTable& m_actions;
     ListControl* m_list;
-    QList<QWidget*> m_buttons;
 };
 
 } // namespace tarsel

@@ -3,6 +3,7 @@
 
 #include "app/FolderTree.h"
 #include "app/PaneParts.h"
+#include "controls/ActionTable.h"
 #include "controls/ListControl.h"
 
 #include <QHBoxLayout>
@@ -13,23 +14,7 @@
 
 namespace tarsel {
 
-namespace {
-
-struct EditBarButton {
-    const char* icon;
-    const char* toolTip;
-};
-
-constexpr EditBarButton EditBar[] = {
-    {"new", "Create a new task basket"},
-    {"open", "Open a task basket"},
-    {"save", "Save the task basket"},
-    {"remove", "Remove the selected task"},
-};
-
-} // namespace
-
-BrowsePane::BrowsePane(TaskList& tasks, QWidget* parent) :
+BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_tree(new FolderTree(this)), m_tasks(new ListControl(tasks.lvEdit, this)) {
     auto* lblBrowse = makePaneCaption({}, this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
@@ -37,8 +22,8 @@ BrowsePane::BrowsePane(TaskList& tasks, QWidget* parent) :
     tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
     tbsBrowse->setDocumentMode(true);
     tbsBrowse->setExpanding(false);
-    tbsBrowse->addTab(QStringLiteral("Browse File System"));
-    tbsBrowse->addTab(QStringLiteral("Task Basket"));
+    tbsBrowse->addTab(tr("Browse File System"));
+    tbsBrowse->addTab(tr("Task Basket"));
     m_tree->setFrameShape(QFrame::StyledPanel);
 
     auto* picFileSystem = new QWidget(this);
@@ -48,7 +33,7 @@ BrowsePane::BrowsePane(TaskList& tasks, QWidget* parent) :
     treeBox->addWidget(m_tree);
     auto* panels = new QStackedWidget(this);
     panels->addWidget(picFileSystem);
-    panels->addWidget(makeTaskPanel());
+    panels->addWidget(makeTaskPanel(actions));
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -65,24 +50,23 @@ BrowsePane::BrowsePane(TaskList& tasks, QWidget* parent) :
     showTab(0);
 }
 
-QWidget* BrowsePane::makeTaskPanel() {
+QWidget* BrowsePane::makeTaskPanel(const ActionTable& actions) {
     auto* picEditBar = new QWidget(this);
     picEditBar->setObjectName(QStringLiteral("picEditBar"));
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
-    for (int index = 0; index < int(std::size(EditBar)); ++index) {
-        const EditBarButton& button = EditBar[index];
-        const QByteArray name = "cmdEditBar_" + QByteArray::number(index);
-        auto* made =
-            makePaneButton(name.constData(), button.icon, {}, QLatin1String(button.toolTip), picEditBar);
-        connect(made, &QToolButton::clicked, this, [this, index] { Q_EMIT cmdEditBar(index); });
-        bar->addWidget(made);
+    int index = 0;
+    for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_2", "cmdEditBar_3"}) {
+        bar->addWidget(actions.makeButton(name, picEditBar));
+        connect(&actions.action(name), &QAction::triggered, this,
+                [this, index] { Q_EMIT cmdEditBar(index); });
+        ++index;
     }
     bar->addStretch(1);
     m_tasks->setObjectName(QStringLiteral("lvEdit"));
-    m_tasks->setAccessibleName(QStringLiteral("Confirmed tasks"));
+    m_tasks->setAccessibleName(tr("Confirmed tasks"));
     m_tasks->setFullRowSelect(true);
-    m_tasks->setHint(QStringLiteral("Open a task basket to run its tasks on the pictures."));
+    m_tasks->setHint(tr("Open a task basket to run its tasks on the pictures."));
     auto* rows = new QVBoxLayout(picEditBar);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);

@@ -9,14 +9,15 @@ class QLabel;
 
 namespace tarsel {
 
+class ActionTable;
 class FolderTree;
 class ListControl;
 
-/// The left pane: the folder tree and the task basket, behind two tabs.
+/// The left pane: the folder tree and the task basket, on two tabs.
 class BrowsePane final : public QWidget {
     Q_OBJECT
 public:
-    explicit BrowsePane(TaskList& tasks, QWidget* parent = nullptr);
+    BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent = nullptr);
 
     FolderTree& ftvBrowse() const { return *m_tree; }
     ListControl& lvEdit() const { return *m_tasks; }
@@ -26,7 +27,7 @@ Q_SIGNALS:
     void cmdEditBar(int index);
 
 private:
-    QWidget* makeTaskPanel();
+    QWidget* makeTaskPanel(const ActionTable& actions);
 
     FolderTree* m_tree;
     ListControl* m_tasks;

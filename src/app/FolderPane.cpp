@@ -2,7 +2,7 @@
 #include "app/FolderPane.h"
 
 #include "app/PaneParts.h"
-#include "controls/LineIcon.h"
+#include "controls/ActionTable.h"
 #include "controls/ListControl.h"
 
 #include <QHBoxLayout>
@@ -12,10 +12,10 @@
 
 namespace tarsel {
 
-FolderPane::FolderPane(ListView& lvFolder, QWidget* parent) :
-    QWidget(parent), m_list(new ListControl(lvFolder, this)) {
+FolderPane::FolderPane(ListView& lvFolder, const ActionTable& actions, QWidget* parent) :
+    QWidget(parent), m_actions(actions), m_list(new ListControl(lvFolder, this)) {
     m_list->setObjectName(QStringLiteral("lvFolder"));
-    m_list->setAccessibleName(QStringLiteral("Pictures of the folder"));
+    m_list->setAccessibleName(tr("Pictures of the folder"));
     m_list->setRowsDraggable();
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -24,37 +24,38 @@ FolderPane::FolderPane(ListView& lvFolder, QWidget* parent) :
     rows->addWidget(m_list, 1);
     connect(m_list, &ListControl::rowDoubleClicked, this, &FolderPane::cmdAddToQueue);
     connect(m_list, &ListControl::enterPressed, this, &FolderPane::cmdAddToQueue);
-    makeMenu();
+    connectActions();
 }
 
 QLayout* FolderPane::makeBar() {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
-    bar->addWidget(makePaneCaption(QStringLiteral("Folder"), this));
+    bar->addWidget(makePaneCaption(tr("Folder"), this));
     bar->addStretch(1);
-    const auto add = [&](const char* name, const char* icon, const char* caption, const char* toolTip,
-                         void (FolderPane::*told)()) {
-        auto* button = makePaneButton(name, icon, QLatin1String(caption), QLatin1String(toolTip), this);
-        connect(button, &QToolButton::clicked, this, told);
-        bar->addWidget(button);
-        return button;
-    };
-    add("cmdAddToQueue", "add", "Add to basket", "Add the selected files to the basket",
-        &FolderPane::cmdAddToQueue);
-    add("cmdThumbnailFolder", "thumbnails", "", "Show thumbnails", &FolderPane::cmdThumbnailFolder);
-    add("cmdDetailFolder", "details", "", "Show details", &FolderPane::cmdDetailFolder);
-    add("cmdRefreshFolder", "refresh", "", "List the folder anew (F5)", &FolderPane::cmdRefreshFolder)
-        ->setShortcut(QKeySequence(Qt::Key_F5));
+    bar->addWidget(m_actions.makeButton("cmdAddToQueue", this, Qt::ToolButtonTextBesideIcon));
+    for (const char* name : {"cmdThumbnailFolder", "cmdDetailFolder", "cmdRefreshFolder"})
+        bar->addWidget(m_actions.makeButton(name, this));
     return bar;
 }
 
-void FolderPane::makeMenu() {
-    auto* menu = new QMenu(this);
-    menu->setObjectName(QStringLiteral("mnuContextFolderParent"));
-    menu->addAction(lineIcon(QStringLiteral("add")), QStringLiteral("Add to basket"), this,
-                    &FolderPane::cmdAddToQueue);
+void FolderPane::connectActions() {
+    const auto join = [this](const char* name, void (FolderPane::*signal)()) {
+        connect(&m_actions.action(name), &QAction::triggered, this, signal);
+    };
+    join("cmdAddToQueue", &FolderPane::cmdAddToQueue);
+    join("cmdThumbnailFolder", &FolderPane::cmdThumbnailFolder);
+    join("cmdDetailFolder", &FolderPane::cmdDetailFolder);
+    join("cmdRefreshFolder", &FolderPane::cmdRefreshFolder);
+    QMenu* menu = m_actions.makeMenu("mnuContextFolderParent", {"cmdAddToQueue"}, this);
     connect(m_list, &ListControl::menuWanted, menu,
             [menu](const QPoint& position) { menu->popup(position); });
+    connect(m_list, &ListControl::formChanged, this, &FolderPane::showForm);
+    showForm();
+}
+
+void FolderPane::showForm() {
+    const bool details = m_list->form() == ListControl::Form::Details;
+    m_actions.action(details ? "cmdDetailFolder" : "cmdThumbnailFolder").setChecked(true);
 }
 
 } // namespace tarsel

@@ -5,17 +5,18 @@
 
 #include <QWidget>
 
-class QMenu;
+class QLayout;
 
 namespace tarsel {
 
+class ActionTable;
 class ListControl;
 
 /// The list of the pictures in the chosen folder, with its buttons and its menu.
 class FolderPane final : public QWidget {
     Q_OBJECT
 public:
-    explicit FolderPane(ListView& lvFolder, QWidget* parent = nullptr);
+    FolderPane(ListView& lvFolder, const ActionTable& actions, QWidget* parent = nullptr);
 
     ListControl& lvFolder() const { return *m_list; }
 
@@ -27,8 +28,10 @@ Q_SIGNALS:
 
 private:
     QLayout* makeBar();
-    void makeMenu();
+    void connectActions();
+    void showForm();
 
+    const ActionTable& m_actions;
     ListControl* m_list;
 };
 

@@ -3,8 +3,8 @@
 
 #include "app/ImageBoxView.h"
 #include "app/PaneParts.h"
+#include "controls/ActionTable.h"
 
-#include <QActionGroup>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -12,8 +12,8 @@
 
 namespace tarsel {
 
-PreviewPane::PreviewPane(ImageBox& ibMain, QWidget* parent) :
-    QWidget(parent), m_view(new ImageBoxView(ibMain, this)), m_types(new QActionGroup(this)),
+PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* parent) :
+    QWidget(parent), m_actions(actions), m_view(new ImageBoxView(ibMain, this)),
     m_typeButton(makeTypeButton()) {
     setObjectName(QStringLiteral("picView"));
     m_view->setObjectName(QStringLiteral("PicViewImage"));
@@ -22,18 +22,19 @@ PreviewPane::PreviewPane(ImageBox& ibMain, QWidget* parent) :
     rows->setSpacing(4);
     rows->addLayout(makeBar());
     rows->addWidget(m_view, 1);
+    connectActions();
     setPreviewType(0);
 }
 
 int PreviewPane::previewType() const {
-    return int(m_types->actions().indexOf(m_types->checkedAction()));
+    return m_actions.action("mnuPreviewOptimized").isChecked() ? 1 : 0;
 }
 
 void PreviewPane::setPreviewType(int type) {
-    const QList<QAction*> items = m_types->actions();
     m_shownType = type == 0 ? 0 : 1;
-    items[m_shownType]->setChecked(true);
-    m_typeButton->setText(items[m_shownType]->text() + QLatin1Char(' '));
+    QAction& item = m_actions.action(m_shownType == 0 ? "mnuPreviewOriginal" : "mnuPreviewOptimized");
+    item.setChecked(true);
+    m_actions.action("cmdPreviewType").setText(item.text() + QLatin1Char(' '));
 }
 
 /// Picking the item that is checked already does nothing.
@@ -45,36 +46,30 @@ void PreviewPane::chooseType() {
 }
 
 QToolButton* PreviewPane::makeTypeButton() {
-    auto* menu = new QMenu(this);
-    menu->setObjectName(QStringLiteral("mnuPreviewType"));
-    for (const char* text : {"Original", "Optimized"}) {
-        QAction* item = menu->addAction(QLatin1String(text));
-        item->setCheckable(true);
-        m_types->addAction(item);
-    }
-    auto* button =
-        makePaneButton("cmdPreviewType", "iDetailIcon", QStringLiteral("Original "),
-                       QStringLiteral("Show the picture as it is or with the tasks applied"), this);
-    button->setMenu(menu);
+    QToolButton* button = m_actions.makeButton("cmdPreviewType", this, Qt::ToolButtonTextBesideIcon);
+    button->setMenu(
+        m_actions.makeMenu("mnuPreviewType", {"mnuPreviewOriginal", "mnuPreviewOptimized"}, this));
     button->setPopupMode(QToolButton::InstantPopup);
-    connect(m_types, &QActionGroup::triggered, this, &PreviewPane::chooseType);
     return button;
 }
 
 QLayout* PreviewPane::makeBar() {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
-    bar->addWidget(makePaneCaption(QStringLiteral("Preview"), this));
+    bar->addWidget(makePaneCaption(tr("Preview"), this));
     bar->addStretch(1);
     bar->addWidget(m_typeButton);
-    auto* previous =
-        makePaneButton("cmdPreviewPrevious", "previous", {}, QStringLiteral("Previous image"), this);
-    auto* next = makePaneButton("cmdPreviewNext", "next", {}, QStringLiteral("Next image"), this);
-    connect(previous, &QToolButton::clicked, this, &PreviewPane::cmdPreviewPrevious);
-    connect(next, &QToolButton::clicked, this, &PreviewPane::cmdPreviewNext);
-    bar->addWidget(previous);
-    bar->addWidget(next);
+    for (const char* name : {"cmdPreviewPrevious", "cmdPreviewNext"})
+        bar->addWidget(m_actions.makeButton(name, this));
     return bar;
+}
+
+void PreviewPane::connectActions() {
+    for (const char* name : {"mnuPreviewOriginal", "mnuPreviewOptimized"})
+        connect(&m_actions.action(name), &QAction::triggered, this, &PreviewPane::chooseType);
+    connect(&m_actions.action("cmdPreviewPrevious"), &QAction::triggered, this,
+            &PreviewPane::cmdPreviewPrevious);
+    connect(&m_actions.action("cmdPreviewNext"), &QAction::triggered, this, &PreviewPane::cmdPreviewNext);
 }
 
 } // namespace tarsel

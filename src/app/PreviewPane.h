@@ -6,18 +6,19 @@
 
 #include <QWidget>
 
-class QActionGroup;
+class QLayout;
 class QToolButton;
 
 namespace tarsel {
 
+class ActionTable;
 class ImageBoxView;
 
 /// The picture on show, with the choice between the original and the picture with the tasks applied.
 class PreviewPane final : public QWidget {
     Q_OBJECT
 public:
-    explicit PreviewPane(ImageBox& ibMain, QWidget* parent = nullptr);
+    PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* parent = nullptr);
 
     ImageBoxView& ibMain() const { return *m_view; }
     /// 0 "Original", 1 "Optimized".
@@ -32,10 +33,11 @@ Q_SIGNALS:
 private:
     QLayout* makeBar();
     QToolButton* makeTypeButton();
+    void connectActions();
     void chooseType();
 
+    const ActionTable& m_actions;
     ImageBoxView* m_view;
-    QActionGroup* m_types;
     QToolButton* m_typeButton;
     int m_shownType = 0;
 };

@@ -7,6 +7,7 @@
 #include "app/FolderPane.h"
 #include "app/FolderTree.h"
 #include "app/ImageBoxView.h"
+#include "app/MainActions.h"
 #include "app/MetadataPane.h"
 #include "app/PictureImage.h"
 #include "app/PreviewPane.h"
@@ -40,10 +41,11 @@ frmMain::frmMain(Surroundings surroundings) :
     m_basket(lists(), {}, iconOfPicture), m_listing(m_folderView),
     m_preview({m_workspace.lvFolder, m_workspace.lvExif, m_workspace.lvIPTC, m_workspace.tasks,
                m_workspace.ibMain, m_workspace.sbMain}),
-    m_browsePane(new BrowsePane(m_workspace.tasks, this)),
-    m_folderPane(new FolderPane(m_workspace.lvFolder, this)),
-    m_basketPane(new BasketPane(m_workspace.lvPages, this)),
-    m_previewPane(new PreviewPane(m_workspace.ibMain, this)),
+    m_actions(mainActions(), mainActionsContext),
+    m_browsePane(new BrowsePane(m_workspace.tasks, m_actions, this)),
+    m_folderPane(new FolderPane(m_workspace.lvFolder, m_actions, this)),
+    m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
+    m_previewPane(new PreviewPane(m_workspace.ibMain, m_actions, this)),
     m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));

@@ -4,6 +4,7 @@
 #include "app/FolderListing.h"
 #include "app/Preview.h"
 #include "app/Workspace.h"
+#include "controls/ActionTable.h"
 
 #include <QLockFile>
 #include <QMainWindow>
@@ -109,6 +110,7 @@ private:
     Preview m_preview;
     std::unique_ptr<QLockFile> m_instance;
 
+    ActionTable m_actions;
     BrowsePane* m_browsePane;
     FolderPane* m_folderPane;
     BasketPane* m_basketPane;

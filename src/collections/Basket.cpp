@@ -4,6 +4,7 @@
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "collections/FolderView.h"
+#include "collections/OpenDocument.h"
 #include "collections/PictureFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
@@ -157,19 +158,20 @@ void Basket::addPages(const Source& source, int pages) {
     const bool showing = source.road != Road::BasketFile;
     if (showing)
         m_lists.pbQueue.start(pages);
+    const OpenDocument document(source.path);
     for (int page = 1; page <= pages; ++page) {
         desktop().yield();
         if (showing)
             showStatus(source.road, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
-        addPage(source, page);
+        addPage(source, document, page);
         if (showing)
             m_lists.pbQueue.setValue(page);
     }
 }
 
 /// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
-void Basket::addPage(const Source& source, int page) {
-    if (!loadPage(source.path, page)) {
+void Basket::addPage(const Source& source, const OpenDocument& document, int page) {
+    if (!document.loadPage(m_lists.ibMain, page)) {
         noteFailed(source.path);
         return;
     }
@@ -185,17 +187,7 @@ void Basket::addPage(const Source& source, int page) {
     addRow(rowOf(pageRowName(source.road, source.fileName, page), pageFile, source.path, size), *thumbnail);
 }
 
-/// Reads one page into ibMain. The page number is put back to the first, so that the next load of whatever
-/// file reads a page that is there.
-bool Basket::loadPage(const QString& path, int page) {
-    ImageBox& box = m_lists.ibMain;
-    box.PageNumber = page;
-    const bool loaded = ignoringErrors([&] { box.LoadFromFile(path); });
-    box.PageNumber = 1;
-    return loaded && !box.LoadFailed() && box.HasImage();
-}
-
-/// Saves the page that ibMain holds and gives its thumbnail. A drop takes it from the page file once saved,
+/// Saves the page that ibMain holds and returns its thumbnail. A drop takes it from the page file once saved,
 /// the other roads from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
     ImageBox& box = m_lists.ibMain;

@@ -9,6 +9,7 @@
 
 namespace tarsel {
 
+class OpenDocument;
 struct Thumbnail;
 
 /// Headers of the basket list: text and SubItems 1 to 5.
@@ -53,8 +54,7 @@ private:
     void addFolderRow(Road road, int folderRow);
     void addPicture(const Source& source, const ListRow& folderRow);
     void addPages(const Source& source, int pages);
-    void addPage(const Source& source, int page);
-    bool loadPage(const QString& path, int page);
+    void addPage(const Source& source, const OpenDocument& document, int page);
     std::optional<Thumbnail> pageThumbnail(const Source& source, const QString& pageFile);
     std::optional<Thumbnail> folderThumbnail(const ListRow& folderRow) const;
     void addRow(ListRow row, const Thumbnail& thumbnail);

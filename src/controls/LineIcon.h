@@ -6,9 +6,11 @@
 
 namespace tarsel {
 
-/// One of our own small icons by name ("folder", "add", "save" ..), drawn as lines in the palette's colours,
-/// so that it is sharp at every scale and right on dark and light desktops. An unknown name gives an empty
-/// icon.
+/// One of our own small icons by the name of its file in icons/ ("folder", "add", "save" ..): sharp at every
+/// scale, in the colours of the light or the dark palette. An unknown name returns an empty icon.
+///
+/// The files use five nominal colours, which are exchanged before drawing: the ink #31363b becomes the
+/// palette's text colour, the accents #3a86d0, #d08a24, #3f9c52 and #c8453c are lightened on dark palettes.
 QIcon lineIcon(const QString& name);
 
 } // namespace tarsel

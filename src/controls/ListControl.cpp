@@ -2,14 +2,18 @@
 #include "controls/ListControl.h"
 
 #include "controls/RowDelegate.h"
+#include "controls/TableColumns.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListView>
 #include <QMetaMethod>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QTreeView>
 #include <algorithm>
@@ -18,7 +22,10 @@ namespace tarsel {
 
 namespace {
 
-/// A view that tells when a drag of its rows begins, and only ever offers copies: moving is the list's work.
+constexpr int FocusFrame = 2;
+
+/// A view that reports when a drag of its rows begins, and only ever offers copies: moving is the list's
+/// work.
 template <class View>
 class DraggingView final : public View {
 public:
@@ -58,8 +65,9 @@ QItemSelection selectionOf(const ListView& list) {
 
 ListControl::ListControl(ListView& list, QWidget* parent) :
     QStackedWidget(parent), m_list(list), m_table(new DraggingView<QTreeView>(this)),
-    m_thumbnails(new DraggingView<QListView>(this)), m_delegate(new RowDelegate(this)),
-    m_hint(new QLabel(this)) {
+    m_thumbnails(new DraggingView<QListView>(this)), m_columns(new TableColumns(m_table)),
+    m_delegate(new RowDelegate(this)), m_hint(new QLabel(this)) {
+    setContentsMargins(FocusFrame, FocusFrame, FocusFrame, FocusFrame);
     prepareTable();
     m_thumbnails->setViewMode(QListView::IconMode);
     m_thumbnails->setResizeMode(QListView::Adjust);
@@ -84,6 +92,11 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     prepareHint();
 }
 
+void ListControl::setAccessibleName(const QString& name) {
+    m_table->setAccessibleName(name);
+    m_thumbnails->setAccessibleName(name);
+}
+
 QAbstractItemView* ListControl::view() const {
     return qobject_cast<QAbstractItemView*>(currentWidget());
 }
@@ -94,6 +107,7 @@ void ListControl::setForm(Form form) {
     setFocusProxy(view());
     if (focused)
         view()->setFocus();
+    Q_EMIT formChanged();
 }
 
 ListControl::Form ListControl::form() const {
@@ -102,7 +116,7 @@ ListControl::Form ListControl::form() const {
 
 void ListControl::setThumbnailSize(QSize size) {
     m_thumbnails->setIconSize(size);
-    // Two names of the usual length stand side by side without being cut.
+    // Wide enough for a name of the usual length.
     const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 21);
     m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 12};
     m_thumbnails->setGridSize(m_delegate->cellSize + QSize(6, 6));
@@ -118,11 +132,11 @@ void ListControl::setFullRowSelect(bool full) {
 }
 
 int ListControl::columnWidth(int column) const {
-    return m_table->columnWidth(column);
+    return m_columns->width(column);
 }
 
 void ListControl::setColumnWidth(int column, int width) {
-    m_table->setColumnWidth(column, width);
+    m_columns->setWidth(column, width);
 }
 
 void ListControl::acceptRowsOf(const ListControl* source) {
@@ -153,6 +167,15 @@ void ListControl::resizeEvent(QResizeEvent* event) {
     placeHint();
 }
 
+void ListControl::paintEvent(QPaintEvent* event) {
+    QStackedWidget::paintEvent(event);
+    if (!view()->hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), FocusFrame));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
 void ListControl::placeHint() {
     m_hint->setGeometry(rect().adjusted(24, 24, -24, -24));
     m_hint->setVisible(m_list.isEmpty() && !m_hint->text().isEmpty());
@@ -180,6 +203,7 @@ void ListControl::prepareTable() {
     m_table->setUniformRowHeights(true);
     m_table->setAllColumnsShowFocus(true);
     m_table->setAlternatingRowColors(true);
+    m_table->setTextElideMode(Qt::ElideMiddle);
     QHeaderView* header = m_table->header();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(false);
@@ -210,22 +234,24 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
         if (!onViewport)
             Q_EMIT entered();
+        update();
+        break;
+    case QEvent::FocusOut:
+        update();
         break;
     case QEvent::KeyPress:
-        return !onViewport && keyPressed(static_cast<QKeyEvent*>(event)->key());
+        return !onViewport && keyPressed(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
         if (!onViewport && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
             keyReleased(static_cast<QKeyEvent*>(event)->key());
         break;
     case QEvent::MouseButtonRelease:
-        // The view first: the click's selection must stand before anyone is told.
+        // The view first: the signal comes after the click's selection.
         if (onViewport && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
             QMetaObject::invokeMethod(this, &ListControl::rowClicked, Qt::QueuedConnection);
         break;
     case QEvent::ContextMenu:
-        if (onViewport)
-            Q_EMIT menuWanted(static_cast<QContextMenuEvent*>(event)->globalPos());
-        return onViewport;
+        return menuRequested(*static_cast<QContextMenuEvent*>(event), onViewport);
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::DragLeave:
@@ -237,13 +263,37 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
     return QStackedWidget::eventFilter(watched, event);
 }
 
-bool ListControl::keyPressed(int key) {
-    // Where nobody waits for Enter it is left to the dialog's default button.
+bool ListControl::keyPressed(const QKeyEvent& event) {
+    if (event.matches(QKeySequence::Copy)) {
+        copyRows(m_list, true);
+        return true;
+    }
+    if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier) {
+        Q_EMIT menuWanted(menuPosition());
+        return true;
+    }
+    // Where no slot waits for Enter it is left to the dialog's default button.
     const bool wanted = isSignalConnected(QMetaMethod::fromSignal(&ListControl::enterPressed));
-    if (!wanted || (key != Qt::Key_Return && key != Qt::Key_Enter))
+    if (!wanted || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter))
         return false;
     Q_EMIT enterPressed();
     return true;
+}
+
+/// The mouse asks the viewport, the menu key the view.
+bool ListControl::menuRequested(const QContextMenuEvent& event, bool onViewport) {
+    const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
+    if (onViewport == byKey)
+        return false;
+    Q_EMIT menuWanted(byKey ? menuPosition() : event.globalPos());
+    return true;
+}
+
+/// Next to the row with the focus, as far as it is in view.
+QPoint ListControl::menuPosition() const {
+    const QWidget* viewport = view()->viewport();
+    const QRect row = view()->visualRect(view()->currentIndex()) & viewport->rect();
+    return viewport->mapToGlobal(row.isEmpty() ? viewport->rect().topLeft() : row.center());
 }
 
 void ListControl::keyReleased(int key) {
@@ -319,6 +369,19 @@ void ListControl::giveSelectionToView() {
     if (focused >= 0 && focused < m_list.count())
         selection->setCurrentIndex(m_list.index(focused, 0), QItemSelectionModel::NoUpdate);
     selection->select(selectionOf(m_list), QItemSelectionModel::ClearAndSelect);
+}
+
+void copyRows(const ListView& list, bool selectedOnly) {
+    QStringList lines;
+    for (int row = 0; row < list.count(); ++row) {
+        if (selectedOnly && !list.isSelected(row))
+            continue;
+        QStringList cells{list.row(row).text};
+        for (int column = 1; column < list.columnCount(); ++column)
+            cells << list.subItem(row, column);
+        lines << cells.join(QLatin1Char('\t'));
+    }
+    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 } // namespace tarsel

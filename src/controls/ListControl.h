@@ -13,6 +13,7 @@ class QTreeView;
 namespace tarsel {
 
 class RowDelegate;
+class TableColumns;
 
 /// Shows a ListView as a table or as thumbnails and keeps the selection of list and widget in step, in both
 /// directions. What the user does leaves as signals; the list's owner decides what it means.
@@ -24,6 +25,8 @@ public:
     explicit ListControl(ListView& list, QWidget* parent = nullptr);
 
     ListView& list() const { return m_list; }
+    /// Hides the base class's: the name belongs to the views, since they hold the focus.
+    void setAccessibleName(const QString& name);
     /// The view on show, for focus, clicks and geometry.
     QAbstractItemView* view() const;
 
@@ -33,6 +36,8 @@ public:
     void setTableIconSize(QSize size); ///< pictures of the form Details; small ones until it is called
     /// On: a selected row is marked over all columns; off: on its first column.
     void setFullRowSelect(bool full);
+    /// In pixels of the usual font; on the screen columns grow with the font, and the first one takes free
+    /// room.
     int columnWidth(int column) const;
     void setColumnWidth(int column, int width);
     /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.
@@ -51,13 +56,15 @@ Q_SIGNALS:
     void enterPressed();
     void arrowReleased();
     void deleteReleased();
+    void formChanged();
     void menuWanted(const QPoint& globalPosition);
     void dragStarted();
-    /// Rows were dropped; `row` is the one under the pointer, -1 behind the last.
+    /// Rows were dropped; `row` is the one under the pointer, -1 after the last.
     void rowsDropped(tarsel::ListControl* source, int row);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override; ///< frames the list that has the focus
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -65,7 +72,9 @@ private:
     void prepareTable();
     void prepareHint();
     void placeHint();
-    bool keyPressed(int key);
+    bool keyPressed(const QKeyEvent& event);
+    bool menuRequested(const QContextMenuEvent& event, bool onViewport);
+    QPoint menuPosition() const;
     void keyReleased(int key);
     bool dragMoved(QEvent* event);
     ListControl* sourceOf(QObject* dragSource) const;
@@ -77,11 +86,15 @@ private:
     ListView& m_list;
     QTreeView* m_table;
     QListView* m_thumbnails;
+    TableColumns* m_columns;
     RowDelegate* m_delegate;
     QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
     bool m_synchronising = false;
     bool m_scheduled = false;
 };
+
+/// Brings rows to the clipboard, as lines of cells between tabs.
+void copyRows(const ListView& list, bool selectedOnly);
 
 } // namespace tarsel

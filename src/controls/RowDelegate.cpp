@@ -4,8 +4,11 @@
 #include "base/ListView.h"
 #include "controls/LineIcon.h"
 
+#include <QAbstractItemView>
 #include <QHash>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace tarsel {
 
@@ -40,6 +43,17 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->drawLine(frame.bottomLeft(), frame.bottomRight());
 }
 
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+    const bool cut =
+        index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    if (!cut || event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QToolTip::showText(event->globalPos(), index.data(Qt::DisplayRole).toString(), view->viewport(),
+                       option.rect);
+    return true;
+}
+
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() > 0 && !fullRow)
@@ -49,7 +63,8 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
         return;
     option->icon = iconOf(iconKey);
     option->features |= QStyleOptionViewItem::HasDecoration;
-    option->decorationSize = QSize(16, 16);
+    const int side = option->fontMetrics.height();
+    option->decorationSize = QSize(side, side);
 }
 
 } // namespace tarsel

@@ -30,12 +30,14 @@ void StatusBar::addPanel(const StatusPanel& panel) {
     row->setSpacing(4);
     if (*panel.icon) {
         auto* picture = new QLabel(holder);
-        picture->setPixmap(lineIcon(QLatin1String(panel.icon)).pixmap(16, 16));
+        const int side = picture->fontMetrics().height();
+        picture->setPixmap(lineIcon(QLatin1String(panel.icon)).pixmap(side, side));
         row->addWidget(picture);
     }
     auto* label = new ElidedLabel({}, holder);
     label->setObjectName(QStringLiteral("sbMain_") + QLatin1String(panel.key));
-    label->setAccessibleName(QLatin1String(panel.toolTip));
+    // Without a name of its own the label's text is spoken.
+    label->setAccessibleDescription(QLatin1String(panel.toolTip));
     row->addWidget(label, 1);
     holder->setToolTip(QLatin1String(panel.toolTip));
     addWidget(holder, panel.stretch);

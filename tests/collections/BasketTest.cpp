@@ -106,6 +106,17 @@ TEST_F(BasketTest, EachRoadSplitsADocumentIntoPagesWithItsOwnSpelling) {
     EXPECT_EQ(pageFiles().size(), 9);
 }
 
+TEST_F(BasketTest, ADocumentIsReadOnceForAllItsPages) {
+    makeScan();
+    listAndSelectAll();
+    desktop.onYield = [&] {
+        if (lvPages.count() == 1)
+            QFile::remove(picture("scan.tif"));
+    };
+    basket().cmdAddToQueue_Click();
+    EXPECT_EQ(lvPages.count(), 3);
+}
+
 TEST_F(BasketTest, APageFileHoldsThePageThatItsRowNames) {
     makeScan();
     listAndSelectAll();

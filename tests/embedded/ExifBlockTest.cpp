@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/ExifBlock.h"
-#include "embedded/MetadataStore.h"
 #include "tests/support/TiffStructure.h"
 
 #include <gtest/gtest.h>
@@ -24,19 +23,6 @@ void setText(ExifBlock& block, quint16 tag, const QByteArray& text) {
 QByteArray textOf(const ExifBlock& block, quint16 tag) {
     const ExifEntry* entry = block.find(ExifGroup::Image, tag);
     return entry ? block.value(*entry).chopped(1).toByteArray() : QByteArray("absent");
-}
-
-/// Make and a Photo directory with a maker note, and a thumbnail of 100 bytes of 'T' at the end.
-QByteArray cameraBlock() {
-    const quint32 rest = tiffRest(2);
-    const quint32 photo = rest + 6;
-    const quint32 note = photo + 18;
-    const quint32 thumbnail = note + 20;
-    const quint32 picture = thumbnail + 30;
-    return tiffBlock({{make, asciiType, 6, rest}, {photoPointer, longType, 1, photo}}, thumbnail,
-                     QByteArray("Acme!\0", 6) + tiffDirectory({{0x927C, 7, 20, note}}) + QByteArray(20, 'N') +
-                         tiffDirectory({{0x0201, longType, 1, picture}, {0x0202, longType, 1, 100}}) +
-                         QByteArray(100, 'T'));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "tests/fuzz/Fuzzers.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/TestDesktop.h"
+#include "tests/support/TiffStructure.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ Seeds listFiles() {
 
 Seeds metadataBlocks() {
     const EmbeddedMetadata blocks = test::everyKindOfMetadata();
-    return {'\1' + blocks.exif, '\0' + blocks.resources};
+    return {'\1' + blocks.exif, '\1' + test::cameraBlock(), '\0' + blocks.resources};
 }
 
 Seeds pictures() {

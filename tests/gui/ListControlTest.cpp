@@ -2,9 +2,12 @@
 #include "controls/ListControl.h"
 #include "base/ListView.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeView>
 #include <gtest/gtest.h>
 #include <random>
@@ -115,6 +118,59 @@ TEST_F(ListControlTest, KeysLeaveAsSignals) {
     EXPECT_EQ(enter.count(), 2);
     EXPECT_EQ(arrow.count(), 2);
     EXPECT_EQ(remove.count(), 2);
+}
+
+TEST_F(ListControlTest, MenuKeysAskForTheMenuAtTheRowWithTheFocus) {
+    fill(3);
+    control.resize(400, 300);
+    control.show();
+    control.view()->setCurrentIndex(list.index(2, 0));
+    const QRect row = control.view()->visualRect(list.index(2, 0));
+    QSignalSpy menu(&control, &ListControl::menuWanted);
+    QTest::keyClick(control.view(), Qt::Key_F10, Qt::ShiftModifier);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {1, 1}, {1, 1});
+    QCoreApplication::sendEvent(control.view(), &byKey);
+    ASSERT_EQ(menu.count(), 2);
+    for (const QList<QVariant>& wanted : menu)
+        EXPECT_TRUE(row.contains(control.view()->viewport()->mapFromGlobal(wanted[0].toPoint())));
+}
+
+TEST_F(ListControlTest, TheNamesTakeFreeRoomAndAllColumnsFollowTheFont) {
+    control.setColumnWidth(0, 80);
+    control.setColumnWidth(1, 120);
+    control.resize(900, 200);
+    control.show();
+    const auto* table = control.findChild<QTreeView*>();
+    const auto shown = [&] { return std::pair(table->columnWidth(0), table->columnWidth(1)); };
+    const auto [name, number] = shown();
+    EXPECT_EQ(name + number, table->viewport()->width());
+    QFont large = control.font();
+    large.setPointSize(large.pointSize() * 2);
+    control.setFont(large);
+    EXPECT_GT(shown().second, number * 3 / 2);
+    control.resize(150, 200);
+    QTest::qWait(0);
+    EXPECT_GE(shown().first, control.fontMetrics().averageCharWidth() * 15) << "a name stays readable";
+    EXPECT_EQ(control.columnWidth(0), 80) << "what is remembered depends neither on the font nor on the room";
+    EXPECT_EQ(control.columnWidth(1), 120);
+}
+
+TEST_F(ListControlTest, ACellThatIsCutShowsItsTextAsToolTip) {
+    ListRow row;
+    row.text = QString(200, QLatin1Char('x'));
+    row.subItems = {QStringLiteral("short")};
+    list.add(row);
+    control.resize(600, 200);
+    control.show();
+    for (const ListControl::Form form : {ListControl::Form::Details, ListControl::Form::Thumbnails}) {
+        control.setForm(form);
+        QTest::qWait(0);
+        const QPoint position = control.view()->visualRect(list.index(0, 0)).center();
+        QHelpEvent help(QEvent::ToolTip, position, control.view()->viewport()->mapToGlobal(position));
+        QCoreApplication::sendEvent(control.view()->viewport(), &help);
+        EXPECT_EQ(QToolTip::text().size(), 200);
+        QToolTip::hideText();
+    }
 }
 
 } // namespace tarsel::test

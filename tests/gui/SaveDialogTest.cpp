@@ -4,24 +4,42 @@
 #include "controls/ListControl.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
+#include "output/forms/frmBatchResults.h"
 #include "output/forms/frmSaveSinglePage.h"
 #include "tests/gui/DialogScript.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace tarsel::test {
 
 namespace {
+
+// A record as "name=value" of each field, from the table of the fields.
+#define GROUP(group)                                                                                         \
+    [[maybe_unused]] QStringList fieldsOf(const group& record) {                                             \
+        QStringList fields;
+#define END_GROUP()                                                                                          \
+    return fields;                                                                                           \
+    }
+#define FIELD(type, name, value) fields << QStringLiteral(#name "=%1").arg(record.name);
+#define TEXT(type, name, value) FIELD(type, name, value)
+#define FOLDER(type, name, form) FIELD(type, name, form)
+#define BESIDE(type, name, value) FIELD(type, name, value)
+#include "configuration/ConfigFields.def"
 
 class SaveDialog : public testing::Test {
 protected:
@@ -38,6 +56,19 @@ protected:
     Widget& control(const char* name) {
         return child<Widget>(*dialog, name);
     }
+    void addRow(const char* path, const char* document = "") {
+        ListRow row;
+        row.text = QString(QLatin1String(path)).section(QLatin1Char('/'), -1).section(QLatin1Char('.'), 0, 0);
+        row.tag = QLatin1String(path);
+        row.subItems = {{}, {}, {}, QLatin1String(document)};
+        pages.add(row);
+    }
+    NamePreview& finishedPreview() {
+        auto* preview = dialog->findChild<NamePreview*>();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return preview->isFinished(); }));
+        return *preview;
+    }
+    std::string textOf(const char* label) { return control<QLabel>(label).text().toStdString(); }
     void choose(const char* option) {
         QTest::mouseClick(&control<QRadioButton>(option), Qt::LeftButton, {}, {8, 8});
     }
@@ -62,7 +93,7 @@ const std::initializer_list<const char*> nameControls{"cboRenamePrefix",  "cboRe
 
 } // namespace
 
-TEST_F(SaveDialog, ShowsEveryAnswerOfTheLastTime) {
+TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
     settings = {.JpegQuality = 37,
                 .JpegProgressive = 1,
                 .JpegDepth = 1,
@@ -74,13 +105,15 @@ TEST_F(SaveDialog, ShowsEveryAnswerOfTheLastTime) {
                 .RenameGeneric = QStringLiteral("Album"),
                 .RenameGenericPattern = QStringLiteral("[Starting 1001]"),
                 .DestinationOption = 1,
-                .DestinationFolder = QStringLiteral("/out/   "),
+                .DestinationFolder = QStringLiteral("C:\\"),
                 .Overwrite = 0,
                 .ImportIPTC = 1,
                 .ImportEXIF = 0,
                 .ImportIPTCFile = QStringLiteral("/a.ffo"),
                 .ImportEXIFFile = QStringLiteral("/a.xiff"),
-                .ProcessEditingList = 1};
+                .ProcessEditingList = 1,
+                .UprightByExif = 0};
+    const BatchSave shown = settings;
     open();
     EXPECT_EQ(dialog->windowTitle().toStdString(), "Save single-page files");
     EXPECT_EQ(control<QSlider>("sldJPGQuality").value(), 37);
@@ -95,12 +128,23 @@ TEST_F(SaveDialog, ShowsEveryAnswerOfTheLastTime) {
     EXPECT_EQ(control<QLineEdit>("txtRenameGeneric").text().toStdString(), "Album");
     EXPECT_EQ(control<QComboBox>("cboRenameGeneric").currentText().toStdString(), "[Starting 1001]");
     EXPECT_TRUE(control<QRadioButton>("optDestinationFolder_1").isChecked());
-    EXPECT_EQ(control<QLineEdit>("txtDestinationFolder").text().toStdString(), "/out/");
+    EXPECT_EQ(control<QLineEdit>("txtDestinationFolder").text().toStdString(), "C:\\");
     EXPECT_FALSE(control<QCheckBox>("chkOverwrite").isChecked());
     EXPECT_TRUE(control<QCheckBox>("chkImportIPTC").isChecked());
     EXPECT_FALSE(control<QCheckBox>("chkImportEXIF").isChecked());
     EXPECT_EQ(control<QLineEdit>("txtImportIPTC").text().toStdString(), "/a.ffo");
     EXPECT_TRUE(control<QCheckBox>("chkProcessEditingList").isChecked());
+    EXPECT_FALSE(control<QCheckBox>("chkUpright").isChecked());
+    EXPECT_EQ(control<QLineEdit>("txtImportEXIF").text().toStdString(), "/a.xiff");
+
+    settings = {};
+    click(*dialog, "cmdStarConversion");
+    BatchSave expected = shown;
+    expected.Confirmed = -1;
+    expected.NameOption = settings.NameOption; // stored when they are clicked
+    expected.DestinationOption = settings.DestinationOption;
+    EXPECT_EQ(fieldsOf(settings), fieldsOf(expected));
+    EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(SaveDialog, OffersTheWholeVocabulary) {
@@ -260,33 +304,6 @@ INSTANTIATE_TEST_SUITE_P(Folders, SaveDialogFolder,
                                          FolderCase{"/home/pics/", "/home/pics//"},
                                          FolderCase{"C:\\", "C:\\"}, FolderCase{"/", "//"}));
 
-TEST_F(SaveDialog, SaveStoresEveryControl) {
-    open();
-    choose("OptName_2");
-    choose("optJPEGDepth_1");
-    control<QSlider>("sldJPGQuality").setValue(55);
-    control<QCheckBox>("chkJPGProgressive").click();
-    control<QCheckBox>("chkOverwrite").click();
-    control<QCheckBox>("chkProcessEditingList").click();
-    control<QCheckBox>("chkImportEXIF").click();
-    control<QLineEdit>("txtImportEXIF").setText(QStringLiteral("/e.xiff"));
-    control<QComboBox>("cboSeparator2").setEditText(QStringLiteral("[No Separator]"));
-    control<QComboBox>("cboRenameGeneric").setEditText(QStringLiteral("7"));
-    click(*dialog, "cmdStarConversion");
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(settings.Confirmed, -1);
-    EXPECT_EQ(settings.JpegDepth, 1);
-    EXPECT_EQ(settings.JpegQuality, 55);
-    EXPECT_EQ(settings.JpegProgressive, 1);
-    EXPECT_EQ(settings.Overwrite, 0);
-    EXPECT_EQ(settings.ProcessEditingList, 1);
-    EXPECT_EQ(settings.ImportEXIF, 1);
-    EXPECT_EQ(settings.ImportIPTC, 0);
-    EXPECT_EQ(settings.ImportEXIFFile.toStdString(), "/e.xiff");
-    EXPECT_EQ(settings.Separator2.toStdString(), "[No Separator]");
-    EXPECT_EQ(settings.RenameGenericPattern.toStdString(), "7");
-}
-
 TEST_F(SaveDialog, BrowseButtonsTakeAnAnswerAndKeepTheTextOnCancel) {
     settings.DestinationOption = 1;
     settings.ImportEXIF = 1;
@@ -312,33 +329,167 @@ TEST_F(SaveDialog, EnterSavesAlsoFromTheListOfNames) {
 }
 
 TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {
-    for (const char* path : {"/a/sea.jpg", "/b/sea.jpg", "/b/hill.jpg"}) {
-        ListRow row;
-        row.text = QString(QLatin1String(path)).section(QLatin1Char('/'), -1).section(QLatin1Char('.'), 0, 0);
-        row.tag = QLatin1String(path);
-        row.subItems = {{}, {}, {}, QStringLiteral("/docs/letter.tif")};
-        pages.add(row);
-    }
+    for (const char* path : {"/a/sea.jpg", "/b/sea.jpg", "/b/hill.jpg"})
+        addRow(path, "/docs/letter.tif");
     settings.DestinationFolder = QStringLiteral("/nowhere/");
     open();
-    auto* preview = dialog->findChild<NamePreview*>();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return preview->isFinished(); }));
+    auto* preview = &finishedPreview();
     ASSERT_EQ(preview->names().count(), 3);
     EXPECT_EQ(preview->names().row(0).text.toStdString(), "sea.jpg");
     EXPECT_NE(preview->names().subItem(1, 2).toStdString(), "") << "two rows get one name";
     EXPECT_EQ(preview->names().subItem(2, 1).toStdString(), "letter.tif")
         << "a page is shown by its document";
-    EXPECT_EQ(control<QLabel>("lblNamesFolder").text().toStdString(), "They go to /nowhere")
+    EXPECT_EQ(textOf("lblNames"), "3 names\n1 row will replace the file of an earlier row");
+    EXPECT_EQ(textOf("lblNamesFolder"), "Files will be saved to /nowhere")
         << "also while the option for the source folder is on";
     choose("OptName_1");
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return control<QLabel>("lblNamesFolder").text() == QLatin1String("They go to 2 folders"); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return control<QLabel>("lblNamesFolder").text() == QLatin1String("Files will be saved to 2 folders");
+    }));
     choose("OptName_2");
     ASSERT_TRUE(QTest::qWaitFor([&] {
         return preview->isFinished() && preview->names().row(0).text == QLatin1String("Sample1.jpg");
     }));
     EXPECT_EQ(preview->names().row(2).text.toStdString(), "Sample3.jpg");
     EXPECT_EQ(settings.RenameGeneric.toStdString(), "Sample") << "looking changes nothing";
+}
+
+TEST_F(SaveDialog, AMissingFolderIsReportedBeforeSaveAndCreatedOnRequest) {
+    const QTemporaryDir home;
+    const QString folder = home.filePath(QStringLiteral("new/deep"));
+    settings.DestinationFolder = folder;
+    addRow("/a/sea.jpg");
+    open();
+    finishedPreview();
+    EXPECT_EQ(textOf("lblNamesFolderProblem"),
+              QStringLiteral("The folder %1 does not exist.").arg(folder).toStdString());
+    click(*dialog, "cmdCreateFolder");
+    EXPECT_TRUE(QFileInfo(folder).isDir());
+    finishedPreview();
+    EXPECT_FALSE(control<QWidget>("lblNamesFolderProblem").isVisible());
+    EXPECT_EQ(textOf("lblNames"), "1 name, no clashes");
+
+    QFile file(home.filePath(QStringLiteral("file")));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    control<QLineEdit>("txtDestinationFolder").setText(file.fileName());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return textOf("lblNamesFolderProblem") == file.fileName().toStdString() + " is not a folder.";
+    }));
+    EXPECT_FALSE(control<QWidget>("cmdCreateFolder").isVisible());
+}
+
+struct SummaryCase {
+    bool overwrite;
+    std::vector<NameClash> clashes;
+    const char* sentences;
+};
+class NameSummaries : public testing::TestWithParam<SummaryCase> {};
+
+TEST_P(NameSummaries, CountWhatHappensToExistingFiles) {
+    NameSummary summary(GetParam().overwrite);
+    for (const NameClash clash : GetParam().clashes)
+        summary.add({1, {}, {}, clash, 0, {}});
+    EXPECT_EQ(summary.sentences().join(QLatin1Char('|')).toStdString(), GetParam().sentences);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, NameSummaries,
+    testing::Values(
+        SummaryCase{true,
+                    {NameClash::OwnSource, NameClash::OtherSource, NameClash::Exists, NameClash::None},
+                    "4 names|2 originals will be overwritten|1 existing file will be replaced"},
+        SummaryCase{
+            true,
+            {NameClash::SameAsRow, NameClash::SameAsRow, NameClash::NotKnown, NameClash::Invalid},
+            "4 names|1 name is not possible: the run would end there|2 rows will replace the file of an "
+            "earlier row|1 name is not known before the run"},
+        SummaryCase{
+            false,
+            {NameClash::OwnSource, NameClash::Exists, NameClash::SameAsRow},
+            "3 names|2 rows will be skipped, because their files exist|1 row will be skipped, because an "
+            "earlier row has its name"}));
+
+struct TasksCase {
+    int tasks;
+    bool ticked;
+    const char* text;
+};
+class SaveDialogTasks : public SaveDialog, public testing::WithParamInterface<TasksCase> {};
+
+TEST_P(SaveDialogTasks, AreAnnouncedBesideTheirOption) {
+    for (int i = 0; i < GetParam().tasks; ++i)
+        tasks.add({});
+    open();
+    if (GetParam().ticked)
+        control<QCheckBox>("chkProcessEditingList").click();
+    EXPECT_EQ(textOf("lblTasks"), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SaveDialogTasks,
+    testing::Values(TasksCase{0, true, "The task basket is empty."}, TasksCase{1, true, "1 task will run."},
+                    TasksCase{3, true, "3 tasks will run."},
+                    TasksCase{3, false, "The 3 tasks won't run: the option above is not ticked."}));
+
+/// Largest part of the screen that the dialog may take, with a font of that many points.
+struct ScreenCase {
+    QSize room;
+    int points;
+};
+class SaveDialogScreen : public SaveDialog, public testing::WithParamInterface<ScreenCase> {
+protected:
+    SaveDialogScreen() : usual(QApplication::font()) {
+        QFont large = usual;
+        large.setPointSize(GetParam().points);
+        QApplication::setFont(large);
+    }
+    ~SaveDialogScreen() override {
+        dialog.reset();
+        QApplication::setFont(usual);
+    }
+    const QFont usual;
+};
+
+TEST_P(SaveDialogScreen, HasRoomForEveryControl) {
+    open();
+    dialog->resize(GetParam().room);
+    QTest::qWait(0);
+    EXPECT_EQ(dialog->size(), GetParam().room) << "not held open by its contents";
+    for (QWidget* widget : dialog->findChildren<QWidget*>()) {
+        const bool isControl = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget) ||
+                               qobject_cast<QLineEdit*>(widget) || qobject_cast<QSlider*>(widget);
+        if (!isControl || !widget->isVisible() || widget->objectName().isEmpty())
+            continue;
+        const QRect shown(widget->mapTo(dialog.get(), QPoint()), widget->size());
+        EXPECT_LE(shown.right(), dialog->width()) << widget->objectName().toStdString();
+        EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << widget->objectName().toStdString();
+    }
+    EXPECT_LE(control<QWidget>("cmdExit").geometry().bottom(), dialog->height());
+    EXPECT_GE(child<ListControl>(*dialog, "lvNames").height(), 60);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SaveDialogScreen,
+                         testing::Values(ScreenCase{{1350, 720}, 14}, ScreenCase{{784, 552}, 10},
+                                         ScreenCase{{784, 552}, 14}));
+
+TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
+    const auto result = [](int row, RowState state, const char* reason = "") {
+        const QString source = QStringLiteral("/s%1").arg(row);
+        return RowResult{row, source, QStringLiteral("/t%1").arg(row), state, QLatin1String(reason)};
+    };
+    TestDesktop desktop;
+    auto* results = new frmBatchResults({result(1, RowState::Written), result(2, RowState::Skipped, "exists"),
+                                         result(3, RowState::Written, "damaged"),
+                                         result(4, RowState::Failed, "no picture")},
+                                        nullptr);
+    EXPECT_EQ(child<QLabel>(*results, "lblSummary").text().toStdString(),
+              "2 written, 1 skipped, 1 failed - 1 of the written pictures has a warning");
+    results->show();
+    click(*results, "cmdCopyAll");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+              "failed\t/s4\t/t4\tno picture\nwritten\t/s3\t/t3\tdamaged\n"
+              "skipped\t/s2\t/t2\texists\nwritten\t/s1\t/t1\t");
+    results->close();
 }
 
 } // namespace tarsel::test

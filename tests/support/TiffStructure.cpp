@@ -37,4 +37,18 @@ QByteArray tiffBlock(const std::vector<RawEntry>& entries, quint32 next, const Q
     return QByteArray("II*\0\x08\0\0\0", 8) + tiffDirectory(entries, next) + rest;
 }
 
+QByteArray cameraBlock() {
+    constexpr quint16 asciiType = 2;
+    constexpr quint16 longType = 4;
+    const quint32 rest = tiffRest(2);
+    const quint32 photo = rest + 6;
+    const quint32 note = photo + 18;
+    const quint32 thumbnail = note + 20;
+    const quint32 picture = thumbnail + 30;
+    return tiffBlock({{0x010F, asciiType, 6, rest}, {0x8769, longType, 1, photo}}, thumbnail,
+                     QByteArray("Acme!\0", 6) + tiffDirectory({{0x927C, 7, 20, note}}) + QByteArray(20, 'N') +
+                         tiffDirectory({{0x0201, longType, 1, picture}, {0x0202, longType, 1, 100}}) +
+                         QByteArray(100, 'T'));
+}
+
 } // namespace tarsel::test

@@ -19,4 +19,7 @@ QByteArray tiffBlock(const std::vector<RawEntry>& entries, quint32 next = 0, con
 quint32 tiffRest(size_t entryCount);
 QByteArray tiffDirectory(const std::vector<RawEntry>& entries, quint32 next = 0);
 
+/// Make and a Photo directory with a maker note of 20 'N', and a thumbnail of 100 bytes of 'T' at the end.
+QByteArray cameraBlock();
+
 } // namespace tarsel::test

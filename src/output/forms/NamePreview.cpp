@@ -2,58 +2,52 @@
 #include "output/forms/NamePreview.h"
 
 #include "collections/Basket.h"
-#include "controls/ElidedLabel.h"
 #include "controls/ListControl.h"
+#include "output/forms/DestinationNotice.h"
 
-#include <QAbstractItemView>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace tarsel {
 
 namespace {
 constexpr int RowsOfASlice = 20;
-
-QString destinationText(const QStringList& folders) {
-    if (folders.isEmpty())
-        return {};
-    return folders.size() == 1 ? QStringLiteral("They go to %1").arg(folders.first())
-                               : QStringLiteral("They go to %1 folders").arg(folders.size());
 }
-} // namespace
 
 NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, QWidget* parent) :
     QWidget(parent), m_pages(lvPages), m_tasks(lvEditBatch),
-    m_names({QStringLiteral("New name"), QStringLiteral("Source file"), QStringLiteral("Remark")}),
-    m_summary(new QLabel(this)), m_destination(new ElidedLabel({}, this)) {
-    m_icons.add(style()->standardIcon(QStyle::SP_MessageBoxWarning));
-    m_names.attachImages(&m_icons);
-    auto* list = new ListControl(m_names, this);
-    list->setObjectName(QStringLiteral("lvNames"));
-    list->setAccessibleName(QStringLiteral("Names of the files that will be made"));
-    list->setFullRowSelect(true);
-    list->view()->setTextElideMode(Qt::ElideMiddle);
-    list->setColumnWidth(0, 230);
-    list->setColumnWidth(1, 150);
+    m_names({tr("New name"), tr("Source file"), tr("Remark")}), m_summary(new QLabel(this)),
+    m_destination(new DestinationNotice(this)) {
     m_summary->setObjectName(QStringLiteral("lblNames"));
-    m_destination->setObjectName(QStringLiteral("lblNamesFolder"));
+    m_summary->setWordWrap(true);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(list, 1);
+    column->addWidget(makeList(), 1);
     column->addWidget(m_summary);
     column->addWidget(m_destination);
     connect(&m_slice, &QTimer::timeout, this, &NamePreview::planSlice);
+    connect(m_destination, &DestinationNotice::folderCreated, this, [this] { show(m_settings); });
+}
+
+ListControl* NamePreview::makeList() {
+    auto* list = new ListControl(m_names, this);
+    list->setObjectName(QStringLiteral("lvNames"));
+    list->setAccessibleName(tr("Names of the files that will be made"));
+    list->setFullRowSelect(true);
+    list->setColumnWidth(0, 130);
+    list->setColumnWidth(1, 100);
+    list->setColumnWidth(2, 290);
+    return list;
 }
 
 void NamePreview::show(const BatchSave& settings) {
+    m_settings = settings;
     m_names.clear();
-    m_remarks = 0;
     m_folders.clear();
-    m_overwrite = settings.Overwrite == 1;
+    m_counts = NameSummary(settings.Overwrite == 1);
     m_planner = std::make_unique<NamePlanner>(m_pages, m_tasks, settings);
     m_slice.start(0);
     showSummary();
@@ -67,10 +61,10 @@ void NamePreview::planSlice() {
     showSummary();
 }
 
-/// A page is shown by its document: its own file is none that the user knows.
+/// A page is shown by its document: the user doesn't know its own file.
 void NamePreview::addName(const PlannedName& planned) {
-    const QString remark = clashText(planned, m_overwrite);
-    m_remarks += remark.isEmpty() ? 0 : 1;
+    m_counts.add(planned);
+    const QString remark = clashText(planned, m_settings.Overwrite == 1);
     const QString document = m_pages.subItem(planned.row - 1, BasketColumn::SourcePath);
     const QFileInfo target(planned.target);
     const QString folder = planned.target.isEmpty() ? QString() : QDir::cleanPath(target.path());
@@ -80,20 +74,18 @@ void NamePreview::addName(const PlannedName& planned) {
     row.text = target.fileName();
     row.tag = planned.target;
     row.subItems = {QFileInfo(document.isEmpty() ? planned.source : document).fileName(), remark};
-    row.icon = remark.isEmpty() ? -1 : 0;
+    if (!remark.isEmpty())
+        row.iconKey = QStringLiteral("warning");
     m_names.add(row);
 }
 
 void NamePreview::showSummary() {
-    const int total = m_planner->rowCount();
-    if (!m_planner->finished())
-        m_summary->setText(QStringLiteral("Looking at name %1 of %2").arg(m_planner->planned()).arg(total));
-    else if (m_remarks)
-        m_summary->setText(QStringLiteral("%1 names, %2 with a remark").arg(total).arg(m_remarks));
+    if (m_planner->finished())
+        m_summary->setText(m_counts.sentences().join(QLatin1Char('\n')));
     else
-        m_summary->setText(QStringLiteral("%1 names, no clashes").arg(total));
-    m_destination->setText(destinationText(m_folders));
-    m_destination->setToolTip(m_folders.join(QLatin1Char('\n')));
+        m_summary->setText(
+            tr("Looking at name %1 of %2").arg(m_planner->planned()).arg(m_planner->rowCount()));
+    m_destination->show(m_planner->finished() ? m_folders : QStringList());
 }
 
 } // namespace tarsel

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/ListView.h"
-#include "output/NamePlan.h"
+#include "output/forms/NameSummary.h"
 
 #include <QStringList>
 #include <QTimer>
@@ -13,9 +13,12 @@ class QLabel;
 
 namespace tarsel {
 
-/// Shows the names that a batch would give, where the files will lie and what they run into. The names are
-/// found in slices between two events, so that the dialog around it always answers; a change of the settings
-/// starts anew.
+class DestinationNotice;
+class ListControl;
+
+/// Shows the names that a batch would use, the folders of the files and what they run into. The names are
+/// found in slices between two events, so that the dialog always answers; a change of the settings starts
+/// again.
 class NamePreview final : public QWidget {
     Q_OBJECT
 public:
@@ -28,6 +31,7 @@ public:
     bool isFinished() const { return m_planner && m_planner->finished(); }
 
 private:
+    ListControl* makeList();
     void planSlice();
     void addName(const PlannedName& planned);
     void showSummary();
@@ -35,13 +39,12 @@ private:
     const ListView& m_pages;
     const ListView& m_tasks;
     ListView m_names;
-    ImageList m_icons;
     QLabel* m_summary;
-    QLabel* m_destination;
+    DestinationNotice* m_destination;
     QTimer m_slice;
+    BatchSave m_settings;
     std::unique_ptr<NamePlanner> m_planner;
-    bool m_overwrite = true;
-    int m_remarks = 0;
+    NameSummary m_counts;
     QStringList m_folders; ///< of all names, each once
 };
 

@@ -19,8 +19,8 @@ struct SaveAsLists {
     BatchSave& settings;
 };
 
-/// The whole operation: asks by frmSaveSinglePage, runs the rows behind frmStatus. Gives the results of the
-/// rows that were done; none when the basket is empty or the user left. Trapped as
+/// The complete operation: asks by frmSaveSinglePage, runs the rows with frmStatus. Returns the results of
+/// the rows that were done; none when the basket is empty or the user left. Trapped as
 /// "FrmMain.subSaveAsSinglePage".
 std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* owner);
 

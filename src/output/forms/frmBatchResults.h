@@ -9,10 +9,14 @@
 
 namespace tarsel {
 
-/// "38 written, 1 skipped, 1 failed".
+class ListControl;
+
+/// "38 written, 1 skipped, 1 failed", and how many of the written ones have a warning, such as a damaged
+/// source.
 QString resultSummary(const std::vector<RowResult>& results);
 
-/// What became of every row of a batch: state, source, target, reason. Modeless, deletes itself.
+/// What became of every row of a batch: state, source, target, reason; problems first. The texts can be
+/// copied. Modeless, deletes itself.
 class frmBatchResults final : public QDialog {
     Q_OBJECT
 public:
@@ -21,7 +25,10 @@ public:
     const ListView& rows() const { return m_rows; }
 
 private:
+    void addRows(std::vector<RowResult> results);
+    ListControl* makeList();
     void openFolder();
+    void copyAll();
 
     ListView m_rows;
 };

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAction>
+#include <QKeySequence>
+#include <QObject>
+#include <initializer_list>
+#include <span>
+#include <vector>
+
+class QMenu;
+class QToolButton;
+
+namespace tarsel {
+
+/// One command of a window, as its table states it. Texts are marked with QT_TRANSLATE_NOOP and translated
+/// when the actions are made; the text carries the mnemonic of its menus.
+struct ActionRow {
+    const char* name; ///< object name of the action and of its button
+    const char* text;
+    const char* toolTip;
+    const char* icon = "";   ///< name of a line icon; empty for none
+    const char* keys = "";   ///< shortcut as QKeySequence reads it; empty for none
+    const char* choice = ""; ///< actions with the same choice are checkable, and one of them is checked
+};
+
+/// Makes the actions of a window from its table, and from the actions the buttons, menus and the list of
+/// shortcuts.
+class ActionTable final : public QObject {
+    Q_OBJECT
+public:
+    ActionTable(std::span<const ActionRow> rows, const char* translationContext, QObject* parent = nullptr);
+
+    /// Fails hard for a name that isn't in the table.
+    QAction& action(const char* name) const;
+    /// A flat button, with the icon alone or the text beside it.
+    QToolButton* makeButton(const char* name, QWidget* parent,
+                            Qt::ToolButtonStyle style = Qt::ToolButtonIconOnly) const;
+    QMenu* makeMenu(const char* objectName, std::initializer_list<const char*> names, QWidget* parent) const;
+
+    struct Shortcut {
+        QString text;
+        QKeySequence keys;
+    };
+    /// Every action that has a shortcut, in the order of the table.
+    std::vector<Shortcut> shortcuts() const;
+
+private:
+    void add(const ActionRow& row, const char* translationContext);
+    void addToChoice(QAction* action, const char* choice);
+
+    std::vector<QAction*> m_actions;
+};
+
+} // namespace tarsel

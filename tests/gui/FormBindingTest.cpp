@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/FormBinding.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QSpinBox>
+#include <gtest/gtest.h>
+
+namespace tarsel::test {
+
+namespace {
+
+struct Settings {
+    qint32 angle = -170;
+    double scale = 0.25;
+    quint8 mode = 2;
+    auto operator<=>(const Settings&) const = default;
+};
+
+constexpr FormField<Settings> fields[] = {
+    {"angle", &Settings::angle},
+    {"scale", &Settings::scale, StoreMoment::BeforeChecks},
+    {"mode", &Settings::mode, StoreMoment::OnChange},
+};
+
+} // namespace
+
+/// The kinds of controls and fields that the save dialog doesn't have; each is stored at its own moment.
+TEST(FormBindings, StoreEachFieldAtItsMoment) {
+    QWidget form;
+    auto* angle = new QSpinBox(&form);
+    auto* scale = new QDoubleSpinBox(&form);
+    auto* mode = new QComboBox(&form);
+    angle->setObjectName(QStringLiteral("angle"));
+    angle->setRange(-180, 180);
+    scale->setObjectName(QStringLiteral("scale"));
+    mode->setObjectName(QStringLiteral("mode"));
+    mode->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+    Settings record;
+    FormBinding<Settings> binding(form, record, fields);
+    EXPECT_EQ(angle->value(), -170);
+    EXPECT_EQ(scale->value(), 0.25);
+    EXPECT_EQ(mode->currentIndex(), 2);
+
+    angle->setValue(45);
+    scale->setValue(1.5);
+    mode->setCurrentIndex(1);
+    EXPECT_EQ(record, (Settings{-170, 0.25, 1}));
+    EXPECT_EQ(binding.shown(), (Settings{45, 1.5, 1}));
+    binding.store(StoreMoment::BeforeChecks);
+    EXPECT_EQ(record, (Settings{-170, 1.5, 1}));
+    binding.store(StoreMoment::AfterChecks);
+    EXPECT_EQ(record, (Settings{45, 1.5, 1}));
+}
+
+} // namespace tarsel::test
