@@ -30,7 +30,8 @@ QList<QJsonObject> ProgramRun::objects() const {
     return objects;
 }
 
-ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
+ProgramRun runProgram(const QStringList& arguments, const QString& folder,
+                      const std::function<void()>& beforeStart) {
     QProcess process;
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
@@ -38,6 +39,7 @@ ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
     environment.insert(QStringLiteral("TMPDIR"), temporary.path());
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
+    process.setChildProcessModifier(beforeStart);
     process.start(program(), arguments);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(100'000)) << "the program hangs";

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <functional>
 #include <sys/types.h>
 
 namespace tarsel::test {
@@ -23,7 +24,8 @@ struct ProgramRun {
 };
 
 /// Runs the real program in a folder, without a display and with nothing of the environment but PATH.
-ProgramRun runProgram(const QStringList& arguments, const QString& folder);
+ProgramRun runProgram(const QStringList& arguments, const QString& folder,
+                      const std::function<void()>& beforeStart = {}); ///< runs in the new process
 
 /// Starts it and returns its process id. Results and messages go to the file "output" in the folder, results
 /// to the descriptor `output` when there is one.
@@ -41,7 +43,9 @@ public:
     QString path(const QString& name = {}) const { return m_folder.filePath(name); }
     /// Names of all files, hidden ones too, in their order, blanks between them.
     std::string files(const QString& subFolder = {}) const;
-    ProgramRun run(const QStringList& arguments) const { return runProgram(arguments, m_folder.path()); }
+    ProgramRun run(const QStringList& arguments, const std::function<void()>& beforeStart = {}) const {
+        return runProgram(arguments, m_folder.path(), beforeStart);
+    }
 
 private:
     QTemporaryDir m_folder;
