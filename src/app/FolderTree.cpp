@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
+#include <QScrollBar>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -61,9 +63,10 @@ FolderTree::FolderTree(QWidget* parent) :
             Q_EMIT folderSelected(m_model->filePath(current));
     });
     // Folders come in later than the selection; it is to stay in view while they do.
+    m_settle.setObjectName(QStringLiteral("settle"));
     m_settle.setSingleShot(true);
     m_settle.setInterval(30);
-    connect(&m_settle, &QTimer::timeout, this, [this] { scrollTo(currentIndex(), PositionAtCenter); });
+    connect(&m_settle, &QTimer::timeout, this, &FolderTree::centreCurrentFolder);
     const auto settle = [this] {
         if (m_following)
             m_settle.start();
@@ -81,6 +84,17 @@ void FolderTree::selectFolder(const QString& path) {
     expand(index.parent());
     m_following = true;
     m_settle.start();
+}
+
+/// Centres the current folder vertically. Sideways the tree moves only as far as that folder's name needs:
+/// parents' names start at the left edge.
+void FolderTree::centreCurrentFolder() {
+    scrollTo(currentIndex(), PositionAtCenter);
+    const int scrolled = horizontalScrollBar()->value();
+    const int left = visualRect(currentIndex()).left() + scrolled;
+    const int right = left + sizeHintForIndex(currentIndex()).width();
+    const int beyond = std::max(0, right - viewport()->width());
+    horizontalScrollBar()->setValue(std::min(beyond, left));
 }
 
 QString FolderTree::selectedFolder() const {

@@ -19,7 +19,7 @@ public:
     FolderTree(const FolderTree&) = delete;
     FolderTree& operator=(const FolderTree&) = delete;
 
-    /// Selects a folder, or the nearest one above it that exists. Tells folderSelected as a click does.
+    /// Selects a folder, or the nearest one above it that exists. Emits folderSelected as a click does.
     void selectFolder(const QString& path);
     QString selectedFolder() const; ///< empty while none is selected
 
@@ -30,9 +30,11 @@ protected:
     bool viewportEvent(QEvent* event) override;
 
 private:
+    void centreCurrentFolder();
+
     QFileSystemModel* m_model;
     std::unique_ptr<QAbstractFileIconProvider> m_icons;
-    QTimer m_settle;
+    QTimer m_settle{this};
     bool m_following = false; ///< the selection is kept in view until the user scrolls or clicks
 };
 

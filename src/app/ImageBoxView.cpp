@@ -15,6 +15,7 @@ ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QWidget(parent), m_
 
 void ImageBoxView::boxChanged() {
     fitBox();
+    m_isShowing = m_box.HasImage() && m_box.Visible;
     update();
 }
 
@@ -26,26 +27,31 @@ void ImageBoxView::resizeEvent(QResizeEvent* event) {
 void ImageBoxView::fitBox() {
     m_box.ControlWidth = float(width());
     m_box.ControlHeight = float(height());
-    m_scaled = {};
+    m_isStale = true;
 }
 
 void ImageBoxView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Mid));
-    if (!m_box.HasImage() || !m_box.Visible) {
+    if (m_isShowing && m_isStale && m_box.HasImage())
+        drawScaled();
+    if (!m_isShowing) {
         painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("No picture"));
         return;
     }
-    const double ratio = devicePixelRatioF();
-    if (m_scaled.isNull()) {
-        const QSize drawn = QSize(m_box.DisplayWidth(), m_box.DisplayHeight()) * ratio;
-        m_scaled = QPixmap::fromImage(
-            imageOf(m_box.picture()).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-        m_scaled.setDevicePixelRatio(ratio);
-    }
     const QSizeF drawn = m_scaled.deviceIndependentSize();
     painter.drawPixmap(QPointF((width() - drawn.width()) / 2, (height() - drawn.height()) / 2), m_scaled);
+}
+
+/// While the next picture is being loaded the box is empty, and the last drawing stays.
+void ImageBoxView::drawScaled() {
+    const double ratio = devicePixelRatioF();
+    const QSize drawn = QSize(m_box.DisplayWidth(), m_box.DisplayHeight()) * ratio;
+    m_scaled = QPixmap::fromImage(
+        imageOf(m_box.picture()).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    m_scaled.setDevicePixelRatio(ratio);
+    m_isStale = false;
 }
 
 } // namespace tarsel

@@ -8,7 +8,7 @@
 
 namespace tarsel {
 
-/// Shows the picture of an ImageBox, fitted whole into the room there is, and never enlarged beyond it.
+/// Shows the picture of an ImageBox, fitted completely into the space there is, and never enlarged beyond it.
 class ImageBoxView final : public QWidget {
     Q_OBJECT
 public:
@@ -25,9 +25,12 @@ protected:
 
 private:
     void fitBox();
+    void drawScaled();
 
     ImageBox& m_box;
-    QPixmap m_scaled; ///< of the last paint; null when it must be made anew
+    QPixmap m_scaled;         ///< of the last paint
+    bool m_isStale = true;    ///< m_scaled shows another picture or size
+    bool m_isShowing = false; ///< as of the last change of the box
 };
 
 } // namespace tarsel

@@ -14,4 +14,8 @@ QImage imageOf(const Picture& picture) {
         [](void* holder) { delete static_cast<Picture*>(holder); }, held);
 }
 
+QPixmap pixmapOf(const QVariant& picture) {
+    return QPixmap::fromImage(imageOf(picture.value<Picture>()));
+}
+
 } // namespace tarsel

@@ -2,6 +2,7 @@
 #include "app/QtDesktop.h"
 
 #include "app/DialogFilters.h"
+#include "app/ProgramIdentity.h"
 #include "app/frmErrorReport.h"
 #include "base/ErrorTrap.h"
 #include "pixels/Color.h"
@@ -17,6 +18,7 @@
 #include <QProcess>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -83,8 +85,8 @@ QtDesktop::QtDesktop(QString networkFolder) : m_networkFolder(std::move(networkF
 
 MessageAnswer QtDesktop::messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
                                     const QString& title) {
-    QMessageBox box(qtIcon(icon), title.isEmpty() ? QGuiApplication::applicationDisplayName() : title, text,
-                    qtButtons(buttons), owner());
+    QMessageBox box(qtIcon(icon), title.isEmpty() ? programIdentity::title : title, text, qtButtons(buttons),
+                    owner());
     box.setTextFormat(Qt::PlainText);
     return answerOf(box.exec());
 }
@@ -163,9 +165,11 @@ void QtDesktop::yield() {
 }
 
 void QtDesktop::setBusyPointer(bool busy) {
-    if (busy && m_busy++ == 0)
+    if (busy == std::exchange(m_busy, busy))
+        return;
+    if (busy)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    else if (!busy && m_busy > 0 && --m_busy == 0)
+    else
         QGuiApplication::restoreOverrideCursor();
 }
 
@@ -197,6 +201,8 @@ bool QtDesktop::isOnline() {
     });
 }
 
+/// Looks among this program's own windows. A title such as "Success" is no proof that another program's
+/// window shows the answer to a report: it could be the user's own page or document, so it is left alone.
 bool QtDesktop::closeWindowTitled(const QString& title) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible() || window->windowTitle() != title)

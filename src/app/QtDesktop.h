@@ -16,7 +16,7 @@ public:
     /// `networkFolder` is where the system lists its network interfaces.
     explicit QtDesktop(QString networkFolder = QStringLiteral("/sys/class/net"));
 
-    /// Starts the random numbers anew; until then they are the same in every run.
+    /// Starts the random numbers; until then they are the same in every run.
     void seedRandomNumbers(quint32 seed) { m_random.seed(seed); }
 
     MessageAnswer messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
@@ -47,7 +47,7 @@ private:
     QString m_networkFolder;
     QString m_lastFolder; ///< of the last file that was chosen
     std::mt19937 m_random;
-    int m_busy = 0;
+    bool m_busy = false;
 };
 
 } // namespace tarsel

@@ -20,6 +20,9 @@ frmAlbumDescription::frmAlbumDescription(ListView& lvPages, int row, QWidget* ow
     txtDescription->setObjectName(QStringLiteral("txtDescription"));
     txtDescription->setAccessibleName(QStringLiteral("Description"));
     txtDescription->setTabChangesFocus(true);
+    // "Add" replaces the row's description, so that an empty box would delete it.
+    txtDescription->setPlainText(lvPages.subItem(row, BasketColumn::Description));
+    txtDescription->moveCursor(QTextCursor::End);
     auto* note =
         new QLabel(QStringLiteral("Note: Don't use double quote (\") in the description if you plan to "
                                   "save the image basket"),

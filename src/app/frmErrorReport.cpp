@@ -81,6 +81,8 @@ QLayout* frmErrorReport::makeButtons() {
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     cmdCancel->setDefault(true);
     connect(cmdSend, &QPushButton::clicked, this, &frmErrorReport::cmdSend_Click);
+    // Enter in the address sends; the default button must not throw away what was typed.
+    connect(txtEmail, &QLineEdit::returnPressed, this, &frmErrorReport::cmdSend_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
 
-#include "app/BasketActions.h"
 #include "app/BasketPane.h"
 #include "app/BrowsePane.h"
 #include "app/FolderPane.h"
@@ -12,8 +11,9 @@
 #include "app/PictureImage.h"
 #include "app/PreviewPane.h"
 #include "app/StatusPanels.h"
-#include "app/TaskBasketActions.h"
+#include "app/TitleFault.h"
 #include "app/frmAlbumDescription.h"
+#include "collections/BasketActions.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/LineIcon.h"
 #include "controls/ListControl.h"
@@ -21,26 +21,21 @@
 #include "controls/Splitter.h"
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
+#include "tasks/TaskBasketActions.h"
 
-#include <QPixmap>
+#include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace tarsel {
 
-namespace {
-
-QVariant iconOfPicture(const Picture& picture) {
-    return QPixmap::fromImage(imageOf(picture));
-}
-
-} // namespace
-
 frmMain::frmMain(Surroundings surroundings) :
-    m_surroundings(std::move(surroundings)), pbQueue(new ProgressBar), m_folderView(lists(), iconOfPicture),
-    m_basket(lists(), {}, iconOfPicture), m_listing(m_folderView),
-    m_preview({m_workspace.lvFolder, m_workspace.lvExif, m_workspace.lvIPTC, m_workspace.tasks,
-               m_workspace.ibMain, m_workspace.sbMain}),
+    m_surroundings(std::move(surroundings)), pbQueue(new ProgressBar),
+    m_folderView(m_workspace.lists(*pbQueue)), m_basket(m_workspace.lists(*pbQueue), {}),
+    m_preview({m_workspace.lvFolder, m_workspace.lvPages, m_workspace.lvExif, m_workspace.lvIPTC,
+               m_workspace.tasks, m_workspace.ibMain, m_workspace.sbMain}),
     m_actions(mainActions(), mainActionsContext),
     m_browsePane(new BrowsePane(m_workspace.tasks, m_actions, this)),
     m_folderPane(new FolderPane(m_workspace.lvFolder, m_actions, this)),
@@ -49,7 +44,6 @@ frmMain::frmMain(Surroundings surroundings) :
     m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
-    resize(1280, 800);
     arrangePanes();
     joinFolderPane();
     joinBasketPane();
@@ -58,12 +52,6 @@ frmMain::frmMain(Surroundings surroundings) :
 }
 
 frmMain::~frmMain() = default;
-
-CollectionLists frmMain::lists() {
-    return {m_workspace.lvFolder, m_workspace.ilFolder, m_workspace.lvPages,
-            m_workspace.ilPages,  m_workspace.ibMain,   *pbQueue,
-            m_workspace.sbMain};
-}
 
 // --- the window's parts
 
@@ -89,11 +77,44 @@ void frmMain::arrangePanes() {
     pbQueue->setFixedWidth(180);
     statusBar->addPermanentWidget(pbQueue);
     pbQueue->hide();
+    statusBar->addPermanentWidget(makeCancelAdding());
     setStatusBar(statusBar);
+}
+
+/// The button beside the bar, also reached by Esc, that ends the adding of files.
+QWidget* frmMain::makeCancelAdding() {
+    auto* cmdCancelAdding = new QPushButton(tr("Cancel"), this);
+    cmdCancelAdding->setObjectName(QStringLiteral("cmdCancelAdding"));
+    cmdCancelAdding->setToolTip(tr("Stop adding files to the basket. (Esc)"));
+    cmdCancelAdding->setFocusPolicy(Qt::NoFocus);
+    cmdCancelAdding->hide();
+    connect(cmdCancelAdding, &QPushButton::clicked, this, [this] { m_basket.stopAdding(); });
+    auto* escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setEnabled(false);
+    connect(escape, &QShortcut::activated, this, [this] { m_basket.stopAdding(); });
+    m_basket.addingChanged = [cmdCancelAdding, escape](bool adding) {
+        cmdCancelAdding->setVisible(adding);
+        escape->setEnabled(adding);
+    };
+    return cmdCancelAdding;
+}
+
+/// Titles become file names: the list keeps the old one, and the status line says why.
+bool frmMain::acceptTitle(const QString& title) {
+    const QString fault = titleFault(title);
+    if (!fault.isEmpty())
+        SetStatus(fault);
+    return fault.isEmpty();
 }
 
 void frmMain::joinFolderPane() {
     ListControl& list = m_folderPane->lvFolder();
+    list.setPixmapMaker(pixmapOf);
+    m_folderView.visibleRows = [&list] {
+        const ListControl::RowRange rows = list.visibleRows();
+        return std::pair(rows.first, rows.last);
+    };
+    connect(&list, &ListControl::viewMoved, &m_folderView, &FolderView::preferVisibleRows);
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, this, &frmMain::listFolder);
     connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
     connect(m_folderPane, &FolderPane::cmdThumbnailFolder, this, &frmMain::showThumbnails);
@@ -108,12 +129,14 @@ void frmMain::joinFolderPane() {
 
 void frmMain::joinBasketPane() {
     ListControl& list = m_basketPane->lvPages();
+    list.setPixmapMaker(pixmapOf);
     list.acceptRowsOf(&m_folderPane->lvFolder());
     list.acceptRowsOf(&list);
+    list.list().setTextCheck([this](const QString& title) { return acceptTitle(title); });
     connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { m_basket.cmdPagesNew(); });
     connect(m_basketPane, &BasketPane::cmdPagesDelete, this, [this] { m_basket.cmdPagesDelete(); });
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
-        CollectionLists shared = lists();
+        CollectionLists shared = m_workspace.lists(*pbQueue);
         basketActions::cmdPagesOpen(m_basket, shared);
     });
     connect(m_basketPane, &BasketPane::cmdPagesSave, this,
@@ -133,11 +156,10 @@ void frmMain::joinBasketPane() {
 void frmMain::joinTaskBasket() {
     connect(m_browsePane, &BrowsePane::cmdEditBar, this, [this](int index) {
         if (taskBasketActions::cmdEditBar(index, m_workspace.tasks))
-            m_preview.rebuild();
+            m_preview.showTasks();
     });
-    const auto rebuild = [this] { m_preview.rebuild(); };
-    connect(&m_browsePane->lvEdit(), &ListControl::rowClicked, this, rebuild);
-    connect(&m_browsePane->lvEdit(), &ListControl::arrowReleased, this, rebuild);
+    connect(&m_browsePane->lvEdit(), &ListControl::rowClicked, &m_preview, &Preview::showTasks);
+    connect(&m_browsePane->lvEdit(), &ListControl::arrowReleased, &m_preview, &Preview::showTasks);
 }
 
 void frmMain::joinPreview() {
@@ -160,22 +182,22 @@ void frmMain::SetStatus(const QString& text) {
 
 void frmMain::listFolder(const QString& path) {
     if (!path.isEmpty())
-        m_listing.request(path);
+        m_folderView.subShowFilesInFolder(path);
 }
 
 void frmMain::showDetails() {
     ConfigRecord.FolderView = 3;
     m_folderPane->lvFolder().setForm(ListControl::Form::Details);
     m_folderView.cmdDetailFolder();
-    if (m_listing.isRunning())
+    if (m_folderView.isRunning())
         listFolder(m_folderView.currentFolder());
 }
 
-/// A listing that runs in the other form starts anew; a list without thumbnails is listed anew.
+/// A listing that runs in the other form, and a list without thumbnails, start again.
 void frmMain::showThumbnails() {
     ConfigRecord.FolderView = 0;
     m_folderPane->lvFolder().setForm(ListControl::Form::Thumbnails);
-    if (m_listing.isRunning() || m_workspace.ilFolder.count() == 0) {
+    if (m_folderView.isRunning() || m_workspace.ilFolder.count() == 0) {
         m_folderView.settings.folderView = 0;
         listFolder(m_folderView.currentFolder());
     } else {
@@ -195,10 +217,9 @@ void frmMain::dropRows(const ListControl* source, int row) {
         m_basket.AddToBasketByDrag();
 }
 
-/// A click that leaves several rows selected, as in front of a drag, loads no picture.
+/// A click that leaves several rows selected, as before a drag, loads no picture.
 void frmMain::clickFolderRow() {
-    if (m_workspace.lvFolder.selectedRows().size() < 2)
-        Dragging = false;
+    Dragging = m_workspace.lvFolder.selectedRows().size() > 1;
     if (!Dragging)
         showSelectedRow(m_folderPane->lvFolder());
 }
@@ -207,7 +228,7 @@ void frmMain::showSelectedRow(ListControl& control) {
     m_preview.ShowRow(control.list(), control.list().selectedIndex());
 }
 
-/// The row before or behind the selected one of the list in use; at the ends nothing happens.
+/// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
     ListControl& control =
         ActiveList == QLatin1String("lvPages") ? m_basketPane->lvPages() : m_folderPane->lvFolder();

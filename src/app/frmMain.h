@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/FolderListing.h"
-#include "app/Preview.h"
-#include "app/Workspace.h"
+#include "collections/Basket.h"
+#include "collections/FolderView.h"
+#include "collections/Preview.h"
+#include "collections/Workspace.h"
 #include "controls/ActionTable.h"
 
 #include <QLockFile>
@@ -29,7 +30,7 @@ class Splitter;
 class frmMain final : public QMainWindow {
     Q_OBJECT
 public:
-    /// What the window is told of the world around it.
+    /// Where the window finds its files, and what it calls at its start.
     struct Surroundings {
         QString programFolder;                        ///< exists and is writable
         QString samplesFolder;                        ///< listed at the first start; may be empty
@@ -41,15 +42,18 @@ public:
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
-    /// False when another instance runs: the user was told, nothing was touched, and the program is to end.
+    /// False when another instance runs: the user was informed, nothing was touched, and the program is to end.
     bool Form_Load();
 
     Workspace& workspace() { return m_workspace; }
-    FolderListing& folderListing() { return m_listing; }
+    const FolderView& folderView() const { return m_folderView; }
+    const Preview& preview() const { return m_preview; }
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void SetStatus(const QString& text);
+    /// Writes the settings as they are now, as at the end.
+    void storeSettings() { subEnd(); }
 
 Q_SIGNALS:
     /// The window has ended and everything is stored.
@@ -62,6 +66,8 @@ protected:
 private:
     // Initialise: the window's parts
     void arrangePanes();
+    QWidget* makeCancelAdding();
+    bool acceptTitle(const QString& title);
     void joinFolderPane();
     void joinBasketPane();
     void joinTaskBasket();
@@ -99,14 +105,11 @@ private:
     void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
     void Form_Unload();
 
-    CollectionLists lists();
-
     Surroundings m_surroundings;
     Workspace m_workspace;
     ProgressBar* pbQueue;
     FolderView m_folderView;
     Basket m_basket;
-    FolderListing m_listing;
     Preview m_preview;
     std::unique_ptr<QLockFile> m_instance;
 

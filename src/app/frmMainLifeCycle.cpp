@@ -8,10 +8,12 @@
 #include "app/PreviewPane.h"
 #include "app/ProgramFolder.h"
 #include "app/ProgramIdentity.h"
+#include "app/WindowPlace.h"
 #include "app/frmMain.h"
 #include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "collections/PageFiles.h"
+#include "collections/Thumbnail.h"
 #include "configuration/ColumnWidths.h"
 #include "configuration/ConfigFile.h"
 #include "controls/ListControl.h"
@@ -21,6 +23,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -30,13 +33,6 @@
 namespace tarsel {
 
 namespace {
-
-/// What a damaged record may hold as thumbnail size would leave the lists without a picture.
-Size usableSize(Size stored) {
-    constexpr int smallest = 8;
-    constexpr Size usual{40, 40};
-    return stored.width < smallest || stored.height < smallest ? usual : stored;
-}
 
 QSize qtSize(Size size) {
     return {size.width, size.height};
@@ -51,16 +47,17 @@ bool frmMain::Form_Load() {
         TrappingString = QStringLiteral("Loading all controls and settings");
         if (refuseSecondInstance())
             return;
+        // From here on the run goes ahead: a step that fails is reported and leaves its part as it was.
+        m_loaded = true;
         if (m_surroundings.seedRandomNumbers)
             m_surroundings.seedRandomNumbers();
         subSetup();
         Dragging = true;
-        m_loaded = true;
     });
     return m_loaded;
 }
 
-/// In front of everything else: the configuration belongs to the instance that runs.
+/// Before everything else: the configuration belongs to the instance that runs.
 bool frmMain::refuseSecondInstance() {
     m_instance =
         std::make_unique<QLockFile>(QDir(m_surroundings.programFolder).filePath(QStringLiteral(".lock")));
@@ -92,6 +89,7 @@ void frmMain::subSetup() {
 /// Reads the configuration and brings it to the controls.
 void frmMain::loadSettings() {
     loadConfiguration(m_surroundings.programFolder);
+    restoreWindowPlace(*this, windowPlaceFile(m_surroundings.programFolder));
     splMain->setSplitterPosition(ConfigRecord.SplitterMain);
     splRight->setSplitterPosition(ConfigRecord.SplitterRight);
     splLeft->setSplitterPosition(ConfigRecord.SplitterLeft);
@@ -137,7 +135,7 @@ void frmMain::buildApplicationName() {
 
 void frmMain::takeThumbnailSizes() {
     m_folderThumb = {ConfigRecord.FolderThumbWidth, ConfigRecord.FolderThumbHeight};
-    m_folderView.settings.folderThumb = usableSize(m_folderThumb);
+    m_folderView.settings.folderThumb = usableThumbnailSize(m_folderThumb);
     m_folderPane->lvFolder().setThumbnailSize(qtSize(m_folderView.settings.folderThumb));
 }
 
@@ -160,8 +158,9 @@ void frmMain::subUpdateForm() {
         takeThumbnailSizes();
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_surroundings.programFolder;
-            settings->basketThumb = usableSize(m_basketThumb);
-            settings->folderThumb = usableSize(m_folderThumb);
+            settings->basketThumb = usableThumbnailSize(m_basketThumb);
+            settings->folderThumb = usableThumbnailSize(m_folderThumb);
+            settings->pixelRatio = devicePixelRatioF();
             settings->longFileSize = ConfigRecord.LongFileSize == 1;
         }
         m_basketPane->lvPages().setTableIconSize(qtSize(m_basket.settings.basketThumb));
@@ -202,6 +201,9 @@ void frmMain::showFirstTime() {
         !m_surroundings.samplesFolder.isEmpty())
         folder = m_surroundings.samplesFolder;
     m_browsePane->ftvBrowse().selectFolder(folder);
+    // The file that a first start makes is empty, which the next start would read as zeros after a crash.
+    if (QFileInfo(ConfigPath).size() == 0)
+        subSaveSetup();
 }
 
 // --- Form_Unload
@@ -213,9 +215,11 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::Form_Unload() {
-    // Loops that run below this event leave at their next item.
+    // Loops that this event interrupted end at their next item.
     CancelRequested = true;
-    m_listing.stop();
+    m_basket.stopAdding();
+    m_folderView.stop();
+    m_preview.stop();
     subEnd();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())
@@ -232,7 +236,10 @@ void frmMain::subEnd() {
         forEachColumnWidth([](ListControl& list, int column, qint16& width) {
             width = qint16(std::clamp(list.columnWidth(column), 0, 32767));
         });
+        // An answer to a save dialog holds for this run only.
+        ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
+        storeWindowPlace(*this, windowPlaceFile(m_surroundings.programFolder));
     });
 }
 

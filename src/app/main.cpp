@@ -2,6 +2,7 @@
 #include "app/ProgramFolder.h"
 #include "app/ProgramIdentity.h"
 #include "app/QtDesktop.h"
+#include "app/TerminationSignals.h"
 #include "app/frmMain.h"
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
@@ -28,7 +29,7 @@ int main(int argc, char** argv) {
     reportFileSizeLimitAsError();
     Application application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
-    QApplication::setApplicationDisplayName(programIdentity::title);
+    // No display name: X11 would append it to the title of every window.
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
 
     QtDesktop desktop;
@@ -40,7 +41,14 @@ int main(int argc, char** argv) {
                     [&] { desktop.seedRandomNumbers(quint32(QDateTime::currentMSecsSinceEpoch())); }});
     if (!window.Form_Load())
         return 1;
-    QObject::connect(&window, &frmMain::ended, &application, &QApplication::quit, Qt::QueuedConnection);
+    // exit, since quit would ask windows again, and a message box without a Cancel button refuses.
+    QObject::connect(
+        &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+    const TerminationSignals termination;
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &QWidget::close);
+    // The session may yet go on: settings are stored here, the window is closed when the session ends.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
+                     [&window] { window.storeSettings(); });
     window.show();
     return QApplication::exec();
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <thread>
 
 namespace tarsel {
@@ -36,9 +37,19 @@ void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, 
     desktop().showErrorReport(report);
 }
 
-void reportTrapped(const TrappedError& error, const char* routine) {
-    const auto line = std::min<std::uint_least32_t>(error.where.line(), std::numeric_limits<qint16>::max());
-    GlobalErrorHandler(error.description, error.number, qint16(line), QString::fromLatin1(routine));
+void reportTrapped(const char* routine) {
+    const QString name = QString::fromLatin1(routine);
+    try {
+        throw;
+    } catch (const TrappedError& error) {
+        const auto line =
+            std::min<std::uint_least32_t>(error.where.line(), std::numeric_limits<qint16>::max());
+        GlobalErrorHandler(error.description, error.number, qint16(line), name);
+    } catch (const std::bad_alloc&) {
+        GlobalErrorHandler(errorText(ErrorNumber::OutOfMemory), ErrorNumber::OutOfMemory, 0, name);
+    } catch (const std::exception& error) {
+        GlobalErrorHandler(QString::fromUtf8(error.what()), ErrorNumber::InvalidCall, 0, name);
+    }
 }
 
 } // namespace tarsel

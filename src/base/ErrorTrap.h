@@ -5,7 +5,6 @@
 #include "base/TrappedError.h"
 
 #include <exception>
-#include <new>
 #include <utility>
 
 namespace tarsel {
@@ -32,8 +31,9 @@ const ErrorReport& lastErrorReport();
 /// Fills the report and shows it through the Desktop.
 void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine);
 
-/// Hands a caught error to GlobalErrorHandler. Lines beyond 16 bits are reported as the largest one.
-void reportTrapped(const TrappedError& error, const char* routine);
+/// Hands the exception that is being handled to GlobalErrorHandler. Lines beyond 16 bits are reported as the
+/// largest one; an exception that isn't a TrappedError has no known line and reports 0.
+void reportTrapped(const char* routine);
 
 /// Ends the program: the trap and its report belong to the main thread.
 void requireMainThread(const char* routine);
@@ -46,12 +46,10 @@ bool trap(const char* routine, Body&& body) {
     try {
         std::forward<Body>(body)();
         return true;
-    } catch (const TrappedError& error) {
-        reportTrapped(error, routine);
-    } catch (const std::bad_alloc&) {
-        reportTrapped({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)}, routine);
-    } catch (const std::exception& error) {
-        reportTrapped({ErrorNumber::InvalidCall, QString::fromUtf8(error.what())}, routine);
+    } catch (const TrappedError&) {
+        reportTrapped(routine);
+    } catch (const std::exception&) {
+        reportTrapped(routine);
     }
     return false;
 }

@@ -13,6 +13,12 @@ int ImageList::add(const QVariant& picture) {
     return count() - 1;
 }
 
+void ImageList::set(int index, const QVariant& picture) {
+    if (index >= count())
+        m_pictures.resize(size_t(index) + 1);
+    m_pictures[size_t(index)] = picture;
+}
+
 QVariant ImageList::at(int index) const {
     return index >= 0 && index < count() ? m_pictures[size_t(index)] : QVariant();
 }
@@ -37,6 +43,23 @@ int ListView::add(ListRow added) {
     return count() - 1;
 }
 
+void ListView::append(std::vector<ListRow> added) {
+    if (added.empty())
+        return;
+    const int first = count();
+    beginInsertRows({}, first, first + int(added.size()) - 1);
+    m_rows.insert(m_rows.end(), std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+    bool selected = false;
+    for (int index = first; index < count(); ++index) {
+        appendToIndexes(index);
+        selected = selected || m_rows[size_t(index)].selected;
+    }
+    endInsertRows();
+    setSorting(-1, Qt::AscendingOrder);
+    if (selected)
+        Q_EMIT selectionChanged();
+}
+
 void ListView::insert(int index, ListRow added) {
     if (index < 0 || index > count())
         fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
@@ -50,17 +73,38 @@ void ListView::insert(int index, ListRow added) {
     if (m_focused >= index)
         ++m_focused;
     endInsertRows();
+    setSorting(-1, Qt::AscendingOrder);
     if (selected)
         Q_EMIT selectionChanged();
 }
 
 void ListView::remove(int index) {
-    const bool selected = row(index).selected;
-    beginRemoveRows({}, index, index);
-    m_rows.erase(m_rows.begin() + index);
+    removeRange(index, index);
+}
+
+void ListView::remove(const std::vector<int>& rows) {
+    for (size_t end = rows.size(); end > 0;) {
+        size_t begin = end - 1;
+        while (begin > 0 && rows[begin - 1] == rows[begin] - 1)
+            --begin;
+        removeRange(rows[begin], rows[end - 1]);
+        end = begin;
+    }
+}
+
+void ListView::removeRange(int first, int last) {
+    row(first);
+    row(last);
+    const auto begin = m_rows.begin() + first;
+    const auto end = m_rows.begin() + last + 1;
+    const bool selected = std::any_of(begin, end, [](const ListRow& r) { return r.selected; });
+    beginRemoveRows({}, first, last);
+    m_rows.erase(begin, end);
     m_indexes.clear();
-    if (m_focused >= index)
-        m_focused = m_focused == index ? -1 : m_focused - 1;
+    if (m_focused > last)
+        m_focused -= last - first + 1;
+    else if (m_focused >= first)
+        m_focused = -1;
     endRemoveRows();
     if (selected)
         Q_EMIT selectionChanged();
@@ -75,6 +119,7 @@ void ListView::clear() {
     m_indexes.clear();
     m_focused = -1;
     endResetModel();
+    setSorting(-1, Qt::AscendingOrder);
     if (selected)
         Q_EMIT selectionChanged();
 }
@@ -92,6 +137,23 @@ void ListView::setTag(int index, const QString& tag) {
 void ListView::setIcon(int index, int icon) {
     at(index).icon = icon;
     changed(index, 0);
+}
+
+void ListView::setIcons(const std::vector<int>& icons) {
+    for (int index = 0; index < std::min(count(), int(icons.size())); ++index)
+        m_rows[size_t(index)].icon = icons[size_t(index)];
+    if (!isEmpty())
+        Q_EMIT dataChanged(createIndex(0, 0), createIndex(count() - 1, 0), {Qt::DecorationRole});
+}
+
+void ListView::replace(int index, ListRow changed) {
+    ListRow& target = at(index);
+    const bool selection = target.selected != changed.selected;
+    target = std::move(changed);
+    m_indexes.clear();
+    Q_EMIT dataChanged(createIndex(index, 0), createIndex(index, columnCount() - 1));
+    if (selection)
+        Q_EMIT selectionChanged();
 }
 
 QString ListView::subItem(int index, int number) const {
@@ -222,11 +284,24 @@ void ListView::attachImages(const ImageList* images) {
 
 void ListView::SortByColumn(int column) {
     const bool reverse = column == m_sortColumn && m_sortOrder == Qt::AscendingOrder;
-    m_sortColumn = column;
-    m_sortOrder = reverse ? Qt::DescendingOrder : Qt::AscendingOrder;
+    sort(column, reverse ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ListView::sort(int column, Qt::SortOrder order) {
+    setSorting(column, order);
+    if (column < 0)
+        return;
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     moveRows(sortedOrder());
     Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void ListView::setSorting(int column, Qt::SortOrder order) {
+    if (column == m_sortColumn && order == m_sortOrder)
+        return;
+    m_sortColumn = column;
+    m_sortOrder = order;
+    Q_EMIT sortingChanged();
 }
 
 /// The present row numbers in the order in which the rows are to stand.
@@ -295,7 +370,10 @@ QVariant ListView::data(const QModelIndex& index, int role) const {
 bool ListView::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
         return false;
-    setText(index.row(), value.toString());
+    const QString text = value.toString();
+    if (m_acceptsText && !m_acceptsText(text))
+        return false;
+    setText(index.row(), text);
     return true;
 }
 

@@ -10,10 +10,13 @@
 
 namespace tarsel {
 
-/// Pictures for the rows of a list, by index from 0. The values are what a view's decoration role takes.
+/// Pictures for the rows of a list, by index from 0. What a value holds is agreed between the logic that adds
+/// it and the view that paints it: the logic makes no pixmap.
 class ImageList {
 public:
     int add(const QVariant& picture);
+    /// Puts a picture at an index, also past the end: the places before it stay empty.
+    void set(int index, const QVariant& picture);
     QVariant at(int index) const; ///< an invalid value when there is none
     int count() const { return int(m_pictures.size()); }
     void clear() { m_pictures.clear(); }
@@ -30,6 +33,7 @@ struct ListRow {
     QStringList subItems; ///< SubItem 1 is subItems[0]
     int icon = -1;        ///< index in the attached picture list
     QString iconKey;      ///< name of a fixed icon, where the list shows those
+    int number = -1;      ///< by which the row's owner finds it again after a sort; not shown
     bool selected = false;
 };
 
@@ -48,14 +52,19 @@ public:
     // -------------------------------------------------------------------------------------------------
     int count() const { return int(m_rows.size()); }
     bool isEmpty() const { return m_rows.empty(); }
-    const ListRow& row(int index) const;   ///< error 9 out of range
-    int add(ListRow added);                ///< appends, whatever the sort order; gives the index
-    void insert(int index, ListRow added); ///< error 9 out of range
-    void remove(int index);                ///< error 9 out of range
+    const ListRow& row(int index) const; ///< error 9 out of range
+    /// Appends and returns the index. The list is not in the order of a column then, so sorting is off.
+    int add(ListRow added);
+    void append(std::vector<ListRow> added);   ///< appends all in one step
+    void insert(int index, ListRow added);     ///< error 9 out of range; sorting is off then
+    void remove(int index);                    ///< error 9 out of range
+    void remove(const std::vector<int>& rows); ///< ascending, in one step; error 9 out of range
     void clear();
     void setText(int index, const QString& text);
     void setTag(int index, const QString& tag);
     void setIcon(int index, int icon);
+    void setIcons(const std::vector<int>& icons); ///< of all rows in one step
+    void replace(int index, ListRow changed);     ///< error 9 out of range; focus and order stay
     QString subItem(int index, int number) const; ///< number from 1; empty when the row has fewer
     void setSubItem(int index, int number, const QString& text);
     int findKey(const QString& key) const; ///< exact; -1 when there is none
@@ -86,7 +95,8 @@ public:
     /// present one. All columns compare as text without regard to case; rows that compare equal keep their
     /// order.
     void SortByColumn(int column);
-    int sortColumn() const { return m_sortColumn; }
+    void sort(int column, Qt::SortOrder order) override;
+    int sortColumn() const { return m_sortColumn; } ///< -1 when the rows are in no column's order
     Qt::SortOrder sortOrder() const { return m_sortOrder; }
 
     // --- QAbstractItemModel
@@ -99,9 +109,12 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
     void setTextEditable(bool editable) { m_textEditable = editable; }
+    /// Editing in place keeps the old text where `accepts` returns false for the new one.
+    void setTextCheck(std::function<bool(const QString&)> accepts) { m_acceptsText = std::move(accepts); }
 
 Q_SIGNALS:
     void selectionChanged();
+    void sortingChanged(); ///< another column or order, or off
 
 private:
     /// First row by text of one SubItem. Empty texts are not in it.
@@ -113,6 +126,8 @@ private:
     void appendToIndexes(int index);
     std::vector<int> sortedOrder() const;
     void moveRows(const std::vector<int>& order);
+    void removeRange(int first, int last);
+    void setSorting(int column, Qt::SortOrder order);
 
     QStringList m_headers;
     std::vector<ListRow> m_rows;
@@ -123,6 +138,7 @@ private:
     int m_sortColumn = -1;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     bool m_textEditable = false;
+    std::function<bool(const QString&)> m_acceptsText;
 };
 
 } // namespace tarsel

@@ -16,6 +16,9 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
+/// Paths and descriptions are far shorter; a longer field is not from a list of ours.
+constexpr qsizetype MaxFieldBytes = qsizetype(1) << 20;
+
 } // namespace
 
 QuotedRecordReader::QuotedRecordReader(QByteArray bytes, QString name) :
@@ -26,60 +29,68 @@ QuotedRecordReader::QuotedRecordReader(QByteArray bytes, QString name) :
 
 QString QuotedRecordReader::line() {
     const qsizetype start = m_at;
-    while (!atEnd() && !isLineEnd(m_bytes[m_at]))
+    while (!atEnd() && !isLineEnd(m_bytes.at(m_at)))
         ++m_at;
     const qsizetype length = m_at - start;
     skipLineEnd();
-    return codePage::decode(m_bytes.mid(start, length));
+    return decoded(start, length);
 }
 
 QString QuotedRecordReader::field() {
     if (atEnd())
         fail(ErrorNumber::InputPastEnd, m_name);
     skipBlanks();
-    const bool quoted = !atEnd() && m_bytes[m_at] == '"';
-    const QByteArray bytes = quoted ? quotedField() : plainField();
+    const bool quoted = !atEnd() && m_bytes.at(m_at) == '"';
+    const Part part = quoted ? quotedField() : plainField();
     skipDelimiter();
-    return codePage::decode(bytes);
+    return decoded(part.start, part.size);
 }
 
-/// The field behind an opening quote. A line end in it belongs to it; without a closing quote it ends with
+QString QuotedRecordReader::decoded(qsizetype start, qsizetype size) {
+    if (size > MaxFieldBytes) {
+        m_at = m_bytes.size();
+        fail(ErrorNumber::InvalidCall, m_name + QStringLiteral(": a field of %1 bytes").arg(size));
+    }
+    return codePage::decode(m_bytes.mid(start, size));
+}
+
+/// The field after an opening quote. A line end in it belongs to it; without a closing quote it ends with
 /// the file.
-QByteArray QuotedRecordReader::quotedField() {
+QuotedRecordReader::Part QuotedRecordReader::quotedField() {
     const qsizetype start = ++m_at;
     const qsizetype quote = m_bytes.indexOf('"', start);
     const qsizetype end = quote < 0 ? m_bytes.size() : quote;
     m_at = quote < 0 ? end : end + 1;
     skipBlanks();
-    return m_bytes.mid(start, end - start);
+    return {start, end - start};
 }
 
-QByteArray QuotedRecordReader::plainField() {
+QuotedRecordReader::Part QuotedRecordReader::plainField() {
     const qsizetype start = m_at;
-    while (!atEnd() && m_bytes[m_at] != ',' && !isLineEnd(m_bytes[m_at]))
+    while (!atEnd() && m_bytes.at(m_at) != ',' && !isLineEnd(m_bytes.at(m_at)))
         ++m_at;
     qsizetype end = m_at;
-    while (end > start && isBlank(m_bytes[end - 1]))
+    while (end > start && isBlank(m_bytes.at(end - 1)))
         --end;
-    return m_bytes.mid(start, end - start);
+    return {start, end - start};
 }
 
 void QuotedRecordReader::skipBlanks() {
-    while (!atEnd() && isBlank(m_bytes[m_at]))
+    while (!atEnd() && isBlank(m_bytes.at(m_at)))
         ++m_at;
 }
 
 void QuotedRecordReader::skipDelimiter() {
-    if (!atEnd() && m_bytes[m_at] == ',')
+    if (!atEnd() && m_bytes.at(m_at) == ',')
         ++m_at;
     else
         skipLineEnd();
 }
 
 void QuotedRecordReader::skipLineEnd() {
-    if (!atEnd() && m_bytes[m_at] == '\r')
+    if (!atEnd() && m_bytes.at(m_at) == '\r')
         ++m_at;
-    if (!atEnd() && m_bytes[m_at] == '\n')
+    if (!atEnd() && m_bytes.at(m_at) == '\n')
         ++m_at;
 }
 

@@ -8,6 +8,7 @@ namespace tarsel {
 
 /// Takes fields and lines from the bytes of a file of comma-separated quoted records, one after the other.
 /// Lines end with CR LF, LF or CR. Each call takes at least one byte, so that a loop until the end ends.
+/// A line or field of more than 1 MB is error 5, and the reader is at its end.
 class QuotedRecordReader {
 public:
     /// `name` is the file's, for messages.
@@ -20,8 +21,13 @@ public:
     QString field();
 
 private:
-    QByteArray quotedField();
-    QByteArray plainField();
+    struct Part {
+        qsizetype start;
+        qsizetype size;
+    };
+    Part quotedField();
+    Part plainField();
+    QString decoded(qsizetype start, qsizetype size);
     void skipBlanks();
     void skipDelimiter();
     void skipLineEnd();

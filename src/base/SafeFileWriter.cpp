@@ -179,18 +179,25 @@ void reportFileSizeLimitAsError() {
     (void)::signal(SIGXFSZ, SIG_IGN);
 }
 
-QByteArray readWholeFile(const QString& path) {
+std::unique_ptr<QFile> openRegularFile(const QString& path) {
     struct stat facts = {};
     if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
         failForErrno(errno, path);
+    if (S_ISDIR(facts.st_mode))
+        failForErrno(EISDIR, path);
     if (!S_ISREG(facts.st_mode)) // a pipe or a device might never end
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": not a regular file"));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QIODevice::ReadOnly))
         failForErrno(errno, path);
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": ") + file.errorString());
+    return file;
+}
+
+QByteArray readWholeFile(const QString& path) {
+    const std::unique_ptr<QFile> file = openRegularFile(path);
+    QByteArray bytes = file->readAll();
+    if (file->error() != QFileDevice::NoError)
+        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": ") + file->errorString());
     return bytes;
 }
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <memory>
 
+class QFile;
+
 namespace tarsel {
 
 /// The one writer of a user's file. The bytes go to a temporary file in the folder of the target, are flushed
@@ -50,8 +52,11 @@ void writeFileSafely(const QString& path, const QByteArray& bytes);
 /// its signal ends the program. For the start of a program.
 void reportFileSizeLimitAsError();
 
-/// The bytes of a regular file; 53 when it is missing, 70 when it can't be read, 5 when it is another kind of
-/// file.
+/// A regular file, open for reading; 53 when it is missing, 70 when it can't be read, 5 when it is another
+/// kind of file.
+std::unique_ptr<QFile> openRegularFile(const QString& path);
+
+/// The bytes of a regular file; errors as openRegularFile.
 QByteArray readWholeFile(const QString& path);
 
 } // namespace tarsel

@@ -2,12 +2,10 @@
 #include "base/clsFile.h"
 
 #include "base/CodePage.h"
-#include "base/ErrorTrap.h"
 #include "base/QuotedRecordReader.h"
 #include "base/SafeFileWriter.h"
-#include "base/TrappedError.h"
 
-#include <optional>
+#include <new>
 #include <utility>
 
 namespace tarsel {
@@ -16,6 +14,21 @@ struct clsFile::State {
     std::optional<QuotedRecordReader> reader;
     std::unique_ptr<SafeFileWriter> writer;
     QByteArray written;
+    std::optional<TrappedError> openError;
+
+    /// Runs `step`, which opens the file. False, with the reason kept, when it raises.
+    template <class Step>
+    bool open(Step&& step) {
+        try {
+            step();
+            return true;
+        } catch (const TrappedError& error) {
+            openError = error;
+        } catch (const std::bad_alloc&) {
+            openError = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)};
+        }
+        return false;
+    }
 };
 
 clsFile::clsFile() : m_state(std::make_unique<State>()) {}
@@ -24,16 +37,20 @@ clsFile::~clsFile() = default;
 
 bool clsFile::OpenForRead(const QString& path) {
     *m_state = State();
-    return ignoringErrors([&] { m_state->reader.emplace(readWholeFile(path), path); });
+    return m_state->open([&] { m_state->reader.emplace(readWholeFile(path), path); });
 }
 
 bool clsFile::OpenForWrite(const QString& path) {
     *m_state = State();
-    return ignoringErrors([&] { m_state->writer = std::make_unique<SafeFileWriter>(path); });
+    return m_state->open([&] { m_state->writer = std::make_unique<SafeFileWriter>(path); });
 }
 
 bool clsFile::isOpen() const {
     return m_state->reader || m_state->writer;
+}
+
+const std::optional<TrappedError>& clsFile::openError() const {
+    return m_state->openError;
 }
 
 bool clsFile::fEof() const {

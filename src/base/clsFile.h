@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/TrappedError.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
 namespace tarsel {
 
 /// A text file of lines and of comma-separated quoted records, in the code page, lines ended by CR LF.
 ///
-/// Opening and writing don't raise: on failure the open flag stays clear, reads then give empty texts and
+/// Opening and writing don't raise: on failure the open flag stays clear, reads then return empty texts and
 /// fEof is true. What was written reaches the file, all at once, in closefile.
 class clsFile {
 public:
@@ -25,6 +28,8 @@ public:
     bool OpenForRead(const QString& path);
     bool OpenForWrite(const QString& path);
     bool isOpen() const;
+    /// Why the last open failed; nothing after one that succeeded.
+    const std::optional<TrappedError>& openError() const;
     bool fEof() const; ///< true when no file is open or at the end
 
     /// The next line without its end; empty when no file is open.

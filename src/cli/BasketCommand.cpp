@@ -15,7 +15,8 @@ namespace tarsel::cli {
 namespace {
 
 constexpr OptionSpec options[] = {
-    {"description", "TEXT", "add, save: description of the pictures, kept by a .ibd basket"},
+    {"description", "TEXT",
+     "add, save: description of the pictures, kept by a .ibd basket without its double quotes"},
     {"json", nullptr,
      "list: one JSON object a line: row, name, path, source, resolution, size, type, description"},
 };
@@ -48,7 +49,7 @@ int list(const Arguments& arguments, const QString& basketPath, Terminal& termin
                                                     .arg(cell(BasketColumn::SourcePath), row.text));
     }
     for (const QString& path : basket.missing())
-        terminal.message(QStringLiteral("tarsel: %1: missing, or no picture").arg(path));
+        terminal.message(QStringLiteral("tarsel: %1: missing, or not a picture").arg(path));
     return basket.missing().isEmpty() ? AllDone : SomeNotDone;
 }
 
@@ -63,7 +64,7 @@ void addEntry(ListView& entries, const QString& path, const QString& description
     entries.add(std::move(row));
 }
 
-/// Adds pictures that exist; the others are told. False when there was one.
+/// Adds pictures that exist; the others are reported. False when there was one.
 bool addPictures(ListView& entries, const QStringList& paths, const QString& description,
                  Terminal& terminal) {
     bool allThere = true;
@@ -73,7 +74,7 @@ bool addPictures(ListView& entries, const QStringList& paths, const QString& des
             addEntry(entries, path, description);
             continue;
         }
-        terminal.message(QStringLiteral("tarsel: %1: missing, or may not be read").arg(path));
+        terminal.message(QStringLiteral("tarsel: %1: missing, or not readable").arg(path));
         allThere = false;
     }
     return allThere;
@@ -86,26 +87,29 @@ bool isDescribed(const QString& path) {
 void write(const QString& path, const ListView& entries) {
     if (entries.isEmpty())
         fail(ErrorNumber::InvalidCall, path + QStringLiteral(": an empty basket is not written"));
-    if (!modSaveOpenImageList::fncSaveImageBasket(isDescribed(path) ? describedFilter : plainFilter, path,
-                                                  entries))
-        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": the basket was not written"));
+    modSaveOpenImageList::writeBasketFile(isDescribed(path) ? describedFilter : plainFilter, path, entries);
+}
+
+/// Without double quotes, for which a .ibd file has no escape.
+QString descriptionOf(const Arguments& arguments) {
+    return arguments.value("description").remove(QLatin1Char('"'));
 }
 
 int save(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
     ListView entries(basketHeaders());
     const bool allThere =
-        addPictures(entries, arguments.operands().mid(2), arguments.value("description"), terminal);
+        addPictures(entries, arguments.operands().mid(2), descriptionOf(arguments), terminal);
     write(basketPath, entries);
     return allThere ? AllDone : SomeNotDone;
 }
 
-/// Entries whose file is missing stay: the disk that holds it may come back.
+/// Entries whose file is missing stay: its disk may come back.
 int add(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
     ListView entries(basketHeaders());
     for (const auto& entry : modSaveOpenImageList::readBasketEntries(basketPath))
         addEntry(entries, entry.path, entry.description);
     const bool allThere =
-        addPictures(entries, arguments.operands().mid(2), arguments.value("description"), terminal);
+        addPictures(entries, arguments.operands().mid(2), descriptionOf(arguments), terminal);
     write(basketPath, entries);
     return allThere ? AllDone : SomeNotDone;
 }
@@ -135,7 +139,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const auto action = std::ranges::find_if(
         actions, [&](const Action& candidate) { return name == QLatin1String(candidate.name); });
     if (action == std::end(actions) || arguments.operands().size() < 2)
-        throw UsageError{QStringLiteral("list, add or save is needed, and a basket")};
+        throw UsageError{QStringLiteral("expected list, add or save, and a basket")};
     const QString basketPath = absolutePath(arguments.operands().at(1));
     refuseUnfit(arguments, name, basketPath);
     const ApplicationScope application(false);

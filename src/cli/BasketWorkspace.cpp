@@ -3,6 +3,8 @@
 
 #include "base/TrappedError.h"
 #include "cli/Arguments.h"
+#include "collections/FolderView.h"
+#include "collections/PictureFiles.h"
 #include "collections/clsFileInfo.h"
 
 #include <QDir>
@@ -27,6 +29,12 @@ ListRow folderRow(const QString& path) {
     return row;
 }
 
+CollectionSettings withoutThumbnails() {
+    CollectionSettings settings;
+    settings.thumbnails = false;
+    return settings;
+}
+
 QSet<QString> sourcesOf(const ListView& pages) {
     QSet<QString> sources;
     for (int i = 0; i < pages.count(); ++i)
@@ -46,8 +54,7 @@ QString absolutePath(const QString& path) {
 }
 
 BasketWorkspace::BasketWorkspace(Progress& progress) :
-    m_lists{m_folderList, m_folderImages, m_pages, m_pageImages, m_box, progress, m_status},
-    m_basket(m_lists, CollectionSettings()) {}
+    m_lists(m_workspace.lists(progress)), m_basket(m_lists, withoutThumbnails()) {}
 
 /// Pages need a folder for their files.
 void BasketWorkspace::prepareFor(const QString& path) {
@@ -76,7 +83,7 @@ void BasketWorkspace::openBasketFile(const QString& path) {
         prepareFor(entry.path);
     if (!modSaveOpenImageList::fncOpenImageBasket(path, m_basket, m_lists))
         fail(ErrorNumber::InvalidCall, QStringLiteral("%1: no readable basket file").arg(path));
-    const QSet<QString> sources = sourcesOf(m_pages);
+    const QSet<QString> sources = sourcesOf(m_workspace.lvPages);
     for (const auto& entry : entries)
         if (!sources.contains(entry.path))
             m_missing << entry.path;
@@ -85,7 +92,7 @@ void BasketWorkspace::openBasketFile(const QString& path) {
 void BasketWorkspace::addPictures(const QStringList& paths) {
     for (const QString& path : paths) {
         prepareFor(path);
-        m_folderList.add(folderRow(absolutePath(path)));
+        m_workspace.lvFolder.add(folderRow(absolutePath(path)));
     }
     m_basket.cmdAddToQueue_Click();
     m_missing = m_basket.LTemp();

@@ -3,7 +3,7 @@
 
 #include "collections/Basket.h"
 #include "collections/BasketFile.h"
-#include "collections/FolderView.h"
+#include "collections/Workspace.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -20,7 +20,7 @@ public:
 
     /// Fills the basket from its operands: one basket file, or pictures as if they were added by the button.
     void fill(const QStringList& operands);
-    ListView& pages() { return m_pages; }
+    ListView& pages() { return m_workspace.lvPages; }
     /// Operands, or entries of the basket file, that gave no row.
     const QStringList& missing() const { return m_missing; }
 
@@ -30,12 +30,7 @@ private:
     void prepareFor(const QString& path);
 
     std::optional<QTemporaryDir> m_folder;
-    ListView m_folderList{folderHeaders()};
-    ListView m_pages{basketHeaders()};
-    ImageList m_folderImages;
-    ImageList m_pageImages;
-    ImageBox m_box;
-    StatusLine m_status;
+    Workspace m_workspace;
     CollectionLists m_lists;
     Basket m_basket;
     QStringList m_missing;

@@ -2,8 +2,8 @@
 #include "cli/PictureFacts.h"
 
 #include "base/ErrorTrap.h"
-#include "base/SafeFileWriter.h"
 #include "cli/JsonLine.h"
+#include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
 #include "metadata/modMetadata.h"
 #include "output/LoadSource.h"
@@ -13,12 +13,11 @@ namespace tarsel::cli {
 namespace {
 
 void readHeader(PictureFacts& facts) {
-    const QByteArray bytes = readWholeFile(facts.path);
-    const Codec* codec = codecForContent(bytes, facts.path);
-    if (!codec)
+    const PictureFile file(facts.path);
+    if (!file.codec())
         fail(ErrorNumber::InvalidPicture, facts.path + QStringLiteral(": unknown content"));
-    facts.format = QString::fromLatin1(codec->name);
-    facts.header = codec->header(bytes, facts.path);
+    facts.format = QString::fromLatin1(file.codec()->name);
+    facts.header = file.header();
 }
 
 /// As the window's two lists show them: which formats fill which list goes by the extension.

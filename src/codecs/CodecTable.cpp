@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Codec.h"
 
-#include "base/TrappedError.h"
 #include "codecs/BmpCodec.h"
 #include "codecs/ForeignCodecs.h"
 #include "codecs/JpegCodec.h"
 #include "codecs/PcxCodec.h"
+#include "codecs/PictureFile.h"
 #include "codecs/PngCodec.h"
+#include "codecs/PsdCodec.h"
 #include "codecs/TiffCodec.h"
 
 #include <QFileInfo>
@@ -22,10 +23,10 @@ std::span<const Codec> codecs() {
     return table;
 }
 
-const Codec* codecForContent(const QByteArray& bytes, const QString& path) {
+const Codec* codecForContent(const PictureSource& source, const QString& path) {
     const QString extension = QFileInfo(path).suffix().toLower();
     const auto recognises = [&](const Codec& codec) {
-        return codec.sniff(bytes) && (!codec.needsExtension || codec.extensions.contains(extension));
+        return codec.sniff(source) && (!codec.needsExtension || codec.extensions.contains(extension));
     };
     const auto found = std::ranges::find_if(codecs(), recognises);
     return found == codecs().end() ? nullptr : &*found;
@@ -37,13 +38,8 @@ const Codec* codecForExtension(const QString& extension) {
     return found == codecs().end() ? nullptr : &*found;
 }
 
-DecodedPicture decodeByContent(const QByteArray& bytes, const QString& path, int page) {
-    if (bytes.isEmpty())
-        fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": the file is empty"));
-    const Codec* codec = codecForContent(bytes, path);
-    if (!codec)
-        fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": not a picture of a known format"));
-    return codec->decode(bytes, path, page);
+DecodedPicture decodeByContent(const PictureSource& source, const QString& path, int page) {
+    return PictureFile(source, path).decode(page);
 }
 
 } // namespace tarsel

@@ -14,7 +14,7 @@ namespace tarsel {
 
 constexpr int DecoderSocket = 3; ///< descriptor that the decoder finds its socket on
 
-enum class DecoderFormat : std::uint32_t { Gif, Psd, Wbmp };
+enum class DecoderFormat : std::uint32_t { Gif, Wbmp };
 
 /// Comes with a descriptor from which the file's bytes can be mapped.
 struct DecoderRequest {

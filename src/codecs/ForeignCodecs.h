@@ -5,13 +5,10 @@
 
 namespace tarsel {
 
-// Formats that the decoder process reads. Their signatures and headers are judged here, in front of it.
+// Formats that the decoder process reads. Their signatures and headers are checked here first.
 
 /// GIF: the first frame on its canvas, transparent where nothing is drawn.
 Codec gifCodec();
-
-/// PSD: the merged picture, with the metadata among the image resources.
-Codec psdCodec();
 
 /// WBMP of type 0. It has no signature and is recognised by a header that agrees with the size of the file.
 Codec wbmpCodec();

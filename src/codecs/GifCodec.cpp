@@ -12,25 +12,28 @@ namespace {
 /// The longest string of the code table, 4096 pixels, takes 12 bits.
 constexpr std::int64_t PixelsPerByte = 4096;
 
-bool sniffGif(const QByteArray& bytes) {
+bool sniffGif(const PictureSource& source) {
+    const QByteArray bytes = source.start();
     return bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a");
 }
 
 /// Layout: signature, width 16, height 16, flags (bits of the palette less one in the low three).
-PictureHeader gifHeader(const QByteArray& bytes, const QString& name) {
-    const ByteReader reader(bytes, ByteOrder::Little);
+PictureHeader gifHeader(const PictureSource& source, const QString& name) {
+    const QByteArray start = source.start();
+    const ByteReader reader(start, ByteOrder::Little);
     const int width = reader.word(6).value_or(0);
     const int height = reader.word(8).value_or(0);
-    requirePlausibleSize({"GIF", name, bytes.size()}, width, height, PixelsPerByte);
+    requirePlausibleSize({"GIF", name, source.size()}, width, height, PixelsPerByte);
     return {width, height, (reader.byte(10).value_or(0) & 7) + 1, 0};
 }
 
-int onePage(const QByteArray&, const QString&) {
+int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-DecodedPicture decodeGif(const QByteArray& bytes, const QString& name, int) {
-    gifHeader(bytes, name);
+DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) {
+    gifHeader(source, name);
+    const QByteArray bytes = source.all();
     return {
         DecoderPool::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}, currentStop()),
         {}};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegCodec.h"
 
+#include "base/TrappedError.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/JpegErrors.h"
@@ -27,8 +28,7 @@ enum class Purpose { Header, Picture };
 
 class JpegReader {
 public:
-    JpegReader(const QByteArray& bytes, const QString& name) :
-        m_file{"JPEG", name, bytes.size()}, m_bytes(bytes) {
+    JpegReader(QByteArray bytes, FileUnderTest file) : m_file(std::move(file)), m_bytes(std::move(bytes)) {
         m_jpeg.err = m_errors.manager();
         guard(create);
     }
@@ -143,7 +143,7 @@ private:
     }
 
     FileUnderTest m_file;
-    const QByteArray& m_bytes;
+    QByteArray m_bytes;
     jpeg_decompress_struct m_jpeg = {};
     jpeg_progress_mgr m_progress = {};
     JpegErrors m_errors;
@@ -151,36 +151,53 @@ private:
     std::vector<std::uint8_t> m_cmykRow;
 };
 
-bool sniffJpeg(const QByteArray& bytes) {
-    return bytes.startsWith("\xFF\xD8\xFF");
+FileUnderTest fileOf(const PictureSource& source, const QString& name) {
+    return {"JPEG", name, source.size()};
 }
 
-PictureHeader jpegHeader(const QByteArray& bytes, const QString& name) {
-    JpegReader reader(bytes, name);
+bool sniffJpeg(const PictureSource& source) {
+    return source.start().startsWith("\xFF\xD8\xFF");
+}
+
+PictureHeader headerOf(const QByteArray& bytes, const FileUnderTest& file) {
+    JpegReader reader(bytes, file);
     reader.readHeader(Purpose::Header);
     return reader.header();
 }
 
-int onePage(const QByteArray&, const QString&) {
+/// Reads on only where segments fill the start of the file.
+PictureHeader jpegHeader(const PictureSource& source, const QString& name) {
+    const FileUnderTest file = fileOf(source, name);
+    const QByteArray start = source.start();
+    if (start.size() == source.size())
+        return headerOf(start, file);
+    try {
+        return headerOf(start, file);
+    } catch (const TrappedError&) {
+        return headerOf(source.all(), file);
+    }
+}
+
+int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-EmbeddedMetadata jpegMetadata(const QByteArray& bytes, const QString& name) {
-    JpegReader reader(bytes, name);
+EmbeddedMetadata jpegMetadata(const PictureSource& source, const QString& name) {
+    JpegReader reader(source.all(), fileOf(source, name));
     reader.readHeader(Purpose::Picture);
     return withRgbProfileOnly(reader.metadata());
 }
 
-DecodedPicture decodeJpeg(const QByteArray& bytes, const QString& name, int) {
-    JpegReader reader(bytes, name);
+DecodedPicture decodeJpeg(const PictureSource& source, const QString& name, int) {
+    JpegReader reader(source.all(), fileOf(source, name));
     reader.readHeader(Purpose::Picture);
     EmbeddedMetadata metadata = reader.metadata();
     Picture picture = reader.decode(metadata.iccProfile);
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
 }
 
-ReducedPicture decodeReducedJpeg(const QByteArray& bytes, const QString& name, PixelSize wanted) {
-    JpegReader reader(bytes, name);
+ReducedPicture decodeReducedJpeg(const PictureSource& source, const QString& name, PixelSize wanted) {
+    JpegReader reader(source.all(), fileOf(source, name));
     reader.readHeader(Purpose::Picture);
     reader.reduceTo(wanted);
     return {reader.decode(reader.metadata().iccProfile), reader.size()};

@@ -19,7 +19,7 @@ constexpr std::int64_t PixelsPerByte = 256;
 // Layout: mark 10, version, encoding (1: runs), bits of a pixel in one plane, the edges left, top, right,
 // bottom (16 bits each), resolution (2 times 16), palette of 16 colours, a reserved byte, planes, bytes of a
 // row in one plane (16). The pixels follow the 128 bytes: row by row, in a row plane by plane. A palette of
-// 256 colours stands behind them: a mark 12 and 768 bytes, the last of the file.
+// 256 colours follows them: a mark 12 and 768 bytes, the last of the file.
 constexpr qsizetype HeaderSize = 128;
 constexpr int PaletteOffset = 16;
 constexpr int PlanesOffset = 65;
@@ -39,7 +39,8 @@ struct PcxLayout {
 
 using Palette = std::array<Rgb, 256>;
 
-bool sniffPcx(const QByteArray& bytes) {
+bool sniffPcx(const PictureSource& source) {
+    const QByteArray bytes = source.start();
     const auto at = [&](qsizetype i) { return quint8(bytes[i]); };
     return bytes.size() >= HeaderSize && at(0) == 10 && at(1) <= 5 && at(1) != 1 && at(2) <= 1 &&
            (at(3) == 1 || at(3) == 2 || at(3) == 4 || at(3) == 8) && at(PlanesOffset) <= 4;
@@ -198,16 +199,17 @@ private:
     PixelView m_target;
 };
 
-PictureHeader pcxHeader(const QByteArray& bytes, const QString& name) {
-    const PcxLayout layout = readLayout(bytes, {"PCX", name, bytes.size()});
+PictureHeader pcxHeader(const PictureSource& source, const QString& name) {
+    const PcxLayout layout = readLayout(source.start(), {"PCX", name, source.size()});
     return {layout.width, layout.height, layout.bits * layout.planes, layout.dpi};
 }
 
-int onePage(const QByteArray&, const QString&) {
+int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-DecodedPicture decodePcx(const QByteArray& bytes, const QString& name, int) {
+DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) {
+    const QByteArray bytes = source.all();
     const FileUnderTest file{"PCX", name, bytes.size()};
     const PcxLayout layout = readLayout(bytes, file);
     requireKnownKind(layout, file);
@@ -215,11 +217,11 @@ DecodedPicture decodePcx(const QByteArray& bytes, const QString& name, int) {
     const bool alpha = layout.bits == 8 && layout.planes == 4;
     Picture picture(layout.width, layout.height, alpha ? 4 : 3);
     const PcxPainter painter(layout, palette, picture.edit());
-    RowSource source(bytes, layout.hasRuns);
+    RowSource rows(bytes, layout.hasRuns);
     std::vector<std::uint8_t> row(std::size_t(layout.rowBytes) * std::size_t(layout.planes));
     bool goesOn = true;
     for (int y = 0; y < layout.height; ++y) {
-        goesOn = goesOn && source.read(row); // what was read last, from beyond the end, is zeros
+        goesOn = goesOn && rows.read(row); // what was read last, from beyond the end, is zeros
         if (!goesOn && y == 0)
             failDecoding(file, QStringLiteral("no pixels"));
         painter.paint(row, y);

@@ -4,7 +4,9 @@
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/PngErrors.h"
+#include "codecs/SourceStream.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace tarsel {
@@ -13,13 +15,16 @@ namespace {
 
 /// Deflate packs at most 1032 bytes into one, and a byte holds up to 8 pixels.
 constexpr std::int64_t PixelsPerByte = 8300;
-constexpr png_alloc_size_t LargestChunk = png_alloc_size_t(64) << 20;
+constexpr png_alloc_size_t LargestChunk = png_alloc_size_t(16) << 20;
+constexpr png_uint_32 MaxTextChunks = 24; // libpng keeps them all
+/// Names of 4 letters and a zero each: text without XMP, and suggested palettes.
+constexpr png_byte UnreadChunks[] = "tEXt\0zTXt\0sPLT";
 constexpr char XmpKeyword[] = "XML:com.adobe.xmp";
 
 class PngReader {
 public:
-    PngReader(const QByteArray& bytes, const QString& name) :
-        m_file{"PNG", name, bytes.size()}, m_bytes(bytes),
+    PngReader(const PictureSource& source, const QString& name) :
+        m_file{"PNG", name, source.size()}, m_stream(source),
         m_png(png_create_read_struct(PNG_LIBPNG_VER_STRING, &m_errors, PngErrors::onError,
                                      PngErrors::onWarning)),
         m_info(m_png ? png_create_info_struct(m_png) : nullptr) {}
@@ -52,7 +57,7 @@ public:
             if (!m_hasRows)
                 failDecoding(m_file, m_damage);
         }
-        // Metadata behind the pixels; a file cut short has none.
+        // Metadata after the pixels; a truncated file has none.
         m_errors.guarded(readEnd, *this);
         return picture;
     }
@@ -78,10 +83,8 @@ private:
 
     static void readBytes(png_structp png, png_bytep target, std::size_t size) {
         auto& reader = *static_cast<PngReader*>(png_get_io_ptr(png));
-        if (qsizetype(size) > reader.m_bytes.size() - reader.m_position)
-            png_error(png, "the file ends early");
-        std::memcpy(target, reader.m_bytes.constData() + reader.m_position, size);
-        reader.m_position += qsizetype(size);
+        if (reader.m_stream.read(target, qsizetype(size)) < qsizetype(size))
+            png_error(png, "file is truncated");
     }
 
     static void readHeaderStep(PngReader& reader) {
@@ -89,6 +92,8 @@ private:
         png_set_read_fn(png, &reader, readBytes);
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF); // sizes are judged here, by their product
         png_set_chunk_malloc_max(png, LargestChunk);
+        png_set_chunk_cache_max(png, MaxTextChunks);
+        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, UnreadChunks, sizeof UnreadChunks / 5);
         png_set_crc_action(png, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
         png_set_benign_errors(png, 1);
         png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
@@ -136,8 +141,7 @@ private:
     }
 
     FileUnderTest m_file;
-    const QByteArray& m_bytes;
-    qsizetype m_position = 0;
+    SourceStream m_stream;
     PngErrors m_errors;
     png_structp m_png;
     png_infop m_info;
@@ -147,28 +151,28 @@ private:
     bool m_hasRows = false;
 };
 
-bool sniffPng(const QByteArray& bytes) {
-    return bytes.startsWith("\x89PNG\r\n\x1A\n");
+bool sniffPng(const PictureSource& source) {
+    return source.start().startsWith("\x89PNG\r\n\x1A\n");
 }
 
-PictureHeader pngHeader(const QByteArray& bytes, const QString& name) {
-    PngReader reader(bytes, name);
+PictureHeader pngHeader(const PictureSource& source, const QString& name) {
+    PngReader reader(source, name);
     reader.readHeader();
     return reader.header();
 }
 
-int onePage(const QByteArray&, const QString&) {
+int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-EmbeddedMetadata pngMetadata(const QByteArray& bytes, const QString& name) {
-    PngReader reader(bytes, name);
+EmbeddedMetadata pngMetadata(const PictureSource& source, const QString& name) {
+    PngReader reader(source, name);
     reader.readHeader();
     return withRgbProfileOnly(reader.metadata());
 }
 
-DecodedPicture decodePng(const QByteArray& bytes, const QString& name, int) {
-    PngReader reader(bytes, name);
+DecodedPicture decodePng(const PictureSource& source, const QString& name, int) {
+    PngReader reader(source, name);
     reader.readHeader();
     Picture picture = reader.decode();
     return {std::move(picture), withRgbProfileOnly(reader.metadata()), reader.damage()};

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 namespace tarsel {
 
@@ -10,10 +11,12 @@ namespace {
 
 constexpr std::array<std::uint16_t, 3> PointerTags = {0x8769, 0x8825, 0xA005}; // EXIF, GPS, interoperability
 constexpr int DeepestLevel = 3;
+constexpr int MaxEntries = 4096; // of the tree; real files stay below 500
+constexpr std::int64_t MaxValueBytes = std::int64_t(64) << 20;
 constexpr qsizetype EntrySize = 12;
 constexpr std::uint16_t LongType = 4;
 
-/// Bytes of one element of types 1 to 13; 0 is no type.
+/// Bytes of one element of types 1 to 13; 0 for another type.
 std::uint32_t elementSize(std::uint16_t type) {
     constexpr std::array<std::uint8_t, 14> sizes = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
     return type < sizes.size() ? sizes[type] : 0;
@@ -23,48 +26,66 @@ bool isPointer(std::uint16_t tag) {
     return std::ranges::count(PointerTags, tag) > 0;
 }
 
-/// Reads a tree of directories. What has been copied is counted, so that entries that share one large value
-/// don't multiply it.
+/// Reads a tree of directories. What it reads is limited by a budget, so that a crafted file can't multiply a
+/// large value or a directory by pointing at it many times.
 class DirectoryReader {
 public:
-    DirectoryReader(const QByteArray& bytes, bool bigEndian) :
-        m_reader(bytes, bigEndian ? ByteOrder::Big : ByteOrder::Little),
-        m_budget(2 * std::int64_t(bytes.size())) {}
+    DirectoryReader(const PictureSource& source, bool bigEndian) :
+        m_source(source), m_bigEndian(bigEndian),
+        m_valueBudget(std::min<std::int64_t>(2 * source.size(), MaxValueBytes)) {}
 
     TiffDirectory read(std::uint32_t offset, int level) {
         TiffDirectory directory;
-        const int count = m_reader.word(offset).value_or(0);
-        for (int i = 0; i < count; ++i)
-            readEntry(directory, offset + 2 + std::int64_t(i) * EntrySize, level);
+        if (!m_visited.insert(offset).second)
+            return directory;
+        const auto count = reader(m_source.bytes(offset, 2)).word(0).value_or(0);
+        const QByteArray entries = m_source.bytes(std::int64_t(offset) + 2, count * EntrySize);
+        for (qsizetype at = 0; at + EntrySize <= entries.size() && m_entryBudget > 0; at += EntrySize) {
+            --m_entryBudget;
+            readEntry(directory, entries.sliced(at, EntrySize), level);
+        }
+        keepLastOfEachTag(directory.entries);
         return directory;
     }
 
 private:
-    void readEntry(TiffDirectory& directory, std::int64_t at, int level) {
-        const auto tag = m_reader.word(at);
-        const auto type = m_reader.word(at + 2);
-        const auto count = m_reader.dword(at + 4);
-        const auto offset = m_reader.dword(at + 8);
-        if (!tag || !type || !count || !offset)
-            return;
-        const std::int64_t size = std::int64_t(elementSize(*type)) * *count;
-        const auto value = m_reader.slice(size <= 4 ? at + 8 : *offset, size);
-        if (size == 0 || !value)
-            return;
-        m_budget -= size;
-        if (m_budget < 0)
-            return;
-        TiffDirectory::Entry entry{*tag, *type, *count, QByteArrayView(*value).toByteArray(), {}};
-        if (isPointer(*tag)) {
-            if (level >= DeepestLevel)
-                return;
-            entry.child.push_back(read(*offset, level + 1));
-        }
-        directory.put(std::move(entry));
+    ByteReader reader(const QByteArray& bytes) const {
+        return ByteReader(bytes, m_bigEndian ? ByteOrder::Big : ByteOrder::Little);
     }
 
-    ByteReader m_reader;
-    std::int64_t m_budget;
+    void readEntry(TiffDirectory& directory, const QByteArray& bytes, int level) {
+        const ByteReader fields = reader(bytes);
+        const std::uint16_t tag = *fields.word(0), type = *fields.word(2);
+        const std::uint32_t count = *fields.dword(4), offset = *fields.dword(8);
+        const std::int64_t size = std::int64_t(elementSize(type)) * count;
+        if (size == 0 || size > m_valueBudget)
+            return;
+        TiffDirectory::Entry entry{tag, type, count, size <= 4 ? bytes.sliced(8, size) : QByteArray(), {}};
+        if (size > 4)
+            entry.value = m_source.bytes(offset, size);
+        if (entry.value.size() != size)
+            return;
+        m_valueBudget -= size;
+        if (isPointer(tag)) {
+            if (level >= DeepestLevel || m_visited.contains(offset))
+                return;
+            entry.child.push_back(read(offset, level + 1));
+        }
+        directory.entries.push_back(std::move(entry));
+    }
+
+    static void keepLastOfEachTag(std::vector<TiffDirectory::Entry>& entries) {
+        std::ranges::reverse(entries);
+        std::ranges::stable_sort(entries, {}, &TiffDirectory::Entry::tag);
+        const auto repeated = std::ranges::unique(entries, {}, &TiffDirectory::Entry::tag);
+        entries.erase(repeated.begin(), repeated.end());
+    }
+
+    const PictureSource& m_source;
+    bool m_bigEndian;
+    std::int64_t m_valueBudget;
+    int m_entryBudget = MaxEntries;
+    std::set<std::uint32_t> m_visited;
 };
 
 template <class Number>
@@ -74,18 +95,18 @@ QByteArray numberBytes(Number value, bool bigEndian) {
     return bytes;
 }
 
-/// Lays values and child directories behind the entries.
+/// Places values and child directories after the entries.
 class DirectoryWriter {
 public:
     DirectoryWriter(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset) :
         m_directory(directory), m_bigEndian(bigEndian),
-        m_behindOffset(offset + 2 + EntrySize * std::uint32_t(directory.entries.size()) + 4) {}
+        m_trailingOffset(offset + 2 + EntrySize * std::uint32_t(directory.entries.size()) + 4) {}
 
     QByteArray write() {
         QByteArray head = numberBytes(quint16(m_directory.entries.size()), m_bigEndian);
         for (const TiffDirectory::Entry& entry : m_directory.entries)
             head += entryBytes(entry);
-        return head + numberBytes(quint32(0), m_bigEndian) + m_behind;
+        return head + numberBytes(quint32(0), m_bigEndian) + m_trailing;
     }
 
 private:
@@ -99,7 +120,7 @@ private:
     }
 
     QByteArray childEntryBytes(const TiffDirectory::Entry& entry) {
-        const auto offset = std::uint32_t(m_behindOffset + m_behind.size());
+        const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
         const QByteArray child = writeTiffDirectory(entry.child.front(), m_bigEndian, offset);
         return entryHead(entry.tag, LongType, 1) + place(child);
     }
@@ -109,19 +130,19 @@ private:
                numberBytes(count, m_bigEndian);
     }
 
-    /// Appends, on an even offset, and gives the offset as bytes.
+    /// Appends, on an even offset, and returns the offset as bytes.
     QByteArray place(const QByteArray& bytes) {
-        const auto offset = std::uint32_t(m_behindOffset + m_behind.size());
-        m_behind += bytes;
-        if (m_behind.size() % 2)
-            m_behind += '\0';
+        const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
+        m_trailing += bytes;
+        if (m_trailing.size() % 2)
+            m_trailing += '\0';
         return numberBytes(quint32(offset), m_bigEndian);
     }
 
     const TiffDirectory& m_directory;
     bool m_bigEndian;
-    std::uint32_t m_behindOffset;
-    QByteArray m_behind;
+    std::uint32_t m_trailingOffset;
+    QByteArray m_trailing;
 };
 
 } // namespace
@@ -139,7 +160,8 @@ void TiffDirectory::put(Entry entry) {
         entries.insert(place, std::move(entry));
 }
 
-std::optional<TiffStart> readTiffStart(const QByteArray& bytes) {
+std::optional<TiffStart> readTiffStart(const PictureSource& source) {
+    const QByteArray bytes = source.bytes(0, 8);
     const bool bigEndian = bytes.startsWith(QByteArray("MM\0*", 4));
     if (!bigEndian && !bytes.startsWith(QByteArray("II*\0", 4)))
         return std::nullopt;
@@ -149,8 +171,8 @@ std::optional<TiffStart> readTiffStart(const QByteArray& bytes) {
     return TiffStart{bigEndian, *offset};
 }
 
-TiffDirectory readTiffDirectory(const QByteArray& bytes, bool bigEndian, std::uint32_t offset) {
-    return DirectoryReader(bytes, bigEndian).read(offset, 0);
+TiffDirectory readTiffDirectory(const PictureSource& source, bool bigEndian, std::uint32_t offset) {
+    return DirectoryReader(source, bigEndian).read(offset, 0);
 }
 
 QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bytes/ByteReader.h"
+#include "codecs/PictureSource.h"
 
 #include <QByteArray>
 #include <vector>
@@ -9,7 +10,7 @@
 namespace tarsel {
 
 /// One directory of a TIFF structure with its values and the directories (EXIF, GPS, interoperability) that
-/// hang on it. Values keep their bytes and with them the byte order of their file.
+/// belong to it. Values keep their bytes and with them the byte order of their file.
 struct TiffDirectory {
     struct Entry {
         std::uint16_t tag = 0;
@@ -30,17 +31,19 @@ struct TiffStart {
     std::uint32_t firstDirectory = 0;
 };
 
-/// Nothing for bytes that don't begin like a TIFF structure with offsets of 32 bits.
-std::optional<TiffStart> readTiffStart(const QByteArray& bytes);
+/// Nothing for a source that doesn't start like a TIFF structure with offsets of 32 bits.
+std::optional<TiffStart> readTiffStart(const PictureSource& source);
 
-/// The directory at `offset`. Entries whose values lie outside the bytes are left out.
-TiffDirectory readTiffDirectory(const QByteArray& bytes, bool bigEndian, std::uint32_t offset);
+/// The directory at `offset`. Entries whose values are outside the source are left out; so is what exceeds a
+/// budget that only crafted files exhaust.
+TiffDirectory readTiffDirectory(const PictureSource& source, bool bigEndian, std::uint32_t offset);
 
-/// The directory as bytes that are going to stand at `offset` of a file: count 16, entries of {tag 16, type
-/// 16, count 32, value or offset 32}, next directory (none) 32, the values, the directories that hang on it.
+/// The directory as bytes that will be written at `offset` of a file: count 16, entries of {tag 16, type
+/// 16, count 32, value or offset 32}, next directory (none) 32, the values, the directories that belong to
+/// it.
 QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset);
 
-/// The eight bytes in front: byte order, 42, offset of the first directory.
+/// The first eight bytes: byte order, 42, offset of the first directory.
 QByteArray writeTiffStart(TiffStart start);
 
 } // namespace tarsel

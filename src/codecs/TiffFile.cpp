@@ -19,8 +19,8 @@ TiffFile& of(thandle_t self) {
 
 } // namespace
 
-TiffFile::TiffFile(QByteArray bytes, const FileUnderTest& file) : m_bytes(std::move(bytes)) {
-    open("r");
+TiffFile::TiffFile(PictureSource source, const FileUnderTest& file) : m_source(std::move(source)) {
+    open("rh"); // the caller selects the directory
     if (!m_tiff)
         failDecoding(file, m_firstError.isEmpty() ? QStringLiteral("not readable") : m_firstError);
 }
@@ -40,8 +40,8 @@ void TiffFile::open(const char* mode) {
     TIFFOpenOptionsSetErrorHandlerExtR(options, onError, this);
     TIFFOpenOptionsSetWarningHandlerExtR(options, onWarning, this);
     m_tiff = TIFFClientOpenExt(
-        "memory", mode, this, read, write, seek, [](thandle_t) { return 0; }, size, map,
-        [](thandle_t, void*, toff_t) {}, options);
+        "memory", mode, this, read, write, seek, [](thandle_t) { return 0; }, size, nullptr, nullptr,
+        options);
     TIFFOpenOptionsFree(options);
 }
 
@@ -62,11 +62,14 @@ int TiffFile::onError(TIFF*, void* self, const char* module, const char* format,
 
 tmsize_t TiffFile::read(thandle_t self, void* target, tmsize_t size) {
     TiffFile& file = of(self);
-    const std::int64_t rest = std::max<std::int64_t>(0, file.m_bytes.size() - file.m_position);
-    const auto count = std::min<std::int64_t>(size, rest);
-    if (count > 0)
-        std::memcpy(target, file.m_bytes.constData() + file.m_position, std::size_t(count));
-    file.m_position += std::max<std::int64_t>(count, 0);
+    std::int64_t count = 0;
+    if (file.m_source) {
+        count = file.m_source->read(file.m_position, target, size);
+    } else {
+        count = std::clamp<std::int64_t>(file.m_bytes.size() - file.m_position, 0, size);
+        std::copy_n(file.m_bytes.constData() + file.m_position, count, static_cast<char*>(target));
+    }
+    file.m_position += count;
     return tmsize_t(count);
 }
 
@@ -85,7 +88,7 @@ tmsize_t TiffFile::write(thandle_t self, void* data, tmsize_t size) {
 toff_t TiffFile::seek(thandle_t self, toff_t offset, int whence) {
     TiffFile& file = of(self);
     const std::int64_t base = whence == SEEK_CUR   ? file.m_position
-                              : whence == SEEK_END ? file.m_bytes.size()
+                              : whence == SEEK_END ? std::int64_t(size(self))
                                                    : 0;
     const std::uint64_t target = std::uint64_t(base) + offset;
     if (target > std::uint64_t(INT64_MAX))
@@ -95,14 +98,8 @@ toff_t TiffFile::seek(thandle_t self, toff_t offset, int whence) {
 }
 
 toff_t TiffFile::size(thandle_t self) {
-    return toff_t(of(self).m_bytes.size());
-}
-
-int TiffFile::map(thandle_t self, void** base, toff_t* size) {
     const TiffFile& file = of(self);
-    *base = const_cast<char*>(file.m_bytes.constData()); // libtiff only reads a mapping
-    *size = toff_t(file.m_bytes.size());
-    return 1;
+    return toff_t(file.m_source ? file.m_source->size() : file.m_bytes.size());
 }
 
 } // namespace tarsel

@@ -2,18 +2,20 @@
 #pragma once
 
 #include "codecs/CodecChecks.h"
+#include "codecs/PictureSource.h"
 
 #include <QByteArray>
-#include <memory>
+#include <optional>
 #include <tiffio.h>
 
 namespace tarsel {
 
-/// A TIFF file in memory as libtiff sees it. Warnings are silent, errors are kept.
+/// A TIFF file as libtiff sees it: a source for reading, bytes in memory for writing. Warnings are silent,
+/// errors are kept.
 class TiffFile {
 public:
-    /// For reading; nothing is copied. Error 0x8000FFFF when it is no TIFF file.
-    TiffFile(QByteArray bytes, const FileUnderTest& file);
+    /// For reading. Error 0x8000FFFF when it is not a TIFF file.
+    TiffFile(PictureSource source, const FileUnderTest& file);
     /// For writing, in one of the two byte orders.
     explicit TiffFile(bool bigEndian);
     ~TiffFile();
@@ -26,7 +28,7 @@ public:
     bool hasErrors() const { return !m_firstError.isEmpty(); }
     QString firstError() const { return m_firstError; }
 
-    /// Closes a written file and gives its bytes.
+    /// Closes a written file and returns its bytes.
     QByteArray finish();
 
     /// The value of a field, by its default where the file has none.
@@ -46,9 +48,9 @@ private:
     static tmsize_t write(thandle_t self, void* data, tmsize_t size);
     static toff_t seek(thandle_t self, toff_t offset, int whence);
     static toff_t size(thandle_t self);
-    static int map(thandle_t self, void** base, toff_t* size);
 
-    QByteArray m_bytes;
+    std::optional<PictureSource> m_source; ///< of a file that is read
+    QByteArray m_bytes;                    ///< of a file that is written
     std::int64_t m_position = 0;
     QString m_firstError;
     TIFF* m_tiff = nullptr;

@@ -58,8 +58,8 @@ QByteArray exifBlock(const TiffDirectory& page, bool bigEndian) {
     const TiffDirectory attributes = attributesOf(page);
     if (attributes.entries.empty())
         return {};
-    constexpr std::uint32_t behindStart = 8;
-    return writeTiffStart({bigEndian, behindStart}) + writeTiffDirectory(attributes, bigEndian, behindStart);
+    constexpr std::uint32_t afterStart = 8;
+    return writeTiffStart({bigEndian, afterStart}) + writeTiffDirectory(attributes, bigEndian, afterStart);
 }
 
 QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
@@ -86,11 +86,11 @@ void putBlock(TiffDirectory& page, std::uint16_t tag, std::uint16_t type, const 
 
 } // namespace
 
-EmbeddedMetadata tiffPageMetadata(const QByteArray& file, std::uint64_t directoryOffset) {
-    const auto start = readTiffStart(file);
+EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t directoryOffset) {
+    const auto start = readTiffStart(source);
     if (!start || directoryOffset > UINT32_MAX)
         return {};
-    const TiffDirectory page = readTiffDirectory(file, start->bigEndian, std::uint32_t(directoryOffset));
+    const TiffDirectory page = readTiffDirectory(source, start->bigEndian, std::uint32_t(directoryOffset));
     EmbeddedMetadata blocks;
     blocks.exif = exifBlock(page, start->bigEndian);
     blocks.resources = resourcesOf(page);

@@ -9,7 +9,7 @@ namespace tarsel {
 
 namespace {
 
-/// White, and opaque: what stands where a damaged file gives nothing.
+/// White, and opaque: what is shown where a damaged file has no pixels.
 void clearPixels(PixelView target) {
     std::memset(target.data, 255, std::size_t(target.stride) * std::size_t(target.height));
 }
@@ -45,8 +45,8 @@ void unmultiplyRow(std::uint8_t* pixel, int width) {
             pixel[c] = unmultiplied(pixel[c], pixel[3]);
 }
 
-bool hasTrueAlpha(const TiffLayout& layout) {
-    return layout.extraSample == EXTRASAMPLE_ASSOCALPHA || layout.extraSample == EXTRASAMPLE_UNASSALPHA;
+bool hasAlpha(const TiffLayout& layout) {
+    return layout.alphaSample >= 0;
 }
 
 /// libtiff's converter for one page, and its clean-up.
@@ -96,15 +96,21 @@ TiffLayout readTiffLayout(const TiffFile& tiff) {
     layout.tiled = TIFFIsTiled(tiff);
     std::uint16_t count = 0;
     std::uint16_t* kinds = nullptr;
-    if (TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) && count > 0)
-        layout.extraSample = kinds[0];
+    if (!TIFFGetField(tiff, TIFFTAG_EXTRASAMPLES, &count, &kinds) || count == 0)
+        return layout;
+    const auto isAlpha = [](int kind) {
+        return kind == EXTRASAMPLE_ASSOCALPHA || kind == EXTRASAMPLE_UNASSALPHA;
+    };
+    const auto alpha = std::find_if(kinds, kinds + count, isAlpha);
+    layout.extraSample = alpha == kinds + count ? kinds[0] : *alpha;
+    layout.alphaSample = alpha == kinds + count ? -1 : int(alpha - kinds);
     return layout;
 }
 
 bool isPlainRgb(const TiffLayout& layout) {
     return layout.bits == 8 && layout.photometric == PHOTOMETRIC_RGB && !layout.tiled &&
            layout.planar == PLANARCONFIG_CONTIG && layout.sampleFormat == SAMPLEFORMAT_UINT &&
-           (layout.samples == 3 || (layout.samples == 4 && hasTrueAlpha(layout)));
+           (layout.samples == 3 || (layout.samples == 4 && hasAlpha(layout)));
 }
 
 Picture decodePlainRgb(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file) {
@@ -129,13 +135,15 @@ bool isKnownToTiffRgba(const TiffFile& tiff, const TiffLayout& layout) {
     char reason[1024] = {};
     const bool ours = layout.photometric == PHOTOMETRIC_SEPARATED ||
                       layout.photometric == PHOTOMETRIC_CIELAB || layout.photometric == PHOTOMETRIC_ICCLAB ||
-                      layout.bits > 16 || layout.sampleFormat == SAMPLEFORMAT_IEEEFP;
+                      layout.bits > 16 || layout.sampleFormat == SAMPLEFORMAT_IEEEFP ||
+                      (hasAlpha(layout) && layout.photometric != PHOTOMETRIC_YCBCR) ||
+                      (layout.bits < 8 && layout.samples > 1);
     return !ours && TIFFRGBAImageOK(tiff, reason);
 }
 
 Picture decodeTiffRgba(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file) {
     RgbaConverter converter(tiff, file);
-    Picture picture(layout.width, layout.height, hasTrueAlpha(layout) ? 4 : 3);
+    Picture picture(layout.width, layout.height, hasAlpha(layout) ? 4 : 3);
     const PixelView target = picture.edit();
     clearPixels(target);
     const int band = bandHeight(tiff, layout);

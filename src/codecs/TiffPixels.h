@@ -6,7 +6,7 @@
 
 namespace tarsel {
 
-/// What the present page says of its pixels.
+/// What the selected page says about its pixels.
 struct TiffLayout {
     int width = 0;
     int height = 0;
@@ -17,7 +17,8 @@ struct TiffLayout {
     int planar = PLANARCONFIG_CONTIG;
     int compression = COMPRESSION_NONE;
     bool tiled = false;
-    int extraSample = -1; ///< kind of the first one, or -1
+    int extraSample = -1; ///< kind of the one that is alpha, else of the first one, or -1
+    int alphaSample = -1; ///< which of the extra samples is alpha, or -1
 };
 
 TiffLayout readTiffLayout(const TiffFile& tiff);
@@ -30,7 +31,7 @@ Picture decodePlainRgb(const TiffFile& tiff, const TiffLayout& layout, const Fil
 bool isKnownToTiffRgba(const TiffFile& tiff, const TiffLayout& layout);
 Picture decodeTiffRgba(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file);
 
-/// The rest, sample by sample: more than 16 bits, floating point, CMYK, L*a*b*.
+/// The rest, sample by sample: fewer than 8 or more than 16 bits, floating point, CMYK, L*a*b*, alpha.
 Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
                           const QByteArray& iccProfile);
 

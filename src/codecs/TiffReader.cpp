@@ -3,6 +3,7 @@
 
 #include "codecs/ColorProfile.h"
 #include "codecs/TiffMetadata.h"
+#include "codecs/TiffPages.h"
 #include "codecs/TiffPixels.h"
 
 #include <QByteArrayView>
@@ -14,27 +15,60 @@ namespace tarsel {
 
 namespace {
 
-/// White pages in fax coding, and runs in the others, are very dense.
-constexpr std::int64_t PixelsPerByte = 20'000;
+constexpr std::uint64_t MaxDirectoryEntries = 1000;
 
-bool sniffTiff(const QByteArray& bytes) {
+/// The most pixels that a byte of an honest file can stand for. In fax coding with references to the row
+/// above an empty row takes one bit.
+std::int64_t pixelsPerByte(int compression, std::int64_t width) {
+    constexpr std::int64_t longestRuns = 22'000; // LZW: 4096 bytes of 8 pixels in 12 bits
+    constexpr std::int64_t unknown = 1'000'000;
+    switch (compression) {
+    case COMPRESSION_CCITTFAX3:
+    case COMPRESSION_CCITTFAX4:
+        return std::max(longestRuns, 8 * width);
+    case COMPRESSION_JBIG:
+    case COMPRESSION_LZMA:
+    case COMPRESSION_ZSTD:
+    case COMPRESSION_WEBP:
+    case COMPRESSION_LERC:
+        return unknown;
+    default:
+        return longestRuns;
+    }
+}
+
+bool sniffTiff(const PictureSource& source) {
     constexpr std::string_view Signatures[] = {{"II*\0", 4}, {"MM\0*", 4}, {"II+\0", 4}, {"MM\0+", 4}};
+    const QByteArray start = source.start();
     return std::ranges::any_of(Signatures,
-                               [&](QByteArrayView signature) { return bytes.startsWith(signature); });
+                               [&](QByteArrayView signature) { return start.startsWith(signature); });
 }
 
-FileUnderTest fileOf(const QByteArray& bytes, const QString& name) {
-    return {"TIFF", name, bytes.size()};
+FileUnderTest fileOf(const PictureSource& source, const QString& name) {
+    return {"TIFF", name, source.size()};
 }
 
-void selectPage(const TiffFile& tiff, const FileUnderTest& file, int page) {
-    if (page < 1 || !TIFFSetDirectory(tiff, tdir_t(page - 1)))
+/// The directory of a page, from 1. One that only a crafted file has is refused: libtiff's time grows with
+/// the square of its entries.
+std::uint64_t directoryOf(const PictureSource& source, const FileUnderTest& file, int page) {
+    const std::vector<TiffPage> pages = readTiffPages(source);
+    if (page < 1 || std::size_t(page) > pages.size())
         failDecoding(file, QStringLiteral("it has no page %1").arg(page));
+    const TiffPage& found = pages[std::size_t(page) - 1];
+    if (found.entries > MaxDirectoryEntries)
+        failDecoding(file, QStringLiteral("a directory of %1 entries").arg(found.entries));
+    return found.offset;
+}
+
+void selectDirectory(const TiffFile& tiff, const FileUnderTest& file, std::uint64_t offset) {
+    if (!TIFFSetSubDirectory(tiff, offset))
+        failDecoding(file, tiff.hasErrors() ? tiff.firstError() : QStringLiteral("not readable"));
 }
 
 TiffLayout checkedLayout(const TiffFile& tiff, const FileUnderTest& file) {
-    requirePlausibleSize(file, tiff.field<std::uint32_t>(TIFFTAG_IMAGEWIDTH),
-                         tiff.field<std::uint32_t>(TIFFTAG_IMAGELENGTH), PixelsPerByte);
+    const std::int64_t width = tiff.field<std::uint32_t>(TIFFTAG_IMAGEWIDTH);
+    requirePlausibleSize(file, width, tiff.field<std::uint32_t>(TIFFTAG_IMAGELENGTH),
+                         pixelsPerByte(tiff.field<std::uint16_t>(TIFFTAG_COMPRESSION), width));
     return readTiffLayout(tiff);
 }
 
@@ -45,16 +79,19 @@ double dpiOf(const TiffFile& tiff) {
     return tiff.field<std::uint16_t>(TIFFTAG_RESOLUTIONUNIT) == RESUNIT_CENTIMETER ? perUnit * 2.54 : perUnit;
 }
 
-PictureHeader tiffHeader(const QByteArray& bytes, const QString& name) {
-    const FileUnderTest file = fileOf(bytes, name);
-    const TiffFile tiff(bytes, file);
+PictureHeader tiffHeader(const PictureSource& source, const QString& name) {
+    const FileUnderTest file = fileOf(source, name);
+    const TiffFile tiff(source, file);
+    selectDirectory(tiff, file, directoryOf(source, file, 1));
     const TiffLayout layout = checkedLayout(tiff, file);
     return {layout.width, layout.height, layout.bits * layout.samples, dpiOf(tiff)};
 }
 
-int tiffPageCount(const QByteArray& bytes, const QString& name) {
-    const TiffFile tiff(bytes, fileOf(bytes, name));
-    return std::max(1, int(TIFFNumberOfDirectories(tiff)));
+int tiffPageCount(const PictureSource& source, const QString& name) {
+    const std::vector<TiffPage> pages = readTiffPages(source);
+    if (pages.empty())
+        failDecoding(fileOf(source, name), QStringLiteral("no pages"));
+    return int(pages.size());
 }
 
 Picture decodePixels(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
@@ -66,19 +103,19 @@ Picture decodePixels(const TiffFile& tiff, const TiffLayout& layout, const FileU
     return decodeTiffSamples(tiff, layout, file, iccProfile);
 }
 
-DecodedPicture decodeTiff(const QByteArray& bytes, const QString& name, int page) {
-    const FileUnderTest file = fileOf(bytes, name);
-    const TiffFile tiff(bytes, file);
-    selectPage(tiff, file, page);
+DecodedPicture decodeTiff(const PictureSource& source, const QString& name, int page) {
+    const FileUnderTest file = fileOf(source, name);
+    const TiffFile tiff(source, file);
+    const std::uint64_t directory = directoryOf(source, file, page);
+    selectDirectory(tiff, file, directory);
     const TiffLayout layout = checkedLayout(tiff, file);
-    EmbeddedMetadata metadata = tiffPageMetadata(bytes, TIFFCurrentDirOffset(tiff));
+    EmbeddedMetadata metadata = tiffPageMetadata(source, directory);
     Picture picture = decodePixels(tiff, layout, file, metadata.iccProfile);
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), tiff.firstError()};
 }
 
-EmbeddedMetadata tiffMetadata(const QByteArray& bytes, const QString& name) {
-    const TiffFile tiff(bytes, fileOf(bytes, name));
-    return withRgbProfileOnly(tiffPageMetadata(bytes, TIFFCurrentDirOffset(tiff)));
+EmbeddedMetadata tiffMetadata(const PictureSource& source, const QString& name) {
+    return withRgbProfileOnly(tiffPageMetadata(source, directoryOf(source, fileOf(source, name), 1)));
 }
 
 } // namespace

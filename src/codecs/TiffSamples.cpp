@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
+#include <optional>
 #include <vector>
 
 namespace tarsel {
@@ -21,13 +23,29 @@ double loaded(const std::uint8_t* at) {
     return double(value);
 }
 
+/// IEEE numbers of 16 bits: sign, 5 bits of exponent, 10 of fraction.
+double loadedHalf(const std::uint8_t* at) {
+    std::uint16_t half;
+    std::memcpy(&half, at, sizeof half);
+    const int exponent = half >> 10 & 31;
+    const int fraction = half & 1023;
+    const double value = exponent == 0    ? std::ldexp(fraction, -24)
+                         : exponent == 31 ? std::numeric_limits<double>::infinity()
+                                          : std::ldexp(1024 + fraction, exponent - 25);
+    return half & 0x8000 ? -value : value;
+}
+
 using Load = double (*)(const std::uint8_t*);
 
-/// How one sample is read; null for a kind that isn't known. libtiff has put the bytes in our order.
+/// How one sample of full bytes is read; null for an unsupported kind. libtiff has put the bytes in our
+/// order.
 Load loaderFor(const TiffLayout& layout) {
     const bool isSigned = layout.sampleFormat == SAMPLEFORMAT_INT;
     if (layout.sampleFormat == SAMPLEFORMAT_IEEEFP)
-        return layout.bits == 32 ? loaded<float> : layout.bits == 64 ? loaded<double> : nullptr;
+        return layout.bits == 16   ? loadedHalf
+               : layout.bits == 32 ? loaded<float>
+               : layout.bits == 64 ? loaded<double>
+                                   : nullptr;
     switch (layout.bits) {
     case 8:
         return isSigned ? loaded<std::int8_t> : loaded<std::uint8_t>;
@@ -42,17 +60,30 @@ Load loaderFor(const TiffLayout& layout) {
     }
 }
 
-/// Samples of the colour channels alone, as floating point, from strips or tiles, interleaved or in planes.
+/// Which samples of a pixel are read: the colours, then alpha when there is one.
+struct SampleChoice {
+    int colors = 0;
+    int alpha = -1; ///< its place among the samples, or -1
+
+    int count() const { return colors + (alpha < 0 ? 0 : 1); }
+    int sample(int i) const { return i < colors ? i : alpha; }
+};
+
+/// The chosen samples as floating point, from strips or tiles, interleaved or in planes.
 class SampleReader {
 public:
-    SampleReader(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file, int wanted) :
-        m_tiff(tiff), m_layout(layout), m_file(file), m_wanted(wanted), m_load(loaderFor(layout)) {
-        if (!m_load || layout.samples < wanted)
-            failDecoding(file, QStringLiteral("%1 samples of %2 bits, kind %3, are not known")
+    SampleReader(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
+                 SampleChoice choice) :
+        m_tiff(tiff),
+        m_layout(layout), m_file(file), m_choice(choice), m_wanted(choice.count()),
+        m_load(loaderFor(layout)) {
+        const bool isPacked = layout.bits < 16 && layout.sampleFormat == SAMPLEFORMAT_UINT;
+        if ((!m_load && !isPacked) || layout.samples < choice.sample(m_wanted - 1) + 1)
+            failDecoding(file, QStringLiteral("%1 samples of %2 bits, kind %3, are not supported")
                                    .arg(layout.samples)
                                    .arg(layout.bits)
                                    .arg(layout.sampleFormat));
-        if (std::int64_t(layout.width) * layout.height > MostSamples / wanted)
+        if (std::int64_t(layout.width) * layout.height > MostSamples / m_wanted)
             failDecoding(file, QStringLiteral("too large for samples of %1 bits").arg(layout.bits));
     }
 
@@ -62,13 +93,15 @@ public:
         if (size <= 0)
             failDecoding(m_file, QStringLiteral("its strips have no size"));
         m_block.resize(std::size_t(size));
-        const int planes = m_layout.planar == PLANARCONFIG_SEPARATE ? m_wanted : 1;
+        const int planes = isSeparate() ? m_wanted : 1;
         for (int plane = 0; plane < planes; ++plane)
             readPlane(plane);
         return std::move(m_samples);
     }
 
 private:
+    bool isSeparate() const { return m_layout.planar == PLANARCONFIG_SEPARATE; }
+
     void readPlane(int plane) {
         const auto blockWidth =
             m_layout.tiled ? m_tiff.field<std::uint32_t>(TIFFTAG_TILEWIDTH) : std::uint32_t(m_layout.width);
@@ -85,7 +118,7 @@ private:
     }
 
     void readBlock(int x, int y, int plane) {
-        const auto sample = std::uint16_t(plane);
+        const auto sample = std::uint16_t(isSeparate() ? m_choice.sample(plane) : 0);
         const auto size = tmsize_t(m_block.size());
         const tmsize_t got =
             m_layout.tiled
@@ -104,31 +137,41 @@ private:
     }
 
     void store(int left, int top, std::int64_t blockWidth, std::int64_t blockHeight, int plane) {
-        const bool separate = m_layout.planar == PLANARCONFIG_SEPARATE;
-        const std::size_t bytes = std::size_t(m_layout.bits) / 8;
-        const std::size_t perPixel = separate ? 1 : std::size_t(m_layout.samples);
+        const std::size_t perPixel = isSeparate() ? 1 : std::size_t(m_layout.samples);
+        const std::size_t rowBytes =
+            (std::size_t(blockWidth) * perPixel * std::size_t(m_layout.bits) + 7) / 8;
         const int right = int(std::min<std::int64_t>(left + blockWidth, m_layout.width));
         const int bottom = int(std::min<std::int64_t>(top + blockHeight, m_layout.height));
-        for (int y = top; y < bottom; ++y)
-            for (int x = left; x < right; ++x) {
-                const std::size_t pixel =
-                    std::size_t(y - top) * std::size_t(blockWidth) + std::size_t(x - left);
-                const std::size_t at = pixel * perPixel * bytes;
-                if (at + perPixel * bytes > m_filled)
-                    return;
-                float* to = &m_samples[(std::size_t(y) * std::size_t(m_layout.width) + std::size_t(x)) *
-                                       std::size_t(m_wanted)];
-                if (separate)
-                    to[plane] = float(m_load(&m_block[at]));
+        for (int y = top; y < bottom; ++y) {
+            const std::size_t rowAt = std::size_t(y - top) * rowBytes;
+            if (rowAt + rowBytes > m_filled)
+                return;
+            const std::uint8_t* row = &m_block[rowAt];
+            float* to = &m_samples[(std::size_t(y) * std::size_t(m_layout.width) + std::size_t(left)) *
+                                   std::size_t(m_wanted)];
+            for (std::size_t pixel = 0; pixel < std::size_t(right - left); ++pixel, to += m_wanted)
+                if (isSeparate())
+                    to[plane] = load(row, pixel);
                 else
                     for (int s = 0; s < m_wanted; ++s)
-                        to[s] = float(m_load(&m_block[at + std::size_t(s) * bytes]));
-            }
+                        to[s] = load(row, pixel * perPixel + std::size_t(m_choice.sample(s)));
+        }
+    }
+
+    float load(const std::uint8_t* row, std::size_t index) const {
+        if (m_load)
+            return float(m_load(row + index * std::size_t(m_layout.bits) / 8));
+        unsigned value = 0;
+        for (std::size_t bit = index * std::size_t(m_layout.bits), i = 0; i < std::size_t(m_layout.bits);
+             ++i, ++bit)
+            value = value << 1 | (row[bit / 8] >> (7 - bit % 8) & 1);
+        return float(value);
     }
 
     const TiffFile& m_tiff;
     const TiffLayout& m_layout;
     const FileUnderTest& m_file;
+    SampleChoice m_choice;
     int m_wanted;
     Load m_load;
     std::vector<std::uint8_t> m_block;
@@ -136,8 +179,8 @@ private:
     std::vector<float> m_samples;
 };
 
-/// What stands for 0 and for 1. Whole numbers use their range; floating point does when it stays between 0
-/// and 1, else the range of the values at hand.
+/// What counts as 0 and as 1. Whole numbers use their range; floating point does when it stays between 0
+/// and 1, else the range of the values that occur.
 struct SampleRange {
     float low = 0;
     float high = 1;
@@ -200,21 +243,69 @@ void storeCmyk(const std::vector<float>& samples, SampleRange range, const QByte
     }
 }
 
-void storeRgb(const std::vector<float>& samples, SampleRange range, PixelView target) {
-    const float* sample = samples.data();
-    for (int y = 0; y < target.height; ++y)
-        for (std::ptrdiff_t i = 0; i < target.stride; ++i)
-            target.row(y)[i] = byteOf(range.scaled(*sample++));
-}
+/// Colours of 16 bits each; some writers fill in 8.
+class TiffPalette {
+public:
+    TiffPalette(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file) :
+        m_size(layout.bits <= 16 ? std::size_t(1) << layout.bits : 0) {
+        if (!TIFFGetField(tiff, TIFFTAG_COLORMAP, &m_channels[0], &m_channels[1], &m_channels[2]) ||
+            m_size == 0)
+            failDecoding(file, QStringLiteral("no palette"));
+        for (const std::uint16_t* channel : m_channels)
+            m_isDeep =
+                m_isDeep || std::any_of(channel, channel + m_size, [](int value) { return value > 255; });
+    }
 
-void storeGray(const std::vector<float>& samples, SampleRange range, bool zeroIsWhite, PixelView target) {
-    const float* sample = samples.data();
-    for (int y = 0; y < target.height; ++y)
-        for (int x = 0; x < target.width; ++x) {
-            const float unit = range.scaled(*sample++);
-            std::memset(target.pixel(x, y), byteOf(zeroIsWhite ? 1 - unit : unit), 3);
+    float unit(int channel, float index) const {
+        const auto at = std::min(std::size_t(index), m_size - 1);
+        return float(m_channels[channel][at]) / (m_isDeep ? 65535 : 255);
+    }
+
+private:
+    std::size_t m_size;
+    std::uint16_t* m_channels[3] = {};
+    bool m_isDeep = false;
+};
+
+/// Gray, RGB or indexes, with alpha or without.
+class UnitPainter {
+public:
+    UnitPainter(const TiffLayout& layout, SampleRange range, SampleChoice choice,
+                std::optional<TiffPalette> palette) :
+        m_layout(layout),
+        m_range(range), m_choice(choice), m_palette(std::move(palette)) {}
+
+    void paint(const std::vector<float>& samples, PixelView target) const {
+        const float* sample = samples.data();
+        for (int y = 0; y < target.height; ++y)
+            for (int x = 0; x < target.width; ++x, sample += m_choice.count())
+                paintPixel(sample, target.pixel(x, y));
+    }
+
+private:
+    void paintPixel(const float* sample, std::uint8_t* pixel) const {
+        const float alpha = m_choice.alpha < 0 ? 1.0F : m_range.scaled(sample[m_choice.colors]);
+        const bool multiplied = m_layout.extraSample == EXTRASAMPLE_ASSOCALPHA && alpha > 0;
+        for (int c = 0; c < 3; ++c) {
+            const float unit = color(sample, c);
+            pixel[c] = byteOf(multiplied ? std::min(unit / alpha, 1.0F) : unit);
         }
-}
+        if (m_choice.alpha >= 0)
+            pixel[3] = byteOf(alpha);
+    }
+
+    float color(const float* sample, int channel) const {
+        if (m_palette)
+            return m_palette->unit(channel, sample[0]);
+        const float unit = m_range.scaled(sample[m_choice.colors == 1 ? 0 : channel]);
+        return m_layout.photometric == PHOTOMETRIC_MINISWHITE ? 1 - unit : unit;
+    }
+
+    const TiffLayout& m_layout;
+    SampleRange m_range;
+    SampleChoice m_choice;
+    std::optional<TiffPalette> m_palette;
+};
 
 int colorSamples(int photometric) {
     switch (photometric) {
@@ -222,6 +313,7 @@ int colorSamples(int photometric) {
         return 4;
     case PHOTOMETRIC_MINISBLACK:
     case PHOTOMETRIC_MINISWHITE:
+    case PHOTOMETRIC_PALETTE:
         return 1;
     case PHOTOMETRIC_RGB:
     case PHOTOMETRIC_CIELAB:
@@ -236,19 +328,24 @@ int colorSamples(int photometric) {
 
 Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
                           const QByteArray& iccProfile) {
-    const int wanted = colorSamples(layout.photometric);
-    if (wanted == 0)
-        failDecoding(file, QStringLiteral("colours of kind %1 are not known").arg(layout.photometric));
-    const std::vector<float> samples = SampleReader(tiff, layout, file, wanted).read();
+    SampleChoice choice{colorSamples(layout.photometric)};
+    if (choice.colors == 0)
+        failDecoding(file, QStringLiteral("colours of kind %1 are not supported").arg(layout.photometric));
+    const bool isUnit = choice.colors < 4 && layout.photometric != PHOTOMETRIC_CIELAB &&
+                        layout.photometric != PHOTOMETRIC_ICCLAB;
+    if (isUnit && layout.alphaSample >= 0)
+        choice.alpha = choice.colors + layout.alphaSample;
+    const std::vector<float> samples = SampleReader(tiff, layout, file, choice).read();
     const SampleRange range = rangeOf(layout, samples);
-    Picture picture(layout.width, layout.height, 3);
+    Picture picture(layout.width, layout.height, choice.alpha < 0 ? 3 : 4);
     const PixelView target = picture.edit();
-    if (wanted == 4)
+    std::optional<TiffPalette> palette;
+    if (layout.photometric == PHOTOMETRIC_PALETTE)
+        palette.emplace(tiff, layout, file);
+    if (isUnit)
+        UnitPainter(layout, range, choice, palette).paint(samples, target);
+    else if (choice.colors == 4)
         storeCmyk(samples, range, iccProfile, target);
-    else if (wanted == 1)
-        storeGray(samples, range, layout.photometric == PHOTOMETRIC_MINISWHITE, target);
-    else if (layout.photometric == PHOTOMETRIC_RGB)
-        storeRgb(samples, range, target);
     else
         storeLab(samples, layout, target);
     return picture;

@@ -32,8 +32,9 @@ std::optional<std::int64_t> readMultiByte(const ByteReader& reader, std::int64_t
 }
 
 /// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to whole bytes.
-std::optional<WbmpHeader> readHeader(const QByteArray& bytes) {
-    const ByteReader reader(bytes, ByteOrder::Little);
+std::optional<WbmpHeader> readHeader(const PictureSource& source) {
+    const QByteArray start = source.start();
+    const ByteReader reader(start, ByteOrder::Little);
     if (reader.word(0) != 0)
         return std::nullopt;
     std::int64_t at = 2;
@@ -44,26 +45,27 @@ std::optional<WbmpHeader> readHeader(const QByteArray& bytes) {
     return WbmpHeader{*width, *height, at};
 }
 
-bool sniffWbmp(const QByteArray& bytes) {
-    const auto header = readHeader(bytes);
-    return header && (header->width + 7) / 8 * header->height <= bytes.size() - header->pixelOffset;
+bool sniffWbmp(const PictureSource& source) {
+    const auto header = readHeader(source);
+    return header && (header->width + 7) / 8 * header->height <= source.size() - header->pixelOffset;
 }
 
-PictureHeader wbmpHeader(const QByteArray& bytes, const QString& name) {
-    const FileUnderTest file{"WBMP", name, bytes.size()};
-    const auto header = readHeader(bytes);
+PictureHeader wbmpHeader(const PictureSource& source, const QString& name) {
+    const FileUnderTest file{"WBMP", name, source.size()};
+    const auto header = readHeader(source);
     if (!header)
         failDecoding(file, QStringLiteral("no header"));
     requirePlausibleSize(file, header->width, header->height, PixelsPerByte);
     return {int(header->width), int(header->height), 1, 0};
 }
 
-int onePage(const QByteArray&, const QString&) {
+int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-DecodedPicture decodeWbmp(const QByteArray& bytes, const QString& name, int) {
-    wbmpHeader(bytes, name);
+DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int) {
+    wbmpHeader(source, name);
+    const QByteArray bytes = source.all();
     return {
         DecoderPool::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}, currentStop()),
         {}};
@@ -73,7 +75,7 @@ DecodedPicture decodeWbmp(const QByteArray& bytes, const QString& name, int) {
 
 Codec wbmpCodec() {
     return {.name = "WBMP",
-            .extensions = {QStringLiteral("wbmp")},
+            .extensions = {QStringLiteral("wbmp"), QStringLiteral("wbm")},
             .sniff = sniffWbmp,
             .header = wbmpHeader,
             .pageCount = onePage,

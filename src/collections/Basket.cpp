@@ -9,6 +9,7 @@
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
 
+#include <algorithm>
 #include <ranges>
 
 namespace tarsel {
@@ -48,32 +49,70 @@ QStringList basketHeaders() {
             QStringLiteral("Type"),      QStringLiteral("Path"),       QStringLiteral("Description")};
 }
 
-Basket::Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker thumbnails) :
-    settings(std::move(initial)), m_lists(lists), m_thumbnails(std::move(thumbnails)) {}
+Basket::Basket(CollectionLists lists, CollectionSettings initial) :
+    settings(std::move(initial)), m_lists(lists) {}
+
+namespace {
+
+/// Pages of a row of the folder list. A row that is still being completed doesn't know them yet.
+int pagesOf(const ListRow& row) {
+    const QString known = row.subItems.value(FolderColumn::Pages - 1);
+    if (known.isEmpty() && mayHavePages(clsFileInfo::StripFileExtention(row.text)))
+        return ImageBox::PageCount(row.tag);
+    return known.toInt();
+}
+
+} // namespace
 
 // --- adding
 
+Basket::Adding::Adding(Basket& basket) : m_basket(basket) {
+    if (m_basket.m_adding++ > 0)
+        return;
+    m_basket.m_stopAdding = false;
+    if (m_basket.addingChanged)
+        m_basket.addingChanged(true);
+}
+
+Basket::Adding::~Adding() {
+    if (--m_basket.m_adding > 0)
+        return;
+    m_basket.m_lists.pbQueue.hide();
+    if (m_basket.addingChanged)
+        m_basket.addingChanged(false);
+}
+
+bool Basket::Adding::goesOn() const {
+    if (!m_basket.m_stopAdding)
+        desktop().yield();
+    return !m_basket.m_stopAdding;
+}
+
 void Basket::cmdAddToQueue_Click() {
-    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button); });
-    m_lists.pbQueue.hide();
+    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button, Adding(*this)); });
 }
 
 void Basket::AddToBasketByDrag() {
-    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag); });
-    m_lists.pbQueue.hide();
+    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag, Adding(*this)); });
 }
 
-void Basket::addSelected(Road road) {
+void Basket::addSelected(Road road, const Adding& adding) {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
         m_lists.pbQueue.start(folder.count());
-        // Pending input may change the list: it is counted anew each time.
-        for (int row = 0; row < folder.count(); ++row) {
-            desktop().yield();
+        int row = 0;
+        // A listing in the background takes unreadable files out while rows are added.
+        const QObject context;
+        QObject::connect(&folder, &QAbstractItemModel::rowsRemoved, &context,
+                         [&row](const QModelIndex&, int first, int last) {
+                             row -= std::clamp(row - first, 0, last - first + 1);
+                         });
+        // Pending input may change the list: its rows are counted each time.
+        for (; row < folder.count() && adding.goesOn(); ++row) {
             if (row < folder.count() && folder.isSelected(row))
-                addFolderRow(road, row);
+                addFolderRow(road, row, adding);
             m_lists.pbQueue.start(folder.count(), row + 1);
         }
         showStatus(road, QString());
@@ -82,24 +121,24 @@ void Basket::addSelected(Road road) {
     m_lists.lvPages.selectOnly(-1);
 }
 
-void Basket::addFolderRow(Road road, int folderRow) {
+void Basket::addFolderRow(Road road, int folderRow, const Adding& adding) {
     const ListRow row = m_lists.lvFolder.row(folderRow);
     if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
         return;
     FileInfo().setFilePath(row.tag);
     showStatus(road, naming("Adding file to basket", row.text));
     const Source source{road, row.tag, row.text};
-    const int pages = row.subItems.value(FolderColumn::Pages - 1).toInt();
+    const int pages = pagesOf(row);
     if (pages < 2)
         addPicture(source, row);
     else
-        addPages(source, pages);
+        addPages(source, pages, adding);
 }
 
 void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     std::optional<Thumbnail> thumbnail = folderThumbnail(folderRow);
     if (!thumbnail)
-        thumbnail = loadThumbnail(source.path, settings.basketThumb, m_thumbnails);
+        thumbnail = loadThumbnail(source.path, settings.basketBox());
     if (!thumbnail) {
         noteFailed(source.path);
         return;
@@ -115,25 +154,26 @@ void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     addRow(std::move(row), *thumbnail);
 }
 
-/// The folder list's own thumbnail of a row, where it has the basket's size: a picture that was decoded for
-/// one list is not decoded again for the other.
+/// The folder list's own thumbnail of a row, scaled to the basket's size: a picture that was decoded for one
+/// list is not decoded again for the other.
 std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const {
-    const QVariant icon = m_lists.ilFolder.at(folderRow.icon);
+    const Picture shown = pictureAt(m_lists.ilFolder, folderRow.icon);
     const bool knowsSize = !folderRow.subItems.value(FolderColumn::Resolution - 1).trimmed().isEmpty();
-    if (settings.folderThumb != settings.basketThumb || !icon.isValid() || !knowsSize)
+    if (shown.isNull() || !knowsSize)
         return std::nullopt;
-    return Thumbnail{icon, {}};
+    return makeThumbnail(shown, settings.basketBox());
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
+    const Adding adding(*this);
     trap("subAddEntryToListView", [&] {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileInfo().setFilePath(path);
         const Source source{Road::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
-            return addPages(source, pages);
-        const auto thumbnail = loadThumbnail(path, settings.basketThumb, m_thumbnails);
+            return addPages(source, pages, adding);
+        const auto thumbnail = loadThumbnail(path, settings.basketBox());
         if (thumbnail)
             addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
                    *thumbnail);
@@ -150,7 +190,7 @@ void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
 
 // --- pages of documents
 
-void Basket::addPages(const Source& source, int pages) {
+void Basket::addPages(const Source& source, int pages, const Adding& adding) {
     const bool drag = source.road == Road::Drag;
     const QString extracting = drag ? naming("Please wait... extracting multipage document",
                                              modFileSystem::GetFileTitle(source.fileName))
@@ -159,24 +199,23 @@ void Basket::addPages(const Source& source, int pages) {
     if (showing)
         m_lists.pbQueue.start(pages);
     const OpenDocument document(source.path);
-    for (int page = 1; page <= pages; ++page) {
-        desktop().yield();
+    for (int page = 1; page <= pages && adding.goesOn(); ++page) {
         if (showing)
             showStatus(source.road, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
         addPage(source, document, page);
         if (showing)
             m_lists.pbQueue.setValue(page);
     }
+    m_pageBox.Clear();
 }
 
 /// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
 void Basket::addPage(const Source& source, const OpenDocument& document, int page) {
-    if (!document.loadPage(m_lists.ibMain, page)) {
+    if (!document.loadPage(m_pageBox, page)) {
         noteFailed(source.path);
         return;
     }
-    const ImageBox& box = m_lists.ibMain;
-    const Size size{box.Width(), box.Height()};
+    const Size size{m_pageBox.Width(), m_pageBox.Height()};
     const QString pageFile = newPageFile(settings.programFolder, source.road, source.fileName, page);
     const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
     if (!thumbnail) {
@@ -187,16 +226,16 @@ void Basket::addPage(const Source& source, const OpenDocument& document, int pag
     addRow(rowOf(pageRowName(source.road, source.fileName, page), pageFile, source.path, size), *thumbnail);
 }
 
-/// Saves the page that ibMain holds and returns its thumbnail. A drop takes it from the page file once saved,
+/// Saves the page in the box and returns its thumbnail. A drop takes it from the page file once saved,
 /// the other roads from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
-    ImageBox& box = m_lists.ibMain;
+    ImageBox& box = m_pageBox;
     if (source.road == Road::Drag) {
         savePage(box, pageFile);
-        return loadThumbnail(pageFile, settings.basketThumb, m_thumbnails);
+        return loadThumbnail(pageFile, settings.basketBox());
     }
     std::optional<Thumbnail> thumbnail;
-    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketThumb, m_thumbnails); }))
+    if (ignoringErrors([&] { thumbnail = makeThumbnail(box.picture(), settings.basketBox()); }))
         savePage(box, pageFile);
     return thumbnail;
 }
@@ -218,6 +257,7 @@ void Basket::cmdPagesDelete() {
 }
 
 void Basket::cmdPagesNew() {
+    stopAdding();
     empty();
     m_lists.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("New Basket"));
     deletePageFiles(settings.programFolder);

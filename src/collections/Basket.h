@@ -3,8 +3,10 @@
 
 #include "collections/CollectionLists.h"
 #include "collections/PageFiles.h"
+#include "imaging/ImageBox.h"
 
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace tarsel {
@@ -26,7 +28,7 @@ constexpr int Description = 5;
 /// file itself, or the page's own file in the folder Temp.
 class Basket {
 public:
-    Basket(CollectionLists lists, CollectionSettings initial, ThumbnailMaker thumbnails = {});
+    Basket(CollectionLists lists, CollectionSettings initial);
 
     CollectionSettings settings;
 
@@ -40,20 +42,38 @@ public:
     /// could not read.
     const QStringList& LTemp() const { return m_failed; }
 
+    /// Marks an adding of files, which lets other handlers run in between.
+    class Adding {
+    public:
+        explicit Adding(Basket& basket);
+        ~Adding();
+        Adding(const Adding&) = delete;
+        Adding& operator=(const Adding&) = delete;
+        /// Lets pending input run. False when the adding is to end here.
+        bool goesOn() const;
+
+    private:
+        Basket& m_basket;
+    };
+    /// Ends the running adding before its next file or page; what has been added stays.
+    void stopAdding() { m_stopAdding = true; }
+    /// Called with true when an adding begins and with false at its end.
+    std::function<void(bool)> addingChanged;
+
     void cmdPagesDelete(); ///< removes the selected rows; their page files stay
     void cmdPagesNew();    ///< empties the basket and deletes all page files, without asking
     void empty();          ///< empties the basket alone
     /// Moves the selected rows, in their order, to the row `target`, as a drop of the focused row there:
-    /// behind it when it stands at or behind the focused row, else in front of it.
+    /// after it when it is at or after the focused row, else before it.
     void MoveRowsTo(int target);
 
 private:
     struct Source;
 
-    void addSelected(Road road);
-    void addFolderRow(Road road, int folderRow);
+    void addSelected(Road road, const Adding& adding);
+    void addFolderRow(Road road, int folderRow, const Adding& adding);
     void addPicture(const Source& source, const ListRow& folderRow);
-    void addPages(const Source& source, int pages);
+    void addPages(const Source& source, int pages, const Adding& adding);
     void addPage(const Source& source, const OpenDocument& document, int page);
     std::optional<Thumbnail> pageThumbnail(const Source& source, const QString& pageFile);
     std::optional<Thumbnail> folderThumbnail(const ListRow& folderRow) const;
@@ -63,8 +83,10 @@ private:
     void noteFailed(const QString& path);
 
     CollectionLists m_lists;
-    ThumbnailMaker m_thumbnails;
+    ImageBox m_pageBox; ///< pages on their way to their files; the preview's box shows another picture
     QStringList m_failed;
+    int m_adding = 0; ///< additions in progress: one may run inside another
+    bool m_stopAdding = false;
 };
 
 } // namespace tarsel

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketFile.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
 #include "collections/clsFileInfo.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QSet>
-
+#include <algorithm>
 #include <vector>
 
 namespace tarsel::modSaveOpenImageList {
@@ -33,17 +30,10 @@ QStringList distinctSources(const ListView& lvPages) {
     return sources;
 }
 
-void save(int filterIndex, QString path, const ListView& lvPages) {
-    const bool described = filterIndex == DescribedFilter;
-    if (!described && !path.endsWith(PlainExtension, Qt::CaseInsensitive))
-        path += PlainExtension;
-    clsFile file;
-    if (!file.OpenForWrite(path))
-        fail(QFileInfo(path).dir().exists() ? ErrorNumber::PermissionDenied : ErrorNumber::PathNotFound,
-             path);
+void writeEntries(clsFile& file, bool described, const ListView& lvPages) {
     const QStringList sources = distinctSources(lvPages);
     for (int i = 0; i < sources.size(); ++i) {
-        // The description of row i, not of that path's row: behind the pages of a document the two differ.
+        // The description of row i, not of that path's row: after the pages of a document the two differ.
         if (described)
             file.write_ImageBasket(sources[i], lvPages.subItem(i, BasketColumn::Description));
         else
@@ -52,8 +42,8 @@ void save(int filterIndex, QString path, const ListView& lvPages) {
     file.closefile();
 }
 
-/// The path of a plain line: its first and last character, the quotes, are dropped unseen. Error 5 for a line
-/// without room for them.
+/// The path of a plain line: its first and last character, the quotes, are dropped unchecked. Error 5 for a
+/// line without room for them.
 QString pathOfLine(const QString& line, const QString& file, size_t number) {
     const QString trimmed = line.trimmed();
     if (trimmed.size() < 2)
@@ -62,26 +52,20 @@ QString pathOfLine(const QString& line, const QString& file, size_t number) {
 }
 
 void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, CollectionLists& lists) {
+    const Basket::Adding adding(basket);
     lists.pbQueue.start(int(entries.size()), 1);
-    for (int i = 0; i < int(entries.size()); ++i) {
-        const BasketEntry& entry = entries[size_t(i)];
-        desktop().yield();
-        if (clsFileInfo::CheckIfFileExists(entry.path)) {
-            basket.subAddEntryToListView(entry.path);
-            // Paired by number: behind a document or a missing file the description is another row's.
-            if (i < lists.lvPages.count())
-                lists.lvPages.setSubItem(i, BasketColumn::Description, entry.description);
-        }
+    for (int i = 0; i < int(entries.size()) && adding.goesOn(); ++i) {
+        const QString& path = entries[size_t(i)].path;
+        if (clsFileInfo::CheckIfFileExists(path))
+            basket.subAddEntryToListView(path);
         lists.pbQueue.setValue(i + 1);
     }
+    // Paired by number: after a document or a missing file the description is another row's.
+    for (int i = 0; i < std::min(int(entries.size()), lists.lvPages.count()); ++i)
+        lists.lvPages.setSubItem(i, BasketColumn::Description, entries[size_t(i)].description);
 }
 
-} // namespace
-
-std::vector<BasketEntry> readBasketEntries(const QString& path) {
-    clsFile file;
-    if (!file.OpenForRead(path))
-        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
+std::vector<BasketEntry> readEntries(clsFile& file, const QString& path) {
     const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
     const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
     std::vector<BasketEntry> entries;
@@ -96,21 +80,55 @@ std::vector<BasketEntry> readBasketEntries(const QString& path) {
     return entries;
 }
 
-bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages) {
-    if (lvPages.isEmpty())
-        return false;
-    return trap("modSaveOpenImageList.fncSaveImageBasket", [&] { save(filterIndex, path, lvPages); });
+/// Hands out why a file could not be opened.
+bool refused(const clsFile& file, QString* openFault) {
+    if (openFault)
+        *openFault = file.openError()->description;
+    return false;
 }
 
-bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists) {
-    const bool ended = trap("modSaveOpenImageList.fncOpenImageBasket", [&] {
-        basket.empty();
-        const std::vector<BasketEntry> entries = readBasketEntries(path);
+} // namespace
+
+std::vector<BasketEntry> readBasketEntries(const QString& path) {
+    clsFile file;
+    if (!file.OpenForRead(path))
+        throw *file.openError();
+    return readEntries(file, path);
+}
+
+QString basketFilePath(int filterIndex, const QString& path) {
+    const bool complete =
+        filterIndex == DescribedFilter || path.endsWith(PlainExtension, Qt::CaseInsensitive);
+    return complete ? path : path + PlainExtension;
+}
+
+void writeBasketFile(int filterIndex, const QString& path, const ListView& lvPages) {
+    clsFile file;
+    if (!file.OpenForWrite(basketFilePath(filterIndex, path)))
+        throw *file.openError();
+    writeEntries(file, filterIndex == DescribedFilter, lvPages);
+}
+
+bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages, QString* openFault) {
+    if (lvPages.isEmpty())
+        return false;
+    clsFile file;
+    if (!file.OpenForWrite(basketFilePath(filterIndex, path)))
+        return refused(file, openFault);
+    return trap("modSaveOpenImageList.fncSaveImageBasket",
+                [&] { writeEntries(file, filterIndex == DescribedFilter, lvPages); });
+}
+
+bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists, QString* openFault) {
+    basket.empty();
+    clsFile file;
+    if (!file.OpenForRead(path))
+        return refused(file, openFault);
+    return trap("modSaveOpenImageList.fncOpenImageBasket", [&] {
+        const std::vector<BasketEntry> entries = readEntries(file, path);
         if (!entries.empty())
             addEntries(entries, basket, lists);
     });
-    lists.pbQueue.hide();
-    return ended;
 }
 
 } // namespace tarsel::modSaveOpenImageList

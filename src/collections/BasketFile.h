@@ -13,18 +13,28 @@ struct BasketEntry {
     QString description; ///< empty in a .ibf file
 };
 
-/// The lines of a .ibf or .ibd file; none for another extension. Errors 53, 70, 5 for a line without a path,
-/// 62 for a file that ends within a record.
+/// The lines of a .ibf or .ibd file; none for another extension. Error 5 for a line without a path, 62 for a
+/// file that ends within a record, or why the file could not be opened.
 std::vector<BasketEntry> readBasketEntries(const QString& path);
 
-/// Writes the distinct source paths of the basket: with filter index 1 or 2 as .ibf (the extension is
-/// appended when missing), with 3 as .ibd with descriptions paired by row number. True when a file was
-/// written; false for an empty basket or after an error, which is trapped as
-/// "modSaveOpenImageList.fncSaveImageBasket".
-bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages);
+/// The file that a basket is saved to: filter index 1 or 2 appends .ibf when it is missing, 3 appends
+/// nothing.
+QString basketFilePath(int filterIndex, const QString& path);
 
-/// Replaces the basket by the files that a .ibf or .ibd names; missing ones are skipped. False after an
-/// error, which is trapped as "modSaveOpenImageList.fncOpenImageBasket".
-bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists);
+/// Writes the distinct source paths of the basket to basketFilePath: with filter index 1 or 2 as .ibf, with 3
+/// as .ibd with descriptions paired by row number. Raises why the file could not be written.
+void writeBasketFile(int filterIndex, const QString& path, const ListView& lvPages);
+
+/// writeBasketFile for the window. True when a file was written; false for an empty basket, for a file that
+/// can't be opened, whose reason goes to `openFault`, or after an error, which is trapped as
+/// "modSaveOpenImageList.fncSaveImageBasket".
+bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages,
+                        QString* openFault = nullptr);
+
+/// Replaces the basket by the files that a .ibf or .ibd names; missing ones are skipped. False for a file
+/// that can't be opened, whose reason goes to `openFault`, or after an error, which is trapped as
+/// "modSaveOpenImageList.fncOpenImageBasket".
+bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists,
+                        QString* openFault = nullptr);
 
 } // namespace tarsel::modSaveOpenImageList

@@ -3,37 +3,45 @@
 
 #include "base/ListView.h"
 #include "base/Progress.h"
-#include "imaging/ImageBox.h"
 #include "imaging/fncLoadPicture.h"
 
 #include <QString>
-#include <QVariant>
-#include <functional>
+#include <cmath>
+#include <optional>
 
 namespace tarsel {
 
-/// The lists and boxes that basket and folder view work on: the window makes them and lends them.
+/// The lists that basket and folder view work on: the window makes them and lends them. Their image lists
+/// hold values of type Picture.
 struct CollectionLists {
     ListView& lvFolder;
     ImageList& ilFolder;
     ListView& lvPages;
     ImageList& ilPages;
-    ImageBox& ibMain;
     Progress& pbQueue;
     StatusLine& sbMain;
 };
 
 /// What the collections need of the settings, as values.
 struct CollectionSettings {
-    QString programFolder; ///< the folder in which Temp lies
+    QString programFolder; ///< the folder that holds Temp
     Size folderThumb{40, 40};
     Size basketThumb{40, 40};
+    double pixelRatio = 1;  ///< pixels of a thumbnail for each pixel of its size
+    bool thumbnails = true; ///< off: none are made, and a picture is known by its header alone
     bool longFileSize = false;
     int folderView = 0; ///< 0 thumbnails, 3 details
-};
 
-/// Makes the value that an ImageList holds of a picture. The window gives one that makes an icon; without one
-/// (the command line) thumbnails are not made at all, and a picture is known by its header.
-using ThumbnailMaker = std::function<QVariant(const Picture&)>;
+    /// Sizes of the thumbnails in pixels; none where no thumbnails are made.
+    std::optional<Size> folderBox() const { return boxOf(folderThumb); }
+    std::optional<Size> basketBox() const { return boxOf(basketThumb); }
+
+private:
+    std::optional<Size> boxOf(Size size) const {
+        if (!thumbnails)
+            return std::nullopt;
+        return Size{int(std::lround(size.width * pixelRatio)), int(std::lround(size.height * pixelRatio))};
+    }
+};
 
 } // namespace tarsel

@@ -1,130 +1,232 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/FolderView.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "collections/PageFiles.h"
-#include "collections/PictureHeaderReading.h"
 #include "collections/Thumbnail.h"
-#include "collections/clsFileInfo.h"
+#include "collections/modFileSystem.h"
+
+#include <algorithm>
 
 namespace tarsel {
 
 namespace {
 
 constexpr int DetailView = 3;
-
-/// The texts that FileInfo holds of a file, in the columns from the size on.
-QStringList factsOfFile(bool longFileSize) {
-    clsFileInfo& file = FileInfo();
-    return {file.fSizeFormated(longFileSize ? 1 : 0),
-            QStringLiteral("1"),
-            file.fType(),
-            file.fDateCreated(),
-            file.fDateModified(),
-            file.fDateAccessed()};
-}
-
-/// Formats whose header the detail view shows.
-bool showsHeader(const QString& extension) {
-    static const QStringList shown{QStringLiteral("tif"),  QStringLiteral("tiff"), QStringLiteral("jpg"),
-                                   QStringLiteral("jpeg"), QStringLiteral("png"),  QStringLiteral("bmp"),
-                                   QStringLiteral("gif")};
-    return shown.contains(extension);
-}
-
-QString headerText(const QString& path, const QString& extension) {
-    if (!showsHeader(extension))
-        return {};
-    const PictureHeader header = readPictureHeader(path).value_or(PictureHeader{});
-    return QStringLiteral("%1 X %2 X %3").arg(header.width).arg(header.height).arg(header.bitsPerPixel);
-}
+/// Rows that are completed in one step between two looks at pending input.
+constexpr size_t ContentsInOneStep = 100;
 
 } // namespace
 
-QStringList folderHeaders() {
-    return {QStringLiteral("File Name"),     QStringLiteral("Resolution"),   QStringLiteral("Size"),
-            QStringLiteral("Pages"),         QStringLiteral("Type"),         QStringLiteral("Date Created"),
-            QStringLiteral("Date Modified"), QStringLiteral("Date Accessed")};
+FolderView::FolderView(CollectionLists lists) : m_lists(lists) {
+    const auto rowsMoved = [this] { m_rowOf.clear(); };
+    const ListView& list = m_lists.lvFolder;
+    connect(&list, &QAbstractItemModel::rowsInserted, this, rowsMoved);
+    connect(&list, &QAbstractItemModel::rowsRemoved, this, rowsMoved);
+    connect(&list, &QAbstractItemModel::modelReset, this, rowsMoved);
+    connect(&list, &QAbstractItemModel::layoutChanged, this, [this] {
+        m_rowOf.clear();
+        preferVisibleRows();
+    });
 }
 
-FolderView::FolderView(CollectionLists lists, ThumbnailMaker thumbnails) :
-    m_lists(lists), m_thumbnails(std::move(thumbnails)) {}
+FolderView::~FolderView() = default;
 
 void FolderView::subShowFilesInFolder(const QString& path) {
-    const bool ended = trap("FrmMain.subShowFilesInFolder", [&] {
+    FolderChanging = true;
+    retireScan();
+    const bool begun = trap("FrmMain.subShowFilesInFolder", [&] {
         TrappingString = QStringLiteral("Showing files from selected folder");
         modFileSystem::MakeFolder(temporaryFolder(settings.programFolder));
         m_folder = path;
         m_lists.sbMain.setPanel(QStringLiteral("folder"), QStringLiteral("Current Folder - ") + path);
         clearList();
-        desktop().yield();
-        const QStringList names = pictureFiles(path);
-        if (!names.isEmpty())
-            listFiles(path, names);
+        startScan();
     });
-    if (!ended)
-        m_lists.pbQueue.hide();
+    if (!begun)
+        stop();
 }
 
 void FolderView::clearList() {
+    keepSorting();
     m_lists.lvFolder.clear();
     m_lists.lvFolder.attachImages(nullptr);
     m_lists.ilFolder.clear();
+    if (!m_refusal.isEmpty() && m_lists.sbMain.panel(QStringLiteral("status")) == m_refusal)
+        m_lists.sbMain.setPanel(QStringLiteral("status"), {});
+    m_refusal.clear();
 }
 
-void FolderView::listFiles(const QString& folder, const QStringList& names) {
+/// What a scan that has been replaced still sends is dropped by its number.
+void FolderView::startScan() {
+    m_expected = m_completed = 0;
+    m_hasAllRows = m_hasGaps = false;
+    if (settings.folderView == 0)
+        m_lists.lvFolder.attachImages(&m_lists.ilFolder);
+    FolderScan::Request request{m_folder, settings, FileInfo()};
+    request.info.setDateFormats(clsFileInfo::desktopFormats());
+    FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
+    const int number = ++m_scanNumber;
+    m_scan = std::make_unique<FolderScan>(std::move(request), [this, number] {
+        QMetaObject::invokeMethod(
+            this,
+            [this, number] {
+                if (m_scan && number == m_scanNumber)
+                    fetchDelivery();
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+/// A scan ends when the file in work is done, which may take its time: nobody waits for that.
+void FolderView::retireScan() {
+    std::erase_if(m_retired, [](const auto& scan) { return scan->hasEnded(); });
+    if (!m_scan)
+        return;
+    m_scan->stop();
+    m_retired.push_back(std::move(m_scan));
+}
+
+void FolderView::stop() {
+    retireScan();
     FolderChanging = false;
-    m_lists.pbQueue.start(int(names.size()));
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        TrappingString = QStringLiteral("Looping through all available files");
-        desktop().yield();
-        if (FolderChanging)
-            break;
-        addFile(joinedPath(folder, names[i]), names[i]);
-        m_lists.pbQueue.setValue(int(i) + 1);
-    }
     m_lists.pbQueue.hide();
+}
+
+// --- what a scan delivers
+
+void FolderView::fetchDelivery() {
+    FolderScan::Delivery delivery = m_scan->fetch(ContentsInOneStep);
+    if (!delivery.failure)
+        return take(std::move(delivery));
+    stop();
+    reportFailure(*delivery.failure);
+}
+
+void FolderView::reportFailure(const TrappedError& error) {
+    if (error.number != ErrorNumber::PermissionDenied)
+        return void(trap("FrmMain.subShowFilesInFolder", [&] { throw error; }));
+    m_refusal = tr("You have no permission to read the folder %1.").arg(m_folder);
+    m_lists.sbMain.setPanel(QStringLiteral("status"), m_refusal);
+}
+
+void FolderView::take(FolderScan::Delivery delivery) {
+    if (FolderChanging && m_scan->count() > 0)
+        m_lists.pbQueue.start(m_expected = m_scan->count());
     FolderChanging = false;
+    addRows(std::move(delivery.rows));
+    std::vector<int> unreadable;
+    for (FolderScan::NumberedContent& completed : delivery.contents)
+        complete(std::move(completed), unreadable);
+    m_completed += int(delivery.contents.size());
+    removeRows(std::move(unreadable));
+    if (m_expected > 0)
+        m_lists.pbQueue.setValue(m_completed);
+    m_hasAllRows = m_hasAllRows || delivery.allRows;
+    if (m_hasAllRows && m_completed == m_expected)
+        finish();
 }
 
-void FolderView::addFile(const QString& path, const QString& name) {
-    FileInfo().setFilePath(path);
-    const QString extension = FileInfo().fFileExtention().toLower();
-    // Whatever runs in the yield may ask FileInfo for another file: its texts are taken first.
-    ListRow row;
-    row.text = name;
-    row.tag = path;
-    row.iconKey = QStringLiteral("iDetailIcon");
-    row.subItems = QStringList(QString()) + factsOfFile(settings.longFileSize);
-    desktop().yield();
-    if (mayHavePages(extension))
-        row.subItems[FolderColumn::Pages - 1] = QString::number(ImageBox::PageCount(path));
-    if (addPictureFacts(row, extension))
-        m_lists.lvFolder.add(std::move(row));
+void FolderView::addRows(std::vector<ListRow> rows) {
+    if (rows.empty())
+        return;
+    keepSorting();
+    m_lists.lvFolder.append(std::move(rows));
+    if (m_lists.lvFolder.count() == m_expected)
+        sortAgain();
+    preferVisibleRows();
 }
 
-/// Resolution and icon of a row; false when the view shows thumbnails and there is none.
-bool FolderView::addPictureFacts(ListRow& row, const QString& extension) {
-    QString& resolution = row.subItems[FolderColumn::Resolution - 1];
-    if (settings.folderView != 0) {
-        resolution = headerText(row.tag, extension);
-        return true;
+void FolderView::complete(FolderScan::NumberedContent completed, std::vector<int>& unreadable) {
+    const int index = rowOf(completed.number);
+    if (index < 0)
+        return;
+    if (!completed.content.isPicture) {
+        unreadable.push_back(index);
+        return;
     }
-    const auto thumbnail = loadThumbnail(row.tag, settings.folderThumb, m_thumbnails);
-    if (!thumbnail)
-        return false;
-    resolution = QStringLiteral("%1 x %2").arg(thumbnail->sourceSize.width).arg(thumbnail->sourceSize.height);
-    row.icon = addIcon(m_lists.ilFolder, *thumbnail);
-    m_lists.lvFolder.attachImages(&m_lists.ilFolder);
-    return true;
+    ListRow row = m_lists.lvFolder.row(index);
+    row.subItems[FolderColumn::Resolution - 1] = completed.content.resolution;
+    row.subItems[FolderColumn::Pages - 1] = completed.content.pages;
+    if (!completed.content.thumbnail.isNull()) {
+        row.icon = completed.number;
+        m_lists.ilFolder.set(row.icon, QVariant::fromValue(completed.content.thumbnail));
+    }
+    m_lists.lvFolder.replace(index, std::move(row));
 }
+
+int FolderView::rowOf(int number) {
+    const ListView& list = m_lists.lvFolder;
+    if (m_rowOf.empty()) {
+        m_rowOf.assign(size_t(m_expected), -1);
+        for (int row = 0; row < list.count(); ++row)
+            if (const int each = list.row(row).number; each >= 0 && each < m_expected)
+                m_rowOf[size_t(each)] = row;
+    }
+    return number < int(m_rowOf.size()) ? m_rowOf[size_t(number)] : -1;
+}
+
+void FolderView::removeRows(std::vector<int> rows) {
+    m_hasGaps = m_hasGaps || !rows.empty();
+    std::sort(rows.begin(), rows.end());
+    m_lists.lvFolder.remove(rows);
+}
+
+void FolderView::preferVisibleRows() {
+    if (!m_scan || !visibleRows)
+        return;
+    const auto [first, last] = visibleRows();
+    std::vector<int> numbers;
+    for (int row = std::max(first, 0); row <= std::min(last, m_lists.lvFolder.count() - 1); ++row)
+        numbers.push_back(m_lists.lvFolder.row(row).number);
+    m_scan->prefer(std::move(numbers));
+}
+
+void FolderView::finish() {
+    retireScan();
+    if (m_hasGaps)
+        closeGapsOfIcons();
+    sortAgain();
+    m_lists.pbQueue.hide();
+}
+
+/// Rows without a picture are gone: the pictures are numbered by the rows that are left.
+void FolderView::closeGapsOfIcons() {
+    std::vector<int> newIndex(size_t(m_lists.ilFolder.count()), -1);
+    ImageList closed;
+    for (int index = 0; index < m_lists.ilFolder.count(); ++index)
+        if (const QVariant picture = m_lists.ilFolder.at(index); picture.isValid())
+            newIndex[size_t(index)] = closed.add(picture);
+    std::vector<int> icons;
+    for (int row = 0; row < m_lists.lvFolder.count(); ++row) {
+        const int icon = m_lists.lvFolder.row(row).icon;
+        icons.push_back(icon < 0 ? -1 : newIndex[size_t(icon)]);
+    }
+    m_lists.ilFolder = std::move(closed);
+    m_lists.lvFolder.setIcons(icons);
+}
+
+// --- order
+
+/// A new listing and rows that arrive late keep the order that the user chose.
+void FolderView::keepSorting() {
+    const ListView& list = m_lists.lvFolder;
+    if (list.sortColumn() >= 0)
+        m_sorting = {list.sortColumn(), list.sortOrder()};
+}
+
+void FolderView::sortAgain() {
+    keepSorting();
+    if (m_sorting.first >= 0)
+        m_lists.lvFolder.sort(m_sorting.first, m_sorting.second);
+}
+
+// --- the two views
 
 void FolderView::cmdDetailFolder() {
     settings.folderView = DetailView;
     m_lists.lvFolder.attachImages(nullptr);
-    for (int row = 0; row < m_lists.lvFolder.count(); ++row)
-        m_lists.lvFolder.setIcon(row, -1);
+    m_lists.lvFolder.setIcons(std::vector<int>(size_t(m_lists.lvFolder.count()), -1));
 }
 
 void FolderView::cmdThumbnailFolder() {
@@ -132,9 +234,11 @@ void FolderView::cmdThumbnailFolder() {
     if (m_lists.ilFolder.count() == 0)
         return subShowFilesInFolder(m_folder);
     m_lists.lvFolder.attachImages(&m_lists.ilFolder);
-    // By row number: after a sort the pictures stand at other rows than they show.
+    // By row number: after a sort the pictures belong to other rows than they show.
+    std::vector<int> icons;
     for (int row = 0; row < m_lists.lvFolder.count(); ++row)
-        m_lists.lvFolder.setIcon(row, row);
+        icons.push_back(row);
+    m_lists.lvFolder.setIcons(icons);
 }
 
 } // namespace tarsel

@@ -2,50 +2,72 @@
 #pragma once
 
 #include "collections/CollectionLists.h"
-#include "collections/PictureFiles.h"
+#include "collections/FolderRow.h"
+#include "collections/FolderScan.h"
 
-#include <QStringList>
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace tarsel {
 
-/// Headers of the folder list: text and SubItems 1 to 7.
-QStringList folderHeaders();
-namespace FolderColumn {
-constexpr int Resolution = 1;
-constexpr int FileSize = 2;
-constexpr int Pages = 3;
-constexpr int Type = 4;
-constexpr int DateCreated = 5;
-constexpr int DateModified = 6;
-constexpr int DateAccessed = 7;
-} // namespace FolderColumn
-
-/// The list of the pictures in one folder. Rows of the thumbnail view have the index of their thumbnail in
-/// ilFolder as icon; rows of the detail view have none, and show the small picture named by their icon key.
-class FolderView {
+/// The list of the pictures in one folder. Rows appear as soon as the file system has named the files;
+/// resolution, pages and thumbnail follow from background threads, rows in view first. In the finished list a
+/// row of the thumbnail view has the index of its thumbnail in ilFolder as icon; rows of the detail view have
+/// none, and show the small picture named by their icon key.
+class FolderView final : public QObject {
+    Q_OBJECT
 public:
-    FolderView(CollectionLists lists, ThumbnailMaker thumbnails);
+    explicit FolderView(CollectionLists lists);
+    ~FolderView() override;
 
     CollectionSettings settings;
-    /// Set by a tree click until the new listing has begun; a running listing stops at its next item.
+    /// True from the choice of a folder until its first rows are there.
     bool FolderChanging = false;
+    /// The first and the last row in view.
+    std::function<std::pair<int, int>()> visibleRows;
 
-    /// Lists a folder, row by row. In the thumbnail view a picture that can't be read gets no row. A folder
-    /// that can't be read leaves the list empty. Trapped as "FrmMain.subShowFilesInFolder".
+    /// Begins to list a folder; a listing that is running ends at once. In the thumbnail view a picture that
+    /// can't be read loses its row. A folder without permission to read leaves the list empty and is reported
+    /// in the panel "status"; other errors are trapped as "FrmMain.subShowFilesInFolder".
     void subShowFilesInFolder(const QString& path);
+    bool isRunning() const { return m_scan != nullptr; } ///< rows are missing or incomplete
+    void stop();
+    void preferVisibleRows();  ///< other rows have come into view
     void cmdDetailFolder();    ///< to the detail view
-    void cmdThumbnailFolder(); ///< back; lists anew when there are no thumbnails
+    void cmdThumbnailFolder(); ///< back; lists the folder again when there are no thumbnails
     QString currentFolder() const { return m_folder; }
 
 private:
     void clearList();
-    void listFiles(const QString& folder, const QStringList& names);
-    void addFile(const QString& path, const QString& name);
-    bool addPictureFacts(ListRow& row, const QString& extension);
+    void startScan();
+    void retireScan();
+    void fetchDelivery();
+    void take(FolderScan::Delivery delivery);
+    void reportFailure(const TrappedError& error);
+    void addRows(std::vector<ListRow> rows);
+    void complete(FolderScan::NumberedContent completed, std::vector<int>& unreadable);
+    int rowOf(int number);
+    void removeRows(std::vector<int> numbers);
+    void finish();
+    void closeGapsOfIcons();
+    void keepSorting();
+    void sortAgain();
 
     CollectionLists m_lists;
-    ThumbnailMaker m_thumbnails;
     QString m_folder;
+    QString m_refusal; ///< what the panel "status" says about a folder without permission
+    std::unique_ptr<FolderScan> m_scan;
+    std::vector<std::unique_ptr<FolderScan>> m_retired; ///< stopped, with a file still in work
+    int m_scanNumber = 0;
+    bool m_hasAllRows = false;
+    bool m_hasGaps = false; ///< ilFolder has places of rows that are gone
+    int m_expected = 0;
+    int m_completed = 0;
+    std::vector<int> m_rowOf; ///< row by number, as of the last look; empty when rows have moved
+    std::pair<int, Qt::SortOrder> m_sorting{-1, Qt::AscendingOrder};
 };
 
 } // namespace tarsel

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/Thumbnail.h"
 
-#include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "collections/PictureHeaderReading.h"
+
+#include <algorithm>
 
 namespace tarsel {
 
@@ -19,28 +21,39 @@ std::optional<Thumbnail> fromHeader(const QString& path) {
 
 } // namespace
 
-std::optional<Thumbnail> loadThumbnail(const QString& path, Size box, const ThumbnailMaker& maker) {
-    if (!maker)
+Size usableThumbnailSize(Size stored) {
+    constexpr int smallest = 8;
+    constexpr int largest = 300; // what users can choose
+    constexpr Size usual{40, 40};
+    if (stored.width < smallest || stored.height < smallest)
+        return usual;
+    return {std::min(stored.width, largest), std::min(stored.height, largest)};
+}
+
+std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box) {
+    if (!box)
         return fromHeader(path);
     std::optional<Thumbnail> thumbnail;
     // A damaged picture is one without a thumbnail, and no reason to end a listing.
     ignoringErrors([&] {
         Size sourceSize;
-        if (const auto picture = fncLoadPicture(path, LoadMode::ExactBox, box, White, &sourceSize))
-            thumbnail = Thumbnail{maker(*picture), sourceSize};
+        if (const auto picture = fncLoadPicture(path, LoadMode::ExactBox, *box, White, &sourceSize))
+            thumbnail = Thumbnail{*picture, sourceSize};
     });
     return thumbnail;
 }
 
-Thumbnail makeThumbnail(const Picture& picture, Size box, const ThumbnailMaker& maker) {
-    const Size sourceSize{picture.width(), picture.height()};
-    if (!maker)
-        return {{}, sourceSize};
-    return {maker(ScalePicture(picture, LoadMode::ExactBox, box, White)), sourceSize};
+Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box) {
+    return {box ? ScalePicture(picture, LoadMode::ExactBox, *box, White) : Picture(),
+            {picture.width(), picture.height()}};
 }
 
 int addIcon(ImageList& images, const Thumbnail& thumbnail) {
-    return thumbnail.icon.isValid() ? images.add(thumbnail.icon) : -1;
+    return thumbnail.picture.isNull() ? -1 : images.add(QVariant::fromValue(thumbnail.picture));
+}
+
+Picture pictureAt(const ImageList& images, int index) {
+    return images.at(index).value<Picture>();
 }
 
 } // namespace tarsel

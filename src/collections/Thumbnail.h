@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "collections/CollectionLists.h"
+#include "base/ListView.h"
+#include "imaging/fncLoadPicture.h"
 
 #include <optional>
 
@@ -9,18 +10,25 @@ namespace tarsel {
 
 /// A row's picture and the size of the file that it shows.
 struct Thumbnail {
-    QVariant icon; ///< invalid where no thumbnails are made
+    Picture picture; ///< null where no thumbnails are made
     Size sourceSize;
 };
 
-/// The thumbnail of a file: fitted whole into the box, centred on white. Without a maker the header alone is
-/// read. Nothing when the file can't be opened as a picture.
-std::optional<Thumbnail> loadThumbnail(const QString& path, Size box, const ThumbnailMaker& maker);
+/// A stored thumbnail size as it may be used: what a damaged record holds would leave the lists without
+/// pictures, or take all memory.
+Size usableThumbnailSize(Size stored);
+
+/// The thumbnail of a file: fitted completely into the box, centred on white. Without a box the header alone
+/// is read. Nothing when the file can't be opened as a picture. Any thread may call it.
+std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box);
 
 /// The thumbnail of a picture in memory.
-Thumbnail makeThumbnail(const Picture& picture, Size box, const ThumbnailMaker& maker);
+Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box);
 
-/// Adds the thumbnail's icon to a picture list and gives its index; -1 when there is no icon.
+/// Adds the thumbnail to a picture list and returns its index; -1 when there is no picture.
 int addIcon(ImageList& images, const Thumbnail& thumbnail);
+
+/// The picture at an index of a picture list; null when there is none.
+Picture pictureAt(const ImageList& images, int index);
 
 } // namespace tarsel

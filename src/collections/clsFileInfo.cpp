@@ -10,19 +10,21 @@
 #include <QMimeDatabase>
 
 #include <limits>
+#include <mutex>
 
 namespace tarsel {
 
 namespace {
 
-QString dateText(const QDateTime& date) {
-    return date.toString(desktop().shortDateFormat()) + QLatin1Char(' ') +
-           date.toString(desktop().longTimeFormat());
+QString dateText(const QDateTime& date, const clsFileInfo::DateFormats& formats) {
+    return date.toString(formats.shortDate) + QLatin1Char(' ') + date.toString(formats.longTime);
 }
 
 /// What the system calls files of that extension. Asked once for each extension: folders are long.
 QString typeName(const QString& extension) {
+    static std::mutex mutex;
     static QHash<QString, QString> known;
+    const std::lock_guard lock(mutex);
     const auto found = known.constFind(extension);
     if (found != known.constEnd())
         return *found;
@@ -47,8 +49,14 @@ void clsFileInfo::setFilePath(const QString& path) {
 
 void clsFileInfo::ClearFileInfo() {
     const int flag = m_sizeFormatFlag;
+    std::optional<DateFormats> formats = std::move(m_formats);
     *this = {};
     m_sizeFormatFlag = flag;
+    m_formats = std::move(formats);
+}
+
+clsFileInfo::DateFormats clsFileInfo::desktopFormats() {
+    return {desktop().shortDateFormat(), desktop().longTimeFormat()};
 }
 
 void clsFileInfo::RefreshInfo() {
@@ -65,9 +73,10 @@ void clsFileInfo::RefreshInfo() {
     // Not every file system keeps the time of birth.
     m_createdAt = file.birthTime().isValid() ? file.birthTime() : m_modifiedAt;
     m_accessedAt = file.lastRead();
-    m_created = dateText(m_createdAt);
-    m_modified = dateText(m_modifiedAt);
-    m_accessed = dateText(m_accessedAt);
+    const DateFormats formats = m_formats ? *m_formats : desktopFormats();
+    m_created = dateText(m_createdAt, formats);
+    m_modified = dateText(m_modifiedAt, formats);
+    m_accessed = dateText(m_accessedAt, formats);
     m_hidden = file.isHidden();
     m_readOnly = !file.isWritable();
 }

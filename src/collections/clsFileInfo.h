@@ -5,12 +5,22 @@
 
 #include <QDateTime>
 #include <QString>
+#include <optional>
 
 namespace tarsel {
 
 /// What the program wants to know of one file: texts for list columns, its size in words, its dates.
 class clsFileInfo {
 public:
+    /// Qt patterns in which dates are written.
+    struct DateFormats {
+        QString shortDate;
+        QString longTime;
+    };
+    static DateFormats desktopFormats();
+    /// Fixes the patterns, as is needed away from the main thread. Else the desktop is asked at each file.
+    void setDateFormats(DateFormats formats) { m_formats = std::move(formats); }
+
     /// Refreshes every property when the file exists and can be opened; else leaves all as they were.
     void setFilePath(const QString& path);
     QString FilePath() const { return m_path; }
@@ -47,6 +57,7 @@ private:
     QDateTime m_createdAt, m_modifiedAt, m_accessedAt;
     qint32 m_size = 0;
     int m_sizeFormatFlag = 0;
+    std::optional<DateFormats> m_formats;
     bool m_hidden = false;
     bool m_readOnly = false;
 };

@@ -15,6 +15,7 @@
 #include <QMetaMethod>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
 
@@ -165,6 +166,7 @@ void ListControl::setHint(const QString& text) {
 void ListControl::resizeEvent(QResizeEvent* event) {
     QStackedWidget::resizeEvent(event);
     placeHint();
+    Q_EMIT viewMoved();
 }
 
 void ListControl::paintEvent(QPaintEvent* event) {
@@ -208,11 +210,29 @@ void ListControl::prepareTable() {
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(false);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    connect(header, &QHeaderView::sectionClicked, this, [this, header](int column) {
-        m_list.SortByColumn(column);
-        header->setSortIndicatorShown(true);
-        header->setSortIndicator(m_list.sortColumn(), m_list.sortOrder());
-    });
+    connect(header, &QHeaderView::sectionClicked, &m_list, &ListView::SortByColumn);
+    connect(&m_list, &ListView::sortingChanged, this, &ListControl::showSorting);
+}
+
+/// The header's arrow is shown for as long as the rows are in that order.
+void ListControl::showSorting() {
+    m_table->header()->setSortIndicatorShown(m_list.sortColumn() >= 0);
+    m_table->header()->setSortIndicator(m_list.sortColumn(), m_list.sortOrder());
+}
+
+void ListControl::setPixmapMaker(std::function<QPixmap(const QVariant&)> maker) {
+    m_delegate->pixmapOf = std::move(maker);
+}
+
+ListControl::RowRange ListControl::visibleRows() const {
+    const QWidget* viewport = view()->viewport();
+    const int top = view()->verticalScrollBar()->value();
+    const int bottom = top + viewport->height() - 1;
+    const bool table = form() == Form::Details;
+    const int height = table ? std::max(1, m_table->sizeHintForRow(0)) : m_thumbnails->gridSize().height();
+    const int columns = table ? 1 : std::max(1, viewport->width() / m_thumbnails->gridSize().width());
+    return {std::clamp(top / height * columns, 0, std::max(0, m_list.count() - 1)),
+            std::min((bottom / height + 1) * columns - 1, m_list.count() - 1)};
 }
 
 void ListControl::prepare(QAbstractItemView* view) {
@@ -224,6 +244,8 @@ void ListControl::prepare(QAbstractItemView* view) {
     view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
+    connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &ListControl::viewMoved);
+    connect(view->verticalScrollBar(), &QScrollBar::rangeChanged, this, &ListControl::viewMoved);
     connect(view, &QAbstractItemView::doubleClicked, this, &ListControl::rowDoubleClicked);
     addWidget(view);
 }

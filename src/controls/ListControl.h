@@ -3,7 +3,9 @@
 
 #include "base/ListView.h"
 
+#include <QPixmap>
 #include <QStackedWidget>
+#include <functional>
 
 class QAbstractItemView;
 class QLabel;
@@ -33,6 +35,8 @@ public:
     void setForm(Form form);
     Form form() const;
     void setThumbnailSize(QSize size); ///< pictures of the form Thumbnails
+    /// How the rows' pictures become pixmaps; without it they must be pixmaps already.
+    void setPixmapMaker(std::function<QPixmap(const QVariant& picture)> maker);
     void setTableIconSize(QSize size); ///< pictures of the form Details; small ones until it is called
     /// On: a selected row is marked over all columns; off: on its first column.
     void setFullRowSelect(bool full);
@@ -46,6 +50,11 @@ public:
     /// Opens the row's text for editing in place.
     void editText(int row);
     void showRow(int row);
+    struct RowRange {
+        int first = 0;
+        int last = -1;
+    };
+    RowRange visibleRows() const; ///< rows in view, as far as scrolling and sizes say
     /// What an empty list says.
     void setHint(const QString& text);
 
@@ -59,6 +68,7 @@ Q_SIGNALS:
     void formChanged();
     void menuWanted(const QPoint& globalPosition);
     void dragStarted();
+    void viewMoved(); ///< other rows may have come into view
     /// Rows were dropped; `row` is the one under the pointer, -1 after the last.
     void rowsDropped(tarsel::ListControl* source, int row);
 
@@ -71,6 +81,7 @@ private:
     void prepare(QAbstractItemView* view);
     void prepareTable();
     void prepareHint();
+    void showSorting();
     void placeHint();
     bool keyPressed(const QKeyEvent& event);
     bool menuRequested(const QContextMenuEvent& event, bool onViewport);

@@ -45,8 +45,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                             const QModelIndex& index) {
-    const bool cut =
-        index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    const int inView = (option.rect & view->viewport()->rect()).width();
+    const bool cut = index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > inView;
     if (!cut || event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     QToolTip::showText(event->globalPos(), index.data(Qt::DisplayRole).toString(), view->viewport(),
@@ -58,13 +58,29 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.column() > 0 && !fullRow)
         option->state &= ~QStyle::State_Selected;
+    if (index.column() > 0 || setPicture(*option, index.data(Qt::DecorationRole)))
+        return;
     const QString iconKey = index.data(ListView::IconKeyRole).toString();
-    if (index.column() > 0 || iconKey.isEmpty() || index.data(Qt::DecorationRole).isValid())
+    if (iconKey.isEmpty())
         return;
     option->icon = iconOf(iconKey);
     option->features |= QStyleOptionViewItem::HasDecoration;
     const int side = option->fontMetrics.height();
     option->decorationSize = QSize(side, side);
+}
+
+/// A picture is made for the pixels of the screen, so that a dense screen shows it at the size of any other.
+bool RowDelegate::setPicture(QStyleOptionViewItem& option, const QVariant& picture) const {
+    if (!picture.isValid() || !pixmapOf)
+        return picture.isValid();
+    QPixmap pixmap = pixmapOf(picture);
+    if (pixmap.isNull())
+        return false;
+    pixmap.setDevicePixelRatio(option.widget ? option.widget->devicePixelRatioF() : 1);
+    option.icon = QIcon(pixmap);
+    option.features |= QStyleOptionViewItem::HasDecoration;
+    option.decorationSize = pixmap.deviceIndependentSize().toSize().boundedTo(option.decorationSize);
+    return true;
 }
 
 } // namespace tarsel

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPixmap>
 #include <QStyledItemDelegate>
+#include <functional>
 
 namespace tarsel {
 
@@ -14,6 +16,8 @@ public:
     bool fullRow = false;
     int dropRow = -1;
     QSize cellSize; ///< of a thumbnail with its name
+    /// Makes the pixmap of what the list holds as a row's picture, when the row is painted.
+    std::function<QPixmap(const QVariant& picture)> pixmapOf;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -24,6 +28,9 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+private:
+    bool setPicture(QStyleOptionViewItem& option, const QVariant& picture) const;
 };
 
 } // namespace tarsel

@@ -13,7 +13,7 @@ public:
     Splitter(Qt::Orientation orientation, QWidget* first, QWidget* second, QWidget* parent = nullptr);
 
     int SplitterPosition() const { return m_position; }
-    /// Held between the bounds on the screen; what was set is what SplitterPosition gives.
+    /// Held between the bounds on the screen; SplitterPosition returns what was set.
     void setSplitterPosition(int percent);
 
 protected:

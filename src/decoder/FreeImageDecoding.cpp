@@ -2,7 +2,6 @@
 #include "decoder/FreeImageDecoding.h"
 
 #include <FreeImage.h>
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -37,8 +36,6 @@ Reader readerFor(DecoderFormat format) {
     switch (format) {
     case DecoderFormat::Gif:
         return {FIF_GIF, GIF_PLAYBACK}; // the frame on its canvas
-    case DecoderFormat::Psd:
-        return {FIF_PSD, PSD_DEFAULT};
     case DecoderFormat::Wbmp:
         return {FIF_WBMP, 0};
     }
@@ -52,50 +49,10 @@ Bitmap load(DecoderFormat format, std::span<const std::uint8_t> file) {
     return Bitmap(FreeImage_LoadFromMemory(reader.format, memory.get(), reader.flags));
 }
 
-BYTE byteOf(float value) {
-    return BYTE(std::clamp(value, 0.0F, 1.0F) * 255 + 0.5F);
-}
-
-/// Floating point colours, 0 to 1, without tone mapping.
-Bitmap fromFloatingPoint(FIBITMAP* source) {
-    const Bitmap rgb(FreeImage_ConvertToRGBF(source));
-    if (!rgb)
-        return nullptr;
-    const unsigned width = FreeImage_GetWidth(rgb.get());
-    const unsigned height = FreeImage_GetHeight(rgb.get());
-    Bitmap target(FreeImage_Allocate(int(width), int(height), 24));
-    for (unsigned y = 0; target && y < height; ++y) {
-        auto* from = reinterpret_cast<const FIRGBF*>(FreeImage_GetScanLine(rgb.get(), int(y)));
-        BYTE* to = FreeImage_GetScanLine(target.get(), int(y));
-        for (unsigned x = 0; x < width; ++x, ++from, to += 3) {
-            to[FI_RGBA_RED] = byteOf(from->red);
-            to[FI_RGBA_GREEN] = byteOf(from->green);
-            to[FI_RGBA_BLUE] = byteOf(from->blue);
-        }
-    }
-    return target;
-}
-
-/// Whatever it is, as 24 or 32 bits.
+/// As 24 or 32 bits.
 Bitmap asTrueColor(FIBITMAP* source) {
-    switch (FreeImage_GetImageType(source)) {
-    case FIT_BITMAP: {
-        const bool transparent = FreeImage_IsTransparent(source);
-        return Bitmap(transparent ? FreeImage_ConvertTo32Bits(source) : FreeImage_ConvertTo24Bits(source));
-    }
-    case FIT_RGB16:
-        return Bitmap(FreeImage_ConvertTo24Bits(source));
-    case FIT_RGBA16:
-        return Bitmap(FreeImage_ConvertTo32Bits(source));
-    case FIT_FLOAT:
-    case FIT_RGBF:
-    case FIT_RGBAF:
-        return fromFloatingPoint(source);
-    default: {
-        const Bitmap gray(FreeImage_ConvertToStandardType(source, TRUE));
-        return Bitmap(gray ? FreeImage_ConvertTo24Bits(gray.get()) : nullptr);
-    }
-    }
+    return Bitmap(FreeImage_IsTransparent(source) ? FreeImage_ConvertTo32Bits(source)
+                                                  : FreeImage_ConvertTo24Bits(source));
 }
 
 bool isOpaque(FIBITMAP* bitmap) {

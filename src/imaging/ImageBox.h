@@ -12,6 +12,8 @@
 
 namespace tarsel {
 
+class PictureFile;
+
 /// The font of ImageBox::DrawText.
 struct TextFont {
     QString Name;
@@ -54,6 +56,8 @@ public:
     /// Decodes by content. On failure the box is empty and LoadFailed is true; the error (0x8000FFFF for a
     /// file that its decoder can't make sense of, 53 for a missing one, 18 for a stop) is raised.
     void LoadFromFile(const QString& path, const std::stop_token& stop = {});
+    /// One page, from 1, of a file that is already open; PageNumber doesn't count.
+    void LoadPage(const PictureFile& file, int page, const std::stop_token& stop = {});
     bool LoadFailed() const { return m_loadFailed; }
     /// What is wrong with the file whose picture was loaded in part; empty for an undamaged one.
     QString LoadDamage() const { return m_loadDamage; }

@@ -4,7 +4,7 @@
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/Stop.h"
-#include "codecs/Codec.h"
+#include "codecs/PictureFile.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -27,7 +27,7 @@ public:
         const Picture known = kept(path, file);
         if (!known.isNull())
             return known;
-        Picture read = decodeByContent(readWholeFile(path), path, 1).picture;
+        Picture read = PictureFile(path).decode().picture;
         keep(path, file, read);
         return read;
     }
@@ -64,11 +64,7 @@ MergedPictures& mergedPictures() {
 
 int ImageBox::PageCount(const QString& path) {
     int pages = 1;
-    ignoringErrors([&] {
-        const QByteArray bytes = readWholeFile(path);
-        if (const Codec* codec = codecForContent(bytes, path))
-            pages = codec->pageCount(bytes, path);
-    });
+    ignoringErrors([&] { pages = PictureFile(path).pageCount(); });
     return pages;
 }
 
@@ -77,9 +73,15 @@ void ImageBox::LoadFromFile(const QString& path, const std::stop_token& stop) {
     Clear();
     m_loadFailed = true;
     raiseIfStopped();
-    const QByteArray bytes = readWholeFile(path);
+    LoadPage(PictureFile(path), PageNumber, stop);
+}
+
+void ImageBox::LoadPage(const PictureFile& file, int page, const std::stop_token& stop) {
+    const StopScope scope(stop);
+    Clear();
+    m_loadFailed = true;
     raiseIfStopped();
-    DecodedPicture decoded = decodeByContent(bytes, path, PageNumber);
+    DecodedPicture decoded = file.decode(page);
     raiseIfStopped();
     m_picture = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));

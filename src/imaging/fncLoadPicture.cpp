@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/fncLoadPicture.h"
 
-#include "base/SafeFileWriter.h"
 #include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/Codec.h"
@@ -22,7 +21,7 @@ namespace {
 struct Request {
     QString path;
     QString extension;
-    QByteArray bytes;
+    PictureSource bytes;
     LoadMode mode;
     Size box;
     Color backColor;
@@ -201,8 +200,8 @@ std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size b
     const StopScope scope(stop);
     requireBox(mode, box);
     raiseIfStopped();
-    const Request request{path,     QFileInfo(path).suffix().toLower(), readWholeFile(path), mode, box,
-                          backColor};
+    const Request request{
+        path, QFileInfo(path).suffix().toLower(), PictureSource::ofFile(path), mode, box, backColor};
     const bool known = isMetafile(request.extension) || codecForContent(request.bytes, path);
     if (!known)
         return std::nullopt;

@@ -159,6 +159,11 @@ void RowWork::remark(const QString& reason) {
     m_result.reason += m_result.reason.isEmpty() ? reason : QStringLiteral("; ") + reason;
 }
 
+struct HiddenAtEnd {
+    Progress& progress;
+    ~HiddenAtEnd() { progress.hide(); }
+};
+
 /// The loop over the rows, and the results of all of them.
 class BatchLoop {
 public:
@@ -252,8 +257,10 @@ bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, Ima
                        std::vector<RowResult>& results) {
     const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run};
     BatchLoop loop(batch, progress, results);
-    const bool completed = trap("fncSaveSinglePage", [&] { loop.run(); });
-    progress.hide();
+    const bool completed = trap("fncSaveSinglePage", [&] {
+        const HiddenAtEnd bar{progress}; // out of sight before an error is reported
+        loop.run();
+    });
     loop.finish();
     return completed;
 }

@@ -2,8 +2,7 @@
 #include "output/NamePlan.h"
 
 #include "base/ErrorTrap.h"
-#include "base/SafeFileWriter.h"
-#include "codecs/Codec.h"
+#include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
 #include "output/LoadSource.h"
 #include "output/Naming.h"
@@ -17,7 +16,7 @@ namespace tarsel {
 
 namespace {
 
-/// What can be told of a picture file without decoding it.
+/// What is known of a picture file without decoding it.
 struct SourceFacts {
     int width = 0;
     int height = 0;
@@ -26,14 +25,11 @@ struct SourceFacts {
 
 /// Raises what the codec raises; error 0x8000FFFF for content that nothing knows.
 SourceFacts readSourceFacts(const QString& path) {
-    const QByteArray bytes = readWholeFile(path);
-    const Codec* codec = codecForContent(bytes, path);
-    if (!codec)
-        fail(ErrorNumber::UnreadableFile, path);
-    const PictureHeader header = codec->header(bytes, path);
+    const PictureFile file(path);
+    const PictureHeader header = file.header();
     SourceFacts facts{header.width, header.height, {}};
-    if (codec->metadata && carriesMetadata(path))
-        facts.metadata = MetadataStore(codec->metadata(bytes, path));
+    if (carriesMetadata(path))
+        facts.metadata = MetadataStore(file.metadata());
     return facts;
 }
 

@@ -59,7 +59,7 @@ TEST_F(ClsFile, WhatWasWrittenIsReadBackFieldByField) {
     EXPECT_EQ(file.read_EditingList(), written);
     EXPECT_FALSE(file.fEof());
     EXPECT_EQ(file.read_EditingList(), written);
-    EXPECT_TRUE(file.fEof()); // the last line end makes no empty row
+    EXPECT_TRUE(file.fEof()); // no empty row follows the last line end
 }
 
 TEST_F(ClsFile, FieldsAreReadQuotedOrNotAndWithAnyLineEnd) {
@@ -88,7 +88,7 @@ TEST_F(ClsFile, AQuoteInsideAFieldCutsItThere) {
     EXPECT_TRUE(file.fEof());
 }
 
-TEST_F(ClsFile, LinesAreGivenWithoutTheirEnds) {
+TEST_F(ClsFile, LinesAreReadWithoutTheirEnds) {
     openWith("\"a\"\r\n\r\nb\nc");
     EXPECT_EQ(file.readLine(), QStringLiteral("\"a\""));
     EXPECT_EQ(file.readLine(), QString());
@@ -96,6 +96,18 @@ TEST_F(ClsFile, LinesAreGivenWithoutTheirEnds) {
     EXPECT_EQ(file.readLine(), QStringLiteral("c"));
     EXPECT_TRUE(file.fEof());
     EXPECT_EQ(file.readLine(), QString());
+}
+
+TEST_F(ClsFile, AFieldOrLineOfMegabytesIsRefusedAndEndsTheFile) {
+    const std::string megabytes(3 << 20, 'a');
+    for (const std::string& text : {megabytes, '"' + megabytes + '"'}) {
+        openWith(text.c_str());
+        EXPECT_EQ(test::errorNumberOf([&] { file.readFields(1); }), ErrorNumber::InvalidCall);
+        EXPECT_TRUE(file.fEof());
+        openWith(text.c_str());
+        EXPECT_EQ(test::errorNumberOf([&] { file.readLine(); }), ErrorNumber::InvalidCall);
+        EXPECT_TRUE(file.fEof());
+    }
 }
 
 TEST_F(ClsFile, WithoutAnOpenFileNothingIsReadWrittenOrRaised) {
@@ -109,6 +121,24 @@ TEST_F(ClsFile, WithoutAnOpenFileNothingIsReadWrittenOrRaised) {
     EXPECT_EQ(file.readFields(2), QStringList({QString(), QString()}));
     file.writeline(QStringLiteral("lost"));
     file.closefile();
+}
+
+TEST_F(ClsFile, AFailedOpenKeepsItsOwnReason) {
+    const QString tooLong = folder.filePath(QString(300, QLatin1Char('x')));
+    const struct {
+        QString path;
+        const char* reason;
+    } cases[] = {{folder.path(), "Is a directory"}, {tooLong, "File name too long"}};
+    for (const auto& c : cases)
+        for (const auto open : {&clsFile::OpenForRead, &clsFile::OpenForWrite}) {
+            EXPECT_FALSE((file.*open)(c.path));
+            ASSERT_TRUE(file.openError());
+            EXPECT_TRUE(file.openError()->description.contains(c.path));
+            EXPECT_TRUE(file.openError()->description.endsWith(QLatin1String(c.reason)))
+                << file.openError()->description.toStdString();
+        }
+    EXPECT_TRUE(file.OpenForWrite(path));
+    EXPECT_FALSE(file.openError());
 }
 
 TEST_F(ClsFile, TheOldListStaysUntilTheNewOneIsClosed) {

@@ -2,6 +2,7 @@
 #include "base/SafeFileWriter.h"
 #include "tests/cli/Program.h"
 
+#include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -44,7 +45,7 @@ TEST(BasketCommand, AddingKeepsEntriesDescriptionsAndMissingFiles) {
                                              lineOf(folder, "c.jpg", "new"));
 }
 
-TEST(BasketCommand, AMissingPictureIsToldAndTheOthersAreAdded) {
+TEST(BasketCommand, AMissingPictureIsReportedAndTheOthersAreAdded) {
     const PictureFolder folder;
     const ProgramRun run = folder.run(commandLine("basket save x.ibf gone.jpg b.jpg"));
     EXPECT_EQ(run.status, 1);
@@ -60,6 +61,26 @@ TEST(BasketCommand, AFailureLeavesTheOldBasket) {
     EXPECT_EQ(folder.run(commandLine("basket save odd.ibf gone.jpg")).status, 1);
     EXPECT_EQ(basketOf(folder, "odd.ibf"), QByteArray("\"/x/a.jpg\"\r\n\r\n"));
     EXPECT_EQ(folder.run(commandLine("basket add gone.ibf a.jpg")).status, 1);
+}
+
+TEST(BasketCommand, AFileThatCannotBeWrittenIsReportedOnceWithItsReason) {
+    const PictureFolder folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(text("folder.ibf")));
+    for (const char* action : {"save", "add"}) {
+        const ProgramRun run = folder.run({text("basket"), text(action), text("folder.ibf"), text("a.jpg")});
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.messages.count('\n'), 1) << run.messages.toStdString();
+        EXPECT_TRUE(run.messages.contains("folder.ibf: Is a directory")) << run.messages.toStdString();
+    }
+}
+
+TEST(BasketCommand, ADescriptionLosesTheQuotesThatItsFileCannotHold) {
+    const PictureFolder folder;
+    const QStringList words{text("basket"),           text("save"),  text("x.ibd"), text("--description"),
+                            text("the \"old\" mill"), text("a.jpg"), text("b.jpg")};
+    EXPECT_EQ(folder.run(words).status, 0);
+    EXPECT_EQ(basketOf(folder, "x.ibd"),
+              lineOf(folder, "a.jpg", "the old mill") + lineOf(folder, "b.jpg", "the old mill"));
 }
 
 TEST(BasketCommand, ListsRowsWithTheirFacts) {

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
-#include "codecs/DecoderProcess.h"
+#include "codecs/TiffDirectory.h"
 #include "tests/support/CodecTestFiles.h"
+#include "tests/support/TestPictures.h"
+#include "tests/support/TiffStructure.h"
 
+#include <QtEndian>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/resource.h>
+#include <zlib.h>
 
 namespace tarsel {
 namespace {
@@ -26,7 +31,7 @@ protected:
         m_format = QString::fromLatin1(GetParam());
         const auto bytes = honestFile(m_format);
         if (!bytes)
-            GTEST_SKIP() << "picture corpus not at hand: set TARSEL_CORPUS";
+            GTEST_SKIP() << "no picture corpus: set TARSEL_CORPUS";
         m_bytes = *bytes;
     }
 
@@ -53,7 +58,7 @@ TEST_P(DamagedFile, cutAtAnyLengthEndsInAnErrorOrAPicture) {
         expectCleanEnd(m_bytes.left(m_bytes.size() * part / 40));
 }
 
-TEST_P(DamagedFile, cutInFrontOfItsPixelsIsRefused) {
+TEST_P(DamagedFile, cutBeforeItsPixelsIsRefused) {
     const auto outcome = test::readBytes(m_bytes.left(12), QStringLiteral("short.") + m_format);
     EXPECT_EQ(outcome.errorNumber, ErrorNumber::UnreadableFile);
 }
@@ -62,7 +67,7 @@ TEST_P(DamagedFile, withFlippedBitsEndsInAnErrorOrAPicture) {
     std::mt19937 random(20041);
     for (int variant = 0; variant < 60; ++variant) {
         QByteArray bytes = m_bytes;
-        // Half of the variants aim at the headers, where numbers lie that sizes are computed from.
+        // Half of the variants aim at the headers, whose numbers sizes are computed from.
         const auto reach =
             variant % 2 ? unsigned(bytes.size()) : unsigned(std::min<qsizetype>(bytes.size(), 200));
         for (int flip = 0; flip < 1 + variant % 8; ++flip)
@@ -126,6 +131,66 @@ TEST(DamagedFiles, aPcxOfFewBytesWithEndlessRowsIsReadNoFurtherThanItsEnd) {
     const auto outcome = test::readBytes(pcx, QStringLiteral("narrow.pcx"));
     ASSERT_TRUE(outcome.decoded) << outcome.message.toStdString();
     EXPECT_EQ(outcome.decoded->picture.height(), 65535);
+}
+
+TEST(HostileFiles, aTiffDirectoryOfRepeatedEntriesIsRefused) {
+    const std::vector<test::RawEntry> entries(65'000, {0x8769, 4, 1, 8});
+    const auto outcome = test::readBytes(test::tiffBlock(entries), QStringLiteral("repeated.tif"));
+    EXPECT_TRUE(outcome.message.contains(QLatin1String("65000 entries"))) << outcome.message.toStdString();
+}
+
+TEST(HostileFiles, aDirectoryThatManyPointersLeadToIsReadOnce) {
+    const quint32 shared = test::tiffRest(2);
+    const QByteArray bytes = test::tiffBlock({{0x8769, 4, 1, shared}, {0x8825, 4, 1, shared}}, 0,
+                                             test::tiffDirectory({{0x8825, 4, 1, 8}, {0x9003, 2, 1, 0}}));
+    const TiffDirectory directory = readTiffDirectory(bytes, false, 8);
+    ASSERT_EQ(directory.entries.size(), 1U);
+    ASSERT_EQ(directory.entries[0].child.size(), 1U);
+    EXPECT_EQ(directory.entries[0].child[0].entries.size(), 1U) << "the way back is not followed";
+}
+
+TEST(HostileFiles, aWhiteFaxPageOfFewBytesIsAPicture) {
+    const QByteArray rows = QByteArray(7016 / 8, char(0xFF)) + QByteArray("\x00\x10\x01", 3);
+    const QByteArray page = test::tiffBlock({{256, 3, 1, 4960},
+                                             {257, 3, 1, 7016},
+                                             {258, 3, 1, 1},
+                                             {259, 3, 1, 4},
+                                             {262, 3, 1, 0},
+                                             {273, 4, 1, test::tiffRest(9)},
+                                             {277, 3, 1, 1},
+                                             {278, 3, 1, 7016},
+                                             {279, 4, 1, quint32(rows.size())}},
+                                            0, rows);
+    const auto outcome = test::readBytes(page, QStringLiteral("white.tif"));
+    ASSERT_TRUE(outcome.decoded) << outcome.message.toStdString();
+    EXPECT_EQ(test::meanOf(outcome.decoded->picture, 0), 255);
+}
+
+/// A chunk of compressed text of 15 MB: under the limit of one chunk.
+QByteArray textChunk() {
+    const QByteArray zlib = qCompress(QByteArray(15 << 20, 'x'), 9).mid(4);
+    const QByteArray body = QByteArray("zTXtnote\0\0", 10) + zlib;
+    const auto bigEndian = [](quint32 number) {
+        const quint32 swapped = qToBigEndian(number);
+        return QByteArray(reinterpret_cast<const char*>(&swapped), 4);
+    };
+    const auto crc = ::crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()));
+    return bigEndian(quint32(body.size() - 4)) + body + bigEndian(quint32(crc));
+}
+
+TEST(HostileFiles, textThatNobodyReadsTakesNoMemory) {
+    const auto peakMegabytes = [] {
+        rusage usage = {};
+        ::getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss / 1024;
+    };
+    QByteArray png = codecForExtension(QStringLiteral("png"))->encode(test::photograph(4, 4), {}, {});
+    const QByteArray chunk = textChunk();
+    for (int i = 0; i < 40; ++i)
+        png.insert(33, chunk); // after the header chunk
+    const long before = peakMegabytes();
+    EXPECT_TRUE(test::readBytes(png, QStringLiteral("notes.png")).decoded);
+    EXPECT_LT(peakMegabytes() - before, 100);
 }
 
 TEST(DamagedFiles, anEmptyFileAndATextAreNoPictures) {

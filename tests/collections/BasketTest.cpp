@@ -46,18 +46,40 @@ TEST_F(BasketTest, ASelectedPictureBecomesARowNamedWithoutItsExtension) {
     EXPECT_EQ(row.subItems[1], lvFolder.subItem(1, FolderColumn::FileSize));
     EXPECT_EQ(row.subItems[2], lvFolder.subItem(1, FolderColumn::Type));
     EXPECT_EQ(row.subItems[3], row.tag);
-    EXPECT_EQ(ilPages.at(row.icon), QVariant(QSize(40, 30)));
+    EXPECT_EQ(sizeAt(ilPages, row.icon), QSize(40, 30));
     EXPECT_EQ(status.panel(QStringLiteral("queue")), QStringLiteral("1 file(s) in basket"));
     EXPECT_EQ(status.panel(QStringLiteral("status")), QString());
 }
 
-TEST_F(BasketTest, ThumbnailsOfAnotherSizeAreMadeForTheBasket) {
+TEST_F(BasketTest, ThumbnailsAreTheFolderListsScaledToTheBasket) {
     makePicture(picture("a.png"), {33, 22});
     settings.basketThumb = {64, 64};
+    settings.pixelRatio = 2;
     listAndSelectAll();
+    EXPECT_EQ(sizeAt(ilFolder, lvFolder.row(0).icon), QSize(80, 60))
+        << "two pixels for each of a dense screen";
+    QFile::remove(picture("a.png")); // the picture must come from the list
     basket().cmdAddToQueue_Click();
     ASSERT_EQ(lvPages.count(), 1);
-    EXPECT_EQ(ilPages.at(lvPages.row(0).icon), QVariant(QSize(64, 64)));
+    EXPECT_EQ(sizeAt(ilPages, lvPages.row(0).icon), QSize(128, 128));
+}
+
+TEST_F(BasketTest, ADocumentWhosePagesAreNotCountedYetIsStillSplit) {
+    makeScan();
+    listAndSelectAll();
+    ListRow row = lvFolder.row(0);
+    row.subItems[FolderColumn::Pages - 1].clear();
+    lvFolder.replace(0, row);
+    basket().cmdAddToQueue_Click();
+    EXPECT_EQ(lvPages.count(), 3);
+}
+
+TEST_F(BasketTest, AStoredThumbnailSizeIsUsedWithinBounds) {
+    const struct {
+        Size stored, used;
+    } cases[] = {{{20000, 20000}, {300, 300}}, {{0, 50}, {40, 40}}, {{64, 301}, {64, 300}}};
+    for (const auto& c : cases)
+        EXPECT_TRUE(usableThumbnailSize(c.stored) == c.used) << c.stored.width << " x " << c.stored.height;
 }
 
 TEST_F(BasketTest, AddingTheSameRowTwiceAddsItOnce) {
@@ -129,7 +151,7 @@ TEST_F(BasketTest, APageFileHoldsThePageThatItsRowNames) {
         EXPECT_EQ(box.PixelColor(1, 1), colors[row]) << row;
         EXPECT_EQ(ImageBox::PageCount(lvPages.row(row).tag), 1);
     }
-    EXPECT_EQ(ibMain.PageNumber, 1);
+    EXPECT_FALSE(workspace.ibMain.HasImage()) << "the preview's box is left alone";
 }
 
 TEST_F(BasketTest, DocumentsOfOneNameFromTwoFoldersKeepTheirOwnPages) {
@@ -187,7 +209,8 @@ TEST_F(BasketTest, WithoutThumbnailsThePictureIsKnownByItsHeaderAlone) {
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
     const QByteArray bytes = whole.readAll();
     writeBytes(picture("cut.jpg"), bytes.left(bytes.indexOf("\xFF\xDA") + 14));
-    Basket pages(lists, settings);
+    settings.thumbnails = false;
+    Basket pages = basket();
     for (const char* name : {"a.jpg", "bad.jpg", "cut.jpg", "missing.jpg"})
         pages.subAddEntryToListView(picture(name));
     EXPECT_EQ(texts(lvPages), (QStringList{QStringLiteral("a.jpg"), QStringLiteral("cut.jpg")}));
@@ -223,11 +246,44 @@ TEST_F(BasketTest, AFolderListThatIsEmptiedWhileItIsAddedEndsTheAdding) {
     EXPECT_EQ(lvPages.count(), 1);
 }
 
+TEST_F(BasketTest, RowsThatAListingTakesOutMeanwhileCostNoOtherRow) {
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png"})
+        makePicture(picture(name), {3, 3});
+    listAndSelectAll();
+    desktop.onYield = [&] {
+        if (lvPages.count() == 2 && lvFolder.count() == 4)
+            lvFolder.remove(0);
+    };
+    basket().cmdAddToQueue_Click();
+    EXPECT_EQ(texts(lvPages).join(QLatin1Char(' ')), QStringLiteral("a b c d"));
+}
+
+TEST_F(BasketTest, AStoppedAddingEndsBeforeTheNextPageAndTheNextOneRuns) {
+    makeScan();
+    makePicture(picture("z.png"), {3, 3});
+    Basket pages = basket();
+    QList<bool> shown;
+    pages.addingChanged = [&](bool adding) { shown << adding; };
+    desktop.onYield = [&] {
+        if (lvPages.count() == 2)
+            pages.stopAdding();
+    };
+    listAndSelectAll();
+    pages.cmdAddToQueue_Click();
+    EXPECT_EQ(texts(lvPages), (QStringList{QStringLiteral("scan1"), QStringLiteral("scan2")}));
+    EXPECT_EQ(status.panel(QStringLiteral("queue")), QStringLiteral("2 file(s) in basket"));
+    EXPECT_FALSE(progress.visible);
+    EXPECT_EQ(shown, (QList<bool>{true, false}));
+    desktop.onYield = {};
+    pages.cmdAddToQueue_Click();
+    EXPECT_EQ(lvPages.count(), 3) << "z, since scan counts as a duplicate";
+}
+
 TEST_F(BasketTest, SelectingNothingOnlyClearsTheSelectionOfTheBasket) {
     makePicture(picture("a.png"), {3, 3});
     fillBasket(3);
     lvPages.selectAll();
-    folderView().subShowFilesInFolder(pictures);
+    list(pictures);
     basket().cmdAddToQueue_Click();
     EXPECT_EQ(order(), QStringLiteral("abc"));
     EXPECT_TRUE(lvPages.selectedRows().empty());

@@ -4,10 +4,15 @@
 #include "collections/Basket.h"
 #include "collections/BasketFile.h"
 #include "collections/FolderView.h"
-#include "tests/collections/MadePictures.h"
+#include "collections/PictureFiles.h"
+#include "collections/Thumbnail.h"
+#include "collections/Workspace.h"
+#include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -33,7 +38,7 @@ public:
 };
 
 /// What the main window lends to folder view and basket, with a program folder and a picture folder of its
-/// own. The icon of a thumbnail is its size. A test fails when an error was reported that it didn't expect.
+/// own. A test fails when an error was reported that it didn't expect.
 class CollectionWindow : public testing::Test {
 protected:
     CollectionWindow() {
@@ -50,18 +55,30 @@ protected:
 
     QString picture(const char* name) const { return pictures + QLatin1Char('/') + QString::fromUtf8(name); }
 
-    FolderView folderView() {
-        FolderView view(lists, thumbnails);
+    Basket basket() { return Basket(lists, settings); }
+
+    /// Lists a folder to the end.
+    void list(const QString& path) {
         view.settings = settings;
-        return view;
+        view.subShowFilesInFolder(path);
+        waitForList();
     }
 
-    Basket basket() { return Basket(lists, settings, thumbnails); }
+    void waitForList() {
+        while (view.isRunning())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 
     /// Lists the picture folder and selects all its rows.
     void listAndSelectAll() {
-        folderView().subShowFilesInFolder(pictures);
+        list(pictures);
         lvFolder.selectAll();
+    }
+
+    /// Size of the picture at an index, 0 x 0 without one.
+    static QSize sizeAt(const ImageList& images, int index) {
+        const Picture made = pictureAt(images, index);
+        return {made.width(), made.height()};
     }
 
     static QStringList texts(const ListView& list) {
@@ -93,18 +110,16 @@ protected:
     TestDesktop desktop;
     QTemporaryDir folder;
     QString pictures = folder.filePath(QStringLiteral("pictures"));
-    ListView lvFolder{folderHeaders()};
-    ListView lvPages{basketHeaders()};
-    ImageList ilFolder;
-    ImageList ilPages;
-    ImageBox ibMain;
+    Workspace workspace;
+    ListView& lvFolder = workspace.lvFolder;
+    ListView& lvPages = workspace.lvPages;
+    ImageList& ilFolder = workspace.ilFolder;
+    ImageList& ilPages = workspace.ilPages;
+    StatusLine& status = workspace.sbMain;
     RecordedProgress progress;
-    StatusLine status;
     CollectionSettings settings;
-    ThumbnailMaker thumbnails = [](const Picture& made) {
-        return QVariant(QSize(made.width(), made.height()));
-    };
-    CollectionLists lists{lvFolder, ilFolder, lvPages, ilPages, ibMain, progress, status};
+    CollectionLists lists = workspace.lists(progress);
+    FolderView view{lists};
 };
 
 } // namespace tarsel::test

@@ -15,8 +15,9 @@ namespace {
 class CollectionsOnCorpus : public CollectionWindow {
 protected:
     /// Adds a file by path to an empty basket and gives the number of rows.
-    int rowsOf(const QString& path, const ThumbnailMaker& maker) {
-        Basket pages(lists, settings, maker);
+    int rowsOf(const QString& path, bool thumbnails) {
+        settings.thumbnails = thumbnails;
+        Basket pages = basket();
         pages.empty();
         pages.subAddEntryToListView(path);
         return lvPages.count();
@@ -35,8 +36,8 @@ TEST_F(CollectionsOnCorpus, EveryPictureThatOpensIsAddedWithItsPagesAndItsSize) 
         const std::string name = picture.path.toStdString();
         const bool document = mayHavePages(picture.fact("format"));
         const int rows = document ? std::max(1, picture.number("pages")) : 1;
-        for (const ThumbnailMaker& maker : {thumbnails, ThumbnailMaker()}) {
-            EXPECT_EQ(rowsOf(picture.path, maker), rows) << name;
+        for (const bool thumbnails : {true, false}) {
+            EXPECT_EQ(rowsOf(picture.path, thumbnails), rows) << name;
             EXPECT_EQ(lvPages.subItem(0, BasketColumn::Resolution),
                       QStringLiteral("%1 X %2").arg(box.Width()).arg(box.Height()))
                 << name;
@@ -51,11 +52,11 @@ TEST_F(CollectionsOnCorpus, FoldersOfDamagedPicturesAreListedToTheEnd) {
         folders.insert(modFileSystem::GetFolderPart(picture.path));
     for (const QString& path : folders) {
         const auto files = int(pictureFiles(path).size());
-        for (const int view : {0, 3}) {
-            settings.folderView = view;
-            folderView().subShowFilesInFolder(path);
+        for (const int form : {0, 3}) {
+            settings.folderView = form;
+            list(path);
             EXPECT_LE(lvFolder.count(), files) << path.toStdString();
-            if (view == 3) {
+            if (form == 3) {
                 EXPECT_EQ(lvFolder.count(), files) << path.toStdString();
             }
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
 #include "collections/clsFileInfo.h"
-#include "tests/collections/MadePictures.h"
+#include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
 #include "imaging/ImageBox.h"
-#include "tests/collections/MadePictures.h"
+#include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QDir>

@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <atomic>
+#include <barrier>
 #include <functional>
 #include <gtest/gtest.h>
 #include <thread>
@@ -152,8 +153,10 @@ TEST(ThreadedEngine, CopiesOfABoxAreReadAndChangedOnTheirOwnThreads) {
     const std::vector<TaskRow> rows = tasks(paths.front());
     std::vector<QString> texts(ThreadCount);
     std::vector<Picture> results(ThreadCount);
+    std::barrier copied(ThreadCount);
     onAllThreads([&](int thread) {
         ImageBox own = box;
+        copied.arrive_and_wait();
         texts[std::size_t(thread)] = metadataText(own.metadata()); // the first look parses, for all of them
         own.ExifSet(QStringLiteral("Artist"), QString::number(thread));
         replayRows(own, rows);

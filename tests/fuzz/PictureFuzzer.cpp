@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The readers of picture files that run inside the program: JPEG, PNG, TIFF, BMP, PCX, and the headers and
-// metadata of the formats that another process decodes.
+// The readers of picture files that run inside the program: JPEG, PNG, TIFF, BMP, PCX, PSD, and the headers
+// and metadata of the formats that another process decodes.
 
 #include "base/ErrorTrap.h"
 #include "codecs/Codec.h"
@@ -14,8 +14,7 @@ namespace {
 
 bool isDecodedElsewhere(const Codec& codec) {
     const QString& extension = codec.extensions.first();
-    return extension == QLatin1String("gif") || extension == QLatin1String("psd") ||
-           extension == QLatin1String("wbmp");
+    return extension == QLatin1String("gif") || extension == QLatin1String("wbmp");
 }
 
 } // namespace

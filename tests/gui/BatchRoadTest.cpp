@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/FolderTree.h"
+#include "configuration/ConfigFile.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ProgressBar.h"
 #include "tests/gui/WindowTest.h"
@@ -160,6 +161,22 @@ TEST_F(BatchRoad, ClosingTheWindowInTheMiddleOfARunEndsItAfterTheFile) {
     EXPECT_FALSE(window().isVisible());
     EXPECT_LT(filesIn(out()).size(), 8);
     expectWholePictures(out());
+    loadConfiguration(programFolder());
+    EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0) << "stored by the end in the middle of the run";
+}
+
+TEST_F(BatchRoad, ASaveThatAnEarlierSessionLeftInTheRecordStartsNoRun) {
+    makePictures(1);
+    QDir().mkpath(out());
+    start();
+    listFolder(pictures());
+    addAll();
+    ConfigRecord.BatchSave.Confirmed = -1;
+    ConfigRecord.BatchSave.DestinationFolder = out() + QLatin1Char('/');
+    script.on("frmSaveSinglePage", [](QWidget& dialog) { dialog.close(); });
+    chooseBatchMode();
+    EXPECT_TRUE(script.isDone());
+    EXPECT_EQ(filesIn(out()), QStringList());
 }
 
 } // namespace tarsel::test

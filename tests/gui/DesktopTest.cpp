@@ -49,13 +49,11 @@ TEST(QtDesktopTest, NoNetworkFolderMeansOffline) {
     EXPECT_FALSE(QtDesktop(QStringLiteral("/no/such/folder")).isOnline());
 }
 
-TEST(QtDesktopTest, ABusyPointerIsTakenBackByAsManyCalls) {
+TEST(QtDesktopTest, TheBusyPointerIsAStateThatOneCallTakesBack) {
     QtDesktop desktop;
     desktop.setBusyPointer(true);
     desktop.setBusyPointer(true);
-    desktop.setBusyPointer(false);
     EXPECT_TRUE(QGuiApplication::overrideCursor());
-    desktop.setBusyPointer(false);
     desktop.setBusyPointer(false);
     EXPECT_FALSE(QGuiApplication::overrideCursor());
 }
@@ -78,7 +76,7 @@ TEST(QtDesktopTest, ShortDatesHaveFourDigitYears) {
     EXPECT_FALSE(QtDesktop().longTimeFormat().contains(QLatin1Char('t')));
 }
 
-TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndGiveTheAnswer) {
+TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndReturnTheAnswer) {
     QtDesktop desktop;
     QString shown;
     QTimer::singleShot(0, qApp, [&] {
@@ -93,7 +91,7 @@ TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndGiveTheAnswer) {
     EXPECT_EQ(shown.toStdString(), "<b>a</b>\nb");
 }
 
-TEST(QtDesktopTest, TheSaveDialogTellsPathAndChosenFilter) {
+TEST(QtDesktopTest, TheSaveDialogReturnsPathAndChosenFilter) {
     const QTemporaryDir folder;
     QtDesktop desktop;
     QTimer::singleShot(0, qApp, [&] {

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace tarsel::test {
@@ -15,7 +16,7 @@ namespace {
 
 class ErrorReportDialog : public testing::Test {
 protected:
-    /// Stands in front of the dialog, which reads the name when it is made.
+    /// Declared before the dialog, which reads the name when it is made.
     struct NamedApplication {
         NamedApplication() { ApplicationName = QStringLiteral("Tarsel JPEG Document Generator"); }
         ~NamedApplication() { ApplicationName.clear(); }
@@ -59,7 +60,15 @@ TEST_F(ErrorReportDialog, SendOpensTheFormWithWhatTheUserWroteAndCloses) {
                      "&UserDescription=I pressed Save"),
         std::string::npos)
         << address;
-    EXPECT_TRUE(desktop.messages.empty()) << "the default handler's road shows no message";
+    EXPECT_TRUE(desktop.messages.empty()) << "the default handler shows no message";
+}
+
+TEST_F(ErrorReportDialog, EnterInTheAddressSendsInsteadOfCancelling) {
+    dialog.show();
+    QTest::keyClick(&child<QLineEdit>(dialog, "txtEmail"), Qt::Key_Return);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(desktop.opened.size(), 1);
 }
 
 TEST_F(ErrorReportDialog, OfflineSaysSoAndClosesAllTheSame) {

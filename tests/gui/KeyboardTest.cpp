@@ -42,7 +42,7 @@ TEST_F(Keyboard, F2RenamesARowOfTheBasketAndTheMenuKeyOpensItsMenu) {
     ASSERT_TRUE(editor);
     editor->setText(QStringLiteral("Sunset"));
     QTest::keyClick(editor, Qt::Key_Return);
-    EXPECT_EQ(window().workspace().lvPages.row(1).text.toStdString(), "Sunset");
+    EXPECT_TRUE(waitFor([&] { return window().workspace().lvPages.row(1).text == QLatin1String("Sunset"); }));
 }
 
 TEST_F(Keyboard, AScreenReaderHearsListsPanelsAndStates) {

@@ -11,7 +11,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 namespace tarsel::test {
 
@@ -23,15 +27,12 @@ QString panel(frmMain& window, const char* key) {
 }
 } // namespace
 
-TEST_F(LifeCycle, AFreshStartShowsItsStatusTextsAndMakesAnEmptyConfiguration) {
+TEST_F(LifeCycle, AFreshStartShowsItsStatusTextsAndWritesTheRecordOnceItHasComeUp) {
     start();
     EXPECT_EQ(panel(window(), "filename").toStdString(), "No file selected");
     EXPECT_EQ(panel(window(), "queue").toStdString(), "No files in basket");
     EXPECT_EQ(child<ElidedLabel>(window(), "sbMain_queue").text().toStdString(), "No files in basket");
-    EXPECT_TRUE(QFile::exists(ConfigPath));
-    EXPECT_EQ(QFile(ConfigPath).size(), 0);
-    close();
-    EXPECT_GT(QFile(ConfigPath).size(), 1000);
+    EXPECT_TRUE(waitFor([] { return QFile(ConfigPath).size() > 1000; }));
 }
 
 TEST_F(LifeCycle, TheFirstStartListsTheSamplePictures) {
@@ -43,9 +44,12 @@ TEST_F(LifeCycle, TheFirstStartListsTheSamplePictures) {
 TEST_F(LifeCycle, TheFolderListedAtTheStartIsInViewInTheTree) {
     start(pictures());
     auto& tree = child<FolderTree>(window(), "ftvBrowse");
+    const auto startOfName = [&] {
+        const QRect row = tree.visualRect(tree.currentIndex());
+        return QPoint(row.left(), row.center().y());
+    };
     EXPECT_TRUE(waitFor([&] {
-        return tree.selectedFolder() == pictures() &&
-               tree.viewport()->rect().contains(tree.visualRect(tree.currentIndex()).center());
+        return tree.selectedFolder() == pictures() && tree.viewport()->rect().contains(startOfName());
     }));
 }
 
@@ -65,6 +69,72 @@ TEST_F(LifeCycle, SettingsSurviveARestart) {
     EXPECT_EQ(child<Splitter>(window(), "splLeft").SplitterPosition(), 35);
     EXPECT_EQ(child<ListControl>(window(), "lvFolder").columnWidth(3), 77);
     EXPECT_EQ(child<ListControl>(window(), "lvFolder").form(), ListControl::Form::Details);
+}
+
+TEST_F(LifeCycle, TheTreeOpensWithTheNamesOfTheParentsUncut) {
+    QDir().mkpath(path("home/") + QString(120, QLatin1Char('x'))); // widens the column
+    QDir().mkpath(path("home/child"));
+    start(path("home"));
+    auto& tree = child<FolderTree>(window(), "ftvBrowse");
+    ASSERT_TRUE(waitFor([&] { return tree.selectedFolder() == path("home"); }));
+    tree.expand(tree.currentIndex());
+    ASSERT_TRUE(waitFor([&] { return tree.horizontalScrollBar()->maximum() > 0; }));
+    tree.selectFolder(path("home/child"));
+    ASSERT_TRUE(waitFor([&] { return tree.selectedFolder() == path("home/child"); }));
+    ASSERT_TRUE(waitFor([&] { return !child<QTimer>(tree, "settle").isActive(); }));
+    EXPECT_EQ(tree.horizontalScrollBar()->value(), 0);
+}
+
+TEST_F(LifeCycle, TheWindowComesBackWhereItWasAndFitsTheScreen) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    start();
+    EXPECT_LE(window().frameGeometry().width(), screen.width());
+    EXPECT_LE(window().frameGeometry().height(), screen.height());
+    const QRect place(30, 40, window().minimumSizeHint().width() + 7,
+                      window().minimumSizeHint().height() + 9);
+    window().setGeometry(place);
+    close();
+    start();
+    EXPECT_EQ(window().geometry(), place);
+    window().showMaximized();
+    close();
+    start();
+    EXPECT_TRUE(window().isMaximized());
+    window().showNormal();
+    window().setGeometry(2000, 1500, 3000, 2000);
+    close();
+    start();
+    EXPECT_TRUE(screen.contains(window().geometry()));
+}
+
+TEST_F(LifeCycle, ClosingWhileFilesAreAddedEndsTheAdding) {
+    makePictures(40);
+    start();
+    listFolder(pictures());
+    ListView& pages = window().workspace().lvPages;
+    QTimer watch;
+    int rowsAtTheEnd = -1;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (pages.count() < 3)
+            return;
+        watch.stop();
+        window().close();
+        rowsAtTheEnd = pages.count();
+    });
+    watch.start(0);
+    addAll();
+    ASSERT_GE(rowsAtTheEnd, 3);
+    EXPECT_EQ(pages.count(), rowsAtTheEnd);
+    EXPECT_LT(pages.count(), 40);
+}
+
+TEST_F(LifeCycle, TheEndOfTheSessionStoresTheSettings) {
+    start();
+    child<Splitter>(window(), "splLeft").setSplitterPosition(35);
+    window().storeSettings();
+    ConfigRecord = {};
+    loadConfiguration(programFolder());
+    EXPECT_EQ(ConfigRecord.SplitterLeft, 35);
 }
 
 TEST_F(LifeCycle, UnequalBasketThumbnailsComeBackExchanged) {
@@ -93,13 +163,6 @@ TEST_F(LifeCycle, ASecondInstanceIsRefusedBeforeItTouchesTheConfiguration) {
     EXPECT_EQ(scripted.messages[0].icon, MessageIcon::Stop);
     second.close();
     EXPECT_EQ(readWholeFile(configuration).toStdString(), "the first instance's own");
-}
-
-TEST_F(LifeCycle, TheProgramStartsAgainAfterTheFirstInstanceHasEnded) {
-    start();
-    close();
-    start();
-    EXPECT_TRUE(window().isVisible());
 }
 
 TEST_F(LifeCycle, ExitDeletesTemporaryFilesWithoutExtensionAndKeepsPageFiles) {

@@ -4,15 +4,20 @@
 #include "controls/ListControl.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Corpus.h"
+#include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMenu>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QToolButton>
 
 namespace tarsel::test {
 
@@ -23,12 +28,41 @@ protected:
     QString panel(const char* key) { return window().workspace().sbMain.panel(QLatin1String(key)); }
 
     void clickRow(const char* list, int row, Qt::KeyboardModifiers modifiers = {}) {
+        pressRow(list, row, modifiers);
+        settle();
+    }
+
+    /// A click that waits for nothing.
+    void pressRow(const char* list, int row, Qt::KeyboardModifiers modifiers = {}) {
         QAbstractItemView* view = child<ListControl>(window(), list).view();
         view->scrollTo(view->model()->index(row, 0));
         const QRect place = view->visualRect(view->model()->index(row, 0));
         QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, place.center());
-        QCoreApplication::processEvents();
     }
+
+    /// Lets a click take effect and the preview finish.
+    void settle() {
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(waitFor([&] { return !window().preview().isBusy(); }));
+    }
+
+    /// Writes the list of one task, a flip, and returns its path.
+    QString flipList() {
+        QString record = QStringLiteral("\"1\",\"flip\"");
+        for (int column = 1; column <= 17; ++column)
+            record += column == 1 ? QStringLiteral(",\"1\"") : QStringLiteral(",\"\"");
+        writeFileSafely(path("flip.tbf"), (record + QStringLiteral("\r\n")).toLatin1());
+        return path("flip.tbf");
+    }
+
+    void choosePreviewType(const char* text) {
+        for (QAction* action : child<QMenu>(window(), "mnuPreviewType").actions())
+            if (action->text() == QLatin1String(text))
+                action->trigger();
+        settle();
+    }
+
+    const Picture& shown() { return window().workspace().ibMain.picture(); }
 };
 
 } // namespace
@@ -48,7 +82,7 @@ TEST_F(MainWindow, AnotherFolderChosenInTheMiddleOfAListingLeavesNoRowOfTheFirst
     });
     tree.selectFolder(pictures());
     EXPECT_TRUE(waitFor([&] {
-        return clicked && !window().folderListing().isRunning() &&
+        return clicked && !window().folderView().isRunning() &&
                panel("folder").endsWith(QLatin1String("/other"));
     }));
     ASSERT_EQ(list.count(), 1);
@@ -65,8 +99,10 @@ TEST_F(MainWindow, AClickShowsThePictureAndItsFacts) {
     EXPECT_TRUE(panel("resolution").startsWith(QLatin1String("64 x 48  ")));
     EXPECT_EQ(window().workspace().ibMain.Width(), 64);
     click(window(), "cmdPreviewNext");
+    settle();
     EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg");
     click(window(), "cmdPreviewNext");
+    settle();
     EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg") << "no step beyond the last row";
 }
 
@@ -167,26 +203,99 @@ TEST_F(MainWindow, OpeningABasketOverRowsAsksAndCancelKeepsThem) {
     EXPECT_TRUE(scripted.fileDialogs.empty());
 }
 
-TEST_F(MainWindow, ATaskListIsOpenedShownOnThePictureAndRemoved) {
+TEST_F(MainWindow, OpeningATaskListClickingARowAndRemovingOneReplayInEitherView) {
     makePictures(1);
-    QString record = QStringLiteral("\"1\",\"flip\"");
-    for (int column = 1; column <= 17; ++column)
-        record += column == 1 ? QStringLiteral(",\"1\"") : QStringLiteral(",\"\"");
-    writeFileSafely(path("flip.tbf"), (record + QStringLiteral("\r\n")).toLatin1());
     start();
     listFolder(pictures());
     clickRow("lvFolder", 0);
-    const Picture before = window().workspace().ibMain.picture();
+    const Picture before = shown();
+    for (const char* type : {"Optimized", "Original"}) {
+        choosePreviewType(type);
+        TestDesktop scripted;
+        scripted.fileChoices.push_back(FileDialogChoice{flipList(), 1});
+        click(window(), "cmdEditBar_1");
+        settle();
+        ASSERT_EQ(window().workspace().tasks.count(), 1);
+        EXPECT_EQ(window().workspace().tasks.lvEdit.row(0).text.toStdString(), "Orientation");
+        EXPECT_FALSE(shown() == before) << type;
+        choosePreviewType("Optimized");
+        choosePreviewType("Original");
+        EXPECT_TRUE(shown() == before);
+        Q_EMIT child<ListControl>(window(), "lvEdit").rowClicked();
+        settle();
+        EXPECT_FALSE(shown() == before) << type;
+        window().workspace().tasks.lvEdit.selectOnly(0);
+        click(window(), "cmdEditBar_3");
+        settle();
+        EXPECT_EQ(window().workspace().tasks.count(), 0);
+        EXPECT_TRUE(shown() == before) << type;
+    }
+}
+
+TEST_F(MainWindow, OfPicturesClickedQuicklyTheLastIsShownAndDescribed) {
+    makePictures(3);
+    makePicture(pictures() + QStringLiteral("/z.jpg"), {31, 17});
+    start();
+    listFolder(pictures());
     TestDesktop scripted;
-    scripted.fileChoices.push_back(FileDialogChoice{path("flip.tbf"), 1});
+    scripted.fileChoices.push_back(FileDialogChoice{flipList(), 1});
     click(window(), "cmdEditBar_1");
-    ASSERT_EQ(window().workspace().tasks.count(), 1);
-    EXPECT_EQ(window().workspace().tasks.lvEdit.row(0).text.toStdString(), "Orientation");
-    EXPECT_FALSE(window().workspace().ibMain.picture() == before) << "the preview shows the task";
-    window().workspace().tasks.lvEdit.selectOnly(0);
-    click(window(), "cmdEditBar_3");
-    EXPECT_EQ(window().workspace().tasks.count(), 0);
-    EXPECT_TRUE(window().workspace().ibMain.picture() == before);
+    choosePreviewType("Optimized");
+    ImageBox expected;
+    expected.LoadFromFile(pictures() + QStringLiteral("/z.jpg"));
+    expected.Flip(1);
+    for (int round = 0; round < 12; ++round) {
+        for (int row = 0; row < 4; ++row) {
+            pressRow("lvFolder", row);
+            for (int events = 0; events < (round + row) % 4; ++events)
+                QCoreApplication::processEvents();
+        }
+        settle();
+        EXPECT_TRUE(shown() == expected.picture()) << "the tasks ran once, on the picture clicked last";
+        EXPECT_EQ(panel("filename").toStdString(), "z.jpg");
+        EXPECT_TRUE(panel("resolution").startsWith(QLatin1String("31 x 17")))
+            << panel("resolution").toStdString();
+        EXPECT_EQ(window().workspace().lvIPTC.count(), 52) << "rows of one picture";
+        EXPECT_EQ(window().workspace().lvIPTC.tag(), pictures() + QStringLiteral("/z.jpg"));
+        clickRow("lvFolder", 0);
+    }
+}
+
+TEST_F(MainWindow, SeveralSelectedRowsLoadNoPicture) {
+    makePictures(4);
+    start();
+    listFolder(pictures());
+    clickRow("lvFolder", 0);
+    clickRow("lvFolder", 1, Qt::ControlModifier);
+    clickRow("lvFolder", 3, Qt::ShiftModifier);
+    EXPECT_EQ(panel("filename").toStdString(), "photo01.jpg");
+    clickRow("lvFolder", 2);
+    EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg");
+}
+
+TEST_F(MainWindow, AddingADocumentLeavesThePreviewAndItsPanelsAlone) {
+    makePictures(1);
+    makeDocument(pictures() + QStringLiteral("/scan.tif"), {{{9, 7}}, {{5, 6}}});
+    start();
+    listFolder(pictures());
+    clickRow("lvFolder", 0);
+    const Picture before = shown();
+    EXPECT_EQ(panel("metadata").toStdString(), "No metadata") << "empty fields are not IPTC data";
+    addAll();
+    EXPECT_EQ(window().workspace().lvPages.count(), 3);
+    EXPECT_TRUE(shown() == before);
+    EXPECT_EQ(window().workspace().ibMain.Tag, window().preview().shownPath());
+}
+
+TEST_F(MainWindow, ThePreviewOfATransparentPictureIsLaidOnWhite) {
+    QImage image(8, 8, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    image.save(pictures() + QStringLiteral("/clear.png"));
+    start();
+    listFolder(pictures());
+    clickRow("lvFolder", 0);
+    ASSERT_EQ(shown().channels(), 3);
+    EXPECT_EQ(window().workspace().ibMain.PixelColor(4, 4), 0xFFFFFF);
 }
 
 TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
@@ -205,6 +314,65 @@ TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
                        view->visualRect(view->model()->index(1, 0)).center());
     EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
     EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I");
+    script.on("frmAlbumDescription", [](QWidget& dialog) { click(dialog, "cmdAdd"); });
+    Q_EMIT child<ListControl>(window(), "lvPages").rowDoubleClicked();
+    EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I")
+        << "the dialog opens with the row's text";
+}
+
+TEST_F(MainWindow, ATitleThatNoFileNameCanHoldIsRefusedWithAReason) {
+    makePictures(1);
+    start();
+    listFolder(pictures());
+    addAll();
+    auto& control = child<ListControl>(window(), "lvPages");
+    const struct {
+        QString typed;
+        const char* title;
+        const char* status;
+    } cases[] = {
+        {QStringLiteral("a/b"), "photo01", "The title was not changed: it can't contain \"/\"."},
+        {QStringLiteral("  "), "photo01", "The title was not changed: it can't be empty."},
+        {QString(252, QLatin1Char('x')), "photo01", "The title was not changed: it is too long."},
+        {QStringLiteral("sea"), "sea", nullptr},
+    };
+    for (const auto& c : cases) {
+        control.editText(0);
+        auto* editor = control.view()->findChild<QLineEdit*>();
+        ASSERT_TRUE(editor);
+        editor->setText(c.typed);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::processEvents(); // the editor commits in an event of its own
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(control.list().row(0).text.toStdString(), c.title);
+        if (c.status) {
+            EXPECT_EQ(panel("status").toStdString(), c.status);
+        }
+    }
+}
+
+TEST_F(MainWindow, AddingIsCancelledByTheButtonAndByEsc) {
+    makePictures(40);
+    start();
+    listFolder(pictures());
+    ListView& pages = window().workspace().lvPages;
+    auto& cancel = child<QAbstractButton>(window(), "cmdCancelAdding");
+    EXPECT_FALSE(cancel.isVisible());
+    const std::function<void()> ways[] = {[&] { click(window(), "cmdCancelAdding"); },
+                                          [&] { QTest::keyClick(&window(), Qt::Key_Escape); }};
+    for (const auto& way : ways) {
+        click(window(), "cmdPagesNew");
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (pages.count() >= 3)
+                way();
+        });
+        watch.start(0);
+        addAll();
+        EXPECT_GE(pages.count(), 3);
+        EXPECT_LT(pages.count(), 40);
+        EXPECT_FALSE(cancel.isVisible());
+    }
 }
 
 TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty) {
@@ -238,8 +406,9 @@ TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty
 TEST_F(MainWindow, NoButtonIsBlankOrWithoutAName) {
     start();
     for (const QAbstractButton* button : window().findChildren<QAbstractButton*>()) {
+        const auto* arrow = qobject_cast<const QToolButton*>(button);
         if (!button->isVisible() || button->objectName().startsWith(QLatin1String("qt_")) ||
-            button->objectName().isEmpty())
+            button->objectName().isEmpty() || (arrow && arrow->arrowType() != Qt::NoArrow))
             continue;
         EXPECT_FALSE(button->icon().isNull() && button->text().isEmpty())
             << button->objectName().toStdString();

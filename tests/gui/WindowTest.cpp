@@ -59,7 +59,7 @@ void WindowTest::listFolder(const QString& folder) {
     const QString panel = QStringLiteral("Current Folder - ") + folder;
     EXPECT_TRUE(waitFor([&] {
         return window().workspace().sbMain.panel(QStringLiteral("folder")) == panel &&
-               !window().folderListing().isRunning();
+               !window().folderView().isRunning();
     }));
 }
 

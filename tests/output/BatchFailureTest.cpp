@@ -66,6 +66,7 @@ void addAround(TestBasket& basket, const QString& path) {
 TEST(BatchFailure, AMissingSourceEndsTheRunAndIsNamed) {
     TestBasket basket;
     addAround(basket, basket.path(text("missing.jpg")));
+    basket.desktop.onReport = [&] { EXPECT_FALSE(basket.progress.visible) << "the bar goes first"; };
     EXPECT_FALSE(basket.run());
     EXPECT_EQ(basket.states(), "written failed skipped");
     EXPECT_TRUE(basket.reasons().at(1).contains(text("missing.jpg")));

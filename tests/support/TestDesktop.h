@@ -41,6 +41,7 @@ public:
     std::deque<std::optional<qint32>> colorChoices;
     std::deque<std::optional<FontChoice>> fontChoices;
     std::function<void()> onYield;
+    std::function<void()> onReport;
     QString browser;
     bool online = true;
     QStringList windows; ///< titles of open top-level windows
@@ -51,7 +52,11 @@ public:
 
     MessageAnswer messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
                              const QString& title) override;
-    void showErrorReport(const ErrorReport& report) override { reports.push_back(report); }
+    void showErrorReport(const ErrorReport& report) override {
+        reports.push_back(report);
+        if (onReport)
+            onReport();
+    }
     std::optional<FileDialogChoice> openFileDialog(const FileDialogRequest& request) override;
     std::optional<FileDialogChoice> saveFileDialog(const FileDialogRequest& request) override;
     std::optional<QString> folderDialog(const QString& startFolder) override;

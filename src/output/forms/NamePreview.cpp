@@ -38,8 +38,8 @@ ListControl* NamePreview::makeList() {
     list->setAccessibleName(tr("Names of the files that will be made"));
     list->setFullRowSelect(true);
     list->setColumnWidth(0, 130);
-    list->setColumnWidth(1, 100);
-    list->setColumnWidth(2, 290);
+    list->setColumnWidth(1, 80);
+    list->setColumnWidth(2, 260);
     return list;
 }
 

@@ -14,6 +14,8 @@ std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* ow
         TrappingString = QStringLiteral("Saving a new Single file");
         if (lists.lvPages.isEmpty())
             return;
+        // Only this dialog's Save counts, not one that an earlier session left in the record.
+        lists.settings.Confirmed = 0;
         frmSaveSinglePage(lists.settings, lists.lvPages, lists.lvEditBatch, owner).exec();
         if (!lists.settings.Confirmed)
             return;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/TaskBasketActions.h"
+#include "tasks/TaskBasketActions.h"
 
 #include "base/Desktop.h"
+#include "base/SaveFileDialog.h"
 #include "tasks/TaskFile.h"
 
 namespace tarsel::taskBasketActions {
@@ -10,6 +11,12 @@ namespace {
 
 QString taskFilter() {
     return QStringLiteral("Task basket file (*.tbf)|*.tbf");
+}
+
+/// The file that fncSaveTaskBasket writes.
+QString taskFilePath(const QString& path) {
+    const QLatin1String extension(".tbf");
+    return path.endsWith(extension, Qt::CaseInsensitive) ? path : path + extension;
 }
 
 bool clearTasks(TaskList& tasks) {
@@ -26,7 +33,8 @@ bool openTasks(TaskList& tasks) {
 bool saveTasks(TaskList& tasks) {
     if (tasks.count() == 0)
         return false;
-    const auto choice = desktop().saveFileDialog({QStringLiteral("Save Editing list"), taskFilter(), {}});
+    const auto choice = saveFileDialogFor({QStringLiteral("Save Editing list"), taskFilter(), {}},
+                                          [](int, const QString& path) { return taskFilePath(path); });
     if (choice)
         modSaveOpenImageList::fncSaveTaskBasket(choice->path, tasks);
     return false;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Workspace.h"
+#include "collections/Workspace.h"
+
+#include "collections/Basket.h"
+#include "collections/FolderView.h"
 
 namespace tarsel {
 
@@ -11,7 +14,9 @@ QStringList metadataHeaders() {
 
 } // namespace
 
-Workspace::Workspace() : lvExif(metadataHeaders()), lvIPTC(metadataHeaders()) {
+Workspace::Workspace() :
+    lvFolder(folderHeaders()), lvPages(basketHeaders()), lvExif(metadataHeaders()),
+    lvIPTC(metadataHeaders()) {
     lvPages.setTextEditable(true);
 }
 

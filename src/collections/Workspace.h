@@ -3,19 +3,19 @@
 
 #include "base/ListView.h"
 #include "base/Progress.h"
-#include "collections/Basket.h"
-#include "collections/FolderView.h"
+#include "collections/CollectionLists.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
 
 namespace tarsel {
 
-/// The lists and boxes that the whole window shares, alive for the whole run. No widget among them.
+/// The lists and boxes that window, command line and tests work on, alive for the complete run. No widget
+/// among them.
 struct Workspace {
     Workspace();
 
-    ListView lvFolder{folderHeaders()};
-    ListView lvPages{basketHeaders()};
+    ListView lvFolder;
+    ListView lvPages;
     ListView lvExif;
     ListView lvIPTC;
     ImageList ilFolder;
@@ -24,6 +24,10 @@ struct Workspace {
     ImageBox ibMain; ///< the preview
     ImageBox ibTemp; ///< never shown: the batch works in it
     StatusLine sbMain;
+
+    CollectionLists lists(Progress& pbQueue) {
+        return {lvFolder, ilFolder, lvPages, ilPages, pbQueue, sbMain};
+    }
 };
 
 } // namespace tarsel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/collections/MadePictures.h"
+#include "tests/support/MadePictures.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/FolderTree.h"
+#include "app/QtDesktop.h"
+#include "app/frmMain.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+
+// How the window lists a folder: time to the first row, to all rows and to the last picture, the longest time
+// for which the event loop did not come round, processor time and memory.
+
+namespace {
+
+using namespace tarsel;
+
+double processorSeconds() {
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](timeval time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+long peakMegabytes() {
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+struct Listing {
+    QElapsedTimer clock;
+    qint64 lastTurn = 0;
+    qint64 longestBlock = 0;
+    qint64 longestBlockAt = 0;
+
+    void turn() {
+        const qint64 now = clock.elapsed();
+        if (now - lastTurn > longestBlock) {
+            longestBlock = now - lastTurn;
+            longestBlockAt = now;
+        }
+        lastTurn = now;
+    }
+
+    void runUntil(const std::function<bool()>& condition) {
+        while (!condition()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            turn();
+        }
+    }
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: listing_bench FOLDER 0|3    (0 thumbnails, 3 details)\n");
+        return 2;
+    }
+    QApplication application(argc, argv);
+    QtDesktop desktop;
+    const DesktopScope scope(desktop);
+    const QTemporaryDir home;
+    frmMain window({home.path(), home.path(), {}});
+    if (!window.Form_Load())
+        return 1;
+    window.show();
+    const bool details = QByteArray(argv[2]).toInt() != 0;
+    window
+        .findChild<QAbstractButton*>(details ? QStringLiteral("cmdDetailFolder")
+                                             : QStringLiteral("cmdThumbnailFolder"))
+        ->click();
+    QTimer beat; // so that the loop comes round also when nothing happens
+    beat.start(1);
+    Listing listing;
+    listing.clock.start();
+    listing.runUntil([&] { return listing.clock.elapsed() > 1000; });
+
+    const ListView& rows = window.workspace().lvFolder;
+    const double processorBefore = processorSeconds();
+    listing = {};
+    listing.clock.start();
+    window.findChild<FolderTree*>(QStringLiteral("ftvBrowse"))->selectFolder(QString::fromLocal8Bit(argv[1]));
+    listing.turn();
+    listing.runUntil([&] { return !rows.isEmpty(); });
+    const qint64 firstRow = listing.clock.elapsed();
+    int most = rows.count();
+    qint64 allRows = firstRow;
+    listing.runUntil([&] {
+        if (rows.count() > most) {
+            most = rows.count();
+            allRows = listing.clock.elapsed();
+        }
+        return !window.folderView().isRunning();
+    });
+    std::printf("%d rows of %d; first row %lld ms, all rows %lld ms, finished %lld ms; longest block %lld ms "
+                "(at %lld ms); processor %.2f s; peak memory %ld MB\n",
+                rows.count(), most, firstRow, allRows, listing.clock.elapsed(), listing.longestBlock,
+                listing.longestBlockAt, processorSeconds() - processorBefore, peakMegabytes());
+    window.close();
+    return 0;
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SaveFileDialog.h"
+
+#include "base/ErrorTrap.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace tarsel {
+
+namespace {
+
+bool mayReplace(const QString& path) {
+    const QString question =
+        QCoreApplication::translate("SaveFileDialog", "%1 already exists.\nDo you want to replace it?")
+            .arg(QFileInfo(path).fileName());
+    return desktop().messageBox(question, MessageIcon::Question, MessageButtons::YesNo, ApplicationName) ==
+           MessageAnswer::Yes;
+}
+
+} // namespace
+
+std::optional<FileDialogChoice>
+saveFileDialogFor(FileDialogRequest request, QString (*writtenPath)(int filterIndex, const QString& path)) {
+    while (const auto choice = desktop().saveFileDialog(request)) {
+        const QString written = writtenPath(choice->filterIndex, choice->path);
+        if (written == choice->path || !QFileInfo::exists(written) || mayReplace(written))
+            return choice;
+        request.initialPath = choice->path;
+    }
+    return std::nullopt;
+}
+
+} // namespace tarsel

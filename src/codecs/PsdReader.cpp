@@ -1,0 +1,327 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/PsdReader.h"
+
+#include "bytes/ByteReader.h"
+#include "codecs/ColorProfile.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+namespace tarsel {
+
+namespace {
+
+/// A packed run of 128 bytes of 8 pixels takes two bytes.
+constexpr std::int64_t PixelsPerByte = 512;
+
+enum Mode { Bitmap = 0, Gray = 1, Indexed = 2, Rgb3 = 3, Cmyk = 4, Multichannel = 7, Duotone = 8, Lab = 9 };
+
+// The file header: "8BPS", version 16 (2: PSB), six reserved bytes, channels 16, height 32, width 32, bits
+// 16, colour mode 16. Then the colour mode data, the image resources and the layers, each after its size.
+// Last the pixels: compression 16, when packed the sizes of all rows of all channels, then the rows channel
+// by channel.
+constexpr std::int64_t HeaderSize = 26;
+constexpr std::int64_t PaletteOffset = HeaderSize + 4;
+constexpr std::int64_t PaletteSize = 3 * 256; // all red values, then green, then blue
+
+std::uint64_t numberAt(const PictureSource& source, std::int64_t at, int size) {
+    std::uint64_t value = 0;
+    for (const char byte : source.bytes(at, size))
+        value = value << 8 | std::uint8_t(byte);
+    return value;
+}
+
+/// What follows a section with a size of `sizeBytes` at `at`; the file's end at most.
+std::int64_t endOfSection(const PictureSource& source, std::int64_t at, int sizeBytes) {
+    const std::uint64_t size = numberAt(source, at, sizeBytes);
+    const std::int64_t start = at + sizeBytes;
+    const std::int64_t room = std::max<std::int64_t>(0, source.size() - start);
+    return start + std::int64_t(std::min<std::uint64_t>(size, std::uint64_t(room)));
+}
+
+/// A negative count of layers says that the first channel after the colours is transparency. Files of 16 and
+/// 32 bits have their layers in a tagged block: "8BIM", key, size 32, data.
+bool hasTransparency(const PictureSource& source, const PsdLayout& layout) {
+    constexpr int mostBlocks = 100;
+    const int sizeBytes = layout.isLarge ? 8 : 4;
+    const std::int64_t layerInfo = layout.layers + sizeBytes;
+    const auto isNegative = [&](std::int64_t at) { return std::int16_t(numberAt(source, at, 2)) < 0; };
+    if (layout.pixels <= layerInfo)
+        return false;
+    if (numberAt(source, layerInfo, sizeBytes) >= 2)
+        return isNegative(layerInfo + sizeBytes);
+    std::int64_t at = endOfSection(source, endOfSection(source, layerInfo, sizeBytes), 4);
+    for (int i = 0; i < mostBlocks && at + 12 <= layout.pixels; ++i) {
+        const QByteArray key = source.bytes(at + 4, 4);
+        if (key == "Lr16" || key == "Lr32")
+            return isNegative(at + 12);
+        const std::int64_t data = at + 12;
+        at = data + (endOfSection(source, at + 8, 4) - data + 3) / 4 * 4;
+    }
+    return false;
+}
+
+int colorChannels(const PsdLayout& layout) {
+    switch (layout.mode) {
+    case Rgb3:
+    case Lab:
+        return 3;
+    case Cmyk:
+        return 4;
+    case Multichannel:
+        return layout.channels >= 3 ? std::min(layout.channels, 4) : 1;
+    default:
+        return 1;
+    }
+}
+
+void requireKnownKind(const PsdLayout& layout, const FileUnderTest& file) {
+    const bool knownMode =
+        (layout.mode >= Bitmap && layout.mode <= Cmyk) || (layout.mode >= Multichannel && layout.mode <= Lab);
+    const bool knownBits = layout.mode == Bitmap ? layout.bits == 1
+                           : layout.mode == Indexed
+                               ? layout.bits == 8
+                               : layout.bits == 8 || layout.bits == 16 || layout.bits == 32;
+    if (!knownMode || !knownBits || layout.channels < colorChannels(layout))
+        failDecoding(file, QStringLiteral("%1 channels of %2 bits, mode %3, are not supported")
+                               .arg(layout.channels)
+                               .arg(layout.bits)
+                               .arg(layout.mode));
+}
+
+/// The rows of the merged picture, channel by channel.
+class PsdRows {
+public:
+    PsdRows(const PictureSource& source, const PsdLayout& layout, const FileUnderTest& file, int channels) :
+        m_source(source), m_height(layout.height),
+        m_rowBytes((std::int64_t(layout.width) * layout.bits + 7) / 8) {
+        const auto compression = numberAt(source, layout.pixels, 2);
+        if (compression > 1)
+            failDecoding(file, QStringLiteral("compression %1 is not supported").arg(compression));
+        if (layout.pixels + 2 >= source.size())
+            failDecoding(file, QStringLiteral("no merged picture"));
+        const std::int64_t wanted = std::int64_t(channels) * m_height;
+        m_offsets.reserve(std::size_t(wanted) + 1);
+        m_isPacked = compression == 1;
+        if (!m_isPacked) {
+            for (std::int64_t i = 0; i <= wanted; ++i)
+                m_offsets.push_back(layout.pixels + 2 + i * m_rowBytes);
+            return;
+        }
+        const int countBytes = layout.isLarge ? 4 : 2;
+        const QByteArray counts = source.bytes(layout.pixels + 2, wanted * countBytes);
+        const ByteReader reader(counts, ByteOrder::Big);
+        m_offsets.push_back(layout.pixels + 2 + std::int64_t(layout.channels) * m_height * countBytes);
+        for (std::int64_t i = 0; i < wanted; ++i) {
+            const auto size = layout.isLarge ? std::int64_t(reader.dword(i * 4).value_or(0))
+                                             : std::int64_t(reader.word(i * 2).value_or(0));
+            m_offsets.push_back(m_offsets.back() + size);
+        }
+    }
+
+    std::int64_t rowBytes() const { return m_rowBytes; }
+
+    /// False when the file doesn't have the whole row; what is missing stays as it was.
+    bool read(int channel, int y, std::uint8_t* target) const {
+        const std::size_t row = std::size_t(channel) * std::size_t(m_height) + std::size_t(y);
+        const std::int64_t size = m_offsets[row + 1] - m_offsets[row];
+        if (!m_isPacked)
+            return m_source.read(m_offsets[row], target, m_rowBytes) == m_rowBytes;
+        return unpack(m_source.bytes(m_offsets[row], size), target);
+    }
+
+private:
+    /// Runs: a count below 128 precedes count + 1 bytes, one above 128 a byte that stands 257 - count times.
+    bool unpack(const QByteArray& packed, std::uint8_t* target) const {
+        std::int64_t done = 0;
+        qsizetype at = 0;
+        while (at < packed.size() && done < m_rowBytes) {
+            const int count = std::uint8_t(packed[at++]);
+            if (count == 128)
+                continue;
+            const bool isRun = count > 128;
+            const std::int64_t size =
+                std::min<std::int64_t>(isRun ? 257 - count : count + 1, m_rowBytes - done);
+            if ((isRun ? 1 : size) > packed.size() - at)
+                return false;
+            if (isRun)
+                std::memset(target + done, std::uint8_t(packed[at]), std::size_t(size));
+            else
+                std::memcpy(target + done, packed.constData() + at, std::size_t(size));
+            at += qsizetype(isRun ? 1 : size);
+            done += size;
+        }
+        return done == m_rowBytes;
+    }
+
+    const PictureSource& m_source;
+    std::int64_t m_height;
+    std::int64_t m_rowBytes;
+    bool m_isPacked = false;
+    std::vector<std::int64_t> m_offsets; ///< of each row, and where the last one ends
+};
+
+/// Turns samples of one row, as 8 bits a channel, into pixels.
+class PsdPainter {
+public:
+    PsdPainter(const PictureSource& source, const PsdLayout& layout, const QByteArray& iccProfile) :
+        m_layout(layout), m_width(std::size_t(layout.width)), m_colors(colorChannels(layout)),
+        m_cmyk(m_colors == 4 ? iccProfile : QByteArray()), m_buffer(m_width * 4), m_labBuffer(m_width * 3) {
+        if (layout.mode == Indexed)
+            m_palette = source.bytes(PaletteOffset, PaletteSize).leftJustified(PaletteSize, 0);
+    }
+
+    /// `planes` holds the colour channels, a row each, 0 to 255, or for L*a*b* 0 to 1.
+    void paint(const std::vector<std::vector<float>>& planes, std::uint8_t* rgb) {
+        switch (m_layout.mode) {
+        case Cmyk:
+        case Multichannel:
+            m_colors >= 3 ? paintInks(planes, rgb) : paintGray(planes, rgb);
+            break;
+        case Lab:
+            paintLab(planes, rgb);
+            break;
+        case Indexed:
+            for (std::size_t x = 0; x < m_width; ++x)
+                for (std::size_t c = 0; c < 3; ++c)
+                    rgb[3 * x + c] = std::uint8_t(m_palette[qsizetype(256 * c + std::size_t(planes[0][x]))]);
+            break;
+        case Rgb3:
+            for (std::size_t x = 0; x < m_width; ++x)
+                for (std::size_t c = 0; c < 3; ++c)
+                    rgb[3 * x + c] = byteOf(planes[c][x]);
+            break;
+        default:
+            paintGray(planes, rgb);
+        }
+    }
+
+    static std::uint8_t byteOf(float value) { return std::uint8_t(std::lround(value)); }
+
+private:
+    void paintGray(const std::vector<std::vector<float>>& planes, std::uint8_t* rgb) const {
+        for (std::size_t x = 0; x < m_width; ++x)
+            std::memset(rgb + 3 * x, byteOf(planes[0][x]), 3);
+    }
+
+    /// The file stores the ink that is missing.
+    void paintInks(const std::vector<std::vector<float>>& planes, std::uint8_t* rgb) {
+        for (std::size_t x = 0; x < m_width; ++x)
+            for (std::size_t c = 0; c < 4; ++c)
+                m_buffer[4 * x + c] =
+                    c < std::size_t(m_colors) ? std::uint8_t(255 - byteOf(planes[c][x])) : std::uint8_t(0);
+        m_cmyk.convertRow(m_buffer.data(), rgb, m_layout.width);
+    }
+
+    void paintLab(const std::vector<std::vector<float>>& planes, std::uint8_t* rgb) {
+        const double unit = m_layout.bits == 8 ? 255 : 65535.0 / 256;
+        for (std::size_t x = 0; x < m_width; ++x) {
+            m_labBuffer[3 * x] = double(planes[0][x]) / 255 * 100;
+            m_labBuffer[3 * x + 1] = double(planes[1][x]) / 255 * unit - 128;
+            m_labBuffer[3 * x + 2] = double(planes[2][x]) / 255 * unit - 128;
+        }
+        m_lab.convertRow(m_labBuffer.data(), rgb, m_layout.width);
+    }
+
+    const PsdLayout& m_layout;
+    std::size_t m_width;
+    int m_colors;
+    CmykConversion m_cmyk;
+    LabConversion m_lab;
+    QByteArray m_palette;
+    std::vector<std::uint8_t> m_buffer;
+    std::vector<double> m_labBuffer;
+};
+
+/// Samples of any depth as 0 to 255; of a bitmap, ink is 1.
+void widenRow(const std::vector<std::uint8_t>& bytes, int bits, std::vector<float>& samples) {
+    const ByteReader reader(bytes, ByteOrder::Big);
+    for (std::size_t x = 0; x < samples.size(); ++x)
+        switch (bits) {
+        case 1:
+            samples[x] = bytes[x / 8] >> (7 - x % 8) & 1 ? 0.0F : 255.0F;
+            break;
+        case 8:
+            samples[x] = bytes[x];
+            break;
+        case 16:
+            samples[x] = float(*reader.word(std::int64_t(x) * 2)) / 257;
+            break;
+        default: {
+            const float value = std::bit_cast<float>(*reader.dword(std::int64_t(x) * 4));
+            samples[x] = std::isfinite(value) ? std::clamp(value, 0.0F, 1.0F) * 255 : 0.0F;
+        }
+        }
+}
+
+/// The merged colours are mixed with white where they are transparent.
+std::uint8_t withoutWhite(int value, int alpha) {
+    return std::uint8_t(alpha == 0 ? value : std::clamp((value - 255 + alpha) * 255 / alpha, 0, 255));
+}
+
+void storeRow(const std::vector<std::uint8_t>& rgb, const std::vector<float>* alpha, PixelView target,
+              int y) {
+    if (!alpha) {
+        std::memcpy(target.row(y), rgb.data(), rgb.size());
+        return;
+    }
+    for (int x = 0; x < target.width; ++x) {
+        std::uint8_t* pixel = target.pixel(x, y);
+        pixel[3] = PsdPainter::byteOf((*alpha)[std::size_t(x)]);
+        for (int c = 0; c < 3; ++c)
+            pixel[c] = withoutWhite(rgb[std::size_t(x) * 3 + std::size_t(c)], pixel[3]);
+    }
+}
+
+} // namespace
+
+PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file) {
+    const QByteArray header = source.bytes(0, HeaderSize);
+    const ByteReader reader(header, ByteOrder::Big);
+    PsdLayout layout;
+    layout.isLarge = reader.word(4).value_or(0) == 2;
+    layout.channels = reader.word(12).value_or(0);
+    const auto height = std::int64_t(reader.dword(14).value_or(0));
+    const auto width = std::int64_t(reader.dword(18).value_or(0));
+    requirePlausibleSize(file, width, height, PixelsPerByte);
+    layout.width = int(width);
+    layout.height = int(height);
+    layout.bits = reader.word(22).value_or(0);
+    layout.mode = reader.word(24).value_or(0);
+    layout.resources = endOfSection(source, HeaderSize, 4);
+    layout.layers = endOfSection(source, layout.resources, 4);
+    layout.pixels = endOfSection(source, layout.layers, layout.isLarge ? 8 : 4);
+    return layout;
+}
+
+PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const QByteArray& iccProfile) {
+    const PsdLayout layout = readPsdLayout(source, file);
+    requireKnownKind(layout, file);
+    const int colors = colorChannels(layout);
+    const bool alpha = layout.channels > colors && hasTransparency(source, layout);
+    const PsdRows rows(source, layout, file, colors + (alpha ? 1 : 0));
+    Picture picture(layout.width, layout.height, alpha ? 4 : 3);
+    const PixelView target = picture.edit();
+    PsdPainter painter(source, layout, iccProfile);
+    std::vector<std::uint8_t> bytes(std::size_t(rows.rowBytes()));
+    std::vector<std::uint8_t> rgb(std::size_t(layout.width) * 3);
+    std::vector<std::vector<float>> planes(std::size_t(colors) + (alpha ? 1 : 0),
+                                           std::vector<float>(std::size_t(layout.width)));
+    QString damage;
+    for (int y = 0; y < layout.height; ++y) {
+        for (std::size_t channel = 0; channel < planes.size(); ++channel) {
+            std::ranges::fill(bytes, std::uint8_t(255));
+            if (!rows.read(int(channel), y, bytes.data()) && damage.isEmpty())
+                damage = QStringLiteral("rows of the merged picture are damaged");
+            widenRow(bytes, layout.bits, planes[channel]);
+        }
+        painter.paint(planes, rgb.data());
+        storeRow(rgb, alpha ? &planes.back() : nullptr, target, y);
+    }
+    return {std::move(picture), std::move(damage)};
+}
+
+} // namespace tarsel

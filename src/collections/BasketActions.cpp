@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/BasketActions.h"
+
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "base/SaveFileDialog.h"
+#include "collections/BasketFile.h"
+
+namespace tarsel::basketActions {
+
+namespace {
+
+QString basketFilter() {
+    return QStringLiteral("Image basket formats (*.ibf;*.ibd)|*.ibf;*.ibd|"
+                          "Image basket file (*.ibf)|*.ibf|"
+                          "Image basket description file (*.ibd)|*.ibd|");
+}
+
+/// The reason, where there is one, follows on a line of its own.
+void inform(const char* first, const char* second, const QString& reason) {
+    QStringList lines{QString::fromLatin1(first), QString::fromLatin1(second)};
+    if (!reason.isEmpty())
+        lines << QString() << reason;
+    desktop().messageBox(lines.join(QLatin1Char('\n')), MessageIcon::Information, MessageButtons::Ok,
+                         ApplicationName);
+}
+
+bool mayReplaceRows() {
+    const MessageAnswer answer = desktop().messageBox(
+        QStringLiteral("There are currently files in the Basket!.\nDo you want to continue?"),
+        MessageIcon::Question, MessageButtons::OkCancel, ApplicationName);
+    return answer == MessageAnswer::Ok;
+}
+
+} // namespace
+
+void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
+    if (!lists.lvPages.isEmpty() && !mayReplaceRows())
+        return;
+    const auto choice = desktop().openFileDialog({QStringLiteral("Open Basket"), basketFilter(), {}});
+    QString reason;
+    if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists, &reason))
+        inform("Error opening image list!", "Please select a valid image list file.", reason);
+}
+
+void cmdPagesSave(const ListView& lvPages) {
+    const auto choice = saveFileDialogFor({QStringLiteral("Save Basket"), basketFilter(), {}},
+                                          modSaveOpenImageList::basketFilePath);
+    QString reason;
+    if (choice &&
+        !modSaveOpenImageList::fncSaveImageBasket(choice->filterIndex, choice->path, lvPages, &reason))
+        inform("Error saving image list!", "Please try again!", reason);
+}
+
+} // namespace tarsel::basketActions

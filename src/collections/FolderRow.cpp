@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/FolderRow.h"
+
+#include "collections/PictureFiles.h"
+#include "collections/PictureHeaderReading.h"
+#include "collections/Thumbnail.h"
+#include "imaging/ImageBox.h"
+
+namespace tarsel {
+
+namespace {
+
+/// Formats whose header the detail view shows.
+bool showsHeader(const QString& extension) {
+    static const QStringList shown{QStringLiteral("tif"),  QStringLiteral("tiff"), QStringLiteral("jpg"),
+                                   QStringLiteral("jpeg"), QStringLiteral("png"),  QStringLiteral("bmp"),
+                                   QStringLiteral("gif")};
+    return shown.contains(extension);
+}
+
+QString headerText(const QString& path, const QString& extension) {
+    if (!showsHeader(extension))
+        return {};
+    const PictureHeader header = readPictureHeader(path).value_or(PictureHeader{});
+    return QStringLiteral("%1 X %2 X %3").arg(header.width).arg(header.height).arg(header.bitsPerPixel);
+}
+
+void addThumbnail(RowContent& content, const QString& path, const CollectionSettings& settings) {
+    const std::optional<Thumbnail> thumbnail = loadThumbnail(path, settings.folderBox());
+    content.isPicture = thumbnail.has_value();
+    if (!thumbnail)
+        return;
+    content.resolution =
+        QStringLiteral("%1 x %2").arg(thumbnail->sourceSize.width).arg(thumbnail->sourceSize.height);
+    content.thumbnail = thumbnail->picture;
+}
+
+} // namespace
+
+QStringList folderHeaders() {
+    return {QStringLiteral("File Name"),     QStringLiteral("Resolution"),   QStringLiteral("Size"),
+            QStringLiteral("Pages"),         QStringLiteral("Type"),         QStringLiteral("Date Created"),
+            QStringLiteral("Date Modified"), QStringLiteral("Date Accessed")};
+}
+
+ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize) {
+    ListRow row;
+    row.text = name;
+    row.tag = joinedPath(folder, name);
+    row.iconKey = QStringLiteral("iDetailIcon");
+    info.setFilePath(row.tag);
+    const QString pages = mayHavePages(info.fFileExtention()) ? QString() : QStringLiteral("1");
+    row.subItems = {QString(),
+                    info.fSizeFormated(longFileSize ? 1 : 0),
+                    pages,
+                    info.fType(),
+                    info.fDateCreated(),
+                    info.fDateModified(),
+                    info.fDateAccessed()};
+    return row;
+}
+
+RowContent readRowContent(const QString& path, const CollectionSettings& settings) {
+    const QString extension = clsFileInfo::StripFileExtention(path).toLower();
+    RowContent content;
+    if (settings.folderView == 0)
+        addThumbnail(content, path, settings);
+    else
+        content.resolution = headerText(path, extension);
+    if (content.isPicture)
+        content.pages = QString::number(mayHavePages(extension) ? ImageBox::PageCount(path) : 1);
+    return content;
+}
+
+} // namespace tarsel

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/ListView.h"
+#include "collections/CollectionLists.h"
+#include "collections/clsFileInfo.h"
+
+#include <QStringList>
+
+namespace tarsel {
+
+/// Headers of the folder list: text and SubItems 1 to 7.
+QStringList folderHeaders();
+namespace FolderColumn {
+constexpr int Resolution = 1;
+constexpr int FileSize = 2;
+constexpr int Pages = 3;
+constexpr int Type = 4;
+constexpr int DateCreated = 5;
+constexpr int DateModified = 6;
+constexpr int DateAccessed = 7;
+} // namespace FolderColumn
+
+// A row of the folder list is made in two steps, which any thread may do: from what the file system says, and
+// from what the file holds.
+
+/// The row of a file, complete but for resolution, picture and the pages of documents. `info` is changed as
+/// by every listing: its size text follows the flag of the file before.
+ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize);
+
+/// What completes a row.
+struct RowContent {
+    bool isPicture = true; ///< false: in the thumbnail view such a file has no row
+    QString resolution;
+    QString pages;
+    Picture thumbnail;
+};
+RowContent readRowContent(const QString& path, const CollectionSettings& settings);
+
+} // namespace tarsel

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/Preview.h"
+
+#include "base/Desktop.h"
+#include "base/ErrorTrap.h"
+#include "collections/FolderRow.h"
+#include "collections/clsFileInfo.h"
+#include "metadata/modMetadata.h"
+#include "tasks/modProcessTasks.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace tarsel {
+
+namespace {
+
+bool isOneOf(const QString& extension, std::initializer_list<const char*> extensions) {
+    return std::any_of(extensions.begin(), extensions.end(),
+                       [&](const char* each) { return extension == QLatin1String(each); });
+}
+
+int rowOfPath(const ListView& list, const QString& path) {
+    for (int row = 0; row < list.count(); ++row)
+        if (list.row(row).tag == path)
+            return row;
+    return -1;
+}
+
+} // namespace
+
+Preview::Preview(Lists lists) :
+    m_lists(lists), m_worker([this](PreviewWorker::Result result) {
+        auto shared = std::make_shared<PreviewWorker::Result>(std::move(result));
+        QMetaObject::invokeMethod(
+            this, [this, shared] { apply(std::move(*shared)); }, Qt::QueuedConnection);
+    }) {
+    // Rows of a folder are completed in the background, perhaps after their picture is shown.
+    connect(&m_lists.lvFolder, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& first, const QModelIndex& last) {
+                if (first.row() == last.row() && m_lists.lvFolder.row(first.row()).tag == m_describedPath)
+                    showFactsPanels();
+            });
+}
+
+// --- requests
+
+void Preview::ShowRow(ListView& list, int row) {
+    if (row < 0 || row >= list.count())
+        return;
+    const QString path = list.row(row).tag;
+    const bool isWanted = m_pending
+                              ? m_pending->path == path || (m_pending->path.isEmpty() && path == m_shownPath)
+                              : path == m_shownPath && m_lists.ibMain.HasImage();
+    if (isWanted)
+        return;
+    TrappingString = QStringLiteral("Trying to read/view selected image file");
+    const int described = m_lists.lvFolder.selectedIndex();
+    m_nextDescribedPath = described < 0 ? QString() : m_lists.lvFolder.row(described).tag;
+    m_lists.ibMain.Clear();
+    m_lists.lvExif.clear();
+    m_lists.lvIPTC.clear();
+    request(path, OptimizedPreview);
+}
+
+void Preview::rebuild() {
+    show(OptimizedPreview);
+}
+
+void Preview::showTasks() {
+    show(true);
+}
+
+void Preview::show(bool withTasks) {
+    if (m_pending)
+        request(m_pending->path, withTasks);
+    else if (m_lists.ibMain.HasImage())
+        request({}, withTasks);
+}
+
+void Preview::request(const QString& path, bool withTasks) {
+    PreviewWorker::Request request{++m_lastNumber, path, m_original, m_lists.ibMain, {}};
+    request.box.Clear();
+    request.box.StretchToFit = true;
+    if (withTasks)
+        request.tasks = modProcessTasks::rowsToReplay(m_lists.tasks.lvEdit, m_lists.tasks.lvEditBatch,
+                                                      &m_lists.tasks.lvEditPreview, false);
+    if (!request.tasks.empty())
+        desktop().setBusyPointer(true);
+    m_pending = Pending{request.number, path};
+    m_worker.request(std::move(request));
+}
+
+void Preview::stop() {
+    m_worker.cancel();
+    m_pending.reset();
+}
+
+// --- results
+
+void Preview::apply(PreviewWorker::Result result) {
+    if (!m_pending || result.number != m_pending->number)
+        return;
+    m_pending.reset();
+    const bool loaded = result.box.HasImage();
+    std::optional<TrappedError> failure = std::move(result.failure);
+    const QString path = result.path;
+    if (loaded)
+        takePicture(result);
+    if (!failure)
+        desktop().setBusyPointer(false);
+    if (!path.isEmpty())
+        describe(path);
+    Q_EMIT pictureChanged();
+    if (failure) {
+        failure->description = m_shownPath + QStringLiteral(": ") + failure->description;
+        trap("subProcessPages", [&] { throw *failure; });
+    }
+}
+
+/// Settings that the tasks leave in the box stay there, from picture to picture. Metadata are those of the
+/// last load.
+void Preview::takePicture(PreviewWorker::Result& result) {
+    if (result.path.isEmpty())
+        result.box.metadata() = m_lists.ibMain.metadata();
+    else
+        m_shownPath = result.path;
+    m_original = std::move(result.original);
+    m_lists.ibMain = std::move(result.box);
+    m_lists.ibMain.Visible = true;
+    m_lists.ibMain.Tag = m_shownPath;
+}
+
+/// Fills panels and lists from the path that was asked for.
+void Preview::describe(const QString& path) {
+    if (m_lists.ibMain.HasImage()) {
+        m_describedPath = m_nextDescribedPath;
+        m_lists.sbMain.setPanel(QStringLiteral("filename"), clsFileInfo::StripFileFromPath(path));
+        showFactsPanels();
+    }
+    for (ListView* list : {&m_lists.lvFolder, &m_lists.lvPages})
+        completeResolution(*list, path);
+    listMetadata(path);
+    showMetadataPanel();
+}
+
+void Preview::completeResolution(ListView& list, const QString& path) const {
+    const int row = rowOfPath(list, path);
+    if (row < 0 || !m_lists.ibMain.HasImage())
+        return;
+    const QString known = list.subItem(row, FolderColumn::Resolution);
+    if (known.isEmpty() || known == QLatin1String("0 X 0 X 0"))
+        list.setSubItem(row, FolderColumn::Resolution,
+                        QStringLiteral("%1 X %2 X %3")
+                            .arg(m_original.width())
+                            .arg(m_original.height())
+                            .arg(m_original.bitsPerPixel()));
+}
+
+void Preview::listMetadata(const QString& path) {
+    const QString extension = clsFileInfo::StripFileExtention(path).toLower();
+    if (isOneOf(extension, {"tif", "tiff", "jpg", "jpeg", "jpe"})) {
+        modMetadata::ListExifAttributes(m_lists.ibMain, m_lists.lvExif, path);
+        modMetadata::ListIptcAttributes(m_lists.ibMain, m_lists.lvIPTC, path);
+        Q_EMIT metadataRead(MetadataTab::Exif);
+    } else if (extension == QLatin1String("psd")) {
+        modMetadata::ListIptcAttributes(m_lists.ibMain, m_lists.lvIPTC, path);
+        Q_EMIT metadataRead(MetadataTab::Iptc);
+    }
+}
+
+/// The list of IPTC fields has all its rows for every picture: the box knows whether there are data.
+void Preview::showMetadataPanel() {
+    QString found;
+    if (!m_lists.lvExif.isEmpty())
+        found += QStringLiteral("EXIF");
+    if (m_lists.ibMain.HasIptc())
+        found += QStringLiteral(" IPTC");
+    m_lists.sbMain.setPanel(QStringLiteral("metadata"), found.isEmpty()
+                                                            ? QStringLiteral("No metadata")
+                                                            : QStringLiteral("Metadata - ") + found);
+}
+
+void Preview::showFactsPanels() {
+    const ListView& folder = m_lists.lvFolder;
+    const int row = m_describedPath.isEmpty() ? -1 : rowOfPath(folder, m_describedPath);
+    if (row < 0)
+        return;
+    m_lists.sbMain.setPanel(QStringLiteral("pages"),
+                            folder.subItem(row, FolderColumn::Pages) + QStringLiteral(" page(s)"));
+    m_lists.sbMain.setPanel(QStringLiteral("resolution"), folder.subItem(row, FolderColumn::Resolution) +
+                                                              QStringLiteral("  ") +
+                                                              folder.subItem(row, FolderColumn::FileSize));
+}
+
+} // namespace tarsel

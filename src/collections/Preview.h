@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/ListView.h"
+#include "base/Progress.h"
+#include "collections/PreviewWorker.h"
+#include "imaging/ImageBox.h"
+#include "tasks/TaskList.h"
+
+#include <QObject>
+
+namespace tarsel {
+
+enum class MetadataTab { Exif = 0, Iptc = 1 };
+
+/// The one owner of the preview's box: loads the picture of a list's row into ibMain, applies the task basket
+/// to it, and fills the metadata lists and the status panels. Loading and tasks run in the background; of
+/// requests that follow each other the newest wins, and what comes back for another one is dropped.
+class Preview final : public QObject {
+    Q_OBJECT
+public:
+    struct Lists {
+        ListView& lvFolder; ///< two panels describe its selected row, whatever list the picture is from
+        ListView& lvPages;
+        ListView& lvExif;
+        ListView& lvIPTC;
+        TaskList& tasks;
+        ImageBox& ibMain;
+        StatusLine& sbMain;
+    };
+
+    explicit Preview(Lists lists);
+
+    bool OptimizedPreview = false; ///< pictures are shown with the tasks applied
+
+    /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
+    /// that can't be read leaves the box empty and the panels unchanged.
+    void ShowRow(ListView& list, int row);
+    /// Shows the picture again as OptimizedPreview says.
+    void rebuild();
+    /// Shows the picture with the tasks, up to the selected one, whatever OptimizedPreview says.
+    void showTasks();
+    /// Drops what is being loaded.
+    void stop();
+    bool isBusy() const { return m_pending.has_value(); }
+    /// Path of the picture shown last; empty before the first one.
+    const QString& shownPath() const { return m_shownPath; }
+
+Q_SIGNALS:
+    void pictureChanged();
+    void metadataRead(tarsel::MetadataTab tab);
+
+private:
+    struct Pending {
+        quint64 number;
+        QString path; ///< empty when the picture shown is made again
+    };
+
+    void show(bool withTasks);
+    void request(const QString& path, bool withTasks);
+    void apply(PreviewWorker::Result result);
+    void takePicture(PreviewWorker::Result& result);
+    void describe(const QString& path);
+    void completeResolution(ListView& list, const QString& path) const;
+    void listMetadata(const QString& path);
+    void showMetadataPanel();
+    void showFactsPanels();
+
+    Lists m_lists;
+    Picture m_original; ///< as loaded, without the tasks
+    QString m_shownPath;
+    QString m_describedPath; ///< of the row of lvFolder that two panels describe
+    QString m_nextDescribedPath;
+    quint64 m_lastNumber = 0;
+    std::optional<Pending> m_pending;
+    PreviewWorker m_worker;
+};
+
+} // namespace tarsel

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/PreviewWorker.h"
+
+#include "base/IgnoringErrors.h"
+#include "imaging/fncLoadPicture.h"
+#include "tasks/Replay.h"
+
+#include <QFileInfo>
+
+#include <new>
+#include <stop_token>
+#include <utility>
+
+namespace tarsel {
+
+namespace {
+
+constexpr int SnapshotFormat = 7;
+constexpr Color White = 0xFFFFFF;
+
+bool goesThroughTheBox(const QString& path) {
+    const QString extension = QFileInfo(path).suffix().toLower();
+    return extension == QLatin1String("tiff") || extension == QLatin1String("tif") ||
+           extension == QLatin1String("jpg") || extension == QLatin1String("jpeg");
+}
+
+/// The batch lays pictures on white too, so that both run the tasks on the same pixels.
+void layOnWhite(ImageBox& box) {
+    const Picture& picture = box.picture();
+    if (picture.isNull() || !picture.hasAlpha())
+        return;
+    const Size size{picture.width(), picture.height()};
+    box.LoadFromMemory(ScalePicture(picture, LoadMode::ExactBox, size, White), SnapshotFormat);
+}
+
+/// Formats that carry metadata go through the box, all others through the picture loader. An unreadable file
+/// is not an error here: the box stays empty.
+void load(ImageBox& box, const QString& path, const std::stop_token& stop) {
+    ignoringErrors([&] {
+        if (goesThroughTheBox(path)) {
+            box.PageNumber = 1;
+            box.LoadFromFile(path, stop);
+        } else if (const auto picture =
+                       fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, White, nullptr, stop)) {
+            box.setPictureHandle(*picture);
+        }
+        layOnWhite(box);
+    });
+}
+
+PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_token& stop) {
+    PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}};
+    if (request.path.isEmpty())
+        result.box.LoadFromMemory(request.original, SnapshotFormat);
+    else
+        load(result.box, request.path, stop);
+    if (!result.box.HasImage() || stop.stop_requested())
+        return result;
+    result.original = result.box.SaveToMemory(SnapshotFormat);
+    try {
+        replayRows(result.box, request.tasks, stop);
+    } catch (const TrappedError& error) {
+        result.failure = error;
+    } catch (const std::bad_alloc&) {
+        result.failure = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)};
+    }
+    return result;
+}
+
+} // namespace
+
+PreviewWorker::PreviewWorker(std::function<void(Result)> deliver) :
+    m_deliver(std::move(deliver)), m_thread([this] { run(); }) {}
+
+PreviewWorker::~PreviewWorker() {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ending = true;
+        m_waiting.reset();
+        m_current.request_stop();
+    }
+    m_changed.notify_one();
+    m_thread.join();
+}
+
+void PreviewWorker::request(Request request) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_current.request_stop();
+        m_waiting = std::move(request);
+    }
+    m_changed.notify_one();
+}
+
+void PreviewWorker::cancel() {
+    const std::lock_guard lock(m_mutex);
+    m_current.request_stop();
+    m_waiting.reset();
+}
+
+/// Waits for work; nothing at the end.
+std::optional<PreviewWorker::Request> PreviewWorker::next() {
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_ending || m_waiting; });
+    if (m_ending)
+        return std::nullopt;
+    m_current = std::stop_source();
+    return std::exchange(m_waiting, std::nullopt);
+}
+
+void PreviewWorker::run() {
+    while (std::optional<Request> request = next()) {
+        const std::stop_token stop = m_current.get_token();
+        Result result = resultOf(*std::exchange(request, std::nullopt), stop);
+        if (!stop.stop_requested())
+            m_deliver(std::move(result));
+    }
+}
+
+} // namespace tarsel

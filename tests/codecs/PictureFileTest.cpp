@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/PictureFile.h"
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "tests/support/CodecTestFiles.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/TestPictures.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace tarsel {
+namespace {
+
+class PictureFiles : public testing::Test {
+protected:
+    /// A sparse file that starts with `bytes`: more of it than may be read at once.
+    QString hugeFile(const char* name, const QByteArray& bytes) const {
+        const QString path = m_folder.filePath(QString::fromLatin1(name));
+        writeFileSafely(path, bytes);
+        EXPECT_TRUE(QFile::resize(path, qint64(5) << 30));
+        return path;
+    }
+
+    static QByteArray encoded(const char* extension) {
+        return codecForExtension(QLatin1String(extension))
+            ->encode(test::noisePicture(31, 17, 3), {}, test::everyKindOfMetadata());
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(PictureFiles, aHugeFileIsReadOnlyWhereItsPictureIs) {
+    for (const char* extension : {"tif", "png", "bmp"}) {
+        SCOPED_TRACE(extension);
+        const PictureFile file(hugeFile(extension, encoded(extension)));
+        EXPECT_EQ(file.header().width, 31);
+        EXPECT_EQ(file.pageCount(), 1);
+        EXPECT_EQ(file.metadata().xmp.isEmpty(), QLatin1String(extension) == QLatin1String("bmp"));
+        EXPECT_TRUE(file.decode().picture == test::noisePicture(31, 17, 3));
+    }
+}
+
+TEST_F(PictureFiles, aHugeFileOfAFormatThatIsReadAtOnceIsRefusedByItsSize) {
+    const PictureFile file(hugeFile("huge.jpg", encoded("jpg")));
+    EXPECT_EQ(file.header().width, 31);
+    EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
+}
+
+TEST_F(PictureFiles, aHugeFileThatIsNotAPictureIsRefusedByItsStart) {
+    const PictureFile file(hugeFile("huge.tif", QByteArray(10, 0)));
+    EXPECT_EQ(file.codec(), nullptr);
+    EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
+}
+
+TEST_F(PictureFiles, aFileThatShrinksWhileItIsOpenIsDamagedAndNoCrash) {
+    const QString path = m_folder.filePath(QStringLiteral("shrinking.tif"));
+    writeFileSafely(path, encoded("tif"));
+    const PictureFile file(path);
+    EXPECT_EQ(file.header().height, 17);
+    ASSERT_TRUE(QFile::resize(path, 100));
+    EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
+}
+
+TEST_F(PictureFiles, aPhonePictureOfEitherExtensionOpens) {
+    const QByteArray bytes("\0\0\x08\x01\xAA", 5);
+    for (const char* name : {"a.wbmp", "a.wbm", "A.WBM"})
+        EXPECT_EQ(PictureFile(bytes, QLatin1String(name)).decode().picture.width(), 8) << name;
+    EXPECT_EQ(PictureFile(bytes, QStringLiteral("a.txt")).codec(), nullptr);
+}
+
+} // namespace
+} // namespace tarsel

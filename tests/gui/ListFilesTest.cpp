@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "collections/Basket.h"
+#include "collections/BasketActions.h"
+#include "tasks/TaskBasketActions.h"
+#include "tasks/TaskList.h"
+#include "tests/support/TestDesktop.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace tarsel::test {
+
+namespace {
+
+/// The dialogs that save and open the lists of pictures and tasks.
+class ListFiles : public testing::Test {
+public:
+    ListFiles() {
+        ListRow row;
+        row.text = QStringLiteral("a");
+        row.subItems = QStringList(5, QStringLiteral("/x/a.jpg"));
+        lvPages.add(row);
+        tasks.appendAsRead({QStringLiteral("1"), QStringLiteral("flip"), {}}, QStringLiteral("flip"));
+    }
+
+    QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
+    void saveBasket() { basketActions::cmdPagesSave(lvPages); }
+    void saveTasks() { taskBasketActions::cmdEditBar(2, tasks); }
+
+    QTemporaryDir folder;
+    TestDesktop desktop;
+    ListView lvPages{basketHeaders()};
+    TaskList tasks;
+};
+
+} // namespace
+
+TEST_F(ListFiles, AListThatTheAppendedExtensionLeadsToIsReplacedOnlyAfterAQuestion) {
+    const struct {
+        void (ListFiles::*save)();
+        int filter;
+        const char* typed;
+        const char* existing;
+        bool asks;
+    } cases[] = {
+        {&ListFiles::saveBasket, 1, "mine", "mine.ibf", true},
+        {&ListFiles::saveBasket, 2, "my.list", "my.list.ibf", true},
+        {&ListFiles::saveBasket, 2, "asked.ibf", "asked.ibf", false}, // the file dialog has asked
+        {&ListFiles::saveBasket, 3, "bare", "bare.ibd", false},       // nothing is appended
+        {&ListFiles::saveTasks, 1, "web", "web.tbf", true},
+        {&ListFiles::saveTasks, 1, "asked.TBF", "asked.TBF", false},
+    };
+    for (const auto& c : cases) {
+        desktop.messages.clear();
+        desktop.fileDialogs.clear();
+        writeFileSafely(path(c.existing), "old");
+        desktop.fileChoices = {FileDialogChoice{path(c.typed), c.filter}};
+        if (c.asks)
+            desktop.fileChoices.push_back(std::nullopt); // No opens the dialog again
+        (this->*c.save)();
+        EXPECT_EQ(desktop.messages.size(), c.asks ? 1u : 0u) << c.typed;
+        EXPECT_TRUE(desktop.fileChoices.empty()) << c.typed;
+        if (!c.asks)
+            continue;
+        EXPECT_EQ(readWholeFile(path(c.existing)), QByteArray("old"));
+        EXPECT_EQ(desktop.fileDialogs.back().initialPath, path(c.typed));
+        desktop.fileChoices = {FileDialogChoice{path(c.typed), c.filter}};
+        desktop.answers = {MessageAnswer::Yes};
+        (this->*c.save)();
+        EXPECT_NE(readWholeFile(path(c.existing)), QByteArray("old")) << c.typed;
+    }
+}
+
+TEST_F(ListFiles, ABasketThatCannotBeOpenedOrWrittenIsReportedByOneMessageWithTheReason) {
+    QDir().mkpath(path("folder.ibf"));
+    desktop.fileChoices = {FileDialogChoice{path("folder.ibf"), 1}};
+    saveBasket();
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_TRUE(
+        desktop.messages[0].text.startsWith(QLatin1String("Error saving image list!\nPlease try again!\n")));
+    EXPECT_TRUE(desktop.messages[0].text.endsWith(QLatin1String("folder.ibf: Is a directory")));
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
+} // namespace tarsel::test

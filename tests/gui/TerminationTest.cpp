@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace tarsel::test {
+
+namespace {
+
+class Termination : public testing::TestWithParam<int> {
+protected:
+    QString path(const char* name) const {
+        return home.filePath(QStringLiteral("tarsel-jpeg/") + QLatin1String(name));
+    }
+
+    void startProgram() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), home.path());
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program.start(QStringLiteral(TARSEL_MAIN_PROGRAM), QStringList());
+        ASSERT_TRUE(program.waitForStarted());
+    }
+
+    bool hasRecord() const { return QFileInfo(path("tarsel-jpeg")).size() > 1000; }
+
+    ~Termination() override {
+        if (program.state() != QProcess::NotRunning)
+            program.kill();
+        program.waitForFinished();
+    }
+
+    QTemporaryDir home;
+    QProcess program;
+};
+
+} // namespace
+
+/// The built program, from its first start to a signal.
+TEST_P(Termination, ASignalRunsTheNormalEnd) {
+    startProgram();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasRecord(); }, 60'000)) << "the first start writes the record";
+    QDir().mkpath(path("Temp"));
+    for (const char* name : {"Temp/scan1_4711.tif", "Temp/leftover", "tarsel-jpeg"})
+        writeFileSafely(path(name), {});
+    ASSERT_TRUE(QFileInfo::exists(path(".lock")));
+    ASSERT_EQ(::kill(pid_t(program.processId()), GetParam()), 0);
+    ASSERT_TRUE(program.waitForFinished(60'000));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_TRUE(hasRecord()) << "settings are stored";
+    EXPECT_FALSE(QFileInfo::exists(path(".lock")));
+    EXPECT_FALSE(QFileInfo::exists(path("Temp/leftover")));
+    EXPECT_TRUE(QFileInfo::exists(path("Temp/scan1_4711.tif")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, Termination, testing::Values(SIGTERM, SIGHUP, SIGINT));
+
+} // namespace tarsel::test
