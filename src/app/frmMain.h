@@ -42,7 +42,8 @@ public:
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
-    /// False when another instance runs: the user was informed, nothing was touched, and the program is to end.
+    /// False when another instance runs: the user was informed, nothing was touched, and the program is to
+    /// end.
     bool Form_Load();
 
     Workspace& workspace() { return m_workspace; }
