@@ -24,6 +24,12 @@ target_compile_options(tarsel_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
     -Werror)
 target_compile_definitions(tarsel_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
     QT_NO_KEYWORDS TARSEL_VERSION="${PROJECT_VERSION}")
+if(TARSEL_HARDEN AND NOT TARSEL_SANITIZE)
+    # tests/house/check-hardening looks for each of them in the programs.
+    add_compile_options(-fstack-protector-strong -fPIE "$<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=3>")
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+    add_link_options(-pie -Wl,-z,relro,-z,now)
+endif()
 if(TARSEL_SANITIZE)
     add_compile_options(-fsanitize=${TARSEL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${TARSEL_SANITIZE})
@@ -52,7 +58,7 @@ function(tarsel_tests name)
     add_executable(${name}_tests ${ARG_SOURCES})
     target_link_libraries(${name}_tests PRIVATE ${ARG_USES} tarsel_flags)
     target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR})
-    target_precompile_headers(${name}_tests PRIVATE <gtest/gtest.h> <QString>)
+    target_precompile_headers(${name}_tests REUSE_FROM tarsel_test_support)
     gtest_discover_tests(${name}_tests TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES
         PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()

@@ -38,7 +38,7 @@ std::optional<QByteArray> linkTarget(const QByteArray& path) {
     return target.startsWith('/') ? target : folderOf(path) + '/' + target;
 }
 
-/// The path behind all symbolic links of its last part. It need not exist.
+/// The path after all symbolic links of its last part. It need not exist.
 QByteArray followLinks(QByteArray path, const QString& shown) {
     constexpr int longestChain = 40; // as the kernel has it
     for (int i = 0; i < longestChain; ++i) {

@@ -11,7 +11,7 @@ namespace tarsel {
 
 /// The one writer of a user's file. The bytes go to a temporary file in the folder of the target, are flushed
 /// and synced, and take the target's place by a rename: a failure or a kill at any moment leaves the old file
-/// whole. Symbolic links are followed (a dangling one gets its target made); mode, group, owner and the
+/// intact. Symbolic links are followed (a dangling one gets its target made); mode, group, owner and the
 /// user's extended attributes of an existing file are kept as far as the system lets this user keep them; a
 /// hard link to it keeps the old content. A new file gets 0666 less the umask.
 ///

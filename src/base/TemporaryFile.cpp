@@ -142,7 +142,7 @@ void TemporaryFile::putInPlace(const QByteArray& name, bool replaces) {
             throw errno;
         m_name.clear();
     }
-    // The old or the new file is whole either way; this makes sure that it is the new one after a power cut.
+    // Either way one complete file is there; this makes sure that it is the new one after a power cut.
     (void)::fsync(m_directory);
 }
 

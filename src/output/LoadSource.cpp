@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/LoadSource.h"
 
+#include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
 #include "codecs/DecoderLost.h"
 #include "collections/clsFileInfo.h"
@@ -26,6 +27,7 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;
+        logIgnored(error.description);
         return false;
     }
 }

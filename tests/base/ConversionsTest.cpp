@@ -88,7 +88,7 @@ TEST(Conversions, NumbersAreFormattedAwayFromZeroAtTies) {
                  {2.5, "0", "3"},
                  {-2.5, "0", "-3"},
                  {0.125, "0.00", "0.13"},
-                 {2.675, "0.00", "2.68"}, // as written, although the nearest double lies below
+                 {2.675, "0.00", "2.68"}, // as written, although the nearest double is below
                  {9.995, "0.00", "10.00"},
                  {0.004, "0.00", "0.00"},
                  {-0.004, "0.00", "0.00"},

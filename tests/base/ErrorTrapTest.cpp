@@ -2,9 +2,9 @@
 #include "base/ErrorTrap.h"
 #include "tests/support/TestDesktop.h"
 
-#include <gtest/gtest.h>
-
+#include <QLoggingCategory>
 #include <cerrno>
+#include <gtest/gtest.h>
 #include <stdexcept>
 #include <thread>
 
@@ -38,6 +38,24 @@ TEST(ErrorTrap, ErrorsOfLibrariesAndOfMemoryDoNotEscape) {
     EXPECT_EQ(desktop.reports[1].ErrSystem, QStringLiteral("5 - odd"));
     for (const ErrorReport& report : desktop.reports)
         EXPECT_EQ(report.ErrLine, 0) << "a line of the trap itself would mislead";
+}
+
+TEST(ErrorTrap, IgnoredErrorsAreLoggedInTheCategoryOfTheirLibrary) {
+    static QStringList logged;
+    const auto ignored = [] {
+#line 1 "src/codecs/Reader.cpp"
+        ignoringErrors([] { fail(ErrorNumber::FileNotFound, QStringLiteral("/a.jpg")); });
+#line 49 "tests/base/ErrorTrapTest.cpp"
+    };
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString& text) {
+        logged << QString::fromLatin1(context.category) + QStringLiteral(": ") + text;
+    });
+    ignored(); // off by default
+    QLoggingCategory::setFilterRules(QStringLiteral("tarsel.codecs.debug=true"));
+    ignored();
+    QLoggingCategory::setFilterRules({});
+    qInstallMessageHandler(nullptr);
+    EXPECT_EQ(logged.join(QLatin1Char('|')).toStdString(), "tarsel.codecs: ignored: File not found: /a.jpg");
 }
 
 TEST(ErrorTrap, BelongsToTheMainThread) {

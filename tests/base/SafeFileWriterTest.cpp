@@ -3,6 +3,7 @@
 #include "base/TrappedError.h"
 #include "base/clsFile.h"
 #include "tests/support/ErrorNumberOf.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ForkedChild.h"
 
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
@@ -22,6 +22,7 @@
 
 using namespace tarsel;
 using test::errorNumberOf;
+using test::FileSizeLimit;
 
 namespace {
 
@@ -45,23 +46,6 @@ protected:
         return QDir(folder.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
-};
-
-/// Bounds the size of files as long as it lives: a disk that is full after so many bytes, for any user.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        reportFileSizeLimitAsError();
-        ::getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limited = {bytes, m_old.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_old); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit m_old = {};
 };
 
 std::string messageOf(const std::function<void()>& step) {
@@ -216,6 +200,7 @@ TEST_F(SafeWriter, WithoutPermissionNothingChanges) {
 
 TEST_F(SafeWriter, ADiskThatFillsUpLeavesTheOldFileAndNoDebris) {
     writeFileSafely(in("a.jpg"), "old");
+    reportFileSizeLimitAsError();
     {
         const FileSizeLimit limit(1000);
         SafeFileWriter writer(in("a.jpg"));
@@ -247,6 +232,7 @@ TEST_F(SafeWriter, AListFileThatFindsTheDiskFullAtItsCloseLeavesTheOldOne) {
     clsFile file;
     ASSERT_TRUE(file.OpenForWrite(in("a.ibf")));
     file.writeline(QString(5000, QLatin1Char('x')));
+    reportFileSizeLimitAsError();
     {
         const FileSizeLimit limit(1000);
         EXPECT_EQ(errorNumberOf([&] { file.closefile(); }), ErrorNumber::DiskFull);

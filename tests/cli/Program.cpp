@@ -32,7 +32,8 @@ QList<QJsonObject> ProgramRun::objects() const {
 
 namespace {
 
-ProgramRun runProcess(const QString& executable, const QStringList& arguments, const QString& folder) {
+ProgramRun runProcess(const QString& executable, const QStringList& arguments, const QString& folder,
+                      const std::function<void()>& beforeStart = {}) {
     QProcess process;
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
@@ -41,6 +42,7 @@ ProgramRun runProcess(const QString& executable, const QStringList& arguments, c
     environment.insert(QStringLiteral("TMPDIR"), temporary.path());
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
+    process.setChildProcessModifier(beforeStart);
     process.start(executable, arguments);
     process.closeWriteChannel();
     EXPECT_TRUE(process.waitForFinished(100'000)) << "the program hangs";
@@ -51,15 +53,16 @@ ProgramRun runProcess(const QString& executable, const QStringList& arguments, c
 
 } // namespace
 
-ProgramRun runProgram(const QStringList& arguments, const QString& folder) {
-    return runProcess(program(), arguments, folder);
+ProgramRun runProgram(const QStringList& arguments, const QString& folder,
+                      const std::function<void()>& beforeStart) {
+    return runProcess(program(), arguments, folder, beforeStart);
 }
 
 ProgramRun runShell(const char* line, const QString& folder) {
     return runProcess(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QString::fromUtf8(line)}, folder);
 }
 
-pid_t startProgram(const QStringList& arguments, const QString& folder) {
+pid_t startProgram(const QStringList& arguments, const QString& folder, int output) {
     QList<QByteArray> words{program().toLocal8Bit()};
     for (const QString& argument : arguments)
         words << argument.toLocal8Bit();
@@ -71,9 +74,9 @@ pid_t startProgram(const QStringList& arguments, const QString& folder) {
     const QByteArray outputFile = place + "/output";
     const pid_t child = ::fork();
     if (child == 0) {
-        const int output = ::open(outputFile.constData(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-        ::dup2(output, STDOUT_FILENO);
-        ::dup2(output, STDERR_FILENO);
+        const int file = ::open(outputFile.constData(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+        ::dup2(output < 0 ? file : output, STDOUT_FILENO);
+        ::dup2(file, STDERR_FILENO);
         if (::chdir(place.constData()) == 0)
             ::execv(pointers[0], pointers.data());
         ::_exit(127);

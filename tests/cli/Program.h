@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <functional>
 #include <sys/types.h>
 
 namespace tarsel::test {
@@ -22,15 +23,18 @@ struct ProgramRun {
     objects() const; ///< one for each line of the output; a line that is none gives an empty one
 };
 
-/// Runs the real program in a folder, without a display and with next to nothing of the environment.
-ProgramRun runProgram(const QStringList& arguments, const QString& folder);
+/// Runs the real program in a folder, without a display and with nothing of the environment but PATH.
+ProgramRun runProgram(const QStringList& arguments, const QString& folder,
+                      const std::function<void()>& beforeStart = {}); ///< runs in the new process
 
 /// Runs a line of the shell in a folder, where "$TARSEL" is the program: for arguments that are not UTF-8, or
 /// a folder that goes away.
 ProgramRun runShell(const char* line, const QString& folder);
 
-/// Starts it and gives its process id; its output goes to the file "output" in the folder.
-pid_t startProgram(const QStringList& arguments, const QString& folder);
+/// Starts it and returns its process id. Results and messages go to the file "output" in the folder, results
+/// to the descriptor `output` when there is one.
+pid_t startProgram(const QStringList& arguments, const QString& folder, int output = -1);
+
 /// Waits for its end: exit status, or minus the signal's number.
 int endOf(pid_t process);
 
@@ -44,7 +48,9 @@ public:
     QString path(const QString& name = {}) const { return m_folder.filePath(name); }
     /// Names of all files, hidden ones too, in their order, blanks between them.
     std::string files(const QString& subFolder = {}) const;
-    ProgramRun run(const QStringList& arguments) const { return runProgram(arguments, m_folder.path()); }
+    ProgramRun run(const QStringList& arguments, const std::function<void()>& beforeStart = {}) const {
+        return runProgram(arguments, m_folder.path(), beforeStart);
+    }
 
 private:
     QTemporaryDir m_folder;

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <optional>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 
@@ -68,6 +69,22 @@ TEST(DecoderProcess, DecodesAndStaysForTheNextFileAlsoAfterNonsense) {
         EXPECT_EQ(outcomeOf(process, nonsense).number, ErrorNumber::UnreadableFile);
     decodeRow(process);
     EXPECT_EQ(process.processId(), child);
+}
+
+TEST(DecoderProcess, TheChildRunsWithinLimitsOfMemoryTimeAndDescriptors) {
+    DecoderProcess process;
+    decodeRow(process);
+    const auto limitOf = [&](decltype(RLIMIT_AS) resource) {
+        rlimit found = {};
+        EXPECT_EQ(::prlimit(process.processId(), resource, nullptr, &found), 0);
+        return found.rlim_cur;
+    };
+    EXPECT_EQ(limitOf(RLIMIT_CORE), 0u);
+    EXPECT_LE(limitOf(RLIMIT_NOFILE), 64u);
+    EXPECT_LE(limitOf(RLIMIT_CPU), 60u);
+#if !defined __SANITIZE_ADDRESS__ && !defined __SANITIZE_THREAD__ // they reserve more
+    EXPECT_LE(limitOf(RLIMIT_AS), rlim_t(4) << 30);
+#endif
 }
 
 TEST_F(Misbehaving, ABadAnswerFailsItsFileAloneAndLeavesNoProcess) {

@@ -4,8 +4,8 @@
 
 #include "base/ErrorTrap.h"
 #include "codecs/Codec.h"
+#include "tests/fuzz/Fuzzers.h"
 
-#include <cstddef>
 #include <cstdint>
 
 using namespace tarsel;
@@ -19,12 +19,11 @@ bool isDecodedElsewhere(const Codec& codec) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QByteArray bytes(reinterpret_cast<const char*>(data), qsizetype(size));
+void fuzz::readPicture(const QByteArray& bytes) {
     const QString name = QStringLiteral("fuzzed.wbmp"); // lets the format without a signature take part
     const Codec* codec = codecForContent(bytes, name);
     if (!codec)
-        return 0;
+        return;
     PictureHeader header;
     ignoringErrors([&] { header = codec->header(bytes, name); });
     if (codec->metadata)
@@ -32,5 +31,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isSmall = std::int64_t(header.width) * header.height < 1'000'000; // speed is not the question
     if (isSmall && !isDecodedElsewhere(*codec))
         ignoringErrors([&] { codec->decode(bytes, name, 1); });
-    return 0;
 }

@@ -2,26 +2,21 @@
 #include "base/QuotedRecordReader.h"
 #include "base/TrappedError.h"
 #include "configuration/RecordImage.h"
-
-#include <cstdint>
-#include <cstdlib>
+#include "tests/fuzz/Fuzzers.h"
 
 using namespace tarsel;
+using fuzz::require;
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 /// Any bytes are some record, and one that was read is stored and read without a change.
 void tryConfiguration(const QByteArray& bytes) {
     try {
         const QByteArray image = recordImage(recordFromImage(bytes));
-        require(recordImage(recordFromImage(image)) == image);
+        require(recordImage(recordFromImage(image)) == image,
+                "a record that was read is stored without a change");
     } catch (const TrappedError& error) {
-        require(error.number == ErrorNumber::Overflow); // a text that grew beyond its count
+        require(error.number == ErrorNumber::Overflow, "only a text that grew beyond its count is refused");
     }
 }
 
@@ -30,19 +25,16 @@ void tryQuotedRecords(const QByteArray& bytes) {
     qsizetype fields = 0, length = 0;
     for (QuotedRecordReader reader(bytes, {}); !reader.atEnd(); ++fields)
         length += reader.field().size();
-    require(fields <= bytes.size() && length <= bytes.size());
+    require(fields <= bytes.size() && length <= bytes.size(), "fields hold no more than the bytes");
     qsizetype lines = 0;
     for (QuotedRecordReader reader(bytes, {}); !reader.atEnd(); ++lines)
-        require(!reader.line().contains(QLatin1Char('\n')));
-    require(lines <= bytes.size());
+        require(!reader.line().contains(QLatin1Char('\n')), "a line is one line");
+    require(lines <= bytes.size(), "there are no more lines than bytes");
 }
 
 } // namespace
 
-/// Each input goes through the reader of the settings and that of basket and task files.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QByteArray bytes(reinterpret_cast<const char*>(data), qsizetype(size));
+void fuzz::readConfiguration(const QByteArray& bytes) {
     tryConfiguration(bytes);
     tryQuotedRecords(bytes);
-    return 0;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BasketActions.h"
-#include "app/TaskBasketActions.h"
 #include "base/SafeFileWriter.h"
 #include "collections/Basket.h"
+#include "collections/BasketActions.h"
+#include "tasks/TaskBasketActions.h"
 #include "tasks/TaskList.h"
 #include "tests/support/TestDesktop.h"
 

@@ -1,97 +1,191 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/house/HouseRules.h"
-
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
-
-using namespace tarsel::test;
 
 namespace {
 
-const QString table = QStringLiteral("| folder | level | may use | what lives there |\n"
-                                     "|---|---|---|---|\n"
-                                     "| base | 0 | | ground |\n"
-                                     "| logic | 1 | base | thoughts |\n"
-                                     "| logic/forms | 1 | base logic, Qt Widgets | windows |\n"
-                                     "| aside | - | base logic | a program |\n");
+const QString sources = QStringLiteral(TARSEL_ROOT "/src");
+const QStringList sourcePatterns = {QStringLiteral("*.h"), QStringLiteral("*.cpp"), QStringLiteral("*.def")};
 
-/// A small source tree whose files a test writes.
-class HouseChecker : public testing::Test {
-protected:
-    QTemporaryDir folder;
-    HouseRules rules{table, {QStringLiteral("QLabel")}};
-
-    void write(const char* name, const char* text) {
-        const QString path = folder.filePath(QString::fromUtf8(name));
-        ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-
-    QString faults() const { return rules.faultsOfTree(folder.path()).join(QLatin1Char('\n')); }
+/// Headers of the libraries that only some folders may include.
+const struct {
+    const char* library;
+    QRegularExpression headers;
+} libraries[] = {
+    {"libjpeg", QRegularExpression(QStringLiteral("^(jpeglib|jerror|jmorecfg|turbojpeg)\\.h$"))},
+    {"libpng", QRegularExpression(QStringLiteral("^png"))},
+    {"libtiff", QRegularExpression(QStringLiteral("^tiff"))},
+    {"lcms2", QRegularExpression(QStringLiteral("^lcms2"))},
+    {"Exiv2", QRegularExpression(QStringLiteral("^exiv2/"))},
+    {"FreeImage", QRegularExpression(QStringLiteral("^FreeImage"))},
 };
 
-QString listed(const QStringList& faults) {
-    return faults.join(QLatin1Char('\n'));
+constexpr int programLevel = 1000; ///< "-" in the table: above all libraries
+
+/// One row of the table of levels, with what the sources of its folder use.
+struct Row {
+    int level = 0;
+    QSet<QString> mayUse;
+    QSet<QString> used;
+    QSet<QString> listing; ///< files that include from the folder's own subfolder
+};
+
+QStringList linesOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
 }
 
-HouseRules ownRules() {
-    QFile readme(QStringLiteral(TARSEL_SOURCES "/README.md"));
-    EXPECT_TRUE(readme.open(QIODevice::ReadOnly));
-    const QStringList headers = QDir(QStringLiteral(TARSEL_WIDGET_HEADERS)).entryList(QDir::Files);
-    return HouseRules(QString::fromUtf8(readme.readAll()), {headers.begin(), headers.end()});
+QStringList filesBelow(const QString& folder, const QStringList& patterns) {
+    QStringList files;
+    for (QDirIterator it(folder, patterns, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
+        files << it.next();
+    return files;
 }
+
+int levelOf(const QString& cell) {
+    return cell == QLatin1String("-") ? programLevel : cell.toInt();
+}
+
+/// "base pixels, Qt Gui, libjpeg": folders parted by blanks, then libraries parted by commas.
+QSet<QString> permissions(const QString& cell) {
+    const QStringList parts = cell.split(QLatin1Char(','));
+    const QStringList folders = parts[0].split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QSet<QString> all(folders.begin(), folders.end());
+    for (const QString& library : parts.mid(1))
+        all << library.trimmed();
+    return all;
+}
+
+/// The table of src/README.md against the sources. Each fault is a line with file and fact.
+class House : public testing::Test {
+protected:
+    House() {
+        for (const QString& line : linesOf(sources + QStringLiteral("/README.md"))) {
+            const QStringList cells = line.split(QLatin1Char('|'));
+            if (cells.size() >= 5 && !line.startsWith(QLatin1String("|---")) &&
+                cells[1].trimmed() != QLatin1String("folder"))
+                rows[cells[1].trimmed()] = {levelOf(cells[2].trimmed()), permissions(cells[3]), {}, {}};
+        }
+        EXPECT_GE(rows.size(), 10);
+    }
+    ~House() override {
+        if (!faults.isEmpty())
+            ADD_FAILURE() << faults.join(QLatin1Char('\n')).toStdString();
+    }
+
+    void report(const QString& where, const QString& fact) { faults << where + QStringLiteral(": ") + fact; }
+
+    void use(const QString& file, const QString& folder, const QString& used) {
+        Row& row = rows[folder];
+        row.used << used;
+        if (used.startsWith(folder + QLatin1Char('/')) && !row.mayUse.contains(used))
+            row.listing << QFileInfo(file).completeBaseName();
+        else if (used != folder && !row.mayUse.contains(used))
+            report(file, folder + QStringLiteral(" may not use ") + used);
+    }
+
+    /// The restricted library that a system header belongs to, or nothing.
+    QString libraryOf(const QString& header) const {
+        for (const auto& [library, headers] : libraries) {
+            if (headers.match(header).hasMatch())
+                return QString::fromLatin1(library);
+        }
+        for (const char* module : {"Widgets", "Gui"}) {
+            const QString folder = QStringLiteral(TARSEL_QT_HEADERS "/Qt") + QString::fromLatin1(module);
+            const QString name = header.section(QLatin1Char('/'), -1);
+            if (header.startsWith(QLatin1Char('Q')) && QFile::exists(folder + QLatin1Char('/') + name))
+                return QStringLiteral("Qt ") + QString::fromLatin1(module);
+        }
+        return {};
+    }
+
+    void checkInclude(const QString& file, const QString& folder, const QString& line) {
+        static const QRegularExpression include(
+            QStringLiteral("^\\s*#\\s*include\\s*(?:\"([^\"]+)\"|<([^>]+)>)"));
+        const auto match = include.match(line);
+        const QString own = QFileInfo(match.captured(1)).path();
+        if (match.hasCaptured(1) && !match.captured(1).isEmpty())
+            rows.contains(own)
+                ? use(file, folder, own)
+                : report(file, match.captured(1) + QStringLiteral(" is in no folder of the table"));
+        const QString library = libraryOf(match.captured(2));
+        const bool included =
+            library == QLatin1String("Qt Gui") && rows[folder].mayUse.contains(QStringLiteral("Qt Widgets"));
+        if (!library.isEmpty() && !included)
+            use(file, folder, library);
+    }
+
+    /// What a library links must be allowed for its folder or for one of the subfolders that it contains.
+    void checkLinks(const QString& file, const QString& folder, const QString& line) {
+        static const QRegularExpression linked(QStringLiteral("\\btarsel_(\\w+)"));
+        static const QSet<QString> others = {QStringLiteral("library"), QStringLiteral("flags")};
+        for (auto it = linked.globalMatch(line.section(QLatin1Char('#'), 0, 0)); it.hasNext();) {
+            const QString name = it.next().captured(1);
+            const QString used = QString(name).replace(QLatin1Char('_'), QLatin1Char('/'));
+            bool allowed = used == folder || others.contains(name);
+            for (auto row = rows.begin(); row != rows.end() && !allowed; ++row)
+                allowed = (row.key() + QLatin1Char('/')).startsWith(folder + QLatin1Char('/')) &&
+                          row->mayUse.contains(used);
+            if (rows[folder].level == programLevel) // a program may link for sources of other folders
+                rows[folder].used << used;
+            if (!allowed)
+                report(file, folder + QStringLiteral(" may not link ") + used);
+        }
+    }
+
+    QMap<QString, Row> rows;
+    QStringList faults;
+};
 
 } // namespace
 
-TEST_F(HouseChecker, WhatTheTableAllowsIsNoFault) {
-    write("base/A.h", "#include <QString>\n#include \"base/B.h\"\n");
-    write("logic/deep/C.cpp", "#include \"base/A.h\"\n#include \"logic/C.h\"\n");
-    write("logic/forms/D.cpp", "#include \"logic/C.h\"\n#include <QLabel>\n");
-    write("logic/forms/CMakeLists.txt", "tarsel_library(logic_forms USES tarsel_logic Qt6::Widgets)");
-    write("aside/main.cpp", "#include \"logic/C.h\"\n");
-    write("CMakeLists.txt", "add_subdirectory(base)");
-    EXPECT_EQ(faults(), QString());
+TEST_F(House, ItsTableLooksDownwardOnly) {
+    for (auto row = rows.begin(); row != rows.end(); ++row)
+        for (const QString& used : row->mayUse) {
+            const bool isFolder =
+                used[0].isLower() && !used.startsWith(QLatin1String("lib")) && used != QLatin1String("lcms2");
+            if (isFolder && !rows.contains(used))
+                report(row.key(), used + QStringLiteral(" has no row"));
+            else if (isFolder && rows[used].level >= row->level)
+                report(row.key(), used + QStringLiteral(" is not on a lower level"));
+        }
 }
 
-TEST_F(HouseChecker, EveryWrongIncludeIsNamed) {
-    write("base/A.h", "  #  include \"logic/C.h\"\n");
-    write("base/B.cpp", "#include <QLabel>\n");
-    write("logic/C.cpp", "#include \"logic/forms/D.h\"\n#include <QtWidgets/QLabel>\n#include \"C.h\"\n");
-    write("cellar/E.cpp", "");
-    EXPECT_EQ(faults(), QStringLiteral("base/A.h: base may not use logic\n"
-                                       "base/B.cpp: base may not use <QLabel>\n"
-                                       "cellar/E.cpp: lies in no folder of the table\n"
-                                       "logic/C.cpp: C.h does not begin with a folder of the table\n"
-                                       "logic/C.cpp: logic may not use <QtWidgets/QLabel>\n"
-                                       "logic/C.cpp: logic may not use logic/forms"));
+TEST_F(House, EverySourceUsesWhatItsFolderMayUseAndNoPermissionIsLeftOver) {
+    for (const QString& path :
+         filesBelow(sources, sourcePatterns + QStringList{QStringLiteral("CMakeLists.txt")})) {
+        const QString file = path.mid(sources.size() + 1), folder = QFileInfo(file).path();
+        if (folder != QLatin1String(".") && !rows.contains(folder))
+            report(file, QStringLiteral("its folder has no row in the table"));
+        else if (folder != QLatin1String("."))
+            for (const QString& line : linesOf(path))
+                file.endsWith(QLatin1String(".txt")) ? checkLinks(file, folder, line)
+                                                     : checkInclude(file, folder, line);
+    }
+    for (auto row = rows.begin(); row != rows.end(); ++row) {
+        const QSet<QString> unused = row->mayUse - row->used;
+        for (const QString& permission : unused)
+            report(row.key(), QStringLiteral("nothing uses the permission for ") + permission);
+        if (row->listing.size() > 1) // one file may list what its folder's subfolder contains
+            report(row.key(), QStringLiteral("several files use its own subfolder: ") +
+                                  row->listing.values().join(QStringLiteral(", ")));
+    }
 }
 
-TEST_F(HouseChecker, EveryWrongLibraryIsNamed) {
-    write("base/CMakeLists.txt",
-          "# tarsel_logic\ntarsel_library(base SOURCES A.h USES tarsel_logic Qt6::Widgets)\n"
-          "target_link_libraries(tarsel_base PRIVATE tarsel_flags tarsel_logic_forms)");
-    EXPECT_EQ(faults(), QStringLiteral("base/CMakeLists.txt: base may not link Qt6::Widgets\n"
-                                       "base/CMakeLists.txt: base may not link tarsel_logic\n"
-                                       "base/CMakeLists.txt: base may not link tarsel_logic_forms"));
-}
-
-TEST_F(HouseChecker, ATableThatLooksUpwardsIsAFault) {
-    const HouseRules wrong(QStringLiteral("| a | 1 | b c |  |\n| b | 1 | |  |\n"), {});
-    EXPECT_EQ(listed(wrong.faultsOfTable()),
-              QStringLiteral("a uses b, which is no lower\na uses c, which has no row"));
-    EXPECT_EQ(listed(rules.faultsOfTable()), QString());
-}
-
-TEST(House, TheTableHasNoCircle) {
-    EXPECT_GE(ownRules().rules().size(), 10);
-    EXPECT_EQ(listed(ownRules().faultsOfTable()), QString());
-}
-
-TEST(House, EveryIncludeAndEveryLibraryIsOneThatTheTableAllows) {
-    EXPECT_EQ(listed(ownRules().faultsOfTree(QStringLiteral(TARSEL_SOURCES))), QString());
+TEST_F(House, EverySourceSaysItsLicence) {
+    const QString root = QStringLiteral(TARSEL_ROOT "/");
+    for (const char* folder : {"src", "tests", "samples", "bench"})
+        for (const QString& path : filesBelow(root + QString::fromLatin1(folder), sourcePatterns)) {
+            const bool permissive = path.startsWith(sources + QStringLiteral("/bytes/"));
+            const QString licence = permissive ? QStringLiteral("MIT") : QStringLiteral("GPL-3.0-or-later");
+            if (linesOf(path)[0] != QStringLiteral("// SPDX-License-Identifier: ") + licence)
+                report(path, QStringLiteral("its first line is not that of the licence ") + licence);
+        }
 }

@@ -4,6 +4,7 @@
 #include "embedded/IptcFields.h"
 #include "metadata/clsFileEXIF.h"
 #include "metadata/modMetadata.h"
+#include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QTemporaryDir>
@@ -52,15 +53,6 @@ MetadataStore fullStore() {
     return store;
 }
 
-qint32 errorOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const TrappedError& error) {
-        return error.number;
-    }
-    return 0;
-}
-
 } // namespace
 
 TEST_F(SideFile, EveryIptcMemberComesBackFromAnFfoFile) {
@@ -104,10 +96,11 @@ TEST_F(SideFile, AnFfoFileCutAnywhereIsRefusedAndLeavesThePicture) {
     const QByteArray before = target.blocks().resources;
     for (qsizetype size = 0; size < whole.size() - 1; ++size) {
         const QString cut = written(whole.left(size));
-        EXPECT_EQ(errorOf([&] { target.IptcLoadFromFile(cut); }), ErrorNumber::UnreadableFile) << size;
+        EXPECT_EQ(errorNumberOf([&] { target.IptcLoadFromFile(cut); }), ErrorNumber::UnreadableFile) << size;
         EXPECT_EQ(target.blocks().resources, before);
     }
-    EXPECT_EQ(errorOf([&] { target.IptcLoadFromFile(path("missing.ffo")); }), ErrorNumber::FileNotFound);
+    EXPECT_EQ(errorNumberOf([&] { target.IptcLoadFromFile(path("missing.ffo")); }),
+              ErrorNumber::FileNotFound);
 }
 
 TEST_F(SideFile, RecordsOfAXiffFileAreQuotedAndComeBack) {
@@ -166,7 +159,7 @@ TEST_F(SideFile, AFileThatSetsNothingDoesNotBrand) {
 TEST_F(SideFile, ADateThatIsNoneAndARecordThatIsCutAreErrors) {
     ImageBox box;
     const auto apply = [&](const QByteArray& bytes) {
-        return errorOf([&] { modMetadata::ApplyXiffFile(written(bytes), box); });
+        return errorNumberOf([&] { modMetadata::ApplyXiffFile(written(bytes), box); });
     };
     EXPECT_EQ(apply("\"Make\",\"Acme\"\r\n\"DateTime\",\"yesterday\"\r\n"), ErrorNumber::TypeMismatch);
     EXPECT_EQ(apply("\"Artist\"\r\n"), ErrorNumber::InputPastEnd);

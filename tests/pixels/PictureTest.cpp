@@ -4,6 +4,7 @@
 #include "base/TrappedError.h"
 #include "pixels/Color.h"
 #include "pixels/PixelBuffer.h"
+#include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestPictures.h"
 
 #include <gtest/gtest.h>
@@ -16,12 +17,7 @@ using namespace tarsel::test;
 namespace {
 
 qint32 errorOf(int width, int height, int channels) {
-    try {
-        const Picture picture(width, height, channels);
-    } catch (const TrappedError& error) {
-        return error.number;
-    }
-    return 0;
+    return errorNumberOf([&] { const Picture picture(width, height, channels); });
 }
 
 } // namespace

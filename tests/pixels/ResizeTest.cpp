@@ -119,43 +119,6 @@ TEST(ResizeSmooth, TreatsAllChannelsAlike) {
     }
 }
 
-TEST(ResizeSmooth, ConservesTheMeanOfAReduction) {
-    const Picture source = noisePicture(240, 180, 3);
-    for (const auto& [width, height] : {PictureSize{120, 90}, {80, 60}, {101, 77}, {7, 5}, {120, 60}})
-        for (int channel = 0; channel < 3; ++channel)
-            EXPECT_NEAR(meanOf(smoothTo(source, width, height), channel), meanOf(source, channel), 1.5)
-                << width << 'x' << height;
-}
-
-TEST(ResizeSmooth, DoesNotTurnFineDetailIntoFalsePatterns) {
-    const Picture stripes = pictureOf(400, 60, 3, [](int x, int) {
-        const auto value = std::uint8_t(x % 2 ? 255 : 0);
-        return Rgb{value, value, value};
-    });
-    const Picture result = smoothTo(stripes, 133, 20);
-    for (int x = 4; x < 129; ++x)
-        EXPECT_NEAR(colorAt(result, x, 10).red, 127.5, 6) << x;
-}
-
-TEST(ResizeSmooth, GivesSoftDetailBackAfterThereAndBack) {
-    const Picture source = waves(160, 120, 3);
-    EXPECT_LE(largestDifference(smoothTo(smoothTo(source, 320, 240), 160, 120), source), 2);
-    EXPECT_LE(largestDifference(smoothTo(smoothTo(source, 407, 311), 160, 120), source), 3);
-}
-
-TEST(ResizeSmooth, IsTheSameFromAnySideOfThePicture) {
-    const Picture source = noisePicture(60, 40, 3);
-    Picture turned(40, 60, 3);
-    for (int y = 0; y < 60; ++y)
-        for (int x = 0; x < 40; ++x)
-            std::copy_n(source.view().pixel(y, x), 3, turned.edit().pixel(x, y));
-    const Picture one = smoothTo(source, 37, 25);
-    const Picture other = smoothTo(turned, 25, 37);
-    for (int y = 0; y < 25; ++y)
-        for (int x = 0; x < 37; ++x)
-            ASSERT_NEAR(colorAt(one, x, y).red, colorAt(other, y, x).red, 1);
-}
-
 TEST(ResizeSmooth, DoesNotLetTheColorOfTransparentPixelsShineThrough) {
     Picture picture = plainPicture(40, 40, 4, {255, 0, 0});
     for (int y = 0; y < 40; ++y)

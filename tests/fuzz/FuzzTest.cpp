@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "configuration/RecordImage.h"
+#include "tests/fuzz/Fuzzers.h"
+#include "tests/support/CodecTestFiles.h"
+#include "tests/support/TestDesktop.h"
+#include "tests/support/TiffStructure.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace tarsel;
+
+namespace {
+
+using Seeds = QByteArrayList;
+
+Seeds filesOf(const char* folder) {
+    Seeds seeds;
+    const QDir files(QStringLiteral(TARSEL_TESTS "/") + QString::fromLatin1(folder));
+    for (const QString& name : files.entryList(QDir::Files))
+        seeds << readWholeFile(files.filePath(name));
+    EXPECT_GE(seeds.size(), 3) << folder;
+    return seeds;
+}
+
+Seeds records() {
+    return filesOf("fixtures/records") << recordImage(defaultRecord(QStringLiteral("/p"))) << QByteArray();
+}
+
+Seeds listFiles() {
+    return filesOf("fixtures/records")
+           << filesOf("tasks/fixtures") << filesOf("collections/fixtures") << QByteArray();
+}
+
+Seeds metadataBlocks() {
+    const EmbeddedMetadata blocks = test::everyKindOfMetadata();
+    return {'\1' + blocks.exif, '\1' + test::cameraBlock(), '\0' + blocks.resources};
+}
+
+Seeds pictures() {
+    Seeds seeds = {QByteArray("\0\0\x08\x01\xAA", 5)}; // WBMP
+    // PCX: a row of three pixels in three planes, run lengths of one.
+    seeds << QByteArray::fromHex("0a050108 00000000 02000000").leftJustified(65, '\0') + "\3\4" +
+                 QByteArray(61, '\0') + QByteArray::fromHex("c1ff0000 00 00c1ff00 00 0000c1ff 00");
+    for (const char* format : {"jpg", "png", "tif", "bmp"}) {
+        const Codec* codec = codecForExtension(QString::fromLatin1(format));
+        seeds << codec->encode(test::photograph(13, 9), {}, test::everyKindOfMetadata());
+    }
+    return seeds;
+}
+
+/// Cut short, one bit turned, a run of bytes overwritten.
+QByteArray damaged(QByteArray bytes, std::mt19937& random) {
+    const auto below = [&](qsizetype limit) {
+        return qsizetype(random() % std::mt19937::result_type(std::max<qsizetype>(limit, 1)));
+    };
+    const qsizetype place = below(bytes.size());
+    switch (random() % 3) {
+    case 0:
+        bytes.truncate(place);
+        break;
+    case 1:
+        if (!bytes.isEmpty())
+            bytes[place] = char(bytes[place] ^ (1 << random() % 8));
+        break;
+    default:
+        bytes.replace(place, below(9), QByteArray(below(9), char(random())));
+    }
+    return bytes;
+}
+
+const struct {
+    const char* name;
+    void (*fuzzer)(const QByteArray&);
+    Seeds (*seeds)();
+    int damagedCopies; ///< of each seed
+} readers[] = {{"configuration", fuzz::readConfiguration, records, 150},
+               {"list files", fuzz::readListFiles, listFiles, 40},
+               {"metadata", fuzz::readMetadata, metadataBlocks, 5000},
+               {"pictures", fuzz::readPicture, pictures, 300}};
+
+} // namespace
+
+/// Whatever the bytes are, each reader keeps its promises; the fuzzers search on for more such bytes.
+/// Fixtures are named by their fault.
+TEST(Readers, KeepTheirPromisesOnWholeAndDamagedFiles) {
+    const test::TestDesktop desktop;
+    for (const auto& [name, fuzzer, seeds, damagedCopies] : readers) {
+        std::mt19937 random(7);
+        for (const QByteArray& seed : seeds())
+            for (int copy = 0; copy <= damagedCopies; ++copy) {
+                const QByteArray bytes = copy == 0 ? seed : damaged(damaged(seed, random), random);
+                try {
+                    fuzzer(bytes);
+                } catch (const std::exception& error) {
+                    FAIL() << name << ": not kept: " << error.what() << "; bytes "
+                           << bytes.toHex().left(4000).constData();
+                }
+            }
+    }
+}
