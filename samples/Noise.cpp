@@ -21,7 +21,7 @@ float chance(std::int32_t x, std::int32_t y, std::uint32_t seed) {
 
 namespace {
 
-/// Random heights of a lattice that repeats after `side` points: far quicker than mixing numbers anew.
+/// Random heights of a lattice that repeats after `side` points: far quicker than mixing numbers each time.
 constexpr int side = 256;
 
 std::vector<float> randomHeights() {

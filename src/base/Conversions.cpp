@@ -50,7 +50,7 @@ NumberAtStart numberAtStart(const QByteArray& text) {
     return hexadecimal.length > 0 ? hexadecimal : decimalAtStart(text);
 }
 
-/// Nothing holds a value that is no number.
+/// Nothing for a value that is not a number.
 template <class Integer>
 bool holds(double value) {
     return value >= std::numeric_limits<Integer>::min() && value <= std::numeric_limits<Integer>::max();
@@ -82,7 +82,7 @@ double toDouble(const QString& text) {
     const QByteArray trimmed = text.trimmed().toLatin1();
     const NumberAtStart number = numberAtStart(trimmed);
     if (number.length == 0 || number.length != trimmed.size())
-        fail(ErrorNumber::TypeMismatch, QLatin1Char('"') + text + QStringLiteral("\" is no number"));
+        fail(ErrorNumber::TypeMismatch, QLatin1Char('"') + text + QStringLiteral("\" is not a number"));
     if (std::isinf(number.value))
         fail(ErrorNumber::Overflow, text);
     return number.value;

@@ -15,7 +15,7 @@ QString errorReportUrl(const ErrorReport& report, const QString& email, const QS
 void sendErrorReport(const ErrorReport& report, const QString& email, const QString& description);
 
 /// Opens `url` in a hidden browser and shows `message`; without a registered browser the system's default
-/// handler gets the address, and no message is shown. False, with a word to the user, when there is no
+/// handler gets the address, and no message is shown. False, with a message to the user, when there is no
 /// connection.
 bool SendReport(const QString& url, const QString& message);
 

@@ -26,7 +26,7 @@ std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> 
 /// The thumbnail of a picture in memory.
 Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box);
 
-/// Adds the thumbnail to a picture list and returns its index; -1 when there is no picture.
+/// Adds the thumbnail to a picture list and returns its index; -1 without a picture.
 int addIcon(ImageList& images, const Thumbnail& thumbnail);
 
 /// The picture at an index of a picture list; null when there is none.

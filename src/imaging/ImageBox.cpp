@@ -94,7 +94,7 @@ QFont fontOf(const TextFont& font, bool smooth) {
 
 void ImageBox::requireImage() const {
     if (!HasImage())
-        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no picture"));
+        fail(ErrorNumber::InvalidCall, QStringLiteral("the box is empty"));
 }
 
 void ImageBox::Clear() {
@@ -301,7 +301,7 @@ void ImageBox::DrawText(int x, int y, const QString& text) {
 void ImageBox::MergeHandle(const PictureHandle& handle) {
     requireImage();
     if (handle.isNull())
-        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no picture to merge"));
+        fail(ErrorNumber::InvalidCall, QStringLiteral("the picture to merge is empty"));
     if (MergeStyle < 0 || MergeStyle > 3)
         fail(ErrorNumber::InvalidCall, QStringLiteral("there is no merge style %1").arg(MergeStyle));
     operations::MergeOptions options{

@@ -99,7 +99,7 @@ void RowWork::perform() {
     }
 }
 
-/// False when there is no picture in the source.
+/// False when the source holds no picture.
 bool RowWork::load() {
     const QString readable = m_batch.sources.readablePath(m_row.tag);
     if (!loadSource(m_box, readable, m_batch.run.stop))

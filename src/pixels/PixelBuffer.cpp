@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t CacheLine = 64;
 constexpr std::size_t HugePage = std::size_t(2) << 20;
-constexpr std::size_t SmallestPooled = std::size_t(256) << 10; // below, malloc itself keeps memory at hand
+constexpr std::size_t SmallestPooled = std::size_t(256) << 10; // below, malloc keeps memory for reuse
 
 struct Block {
     std::uint8_t* data = nullptr;

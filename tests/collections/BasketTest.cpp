@@ -203,7 +203,7 @@ TEST_F(BasketTest, FilesThatCannotBeReadAreRememberedAndGetNoRow) {
 
 TEST_F(BasketTest, WithoutThumbnailsThePictureIsKnownByItsHeaderAlone) {
     makePicture(picture("a.jpg"), {33, 22});
-    writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 this is no picture");
+    writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 not a picture");
     // A good header and no pixels.
     QFile whole(picture("a.jpg"));
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));

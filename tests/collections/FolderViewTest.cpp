@@ -63,15 +63,15 @@ TEST_F(FolderViewTest, AThumbnailIsTurnedUprightWhereThatIsWanted) {
     ASSERT_TRUE(box.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
     box.SaveToFile(path);
     const auto isWhiteAtTheLeft = [](const Picture& thumbnail) {
-        return QVariant(thumbnail.view().pixel(2, thumbnail.height() / 2)[1] > 128);
+        return thumbnail.view().pixel(2, thumbnail.height() / 2)[1] > 128;
     };
     for (const bool upright : {false, true})
-        EXPECT_EQ(loadThumbnail(path, {40, 30}, isWhiteAtTheLeft, upright)->icon.toBool(), upright);
+        EXPECT_EQ(isWhiteAtTheLeft(loadThumbnail(path, Size{40, 30}, upright)->picture), upright);
 }
 
 TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails) {
     makePicture(picture("good.jpg"), {33, 22});
-    writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 this is no picture");
+    writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 not a picture");
     writeBytes(picture("empty.jpg"), "");
     writeBytes(picture("strange.png"), "neither is this");
     list(pictures);

@@ -122,7 +122,7 @@ TEST(ExifBlock, TheThumbnailGoesWhole) {
 
 TEST(ExifBlock, RoomOfAThumbnailInTheMiddleIsUsedAgain) {
     ExifBlock block = *ExifBlock::read(cameraBlock());
-    setText(block, software, "Editor 1.0"); // what grew lies behind the thumbnail now
+    setText(block, software, "Editor 1.0"); // what grew is after the thumbnail now
     const qsizetype size = block.bytes().size();
     block.dropThumbnail();
     setText(block, artist, "Somebody with a name");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/Preview.h"
-#include "app/Workspace.h"
 #include "collections/Basket.h"
+#include "collections/Preview.h"
+#include "collections/Workspace.h"
 #include "controls/ProgressBar.h"
 #include "output/BatchSave.h"
 #include "tests/gui/WindowTest.h"
@@ -23,7 +23,7 @@ void makeGlass(const QString& path) {
     EXPECT_TRUE(image.save(path)) << path.toStdString();
 }
 
-/// The picture of a file, saved anew with an orientation.
+/// The picture of a file, saved again with an orientation.
 void makeTurned(const QString& from, const QString& path) {
     ImageBox box;
     box.LoadFromFile(from);
@@ -40,8 +40,8 @@ TEST_F(WindowTest, ThePreviewShowsThePixelsThatTheBatchEncodes) {
     makeTurned(pictures() + QStringLiteral("/photo01.jpg"), path("turned.jpg"));
     makeTurned(pictures() + QStringLiteral("/photo01.jpg"), path("turned.jpe"));
     Workspace workspace;
-    Preview preview({workspace.lvFolder, workspace.lvExif, workspace.lvIPTC, workspace.tasks,
-                     workspace.ibMain, workspace.sbMain});
+    Preview preview({workspace.lvFolder, workspace.lvPages, workspace.lvExif, workspace.lvIPTC,
+                     workspace.tasks, workspace.ibMain, workspace.sbMain});
     preview.OptimizedPreview = true;
     TaskRow canvas{QStringLiteral("12"), QStringLiteral("canvas"), {}};
     int column = 1;
@@ -53,7 +53,8 @@ TEST_F(WindowTest, ThePreviewShowsThePixelsThatTheBatchEncodes) {
     settings.DestinationFolder = path("out/");
     QDir().mkpath(settings.DestinationFolder);
     for (const quint8 upright : {0, 1}) {
-        ConfigRecord.BatchSave.UprightByExif = settings.UprightByExif = upright;
+        preview.upright = upright == 1;
+        settings.UprightByExif = upright;
         for (const char* name : {"glass.png", "glass.tif", "turned.jpg", "turned.jpe"}) {
             ListRow row;
             row.tag = path(name);
@@ -62,7 +63,8 @@ TEST_F(WindowTest, ThePreviewShowsThePixelsThatTheBatchEncodes) {
             pages.add(row);
             ProgressBar bar;
             std::vector<RowResult> results;
-            ASSERT_TRUE(preview.fncReadFile(path(name))) << name;
+            preview.ShowRow(pages, 0);
+            ASSERT_TRUE(waitFor([&] { return !preview.isBusy(); })) << name;
             ASSERT_TRUE(fncSaveSinglePage(pages, workspace.tasks.lvEditBatch, workspace.ibTemp, bar, settings,
                                           {}, results));
             EXPECT_EQ(rowStateText(results.at(0).state), QStringLiteral("written")) << name;

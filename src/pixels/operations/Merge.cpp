@@ -94,7 +94,7 @@ public:
 private:
     static std::uint8_t opacityOf(double transparency) {
         const double percent =
-            transparency > 0 ? std::min(transparency, 100.0) : 0; // also where it is no number
+            transparency > 0 ? std::min(transparency, 100.0) : 0; // also for NaN
         return std::uint8_t(std::lround(Opaque * (100 - percent) / 100));
     }
 

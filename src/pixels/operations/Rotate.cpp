@@ -237,7 +237,7 @@ Picture halfTurned(const Picture& picture) {
 
 Picture rotate(const Picture& picture, double degrees, bool smooth, Rgb background) {
     if (!std::isfinite(degrees))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("the angle of a rotation is no number"));
+        fail(ErrorNumber::InvalidCall, QStringLiteral("the angle of the rotation is not a number"));
     const double turn = std::fmod(std::fmod(degrees, 360) + 360, 360);
     if (turn == 0)
         return picture;
