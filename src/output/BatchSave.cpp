@@ -162,13 +162,15 @@ void RowWork::setSaveOptions() {
 }
 
 void RowWork::save() {
-    const SourceGuard::Verdict verdict = m_batch.sources.beforeWriting(m_position, m_result.target);
+    const SourceGuard::Verdict verdict = m_batch.sources.verdictOn(m_position, m_result.target);
     if (!verdict.refusal.isEmpty())
         return skip(verdict.refusal);
     if (!verdict.remark.isEmpty())
         remark(verdict.remark);
-    if (!m_batch.run.dryRun)
+    if (!m_batch.run.dryRun) {
+        m_batch.sources.keepReadable(m_position, m_result.target);
         m_box.SaveToFile(m_result.target);
+    }
     m_batch.sources.noteWritten(m_position, m_result.target);
     m_result.isDry = m_batch.run.dryRun;
     m_result.state = RowState::Written;
@@ -181,8 +183,12 @@ void RowWork::skip(const QString& reason) {
     m_result.reason = m_result.reason.isEmpty() ? reason : reason + QStringLiteral("; ") + m_result.reason;
 }
 
+void addRemark(RowResult& result, const QString& text) {
+    result.reason += result.reason.isEmpty() ? text : QStringLiteral("; ") + text;
+}
+
 void RowWork::remark(const QString& text) {
-    m_result.reason += m_result.reason.isEmpty() ? text : QStringLiteral("; ") + text;
+    addRemark(m_result, text);
 }
 
 struct HiddenAtEnd {
@@ -201,7 +207,7 @@ public:
 private:
     bool isCancelled();
     void work(int position);
-    void record(const RowResult& result);
+    void record(RowResult result);
 
     const Batch& m_batch;
     Progress& m_progress;
@@ -262,7 +268,9 @@ void BatchLoop::finish() {
                 .isDry = false});
 }
 
-void BatchLoop::record(const RowResult& result) {
+void BatchLoop::record(RowResult result) {
+    if (const QString kept = m_batch.sources.noteDone(result.row); !kept.isEmpty())
+        addRemark(result, kept);
     m_results.push_back(result);
     if (m_batch.run.onRow)
         m_batch.run.onRow(result);

@@ -23,7 +23,8 @@ struct RowResult {
     RowState state = RowState::Failed;
     /// Why a row was skipped or failed, and remarks: that the source could be read in part only, that the
     /// task list ended early and the picture is written as far as it came, that a part of the name is
-    /// unknown, that the file replaces another row's. A written row without a remark has none.
+    /// unknown, that the file replaces another row's, where the row's replaced original was kept. A written
+    /// row without a remark has none.
     QString reason;
     bool isDry = false; ///< skipped for no other reason than the dry run
 };

@@ -8,6 +8,7 @@
 #include "output/LoadSource.h"
 #include "output/Naming.h"
 #include "output/OutputName.h"
+#include "output/RowSources.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -111,7 +112,11 @@ QString clashText(const PlannedName& planned, bool overwrite) {
 NamePlanner::NamePlanner(const ListView& lvPages, const ListView& tasks, const BatchSave& settings) :
     m_pages(lvPages), m_settings(settings), m_tasksRun(settings.ProcessEditingList == 1 && !tasks.isEmpty()) {
     for (int i = 0; i < lvPages.count(); ++i)
-        m_sources[FileIdentity::of(lvPages.row(i).tag)].push_back(i + 1);
+        for (const QString& path : sourcesOfRow(lvPages.row(i))) {
+            std::vector<int>& rows = m_sources[FileIdentity::of(path)];
+            if (rows.empty() || rows.back() != i + 1)
+                rows.push_back(i + 1);
+        }
 }
 
 std::vector<PlannedName> NamePlanner::next(int rows) {

@@ -1,59 +1,114 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/SourceGuard.h"
 
+#include "base/IgnoringErrors.h"
+#include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "output/RowSources.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <algorithm>
 
 namespace tarsel {
+
+namespace {
+
+constexpr qint64 CopiedAtOnce = 1 << 20;
+
+/// "photo (original).jpg" beside "photo.jpg", or the first numbered name that is free.
+QString freeNameBeside(const QString& path) {
+    const QFileInfo file(path);
+    const QString suffix = file.suffix().isEmpty() ? QString() : QLatin1Char('.') + file.suffix();
+    const auto name = [&](const QString& number) {
+        return file.dir().filePath(
+            QStringLiteral("%1 (original%2)%3").arg(file.completeBaseName(), number, suffix));
+    };
+    QString free = name({});
+    for (int number = 2; QFileInfo::exists(free) || QFileInfo(free).isSymLink(); ++number)
+        free = name(QStringLiteral(" %1").arg(number));
+    return free;
+}
+
+} // namespace
 
 /// An open file that can still be read by a path when another file has taken its place. The path ends in the
 /// file's own name, since an extension counts in telling formats apart.
 class SourceGuard::KeptFile {
 public:
-    explicit KeptFile(const QString& path) :
-        m_file(path), m_path(m_folder.filePath(QFileInfo(path).fileName())) {
-        if (!m_file.open(QIODevice::ReadOnly))
-            fail(ErrorNumber::PermissionDenied, path + QStringLiteral(": ") + m_file.errorString());
-        const QString descriptor = QStringLiteral("/proc/self/fd/%1").arg(m_file.handle());
+    KeptFile(const FileIdentity& identity, const QString& path, std::vector<int> readers) :
+        m_identity(identity), m_place(QFileInfo(path).canonicalFilePath()), m_file(openRegularFile(path)),
+        m_path(m_folder.filePath(QFileInfo(path).fileName())), m_readers(std::move(readers)) {
+        const QString descriptor = QStringLiteral("/proc/self/fd/%1").arg(m_file->handle());
         if (!m_folder.isValid() || !QFile::link(descriptor, m_path))
             fail(ErrorNumber::PermissionDenied, m_path);
     }
+    const FileIdentity& identity() const { return m_identity; }
     const QString& path() const { return m_path; }
+    const std::vector<int>& readers() const { return m_readers; }
+
+    /// False when the file was not replaced after all.
+    bool isReplaced() const { return FileIdentity::of(m_place) != m_identity; }
+    /// Copies the file beside its old place, and returns the path of the copy.
+    QString save() {
+        QString place = freeNameBeside(m_place);
+        SafeFileWriter writer(place);
+        m_file->seek(0);
+        while (!m_file->atEnd()) {
+            const QByteArray piece = m_file->read(CopiedAtOnce);
+            if (piece.isEmpty())
+                fail(ErrorNumber::InvalidCall, m_place + QStringLiteral(": ") + m_file->errorString());
+            writer.write(piece);
+        }
+        writer.commit();
+        return place;
+    }
 
 private:
-    QFile m_file;
+    const FileIdentity m_identity;
+    const QString m_place; ///< where the file was
+    std::unique_ptr<QFile> m_file;
     QTemporaryDir m_folder;
     QString m_path;
+    std::vector<int> m_readers;
 };
 
 SourceGuard::SourceGuard(const ListView& pages, SourceReplacing policy) : m_policy(policy) {
-    for (int i = 0; i < pages.count(); ++i) {
-        const QString& path = pages.row(i).tag;
-        m_sources.push_back(
-            {.row = i + 1, .path = path, .identity = FileIdentity::of(path), .written = false});
-        m_rows[m_sources.back().identity].push_back(i + 1);
-    }
+    for (int i = 0; i < pages.count(); ++i)
+        for (const QString& path : sourcesOfRow(pages.row(i))) {
+            SourceFile& file = m_files[FileIdentity::of(path)];
+            if (!file.paths.contains(path))
+                file.paths << path;
+            if (file.rows.empty() || file.rows.back() != i + 1)
+                file.rows.push_back(i + 1);
+        }
 }
 
-SourceGuard::~SourceGuard() = default;
+SourceGuard::~SourceGuard() {
+    const auto kept = m_kept;
+    for (auto each = kept.begin(); each != kept.end(); ++each)
+        if (m_kept.contains(each.key()))
+            ignoringErrors([&] {
+                if (each.value()->isReplaced())
+                    logIgnored(QStringLiteral("an original was kept as ") + each.value()->save());
+                release(each.value());
+            });
+}
 
 QString SourceGuard::readablePath(const QString& path) const {
     const auto kept = m_kept.find(path);
     return kept == m_kept.end() ? path : (*kept)->path();
 }
 
-SourceGuard::Verdict SourceGuard::beforeWriting(int row, const QString& target) {
+SourceGuard::Verdict SourceGuard::verdictOn(int row, const QString& target) const {
     const FileIdentity file = FileIdentity::of(target);
     Verdict verdict;
     verdict.refusal = refusalFor(row, file);
     if (!verdict.refusal.isEmpty())
         return verdict;
-    if (m_policy == SourceReplacing::KeptReadable)
-        keepReadable(row, file);
-    const std::vector<int> sources = m_rows.value(file);
+    const std::vector<int> sources = m_files.value(file).rows;
     const auto other = std::ranges::find_if(sources, [&](int each) { return each != row; });
     if (const int earlier = m_targets.value(file); earlier != 0)
         verdict.remark = QStringLiteral("replaces the file of row %1").arg(earlier);
@@ -65,8 +120,8 @@ SourceGuard::Verdict SourceGuard::beforeWriting(int row, const QString& target) 
 QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
     if (m_policy == SourceReplacing::KeptReadable)
         return {};
-    for (const int each : m_rows.value(target)) {
-        const bool needed = each != row && !m_sources[size_t(each - 1)].written;
+    for (const int each : m_files.value(target).rows) {
+        const bool needed = each != row && !isWritten(each);
         if (each == row && m_policy == SourceReplacing::Refused)
             return QStringLiteral("would replace its own source");
         if (needed || m_policy == SourceReplacing::Refused)
@@ -75,24 +130,53 @@ QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
     return {};
 }
 
-/// Later rows read the open file from now on. One that is kept already was replaced before: the file there
+/// Later rows read the open file from now on. A path that is kept already was replaced before: the file there
 /// now is nobody's source.
-void SourceGuard::keepReadable(int row, const FileIdentity& source) {
+void SourceGuard::keepReadable(int row, const QString& target) {
+    if (m_policy != SourceReplacing::KeptReadable)
+        return;
+    const FileIdentity identity = FileIdentity::of(target);
+    const SourceFile source = m_files.value(identity);
+    std::vector<int> readers;
+    std::ranges::copy_if(source.rows, std::back_inserter(readers), [&](int each) { return each > row; });
+    if (readers.empty())
+        return;
     std::shared_ptr<KeptFile> kept;
-    for (const int each : m_rows.value(source)) {
-        const QString& path = m_sources[size_t(each - 1)].path;
-        if (each <= row || m_kept.contains(path) || !QFileInfo::exists(path))
+    for (const QString& path : source.paths) {
+        if (m_kept.contains(path) || !QFileInfo::exists(path))
             continue;
         if (!kept)
-            kept = std::make_shared<KeptFile>(path);
+            kept = std::make_shared<KeptFile>(identity, path, readers);
         m_kept.insert(path, kept);
     }
 }
 
 void SourceGuard::noteWritten(int row, const QString& target) {
-    if (row <= int(m_sources.size()))
-        m_sources[size_t(row - 1)].written = true;
+    m_written.insert(row);
     m_targets.insert(FileIdentity::of(target), row);
+}
+
+QString SourceGuard::noteDone(int row) {
+    QStringList remarks;
+    for (const std::shared_ptr<KeptFile>& kept : m_kept.values()) {
+        if (kept->readers().back() != row || !m_kept.values().contains(kept))
+            continue;
+        const bool needed = !std::ranges::all_of(kept->readers(), [&](int each) { return isWritten(each); });
+        try {
+            if (needed && kept->isReplaced())
+                remarks << QStringLiteral("its original was kept as ") + kept->save();
+        } catch (const TrappedError& error) {
+            remarks << QStringLiteral("its original could not be kept: ") + error.description;
+        }
+        release(kept);
+    }
+    return remarks.join(QStringLiteral("; "));
+}
+
+/// The closed file's identity can come back as that of a new file, which is nobody's source.
+void SourceGuard::release(const std::shared_ptr<KeptFile>& kept) {
+    m_files.remove(kept->identity());
+    m_kept.removeIf([&](const auto& each) { return each.value() == kept; });
 }
 
 } // namespace tarsel

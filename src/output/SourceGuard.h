@@ -5,10 +5,10 @@
 #include "base/ListView.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
-#include <QTemporaryDir>
+#include <QStringList>
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace tarsel {
@@ -22,11 +22,12 @@ enum class SourceReplacing {
 };
 
 /// Watches over the sources of one run: no file is replaced before the rows that are made from it were done.
-/// Files are compared as they are at the moment of saving, whatever paths lead to them.
+/// A row's sources are its picture and, for a page, the document that it was extracted from. Files are
+/// compared as they are at the moment of saving, whatever paths lead to them.
 class SourceGuard {
 public:
     SourceGuard(const ListView& pages, SourceReplacing policy);
-    ~SourceGuard();
+    ~SourceGuard(); ///< writes what is still kept beside its old place, as noteDone does
     SourceGuard(const SourceGuard&) = delete;
     SourceGuard& operator=(const SourceGuard&) = delete;
 
@@ -37,26 +38,30 @@ public:
         QString refusal; ///< why the row must not be written; empty when it may
         QString remark;  ///< what the user should know of a row that is written
     };
-    /// To be asked before a row's file is written; keeps a source readable where that is the policy. Raises
-    /// what opening the source raises.
-    Verdict beforeWriting(int row, const QString& target);
+    Verdict verdictOn(int row, const QString& target) const;
+    /// To be called directly before a row's file is written: keeps a source that it replaces readable for the
+    /// later rows, where that is the policy. Raises what opening the source raises.
+    void keepReadable(int row, const QString& target);
     /// To be called for each row that was written, or would have been in a dry run.
     void noteWritten(int row, const QString& target);
+    /// To be called for each row of the run once nothing more is done for it, written or not. A replaced
+    /// source that no later row needs is let go. When one of its rows was not written, the source is saved to
+    /// a new file beside its old place first; the remark for the user is returned then.
+    QString noteDone(int row);
 
 private:
     class KeptFile;
-    QString refusalFor(int row, const FileIdentity& target) const;
-    void keepReadable(int row, const FileIdentity& source);
-
-    struct Source {
-        int row = 0;
-        QString path;
-        FileIdentity identity;
-        bool written = false;
+    struct SourceFile {
+        QStringList paths;
+        std::vector<int> rows; ///< ascending
     };
+    QString refusalFor(int row, const FileIdentity& target) const;
+    bool isWritten(int row) const { return m_written.contains(row); }
+    void release(const std::shared_ptr<KeptFile>& kept);
+
     const SourceReplacing m_policy;
-    std::vector<Source> m_sources;                    ///< in the order of the rows
-    QHash<FileIdentity, std::vector<int>> m_rows;     ///< rows by their source
+    QHash<FileIdentity, SourceFile> m_files;
+    QSet<int> m_written;
     QHash<FileIdentity, int> m_targets;               ///< rows by the file that they made
     QHash<QString, std::shared_ptr<KeptFile>> m_kept; ///< by the path of the source
 };

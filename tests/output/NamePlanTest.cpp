@@ -70,8 +70,12 @@ TEST(NamePlan, TellsWhatEachNameRunsInto) {
     basket.addRow(basket.path(text("own.png")), text("own"));
     basket.addRow(basket.path(text("b.png")), text("free"));
     basket.addRow(basket.path(text("c.png")), text("free"));
+    basket.addRow(basket.path(text("page.jpg")), text("document"));
+    writeFileSafely(basket.path(text("document.jpg")), "x");
+    basket.pages.setSubItem(5, BasketColumn::SourcePath, basket.path(text("document.jpg")));
     const auto planned = planOf(basket);
     EXPECT_EQ(planned[0].clash, NameClash::OwnSource);
+    EXPECT_EQ(planned[5].clash, NameClash::OwnSource) << "the document of an extracted page";
     EXPECT_EQ(planned[1].clash, NameClash::Exists);
     EXPECT_EQ(planned[2].clash, NameClash::OtherSource);
     EXPECT_EQ(planned[2].otherRow, 1);

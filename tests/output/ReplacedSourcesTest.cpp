@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
+#include "collections/Basket.h"
 #include "tests/output/TestBasket.h"
 
 #include <QDir>
@@ -52,6 +53,12 @@ const Way ways[] = {
      [](TestBasket& basket) {
          ASSERT_TRUE(QFile::link(basket.path(text("b.jpg")), basket.path(text("c.jpg"))));
          basket.pages.setTag(1, basket.path(text("c.jpg")));
+         basket.pages.setSubItem(1, BasketColumn::SourcePath, basket.path(text("c.jpg")));
+     }},
+    {"the document of an extracted page",
+     [](TestBasket& basket) {
+         ASSERT_TRUE(QFile::copy(basket.path(text("b.jpg")), basket.path(text("page.jpg"))));
+         basket.pages.setTag(1, basket.path(text("page.jpg")));
      }},
     {"a size after the tasks",
      [](TestBasket& basket) {
@@ -98,6 +105,50 @@ TEST(ReplacedSources, InTheWindowALaterRowReadsTheFileAsItWas) {
         EXPECT_EQ(basket.width(), 30) << way.what;
         EXPECT_EQ(loaded(basket.results[1].target).Width(), 50) << way.what;
     }
+}
+
+TEST(ReplacedSources, InTheWindowAnOriginalThatWasNotReadIsSavedWhenTheRunEndsEarly) {
+    const struct {
+        const char* what;
+        const char* secondName;
+        bool cancelled;
+        int rowsBefore;
+    } ends[] = {{"cancelled after row 1", "z", true, 2},
+                {"an error in row 2", "no/name", false, 2},
+                {"the row outside the slice", "z", false, 1}};
+    for (const auto& end : ends) {
+        TwoRowsOneTarget basket;
+        basket.pages.setText(1, text(end.secondName));
+        writeFileSafely(basket.path(text("b (original).jpg")), "taken");
+        basket.slice.lastRow = end.rowsBefore;
+        basket.slice.onRow = [&](const RowResult&) { CancelRequested = end.cancelled; };
+        basket.run();
+        CancelRequested = false;
+        const QString saved = basket.path(text("b (original 2).jpg"));
+        EXPECT_EQ(basket.width(), 30) << end.what;
+        EXPECT_EQ(readWholeFile(basket.path(text("b (original).jpg"))), "taken") << end.what;
+        ASSERT_TRUE(QFile::exists(saved)) << end.what;
+        EXPECT_EQ(loaded(saved).Width(), 50) << end.what;
+        EXPECT_EQ(basket.reasons().last().contains(text("its original was kept as ") + saved),
+                  end.rowsBefore == 2)
+            << end.what << ": " << basket.reasons().last().toStdString();
+    }
+}
+
+TEST(ReplacedSources, AnOriginalIsLetGoOnceItsRowsAreWritten) {
+    TwoRowsOneTarget basket;
+    for (const char* name : {"c", "d", "e", "f"}) {
+        basket.pages.setText(basket.pages.count() - 1, text(name));
+        basket.addPicture(text(name) + text(".jpg"), 60, 20);
+    }
+    std::vector<qsizetype> open;
+    basket.slice.onRow = [&](const RowResult&) {
+        open.push_back(QDir(text("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size());
+    };
+    EXPECT_TRUE(basket.run());
+    EXPECT_EQ(basket.states(), "written written written written written written");
+    EXPECT_EQ(open.at(3), open.at(0)) << "each row's file takes the place of the next row's source";
+    EXPECT_EQ(basket.files(), "a.png b.jpg c.jpg d.jpg e.jpg f.jpg") << "no copies";
 }
 
 TEST(ReplacedSources, APictureMayBeSavedOverItselfAndOverOnesThatAreDone) {
