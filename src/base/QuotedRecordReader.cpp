@@ -21,8 +21,7 @@ constexpr qsizetype MaxFieldBytes = qsizetype(1) << 20;
 
 } // namespace
 
-QuotedRecordReader::QuotedRecordReader(QByteArray bytes, QString name) :
-    m_bytes(std::move(bytes)), m_name(std::move(name)) {
+QuotedRecordReader::QuotedRecordReader(QByteArray bytes) : m_bytes(std::move(bytes)) {
     const QByteArray mark = "\xEF\xBB\xBF"; // some editors begin a UTF-8 file with it
     m_at = m_bytes.startsWith(mark) ? mark.size() : 0;
 }
@@ -38,7 +37,7 @@ QString QuotedRecordReader::line() {
 
 QString QuotedRecordReader::field() {
     if (atEnd())
-        fail(ErrorNumber::InputPastEnd, m_name);
+        fail(ErrorNumber::InputPastEnd);
     skipBlanks();
     const bool quoted = !atEnd() && m_bytes.at(m_at) == '"';
     const Part part = quoted ? quotedField() : plainField();
@@ -49,7 +48,7 @@ QString QuotedRecordReader::field() {
 QString QuotedRecordReader::decoded(qsizetype start, qsizetype size) {
     if (size > MaxFieldBytes) {
         m_at = m_bytes.size();
-        fail(ErrorNumber::InvalidCall, m_name + QStringLiteral(": a field of %1 bytes").arg(size));
+        fail(ErrorNumber::InvalidCall, QStringLiteral("a field of %1 bytes").arg(size));
     }
     return codePage::decode(m_bytes.mid(start, size));
 }

@@ -11,8 +11,7 @@ namespace tarsel {
 /// A line or field of more than 1 MB is error 5, and the reader is at its end.
 class QuotedRecordReader {
 public:
-    /// `name` is the file's, for messages.
-    QuotedRecordReader(QByteArray bytes, QString name);
+    explicit QuotedRecordReader(QByteArray bytes);
 
     bool atEnd() const { return m_at >= m_bytes.size(); }
     /// The next line without its end; empty at the end of the file.
@@ -33,7 +32,6 @@ private:
     void skipLineEnd();
 
     QByteArray m_bytes;
-    QString m_name;
     qsizetype m_at = 0;
 };
 

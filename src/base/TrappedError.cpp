@@ -48,23 +48,25 @@ void fail(qint32 number, const QString& fact, std::source_location where) {
 
 void failForErrno(int errnoValue, const QString& path, std::source_location where) {
     const QString fact = path + QStringLiteral(": ") + QString::fromLocal8Bit(std::strerror(errnoValue));
-    switch (errnoValue) {
+    switch (errnoValue) { // the number's own text stands for the fact where it says the same
     case ENOENT:
-        fail(ErrorNumber::FileNotFound, fact, where);
+        fail(ErrorNumber::FileNotFound, path, where);
     case ENOTDIR:
         fail(ErrorNumber::PathNotFound, fact, where);
     case ENOSPC:
+        fail(ErrorNumber::DiskFull, path, where);
     case EDQUOT:
     case EFBIG:
         fail(ErrorNumber::DiskFull, fact, where);
     case EACCES:
+        fail(ErrorNumber::PermissionDenied, path, where);
     case EPERM:
     case EROFS:
         fail(ErrorNumber::PermissionDenied, fact, where);
     case ENOMEM:
-        fail(ErrorNumber::OutOfMemory, fact, where);
+        fail(ErrorNumber::OutOfMemory, path, where);
     default:
-        fail(ErrorNumber::InvalidCall, fact, where);
+        throw TrappedError{ErrorNumber::InvalidCall, fact, where};
     }
 }
 

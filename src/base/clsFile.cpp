@@ -53,7 +53,7 @@ bool clsFile::OpenForRead(const QString& path) {
     *m_state = State();
     return m_state->open([&] {
         refuseHugeFile(path);
-        m_state->reader.emplace(readWholeFile(path), path);
+        m_state->reader.emplace(readWholeFile(path));
     });
 }
 

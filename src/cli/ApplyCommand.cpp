@@ -9,6 +9,7 @@
 #include "cli/Terminal.h"
 #include "codecs/Codec.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 #include "output/LoadSource.h"
 #include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
@@ -38,11 +39,22 @@ void requireWritable(const QString& path) {
                              .arg(path, writableExtensions())};
 }
 
+/// For other formats the tasks see the picture on white, as in a batch.
+bool holdsAlpha(const QString& path) {
+    static const QStringList names{QStringLiteral("PNG"), QStringLiteral("TIFF")};
+    const Codec* codec = codecForExtension(modFileSystem::GetFileExtension(path).toLower());
+    return codec && names.contains(QLatin1String(codec->name));
+}
+
 /// Writes nothing when a task fails: the picture would not be the one that was asked for.
 void apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
     ImageBox box;
-    if (!loadSource(box, source, {}, upright))
+    if (!loadSource(box, source))
         fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
+    if (!holdsAlpha(target))
+        prepareForTasks(box, source, upright);
+    else if (upright)
+        turnUpright(box, source);
     const ListView noSelection;
     if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,

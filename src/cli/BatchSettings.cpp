@@ -2,9 +2,8 @@
 #include "cli/BatchSettings.h"
 
 #include "base/Conversions.h"
-#include "base/TrappedError.h"
+#include "base/SafeFileWriter.h"
 #include "cli/BasketWorkspace.h"
-#include "collections/clsFileInfo.h"
 #include "output/Naming.h"
 
 namespace tarsel::cli {
@@ -84,8 +83,7 @@ QString sideFile(const Arguments& arguments, const char* option) {
     if (!arguments.has(option))
         return {};
     QString path = absolutePath(arguments.value(option));
-    if (!clsFileInfo::CheckIfFileExists(path))
-        fail(ErrorNumber::FileNotFound, path);
+    (void)openRegularFile(path); // raises why it can't be read
     return path;
 }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/RowReport.h"
 
+#include "base/TrappedError.h"
 #include "cli/JsonLine.h"
+#include "cli/PictureFacts.h"
 #include "cli/Terminal.h"
+#include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
 
 namespace tarsel::cli {
@@ -31,6 +34,33 @@ QString textOf(const RowResult& result) {
     return text;
 }
 
+/// The first page of a document that can't be read, and why; empty when all can.
+QString badPageOf(const QString& path) {
+    const int pages = ImageBox::PageCount(path);
+    int page = 1;
+    try {
+        const PictureFile file(path);
+        ImageBox box;
+        for (; page <= pages; ++page)
+            box.LoadPage(file, page);
+    } catch (const TrappedError& error) {
+        return QStringLiteral("page %1 of %2: %3").arg(page).arg(pages).arg(error.description);
+    }
+    return {};
+}
+
+/// Why a picture gave no row, or not all of its pages: its files are read once more to find out.
+QString unreadableReason(const QString& path) {
+    if (!clsFileInfo::CheckIfFileExists(path))
+        return QStringLiteral("missing, or not readable");
+    PictureFacts facts;
+    readPictureFacts(path, facts);
+    if (facts.pages > 1 || (facts.pages == 0 && ImageBox::PageCount(path) > 1))
+        if (const QString fact = badPageOf(path); !fact.isEmpty())
+            return fact;
+    return facts.reason.isEmpty() ? QStringLiteral("can't be read as a picture") : facts.reason;
+}
+
 } // namespace
 
 void RowReport::add(const RowResult& result) {
@@ -51,13 +81,11 @@ void RowReport::add(const RowResult& result) {
 }
 
 void RowReport::addMissing(const QString& path) {
-    const bool exists = clsFileInfo::CheckIfFileExists(path);
     add({.row = 0,
          .source = path,
          .target = {},
          .state = RowState::Failed,
-         .reason = exists ? QStringLiteral("can't be read as a picture")
-                          : QStringLiteral("missing, or not readable"),
+         .reason = unreadableReason(path),
          .isDry = false});
 }
 

@@ -65,6 +65,15 @@ void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, Collect
         lists.lvPages.setSubItem(i, BasketColumn::Description, entries[size_t(i)].description);
 }
 
+void readDescribed(clsFile& file, const QString& path, size_t record, BasketEntry& entry) {
+    try {
+        file.read_ImageBasket(entry.path, entry.description);
+    } catch (TrappedError& error) {
+        error.description = QStringLiteral("%1, record %2: %3").arg(path).arg(record).arg(error.description);
+        throw;
+    }
+}
+
 std::vector<BasketEntry> readEntries(clsFile& file, const QString& path) {
     const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
     const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
@@ -74,7 +83,7 @@ std::vector<BasketEntry> readEntries(clsFile& file, const QString& path) {
         if (plain)
             entry.path = pathOfLine(file.readLine(), path, entries.size() + 1);
         else
-            file.read_ImageBasket(entry.path, entry.description);
+            readDescribed(file, path, entries.size() + 1, entry);
         entries.push_back(std::move(entry));
     }
     return entries;

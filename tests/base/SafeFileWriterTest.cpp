@@ -191,7 +191,7 @@ TEST_F(SafeWriter, WithoutPermissionNothingChanges) {
         const OrdinaryUser user;
         EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), "x"); }), ErrorNumber::PermissionDenied);
         EXPECT_EQ(messageOf([&] { writeFileSafely(in("b.jpg"), "x"); }),
-                  "Permission denied: " + folder.path().toStdString() + ": Permission denied");
+                  "Permission denied: " + folder.path().toStdString());
     }
     ASSERT_EQ(::chmod(local(folder.path()).constData(), 0700), 0);
     EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));

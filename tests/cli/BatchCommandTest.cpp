@@ -175,7 +175,7 @@ TEST(BatchCommand, WrongUsageIsToldWithAHintAndDoesNothing) {
     }
 }
 
-TEST(BatchCommand, AMissingSideFileOrTaskListStopsBeforeTheFirstRow) {
+TEST(BatchCommand, ASideFileOrTaskListThatIsMissingOrAFolderStopsBeforeTheFirstRow) {
     for (const char* option : {"--tasks", "--exif", "--iptc"}) {
         const PictureFolder folder;
         const ProgramRun run =
@@ -183,6 +183,11 @@ TEST(BatchCommand, AMissingSideFileOrTaskListStopsBeforeTheFirstRow) {
         EXPECT_EQ(run.status, 1) << option;
         EXPECT_TRUE(run.messages.contains("gone.x"));
         EXPECT_FALSE(QFileInfo::exists(folder.path(text("made"))));
+        const ProgramRun ofFolder =
+            folder.run(commandLine("batch --out made a.jpg") + QStringList{text(option), folder.path()});
+        EXPECT_EQ(ofFolder.status, 1) << option;
+        EXPECT_TRUE(ofFolder.messages.contains(": " + folder.path().toUtf8() + ": Is a directory"))
+            << ofFolder.messages.toStdString();
     }
 }
 
@@ -285,6 +290,8 @@ TEST(BatchCommand, AnUnreadablePageCountsAsNotDoneAlsoFromABasketFile) {
         const ProgramRun run = folder.run(commandLine("batch --json --out made") + commandLine(operands));
         EXPECT_EQ(run.status, 1) << operands;
         EXPECT_EQ(column(run, "state"), "failed written written") << operands;
+        EXPECT_TRUE(run.objects().value(0)[text("reason")].toString().startsWith(text("page 2 of 2: ")))
+            << run.output.toStdString();
     }
 }
 
@@ -323,6 +330,10 @@ TEST(BatchCommand, APictureThatCantBeReadDoesntStopTheOthers) {
     EXPECT_EQ(column(run, "row"), "0 0 1 2");
     EXPECT_EQ(column(run, "state"), "failed failed written written");
     EXPECT_EQ(folder.files(text("made")), "a.jpg c.jpg");
+    const QString fact =
+        folder.run(commandLine("info --json bad.jpg")).objects().value(0)[text("reason")].toString();
+    EXPECT_FALSE(fact.isEmpty());
+    EXPECT_EQ(run.objects().value(1)[text("reason")].toString(), fact);
 }
 
 TEST(BatchCommand, BasketFilesKeepTheirRowNames) {

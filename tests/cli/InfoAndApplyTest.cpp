@@ -155,6 +155,28 @@ TEST(ApplyCommand, APreviewAndALosslessApplyAreTheSamePixels) {
     EXPECT_EQ(applied.picture(), preview.picture());
 }
 
+TEST(ApplyCommand, ATransparentPictureIsLaidOnWhiteFirstWhereTheTargetHasNoAlpha) {
+    const PictureFolder folder;
+    Picture clear(16, 16, 4); // black without any cover
+    clear.edit();
+    ImageBox maker;
+    maker.setPictureHandle(clear);
+    maker.SaveToFile(folder.path(text("clear.png")));
+    writeFileSafely(folder.path(text("l.tbf")), taskLine("11", "invert", {}));
+    for (const char* out : {"x.bmp", "x.jpg", "x.png", "x.tif"})
+        EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf clear.png") + QStringList{text(out)}).status,
+                  0);
+    const auto picture = [&](const char* name) {
+        ImageBox box;
+        box.LoadFromFile(folder.path(text(name)));
+        return box.picture();
+    };
+    EXPECT_EQ(picture("x.bmp").view().pixel(8, 8)[0], 0) << "white inverted";
+    EXPECT_LT(picture("x.jpg").view().pixel(8, 8)[0], 5);
+    EXPECT_TRUE(picture("x.png").hasAlpha());
+    EXPECT_TRUE(picture("x.tif").hasAlpha());
+}
+
 TEST(ApplyCommand, AFailingTaskWritesNothing) {
     const PictureFolder folder;
     writeFileSafely(folder.path(text("bad.tbf")), taskLine("7", "sharpen", {text("very")}));

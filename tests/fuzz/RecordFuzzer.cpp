@@ -23,11 +23,11 @@ void tryConfiguration(const QByteArray& bytes) {
 /// Fields and lines come to their end, and hold no more than the bytes do.
 void tryQuotedRecords(const QByteArray& bytes) {
     qsizetype fields = 0, length = 0;
-    for (QuotedRecordReader reader(bytes, {}); !reader.atEnd(); ++fields)
+    for (QuotedRecordReader reader(bytes); !reader.atEnd(); ++fields)
         length += reader.field().size();
     require(fields <= bytes.size() && length <= bytes.size(), "fields hold no more than the bytes");
     qsizetype lines = 0;
-    for (QuotedRecordReader reader(bytes, {}); !reader.atEnd(); ++lines)
+    for (QuotedRecordReader reader(bytes); !reader.atEnd(); ++lines)
         require(!reader.line().contains(QLatin1Char('\n')), "a line is one line");
     require(lines <= bytes.size(), "there are no more lines than bytes");
 }

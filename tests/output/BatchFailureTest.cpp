@@ -126,10 +126,13 @@ TEST(BatchFailure, ABadSideFileIsNamedWithItsRecord) {
     basket.addPicture(text("a.jpg"));
     basket.settings.ImportEXIF = 1;
     basket.settings.ImportEXIFFile = basket.path(text("bad.xiff"));
-    writeFileSafely(basket.settings.ImportEXIFFile, "\"Artist\",\"Jo\"\r\n\"DateTime\",\"never\"\r\n");
-    EXPECT_FALSE(basket.run());
-    EXPECT_TRUE(basket.reasons().first().contains(text("bad.xiff, record 2: ")))
-        << basket.reasons().first().toStdString();
+    for (const char* record : {"\"DateTime\",\"never\"\r\n", "\"alone\"\r\n"}) {
+        writeFileSafely(basket.settings.ImportEXIFFile, QByteArray("\"Artist\",\"Jo\"\r\n") + record);
+        EXPECT_FALSE(basket.run());
+        EXPECT_TRUE(basket.reasons().first().contains(text("bad.xiff, record 2: ")))
+            << basket.reasons().first().toStdString();
+        EXPECT_EQ(basket.reasons().first().count(text("bad.xiff")), 1);
+    }
 }
 
 TEST(BatchFailure, ANameOutOfAnExifValueNeverLeavesTheFolder) {
