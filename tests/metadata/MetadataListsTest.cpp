@@ -35,16 +35,24 @@ QString valueOf(const ListView& list, const char* label) {
     return row < 0 ? QStringLiteral("no row") : list.subItem(row, 1);
 }
 
+/// The rows of a box with these EXIF attributes.
+class ExifList : public testing::Test {
+protected:
+    void showExif(std::initializer_list<std::pair<const char*, const char*>> attributes) {
+        ImageBox box = boxWith({});
+        for (const auto& [name, value] : attributes)
+            ASSERT_TRUE(box.ExifSet(QLatin1String(name), QLatin1String(value))) << name;
+        ListExifAttributes(box, list, path);
+    }
+
+    TestDesktop desktop;
+    ListView list;
+};
+
 } // namespace
 
-TEST(MetadataLists, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("Make"), QStringLiteral("Acme"));
-    box.ExifSet(QStringLiteral("Software"), QStringLiteral("Editor"));
-    box.ExifSet(QStringLiteral("DateTimeOriginal"), QStringLiteral("2004:01:31 15:05:09"));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(ExifList, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
+    showExif({{"Make", "Acme"}, {"Software", "Editor"}, {"DateTimeOriginal", "2004:01:31 15:05:09"}});
     EXPECT_EQ(list.tag(), path);
     const ListRow& make = list.row(rowOf(list, "Make"));
     EXPECT_EQ(make.key, QStringLiteral("Make"));
@@ -58,38 +66,22 @@ TEST(MetadataLists, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
     EXPECT_EQ(list.row(rowOf(list, "Date/Time Original")).key, QStringLiteral("DateTimeOriginal"));
 }
 
-TEST(MetadataLists, ADateThatIsNoneIsReportedAndTheRowsBeforeItStay) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("Make"), QStringLiteral("Acme"));
-    box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("yesterday"));
-    box.ExifSet(QStringLiteral("FNumber"), QStringLiteral("28/10"));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(ExifList, ADateThatIsNoneIsReportedAndTheRowsBeforeItStay) {
+    showExif({{"Make", "Acme"}, {"DateTime", "yesterday"}, {"FNumber", "28/10"}});
     ASSERT_EQ(desktop.reports.size(), 1u);
     EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modMetadata.ReadFileEXIFInfo"));
     EXPECT_EQ(valueOf(list, "Make"), QStringLiteral("Acme"));
     EXPECT_EQ(rowOf(list, "F-Number"), -1);
 }
 
-TEST(MetadataLists, AnUnknownDateOfACameraIsNoError) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("0000:00:00 00:00:00"));
-    box.ExifSet(QStringLiteral("DateTimeOriginal"), QStringLiteral("    :  :     :  :  "));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(ExifList, AnUnknownDateOfACameraIsNoError) {
+    showExif({{"DateTime", "0000:00:00 00:00:00"}, {"DateTimeOriginal", "    :  :     :  :  "}});
     EXPECT_TRUE(desktop.reports.empty());
     EXPECT_EQ(valueOf(list, "Date/Time"), QStringLiteral("12/30/1899 12:00:00 AM"));
 }
 
-TEST(MetadataLists, AValueThatCannotBeWordedShowsRawAndTheListGoesOn) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("ExposureTime"), QStringLiteral("0/1"));
-    box.ExifSet(QStringLiteral("MeteringMode"), QStringLiteral("5"));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(ExifList, AValueThatCannotBeWordedShowsRawAndTheListGoesOn) {
+    showExif({{"ExposureTime", "0/1"}, {"MeteringMode", "5"}});
     EXPECT_EQ(desktop.reports.size(), 1u);
     EXPECT_EQ(valueOf(list, "Exposure Time"), QStringLiteral("0/1"));
     EXPECT_EQ(valueOf(list, "Metering Mode"), QStringLiteral("Multi-segment"));
