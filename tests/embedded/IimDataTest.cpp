@@ -50,11 +50,10 @@ TEST(IimData, UnchangedDataSetsKeepTheirBytes) {
 }
 
 TEST(IimData, TextsAreReadInTheirCharacterSet) {
-    struct Case {
+    const struct {
         QByteArray bytes;
         QString text;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {dataSet(headline, "plain"), QStringLiteral("plain")},
         {dataSet(headline, "caf\xE9"), QStringLiteral("café")},
         {dataSet(headline, "caf\xC3\xA9"), QStringLiteral("café")},
@@ -63,7 +62,7 @@ TEST(IimData, TextsAreReadInTheirCharacterSet) {
         {dataSet(headline, QByteArray("filled\0\0", 8)), QStringLiteral("filled")},
         {dataSet(headline, ""), QString()},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(IimData(c.bytes).text(headline), c.text) << c.bytes.toHex().constData();
 }
 
@@ -155,12 +154,14 @@ TEST(ResourceBlocks, OtherBlocksKeepTheirBytesAndPlaces) {
 }
 
 TEST(ResourceBlocks, ABlockIsFoundThatFollowsOneWithoutFillingOrWithAClaimOfMore) {
-    for (const QByteArray& last : {ResourceBlocks::block(0x0400, "odd").chopped(1),
-                                   ResourceBlocks::block(0x0400, "a long one").chopped(4)}) {
+    const std::pair<QByteArray, QByteArray> cases[] = {
+        {ResourceBlocks::block(0x0400, "odd").chopped(1), "odd"},
+        {ResourceBlocks::block(0x0400, "a long one").chopped(4), ""},
+    };
+    for (const auto& [last, data] : cases) {
         ResourceBlocks blocks(last);
-        const QByteArray before = blocks.data(0x0400);
         blocks.replace(0x0404, "data");
-        EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0400), before);
+        EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0400), data);
         EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0404), "data");
     }
 }

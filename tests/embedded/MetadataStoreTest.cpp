@@ -81,13 +81,12 @@ TEST(MetadataStore, EachAttributeTakesTextInItsOwnType) {
 }
 
 TEST(MetadataStore, NumbersAreWrittenInTheByteOrderOfTheirBlock) {
-    struct NumberCase {
+    constexpr struct {
         const char* name;
         const char* text;
         const char* entry; ///< hexadecimal: tag, type, count, and the value where it fits
         const char* value;
-    };
-    constexpr NumberCase cases[] = {
+    } cases[] = {
         {"Orientation", "6", "0112 0003 00000001 0006", ""},
         {"JPEGProc", "305419896", "0200 0004 00000001 12345678", ""},
         {"XResolution", "300/7", "011a 0005 00000001", "0000012c 00000007"},
@@ -105,7 +104,7 @@ TEST(MetadataStore, NumbersAreWrittenInTheByteOrderOfTheirBlock) {
         }
         return joined;
     };
-    for (const NumberCase& c : cases) {
+    for (const auto& c : cases) {
         for (const bool bigEndian : {false, true}) {
             MetadataStore store = storeWithExif(bigEndian ? emptyBigEndianBlock : QByteArray());
             ASSERT_TRUE(store.ExifSet(word(c.name), word(c.text))) << c.name;
@@ -144,11 +143,10 @@ TEST(MetadataStore, NamesAndValuesThatMakeNoSenseAreRefusedAndChangeNothing) {
 }
 
 TEST(MetadataStore, CommentsAreReadInTheCharacterSetThatTheyName) {
-    struct Comment {
+    const struct {
         QByteArray bytes;
         const char* text;
-    };
-    const Comment cases[] = {
+    } cases[] = {
         {QByteArray("ASCII\0\0\0plain\0\0", 15), "plain"},
         {QByteArray("UNICODE\0\0h\0i", 12), "hi"},
         {QByteArray("UNICODE\0h\0i\0", 12), "hi"},
@@ -158,7 +156,7 @@ TEST(MetadataStore, CommentsAreReadInTheCharacterSetThatTheyName) {
         {QByteArray("UNICODE\0h", 9), ""},
         {QByteArray("short", 5), "short"},
     };
-    for (const Comment& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(storeWithExif(bigEndianComment(c.bytes)).ExifValueByName(word("UserComment")), word(c.text))
             << c.bytes.toHex().constData();
 }
@@ -249,18 +247,17 @@ TEST(MetadataStore, WithinALimitOnlyTheThumbnailGoes) {
 }
 
 TEST(ExifDate, TextsBecomeDatesAndBack) {
-    struct DateCase {
-        const char* text;
-        QDateTime date;
-    };
     const QDateTime day(QDate(2004, 1, 31), QTime(0, 0));
     const QDateTime moment(QDate(2004, 1, 31), QTime(15, 5, 9));
-    const DateCase cases[] = {
+    const struct {
+        const char* text;
+        QDateTime date;
+    } cases[] = {
         {"2004:01:31 15:05:09", moment},          {"2004-01-31T15:05:09+01:00", moment},
         {" 2004:01:31 15:05:09 ", moment},        {"2004:01:31", day},
         {"2004:01:31 15:05", moment.addSecs(-9)},
     };
-    for (const DateCase& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(exifTextToDate(word(c.text)), c.date) << c.text;
     EXPECT_EQ(exifDateToText(moment), word("2004:01:31 15:05:09"));
     for (const char* text : {"today", "2004:02:30 00:00:00", "2004:01:31 25:00:00", "2004", "31.01.2004"})

@@ -8,7 +8,6 @@
 #include "tests/support/TestPictures.h"
 
 #include <gtest/gtest.h>
-#include <thread>
 #include <vector>
 
 using namespace tarsel;
@@ -62,24 +61,6 @@ TEST(Picture, ThePoolKeepsNoMoreThanItsLimit) {
     pictures.clear();
     EXPECT_GT(PixelBuffer::pooledBytes(), 0U);
     EXPECT_LE(PixelBuffer::pooledBytes(), PixelBuffer::KeptBytes);
-}
-
-TEST(Picture, ThreadsMakeShareAndDropPicturesAtTheSameTime) {
-    const Picture shared = noisePicture(300, 400, 3);
-    const auto work = [shared](int seed) {
-        for (int i = 0; i < 200; ++i) {
-            Picture own = shared;
-            own.edit().data[0] = std::uint8_t(seed);
-            const Picture other(300 + i, 400, 3);
-            ASSERT_EQ(own.view().data[0], seed);
-        }
-    };
-    std::vector<std::thread> threads;
-    for (int seed = 0; seed < 4; ++seed)
-        threads.emplace_back(work, seed);
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_TRUE(shared == noisePicture(300, 400, 3));
 }
 
 TEST(Color, HasRedInTheLowByteOrNamesASystemColor) {
