@@ -15,8 +15,8 @@ namespace tarsel {
 
 /// What happens to a file that is about to be replaced and is the source of a row of the same run.
 enum class SourceReplacing {
-    KeptReadable,     ///< it is replaced; rows that are still to come read it as it was, and it is saved under
-                      ///< another name when one of them is not written
+    KeptReadable, ///< it is replaced; rows that are still to come read it as it was, and it is saved under
+                  ///< another name when one of them is not written
     RefusedUntilDone, ///< the row that would replace it is skipped, unless the file is its own source or the
                       ///< source of rows that were written already
     Refused           ///< the row that would replace it is skipped
