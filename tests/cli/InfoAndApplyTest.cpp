@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QJsonArray>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -158,7 +159,9 @@ TEST(ApplyCommand, APreviewAndALosslessApplyAreTheSamePixels) {
 TEST(ApplyCommand, ATransparentPictureIsLaidOnWhiteFirstWhereTheTargetHasNoAlpha) {
     const PictureFolder folder;
     Picture clear(16, 16, 4); // black without any cover
-    clear.edit();
+    const PixelView pixels = clear.edit();
+    for (int y = 0; y < 16; ++y)
+        std::fill_n(pixels.row(y), 16 * 4, std::uint8_t(0));
     ImageBox maker;
     maker.setPictureHandle(clear);
     maker.SaveToFile(folder.path(text("clear.png")));
