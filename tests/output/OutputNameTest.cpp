@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/OutputName.h"
 #include "tests/support/ErrorNumberOf.h"
+#include "tests/support/Text.h"
 
 #include <gtest/gtest.h>
 
 using namespace tarsel;
-using tarsel::test::errorNumberOf;
+using namespace tarsel::test;
 
 namespace {
-
-QString text(const char* latin1) {
-    return QString::fromLatin1(latin1);
-}
 
 /// Tokens stand for themselves in these tests.
 QString pathOf(const BatchSave& settings, int position = 1, const char* row = "dsc1") {
@@ -21,32 +18,21 @@ QString pathOf(const BatchSave& settings, int position = 1, const char* row = "d
         .path();
 }
 
-BatchSave settingsOf(int option) {
+BatchSave settingsOf(int option, int destination = 1) {
     BatchSave settings;
     settings.NameOption = qint16(option);
+    settings.DestinationOption = qint16(destination);
     settings.DestinationFolder = text("  /out/ ");
     return settings;
 }
 
 } // namespace
 
-TEST(OutputName, KeepsTheRowsTextWithItsOldExtensionIfItHasOne) {
-    const BatchSave settings = settingsOf(0);
-    EXPECT_EQ(pathOf(settings), text("/out/dsc1.jpg"));
-    EXPECT_EQ(pathOf(settings, 1, "scan.tif3"), text("/out/scan.tif3.jpg"));
-}
-
-TEST(OutputName, TheSourceFolderCountsInTheHybridOptionAlone) {
-    for (const int option : {0, 2}) {
-        BatchSave settings = settingsOf(option);
-        settings.DestinationOption = 0;
-        EXPECT_TRUE(pathOf(settings).startsWith(text("/out/"))) << option;
-    }
-    BatchSave hybrid = settingsOf(1);
-    hybrid.DestinationOption = 0;
-    EXPECT_TRUE(pathOf(hybrid).startsWith(text("/source/")));
-    hybrid.DestinationOption = 1;
-    EXPECT_TRUE(pathOf(hybrid).startsWith(text("/out/")));
+TEST(OutputName, TheSourceFolderCountsForNamesOfPartsAlone) {
+    EXPECT_EQ(pathOf(settingsOf(0, 0)), text("/out/dsc1.jpg"));
+    EXPECT_EQ(pathOf(settingsOf(0, 0), 1, "scan.tif3"), text("/out/scan.tif3.jpg"));
+    EXPECT_TRUE(pathOf(settingsOf(2, 0)).startsWith(text("/out/")));
+    EXPECT_TRUE(pathOf(settingsOf(1, 0)).startsWith(text("/source/")));
 }
 
 TEST(OutputName, SeparatorsStandEvenBesideNothing) {
@@ -60,9 +46,8 @@ TEST(OutputName, SeparatorsStandEvenBesideNothing) {
         {"Holiday", "[WhiteSpace]", "AND", "", "/out/Holiday dsc1AND.jpg"},
         {"", "-", "=", "end", "/out/-dsc1=end.jpg"},
     };
+    BatchSave settings = settingsOf(1);
     for (const Case& one : cases) {
-        BatchSave settings = settingsOf(1);
-        settings.DestinationOption = 1;
         settings.RenamePrefix = text(one.prefix);
         settings.Separator1 = text(one.separator1);
         settings.Separator2 = text(one.separator2);
@@ -75,7 +60,8 @@ TEST(OutputName, TheCountFollowsTheRowsPlaceWithoutPadding) {
     struct Case {
         const char* pattern;
         int position;
-        const char* expected;
+        const char* expected; ///< name; nothing for an error
+        qint32 error = 0;
     };
     const Case cases[] = {
         {"[Starting 1]", 1, "/out/Sample1.jpg"},
@@ -85,31 +71,27 @@ TEST(OutputName, TheCountFollowsTheRowsPlaceWithoutPadding) {
         {" 12 ", 1, "/out/Sample12.jpg"},
         {"-1", 1, "/out/Sample-1.jpg"},
         {"32767", 1, "/out/Sample32767.jpg"},
+        {"32767", 2, "", ErrorNumber::Overflow},
+        {"32768", 1, "", ErrorNumber::Overflow},
+        {"99999999999", 1, "", ErrorNumber::Overflow},
+        {"one", 1, "", ErrorNumber::TypeMismatch},
+        {"", 1, "", ErrorNumber::TypeMismatch},
     };
+    BatchSave settings = settingsOf(2);
     for (const Case& one : cases) {
-        BatchSave settings = settingsOf(2);
+        SCOPED_TRACE(one.pattern);
         settings.RenameGenericPattern = text(one.pattern);
-        EXPECT_EQ(pathOf(settings, one.position), text(one.expected));
+        QString path;
+        EXPECT_EQ(errorNumberOf([&] { path = pathOf(settings, one.position); }), one.error);
+        EXPECT_EQ(path, text(one.expected));
     }
 }
 
-TEST(OutputName, ACountBeyondSixteenBitsOrNoCountIsAnError) {
-    BatchSave settings = settingsOf(2);
-    const auto errorAt = [&](const char* pattern, int position) {
-        settings.RenameGenericPattern = text(pattern);
-        return errorNumberOf([&] { pathOf(settings, position); });
-    };
-    EXPECT_EQ(errorAt("32767", 2), ErrorNumber::Overflow);
-    EXPECT_EQ(errorAt("32768", 1), ErrorNumber::Overflow);
-    EXPECT_EQ(errorAt("99999999999", 1), ErrorNumber::Overflow);
-    EXPECT_EQ(errorAt("one", 1), ErrorNumber::TypeMismatch);
-    EXPECT_EQ(errorAt("", 1), ErrorNumber::TypeMismatch);
-}
-
 TEST(OutputName, ANameThatWouldLeaveItsFolderIsFaulty) {
-    EXPECT_TRUE(nameFault({text("/out/"), text("a\\b:c*?.jpg")}).isEmpty());
-    EXPECT_TRUE(nameFault({text("/out/"), text("...jpg")}).isEmpty());
+    const auto faultOf = [](const QString& name) { return nameFault({text("/out/"), name}); };
+    for (const char* name : {"a\\b:c*?.jpg", "...jpg"})
+        EXPECT_EQ(faultOf(text(name)), QString());
     for (const char* name : {"../a.jpg", "1/60.jpg", "/etc/passwd.jpg"})
-        EXPECT_TRUE(nameFault({text("/out/"), text(name)}).contains(text(name))) << name;
-    EXPECT_FALSE(nameFault({text("/out/"), QStringLiteral("a") + QChar(0) + text(".jpg")}).isEmpty());
+        EXPECT_TRUE(contains(faultOf(text(name)), name));
+    EXPECT_FALSE(faultOf(text("a") + QChar(0) + text(".jpg")).isEmpty());
 }

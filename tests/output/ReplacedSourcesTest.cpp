@@ -11,22 +11,17 @@ using namespace tarsel::test;
 
 namespace {
 
-QString text(const char* latin1) {
-    return QString::fromLatin1(latin1);
-}
-
 /// Two pictures of which the first row's file is to take the place of the second row's source "b.jpg". Their
 /// widths tell them apart.
 class TwoRowsOneTarget : public TestBasket {
 public:
     TwoRowsOneTarget() {
         settings.DestinationFolder = folder();
-        addPicture(text("a.png"), 30, 20);
-        addPicture(text("b.jpg"), 50, 20);
+        addPicture("a.png", 30, 20);
+        addPicture("b.jpg", 50, 20);
         pages.setText(0, text("b"));
     }
-    QByteArray bytes() const { return readWholeFile(path(text("b.jpg"))); }
-    int width() const { return loaded(path(text("b.jpg"))).Width(); }
+    QByteArray bytes() const { return readWholeFile(path("b.jpg")); }
 };
 
 struct Way {
@@ -39,70 +34,67 @@ const Way ways[] = {
     {"the same name", [](TestBasket&) {}},
     {"a linked folder",
      [](TestBasket& basket) {
-         ASSERT_TRUE(QFile::link(basket.folder(), basket.path(text("way"))));
-         basket.settings.DestinationFolder = basket.path(text("way/"));
+         ASSERT_TRUE(QFile::link(basket.folder(), basket.path("way")));
+         basket.settings.DestinationFolder = basket.path("way/");
      }},
     {"a link in the place of the target",
      [](TestBasket& basket) {
-         QDir().mkpath(basket.path(text("out")));
-         ASSERT_TRUE(QFile::link(basket.path(text("b.jpg")), basket.path(text("out/b.jpg"))));
-         basket.settings.DestinationFolder = basket.path(text("out/"));
+         ASSERT_TRUE(QFile::link(basket.path("b.jpg"), basket.path("out/b.jpg")));
+         basket.settings.DestinationFolder = basket.path("out/");
      }},
     {"a source through a link",
      [](TestBasket& basket) {
-         ASSERT_TRUE(QFile::link(basket.path(text("b.jpg")), basket.path(text("c.jpg"))));
-         basket.pages.setTag(1, basket.path(text("c.jpg")));
+         ASSERT_TRUE(QFile::link(basket.path("b.jpg"), basket.path("c.jpg")));
+         basket.pages.setTag(1, basket.path("c.jpg"));
      }},
     {"a size after the tasks",
      [](TestBasket& basket) {
-         basket.addTask(text("1"), text("flip"), {"0"});
-         ASSERT_TRUE(QFile::rename(basket.path(text("b.jpg")), basket.path(text("30x20.jpg"))));
-         ASSERT_TRUE(QFile::link(basket.path(text("30x20.jpg")), basket.path(text("b.jpg"))));
+         basket.addTask("1", "flip", {"0"});
+         ASSERT_TRUE(QFile::rename(basket.path("b.jpg"), basket.path("30x20.jpg")));
+         ASSERT_TRUE(QFile::link(basket.path("30x20.jpg"), basket.path("b.jpg")));
          basket.pages.setText(0, text(""));
          basket.pages.setText(1, text("z"));
-         basket.settings.NameOption = 1;
-         basket.settings.DestinationOption = 1;
+         basket.nameByParts("[Resulting resolution]");
          basket.settings.Separator1 = basket.settings.Separator2 = text("[No Separator]");
-         basket.settings.RenamePrefix = text("[Resulting resolution]");
-         basket.settings.RenameSuffix = text("[No Prefix]");
      }},
 };
 
 } // namespace
 
 TEST(ReplacedSources, TheCommandLineRefusesARowWhoseTargetAnotherRowStillNeeds) {
-    for (const Way& way : ways) {
+    for (const Way& way : ways)
         for (const auto policy : {SourceReplacing::RefusedUntilDone, SourceReplacing::Refused}) {
+            SCOPED_TRACE(way.what);
             TwoRowsOneTarget basket;
             way.arrange(basket);
             const QByteArray untouched = basket.bytes();
             basket.slice.sourceReplacing = policy;
             basket.slice.lastRow = 1;
             EXPECT_TRUE(basket.run());
-            EXPECT_EQ(basket.states(), "skipped") << way.what;
-            EXPECT_TRUE(basket.reasons().first().contains(text("source of row 2"))) << way.what;
-            EXPECT_EQ(basket.bytes(), untouched) << way.what;
+            EXPECT_EQ(basket.states(), "skipped");
+            EXPECT_TRUE(contains(basket.reasons().first(), "source of row 2"));
+            EXPECT_EQ(basket.bytes(), untouched);
         }
-    }
 }
 
 TEST(ReplacedSources, InTheWindowALaterRowReadsTheFileAsItWas) {
     for (const Way& way : ways) {
+        SCOPED_TRACE(way.what);
         TwoRowsOneTarget basket;
         way.arrange(basket);
         if (basket.settings.NameOption == 0)
             basket.pages.setText(1, text("z"));
-        EXPECT_TRUE(basket.run()) << way.what;
-        EXPECT_EQ(basket.states(), "written written") << way.what;
-        EXPECT_TRUE(basket.reasons().first().contains(text("source of row 2"))) << way.what;
-        EXPECT_EQ(basket.width(), 30) << way.what;
-        EXPECT_EQ(loaded(basket.results[1].target).Width(), 50) << way.what;
+        EXPECT_TRUE(basket.run());
+        EXPECT_EQ(basket.states(), "written written");
+        EXPECT_TRUE(contains(basket.reasons().first(), "source of row 2"));
+        EXPECT_EQ(basket.width("b.jpg"), 30);
+        EXPECT_EQ(loaded(basket.results[1].target).Width(), 50);
     }
 }
 
 TEST(ReplacedSources, APictureMayBeSavedOverItselfAndOverOnesThatAreDone) {
     TwoRowsOneTarget basket;
-    basket.addPicture(text("c.png"), 70, 20);
+    basket.addPicture("c.png", 70, 20);
     basket.pages.setText(2, text("b"));
     basket.pages.setText(0, text("a"));
     basket.slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
@@ -110,13 +102,13 @@ TEST(ReplacedSources, APictureMayBeSavedOverItselfAndOverOnesThatAreDone) {
     EXPECT_EQ(basket.states(), "written written written");
     EXPECT_EQ(basket.reasons().at(1), QString()) << "saved over itself";
     EXPECT_EQ(basket.reasons().at(2), text("replaces the file of row 2"));
-    EXPECT_EQ(basket.width(), 70);
+    EXPECT_EQ(basket.width("b.jpg"), 70);
 }
 
 TEST(ReplacedSources, ASourceOutsideTheSliceOrSkippedIsNotDone) {
     TwoRowsOneTarget basket;
     basket.pages.setText(0, text("a"));
-    basket.addPicture(text("c.png"), 70, 20);
+    basket.addPicture("c.png", 70, 20);
     basket.pages.setText(2, text("b"));
     basket.slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
     basket.slice.firstRow = 3;
@@ -126,7 +118,7 @@ TEST(ReplacedSources, ASourceOutsideTheSliceOrSkippedIsNotDone) {
     EXPECT_EQ(basket.bytes(), before);
 }
 
-TEST(ReplacedSources, ADryRunTellsTheSameAsTheRun) {
+TEST(ReplacedSources, ADryRunSaysTheSameAsTheRunAndWritesNothing) {
     TwoRowsOneTarget basket;
     basket.slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
     basket.slice.dryRun = true;
@@ -134,4 +126,5 @@ TEST(ReplacedSources, ADryRunTellsTheSameAsTheRun) {
     EXPECT_EQ(basket.reasons(), QStringList({text("would replace the source of row 2"), SkipReason::DryRun}));
     EXPECT_FALSE(basket.results[0].isDry);
     EXPECT_TRUE(basket.results[1].isDry);
+    EXPECT_EQ(basket.files(), "a.png b.jpg");
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/output/TestBasket.h"
+#include "base/SafeFileWriter.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,11 +26,11 @@ Picture shadedPicture(int width, int height, int seed) {
 }
 
 TestBasket::TestBasket() {
-    settings.DestinationFolder = path(QStringLiteral("out")) + QLatin1Char('/');
+    settings.DestinationFolder = path("out/");
     QDir().mkpath(settings.DestinationFolder);
 }
 
-QString TestBasket::addPicture(const QString& name, int width, int height,
+QString TestBasket::addPicture(const char* name, int width, int height,
                                const std::function<void(ImageBox&)>& edit) {
     const QString file = path(name);
     ImageBox maker;
@@ -41,20 +42,45 @@ QString TestBasket::addPicture(const QString& name, int width, int height,
     return file;
 }
 
-void TestBasket::addRow(const QString& file, const QString& text) {
+void TestBasket::addPictures(std::initializer_list<const char*> names) {
+    for (const char* name : names)
+        addPicture(name);
+}
+
+void TestBasket::addRow(const char* name, const char* rowText) {
+    addRow(path(name), text(rowText));
+}
+
+void TestBasket::addRow(const QString& file, const QString& rowText) {
     ListRow row;
-    row.text = text;
+    row.text = rowText;
     row.tag = file;
     row.subItems = QStringList{QString(), QString(), QString(), file, QString()};
     pages.add(row);
 }
 
-void TestBasket::addTask(const QString& kind, const QString& key,
-                         std::initializer_list<const char*> columns) {
-    TaskRow row{.kind = kind, .key = key, .columns = {}};
+QString TestBasket::writeFile(const char* name, const QByteArray& bytes) const {
+    writeFileSafely(path(name), bytes);
+    return path(name);
+}
+
+void TestBasket::nameByParts(const char* prefix, const char* suffix) {
+    settings.NameOption = 1;
+    settings.DestinationOption = 1;
+    settings.RenamePrefix = text(prefix);
+    settings.RenameSuffix = text(suffix);
+}
+
+void TestBasket::importExif(const char* name, const QByteArray& records) {
+    settings.ImportEXIF = 1;
+    settings.ImportEXIFFile = writeFile(name, records);
+}
+
+void TestBasket::addTask(const char* kind, const char* key, std::initializer_list<const char*> columns) {
+    TaskRow row{.kind = text(kind), .key = text(key), .columns = {}};
     int number = 1;
     for (const char* column : columns)
-        row.column(number++) = QString::fromLatin1(column);
+        row.column(number++) = text(column);
     tasks.append(row);
     settings.ProcessEditingList = 1;
 }
@@ -85,8 +111,19 @@ std::string TestBasket::targets() const {
     return joined(names);
 }
 
-std::string TestBasket::files(const QString& subFolder) const {
-    return joined(QDir(m_folder.filePath(subFolder)).entryList(QDir::Files | QDir::Hidden, QDir::Name));
+QString TestBasket::errors() const {
+    QStringList lines;
+    for (const ErrorReport& report : desktop.reports)
+        lines << report.ErrRoutine + text(": ") + report.ErrSystem;
+    return lines.join(QLatin1Char('\n'));
+}
+
+int TestBasket::width(const char* name) const {
+    return loaded(path(name)).Width();
+}
+
+std::string TestBasket::files(const char* subFolder) const {
+    return joined(QDir(path(subFolder)).entryList(QDir::Files | QDir::Hidden, QDir::Name));
 }
 
 ImageBox loaded(const QString& path) {
