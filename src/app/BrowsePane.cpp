@@ -22,6 +22,8 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
     tbsBrowse->setDocumentMode(true);
     tbsBrowse->setExpanding(false);
+    tbsBrowse->setUsesScrollButtons(false); // both tabs stay in view, with shortened texts where need be
+    tbsBrowse->setElideMode(Qt::ElideRight);
     tbsBrowse->addTab(tr("Browse File System"));
     tbsBrowse->addTab(tr("Task Basket"));
     m_tree->setFrameShape(QFrame::StyledPanel);

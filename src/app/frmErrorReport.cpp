@@ -27,7 +27,8 @@ frmErrorReport::frmErrorReport(ErrorReport report, QWidget* owner) :
     rows->addLayout(makeFacts());
     addInputs(rows);
     rows->addLayout(makeButtons());
-    setMinimumWidth(520);
+    setMinimumWidth(620);
+    findChild<QPushButton*>(QStringLiteral("cmdCancel"))->setFocus(); // an unexpected Enter must send nothing
 }
 
 QLayout* frmErrorReport::makeHeading() {

@@ -5,10 +5,24 @@
 #include "base/QuotedRecordReader.h"
 #include "base/SafeFileWriter.h"
 
+#include <QFileInfo>
 #include <new>
 #include <utility>
 
 namespace tarsel {
+
+namespace {
+
+/// Room for a million rows; a larger file is not a list of ours, and would only fill the memory.
+constexpr qint64 LargestListFile = qint64(256) << 20;
+
+void refuseHugeFile(const QString& path) {
+    if (const qint64 size = QFileInfo(path).size(); size > LargestListFile)
+        fail(ErrorNumber::UnreadableFile,
+             QStringLiteral("%1: %2 MB are too much for a list file").arg(path).arg(size >> 20));
+}
+
+} // namespace
 
 struct clsFile::State {
     std::optional<QuotedRecordReader> reader;
@@ -37,7 +51,10 @@ clsFile::~clsFile() = default;
 
 bool clsFile::OpenForRead(const QString& path) {
     *m_state = State();
-    return m_state->open([&] { m_state->reader.emplace(readWholeFile(path), path); });
+    return m_state->open([&] {
+        refuseHugeFile(path);
+        m_state->reader.emplace(readWholeFile(path), path);
+    });
 }
 
 bool clsFile::OpenForWrite(const QString& path) {

@@ -6,6 +6,10 @@
 #include "base/SaveFileDialog.h"
 #include "collections/BasketFile.h"
 
+#include <QCoreApplication>
+#include <algorithm>
+#include <ranges>
+
 namespace tarsel::basketActions {
 
 namespace {
@@ -32,6 +36,22 @@ bool mayReplaceRows() {
     return answer == MessageAnswer::Ok;
 }
 
+/// The list forms of the first two filters hold paths only.
+bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
+    constexpr int descriptionFilter = 3;
+    const auto isDescribed = [&](int row) {
+        return !lvPages.subItem(row, BasketColumn::Description).isEmpty();
+    };
+    if (filterIndex == descriptionFilter ||
+        std::ranges::none_of(std::views::iota(0, lvPages.count()), isDescribed))
+        return true;
+    const QString question = QCoreApplication::translate(
+        "BasketActions", "Descriptions are kept only in an image basket description file (*.ibd).\n"
+                         "Do you want to save the list without them?");
+    return desktop().messageBox(question, MessageIcon::Question, MessageButtons::YesNo, ApplicationName) ==
+           MessageAnswer::Yes;
+}
+
 } // namespace
 
 void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
@@ -47,7 +67,7 @@ void cmdPagesSave(const ListView& lvPages) {
     const auto choice = saveFileDialogFor({QStringLiteral("Save Basket"), basketFilter(), {}},
                                           modSaveOpenImageList::basketFilePath);
     QString reason;
-    if (choice &&
+    if (choice && mayLoseDescriptions(choice->filterIndex, lvPages) &&
         !modSaveOpenImageList::fncSaveImageBasket(choice->filterIndex, choice->path, lvPages, &reason))
         inform("Error saving image list!", "Please try again!", reason);
 }

@@ -48,12 +48,20 @@ void readRecord(const ConfigRecordData& defaults) {
 
 const QString uprightKey = QStringLiteral("BatchSave/UprightByExif");
 
+/// Bytes that are not settings would be reported at each end of the program, and partly kept.
+void removeDamagedSettings() {
+    if (QSettings(settingsPathBeside(), QSettings::IniFormat).status() == QSettings::FormatError)
+        QFile::remove(settingsPathBeside());
+}
+
 void readSettingsBeside() {
+    removeDamagedSettings();
     const QSettings settings(settingsPathBeside(), QSettings::IniFormat);
     ConfigRecord.BatchSave.UprightByExif = settings.value(uprightKey, true).toBool() ? 1 : 0;
 }
 
 void storeSettingsBeside() {
+    removeDamagedSettings();
     QSettings settings(settingsPathBeside(), QSettings::IniFormat);
     settings.setValue(uprightKey, ConfigRecord.BatchSave.UprightByExif == 1);
     settings.sync();

@@ -12,7 +12,7 @@ namespace tarsel {
 namespace {
 constexpr int UsualCharacter = 6; ///< average width of a character of the usual font
 constexpr int UsualWidth = 100;
-constexpr int CharactersOfAName = 18;
+constexpr int CharactersOfAName = 26;
 } // namespace
 
 TableColumns::TableColumns(QTreeView* table) : QObject(table), m_table(table) {
@@ -51,8 +51,12 @@ void TableColumns::fit() {
         room -= header->sectionSize(column);
     }
     if (header->count() > 0)
-        header->resizeSection(0,
-                              std::max({room, scaled(width(0)), scaled(CharactersOfAName * UsualCharacter)}));
+        header->resizeSection(0, std::max({room, scaled(width(0)), leastNameWidth()}));
+}
+
+/// Room for a name that can be told from its neighbours, beside the picture of its row.
+int TableColumns::leastNameWidth() const {
+    return m_table->iconSize().width() + scaled(CharactersOfAName * UsualCharacter);
 }
 
 int TableColumns::scaled(int width) const {

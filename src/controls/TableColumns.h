@@ -24,6 +24,7 @@ protected:
 
 private:
     void fit();
+    int leastNameWidth() const;
     int scaled(int width) const;
     void takeWidth(int column, int pixels);
 

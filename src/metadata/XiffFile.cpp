@@ -27,7 +27,7 @@ void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     if (!QFileInfo::exists(path)) // passed over in silence
         return;
     if (!file.OpenForRead(path))
-        fail(ErrorNumber::PermissionDenied, path);
+        throw *file.openError();
     int record = 1;
     try {
         for (; !file.fEof(); ++record)

@@ -15,6 +15,7 @@ public:
     bool OpenForRead(const QString& path);
     bool OpenForWrite(const QString& path);
     bool IsOpen() const { return m_file.isOpen(); }
+    const std::optional<TrappedError>& openError() const { return m_file.openError(); }
     const QString& FileName() const { return m_fileName; }
     bool fEof() const { return m_file.fEof(); }
 

@@ -5,8 +5,6 @@
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
 
-#include <QFileInfo>
-
 namespace tarsel::modSaveOpenImageList {
 
 namespace {
@@ -35,7 +33,7 @@ void readRecords(clsFile& file, TaskList& tasks, bool genericIcons, int& record)
 void writeTaskBasket(const QString& path, const TaskList& tasks) {
     clsFile file;
     if (!file.OpenForWrite(path))
-        fail(ErrorNumber::PermissionDenied, path);
+        throw *file.openError();
     for (int index = 0; index < tasks.count(); ++index)
         file.write_EditingList(fieldsOf(tasks.row(index)));
     file.closefile();
@@ -54,7 +52,7 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     tasks.clear();
     clsFile file;
     if (!file.OpenForRead(path))
-        fail(QFileInfo::exists(path) ? ErrorNumber::PermissionDenied : ErrorNumber::FileNotFound, path);
+        throw *file.openError();
     int record = 1;
     try {
         readRecords(file, tasks, genericIcons, record);

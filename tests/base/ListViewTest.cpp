@@ -13,11 +13,12 @@ using test::errorNumberOf;
 
 namespace {
 
-ListRow rowOf(const char* text, std::initializer_list<const char*> subItems = {}) {
-    ListRow row{.text = QString::fromUtf8(text), .tag = {}, .key = {}, .subItems = {}, .iconKey = {}};
-    for (const char* subItem : subItems)
-        row.subItems << QString::fromUtf8(subItem);
-    return row;
+ListRow rowOf(const QString& text, const QStringList& subItems = {}) {
+    return {.text = text, .tag = {}, .key = {}, .subItems = subItems, .iconKey = {}};
+}
+
+ListRow rowOf(const char* text, const char* subItem = "") {
+    return rowOf(QString::fromUtf8(text), {QString::fromUtf8(subItem)});
 }
 
 QString textsOf(const ListView& list) {
@@ -38,7 +39,7 @@ protected:
 } // namespace
 
 TEST_F(List, RowsKeepTheirPartsAndAreShownByColumn) {
-    ListRow row = rowOf("a", {"10KB", "/a"});
+    ListRow row = rowOf(QStringLiteral("a"), {QStringLiteral("10KB"), QStringLiteral("/a")});
     row.tag = QStringLiteral("/temp/a");
     row.key = QStringLiteral("Make");
     EXPECT_EQ(list.add(row), 0);
@@ -61,9 +62,9 @@ TEST_F(List, ARowOutOfRangeIsASubscriptError) {
 }
 
 TEST_F(List, SizesSortAsTextAndASecondClickTurnsTheOrder) {
-    list.add(rowOf("a", {"9.00KB"}));
-    list.add(rowOf("B", {"10.0KB"}));
-    list.add(rowOf("c", {"9.00KB"}));
+    list.add(rowOf("a", "9.00KB"));
+    list.add(rowOf("B", "10.0KB"));
+    list.add(rowOf("c", "9.00KB"));
     list.SortByColumn(1);
     EXPECT_EQ(textsOf(list), QStringLiteral("Bac"));
     list.SortByColumn(1);
@@ -114,7 +115,7 @@ TEST_F(List, ChangesOfTheSelectionAreToldOnce) {
 }
 
 TEST_F(List, OnlyTheTextColumnCanBeEditedAndOnlyWhenAllowed) {
-    list.add(rowOf("a", {"x"}));
+    list.add(rowOf("a", "x"));
     EXPECT_FALSE(list.setData(list.index(0, 0), QStringLiteral("b"), Qt::EditRole));
     list.setTextEditable(true);
     EXPECT_FALSE(list.setData(list.index(0, 1), QStringLiteral("y"), Qt::EditRole));
@@ -145,15 +146,10 @@ TEST(ListView, TheIndexedSearchFindsWhatAWalkFinds) {
         switch (list.count() < 5 ? 0 : below(7)) {
         case 0:
         case 1:
-            list.add({.text = someText(),
-                      .tag = {},
-                      .key = {},
-                      .subItems = {someText(), someText()},
-                      .iconKey = {}});
+            list.add(rowOf(someText(), {someText(), someText()}));
             break;
         case 2:
-            list.insert(below(list.count()),
-                        {.text = {}, .tag = {}, .key = {}, .subItems = {someText()}, .iconKey = {}});
+            list.insert(below(list.count()), rowOf(QString(), {someText()}));
             break;
         case 3:
             list.remove(below(list.count()));

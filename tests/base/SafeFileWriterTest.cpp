@@ -42,6 +42,16 @@ protected:
 
     static mode_t modeOf(const QString& path) { return facts(path).st_mode & 07777; }
 
+    void setMode(const QString& path, mode_t mode) const {
+        ASSERT_EQ(::chmod(local(path).constData(), mode), 0) << qPrintable(path);
+    }
+
+    /// The folder holds this file and no other.
+    void expectOnly(const char* name, const QByteArray& bytes) const {
+        EXPECT_EQ(everything(), QStringList{QString::fromUtf8(name)});
+        EXPECT_EQ(readWholeFile(in(name)), bytes);
+    }
+
     QStringList everything() const {
         return QDir(folder.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
@@ -72,64 +82,45 @@ TEST_F(SafeWriter, ANewFileGetsTheUsualModeAndLeavesNothingBeside) {
     const mode_t old = ::umask(027);
     writeFileSafely(in("a.jpg"), "abc");
     ::umask(old);
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("abc"));
     EXPECT_EQ(modeOf(in("a.jpg")), mode_t(0640));
-    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+    expectOnly("a.jpg", QByteArray("abc"));
 }
 
 TEST_F(SafeWriter, AReplacedFileKeepsModeOwnerAndTheAttributesOfItsUser) {
     writeFileSafely(in("a.jpg"), "a longer old text");
     const QByteArray path = local(in("a.jpg"));
-    ASSERT_EQ(::chmod(path.constData(), 0604), 0);
+    setMode(in("a.jpg"), 0604);
     const bool isRoot = ::geteuid() == 0;
-    if (isRoot) {
-        ASSERT_EQ(::chown(path.constData(), 1234, 2345), 0);
-    }
+    ASSERT_EQ(isRoot ? ::chown(path.constData(), 1234, 2345) : 0, 0);
     const bool attributes = ::setxattr(path.constData(), "user.comment", "mine", 4, 0) == 0;
     writeFileSafely(in("a.jpg"), "new");
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("new"));
-    EXPECT_EQ(modeOf(in("a.jpg")), mode_t(0604));
-    if (isRoot) {
-        EXPECT_EQ(facts(in("a.jpg")).st_uid, 1234u);
-        EXPECT_EQ(facts(in("a.jpg")).st_gid, 2345u);
-    }
-    if (attributes) {
-        char value[8] = {};
-        EXPECT_EQ(::getxattr(path.constData(), "user.comment", value, sizeof value), 4);
-    }
-    EXPECT_EQ(everything().size(), 1);
+    expectOnly("a.jpg", "new");
+    const struct stat found = facts(in("a.jpg"));
+    EXPECT_EQ(found.st_mode & 07777, mode_t(0604));
+    EXPECT_EQ(found.st_uid, isRoot ? 1234u : ::geteuid());
+    EXPECT_EQ(found.st_gid, isRoot ? 2345u : ::getegid());
+    char value[8] = {};
+    EXPECT_EQ(::getxattr(path.constData(), "user.comment", value, sizeof value), attributes ? 4 : -1);
 }
 
-TEST_F(SafeWriter, LinksStayLinksAndTheirTargetIsWritten) {
+TEST_F(SafeWriter, LinksStayLinksAndTheirTargetIsWrittenOrMade) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("deep")));
-    writeFileSafely(in("deep/real.jpg"), "old");
     ASSERT_EQ(::symlink("deep/second", local(in("first")).constData()), 0);
     ASSERT_EQ(::symlink("real.jpg", local(in("deep/second")).constData()), 0);
-    writeFileSafely(in("first"), "new");
-    EXPECT_TRUE(S_ISLNK(facts(in("first")).st_mode));
-    EXPECT_TRUE(S_ISLNK(facts(in("deep/second")).st_mode));
-    EXPECT_EQ(readWholeFile(in("deep/real.jpg")), QByteArray("new"));
-}
-
-TEST_F(SafeWriter, ADanglingLinkGetsItsTargetMade) {
-    ASSERT_EQ(::symlink("made.jpg", local(in("dangling")).constData()), 0);
-    writeFileSafely(in("dangling"), "new");
-    EXPECT_TRUE(S_ISREG(facts(in("made.jpg")).st_mode));
-    EXPECT_TRUE(S_ISLNK(facts(in("dangling")).st_mode));
+    for (const char* bytes : {"made", "written over"}) {
+        writeFileSafely(in("first"), bytes);
+        EXPECT_TRUE(S_ISLNK(facts(in("first")).st_mode));
+        EXPECT_TRUE(S_ISLNK(facts(in("deep/second")).st_mode));
+        EXPECT_TRUE(S_ISREG(facts(in("deep/real.jpg")).st_mode));
+        EXPECT_EQ(readWholeFile(in("deep/real.jpg")), QByteArray(bytes));
+    }
 }
 
 TEST_F(SafeWriter, WithoutACommitTheOldFileStaysAndNothingElse) {
     writeFileSafely(in("a.jpg"), "old");
-    {
-        SafeFileWriter writer(in("a.jpg"));
-        writer.write("half of the new");
-    }
-    {
-        SafeFileWriter writer(in("new.jpg"));
-        writer.write("half of the new");
-    }
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
-    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+    for (const char* name : {"a.jpg", "new.jpg"})
+        SafeFileWriter(in(name)).write("half of the new");
+    expectOnly("a.jpg", "old");
 }
 
 TEST_F(SafeWriter, ALibraryMayWriteByPathOrByDescriptor) {
@@ -179,23 +170,22 @@ TEST_F(SafeWriter, APathWithoutAFolderIsOneOfTheCurrentFolder) {
 
 TEST_F(SafeWriter, WithoutPermissionNothingChanges) {
     writeFileSafely(in("a.jpg"), "old");
-    ASSERT_EQ(::chmod(local(in("a.jpg")).constData(), 0444), 0);
-    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0777), 0);
+    setMode(in("a.jpg"), 0444);
+    setMode(folder.path(), 0777);
     {
         const OrdinaryUser user;
         EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), "x"); }), ErrorNumber::PermissionDenied);
     }
-    ASSERT_EQ(::chmod(local(in("a.jpg")).constData(), 0666), 0);
-    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0555), 0);
+    setMode(in("a.jpg"), 0666);
+    setMode(folder.path(), 0555);
     {
         const OrdinaryUser user;
         EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), "x"); }), ErrorNumber::PermissionDenied);
         EXPECT_EQ(messageOf([&] { writeFileSafely(in("b.jpg"), "x"); }),
                   "Permission denied: " + folder.path().toStdString() + ": Permission denied");
     }
-    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0700), 0);
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
-    EXPECT_EQ(everything().size(), 1);
+    setMode(folder.path(), 0700);
+    expectOnly("a.jpg", "old");
 }
 
 TEST_F(SafeWriter, ADiskThatFillsUpLeavesTheOldFileAndNoDebris) {
@@ -209,8 +199,7 @@ TEST_F(SafeWriter, ADiskThatFillsUpLeavesTheOldFileAndNoDebris) {
         EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("new.jpg"), QByteArray(5000, 'x')); }),
                   ErrorNumber::DiskFull);
     }
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
-    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+    expectOnly("a.jpg", QByteArray("old"));
 }
 
 TEST_F(SafeWriter, AFullFileSystemLeavesTheOldFileAndNoDebris) {
@@ -222,8 +211,7 @@ TEST_F(SafeWriter, AFullFileSystemLeavesTheOldFileAndNoDebris) {
               ErrorNumber::DiskFull);
     EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("b.jpg"), QByteArray(60000, 'n')); }),
               ErrorNumber::DiskFull);
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray(30000, 'o'));
-    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+    expectOnly("a.jpg", QByteArray(30000, 'o'));
     ::umount(mountPoint.constData());
 }
 
@@ -238,8 +226,7 @@ TEST_F(SafeWriter, AListFileThatFindsTheDiskFullAtItsCloseLeavesTheOldOne) {
         EXPECT_EQ(errorNumberOf([&] { file.closefile(); }), ErrorNumber::DiskFull);
     }
     EXPECT_FALSE(file.isOpen());
-    EXPECT_EQ(readWholeFile(in("a.ibf")), QByteArray("old"));
-    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.ibf")});
+    expectOnly("a.ibf", QByteArray("old"));
 }
 
 TEST_F(SafeWriter, TheBytesAreOnTheDiskBeforeTheOldFileGoes) {
@@ -249,13 +236,12 @@ TEST_F(SafeWriter, TheBytesAreOnTheDiskBeforeTheOldFileGoes) {
                   return errorNumberOf([&] { writeFileSafely(in("a.jpg"), "new"); });
               }),
               ErrorNumber::InvalidCall);
-    EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("old"));
-    EXPECT_EQ(everything(), QStringList{QStringLiteral("a.jpg")});
+    expectOnly("a.jpg", QByteArray("old"));
 }
 
 TEST_F(SafeWriter, WithoutUnnamedFilesTheResultIsTheSame) {
     writeFileSafely(in("a.jpg"), "old");
-    ASSERT_EQ(::chmod(local(in("a.jpg")).constData(), 0604), 0);
+    setMode(in("a.jpg"), 0604);
     EXPECT_EQ(test::inChild([&] {
                   test::refuseUnnamedFiles();
                   ::umask(027);
@@ -277,8 +263,8 @@ TEST_F(SafeWriter, ReadingTellsWhatIsWrong) {
     EXPECT_EQ(errorNumberOf([&] { readWholeFile(folder.path()); }), ErrorNumber::InvalidCall);
     EXPECT_EQ(errorNumberOf([&] { readWholeFile(QStringLiteral("/dev/zero")); }), ErrorNumber::InvalidCall);
     writeFileSafely(in("secret"), "x");
-    ASSERT_EQ(::chmod(local(in("secret")).constData(), 0), 0);
-    ASSERT_EQ(::chmod(local(folder.path()).constData(), 0777), 0);
+    setMode(in("secret"), 0);
+    setMode(folder.path(), 0777);
     const OrdinaryUser user;
     EXPECT_EQ(errorNumberOf([&] { readWholeFile(in("secret")); }), ErrorNumber::PermissionDenied);
 }

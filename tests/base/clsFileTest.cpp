@@ -71,21 +71,21 @@ TEST_F(ClsFile, FieldsAreReadQuotedOrNotAndWithAnyLineEnd) {
     }
 }
 
-TEST_F(ClsFile, AFieldMissingOnItsLineComesFromTheNextOne) {
-    openWith("\"a\"\r\n\"b\",\"c\"\r\n");
-    EXPECT_EQ(file.readFields(3), list({"a", "b", "c"}));
+TEST_F(ClsFile, FieldsEndAtAQuoteAndRunOnOverLines) {
+    const struct {
+        const char* bytes;
+        QStringList fields;
+    } cases[] = {{"\"a\"\r\n\"b\",\"c\"\r\n", list({"a", "b", "c"})}, // one is missing on its line
+                 {"\"he said \"hi\"\",\"b\"\r\n", list({"he said ", "hi\"\""})},
+                 {"\"never closed, and\r\nmore", list({"never closed, and\r\nmore"})}};
+    for (const auto& c : cases) {
+        openWith(c.bytes);
+        EXPECT_EQ(file.readFields(int(c.fields.size())), c.fields) << c.bytes;
+    }
     EXPECT_TRUE(file.fEof());
     openWith("\"a\",\"b\"\r\n\"c\"\r\n");
     EXPECT_EQ(file.readFields(2), list({"a", "b"}));
     EXPECT_EQ(errorNumberOf([&] { file.readFields(2); }), ErrorNumber::InputPastEnd);
-}
-
-TEST_F(ClsFile, AQuoteInsideAFieldCutsItThere) {
-    openWith("\"he said \"hi\"\",\"b\"\r\n");
-    EXPECT_EQ(file.readFields(2), list({"he said ", "hi\"\""}));
-    openWith("\"never closed, and\r\nmore");
-    EXPECT_EQ(file.readFields(1), list({"never closed, and\r\nmore"}));
-    EXPECT_TRUE(file.fEof());
 }
 
 TEST_F(ClsFile, LinesAreReadWithoutTheirEnds) {
@@ -100,14 +100,13 @@ TEST_F(ClsFile, LinesAreReadWithoutTheirEnds) {
 
 TEST_F(ClsFile, AFieldOrLineOfMegabytesIsRefusedAndEndsTheFile) {
     const std::string megabytes(3 << 20, 'a');
-    for (const std::string& text : {megabytes, '"' + megabytes + '"'}) {
-        openWith(text.c_str());
-        EXPECT_EQ(test::errorNumberOf([&] { file.readFields(1); }), ErrorNumber::InvalidCall);
-        EXPECT_TRUE(file.fEof());
-        openWith(text.c_str());
-        EXPECT_EQ(test::errorNumberOf([&] { file.readLine(); }), ErrorNumber::InvalidCall);
-        EXPECT_TRUE(file.fEof());
-    }
+    for (const std::string& text : {megabytes, '"' + megabytes + '"'})
+        for (const bool isLine : {false, true}) {
+            openWith(text.c_str());
+            EXPECT_EQ(errorNumberOf([&] { isLine ? (void)file.readLine() : (void)file.readFields(1); }),
+                      ErrorNumber::InvalidCall);
+            EXPECT_TRUE(file.fEof());
+        }
 }
 
 TEST_F(ClsFile, WithoutAnOpenFileNothingIsReadWrittenOrRaised) {

@@ -81,18 +81,22 @@ protected:
         return {made.width(), made.height()};
     }
 
-    static QStringList texts(const ListView& list) {
+    /// The texts of all rows, with blanks between them.
+    static std::string texts(const ListView& list) { return column(list, 0); }
+
+    static std::string column(const ListView& list, int number, char separator = ' ') {
         QStringList shown;
         for (int i = 0; i < list.count(); ++i)
-            shown << list.row(i).text;
-        return shown;
+            shown << (number == 0 ? list.row(i).text : list.subItem(i, number));
+        return shown.join(QLatin1Char(separator)).toStdString();
     }
 
-    static QStringList column(const ListView& list, int number) {
-        QStringList shown;
-        for (int i = 0; i < list.count(); ++i)
-            shown << list.subItem(i, number);
-        return shown;
+    std::string panel(const char* key) const { return status.panel(QLatin1String(key)).toStdString(); }
+
+    /// Small pictures in the picture folder.
+    void makePictures(std::initializer_list<const char*> names) const {
+        for (const char* name : names)
+            makePicture(picture(name), {4, 4});
     }
 
     QStringList pageFiles() const {

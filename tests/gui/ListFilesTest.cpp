@@ -20,7 +20,7 @@ public:
     ListFiles() {
         ListRow row;
         row.text = QStringLiteral("a");
-        row.subItems = QStringList(5, QStringLiteral("/x/a.jpg"));
+        row.subItems = QStringList(4, QStringLiteral("/x/a.jpg"));
         lvPages.add(row);
         tasks.appendAsRead({QStringLiteral("1"), QStringLiteral("flip"), {}}, QStringLiteral("flip"));
     }
@@ -71,6 +71,20 @@ TEST_F(ListFiles, AListThatTheAppendedExtensionLeadsToIsReplacedOnlyAfterAQuesti
         (this->*c.save)();
         EXPECT_NE(readWholeFile(path(c.existing)), QByteArray("old")) << c.typed;
     }
+}
+
+TEST_F(ListFiles, DescriptionsAreDroppedOnlyAfterAQuestion) {
+    lvPages.setSubItem(0, BasketColumn::Description, QStringLiteral("our dog"));
+    for (const bool accepted : {false, true}) {
+        desktop.fileChoices = {FileDialogChoice{path("paths.ibf"), 1}};
+        desktop.answers = {accepted ? MessageAnswer::Yes : MessageAnswer::No};
+        saveBasket();
+        EXPECT_EQ(QFile::exists(path("paths.ibf")), accepted);
+    }
+    desktop.messages.clear();
+    desktop.fileChoices = {FileDialogChoice{path("described.ibd"), 3}};
+    saveBasket();
+    EXPECT_TRUE(desktop.messages.empty());
 }
 
 TEST_F(ListFiles, ABasketThatCannotBeOpenedOrWrittenIsReportedByOneMessageWithTheReason) {

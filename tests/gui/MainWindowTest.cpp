@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/FolderTree.h"
 #include "base/SafeFileWriter.h"
 #include "controls/ListControl.h"
 #include "tests/gui/WindowTest.h"
@@ -9,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
 #include <QDir>
 #include <QFile>
@@ -25,8 +25,6 @@ namespace {
 
 class MainWindow : public WindowTest {
 protected:
-    QString panel(const char* key) { return window().workspace().sbMain.panel(QLatin1String(key)); }
-
     void clickRow(const char* list, int row, Qt::KeyboardModifiers modifiers = {}) {
         pressRow(list, row, modifiers);
         settle();
@@ -67,146 +65,78 @@ protected:
 
 } // namespace
 
-TEST_F(MainWindow, AnotherFolderChosenInTheMiddleOfAListingLeavesNoRowOfTheFirst) {
-    makePictures(10);
-    const QString other = path("other");
-    QDir().mkpath(other);
-    makePicture(other + QStringLiteral("/single.jpg"));
-    start();
-    auto& tree = child<FolderTree>(window(), "ftvBrowse");
-    ListView& list = window().workspace().lvFolder;
-    bool clicked = false;
-    QObject::connect(&list, &QAbstractItemModel::rowsInserted, &list, [&] {
-        if (!std::exchange(clicked, true))
-            QTimer::singleShot(0, &tree, [&] { tree.selectFolder(other); });
-    });
-    tree.selectFolder(pictures());
-    EXPECT_TRUE(waitFor([&] {
-        return clicked && !window().folderView().isRunning() &&
-               panel("folder").endsWith(QLatin1String("/other"));
-    }));
-    ASSERT_EQ(list.count(), 1);
-    EXPECT_EQ(list.row(0).text.toStdString(), "single.jpg");
-}
-
-TEST_F(MainWindow, AClickShowsThePictureAndItsFacts) {
-    makePictures(3);
-    start();
-    listFolder(pictures());
-    clickRow("lvFolder", 1);
-    EXPECT_EQ(panel("filename").toStdString(), "photo02.jpg");
-    EXPECT_EQ(panel("pages").toStdString(), "1 page(s)");
-    EXPECT_TRUE(panel("resolution").startsWith(QLatin1String("64 x 48  ")));
-    EXPECT_EQ(window().workspace().ibMain.Width(), 64);
-    click(window(), "cmdPreviewNext");
-    settle();
-    EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg");
-    click(window(), "cmdPreviewNext");
-    settle();
-    EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg") << "no step beyond the last row";
-}
-
-TEST_F(MainWindow, ADamagedPictureEmptiesThePreviewAndOpensNoDialog) {
-    makePictures(1);
+TEST_F(MainWindow, AClickShowsThePictureAndItsFactsAndSeveralRowsShowNoOther) {
     writeFileSafely(pictures() + QStringLiteral("/broken.jpg"), "\xff\xd8\xff\xe0 no picture");
+    makePictures(4);
     start();
     click(window(), "cmdDetailFolder");
     listFolder(pictures());
-    ASSERT_EQ(window().workspace().lvFolder.count(), 2);
+    ASSERT_EQ(texts(listed()), "broken.jpg photo01.jpg photo02.jpg photo03.jpg photo04.jpg");
+    clickRow("lvFolder", 3);
+    EXPECT_EQ(panel("filename"), "photo03.jpg");
+    EXPECT_EQ(panel("pages"), "1 page(s)");
+    EXPECT_EQ(panel("resolution").substr(0, 14), "64 X 48 X 24  ");
+    EXPECT_EQ(window().workspace().ibMain.Width(), 64);
+    for (int step = 0; step < 2; ++step) { // the second one finds no row
+        click(window(), "cmdPreviewNext");
+        settle();
+        EXPECT_EQ(panel("filename"), "photo04.jpg");
+    }
     clickRow("lvFolder", 0);
-    EXPECT_FALSE(window().workspace().ibMain.HasImage());
+    EXPECT_FALSE(window().workspace().ibMain.HasImage()) << "a damaged picture, and no dialog";
     clickRow("lvFolder", 1);
-    EXPECT_TRUE(window().workspace().ibMain.HasImage());
+    clickRow("lvFolder", 2, Qt::ControlModifier);
+    clickRow("lvFolder", 4, Qt::ShiftModifier);
+    EXPECT_EQ(panel("filename"), "photo01.jpg");
 }
 
-TEST_F(MainWindow, AddingTwiceAddsOnceAndRemovingCounts) {
-    makePictures(3);
-    start();
-    listFolder(pictures());
-    addAll();
-    addAll();
-    EXPECT_EQ(window().workspace().lvPages.count(), 3);
-    EXPECT_EQ(panel("queue").toStdString(), "3 file(s) in basket");
-    clickRow("lvPages", 1);
-    QTest::keyClick(child<ListControl>(window(), "lvPages").view(), Qt::Key_Delete);
-    EXPECT_EQ(panel("queue").toStdString(), "2 file(s) in basket");
-    EXPECT_EQ(window().workspace().lvPages.row(1).text.toStdString(), "photo03");
-}
-
-TEST_F(MainWindow, EnterInTheFolderListAddsTheSelection) {
-    makePictures(2);
-    start();
-    listFolder(pictures());
+TEST_F(MainWindow, RowsAreAddedByEnterAndDropMovedByDropRemovedByDeleteAndAllByNewBasket) {
+    startListing(3);
     clickRow("lvFolder", 1);
     QTest::keyClick(child<ListControl>(window(), "lvFolder").view(), Qt::Key_Return);
-    ASSERT_EQ(window().workspace().lvPages.count(), 1);
-    EXPECT_EQ(window().workspace().lvPages.row(0).text.toStdString(), "photo02");
-}
-
-TEST_F(MainWindow, NewBasketEmptiesAndDeletesThePageFiles) {
-    makePictures(2);
-    start();
-    listFolder(pictures());
-    addAll();
+    EXPECT_EQ(texts(basket()), "photo02");
+    selectAllOf("lvFolder");
+    auto& pages = child<ListControl>(window(), "lvPages");
+    Q_EMIT pages.rowsDropped(&child<ListControl>(window(), "lvFolder"), -1);
+    EXPECT_EQ(texts(basket()), "photo02 photo01 photo03");
+    clickRow("lvPages", 0);
+    Q_EMIT pages.rowsDropped(&pages, 2);
+    EXPECT_EQ(texts(basket()), "photo01 photo03 photo02");
+    clickRow("lvPages", 1);
+    QTest::keyClick(pages.view(), Qt::Key_Delete);
+    EXPECT_EQ(texts(basket()), "photo01 photo02");
+    EXPECT_EQ(panel("queue"), "2 file(s) in basket");
     const QString pageFile = programFolder() + QStringLiteral("/Temp/scan.tif1_17.tif");
     writeFileSafely(pageFile, "x");
     click(window(), "cmdPagesNew");
-    EXPECT_EQ(window().workspace().lvPages.count(), 0);
-    EXPECT_EQ(panel("queue").toStdString(), "New Basket");
+    EXPECT_EQ(basket().count(), 0);
+    EXPECT_EQ(panel("queue"), "New Basket");
     EXPECT_FALSE(QFile::exists(pageFile));
 }
 
-TEST_F(MainWindow, DroppedRowsAreAddedAndBasketRowsChangePlaces) {
-    makePictures(3);
-    start();
-    listFolder(pictures());
-    auto& folder = child<ListControl>(window(), "lvFolder");
-    auto& basket = child<ListControl>(window(), "lvPages");
-    selectAllOf("lvFolder");
-    Q_EMIT basket.rowsDropped(&folder, -1);
-    ASSERT_EQ(window().workspace().lvPages.count(), 3);
-    clickRow("lvPages", 0);
-    Q_EMIT basket.rowsDropped(&basket, 2);
-    EXPECT_EQ(window().workspace().lvPages.row(2).text.toStdString(), "photo01");
-}
-
-TEST_F(MainWindow, BasketSavedAndOpenedAgainHoldsTheSameFiles) {
-    makePictures(2);
-    start();
-    listFolder(pictures());
-    addAll();
+TEST_F(MainWindow, ABasketSavedIsOpenedAgainAndOverRowsOnlyAfterAQuestion) {
+    startWithBasket(2);
     TestDesktop scripted;
-    scripted.fileChoices.push_back(FileDialogChoice{path("list"), 2});
+    scripted.fileChoices = {FileDialogChoice{path("list"), 2}};
     click(window(), "cmdPagesSave");
     ASSERT_TRUE(QFile::exists(path("list.ibf")));
-    click(window(), "cmdPagesNew");
-    scripted.fileChoices.push_back(FileDialogChoice{path("list.ibf"), 1});
-    click(window(), "cmdPagesOpen");
-    EXPECT_EQ(window().workspace().lvPages.count(), 2);
-    ASSERT_EQ(scripted.fileDialogs.size(), 2u);
-    EXPECT_EQ(scripted.fileDialogs[0].title.toStdString(), "Save Basket");
-    EXPECT_TRUE(scripted.messages.empty());
-}
-
-TEST_F(MainWindow, OpeningABasketOverRowsAsksAndCancelKeepsThem) {
-    makePictures(2);
-    start();
-    listFolder(pictures());
-    addAll();
-    TestDesktop scripted;
     scripted.answers = {MessageAnswer::Cancel};
     click(window(), "cmdPagesOpen");
     ASSERT_EQ(scripted.messages.size(), 1u);
     EXPECT_EQ(scripted.messages[0].text.toStdString(),
               "There are currently files in the Basket!.\nDo you want to continue?");
-    EXPECT_EQ(window().workspace().lvPages.count(), 2);
-    EXPECT_TRUE(scripted.fileDialogs.empty());
+    EXPECT_EQ(basket().count(), 2);
+    click(window(), "cmdPagesNew");
+    scripted.fileChoices = {FileDialogChoice{path("list.ibf"), 1}};
+    click(window(), "cmdPagesOpen");
+    EXPECT_EQ(basket().count(), 2);
+    EXPECT_EQ(scripted.messages.size(), 1u);
+    ASSERT_EQ(scripted.fileDialogs.size(), 2u) << "none after Cancel";
+    EXPECT_EQ(scripted.fileDialogs[0].title.toStdString(), "Save Basket");
 }
 
 TEST_F(MainWindow, OpeningATaskListClickingARowAndRemovingOneReplayInEitherView) {
-    makePictures(1);
-    start();
-    listFolder(pictures());
+    startListing(1);
     clickRow("lvFolder", 0);
     const Picture before = shown();
     for (const char* type : {"Optimized", "Original"}) {
@@ -233,10 +163,8 @@ TEST_F(MainWindow, OpeningATaskListClickingARowAndRemovingOneReplayInEitherView)
 }
 
 TEST_F(MainWindow, OfPicturesClickedQuicklyTheLastIsShownAndDescribed) {
-    makePictures(3);
     makePicture(pictures() + QStringLiteral("/z.jpg"), {31, 17});
-    start();
-    listFolder(pictures());
+    startListing(3);
     TestDesktop scripted;
     scripted.fileChoices.push_back(FileDialogChoice{flipList(), 1});
     click(window(), "cmdEditBar_1");
@@ -252,57 +180,28 @@ TEST_F(MainWindow, OfPicturesClickedQuicklyTheLastIsShownAndDescribed) {
         }
         settle();
         EXPECT_TRUE(shown() == expected.picture()) << "the tasks ran once, on the picture clicked last";
-        EXPECT_EQ(panel("filename").toStdString(), "z.jpg");
-        EXPECT_TRUE(panel("resolution").startsWith(QLatin1String("31 x 17")))
-            << panel("resolution").toStdString();
+        EXPECT_EQ(panel("filename"), "z.jpg");
+        EXPECT_EQ(panel("resolution").substr(0, 7), "31 x 17");
         EXPECT_EQ(window().workspace().lvIPTC.count(), 52) << "rows of one picture";
         EXPECT_EQ(window().workspace().lvIPTC.tag(), pictures() + QStringLiteral("/z.jpg"));
         clickRow("lvFolder", 0);
     }
 }
 
-TEST_F(MainWindow, SeveralSelectedRowsLoadNoPicture) {
-    makePictures(4);
-    start();
-    listFolder(pictures());
-    clickRow("lvFolder", 0);
-    clickRow("lvFolder", 1, Qt::ControlModifier);
-    clickRow("lvFolder", 3, Qt::ShiftModifier);
-    EXPECT_EQ(panel("filename").toStdString(), "photo01.jpg");
-    clickRow("lvFolder", 2);
-    EXPECT_EQ(panel("filename").toStdString(), "photo03.jpg");
-}
-
 TEST_F(MainWindow, AddingADocumentLeavesThePreviewAndItsPanelsAlone) {
-    makePictures(1);
     makeDocument(pictures() + QStringLiteral("/scan.tif"), {{{9, 7}}, {{5, 6}}});
-    start();
-    listFolder(pictures());
+    startListing(1);
     clickRow("lvFolder", 0);
     const Picture before = shown();
-    EXPECT_EQ(panel("metadata").toStdString(), "No metadata") << "empty fields are not IPTC data";
+    EXPECT_EQ(panel("metadata"), "No metadata") << "empty fields are not IPTC data";
     addAll();
-    EXPECT_EQ(window().workspace().lvPages.count(), 3);
+    EXPECT_EQ(basket().count(), 3);
     EXPECT_TRUE(shown() == before);
     EXPECT_EQ(window().workspace().ibMain.Tag, window().preview().shownPath());
 }
 
-TEST_F(MainWindow, ThePreviewOfATransparentPictureIsLaidOnWhite) {
-    QImage image(8, 8, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    image.save(pictures() + QStringLiteral("/clear.png"));
-    start();
-    listFolder(pictures());
-    clickRow("lvFolder", 0);
-    ASSERT_EQ(shown().channels(), 3);
-    EXPECT_EQ(window().workspace().ibMain.PixelColor(4, 4), 0xFFFFFF);
-}
-
 TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
-    makePictures(2);
-    start();
-    listFolder(pictures());
-    addAll();
+    startWithBasket(2);
     script.on("frmAlbumDescription", [](QWidget& dialog) {
         QTest::keyClicks(&child<QPlainTextEdit>(dialog, "txtDescription"),
                          QStringLiteral("The \"old\" mill & I"));
@@ -313,64 +212,72 @@ TEST_F(MainWindow, ADescriptionLosesItsQuotesAndStaysWithItsRow) {
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, {},
                        view->visualRect(view->model()->index(1, 0)).center());
     EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
-    EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I");
+    EXPECT_EQ(basket().subItem(1, 5).toStdString(), "The old mill  I");
     script.on("frmAlbumDescription", [](QWidget& dialog) { click(dialog, "cmdAdd"); });
     Q_EMIT child<ListControl>(window(), "lvPages").rowDoubleClicked();
-    EXPECT_EQ(window().workspace().lvPages.subItem(1, 5).toStdString(), "The old mill  I")
+    EXPECT_EQ(basket().subItem(1, 5).toStdString(), "The old mill  I")
         << "the dialog opens with the row's text";
 }
 
-TEST_F(MainWindow, ATitleThatNoFileNameCanHoldIsRefusedWithAReason) {
-    makePictures(1);
-    start();
-    listFolder(pictures());
-    addAll();
+TEST_F(MainWindow, TheMenuKeyOpensTheMenuAndF2RenamesUnlessNoFileNameCanHoldTheTitle) {
+    startWithBasket(2);
     auto& control = child<ListControl>(window(), "lvPages");
-    const struct {
-        QString typed;
-        const char* title;
-        const char* status;
-    } cases[] = {
-        {QStringLiteral("a/b"), "photo01", "The title was not changed: it can't contain \"/\"."},
-        {QStringLiteral("  "), "photo01", "The title was not changed: it can't be empty."},
-        {QString(252, QLatin1Char('x')), "photo01", "The title was not changed: it is too long."},
-        {QStringLiteral("sea"), "sea", nullptr},
-    };
-    for (const auto& c : cases) {
-        control.editText(0);
-        auto* editor = control.view()->findChild<QLineEdit*>();
+    QAbstractItemView* view = control.view();
+    const auto typeTitle = [&](const QString& title) {
+        auto* editor = view->findChild<QLineEdit*>();
         ASSERT_TRUE(editor);
-        editor->setText(c.typed);
+        editor->setText(title);
         QTest::keyClick(editor, Qt::Key_Return);
         QCoreApplication::processEvents(); // the editor commits in an event of its own
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_EQ(control.list().row(0).text.toStdString(), c.title);
-        if (c.status) {
-            EXPECT_EQ(panel("status").toStdString(), c.status);
-        }
+    };
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    view->setFocus();
+    basket().selectOnly(1);
+    QTest::qWait(0);
+    QTest::keyClick(view, Qt::Key_F10, Qt::ShiftModifier);
+    auto& menu = child<QMenu>(window(), "mnuContext");
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+    QTest::keyClick(view, Qt::Key_F2);
+    typeTitle(QStringLiteral("sea"));
+    EXPECT_EQ(texts(basket()), "photo01 sea");
+    const std::pair<QString, const char*> refused[] = {
+        {QStringLiteral("a/b"), "The title was not changed: it can't contain \"/\"."},
+        {QStringLiteral("  "), "The title was not changed: it can't be empty."},
+        {QString(252, QLatin1Char('x')), "The title was not changed: it is too long."},
+    };
+    for (const auto& [typed, reason] : refused) {
+        SCOPED_TRACE(reason);
+        control.editText(1);
+        typeTitle(typed);
+        EXPECT_EQ(texts(basket()), "photo01 sea");
+        EXPECT_EQ(panel("status"), reason);
     }
 }
 
-TEST_F(MainWindow, AddingIsCancelledByTheButtonAndByEsc) {
-    makePictures(40);
-    start();
-    listFolder(pictures());
-    ListView& pages = window().workspace().lvPages;
+TEST_F(MainWindow, AddingEndsByTheButtonByEscAndByClosingTheWindow) {
+    startListing(40);
     auto& cancel = child<QAbstractButton>(window(), "cmdCancelAdding");
     EXPECT_FALSE(cancel.isVisible());
-    const std::function<void()> ways[] = {[&] { click(window(), "cmdCancelAdding"); },
-                                          [&] { QTest::keyClick(&window(), Qt::Key_Escape); }};
-    for (const auto& way : ways) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"button", [&] { click(window(), "cmdCancelAdding"); }},
+        {"Esc", [&] { QTest::keyClick(&window(), Qt::Key_Escape); }},
+        {"close", [&] { window().close(); }},
+    };
+    for (const auto& [name, way] : ways) {
+        SCOPED_TRACE(name);
         click(window(), "cmdPagesNew");
-        QTimer watch;
-        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-            if (pages.count() >= 3)
-                way();
-        });
-        watch.start(0);
+        int rowsAtTheEnd = -1;
+        when([&] { return basket().count() >= 3; },
+             [&] {
+                 way();
+                 rowsAtTheEnd = basket().count();
+             });
         addAll();
-        EXPECT_GE(pages.count(), 3);
-        EXPECT_LT(pages.count(), 40);
+        EXPECT_EQ(basket().count(), rowsAtTheEnd);
+        EXPECT_LT(basket().count(), 40);
         EXPECT_FALSE(cancel.isVisible());
     }
 }
@@ -385,12 +292,11 @@ TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty
     TestDesktop scripted;
     scripted.onYield = [] { QCoreApplication::processEvents(); };
     click(window(), "cmdDetailFolder");
-    ListView& list = window().workspace().lvFolder;
     int shown = 0;
     for (const QString& folder : folders) {
         listFolder(folder);
         child<ListControl>(window(), "lvFolder").setFocus();
-        for (int row = 0; row < list.count(); ++row) {
+        for (int row = 0; row < listed().count(); ++row) {
             clickRow("lvFolder", row);
             shown += window().workspace().ibMain.HasImage() ? 1 : 0;
             QCoreApplication::processEvents();
@@ -403,17 +309,28 @@ TEST_F(MainWindow, EveryFolderOfTheCorpusIsListedAndEveryPictureShownOrLeftEmpty
             << report.ErrSystem.toStdString();
 }
 
-TEST_F(MainWindow, NoButtonIsBlankOrWithoutAName) {
+TEST_F(MainWindow, AScreenReaderHearsListsPanelsStatesAndEveryButton) {
     start();
+    const auto spoken = [&](QWidget& widget) {
+        return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name).toStdString();
+    };
+    EXPECT_EQ(spoken(*child<ListControl>(window(), "lvPages").view()), "Pictures and pages in the basket");
+    EXPECT_EQ(spoken(child<QWidget>(window(), "sbMain_queue")), "No files in basket");
+    EXPECT_EQ(spoken(child<QWidget>(window(), "cmdRefreshFolder")), "Refresh");
+    for (const char* name : {"cmdThumbnailFolder", "cmdDetailFolder"}) {
+        click(window(), name);
+        const auto* button = QAccessible::queryAccessibleInterface(&child<QToolButton>(window(), name));
+        EXPECT_TRUE(button->state().checkable && button->state().checked) << name;
+    }
+    EXPECT_FALSE(child<QToolButton>(window(), "cmdThumbnailFolder").isChecked());
     for (const QAbstractButton* button : window().findChildren<QAbstractButton*>()) {
         const auto* arrow = qobject_cast<const QToolButton*>(button);
         if (!button->isVisible() || button->objectName().startsWith(QLatin1String("qt_")) ||
             button->objectName().isEmpty() || (arrow && arrow->arrowType() != Qt::NoArrow))
             continue;
-        EXPECT_FALSE(button->icon().isNull() && button->text().isEmpty())
-            << button->objectName().toStdString();
-        EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty())
-            << button->objectName().toStdString();
+        const std::string name = button->objectName().toStdString();
+        EXPECT_FALSE(button->icon().isNull() && button->text().isEmpty()) << name;
+        EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty()) << name;
     }
 }
 

@@ -68,16 +68,24 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([&] { return preview->isFinished(); }));
         return *preview;
     }
-    std::string textOf(const char* label) { return control<QLabel>(label).text().toStdString(); }
     void choose(const char* option) {
-        QTest::mouseClick(&control<QRadioButton>(option), Qt::LeftButton, {}, {8, 8});
+        QTest::mouseClick(&control<QAbstractButton>(option), Qt::LeftButton, {}, {8, 8});
     }
-    QStringList enabledAmong(std::initializer_list<const char*> names) {
-        QStringList enabled;
-        for (const char* name : names)
-            if (control<QWidget>(name).isEnabled())
-                enabled << QLatin1String(name);
-        return enabled;
+    void type(const char* box, const char* text) {
+        QLineEdit* edit = control<QComboBox>(box).lineEdit();
+        edit->clear();
+        QTest::keyClicks(edit, QString::fromLatin1(text));
+    }
+    /// What a control of any kind shows.
+    std::string valueOf(const char* name) {
+        QWidget& widget = control<QWidget>(name);
+        if (const auto* slider = qobject_cast<QSlider*>(&widget))
+            return std::to_string(slider->value());
+        if (const auto* button = qobject_cast<QAbstractButton*>(&widget))
+            return button->isChecked() ? "on" : "off";
+        if (const auto* box = qobject_cast<QComboBox*>(&widget))
+            return box->currentText().toStdString();
+        return widget.property("text").toString().toStdString();
     }
 
     TestDesktop desktop;
@@ -86,10 +94,6 @@ protected:
     ListView tasks;
     std::unique_ptr<frmSaveSinglePage> dialog;
 };
-
-const std::initializer_list<const char*> nameControls{"cboRenamePrefix",  "cboRenameSuffix",
-                                                      "cboSeparator1",    "cboSeparator2",
-                                                      "txtRenameGeneric", "cboRenameGeneric"};
 
 } // namespace
 
@@ -116,27 +120,24 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
     const BatchSave shown = settings;
     open();
     EXPECT_EQ(dialog->windowTitle().toStdString(), "Save single-page files");
-    EXPECT_EQ(control<QSlider>("sldJPGQuality").value(), 37);
-    EXPECT_EQ(control<QLabel>("lblJPGQuality").text().toStdString(), "37");
-    EXPECT_TRUE(control<QCheckBox>("chkJPGProgressive").isChecked());
-    EXPECT_TRUE(control<QRadioButton>("optJPEGDepth_1").isChecked());
-    EXPECT_EQ(control<QComboBox>("cboRenamePrefix").currentText().toStdString(), "Holiday");
-    EXPECT_EQ(control<QComboBox>("cboRenameSuffix").currentText().toStdString(), "[EXIF Make]");
-    EXPECT_EQ(control<QComboBox>("cboSeparator1").currentText().toStdString(), "AND");
-    EXPECT_EQ(control<QComboBox>("cboSeparator2").currentText().toStdString(), "[WhiteSpace]");
-    EXPECT_TRUE(control<QRadioButton>("OptName_1").isChecked());
-    EXPECT_EQ(control<QLineEdit>("txtRenameGeneric").text().toStdString(), "Album");
-    EXPECT_EQ(control<QComboBox>("cboRenameGeneric").currentText().toStdString(), "[Starting 1001]");
-    EXPECT_TRUE(control<QRadioButton>("optDestinationFolder_1").isChecked());
-    EXPECT_EQ(control<QLineEdit>("txtDestinationFolder").text().toStdString(), "C:\\");
-    EXPECT_FALSE(control<QCheckBox>("chkOverwrite").isChecked());
-    EXPECT_TRUE(control<QCheckBox>("chkImportIPTC").isChecked());
-    EXPECT_FALSE(control<QCheckBox>("chkImportEXIF").isChecked());
-    EXPECT_EQ(control<QLineEdit>("txtImportIPTC").text().toStdString(), "/a.ffo");
-    EXPECT_TRUE(control<QCheckBox>("chkProcessEditingList").isChecked());
-    EXPECT_FALSE(control<QCheckBox>("chkUpright").isChecked());
-    EXPECT_EQ(control<QLineEdit>("txtImportEXIF").text().toStdString(), "/a.xiff");
-
+    const std::pair<const char*, const char*> values[] = {
+        {"on", "chkJPGProgressive optJPEGDepth_1 OptName_1 optDestinationFolder_1 chkImportIPTC"},
+        {"on", "chkProcessEditingList"},
+        {"off", "chkOverwrite chkImportEXIF chkUpright"},
+        {"37", "sldJPGQuality lblJPGQuality"},
+        {"Holiday", "cboRenamePrefix"},
+        {"[EXIF Make]", "cboRenameSuffix"},
+        {"AND", "cboSeparator1"},
+        {"[WhiteSpace]", "cboSeparator2"},
+        {"Album", "txtRenameGeneric"},
+        {"[Starting 1001]", "cboRenameGeneric"},
+        {"C:\\", "txtDestinationFolder"},
+        {"/a.ffo", "txtImportIPTC"},
+        {"/a.xiff", "txtImportEXIF"},
+    };
+    for (const auto& [value, names] : values)
+        for (const QByteArray& name : QByteArray(names).split(' '))
+            EXPECT_EQ(valueOf(name), value) << name.constData();
     settings = {};
     click(*dialog, "cmdStarConversion");
     BatchSave expected = shown;
@@ -157,99 +158,88 @@ TEST_F(SaveDialog, OffersTheWholeVocabulary) {
         return texts;
     };
     EXPECT_EQ(entries("cboRenamePrefix"), namingTokens());
-    EXPECT_EQ(entries("cboRenameSuffix").size(), 25);
+    EXPECT_EQ(entries("cboRenameSuffix"), namingTokens());
     EXPECT_EQ(entries("cboSeparator1"), namingSeparators());
-    EXPECT_EQ(entries("cboSeparator2").size(), 10);
+    EXPECT_EQ(entries("cboSeparator2"), namingSeparators());
     EXPECT_EQ(entries("cboRenameGeneric"), namingCounts());
 }
 
-TEST_F(SaveDialog, EachWayOfNamingEnablesItsOwnControls) {
+TEST_F(SaveDialog, EachOptionEnablesItsOwnControls) {
+    const auto enabled = [&] {
+        QStringList names;
+        for (const char* name :
+             {"cboRenamePrefix", "cboRenameSuffix", "cboSeparator1", "cboSeparator2", "txtRenameGeneric",
+              "cboRenameGeneric", "txtDestinationFolder", "cmdDestinationFolder", "txtImportEXIF",
+              "cmdImportEXIF", "txtImportIPTC", "cmdImportIPTC"})
+            if (control<QWidget>(name).isEnabled())
+                names << QLatin1String(name);
+        return names.join(QLatin1Char(' ')).toStdString();
+    };
+    const std::string folder = "txtDestinationFolder cmdDestinationFolder";
+    const std::pair<const char*, std::string> cases[] = {
+        {"OptName_0", ""},
+        {"OptName_1", "cboRenamePrefix cboRenameSuffix cboSeparator1 cboSeparator2"},
+        {"OptName_2", "txtRenameGeneric cboRenameGeneric"},
+        {"optDestinationFolder_1", "txtRenameGeneric cboRenameGeneric " + folder},
+        {"OptName_0", folder},
+        {"chkImportEXIF", folder + " txtImportEXIF cmdImportEXIF"},
+        {"chkImportIPTC", folder + " txtImportEXIF cmdImportEXIF txtImportIPTC cmdImportIPTC"}};
     open();
-    EXPECT_EQ(enabledAmong(nameControls), QStringList());
-    choose("OptName_1");
-    EXPECT_EQ(enabledAmong(nameControls),
-              QStringList({QStringLiteral("cboRenamePrefix"), QStringLiteral("cboRenameSuffix"),
-                           QStringLiteral("cboSeparator1"), QStringLiteral("cboSeparator2")}));
-    choose("OptName_2");
-    EXPECT_EQ(enabledAmong(nameControls),
-              QStringList({QStringLiteral("txtRenameGeneric"), QStringLiteral("cboRenameGeneric")}));
-}
-
-TEST_F(SaveDialog, PathFieldsFollowTheirOptions) {
-    open();
-    EXPECT_FALSE(control<QWidget>("txtDestinationFolder").isEnabled());
-    EXPECT_FALSE(control<QWidget>("cmdDestinationFolder").isEnabled());
-    choose("optDestinationFolder_1");
-    EXPECT_TRUE(control<QWidget>("txtDestinationFolder").isEnabled());
-    EXPECT_TRUE(control<QWidget>("cmdDestinationFolder").isEnabled());
-    for (const char* kind : {"EXIF", "IPTC"}) {
-        const std::string name = kind;
-        EXPECT_FALSE(control<QWidget>(("txtImport" + name).c_str()).isEnabled());
-        control<QCheckBox>(("chkImport" + name).c_str()).click();
-        EXPECT_TRUE(control<QWidget>(("txtImport" + name).c_str()).isEnabled());
-        EXPECT_TRUE(control<QWidget>(("cmdImport" + name).c_str()).isEnabled());
+    for (const auto& [option, expected] : cases) {
+        choose(option);
+        EXPECT_EQ(enabled(), expected) << option;
     }
 }
 
-TEST_F(SaveDialog, CharactersThatNoFileNameHoldsAreDroppedWhileTyping) {
-    settings.NameOption = 1;
-    open();
-    for (const char* name : {"cboRenamePrefix", "cboRenameSuffix", "cboSeparator1", "cboSeparator2"}) {
-        QLineEdit* edit = control<QComboBox>(name).lineEdit();
-        edit->clear();
-        QTest::keyClicks(edit, QStringLiteral("a\"b*c/d:e<f>g?h\\i|j k.[x]"));
-        EXPECT_EQ(edit->text().toStdString(), "abcdefghij k.[x]") << name;
+TEST_F(SaveDialog, TypingDropsWhatNoNameHoldsAndIsNotCompleted) {
+    const char* typed = "a\"b*c/d:e<f>g?h\\i|j k.[x]";
+    const struct {
+        quint8 naming;
+        const char* box;
+        const char* typed;
+        const char* shown;
+    } cases[] = {
+        {1, "cboRenamePrefix", typed, "abcdefghij k.[x]"},
+        {1, "cboRenameSuffix", typed, "abcdefghij k.[x]"},
+        {1, "cboSeparator1", typed, "abcdefghij k.[x]"},
+        {1, "cboSeparator2", typed, "abcdefghij k.[x]"},
+        {1, "cboSeparator1", "A", "A"}, // the start of an entry
+        {2, "cboRenameGeneric", "a1-2.b3\b", "12"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.box);
+        settings.NameOption = c.naming;
+        open();
+        type(c.box, c.typed);
+        EXPECT_EQ(valueOf(c.box), c.shown);
     }
 }
 
-TEST_F(SaveDialog, TheCountBoxTakesDigitsAndBackspaceOnly) {
-    settings.NameOption = 2;
-    open();
-    QLineEdit* edit = control<QComboBox>("cboRenameGeneric").lineEdit();
-    edit->clear();
-    QTest::keyClicks(edit, QStringLiteral("a1-2.b3"));
-    EXPECT_EQ(edit->text().toStdString(), "123");
-    QTest::keyClick(edit, Qt::Key_Backspace);
-    EXPECT_EQ(edit->text().toStdString(), "12");
-}
-
-TEST_F(SaveDialog, TypingIsNotCompletedIntoAnEntry) {
-    settings.NameOption = 1;
-    open();
-    QLineEdit* edit = control<QComboBox>("cboSeparator1").lineEdit();
-    edit->clear();
-    QTest::keyClicks(edit, QStringLiteral("A"));
-    EXPECT_EQ(edit->text().toStdString(), "A");
-}
-
-struct CountCase {
-    const char* count;
-    const char* refusal; ///< empty when the count is accepted
-};
-class SaveDialogCount : public SaveDialog, public testing::WithParamInterface<CountCase> {};
-
-TEST_P(SaveDialogCount, IsCheckedWhateverTheWayOfNaming) {
-    settings.NameOption = 0;
-    open();
-    control<QComboBox>("cboRenameGeneric").setEditText(QLatin1String(GetParam().count));
-    click(*dialog, "cmdStarConversion");
-    EXPECT_EQ(settings.Confirmed, -1);
-    const bool refused = *GetParam().refusal != 0;
-    EXPECT_EQ(dialog->isVisible(), refused);
-    ASSERT_EQ(desktop.messages.size(), refused ? 1u : 0u);
-    if (refused) {
-        EXPECT_EQ(desktop.messages[0].text.toStdString(), GetParam().refusal);
+TEST_F(SaveDialog, TheCountIsCheckedWhateverTheWayOfNaming) {
+    const std::string empty = "The count variable cannot be empty!";
+    const std::string noNumber = "Count should be numeric!";
+    const struct {
+        const char* count;
+        std::string refusal; ///< empty when the count is accepted
+    } cases[] = {{"", empty},      {"   ", empty},       {"[Starting 2]", noNumber},
+                 {"1a", noNumber}, {"[Starting 1]", {}}, {"[Starting 1001]", {}},
+                 {" 7 ", {}},      {"99999", {}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.count);
+        desktop.messages.clear();
+        settings = {};
+        open();
+        control<QComboBox>("cboRenameGeneric").setEditText(QLatin1String(c.count));
+        click(*dialog, "cmdStarConversion");
+        EXPECT_EQ(settings.Confirmed, -1);
+        EXPECT_EQ(dialog->isVisible(), !c.refusal.empty());
+        ASSERT_EQ(desktop.messages.size(), c.refusal.empty() ? 0u : 1u);
+        if (c.refusal.empty())
+            continue;
+        EXPECT_EQ(desktop.messages[0].text.toStdString(), c.refusal);
         EXPECT_EQ(desktop.messages[0].icon, MessageIcon::Information);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Counts, SaveDialogCount,
-                         testing::Values(CountCase{"", "The count variable cannot be empty!"},
-                                         CountCase{"   ", "The count variable cannot be empty!"},
-                                         CountCase{"[Starting 2]", "Count should be numeric!"},
-                                         CountCase{"1a", "Count should be numeric!"},
-                                         CountCase{"[Starting 1]", ""}, CountCase{"[Starting 1001]", ""},
-                                         CountCase{" 7 ", ""}, CountCase{"99999", ""}));
 
 TEST_F(SaveDialog, AfterARefusalTheNamesAreCopiedAndTheCloseBoxLetsTheRunGoAhead) {
     settings.NameOption = 1;
@@ -264,45 +254,40 @@ TEST_F(SaveDialog, AfterARefusalTheNamesAreCopiedAndTheCloseBoxLetsTheRunGoAhead
     EXPECT_EQ(settings.DestinationFolder.toStdString(), "/out/") << "the refusal came before the folder";
 }
 
-TEST_F(SaveDialog, EscapeLeavesLikeExit) {
-    settings.Confirmed = -1;
-    open();
-    QTest::keyClick(dialog.get(), Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
-    EXPECT_EQ(settings.Confirmed, 0);
+TEST_F(SaveDialog, ExitAndEscapeKeepTheOptionsClickedAndNothingElse) {
+    const std::function<void()> ways[] = {[&] { click(*dialog, "cmdExit"); },
+                                          [&] { QTest::keyClick(dialog.get(), Qt::Key_Escape); }};
+    for (const auto& leave : ways) {
+        settings = {};
+        settings.Confirmed = -1;
+        BatchSave expected;
+        expected.NameOption = 2;
+        expected.DestinationOption = 1;
+        open();
+        choose("OptName_2");
+        choose("optDestinationFolder_1");
+        control<QSlider>("sldJPGQuality").setValue(11);
+        control<QLineEdit>("txtRenameGeneric").setText(QStringLiteral("Other"));
+        leave();
+        EXPECT_FALSE(dialog->isVisible());
+        EXPECT_EQ(fieldsOf(settings), fieldsOf(expected)) << (&leave - ways);
+    }
 }
 
-TEST_F(SaveDialog, OptionsClickedAreKeptByExitAndNothingElseIs) {
-    open();
-    choose("OptName_2");
-    choose("optDestinationFolder_1");
-    control<QSlider>("sldJPGQuality").setValue(11);
-    control<QLineEdit>("txtRenameGeneric").setText(QStringLiteral("Other"));
-    click(*dialog, "cmdExit");
-    EXPECT_EQ(settings.NameOption, 2);
-    EXPECT_EQ(settings.DestinationOption, 1);
-    EXPECT_EQ(settings.JpegQuality, 80);
-    EXPECT_EQ(settings.RenameGeneric.toStdString(), "Sample");
-    EXPECT_EQ(settings.Confirmed, 0);
+TEST_F(SaveDialog, EnterSavesAndTheFolderIsStoredWithASeparatorUnlessItIsADriveRoot) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"/home/pics", "/home/pics/"}, {"/home/pics/", "/home/pics//"}, {"C:\\", "C:\\"}, {"/", "//"}};
+    for (const auto& [typed, stored] : cases) {
+        settings.Confirmed = 0;
+        open();
+        EXPECT_EQ(dialog->focusWidget(), &control<QSlider>("sldJPGQuality"));
+        control<QLineEdit>("txtDestinationFolder").setText(QLatin1String(typed));
+        QTest::keyClick(child<ListControl>(*dialog, "lvNames").view(), Qt::Key_Return);
+        EXPECT_EQ(settings.Confirmed, -1);
+        EXPECT_FALSE(dialog->isVisible());
+        EXPECT_EQ(settings.DestinationFolder.toStdString(), stored) << typed;
+    }
 }
-
-struct FolderCase {
-    const char* typed;
-    const char* stored;
-};
-class SaveDialogFolder : public SaveDialog, public testing::WithParamInterface<FolderCase> {};
-
-TEST_P(SaveDialogFolder, IsStoredWithASeparatorUnlessItIsADriveRoot) {
-    open();
-    control<QLineEdit>("txtDestinationFolder").setText(QLatin1String(GetParam().typed));
-    click(*dialog, "cmdStarConversion");
-    EXPECT_EQ(settings.DestinationFolder.toStdString(), GetParam().stored);
-}
-
-INSTANTIATE_TEST_SUITE_P(Folders, SaveDialogFolder,
-                         testing::Values(FolderCase{"/home/pics", "/home/pics/"},
-                                         FolderCase{"/home/pics/", "/home/pics//"},
-                                         FolderCase{"C:\\", "C:\\"}, FolderCase{"/", "//"}));
 
 TEST_F(SaveDialog, BrowseButtonsTakeAnAnswerAndKeepTheTextOnCancel) {
     settings.DestinationOption = 1;
@@ -311,21 +296,13 @@ TEST_F(SaveDialog, BrowseButtonsTakeAnAnswerAndKeepTheTextOnCancel) {
     desktop.folderChoices = {QStringLiteral("/chosen"), std::nullopt};
     click(*dialog, "cmdDestinationFolder");
     click(*dialog, "cmdDestinationFolder");
-    EXPECT_EQ(control<QLineEdit>("txtDestinationFolder").text().toStdString(), "/chosen");
+    EXPECT_EQ(valueOf("txtDestinationFolder"), "/chosen");
     desktop.fileChoices = {FileDialogChoice{QStringLiteral("/x.xiff"), 1}, std::nullopt};
     click(*dialog, "cmdImportEXIF");
     click(*dialog, "cmdImportEXIF");
-    EXPECT_EQ(control<QLineEdit>("txtImportEXIF").text().toStdString(), "/x.xiff");
+    EXPECT_EQ(valueOf("txtImportEXIF"), "/x.xiff");
     EXPECT_EQ(desktop.fileDialogs[0].title.toStdString(), "Open EXIF .xiff file");
     EXPECT_EQ(desktop.fileDialogs[0].filter.toStdString(), "EXIF file (*.xiff)|*.xiff");
-}
-
-TEST_F(SaveDialog, EnterSavesAlsoFromTheListOfNames) {
-    open();
-    EXPECT_EQ(dialog->focusWidget(), &control<QSlider>("sldJPGQuality"));
-    QTest::keyClick(child<ListControl>(*dialog, "lvNames").view(), Qt::Key_Return);
-    EXPECT_EQ(settings.Confirmed, -1);
-    EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {
@@ -339,8 +316,8 @@ TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {
     EXPECT_NE(preview->names().subItem(1, 2).toStdString(), "") << "two rows get one name";
     EXPECT_EQ(preview->names().subItem(2, 1).toStdString(), "letter.tif")
         << "a page is shown by its document";
-    EXPECT_EQ(textOf("lblNames"), "3 names\n1 row will replace the file of an earlier row");
-    EXPECT_EQ(textOf("lblNamesFolder"), "Files will be saved to /nowhere")
+    EXPECT_EQ(valueOf("lblNames"), "3 names\n1 row will replace the file of an earlier row");
+    EXPECT_EQ(valueOf("lblNamesFolder"), "Files will be saved to /nowhere")
         << "also while the option for the source folder is on";
     choose("OptName_1");
     EXPECT_TRUE(QTest::qWaitFor([&] {
@@ -361,116 +338,101 @@ TEST_F(SaveDialog, AMissingFolderIsReportedBeforeSaveAndCreatedOnRequest) {
     addRow("/a/sea.jpg");
     open();
     finishedPreview();
-    EXPECT_EQ(textOf("lblNamesFolderProblem"),
+    EXPECT_EQ(valueOf("lblNamesFolderProblem"),
               QStringLiteral("The folder %1 does not exist.").arg(folder).toStdString());
     click(*dialog, "cmdCreateFolder");
     EXPECT_TRUE(QFileInfo(folder).isDir());
     finishedPreview();
     EXPECT_FALSE(control<QWidget>("lblNamesFolderProblem").isVisible());
-    EXPECT_EQ(textOf("lblNames"), "1 name, no clashes");
+    EXPECT_EQ(valueOf("lblNames"), "1 name, no clashes");
 
     QFile file(home.filePath(QStringLiteral("file")));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     control<QLineEdit>("txtDestinationFolder").setText(file.fileName());
     EXPECT_TRUE(QTest::qWaitFor([&] {
-        return textOf("lblNamesFolderProblem") == file.fileName().toStdString() + " is not a folder.";
+        return valueOf("lblNamesFolderProblem") == file.fileName().toStdString() + " is not a folder.";
     }));
     EXPECT_FALSE(control<QWidget>("cmdCreateFolder").isVisible());
 }
 
-struct SummaryCase {
-    bool overwrite;
-    std::vector<NameClash> clashes;
-    const char* sentences;
-};
-class NameSummaries : public testing::TestWithParam<SummaryCase> {};
-
-TEST_P(NameSummaries, CountWhatHappensToExistingFiles) {
-    NameSummary summary(GetParam().overwrite);
-    for (const NameClash clash : GetParam().clashes)
-        summary.add({1, {}, {}, clash, 0, {}});
-    EXPECT_EQ(summary.sentences().join(QLatin1Char('|')).toStdString(), GetParam().sentences);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, NameSummaries,
-    testing::Values(
-        SummaryCase{true,
-                    {NameClash::OwnSource, NameClash::OtherSource, NameClash::Exists, NameClash::None},
-                    "4 names|2 originals will be overwritten|1 existing file will be replaced"},
-        SummaryCase{
-            true,
-            {NameClash::SameAsRow, NameClash::SameAsRow, NameClash::NotKnown, NameClash::Invalid},
-            "4 names|1 name is not possible: the run would end there|2 rows will replace the file of an "
-            "earlier row|1 name is not known before the run"},
-        SummaryCase{
-            false,
-            {NameClash::OwnSource, NameClash::Exists, NameClash::SameAsRow},
-            "3 names|2 rows will be skipped, because their files exist|1 row will be skipped, because an "
-            "earlier row has its name"}));
-
-struct TasksCase {
-    int tasks;
-    bool ticked;
-    const char* text;
-};
-class SaveDialogTasks : public SaveDialog, public testing::WithParamInterface<TasksCase> {};
-
-TEST_P(SaveDialogTasks, AreAnnouncedBesideTheirOption) {
-    for (int i = 0; i < GetParam().tasks; ++i)
-        tasks.add({});
-    open();
-    if (GetParam().ticked)
-        control<QCheckBox>("chkProcessEditingList").click();
-    EXPECT_EQ(textOf("lblTasks"), GetParam().text);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    All, SaveDialogTasks,
-    testing::Values(TasksCase{0, true, "The task basket is empty."}, TasksCase{1, true, "1 task will run."},
-                    TasksCase{3, true, "3 tasks will run."},
-                    TasksCase{3, false, "The 3 tasks won't run: the option above is not ticked."}));
-
-/// Largest part of the screen that the dialog may take, with a font of that many points.
-struct ScreenCase {
-    QSize room;
-    int points;
-};
-class SaveDialogScreen : public SaveDialog, public testing::WithParamInterface<ScreenCase> {
-protected:
-    SaveDialogScreen() : usual(QApplication::font()) {
-        QFont large = usual;
-        large.setPointSize(GetParam().points);
-        QApplication::setFont(large);
+TEST(NameSummaries, CountWhatHappensToExistingFiles) {
+    using enum NameClash;
+    const struct {
+        bool overwrite;
+        std::vector<NameClash> clashes;
+        const char* sentences;
+    } cases[] = {
+        {true,
+         {OwnSource, OtherSource, Exists, None},
+         "4 names|2 originals will be overwritten|1 existing file will be replaced"},
+        {true,
+         {SameAsRow, SameAsRow, NotKnown, Invalid},
+         "4 names|1 name is not possible: the run would end there|2 rows will replace the file of an "
+         "earlier row|1 name is not known before the run"},
+        {false,
+         {OwnSource, Exists, SameAsRow},
+         "3 names|2 rows will be skipped, because their files exist|1 row will be skipped, because an "
+         "earlier row has its name"},
+    };
+    for (const auto& c : cases) {
+        NameSummary summary(c.overwrite);
+        for (const NameClash clash : c.clashes)
+            summary.add({1, {}, {}, clash, 0, {}});
+        EXPECT_EQ(summary.sentences().join(QLatin1Char('|')).toStdString(), c.sentences);
     }
-    ~SaveDialogScreen() override {
+}
+
+TEST_F(SaveDialog, TheTasksAreAnnouncedBesideTheirOption) {
+    const struct {
+        int tasks;
+        bool ticked;
+        const char* text;
+    } cases[] = {{0, true, "The task basket is empty."},
+                 {1, true, "1 task will run."},
+                 {3, true, "3 tasks will run."},
+                 {3, false, "The 3 tasks won't run: the option above is not ticked."}};
+    for (const auto& c : cases) {
+        while (tasks.count() < c.tasks)
+            tasks.add({});
+        settings.ProcessEditingList = 0;
+        open();
+        control<QCheckBox>("chkProcessEditingList").setChecked(c.ticked);
+        EXPECT_EQ(valueOf("lblTasks"), c.text);
+    }
+}
+
+/// On small screens and with large fonts.
+TEST_F(SaveDialog, HasRoomForEveryControl) {
+    const std::pair<QSize, int> cases[] = {{{1350, 720}, 14}, {{784, 552}, 10}, {{784, 552}, 14}};
+    const QFont usual = QApplication::font();
+    const auto restore = qScopeGuard([&] {
         dialog.reset();
         QApplication::setFont(usual);
+    });
+    for (const auto& [room, points] : cases) {
+        SCOPED_TRACE(std::to_string(room.width()) + " wide, points: " + std::to_string(points));
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        open();
+        dialog->resize(room);
+        QTest::qWait(0);
+        EXPECT_EQ(dialog->size(), room) << "not held open by its contents";
+        for (QWidget* widget : dialog->findChildren<QWidget*>()) {
+            const bool isControl = qobject_cast<QAbstractButton*>(widget) ||
+                                   qobject_cast<QComboBox*>(widget) || qobject_cast<QLineEdit*>(widget) ||
+                                   qobject_cast<QSlider*>(widget);
+            if (!isControl || !widget->isVisible() || widget->objectName().isEmpty())
+                continue;
+            const QRect shown(widget->mapTo(dialog.get(), QPoint()), widget->size());
+            const std::string name = widget->objectName().toStdString();
+            EXPECT_LE(shown.right(), dialog->width()) << name;
+            EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << name;
+        }
+        EXPECT_LE(control<QWidget>("cmdExit").geometry().bottom(), dialog->height());
+        EXPECT_GE(child<ListControl>(*dialog, "lvNames").height(), 60);
     }
-    const QFont usual;
-};
-
-TEST_P(SaveDialogScreen, HasRoomForEveryControl) {
-    open();
-    dialog->resize(GetParam().room);
-    QTest::qWait(0);
-    EXPECT_EQ(dialog->size(), GetParam().room) << "not held open by its contents";
-    for (QWidget* widget : dialog->findChildren<QWidget*>()) {
-        const bool isControl = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget) ||
-                               qobject_cast<QLineEdit*>(widget) || qobject_cast<QSlider*>(widget);
-        if (!isControl || !widget->isVisible() || widget->objectName().isEmpty())
-            continue;
-        const QRect shown(widget->mapTo(dialog.get(), QPoint()), widget->size());
-        EXPECT_LE(shown.right(), dialog->width()) << widget->objectName().toStdString();
-        EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << widget->objectName().toStdString();
-    }
-    EXPECT_LE(control<QWidget>("cmdExit").geometry().bottom(), dialog->height());
-    EXPECT_GE(child<ListControl>(*dialog, "lvNames").height(), 60);
 }
-
-INSTANTIATE_TEST_SUITE_P(All, SaveDialogScreen,
-                         testing::Values(ScreenCase{{1350, 720}, 14}, ScreenCase{{784, 552}, 10},
-                                         ScreenCase{{784, 552}, 14}));
 
 TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
     const auto result = [](int row, RowState state, const char* reason = "") {

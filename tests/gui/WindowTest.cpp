@@ -49,6 +49,17 @@ frmMain& WindowTest::start(const QString& samples) {
     return *m_window;
 }
 
+void WindowTest::startListing(int count) {
+    makePictures(count);
+    start();
+    listFolder(pictures());
+}
+
+void WindowTest::startWithBasket(int count) {
+    startListing(count);
+    addAll();
+}
+
 void WindowTest::close() {
     m_window->close();
     m_window.reset();
@@ -56,11 +67,19 @@ void WindowTest::close() {
 
 void WindowTest::listFolder(const QString& folder) {
     child<FolderTree>(window(), "ftvBrowse").selectFolder(folder);
-    const QString panel = QStringLiteral("Current Folder - ") + folder;
-    EXPECT_TRUE(waitFor([&] {
-        return window().workspace().sbMain.panel(QStringLiteral("folder")) == panel &&
-               !window().folderView().isRunning();
-    }));
+    const std::string shown = "Current Folder - " + folder.toStdString();
+    EXPECT_TRUE(waitFor([&] { return panel("folder") == shown && !window().folderView().isRunning(); }));
+}
+
+std::string WindowTest::panel(const char* key) {
+    return window().workspace().sbMain.panel(QLatin1String(key)).toStdString();
+}
+
+std::string WindowTest::texts(const ListView& list) {
+    QStringList texts;
+    for (int row = 0; row < list.count(); ++row)
+        texts << list.row(row).text;
+    return texts.join(QLatin1Char(' ')).toStdString();
 }
 
 void WindowTest::selectAllOf(const char* list) {
@@ -76,6 +95,17 @@ void WindowTest::addAll() {
 
 bool WindowTest::waitFor(const std::function<bool()>& condition) {
     return QTest::qWaitFor(condition, 20000);
+}
+
+void WindowTest::when(const std::function<bool()>& condition, const std::function<void()>& action) {
+    m_watch.disconnect();
+    QObject::connect(&m_watch, &QTimer::timeout, &m_watch, [this, condition, action] {
+        if (!condition())
+            return;
+        m_watch.stop();
+        action();
+    });
+    m_watch.start(0);
 }
 
 } // namespace tarsel::test

@@ -6,6 +6,7 @@
 #include "tests/gui/DialogScript.h"
 
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -29,6 +30,15 @@ protected:
     frmMain& start(const QString& samples = {});
     void close(); ///< as by the close box
     frmMain& window() { return *m_window; }
+    /// Starts with that many pictures listed, photo01.jpg and so on.
+    void startListing(int count);
+    void startWithBasket(int count);
+
+    ListView& listed() { return window().workspace().lvFolder; }
+    ListView& basket() { return window().workspace().lvPages; }
+    std::string panel(const char* key);
+    /// The texts of all rows, with blanks between them.
+    static std::string texts(const ListView& list);
 
     /// Shows a folder by a selection in the tree and waits until it is listed.
     void listFolder(const QString& folder);
@@ -38,6 +48,8 @@ protected:
 
     /// Lets the window work until the condition holds; false after some seconds.
     static bool waitFor(const std::function<bool()>& condition);
+    /// Acts once in the middle of other work, as soon as the condition holds.
+    void when(const std::function<bool()>& condition, const std::function<void()>& action);
 
     QtDesktop desktop;
     DialogScript script;
@@ -46,6 +58,7 @@ private:
     QTemporaryDir m_home;
     DesktopScope m_scope{desktop};
     std::unique_ptr<frmMain> m_window;
+    QTimer m_watch;
 };
 
 } // namespace tarsel::test

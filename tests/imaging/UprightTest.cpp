@@ -24,30 +24,16 @@ Picture upright() {
     });
 }
 
-/// The same as a camera stores it: where the first stored row and column are seen, as the EXIF standard
-/// defines each orientation.
+/// The same as a camera stores it. By the EXIF standard the orientations from 5 on store columns as rows; of
+/// each four the second and third begin at the right, the third and fourth at the bottom.
 Picture stored(int orientation) {
-    const Picture seen = upright();
     const bool exchanged = orientation >= 5;
-    return pictureOf(exchanged ? 2 : 3, exchanged ? 3 : 2, 3, [&](int x, int y) {
-        switch (orientation) {
-        case 2: // row 0 at the top, column 0 at the right
-            return colorAt(seen, 2 - x, y);
-        case 3: // bottom, right
-            return colorAt(seen, 2 - x, 1 - y);
-        case 4: // bottom, left
-            return colorAt(seen, x, 1 - y);
-        case 5: // row 0 at the left, column 0 at the top
-            return colorAt(seen, y, x);
-        case 6: // right, top
-            return colorAt(seen, 2 - y, x);
-        case 7: // right, bottom
-            return colorAt(seen, 2 - y, 1 - x);
-        case 8: // left, bottom
-            return colorAt(seen, y, 1 - x);
-        default:
-            return colorAt(seen, x, y);
-        }
+    const int place = (orientation - 1) % 4;
+    const bool fromRight = place == 1 || place == 2, fromBottom = place >= 2;
+    return picked(upright(), exchanged ? 2 : 3, exchanged ? 3 : 2, [=](int x, int y) {
+        if (exchanged)
+            std::swap(x, y);
+        return Place{fromRight ? 2 - x : x, fromBottom ? 1 - y : y};
     });
 }
 

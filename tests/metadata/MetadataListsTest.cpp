@@ -35,16 +35,24 @@ QString valueOf(const ListView& list, const char* label) {
     return row < 0 ? QStringLiteral("no row") : list.subItem(row, 1);
 }
 
+class MetadataList : public testing::Test {
+protected:
+    /// Shows the rows of a box with these attributes.
+    void showExif(std::initializer_list<std::pair<const char*, const char*>> attributes) {
+        ImageBox box = boxWith({});
+        for (const auto& [name, value] : attributes)
+            ASSERT_TRUE(box.ExifSet(QLatin1String(name), QLatin1String(value))) << name;
+        ListExifAttributes(box, list, path);
+    }
+
+    TestDesktop desktop;
+    ListView list;
+};
+
 } // namespace
 
-TEST(MetadataLists, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("Make"), QStringLiteral("Acme"));
-    box.ExifSet(QStringLiteral("Software"), QStringLiteral("Editor"));
-    box.ExifSet(QStringLiteral("DateTimeOriginal"), QStringLiteral("2004:01:31 15:05:09"));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(MetadataList, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
+    showExif({{"Make", "Acme"}, {"Software", "Editor"}, {"DateTimeOriginal", "2004:01:31 15:05:09"}});
     EXPECT_EQ(list.tag(), path);
     const ListRow& make = list.row(rowOf(list, "Make"));
     EXPECT_EQ(make.key, QStringLiteral("Make"));
@@ -58,47 +66,29 @@ TEST(MetadataLists, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
     EXPECT_EQ(list.row(rowOf(list, "Date/Time Original")).key, QStringLiteral("DateTimeOriginal"));
 }
 
-TEST(MetadataLists, ADateThatIsNoneIsReportedAndTheRowsBeforeItStay) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("Make"), QStringLiteral("Acme"));
-    box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("yesterday"));
-    box.ExifSet(QStringLiteral("FNumber"), QStringLiteral("28/10"));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(MetadataList, ADateThatIsNoneIsReportedAndTheRowsBeforeItStay) {
+    showExif({{"Make", "Acme"}, {"DateTime", "yesterday"}, {"FNumber", "28/10"}});
     ASSERT_EQ(desktop.reports.size(), 1u);
     EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modMetadata.ReadFileEXIFInfo"));
     EXPECT_EQ(valueOf(list, "Make"), QStringLiteral("Acme"));
     EXPECT_EQ(rowOf(list, "F-Number"), -1);
 }
 
-TEST(MetadataLists, AnUnknownDateOfACameraIsNoError) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("0000:00:00 00:00:00"));
-    box.ExifSet(QStringLiteral("DateTimeOriginal"), QStringLiteral("    :  :     :  :  "));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(MetadataList, AnUnknownDateOfACameraIsNoError) {
+    showExif({{"DateTime", "0000:00:00 00:00:00"}, {"DateTimeOriginal", "    :  :     :  :  "}});
     EXPECT_TRUE(desktop.reports.empty());
     EXPECT_EQ(valueOf(list, "Date/Time"), QStringLiteral("12/30/1899 12:00:00 AM"));
 }
 
-TEST(MetadataLists, AValueThatCannotBeWordedShowsRawAndTheListGoesOn) {
-    TestDesktop desktop;
-    ImageBox box = boxWith({});
-    box.ExifSet(QStringLiteral("ExposureTime"), QStringLiteral("0/1"));
-    box.ExifSet(QStringLiteral("MeteringMode"), QStringLiteral("5"));
-    ListView list;
-    ListExifAttributes(box, list, path);
+TEST_F(MetadataList, AValueThatCannotBeWordedShowsRawAndTheListGoesOn) {
+    showExif({{"ExposureTime", "0/1"}, {"MeteringMode", "5"}});
     EXPECT_EQ(desktop.reports.size(), 1u);
     EXPECT_EQ(valueOf(list, "Exposure Time"), QStringLiteral("0/1"));
     EXPECT_EQ(valueOf(list, "Metering Mode"), QStringLiteral("Multi-segment"));
 }
 
-TEST(MetadataLists, APictureWithoutIptcHasAllRowsAndEachIsEmpty) {
-    TestDesktop desktop;
+TEST_F(MetadataList, APictureWithoutIptcHasAllRowsAndEachIsEmpty) {
     const ImageBox box = boxWith({});
-    ListView list;
     ListIptcAttributes(box, list, path);
     ASSERT_EQ(list.count(), 52);
     for (int i = 0; i < list.count(); ++i) {
@@ -112,21 +102,17 @@ TEST(MetadataLists, APictureWithoutIptcHasAllRowsAndEachIsEmpty) {
     EXPECT_EQ(list.row(51).text, QStringLiteral("Image Notes"));
 }
 
-TEST(MetadataLists, KeywordsAreJoinedByCommasAndDatesShowShort) {
-    TestDesktop desktop;
+TEST_F(MetadataList, KeywordsAreJoinedByCommasAndDatesShowShort) {
     ImageBox box = boxWith({});
     setIptcList(box.metadata(), "IptcKeyword", {QStringLiteral("ship"), QStringLiteral("sea, calm")});
     setIptcDate(box.metadata(), "IptcDateCreated", QDate(2004, 1, 31).startOfDay());
-    ListView list;
     ListIptcAttributes(box, list, path);
     EXPECT_EQ(valueOf(list, "Keywords"), QStringLiteral("ship,sea, calm"));
     EXPECT_EQ(valueOf(list, "Date Created"), QStringLiteral("1/31/2004"));
     EXPECT_EQ(valueOf(list, "Date Released"), QString());
 }
 
-TEST(MetadataLists, AnEmptyBoxGivesNoRowsAndLeavesTheTag) {
-    TestDesktop desktop;
-    ListView list;
+TEST_F(MetadataList, AnEmptyBoxGivesNoRowsAndLeavesTheTag) {
     list.setTag(QStringLiteral("before"));
     ListExifAttributes(ImageBox(), list, path);
     ListIptcAttributes(ImageBox(), list, path);
@@ -134,13 +120,12 @@ TEST(MetadataLists, AnEmptyBoxGivesNoRowsAndLeavesTheTag) {
     EXPECT_EQ(list.tag(), QStringLiteral("before"));
 }
 
-TEST(MetadataLists, LookupsIgnoreCaseAndBlanksButKeysAreExact) {
+TEST_F(MetadataList, LookupsIgnoreCaseAndBlanksButKeysAreExact) {
     EXPECT_TRUE(IsExifEditable(QStringLiteral("  make ")));
     EXPECT_FALSE(IsExifEditable(QStringLiteral("Software")));
     EXPECT_TRUE(IsExifDate(QStringLiteral("DATETIMEoriginal")));
     EXPECT_FALSE(IsExifDate(QStringLiteral("Make")));
     EXPECT_TRUE(IsIptcDate(QStringLiteral("time released")));
-    ListView list;
     EXPECT_TRUE(ListKeyIsFree(list, QStringLiteral("Make")));
     ListRow make;
     make.key = QStringLiteral("Make");
@@ -149,10 +134,9 @@ TEST(MetadataLists, LookupsIgnoreCaseAndBlanksButKeysAreExact) {
     EXPECT_FALSE(ListKeyIsFree(list, QStringLiteral("Make")));
 }
 
-TEST(MetadataLists, EveryPictureOfTheCorpusIsListedWithoutACrash) {
+TEST_F(MetadataList, EveryPictureOfTheCorpusIsListedWithoutACrash) {
     TARSEL_REQUIRE_CORPUS();
     for (const CorpusPicture& picture : corpusPictures()) {
-        TestDesktop desktop;
         const ImageBox box = boxWith(blocksOfPicture(picture.path));
         ListView exif;
         ListView iptc;

@@ -104,30 +104,21 @@ TEST(ResizeSmooth, ReducesStronglyWithoutShiftingThePicture) {
 }
 
 TEST(ResizeSmooth, TreatsAllChannelsAlike) {
-    const Picture gray = pictureOf(53, 37, 4, [](int x, int y) {
-        const auto value = std::uint8_t(x * 31 + y * 17);
-        return Rgb{value, value, value};
-    });
+    const auto grayOf = [](int value) {
+        return Rgb{std::uint8_t(value), std::uint8_t(value), std::uint8_t(value)};
+    };
+    const Picture gray = pictureOf(53, 37, 4, [&](int x, int y) { return grayOf(x * 31 + y * 17); });
     for (const auto& [width, height] : {PictureSize{20, 11}, {26, 18}, {100, 90}, {7, 5}}) {
         const Picture result = smoothTo(gray, width, height);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) {
-                const Rgb color = colorAt(result, x, y);
-                ASSERT_EQ(color, (Rgb{color.red, color.red, color.red}));
-                ASSERT_EQ(alphaAt(result, x, y), 255);
-            }
+        EXPECT_TRUE(result == pictureOf(width, height, 4,
+                                        [&](int x, int y) { return grayOf(colorAt(result, x, y).red); }))
+            << width << " x " << height;
     }
 }
 
 TEST(ResizeSmooth, DoesNotLetTheColorOfTransparentPixelsShineThrough) {
-    Picture picture = plainPicture(40, 40, 4, {255, 0, 0});
-    for (int y = 0; y < 40; ++y)
-        for (int x = 0; x < 19; ++x) {
-            const std::uint8_t hiddenGreen[4] = {0, 255, 0, 0};
-            std::copy_n(hiddenGreen, 4, picture.edit().pixel(x, y));
-        }
     for (const auto& [width, height] : {PictureSize{20, 20}, {13, 17}, {90, 90}}) {
-        const Picture result = smoothTo(picture, width, height);
+        const Picture result = smoothTo(redBesideHiddenGreen(40, 19), width, height);
         for (int x = 0; x < width; ++x)
             if (alphaAt(result, x, height / 2) > 20) {
                 EXPECT_EQ(colorAt(result, x, height / 2), (Rgb{255, 0, 0})) << width << ": " << x;
@@ -176,16 +167,14 @@ TEST(LanczosWeights, SumUpToOneAndStayInsideThePicture) {
 
 TEST(ResizeNearest, TakesThePixelUnderEachCentre) {
     for (const int channels : {3, 4})
-        for (const auto& [fromWidth, fromHeight] : oddSizes())
-            for (const auto& [width, height] : oddSizes()) {
-                const Picture source = noisePicture(fromWidth, fromHeight, channels);
-                const Picture result = nearestTo(source, width, height);
-                for (int y = 0; y < height; ++y)
-                    for (int x = 0; x < width; ++x) {
-                        const int fromX = int((x + 0.5) * fromWidth / width);
-                        const int fromY = int((y + 0.5) * fromHeight / height);
-                        ASSERT_EQ(colorAt(result, x, y), colorAt(source, fromX, fromY));
-                        ASSERT_EQ(alphaAt(result, x, y), alphaAt(source, fromX, fromY));
-                    }
+        for (const auto& from : oddSizes())
+            for (const auto& to : oddSizes()) {
+                const Picture source = noisePicture(from.width, from.height, channels);
+                const Picture expected = picked(source, to.width, to.height, [&](int x, int y) {
+                    return Place{int((x + 0.5) * from.width / to.width),
+                                 int((y + 0.5) * from.height / to.height)};
+                });
+                EXPECT_TRUE(nearestTo(source, to.width, to.height) == expected)
+                    << from.width << " x " << from.height << " to " << to.width << " x " << to.height;
             }
 }

@@ -69,14 +69,6 @@ EmbeddedMetadata everyKindOfMetadata() {
     return metadata;
 }
 
-std::optional<CorpusPicture> corpusPictureOf(const char* format) {
-    for (const CorpusPicture& picture : corpusPictures())
-        if (picture.fact("format") == QLatin1String(format) &&
-            picture.fact("state") == QLatin1String("valid"))
-            return picture;
-    return std::nullopt;
-}
-
 QByteArray bytesOf(const QString& path) {
     return readWholeFile(path);
 }

@@ -26,9 +26,6 @@ Picture photograph(int width, int height, int channels = 3);
 /// Metadata of every kind. `resources` hold IPTC data and a block of an unknown number.
 EmbeddedMetadata everyKindOfMetadata();
 
-/// The first valid picture of a format that the corpus has; nothing without a corpus.
-std::optional<CorpusPicture> corpusPictureOf(const char* format);
-
 QByteArray bytesOf(const QString& path);
 
 } // namespace tarsel::test

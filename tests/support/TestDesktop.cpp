@@ -19,15 +19,9 @@ std::optional<Answer> next(std::deque<std::optional<Answer>>& script, QStringLis
 }
 
 MessageAnswer refusal(MessageButtons buttons) {
-    switch (buttons) {
-    case MessageButtons::OkCancel:
-        return MessageAnswer::Cancel;
-    case MessageButtons::YesNo:
-        return MessageAnswer::No;
-    case MessageButtons::Ok:
-        break;
-    }
-    return MessageAnswer::Ok;
+    return buttons == MessageButtons::OkCancel ? MessageAnswer::Cancel
+           : buttons == MessageButtons::YesNo  ? MessageAnswer::No
+                                               : MessageAnswer::Ok;
 }
 
 } // namespace

@@ -44,6 +44,26 @@ Picture noisePicture(int width, int height, int channels, unsigned seed) {
     return picture;
 }
 
+Picture redBesideHiddenGreen(int side, int edge) {
+    Picture picture = plainPicture(side, side, 4, {255, 0, 0});
+    const std::uint8_t hiddenGreen[4] = {0, 255, 0, 0};
+    for (int i = 0; i < side * edge; ++i)
+        std::copy_n(hiddenGreen, 4, picture.edit().pixel(i % edge, i / edge));
+    return picture;
+}
+
+Picture picked(const Picture& source, int width, int height, const std::function<Place(int x, int y)>& from,
+               Rgb outside) {
+    Picture picture = plainPicture(width, height, source.channels(), outside);
+    const PixelView view = picture.edit();
+    for (int i = 0; i < width * height; ++i) {
+        const auto [x, y] = from(i % width, i / width);
+        if (x >= 0 && y >= 0 && x < source.width() && y < source.height())
+            std::copy_n(source.view().pixel(x, y), source.channels(), view.pixel(i % width, i / width));
+    }
+    return picture;
+}
+
 Rgb colorAt(const Picture& picture, int x, int y) {
     const std::uint8_t* pixel = picture.view().pixel(x, y);
     return {pixel[0], pixel[1], pixel[2]};

@@ -27,6 +27,16 @@ Picture plainPicture(int width, int height, int channels, Rgb color);
 /// Pixels without any pattern, always the same for the same seed; alpha too when there are 4 channels.
 Picture noisePicture(int width, int height, int channels, unsigned seed = 1);
 
+/// Opaque red, but left of the column `edge` transparent with green hidden in it.
+Picture redBesideHiddenGreen(int side, int edge);
+struct Place {
+    int x, y;
+    bool operator==(const Place&) const = default;
+};
+/// A picture whose pixels are those of `source` where `from` says, and `outside` where it has none.
+Picture picked(const Picture& source, int width, int height, const std::function<Place(int x, int y)>& from,
+               Rgb outside = {});
+
 Rgb colorAt(const Picture& picture, int x, int y);
 int alphaAt(const Picture& picture, int x, int y);
 /// Mean of one channel over the picture.

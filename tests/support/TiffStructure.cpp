@@ -16,6 +16,13 @@ void append(QByteArray& bytes, Number number) {
 
 } // namespace
 
+std::vector<RawEntry> tiffEntries(std::initializer_list<quint32> tagsAndValues) {
+    std::vector<RawEntry> entries;
+    for (const quint32* tag = tagsAndValues.begin(); tag != tagsAndValues.end(); tag += 2)
+        entries.push_back({quint16(*tag), quint16(*tag == 273 || *tag == 279 ? 4 : 3), 1, tag[1]});
+    return entries;
+}
+
 QByteArray tiffDirectory(const std::vector<RawEntry>& entries, quint32 next) {
     QByteArray bytes;
     append(bytes, quint16(entries.size()));

@@ -14,6 +14,9 @@ struct RawEntry {
     quint32 value;
 };
 
+/// Entries of one number each from tags and values in turn: SHORT, and LONG where strips are and how long.
+std::vector<RawEntry> tiffEntries(std::initializer_list<quint32> tagsAndValues);
+
 /// A little-endian EXIF block: header, the directory at 8, then `rest`, which begins at tiffRest(entries).
 QByteArray tiffBlock(const std::vector<RawEntry>& entries, quint32 next = 0, const QByteArray& rest = {});
 quint32 tiffRest(size_t entryCount);

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "configuration/ConfigFile.h"
+#include "configuration/ConfigRecord.h"
+#include "controls/ListControl.h"
+#include "controls/ProgressBar.h"
+#include "tests/gui/WindowTest.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRadioButton>
+#include <QTest>
+
+namespace tarsel::test {
+
+namespace {
+
+class Batch : public WindowTest {
+protected:
+    /// Picks "JPEG files (batch mode)" in the menu of the button.
+    void chooseBatchMode() {
+        child<QMenu>(window(), "mnuSaveAsParent").actions().constFirst()->trigger();
+        EXPECT_TRUE(script.isDone());
+    }
+
+    /// Answers the dialog of the next batch: hybrid names with this prefix, to the folder out().
+    void answerDialog(const char* prefix, const char* button = "cmdStarConversion", bool overwrite = true) {
+        script.on("frmSaveSinglePage", [=, this](QWidget& dialog) {
+            for (const char* option : {"OptName_1", "optDestinationFolder_1"})
+                QTest::mouseClick(&child<QRadioButton>(dialog, option), Qt::LeftButton, {}, {8, 8});
+            auto* box = child<QComboBox>(dialog, "cboRenamePrefix").lineEdit();
+            box->clear();
+            QTest::keyClicks(box, QString::fromLatin1(prefix));
+            child<QLineEdit>(dialog, "txtDestinationFolder").setText(out());
+            child<QCheckBox>(dialog, "chkOverwrite").setChecked(overwrite);
+            click(dialog, button);
+        });
+    }
+
+    QString out() const { return path("out"); }
+    int written() const { return int(QDir(out()).entryList(QDir::Files).size()); }
+    /// Names of the files written, each of which is a JPEG that decodes to its last row.
+    std::string wholePictures() const {
+        const QStringList names = QDir(out()).entryList(QDir::Files, QDir::Name);
+        for (const QString& name : names) {
+            QImageReader reader(QDir(out()).filePath(name));
+            EXPECT_FALSE(reader.read().isNull()) << name.toStdString();
+        }
+        return names.join(QLatin1Char(' ')).toStdString();
+    }
+};
+
+} // namespace
+
+TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
+    start();
+    chooseBatchMode();
+    EXPECT_FALSE(window().findChild<QWidget*>(QStringLiteral("frmSaveSinglePage"))) << "the basket is empty";
+    makePictures(2);
+    listFolder(pictures());
+    addAll();
+    answerDialog("T", "cmdExit");
+    chooseBatchMode();
+    EXPECT_FALSE(QDir(out()).exists());
+    EXPECT_EQ(ConfigRecord.BatchSave.NameOption, 1) << "the option clicked is kept all the same";
+
+    QDir().mkpath(out());
+    ConfigRecord.BatchSave.Confirmed = -1; // left by an earlier session
+    ConfigRecord.BatchSave.DestinationFolder = out() + QLatin1Char('/');
+    script.on("frmSaveSinglePage", [](QWidget& dialog) { dialog.close(); });
+    chooseBatchMode();
+    EXPECT_EQ(written(), 0);
+
+    answerDialog("Trip");
+    chooseBatchMode();
+    EXPECT_EQ(wholePictures(), "Trip_photo01_.jpg Trip_photo02_.jpg");
+    EXPECT_EQ(panel("status"), "2 written, 0 skipped, 0 failed");
+    EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0);
+
+    selectAllOf("lvPages");
+    click(window(), "cmdPagesDelete");
+    EXPECT_EQ(basket().count(), 0) << "the basket's buttons and list are free again";
+    addAll();
+    answerDialog("B");
+    chooseBatchMode();
+    EXPECT_EQ(written(), 4);
+}
+
+TEST_F(Batch, CancelAndCloseInTheMiddleKeepTheFilesMadeSoFar) {
+    QDir().mkpath(out());
+    startWithBasket(12);
+    answerDialog("Trip");
+    const auto status = [&] { return window().findChild<QWidget*>(QStringLiteral("frmStatus")); };
+    const auto text = [&] { return child<QLabel>(*status(), "lblStatus").text().toStdString(); };
+    const auto isPast3 = [&] {
+        return status() && status()->isVisible() && child<ProgressBar>(*status(), "pbQueue").value() >= 3;
+    };
+    when(isPast3, [&] {
+        EXPECT_EQ(text(), "Please wait..... your request is being processed");
+        click(*status(), "cmdCancel");
+        EXPECT_EQ(text(), "Please wait...... cancelling operaration");
+    });
+    chooseBatchMode();
+    EXPECT_GE(written(), 3);
+    EXPECT_LT(written(), 12);
+    EXPECT_FALSE(CancelRequested) << "the next run must not be cancelled too";
+
+    const int before = written();
+    answerDialog("Next");
+    when([&] { return written() >= before + 2; }, [&] { window().close(); });
+    chooseBatchMode();
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_LT(written(), before + 12);
+    wholePictures();
+    loadConfiguration(programFolder());
+    EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0) << "stored by the end in the middle of the run";
+}
+
+TEST_F(Batch, TheResultListShowsWhichFilesWereSkippedOrFailedAndWhy) {
+    QDir().mkpath(out());
+    makePicture(out() + QStringLiteral("/T_photo02_.jpg"), {10, 10});
+    const QString target = out() + QStringLiteral("/T_photo03_.jpg");
+    QDir().mkpath(target); // a folder in the file's place
+    startWithBasket(4);
+    answerDialog("T", "cmdStarConversion", false);
+    chooseBatchMode();
+    auto& skipping = child<QWidget>(window(), "frmBatchResults");
+    EXPECT_TRUE(skipping.isVisible());
+    EXPECT_EQ(child<QLabel>(skipping, "lblSummary").text().toStdString(), "2 written, 2 skipped, 0 failed");
+    EXPECT_EQ(QImageReader(out() + QStringLiteral("/T_photo02_.jpg")).size(), QSize(10, 10));
+    delete &skipping;
+
+    answerDialog("T");
+    QString report;
+    script.on("frmErrorReport", [&](QWidget& dialog) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
+            report += label->text() + QLatin1Char('\n');
+        click(dialog, "cmdCancel");
+    });
+    chooseBatchMode();
+    EXPECT_TRUE(report.contains(QStringLiteral("photo03"))) << report.toStdString();
+    EXPECT_EQ(wholePictures(), "T_photo01_.jpg T_photo02_.jpg T_photo04_.jpg");
+    EXPECT_EQ(panel("status"), "2 written, 1 skipped, 1 failed");
+    auto& results = child<QWidget>(window(), "frmBatchResults");
+    const QAbstractItemModel& list = *child<ListControl>(results, "lvResults").view()->model();
+    const auto first = [&](int column) { return list.index(0, column).data().toString(); };
+    ASSERT_EQ(list.rowCount(), 4);
+    EXPECT_EQ(first(0).toStdString(), "failed");
+    EXPECT_EQ(first(1), pictures() + QStringLiteral("/photo03.jpg"));
+    EXPECT_EQ(first(2), target);
+    EXPECT_TRUE(first(3).contains(QStringLiteral("T_photo03_.jpg"))) << first(3).toStdString();
+}
+
+} // namespace tarsel::test
