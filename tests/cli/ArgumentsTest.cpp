@@ -35,13 +35,10 @@ TEST(Arguments, OptionsStandAnywhereAndInBothSpellings) {
     }
 }
 
-TEST(Arguments, BehindTwoDashesAllWordsAreOperands) {
-    const Arguments arguments(commandLine("--json -- --out -x --help"), options);
-    EXPECT_EQ(arguments.operands(), commandLine("--out -x --help"));
-    EXPECT_FALSE(arguments.wantsHelp());
-}
-
-TEST(Arguments, ValuesMayBeEmptyOrBeginWithADash) {
+TEST(Arguments, ValuesAndOperandsMayBeEmptyOrBeginWithDashes) {
+    const Arguments dashes(commandLine("--json -- --out -x --help"), options);
+    EXPECT_EQ(dashes.operands(), commandLine("--out -x --help"));
+    EXPECT_FALSE(dashes.wantsHelp());
     EXPECT_EQ(Arguments(commandLine("--out="), options).value("out"), QString());
     EXPECT_TRUE(Arguments(commandLine("--out="), options).has("out"));
     EXPECT_EQ(Arguments(commandLine("--out -"), options).value("out"), QStringLiteral("-"));
@@ -77,12 +74,8 @@ TEST(JsonLine, AnyTextSurvivesAForeignParser) {
     EXPECT_EQ(object.value(QStringLiteral("number")).toInt(), -3);
     EXPECT_DOUBLE_EQ(object.value(QStringLiteral("real")).toDouble(), 0.1);
     EXPECT_TRUE(object.value(QStringLiteral("none")).isNull());
-}
-
-TEST(JsonLine, HalfASurrogatePairStillGivesAnObject) {
-    for (const QString& text :
-         {QString(QChar(0xD800)), QStringLiteral("a") + QChar(0xDC00) + QStringLiteral("b")}) {
-        const QString line = JsonLine().add("text", text).text();
-        EXPECT_FALSE(QJsonDocument::fromJson(line.toUtf8()).isNull()) << qPrintable(line);
+    for (const char* half : {"\\ud800", "\\udc00"}) {
+        const QChar character(char16_t(QByteArray(half).mid(2).toUShort(nullptr, 16)));
+        EXPECT_TRUE(JsonLine().add("half", QString(character)).text().contains(QLatin1String(half))) << half;
     }
 }

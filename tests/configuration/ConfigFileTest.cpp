@@ -37,14 +37,8 @@ TEST_F(ConfigFile, TheFirstStartTakesTheDefaultsAndLeavesAnEmptyFile) {
     EXPECT_FALSE(ConfigPath.mid(program.size() + 1).contains(QLatin1Char('.')));
     EXPECT_EQ(readWholeFile(ConfigPath), QByteArray());
     EXPECT_TRUE(desktop.messages.empty());
-}
-
-TEST_F(ConfigFile, AZeroLengthFileIsARecordOfZeros) {
-    restart(); // after a first run that never came to its end
-    EXPECT_EQ(ConfigRecord.SplitterMain, 0);
-    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 0);
-    EXPECT_EQ(ConfigRecord.BatchSave.RenameGeneric, QString());
-    EXPECT_EQ(ConfigRecord.LastFolder, QString());
+    restart(); // after a first run that never came to its end: a record of zeros
+    EXPECT_EQ(recordImage(ConfigRecord), recordImage(recordFromImage({})));
 }
 
 TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
@@ -93,35 +87,30 @@ TEST_F(ConfigFile, ASplitterAtTenThrowsTheFileAwayWithoutAWord) {
 
 TEST_F(ConfigFile, UnequalBasketThumbnailsChangeTheirSidesAtEachStart) {
     storeBasketThumbnailSize(60, 30);
-    subSaveSetup();
-    restart();
-    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 30);
-    EXPECT_EQ(ConfigRecord.BasketThumbHeight, 60);
-    storeBasketThumbnailSize(ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight);
-    subSaveSetup();
-    restart();
-    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 60);
-    EXPECT_EQ(ConfigRecord.BasketThumbHeight, 30);
+    for (const int width : {30, 60}) {
+        subSaveSetup();
+        restart();
+        EXPECT_EQ(ConfigRecord.BasketThumbWidth, width);
+        EXPECT_EQ(ConfigRecord.BasketThumbHeight, 90 - width);
+        storeBasketThumbnailSize(ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight);
+    }
 }
 
-TEST_F(ConfigFile, ErrorsAreReportedAndTheDefaultsHold) {
+TEST_F(ConfigFile, ErrorsAreReportedAndTheOldFileOrTheDefaultsHold) {
+    subSaveSetup();
+    const QByteArray before = readWholeFile(ConfigPath);
+    ConfigRecord.Tasks.Text = QString(70000, QLatin1Char('x')); // can't be stored
+    subSaveSetup();
+    EXPECT_EQ(readWholeFile(ConfigPath), before);
     QFile::remove(ConfigPath);
     ASSERT_TRUE(QDir().mkpath(ConfigPath)); // a folder in the file's place
     restart();
-    subSaveSetup();
-    ASSERT_EQ(desktop.reports.size(), 2u);
-    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("subLoadSetup"));
-    EXPECT_EQ(desktop.reports[1].ErrRoutine, QStringLiteral("subSaveSetup"));
     EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
-}
-
-TEST_F(ConfigFile, ARecordThatCannotBeStoredLeavesTheOldFile) {
     subSaveSetup();
-    const QByteArray before = readWholeFile(ConfigPath);
-    ConfigRecord.Tasks.Text = QString(70000, QLatin1Char('x'));
-    subSaveSetup();
-    EXPECT_EQ(desktop.reports.size(), 1u);
-    EXPECT_EQ(readWholeFile(ConfigPath), before);
+    ASSERT_EQ(desktop.reports.size(), 3u);
+    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("subSaveSetup"));
+    EXPECT_EQ(desktop.reports[1].ErrRoutine, QStringLiteral("subLoadSetup"));
+    EXPECT_EQ(desktop.reports[2].ErrRoutine, QStringLiteral("subSaveSetup"));
 }
 
 TEST_F(ConfigFile, DeletingAMissingConfigurationIsNoError) {

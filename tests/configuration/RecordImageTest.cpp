@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
 
 using namespace tarsel;
 
@@ -45,21 +46,14 @@ std::vector<ConfigValue> bounds(FieldType type) {
 }
 
 int storedSize(const ConfigField& field, const ConfigRecordData& record) {
-    switch (field.type) {
-    case FieldType::I1:
-        return 1;
-    case FieldType::I2:
-        return 2;
-    case FieldType::I4:
-        return 4;
-    case FieldType::R8:
-        return 8;
-    case FieldType::F:
-        return fixedTextSize;
-    case FieldType::S:
-        break;
-    }
-    return 2 + int(codePage::encode(std::get<QString>(field.value(record))).size());
+    if (field.type == FieldType::S)
+        return 2 + int(codePage::encode(std::get<QString>(field.value(record))).size());
+    const std::map<FieldType, int> sizes{{FieldType::I1, 1},
+                                         {FieldType::I2, 2},
+                                         {FieldType::I4, 4},
+                                         {FieldType::R8, 8},
+                                         {FieldType::F, fixedTextSize}};
+    return sizes.at(field.type);
 }
 
 bool isZero(const ConfigValue& value) {

@@ -156,7 +156,7 @@ TEST(ResourceBlocks, OtherBlocksKeepTheirBytesAndPlaces) {
 TEST(ResourceBlocks, ABlockIsFoundThatFollowsOneWithoutFillingOrWithAClaimOfMore) {
     const std::pair<QByteArray, QByteArray> cases[] = {
         {ResourceBlocks::block(0x0400, "odd").chopped(1), "odd"},
-        {ResourceBlocks::block(0x0400, "a long one").chopped(4), ""},
+        {ResourceBlocks::block(0x0400, "a long one").chopped(4), "a long"},
     };
     for (const auto& [last, data] : cases) {
         ResourceBlocks blocks(last);

@@ -95,15 +95,6 @@ TEST_F(LifeCycle, TheWindowComesBackWhereItWasAndFitsTheScreen) {
     EXPECT_TRUE(screen.contains(window().geometry()));
 }
 
-TEST_F(LifeCycle, TheEndOfTheSessionStoresTheSettings) {
-    start();
-    child<Splitter>(window(), "splLeft").setSplitterPosition(35);
-    window().storeSettings();
-    ConfigRecord = {};
-    loadConfiguration(programFolder());
-    EXPECT_EQ(ConfigRecord.SplitterLeft, 35);
-}
-
 TEST_F(LifeCycle, UnequalBasketThumbnailsComeBackExchanged) {
     start();
     close();
@@ -130,17 +121,6 @@ TEST_F(LifeCycle, ASecondInstanceIsRefusedBeforeItTouchesTheConfiguration) {
     EXPECT_EQ(scripted.messages[0].icon, MessageIcon::Stop);
     second.close();
     EXPECT_EQ(readWholeFile(configuration).toStdString(), "the first instance's own");
-}
-
-TEST_F(LifeCycle, ExitDeletesTemporaryFilesWithoutExtensionAndKeepsPageFiles) {
-    start();
-    const QDir temporary(programFolder() + QStringLiteral("/Temp"));
-    QDir().mkpath(temporary.path());
-    for (const char* name : {"scan1_4711.tif", "leftover", "temp.jpg"})
-        writeFileSafely(temporary.filePath(QLatin1String(name)), "x");
-    close();
-    EXPECT_EQ(temporary.entryList(QDir::Files, QDir::Name),
-              QStringList({QStringLiteral("scan1_4711.tif"), QStringLiteral("temp.jpg")}));
 }
 
 } // namespace tarsel::test

@@ -48,7 +48,7 @@ TEST_P(Termination, ASignalRunsTheNormalEnd) {
     startProgram();
     ASSERT_TRUE(QTest::qWaitFor([&] { return hasRecord(); }, 60'000)) << "the first start writes the record";
     QDir().mkpath(path("Temp"));
-    for (const char* name : {"Temp/scan1_4711.tif", "Temp/leftover", "tarsel-jpeg"})
+    for (const char* name : {"Temp/scan1_4711.tif", "Temp/temp.jpg", "Temp/leftover", "tarsel-jpeg"})
         writeFileSafely(path(name), {});
     ASSERT_TRUE(QFileInfo::exists(path(".lock")));
     ASSERT_EQ(::kill(pid_t(program.processId()), GetParam()), 0);
@@ -57,8 +57,8 @@ TEST_P(Termination, ASignalRunsTheNormalEnd) {
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_TRUE(hasRecord()) << "settings are stored";
     EXPECT_FALSE(QFileInfo::exists(path(".lock")));
-    EXPECT_FALSE(QFileInfo::exists(path("Temp/leftover")));
-    EXPECT_TRUE(QFileInfo::exists(path("Temp/scan1_4711.tif")));
+    EXPECT_EQ(QDir(path("Temp")).entryList(QDir::Files, QDir::Name),
+              QStringList({QStringLiteral("scan1_4711.tif"), QStringLiteral("temp.jpg")}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, Termination, testing::Values(SIGTERM, SIGHUP, SIGINT));

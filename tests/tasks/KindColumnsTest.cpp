@@ -61,6 +61,7 @@ std::vector<KindCase> KindColumns::cases() const {
     return {
         {"flip", taskRow(1, {"0"}), [](ImageBox& box) { box.Flip(0); }},
         {"flip to the other side", taskRow(1, {"1"}), [](ImageBox& box) { box.Flip(1); }},
+        {"flip of any other text", taskRow(1, {"left"}), [](ImageBox& box) { box.Flip(1); }},
         {"rotate", taskRow(2, {"True", "17", "6553855"}),
          [](ImageBox& box) {
              box.BackColor = 6553855;
@@ -74,8 +75,16 @@ std::vector<KindCase> KindColumns::cases() const {
              box.Rotate(-17);
          }},
         {"resize to a size", taskRow(3, {"True", "31", "77"}), [](ImageBox& box) { box.ResizeTo(31, 77); }},
+        {"rotate by a half degree", taskRow(2, {"True", "12.5", "255"}),
+         [](ImageBox& box) {
+             box.BackColor = 255;
+             box.Resample = true;
+             box.Rotate(12);
+         }},
         {"resize by percent", taskRow(3, {"False", "27", "77"}), [](ImageBox& box) { box.Scale(27); }},
+        {"resize by a half percent", taskRow(3, {"False", "26.5", ""}), [](ImageBox& box) { box.Scale(26); }},
         {"blur", taskRow(4, {"3"}), [](ImageBox& box) { box.Blur(3); }},
+        {"blur by a half", taskRow(4, {"2.5"}), [](ImageBox& box) { box.Blur(2); }},
         {"contrast of red", taskRow(5, {"70", "True", "False", "False"}),
          [](ImageBox& box) { box.Contrast(70, true, false, false); }},
         {"contrast of green and blue", taskRow(5, {"30", "False", "True", "True"}),
@@ -87,6 +96,7 @@ std::vector<KindCase> KindColumns::cases() const {
         {"brightness of blue", taskRow(6, {"30", "False", "False", "True"}),
          [](ImageBox& box) { box.Brightness(30, false, false, true); }},
         {"sharpen", taskRow(7, {"4"}), [](ImageBox& box) { box.Sharpen(4); }},
+        {"sharpen by a half", taskRow(7, {"3.5"}), [](ImageBox& box) { box.Sharpen(4); }},
         {"crop in picture pixels", taskRow(8, {"False", "-3", "2", "25", "39", "", "80"}),
          [](ImageBox& box) { box.Crop(-3, 2, 25, 39); }},
         {"crop on a scaled display", taskRow(8, {"False", "5", "3", "40", "25", "50", "45"}),
@@ -157,10 +167,12 @@ TEST_F(KindColumns, EachColumnReachesTheOperationThatItIsMeantFor) {
         ImageBox expected = boxWith(unevenPicture(100, 90));
         each.direct(expected);
         ImageBox box = boxWith(unevenPicture(100, 90));
-        EXPECT_TRUE(replayAll(box, {each.row})) << each.what;
-        EXPECT_EQ(box.picture(), expected.picture()) << each.what;
-        EXPECT_FALSE(box.picture() == unevenPicture(100, 90)) << each.what << " changes nothing";
+        SCOPED_TRACE(each.what);
+        EXPECT_TRUE(replayAll(box, {each.row}));
+        EXPECT_EQ(box.picture(), expected.picture());
+        EXPECT_FALSE(box.picture() == unevenPicture(100, 90)) << "changes nothing";
     }
+    EXPECT_TRUE(desktop.reports.empty());
 }
 
 TEST_F(KindColumns, AScaleInPercentRoundsToTheNearestPixel) {

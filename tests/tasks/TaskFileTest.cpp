@@ -4,6 +4,7 @@
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "tests/support/TestDesktop.h"
+#include "tests/support/Text.h"
 #include "tests/tasks/TaskRows.h"
 
 #include <QDir>
@@ -46,16 +47,11 @@ const Fixture fixtures[] = {
     {"unquoted-fields.tbf", 1, 0},
 };
 
-void expectListsInStep(const TaskList& tasks, const std::string& what) {
-    EXPECT_EQ(tasks.lvEdit.count(), tasks.count()) << what;
-    EXPECT_EQ(tasks.lvEditPreview.count(), tasks.count()) << what;
-}
-
 qint32 errorOfReading(const QString& path, TaskList& tasks) {
     try {
         readTaskBasket(path, tasks);
     } catch (const TrappedError& error) {
-        EXPECT_TRUE(error.description.contains(path)) << error.description.toStdString();
+        EXPECT_TRUE(contains(error.description, path));
         return error.number;
     }
     return 0;
@@ -89,27 +85,19 @@ TEST(TaskFile, ASavedListReadsBackRowByRowAndReplacesTheOldOne) {
     EXPECT_TRUE(desktop.messages.empty());
 }
 
-TEST(TaskFile, ARowIsOneLineOfNineteenQuotedFields) {
+TEST(TaskFile, ARowIsOneLineOfNineteenQuotedFieldsInAFileWithTheExtension) {
     TestDesktop desktop;
     QTemporaryDir folder;
     TaskList tasks;
     tasks.append(taskRow(5, {"50", "1", "1", "1"}));
-    const QString path = folder.filePath(QStringLiteral("a.tbf"));
-    ASSERT_TRUE(fncSaveTaskBasket(path, tasks));
-    EXPECT_EQ(readWholeFile(path), QByteArray("\"5\",\"contrast\",\"50\",\"1\",\"1\",\"1\"") +
-                                       QByteArray(",\"\"").repeated(13) + "\r\n");
-}
-
-TEST(TaskFile, TheExtensionIsAppendedUnlessItIsThereInAnyCase) {
-    TestDesktop desktop;
-    QTemporaryDir folder;
-    TaskList tasks;
-    fillSample(tasks);
     for (const char* name : {"MyList", "MyList.TBF", "My.list", "x.tbf"})
-        EXPECT_TRUE(fncSaveTaskBasket(folder.filePath(QString::fromLatin1(name)), tasks));
-    QStringList made = QDir(folder.path()).entryList(QDir::Files);
-    made.sort();
+        EXPECT_TRUE(fncSaveTaskBasket(folder.filePath(text(name)), tasks));
+    const QStringList made = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
     EXPECT_EQ(made.join(QLatin1Char(' ')), QStringLiteral("My.list.tbf MyList.TBF MyList.tbf x.tbf"));
+    for (const QString& name : made)
+        EXPECT_EQ(readWholeFile(folder.filePath(name)),
+                  QByteArray("\"5\",\"contrast\",\"50\",\"1\",\"1\",\"1\"") +
+                      QByteArray(",\"\"").repeated(13) + "\r\n");
 }
 
 TEST(TaskFile, DamagedFilesKeepTheRowsInFrontOfTheFaultAndNameTheFile) {
@@ -118,23 +106,14 @@ TEST(TaskFile, DamagedFilesKeepTheRowsInFrontOfTheFaultAndNameTheFile) {
         TaskList tasks;
         tasks.append(taskRow(11, {}));
         const QString path = fixture(QString::fromLatin1(f.name));
-        EXPECT_EQ(errorOfReading(path, tasks), f.number) << f.name;
-        EXPECT_EQ(tasks.count(), f.rows) << f.name;
-        expectListsInStep(tasks, f.name);
+        SCOPED_TRACE(f.name);
+        EXPECT_EQ(errorOfReading(path, tasks), f.number);
+        EXPECT_EQ(tasks.count(), f.rows);
+        EXPECT_EQ(tasks.lvEdit.count(), f.rows);
+        EXPECT_EQ(tasks.lvEditPreview.count(), f.rows);
     }
     EXPECT_EQ(QDir(QStringLiteral(TARSEL_TASK_FIXTURES)).entryList(QDir::Files).size(),
               qsizetype(std::size(fixtures)));
-}
-
-TEST(TaskFile, AnUnknownKindIsKeptWithoutANameAndSkippedAtReplay) {
-    TestDesktop desktop;
-    TaskList tasks;
-    ASSERT_TRUE(fncOpenTaskBasket(fixture(QStringLiteral("unknown-kind-99.tbf")), tasks));
-    ASSERT_EQ(tasks.count(), 1);
-    EXPECT_EQ(tasks.lvEdit.row(0).text, QString());
-    ImageBox box = boxWith(unevenPicture(4, 4));
-    EXPECT_TRUE(modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
-    EXPECT_EQ(box.picture(), unevenPicture(4, 4));
 }
 
 TEST(TaskFile, WithGenericIconsAnyKeyIsAccepted) {
@@ -145,29 +124,22 @@ TEST(TaskFile, WithGenericIconsAnyKeyIsAccepted) {
     EXPECT_NE(tasks.row(1).key, QStringLiteral("generic"));
 }
 
-TEST(TaskFile, AFileThatCannotBeReadTakesTheOldRowsAndSaysSo) {
-    TestDesktop desktop;
-    TaskList tasks;
-    fillSample(tasks);
-    EXPECT_FALSE(fncOpenTaskBasket(QStringLiteral("/nowhere/list.tbf"), tasks));
-    EXPECT_EQ(tasks.count(), 0);
-    ASSERT_EQ(desktop.messages.size(), 1u);
-    EXPECT_EQ(desktop.messages[0].text,
-              QStringLiteral("Error opening editing list!\nPlease select a valid image list file."));
-    EXPECT_EQ(desktop.messages[0].icon, MessageIcon::Information);
-    ASSERT_EQ(desktop.reports.size(), 1u);
-    EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modSaveOpenImageList.fncOpenTaskBasket"));
-    EXPECT_TRUE(desktop.reports[0].ErrSystem.contains(QStringLiteral("/nowhere/list.tbf")));
-}
-
-TEST(TaskFile, AFolderThatDoesNotExistCannotBeSavedTo) {
+TEST(TaskFile, AFileThatCannotBeReadOrWrittenIsReportedWithItsName) {
     TestDesktop desktop;
     TaskList tasks;
     fillSample(tasks);
     EXPECT_FALSE(fncSaveTaskBasket(QStringLiteral("/nowhere/list"), tasks));
-    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_EQ(tasks.count(), 3);
+    EXPECT_FALSE(fncOpenTaskBasket(QStringLiteral("/nowhere/list.tbf"), tasks));
+    EXPECT_EQ(tasks.count(), 0) << "the old rows are gone";
+    ASSERT_EQ(desktop.messages.size(), 2u);
     EXPECT_EQ(desktop.messages[0].text, QStringLiteral("Error saving editing list!\nPlease try again!"));
-    ASSERT_EQ(desktop.reports.size(), 1u);
+    EXPECT_EQ(desktop.messages[1].text,
+              QStringLiteral("Error opening editing list!\nPlease select a valid image list file."));
+    EXPECT_EQ(desktop.messages[1].icon, MessageIcon::Information);
+    ASSERT_EQ(desktop.reports.size(), 2u);
     EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modSaveOpenImageList.fncSaveTaskBasket"));
-    EXPECT_TRUE(desktop.reports[0].ErrSystem.contains(QStringLiteral("/nowhere/list.tbf")));
+    EXPECT_EQ(desktop.reports[1].ErrRoutine, QStringLiteral("modSaveOpenImageList.fncOpenTaskBasket"));
+    for (const ErrorReport& report : desktop.reports)
+        EXPECT_TRUE(contains(report.ErrSystem, "/nowhere/list.tbf"));
 }

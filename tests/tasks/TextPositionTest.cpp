@@ -22,14 +22,11 @@ const Case cases[] = {
     {"top left", 0, 0, 0, {101, 101}, {40, 20}, {0, 0}},
     {"top left, anchored in the middle of an odd text", 0, 0, 1, {101, 101}, {41, 20}, {20, 0}},
     {"the same, one wider pair", 0, 0, 1, {101, 101}, {43, 20}, {22, 0}},
-    {"top left, anchored right", 0, 0, 2, {101, 101}, {40, 20}, {40, 0}},
     {"top centre", 0, 1, 0, {103, 101}, {40, 20}, {32, 0}},
     {"top centre, anchored centre", 0, 1, 1, {101, 101}, {40, 20}, {50, 0}},
     {"top centre, anchored centre on 103", 0, 1, 1, {103, 101}, {40, 20}, {52, 0}},
-    {"top centre, anchored right", 0, 1, 2, {101, 101}, {40, 20}, {70, 0}},
     {"top right", 0, 2, 0, {101, 101}, {40, 20}, {61, 0}},
     {"top right, anchored centre", 0, 2, 1, {101, 101}, {41, 20}, {80, 0}},
-    {"top right, anchored right", 0, 2, 2, {101, 101}, {40, 20}, {101, 0}},
     {"centre left", 0, 3, 0, {101, 103}, {40, 20}, {0, 42}},
     {"centre", 0, 4, 0, {101, 101}, {40, 20}, {30, 40}},
     {"bottom right, anchored right", 0, 8, 2, {101, 101}, {40, 20}, {101, 81}},
@@ -53,7 +50,7 @@ TEST(TextPosition, IsFlushWithTheEdgesAndRoundsHalvesToTheEvenNeighbour) {
     }
 }
 
-TEST(TextPosition, WhereverTheAnchorLiesTheTextCoversTheSamePixels) {
+TEST(TextPosition, WhateverTheAnchorTheTextCoversTheSamePixels) {
     const Size text{40, 20}; // even, so that no anchor needs rounding
     for (int position = 0; position <= 8; ++position) {
         const QPoint left = textPosition(0, position, 0, {200, 90}, text);
@@ -62,7 +59,7 @@ TEST(TextPosition, WhereverTheAnchorLiesTheTextCoversTheSamePixels) {
     }
 }
 
-TEST(TextPosition, APlaceThatThereIsNoneOfIsAnError) {
+TEST(TextPosition, AnUnknownPlaceOrAnchorIsAnError) {
     for (const int position : {-1, 9, 10, 32767})
         EXPECT_THROW(textPosition(0, position, 0, {10, 10}, {5, 5}), TrappedError) << position;
     EXPECT_THROW(textPosition(0, 0, 3, {10, 10}, {5, 5}), TrappedError);
