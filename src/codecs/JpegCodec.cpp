@@ -22,6 +22,8 @@ constexpr std::int64_t PixelsPerByte = 1000;
 constexpr long MemoryLimit = long(2) << 30;
 /// A crafted file repeats scans over a large picture to keep its reader busy; honest ones have some ten.
 constexpr int MostScans = 500;
+/// An extended XMP packet of 300 MB, or as many comments.
+constexpr int MostSegments = 5000;
 constexpr int RowsAtOnce = 16;
 
 enum class Purpose { Header, Picture };
@@ -37,8 +39,11 @@ public:
     JpegReader& operator=(const JpegReader&) = delete;
 
     void readHeader(Purpose purpose) {
-        if (purpose == Purpose::Picture)
+        if (purpose == Purpose::Picture) {
+            if (hasMoreSegmentsThan(MostSegments, m_bytes))
+                failDecoding(m_file, QStringLiteral("more than %1 segments").arg(MostSegments));
             keepMetadataSegments(m_jpeg);
+        }
         guard(readHeaderStep);
         requirePlausibleSize(m_file, m_jpeg.image_width, m_jpeg.image_height, PixelsPerByte);
     }

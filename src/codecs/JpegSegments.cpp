@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegSegments.h"
 
-#include "bytes/Numbers.h"
+#include "bytes/ByteReader.h"
 #include "embedded/ExifBlock.h"
 
 #include <QCryptographicHash>
@@ -16,6 +16,8 @@ namespace {
 constexpr int App1 = JPEG_APP0 + 1;
 constexpr int App2 = JPEG_APP0 + 2;
 constexpr int App13 = JPEG_APP0 + 13;
+constexpr std::uint8_t EndOfImage = 0xD9;
+constexpr std::uint8_t StartOfScan = 0xDA;
 constexpr qsizetype LargestPayload = 65533;
 
 // The terminating zeros are part of the signatures.
@@ -216,6 +218,22 @@ void appendProfile(std::vector<JpegSegment>& segments, const QByteArray& profile
 }
 
 } // namespace
+
+bool hasMoreSegmentsThan(int most, const QByteArray& jpeg) {
+    const ByteReader reader(jpeg, ByteOrder::Big);
+    std::int64_t at = 2; // after the start marker
+    for (int count = 0; count <= most; ++count) {
+        while (at < reader.size() && (reader.byte(at) != 0xFF || reader.byte(at + 1).value_or(0xFF) == 0xFF))
+            ++at; // fill bytes, and whatever the decoder would skip too
+        const auto marker = reader.byte(at + 1);
+        const auto length = reader.word(at + 2);
+        if (!marker || !length || *marker == StartOfScan || *marker == EndOfImage)
+            return false;
+        const bool hasLength = *marker > 0x01 && (*marker < 0xD0 || *marker > EndOfImage);
+        at += 2 + (hasLength ? *length : 0);
+    }
+    return true;
+}
 
 void keepMetadataSegments(jpeg_decompress_struct& jpeg) {
     for (const int marker : {App1, App2, App13, JPEG_COM})

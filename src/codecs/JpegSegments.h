@@ -9,6 +9,10 @@
 
 namespace tarsel {
 
+/// Whether more than `most` segments come before the first scan. The decoder walks its list of kept segments
+/// for each new one, so that a small file of many could keep it busy for minutes.
+bool hasMoreSegmentsThan(int most, const QByteArray& jpeg);
+
 /// Makes the decoder keep the segments that hold metadata. Call before jpeg_read_header.
 void keepMetadataSegments(jpeg_decompress_struct& jpeg);
 

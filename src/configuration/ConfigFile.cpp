@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
 
 namespace tarsel {
 
@@ -46,27 +45,20 @@ void readRecord(const ConfigRecordData& defaults) {
     writeFileSafely(ConfigPath, {});
 }
 
-const QString uprightKey = QStringLiteral("BatchSave/UprightByExif");
-
-/// Bytes that are not settings would be reported at each end of the program, and partly kept.
-void removeDamagedSettings() {
-    if (QSettings(settingsPathBeside(), QSettings::IniFormat).status() == QSettings::FormatError)
-        QFile::remove(settingsPathBeside());
-}
+// The settings beside the record: an .ini file of one group, in which what can't be read counts as default.
+constexpr char settingsGroup[] = "[BatchSave]\n";
+constexpr char uprightOn[] = "UprightByExif=true\n";
+constexpr char uprightOff[] = "UprightByExif=false\n";
 
 void readSettingsBeside() {
-    removeDamagedSettings();
-    const QSettings settings(settingsPathBeside(), QSettings::IniFormat);
-    ConfigRecord.BatchSave.UprightByExif = settings.value(uprightKey, true).toBool() ? 1 : 0;
+    QByteArray text;
+    ignoringErrors([&] { text = readWholeFile(settingsPathBeside()); });
+    ConfigRecord.BatchSave.UprightByExif = text.contains(uprightOff) ? 0 : 1;
 }
 
 void storeSettingsBeside() {
-    removeDamagedSettings();
-    QSettings settings(settingsPathBeside(), QSettings::IniFormat);
-    settings.setValue(uprightKey, ConfigRecord.BatchSave.UprightByExif == 1);
-    settings.sync();
-    if (settings.status() != QSettings::NoError)
-        fail(ErrorNumber::PermissionDenied, settingsPathBeside());
+    const bool upright = ConfigRecord.BatchSave.UprightByExif == 1;
+    writeFileSafely(settingsPathBeside(), QByteArray(settingsGroup) + (upright ? uprightOn : uprightOff));
 }
 
 } // namespace

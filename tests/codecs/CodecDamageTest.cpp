@@ -60,6 +60,17 @@ TEST(HostileFiles, aTiffDirectoryOfRepeatedEntriesIsRefused) {
     EXPECT_TRUE(outcome.message.contains(QLatin1String("65000 entries"))) << outcome.message.toStdString();
 }
 
+/// Half a million of them would keep the decoder busy for minutes.
+TEST(HostileFiles, aJpegOfThousandsOfSegmentsIsRefusedAndOneOfHundredsIsNot) {
+    QByteArray jpeg = codecForExtension(QStringLiteral("jpg"))->encode(test::photograph(8, 8), {}, {});
+    const QByteArray comment("\xFF\xFE\0\3x", 5);
+    jpeg.insert(2, comment.repeated(500));
+    EXPECT_TRUE(test::readBytes(jpeg, QStringLiteral("some.jpg")).decoded);
+    jpeg.insert(2, comment.repeated(10'000));
+    const auto outcome = test::readBytes(jpeg, QStringLiteral("many.jpg"));
+    EXPECT_TRUE(outcome.message.contains(QLatin1String("segments"))) << outcome.message.toStdString();
+}
+
 TEST(HostileFiles, aDirectoryThatManyPointersLeadToIsReadOnce) {
     const quint32 shared = test::tiffRest(2);
     const QByteArray bytes = test::tiffBlock({{0x8769, 4, 1, shared}, {0x8825, 4, 1, shared}}, 0,
