@@ -4,6 +4,7 @@
 #include "app/DialogFilters.h"
 #include "app/ProgramIdentity.h"
 #include "app/frmErrorReport.h"
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "pixels/Color.h"
 
@@ -88,6 +89,8 @@ MessageAnswer QtDesktop::messageBox(const QString& text, MessageIcon icon, Messa
     QMessageBox box(qtIcon(icon), title.isEmpty() ? programIdentity::title : title, text, qtButtons(buttons),
                     owner());
     box.setTextFormat(Qt::PlainText);
+    if (buttons == MessageButtons::YesNo)
+        box.setDefaultButton(QMessageBox::No); // Enter must not replace anything
     return answerOf(box.exec());
 }
 
@@ -161,6 +164,7 @@ std::optional<FontChoice> QtDesktop::fontDialog(const FontChoice& initial) {
 // --- the running loop
 
 void QtDesktop::yield() {
+    const ErrorSubject none{QString()}; // handlers of input don't work on the caller's file
     QCoreApplication::processEvents();
 }
 

@@ -92,7 +92,8 @@ QWidget* frmMain::makeCancelAdding() {
     auto* escape = new QShortcut(Qt::Key_Escape, this);
     escape->setEnabled(false);
     connect(escape, &QShortcut::activated, this, [this] { m_basket.stopAdding(); });
-    m_basket.addingChanged = [cmdCancelAdding, escape](bool adding) {
+    m_basket.addingChanged = [this, cmdCancelAdding, escape](bool adding) {
+        m_folderView.lendBar(adding);
         cmdCancelAdding->setVisible(adding);
         escape->setEnabled(adding);
     };
@@ -256,7 +257,9 @@ void frmMain::takeUpright() {
         return;
     m_folderView.settings.upright = m_basket.settings.upright = m_preview.upright = upright;
     m_preview.reload();
-    listFolder(m_folderView.currentFolder());
+    m_folderView.makeThumbnailsAgain();
+    QMetaObject::invokeMethod(
+        this, [this] { m_basket.makeThumbnailsAgain(); }, Qt::QueuedConnection);
 }
 
 void frmMain::subSaveAsSinglePage() {

@@ -63,6 +63,21 @@ int pagesOf(const ListRow& row) {
     return known.toInt();
 }
 
+QStringList selectedTags(const ListView& list) {
+    QStringList tags;
+    for (const int row : list.selectedRows())
+        tags << list.row(row).tag;
+    return tags;
+}
+
+/// The row with a tag, searched from row `from` on and then from the first row; -1 when there is none.
+int rowOfTag(const ListView& list, const QString& tag, int from) {
+    for (int i = 0; i < list.count(); ++i)
+        if (const int row = (from + i) % list.count(); list.row(row).tag == tag)
+            return row;
+    return -1;
+}
+
 } // namespace
 
 // --- adding
@@ -102,19 +117,16 @@ void Basket::addSelected(Road road, const Adding& adding) {
     m_failed.clear();
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
-        m_lists.pbQueue.start(folder.count());
-        int row = 0;
-        // A listing in the background takes unreadable files out while rows are added.
-        const QObject context;
-        QObject::connect(&folder, &QAbstractItemModel::rowsRemoved, &context,
-                         [&row](const QModelIndex&, int first, int last) {
-                             row -= std::clamp(row - first, 0, last - first + 1);
-                         });
-        // Pending input may change the list: its rows are counted each time.
-        for (; row < folder.count() && adding.goesOn(); ++row) {
-            if (row < folder.count() && folder.isSelected(row))
+        // Pending input and a listing in the background move and remove rows while files are added.
+        const QStringList tags = selectedTags(folder);
+        for (int done = 0, next = 0; done < tags.size(); ++done) {
+            m_lists.pbQueue.start(int(tags.size()), done);
+            if (!adding.goesOn())
+                break;
+            if (const int row = rowOfTag(folder, tags[done], next); row >= 0) {
                 addFolderRow(road, row, adding);
-            m_lists.pbQueue.start(folder.count(), row + 1);
+                next = row + 1;
+            }
         }
         showStatus(road, QString());
         showCount();
@@ -180,6 +192,30 @@ void Basket::subAddEntryToListView(const QString& path) {
                    *thumbnail);
         else
             noteFailed(path);
+    });
+}
+
+/// A row whose file can't be read keeps its picture.
+void Basket::makeThumbnailsAgain() {
+    ListView& list = m_lists.lvPages;
+    if (list.isEmpty() || !settings.thumbnails)
+        return;
+    trap("Basket.makeThumbnailsAgain", [&] {
+        const Adding adding(*this);
+        QStringList tags;
+        for (int row = 0; row < list.count(); ++row)
+            tags << list.row(row).tag;
+        for (int done = 0, next = 0; done < tags.size() && adding.goesOn(); ++done) {
+            m_lists.pbQueue.start(int(tags.size()), done);
+            const int row = rowOfTag(list, tags[done], next);
+            const auto thumbnail =
+                row < 0 ? std::nullopt : loadThumbnail(tags[done], settings.basketBox(), settings.upright);
+            if (!thumbnail)
+                continue;
+            m_lists.ilPages.set(list.row(row).icon, QVariant::fromValue(thumbnail->picture));
+            list.setIcon(row, list.row(row).icon);
+            next = row + 1;
+        }
     });
 }
 

@@ -60,6 +60,9 @@ public:
     /// Called with true when an adding begins and with false at its end.
     std::function<void(bool)> addingChanged;
 
+    /// Makes the thumbnails of all rows again, after a change of how they are made; input runs in between.
+    void makeThumbnailsAgain();
+
     void cmdPagesDelete(); ///< removes the selected rows; their page files stay
     void cmdPagesNew();    ///< empties the basket and deletes all page files, without asking
     void empty();          ///< empties the basket alone

@@ -56,61 +56,92 @@ int FolderScan::count() const {
     return int(m_names.size());
 }
 
+// --- failures
+
+/// An exception that leaves a thread would end the program.
+template <class Work>
+void FolderScan::deliveringFailure(Work&& work) {
+    try {
+        work();
+    } catch (const TrappedError& error) {
+        deliver(error);
+    } catch (const std::bad_alloc&) {
+        deliver({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)});
+    } catch (const std::exception& error) {
+        deliver({ErrorNumber::InvalidCall, QString::fromUtf8(error.what())});
+    }
+}
+
+void FolderScan::deliver(TrappedError failure) {
+    const std::lock_guard lock(m_mutex);
+    m_waiting.failure = std::move(failure);
+    wakeOwner();
+}
+
 // --- rows
 
-/// Rows are handed on in growing numbers: a list pays for each addition by its length.
 void FolderScan::listRows() {
+    deliveringFailure([this] { m_request.known.isEmpty() ? makeRows() : takeKnownRows(); });
+    const std::lock_guard lock(m_mutex);
+    m_waiting.allRows = true;
+    wakeOwner();
+}
+
+/// Rows are handed on in growing numbers: a list pays for each addition by its length.
+void FolderScan::makeRows() {
     constexpr size_t FirstRows = 100;
     constexpr size_t Growth = 8;
     const std::stop_token stop = m_stop.get_token();
-    std::optional<TrappedError> failure;
-    try {
-        const QStringList names = pictureFiles(m_request.folder);
-        {
-            const std::lock_guard lock(m_mutex);
-            m_names = names;
-            m_isPending.resize(size_t(names.size()), false);
-        }
-        clsFileInfo info = m_request.info;
-        size_t enough = FirstRows;
-        for (int number = 0; number < int(names.size()) && !stop.stop_requested(); ++number) {
-            ListRow row = folderRow(m_request.folder, names[number], info, m_request.settings.longFileSize);
-            row.number = number;
-            const std::lock_guard lock(m_mutex);
-            m_made.push_back(std::move(row));
-            if (m_made.size() < enough && number + 1 < int(names.size()))
-                continue;
-            enough *= Growth;
-            for (const ListRow& made : m_made)
-                m_isPending[size_t(made.number)] = true;
-            m_handedOn = number + 1;
-            std::move(m_made.begin(), m_made.end(), std::back_inserter(m_waiting.rows));
-            m_made.clear();
-            m_changed.notify_all();
-            wakeOwner();
-        }
-    } catch (const TrappedError& error) {
-        failure = error;
-    } catch (const std::bad_alloc&) {
-        failure = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)};
+    const QStringList names = pictureFiles(m_request.folder);
+    setNames(names);
+    clsFileInfo info = m_request.info;
+    size_t enough = FirstRows;
+    for (int number = 0; number < int(names.size()) && !stop.stop_requested(); ++number) {
+        ListRow row = folderRow(m_request.folder, names[number], info, m_request.settings.longFileSize);
+        row.number = number;
+        const std::lock_guard lock(m_mutex);
+        m_made.push_back(std::move(row));
+        if (m_made.size() < enough && number + 1 < int(names.size()))
+            continue;
+        enough *= Growth;
+        for (const ListRow& made : m_made)
+            m_isPending[size_t(made.number)] = true;
+        m_handedOn = number + 1;
+        std::move(m_made.begin(), m_made.end(), std::back_inserter(m_waiting.rows));
+        m_made.clear();
+        m_changed.notify_all();
+        wakeOwner();
     }
+}
+
+void FolderScan::takeKnownRows() {
+    setNames(m_request.known);
     const std::lock_guard lock(m_mutex);
-    m_waiting.failure = std::move(failure);
-    m_waiting.allRows = true;
-    wakeOwner();
+    for (int number = 0; number < int(m_names.size()); ++number)
+        m_isPending[size_t(number)] = !m_names[number].isEmpty();
+    m_handedOn = int(m_names.size());
+    m_changed.notify_all();
+}
+
+void FolderScan::setNames(const QStringList& names) {
+    const std::lock_guard lock(m_mutex);
+    m_names = names;
+    m_isPending.resize(size_t(names.size()), false);
 }
 
 // --- what completes them
 
 void FolderScan::completeRows() {
     const StopScope scope(m_stop.get_token()); // a stop also ends the wait for a slow decoder
-    while (const std::optional<int> number = takeNumber()) {
-        const QString path = joinedPath(m_request.folder, m_names.at(*number));
-        NumberedContent completed{*number, readRowContent(path, m_request.settings)};
-        const std::lock_guard lock(m_mutex);
-        m_waiting.contents.push_back(std::move(completed));
-        wakeOwner();
-    }
+    deliveringFailure([this] {
+        while (const std::optional<int> number = takeNumber()) {
+            const QString path = joinedPath(m_request.folder, m_names.at(*number));
+            NumberedContent completed{*number, m_request.readContent(path, m_request.settings)};
+            const std::lock_guard lock(m_mutex);
+            m_waiting.contents.push_back(std::move(completed));
+            wakeOwner();
+        }
+    });
 }
 
 /// Waits for a row to complete. Nothing after a stop.

@@ -22,6 +22,10 @@ public:
         QString folder;
         CollectionSettings settings;
         clsFileInfo info; ///< of the file before, with fixed date formats
+        /// Names by row number of rows that are there already and only need to be completed; empty where a
+        /// row is gone. Without any, the folder is listed.
+        QStringList known;
+        RowContent (*readContent)(const QString& path, const CollectionSettings& settings) = readRowContent;
     };
     struct NumberedContent {
         int number;
@@ -31,7 +35,7 @@ public:
     struct Delivery {
         std::vector<ListRow> rows; ///< `number` counts them from 0 in the order of names
         std::vector<NumberedContent> contents;
-        std::optional<TrappedError> failure; ///< the folder can't be listed
+        std::optional<TrappedError> failure; ///< the listing can't go on
         bool allRows = false;
         bool isEmpty() const { return rows.empty() && contents.empty() && !allRows; }
     };
@@ -52,7 +56,13 @@ public:
 
 private:
     void listRows();
+    void makeRows();
+    void takeKnownRows();
+    void setNames(const QStringList& names);
     void completeRows();
+    template <class Work>
+    void deliveringFailure(Work&& work);
+    void deliver(TrappedError failure);
     std::optional<int> takeNumber();
     bool isPending(int number) const;
     void wakeOwner();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/FolderView.h"
 
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
@@ -58,12 +59,14 @@ void FolderView::clearList() {
 }
 
 /// What a scan that has been replaced still sends is dropped by its number.
-void FolderView::startScan() {
-    m_expected = m_completed = 0;
-    m_hasAllRows = m_hasGaps = false;
+void FolderView::startScan(QStringList known) {
+    m_expected = int(known.size());
+    m_completed = int(known.count(QString()));
+    m_hasAllRows = false;
+    m_hasGaps = m_completed > 0;
     if (settings.folderView == 0)
         m_lists.lvFolder.attachImages(&m_lists.ilFolder);
-    FolderScan::Request request{m_folder, settings, FileInfo()};
+    FolderScan::Request request{m_folder, settings, FileInfo(), std::move(known)};
     request.info.setDateFormats(clsFileInfo::desktopFormats());
     FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
     const int number = ++m_scanNumber;
@@ -78,6 +81,44 @@ void FolderView::startScan() {
     });
 }
 
+void FolderView::makeThumbnailsAgain() {
+    if (isRunning())
+        return subShowFilesInFolder(m_folder);
+    if (settings.folderView != 0)
+        return m_lists.ilFolder.clear(); // the thumbnail view lists the folder again then
+    if (m_lists.lvFolder.isEmpty())
+        return;
+    iconsByNumber();
+    m_rowOf.clear();
+    startScan(namesByNumber());
+    preferVisibleRows();
+}
+
+/// The names for another scan of the rows that are there; empty for numbers without a row.
+QStringList FolderView::namesByNumber() const {
+    QStringList names;
+    for (int row = 0; row < m_lists.lvFolder.count(); ++row) {
+        const ListRow& each = m_lists.lvFolder.row(row);
+        while (names.size() <= each.number)
+            names << QString();
+        names[each.number] = each.text;
+    }
+    return names;
+}
+
+/// Undoes closeGapsOfIcons: the old pictures show until the new ones are there.
+void FolderView::iconsByNumber() {
+    ImageList opened;
+    std::vector<int> icons;
+    for (int row = 0; row < m_lists.lvFolder.count(); ++row) {
+        const ListRow& each = m_lists.lvFolder.row(row);
+        opened.set(each.number, m_lists.ilFolder.at(each.icon));
+        icons.push_back(each.icon < 0 ? -1 : each.number);
+    }
+    m_lists.ilFolder = std::move(opened);
+    m_lists.lvFolder.setIcons(icons);
+}
+
 /// A scan ends when the file in work is done, which may take its time: nobody waits for that.
 void FolderView::retireScan() {
     std::erase_if(m_retired, [](const auto& scan) { return scan->hasEnded(); });
@@ -90,7 +131,7 @@ void FolderView::retireScan() {
 void FolderView::stop() {
     retireScan();
     FolderChanging = false;
-    m_lists.pbQueue.hide();
+    hideBar();
 }
 
 // --- what a scan delivers
@@ -104,6 +145,7 @@ void FolderView::fetchDelivery() {
 }
 
 void FolderView::reportFailure(const TrappedError& error) {
+    const ErrorSubject subject(m_folder); // other work may be in progress, with a subject of its own
     if (error.number != ErrorNumber::PermissionDenied)
         return void(trap("FrmMain.subShowFilesInFolder", [&] { throw error; }));
     m_refusal = tr("You have no permission to read the folder %1.").arg(m_folder);
@@ -111,8 +153,8 @@ void FolderView::reportFailure(const TrappedError& error) {
 }
 
 void FolderView::take(FolderScan::Delivery delivery) {
-    if (FolderChanging && m_scan->count() > 0)
-        m_lists.pbQueue.start(m_expected = m_scan->count());
+    if (FolderChanging)
+        m_expected = m_scan->count();
     FolderChanging = false;
     addRows(std::move(delivery.rows));
     std::vector<int> unreadable;
@@ -120,8 +162,7 @@ void FolderView::take(FolderScan::Delivery delivery) {
         complete(std::move(completed), unreadable);
     m_completed += int(delivery.contents.size());
     removeRows(std::move(unreadable));
-    if (m_expected > 0)
-        m_lists.pbQueue.setValue(m_completed);
+    showBar();
     m_hasAllRows = m_hasAllRows || delivery.allRows;
     if (m_hasAllRows && m_completed == m_expected)
         finish();
@@ -187,7 +228,22 @@ void FolderView::finish() {
     if (m_hasGaps)
         closeGapsOfIcons();
     sortAgain();
-    m_lists.pbQueue.hide();
+    hideBar();
+}
+
+void FolderView::showBar() {
+    if (m_scan && m_expected > 0 && !m_isBarLent)
+        m_lists.pbQueue.start(m_expected, m_completed);
+}
+
+void FolderView::hideBar() {
+    if (!m_isBarLent)
+        m_lists.pbQueue.hide();
+}
+
+void FolderView::lendBar(bool lent) {
+    m_isBarLent = lent;
+    showBar();
 }
 
 /// Rows without a picture are gone: the pictures are numbered by the rows that are left.

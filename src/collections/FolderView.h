@@ -35,14 +35,21 @@ public:
     void subShowFilesInFolder(const QString& path);
     bool isRunning() const { return m_scan != nullptr; } ///< rows are missing or incomplete
     void stop();
+    /// Reads the pictures of all rows again, after a change of how thumbnails are made. Rows, their order and
+    /// their selection stay.
+    void makeThumbnailsAgain();
     void preferVisibleRows();  ///< other rows have come into view
     void cmdDetailFolder();    ///< to the detail view
     void cmdThumbnailFolder(); ///< back; lists the folder again when there are no thumbnails
+    /// True while somebody else uses the progress bar, which the listing leaves alone then and takes back.
+    void lendBar(bool lent);
     QString currentFolder() const { return m_folder; }
 
 private:
     void clearList();
-    void startScan();
+    void startScan(QStringList known = {});
+    QStringList namesByNumber() const;
+    void iconsByNumber();
     void retireScan();
     void fetchDelivery();
     void take(FolderScan::Delivery delivery);
@@ -52,6 +59,8 @@ private:
     int rowOf(int number);
     void removeRows(std::vector<int> numbers);
     void finish();
+    void showBar();
+    void hideBar();
     void closeGapsOfIcons();
     void keepSorting();
     void sortAgain();
@@ -64,6 +73,7 @@ private:
     int m_scanNumber = 0;
     bool m_hasAllRows = false;
     bool m_hasGaps = false; ///< ilFolder has places of rows that are gone
+    bool m_isBarLent = false;
     int m_expected = 0;
     int m_completed = 0;
     std::vector<int> m_rowOf; ///< row by number, as of the last look; empty when rows have moved

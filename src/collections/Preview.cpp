@@ -2,6 +2,7 @@
 #include "collections/Preview.h"
 
 #include "base/Desktop.h"
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "collections/FolderRow.h"
 #include "collections/clsFileInfo.h"
@@ -60,6 +61,7 @@ void Preview::ShowRow(ListView& list, int row) {
     m_lists.ibMain.Clear();
     m_lists.lvExif.clear();
     m_lists.lvIPTC.clear();
+    m_wantedPath = path;
     request(path, OptimizedPreview);
 }
 
@@ -72,9 +74,8 @@ void Preview::showTasks() {
 }
 
 void Preview::reload() {
-    const QString path = m_pending && !m_pending->path.isEmpty() ? m_pending->path : m_shownPath;
-    if (!path.isEmpty())
-        request(path, OptimizedPreview);
+    if (!m_wantedPath.isEmpty())
+        request(m_wantedPath, OptimizedPreview);
 }
 
 void Preview::show(bool withTasks) {
@@ -119,7 +120,7 @@ void Preview::apply(PreviewWorker::Result result) {
         describe(path);
     Q_EMIT pictureChanged();
     if (failure) {
-        failure->description = m_shownPath + QStringLiteral(": ") + failure->description;
+        const ErrorSubject subject(m_shownPath);
         trap("subProcessPages", [&] { throw *failure; });
     }
 }

@@ -41,7 +41,7 @@ public:
     void rebuild();
     /// Shows the picture with the tasks, up to the selected one, whatever OptimizedPreview says.
     void showTasks();
-    /// Loads the picture shown again, after a change of how pictures are prepared.
+    /// Loads the picture of the row shown last again, after a change of how pictures are prepared.
     void reload();
     /// Drops what is being loaded.
     void stop();
@@ -72,6 +72,7 @@ private:
     Lists m_lists;
     Picture m_original; ///< as loaded, without the tasks
     QString m_shownPath;
+    QString m_wantedPath;    ///< of the row shown last, whether its picture could be loaded or not
     QString m_describedPath; ///< of the row of lvFolder that two panels describe
     QString m_nextDescribedPath;
     quint64 m_lastNumber = 0;

@@ -190,10 +190,12 @@ TEST_F(BasketTest, WithoutThumbnailsThePictureIsKnownByItsHeaderAlone) {
     EXPECT_EQ(ilPages.count(), 0);
 }
 
-TEST_F(BasketTest, RowsThatAListingTakesOutMeanwhileCostNoOtherRowAndAnEmptiedListEndsTheAdding) {
+TEST_F(BasketTest, RowsThatMoveOrGoMeanwhileCostNoOtherRowAndAnEmptiedListEndsTheAdding) {
     makePictures({"a.png", "b.png", "c.png", "d.png"});
-    const std::pair<std::function<void()>, const char*> cases[] = {{[&] { lvFolder.remove(0); }, "a b c d"},
-                                                                   {[&] { lvFolder.clear(); }, "a b"}};
+    const std::pair<std::function<void()>, const char*> cases[] = {
+        {[&] { lvFolder.remove(0); }, "a b c d"},
+        {[&] { lvFolder.clear(); }, "a b"},
+        {[&] { lvFolder.sort(0, Qt::DescendingOrder); }, "a b c d"}};
     for (const auto& [change, expected] : cases) {
         basket().empty();
         listAndSelectAll();
@@ -201,6 +203,28 @@ TEST_F(BasketTest, RowsThatAListingTakesOutMeanwhileCostNoOtherRowAndAnEmptiedLi
         basket().cmdAddToQueue_Click();
         EXPECT_EQ(texts(lvPages), expected);
     }
+}
+
+TEST_F(BasketTest, TheBarBelongsToTheAddingAndThenToTheListingAgain) {
+    for (const char* name : {"a.png", "b.png"})
+        makePicture(picture(name), {3, 3});
+    Basket pages = basket();
+    pages.addingChanged = [&](bool adding) { view.lendBar(adding); };
+    for (const bool endsMeanwhile : {false, true}) {
+        listAndSelectAll();
+        pages.empty();
+        view.makeThumbnailsAgain();
+        desktop.onYield = [&] {
+            EXPECT_TRUE(progress.visible);
+            if (endsMeanwhile)
+                waitForList();
+        };
+        pages.cmdAddToQueue_Click();
+        EXPECT_EQ(progress.visible, !endsMeanwhile);
+        waitForList();
+        EXPECT_FALSE(progress.visible);
+    }
+    EXPECT_EQ(lvPages.count(), 2);
 }
 
 TEST_F(BasketTest, AStoppedAddingEndsBeforeTheNextPageAndTheNextOneRuns) {

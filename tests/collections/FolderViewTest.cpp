@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/collections/CollectionWindow.h"
 
+#include "base/ErrorSubject.h"
 #include "base/TrappedError.h"
 #include "collections/Thumbnail.h"
 
 #include <QFile>
+#include <semaphore>
 
 #include <unistd.h>
 
@@ -64,8 +66,23 @@ TEST_F(FolderViewTest, AThumbnailIsTurnedUprightWhereThatIsWanted) {
     const auto isWhiteAtTheLeft = [](const Picture& thumbnail) {
         return thumbnail.view().pixel(2, thumbnail.height() / 2)[1] > 128;
     };
-    for (const bool upright : {false, true})
-        EXPECT_EQ(isWhiteAtTheLeft(loadThumbnail(path, Size{40, 30}, upright)->picture), upright);
+    makePicture(picture("a.png"), {3, 3});
+    writeBytes(picture("b.jpg"), "not a picture");
+    listAndSelectAll();
+    lvFolder.sort(0, Qt::DescendingOrder);
+    Basket pages = basket();
+    pages.cmdAddToQueue_Click();
+    for (const bool upright : {false, true}) {
+        view.settings.upright = pages.settings.upright = upright;
+        view.makeThumbnailsAgain();
+        EXPECT_EQ(lvFolder.selectedRows().size(), 2u);
+        waitForList();
+        pages.makeThumbnailsAgain();
+        ASSERT_EQ(texts(lvFolder), "turned.jpg a.png");
+        for (const auto& [list, images] : {std::pair(&lvFolder, &ilFolder), std::pair(&lvPages, &ilPages)})
+            EXPECT_EQ(isWhiteAtTheLeft(pictureAt(*images, list->row(0).icon)), upright);
+    }
+    EXPECT_EQ(ilFolder.count(), 2) << "no place for the row that is gone";
 }
 
 TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails) {
@@ -109,12 +126,32 @@ TEST_F(FolderViewTest, AnEmptyFolderEmptiesListAndPicturesAndShowsNoBar) {
 
 TEST_F(FolderViewTest, AMissingFolderIsReportedByName) {
     const QString missing = folder.filePath(QStringLiteral("gone"));
+    const ErrorSubject otherWork(QStringLiteral("other.jpg"));
     list(missing);
     const ErrorReport report = takeReport();
     EXPECT_EQ(report.ErrRoutine, QStringLiteral("FrmMain.subShowFilesInFolder"));
     EXPECT_TRUE(report.ErrSystem.startsWith(QStringLiteral("76 - "))) << report.ErrSystem.toStdString();
-    EXPECT_TRUE(report.ErrSystem.contains(missing));
+    EXPECT_TRUE(report.ErrSystem.contains(missing) && !report.ErrSystem.contains(QLatin1String("other.jpg")));
     EXPECT_EQ(lvFolder.count(), 0);
+}
+
+TEST_F(FolderViewTest, LackOfMemoryForARowIsDeliveredAsAFailure) {
+    makePicture(picture("a.png"), {3, 3});
+    std::counting_semaphore<> woken{0};
+    FolderScan scan({.folder = pictures,
+                     .settings = settings,
+                     .info = {},
+                     .known = {},
+                     .readContent = [](const QString&, const CollectionSettings&) -> RowContent {
+                         throw std::bad_alloc();
+                     }},
+                    [&] { woken.release(); });
+    std::optional<TrappedError> failure;
+    while (!failure) {
+        woken.acquire();
+        failure = scan.fetch(1).failure;
+    }
+    EXPECT_EQ(failure->number, ErrorNumber::OutOfMemory);
 }
 
 TEST_F(FolderViewTest, AFolderWithoutPermissionIsNamedInTheStatusLineUntilTheNextOne) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/ErrorSubject.h"
 #include "collections/Basket.h"
 #include "collections/Preview.h"
 #include "collections/Workspace.h"
@@ -8,6 +9,7 @@
 #include "controls/ProgressBar.h"
 #include "output/BatchSave.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/TestDesktop.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -221,6 +223,33 @@ TEST_F(Batch, ThePreviewShowsThePixelsThatTheBatchEncodes) {
             EXPECT_EQ(workspace.ibMain.Width() < workspace.ibMain.Height(), isTurned) << name;
         }
     }
+}
+
+TEST_F(WindowTest, APreviewReloadsTheRowAskedForAndReportsItsOwnFile) {
+    makePictures(1);
+    Workspace workspace;
+    Preview preview({workspace.lvFolder, workspace.lvPages, workspace.lvExif, workspace.lvIPTC,
+                     workspace.tasks, workspace.ibMain, workspace.sbMain});
+    preview.OptimizedPreview = true;
+    workspace.tasks.append({QStringLiteral("12"), QStringLiteral("canvas"), {}}); // fails without its columns
+    for (const QString& file : {pictures() + QStringLiteral("/photo01.jpg"), path("gone.jpg")}) {
+        ListRow row;
+        row.tag = file;
+        workspace.lvPages.add(row);
+    }
+    TestDesktop scripted;
+    const ErrorSubject otherWork(QStringLiteral("other.jpg"));
+    const auto isIdle = [&] { return !preview.isBusy(); };
+    preview.ShowRow(workspace.lvPages, 0);
+    ASSERT_TRUE(waitFor(isIdle));
+    ASSERT_EQ(scripted.reports.size(), 1u);
+    EXPECT_TRUE(scripted.reports[0].ErrSystem.contains(QLatin1String(" - ") + preview.shownPath()))
+        << scripted.reports[0].ErrSystem.toStdString();
+    preview.ShowRow(workspace.lvPages, 1);
+    ASSERT_TRUE(waitFor(isIdle));
+    preview.reload();
+    ASSERT_TRUE(waitFor(isIdle));
+    EXPECT_FALSE(workspace.ibMain.HasImage()) << "the picture of the row before";
 }
 
 } // namespace tarsel::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DialogFilters.h"
 #include "app/QtDesktop.h"
+#include "base/ErrorSubject.h"
 #include "base/SafeFileWriter.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -78,6 +80,17 @@ TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndReturnTheAnswer) {
                                  MessageButtons::OkCancel, {}),
               MessageAnswer::Cancel);
     EXPECT_EQ(shown.toStdString(), "<b>a</b>\nb");
+    QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+    EXPECT_EQ(desktop.messageBox(shown, MessageIcon::Question, MessageButtons::YesNo, {}), MessageAnswer::No);
+}
+
+TEST(QtDesktopTest, AnErrorInAHandlerOfInputDoesNotNameTheFileAtWork) {
+    const ErrorSubject atWork(QStringLiteral("a.jpg"));
+    QString reported;
+    QTimer::singleShot(0, qApp, [&] { reported = namingSubject(QStringLiteral("Disk full")); });
+    QtDesktop().yield();
+    EXPECT_EQ(reported.toStdString(), "Disk full");
+    EXPECT_EQ(namingSubject(reported).toStdString(), "a.jpg: Disk full");
 }
 
 TEST(QtDesktopTest, TheSaveDialogReturnsPathAndChosenFilter) {
