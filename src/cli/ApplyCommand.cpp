@@ -46,11 +46,13 @@ bool holdsAlpha(const QString& path) {
     return codec && names.contains(QLatin1String(codec->name));
 }
 
-/// Writes nothing when a task fails: the picture would not be the one that was asked for.
-void apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
+/// Returns what is wrong with a source that could be read in part only; empty for an undamaged one. Writes
+/// nothing when a task fails: the picture would not be the one that was asked for.
+QString apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
     ImageBox box;
     if (!loadSource(box, source))
         fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
+    const QString damage = box.LoadDamage();
     if (!holdsAlpha(target))
         prepareForTasks(box, source, upright);
     else if (upright)
@@ -61,6 +63,7 @@ void apply(const QString& source, const QString& target, const TaskList& tasks, 
              QStringLiteral("%1: the task list ended early, nothing was written: %2")
                  .arg(source, lastErrorReport().ErrSystem));
     box.SaveToFile(target);
+    return damage.isEmpty() ? QString() : QStringLiteral("the source is damaged: ") + damage;
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
@@ -81,7 +84,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {
-        apply(result.source, result.target, tasks, arguments.has("upright"));
+        result.reason = apply(result.source, result.target, tasks, arguments.has("upright"));
     } catch (const TrappedError& error) {
         result.state = RowState::Failed;
         result.reason = error.description;

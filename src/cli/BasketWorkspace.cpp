@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QSet>
+#include <utility>
 
 namespace tarsel::cli {
 
@@ -55,8 +56,10 @@ QString absolutePath(const QString& path) {
     return QDir::cleanPath(QDir::current().absoluteFilePath(path));
 }
 
-BasketWorkspace::BasketWorkspace(Progress& progress) :
-    m_lists(m_workspace.lists(progress)), m_basket(m_lists, withoutThumbnails()) {}
+BasketWorkspace::BasketWorkspace(Progress& progress, std::stop_token stop) :
+    m_lists(m_workspace.lists(progress)), m_basket(m_lists, withoutThumbnails()) {
+    m_basket.stop = std::move(stop);
+}
 
 /// Pages need a folder for their files.
 void BasketWorkspace::prepareFor(const QString& path) {

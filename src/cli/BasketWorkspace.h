@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 #include <optional>
+#include <stop_token>
 
 namespace tarsel::cli {
 
@@ -16,7 +17,8 @@ namespace tarsel::cli {
 /// and removed at the end.
 class BasketWorkspace {
 public:
-    explicit BasketWorkspace(Progress& progress);
+    /// A requested stop ends the adding of operands and pages.
+    explicit BasketWorkspace(Progress& progress, std::stop_token stop = {});
 
     /// Fills the basket from its operands: one basket file, or pictures as if they were added by the button.
     void fill(const QStringList& operands);

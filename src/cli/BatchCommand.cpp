@@ -67,7 +67,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const ApplicationScope application(drawsText(tasks));
     const InterruptScope interruptible;
     TerminalProgress progress(terminal);
-    BasketWorkspace basket(progress);
+    BasketWorkspace basket(progress, interruptible.stop());
     basket.fill(arguments.operands());
     slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
     if (!namesDestination(arguments)) {

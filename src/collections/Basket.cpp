@@ -101,7 +101,7 @@ Basket::Adding::~Adding() {
 bool Basket::Adding::goesOn() const {
     if (!m_basket.m_stopAdding)
         desktop().yield();
-    return !m_basket.m_stopAdding;
+    return !m_basket.m_stopAdding && !m_basket.stop.stop_requested();
 }
 
 void Basket::cmdAddToQueue_Click() {

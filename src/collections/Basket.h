@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 namespace tarsel {
 
@@ -57,6 +58,8 @@ public:
     };
     /// Ends the running adding before its next file or page; what has been added stays.
     void stopAdding() { m_stopAdding = true; }
+    /// A stop requested from outside ends every adding in the same way.
+    std::stop_token stop;
     /// Called with true when an adding begins and with false at its end.
     std::function<void(bool)> addingChanged;
 

@@ -242,6 +242,12 @@ TEST_F(BasketTest, AStoppedAddingEndsBeforeTheNextPageAndTheNextOneRuns) {
     EXPECT_EQ(shown, (QList<bool>{true, false}));
     pages.cmdAddToQueue_Click();
     EXPECT_EQ(lvPages.count(), 3) << "z, since scan counts as a duplicate";
+    lvPages.clear();
+    std::stop_source outside;
+    pages.stop = outside.get_token();
+    outside.request_stop(); // as a signal does on the command line
+    pages.cmdAddToQueue_Click();
+    EXPECT_TRUE(lvPages.isEmpty());
 }
 
 TEST_F(BasketTest, SelectingNothingOnlyClearsTheSelectionOfTheBasket) {

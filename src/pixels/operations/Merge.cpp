@@ -93,8 +93,7 @@ public:
 
 private:
     static std::uint8_t opacityOf(double transparency) {
-        const double percent =
-            transparency > 0 ? std::min(transparency, 100.0) : 0; // also for NaN
+        const double percent = transparency > 0 ? std::min(transparency, 100.0) : 0; // also for NaN
         return std::uint8_t(std::lround(Opaque * (100 - percent) / 100));
     }
 
