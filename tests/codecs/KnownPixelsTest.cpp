@@ -148,6 +148,7 @@ QByteArray tiff(const TiffKind& kind, const QByteArray& strip, const QByteArray&
 TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     const QByteArray shortPalette("\0\0\xFF\0\0\xFF\0\0", 8); // red and green for 8 bits
     const QByteArray runs("\0\2\2\0\1\1\0\0\0\1", 10), cutRuns("\1\1\0\0\1", 5);
+    const QByteArray paddedRuns("\0\3\0\1\0\7\2\1\0\1", 10); // three pixels as they are, a byte of padding
     const QByteArray masks = dwords({0xFFE00000, 0x001FFC00, 0x000003FF});
     QByteArray colors(2 * 3 * 256, 0); // index 1 is red
     colors[2] = colors[3] = char(0xFF);
@@ -159,6 +160,7 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
         {"palette that ends early", bmp(3, 1, 8, 0, shortPalette, QByteArray("\0\1\2\0", 4)), {3, "RGK"}},
         {"masks of 11, 11 and 10 bits", bmp(3, 1, 32, 3, masks, masks), {3, "RGB"}},
         {"runs that skip pixels", bmp(3, 2, 8, 1, shortPalette, runs), {3, "RRRRRG"}},
+        {"runs with padding", bmp(5, 1, 8, 1, shortPalette, paddedRuns), {5, "RGRGG"}},
         // Rows that a truncated BMP doesn't hold are white and reported.
         {"truncated", bmp(1, 3, 24, 0, {}, shortPalette + '\0'), {1, "WGR", 1, 0, true}},
         {"truncated runs", bmp(1, 2, 8, 1, shortPalette, cutRuns), {1, "WG", 1, 0, true}},
