@@ -30,8 +30,21 @@ QStringList distinctSources(const ListView& lvPages) {
     return sources;
 }
 
+/// A plain entry ends with its line, and a path in the described form with its quote: such a path would read
+/// back as other files. Error 5 for one.
+void requireStorable(const QString& path, bool described) {
+    const bool storable = described ? !path.contains(QLatin1Char('"'))
+                                    : !path.contains(QLatin1Char('\n')) && !path.contains(QLatin1Char('\r'));
+    if (!storable)
+        fail(ErrorNumber::InvalidCall,
+             QStringLiteral("%1: this kind of list can't hold a name with a %2")
+                 .arg(path, described ? QStringLiteral("double quote") : QStringLiteral("line break")));
+}
+
 void writeEntries(clsFile& file, bool described, const ListView& lvPages) {
     const QStringList sources = distinctSources(lvPages);
+    for (const QString& source : sources)
+        requireStorable(source, described);
     for (int i = 0; i < sources.size(); ++i) {
         // The description of row i, not of that path's row: after the pages of a document the two differ.
         if (described)

@@ -172,6 +172,27 @@ TEST_F(BasketFileTest, AFileThatCannotBeOpenedIsNotTrappedAndKeepsItsReason) {
     }
 }
 
+TEST_F(BasketFileTest, ANameThatWouldReadBackAsAnotherIsRefusedAndTheOldListStays) {
+    const struct {
+        int filter;
+        const char* name;
+        bool storable;
+    } cases[] = {
+        {2, "a\nb.png", false}, {3, "a\"b.png", false}, {2, "a\"b.png", true}, {3, "a\nb.png", true}};
+    for (const auto& [filter, name, storable] : cases) {
+        lvPages.clear();
+        makePicture(picture(name), {3, 3});
+        basket().subAddEntryToListView(picture(name));
+        const char* file = filter == 3 ? "l.ibd" : "l.ibf";
+        const QString path = writtenList(file, QStringLiteral("old"));
+        EXPECT_EQ(fncSaveImageBasket(filter, path, lvPages), storable) << name;
+        EXPECT_EQ(written(file) == QLatin1String("old"), !storable) << name;
+        EXPECT_EQ(storable && readBasketEntries(path).at(0).path == picture(name), storable) << name;
+    }
+    EXPECT_EQ(desktop.reports.size(), 2u);
+    desktop.reports.clear();
+}
+
 TEST_F(BasketFileTest, AStoppedOpeningKeepsWhatWasAdded) {
     makePicture(picture("a.png"), {3, 3});
     Basket pages = basket();
