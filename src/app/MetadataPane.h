@@ -11,7 +11,7 @@ namespace tarsel {
 
 class ListControl;
 
-/// The metadata of the picture on show, behind two tabs.
+/// The metadata of the picture on show, on two tabs.
 class MetadataPane final : public QWidget {
     Q_OBJECT
 public:

@@ -7,7 +7,7 @@ namespace tarsel::programIdentity {
 
 /// What the program calls itself to the user.
 inline const QString title = QStringLiteral("Tarsel JPEG");
-/// What stands behind the title in the caption of message boxes.
+/// What follows the title in the caption of message boxes.
 inline const QString comment = QStringLiteral("Document Generator");
 /// Base of the executable's name, of the program folder and of the configuration file.
 inline const QString name = QStringLiteral("tarsel-jpeg");

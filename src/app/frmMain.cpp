@@ -31,9 +31,9 @@
 
 namespace tarsel {
 
-frmMain::frmMain(Surroundings surroundings) :
-    m_surroundings(std::move(surroundings)), pbQueue(new ProgressBar),
-    m_folderView(m_workspace.lists(*pbQueue)), m_basket(m_workspace.lists(*pbQueue), {}),
+frmMain::frmMain(StartupOptions options) :
+    m_options(std::move(options)), pbQueue(new ProgressBar), m_folderView(m_workspace.lists(*pbQueue)),
+    m_basket(m_workspace.lists(*pbQueue), {}),
     m_preview({m_workspace.lvFolder, m_workspace.lvPages, m_workspace.lvExif, m_workspace.lvIPTC,
                m_workspace.tasks, m_workspace.ibMain, m_workspace.sbMain}),
     m_actions(mainActions(), mainActionsContext),

@@ -31,13 +31,13 @@ class frmMain final : public QMainWindow {
     Q_OBJECT
 public:
     /// Where the window finds its files, and what it calls at its start.
-    struct Surroundings {
+    struct StartupOptions {
         QString programFolder;                        ///< exists and is writable
         QString samplesFolder;                        ///< listed at the first start; may be empty
         std::function<void()> seedRandomNumbers = {}; ///< starts the desktop's random numbers
     };
 
-    explicit frmMain(Surroundings surroundings);
+    explicit frmMain(StartupOptions options);
     ~frmMain() override;
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
@@ -107,7 +107,7 @@ private:
     void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
     void Form_Unload();
 
-    Surroundings m_surroundings;
+    StartupOptions m_options;
     Workspace m_workspace;
     ProgressBar* pbQueue;
     FolderView m_folderView;

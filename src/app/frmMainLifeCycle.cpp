@@ -49,8 +49,8 @@ bool frmMain::Form_Load() {
             return;
         // From here on the run goes ahead: a step that fails is reported and leaves its part as it was.
         m_loaded = true;
-        if (m_surroundings.seedRandomNumbers)
-            m_surroundings.seedRandomNumbers();
+        if (m_options.seedRandomNumbers)
+            m_options.seedRandomNumbers();
         subSetup();
         Dragging = true;
     });
@@ -59,8 +59,7 @@ bool frmMain::Form_Load() {
 
 /// Before everything else: the configuration belongs to the instance that runs.
 bool frmMain::refuseSecondInstance() {
-    m_instance =
-        std::make_unique<QLockFile>(QDir(m_surroundings.programFolder).filePath(QStringLiteral(".lock")));
+    m_instance = std::make_unique<QLockFile>(QDir(m_options.programFolder).filePath(QStringLiteral(".lock")));
     // A lock is stale when its process is gone, never for its age.
     m_instance->setStaleLockTime(0);
     if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
@@ -88,8 +87,8 @@ void frmMain::subSetup() {
 
 /// Reads the configuration and brings it to the controls.
 void frmMain::loadSettings() {
-    loadConfiguration(m_surroundings.programFolder);
-    restoreWindowPlace(*this, windowPlaceFile(m_surroundings.programFolder));
+    loadConfiguration(m_options.programFolder);
+    restoreWindowPlace(*this, windowPlaceFile(m_options.programFolder));
     splMain->setSplitterPosition(ConfigRecord.SplitterMain);
     splRight->setSplitterPosition(ConfigRecord.SplitterRight);
     splLeft->setSplitterPosition(ConfigRecord.SplitterLeft);
@@ -158,7 +157,7 @@ void frmMain::subUpdateForm() {
         takeThumbnailSizes();
         m_preview.upright = ConfigRecord.BatchSave.UprightByExif == 1;
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
-            settings->programFolder = m_surroundings.programFolder;
+            settings->programFolder = m_options.programFolder;
             settings->basketThumb = usableThumbnailSize(m_basketThumb);
             settings->folderThumb = usableThumbnailSize(m_folderThumb);
             settings->pixelRatio = devicePixelRatioF();
@@ -199,9 +198,8 @@ void frmMain::showEvent(QShowEvent* event) {
 /// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures.
 void frmMain::showFirstTime() {
     QString folder = ConfigRecord.LastFolder.trimmed();
-    if ((folder.isEmpty() || folder == m_surroundings.programFolder) &&
-        !m_surroundings.samplesFolder.isEmpty())
-        folder = m_surroundings.samplesFolder;
+    if ((folder.isEmpty() || folder == m_options.programFolder) && !m_options.samplesFolder.isEmpty())
+        folder = m_options.samplesFolder;
     m_browsePane->ftvBrowse().selectFolder(folder);
     // The file that a first start makes is empty, which the next start would read as zeros after a crash.
     if (QFileInfo(ConfigPath).size() == 0)
@@ -226,7 +224,7 @@ void frmMain::Form_Unload() {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())
             window->close();
-    deleteFilesWithoutExtension(temporaryFolder(m_surroundings.programFolder));
+    deleteFilesWithoutExtension(temporaryFolder(m_options.programFolder));
     m_instance.reset();
     Q_EMIT ended();
 }
@@ -241,7 +239,7 @@ void frmMain::subEnd() {
         // An answer to a save dialog holds for this run only.
         ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
-        storeWindowPlace(*this, windowPlaceFile(m_surroundings.programFolder));
+        storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
     });
 }
 

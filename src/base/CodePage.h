@@ -9,7 +9,7 @@
 namespace tarsel::codePage {
 
 /// Bytes of a text for a file. A text that the page can't hold, or whose bytes would read as UTF-8, is
-/// written as UTF-8, so that decode gives it back whole.
+/// written as UTF-8, so that decode returns it unchanged.
 QByteArray encode(const QString& text);
 
 /// Text from a file's bytes: strict UTF-8 when there is at least one multi-byte character, else Windows-1252.

@@ -21,9 +21,9 @@ constexpr std::int64_t PixelsPerByte = 1000;
 /// Coefficients of a progressive picture are held in memory; beyond this the file is refused.
 constexpr long MemoryLimit = long(2) << 30;
 /// A crafted file repeats scans over a large picture to keep its reader busy; honest ones have some ten.
-constexpr int MostScans = 500;
+constexpr int maxScans = 500;
 /// An extended XMP packet of 300 MB, or as many comments.
-constexpr int MostSegments = 5000;
+constexpr int maxSegments = 5000;
 constexpr int RowsAtOnce = 16;
 
 enum class Purpose { Header, Picture };
@@ -40,8 +40,8 @@ public:
 
     void readHeader(Purpose purpose) {
         if (purpose == Purpose::Picture) {
-            if (hasMoreSegmentsThan(MostSegments, m_bytes))
-                failDecoding(m_file, QStringLiteral("more than %1 segments").arg(MostSegments));
+            if (hasMoreSegmentsThan(maxSegments, m_bytes))
+                failDecoding(m_file, QStringLiteral("more than %1 segments").arg(maxSegments));
             keepMetadataSegments(m_jpeg);
         }
         guard(readHeaderStep);
@@ -114,7 +114,7 @@ private:
     static void watch(j_common_ptr common) {
         auto jpeg = reinterpret_cast<j_decompress_ptr>(common);
         auto& reader = *static_cast<JpegReader*>(common->client_data);
-        if (jpeg->input_scan_number > MostScans)
+        if (jpeg->input_scan_number > maxScans)
             reader.m_errors.giveUp("too many scans");
     }
 

@@ -25,9 +25,9 @@ public:
     }
 
     QString message() const { return QString::fromLatin1(m_message); } ///< of the fatal error
-    /// The data ended before a first row of blocks was whole.
+    /// The data ended before a first row of blocks was complete.
     bool endedBeforeFirstRows() const { return m_damage == Damage::BeforeFirstRows; }
-    /// The data ended somewhere behind.
+    /// The data ended after that.
     bool endedEarly() const { return m_damage != Damage::None; }
     void giveUp(const char* reason); ///< from inside a step: ends it with this message
 

@@ -40,7 +40,7 @@ ListRow rowOf(const QString& name, const QString& path, const QString& source, S
 
 /// A file on its way into the basket.
 struct Basket::Source {
-    Road road;
+    AddedBy addedBy;
     QString path;
     QString fileName;
 };
@@ -105,14 +105,14 @@ bool Basket::Adding::goesOn() const {
 }
 
 void Basket::cmdAddToQueue_Click() {
-    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(Road::Button, Adding(*this)); });
+    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(AddedBy::Button, Adding(*this)); });
 }
 
 void Basket::AddToBasketByDrag() {
-    trap("AddToBasketByDrag", [&] { addSelected(Road::Drag, Adding(*this)); });
+    trap("AddToBasketByDrag", [&] { addSelected(AddedBy::Drag, Adding(*this)); });
 }
 
-void Basket::addSelected(Road road, const Adding& adding) {
+void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
     const ListView& folder = m_lists.lvFolder;
@@ -124,23 +124,23 @@ void Basket::addSelected(Road road, const Adding& adding) {
             if (!adding.goesOn())
                 break;
             if (const int row = rowOfTag(folder, tags[done], next); row >= 0) {
-                addFolderRow(road, row, adding);
+                addFolderRow(addedBy, row, adding);
                 next = row + 1;
             }
         }
-        showStatus(road, QString());
+        showStatus(addedBy, QString());
         showCount();
     }
     m_lists.lvPages.selectOnly(-1);
 }
 
-void Basket::addFolderRow(Road road, int folderRow, const Adding& adding) {
+void Basket::addFolderRow(AddedBy addedBy, int folderRow, const Adding& adding) {
     const ListRow row = m_lists.lvFolder.row(folderRow);
     if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
         return;
     FileInfo().setFilePath(row.tag);
-    showStatus(road, naming("Adding file to basket", row.text));
-    const Source source{road, row.tag, row.text};
+    showStatus(addedBy, naming("Adding file to basket", row.text));
+    const Source source{addedBy, row.tag, row.text};
     const int pages = pagesOf(row);
     if (pages < 2)
         addPicture(source, row);
@@ -158,7 +158,7 @@ void Basket::addPicture(const Source& source, const ListRow& folderRow) {
     }
     const QString resolution = folderRow.subItems.value(FolderColumn::Resolution - 1);
     ListRow row;
-    row.text = rowName(source.road, source.fileName);
+    row.text = rowName(source.addedBy, source.fileName);
     row.tag = source.path;
     row.subItems =
         QStringList{resolution.trimmed().isEmpty() ? resolutionText(thumbnail->sourceSize) : resolution,
@@ -182,13 +182,13 @@ void Basket::subAddEntryToListView(const QString& path) {
     trap("subAddEntryToListView", [&] {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileInfo().setFilePath(path);
-        const Source source{Road::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
+        const Source source{AddedBy::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
         const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
         if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
             return addPages(source, pages, adding);
         const auto thumbnail = loadThumbnail(path, settings.basketBox(), settings.upright);
         if (thumbnail)
-            addRow(rowOf(rowName(source.road, source.fileName), path, path, thumbnail->sourceSize),
+            addRow(rowOf(rowName(source.addedBy, source.fileName), path, path, thumbnail->sourceSize),
                    *thumbnail);
         else
             noteFailed(path);
@@ -228,17 +228,17 @@ void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
 // --- pages of documents
 
 void Basket::addPages(const Source& source, int pages, const Adding& adding) {
-    const bool drag = source.road == Road::Drag;
+    const bool drag = source.addedBy == AddedBy::Drag;
     const QString extracting = drag ? naming("Please wait... extracting multipage document",
                                              modFileSystem::GetFileTitle(source.fileName))
                                     : naming("Please wait... extracting multipage file", source.fileName);
-    const bool showing = source.road != Road::BasketFile;
+    const bool showing = source.addedBy != AddedBy::BasketFile;
     if (showing)
         m_lists.pbQueue.start(pages);
     const OpenDocument document(source.path);
     for (int page = 1; page <= pages && adding.goesOn(); ++page) {
         if (showing)
-            showStatus(source.road, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
+            showStatus(source.addedBy, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
         addPage(source, document, page);
         if (showing)
             m_lists.pbQueue.setValue(page);
@@ -253,14 +253,15 @@ void Basket::addPage(const Source& source, const OpenDocument& document, int pag
         return;
     }
     const Size size{m_pageBox.Width(), m_pageBox.Height()};
-    const QString pageFile = newPageFile(settings.programFolder, source.road, source.fileName, page);
+    const QString pageFile = newPageFile(settings.programFolder, source.addedBy, source.fileName, page);
     const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
     if (!thumbnail) {
         noteFailed(source.path);
         return;
     }
     FileInfo().setFilePath(pageFile);
-    addRow(rowOf(pageRowName(source.road, source.fileName, page), pageFile, source.path, size), *thumbnail);
+    addRow(rowOf(pageRowName(source.addedBy, source.fileName, page), pageFile, source.path, size),
+           *thumbnail);
 }
 
 namespace {
@@ -274,7 +275,7 @@ Picture seenPicture(const ImageBox& box, bool upright) {
 /// the other roads from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
     ImageBox& box = m_pageBox;
-    if (source.road == Road::Drag) {
+    if (source.addedBy == AddedBy::Drag) {
         savePage(box, pageFile);
         return loadThumbnail(pageFile, settings.basketBox(), settings.upright);
     }
@@ -342,8 +343,9 @@ void Basket::MoveRowsTo(int target) {
 
 // --- status line
 
-void Basket::showStatus(Road road, const QString& text) {
-    m_lists.sbMain.setPanel(road == Road::Drag ? QStringLiteral("folder") : QStringLiteral("status"), text);
+void Basket::showStatus(AddedBy addedBy, const QString& text) {
+    m_lists.sbMain.setPanel(addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"),
+                            text);
 }
 
 void Basket::showCount() {

@@ -76,15 +76,15 @@ public:
 private:
     struct Source;
 
-    void addSelected(Road road, const Adding& adding);
-    void addFolderRow(Road road, int folderRow, const Adding& adding);
+    void addSelected(AddedBy addedBy, const Adding& adding);
+    void addFolderRow(AddedBy addedBy, int folderRow, const Adding& adding);
     void addPicture(const Source& source, const ListRow& folderRow);
     void addPages(const Source& source, int pages, const Adding& adding);
     void addPage(const Source& source, const OpenDocument& document, int page);
     std::optional<Thumbnail> pageThumbnail(const Source& source, const QString& pageFile);
     std::optional<Thumbnail> folderThumbnail(const ListRow& folderRow) const;
     void addRow(ListRow row, const Thumbnail& thumbnail);
-    void showStatus(Road road, const QString& text);
+    void showStatus(AddedBy addedBy, const QString& text);
     void showCount();
     void noteFailed(const QString& path);
 

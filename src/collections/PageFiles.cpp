@@ -31,20 +31,20 @@ QString temporaryFolder(const QString& programFolder) {
     return temporaryFolderPath(programFolder) + QLatin1Char('/');
 }
 
-QString rowName(Road road, const QString& fileName) {
-    return road == Road::BasketFile ? fileName : modFileSystem::GetFileTitle(fileName);
+QString rowName(AddedBy addedBy, const QString& fileName) {
+    return addedBy == AddedBy::BasketFile ? fileName : modFileSystem::GetFileTitle(fileName);
 }
 
-QString pageRowName(Road road, const QString& fileName, int page) {
+QString pageRowName(AddedBy addedBy, const QString& fileName, int page) {
     const QString number = QString::number(page);
-    const QString name = rowName(road, fileName);
-    return road == Road::Drag ? name + QLatin1Char('(') + number + QLatin1Char(')') : name + number;
+    const QString name = rowName(addedBy, fileName);
+    return addedBy == AddedBy::Drag ? name + QLatin1Char('(') + number + QLatin1Char(')') : name + number;
 }
 
-QString newPageFile(const QString& programFolder, Road road, const QString& fileName, int page) {
+QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page) {
     constexpr int Draws = 32;
     modFileSystem::MakeFolder(temporaryFolderPath(programFolder));
-    const QString name = road == Road::Drag ? modFileSystem::GetFileTitle(fileName) : fileName;
+    const QString name = addedBy == AddedBy::Drag ? modFileSystem::GetFileTitle(fileName) : fileName;
     const QString start = temporaryFolder(programFolder) + name + QString::number(page) + QLatin1Char('_');
     // A page file that is there may be the picture of another row: it must never be written over. Should
     // chance find no free name, counting does.

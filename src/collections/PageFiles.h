@@ -11,18 +11,18 @@ class ImageBox;
 QString temporaryFolder(const QString& programFolder);
 
 /// The ways by which a picture comes into the basket. Each has its own spelling of row and page file names.
-enum class Road { Button, Drag, BasketFile };
+enum class AddedBy { Button, Drag, BasketFile };
 
 /// Text of the row of a picture without pages.
-QString rowName(Road road, const QString& fileName);
+QString rowName(AddedBy addedBy, const QString& fileName);
 
 /// Text of the row of page n, from 1: "scan3" by the button, "scan(3)" by drag, "scan.tif3" from a basket
 /// file.
-QString pageRowName(Road road, const QString& fileName, int page);
+QString pageRowName(AddedBy addedBy, const QString& fileName, int page);
 
 /// A path for the file of a page that no file has yet, in the folder Temp, which is made when missing:
 /// `<name><n>_<random>.tif`.
-QString newPageFile(const QString& programFolder, Road road, const QString& fileName, int page);
+QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page);
 
 /// Saves the page that the box holds without loss and small: one bit a pixel for black and white, else LZW.
 /// The box keeps its save settings.

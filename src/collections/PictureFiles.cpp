@@ -12,7 +12,7 @@ namespace tarsel {
 
 namespace {
 
-/// Extensions of the pattern, which has a "*" behind each: "photo.jpgold" is a picture too.
+/// Extensions of the pattern, which has a "*" after each: "photo.jpgold" is a picture too.
 constexpr const char* listedExtensions[] = {".jpg", ".jpeg", ".jpe", ".tif", ".tiff", ".gif",
                                             ".bmp", ".pcx",  ".png", ".wbm", ".wbmp", ".psd"};
 

@@ -27,7 +27,7 @@ public:
     void ClearFileInfo();
     void RefreshInfo();
 
-    QString fFileExtention() const { return m_extension; } ///< behind the last point, in the file's spelling
+    QString fFileExtention() const { return m_extension; } ///< after the last point, in the file's spelling
     qint32 fSize() const { return m_size; } ///< in bytes; the largest 32-bit number for a larger file
     /// The size text made by the last refresh; `flag` rules the text of the next file.
     QString fSizeFormated(int flag);
@@ -47,7 +47,7 @@ public:
     static bool CheckIfFileExists(const QString& path);
     static QString StripFileFromPath(const QString& path);
     static QString StripFileExtention(const QString& name);
-    /// The words for a size in bytes, with the byte count behind them when `longText`. The unit changes where
+    /// The words for a size in bytes, with the byte count after them when `longText`. The unit changes where
     /// the count of kilobytes passes a decimal step: 1,024,000 bytes are "0.98MB".
     static QString sizeText(qint32 size, bool longText);
 

@@ -13,7 +13,7 @@ namespace tarsel::modFileSystem {
 
 namespace {
 
-/// Index of the "." in front of the extension, or -1. A "." in a folder's name is none.
+/// Index of the "." before the extension, or -1. A "." in a folder's name is none.
 qsizetype extensionPoint(const QString& path) {
     const qsizetype point = path.lastIndexOf(QLatin1Char('.'));
     return point > path.lastIndexOf(QLatin1Char('/')) ? point : -1;

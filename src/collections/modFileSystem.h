@@ -6,8 +6,8 @@
 /// Small path helpers. The separator is "/".
 namespace tarsel::modFileSystem {
 
-QString GetFileExtension(const QString& path); ///< behind the last "." of the name; empty without one
-QString GetFileTitle(const QString& path);     ///< before that "."; the whole path without one
+QString GetFileExtension(const QString& path); ///< after the last "." of the name; empty without one
+QString GetFileTitle(const QString& path);     ///< before that "."; the full path without one
 QString GetFolderPart(const QString& path);    ///< up to and including the last separator
 /// Creates a folder, and those above it that are missing; one that exists stays. Raises 70, 76, 61.
 void MakeFolder(const QString& path);

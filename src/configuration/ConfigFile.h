@@ -16,7 +16,7 @@ QString settingsPathBeside();
 /// when there is none; then an empty file is made. Errors go to the error report; the defaults hold then.
 void subLoadSetup(const QString& programFolder);
 
-/// Stores ConfigRecord and the settings beside it. What an older, longer file holds behind the record's end
+/// Stores ConfigRecord and the settings beside it. What an older, longer file holds after the record's end
 /// stays there. Errors go to the error report, and the old file stays as it was.
 void subSaveSetup();
 

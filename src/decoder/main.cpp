@@ -23,17 +23,17 @@ void limit(decltype(RLIMIT_AS) resource, rlim_t amount) {
     ::setrlimit(resource, &both);
 }
 
-void limitForGood(decltype(RLIMIT_AS) resource, rlim_t amount) {
+void setHardLimit(decltype(RLIMIT_AS) resource, rlim_t amount) {
     const rlimit both{amount, amount};
     ::setrlimit(resource, &both);
 }
 
 void limitProcess() {
     ::close_range(DecoderSocket + 1, ~0U, 0);
-    limitForGood(RLIMIT_CORE, 0);
-    limitForGood(RLIMIT_NOFILE, DescriptorLimit);
+    setHardLimit(RLIMIT_CORE, 0);
+    setHardLimit(RLIMIT_NOFILE, DescriptorLimit);
 #if !defined __SANITIZE_ADDRESS__ && !defined __SANITIZE_THREAD__ // their shadows alone are larger
-    limitForGood(RLIMIT_AS, MemoryLimit);
+    setHardLimit(RLIMIT_AS, MemoryLimit);
 #endif
 }
 

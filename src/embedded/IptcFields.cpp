@@ -23,7 +23,7 @@ struct FieldRow {
     const char* label;
 };
 
-/// The rows in front of the custom fields. Image Notes and Local Caption stand where other programs keep
+/// The rows before the custom fields. Image Notes and Local Caption stand where other programs keep
 /// document notes and local captions; the Image URL has no dataset of its own anywhere and takes the first
 /// free one after the custom fields.
 constexpr std::array listedFields{

@@ -39,7 +39,7 @@ public:
 private:
     struct Block {
         quint16 number = 0;
-        QByteArray head; ///< everything in front of the size
+        QByteArray head; ///< everything before the size
         QByteArray data;
         QByteArray raw; ///< as read; empty for a block that was made here
     };

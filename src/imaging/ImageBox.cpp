@@ -71,12 +71,11 @@ Picture cropped(const Picture& picture, const Edges& edges, Color background) {
     const std::int64_t width = std::int64_t(edges.right) - edges.left;
     const std::int64_t height = std::int64_t(edges.bottom) - edges.top;
     if (width < 1 || height < 1)
-        fail(ErrorNumber::InvalidCall,
-             QStringLiteral("nothing lies between the edges %1, %2 and %3, %4 of a crop")
-                 .arg(edges.left)
-                 .arg(edges.top)
-                 .arg(edges.right)
-                 .arg(edges.bottom));
+        fail(ErrorNumber::InvalidCall, QStringLiteral("empty crop rectangle: edges %1, %2 and %3, %4")
+                                           .arg(edges.left)
+                                           .arg(edges.top)
+                                           .arg(edges.right)
+                                           .arg(edges.bottom));
     if (height > Picture::MaximumPixels / width)
         fail(ErrorNumber::OutOfMemory, QStringLiteral("a crop to %1 x %2 pixels").arg(width).arg(height));
     if (edges.left == 0 && edges.top == 0 && width == picture.width() && height == picture.height())
@@ -157,7 +156,7 @@ Color ImageBox::PixelColor(int x, int y) const {
     requireImage();
     if (x < 0 || y < 0 || x >= Width() || y >= Height())
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("the point %1, %2 lies outside the picture").arg(x).arg(y));
+             QStringLiteral("the point %1, %2 is outside the picture").arg(x).arg(y));
     const std::uint8_t* pixel = m_picture.view().pixel(x, y);
     return colorOf({pixel[0], pixel[1], pixel[2]});
 }

@@ -10,7 +10,7 @@ namespace tarsel::modMetadata {
 
 namespace {
 
-/// Names whose label is the name with a blank in front of each capital but the first.
+/// Names whose label is the name with a blank before each capital but the first.
 constexpr std::array spacedNames{
     "BatteryLevel",
     "ExposureTime",

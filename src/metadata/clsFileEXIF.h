@@ -11,7 +11,7 @@ namespace tarsel {
 /// code page, lines ended by CR LF. A quote inside a value has no escape and ends the field on reading.
 class clsFileEXIF {
 public:
-    /// The name is kept also when opening fails; the result is false then, and reading gives nothing.
+    /// The name is kept also when opening fails; the result is false then, and reading returns nothing.
     bool OpenForRead(const QString& path);
     bool OpenForWrite(const QString& path);
     bool IsOpen() const { return m_file.isOpen(); }

@@ -34,7 +34,7 @@ QString exifPair(const NamingFacts& facts, const char* first, QLatin1Char sign, 
     return text.trimmed() == sign ? QString() : text;
 }
 
-/// The first date attribute in the picture's own order. Attributes in front of it, and a picture without a
+/// The first date attribute in the picture's own order. Attributes before it, and a picture without a
 /// date attribute, yield the present moment; a picture without EXIF data yields nothing.
 void exifDate(const NamingFacts& facts, const QString& pattern, QString& result) {
     for (int i = 0; i < facts.metadata.ExifCount(); ++i) {

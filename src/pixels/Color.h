@@ -25,7 +25,7 @@ constexpr Color colorOf(Rgb rgb) {
 /// white, 15 the button colour; any other is black.
 Rgb resolveColor(Color color);
 
-/// What resolveColor gives for system colour 15 from now on (the palette's, once there is one).
+/// What resolveColor returns for system colour 15 from now on (the palette's, once there is one).
 void setButtonColor(Rgb color);
 
 } // namespace tarsel

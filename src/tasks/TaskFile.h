@@ -8,7 +8,7 @@
 namespace tarsel::modSaveOpenImageList {
 
 /// Replaces the list by the rows of a .tbf file. The old rows are gone even when the reading fails, and the
-/// rows in front of the failing one stay. Raises: 53, 70 a file that can't be read; 62 too few fields in the
+/// rows before the failing one stay. Raises: 53, 70 a file that can't be read; 62 too few fields in the
 /// last record; 13, 6 a kind that is not a 16-bit number; 5 a key that has no icon. The description names the
 /// file, and the record from 1.
 void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons = false);

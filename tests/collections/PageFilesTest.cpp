@@ -37,17 +37,17 @@ Picture madePicture(int width, int height, bool colored) {
 TEST(PageFiles, CarryNamePageAndRandomNumberAndNeverTakeANameThatIsUsed) {
     TestDesktop desktop;
     QTemporaryDir folder;
-    const auto next = [&](Road road) {
-        return newPageFile(folder.path(), road, scan, 2).mid(folder.path().size()).toStdString();
+    const auto next = [&](AddedBy addedBy) {
+        return newPageFile(folder.path(), addedBy, scan, 2).mid(folder.path().size()).toStdString();
     };
-    EXPECT_EQ(next(Road::Button), "/Temp/scan.tif2_4999.tif");
-    EXPECT_EQ(next(Road::BasketFile), "/Temp/scan.tif2_4999.tif");
-    EXPECT_EQ(next(Road::Drag), "/Temp/scan2_4999.tif");
+    EXPECT_EQ(next(AddedBy::Button), "/Temp/scan.tif2_4999.tif");
+    EXPECT_EQ(next(AddedBy::BasketFile), "/Temp/scan.tif2_4999.tif");
+    EXPECT_EQ(next(AddedBy::Drag), "/Temp/scan2_4999.tif");
     desktop.random = 0.99999;
-    EXPECT_EQ(next(Road::Drag), "/Temp/scan2_9998.tif");
+    EXPECT_EQ(next(AddedBy::Drag), "/Temp/scan2_9998.tif");
     std::set<std::string> names;
     for (int i = 0; i < 50; ++i) {
-        const std::string name = next(Road::Button);
+        const std::string name = next(AddedBy::Button);
         EXPECT_TRUE(names.insert(name).second) << name;
         const QString path = folder.path() + QString::fromStdString(name);
         if (i % 2)

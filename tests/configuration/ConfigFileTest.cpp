@@ -57,7 +57,7 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
 }
 
 TEST_F(ConfigFile, DamagedSettingsBesideTheRecordAreReplacedWithoutAReport) {
-    writeFileSafely(settingsPathBeside(), QByteArray("\x01[\x80=\n]\xFF[[\n\n=", 14));
+    writeFileSafely(settingsPathBeside(), "\x01[\x80=\n]\xFF[[\n\n=");
     ConfigRecord.BatchSave.UprightByExif = 0;
     subSaveSetup();
     restart();

@@ -42,7 +42,7 @@ void WindowTest::makePictures(int count) {
 }
 
 frmMain& WindowTest::start(const QString& samples) {
-    m_window = std::make_unique<frmMain>(frmMain::Surroundings{programFolder(), samples, {}});
+    m_window = std::make_unique<frmMain>(frmMain::StartupOptions{programFolder(), samples, {}});
     EXPECT_TRUE(m_window->Form_Load());
     m_window->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));

@@ -10,7 +10,7 @@ constexpr int LargestAreaFactor = 256;
 
 /// Reduces by whole factors: each pixel of `target` is the rounded mean of the acrossFactor x downFactor
 /// pixels of `source` that it covers, which is exact. `source` has at least target.width * acrossFactor
-/// columns and target.height * downFactor rows; what lies beyond these is left out. Channels are averaged on
+/// columns and target.height * downFactor rows; what is beyond these is left out. Channels are averaged on
 /// their own, alpha too.
 void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor);
 

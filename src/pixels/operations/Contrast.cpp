@@ -20,7 +20,7 @@ struct Stretch {
     std::int16_t factor = 0;    ///< .. and by f times another; the upper 16 bits of the product remain
 };
 
-/// Bits behind the point of that product.
+/// Bits after the binary point of that product.
 constexpr int ProductBits = 4;
 constexpr std::int16_t MiddleAndHalf = 256 << ProductBits; // 255, and 1 / 2 for rounding after the last shift
 

@@ -6,7 +6,7 @@
 
 namespace tarsel::operations {
 
-/// Fills `target` with the part of `source` whose corner is (left, top), which may lie outside; what lies
+/// Fills `target` with the part of `source` whose corner is (left, top), which may be outside; what is
 /// beyond the source takes `background`. Both have the same number of channels and share no pixels.
 void crop(ConstPixelView source, PixelView target, int left, int top, Rgb background);
 

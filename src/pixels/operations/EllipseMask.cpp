@@ -25,7 +25,7 @@ Reaches reachesIn(int y, int width, int height) {
     return reaches;
 }
 
-/// The part of pixel x that lies inside, in 1/255.
+/// The part of pixel x that is inside, in 1/255.
 int coverage(int x, double centre, const Reaches& reaches) {
     double inside = 0;
     for (const double reach : reaches)

@@ -6,8 +6,8 @@
 
 namespace tarsel::operations {
 
-/// Fills what lies outside the ellipse that touches the view's four edges. Pixels on the edge are mixed by
-/// the part of them that lies inside.
+/// Fills what is outside the ellipse that touches the view's four edges. Pixels on the edge are mixed by
+/// the part of them that is inside.
 void fillOutsideEllipse(PixelView target, Rgb background);
 
 } // namespace tarsel::operations

@@ -8,7 +8,7 @@
 
 namespace tarsel::operations {
 
-/// Where a merged picture lies. The numbers are those of ImageBox::MergeStyle.
+/// Where a merged picture is placed. The numbers are those of ImageBox::MergeStyle.
 enum class MergePlace {
     Centred = 0,
     At = 1,      ///< top left corner at (x, y), cut off at the edges

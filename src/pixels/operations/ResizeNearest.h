@@ -5,7 +5,7 @@
 
 namespace tarsel::operations {
 
-/// Each pixel of `target` is the pixel of `source` that lies under its centre. Any sizes; both have the same
+/// Each pixel of `target` is the pixel of `source` under its centre. Any sizes; both have the same
 /// number of channels and share no pixels.
 void resizeNearest(ConstPixelView source, PixelView target);
 

@@ -17,7 +17,7 @@ namespace tarsel::operations {
 
 namespace {
 
-/// Places in the source are fixed-point numbers with 16 bits behind the point.
+/// Places in the source are fixed-point numbers with 16 bits after the binary point.
 constexpr int FractionBits = 16;
 constexpr std::int64_t One = std::int64_t(1) << FractionBits;
 
@@ -41,7 +41,7 @@ std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
     return a / b - (a % b != 0 && (a < 0) != (b < 0));
 }
 
-/// The columns of `within` whose coordinate start + step * column lies in [low, high).
+/// The columns of `within` whose coordinate start + step * column is in [low, high).
 Span columnsWithin(std::int64_t start, std::int64_t step, std::int64_t low, std::int64_t high, Span within) {
     if (step == 0)
         return start >= low && start < high ? within : Span{within.begin, within.begin};
@@ -149,7 +149,7 @@ void smoothEdge(const Turning& turning, int y, const SourceLine& line, Span colu
     }
 }
 
-/// Columns whose four pixels lie inside and above the last row: one byte behind any of them may be read.
+/// Columns whose four pixels are inside and above the last row: one byte after any of them may be read.
 template <int Channels>
 void smoothInside(const Turning& turning, int y, SourceLine at, Span columns) {
     at.x += at.dx * columns.begin;

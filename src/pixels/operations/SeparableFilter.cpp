@@ -17,8 +17,8 @@ constexpr int Lanes = 16;
 /// Bytes of a row that the vertical pass takes at a time.
 constexpr int BlockLength = 128;
 
-/// Bits behind the point: into the vertical pass, between the passes, after the horizontal one. A product
-/// with a weight takes one bit off, and what overshoots finds room in 16 bits.
+/// Bits after the binary point: into the vertical pass, between the passes, after the horizontal one. A
+/// product with a weight takes one bit off, and what overshoots finds room in 16 bits.
 constexpr int InputBits = 7;
 constexpr int MiddleBits = InputBits + AxisWeights::Bits - 15;
 constexpr int ResultBits = MiddleBits + AxisWeights::Bits - 15;

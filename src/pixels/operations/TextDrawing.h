@@ -34,7 +34,7 @@ QFont textFont(const QString& family, double points, bool bold, bool italic, boo
 /// Advance width, and ascent plus descent, in pixels.
 TextSize textSize(const QString& text, const QFont& font);
 
-/// Draws the line; what lies outside the picture is cut off.
+/// Draws the line; what is outside the picture is cut off.
 void drawText(PixelView target, const TextLine& line);
 
 } // namespace tarsel::operations

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// Put in front of a function with plain loops: it is built for the base line and for AVX2, and the machine
+/// Put before a function with plain loops: it is built for the base line and for AVX2, and the machine
 /// picks at run time. Means nothing on other processors, and nothing under a sanitizer, whose run-time is not
 /// ready yet when the choice is made.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(TARSEL_NO_DISPATCH)
@@ -10,7 +10,7 @@
 #define TARSEL_VECTORISED
 #endif
 
-/// Put in front of a loop whose steps touch only bytes of their own, but may write where they read: without
+/// Put before a loop whose steps touch only bytes of their own, but may write where they read: without
 /// the word the compiler would fall back to single steps there.
 #if defined(__GNUC__) && !defined(__clang__)
 #define TARSEL_INDEPENDENT_STEPS _Pragma("GCC ivdep")
