@@ -5,7 +5,6 @@
 #include "base/TrappedError.h"
 #include "codecs/DecoderLost.h"
 #include "collections/clsFileInfo.h"
-#include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 
 #include <QFileInfo>
@@ -50,13 +49,9 @@ bool carriesMetadata(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
-bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop, bool upright) {
+bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop) {
     box.Clear();
-    const bool loaded =
-        (carriesMetadata(path) && loadByBox(box, path, stop)) || loadByFallback(box, path, stop);
-    if (loaded && upright)
-        turnUpright(box, path);
-    return loaded;
+    return (carriesMetadata(path) && loadByBox(box, path, stop)) || loadByFallback(box, path, stop);
 }
 
 QString noPictureReason(const QString& path) {
