@@ -36,11 +36,11 @@ double secondsOf(const std::function<void()>& work) {
 }
 
 /// The unit: one copy between two buffers of a picture's size, both in memory already.
-double memcpySeconds() {
-    static const std::vector<char> from(std::size_t(Width) * Height * 3, 1);
-    static std::vector<char> to(std::size_t(Width) * Height * 3, 2);
+double memcpySeconds(int channels) {
+    static const std::vector<char> from(std::size_t(Width) * Height * 4, 1);
+    static std::vector<char> to(std::size_t(Width) * Height * 4, 2);
     return secondsOf([&] {
-        std::memcpy(to.data(), from.data(), to.size());
+        std::memcpy(to.data(), from.data(), std::size_t(Width) * Height * std::size_t(channels));
         benchmark::ClobberMemory();
     });
 }
@@ -59,7 +59,7 @@ void measure(benchmark::State& state, const Work& work, int channels) {
         Picture copy = original;
         copy.edit();
         box.setPictureHandle(std::exchange(copy, {}));
-        unit = std::min(unit, memcpySeconds());
+        unit = std::min(unit, memcpySeconds(channels));
         const double seconds = secondsOf([&] { work(box); });
         state.SetIterationTime(seconds);
         best = std::min(best, seconds);
