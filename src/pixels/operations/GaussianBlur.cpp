@@ -194,7 +194,7 @@ struct ReducedBlur {
     explicit ReducedBlur(double blurDeviation) :
         deviation(blurDeviation / std::numbers::sqrt2), factor(int(deviation / leastShare)) {}
 
-    double radius() const { return deviationsToCut * deviation; }
+    double radius() const { return 3.3 * deviation; }
     /// Places beyond each end that the second step needs.
     int margin() const { return int(std::ceil(radius() / factor + 0.5)); }
     int reducedLength(int length) const { return (length + factor - 1) / factor + 2 * margin(); }

@@ -13,8 +13,8 @@ namespace tarsel::operations {
 namespace {
 
 /// The least reduction that a strong one leaves to the filter, after exact means have done the first part:
-/// means with three times the pixels of the result are as good to the filter as all pixels.
-constexpr int leastReduction = 3;
+/// means with six times the pixels of the result are as good to the filter as all pixels.
+constexpr int leastReduction = 6;
 
 int firstFactor(int sourceLength, int targetLength) {
     return std::clamp(sourceLength / (leastReduction * targetLength), 1, largestAreaFactor);
