@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QTransform>
 #include <benchmark/benchmark.h>
+#include <memory>
 #ifdef TARSEL_OPENCV
 #include <opencv2/imgproc.hpp>
 #endif

@@ -70,8 +70,9 @@ class LayerRow {
 public:
     LayerRow(ConstPixelView layer, const MergeOptions& options, int targetChannels) :
         m_layer(layer), m_key(options.transparentColor), m_opacity(opacityOf(options.transparency)),
-        m_targetChannels(targetChannels), m_even(layer.channels == 3 && targetChannels == 3 && !m_key) {
-        if (m_even)
+        m_targetChannels(targetChannels), m_even(layer.channels == 3 && targetChannels == 3 && !m_key),
+        m_usable(m_even || (layer.channels == 4 && targetChannels == 4 && m_opacity == opaque && !m_key)) {
+        if (m_usable)
             return;
         constexpr std::size_t room = 1; // pixels are put by four bytes
         m_colors.resize(std::size_t(layer.width) * std::size_t(targetChannels) + room);
@@ -83,7 +84,7 @@ public:
 
     void prepare(int y) {
         m_row = m_layer.row(y);
-        if (m_even)
+        if (m_usable)
             return;
         const auto prepareRow =
             m_layer.channels == 3
@@ -135,7 +136,8 @@ private:
     std::optional<Rgb> m_key;
     std::uint8_t m_opacity;
     int m_targetChannels;
-    bool m_even; ///< all pixels have one share, and rows can be used as they are
+    bool m_even;   ///< all pixels have one share
+    bool m_usable; ///< rows can be laid down as they are
     std::vector<std::uint8_t> m_colors;
     std::vector<std::uint8_t> m_shares;
     const std::uint8_t* m_row = nullptr;
