@@ -43,7 +43,7 @@ QSize qtSize(Size size) {
 // --- Form_Load
 
 bool frmMain::Form_Load() {
-    trap("FrmMain.Form_Load", [this] {
+    std::ignore = trap("FrmMain.Form_Load", [this] {
         TrappingString = QStringLiteral("Loading all controls and settings");
         if (refuseSecondInstance())
             return;
@@ -78,7 +78,7 @@ void frmMain::subSetup() {
         &frmMain::buildApplicationName, &frmMain::takeThumbnailSizes, &frmMain::fillMetadataCatalogue,
         &frmMain::clearStatusPanel,     &frmMain::showEmptyBasket,
     };
-    trap("FrmMain.subSetup", [this] {
+    std::ignore = trap("FrmMain.subSetup", [this] {
         TrappingString = QStringLiteral("Setting up Main Application");
         for (const Step step : steps)
             (this->*step)();
@@ -151,7 +151,7 @@ void frmMain::showEmptyBasket() {
 }
 
 void frmMain::subUpdateForm() {
-    trap("FrmMain.subUpdateForm", [this] {
+    std::ignore = trap("FrmMain.subUpdateForm", [this] {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
@@ -230,7 +230,7 @@ void frmMain::Form_Unload() {
 }
 
 void frmMain::subEnd() {
-    trap("FrmMain.subEnd", [this] {
+    std::ignore = trap("FrmMain.subEnd", [this] {
         TrappingString = QStringLiteral("Saving Settings before termination");
         storePositions();
         forEachColumnWidth([](ListControl& list, int column, qint16& width) {

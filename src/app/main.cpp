@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
     QtDesktop desktop;
     const DesktopScope scope(desktop);
     QString programFolder;
-    if (!trap("main", [&] { programFolder = makeProgramFolder(); }))
+    if (trap("main", [&] { programFolder = makeProgramFolder(); }))
         return 1;
     frmMain window({programFolder, samplesFolder(),
                     [&] { desktop.seedRandomNumbers(quint32(QDateTime::currentMSecsSinceEpoch())); }});

@@ -105,11 +105,11 @@ bool Basket::Adding::goesOn() const {
 }
 
 void Basket::cmdAddToQueue_Click() {
-    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(AddedBy::Button, Adding(*this)); });
+    std::ignore = trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(AddedBy::Button, Adding(*this)); });
 }
 
 void Basket::AddToBasketByDrag() {
-    trap("AddToBasketByDrag", [&] { addSelected(AddedBy::Drag, Adding(*this)); });
+    std::ignore = trap("AddToBasketByDrag", [&] { addSelected(AddedBy::Drag, Adding(*this)); });
 }
 
 void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
@@ -179,7 +179,7 @@ std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const
 
 void Basket::subAddEntryToListView(const QString& path) {
     const Adding adding(*this);
-    trap("subAddEntryToListView", [&] {
+    std::ignore = trap("subAddEntryToListView", [&] {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileInfo().setFilePath(path);
         const Source source{AddedBy::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
@@ -200,7 +200,7 @@ void Basket::makeThumbnailsAgain() {
     ListView& list = m_lists.lvPages;
     if (list.isEmpty() || !settings.thumbnails)
         return;
-    trap("Basket.makeThumbnailsAgain", [&] {
+    std::ignore = trap("Basket.makeThumbnailsAgain", [&] {
         const Adding adding(*this);
         QStringList tags;
         for (int row = 0; row < list.count(); ++row)

@@ -36,7 +36,7 @@ FolderView::~FolderView() = default;
 void FolderView::subShowFilesInFolder(const QString& path) {
     FolderChanging = true;
     retireScan();
-    const bool begun = trap("FrmMain.subShowFilesInFolder", [&] {
+    const auto failure = trap("FrmMain.subShowFilesInFolder", [&] {
         TrappingString = QStringLiteral("Showing files from selected folder");
         modFileSystem::MakeFolder(temporaryFolder(settings.programFolder));
         m_folder = path;
@@ -44,7 +44,7 @@ void FolderView::subShowFilesInFolder(const QString& path) {
         clearList();
         startScan();
     });
-    if (!begun)
+    if (failure)
         stop();
 }
 
@@ -146,8 +146,10 @@ void FolderView::fetchDelivery() {
 
 void FolderView::reportFailure(const TrappedError& error) {
     const ErrorSubject subject(m_folder); // other work may be in progress, with a subject of its own
-    if (error.number != ErrorNumber::PermissionDenied)
-        return void(trap("FrmMain.subShowFilesInFolder", [&] { throw error; }));
+    if (error.number != ErrorNumber::PermissionDenied) {
+        std::ignore = trap("FrmMain.subShowFilesInFolder", [&] { throw error; });
+        return;
+    }
     m_refusal = tr("You have no permission to read the folder %1.").arg(m_folder);
     m_lists.sbMain.setPanel(QStringLiteral("status"), m_refusal);
 }

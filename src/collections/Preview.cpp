@@ -121,7 +121,7 @@ void Preview::apply(PreviewWorker::Result result) {
     Q_EMIT pictureChanged();
     if (failure) {
         const ErrorSubject subject(m_shownPath);
-        trap("subProcessPages", [&] { throw *failure; });
+        std::ignore = trap("subProcessPages", [&] { throw *failure; });
     }
 }
 

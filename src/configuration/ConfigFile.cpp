@@ -69,19 +69,19 @@ QString settingsPathBeside() {
 
 void subLoadSetup(const QString& programFolder) {
     const ConfigRecordData defaults = defaultRecord(programFolder);
-    const bool ended = trap("subLoadSetup", [&] {
+    const auto failure = trap("subLoadSetup", [&] {
         ConfigPath = withSeparator(programFolder) + executableBaseName();
         if (configurationExists() && ConfigPath.isEmpty())
             throwCorruptedFileAway();
         readRecord(defaults);
         readSettingsBeside();
     });
-    if (!ended)
+    if (failure)
         ConfigRecord = defaults;
 }
 
 void subSaveSetup() {
-    trap("subSaveSetup", [] {
+    std::ignore = trap("subSaveSetup", [] {
         const QByteArray image = recordImage(ConfigRecord);
         const QByteArray old = QFile::exists(ConfigPath) ? readWholeFile(ConfigPath) : QByteArray();
         writeFileSafely(ConfigPath, image + old.mid(image.size()));

@@ -35,7 +35,7 @@ void addExifRow(ListView& list, const QString& name, const QString& value) {
 
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path) {
     TrappingString = QStringLiteral("Reading EXIF information from the selected file!");
-    trap("modMetadata.ReadFileEXIFInfo", [&] {
+    std::ignore = trap("modMetadata.ReadFileEXIFInfo", [&] {
         if (!box.HasImage())
             return;
         list.setTag(path);
@@ -46,7 +46,7 @@ void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path
 
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path) {
     TrappingString = QStringLiteral("Reading IPTC information from the selected file!");
-    trap("modMetadata.ReadFileIPTCInfo", [&] {
+    std::ignore = trap("modMetadata.ReadFileIPTCInfo", [&] {
         if (!box.HasImage())
             return;
         list.setTag(path);

@@ -115,10 +115,10 @@ bool RowWork::load() {
 void RowWork::runTasks() {
     if (m_settings.ProcessEditingList != 1)
         return;
-    const bool complete =
+    const auto failure =
         modProcessTasks::subProcessPages(m_batch.lvPages, m_batch.lvEditBatch, m_box, nullptr, true);
-    if (!complete)
-        remark(QStringLiteral("the task list ended early: ") + lastErrorReport().ErrSystem);
+    if (failure)
+        remark(QStringLiteral("the task list ended early: ") + failure->ErrSystem);
 }
 
 QString RowWork::folderOfSource() const {
@@ -296,12 +296,12 @@ bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, Ima
     SourceGuard sources(lvPages, run.sourceReplacing);
     const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run, sources};
     BatchLoop loop(batch, progress, results);
-    const bool completed = trap("fncSaveSinglePage", [&] {
+    const auto failure = trap("fncSaveSinglePage", [&] {
         const HiddenAtEnd bar{progress}; // out of sight before an error is reported
         loop.run();
     });
     loop.finish();
-    return completed;
+    return !failure;
 }
 
 } // namespace tarsel

@@ -212,7 +212,7 @@ QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const
                             .path = path,
                             .extension = extension,
                             .box = &box};
-    trap("fncRetrieveNamingString", [&] {
+    std::ignore = trap("fncRetrieveNamingString", [&] {
         try {
             evaluateToken(token, facts, result);
         } catch (const TrappedError& error) {

@@ -64,14 +64,14 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
 
 bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
     const QString target = path.endsWith(TaskExtension, Qt::CaseInsensitive) ? path : path + TaskExtension;
-    const bool done = tasks.count() > 0 &&
-                      trap("modSaveOpenImageList.fncSaveTaskBasket", [&] { writeTaskBasket(target, tasks); });
+    const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
+                                                 [&] { writeTaskBasket(target, tasks); });
     return showUnlessDone(done, "Error saving editing list!", "Please try again!");
 }
 
 bool fncOpenTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     const bool done =
-        trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
+        !trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
     return showUnlessDone(done, "Error opening editing list!", "Please select a valid image list file.");
 }
 

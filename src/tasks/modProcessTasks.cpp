@@ -28,8 +28,9 @@ std::vector<TaskRow> modProcessTasks::rowsToReplay(const ListView& list, const L
     return replayed;
 }
 
-bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows, ImageBox& box,
-                                      const ListView* previewList, bool runAll, bool editing) {
+std::optional<ErrorReport> modProcessTasks::subProcessPages(const ListView& list, const ListView& rows,
+                                                            ImageBox& box, const ListView* previewList,
+                                                            bool runAll, bool editing) {
     return trap("subProcessPages", [&] {
         const int count = rows.count();
         if (count == 0)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/Desktop.h"
-#include "base/ErrorTrap.h"
+#include "base/ErrorReport.h"
 
 #include <deque>
 #include <functional>

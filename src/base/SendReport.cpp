@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/ErrorReport.h"
+#include "base/SendReport.h"
 
 #include "base/Desktop.h"
+#include "base/ErrorTrap.h"
 
 #include <algorithm>
 
