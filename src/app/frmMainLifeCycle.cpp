@@ -10,7 +10,7 @@
 #include "app/ProgramIdentity.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
@@ -64,10 +64,10 @@ bool frmMain::refuseSecondInstance() {
     m_instance->setStaleLockTime(0);
     if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
         return false;
-    desktop().messageBox(QStringLiteral("There is already an instance of %1 running!\n"
-                                        "Multiple instance is unsupported.")
-                             .arg(programIdentity::title),
-                         MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+    service<Dialogs>().messageBox(QStringLiteral("There is already an instance of %1 running!\n"
+                                                 "Multiple instance is unsupported.")
+                                      .arg(programIdentity::title),
+                                  MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
     return true;
 }
 

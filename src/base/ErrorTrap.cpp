@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorSubject.h"
 
 #include <algorithm>
@@ -29,7 +29,7 @@ ErrorReport GlobalErrorHandler(const QString& description, qint32 number, qint16
         .ErrTrappingString = TrappingString,
         .ErrSystem = QString::number(number) + QStringLiteral(" - ") + namingSubject(description),
     };
-    desktop().showErrorReport(report);
+    service<Dialogs>().showErrorReport(report);
     return report;
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/Basket.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
 #include "collections/FolderView.h"
 #include "collections/OpenDocument.h"
 #include "collections/PictureFiles.h"
@@ -100,7 +100,7 @@ Basket::Adding::~Adding() {
 
 bool Basket::Adding::goesOn() const {
     if (!m_basket.m_stopAdding)
-        desktop().yield();
+        service<EventLoop>().yield();
     return !m_basket.m_stopAdding && !m_basket.stop.stop_requested();
 }
 

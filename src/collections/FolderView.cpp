@@ -3,6 +3,7 @@
 
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/Locale.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/modFileSystem.h"
@@ -67,7 +68,7 @@ void FolderView::startScan(QStringList known) {
     if (settings.folderView == 0)
         m_lists.lvFolder.attachImages(&m_lists.ilFolder);
     FolderScan::Request request{m_folder, settings, FileInfo(), std::move(known)};
-    request.info.setDateFormats(clsFileInfo::desktopFormats());
+    request.info.setDateForms(service<Locale>().dateForms());
     FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
     const int number = ++m_scanNumber;
     m_scan = std::make_unique<FolderScan>(std::move(request), [this, number] {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/Locale.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
@@ -50,7 +50,7 @@ void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path
         if (!box.HasImage())
             return;
         list.setTag(path);
-        const DateForms forms = desktopDateForms();
+        const DateForms forms = service<Locale>().dateForms();
         for (const IptcField& field : iptcFields()) {
             if (!field.isListed)
                 continue;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/BatchSave.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
+#include "base/Locale.h"
 #include "collections/Basket.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
@@ -151,7 +152,7 @@ void RowWork::importMetadata() {
     if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
         m_box.IptcLoadFromFile(m_settings.ImportIPTCFile);
     if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
-        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box, desktopDateForms());
+        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box, service<Locale>().dateForms());
     m_box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
 }
 
@@ -235,7 +236,7 @@ void BatchLoop::run() {
 }
 
 bool BatchLoop::isCancelled() {
-    desktop().yield();
+    service<EventLoop>().yield();
     m_cancelled = CancelRequested.exchange(false) || m_batch.run.stop.stop_requested();
     return m_cancelled;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskFile.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
 
@@ -41,8 +41,9 @@ void writeTaskBasket(const QString& path, const TaskList& tasks) {
 
 bool showUnlessDone(bool done, const char* first, const char* second) {
     if (!done)
-        desktop().messageBox(QString::fromLatin1(first) + QLatin1Char('\n') + QString::fromLatin1(second),
-                             MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+        service<Dialogs>().messageBox(QString::fromLatin1(first) + QLatin1Char('\n') +
+                                          QString::fromLatin1(second),
+                                      MessageIcon::Information, MessageButtons::Ok, ApplicationName);
     return done;
 }
 
