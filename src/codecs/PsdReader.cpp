@@ -137,7 +137,8 @@ public:
     }
 
 private:
-    /// Runs: a count below 128 precedes count + 1 bytes, one above 128 a byte that is repeated 257 - count times.
+    /// Runs: a count below 128 precedes count + 1 bytes, one above 128 a byte that is repeated 257 - count
+    /// times.
     bool unpack(const QByteArray& packed, std::uint8_t* target) const {
         std::int64_t done = 0;
         qsizetype at = 0;

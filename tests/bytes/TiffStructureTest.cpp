@@ -99,9 +99,9 @@ TEST_P(EveryKind, ValuesAreFoundInsideTheFileOnly) {
     made.count(7);
     made.entry(1, 1, inlineSize, 0);
     made.entry(2, 1, inlineSize + 1, after);
-    made.entry(3, 1, inlineSize + 2, after); // one byte more than there is
-    made.entry(4, 12, 0x20000001, after);    // size overflows 32 bits
-    made.entry(5, 12, made.isBig ? ~0ULL : 0xFFFFFFFF, after);
+    made.entry(3, 1, inlineSize + 2, after);                                // one byte more than there is
+    made.entry(4, 12, 0x20000001, after);                                   // size overflows 32 bits
+    made.entry(5, 12, made.isBig ? 0x2000000000000001 : 0xFFFFFFFF, after); // and 64
     made.entry(6, 99, 1, 0);
     made.entry(7, 16, 1, 0);
     made.wide(0);
