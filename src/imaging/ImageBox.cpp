@@ -124,10 +124,10 @@ void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
     m_picture = snapshot;
 }
 
-void ImageBox::setPictureHandle(const PictureHandle& handle) {
+void ImageBox::setPictureHandle(const PictureHandle& handle, const QString& damage) {
     m_picture = handle;
     m_metadata = {};
-    m_loadDamage.clear();
+    m_loadDamage = damage;
     ClearSelection();
 }
 

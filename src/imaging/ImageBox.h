@@ -68,7 +68,7 @@ public:
     Picture SaveToMemory(int format) const;
     void LoadFromMemory(const Picture& snapshot, int format);
     /// Replaces the picture. It carries no metadata: those held go.
-    void setPictureHandle(const PictureHandle& handle);
+    void setPictureHandle(const PictureHandle& handle, const QString& damage = {});
     PictureHandle pictureHandle() const { return m_picture; }
     const Picture& picture() const { return m_picture; }
 

@@ -29,6 +29,7 @@ struct Request {
 struct Loaded {
     Picture picture;
     Size sourceSize;
+    QString damage = {};
 };
 
 bool isMetafile(const QString& extension) {
@@ -104,8 +105,9 @@ Picture drawn(const Picture& picture, Size sourceSize, LoadMode mode, Size box, 
 }
 
 Loaded decodeFull(const Request& request) {
-    Picture picture = request.file.decode().picture;
-    return {picture, {picture.width(), picture.height()}};
+    DecodedPicture decoded = request.file.decode();
+    const Size size{decoded.picture.width(), decoded.picture.height()};
+    return {std::move(decoded.picture), size, std::move(decoded.damage)};
 }
 
 Loaded openFitted(const Request& request) {
@@ -173,7 +175,7 @@ static std::optional<PictureFile> openedFile(const QString& path) {
 }
 
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box, Color backColor,
-                                      Size* sourceSize, const std::stop_token& stop) {
+                                      Size* sourceSize, const std::stop_token& stop, QString* damage) {
     const StopScope scope(stop);
     requireBox(mode, box);
     raiseIfStopped();
@@ -187,6 +189,8 @@ std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size b
         Loaded loaded = open({*file, mode, box, backColor}, extension);
         if (sourceSize)
             *sourceSize = loaded.sourceSize;
+        if (damage)
+            *damage = loaded.damage;
         return std::move(loaded.picture);
     } catch (const TrappedError& error) {
         raiseIfStopped();
