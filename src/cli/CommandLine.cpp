@@ -16,6 +16,7 @@ constexpr const Command* allCommands[] = {
     &batchCommand,
     &applyCommand,
     &infoCommand,
+    &tasksCommand,
     &basketCommand,
 };
 
