@@ -168,7 +168,7 @@ QString FormatExifAttributeValue(const QString& name, const QString& value) {
     TrappingString =
         QCoreApplication::translate("modMetadata", "Read exif attribute and interpret it to readable format");
     QString result;
-    trap("modMetadata.fncEXIFInterpret", [&] { result = ExifValueInWords(name, value); });
+    std::ignore = trap("modMetadata.fncEXIFInterpret", [&] { result = ExifValueInWords(name, value); });
     return result;
 }
 

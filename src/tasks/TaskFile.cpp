@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskFile.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
 
@@ -44,8 +44,8 @@ void writeTaskBasket(const QString& path, const TaskList& tasks) {
 /// `message`: English, in the context "TaskFile".
 bool showUnlessDone(bool done, const char* message) {
     if (!done)
-        desktop().messageBox(QCoreApplication::translate("TaskFile", message), MessageIcon::Information,
-                             MessageButtons::Ok, ApplicationName);
+        service<Dialogs>().messageBox(QCoreApplication::translate("TaskFile", message),
+                                      MessageIcon::Information, MessageButtons::Ok, ApplicationName);
     return done;
 }
 
@@ -70,15 +70,15 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
 
 bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
     const QString target = path.endsWith(TaskExtension, Qt::CaseInsensitive) ? path : path + TaskExtension;
-    const bool done = tasks.count() > 0 &&
-                      trap("modSaveOpenImageList.fncSaveTaskBasket", [&] { writeTaskBasket(target, tasks); });
+    const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
+                                                 [&] { writeTaskBasket(target, tasks); });
     return showUnlessDone(done,
                           QT_TRANSLATE_NOOP("TaskFile", "Error saving editing list!\nPlease try again!"));
 }
 
 bool fncOpenTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     const bool done =
-        trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
+        !trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
     return showUnlessDone(done, QT_TRANSLATE_NOOP("TaskFile", "Error opening editing list!\n"
                                                               "Please select a valid image list file."));
 }
