@@ -15,7 +15,7 @@ class ImageBox;
 /// in a fixed order, and stay there. Raises what the conversions and the box raise.
 using ReplayStep = void (*)(ImageBox& box, const TaskRow& row);
 
-/// One of the sixteen tasks; the whole vocabulary is the table taskKinds().
+/// One of the sixteen tasks that taskKinds() lists.
 struct TaskKind {
     int number;
     const char* panelKey;

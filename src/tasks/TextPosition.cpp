@@ -31,7 +31,7 @@ int horizontalX(int column, int alignment, int width, int textWidth) {
     if (alignment < 0 || alignment > 2)
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("TextPosition", "there is no text alignment %1").arg(alignment));
-    // Twice the anchor is a whole number, so that halves are exact and tie to even.
+    // Twice the anchor is an integer, so that halves are exact and tie to even.
     const double anchor = double(column) * (width - double(textWidth)) + double(alignment) * textWidth;
     return roundToInt(anchor / 2);
 }

@@ -19,6 +19,8 @@ struct KindCase {
     const char* what;
     TaskRow row;
     std::function<void(ImageBox&)> direct;
+    Color back = 0xFFFFFF; ///< of the box, as is the next
+    bool resample = false;
 };
 
 class KindColumns : public testing::Test {
@@ -28,8 +30,9 @@ protected:
         maker.SaveToFile(mark);
     }
 
-    TaskRow withText(TaskRow row, int column, const QString& text) const {
-        row.columns.at(std::size_t(column) - 1) = text;
+    TaskRow watermark(const char* transparent, const char* transparency, const char* style) const {
+        TaskRow row = taskRow(9, {transparent, transparency, style, "", "1318440", "12", "23"});
+        row.columns[3] = mark;
         return row;
     }
 
@@ -62,19 +65,11 @@ std::vector<KindCase> KindColumns::cases() const {
     return {
         {"flip", taskRow(1, {"0"}), [](ImageBox& box) { box.Flip(0); }},
         {"flip of any other text", taskRow(1, {"left"}), [](ImageBox& box) { box.Flip(1); }},
-        {"rotate", taskRow(2, {"True", "17", "6553855"}),
-         [](ImageBox& box) {
-             box.BackColor = 6553855;
-             box.Resample = true;
-             box.Rotate(17);
-         }},
+        {"rotate", taskRow(2, {"True", "17", "6553855"}), [](ImageBox& box) { box.Rotate(17); }, 6553855,
+         true},
         {"resize to a size", taskRow(3, {"True", "31", "77"}), [](ImageBox& box) { box.ResizeTo(31, 77); }},
         {"rotate by a half degree", taskRow(2, {"False", "-12.5", "255"}),
-         [](ImageBox& box) {
-             box.BackColor = 255;
-             box.Resample = false;
-             box.Rotate(-12);
-         }},
+         [](ImageBox& box) { box.Rotate(-12); }, 255, false},
         {"resize by a half percent", taskRow(3, {"False", "26.5", ""}), [](ImageBox& box) { box.Scale(26); }},
         {"blur by a half", taskRow(4, {"2.5"}), [](ImageBox& box) { box.Blur(2); }},
         {"contrast of red", taskRow(5, {"70", "True", "False", "False"}),
@@ -94,12 +89,12 @@ std::vector<KindCase> KindColumns::cases() const {
          [](ImageBox& box) { box.Crop(4, 7, 61, 43); }},
         {"crop to an ellipse", taskRow(8, {"True", "1", "4", "7", "61", "43", "6553855"}),
          [](ImageBox& box) {
-             box.BackColor = 6553855;
              box.SelectEllipse(4, 7, 61, 43);
              box.SelectionActive = true;
              box.CropToSelection();
-         }},
-        {"watermark at a place", withText(taskRow(9, {"False", "35", "1", "", "1", "12", "23"}), 4, mark),
+         },
+         6553855},
+        {"watermark at a place", watermark("False", "35", "1"),
          [this](ImageBox& box) {
              box.MergeTransparency = 35;
              box.MergeStyle = 1;
@@ -108,8 +103,7 @@ std::vector<KindCase> KindColumns::cases() const {
              box.MergeFile(mark);
          }},
         // The colour of the mark's first pixel: red 40, green 30, blue 20.
-        {"tiled watermark without a colour",
-         withText(taskRow(9, {"True", "60", "2", "", "1318440", "12", "23"}), 4, mark),
+        {"tiled watermark without a colour", watermark("True", "60", "2"),
          [this](ImageBox& box) {
              box.MergeTransparent = true;
              box.MergeTransparency = 60;
@@ -135,15 +129,9 @@ std::vector<KindCase> KindColumns::cases() const {
          }},
         {"invert", taskRow(11, {}), [](ImageBox& box) { box.Negative(); }},
         {"canvas", taskRow(12, {"6553855", "1", "2", "3", "4"}),
-         [](ImageBox& box) {
-             box.BackColor = 6553855;
-             box.Crop(-1, -2, 103, 94);
-         }},
+         [](ImageBox& box) { box.Crop(-1, -2, 103, 94); }, 6553855},
         {"colour frame", taskRow(13, {"6553855", "2", "4", "0"}),
-         [](ImageBox& box) {
-             box.BackColor = 6553855;
-             box.Crop(-4, -4, 104, 94);
-         }},
+         [](ImageBox& box) { box.Crop(-4, -4, 104, 94); }, 6553855},
     };
 }
 
@@ -152,6 +140,8 @@ std::vector<KindCase> KindColumns::cases() const {
 TEST_F(KindColumns, EachColumnReachesTheOperationThatItIsMeantFor) {
     for (const KindCase& each : cases()) {
         ImageBox expected = boxWith(unevenPicture(100, 90));
+        expected.BackColor = each.back;
+        expected.Resample = each.resample;
         each.direct(expected);
         ImageBox box = boxWith(unevenPicture(100, 90));
         SCOPED_TRACE(each.what);
