@@ -114,12 +114,12 @@ bool holds(const ColumnCondition& condition, std::span<const TaskColumn> columns
     return true;
 }
 
-/// One of `texts`, by a number; the number itself where there are none.
+/// One of `texts`, by a number, the last one for numbers beyond; the number itself where there are none.
 QString textFor(int value, const std::array<const char*, 4>& texts) {
-    if (!texts[0])
+    const auto count = std::ranges::find(texts, nullptr) - texts.begin();
+    if (count == 0)
         return QString::number(value);
-    const std::size_t index = std::min(std::size_t(std::max(value, 0)), texts.size() - 1);
-    return QString::fromLatin1(texts[index] ? texts[index] : texts[0]);
+    return QString::fromLatin1(texts.at(std::size_t(std::clamp<std::ptrdiff_t>(value, 0, count - 1))));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskColumns.h"
+#include "configuration/ConfigFields.h"
 #include "tests/tasks/TaskRows.h"
 
 #include <gtest/gtest.h>
@@ -105,6 +106,28 @@ const Golden goldens[] = {
     {"", "", "16"},
 };
 
+/// Settings that hold their own number, from 1.
+TaskDefaults numberedSettings() {
+    ConfigRecordData record;
+    int number = 0;
+    for (const ConfigField& field : configFields()) {
+        if (QLatin1String(field.group) != QLatin1String("Tasks"))
+            continue;
+        ConfigValue value = field.value(record);
+        ++number;
+        std::visit(
+            [&]<class Value>(Value& held) {
+                if constexpr (std::is_same_v<Value, QString>)
+                    held = QString::number(number);
+                else
+                    held = Value(number);
+            },
+            value);
+        field.assign(record, value);
+    }
+    return record.Tasks;
+}
+
 } // namespace
 
 TEST(TaskColumns, AreThoseThatTaskFilesHoldWithTheirLimitsAndDefaults) {
@@ -118,21 +141,27 @@ TEST(TaskColumns, AreThoseThatTaskFilesHoldWithTheirLimitsAndDefaults) {
     EXPECT_TRUE(taskColumns(17).empty());
 }
 
-TEST(TaskColumns, DefaultsFollowTheSettings) {
-    TaskDefaults settings;
-    settings.ResizeMode = 1;
-    settings.ResizeScale = 33;
-    EXPECT_EQ(rowText(defaultRow(3, settings)), "3|resize|False|33");
-    settings.CropSelect = 0;
-    EXPECT_EQ(rowText(defaultRow(8, settings)), "8|crop|False");
-    settings.MergeStyle = 3;
-    settings.WatermarkImage = QStringLiteral("/a.png");
-    EXPECT_EQ(rowText(defaultRow(9, settings)), "9|watermark|True|50|3|/a.png|-2147483639");
-    settings.FrameStyle = 1;
-    EXPECT_EQ(rowText(defaultRow(13, settings)), "13|frame|-2147483634|1|20");
-    settings.CanvasCustom1 = 1;
-    settings.CanvasCustom2 = 2;
-    settings.CanvasCustom3 = 3;
-    settings.CanvasCustom4 = 4;
-    EXPECT_EQ(rowText(defaultRow(12, settings)), "12|canvas|-2147483634|2|1|3|4");
+TEST(TaskColumns, EachDefaultComesFromItsOwnSetting) {
+    TaskDefaults settings = numberedSettings();
+    const char* const rows[] = {
+        "1|flip|39",
+        "2|rotate|True|10|12",
+        "3|resize|False|4",
+        "4|blur|21",
+        "5|contrast|13|14|15|16",
+        "6|brightness|17|18|19|20",
+        "7|sharpen|22",
+        "8|crop|True|24|0|0",
+        "9|watermark|True|43|3|44|42",
+        "10|text|True||True|36|37||31|True|False|False|32|27|38|29|25",
+        "11|invert",
+        "12|canvas|5|7|6|8|9",
+        "13|frame|47|45|46",
+        "14|mask|True|52|50",
+        "15|shadow|53",
+    };
+    for (int kind = 1; const char* row : rows)
+        EXPECT_EQ(rowText(defaultRow(kind++, settings)), row);
+    settings.FrameStyle = 0;
+    EXPECT_EQ(rowText(defaultRow(13, settings)), "13|frame|47|0|48|49");
 }
