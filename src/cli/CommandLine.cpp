@@ -13,10 +13,7 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand,
-    &applyCommand,
-    &infoCommand,
-    &basketCommand,
+    &batchCommand, &applyCommand, &infoCommand, &tasksCommand, &basketCommand,
 };
 
 const Command* findCommand(const QString& name) {
@@ -113,8 +110,7 @@ QString commandHelp(const Command& command) {
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {
-    TerminalDesktop desktop(terminal);
-    const DesktopScope scope(desktop);
+    const TerminalDesktop desktop(terminal);
     const int status = runWords(words, terminal);
     return terminal.finish() || status != AllDone ? status : SomeNotDone;
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/Locale.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
+
+#include <QCoreApplication>
 
 namespace tarsel::modMetadata {
 
@@ -34,8 +36,9 @@ void addExifRow(ListView& list, const QString& name, const QString& value) {
 } // namespace
 
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path) {
-    TrappingString = QStringLiteral("Reading EXIF information from the selected file!");
-    trap("modMetadata.ReadFileEXIFInfo", [&] {
+    TrappingString =
+        QCoreApplication::translate("modMetadata", "Reading EXIF information from the selected file!");
+    std::ignore = trap("modMetadata.ReadFileEXIFInfo", [&] {
         if (!box.HasImage())
             return;
         list.setTag(path);
@@ -45,12 +48,13 @@ void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path
 }
 
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path) {
-    TrappingString = QStringLiteral("Reading IPTC information from the selected file!");
-    trap("modMetadata.ReadFileIPTCInfo", [&] {
+    TrappingString =
+        QCoreApplication::translate("modMetadata", "Reading IPTC information from the selected file!");
+    std::ignore = trap("modMetadata.ReadFileIPTCInfo", [&] {
         if (!box.HasImage())
             return;
         list.setTag(path);
-        const DateForms forms = desktopDateForms();
+        const DateForms forms = service<Locale>().dateForms();
         for (const IptcField& field : iptcFields()) {
             if (!field.isListed)
                 continue;
