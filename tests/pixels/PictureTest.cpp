@@ -52,7 +52,7 @@ TEST(Picture, ABatchUsesTheSameMemoryAgainAndThePoolKeepsNoMoreThanItsLimit) {
         pictures.emplace_back(4000, 3000, 3);
     pictures.clear();
     EXPECT_GT(PixelBuffer::pooledBytes(), 0U);
-    EXPECT_LE(PixelBuffer::pooledBytes(), PixelBuffer::KeptBytes);
+    EXPECT_LE(PixelBuffer::pooledBytes(), PixelBuffer::keptBytes);
 }
 
 TEST(Color, HasRedInTheLowByteOrNamesASystemColor) {

@@ -41,7 +41,7 @@ TARSEL_INLINED std::int32_t dividedBy255(std::int32_t product) {
 }
 
 /// Added before the fraction of a quotient of integers is cut off: more than the error of single precision,
-/// and less than the distance of a quotient by a byte from the next whole number.
+/// and less than the distance of a quotient by a byte from the next integer.
 constexpr float quotientMargin = 1.0F / 1024;
 
 } // namespace tarsel::operations

@@ -107,16 +107,16 @@ TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows
 template <int Channels>
 TARSEL_INLINED void sumColumns(const std::int16_t* __restrict in, const std::int16_t* weights, int taps,
                                std::uint8_t* __restrict out) {
-    constexpr int Count = Channels * lanes;
-    std::int16_t sums[Count];
-    for (int i = 0; i < Count; ++i)
+    constexpr int count = Channels * lanes;
+    std::int16_t sums[count];
+    for (int i = 0; i < count; ++i)
         sums[i] = 1 << (resultBits - 1);
-    for (int k = 0; k < taps; ++k, in += Count) {
+    for (int k = 0; k < taps; ++k, in += count) {
         const std::int16_t weight = weights[k];
-        for (int i = 0; i < Count; ++i)
+        for (int i = 0; i < count; ++i)
             sums[i] = std::int16_t(sums[i] + weighted(in[i], weight));
     }
-    for (int i = 0; i < Count; ++i)
+    for (int i = 0; i < count; ++i)
         out[i] = clampedToByte(std::int16_t(sums[i] >> resultBits));
 }
 
