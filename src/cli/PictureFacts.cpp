@@ -6,7 +6,7 @@
 #include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
 #include "metadata/modMetadata.h"
-#include "output/LoadSource.h"
+#include "collections/LoadSource.h"
 
 namespace tarsel::cli {
 
