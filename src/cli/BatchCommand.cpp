@@ -41,7 +41,8 @@ constexpr OptionSpec options[] = {
 };
 
 /// Where the user did not say where the files go, no source is replaced.
-void refuseToReplaceSources(const ListView& pages, const TaskList& tasks, const BatchSave& settings) {
+void refuseToReplaceSources(const ListView& pages, const TaskList& tasks,
+                            const settings::BatchSave& settings) {
     for (const PlannedName& planned : planNames(pages, tasks.lvEditBatch, settings))
         if (planned.clash == NameClash::OwnSource || planned.clash == NameClash::OtherSource)
             throw UsageError{
@@ -50,7 +51,7 @@ void refuseToReplaceSources(const ListView& pages, const TaskList& tasks, const 
                     .arg(planned.target)};
 }
 
-void prepareFolder(const BatchSave& settings, Terminal& terminal) {
+void prepareFolder(const settings::BatchSave& settings, Terminal& terminal) {
     const QString folder = settings.DestinationFolder;
     if (settings.DestinationOption == 0 || modFileSystem::FolderExists(folder))
         return;
@@ -59,7 +60,7 @@ void prepareFolder(const BatchSave& settings, Terminal& terminal) {
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
-    const BatchSave settings = batchSettings(arguments);
+    const settings::BatchSave settings = batchSettings(arguments);
     BatchRun slice = batchRun(arguments);
     TaskList tasks;
     if (arguments.has("tasks"))

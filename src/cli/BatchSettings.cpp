@@ -43,7 +43,7 @@ QString namePart(const Arguments& arguments, const char* option, const QString& 
     return text;
 }
 
-void setNaming(BatchSave& settings, const Arguments& arguments) {
+void setNaming(settings::BatchSave& settings, const Arguments& arguments) {
     settings.NameOption = nameOption(arguments.value("name", QStringLiteral("keep")));
     refuseUnused(arguments, settings.NameOption);
     settings.RenamePrefix = namePart(arguments, "prefix", namingTokens().first());
@@ -59,12 +59,12 @@ void setNaming(BatchSave& settings, const Arguments& arguments) {
 
 /// The original name in the source's own folder is the hybrid name without anything added: the plain option
 /// knows one folder for all.
-void keepNameInSourceFolder(BatchSave& settings) {
+void keepNameInSourceFolder(settings::BatchSave& settings) {
     settings.NameOption = Hybrid;
     settings.Separator1 = settings.Separator2 = QStringLiteral("[No Separator]");
 }
 
-void setDestination(BatchSave& settings, const Arguments& arguments) {
+void setDestination(settings::BatchSave& settings, const Arguments& arguments) {
     if (arguments.has("out") && arguments.has("source-folder"))
         throw UsageError{QStringLiteral("--out and --source-folder exclude each other")};
     settings.DestinationOption = arguments.has("source-folder") ? 0 : 1;
@@ -97,8 +97,8 @@ int rowNumber(const QString& text) {
 
 } // namespace
 
-BatchSave batchSettings(const Arguments& arguments) {
-    BatchSave settings;
+settings::BatchSave batchSettings(const Arguments& arguments) {
+    settings::BatchSave settings;
     setNaming(settings, arguments);
     setDestination(settings, arguments);
     settings.JpegQuality =

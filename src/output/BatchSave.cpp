@@ -26,7 +26,7 @@ struct Batch {
     const ListView& lvPages;
     const ListView& lvEditBatch;
     ImageBox& box;
-    const BatchSave settings; ///< as they were at the start: the loop lets other handlers run
+    const settings::BatchSave settings; ///< as they were at the start: the loop lets other handlers run
     const BatchRun& run;
     SourceGuard& sources;
 };
@@ -55,7 +55,7 @@ private:
 
     const Batch& m_batch;
     ImageBox& m_box;
-    const BatchSave& m_settings;
+    const settings::BatchSave& m_settings;
     const ListRow m_row; ///< a copy: the list may change while tasks let other handlers run
     const int m_position;
     OutputName m_target;
@@ -292,7 +292,7 @@ QString rowStateText(RowState state) {
 }
 
 bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
-                       Progress& progress, const BatchSave& settings, const BatchRun& run,
+                       Progress& progress, const settings::BatchSave& settings, const BatchRun& run,
                        std::vector<RowResult>& results) {
     SourceGuard sources(lvPages, run.sourceReplacing);
     const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run, sources};
