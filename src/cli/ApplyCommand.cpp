@@ -14,20 +14,26 @@
 #include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::cli {
 
 namespace {
 
 constexpr OptionSpec options[] = {
-    {"tasks", "F.tbf", "the task list; must be given"},
-    {"upright", nullptr, "turn the picture by its EXIF orientation before the tasks run"},
-    {"json", nullptr, "one JSON object: row, source, target, state, reason"},
+    {"tasks", "F.tbf", QT_TRANSLATE_NOOP("CommandLine", "the task list; required")},
+    {"upright", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "turn the picture by its EXIF orientation before the tasks run")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "one JSON object: row, source, target, state, reason")},
 };
 
 void requireWritable(const QString& path) {
     if (!isWritable(modFileSystem::GetFileExtension(path).toLower()))
-        throw UsageError{QStringLiteral("%1: the extension names no format that can be written (%2)")
-                             .arg(path, writableExtensions().join(QStringLiteral(", ")))};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine",
+                                        "%1: the extension is not that of a format that can be written (%2)")
+                .arg(path, writableExtensions().join(QStringLiteral(", ")))};
 }
 
 /// For other formats the tasks see the picture on white, as in a batch.
@@ -50,17 +56,20 @@ QString apply(const QString& source, const QString& target, const TaskList& task
     if (const auto failure =
             modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("%1: the task list ended early, nothing was written: %2")
+             QCoreApplication::translate("CommandLine",
+                                         "%1: the task list ended early, nothing was written: %2")
                  .arg(source, failure->ErrSystem));
     box.SaveToFile(target);
-    return damage.isEmpty() ? QString() : QStringLiteral("the source is damaged: ") + damage;
+    return damage.isEmpty()
+               ? QString()
+               : QCoreApplication::translate("CommandLine", "the source is damaged: %1").arg(damage);
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
     if (!arguments.has("tasks"))
-        throw UsageError{QStringLiteral("--tasks is missing")};
+        throw UsageError{QCoreApplication::translate("CommandLine", "--tasks is missing")};
     if (arguments.operands().size() != 2)
-        throw UsageError{QStringLiteral("expected IN OUT")};
+        throw UsageError{QCoreApplication::translate("CommandLine", "expected IN OUT")};
     RowResult result;
     result.row = 1;
     result.source = absolutePath(arguments.operands().at(0));
@@ -68,7 +77,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
     requireWritable(result.target);
     TaskList tasks;
     modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
-    const ApplicationScope application(drawsText(tasks));
+    if (drawsText(tasks))
+        ApplicationScope::provideFonts();
     const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {
@@ -89,8 +99,11 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command applyCommand{
     .name = "apply",
     .operands = "--tasks F.tbf IN OUT",
-    .summary = "Replay a task list on one picture; OUT's extension names the format.",
-    .notes = "Metadata is kept where the format can hold it. Nothing is written when a task fails.",
+    .summary = QT_TRANSLATE_NOOP("CommandLine",
+                                 "Replay a task list on one picture; OUT's extension names the format."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
+        "Metadata is kept where the format can hold it. Nothing is written when a task fails."),
     .options = options,
     .run = run,
 };

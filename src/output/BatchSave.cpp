@@ -8,7 +8,7 @@
 namespace tarsel {
 
 bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
-                       Progress& progress, const BatchSave& settings, const BatchRun& run,
+                       Progress& progress, const settings::BatchSave& settings, const BatchRun& run,
                        std::vector<RowResult>& results) {
     SavedRows saved(lvPages, settings, run);
     const bool runsTasks = settings.ProcessEditingList == 1;

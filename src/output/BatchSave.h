@@ -28,7 +28,7 @@ struct BatchRun {
 /// ran to its end or was cancelled, false when it ended in an error, which is trapped as "fncSaveSinglePage".
 /// `results` gets one entry for every row of the run: rows after a cancel or an error are skipped ones.
 bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
-                       Progress& progress, const BatchSave& settings, const BatchRun& run,
+                       Progress& progress, const settings::BatchSave& settings, const BatchRun& run,
                        std::vector<RowResult>& results);
 
 } // namespace tarsel

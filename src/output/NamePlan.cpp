@@ -37,7 +37,7 @@ SourceFacts readSourceFacts(const QString& path, bool upright) {
     return facts;
 }
 
-TokenNeeds strongestNeed(const BatchSave& settings) {
+TokenNeeds strongestNeed(const settings::BatchSave& settings) {
     if (settings.NameOption != 1)
         return TokenNeeds::Nothing;
     return std::max(tokenNeeds(settings.RenamePrefix), tokenNeeds(settings.RenameSuffix));
@@ -61,7 +61,7 @@ void setClash(PlannedName& planned, NameClash clash, int otherRow) {
 }
 
 /// Fills in the target, or why there can be none.
-void nameRow(PlannedName& planned, const BatchSave& settings, const QString& text,
+void nameRow(PlannedName& planned, const settings::BatchSave& settings, const QString& text,
              const SourceFacts& source) {
     const NamingFacts facts{.width = source.width,
                             .height = source.height,
@@ -118,8 +118,10 @@ QString clashText(const PlannedName& planned, bool overwrite) {
     return {};
 }
 
-NamePlanner::NamePlanner(const ListView& lvPages, const ListView& tasks, const BatchSave& settings) :
-    m_pages(lvPages), m_settings(settings), m_tasksRun(settings.ProcessEditingList == 1 && !tasks.isEmpty()) {
+NamePlanner::NamePlanner(const ListView& lvPages, const ListView& tasks,
+                         const settings::BatchSave& settings) :
+    m_pages(lvPages),
+    m_settings(settings), m_tasksRun(settings.ProcessEditingList == 1 && !tasks.isEmpty()) {
     for (int i = 0; i < lvPages.count(); ++i)
         for (const QString& path : sourcesOfRow(lvPages.row(i))) {
             std::vector<int>& rows = m_sources[FileIdentity::of(path)];
@@ -178,7 +180,7 @@ void NamePlanner::findClash(PlannedName& planned) {
 }
 
 std::vector<PlannedName> planNames(const ListView& lvPages, const ListView& tasks,
-                                   const BatchSave& settings) {
+                                   const settings::BatchSave& settings) {
     return NamePlanner(lvPages, tasks, settings).next(lvPages.count());
 }
 

@@ -29,7 +29,7 @@ int outputNumber(const QString& pattern, int position) {
     return number;
 }
 
-QString hybridName(const BatchSave& settings, const RowToName& row, const TokenText& tokenText) {
+QString hybridName(const settings::BatchSave& settings, const RowToName& row, const TokenText& tokenText) {
     const QString prefix = tokenText(settings.RenamePrefix);
     const QString suffix = tokenText(settings.RenameSuffix);
     return prefix + fncRetrieveSeparator(settings.Separator1) + row.text +
@@ -38,7 +38,7 @@ QString hybridName(const BatchSave& settings, const RowToName& row, const TokenT
 
 } // namespace
 
-OutputName outputName(const BatchSave& settings, const RowToName& row, const TokenText& tokenText) {
+OutputName outputName(const settings::BatchSave& settings, const RowToName& row, const TokenText& tokenText) {
     const QString end = QLatin1Char('.') + outputExtension();
     const QString destination = settings.DestinationFolder.trimmed();
     switch (settings.NameOption) {

@@ -12,7 +12,7 @@ namespace tarsel {
 /// The last step of the batch save: name the file, import side files, write.
 class SavedRows final : public RowConsumer {
 public:
-    SavedRows(const ListView& lvPages, const BatchSave& settings, const BatchRun& run) :
+    SavedRows(const ListView& lvPages, const settings::BatchSave& settings, const BatchRun& run) :
         m_settings(settings), m_run(run), m_sources(lvPages, run.sourceReplacing) {}
 
     QString readablePath(const QString& source) const override { return m_sources.readablePath(source); }
@@ -27,7 +27,7 @@ private:
     void setSaveOptions(ImageBox& box) const;
     bool mayWrite(RowResult& result) const;
 
-    const BatchSave m_settings; ///< as they were at the start: the loop lets other handlers run
+    const settings::BatchSave m_settings; ///< as they were at the start: the loop lets other handlers run
     const BatchRun& m_run;
     SourceGuard m_sources;
 };
