@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/FolderTree.h"
+#include "collections/forms/FolderTree.h"
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 

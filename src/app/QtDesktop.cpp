@@ -2,10 +2,10 @@
 #include "app/QtDesktop.h"
 
 #include "app/DialogFilters.h"
-#include "app/ProgramIdentity.h"
 #include "app/frmErrorReport.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/ProgramIdentity.h"
 #include "pixels/Color.h"
 
 #include <QApplication>

@@ -5,6 +5,7 @@
 #include "collections/PageFiles.h"
 #include "imaging/ImageBox.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <functional>
 #include <optional>
@@ -28,6 +29,7 @@ constexpr int Description = 5;
 /// The basket: the working set of pictures and pages of documents. A row's Tag is the picture to work on: the
 /// file itself, or the page's own file in the folder Temp.
 class Basket {
+    Q_DECLARE_TR_FUNCTIONS(Basket)
 public:
     Basket(CollectionLists lists, CollectionSettings initial);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BrowsePane.h"
-#include "app/FolderTree.h"
+#include "collections/forms/BrowsePane.h"
+#include "collections/forms/FolderTree.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigFile.h"
 #include "controls/ElidedLabel.h"

@@ -55,7 +55,7 @@ protected:
 
     void choosePreviewType(const char* text) {
         for (QAction* action : child<QMenu>(window(), "mnuPreviewType").actions())
-            if (action->text() == QLatin1String(text))
+            if (action->objectName() == QLatin1String("mnuPreview") + QLatin1String(text))
                 action->trigger();
         settle();
     }

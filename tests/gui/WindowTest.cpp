@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/gui/WindowTest.h"
 
-#include "app/FolderTree.h"
+#include "collections/forms/FolderTree.h"
 #include "base/ErrorTrap.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/ThumbnailView.h"
+
+namespace tarsel {
+
+ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
+    setFlow(LeftToRight);
+    setWrapping(true);
+    setResizeMode(Adjust);
+    setUniformItemSizes(true);
+    setSelectionRectVisible(true);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle);
+    setSpacing(4);
+}
+
+/// A change of the rows drops the layout, which is made again later; painting before that would show an empty
+/// list.
+void ThumbnailView::paintEvent(QPaintEvent* event) {
+    executeDelayedItemsLayout();
+    QListView::paintEvent(event);
+}
+
+void ThumbnailView::initViewItemOption(QStyleOptionViewItem* option) const {
+    QListView::initViewItemOption(option);
+    option->decorationPosition = QStyleOptionViewItem::Top;
+    option->decorationAlignment = Qt::AlignCenter;
+    option->displayAlignment = Qt::AlignCenter;
+    option->showDecorationSelected = false;
+}
+
+/// Cells keep their size: unlike the base class, this lays nothing out.
+void ThumbnailView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+    QAbstractItemView::dataChanged(first, last, roles);
+}
+
+} // namespace tarsel
