@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "collections/forms/FolderTree.h"
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
+#include "collections/forms/FolderTree.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -66,8 +66,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QApplication application(argc, argv);
-    QtDesktop desktop;
-    const DesktopScope scope(desktop);
+    const QtDesktop desktop;
     const QTemporaryDir home;
     frmMain window({home.path(), home.path(), {}});
     if (!window.Form_Load())

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/ProgramIdentity.h"
 #include "collections/PageFiles.h"
@@ -43,7 +43,7 @@ QSize qtSize(Size size) {
 // --- Form_Load
 
 bool frmMain::Form_Load() {
-    trap("FrmMain.Form_Load", [this] {
+    std::ignore = trap("FrmMain.Form_Load", [this] {
         TrappingString = QStringLiteral("Loading all controls and settings");
         if (refuseSecondInstance())
             return;
@@ -63,9 +63,10 @@ bool frmMain::refuseSecondInstance() {
     m_instance->setStaleLockTime(0);
     if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
         return false;
-    desktop().messageBox(tr("There is already an instance of %1 running!\nMultiple instance is unsupported.")
-                             .arg(programIdentity::title),
-                         MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+    service<Dialogs>().messageBox(
+        tr("There is already an instance of %1 running!\nMultiple instance is unsupported.")
+            .arg(programIdentity::title),
+        MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
     return true;
 }
 
@@ -76,7 +77,7 @@ void frmMain::subSetup() {
         &frmMain::buildApplicationName, &frmMain::takeThumbnailSizes, &frmMain::fillMetadataCatalogue,
         &frmMain::clearStatusPanel,     &frmMain::showEmptyBasket,
     };
-    trap("FrmMain.subSetup", [this] {
+    std::ignore = trap("FrmMain.subSetup", [this] {
         TrappingString = QStringLiteral("Setting up Main Application");
         for (const Step step : steps)
             (this->*step)();
@@ -148,7 +149,7 @@ void frmMain::showEmptyBasket() {
 }
 
 void frmMain::subUpdateForm() {
-    trap("FrmMain.subUpdateForm", [this] {
+    std::ignore = trap("FrmMain.subUpdateForm", [this] {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
@@ -224,7 +225,7 @@ void frmMain::Form_Unload() {
 }
 
 void frmMain::subEnd() {
-    trap("FrmMain.subEnd", [this] {
+    std::ignore = trap("FrmMain.subEnd", [this] {
         TrappingString = QStringLiteral("Saving Settings before termination");
         storePositions();
         forEachColumnWidth([](ListControl& list, int column, qint16& width) {

@@ -58,10 +58,11 @@ QString apply(const QString& source, const QString& target, const TaskList& task
     else if (upright)
         turnUpright(box, source);
     const ListView noSelection;
-    if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
+    if (const auto failure =
+            modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,
              QStringLiteral("%1: the task list ended early, nothing was written: %2")
-                 .arg(source, lastErrorReport().ErrSystem));
+                 .arg(source, failure->ErrSystem));
     box.SaveToFile(target);
     return damage.isEmpty() ? QString() : QStringLiteral("the source is damaged: ") + damage;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketActions.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
 #include "collections/BasketFile.h"
@@ -26,14 +26,14 @@ QString basketFilter() {
 
 /// The reason, where there is one, follows on a line of its own.
 void inform(const QString& text, const QString& reason) {
-    desktop().messageBox(reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason,
-                         MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+    service<Dialogs>().messageBox(reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason,
+                                  MessageIcon::Information, MessageButtons::Ok, ApplicationName);
 }
 
 bool mayReplaceRows() {
-    const MessageAnswer answer =
-        desktop().messageBox(Texts::tr("There are currently files in the Basket!.\nDo you want to continue?"),
-                             MessageIcon::Question, MessageButtons::OkCancel, ApplicationName);
+    const MessageAnswer answer = service<Dialogs>().messageBox(
+        Texts::tr("There are currently files in the Basket!.\nDo you want to continue?"),
+        MessageIcon::Question, MessageButtons::OkCancel, ApplicationName);
     return answer == MessageAnswer::Ok;
 }
 
@@ -49,8 +49,8 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
     const QString question =
         Texts::tr("Descriptions are kept only in an image basket description file (*.ibd).\n"
                   "Do you want to save the list without them?");
-    return desktop().messageBox(question, MessageIcon::Question, MessageButtons::YesNo, ApplicationName) ==
-           MessageAnswer::Yes;
+    return service<Dialogs>().messageBox(question, MessageIcon::Question, MessageButtons::YesNo,
+                                         ApplicationName) == MessageAnswer::Yes;
 }
 
 } // namespace
@@ -58,7 +58,7 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
 void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
     if (!lists.lvPages.isEmpty() && !mayReplaceRows())
         return;
-    const auto choice = desktop().openFileDialog({Texts::tr("Open Basket"), basketFilter(), {}});
+    const auto choice = service<Dialogs>().openFileDialog({Texts::tr("Open Basket"), basketFilter(), {}});
     QString reason;
     if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists, &reason))
         inform(Texts::tr("Error opening image list!\nPlease select a valid image list file."), reason);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/Naming.h"
 
+#include "base/Clock.h"
 #include "base/Conversions.h"
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
 #include "codecs/Codec.h"
 #include "collections/clsFileInfo.h"
@@ -42,7 +42,7 @@ void exifDate(const NamingFacts& facts, const QString& pattern, QString& result)
             result = formatDate(exifTextToDate(facts.metadata.ExifValue(i).trimmed()), pattern);
             return;
         }
-        result = formatDate(desktop().now(), pattern);
+        result = formatDate(service<Clock>().now(), pattern);
     }
 }
 
@@ -87,9 +87,9 @@ constexpr NamingToken tokens[] = {
      [](const NamingFacts& f, QString& r) { r = resolution(f.width, f.height); }},
     {"[Resulting size]", TokenNeeds::Nothing, [](const NamingFacts& f, QString& r) { r = encodedSize(f); }},
     {"[Date Today-Time]", TokenNeeds::Nothing,
-     [](const NamingFacts&, QString& r) { r = formatDate(desktop().now(), dateTimePattern()); }},
+     [](const NamingFacts&, QString& r) { r = formatDate(service<Clock>().now(), dateTimePattern()); }},
     {"[Date Today]", TokenNeeds::Nothing,
-     [](const NamingFacts&, QString& r) { r = formatDate(desktop().now(), datePattern()); }},
+     [](const NamingFacts&, QString& r) { r = formatDate(service<Clock>().now(), datePattern()); }},
     {"[Source resolution]", TokenNeeds::Source,
      [](const NamingFacts& f, QString& r) { r = f.sourceResolution; }},
     {"[Source size]", TokenNeeds::File,
@@ -212,7 +212,7 @@ QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const
                             .path = path,
                             .extension = extension,
                             .box = &box};
-    trap("fncRetrieveNamingString", [&] {
+    std::ignore = trap("fncRetrieveNamingString", [&] {
         try {
             evaluateToken(token, facts, result);
         } catch (const TrappedError& error) {
