@@ -3,6 +3,7 @@
 
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
+#include "base/ProgramIdentity.h"
 #include "pixels/Color.h"
 
 #include <QApplication>

@@ -78,7 +78,7 @@ std::vector<ActionTable::Shortcut> ActionTable::shortcuts() const {
     std::vector<Shortcut> shortcuts;
     for (const QAction* action : m_actions)
         if (!action->shortcut().isEmpty())
-            shortcuts.push_back({action->iconText(), action->shortcut()});
+            shortcuts.push_back({action->text().remove(QLatin1Char('&')), action->shortcut()});
     return shortcuts;
 }
 
