@@ -70,6 +70,12 @@ Size exchanged(Size size) {
     return {size.height, size.width};
 }
 
+int orientationOf(const PictureFile& file) {
+    int orientation = UprightOrientation;
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata())); });
+    return orientation;
+}
+
 } // namespace
 
 int exifOrientation(const MetadataStore& metadata) {
@@ -82,7 +88,7 @@ int exifOrientation(const MetadataStore& metadata) {
 
 int fileOrientation(const QString& path) {
     int orientation = UprightOrientation;
-    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(PictureFile(path).metadata())); });
+    ignoringErrors([&] { orientation = orientationOf(PictureFile(path)); });
     return orientation;
 }
 
@@ -115,9 +121,12 @@ void prepareForTasks(ImageBox& box, const QString& path, bool upright) {
 
 std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box, Color backColor,
                                           Size* sourceSize) {
-    const int orientation = fileOrientation(path);
+    const std::optional<PictureSource> source = openPicture(path);
+    if (!source)
+        return std::nullopt;
+    const int orientation = orientationOf(PictureFile(*source, path));
     const Size boxAsStored = exchangesSides(orientation) ? exchanged(box) : box;
-    std::optional<Picture> picture = fncLoadPicture(path, mode, boxAsStored, backColor, sourceSize);
+    std::optional<Picture> picture = fncLoadPicture(*source, path, mode, boxAsStored, backColor, sourceSize);
     if (picture && orientation != UprightOrientation)
         picture = uprightPicture(*picture, orientation);
     return picture;

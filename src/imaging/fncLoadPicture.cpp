@@ -195,8 +195,7 @@ Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color back
     return drawn(picture, {picture.width(), picture.height()}, mode, box, backColor);
 }
 
-/// Nothing for a file that can't be opened: its content is unknown.
-static std::optional<PictureSource> sourceOf(const QString& path) {
+std::optional<PictureSource> openPicture(const QString& path) {
     try {
         return PictureSource::ofFile(path);
     } catch (const TrappedError& error) {
@@ -213,10 +212,14 @@ std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size b
     const StopScope scope(stop);
     requireBox(mode, box);
     raiseIfStopped();
-    const std::optional<PictureSource> source = sourceOf(path);
-    if (!source)
-        return std::nullopt;
-    const Request request{path, QFileInfo(path).suffix().toLower(), *source, mode, box, backColor};
+    const std::optional<PictureSource> source = openPicture(path);
+    return source ? fncLoadPicture(*source, path, mode, box, backColor, sourceSize) : std::nullopt;
+}
+
+std::optional<Picture> fncLoadPicture(const PictureSource& source, const QString& path, LoadMode mode,
+                                      Size box, Color backColor, Size* sourceSize) {
+    requireBox(mode, box);
+    const Request request{path, QFileInfo(path).suffix().toLower(), source, mode, box, backColor};
     const bool known = isMetafile(request.extension) || codecForContent(request.bytes, path);
     if (!known)
         return std::nullopt;

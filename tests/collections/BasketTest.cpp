@@ -181,9 +181,9 @@ TEST_F(BasketTest, WithoutThumbnailsThePictureIsKnownByItsHeaderAlone) {
     makePicture(picture("a.jpg"), {33, 22});
     writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 not a picture");
     // A good header and no pixels.
-    QFile whole(picture("a.jpg"));
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    QFile complete(picture("a.jpg"));
+    ASSERT_TRUE(complete.open(QIODevice::ReadOnly));
+    const QByteArray bytes = complete.readAll();
     writeBytes(picture("cut.jpg"), bytes.left(bytes.indexOf("\xFF\xDA") + 14));
     settings.thumbnails = false;
     Basket pages = basket();

@@ -11,7 +11,7 @@ namespace {
 
 class CollectionsOnCorpus : public CollectionWindow {
 protected:
-    /// Adds a file by path to an empty basket and gives the number of rows.
+    /// Adds a file by path to an empty basket and returns the number of rows.
     int rowsOf(const QString& path, bool thumbnails) {
         settings.thumbnails = thumbnails;
         Basket pages = basket();

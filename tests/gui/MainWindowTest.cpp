@@ -331,6 +331,8 @@ TEST_F(MainWindow, AScreenReaderHearsListsPanelsStatesAndEveryButton) {
         const std::string name = button->objectName().toStdString();
         EXPECT_FALSE(button->icon().isNull() && button->text().isEmpty()) << name;
         EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().isEmpty()) << name;
+        EXPECT_TRUE(!button->shortcut().isEmpty() || button->toolTip().endsWith(QLatin1Char(')')))
+            << name << " shows no key";
     }
 }
 

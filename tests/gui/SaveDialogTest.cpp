@@ -203,7 +203,7 @@ TEST_F(SaveDialog, TypingDropsWhatNoNameHoldsAndIsNotCompleted) {
     }
 }
 
-TEST_F(SaveDialog, TheCountIsCheckedWhateverTheWayOfNaming) {
+TEST_F(SaveDialog, TheCountIsCheckedAfterTheNamesAreStoredAndTheCloseBoxThenLetsTheRunGoAhead) {
     const std::string empty = "The count variable cannot be empty!";
     const std::string noNumber = "Count should be numeric!";
     const struct {
@@ -218,28 +218,20 @@ TEST_F(SaveDialog, TheCountIsCheckedWhateverTheWayOfNaming) {
         settings = {};
         open();
         control<QComboBox>("cboRenameGeneric").setEditText(QLatin1String(c.count));
+        control<QComboBox>("cboRenamePrefix").setEditText(QStringLiteral("New"));
+        control<QLineEdit>("txtDestinationFolder").setText(QStringLiteral("/out"));
         click(*dialog, "cmdStarConversion");
-        EXPECT_EQ(settings.Confirmed, -1);
         EXPECT_EQ(dialog->isVisible(), !c.refusal.empty());
+        dialog->close();
+        EXPECT_EQ(settings.Confirmed, -1);
+        EXPECT_EQ(settings.RenamePrefix.toStdString(), "New");
+        EXPECT_EQ(settings.DestinationFolder.isEmpty(), !c.refusal.empty()) << "stored after the check";
         ASSERT_EQ(desktop.messages.size(), c.refusal.empty() ? 0u : 1u);
         if (c.refusal.empty())
             continue;
         EXPECT_EQ(desktop.messages[0].text.toStdString(), c.refusal);
         EXPECT_EQ(desktop.messages[0].icon, MessageIcon::Information);
     }
-}
-
-TEST_F(SaveDialog, AfterARefusalTheNamesAreCopiedAndTheCloseBoxLetsTheRunGoAhead) {
-    settings.NameOption = 1;
-    open();
-    control<QComboBox>("cboRenamePrefix").setEditText(QStringLiteral("New"));
-    control<QLineEdit>("txtDestinationFolder").setText(QStringLiteral("/elsewhere"));
-    control<QComboBox>("cboRenameGeneric").setEditText({});
-    click(*dialog, "cmdStarConversion");
-    dialog->close();
-    EXPECT_EQ(settings.Confirmed, -1);
-    EXPECT_EQ(settings.RenamePrefix.toStdString(), "New");
-    EXPECT_EQ(settings.DestinationFolder.toStdString(), "/out/") << "the refusal came before the folder";
 }
 
 TEST_F(SaveDialog, ExitAndEscapeKeepTheOptionsClickedAndNothingElse) {
