@@ -120,8 +120,8 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
 }
 
 std::optional<QString> QtDialogs::folderDialog(const QString& startFolder) {
-    const QString folder =
-        QFileDialog::getExistingDirectory(owner(), QStringLiteral("Browse for folder"), startFolder);
+    const QString folder = QFileDialog::getExistingDirectory(
+        owner(), QCoreApplication::translate("QtDialogs", "Browse for folder"), startFolder);
     if (folder.isEmpty())
         return std::nullopt;
     return folder;

@@ -104,9 +104,9 @@ ListControl::Form ListControl::form() const {
 void ListControl::setThumbnailSize(QSize size) {
     m_thumbnails->setIconSize(size);
     // Wide enough for a name of the usual length.
-    const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 21);
-    m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 12};
-    m_thumbnails->setGridSize(m_delegate->cellSize + QSize(6, 6));
+    const int width = std::max(size.width() + 22, fontMetrics().averageCharWidth() * 22);
+    m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 18};
+    m_thumbnails->setGridSize(m_delegate->cellSize);
 }
 
 void ListControl::setTableIconSize(QSize size) {
