@@ -29,8 +29,11 @@ void ThumbnailView::initViewItemOption(QStyleOptionViewItem* option) const {
     option->showDecorationSelected = false;
 }
 
-/// Cells keep their size: unlike the base class, this lays nothing out.
+/// Cells keep their size: unlike the base class, this lays nothing out. A row out of view costs no repaint.
 void ThumbnailView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+    const bool oneRow = first.row() == last.row();
+    if (oneRow && isVisible() && !visualRect(first).intersects(viewport()->rect()))
+        return;
     QAbstractItemView::dataChanged(first, last, roles);
 }
 
