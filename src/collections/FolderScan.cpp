@@ -8,22 +8,9 @@
 #include <iterator>
 #include <new>
 
-#ifdef Q_OS_LINUX
-#include <sys/resource.h>
-#include <unistd.h>
-#endif
-
 namespace tarsel {
 
 namespace {
-
-/// Where the processors are busy, the window and the listing of names go first.
-void giveWay() {
-#ifdef Q_OS_LINUX
-    constexpr int niceness = 10;
-    ::setpriority(PRIO_PROCESS, id_t(::gettid()), niceness); // of this thread alone
-#endif
-}
 
 int completers() {
     return int(std::clamp(std::thread::hardware_concurrency(), 1u, 4u));
@@ -147,7 +134,6 @@ void FolderScan::setNames(const QStringList& names) {
 // --- what completes them
 
 void FolderScan::completeRows() {
-    giveWay();
     const StopScope scope(m_stop.get_token()); // a stop also ends the wait for a slow decoder
     deliveringFailure([this] {
         while (const std::optional<int> number = takeNumber()) {

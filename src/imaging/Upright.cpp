@@ -2,6 +2,7 @@
 #include "imaging/Upright.h"
 
 #include "base/IgnoringErrors.h"
+#include "base/Stop.h"
 #include "codecs/Flatten.h"
 #include "codecs/PictureFile.h"
 #include "embedded/ExifBlock.h"
@@ -70,9 +71,9 @@ Size exchanged(Size size) {
     return {size.height, size.width};
 }
 
-int orientationOf(const PictureFile& file) {
+int orientationOf(const PictureFile& file, const std::stop_token& stop = {}) {
     int orientation = UprightOrientation;
-    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata())); });
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(stop))); });
     return orientation;
 }
 
@@ -86,9 +87,10 @@ int exifOrientation(const MetadataStore& metadata) {
                : UprightOrientation;
 }
 
-int fileOrientation(const QString& path) {
+int fileOrientation(const QString& path, const std::stop_token& stop) {
     int orientation = UprightOrientation;
-    ignoringErrors([&] { orientation = orientationOf(PictureFile(path)); });
+    ignoringErrors([&] { orientation = orientationOf(PictureFile(path), stop); });
+    raiseIfStopped(stop);
     return orientation;
 }
 
@@ -121,12 +123,12 @@ void prepareForTasks(ImageBox& box, const QString& path, bool upright) {
 
 std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box, Color backColor,
                                           Size* sourceSize) {
-    const std::optional<PictureSource> source = openPicture(path);
-    if (!source)
+    const std::optional<PictureFile> file = openPicture(path);
+    if (!file)
         return std::nullopt;
-    const int orientation = orientationOf(PictureFile(*source, path));
+    const int orientation = orientationOf(*file);
     const Size boxAsStored = exchangesSides(orientation) ? exchanged(box) : box;
-    std::optional<Picture> picture = fncLoadPicture(*source, path, mode, boxAsStored, backColor, sourceSize);
+    std::optional<Picture> picture = fncLoadPicture(*file, mode, boxAsStored, backColor, sourceSize);
     if (picture && orientation != UprightOrientation)
         picture = uprightPicture(*picture, orientation);
     return picture;
