@@ -9,31 +9,32 @@ namespace {
 
 constexpr ActionRow rows[] = {
     // the folder
-    {"cmdAddToQueue", TEXT("&Add to basket"), TEXT("Add the selected files to the basket"), "add"},
-    {"cmdThumbnailFolder", TEXT("Show thumbnails"), TEXT("Show thumbnails"), "thumbnails", "", "folderForm"},
-    {"cmdDetailFolder", TEXT("Show details"), TEXT("Show details"), "details", "", "folderForm"},
+    {"cmdAddToQueue", TEXT("&Add to basket"), TEXT("Add the selected files to the basket"), "add", "Return"},
+    {"cmdThumbnailFolder", TEXT("Show thumbnails"), TEXT("Show thumbnails"), "thumbnails", "Ctrl+1",
+     "folderForm"},
+    {"cmdDetailFolder", TEXT("Show details"), TEXT("Show details"), "details", "Ctrl+2", "folderForm"},
     {"cmdRefreshFolder", TEXT("Refresh"), TEXT("List the folder again"), "refresh", "F5"},
     // the basket
-    {"cmdPagesNew", TEXT("&New basket"), TEXT("New basket"), "new"},
-    {"cmdPagesOpen", TEXT("&Open basket"), TEXT("Open basket"), "open"},
-    {"cmdPagesSave", TEXT("&Save basket"), TEXT("Save basket"), "save"},
-    {"cmdPagesDelete", TEXT("&Remove from basket"), TEXT("Remove from basket"), "remove"},
-    {"cmdSaveAs", TEXT("Save as"), TEXT("Save the pictures of the basket"), "saveAs"},
-    {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs"},
-    {"mnuAddDescription", TEXT("Add &description"), "", "describe"},
+    {"cmdPagesNew", TEXT("&New basket"), TEXT("New basket"), "new", "Ctrl+N"},
+    {"cmdPagesOpen", TEXT("&Open basket"), TEXT("Open basket"), "open", "Ctrl+O"},
+    {"cmdPagesSave", TEXT("&Save basket"), TEXT("Save basket"), "save", "Ctrl+S"},
+    {"cmdPagesDelete", TEXT("&Remove from basket"), TEXT("Remove from basket"), "remove", "Del"},
+    {"cmdSaveAs", TEXT("Sa&ve as"), TEXT("Save the pictures of the basket"), "saveAs"},
+    {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs", "Ctrl+J"},
+    {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},
     // the task basket
-    {"cmdEditBar_0", TEXT("New task basket"), TEXT("Create a new task basket"), "new"},
-    {"cmdEditBar_1", TEXT("Open task basket"), TEXT("Open a task basket"), "open"},
-    {"cmdEditBar_2", TEXT("Save task basket"), TEXT("Save the task basket"), "save"},
-    {"cmdEditBar_3", TEXT("Remove task"), TEXT("Remove the selected task"), "remove"},
+    {"cmdEditBar_0", TEXT("New task basket"), TEXT("Create a new task basket"), "new", "Ctrl+Shift+N"},
+    {"cmdEditBar_1", TEXT("Open task basket"), TEXT("Open a task basket"), "open", "Ctrl+Shift+O"},
+    {"cmdEditBar_2", TEXT("Save task basket"), TEXT("Save the task basket"), "save", "Ctrl+Shift+S"},
+    {"cmdEditBar_3", TEXT("Remove task"), TEXT("Remove the selected task"), "remove", "Ctrl+Shift+Del"},
     // the preview
-    {"cmdPreviewPrevious", TEXT("Previous image"), TEXT("Previous image"), "previous"},
-    {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next"},
-    {"cmdPreviewType", TEXT("Original "), TEXT("Show the picture as it is or with the tasks applied"),
+    {"cmdPreviewPrevious", TEXT("Previous image"), TEXT("Previous image"), "previous", "Alt+Left"},
+    {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next", "Alt+Right"},
+    {"cmdPreviewType", TEXT("&Original "), TEXT("Show the picture as it is or with the tasks applied"),
      "iDetailIcon"},
-    {"mnuPreviewOriginal", TEXT("Original"), "", "", "", "previewType"},
-    {"mnuPreviewOptimized", TEXT("Optimized"), "", "", "", "previewType"},
+    {"mnuPreviewOriginal", TEXT("&Original"), "", "", "", "previewType"},
+    {"mnuPreviewOptimized", TEXT("O&ptimized"), "", "", "", "previewType"},
 };
 
 #undef TEXT

@@ -2,8 +2,8 @@
 #include "app/QtDialogs.h"
 
 #include "app/DialogFilters.h"
-#include "app/ProgramIdentity.h"
 #include "app/frmErrorReport.h"
+#include "base/ProgramIdentity.h"
 #include "pixels/Color.h"
 
 #include <QApplication>
@@ -120,8 +120,8 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
 }
 
 std::optional<QString> QtDialogs::folderDialog(const QString& startFolder) {
-    const QString folder =
-        QFileDialog::getExistingDirectory(owner(), QStringLiteral("Browse for folder"), startFolder);
+    const QString folder = QFileDialog::getExistingDirectory(
+        owner(), QCoreApplication::translate("QtDialogs", "Browse for folder"), startFolder);
     if (folder.isEmpty())
         return std::nullopt;
     return folder;

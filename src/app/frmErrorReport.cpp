@@ -19,7 +19,7 @@ frmErrorReport::frmErrorReport(ErrorReport report, QWidget* owner) :
     QDialog(owner), m_report(std::move(report)), txtEmail(new QLineEdit(this)),
     txtUserDescription(new QPlainTextEdit(this)) {
     setObjectName(QStringLiteral("frmErrorReport"));
-    setWindowTitle(QStringLiteral(" Send Error Report"));
+    setWindowTitle(tr(" Send Error Report"));
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(16, 16, 16, 16);
@@ -36,7 +36,7 @@ QLayout* frmErrorReport::makeHeading() {
     auto* picture = new QLabel(this);
     picture->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(32, 32));
     auto* lblHeading =
-        new QLabel(QCoreApplication::applicationName() + QStringLiteral(" has encountered a problem"), this);
+        new QLabel(tr("%1 has encountered a problem").arg(QCoreApplication::applicationName()), this);
     lblHeading->setObjectName(QStringLiteral("lblHeading"));
     QFont bold = lblHeading->font();
     bold.setBold(true);
@@ -51,24 +51,24 @@ QLayout* frmErrorReport::makeFacts() {
     auto* facts = new QFormLayout;
     facts->setLabelAlignment(Qt::AlignLeft);
     facts->setHorizontalSpacing(16);
-    addFact(facts, "Application:", "lblApplication",
+    addFact(facts, tr("Application:"), "lblApplication",
             ApplicationName + QLatin1Char(' ') + m_report.ErrApplicationVersion);
-    addFact(facts, "Routine:", "lblRoutine", m_report.ErrRoutine);
-    addFact(facts, "Line:", "lblLineNumber", QString::number(m_report.ErrLine));
-    addFact(facts, "System error:", "lblSystemError", m_report.ErrSystem);
-    addFact(facts, "Trapping String:", "lblTrappingString", m_report.ErrTrappingString);
+    addFact(facts, tr("Routine:"), "lblRoutine", m_report.ErrRoutine);
+    addFact(facts, tr("Line:"), "lblLineNumber", QString::number(m_report.ErrLine));
+    addFact(facts, tr("System error:"), "lblSystemError", m_report.ErrSystem);
+    addFact(facts, tr("Trapping String:"), "lblTrappingString", m_report.ErrTrappingString);
     return facts;
 }
 
 void frmErrorReport::addInputs(QBoxLayout* rows) {
-    auto* caption = new QLabel(
-        QStringLiteral("Your Email address [Optional, but if you want feedback, input one]"), this);
+    auto* caption =
+        new QLabel(tr("Your Email address [Optional, but if you want feedback, input one]"), this);
     caption->setBuddy(txtEmail);
     txtEmail->setObjectName(QStringLiteral("txtEmail"));
-    txtEmail->setAccessibleName(QStringLiteral("Your email address"));
+    txtEmail->setAccessibleName(tr("Your email address"));
     txtUserDescription->setObjectName(QStringLiteral("txtUserDescription"));
-    txtUserDescription->setAccessibleName(QStringLiteral("What you were doing"));
-    txtUserDescription->setPlaceholderText(QStringLiteral("What were you doing when this happened?"));
+    txtUserDescription->setAccessibleName(tr("What you were doing"));
+    txtUserDescription->setPlaceholderText(tr("What were you doing when this happened?"));
     txtUserDescription->setTabChangesFocus(true);
     txtUserDescription->setMinimumHeight(80);
     rows->addWidget(caption);
@@ -77,9 +77,9 @@ void frmErrorReport::addInputs(QBoxLayout* rows) {
 }
 
 QLayout* frmErrorReport::makeButtons() {
-    auto* cmdSend = new QPushButton(QStringLiteral("&Send"), this);
+    auto* cmdSend = new QPushButton(tr("&Send"), this);
     cmdSend->setObjectName(QStringLiteral("cmdSend"));
-    auto* cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    auto* cmdCancel = new QPushButton(tr("&Cancel"), this);
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     cmdCancel->setDefault(true);
     connect(cmdSend, &QPushButton::clicked, this, &frmErrorReport::cmdSend_Click);
@@ -93,13 +93,14 @@ QLayout* frmErrorReport::makeButtons() {
     return buttons;
 }
 
-void frmErrorReport::addFact(QFormLayout* facts, const char* caption, const char* name, const QString& text) {
+void frmErrorReport::addFact(QFormLayout* facts, const QString& caption, const char* name,
+                             const QString& text) {
     auto* label = new QLabel(text, this);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    facts->addRow(QLatin1String(caption), label);
+    facts->addRow(caption, label);
 }
 
 void frmErrorReport::cmdSend_Click() {

@@ -23,7 +23,7 @@ private:
     QLayout* makeFacts();
     void addInputs(QBoxLayout* rows);
     QLayout* makeButtons();
-    void addFact(QFormLayout* facts, const char* caption, const char* name, const QString& text);
+    void addFact(QFormLayout* facts, const QString& caption, const char* name, const QString& text);
     void cmdSend_Click();
 
     ErrorReport m_report;

@@ -23,7 +23,8 @@ class PreviewPane;
 class ProgressBar;
 class Splitter;
 
-/// The main window: makes the shared lists and boxes, hands them to the panes and joins their signals.
+/// The main window: creates the shared lists and boxes, passes them to the panes and connects their
+/// signals.
 ///
 /// Its life: the constructor makes the panes, Form_Load sets everything up, the first showing lists the last
 /// folder, closing stores the settings.
@@ -68,12 +69,10 @@ protected:
 private:
     // Initialise: the window's parts
     void arrangePanes();
-    QWidget* makeCancelAdding();
-    bool acceptTitle(const QString& title);
-    void joinFolderPane();
-    void joinBasketPane();
-    void joinTaskBasket();
-    void joinPreview();
+    void connectFolderPane();
+    void connectBasketPane();
+    void connectTaskBasket();
+    void connectPreview();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -91,15 +90,9 @@ private:
 
     // the course of the run
     void showFirstTime();
-    void listFolder(const QString& path);
-    void showThumbnails();
-    void showDetails();
     void addSelectionToBasket();
     void dropRows(const ListControl* source, int row);
-    void showSelectedRow(ListControl& control);
     void showNeighbour(int step);
-    void addDescription();
-    void clickFolderRow();
 
     // Form_Unload
     void subEnd();
@@ -127,10 +120,9 @@ private:
     Splitter* splView = nullptr;
 
     bool FirstShowing = true;
-    bool Dragging = false; ///< while rows of lvFolder are dragged the preview doesn't follow the selection
     bool m_batchRunning = false;
     bool m_loaded = false;
-    QString ActiveList; ///< name of the list entered last
+    ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;
     Size m_basketThumb; ///< working copy of the basket's thumbnail size
     Size m_folderThumb;

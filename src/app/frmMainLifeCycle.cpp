@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BasketPane.h"
-#include "app/BrowsePane.h"
-#include "app/FolderPane.h"
-#include "app/FolderTree.h"
-#include "app/ImageBoxView.h"
-#include "app/MetadataPane.h"
-#include "app/PreviewPane.h"
-#include "app/ProgramFolder.h"
-#include "app/ProgramIdentity.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/ProgramIdentity.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
+#include "collections/forms/BasketPane.h"
+#include "collections/forms/BrowsePane.h"
+#include "collections/forms/FolderPane.h"
+#include "collections/forms/FolderTree.h"
+#include "collections/forms/ImageBoxView.h"
+#include "collections/forms/PreviewPane.h"
 #include "configuration/ColumnWidths.h"
 #include "configuration/ConfigFile.h"
+#include "configuration/ProgramFolder.h"
 #include "controls/ListControl.h"
 #include "controls/Splitter.h"
+#include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
 
 #include <QApplication>
@@ -52,7 +52,6 @@ bool frmMain::Form_Load() {
         if (m_options.seedRandomNumbers)
             m_options.seedRandomNumbers();
         subSetup();
-        Dragging = true;
     });
     return m_loaded;
 }
@@ -64,10 +63,10 @@ bool frmMain::refuseSecondInstance() {
     m_instance->setStaleLockTime(0);
     if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
         return false;
-    service<Dialogs>().messageBox(QStringLiteral("There is already an instance of %1 running!\n"
-                                                 "Multiple instance is unsupported.")
-                                      .arg(programIdentity::title),
-                                  MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+    service<Dialogs>().messageBox(
+        tr("There is already an instance of %1 running!\nMultiple instance is unsupported.")
+            .arg(programIdentity::title),
+        MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
     return true;
 }
 
@@ -98,8 +97,7 @@ void frmMain::loadSettings() {
     forEachColumnWidth(
         [](ListControl& list, int column, qint16& width) { list.setColumnWidth(column, width); });
     m_folderView.settings.folderView = ConfigRecord.FolderView;
-    m_folderPane->lvFolder().setForm(ConfigRecord.FolderView == 0 ? ListControl::Form::Thumbnails
-                                                                  : ListControl::Form::Details);
+    m_folderPane->setForm(ConfigRecord.FolderView);
     LastBasketFolder = ConfigRecord.LastBasketFolder;
     subUpdateForm();
 }
@@ -147,7 +145,7 @@ void frmMain::clearStatusPanel() {
 }
 
 void frmMain::showEmptyBasket() {
-    m_workspace.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("No files in basket"));
+    m_workspace.sbMain.setPanel(QStringLiteral("queue"), tr("No files in basket"));
 }
 
 void frmMain::subUpdateForm() {
@@ -172,19 +170,16 @@ void frmMain::subUpdateForm() {
 }
 
 void frmMain::applyTips() {
-    const struct {
-        QWidget* widget;
-        const char* text;
-    } ListTips[] = {
-        {&m_browsePane->ftvBrowse(), "Browse for a particular folder where image files are placed."},
-        {&m_folderPane->lvFolder(), "List all supported image formats from the selected folder."},
-        {&m_metadataPane->lvExif(), "List all available EXIF attributes from JPEG/TIFF files."},
-        {&m_metadataPane->lvIPTC(), "List all available EXIF attributes from JPEG/TIFF files."},
-        {&m_basketPane->lvPages(), "List all added files or pages in the basket"},
-        {&m_previewPane->ibMain(), "Container for the preview file."},
+    const std::pair<QWidget*, QString> tips[] = {
+        {&m_browsePane->ftvBrowse(), tr("Browse for a particular folder where image files are placed.")},
+        {&m_folderPane->lvFolder(), tr("List all supported image formats from the selected folder.")},
+        {&m_metadataPane->lvExif(), tr("List all available EXIF attributes from JPEG/TIFF files.")},
+        {&m_metadataPane->lvIPTC(), tr("List all available EXIF attributes from JPEG/TIFF files.")},
+        {&m_basketPane->lvPages(), tr("List all added files or pages in the basket")},
+        {&m_previewPane->ibMain(), tr("Container for the preview file.")},
     };
-    for (const auto& tip : ListTips)
-        tip.widget->setToolTip(ConfigRecord.ShowTips == 1 ? QLatin1String(tip.text) : QString());
+    for (const auto& [widget, text] : tips)
+        widget->setToolTip(ConfigRecord.ShowTips == 1 ? text : QString());
 }
 
 // --- the first showing
@@ -224,7 +219,7 @@ void frmMain::Form_Unload() {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())
             window->close();
-    deleteFilesWithoutExtension(temporaryFolder(m_options.programFolder));
+    deleteFilesWithoutExtension(m_options.programFolder);
     m_instance.reset();
     Q_EMIT ended();
 }

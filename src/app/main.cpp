@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ProgramFolder.h"
-#include "app/ProgramIdentity.h"
 #include "app/QtDesktop.h"
 #include "app/TerminationSignals.h"
 #include "app/frmMain.h"
 #include "base/ErrorTrap.h"
+#include "base/ProgramIdentity.h"
 #include "base/SafeFileWriter.h"
 #include "base/Translation.h"
+#include "configuration/ProgramFolder.h"
 
 #include <QApplication>
 

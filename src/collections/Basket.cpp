@@ -17,16 +17,11 @@ namespace tarsel {
 
 namespace {
 
-/// A progress text and the file that it names: "Adding file to basket - 'scan.tif'".
-QString naming(const char* text, const QString& name) {
-    return QString::fromLatin1(text) + QLatin1String(" - '") + name + QLatin1Char('\'');
-}
-
 QString resolutionText(Size size) {
     return QStringLiteral("%1 X %2").arg(size.width).arg(size.height);
 }
 
-/// The text of a row that shows `path`, whose facts FileInfo holds.
+/// The text of a row that shows `path`, whose file FileInfo describes.
 ListRow rowOf(const QString& name, const QString& path, const QString& source, Size size) {
     ListRow row;
     row.text = name;
@@ -46,8 +41,8 @@ struct Basket::Source {
 };
 
 QStringList basketHeaders() {
-    return {QStringLiteral("File Name"), QStringLiteral("Resolution"), QStringLiteral("Size"),
-            QStringLiteral("Type"),      QStringLiteral("Path"),       QStringLiteral("Description")};
+    return {Basket::tr("File Name"), Basket::tr("Resolution"), Basket::tr("Size"),
+            Basket::tr("Type"),      Basket::tr("Path"),       Basket::tr("Description")};
 }
 
 Basket::Basket(CollectionLists lists, CollectionSettings initial) :
@@ -139,7 +134,7 @@ void Basket::addFolderRow(AddedBy addedBy, int folderRow, const Adding& adding) 
     if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
         return;
     FileInfo().setFilePath(row.tag);
-    showStatus(addedBy, naming("Adding file to basket", row.text));
+    showStatus(addedBy, tr("Adding file to basket - '%1'").arg(row.text));
     const Source source{addedBy, row.tag, row.text};
     const int pages = pagesOf(row);
     if (pages < 2)
@@ -229,16 +224,16 @@ void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
 
 void Basket::addPages(const Source& source, int pages, const Adding& adding) {
     const bool drag = source.addedBy == AddedBy::Drag;
-    const QString extracting = drag ? naming("Please wait... extracting multipage document",
-                                             modFileSystem::GetFileTitle(source.fileName))
-                                    : naming("Please wait... extracting multipage file", source.fileName);
+    const QString extracting = drag ? tr("Please wait... extracting multipage document - '%3' Pages %1 of %2")
+                                    : tr("Please wait... extracting multipage file - '%3' Pages %1 of %2");
+    const QString name = drag ? modFileSystem::GetFileTitle(source.fileName) : source.fileName;
     const bool showing = source.addedBy != AddedBy::BasketFile;
     if (showing)
         m_lists.pbQueue.start(pages);
     const OpenDocument document(source.path);
     for (int page = 1; page <= pages && adding.goesOn(); ++page) {
         if (showing)
-            showStatus(source.addedBy, extracting + QStringLiteral(" Pages %1 of %2").arg(page).arg(pages));
+            showStatus(source.addedBy, extracting.arg(page).arg(pages).arg(name));
         addPage(source, document, page);
         if (showing)
             m_lists.pbQueue.setValue(page);
@@ -272,7 +267,7 @@ Picture seenPicture(const ImageBox& box, bool upright) {
 } // namespace
 
 /// Saves the page in the box and returns its thumbnail. A drop takes it from the page file once saved,
-/// the other roads from the box, before anything is saved.
+/// the other ways from the box, before anything is saved.
 std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
     ImageBox& box = m_pageBox;
     if (source.addedBy == AddedBy::Drag) {
@@ -305,7 +300,7 @@ void Basket::cmdPagesDelete() {
 void Basket::cmdPagesNew() {
     stopAdding();
     empty();
-    m_lists.sbMain.setPanel(QStringLiteral("queue"), QStringLiteral("New Basket"));
+    m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("New Basket"));
     deletePageFiles(settings.programFolder);
 }
 
@@ -349,8 +344,7 @@ void Basket::showStatus(AddedBy addedBy, const QString& text) {
 }
 
 void Basket::showCount() {
-    m_lists.sbMain.setPanel(QStringLiteral("queue"),
-                            QStringLiteral("%1 file(s) in basket").arg(m_lists.lvPages.count()));
+    m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("%1 file(s) in basket").arg(m_lists.lvPages.count()));
 }
 
 } // namespace tarsel

@@ -5,6 +5,7 @@
 #include "collections/PageFiles.h"
 #include "imaging/ImageBox.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <functional>
 #include <optional>
@@ -18,16 +19,19 @@ struct Thumbnail;
 /// Headers of the basket list: text and SubItems 1 to 5.
 QStringList basketHeaders();
 namespace BasketColumn {
-constexpr int Resolution = 1;
-constexpr int FileSize = 2;
-constexpr int Type = 3;
-constexpr int SourcePath = 4; ///< the same on all pages of one document
-constexpr int Description = 5;
+enum : int {
+    Resolution = 1,
+    FileSize = 2,
+    Type = 3,
+    SourcePath = 4, ///< the same on all pages of one document
+    Description = 5,
+};
 } // namespace BasketColumn
 
 /// The basket: the working set of pictures and pages of documents. A row's Tag is the picture to work on: the
 /// file itself, or the page's own file in the folder Temp.
 class Basket {
+    Q_DECLARE_TR_FUNCTIONS(Basket)
 public:
     Basket(CollectionLists lists, CollectionSettings initial);
 

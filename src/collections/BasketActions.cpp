@@ -14,24 +14,25 @@ namespace tarsel::basketActions {
 
 namespace {
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(BasketActions)
+};
+
 QString basketFilter() {
-    return QStringLiteral("Image basket formats (*.ibf;*.ibd)|*.ibf;*.ibd|"
-                          "Image basket file (*.ibf)|*.ibf|"
-                          "Image basket description file (*.ibd)|*.ibd|");
+    return Texts::tr("Image basket formats (*.ibf;*.ibd)|*.ibf;*.ibd|"
+                     "Image basket file (*.ibf)|*.ibf|"
+                     "Image basket description file (*.ibd)|*.ibd|");
 }
 
 /// The reason, where there is one, follows on a line of its own.
-void inform(const char* first, const char* second, const QString& reason) {
-    QStringList lines{QString::fromLatin1(first), QString::fromLatin1(second)};
-    if (!reason.isEmpty())
-        lines << QString() << reason;
-    service<Dialogs>().messageBox(lines.join(QLatin1Char('\n')), MessageIcon::Information, MessageButtons::Ok,
-                                  ApplicationName);
+void inform(const QString& text, const QString& reason) {
+    service<Dialogs>().messageBox(reason.isEmpty() ? text : text + QStringLiteral("\n\n") + reason,
+                                  MessageIcon::Information, MessageButtons::Ok, ApplicationName);
 }
 
 bool mayReplaceRows() {
     const MessageAnswer answer = service<Dialogs>().messageBox(
-        QStringLiteral("There are currently files in the Basket!.\nDo you want to continue?"),
+        Texts::tr("There are currently files in the Basket!.\nDo you want to continue?"),
         MessageIcon::Question, MessageButtons::OkCancel, ApplicationName);
     return answer == MessageAnswer::Ok;
 }
@@ -45,9 +46,9 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
     if (filterIndex == descriptionFilter ||
         std::ranges::none_of(std::views::iota(0, lvPages.count()), isDescribed))
         return true;
-    const QString question = QCoreApplication::translate(
-        "BasketActions", "Descriptions are kept only in an image basket description file (*.ibd).\n"
-                         "Do you want to save the list without them?");
+    const QString question =
+        Texts::tr("Descriptions are kept only in an image basket description file (*.ibd).\n"
+                  "Do you want to save the list without them?");
     return service<Dialogs>().messageBox(question, MessageIcon::Question, MessageButtons::YesNo,
                                          ApplicationName) == MessageAnswer::Yes;
 }
@@ -57,20 +58,19 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
 void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
     if (!lists.lvPages.isEmpty() && !mayReplaceRows())
         return;
-    const auto choice =
-        service<Dialogs>().openFileDialog({QStringLiteral("Open Basket"), basketFilter(), {}});
+    const auto choice = service<Dialogs>().openFileDialog({Texts::tr("Open Basket"), basketFilter(), {}});
     QString reason;
     if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists, &reason))
-        inform("Error opening image list!", "Please select a valid image list file.", reason);
+        inform(Texts::tr("Error opening image list!\nPlease select a valid image list file."), reason);
 }
 
 void cmdPagesSave(const ListView& lvPages) {
-    const auto choice = saveFileDialogFor({QStringLiteral("Save Basket"), basketFilter(), {}},
+    const auto choice = saveFileDialogFor({Texts::tr("Save Basket"), basketFilter(), {}},
                                           modSaveOpenImageList::basketFilePath);
     QString reason;
     if (choice && mayLoseDescriptions(choice->filterIndex, lvPages) &&
         !modSaveOpenImageList::fncSaveImageBasket(choice->filterIndex, choice->path, lvPages, &reason))
-        inform("Error saving image list!", "Please try again!", reason);
+        inform(Texts::tr("Error saving image list!\nPlease try again!"), reason);
 }
 
 } // namespace tarsel::basketActions

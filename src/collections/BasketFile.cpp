@@ -5,6 +5,7 @@
 #include "base/clsFile.h"
 #include "collections/clsFileInfo.h"
 
+#include <QCoreApplication>
 #include <QSet>
 #include <algorithm>
 #include <vector>
@@ -13,9 +14,13 @@ namespace tarsel::modSaveOpenImageList {
 
 namespace {
 
-const QLatin1String PlainExtension(".ibf");
-const QLatin1String DescribedExtension(".ibd");
-constexpr int DescribedFilter = 3;
+constexpr QLatin1String plainExtension(".ibf");
+constexpr QLatin1String describedExtension(".ibd");
+constexpr int describedFilter = 3;
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(BasketFile)
+};
 
 QStringList distinctSources(const ListView& lvPages) {
     QStringList sources;
@@ -37,8 +42,9 @@ void requireStorable(const QString& path, bool described) {
                                     : !path.contains(QLatin1Char('\n')) && !path.contains(QLatin1Char('\r'));
     if (!storable)
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("%1: this kind of list can't hold a name with a %2")
-                 .arg(path, described ? QStringLiteral("double quote") : QStringLiteral("line break")));
+             (described ? Texts::tr("%1: this kind of list can't hold a name with a double quote")
+                        : Texts::tr("%1: this kind of list can't hold a name with a line break"))
+                 .arg(path));
 }
 
 void writeEntries(clsFile& file, bool described, const ListView& lvPages) {
@@ -60,7 +66,7 @@ void writeEntries(clsFile& file, bool described, const ListView& lvPages) {
 QString pathOfLine(const QString& line, const QString& file, size_t number) {
     const QString trimmed = line.trimmed();
     if (trimmed.size() < 2)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("%1, line %2 holds no path").arg(file).arg(number));
+        fail(ErrorNumber::InvalidCall, Texts::tr("%1, line %2 holds no path").arg(file).arg(number));
     return trimmed.mid(1, trimmed.size() - 2);
 }
 
@@ -82,14 +88,14 @@ void readDescribed(clsFile& file, const QString& path, size_t record, BasketEntr
     try {
         file.read_ImageBasket(entry.path, entry.description);
     } catch (TrappedError& error) {
-        error.description = QStringLiteral("%1, record %2: %3").arg(path).arg(record).arg(error.description);
+        error.description = Texts::tr("%1, record %2: %3").arg(path).arg(record).arg(error.description);
         throw;
     }
 }
 
 std::vector<BasketEntry> readEntries(clsFile& file, const QString& path) {
-    const bool plain = path.endsWith(PlainExtension, Qt::CaseInsensitive);
-    const bool described = path.endsWith(DescribedExtension, Qt::CaseInsensitive);
+    const bool plain = path.endsWith(plainExtension, Qt::CaseInsensitive);
+    const bool described = path.endsWith(describedExtension, Qt::CaseInsensitive);
     std::vector<BasketEntry> entries;
     while ((plain || described) && !file.fEof()) {
         BasketEntry entry;
@@ -102,7 +108,7 @@ std::vector<BasketEntry> readEntries(clsFile& file, const QString& path) {
     return entries;
 }
 
-/// Hands out why a file could not be opened.
+/// Reports why a file could not be opened.
 bool refused(const clsFile& file, QString* openFault) {
     if (openFault)
         *openFault = file.openError()->description;
@@ -120,15 +126,15 @@ std::vector<BasketEntry> readBasketEntries(const QString& path) {
 
 QString basketFilePath(int filterIndex, const QString& path) {
     const bool complete =
-        filterIndex == DescribedFilter || path.endsWith(PlainExtension, Qt::CaseInsensitive);
-    return complete ? path : path + PlainExtension;
+        filterIndex == describedFilter || path.endsWith(plainExtension, Qt::CaseInsensitive);
+    return complete ? path : path + plainExtension;
 }
 
 void writeBasketFile(int filterIndex, const QString& path, const ListView& lvPages) {
     clsFile file;
     if (!file.OpenForWrite(basketFilePath(filterIndex, path)))
         throw *file.openError();
-    writeEntries(file, filterIndex == DescribedFilter, lvPages);
+    writeEntries(file, filterIndex == describedFilter, lvPages);
 }
 
 bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages, QString* openFault) {
@@ -138,7 +144,7 @@ bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lv
     if (!file.OpenForWrite(basketFilePath(filterIndex, path)))
         return refused(file, openFault);
     return !trap("modSaveOpenImageList.fncSaveImageBasket",
-                 [&] { writeEntries(file, filterIndex == DescribedFilter, lvPages); });
+                 [&] { writeEntries(file, filterIndex == describedFilter, lvPages); });
 }
 
 bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists, QString* openFault) {

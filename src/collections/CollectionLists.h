@@ -11,7 +11,7 @@
 
 namespace tarsel {
 
-/// The lists that basket and folder view work on: the window makes them and lends them. Their image lists
+/// The lists that basket and folder view work on: the window owns them. Their image lists
 /// hold values of type Picture.
 struct CollectionLists {
     ListView& lvFolder;

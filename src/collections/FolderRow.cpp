@@ -7,9 +7,15 @@
 #include "imaging/ImageBox.h"
 #include "imaging/clsImageHeaderInfo.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(FolderRow)
+};
 
 /// Formats whose header the detail view shows.
 bool showsHeader(const QString& extension) {
@@ -45,9 +51,9 @@ void addThumbnail(RowContent& content, const QString& path, const CollectionSett
 } // namespace
 
 QStringList folderHeaders() {
-    return {QStringLiteral("File Name"),     QStringLiteral("Resolution"),   QStringLiteral("Size"),
-            QStringLiteral("Pages"),         QStringLiteral("Type"),         QStringLiteral("Date Created"),
-            QStringLiteral("Date Modified"), QStringLiteral("Date Accessed")};
+    return {Texts::tr("File Name"),     Texts::tr("Resolution"),   Texts::tr("Size"),
+            Texts::tr("Pages"),         Texts::tr("Type"),         Texts::tr("Date Created"),
+            Texts::tr("Date Modified"), Texts::tr("Date Accessed")};
 }
 
 ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize) {

@@ -12,13 +12,15 @@ namespace tarsel {
 /// Headers of the folder list: text and SubItems 1 to 7.
 QStringList folderHeaders();
 namespace FolderColumn {
-constexpr int Resolution = 1;
-constexpr int FileSize = 2;
-constexpr int Pages = 3;
-constexpr int Type = 4;
-constexpr int DateCreated = 5;
-constexpr int DateModified = 6;
-constexpr int DateAccessed = 7;
+enum : int {
+    Resolution = 1,
+    FileSize = 2,
+    Pages = 3,
+    Type = 4,
+    DateCreated = 5,
+    DateModified = 6,
+    DateAccessed = 7,
+};
 } // namespace FolderColumn
 
 // A row of the folder list is made in two steps, which any thread may do: from what the file system says, and

@@ -87,15 +87,17 @@ void FolderScan::listRows() {
     wakeOwner();
 }
 
-/// Rows are handed on in growing numbers: a list pays for each addition by its length.
+/// Rows are passed on in growing numbers: a list pays for each addition by its length, and the first rows are
+/// to be there at once. Not too many, so that no addition holds up the window.
 void FolderScan::makeRows() {
-    constexpr size_t FirstRows = 100;
-    constexpr size_t Growth = 8;
+    constexpr size_t firstRows = 100;
+    constexpr size_t growth = 8;
+    constexpr size_t mostRows = 6400;
     const std::stop_token stop = m_stop.get_token();
     const QStringList names = pictureFiles(m_request.folder);
     setNames(names);
     clsFileInfo info = m_request.info;
-    size_t enough = FirstRows;
+    size_t enough = firstRows;
     for (int number = 0; number < int(names.size()) && !stop.stop_requested(); ++number) {
         ListRow row = folderRow(m_request.folder, names[number], info, m_request.settings.longFileSize);
         row.number = number;
@@ -103,7 +105,7 @@ void FolderScan::makeRows() {
         m_made.push_back(std::move(row));
         if (m_made.size() < enough && number + 1 < int(names.size()))
             continue;
-        enough *= Growth;
+        enough = std::min(enough * growth, mostRows);
         for (const ListRow& made : m_made)
             m_isPending[size_t(made.number)] = true;
         m_handedOn = number + 1;
@@ -169,20 +171,38 @@ bool FolderScan::isPending(int number) const {
 
 // --- the owner's side
 
+namespace {
+
+/// Takes the first elements out of a list.
+template <class Element>
+std::vector<Element> takeFirst(std::vector<Element>& list, size_t count) {
+    const auto end = list.begin() + std::ptrdiff_t(count);
+    std::vector<Element> taken(std::make_move_iterator(list.begin()), std::make_move_iterator(end));
+    list.erase(list.begin(), end);
+    return taken;
+}
+
+} // namespace
+
 void FolderScan::wakeOwner() {
     if (!std::exchange(m_woken, true))
         m_wake();
 }
 
-FolderScan::Delivery FolderScan::fetch(size_t mostContents) {
+FolderScan::Delivery FolderScan::fetch(Limits most) {
     const std::lock_guard lock(m_mutex);
-    Delivery delivery = std::exchange(m_waiting, {});
     m_woken = false;
-    if (delivery.contents.size() > mostContents) {
-        const auto rest = delivery.contents.begin() + std::ptrdiff_t(mostContents);
-        std::move(rest, delivery.contents.end(), std::back_inserter(m_waiting.contents));
-        delivery.contents.erase(rest, delivery.contents.end());
+    Delivery delivery;
+    if (m_waiting.rows.size() > most.rows) {
+        delivery.rows = takeFirst(m_waiting.rows, most.rows);
         wakeOwner();
+    } else if (m_waiting.contents.size() > most.contents) {
+        delivery = std::exchange(m_waiting, {});
+        m_waiting.contents = std::move(delivery.contents);
+        delivery.contents = takeFirst(m_waiting.contents, most.contents);
+        wakeOwner();
+    } else {
+        delivery = std::exchange(m_waiting, {});
     }
     return delivery;
 }

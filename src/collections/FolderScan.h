@@ -49,7 +49,13 @@ public:
 
     void stop();
     bool hasEnded() const; ///< after a stop: nothing is in work any more
-    Delivery fetch(size_t mostContents);
+    /// No more than that many rows and contents at once; the owner is woken again for the rest. Contents come
+    /// after the rows that they complete.
+    struct Limits {
+        size_t rows;
+        size_t contents;
+    };
+    Delivery fetch(Limits most);
     /// Rows that are to be completed before all others, in that order.
     void prefer(std::vector<int> numbers);
     int count() const; ///< files of the folder; 0 until they are known

@@ -14,9 +14,9 @@ namespace tarsel {
 
 namespace {
 
-constexpr int DetailView = 3;
-/// Rows that are completed in one step between two looks at pending input.
-constexpr size_t ContentsInOneStep = 100;
+constexpr int detailView = 3;
+/// What is taken over in one step, between two looks at pending input.
+constexpr FolderScan::Limits oneStep{6400, 100};
 
 } // namespace
 
@@ -41,7 +41,7 @@ void FolderView::subShowFilesInFolder(const QString& path) {
         TrappingString = QStringLiteral("Showing files from selected folder");
         modFileSystem::MakeFolder(temporaryFolder(settings.programFolder));
         m_folder = path;
-        m_lists.sbMain.setPanel(QStringLiteral("folder"), QStringLiteral("Current Folder - ") + path);
+        m_lists.sbMain.setPanel(QStringLiteral("folder"), tr("Current Folder - %1").arg(path));
         clearList();
         startScan();
     });
@@ -129,6 +129,11 @@ void FolderView::retireScan() {
     m_retired.push_back(std::move(m_scan));
 }
 
+void FolderView::refresh() {
+    if (!m_folder.isEmpty())
+        subShowFilesInFolder(m_folder);
+}
+
 void FolderView::stop() {
     retireScan();
     FolderChanging = false;
@@ -138,7 +143,7 @@ void FolderView::stop() {
 // --- what a scan delivers
 
 void FolderView::fetchDelivery() {
-    FolderScan::Delivery delivery = m_scan->fetch(ContentsInOneStep);
+    FolderScan::Delivery delivery = m_scan->fetch(oneStep);
     if (!delivery.failure)
         return take(std::move(delivery));
     stop();
@@ -283,15 +288,17 @@ void FolderView::sortAgain() {
 // --- the two views
 
 void FolderView::cmdDetailFolder() {
-    settings.folderView = DetailView;
+    settings.folderView = detailView;
     m_lists.lvFolder.attachImages(nullptr);
     m_lists.lvFolder.setIcons(std::vector<int>(size_t(m_lists.lvFolder.count()), -1));
+    if (isRunning())
+        refresh();
 }
 
 void FolderView::cmdThumbnailFolder() {
     settings.folderView = 0;
-    if (m_lists.ilFolder.count() == 0)
-        return subShowFilesInFolder(m_folder);
+    if (isRunning() || m_lists.ilFolder.count() == 0)
+        return refresh();
     m_lists.lvFolder.attachImages(&m_lists.ilFolder);
     // By row number: after a sort the pictures belong to other rows than they show.
     std::vector<int> icons;

@@ -38,9 +38,12 @@ public:
     /// Reads the pictures of all rows again, after a change of how thumbnails are made. Rows, their order and
     /// their selection stay.
     void makeThumbnailsAgain();
-    void preferVisibleRows();  ///< other rows have come into view
-    void cmdDetailFolder();    ///< to the detail view
-    void cmdThumbnailFolder(); ///< back; lists the folder again when there are no thumbnails
+    void preferVisibleRows(); ///< other rows have come into view
+    /// To the detail view and back. A listing that is running, and a thumbnail view without pictures, list
+    /// the folder again.
+    void cmdDetailFolder();
+    void cmdThumbnailFolder();
+    void refresh(); ///< lists the folder again, if there is one
     /// True while somebody else uses the progress bar, which the listing leaves alone then and takes back.
     void lendBar(bool lent);
     QString currentFolder() const { return m_folder; }

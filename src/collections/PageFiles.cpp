@@ -42,7 +42,7 @@ QString pageRowName(AddedBy addedBy, const QString& fileName, int page) {
 }
 
 QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page) {
-    constexpr int Draws = 32;
+    constexpr int draws = 32;
     modFileSystem::MakeFolder(temporaryFolderPath(programFolder));
     const QString name = addedBy == AddedBy::Drag ? modFileSystem::GetFileTitle(fileName) : fileName;
     const QString start = temporaryFolder(programFolder) + name + QString::number(page) + QLatin1Char('_');
@@ -50,7 +50,7 @@ QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString
     // chance find no free name, counting does.
     int number = 0;
     for (int draw = 0;; ++draw) {
-        number = draw < Draws ? int(service<RandomNumbers>().randomNumber() * 9999) : number + 1;
+        number = draw < draws ? int(service<RandomNumbers>().randomNumber() * 9999) : number + 1;
         QString path = start + QString::number(number) + QStringLiteral(".tif");
         if (!isTaken(path))
             return path;
@@ -58,16 +58,34 @@ QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString
 }
 
 void savePage(ImageBox& box, const QString& path) {
-    constexpr int Fax = 2;
-    const QScopedValueRollback compression(box.TiffCompression, Fax);
+    constexpr int fax = 2;
+    const QScopedValueRollback compression(box.TiffCompression, fax);
     box.SaveToFile(path);
 }
 
-void deletePageFiles(const QString& programFolder) {
-    const QDir folder(temporaryFolderPath(programFolder));
+namespace {
+
+QDir temporaryFiles(const QString& programFolder, const QStringList& patterns) {
     const auto kinds = QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive;
-    for (const QString& name : folder.entryList({QStringLiteral("*.tif")}, kinds))
+    QDir folder(temporaryFolderPath(programFolder));
+    folder.setFilter(kinds);
+    folder.setNameFilters(patterns);
+    return folder;
+}
+
+} // namespace
+
+void deletePageFiles(const QString& programFolder) {
+    const QDir folder = temporaryFiles(programFolder, {QStringLiteral("*.tif")});
+    for (const QString& name : folder.entryList())
         QFile::remove(folder.filePath(name));
+}
+
+void deleteFilesWithoutExtension(const QString& programFolder) {
+    const QDir folder = temporaryFiles(programFolder, {});
+    for (const QString& name : folder.entryList())
+        if (!name.contains(QLatin1Char('.')))
+            QFile::remove(folder.filePath(name));
 }
 
 } // namespace tarsel

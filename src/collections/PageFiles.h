@@ -31,4 +31,7 @@ void savePage(ImageBox& box, const QString& path);
 /// Deletes all page files, those of earlier runs too. What can't be deleted stays.
 void deletePageFiles(const QString& programFolder);
 
+/// Deletes the files without an extension in the folder Temp. What can't be deleted stays.
+void deleteFilesWithoutExtension(const QString& programFolder);
+
 } // namespace tarsel

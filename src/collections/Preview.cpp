@@ -40,7 +40,7 @@ Preview::Preview(Lists lists) :
     connect(&m_lists.lvFolder, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& first, const QModelIndex& last) {
                 if (first.row() == last.row() && m_lists.lvFolder.row(first.row()).tag == m_describedPath)
-                    showFactsPanels();
+                    showFilePanels();
             });
 }
 
@@ -143,7 +143,7 @@ void Preview::describe(const QString& path) {
     if (m_lists.ibMain.HasImage()) {
         m_describedPath = m_nextDescribedPath;
         m_lists.sbMain.setPanel(QStringLiteral("filename"), clsFileInfo::StripFileFromPath(path));
-        showFactsPanels();
+        showFilePanels();
     }
     for (ListView* list : {&m_lists.lvFolder, &m_lists.lvPages})
         completeResolution(*list, path);
@@ -178,23 +178,21 @@ void Preview::listMetadata(const QString& path) {
 
 /// The list of IPTC fields has all its rows for every picture: the box knows whether there are data.
 void Preview::showMetadataPanel() {
-    QString found;
-    if (!m_lists.lvExif.isEmpty())
-        found += QStringLiteral("EXIF");
-    if (m_lists.ibMain.HasIptc())
-        found += QStringLiteral(" IPTC");
-    m_lists.sbMain.setPanel(QStringLiteral("metadata"), found.isEmpty()
-                                                            ? QStringLiteral("No metadata")
-                                                            : QStringLiteral("Metadata - ") + found);
+    const bool exif = !m_lists.lvExif.isEmpty();
+    const bool iptc = m_lists.ibMain.HasIptc();
+    m_lists.sbMain.setPanel(QStringLiteral("metadata"), exif && iptc ? tr("Metadata - EXIF IPTC")
+                                                        : exif       ? tr("Metadata - EXIF")
+                                                        : iptc       ? tr("Metadata -  IPTC")
+                                                                     : tr("No metadata"));
 }
 
-void Preview::showFactsPanels() {
+void Preview::showFilePanels() {
     const ListView& folder = m_lists.lvFolder;
     const int row = m_describedPath.isEmpty() ? -1 : rowOfPath(folder, m_describedPath);
     if (row < 0)
         return;
     m_lists.sbMain.setPanel(QStringLiteral("pages"),
-                            folder.subItem(row, FolderColumn::Pages) + QStringLiteral(" page(s)"));
+                            tr("%1 page(s)").arg(folder.subItem(row, FolderColumn::Pages)));
     m_lists.sbMain.setPanel(QStringLiteral("resolution"), folder.subItem(row, FolderColumn::Resolution) +
                                                               QStringLiteral("  ") +
                                                               folder.subItem(row, FolderColumn::FileSize));

@@ -67,7 +67,7 @@ private:
     void completeResolution(ListView& list, const QString& path) const;
     void listMetadata(const QString& path);
     void showMetadataPanel();
-    void showFactsPanels();
+    void showFilePanels();
 
     Lists m_lists;
     Picture m_original; ///< as loaded, without the tasks

@@ -16,8 +16,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr int SnapshotFormat = 7;
-constexpr Color White = 0xFFFFFF;
+constexpr int snapshotFormat = 7;
+constexpr Color white = 0xFFFFFF;
 
 bool goesThroughTheBox(const QString& path) {
     const QString extension = QFileInfo(path).suffix().toLower();
@@ -43,7 +43,7 @@ void load(ImageBox& box, const QString& path, bool upright, const std::stop_toke
             box.PageNumber = 1;
             box.LoadFromFile(path, stop);
         } else if (const auto picture =
-                       fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, White, nullptr, stop)) {
+                       fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, white, nullptr, stop)) {
             box.setPictureHandle(*picture);
         }
         prepare(box, path, upright);
@@ -53,12 +53,12 @@ void load(ImageBox& box, const QString& path, bool upright, const std::stop_toke
 PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_token& stop) {
     PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}};
     if (request.path.isEmpty())
-        result.box.LoadFromMemory(request.original, SnapshotFormat);
+        result.box.LoadFromMemory(request.original, snapshotFormat);
     else
         load(result.box, request.path, request.upright, stop);
     if (!result.box.HasImage() || stop.stop_requested())
         return result;
-    result.original = result.box.SaveToMemory(SnapshotFormat);
+    result.original = result.box.SaveToMemory(snapshotFormat);
     try {
         replayRows(result.box, request.tasks, stop);
     } catch (const TrappedError& error) {

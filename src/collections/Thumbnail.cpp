@@ -11,7 +11,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr Color White = 0xFFFFFF;
+constexpr Color white = 0xFFFFFF;
 
 std::optional<Thumbnail> fromHeader(const QString& path) {
     const std::optional<PictureHeader> header = readPictureHeader(path);
@@ -38,8 +38,8 @@ std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> 
     // A damaged picture is one without a thumbnail, and no reason to end a listing.
     ignoringErrors([&] {
         Size sourceSize;
-        const auto picture = upright ? loadUprightPicture(path, LoadMode::ExactBox, *box, White, &sourceSize)
-                                     : fncLoadPicture(path, LoadMode::ExactBox, *box, White, &sourceSize);
+        const auto picture = upright ? loadUprightPicture(path, LoadMode::ExactBox, *box, white, &sourceSize)
+                                     : fncLoadPicture(path, LoadMode::ExactBox, *box, white, &sourceSize);
         if (picture)
             thumbnail = Thumbnail{*picture, sourceSize};
     });
@@ -47,7 +47,7 @@ std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> 
 }
 
 Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box) {
-    return {box ? ScalePicture(picture, LoadMode::ExactBox, *box, White) : Picture(),
+    return {box ? ScalePicture(picture, LoadMode::ExactBox, *box, white) : Picture(),
             {picture.width(), picture.height()}};
 }
 

@@ -4,12 +4,15 @@
 #include "collections/Basket.h"
 #include "collections/FolderView.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
 
 QStringList metadataHeaders() {
-    return {QStringLiteral("Attribute"), QStringLiteral("Value")};
+    return {QCoreApplication::translate("Workspace", "Attribute"),
+            QCoreApplication::translate("Workspace", "Value")};
 }
 
 } // namespace

@@ -31,7 +31,7 @@ QString typeName(const QString& extension) {
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QStringLiteral("name.") + extension.toLower(),
                                                            QMimeDatabase::MatchExtension);
     QString name = type.isDefault() || type.comment().isEmpty()
-                       ? extension.toUpper() + QStringLiteral(" File")
+                       ? clsFileInfo::tr("%1 File").arg(extension.toUpper())
                        : type.comment();
     known.insert(extension, name);
     return name;
@@ -105,15 +105,15 @@ QString clsFileInfo::sizeText(qint32 size, bool longText) {
         const char* pattern;
         const char* name;
     };
-    constexpr double Kilobyte = 1024, Megabyte = 1024 * Kilobyte, Gigabyte = 1024 * Megabyte;
+    constexpr double kilobyte = 1024, megabyte = 1024 * kilobyte, gigabyte = 1024 * megabyte;
     static constexpr Step steps[] = {
-        {10, Kilobyte, "0.00", "KB"},         {1'000, Kilobyte, "0.0", "KB"},
-        {10'000, Megabyte, "0.00", "MB"},     {1'000'000, Megabyte, "0.0", "MB"},
-        {10'000'000, Gigabyte, "0.00", "GB"},
+        {10, kilobyte, "0.00", "KB"},         {1'000, kilobyte, "0.0", "KB"},
+        {10'000, megabyte, "0.00", "MB"},     {1'000'000, megabyte, "0.0", "MB"},
+        {10'000'000, gigabyte, "0.00", "GB"},
     };
     if (size == -1)
-        return QStringLiteral("0.0KB (0 bytes)");
-    QString bytes = formatNumber(size, QStringLiteral("#,##0")) + QStringLiteral(" bytes");
+        return tr("0.0KB (0 bytes)");
+    QString bytes = tr("%1 bytes").arg(formatNumber(size, QStringLiteral("#,##0")));
     if (size < 1024)
         return bytes;
     const Step* step = steps;
@@ -121,7 +121,7 @@ QString clsFileInfo::sizeText(qint32 size, bool longText) {
         ++step;
     const QString text =
         formatNumber(size / step->unit, QString::fromLatin1(step->pattern)) + QString::fromLatin1(step->name);
-    return longText ? text + QStringLiteral(" (") + bytes + QLatin1Char(')') : text;
+    return longText ? tr("%1 (%2)", "size, bytes").arg(text, bytes) : text;
 }
 
 clsFileInfo& FileInfo() {

@@ -4,6 +4,7 @@
 #include "base/Conversions.h"
 #include "collections/modFileSystem.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QString>
 #include <optional>
@@ -12,6 +13,7 @@ namespace tarsel {
 
 /// What the program wants to know of one file: texts for list columns, its size in words, its dates.
 class clsFileInfo {
+    Q_DECLARE_TR_FUNCTIONS(clsFileInfo)
 public:
     /// Fixes how dates are written, as is needed away from the main thread. Otherwise the user's locale is
     /// asked at each file.

@@ -53,6 +53,9 @@ QAction& ActionTable::action(const char* name) const {
 
 QToolButton* ActionTable::makeButton(const char* name, QWidget* parent, Qt::ToolButtonStyle style) const {
     auto* button = new QToolButton(parent);
+    // Without an icon text of its own a button shows the action's text without the mnemonic.
+    if (style != Qt::ToolButtonIconOnly)
+        action(name).setIconText(action(name).text());
     button->setDefaultAction(&action(name));
     button->setObjectName(QLatin1String(name));
     const int side = button->fontMetrics().height() + 2;
@@ -75,7 +78,7 @@ std::vector<ActionTable::Shortcut> ActionTable::shortcuts() const {
     std::vector<Shortcut> shortcuts;
     for (const QAction* action : m_actions)
         if (!action->shortcut().isEmpty())
-            shortcuts.push_back({action->iconText(), action->shortcut()});
+            shortcuts.push_back({action->text().remove(QLatin1Char('&')), action->shortcut()});
     return shortcuts;
 }
 

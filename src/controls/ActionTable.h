@@ -18,7 +18,7 @@ namespace tarsel {
 struct ActionRow {
     const char* name; ///< object name of the action and of its button
     const char* text;
-    const char* toolTip;
+    const char* toolTip;     ///< the shortcut is added to it
     const char* icon = "";   ///< name of a line icon; empty for none
     const char* keys = "";   ///< shortcut as QKeySequence reads it; empty for none
     const char* choice = ""; ///< actions with the same choice are checkable, and one of them is checked
@@ -33,7 +33,7 @@ public:
 
     /// Fails hard for a name that isn't in the table.
     QAction& action(const char* name) const;
-    /// A flat button, with the icon alone or the text beside it.
+    /// A flat button, with the icon alone, or with the text and its mnemonic beside it.
     QToolButton* makeButton(const char* name, QWidget* parent,
                             Qt::ToolButtonStyle style = Qt::ToolButtonIconOnly) const;
     QMenu* makeMenu(const char* objectName, std::initializer_list<const char*> names, QWidget* parent) const;
@@ -42,7 +42,7 @@ public:
         QString text;
         QKeySequence keys;
     };
-    /// Every action that has a shortcut, in the order of the table.
+    /// Every action that has a shortcut, in the order of the table, for lists of shortcuts.
     std::vector<Shortcut> shortcuts() const;
 
 private:

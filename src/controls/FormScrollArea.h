@@ -21,7 +21,7 @@ private:
     QSize framed(QSize contents) const;
 };
 
-/// Gives a form the size it asks for, as far as the screen has room.
+/// Resizes a form to the size that it asks for, as far as the screen has room.
 void fitToScreen(QWidget& form, QSize wanted);
 
 } // namespace tarsel

@@ -3,6 +3,7 @@
 
 #include "controls/RowDelegate.h"
 #include "controls/TableColumns.h"
+#include "controls/ThumbnailView.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -11,7 +12,6 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QListView>
 #include <QMetaMethod>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -23,23 +23,16 @@ namespace tarsel {
 
 namespace {
 
-constexpr int FocusFrame = 2;
+constexpr int focusFrame = 2;
 
-/// A view that reports when a drag of its rows begins, and only ever offers copies: moving is the list's
-/// work.
+/// A view whose drags only ever offer copies: moving is the list's work.
 template <class View>
 class DraggingView final : public View {
 public:
-    DraggingView(ListControl* control) : View(control), m_control(control) {}
+    using View::View;
 
 protected:
-    void startDrag(Qt::DropActions) override {
-        Q_EMIT m_control->dragStarted();
-        View::startDrag(Qt::CopyAction);
-    }
-
-private:
-    ListControl* m_control;
+    void startDrag(Qt::DropActions) override { View::startDrag(Qt::CopyAction); }
 };
 
 bool isArrow(int key) {
@@ -66,17 +59,10 @@ QItemSelection selectionOf(const ListView& list) {
 
 ListControl::ListControl(ListView& list, QWidget* parent) :
     QStackedWidget(parent), m_list(list), m_table(new DraggingView<QTreeView>(this)),
-    m_thumbnails(new DraggingView<QListView>(this)), m_columns(new TableColumns(m_table)),
+    m_thumbnails(new DraggingView<ThumbnailView>(this)), m_columns(new TableColumns(m_table)),
     m_delegate(new RowDelegate(this)), m_hint(new QLabel(this)) {
-    setContentsMargins(FocusFrame, FocusFrame, FocusFrame, FocusFrame);
+    setContentsMargins(focusFrame, focusFrame, focusFrame, focusFrame);
     prepareTable();
-    m_thumbnails->setViewMode(QListView::IconMode);
-    m_thumbnails->setResizeMode(QListView::Adjust);
-    m_thumbnails->setMovement(QListView::Static);
-    m_thumbnails->setUniformItemSizes(true);
-    m_thumbnails->setWordWrap(false);
-    m_thumbnails->setTextElideMode(Qt::ElideMiddle);
-    m_thumbnails->setSpacing(4);
     prepare(m_table);
     prepare(m_thumbnails);
     m_thumbnails->setSelectionModel(m_table->selectionModel());
@@ -118,9 +104,9 @@ ListControl::Form ListControl::form() const {
 void ListControl::setThumbnailSize(QSize size) {
     m_thumbnails->setIconSize(size);
     // Wide enough for a name of the usual length.
-    const int width = std::max(size.width() + 16, fontMetrics().averageCharWidth() * 21);
-    m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 12};
-    m_thumbnails->setGridSize(m_delegate->cellSize + QSize(6, 6));
+    const int width = std::max(size.width() + 22, fontMetrics().averageCharWidth() * 22);
+    m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 18};
+    m_thumbnails->setGridSize(m_delegate->cellSize);
 }
 
 void ListControl::setTableIconSize(QSize size) {
@@ -174,7 +160,7 @@ void ListControl::paintEvent(QPaintEvent* event) {
     if (!view()->hasFocus())
         return;
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), FocusFrame));
+    painter.setPen(QPen(palette().color(QPalette::Highlight), focusFrame));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
@@ -195,9 +181,15 @@ void ListControl::prepareHint() {
     placeHint();
 }
 
-void ListControl::showRow(int row) {
-    if (row >= 0)
-        view()->scrollTo(m_list.index(row, 0));
+int ListControl::selectNeighbour(int step) {
+    const int selected = m_list.selectedIndex();
+    const int row = selected + step;
+    if (selected < 0 || row < 0 || row >= m_list.count())
+        return -1;
+    m_list.selectOnly(row);
+    view()->scrollTo(m_list.index(row, 0));
+    setFocus();
+    return row;
 }
 
 void ListControl::prepareTable() {

@@ -9,13 +9,13 @@
 
 class QAbstractItemView;
 class QLabel;
-class QListView;
 class QTreeView;
 
 namespace tarsel {
 
 class RowDelegate;
 class TableColumns;
+class ThumbnailView;
 
 /// Shows a ListView as a table or as thumbnails and keeps the selection of list and widget in step, in both
 /// directions. What the user does leaves as signals; the list's owner decides what it means.
@@ -49,7 +49,9 @@ public:
     void setRowsDraggable();
     /// Opens the row's text for editing in place.
     void editText(int row);
-    void showRow(int row);
+    /// Selects the row that many steps from the selected one, shows and focuses it, and returns its number;
+    /// -1, with nothing changed, where there is none.
+    int selectNeighbour(int step);
     struct RowRange {
         int first = 0;
         int last = -1;
@@ -67,7 +69,6 @@ Q_SIGNALS:
     void deleteReleased();
     void formChanged();
     void menuWanted(const QPoint& globalPosition);
-    void dragStarted();
     void viewMoved(); ///< other rows may have come into view
     /// Rows were dropped; `row` is the one under the pointer, -1 after the last.
     void rowsDropped(tarsel::ListControl* source, int row);
@@ -96,7 +97,7 @@ private:
 
     ListView& m_list;
     QTreeView* m_table;
-    QListView* m_thumbnails;
+    ThumbnailView* m_thumbnails;
     TableColumns* m_columns;
     RowDelegate* m_delegate;
     QLabel* m_hint;

@@ -6,9 +6,9 @@
 namespace tarsel {
 
 ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
-    setFormat(QStringLiteral("%v of %m"));
+    setFormat(tr("%v of %m"));
     setAlignment(Qt::AlignCenter);
-    setAccessibleName(QStringLiteral("Progress"));
+    setAccessibleName(tr("Progress"));
 }
 
 void ProgressBar::start(int maximum, int value) {

@@ -14,6 +14,12 @@ namespace tarsel {
 
 namespace {
 
+constexpr int cellMargin = 3;
+
+bool isThumbnail(const QStyleOptionViewItem& option) {
+    return option.decorationPosition == QStyleOptionViewItem::Top;
+}
+
 /// The picture that the list's logic names; rows of tasks, whose own pictures are not drawn, share one.
 QIcon iconOf(const QString& iconKey) {
     static QHash<QString, QIcon> icons;
@@ -28,13 +34,15 @@ QIcon iconOf(const QString& iconKey) {
 } // namespace
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const bool isThumbnail = option.decorationPosition == QStyleOptionViewItem::Top;
-    return isThumbnail ? cellSize : QStyledItemDelegate::sizeHint(option, index);
+    return isThumbnail(option) ? cellSize : QStyledItemDelegate::sizeHint(option, index);
 }
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
-    QStyledItemDelegate::paint(painter, option, index);
+    QStyleOptionViewItem cell = option;
+    if (isThumbnail(option))
+        cell.rect.adjust(cellMargin, cellMargin, -cellMargin, -cellMargin);
+    QStyledItemDelegate::paint(painter, cell, index);
     if (index.row() != dropRow)
         return;
     painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));

@@ -7,8 +7,8 @@
 namespace tarsel {
 
 namespace {
-constexpr int SplitterMin = 10;
-constexpr int SplitterMax = 90;
+constexpr int splitterMin = 10;
+constexpr int splitterMax = 90;
 } // namespace
 
 Splitter::Splitter(Qt::Orientation orientation, QWidget* first, QWidget* second, QWidget* parent) :
@@ -36,7 +36,7 @@ void Splitter::showEvent(QShowEvent* event) {
 }
 
 void Splitter::apply() {
-    const int share = std::clamp(m_position, SplitterMin, SplitterMax);
+    const int share = std::clamp(m_position, splitterMin, splitterMax);
     const int length = std::max(100, (orientation() == Qt::Horizontal ? width() : height()) - handleWidth());
     setSizes({length * share / 100, length - length * share / 100});
 }
@@ -45,7 +45,7 @@ void Splitter::takePosition() {
     const QList<int> parts = sizes();
     const int length = parts[0] + parts[1];
     if (length > 0)
-        m_position = std::clamp(int(std::lround(100.0 * parts[0] / length)), SplitterMin, SplitterMax);
+        m_position = std::clamp(int(std::lround(100.0 * parts[0] / length)), splitterMin, splitterMax);
 }
 
 } // namespace tarsel

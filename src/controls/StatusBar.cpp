@@ -15,7 +15,7 @@ StatusBar::StatusBar(StatusLine& line, const std::vector<StatusPanel>& panels, Q
         addPanel(panel);
     connect(&line, &StatusLine::panelChanged, this, &StatusBar::showPanel);
     for (const StatusPanel& panel : panels)
-        line.setPanel(QLatin1String(panel.key), QLatin1String(panel.initialText));
+        line.setPanel(QLatin1String(panel.key), panel.initialText);
 }
 
 QString StatusBar::text(const QString& key) const {
@@ -37,9 +37,9 @@ void StatusBar::addPanel(const StatusPanel& panel) {
     auto* label = new ElidedLabel({}, holder);
     label->setObjectName(QStringLiteral("sbMain_") + QLatin1String(panel.key));
     // Without a name of its own the label's text is spoken.
-    label->setAccessibleDescription(QLatin1String(panel.toolTip));
+    label->setAccessibleDescription(panel.toolTip);
     row->addWidget(label, 1);
-    holder->setToolTip(QLatin1String(panel.toolTip));
+    holder->setToolTip(panel.toolTip);
     addWidget(holder, panel.stretch);
     m_labels.insert(QLatin1String(panel.key), label);
 }

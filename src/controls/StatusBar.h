@@ -14,8 +14,8 @@ namespace tarsel {
 /// One panel of a status line, as the window's table of panels states it.
 struct StatusPanel {
     const char* key;
-    const char* initialText;
-    const char* toolTip;
+    QString initialText;
+    QString toolTip;
     const char* icon; ///< name of a line icon; empty for none
     int stretch;      ///< share of the room
 };

@@ -10,9 +10,9 @@
 namespace tarsel {
 
 namespace {
-constexpr int UsualCharacter = 6; ///< average width of a character of the usual font
-constexpr int UsualWidth = 100;
-constexpr int CharactersOfAName = 26;
+constexpr int usualCharacter = 6; ///< average width of a character of the usual font
+constexpr int usualWidth = 100;
+constexpr int charactersOfAName = 26;
 } // namespace
 
 TableColumns::TableColumns(QTreeView* table) : QObject(table), m_table(table) {
@@ -25,12 +25,12 @@ TableColumns::TableColumns(QTreeView* table) : QObject(table), m_table(table) {
 }
 
 int TableColumns::width(int column) const {
-    return column < int(m_widths.size()) ? m_widths[size_t(column)] : UsualWidth;
+    return column < int(m_widths.size()) ? m_widths[size_t(column)] : usualWidth;
 }
 
 void TableColumns::setWidth(int column, int width) {
     if (column >= int(m_widths.size()))
-        m_widths.resize(size_t(column) + 1, UsualWidth);
+        m_widths.resize(size_t(column) + 1, usualWidth);
     m_widths[size_t(column)] = width;
     fit();
 }
@@ -56,20 +56,20 @@ void TableColumns::fit() {
 
 /// Room for a name that can be told from its neighbours, beside the picture of its row.
 int TableColumns::leastNameWidth() const {
-    return m_table->iconSize().width() + scaled(CharactersOfAName * UsualCharacter);
+    return m_table->iconSize().width() + scaled(charactersOfAName * usualCharacter);
 }
 
 int TableColumns::scaled(int width) const {
-    return std::max(0, width) * m_table->fontMetrics().averageCharWidth() / UsualCharacter;
+    return std::max(0, width) * m_table->fontMetrics().averageCharWidth() / usualCharacter;
 }
 
 void TableColumns::takeWidth(int column, int pixels) {
     if (m_fitting)
         return;
     if (column >= int(m_widths.size()))
-        m_widths.resize(size_t(column) + 1, UsualWidth);
+        m_widths.resize(size_t(column) + 1, usualWidth);
     m_widths[size_t(column)] =
-        pixels * UsualCharacter / std::max(1, m_table->fontMetrics().averageCharWidth());
+        pixels * usualCharacter / std::max(1, m_table->fontMetrics().averageCharWidth());
 }
 
 } // namespace tarsel

@@ -13,14 +13,14 @@ namespace tarsel {
 
 frmStatus::frmStatus(QWidget* owner) :
     QDialog(owner), m_status(new QLabel(this)), m_bar(new ProgressBar(this)),
-    m_cancel(new QPushButton(QStringLiteral("&Cancel"), this)) {
+    m_cancel(new QPushButton(tr("&Cancel"), this)) {
     setObjectName(QStringLiteral("frmStatus"));
     setWindowTitle(ApplicationName);
     setModal(false);
     m_status->setObjectName(QStringLiteral("lblStatus"));
     m_bar->setObjectName(QStringLiteral("pbQueue"));
     m_cancel->setObjectName(QStringLiteral("cmdCancel"));
-    m_cancel->setAccessibleName(QStringLiteral("Stop after the present file"));
+    m_cancel->setAccessibleName(tr("Stop after the current file"));
     connect(m_cancel, &QPushButton::clicked, this, &frmStatus::cancel);
 
     auto* column = new QVBoxLayout(this);
@@ -34,7 +34,7 @@ frmStatus::frmStatus(QWidget* owner) :
 
 void frmStatus::begin() {
     CancelRequested = false;
-    m_status->setText(QStringLiteral("Please wait..... your request is being processed"));
+    m_status->setText(tr("Please wait..... your request is being processed"));
     show();
 }
 
@@ -48,7 +48,7 @@ void frmStatus::reject() {
 
 void frmStatus::cancel() {
     service<EventLoop>().yield();
-    m_status->setText(QStringLiteral("Please wait...... cancelling operaration"));
+    m_status->setText(tr("Please wait...... cancelling operaration"));
     CancelRequested = true;
 }
 

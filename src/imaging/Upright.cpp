@@ -71,6 +71,12 @@ Size exchanged(Size size) {
     return {size.height, size.width};
 }
 
+int orientationOf(const PictureFile& file, const std::stop_token& stop = {}) {
+    int orientation = UprightOrientation;
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(stop))); });
+    return orientation;
+}
+
 } // namespace
 
 int exifOrientation(const MetadataStore& metadata) {
@@ -83,7 +89,7 @@ int exifOrientation(const MetadataStore& metadata) {
 
 int fileOrientation(const QString& path, const std::stop_token& stop) {
     int orientation = UprightOrientation;
-    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(PictureFile(path).metadata(stop))); });
+    ignoringErrors([&] { orientation = orientationOf(PictureFile(path), stop); });
     raiseIfStopped(stop);
     return orientation;
 }
@@ -117,9 +123,12 @@ void prepareForTasks(ImageBox& box, const QString& path, bool upright) {
 
 std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box, Color backColor,
                                           Size* sourceSize) {
-    const int orientation = fileOrientation(path);
+    const std::optional<PictureFile> file = openPicture(path);
+    if (!file)
+        return std::nullopt;
+    const int orientation = orientationOf(*file);
     const Size boxAsStored = exchangesSides(orientation) ? exchanged(box) : box;
-    std::optional<Picture> picture = fncLoadPicture(path, mode, boxAsStored, backColor, sourceSize);
+    std::optional<Picture> picture = fncLoadPicture(*file, mode, boxAsStored, backColor, sourceSize);
     if (picture && orientation != UprightOrientation)
         picture = uprightPicture(*picture, orientation);
     return picture;

@@ -161,8 +161,7 @@ Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color back
     return drawn(picture, {picture.width(), picture.height()}, mode, box, backColor);
 }
 
-/// Nothing for a file that can't be opened: its content is unknown.
-static std::optional<PictureFile> openedFile(const QString& path) {
+std::optional<PictureFile> openPicture(const QString& path) {
     try {
         return PictureFile(path);
     } catch (const TrappedError& error) {
@@ -179,14 +178,21 @@ std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size b
     const StopScope scope(stop);
     requireBox(mode, box);
     raiseIfStopped();
-    const std::optional<PictureFile> file = openedFile(path);
+    const std::optional<PictureFile> file = openPicture(path);
+    return file ? fncLoadPicture(*file, mode, box, backColor, sourceSize, damage) : std::nullopt;
+}
+
+std::optional<Picture> fncLoadPicture(const PictureFile& file, LoadMode mode, Size box, Color backColor,
+                                      Size* sourceSize, QString* damage) {
+    requireBox(mode, box);
+    const QString& path = file.name();
     const QString extension = QFileInfo(path).suffix().toLower();
-    if (!file || (!file->isRecognised() && !isMetafile(extension)))
+    if (!file.isRecognised() && !isMetafile(extension))
         return std::nullopt;
-    if (!file->isRecognised())
+    if (!file.isRecognised())
         failLoading(QCoreApplication::translate("fncLoadPicture", "%1: no reader for this format").arg(path));
     try {
-        Loaded loaded = open({*file, mode, box, backColor}, extension);
+        Loaded loaded = open({file, mode, box, backColor}, extension);
         if (sourceSize)
             *sourceSize = loaded.sourceSize;
         if (damage)

@@ -10,6 +10,8 @@
 
 namespace tarsel {
 
+class PictureFile;
+
 enum class LoadMode {
     FullSize = 0,
     FitInside = 1, ///< fitted inside the box, proportions kept, never enlarged
@@ -30,6 +32,12 @@ struct Size {
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box = {-1, -1},
                                       Color backColor = 0xFFFFFF, Size* sourceSize = nullptr,
                                       const std::stop_token& stop = {}, QString* damage = nullptr);
+
+/// A file opened for reading; nothing when it is missing or not readable.
+std::optional<PictureFile> openPicture(const QString& path);
+/// fncLoadPicture of a file that is open already.
+std::optional<Picture> fncLoadPicture(const PictureFile& file, LoadMode mode, Size box, Color backColor,
+                                      Size* sourceSize = nullptr, QString* damage = nullptr);
 
 /// The size of a picture in mode FitInside.
 Size fitInside(Size picture, Size box);

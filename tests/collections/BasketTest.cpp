@@ -54,6 +54,11 @@ TEST_F(BasketTest, ASelectedPictureBecomesARowNamedWithoutItsExtension) {
     lvFolder.select(0, false);
     basket().cmdAddToQueue_Click();
     ASSERT_EQ(texts(lvPages), "sea.side");
+    lvPages.selectAll();
+    lvFolder.selectOnly(-1);
+    basket().cmdAddToQueue_Click();
+    EXPECT_EQ(lvPages.count(), 1);
+    EXPECT_TRUE(lvPages.selectedRows().empty()) << "nothing added clears the selection, too";
     const ListRow& row = lvPages.row(0);
     EXPECT_EQ(row.tag, picture("sea.side.jpg"));
     const QStringList expected{QStringLiteral("33 x 22"), lvFolder.subItem(1, FolderColumn::FileSize),
@@ -176,9 +181,9 @@ TEST_F(BasketTest, WithoutThumbnailsThePictureIsKnownByItsHeaderAlone) {
     makePicture(picture("a.jpg"), {33, 22});
     writeBytes(picture("bad.jpg"), "\xFF\xD8\xFF\xE0 not a picture");
     // A good header and no pixels.
-    QFile whole(picture("a.jpg"));
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    QFile complete(picture("a.jpg"));
+    ASSERT_TRUE(complete.open(QIODevice::ReadOnly));
+    const QByteArray bytes = complete.readAll();
     writeBytes(picture("cut.jpg"), bytes.left(bytes.indexOf("\xFF\xDA") + 14));
     settings.thumbnails = false;
     Basket pages = basket();
@@ -250,16 +255,6 @@ TEST_F(BasketTest, AStoppedAddingEndsBeforeTheNextPageAndTheNextOneRuns) {
     EXPECT_TRUE(lvPages.isEmpty());
 }
 
-TEST_F(BasketTest, SelectingNothingOnlyClearsTheSelectionOfTheBasket) {
-    makePictures({"a.png"});
-    fillBasket(3);
-    lvPages.selectAll();
-    list(pictures);
-    basket().cmdAddToQueue_Click();
-    EXPECT_EQ(texts(lvPages), "a b c");
-    EXPECT_TRUE(lvPages.selectedRows().empty());
-}
-
 TEST_F(BasketTest, RemovingRowsKeepsThePageFilesAndNewBasketDeletesThemAndNoSource) {
     makeScan();
     Basket pages = basket();
@@ -270,10 +265,14 @@ TEST_F(BasketTest, RemovingRowsKeepsThePageFilesAndNewBasketDeletesThemAndNoSour
     pages.cmdPagesDelete();
     EXPECT_EQ(texts(lvPages), "scan.tif2 scan.tif3 b d");
     EXPECT_EQ(pageFiles().size(), 3);
-    writeBytes(temporaryFolder(settings.programFolder) + QStringLiteral("saver.jpg"), "x");
+    const QString temporary = temporaryFolder(settings.programFolder);
+    QDir(temporary).mkpath(QStringLiteral("inner.tif"));
+    for (const char* name : {"saver.jpg", "a.tiff", ".hidden.tif", "inner.tif/c.tif"})
+        writeBytes(temporary + QLatin1String(name), "x");
     pages.cmdPagesNew();
     EXPECT_EQ(lvPages.count() + ilPages.count(), 0);
-    EXPECT_EQ(pageFiles(), QStringList{QStringLiteral("saver.jpg")});
+    EXPECT_EQ(pageFiles().join(QLatin1Char(' ')).toStdString(), "a.tiff saver.jpg");
+    EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("inner.tif/c.tif")));
     EXPECT_TRUE(QFile::exists(picture("scan.tif")));
     EXPECT_EQ(panel("queue"), "New Basket");
 }

@@ -37,7 +37,7 @@ public:
     bool visible = false;
 };
 
-/// What the main window lends to folder view and basket, with a program folder and a picture folder of its
+/// What folder view and basket work on in the main window, with a program folder and a picture folder of its
 /// own. A test fails when an error was reported that it didn't expect.
 class CollectionWindow : public testing::Test {
 protected:

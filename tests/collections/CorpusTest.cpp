@@ -2,10 +2,7 @@
 #include "tests/collections/CollectionWindow.h"
 
 #include "base/ErrorTrap.h"
-#include "collections/modFileSystem.h"
 #include "tests/support/Corpus.h"
-
-#include <set>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -14,7 +11,7 @@ namespace {
 
 class CollectionsOnCorpus : public CollectionWindow {
 protected:
-    /// Adds a file by path to an empty basket and gives the number of rows.
+    /// Adds a file by path to an empty basket and returns the number of rows.
     int rowsOf(const QString& path, bool thumbnails) {
         settings.thumbnails = thumbnails;
         Basket pages = basket();
@@ -41,24 +38,6 @@ TEST_F(CollectionsOnCorpus, EveryPictureThatOpensIsAddedWithItsPagesAndItsSize) 
             EXPECT_EQ(lvPages.subItem(0, BasketColumn::Resolution),
                       QStringLiteral("%1 X %2").arg(box.Width()).arg(box.Height()))
                 << name;
-        }
-    }
-}
-
-TEST_F(CollectionsOnCorpus, FoldersOfDamagedPicturesAreListedToTheEnd) {
-    TARSEL_REQUIRE_CORPUS();
-    std::set<QString> folders;
-    for (const CorpusPicture& picture : corpusPictures())
-        folders.insert(modFileSystem::GetFolderPart(picture.path));
-    for (const QString& path : folders) {
-        const auto files = int(pictureFiles(path).size());
-        for (const int form : {0, 3}) {
-            settings.folderView = form;
-            list(path);
-            EXPECT_LE(lvFolder.count(), files) << path.toStdString();
-            if (form == 3) {
-                EXPECT_EQ(lvFolder.count(), files) << path.toStdString();
-            }
         }
     }
 }

@@ -71,17 +71,3 @@ TEST(PageFiles, ABlackAndWhitePageStaysSmallAndEveryPageKeepsItsPixels) {
     }
     EXPECT_EQ(box.TiffCompression, 0) << "the page's compression is not the user's";
 }
-
-TEST(PageFiles, DeletingTakesOnlyTifFilesOfTheFolderTemp) {
-    QTemporaryDir folder;
-    QDir(folder.path()).mkpath(QStringLiteral("Temp/inner.tif"));
-    for (const char* name : {"Temp/a1_5.tif", "Temp/.b1_5.tif", "Temp/a.jpg", "Temp/noextension",
-                             "Temp/a.tiff", "Temp/inner.tif/c.tif", "source.tif"})
-        writeBytes(folder.filePath(QString::fromLatin1(name)), "x");
-    deletePageFiles(folder.path());
-    QStringList left = QDir(folder.filePath(QStringLiteral("Temp"))).entryList(QDir::Files | QDir::Hidden);
-    EXPECT_EQ(left.join(QLatin1Char(' ')).toStdString(), "a.jpg a.tiff noextension");
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("Temp/inner.tif/c.tif"))));
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("source.tif"))));
-    deletePageFiles(QStringLiteral("/nowhere"));
-}

@@ -69,7 +69,7 @@ protected:
     QString out() const { return path("out"); }
     int written() const { return int(QDir(out()).entryList(QDir::Files).size()); }
     /// Names of the files written, each of which is a JPEG that decodes to its last row.
-    std::string wholePictures() const {
+    std::string completePictures() const {
         const QStringList names = QDir(out()).entryList(QDir::Files, QDir::Name);
         for (const QString& name : names) {
             QImageReader reader(QDir(out()).filePath(name));
@@ -102,7 +102,7 @@ TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
 
     answerDialog("Trip");
     chooseBatchMode();
-    EXPECT_EQ(wholePictures(), "Trip_photo01_.jpg Trip_photo02_.jpg");
+    EXPECT_EQ(completePictures(), "Trip_photo01_.jpg Trip_photo02_.jpg");
     EXPECT_EQ(panel("status"), "2 written, 0 skipped, 0 failed");
     EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0);
 
@@ -140,7 +140,7 @@ TEST_F(Batch, CancelAndCloseInTheMiddleKeepTheFilesMadeSoFar) {
     chooseBatchMode();
     EXPECT_FALSE(window().isVisible());
     EXPECT_LT(written(), before + 12);
-    wholePictures();
+    completePictures();
     loadConfiguration(programFolder());
     EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0) << "stored by the end in the middle of the run";
 }
@@ -168,7 +168,7 @@ TEST_F(Batch, TheResultListShowsWhichFilesWereSkippedOrFailedAndWhy) {
     });
     chooseBatchMode();
     EXPECT_TRUE(report.contains(QStringLiteral("photo03"))) << report.toStdString();
-    EXPECT_EQ(wholePictures(), "T_photo01_.jpg T_photo02_.jpg T_photo04_.jpg");
+    EXPECT_EQ(completePictures(), "T_photo01_.jpg T_photo02_.jpg T_photo04_.jpg");
     EXPECT_EQ(panel("status"), "2 written, 1 skipped, 1 failed");
     auto& results = child<QWidget>(window(), "frmBatchResults");
     const QAbstractItemModel& list = *child<ListControl>(results, "lvResults").view()->model();

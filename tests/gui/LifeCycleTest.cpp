@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BrowsePane.h"
-#include "app/FolderTree.h"
 #include "base/SafeFileWriter.h"
+#include "collections/forms/BrowsePane.h"
+#include "collections/forms/FolderTree.h"
 #include "configuration/ConfigFile.h"
 #include "controls/ElidedLabel.h"
 #include "controls/ListControl.h"
@@ -93,19 +93,6 @@ TEST_F(LifeCycle, TheWindowComesBackWhereItWasAndFitsTheScreen) {
     close();
     start();
     EXPECT_TRUE(screen.contains(window().geometry()));
-}
-
-TEST_F(LifeCycle, UnequalBasketThumbnailsComeBackExchanged) {
-    start();
-    close();
-    ConfigRecord.BasketThumbWidth = 60;
-    ConfigRecord.BasketThumbHeight = 30;
-    subSaveSetup();
-    start();
-    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 60);
-    close();
-    EXPECT_EQ(ConfigRecord.BasketThumbWidth, 30);
-    EXPECT_EQ(ConfigRecord.BasketThumbHeight, 60);
 }
 
 TEST_F(LifeCycle, ASecondInstanceIsRefusedBeforeItTouchesTheConfiguration) {

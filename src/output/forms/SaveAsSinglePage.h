@@ -11,7 +11,7 @@
 
 namespace tarsel {
 
-/// What the window lends to the batch save.
+/// What the batch save works on.
 struct SaveAsLists {
     const ListView& lvPages;
     const ListView& lvEditBatch;

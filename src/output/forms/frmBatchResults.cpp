@@ -33,6 +33,18 @@ QString iconOf(Severity severity) {
     return QLatin1String(icons[size_t(severity)]);
 }
 
+QString shownState(RowState state) {
+    switch (state) {
+    case RowState::Written:
+        return frmBatchResults::tr("written");
+    case RowState::Skipped:
+        return frmBatchResults::tr("skipped");
+    case RowState::Failed:
+        break;
+    }
+    return frmBatchResults::tr("failed");
+}
+
 } // namespace
 
 QString resultSummary(const std::vector<RowResult>& results) {
@@ -94,7 +106,7 @@ void frmBatchResults::addRows(std::vector<RowResult> results) {
     });
     for (const RowResult& result : results) {
         ListRow row;
-        row.text = rowStateText(result.state);
+        row.text = shownState(result.state);
         row.tag = result.target;
         row.subItems = {result.source, result.target, result.reason()};
         row.iconKey = iconOf(severityOf(result));
@@ -117,7 +129,7 @@ ListControl* frmBatchResults::makeList() {
 void frmBatchResults::openFolder() {
     int row = m_rows.selectedIndex();
     for (int i = 0; row < 0 && i < m_rows.count(); ++i)
-        if (m_rows.row(i).text == rowStateText(RowState::Written))
+        if (m_rows.row(i).text == shownState(RowState::Written))
             row = i;
     if (row >= 0)
         service<SystemServices>().shellOpen(QFileInfo(m_rows.row(row).tag).path());

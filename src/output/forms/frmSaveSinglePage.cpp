@@ -106,12 +106,10 @@ void frmSaveSinglePage::connectButtons() {
     connect(m_ui->cmdExit, &QPushButton::clicked, this, &frmSaveSinglePage::cmdExit_Click);
     connect(m_ui->cmdDestinationFolder, &QPushButton::clicked, this, &frmSaveSinglePage::browseFolder);
     connect(m_ui->cmdImportEXIF, &QPushButton::clicked, this, [this] {
-        browseImport(m_ui->txtImportEXIF, QStringLiteral("Open EXIF .xiff file"),
-                     QStringLiteral("EXIF file (*.xiff)|*.xiff"));
+        browseImport(m_ui->txtImportEXIF, tr("Open EXIF .xiff file"), tr("EXIF file (*.xiff)|*.xiff"));
     });
     connect(m_ui->cmdImportIPTC, &QPushButton::clicked, this, [this] {
-        browseImport(m_ui->txtImportIPTC, QStringLiteral("Open IPTC .ffo file"),
-                     QStringLiteral("IPTC file (*.ffo)|*.ffo"));
+        browseImport(m_ui->txtImportIPTC, tr("Open IPTC .ffo file"), tr("IPTC file (*.ffo)|*.ffo"));
     });
     connect(m_ui->chkProcessEditingList, &QCheckBox::toggled, this, &frmSaveSinglePage::showTasks);
 }
@@ -191,9 +189,9 @@ bool frmSaveSinglePage::countIsAccepted() {
     };
     const QString count = m_ui->cboRenameGeneric->currentText().trimmed();
     if (count.isEmpty())
-        return refuse(QStringLiteral("The count variable cannot be empty!"));
+        return refuse(tr("The count variable cannot be empty!"));
     if (!namingCounts().contains(count) && !isNumeric(count))
-        return refuse(QStringLiteral("Count should be numeric!"));
+        return refuse(tr("Count should be numeric!"));
     return true;
 }
 

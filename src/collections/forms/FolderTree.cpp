@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/FolderTree.h"
+#include "collections/forms/FolderTree.h"
 
 #include "controls/LineIcon.h"
 
@@ -43,7 +43,7 @@ FolderTree::~FolderTree() {
 FolderTree::FolderTree(QWidget* parent) :
     QTreeView(parent), m_model(new QFileSystemModel(this)), m_icons(std::make_unique<FolderIcons>()) {
     setObjectName(QStringLiteral("ftvBrowse"));
-    setAccessibleName(QStringLiteral("Folders"));
+    setAccessibleName(tr("Folders"));
     m_model->setIconProvider(m_icons.get());
     m_model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | QDir::Drives);
     m_model->setRootPath(QDir::rootPath());

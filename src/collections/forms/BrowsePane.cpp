@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BrowsePane.h"
+#include "collections/forms/BrowsePane.h"
 
-#include "app/FolderTree.h"
-#include "app/PaneParts.h"
+#include "collections/forms/FolderTree.h"
 #include "controls/ActionTable.h"
 #include "controls/ListControl.h"
+#include "controls/PaneCaption.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -60,6 +60,8 @@ QWidget* BrowsePane::makeTaskPanel(const ActionTable& actions) {
     int index = 0;
     for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_2", "cmdEditBar_3"}) {
         bar->addWidget(actions.makeButton(name, picEditBar));
+        addAction(&actions.action(name)); // for its shortcut while the other tab is on show
+        addAction(&actions.action(name)); // its shortcut works while the other tab is on show, too
         connect(&actions.action(name), &QAction::triggered, this,
                 [this, index] { Q_EMIT cmdEditBar(index); });
         ++index;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ImageBoxView.h"
+#include "collections/forms/ImageBoxView.h"
 
-#include "app/PictureImage.h"
+#include "collections/forms/PictureImage.h"
 
 #include <QPainter>
 
@@ -10,7 +10,7 @@ namespace tarsel {
 ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QWidget(parent), m_box(box) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setAccessibleName(QStringLiteral("Preview of the selected picture"));
+    setAccessibleName(tr("Preview of the selected picture"));
 }
 
 void ImageBoxView::boxChanged() {
@@ -37,7 +37,7 @@ void ImageBoxView::paintEvent(QPaintEvent*) {
         drawScaled();
     if (!m_isShowing) {
         painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("No picture"));
+        painter.drawText(rect(), Qt::AlignCenter, tr("No picture"));
         return;
     }
     const QSizeF drawn = m_scaled.deviceIndependentSize();

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/PreviewPane.h"
+#include "collections/forms/PreviewPane.h"
 
-#include "app/ImageBoxView.h"
-#include "app/PaneParts.h"
+#include "collections/forms/ImageBoxView.h"
 #include "controls/ActionTable.h"
+#include "controls/PaneCaption.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,7 +34,7 @@ void PreviewPane::setPreviewType(int type) {
     m_shownType = type == 0 ? 0 : 1;
     QAction& item = m_actions.action(m_shownType == 0 ? "mnuPreviewOriginal" : "mnuPreviewOptimized");
     item.setChecked(true);
-    m_actions.action("cmdPreviewType").setText(item.text() + QLatin1Char(' '));
+    m_actions.action("cmdPreviewType").setIconText(item.text() + QLatin1Char(' '));
 }
 
 /// Picking the item that is checked already does nothing.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/PictureImage.h"
+#include "collections/forms/PictureImage.h"
 
 namespace tarsel {
 

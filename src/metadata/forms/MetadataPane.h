@@ -22,7 +22,7 @@ public:
     void showTab(int tab); ///< 0 EXIF, 1 IPTC
 
 private:
-    ListControl* addList(ListView& list, const char* name, const char* meaning);
+    ListControl* addList(ListView& list, const char* name, const QString& meaning);
 
     ListControl* m_exif;
     ListControl* m_iptc;

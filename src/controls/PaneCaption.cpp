@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/PaneParts.h"
+#include "controls/PaneCaption.h"
 
 #include <QLabel>
 

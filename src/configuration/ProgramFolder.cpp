@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/ProgramFolder.h"
+#include "configuration/ProgramFolder.h"
 
 #include "base/TrappedError.h"
 
@@ -21,13 +21,6 @@ QString samplesFolder() {
     const QString folder =
         QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" TARSEL_SAMPLES));
     return QDir(folder).exists() ? folder : QString();
-}
-
-void deleteFilesWithoutExtension(const QString& temporaryFolder) {
-    const QDir folder(temporaryFolder);
-    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::System))
-        if (!name.contains(QLatin1Char('.')))
-            QFile::remove(folder.filePath(name));
 }
 
 } // namespace tarsel

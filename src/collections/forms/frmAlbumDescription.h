@@ -9,7 +9,7 @@ class QPlainTextEdit;
 
 namespace tarsel {
 
-/// Gives one basket row its description.
+/// Edits the description of one basket row.
 class frmAlbumDescription final : public QDialog {
     Q_OBJECT
 public:

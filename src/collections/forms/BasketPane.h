@@ -13,7 +13,7 @@ namespace tarsel {
 class ActionTable;
 class ListControl;
 
-/// The basket's list with its buttons and its menus.
+/// The basket's list with its buttons and its menus. Titles and descriptions are edited here.
 class BasketPane final : public QWidget {
     Q_OBJECT
 public:
@@ -28,14 +28,18 @@ Q_SIGNALS:
     void cmdPagesOpen();
     void cmdPagesSave();
     void cmdPagesDelete();
-    void saveAsJpegFiles(); ///< "JPEG files (batch mode)"
-    void addDescription();
-    void renameTitle();
+    void saveAsJpegFiles();                          ///< "JPEG files (batch mode)"
+    void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
+    void titleRefused(const QString& reason);
 
 private:
     QLayout* makeBar();
     QToolButton* makeSaveAs();
+    void connectList();
     void connectActions();
+    void addDescription();
+    void renameTitle();
+    bool acceptTitle(const QString& title);
 
     const ActionTable& m_actions;
     ListControl* m_list;

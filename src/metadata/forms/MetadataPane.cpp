@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/MetadataPane.h"
+#include "metadata/forms/MetadataPane.h"
 
 #include "controls/ListControl.h"
 
@@ -10,14 +10,14 @@
 namespace tarsel {
 
 MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, QWidget* parent) :
-    QWidget(parent), m_exif(addList(lvExif, "lvExif", "EXIF attributes")),
-    m_iptc(addList(lvIPTC, "lvIPTC", "IPTC attributes")), m_tabs(new QTabBar(this)) {
+    QWidget(parent), m_exif(addList(lvExif, "lvExif", tr("EXIF attributes"))),
+    m_iptc(addList(lvIPTC, "lvIPTC", tr("IPTC attributes"))), m_tabs(new QTabBar(this)) {
     setObjectName(QStringLiteral("PicMetadata"));
     m_tabs->setObjectName(QStringLiteral("tbsMetadata"));
     m_tabs->setDocumentMode(true);
     m_tabs->setExpanding(false);
-    m_tabs->addTab(QStringLiteral("EXIF"));
-    m_tabs->addTab(QStringLiteral("IPTC"));
+    m_tabs->addTab(tr("EXIF"));
+    m_tabs->addTab(tr("IPTC"));
     auto* lists = new QStackedWidget(this);
     lists->addWidget(m_exif);
     lists->addWidget(m_iptc);
@@ -33,10 +33,10 @@ void MetadataPane::showTab(int tab) {
     m_tabs->setCurrentIndex(tab);
 }
 
-ListControl* MetadataPane::addList(ListView& list, const char* name, const char* meaning) {
+ListControl* MetadataPane::addList(ListView& list, const char* name, const QString& meaning) {
     auto* control = new ListControl(list, this);
     control->setObjectName(QLatin1String(name));
-    control->setAccessibleName(QLatin1String(meaning));
+    control->setAccessibleName(meaning);
     control->setFullRowSelect(true);
     return control;
 }

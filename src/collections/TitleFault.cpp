@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/TitleFault.h"
+#include "collections/TitleFault.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -11,22 +11,21 @@ namespace {
 /// Bytes that a file system allows for a name, less those of the extension.
 constexpr qsizetype longestTitle = 255 - 4;
 
-QString translated(const char* text) {
-    return QCoreApplication::translate("TitleFault", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(TitleFault)
+};
 
 } // namespace
 
 QString titleFault(const QString& title) {
     if (title.trimmed().isEmpty())
-        return translated(QT_TRANSLATE_NOOP("TitleFault", "The title was not changed: it can't be empty."));
+        return Texts::tr("The title was not changed: it can't be empty.");
     for (const QChar character : {QChar(u'/'), QChar(u'\0')})
         if (title.contains(character))
-            return translated(
-                       QT_TRANSLATE_NOOP("TitleFault", "The title was not changed: it can't contain %1."))
+            return Texts::tr("The title was not changed: it can't contain %1.")
                 .arg(character.isNull() ? QStringLiteral("NUL") : QStringLiteral("\"/\""));
     if (QFile::encodeName(title).size() > longestTitle)
-        return translated(QT_TRANSLATE_NOOP("TitleFault", "The title was not changed: it is too long."));
+        return Texts::tr("The title was not changed: it is too long.");
     return {};
 }
 

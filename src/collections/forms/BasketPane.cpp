@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/BasketPane.h"
+#include "collections/forms/BasketPane.h"
 
-#include "app/PaneParts.h"
+#include "collections/TitleFault.h"
+#include "collections/forms/PictureImage.h"
+#include "collections/forms/frmAlbumDescription.h"
 #include "controls/ActionTable.h"
 #include "controls/ListControl.h"
+#include "controls/PaneCaption.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,15 +19,16 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
     QWidget(parent), m_actions(actions), m_list(new ListControl(lvPages, this)) {
     m_list->setObjectName(QStringLiteral("lvPages"));
     m_list->setAccessibleName(tr("Pictures and pages in the basket"));
+    m_list->setPixmapMaker(pixmapOf);
     m_list->setRowsDraggable();
+    m_list->acceptRowsOf(m_list);
     m_list->setHint(tr("Select pictures above and press \"Add to basket\", or drag them here."));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);
     rows->addLayout(makeBar());
     rows->addWidget(m_list, 1);
-    connect(m_list, &ListControl::rowDoubleClicked, this, &BasketPane::addDescription);
-    connect(m_list, &ListControl::deleteReleased, this, &BasketPane::cmdPagesDelete);
+    connectList();
     connectActions();
 }
 
@@ -53,6 +57,15 @@ QToolButton* BasketPane::makeSaveAs() {
     return cmdSaveAs;
 }
 
+void BasketPane::connectList() {
+    m_list->list().setTextCheck([this](const QString& title) { return acceptTitle(title); });
+    const auto choose = [this] { Q_EMIT rowChosen(m_list->list(), m_list->list().selectedIndex()); };
+    connect(m_list, &ListControl::rowClicked, this, choose);
+    connect(m_list, &ListControl::arrowReleased, this, choose);
+    connect(m_list, &ListControl::rowDoubleClicked, this, &BasketPane::addDescription);
+    connect(m_list, &ListControl::deleteReleased, this, &BasketPane::cmdPagesDelete);
+}
+
 void BasketPane::connectActions() {
     const auto join = [this](const char* name, void (BasketPane::*signal)()) {
         connect(&m_actions.action(name), &QAction::triggered, this, signal);
@@ -62,16 +75,38 @@ void BasketPane::connectActions() {
     join("cmdPagesSave", &BasketPane::cmdPagesSave);
     join("cmdPagesDelete", &BasketPane::cmdPagesDelete);
     join("mnuSaveAsJpeg", &BasketPane::saveAsJpegFiles);
-    join("mnuAddDescription", &BasketPane::addDescription);
-    join("mnuRenameTitle", &BasketPane::renameTitle);
+    connect(&m_actions.action("mnuAddDescription"), &QAction::triggered, this, &BasketPane::addDescription);
+    connect(&m_actions.action("mnuRenameTitle"), &QAction::triggered, this, &BasketPane::renameTitle);
     // F2 renames where the rows are, not in the other lists.
     QAction& rename = m_actions.action("mnuRenameTitle");
     rename.setShortcutContext(Qt::WidgetWithChildrenShortcut);
     m_list->addAction(&rename);
+    // The list itself removes its rows, when the key is released.
+    m_actions.action("cmdPagesDelete").setShortcutContext(Qt::WidgetShortcut);
     QMenu* menu =
         m_actions.makeMenu("mnuContext", {"mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete"}, this);
     connect(m_list, &ListControl::menuWanted, menu,
             [menu](const QPoint& position) { menu->popup(position); });
+}
+
+void BasketPane::addDescription() {
+    const int row = m_list->list().selectedIndex();
+    if (row >= 0)
+        frmAlbumDescription(m_list->list(), row, this).exec();
+}
+
+void BasketPane::renameTitle() {
+    const int row = m_list->list().selectedIndex();
+    if (row >= 0)
+        m_list->editText(row);
+}
+
+/// Titles become file names: the list keeps the old one where a file could not have the new one.
+bool BasketPane::acceptTitle(const QString& title) {
+    const QString fault = titleFault(title);
+    if (!fault.isEmpty())
+        Q_EMIT titleRefused(fault);
+    return fault.isEmpty();
 }
 
 } // namespace tarsel

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/frmAlbumDescription.h"
+#include "collections/forms/frmAlbumDescription.h"
 
 #include "collections/Basket.h"
 
@@ -13,26 +13,25 @@ namespace tarsel {
 frmAlbumDescription::frmAlbumDescription(ListView& lvPages, int row, QWidget* owner) :
     QDialog(owner), m_pages(lvPages), m_row(row), txtDescription(new QPlainTextEdit(this)) {
     setObjectName(QStringLiteral("frmAlbumDescription"));
-    setWindowTitle(QStringLiteral("Add description"));
-    auto* lblFile =
-        new QLabel(QStringLiteral("Description of the image - '%1'").arg(lvPages.row(row).text), this);
+    setWindowTitle(tr("Add description"));
+    auto* lblFile = new QLabel(tr("Description of the image - '%1'").arg(lvPages.row(row).text), this);
     lblFile->setObjectName(QStringLiteral("lblFile"));
     txtDescription->setObjectName(QStringLiteral("txtDescription"));
-    txtDescription->setAccessibleName(QStringLiteral("Description"));
+    txtDescription->setAccessibleName(tr("Description"));
     txtDescription->setTabChangesFocus(true);
     // "Add" replaces the row's description, so that an empty box would delete it.
     txtDescription->setPlainText(lvPages.subItem(row, BasketColumn::Description));
     txtDescription->moveCursor(QTextCursor::End);
     auto* note =
-        new QLabel(QStringLiteral("Note: Don't use double quote (\") in the description if you plan to "
-                                  "save the image basket"),
+        new QLabel(tr("Note: Don't use double quote (\") in the description if you plan to save the image "
+                      "basket"),
                    this);
     note->setObjectName(QStringLiteral("Label2"));
     note->setWordWrap(true);
-    auto* cmdAdd = new QPushButton(QStringLiteral("&Add"), this);
+    auto* cmdAdd = new QPushButton(tr("&Add"), this);
     cmdAdd->setObjectName(QStringLiteral("cmdAdd"));
     cmdAdd->setDefault(true);
-    auto* cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    auto* cmdCancel = new QPushButton(tr("&Cancel"), this);
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(txtDescription, &QPlainTextEdit::textChanged, this, &frmAlbumDescription::dropQuotes);
     connect(cmdAdd, &QPushButton::clicked, this, &frmAlbumDescription::cmdAdd_Click);

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace tarsel {
+
+/// The program folder of this user: it holds the configuration and the folder Temp. Made when it is missing;
+/// error 76 when that fails.
+QString makeProgramFolder();
+
+/// The folder of the sample pictures that come with the program; empty when there is none.
+QString samplesFolder();
+
+} // namespace tarsel

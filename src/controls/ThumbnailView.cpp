@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/ThumbnailView.h"
+
+namespace tarsel {
+
+ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
+    setFlow(LeftToRight);
+    setWrapping(true);
+    setResizeMode(Adjust);
+    setUniformItemSizes(true);
+    setSelectionRectVisible(true);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle);
+    setSpacing(4);
+}
+
+/// A change of the rows drops the layout, which is made again later; painting before that would show an empty
+/// list.
+void ThumbnailView::paintEvent(QPaintEvent* event) {
+    executeDelayedItemsLayout();
+    QListView::paintEvent(event);
+}
+
+void ThumbnailView::initViewItemOption(QStyleOptionViewItem* option) const {
+    QListView::initViewItemOption(option);
+    option->decorationPosition = QStyleOptionViewItem::Top;
+    option->decorationAlignment = Qt::AlignCenter;
+    option->displayAlignment = Qt::AlignCenter;
+    option->showDecorationSelected = false;
+}
+
+/// Cells keep their size: unlike the base class, this lays nothing out. A row out of view costs no repaint.
+void ThumbnailView::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+    const bool oneRow = first.row() == last.row();
+    if (oneRow && isVisible() && !visualRect(first).intersects(viewport()->rect()))
+        return;
+    QAbstractItemView::dataChanged(first, last, roles);
+}
+
+} // namespace tarsel

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QListView>
+
+namespace tarsel {
+
+/// Shows rows as pictures with their names below, in cells of one size from left to right.
+///
+/// It is a QListView in list mode: with a fixed grid that mode places fifty thousand cells in a moment, while
+/// the icon mode keeps a search tree of them.
+class ThumbnailView : public QListView {
+    Q_OBJECT
+public:
+    explicit ThumbnailView(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
+};
+
+} // namespace tarsel
