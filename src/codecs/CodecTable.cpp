@@ -2,13 +2,14 @@
 #include "codecs/Codec.h"
 
 #include "codecs/BmpCodec.h"
-#include "codecs/ForeignCodecs.h"
+#include "codecs/GifCodec.h"
 #include "codecs/JpegCodec.h"
 #include "codecs/PcxCodec.h"
 #include "codecs/PictureFile.h"
 #include "codecs/PngCodec.h"
 #include "codecs/PsdCodec.h"
 #include "codecs/TiffCodec.h"
+#include "codecs/WbmpCodec.h"
 
 #include <QFileInfo>
 #include <algorithm>

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "codecs/ForeignCodecs.h"
+#include "codecs/WbmpCodec.h"
 
-#include "base/Stop.h"
 #include "bytes/ByteReader.h"
-#include "codecs/DecoderPool.h"
+#include "codecs/CodecChecks.h"
+#include "codecs/SourceStream.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
 
 namespace tarsel {
 
@@ -64,11 +68,24 @@ int onePage(const PictureSource&, const QString&) {
 }
 
 DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int) {
-    wbmpHeader(source, name);
-    const QByteArray bytes = source.all();
-    return {
-        DecoderPool::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}, currentStop()),
-        {}};
+    const PictureHeader header = wbmpHeader(source, name);
+    Picture picture(header.width, header.height, 3);
+    const PixelView target = picture.edit();
+    SourceStream stream(source, readHeader(source)->pixelOffset);
+    std::vector<std::uint8_t> row(std::size_t(header.width + 7) / 8);
+    QString damage;
+    for (int y = 0; y < header.height; ++y) {
+        if (damage.isEmpty() && stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) {
+            if (y == 0)
+                failDecoding({"WBMP", name, source.size()}, QStringLiteral("no pixels"));
+            damage = QStringLiteral("file is truncated");
+        }
+        if (!damage.isEmpty())
+            std::ranges::fill(row, std::uint8_t(255)); // white where the file has nothing
+        for (int x = 0; x < header.width; ++x)
+            std::memset(target.pixel(x, y), row[std::size_t(x) / 8] >> (7 - x % 8) & 1 ? 255 : 0, 3);
+    }
+    return {std::move(picture), {}, std::move(damage)};
 }
 
 } // namespace
