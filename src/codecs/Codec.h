@@ -39,6 +39,7 @@ struct PixelSize {
 struct ReducedPicture {
     Picture picture;
     PixelSize sourceSize;
+    QByteArray iccProfile = {}; ///< as in the metadata of decode
 };
 
 /// One picture format. The functions read what they need of the source; `name` is the path or another word

@@ -4,6 +4,7 @@
 #include "codecs/BmpCodec.h"
 #include "codecs/GifCodec.h"
 #include "codecs/JpegCodec.h"
+#include "codecs/MetafileCodec.h"
 #include "codecs/PcxCodec.h"
 #include "codecs/PictureFile.h"
 #include "codecs/PngCodec.h"
@@ -19,7 +20,8 @@ namespace tarsel {
 
 std::span<const Codec> codecs() {
     static const std::array table = {
-        jpegCodec(), tiffCodec(), pngCodec(), bmpCodec(), gifCodec(), psdCodec(), pcxCodec(), wbmpCodec(),
+        jpegCodec(), tiffCodec(), pngCodec(),  bmpCodec(), gifCodec(),
+        psdCodec(),  pcxCodec(),  wbmpCodec(), wmfCodec(), emfCodec(),
     };
     return table;
 }

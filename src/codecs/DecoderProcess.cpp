@@ -128,11 +128,12 @@ bool canBeRead(int socket) {
 
 } // namespace
 
-Picture DecoderProcess::decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
+Picture DecoderProcess::decode(const DecoderTask& task, const FileUnderTest& file,
                                const std::stop_token& stop) {
     raiseIfStopped(stop);
-    const Descriptor content = contentDescriptor(bytes, file);
-    send({format, ++m_serial, std::uint64_t(bytes.size())}, content.number(), file);
+    const Descriptor content = contentDescriptor(task.bytes, file);
+    send({task.format, ++m_serial, std::uint64_t(task.bytes.size()), task.size.width, task.size.height},
+         content.number(), file);
     waitForReply(file, stop);
     DecoderReply reply;
     Descriptor pixels;

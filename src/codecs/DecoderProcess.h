@@ -2,6 +2,7 @@
 #pragma once
 
 #include "codecs/ChildProcess.h"
+#include "codecs/Codec.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/DecoderProtocol.h"
 #include "pixels/Picture.h"
@@ -12,6 +13,13 @@
 #include <stop_token>
 
 namespace tarsel {
+
+/// What a decoder is to do.
+struct DecoderTask {
+    DecoderFormat format = DecoderFormat::Metafile;
+    QByteArray bytes;
+    PixelSize size; ///< that the picture is to have
+};
 
 /// The child process in which decoders run that a crafted file can crash. It is started for the first file
 /// and kept for the next ones. One that dies, breaks the protocol or takes too long is ended and costs the
@@ -27,8 +35,7 @@ public:
 
     /// Error 0x8000FFFF with the decoder's own words; as DecoderLost with what became of the process; error
     /// 18 when a stop is requested before the answer, which ends the child.
-    Picture decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
-                   const std::stop_token& stop = {});
+    Picture decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop = {});
 
     pid_t processId() const { return m_child.id(); } ///< 0 when none runs
     bool isWaiting() const { return m_waiting; }     ///< a file was handed over and isn't answered yet

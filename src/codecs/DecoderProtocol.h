@@ -14,13 +14,15 @@ namespace tarsel {
 
 constexpr int DecoderSocket = 3; ///< descriptor that the decoder finds its socket on
 
-enum class DecoderFormat : std::uint32_t { Gif, Wbmp };
+enum class DecoderFormat : std::uint32_t { Metafile };
 
 /// Comes with a descriptor from which the file's bytes can be mapped.
 struct DecoderRequest {
-    DecoderFormat format = DecoderFormat::Gif;
+    DecoderFormat format = DecoderFormat::Metafile;
     std::uint32_t serial = 0; ///< comes back in the reply
     std::uint64_t fileBytes = 0;
+    std::int32_t width = 0; ///< that the picture is to have
+    std::int32_t height = 0;
 };
 
 /// With a picture (width above 0) comes a descriptor that holds its rows from the top, 3 or 4 bytes a pixel,

@@ -58,6 +58,7 @@ DecodedPicture decodePsd(const PictureSource& source, const QString& name, int) 
     const FileUnderTest file = fileOf(source, name);
     EmbeddedMetadata metadata = blocksOf(source, readPsdLayout(source, file));
     PsdPicture psd = readPsd(source, file, metadata.iccProfile);
+    applyGrayProfile(psd.picture, metadata.iccProfile);
     return {std::move(psd.picture), withRgbProfileOnly(std::move(metadata)), std::move(psd.damage)};
 }
 

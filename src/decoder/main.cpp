@@ -2,8 +2,9 @@
 // Decodes the files that come through the socket, one after the other, until the other end is gone. A file
 // that crashes it, or makes it ask for too much memory or time, costs this process alone.
 
-#include "decoder/FreeImageDecoding.h"
+#include "decoder/MetafileDecoding.h"
 
+#include <QThreadPool>
 #include <csignal>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -53,7 +54,16 @@ DecoderReply answer(const DecoderRequest& request, int content, Descriptor& pixe
         complete && size > 0 ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, content, 0) : MAP_FAILED;
     if (file == MAP_FAILED)
         return {0, 0, 0, "its bytes didn't arrive"};
-    const DecoderReply reply = decode(request.format, {static_cast<const std::uint8_t*>(file), size}, pixels);
+    const std::size_t room = std::size_t(request.width) * std::size_t(request.height) * 4;
+    pixels.reset(::memfd_create("pixels", MFD_CLOEXEC));
+    if (!pixels.isOpen() || ::ftruncate(pixels.number(), off_t(room)) != 0)
+        return {0, 0, 0, "no memory for its pixels"};
+    void* target = ::mmap(nullptr, room, PROT_READ | PROT_WRITE, MAP_SHARED, pixels.number(), 0);
+    if (target == MAP_FAILED)
+        return {0, 0, 0, "no memory for its pixels"};
+    const DecoderReply reply =
+        decode(request, {static_cast<const std::uint8_t*>(file), size}, static_cast<std::uint8_t*>(target));
+    ::munmap(target, room);
     ::munmap(file, size);
     return reply;
 }
@@ -61,6 +71,7 @@ DecoderReply answer(const DecoderRequest& request, int content, Descriptor& pixe
 } // namespace
 
 int run() {
+    prepareLibraries();
     limitProcess();
     for (;;) {
         DecoderRequest request;
@@ -79,5 +90,12 @@ int run() {
 } // namespace tarsel::decoder
 
 int main() {
-    return tarsel::decoder::run();
+    // Qt divides large fills among its threads, unless it is in one of them already; none may be started
+    // later.
+    QThreadPool* threads = QThreadPool::globalInstance();
+    threads->setMaxThreadCount(1);
+    int status = 0;
+    threads->start([&status] { status = tarsel::decoder::run(); });
+    threads->waitForDone();
+    return status;
 }

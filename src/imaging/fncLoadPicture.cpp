@@ -4,6 +4,7 @@
 #include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/Codec.h"
+#include "codecs/ColorProfile.h"
 #include "codecs/Flatten.h"
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/ResizeSmooth.h"
@@ -106,11 +107,13 @@ Loaded decodeSmall(const Codec& codec, const Request& request) {
     const PictureHeader header = codec.header(request.bytes, request.path);
     const Size wanted = drawnSize({header.width, header.height}, request.mode, request.box);
     ReducedPicture reduced = codec.decodeReduced(request.bytes, request.path, {wanted.width, wanted.height});
-    return {std::move(reduced.picture), {reduced.sourceSize.width, reduced.sourceSize.height}};
+    return {converted(reduced.picture, reduced.iccProfile),
+            {reduced.sourceSize.width, reduced.sourceSize.height}};
 }
 
 Loaded decodeWhole(const Codec& codec, const Request& request) {
-    Picture picture = codec.decode(request.bytes, request.path, 1).picture;
+    const DecodedPicture decoded = codec.decode(request.bytes, request.path, 1);
+    Picture picture = converted(decoded.picture, decoded.metadata.iccProfile);
     return {picture, {picture.width(), picture.height()}};
 }
 
