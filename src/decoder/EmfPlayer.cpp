@@ -18,7 +18,9 @@ constexpr std::int64_t HeadSize = 8; ///< type 32, size 32; offsets in records c
 class EmfPlayer {
 public:
     EmfPlayer(const MetafileHeader& header, const FontShelf& fonts, QImage& image) :
-        m_canvas(image, deviceToImage(header, image), fonts), m_device(header) {}
+        m_canvas(image, deviceToImage(header, image), fonts), m_device(header) {
+        state().hasFreeAxes = false;
+    }
 
     /// Returns how many records were drawn.
     int play(std::span<const std::byte> file, std::int64_t at) {
@@ -61,12 +63,17 @@ private:
         return path;
     }
 
-    // Mapping. Of the map modes only those with free axes occur together with extents; in the others a unit
-    // is a length.
+    // Mapping. In the map modes 2 to 6 a unit is a length, 7 and 8 have free axes, 1 has the device's units.
 
-    void setWindowSize(Record r) { state().windowSize = point(r, 8); }
+    void setWindowSize(Record r) {
+        if (state().hasFreeAxes)
+            state().windowSize = point(r, 8);
+    }
     void setWindowOrigin(Record r) { state().windowOrigin = point(r, 8); }
-    void setViewportSize(Record r) { state().viewportSize = point(r, 8); }
+    void setViewportSize(Record r) {
+        if (state().hasFreeAxes)
+            state().viewportSize = point(r, 8);
+    }
     void setViewportOrigin(Record r) { state().viewportOrigin = point(r, 8); }
     static QPointF scaled(QPointF size, Record r) {
         const auto factor = [&](int at) {
@@ -79,7 +86,8 @@ private:
     void setMapMode(Record r) {
         constexpr double perMillimeter[] = {0, 0, 10, 100, 1 / 0.254, 1 / 0.0254, 1440 / 25.4};
         const std::uint32_t mode = r.dwordAt(8);
-        if (mode > 6)
+        state().hasFreeAxes = mode > 6;
+        if (state().hasFreeAxes)
             return;
         state().windowSize = state().viewportSize = {1, 1};
         if (mode < 2)
@@ -313,6 +321,13 @@ private:
             font.face += QChar(char16_t(r.wordAt(40 + 2 * i)));
         put(r, fontOf(font));
     }
+    /// Of one bit a pixel, without colours of its own.
+    void createMonoBrush(Record r) {
+        const QByteArray palette("\0\0\0\0\xFF\xFF\xFF\0", 8);
+        const QByteArray header = r.bytesAt(r.dwordAt(16), 40) + palette;
+        put(r, GdiBrush{Qt::TexturePattern, Qt::black,
+                        dibImage(header, r.bytesAt(r.dwordAt(24), r.dwordAt(28))), true});
+    }
     void deleteObject(Record r) { m_objects.erase(r.dwordAt(8)); }
     void select(Record r) {
         const std::uint32_t index = r.dwordAt(8);
@@ -540,7 +555,7 @@ const std::map<std::uint32_t, EmfPlayer::Step>& EmfPlayer::steps() {
                                                         {90, &P::polyPolyline<true>},
                                                         {91, &P::polyPolygon<true>},
                                                         {92, &P::polyDraw<true>},
-                                                        {93, &P::createPatternBrush},
+                                                        {93, &P::createMonoBrush},
                                                         {94, &P::createPatternBrush},
                                                         {95, &P::extCreatePen},
                                                         {108, &P::smallTextOut},

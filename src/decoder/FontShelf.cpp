@@ -16,7 +16,6 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_OUTLINE_H
-#include FT_TRUETYPE_TABLES_H
 
 namespace tarsel::decoder {
 
@@ -24,6 +23,10 @@ namespace {
 
 constexpr int Styles = 4; ///< plain, bold, italic, both
 constexpr std::array Families = {"Arial", "Times New Roman", "Courier New"};
+/// Mean widths of the letters from a to z in ems, plain and bold, of the fonts that drawings are made with.
+constexpr double MeanWidths[][2] = {{0.4895, 0.5386}, {0.4593, 0.4893}, {0.6, 0.6}};
+/// The same of all letters, by which records count that set a width.
+constexpr double NominalWidths[] = {0.441, 0.401, 0.6};
 constexpr std::array Substitutes = {"sans-serif", "serif", "monospace"};
 
 int styleOf(const GdiFont& font) {
@@ -130,14 +133,31 @@ Glyph loadGlyph(FT_Face face, FT_UInt number) {
     return glyph;
 }
 
+double meanWidthOfLetters(FT_Face face) {
+    double sum = 0;
+    for (char32_t letter = U'a'; letter <= U'z'; ++letter)
+        sum += loadGlyph(face, FT_Get_Char_Index(face, letter)).advance;
+    return sum / ('z' - 'a' + 1);
+}
+
+/// A font of the shelf; glyphs of a substitute are made as wide as those of the font that it stands for.
+struct Face {
+    FT_Face face = nullptr;
+    double stretch = 1;
+};
+
+Glyph stretched(Glyph glyph, double stretch) {
+    return {QTransform::fromScale(stretch, 1).map(glyph.outline), glyph.advance * stretch};
+}
+
 } // namespace
 
 struct FontShelf::State {
     FT_Library library = nullptr;
     std::map<std::string, MappedFile> files;
-    std::array<std::array<FT_Face, Styles>, Families.size()> faces = {};
+    std::array<std::array<Face, Styles>, Families.size()> faces = {};
 
-    FT_Face face(const GdiFont& font) const {
+    const Face& face(const GdiFont& font) const {
         return faces[std::size_t(font.kind)][std::size_t(styleOf(font))];
     }
 
@@ -146,8 +166,10 @@ struct FontShelf::State {
         FT_Face face = nullptr;
         if (mapped.data() &&
             FT_New_Memory_Face(library, mapped.data(), mapped.size(), file.index, &face) == 0 &&
-            face->units_per_EM > 0)
-            faces[family][std::size_t(style)] = face;
+            face->units_per_EM > 0) {
+            const double width = meanWidthOfLetters(face);
+            faces[family][std::size_t(style)] = {face, width > 0 ? MeanWidths[family][style & 1] / width : 1};
+        }
     }
 };
 
@@ -168,11 +190,10 @@ FontShelf::~FontShelf() {
 }
 
 Glyph FontShelf::glyph(const GdiFont& font, char32_t character) const {
-    const FT_Face face = m_state->face(font);
-    const FT_Face sans = m_state->faces[0][std::size_t(styleOf(font))];
-    for (const FT_Face candidate : {face, sans})
-        if (const FT_UInt number = candidate ? FT_Get_Char_Index(candidate, character) : 0)
-            return loadGlyph(candidate, number);
+    const Face& sans = m_state->faces[0][std::size_t(styleOf(font))];
+    for (const Face& candidate : {m_state->face(font), sans})
+        if (const FT_UInt number = candidate.face ? FT_Get_Char_Index(candidate.face, character) : 0)
+            return stretched(loadGlyph(candidate.face, number), candidate.stretch);
     return {{}, metrics(font).meanWidth};
 }
 
@@ -182,16 +203,13 @@ Glyph FontShelf::glyphByNumber(const GdiFont& font, unsigned number) const {
 }
 
 FontShelf::Metrics FontShelf::metrics(const GdiFont& font) const {
-    const FT_Face face = m_state->face(font);
-    Metrics metrics;
+    const FT_Face face = m_state->face(font).face;
+    Metrics metrics{.meanWidth = NominalWidths[std::size_t(font.kind)]};
     if (!face)
         return metrics;
     const double unit = face->units_per_EM;
     metrics.ascent = face->ascender / unit;
     metrics.descent = -face->descender / unit;
-    const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
-    if (os2 && os2->xAvgCharWidth > 0)
-        metrics.meanWidth = os2->xAvgCharWidth / unit;
     return metrics;
 }
 

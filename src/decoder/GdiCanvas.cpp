@@ -148,11 +148,22 @@ bool GdiCanvas::setOperation(int operation) {
     return true;
 }
 
+QImage GdiCanvas::patternOf(const GdiBrush& brush) const {
+    QImage pattern = brush.pattern;
+    for (int y = 0; y < pattern.height() && brush.hasTextColors; ++y) {
+        auto* row = reinterpret_cast<QRgb*>(pattern.scanLine(y));
+        std::transform(row, row + pattern.width(), row, [&](QRgb pixel) {
+            return (pixel == qRgb(0, 0, 0) ? m_state.textColor : m_state.backColor).rgb();
+        });
+    }
+    return pattern;
+}
+
 void GdiCanvas::fill(const QPainterPath& path, const GdiBrush& brush) {
     constexpr int black = 1, white = 16;
     if (brush.style == Qt::TexturePattern) {
         if (!brush.pattern.isNull())
-            m_painter.fillPath(path, QBrush(brush.pattern));
+            m_painter.fillPath(path, QBrush(patternOf(brush)));
         return;
     }
     QColor color = brush.color;

@@ -25,6 +25,7 @@ struct GdiState {
     QTransform world;
     QPointF windowOrigin{0, 0}, windowSize{1, 1};
     QPointF viewportOrigin{0, 0}, viewportSize{1, 1};
+    bool hasFreeAxes = true; ///< else a record that sets a size of window or viewport counts for nothing
     GdiPen pen;
     GdiBrush brush;
     GdiFont font;
@@ -103,6 +104,7 @@ private:
     QTransform pageTransform() const;
     QTransform transform() const { return m_state.world * pageTransform(); }
     QPainterPath toImage(const QPainterPath& logical) const;
+    QImage patternOf(const GdiBrush& brush) const;
     double scale() const;
     static double within(double value);
     double sweepSign() const;

@@ -25,7 +25,8 @@ struct GdiPen {
 struct GdiBrush {
     Qt::BrushStyle style = Qt::SolidPattern;
     QColor color = Qt::white;
-    QImage pattern = {}; ///< of Qt::TexturePattern
+    QImage pattern = {};        ///< of Qt::TexturePattern
+    bool hasTextColors = false; ///< black of the pattern stands for the text's colour, white for its ground
 };
 
 struct GdiFont {

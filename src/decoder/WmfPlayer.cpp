@@ -169,14 +169,13 @@ private:
         region.outline.addRect(QRectF(r.pointAt(14, true), r.pointAt(18, true)).normalized());
         create(region);
     }
-    /// Kind of brush, use of the palette, bitmap; kind 3 is a bitmap of the device.
+    /// Kind of brush, use of the palette, bitmap.
     void createDibBrush(Record r) {
-        const QByteArray bitmap = r.bytesAt(4, r.size());
-        create(GdiBrush{Qt::TexturePattern, Qt::black,
-                        r.wordAt(0) == 3 ? deviceBitmapImage(bitmap, 10) : packedDibImage(bitmap)});
+        create(GdiBrush{Qt::TexturePattern, Qt::black, packedDibImage(r.bytesAt(4, r.size()))});
     }
     void createPatternBrush(Record r) {
-        create(GdiBrush{Qt::TexturePattern, Qt::black, deviceBitmapImage(r.bytesAt(0, r.size()), 32)});
+        create(GdiBrush{Qt::TexturePattern, Qt::black, deviceBitmapImage(r.bytesAt(0, r.size()), 32),
+                        r.byteAt(9) == 1});
     }
     void select(Record r) {
         const unsigned index = r.wordAt(0);
