@@ -66,8 +66,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QApplication application(argc, argv);
-    QtDesktop desktop;
-    const DesktopScope scope(desktop);
+    const QtDesktop desktop;
     const QTemporaryDir home;
     frmMain window({home.path(), home.path(), {}});
     if (!window.Form_Load())

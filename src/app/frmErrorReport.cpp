@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmErrorReport.h"
 
-#include "base/ErrorReport.h"
+#include "base/ErrorTrap.h"
+#include "base/SendReport.h"
 
 #include <QCoreApplication>
 #include <QFormLayout>

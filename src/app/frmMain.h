@@ -34,7 +34,7 @@ public:
     struct StartupOptions {
         QString programFolder;                        ///< exists and is writable
         QString samplesFolder;                        ///< listed at the first start; may be empty
-        std::function<void()> seedRandomNumbers = {}; ///< starts the desktop's random numbers
+        std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
     };
 
     explicit frmMain(StartupOptions options);

@@ -10,7 +10,7 @@
 #include "app/ProgramIdentity.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
@@ -43,7 +43,7 @@ QSize qtSize(Size size) {
 // --- Form_Load
 
 bool frmMain::Form_Load() {
-    trap("FrmMain.Form_Load", [this] {
+    std::ignore = trap("FrmMain.Form_Load", [this] {
         TrappingString = QStringLiteral("Loading all controls and settings");
         if (refuseSecondInstance())
             return;
@@ -64,10 +64,10 @@ bool frmMain::refuseSecondInstance() {
     m_instance->setStaleLockTime(0);
     if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
         return false;
-    desktop().messageBox(QStringLiteral("There is already an instance of %1 running!\n"
-                                        "Multiple instance is unsupported.")
-                             .arg(programIdentity::title),
-                         MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+    service<Dialogs>().messageBox(QStringLiteral("There is already an instance of %1 running!\n"
+                                                 "Multiple instance is unsupported.")
+                                      .arg(programIdentity::title),
+                                  MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
     return true;
 }
 
@@ -78,7 +78,7 @@ void frmMain::subSetup() {
         &frmMain::buildApplicationName, &frmMain::takeThumbnailSizes, &frmMain::fillMetadataCatalogue,
         &frmMain::clearStatusPanel,     &frmMain::showEmptyBasket,
     };
-    trap("FrmMain.subSetup", [this] {
+    std::ignore = trap("FrmMain.subSetup", [this] {
         TrappingString = QStringLiteral("Setting up Main Application");
         for (const Step step : steps)
             (this->*step)();
@@ -151,7 +151,7 @@ void frmMain::showEmptyBasket() {
 }
 
 void frmMain::subUpdateForm() {
-    trap("FrmMain.subUpdateForm", [this] {
+    std::ignore = trap("FrmMain.subUpdateForm", [this] {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
@@ -230,7 +230,7 @@ void frmMain::Form_Unload() {
 }
 
 void frmMain::subEnd() {
-    trap("FrmMain.subEnd", [this] {
+    std::ignore = trap("FrmMain.subEnd", [this] {
         TrappingString = QStringLiteral("Saving Settings before termination");
         storePositions();
         forEachColumnWidth([](ListControl& list, int column, qint16& width) {

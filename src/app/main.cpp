@@ -33,12 +33,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
 
     QtDesktop desktop;
-    const DesktopScope scope(desktop);
     QString programFolder;
-    if (!trap("main", [&] { programFolder = makeProgramFolder(); }))
+    if (trap("main", [&] { programFolder = makeProgramFolder(); }))
         return 1;
     frmMain window({programFolder, samplesFolder(),
-                    [&] { desktop.seedRandomNumbers(quint32(QDateTime::currentMSecsSinceEpoch())); }});
+                    [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); }});
     if (!window.Form_Load())
         return 1;
     // exit, since quit would ask windows again, and a message box without a Cancel button refuses.

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ErrorReport.h"
 #include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
 
 #include <exception>
+#include <optional>
+#include <tuple> // std::ignore
 #include <utility>
 
 namespace tarsel {
@@ -16,42 +19,31 @@ inline QString TrappingString;
 /// up.
 inline QString ApplicationName;
 
-/// The fields of an error report, filled by GlobalErrorHandler.
-struct ErrorReport {
-    QString ErrApplicationVersion; ///< major "." minor "." revision
-    QString ErrRoutine;            ///< name of the routine that trapped, such as "FrmMain.subEnd"
-    qint16 ErrLine = 0;            ///< source line of the failing step
-    QString ErrTrappingString;     ///< copy of TrappingString
-    QString ErrSystem;             ///< error number, " - ", description
-};
+/// Fills a report, shows it to the user and returns it.
+ErrorReport GlobalErrorHandler(const QString& description, qint32 number, qint16 line,
+                               const QString& routine);
 
-/// The report that GlobalErrorHandler filled last.
-const ErrorReport& lastErrorReport();
-
-/// Fills the report and shows it through the Desktop.
-void GlobalErrorHandler(const QString& description, qint32 number, qint16 line, const QString& routine);
-
-/// Hands the exception that is being handled to GlobalErrorHandler. Lines beyond 16 bits are reported as the
+/// Passes the exception that is being handled to GlobalErrorHandler. Lines beyond 16 bits are reported as the
 /// largest one; an exception that isn't a TrappedError has no known line and reports 0.
-void reportTrapped(const char* routine);
+ErrorReport reportTrapped(const char* routine);
 
 /// Ends the program: the trap and its report belong to the main thread.
 void requireMainThread(const char* routine);
 
-/// Runs `body` and, when it throws, reports the error under the routine's name and returns normally.
-/// Returns true when the body ran to its end.
+/// Runs `body` and, when it throws, reports the error under the routine's name and returns the report.
+/// Returns nothing when the body ran to its end. A caller for whom both are the same says so with
+/// `std::ignore = trap(…)`.
 template <class Body>
-bool trap(const char* routine, Body&& body) {
+[[nodiscard]] std::optional<ErrorReport> trap(const char* routine, Body&& body) {
     requireMainThread(routine);
     try {
         std::forward<Body>(body)();
-        return true;
+        return std::nullopt;
     } catch (const TrappedError&) {
-        reportTrapped(routine);
+        return reportTrapped(routine);
     } catch (const std::exception&) {
-        reportTrapped(routine);
+        return reportTrapped(routine);
     }
-    return false;
 }
 
 } // namespace tarsel

@@ -14,15 +14,15 @@ bool mayReplace(const QString& path) {
     const QString question =
         QCoreApplication::translate("SaveFileDialog", "%1 already exists.\nDo you want to replace it?")
             .arg(QFileInfo(path).fileName());
-    return desktop().messageBox(question, MessageIcon::Question, MessageButtons::YesNo, ApplicationName) ==
-           MessageAnswer::Yes;
+    return service<Dialogs>().messageBox(question, MessageIcon::Question, MessageButtons::YesNo,
+                                         ApplicationName) == MessageAnswer::Yes;
 }
 
 } // namespace
 
 std::optional<FileDialogChoice>
 saveFileDialogFor(FileDialogRequest request, QString (*writtenPath)(int filterIndex, const QString& path)) {
-    while (const auto choice = desktop().saveFileDialog(request)) {
+    while (const auto choice = service<Dialogs>().saveFileDialog(request)) {
         const QString written = writtenPath(choice->filterIndex, choice->path);
         if (written == choice->path || !QFileInfo::exists(written) || mayReplace(written))
             return choice;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 
 #include <QString>
 #include <optional>

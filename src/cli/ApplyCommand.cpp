@@ -7,7 +7,7 @@
 #include "cli/RowReport.h"
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
-#include "codecs/Codec.h"
+#include "codecs/Formats.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
 #include "output/LoadSource.h"
@@ -24,26 +24,15 @@ constexpr OptionSpec options[] = {
     {"json", nullptr, "one JSON object: row, source, target, state, reason"},
 };
 
-QString writableExtensions() {
-    QStringList extensions;
-    for (const Codec& codec : codecs())
-        if (codec.encode)
-            extensions += codec.extensions;
-    return extensions.join(QStringLiteral(", "));
-}
-
 void requireWritable(const QString& path) {
-    const Codec* codec = codecForExtension(modFileSystem::GetFileExtension(path).toLower());
-    if (!codec || !codec->encode)
+    if (!isWritable(modFileSystem::GetFileExtension(path).toLower()))
         throw UsageError{QStringLiteral("%1: the extension names no format that can be written (%2)")
-                             .arg(path, writableExtensions())};
+                             .arg(path, writableExtensions().join(QStringLiteral(", ")))};
 }
 
 /// For other formats the tasks see the picture on white, as in a batch.
 bool holdsAlpha(const QString& path) {
-    static const QStringList names{QStringLiteral("PNG"), QStringLiteral("TIFF")};
-    const Codec* codec = codecForExtension(modFileSystem::GetFileExtension(path).toLower());
-    return codec && names.contains(QLatin1String(codec->name));
+    return keepsTransparency(modFileSystem::GetFileExtension(path).toLower());
 }
 
 /// Returns what is wrong with a source that could be read in part only; empty for an undamaged one. Writes
@@ -58,10 +47,11 @@ QString apply(const QString& source, const QString& target, const TaskList& task
     else if (upright)
         turnUpright(box, source);
     const ListView noSelection;
-    if (!modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
+    if (const auto failure =
+            modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,
              QStringLiteral("%1: the task list ended early, nothing was written: %2")
-                 .arg(source, lastErrorReport().ErrSystem));
+                 .arg(source, failure->ErrSystem));
     box.SaveToFile(target);
     return damage.isEmpty() ? QString() : QStringLiteral("the source is damaged: ") + damage;
 }

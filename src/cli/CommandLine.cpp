@@ -113,8 +113,7 @@ QString commandHelp(const Command& command) {
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {
-    TerminalDesktop desktop(terminal);
-    const DesktopScope scope(desktop);
+    const TerminalDesktop desktop(terminal);
     const int status = runWords(words, terminal);
     return terminal.finish() || status != AllDone ? status : SomeNotDone;
 }

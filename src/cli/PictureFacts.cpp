@@ -14,9 +14,9 @@ namespace {
 
 void readHeader(PictureFacts& facts) {
     const PictureFile file(facts.path);
-    if (!file.codec())
+    if (!file.isRecognised())
         fail(ErrorNumber::InvalidPicture, facts.path + QStringLiteral(": unknown content"));
-    facts.format = QString::fromLatin1(file.codec()->name);
+    facts.format = file.formatName();
     facts.header = file.header();
 }
 

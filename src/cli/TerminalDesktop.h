@@ -1,40 +1,42 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/Desktop.h"
+#include "base/Clock.h"
+#include "base/EventLoop.h"
+#include "base/Locale.h"
+#include "base/RandomNumbers.h"
+#include "cli/TerminalDialogs.h"
+
+#include <QRandomGenerator>
 
 namespace tarsel::cli {
 
-class Terminal;
-
-/// The desktop of the command line: messages and error reports are lines on standard error, questions are
-/// answered by their refusal, dialogs are cancelled, and nothing is opened or started.
-class TerminalDesktop final : public Desktop {
+/// One thread without events, and no pointer.
+class NoEventLoop final : public EventLoop {
 public:
-    explicit TerminalDesktop(Terminal& terminal) : m_terminal(terminal) {}
-
-    MessageAnswer messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
-                             const QString& title) override;
-    void showErrorReport(const ErrorReport& report) override;
-    std::optional<FileDialogChoice> openFileDialog(const FileDialogRequest&) override { return {}; }
-    std::optional<FileDialogChoice> saveFileDialog(const FileDialogRequest&) override { return {}; }
-    std::optional<QString> folderDialog(const QString&) override { return {}; }
-    std::optional<qint32> colorDialog(qint32) override { return {}; }
-    std::optional<FontChoice> fontDialog(const FontChoice&) override { return {}; }
-    void yield() override {} // one thread, no events
+    void yield() override {}
     void setBusyPointer(bool) override {}
-    bool shellOpen(const QString&) override { return false; }
-    QString browserPath() override { return {}; }
-    bool startHidden(const QString&, const QStringList&) override { return false; }
-    bool isOnline() override { return false; }
-    bool closeWindowTitled(const QString&) override { return false; }
-    QDateTime now() override;
-    double randomNumber() override;
-    QString shortDateFormat() override;
-    QString longTimeFormat() override;
+};
+
+/// What logic asks of the user and the system, answered on the terminal for as long as this lives. Nothing
+/// that a command does opens or starts another program.
+class TerminalDesktop {
+public:
+    explicit TerminalDesktop(Terminal& terminal) : m_dialogs(terminal) {
+        m_randomNumbers.seed(QRandomGenerator::global()->generate());
+    }
 
 private:
-    Terminal& m_terminal;
+    TerminalDialogs m_dialogs;
+    NoEventLoop m_eventLoop;
+    SystemClock m_clock;
+    SeededRandomNumbers m_randomNumbers;
+    SystemLocale m_locale;
+    ServiceScope<Dialogs> m_dialogsInUse{m_dialogs};
+    ServiceScope<EventLoop> m_eventLoopInUse{m_eventLoop};
+    ServiceScope<Clock> m_clockInUse{m_clock};
+    ServiceScope<RandomNumbers> m_randomNumbersInUse{m_randomNumbers};
+    ServiceScope<Locale> m_localeInUse{m_locale};
 };
 
 } // namespace tarsel::cli

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "codecs/ChildProcess.h"
-#include "codecs/Codec.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/DecoderProtocol.h"
+#include "codecs/PictureHeader.h"
 #include "pixels/Picture.h"
 
 #include <QByteArray>
 #include <atomic>
 #include <chrono>
+#include <initializer_list>
 #include <stop_token>
 
 namespace tarsel {
@@ -38,18 +39,21 @@ public:
     Picture decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop = {});
 
     pid_t processId() const { return m_child.id(); } ///< 0 when none runs
-    bool isWaiting() const { return m_waiting; }     ///< a file was handed over and isn't answered yet
+    bool isWaiting() const { return m_waiting; }     ///< a request was sent and isn't answered yet
 
 private:
     void start(const FileUnderTest& file);
     void requireIdleChild(const FileUnderTest& file);
-    void send(const DecoderRequest& request, int content, const FileUnderTest& file);
+    void send(const DecoderRequest& request, std::initializer_list<int> descriptors,
+              const FileUnderTest& file);
+    void logMissingLocks(std::uint32_t locks);
     void waitForReply(const FileUnderTest& file, const std::stop_token& stop);
     void end();
     [[noreturn]] void failForBrokenAnswer(const FileUnderTest& file);
 
     ChildProcess m_child;
     std::uint32_t m_serial = 0; ///< of the last request
+    bool m_isNewChild = false;  ///< which has not answered yet
     Descriptor m_socket;
     const std::chrono::milliseconds m_timeLimit;
     std::atomic<bool> m_waiting = false;

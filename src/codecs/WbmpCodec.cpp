@@ -9,6 +9,8 @@
 #include <cstring>
 #include <vector>
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
@@ -58,7 +60,7 @@ PictureHeader wbmpHeader(const PictureSource& source, const QString& name) {
     const FileUnderTest file{"WBMP", name, source.size()};
     const auto header = readHeader(source);
     if (!header)
-        failDecoding(file, QStringLiteral("no header"));
+        failDecoding(file, QCoreApplication::translate("WbmpCodec", "no header"));
     requirePlausibleSize(file, header->width, header->height, PixelsPerByte);
     return {int(header->width), int(header->height), 1, 0};
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/Basket.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
 #include "collections/FolderView.h"
 #include "collections/OpenDocument.h"
 #include "collections/PictureFiles.h"
@@ -101,16 +101,16 @@ Basket::Adding::~Adding() {
 
 bool Basket::Adding::goesOn() const {
     if (!m_basket.m_stopAdding)
-        desktop().yield();
+        service<EventLoop>().yield();
     return !m_basket.m_stopAdding && !m_basket.stop.stop_requested();
 }
 
 void Basket::cmdAddToQueue_Click() {
-    trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(AddedBy::Button, Adding(*this)); });
+    std::ignore = trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(AddedBy::Button, Adding(*this)); });
 }
 
 void Basket::AddToBasketByDrag() {
-    trap("AddToBasketByDrag", [&] { addSelected(AddedBy::Drag, Adding(*this)); });
+    std::ignore = trap("AddToBasketByDrag", [&] { addSelected(AddedBy::Drag, Adding(*this)); });
 }
 
 void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
@@ -180,7 +180,7 @@ std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const
 
 void Basket::subAddEntryToListView(const QString& path) {
     const Adding adding(*this);
-    trap("subAddEntryToListView", [&] {
+    std::ignore = trap("subAddEntryToListView", [&] {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileInfo().setFilePath(path);
         const Source source{AddedBy::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
@@ -201,7 +201,7 @@ void Basket::makeThumbnailsAgain() {
     ListView& list = m_lists.lvPages;
     if (list.isEmpty() || !settings.thumbnails)
         return;
-    trap("Basket.makeThumbnailsAgain", [&] {
+    std::ignore = trap("Basket.makeThumbnailsAgain", [&] {
         const Adding adding(*this);
         QStringList tags;
         for (int row = 0; row < list.count(); ++row)

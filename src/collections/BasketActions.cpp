@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketActions.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
 #include "collections/BasketFile.h"
@@ -25,12 +25,12 @@ void inform(const char* first, const char* second, const QString& reason) {
     QStringList lines{QString::fromLatin1(first), QString::fromLatin1(second)};
     if (!reason.isEmpty())
         lines << QString() << reason;
-    desktop().messageBox(lines.join(QLatin1Char('\n')), MessageIcon::Information, MessageButtons::Ok,
-                         ApplicationName);
+    service<Dialogs>().messageBox(lines.join(QLatin1Char('\n')), MessageIcon::Information, MessageButtons::Ok,
+                                  ApplicationName);
 }
 
 bool mayReplaceRows() {
-    const MessageAnswer answer = desktop().messageBox(
+    const MessageAnswer answer = service<Dialogs>().messageBox(
         QStringLiteral("There are currently files in the Basket!.\nDo you want to continue?"),
         MessageIcon::Question, MessageButtons::OkCancel, ApplicationName);
     return answer == MessageAnswer::Ok;
@@ -48,8 +48,8 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
     const QString question = QCoreApplication::translate(
         "BasketActions", "Descriptions are kept only in an image basket description file (*.ibd).\n"
                          "Do you want to save the list without them?");
-    return desktop().messageBox(question, MessageIcon::Question, MessageButtons::YesNo, ApplicationName) ==
-           MessageAnswer::Yes;
+    return service<Dialogs>().messageBox(question, MessageIcon::Question, MessageButtons::YesNo,
+                                         ApplicationName) == MessageAnswer::Yes;
 }
 
 } // namespace
@@ -57,7 +57,8 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
 void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
     if (!lists.lvPages.isEmpty() && !mayReplaceRows())
         return;
-    const auto choice = desktop().openFileDialog({QStringLiteral("Open Basket"), basketFilter(), {}});
+    const auto choice =
+        service<Dialogs>().openFileDialog({QStringLiteral("Open Basket"), basketFilter(), {}});
     QString reason;
     if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists, &reason))
         inform("Error opening image list!", "Please select a valid image list file.", reason);

@@ -137,8 +137,8 @@ bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lv
     clsFile file;
     if (!file.OpenForWrite(basketFilePath(filterIndex, path)))
         return refused(file, openFault);
-    return trap("modSaveOpenImageList.fncSaveImageBasket",
-                [&] { writeEntries(file, filterIndex == DescribedFilter, lvPages); });
+    return !trap("modSaveOpenImageList.fncSaveImageBasket",
+                 [&] { writeEntries(file, filterIndex == DescribedFilter, lvPages); });
 }
 
 bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& lists, QString* openFault) {
@@ -146,7 +146,7 @@ bool fncOpenImageBasket(const QString& path, Basket& basket, CollectionLists& li
     clsFile file;
     if (!file.OpenForRead(path))
         return refused(file, openFault);
-    return trap("modSaveOpenImageList.fncOpenImageBasket", [&] {
+    return !trap("modSaveOpenImageList.fncOpenImageBasket", [&] {
         const std::vector<BasketEntry> entries = readEntries(file, path);
         if (!entries.empty())
             addEntries(entries, basket, lists);

@@ -3,6 +3,7 @@
 
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/Locale.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/modFileSystem.h"
@@ -36,7 +37,7 @@ FolderView::~FolderView() = default;
 void FolderView::subShowFilesInFolder(const QString& path) {
     FolderChanging = true;
     retireScan();
-    const bool begun = trap("FrmMain.subShowFilesInFolder", [&] {
+    const auto failure = trap("FrmMain.subShowFilesInFolder", [&] {
         TrappingString = QStringLiteral("Showing files from selected folder");
         modFileSystem::MakeFolder(temporaryFolder(settings.programFolder));
         m_folder = path;
@@ -44,7 +45,7 @@ void FolderView::subShowFilesInFolder(const QString& path) {
         clearList();
         startScan();
     });
-    if (!begun)
+    if (failure)
         stop();
 }
 
@@ -67,7 +68,7 @@ void FolderView::startScan(QStringList known) {
     if (settings.folderView == 0)
         m_lists.lvFolder.attachImages(&m_lists.ilFolder);
     FolderScan::Request request{m_folder, settings, FileInfo(), std::move(known)};
-    request.info.setDateFormats(clsFileInfo::desktopFormats());
+    request.info.setDateForms(service<Locale>().dateForms());
     FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
     const int number = ++m_scanNumber;
     m_scan = std::make_unique<FolderScan>(std::move(request), [this, number] {
@@ -146,8 +147,10 @@ void FolderView::fetchDelivery() {
 
 void FolderView::reportFailure(const TrappedError& error) {
     const ErrorSubject subject(m_folder); // other work may be in progress, with a subject of its own
-    if (error.number != ErrorNumber::PermissionDenied)
-        return void(trap("FrmMain.subShowFilesInFolder", [&] { throw error; }));
+    if (error.number != ErrorNumber::PermissionDenied) {
+        std::ignore = trap("FrmMain.subShowFilesInFolder", [&] { throw error; });
+        return;
+    }
     m_refusal = tr("You have no permission to read the folder %1.").arg(m_folder);
     m_lists.sbMain.setPanel(QStringLiteral("status"), m_refusal);
 }

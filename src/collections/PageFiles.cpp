@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
 
-#include "base/Desktop.h"
+#include "base/RandomNumbers.h"
 #include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
 #include "imaging/ImageBox.h"
@@ -50,7 +50,7 @@ QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString
     // chance find no free name, counting does.
     int number = 0;
     for (int draw = 0;; ++draw) {
-        number = draw < Draws ? int(desktop().randomNumber() * 9999) : number + 1;
+        number = draw < Draws ? int(service<RandomNumbers>().randomNumber() * 9999) : number + 1;
         QString path = start + QString::number(number) + QStringLiteral(".tif");
         if (!isTaken(path))
             return path;

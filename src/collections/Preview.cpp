@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/Preview.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
 #include "collections/FolderRow.h"
 #include "collections/clsFileInfo.h"
 #include "metadata/modMetadata.h"
@@ -93,7 +93,7 @@ void Preview::request(const QString& path, bool withTasks) {
         request.tasks = modProcessTasks::rowsToReplay(m_lists.tasks.lvEdit, m_lists.tasks.lvEditBatch,
                                                       &m_lists.tasks.lvEditPreview, false);
     if (!request.tasks.empty())
-        desktop().setBusyPointer(true);
+        service<EventLoop>().setBusyPointer(true);
     m_pending = Pending{request.number, path};
     m_worker.request(std::move(request));
 }
@@ -115,13 +115,13 @@ void Preview::apply(PreviewWorker::Result result) {
     if (loaded)
         takePicture(result);
     if (!failure)
-        desktop().setBusyPointer(false);
+        service<EventLoop>().setBusyPointer(false);
     if (!path.isEmpty())
         describe(path);
     Q_EMIT pictureChanged();
     if (failure) {
         const ErrorSubject subject(m_shownPath);
-        trap("subProcessPages", [&] { throw *failure; });
+        std::ignore = trap("subProcessPages", [&] { throw *failure; });
     }
 }
 

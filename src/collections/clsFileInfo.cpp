@@ -2,7 +2,7 @@
 #include "collections/clsFileInfo.h"
 
 #include "base/Conversions.h"
-#include "base/Desktop.h"
+#include "base/Locale.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,8 +16,8 @@ namespace tarsel {
 
 namespace {
 
-QString dateText(const QDateTime& date, const clsFileInfo::DateFormats& formats) {
-    return date.toString(formats.shortDate) + QLatin1Char(' ') + date.toString(formats.longTime);
+QString dateText(const QDateTime& date, const DateForms& forms) {
+    return date.toString(forms.shortDate) + QLatin1Char(' ') + date.toString(forms.longTime);
 }
 
 /// What the system calls files of that extension. Asked once for each extension: folders are long.
@@ -49,14 +49,10 @@ void clsFileInfo::setFilePath(const QString& path) {
 
 void clsFileInfo::ClearFileInfo() {
     const int flag = m_sizeFormatFlag;
-    std::optional<DateFormats> formats = std::move(m_formats);
+    std::optional<DateForms> forms = std::move(m_dateForms);
     *this = {};
     m_sizeFormatFlag = flag;
-    m_formats = std::move(formats);
-}
-
-clsFileInfo::DateFormats clsFileInfo::desktopFormats() {
-    return {desktop().shortDateFormat(), desktop().longTimeFormat()};
+    m_dateForms = std::move(forms);
 }
 
 void clsFileInfo::RefreshInfo() {
@@ -73,10 +69,10 @@ void clsFileInfo::RefreshInfo() {
     // Not every file system keeps the time of birth.
     m_createdAt = file.birthTime().isValid() ? file.birthTime() : m_modifiedAt;
     m_accessedAt = file.lastRead();
-    const DateFormats formats = m_formats ? *m_formats : desktopFormats();
-    m_created = dateText(m_createdAt, formats);
-    m_modified = dateText(m_modifiedAt, formats);
-    m_accessed = dateText(m_accessedAt, formats);
+    const DateForms forms = m_dateForms ? *m_dateForms : service<Locale>().dateForms();
+    m_created = dateText(m_createdAt, forms);
+    m_modified = dateText(m_modifiedAt, forms);
+    m_accessed = dateText(m_accessedAt, forms);
     m_hidden = file.isHidden();
     m_readOnly = !file.isWritable();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Conversions.h"
 #include "collections/modFileSystem.h"
 
 #include <QDateTime>
@@ -12,14 +13,9 @@ namespace tarsel {
 /// What the program wants to know of one file: texts for list columns, its size in words, its dates.
 class clsFileInfo {
 public:
-    /// Qt patterns in which dates are written.
-    struct DateFormats {
-        QString shortDate;
-        QString longTime;
-    };
-    static DateFormats desktopFormats();
-    /// Fixes the patterns, as is needed away from the main thread. Else the desktop is asked at each file.
-    void setDateFormats(DateFormats formats) { m_formats = std::move(formats); }
+    /// Fixes how dates are written, as is needed away from the main thread. Otherwise the user's locale is
+    /// asked at each file.
+    void setDateForms(DateForms forms) { m_dateForms = std::move(forms); }
 
     /// Refreshes every property when the file exists and can be opened; else leaves all as they were.
     void setFilePath(const QString& path);
@@ -57,7 +53,7 @@ private:
     QDateTime m_createdAt, m_modifiedAt, m_accessedAt;
     qint32 m_size = 0;
     int m_sizeFormatFlag = 0;
-    std::optional<DateFormats> m_formats;
+    std::optional<DateForms> m_dateForms;
     bool m_hidden = false;
     bool m_readOnly = false;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "configuration/ConfigFile.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/RecordImage.h"
@@ -28,9 +28,9 @@ bool configurationExists() {
 }
 
 void throwCorruptedFileAway() {
-    desktop().messageBox(QStringLiteral("Configuration data file is corrupted\n"
-                                        "Setting values will be initilized to default"),
-                         MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
+    service<Dialogs>().messageBox(QStringLiteral("Configuration data file is corrupted\n"
+                                                 "Setting values will be initilized to default"),
+                                  MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
     DeleteConfiguration();
 }
 
@@ -69,19 +69,19 @@ QString settingsPathBeside() {
 
 void subLoadSetup(const QString& programFolder) {
     const ConfigRecordData defaults = defaultRecord(programFolder);
-    const bool ended = trap("subLoadSetup", [&] {
+    const auto failure = trap("subLoadSetup", [&] {
         ConfigPath = withSeparator(programFolder) + executableBaseName();
         if (configurationExists() && ConfigPath.isEmpty())
             throwCorruptedFileAway();
         readRecord(defaults);
         readSettingsBeside();
     });
-    if (!ended)
+    if (failure)
         ConfigRecord = defaults;
 }
 
 void subSaveSetup() {
-    trap("subSaveSetup", [] {
+    std::ignore = trap("subSaveSetup", [] {
         const QByteArray image = recordImage(ConfigRecord);
         const QByteArray old = QFile::exists(ConfigPath) ? readWholeFile(ConfigPath) : QByteArray();
         writeFileSafely(ConfigPath, image + old.mid(image.size()));

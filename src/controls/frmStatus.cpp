@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/frmStatus.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
 #include "controls/ProgressBar.h"
 
 #include <QLabel>
@@ -47,7 +47,7 @@ void frmStatus::reject() {
 }
 
 void frmStatus::cancel() {
-    desktop().yield();
+    service<EventLoop>().yield();
     m_status->setText(QStringLiteral("Please wait...... cancelling operaration"));
     CancelRequested = true;
 }

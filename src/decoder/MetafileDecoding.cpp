@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "decoder/MetafileDecoding.h"
 
+#include "codecs/PictureLimit.h"
 #include "decoder/MetafilePlayers.h"
 
 #include <algorithm>
@@ -50,6 +51,7 @@ void storePixels(const QImage& image, int channels, std::uint8_t* target) {
 
 void prepareLibraries() {
     fonts();
+    largestPicture();
 }
 
 DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t> file, std::uint8_t* pixels) {
@@ -65,8 +67,6 @@ DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t>
     if (!play(file, *header, fonts(), image))
         return failure("it draws nothing");
     DecoderReply reply;
-    reply.width = request.width;
-    reply.height = request.height;
     reply.channels = isOpaque(image) ? 3 : 4;
     storePixels(image, reply.channels, pixels);
     return reply;

@@ -11,7 +11,7 @@ namespace tarsel::decoder {
 /// Draws a metafile at the size of the request into `pixels`, which has four bytes for each.
 DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t> file, std::uint8_t* pixels);
 
-/// Loads the fonts of the system, while files may be opened.
+/// Loads the fonts of the system and finds out limits, while files may be opened.
 void prepareLibraries();
 
 } // namespace tarsel::decoder

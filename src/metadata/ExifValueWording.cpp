@@ -161,7 +161,7 @@ QString ExifValueInWords(const QString& name, const QString& value) {
 QString FormatExifAttributeValue(const QString& name, const QString& value) {
     TrappingString = QStringLiteral("Read exif attribute and interpret it to readable format");
     QString result;
-    trap("modMetadata.fncEXIFInterpret", [&] { result = ExifValueInWords(name, value); });
+    std::ignore = trap("modMetadata.fncEXIFInterpret", [&] { result = ExifValueInWords(name, value); });
     return result;
 }
 

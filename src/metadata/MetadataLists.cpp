@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/Locale.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
@@ -35,7 +35,7 @@ void addExifRow(ListView& list, const QString& name, const QString& value) {
 
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path) {
     TrappingString = QStringLiteral("Reading EXIF information from the selected file!");
-    trap("modMetadata.ReadFileEXIFInfo", [&] {
+    std::ignore = trap("modMetadata.ReadFileEXIFInfo", [&] {
         if (!box.HasImage())
             return;
         list.setTag(path);
@@ -46,11 +46,11 @@ void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path
 
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path) {
     TrappingString = QStringLiteral("Reading IPTC information from the selected file!");
-    trap("modMetadata.ReadFileIPTCInfo", [&] {
+    std::ignore = trap("modMetadata.ReadFileIPTCInfo", [&] {
         if (!box.HasImage())
             return;
         list.setTag(path);
-        const DateForms forms = desktopDateForms();
+        const DateForms forms = service<Locale>().dateForms();
         for (const IptcField& field : iptcFields()) {
             if (!field.isListed)
                 continue;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/BatchSave.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
+#include "base/Locale.h"
 #include "collections/Basket.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
@@ -115,10 +116,10 @@ bool RowWork::load() {
 void RowWork::runTasks() {
     if (m_settings.ProcessEditingList != 1)
         return;
-    const bool complete =
+    const auto failure =
         modProcessTasks::subProcessPages(m_batch.lvPages, m_batch.lvEditBatch, m_box, nullptr, true);
-    if (!complete)
-        remark(QStringLiteral("the task list ended early: ") + lastErrorReport().ErrSystem);
+    if (failure)
+        remark(QStringLiteral("the task list ended early: ") + failure->ErrSystem);
 }
 
 QString RowWork::folderOfSource() const {
@@ -151,7 +152,7 @@ void RowWork::importMetadata() {
     if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
         m_box.IptcLoadFromFile(m_settings.ImportIPTCFile);
     if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
-        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box, desktopDateForms());
+        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, m_box, service<Locale>().dateForms());
     m_box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
 }
 
@@ -235,7 +236,7 @@ void BatchLoop::run() {
 }
 
 bool BatchLoop::isCancelled() {
-    desktop().yield();
+    service<EventLoop>().yield();
     m_cancelled = CancelRequested.exchange(false) || m_batch.run.stop.stop_requested();
     return m_cancelled;
 }
@@ -296,12 +297,12 @@ bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, Ima
     SourceGuard sources(lvPages, run.sourceReplacing);
     const Batch batch{lvPages, lvEditBatch, ibTemp, settings, run, sources};
     BatchLoop loop(batch, progress, results);
-    const bool completed = trap("fncSaveSinglePage", [&] {
+    const auto failure = trap("fncSaveSinglePage", [&] {
         const HiddenAtEnd bar{progress}; // out of sight before an error is reported
         loop.run();
     });
     loop.finish();
-    return completed;
+    return !failure;
 }
 
 } // namespace tarsel

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/Naming.h"
 
+#include "base/Clock.h"
 #include "base/Conversions.h"
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
-#include "codecs/Codec.h"
+#include "codecs/Formats.h"
 #include "collections/clsFileInfo.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
@@ -42,18 +42,17 @@ void exifDate(const NamingFacts& facts, const QString& pattern, QString& result)
             result = formatDate(exifTextToDate(facts.metadata.ExifValue(i).trimmed()), pattern);
             return;
         }
-        result = formatDate(desktop().now(), pattern);
+        result = formatDate(service<Clock>().now(), pattern);
     }
 }
 
 /// Kilobytes that the picture takes in a format that is offered with this token; other formats give nothing.
 QString encodedSize(const NamingFacts& facts) {
     const bool offered = facts.extension == QLatin1String("tif") || facts.extension == QLatin1String("pdf");
-    const Codec* codec = offered ? codecForExtension(facts.extension) : nullptr;
-    if (!codec || !codec->encode || !facts.box)
+    if (!offered || !isWritable(facts.extension) || !facts.box)
         return {};
-    const QByteArray bytes =
-        codec->encode(facts.box->picture(), facts.box->saveSettings(), facts.metadata.blocks());
+    const QByteArray bytes = encodePicture(facts.extension, facts.box->picture(), facts.box->saveSettings(),
+                                           facts.metadata.blocks());
     return numberText(roundHalfEven(double(bytes.size()) / 1024)) + QStringLiteral("Kb");
 }
 
@@ -87,9 +86,9 @@ constexpr NamingToken tokens[] = {
      [](const NamingFacts& f, QString& r) { r = resolution(f.width, f.height); }},
     {"[Resulting size]", TokenNeeds::Nothing, [](const NamingFacts& f, QString& r) { r = encodedSize(f); }},
     {"[Date Today-Time]", TokenNeeds::Nothing,
-     [](const NamingFacts&, QString& r) { r = formatDate(desktop().now(), dateTimePattern()); }},
+     [](const NamingFacts&, QString& r) { r = formatDate(service<Clock>().now(), dateTimePattern()); }},
     {"[Date Today]", TokenNeeds::Nothing,
-     [](const NamingFacts&, QString& r) { r = formatDate(desktop().now(), datePattern()); }},
+     [](const NamingFacts&, QString& r) { r = formatDate(service<Clock>().now(), datePattern()); }},
     {"[Source resolution]", TokenNeeds::Source,
      [](const NamingFacts& f, QString& r) { r = f.sourceResolution; }},
     {"[Source size]", TokenNeeds::File,
@@ -212,7 +211,7 @@ QString fncRetrieveNamingString(const ImageBox& box, const QString& token, const
                             .path = path,
                             .extension = extension,
                             .box = &box};
-    trap("fncRetrieveNamingString", [&] {
+    std::ignore = trap("fncRetrieveNamingString", [&] {
         try {
             evaluateToken(token, facts, result);
         } catch (const TrappedError& error) {

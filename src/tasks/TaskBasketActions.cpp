@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskBasketActions.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/SaveFileDialog.h"
 #include "tasks/TaskFile.h"
 
@@ -26,7 +26,8 @@ bool clearTasks(TaskList& tasks) {
 }
 
 bool openTasks(TaskList& tasks) {
-    const auto choice = desktop().openFileDialog({QStringLiteral("Open Editing list"), taskFilter(), {}});
+    const auto choice =
+        service<Dialogs>().openFileDialog({QStringLiteral("Open Editing list"), taskFilter(), {}});
     return choice && modSaveOpenImageList::fncOpenTaskBasket(choice->path, tasks);
 }
 

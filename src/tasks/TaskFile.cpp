@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskFile.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
 
@@ -41,8 +41,9 @@ void writeTaskBasket(const QString& path, const TaskList& tasks) {
 
 bool showUnlessDone(bool done, const char* first, const char* second) {
     if (!done)
-        desktop().messageBox(QString::fromLatin1(first) + QLatin1Char('\n') + QString::fromLatin1(second),
-                             MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+        service<Dialogs>().messageBox(QString::fromLatin1(first) + QLatin1Char('\n') +
+                                          QString::fromLatin1(second),
+                                      MessageIcon::Information, MessageButtons::Ok, ApplicationName);
     return done;
 }
 
@@ -64,14 +65,14 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
 
 bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
     const QString target = path.endsWith(TaskExtension, Qt::CaseInsensitive) ? path : path + TaskExtension;
-    const bool done = tasks.count() > 0 &&
-                      trap("modSaveOpenImageList.fncSaveTaskBasket", [&] { writeTaskBasket(target, tasks); });
+    const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
+                                                 [&] { writeTaskBasket(target, tasks); });
     return showUnlessDone(done, "Error saving editing list!", "Please try again!");
 }
 
 bool fncOpenTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     const bool done =
-        trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
+        !trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
     return showUnlessDone(done, "Error opening editing list!", "Please select a valid image list file.");
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/modProcessTasks.h"
 
-#include "base/Desktop.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
 #include "tasks/Replay.h"
 
 namespace tarsel {
@@ -28,21 +28,22 @@ std::vector<TaskRow> modProcessTasks::rowsToReplay(const ListView& list, const L
     return replayed;
 }
 
-bool modProcessTasks::subProcessPages(const ListView& list, const ListView& rows, ImageBox& box,
-                                      const ListView* previewList, bool runAll, bool editing) {
+std::optional<ErrorReport> modProcessTasks::subProcessPages(const ListView& list, const ListView& rows,
+                                                            ImageBox& box, const ListView* previewList,
+                                                            bool runAll, bool editing) {
     return trap("subProcessPages", [&] {
         const int count = rows.count();
         if (count == 0)
             return;
         // A failing step leaves the busy pointer on: whoever sets it next puts it right.
-        desktop().setBusyPointer(true);
+        service<EventLoop>().setBusyPointer(true);
         for (int index = 0; index < count; ++index) {
-            desktop().yield();
+            service<EventLoop>().yield();
             replayRow(box, taskRowOf(rows, index), index + 1);
             if (!runAll && isSelected(index, list, previewList, editing))
                 break;
         }
-        desktop().setBusyPointer(false);
+        service<EventLoop>().setBusyPointer(false);
     });
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ErrorReport.h"
 #include "base/ListView.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
 
 #include <QPoint>
+#include <optional>
 #include <vector>
 
 namespace tarsel::modProcessTasks {
@@ -13,10 +15,11 @@ namespace tarsel::modProcessTasks {
 /// Replays the rows of `rows` (lvEditBatch) on the picture in `box`, top to bottom. With `runAll` false the
 /// run ends after the selected row of `list`, or of `previewList` while `editing` is on and there is one. A
 /// failing step ends the run at its row: the error names the row, goes to GlobalErrorHandler as of
-/// "subProcessPages", and isn't raised; the result is false then, for callers that report on rows. For the
-/// main thread: events run between the rows, and the pointer shows that the program is busy.
-bool subProcessPages(const ListView& list, const ListView& rows, ImageBox& box, const ListView* previewList,
-                     bool runAll, bool editing = false);
+/// "subProcessPages", isn't raised, and its report is returned. For the main thread: events run between the
+/// rows, and the pointer shows that the program is busy.
+[[nodiscard]] std::optional<ErrorReport> subProcessPages(const ListView& list, const ListView& rows,
+                                                         ImageBox& box, const ListView* previewList,
+                                                         bool runAll, bool editing = false);
 
 /// The rows that such a run replays, as the lists are now: for replayRows on another thread.
 std::vector<TaskRow> rowsToReplay(const ListView& list, const ListView& rows, const ListView* previewList,

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
+#include "base/Locale.h"
 #include "base/TrappedError.h"
 #include "tests/support/ErrorNumberOf.h"
 
+#include <QLocale>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -166,4 +168,15 @@ TEST(Conversions, WhatIsNoDateFails) {
     for (const char* written :
          {"", "yesterday", "2/30/2004", "13/13/2004", "3/7/2004 25:00:00", "7", "2004:03:07"})
         EXPECT_EQ(errorNumberOf([&] { toDate(text(written)); }), ErrorNumber::TypeMismatch) << written;
+}
+
+TEST(Conversions, TheUsersDatesGetFourDigitYearsAndNoTimeZone) {
+    const std::tuple<QLocale, const char*, const char*> cases[] = {
+        {QLocale::c(), "M/d/yyyy", "h:mm:ss AP"},
+        {QLocale(QLocale::German), "dd.MM.yyyy", "HH:mm:ss"},
+    };
+    for (const auto& [locale, date, time] : cases) {
+        EXPECT_EQ(dateFormsOf(locale).shortDate.toStdString(), date);
+        EXPECT_EQ(dateFormsOf(locale).longTime.toStdString(), time);
+    }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ColorProfile.h"
 #include "base/SafeFileWriter.h"
+#include "codecs/Formats.h"
 #include "imaging/ImageBox.h"
 #include "imaging/fncLoadPicture.h"
 #include "tests/support/CodecTestFiles.h"
@@ -52,8 +53,7 @@ protected:
         metadata.iccProfile = profile;
         SaveSettings settings;
         settings.JpegQuality = 100;
-        writeFileSafely(
-            path, codecForExtension(path.section(QLatin1Char('.'), -1))->encode(picture, settings, metadata));
+        writeFileSafely(path, encodePicture(path.section(QLatin1Char('.'), -1), picture, settings, metadata));
         return path;
     }
     QTemporaryDir m_folder;

@@ -17,7 +17,7 @@ constexpr Rgb Red{255, 0, 0}, Blue{0, 0, 255}, Black{0, 0, 0};
 
 Picture drawn(const QByteArray& bytes, const char* name, PixelSize size = {40, 20}) {
     const PictureFile file(bytes, QLatin1String(name));
-    return file.codec()->decodeReduced(file.source(), file.name(), size).picture;
+    return file.decodeReduced([size](PixelSize) { return size; }).picture;
 }
 
 TEST(Metafile, recordsDrawWhatTheySay) {

@@ -35,36 +35,18 @@ TEST(QtDesktopTest, IsOnlineByAnInterfaceOtherThanTheLoopback) {
         const QString folder = network.filePath(QLatin1String(interface));
         QDir().mkpath(folder);
         writeFileSafely(folder + QStringLiteral("/operstate"), QByteArray(state) + '\n');
-        EXPECT_EQ(QtDesktop(network.path()).isOnline(), online) << interface << ' ' << state;
+        EXPECT_EQ(QtSystemServices(network.path()).isOnline(), online) << interface << ' ' << state;
     }
-    EXPECT_FALSE(QtDesktop(QStringLiteral("/no/such/folder")).isOnline());
+    EXPECT_FALSE(QtSystemServices(QStringLiteral("/no/such/folder")).isOnline());
 }
 
 TEST(QtDesktopTest, TheBusyPointerIsAStateThatOneCallTakesBack) {
-    QtDesktop desktop;
-    desktop.setBusyPointer(true);
-    desktop.setBusyPointer(true);
+    QtEventLoop eventLoop;
+    eventLoop.setBusyPointer(true);
+    eventLoop.setBusyPointer(true);
     EXPECT_TRUE(QGuiApplication::overrideCursor());
-    desktop.setBusyPointer(false);
+    eventLoop.setBusyPointer(false);
     EXPECT_FALSE(QGuiApplication::overrideCursor());
-}
-
-TEST(QtDesktopTest, RandomNumbersFollowTheirSeedAndStayBelowOne) {
-    QtDesktop first;
-    QtDesktop second;
-    first.seedRandomNumbers(99);
-    second.seedRandomNumbers(99);
-    for (int i = 0; i < 1000; ++i) {
-        const double number = first.randomNumber();
-        EXPECT_EQ(number, second.randomNumber());
-        EXPECT_GE(number, 0.0);
-        EXPECT_LT(number, 1.0);
-    }
-}
-
-TEST(QtDesktopTest, ShortDatesHaveFourDigitYears) {
-    EXPECT_TRUE(QtDesktop().shortDateFormat().contains(QLatin1String("yyyy")));
-    EXPECT_FALSE(QtDesktop().longTimeFormat().contains(QLatin1Char('t')));
 }
 
 TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndReturnTheAnswer) {
@@ -76,19 +58,20 @@ TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndReturnTheAnswer) {
         shown = box->text();
         box->button(QMessageBox::Cancel)->click();
     });
-    EXPECT_EQ(desktop.messageBox(QStringLiteral("<b>a</b>\nb"), MessageIcon::Question,
-                                 MessageButtons::OkCancel, {}),
+    EXPECT_EQ(desktop.dialogs.messageBox(QStringLiteral("<b>a</b>\nb"), MessageIcon::Question,
+                                         MessageButtons::OkCancel, {}),
               MessageAnswer::Cancel);
     EXPECT_EQ(shown.toStdString(), "<b>a</b>\nb");
     QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
-    EXPECT_EQ(desktop.messageBox(shown, MessageIcon::Question, MessageButtons::YesNo, {}), MessageAnswer::No);
+    EXPECT_EQ(desktop.dialogs.messageBox(shown, MessageIcon::Question, MessageButtons::YesNo, {}),
+              MessageAnswer::No);
 }
 
 TEST(QtDesktopTest, AnErrorInAHandlerOfInputDoesNotNameTheFileAtWork) {
     const ErrorSubject atWork(QStringLiteral("a.jpg"));
     QString reported;
     QTimer::singleShot(0, qApp, [&] { reported = namingSubject(QStringLiteral("Disk full")); });
-    QtDesktop().yield();
+    QtEventLoop().yield();
     EXPECT_EQ(reported.toStdString(), "Disk full");
     EXPECT_EQ(namingSubject(reported).toStdString(), "a.jpg: Disk full");
 }
@@ -103,7 +86,7 @@ TEST(QtDesktopTest, TheSaveDialogReturnsPathAndChosenFilter) {
         dialog->selectFile(folder.filePath(QStringLiteral("list")));
         QMetaObject::invokeMethod(dialog, "accept");
     });
-    const auto choice = desktop.saveFileDialog(
+    const auto choice = desktop.dialogs.saveFileDialog(
         {QStringLiteral("Save Basket"), QStringLiteral("First (*.a)|*.a|Second (*.b)|*.b|"), folder.path()});
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->path, folder.filePath(QStringLiteral("list")));
@@ -115,8 +98,8 @@ TEST(QtDesktopTest, AWindowIsClosedByItsExactTitle) {
     QWidget window;
     window.setWindowTitle(QStringLiteral("Success"));
     window.show();
-    EXPECT_FALSE(desktop.closeWindowTitled(QStringLiteral("Succes")));
-    EXPECT_TRUE(desktop.closeWindowTitled(QStringLiteral("Success")));
+    EXPECT_FALSE(desktop.system.closeWindowTitled(QStringLiteral("Succes")));
+    EXPECT_TRUE(desktop.system.closeWindowTitled(QStringLiteral("Success")));
     EXPECT_FALSE(window.isVisible());
 }
 

@@ -56,7 +56,6 @@ protected:
 
 private:
     QTemporaryDir m_home;
-    DesktopScope m_scope{desktop};
     std::unique_ptr<frmMain> m_window;
     QTimer m_watch;
 };

@@ -25,6 +25,7 @@ const struct {
     {"Exiv2", QRegularExpression(QStringLiteral("^exiv2/"))},
     {"FreeType", QRegularExpression(QStringLiteral("^(ft2build\\.h$|freetype/)"))},
     {"fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},
+    {"libseccomp", QRegularExpression(QStringLiteral("^seccomp"))},
 };
 
 constexpr int programLevel = 1000; ///< "-" in the table: above all libraries
@@ -116,6 +117,9 @@ protected:
             rows.contains(own)
                 ? use(file, folder, own)
                 : report(file, match.captured(1) + QStringLiteral(" is in no folder of the table"));
+        if (match.captured(1) == QLatin1String("codecs/Codec.h") && folder != QLatin1String("codecs"))
+            report(file,
+                   QStringLiteral("the codecs are reached by codecs/PictureFile.h and codecs/Formats.h"));
         const QString library = libraryOf(match.captured(2));
         const bool included =
             library == QLatin1String("Qt Gui") && rows[folder].mayUse.contains(QStringLiteral("Qt Widgets"));

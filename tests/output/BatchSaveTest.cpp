@@ -147,7 +147,7 @@ TEST_F(BatchSaving, ThePreviewAtFullSizeAndTheBatchGiveTheSamePixels) {
              "0", "0", "8", "Batch", "0", "0"});
     ImageBox preview = loaded(addPicture("a.jpg", 211, 127));
     tasks.lvEdit.selectOnly(tasks.count() - 1);
-    ASSERT_TRUE(modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, preview, nullptr, false));
+    ASSERT_FALSE(modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, preview, nullptr, false));
     preview.JpegQuality = 80;
     preview.SaveToFile(path("preview.jpg"));
     EXPECT_TRUE(run());

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/Desktop.h"
+#include "base/Clock.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
+#include "base/Locale.h"
+#include "base/RandomNumbers.h"
+#include "base/SystemServices.h"
 
 #include <deque>
 #include <functional>
@@ -10,10 +15,14 @@
 
 namespace tarsel::test {
 
-/// A desktop whose answers a test scripts and whose messages it reads afterwards. It is the process's desktop
-/// for as long as it lives. A dialog that was not scripted is answered as cancelled and noted in
-/// `unexpected`.
-class TestDesktop final : public Desktop {
+/// The user and the system, whose answers a test scripts and whose messages it reads afterwards, for as long
+/// as it lives. A dialog that was not scripted is answered as cancelled and noted in `unexpected`.
+class TestDesktop final : public Dialogs,
+                          public EventLoop,
+                          public SystemServices,
+                          public Clock,
+                          public RandomNumbers,
+                          public Locale {
 public:
     struct Message {
         QString text;
@@ -47,8 +56,7 @@ public:
     QStringList windows; ///< titles of open top-level windows
     QDateTime time = QDateTime(QDate(2004, 3, 7), QTime(15, 5, 9));
     double random = 0.5;
-    QString shortDate = QStringLiteral("M/d/yyyy");
-    QString longTime = QStringLiteral("h:mm:ss AP");
+    DateForms forms{QStringLiteral("M/d/yyyy"), QStringLiteral("h:mm:ss AP")};
 
     MessageAnswer messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
                              const QString& title) override;
@@ -71,11 +79,15 @@ public:
     bool closeWindowTitled(const QString& title) override;
     QDateTime now() override { return time; }
     double randomNumber() override { return random; }
-    QString shortDateFormat() override { return shortDate; }
-    QString longTimeFormat() override { return longTime; }
+    DateForms dateForms() override { return forms; }
 
 private:
-    DesktopScope m_scope{*this};
+    ServiceScope<Dialogs> m_dialogs{*this};
+    ServiceScope<EventLoop> m_eventLoop{*this};
+    ServiceScope<SystemServices> m_system{*this};
+    ServiceScope<Clock> m_clock{*this};
+    ServiceScope<RandomNumbers> m_randomNumbers{*this};
+    ServiceScope<Locale> m_locale{*this};
 };
 
 } // namespace tarsel::test

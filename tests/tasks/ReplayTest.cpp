@@ -99,6 +99,6 @@ TEST_F(Replay, AnEmptyTextAndUnknownKindsChangeNothing) {
     for (const int kind : {0, 16, 99, -3})
         tasks.appendAsRead(taskRow(kind, {}), QStringLiteral("generic"));
     ImageBox box = boxWith(unevenPicture(5, 3));
-    EXPECT_TRUE(modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
+    EXPECT_FALSE(modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true));
     EXPECT_EQ(box.picture(), unevenPicture(5, 3));
 }

@@ -56,7 +56,7 @@ inline bool replayAll(ImageBox& box, const std::vector<TaskRow>& rows) {
     TaskList tasks;
     for (const TaskRow& row : rows)
         tasks.append(row);
-    return modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true);
+    return !modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, box, nullptr, true);
 }
 
 /// The picture that rows make of an uneven picture.

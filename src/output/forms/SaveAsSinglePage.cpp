@@ -10,7 +10,7 @@ namespace tarsel {
 
 std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* owner) {
     std::vector<RowResult> results;
-    trap("FrmMain.subSaveAsSinglePage", [&] {
+    std::ignore = trap("FrmMain.subSaveAsSinglePage", [&] {
         TrappingString = QStringLiteral("Saving a new Single file");
         if (lists.lvPages.isEmpty())
             return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/forms/frmBatchResults.h"
 
-#include "base/Desktop.h"
+#include "base/SystemServices.h"
 #include "controls/FormScrollArea.h"
 #include "controls/ListControl.h"
 
@@ -120,7 +120,7 @@ void frmBatchResults::openFolder() {
         if (m_rows.row(i).text == rowStateText(RowState::Written))
             row = i;
     if (row >= 0)
-        desktop().shellOpen(QFileInfo(m_rows.row(row).tag).path());
+        service<SystemServices>().shellOpen(QFileInfo(m_rows.row(row).tag).path());
 }
 
 void frmBatchResults::copyAll() {

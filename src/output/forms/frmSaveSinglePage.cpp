@@ -2,7 +2,7 @@
 #include "output/forms/frmSaveSinglePage.h"
 
 #include "base/Conversions.h"
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
@@ -146,13 +146,13 @@ void frmSaveSinglePage::takeSize() {
 }
 
 void frmSaveSinglePage::browseFolder() {
-    const auto folder = desktop().folderDialog(m_ui->txtDestinationFolder->text());
+    const auto folder = service<Dialogs>().folderDialog(m_ui->txtDestinationFolder->text());
     if (folder && !folder->isEmpty())
         m_ui->txtDestinationFolder->setText(*folder);
 }
 
 void frmSaveSinglePage::browseImport(QLineEdit* path, const QString& title, const QString& filter) {
-    const auto choice = desktop().openFileDialog({title, filter, path->text()});
+    const auto choice = service<Dialogs>().openFileDialog({title, filter, path->text()});
     if (choice && !choice->path.isEmpty())
         path->setText(choice->path);
 }
@@ -184,7 +184,7 @@ void frmSaveSinglePage::keyPressEvent(QKeyEvent* event) {
 
 bool frmSaveSinglePage::countIsAccepted() {
     const auto refuse = [](const QString& text) {
-        desktop().messageBox(text, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+        service<Dialogs>().messageBox(text, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
         return false;
     };
     const QString count = m_ui->cboRenameGeneric->currentText().trimmed();

@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/QtDesktop.h"
+#include "app/QtDialogs.h"
 
 #include "app/DialogFilters.h"
 #include "app/ProgramIdentity.h"
 #include "app/frmErrorReport.h"
-#include "base/ErrorSubject.h"
-#include "base/ErrorTrap.h"
 #include "pixels/Color.h"
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
-#include <QLocale>
 #include <QMessageBox>
-#include <QProcess>
-#include <QUrl>
-#include <algorithm>
-#include <utility>
 
 namespace tarsel {
 
@@ -80,11 +72,7 @@ MessageAnswer answerOf(int button) {
 
 } // namespace
 
-QtDesktop::QtDesktop(QString networkFolder) : m_networkFolder(std::move(networkFolder)) {}
-
-// --- the user
-
-MessageAnswer QtDesktop::messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
+MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
                                     const QString& title) {
     QMessageBox box(qtIcon(icon), title.isEmpty() ? programIdentity::title : title, text, qtButtons(buttons),
                     owner());
@@ -94,24 +82,24 @@ MessageAnswer QtDesktop::messageBox(const QString& text, MessageIcon icon, Messa
     return answerOf(box.exec());
 }
 
-void QtDesktop::showErrorReport(const ErrorReport& report) {
+void QtDialogs::showErrorReport(const ErrorReport& report) {
     frmErrorReport(report, owner()).exec();
 }
 
-std::optional<FileDialogChoice> QtDesktop::openFileDialog(const FileDialogRequest& request) {
+std::optional<FileDialogChoice> QtDialogs::openFileDialog(const FileDialogRequest& request) {
     QFileDialog dialog(owner(), request.title);
     dialog.setFileMode(QFileDialog::ExistingFile);
     return runFileDialog(dialog, request);
 }
 
-std::optional<FileDialogChoice> QtDesktop::saveFileDialog(const FileDialogRequest& request) {
+std::optional<FileDialogChoice> QtDialogs::saveFileDialog(const FileDialogRequest& request) {
     QFileDialog dialog(owner(), request.title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     return runFileDialog(dialog, request);
 }
 
-std::optional<FileDialogChoice> QtDesktop::runFileDialog(QFileDialog& dialog,
+std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
                                                          const FileDialogRequest& request) {
     const QStringList filters = qtNameFilters(request.filter);
     dialog.setNameFilters(filters);
@@ -131,7 +119,7 @@ std::optional<FileDialogChoice> QtDesktop::runFileDialog(QFileDialog& dialog,
     return FileDialogChoice{path, int(filters.indexOf(dialog.selectedNameFilter())) + 1};
 }
 
-std::optional<QString> QtDesktop::folderDialog(const QString& startFolder) {
+std::optional<QString> QtDialogs::folderDialog(const QString& startFolder) {
     const QString folder =
         QFileDialog::getExistingDirectory(owner(), QStringLiteral("Browse for folder"), startFolder);
     if (folder.isEmpty())
@@ -139,7 +127,7 @@ std::optional<QString> QtDesktop::folderDialog(const QString& startFolder) {
     return folder;
 }
 
-std::optional<qint32> QtDesktop::colorDialog(qint32 initial) {
+std::optional<qint32> QtDialogs::colorDialog(qint32 initial) {
     const Rgb start = resolveColor(initial);
     const QColor color = QColorDialog::getColor(QColor(start.red, start.green, start.blue), owner());
     if (!color.isValid())
@@ -147,7 +135,7 @@ std::optional<qint32> QtDesktop::colorDialog(qint32 initial) {
     return colorOf(Rgb{std::uint8_t(color.red()), std::uint8_t(color.green()), std::uint8_t(color.blue())});
 }
 
-std::optional<FontChoice> QtDesktop::fontDialog(const FontChoice& initial) {
+std::optional<FontChoice> QtDialogs::fontDialog(const FontChoice& initial) {
     QFont start(initial.name);
     if (initial.size > 0)
         start.setPointSizeF(initial.size);
@@ -159,84 +147,6 @@ std::optional<FontChoice> QtDesktop::fontDialog(const FontChoice& initial) {
     if (!chosen)
         return std::nullopt;
     return FontChoice{font.family(), font.pointSizeF(), font.bold(), font.italic(), font.underline()};
-}
-
-// --- the running loop
-
-void QtDesktop::yield() {
-    const ErrorSubject none{QString()}; // handlers of input don't work on the caller's file
-    QCoreApplication::processEvents();
-}
-
-void QtDesktop::setBusyPointer(bool busy) {
-    if (busy == std::exchange(m_busy, busy))
-        return;
-    if (busy)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    else
-        QGuiApplication::restoreOverrideCursor();
-}
-
-// --- the system
-
-bool QtDesktop::shellOpen(const QString& target) {
-    const bool isAddress = target.contains(QLatin1String("://"));
-    return QDesktopServices::openUrl(isAddress ? QUrl(target) : QUrl::fromLocalFile(target));
-}
-
-/// Linux has no registration that names a browser's program: an address goes to the default handler.
-QString QtDesktop::browserPath() {
-    return {};
-}
-
-bool QtDesktop::startHidden(const QString& program, const QStringList& arguments) {
-    return QProcess::startDetached(program, arguments);
-}
-
-/// On line means that an interface other than the loopback is up. Point-to-point links say "unknown".
-bool QtDesktop::isOnline() {
-    const QStringList interfaces = QDir(m_networkFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    return std::any_of(interfaces.begin(), interfaces.end(), [this](const QString& name) {
-        QFile state(QStringLiteral("%1/%2/operstate").arg(m_networkFolder, name));
-        if (name == QLatin1String("lo") || !state.open(QIODevice::ReadOnly))
-            return false;
-        const QByteArray text = state.readAll().trimmed();
-        return text == "up" || text == "unknown";
-    });
-}
-
-/// Looks among this program's own windows. A title such as "Success" is no proof that another program's
-/// window shows the answer to a report: it could be the user's own page or document, so it is left alone.
-bool QtDesktop::closeWindowTitled(const QString& title) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (!window->isVisible() || window->windowTitle() != title)
-            continue;
-        QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
-        yield();
-        return true;
-    }
-    return false;
-}
-
-QDateTime QtDesktop::now() {
-    return QDateTime::currentDateTime();
-}
-
-double QtDesktop::randomNumber() {
-    return std::uniform_real_distribution<double>(0.0, 1.0)(m_random);
-}
-
-QString QtDesktop::shortDateFormat() {
-    QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
-    if (!format.contains(QLatin1String("yyyy")))
-        format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
-    return format;
-}
-
-/// The system's long time without its time zone.
-QString QtDesktop::longTimeFormat() {
-    QString format = QLocale::system().timeFormat(QLocale::LongFormat);
-    return format.remove(QLatin1Char('t')).trimmed();
 }
 
 } // namespace tarsel

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/ErrorReport.h"
+#include "base/SendReport.h"
 
-#include "base/Desktop.h"
+#include "base/Dialogs.h"
+#include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
+#include "base/SystemServices.h"
 
 #include <algorithm>
 
@@ -48,33 +51,34 @@ void sendErrorReport(const ErrorReport& report, const QString& email, const QStr
 
 bool SendReport(const QString& url, const QString& message) {
     if (!IsOnline()) {
-        desktop().messageBox(QStringLiteral("No active internet connection detected on your system!"),
-                             MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
+        service<Dialogs>().messageBox(
+            QStringLiteral("No active internet connection detected on your system!"), MessageIcon::Stop,
+            MessageButtons::Ok, ApplicationName);
         return false;
     }
     CloseSuccessWindow();
-    const QString browser = desktop().browserPath().trimmed();
+    const QString browser = service<SystemServices>().browserPath().trimmed();
     if (browser.isEmpty()) {
-        desktop().shellOpen(url);
+        service<SystemServices>().shellOpen(url);
         return true;
     }
-    desktop().startHidden(browser, {url});
-    desktop().messageBox(message, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+    service<SystemServices>().startHidden(browser, {url});
+    service<Dialogs>().messageBox(message, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
     return true;
 }
 
 bool CloseSuccessWindow() {
     const bool closed =
         std::any_of(std::begin(SuccessTitles), std::end(SuccessTitles), [](const char* title) {
-            return desktop().closeWindowTitled(QString::fromLatin1(title));
+            return service<SystemServices>().closeWindowTitled(QString::fromLatin1(title));
         });
     if (closed)
-        desktop().yield(); // lets the window go before the next report opens its own
+        service<EventLoop>().yield(); // lets the window go before the next report opens its own
     return closed;
 }
 
 bool IsOnline() {
-    return desktop().isOnline();
+    return service<SystemServices>().isOnline();
 }
 
 } // namespace tarsel

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/ErrorReport.h"
+#include "base/SendReport.h"
+#include "base/ErrorTrap.h"
 #include "tests/support/TestDesktop.h"
 
 #include <gtest/gtest.h>

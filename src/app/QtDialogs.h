@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/Dialogs.h"
+
+class QFileDialog;
+
+namespace tarsel {
+
+/// Qt's dialogs, over the window in use.
+class QtDialogs final : public Dialogs {
+public:
+    MessageAnswer messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
+                             const QString& title) override;
+    void showErrorReport(const ErrorReport& report) override;
+    std::optional<FileDialogChoice> openFileDialog(const FileDialogRequest& request) override;
+    std::optional<FileDialogChoice> saveFileDialog(const FileDialogRequest& request) override;
+    std::optional<QString> folderDialog(const QString& startFolder) override;
+    std::optional<qint32> colorDialog(qint32 initial) override;
+    std::optional<FontChoice> fontDialog(const FontChoice& initial) override;
+
+private:
+    std::optional<FileDialogChoice> runFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
+
+    QString m_lastFolder; ///< of the last file that was chosen
+};
+
+} // namespace tarsel

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/Locale.h"
+
+#include <QLocale>
+
+namespace tarsel {
+
+DateForms dateFormsOf(const QLocale& locale) {
+    // The C locale of the system writes month, day, year, which Qt's C locale does not.
+    if (locale.language() == QLocale::C)
+        return {QStringLiteral("M/d/yyyy"), QStringLiteral("h:mm:ss AP")};
+    DateForms forms{locale.dateFormat(QLocale::ShortFormat), locale.timeFormat(QLocale::LongFormat)};
+    if (!forms.shortDate.contains(QLatin1String("yyyy")))
+        forms.shortDate.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+    forms.longTime = forms.longTime.remove(QLatin1Char('t')).trimmed();
+    return forms;
+}
+
+DateForms SystemLocale::dateForms() {
+    return dateFormsOf(QLocale::system());
+}
+
+} // namespace tarsel
