@@ -3,7 +3,9 @@
 
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
+#include "codecs/ColorProfile.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -23,7 +25,7 @@ constexpr std::int64_t PixelsPerByte = 4096;
 constexpr std::int64_t HeaderSize = 13;
 constexpr std::int64_t FrameHeaderSize = 9;
 constexpr std::uint8_t PaletteFlag = 0x80, InterlaceFlag = 0x40;
-constexpr std::uint8_t GraphicControl = 0xF9;
+constexpr std::uint8_t GraphicControl = 0xF9, Comment = 0xFE, Application = 0xFF;
 
 struct GifPalette {
     std::int64_t at = 0; ///< in the file; 0 for none: equal steps of gray then
@@ -52,12 +54,38 @@ QByteArray joinedData(const ByteReader& reader, std::int64_t& at) {
 }
 
 struct Frame {
+    EmbeddedMetadata metadata; ///< of the file
     int left = 0, top = 0, width = 0, height = 0;
     bool isInterlaced = false;
     int transparent = -1; ///< index, or -1
     GifPalette palette;
     std::int64_t data = 0; ///< where the bits of an index stand
 };
+
+/// The packet of an extension follows its name without pieces; a falling row of bytes, which leads each
+/// reader of pieces to the end, follows it.
+QByteArray packetOf(const ByteReader& reader, std::int64_t start, std::int64_t end) {
+    constexpr std::int64_t nameSize = 12;
+    const auto rest = reader.slice(start + nameSize, end - start - nameSize);
+    if (!rest)
+        return {};
+    const QByteArray packet(reinterpret_cast<const char*>(rest->data()), qsizetype(rest->size()));
+    return packet.left(std::max<qsizetype>(packet.lastIndexOf("\1\xFF\xFE\xFD"), 0));
+}
+
+/// What an extension says about the first frame and about the file; `at` is after its label.
+void readExtension(const ByteReader& reader, std::uint8_t label, std::int64_t& at, Frame& frame) {
+    const std::int64_t start = at;
+    const QByteArray data = joinedData(reader, at);
+    if (label == GraphicControl && data.size() >= 4)
+        frame.transparent = data[0] & 1 ? std::uint8_t(data[3]) : -1;
+    else if (label == Comment)
+        frame.metadata.comments.push_back(data);
+    else if (label == Application && data.startsWith("ICCRGBG1012"))
+        frame.metadata.iccProfile = data.sliced(11);
+    else if (label == Application && data.startsWith("XMP DataXMP"))
+        frame.metadata.xmp = packetOf(reader, start, at);
+}
 
 /// The first frame. Bytes between the blocks that start none are skipped.
 std::optional<Frame> findFrame(const ByteReader& reader) {
@@ -70,9 +98,7 @@ std::optional<Frame> findFrame(const ByteReader& reader) {
             return std::nullopt;
         if (*introducer == '!') {
             const std::uint8_t label = reader.byte(at++).value_or(0);
-            const QByteArray data = joinedData(reader, at);
-            if (label == GraphicControl && data.size() >= 4)
-                frame.transparent = data[0] & 1 ? std::uint8_t(data[3]) : -1;
+            readExtension(reader, label, at, frame);
         } else if (*introducer == ',') {
             const auto word = [&](int offset) { return int(reader.word(at + offset).value_or(0)); };
             const std::uint8_t frameFlags = reader.byte(at + 8).value_or(0);
@@ -264,6 +290,12 @@ Picture withoutAlpha(const Picture& picture) {
     return opaque;
 }
 
+EmbeddedMetadata gifMetadata(const PictureSource& source, const QString&) {
+    const QByteArray bytes = source.all();
+    const auto frame = findFrame(ByteReader(bytes, ByteOrder::Little));
+    return frame ? withRgbProfileOnly(frame->metadata) : EmbeddedMetadata{};
+}
+
 DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) {
     constexpr int mostIndexBits = 8;
     const PictureHeader header = gifHeader(source, name);
@@ -272,22 +304,21 @@ DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) 
     const ByteReader reader(bytes, ByteOrder::Little);
     const auto frame = findFrame(reader);
     if (!frame || frame->width == 0 || frame->height == 0)
-        failDecoding(file, QStringLiteral("no frame"));
+        failDecoding(file, QCoreApplication::translate("GifCodec", "no frame"));
     std::int64_t at = frame->data;
     const int indexBits = reader.byte(at++).value_or(0);
     if (indexBits < 1 || indexBits > mostIndexBits)
-        failDecoding(file, QStringLiteral("indexes of %1 bits").arg(indexBits));
+        failDecoding(file, QCoreApplication::translate("GifCodec", "indexes of %1 bits").arg(indexBits));
     const QByteArray data = joinedData(reader, at);
     if (data.isEmpty())
-        failDecoding(file, QStringLiteral("no pixels"));
+        failDecoding(file, QCoreApplication::translate("GifCodec", "no pixels"));
     Picture canvas(header.width, header.height, 4);
     const PixelView target = canvas.edit();
     std::memset(target.data, 0, std::size_t(target.stride) * std::size_t(target.height));
     FramePainter painter(reader, *frame, target);
     const bool isComplete = LzwReader(data, indexBits).paint(painter);
-    return {isOpaque(canvas.view()) ? withoutAlpha(canvas) : canvas,
-            {},
-            isComplete ? QString() : QStringLiteral("file is truncated or damaged")};
+    return {isOpaque(canvas.view()) ? withoutAlpha(canvas) : canvas, withRgbProfileOnly(frame->metadata),
+            isComplete ? QString() : QCoreApplication::translate("GifCodec", "file is truncated or damaged")};
 }
 
 } // namespace
@@ -298,7 +329,8 @@ Codec gifCodec() {
             .sniff = sniffGif,
             .header = gifHeader,
             .pageCount = onePage,
-            .decode = decodeGif};
+            .decode = decodeGif,
+            .metadata = gifMetadata};
 }
 
 } // namespace tarsel

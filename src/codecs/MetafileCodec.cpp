@@ -5,6 +5,7 @@
 #include "codecs/DecoderPool.h"
 #include "codecs/MetafileHeader.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -40,7 +41,7 @@ PictureHeader metafileHeader(const PictureSource& source, const QString& name) {
     const FileUnderTest file = fileOf(source, name);
     const auto header = headerOf(source);
     if (!header)
-        failDecoding(file, QStringLiteral("no header"));
+        failDecoding(file, QCoreApplication::translate("MetafileCodec", "no header"));
     const auto pixels = [](double length) {
         constexpr double farTooLarge = 1e6;
         return std::max<std::int64_t>(1, std::llround(std::min(length, farTooLarge)));

@@ -5,11 +5,10 @@
 #include "codecs/CodecChecks.h"
 #include "codecs/SourceStream.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
 #include <vector>
-
-#include <QCoreApplication>
 
 namespace tarsel {
 
@@ -79,8 +78,9 @@ DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int)
     for (int y = 0; y < header.height; ++y) {
         if (damage.isEmpty() && stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) {
             if (y == 0)
-                failDecoding({"WBMP", name, source.size()}, QStringLiteral("no pixels"));
-            damage = QStringLiteral("file is truncated");
+                failDecoding({"WBMP", name, source.size()},
+                             QCoreApplication::translate("WbmpCodec", "no pixels"));
+            damage = QCoreApplication::translate("WbmpCodec", "file is truncated");
         }
         if (!damage.isEmpty())
             std::ranges::fill(row, std::uint8_t(255)); // white where the file has nothing

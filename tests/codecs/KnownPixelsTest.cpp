@@ -188,5 +188,20 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
         expectPixels(name, PictureFile(bytes, QLatin1String(name)), squares);
 }
 
+TEST(UnusualKinds, extensionsOfAGifHoldItsMetadata) {
+    QByteArray leadOut(1, '\1');
+    for (int value = 255; value >= 0; --value)
+        leadOut += char(value);
+    const QByteArray profile = QByteArray(16, ' ') + "RGB nothing else";
+    const QByteArray icc = "!\xFF\x0BICCRGBG1012" + QByteArray(1, char(profile.size())) + profile + '\0';
+    const QByteArray xmp = "!\xFF\x0BXMP DataXMP<x:xmpmeta/>" + leadOut + '\0';
+    const QByteArray bytes = gif(icc + xmp + QByteArray("!\xFE\2Hi\0", 6));
+    expectPixels("GIF with metadata", PictureFile(bytes, QStringLiteral("a.gif")), {3, "RGB"});
+    const EmbeddedMetadata metadata = PictureFile(bytes, QStringLiteral("a.gif")).metadata();
+    EXPECT_EQ(metadata.iccProfile, profile);
+    EXPECT_EQ(metadata.xmp, "<x:xmpmeta/>");
+    EXPECT_EQ(metadata.comments, QList<QByteArray>{"Hi"});
+}
+
 } // namespace
 } // namespace tarsel
