@@ -79,8 +79,9 @@ TEST(Metafile, recordsDrawWhatTheySay) {
             ASSERT_EQ(picture.width(), 40 * scale);
             EXPECT_EQ(test::alphaAt(picture, 10 * scale, 10 * scale), std::max(alpha, 0));
             EXPECT_EQ(test::alphaAt(picture, 30 * scale, 10 * scale), std::max(alphaRight, 0));
-            if (alpha == 255)
+            if (alpha == 255) {
                 EXPECT_EQ(test::colorAt(picture, 10 * scale, 10 * scale), color);
+            }
         }
     }
 }
