@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ColorProfile.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <lcms2.h>
+#include <mutex>
 
 namespace tarsel {
 
@@ -75,11 +78,35 @@ bool changesAnything(void* transform) {
     return false;
 }
 
+/// Profiles that were found to change nothing lately: finding out takes longer than many a thumbnail.
+class NeutralProfiles {
+public:
+    bool contains(const QByteArray& iccProfile) {
+        const std::lock_guard lock(m_mutex);
+        return std::ranges::find(m_profiles, iccProfile) != m_profiles.end();
+    }
+    void add(const QByteArray& iccProfile) {
+        const std::lock_guard lock(m_mutex);
+        m_profiles[m_next++ % m_profiles.size()] = iccProfile;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::array<QByteArray, 4> m_profiles;
+    std::size_t m_next = 0;
+};
+
+NeutralProfiles& neutralProfiles() {
+    static NeutralProfiles profiles;
+    return profiles;
+}
+
 } // namespace
 
 RgbConversion::RgbConversion(const QByteArray& from, const QByteArray& to) {
     const bool haveProfile = isRgbProfile(from) || isRgbProfile(to);
-    if (!haveProfile || from == to)
+    const bool toSRgb = !isRgbProfile(to);
+    if (!haveProfile || from == to || (toSRgb && neutralProfiles().contains(from)))
         return;
     const Profile source = rgbProfile(from), target = rgbProfile(to);
     const auto transform = [&](cmsUInt32Number format, cmsUInt32Number flags) {
@@ -92,6 +119,8 @@ RgbConversion::RgbConversion(const QByteArray& from, const QByteArray& to) {
     if (m_transform && !changesAnything(m_transform)) {
         cmsDeleteTransform(m_transform);
         m_transform = nullptr;
+        if (toSRgb)
+            neutralProfiles().add(from);
     }
     if (m_transform)
         m_transformWithAlpha = transform(TYPE_RGBA_8, cmsFLAGS_COPY_ALPHA);

@@ -10,7 +10,7 @@ namespace tarsel::decoder {
 namespace {
 
 constexpr std::size_t MaxSaved = 1000;
-constexpr double FarAway = 1e6; // pixels; beyond what can be seen at any size
+constexpr double FarAway = 1e5; // pixels; beyond what can be seen at any size
 
 double ratio(double part, double whole) {
     return whole == 0 ? 1 : part / whole;
