@@ -6,6 +6,7 @@
 #include "decoder/MetafileDecoding.h"
 
 #include <QThreadPool>
+#include <malloc.h>
 #include <sys/mman.h>
 
 namespace tarsel::decoder {
@@ -64,6 +65,8 @@ int run() {
 } // namespace tarsel::decoder
 
 int main() {
+    // An arena for each thread is trimmed after a look at /proc, where a locked process may not look.
+    ::mallopt(M_ARENA_MAX, 1);
     // Qt divides large fills among its threads, unless it is in one of them already; none may be started
     // later.
     QThreadPool* threads = QThreadPool::globalInstance();

@@ -118,7 +118,7 @@ TEST_F(Misbehaving, ABadAnswerFailsItsFileAloneAndLeavesNoProcess) {
         const pid_t child = process.processId();
         const Outcome outcome = outcomeOf(process, c.order);
         EXPECT_EQ(outcome.number, ErrorNumber::UnreadableFile) << c.order;
-        EXPECT_TRUE(outcome.description.contains(QLatin1String("file.gif"))) << c.order;
+        EXPECT_TRUE(outcome.description.contains(QLatin1String("file.wmf"))) << c.order;
         EXPECT_TRUE(outcome.description.contains(QLatin1String(c.fact))) << qPrintable(outcome.description);
         EXPECT_EQ(outcome.isLost, c.isLost) << c.order;
         EXPECT_EQ(isGone(child), c.isLost) << c.order;
