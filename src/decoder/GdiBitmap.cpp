@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "codecs/BmpReader.h"
+#include "pixels/Picture.h"
 
 #include <QtEndian>
 #include <algorithm>
