@@ -2,6 +2,7 @@
 #include "codecs/ColorProfile.h"
 #include "base/SafeFileWriter.h"
 #include "codecs/Formats.h"
+#include "codecs/PictureFile.h"
 #include "imaging/ImageBox.h"
 #include "imaging/fncLoadPicture.h"
 #include "tests/support/CodecTestFiles.h"
@@ -83,6 +84,17 @@ TEST_F(Profiles, wideColoursAreShownInSRgbAndSavedAsTheyWere) {
     }
 }
 
+TEST_F(Profiles, aGrayFileHasTheLuminanceOfTheShownColours) {
+    SaveSettings gray;
+    gray.ColorFormat = 2;
+    EmbeddedMetadata metadata;
+    metadata.iccProfile = wideProfile();
+    const QByteArray wide =
+        encodePicture(QStringLiteral("jpg"), test::plainPicture(8, 8, 3, Green), gray, metadata);
+    const auto read = test::readBytes(wide, QStringLiteral("gray.jpg")).decoded;
+    EXPECT_NEAR(test::colorAt(read->picture, 4, 4).green, 0.299 * 124 + 0.587 * 201 + 0.114 * 92, 2);
+}
+
 TEST_F(Profiles, aMergedPictureKeepsItsColoursUnderAnotherProfile) {
     ImageBox box;
     box.LoadFromFile(file("wide.png", test::plainPicture(16, 16, 3, {0, 0, 0}), wideProfile()));
@@ -108,9 +120,18 @@ TEST_F(Profiles, alphaAndSharedPixelsStayWhenColoursAreConverted) {
 }
 
 TEST_F(Profiles, grayValuesAreReadByTheirProfile) {
-    Picture gray = test::plainPicture(4, 4, 3, {128, 128, 128});
-    applyGrayProfile(gray, linearGrayProfile());
-    EXPECT_NEAR(test::colorAt(gray, 1, 1).green, 188, 1); // half of the light
+    const QByteArray profile = linearGrayProfile();
+    QByteArray posing = profile; // as one that the encoders take
+    posing.replace(16, 4, "RGB ");
+    for (const char* name : {"gray.jpg", "gray.tif"}) {
+        SCOPED_TRACE(name);
+        const QString path = file(name, test::plainPicture(16, 16, 3, {128, 128, 128}), posing);
+        writeFileSafely(path, test::bytesOf(path).replace(posing, profile));
+        for (const LoadMode mode : {LoadMode::FullSize, LoadMode::ExactBox})
+            EXPECT_NEAR(test::colorAt(*fncLoadPicture(path, mode, {2, 2}), 1, 1).green, 188, 1)
+                << "half the light";
+        EXPECT_EQ(PictureFile(path).decode().metadata.iccProfile, "");
+    }
     Picture colored = test::plainPicture(4, 4, 3, Green);
     applyGrayProfile(colored, linearGrayProfile());
     EXPECT_EQ(test::colorAt(colored, 1, 1), Green) << "a gray profile says nothing of colours";
