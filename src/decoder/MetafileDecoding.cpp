@@ -4,6 +4,7 @@
 #include "codecs/PictureLimit.h"
 #include "decoder/MetafilePlayers.h"
 
+#include <QLoggingCategory>
 #include <algorithm>
 #include <cstdio>
 
@@ -50,6 +51,9 @@ void storePixels(const QImage& image, int channels, std::uint8_t* target) {
 } // namespace
 
 void prepareLibraries() {
+    // Qt warns of drawing that makes no sense; the first category reads files that configure logging.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QLoggingCategory::defaultCategory();
     fonts();
     largestPicture();
 }

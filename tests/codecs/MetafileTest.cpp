@@ -44,6 +44,7 @@ TEST(Metafile, recordsDrawWhatTheySay) {
         {"a later object is over the first", "a.wmf", test::wmf(red + blue + square), 255, Blue, none},
         {"what SaveDC keeps comes back", "a.wmf",
          test::wmf(red + wmfRecord(0x001E, {}) + blue + wmfRecord(0x0127, {-1}) + square), 255, Red, none},
+        {"a state that doesn't come back", "a.wmf", test::wmf(wmfRecord(0x001E, {}) + red), 255, Red, none},
         {"clipped away", "a.wmf", test::wmf(wmfRecord(0x0416, {20, 40, 0, 20}) + red), none, {}, none},
         {"and, on white ground", "a.wmf", // the operation that leaves the bits of both
          test::wmf(red + wmfRecord(0x0104, {9}) + blue + wmfRecord(0x041B, {20, 40, 0, 0})), 255, Black, 255},

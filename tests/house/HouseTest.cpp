@@ -24,7 +24,7 @@ const struct {
     {"lcms2", QRegularExpression(QStringLiteral("^lcms2"))},
     {"Exiv2", QRegularExpression(QStringLiteral("^exiv2/"))},
     {"FreeType", QRegularExpression(QStringLiteral("^(ft2build\\.h$|freetype/)"))},
-    {"fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},
+    {"Fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},
     {"libseccomp", QRegularExpression(QStringLiteral("^seccomp"))},
 };
 
