@@ -1,5 +1,5 @@
-# What an installed program consists of. The programs lie side by side, for they find each other, and the sample
-# pictures, by their own folder.
+# What an installed program consists of. All programs are in one folder: they find each other, and the
+# sample pictures, relative to it.
 include(GNUInstallDirs)
 
 foreach(program tarsel-jpeg tarsel tarsel-decoder)

@@ -1,6 +1,5 @@
-# Where the sample pictures lie. TARSEL_SAMPLES is their folder in the build tree; a program that looks for them
-# takes them from TARSEL_SAMPLES_RELATIVE below the folder of its own file, which is right in the build tree and
-# in an installed one, and calls
+# Where the sample pictures are. TARSEL_SAMPLES is their folder in the build tree; a program finds them in
+# TARSEL_SAMPLES_RELATIVE, relative to its own folder, in the build tree and when installed. It calls
 #
 #     tarsel_uses_samples(<target>)
 #

@@ -6,6 +6,7 @@
 #include "app/frmMain.h"
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
+#include "base/Translation.h"
 
 #include <QApplication>
 
@@ -31,6 +32,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(programIdentity::name);
     // No display name: X11 would append it to the title of every window.
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
+    installTranslation();
 
     QtDesktop desktop;
     QString programFolder;

@@ -40,7 +40,7 @@ NumberAtStart decimalAtStart(const QByteArray& text) {
     const auto [end, error] = std::from_chars(text.constData() + sign, text.constData() + text.size(), value);
     if (error == std::errc::invalid_argument)
         return {};
-    if (error == std::errc::result_out_of_range) // too large, or too small to be told from zero
+    if (error == std::errc::result_out_of_range) // too large, or too small to differ from zero
         value = text.contains("e-") || text.contains("E-") ? 0 : HUGE_VAL;
     return {negative ? -value : value, end - text.constData()};
 }

@@ -2,6 +2,7 @@
 #include "base/Conversions.h"
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <cmath>
 #include <optional>
 
@@ -39,9 +40,9 @@ QByteArray roundedDigits(const Decimal& number, int decimals) {
     return digits.rightJustified(decimals + 1, '0');
 }
 
-void groupThousands(QByteArray& whole) {
-    for (qsizetype i = whole.size() - 3; i > 0; i -= 3)
-        whole.insert(i, ',');
+void groupThousands(QByteArray& digits) {
+    for (qsizetype i = digits.size() - 3; i > 0; i -= 3)
+        digits.insert(i, ',');
 }
 
 /// One run of equal letters of a date pattern, or AM/PM, or literal text.
@@ -163,16 +164,17 @@ QDateTime toDate(const QString& text, const DateForms& own) {
 
 QString formatNumber(double value, const QString& pattern) {
     if (!std::isfinite(value))
-        fail(ErrorNumber::Overflow, QStringLiteral("a number without a decimal form"));
+        fail(ErrorNumber::Overflow,
+             QCoreApplication::translate("Conversions", "a number without a decimal form"));
     const qsizetype point = pattern.indexOf(QLatin1Char('.'));
     const int decimals = point < 0 ? 0 : int(pattern.size() - point - 1);
     const QByteArray digits = roundedDigits(toDecimal(std::fabs(value)), decimals);
-    QByteArray whole = digits.left(digits.size() - decimals);
+    QByteArray integer = digits.left(digits.size() - decimals);
     if (pattern.contains(QLatin1Char(',')))
-        groupThousands(whole);
+        groupThousands(integer);
     const bool isZero = digits.count('0') == digits.size();
     const QByteArray fraction = decimals > 0 ? '.' + digits.right(decimals) : QByteArray();
-    return QString::fromLatin1((value < 0 && !isZero ? "-" : "") + whole + fraction);
+    return QString::fromLatin1((value < 0 && !isZero ? "-" : "") + integer + fraction);
 }
 
 QString numberText(double value) {

@@ -5,8 +5,8 @@
 
 namespace tarsel {
 
-/// The file at work: while one lives, a reported error that doesn't name the file gets its path in front. On
-/// the main thread alone, as all reports.
+/// The file in work: for as long as this lives, its path is put in front of a reported error that doesn't
+/// name it. For the main thread only, as all reports.
 class ErrorSubject {
 public:
     explicit ErrorSubject(const QString& path);
@@ -20,7 +20,7 @@ private:
 
 /// "path: description"; the description alone when it names the path already or when there is none.
 QString namingPath(const QString& path, const QString& description);
-/// The same with the file at work.
+/// The same with the file in work.
 QString namingSubject(const QString& description);
 
 } // namespace tarsel

@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <numeric>
 
@@ -30,7 +31,8 @@ ListView::ListView(QStringList headers, QObject* parent) :
 
 const ListRow& ListView::row(int index) const {
     if (index < 0 || index >= count())
-        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
+        fail(ErrorNumber::SubscriptOutOfRange,
+             QCoreApplication::translate("ListView", "row %1 of %2").arg(index).arg(count()));
     return m_rows[size_t(index)];
 }
 
@@ -62,7 +64,8 @@ void ListView::append(std::vector<ListRow> added) {
 
 void ListView::insert(int index, ListRow added) {
     if (index < 0 || index > count())
-        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
+        fail(ErrorNumber::SubscriptOutOfRange,
+             QCoreApplication::translate("ListView", "row %1 of %2").arg(index).arg(count()));
     const bool selected = added.selected;
     beginInsertRows({}, index, index);
     m_rows.insert(m_rows.begin() + index, std::move(added));
@@ -163,7 +166,8 @@ QString ListView::subItem(int index, int number) const {
 void ListView::setSubItem(int index, int number, const QString& text) {
     QStringList& subItems = at(index).subItems;
     if (number < 1)
-        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("SubItem %1").arg(number));
+        fail(ErrorNumber::SubscriptOutOfRange,
+             QCoreApplication::translate("ListView", "SubItem %1").arg(number));
     while (subItems.size() < number)
         subItems << QString();
     if (subItems[number - 1] == text)
@@ -270,7 +274,8 @@ int ListView::selectedIndex() const {
 
 void ListView::setFocusedRow(int index) {
     if (index < -1 || index >= count())
-        fail(ErrorNumber::SubscriptOutOfRange, QStringLiteral("row %1 of %2").arg(index).arg(count()));
+        fail(ErrorNumber::SubscriptOutOfRange,
+             QCoreApplication::translate("ListView", "row %1 of %2").arg(index).arg(count()));
     m_focused = index;
 }
 

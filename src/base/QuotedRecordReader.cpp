@@ -3,6 +3,7 @@
 
 #include "base/CodePage.h"
 #include "base/TrappedError.h"
+#include <QCoreApplication>
 
 namespace tarsel {
 
@@ -17,7 +18,7 @@ bool isBlank(char c) {
 }
 
 /// Paths and descriptions are far shorter; a longer field is not from a list of ours.
-constexpr qsizetype MaxFieldBytes = qsizetype(1) << 20;
+constexpr qsizetype maxFieldBytes = qsizetype(1) << 20;
 
 } // namespace
 
@@ -46,9 +47,10 @@ QString QuotedRecordReader::field() {
 }
 
 QString QuotedRecordReader::decoded(qsizetype start, qsizetype size) {
-    if (size > MaxFieldBytes) {
+    if (size > maxFieldBytes) {
         m_at = m_bytes.size();
-        fail(ErrorNumber::InvalidCall, QStringLiteral("a field of %1 bytes").arg(size));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("QuotedRecordReader", "a field of %1 bytes").arg(size));
     }
     return codePage::decode(m_bytes.mid(start, size));
 }

@@ -4,6 +4,7 @@
 #include "base/TemporaryFile.h"
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <cerrno>
 #include <csignal>
@@ -50,24 +51,28 @@ QByteArray followLinks(QByteArray path, const QString& shown) {
     failForErrno(ELOOP, shown);
 }
 
-/// Facts of the file that is to be replaced, or nothing when there is none.
-std::optional<struct stat> factsOfTarget(const QByteArray& path, const QString& shown) {
-    struct stat facts = {};
-    if (::stat(path.constData(), &facts) != 0) {
+QString notRegular(const QString& path) {
+    return QCoreApplication::translate("SafeFileWriter", "%1: not a regular file").arg(path);
+}
+
+/// Status of the file that is to be replaced, or nothing when there is none.
+std::optional<struct stat> statusOfTarget(const QByteArray& path, const QString& shown) {
+    struct stat status = {};
+    if (::stat(path.constData(), &status) != 0) {
         if (errno == ENOENT)
             return std::nullopt;
         failForErrno(errno, shown);
     }
-    if (S_ISDIR(facts.st_mode))
+    if (S_ISDIR(status.st_mode))
         failForErrno(EISDIR, shown);
-    if (!S_ISREG(facts.st_mode))
-        fail(ErrorNumber::InvalidCall, shown + QStringLiteral(": not a regular file"));
+    if (!S_ISREG(status.st_mode))
+        fail(ErrorNumber::InvalidCall, notRegular(shown));
     if (::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
         failForErrno(errno, shown);
-    return facts;
+    return status;
 }
 
-/// Attributes of the user, and the access list: what a person or a tool hung on the file on purpose.
+/// Attributes of the user, and the access list: what a person or a tool attached to the file.
 bool isKept(const QByteArray& attribute) {
     return attribute.startsWith("user.") || attribute == "system.posix_acl_access";
 }
@@ -89,11 +94,11 @@ void copyAttributes(const QByteArray& from, int to) {
     }
 }
 
-/// Gives the new file the owner, group and mode of the old one. A user who may not give files away becomes
-/// the owner; when even the group can't be kept, it gets no right that others don't have.
-void copyOwnership(const struct stat& facts, int to) {
-    mode_t mode = facts.st_mode & modeBits;
-    if (::fchown(to, facts.st_uid, facts.st_gid) != 0 && ::fchown(to, uid_t(-1), facts.st_gid) != 0)
+/// Copies owner, group and mode of the old file to the new one. Where this user may not set the owner, the
+/// new file is the user's own; where the group can't be set either, it has no right that others don't have.
+void copyOwnership(const struct stat& status, int to) {
+    mode_t mode = status.st_mode & modeBits;
+    if (::fchown(to, status.st_uid, status.st_gid) != 0 && ::fchown(to, uid_t(-1), status.st_gid) != 0)
         mode &= ~mode_t(S_IRWXG) | ((mode & S_IRWXO) << 3);
     if (::fchmod(to, mode) != 0 && errno != EPERM)
         throw errno;
@@ -102,16 +107,16 @@ void copyOwnership(const struct stat& facts, int to) {
 } // namespace
 
 struct SafeFileWriter::State {
-    QString shown; ///< the path as it was given, for messages
+    QString shown; ///< the path as the caller spells it, for messages
     QByteArray path;
     std::optional<struct stat> replaced;
     TemporaryFile file;
     bool failed = false;
     bool committed = false;
 
-    State(const QString& given, const QByteArray& target) :
-        shown(given), path(target), replaced(factsOfTarget(target, given)),
-        file(folderOf(target), replaced ? 0600 : 0666, given) {}
+    State(const QString& spelled, const QByteArray& target) :
+        shown(spelled), path(target), replaced(statusOfTarget(target, spelled)),
+        file(folderOf(target), replaced ? 0600 : 0666, spelled) {}
 };
 
 SafeFileWriter::SafeFileWriter(const QString& path) {
@@ -180,13 +185,13 @@ void reportFileSizeLimitAsError() {
 }
 
 std::unique_ptr<QFile> openRegularFile(const QString& path) {
-    struct stat facts = {};
-    if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
         failForErrno(errno, path);
-    if (S_ISDIR(facts.st_mode))
+    if (S_ISDIR(status.st_mode))
         failForErrno(EISDIR, path);
-    if (!S_ISREG(facts.st_mode)) // a pipe or a device might never end
-        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": not a regular file"));
+    if (!S_ISREG(status.st_mode)) // a pipe or a device might never end
+        fail(ErrorNumber::InvalidCall, notRegular(path));
     auto file = std::make_unique<QFile>(path);
     if (!file->open(QIODevice::ReadOnly))
         failForErrno(errno, path);

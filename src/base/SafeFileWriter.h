@@ -28,7 +28,7 @@ public:
     SafeFileWriter(const SafeFileWriter&) = delete;
     SafeFileWriter& operator=(const SafeFileWriter&) = delete;
 
-    /// Not buffered: give it large pieces. After a failure commit fails too.
+    /// Not buffered: pass large pieces. After a failure commit fails too.
     void write(const QByteArray& bytes);
     void write(const void* data, qsizetype size);
     /// Path of the temporary file, for a library of this process that opens and writes by path. It may be one
@@ -45,7 +45,7 @@ private:
     std::unique_ptr<State> m_state;
 };
 
-/// The whole file in one call.
+/// The complete file in one call.
 void writeFileSafely(const QString& path, const QByteArray& bytes);
 
 /// Makes a write past the limit for the size of files (RLIMIT_FSIZE) fail with error 61: without this call

@@ -6,6 +6,7 @@
 #include "base/EventLoop.h"
 #include "base/SystemServices.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel {
@@ -14,8 +15,8 @@ namespace {
 
 const QString basePath = QStringLiteral("/cgi-bin/cgiemail/support/submitBug.txt?");
 
-/// Titles that browsers give the page with the form's answer.
-constexpr const char* SuccessTitles[] = {
+/// Titles of browser windows that show the form's answer.
+constexpr const char* successTitles[] = {
     "Success - Windows Internet Explorer",
     "Success - Microsoft Internet Explorer",
     "Success",
@@ -25,11 +26,12 @@ constexpr const char* SuccessTitles[] = {
 };
 
 QString thanks() {
-    return QStringLiteral("Report send. Thank you very much for your time.\n"
-                          "\n"
-                          "If you had provided us with a valid email address,\n"
-                          "one of our support staff will attend to this error report,\n"
-                          "and you might get a responce from us");
+    return QCoreApplication::translate("SendReport",
+                                       "Report send. Thank you very much for your time.\n"
+                                       "\n"
+                                       "If you had provided us with a valid email address,\n"
+                                       "one of our support staff will attend to this error report,\n"
+                                       "and you might get a responce from us");
 }
 
 } // namespace
@@ -52,8 +54,9 @@ void sendErrorReport(const ErrorReport& report, const QString& email, const QStr
 bool SendReport(const QString& url, const QString& message) {
     if (!IsOnline()) {
         service<Dialogs>().messageBox(
-            QStringLiteral("No active internet connection detected on your system!"), MessageIcon::Stop,
-            MessageButtons::Ok, ApplicationName);
+            QCoreApplication::translate("SendReport",
+                                        "No active internet connection detected on your system!"),
+            MessageIcon::Stop, MessageButtons::Ok, ApplicationName);
         return false;
     }
     CloseSuccessWindow();
@@ -69,7 +72,7 @@ bool SendReport(const QString& url, const QString& message) {
 
 bool CloseSuccessWindow() {
     const bool closed =
-        std::any_of(std::begin(SuccessTitles), std::end(SuccessTitles), [](const char* title) {
+        std::any_of(std::begin(successTitles), std::end(successTitles), [](const char* title) {
             return service<SystemServices>().closeWindowTitled(QString::fromLatin1(title));
         });
     if (closed)

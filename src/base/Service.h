@@ -7,7 +7,7 @@
 namespace tarsel {
 
 /// Makes an implementation of `Interface` (Dialogs, Clock …) the one that this process uses for as long as
-/// the scope lives; scopes nest. For the main thread alone.
+/// the scope lives; scopes nest. For the main thread only.
 template <class Interface>
 class ServiceScope {
 public:

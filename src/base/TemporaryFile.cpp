@@ -131,7 +131,7 @@ void TemporaryFile::nameIt() {
 
 void TemporaryFile::putInPlace(const QByteArray& name, bool replaces) {
     const QByteArray unnamed = path();
-    // A file that replaces nothing gets its name at once: there is no moment in which a kill leaves debris.
+    // A file that replaces nothing gets its name at once: a kill never leaves debris.
     const bool linked =
         !replaces && m_name.isEmpty() &&
         ::linkat(AT_FDCWD, unnamed.constData(), m_directory, name.constData(), AT_SYMLINK_FOLLOW) == 0;

@@ -24,8 +24,8 @@ public:
     QByteArray path() const;
     /// Forces content and length to the disk.
     void sync() const;
-    /// Gives it its name in the folder, in place of an old file when `replaces`. A file that appeared under
-    /// that name in the meantime is replaced as well.
+    /// Puts it under its name in the folder, in place of an old file when `replaces`. A file that appeared
+    /// under that name in the meantime is replaced as well.
     void putInPlace(const QByteArray& name, bool replaces);
 
 private:

@@ -1,44 +1,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <cerrno>
 #include <cstring>
 
 namespace tarsel {
 
+namespace {
+
+constexpr struct {
+    qint32 number;
+    const char* text;
+} errorTexts[] = {
+    {ErrorNumber::InvalidCall, QT_TRANSLATE_NOOP("ErrorNumber", "Invalid procedure call")},
+    {ErrorNumber::Overflow, QT_TRANSLATE_NOOP("ErrorNumber", "Overflow")},
+    {ErrorNumber::OutOfMemory, QT_TRANSLATE_NOOP("ErrorNumber", "Out of memory")},
+    {ErrorNumber::SubscriptOutOfRange, QT_TRANSLATE_NOOP("ErrorNumber", "Subscript out of range")},
+    {ErrorNumber::DivisionByZero, QT_TRANSLATE_NOOP("ErrorNumber", "Division by zero")},
+    {ErrorNumber::TypeMismatch, QT_TRANSLATE_NOOP("ErrorNumber", "Type mismatch")},
+    {ErrorNumber::Interrupted, QT_TRANSLATE_NOOP("ErrorNumber", "Interrupted")},
+    {ErrorNumber::FileNotFound, QT_TRANSLATE_NOOP("ErrorNumber", "File not found")},
+    {ErrorNumber::DiskFull, QT_TRANSLATE_NOOP("ErrorNumber", "Disk full")},
+    {ErrorNumber::InputPastEnd, QT_TRANSLATE_NOOP("ErrorNumber", "Input past end of file")},
+    {ErrorNumber::PermissionDenied, QT_TRANSLATE_NOOP("ErrorNumber", "Permission denied")},
+    {ErrorNumber::PathNotFound, QT_TRANSLATE_NOOP("ErrorNumber", "Path not found")},
+    {ErrorNumber::InvalidPicture, QT_TRANSLATE_NOOP("ErrorNumber", "Invalid picture")},
+    {ErrorNumber::UnreadableFile, QT_TRANSLATE_NOOP("ErrorNumber", "Unreadable file")},
+};
+
+} // namespace
+
 QString errorText(qint32 number) {
-    switch (number) {
-    case ErrorNumber::InvalidCall:
-        return QStringLiteral("Invalid procedure call");
-    case ErrorNumber::Overflow:
-        return QStringLiteral("Overflow");
-    case ErrorNumber::OutOfMemory:
-        return QStringLiteral("Out of memory");
-    case ErrorNumber::SubscriptOutOfRange:
-        return QStringLiteral("Subscript out of range");
-    case ErrorNumber::DivisionByZero:
-        return QStringLiteral("Division by zero");
-    case ErrorNumber::TypeMismatch:
-        return QStringLiteral("Type mismatch");
-    case ErrorNumber::Interrupted:
-        return QStringLiteral("Interrupted");
-    case ErrorNumber::FileNotFound:
-        return QStringLiteral("File not found");
-    case ErrorNumber::DiskFull:
-        return QStringLiteral("Disk full");
-    case ErrorNumber::InputPastEnd:
-        return QStringLiteral("Input past end of file");
-    case ErrorNumber::PermissionDenied:
-        return QStringLiteral("Permission denied");
-    case ErrorNumber::PathNotFound:
-        return QStringLiteral("Path not found");
-    case ErrorNumber::InvalidPicture:
-        return QStringLiteral("Invalid picture");
-    case ErrorNumber::UnreadableFile:
-        return QStringLiteral("Unreadable file");
-    default:
-        return QStringLiteral("Error %1").arg(number);
-    }
+    for (const auto& known : errorTexts)
+        if (known.number == number)
+            return QCoreApplication::translate("ErrorNumber", known.text);
+    return QCoreApplication::translate("ErrorNumber", "Error %1").arg(number);
 }
 
 void fail(qint32 number, const QString& fact, std::source_location where) {

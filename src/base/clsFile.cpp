@@ -5,6 +5,7 @@
 #include "base/QuotedRecordReader.h"
 #include "base/SafeFileWriter.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <new>
 #include <utility>
@@ -14,12 +15,14 @@ namespace tarsel {
 namespace {
 
 /// Room for a million rows; a larger file is not a list of ours, and would only fill the memory.
-constexpr qint64 LargestListFile = qint64(256) << 20;
+constexpr qint64 largestListFile = qint64(256) << 20;
 
 void refuseHugeFile(const QString& path) {
-    if (const qint64 size = QFileInfo(path).size(); size > LargestListFile)
+    if (const qint64 size = QFileInfo(path).size(); size > largestListFile)
         fail(ErrorNumber::UnreadableFile,
-             QStringLiteral("%1: %2 MB are too much for a list file").arg(path).arg(size >> 20));
+             QCoreApplication::translate("clsFile", "%1: %2 MB are too much for a list file")
+                 .arg(path)
+                 .arg(size >> 20));
 }
 
 } // namespace
@@ -111,7 +114,8 @@ void clsFile::read_ImageBasket(QString& path, QString& description) {
 
 void clsFile::write_EditingList(const QStringList& fields) {
     if (fields.size() != editingListFields)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("a record of %1 fields").arg(fields.size()));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("clsFile", "a record of %1 fields").arg(fields.size()));
     writeFields(fields);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ApplicationScope.h"
 
+#include "base/Translation.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <clocale>
@@ -23,7 +25,7 @@ void requireUtf8Locale() {
         ::setenv("LC_ALL", "C.UTF-8", 1);
 }
 
-/// Libraries talk of what a user can't mend.
+/// Warnings of libraries are nothing that a user could act on.
 void onlyFatalMessages(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtCriticalMsg || type == QtFatalMsg)
         std::fprintf(stderr, "tarsel: %s\n", qUtf8Printable(text));
@@ -31,16 +33,22 @@ void onlyFatalMessages(QtMsgType type, const QMessageLogContext&, const QString&
 
 } // namespace
 
-ApplicationScope::ApplicationScope(bool withFonts) {
+ApplicationScope* ApplicationScope::current = nullptr;
+
+ApplicationScope::ApplicationScope() {
+    current = this;
     requireUtf8Locale();
     qInstallMessageHandler(onlyFatalMessages);
-    if (withFonts) {
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        provideRuntimeFolder();
-        m_application = std::make_unique<QGuiApplication>(programArgumentCount, programArguments);
-    } else {
-        m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
-    }
+    m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
+    installTranslation();
+}
+
+void ApplicationScope::provideFonts() {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    current->provideRuntimeFolder();
+    current->m_application.reset();
+    current->m_application = std::make_unique<QGuiApplication>(programArgumentCount, programArguments);
+    installTranslation();
 }
 
 /// A graphical Qt asks for the user's runtime folder. Where there is none, under cron or in a container, it
@@ -52,6 +60,8 @@ void ApplicationScope::provideRuntimeFolder() {
     ::setenv("XDG_RUNTIME_DIR", QFile::encodeName(m_runtimeFolder->path()).constData(), 1);
 }
 
-ApplicationScope::~ApplicationScope() = default;
+ApplicationScope::~ApplicationScope() {
+    current = nullptr;
+}
 
 } // namespace tarsel::cli

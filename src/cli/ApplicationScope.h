@@ -8,16 +8,22 @@
 
 namespace tarsel::cli {
 
-/// The application object for as long as it lives. One with fonts takes longer to start; it runs on the
-/// offscreen platform and needs no display.
+/// The application object for as long as the scope lives, with the texts of the user's language. There is one
+/// at a time.
 class ApplicationScope {
 public:
-    explicit ApplicationScope(bool withFonts);
+    ApplicationScope();
     ~ApplicationScope();
     ApplicationScope(const ApplicationScope&) = delete;
     ApplicationScope& operator=(const ApplicationScope&) = delete;
 
+    /// Replaces the application object by one with fonts, which takes longer to start. It runs on the
+    /// offscreen platform and needs no display.
+    static void provideFonts();
+
 private:
+    static ApplicationScope* current;
+
     void provideRuntimeFolder();
 
     std::optional<QTemporaryDir> m_runtimeFolder;

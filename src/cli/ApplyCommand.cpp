@@ -8,26 +8,32 @@
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "codecs/Formats.h"
+#include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
-#include "output/LoadSource.h"
 #include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
+
+#include <QCoreApplication>
 
 namespace tarsel::cli {
 
 namespace {
 
 constexpr OptionSpec options[] = {
-    {"tasks", "F.tbf", "the task list; must be given"},
-    {"upright", nullptr, "turn the picture by its EXIF orientation before the tasks run"},
-    {"json", nullptr, "one JSON object: row, source, target, state, reason"},
+    {"tasks", "F.tbf", QT_TRANSLATE_NOOP("CommandLine", "the task list; required")},
+    {"upright", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "turn the picture by its EXIF orientation before the tasks run")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "one JSON object: row, source, target, state, reason")},
 };
 
 void requireWritable(const QString& path) {
     if (!isWritable(modFileSystem::GetFileExtension(path).toLower()))
-        throw UsageError{QStringLiteral("%1: the extension names no format that can be written (%2)")
-                             .arg(path, writableExtensions().join(QStringLiteral(", ")))};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine",
+                                        "%1: the extension is not that of a format that can be written (%2)")
+                .arg(path, writableExtensions().join(QStringLiteral(", ")))};
 }
 
 /// For other formats the tasks see the picture on white, as in a batch.
@@ -50,34 +56,38 @@ QString apply(const QString& source, const QString& target, const TaskList& task
     if (const auto failure =
             modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("%1: the task list ended early, nothing was written: %2")
+             QCoreApplication::translate("CommandLine",
+                                         "%1: the task list ended early, nothing was written: %2")
                  .arg(source, failure->ErrSystem));
     box.SaveToFile(target);
-    return damage.isEmpty() ? QString() : QStringLiteral("the source is damaged: ") + damage;
+    return damage.isEmpty()
+               ? QString()
+               : QCoreApplication::translate("CommandLine", "the source is damaged: %1").arg(damage);
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
     if (!arguments.has("tasks"))
-        throw UsageError{QStringLiteral("--tasks is missing")};
+        throw UsageError{QCoreApplication::translate("CommandLine", "--tasks is missing")};
     if (arguments.operands().size() != 2)
-        throw UsageError{QStringLiteral("expected IN OUT")};
-    RowResult result{.row = 1,
-                     .source = absolutePath(arguments.operands().at(0)),
-                     .target = absolutePath(arguments.operands().at(1)),
-                     .state = RowState::Written,
-                     .reason = {},
-                     .isDry = false};
+        throw UsageError{QCoreApplication::translate("CommandLine", "expected IN OUT")};
+    RowResult result;
+    result.row = 1;
+    result.source = absolutePath(arguments.operands().at(0));
+    result.target = absolutePath(arguments.operands().at(1));
     requireWritable(result.target);
     TaskList tasks;
     modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
-    const ApplicationScope application(drawsText(tasks));
+    if (drawsText(tasks))
+        ApplicationScope::provideFonts();
     const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {
-        result.reason = apply(result.source, result.target, tasks, arguments.has("upright"));
+        const QString damage = apply(result.source, result.target, tasks, arguments.has("upright"));
+        result.state = RowState::Written;
+        if (!damage.isEmpty())
+            result.remark(damage);
     } catch (const TrappedError& error) {
-        result.state = RowState::Failed;
-        result.reason = error.description;
+        result.remark(error.description);
         terminal.message(QStringLiteral("tarsel: ") + error.description);
     }
     report.add(result);
@@ -89,8 +99,11 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command applyCommand{
     .name = "apply",
     .operands = "--tasks F.tbf IN OUT",
-    .summary = "Replay a task list on one picture; OUT's extension names the format.",
-    .notes = "Metadata is kept where the format can hold it. Nothing is written when a task fails.",
+    .summary = QT_TRANSLATE_NOOP("CommandLine",
+                                 "Replay a task list on one picture; OUT's extension names the format."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
+        "Metadata is kept where the format can hold it. Nothing is written when a task fails."),
     .options = options,
     .run = run,
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Arguments.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel::cli {
@@ -46,15 +47,15 @@ void Arguments::takeOption(const QString& word, QStringList& rest, std::span<con
     const OptionSpec* option =
         spelled.startsWith(QLatin1String("--")) ? findOption(spelled.mid(2), options) : nullptr;
     if (!option)
-        throw UsageError{QStringLiteral("unknown option %1").arg(spelled)};
+        throw UsageError{QCoreApplication::translate("CommandLine", "unknown option %1").arg(spelled)};
     const QString name = QString::fromLatin1(option->name);
     if (m_values.contains(name))
-        throw UsageError{QStringLiteral("%1 is given twice").arg(spelled)};
+        throw UsageError{QCoreApplication::translate("CommandLine", "%1 is given twice").arg(spelled)};
     if (!option->value && equals >= 0)
-        throw UsageError{QStringLiteral("%1 takes no value").arg(spelled)};
+        throw UsageError{QCoreApplication::translate("CommandLine", "%1 takes no value").arg(spelled)};
     if (option->value && equals < 0 && rest.isEmpty())
-        throw UsageError{
-            QStringLiteral("%1 needs a value: %2").arg(spelled, QString::fromLatin1(option->value))};
+        throw UsageError{QCoreApplication::translate("CommandLine", "%1 needs a value: %2")
+                             .arg(spelled, QString::fromLatin1(option->value))};
     m_values.insert(name, !option->value ? QString() : equals >= 0 ? word.mid(equals + 1) : rest.takeFirst());
 }
 
@@ -66,11 +67,12 @@ int numberIn(const QString& text, int lowest, int highest, const char* option) {
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     if (!isNumber || number < lowest || number > highest)
-        throw UsageError{QStringLiteral("--%1 takes a whole number from %2 to %3, not \"%4\"")
-                             .arg(QLatin1String(option))
-                             .arg(lowest)
-                             .arg(highest)
-                             .arg(text)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--%1 takes an integer from %2 to %3, not \"%4\"")
+                .arg(QLatin1String(option))
+                .arg(lowest)
+                .arg(highest)
+                .arg(text)};
     return number;
 }
 

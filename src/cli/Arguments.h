@@ -40,7 +40,7 @@ private:
     bool m_help = false;
 };
 
-/// A whole number within bounds; UsageError naming the option otherwise.
+/// An integer within bounds; UsageError naming the option otherwise.
 int numberIn(const QString& text, int lowest, int highest, const char* option);
 
 } // namespace tarsel::cli

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
-#include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
 #include "cli/JsonLine.h"
 #include "cli/Terminal.h"
 #include "collections/clsFileInfo.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -16,9 +16,13 @@ namespace {
 
 constexpr OptionSpec options[] = {
     {"description", "TEXT",
-     "add, save: description of the pictures, kept by a .ibd basket without its double quotes"},
+     QT_TRANSLATE_NOOP(
+         "CommandLine",
+         "add, save: description of the pictures, kept by a .ibd basket without its double quotes")},
     {"json", nullptr,
-     "list: one JSON object a line: row, name, path, source, resolution, size, type, description"},
+     QT_TRANSLATE_NOOP(
+         "CommandLine",
+         "list: one JSON object a line: row, name, path, source, resolution, size, type, description")},
 };
 
 constexpr int plainFilter = 2;
@@ -49,7 +53,8 @@ int list(const Arguments& arguments, const QString& basketPath, Terminal& termin
                                                     .arg(cell(BasketColumn::SourcePath), row.text));
     }
     for (const QString& path : basket.missing())
-        terminal.message(QStringLiteral("tarsel: %1: missing, or not a picture").arg(path));
+        terminal.message(
+            QCoreApplication::translate("CommandLine", "tarsel: %1: missing, or not a picture").arg(path));
     return basket.missing().isEmpty() ? AllDone : SomeNotDone;
 }
 
@@ -74,7 +79,8 @@ bool addPictures(ListView& entries, const QStringList& paths, const QString& des
             addEntry(entries, path, description);
             continue;
         }
-        terminal.message(QStringLiteral("tarsel: %1: missing, or not readable").arg(path));
+        terminal.message(
+            QCoreApplication::translate("CommandLine", "tarsel: %1: missing, or not readable").arg(path));
         allThere = false;
     }
     return allThere;
@@ -86,7 +92,8 @@ bool isDescribed(const QString& path) {
 
 void write(const QString& path, const ListView& entries) {
     if (entries.isEmpty())
-        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": an empty basket is not written"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("CommandLine", "%1: an empty basket is not written").arg(path));
     modSaveOpenImageList::writeBasketFile(isDescribed(path) ? describedFilter : plainFilter, path, entries);
 }
 
@@ -117,15 +124,19 @@ int add(const Arguments& arguments, const QString& basketPath, Terminal& termina
 void refuseUnfit(const Arguments& arguments, const QString& action, const QString& basketPath) {
     const bool lists = action == QLatin1String("list");
     if (lists && arguments.operands().size() > 2)
-        throw UsageError{QStringLiteral("list takes one basket")};
+        throw UsageError{QCoreApplication::translate("CommandLine", "list takes one basket")};
     if (!lists && arguments.operands().size() < 3)
-        throw UsageError{QStringLiteral("no picture given")};
+        throw UsageError{QCoreApplication::translate("CommandLine", "no picture given")};
     if (lists ? arguments.has("description") : arguments.has("json"))
-        throw UsageError{QStringLiteral("%1 doesn't take that option").arg(action)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "%1 doesn't take that option").arg(action)};
     if (!isBasketFile(basketPath))
-        throw UsageError{QStringLiteral("%1: a basket file ends in .ibf or .ibd").arg(basketPath)};
+        throw UsageError{QCoreApplication::translate("CommandLine", "%1: a basket file ends in .ibf or .ibd")
+                             .arg(basketPath)};
     if (arguments.has("description") && !isDescribed(basketPath))
-        throw UsageError{QStringLiteral("%1: only a .ibd basket keeps descriptions").arg(basketPath)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "%1: only a .ibd basket keeps descriptions")
+                .arg(basketPath)};
 }
 
 struct Action {
@@ -139,10 +150,10 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const auto action = std::ranges::find_if(
         actions, [&](const Action& candidate) { return name == QLatin1String(candidate.name); });
     if (action == std::end(actions) || arguments.operands().size() < 2)
-        throw UsageError{QStringLiteral("expected list, add or save, and a basket")};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "expected list, add or save, and a basket")};
     const QString basketPath = absolutePath(arguments.operands().at(1));
     refuseUnfit(arguments, name, basketPath);
-    const ApplicationScope application(false);
     return action->run(arguments, basketPath, terminal);
 }
 
@@ -151,10 +162,11 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command basketCommand{
     .name = "basket",
     .operands = "list BASKET | add BASKET PICTURE... | save BASKET PICTURE...",
-    .summary = "List a basket file, add pictures to it, or make one.",
-    .notes =
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "List a basket file, add pictures to it, or make one."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
         "BASKET is a .ibf file (paths) or a .ibd file (paths and descriptions). save replaces an old file.\n"
-        "A path that the basket has already is not added again.",
+        "A path that the basket has already is not added again."),
     .options = options,
     .run = run,
 };

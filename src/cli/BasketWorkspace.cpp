@@ -7,6 +7,7 @@
 #include "collections/PictureFiles.h"
 #include "collections/clsFileInfo.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QSet>
 #include <utility>
@@ -52,7 +53,8 @@ bool isBasketFile(const QString& path) {
 
 QString absolutePath(const QString& path) {
     if (QDir::isRelativePath(path) && QDir::currentPath().isEmpty())
-        fail(ErrorNumber::PathNotFound, QStringLiteral("the current folder no longer exists: ") + path);
+        fail(ErrorNumber::PathNotFound,
+             QCoreApplication::translate("CommandLine", "the current folder no longer exists: %1").arg(path));
     return QDir::cleanPath(QDir::current().absoluteFilePath(path));
 }
 
@@ -73,12 +75,14 @@ void BasketWorkspace::prepareFor(const QString& path) {
 
 void BasketWorkspace::fill(const QStringList& operands) {
     if (operands.isEmpty())
-        throw UsageError{QStringLiteral("no basket and no picture given")};
+        throw UsageError{QCoreApplication::translate("CommandLine", "no basket and no picture given")};
     if (operands.size() == 1 && isBasketFile(operands.first()))
         return openBasketFile(absolutePath(operands.first()));
     for (const QString& operand : operands)
         if (isBasketFile(operand))
-            throw UsageError{QStringLiteral("%1: a basket file stands alone").arg(operand)};
+            throw UsageError{
+                QCoreApplication::translate("CommandLine", "%1: a basket file is the only operand")
+                    .arg(operand)};
     addPictures(operands);
 }
 
@@ -87,7 +91,8 @@ void BasketWorkspace::openBasketFile(const QString& path) {
     for (const auto& entry : entries)
         prepareFor(entry.path);
     if (!modSaveOpenImageList::fncOpenImageBasket(path, m_basket, m_lists))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("%1: no readable basket file").arg(path));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("CommandLine", "%1: not a readable basket file").arg(path));
     m_missing = m_basket.LTemp();
     const QSet<QString> sources = sourcesOf(m_workspace.lvPages);
     for (const auto& entry : entries)

@@ -6,6 +6,8 @@
 #include "cli/BasketWorkspace.h"
 #include "output/Naming.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::cli {
 
 namespace {
@@ -17,7 +19,9 @@ qint16 nameOption(const QString& text) {
                                    QStringLiteral("generic")};
     const qsizetype index = names.indexOf(text);
     if (index < 0)
-        throw UsageError{QStringLiteral("--name is keep, hybrid or generic, not \"%1\"").arg(text)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--name is keep, hybrid or generic, not \"%1\"")
+                .arg(text)};
     return qint16(index);
 }
 
@@ -26,7 +30,7 @@ void refuseUnused(const Arguments& arguments, int option) {
     const auto refuse = [&](std::initializer_list<const char*> names, const char* wanted) {
         for (const char* name : names)
             if (arguments.has(name))
-                throw UsageError{QStringLiteral("--%1 goes with --name %2")
+                throw UsageError{QCoreApplication::translate("CommandLine", "--%1 goes with --name %2")
                                      .arg(QLatin1String(name), QLatin1String(wanted))};
     };
     if (option != Hybrid)
@@ -39,11 +43,12 @@ void refuseUnused(const Arguments& arguments, int option) {
 QString namePart(const Arguments& arguments, const char* option, const QString& fallback) {
     QString text = arguments.value(option, fallback);
     if (text.contains(QLatin1Char('/')))
-        throw UsageError{QStringLiteral("--%1 can't hold a \"/\": %2").arg(QLatin1String(option), text)};
+        throw UsageError{QCoreApplication::translate("CommandLine", "--%1 can't hold a \"/\": %2")
+                             .arg(QLatin1String(option), text)};
     return text;
 }
 
-void setNaming(BatchSave& settings, const Arguments& arguments) {
+void setNaming(settings::BatchSave& settings, const Arguments& arguments) {
     settings.NameOption = nameOption(arguments.value("name", QStringLiteral("keep")));
     refuseUnused(arguments, settings.NameOption);
     settings.RenamePrefix = namePart(arguments, "prefix", namingTokens().first());
@@ -53,20 +58,22 @@ void setNaming(BatchSave& settings, const Arguments& arguments) {
     settings.RenameGeneric = namePart(arguments, "generic", settings.RenameGeneric);
     settings.RenameGenericPattern = arguments.value("count", settings.RenameGenericPattern);
     if (!namingCounts().contains(settings.RenameGenericPattern) && !isNumeric(settings.RenameGenericPattern))
-        throw UsageError{QStringLiteral("--count takes a number, \"%1\" or \"%2\", not \"%3\"")
-                             .arg(namingCounts().at(0), namingCounts().at(1), settings.RenameGenericPattern)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--count takes a number, \"%1\" or \"%2\", not \"%3\"")
+                .arg(namingCounts().at(0), namingCounts().at(1), settings.RenameGenericPattern)};
 }
 
 /// The original name in the source's own folder is the hybrid name without anything added: the plain option
 /// knows one folder for all.
-void keepNameInSourceFolder(BatchSave& settings) {
+void keepNameInSourceFolder(settings::BatchSave& settings) {
     settings.NameOption = Hybrid;
     settings.Separator1 = settings.Separator2 = QStringLiteral("[No Separator]");
 }
 
-void setDestination(BatchSave& settings, const Arguments& arguments) {
+void setDestination(settings::BatchSave& settings, const Arguments& arguments) {
     if (arguments.has("out") && arguments.has("source-folder"))
-        throw UsageError{QStringLiteral("--out and --source-folder exclude each other")};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--out and --source-folder exclude each other")};
     settings.DestinationOption = arguments.has("source-folder") ? 0 : 1;
     if (!arguments.has("source-folder")) {
         const QString folder = absolutePath(arguments.value("out", QStringLiteral(".")));
@@ -74,7 +81,8 @@ void setDestination(BatchSave& settings, const Arguments& arguments) {
         return;
     }
     if (settings.NameOption == Generic)
-        throw UsageError{QStringLiteral("--source-folder goes with --name keep or hybrid")};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--source-folder goes with --name keep or hybrid")};
     if (settings.NameOption == Retain)
         keepNameInSourceFolder(settings);
 }
@@ -91,14 +99,16 @@ int rowNumber(const QString& text) {
     bool isNumber = false;
     const int row = text.toInt(&isNumber);
     if (!isNumber || row < 1)
-        throw UsageError{QStringLiteral("--rows takes A-B with rows from 1, not \"%1\"").arg(text)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--rows takes A-B with rows from 1, not \"%1\"")
+                .arg(text)};
     return row;
 }
 
 } // namespace
 
-BatchSave batchSettings(const Arguments& arguments) {
-    BatchSave settings;
+settings::BatchSave batchSettings(const Arguments& arguments) {
+    settings::BatchSave settings;
     setNaming(settings, arguments);
     setDestination(settings, arguments);
     settings.JpegQuality =
@@ -124,11 +134,14 @@ BatchRun batchRun(const Arguments& arguments) {
     const QString text = arguments.value("rows");
     const QStringList ends = text.split(QLatin1Char('-'));
     if (ends.size() > 2 || (ends.size() == 2 && ends[0].isEmpty() && ends[1].isEmpty()))
-        throw UsageError{QStringLiteral("--rows takes A-B with rows from 1, not \"%1\"").arg(text)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--rows takes A-B with rows from 1, not \"%1\"")
+                .arg(text)};
     run.firstRow = ends.first().isEmpty() ? 1 : rowNumber(ends.first());
     run.lastRow = ends.last().isEmpty() ? 0 : rowNumber(ends.last());
     if (run.lastRow != 0 && run.lastRow < run.firstRow)
-        throw UsageError{QStringLiteral("--rows ends before it begins: %1").arg(text)};
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--rows ends before it begins: %1").arg(text)};
     return run;
 }
 

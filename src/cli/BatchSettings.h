@@ -8,7 +8,7 @@
 namespace tarsel::cli {
 
 /// The answers of the batch dialog, from the options of `batch`. Throws UsageError.
-BatchSave batchSettings(const Arguments& arguments);
+settings::BatchSave batchSettings(const Arguments& arguments);
 
 /// The slice of rows of "--rows A-B", also "A-", "-B" and "A". Throws UsageError.
 BatchRun batchRun(const Arguments& arguments);

@@ -2,10 +2,12 @@
 #include "cli/CommandLine.h"
 
 #include "base/ErrorTrap.h"
+#include "cli/ApplicationScope.h"
 #include "cli/Command.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalDesktop.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel::cli {
@@ -20,6 +22,11 @@ const Command* findCommand(const QString& name) {
     const auto found = std::ranges::find_if(
         allCommands, [&](const Command* command) { return name == QLatin1String(command->name); });
     return found == std::end(allCommands) ? nullptr : *found;
+}
+
+/// A text of one of the tables.
+QString shown(const char* text) {
+    return QCoreApplication::translate("CommandLine", text);
 }
 
 QString spelled(const OptionSpec& option) {
@@ -42,7 +49,7 @@ QString table(const QList<std::pair<QString, QString>>& rows) {
 
 int wrongUsage(const QString& fact, const QString& helpOf, Terminal& terminal) {
     terminal.message(QStringLiteral("tarsel: ") + fact);
-    terminal.message(QStringLiteral("Try \"tarsel %1--help\".").arg(helpOf));
+    terminal.message(QCoreApplication::translate("CommandLine", "Try \"tarsel %1--help\".").arg(helpOf));
     return WrongUsage;
 }
 
@@ -65,7 +72,7 @@ int runCommand(const Command& command, const QStringList& words, Terminal& termi
 int runWords(const QStringList& words, Terminal& terminal) {
     const QString first = words.value(0);
     if (words.isEmpty())
-        return wrongUsage(QStringLiteral("no command given"), {}, terminal);
+        return wrongUsage(QCoreApplication::translate("CommandLine", "no command given"), {}, terminal);
     if (first == QLatin1String("--version")) {
         terminal.result(QStringLiteral("tarsel ") + QLatin1String(TARSEL_VERSION));
         return AllDone;
@@ -76,7 +83,8 @@ int runWords(const QStringList& words, Terminal& terminal) {
     }
     const Command* command = findCommand(first);
     if (!command)
-        return wrongUsage(QStringLiteral("no command is called \"%1\"").arg(first), {}, terminal);
+        return wrongUsage(QCoreApplication::translate("CommandLine", "unknown command \"%1\"").arg(first), {},
+                          terminal);
     return runCommand(*command, words.mid(1), terminal);
 }
 
@@ -89,27 +97,32 @@ std::span<const Command* const> commands() {
 QString programHelp() {
     QList<std::pair<QString, QString>> rows;
     for (const Command* command : commands())
-        rows.append({QString::fromUtf8(command->name), QString::fromUtf8(command->summary)});
-    return QStringLiteral("Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
-                          "       tarsel COMMAND --help\n"
-                          "       tarsel --version\n\n"
-                          "Makes JPEG documents from collections of pictures.\n\nCommands:\n") +
+        rows.append({QString::fromUtf8(command->name), shown(command->summary)});
+    return QCoreApplication::translate("CommandLine",
+                                       "Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
+                                       "       tarsel COMMAND --help\n"
+                                       "       tarsel --version\n\n"
+                                       "Makes JPEG documents from collections of pictures.\n\nCommands:\n") +
            table(rows) +
-           QStringLiteral("\nResults go to standard output, messages to standard error.\n"
-                          "Exit status: 0 all done, 1 something not done, 2 wrong usage, 130 interrupted.\n");
+           QCoreApplication::translate(
+               "CommandLine",
+               "\nResults go to standard output, messages to standard error.\n"
+               "Exit status: 0 all done, 1 something not done, 2 wrong usage, 130 interrupted.\n");
 }
 
 QString commandHelp(const Command& command) {
     QList<std::pair<QString, QString>> rows;
     for (const OptionSpec& option : command.options)
-        rows.append({spelled(option), QString::fromUtf8(option.help)});
-    rows.append({QStringLiteral("--help"), QStringLiteral("show this text")});
-    return QStringLiteral("Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
-        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands),
-             QString::fromUtf8(command.summary), table(rows), QString::fromUtf8(command.notes));
+        rows.append({spelled(option), shown(option.help)});
+    rows.append({QStringLiteral("--help"), QCoreApplication::translate("CommandLine", "show this text")});
+    return QCoreApplication::translate("CommandLine",
+                                       "Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
+        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands), shown(command.summary),
+             table(rows), shown(command.notes));
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {
+    const ApplicationScope application;
     const TerminalDesktop desktop(terminal);
     const int status = runWords(words, terminal);
     return terminal.finish() || status != AllDone ? status : SomeNotDone;

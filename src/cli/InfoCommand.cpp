@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorSubject.h"
 #include "base/Stop.h"
-#include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
 #include "cli/Interrupt.h"
@@ -9,12 +8,14 @@
 #include "cli/RawNames.h"
 #include "cli/Terminal.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::cli {
 
 namespace {
 
 constexpr OptionSpec options[] = {
-    {"json", nullptr, "one JSON object a line for each picture"},
+    {"json", nullptr, QT_TRANSLATE_NOOP("CommandLine", "one JSON object a line for each picture")},
 };
 
 /// False when the picture could not be decoded, or in part only.
@@ -31,8 +32,7 @@ bool report(const QString& path, bool json, Terminal& terminal) {
 
 int run(const Arguments& arguments, Terminal& terminal) {
     if (arguments.operands().isEmpty())
-        throw UsageError{QStringLiteral("no picture given")};
-    const ApplicationScope application(false);
+        throw UsageError{QCoreApplication::translate("CommandLine", "no picture given")};
     const InterruptScope interruptible;
     const StopScope stop(interruptible.stop());
     bool allRead = true;
@@ -49,10 +49,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command infoCommand{
     .name = "info",
     .operands = "PICTURE...",
-    .summary = "Show header data, decoded size and depth, pages, EXIF and IPTC of pictures.",
-    .notes = "A picture that can't be read is reported as failed and doesn't stop the others. One that could "
-             "be read\n"
-             "in part is reported as damaged; the exit status is 1 for both.",
+    .summary = QT_TRANSLATE_NOOP(
+        "CommandLine", "Show header data, decoded size and depth, pages, EXIF and IPTC of pictures."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
+        "A picture that can't be read is reported as failed and doesn't stop the others. One that could "
+        "be read\n"
+        "in part is reported as damaged; the exit status is 1 for both."),
     .options = options,
     .run = run,
 };

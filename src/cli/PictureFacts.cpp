@@ -4,9 +4,11 @@
 #include "base/ErrorTrap.h"
 #include "cli/JsonLine.h"
 #include "codecs/PictureFile.h"
+#include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
 #include "metadata/modMetadata.h"
-#include "output/LoadSource.h"
+
+#include <QCoreApplication>
 
 namespace tarsel::cli {
 
@@ -15,7 +17,8 @@ namespace {
 void readHeader(PictureFacts& facts) {
     const PictureFile file(facts.path);
     if (!file.isRecognised())
-        fail(ErrorNumber::InvalidPicture, facts.path + QStringLiteral(": unknown content"));
+        fail(ErrorNumber::InvalidPicture,
+             QCoreApplication::translate("CommandLine", "%1: unknown content").arg(facts.path));
     facts.format = file.formatName();
     facts.header = file.header();
 }
@@ -115,18 +118,18 @@ QString jsonOf(const PictureFacts& facts) {
 QString textOf(const PictureFacts& facts) {
     QString text = facts.path;
     if (!facts.reason.isEmpty())
-        text += QStringLiteral("\n  failed: ") + facts.reason;
+        text += QCoreApplication::translate("CommandLine", "\n  failed: %1").arg(facts.reason);
     if (facts.header)
-        text += QStringLiteral("\n  header: %1, %2, %3 dpi")
+        text += QCoreApplication::translate("CommandLine", "\n  header: %1, %2, %3 dpi")
                     .arg(facts.format,
                          sizeText(facts.header->width, facts.header->height, facts.header->bitsPerPixel))
                     .arg(facts.header->dpi);
     if (facts.reason.isEmpty())
-        text += QStringLiteral("\n  decoded: %1, pages: %2")
+        text += QCoreApplication::translate("CommandLine", "\n  decoded: %1, pages: %2")
                     .arg(sizeText(facts.width, facts.height, facts.bitsPerPixel))
                     .arg(facts.pages);
     if (!facts.damage.isEmpty())
-        text += QStringLiteral("\n  damaged: ") + facts.damage;
+        text += QCoreApplication::translate("CommandLine", "\n  damaged: %1").arg(facts.damage);
     return text + section("EXIF", facts.exif) + section("IPTC", facts.iptc);
 }
 

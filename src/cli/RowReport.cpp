@@ -7,6 +7,9 @@
 #include "cli/Terminal.h"
 #include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/ImageBox.h"
+
+#include <QCoreApplication>
 
 namespace tarsel::cli {
 
@@ -18,7 +21,7 @@ QString jsonOf(const RowResult& result) {
         .add("source", result.source)
         .add("target", result.target)
         .add("state", rowStateText(result.state))
-        .add("reason", result.reason)
+        .add("reason", result.reason())
         .text();
 }
 
@@ -29,8 +32,8 @@ QString textOf(const RowResult& result) {
                        .arg(result.source);
     if (!result.target.isEmpty())
         text += QStringLiteral(" -> ") + result.target;
-    if (!result.reason.isEmpty())
-        text += QStringLiteral(" (%1)").arg(result.reason);
+    if (const QString reason = result.reason(); !reason.isEmpty())
+        text += QStringLiteral(" (%1)").arg(reason);
     return text;
 }
 
@@ -44,21 +47,25 @@ QString badPageOf(const QString& path) {
         for (; page <= pages; ++page)
             box.LoadPage(file, page);
     } catch (const TrappedError& error) {
-        return QStringLiteral("page %1 of %2: %3").arg(page).arg(pages).arg(error.description);
+        return QCoreApplication::translate("CommandLine", "page %1 of %2: %3")
+            .arg(page)
+            .arg(pages)
+            .arg(error.description);
     }
     return {};
 }
 
-/// Why a picture gave no row, or not all of its pages: its files are read once more to find out.
+/// Why a picture has no row, or not all of its pages: its files are read once more to find out.
 QString unreadableReason(const QString& path) {
     if (!clsFileInfo::CheckIfFileExists(path))
-        return QStringLiteral("missing, or not readable");
+        return QCoreApplication::translate("CommandLine", "missing, or not readable");
     PictureFacts facts;
     readPictureFacts(path, facts);
     if (facts.pages > 1 || (facts.pages == 0 && ImageBox::PageCount(path) > 1))
         if (const QString fact = badPageOf(path); !fact.isEmpty())
             return fact;
-    return facts.reason.isEmpty() ? QStringLiteral("can't be read as a picture") : facts.reason;
+    return facts.reason.isEmpty() ? QCoreApplication::translate("CommandLine", "can't be read as a picture")
+                                  : facts.reason;
 }
 
 } // namespace
@@ -67,12 +74,14 @@ void RowReport::add(const RowResult& result) {
     switch (result.state) {
     case RowState::Written:
         ++m_written;
-        m_incomplete += result.reason.isEmpty() ? 0 : 1;
+        m_incomplete += result.remarks.isEmpty() ? 0 : 1;
         break;
-    case RowState::Skipped:
-        ++(result.isDry ? m_dry : m_skipped);
-        m_incomplete += result.isDry && result.reason != SkipReason::DryRun ? 1 : 0;
+    case RowState::Skipped: {
+        const bool isDry = result.skipped == SkipReason::DryRun;
+        ++(isDry ? m_dry : m_skipped);
+        m_incomplete += isDry && !result.remarks.isEmpty() ? 1 : 0;
         break;
+    }
     case RowState::Failed:
         ++m_failed;
         break;
@@ -81,24 +90,24 @@ void RowReport::add(const RowResult& result) {
 }
 
 void RowReport::addMissing(const QString& path) {
-    add({.row = 0,
-         .source = path,
-         .target = {},
-         .state = RowState::Failed,
-         .reason = unreadableReason(path),
-         .isDry = false});
+    RowResult result;
+    result.source = path;
+    result.remark(unreadableReason(path));
+    add(result);
 }
 
 void RowReport::summarise() {
-    QString text = QStringLiteral("tarsel: %1 written, %2 skipped, %3 failed")
-                       .arg(m_written)
-                       .arg(m_skipped)
-                       .arg(m_failed);
+    const auto count = [](const char* text, int number) {
+        return QCoreApplication::translate("CommandLine", text, nullptr, number);
+    };
+    QStringList counts{count(QT_TRANSLATE_NOOP("CommandLine", "%n written"), m_written),
+                       count(QT_TRANSLATE_NOOP("CommandLine", "%n skipped"), m_skipped),
+                       count(QT_TRANSLATE_NOOP("CommandLine", "%n failed"), m_failed)};
     if (m_incomplete > 0)
-        text += QStringLiteral(", %1 with a remark").arg(m_incomplete);
+        counts << count(QT_TRANSLATE_NOOP("CommandLine", "%n with a warning"), m_incomplete);
     if (m_dry > 0)
-        text += QStringLiteral(", %1 would be written").arg(m_dry);
-    m_terminal.message(text);
+        counts << count(QT_TRANSLATE_NOOP("CommandLine", "%n would be written"), m_dry);
+    m_terminal.message(QStringLiteral("tarsel: ") + counts.join(QLatin1String(", ")));
 }
 
 bool RowReport::allDone(bool dryRun) const {

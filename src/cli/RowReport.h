@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "output/BatchSave.h"
+#include "collections/RowResult.h"
 
 #include <QString>
 
@@ -15,7 +15,7 @@ public:
     RowReport(Terminal& terminal, bool json) : m_terminal(terminal), m_json(json) {}
 
     void add(const RowResult& result);
-    /// A picture that gave no row: reported as failed row 0.
+    /// A picture without a row: reported as failed row 0.
     void addMissing(const QString& path);
     void summarise();
     /// Of a dry run all is done when nothing but the writing is missing.
@@ -25,7 +25,7 @@ private:
     Terminal& m_terminal;
     bool m_json;
     int m_written = 0;
-    int m_incomplete = 0; ///< with a remark: a damaged source, a failed task
+    int m_incomplete = 0; ///< with a warning: a damaged source, a failed task
     int m_skipped = 0;
     int m_failed = 0;
     int m_dry = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Terminal.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 #include <sys/ioctl.h>
@@ -38,27 +39,35 @@ QString withoutControls(const QString& text) {
 
 /// Minutes and seconds, or hours, minutes and seconds.
 QString durationText(double seconds) {
-    const qint64 whole = std::llround(seconds);
+    const qint64 rounded = std::llround(seconds);
     const QString clock =
-        QStringLiteral("%1:%2").arg(whole / 60 % 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
-    return whole < 3600
+        QStringLiteral("%1:%2").arg(rounded / 60 % 60).arg(rounded % 60, 2, 10, QLatin1Char('0'));
+    return rounded < 3600
                ? clock
-               : QStringLiteral("%1:%2").arg(whole / 3600).arg(clock.rightJustified(5, QLatin1Char('0')));
+               : QStringLiteral("%1:%2").arg(rounded / 3600).arg(clock.rightJustified(5, QLatin1Char('0')));
+}
+
+/// The time left is known once something is done.
+QString progressText(int value, int maximum, double secondsSinceStart) {
+    if (value <= 0 || value >= maximum)
+        return QCoreApplication::translate("CommandLine", "%1 of %2").arg(value).arg(maximum);
+    return QCoreApplication::translate("CommandLine", "%1 of %2, %3 left")
+        .arg(value)
+        .arg(maximum)
+        .arg(durationText(secondsSinceStart / value * (maximum - value)));
 }
 
 } // namespace
 
 QString barLine(int value, int maximum, double secondsSinceStart, int columns) {
     constexpr int widest = 40;
-    QString facts = QStringLiteral(" %1 of %2").arg(value).arg(maximum);
-    if (value > 0 && value < maximum)
-        facts += QStringLiteral(", %1 left").arg(durationText(secondsSinceStart / value * (maximum - value)));
-    const int room = std::min<int>(widest, columns - int(facts.size()) - 2);
+    const QString progress = progressText(value, maximum, secondsSinceStart);
+    const int room = std::min<int>(widest, columns - int(progress.size()) - 3);
     if (room < 1)
-        return facts.trimmed().left(columns);
+        return progress.left(columns);
     const int filled = maximum > 0 ? int(qint64(room) * value / maximum) : 0;
     return QLatin1Char('[') + QString(filled, QLatin1Char('#')) + QString(room - filled, QLatin1Char('.')) +
-           QLatin1Char(']') + facts;
+           QStringLiteral("] ") + progress;
 }
 
 Terminal::Terminal(std::FILE* results, std::FILE* messages, bool showsBar) :
@@ -86,7 +95,7 @@ void Terminal::message(const QString& line) {
 
 bool Terminal::finish() {
     if (m_failed)
-        message(QStringLiteral("tarsel: standard output can't be written"));
+        message(QCoreApplication::translate("CommandLine", "tarsel: standard output can't be written"));
     return !m_failed;
 }
 

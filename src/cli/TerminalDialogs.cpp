@@ -4,6 +4,8 @@
 #include "base/ErrorReport.h"
 #include "cli/Terminal.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::cli {
 
 MessageAnswer TerminalDialogs::messageBox(const QString& text, MessageIcon, MessageButtons buttons,
@@ -15,7 +17,8 @@ MessageAnswer TerminalDialogs::messageBox(const QString& text, MessageIcon, Mess
 }
 
 void TerminalDialogs::showErrorReport(const ErrorReport& report) {
-    m_terminal.message(QStringLiteral("tarsel: %1 (in %2)").arg(report.ErrSystem, report.ErrRoutine));
+    m_terminal.message(QCoreApplication::translate("CommandLine", "tarsel: %1 (in %2)")
+                           .arg(report.ErrSystem, report.ErrRoutine));
 }
 
 } // namespace tarsel::cli

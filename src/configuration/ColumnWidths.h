@@ -9,9 +9,10 @@ namespace tarsel {
 
 // The remembered column widths of the main window's lists, column by column from the first, to be read at
 // start and assigned at exit. They point into the record.
-std::vector<qint16*> folderColumnWidths(WindowSettings& settings);
-std::vector<qint16*> basketColumnWidths(WindowSettings& settings); ///< the first five of its columns
-std::vector<qint16*> exifColumnWidths(WindowSettings& settings);
-std::vector<qint16*> iptcColumnWidths(WindowSettings& settings);
+std::vector<qint16*> folderColumnWidths(settings::WindowSettings& settings);
+std::vector<qint16*>
+basketColumnWidths(settings::WindowSettings& settings); ///< the first five of its columns
+std::vector<qint16*> exifColumnWidths(settings::WindowSettings& settings);
+std::vector<qint16*> iptcColumnWidths(settings::WindowSettings& settings);
 
 } // namespace tarsel

@@ -13,15 +13,15 @@ template <class Group, class Record>
 auto& part(Record& record) {
     if constexpr (std::is_base_of_v<Group, ConfigRecordData>)
         return static_cast<std::conditional_t<std::is_const_v<Record>, const Group, Group>&>(record);
-    else if constexpr (std::is_same_v<Group, SaveAdvanced>)
+    else if constexpr (std::is_same_v<Group, settings::SaveAdvanced>)
         return record.SaveAdvanced;
-    else if constexpr (std::is_same_v<Group, BatchSave>)
+    else if constexpr (std::is_same_v<Group, settings::BatchSave>)
         return record.BatchSave;
-    else if constexpr (std::is_same_v<Group, Twain>)
+    else if constexpr (std::is_same_v<Group, settings::Twain>)
         return record.Twain;
-    else if constexpr (std::is_same_v<Group, Tasks>)
+    else if constexpr (std::is_same_v<Group, settings::Tasks>)
         return record.Tasks;
-    else if constexpr (std::is_same_v<Group, Album>)
+    else if constexpr (std::is_same_v<Group, settings::Album>)
         return record.Album;
     else
         return record.Print;
@@ -44,7 +44,7 @@ std::vector<ConfigField> makeTable() {
     std::vector<ConfigField> fields;
 #define GROUP(group)                                                                                         \
     {                                                                                                        \
-        using Group = group;                                                                                 \
+        using Group = settings::group;                                                                       \
         const char* groupName = #group;
 #define END_GROUP() }
 #define ROW(type, name, folder)                                                                              \

@@ -28,8 +28,9 @@ bool configurationExists() {
 }
 
 void throwCorruptedFileAway() {
-    service<Dialogs>().messageBox(QStringLiteral("Configuration data file is corrupted\n"
-                                                 "Setting values will be initilized to default"),
+    service<Dialogs>().messageBox(QCoreApplication::translate("ConfigFile",
+                                                              "Configuration data file is corrupted\n"
+                                                              "Setting values will be initilized to default"),
                                   MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
     DeleteConfiguration();
 }

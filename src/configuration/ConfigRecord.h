@@ -21,8 +21,9 @@ constexpr qint32 systemColor(quint32 index) {
 }
 } // namespace configType
 
-// The groups of fields: SaveAdvanced, BatchSave, WindowSettings, Twain, Tasks, PublishingSettings, Album,
-// Print. A fresh one holds the defaults, but for folders, which are empty until defaultRecord fills them.
+/// The groups of fields: SaveAdvanced, BatchSave, WindowSettings, Twain, Tasks, PublishingSettings, Album,
+/// Print. A fresh one holds the defaults, but for folders, which are empty until defaultRecord fills them.
+namespace settings {
 #define GROUP(group) struct group {
 #define END_GROUP()                                                                                          \
     }                                                                                                        \
@@ -32,15 +33,16 @@ constexpr qint32 systemColor(quint32 index) {
 #define FOLDER(type, name, form) configType::type name;
 #define BESIDE(type, name, value) configType::type name = value;
 #include "configuration/ConfigFields.def"
+} // namespace settings
 
 /// Everything that the program remembers between two runs.
-struct ConfigRecordData : WindowSettings, PublishingSettings {
-    tarsel::SaveAdvanced SaveAdvanced;
-    tarsel::BatchSave BatchSave;
-    tarsel::Twain Twain;
-    tarsel::Tasks Tasks;
-    tarsel::Album Album;
-    tarsel::Print Print;
+struct ConfigRecordData : settings::WindowSettings, settings::PublishingSettings {
+    settings::SaveAdvanced SaveAdvanced;
+    settings::BatchSave BatchSave;
+    settings::Twain Twain;
+    settings::Tasks Tasks;
+    settings::Album Album;
+    settings::Print Print;
 };
 
 /// The record of this run: filled once at start, before any dialog; brought to the disk at the end.

@@ -6,6 +6,7 @@
 #include "bytes/Numbers.h"
 #include "configuration/ConfigFields.h"
 
+#include <QCoreApplication>
 #include <limits>
 #include <utility>
 
@@ -25,7 +26,8 @@ QByteArray textBytes(const ConfigField& field, const QString& text) {
     if (field.type == FieldType::F)
         return codePage::cut(bytes, fixedTextSize).leftJustified(fixedTextSize, ' ');
     if (bytes.size() > std::numeric_limits<quint16>::max())
-        fail(ErrorNumber::Overflow, QLatin1String(field.name) + QStringLiteral(" is too long to be stored"));
+        fail(ErrorNumber::Overflow, QCoreApplication::translate("RecordImage", "%1 is too long to be stored")
+                                        .arg(QLatin1String(field.name)));
     return numberBytes(quint16(bytes.size())) + bytes;
 }
 

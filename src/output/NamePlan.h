@@ -5,6 +5,7 @@
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QString>
 #include <optional>
@@ -39,9 +40,11 @@ QString clashText(const PlannedName& planned, bool overwrite);
 /// Plans the names of a basket's rows in slices, so that a window stays responsive. It reads file facts,
 /// headers and metadata only. The list must not change while the planner lives.
 class NamePlanner {
+    Q_DECLARE_TR_FUNCTIONS(NamePlanner)
+
 public:
     /// `tasks` is the task list in force (lvEditBatch): a size after its tasks isn't known before the run.
-    NamePlanner(const ListView& lvPages, const ListView& tasks, const BatchSave& settings);
+    NamePlanner(const ListView& lvPages, const ListView& tasks, const settings::BatchSave& settings);
 
     int rowCount() const { return m_pages.count(); }
     int planned() const { return m_next; }
@@ -54,7 +57,7 @@ private:
     void findClash(PlannedName& planned);
 
     const ListView& m_pages;
-    BatchSave m_settings;
+    settings::BatchSave m_settings;
     bool m_tasksRun;
     int m_next = 0;
     QHash<FileIdentity, int> m_targets;              ///< rows by the file they make
@@ -62,6 +65,7 @@ private:
 };
 
 /// All rows at once.
-std::vector<PlannedName> planNames(const ListView& lvPages, const ListView& tasks, const BatchSave& settings);
+std::vector<PlannedName> planNames(const ListView& lvPages, const ListView& tasks,
+                                   const settings::BatchSave& settings);
 
 } // namespace tarsel

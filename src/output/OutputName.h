@@ -33,7 +33,7 @@ using TokenText = std::function<QString(const QString& token)>;
 /// The name by the settings' NameOption. The source's folder counts in the hybrid option alone; the others
 /// use DestinationFolder whatever DestinationOption says. Error 6 for a count beyond 16 bits, 13 for one that
 /// is not a number.
-OutputName outputName(const BatchSave& settings, const RowToName& row, const TokenText& tokenText);
+OutputName outputName(const settings::BatchSave& settings, const RowToName& row, const TokenText& tokenText);
 
 /// Why no file of that name can lie in its folder; empty when one can. A text from a picture's metadata may
 /// hold a separator, by which the file would be written into another folder.

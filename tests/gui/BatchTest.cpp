@@ -195,7 +195,7 @@ TEST_F(Batch, ThePreviewShowsThePixelsThatTheBatchEncodes) {
     for (const char* value : {"255", "1", "2", "3", "4"}) // on red
         canvas.columns.at(column++) = QLatin1String(value);
     workspace.tasks.append(canvas);
-    BatchSave settings;
+    settings::BatchSave settings;
     settings.ProcessEditingList = 1;
     settings.DestinationFolder = path("out/");
     QDir().mkpath(settings.DestinationFolder);

@@ -30,7 +30,7 @@ namespace {
 
 // A record as "name=value" of each field, from the table of the fields.
 #define GROUP(group)                                                                                         \
-    [[maybe_unused]] QStringList fieldsOf(const group& record) {                                             \
+    [[maybe_unused]] QStringList fieldsOf(const settings::group& record) {                                   \
         QStringList fields;
 #define END_GROUP()                                                                                          \
     return fields;                                                                                           \
@@ -89,7 +89,7 @@ protected:
     }
 
     TestDesktop desktop;
-    BatchSave settings;
+    settings::BatchSave settings;
     ListView pages;
     ListView tasks;
     std::unique_ptr<frmSaveSinglePage> dialog;
@@ -117,7 +117,7 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
                 .ImportEXIFFile = QStringLiteral("/a.xiff"),
                 .ProcessEditingList = 1,
                 .UprightByExif = 0};
-    const BatchSave shown = settings;
+    const settings::BatchSave shown = settings;
     open();
     EXPECT_EQ(dialog->windowTitle().toStdString(), "Save single-page files");
     const std::pair<const char*, const char*> values[] = {
@@ -140,7 +140,7 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
             EXPECT_EQ(valueOf(name), value) << name.constData();
     settings = {};
     click(*dialog, "cmdStarConversion");
-    BatchSave expected = shown;
+    settings::BatchSave expected = shown;
     expected.Confirmed = -1;
     expected.NameOption = settings.NameOption; // stored when they are clicked
     expected.DestinationOption = settings.DestinationOption;
@@ -260,7 +260,7 @@ TEST_F(SaveDialog, ExitAndEscapeKeepTheOptionsClickedAndNothingElse) {
     for (const auto& leave : ways) {
         settings = {};
         settings.Confirmed = -1;
-        BatchSave expected;
+        settings::BatchSave expected;
         expected.NameOption = 2;
         expected.DestinationOption = 1;
         open();
@@ -437,7 +437,10 @@ TEST_F(SaveDialog, HasRoomForEveryControl) {
 TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
     const auto result = [](int row, RowState state, const char* reason = "") {
         const QString source = QStringLiteral("/s%1").arg(row);
-        return RowResult{row, source, QStringLiteral("/t%1").arg(row), state, QLatin1String(reason)};
+        RowResult made{row, source, QStringLiteral("/t%1").arg(row), state, SkipReason::None, {}};
+        if (*reason)
+            made.remark(QLatin1String(reason));
+        return made;
     };
     TestDesktop desktop;
     auto* results = new frmBatchResults({result(1, RowState::Written), result(2, RowState::Skipped, "exists"),

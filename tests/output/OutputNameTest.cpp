@@ -11,15 +11,15 @@ using namespace tarsel::test;
 namespace {
 
 /// Tokens stand for themselves in these tests.
-QString pathOf(const BatchSave& settings, int position = 1, const char* row = "dsc1") {
+QString pathOf(const settings::BatchSave& settings, int position = 1, const char* row = "dsc1") {
     return outputName(
                settings, {position, text(row), text("/source/")},
                [](const QString& token) { return token == QLatin1String("[No Prefix]") ? QString() : token; })
         .path();
 }
 
-BatchSave settingsOf(int option, int destination = 1) {
-    BatchSave settings;
+settings::BatchSave settingsOf(int option, int destination = 1) {
+    settings::BatchSave settings;
     settings.NameOption = qint16(option);
     settings.DestinationOption = qint16(destination);
     settings.DestinationFolder = text("  /out/ ");
@@ -46,7 +46,7 @@ TEST(OutputName, SeparatorsStandEvenBesideNothing) {
         {"Holiday", "[WhiteSpace]", "AND", "", "/out/Holiday dsc1AND.jpg"},
         {"", "-", "=", "end", "/out/-dsc1=end.jpg"},
     };
-    BatchSave settings = settingsOf(1);
+    settings::BatchSave settings = settingsOf(1);
     for (const Case& one : cases) {
         settings.RenamePrefix = text(one.prefix);
         settings.Separator1 = text(one.separator1);
@@ -77,7 +77,7 @@ TEST(OutputName, TheCountFollowsTheRowsPlaceWithoutPadding) {
         {"one", 1, "", ErrorNumber::TypeMismatch},
         {"", 1, "", ErrorNumber::TypeMismatch},
     };
-    BatchSave settings = settingsOf(2);
+    settings::BatchSave settings = settingsOf(2);
     for (const Case& one : cases) {
         SCOPED_TRACE(one.pattern);
         settings.RenameGenericPattern = text(one.pattern);

@@ -74,7 +74,7 @@ public:
     TaskList tasks;
     ImageBox box;
     RecordingProgress progress;
-    BatchSave settings;
+    settings::BatchSave settings;
     BatchRun slice;
     std::vector<RowResult> results;
 

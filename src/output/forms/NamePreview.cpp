@@ -43,7 +43,7 @@ ListControl* NamePreview::makeList() {
     return list;
 }
 
-void NamePreview::show(const BatchSave& settings) {
+void NamePreview::show(const settings::BatchSave& settings) {
     m_settings = settings;
     m_names.clear();
     m_folders.clear();

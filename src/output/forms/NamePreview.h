@@ -25,7 +25,7 @@ public:
     NamePreview(const ListView& lvPages, const ListView& lvEditBatch, QWidget* parent = nullptr);
 
     /// Plans with these settings from now on.
-    void show(const BatchSave& settings);
+    void show(const settings::BatchSave& settings);
     /// Columns: name, source file, remark.
     const ListView& names() const { return m_names; }
     bool isFinished() const { return m_planner && m_planner->finished(); }
@@ -42,7 +42,7 @@ private:
     QLabel* m_summary;
     DestinationNotice* m_destination;
     QTimer m_slice;
-    BatchSave m_settings;
+    settings::BatchSave m_settings;
     std::unique_ptr<NamePlanner> m_planner;
     NameSummary m_counts;
     QStringList m_folders; ///< of all names, each once

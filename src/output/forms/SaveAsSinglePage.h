@@ -16,7 +16,7 @@ struct SaveAsLists {
     const ListView& lvPages;
     const ListView& lvEditBatch;
     ImageBox& ibTemp;
-    BatchSave& settings;
+    settings::BatchSave& settings;
 };
 
 /// The complete operation: asks by frmSaveSinglePage, runs the rows with frmStatus. Returns the results of

@@ -27,6 +27,8 @@ QString withEndingSeparator(const QString& folder) {
 
 using enum StoreMoment;
 
+using settings::BatchSave;
+
 constexpr FormField<BatchSave> fields[] = {
     {"OptName", &BatchSave::NameOption, OnChange},
     {"optDestinationFolder", &BatchSave::DestinationOption, OnChange},
@@ -51,7 +53,7 @@ constexpr FormField<BatchSave> fields[] = {
 
 } // namespace
 
-frmSaveSinglePage::frmSaveSinglePage(BatchSave& settings, const ListView& lvPages,
+frmSaveSinglePage::frmSaveSinglePage(settings::BatchSave& settings, const ListView& lvPages,
                                      const ListView& lvEditBatch, QWidget* owner) :
     QDialog(owner),
     m_settings(settings), m_tasks(lvEditBatch), m_ui(std::make_unique<Ui::frmSaveSinglePage>()),
@@ -88,7 +90,7 @@ void frmSaveSinglePage::fillBoxes() {
 }
 
 void frmSaveSinglePage::subSetUp() {
-    m_binding = std::make_unique<FormBinding<BatchSave>>(*this, m_settings, fields);
+    m_binding = std::make_unique<FormBinding<settings::BatchSave>>(*this, m_settings, fields);
     const auto showQuality = [this](int quality) { m_ui->lblJPGQuality->setNum(quality); };
     connect(m_ui->sldJPGQuality, &QSlider::valueChanged, this, showQuality);
     showQuality(m_ui->sldJPGQuality->value());

@@ -27,7 +27,7 @@ class frmSaveSinglePage final : public QDialog {
     Q_OBJECT
 public:
     /// The lists serve the preview of names; they must not change while the dialog lives.
-    frmSaveSinglePage(BatchSave& settings, const ListView& lvPages, const ListView& lvEditBatch,
+    frmSaveSinglePage(settings::BatchSave& settings, const ListView& lvPages, const ListView& lvEditBatch,
                       QWidget* owner = nullptr);
     ~frmSaveSinglePage() override;
     frmSaveSinglePage(const frmSaveSinglePage&) = delete;
@@ -49,10 +49,10 @@ private:
     void cmdExit_Click();
     bool countIsAccepted();
 
-    BatchSave& m_settings;
+    settings::BatchSave& m_settings;
     const ListView& m_tasks;
     std::unique_ptr<Ui::frmSaveSinglePage> m_ui;
-    std::unique_ptr<FormBinding<BatchSave>> m_binding;
+    std::unique_ptr<FormBinding<settings::BatchSave>> m_binding;
     NamePreview* m_preview = nullptr;
     QTimer m_previewDelay;
 };
