@@ -41,7 +41,7 @@ struct Channel {
             return 0;
         const int shift = std::countr_zero(mask);
         const std::uint64_t largest = mask >> shift;
-        return std::uint8_t(((pixel & mask) >> shift) * 255ULL / largest);
+        return std::uint8_t((((pixel & mask) >> shift) * 255ULL + largest / 2) / largest);
     }
 };
 

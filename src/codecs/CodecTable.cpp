@@ -2,12 +2,14 @@
 #include "codecs/Codec.h"
 
 #include "codecs/BmpCodec.h"
-#include "codecs/ForeignCodecs.h"
+#include "codecs/GifCodec.h"
 #include "codecs/JpegCodec.h"
+#include "codecs/MetafileCodec.h"
 #include "codecs/PcxCodec.h"
 #include "codecs/PngCodec.h"
 #include "codecs/PsdCodec.h"
 #include "codecs/TiffCodec.h"
+#include "codecs/WbmpCodec.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -17,7 +19,8 @@ namespace tarsel {
 
 std::span<const Codec> codecs() {
     static const std::array table = {
-        jpegCodec(), tiffCodec(), pngCodec(), bmpCodec(), gifCodec(), psdCodec(), pcxCodec(), wbmpCodec(),
+        jpegCodec(), tiffCodec(), pngCodec(),  bmpCodec(), gifCodec(),
+        psdCodec(),  pcxCodec(),  wbmpCodec(), wmfCodec(), emfCodec(),
     };
     return table;
 }

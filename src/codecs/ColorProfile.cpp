@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ColorProfile.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
 #include <lcms2.h>
+#include <mutex>
 
 namespace tarsel {
 
@@ -34,10 +39,140 @@ EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata) {
     return metadata;
 }
 
-CmykConversion::CmykConversion(const QByteArray& iccProfile) {
-    if (!hasColorSpace(iccProfile, "CMYK"))
+namespace {
+
+Profile openProfile(const QByteArray& iccProfile, const char* colorSpace) {
+    if (!hasColorSpace(iccProfile, colorSpace))
+        return nullptr;
+    return Profile(cmsOpenProfileFromMem(iccProfile.constData(), cmsUInt32Number(iccProfile.size())));
+}
+
+bool isGray(ConstPixelView pixels) {
+    for (int y = 0; y < pixels.height; ++y)
+        for (int x = 0; x < pixels.width; ++x) {
+            const std::uint8_t* pixel = pixels.pixel(x, y);
+            if (pixel[0] != pixel[1] || pixel[1] != pixel[2])
+                return false;
+        }
+    return true;
+}
+
+Profile rgbProfile(const QByteArray& iccProfile) {
+    Profile embedded = openProfile(iccProfile, "RGB ");
+    return embedded ? std::move(embedded) : Profile(cmsCreate_sRGBProfile());
+}
+
+/// Tries colours all over the cube: many profiles are sRGB under another name.
+bool changesAnything(void* transform) {
+    constexpr int step = 51;
+    for (int red = 0; red < 256; red += step)
+        for (int green = 0; green < 256; green += step)
+            for (int blue = 0; blue < 256; blue += step) {
+                const std::uint8_t color[] = {std::uint8_t(red), std::uint8_t(green), std::uint8_t(blue)};
+                std::uint8_t result[3] = {};
+                cmsDoTransform(transform, color, result, 1);
+                for (int c = 0; c < 3; ++c)
+                    if (std::abs(color[c] - result[c]) > 1)
+                        return true;
+            }
+    return false;
+}
+
+/// Profiles that were found to change nothing lately: finding out takes longer than many a thumbnail.
+class NeutralProfiles {
+public:
+    bool contains(const QByteArray& iccProfile) {
+        const std::lock_guard lock(m_mutex);
+        return std::ranges::find(m_profiles, iccProfile) != m_profiles.end();
+    }
+    void add(const QByteArray& iccProfile) {
+        const std::lock_guard lock(m_mutex);
+        m_profiles[m_next++ % m_profiles.size()] = iccProfile;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::array<QByteArray, 4> m_profiles;
+    std::size_t m_next = 0;
+};
+
+NeutralProfiles& neutralProfiles() {
+    static NeutralProfiles profiles;
+    return profiles;
+}
+
+} // namespace
+
+RgbConversion::RgbConversion(const QByteArray& from, const QByteArray& to) {
+    const bool haveProfile = isRgbProfile(from) || isRgbProfile(to);
+    const bool toSRgb = !isRgbProfile(to);
+    if (!haveProfile || from == to || (toSRgb && neutralProfiles().contains(from)))
         return;
-    const Profile source(cmsOpenProfileFromMem(iccProfile.constData(), cmsUInt32Number(iccProfile.size())));
+    const Profile source = rgbProfile(from), target = rgbProfile(to);
+    const auto transform = [&](cmsUInt32Number format, cmsUInt32Number flags) {
+        return source && target
+                   ? cmsCreateTransform(source.get(), format, target.get(), format,
+                                        INTENT_RELATIVE_COLORIMETRIC, flags | cmsFLAGS_BLACKPOINTCOMPENSATION)
+                   : nullptr;
+    };
+    m_transform = transform(TYPE_RGB_8, 0);
+    if (m_transform && !changesAnything(m_transform)) {
+        cmsDeleteTransform(m_transform);
+        m_transform = nullptr;
+        if (toSRgb)
+            neutralProfiles().add(from);
+    }
+    if (m_transform)
+        m_transformWithAlpha = transform(TYPE_RGBA_8, cmsFLAGS_COPY_ALPHA);
+}
+
+RgbConversion::~RgbConversion() {
+    for (void* transform : {m_transform, m_transformWithAlpha})
+        if (transform)
+            cmsDeleteTransform(transform);
+}
+
+void RgbConversion::convert(PixelView pixels) const {
+    void* transform = pixels.channels == 4 ? m_transformWithAlpha : m_transform;
+    for (int y = 0; y < pixels.height && transform; ++y)
+        cmsDoTransform(transform, pixels.row(y), pixels.row(y), cmsUInt32Number(pixels.width));
+}
+
+Picture converted(const Picture& picture, const QByteArray& from, const QByteArray& to) {
+    const RgbConversion conversion(from, to);
+    Picture result = picture;
+    if (!picture.isNull() && conversion.changesColors())
+        conversion.convert(result.edit());
+    return result;
+}
+
+void applyGrayProfile(Picture& picture, const QByteArray& iccProfile) {
+    const Profile source = openProfile(iccProfile, "GRAY");
+    const Profile target(cmsCreate_sRGBProfile());
+    void* transform = source && target
+                          ? cmsCreateTransform(source.get(), TYPE_GRAY_8, target.get(), TYPE_RGB_8,
+                                               INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_BLACKPOINTCOMPENSATION)
+                          : nullptr;
+    if (!transform)
+        return;
+    std::uint8_t colors[256][3];
+    for (int level = 0; level < 256; ++level) {
+        const auto gray = std::uint8_t(level);
+        cmsDoTransform(transform, &gray, colors[level], 1);
+    }
+    cmsDeleteTransform(transform);
+    if (!isGray(picture.view()))
+        return;
+    const PixelView pixels = picture.edit();
+    for (int y = 0; y < pixels.height; ++y)
+        for (int x = 0; x < pixels.width; ++x) {
+            std::uint8_t* pixel = pixels.pixel(x, y);
+            std::memcpy(pixel, colors[pixel[0]], 3);
+        }
+}
+
+CmykConversion::CmykConversion(const QByteArray& iccProfile) {
+    const Profile source = openProfile(iccProfile, "CMYK");
     const Profile target(cmsCreate_sRGBProfile());
     if (source && target)
         m_transform = cmsCreateTransform(source.get(), TYPE_CMYK_8, target.get(), TYPE_RGB_8,

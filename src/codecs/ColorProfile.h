@@ -2,6 +2,7 @@
 #pragma once
 
 #include "embedded/EmbeddedMetadata.h"
+#include "pixels/Picture.h"
 
 #include <cstdint>
 #include <memory>
@@ -10,6 +11,30 @@ namespace tarsel {
 
 /// Whether an ICC profile describes red, green and blue, so that it may stay with a decoded picture.
 bool isRgbProfile(const QByteArray& iccProfile);
+
+/// Turns pixels of one RGB profile into those of another one; bytes that are no RGB profile stand for sRGB.
+class RgbConversion {
+public:
+    explicit RgbConversion(const QByteArray& from, const QByteArray& to = {});
+    ~RgbConversion();
+    RgbConversion(const RgbConversion&) = delete;
+    RgbConversion& operator=(const RgbConversion&) = delete;
+
+    /// False when no colour would change by more than the last bit.
+    bool changesColors() const { return m_transform != nullptr; }
+    /// In place. Alpha stays.
+    void convert(PixelView pixels) const;
+
+private:
+    void* m_transform = nullptr;
+    void* m_transformWithAlpha = nullptr;
+};
+
+/// The picture as RgbConversion makes it; shared with the source when nothing changes.
+Picture converted(const Picture& picture, const QByteArray& from, const QByteArray& to = {});
+
+/// Turns a gray picture into sRGB by a profile of gray values; leaves it alone with any other profile.
+void applyGrayProfile(Picture& picture, const QByteArray& iccProfile);
 
 /// The blocks without a profile that is for other pixels than red, green and blue.
 EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata);

@@ -21,6 +21,7 @@ struct DecodedPicture {
 struct ReducedPicture {
     Picture picture;
     PixelSize sourceSize;
+    QByteArray iccProfile = {}; ///< as in the metadata of decode
 };
 
 } // namespace tarsel

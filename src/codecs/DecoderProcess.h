@@ -17,9 +17,9 @@ namespace tarsel {
 
 /// What a decoder is to do.
 struct DecoderTask {
-    DecoderFormat format = DecoderFormat::Gif;
+    DecoderFormat format = DecoderFormat::Metafile;
     QByteArray bytes;
-    PixelSize size; ///< as the header says, checked; a picture of another size is refused
+    PixelSize size; ///< that the picture is to have
 };
 
 /// The child process in which decoders run that a crafted file can crash. It is started for the first file

@@ -10,15 +10,15 @@ namespace tarsel {
 
 constexpr int DecoderSocket = 3; ///< descriptor that the decoder finds its socket on
 
-enum class DecoderFormat : std::uint32_t { Gif, Wbmp };
+enum class DecoderFormat : std::uint32_t { Metafile };
 
 /// Comes with two descriptors that can be mapped: the file's bytes for reading; for writing, room for the
 /// pixels, with four bytes for each. Neither can change its size.
 struct DecoderRequest {
-    DecoderFormat format = DecoderFormat::Gif;
+    DecoderFormat format = DecoderFormat::Metafile;
     std::uint32_t serial = 0; ///< comes back in the reply
     std::uint64_t fileBytes = 0;
-    std::int32_t width = 0; ///< of the picture, as its header says
+    std::int32_t width = 0; ///< that the picture is to have
     std::int32_t height = 0;
 };
 constexpr std::size_t requestDescriptors = 2;

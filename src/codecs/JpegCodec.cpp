@@ -202,6 +202,7 @@ DecodedPicture decodeJpeg(const PictureSource& source, const QString& name, int)
     reader.readHeader(Purpose::Picture);
     EmbeddedMetadata metadata = reader.metadata();
     Picture picture = reader.decode(metadata.iccProfile);
+    applyGrayProfile(picture, metadata.iccProfile);
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
 }
 
@@ -209,7 +210,10 @@ ReducedPicture decodeReducedJpeg(const PictureSource& source, const QString& nam
     JpegReader reader(source.all(), fileOf(source, name));
     reader.readHeader(Purpose::Picture);
     reader.reduceTo(wanted);
-    return {reader.decode(reader.metadata().iccProfile), reader.size()};
+    EmbeddedMetadata metadata = reader.metadata();
+    Picture picture = reader.decode(metadata.iccProfile);
+    applyGrayProfile(picture, metadata.iccProfile);
+    return {std::move(picture), reader.size(), withRgbProfileOnly(std::move(metadata)).iccProfile};
 }
 
 } // namespace

@@ -71,9 +71,9 @@ ReducedPicture PictureFile::decodeReduced(const std::function<PixelSize(PixelSiz
     const Question question(stop);
     const Codec& codec = requireCodec();
     if (!codec.decodeReduced) {
-        Picture picture = codec.decode(m_source, m_name, 1).picture;
-        const PixelSize size{picture.width(), picture.height()};
-        return {std::move(picture), size};
+        DecodedPicture decoded = codec.decode(m_source, m_name, 1);
+        const PixelSize size{decoded.picture.width(), decoded.picture.height()};
+        return {std::move(decoded.picture), size, std::move(decoded.metadata.iccProfile)};
     }
     const PictureHeader found = codec.header(m_source, m_name);
     return codec.decodeReduced(m_source, m_name, wanted({found.width, found.height}));

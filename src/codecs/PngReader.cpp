@@ -176,7 +176,9 @@ DecodedPicture decodePng(const PictureSource& source, const QString& name, int) 
     PngReader reader(source, name);
     reader.readHeader();
     Picture picture = reader.decode();
-    return {std::move(picture), withRgbProfileOnly(reader.metadata()), reader.damage()};
+    EmbeddedMetadata metadata = reader.metadata();
+    applyGrayProfile(picture, metadata.iccProfile);
+    return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
 }
 
 } // namespace

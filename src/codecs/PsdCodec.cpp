@@ -71,6 +71,7 @@ DecodedPicture decodePsd(const PictureSource& source, const QString& name, int) 
     const ResourceBlocks resources = resourcesOf(source, readPsdLayout(source, file));
     EmbeddedMetadata metadata = blocksOf(resources);
     PsdPicture psd = readPsd(source, file, metadata.iccProfile);
+    applyGrayProfile(psd.picture, metadata.iccProfile);
     if (psd.damage.isEmpty() && lacksMergedPicture(resources))
         psd.damage = QCoreApplication::translate("PsdCodec", "saved without a merged picture");
     return {std::move(psd.picture), withRgbProfileOnly(std::move(metadata)), std::move(psd.damage)};

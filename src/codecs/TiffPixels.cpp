@@ -133,13 +133,20 @@ Picture decodePlainRgb(const TiffFile& tiff, const TiffLayout& layout, const Fil
     return picture;
 }
 
+/// libtiff's converter takes the room for an uncompressed tile for the tile's size, and refuses the file.
+static bool hasTilesOfOddSize(const TiffFile& tiff, const TiffLayout& layout) {
+    constexpr tmsize_t roomUnit = 1024;
+    return layout.tiled && layout.compression == COMPRESSION_NONE && TIFFTileSize(tiff) % roomUnit != 0;
+}
+
 bool isKnownToTiffRgba(const TiffFile& tiff, const TiffLayout& layout) {
     char reason[1024] = {};
     const bool ours = layout.photometric == PHOTOMETRIC_SEPARATED ||
                       layout.photometric == PHOTOMETRIC_CIELAB || layout.photometric == PHOTOMETRIC_ICCLAB ||
                       layout.bits > 16 || layout.sampleFormat == SAMPLEFORMAT_IEEEFP ||
                       (hasAlpha(layout) && layout.photometric != PHOTOMETRIC_YCBCR) ||
-                      (layout.bits < 8 && layout.samples > 1);
+                      (layout.bits < 8 && layout.samples > 1) ||
+                      (hasTilesOfOddSize(tiff, layout) && layout.photometric != PHOTOMETRIC_YCBCR);
     return !ours && TIFFRGBAImageOK(tiff, reason);
 }
 

@@ -134,6 +134,7 @@ DecodedPicture decodeTiff(const PictureSource& source, const QString& name, int 
     const TiffLayout layout = checkedLayout(tiff, file);
     EmbeddedMetadata metadata = tiffPageMetadata(source, directory);
     Picture picture = decodePixels(tiff, layout, file, metadata.iccProfile);
+    applyGrayProfile(picture, metadata.iccProfile);
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), tiff.firstError()};
 }
 

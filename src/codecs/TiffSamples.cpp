@@ -232,14 +232,16 @@ void storeLab(const std::vector<float>& samples, const TiffLayout& layout, Pixel
     }
 }
 
-void storeCmyk(const std::vector<float>& samples, SampleRange range, const QByteArray& iccProfile,
+/// Three inks are those without black, fewer begin with black.
+void storeInks(const std::vector<float>& samples, int inks, SampleRange range, const QByteArray& iccProfile,
                PixelView target) {
     const CmykConversion conversion(iccProfile);
     std::vector<std::uint8_t> row(std::size_t(target.width) * 4);
     const float* sample = samples.data();
     for (int y = 0; y < target.height; ++y) {
-        for (std::uint8_t& ink : row)
-            ink = byteOf(range.scaled(*sample++));
+        for (std::size_t at = 0; at < row.size(); at += 4, sample += inks)
+            for (int ink = 0; ink < inks; ++ink)
+                row[at + std::size_t(inks < 3 ? 3 - ink : ink)] = byteOf(range.scaled(sample[ink]));
         conversion.convertRow(row.data(), target.row(y), target.width);
     }
 }
@@ -308,10 +310,10 @@ private:
     std::optional<TiffPalette> m_palette;
 };
 
-int colorSamples(int photometric) {
-    switch (photometric) {
+int colorSamples(const TiffLayout& layout) {
+    switch (layout.photometric) {
     case PHOTOMETRIC_SEPARATED:
-        return 4;
+        return std::clamp(layout.samples, 1, 4);
     case PHOTOMETRIC_MINISBLACK:
     case PHOTOMETRIC_MINISWHITE:
     case PHOTOMETRIC_PALETTE:
@@ -329,12 +331,13 @@ int colorSamples(int photometric) {
 
 Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
                           const QByteArray& iccProfile) {
-    SampleChoice choice{colorSamples(layout.photometric)};
+    SampleChoice choice{colorSamples(layout)};
     if (choice.colors == 0)
         failDecoding(file, QCoreApplication::translate("TiffSamples", "colours of kind %1 are not supported")
                                .arg(layout.photometric));
-    const bool isUnit = choice.colors < 4 && layout.photometric != PHOTOMETRIC_CIELAB &&
-                        layout.photometric != PHOTOMETRIC_ICCLAB;
+    const bool hasInks = layout.photometric == PHOTOMETRIC_SEPARATED;
+    const bool isUnit =
+        !hasInks && layout.photometric != PHOTOMETRIC_CIELAB && layout.photometric != PHOTOMETRIC_ICCLAB;
     if (isUnit && layout.alphaSample >= 0)
         choice.alpha = choice.colors + layout.alphaSample;
     const std::vector<float> samples = SampleReader(tiff, layout, file, choice).read();
@@ -346,8 +349,8 @@ Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const 
         palette.emplace(tiff, layout, file);
     if (isUnit)
         UnitPainter(layout, range, choice, palette).paint(samples, target);
-    else if (choice.colors == 4)
-        storeCmyk(samples, range, iccProfile, target);
+    else if (hasInks)
+        storeInks(samples, choice.colors, range, iccProfile, target);
     else
         storeLab(samples, layout, target);
     return picture;

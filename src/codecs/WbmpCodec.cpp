@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "codecs/ForeignCodecs.h"
+#include "codecs/WbmpCodec.h"
 
-#include "base/Stop.h"
 #include "bytes/ByteReader.h"
-#include "codecs/DecoderPool.h"
+#include "codecs/CodecChecks.h"
+#include "codecs/SourceStream.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <cstring>
+#include <vector>
 
 namespace tarsel {
 
@@ -67,8 +70,24 @@ int onePage(const PictureSource&, const QString&) {
 
 DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int) {
     const PictureHeader header = wbmpHeader(source, name);
-    const DecoderTask task{DecoderFormat::Wbmp, source.all(), {header.width, header.height}};
-    return {DecoderPool::shared().decode(task, {"WBMP", name, task.bytes.size()}, currentStop()), {}};
+    Picture picture(header.width, header.height, 3);
+    const PixelView target = picture.edit();
+    SourceStream stream(source, readHeader(source)->pixelOffset);
+    std::vector<std::uint8_t> row(std::size_t(header.width + 7) / 8);
+    QString damage;
+    for (int y = 0; y < header.height; ++y) {
+        if (damage.isEmpty() && stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) {
+            if (y == 0)
+                failDecoding({"WBMP", name, source.size()},
+                             QCoreApplication::translate("WbmpCodec", "no pixels"));
+            damage = QCoreApplication::translate("WbmpCodec", "file is truncated");
+        }
+        if (!damage.isEmpty())
+            std::ranges::fill(row, std::uint8_t(255)); // white where the file has nothing
+        for (int x = 0; x < header.width; ++x)
+            std::memset(target.pixel(x, y), row[std::size_t(x) / 8] >> (7 - x % 8) & 1 ? 255 : 0, 3);
+    }
+    return {std::move(picture), {}, std::move(damage)};
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "collections/PictureFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/DisplayColors.h"
 #include "imaging/Upright.h"
 
 #include <algorithm>
@@ -262,7 +263,8 @@ void Basket::addPage(const Source& source, const OpenDocument& document, int pag
 namespace {
 /// The box's picture as its thumbnail shows it; the page file keeps it as it is, with its orientation.
 Picture seenPicture(const ImageBox& box, bool upright) {
-    return upright ? uprightPicture(box.picture(), exifOrientation(box.metadata())) : box.picture();
+    const Picture picture = inDisplayColors(box.picture(), box.metadata());
+    return upright ? uprightPicture(picture, exifOrientation(box.metadata())) : picture;
 }
 } // namespace
 

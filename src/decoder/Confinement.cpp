@@ -65,6 +65,8 @@ int addRules(scmp_filter_ctx filter) {
         allowIf(call, SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
     allowIf(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_EQ, 0));
     allowIf(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(::getpid())));
+    // Qt's threads, which wait, and this one share the memory.
+    failed |= ::seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1);
     return failed ? failed : ::seccomp_load(filter);
 }
 

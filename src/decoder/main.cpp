@@ -3,8 +3,10 @@
 // that crashes it, takes it over, or makes it ask for too much memory or time, costs this process alone.
 
 #include "decoder/Confinement.h"
-#include "decoder/FreeImageDecoding.h"
+#include "decoder/MetafileDecoding.h"
 
+#include <QThreadPool>
+#include <malloc.h>
 #include <sys/mman.h>
 
 namespace tarsel::decoder {
@@ -63,5 +65,14 @@ int run() {
 } // namespace tarsel::decoder
 
 int main() {
-    return tarsel::decoder::run();
+    // An arena for each thread is trimmed after a look at /proc, where a locked process may not look.
+    ::mallopt(M_ARENA_MAX, 1);
+    // Qt divides large fills among its threads, unless it is in one of them already; none may be started
+    // later.
+    QThreadPool* threads = QThreadPool::globalInstance();
+    threads->setMaxThreadCount(1);
+    int status = 0;
+    threads->start([&status] { status = tarsel::decoder::run(); });
+    threads->waitForDone();
+    return status;
 }

@@ -4,6 +4,7 @@
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/Stop.h"
+#include "codecs/ColorProfile.h"
 #include "codecs/Formats.h"
 #include "codecs/PictureFile.h"
 
@@ -20,31 +21,38 @@ QString extensionOf(const QString& path) {
     return QFileInfo(path).suffix().toLower();
 }
 
+/// A picture and the profile of its colours.
+struct Merged {
+    Picture picture;
+    QByteArray iccProfile;
+};
+
 /// The picture merged last: a batch lays the same watermark on every picture.
 class MergedPictures {
 public:
     /// Decodes outside of the lock, so that no thread waits for another one's file.
-    Picture load(const QString& path) {
+    Merged load(const QString& path) {
         const QFileInfo file(path);
-        const Picture known = kept(path, file);
-        if (!known.isNull())
+        const Merged known = kept(path, file);
+        if (!known.picture.isNull())
             return known;
-        Picture read = PictureFile(path).decode().picture;
-        keep(path, file, read);
-        return read;
+        DecodedPicture read = PictureFile(path).decode();
+        const Merged merged{std::move(read.picture), std::move(read.metadata.iccProfile)};
+        keep(path, file, merged);
+        return merged;
     }
 
 private:
     /// A null picture when it is another one; that one goes, to make room.
-    Picture kept(const QString& path, const QFileInfo& file) {
+    Merged kept(const QString& path, const QFileInfo& file) {
         const std::lock_guard lock(m_mutex);
         if (path != m_path || file.lastModified() != m_modified || file.size() != m_size)
-            m_picture = {};
-        return m_picture;
+            m_merged = {};
+        return m_merged;
     }
-    void keep(const QString& path, const QFileInfo& file, const Picture& picture) {
+    void keep(const QString& path, const QFileInfo& file, const Merged& merged) {
         const std::lock_guard lock(m_mutex);
-        m_picture = picture;
+        m_merged = merged;
         m_path = path;
         m_modified = file.lastModified();
         m_size = file.size();
@@ -54,7 +62,7 @@ private:
     QString m_path;
     QDateTime m_modified;
     qint64 m_size = 0;
-    Picture m_picture;
+    Merged m_merged;
 };
 
 MergedPictures& mergedPictures() {
@@ -106,7 +114,7 @@ void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
 }
 
 void ImageBox::MergeFile(const QString& path) {
-    Picture merged;
+    Merged merged;
     try {
         merged = mergedPictures().load(path);
     } catch (const TrappedError& error) {
@@ -114,7 +122,7 @@ void ImageBox::MergeFile(const QString& path) {
             throw;
         fail(ErrorNumber::InvalidPicture, error.description);
     }
-    MergeHandle(merged);
+    MergeHandle(converted(merged.picture, merged.iccProfile, m_metadata.blocks().iccProfile));
 }
 
 } // namespace tarsel

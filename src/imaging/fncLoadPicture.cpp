@@ -3,6 +3,7 @@
 
 #include "base/Stop.h"
 #include "base/TrappedError.h"
+#include "codecs/ColorProfile.h"
 #include "codecs/Flatten.h"
 #include "codecs/PictureFile.h"
 #include "pixels/operations/Fill.h"
@@ -107,7 +108,7 @@ Picture drawn(const Picture& picture, Size sourceSize, LoadMode mode, Size box, 
 Loaded decodeFull(const Request& request) {
     DecodedPicture decoded = request.file.decode();
     const Size size{decoded.picture.width(), decoded.picture.height()};
-    return {std::move(decoded.picture), size, std::move(decoded.damage)};
+    return {converted(decoded.picture, decoded.metadata.iccProfile), size, std::move(decoded.damage)};
 }
 
 Loaded openFitted(const Request& request) {
@@ -117,7 +118,8 @@ Loaded openFitted(const Request& request) {
     });
     raiseIfStopped();
     const Size full{read.sourceSize.width, read.sourceSize.height};
-    return {drawn(read.picture, full, request.mode, request.box, request.backColor), full};
+    const Picture picture = converted(read.picture, read.iccProfile);
+    return {drawn(picture, full, request.mode, request.box, request.backColor), full};
 }
 
 /// A picture with transparency shows the back colour where nothing covers it.

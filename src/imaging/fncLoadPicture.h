@@ -24,7 +24,8 @@ struct Size {
     bool operator==(const Size&) const = default;
 };
 
-/// Opens any file as a picture, at full size or in a box; the first page of a document.
+/// Opens any file as a picture in sRGB, at full size or in a box; the first page of a document. A metafile is
+/// drawn at the size that it is wanted in.
 /// Returns nothing for unknown content, and for a file that is missing or not readable. Error 481 when the
 /// content is known and can't be read. `sourceSize`, when given, receives the file's own size. Error 18 once
 /// a stop is requested. Any thread may call it. `damage`, when given, receives what is wrong with a file that

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/Program.h"
+#include "tests/support/Metafiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,7 +22,7 @@ bool hasChild(pid_t process) {
     return false;
 }
 
-/// The real program with a decoder that does what a GIF file says after its header.
+/// The real program with a decoder that does what a metafile says after its headers.
 class BadDecoder : public testing::Test {
 protected:
     BadDecoder() {
@@ -32,11 +33,12 @@ protected:
     }
     ~BadDecoder() override { qunsetenv("TARSEL_DECODER"); }
     pid_t startBatch(const char* order) {
-        QFile gif(folder.path(QStringLiteral("0.gif")));
-        EXPECT_TRUE(gif.open(QIODevice::WriteOnly));
-        gif.write(QByteArray("GIF89a\x02\0\x01\0\0\0\0", 13) + order);
-        gif.close();
-        return startProgram(commandLine("batch --out made 0.gif a.jpg"), folder.path());
+        constexpr qsizetype headers = 40;
+        QFile drawing(folder.path(QStringLiteral("0.wmf")));
+        EXPECT_TRUE(drawing.open(QIODevice::WriteOnly));
+        drawing.write(wmf({}).left(headers) + order);
+        drawing.close();
+        return startProgram(commandLine("batch --out made 0.wmf a.jpg"), folder.path());
     }
     QByteArray contentOf(const char* name) {
         QFile file(folder.path(QString::fromLatin1(name)));

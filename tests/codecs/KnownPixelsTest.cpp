@@ -145,6 +145,15 @@ QByteArray tiff(const TiffKind& kind, const QByteArray& strip, const QByteArray&
     return test::tiffBlock(entries, 0, trailing + strip);
 }
 
+/// A GIF of 3 x 1 pixels, red, green and blue; `before` stands before the frame, which is at (left, 0) and
+/// has `width` columns. Codes of 3 bits: clear, 0, 1, 2, end.
+QByteArray gif(const QByteArray& before, int left = 0, int width = 3, const QByteArray& data = "\x44\x54") {
+    const QByteArray palette("\xFF\0\0\0\xFF\0\0\0\xFF\0\0\0", 12);
+    return "GIF89a" + QByteArray("\3\0\1\0\x81\0\0", 7) + palette + before + ',' + char(left) +
+           QByteArray("\0\0\0", 3) + char(width) + QByteArray("\0\1\0\0\2", 5) + char(data.size()) + data +
+           QByteArray("\0;", 2);
+}
+
 TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     const QByteArray shortPalette("\0\0\xFF\0\0\xFF\0\0", 8); // red and green for 8 bits
     const QByteArray runs("\0\2\2\0\1\1\0\0\0\1", 10), cutRuns("\1\1\0\0\1", 5);
@@ -161,6 +170,11 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
         {"masks of 11, 11 and 10 bits", bmp(3, 1, 32, 3, masks, masks), {3, "RGB"}},
         {"runs that skip pixels", bmp(3, 2, 8, 1, shortPalette, runs), {3, "RRRRRG"}},
         {"runs with padding", bmp(5, 1, 8, 1, shortPalette, paddedRuns), {5, "RGRGG"}},
+        {"GIF with bytes between its blocks", gif(QByteArray("\0\0x", 3)), {3, "RGB"}},
+        {"GIF with an unknown extension", gif(QByteArray("!\x7F\2ab\0", 6)), {3, "RGB"}},
+        {"GIF with a frame past its canvas", gif({}, 1), {3, ".RG"}},
+        {"GIF with a transparent green", gif(QByteArray("!\xF9\4\1\0\0\1\0", 8)), {3, "R.B"}},
+        {"GIF cut after two pixels", gif({}, 0, 3, "\x44"), {3, "R..", 1, 0, true}},
         // Rows that a truncated BMP doesn't hold are white and reported.
         {"truncated", bmp(1, 3, 24, 0, {}, shortPalette + '\0'), {1, "WGR", 1, 0, true}},
         {"truncated runs", bmp(1, 2, 8, 1, shortPalette, cutRuns), {1, "WG", 1, 0, true}},
@@ -172,6 +186,21 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     };
     for (const auto& [name, bytes, squares] : cases)
         expectPixels(name, PictureFile(bytes, QLatin1String(name)), squares);
+}
+
+TEST(UnusualKinds, extensionsOfAGifHoldItsMetadata) {
+    QByteArray leadOut(1, '\1');
+    for (int value = 255; value >= 0; --value)
+        leadOut += char(value);
+    const QByteArray profile = QByteArray(16, ' ') + "RGB nothing else";
+    const QByteArray icc = "!\xFF\x0BICCRGBG1012" + QByteArray(1, char(profile.size())) + profile + '\0';
+    const QByteArray xmp = "!\xFF\x0BXMP DataXMP<x:xmpmeta/>" + leadOut + '\0';
+    const QByteArray bytes = gif(icc + xmp + QByteArray("!\xFE\2Hi\0", 6));
+    expectPixels("GIF with metadata", PictureFile(bytes, QStringLiteral("a.gif")), {3, "RGB"});
+    const EmbeddedMetadata metadata = PictureFile(bytes, QStringLiteral("a.gif")).metadata();
+    EXPECT_EQ(metadata.iccProfile, profile);
+    EXPECT_EQ(metadata.xmp, "<x:xmpmeta/>");
+    EXPECT_EQ(metadata.comments, QList<QByteArray>{"Hi"});
 }
 
 } // namespace

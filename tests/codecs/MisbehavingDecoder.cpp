@@ -97,11 +97,12 @@ int main(int, char** arguments) {
         std::vector<Descriptor> descriptors;
         if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
             return 0;
-        char order[64];
+        constexpr std::size_t wmfHeaders = 40;
+        char order[128];
         const ssize_t size = ::pread(descriptors[0].number(), order, sizeof order, 0);
         std::string_view text(order, size < 0 ? 0 : std::size_t(size));
-        if (text.starts_with("GIF89a"))
-            text.remove_prefix(13);
+        if (text.starts_with("\xD7\xCD"))
+            text.remove_prefix(wmfHeaders);
         std::fstream(counter, std::ios::in | std::ios::out | std::ios::ate) << '.';
         perform(text, request.serial, descriptors);
     }

@@ -20,6 +20,7 @@ const std::map<QString, const char*>& exceptions() {
     constexpr auto alphaOfReserved = "ImageMagick takes the reserved byte of 32 bits for alpha";
     constexpr auto gamma = "ImageMagick applies gAMA, we show the values as stored";
     constexpr auto profile = "we convert inks by the embedded profile, ImageMagick by complement";
+    constexpr auto grayProfile = "we convert gray values by the embedded profile";
     constexpr auto grayAlpha = "ImageMagick turns white transparent when it writes gray with alpha as RGBA";
     constexpr auto twoColors = "ImageMagick ignores the two colours in the header";
     constexpr auto yCbCr = "ImageMagick leaves YCbCr values unconverted";
@@ -41,6 +42,7 @@ const std::map<QString, const char*>& exceptions() {
         {QStringLiteral("png/rgb-landscape.png"), gamma},
         {QStringLiteral("png/toucan.png"), gamma},
         {QStringLiteral("psd/4x4_16bit_cmyk.psd"), profile},
+        {QStringLiteral("psd/4x4_32bit_grayscale.psd"), grayProfile},
         {QStringLiteral("psd/gray0.psd"), grayAlpha},
         {QStringLiteral("tiff/caspian.tif"), "we map the range of floating point to black and white"},
         {QStringLiteral("tiff/dscf0013.tif"), yCbCr},

@@ -12,7 +12,9 @@ using namespace tarsel;
 using fuzz::require;
 
 void fuzz::readPicture(const QByteArray& bytes) {
-    const QString name = QStringLiteral("fuzzed.wbmp"); // lets the format without a signature take part
+    // Extensions without which a format doesn't take part.
+    const bool isMetafile = PictureFile(bytes, QStringLiteral("fuzzed.wmf")).isRecognised();
+    const QString name = isMetafile ? QStringLiteral("fuzzed.wmf") : QStringLiteral("fuzzed.wbmp");
     PictureHeader header;
     ignoringErrors([&] {
         const PictureFile file(bytes, name);

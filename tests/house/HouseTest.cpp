@@ -23,7 +23,8 @@ const struct {
     {"libtiff", QRegularExpression(QStringLiteral("^tiff"))},
     {"lcms2", QRegularExpression(QStringLiteral("^lcms2"))},
     {"Exiv2", QRegularExpression(QStringLiteral("^exiv2/"))},
-    {"FreeImage", QRegularExpression(QStringLiteral("^FreeImage"))},
+    {"FreeType", QRegularExpression(QStringLiteral("^(ft2build\\.h$|freetype/)"))},
+    {"Fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},
     {"libseccomp", QRegularExpression(QStringLiteral("^seccomp"))},
 };
 

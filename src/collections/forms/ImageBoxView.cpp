@@ -2,6 +2,7 @@
 #include "collections/forms/ImageBoxView.h"
 
 #include "collections/forms/PictureImage.h"
+#include "imaging/DisplayColors.h"
 
 #include <QPainter>
 
@@ -48,8 +49,14 @@ void ImageBoxView::paintEvent(QPaintEvent*) {
 void ImageBoxView::drawScaled() {
     const double ratio = devicePixelRatioF();
     const QSize drawn = QSize(m_box.DisplayWidth(), m_box.DisplayHeight()) * ratio;
-    m_scaled = QPixmap::fromImage(
-        imageOf(m_box.picture()).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    QImage scaled = imageOf(m_box.picture()).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const RgbConversion colors = displayConversion(m_box.metadata());
+    if (colors.changesColors()) {
+        scaled.convertTo(scaled.hasAlphaChannel() ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
+        colors.convert({scaled.bits(), scaled.width(), scaled.height(), scaled.depth() / 8,
+                        std::ptrdiff_t(scaled.bytesPerLine())});
+    }
+    m_scaled = QPixmap::fromImage(scaled);
     m_scaled.setDevicePixelRatio(ratio);
     m_isStale = false;
 }

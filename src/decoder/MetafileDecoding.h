@@ -8,10 +8,10 @@
 
 namespace tarsel::decoder {
 
-/// Decodes one file into `pixels`, where the request's size has four bytes for each pixel.
+/// Draws a metafile at the size of the request into `pixels`, which has four bytes for each.
 DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t> file, std::uint8_t* pixels);
 
-/// Decodes a picture of one pixel in each format, so that the libraries set up now what they keep for later.
+/// Loads the fonts of the system and finds out limits, while files may be opened.
 void prepareLibraries();
 
 } // namespace tarsel::decoder

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "bytes/ByteReader.h"
+
+#include <QByteArray>
+#include <QImage>
+
+namespace tarsel::decoder {
+
+/// A device-independent bitmap: its header with masks and palette, and its rows. Null when it makes no sense.
+QImage dibImage(const QByteArray& header, const QByteArray& bits);
+
+/// The same with the rows right after the palette.
+QImage packedDibImage(const QByteArray& dib);
+
+/// 32 bits a pixel with alpha, colours multiplied by it: what AlphaBlend takes for source.
+QImage premultipliedDibImage(const QByteArray& header, const QByteArray& bits);
+
+/// A device-dependent bitmap: type, width, height, bytes of a row, planes, bits of a pixel, address; rows.
+QImage deviceBitmapImage(const QByteArray& bitmap, qsizetype headerSize);
+
+} // namespace tarsel::decoder

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "decoder/GdiObjects.h"
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+
+namespace tarsel::decoder {
+
+namespace {
+
+constexpr int UsualFontHeight = 12;
+constexpr int BoldFrom = 600;
+constexpr int SymbolCharset = 2;
+constexpr int FixedPitch = 1;
+constexpr int FamilyMask = 0xF0, RomanFamily = 0x10, ModernFamily = 0x30;
+
+bool containsAny(const QString& text, std::initializer_list<const char*> words) {
+    return std::ranges::any_of(words, [&](const char* word) { return text.contains(QLatin1String(word)); });
+}
+
+GdiFont::Kind kindOf(const LogicalFont& font) {
+    const QString face = font.face.toLower();
+    const int family = font.pitchAndFamily & FamilyMask;
+    if (containsAny(face, {"courier", "mono", "consol", "typewriter", "terminal", "fixed"}))
+        return GdiFont::Kind::Mono;
+    if (containsAny(face, {"sans", "arial", "helvetica", "verdana", "tahoma", "calibri"}))
+        return GdiFont::Kind::Sans;
+    if (containsAny(face, {"times", "roman", "serif", "georgia", "garamond", "cambria", "palatino", "book"}))
+        return GdiFont::Kind::Serif;
+    if (family == ModernFamily && (font.pitchAndFamily & FixedPitch))
+        return GdiFont::Kind::Mono;
+    return family == RomanFamily ? GdiFont::Kind::Serif : GdiFont::Kind::Sans;
+}
+
+} // namespace
+
+GdiFont fontOf(const LogicalFont& font) {
+    GdiFont result;
+    result.height = font.height == 0 ? UsualFontHeight : std::abs(double(font.height));
+    result.isLineHeight = font.height > 0;
+    result.width = std::abs(double(font.width));
+    result.angle = font.escapement / 10.0;
+    result.isBold = font.weight >= BoldFrom;
+    result.isItalic = font.italic != 0;
+    result.isUnderlined = font.underline != 0;
+    result.isStruckOut = font.strikeOut != 0;
+    result.isSymbol = font.charset == SymbolCharset;
+    result.kind = kindOf(font);
+    return result;
+}
+
+QColor colorOf(std::uint32_t reference) {
+    return QColor(int(reference & 255), int(reference >> 8 & 255), int(reference >> 16 & 255));
+}
+
+GdiPen penOf(std::uint32_t style, double width, std::uint32_t color) {
+    constexpr Qt::PenCapStyle caps[] = {Qt::RoundCap, Qt::SquareCap, Qt::FlatCap};
+    constexpr Qt::PenJoinStyle joins[] = {Qt::RoundJoin, Qt::BevelJoin, Qt::MiterJoin};
+    return {int(std::min(style & 15, std::uint32_t(GdiPen::Alternate))), std::abs(width), colorOf(color),
+            caps[std::min(style >> 8 & 15, 2U)], joins[std::min(style >> 12 & 15, 2U)]};
+}
+
+GdiBrush brushOf(std::uint32_t style, std::uint32_t color, std::uint32_t hatch) {
+    constexpr Qt::BrushStyle hatches[] = {Qt::HorPattern,   Qt::VerPattern,   Qt::FDiagPattern,
+                                          Qt::BDiagPattern, Qt::CrossPattern, Qt::DiagCrossPattern};
+    const Qt::BrushStyle kind = style == 1   ? Qt::NoBrush
+                                : style == 2 ? hatches[std::min(hatch, 5U)]
+                                             : Qt::SolidPattern;
+    return {kind, colorOf(color)};
+}
+
+} // namespace tarsel::decoder

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/PictureFile.h"
+#include "tests/support/CodecTestFiles.h"
+#include "tests/support/Metafiles.h"
+#include "tests/support/TestPictures.h"
+
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+namespace tarsel {
+namespace {
+
+using test::emfRecord;
+using test::wmfRecord;
+
+constexpr Rgb Red{255, 0, 0}, Blue{0, 0, 255}, Black{0, 0, 0};
+
+Picture drawn(const QByteArray& bytes, const char* name, PixelSize size = {40, 20}) {
+    const PictureFile file(bytes, QLatin1String(name));
+    return file.decodeReduced([size](PixelSize) { return size; }).picture;
+}
+
+TEST(Metafile, recordsDrawWhatTheySay) {
+    constexpr int none = -1; // nothing is drawn at the place
+    const QByteArray blue = wmfRecord(0x02FC, {0, 0, 0x00FF, 0}) + wmfRecord(0x012D, {2});
+    const QByteArray square = wmfRecord(0x041B, {15, 15, 5, 5});
+    const QByteArray red = test::redLeftHalf();
+    const QByteArray emfRed = emfRecord(39, {1, 0, 0xFF, 0}) + emfRecord(37, {1}) +
+                              emfRecord(37, {qint32(0x80000008)}); // brush, no pen
+    const QByteArray emfBox = emfRecord(43, {0, 0, 20, 20});
+    const QByteArray path = emfRecord(59, {}) + emfRecord(27, {0, 0}) + emfRecord(54, {20, 0}) +
+                            emfRecord(54, {20, 20}) + emfRecord(54, {0, 20}) + emfRecord(61, {}) +
+                            emfRecord(60, {});
+    const struct {
+        const char* what;
+        const char* name;
+        QByteArray bytes;
+        int alpha; ///< at (10, 10): none, or 255 with the colour
+        Rgb color;
+        int alphaRight; ///< at (30, 10)
+    } cases[] = {
+        {"rectangle", "a.wmf", test::wmf(red), 255, Red, none},
+        {"plain, with a size from its window", "a.wmf", test::wmf(red, false), 255, Red, none},
+        {"a later object is over the first", "a.wmf", test::wmf(red + blue + square), 255, Blue, none},
+        {"what SaveDC keeps comes back", "a.wmf",
+         test::wmf(red + wmfRecord(0x001E, {}) + blue + wmfRecord(0x0127, {-1}) + square), 255, Red, none},
+        {"a state that doesn't come back", "a.wmf", test::wmf(wmfRecord(0x001E, {}) + red), 255, Red, none},
+        {"clipped away", "a.wmf", test::wmf(wmfRecord(0x0416, {20, 40, 0, 20}) + red), none, {}, none},
+        {"and, on white ground", "a.wmf", // the operation that leaves the bits of both
+         test::wmf(red + wmfRecord(0x0104, {9}) + blue + wmfRecord(0x041B, {20, 40, 0, 0})), 255, Black, 255},
+        {"a window with its y axis up", "a.wmf",
+         test::wmf(wmfRecord(0x020B, {20, 0}) + wmfRecord(0x020C, {-20, 40}) + red), 255, Red, none},
+        {"record cut off", "a.wmf", test::wmf(red).chopped(4), 255, Red, none},
+        {"rectangle", "a.emf", test::emf(emfRed + emfBox), 255, Red, none},
+        {"path", "a.emf", test::emf(emfRed + path + emfRecord(62, {})), 255, Red, none},
+        {"clipped by a path", "a.emf",
+         test::emf(emfRed + path + emfRecord(67, {1}) + emfRecord(43, {0, 0, 40, 20})), 255, Red, none},
+        {"world that moves right",
+         "a.emf", // ones and 20 as floating point
+         test::emf(emfRed + emfRecord(35, {0x3F800000, 0, 0, 0x3F800000, 0x41A00000, 0}) + emfBox),
+         none,
+         {},
+         255},
+        {"window four times as large",
+         "a.emf",
+         test::emf(emfRed + emfRecord(17, {8}) + emfRecord(9, {160, 80}) + emfRecord(11, {40, 20}) + emfBox),
+         none,
+         {},
+         none},
+        {"sizes without free axes", "a.emf", test::emf(emfRed + emfRecord(9, {400, 400}) + emfBox), 255, Red,
+         none},
+        {"an EMF under the other extension", "a.wmf", test::emf(emfRed + emfBox), 255, Red, none},
+    };
+    for (const auto& [what, name, bytes, alpha, color, alphaRight] : cases) {
+        SCOPED_TRACE(std::string(name) + ": " + what);
+        const PictureHeader header = PictureFile(bytes, QLatin1String(name)).header();
+        EXPECT_EQ((PixelSize{header.width, header.height}), (PixelSize{40, 20}));
+        for (const int scale : {1, 3}) {
+            const Picture picture = drawn(bytes, name, {40 * scale, 20 * scale});
+            ASSERT_EQ(picture.width(), 40 * scale);
+            EXPECT_EQ(test::alphaAt(picture, 10 * scale, 10 * scale), std::max(alpha, 0));
+            EXPECT_EQ(test::alphaAt(picture, 30 * scale, 10 * scale), std::max(alphaRight, 0));
+            if (alpha == 255) {
+                EXPECT_EQ(test::colorAt(picture, 10 * scale, 10 * scale), color);
+            }
+        }
+    }
+}
+
+TEST(Metafile, textHasLettersAndLinesAreSmooth) {
+    const QByteArray text = wmfRecord(0x0102, {1}) + wmfRecord(0x02FB, {-18, 0, 0, 0, 700, 0, 0, 0, 0}) +
+                            wmfRecord(0x012D, {0}) + wmfRecord(0x0521, {2, 'H' | 'H' << 8, 0, 2});
+    const QByteArray line = wmfRecord(0x0214, {1, 1}) + wmfRecord(0x0213, {19, 37});
+    for (const auto& [records, fullPixels] : {std::pair(text, 300), std::pair(line, 0)}) {
+        const Picture picture = drawn(test::wmf(records), "a.wmf", {400, 200});
+        int drawnPixels = 0, softPixels = 0;
+        for (int y = 0; y < 200; ++y)
+            for (int x = 0; x < 400; ++x) {
+                const int alpha = test::alphaAt(picture, x, y);
+                drawnPixels += alpha == 255;
+                softPixels += alpha > 0 && alpha < 255;
+            }
+        EXPECT_GE(drawnPixels, fullPixels);
+        EXPECT_LT(drawnPixels, 40'000) << "a box instead of a letter";
+        EXPECT_GT(softPixels, 100);
+    }
+}
+
+TEST(Metafile, aLargeDrawingIsFilledWithoutThreads) {
+    const Picture picture = drawn(test::wmf(test::redLeftHalf()), "a.wmf", {6000, 3000});
+    EXPECT_EQ(test::colorAt(picture, 2000, 2000), Red);
+}
+
+TEST(Metafile, whatDrawsNothingIsRefused) {
+    for (const QByteArray& bytes : {test::wmf({}).left(40), test::emf({}).left(60), test::wmf({}).left(22)})
+        EXPECT_TRUE(test::readBytes(bytes, QStringLiteral("a.wmf")).message.contains(QLatin1String("a.wmf")));
+}
+
+TEST(Metafile, everyValidDrawingOfTheCorpusOpensWithTheSizeOfItsFrame) {
+    TARSEL_REQUIRE_CORPUS();
+    const QRegularExpression frame(QStringLiteral("frame ([0-9.]+)x([0-9.]+) mm"));
+    constexpr double pixelsPerMillimeter = 96 / 25.4;
+    int opened = 0;
+    for (const test::CorpusPicture& file : test::corpusPictures()) {
+        const QString format = file.fact("format");
+        if (file.fact("state") != QLatin1String("valid") ||
+            (format != QLatin1String("emf") && format != QLatin1String("wmf")))
+            continue;
+        SCOPED_TRACE(file.path.toStdString());
+        const Picture picture = PictureFile(file.path).decode().picture;
+        if (const auto size = frame.match(file.fact("note")); size.hasMatch()) {
+            EXPECT_NEAR(picture.width(), size.captured(1).toDouble() * pixelsPerMillimeter, 1);
+            EXPECT_NEAR(picture.height(), size.captured(2).toDouble() * pixelsPerMillimeter, 1);
+        }
+        EXPECT_GE(std::max(picture.width(), picture.height()), 48);
+        bool isDrawn = false;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width() && !isDrawn; ++x)
+                isDrawn = test::alphaAt(picture, x, y) > 0;
+        EXPECT_NE(isDrawn, file.path.endsWith(QLatin1String("test-030.emf"))) << "which only selects objects";
+        ++opened;
+    }
+    EXPECT_EQ(opened, 18);
+}
+
+} // namespace
+} // namespace tarsel
