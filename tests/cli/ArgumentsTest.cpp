@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Arguments.h"
+#include "base/TrappedError.h"
 #include "cli/Command.h"
 #include "cli/CommandLine.h"
 #include "cli/JsonLine.h"
 #include "tests/cli/Program.h"
+#include "tests/support/Text.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
+#include <QTranslator>
 #include <gtest/gtest.h>
 
 using namespace tarsel::cli;
@@ -14,15 +18,6 @@ using namespace tarsel::test;
 namespace {
 
 constexpr OptionSpec options[] = {{"out", "FOLDER", "where"}, {"json", nullptr, "as JSON"}};
-
-QString refusal(const char* words) {
-    try {
-        const Arguments arguments(commandLine(words), options);
-    } catch (const UsageError& error) {
-        return error.fact;
-    }
-    return {};
-}
 
 } // namespace
 
@@ -46,13 +41,20 @@ TEST(Arguments, ValuesAndOperandsMayBeEmptyOrBeginWithDashes) {
 }
 
 TEST(Arguments, RefusalsNameTheWord) {
-    for (const char* words : {"--outt x", "--out", "--json=1", "-o", "--out x --out y", "--json --json"})
-        EXPECT_FALSE(refusal(words).isEmpty()) << words;
-    EXPECT_TRUE(refusal("--outt=x").contains(QStringLiteral("--outt")));
-    EXPECT_TRUE(refusal("--out").contains(QStringLiteral("FOLDER")));
+    const std::pair<const char*, const char*> cases[] = {
+        {"--outt x", "--outt"},     {"--outt=x", "--outt"}, {"--out", "FOLDER"},
+        {"--json=1", "--json"},     {"-o", "-o"},           {"--out x --out y", "--out"},
+        {"--json --json", "--json"}};
+    for (const auto& [words, part] : cases)
+        try {
+            const Arguments arguments(commandLine(words), options);
+            ADD_FAILURE() << words;
+        } catch (const UsageError& error) {
+            EXPECT_TRUE(contains(error.fact, part)) << words;
+        }
 }
 
-TEST(Help, EveryCommandTellsAllItsOptions) {
+TEST(Help, EveryCommandListsAllItsOptions) {
     for (const Command* command : commands()) {
         EXPECT_TRUE(programHelp().contains(QLatin1String(command->name)));
         const QString help = commandHelp(*command);
@@ -61,6 +63,21 @@ TEST(Help, EveryCommandTellsAllItsOptions) {
         for (const QString& line : help.split(QLatin1Char('\n')))
             EXPECT_LE(line.size(), 120) << qPrintable(line);
     }
+}
+
+TEST(Help, TextsAreThoseOfTheUsersLanguage) {
+    class Marking final : public QTranslator {
+    public:
+        bool isEmpty() const override { return false; }
+        QString translate(const char* context, const char* source, const char*, int) const override {
+            return text(context) + text("!") + text(source);
+        }
+    } marking;
+    QCoreApplication::installTranslator(&marking);
+    EXPECT_TRUE(contains(commandHelp(batchCommand), "CommandLine!skip rows whose file exists"));
+    EXPECT_TRUE(contains(commandHelp(infoCommand), "CommandLine!A picture that can't be read"));
+    EXPECT_EQ(tarsel::errorText(61), text("ErrorNumber!Disk full"));
+    QCoreApplication::removeTranslator(&marking);
 }
 
 TEST(JsonLine, AnyTextSurvivesAForeignParser) {

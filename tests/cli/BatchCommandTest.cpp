@@ -32,6 +32,12 @@ std::string rows(const ProgramRun& run) {
     return states.join(text(", ")).toStdString();
 }
 
+int widthOf(const PictureFolder& folder, const char* name) {
+    ImageBox box;
+    box.LoadFromFile(folder.path(text(name)));
+    return box.Width();
+}
+
 const char textTask[] =
     "\"10\",\"text\",\"True\",\"False\",\"True\",\"0\",\"2\",\"DejaVu Sans\",\"10\",\"True\",\"False\","
     "\"False\",\"0\",\"0\",\"0\",\"8\",\"Hello\",\"0\",\"0\"\r\n";
@@ -111,58 +117,73 @@ TEST(BatchCommand, WhateverIsNotDoneIsNamedAndGivesStatusOne) {
     }
 }
 
-TEST(BatchCommand, NamesFollowTheRules) {
-    struct Case {
-        const char *words, *names;
+TEST(BatchCommand, NamesFollowTheRulesAndNumbersThoseOfTheFullBasket) {
+    const QString odd = text("-\u00fc \"quoted\" \u65e5.jpg");
+    const std::pair<const char*, std::string> cases[] = {
+        {"a.jpg b.jpg", "a.jpg b.jpg"},
+        {"--name generic --generic X --count 32766 a.jpg b.jpg", "X32766.jpg X32767.jpg"},
+        {"--name generic --count [Starting_1001] a.jpg", "Sample1001.jpg"},
+        {"--name hybrid --prefix [Source_resolution] --suffix end a.jpg", "24x16_a_end.jpg"},
+        {"--name hybrid --separator1 [No_Separator] --separator2 [WhiteSpace] --suffix end a.jpg",
+         "a end.jpg"},
+        {"--name generic --rows 2-3 a.jpg b.jpg c.jpg", "Sample2.jpg Sample3.jpg"},
+        {"--name generic --rows 3- a.jpg b.jpg c.jpg", "Sample3.jpg"},
+        {"--name generic --rows -1 a.jpg b.jpg c.jpg", "Sample1.jpg"},
+        {"--name generic --rows 2 a.jpg b.jpg c.jpg", "Sample2.jpg"},
+        {"--name generic --rows 2-99 a.jpg b.jpg c.jpg", "Sample2.jpg Sample3.jpg"},
+        {"--name generic --rows 8-9 a.jpg b.jpg c.jpg", ""},
+        {"x.ibf", "a.jpg.jpg c.jpg.jpg"},
+        {"doc.tiff a.jpg", "doc1.jpg doc2.jpg doc3.jpg a.jpg"},
+        {"-- odd", odd.toStdString()},
     };
-    const Case cases[] = {
-        {"--name keep", "a.jpg b.jpg"},
-        {"--name generic --generic X --count 32766", "X32766.jpg X32767.jpg"},
-        {"--name generic --count [Starting_1001]", "Sample1001.jpg Sample1002.jpg"},
-        {"--name hybrid --prefix [Source_resolution] --suffix end", "24x16_a_end.jpg 26x16_b_end.jpg"},
-        {"--name hybrid --separator1 [No_Separator] --separator2 [WhiteSpace] --suffix end",
-         "a end.jpg b end.jpg"},
-    };
-    for (const Case& one : cases) {
-        const PictureFolder folder;
-        QStringList words = commandLine(one.words);
+    const PictureFolder folder;
+    makePicture(folder.path(odd));
+    makeDocument(folder.path(text("doc.tiff")), {{QSize(8, 8)}, {QSize(9, 8)}, {QSize(10, 8)}});
+    ASSERT_EQ(folder.run(commandLine("basket save x.ibf a.jpg c.jpg")).status, 0);
+    const std::string before = folder.files();
+    for (const auto& [options, names] : cases) {
+        SCOPED_TRACE(options);
+        QStringList words = commandLine(options);
         words.replaceInStrings(text("_"), text(" "));
-        const ProgramRun run =
-            folder.run(commandLine("batch --json --out made") + words + commandLine("a.jpg b.jpg"));
+        words.replaceInStrings(text("odd"), odd);
+        const ProgramRun run = folder.run(commandLine("batch --json --out made") + words);
         EXPECT_EQ(run.status, 0) << run.messages.constData();
-        EXPECT_EQ(targetNames(run), one.names);
+        EXPECT_EQ(targetNames(run), names);
+        EXPECT_EQ(folder.files(text("made")).empty(), names.empty());
+        QDir(folder.path(text("made"))).removeRecursively();
     }
+    EXPECT_EQ(folder.files(), before) << "pages leave no other file";
+    EXPECT_EQ(folder.run(commandLine("batch --name generic a.jpg")).status, 0);
+    EXPECT_TRUE(contains(text(folder.files().c_str()), "Sample1.jpg")) << "into the current folder";
 }
 
 TEST(BatchCommand, WrongUsageIsRefusedWithAHintAndDoesNothing) {
-    const char* const wrong[] = {
-        "",
-        "bogus",
-        "batch",
-        "batch --out made",
-        "batch --out made --source-folder a.jpg",
-        "batch --out made --quality 0 a.jpg",
-        "batch --out made --quality 80% a.jpg",
-        "batch --out made --name fancy a.jpg",
-        "batch --out made --name generic --count one a.jpg",
-        "batch --out made --name generic --count= a.jpg",
-        "batch --out made --prefix x a.jpg",
-        "batch --out made --name hybrid --prefix x/y a.jpg",
-        "batch --out made --name generic --generic ../x a.jpg",
-        "batch --source-folder --name generic a.jpg",
-        "batch --out made --rows 0-2 a.jpg",
-        "batch --out made --rows 3-2 a.jpg",
-        "batch --out made --rows - a.jpg",
-        "batch --out made --rows 1-2-3 a.jpg",
-        "batch --out made --frobnicate a.jpg",
-        "batch --out made a.jpg x.ibf",
-        "batch a.jpg",
-        "apply a.jpg x.jpg",
-        "info",
-        "basket",
-        "basket list",
-        "basket save x.txt a.jpg",
-    };
+    const char* const wrong[] = {"",
+                                 "bogus",
+                                 "batch",
+                                 "batch --out made",
+                                 "batch --out made --source-folder a.jpg",
+                                 "batch --out made --quality 0 a.jpg",
+                                 "batch --out made --quality 80% a.jpg",
+                                 "batch --out made --name fancy a.jpg",
+                                 "batch --out made --name generic --count one a.jpg",
+                                 "batch --out made --name generic --count= a.jpg",
+                                 "batch --out made --prefix x a.jpg",
+                                 "batch --out made --name hybrid --prefix x/y a.jpg",
+                                 "batch --out made --name generic --generic ../x a.jpg",
+                                 "batch --source-folder --name generic a.jpg",
+                                 "batch --out made --rows 0-2 a.jpg",
+                                 "batch --out made --rows 3-2 a.jpg",
+                                 "batch --out made --rows - a.jpg",
+                                 "batch --out made --rows 1-2-3 a.jpg",
+                                 "batch --out made --frobnicate a.jpg",
+                                 "batch --out made a.jpg x.ibf",
+                                 "batch a.jpg",
+                                 "apply a.jpg x.jpg",
+                                 "info",
+                                 "basket",
+                                 "basket list",
+                                 "basket save x.txt a.jpg"};
     for (const char* words : wrong) {
         const PictureFolder folder;
         const ProgramRun run = folder.run(commandLine(words));
@@ -174,45 +195,22 @@ TEST(BatchCommand, WrongUsageIsRefusedWithAHintAndDoesNothing) {
     }
 }
 
-TEST(BatchCommand, SlicesAreNumberedAsTheFullBasket) {
+TEST(BatchCommand, SourcesAreReplacedOnlyWhenAskedForAndNoLaterRowNeedsThem) {
     const PictureFolder folder;
-    const std::pair<const char*, const char*> slices[] = {{"2-3", "Sample2.jpg Sample3.jpg"},
-                                                          {"3-", "Sample3.jpg"},
-                                                          {"-1", "Sample1.jpg"},
-                                                          {"2", "Sample2.jpg"},
-                                                          {"2-99", "Sample2.jpg Sample3.jpg"},
-                                                          {"8-9", ""}};
-    for (const auto& [slice, names] : slices) {
-        const ProgramRun run =
-            folder.run(commandLine("batch --json --out made --name generic a.jpg b.jpg c.jpg --rows") +
-                       QStringList{text(slice)});
-        EXPECT_EQ(run.status, 0) << slice;
-        EXPECT_EQ(targetNames(run), names) << slice;
-    }
-}
-
-TEST(BatchCommand, SourcesAreReplacedOnlyWhenAskedFor) {
-    const PictureFolder folder;
-    const QByteArray before = readWholeFile(folder.path(text("a.jpg")));
+    const auto bytes = [&] { return readWholeFile(folder.path(text("a.jpg"))); };
+    const QByteArray before = bytes();
     EXPECT_EQ(folder.run(commandLine("batch a.jpg")).status, 2);
-    EXPECT_EQ(readWholeFile(folder.path(text("a.jpg"))), before);
     EXPECT_EQ(folder.run(commandLine("batch --no-overwrite a.jpg")).status, 1);
-    EXPECT_EQ(readWholeFile(folder.path(text("a.jpg"))), before);
+    EXPECT_EQ(bytes(), before);
     EXPECT_EQ(folder.run(commandLine("batch --source-folder --quality 20 a.jpg")).status, 0);
-    EXPECT_NE(readWholeFile(folder.path(text("a.jpg"))), before);
-    EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg");
-}
-
-TEST(BatchCommand, ASourceThatALaterRowNeedsIsNotReplaced) {
-    const PictureFolder folder;
+    EXPECT_NE(bytes(), before);
     makePicture(folder.path(text("b.png")), QSize(90, 60));
     const ProgramRun run = folder.run(commandLine("batch --json --source-folder b.png b.jpg"));
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(rows(run), "1 skipped, 2 written");
     EXPECT_TRUE(contains(run.output, "source of row 2"));
-    ImageBox box;
-    box.LoadFromFile(folder.path(text("b.jpg")));
-    EXPECT_EQ(box.Width(), 26);
+    EXPECT_EQ(widthOf(folder, "b.jpg"), 26);
+    EXPECT_EQ(folder.files(), "a.jpg b.jpg b.png c.jpg");
 }
 
 TEST(BatchCommand, OptionsOfThePictureReachTheFile) {
@@ -221,21 +219,17 @@ TEST(BatchCommand, OptionsOfThePictureReachTheFile) {
     box.LoadFromFile(folder.path(text("a.jpg")));
     ASSERT_TRUE(box.ExifSet(text("Orientation"), text("6")));
     box.SaveToFile(folder.path(text("a.jpg")));
-    struct Case {
-        const char* option;
-        int width, bits;
-        bool progressive;
-    };
-    for (const Case& one : {Case{"--quality=80", 24, 24, false}, Case{"--upright", 16, 24, false},
-                            Case{"--progressive", 24, 24, true}, Case{"--gray", 24, 8, false}}) {
-        ASSERT_EQ(folder.run(commandLine("batch --out made a.jpg") + QStringList{text(one.option)}).status,
-                  0);
+    const std::tuple<const char*, int, int, bool> cases[] = {{"--quality=80", 24, 24, false},
+                                                             {"--upright", 16, 24, false},
+                                                             {"--progressive", 24, 24, true},
+                                                             {"--gray", 24, 8, false}};
+    for (const auto& [option, width, bits, progressive] : cases) {
+        SCOPED_TRACE(option);
+        ASSERT_EQ(folder.run(commandLine("batch --out made a.jpg") + QStringList{text(option)}).status, 0);
         const QJsonObject info = folder.run(commandLine("info --json made/a.jpg")).objects().value(0);
-        EXPECT_EQ(info.value(text("width")).toInt(), one.width) << one.option;
-        EXPECT_EQ(info.value(text("header")).toObject().value(text("bitsPerPixel")).toInt(), one.bits)
-            << one.option;
-        const bool progressive = readWholeFile(folder.path(text("made/a.jpg"))).contains("\xFF\xC2");
-        EXPECT_EQ(progressive, one.progressive) << one.option;
+        EXPECT_EQ(info.value(text("width")).toInt(), width);
+        EXPECT_EQ(info.value(text("header")).toObject().value(text("bitsPerPixel")).toInt(), bits);
+        EXPECT_EQ(readWholeFile(folder.path(text("made/a.jpg"))).contains("\xFF\xC2"), progressive);
     }
 }
 
@@ -245,20 +239,6 @@ TEST(BatchCommand, ARelativePathInAFolderThatIsGoneIsAnError) {
         runShell("mkdir gone && cd gone && rmdir ../gone && exec \"$TARSEL\" batch a.jpg", folder.path());
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(contains(run.messages, "the current folder no longer exists"));
-}
-
-TEST(BatchCommand, WithoutAnOutFolderFilesGoToTheCurrentOne) {
-    const PictureFolder folder;
-    EXPECT_EQ(folder.run(commandLine("batch --name generic a.jpg")).status, 0);
-    EXPECT_EQ(folder.files(), "Sample1.jpg a.jpg b.jpg c.jpg");
-}
-
-TEST(BatchCommand, BasketFilesKeepTheirRowNames) {
-    const PictureFolder folder;
-    ASSERT_EQ(folder.run(commandLine("basket save x.ibf a.jpg c.jpg")).status, 0);
-    const ProgramRun run = folder.run(commandLine("batch --json --out made x.ibf"));
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(targetNames(run), "a.jpg.jpg c.jpg.jpg");
 }
 
 TEST(BatchCommand, TextIsDrawnWithoutADisplay) {
@@ -271,25 +251,6 @@ TEST(BatchCommand, TextIsDrawnWithoutADisplay) {
     EXPECT_NE(readWholeFile(folder.path(text("made/a.jpg"))),
               readWholeFile(folder.path(text("plain/a.jpg"))));
     EXPECT_EQ(run.messages.count('\n'), 2) << "no chatter of libraries: " << run.messages.constData();
-}
-
-TEST(BatchCommand, PagesOfADocumentAreRowsAndLeaveNoOtherFile) {
-    const PictureFolder folder;
-    makeDocument(folder.path(text("doc.tiff")), {{QSize(8, 8)}, {QSize(9, 8)}, {QSize(10, 8)}});
-    const ProgramRun run = folder.run(commandLine("batch --json --source-folder doc.tiff a.jpg"));
-    EXPECT_EQ(run.status, 0) << run.messages.constData();
-    EXPECT_EQ(targetNames(run), "doc1.jpg doc2.jpg doc3.jpg a.jpg");
-    EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg doc.tiff doc1.jpg doc2.jpg doc3.jpg");
-}
-
-TEST(BatchCommand, FilesWithOddNamesWork) {
-    const PictureFolder folder;
-    const QString odd = text("-\u00fc \"quoted\" \u65e5.jpg");
-    makePicture(folder.path(odd));
-    const ProgramRun run = folder.run(commandLine("batch --json --out made --") + QStringList{odd});
-    EXPECT_EQ(run.status, 0) << run.messages.constData();
-    EXPECT_TRUE(QFileInfo::exists(folder.path(text("made/")) + odd));
-    EXPECT_EQ(run.objects().at(0).value(text("source")).toString(), folder.path(odd));
 }
 
 TEST(Program, HelpAndVersionSucceedOnStandardOutput) {

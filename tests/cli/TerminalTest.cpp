@@ -9,28 +9,27 @@ using namespace tarsel::cli;
 
 namespace {
 
-/// Two files in memory as the ends of a terminal.
-class TerminalTest : public testing::Test {
-protected:
-    ~TerminalTest() override {
-        std::fclose(results);
-        std::fclose(messages);
-        std::free(resultBytes);
-        std::free(messageBytes);
+/// A file in memory as an end of a terminal.
+class MemoryFile {
+public:
+    MemoryFile() : file(open_memstream(&m_bytes, &m_size)) {}
+    ~MemoryFile() {
+        std::fclose(file);
+        std::free(m_bytes);
     }
-    std::string resultText() {
-        std::fflush(results);
-        return {resultBytes, resultSize};
-    }
-    std::string messageText() {
-        std::fflush(messages);
-        return {messageBytes, messageSize};
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+    std::string text() {
+        std::fflush(file);
+        return {m_bytes, m_size};
     }
 
-    char *resultBytes = nullptr, *messageBytes = nullptr;
-    size_t resultSize = 0, messageSize = 0;
-    std::FILE* results = open_memstream(&resultBytes, &resultSize);
-    std::FILE* messages = open_memstream(&messageBytes, &messageSize);
+private:
+    char* m_bytes = nullptr;
+    size_t m_size = 0;
+
+public:
+    std::FILE* const file;
 };
 
 std::string bar(int value, int maximum, double seconds, int columns = 80) {
@@ -53,43 +52,38 @@ TEST(BarLine, NeverWrapsTheLine) {
     EXPECT_FALSE(bar(0, 0, 0).empty());
 }
 
-TEST_F(TerminalTest, ResultsAndMessagesPartAndWithoutATerminalThereIsNoBar) {
-    Terminal terminal(results, messages, false);
-    TerminalProgress progress(terminal);
-    progress.start(2);
-    terminal.result(QStringLiteral("made"));
-    progress.setValue(1);
-    terminal.message(QStringLiteral("told"));
-    progress.hide();
-    EXPECT_TRUE(terminal.finish());
-    EXPECT_EQ(resultText(), "made\n");
-    EXPECT_EQ(messageText(), "told\n");
-}
-
-TEST_F(TerminalTest, TheBarGivesWayToAMessageAndComesBack) {
-    Terminal terminal(results, messages, true);
-    double seconds = 0;
-    TerminalProgress progress(terminal, [&] { return seconds; });
-    progress.start(4);
-    seconds = 10;
-    progress.setValue(1);
-    terminal.message(QStringLiteral("told"));
-    const std::string shown = messageText();
-    EXPECT_NE(shown.find("\r\033[Ktold\n\r\033[K["), std::string::npos);
-    EXPECT_EQ(shown.substr(shown.size() - 9), "0:30 left");
-    progress.hide();
-    const std::string after = messageText();
-    EXPECT_EQ(after.substr(after.size() - 4), "\r\033[K");
+TEST(Terminal, ResultsAndMessagesPartAndTheBarStandsOnATerminalAlone) {
+    for (const bool showsBar : {false, true}) {
+        MemoryFile results, messages;
+        Terminal terminal(results.file, messages.file, showsBar);
+        double seconds = 0;
+        TerminalProgress progress(terminal, [&] { return seconds; });
+        progress.start(4);
+        terminal.result(QStringLiteral("made"));
+        seconds = 10;
+        progress.setValue(1);
+        terminal.message(QStringLiteral("said"));
+        const std::string shown = messages.text();
+        progress.hide();
+        EXPECT_TRUE(terminal.finish());
+        EXPECT_EQ(results.text(), "made\n");
+        if (!showsBar) {
+            EXPECT_EQ(messages.text(), "said\n");
+            continue;
+        }
+        EXPECT_NE(shown.find("\r\033[Ksaid\n\r\033[K["), std::string::npos) << "the bar comes back";
+        EXPECT_TRUE(shown.ends_with("0:30 left"));
+        EXPECT_TRUE(messages.text().ends_with("left\r\033[K"));
+    }
 }
 
 TEST(Terminal, AFullDiskUnderTheResultsIsNoticed) {
     std::FILE* full = std::fopen("/dev/full", "w");
     if (!full)
         GTEST_SKIP() << "no /dev/full here";
-    std::FILE* messages = std::tmpfile();
-    Terminal terminal(full, messages, false);
+    MemoryFile messages;
+    Terminal terminal(full, messages.file, false);
     terminal.result(QStringLiteral("made"));
     EXPECT_FALSE(terminal.finish());
-    std::fclose(messages);
     std::fclose(full);
 }

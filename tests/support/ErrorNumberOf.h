@@ -7,15 +7,20 @@
 
 namespace tarsel::test {
 
-/// The number of the error that `step` throws, 0 when it throws none.
+/// The error that `step` throws; number 0 when it throws none.
 template <class Step>
-qint32 errorNumberOf(Step&& step) {
+TrappedError errorOf(Step&& step) {
     try {
         std::forward<Step>(step)();
     } catch (const TrappedError& error) {
-        return error.number;
+        return error;
     }
-    return 0;
+    return {.number = 0, .description = {}};
+}
+
+template <class Step>
+qint32 errorNumberOf(Step&& step) {
+    return errorOf(std::forward<Step>(step)).number;
 }
 
 } // namespace tarsel::test
