@@ -15,10 +15,7 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand,
-    &applyCommand,
-    &infoCommand,
-    &basketCommand,
+    &batchCommand, &applyCommand, &infoCommand, &tasksCommand, &basketCommand,
 };
 
 const Command* findCommand(const QString& name) {

@@ -10,6 +10,7 @@
 #include "pixels/operations/GaussianBlur.h"
 #include "pixels/operations/Merge.h"
 #include "pixels/operations/Negative.h"
+#include "pixels/operations/RedEye.h"
 #include "pixels/operations/ResizeNearest.h"
 #include "pixels/operations/ResizeSmooth.h"
 #include "pixels/operations/Rotate.h"
@@ -265,10 +266,21 @@ void ImageBox::ClearSelection() {
     m_selection = {};
 }
 
-void ImageBox::CropToSelection() {
+void ImageBox::requireSelection() const {
     requireImage();
     if (!SelectionActive || m_selectionShape == SelectionShape::None)
         fail(ErrorNumber::InvalidCall, QStringLiteral("nothing is selected"));
+}
+
+void ImageBox::RedEyeCorrection() {
+    requireSelection();
+    const auto [left, top, right, bottom] = m_selection;
+    operations::correctRedEye(m_picture.edit(),
+                              {left, top, right, bottom, m_selectionShape == SelectionShape::Ellipse});
+}
+
+void ImageBox::CropToSelection() {
+    requireSelection();
     Picture result = cropped(m_picture, m_selection, BackColor);
     if (m_selectionShape == SelectionShape::Ellipse)
         operations::fillOutsideEllipse(result.edit(), resolveColor(BackColor));

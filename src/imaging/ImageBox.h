@@ -118,6 +118,9 @@ public:
     void SelectEllipse(int x1, int y1, int x2, int y2);
     void ClearSelection();
     void CropToSelection(); ///< outside an ellipse the picture takes BackColor
+    /// Takes the red cast from the pixels inside the selection, which stays. Error 5 when nothing is
+    /// selected.
+    void RedEyeCorrection();
 
     // --- text
     // -------------------------------------------------------------------------------------------------
@@ -172,6 +175,7 @@ public:
 
 private:
     void requireImage() const;
+    void requireSelection() const;
 
     Picture m_picture;
     MetadataStore m_metadata;

@@ -4,6 +4,7 @@
 #include "metadata/ExifVocabulary.h"
 #include "metadata/modMetadata.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -11,6 +12,11 @@
 namespace tarsel::modMetadata {
 
 namespace {
+
+/// A text of the tables in the user's language.
+QString inWords(const char* text) {
+    return *text ? QCoreApplication::translate("Exif", text) : QString();
+}
 
 /// A quotient of the two numbers of a rational; error 11 for a divisor of zero.
 double quotient(qint32 dividend, qint32 divisor) {
@@ -87,23 +93,23 @@ struct RawWord {
     const char* text;
 };
 constexpr std::array componentWords{
-    RawWord{"04,05,06,00", "RGB"},
-    RawWord{"00,06,05,04", "RGB"},
-    RawWord{"00,04,05,06", "RGB"},
-    RawWord{"04,05,06", "RGB"},
-    RawWord{"06,05,04", "RGB"},
-    RawWord{"01,02,03,00", "YCrCb"},
-    RawWord{"00,03,02,01", "YCrCb"},
-    RawWord{"00,01,02,03", "YCrCb"},
-    RawWord{"01,02,03", "YCrCb"},
-    RawWord{"03,02,01", "YCrCb"},
-    RawWord{"00", "Does not exist"},
-    RawWord{"01", "Y"},
-    RawWord{"02", "Cr"},
-    RawWord{"03", "Cb"},
-    RawWord{"04", "Red"},
-    RawWord{"05", "Green"},
-    RawWord{"06", "Blue"},
+    RawWord{"04,05,06,00", QT_TRANSLATE_NOOP("Exif", "RGB")},
+    RawWord{"00,06,05,04", QT_TRANSLATE_NOOP("Exif", "RGB")},
+    RawWord{"00,04,05,06", QT_TRANSLATE_NOOP("Exif", "RGB")},
+    RawWord{"04,05,06", QT_TRANSLATE_NOOP("Exif", "RGB")},
+    RawWord{"06,05,04", QT_TRANSLATE_NOOP("Exif", "RGB")},
+    RawWord{"01,02,03,00", QT_TRANSLATE_NOOP("Exif", "YCrCb")},
+    RawWord{"00,03,02,01", QT_TRANSLATE_NOOP("Exif", "YCrCb")},
+    RawWord{"00,01,02,03", QT_TRANSLATE_NOOP("Exif", "YCrCb")},
+    RawWord{"01,02,03", QT_TRANSLATE_NOOP("Exif", "YCrCb")},
+    RawWord{"03,02,01", QT_TRANSLATE_NOOP("Exif", "YCrCb")},
+    RawWord{"00", QT_TRANSLATE_NOOP("Exif", "Does not exist")},
+    RawWord{"01", QT_TRANSLATE_NOOP("Exif", "Y")},
+    RawWord{"02", QT_TRANSLATE_NOOP("Exif", "Cr")},
+    RawWord{"03", QT_TRANSLATE_NOOP("Exif", "Cb")},
+    RawWord{"04", QT_TRANSLATE_NOOP("Exif", "Red")},
+    RawWord{"05", QT_TRANSLATE_NOOP("Exif", "Green")},
+    RawWord{"06", QT_TRANSLATE_NOOP("Exif", "Blue")},
 };
 
 QString components(const QString& value) {
@@ -111,7 +117,7 @@ QString components(const QString& value) {
         return trimmed == QLatin1String(other);
     };
     const auto found = std::ranges::find_if(componentWords, isValue, &RawWord::value);
-    return found == componentWords.end() ? QString() : QString::fromLatin1(found->text);
+    return found == componentWords.end() ? QString() : inWords(found->text);
 }
 
 /// Attributes whose words are computed from the raw text.
@@ -138,7 +144,7 @@ constexpr std::array computedAttributes{
 
 QString wordOf(const ExifVocabulary& vocabulary, qint32 number) {
     const auto found = std::ranges::find(vocabulary.words, number, &ExifWord::value);
-    return QString::fromLatin1(found == vocabulary.words.end() ? vocabulary.otherwise : found->text);
+    return inWords(found == vocabulary.words.end() ? vocabulary.otherwise : found->text);
 }
 
 qint32 numberOrZero(const QString& text) {
@@ -159,7 +165,8 @@ QString ExifValueInWords(const QString& name, const QString& value) {
 }
 
 QString FormatExifAttributeValue(const QString& name, const QString& value) {
-    TrappingString = QStringLiteral("Read exif attribute and interpret it to readable format");
+    TrappingString =
+        QCoreApplication::translate("modMetadata", "Read exif attribute and interpret it to readable format");
     QString result;
     std::ignore = trap("modMetadata.fncEXIFInterpret", [&] { result = ExifValueInWords(name, value); });
     return result;

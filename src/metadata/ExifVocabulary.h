@@ -7,14 +7,14 @@
 
 namespace tarsel {
 
-/// A number that an EXIF attribute may hold, and its words.
+/// A number that an EXIF attribute may hold, and its words: English, in the context "Exif".
 struct ExifWord {
     qint32 value;
     const char* text;
 };
 
-/// An attribute whose values are read as numbers and looked up. Numbers that the table doesn't have give
-/// `otherwise`. Slips of the wording are kept: users' own lists and scripts go by them.
+/// An attribute whose values are read as numbers and looked up. `otherwise` stands for numbers that are not
+/// in the table. Slips of the wording are kept: users' lists and scripts depend on them.
 struct ExifVocabulary {
     const char* name;
     std::span<const ExifWord> words;

@@ -5,6 +5,8 @@
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::modMetadata {
 
 namespace {
@@ -34,7 +36,8 @@ void addExifRow(ListView& list, const QString& name, const QString& value) {
 } // namespace
 
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path) {
-    TrappingString = QStringLiteral("Reading EXIF information from the selected file!");
+    TrappingString =
+        QCoreApplication::translate("modMetadata", "Reading EXIF information from the selected file!");
     std::ignore = trap("modMetadata.ReadFileEXIFInfo", [&] {
         if (!box.HasImage())
             return;
@@ -45,7 +48,8 @@ void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path
 }
 
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path) {
-    TrappingString = QStringLiteral("Reading IPTC information from the selected file!");
+    TrappingString =
+        QCoreApplication::translate("modMetadata", "Reading IPTC information from the selected file!");
     std::ignore = trap("modMetadata.ReadFileIPTCInfo", [&] {
         if (!box.HasImage())
             return;

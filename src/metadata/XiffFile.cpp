@@ -4,6 +4,7 @@
 #include "metadata/clsFileEXIF.h"
 #include "metadata/modMetadata.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace tarsel::modMetadata {
@@ -33,7 +34,10 @@ void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
         for (; !file.fEof(); ++record)
             applyRecord(file, box, forms);
     } catch (TrappedError& error) {
-        error.description = QStringLiteral("%1, record %2: %3").arg(path).arg(record).arg(error.description);
+        error.description = QCoreApplication::translate("modMetadata", "%1, record %2: %3")
+                                .arg(path)
+                                .arg(record)
+                                .arg(error.description);
         throw;
     }
     file.closefile();

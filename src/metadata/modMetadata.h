@@ -21,7 +21,7 @@ const QStringList& ExifDateAttributes();
 /// Labels of IPTC members that are edited as dates.
 const QStringList& IptcDateAttributes();
 
-/// Builds the tables of this module and of the metadata store now, rather than at the first picture.
+/// Builds the tables of this module and of the metadata store now instead of at the first picture.
 void InitMetadataTables();
 
 /// Case and blanks around the argument don't matter.
@@ -56,7 +56,7 @@ qint32 RationalNumerator(const QString& text);
 qint32 RationalDenominator(const QString& text);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
-/// opened changes nothing. Dates are read in the user's own form first. Error 13 for a date that is none, 62
+/// opened changes nothing. Dates are read in the user's own form first. Error 13 for an invalid date, 62
 /// for a file that ends within a record.
 void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms = {});
 

@@ -5,6 +5,8 @@
 #include "base/Stop.h"
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
@@ -15,14 +17,19 @@ void perform(ImageBox& box, const TaskRow& row) {
         kind->replay(box, row);
 }
 
+QString inTask(const QString& key, int number, const QString& fact) {
+    if (key.isEmpty())
+        return QCoreApplication::translate("Replay", "task %1: %2").arg(number).arg(fact);
+    return QCoreApplication::translate("Replay", "task %1 (%2): %3").arg(number).arg(key, fact);
+}
+
 } // namespace
 
 void replayRow(ImageBox& box, const TaskRow& row, int number) {
     try {
         perform(box, row);
     } catch (TrappedError& error) {
-        const QString key = row.key.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(row.key);
-        error.description = QStringLiteral("task %1%2: %3").arg(number).arg(key, error.description);
+        error.description = inTask(row.key, number, error.description);
         throw;
     }
 }

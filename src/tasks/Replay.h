@@ -8,10 +8,9 @@
 
 namespace tarsel {
 
-// The replay as such. It works on the box alone, so that any thread may call it with a box of its own.
+// Replay works on the box alone: any thread may call it with a box of its own.
 
-/// Replays one row; kinds that are none are passed over. An error names the row by `number`, from 1, and its
-/// kind.
+/// Replays one row; unknown kinds are skipped. An error names the row by `number`, from 1, and its key.
 void replayRow(ImageBox& box, const TaskRow& row, int number);
 
 /// Replays rows from the first to the last. An error ends the run; the rows before it stay applied. A stop

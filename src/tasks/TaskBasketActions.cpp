@@ -5,12 +5,14 @@
 #include "base/SaveFileDialog.h"
 #include "tasks/TaskFile.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::taskBasketActions {
 
 namespace {
 
 QString taskFilter() {
-    return QStringLiteral("Task basket file (*.tbf)|*.tbf");
+    return QCoreApplication::translate("TaskBasketActions", "Task basket file (*.tbf)|*.tbf");
 }
 
 /// The file that fncSaveTaskBasket writes.
@@ -26,16 +28,17 @@ bool clearTasks(TaskList& tasks) {
 }
 
 bool openTasks(TaskList& tasks) {
-    const auto choice =
-        service<Dialogs>().openFileDialog({QStringLiteral("Open Editing list"), taskFilter(), {}});
+    const auto choice = service<Dialogs>().openFileDialog(
+        {QCoreApplication::translate("TaskBasketActions", "Open Editing list"), taskFilter(), {}});
     return choice && modSaveOpenImageList::fncOpenTaskBasket(choice->path, tasks);
 }
 
 bool saveTasks(TaskList& tasks) {
     if (tasks.count() == 0)
         return false;
-    const auto choice = saveFileDialogFor({QStringLiteral("Save Editing list"), taskFilter(), {}},
-                                          [](int, const QString& path) { return taskFilePath(path); });
+    const auto choice = saveFileDialogFor(
+        {QCoreApplication::translate("TaskBasketActions", "Save Editing list"), taskFilter(), {}},
+        [](int, const QString& path) { return taskFilePath(path); });
     if (choice)
         modSaveOpenImageList::fncSaveTaskBasket(choice->path, tasks);
     return false;

@@ -5,8 +5,8 @@
 
 namespace tarsel::taskBasketActions {
 
-/// Runs button `index` of the task basket: 0 new, 1 open, 2 save, 3 remove. True when the rows changed, so
-/// that the picture on show is to be made again.
+/// Runs button `index` of the task basket: 0 new, 1 open, 2 save, 3 remove. True when the rows changed and
+/// the picture on show has to be made again.
 bool cmdEditBar(int index, TaskList& tasks);
 
 } // namespace tarsel::taskBasketActions

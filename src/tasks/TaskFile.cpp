@@ -5,6 +5,9 @@
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
 
+#include <QCoreApplication>
+#include <algorithm>
+
 namespace tarsel::modSaveOpenImageList {
 
 namespace {
@@ -18,8 +21,7 @@ QStringList fieldsOf(const TaskRow& row) {
 
 TaskRow rowOf(const QStringList& fields) {
     TaskRow row{fields.at(0), fields.at(1), {}};
-    for (int number = 1; number <= TaskColumnCount; ++number)
-        row.column(number) = fields.at(number + 1);
+    std::copy(fields.begin() + 2, fields.end(), row.columns.begin());
     return row;
 }
 
@@ -39,10 +41,10 @@ void writeTaskBasket(const QString& path, const TaskList& tasks) {
     file.closefile();
 }
 
-bool showUnlessDone(bool done, const char* first, const char* second) {
+/// `message`: English, in the context "TaskFile".
+bool showUnlessDone(bool done, const char* message) {
     if (!done)
-        service<Dialogs>().messageBox(QString::fromLatin1(first) + QLatin1Char('\n') +
-                                          QString::fromLatin1(second),
+        service<Dialogs>().messageBox(QCoreApplication::translate("TaskFile", message),
                                       MessageIcon::Information, MessageButtons::Ok, ApplicationName);
     return done;
 }
@@ -58,7 +60,10 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     try {
         readRecords(file, tasks, genericIcons, record);
     } catch (TrappedError& error) {
-        error.description = QStringLiteral("%1, record %2: %3").arg(path).arg(record).arg(error.description);
+        error.description = QCoreApplication::translate("TaskFile", "%1, record %2: %3")
+                                .arg(path)
+                                .arg(record)
+                                .arg(error.description);
         throw;
     }
 }
@@ -67,13 +72,15 @@ bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
     const QString target = path.endsWith(TaskExtension, Qt::CaseInsensitive) ? path : path + TaskExtension;
     const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
                                                  [&] { writeTaskBasket(target, tasks); });
-    return showUnlessDone(done, "Error saving editing list!", "Please try again!");
+    return showUnlessDone(done,
+                          QT_TRANSLATE_NOOP("TaskFile", "Error saving editing list!\nPlease try again!"));
 }
 
 bool fncOpenTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     const bool done =
         !trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
-    return showUnlessDone(done, "Error opening editing list!", "Please select a valid image list file.");
+    return showUnlessDone(done, QT_TRANSLATE_NOOP("TaskFile", "Error opening editing list!\n"
+                                                              "Please select a valid image list file."));
 }
 
 } // namespace tarsel::modSaveOpenImageList

@@ -4,6 +4,7 @@
 #include "base/Conversions.h"
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel {
@@ -43,8 +44,8 @@ bool hasIcon(const QString& key) {
 } // namespace
 
 TaskList::TaskList() :
-    lvEditBatch(batchHeaders()), lvEdit({QStringLiteral("Confirmed Tasks")}),
-    lvEditPreview({QStringLiteral("Confirmed Tasks")}) {}
+    lvEditBatch(batchHeaders()), lvEdit({QCoreApplication::translate("TaskList", "Confirmed Tasks")}),
+    lvEditPreview({QCoreApplication::translate("TaskList", "Confirmed Tasks")}) {}
 
 TaskRow TaskList::row(int index) const {
     return taskRowOf(lvEditBatch, index);
@@ -59,7 +60,8 @@ void TaskList::append(const TaskRow& row, const QString& iconKey) {
 void TaskList::appendAsRead(const TaskRow& row, const QString& iconKey) {
     const int kind = toInt16(row.kind);
     if (!hasIcon(iconKey))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("no task has the key \"%1\"").arg(iconKey));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("TaskList", "no task has the key \"%1\"").arg(iconKey));
     appendToAll(row, kind, iconKey);
 }
 
@@ -86,8 +88,8 @@ void TaskList::clear() {
 TaskRow taskRowOf(const ListView& lvEditBatch, int index) {
     const ListRow& listed = lvEditBatch.row(index);
     TaskRow row{listed.text, listed.tag, {}};
-    for (int number = 1; number <= TaskColumnCount; ++number)
-        row.column(number) = lvEditBatch.subItem(index, number);
+    for (int number = 1; QString & text : row.columns)
+        text = lvEditBatch.subItem(index, number++);
     return row;
 }
 

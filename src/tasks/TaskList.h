@@ -2,39 +2,26 @@
 #pragma once
 
 #include "base/ListView.h"
+#include "tasks/TaskRow.h"
 
 #include <QString>
 #include <array>
 
 namespace tarsel {
 
-/// Columns p1 to p17 of a task row.
-constexpr int TaskColumnCount = 17;
-
-/// One task with its parameters, all as text: `column(1)` is p1.
-struct TaskRow {
-    QString kind; ///< decimal number of the kind
-    QString key;  ///< "flip", "rotate", ..
-    std::array<QString, TaskColumnCount> columns;
-
-    const QString& column(int number) const { return columns.at(size_t(number - 1)); }
-    QString& column(int number) { return columns.at(size_t(number - 1)); }
-    bool operator==(const TaskRow&) const = default;
-};
-
 class ImageBox;
 
-/// Does what a row of one kind says to the picture in the box. Settings are written to the box before the
-/// operation, in a fixed order, and stay there. Raises what the conversions and the box raise.
+/// Replays a row of one kind on the picture in the box. Settings are written to the box before the operation,
+/// in a fixed order, and stay there. Raises what the conversions and the box raise.
 using ReplayStep = void (*)(ImageBox& box, const TaskRow& row);
 
-/// One of the sixteen tasks; the whole vocabulary is the table taskKinds().
+/// One of the sixteen tasks that taskKinds() lists.
 struct TaskKind {
     int number;
     const char* panelKey;
-    const char* panelCaption;
-    const char* rowKey;      ///< empty for the kind that is never a row
-    const char* displayName; ///< empty for the kind that is never a row
+    const char* panelCaption; ///< this, the display name and the title: English, in the context "TaskKinds"
+    const char* rowKey;       ///< empty for the kind that is never a row
+    const char* displayName;  ///< empty for the kind that is never a row
     const char* optionTitle;
     ReplayStep replay; ///< null for the kind that is never a row
 };
@@ -43,7 +30,7 @@ const std::array<TaskKind, 16>& taskKinds();
 /// The kind of that number, or null when there is none.
 const TaskKind* taskKind(int number);
 
-/// The display name of a kind; empty for a kind outside 1 to 15.
+/// The display name of a kind in the user's language; empty for a kind outside 1 to 15.
 QString taskDisplayName(int kind);
 
 /// The task basket: one store and two views of it, always of the same rows in the same order.
@@ -57,8 +44,8 @@ public:
     int count() const { return lvEditBatch.count(); }
     TaskRow row(int index) const;
     /// Appends a row to all three lists; a row of kind 16 is not appended. The icon is named by the row's
-    /// key, or by `iconKey` when one is given. Error 13 or 6 when the kind is no 16-bit number; nothing was
-    /// appended then.
+    /// key, or by `iconKey` when one is given. Error 13 or 6, and nothing appended, when the kind is not
+    /// a 16-bit number.
     void append(const TaskRow& row, const QString& iconKey = {});
     /// The same for a row of a file, of whatever kind: unknown kinds have no name and are passed over at
     /// replay. Error 5 when there is no icon of that name.

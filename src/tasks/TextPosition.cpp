@@ -6,6 +6,8 @@
 #include "imaging/ImageBox.h"
 #include "tasks/modProcessTasks.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
@@ -27,8 +29,9 @@ int placed(int third, int length, int extent) {
 /// x of the anchor that `alignment` names (0 left, 1 centre, 2 right) on a horizontal text.
 int horizontalX(int column, int alignment, int width, int textWidth) {
     if (alignment < 0 || alignment > 2)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no text alignment %1").arg(alignment));
-    // Twice the anchor is a whole number, so that halves are exact and tie to even.
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("TextPosition", "there is no text alignment %1").arg(alignment));
+    // Twice the anchor is an integer, so that halves are exact and tie to even.
     const double anchor = double(column) * (width - double(textWidth)) + double(alignment) * textWidth;
     return roundToInt(anchor / 2);
 }
@@ -49,7 +52,8 @@ int verticalX(int column, int width, int textHeight) {
 
 QPoint textPosition(int orientation, int position, int alignment, Size picture, Size text) {
     if (position < 0 || position > LastNamedPosition)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no text position %1").arg(position));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("TextPosition", "there is no text position %1").arg(position));
     const int column = position % 3;
     const int row = position / 3;
     if (orientation != 0)

@@ -154,3 +154,34 @@ TEST(ApplyCommand, AnUnknownOutputFormatIsWrongUsage) {
     EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf gone.jpg x.jpg")).status, 1);
     EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf a.jpg gone/x.jpg")).status, 1);
 }
+
+TEST(TasksCommand, ShowsEachRowInWordsAndWhatARunWouldDoWithIt) {
+    const PictureFolder folder;
+    writeFileSafely(
+        folder.path(text("a.tbf")),
+        taskLine("2", "rotate", {text("True"), text("-45"), text("33023")}) +
+            taskLine("8", "crop", {text("True"), text("1"), text("0"), text("0"), text("9"), text("x")}) +
+            taskLine("99", "text", {}) +
+            taskLine("9", "watermark", {text("False"), text("0"), text("2"), text("gone.png")}) +
+            taskLine("14", "mask", {text("False"), text("0"), text("0")}));
+    const ProgramRun run = folder.run(commandLine("tasks a.tbf"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(
+        run.output.toStdString(),
+        "    1  Rotate: smooth on, degrees -45, back color #FF8000  [ok: degrees is -45, outside 0 to 360]\n"
+        "    2  Crop: typed on, shape ellipse, left 0, top 0, right 9, bottom \"x\", back color \"\""
+        "  [failed: bottom: Type mismatch: \"x\" is not a number]\n"
+        "    3  text  [skipped: no task has the kind 99]\n"
+        "    4  Watermark: transparent off, transparency 0, style tile, path \"gone.png\""
+        "  [failed: the file \"gone.png\" is missing]\n"
+        "    5  Mask: transparent off, transparency 0, number 0"
+        "  [failed: Mask artwork is not part of this program yet]\n");
+    const QJsonObject row = folder.run(commandLine("tasks --json a.tbf")).objects().value(0);
+    EXPECT_EQ(row.value(text("state")), text("ok"));
+    EXPECT_EQ(valueOf(row, "parameters", "name", "degrees"), text("-45"));
+    EXPECT_EQ(folder.run(commandLine("tasks")).status, 2);
+    writeFileSafely(folder.path(text("b.tbf")), taskLine("1", "flip", {text("1")}));
+    const ProgramRun fine = folder.run(commandLine("tasks b.tbf"));
+    EXPECT_EQ(fine.output, "    1  Orientation: direction vertical\n");
+    EXPECT_EQ(fine.status, 0);
+}

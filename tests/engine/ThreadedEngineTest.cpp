@@ -63,7 +63,7 @@ TaskRow row(int kind, const char* columns) {
 /// Resize, watermark, text, rotate.
 std::vector<TaskRow> tasks(const QString& watermark) {
     TaskRow merge = row(9, "False|30|2||0|0|0");
-    merge.column(4) = watermark;
+    merge.columns[3] = watermark;
     return {row(3, "True|50|40"), merge, row(10, "True||True|0|0|DejaVu Sans|9|0|0|0|255|0|0|4|text"),
             row(2, "True|7|16777215")};
 }

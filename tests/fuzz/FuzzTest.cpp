@@ -82,7 +82,7 @@ const struct {
 
 /// Whatever the bytes are, each reader keeps its promises; the fuzzers search on for more such bytes.
 /// Fixtures are named by their fault.
-TEST(Readers, KeepTheirPromisesOnWholeAndDamagedFiles) {
+TEST(Readers, KeepTheirPromisesOnGoodAndDamagedFiles) {
     const test::TestDesktop desktop;
     for (const auto& [name, fuzzer, seeds, damagedCopies] : readers) {
         std::mt19937 random(7);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
 #include "collections/BasketFile.h"
+#include "tasks/TaskCheck.h"
 #include "tasks/TaskFile.h"
+#include "tasks/TaskWords.h"
 #include "tests/fuzz/Fuzzers.h"
 
 #include <QFile>
@@ -22,11 +24,22 @@ QString written(const char* name, const QByteArray& bytes) {
     return path;
 }
 
+/// Any row can be checked and shown; one that passes has only values that can be read.
+void tryRow(const TaskRow& row) {
+    const bool passes = checkRow(row).state == TaskCheck::State::Ok;
+    for (const TaskColumn& column : columnsRead(row))
+        require(ignoringErrors([&] { column.value(column.text(row)); }) || !passes,
+                "a row that passes the check has only values that can be read");
+    require(columnsRead(row).empty() == parametersInWords(row).isEmpty(), "each parameter has its words");
+}
+
 void tryTaskFile(const QByteArray& bytes) {
     TaskList tasks;
     ignoringErrors([&] { readTaskBasket(written("list.tbf", bytes), tasks); });
     require(tasks.lvEdit.count() == tasks.count() && tasks.lvEditPreview.count() == tasks.count(),
             "the three lists hold the same rows, however the reading ends");
+    for (int i = 0; i < tasks.count(); ++i)
+        tryRow(tasks.row(i));
 }
 
 void tryBasketFile(const char* name, const QByteArray& bytes) {

@@ -191,9 +191,9 @@ TEST_F(Batch, ThePreviewShowsThePixelsThatTheBatchEncodes) {
                      workspace.tasks, workspace.ibMain, workspace.sbMain});
     preview.OptimizedPreview = true;
     TaskRow canvas{QStringLiteral("12"), QStringLiteral("canvas"), {}};
-    int column = 1;
+    std::size_t column = 0;
     for (const char* value : {"255", "1", "2", "3", "4"}) // on red
-        canvas.column(column++) = QLatin1String(value);
+        canvas.columns.at(column++) = QLatin1String(value);
     workspace.tasks.append(canvas);
     settings::BatchSave settings;
     settings.ProcessEditingList = 1;

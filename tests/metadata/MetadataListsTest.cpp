@@ -66,7 +66,7 @@ TEST_F(MetadataList, EditableRowsHaveAKeyAndAnIconOthersOnlyTheirTag) {
     EXPECT_EQ(list.row(rowOf(list, "Date/Time Original")).key, QStringLiteral("DateTimeOriginal"));
 }
 
-TEST_F(MetadataList, ADateThatIsNoneIsReportedAndTheRowsBeforeItStay) {
+TEST_F(MetadataList, AnInvalidDateIsReportedAndTheRowsBeforeItStay) {
     showExif({{"Make", "Acme"}, {"DateTime", "yesterday"}, {"FNumber", "28/10"}});
     ASSERT_EQ(desktop.reports.size(), 1u);
     EXPECT_EQ(desktop.reports[0].ErrRoutine, QStringLiteral("modMetadata.ReadFileEXIFInfo"));

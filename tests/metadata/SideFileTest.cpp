@@ -86,12 +86,12 @@ TEST_F(SideFile, AnFfoFileReplacesAllIptcDataAndNothingElse) {
 
 TEST_F(SideFile, AnFfoFileCutAnywhereIsRefusedAndLeavesThePicture) {
     fullStore().IptcSaveToFile(path("all.ffo"));
-    const QByteArray whole = readWholeFile(path("all.ffo"));
+    const QByteArray all = readWholeFile(path("all.ffo"));
     MetadataStore target;
     setIptcText(target, "IptcHeadline", QStringLiteral("kept"));
     const QByteArray before = target.blocks().resources;
-    for (qsizetype size = 0; size < whole.size() - 1; ++size) {
-        const QString cut = written(whole.left(size));
+    for (qsizetype size = 0; size < all.size() - 1; ++size) {
+        const QString cut = written(all.left(size));
         EXPECT_EQ(errorNumberOf([&] { target.IptcLoadFromFile(cut); }), ErrorNumber::UnreadableFile) << size;
         EXPECT_EQ(target.blocks().resources, before);
     }
@@ -122,6 +122,9 @@ TEST_F(SideFile, RecordsOfAXiffFileAreQuotedAndComeBack) {
 
 TEST_F(SideFile, AppliedAttributesBrandThePictureAndDatesAreTurned) {
     ImageBox box;
+    for (const QString& setsNothing : {written("\"NoSuchName\",\"x\"\r\n"), path("missing.xiff")})
+        modMetadata::ApplyXiffFile(setsNothing, box);
+    EXPECT_EQ(box.ExifCount(), 0);
     modMetadata::ApplyXiffFile(written("\"Make\",\"Acme, Inc.\"\r\n"
                                        "  DateTimeOriginal ,\"1/31/2004 3:05:09 PM\"\r\n"
                                        "\"FNumber\",\"28/10\"\r\n"
@@ -133,15 +136,7 @@ TEST_F(SideFile, AppliedAttributesBrandThePictureAndDatesAreTurned) {
     EXPECT_EQ(box.ExifValueByName(QStringLiteral("Software")), modMetadata::ProductTitle);
 }
 
-TEST_F(SideFile, AFileThatSetsNothingDoesNotBrand) {
-    ImageBox box;
-    modMetadata::ApplyXiffFile(written(""), box);
-    modMetadata::ApplyXiffFile(written("\"NoSuchName\",\"x\"\r\n"), box);
-    modMetadata::ApplyXiffFile(path("missing.xiff"), box);
-    EXPECT_EQ(box.ExifCount(), 0);
-}
-
-TEST_F(SideFile, ADateThatIsNoneAndARecordThatIsCutAreErrors) {
+TEST_F(SideFile, AnInvalidDateAndACutRecordAreErrors) {
     ImageBox box;
     const auto apply = [&](const QByteArray& bytes) {
         return errorNumberOf([&] { modMetadata::ApplyXiffFile(written(bytes), box); });

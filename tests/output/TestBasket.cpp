@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tarsel::test {
 
@@ -78,9 +79,7 @@ void TestBasket::importExif(const char* name, const QByteArray& records) {
 
 void TestBasket::addTask(const char* kind, const char* key, std::initializer_list<const char*> columns) {
     TaskRow row{.kind = text(kind), .key = text(key), .columns = {}};
-    int number = 1;
-    for (const char* column : columns)
-        row.column(number++) = text(column);
+    std::ranges::transform(columns, row.columns.begin(), text);
     tasks.append(row);
     settings.ProcessEditingList = 1;
 }

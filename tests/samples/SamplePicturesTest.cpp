@@ -51,7 +51,7 @@ TEST(SampleTaskList, OpensAsResizeSharpenAndText) {
     EXPECT_EQ(tasks.row(0).key, QStringLiteral("resize"));
     EXPECT_EQ(tasks.row(1).key, QStringLiteral("sharpen"));
     EXPECT_EQ(tasks.row(2).key, QStringLiteral("text"));
-    EXPECT_TRUE(tasks.row(2).column(15).startsWith(QChar(0xA9))) << "the list is read as Windows-1252";
+    EXPECT_TRUE(tasks.row(2).columns[14].startsWith(QChar(0xA9))) << "the list is read as Windows-1252";
 }
 
 } // namespace

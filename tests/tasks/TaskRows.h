@@ -14,8 +14,7 @@ inline TaskRow taskRow(int kind, const QStringList& columns) {
     TaskRow row{QString::number(kind), {}, {}};
     if (const TaskKind* known = taskKind(kind))
         row.key = QString::fromLatin1(known->rowKey);
-    for (int i = 0; i < columns.size(); ++i)
-        row.column(i + 1) = columns[i];
+    std::copy(columns.begin(), columns.end(), row.columns.begin());
     return row;
 }
 
@@ -28,6 +27,13 @@ inline QStringList texts(std::initializer_list<const char*> columns) {
 
 inline TaskRow taskRow(int kind, std::initializer_list<const char*> columns) {
     return taskRow(kind, texts(columns));
+}
+
+/// A Text row of 20 point, black.
+inline TaskRow textRow(const char* position, const char* x = "0", const char* y = "0",
+                       const char* text = "Tarsel") {
+    return taskRow(10, {"True", "False", "True", "0", "0", "DejaVu Sans", "20", "False", "False", "False",
+                        "0", "0", "0", position, text, x, y});
 }
 
 /// A picture in which no two neighbours are alike, and left differs from right, top from bottom.

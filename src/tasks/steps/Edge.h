@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <limits>
 
 namespace tarsel {
@@ -11,7 +12,7 @@ namespace tarsel {
 inline int edge(qint64 value) {
     using Limits = std::numeric_limits<int>;
     if (value < Limits::min() || value > Limits::max())
-        fail(ErrorNumber::Overflow, QStringLiteral("an edge at %1").arg(value));
+        fail(ErrorNumber::Overflow, QCoreApplication::translate("Edge", "an edge at %1").arg(value));
     return int(value);
 }
 

@@ -4,7 +4,6 @@
 
 namespace tarsel {
 
-/// No columns.
 void steps::invert(ImageBox& box, const TaskRow&) {
     box.Negative();
 }

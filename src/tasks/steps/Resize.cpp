@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/Conversions.h"
 #include "imaging/ImageBox.h"
+#include "tasks/TaskColumns.h"
 #include "tasks/steps/Steps.h"
 
 namespace tarsel {
 
-/// p1: to a size, p2 by p3 pixels; else by p2 percent, replayed in whole percents (12.5 as 12).
+/// A percentage is replayed as an integer: 12.5 as 12.
 void steps::resize(ImageBox& box, const TaskRow& row) {
-    if (toBool(row.column(1)))
-        box.ResizeTo(toInt32(row.column(2)), toInt32(row.column(3)));
+    using column::Resize;
+    if (row[Resize::toSize])
+        box.ResizeTo(row[Resize::width], row[Resize::height]);
     else
-        box.Scale(float(toInt16(row.column(2))));
+        box.Scale(float(row[Resize::percent]));
 }
 
 } // namespace tarsel

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/Conversions.h"
 #include "imaging/ImageBox.h"
+#include "tasks/TaskColumns.h"
 #include "tasks/steps/Steps.h"
 
 namespace tarsel {
 
-/// p1: smooth. p2: angle, replayed in whole degrees. p3: colour of the new area.
+/// The angle is replayed in integer degrees.
 void steps::rotate(ImageBox& box, const TaskRow& row) {
-    box.BackColor = toInt32(row.column(3));
-    box.Resample = toBool(row.column(1));
-    box.Rotate(float(toInt16(row.column(2))));
+    using column::Rotate;
+    box.BackColor = row[Rotate::backColor];
+    box.Resample = row[Rotate::smooth];
+    box.Rotate(float(row[Rotate::degrees]));
 }
 
 } // namespace tarsel

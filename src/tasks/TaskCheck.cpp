@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/TaskCheck.h"
+
+#include "base/Conversions.h"
+#include "base/TrappedError.h"
+#include "tasks/Artwork.h"
+#include "tasks/TaskColumns.h"
+#include "tasks/TaskList.h"
+#include "tasks/TaskWords.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace tarsel {
+
+namespace {
+
+using State = TaskCheck::State;
+
+QString outsideRange(const TaskColumn& column, const QString& text) {
+    return QCoreApplication::translate("TaskCheck", "%1 is %2, outside %3 to %4")
+        .arg(nameInWords(column), text)
+        .arg(column.limits.lowest)
+        .arg(column.limits.highest);
+}
+
+bool isOutside(const TaskColumn& column, double value) {
+    const bool isNumber = column.type != ColumnType::Text && column.type != ColumnType::Path;
+    return isNumber && column.limits.bounded &&
+           (value < column.limits.lowest || value > column.limits.highest);
+}
+
+void checkColumn(const TaskColumn& column, const TaskRow& row, TaskCheck& check) {
+    const QString& text = column.text(row);
+    if (isOutside(column, column.value(text)) && (check.reason.isEmpty() || column.limits.strict))
+        check = {column.limits.strict ? State::Failed : State::Ok, outsideRange(column, text)};
+    if (column.type == ColumnType::Path && !QFileInfo(text).isFile())
+        check = {State::Failed,
+                 QCoreApplication::translate("TaskCheck", "the file \"%1\" is missing").arg(text)};
+}
+
+TaskCheck failed(const QString& reason) {
+    return {State::Failed, reason};
+}
+
+TaskCheck checkColumns(std::span<const TaskColumn> columns, const TaskRow& row) {
+    TaskCheck check;
+    for (const TaskColumn& column : columns) {
+        try {
+            if (isRead(column, columns, row))
+                checkColumn(column, row, check);
+        } catch (const TrappedError& error) {
+            return failed(QCoreApplication::translate("TaskCheck", "%1: %2")
+                              .arg(nameInWords(column), error.description));
+        }
+    }
+    return check;
+}
+
+} // namespace
+
+TaskCheck checkRow(const TaskRow& row) {
+    int number = 0;
+    try {
+        number = toInt16(row.kind);
+    } catch (const TrappedError& error) {
+        return failed(error.description);
+    }
+    const TaskKind* kind = taskKind(number);
+    if (!kind || !kind->replay)
+        return {State::Skipped,
+                QCoreApplication::translate("TaskCheck", "no task has the kind %1").arg(number)};
+    const TaskCheck check = checkColumns(taskColumns(number), row);
+    if (check.state == State::Ok && needsArtwork(number, row))
+        return failed(missingArtworkText(number));
+    return check;
+}
+
+} // namespace tarsel
