@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/IptcFields.h"
 #include "imaging/ImageBox.h"
+#include "imaging/clsImageHeaderInfo.h"
 
+#include <QDirIterator>
 #include <benchmark/benchmark.h>
 
 using namespace tarsel;
@@ -50,6 +52,23 @@ void changeHeadline(benchmark::State& state) {
     }
 }
 BENCHMARK(changeHeadline)->Unit(benchmark::kMicrosecond);
+
+/// The headers of all pictures below TARSEL_CORPUS; the time is that of one file.
+void readHeaders(benchmark::State& state) {
+    QStringList paths;
+    for (QDirIterator files(qEnvironmentVariable("TARSEL_CORPUS"), QDir::Files, QDirIterator::Subdirectories);
+         files.hasNext();)
+        paths << files.next();
+    clsImageHeaderInfo info;
+    for (auto _ : state)
+        for (const QString& path : paths) {
+            info.ReadJPEG_TIFF_PNG_Header(path);
+            benchmark::DoNotOptimize(info.Width());
+        }
+    state.counters["per file"] = benchmark::Counter(
+        double(paths.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(readHeaders)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

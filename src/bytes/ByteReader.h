@@ -9,7 +9,7 @@
 
 namespace tarsel {
 
-/// Numbers and slices of foreign bytes. Whatever is not wholly inside them reads as nothing. The bytes are
+/// Numbers and slices of foreign bytes. What is not completely inside them reads as nothing. The bytes are
 /// not copied and must outlive the reader.
 class ByteReader {
 public:
@@ -17,7 +17,7 @@ public:
 
     template <std::ranges::contiguous_range Bytes>
     requires(sizeof(std::ranges::range_value_t<Bytes>) == 1) ByteReader(const Bytes& bytes, ByteOrder order) :
-        ByteReader(std::as_bytes(std::span(bytes)), order) {}
+        ByteReader(std::span<const std::byte>(std::as_bytes(std::span(bytes))), order) {}
 
     ByteOrder order() const { return m_order; }
     std::int64_t size() const { return std::int64_t(m_bytes.size()); }

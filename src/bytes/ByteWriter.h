@@ -7,7 +7,7 @@
 
 namespace tarsel {
 
-/// Changes numbers inside a buffer. A number that would not be wholly inside it is refused.
+/// Changes numbers inside a buffer. A number that would not be completely inside it is refused.
 class ByteWriter {
 public:
     ByteWriter(std::span<std::byte> bytes, ByteOrder order) : m_bytes(bytes), m_order(order) {}

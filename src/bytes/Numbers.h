@@ -11,6 +11,10 @@ namespace tarsel {
 
 enum class ByteOrder { Little, Big };
 
+/// Of this machine.
+constexpr ByteOrder nativeOrder =
+    std::endian::native == std::endian::big ? ByteOrder::Big : ByteOrder::Little;
+
 namespace detail {
 template <std::size_t size>
 struct BitsOfSize;

@@ -7,7 +7,7 @@
 #include "cli/RowReport.h"
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
-#include "codecs/Codec.h"
+#include "codecs/Formats.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
 #include "output/LoadSource.h"
@@ -28,28 +28,17 @@ constexpr OptionSpec options[] = {
      QT_TRANSLATE_NOOP("CommandLine", "one JSON object: row, source, target, state, reason")},
 };
 
-QString writableExtensions() {
-    QStringList extensions;
-    for (const Codec& codec : codecs())
-        if (codec.encode)
-            extensions += codec.extensions;
-    return extensions.join(QStringLiteral(", "));
-}
-
 void requireWritable(const QString& path) {
-    const Codec* codec = codecForExtension(modFileSystem::GetFileExtension(path).toLower());
-    if (!codec || !codec->encode)
+    if (!isWritable(modFileSystem::GetFileExtension(path).toLower()))
         throw UsageError{
             QCoreApplication::translate("CommandLine",
                                         "%1: the extension is not that of a format that can be written (%2)")
-                .arg(path, writableExtensions())};
+                .arg(path, writableExtensions().join(QStringLiteral(", ")))};
 }
 
 /// For other formats the tasks see the picture on white, as in a batch.
 bool holdsAlpha(const QString& path) {
-    static const QStringList names{QStringLiteral("PNG"), QStringLiteral("TIFF")};
-    const Codec* codec = codecForExtension(modFileSystem::GetFileExtension(path).toLower());
-    return codec && names.contains(QLatin1String(codec->name));
+    return keepsTransparency(modFileSystem::GetFileExtension(path).toLower());
 }
 
 /// Returns what is wrong with a source that could be read in part only; empty for an undamaged one. Writes

@@ -16,10 +16,10 @@ namespace {
 
 void readHeader(PictureFacts& facts) {
     const PictureFile file(facts.path);
-    if (!file.codec())
+    if (!file.isRecognised())
         fail(ErrorNumber::InvalidPicture,
              QCoreApplication::translate("CommandLine", "%1: unknown content").arg(facts.path));
-    facts.format = QString::fromLatin1(file.codec()->name);
+    facts.format = file.formatName();
     facts.header = file.header();
 }
 

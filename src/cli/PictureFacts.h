@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/ListView.h"
-#include "codecs/Codec.h"
+#include "codecs/PictureHeader.h"
 
 #include <QString>
 #include <optional>

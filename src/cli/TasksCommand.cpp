@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
 #include "cli/JsonLine.h"
@@ -8,12 +7,16 @@
 #include "tasks/TaskFile.h"
 #include "tasks/TaskWords.h"
 
+#include <QCoreApplication>
+
 namespace tarsel::cli {
 
 namespace {
 
 constexpr OptionSpec options[] = {
-    {"json", nullptr, "one JSON object a line: row, kind, key, name, state, reason, parameters"},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "one JSON object a line: row, kind, key, name, state, reason, parameters")},
 };
 
 QString stateName(TaskCheck::State state) {
@@ -54,8 +57,7 @@ QString lineOf(int number, const TaskRow& row, const QString& name, const TaskCh
 
 int run(const Arguments& arguments, Terminal& terminal) {
     if (arguments.operands().size() != 1)
-        throw UsageError{QStringLiteral("expected one task list")};
-    const ApplicationScope application(false);
+        throw UsageError{QCoreApplication::translate("CommandLine", "expected one task list")};
     TaskList tasks;
     modSaveOpenImageList::readTaskBasket(absolutePath(arguments.operands().first()), tasks);
     bool allFine = true;
@@ -74,10 +76,11 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command tasksCommand{
     .name = "tasks",
     .operands = "F.tbf",
-    .summary = "Show a task list in words and check it.",
-    .notes =
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "Show a task list in words and check it."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
         "A task that would end a run is reported as failed, one that a run passes over as skipped; the exit\n"
-        "status is 1 for both. A value that replays, but is outside the range of its control, is noted.",
+        "status is 1 for both. A value that replays, but is outside the range of its control, is noted."),
     .options = options,
     .run = run,
 };

@@ -2,10 +2,11 @@
 #include "codecs/BmpCodec.h"
 
 #include "base/TrappedError.h"
+#include "bytes/Numbers.h"
 #include "codecs/BmpReader.h"
 #include "codecs/Flatten.h"
 
-#include <QtEndian>
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstdlib>
 
@@ -50,9 +51,7 @@ public:
 private:
     template <class Number>
     LittleEndianWriter& put(Number value) {
-        char raw[sizeof value];
-        qToLittleEndian(value, raw);
-        m_bytes.append(raw, sizeof value);
+        appendNumber(m_bytes, value, ByteOrder::Little);
         return *this;
     }
     QByteArray& m_bytes;
@@ -66,7 +65,8 @@ QByteArray encodeBmp(const Picture& picture, const SaveSettings&, const Embedded
     const qsizetype pixelOffset = FileHeaderSize + WindowsHeaderSize;
     const qsizetype size = pixelOffset + stride * view.height;
     if (size > qsizetype(UINT32_MAX))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("BMP encoder: the picture is larger than 4 GB"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("BmpCodec", "BMP encoder: the picture is larger than 4 GB"));
     QByteArray bytes;
     bytes.reserve(size);
     bytes += "BM";

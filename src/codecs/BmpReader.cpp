@@ -5,6 +5,7 @@
 #include "codecs/SourceStream.h"
 #include "pixels/Color.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -97,9 +98,10 @@ void requireKnownKind(const BmpLayout& layout, const FileUnderTest& file) {
                        (hasMasks(layout) && !isOs2 && (layout.bits == 16 || layout.bits == 32));
     static constexpr int depths[] = {1, 2, 4, 8, 16, 24, 32};
     if (!known || std::ranges::count(depths, layout.bits) == 0)
-        failDecoding(file, QStringLiteral("compression %1 of %2 bits is not supported")
-                               .arg(layout.compression)
-                               .arg(layout.bits));
+        failDecoding(file,
+                     QCoreApplication::translate("BmpReader", "compression %1 of %2 bits is not supported")
+                         .arg(layout.compression)
+                         .arg(layout.bits));
 }
 
 /// Paints the rows of one file in the order in which it stores them.
@@ -132,7 +134,7 @@ private:
         std::vector<std::uint8_t> row(std::size_t((used + 3) / 4 * 4));
         while (m_row < m_target.height) {
             if (m_stream.read(row.data(), qsizetype(row.size())) < used) // the padding may be missing
-                return QStringLiteral("file is truncated");
+                return QCoreApplication::translate("BmpReader", "file is truncated");
             paintRow(row, nextRow());
         }
         return {};
@@ -155,10 +157,10 @@ private:
     }
 
     void paintMasked(const std::vector<std::uint8_t>& row, int x, std::uint8_t* pixel) const {
-        std::uint32_t value = 0;
-        const std::size_t size = std::size_t(m_layout.bits) / 8;
-        for (std::size_t i = size; i-- > 0;)
-            value = value << 8 | row[std::size_t(x) * size + i];
+        const std::uint8_t* stored = &row[std::size_t(x) * std::size_t(m_layout.bits) / 8];
+        const std::uint32_t value = m_layout.bits == 16
+                                        ? loadNumber<std::uint16_t>(stored, ByteOrder::Little)
+                                        : loadNumber<std::uint32_t>(stored, ByteOrder::Little);
         paintColor({m_masks.red.of(value), m_masks.green.of(value), m_masks.blue.of(value)}, pixel);
         if (m_target.channels == 4)
             pixel[3] = m_masks.alpha.of(value);
@@ -179,7 +181,7 @@ private:
             const int count = m_stream.byte();
             const int value = m_stream.byte();
             if (value < 0)
-                return QStringLiteral("file is truncated");
+                return QCoreApplication::translate("BmpReader", "file is truncated");
             if (count > 0)
                 putRun(count, value);
             else if (value == 1)
@@ -274,7 +276,8 @@ BmpLayout readBmpLayout(const PictureSource& source, const FileUnderTest& file) 
         layout.dpi = std::int32_t(reader.dword(38).value_or(0)) * 0.0254;
     requirePlausibleSize(file, layout.width, std::abs(layout.height), PixelsPerByte);
     if (layout.pixelOffset >= source.size())
-        failDecoding(file, QStringLiteral("pixel data starts past the end of the file"));
+        failDecoding(file,
+                     QCoreApplication::translate("BmpReader", "pixel data starts past the end of the file"));
     return layout;
 }
 

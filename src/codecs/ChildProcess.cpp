@@ -4,10 +4,13 @@
 #include "codecs/DecoderProtocol.h"
 
 #include <chrono>
+#include <condition_variable>
 #include <csignal>
 #include <fcntl.h>
 #include <functional>
+#include <mutex>
 #include <spawn.h>
+#include <stop_token>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -32,9 +35,46 @@ bool comesTrueWithin(steady_clock::duration limit, const std::function<bool()>& 
     return true;
 }
 
-} // namespace
+/// Calls of one thread that lives as long as the process: a child that ends with its parent ends with the
+/// thread that started it.
+class LastingThread {
+public:
+    pid_t call(const std::function<pid_t()>& function) {
+        const std::lock_guard oneCaller(m_callers);
+        std::unique_lock lock(m_mutex);
+        m_function = &function;
+        m_changed.notify_all();
+        m_changed.wait(lock, [this] { return !m_function; });
+        return m_result;
+    }
 
-bool ChildProcess::start(const QByteArray& program, int socket) {
+private:
+    void run(const std::stop_token& stop) {
+        std::unique_lock lock(m_mutex);
+        while (m_changed.wait(lock, stop, [this] { return m_function; })) {
+            m_result = (*m_function)();
+            m_function = nullptr;
+            m_changed.notify_all();
+        }
+    }
+
+    std::mutex m_callers;
+    std::mutex m_mutex;
+    std::condition_variable_any m_changed;
+    const std::function<pid_t()>* m_function = nullptr;
+    pid_t m_result = 0;
+    std::jthread m_thread{[this](const std::stop_token& stop) { run(stop); }};
+};
+
+pid_t onLastingThread(const std::function<pid_t()>& function) {
+    if (::gettid() == ::getpid())
+        return function();
+    static LastingThread thread;
+    return thread.call(function);
+}
+
+/// The child's id, or 0.
+pid_t spawn(const QByteArray& program, int socket) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, socket, DecoderSocket);
@@ -47,12 +87,20 @@ bool ChildProcess::start(const QByteArray& program, int socket) {
     posix_spawnattr_setsigmask(&attributes, &none);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
     char* arguments[] = {const_cast<char*>(program.constData()), nullptr};
+    char* environment[] = {nullptr};
     pid_t child = 0;
-    const int failed = ::posix_spawn(&child, program.constData(), &actions, &attributes, arguments, environ);
+    const int failed =
+        ::posix_spawn(&child, program.constData(), &actions, &attributes, arguments, environment);
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
-    m_child = failed ? 0 : child;
-    return !failed;
+    return failed ? 0 : child;
+}
+
+} // namespace
+
+bool ChildProcess::start(const QByteArray& program, int socket) {
+    m_child = onLastingThread([&] { return spawn(program, socket); });
+    return m_child != 0;
 }
 
 bool ChildProcess::endsByItself() const {

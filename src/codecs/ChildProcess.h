@@ -16,8 +16,8 @@ public:
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     /// Starts the program with the socket as descriptor DecoderSocket and the standard ones silent, in a
-    /// process group of its own, so that an interrupt from the terminal doesn't reach it. False when it
-    /// can't be started.
+    /// process group of its own, so that an interrupt from the terminal doesn't reach it, and with an empty
+    /// environment. False when it can't be started.
     bool start(const QByteArray& program, int socket);
     bool isRunning() const { return m_child != 0; }
     pid_t id() const { return m_child; } ///< 0 when none runs

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "codecs/DecodedPicture.h"
 #include "codecs/PictureSource.h"
 #include "codecs/SaveSettings.h"
-#include "embedded/EmbeddedMetadata.h"
-#include "pixels/Picture.h"
 
 #include <QByteArray>
 #include <QString>
@@ -12,34 +11,6 @@
 #include <span>
 
 namespace tarsel {
-
-/// What a decoder returns: the picture and the metadata of its file.
-struct DecodedPicture {
-    Picture picture;
-    EmbeddedMetadata metadata;
-    QString damage =
-        {}; ///< what is wrong with a file whose picture could be read in part; empty for an undamaged one
-};
-
-/// What a file says about its picture before the pixels.
-struct PictureHeader {
-    int width = 0;
-    int height = 0;
-    int bitsPerPixel = 0; ///< all channels together, as stored
-    double dpi = 0;       ///< horizontal; 0 when the file doesn't say
-};
-
-struct PixelSize {
-    int width = 0;
-    int height = 0;
-    bool operator==(const PixelSize&) const = default;
-};
-
-/// A picture decoded smaller than it is, and its own size.
-struct ReducedPicture {
-    Picture picture;
-    PixelSize sourceSize;
-};
 
 /// One picture format. The functions read what they need of the source; `name` is the path or another word
 /// for the file, for messages. They raise error 0x8000FFFF with format, file and fact when they can't make
@@ -70,9 +41,6 @@ struct Codec {
 
 /// All formats, in the order in which they are asked.
 std::span<const Codec> codecs();
-
-/// Decodes by content. Error 0x8000FFFF when no codec recognises them.
-DecodedPicture decodeByContent(const PictureSource& source, const QString& path, int page);
 
 /// The codec that recognises the source, or null; reads only its start. A format without a signature (WBMP)
 /// is recognised by a plausible header together with the file's extension.

@@ -18,7 +18,7 @@ struct FileUnderTest {
 [[noreturn]] void failDecoding(const FileUnderTest& file, const QString& fact,
                                std::source_location where = std::source_location::current());
 
-/// Refuses a size that no picture can have, one beyond Picture::MaximumPixels, and a large one that the file
+/// Refuses a size that no picture can have, one beyond largestPicture(), and a large one that the file
 /// is too short for: `pixelsPerByte` is the most that the format can pack into a byte of an honest file.
 void requirePlausibleSize(const FileUnderTest& file, std::int64_t width, std::int64_t height,
                           std::int64_t pixelsPerByte);

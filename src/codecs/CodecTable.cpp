@@ -5,7 +5,6 @@
 #include "codecs/ForeignCodecs.h"
 #include "codecs/JpegCodec.h"
 #include "codecs/PcxCodec.h"
-#include "codecs/PictureFile.h"
 #include "codecs/PngCodec.h"
 #include "codecs/PsdCodec.h"
 #include "codecs/TiffCodec.h"
@@ -36,10 +35,6 @@ const Codec* codecForExtension(const QString& extension) {
     const auto found = std::ranges::find_if(
         codecs(), [&](const Codec& codec) { return codec.extensions.contains(extension); });
     return found == codecs().end() ? nullptr : &*found;
-}
-
-DecodedPicture decodeByContent(const PictureSource& source, const QString& path, int page) {
-    return PictureFile(source, path).decode(page);
 }
 
 } // namespace tarsel

@@ -34,10 +34,9 @@ DecoderPool::DecoderPool(int size, std::chrono::milliseconds timeLimit) {
     }
 }
 
-Picture DecoderPool::decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
-                            const std::stop_token& stop) {
+Picture DecoderPool::decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop) {
     const Lease process(*this, stop);
-    return process->decode(format, bytes, file, stop);
+    return process->decode(task, file, stop);
 }
 
 int DecoderPool::busyCount() const {

@@ -20,8 +20,7 @@ public:
 
     /// As DecoderProcess::decode, for any thread. While all children are busy it waits for one; a stop ends
     /// that wait, too.
-    Picture decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
-                   const std::stop_token& stop = {});
+    Picture decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop = {});
 
     int busyCount() const; ///< children that are at work on a file
 

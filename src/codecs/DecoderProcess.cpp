@@ -4,7 +4,9 @@
 #include "base/Stop.h"
 #include "codecs/DecoderLost.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QLoggingCategory>
 #include <QString>
 #include <algorithm>
 #include <cerrno>
@@ -15,13 +17,16 @@
 #include <sys/eventfd.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace tarsel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(logging, "tarsel.codecs")
 
 constexpr char ProgramName[] = "tarsel-decoder";
 
@@ -34,54 +39,70 @@ QByteArray programPath() {
     return QByteArray::fromStdString((self.parent_path() / ProgramName).string());
 }
 
-/// The bytes in a descriptor that another process can map.
-Descriptor contentDescriptor(const QByteArray& bytes, const FileUnderTest& file) {
-    Descriptor content(::memfd_create("picture", MFD_CLOEXEC));
+/// Memory that another process can map. No process can change its size.
+Descriptor sharedMemory(const char* name, std::int64_t size) {
+    Descriptor memory(::memfd_create(name, MFD_CLOEXEC | MFD_ALLOW_SEALING));
+    const bool isReady = memory.isOpen() && ::ftruncate(memory.number(), size) == 0 &&
+                         ::fcntl(memory.number(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW) == 0;
+    return isReady ? std::move(memory) : Descriptor();
+}
+
+bool writeAll(int descriptor, const QByteArray& bytes) {
     qsizetype written = 0;
-    while (content.isOpen() && written < bytes.size()) {
+    while (written < bytes.size()) {
         const ssize_t count =
-            ::write(content.number(), bytes.constData() + written, std::size_t(bytes.size() - written));
-        if (count < 0 && errno != EINTR)
-            break;
+            ::pwrite(descriptor, bytes.constData() + written, std::size_t(bytes.size() - written), written);
+        if (count == 0 || (count < 0 && errno != EINTR))
+            return false;
         written += std::max<ssize_t>(count, 0);
     }
-    if (!content.isOpen() || written < bytes.size())
-        failDecoding(file, QStringLiteral("no memory to hand it to its decoder"));
+    return true;
+}
+
+/// The file's bytes, which the decoder can only read.
+Descriptor contentMemory(const QByteArray& bytes, const FileUnderTest& file) {
+    Descriptor content = sharedMemory("picture", bytes.size());
+    if (!content.isOpen() || !writeAll(content.number(), bytes) ||
+        ::fcntl(content.number(), F_ADD_SEALS, F_SEAL_WRITE) != 0)
+        failDecoding(file,
+                     QCoreApplication::translate("DecoderProcess", "no memory to pass it to its decoder"));
     return content;
 }
 
-/// A file of at least that size in memory or on disk: reading it can't block.
-bool holdsAtLeast(int descriptor, std::ptrdiff_t size) {
-    struct stat status = {};
-    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size >= size;
+Descriptor pixelMemory(PixelSize size, const FileUnderTest& file) {
+    Descriptor pixels = sharedMemory("pixels", std::int64_t(4) * size.width * size.height);
+    if (!pixels.isOpen())
+        failDecoding(file, QCoreApplication::translate("DecoderProcess", "no memory for its pixels"));
+    return pixels;
 }
 
-/// Reads, and doesn't map: the child could still shorten the file.
+/// Reads, and doesn't map: the child could still write.
 bool readPixels(int descriptor, PixelView target) {
     const std::ptrdiff_t size = target.stride * target.height;
-    std::ptrdiff_t done = holdsAtLeast(descriptor, size) ? 0 : -1;
-    while (done >= 0 && done < size) {
+    std::ptrdiff_t done = 0;
+    while (done < size) {
         const ssize_t count = ::pread(descriptor, target.data + done, std::size_t(size - done), done);
         if (count == 0 || (count < 0 && errno != EINTR))
             return false;
         done += std::max<ssize_t>(count, 0);
     }
-    return done == size;
+    return true;
 }
 
-Picture pictureOf(const DecoderReply& reply, const Descriptor& pixels, const FileUnderTest& file) {
-    if (reply.width == 0) {
-        const auto length = qsizetype(::strnlen(reply.message, sizeof reply.message));
-        failDecoding(file, QString::fromUtf8(reply.message, length));
-    }
-    const bool possible = reply.width > 0 && reply.height > 0 &&
-                          (reply.channels == 3 || reply.channels == 4) &&
-                          std::int64_t(reply.width) * reply.height <= Picture::MaximumPixels;
-    if (!possible)
-        failDecoding(file, QStringLiteral("a size of %1 x %2 pixels").arg(reply.width).arg(reply.height));
-    Picture picture(reply.width, reply.height, reply.channels);
+/// The decoder's own words, of which nothing but printable characters is passed on.
+QString messageOf(const DecoderReply& reply) {
+    const auto length = qsizetype(::strnlen(reply.message, sizeof reply.message));
+    QString text = QString::fromUtf8(reply.message, length);
+    std::ranges::replace_if(
+        text, [](QChar c) { return !c.isPrint(); }, QLatin1Char('?'));
+    return text;
+}
+
+Picture pictureOf(const DecoderReply& reply, PixelSize size, const Descriptor& pixels,
+                  const FileUnderTest& file) {
+    Picture picture(size.width, size.height, reply.channels);
     if (!readPixels(pixels.number(), picture.edit()))
-        failDecoding(file, QStringLiteral("its decoder returned too few pixels"));
+        failDecoding(file, QCoreApplication::translate("DecoderProcess", "no memory for its pixels"));
     return picture;
 }
 
@@ -128,29 +149,52 @@ bool canBeRead(int socket) {
 
 } // namespace
 
-Picture DecoderProcess::decode(DecoderFormat format, const QByteArray& bytes, const FileUnderTest& file,
+Picture DecoderProcess::decode(const DecoderTask& task, const FileUnderTest& file,
                                const std::stop_token& stop) {
     raiseIfStopped(stop);
-    const Descriptor content = contentDescriptor(bytes, file);
-    send({format, ++m_serial, std::uint64_t(bytes.size())}, content.number(), file);
+    const Descriptor content = contentMemory(task.bytes, file);
+    const Descriptor pixels = pixelMemory(task.size, file);
+    send({task.format, ++m_serial, std::uint64_t(task.bytes.size()), task.size.width, task.size.height},
+         {content.number(), pixels.number()}, file);
     waitForReply(file, stop);
     DecoderReply reply;
-    Descriptor pixels;
-    if (!receiveRecord(m_socket.number(), reply, pixels) || reply.serial != m_serial)
+    std::vector<Descriptor> none;
+    if (!receiveRecord(m_socket.number(), reply, none, 0) || reply.serial != m_serial ||
+        (reply.channels != 0 && reply.channels != 3 && reply.channels != 4))
         failForBrokenAnswer(file);
-    return pictureOf(reply, pixels, file);
+    logMissingLocks(reply.missingLocks);
+    if (reply.channels == 0)
+        failDecoding(file, messageOf(reply));
+    return pictureOf(reply, task.size, pixels, file);
+}
+
+/// Once for each child.
+void DecoderProcess::logMissingLocks(std::uint32_t locks) {
+    if (!m_isNewChild)
+        return;
+    m_isNewChild = false;
+    const std::pair<DecoderLock, const char*> names[] = {
+        {SystemCallsLock, "list of system calls"}, {PrivilegesLock, "no new privileges"},
+        {ParentLock, "end with the parent"},       {LimitsLock, "resource limits"},
+        {DescriptorsLock, "no other descriptors"},
+    };
+    for (const auto& [lock, name] : names)
+        if (locks & lock)
+            qCWarning(logging, "tarsel-decoder runs without a lock that this kernel lacks: %s", name);
 }
 
 void DecoderProcess::start(const FileUnderTest& file) {
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
-        failDecoding(file, QStringLiteral("no socket for its decoder"));
+        failDecoding(file, QCoreApplication::translate("DecoderProcess", "no socket for its decoder"));
     m_socket.reset(ends[0]);
     const Descriptor other(ends[1]);
     ::fcntl(m_socket.number(), F_SETFL, O_NONBLOCK); // only poll waits
     const QByteArray program = programPath();
     if (!m_child.start(program, other.number()))
-        failDecoding(file, QStringLiteral("its decoder %1 can't be started").arg(QFile::decodeName(program)));
+        failDecoding(file, QCoreApplication::translate("DecoderProcess", "its decoder %1 can't be started")
+                               .arg(QFile::decodeName(program)));
+    m_isNewChild = true;
 }
 
 /// A child that died while it had nothing to do, or that speaks without a request, is replaced: no file is
@@ -162,16 +206,17 @@ void DecoderProcess::requireIdleChild(const FileUnderTest& file) {
         start(file);
 }
 
-void DecoderProcess::send(const DecoderRequest& request, int content, const FileUnderTest& file) {
+void DecoderProcess::send(const DecoderRequest& request, std::initializer_list<int> descriptors,
+                          const FileUnderTest& file) {
     requireIdleChild(file);
-    if (sendRecord(m_socket.number(), request, content))
+    if (sendRecord(m_socket.number(), request, descriptors))
         return;
     end();
     start(file);
-    if (sendRecord(m_socket.number(), request, content))
+    if (sendRecord(m_socket.number(), request, descriptors))
         return;
     end();
-    failDecoding(file, QStringLiteral("its decoder doesn't answer"));
+    failDecoding(file, QCoreApplication::translate("DecoderProcess", "its decoder does not answer"));
 }
 
 void DecoderProcess::waitForReply(const FileUnderTest& file, const std::stop_token& stop) {
@@ -185,8 +230,8 @@ void DecoderProcess::waitForReply(const FileUnderTest& file, const std::stop_tok
     end();
     raiseIfStopped(stop);
     failForLostDecoder(
-        file,
-        QStringLiteral("its decoder took longer than %1 seconds").arg(double(m_timeLimit.count()) / 1000));
+        file, QCoreApplication::translate("DecoderProcess", "its decoder took longer than %1 seconds")
+                  .arg(double(m_timeLimit.count()) / 1000));
 }
 
 void DecoderProcess::end() {
@@ -199,12 +244,16 @@ void DecoderProcess::failForBrokenAnswer(const FileUnderTest& file) {
     m_socket.reset();
     const int status = m_child.end();
     if (!endedByItself)
-        failForLostDecoder(file, QStringLiteral("its decoder broke off its answer"));
+        failForLostDecoder(file,
+                           QCoreApplication::translate("DecoderProcess", "its decoder broke off its answer"));
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU)
-        failForLostDecoder(file, QStringLiteral("its decoder took too long"));
+        failForLostDecoder(file, QCoreApplication::translate("DecoderProcess", "its decoder took too long"));
     if (WIFSIGNALED(status))
-        failForLostDecoder(file, QStringLiteral("its decoder crashed (signal %1)").arg(WTERMSIG(status)));
-    failForLostDecoder(file, QStringLiteral("its decoder ended (status %1)").arg(WEXITSTATUS(status)));
+        failForLostDecoder(file,
+                           QCoreApplication::translate("DecoderProcess", "its decoder crashed (signal %1)")
+                               .arg(WTERMSIG(status)));
+    failForLostDecoder(file, QCoreApplication::translate("DecoderProcess", "its decoder ended (status %1)")
+                                 .arg(WEXITSTATUS(status)));
 }
 
 } // namespace tarsel

@@ -1,55 +1,44 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "bytes/Descriptor.h"
+#include "bytes/Messages.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <type_traits>
 
-// What the program and its decoder process say to each other, over a socket that keeps the bounds of
-// messages. Both ends come from one build and run on one machine, so the records are sent as they are in
-// memory. No Qt here: the decoder starts without it.
+// What the program and its decoder process say to each other. No Qt here: the decoder starts without it.
 namespace tarsel {
 
 constexpr int DecoderSocket = 3; ///< descriptor that the decoder finds its socket on
 
 enum class DecoderFormat : std::uint32_t { Gif, Wbmp };
 
-/// Comes with a descriptor from which the file's bytes can be mapped.
+/// Comes with two descriptors that can be mapped: the file's bytes for reading; for writing, room for the
+/// pixels, with four bytes for each. Neither can change its size.
 struct DecoderRequest {
     DecoderFormat format = DecoderFormat::Gif;
     std::uint32_t serial = 0; ///< comes back in the reply
     std::uint64_t fileBytes = 0;
-};
-
-/// With a picture (width above 0) comes a descriptor that holds its rows from the top, 3 or 4 bytes a pixel,
-/// without padding; otherwise the message says what was wrong.
-struct DecoderReply {
-    std::int32_t width = 0;
+    std::int32_t width = 0; ///< of the picture, as its header says
     std::int32_t height = 0;
-    std::int32_t channels = 0;
-    char message[240] = {};
+};
+constexpr std::size_t requestDescriptors = 2;
+
+/// With 3 or 4 channels the picture is in the room for pixels: rows from the top without padding. With 0 the
+/// message says what was wrong.
+struct DecoderReply {
     std::uint32_t serial = 0; ///< of the request
+    std::int32_t channels = 0;
+    std::uint32_t missingLocks = 0; ///< bits of DecoderLock
+    char message[240] = {};
 };
 
-/// One message and a descriptor (-1 for none). False, with errno, when it can't be sent.
-bool sendMessage(int socket, const void* record, std::size_t size, int descriptor);
-
-/// The next message; false when the other end is gone or the message has another size.
-bool receiveMessage(int socket, void* record, std::size_t size, Descriptor& descriptor);
-
-// Records have no padding, whose bytes would be whatever the stack held.
-template <class Record>
-bool sendRecord(int socket, const Record& record, int descriptor) {
-    static_assert(std::is_trivially_copyable_v<Record> && std::has_unique_object_representations_v<Record>);
-    return sendMessage(socket, &record, sizeof record, descriptor);
-}
-
-template <class Record>
-bool receiveRecord(int socket, Record& record, Descriptor& descriptor) {
-    static_assert(std::is_trivially_copyable_v<Record> && std::has_unique_object_representations_v<Record>);
-    return receiveMessage(socket, &record, sizeof record, descriptor);
-}
+/// A part of the decoder's confinement that the kernel may lack.
+enum DecoderLock : std::uint32_t {
+    SystemCallsLock = 1, ///< the list of allowed system calls
+    PrivilegesLock = 2,  ///< no new privileges
+    ParentLock = 4,      ///< ends with its parent
+    LimitsLock = 8,      ///< resource limits
+    DescriptorsLock = 16 ///< no inherited descriptors
+};
 
 } // namespace tarsel

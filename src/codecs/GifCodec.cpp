@@ -32,11 +32,9 @@ int onePage(const PictureSource&, const QString&) {
 }
 
 DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) {
-    gifHeader(source, name);
-    const QByteArray bytes = source.all();
-    return {
-        DecoderPool::shared().decode(DecoderFormat::Gif, bytes, {"GIF", name, bytes.size()}, currentStop()),
-        {}};
+    const PictureHeader header = gifHeader(source, name);
+    const DecoderTask task{DecoderFormat::Gif, source.all(), {header.width, header.height}};
+    return {DecoderPool::shared().decode(task, {"GIF", name, task.bytes.size()}, currentStop()), {}};
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "codecs/JpegErrors.h"
 #include "codecs/JpegSegments.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -41,7 +42,9 @@ public:
     void readHeader(Purpose purpose) {
         if (purpose == Purpose::Picture) {
             if (hasMoreSegmentsThan(maxSegments, m_bytes))
-                failDecoding(m_file, QStringLiteral("more than %1 segments").arg(maxSegments));
+                failDecoding(
+                    m_file,
+                    QCoreApplication::translate("JpegCodec", "more than %1 segments").arg(maxSegments));
             keepMetadataSegments(m_jpeg);
         }
         guard(readHeaderStep);
@@ -83,12 +86,13 @@ public:
         else
             guard(readRows);
         if (m_errors.endedBeforeFirstRows())
-            failDecoding(m_file, QStringLiteral("the file ends before its picture begins"));
+            failDecoding(m_file, QCoreApplication::translate("JpegCodec", "no image data"));
         return picture;
     }
 
     QString damage() const {
-        return m_errors.endedEarly() ? QStringLiteral("its data end early") : QString();
+        return m_errors.endedEarly() ? QCoreApplication::translate("JpegCodec", "file is truncated")
+                                     : QString();
     }
 
 private:

@@ -6,7 +6,7 @@
 namespace tarsel {
 
 /// JPEG by libjpeg: baseline, progressive and arithmetic coding, 8 bits a sample; gray, YCbCr, RGB, CMYK and
-/// YCCK. Warnings are tolerated; a file that ends early gives what was decoded, gray below, as long as there
+/// YCCK. Warnings are tolerated; a truncated file shows what was decoded, gray below, as long as there
 /// was something.
 Codec jpegCodec();
 

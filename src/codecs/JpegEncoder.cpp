@@ -7,6 +7,7 @@
 #include "codecs/JpegErrors.h"
 #include "codecs/JpegSegments.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <vector>
 
@@ -75,7 +76,8 @@ public:
     QByteArray encode() {
         m_jpeg.err = m_errors.manager();
         if (!m_errors.guarded(encodeStep, *this))
-            fail(ErrorNumber::InvalidCall, QStringLiteral("JPEG encoder: ") + m_errors.message());
+            fail(ErrorNumber::InvalidCall,
+                 QCoreApplication::translate("JpegEncoder", "JPEG encoder: %1").arg(m_errors.message()));
         return m_destination.take();
     }
 

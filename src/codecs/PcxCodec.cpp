@@ -4,6 +4,7 @@
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -48,7 +49,7 @@ bool sniffPcx(const PictureSource& source) {
 
 PcxLayout readLayout(const QByteArray& bytes, const FileUnderTest& file) {
     if (bytes.size() < HeaderSize)
-        failDecoding(file, QStringLiteral("no header"));
+        failDecoding(file, QCoreApplication::translate("PcxCodec", "no header"));
     const ByteReader reader(bytes, ByteOrder::Little);
     const auto word = [&](int at) { return int(*reader.word(at)); };
     PcxLayout layout;
@@ -68,10 +69,11 @@ void requireKnownKind(const PcxLayout& layout, const FileUnderTest& file) {
     const bool trueColor = layout.bits == 8 && (layout.planes == 3 || layout.planes == 4);
     const bool indexed = layout.bits * layout.planes <= 8 && layout.planes <= 4;
     if (!trueColor && !indexed)
-        failDecoding(
-            file, QStringLiteral("%1 planes of %2 bits are not known").arg(layout.planes).arg(layout.bits));
+        failDecoding(file, QCoreApplication::translate("PcxCodec", "%1 planes of %2 bits are not known")
+                               .arg(layout.planes)
+                               .arg(layout.bits));
     if (layout.rowBytes < (layout.width * layout.bits + 7) / 8)
-        failDecoding(file, QStringLiteral("its rows are shorter than its width"));
+        failDecoding(file, QCoreApplication::translate("PcxCodec", "its rows are shorter than its width"));
 }
 
 /// The bytes of the rows with their runs spread. Where the file ends early, zeros follow.
@@ -128,7 +130,7 @@ Palette grayPalette(int colors) {
     return palette;
 }
 
-/// The palette of a file with indexes. Up to 16 colours stand in the header, 256 at the end of the file;
+/// The palette of a file with indexes. Up to 16 colours are in the header, 256 at the end of the file;
 /// where they don't, indexes are steps from black to white. Writers fill the header's palette in also in
 /// version 3, which is said to have none.
 Palette readPalette(const QByteArray& bytes, const PcxLayout& layout) {
@@ -223,7 +225,7 @@ DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) 
     for (int y = 0; y < layout.height; ++y) {
         goesOn = goesOn && rows.read(row); // what was read last, from beyond the end, is zeros
         if (!goesOn && y == 0)
-            failDecoding(file, QStringLiteral("no pixels"));
+            failDecoding(file, QCoreApplication::translate("PcxCodec", "no pixels"));
         painter.paint(row, y);
     }
     return {std::move(picture), {}};

@@ -6,7 +6,7 @@
 namespace tarsel {
 
 /// PCX: 1 to 4 planes of 1 to 8 bits, with indexes or the colours themselves, a fourth plane of bytes being
-/// transparency. A file that ends early gives the rows it has, the lowest colour below.
+/// transparency. A truncated file shows the rows it has, the lowest colour below.
 Codec pcxCodec();
 
 } // namespace tarsel

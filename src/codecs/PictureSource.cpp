@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "bytes/Descriptor.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <algorithm>
 #include <cerrno>
@@ -29,6 +30,8 @@ struct PictureSource::State {
     std::mutex mutex; ///< of the two that follow
     std::optional<QByteArray> start;
     std::optional<QByteArray> all;
+    std::mutex findingMutex; ///< of the finding
+    std::any finding;
 };
 
 PictureSource::PictureSource(QByteArray bytes) : m_state(std::make_shared<State>()) {
@@ -91,14 +94,29 @@ QByteArray PictureSource::start() const {
 QByteArray PictureSource::all() const {
     const std::lock_guard lock(m_state->mutex);
     if (!m_state->all) {
-        if (m_state->size > LargestWhole)
-            fail(
-                ErrorNumber::UnreadableFile,
-                m_state->path +
-                    QStringLiteral(": a file of %1 MB is too large for its format").arg(m_state->size >> 20));
+        if (m_state->size > LargestReadAtOnce)
+            fail(ErrorNumber::UnreadableFile,
+                 QCoreApplication::translate("PictureSource",
+                                             "%1: a file of %2 MB is too large for its format")
+                     .arg(m_state->path, QString::number(m_state->size >> 20)));
         m_state->all = bytes(0, m_state->size);
     }
     return *m_state->all;
+}
+
+ByteSource PictureSource::byteSource() const {
+    const auto read = [source = *this](std::int64_t at, void* target, std::int64_t count) {
+        return source.read(at, target, count);
+    };
+    return {read, size()};
+}
+
+std::mutex& PictureSource::findingMutex() const {
+    return m_state->findingMutex;
+}
+
+std::any& PictureSource::keptFinding() const {
+    return m_state->finding;
 }
 
 } // namespace tarsel

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "bytes/TiffStructure.h"
+
 #include <QByteArray>
 #include <QString>
+#include <any>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <mutex>
 
 namespace tarsel {
 
@@ -14,7 +19,7 @@ namespace tarsel {
 class PictureSource {
 public:
     /// The most that `all` reads of a file: more than any format that needs all bytes at once can use.
-    static constexpr std::int64_t LargestWhole = std::int64_t(512) << 20;
+    static constexpr std::int64_t LargestReadAtOnce = std::int64_t(512) << 20;
 
     PictureSource(QByteArray bytes); // NOLINT(google-explicit-constructor): bytes in memory are a source
     /// Errors 53 (missing), 70 (not readable), 5 (not a regular file).
@@ -27,10 +32,26 @@ public:
     QByteArray bytes(std::int64_t at, std::int64_t count) const;
     /// The first bytes, up to 256 KB: signatures, and the headers of most files.
     QByteArray start() const;
-    /// All bytes, kept for the next call. Error 0x8000FFFF when there are more than LargestWhole.
+    /// This source for readers of the ground floor. It shares the file.
+    ByteSource byteSource() const;
+    /// All bytes, kept for the next call. Error 0x8000FFFF when there are more than LargestReadAtOnce.
     QByteArray all() const;
 
+    /// What a codec has found out about the source: made by the first caller, kept for the next questions.
+    /// One source is read by one codec, which keeps one kind of it.
+    template <class Finding>
+    const Finding& finding(const std::function<Finding()>& make) const {
+        const std::lock_guard lock(findingMutex());
+        std::any& kept = keptFinding();
+        if (!kept.has_value())
+            kept = make();
+        return std::any_cast<const Finding&>(kept);
+    }
+
 private:
+    std::mutex& findingMutex() const;
+    std::any& keptFinding() const;
+
     struct State;
     std::shared_ptr<State> m_state;
 };

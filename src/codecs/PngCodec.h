@@ -6,7 +6,7 @@
 namespace tarsel {
 
 /// PNG by libpng: every colour type and depth, interlaced or not, transparency by channel, palette or key;
-/// gamma is not applied. A file that ends early gives the rows it has, white below, as long as it has one.
+/// gamma is not applied. A truncated file shows the rows it has, white below, as long as it has one.
 Codec pngCodec();
 
 /// The encoded file, 24 bits, or 32 with transparency.

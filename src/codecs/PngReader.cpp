@@ -6,6 +6,7 @@
 #include "codecs/PngErrors.h"
 #include "codecs/SourceStream.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
 
@@ -34,7 +35,7 @@ public:
 
     void readHeader() {
         if (!m_info)
-            failDecoding(m_file, QStringLiteral("no memory"));
+            failDecoding(m_file, QCoreApplication::translate("PngReader", "no memory"));
         guard(readHeaderStep);
         requirePlausibleSize(m_file, png_get_image_width(m_png, m_info), png_get_image_height(m_png, m_info),
                              PixelsPerByte);

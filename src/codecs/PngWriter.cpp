@@ -5,6 +5,8 @@
 #include "codecs/ColorProfile.h"
 #include "codecs/PngErrors.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
@@ -25,10 +27,11 @@ public:
 
     QByteArray encode() {
         if (!m_info)
-            fail(ErrorNumber::OutOfMemory, QStringLiteral("PNG encoder"));
+            fail(ErrorNumber::OutOfMemory, QCoreApplication::translate("PngWriter", "PNG encoder"));
         m_bytes.reserve(m_view.stride * m_view.height / 2 + 4096);
         if (!m_errors.guarded(encodeStep, *this))
-            fail(ErrorNumber::InvalidCall, QStringLiteral("PNG encoder: ") + m_errors.message());
+            fail(ErrorNumber::InvalidCall,
+                 QCoreApplication::translate("PngWriter", "PNG encoder: %1").arg(m_errors.message()));
         return std::move(m_bytes);
     }
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PsdCodec.h"
 
+#include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/PsdReader.h"
 #include "embedded/ResourceBlocks.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel {
@@ -18,6 +20,7 @@ constexpr quint16 CarriedResources[] = {0x03ED, ResourceBlocks::iptcNumber, 0x04
 constexpr quint16 ProfileResource = 0x040F;
 constexpr quint16 ExifResource = 0x0422;
 constexpr quint16 XmpResource = 0x0424;
+constexpr quint16 VersionResource = 0x0421;
 
 bool sniffPsd(const PictureSource& source) {
     return source.start().startsWith("8BPS");
@@ -36,10 +39,19 @@ int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-/// As they are stored, also with a profile for other colours.
-EmbeddedMetadata blocksOf(const PictureSource& source, const PsdLayout& layout) {
+ResourceBlocks resourcesOf(const PictureSource& source, const PsdLayout& layout) {
     const std::int64_t start = layout.resources + 4;
-    const ResourceBlocks all(source.bytes(start, std::min(layout.layers - start, LargestSection)));
+    return ResourceBlocks(source.bytes(start, std::min(layout.layers - start, LargestSection)));
+}
+
+/// Programs can save layers alone; the merged picture is blank then. Layout of the resource: version 32,
+/// whether the merged picture is a real one 8.
+bool lacksMergedPicture(const ResourceBlocks& resources) {
+    return ByteReader(resources.data(VersionResource), ByteOrder::Big).byte(4) == 0;
+}
+
+/// As they are stored, also with a profile for other colours.
+EmbeddedMetadata blocksOf(const ResourceBlocks& all) {
     EmbeddedMetadata metadata;
     for (const quint16 number : CarriedResources)
         if (all.contains(number))
@@ -51,13 +63,16 @@ EmbeddedMetadata blocksOf(const PictureSource& source, const PsdLayout& layout) 
 }
 
 EmbeddedMetadata psdMetadata(const PictureSource& source, const QString& name) {
-    return withRgbProfileOnly(blocksOf(source, readPsdLayout(source, fileOf(source, name))));
+    return withRgbProfileOnly(blocksOf(resourcesOf(source, readPsdLayout(source, fileOf(source, name)))));
 }
 
 DecodedPicture decodePsd(const PictureSource& source, const QString& name, int) {
     const FileUnderTest file = fileOf(source, name);
-    EmbeddedMetadata metadata = blocksOf(source, readPsdLayout(source, file));
+    const ResourceBlocks resources = resourcesOf(source, readPsdLayout(source, file));
+    EmbeddedMetadata metadata = blocksOf(resources);
     PsdPicture psd = readPsd(source, file, metadata.iccProfile);
+    if (psd.damage.isEmpty() && lacksMergedPicture(resources))
+        psd.damage = QCoreApplication::translate("PsdCodec", "saved without a merged picture");
     return {std::move(psd.picture), withRgbProfileOnly(std::move(metadata)), std::move(psd.damage)};
 }
 

@@ -4,6 +4,7 @@
 #include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -27,11 +28,10 @@ constexpr std::int64_t HeaderSize = 26;
 constexpr std::int64_t PaletteOffset = HeaderSize + 4;
 constexpr std::int64_t PaletteSize = 3 * 256; // all red values, then green, then blue
 
+/// Of up to 8 bytes; as far as they are in the file.
 std::uint64_t numberAt(const PictureSource& source, std::int64_t at, int size) {
-    std::uint64_t value = 0;
-    for (const char byte : source.bytes(at, size))
-        value = value << 8 | std::uint8_t(byte);
-    return value;
+    const QByteArray stored = source.bytes(at, size).rightJustified(8, '\0');
+    return loadNumber<std::uint64_t>(stored.constData(), ByteOrder::Big);
 }
 
 /// What follows a section with a size of `sizeBytes` at `at`; the file's end at most.
@@ -86,7 +86,8 @@ void requireKnownKind(const PsdLayout& layout, const FileUnderTest& file) {
                                ? layout.bits == 8
                                : layout.bits == 8 || layout.bits == 16 || layout.bits == 32;
     if (!knownMode || !knownBits || layout.channels < colorChannels(layout))
-        failDecoding(file, QStringLiteral("%1 channels of %2 bits, mode %3, are not supported")
+        failDecoding(file, QCoreApplication::translate("PsdReader",
+                                                       "%1 channels of %2 bits, mode %3, are not supported")
                                .arg(layout.channels)
                                .arg(layout.bits)
                                .arg(layout.mode));
@@ -100,9 +101,11 @@ public:
         m_rowBytes((std::int64_t(layout.width) * layout.bits + 7) / 8) {
         const auto compression = numberAt(source, layout.pixels, 2);
         if (compression > 1)
-            failDecoding(file, QStringLiteral("compression %1 is not supported").arg(compression));
+            failDecoding(
+                file,
+                QCoreApplication::translate("PsdReader", "compression %1 is not supported").arg(compression));
         if (layout.pixels + 2 >= source.size())
-            failDecoding(file, QStringLiteral("no merged picture"));
+            failDecoding(file, QCoreApplication::translate("PsdReader", "no merged picture"));
         const std::int64_t wanted = std::int64_t(channels) * m_height;
         m_offsets.reserve(std::size_t(wanted) + 1);
         m_isPacked = compression == 1;
@@ -124,7 +127,7 @@ public:
 
     std::int64_t rowBytes() const { return m_rowBytes; }
 
-    /// False when the file doesn't have the whole row; what is missing stays as it was.
+    /// False when the file doesn't have the complete row; what is missing stays as it was.
     bool read(int channel, int y, std::uint8_t* target) const {
         const std::size_t row = std::size_t(channel) * std::size_t(m_height) + std::size_t(y);
         const std::int64_t size = m_offsets[row + 1] - m_offsets[row];
@@ -134,7 +137,8 @@ public:
     }
 
 private:
-    /// Runs: a count below 128 precedes count + 1 bytes, one above 128 a byte that stands 257 - count times.
+    /// Runs: a count below 128 precedes count + 1 bytes, one above 128 a byte that is repeated 257 - count
+    /// times.
     bool unpack(const QByteArray& packed, std::uint8_t* target) const {
         std::int64_t done = 0;
         qsizetype at = 0;
@@ -315,7 +319,7 @@ PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const
         for (std::size_t channel = 0; channel < planes.size(); ++channel) {
             std::ranges::fill(bytes, std::uint8_t(255));
             if (!rows.read(int(channel), y, bytes.data()) && damage.isEmpty())
-                damage = QStringLiteral("rows of the merged picture are damaged");
+                damage = QCoreApplication::translate("PsdReader", "rows of the merged picture are damaged");
             widenRow(bytes, layout.bits, planes[channel]);
         }
         painter.paint(planes, rgb.data());

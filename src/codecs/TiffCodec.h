@@ -6,7 +6,7 @@
 namespace tarsel {
 
 /// TIFF by libtiff: all pages, strips and tiles, every compression that libtiff knows, 1 to 64 bits a sample,
-/// whole numbers and floating point, gray, RGB, palette, YCbCr, CMYK, L*a*b*. Pixels come as they are stored;
+/// integers and floating point, gray, RGB, palette, YCbCr, CMYK, L*a*b*. Pixels come as they are stored;
 /// the orientation stays an attribute.
 Codec tiffCodec();
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffDirectory.h"
 
+#include "bytes/TiffStructure.h"
+
 #include <algorithm>
 #include <array>
-#include <set>
 
 namespace tarsel {
 
@@ -11,16 +12,10 @@ namespace {
 
 constexpr std::array<std::uint16_t, 3> PointerTags = {0x8769, 0x8825, 0xA005}; // EXIF, GPS, interoperability
 constexpr int DeepestLevel = 3;
-constexpr int MaxEntries = 4096; // of the tree; real files stay below 500
+constexpr std::uint64_t MaxEntries = 4096; // of the tree; real files stay below 500
 constexpr std::int64_t MaxValueBytes = std::int64_t(64) << 20;
-constexpr qsizetype EntrySize = 12;
 constexpr std::uint16_t LongType = 4;
-
-/// Bytes of one element of types 1 to 13; 0 for another type.
-std::uint32_t elementSize(std::uint16_t type) {
-    constexpr std::array<std::uint8_t, 14> sizes = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
-    return type < sizes.size() ? sizes[type] : 0;
-}
+constexpr std::uint16_t LastClassicType = 13;
 
 bool isPointer(std::uint16_t tag) {
     return std::ranges::count(PointerTags, tag) > 0;
@@ -30,48 +25,56 @@ bool isPointer(std::uint16_t tag) {
 /// large value or a directory by pointing at it many times.
 class DirectoryReader {
 public:
-    DirectoryReader(const PictureSource& source, bool bigEndian) :
-        m_source(source), m_bigEndian(bigEndian),
+    explicit DirectoryReader(const PictureSource& source) :
+        m_source(source), m_walker(TiffWalker::open(source.byteSource())),
         m_valueBudget(std::min<std::int64_t>(2 * source.size(), MaxValueBytes)) {}
 
-    TiffDirectory read(std::uint32_t offset, int level) {
+    TiffTree read(std::optional<std::uint64_t> offset) {
+        if (!m_walker)
+            return {};
+        return {m_walker->order() == ByteOrder::Big,
+                readDirectory(offset.value_or(m_walker->firstDirectory()), 0)};
+    }
+
+private:
+    TiffDirectory readDirectory(std::uint64_t offset, int level) {
         TiffDirectory directory;
-        if (!m_visited.insert(offset).second)
+        const auto place = m_walker->visit(offset);
+        if (!place)
             return directory;
-        const auto count = reader(m_source.bytes(offset, 2)).word(0).value_or(0);
-        const QByteArray entries = m_source.bytes(std::int64_t(offset) + 2, count * EntrySize);
-        for (qsizetype at = 0; at + EntrySize <= entries.size() && m_entryBudget > 0; at += EntrySize) {
+        for (const TiffEntry& found : m_walker->entries(*place, m_entryBudget)) {
             --m_entryBudget;
-            readEntry(directory, entries.sliced(at, EntrySize), level);
+            readEntry(directory, found, level);
         }
         keepLastOfEachTag(directory.entries);
         return directory;
     }
 
-private:
-    ByteReader reader(const QByteArray& bytes) const {
-        return ByteReader(bytes, m_bigEndian ? ByteOrder::Big : ByteOrder::Little);
-    }
-
-    void readEntry(TiffDirectory& directory, const QByteArray& bytes, int level) {
-        const ByteReader fields = reader(bytes);
-        const std::uint16_t tag = *fields.word(0), type = *fields.word(2);
-        const std::uint32_t count = *fields.dword(4), offset = *fields.dword(8);
-        const std::int64_t size = std::int64_t(elementSize(type)) * count;
-        if (size == 0 || size > m_valueBudget)
+    void readEntry(TiffDirectory& directory, const TiffEntry& found, int level) {
+        if (found.valueSize == 0 || found.valueSize > m_valueBudget)
             return;
-        TiffDirectory::Entry entry{tag, type, count, size <= 4 ? bytes.sliced(8, size) : QByteArray(), {}};
-        if (size > 4)
-            entry.value = m_source.bytes(offset, size);
-        if (entry.value.size() != size)
+        TiffDirectory::Entry entry{found.tag,
+                                   found.type,
+                                   std::uint32_t(found.count),
+                                   m_source.bytes(found.valuePosition, found.valueSize),
+                                   {}};
+        if (entry.value.size() != found.valueSize)
             return;
-        m_valueBudget -= size;
-        if (isPointer(tag)) {
-            if (level >= DeepestLevel || m_visited.contains(offset))
+        m_valueBudget -= found.valueSize;
+        if (isPointer(found.tag)) {
+            const std::uint64_t offset = offsetIn(entry.value);
+            if (level >= DeepestLevel || m_walker->wasVisited(offset))
                 return;
-            entry.child.push_back(read(offset, level + 1));
+            entry.child.push_back(readDirectory(offset, level + 1));
+        } else if (found.type > LastClassicType) {
+            return; // numbers of 64 bits, which a block with offsets of 32 bits doesn't know
         }
         directory.entries.push_back(std::move(entry));
+    }
+
+    std::uint64_t offsetIn(const QByteArray& value) const {
+        const ByteReader reader(value, m_walker->order());
+        return value.size() >= 8 ? *reader.number<std::uint64_t>(0) : reader.dword(0).value_or(0);
     }
 
     static void keepLastOfEachTag(std::vector<TiffDirectory::Entry>& entries) {
@@ -82,10 +85,9 @@ private:
     }
 
     const PictureSource& m_source;
-    bool m_bigEndian;
+    std::optional<TiffWalker> m_walker;
     std::int64_t m_valueBudget;
-    int m_entryBudget = MaxEntries;
-    std::set<std::uint32_t> m_visited;
+    std::uint64_t m_entryBudget = MaxEntries;
 };
 
 template <class Number>
@@ -100,7 +102,8 @@ class DirectoryWriter {
 public:
     DirectoryWriter(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset) :
         m_directory(directory), m_bigEndian(bigEndian),
-        m_trailingOffset(offset + 2 + EntrySize * std::uint32_t(directory.entries.size()) + 4) {}
+        m_trailingOffset(offset + 2 + std::uint32_t(tiffEntrySize) * std::uint32_t(directory.entries.size()) +
+                         4) {}
 
     QByteArray write() {
         QByteArray head = numberBytes(quint16(m_directory.entries.size()), m_bigEndian);
@@ -160,28 +163,17 @@ void TiffDirectory::put(Entry entry) {
         entries.insert(place, std::move(entry));
 }
 
-std::optional<TiffStart> readTiffStart(const PictureSource& source) {
-    const QByteArray bytes = source.bytes(0, 8);
-    const bool bigEndian = bytes.startsWith(QByteArray("MM\0*", 4));
-    if (!bigEndian && !bytes.startsWith(QByteArray("II*\0", 4)))
-        return std::nullopt;
-    const auto offset = ByteReader(bytes, bigEndian ? ByteOrder::Big : ByteOrder::Little).dword(4);
-    if (!offset)
-        return std::nullopt;
-    return TiffStart{bigEndian, *offset};
-}
-
-TiffDirectory readTiffDirectory(const PictureSource& source, bool bigEndian, std::uint32_t offset) {
-    return DirectoryReader(source, bigEndian).read(offset, 0);
+TiffTree readTiffTree(const PictureSource& source, std::optional<std::uint64_t> offset) {
+    return DirectoryReader(source).read(offset);
 }
 
 QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset) {
     return DirectoryWriter(directory, bigEndian, offset).write();
 }
 
-QByteArray writeTiffStart(TiffStart start) {
-    return (start.bigEndian ? QByteArray("MM\0*", 4) : QByteArray("II*\0", 4)) +
-           numberBytes(quint32(start.firstDirectory), start.bigEndian);
+QByteArray writeTiffStart(bool bigEndian, std::uint32_t firstDirectory) {
+    return (bigEndian ? QByteArray("MM\0*", 4) : QByteArray("II*\0", 4)) +
+           numberBytes(quint32(firstDirectory), bigEndian);
 }
 
 } // namespace tarsel

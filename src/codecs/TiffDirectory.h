@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "bytes/ByteReader.h"
 #include "codecs/PictureSource.h"
 
 #include <QByteArray>
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace tarsel {
@@ -25,18 +26,16 @@ struct TiffDirectory {
     void put(Entry entry); ///< in the place of one with the same tag
 };
 
-/// Byte order mark and first directory's offset of a TIFF structure.
-struct TiffStart {
+/// A directory, and the byte order of its values.
+struct TiffTree {
     bool bigEndian = false;
-    std::uint32_t firstDirectory = 0;
+    TiffDirectory directory;
 };
 
-/// Nothing for a source that doesn't start like a TIFF structure with offsets of 32 bits.
-std::optional<TiffStart> readTiffStart(const PictureSource& source);
-
-/// The directory at `offset`. Entries whose values are outside the source are left out; so is what exceeds a
-/// budget that only crafted files exhaust.
-TiffDirectory readTiffDirectory(const PictureSource& source, bool bigEndian, std::uint32_t offset);
+/// The first directory, or the one at `offset`; an empty one where there is none. Entries whose values are
+/// outside the source are left out; so is what exceeds a budget that only crafted files exhaust, and numbers
+/// of 64 bits.
+TiffTree readTiffTree(const PictureSource& source, std::optional<std::uint64_t> offset = {});
 
 /// The directory as bytes that will be written at `offset` of a file: count 16, entries of {tag 16, type
 /// 16, count 32, value or offset 32}, next directory (none) 32, the values, the directories that belong to
@@ -44,6 +43,6 @@ TiffDirectory readTiffDirectory(const PictureSource& source, bool bigEndian, std
 QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset);
 
 /// The first eight bytes: byte order, 42, offset of the first directory.
-QByteArray writeTiffStart(TiffStart start);
+QByteArray writeTiffStart(bool bigEndian, std::uint32_t firstDirectory);
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffFile.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -22,7 +23,8 @@ TiffFile& of(thandle_t self) {
 TiffFile::TiffFile(PictureSource source, const FileUnderTest& file) : m_source(std::move(source)) {
     open("rh"); // the caller selects the directory
     if (!m_tiff)
-        failDecoding(file, m_firstError.isEmpty() ? QStringLiteral("not readable") : m_firstError);
+        failDecoding(file, m_firstError.isEmpty() ? QCoreApplication::translate("TiffFile", "not readable")
+                                                  : m_firstError);
 }
 
 TiffFile::TiffFile(bool bigEndian) {

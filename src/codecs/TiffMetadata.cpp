@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffMetadata.h"
 
+#include "bytes/TiffStructure.h"
 #include "codecs/TiffDirectory.h"
 #include "embedded/ResourceBlocks.h"
 
@@ -59,7 +60,7 @@ QByteArray exifBlock(const TiffDirectory& page, bool bigEndian) {
     if (attributes.entries.empty())
         return {};
     constexpr std::uint32_t afterStart = 8;
-    return writeTiffStart({bigEndian, afterStart}) + writeTiffDirectory(attributes, bigEndian, afterStart);
+    return writeTiffStart(bigEndian, afterStart) + writeTiffDirectory(attributes, bigEndian, afterStart);
 }
 
 QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
@@ -87,12 +88,9 @@ void putBlock(TiffDirectory& page, std::uint16_t tag, std::uint16_t type, const 
 } // namespace
 
 EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t directoryOffset) {
-    const auto start = readTiffStart(source);
-    if (!start || directoryOffset > UINT32_MAX)
-        return {};
-    const TiffDirectory page = readTiffDirectory(source, start->bigEndian, std::uint32_t(directoryOffset));
+    const auto [bigEndian, page] = readTiffTree(source, directoryOffset);
     EmbeddedMetadata blocks;
-    blocks.exif = exifBlock(page, start->bigEndian);
+    blocks.exif = exifBlock(page, bigEndian);
     blocks.resources = resourcesOf(page);
     blocks.xmp = valueOf(page, Tag::Xmp);
     blocks.iccProfile = valueOf(page, Tag::Profile);
@@ -100,29 +98,28 @@ EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t dir
 }
 
 QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& metadata) {
-    const auto start = readTiffStart(file);
+    const auto start = TiffWalker::open(PictureSource(file).byteSource());
     if (!start || metadata.isEmpty())
         return file;
-    TiffDirectory page = readTiffDirectory(file, start->bigEndian, start->firstDirectory);
-    if (const auto exif = readTiffStart(metadata.exif); exif && exif->bigEndian == start->bigEndian)
-        for (auto& entry :
-             attributesOf(readTiffDirectory(metadata.exif, exif->bigEndian, exif->firstDirectory)).entries)
+    auto [bigEndian, page] = readTiffTree(file);
+    if (TiffTree exif = readTiffTree(metadata.exif); exif.bigEndian == bigEndian)
+        for (TiffDirectory::Entry& entry : attributesOf(exif.directory).entries)
             page.put(std::move(entry));
     putBlock(page, Tag::Xmp, ByteType, metadata.xmp);
     putBlock(page, Tag::Iptc, UndefinedType,
              ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
     putBlock(page, Tag::Resources, ByteType, metadata.resources);
     putBlock(page, Tag::Profile, UndefinedType, metadata.iccProfile);
-    const std::uint32_t offset = (start->firstDirectory + 1) / 2 * 2;
-    QByteArray result = file.left(start->firstDirectory);
-    result.append(qsizetype(offset - start->firstDirectory), '\0');
-    result.replace(0, 8, writeTiffStart({start->bigEndian, offset}));
-    return result + writeTiffDirectory(page, start->bigEndian, offset);
+    const auto end = std::uint32_t(start->firstDirectory()); // libtiff wrote the directory last
+    const std::uint32_t offset = (end + 1) / 2 * 2;
+    QByteArray result = file.left(end);
+    result.append(qsizetype(offset - end), '\0');
+    result.replace(0, tiffHeaderSize, writeTiffStart(bigEndian, offset));
+    return result + writeTiffDirectory(page, bigEndian, offset);
 }
 
 bool isBigEndianExif(const QByteArray& exif) {
-    const auto start = readTiffStart(exif);
-    return start && start->bigEndian;
+    return readTiffTree(exif).bigEndian;
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffPixels.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -117,7 +118,8 @@ Picture decodePlainRgb(const TiffFile& tiff, const TiffLayout& layout, const Fil
     Picture picture(layout.width, layout.height, layout.samples);
     const PixelView target = picture.edit();
     if (TIFFScanlineSize(tiff) != target.stride)
-        failDecoding(file, QStringLiteral("its rows don't have the length of its width"));
+        failDecoding(
+            file, QCoreApplication::translate("TiffPixels", "its rows don't have the length of its width"));
     clearPixels(target);
     for (int y = 0; y < target.height; ++y) {
         if (TIFFReadScanline(tiff, target.row(y), std::uint32_t(y)) != 1) {
@@ -152,7 +154,8 @@ Picture decodeTiffRgba(const TiffFile& tiff, const TiffLayout& layout, const Fil
         const int rows = std::min(band, target.height - first);
         const bool converted = converter.convert(words, first, rows);
         if (first == 0 && (!converted || (tiff.hasErrors() && !isFax(layout.compression))))
-            failDecoding(file, tiff.hasErrors() ? tiff.firstError() : QStringLiteral("no pixels"));
+            failDecoding(file, tiff.hasErrors() ? tiff.firstError()
+                                                : QCoreApplication::translate("TiffPixels", "no pixels"));
         for (int y = 0; y < rows; ++y)
             for (int x = 0; x < target.width; ++x)
                 storePixel(words[std::size_t(y) * std::size_t(target.width) + std::size_t(x)],

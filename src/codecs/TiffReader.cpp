@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffCodec.h"
 
+#include "base/Stop.h"
+#include "bytes/TiffStructure.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/TiffMetadata.h"
-#include "codecs/TiffPages.h"
 #include "codecs/TiffPixels.h"
 
 #include <QByteArrayView>
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 namespace tarsel {
 
@@ -48,21 +52,40 @@ FileUnderTest fileOf(const PictureSource& source, const QString& name) {
     return {"TIFF", name, source.size()};
 }
 
+using TiffPages = std::vector<TiffDirectoryPlace>;
+
+TiffPages readPages(const PictureSource& source) {
+    constexpr std::size_t maxPages = 65'535;
+    std::optional<TiffWalker> walker = TiffWalker::open(source.byteSource());
+    const auto proceed = [] {
+        raiseIfStopped();
+        return true;
+    };
+    return walker ? walker->chain(maxPages, proceed) : TiffPages();
+}
+
+/// The pages in the order of their chain. The chain is walked once for each source.
+const TiffPages& pagesOf(const PictureSource& source) {
+    return source.finding<TiffPages>([&source] { return readPages(source); });
+}
+
 /// The directory of a page, from 1. One that only a crafted file has is refused: libtiff's time grows with
 /// the square of its entries.
 std::uint64_t directoryOf(const PictureSource& source, const FileUnderTest& file, int page) {
-    const std::vector<TiffPage> pages = readTiffPages(source);
+    const TiffPages& pages = pagesOf(source);
     if (page < 1 || std::size_t(page) > pages.size())
-        failDecoding(file, QStringLiteral("it has no page %1").arg(page));
-    const TiffPage& found = pages[std::size_t(page) - 1];
+        failDecoding(file, QCoreApplication::translate("TiffReader", "it has no page %1").arg(page));
+    const TiffDirectoryPlace& found = pages[std::size_t(page) - 1];
     if (found.entries > MaxDirectoryEntries)
-        failDecoding(file, QStringLiteral("a directory of %1 entries").arg(found.entries));
-    return found.offset;
+        failDecoding(
+            file, QCoreApplication::translate("TiffReader", "a directory of %1 entries").arg(found.entries));
+    return std::uint64_t(found.offset);
 }
 
 void selectDirectory(const TiffFile& tiff, const FileUnderTest& file, std::uint64_t offset) {
     if (!TIFFSetSubDirectory(tiff, offset))
-        failDecoding(file, tiff.hasErrors() ? tiff.firstError() : QStringLiteral("not readable"));
+        failDecoding(file, tiff.hasErrors() ? tiff.firstError()
+                                            : QCoreApplication::translate("TiffReader", "not readable"));
 }
 
 TiffLayout checkedLayout(const TiffFile& tiff, const FileUnderTest& file) {
@@ -88,9 +111,9 @@ PictureHeader tiffHeader(const PictureSource& source, const QString& name) {
 }
 
 int tiffPageCount(const PictureSource& source, const QString& name) {
-    const std::vector<TiffPage> pages = readTiffPages(source);
+    const TiffPages& pages = pagesOf(source);
     if (pages.empty())
-        failDecoding(fileOf(source, name), QStringLiteral("no pages"));
+        failDecoding(fileOf(source, name), QCoreApplication::translate("TiffReader", "no pages"));
     return int(pages.size());
 }
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffPixels.h"
 
+#include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -18,15 +20,12 @@ constexpr std::int64_t MostSamples = 400'000'000;
 
 template <class Number>
 double loaded(const std::uint8_t* at) {
-    Number value;
-    std::memcpy(&value, at, sizeof value);
-    return double(value);
+    return double(loadNumber<Number>(at, nativeOrder));
 }
 
 /// IEEE numbers of 16 bits: sign, 5 bits of exponent, 10 of fraction.
 double loadedHalf(const std::uint8_t* at) {
-    std::uint16_t half;
-    std::memcpy(&half, at, sizeof half);
+    const auto half = loadNumber<std::uint16_t>(at, nativeOrder);
     const int exponent = half >> 10 & 31;
     const int fraction = half & 1023;
     const double value = exponent == 0    ? std::ldexp(fraction, -24)
@@ -79,19 +78,21 @@ public:
         m_load(loaderFor(layout)) {
         const bool isPacked = layout.bits < 16 && layout.sampleFormat == SAMPLEFORMAT_UINT;
         if ((!m_load && !isPacked) || layout.samples < choice.sample(m_wanted - 1) + 1)
-            failDecoding(file, QStringLiteral("%1 samples of %2 bits, kind %3, are not supported")
+            failDecoding(file, QCoreApplication::translate(
+                                   "TiffSamples", "%1 samples of %2 bits, kind %3, are not supported")
                                    .arg(layout.samples)
                                    .arg(layout.bits)
                                    .arg(layout.sampleFormat));
         if (std::int64_t(layout.width) * layout.height > MostSamples / m_wanted)
-            failDecoding(file, QStringLiteral("too large for samples of %1 bits").arg(layout.bits));
+            failDecoding(file, QCoreApplication::translate("TiffSamples", "too large for samples of %1 bits")
+                                   .arg(layout.bits));
     }
 
     std::vector<float> read() {
         m_samples.resize(std::size_t(m_layout.width) * std::size_t(m_layout.height) * std::size_t(m_wanted));
         const tmsize_t size = m_layout.tiled ? TIFFTileSize(m_tiff) : TIFFStripSize(m_tiff);
         if (size <= 0)
-            failDecoding(m_file, QStringLiteral("its strips have no size"));
+            failDecoding(m_file, QCoreApplication::translate("TiffSamples", "its strips have no size"));
         m_block.resize(std::size_t(size));
         const int planes = isSeparate() ? m_wanted : 1;
         for (int plane = 0; plane < planes; ++plane)
@@ -179,7 +180,7 @@ private:
     std::vector<float> m_samples;
 };
 
-/// What counts as 0 and as 1. Whole numbers use their range; floating point does when it stays between 0
+/// What counts as 0 and as 1. Integers use their range; floating point does when it stays between 0
 /// and 1, else the range of the values that occur.
 struct SampleRange {
     float low = 0;
@@ -250,7 +251,7 @@ public:
         m_size(layout.bits <= 16 ? std::size_t(1) << layout.bits : 0) {
         if (!TIFFGetField(tiff, TIFFTAG_COLORMAP, &m_channels[0], &m_channels[1], &m_channels[2]) ||
             m_size == 0)
-            failDecoding(file, QStringLiteral("no palette"));
+            failDecoding(file, QCoreApplication::translate("TiffSamples", "no palette"));
         for (const std::uint16_t* channel : m_channels)
             m_isDeep =
                 m_isDeep || std::any_of(channel, channel + m_size, [](int value) { return value > 255; });
@@ -330,7 +331,8 @@ Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const 
                           const QByteArray& iccProfile) {
     SampleChoice choice{colorSamples(layout.photometric)};
     if (choice.colors == 0)
-        failDecoding(file, QStringLiteral("colours of kind %1 are not supported").arg(layout.photometric));
+        failDecoding(file, QCoreApplication::translate("TiffSamples", "colours of kind %1 are not supported")
+                               .arg(layout.photometric));
     const bool isUnit = choice.colors < 4 && layout.photometric != PHOTOMETRIC_CIELAB &&
                         layout.photometric != PHOTOMETRIC_ICCLAB;
     if (isUnit && layout.alphaSample >= 0)

@@ -6,6 +6,7 @@
 #include "codecs/TiffFile.h"
 #include "codecs/TiffMetadata.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -61,7 +62,8 @@ void describeFax(const TiffFile& tiff, ConstPixelView view) {
 }
 
 [[noreturn]] void failEncoding(const TiffFile& tiff) {
-    fail(ErrorNumber::InvalidCall, QStringLiteral("TIFF encoder: ") + tiff.firstError());
+    fail(ErrorNumber::InvalidCall,
+         QCoreApplication::translate("TiffWriter", "TIFF encoder: %1").arg(tiff.firstError()));
 }
 
 /// Full strips, because the library codes those in a buffer of its own; single rows it alters in place.

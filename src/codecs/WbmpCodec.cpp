@@ -5,6 +5,8 @@
 #include "bytes/ByteReader.h"
 #include "codecs/DecoderPool.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
@@ -54,7 +56,7 @@ PictureHeader wbmpHeader(const PictureSource& source, const QString& name) {
     const FileUnderTest file{"WBMP", name, source.size()};
     const auto header = readHeader(source);
     if (!header)
-        failDecoding(file, QStringLiteral("no header"));
+        failDecoding(file, QCoreApplication::translate("WbmpCodec", "no header"));
     requirePlausibleSize(file, header->width, header->height, PixelsPerByte);
     return {int(header->width), int(header->height), 1, 0};
 }
@@ -64,11 +66,9 @@ int onePage(const PictureSource&, const QString&) {
 }
 
 DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int) {
-    wbmpHeader(source, name);
-    const QByteArray bytes = source.all();
-    return {
-        DecoderPool::shared().decode(DecoderFormat::Wbmp, bytes, {"WBMP", name, bytes.size()}, currentStop()),
-        {}};
+    const PictureHeader header = wbmpHeader(source, name);
+    const DecoderTask task{DecoderFormat::Wbmp, source.all(), {header.width, header.height}};
+    return {DecoderPool::shared().decode(task, {"WBMP", name, task.bytes.size()}, currentStop()), {}};
 }
 
 } // namespace

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/FolderRow.h"
 
+#include "base/IgnoringErrors.h"
 #include "collections/PictureFiles.h"
-#include "collections/PictureHeaderReading.h"
 #include "collections/Thumbnail.h"
 #include "imaging/ImageBox.h"
+#include "imaging/clsImageHeaderInfo.h"
 
 namespace tarsel {
 
@@ -21,8 +22,14 @@ bool showsHeader(const QString& extension) {
 QString headerText(const QString& path, const QString& extension) {
     if (!showsHeader(extension))
         return {};
-    const PictureHeader header = readPictureHeader(path).value_or(PictureHeader{});
-    return QStringLiteral("%1 X %2 X %3").arg(header.width).arg(header.height).arg(header.bitsPerPixel);
+    clsImageHeaderInfo header;
+    ignoringErrors([&] {
+        if (extension == QLatin1String("bmp") || extension == QLatin1String("gif"))
+            header.ReadGIF_BMP_Header(path);
+        else
+            header.ReadJPEG_TIFF_PNG_Header(path);
+    });
+    return QStringLiteral("%1 X %2 X %3").arg(header.Width()).arg(header.Height()).arg(header.BitsPerPixel());
 }
 
 void addThumbnail(RowContent& content, const QString& path, const CollectionSettings& settings) {

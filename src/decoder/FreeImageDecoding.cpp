@@ -5,8 +5,6 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace tarsel::decoder {
 
@@ -89,36 +87,38 @@ DecoderReply failure(const char* message) {
     return reply;
 }
 
-DecoderReply replyWith(FIBITMAP* bitmap, Descriptor& pixels) {
-    DecoderReply reply;
-    reply.width = std::int32_t(FreeImage_GetWidth(bitmap));
-    reply.height = std::int32_t(FreeImage_GetHeight(bitmap));
-    reply.channels = FreeImage_GetBPP(bitmap) == 32 && !isOpaque(bitmap) ? 4 : 3;
-    const std::size_t size =
-        std::size_t(reply.width) * std::size_t(reply.height) * std::size_t(reply.channels);
-    pixels.reset(::memfd_create("pixels", MFD_CLOEXEC));
-    if (!pixels.isOpen() || ::ftruncate(pixels.number(), off_t(size)) != 0)
-        return failure("no memory for its pixels");
-    void* target = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, pixels.number(), 0);
-    if (target == MAP_FAILED)
-        return failure("no memory for its pixels");
-    copyPixels(bitmap, reply.channels, static_cast<std::uint8_t*>(target));
-    ::munmap(target, size);
-    return reply;
+void decodeOnePixel(DecoderFormat format, std::span<const std::uint8_t> file) {
+    std::uint8_t pixel[4];
+    decode({format, 0, file.size(), 1, 1}, file, pixel);
 }
 
 } // namespace
 
-DecoderReply decode(DecoderFormat format, std::span<const std::uint8_t> file, Descriptor& pixels) {
+DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t> file, std::uint8_t* pixels) {
     lastMessage[0] = 0;
     FreeImage_SetOutputMessage(keepMessage);
-    const Bitmap loaded = load(format, file);
+    const Bitmap loaded = load(request.format, file);
     if (!loaded)
         return failure(lastMessage[0] ? lastMessage : "damaged");
     const Bitmap bitmap = asTrueColor(loaded.get());
     if (!bitmap)
         return failure("its pixels can't be converted");
-    return replyWith(bitmap.get(), pixels);
+    if (FreeImage_GetWidth(bitmap.get()) != unsigned(request.width) ||
+        FreeImage_GetHeight(bitmap.get()) != unsigned(request.height))
+        return failure("its picture has another size than its header says");
+    DecoderReply reply;
+    reply.channels = FreeImage_GetBPP(bitmap.get()) == 32 && !isOpaque(bitmap.get()) ? 4 : 3;
+    copyPixels(bitmap.get(), reply.channels, pixels);
+    return reply;
+}
+
+void prepareLibraries() {
+    constexpr std::uint8_t gif[] = {'G', 'I', 'F', '8', '9', 'a', 1,   0,    1, 0, 0x80, 0,
+                                    0,   0,   0,   0,   255, 255, 255, ',',  0, 0, 0,    0,
+                                    1,   0,   1,   0,   0,   2,   2,   0x44, 1, 0, ';'};
+    constexpr std::uint8_t wbmp[] = {0, 0, 1, 1, 0x80};
+    decodeOnePixel(DecoderFormat::Gif, gif);
+    decodeOnePixel(DecoderFormat::Wbmp, wbmp);
 }
 
 } // namespace tarsel::decoder

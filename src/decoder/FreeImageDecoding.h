@@ -8,7 +8,10 @@
 
 namespace tarsel::decoder {
 
-/// Decodes one file. `pixels` receives the descriptor of the rows when the reply holds a picture.
-DecoderReply decode(DecoderFormat format, std::span<const std::uint8_t> file, Descriptor& pixels);
+/// Decodes one file into `pixels`, where the request's size has four bytes for each pixel.
+DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t> file, std::uint8_t* pixels);
+
+/// Decodes a picture of one pixel in each format, so that the libraries set up now what they keep for later.
+void prepareLibraries();
 
 } // namespace tarsel::decoder

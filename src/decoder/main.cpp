@@ -1,77 +1,61 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Decodes the files that come through the socket, one after the other, until the other end is gone. A file
-// that crashes it, or makes it ask for too much memory or time, costs this process alone.
+// that crashes it, takes it over, or makes it ask for too much memory or time, costs this process alone.
 
+#include "decoder/Confinement.h"
 #include "decoder/FreeImageDecoding.h"
 
-#include <csignal>
 #include <sys/mman.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tarsel::decoder {
 
 namespace {
 
-constexpr rlim_t MemoryLimit = rlim_t(4) << 30;
-constexpr rlim_t SecondsForOneFile = 30; // of processor time
-constexpr rlim_t DescriptorLimit = 16;
+/// A descriptor's bytes in memory.
+class Mapping {
+public:
+    Mapping(const Descriptor& descriptor, std::size_t size, int protection, int sharing) :
+        m_size(size),
+        m_data(size > 0 ? ::mmap(nullptr, size, protection, sharing, descriptor.number(), 0) : MAP_FAILED) {}
+    ~Mapping() {
+        if (isMapped())
+            ::munmap(m_data, m_size);
+    }
+    Mapping(const Mapping&) = delete;
+    Mapping& operator=(const Mapping&) = delete;
 
-void limit(decltype(RLIMIT_AS) resource, rlim_t amount) {
-    const rlimit both{amount, RLIM_INFINITY};
-    ::setrlimit(resource, &both);
-}
+    bool isMapped() const { return m_data != MAP_FAILED; }
+    std::uint8_t* bytes() const { return static_cast<std::uint8_t*>(m_data); }
 
-void setHardLimit(decltype(RLIMIT_AS) resource, rlim_t amount) {
-    const rlimit both{amount, amount};
-    ::setrlimit(resource, &both);
-}
+private:
+    std::size_t m_size;
+    void* m_data;
+};
 
-void limitProcess() {
-    ::close_range(DecoderSocket + 1, ~0U, 0);
-    setHardLimit(RLIMIT_CORE, 0);
-    setHardLimit(RLIMIT_NOFILE, DescriptorLimit);
-#if !defined __SANITIZE_ADDRESS__ && !defined __SANITIZE_THREAD__ // their shadows alone are larger
-    setHardLimit(RLIMIT_AS, MemoryLimit);
-#endif
-}
-
-/// The limit counts from the start of the process; each file gets its own share.
-void allowTimeForOneFile() {
-    rusage used = {};
-    ::getrusage(RUSAGE_SELF, &used);
-    limit(RLIMIT_CPU, rlim_t(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + SecondsForOneFile);
-}
-
-DecoderReply answer(const DecoderRequest& request, int content, Descriptor& pixels) {
-    struct stat facts = {};
-    const std::size_t size = request.fileBytes;
-    const bool complete =
-        ::fstat(content, &facts) == 0 && facts.st_size >= 0 && std::size_t(facts.st_size) == size;
-    void* file =
-        complete && size > 0 ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, content, 0) : MAP_FAILED;
-    if (file == MAP_FAILED)
-        return {0, 0, 0, "its bytes didn't arrive"};
-    const DecoderReply reply = decode(request.format, {static_cast<const std::uint8_t*>(file), size}, pixels);
-    ::munmap(file, size);
-    return reply;
+DecoderReply answer(const DecoderRequest& request, const std::vector<Descriptor>& descriptors) {
+    const Mapping file(descriptors[0], request.fileBytes, PROT_READ, MAP_PRIVATE);
+    const std::size_t room = std::size_t(request.width) * std::size_t(request.height) * 4;
+    const Mapping pixels(descriptors[1], room, PROT_READ | PROT_WRITE, MAP_SHARED);
+    if (!file.isMapped() || !pixels.isMapped())
+        return {0, 0, 0, "no memory for it"};
+    return decode(request, {file.bytes(), request.fileBytes}, pixels.bytes());
 }
 
 } // namespace
 
 int run() {
-    limitProcess();
+    prepareLibraries();
+    const std::uint32_t missingLocks = confineProcess();
     for (;;) {
         DecoderRequest request;
-        Descriptor content;
-        if (!receiveRecord(DecoderSocket, request, content))
+        std::vector<Descriptor> descriptors;
+        if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
             return 0;
         allowTimeForOneFile();
-        Descriptor pixels;
-        DecoderReply reply = answer(request, content.number(), pixels);
+        DecoderReply reply = answer(request, descriptors);
         reply.serial = request.serial;
-        if (!sendRecord(DecoderSocket, reply, reply.width > 0 ? pixels.number() : -1))
+        reply.missingLocks = missingLocks;
+        if (!sendRecord(DecoderSocket, reply))
             return 0;
     }
 }

@@ -21,7 +21,7 @@ struct EmbeddedMetadata {
     QByteArray resources;   ///< image resource blocks ("8BIM" records), in which 0x0404 holds the IPTC data
     QByteArray xmp;         ///< the XMP packet
     QByteArray extendedXmp; ///< what the packet refers to as its extension, where a format has such a thing
-    QByteArray iccProfile;  ///< of the pixels as they stand after decoding
+    QByteArray iccProfile;  ///< of the pixels as they are after decoding
     QByteArrayList comments = {};                 ///< comment segments of a JPEG file, in any character set
     std::vector<JpegSegment> cameraSegments = {}; ///< facts about the shot in a format of the camera's maker
 

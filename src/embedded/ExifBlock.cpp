@@ -4,6 +4,7 @@
 #include "base/TrappedError.h"
 #include "bytes/TiffStructure.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -43,6 +44,16 @@ const Child* childOf(ExifGroup group) {
     return found == children.end() ? nullptr : &*found;
 }
 
+/// The bytes must outlive it.
+ByteSource sourceOf(const QByteArray& bytes) {
+    const auto read = [&bytes](std::int64_t at, void* target, std::int64_t count) {
+        count = at < 0 ? 0 : std::clamp<std::int64_t>(bytes.size() - at, 0, count);
+        std::copy_n(bytes.constData() + (count ? at : 0), count, static_cast<char*>(target));
+        return count;
+    };
+    return {read, bytes.size()};
+}
+
 } // namespace
 
 bool ExifEntry::isPointer() const {
@@ -52,12 +63,12 @@ bool ExifEntry::isPointer() const {
 // --- reading -----------------------------------------------------------------------------------------------
 
 std::optional<ExifBlock> ExifBlock::read(const QByteArray& bytes) {
-    const auto header = readTiffHeader(std::as_bytes(std::span(bytes)));
-    if (!header || bytes.size() > std::numeric_limits<qint32>::max())
+    const auto walker = TiffWalker::open(sourceOf(bytes));
+    if (!walker || walker->isBig() || bytes.size() > std::numeric_limits<qint32>::max())
         return std::nullopt;
     ExifBlock block;
     block.m_bytes = bytes;
-    block.m_order = header->order;
+    block.m_order = walker->order();
     block.walk();
     if (!block.directory(ExifGroup::Image))
         return std::nullopt;
@@ -74,49 +85,31 @@ ExifBlock ExifBlock::fresh() {
 void ExifBlock::walk() {
     m_entries.clear();
     m_directories.clear();
-    if (!walkDirectory(ExifGroup::Image, firstPointer))
+    std::optional<TiffWalker> walker = TiffWalker::open(sourceOf(m_bytes));
+    if (!walker || !walkDirectory(*walker, ExifGroup::Image, firstPointer))
         return;
     const qsizetype next = directory(ExifGroup::Image)->nextPosition;
     if (next)
-        walkDirectory(ExifGroup::Thumbnail, next);
+        walkDirectory(*walker, ExifGroup::Thumbnail, next);
 }
 
 /// False when the offset at `pointerPosition` does not lead to a directory, or leads to one that was seen.
-bool ExifBlock::walkDirectory(ExifGroup group, qsizetype pointerPosition) {
-    const qsizetype offset = read32(pointerPosition);
-    const auto seen = [&](const Directory& other) {
-        return other.group == group || other.range.start == offset;
-    };
-    if (offset < headerSize || offset > m_bytes.size() - 2 || std::ranges::any_of(m_directories, seen))
+bool ExifBlock::walkDirectory(TiffWalker& walker, ExifGroup group, qsizetype pointerPosition) {
+    const auto place = directory(group) ? std::nullopt : walker.visit(read32(pointerPosition));
+    if (!place)
         return false;
-
-    const qsizetype first = offset + 2;
-    const qsizetype declared = read16(offset);
-    const qsizetype count = std::min(declared, (m_bytes.size() - first) / entrySize);
-    const qsizetype end = first + count * entrySize;
-    const bool hasNext = count == declared && end <= m_bytes.size() - 4;
+    const std::int64_t end =
+        place->offset + 2 + std::int64_t(place->entries) * entrySize + (place->nextPosition ? 4 : 0);
     m_directories.push_back(
-        {group, {offset, end + (hasNext ? 4 : 0) - offset}, pointerPosition, hasNext ? end : 0});
-
-    for (qsizetype i = 0; i < count; ++i) {
-        const ExifEntry entry = entryAt(group, first + i * entrySize);
+        {group, {place->offset, end - place->offset}, pointerPosition, place->nextPosition.value_or(0)});
+    for (const TiffEntry& raw : walker.entries(*place, place->entries)) {
+        const ExifEntry entry{group,        raw.tag,           ExifType(raw.type), quint32(raw.count),
+                              raw.position, raw.valuePosition, raw.valueSize,      raw.hasValue};
         m_entries.push_back(entry);
         if (const Child* child = childAt(group, entry.tag); child && entry.hasValue)
-            walkDirectory(child->group, entry.position + 8);
+            walkDirectory(walker, child->group, entry.position + 8);
     }
     return true;
-}
-
-ExifEntry ExifBlock::entryAt(ExifGroup group, qsizetype position) const {
-    const TiffEntry raw = readTiffEntry(ByteReader(m_bytes, m_order), position).value_or(TiffEntry());
-    ExifEntry entry{group, raw.tag, ExifType(raw.type), raw.count, position};
-    entry.hasValue = tiffElementSize(raw.type) > 0 && raw.valuePosition >= headerSize &&
-                     ByteReader(m_bytes, m_order).slice(raw.valuePosition, raw.valueSize);
-    if (entry.hasValue) {
-        entry.valuePosition = raw.valuePosition;
-        entry.valueSize = raw.valueSize;
-    }
-    return entry;
 }
 
 const ExifBlock::Directory* ExifBlock::directory(ExifGroup group) const {
@@ -188,7 +181,8 @@ void ExifBlock::insertEntry(const Directory& place_, quint16 tag, ExifType type,
     const qsizetype first = old.range.start + 2;
     const qsizetype entryCount = (old.range.size - 2) / entrySize;
     if (entryCount >= std::numeric_limits<quint16>::max())
-        fail(ErrorNumber::Overflow, QStringLiteral("an EXIF directory holds at most 65535 attributes"));
+        fail(ErrorNumber::Overflow,
+             QCoreApplication::translate("ExifBlock", "an EXIF directory holds at most 65535 attributes"));
     qsizetype before = 0;
     while (before < entryCount && read16(first + before * entrySize) < tag)
         ++before;
@@ -207,7 +201,8 @@ void ExifBlock::insertEntry(const Directory& place_, quint16 tag, ExifType type,
 void ExifBlock::makeDirectory(ExifGroup group) {
     const Child* child = childOf(group);
     if (!child)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("this EXIF directory can't be created"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ExifBlock", "this EXIF directory can't be created"));
     const qsizetype start = place(QByteArray(6, '\0'));
     QByteArray pointer;
     appendNumber(pointer, quint32(start), m_order);
@@ -333,7 +328,8 @@ qsizetype ExifBlock::place(const QByteArray& data) {
     if (m_bytes.size() % 2)
         m_bytes.append('\0');
     if (data.size() > std::numeric_limits<qint32>::max() - m_bytes.size())
-        fail(ErrorNumber::Overflow, QStringLiteral("the EXIF data grow beyond 2 GB"));
+        fail(ErrorNumber::Overflow,
+             QCoreApplication::translate("ExifBlock", "the EXIF data grow beyond 2 GB"));
     const qsizetype start = m_bytes.size();
     m_bytes.append(data);
     return start;

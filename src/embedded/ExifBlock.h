@@ -10,11 +10,13 @@
 
 namespace tarsel {
 
+class TiffWalker;
+
 /// The directories of an EXIF block. Image is the first of the chain, Thumbnail the second; pointer
 /// attributes lead to the others.
 enum class ExifGroup { Image, Photo, Gps, Interoperability, Thumbnail };
 
-/// Type numbers of the TIFF structure, as they stand in a directory entry.
+/// Type numbers of the TIFF structure, as in a directory entry.
 enum class ExifType : quint16 {
     Byte = 1,
     Ascii = 2,
@@ -88,13 +90,12 @@ private:
     struct Directory {
         ExifGroup group = ExifGroup::Image;
         Range range;                   ///< count, entries that fit into the block, next offset when it fits
-        qsizetype pointerPosition = 0; ///< where the offset of this directory stands
+        qsizetype pointerPosition = 0; ///< where the offset of this directory is
         qsizetype nextPosition = 0;    ///< of the offset of the next one; 0 when the block ends before it
     };
 
     void walk();
-    bool walkDirectory(ExifGroup group, qsizetype pointerPosition);
-    ExifEntry entryAt(ExifGroup group, qsizetype position) const;
+    bool walkDirectory(TiffWalker& walker, ExifGroup group, qsizetype pointerPosition);
     const Directory* directory(ExifGroup group) const;
     std::vector<Range> thumbnailData() const;
 
@@ -118,7 +119,7 @@ private:
     ByteOrder m_order = ByteOrder::Little;
     std::vector<ExifEntry> m_entries;
     std::vector<Directory> m_directories;
-    std::vector<Range> m_free; ///< zeroed here, and known to be nobody's
+    std::vector<Range> m_free; ///< zeroed here, and known to be unused
 };
 
 /// The block, without its thumbnail where it has to go to stay within `limit` bytes. Nothing when it doesn't

@@ -3,6 +3,7 @@
 #include "base/TrappedError.h"
 #include "embedded/MetadataStore.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 namespace tarsel {
@@ -27,7 +28,8 @@ QDateTime exifTextToDate(const QString& text) {
     const QDate date(number(1), number(2), number(3));
     const QTime time(number(4), number(5), number(6));
     if (!date.isValid() || !time.isValid())
-        fail(ErrorNumber::TypeMismatch, u'"' + text + QStringLiteral("\" is not an EXIF date"));
+        fail(ErrorNumber::TypeMismatch,
+             QCoreApplication::translate("ExifDate", "\"%1\" is not an EXIF date").arg(text));
     return {date, time};
 }
 

@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "bytes/Numbers.h"
 
+#include <QCoreApplication>
 #include <QStringDecoder>
 #include <algorithm>
 #include <tuple>
@@ -36,10 +37,8 @@ Extent extentAt(QByteArrayView rest) {
     const qsizetype sizeBytes = size & largestPlainSize;
     if (sizeBytes == 0 || sizeBytes > 4 || rest.size() < headSize + sizeBytes)
         return {};
-    qint64 longSize = 0;
-    for (qsizetype i = 0; i < sizeBytes; ++i)
-        longSize = longSize << 8 | quint8(rest[headSize + i]);
-    return {headSize + sizeBytes, longSize};
+    const QByteArray longSize = rest.sliced(headSize, sizeBytes).toByteArray().rightJustified(4, '\0');
+    return {headSize + sizeBytes, loadNumber<quint32>(longSize.constData(), ByteOrder::Big)};
 }
 
 bool isAscii(const QByteArray& data) {
@@ -160,9 +159,10 @@ void IimData::setTexts(int number, const QStringList& newTexts) {
 std::vector<QByteArray> IimData::encodeAll(int number, const QStringList& texts) {
     for (const QString& text : texts)
         if (text.toUtf8().size() > largestPlainSize)
-            fail(
-                ErrorNumber::Overflow,
-                QStringLiteral("IPTC dataset 2:%1 holds at most %2 bytes").arg(number).arg(largestPlainSize));
+            fail(ErrorNumber::Overflow,
+                 QCoreApplication::translate("IimData", "IPTC dataset 2:%1 holds at most %2 bytes")
+                     .arg(number)
+                     .arg(largestPlainSize));
     std::vector<QByteArray> encoded;
     // Twice, as a later text may turn the block into UTF-8.
     for (int pass = 0; pass < 2; ++pass) {
@@ -173,7 +173,7 @@ std::vector<QByteArray> IimData::encodeAll(int number, const QStringList& texts)
     return encoded;
 }
 
-/// Behind the last dataset that comes before or has the same number.
+/// After the last dataset that comes before or has the same number.
 std::vector<IimData::DataSet>::iterator IimData::placeFor(quint8 record, quint8 number) {
     const auto notBehind = [&](const DataSet& set) {
         return std::tie(set.record, set.number) <= std::tie(record, number);

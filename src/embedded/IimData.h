@@ -10,12 +10,12 @@ namespace tarsel {
 
 /// The datasets of an IPTC block (Information Interchange Model).
 ///
-/// Layout of a dataset: 0x1C, record 8, number 8, size 16, data. A size with the top bit set tells instead
+/// Layout of a dataset: 0x1C, record 8, number 8, size 16, data. A size with the top bit set says instead
 /// how many bytes of size follow. All numbers are big-endian. Record 1 is the envelope, whose dataset 90
 /// names the character set; record 2 holds what users know.
 ///
 /// Texts are UTF-8 when the envelope says so or when they read as that, else Windows-1252. A new text that
-/// isn't plain ASCII is written as UTF-8 and marked so; where older texts stand unmarked in Windows-1252 and
+/// isn't plain ASCII is written as UTF-8 and marked so; where older texts are unmarked in Windows-1252 and
 /// the new one fits there as well, it follows them, and where it doesn't, they are turned into UTF-8 with it,
 /// so that all texts keep reading right. Datasets that weren't changed keep their bytes.
 ///
@@ -32,7 +32,7 @@ public:
     QByteArray bytes() const;
     bool isEmpty() const;
     /// Whether the bytes ended with a complete dataset, or with filling.
-    bool isWhole() const { return m_tail.isEmpty(); }
+    bool isComplete() const { return m_tail.isEmpty(); }
 
     /// By number of record 2. `setTexts` takes the place of all datasets of that number, `setText` of the
     /// first; an empty text removes all.

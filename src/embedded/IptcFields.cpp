@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "embedded/MetadataStore.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <algorithm>
 #include <array>
@@ -23,7 +24,7 @@ struct FieldRow {
     const char* label;
 };
 
-/// The rows before the custom fields. Image Notes and Local Caption stand where other programs keep
+/// The rows before the custom fields. Image Notes and Local Caption are where other programs keep
 /// document notes and local captions; the Image URL has no dataset of its own anywhere and takes the first
 /// free one after the custom fields.
 constexpr std::array listedFields{
@@ -130,7 +131,8 @@ const IptcField& iptcField(std::string_view member) {
     const auto found =
         std::ranges::find_if(iptcFields(), [&](const IptcField& field) { return field.member == name; });
     if (found == iptcFields().end())
-        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no IPTC member ") + name);
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("IptcFields", "there is no IPTC member %1").arg(name));
     return *found;
 }
 

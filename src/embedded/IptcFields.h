@@ -26,7 +26,7 @@ struct IptcField {
     int dataset = 0; ///< number in record 2
     IptcKind kind = IptcKind::Text;
     QString label;         ///< by which users know it; empty for a member without one
-    bool isListed = false; ///< has a row in the list of attributes, whose rows stand in this table's order
+    bool isListed = false; ///< has a row in the list of attributes, whose rows are in this table's order
 };
 
 /// All members.

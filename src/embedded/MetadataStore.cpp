@@ -8,6 +8,7 @@
 #include "embedded/IimData.h"
 #include "embedded/ResourceBlocks.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <mutex>
 #include <optional>
@@ -92,7 +93,8 @@ std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAtt
 }
 
 [[noreturn]] void failNoFfo(const QString& path, const QString& fact) {
-    fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": no IPTC side file: ") + fact);
+    fail(ErrorNumber::UnreadableFile,
+         QCoreApplication::translate("MetadataStore", "%1: no IPTC side file: %2").arg(path, fact));
 }
 
 /// A side file is an image resource block with the IPTC data in it; the bare data are taken as well.
@@ -100,16 +102,16 @@ IimData readSideFile(const QString& path) {
     const QByteArray bytes = readWholeFile(path);
     if (bytes.startsWith('\x1C')) {
         IimData data(bytes);
-        if (!data.isWhole())
-            failNoFfo(path, QStringLiteral("its data are damaged"));
+        if (!data.isComplete())
+            failNoFfo(path, QCoreApplication::translate("MetadataStore", "its data are damaged"));
         return data;
     }
     const ResourceBlocks blocks(bytes);
     if (!blocks.contains(ResourceBlocks::iptcNumber))
-        failNoFfo(path, QStringLiteral("it has no IPTC block"));
+        failNoFfo(path, QCoreApplication::translate("MetadataStore", "it has no IPTC block"));
     IimData data(blocks.data(ResourceBlocks::iptcNumber));
-    if (!blocks.isWhole() || !data.isWhole())
-        failNoFfo(path, QStringLiteral("its data are damaged or cut short"));
+    if (!blocks.isComplete() || !data.isComplete())
+        failNoFfo(path, QCoreApplication::translate("MetadataStore", "its data are damaged or cut short"));
     return data;
 }
 

@@ -6,7 +6,7 @@
 
 namespace tarsel {
 
-/// Image resource blocks, as they stand in the APP13 segment of a JPEG file, in a PSD file and in TIFF.
+/// Image resource blocks, as they are in the APP13 segment of a JPEG file, in a PSD file and in TIFF.
 ///
 /// Layout of a block: "8BIM" (or the mark of another maker), number 16, name as a length byte and that many
 /// bytes padded to an even total, size 32, data padded to an even size. All numbers are big-endian.
@@ -15,7 +15,7 @@ public:
     static constexpr quint16 iptcNumber = 0x0404;
 
     ResourceBlocks() = default;
-    /// Reads as far as the blocks make sense; what follows is carried along as it stands. A last block that
+    /// Reads as far as the blocks make sense; what follows is kept as it is. A last block that
     /// is cut short has what there is of its data.
     explicit ResourceBlocks(const QByteArray& bytes);
 
@@ -34,7 +34,7 @@ public:
 
     int count() const { return int(m_blocks.size()); }
     /// Whether the bytes ended with a complete block.
-    bool isWhole() const { return m_tail.isEmpty() && !m_cutShort; }
+    bool isComplete() const { return m_tail.isEmpty() && !m_cutShort; }
 
 private:
     struct Block {

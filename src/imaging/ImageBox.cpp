@@ -17,6 +17,7 @@
 #include "pixels/operations/Sharpen.h"
 #include "pixels/operations/TextDrawing.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -46,7 +47,9 @@ template <class Operation>
 void changeSize(Picture& picture, int width, int height, Operation operation) {
     if (width < 1 || height < 1)
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("a picture can't get the size %1 x %2").arg(width).arg(height));
+             QCoreApplication::translate("ImageBox", "a picture can't get the size %1 x %2")
+                 .arg(width)
+                 .arg(height));
     if (width == picture.width() && height == picture.height())
         return;
     Picture result(width, height, picture.channels());
@@ -57,28 +60,32 @@ void changeSize(Picture& picture, int width, int height, Operation operation) {
 int scaledLength(int length, double percent) {
     const double scaled = std::nearbyint(length * percent / 100);
     if (scaled > Picture::MaximumPixels)
-        fail(ErrorNumber::OutOfMemory, QStringLiteral("a scale of %1 percent is too large").arg(percent));
+        fail(ErrorNumber::OutOfMemory,
+             QCoreApplication::translate("ImageBox", "a scale of %1 percent is too large").arg(percent));
     return std::max(1, int(scaled));
 }
 
 void requireFormat(int format) {
     if (format != SharedPictureFormat)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("snapshots have no format %1").arg(format));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBox", "snapshots have no format %1").arg(format));
 }
 
-/// The part of a picture between the edges, of which some may lie outside. Error 5 when there is nothing
+/// The part of a picture between the edges, of which some may be outside. Error 5 when there is nothing
 /// between.
 Picture cropped(const Picture& picture, const Edges& edges, Color background) {
     const std::int64_t width = std::int64_t(edges.right) - edges.left;
     const std::int64_t height = std::int64_t(edges.bottom) - edges.top;
     if (width < 1 || height < 1)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("empty crop rectangle: edges %1, %2 and %3, %4")
-                                           .arg(edges.left)
-                                           .arg(edges.top)
-                                           .arg(edges.right)
-                                           .arg(edges.bottom));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBox", "empty crop rectangle: edges %1, %2 and %3, %4")
+                 .arg(edges.left)
+                 .arg(edges.top)
+                 .arg(edges.right)
+                 .arg(edges.bottom));
     if (height > Picture::MaximumPixels / width)
-        fail(ErrorNumber::OutOfMemory, QStringLiteral("a crop to %1 x %2 pixels").arg(width).arg(height));
+        fail(ErrorNumber::OutOfMemory,
+             QCoreApplication::translate("ImageBox", "a crop to %1 x %2 pixels").arg(width).arg(height));
     if (edges.left == 0 && edges.top == 0 && width == picture.width() && height == picture.height())
         return picture;
     Picture result(int(width), int(height), picture.channels());
@@ -94,7 +101,7 @@ QFont fontOf(const TextFont& font, bool smooth) {
 
 void ImageBox::requireImage() const {
     if (!HasImage())
-        fail(ErrorNumber::InvalidCall, QStringLiteral("the box is empty"));
+        fail(ErrorNumber::InvalidCall, QCoreApplication::translate("ImageBox", "the box is empty"));
 }
 
 void ImageBox::Clear() {
@@ -113,14 +120,15 @@ Picture ImageBox::SaveToMemory(int format) const {
 void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
     requireFormat(format);
     if (snapshot.isNull())
-        fail(ErrorNumber::InvalidCall, QStringLiteral("the snapshot holds no picture"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBox", "the snapshot holds no picture"));
     m_picture = snapshot;
 }
 
-void ImageBox::setPictureHandle(const PictureHandle& handle) {
+void ImageBox::setPictureHandle(const PictureHandle& handle, const QString& damage) {
     m_picture = handle;
     m_metadata = {};
-    m_loadDamage.clear();
+    m_loadDamage = damage;
     ClearSelection();
 }
 
@@ -156,8 +164,9 @@ int ImageBox::DisplayHeight() const {
 Color ImageBox::PixelColor(int x, int y) const {
     requireImage();
     if (x < 0 || y < 0 || x >= Width() || y >= Height())
-        fail(ErrorNumber::InvalidCall,
-             QStringLiteral("the point %1, %2 is outside the picture").arg(x).arg(y));
+        fail(
+            ErrorNumber::InvalidCall,
+            QCoreApplication::translate("ImageBox", "the point %1, %2 is outside the picture").arg(x).arg(y));
     const std::uint8_t* pixel = m_picture.view().pixel(x, y);
     return colorOf({pixel[0], pixel[1], pixel[2]});
 }
@@ -209,7 +218,8 @@ void ImageBox::Flip(int direction) {
     requireImage();
     if (direction != 0 && direction != 1)
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("pictures can't be flipped in direction %1").arg(direction));
+             QCoreApplication::translate("ImageBox", "pictures can't be flipped in direction %1")
+                 .arg(direction));
     changePixels(m_picture, direction == 0 ? operations::flipHorizontal : operations::flipVertical);
 }
 
@@ -231,7 +241,8 @@ void ImageBox::ResizeTo(int width, int height) {
 void ImageBox::Scale(float percent) {
     requireImage();
     if (!(percent > 0))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("a scale of %1 percent").arg(double(percent)));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBox", "a scale of %1 percent").arg(double(percent)));
     changeSize(m_picture, scaledLength(Width(), percent), scaledLength(Height(), percent),
                operations::resizeSmooth);
 }
@@ -269,7 +280,7 @@ void ImageBox::ClearSelection() {
 void ImageBox::requireSelection() const {
     requireImage();
     if (!SelectionActive || m_selectionShape == SelectionShape::None)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("nothing is selected"));
+        fail(ErrorNumber::InvalidCall, QCoreApplication::translate("ImageBox", "nothing is selected"));
 }
 
 void ImageBox::RedEyeCorrection() {
@@ -312,9 +323,11 @@ void ImageBox::DrawText(int x, int y, const QString& text) {
 void ImageBox::MergeHandle(const PictureHandle& handle) {
     requireImage();
     if (handle.isNull())
-        fail(ErrorNumber::InvalidCall, QStringLiteral("the picture to merge is empty"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBox", "the picture to merge is empty"));
     if (MergeStyle < 0 || MergeStyle > 3)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("there is no merge style %1").arg(MergeStyle));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBox", "there is no merge style %1").arg(MergeStyle));
     operations::MergeOptions options{
         operations::MergePlace(MergeStyle), MergeX, MergeY, {}, MergeTransparency};
     if (MergeTransparent)

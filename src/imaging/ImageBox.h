@@ -52,7 +52,7 @@ public:
     int PageNumber = 1; ///< page that the next load reads, from 1
     /// Pages of a file, which need not be the one held; 1 for formats without pages and for files that can't
     /// be read.
-    static int PageCount(const QString& path);
+    static int PageCount(const QString& path, const std::stop_token& stop = {});
     /// Decodes by content. On failure the box is empty and LoadFailed is true; the error (0x8000FFFF for a
     /// file that its decoder can't make sense of, 53 for a missing one, 18 for a stop) is raised.
     void LoadFromFile(const QString& path, const std::stop_token& stop = {});
@@ -68,7 +68,7 @@ public:
     Picture SaveToMemory(int format) const;
     void LoadFromMemory(const Picture& snapshot, int format);
     /// Replaces the picture. It carries no metadata: those held go.
-    void setPictureHandle(const PictureHandle& handle);
+    void setPictureHandle(const PictureHandle& handle, const QString& damage = {});
     PictureHandle pictureHandle() const { return m_picture; }
     const Picture& picture() const { return m_picture; }
 

@@ -4,8 +4,10 @@
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/Stop.h"
+#include "codecs/Formats.h"
 #include "codecs/PictureFile.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
 #include <mutex>
@@ -62,9 +64,10 @@ MergedPictures& mergedPictures() {
 
 } // namespace
 
-int ImageBox::PageCount(const QString& path) {
+int ImageBox::PageCount(const QString& path, const std::stop_token& stop) {
     int pages = 1;
-    ignoringErrors([&] { pages = PictureFile(path).pageCount(); });
+    ignoringErrors([&] { pages = PictureFile(path).pageCount(stop); });
+    raiseIfStopped(stop);
     return pages;
 }
 
@@ -92,11 +95,12 @@ void ImageBox::LoadPage(const PictureFile& file, int page, const std::stop_token
 void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
     const StopScope scope(stop);
     requireImage();
-    const Codec* codec = codecForExtension(extensionOf(path));
-    if (!codec || !codec->encode)
-        fail(ErrorNumber::InvalidCall, path + QStringLiteral(": no writer for this format"));
+    const QString extension = extensionOf(path);
+    if (!isWritable(extension))
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBoxFiles", "%1: no writer for this format").arg(path));
     raiseIfStopped();
-    const QByteArray encoded = codec->encode(m_picture, saveSettings(), m_metadata.blocks());
+    const QByteArray encoded = encodePicture(extension, m_picture, saveSettings(), m_metadata.blocks());
     raiseIfStopped();
     writeFileSafely(path, encoded);
 }

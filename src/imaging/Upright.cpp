@@ -2,6 +2,7 @@
 #include "imaging/Upright.h"
 
 #include "base/IgnoringErrors.h"
+#include "base/Stop.h"
 #include "codecs/Flatten.h"
 #include "codecs/PictureFile.h"
 #include "embedded/ExifBlock.h"
@@ -80,9 +81,10 @@ int exifOrientation(const MetadataStore& metadata) {
                : UprightOrientation;
 }
 
-int fileOrientation(const QString& path) {
+int fileOrientation(const QString& path, const std::stop_token& stop) {
     int orientation = UprightOrientation;
-    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(PictureFile(path).metadata())); });
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(PictureFile(path).metadata(stop))); });
+    raiseIfStopped(stop);
     return orientation;
 }
 

@@ -10,8 +10,8 @@ class ImageBox;
 
 /// The EXIF orientation, 1 to 8; 1, which is upright, for data that hold none.
 int exifOrientation(const MetadataStore& metadata);
-/// The same of a picture file; 1 for a file that can't be read.
-int fileOrientation(const QString& path);
+/// The same of a picture file; 1 for a file that can't be read. Error 18 once a stop is requested.
+int fileOrientation(const QString& path, const std::stop_token& stop = {});
 
 /// Whether width and height change places when a picture of that orientation is turned upright.
 bool exchangesSides(int orientation);

@@ -3,11 +3,12 @@
 
 #include "base/Stop.h"
 #include "base/TrappedError.h"
-#include "codecs/Codec.h"
 #include "codecs/Flatten.h"
+#include "codecs/PictureFile.h"
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/ResizeSmooth.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStringList>
 #include <algorithm>
@@ -19,9 +20,7 @@ namespace {
 
 /// One file on its way to becoming a picture.
 struct Request {
-    QString path;
-    QString extension;
-    PictureSource bytes;
+    const PictureFile& file;
     LoadMode mode;
     Size box;
     Color backColor;
@@ -30,6 +29,7 @@ struct Request {
 struct Loaded {
     Picture picture;
     Size sourceSize;
+    QString damage = {};
 };
 
 bool isMetafile(const QString& extension) {
@@ -44,7 +44,7 @@ bool isOpenedDirectly(const QString& extension) {
     return extensions.contains(extension);
 }
 
-/// Half way between two whole numbers goes to the even one, as everywhere.
+/// Half way between two integers goes to the even one, as everywhere.
 int roundHalfToEven(double value) {
     return int(std::nearbyint(value));
 }
@@ -93,7 +93,9 @@ Picture centredOn(Size ground, const Picture& picture, Color backColor) {
 
 void requireBox(LoadMode mode, Size box) {
     if (mode != LoadMode::FullSize && (box.width < 1 || box.height < 1))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("a box of %1 x %2").arg(box.width).arg(box.height));
+        fail(
+            ErrorNumber::InvalidCall,
+            QCoreApplication::translate("fncLoadPicture", "a box of %1 x %2").arg(box.width).arg(box.height));
 }
 
 Picture drawn(const Picture& picture, Size sourceSize, LoadMode mode, Size box, Color backColor) {
@@ -102,77 +104,41 @@ Picture drawn(const Picture& picture, Size sourceSize, LoadMode mode, Size box, 
     return centredOn(ground, fitted, backColor);
 }
 
-Loaded decodeSmall(const Codec& codec, const Request& request) {
-    const PictureHeader header = codec.header(request.bytes, request.path);
-    const Size wanted = drawnSize({header.width, header.height}, request.mode, request.box);
-    ReducedPicture reduced = codec.decodeReduced(request.bytes, request.path, {wanted.width, wanted.height});
-    return {std::move(reduced.picture), {reduced.sourceSize.width, reduced.sourceSize.height}};
+Loaded decodeFull(const Request& request) {
+    DecodedPicture decoded = request.file.decode();
+    const Size size{decoded.picture.width(), decoded.picture.height()};
+    return {std::move(decoded.picture), size, std::move(decoded.damage)};
 }
 
-Loaded decodeWhole(const Codec& codec, const Request& request) {
-    Picture picture = codec.decode(request.bytes, request.path, 1).picture;
-    return {picture, {picture.width(), picture.height()}};
-}
-
-Loaded openFitted(const Codec& codec, const Request& request) {
-    Loaded loaded = codec.decodeReduced ? decodeSmall(codec, request) : decodeWhole(codec, request);
+Loaded openFitted(const Request& request) {
+    ReducedPicture read = request.file.decodeReduced([&](PixelSize full) {
+        const Size wanted = drawnSize({full.width, full.height}, request.mode, request.box);
+        return PixelSize{wanted.width, wanted.height};
+    });
     raiseIfStopped();
-    loaded.picture = drawn(loaded.picture, loaded.sourceSize, request.mode, request.box, request.backColor);
-    return loaded;
+    const Size full{read.sourceSize.width, read.sourceSize.height};
+    return {drawn(read.picture, full, request.mode, request.box, request.backColor), full};
 }
 
 /// A picture with transparency shows the back colour where nothing covers it.
-Loaded openOnBackColor(const Codec& codec, const Request& request) {
-    Loaded loaded = decodeWhole(codec, request);
+Loaded openOnBackColor(const Request& request) {
+    Loaded loaded = decodeFull(request);
     if (loaded.picture.hasAlpha())
         loaded.picture = centredOn(loaded.sourceSize, loaded.picture, request.backColor);
     return loaded;
 }
 
-/// The common formats, by content. Nothing when the file is of another format, or damaged; then
-/// `damage` says why.
-std::optional<Loaded> openDirectly(const Request& request, QString& damage) {
-    const Codec* codec = codecForContent(request.bytes, request.path);
-    if (!codec || !isOpenedDirectly(codec->extensions.first()))
-        return std::nullopt;
-    try {
-        return request.mode == LoadMode::FullSize ? openOnBackColor(*codec, request)
-                                                  : openFitted(*codec, request);
-    } catch (const TrappedError& error) {
-        raiseIfStopped();
-        damage = error.description;
-        return std::nullopt;
-    }
+/// The common formats are laid on the back colour; at full size, all others are as the file holds them.
+Loaded open(const Request& request, const QString& extension) {
+    if (request.mode != LoadMode::FullSize)
+        return openFitted(request);
+    const bool isCommon = isOpenedDirectly(extension) && isOpenedDirectly(request.file.usualExtension());
+    return isCommon ? openOnBackColor(request) : decodeFull(request);
 }
 
 [[noreturn]] void failLoading(const QString& fact) {
-    throw TrappedError{ErrorNumber::InvalidPicture, QStringLiteral("Error loading picture ") + fact};
-}
-
-/// All others: by content, else by extension. At full size the pixels are as the file holds them.
-Loaded openByFallback(const Request& request, const QString& damage) {
-    if (!damage.isEmpty()) // the same decoder would meet the same damage
-        failLoading(damage);
-    const Codec* codec = codecForContent(request.bytes, request.path);
-    if (!codec)
-        codec = codecForExtension(request.extension);
-    if (!codec)
-        failLoading(request.path + QStringLiteral(": no reader for this format"));
-    try {
-        return request.mode == LoadMode::FullSize ? decodeWhole(*codec, request)
-                                                  : openFitted(*codec, request);
-    } catch (const TrappedError& error) {
-        raiseIfStopped();
-        failLoading(error.description);
-    }
-}
-
-Loaded open(const Request& request) {
-    QString damage;
-    std::optional<Loaded> loaded;
-    if (isOpenedDirectly(request.extension))
-        loaded = openDirectly(request, damage);
-    return loaded ? *std::move(loaded) : openByFallback(request, damage);
+    throw TrappedError{ErrorNumber::InvalidPicture,
+                       QCoreApplication::translate("fncLoadPicture", "Error loading picture %1").arg(fact)};
 }
 
 } // namespace
@@ -196,9 +162,9 @@ Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color back
 }
 
 /// Nothing for a file that can't be opened: its content is unknown.
-static std::optional<PictureSource> sourceOf(const QString& path) {
+static std::optional<PictureFile> openedFile(const QString& path) {
     try {
-        return PictureSource::ofFile(path);
+        return PictureFile(path);
     } catch (const TrappedError& error) {
         const auto number = error.number;
         if (number != ErrorNumber::FileNotFound && number != ErrorNumber::PathNotFound &&
@@ -209,22 +175,27 @@ static std::optional<PictureSource> sourceOf(const QString& path) {
 }
 
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box, Color backColor,
-                                      Size* sourceSize, const std::stop_token& stop) {
+                                      Size* sourceSize, const std::stop_token& stop, QString* damage) {
     const StopScope scope(stop);
     requireBox(mode, box);
     raiseIfStopped();
-    const std::optional<PictureSource> source = sourceOf(path);
-    if (!source)
+    const std::optional<PictureFile> file = openedFile(path);
+    const QString extension = QFileInfo(path).suffix().toLower();
+    if (!file || (!file->isRecognised() && !isMetafile(extension)))
         return std::nullopt;
-    const Request request{path, QFileInfo(path).suffix().toLower(), *source, mode, box, backColor};
-    const bool known = isMetafile(request.extension) || codecForContent(request.bytes, path);
-    if (!known)
-        return std::nullopt;
-    raiseIfStopped();
-    Loaded loaded = open(request);
-    if (sourceSize)
-        *sourceSize = loaded.sourceSize;
-    return std::move(loaded.picture);
+    if (!file->isRecognised())
+        failLoading(QCoreApplication::translate("fncLoadPicture", "%1: no reader for this format").arg(path));
+    try {
+        Loaded loaded = open({*file, mode, box, backColor}, extension);
+        if (sourceSize)
+            *sourceSize = loaded.sourceSize;
+        if (damage)
+            *damage = loaded.damage;
+        return std::move(loaded.picture);
+    } catch (const TrappedError& error) {
+        raiseIfStopped();
+        failLoading(error.description);
+    }
 }
 
 } // namespace tarsel

@@ -25,10 +25,11 @@ struct Size {
 /// Opens any file as a picture, at full size or in a box; the first page of a document.
 /// Returns nothing for unknown content, and for a file that is missing or not readable. Error 481 when the
 /// content is known and can't be read. `sourceSize`, when given, receives the file's own size. Error 18 once
-/// a stop is requested. Any thread may call it.
+/// a stop is requested. Any thread may call it. `damage`, when given, receives what is wrong with a file that
+/// could be read in part at full size.
 std::optional<Picture> fncLoadPicture(const QString& path, LoadMode mode, Size box = {-1, -1},
                                       Color backColor = 0xFFFFFF, Size* sourceSize = nullptr,
-                                      const std::stop_token& stop = {});
+                                      const std::stop_token& stop = {}, QString* damage = nullptr);
 
 /// The size of a picture in mode FitInside.
 Size fitInside(Size picture, Size box);

@@ -32,9 +32,10 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
 }
 
 bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& stop) {
-    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop);
+    QString damage;
+    const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop, &damage);
     if (picture)
-        box.setPictureHandle(*picture);
+        box.setPictureHandle(*picture, damage);
     return picture.has_value();
 }
 

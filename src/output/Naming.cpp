@@ -4,7 +4,7 @@
 #include "base/Clock.h"
 #include "base/Conversions.h"
 #include "base/ErrorTrap.h"
-#include "codecs/Codec.h"
+#include "codecs/Formats.h"
 #include "collections/clsFileInfo.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
@@ -49,11 +49,10 @@ void exifDate(const NamingFacts& facts, const QString& pattern, QString& result)
 /// Kilobytes that the picture takes in a format that is offered with this token; other formats give nothing.
 QString encodedSize(const NamingFacts& facts) {
     const bool offered = facts.extension == QLatin1String("tif") || facts.extension == QLatin1String("pdf");
-    const Codec* codec = offered ? codecForExtension(facts.extension) : nullptr;
-    if (!codec || !codec->encode || !facts.box)
+    if (!offered || !isWritable(facts.extension) || !facts.box)
         return {};
-    const QByteArray bytes =
-        codec->encode(facts.box->picture(), facts.box->saveSettings(), facts.metadata.blocks());
+    const QByteArray bytes = encodePicture(facts.extension, facts.box->picture(), facts.box->saveSettings(),
+                                           facts.metadata.blocks());
     return numberText(roundHalfEven(double(bytes.size()) / 1024)) + QStringLiteral("Kb");
 }
 

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
+#include "bytes/Numbers.h"
+#include "codecs/Codec.h"
+#include "codecs/PictureLimit.h"
 #include "codecs/TiffDirectory.h"
+#include "embedded/ResourceBlocks.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/TiffStructure.h"
 
-#include <QtEndian>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <zlib.h>
@@ -31,17 +34,49 @@ TEST(DamagedFiles, aPictureCutInTheMiddleGivesItsUpperPartAndSaysSo) {
     }
 }
 
-TEST(DamagedFiles, claimsOfGigabytesInAFewBytesAreRefusedWithoutTheirMemory) {
+TEST(DamagedFiles, claimsOfGigabytesInAFewBytesAreRefusedWithTheSizeBeforeTheyTakeMemory) {
+    const QByteArray jpegFrame(
+        "\xFF\xD8\xFF\xC0\0\x0B\x08\xFF\xDC\xFF\xDC\1\1\x11\0\xFF\xDA\0\x08\1\1\0\0\x3F\0", 25);
     QByteArray png = codecForExtension(QStringLiteral("png"))->encode(test::photograph(4, 4), {}, {});
-    png.replace(16, 8, QByteArray::fromHex("00004e2000004e20")); // 20000 x 20000
+    png.replace(16, 8, QByteArray::fromHex("0000800000008000"));
+    QByteArray pcx(140, 1);
+    pcx.replace(0, 12, QByteArray("\x0A\x05\x01\x08\0\0\0\0\xFE\xFF\xFE\xFF", 12));
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        const char* size;
+    } cases[] = {
+        {"bomb.png", png, "32768 x 32768"},
+        {"bomb.jpg", jpegFrame, "65500 x 65500"},
+        {"bomb.pcx", pcx, "65535 x 65535"},
+        {"bomb.gif", QByteArray("GIF89a\xFF\xFF\xFF\xFF\0\0\0;", 14), "65535 x 65535"},
+        {"bomb.psd", QByteArray("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\x75\x30\0\0\x75\x30\0\x08\0\3", 26),
+         "30000 x 30000"},
+        {"bomb.bmp",
+         "BM" + QByteArray(8, 0) + QByteArray("\x36\0\0\0\x28\0\0\0\0\0\1\0\0\0\1\0\1\0\x18\0", 20) +
+             QByteArray(24, 0),
+         "65536 x 65536"},
+        {"bomb.tif",
+         test::tiffBlock(
+             {{256, 4, 1, 65536}, {257, 4, 1, 65536}, {258, 3, 1, 8}, {262, 3, 1, 1}, {273, 4, 1, 8}}),
+         "65536 x 65536"},
+    };
+    for (const auto& c : cases) {
+        const auto outcome = test::readBytes(c.bytes, QLatin1String(c.name));
+        EXPECT_EQ(outcome.errorNumber, ErrorNumber::UnreadableFile) << c.name;
+        const QString expected = QStringLiteral("%1 pixels exceed the limit of ").arg(QLatin1String(c.size));
+        EXPECT_TRUE(outcome.message.contains(expected)) << c.name << outcome.message.toStdString();
+    }
+    png.replace(16, 8, QByteArray::fromHex("00003e8000003e80")); // 16000 x 16000: within every limit
     const auto claimed = test::readBytes(png, QStringLiteral("bomb.png"));
-    EXPECT_EQ(claimed.errorNumber, ErrorNumber::UnreadableFile);
-    EXPECT_TRUE(claimed.message.contains(QLatin1String("20000 x 20000"))) << claimed.message.toStdString();
+    EXPECT_TRUE(claimed.message.contains(QLatin1String("but has only"))) << claimed.message.toStdString();
+}
 
-    QByteArray gif("GIF89a\xFF\xFF\xFF\xFF\0\0\0;", 14); // 65535 x 65535
-    EXPECT_EQ(test::readBytes(gif, QStringLiteral("bomb.gif")).errorNumber, ErrorNumber::UnreadableFile);
-    QByteArray psd("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\x75\x30\0\0\x75\x30\0\x08\0\3", 26); // 30000 x 30000
-    EXPECT_EQ(test::readBytes(psd, QStringLiteral("bomb.psd")).errorNumber, ErrorNumber::UnreadableFile);
+TEST(PictureLimit, FollowsTheMemoryBetweenItsBounds) {
+    EXPECT_EQ(largestPictureIn(1 << 30), 256'000'000);
+    EXPECT_EQ(largestPictureIn(std::int64_t(4) << 30), (std::int64_t(4) << 30) / 12);
+    EXPECT_EQ(largestPictureIn(INT64_MAX), Picture::MaximumPixels);
+    EXPECT_GT(memoryOfProcess(), 0);
 }
 
 TEST(DamagedFiles, aPcxOfFewBytesWithEndlessRowsIsReadNoFurtherThanItsEnd) {
@@ -52,6 +87,14 @@ TEST(DamagedFiles, aPcxOfFewBytesWithEndlessRowsIsReadNoFurtherThanItsEnd) {
     const auto outcome = test::readBytes(pcx, QStringLiteral("narrow.pcx"));
     ASSERT_TRUE(outcome.decoded) << outcome.message.toStdString();
     EXPECT_EQ(outcome.decoded->picture.height(), 65535);
+}
+
+TEST(DamagedFiles, aPsdWithoutItsMergedPictureSaysSo) {
+    QByteArray psd = test::bytesOf(QStringLiteral(TARSEL_PIXEL_FIXTURES "/selection.psd"));
+    const QByteArray version = ResourceBlocks::block(0x0421, QByteArray(9, '\0'));
+    psd.replace(33, 1, QByteArray(1, char(version.size())) + version); // the resources were empty
+    EXPECT_TRUE(
+        test::readBytes(psd, QStringLiteral("layers.psd")).decoded->damage.contains(QLatin1String("merged")));
 }
 
 TEST(HostileFiles, aTiffDirectoryOfRepeatedEntriesIsRefused) {
@@ -75,10 +118,14 @@ TEST(HostileFiles, aDirectoryThatManyPointersLeadToIsReadOnce) {
     const quint32 shared = test::tiffRest(2);
     const QByteArray bytes = test::tiffBlock({{0x8769, 4, 1, shared}, {0x8825, 4, 1, shared}}, 0,
                                              test::tiffDirectory({{0x8825, 4, 1, 8}, {0x9003, 2, 1, 0}}));
-    const TiffDirectory directory = readTiffDirectory(bytes, false, 8);
+    const TiffDirectory directory = readTiffTree(bytes).directory;
     ASSERT_EQ(directory.entries.size(), 1U);
     ASSERT_EQ(directory.entries[0].child.size(), 1U);
     EXPECT_EQ(directory.entries[0].child[0].entries.size(), 1U) << "the way back is not followed";
+    const auto twice =
+        readTiffTree(test::tiffBlock({{0x13B, 2, 2, 'a'}, {0x13B, 2, 2, 'b'}})).directory.entries;
+    ASSERT_EQ(twice.size(), 1U);
+    EXPECT_EQ(twice[0].value, QByteArray("b\0", 2)) << "the last of a repeated tag counts";
 }
 
 TEST(HostileFiles, aWhiteFaxPageOfFewBytesIsAPicture) {
@@ -94,12 +141,12 @@ TEST(HostileFiles, aWhiteFaxPageOfFewBytesIsAPicture) {
 QByteArray textChunk() {
     const QByteArray zlib = qCompress(QByteArray(15 << 20, 'x'), 9).mid(4);
     const QByteArray body = QByteArray("zTXtnote\0\0", 10) + zlib;
-    const auto bigEndian = [](quint32 number) {
-        const quint32 swapped = qToBigEndian(number);
-        return QByteArray(reinterpret_cast<const char*>(&swapped), 4);
-    };
     const auto crc = ::crc32(0, reinterpret_cast<const Bytef*>(body.constData()), uInt(body.size()));
-    return bigEndian(quint32(body.size() - 4)) + body + bigEndian(quint32(crc));
+    QByteArray chunk;
+    appendNumber(chunk, quint32(body.size() - 4), ByteOrder::Big);
+    chunk += body;
+    appendNumber(chunk, quint32(crc), ByteOrder::Big);
+    return chunk;
 }
 
 TEST(HostileFiles, textThatNobodyReadsTakesNoMemory) {

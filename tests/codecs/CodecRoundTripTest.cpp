@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/PictureFile.h"
 #include "embedded/ResourceBlocks.h"
 #include "imaging/ImageBox.h"
 #include "tests/support/CodecTestFiles.h"
@@ -17,7 +18,7 @@ QByteArray encoded(const char* extension, const Picture& picture, const SaveSett
 }
 
 DecodedPicture decoded(const QByteArray& bytes) {
-    return decodeByContent(bytes, QStringLiteral("round trip"), 1);
+    return PictureFile(bytes, QStringLiteral("round trip")).decode(1);
 }
 
 void expectSameBlocks(const EmbeddedMetadata& after, const EmbeddedMetadata& before) {

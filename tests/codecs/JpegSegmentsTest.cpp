@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/PictureFile.h"
 #include "tests/support/CodecTestFiles.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ QByteArray jpegWith(const std::vector<JpegSegment>& segments) {
 }
 
 EmbeddedMetadata metadataOf(const std::vector<JpegSegment>& segments) {
-    return decodeByContent(jpegWith(segments), QStringLiteral("made.jpg"), 1).metadata;
+    return PictureFile(jpegWith(segments), QStringLiteral("made.jpg")).decode(1).metadata;
 }
 
 JpegSegment exif(const QByteArray& part) {

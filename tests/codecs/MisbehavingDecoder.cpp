@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A decoder process that does what the file's bytes say, after the header when it is a GIF file: it answers,
-// or breaks the protocol in one of the ways that a damaged decoder can. Each request adds a byte to the file
-// that the environment's TARSEL_DECODER_REQUESTS names.
+// breaks the protocol in one of the ways that a damaged decoder can, or does what one that was taken over
+// would try. Each request adds a byte to the file "<this program's path>.requests" where there is one.
 
 #include "codecs/DecoderProtocol.h"
+#include "decoder/Confinement.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
+#include <string>
 #include <string_view>
 #include <sys/mman.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace tarsel;
@@ -20,69 +25,84 @@ namespace {
         ::pause();
 }
 
-void answerWith(std::uint32_t serial, int descriptor) {
-    sendRecord(DecoderSocket, DecoderReply{2, 1, 3, {}, serial}, descriptor);
+void answerWith(std::uint32_t serial, int channels, std::initializer_list<int> descriptors = {}) {
+    sendRecord(DecoderSocket, DecoderReply{serial, channels, 0, "a\x1B\nb"}, descriptors);
 }
 
-/// Two gray pixels.
-void answer(std::uint32_t serial) {
-    const Descriptor pixels(::memfd_create("pixels", 0));
+/// Gray pixels.
+void answer(std::uint32_t serial, const Descriptor& pixels) {
     const char bytes[] = {7, 7, 7, 7, 7, 7};
-    if (::write(pixels.number(), bytes, sizeof bytes) == sizeof bytes)
-        answerWith(serial, pixels.number());
+    if (::pwrite(pixels.number(), bytes, sizeof bytes, 0) == sizeof bytes)
+        answerWith(serial, 3);
 }
 
-void answerWithAPipe(std::uint32_t serial) {
-    static int ends[2]; // the other end stays open
-    if (::pipe(ends) == 0)
-        answerWith(serial, ends[0]);
+/// The same when an order is carried out and when it fails: only the end of the process refuses it.
+void attempt(std::string_view order, std::uint32_t serial) {
+    decoder::confineProcess();
+    if (order == "open a file")
+        ::open("/dev/null", O_RDONLY);
+    if (order == "open a socket")
+        ::socket(AF_INET, SOCK_STREAM, 0);
+    if (order == "start a shell")
+        ::execl("/bin/sh", "sh", nullptr);
+    if (order == "start a process")
+        ::fork();
+    if (order == "signal the parent")
+        ::syscall(SYS_tgkill, ::getppid(), ::getppid(), 0);
+    if (order == "make memory executable")
+        ::mmap(nullptr, 4096, PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    answerWith(serial, 0);
 }
 
-void countRequest() {
-    if (const char* path = std::getenv("TARSEL_DECODER_REQUESTS"))
-        std::ofstream(path, std::ios::app) << '.';
-}
-
-void perform(std::string_view order, std::uint32_t serial) {
+void perform(std::string_view order, std::uint32_t serial, const std::vector<Descriptor>& descriptors) {
     if (order == "answer")
-        return answer(serial);
+        return answer(serial, descriptors[1]);
     if (order == "answer, then exit") {
-        answer(serial);
+        answer(serial, descriptors[1]);
         std::_Exit(0);
     }
     if (order == "answer an earlier request")
-        return answer(serial - 1);
-    if (order == "no pixels")
-        return answerWith(serial, -1);
-    if (order == "too few pixels")
-        return answerWith(serial, ::memfd_create("empty", 0));
-    if (order == "pixels from a pipe")
-        return answerWithAPipe(serial);
+        return answer(serial - 1, descriptors[1]);
+    if (order == "bad words")
+        return answerWith(serial, 0);
+    if (order == "an odd number of channels")
+        return answerWith(serial, 5);
+    if (order == "send descriptors")
+        return answerWith(serial, 3, {0, 1, 2});
+    if (order == "shrink the memory for pixels")
+        return answerWith(serial, ::ftruncate(descriptors[1].number(), 0) == 0 ? 3 : 0);
+    if (order == "change the file")
+        return answerWith(serial, ::pwrite(descriptors[0].number(), "x", 1, 0) == 1 ? 3 : 0);
+    if (order == "look at the environment")
+        return answerWith(serial, *environ ? 3 : 0);
     if (order == "half an answer")
-        sendMessage(DecoderSocket, order.data(), 8, -1);
+        sendMessage(DecoderSocket, std::as_bytes(std::span(order.data(), 8)));
     if (order == "close the socket")
         ::close(DecoderSocket);
     if (order == "exit")
         std::_Exit(3);
     if (order == "crash")
         std::abort();
+    if (order.starts_with("locked: "))
+        return attempt(order.substr(8), serial);
     sleepForever();
 }
 
 } // namespace
 
-int main() {
+int main(int, char** arguments) {
+    const std::string counter = std::string(arguments[0]) + ".requests";
     for (;;) {
         DecoderRequest request;
-        Descriptor content;
-        if (!receiveRecord(DecoderSocket, request, content))
+        std::vector<Descriptor> descriptors;
+        if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
             return 0;
         char order[64];
-        const ssize_t size = ::pread(content.number(), order, sizeof order, 0);
+        const ssize_t size = ::pread(descriptors[0].number(), order, sizeof order, 0);
         std::string_view text(order, size < 0 ? 0 : std::size_t(size));
         if (text.starts_with("GIF89a"))
             text.remove_prefix(13);
-        countRequest();
-        perform(text, request.serial);
+        std::fstream(counter, std::ios::in | std::ios::out | std::ios::ate) << '.';
+        perform(text, request.serial, descriptors);
     }
 }

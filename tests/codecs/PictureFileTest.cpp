@@ -2,12 +2,15 @@
 #include "codecs/PictureFile.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "imaging/ImageBox.h"
+#include "imaging/Upright.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestPictures.h"
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace tarsel {
@@ -42,16 +45,32 @@ TEST_F(PictureFiles, aHugeFileIsReadOnlyWhereItsPictureIs) {
     }
 }
 
-TEST_F(PictureFiles, aHugeFileOfAFormatThatIsReadAtOnceIsRefusedByItsSize) {
-    const PictureFile file(hugeFile("huge.jpg", encoded("jpg")));
-    EXPECT_EQ(file.header().width, 31);
-    EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
+TEST_F(PictureFiles, aHugeFileIsRefusedWhereAllOfItWouldBeReadOrItIsNotAPicture) {
+    const PictureFile picture(hugeFile("huge.jpg", encoded("jpg")));
+    EXPECT_EQ(picture.header().width, 31);
+    const PictureFile other(hugeFile("huge.tif", QByteArray(10, 0)));
+    EXPECT_FALSE(other.isRecognised());
+    for (const PictureFile& file : {picture, other})
+        EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
 }
 
-TEST_F(PictureFiles, aHugeFileThatIsNotAPictureIsRefusedByItsStart) {
-    const PictureFile file(hugeFile("huge.tif", QByteArray(10, 0)));
-    EXPECT_EQ(file.codec(), nullptr);
-    EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
+TEST_F(PictureFiles, aStopEndsEveryQuestion) {
+    std::stop_source stopped;
+    stopped.request_stop();
+    const std::stop_token stop = stopped.get_token();
+    const QString path = m_folder.filePath(QStringLiteral("a.tif"));
+    writeFileSafely(path, encoded("tif"));
+    const PictureFile file(path);
+    const std::function<void()> questions[] = {
+        [&] { file.header(stop); },
+        [&] { file.pageCount(stop); },
+        [&] { file.metadata(stop); },
+        [&] { file.decode(1, stop); },
+        [&] { file.decodeReduced([](PixelSize size) { return size; }, stop); },
+        [&] { ImageBox::PageCount(path, stop); },
+        [&] { fileOrientation(path, stop); }};
+    for (const auto& question : questions)
+        EXPECT_EQ(test::errorNumberOf(question), ErrorNumber::Interrupted);
 }
 
 TEST_F(PictureFiles, aFileThatShrinksWhileItIsOpenIsDamagedAndNoCrash) {
@@ -60,6 +79,7 @@ TEST_F(PictureFiles, aFileThatShrinksWhileItIsOpenIsDamagedAndNoCrash) {
     const PictureFile file(path);
     EXPECT_EQ(file.header().height, 17);
     ASSERT_TRUE(QFile::resize(path, 100));
+    EXPECT_EQ(file.pageCount(), 1) << "where the pages are is found out once";
     EXPECT_EQ(test::errorNumberOf([&] { file.decode(); }), ErrorNumber::UnreadableFile);
 }
 
@@ -67,7 +87,7 @@ TEST_F(PictureFiles, aPhonePictureOfEitherExtensionOpens) {
     const QByteArray bytes("\0\0\x08\x01\xAA", 5);
     for (const char* name : {"a.wbmp", "a.wbm", "A.WBM"})
         EXPECT_EQ(PictureFile(bytes, QLatin1String(name)).decode().picture.width(), 8) << name;
-    EXPECT_EQ(PictureFile(bytes, QStringLiteral("a.txt")).codec(), nullptr);
+    EXPECT_FALSE(PictureFile(bytes, QStringLiteral("a.txt")).isRecognised());
 }
 
 } // namespace

@@ -102,7 +102,7 @@ TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails)
     list(pictures);
     EXPECT_EQ(texts(lvFolder), "a.bmp b.pcx bad.jpg empty.jpg five.tiff good.jpg strange.png");
     EXPECT_EQ(column(lvFolder, FolderColumn::Resolution, '|'),
-              "7 X 5 X 24||0 X 0 X 0|0 X 0 X 0|9 X 7 X 24|33 X 22 X 24|0 X 0 X 0");
+              "7 X 5 X 24||0 X 0 X 24|0 X 0 X 0|9 X 7 X 24|33 X 22 X 24|0 X 0 X 0");
     EXPECT_EQ(lvFolder.subItem(4, FolderColumn::Pages), QStringLiteral("5"));
     EXPECT_EQ(ilFolder.count(), 0);
     view.cmdThumbnailFolder(); // lists again

@@ -27,14 +27,6 @@ QByteArray textOf(const ExifBlock& block, quint16 tag) {
 
 } // namespace
 
-TEST(ExifBlock, RefusesWhatIsNoTiffStructure) {
-    for (const QByteArray& bytes :
-         {QByteArray(), QByteArray("II"), QByteArray("II*\0\x08\0\0", 7),
-          QByteArray("XX*\0\x08\0\0\0\0\0\0\0\0\0", 14), QByteArray("II\x2B\0\x08\0\0\0\0\0\0\0\0\0", 14),
-          QByteArray("II*\0\xFF\0\0\0\0\0\0\0\0\0", 14), QByteArray("II*\0\0\0\0\0\0\0\0\0\0\0", 14)})
-        EXPECT_FALSE(ExifBlock::read(bytes)) << bytes.toHex().constData();
-}
-
 TEST(ExifBlock, ANewAttributeLeavesTheMakerNoteWhereItIs) {
     ExifBlock block = *ExifBlock::read(cameraBlock());
     const qsizetype before = block.find(ExifGroup::Photo, 0x927C)->valuePosition;
@@ -126,20 +118,14 @@ TEST(ExifBlock, RoomOfAThumbnailInTheMiddleIsUsedAgain) {
     EXPECT_EQ(textOf(block, software), "Editor 1.0");
 }
 
-TEST(ExifBlock, ADirectoryThatLeadsToItselfIsReadOnce) {
-    const ExifBlock block =
-        *ExifBlock::read(tiffBlock({{make, asciiType, 4, 0x00656D41}, {photoPointer, longType, 1, 8}}, 8));
-    EXPECT_EQ(block.entries().size(), 2u);
-}
-
-TEST(ExifBlock, CountsAndOffsetsBeyondTheBlockGiveNoValue) {
-    const ExifBlock block = *ExifBlock::read(tiffBlock({{make, asciiType, 0xFFFFFFFF, 8},
-                                                        {artist, asciiType, 8, 0xFFFFFFF0},
-                                                        {0x011A, 5, 0x20000001, 8},
-                                                        {0x0128, 99, 1, 2},
-                                                        {software, asciiType, 3, 0x00004241}}));
-    ASSERT_EQ(block.entries().size(), 5u);
-    for (int i = 0; i < 4; ++i)
-        EXPECT_FALSE(block.entries()[size_t(i)].hasValue) << i;
-    EXPECT_EQ(textOf(block, software), "AB");
+/// tests/bytes has the other faults of a structure.
+TEST(ExifBlock, DamagedStructuresAreReadAsFarAsTheyMakeSense) {
+    for (const QByteArray& refused :
+         {QByteArray("II"), QByteArray("II\x2B\0\x08\0\0\0\0\0\0\0\0\0\0\0\0\0", 18),
+          QByteArray("II*\0\xFF\0\0\0\0\0\0\0\0\0", 14)})
+        EXPECT_FALSE(ExifBlock::read(refused)) << refused.toHex().constData();
+    const ExifBlock block = *ExifBlock::read(
+        tiffBlock({{make, asciiType, 0xFFFFFFFF, 8}, {photoPointer, longType, 1, 8}}, 8)); // leads to itself
+    ASSERT_EQ(block.entries().size(), 2u);
+    EXPECT_FALSE(block.entries()[0].hasValue);
 }

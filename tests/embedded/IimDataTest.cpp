@@ -88,13 +88,10 @@ TEST(IimData, OldTextsReadTheSameAfterANewOneInAnyCharacterSet) {
         EXPECT_EQ(again.text(caption), QStringLiteral("café"));
         EXPECT_EQ(again.texts(keyword), QStringList({QStringLiteral("garçon"), QStringLiteral("boy")}));
     }
-}
-
-TEST(IimData, ALaterKeywordThatNeedsUtf8TurnsTheEarlierOnes) {
-    IimData data(dataSet(caption, "caf\xE9"));
-    const QStringList words{QStringLiteral("garçon"), QStringLiteral("谢谢")};
-    data.setTexts(keyword, words);
-    EXPECT_EQ(IimData(data.bytes()).texts(keyword), words);
+    IimData turned(old);
+    const QStringList words{QStringLiteral("garçon"), QStringLiteral("谢谢")}; // the second needs UTF-8
+    turned.setTexts(keyword, words);
+    EXPECT_EQ(IimData(turned.bytes()).texts(keyword), words);
 }
 
 TEST(IimData, ATextTooLongForADataSetChangesNothing) {
@@ -187,17 +184,13 @@ TEST(IptcFields, WhatIsNoDateReadsAsTheEmptyDate) {
     }
 }
 
-TEST(IptcFields, TheRowsStandInThisOrderOverTheseDataSets) {
-    QByteArray dataSets, all;
-    for (const IptcField& field : iptcFields()) {
-        dataSets += (field.isListed ? " " : " -") + QByteArray::number(field.dataset);
+TEST(IptcFields, TheRowsStayInTheirOrderOverTheirDataSets) {
+    QByteArray all;
+    for (const IptcField& field : iptcFields())
         all += field.member.toLatin1() + ' ' + QByteArray::number(int(field.kind)) + ' ' +
-               field.label.toLatin1() + '\n';
-    }
-    EXPECT_EQ(dataSets, " 120 122 105 40 25 15 20 80 85 110 115 5 90 95 101 103 116 220 55 7 22 30 45 47 50 "
-                        "65 70 75 92 100 121 200 201 202 203 204 205 206 207 208 209 210 211 212 213 214 "
-                        "215 216 217 218 219 230 -35 -60 -10 -80");
-    EXPECT_EQ(digestOf(all), "bebba2342e7f11bf") << all.constData();
+               QByteArray::number(field.dataset) + (field.isListed ? " " : " -") + field.label.toLatin1() +
+               '\n';
+    EXPECT_EQ(digestOf(all), "1a15867a6d9f569d") << all.constData();
     EXPECT_THROW(iptcField("IptcNothing"), TrappedError);
 }
 

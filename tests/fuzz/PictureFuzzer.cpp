@@ -22,7 +22,7 @@ void fuzz::readPicture(const QByteArray& bytes) {
     if (std::int64_t(header.width) * header.height >= 1'000'000) // speed is not the question
         return;
     try {
-        require(!decodeByContent(bytes, name, 1).picture.isNull(), "what is read has pixels");
+        require(!PictureFile(bytes, name).decode(1).picture.isNull(), "what is read has pixels");
     } catch (const TrappedError& error) {
         require(error.number == ErrorNumber::UnreadableFile, "what can't be read is refused as a file");
         require(error.description.contains(name), "the message names the file");

@@ -24,6 +24,7 @@ const struct {
     {"lcms2", QRegularExpression(QStringLiteral("^lcms2"))},
     {"Exiv2", QRegularExpression(QStringLiteral("^exiv2/"))},
     {"FreeImage", QRegularExpression(QStringLiteral("^FreeImage"))},
+    {"libseccomp", QRegularExpression(QStringLiteral("^seccomp"))},
 };
 
 constexpr int programLevel = 1000; ///< "-" in the table: above all libraries
@@ -115,6 +116,9 @@ protected:
             rows.contains(own)
                 ? use(file, folder, own)
                 : report(file, match.captured(1) + QStringLiteral(" is in no folder of the table"));
+        if (match.captured(1) == QLatin1String("codecs/Codec.h") && folder != QLatin1String("codecs"))
+            report(file,
+                   QStringLiteral("the codecs are reached by codecs/PictureFile.h and codecs/Formats.h"));
         const QString library = libraryOf(match.captured(2));
         const bool included =
             library == QLatin1String("Qt Gui") && rows[folder].mayUse.contains(QStringLiteral("Qt Widgets"));

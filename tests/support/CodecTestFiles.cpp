@@ -3,6 +3,7 @@
 
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "codecs/PictureFile.h"
 #include "codecs/TiffDirectory.h"
 #include "embedded/ResourceBlocks.h"
 #include "tests/support/TestPictures.h"
@@ -31,7 +32,7 @@ QByteArray exifBlock() {
     TiffDirectory image;
     image.put({0x010E, 2, 12, QByteArray("At the river\0", 13).left(12), {}});
     image.put({0x8769, 4, 1, QByteArray(4, 0), {photo}});
-    return writeTiffStart({false, 8}) + writeTiffDirectory(image, false, 8);
+    return writeTiffStart(false, 8) + writeTiffDirectory(image, false, 8);
 }
 
 } // namespace
@@ -39,7 +40,7 @@ QByteArray exifBlock() {
 ReadOutcome readBytes(const QByteArray& bytes, const QString& name, int page) {
     ReadOutcome outcome;
     try {
-        outcome.decoded = decodeByContent(bytes, name, page);
+        outcome.decoded = PictureFile(bytes, name).decode(page);
     } catch (const TrappedError& error) {
         outcome.errorNumber = error.number;
         outcome.message = error.description;

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "decoder/Confinement.h"
+
+#include "codecs/DecoderProtocol.h"
+
+#include <cerrno>
+#include <csignal>
+#include <initializer_list>
+#include <seccomp.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace tarsel::decoder {
+
+namespace {
+
+#if defined __SANITIZE_ADDRESS__ || defined __SANITIZE_THREAD__
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
+constexpr rlim_t MemoryLimit = rlim_t(4) << 30;
+constexpr rlim_t SecondsForOneFile = 30; // of processor time
+constexpr rlim_t DescriptorLimit = 16;
+
+bool setHardLimit(decltype(RLIMIT_AS) resource, rlim_t amount) {
+    const rlimit both{amount, amount};
+    return ::setrlimit(resource, &both) == 0;
+}
+
+bool limitResources() {
+    bool all = setHardLimit(RLIMIT_CORE, 0);
+    all &= setHardLimit(RLIMIT_NOFILE, DescriptorLimit);
+    all &= setHardLimit(RLIMIT_FSIZE, 0);
+    all &= setHardLimit(RLIMIT_NPROC, 0);
+    if (!isSanitized)
+        all &= setHardLimit(RLIMIT_AS, MemoryLimit);
+    return all;
+}
+
+/// System calls whose arguments can do no harm.
+constexpr std::initializer_list<int> HarmlessCalls = {
+    SCMP_SYS(recvmsg),      SCMP_SYS(sendmsg),      SCMP_SYS(close),          SCMP_SYS(read),
+    SCMP_SYS(write),        SCMP_SYS(writev),       SCMP_SYS(munmap),         SCMP_SYS(mremap),
+    SCMP_SYS(brk),          SCMP_SYS(madvise),      SCMP_SYS(futex),          SCMP_SYS(getrusage),
+    SCMP_SYS(getrandom),    SCMP_SYS(getpid),       SCMP_SYS(gettid),         SCMP_SYS(clock_gettime),
+    SCMP_SYS(rt_sigreturn), SCMP_SYS(rt_sigaction), SCMP_SYS(rt_sigprocmask), SCMP_SYS(restart_syscall),
+    SCMP_SYS(sched_yield),  SCMP_SYS(exit),         SCMP_SYS(exit_group),
+};
+
+/// 0 when the rules are in force.
+int addRules(scmp_filter_ctx filter) {
+    int failed = 0;
+    const auto allow = [&](int call) { failed |= ::seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0); };
+    const auto allowIf = [&](int call, scmp_arg_cmp condition) {
+        failed |= ::seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 1, condition);
+    };
+    for (const int call : HarmlessCalls)
+        allow(call);
+    // Memory that is never executed; limits and signals of this process alone.
+    for (const int call : {SCMP_SYS(mmap), SCMP_SYS(mprotect)})
+        allowIf(call, SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
+    allowIf(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_EQ, 0));
+    allowIf(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(::getpid())));
+    return failed ? failed : ::seccomp_load(filter);
+}
+
+bool limitSystemCalls() {
+    if (isSanitized)
+        return true;
+    const scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_KILL_PROCESS);
+    if (!filter)
+        return false;
+    const int failed = addRules(filter);
+    ::seccomp_release(filter);
+    return failed == 0;
+}
+
+} // namespace
+
+std::uint32_t confineProcess() {
+    std::uint32_t missing = 0;
+    const auto require = [&](bool isLocked, DecoderLock lock) {
+        missing |= isLocked ? 0U : std::uint32_t(lock);
+    };
+    require(::close_range(DecoderSocket + 1, ~0U, 0) == 0, DescriptorsLock);
+    require(::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0, ParentLock);
+    require(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, PrivilegesLock);
+    require(limitResources(), LimitsLock);
+    require(limitSystemCalls(), SystemCallsLock);
+    return missing;
+}
+
+void allowTimeForOneFile() {
+    rusage used = {};
+    ::getrusage(RUSAGE_SELF, &used);
+    const rlimit limit{rlim_t(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + SecondsForOneFile,
+                       RLIM_INFINITY};
+    ::setrlimit(RLIMIT_CPU, &limit);
+}
+
+} // namespace tarsel::decoder
