@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How long the pixel operations take on a picture of 12 megapixels. Times mean something only beside the
-// first case, a memcpy of such a picture in the same run: with --benchmark_counters_tabular=true the column
-// "memcpys" shows each time in that unit.
+// How long the pixel operations take on a picture of 12 megapixels, and the same work in other libraries.
+// Times mean something only beside a memcpy of the picture in the same run: with
+// --benchmark_counters_tabular=true the column "memcpys" shows the best time in that unit.
 
+#include "bench/OperationPeers.h"
 #include "imaging/ImageBox.h"
 
 #include <QGuiApplication>
@@ -15,8 +16,8 @@ using namespace tarsel;
 
 namespace {
 
-constexpr int Width = 4000;
-constexpr int Height = 3000;
+constexpr int pictureWidth = 4000;
+constexpr int pictureHeight = 3000;
 
 /// Detail of all sizes, as photographs have it.
 Picture detailedPicture(int width, int height, int channels) {
@@ -36,35 +37,47 @@ double secondsOf(const std::function<void()>& work) {
 }
 
 /// The unit: one copy between two buffers of a picture's size, both in memory already.
-double memcpySeconds() {
-    static const std::vector<char> from(std::size_t(Width) * Height * 3, 1);
-    static std::vector<char> to(std::size_t(Width) * Height * 3, 2);
+double memcpySeconds(int channels) {
+    static const std::vector<char> from(std::size_t(pictureWidth) * pictureHeight * 4, 1);
+    static std::vector<char> to(std::size_t(pictureWidth) * pictureHeight * 4, 2);
     return secondsOf([&] {
-        std::memcpy(to.data(), from.data(), to.size());
+        std::memcpy(to.data(), from.data(),
+                    std::size_t(pictureWidth) * pictureHeight * std::size_t(channels));
         benchmark::ClobberMemory();
     });
 }
 
 using Work = std::function<void(ImageBox&)>;
 
-/// Each round starts from the same unshared picture; making it is not measured.
-void measure(benchmark::State& state, const Work& work, int channels) {
-    const Picture original = detailedPicture(Width, Height, channels);
-    ImageBox box;
-    box.Resample = true;
-    box.Font.Name = QStringLiteral("DejaVu Sans");
+/// `prepare` is not measured. Counts the best round of `work`, and the best memcpy.
+void measure(benchmark::State& state, int channels, const std::function<void()>& prepare,
+             const std::function<void()>& work) {
     double best = 1e9;
     double unit = 1e9;
     for (auto _ : state) {
-        Picture copy = original;
-        copy.edit();
-        box.setPictureHandle(std::exchange(copy, {}));
-        unit = std::min(unit, memcpySeconds());
-        const double seconds = secondsOf([&] { work(box); });
+        prepare();
+        unit = std::min(unit, memcpySeconds(channels));
+        const double seconds = secondsOf(work);
         state.SetIterationTime(seconds);
         best = std::min(best, seconds);
     }
     state.counters["memcpys"] = best / unit;
+}
+
+using Work = std::function<void(ImageBox&)>;
+
+/// Each round starts from the same unshared picture.
+void measureBox(benchmark::State& state, const Work& work, int channels) {
+    const Picture original = detailedPicture(pictureWidth, pictureHeight, channels);
+    ImageBox box;
+    box.Resample = true;
+    box.Font.Name = QStringLiteral("DejaVu Sans");
+    const auto prepare = [&] {
+        Picture copy = original;
+        copy.edit();
+        box.setPictureHandle(std::exchange(copy, {}));
+    };
+    measure(state, channels, prepare, [&] { work(box); });
 }
 
 struct Case {
@@ -75,7 +88,8 @@ struct Case {
 std::vector<Case> cases() {
     static const Picture logo = detailedPicture(300, 200, 4);
     static const Picture tile = detailedPicture(300, 200, 3);
-    static const Picture cover = detailedPicture(Width, Height, 3);
+    static const Picture cover = detailedPicture(pictureWidth, pictureHeight, 3);
+    static const Picture alphaCover = detailedPicture(pictureWidth, pictureHeight, 4);
     const auto mergeWith = [](const Picture& layer, int style, double transparency) {
         return [&layer, style, transparency](ImageBox& b) {
             b.MergeStyle = style;
@@ -96,13 +110,16 @@ std::vector<Case> cases() {
         {"Sharpen", [](ImageBox& b) { b.Sharpen(5); }},
         {"Blur 1", [](ImageBox& b) { b.Blur(1); }},
         {"Blur 2", [](ImageBox& b) { b.Blur(2); }},
+        {"Blur 3", [](ImageBox& b) { b.Blur(3); }},
         {"Blur 5", [](ImageBox& b) { b.Blur(5); }},
+        {"Blur 7", [](ImageBox& b) { b.Blur(7); }},
         {"Blur 10", [](ImageBox& b) { b.Blur(10); }},
         {"Flip horizontally", [](ImageBox& b) { b.Flip(0); }},
         {"Flip vertically", [](ImageBox& b) { b.Flip(1); }},
         {"Rotate 90", [](ImageBox& b) { b.Rotate(90); }},
         {"Rotate 180", [](ImageBox& b) { b.Rotate(180); }},
         {"Rotate 7, smooth", [](ImageBox& b) { b.Rotate(7); }},
+        {"Rotate 45, smooth", [](ImageBox& b) { b.Rotate(45); }},
         {"Rotate 7, nearest",
          [](ImageBox& b) {
              b.Resample = false;
@@ -133,11 +150,20 @@ std::vector<Case> cases() {
         {"Merge tiles, half transparent", mergeWith(tile, 2, 50)},
         {"Merge tiles with alpha", mergeWith(logo, 2, 50)},
         {"Merge a cover, half transparent", mergeWith(cover, 1, 50)},
+        {"Merge a cover with alpha", mergeWith(alphaCover, 1, 0)},
         {"DrawText",
          [](ImageBox& b) {
              b.DrawText(b.Width() - 800, b.Height() - 80, QStringLiteral("Harbour, September"));
          }},
     };
+}
+
+template <class Measure>
+void add(const QString& name, const Measure& body) {
+    benchmark::RegisterBenchmark(name.toStdString().c_str(), body)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(12);
 }
 
 } // namespace
@@ -148,14 +174,14 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     for (const auto& [name, work] : cases())
         for (const int channels : {3, 4})
-            benchmark::RegisterBenchmark(
-                (QLatin1String(name) + (channels == 4 ? QStringLiteral(", 32 bits") : QString()))
-                    .toStdString()
-                    .c_str(),
-                [work = work, channels](benchmark::State& state) { measure(state, work, channels); })
-                ->UseManualTime()
-                ->Unit(benchmark::kMillisecond)
-                ->Iterations(12);
+            add(QLatin1String(name) + (channels == 4 ? QStringLiteral(", 32 bits") : QString()),
+                [work = work, channels](benchmark::State& state) { measureBox(state, work, channels); });
+    const Picture picture = detailedPicture(pictureWidth, pictureHeight, 3);
+    for (const auto& [name, work] : bench::peersOn(picture))
+        add(QLatin1String(name), [work = work](benchmark::State& state) {
+            measure(
+                state, 3, [] {}, work);
+        });
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -8,9 +8,9 @@
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "codecs/Formats.h"
+#include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
-#include "output/LoadSource.h"
 #include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
 
@@ -70,12 +70,10 @@ int run(const Arguments& arguments, Terminal& terminal) {
         throw UsageError{QCoreApplication::translate("CommandLine", "--tasks is missing")};
     if (arguments.operands().size() != 2)
         throw UsageError{QCoreApplication::translate("CommandLine", "expected IN OUT")};
-    RowResult result{.row = 1,
-                     .source = absolutePath(arguments.operands().at(0)),
-                     .target = absolutePath(arguments.operands().at(1)),
-                     .state = RowState::Written,
-                     .reason = {},
-                     .isDry = false};
+    RowResult result;
+    result.row = 1;
+    result.source = absolutePath(arguments.operands().at(0));
+    result.target = absolutePath(arguments.operands().at(1));
     requireWritable(result.target);
     TaskList tasks;
     modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
@@ -84,10 +82,12 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {
-        result.reason = apply(result.source, result.target, tasks, arguments.has("upright"));
+        const QString damage = apply(result.source, result.target, tasks, arguments.has("upright"));
+        result.state = RowState::Written;
+        if (!damage.isEmpty())
+            result.remark(damage);
     } catch (const TrappedError& error) {
-        result.state = RowState::Failed;
-        result.reason = error.description;
+        result.remark(error.description);
         terminal.message(QStringLiteral("tarsel: ") + error.description);
     }
     report.add(result);

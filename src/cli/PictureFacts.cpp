@@ -4,9 +4,9 @@
 #include "base/ErrorTrap.h"
 #include "cli/JsonLine.h"
 #include "codecs/PictureFile.h"
+#include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
 #include "metadata/modMetadata.h"
-#include "output/LoadSource.h"
 
 #include <QCoreApplication>
 

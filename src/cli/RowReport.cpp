@@ -7,6 +7,7 @@
 #include "cli/Terminal.h"
 #include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/ImageBox.h"
 
 #include <QCoreApplication>
 
@@ -20,7 +21,7 @@ QString jsonOf(const RowResult& result) {
         .add("source", result.source)
         .add("target", result.target)
         .add("state", rowStateText(result.state))
-        .add("reason", result.reason)
+        .add("reason", result.reason())
         .text();
 }
 
@@ -31,8 +32,8 @@ QString textOf(const RowResult& result) {
                        .arg(result.source);
     if (!result.target.isEmpty())
         text += QStringLiteral(" -> ") + result.target;
-    if (!result.reason.isEmpty())
-        text += QStringLiteral(" (%1)").arg(result.reason);
+    if (const QString reason = result.reason(); !reason.isEmpty())
+        text += QStringLiteral(" (%1)").arg(reason);
     return text;
 }
 
@@ -73,12 +74,14 @@ void RowReport::add(const RowResult& result) {
     switch (result.state) {
     case RowState::Written:
         ++m_written;
-        m_incomplete += result.reason.isEmpty() ? 0 : 1;
+        m_incomplete += result.remarks.isEmpty() ? 0 : 1;
         break;
-    case RowState::Skipped:
-        ++(result.isDry ? m_dry : m_skipped);
-        m_incomplete += result.isDry && result.reason != SkipReason::DryRun ? 1 : 0;
+    case RowState::Skipped: {
+        const bool isDry = result.skipped == SkipReason::DryRun;
+        ++(isDry ? m_dry : m_skipped);
+        m_incomplete += isDry && !result.remarks.isEmpty() ? 1 : 0;
         break;
+    }
     case RowState::Failed:
         ++m_failed;
         break;
@@ -87,12 +90,10 @@ void RowReport::add(const RowResult& result) {
 }
 
 void RowReport::addMissing(const QString& path) {
-    add({.row = 0,
-         .source = path,
-         .target = {},
-         .state = RowState::Failed,
-         .reason = unreadableReason(path),
-         .isDry = false});
+    RowResult result;
+    result.source = path;
+    result.remark(unreadableReason(path));
+    add(result);
 }
 
 void RowReport::summarise() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "output/BatchSave.h"
+#include "collections/RowResult.h"
 
 #include <QString>
 

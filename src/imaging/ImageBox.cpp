@@ -125,6 +125,14 @@ void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
     m_picture = snapshot;
 }
 
+void ImageBox::TakeLoaded(ImageBox&& loaded) {
+    m_picture = std::move(loaded.m_picture);
+    m_metadata = std::move(loaded.m_metadata);
+    m_loadDamage = std::move(loaded.m_loadDamage);
+    m_loadFailed = loaded.m_loadFailed;
+    ClearSelection();
+}
+
 void ImageBox::setPictureHandle(const PictureHandle& handle, const QString& damage) {
     m_picture = handle;
     m_metadata = {};

@@ -67,6 +67,8 @@ public:
     /// Format 7 is the shared picture itself: costs nothing until a pixel changes.
     Picture SaveToMemory(int format) const;
     void LoadFromMemory(const Picture& snapshot, int format);
+    /// Takes over what another box loaded: picture, metadata, damage. Settings stay, the selection goes.
+    void TakeLoaded(ImageBox&& loaded);
     /// Replaces the picture. It carries no metadata: those held go.
     void setPictureHandle(const PictureHandle& handle, const QString& damage = {});
     PictureHandle pictureHandle() const { return m_picture; }

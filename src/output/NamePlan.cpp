@@ -3,9 +3,9 @@
 
 #include "base/ErrorTrap.h"
 #include "codecs/PictureFile.h"
+#include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
-#include "output/LoadSource.h"
 #include "output/Naming.h"
 #include "output/OutputName.h"
 #include "output/RowSources.h"
@@ -82,29 +82,38 @@ void nameRow(PlannedName& planned, const settings::BatchSave& settings, const QS
         planned.clash = NameClash::Invalid;
 }
 
+QString otherSourceText(const PlannedName& planned, bool overwrite) {
+    if (!overwrite)
+        return NamePlanner::tr("is the source of row %1: the row will be skipped").arg(planned.otherRow);
+    const bool isStillRead = planned.otherRow > planned.row;
+    return (isStillRead ? NamePlanner::tr("is the source of row %1: will be replaced, but that row still "
+                                          "reads it as it is now")
+                        : NamePlanner::tr("is the source of row %1: will be replaced"))
+        .arg(planned.otherRow);
+}
+
 } // namespace
 
 QString clashText(const PlannedName& planned, bool overwrite) {
-    const QString consequence =
-        overwrite ? QStringLiteral("will be replaced") : QStringLiteral("the row will be skipped");
     switch (planned.clash) {
     case NameClash::None:
         return {};
     case NameClash::Exists:
-        return QStringLiteral("exists already: ") + consequence;
+        return overwrite ? NamePlanner::tr("exists already: will be replaced")
+                         : NamePlanner::tr("exists already: the row will be skipped");
     case NameClash::SameAsRow:
-        return QStringLiteral("the same name as row %1: ").arg(planned.otherRow) + consequence;
+        return (overwrite ? NamePlanner::tr("the same name as row %1: will be replaced")
+                          : NamePlanner::tr("the same name as row %1: the row will be skipped"))
+            .arg(planned.otherRow);
     case NameClash::OwnSource:
-        return QStringLiteral("is the row's own source: ") + consequence;
+        return overwrite ? NamePlanner::tr("is the row's own source: will be replaced")
+                         : NamePlanner::tr("is the row's own source: the row will be skipped");
     case NameClash::OtherSource:
-        return QStringLiteral("is the source of row %1: ").arg(planned.otherRow) + consequence +
-               (overwrite && planned.otherRow > planned.row
-                    ? QStringLiteral(", but that row still reads it as it is now")
-                    : QString());
+        return otherSourceText(planned, overwrite);
     case NameClash::NotKnown:
-        return QStringLiteral("not known before the run: ") + planned.fact;
+        return NamePlanner::tr("not known before the run: %1").arg(planned.fact);
     case NameClash::Invalid:
-        return QStringLiteral("the run would end here: ") + planned.fact;
+        return NamePlanner::tr("the run would end here: %1").arg(planned.fact);
     }
     return {};
 }
@@ -133,7 +142,7 @@ PlannedName NamePlanner::plan(int index) {
     planned.row = index + 1;
     planned.source = m_pages.row(index).tag;
     if (strongestNeed(m_settings) == TokenNeeds::Result && m_tasksRun) {
-        setUnknown(planned, QStringLiteral("it depends on the size after the tasks"));
+        setUnknown(planned, tr("it depends on the size after the tasks"));
         return planned;
     }
     SourceFacts source;

@@ -5,6 +5,7 @@
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QString>
 #include <optional>
@@ -39,6 +40,8 @@ QString clashText(const PlannedName& planned, bool overwrite);
 /// Plans the names of a basket's rows in slices, so that a window stays responsive. It reads file facts,
 /// headers and metadata only. The list must not change while the planner lives.
 class NamePlanner {
+    Q_DECLARE_TR_FUNCTIONS(NamePlanner)
+
 public:
     /// `tasks` is the task list in force (lvEditBatch): a size after its tasks isn't known before the run.
     NamePlanner(const ListView& lvPages, const ListView& tasks, const settings::BatchSave& settings);

@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "output/Naming.h"
 
+#include <QCoreApplication>
 #include <limits>
 
 namespace tarsel {
@@ -22,7 +23,9 @@ int outputNumber(const QString& pattern, int position) {
     const int number = toInt16(pattern) + position - 1;
     if (number > std::numeric_limits<qint16>::max())
         fail(ErrorNumber::Overflow,
-             QStringLiteral("the count %1 of row %2 is beyond 32767").arg(number).arg(position));
+             QCoreApplication::translate("OutputName", "the count %1 of row %2 is beyond 32767")
+                 .arg(number)
+                 .arg(position));
     return number;
 }
 
@@ -54,10 +57,12 @@ OutputName outputName(const settings::BatchSave& settings, const RowToName& row,
 
 QString nameFault(const OutputName& target) {
     if (target.name.contains(QLatin1Char('/')))
-        return QStringLiteral("%1: the name \"%2\" holds a \"/\", which no file name can")
+        return QCoreApplication::translate("OutputName",
+                                           "%1: the name \"%2\" holds a \"/\", which no file name can")
             .arg(target.folder, target.name);
     if (target.name.contains(QChar(0)))
-        return QStringLiteral("%1: the name \"%2\" holds a NUL character, which no file name can")
+        return QCoreApplication::translate(
+                   "OutputName", "%1: the name \"%2\" holds a NUL character, which no file name can")
             .arg(target.folder, QString(target.name).remove(QChar(0)));
     return {};
 }

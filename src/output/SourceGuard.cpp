@@ -6,6 +6,7 @@
 #include "base/TrappedError.h"
 #include "output/RowSources.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,6 +18,10 @@ namespace tarsel {
 namespace {
 
 constexpr qint64 CopiedAtOnce = 1 << 20;
+
+QString translated(const char* text) {
+    return QCoreApplication::translate("SourceGuard", text);
+}
 
 /// "photo (original).jpg" beside "photo.jpg", or the first numbered name that is free.
 QString freeNameBeside(const QString& path) {
@@ -35,7 +40,7 @@ QString freeNameBeside(const QString& path) {
 } // namespace
 
 /// An open file that can still be read by a path when another file has taken its place. The path ends in the
-/// file's own name, since an extension counts in telling formats apart.
+/// file's own name, since some formats are recognised by their extension.
 class SourceGuard::KeptFile {
 public:
     KeptFile(const FileIdentity& identity, const QString& path, std::vector<int> readers) :
@@ -111,9 +116,11 @@ SourceGuard::Verdict SourceGuard::verdictOn(int row, const QString& target) cons
     const std::vector<int> sources = m_files.value(file).rows;
     const auto other = std::ranges::find_if(sources, [&](int each) { return each != row; });
     if (const int earlier = m_targets.value(file); earlier != 0)
-        verdict.remark = QStringLiteral("replaces the file of row %1").arg(earlier);
+        verdict.remark =
+            translated(QT_TRANSLATE_NOOP("SourceGuard", "replaces the file of row %1")).arg(earlier);
     else if (other != sources.end())
-        verdict.remark = QStringLiteral("replaces the source of row %1").arg(*other);
+        verdict.remark =
+            translated(QT_TRANSLATE_NOOP("SourceGuard", "replaces the source of row %1")).arg(*other);
     return verdict;
 }
 
@@ -123,9 +130,10 @@ QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
     for (const int each : m_files.value(target).rows) {
         const bool needed = each != row && !isWritten(each);
         if (each == row && m_policy == SourceReplacing::Refused)
-            return QStringLiteral("would replace its own source");
+            return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace its own source"));
         if (needed || m_policy == SourceReplacing::Refused)
-            return QStringLiteral("would replace the source of row %1").arg(each);
+            return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace the source of row %1"))
+                .arg(each);
     }
     return {};
 }
@@ -164,9 +172,11 @@ QString SourceGuard::noteDone(int row) {
         const bool needed = !std::ranges::all_of(kept->readers(), [&](int each) { return isWritten(each); });
         try {
             if (needed && kept->isReplaced())
-                remarks << QStringLiteral("its original was kept as ") + kept->save();
+                remarks << translated(QT_TRANSLATE_NOOP("SourceGuard", "its original was kept as %1"))
+                               .arg(kept->save());
         } catch (const TrappedError& error) {
-            remarks << QStringLiteral("its original could not be kept: ") + error.description;
+            remarks << translated(QT_TRANSLATE_NOOP("SourceGuard", "its original could not be kept: %1"))
+                           .arg(error.description);
         }
         release(kept);
     }

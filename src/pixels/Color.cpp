@@ -7,7 +7,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr Rgb White{255, 255, 255};
+constexpr Rgb white{255, 255, 255};
 std::atomic<Color> buttonColor = colorOf({240, 240, 240});
 
 Rgb rgbOf(Color color) {
@@ -21,7 +21,7 @@ Rgb resolveColor(Color color) {
         return rgbOf(color);
     switch (color & 0xFF) {
     case 14:
-        return White;
+        return white;
     case 15:
         return rgbOf(buttonColor);
     default:

@@ -8,7 +8,7 @@
 namespace tarsel {
 
 /// Rows of pixels that somebody else owns. A pixel is 3 bytes (red, green, blue) or 4 (and alpha, not
-/// premultiplied, 255 opaque). Rows lie `stride` bytes apart.
+/// premultiplied, 255 opaque). Rows are `stride` bytes apart.
 template <class Byte>
 struct BasicPixelView {
     Byte* data = nullptr;

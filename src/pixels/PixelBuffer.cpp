@@ -15,22 +15,23 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::size_t CacheLine = 64;
-constexpr std::size_t HugePage = std::size_t(2) << 20;
-constexpr std::size_t SmallestPooled = std::size_t(256) << 10; // below, malloc keeps memory for reuse
+constexpr std::size_t cacheLine = 64;
+constexpr std::size_t hugePage = std::size_t(2) << 20;
+constexpr std::size_t smallestPooled = std::size_t(256) << 10; // below, malloc keeps memory for reuse
 
 struct Block {
     std::uint8_t* data = nullptr;
     std::size_t capacity = 0;
 };
 
-/// Gives a block to the system, from which it came by aligned_alloc.
+/// Returns a block to the system, from which it came by aligned_alloc.
 void release(std::uint8_t* data) {
-    std::free(data); // NOLINT(cppcoreguidelines-no-malloc): the library has no other hand for aligned_alloc
+    std::free(data); // NOLINT(cppcoreguidelines-no-malloc): the standard library has no other counterpart of
+                     // aligned_alloc
 }
 
-/// Free blocks, the one given back last at the end. When the pool is full, the one that has lain longest
-/// goes.
+/// Free blocks, the one returned last at the end. When the pool is full, the oldest
+/// one goes.
 class BufferPool {
 public:
     /// The smallest block that holds `size` without wasting more than three quarters of itself.
@@ -54,7 +55,7 @@ public:
         const std::lock_guard lock(m_mutex);
         m_free.push_back(block);
         m_bytes += block.capacity;
-        while (m_bytes > PixelBuffer::KeptBytes)
+        while (m_bytes > PixelBuffer::keptBytes)
             dropOldest();
     }
 
@@ -81,7 +82,7 @@ private:
     std::size_t m_bytes = 0;
 };
 
-/// Lives until the process ends, since pictures in static storage give their buffers back late.
+/// Lives until the process ends, since pictures in static storage return their buffers late.
 BufferPool& pool() {
     static auto* const instance = new BufferPool;
     return *instance;
@@ -92,11 +93,11 @@ std::size_t roundedUp(std::size_t size, std::size_t unit) {
 }
 
 Block allocate(std::size_t size) {
-    const std::size_t unit = size >= HugePage ? HugePage : CacheLine;
+    const std::size_t unit = size >= hugePage ? hugePage : cacheLine;
     const std::size_t capacity = roundedUp(size, unit);
     auto* const data = static_cast<std::uint8_t*>(std::aligned_alloc(unit, capacity));
 #ifdef Q_OS_LINUX
-    if (data && unit == HugePage)
+    if (data && unit == hugePage)
         madvise(data, capacity, MADV_HUGEPAGE);
 #endif
     return {data, capacity};
@@ -106,7 +107,7 @@ Block allocate(std::size_t size) {
 
 PixelBuffer::PixelBuffer(std::size_t size) {
     Block block;
-    if (size >= SmallestPooled)
+    if (size >= smallestPooled)
         block = pool().take(size);
     if (!block.data)
         block = allocate(size);
@@ -121,7 +122,7 @@ PixelBuffer::PixelBuffer(std::size_t size) {
 }
 
 PixelBuffer::~PixelBuffer() {
-    if (m_capacity >= SmallestPooled)
+    if (m_capacity >= smallestPooled)
         pool().give({m_data, m_capacity});
     else
         release(m_data);

@@ -18,9 +18,9 @@ public:
 
     std::uint8_t* data() const { return m_data; }
 
-    /// Bytes that the pool keeps for the next pictures, at most KeptBytes.
+    /// Bytes that the pool keeps for the next pictures, at most keptBytes.
     static std::size_t pooledBytes();
-    static constexpr std::size_t KeptBytes = std::size_t(256) << 20;
+    static constexpr std::size_t keptBytes = std::size_t(256) << 20;
 
 private:
     std::uint8_t* m_data = nullptr;

@@ -437,7 +437,10 @@ TEST_F(SaveDialog, HasRoomForEveryControl) {
 TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
     const auto result = [](int row, RowState state, const char* reason = "") {
         const QString source = QStringLiteral("/s%1").arg(row);
-        return RowResult{row, source, QStringLiteral("/t%1").arg(row), state, QLatin1String(reason)};
+        RowResult made{row, source, QStringLiteral("/t%1").arg(row), state, SkipReason::None, {}};
+        if (*reason)
+            made.remark(QLatin1String(reason));
+        return made;
     };
     TestDesktop desktop;
     auto* results = new frmBatchResults({result(1, RowState::Written), result(2, RowState::Skipped, "exists"),

@@ -60,7 +60,7 @@ TEST_F(BatchSaving, OverwriteOffLeavesWhatIsThereAndWhatTheRunMade) {
     writeFile("out/a.jpg", "precious");
     EXPECT_TRUE(run());
     EXPECT_EQ(states(), "skipped written skipped");
-    EXPECT_EQ(reasons().first(), SkipReason::Exists);
+    EXPECT_EQ(reasons().first(), text("exists already"));
     EXPECT_EQ(readWholeFile(path("out/a.jpg")), QByteArray("precious"));
     EXPECT_EQ(progress.values, std::vector<int>({0, 1, 2, 3})) << "the bar moves on";
 }
@@ -90,19 +90,6 @@ TEST_F(BatchSaving, TheOptionsRuleTheEncoding) {
     EXPECT_LT(QFile(result).size(), usual);
 }
 
-TEST_F(BatchSaving, ACancelLeavesTheFilesMadeSoFar) {
-    addPictures({"a.jpg", "b.jpg", "c.jpg", "d.jpg"});
-    desktop.onYield = [&] { CancelRequested = desktop.yields == 3; };
-    EXPECT_TRUE(run());
-    EXPECT_EQ(states(), "written written skipped skipped");
-    EXPECT_EQ(reasons().last(), SkipReason::Cancelled);
-    EXPECT_EQ(files("out"), "a.jpg b.jpg");
-    EXPECT_FALSE(progress.visible);
-    desktop.onYield = {};
-    EXPECT_TRUE(run());
-    EXPECT_EQ(files("out"), "a.jpg b.jpg c.jpg d.jpg") << "the next run is not cancelled";
-}
-
 TEST_F(BatchSaving, ASliceIsNumberedAsInTheFullBasket) {
     settings.NameOption = 2;
     addPictures({"a.jpg", "b.jpg", "c.jpg", "d.jpg"});
@@ -127,10 +114,7 @@ TEST_F(BatchSaving, RowsOfAWbmpFileAreReadBesideTheUsualFormats) {
 
 TEST_F(BatchSaving, ABasketThatShrinksDuringTheRunEndsItWithAReport) {
     addPictures({"a.jpg", "b.jpg"});
-    desktop.onYield = [&] {
-        if (desktop.yields == 2)
-            pages.clear();
-    };
+    slice.onRow = [&](const RowResult&) { pages.clear(); };
     EXPECT_FALSE(run());
     EXPECT_EQ(files("out"), "a.jpg");
     EXPECT_EQ(desktop.reports.size(), 1u);

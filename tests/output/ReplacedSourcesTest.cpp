@@ -174,8 +174,8 @@ TEST(ReplacedSources, ADryRunSaysTheSameAsTheRunAndWritesNothing) {
     basket.slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
     basket.slice.dryRun = true;
     EXPECT_TRUE(basket.run());
-    EXPECT_EQ(basket.reasons(), QStringList({text("would replace the source of row 2"), SkipReason::DryRun}));
-    EXPECT_FALSE(basket.results[0].isDry);
-    EXPECT_TRUE(basket.results[1].isDry);
+    EXPECT_EQ(basket.reasons(), QStringList({text("would replace the source of row 2"), text("dry run")}));
+    EXPECT_EQ(basket.results[0].skipped, SkipReason::Refused);
+    EXPECT_EQ(basket.results[1].skipped, SkipReason::DryRun);
     EXPECT_EQ(basket.files(), "a.png b.jpg");
 }

@@ -99,7 +99,7 @@ std::string TestBasket::states() const {
 QStringList TestBasket::reasons() const {
     QStringList texts;
     for (const RowResult& result : results)
-        texts << result.reason;
+        texts << result.reason();
     return texts;
 }
 

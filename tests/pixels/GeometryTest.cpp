@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Rotation, crop and the ellipse.
+// Rotation, crop, the ellipse and sizes, where results are exact.
 
+#include "pixels/operations/AreaReduction.h"
 #include "pixels/operations/Crop.h"
 #include "pixels/operations/EllipseMask.h"
+#include "pixels/operations/ResizeNearest.h"
 #include "pixels/operations/Rotate.h"
 #include "tests/support/TestPictures.h"
 
@@ -36,7 +38,7 @@ double distanceOf(Rgb one, Rgb other) {
 
 } // namespace
 
-TEST(Rotate, ByQuartersMovesEveryPixelClockwise) {
+TEST(Rotate, ByQuartersIsExact) {
     for (const auto& [width, height] : oddSizes())
         for (const int channels : {3, 4}) {
             const int w = width, h = height;
@@ -52,84 +54,33 @@ TEST(Rotate, ByQuartersMovesEveryPixelClockwise) {
             for (const double degrees : {-90.0, 270.0})
                 EXPECT_TRUE(turned(source, degrees) == back) << degrees;
             EXPECT_TRUE(turned(source, 180) == half);
+            for (const double degrees : {0.0, 360.0, -720.0})
+                EXPECT_EQ(turned(source, degrees).view().data, source.view().data);
         }
 }
 
-TEST(Rotate, ByWholeTurnsIsThePictureItself) {
-    const Picture source = noisePicture(8, 5, 3);
-    for (const double degrees : {0.0, 360.0, -720.0})
-        EXPECT_EQ(turned(source, degrees).view().data, source.view().data);
-}
-
-TEST(Rotate, GrowsTheCanvasToHoldTheTurnedPicture) {
-    const Picture source = plainPicture(200, 100, 3, White);
-    for (const double degrees : {1.0, 30.0, 45.0, 89.0, 91.0, 135.0, 200.0, -17.0, 359.0}) {
-        const double angle = degrees * std::numbers::pi / 180;
-        const double width = 200 * std::abs(std::cos(angle)) + 100 * std::abs(std::sin(angle));
-        const double height = 200 * std::abs(std::sin(angle)) + 100 * std::abs(std::cos(angle));
-        for (const bool smooth : {false, true}) {
-            const Picture result = turned(source, degrees, smooth);
-            EXPECT_EQ(result.width(), std::ceil(width - 1e-6));
-            EXPECT_EQ(result.height(), std::ceil(height - 1e-6));
-            double whiteness = 0; // the whole picture is there, and nothing of it twice
-            for (int y = 0; y < result.height(); ++y)
-                for (int x = 0; x < result.width(); ++x)
-                    whiteness += colorAt(result, x, y).red / 255.0;
-            EXPECT_NEAR(whiteness, 200 * 100, 60) << degrees;
-        }
-    }
-}
-
-TEST(Rotate, FillsTheCornersWithTheBackColorAndKeepsTheCentre) {
-    const Picture source = plainPicture(60, 40, 4, {200, 10, 30});
-    for (const bool smooth : {false, true}) {
-        const Picture result = turned(source, 33, smooth);
-        EXPECT_EQ(colorAt(result, 0, 0), Blue);
-        EXPECT_EQ(colorAt(result, result.width() - 1, result.height() - 1), Blue);
-        EXPECT_EQ(alphaAt(result, 0, 0), 255);
-        EXPECT_EQ(colorAt(result, result.width() / 2, result.height() / 2), (Rgb{200, 10, 30}));
-    }
-}
-
-TEST(Rotate, FindsEveryPixelWhereGeometrySaysItIs) {
+TEST(Rotate, TakesTheNearestPixelAndGrowsTheCanvasToHoldAll) {
     const Picture source = pictureOf(90, 70, 3, [](int x, int y) {
         return Rgb{std::uint8_t(2 * x), std::uint8_t(3 * y), std::uint8_t(x + y)};
     });
-    for (const double degrees : {7.0, 45.0, 100.0, -160.0, 301.5})
-        for (const bool smooth : {false, true}) {
-            const Picture result = turned(source, degrees, smooth);
-            const double angle = degrees * std::numbers::pi / 180;
-            for (int y = 5; y < 65; y += 6)
-                for (int x = 5; x < 85; x += 6) {
-                    const double fromX = x + 0.5 - 45;
-                    const double fromY = y + 0.5 - 35;
-                    const double toX =
-                        fromX * std::cos(angle) - fromY * std::sin(angle) + result.width() / 2.0;
-                    const double toY =
-                        fromX * std::sin(angle) + fromY * std::cos(angle) + result.height() / 2.0;
-                    EXPECT_LE(distanceOf(colorAt(result, int(toX), int(toY)), colorAt(source, x, y)), 6.0)
-                        << degrees << " at " << x << ", " << y;
-                }
-        }
-}
-
-TEST(Rotate, WorksForLinesAndSinglePixels) {
-    for (const auto& [width, height] : oddSizes())
-        for (const int channels : {3, 4})
-            for (const double degrees : {0.01, 10.0, 44.9, 90.0001, 179.0, 271.0})
-                for (const bool smooth : {false, true}) {
-                    const Picture result = turned(noisePicture(width, height, channels), degrees, smooth);
-                    EXPECT_GE(result.width(), 1);
-                    EXPECT_GE(result.height(), 1);
-                }
-}
-
-TEST(Rotate, LeavesNoSeamOfHiddenColorRoundTransparentParts) {
-    const Picture result = turned(redBesideHiddenGreen(50, 25), 20);
-    for (int x = 25; x < result.width() - 25; ++x)
-        if (alphaAt(result, x, result.height() / 2) > 20) {
-            EXPECT_EQ(colorAt(result, x, result.height() / 2).green, 0) << x;
-        }
+    for (const double degrees : {1.0, 7.0, 45.0, 89.0, 100.0, 200.0, -160.0, 301.5}) {
+        const Picture result = turned(source, degrees, false);
+        const double angle = degrees * std::numbers::pi / 180;
+        const double cosine = std::abs(std::cos(angle)), sine = std::abs(std::sin(angle));
+        EXPECT_EQ(result.width(), std::ceil(90 * cosine + 70 * sine));
+        EXPECT_EQ(result.height(), std::ceil(90 * sine + 70 * cosine));
+        EXPECT_EQ(colorAt(result, 0, 0), Blue);
+        EXPECT_EQ(colorAt(result, result.width() - 1, result.height() - 1), Blue);
+        for (int y = 5; y < 65; y += 6)
+            for (int x = 5; x < 85; x += 6) {
+                const double fromX = x + 0.5 - 45;
+                const double fromY = y + 0.5 - 35;
+                const double toX = fromX * std::cos(angle) - fromY * std::sin(angle) + result.width() / 2.0;
+                const double toY = fromX * std::sin(angle) + fromY * std::cos(angle) + result.height() / 2.0;
+                EXPECT_LE(distanceOf(colorAt(result, int(toX), int(toY)), colorAt(source, x, y)), 6.0)
+                    << degrees << " at " << x << ", " << y;
+            }
+    }
 }
 
 TEST(Crop, CutsInsideAndEnlargesOutside) {
@@ -176,14 +127,48 @@ TEST(EllipseMask, KeepsWhatLiesInsideAndFillsTheRest) {
     }
 }
 
-TEST(EllipseMask, IsSymmetricalAndManagesTinyPictures) {
+TEST(EllipseMask, ManagesTinyPictures) {
     for (const auto& [width, height] : oddSizes()) {
-        const int w = width, h = height;
-        Picture picture = plainPicture(w, h, 4, White);
+        Picture picture = plainPicture(width, height, 4, White);
         fillOutsideEllipse(picture.edit(), {0, 0, 0});
-        EXPECT_TRUE(picture == picked(picture, w, h, [=](int x, int y) { return Place{w - 1 - x, y}; }));
-        const Picture flipped = picked(picture, w, h, [=](int x, int y) { return Place{x, h - 1 - y}; });
-        EXPECT_LE(largestDifference(picture, flipped), 1);
         EXPECT_EQ(meanOf(picture, 3), 255);
     }
+}
+
+TEST(AreaReduction, IsTheRoundedMeanOfWhatEachPixelCovers) {
+    for (const int channels : {3, 4})
+        for (const auto& [across, down] :
+             {PictureSize{2, 2}, {1, 2}, {2, 1}, {3, 3}, {4, 2}, {5, 7}, {256, 16}})
+            for (const auto& [width, height] : {PictureSize{1, 1}, {7, 3}, {33, 2}, {64, 5}}) {
+                const Picture source = noisePicture(width * across, height * down, channels);
+                Picture result(width, height, channels);
+                areaReduction(source.view(), result.edit(), across, down);
+                for (int y = 0; y < height; ++y)
+                    for (int x = 0; x < width; ++x)
+                        for (int c = 0; c < channels; ++c) {
+                            int sum = 0;
+                            for (int j = 0; j < down; ++j)
+                                for (int i = 0; i < across; ++i)
+                                    sum += source.view().pixel(x * across + i, y * down + j)[c];
+                            const int area = across * down;
+                            ASSERT_EQ(result.view().pixel(x, y)[c], (sum + area / 2) / area)
+                                << across << 'x' << down << " at " << x << ", " << y;
+                        }
+            }
+}
+
+TEST(ResizeNearest, TakesThePixelUnderEachCentre) {
+    for (const int channels : {3, 4})
+        for (const auto& from : oddSizes())
+            for (const auto& to : oddSizes()) {
+                const Picture source = noisePicture(from.width, from.height, channels);
+                const Picture expected = picked(source, to.width, to.height, [&](int x, int y) {
+                    return Place{int((x + 0.5) * from.width / to.width),
+                                 int((y + 0.5) * from.height / to.height)};
+                });
+                Picture result(to.width, to.height, channels);
+                resizeNearest(source.view(), result.edit());
+                EXPECT_TRUE(result == expected)
+                    << from.width << " x " << from.height << " to " << to.width << " x " << to.height;
+            }
 }

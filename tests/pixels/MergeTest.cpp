@@ -47,20 +47,17 @@ TEST(Merge, OfAnOpaquePictureCopiesItsPixelsExactly) {
     }
 }
 
-TEST(Merge, CentredIsInTheMiddleAlsoWhenLarger) {
+TEST(Merge, CentredIsInTheMiddleAndTiledRepeatsFromTheCornerAlsoWhenLarger) {
     const Picture picture = plainPicture(50, 40, 3, Gray);
     for (const auto& [width, height] : {PictureSize{10, 20}, {70, 60}}) {
         const Picture layer = noisePicture(width, height, 3);
         const int left = (50 - width) / 2, top = (40 - height) / 2;
         const auto from = [=](int x, int y) { return Place{x - left, y - top}; };
         EXPECT_TRUE(merged(picture, layer, {}) == picked(layer, 50, 40, from, Gray)) << width;
+        const auto tile = [w = width, h = height](int x, int y) { return Place{x % w, y % h}; };
+        EXPECT_TRUE(merged(picture, layer, {MergePlace::Tiled, 0, 0, {}, 0}) == picked(layer, 50, 40, tile))
+            << width;
     }
-}
-
-TEST(Merge, TiledRepeatsFromTheTopLeftCorner) {
-    const Picture layer = noisePicture(7, 5, 3);
-    const Picture result = merged(plainPicture(31, 23, 3, Gray), layer, {MergePlace::Tiled, 0, 0, {}, 0});
-    EXPECT_TRUE(result == picked(layer, 31, 23, [](int x, int y) { return Place{x % 7, y % 5}; }));
 }
 
 TEST(Merge, WrappedCoversTheWholePicture) {
@@ -101,55 +98,10 @@ TEST(Merge, LeavesOutThePixelsOfTheTransparentColorAlone) {
     }
 }
 
-TEST(Merge, MixesByTransparency) {
-    for (const int channels : {3, 4})
-        for (const double transparency : {0.0, 1.0, 25.0, 50.0, 80.5, 99.0, 100.0}) {
-            const Picture result = merged(plainPicture(40, 3, channels, Gray), plainPicture(40, 3, 3, Red),
-                                          {MergePlace::At, 0, 0, {}, transparency});
-            const double share = 1 - transparency / 100;
-            EXPECT_NEAR(colorAt(result, 20, 1).red, 100 + 155 * share, 0.9) << transparency;
-            EXPECT_NEAR(colorAt(result, 20, 1).green, 100 - 100 * share, 0.9) << transparency;
-        }
-}
-
 TEST(Merge, OfTransparencyAHundredChangesNothingAndBeyondCountsAsTheLimit) {
     const Picture picture = noisePicture(20, 20, 3);
     const Picture layer = noisePicture(20, 20, 4, 2);
     for (const double transparency : {100.0, 250.0})
         EXPECT_TRUE(merged(picture, layer, {MergePlace::At, 0, 0, {}, transparency}) == picture);
     EXPECT_TRUE(merged(picture, layer, {MergePlace::At, 0, 0, {}, -5}) == merged(picture, layer, at(0, 0)));
-}
-
-TEST(Merge, MixesEachPixelByItsOwnAlpha) {
-    for (const double transparency : {0.0, 40.0})
-        for (const int channels : {3, 4}) {
-            const Picture picture = pictureOf(256, 2, channels, [](int x, int y) {
-                return Rgb{std::uint8_t(x), std::uint8_t(255 - x), std::uint8_t(y * 90)};
-            });
-            Picture layer = plainPicture(256, 2, 4, {200, 30, 120});
-            for (int x = 0; x < 256; ++x)
-                layer.edit().pixel(x, 0)[3] = std::uint8_t(x);
-            const Picture result = merged(picture, layer, {MergePlace::At, 0, 0, {}, transparency});
-            for (int x = 0; x < 256; ++x) {
-                const double share = x / 255.0 * (1 - transparency / 100);
-                EXPECT_NEAR(colorAt(result, x, 0).red, x + (200 - x) * share, 1.1);
-                EXPECT_NEAR(colorAt(result, x, 0).green, 255 - x + (30 - 255 + x) * share, 1.1);
-                EXPECT_EQ(alphaAt(result, x, 0), 255);
-            }
-        }
-}
-
-TEST(Merge, OnATransparentPictureShowsTheLayerAsItIs) {
-    Picture picture = plainPicture(4, 4, 4, {0, 255, 0});
-    for (int i = 0; i < 16; ++i)
-        picture.edit().pixel(i % 4, i / 4)[3] = 0;
-    Picture layer = plainPicture(2, 2, 4, Red);
-    layer.edit().pixel(0, 0)[3] = 128;
-    layer.edit().pixel(1, 0)[3] = 0;
-    const Picture result = merged(picture, layer, at(0, 0));
-    EXPECT_EQ(colorAt(result, 0, 0), Red);
-    EXPECT_EQ(alphaAt(result, 0, 0), 128);
-    EXPECT_EQ(alphaAt(result, 1, 0), 0);
-    EXPECT_EQ(alphaAt(result, 0, 1), 255);
-    EXPECT_EQ(alphaAt(result, 3, 3), 0);
 }

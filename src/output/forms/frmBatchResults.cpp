@@ -25,7 +25,7 @@ Severity severityOf(const RowResult& result) {
         return Severity::Failed;
     if (result.state == RowState::Skipped)
         return Severity::Skipped;
-    return result.reason.isEmpty() ? Severity::Written : Severity::Warning;
+    return result.remarks.isEmpty() ? Severity::Written : Severity::Warning;
 }
 
 QString iconOf(Severity severity) {
@@ -96,7 +96,7 @@ void frmBatchResults::addRows(std::vector<RowResult> results) {
         ListRow row;
         row.text = rowStateText(result.state);
         row.tag = result.target;
-        row.subItems = {result.source, result.target, result.reason};
+        row.subItems = {result.source, result.target, result.reason()};
         row.iconKey = iconOf(severityOf(result));
         m_rows.add(row);
     }

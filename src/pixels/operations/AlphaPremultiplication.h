@@ -5,14 +5,17 @@
 
 namespace tarsel::operations {
 
-/// Filters mix neighbours, and the colour of a transparent pixel must not shine into what can be seen. So
-/// they work on colours multiplied by alpha / 255, and divide afterwards. Both are exact where alpha is 255.
+/// Filters mix neighbours, and the colour of a transparent pixel must not shine into visible ones. So they
+/// work on colours multiplied by alpha / 255, and divide afterwards. Both are exact where alpha is 255.
 
-/// True when some pixel of a 4-channel view is not opaque.
+/// True when the view has 4 channels and some pixel is not opaque.
 bool hasTransparency(ConstPixelView view);
+
+/// `count` pixels of 4 bytes each; `out` may be `in`.
+void premultiplyPixels(const std::uint8_t* in, std::uint8_t* out, int count);
+void unpremultiplyPixels(std::uint8_t* pixels, int count);
 
 /// `target` has the size of `source` or is the same view; both have 4 channels.
 void premultiply(ConstPixelView source, PixelView target);
-void unpremultiply(PixelView view);
 
 } // namespace tarsel::operations

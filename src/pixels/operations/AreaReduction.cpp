@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/AreaReduction.h"
 
+#include "pixels/operations/AlphaPremultiplication.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Vectorised.h"
 
@@ -34,15 +35,36 @@ void meansAcross(const std::uint16_t* sums, std::uint8_t* out, int width, int ch
         }
 }
 
-void reduceByArea(ConstPixelView source, PixelView target, int acrossFactor, int downFactor) {
+/// The rows of a source in turn, with colours multiplied by alpha if that is asked for.
+class SourceRows {
+public:
+    SourceRows(ConstPixelView source, bool premultiplied) :
+        m_source(source), m_premultiplied(premultiplied ? std::size_t(source.width) * 8 : 0) {}
+
+    /// Valid until the row after the next one is asked for.
+    const std::uint8_t* row(int y) {
+        if (m_premultiplied.empty())
+            return m_source.row(y);
+        std::uint8_t* const row = m_premultiplied.data() + (y % 2) * std::ptrdiff_t(m_source.width) * 4;
+        premultiplyPixels(m_source.row(y), row, m_source.width);
+        return row;
+    }
+
+private:
+    ConstPixelView m_source;
+    std::vector<std::uint8_t> m_premultiplied; ///< two rows
+};
+
+void reduceByArea(ConstPixelView source, PixelView target, int acrossFactor, int downFactor,
+                  SourceRows& rows) {
     const int size = target.width * acrossFactor * source.channels;
     std::vector<std::uint16_t> sums(std::size_t(size), 0);
     for (int y = 0; y < target.height; ++y) {
         prefetchRow(source, y * downFactor + 1);
-        startSums(source.row(y * downFactor), sums.data(), size);
+        startSums(rows.row(y * downFactor), sums.data(), size);
         for (int k = 1; k < downFactor; ++k) {
             prefetchRow(source, y * downFactor + k + 1);
-            addToSums(source.row(y * downFactor + k), sums.data(), size);
+            addToSums(rows.row(y * downFactor + k), sums.data(), size);
         }
         meansAcross(sums.data(), target.row(y), target.width, target.channels, acrossFactor,
                     unsigned(acrossFactor * downFactor));
@@ -74,25 +96,28 @@ TARSEL_VECTORISED void takeEvenPixels(const std::uint8_t* __restrict in, std::ui
         takeEvery2nd<4>(in, out, width);
 }
 
-void halve(ConstPixelView source, PixelView target) {
+void halve(ConstPixelView source, PixelView target, SourceRows& rows) {
     const int size = (2 * target.width - 1) * source.channels;
     std::vector<std::uint8_t> means(std::size_t(size), 0);
     for (int y = 0; y < target.height; ++y) {
         prefetchRow(source, 2 * y + 2);
         prefetchRow(source, 2 * y + 3);
         prefetchRow(target, y + 1);
-        averageFours(source.row(2 * y), source.row(2 * y + 1), means.data(), size, source.channels);
+        const std::uint8_t* upper = rows.row(2 * y);
+        averageFours(upper, rows.row(2 * y + 1), means.data(), size, source.channels);
         takeEvenPixels(means.data(), target.row(y), target.width, source.channels);
     }
 }
 
 } // namespace
 
-void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor) {
+void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor,
+                   bool premultiplySource) {
+    SourceRows rows(source, premultiplySource);
     if (acrossFactor == 2 && downFactor == 2)
-        halve(source, target);
+        halve(source, target, rows);
     else
-        reduceByArea(source, target, acrossFactor, downFactor);
+        reduceByArea(source, target, acrossFactor, downFactor, rows);
 }
 
 } // namespace tarsel::operations

@@ -5,13 +5,14 @@
 
 namespace tarsel::operations {
 
-/// Largest whole factor of areaReduction, on either axis.
-constexpr int LargestAreaFactor = 256;
+/// Largest factor of areaReduction, on either axis.
+constexpr int largestAreaFactor = 256;
 
-/// Reduces by whole factors: each pixel of `target` is the rounded mean of the acrossFactor x downFactor
+/// Reduces by integer factors: each pixel of `target` is the rounded mean of the acrossFactor x downFactor
 /// pixels of `source` that it covers, which is exact. `source` has at least target.width * acrossFactor
 /// columns and target.height * downFactor rows; what is beyond these is left out. Channels are averaged on
-/// their own, alpha too.
-void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor);
+/// their own, alpha too; with `premultiplySource` colours are multiplied by their alpha first, and stay so.
+void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor,
+                   bool premultiplySource = false);
 
 } // namespace tarsel::operations

@@ -11,8 +11,8 @@ namespace tarsel::operations {
 
 namespace {
 
-/// What happens to each byte of a row. Clamping before the addition keeps the whole loop in bytes: no sum can
-/// pass 0 or 255.
+/// What happens to each byte of a row. Clamping before the addition keeps all of the loop in bytes: no sum
+/// can pass 0 or 255.
 struct ByteShifts {
     std::vector<std::uint8_t> lowest;
     std::vector<std::uint8_t> highest;

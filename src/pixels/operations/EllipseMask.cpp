@@ -11,15 +11,15 @@ namespace tarsel::operations {
 
 namespace {
 
-constexpr int LinesPerRow = 8;
+constexpr int linesPerRow = 8;
 
 /// How far the ellipse reaches from its vertical axis, on the lines through one row of pixels.
-using Reaches = std::array<double, LinesPerRow>;
+using Reaches = std::array<double, linesPerRow>;
 
 Reaches reachesIn(int y, int width, int height) {
     Reaches reaches{};
-    for (int line = 0; line < LinesPerRow; ++line) {
-        const double fromCentre = (y + (line + 0.5) / LinesPerRow) / (height / 2.0) - 1;
+    for (int line = 0; line < linesPerRow; ++line) {
+        const double fromCentre = (y + (line + 0.5) / linesPerRow) / (height / 2.0) - 1;
         reaches[std::size_t(line)] = width / 2.0 * std::sqrt(std::max(0.0, 1 - fromCentre * fromCentre));
     }
     return reaches;
@@ -30,7 +30,7 @@ int coverage(int x, double centre, const Reaches& reaches) {
     double inside = 0;
     for (const double reach : reaches)
         inside += std::max(0.0, std::min(x + 1.0, centre + reach) - std::max(double(x), centre - reach));
-    return int(std::lround(inside / LinesPerRow * 255));
+    return int(std::lround(inside / linesPerRow * 255));
 }
 
 void mixPixel(std::uint8_t* pixel, int channels, int inside, Rgb background) {
@@ -47,10 +47,11 @@ void fillOutsideEllipse(PixelView target, Rgb background) {
         const Reaches reaches = reachesIn(y, target.width, target.height);
         const auto [shortest, longest] = std::minmax_element(reaches.begin(), reaches.end());
         const int outside = std::clamp(int(std::floor(centre - *longest)), 0, target.width);
-        const int whole = std::clamp(int(std::ceil(centre - *shortest)), outside, (target.width + 1) / 2);
+        const int firstInside =
+            std::clamp(int(std::ceil(centre - *shortest)), outside, (target.width + 1) / 2);
         fillPixels(target.row(y), outside, target.channels, background);
         fillPixels(target.pixel(target.width - outside, y), outside, target.channels, background);
-        for (int x = outside; x < whole; ++x) {
+        for (int x = outside; x < firstInside; ++x) {
             const int inside = coverage(x, centre, reaches);
             mixPixel(target.pixel(x, y), target.channels, inside, background);
             if (target.width - 1 - x != x)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Merge.h"
 
+#include "pixels/operations/PackedPixel.h"
 #include "pixels/operations/ResizeSmooth.h"
-#include "pixels/operations/Vectorised.h"
+#include "pixels/operations/RowPrefetch.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,10 +14,10 @@ namespace tarsel::operations {
 
 namespace {
 
-constexpr int Opaque = 255;
+constexpr int opaque = 255;
 
-/// Exact rounding of product / 255 for products of two bytes.
-TARSEL_INLINED std::uint16_t dividedBy255(std::uint16_t product) {
+/// As dividedBy255, in 16 bits.
+TARSEL_INLINED std::uint16_t dividedInWords(std::uint16_t product) {
     const auto half = std::uint16_t(product + 128);
     return std::uint16_t(std::uint16_t(half + (half >> 8)) >> 8);
 }
@@ -25,100 +26,118 @@ TARSEL_INLINED std::uint16_t dividedBy255(std::uint16_t product) {
 TARSEL_VECTORISED void mixByShares(std::uint8_t* __restrict out, const std::uint8_t* __restrict color,
                                    const std::uint8_t* __restrict shares, int size) {
     for (int i = 0; i < size; ++i) {
-        const auto kept = std::uint16_t(out[i] * (Opaque - shares[i]));
-        out[i] = std::uint8_t(dividedBy255(std::uint16_t(kept + color[i] * shares[i])));
+        const auto kept = std::uint16_t(out[i] * (opaque - shares[i]));
+        out[i] = std::uint8_t(dividedInWords(std::uint16_t(kept + color[i] * shares[i])));
     }
 }
 
 TARSEL_VECTORISED void mixEvenly(std::uint8_t* __restrict out, const std::uint8_t* __restrict color,
                                  std::uint8_t share, int size) {
     for (int i = 0; i < size; ++i) {
-        const auto kept = std::uint16_t(out[i] * (Opaque - share));
-        out[i] = std::uint8_t(dividedBy255(std::uint16_t(kept + color[i] * share)));
+        const auto kept = std::uint16_t(out[i] * (opaque - share));
+        out[i] = std::uint8_t(dividedInWords(std::uint16_t(kept + color[i] * share)));
     }
 }
 
-/// One pixel on a target with alpha: `share` is the alpha of what is laid over.
-void layOverTransparent(std::uint8_t* out, const std::uint8_t* color, std::uint8_t share) {
-    const int below = dividedBy255(std::uint16_t(out[3] * (Opaque - share)));
-    const int alpha = share + below;
-    if (alpha == 0)
-        return;
-    for (int c = 0; c < 3; ++c)
-        out[c] = std::uint8_t((color[c] * share + out[c] * below + alpha / 2) / alpha);
-    out[3] = std::uint8_t(alpha);
+/// `color` and `below` mixed by their shares of alpha, of which `scale` is one over the sum.
+TARSEL_INLINED std::int32_t mixedByAlpha(std::int32_t color, std::int32_t share, std::int32_t below,
+                                         std::int32_t belowShare, float scale) {
+    const std::int32_t sum = color * share + below * belowShare;
+    return std::int32_t((float(sum) + float((share + belowShare) / 2)) * scale + quotientMargin);
 }
 
-void layOverTransparent(std::uint8_t* out, const std::uint8_t* colors, const std::uint8_t* shares,
-                        std::ptrdiff_t count) {
-    for (std::ptrdiff_t x = 0; x < count; ++x)
-        layOverTransparent(out + 4 * x, colors + 3 * x, shares[x]);
+/// On a target with alpha: the alpha of the pixels in `layer` is what they cover.
+TARSEL_VECTORISED void layOverTransparent(std::uint8_t* __restrict out, const std::uint8_t* __restrict layer,
+                                          int count) {
+    for (int x = 0; x < count; ++x) {
+        const PackedPixel below = packedAt(out + 4 * x);
+        const PackedPixel above = packedAt(layer + 4 * x);
+        const std::int32_t share = channelOf(above, 3);
+        const std::int32_t belowShare = dividedBy255(channelOf(below, 3) * (opaque - share));
+        const std::int32_t alpha = share + belowShare;
+        const float scale = 1 / float(std::max(alpha, 1));
+        const auto mixed = [=](int c) {
+            return mixedByAlpha(channelOf(above, c), share, channelOf(below, c), belowShare, scale);
+        };
+        putPacked(out + 4 * x, alpha ? packedOf(mixed(0), mixed(1), mixed(2), alpha) : below);
+    }
 }
 
-/// The layer's rows in the form in which they are laid down, prepared one at a time.
+/// The layer's rows in the form in which they are laid down, prepared one at a time. For a target without
+/// alpha these are colours, and the share of each byte; for one with alpha, pixels whose alpha is their
+/// share.
 class LayerRow {
 public:
     LayerRow(ConstPixelView layer, const MergeOptions& options, int targetChannels) :
         m_layer(layer), m_key(options.transparentColor), m_opacity(opacityOf(options.transparency)),
-        m_targetChannels(targetChannels), m_even(layer.channels == 3 && targetChannels == 3 && !m_key) {
-        if (m_even)
+        m_targetChannels(targetChannels), m_even(layer.channels == 3 && targetChannels == 3 && !m_key),
+        m_usable(m_even || (layer.channels == 4 && targetChannels == 4 && m_opacity == opaque && !m_key)) {
+        if (m_usable)
             return;
-        m_colors.resize(std::size_t(layer.width) * 3);
-        m_shares.resize(std::size_t(layer.width) * (targetChannels == 3 ? 3 : 1));
+        constexpr std::size_t room = 1; // pixels are put by four bytes
+        m_colors.resize(std::size_t(layer.width) * std::size_t(targetChannels) + room);
+        if (targetChannels == 3)
+            m_shares.resize(m_colors.size());
     }
 
     bool isInvisible() const { return m_opacity == 0; }
 
     void prepare(int y) {
         m_row = m_layer.row(y);
-        if (m_even)
+        if (m_usable)
             return;
-        for (int x = 0; x < m_layer.width; ++x)
-            preparePixel(m_row + std::ptrdiff_t(x) * m_layer.channels, std::size_t(x));
+        const auto prepareRow =
+            m_layer.channels == 3
+                ? (m_targetChannels == 3 ? &LayerRow::prepareRow<3, 3> : &LayerRow::prepareRow<3, 4>)
+                : (m_targetChannels == 3 ? &LayerRow::prepareRow<4, 3> : &LayerRow::prepareRow<4, 4>);
+        (this->*prepareRow)(m_row);
         m_row = m_colors.data();
     }
 
     /// Lays `count` pixels from column `from` on over `out`.
     void lay(std::uint8_t* out, int from, int count) const {
-        const std::uint8_t* colors = m_row + std::ptrdiff_t(from) * 3;
-        if (m_even && m_opacity == Opaque)
-            std::memcpy(out, colors, std::size_t(count) * 3);
+        const std::ptrdiff_t offset = std::ptrdiff_t(from) * m_targetChannels;
+        if (m_even && m_opacity == opaque)
+            std::memcpy(out, m_row + offset, std::size_t(count) * 3);
         else if (m_even)
-            mixEvenly(out, colors, m_opacity, count * 3);
+            mixEvenly(out, m_row + offset, m_opacity, count * 3);
         else if (m_targetChannels == 3)
-            mixByShares(out, colors, m_shares.data() + std::ptrdiff_t(from) * 3, count * 3);
+            mixByShares(out, m_row + offset, m_shares.data() + offset, count * 3);
         else
-            layOverTransparent(out, colors, m_shares.data() + from, count);
+            layOverTransparent(out, m_row + offset, count);
     }
 
 private:
     static std::uint8_t opacityOf(double transparency) {
         const double percent = transparency > 0 ? std::min(transparency, 100.0) : 0; // also for NaN
-        return std::uint8_t(std::lround(Opaque * (100 - percent) / 100));
+        return std::uint8_t(std::lround(opaque * (100 - percent) / 100));
     }
 
-    std::uint8_t shareOf(const std::uint8_t* pixel) const {
-        if (m_key && *m_key == Rgb{pixel[0], pixel[1], pixel[2]})
-            return 0;
-        if (m_layer.channels == 3)
-            return m_opacity;
-        return std::uint8_t(dividedBy255(std::uint16_t(pixel[3] * m_opacity)));
+    template <int LayerChannels, int TargetChannels>
+    void prepareRow(const std::uint8_t* in) {
+        std::uint8_t* colors = m_colors.data();
+        std::uint8_t* shares = m_shares.data();
+        const PackedPixel key = m_key ? packedOf(m_key->red, m_key->green, m_key->blue, 0) : noKey;
+        for (int x = 0; x < m_layer.width; ++x, in += LayerChannels, colors += TargetChannels) {
+            const PackedPixel color = packedOf(in[0], in[1], in[2], 0);
+            const std::int32_t covering = LayerChannels == 4 ? dividedBy255(in[3] * m_opacity) : m_opacity;
+            const std::int32_t share = color == key ? 0 : covering;
+            putPacked(colors, color | PackedPixel(share) << 24);
+            if (TargetChannels == 3) {
+                putPacked(shares, PackedPixel(share) * 0x010101);
+                shares += 3;
+            }
+        }
     }
 
-    void preparePixel(const std::uint8_t* pixel, std::size_t x) {
-        std::memcpy(m_colors.data() + 3 * x, pixel, 3);
-        const std::uint8_t share = shareOf(pixel);
-        if (m_targetChannels == 3)
-            std::memset(m_shares.data() + 3 * x, share, 3);
-        else
-            m_shares[x] = share;
-    }
+    static constexpr PackedPixel noKey = ~PackedPixel(0);
 
     ConstPixelView m_layer;
     std::optional<Rgb> m_key;
     std::uint8_t m_opacity;
     int m_targetChannels;
-    bool m_even; ///< all pixels have one share, and rows can be used as they are
+    bool m_even;   ///< all pixels have one share
+    bool m_usable; ///< rows can be laid down as they are
     std::vector<std::uint8_t> m_colors;
     std::vector<std::uint8_t> m_shares;
     const std::uint8_t* m_row = nullptr;
@@ -131,6 +150,7 @@ void mergeAt(PixelView target, ConstPixelView layer, LayerRow& row, std::int64_t
     if (begin >= end)
         return;
     for (auto y = std::max<std::int64_t>(top, 0); y < bottom; ++y) {
+        prefetchRow(layer, int(y - top) + 1);
         row.prepare(int(y - top));
         row.lay(target.pixel(int(begin), int(y)), int(begin - left), int(end - begin));
     }
@@ -153,7 +173,7 @@ Picture withoutColor(ConstPixelView layer, Rgb color) {
             const std::uint8_t* in = layer.pixel(x, y);
             std::uint8_t* out = view.pixel(x, y);
             std::memcpy(out, in, 3);
-            out[3] = color == Rgb{in[0], in[1], in[2]} ? 0 : layer.channels == 4 ? in[3] : Opaque;
+            out[3] = color == Rgb{in[0], in[1], in[2]} ? 0 : layer.channels == 4 ? in[3] : opaque;
         }
     return result;
 }

@@ -13,7 +13,7 @@ enum class MergePlace {
     Centred = 0,
     At = 1,      ///< top left corner at (x, y), cut off at the edges
     Tiled = 2,   ///< side by side from the top left corner on, cut off at the edges
-    Wrapped = 3, ///< stretched or shrunk smoothly until it covers the whole picture
+    Wrapped = 3, ///< stretched or shrunk smoothly until it covers all of the picture
 };
 
 struct MergeOptions {

@@ -12,52 +12,49 @@ namespace tarsel::operations {
 
 namespace {
 
-/// What is left to the filter of a strong reduction, after exact means have done the first part of it: with
-/// three times the pixels of the result, these are as good as all.
-constexpr int LeastReduction = 3;
+/// The least reduction that a strong one leaves to the filter, after exact means have done the first part:
+/// means with six times the pixels of the result are as good to the filter as all pixels.
+constexpr int leastReduction = 6;
 
 int firstFactor(int sourceLength, int targetLength) {
-    return std::clamp(sourceLength / (LeastReduction * targetLength), 1, LargestAreaFactor);
+    return std::clamp(sourceLength / (leastReduction * targetLength), 1, largestAreaFactor);
 }
 
-void filter(ConstPixelView source, PixelView target) {
+void filter(ConstPixelView source, PixelView target, bool transparent) {
     const int acrossFactor = firstFactor(source.width, target.width);
     const int downFactor = firstFactor(source.height, target.height);
     const AxisWeights columns = lanczosWeights(source.width, acrossFactor, target.width);
     const AxisWeights rows = lanczosWeights(source.height, downFactor, target.height);
     if (acrossFactor == 1 && downFactor == 1)
-        return separableFilter(source, target, columns, rows);
+        return separableFilter(source, target, columns, rows, {transparent, transparent});
     Picture means(source.width / acrossFactor, source.height / downFactor, source.channels);
-    areaReduction(source, means.edit(), acrossFactor, downFactor);
-    separableFilter(means.view(), target, columns, rows);
+    areaReduction(source, means.edit(), acrossFactor, downFactor, transparent);
+    separableFilter(means.view(), target, columns, rows, {false, transparent});
 }
 
-/// The whole factor between two lengths, or 0 when there is none.
-int wholeFactor(int sourceLength, int targetLength) {
+/// The factor between two lengths if it is an integer, else 0.
+int integerFactor(int sourceLength, int targetLength) {
     const int factor = sourceLength / targetLength;
-    return factor * targetLength == sourceLength && factor <= LargestAreaFactor ? factor : 0;
+    return factor * targetLength == sourceLength && factor <= largestAreaFactor ? factor : 0;
 }
 
-void resample(ConstPixelView source, PixelView target) {
-    const int acrossFactor = wholeFactor(source.width, target.width);
-    const int downFactor = wholeFactor(source.height, target.height);
-    if (acrossFactor && downFactor)
-        areaReduction(source, target, acrossFactor, downFactor);
-    else
-        filter(source, target);
+void takeMeans(ConstPixelView source, PixelView target, int acrossFactor, int downFactor, bool transparent) {
+    areaReduction(source, target, acrossFactor, downFactor, transparent);
+    for (int y = 0; transparent && y < target.height; ++y)
+        unpremultiplyPixels(target.row(y), target.width);
 }
 
 } // namespace
 
 void resizeSmooth(ConstPixelView source, PixelView target) {
-    if (source.channels == 3 || !hasTransparency(source)) {
-        resample(source, target);
-        return;
-    }
-    Picture multiplied(source.width, source.height, source.channels);
-    premultiply(source, multiplied.edit());
-    resample(multiplied.view(), target);
-    unpremultiply(target);
+    const int acrossFactor = integerFactor(source.width, target.width);
+    const int downFactor = integerFactor(source.height, target.height);
+    const bool mixes = acrossFactor != 1 || downFactor != 1;
+    const bool transparent = mixes && hasTransparency(source);
+    if (acrossFactor && downFactor)
+        takeMeans(source, target, acrossFactor, downFactor, transparent);
+    else
+        filter(source, target, transparent);
 }
 
 } // namespace tarsel::operations

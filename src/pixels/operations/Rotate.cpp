@@ -6,6 +6,7 @@
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/Flip.h"
 #include "pixels/operations/QuarterTurn.h"
+#include "pixels/operations/Transposition.h"
 
 #include <algorithm>
 #include <array>
@@ -18,8 +19,8 @@ namespace tarsel::operations {
 namespace {
 
 /// Places in the source are fixed-point numbers with 16 bits after the binary point.
-constexpr int FractionBits = 16;
-constexpr std::int64_t One = std::int64_t(1) << FractionBits;
+constexpr int fractionBits = 16;
+constexpr std::int64_t one = std::int64_t(1) << fractionBits;
 
 using Pixel = std::array<std::uint8_t, 4>;
 
@@ -68,6 +69,7 @@ struct Turning {
     Pixel background{};
     double cosine = 1;
     double sine = 0;
+    bool premultiplied = false; ///< colours of the source are multiplied by alpha
 
     /// The line for row y, through the centres of its pixels less `offset` of a source pixel.
     SourceLine line(int y, double offset) const {
@@ -75,121 +77,182 @@ struct Turning {
         const double down = y + 0.5 - target.height / 2.0;
         const double x = across * cosine + down * sine + source.width / 2.0 - offset;
         const double yAt = down * cosine - across * sine + source.height / 2.0 - offset;
-        return {std::llround(x * One), std::llround(yAt * One), std::llround(cosine * One),
-                std::llround(-sine * One)};
+        return {std::llround(x * one), std::llround(yAt * one), std::llround(cosine * one),
+                std::llround(-sine * one)};
     }
 };
+
+void fillBeside(const Turning& turning, int y, Span columns) {
+    const PixelView& target = turning.target;
+    const Rgb color{turning.background[0], turning.background[1], turning.background[2]};
+    fillPixels(target.row(y), columns.begin, target.channels, color);
+    fillPixels(target.pixel(columns.end, y), target.width - columns.end, target.channels, color);
+}
 
 template <int Channels>
 void nearestRow(const Turning& turning, int y) {
     SourceLine at = turning.line(y, 0);
-    const Span inside = columnsInside(at, 0, turning.source.width * One, turning.source.height * One,
+    const Span inside = columnsInside(at, 0, turning.source.width * one, turning.source.height * one,
                                       {0, turning.target.width});
+    fillBeside(turning, y, inside);
     at.x += at.dx * inside.begin;
     at.y += at.dy * inside.begin;
     std::uint8_t* out = turning.target.pixel(inside.begin, y);
     for (int x = inside.begin; x < inside.end; ++x, at.x += at.dx, at.y += at.dy, out += Channels) {
-        const std::uint8_t* in = turning.source.pixel(int(at.x >> FractionBits), int(at.y >> FractionBits));
+        const std::uint8_t* in = turning.source.pixel(int(at.x >> fractionBits), int(at.y >> fractionBits));
         for (int c = 0; c < Channels; ++c)
             out[c] = in[c];
     }
 }
 
-/// A pixel's bytes in 16-bit lanes of one number, so that one multiplication works on all of them. Reads
-/// `Bytes` bytes; a lane that is not read, or not of the pixel, does not disturb the others.
-template <int Bytes>
-std::uint64_t lanesOf(const std::uint8_t* pixel) {
-    std::uint32_t bytes = 0;
-    std::memcpy(&bytes, pixel, Bytes);
-    const std::uint64_t apart = (std::uint64_t(bytes) | (std::uint64_t(bytes) << 16)) & 0x0000FFFF0000FFFF;
-    return (apart | (apart << 8)) & 0x00FF00FF00FF00FF;
+/// Neighbours are mixed by so many upper bits of a place's fraction.
+constexpr int shareBits = 7;
+constexpr std::int64_t roundingToShare = one >> (shareBits + 1);
+
+/// Two pixels of the turned picture are computed at once, each from a pair of neighbours of 8 values at most.
+/// Types with 256 bits are handed on by reference only: how they are passed by value depends on the
+/// processor.
+using Lanes = std::int16_t __attribute__((vector_size(32)));
+using Fractions = std::uint16_t __attribute__((vector_size(32)));
+
+/// The fractions of two places, each in all lanes of its half. They wrap at the next pixel as they should.
+TARSEL_INLINED void setFractions(Fractions& fractions, std::int64_t first, std::int64_t second) {
+    for (int i = 0; i < 8; ++i) {
+        fractions[i] = std::uint16_t(first);
+        fractions[i + 8] = std::uint16_t(second);
+    }
 }
 
-/// Lanes between `from` (share 0) and `to` (share 256), rounded.
-std::uint64_t mixedLanes(std::uint64_t from, std::uint64_t to, unsigned share) {
-    constexpr std::uint64_t Halves = 0x0080008000800080;
-    return ((from * (256 - share) + to * share + Halves) >> 8) & 0x00FF00FF00FF00FF;
+/// 8 bytes from each of two places.
+TARSEL_INLINED Bytes bytesAt(const std::uint8_t* first, const std::uint8_t* second) {
+    using Pair = std::uint64_t __attribute__((vector_size(16)));
+    std::uint64_t halves[2];
+    std::memcpy(&halves[0], first, 8);
+    std::memcpy(&halves[1], second, 8);
+    return Bytes(Pair{halves[0], halves[1]});
 }
 
-/// Four neighbours in lanes.
-struct Neighbours {
-    std::uint64_t topLeft = 0;
-    std::uint64_t topRight = 0;
-    std::uint64_t bottomLeft = 0;
-    std::uint64_t bottomRight = 0;
-};
+/// Moves each lane of `from` towards that of `to` by its share, rounded.
+TARSEL_INLINED void mix(Lanes& from, const Lanes& to, const Fractions& places) {
+    const auto shares = Lanes(places >> (fractionBits - shareBits));
+    from += ((to - from) * shares + (1 << (shareBits - 1))) >> shareBits;
+}
 
-/// Mixes them by the eight upper bits of the fractions.
+/// Mixes two neighbours at each of two places with the two below them.
 template <int Channels>
-void mixFour(const Neighbours& pixels, std::int64_t x, std::int64_t y, std::uint8_t* out) {
-    const auto right = unsigned(x >> (FractionBits - 8)) & 255;
-    const auto low = unsigned(y >> (FractionBits - 8)) & 255;
-    const std::uint64_t top = mixedLanes(pixels.topLeft, pixels.topRight, right);
-    const std::uint64_t bottom = mixedLanes(pixels.bottomLeft, pixels.bottomRight, right);
-    const std::uint64_t mixed = mixedLanes(top, bottom, low);
-    for (int c = 0; c < Channels; ++c)
-        out[c] = std::uint8_t(mixed >> (16 * c));
+TARSEL_INLINED std::array<std::uint32_t, 2> mixFour(const std::uint8_t* first, const std::uint8_t* second,
+                                                    std::ptrdiff_t stride, const Fractions& x,
+                                                    const Fractions& y) {
+    auto left = __builtin_convertvector(bytesAt(first, second), Lanes);
+    mix(left, __builtin_convertvector(bytesAt(first + stride, second + stride), Lanes), y);
+    const Lanes right =
+        Channels == 3
+            ? __builtin_shufflevector(left, left, 3, 4, 5, 6, 7, 0, 1, 2, 11, 12, 13, 14, 15, 8, 9, 10)
+            : __builtin_shufflevector(left, left, 4, 5, 6, 7, 0, 1, 2, 3, 12, 13, 14, 15, 8, 9, 10, 11);
+    mix(left, right, x);
+    const Bytes bytes = __builtin_convertvector(left, Bytes);
+    std::uint32_t quarters[4];
+    std::memcpy(quarters, &bytes, sizeof bytes);
+    return {quarters[0], quarters[2]};
 }
 
-/// Columns whose four pixels may lie outside, where the background takes their place.
+/// Columns whose four pixels may be outside, where the background takes their place.
 template <int Channels>
 void smoothEdge(const Turning& turning, int y, const SourceLine& line, Span columns) {
-    const auto pixelAt = [&](std::int64_t px, std::int64_t py) {
+    const auto putPixelAt = [&](std::int64_t px, std::int64_t py, std::uint8_t* out) {
         const bool inside = px >= 0 && py >= 0 && px < turning.source.width && py < turning.source.height;
-        return lanesOf<Channels>(inside ? turning.source.pixel(int(px), int(py)) : turning.background.data());
+        std::memcpy(out, inside ? turning.source.pixel(int(px), int(py)) : turning.background.data(),
+                    Channels);
     };
     for (int x = columns.begin; x < columns.end; ++x) {
         const std::int64_t atX = line.x + line.dx * x;
         const std::int64_t atY = line.y + line.dy * x;
-        const std::int64_t px = atX >> FractionBits;
-        const std::int64_t py = atY >> FractionBits;
-        mixFour<Channels>(
-            {pixelAt(px, py), pixelAt(px + 1, py), pixelAt(px, py + 1), pixelAt(px + 1, py + 1)}, atX, atY,
-            turning.target.pixel(x, y));
+        std::uint8_t pixels[2][8] = {};
+        for (int i = 0; i < 4; ++i)
+            putPixelAt((atX >> fractionBits) + i % 2, (atY >> fractionBits) + i / 2,
+                       pixels[i / 2] + i % 2 * Channels);
+        Fractions across, down;
+        setFractions(across, atX, atX);
+        setFractions(down, atY, atY);
+        const auto mixed = mixFour<Channels>(pixels[0], pixels[0], sizeof pixels[0], across, down);
+        std::memcpy(turning.target.pixel(x, y), mixed.data(), Channels);
     }
 }
 
-/// Columns whose four pixels are inside and above the last row: one byte after any of them may be read.
+/// Columns whose four pixels are inside and above the last row: two bytes after them may be read.
 template <int Channels>
-void smoothInside(const Turning& turning, int y, SourceLine at, Span columns) {
+TARSEL_INLINED void smoothColumns(const Turning& turning, int y, SourceLine at, Span columns) {
     at.x += at.dx * columns.begin;
     at.y += at.dy * columns.begin;
+    const std::ptrdiff_t stride = turning.source.stride;
+    const std::uint8_t* const source = turning.source.data;
+    const auto pixelAt = [=](std::int64_t px, std::int64_t py) {
+        return source + (py >> fractionBits) * stride + (px >> fractionBits) * Channels;
+    };
+    Fractions across, down, stepAcross, stepDown;
+    setFractions(across, at.x, at.x + at.dx);
+    setFractions(down, at.y, at.y + at.dy);
+    setFractions(stepAcross, 2 * at.dx, 2 * at.dx);
+    setFractions(stepDown, 2 * at.dy, 2 * at.dy);
     std::uint8_t* out = turning.target.pixel(columns.begin, y);
-    for (int x = columns.begin; x < columns.end; ++x, at.x += at.dx, at.y += at.dy, out += Channels) {
-        const std::uint8_t* in = turning.source.pixel(int(at.x >> FractionBits), int(at.y >> FractionBits));
-        const std::uint8_t* below = in + turning.source.stride;
-        mixFour<Channels>(
-            {lanesOf<4>(in), lanesOf<4>(in + Channels), lanesOf<4>(below), lanesOf<4>(below + Channels)},
-            at.x, at.y, out);
+    int left = columns.end - columns.begin;
+    for (; left > 2; left -= 2, out += 2 * Channels) { // a byte after a pixel is the next one's
+        const auto mixed =
+            mixFour<Channels>(pixelAt(at.x, at.y), pixelAt(at.x + at.dx, at.y + at.dy), stride, across, down);
+        std::memcpy(out, &mixed[0], 4);
+        std::memcpy(out + Channels, &mixed[1], 4);
+        at.x += 2 * at.dx;
+        at.y += 2 * at.dy;
+        across += stepAcross;
+        down += stepDown;
     }
+    for (; left > 0; --left, out += Channels) {
+        setFractions(across, at.x, at.x);
+        setFractions(down, at.y, at.y);
+        const std::uint8_t* in = pixelAt(at.x, at.y);
+        const auto mixed = mixFour<Channels>(in, in, stride, across, down);
+        std::memcpy(out, mixed.data(), Channels);
+        at.x += at.dx;
+        at.y += at.dy;
+    }
+}
+
+TARSEL_VECTORISED void smoothInside(const Turning& turning, int y, const SourceLine& line, Span columns) {
+    if (turning.source.channels == 3)
+        smoothColumns<3>(turning, y, line, columns);
+    else
+        smoothColumns<4>(turning, y, line, columns);
 }
 
 template <int Channels>
 void smoothRow(const Turning& turning, int y) {
-    const SourceLine line = turning.line(y, 0.5);
-    const std::int64_t width = turning.source.width * One;
-    const std::int64_t height = turning.source.height * One;
-    const Span touched = columnsInside(line, -One, width, height, {0, turning.target.width});
-    const Span inside = columnsInside(line, 0, width - One, height - 2 * One, touched);
+    SourceLine line = turning.line(y, 0.5);
+    line.x += roundingToShare;
+    line.y += roundingToShare;
+    const std::int64_t width = turning.source.width * one;
+    const std::int64_t height = turning.source.height * one;
+    const Span touched = columnsInside(line, -one, width, height, {0, turning.target.width});
+    const Span inside = columnsInside(line, 0, width - one, height - 2 * one, touched);
+    fillBeside(turning, y, touched);
     smoothEdge<Channels>(turning, y, line, {touched.begin, inside.begin});
-    smoothInside<Channels>(turning, y, line, inside);
+    smoothInside(turning, y, line, inside);
     smoothEdge<Channels>(turning, y, line, {inside.end, touched.end});
+    if (turning.premultiplied)
+        unpremultiplyPixels(turning.target.pixel(touched.begin, y), touched.end - touched.begin);
 }
 
-template <int Channels>
 void turnRows(const Turning& turning, bool smooth) {
-    for (int y = 0; y < turning.target.height; ++y) {
-        if (smooth)
-            smoothRow<Channels>(turning, y);
-        else
-            nearestRow<Channels>(turning, y);
-    }
+    const bool hasAlpha = turning.source.channels == 4;
+    const auto turnRow =
+        smooth ? (hasAlpha ? smoothRow<4> : smoothRow<3>) : (hasAlpha ? nearestRow<4> : nearestRow<3>);
+    for (int y = 0; y < turning.target.height; ++y)
+        turnRow(turning, y);
 }
 
-/// Length of the canvas along one axis. The picture needs what it covers; rounding errors are no pixel.
+/// Length of the canvas along one axis. The picture needs what it covers; a rounding error is not one.
 int canvasLength(double along, double across) {
-    constexpr double RoundingError = 1e-6;
-    return int(std::min(2e9, std::ceil(std::abs(along) + std::abs(across) - RoundingError)));
+    constexpr double roundingError = 1e-6;
+    return int(std::min(2e9, std::ceil(std::abs(along) + std::abs(across) - roundingError)));
 }
 
 Picture turned(const Picture& picture, double degrees, bool smooth, Rgb background) {
@@ -198,25 +261,16 @@ Picture turned(const Picture& picture, double degrees, bool smooth, Rgb backgrou
     const double sine = std::sin(angle);
     Picture canvas(canvasLength(picture.width() * cosine, picture.height() * sine),
                    canvasLength(picture.width() * sine, picture.height() * cosine), picture.channels());
-    const Turning turning{picture.view(),
-                          canvas.edit(),
-                          {background.red, background.green, background.blue, 255},
-                          cosine,
-                          sine};
-    fill(turning.target, background);
-    if (picture.channels() == 3)
-        turnRows<3>(turning, smooth);
-    else
-        turnRows<4>(turning, smooth);
+    Turning turning{picture.view(), canvas.edit(), {background.red, background.green, background.blue, 255},
+                    cosine,         sine,          smooth && hasTransparency(picture.view())};
+    Picture multiplied;
+    if (turning.premultiplied) {
+        multiplied = Picture(picture.width(), picture.height(), picture.channels());
+        premultiply(picture.view(), multiplied.edit());
+        turning.source = multiplied.view();
+    }
+    turnRows(turning, smooth);
     return canvas;
-}
-
-Picture turnedWithAlpha(const Picture& picture, double degrees, Rgb background) {
-    Picture multiplied(picture.width(), picture.height(), picture.channels());
-    premultiply(picture.view(), multiplied.edit());
-    Picture result = turned(multiplied, degrees, true, background);
-    unpremultiply(result.edit());
-    return result;
 }
 
 Picture quarterTurned(const Picture& picture, bool clockwise) {
@@ -227,9 +281,10 @@ Picture quarterTurned(const Picture& picture, bool clockwise) {
 
 Picture halfTurned(const Picture& picture) {
     Picture result(picture.width(), picture.height(), picture.channels());
-    const PixelView target = result.edit();
-    flipVertical(picture.view(), target);
-    flipHorizontal(target, target);
+    ConstPixelView upsideDown = picture.view();
+    upsideDown.data = upsideDown.row(upsideDown.height - 1);
+    upsideDown.stride = -upsideDown.stride;
+    flipHorizontal(upsideDown, result.edit());
     return result;
 }
 
@@ -245,8 +300,6 @@ Picture rotate(const Picture& picture, double degrees, bool smooth, Rgb backgrou
         return halfTurned(picture);
     if (turn == 90 || turn == 270)
         return quarterTurned(picture, turn == 90);
-    if (smooth && picture.hasAlpha() && hasTransparency(picture.view()))
-        return turnedWithAlpha(picture, turn, background);
     return turned(picture, turn, smooth, background);
 }
 

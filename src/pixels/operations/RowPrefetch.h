@@ -10,11 +10,11 @@ namespace tarsel::operations {
 /// their time.
 inline void prefetchRow([[maybe_unused]] ConstPixelView view, [[maybe_unused]] int y) {
 #if defined(__GNUC__)
-    constexpr int CacheLine = 64;
+    constexpr int cacheLine = 64;
     if (y < 0 || y >= view.height)
         return;
     const std::uint8_t* row = view.row(y);
-    for (int at = 0; at < view.width * view.channels; at += CacheLine)
+    for (int at = 0; at < view.width * view.channels; at += cacheLine)
         __builtin_prefetch(row + at);
 #endif
 }

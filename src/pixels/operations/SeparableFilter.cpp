@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/SeparableFilter.h"
 
+#include "pixels/operations/AlphaPremultiplication.h"
 #include "pixels/operations/ByteClamp.h"
 #include "pixels/operations/RowPrefetch.h"
+#include "pixels/operations/Transposition.h"
 
 #include <algorithm>
 #include <vector>
@@ -13,46 +15,53 @@ namespace {
 
 /// Target rows that are filtered together: after the vertical pass their values are turned to lie side by
 /// side, and a step of the horizontal pass works on all of them at once.
-constexpr int Lanes = 16;
+constexpr int lanes = 16;
 /// Bytes of a row that the vertical pass takes at a time.
-constexpr int BlockLength = 128;
+constexpr int blockLength = 128;
 
 /// Bits after the binary point: into the vertical pass, between the passes, after the horizontal one. A
 /// product with a weight takes one bit off, and what overshoots finds room in 16 bits.
-constexpr int InputBits = 7;
-constexpr int MiddleBits = InputBits + AxisWeights::Bits - 15;
-constexpr int ResultBits = MiddleBits + AxisWeights::Bits - 15;
+constexpr int inputBits = 7;
+constexpr int middleBits = inputBits + AxisWeights::bits - 15;
+constexpr int resultBits = middleBits + AxisWeights::bits - 15;
 
 /// The product of a value and a weight / 32768, rounded.
 TARSEL_INLINED std::int16_t weighted(std::int16_t value, std::int16_t weight) {
     return std::int16_t((((std::int32_t(value) * weight) >> 14) + 1) >> 1);
 }
 
-using Tile = std::int16_t[Lanes][BlockLength];
+using Tile = std::int16_t[lanes][blockLength];
 
 /// Weighted sums down the columns of the source, of which `rows` holds a block, one row after the other.
 TARSEL_INLINED void sumRows(const std::int16_t* __restrict rows, const std::int16_t* weights, int taps,
                             std::int16_t* __restrict out) {
-    std::int16_t sums[BlockLength] = {};
-    for (int k = 0; k < taps; ++k, rows += BlockLength) {
+    std::int16_t sums[blockLength] = {};
+    for (int k = 0; k < taps; ++k, rows += blockLength) {
         const std::int16_t weight = weights[k];
-        for (int i = 0; i < BlockLength; ++i)
+        for (int i = 0; i < blockLength; ++i)
             sums[i] = std::int16_t(sums[i] + weighted(rows[i], weight));
     }
-    for (int i = 0; i < BlockLength; ++i)
+    for (int i = 0; i < blockLength; ++i)
         out[i] = sums[i];
 }
 
 TARSEL_INLINED void widen(const std::uint8_t* __restrict in, int count, std::int16_t* __restrict out) {
     for (int i = 0; i < count; ++i)
-        out[i] = std::int16_t(in[i] << InputBits);
+        out[i] = std::int16_t(in[i] << inputBits);
 }
 
-/// Puts the rows of a tile side by side: value i of row r becomes columns[i * Lanes + r].
-TARSEL_INLINED void turnTile(const Tile& tile, int count, std::int16_t* __restrict columns) {
-    for (int i = 0; i < count; ++i)
-        for (int r = 0; r < Lanes; ++r)
-            columns[i * Lanes + r] = tile[r][i];
+/// Puts the rows of a tile side by side: value i of row r becomes columns[i * lanes + r].
+TARSEL_INLINED void turnTile(const Tile& tile, std::int16_t* columns) {
+    constexpr int side = 8;
+    for (int i = 0; i < blockLength; i += side)
+        for (int r = 0; r < lanes; r += side) {
+            Words block[side];
+            for (int k = 0; k < side; ++k)
+                block[k] = loadVector<Words>(tile[r + k] + i);
+            transposeRows(block);
+            for (int k = 0; k < side; ++k)
+                std::memcpy(columns + std::ptrdiff_t(i + k) * lanes + r, &block[k], sizeof(Words));
+        }
 }
 
 /// Rows of the target, and the rows of the source that they need.
@@ -64,26 +73,33 @@ struct Band {
 };
 
 Band bandAt(int top, int targetHeight, const AxisWeights& rows) {
-    Band band{top, std::min(Lanes, targetHeight - top), rows.first[std::size_t(top)], 0};
+    Band band{top, std::min(lanes, targetHeight - top), rows.first[std::size_t(top)], 0};
     band.sourceHeight = rows.first[std::size_t(top + band.height - 1)] + rows.taps - band.sourceTop;
     return band;
 }
 
 /// `widened` has room for a block of each row of the source that the band needs.
 TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows, Band band,
-                                  std::int16_t* widened, std::int16_t* columns) {
+                                  bool premultiplied, std::int16_t* widened, std::int16_t* columns) {
     const int size = source.width * source.channels;
     Tile tile = {};
-    for (int at = 0; at < size; at += BlockLength) {
-        const int count = std::min(BlockLength, size - at);
-        for (int k = 0; k < band.sourceHeight; ++k)
-            widen(source.row(band.sourceTop + k) + at, count, widened + std::ptrdiff_t(k) * BlockLength);
+    for (int at = 0; at < size; at += blockLength) {
+        const int count = std::min(blockLength, size - at);
+        for (int k = 0; k < band.sourceHeight; ++k) {
+            const std::uint8_t* in = source.row(band.sourceTop + k) + at;
+            std::uint8_t pixels[blockLength];
+            if (premultiplied) {
+                premultiplyPixels(in, pixels, count / 4);
+                in = pixels;
+            }
+            widen(in, count, widened + std::ptrdiff_t(k) * blockLength);
+        }
         for (int r = 0; r < band.height; ++r) {
             const int row = band.top + r;
             const std::ptrdiff_t first = rows.first[std::size_t(row)] - band.sourceTop;
-            sumRows(widened + first * BlockLength, rows.of(row), rows.taps, tile[r]);
+            sumRows(widened + first * blockLength, rows.of(row), rows.taps, tile[r]);
         }
-        turnTile(tile, count, columns + std::ptrdiff_t(at) * Lanes);
+        turnTile(tile, columns + std::ptrdiff_t(at) * lanes);
     }
 }
 
@@ -91,23 +107,23 @@ TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows
 template <int Channels>
 TARSEL_INLINED void sumColumns(const std::int16_t* __restrict in, const std::int16_t* weights, int taps,
                                std::uint8_t* __restrict out) {
-    constexpr int Count = Channels * Lanes;
-    std::int16_t sums[Count];
-    for (int i = 0; i < Count; ++i)
-        sums[i] = 1 << (ResultBits - 1);
-    for (int k = 0; k < taps; ++k, in += Count) {
+    constexpr int count = Channels * lanes;
+    std::int16_t sums[count];
+    for (int i = 0; i < count; ++i)
+        sums[i] = 1 << (resultBits - 1);
+    for (int k = 0; k < taps; ++k, in += count) {
         const std::int16_t weight = weights[k];
-        for (int i = 0; i < Count; ++i)
+        for (int i = 0; i < count; ++i)
             sums[i] = std::int16_t(sums[i] + weighted(in[i], weight));
     }
-    for (int i = 0; i < Count; ++i)
-        out[i] = clampedToByte(std::int16_t(sums[i] >> ResultBits));
+    for (int i = 0; i < count; ++i)
+        out[i] = clampedToByte(std::int16_t(sums[i] >> resultBits));
 }
 
-/// `values` gets Lanes bytes for each byte of a row of the target.
+/// `values` gets `lanes` bytes for each byte of a row of the target.
 TARSEL_VECTORISED void filterAcross(const std::int16_t* columns, std::uint8_t* values, int width,
                                     int channels, const AxisWeights& weights) {
-    const std::ptrdiff_t step = std::ptrdiff_t(channels) * Lanes;
+    const std::ptrdiff_t step = std::ptrdiff_t(channels) * lanes;
     for (int x = 0; x < width; ++x) {
         const std::int16_t* in = columns + weights.first[std::size_t(x)] * step;
         if (channels == 3)
@@ -117,34 +133,48 @@ TARSEL_VECTORISED void filterAcross(const std::int16_t* columns, std::uint8_t* v
     }
 }
 
-void putRows(const std::uint8_t* values, PixelView target, Band band) {
-    constexpr int Together = 64; // as many lines as stay in the nearest cache while every row picks its own
+/// Puts `count` values of each row of a band, at most as many as there are lanes, into the rows of the
+/// target.
+TARSEL_INLINED void putBlock(const std::uint8_t* values, PixelView target, Band band, int at, int count) {
+    Bytes block[lanes];
+    for (int k = 0; k < lanes; ++k)
+        block[k] = loadVector<Bytes>(values + std::ptrdiff_t(at + k) * lanes);
+    transposeRows(block);
+    for (int r = 0; r < band.height; ++r)
+        std::memcpy(target.row(band.top + r) + at, &block[r], std::size_t(count));
+}
+
+TARSEL_VECTORISED void putRows(const std::uint8_t* values, PixelView target, Band band) {
     const int size = target.width * target.channels;
-    for (int at = 0; at < size; at += Together)
-        for (int r = 0; r < band.height; ++r) {
-            std::uint8_t* out = target.row(band.top + r);
-            for (int i = at; i < std::min(size, at + Together); ++i)
-                out[i] = values[std::ptrdiff_t(i) * Lanes + r];
-        }
+    int at = 0;
+    for (; at + lanes <= size; at += lanes)
+        putBlock(values, target, band, at, lanes);
+    if (at < size)
+        putBlock(values, target, band, at, size - at);
+}
+
+std::size_t roundedUp(int size, int unit) {
+    return std::size_t((size + unit - 1) / unit) * std::size_t(unit);
 }
 
 } // namespace
 
 void separableFilter(ConstPixelView source, PixelView target, const AxisWeights& columns,
-                     const AxisWeights& rows) {
-    const auto lanes = std::size_t(Lanes) * std::size_t(source.channels);
-    std::vector<std::int16_t> turned(lanes * std::size_t(source.width));
-    std::vector<std::uint8_t> values(lanes * std::size_t(target.width));
+                     const AxisWeights& rows, AlphaHandling alpha) {
+    std::vector<std::int16_t> turned(roundedUp(source.width * source.channels, blockLength) * lanes);
+    std::vector<std::uint8_t> values(roundedUp(target.width * target.channels, lanes) * lanes);
     std::vector<std::int16_t> widened;
     int fetched = 0;
-    for (int top = 0; top < target.height; top += Lanes) {
+    for (int top = 0; top < target.height; top += lanes) {
         const Band band = bandAt(top, target.height, rows);
-        widened.resize(std::max(widened.size(), std::size_t(band.sourceHeight) * BlockLength));
+        widened.resize(std::max(widened.size(), std::size_t(band.sourceHeight) * blockLength));
         for (; fetched < band.sourceTop + band.sourceHeight; ++fetched)
             prefetchRow(source, fetched);
-        filterDown(source, rows, band, widened.data(), turned.data());
+        filterDown(source, rows, band, alpha.premultiplySource, widened.data(), turned.data());
         filterAcross(turned.data(), values.data(), target.width, target.channels, columns);
         putRows(values.data(), target, band);
+        for (int r = 0; alpha.unpremultiplyTarget && r < band.height; ++r)
+            unpremultiplyPixels(target.row(band.top + r), target.width);
     }
 }
 

@@ -15,8 +15,8 @@ namespace tarsel::operations {
 
 namespace {
 
-constexpr double PixelsPerPoint = 96.0 / 72;
-constexpr int LargestPixelSize = 10'000;
+constexpr double pixelsPerPoint = 96.0 / 72;
+constexpr int largestPixelSize = 10'000;
 
 void requireFonts() {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
@@ -42,10 +42,10 @@ QTransform placement(const TextLine& line) {
 
 /// The pixels that the box and all ink, which may reach over it, can touch.
 QRect touchedPixels(const TextLine& line, const QRect& box, const QRect& picture) {
-    constexpr int SmoothEdge = 2;
+    constexpr int smoothMargin = 2;
     const QFontMetrics metrics(line.font);
     const QRect ink = metrics.boundingRect(line.text).translated(box.left(), metrics.ascent());
-    const QRectF reach = ink.united(box).adjusted(-SmoothEdge, -SmoothEdge, SmoothEdge, SmoothEdge);
+    const QRectF reach = ink.united(box).adjusted(-smoothMargin, -smoothMargin, smoothMargin, smoothMargin);
     // Far outside, the limits of QRect must not turn the rectangle over.
     const QRectF mapped = placement(line).mapRect(reach).intersected(QRectF(picture));
     return mapped.isEmpty() ? QRect() : mapped.toAlignedRect();
@@ -95,8 +95,8 @@ QFont textFont(const QString& family, double points, bool bold, bool italic, boo
     QFont font;
     if (!family.isEmpty())
         font.setFamily(family);
-    const double pixels = points > 0 ? points * PixelsPerPoint : 1;
-    font.setPixelSize(int(std::clamp(std::nearbyint(pixels), 1.0, double(LargestPixelSize))));
+    const double pixels = points > 0 ? points * pixelsPerPoint : 1;
+    font.setPixelSize(int(std::clamp(std::nearbyint(pixels), 1.0, double(largestPixelSize))));
     font.setBold(bold);
     font.setItalic(italic);
     font.setUnderline(underline);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "output/LoadSource.h"
+#include "collections/LoadSource.h"
 
 #include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
@@ -7,6 +7,7 @@
 #include "collections/clsFileInfo.h"
 #include "imaging/fncLoadPicture.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStringList>
 
@@ -21,8 +22,9 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
         box.LoadFromFile(path, stop);
         return true;
     } catch (const DecoderLost& error) {
-        throw TrappedError{ErrorNumber::InvalidPicture,
-                           QStringLiteral("Error loading picture ") + error.description};
+        throw TrappedError{
+            ErrorNumber::InvalidPicture,
+            QCoreApplication::translate("LoadSource", "Error loading picture %1").arg(error.description)};
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;
@@ -58,9 +60,9 @@ bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop)
 QString noPictureReason(const QString& path) {
     const QFileInfo file(path);
     if (!file.exists())
-        return QStringLiteral("the file is missing");
-    return file.isReadable() ? QStringLiteral("not a supported picture")
-                             : QStringLiteral("the file is not readable");
+        return QCoreApplication::translate("LoadSource", "the file is missing");
+    return file.isReadable() ? QCoreApplication::translate("LoadSource", "not a supported picture")
+                             : QCoreApplication::translate("LoadSource", "the file is not readable");
 }
 
 } // namespace tarsel

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/RowLoop.h"
+
+#include "base/ErrorSubject.h"
+#include "base/EventLoop.h"
+#include "collections/Basket.h"
+#include "collections/RowAhead.h"
+#include "collections/RowWork.h"
+
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+struct HiddenAtEnd {
+    Progress& progress;
+    ~HiddenAtEnd() { progress.hide(); }
+};
+
+} // namespace
+
+QString shownSource(const ListRow& row) {
+    const QString source = row.subItems.value(BasketColumn::SourcePath - 1);
+    return source.isEmpty() ? row.tag : source;
+}
+
+RowLoop::RowLoop(const RowRun& run, RowConsumer& consumer, ImageBox& box, Progress& progress,
+                 std::vector<RowResult>& results) :
+    m_run(run),
+    m_consumer(consumer), m_box(box), m_progress(progress), m_results(results),
+    m_first(std::max(run.firstRow, 1)), m_last(run.lastThere()), m_next(m_first) {}
+
+void RowLoop::run() {
+    const HiddenAtEnd bar{m_progress};
+    if (m_first > m_last)
+        return;
+    m_progress.start(m_last - m_first + 1);
+    RowAhead ahead({.readAhead = m_run.readAhead,
+                    .upright = m_run.upright,
+                    .pageNumber = m_box.PageNumber,
+                    .stop = m_run.stop});
+    while (m_next <= m_last && !isCancelled()) {
+        work(ahead);
+        m_progress.setValue(m_next - m_first);
+    }
+}
+
+bool RowLoop::isCancelled() {
+    service<EventLoop>().yield();
+    m_cancelled = CancelRequested.exchange(false) || m_run.stop.stop_requested();
+    return m_cancelled;
+}
+
+/// Records the row's result in any case, then lets an error go on, with the row's source in it.
+void RowLoop::work(RowAhead& ahead) {
+    const int position = m_next++;
+    RowWork row(m_run, m_consumer, m_box, ahead, position);
+    for (int later = position; later <= std::min(position + RowAhead::RowsAhead, m_run.lastThere()); ++later)
+        ahead.load(later, m_consumer.readablePath(m_run.rows.row(later - 1).tag));
+    const ErrorSubject subject(row.result().source);
+    try {
+        row.perform();
+    } catch (TrappedError& error) {
+        error.description = namingSubject(error.description);
+        record(row.result());
+        throw;
+    } catch (...) {
+        record(row.result());
+        throw;
+    }
+    record(row.result());
+}
+
+void RowLoop::finish() {
+    for (; m_next <= std::min(m_last, m_run.lastThere()); ++m_next) {
+        RowResult result;
+        result.row = m_next;
+        result.source = shownSource(m_run.rows.row(m_next - 1));
+        result.skip(m_cancelled ? SkipReason::Cancelled : SkipReason::NotReached);
+        record(std::move(result));
+    }
+}
+
+void RowLoop::record(RowResult result) {
+    m_consumer.noteDone(result);
+    m_results.push_back(result);
+    if (m_run.onRow)
+        m_run.onRow(result);
+}
+
+} // namespace tarsel

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/SavedRows.h"
+
+#include "base/Locale.h"
+#include "base/TrappedError.h"
+#include "collections/clsFileInfo.h"
+#include "metadata/modMetadata.h"
+#include "output/Naming.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace tarsel {
+
+namespace {
+
+bool isImportable(quint8 wanted, const QString& path) {
+    return wanted == 1 && !path.trimmed().isEmpty() && clsFileInfo::CheckIfFileExists(path);
+}
+
+} // namespace
+
+std::function<void()> SavedRows::consume(const ListRow& row, ImageBox& box, RowResult& result) {
+    const OutputName target = nameOf(row, box, result);
+    result.target = target.path();
+    if (const QString fault = nameFault(target); !fault.isEmpty())
+        fail(ErrorNumber::PathNotFound, fault);
+    if (m_settings.Overwrite != 1 && QFileInfo::exists(result.target)) {
+        result.skip(SkipReason::Exists);
+        return {};
+    }
+    importMetadata(box);
+    setSaveOptions(box);
+    if (!mayWrite(result))
+        return {};
+    if (m_run.dryRun) {
+        noteWritten(result);
+        result.skip(SkipReason::DryRun);
+        return {};
+    }
+    m_sources.keepReadable(result.row, result.target);
+    return [&box, path = result.target] { box.SaveToFile(path); };
+}
+
+OutputName SavedRows::nameOf(const ListRow& row, const ImageBox& box, RowResult& result) const {
+    const QString folder =
+        modFileSystem::GetFolderPart(m_run.pagesToDocumentFolder ? result.source : row.tag);
+    return outputName(m_settings, {result.row, row.text, folder},
+                      [&](const QString& token) { return tokenText(token, row, box, result); });
+}
+
+/// A part of the name that can't be found out is left out.
+QString SavedRows::tokenText(const QString& token, const ListRow& row, const ImageBox& box,
+                             RowResult& result) const {
+    QString fault;
+    QString text = fncRetrieveNamingString(box, token, readablePath(row.tag), outputExtension(), &fault);
+    if (!fault.isEmpty())
+        result.remark(QCoreApplication::translate("SavedRows", "the name lacks %1: %2").arg(token, fault));
+    return text;
+}
+
+void SavedRows::importMetadata(ImageBox& box) const {
+    if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
+        box.IptcLoadFromFile(m_settings.ImportIPTCFile);
+    if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
+        modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, box, service<Locale>().dateForms());
+    box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
+}
+
+void SavedRows::setSaveOptions(ImageBox& box) const {
+    box.JpegQuality = m_settings.JpegQuality;
+    box.JpegEncoding = m_settings.JpegProgressive == 1;
+    box.ColorFormat = m_settings.JpegDepth != 0 ? 2 : 0;
+}
+
+bool SavedRows::mayWrite(RowResult& result) const {
+    const SourceGuard::Verdict verdict = m_sources.verdictOn(result.row, result.target);
+    if (!verdict.refusal.isEmpty()) {
+        result.skip(SkipReason::Refused, verdict.refusal);
+        return false;
+    }
+    if (!verdict.remark.isEmpty())
+        result.remark(verdict.remark);
+    return true;
+}
+
+void SavedRows::noteWritten(const RowResult& result) {
+    m_sources.noteWritten(result.row, result.target);
+}
+
+void SavedRows::noteDone(RowResult& result) {
+    if (const QString kept = m_sources.noteDone(result.row); !kept.isEmpty())
+        result.remark(kept);
+}
+
+} // namespace tarsel

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "collections/RowLoop.h"
+#include "configuration/ConfigRecord.h"
+#include "output/BatchSave.h"
+#include "output/OutputName.h"
+#include "output/SourceGuard.h"
+
+namespace tarsel {
+
+/// The last step of the batch save: name the file, import side files, write.
+class SavedRows final : public RowConsumer {
+public:
+    SavedRows(const ListView& lvPages, const settings::BatchSave& settings, const BatchRun& run) :
+        m_settings(settings), m_run(run), m_sources(lvPages, run.sourceReplacing) {}
+
+    QString readablePath(const QString& source) const override { return m_sources.readablePath(source); }
+    std::function<void()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;
+    void noteWritten(const RowResult& result) override;
+    void noteDone(RowResult& result) override;
+
+private:
+    OutputName nameOf(const ListRow& row, const ImageBox& box, RowResult& result) const;
+    QString tokenText(const QString& token, const ListRow& row, const ImageBox& box, RowResult& result) const;
+    void importMetadata(ImageBox& box) const;
+    void setSaveOptions(ImageBox& box) const;
+    bool mayWrite(RowResult& result) const;
+
+    const settings::BatchSave m_settings; ///< as they were at the start: the loop lets other handlers run
+    const BatchRun& m_run;
+    SourceGuard m_sources;
+};
+
+} // namespace tarsel
