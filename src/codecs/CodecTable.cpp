@@ -2,6 +2,7 @@
 #include "codecs/Codec.h"
 
 #include "codecs/BmpCodec.h"
+#include "codecs/Encoders.h"
 #include "codecs/ForeignCodecs.h"
 #include "codecs/JpegCodec.h"
 #include "codecs/PcxCodec.h"
@@ -17,7 +18,8 @@ namespace tarsel {
 
 std::span<const Codec> codecs() {
     static const std::array table = {
-        jpegCodec(), tiffCodec(), pngCodec(), bmpCodec(), gifCodec(), psdCodec(), pcxCodec(), wbmpCodec(),
+        jpegCodec(), tiffCodec(), pngCodec(),  bmpCodec(), gifCodec(),
+        psdCodec(),  pcxCodec(),  wbmpCodec(), pdfCodec(),
     };
     return table;
 }

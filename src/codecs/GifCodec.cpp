@@ -4,6 +4,7 @@
 #include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/DecoderPool.h"
+#include "codecs/Encoders.h"
 
 namespace tarsel {
 
@@ -45,7 +46,8 @@ Codec gifCodec() {
             .sniff = sniffGif,
             .header = gifHeader,
             .pageCount = onePage,
-            .decode = decodeGif};
+            .decode = decodeGif,
+            .encode = encodeGif};
 }
 
 } // namespace tarsel

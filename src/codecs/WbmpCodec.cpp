@@ -4,6 +4,7 @@
 #include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/DecoderPool.h"
+#include "codecs/Encoders.h"
 
 #include <QCoreApplication>
 
@@ -80,6 +81,7 @@ Codec wbmpCodec() {
             .header = wbmpHeader,
             .pageCount = onePage,
             .decode = decodeWbmp,
+            .encode = encodeWbmp,
             .needsExtension = true};
 }
 

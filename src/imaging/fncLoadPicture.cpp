@@ -3,8 +3,8 @@
 
 #include "base/Stop.h"
 #include "base/TrappedError.h"
-#include "codecs/Flatten.h"
 #include "codecs/PictureFile.h"
+#include "pixels/Flatten.h"
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/ResizeSmooth.h"
 
