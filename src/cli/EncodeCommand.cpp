@@ -209,6 +209,8 @@ constexpr Command encodeCommand{
     .operands = "IN OUT",
     .summary = "Save one picture in any format that can be written.",
     .notes =
+        "ENTRY is true-color, 256-colors, 256-grayscale, 16-colors, 16-grayscale, monochrome or "
+        "monochrome-bw.\n"
         "Metadata, profile and resolution are kept where the format can hold them. A transparent picture is\n"
         "laid on white where the format has no transparency.",
     .options = options,
