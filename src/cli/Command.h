@@ -28,6 +28,7 @@ std::span<const Command* const> commands();
 
 extern const Command batchCommand;
 extern const Command applyCommand;
+extern const Command encodeCommand;
 extern const Command infoCommand;
 extern const Command tasksCommand;
 extern const Command basketCommand;

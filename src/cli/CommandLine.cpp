@@ -15,7 +15,7 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand, &applyCommand, &infoCommand, &tasksCommand, &basketCommand,
+    &batchCommand, &applyCommand, &encodeCommand, &infoCommand, &tasksCommand, &basketCommand,
 };
 
 const Command* findCommand(const QString& name) {

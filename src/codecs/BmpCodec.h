@@ -9,7 +9,4 @@ namespace tarsel {
 /// fields.
 Codec bmpCodec();
 
-/// The encoded file, 24 bits. Transparency is laid on `BackColor`.
-QByteArray encodeBmp(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
-
 } // namespace tarsel

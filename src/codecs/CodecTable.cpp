@@ -2,6 +2,7 @@
 #include "codecs/Codec.h"
 
 #include "codecs/BmpCodec.h"
+#include "codecs/Encoders.h"
 #include "codecs/GifCodec.h"
 #include "codecs/JpegCodec.h"
 #include "codecs/MetafileCodec.h"
@@ -20,7 +21,7 @@ namespace tarsel {
 std::span<const Codec> codecs() {
     static const std::array table = {
         jpegCodec(), tiffCodec(), pngCodec(),  bmpCodec(), gifCodec(),
-        psdCodec(),  pcxCodec(),  wbmpCodec(), wmfCodec(), emfCodec(),
+        psdCodec(),  pcxCodec(),  wbmpCodec(), wmfCodec(), emfCodec(), pdfCodec(),
     };
     return table;
 }

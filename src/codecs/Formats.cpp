@@ -18,8 +18,14 @@ bool isWritable(const QString& extension) {
     return codec && codec->encode;
 }
 
+QString usualExtension(const QString& extension) {
+    const Codec* codec = codecForExtension(extension);
+    return codec ? codec->extensions.first() : QString();
+}
+
 bool keepsTransparency(const QString& extension) {
-    static const QStringList names{QStringLiteral("PNG"), QStringLiteral("TIFF")};
+    static const QStringList names{QStringLiteral("GIF"), QStringLiteral("PNG"), QStringLiteral("PSD"),
+                                   QStringLiteral("TIFF")};
     const Codec* codec = codecForExtension(extension);
     return codec && names.contains(QLatin1String(codec->name));
 }

@@ -16,6 +16,9 @@ namespace tarsel {
 QStringList writableExtensions();
 bool isWritable(const QString& extension);
 
+/// The one that is usual for the same format: "jpg" for "jpeg". Empty for an unknown extension.
+QString usualExtension(const QString& extension);
+
 /// Whether the format keeps the transparency of a picture.
 bool keepsTransparency(const QString& extension);
 

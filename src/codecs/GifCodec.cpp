@@ -4,6 +4,7 @@
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
+#include "codecs/Encoders.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -330,6 +331,7 @@ Codec gifCodec() {
             .header = gifHeader,
             .pageCount = onePage,
             .decode = decodeGif,
+            .encode = encodeGif,
             .metadata = gifMetadata};
 }
 

@@ -52,12 +52,15 @@ public:
     }
 
     PictureHeader header() const {
-        const double perUnit = m_jpeg.density_unit == 2 ? 2.54 : m_jpeg.density_unit == 1 ? 1 : 0;
         return {int(m_jpeg.image_width), int(m_jpeg.image_height),
-                m_jpeg.num_components * m_jpeg.data_precision, m_jpeg.X_density * perUnit};
+                m_jpeg.num_components * m_jpeg.data_precision, resolution().horizontal};
     }
 
-    EmbeddedMetadata metadata() const { return metadataOfSegments(m_jpeg); }
+    EmbeddedMetadata metadata() const {
+        EmbeddedMetadata metadata = metadataOfSegments(m_jpeg);
+        metadata.resolution = resolution();
+        return metadata;
+    }
     PixelSize size() const { return {int(m_jpeg.image_width), int(m_jpeg.image_height)}; }
 
     /// Scales by eighths while decoding, so that at least `wanted` comes out.
@@ -96,6 +99,11 @@ public:
     }
 
 private:
+    Resolution resolution() const {
+        const double perUnit = m_jpeg.density_unit == 2 ? 2.54 : m_jpeg.density_unit == 1 ? 1 : 0;
+        return {m_jpeg.X_density * perUnit, m_jpeg.Y_density * perUnit};
+    }
+
     void guard(void (*step)(JpegReader&)) {
         if (!m_errors.guarded(step, *this))
             failDecoding(m_file, m_errors.message());

@@ -3,20 +3,30 @@
 
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
-#include "codecs/Flatten.h"
+#include "codecs/EncoderColors.h"
 #include "codecs/JpegErrors.h"
 #include "codecs/JpegSegments.h"
+#include "codecs/Resolution.h"
+#include "pixels/Flatten.h"
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace tarsel {
 
 namespace {
 
-constexpr int Grayscale = 2; // of ColorFormat
 constexpr int RowsAtOnce = 16;
+constexpr std::uint8_t DotsPerInch = 1;
+
+/// JPEG has no palettes: what is gray gets one channel, all else three.
+bool isGray(const SaveSettings& settings) {
+    const ColorFormat format = colorFormatOf(settings);
+    return format != ColorFormat::TrueColor && format != ColorFormat::Colors256 &&
+           format != ColorFormat::Colors16;
+}
 
 /// A destination that lets libjpeg write straight into a growing byte array.
 class ArrayDestination {
@@ -64,7 +74,8 @@ private:
 class JpegWriter {
 public:
     JpegWriter(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) :
-        m_view(picture.view()), m_settings(settings), m_segments(segmentsFor(settings, metadata)),
+        m_view(picture.view()), m_settings(settings), m_isGray(isGray(settings)),
+        m_resolution(resolutionOf(metadata)), m_segments(segmentsFor(settings, metadata)),
         m_destination(m_jpeg, firstRoom()) {
         if (m_view.channels == 4)
             m_rows.resize(std::size_t(m_view.width) * 3 * RowsAtOnce);
@@ -85,7 +96,7 @@ private:
     static std::vector<JpegSegment> segmentsFor(const SaveSettings& settings,
                                                 const EmbeddedMetadata& metadata) {
         EmbeddedMetadata fitting = metadata;
-        if (settings.ColorFormat == Grayscale || !isRgbProfile(metadata.iccProfile))
+        if (isGray(settings) || !isRgbProfile(metadata.iccProfile))
             fitting.iccProfile.clear(); // it would describe channels that the file doesn't have
         return segmentsOf(fitting);
     }
@@ -118,12 +129,19 @@ private:
         m_jpeg.input_components = 3;
         m_jpeg.in_color_space = JCS_RGB;
         jpeg_set_defaults(&m_jpeg);
-        if (m_settings.ColorFormat == Grayscale)
+        if (m_isGray)
             jpeg_set_colorspace(&m_jpeg, JCS_GRAYSCALE);
         jpeg_set_quality(&m_jpeg, std::clamp(m_settings.JpegQuality, 1, 100), TRUE);
+        if (m_resolution.horizontal > 0) {
+            m_jpeg.density_unit = DotsPerInch;
+            m_jpeg.X_density = density(m_resolution.horizontal);
+            m_jpeg.Y_density = density(m_resolution.vertical);
+        }
         if (m_settings.JpegEncoding)
             jpeg_simple_progression(&m_jpeg);
     }
+
+    static UINT16 density(double perInch) { return UINT16(std::clamp(std::lround(perInch), 1L, 65535L)); }
 
     void writeRows() {
         JSAMPROW rows[RowsAtOnce];
@@ -146,6 +164,8 @@ private:
 
     ConstPixelView m_view;
     SaveSettings m_settings;
+    bool m_isGray;
+    Resolution m_resolution;
     std::vector<JpegSegment> m_segments;
     jpeg_compress_struct m_jpeg = {};
     JpegErrors m_errors;

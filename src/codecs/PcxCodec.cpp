@@ -3,6 +3,7 @@
 
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
+#include "codecs/Encoders.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -228,7 +229,9 @@ DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) 
             failDecoding(file, QCoreApplication::translate("PcxCodec", "no pixels"));
         painter.paint(row, y);
     }
-    return {std::move(picture), {}};
+    EmbeddedMetadata metadata;
+    metadata.resolution = {layout.dpi, layout.dpi};
+    return {std::move(picture), std::move(metadata)};
 }
 
 } // namespace
@@ -239,7 +242,8 @@ Codec pcxCodec() {
             .sniff = sniffPcx,
             .header = pcxHeader,
             .pageCount = onePage,
-            .decode = decodePcx};
+            .decode = decodePcx,
+            .encode = encodePcx};
 }
 
 } // namespace tarsel

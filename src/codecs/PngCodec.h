@@ -9,7 +9,7 @@ namespace tarsel {
 /// gamma is not applied. A truncated file shows the rows it has, white below, as long as it has one.
 Codec pngCodec();
 
-/// The encoded file, 24 bits, or 32 with transparency.
+/// The encoded file: true colour, with transparency where there is some, gray or a palette of 8, 4 or 1 bit.
 QByteArray encodePng(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 
 } // namespace tarsel

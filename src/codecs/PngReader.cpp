@@ -22,6 +22,15 @@ constexpr png_uint_32 MaxTextChunks = 24; // libpng keeps them all
 constexpr png_byte UnreadChunks[] = "tEXt\0zTXt\0sPLT";
 constexpr char XmpKeyword[] = "XML:com.adobe.xmp";
 
+constexpr char ResourcesKeyword[] = "Raw profile type iptc";
+
+/// Image resources as hexadecimal text after a line with their kind and one with their size.
+QByteArray resourcesOf(const QByteArray& text) {
+    const qsizetype kind = text.indexOf('\n', 1), size = text.indexOf('\n', kind + 1);
+    const QByteArray bytes = kind < 0 || size < 0 ? QByteArray() : QByteArray::fromHex(text.mid(size + 1));
+    return bytes.startsWith("8BIM") ? bytes : QByteArray();
+}
+
 class PngReader {
 public:
     PngReader(const PictureSource& source, const QString& name) :
@@ -71,6 +80,9 @@ public:
             blocks.exif = QByteArray(reinterpret_cast<const char*>(exif), qsizetype(exifSize));
         blocks.iccProfile = profile();
         blocks.xmp = textOf(XmpKeyword);
+        blocks.resources = resourcesOf(textOf(ResourcesKeyword));
+        blocks.resolution = {png_get_x_pixels_per_meter(m_png, m_info) * 0.0254,
+                             png_get_y_pixels_per_meter(m_png, m_info) * 0.0254};
         return blocks;
     }
 

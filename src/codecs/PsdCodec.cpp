@@ -3,6 +3,7 @@
 
 #include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
+#include "codecs/Encoders.h"
 #include "codecs/PsdReader.h"
 #include "embedded/ResourceBlocks.h"
 
@@ -86,6 +87,7 @@ Codec psdCodec() {
             .header = psdHeader,
             .pageCount = onePage,
             .decode = decodePsd,
+            .encode = encodePsd,
             .metadata = psdMetadata};
 }
 

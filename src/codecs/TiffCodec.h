@@ -10,9 +10,8 @@ namespace tarsel {
 /// the orientation stays an attribute.
 Codec tiffCodec();
 
-/// The encoded file of one page, 24 bits, or 32 with transparency. `TiffCompression` 0 is none, 1 PackBits, 2
-/// CCITT Group 4 with one bit a pixel; since that holds black and white only, a picture with any other colour
-/// is written with LZW instead.
+/// The encoded file of one page: 24 bits, 32 with transparency, gray or a palette of 8 or 4 bits, or black
+/// and white of one.
 QByteArray encodeTiff(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 
 } // namespace tarsel

@@ -106,8 +106,7 @@ QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& meta
         for (TiffDirectory::Entry& entry : attributesOf(exif.directory).entries)
             page.put(std::move(entry));
     putBlock(page, Tag::Xmp, ByteType, metadata.xmp);
-    putBlock(page, Tag::Iptc, UndefinedType,
-             ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
+    putBlock(page, Tag::Iptc, ByteType, ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
     putBlock(page, Tag::Resources, ByteType, metadata.resources);
     putBlock(page, Tag::Profile, UndefinedType, metadata.iccProfile);
     const auto end = std::uint32_t(start->firstDirectory()); // libtiff wrote the directory last

@@ -3,6 +3,7 @@
 
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
+#include "codecs/Encoders.h"
 #include "codecs/SourceStream.h"
 
 #include <QCoreApplication>
@@ -99,6 +100,7 @@ Codec wbmpCodec() {
             .header = wbmpHeader,
             .pageCount = onePage,
             .decode = decodeWbmp,
+            .encode = encodeWbmp,
             .needsExtension = true};
 }
 

@@ -14,6 +14,13 @@ struct JpegSegment {
     bool operator==(const JpegSegment&) const = default;
 };
 
+/// Pixels an inch; 0 where a file doesn't say.
+struct Resolution {
+    double horizontal = 0;
+    double vertical = 0;
+    bool operator==(const Resolution&) const = default;
+};
+
 /// The metadata blocks of one picture, as bytes. Codecs take them out of a file and put them into one; only
 /// MetadataStore looks inside. A block that the file does not have is empty.
 struct EmbeddedMetadata {
@@ -25,6 +32,9 @@ struct EmbeddedMetadata {
     QByteArrayList comments = {};                 ///< comment segments of a JPEG file, in any character set
     std::vector<JpegSegment> cameraSegments = {}; ///< facts about the shot in a format of the camera's maker
 
+    Resolution resolution = {}; ///< as a format says it outside of these blocks; does not count for isEmpty
+
+    bool operator==(const EmbeddedMetadata&) const = default;
     bool isEmpty() const {
         return exif.isEmpty() && resources.isEmpty() && xmp.isEmpty() && iccProfile.isEmpty() &&
                comments.isEmpty() && cameraSegments.empty();

@@ -104,8 +104,13 @@ void ImageBox::requireImage() const {
         fail(ErrorNumber::InvalidCall, QCoreApplication::translate("ImageBox", "the box is empty"));
 }
 
+Picture& ImageBox::pictureToChange() {
+    m_encoded.reset();
+    return m_picture;
+}
+
 void ImageBox::Clear() {
-    m_picture = {};
+    pictureToChange() = {};
     m_metadata = {};
     m_loadDamage.clear();
     ClearSelection();
@@ -122,7 +127,7 @@ void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
     if (snapshot.isNull())
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("ImageBox", "the snapshot holds no picture"));
-    m_picture = snapshot;
+    pictureToChange() = snapshot;
 }
 
 void ImageBox::TakeLoaded(ImageBox&& loaded) {
@@ -134,7 +139,7 @@ void ImageBox::TakeLoaded(ImageBox&& loaded) {
 }
 
 void ImageBox::setPictureHandle(const PictureHandle& handle, const QString& damage) {
-    m_picture = handle;
+    pictureToChange() = handle;
     m_metadata = {};
     m_loadDamage = damage;
     ClearSelection();
@@ -186,7 +191,7 @@ void ImageBox::Brightness(int level, bool red, bool green, bool blue) {
     const operations::ColorChannels channels{red, green, blue};
     if (level == NeutralLevel || channels.none())
         return;
-    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+    changePixels(pictureToChange(), [&](ConstPixelView source, PixelView target) {
         operations::brightness(source, target, level, channels);
     });
 }
@@ -196,28 +201,28 @@ void ImageBox::Contrast(int level, bool red, bool green, bool blue) {
     const operations::ColorChannels channels{red, green, blue};
     if (level == NeutralLevel || channels.none())
         return;
-    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+    changePixels(pictureToChange(), [&](ConstPixelView source, PixelView target) {
         operations::contrast(source, target, level, channels);
     });
 }
 
 void ImageBox::Sharpen(int level) {
     requireImage();
-    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+    changePixels(pictureToChange(), [&](ConstPixelView source, PixelView target) {
         operations::sharpen(source, target, level);
     });
 }
 
 void ImageBox::Blur(int level) {
     requireImage();
-    changePixels(m_picture, [&](ConstPixelView source, PixelView target) {
+    changePixels(pictureToChange(), [&](ConstPixelView source, PixelView target) {
         operations::gaussianBlur(source, target, level);
     });
 }
 
 void ImageBox::Negative() {
     requireImage();
-    changePixels(m_picture, operations::negative);
+    changePixels(pictureToChange(), operations::negative);
 }
 
 // --- geometry
@@ -228,22 +233,23 @@ void ImageBox::Flip(int direction) {
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("ImageBox", "pictures can't be flipped in direction %1")
                  .arg(direction));
-    changePixels(m_picture, direction == 0 ? operations::flipHorizontal : operations::flipVertical);
+    changePixels(pictureToChange(), direction == 0 ? operations::flipHorizontal : operations::flipVertical);
 }
 
 void ImageBox::Rotate(float degrees) {
     requireImage();
-    m_picture = operations::rotate(m_picture, degrees, Resample, resolveColor(BackColor));
+    pictureToChange() = operations::rotate(m_picture, degrees, Resample, resolveColor(BackColor));
 }
 
 void ImageBox::Resize(int width, int height) {
     requireImage();
-    changeSize(m_picture, width, height, operations::resizeSmooth);
+    changeSize(pictureToChange(), width, height, operations::resizeSmooth);
 }
 
 void ImageBox::ResizeTo(int width, int height) {
     requireImage();
-    changeSize(m_picture, width, height, Resample ? operations::resizeSmooth : operations::resizeNearest);
+    changeSize(pictureToChange(), width, height,
+               Resample ? operations::resizeSmooth : operations::resizeNearest);
 }
 
 void ImageBox::Scale(float percent) {
@@ -251,13 +257,13 @@ void ImageBox::Scale(float percent) {
     if (!(percent > 0))
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("ImageBox", "a scale of %1 percent").arg(double(percent)));
-    changeSize(m_picture, scaledLength(Width(), percent), scaledLength(Height(), percent),
+    changeSize(pictureToChange(), scaledLength(Width(), percent), scaledLength(Height(), percent),
                operations::resizeSmooth);
 }
 
 void ImageBox::Crop(int left, int top, int right, int bottom) {
     requireImage();
-    m_picture = cropped(m_picture, {left, top, right, bottom}, BackColor);
+    pictureToChange() = cropped(m_picture, {left, top, right, bottom}, BackColor);
 }
 
 // --- selection
@@ -294,7 +300,7 @@ void ImageBox::requireSelection() const {
 void ImageBox::RedEyeCorrection() {
     requireSelection();
     const auto [left, top, right, bottom] = m_selection;
-    operations::correctRedEye(m_picture.edit(),
+    operations::correctRedEye(pictureToChange().edit(),
                               {left, top, right, bottom, m_selectionShape == SelectionShape::Ellipse});
 }
 
@@ -303,7 +309,7 @@ void ImageBox::CropToSelection() {
     Picture result = cropped(m_picture, m_selection, BackColor);
     if (m_selectionShape == SelectionShape::Ellipse)
         operations::fillOutsideEllipse(result.edit(), resolveColor(BackColor));
-    m_picture = std::move(result);
+    pictureToChange() = std::move(result);
     ClearSelection();
 }
 
@@ -323,7 +329,7 @@ void ImageBox::DrawText(int x, int y, const QString& text) {
                               TextAngle, resolveColor(TextColor),     {}};
     if (!TextTransparent)
         line.background = resolveColor(TextBackColor);
-    operations::drawText(m_picture.edit(), line);
+    operations::drawText(pictureToChange().edit(), line);
 }
 
 // --- merging
@@ -343,7 +349,7 @@ void ImageBox::MergeHandle(const PictureHandle& handle) {
     // A reference of our own, for a box that is merged with itself.
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const PictureHandle layer = handle;
-    operations::merge(m_picture.edit(), layer.view(), options);
+    operations::merge(pictureToChange().edit(), layer.view(), options);
 }
 
 SaveSettings ImageBox::saveSettings() const {

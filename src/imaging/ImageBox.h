@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <optional>
 #include <stop_token>
 
 namespace tarsel {
@@ -64,6 +65,16 @@ public:
     /// Encodes by the path's extension with the save settings and the metadata held, through the safe writer.
     /// Once the writing has begun a stop is ignored.
     void SaveToFile(const QString& path, const std::stop_token& stop = {});
+    /// The bytes that SaveToFile writes for this extension. They are kept for the next call, until picture,
+    /// settings or metadata change. Error 5 for a format that isn't written.
+    QByteArray encoded(const QString& extension) const;
+    /// How many bytes these are, by the index of the format in saveFormats().
+    qint64 EncodedSize(int format) const;
+    /// Adds the picture as a page at the end of a document, which is made when it is missing, by the save
+    /// settings. A failure leaves the old document as it was. The third argument is 0. The title is that of
+    /// the page in TIFF, of a new document in PDF.
+    void AddPageTiff(const QString& path, const QString& title, int reserved = 0);
+    void AddPagePdf(const QString& path, const QString& title, int reserved = 0);
     /// Format 7 is the shared picture itself: costs nothing until a pixel changes.
     Picture SaveToMemory(int format) const;
     void LoadFromMemory(const Picture& snapshot, int format);
@@ -176,11 +187,22 @@ public:
     const MetadataStore& metadata() const { return m_metadata; }
 
 private:
+    /// What was encoded last, and from what.
+    struct Encoded {
+        QString format; ///< its usual extension
+        SaveSettings settings;
+        EmbeddedMetadata metadata;
+        QByteArray bytes;
+    };
+
     void requireImage() const;
     void requireSelection() const;
+    /// The picture, about to be changed: what was encoded of it goes.
+    Picture& pictureToChange();
 
     Picture m_picture;
     MetadataStore m_metadata;
+    mutable std::optional<Encoded> m_encoded; ///< of the picture as it is
     bool m_loadFailed = false;
     QString m_loadDamage;
     SelectionShape m_selectionShape = SelectionShape::None;

@@ -6,10 +6,14 @@
 #include "base/Stop.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/Formats.h"
+#include "codecs/PdfDocument.h"
 #include "codecs/PictureFile.h"
+#include "codecs/TiffAppend.h"
+#include "imaging/SaveFormats.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <mutex>
 
@@ -94,7 +98,7 @@ void ImageBox::LoadPage(const PictureFile& file, int page, const std::stop_token
     raiseIfStopped();
     DecodedPicture decoded = file.decode(page);
     raiseIfStopped();
-    m_picture = std::move(decoded.picture);
+    pictureToChange() = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));
     m_loadDamage = std::move(decoded.damage);
     m_loadFailed = false;
@@ -108,9 +112,48 @@ void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("ImageBoxFiles", "%1: no writer for this format").arg(path));
     raiseIfStopped();
-    const QByteArray encoded = encodePicture(extension, m_picture, saveSettings(), m_metadata.blocks());
+    const QByteArray bytes = encoded(extension);
     raiseIfStopped();
-    writeFileSafely(path, encoded);
+    writeFileSafely(path, bytes);
+}
+
+QByteArray ImageBox::encoded(const QString& extension) const {
+    requireImage();
+    const QString format = usualExtension(extension.toLower());
+    if (!isWritable(format))
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("ImageBoxFiles", "%1: no writer for this format").arg(extension));
+    const SaveSettings settings = saveSettings();
+    EmbeddedMetadata blocks = m_metadata.blocks();
+    if (!m_encoded || m_encoded->format != format || m_encoded->settings != settings ||
+        m_encoded->metadata != blocks) {
+        m_encoded.reset(); // first the room, then the new bytes
+        QByteArray bytes = encodePicture(format, m_picture, settings, blocks);
+        m_encoded = Encoded{format, settings, std::move(blocks), std::move(bytes)};
+    }
+    return m_encoded->bytes;
+}
+
+qint64 ImageBox::EncodedSize(int format) const {
+    const auto formats = saveFormats();
+    if (format < 0 || std::size_t(format) >= formats.size())
+        fail(ErrorNumber::SubscriptOutOfRange,
+             QCoreApplication::translate("ImageBoxFiles", "format %1").arg(format));
+    return encoded(QLatin1String(formats[std::size_t(format)].extension)).size();
+}
+
+void ImageBox::AddPageTiff(const QString& path, const QString& title, int) {
+    requireImage();
+    appendTiffPage(path, title, m_picture, saveSettings(), m_metadata.blocks());
+}
+
+void ImageBox::AddPagePdf(const QString& path, const QString& title, int) {
+    requireImage();
+    const SaveSettings settings = saveSettings();
+    const EmbeddedMetadata blocks = m_metadata.blocks();
+    writeFileSafely(path, QFile::exists(path)
+                              ? withPdfPage(readWholeFile(path), path, m_picture, settings, blocks)
+                              : newPdf(m_picture, settings, blocks, title));
 }
 
 void ImageBox::MergeFile(const QString& path) {

@@ -3,10 +3,10 @@
 
 #include "base/IgnoringErrors.h"
 #include "base/Stop.h"
-#include "codecs/Flatten.h"
 #include "codecs/PictureFile.h"
 #include "embedded/ExifBlock.h"
 #include "imaging/ImageBox.h"
+#include "pixels/Flatten.h"
 #include "pixels/operations/Flip.h"
 #include "pixels/operations/Rotate.h"
 

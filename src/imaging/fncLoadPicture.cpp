@@ -4,8 +4,8 @@
 #include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
-#include "codecs/Flatten.h"
 #include "codecs/PictureFile.h"
+#include "pixels/Flatten.h"
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/ResizeSmooth.h"
 

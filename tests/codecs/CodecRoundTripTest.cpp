@@ -31,26 +31,6 @@ void expectSameBlocks(const EmbeddedMetadata& after, const EmbeddedMetadata& bef
     EXPECT_EQ(after.cameraSegments, before.cameraSegments);
 }
 
-TEST(CodecRoundTrip, losslessFormatsGiveBackEveryPixelOfEverySize) {
-    for (const auto& [width, height] : test::oddSizes()) {
-        SCOPED_TRACE(testing::Message() << width << " x " << height);
-        const Picture picture = test::noisePicture(width, height, 3);
-        const Picture withAlpha = test::noisePicture(width, height, 4);
-        const Picture blackAndWhite = test::pictureOf(width, height, 3, [](int x, int y) {
-            return (x * 7 + y * 13) % 5 < 2 ? Rgb{0, 0, 0} : Rgb{255, 255, 255};
-        });
-        EXPECT_TRUE(decoded(encoded("bmp", picture)).picture == picture);
-        for (const Picture& each : {picture, withAlpha})
-            EXPECT_TRUE(decoded(encoded("png", each)).picture == each) << each.channels();
-        for (int compression = 0; compression <= 2; ++compression) {
-            SaveSettings settings;
-            settings.TiffCompression = compression;
-            for (const Picture& each : {picture, withAlpha, blackAndWhite})
-                EXPECT_TRUE(decoded(encoded("tif", each, settings)).picture == each) << compression;
-        }
-    }
-}
-
 TEST(CodecRoundTrip, transparencyShowsWhiteWhereTheFormatHasNoneWhateverBackColourIsLeftOver) {
     const Picture picture = test::redBesideHiddenGreen(24, 24);
     SaveSettings settings;
@@ -150,17 +130,6 @@ TEST(MetadataRoundTrip, tiffCarriesEveryBlock) {
         const bool isPlace = one.ExifName(i).contains(QLatin1String("Offset")); // moves with the directory
         EXPECT_TRUE(isPlace || other.ExifValue(i) == one.ExifValue(i)) << one.ExifName(i).toStdString();
     }
-}
-
-TEST(MetadataRoundTrip, pngCarriesExifXmpAndProfile) {
-    const EmbeddedMetadata before = test::everyKindOfMetadata();
-    const QByteArray bytes = encoded("png", test::photograph(20, 20), {}, before);
-    const EmbeddedMetadata after = decoded(bytes).metadata;
-    EXPECT_EQ(bytes.count("eXIf"), 1);
-    EXPECT_LT(bytes.indexOf("eXIf"), bytes.indexOf("IDAT")) << "where other readers look for it";
-    EXPECT_EQ(after.exif, before.exif);
-    EXPECT_EQ(after.xmp, before.xmp);
-    EXPECT_EQ(after.iccProfile, before.iccProfile);
 }
 
 TEST(MetadataRoundTrip, corpusJpegsKeepTheirBlocksThroughLoadAndSave) {

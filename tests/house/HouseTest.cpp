@@ -22,6 +22,7 @@ const struct {
     {"libpng", QRegularExpression(QStringLiteral("^png"))},
     {"libtiff", QRegularExpression(QStringLiteral("^tiff"))},
     {"lcms2", QRegularExpression(QStringLiteral("^lcms2"))},
+    {"libqpdf", QRegularExpression(QStringLiteral("^qpdf/"))},
     {"Exiv2", QRegularExpression(QStringLiteral("^exiv2/"))},
     {"FreeType", QRegularExpression(QStringLiteral("^(ft2build\\.h$|freetype/)"))},
     {"Fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},

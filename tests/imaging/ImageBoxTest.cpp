@@ -75,13 +75,16 @@ TEST(ImageBox, RaisesError5ForEveryOperationWhileItIsEmpty) {
     EXPECT_EQ(box.DisplayWidth(), 0);
 }
 
-TEST(ImageBox, NeverChangesASnapshotOrAHandle) {
+TEST(ImageBox, NeverChangesASnapshotOrAHandleAndForgetsWhatItEncoded) {
     const Picture original = noisePicture(37, 29, 3);
     for (const auto& [name, call] : pictureCalls()) {
         ImageBox box = boxWith(noisePicture(37, 29, 3));
         const Picture snapshot = box.SaveToMemory(SharedFormat);
         const PictureHandle handle = box.pictureHandle();
+        box.EncodedSize(0);
         call(box);
+        EXPECT_EQ(box.encoded(QStringLiteral("bmp")), boxWith(box.picture()).encoded(QStringLiteral("bmp")))
+            << name;
         EXPECT_TRUE(snapshot == original) << name;
         EXPECT_TRUE(handle == original) << name;
         EXPECT_FALSE(box.picture() == original) << name;

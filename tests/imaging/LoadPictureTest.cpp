@@ -130,7 +130,7 @@ TEST_F(LoadPicture, aFailedLoadLeavesTheBoxEmptyAndMarked) {
 }
 
 TEST_F(LoadPicture, anUnwritableFormatLeavesTheOldFile) {
-    const QString path = file("old.wbmp", "old");
+    const QString path = file("old.emf", "old");
     ImageBox box;
     box.setPictureHandle(test::photograph(10, 10));
     EXPECT_THROW(box.SaveToFile(path), TrappedError);

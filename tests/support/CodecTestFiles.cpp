@@ -30,7 +30,7 @@ QByteArray exifBlock() {
     TiffDirectory photo;
     photo.put({0x9003, 2, 20, QByteArray("2004:03:07 15:05:09\0", 20), {}});
     TiffDirectory image;
-    image.put({0x010E, 2, 12, QByteArray("At the river\0", 13).left(12), {}});
+    image.put({0x010E, 2, 13, QByteArray("At the river\0", 13), {}});
     image.put({0x8769, 4, 1, QByteArray(4, 0), {photo}});
     return writeTiffStart(false, 8) + writeTiffDirectory(image, false, 8);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "codecs/Flatten.h"
+#include "pixels/Flatten.h"
 
 #include <cstring>
 

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/ErrorSubject.h"
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "cli/BasketWorkspace.h"
+#include "cli/Command.h"
+#include "cli/JsonLine.h"
+#include "cli/Terminal.h"
+#include "collections/LoadSource.h"
+#include "imaging/ImageBox.h"
+#include "imaging/SaveFormats.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace tarsel::cli {
+
+namespace {
+
+constexpr OptionSpec options[] = {
+    {"format", "FORMAT", "bmp, gif, jpg, pcx, png, wbmp, psd, tif or pdf; default: OUT's extension"},
+    {"colors", "ENTRY", "see below; default: the first that the format has"},
+    {"quality", "1..100", "of JPEG data; default: 80"},
+    {"progressive", nullptr, "write a progressive JPEG"},
+    {"compression", "NAME", "gif: lzw (default) or none; tif: none (default), packbits or group4"},
+    {"transparent", "RRGGBB", "gif, png: make pixels of exactly this colour transparent"},
+    {"max-size", "BYTES", "jpg: use the highest quality, up to --quality or 100, whose file is not larger"},
+    {"json", nullptr, "one JSON object: source, target, state, reason, format, bytes, quality"},
+};
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(EncodeCommand)
+};
+
+const SaveFormat& formatOf(const Arguments& arguments, const QString& target) {
+    const QString name = arguments.value("format", QFileInfo(target).suffix());
+    const SaveFormat* format = findSaveFormat(name);
+    if (!format)
+        throw UsageError{Texts::tr("\"%1\" is not a format that can be written").arg(name)};
+    return *format;
+}
+
+bool isFormat(const SaveFormat& format, const char* extension) {
+    return QLatin1String(format.extension) == QLatin1String(extension);
+}
+
+void requireFormat(const Arguments& arguments, const char* option, bool fits, const SaveFormat& format) {
+    if (arguments.has(option) && !fits)
+        throw UsageError{
+            Texts::tr("--%1 does not apply to %2").arg(QLatin1String(option), QLatin1String(format.name))};
+}
+
+int colorFormatOf(const Arguments& arguments, const SaveFormat& format) {
+    const QString name = arguments.value("colors", QLatin1String(format.colors.front().option));
+    for (const ColorEntry& entry : format.colors)
+        if (name == QLatin1String(entry.option))
+            return entry.colorFormat;
+    throw UsageError{Texts::tr("%1 has no colors \"%2\"").arg(QLatin1String(format.name), name)};
+}
+
+int indexIn(std::initializer_list<const char*> names, const QString& name) {
+    const auto found =
+        std::ranges::find_if(names, [&](const char* each) { return name == QLatin1String(each); });
+    if (found == names.end())
+        throw UsageError{Texts::tr("unknown compression \"%1\"").arg(name)};
+    return int(found - names.begin());
+}
+
+void setCompression(ImageBox& box, const Arguments& arguments, const SaveFormat& format) {
+    const bool isGif = isFormat(format, "gif"), isTiff = isFormat(format, "tif");
+    requireFormat(arguments, "compression", isGif || isTiff, format);
+    if (isGif)
+        box.GifCompression =
+            indexIn({"none", "lzw"}, arguments.value("compression", QStringLiteral("lzw"))) == 1;
+    if (isTiff)
+        box.TiffCompression =
+            indexIn({"none", "packbits", "group4"}, arguments.value("compression", QStringLiteral("none")));
+}
+
+void setTransparency(ImageBox& box, const Arguments& arguments, const SaveFormat& format) {
+    requireFormat(arguments, "transparent", isFormat(format, "gif") || isFormat(format, "png"), format);
+    if (!arguments.has("transparent"))
+        return;
+    const QString color = arguments.value("transparent");
+    bool isNumber = false;
+    const uint rgb = color.toUInt(&isNumber, 16);
+    if (!isNumber || color.size() != 6)
+        throw UsageError{Texts::tr("--transparent: \"%1\" is not a colour such as FF8000").arg(color)};
+    box.BackColorTransparent = true;
+    box.BackColor = colorOf({std::uint8_t(rgb >> 16), std::uint8_t(rgb >> 8), std::uint8_t(rgb)});
+}
+
+void setQuality(ImageBox& box, const Arguments& arguments, const SaveFormat& format) {
+    const bool isJpeg = isFormat(format, "jpg");
+    requireFormat(arguments, "quality", isJpeg || isFormat(format, "pdf"), format);
+    requireFormat(arguments, "progressive", isJpeg || isFormat(format, "pdf"), format);
+    requireFormat(arguments, "max-size", isJpeg, format);
+    const char* best = arguments.has("max-size") ? "100" : "80";
+    box.JpegQuality = numberIn(arguments.value("quality", QLatin1String(best)), 1, 100, "quality");
+    box.JpegEncoding = arguments.has("progressive");
+}
+
+/// Lowers the quality as far as it takes; error 5 when even the lowest is too large.
+void searchQuality(ImageBox& box, const QString& extension, qint64 maxSize) {
+    const auto fits = [&](int quality) {
+        box.JpegQuality = quality;
+        return box.encoded(extension).size() <= maxSize;
+    };
+    int highest = box.JpegQuality, lowest = 1;
+    if (fits(highest))
+        return;
+    if (!fits(lowest))
+        fail(ErrorNumber::InvalidCall, Texts::tr("no quality makes a file of %1 bytes; the lowest takes %2")
+                                           .arg(maxSize)
+                                           .arg(box.encoded(extension).size()));
+    while (highest - lowest > 1) { // `lowest` fits, `highest` doesn't
+        const int middle = (lowest + highest) / 2;
+        (fits(middle) ? lowest : highest) = middle;
+    }
+    box.JpegQuality = lowest;
+}
+
+struct EncodeResult {
+    QString source;
+    QString target;
+    QString format;
+    QString damage;
+    QString error;
+    qint64 bytes = 0;
+    int quality = 0; ///< 0 for a format without
+};
+
+void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, qint64 maxSize) {
+    if (!loadSource(box, result.source))
+        fail(ErrorNumber::InvalidPicture,
+             Texts::tr("%1: %2").arg(result.source, noPictureReason(result.source)));
+    result.damage = box.LoadDamage();
+    const QString extension = QLatin1String(format.extension);
+    if (maxSize > 0)
+        searchQuality(box, extension, maxSize);
+    const QByteArray bytes = box.encoded(extension);
+    writeFileSafely(result.target, bytes);
+    result.bytes = bytes.size();
+    result.quality = isFormat(format, "jpg") ? box.JpegQuality : 0;
+}
+
+QString reasonOf(const EncodeResult& result) {
+    if (!result.error.isEmpty() || result.damage.isEmpty())
+        return result.error;
+    return Texts::tr("the source is damaged: %1").arg(result.damage);
+}
+
+QString textOf(const EncodeResult& result) {
+    const QString bytes = QString::number(result.bytes), quality = QString::number(result.quality);
+    const QString facts =
+        result.quality > 0
+            ? Texts::tr("%1: %2, %3 bytes, quality %4").arg(result.target, result.format, bytes, quality)
+            : Texts::tr("%1: %2, %3 bytes").arg(result.target, result.format, bytes);
+    return result.damage.isEmpty() ? facts : facts + QStringLiteral(" (%1)").arg(reasonOf(result));
+}
+
+void report(const EncodeResult& result, Terminal& terminal, bool json) {
+    const bool failed = !result.error.isEmpty();
+    if (!json && !failed)
+        terminal.result(textOf(result));
+    if (!json)
+        return;
+    JsonLine line;
+    line.add("source", result.source).add("target", result.target);
+    line.add("state", failed ? QStringLiteral("failed") : QStringLiteral("written"))
+        .add("reason", reasonOf(result));
+    line.add("format", result.format);
+    failed ? line.addNull("bytes") : line.add("bytes", double(result.bytes));
+    result.quality > 0 ? line.add("quality", result.quality) : line.addNull("quality");
+    terminal.result(line.text());
+}
+
+int run(const Arguments& arguments, Terminal& terminal) {
+    if (arguments.operands().size() != 2)
+        throw UsageError{Texts::tr("expected IN OUT")};
+    EncodeResult result;
+    result.source = absolutePath(arguments.operands().at(0));
+    result.target = absolutePath(arguments.operands().at(1));
+    const SaveFormat& format = formatOf(arguments, result.target);
+    result.format = QLatin1String(format.name);
+    ImageBox box;
+    box.ColorFormat = colorFormatOf(arguments, format);
+    setQuality(box, arguments, format);
+    setCompression(box, arguments, format);
+    setTransparency(box, arguments, format);
+    const int maxSize =
+        arguments.has("max-size") ? numberIn(arguments.value("max-size"), 1, INT_MAX, "max-size") : 0;
+    const ErrorSubject subject(result.source);
+    try {
+        encode(box, result, format, maxSize);
+    } catch (const TrappedError& error) {
+        result.error = error.description;
+        terminal.message(QStringLiteral("tarsel: ") + error.description);
+    }
+    report(result, terminal, arguments.has("json"));
+    return result.error.isEmpty() && result.damage.isEmpty() ? AllDone : SomeNotDone;
+}
+
+} // namespace
+
+constexpr Command encodeCommand{
+    .name = "encode",
+    .operands = "IN OUT",
+    .summary = "Save one picture in any format that can be written.",
+    .notes =
+        "ENTRY is true-color, 256-colors, 256-grayscale, 16-colors, 16-grayscale, monochrome or "
+        "monochrome-bw.\n"
+        "Metadata, profile and resolution are kept where the format can hold them. A transparent picture is\n"
+        "laid on white where the format has no transparency.",
+    .options = options,
+    .run = run,
+};
+
+} // namespace tarsel::cli

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/TiffAppend.h"
+
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "bytes/TiffStructure.h"
+#include "codecs/CodecChecks.h"
+#include "codecs/TiffCodec.h"
+#include "codecs/TiffDirectory.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <algorithm>
+#include <tiff.h>
+#include <unistd.h>
+
+namespace tarsel {
+
+namespace {
+
+constexpr std::int64_t LargestFile = UINT32_MAX; // what offsets of 32 bits reach
+constexpr std::int64_t PieceSize = std::int64_t(4) << 20;
+constexpr std::size_t MaxPages = 65'535;
+
+/// Bytes of a number in values of this type; 1 where byte order doesn't matter.
+qsizetype numberSize(std::uint16_t type) {
+    switch (type) {
+    case TIFF_SHORT:
+    case TIFF_SSHORT:
+        return 2;
+    case TIFF_LONG:
+    case TIFF_SLONG:
+    case TIFF_RATIONAL: // two of them
+    case TIFF_SRATIONAL:
+    case TIFF_FLOAT:
+    case TIFF_IFD:
+        return 4;
+    case TIFF_DOUBLE:
+        return 8;
+    default:
+        return 1;
+    }
+}
+
+void swapByteOrder(TiffDirectory& directory) {
+    for (TiffDirectory::Entry& entry : directory.entries) {
+        const qsizetype size = numberSize(entry.type);
+        for (qsizetype at = 0; at + size <= entry.value.size(); at += size)
+            std::reverse(entry.value.begin() + at, entry.value.begin() + at + size);
+        for (TiffDirectory& child : entry.child)
+            swapByteOrder(child);
+    }
+}
+
+QByteArray dword(std::uint32_t value, bool bigEndian) {
+    QByteArray bytes;
+    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
+    return bytes;
+}
+
+/// Adds `distance` to each of the entry's offsets.
+void moveOffsets(TiffDirectory::Entry& entry, std::uint32_t distance, bool bigEndian) {
+    const ByteReader reader(entry.value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
+    QByteArray moved;
+    for (std::uint32_t i = 0; i < entry.count; ++i) {
+        const std::uint32_t offset =
+            entry.type == TIFF_SHORT ? reader.word(2 * i).value_or(0) : reader.dword(4 * i).value_or(0);
+        moved += dword(offset + distance, bigEndian);
+    }
+    entry.type = TIFF_LONG;
+    entry.value = moved;
+}
+
+void putTitle(TiffDirectory& page, const QString& title) {
+    const QByteArray text = title.toUtf8() + '\0';
+    if (!title.isEmpty())
+        page.put({TIFFTAG_DOCUMENTNAME, TIFF_ASCII, std::uint32_t(text.size()), text, {}});
+}
+
+/// A document of one page, as bytes that stand at `base` of another document.
+struct MovedPage {
+    QByteArray bytes;
+    std::uint32_t directory = 0;
+};
+
+MovedPage movedPage(const QByteArray& file, const QString& title, std::uint32_t base, bool bigEndian) {
+    auto [isBigEndian, page] = readTiffTree(file);
+    if (isBigEndian != bigEndian)
+        swapByteOrder(page);
+    for (TiffDirectory::Entry& entry : page.entries)
+        if (entry.tag == TIFFTAG_STRIPOFFSETS)
+            moveOffsets(entry, base, bigEndian);
+    putTitle(page, title);
+    const auto end = qsizetype(TiffWalker::open(PictureSource(file).byteSource())->firstDirectory());
+    MovedPage moved{file.left(end), 0}; // all pixels are before the directory
+    if (moved.bytes.size() % 2)
+        moved.bytes += '\0';
+    moved.directory = base + std::uint32_t(moved.bytes.size());
+    moved.bytes += writeTiffDirectory(page, bigEndian, moved.directory);
+    return moved;
+}
+
+void copyTo(SafeFileWriter& writer, const PictureSource& source) {
+    for (std::int64_t at = 0; at < source.size(); at += PieceSize)
+        writer.write(source.bytes(at, PieceSize));
+    if (source.size() % 2)
+        writer.write(QByteArray(1, '\0'));
+}
+
+void overwrite(const SafeFileWriter& writer, const QString& path, std::int64_t at, const QByteArray& bytes) {
+    if (::pwrite(writer.descriptor(), bytes.constData(), std::size_t(bytes.size()), at) != bytes.size())
+        failForErrno(errno, path);
+}
+
+void append(const QString& path, const QString& title, const QByteArray& file) {
+    const PictureSource source = PictureSource::ofFile(path);
+    const FileUnderTest document{"TIFF", path, source.size()};
+    auto walker = TiffWalker::open(source.byteSource());
+    const auto pages = walker && !walker->isBig() ? walker->chain(MaxPages, [] { return true; })
+                                                  : std::vector<TiffDirectoryPlace>();
+    if (pages.empty() || !pages.back().nextPosition)
+        failDecoding(document,
+                     QCoreApplication::translate("TiffAppend", "not a document that pages can be added to"));
+    const std::int64_t base = (source.size() + 1) / 2 * 2;
+    constexpr std::int64_t roomForDirectory = 1 << 20;
+    if (base + 2 * file.size() + roomForDirectory > LargestFile)
+        failDecoding(document, QCoreApplication::translate("TiffAppend", "it would grow beyond 4 GB"));
+    const bool bigEndian = walker->order() == ByteOrder::Big;
+    const MovedPage page = movedPage(file, title, std::uint32_t(base), bigEndian);
+    SafeFileWriter writer(path);
+    copyTo(writer, source);
+    writer.write(page.bytes);
+    overwrite(writer, path, *pages.back().nextPosition, dword(page.directory, bigEndian));
+    writer.commit();
+}
+
+QByteArray withTitle(const QByteArray& file, const QString& title) {
+    const bool bigEndian = readTiffTree(file).bigEndian;
+    const MovedPage page = movedPage(file, title, 0, bigEndian);
+    return writeTiffStart(bigEndian, page.directory) + page.bytes.mid(8);
+}
+
+} // namespace
+
+void appendTiffPage(const QString& path, const QString& title, const Picture& picture,
+                    const SaveSettings& settings, const EmbeddedMetadata& metadata) {
+    const QByteArray file = encodeTiff(picture, settings, metadata);
+    if (QFile::exists(path))
+        append(path, title, file);
+    else
+        writeFileSafely(path, withTitle(file, title));
+}
+
+} // namespace tarsel

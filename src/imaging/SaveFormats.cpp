@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "imaging/SaveFormats.h"
+
+#include "codecs/Formats.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+constexpr ColorEntry allColors[] = {
+    {QT_TRANSLATE_NOOP("SaveFormats", "24 bit (true color)"), "true-color", 0},
+    {QT_TRANSLATE_NOOP("SaveFormats", "256 Colors"), "256-colors", 1},
+    {QT_TRANSLATE_NOOP("SaveFormats", "256 Grayscale"), "256-grayscale", 2},
+    {QT_TRANSLATE_NOOP("SaveFormats", "16 Colors"), "16-colors", 3},
+    {QT_TRANSLATE_NOOP("SaveFormats", "16 Grayscale"), "16-grayscale", 4},
+    {QT_TRANSLATE_NOOP("SaveFormats", "Monochrome"), "monochrome", 5},
+    {QT_TRANSLATE_NOOP("SaveFormats", "Monochrome B/W"), "monochrome-bw", 6},
+};
+constexpr std::span<const ColorEntry> all(allColors);
+constexpr ColorEntry jpegColors[] = {allColors[0], allColors[2]};
+
+constexpr SaveFormat formats[] = {
+    {"BMP", "bmp", all},          {"GIF", "gif", all.subspan(1)},
+    {"JPG", "jpg", jpegColors},   {"PCX", "pcx", all},
+    {"PNG", "png", all.first(2)}, {"WBMP", "wbmp", all.last(1)},
+    {"PSD", "psd", all.first(1)}, {"TIF", "tif", all},
+    {"PDF", "pdf", all},
+};
+
+} // namespace
+
+std::span<const SaveFormat> saveFormats() {
+    return formats;
+}
+
+const SaveFormat* findSaveFormat(const QString& name) {
+    const QString extension = usualExtension(name.toLower());
+    const auto found = std::ranges::find_if(
+        formats, [&](const SaveFormat& format) { return extension == QLatin1String(format.extension); });
+    return found == std::end(formats) ? nullptr : &*found;
+}
+
+} // namespace tarsel
