@@ -44,7 +44,7 @@ double medianOf(std::vector<Cost> costs, double Cost::*part) {
 }
 
 Cost run(const ListView& pages, const TaskList& tasks, const QString& folder, bool readAhead) {
-    BatchSave settings;
+    settings::BatchSave settings;
     settings.DestinationFolder = folder + QLatin1Char('/');
     settings.ProcessEditingList = 1;
     BatchRun batch;
