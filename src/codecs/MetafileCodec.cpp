@@ -36,18 +36,26 @@ FileUnderTest fileOf(const PictureSource& source, const QString& name) {
     return {sniffEmf(source) ? "EMF" : "WMF", name, source.size()};
 }
 
+/// A drawing of more than 50 million pixels, 3.5 square metres, is made smaller in proportion: it has no
+/// pixels of its own that would be lost.
+PixelSize pixelSize(const MetafileHeader& header) {
+    constexpr double mostPixels = 50e6;
+    const double factor = std::min(1.0, std::sqrt(mostPixels / header.width / header.height));
+    const auto pixels = [&](double length) {
+        return int(std::clamp(std::round(length * factor), 1.0, mostPixels));
+    };
+    return {pixels(header.width), pixels(header.height)};
+}
+
 PictureHeader metafileHeader(const PictureSource& source, const QString& name) {
     constexpr int bitsPerPixel = 24, dotsPerInch = 96;
     const FileUnderTest file = fileOf(source, name);
     const auto header = headerOf(source);
     if (!header)
         failDecoding(file, QCoreApplication::translate("MetafileCodec", "no header"));
-    const auto pixels = [](double length) {
-        constexpr double farTooLarge = 1e6;
-        return std::max<std::int64_t>(1, std::llround(std::min(length, farTooLarge)));
-    };
-    requirePlausibleSize(file, pixels(header->width), pixels(header->height), PixelsPerByte);
-    return {int(pixels(header->width)), int(pixels(header->height)), bitsPerPixel, dotsPerInch};
+    const PixelSize size = pixelSize(*header);
+    requirePlausibleSize(file, size.width, size.height, PixelsPerByte);
+    return {size.width, size.height, bitsPerPixel, dotsPerInch};
 }
 
 int onePage(const PictureSource&, const QString&) {

@@ -111,6 +111,14 @@ TEST(Metafile, aLargeDrawingIsFilledWithoutThreads) {
     EXPECT_EQ(test::colorAt(picture, 2000, 2000), Red);
 }
 
+TEST(Metafile, aGiganticDrawingIsMadeSmallerInProportion) {
+    QByteArray bytes = test::wmf(test::redLeftHalf());
+    bytes[14] = 1;                                       // one unit to the inch
+    bytes.replace(10, 4, QByteArray("\0\x40\0\x20", 4)); // 16384 x 8192 inches
+    const PictureHeader header = PictureFile(bytes, QStringLiteral("a.wmf")).header();
+    EXPECT_EQ((PixelSize{header.width, header.height}), (PixelSize{10000, 5000}));
+}
+
 TEST(Metafile, whatDrawsNothingIsRefused) {
     for (const QByteArray& bytes : {test::wmf({}).left(40), test::emf({}).left(60), test::wmf({}).left(22)})
         EXPECT_TRUE(test::readBytes(bytes, QStringLiteral("a.wmf")).message.contains(QLatin1String("a.wmf")));
