@@ -20,8 +20,8 @@ namespace tarsel {
 
 std::span<const Codec> codecs() {
     static const std::array table = {
-        jpegCodec(), tiffCodec(), pngCodec(),  bmpCodec(), gifCodec(),
-        psdCodec(),  pcxCodec(),  wbmpCodec(), wmfCodec(), emfCodec(), pdfCodec(),
+        jpegCodec(), tiffCodec(), pngCodec(), bmpCodec(), gifCodec(), psdCodec(),
+        pcxCodec(),  wbmpCodec(), wmfCodec(), emfCodec(), pdfCodec(),
     };
     return table;
 }

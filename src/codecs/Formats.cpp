@@ -2,6 +2,11 @@
 #include "codecs/Formats.h"
 
 #include "codecs/Codec.h"
+#include "codecs/ColorProfile.h"
+#include "codecs/EncoderColors.h"
+
+#include <algorithm>
+#include <array>
 
 namespace tarsel {
 
@@ -30,10 +35,24 @@ bool keepsTransparency(const QString& extension) {
     return codec && names.contains(QLatin1String(codec->name));
 }
 
+/// Files of gray values, PCX and WBMP have no place for a profile of colours.
+static bool carriesProfile(const Codec& codec, ColorFormat format) {
+    static const std::array colored{ColorFormat::TrueColor, ColorFormat::Colors256, ColorFormat::Colors16};
+    static const QStringList without{QStringLiteral("PCX"), QStringLiteral("WBMP")};
+    return std::ranges::find(colored, format) != colored.end() &&
+           !without.contains(QLatin1String(codec.name));
+}
+
 QByteArray encodePicture(const QString& extension, const Picture& picture, const SaveSettings& settings,
                          const EmbeddedMetadata& metadata) {
-    return isWritable(extension) ? codecForExtension(extension)->encode(picture, settings, metadata)
-                                 : QByteArray();
+    if (!isWritable(extension))
+        return {};
+    const Codec& codec = *codecForExtension(extension);
+    if (carriesProfile(codec, colorFormatOf(settings)))
+        return codec.encode(picture, settings, metadata);
+    EmbeddedMetadata fitting = metadata;
+    fitting.iccProfile.clear();
+    return codec.encode(converted(picture, metadata.iccProfile), settings, fitting);
 }
 
 } // namespace tarsel

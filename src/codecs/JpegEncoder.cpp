@@ -177,8 +177,6 @@ private:
 
 QByteArray encodeJpeg(const Picture& picture, const SaveSettings& settings,
                       const EmbeddedMetadata& metadata) {
-    if (settings.ColorFormat == Grayscale) // without the profile; by the luminance of sRGB
-        return JpegWriter(converted(picture, metadata.iccProfile), settings, metadata).encode();
     return JpegWriter(picture, settings, metadata).encode();
 }
 
