@@ -43,7 +43,7 @@ bool QtSystemServices::isOnline() {
     });
 }
 
-/// Looks among this program's own windows. A title such as "Success" is no proof that another program's
+/// Looks among this program's own windows. A title such as "Success" does not prove that another program's
 /// window shows the answer to a report: it could be the user's own page or document, so it is left alone.
 bool QtSystemServices::closeWindowTitled(const QString& title) {
     for (QWidget* window : QApplication::topLevelWidgets()) {

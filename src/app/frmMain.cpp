@@ -80,6 +80,7 @@ void frmMain::arrangePanes() {
     m_basket.addingChanged = [this, cmdCancelAdding](bool adding) {
         m_folderView.lendBar(adding);
         cmdCancelAdding->setAdding(adding);
+        m_basketPane->setAdding(adding);
     };
     setStatusBar(statusBar);
 }
@@ -169,15 +170,22 @@ void frmMain::takeUpright() {
         this, [this] { m_basket.makeThumbnailsAgain(); }, Qt::QueuedConnection);
 }
 
+/// What a batch works on stays as it is until its end.
+void frmMain::setRunning(bool running) {
+    m_basketPane->setRunning(running);
+    m_browsePane->setRunning(running);
+    m_actions.action("cmdAddToQueue").setEnabled(!running);
+}
+
 void frmMain::subSaveAsSinglePage() {
     if (m_batchRunning)
         return;
     const QScopedValueRollback running(m_batchRunning, true);
-    m_basketPane->setRunning(true);
+    setRunning(true);
     const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
         {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
         this);
-    m_basketPane->setRunning(false);
+    setRunning(false);
     takeUpright();
     if (results.empty() || !isVisible())
         return;

@@ -53,6 +53,7 @@ public:
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
+    void setRunning(bool running);
     void takeUpright();
     void SetStatus(const QString& text);
     /// Writes the settings as they are now, as at the end.

@@ -21,8 +21,7 @@ void refuseHugeFile(const QString& path) {
     if (const qint64 size = QFileInfo(path).size(); size > largestListFile)
         fail(ErrorNumber::UnreadableFile,
              QCoreApplication::translate("clsFile", "%1: %2 MB are too much for a list file")
-                 .arg(path)
-                 .arg(size >> 20));
+                 .arg(path, QString::number(size >> 20)));
 }
 
 } // namespace

@@ -96,6 +96,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     RowReport report(terminal, arguments.has("json"));
     for (const QString& path : basket.missing())
         report.addMissing(path);
+    slice.unreadSources = basket.missing();
     slice.stop = interruptible.stop();
     slice.onRow = [&](const RowResult& result) { report.add(result); };
     ImageBox box;

@@ -12,7 +12,8 @@ namespace tarsel {
 /// Whether an ICC profile describes red, green and blue, so that it may stay with a decoded picture.
 bool isRgbProfile(const QByteArray& iccProfile);
 
-/// Turns pixels of one RGB profile into those of another one; bytes that are no RGB profile stand for sRGB.
+/// Turns pixels of one RGB profile into those of another one; bytes that are not an RGB profile stand for
+/// sRGB.
 class RgbConversion {
 public:
     explicit RgbConversion(const QByteArray& from, const QByteArray& to = {});
@@ -40,7 +41,7 @@ void applyGrayProfile(Picture& picture, const QByteArray& iccProfile);
 EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata);
 
 /// Turns rows of cyan, magenta, yellow and black (0 no ink, 255 full) into sRGB: by the embedded profile
-/// where there is a usable one, else by red = (255 - cyan) (255 - black) / 255 and its kin.
+/// where there is a usable one, else by red = (255 - cyan) (255 - black) / 255, and so on.
 class CmykConversion {
 public:
     explicit CmykConversion(const QByteArray& iccProfile);

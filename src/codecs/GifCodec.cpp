@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/GifCodec.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
@@ -129,7 +130,10 @@ public:
         }
     }
 
-    bool isFull() const { return m_row >= m_frame.height; }
+    /// No index to come has a place on the canvas.
+    bool isFull() const {
+        return m_row >= m_frame.height || (!m_frame.isInterlaced && m_frame.top + m_y >= m_canvas.height);
+    }
 
     void put(std::uint8_t index) {
         const int x = m_frame.left + m_x, y = m_frame.top + m_y;
@@ -146,6 +150,7 @@ private:
     /// Interlaced rows come in four passes: every eighth from 0 and 4, every fourth from 2, every second.
     void startRow() {
         static constexpr struct { int start, step; } passes[] = {{0, 8}, {4, 8}, {2, 4}, {1, 2}};
+        raiseIfStopped();
         m_x = 0;
         ++m_row;
         m_y += m_frame.isInterlaced ? passes[m_pass].step : 1;

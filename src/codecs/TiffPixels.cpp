@@ -74,7 +74,7 @@ private:
     TIFFRGBAImage m_image = {};
 };
 
-/// Rows that are converted at once: whole strips or tiles.
+/// Rows that are converted at once: complete strips or tiles.
 int bandHeight(const TiffFile& tiff, const TiffLayout& layout) {
     constexpr std::int64_t fewRows = 64;
     std::int64_t unit = tiff.field<std::uint32_t>(layout.tiled ? TIFFTAG_TILELENGTH : TIFFTAG_ROWSPERSTRIP);

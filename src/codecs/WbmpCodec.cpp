@@ -37,7 +37,7 @@ std::optional<std::int64_t> readMultiByte(const ByteReader& reader, std::int64_t
     return std::nullopt;
 }
 
-/// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to whole bytes.
+/// Layout: type 0, fixed header 0, width, height, rows of one bit a pixel padded to bytes.
 std::optional<WbmpHeader> readHeader(const PictureSource& source) {
     const QByteArray start = source.start();
     const ByteReader reader(start, ByteOrder::Little);

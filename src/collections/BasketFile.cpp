@@ -66,7 +66,8 @@ void writeEntries(clsFile& file, bool described, const ListView& lvPages) {
 QString pathOfLine(const QString& line, const QString& file, size_t number) {
     const QString trimmed = line.trimmed();
     if (trimmed.size() < 2)
-        fail(ErrorNumber::InvalidCall, Texts::tr("%1, line %2 holds no path").arg(file).arg(number));
+        fail(ErrorNumber::InvalidCall,
+             Texts::tr("%1, line %2 holds no path").arg(file, QString::number(number)));
     return trimmed.mid(1, trimmed.size() - 2);
 }
 
@@ -88,7 +89,8 @@ void readDescribed(clsFile& file, const QString& path, size_t record, BasketEntr
     try {
         file.read_ImageBasket(entry.path, entry.description);
     } catch (TrappedError& error) {
-        error.description = Texts::tr("%1, record %2: %3").arg(path).arg(record).arg(error.description);
+        error.description =
+            Texts::tr("%1, record %2: %3").arg(path, QString::number(record), error.description);
         throw;
     }
 }

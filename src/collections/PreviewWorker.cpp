@@ -52,14 +52,14 @@ void load(ImageBox& box, const QString& path, bool upright, const std::stop_toke
 
 PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_token& stop) {
     PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}};
-    if (request.path.isEmpty())
-        result.box.LoadFromMemory(request.original, snapshotFormat);
-    else
-        load(result.box, request.path, request.upright, stop);
-    if (!result.box.HasImage() || stop.stop_requested())
-        return result;
-    result.original = result.box.SaveToMemory(snapshotFormat);
     try {
+        if (request.path.isEmpty())
+            result.box.LoadFromMemory(request.original, snapshotFormat);
+        else
+            load(result.box, request.path, request.upright, stop);
+        if (!result.box.HasImage() || stop.stop_requested())
+            return result;
+        result.original = result.box.SaveToMemory(snapshotFormat);
         replayRows(result.box, request.tasks, stop);
     } catch (const TrappedError& error) {
         result.failure = error;

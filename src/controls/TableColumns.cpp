@@ -54,7 +54,7 @@ void TableColumns::fit() {
         header->resizeSection(0, std::max({room, scaled(width(0)), leastNameWidth()}));
 }
 
-/// Room for a name that can be told from its neighbours, beside the picture of its row.
+/// Room for a name that can be distinguished from its neighbours, beside the picture of its row.
 int TableColumns::leastNameWidth() const {
     return m_table->iconSize().width() + scaled(charactersOfAName * usualCharacter);
 }

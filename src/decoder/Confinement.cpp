@@ -83,13 +83,17 @@ bool limitSystemCalls() {
 
 } // namespace
 
+bool endWithParent() {
+    return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0;
+}
+
 std::uint32_t confineProcess() {
     std::uint32_t missing = 0;
     const auto require = [&](bool isLocked, DecoderLock lock) {
         missing |= isLocked ? 0U : std::uint32_t(lock);
     };
     require(::close_range(DecoderSocket + 1, ~0U, 0) == 0, DescriptorsLock);
-    require(::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0, ParentLock);
+    require(endWithParent(), ParentLock);
     require(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, PrivilegesLock);
     require(limitResources(), LimitsLock);
     require(limitSystemCalls(), SystemCallsLock);

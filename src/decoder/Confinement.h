@@ -5,6 +5,9 @@
 
 namespace tarsel::decoder {
 
+/// The process is killed when its parent ends. False when the kernel can't do that.
+bool endWithParent();
+
 /// Drops what decoding doesn't need: descriptors after the socket, new privileges, files, processes, most
 /// memory and time, and all system calls but those of memory, the socket and the end of the process; another
 /// one kills it. Returns the locks that the kernel lacks (bits of DecoderLock). Whatever a library sets up

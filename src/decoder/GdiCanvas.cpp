@@ -12,8 +12,8 @@ namespace {
 constexpr std::size_t MaxSaved = 1000;
 constexpr double FarAway = 1e5; // pixels; beyond what can be seen at any size
 
-double ratio(double part, double whole) {
-    return whole == 0 ? 1 : part / whole;
+double ratio(double part, double total) {
+    return total == 0 ? 1 : part / total;
 }
 
 /// How pens and brushes combine with what is there: numbers of the raster operations, 1 to 16.

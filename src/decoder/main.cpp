@@ -7,6 +7,7 @@
 
 #include <QThreadPool>
 #include <malloc.h>
+#include <poll.h>
 #include <sys/mman.h>
 
 namespace tarsel::decoder {
@@ -45,6 +46,12 @@ DecoderReply answer(const DecoderRequest& request, const std::vector<Descriptor>
 
 } // namespace
 
+/// A parent that had died before endWithParent was called has left the other end of the socket closed.
+bool isAlone() {
+    pollfd socket{DecoderSocket, POLLIN, 0};
+    return ::poll(&socket, 1, 0) > 0 && (socket.revents & POLLHUP) != 0;
+}
+
 int run() {
     prepareLibraries();
     const std::uint32_t missingLocks = confineProcess();
@@ -65,6 +72,10 @@ int run() {
 } // namespace tarsel::decoder
 
 int main() {
+    // First of all: fonts take a while to load, and nobody may be there any more when they are.
+    tarsel::decoder::endWithParent();
+    if (tarsel::decoder::isAlone())
+        return 0;
     // An arena for each thread is trimmed after a look at /proc, where a locked process may not look.
     ::mallopt(M_ARENA_MAX, 1);
     // Qt divides large fills among its threads, unless it is in one of them already; none may be started

@@ -25,7 +25,7 @@ void applyRecord(clsFileEXIF& file, ImageBox& box, const DateForms& forms) {
 
 void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     clsFileEXIF file;
-    if (!QFileInfo::exists(path)) // passed over in silence
+    if (!QFileInfo::exists(path)) // an optional file
         return;
     if (!file.OpenForRead(path))
         throw *file.openError();
@@ -35,9 +35,7 @@ void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
             applyRecord(file, box, forms);
     } catch (TrappedError& error) {
         error.description = QCoreApplication::translate("modMetadata", "%1, record %2: %3")
-                                .arg(path)
-                                .arg(record)
-                                .arg(error.description);
+                                .arg(path, QString::number(record), error.description);
         throw;
     }
     file.closefile();

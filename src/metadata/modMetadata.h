@@ -41,7 +41,7 @@ void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path);
 
 /// A raw EXIF value in words, or "" when there is nothing to say and the raw value is to be shown. A value
-/// that doesn't convert to the number its attribute needs, and a division by zero, are trapped and give "".
+/// that doesn't convert to the number its attribute needs, and a division by zero, are trapped and return "".
 QString FormatExifAttributeValue(const QString& name, const QString& value);
 
 /// The label of an attribute, or "" when its raw name is to be shown.

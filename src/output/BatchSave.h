@@ -19,7 +19,8 @@ struct BatchRun {
     /// "Source folder" of a page means the folder of its document, not that of the extracted page file.
     bool pagesToDocumentFolder = false;
     SourceReplacing sourceReplacing = SourceReplacing::KeptReadable;
-    std::stop_token stop; ///< ends the loading of a row's picture: that row and the rest are cancelled
+    QStringList unreadSources; ///< files that the user named but that became no rows; they are not replaced
+    std::stop_token stop;      ///< ends the loading of a row's picture: that row and the rest are cancelled
     std::function<void(const RowResult&)> onRow; ///< called for each row as soon as it is done
     bool readAhead = true;                       ///< as of RowRun
 };

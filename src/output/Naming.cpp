@@ -46,7 +46,7 @@ void exifDate(const NamingFacts& facts, const QString& pattern, QString& result)
     }
 }
 
-/// Kilobytes that the picture takes in a format that is offered with this token; other formats give nothing.
+/// Kilobytes that the picture takes in a format that is offered with this token; empty for other formats.
 QString encodedSize(const NamingFacts& facts) {
     const bool offered = facts.extension == QLatin1String("tif") || facts.extension == QLatin1String("pdf");
     if (!offered || !isWritable(facts.extension) || !facts.box)

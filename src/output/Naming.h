@@ -13,7 +13,7 @@ const QStringList& namingTokens();
 const QStringList& namingSeparators();
 const QStringList& namingCounts();
 
-/// What a token looks at before it can tell its text.
+/// What a token needs to know for its text.
 enum class TokenNeeds {
     Nothing,  ///< the text itself and the clock
     File,     ///< size and dates of the source file

@@ -13,7 +13,7 @@ inline QString outputExtension() {
     return QStringLiteral("jpg");
 }
 
-/// Where a row's file goes. The folder ends in a separator; the name is meant to lie in that folder.
+/// Where a row's file goes. The folder ends in a separator; the name has no separator of its own.
 struct OutputName {
     QString folder;
     QString name;
@@ -27,7 +27,7 @@ struct RowToName {
     QString folder;   ///< of the source, with a separator at its end
 };
 
-/// Gives the text of a naming token.
+/// Returns the text of a naming token.
 using TokenText = std::function<QString(const QString& token)>;
 
 /// The name by the settings' NameOption. The source's folder counts in the hybrid option alone; the others
@@ -35,7 +35,7 @@ using TokenText = std::function<QString(const QString& token)>;
 /// is not a number.
 OutputName outputName(const settings::BatchSave& settings, const RowToName& row, const TokenText& tokenText);
 
-/// Why no file of that name can lie in its folder; empty when one can. A text from a picture's metadata may
+/// Why no file of that name can be in its folder; empty when one can. A text from a picture's metadata may
 /// hold a separator, by which the file would be written into another folder.
 QString nameFault(const OutputName& target);
 

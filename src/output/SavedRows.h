@@ -13,7 +13,7 @@ namespace tarsel {
 class SavedRows final : public RowConsumer {
 public:
     SavedRows(const ListView& lvPages, const settings::BatchSave& settings, const BatchRun& run) :
-        m_settings(settings), m_run(run), m_sources(lvPages, run.sourceReplacing) {}
+        m_settings(settings), m_run(run), m_sources(lvPages, run.sourceReplacing, run.unreadSources) {}
 
     QString readablePath(const QString& source) const override { return m_sources.readablePath(source); }
     std::function<void()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;

@@ -80,7 +80,11 @@ private:
     std::vector<int> m_readers;
 };
 
-SourceGuard::SourceGuard(const ListView& pages, SourceReplacing policy) : m_policy(policy) {
+SourceGuard::SourceGuard(const ListView& pages, SourceReplacing policy, const QStringList& unread) :
+    m_policy(policy) {
+    for (const QString& path : unread)
+        if (QFileInfo::exists(path))
+            m_unread.insert(FileIdentity::of(path));
     for (int i = 0; i < pages.count(); ++i)
         for (const QString& path : sourcesOfRow(pages.row(i))) {
             SourceFile& file = m_files[FileIdentity::of(path)];
@@ -125,6 +129,8 @@ SourceGuard::Verdict SourceGuard::verdictOn(int row, const QString& target) cons
 }
 
 QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
+    if (m_unread.contains(target))
+        return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace a source that could not be read"));
     if (m_policy == SourceReplacing::KeptReadable)
         return {};
     for (const int each : m_files.value(target).rows) {

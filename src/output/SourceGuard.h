@@ -27,7 +27,8 @@ enum class SourceReplacing {
 /// compared as they are at the moment of saving, whatever paths lead to them.
 class SourceGuard {
 public:
-    SourceGuard(const ListView& pages, SourceReplacing policy);
+    /// `unread` are files that the user named and that became no rows: none of them is ever replaced.
+    SourceGuard(const ListView& pages, SourceReplacing policy, const QStringList& unread = {});
     ~SourceGuard(); ///< writes what is still kept beside its old place, as noteDone does
     SourceGuard(const SourceGuard&) = delete;
     SourceGuard& operator=(const SourceGuard&) = delete;
@@ -61,6 +62,7 @@ private:
     void release(const std::shared_ptr<KeptFile>& kept);
 
     const SourceReplacing m_policy;
+    QSet<FileIdentity> m_unread;
     QHash<FileIdentity, SourceFile> m_files;
     QSet<int> m_written;
     QHash<FileIdentity, int> m_targets;               ///< rows by the file that they made

@@ -90,7 +90,7 @@ struct Moments {
     }
 };
 
-/// A part of the cells, which lie together in the list.
+/// A part of the cells, which are next to each other in the list.
 struct Box {
     std::size_t start = 0;
     std::size_t end = 0;

@@ -19,9 +19,8 @@ using State = TaskCheck::State;
 
 QString outsideRange(const TaskColumn& column, const QString& text) {
     return QCoreApplication::translate("TaskCheck", "%1 is %2, outside %3 to %4")
-        .arg(nameInWords(column), text)
-        .arg(column.limits.lowest)
-        .arg(column.limits.highest);
+        .arg(nameInWords(column), text, QString::number(column.limits.lowest),
+             QString::number(column.limits.highest));
 }
 
 bool isOutside(const TaskColumn& column, double value) {

@@ -61,9 +61,7 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
         readRecords(file, tasks, genericIcons, record);
     } catch (TrappedError& error) {
         error.description = QCoreApplication::translate("TaskFile", "%1, record %2: %3")
-                                .arg(path)
-                                .arg(record)
-                                .arg(error.description);
+                                .arg(path, QString::number(record), error.description);
         throw;
     }
 }

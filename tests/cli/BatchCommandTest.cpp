@@ -117,6 +117,24 @@ TEST(BatchCommand, WhateverIsNotDoneIsNamedAndGivesStatusOne) {
     }
 }
 
+TEST(BatchCommand, ASourceThatCouldNotBeReadIsNotReplacedByAnotherRow) {
+    const PictureFolder folder;
+    const QString unreadable = folder.path(text("b.jpg"));
+    QDir(folder.path()).mkdir(text("in"));
+    ASSERT_TRUE(QFile::copy(folder.path(text("a.jpg")), folder.path(text("in/b.jpg"))));
+    const QByteArray content("\0\0\0\x18"
+                             "ftypheic, which no reader here knows",
+                             40);
+    writeFileSafely(unreadable, content);
+    for (const char* options : {"", "--out . "}) {
+        const ProgramRun run =
+            folder.run(commandLine("batch --json ") + commandLine(options) + commandLine("in/b.jpg b.jpg"));
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(rows(run), "0 failed, 1 skipped") << options;
+        EXPECT_EQ(readWholeFile(unreadable), content) << options;
+    }
+}
+
 TEST(BatchCommand, NamesFollowTheRulesAndNumbersThoseOfTheFullBasket) {
     const QString odd = text("-\u00fc \"quoted\" \u65e5.jpg");
     const std::pair<const char*, std::string> cases[] = {

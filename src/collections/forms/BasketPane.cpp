@@ -39,6 +39,11 @@ void BasketPane::setRunning(bool running) {
     m_list->setEnabled(!running);
 }
 
+void BasketPane::setAdding(bool adding) {
+    for (const char* name : {"cmdPagesOpen", "cmdPagesSave", "cmdSaveAs", "mnuSaveAsJpeg"})
+        m_actions.action(name).setEnabled(!adding);
+}
+
 QLayout* BasketPane::makeBar() {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);

@@ -22,6 +22,8 @@ public:
     ListControl& lvPages() const { return *m_list; }
     /// While a batch runs over the rows, nothing that changes them is offered.
     void setRunning(bool running);
+    /// While files are being added, the rows are not yet those of the basket: it can't be opened or saved.
+    void setAdding(bool adding);
 
 Q_SIGNALS:
     void cmdPagesNew();

@@ -15,7 +15,8 @@
 namespace tarsel {
 
 BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent) :
-    QWidget(parent), m_tree(new FolderTree(this)), m_tasks(new ListControl(tasks.lvEdit, this)) {
+    QWidget(parent), m_actions(actions), m_tree(new FolderTree(this)),
+    m_tasks(new ListControl(tasks.lvEdit, this)) {
     auto* lblBrowse = makePaneCaption({}, this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
     auto* tbsBrowse = new QTabBar(this);
@@ -52,6 +53,12 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     showTab(0);
 }
 
+void BrowsePane::setRunning(bool running) {
+    for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_3"})
+        m_actions.action(name).setEnabled(!running);
+    m_tasks->setEnabled(!running);
+}
+
 QWidget* BrowsePane::makeTaskPanel(const ActionTable& actions) {
     auto* picEditBar = new QWidget(this);
     picEditBar->setObjectName(QStringLiteral("picEditBar"));
@@ -61,7 +68,6 @@ QWidget* BrowsePane::makeTaskPanel(const ActionTable& actions) {
     for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_2", "cmdEditBar_3"}) {
         bar->addWidget(actions.makeButton(name, picEditBar));
         addAction(&actions.action(name)); // for its shortcut while the other tab is on show
-        addAction(&actions.action(name)); // its shortcut works while the other tab is on show, too
         connect(&actions.action(name), &QAction::triggered, this,
                 [this, index] { Q_EMIT cmdEditBar(index); });
         ++index;

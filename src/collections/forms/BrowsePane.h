@@ -21,6 +21,8 @@ public:
 
     FolderTree& ftvBrowse() const { return *m_tree; }
     ListControl& lvEdit() const { return *m_tasks; }
+    /// While a batch replays the tasks, nothing that changes them is offered.
+    void setRunning(bool running);
 
 Q_SIGNALS:
     /// A button of the task basket, by its index: 0 new, 1 open, 2 save, 3 remove.
@@ -29,6 +31,7 @@ Q_SIGNALS:
 private:
     QWidget* makeTaskPanel(const ActionTable& actions);
 
+    const ActionTable& m_actions;
     FolderTree* m_tree;
     ListControl* m_tasks;
 };

@@ -13,7 +13,7 @@ namespace tarsel::operations {
 
 namespace {
 
-/// Target rows that are filtered together: after the vertical pass their values are turned to lie side by
+/// Target rows that are filtered together: after the vertical pass their values are turned to be side by
 /// side, and a step of the horizontal pass works on all of them at once.
 constexpr int lanes = 16;
 /// Bytes of a row that the vertical pass takes at a time.
