@@ -14,7 +14,6 @@
 #include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/xattr.h>
@@ -200,19 +199,6 @@ TEST_F(SafeWriter, ADiskThatFillsUpLeavesTheOldFileAndNoDebris) {
                   ErrorNumber::DiskFull);
     }
     expectOnly("a.jpg", QByteArray("old"));
-}
-
-TEST_F(SafeWriter, AFullFileSystemLeavesTheOldFileAndNoDebris) {
-    const QByteArray mountPoint = local(folder.path());
-    if (::mount("tmpfs", mountPoint.constData(), "tmpfs", 0, "size=64k") != 0)
-        GTEST_SKIP() << "needs the right to mount a small file system";
-    writeFileSafely(in("a.jpg"), QByteArray(30000, 'o'));
-    EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("a.jpg"), QByteArray(60000, 'n')); }),
-              ErrorNumber::DiskFull);
-    EXPECT_EQ(errorNumberOf([&] { writeFileSafely(in("b.jpg"), QByteArray(60000, 'n')); }),
-              ErrorNumber::DiskFull);
-    expectOnly("a.jpg", QByteArray(30000, 'o'));
-    ::umount(mountPoint.constData());
 }
 
 TEST_F(SafeWriter, AListFileThatFindsTheDiskFullAtItsCloseLeavesTheOldOne) {

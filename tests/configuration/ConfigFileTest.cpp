@@ -41,7 +41,8 @@ TEST_F(ConfigFile, TheFirstStartTakesTheDefaultsAndLeavesAnEmptyFile) {
     EXPECT_EQ(recordImage(ConfigRecord), recordImage(recordFromImage({})));
 }
 
-TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
+TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideTheRecord) {
+    writeFileSafely(settingsPathBeside(), "\x01[\x80=\n]\xFF[[\n\n=");
     ConfigRecord.BatchSave.RenamePrefix = QStringLiteral("[Date Today]");
     ConfigRecord.LastFolder = QStringLiteral("/home/\u65E5\u672C");
     ConfigRecord.SplitterMain = 33;
@@ -53,15 +54,6 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStart) {
     EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));
     EXPECT_EQ(ConfigRecord.LastFolder.trimmed(), QStringLiteral("/home/\u65E5\u672C"));
     EXPECT_EQ(ConfigRecord.SplitterMain, 33);
-    EXPECT_TRUE(desktop.reports.empty());
-}
-
-TEST_F(ConfigFile, DamagedSettingsBesideTheRecordAreReplacedWithoutAReport) {
-    writeFileSafely(settingsPathBeside(), "\x01[\x80=\n]\xFF[[\n\n=");
-    ConfigRecord.BatchSave.UprightByExif = 0;
-    subSaveSetup();
-    restart();
-    EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 0);
     EXPECT_TRUE(desktop.reports.empty());
 }
 

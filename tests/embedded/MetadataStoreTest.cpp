@@ -12,12 +12,6 @@ using namespace tarsel::test;
 
 namespace {
 
-struct Case {
-    const char* name;
-    const char* text;
-    const char* shown;
-};
-
 QString word(const char* text) {
     return QString::fromUtf8(text);
 }
@@ -41,41 +35,42 @@ QByteArray bigEndianComment(const QByteArray& bytes) {
 
 } // namespace
 
+/// Name, text, and what is shown where that is another.
 TEST(MetadataStore, EachAttributeTakesTextInItsOwnType) {
-    constexpr Case cases[] = {
-        {"Make", "Acme", "Acme"},
-        {"Artist", "Bjørn Ødegård", "Bjørn Ødegård"},
-        {"DateTimeDigitized", "2004:01:31 15:05:09", "2004:01:31 15:05:09"},
-        {"PixelXDimension", "4000", "4000"},
-        {"Orientation", "6", "6"},
-        {"ExposureTime", "10/1250", "10/1250"},
-        {"FNumber", "2.8", "28/10"},
-        {"FocalLength", "35", "35/1"},
-        {"ExposureBiasValue", "-1/3", "-1/3"},
-        {"LensSpecification", "24/1 70/1 28/10 28/10", "24/1 70/1 28/10 28/10"},
-        {"ExifVersion", "30,32,33,32", "30,32,33,32"},
-        {"FileSource", "03", "03"},
-        {"UserComment", "a plain comment", "a plain comment"},
-        {"UserComment", "כן, 谢谢", "כן, 谢谢"},
-        {"XPTitle", "Title 谢谢", "Title 谢谢"},
-        {"GPSLatitudeRef", "N", "N"},
-        {"GPSLatitude", "51/1 30/1 2644/100", "51/1 30/1 2644/100"},
-        {"GPSAltitudeRef", "1", "1"},
-        {"GPSVersionID", "02,03,00,00", "02,03,00,00"},
-        {"InteroperabilityIndex", "R98", "R98"},
-        {"FlashPixVersion", "30,31,30,30", "30,31,30,30"},
-        {"ImageDescription", "", ""},
-        {"SubjectArea", "7 8 9", "7 8 9"},
-        {"CFAPattern", "01,02,AB", "01,02,AB"},
-    };
-    for (const Case& c : cases) {
+    for (const char* attribute : {"Make=Acme",
+                                  "Artist=Bjørn Ødegård",
+                                  "DateTimeDigitized=2004:01:31 15:05:09",
+                                  "PixelXDimension=4000",
+                                  "Orientation=6",
+                                  "ExposureTime=10/1250",
+                                  "FNumber=2.8=28/10",
+                                  "FocalLength=35=35/1",
+                                  "ExposureBiasValue=-1/3",
+                                  "LensSpecification=24/1 70/1 28/10 28/10",
+                                  "ExifVersion=30,32,33,32",
+                                  "FileSource=03",
+                                  "UserComment=a plain comment",
+                                  "UserComment=כן, 谢谢",
+                                  "XPTitle=Title 谢谢",
+                                  "GPSLatitudeRef=N",
+                                  "GPSLatitude=51/1 30/1 2644/100",
+                                  "GPSAltitudeRef=1",
+                                  "GPSVersionID=02,03,00,00",
+                                  "InteroperabilityIndex=R98",
+                                  "FlashPixVersion=30,31,30,30",
+                                  "ImageDescription=",
+                                  "SubjectArea=7 8 9",
+                                  "CFAPattern=01,02,AB"}) {
+        SCOPED_TRACE(attribute);
+        const QStringList parts = word(attribute).split(u'=');
+        const QString name = parts[0], shown = parts.last();
         for (const QByteArray& start : {QByteArray(), emptyBigEndianBlock}) {
             MetadataStore store = storeWithExif(start);
-            ASSERT_TRUE(store.ExifSet(word(c.name), word(c.text))) << c.name;
+            ASSERT_TRUE(store.ExifSet(name, parts[1]));
             MetadataStore again(store.blocks());
-            EXPECT_EQ(again.ExifValueByName(word(c.name)), word(c.shown)) << c.name;
-            EXPECT_TRUE(again.ExifSet(word(c.name), word(c.shown))) << c.name;
-            EXPECT_EQ(again.blocks().exif, store.blocks().exif) << c.name << " from its own text";
+            EXPECT_EQ(again.ExifValueByName(name), shown);
+            EXPECT_TRUE(again.ExifSet(name, shown));
+            EXPECT_EQ(again.blocks().exif, store.blocks().exif) << "from its own text";
         }
     }
 }
@@ -116,29 +111,17 @@ TEST(MetadataStore, NumbersAreWrittenInTheByteOrderOfTheirBlock) {
 }
 
 TEST(MetadataStore, NamesAndValuesThatMakeNoSenseAreRefusedAndChangeNothing) {
-    constexpr std::pair<const char*, const char*> cases[] = {
-        {"NoSuchName", "x"},
-        {"make", "x"},
-        {"", "x"},
-        {"0x9286", "x"},
-        {"ExifOffset", "8"},
-        {"MakerNote", "01,02"},
-        {"StripOffsets", "8"},
-        {"Orientation", "left"},
-        {"Orientation", "70000"},
-        {"PixelXDimension", "-1"},
-        {"PixelXDimension", ""},
-        {"ExposureTime", "1/60s"},
-        {"FNumber", "f/2"},
-        {"ExposureTime", "1/2/3"},
-        {"ExifVersion", "0230"},
-        {"ISOSpeedRatings", "100;200"},
-    };
     MetadataStore store;
     ASSERT_TRUE(store.ExifSet(word("Make"), word("Acme")));
     const QByteArray before = store.blocks().exif;
-    for (const auto& [name, text] : cases)
-        EXPECT_FALSE(store.ExifSet(word(name), word(text))) << name << " " << text;
+    for (const char* attribute :
+         {"NoSuchName=x", "make=x", "=x", "0x9286=x", "ExifOffset=8", "MakerNote=01,02", "StripOffsets=8",
+          "Orientation=left", "Orientation=70000", "PixelXDimension=-1",
+          "PixelXDimension=", "ExposureTime=1/60s", "FNumber=f/2", "ExposureTime=1/2/3", "ExifVersion=0230",
+          "ISOSpeedRatings=100;200"}) {
+        const QStringList parts = word(attribute).split(u'=');
+        EXPECT_FALSE(store.ExifSet(parts[0], parts[1])) << attribute;
+    }
     EXPECT_EQ(store.blocks().exif, before);
 }
 
