@@ -3,6 +3,7 @@
 // Times mean something only beside a memcpy of the picture in the same run: with
 // --benchmark_counters_tabular=true the column "memcpys" shows the best time in that unit.
 
+#include "base/Spreading.h"
 #include "bench/OperationPeers.h"
 #include "imaging/ImageBox.h"
 
@@ -64,10 +65,9 @@ void measure(benchmark::State& state, int channels, const std::function<void()>&
     state.counters["memcpys"] = best / unit;
 }
 
-using Work = std::function<void(ImageBox&)>;
-
 /// Each round starts from the same unshared picture.
-void measureBox(benchmark::State& state, const Work& work, int channels) {
+void measureBox(benchmark::State& state, const Work& work, int channels, const Spreading& spreading) {
+    const SpreadingScope scope(spreading);
     const Picture original = detailedPicture(pictureWidth, pictureHeight, channels);
     ImageBox box;
     box.Resample = true;
@@ -174,8 +174,12 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     for (const auto& [name, work] : cases())
         for (const int channels : {3, 4})
-            add(QLatin1String(name) + (channels == 4 ? QStringLiteral(", 32 bits") : QString()),
-                [work = work, channels](benchmark::State& state) { measureBox(state, work, channels); });
+            for (const bool spread : {false, true})
+                add(QLatin1String(name) + (channels == 4 ? QStringLiteral(", 32 bits") : QString()) +
+                        (spread ? QStringLiteral(", spread") : QString()),
+                    [work = work, channels, spread](benchmark::State& state) {
+                        measureBox(state, work, channels, spread ? Spreading::overProcessors() : Spreading{});
+                    });
     const Picture picture = detailedPicture(pictureWidth, pictureHeight, 3);
     for (const auto& [name, work] : bench::peersOn(picture))
         add(QLatin1String(name), [work = work](benchmark::State& state) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/Spreading.h"
 #include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
@@ -44,6 +45,7 @@ bool holdsAlpha(const QString& path) {
 /// Returns what is wrong with a source that could be read in part only; empty for an undamaged one. Writes
 /// nothing when a task fails: the picture would not be the one that was asked for.
 QString apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
+    const SpreadingScope scope;
     ImageBox box;
     if (!loadSource(box, source))
         fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));

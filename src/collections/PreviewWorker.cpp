@@ -2,6 +2,7 @@
 #include "collections/PreviewWorker.h"
 
 #include "base/IgnoringErrors.h"
+#include "base/Spreading.h"
 #include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 #include "tasks/Replay.h"
@@ -111,6 +112,7 @@ std::optional<PreviewWorker::Request> PreviewWorker::next() {
 }
 
 void PreviewWorker::run() {
+    const SpreadingScope scope;
     while (std::optional<Request> request = next()) {
         const std::stop_token stop = m_current.get_token();
         Result result = resultOf(*std::exchange(request, std::nullopt), stop);

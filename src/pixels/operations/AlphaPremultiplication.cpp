@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/AlphaPremultiplication.h"
 
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/PackedPixel.h"
 #include "pixels/operations/RowPrefetch.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace tarsel::operations {
 
@@ -26,12 +28,15 @@ TARSEL_INLINED std::int32_t divided(std::int32_t value, float factor) {
 bool hasTransparency(ConstPixelView view) {
     if (view.channels != 4)
         return false;
-    for (int y = 0; y < view.height; ++y) {
-        prefetchRow(view, y + 1);
-        if (!isOpaque(view.row(y), view.width))
-            return true;
-    }
-    return false;
+    std::atomic<bool> found = false;
+    forBands(view, [&](const Band& band) {
+        for (int y = band.begin; y < band.end && !found; ++y) {
+            prefetchRow(view, y + 1);
+            if (!isOpaque(view.row(y), view.width))
+                found = true;
+        }
+    });
+    return found;
 }
 
 TARSEL_VECTORISED void premultiplyPixels(const std::uint8_t* in, std::uint8_t* out, int count) {
@@ -59,10 +64,12 @@ TARSEL_VECTORISED void unpremultiplyPixels(std::uint8_t* pixels, int count) {
 }
 
 void premultiply(ConstPixelView source, PixelView target) {
-    for (int y = 0; y < source.height; ++y) {
-        prefetchRow(source, y + 1);
-        premultiplyPixels(source.row(y), target.row(y), source.width);
-    }
+    forBands(source, [&](const Band& band) {
+        for (int y = band.begin; y < band.end; ++y) {
+            prefetchRow(source, y + 1);
+            premultiplyPixels(source.row(y), target.row(y), source.width);
+        }
+    });
 }
 
 } // namespace tarsel::operations

@@ -2,6 +2,7 @@
 #include "pixels/operations/AreaReduction.h"
 
 #include "pixels/operations/AlphaPremultiplication.h"
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Vectorised.h"
 
@@ -55,11 +56,11 @@ private:
     std::vector<std::uint8_t> m_premultiplied; ///< two rows
 };
 
-void reduceByArea(ConstPixelView source, PixelView target, int acrossFactor, int downFactor,
+void reduceByArea(ConstPixelView source, PixelView target, const Band& band, int acrossFactor, int downFactor,
                   SourceRows& rows) {
     const int size = target.width * acrossFactor * source.channels;
     std::vector<std::uint16_t> sums(std::size_t(size), 0);
-    for (int y = 0; y < target.height; ++y) {
+    for (int y = band.begin; y < band.end; ++y) {
         prefetchRow(source, y * downFactor + 1);
         startSums(rows.row(y * downFactor), sums.data(), size);
         for (int k = 1; k < downFactor; ++k) {
@@ -96,10 +97,10 @@ TARSEL_VECTORISED void takeEvenPixels(const std::uint8_t* __restrict in, std::ui
         takeEvery2nd<4>(in, out, width);
 }
 
-void halve(ConstPixelView source, PixelView target, SourceRows& rows) {
+void halve(ConstPixelView source, PixelView target, const Band& band, SourceRows& rows) {
     const int size = (2 * target.width - 1) * source.channels;
     std::vector<std::uint8_t> means(std::size_t(size), 0);
-    for (int y = 0; y < target.height; ++y) {
+    for (int y = band.begin; y < band.end; ++y) {
         prefetchRow(source, 2 * y + 2);
         prefetchRow(source, 2 * y + 3);
         prefetchRow(target, y + 1);
@@ -113,11 +114,13 @@ void halve(ConstPixelView source, PixelView target, SourceRows& rows) {
 
 void areaReduction(ConstPixelView source, PixelView target, int acrossFactor, int downFactor,
                    bool premultiplySource) {
-    SourceRows rows(source, premultiplySource);
-    if (acrossFactor == 2 && downFactor == 2)
-        halve(source, target, rows);
-    else
-        reduceByArea(source, target, acrossFactor, downFactor, rows);
+    forBands(bandsOf(target.height, pixelCount(source)), [&](const Band& band) {
+        SourceRows rows(source, premultiplySource);
+        if (acrossFactor == 2 && downFactor == 2)
+            halve(source, target, band, rows);
+        else
+            reduceByArea(source, target, band, acrossFactor, downFactor, rows);
+    });
 }
 
 } // namespace tarsel::operations

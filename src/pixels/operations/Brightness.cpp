@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Brightness.h"
 
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Vectorised.h"
 
@@ -42,11 +43,13 @@ TARSEL_VECTORISED void shiftRow(const std::uint8_t* in, std::uint8_t* out, const
 
 void brightness(ConstPixelView source, PixelView target, int level, const ColorChannels& channels) {
     const ByteShifts shifts = shiftsOf(level, chosenBytes(channels, source.width, source.channels));
-    for (int y = 0; y < source.height; ++y) {
-        prefetchRow(source, y + 1);
-        shiftRow(source.row(y), target.row(y), shifts.lowest.data(), shifts.highest.data(),
-                 shifts.added.data(), int(shifts.added.size()));
-    }
+    forBands(source, [&](const Band& band) {
+        for (int y = band.begin; y < band.end; ++y) {
+            prefetchRow(source, y + 1);
+            shiftRow(source.row(y), target.row(y), shifts.lowest.data(), shifts.highest.data(),
+                     shifts.added.data(), int(shifts.added.size()));
+        }
+    });
 }
 
 } // namespace tarsel::operations

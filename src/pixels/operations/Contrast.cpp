@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Contrast.h"
 
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/ByteClamp.h"
 #include "pixels/operations/RowPrefetch.h"
 
@@ -53,10 +54,12 @@ TARSEL_VECTORISED void stretchRow(const std::uint8_t* in, std::uint8_t* out, con
 void contrast(ConstPixelView source, PixelView target, int level, const ColorChannels& channels) {
     const Slope stretch = stretchOf(level);
     const std::vector<std::uint8_t> chosen = chosenBytes(channels, source.width, source.channels);
-    for (int y = 0; y < source.height; ++y) {
-        prefetchRow(source, y + 1);
-        stretchRow(source.row(y), target.row(y), chosen.data(), int(chosen.size()), stretch);
-    }
+    forBands(source, [&](const Band& band) {
+        for (int y = band.begin; y < band.end; ++y) {
+            prefetchRow(source, y + 1);
+            stretchRow(source.row(y), target.row(y), chosen.data(), int(chosen.size()), stretch);
+        }
+    });
 }
 
 } // namespace tarsel::operations

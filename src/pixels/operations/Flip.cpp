@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Flip.h"
 
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Vectorised.h"
 
@@ -30,22 +31,28 @@ TARSEL_VECTORISED void mirrorRow(const std::uint8_t* __restrict in, std::uint8_t
 
 void flipHorizontal(ConstPixelView source, PixelView target) {
     const std::size_t size = std::size_t(source.width) * std::size_t(source.channels);
-    std::vector<std::uint8_t> row(size); // one row stays in the cache: in place costs no more
-    for (int y = 0; y < source.height; ++y) {
-        prefetchRow(source, y + 1);
-        mirrorRow(source.row(y), row.data(), source.width, source.channels);
-        std::memcpy(target.row(y), row.data(), size);
-    }
+    forBands(source, [&](const Band& band) {
+        std::vector<std::uint8_t> row(size); // one row stays in the cache: in place costs no more
+        for (int y = band.begin; y < band.end; ++y) {
+            prefetchRow(source, y + 1);
+            mirrorRow(source.row(y), row.data(), source.width, source.channels);
+            std::memcpy(target.row(y), row.data(), size);
+        }
+    });
 }
 
 void flipVertical(ConstPixelView source, PixelView target) {
     const std::size_t size = std::size_t(source.width) * std::size_t(source.channels);
-    std::vector<std::uint8_t> upper(size);
-    for (int top = 0, bottom = source.height - 1; top <= bottom; ++top, --bottom) {
-        std::memcpy(upper.data(), source.row(top), size);
-        std::memmove(target.row(top), source.row(bottom), size);
-        std::memcpy(target.row(bottom), upper.data(), size);
-    }
+    const int pairs = (source.height + 1) / 2;
+    forBands(bandsOf(pairs, pixelCount(source)), [&](const Band& band) {
+        std::vector<std::uint8_t> upper(size);
+        for (int top = band.begin; top < band.end; ++top) {
+            const int bottom = source.height - 1 - top;
+            std::memcpy(upper.data(), source.row(top), size);
+            std::memmove(target.row(top), source.row(bottom), size);
+            std::memcpy(target.row(bottom), upper.data(), size);
+        }
+    });
 }
 
 } // namespace tarsel::operations

@@ -2,6 +2,7 @@
 #include "pixels/operations/GaussianBlur.h"
 
 #include "pixels/operations/AlphaPremultiplication.h"
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/ByteClamp.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/SeparableFilter.h"
@@ -121,16 +122,18 @@ TARSEL_VECTORISED void widen(const std::uint8_t* in, std::uint16_t* __restrict o
 /// The rows blurred across that the present row needs, each computed once.
 class RowRing {
 public:
-    RowRing(ConstPixelView source, const HalfKernel& kernel, bool transparent) :
-        m_source(source), m_kernel(kernel), m_size(source.width * source.channels),
+    RowRing(ConstPixelView source, const BandSource& rows, const Band& band, const HalfKernel& kernel,
+            bool transparent) :
+        m_source(source),
+        m_sourceRows(rows), m_band(band), m_kernel(kernel), m_size(source.width * source.channels),
         m_margin(kernel.radius * source.channels), m_premultiplied(transparent ? std::size_t(m_size) : 0),
         m_padded(std::size_t(m_size + 2 * m_margin)), m_count(2 * kernel.radius + 1),
-        m_rows(std::size_t(m_count) * std::size_t(m_size)) {}
+        m_rows(std::size_t(m_count) * std::size_t(m_size)), m_next(std::max(0, band.begin - kernel.radius)) {}
 
     void blurUpTo(int y) {
         for (; m_next <= std::min(y, m_source.height - 1); ++m_next) {
             prefetchRow(m_source, m_next + 1);
-            pad(premultiplied(m_source.row(m_next)));
+            pad(premultiplied(m_sourceRows.row(m_band, m_next)));
             blurRow(m_padded.data() + m_margin, slot(m_next), m_size, m_source.channels, m_kernel);
         }
     }
@@ -158,6 +161,8 @@ private:
     }
 
     ConstPixelView m_source;
+    const BandSource& m_sourceRows;
+    Band m_band;
     const HalfKernel& m_kernel;
     int m_size;
     int m_margin;
@@ -165,22 +170,30 @@ private:
     std::vector<std::uint16_t> m_padded;
     int m_count;
     std::vector<std::uint16_t> m_rows;
-    int m_next = 0;
+    int m_next;
 };
 
-void blurDirectly(ConstPixelView source, PixelView target, double deviation, bool transparent) {
-    const HalfKernel kernel = kernelOf(deviation);
-    RowRing ring(source, kernel, transparent);
+void blurBand(RowRing& ring, PixelView target, const Band& band, const HalfKernel& kernel, bool transparent) {
     std::array<const std::uint16_t*, 2 * largestRadius + 1> rows{};
     const std::uint16_t** middle = rows.data() + largestRadius;
-    for (int y = 0; y < source.height; ++y) {
+    for (int y = band.begin; y < band.end; ++y) {
         ring.blurUpTo(y + kernel.radius);
         for (int k = -kernel.radius; k <= kernel.radius; ++k)
             middle[k] = ring.row(y + k);
-        blurColumns(middle, target.row(y), source.width * source.channels, kernel);
+        blurColumns(middle, target.row(y), target.width * target.channels, kernel);
         if (transparent)
             unpremultiplyPixels(target.row(y), target.width);
     }
+}
+
+void blurDirectly(ConstPixelView source, PixelView target, double deviation, bool transparent) {
+    const HalfKernel kernel = kernelOf(deviation);
+    const std::vector<Band> bands = bandsOf(source.height, pixelCount(source));
+    const BandSource rows(source, bands, kernel.radius);
+    forBands(bands, [&](const Band& band) {
+        RowRing ring(source, rows, band, kernel, transparent);
+        blurBand(ring, target, band, kernel, transparent);
+    });
 }
 
 /// A blur in two steps: two bell curves in turn make one whose squared deviation is the sum of theirs. The

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Merge.h"
 
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/PackedPixel.h"
 #include "pixels/operations/ResizeSmooth.h"
 #include "pixels/operations/RowPrefetch.h"
@@ -143,25 +144,34 @@ private:
     const std::uint8_t* m_row = nullptr;
 };
 
-void mergeAt(PixelView target, ConstPixelView layer, LayerRow& row, std::int64_t left, std::int64_t top) {
+/// `row` is copied for each thread.
+void mergeAt(PixelView target, ConstPixelView layer, const LayerRow& row, std::int64_t left,
+             std::int64_t top) {
     const auto begin = std::max<std::int64_t>(left, 0);
     const auto end = std::min<std::int64_t>(left + layer.width, target.width);
     const auto bottom = std::min<std::int64_t>(top + layer.height, target.height);
-    if (begin >= end)
+    const auto first = std::max<std::int64_t>(top, 0);
+    if (begin >= end || first >= bottom)
         return;
-    for (auto y = std::max<std::int64_t>(top, 0); y < bottom; ++y) {
-        prefetchRow(layer, int(y - top) + 1);
-        row.prepare(int(y - top));
-        row.lay(target.pixel(int(begin), int(y)), int(begin - left), int(end - begin));
-    }
+    forBands(bandsOf(int(bottom - first), (bottom - first) * (end - begin)), [&](const Band& band) {
+        LayerRow own = row;
+        for (auto y = first + band.begin; y < first + band.end; ++y) {
+            prefetchRow(layer, int(y - top) + 1);
+            own.prepare(int(y - top));
+            own.lay(target.pixel(int(begin), int(y)), int(begin - left), int(end - begin));
+        }
+    });
 }
 
-void mergeTiled(PixelView target, ConstPixelView layer, LayerRow& row) {
-    for (int y = 0; y < target.height; ++y) {
-        row.prepare(y % layer.height);
-        for (int x = 0; x < target.width; x += layer.width)
-            row.lay(target.pixel(x, y), 0, std::min(layer.width, target.width - x));
-    }
+void mergeTiled(PixelView target, ConstPixelView layer, const LayerRow& row) {
+    forBands(target, [&](const Band& band) {
+        LayerRow own = row;
+        for (int y = band.begin; y < band.end; ++y) {
+            own.prepare(y % layer.height);
+            for (int x = 0; x < target.width; x += layer.width)
+                own.lay(target.pixel(x, y), 0, std::min(layer.width, target.width - x));
+        }
+    });
 }
 
 /// The layer with the pixels of one colour made transparent, so that a resize does not mix that colour in.
@@ -199,7 +209,7 @@ void mergeWrapped(PixelView target, ConstPixelView layer, MergeOptions options) 
 void merge(PixelView target, ConstPixelView layer, const MergeOptions& options) {
     if (options.place == MergePlace::Wrapped)
         return mergeWrapped(target, layer, options);
-    LayerRow row(layer, options, target.channels);
+    const LayerRow row(layer, options, target.channels);
     if (row.isInvisible())
         return;
     switch (options.place) {

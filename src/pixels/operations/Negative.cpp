@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Negative.h"
 
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/ColorChannels.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Vectorised.h"
@@ -20,10 +21,12 @@ TARSEL_VECTORISED void invertRow(const std::uint8_t* in, std::uint8_t* out, cons
 
 void negative(ConstPixelView source, PixelView target) {
     const std::vector<std::uint8_t> bits = chosenBytes({}, source.width, source.channels);
-    for (int y = 0; y < source.height; ++y) {
-        prefetchRow(source, y + 1);
-        invertRow(source.row(y), target.row(y), bits.data(), int(bits.size()));
-    }
+    forBands(source, [&](const Band& band) {
+        for (int y = band.begin; y < band.end; ++y) {
+            prefetchRow(source, y + 1);
+            invertRow(source.row(y), target.row(y), bits.data(), int(bits.size()));
+        }
+    });
 }
 
 } // namespace tarsel::operations

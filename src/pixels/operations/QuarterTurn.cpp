@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/QuarterTurn.h"
 
+#include "pixels/operations/Bands.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -34,9 +36,13 @@ void quarterTurn(ConstPixelView source, PixelView target, bool clockwise) {
     const std::uint8_t* origin =
         clockwise ? source.pixel(0, source.height - 1) : source.pixel(source.width - 1, 0);
     const auto turn = source.channels == 3 ? turnTile<3> : turnTile<4>;
-    for (int top = 0; top < target.height; top += tileSide)
-        for (int left = 0; left < target.width; left += tileSide)
-            turn(origin + left * step + top * lineStep, step, lineStep, target, left, top);
+    forBands(target, [&](const Band& band) {
+        PixelView part = target;
+        part.height = band.end;
+        for (int top = band.begin; top < band.end; top += tileSide)
+            for (int left = 0; left < target.width; left += tileSide)
+                turn(origin + left * step + top * lineStep, step, lineStep, part, left, top);
+    });
 }
 
 } // namespace tarsel::operations

@@ -3,6 +3,7 @@
 
 #include "pixels/operations/AlphaPremultiplication.h"
 #include "pixels/operations/AreaReduction.h"
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/LanczosKernel.h"
 #include "pixels/operations/SeparableFilter.h"
 
@@ -40,8 +41,12 @@ int integerFactor(int sourceLength, int targetLength) {
 
 void takeMeans(ConstPixelView source, PixelView target, int acrossFactor, int downFactor, bool transparent) {
     areaReduction(source, target, acrossFactor, downFactor, transparent);
-    for (int y = 0; transparent && y < target.height; ++y)
-        unpremultiplyPixels(target.row(y), target.width);
+    if (!transparent)
+        return;
+    forBands(bandsOf(target.height, pixelCount(source)), [&](const Band& band) {
+        for (int y = band.begin; y < band.end; ++y)
+            unpremultiplyPixels(target.row(y), target.width);
+    });
 }
 
 } // namespace

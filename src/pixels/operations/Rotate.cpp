@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "pixels/operations/AlphaPremultiplication.h"
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/Flip.h"
 #include "pixels/operations/QuarterTurn.h"
@@ -245,8 +246,10 @@ void turnRows(const Turning& turning, bool smooth) {
     const bool hasAlpha = turning.source.channels == 4;
     const auto turnRow =
         smooth ? (hasAlpha ? smoothRow<4> : smoothRow<3>) : (hasAlpha ? nearestRow<4> : nearestRow<3>);
-    for (int y = 0; y < turning.target.height; ++y)
-        turnRow(turning, y);
+    forBands(turning.target, [&](const Band& band) {
+        for (int y = band.begin; y < band.end; ++y)
+            turnRow(turning, y);
+    });
 }
 
 /// Length of the canvas along one axis. The picture needs what it covers; a rounding error is not one.

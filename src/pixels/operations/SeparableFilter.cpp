@@ -2,6 +2,7 @@
 #include "pixels/operations/SeparableFilter.h"
 
 #include "pixels/operations/AlphaPremultiplication.h"
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/ByteClamp.h"
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Transposition.h"
@@ -65,28 +66,28 @@ TARSEL_INLINED void turnTile(const Tile& tile, std::int16_t* columns) {
 }
 
 /// Rows of the target, and the rows of the source that they need.
-struct Band {
+struct Strip {
     int top = 0;
     int height = 0;
     int sourceTop = 0;
     int sourceHeight = 0;
 };
 
-Band bandAt(int top, int targetHeight, const AxisWeights& rows) {
-    Band band{top, std::min(lanes, targetHeight - top), rows.first[std::size_t(top)], 0};
-    band.sourceHeight = rows.first[std::size_t(top + band.height - 1)] + rows.taps - band.sourceTop;
-    return band;
+Strip stripAt(int top, int bottom, const AxisWeights& rows) {
+    Strip strip{top, std::min(lanes, bottom - top), rows.first[std::size_t(top)], 0};
+    strip.sourceHeight = rows.first[std::size_t(top + strip.height - 1)] + rows.taps - strip.sourceTop;
+    return strip;
 }
 
-/// `widened` has room for a block of each row of the source that the band needs.
-TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows, Band band,
+/// `widened` has room for a block of each row of the source that the strip needs.
+TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows, Strip strip,
                                   bool premultiplied, std::int16_t* widened, std::int16_t* columns) {
     const int size = source.width * source.channels;
     Tile tile = {};
     for (int at = 0; at < size; at += blockLength) {
         const int count = std::min(blockLength, size - at);
-        for (int k = 0; k < band.sourceHeight; ++k) {
-            const std::uint8_t* in = source.row(band.sourceTop + k) + at;
+        for (int k = 0; k < strip.sourceHeight; ++k) {
+            const std::uint8_t* in = source.row(strip.sourceTop + k) + at;
             std::uint8_t pixels[blockLength];
             if (premultiplied) {
                 premultiplyPixels(in, pixels, count / 4);
@@ -94,16 +95,16 @@ TARSEL_VECTORISED void filterDown(ConstPixelView source, const AxisWeights& rows
             }
             widen(in, count, widened + std::ptrdiff_t(k) * blockLength);
         }
-        for (int r = 0; r < band.height; ++r) {
-            const int row = band.top + r;
-            const std::ptrdiff_t first = rows.first[std::size_t(row)] - band.sourceTop;
+        for (int r = 0; r < strip.height; ++r) {
+            const int row = strip.top + r;
+            const std::ptrdiff_t first = rows.first[std::size_t(row)] - strip.sourceTop;
             sumRows(widened + first * blockLength, rows.of(row), rows.taps, tile[r]);
         }
         turnTile(tile, columns + std::ptrdiff_t(at) * lanes);
     }
 }
 
-/// Weighted sums across, for all channels of a pixel and all rows of a band at once.
+/// Weighted sums across, for all channels of a pixel and all rows of a strip at once.
 template <int Channels>
 TARSEL_INLINED void sumColumns(const std::int16_t* __restrict in, const std::int16_t* weights, int taps,
                                std::uint8_t* __restrict out) {
@@ -133,49 +134,56 @@ TARSEL_VECTORISED void filterAcross(const std::int16_t* columns, std::uint8_t* v
     }
 }
 
-/// Puts `count` values of each row of a band, at most as many as there are lanes, into the rows of the
+/// Puts `count` values of each row of a strip, at most as many as there are lanes, into the rows of the
 /// target.
-TARSEL_INLINED void putBlock(const std::uint8_t* values, PixelView target, Band band, int at, int count) {
+TARSEL_INLINED void putBlock(const std::uint8_t* values, PixelView target, Strip strip, int at, int count) {
     Bytes block[lanes];
     for (int k = 0; k < lanes; ++k)
         block[k] = loadVector<Bytes>(values + std::ptrdiff_t(at + k) * lanes);
     transposeRows(block);
-    for (int r = 0; r < band.height; ++r)
-        std::memcpy(target.row(band.top + r) + at, &block[r], std::size_t(count));
+    for (int r = 0; r < strip.height; ++r)
+        std::memcpy(target.row(strip.top + r) + at, &block[r], std::size_t(count));
 }
 
-TARSEL_VECTORISED void putRows(const std::uint8_t* values, PixelView target, Band band) {
+TARSEL_VECTORISED void putRows(const std::uint8_t* values, PixelView target, Strip strip) {
     const int size = target.width * target.channels;
     int at = 0;
     for (; at + lanes <= size; at += lanes)
-        putBlock(values, target, band, at, lanes);
+        putBlock(values, target, strip, at, lanes);
     if (at < size)
-        putBlock(values, target, band, at, size - at);
+        putBlock(values, target, strip, at, size - at);
 }
 
 std::size_t roundedUp(int size, int unit) {
     return std::size_t((size + unit - 1) / unit) * std::size_t(unit);
 }
 
+void filterBand(ConstPixelView source, PixelView target, const Band& band, const AxisWeights& columns,
+                const AxisWeights& rows, AlphaHandling alpha) {
+    std::vector<std::int16_t> turned(roundedUp(source.width * source.channels, blockLength) * lanes);
+    std::vector<std::uint8_t> values(roundedUp(target.width * target.channels, lanes) * lanes);
+    std::vector<std::int16_t> widened;
+    int fetched = rows.first[std::size_t(band.begin)];
+    for (int top = band.begin; top < band.end; top += lanes) {
+        const Strip strip = stripAt(top, band.end, rows);
+        widened.resize(std::max(widened.size(), std::size_t(strip.sourceHeight) * blockLength));
+        for (; fetched < strip.sourceTop + strip.sourceHeight; ++fetched)
+            prefetchRow(source, fetched);
+        filterDown(source, rows, strip, alpha.premultiplySource, widened.data(), turned.data());
+        filterAcross(turned.data(), values.data(), target.width, target.channels, columns);
+        putRows(values.data(), target, strip);
+        for (int r = 0; alpha.unpremultiplyTarget && r < strip.height; ++r)
+            unpremultiplyPixels(target.row(strip.top + r), target.width);
+    }
+}
+
 } // namespace
 
 void separableFilter(ConstPixelView source, PixelView target, const AxisWeights& columns,
                      const AxisWeights& rows, AlphaHandling alpha) {
-    std::vector<std::int16_t> turned(roundedUp(source.width * source.channels, blockLength) * lanes);
-    std::vector<std::uint8_t> values(roundedUp(target.width * target.channels, lanes) * lanes);
-    std::vector<std::int16_t> widened;
-    int fetched = 0;
-    for (int top = 0; top < target.height; top += lanes) {
-        const Band band = bandAt(top, target.height, rows);
-        widened.resize(std::max(widened.size(), std::size_t(band.sourceHeight) * blockLength));
-        for (; fetched < band.sourceTop + band.sourceHeight; ++fetched)
-            prefetchRow(source, fetched);
-        filterDown(source, rows, band, alpha.premultiplySource, widened.data(), turned.data());
-        filterAcross(turned.data(), values.data(), target.width, target.channels, columns);
-        putRows(values.data(), target, band);
-        for (int r = 0; alpha.unpremultiplyTarget && r < band.height; ++r)
-            unpremultiplyPixels(target.row(band.top + r), target.width);
-    }
+    const auto pixels = std::max(pixelCount(source), pixelCount(target));
+    forBands(bandsOf(target.height, pixels),
+             [&](const Band& band) { filterBand(source, target, band, columns, rows, alpha); });
 }
 
 } // namespace tarsel::operations

@@ -2,6 +2,7 @@
 #include "pixels/operations/Sharpen.h"
 
 #include "pixels/operations/AlphaPremultiplication.h"
+#include "pixels/operations/Bands.h"
 #include "pixels/operations/ByteClamp.h"
 #include "pixels/operations/PackedPixel.h"
 #include "pixels/operations/RowPrefetch.h"
@@ -123,25 +124,33 @@ TARSEL_VECTORISED void sharpenRowWithAlpha(const ThreeRows& rows, std::uint8_t* 
     }
 }
 
+void sharpenBand(const BandSource& source, ConstPixelView view, PixelView target, const Band& band,
+                 double amount, bool transparent) {
+    const int size = view.width * view.channels;
+    const std::uint8_t* above = source.row(band, std::max(band.begin - 1, 0));
+    std::vector<std::uint8_t> current(std::size_t(size), 0); // as before, where the target is the source
+    std::vector<std::uint8_t> previous(above, above + size);
+    for (int y = band.begin; y < band.end; ++y) {
+        prefetchRow(view, y + 2);
+        std::memcpy(current.data(), source.row(band, y), std::size_t(size));
+        const ThreeRows rows{previous.data(), current.data(),
+                             y + 1 < view.height ? source.row(band, y + 1) : current.data()};
+        if (transparent)
+            sharpenRowWithAlpha(rows, target.row(y), view.width, float(amount));
+        else
+            sharpenRow(rows, target.row(y), size, view.channels, std::int16_t(std::lround(amount * 8192)));
+        current.swap(previous);
+    }
+}
+
 } // namespace
 
 void sharpen(ConstPixelView source, PixelView target, int level) {
-    const int size = source.width * source.channels;
     const double amount = std::clamp(level, 1, 10) * amountPerLevel;
     const bool transparent = hasTransparency(source);
-    std::vector<std::uint8_t> current(std::size_t(size), 0); // as before, where the target is the source
-    std::vector<std::uint8_t> previous(source.row(0), source.row(0) + size);
-    for (int y = 0; y < source.height; ++y) {
-        prefetchRow(source, y + 2);
-        std::memcpy(current.data(), source.row(y), std::size_t(size));
-        const ThreeRows rows{previous.data(), current.data(),
-                             y + 1 < source.height ? source.row(y + 1) : current.data()};
-        if (transparent)
-            sharpenRowWithAlpha(rows, target.row(y), source.width, float(amount));
-        else
-            sharpenRow(rows, target.row(y), size, source.channels, std::int16_t(std::lround(amount * 8192)));
-        current.swap(previous);
-    }
+    const std::vector<Band> bands = bandsOf(source.height, pixelCount(source));
+    const BandSource rows(source, bands, 1);
+    forBands(bands, [&](const Band& band) { sharpenBand(rows, source, target, band, amount, transparent); });
 }
 
 } // namespace tarsel::operations
