@@ -5,6 +5,7 @@
 #include "pixels/operations/PackedPixel.h"
 #include "pixels/operations/ResizeSmooth.h"
 #include "pixels/operations/RowPrefetch.h"
+#include "pixels/operations/Transposition.h"
 
 #include <algorithm>
 #include <cmath>
@@ -64,6 +65,57 @@ TARSEL_VECTORISED void layOverTransparent(std::uint8_t* __restrict out, const st
     }
 }
 
+constexpr PackedPixel noKey = ~PackedPixel(0);
+
+/// Opaque pixels of 4 bytes of those of 3.
+TARSEL_VECTORISED void addAlpha(const std::uint8_t* in, std::uint8_t* out, int count) {
+    int x = 0;
+    for (; x + 6 <= count; x += 4) { // 16 bytes are read for four pixels
+        const auto bytes = loadVector<Bytes>(in + 3 * x);
+        const Bytes full = ~Bytes{};
+        const Bytes pixels =
+            __builtin_shufflevector(bytes, full, 0, 1, 2, 16, 3, 4, 5, 16, 6, 7, 8, 16, 9, 10, 11, 16);
+        std::memcpy(out + 4 * x, &pixels, sizeof pixels);
+    }
+    for (; x < count; ++x)
+        putPacked(out + 4 * x, packedOf(in[3 * x], in[3 * x + 1], in[3 * x + 2], opaque));
+}
+
+/// Makes the alpha of each pixel its share: alpha times `opacity`, and nothing for the colour `key`. `out`
+/// may be `in`.
+TARSEL_VECTORISED void setShares(const std::uint8_t* in, std::uint8_t* out, int count, std::int32_t opacity,
+                                 PackedPixel key) {
+    TARSEL_INDEPENDENT_STEPS
+    for (int x = 0; x < count; ++x) {
+        const PackedPixel pixel = packedAt(in + 4 * x);
+        const PackedPixel color = pixel & 0xFFFFFF;
+        const auto share = PackedPixel(dividedBy255(channelOf(pixel, 3) * opacity));
+        putPacked(out + 4 * x, color | (color == key ? 0 : share) << 24);
+    }
+}
+
+/// Bytes after their ends into which splitShares writes.
+constexpr std::size_t roomOfSplit = sizeof(Bytes);
+
+/// The colours of pixels of 4 bytes, and for each of their bytes the pixel's alpha.
+TARSEL_VECTORISED void splitShares(const std::uint8_t* in, std::uint8_t* colors, std::uint8_t* shares,
+                                   int count) {
+    int x = 0;
+    for (; x + 4 <= count; x += 4) {
+        const auto bytes = loadVector<Bytes>(in + 4 * x);
+        const Bytes color =
+            __builtin_shufflevector(bytes, bytes, 0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 0, 0, 0, 0);
+        const Bytes share =
+            __builtin_shufflevector(bytes, bytes, 3, 3, 3, 7, 7, 7, 11, 11, 11, 15, 15, 15, 0, 0, 0, 0);
+        std::memcpy(colors + 3 * x, &color, sizeof color);
+        std::memcpy(shares + 3 * x, &share, sizeof share);
+    }
+    for (; x < count; ++x) {
+        putPacked(colors + 3 * x, packedAt(in + 4 * x));
+        putPacked(shares + 3 * x, PackedPixel(in[4 * x + 3]) * 0x010101);
+    }
+}
+
 /// The layer's rows in the form in which they are laid down, prepared one at a time. For a target without
 /// alpha these are colours, and the share of each byte; for one with alpha, pixels whose alpha is their
 /// share.
@@ -75,10 +127,11 @@ public:
         m_usable(m_even || (layer.channels == 4 && targetChannels == 4 && m_opacity == opaque && !m_key)) {
         if (m_usable)
             return;
-        constexpr std::size_t room = 1; // pixels are put by four bytes
-        m_colors.resize(std::size_t(layer.width) * std::size_t(targetChannels) + room);
-        if (targetChannels == 3)
+        m_pixels.resize(std::size_t(layer.width) * 4);
+        if (targetChannels == 3) {
+            m_colors.resize(std::size_t(layer.width) * 3 + roomOfSplit);
             m_shares.resize(m_colors.size());
+        }
     }
 
     bool isInvisible() const { return m_opacity == 0; }
@@ -87,12 +140,16 @@ public:
         m_row = m_layer.row(y);
         if (m_usable)
             return;
-        const auto prepareRow =
-            m_layer.channels == 3
-                ? (m_targetChannels == 3 ? &LayerRow::prepareRow<3, 3> : &LayerRow::prepareRow<3, 4>)
-                : (m_targetChannels == 3 ? &LayerRow::prepareRow<4, 3> : &LayerRow::prepareRow<4, 4>);
-        (this->*prepareRow)(m_row);
-        m_row = m_colors.data();
+        const PackedPixel key = m_key ? packedOf(m_key->red, m_key->green, m_key->blue, 0) : noKey;
+        const std::uint8_t* pixels = m_row;
+        if (m_layer.channels == 3) {
+            addAlpha(m_row, m_pixels.data(), m_layer.width);
+            pixels = m_pixels.data();
+        }
+        setShares(pixels, m_pixels.data(), m_layer.width, m_opacity, key);
+        if (m_targetChannels == 3)
+            splitShares(m_pixels.data(), m_colors.data(), m_shares.data(), m_layer.width);
+        m_row = m_targetChannels == 3 ? m_colors.data() : m_pixels.data();
     }
 
     /// Lays `count` pixels from column `from` on over `out`.
@@ -114,31 +171,13 @@ private:
         return std::uint8_t(std::lround(opaque * (100 - percent) / 100));
     }
 
-    template <int LayerChannels, int TargetChannels>
-    void prepareRow(const std::uint8_t* in) {
-        std::uint8_t* colors = m_colors.data();
-        std::uint8_t* shares = m_shares.data();
-        const PackedPixel key = m_key ? packedOf(m_key->red, m_key->green, m_key->blue, 0) : noKey;
-        for (int x = 0; x < m_layer.width; ++x, in += LayerChannels, colors += TargetChannels) {
-            const PackedPixel color = packedOf(in[0], in[1], in[2], 0);
-            const std::int32_t covering = LayerChannels == 4 ? dividedBy255(in[3] * m_opacity) : m_opacity;
-            const std::int32_t share = color == key ? 0 : covering;
-            putPacked(colors, color | PackedPixel(share) << 24);
-            if (TargetChannels == 3) {
-                putPacked(shares, PackedPixel(share) * 0x010101);
-                shares += 3;
-            }
-        }
-    }
-
-    static constexpr PackedPixel noKey = ~PackedPixel(0);
-
     ConstPixelView m_layer;
     std::optional<Rgb> m_key;
     std::uint8_t m_opacity;
     int m_targetChannels;
-    bool m_even;   ///< all pixels have one share
-    bool m_usable; ///< rows can be laid down as they are
+    bool m_even;                        ///< all pixels have one share
+    bool m_usable;                      ///< rows can be laid down as they are
+    std::vector<std::uint8_t> m_pixels; ///< of 4 bytes, the last one their share
     std::vector<std::uint8_t> m_colors;
     std::vector<std::uint8_t> m_shares;
     const std::uint8_t* m_row = nullptr;

@@ -7,6 +7,7 @@
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/Flip.h"
 #include "pixels/operations/QuarterTurn.h"
+#include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Transposition.h"
 
 #include <algorithm>
@@ -180,6 +181,10 @@ void smoothEdge(const Turning& turning, int y, const SourceLine& line, Span colu
     }
 }
 
+/// Pixels of this many rows below are asked for: a row runs across the lines of the source, and each pixel
+/// waits for its own otherwise.
+constexpr int rowsAhead = 20;
+
 /// Columns whose four pixels are inside and above the last row: two bytes after them may be read.
 template <int Channels>
 TARSEL_INLINED void smoothColumns(const Turning& turning, int y, SourceLine at, Span columns) {
@@ -197,9 +202,13 @@ TARSEL_INLINED void smoothColumns(const Turning& turning, int y, SourceLine at, 
     setFractions(stepDown, 2 * at.dy, 2 * at.dy);
     std::uint8_t* out = turning.target.pixel(columns.begin, y);
     int left = columns.end - columns.begin;
+    const std::ptrdiff_t ahead =
+        (-at.dy * rowsAhead >> fractionBits) * Channels + (at.dx * rowsAhead >> fractionBits) * stride;
     for (; left > 2; left -= 2, out += 2 * Channels) { // a byte after a pixel is the next one's
-        const auto mixed =
-            mixFour<Channels>(pixelAt(at.x, at.y), pixelAt(at.x + at.dx, at.y + at.dy), stride, across, down);
+        const std::uint8_t* const first = pixelAt(at.x, at.y);
+        const std::uint8_t* const second = pixelAt(at.x + at.dx, at.y + at.dy);
+        prefetchByte(first + ahead);
+        const auto mixed = mixFour<Channels>(first, second, stride, across, down);
         std::memcpy(out, &mixed[0], 4);
         std::memcpy(out + Channels, &mixed[1], 4);
         at.x += 2 * at.dx;

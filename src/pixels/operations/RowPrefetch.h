@@ -2,21 +2,27 @@
 #pragma once
 
 #include "pixels/Picture.h"
+#include "pixels/operations/Vectorised.h"
 
 namespace tarsel::operations {
+
+/// Asks for the memory around a byte that is going to be read soon; it need not exist.
+TARSEL_INLINED void prefetchByte([[maybe_unused]] const std::uint8_t* byte) {
+#if defined(__GNUC__)
+    __builtin_prefetch(byte);
+#endif
+}
 
 /// Asks for a row of pixels that is going to be worked on soon, or does nothing when there is no such row. On
 /// pictures larger than the caches, loops that do some arithmetic otherwise wait for memory two thirds of
 /// their time.
-inline void prefetchRow([[maybe_unused]] ConstPixelView view, [[maybe_unused]] int y) {
-#if defined(__GNUC__)
+inline void prefetchRow(ConstPixelView view, int y) {
     constexpr int cacheLine = 64;
     if (y < 0 || y >= view.height)
         return;
     const std::uint8_t* row = view.row(y);
     for (int at = 0; at < view.width * view.channels; at += cacheLine)
-        __builtin_prefetch(row + at);
-#endif
+        prefetchByte(row + at);
 }
 
 } // namespace tarsel::operations
