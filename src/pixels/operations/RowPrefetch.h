@@ -13,16 +13,18 @@ TARSEL_INLINED void prefetchByte([[maybe_unused]] const std::uint8_t* byte) {
 #endif
 }
 
+TARSEL_INLINED void prefetchBytes(const std::uint8_t* bytes, int count) {
+    constexpr int cacheLine = 64;
+    for (int at = 0; at < count; at += cacheLine)
+        prefetchByte(bytes + at);
+}
+
 /// Asks for a row of pixels that is going to be worked on soon, or does nothing when there is no such row. On
 /// pictures larger than the caches, loops that do some arithmetic otherwise wait for memory two thirds of
 /// their time.
 inline void prefetchRow(ConstPixelView view, int y) {
-    constexpr int cacheLine = 64;
-    if (y < 0 || y >= view.height)
-        return;
-    const std::uint8_t* row = view.row(y);
-    for (int at = 0; at < view.width * view.channels; at += cacheLine)
-        prefetchByte(row + at);
+    if (y >= 0 && y < view.height)
+        prefetchBytes(view.row(y), view.width * view.channels);
 }
 
 } // namespace tarsel::operations

@@ -23,6 +23,7 @@ struct ThreeRows {
     const std::uint8_t* up;
     const std::uint8_t* middle;
     const std::uint8_t* down;
+    const std::uint8_t* next; ///< asked for in pieces, so that its memory arrives beside the arithmetic
 };
 
 /// Bytes that are worked on together: their sums stay in the nearest cache.
@@ -55,6 +56,7 @@ TARSEL_VECTORISED void sharpenRow(const ThreeRows& rows, std::uint8_t* out, int 
     std::uint16_t sums[blockLength + 2 * mostChannels];
     for (int at = 0; at < size; at += blockLength) {
         const int count = std::min(blockLength, size - at);
+        prefetchBytes(rows.next + at, count);
         const int before = at > 0 ? channels : 0;
         const int after = at + count < size ? channels : 0;
         addRows(rows, at - before, before + count + after, sums + channels - before);
@@ -85,8 +87,9 @@ TARSEL_INLINED void addRowsWithAlpha(const ThreeRows& rows, int from, int count,
     }
 }
 
-TARSEL_INLINED std::int32_t sharpened(std::int32_t value, float mean, float amount) {
-    const float result = float(value) + amount * (float(value) - mean) + 0.5F;
+/// `share` is the amount times one over the sum of alpha.
+TARSEL_INLINED std::int32_t sharpened(std::int32_t value, float sum, float amount, float share) {
+    const float result = float(value) * (1 + amount) + 0.5F - sum * share;
     return std::int32_t(std::min(255.0F, std::max(0.0F, result)));
 }
 
@@ -99,9 +102,9 @@ TARSEL_INLINED void addDetailWithAlpha(const std::uint8_t* __restrict in, const 
                                        std::uint8_t* __restrict out, int count, float amount) {
     for (int x = 0; x < count; ++x) {
         const PackedPixel pixel = packedAt(in + 4 * x);
-        const float share = 1 / std::max(1.0F, sumAcross(sums[3], x));
+        const float share = amount / std::max(1.0F, sumAcross(sums[3], x));
         const auto value = [&](int c) {
-            return sharpened(channelOf(pixel, c), sumAcross(sums[c], x) * share, amount);
+            return sharpened(channelOf(pixel, c), sumAcross(sums[c], x), amount, share);
         };
         const PackedPixel result = packedOf(value(0), value(1), value(2), channelOf(pixel, 3));
         putPacked(out + 4 * x, channelOf(pixel, 3) ? result : pixel);
@@ -113,6 +116,7 @@ TARSEL_VECTORISED void sharpenRowWithAlpha(const ThreeRows& rows, std::uint8_t* 
     AlphaSums sums;
     for (int at = 0; at < width; at += blockWidth) {
         const int count = std::min(blockWidth, width - at);
+        prefetchBytes(rows.next + 4 * at, 4 * count);
         const int before = at > 0 ? 1 : 0;
         const int after = at + count < width ? 1 : 0;
         addRowsWithAlpha(rows, at - before, before + count + after, 1 - before, sums);
@@ -131,10 +135,10 @@ void sharpenBand(const BandSource& source, ConstPixelView view, PixelView target
     std::vector<std::uint8_t> current(std::size_t(size), 0); // as before, where the target is the source
     std::vector<std::uint8_t> previous(above, above + size);
     for (int y = band.begin; y < band.end; ++y) {
-        prefetchRow(view, y + 2);
         std::memcpy(current.data(), source.row(band, y), std::size_t(size));
         const ThreeRows rows{previous.data(), current.data(),
-                             y + 1 < view.height ? source.row(band, y + 1) : current.data()};
+                             y + 1 < view.height ? source.row(band, y + 1) : current.data(),
+                             view.row(std::min(y + 2, view.height - 1))};
         if (transparent)
             sharpenRowWithAlpha(rows, target.row(y), view.width, float(amount));
         else
