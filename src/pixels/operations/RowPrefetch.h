@@ -6,6 +6,8 @@
 
 namespace tarsel::operations {
 
+constexpr int cacheLine = 64;
+
 /// Asks for the memory around a byte that is going to be read soon; it need not exist.
 TARSEL_INLINED void prefetchByte([[maybe_unused]] const std::uint8_t* byte) {
 #if defined(__GNUC__)
@@ -14,7 +16,6 @@ TARSEL_INLINED void prefetchByte([[maybe_unused]] const std::uint8_t* byte) {
 }
 
 TARSEL_INLINED void prefetchBytes(const std::uint8_t* bytes, int count) {
-    constexpr int cacheLine = 64;
     for (int at = 0; at < count; at += cacheLine)
         prefetchByte(bytes + at);
 }

@@ -145,11 +145,18 @@ TARSEL_INLINED void putBlock(const std::uint8_t* values, PixelView target, Strip
         std::memcpy(target.row(strip.top + r) + at, &block[r], std::size_t(count));
 }
 
+/// So many bytes before they are written, the rows of the target are asked for.
+constexpr int putAhead = 8 * cacheLine;
+
 TARSEL_VECTORISED void putRows(const std::uint8_t* values, PixelView target, Strip strip) {
     const int size = target.width * target.channels;
     int at = 0;
-    for (; at + lanes <= size; at += lanes)
+    for (; at + lanes <= size; at += lanes) {
+        if (at % cacheLine == 0)
+            for (int r = 0; r < strip.height; ++r)
+                prefetchByte(target.row(strip.top + r) + at + putAhead);
         putBlock(values, target, strip, at, lanes);
+    }
     if (at < size)
         putBlock(values, target, strip, at, size - at);
 }
