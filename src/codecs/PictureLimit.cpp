@@ -58,7 +58,7 @@ std::int64_t memoryOfProcess() {
 }
 
 std::int64_t largestPictureIn(std::int64_t memory) {
-    return std::clamp(memory / BytesPerPixel, AlwaysAllowed, Picture::MaximumPixels);
+    return std::clamp(memory / BytesPerPixel, AlwaysAllowed, Picture::maximumPixels);
 }
 
 std::int64_t largestPicture() {

@@ -6,7 +6,7 @@
 namespace tarsel {
 
 /// The most pixels that a picture may claim to have, for all readers: what the memory of this process
-/// allows, but at least 16,000 x 16,000, and at most Picture::MaximumPixels. Found out once.
+/// allows, but at least 16,000 x 16,000, and at most Picture::maximumPixels. Found out once.
 std::int64_t largestPicture();
 
 /// The same for this much memory, in bytes.

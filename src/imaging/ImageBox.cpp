@@ -59,7 +59,7 @@ void changeSize(Picture& picture, int width, int height, Operation operation) {
 
 int scaledLength(int length, double percent) {
     const double scaled = std::nearbyint(length * percent / 100);
-    if (scaled > Picture::MaximumPixels)
+    if (scaled > Picture::maximumPixels)
         fail(ErrorNumber::OutOfMemory,
              QCoreApplication::translate("ImageBox", "a scale of %1 percent is too large").arg(percent));
     return std::max(1, int(scaled));
@@ -83,7 +83,7 @@ Picture cropped(const Picture& picture, const Edges& edges, Color background) {
                  .arg(edges.top)
                  .arg(edges.right)
                  .arg(edges.bottom));
-    if (height > Picture::MaximumPixels / width)
+    if (height > Picture::maximumPixels / width)
         fail(ErrorNumber::OutOfMemory,
              QCoreApplication::translate("ImageBox", "a crop to %1 x %2 pixels").arg(width).arg(height));
     if (edges.left == 0 && edges.top == 0 && width == picture.width() && height == picture.height())

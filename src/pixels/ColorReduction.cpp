@@ -13,8 +13,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::uint8_t HalfOpaque = 128;
-constexpr int HalfOfWhite = 128;
+constexpr std::uint8_t halfOpaque = 128;
+constexpr int halfOfWhite = 128;
 
 /// Which pixels are transparent; empty when none is.
 class HiddenPixels {
@@ -39,7 +39,7 @@ public:
 
 private:
     static bool isHidden(const std::uint8_t* pixel, int channels, std::optional<Rgb> color) {
-        return (channels == 4 && pixel[3] < HalfOpaque) ||
+        return (channels == 4 && pixel[3] < halfOpaque) ||
                (color && *color == Rgb{pixel[0], pixel[1], pixel[2]});
     }
 
@@ -98,7 +98,7 @@ void takeLuma(ConstPixelView source, IndexedPicture& target) {
 void takeThreshold(ConstPixelView source, IndexedPicture& target) {
     for (int y = 0; y < source.height; ++y)
         for (int x = 0; x < source.width; ++x)
-            target.row(y)[x] = lumaOf(source.pixel(x, y)) >= HalfOfWhite;
+            target.row(y)[x] = lumaOf(source.pixel(x, y)) >= halfOfWhite;
 }
 
 /// Each pixel's own colour, which the palette holds.

@@ -13,8 +13,8 @@ namespace {
 
 /// The most error that a pixel takes over. Colours need a limit, or else an area that the palette can't show
 /// bleeds into the next; gray from black to white can be shown everywhere and keeps its mean without one.
-constexpr int ColorLimit = 20;
-constexpr int GrayLimit = 255;
+constexpr int colorLimit = 20;
+constexpr int grayLimit = 255;
 
 int inRange(int value) {
     return std::clamp(value, 0, 255);
@@ -89,7 +89,7 @@ void diffuseColors(ConstPixelView source, IndexedPicture& target) {
     for (const Rgb color : target.palette)
         colors.push_back({color.red, color.green, color.blue});
     diffuse<3>(
-        target, ColorLimit,
+        target, colorLimit,
         [&](int x, int y) {
             const std::uint8_t* pixel = source.pixel(x, y);
             return Values{pixel[0], pixel[1], pixel[2]};
@@ -109,7 +109,7 @@ void diffuseGray(ConstPixelView source, IndexedPicture& target, int levels) {
         return std::uint8_t((inRange(gray[0]) * steps * 2 + 255) / 510);
     };
     diffuse<1>(
-        target, GrayLimit, [&](int x, int y) { return Values{lumaOf(source.pixel(x, y))}; }, choose,
+        target, grayLimit, [&](int x, int y) { return Values{lumaOf(source.pixel(x, y))}; }, choose,
         [&](int index) -> const Values& { return grays[std::size_t(index)]; });
 }
 

@@ -7,13 +7,13 @@ namespace tarsel {
 
 /// Weights of gray, in thousandths: the luma of ITU-R BT.601. They are meant for gamma-coded values as
 /// picture files store them, and JPEG's gray uses them, so that a picture has the same gray in every format.
-inline constexpr int LumaOfRed = 299;
-inline constexpr int LumaOfGreen = 587;
-inline constexpr int LumaOfBlue = 114;
+inline constexpr int lumaOfRed = 299;
+inline constexpr int lumaOfGreen = 587;
+inline constexpr int lumaOfBlue = 114;
 
 /// Rounded; a gray pixel keeps its value.
 constexpr int lumaOf(const std::uint8_t* rgb) {
-    return (LumaOfRed * rgb[0] + LumaOfGreen * rgb[1] + LumaOfBlue * rgb[2] + 500) / 1000;
+    return (lumaOfRed * rgb[0] + lumaOfGreen * rgb[1] + lumaOfBlue * rgb[2] + 500) / 1000;
 }
 
 } // namespace tarsel

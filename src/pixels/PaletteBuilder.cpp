@@ -10,13 +10,13 @@ namespace tarsel {
 
 namespace {
 
-constexpr int CellBits = 5; // of a channel, to which colours are counted together
-constexpr int Refinements = 3;
+constexpr int cellBits = 5; // of a channel, to which colours are counted together
+constexpr int refinements = 3;
 /// Less than 1, so that small areas of a colour of their own are not lost among large ones.
-constexpr float PopulationExponent = 0.75F;
+constexpr float populationExponent = 0.75F;
 /// Diffusion mixes only what is between the colours of the palette, and means are inside of what they stand
 /// for. So the palette is spread about its centre; 1.04 gains 1 to 4 dB in what is seen from a distance.
-constexpr double Spread = 1.04;
+constexpr double paletteSpread = 1.04;
 
 /// A colour with its channels weighted for distances: near the square roots of their shares in luma, but
 /// with more blue, of which the eye sees the hue.
@@ -41,12 +41,12 @@ std::vector<Cell> cellsOf(ConstPixelView pixels) {
         std::uint64_t count = 0;
         std::array<std::uint64_t, 3> color = {};
     };
-    std::vector<Sums> sums(std::size_t(1) << 3 * CellBits);
-    constexpr int shift = 8 - CellBits;
+    std::vector<Sums> sums(std::size_t(1) << 3 * cellBits);
+    constexpr int shift = 8 - cellBits;
     for (int y = 0; y < pixels.height; ++y)
         for (const std::uint8_t *pixel = pixels.row(y), *end = pixel + std::ptrdiff_t(pixels.width) * 3;
              pixel < end; pixel += 3) {
-            Sums& cell = sums[std::size_t(pixel[0] >> shift << 2 * CellBits | pixel[1] >> shift << CellBits |
+            Sums& cell = sums[std::size_t(pixel[0] >> shift << 2 * cellBits | pixel[1] >> shift << cellBits |
                                           pixel[2] >> shift)];
             ++cell.count;
             for (std::size_t c = 0; c < 3; ++c)
@@ -60,7 +60,7 @@ std::vector<Cell> cellsOf(ConstPixelView pixels) {
         for (std::size_t c = 0; c < 3; ++c)
             cell.color[c] = float(double(sum.color[c]) / double(sum.count));
         cell.place = placeOf(cell.color[0], cell.color[1], cell.color[2]);
-        cell.weight = std::pow(float(sum.count), PopulationExponent);
+        cell.weight = std::pow(float(sum.count), populationExponent);
         cells.push_back(cell);
     }
     return cells;
@@ -167,7 +167,7 @@ std::vector<Rgb> spreadOut(std::vector<Rgb> palette, const std::vector<Cell>& ce
     }
     const auto moved = [&](std::uint8_t value, std::size_t c) {
         const double middle = center[c] / weight;
-        return std::uint8_t(std::clamp(std::lround(middle + (value - middle) * Spread), 0L, 255L));
+        return std::uint8_t(std::clamp(std::lround(middle + (value - middle) * paletteSpread), 0L, 255L));
     };
     for (Rgb& color : palette)
         color = {moved(color.red, 0), moved(color.green, 1), moved(color.blue, 2)};
@@ -204,7 +204,7 @@ std::vector<Rgb> buildPalette(ConstPixelView pixels, int colors) {
         for (std::size_t at = boxes[i].start; at < boxes[i].end; ++at)
             cells[at].box = int(i);
     std::vector<Rgb> palette = meanColors(cells, std::vector<Rgb>(boxes.size()));
-    for (int i = 0; i < Refinements; ++i) {
+    for (int i = 0; i < refinements; ++i) {
         PaletteSearch search(palette);
         for (Cell& cell : cells)
             cell.box = search.nearest(int(std::lround(cell.color[0])), int(std::lround(cell.color[1])),

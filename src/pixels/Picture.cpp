@@ -13,7 +13,7 @@ namespace {
 
 void requireSize(int width, int height) {
     const auto pixels = std::int64_t(width) * height; // 31 bits each: no overflow
-    if (width < 1 || height < 1 || pixels > Picture::MaximumPixels)
+    if (width < 1 || height < 1 || pixels > Picture::maximumPixels)
         fail(ErrorNumber::OutOfMemory,
              QStringLiteral("a picture of %1 x %2 pixels is not possible").arg(width).arg(height));
 }

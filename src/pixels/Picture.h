@@ -31,10 +31,10 @@ class PixelBuffer;
 class Picture {
 public:
     /// Largest number of pixels that a picture may have; a file that claims more is refused.
-    static constexpr std::int64_t MaximumPixels = 500'000'000;
+    static constexpr std::int64_t maximumPixels = 500'000'000;
 
     Picture() = default;
-    /// Pixels are not initialised. Error 7 for a size below 1 or beyond MaximumPixels.
+    /// Pixels are not initialised. Error 7 for a size below 1 or beyond maximumPixels.
     Picture(int width, int height, int channels);
 
     bool isNull() const { return !m_buffer; }

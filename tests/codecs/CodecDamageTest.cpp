@@ -73,7 +73,7 @@ TEST(DamagedFiles, claimsOfGigabytesInAFewBytesAreRefusedWithTheSizeBeforeTheyTa
 TEST(PictureLimit, FollowsTheMemoryBetweenItsBounds) {
     EXPECT_EQ(largestPictureIn(1 << 30), 256'000'000);
     EXPECT_EQ(largestPictureIn(std::int64_t(4) << 30), (std::int64_t(4) << 30) / 12);
-    EXPECT_EQ(largestPictureIn(INT64_MAX), Picture::MaximumPixels);
+    EXPECT_EQ(largestPictureIn(INT64_MAX), Picture::maximumPixels);
     EXPECT_GT(memoryOfProcess(), 0);
 }
 
