@@ -3,7 +3,6 @@
 #include "tests/support/ErrorNumberOf.h"
 
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -44,27 +43,24 @@ TEST(RedEye, OnlyRedPixelsLoseTheirCastAndKeepGreenBlueAndAlpha) {
 }
 
 TEST(RedEye, OnlyTheSelectionChangesAlsoWhereItLeavesThePicture) {
-    const auto corrected = [](const std::function<void(ImageBox&)>& select) {
+    const struct {
+        bool isEllipse;
+        Edges edges;
+        const char* changed;
+    } cases[] = {{false, {1, 2, 4, 3}, "...../...../.###./...../...../"},
+                 {false, {2147483647, 9, 3, 3}, "...../...../...../...##/...##/"},
+                 {true, {0, 0, 5, 5}, ".###./#####/#####/#####/.###./"}};
+    ImageBox unselected = boxOf(5, 5, {200, 20, 20});
+    EXPECT_EQ(errorNumberOf([&] { unselected.RedEyeCorrection(); }), ErrorNumber::InvalidCall);
+    for (const auto& [isEllipse, e, changed] : cases) {
         ImageBox box = boxOf(5, 5, {200, 20, 20});
-        select(box);
+        isEllipse ? box.SelectEllipse(e.left, e.top, e.right, e.bottom)
+                  : box.SelectRectangle(e.left, e.top, e.right, e.bottom);
         box.RedEyeCorrection();
         std::string rows;
-        for (int y = 0; y < 5; ++y)
+        for (int y = 0; y < 5; ++y, rows += '/')
             for (int x = 0; x < 5; ++x)
                 rows += box.picture().view().pixel(x, y)[0] == 20 ? '#' : '.';
-        return rows;
-    };
-    EXPECT_EQ(corrected([](ImageBox& box) { box.SelectRectangle(1, 2, 4, 3); }), "..........."
-                                                                                 "###"
-                                                                                 "...........");
-    EXPECT_EQ(corrected([](ImageBox& box) { box.SelectRectangle(2147483647, 9, 3, 3); }), "..............."
-                                                                                          "...##"
-                                                                                          "...##");
-    EXPECT_EQ(corrected([](ImageBox& box) { box.SelectEllipse(0, 0, 5, 5); }), ".###."
-                                                                               "#####"
-                                                                               "#####"
-                                                                               "#####"
-                                                                               ".###.");
-    ImageBox box = boxOf(5, 5, {200, 20, 20});
-    EXPECT_EQ(errorNumberOf([&] { box.RedEyeCorrection(); }), ErrorNumber::InvalidCall);
+        EXPECT_EQ(rows, changed);
+    }
 }
