@@ -35,6 +35,10 @@ void flipHorizontal(ConstPixelView source, PixelView target) {
         std::vector<std::uint8_t> row(size); // one row stays in the cache: in place costs no more
         for (int y = band.begin; y < band.end; ++y) {
             prefetchRow(source, y + 1);
+            if (source.row(y) != target.row(y)) {
+                mirrorRow(source.row(y), target.row(y), source.width, source.channels);
+                continue;
+            }
             mirrorRow(source.row(y), row.data(), source.width, source.channels);
             std::memcpy(target.row(y), row.data(), size);
         }
@@ -43,14 +47,19 @@ void flipHorizontal(ConstPixelView source, PixelView target) {
 
 void flipVertical(ConstPixelView source, PixelView target) {
     const std::size_t size = std::size_t(source.width) * std::size_t(source.channels);
+    const bool isInPlace = source.data == target.data;
     const int pairs = (source.height + 1) / 2;
     forBands(bandsOf(pairs, pixelCount(source)), [&](const Band& band) {
         std::vector<std::uint8_t> upper(size);
         for (int top = band.begin; top < band.end; ++top) {
             const int bottom = source.height - 1 - top;
-            std::memcpy(upper.data(), source.row(top), size);
+            const std::uint8_t* up = source.row(top);
+            if (isInPlace) {
+                std::memcpy(upper.data(), up, size);
+                up = upper.data();
+            }
             std::memmove(target.row(top), source.row(bottom), size);
-            std::memcpy(target.row(bottom), upper.data(), size);
+            std::memcpy(target.row(bottom), up, size);
         }
     });
 }
