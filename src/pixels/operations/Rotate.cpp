@@ -8,6 +8,7 @@
 #include "pixels/operations/QuarterTurn.h"
 #include "pixels/operations/Transposition.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -292,7 +293,8 @@ Picture halfTurned(const Picture& picture) {
 
 Picture rotate(const Picture& picture, double degrees, bool smooth, Rgb background) {
     if (!std::isfinite(degrees))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("the angle of the rotation is not a number"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("Rotate", "the angle of the rotation is not a number"));
     const double turn = std::fmod(std::fmod(degrees, 360) + 360, 360);
     if (turn == 0)
         return picture;
