@@ -8,7 +8,7 @@
 namespace tarsel {
 
 int BarButton::arrowWidth() const {
-    return menu() ? fontMetrics().height() : 0;
+    return menu() ? fontMetrics().height() * 3 / 4 : 0;
 }
 
 QSize BarButton::sizeHint() const {

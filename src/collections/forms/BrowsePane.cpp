@@ -31,7 +31,7 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     tbsBrowse->addTab(tr("Task Basket"));
     // Complete texts where the screen has room for them.
     tbsBrowse->setMinimumWidth(
-        std::min(tbsBrowse->sizeHint().width(), screen()->availableGeometry().width() * 2 / 7));
+        std::min(tbsBrowse->sizeHint().width(), screen()->availableGeometry().width() * 26 / 100));
     m_tree->setFrameShape(QFrame::StyledPanel);
 
     auto* picFileSystem = new QWidget(this);
