@@ -4,6 +4,7 @@
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
 #include "base/ProgramIdentity.h"
+#include "configuration/ConfigRecord.h"
 #include "pixels/Color.h"
 
 #include <QApplication>
@@ -105,7 +106,7 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     dialog.setNameFilters(filters);
     const QFileInfo start(request.initialPath);
     if (request.initialPath.isEmpty()) {
-        dialog.setDirectory(m_lastFolder.isEmpty() ? QDir::homePath() : m_lastFolder);
+        dialog.setDirectory(startFolder());
     } else if (start.isDir()) {
         dialog.setDirectory(start.filePath());
     } else {
@@ -117,6 +118,14 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     const QString path = dialog.selectedFiles().constFirst();
     m_lastFolder = QFileInfo(path).path();
     return FileDialogChoice{path, int(filters.indexOf(dialog.selectedNameFilter())) + 1};
+}
+
+/// Of the last dialog; before the first one, the folder that the last session ended with.
+QString QtDialogs::startFolder() const {
+    for (const QString& folder : {m_lastFolder, ConfigRecord.LastFolder.trimmed()})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
 }
 
 std::optional<QString> QtDialogs::folderDialog(const QString& startFolder) {

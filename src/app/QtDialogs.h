@@ -22,6 +22,8 @@ public:
 private:
     std::optional<FileDialogChoice> runFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
 
+    QString startFolder() const;
+
     QString m_lastFolder; ///< of the last file that was chosen
 };
 

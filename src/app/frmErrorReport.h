@@ -4,31 +4,29 @@
 #include "base/ErrorReport.h"
 
 #include <QDialog>
-
-class QBoxLayout;
-class QFormLayout;
-class QLineEdit;
-class QPlainTextEdit;
+#include <memory>
 
 namespace tarsel {
+
+namespace Ui {
+class frmErrorReport;
+}
 
 /// Shows what went wrong and sends it to the maker when the user wants that.
 class frmErrorReport final : public QDialog {
     Q_OBJECT
 public:
     explicit frmErrorReport(ErrorReport report, QWidget* owner = nullptr);
+    ~frmErrorReport() override;
+    frmErrorReport(const frmErrorReport&) = delete;
+    frmErrorReport& operator=(const frmErrorReport&) = delete;
 
 private:
-    QLayout* makeHeading();
-    QLayout* makeFacts();
-    void addInputs(QBoxLayout* rows);
-    QLayout* makeButtons();
-    void addFact(QFormLayout* facts, const QString& caption, const char* name, const QString& text);
+    void showReport();
     void cmdSend_Click();
 
     ErrorReport m_report;
-    QLineEdit* txtEmail;
-    QPlainTextEdit* txtUserDescription;
+    std::unique_ptr<Ui::frmErrorReport> m_ui;
 };
 
 } // namespace tarsel

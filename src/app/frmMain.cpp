@@ -89,6 +89,7 @@ void frmMain::connectFolderPane() {
     ListControl& list = m_folderPane->lvFolder();
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_folderView,
             &FolderView::subShowFilesInFolder);
+    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_preview, &Preview::leaveFolder);
     connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
     connect(m_folderPane, &FolderPane::formChosen, this,
             [](int folderView) { ConfigRecord.FolderView = quint8(folderView); });
@@ -124,7 +125,8 @@ void frmMain::connectTaskBasket() {
 }
 
 void frmMain::connectPreview() {
-    connect(&m_preview, &Preview::pictureChanged, &m_previewPane->ibMain(), &ImageBoxView::boxChanged);
+    connect(&m_preview, &Preview::pictureChanged, &m_previewPane->ibMain(),
+            [this] { m_previewPane->ibMain().boxChanged(m_preview.display()); });
     connect(&m_preview, &Preview::metadataRead, m_metadataPane,
             [this](MetadataTab tab) { m_metadataPane->showTab(int(tab)); });
     connect(m_previewPane, &PreviewPane::previewTypeChosen, this, [this](int type) {

@@ -19,11 +19,13 @@
 #include "controls/Splitter.h"
 #include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
+#include "pixels/Color.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QScreen>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -123,6 +125,8 @@ void frmMain::resetState() {
 void frmMain::setDrawingDefaults() {
     m_workspace.ibMain.SelectionActive = true;
     m_workspace.ibMain.BackColorTransparent = true;
+    const QColor button = palette().color(QPalette::Button);
+    setButtonColor({std::uint8_t(button.red()), std::uint8_t(button.green()), std::uint8_t(button.blue())});
 }
 
 void frmMain::buildApplicationName() {
@@ -153,6 +157,8 @@ void frmMain::subUpdateForm() {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
+        const QSize screenPixels = screen()->size() * devicePixelRatioF();
+        m_preview.displayLimit = {screenPixels.width(), screenPixels.height()};
         m_preview.upright = ConfigRecord.BatchSave.UprightByExif == 1;
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_options.programFolder;

@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -82,7 +83,8 @@ double toDouble(const QString& text) {
     const QByteArray trimmed = text.trimmed().toLatin1();
     const NumberAtStart number = numberAtStart(trimmed);
     if (number.length == 0 || number.length != trimmed.size())
-        fail(ErrorNumber::TypeMismatch, QLatin1Char('"') + text + QStringLiteral("\" is not a number"));
+        fail(ErrorNumber::TypeMismatch,
+             QCoreApplication::translate("Conversions", "\"%1\" is not a number").arg(text));
     if (std::isinf(number.value))
         fail(ErrorNumber::Overflow, text);
     return number.value;

@@ -159,7 +159,8 @@ QDateTime toDate(const QString& text, const DateForms& own) {
         return *dayAndTime;
     if (const auto time = readTime(trimmed, own))
         return QDateTime(emptyDate().date(), *time);
-    fail(ErrorNumber::TypeMismatch, QLatin1Char('"') + text + QStringLiteral("\" is not a date"));
+    fail(ErrorNumber::TypeMismatch,
+         QCoreApplication::translate("Conversions", "\"%1\" is not a date").arg(text));
 }
 
 QString formatNumber(double value, const QString& pattern) {

@@ -19,4 +19,11 @@ void installTranslation() {
         }
 }
 
+QString countedText(const char* context, const char* one, const char* many, int count) {
+    const QString text = QCoreApplication::translate(context, many, nullptr, count);
+    const bool isEnglish =
+        text == QString::fromUtf8(many).replace(QLatin1String("%n"), QString::number(count));
+    return count == 1 && isEnglish ? QString::fromUtf8(one) : text;
+}
+
 } // namespace tarsel

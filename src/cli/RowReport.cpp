@@ -97,17 +97,19 @@ void RowReport::addMissing(const QString& path) {
 }
 
 void RowReport::summarise() {
-    const auto count = [](const char* text, int number) {
-        return QCoreApplication::translate("CommandLine", text, nullptr, number);
+#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
+    static constexpr const char* sentences[2][2] = {
+        {TEXT("tarsel: %1 written, %2 skipped, %3 failed"),
+         TEXT("tarsel: %1 written, %2 skipped, %3 failed, %5 would be written")},
+        {TEXT("tarsel: %1 written, %2 skipped, %3 failed, %4 with a warning"),
+         TEXT("tarsel: %1 written, %2 skipped, %3 failed, %4 with a warning, %5 would be written")},
     };
-    QStringList counts{count(QT_TRANSLATE_NOOP("CommandLine", "%n written"), m_written),
-                       count(QT_TRANSLATE_NOOP("CommandLine", "%n skipped"), m_skipped),
-                       count(QT_TRANSLATE_NOOP("CommandLine", "%n failed"), m_failed)};
-    if (m_incomplete > 0)
-        counts << count(QT_TRANSLATE_NOOP("CommandLine", "%n with a warning"), m_incomplete);
-    if (m_dry > 0)
-        counts << count(QT_TRANSLATE_NOOP("CommandLine", "%n would be written"), m_dry);
-    m_terminal.message(QStringLiteral("tarsel: ") + counts.join(QLatin1String(", ")));
+#undef TEXT
+    QString sentence = QCoreApplication::translate("CommandLine", sentences[m_incomplete > 0][m_dry > 0]);
+    const int counts[] = {m_written, m_skipped, m_failed, m_incomplete, m_dry};
+    for (int place = 0; place < 5; ++place)
+        sentence.replace(QLatin1Char('%') + QString::number(place + 1), QString::number(counts[place]));
+    m_terminal.message(sentence);
 }
 
 bool RowReport::allDone(bool dryRun) const {

@@ -47,6 +47,8 @@ void FolderView::subShowFilesInFolder(const QString& path) {
     });
     if (failure)
         stop();
+    else
+        Q_EMIT runningChanged();
 }
 
 void FolderView::clearList() {
@@ -138,6 +140,7 @@ void FolderView::stop() {
     retireScan();
     FolderChanging = false;
     hideBar();
+    Q_EMIT runningChanged();
 }
 
 // --- what a scan delivers
@@ -158,6 +161,7 @@ void FolderView::reportFailure(const TrappedError& error) {
     }
     m_refusal = tr("You have no permission to read the folder %1.").arg(m_folder);
     m_lists.sbMain.setPanel(QStringLiteral("status"), m_refusal);
+    Q_EMIT runningChanged();
 }
 
 void FolderView::take(FolderScan::Delivery delivery) {
@@ -237,6 +241,7 @@ void FolderView::finish() {
         closeGapsOfIcons();
     sortAgain();
     hideBar();
+    Q_EMIT runningChanged();
 }
 
 void FolderView::showBar() {

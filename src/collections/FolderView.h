@@ -47,6 +47,11 @@ public:
     /// True while somebody else uses the progress bar, which the listing leaves alone then and takes back.
     void lendBar(bool lent);
     QString currentFolder() const { return m_folder; }
+    /// Why the folder can't be read; empty for others.
+    const QString& refusal() const { return m_refusal; }
+
+Q_SIGNALS:
+    void runningChanged(); ///< a listing began or ended
 
 private:
     void clearList();

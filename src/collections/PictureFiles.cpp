@@ -29,13 +29,6 @@ bool standsBefore(const QString& a, const QString& b) {
 
 } // namespace
 
-QString picturePattern() {
-    QStringList patterns;
-    for (const char* extension : listedExtensions)
-        patterns << QLatin1Char('*') + QLatin1String(extension) + QLatin1Char('*');
-    return patterns.join(QLatin1Char(';'));
-}
-
 QStringList pictureFiles(const QString& folder) {
     if (!QFileInfo(folder).isDir())
         fail(ErrorNumber::PathNotFound, folder);

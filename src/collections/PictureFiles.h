@@ -6,11 +6,9 @@
 
 namespace tarsel {
 
-/// The pattern by which a folder's pictures are found, as the file list shows it: "*.jpg*;*.jpeg*;..".
-QString picturePattern();
-
-/// Names of a folder's files that match the pattern in any case, sorted without regard to case. Sub-folders
-/// and hidden files are not listed. Error 76 for a missing folder, 70 for one that can't be read.
+/// Names of a folder's files that match the pattern of pictures, "*.jpg*;*.jpeg*;..", in any case, sorted
+/// without regard to case. Sub-folders and hidden files are not listed. Error 76 for a missing folder, 70 for
+/// one that can't be read.
 QStringList pictureFiles(const QString& folder);
 
 /// Whether a file of that extension, in any case, may hold several pages.

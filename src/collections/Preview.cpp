@@ -86,7 +86,8 @@ void Preview::show(bool withTasks) {
 }
 
 void Preview::request(const QString& path, bool withTasks) {
-    PreviewWorker::Request request{++m_lastNumber, path, m_original, m_lists.ibMain, {}, upright};
+    PreviewWorker::Request request{++m_lastNumber, path,         m_original, m_lists.ibMain.metadata(),
+                                   m_lists.ibMain, displayLimit, {},         upright};
     request.box.Clear();
     request.box.StretchToFit = true;
     if (withTasks)
@@ -96,6 +97,28 @@ void Preview::request(const QString& path, bool withTasks) {
         service<EventLoop>().setBusyPointer(true);
     m_pending = Pending{request.number, path};
     m_worker.request(std::move(request));
+}
+
+void Preview::leaveFolder() {
+    const ListView& basket = m_lists.lvPages;
+    const int selected = basket.selectedIndex();
+    if (!m_wantedPath.isEmpty() && (selected < 0 || basket.row(selected).tag != m_wantedPath))
+        clear();
+}
+
+void Preview::clear() {
+    stop();
+    service<EventLoop>().setBusyPointer(false);
+    for (QString* path : {&m_shownPath, &m_wantedPath, &m_describedPath, &m_nextDescribedPath})
+        path->clear();
+    m_original = m_display = {};
+    m_lists.ibMain.Clear();
+    m_lists.lvExif.clear();
+    m_lists.lvIPTC.clear();
+    for (const char* panel : {"pages", "resolution", "metadata"})
+        m_lists.sbMain.setPanel(QLatin1String(panel), {});
+    m_lists.sbMain.setPanel(QStringLiteral("filename"), tr("No file selected"));
+    Q_EMIT pictureChanged();
 }
 
 void Preview::stop() {
@@ -133,6 +156,7 @@ void Preview::takePicture(PreviewWorker::Result& result) {
     else
         m_shownPath = result.path;
     m_original = std::move(result.original);
+    m_display = std::move(result.display);
     m_lists.ibMain = std::move(result.box);
     m_lists.ibMain.Visible = true;
     m_lists.ibMain.Tag = m_shownPath;

@@ -32,6 +32,7 @@ public:
     explicit Preview(Lists lists);
 
     bool OptimizedPreview = false; ///< pictures are shown with the tasks applied
+    Size displayLimit{3840, 2400}; ///< pixels of the screen: what is shown need not be larger
     bool upright = false;          ///< pictures are turned by their EXIF orientation, from the next load on
 
     /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
@@ -43,8 +44,12 @@ public:
     void showTasks();
     /// Loads the picture of the row shown last again, after a change of how pictures are prepared.
     void reload();
+    /// Shows no picture, unless the one on show is of a selected row of lvPages.
+    void leaveFolder();
     /// Drops what is being loaded.
     void stop();
+    /// The box's picture for the screen: in its colours, not larger than displayLimit.
+    const Picture& display() const { return m_display; }
     bool isBusy() const { return m_pending.has_value(); }
     /// Path of the picture shown last; empty before the first one.
     const QString& shownPath() const { return m_shownPath; }
@@ -68,9 +73,11 @@ private:
     void listMetadata(const QString& path);
     void showMetadataPanel();
     void showFilePanels();
+    void clear();
 
     Lists m_lists;
     Picture m_original; ///< as loaded, without the tasks
+    Picture m_display;
     QString m_shownPath;
     QString m_wantedPath;    ///< of the row shown last, whether its picture could be loaded or not
     QString m_describedPath; ///< of the row of lvFolder that two panels describe

@@ -3,6 +3,7 @@
 
 #include "base/IgnoringErrors.h"
 #include "base/Spreading.h"
+#include "imaging/DisplayColors.h"
 #include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 #include "tasks/Replay.h"
@@ -20,6 +21,8 @@ namespace {
 constexpr int snapshotFormat = 7;
 constexpr Color white = 0xFFFFFF;
 
+/// Formats whose metadata the preview can list. A batch loads more formats by the box, since it carries their
+/// metadata to what it writes (carriesMetadata in LoadSource); prepare() makes the pixels the same.
 bool goesThroughTheBox(const QString& path) {
     const QString extension = QFileInfo(path).suffix().toLower();
     return extension == QLatin1String("tiff") || extension == QLatin1String("tif") ||
@@ -52,7 +55,7 @@ void load(ImageBox& box, const QString& path, bool upright, const std::stop_toke
 }
 
 PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_token& stop) {
-    PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}};
+    PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}, {}};
     try {
         if (request.path.isEmpty())
             result.box.LoadFromMemory(request.original, snapshotFormat);
@@ -67,6 +70,12 @@ PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_t
     } catch (const std::bad_alloc&) {
         result.failure = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)};
     }
+    // Also after a task that failed: the tasks before it show.
+    ignoringErrors([&] {
+        const MetadataStore& metadata = request.path.isEmpty() ? request.metadata : result.box.metadata();
+        if (result.box.HasImage() && !stop.stop_requested())
+            result.display = forDisplay(result.box.picture(), metadata, request.displayLimit);
+    });
     return result;
 }
 

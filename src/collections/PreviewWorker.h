@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "imaging/ImageBox.h"
+#include "imaging/fncLoadPicture.h"
 #include "tasks/TaskList.h"
 
 #include <condition_variable>
@@ -21,15 +22,18 @@ public:
         quint64 number = 0; ///< comes back with the result
         QString path;       ///< of the file to load; empty to start from `original`
         Picture original;
-        ImageBox box; ///< the settings from which the tasks start; without picture and metadata
+        MetadataStore metadata; ///< of `original`
+        ImageBox box;           ///< the settings from which the tasks start; without picture and metadata
+        Size displayLimit{3840, 2400};
         std::vector<TaskRow> tasks;
         bool upright = false; ///< the picture loaded is turned by its EXIF orientation
     };
     struct Result {
         quint64 number = 0;
         QString path;
-        ImageBox box;                        ///< empty when the file can't be read
-        Picture original;                    ///< as loaded, without the tasks
+        ImageBox box;     ///< empty when the file can't be read
+        Picture original; ///< as loaded, without the tasks
+        Picture display;  ///< the box's picture for the screen: in its colours, not larger than the limit
         std::optional<TrappedError> failure; ///< of a task: the tasks before it have run
     };
 

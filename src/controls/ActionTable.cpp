@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/ActionTable.h"
 
+#include "controls/BarButton.h"
 #include "controls/LineIcon.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QMenu>
-#include <QToolButton>
 
 namespace tarsel {
 
@@ -51,8 +51,13 @@ QAction& ActionTable::action(const char* name) const {
     qFatal("No action is called %s", name);
 }
 
+void ActionTable::setEnabled(std::initializer_list<const char*> names, bool enabled) const {
+    for (const char* name : names)
+        action(name).setEnabled(enabled);
+}
+
 QToolButton* ActionTable::makeButton(const char* name, QWidget* parent, Qt::ToolButtonStyle style) const {
-    auto* button = new QToolButton(parent);
+    auto* button = new BarButton(parent);
     // Without an icon text of its own a button shows the action's text without the mnemonic.
     if (style != Qt::ToolButtonIconOnly)
         action(name).setIconText(action(name).text());
@@ -62,6 +67,14 @@ QToolButton* ActionTable::makeButton(const char* name, QWidget* parent, Qt::Tool
     button->setIconSize({side, side});
     button->setToolButtonStyle(style);
     button->setAutoRaise(true);
+    return button;
+}
+
+QToolButton* ActionTable::makeMenuButton(const char* name, const char* menuName,
+                                         std::initializer_list<const char*> items, QWidget* parent) const {
+    QToolButton* button = makeButton(name, parent, Qt::ToolButtonTextBesideIcon);
+    button->setMenu(makeMenu(menuName, items, parent));
+    button->setPopupMode(QToolButton::InstantPopup);
     return button;
 }
 

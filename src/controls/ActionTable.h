@@ -33,9 +33,13 @@ public:
 
     /// Fails hard for a name that isn't in the table.
     QAction& action(const char* name) const;
+    void setEnabled(std::initializer_list<const char*> names, bool enabled) const;
     /// A flat button, with the icon alone, or with the text and its mnemonic beside it.
     QToolButton* makeButton(const char* name, QWidget* parent,
                             Qt::ToolButtonStyle style = Qt::ToolButtonIconOnly) const;
+    /// A button with icon and text that opens a menu of actions at once.
+    QToolButton* makeMenuButton(const char* name, const char* menuName,
+                                std::initializer_list<const char*> items, QWidget* parent) const;
     QMenu* makeMenu(const char* objectName, std::initializer_list<const char*> names, QWidget* parent) const;
 
     struct Shortcut {

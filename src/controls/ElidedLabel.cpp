@@ -7,7 +7,7 @@
 
 namespace tarsel {
 
-ElidedLabel::ElidedLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 

@@ -10,7 +10,7 @@ namespace tarsel {
 class ElidedLabel final : public QLabel {
     Q_OBJECT
 public:
-    explicit ElidedLabel(const QString& text = {}, QWidget* parent = nullptr);
+    explicit ElidedLabel(QWidget* parent = nullptr);
     QSize minimumSizeHint() const override;
 
 protected:

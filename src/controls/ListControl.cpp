@@ -126,6 +126,14 @@ void ListControl::setColumnWidth(int column, int width) {
     m_columns->setWidth(column, width);
 }
 
+void ListControl::setWideColumn(int column) {
+    m_columns->setWideColumn(column);
+}
+
+void ListControl::setUsualText(int column, const QString& text) {
+    m_columns->setUsualText(column, text);
+}
+
 void ListControl::acceptRowsOf(const ListControl* source) {
     m_dropSources.push_back(source);
     for (QAbstractItemView* each :

@@ -40,10 +40,12 @@ public:
     void setTableIconSize(QSize size); ///< pictures of the form Details; small ones until it is called
     /// On: a selected row is marked over all columns; off: on its first column.
     void setFullRowSelect(bool full);
-    /// In pixels of the usual font; on the screen columns grow with the font, and the first one takes free
-    /// room.
+    /// In pixels of the usual font; on the screen columns grow with the font.
     int columnWidth(int column) const;
     void setColumnWidth(int column, int width);
+    void setWideColumn(int column); ///< the one that takes free room; the first one until it is called
+    /// A text for which the column has room until its width is changed.
+    void setUsualText(int column, const QString& text);
     /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.
     void acceptRowsOf(const ListControl* source);
     void setRowsDraggable();

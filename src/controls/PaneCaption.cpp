@@ -2,6 +2,7 @@
 #include "controls/PaneCaption.h"
 
 #include <QLabel>
+#include <QVBoxLayout>
 
 namespace tarsel {
 
@@ -12,6 +13,15 @@ QLabel* makePaneCaption(const QString& text, QWidget* parent) {
     caption->setFont(font);
     caption->setContentsMargins(4, 0, 4, 0);
     return caption;
+}
+
+QVBoxLayout* layOutPane(QWidget* pane, QLayout* bar, QWidget* contents) {
+    auto* rows = new QVBoxLayout(pane);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addLayout(bar);
+    rows->addWidget(contents, 1);
+    return rows;
 }
 
 } // namespace tarsel

@@ -4,11 +4,16 @@
 #include <QString>
 
 class QLabel;
+class QLayout;
+class QVBoxLayout;
 class QWidget;
 
 namespace tarsel {
 
 /// The bold caption at the top of a pane.
 QLabel* makePaneCaption(const QString& text, QWidget* parent);
+
+/// The rows of a pane: the bar, and the contents, which take the room left.
+QVBoxLayout* layOutPane(QWidget* pane, QLayout* bar, QWidget* contents);
 
 } // namespace tarsel

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace tarsel {
@@ -18,6 +19,13 @@ constexpr int cellMargin = 3;
 
 bool isThumbnail(const QStyleOptionViewItem& option) {
     return option.decorationPosition == QStyleOptionViewItem::Top;
+}
+
+/// Rows have one line, whatever a file's attributes contain.
+QString onOneLine(QString text) {
+    for (const QChar lineBreak : {QChar(u'\n'), QChar(u'\r'), QChar(QChar::LineSeparator)})
+        text.replace(lineBreak, QLatin1Char(' '));
+    return text;
 }
 
 /// The picture that the list's logic names; rows of tasks, whose own pictures are not drawn, share one.
@@ -54,16 +62,19 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                             const QModelIndex& index) {
     const int inView = (option.rect & view->viewport()->rect()).width();
-    const bool cut = index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > inView;
-    if (!cut || event->type() != QEvent::ToolTip)
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const bool isCut = index.isValid() && (QStyledItemDelegate::sizeHint(option, index).width() > inView ||
+                                           onOneLine(text) != text);
+    if (!isCut || event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    QToolTip::showText(event->globalPos(), index.data(Qt::DisplayRole).toString(), view->viewport(),
-                       option.rect);
+    QToolTip::showText(event->globalPos(), Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text,
+                       view->viewport(), option.rect);
     return true;
 }
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text = onOneLine(option->text);
     if (index.column() > 0 && !fullRow)
         option->state &= ~QStyle::State_Selected;
     if (index.column() > 0 || setPicture(*option, index.data(Qt::DecorationRole)))

@@ -34,7 +34,7 @@ void StatusBar::addPanel(const StatusPanel& panel) {
         picture->setPixmap(lineIcon(QLatin1String(panel.icon)).pixmap(side, side));
         row->addWidget(picture);
     }
-    auto* label = new ElidedLabel({}, holder);
+    auto* label = new ElidedLabel(holder);
     label->setObjectName(QStringLiteral("sbMain_") + QLatin1String(panel.key));
     // Without a name of its own the label's text is spoken.
     label->setAccessibleDescription(panel.toolTip);

@@ -13,6 +13,7 @@ namespace {
 constexpr int usualCharacter = 6; ///< average width of a character of the usual font
 constexpr int usualWidth = 100;
 constexpr int charactersOfAName = 26;
+constexpr int cellMargins = 10;
 } // namespace
 
 TableColumns::TableColumns(QTreeView* table) : QObject(table), m_table(table) {
@@ -35,6 +36,16 @@ void TableColumns::setWidth(int column, int width) {
     fit();
 }
 
+void TableColumns::setWideColumn(int column) {
+    m_wideColumn = column;
+    fit();
+}
+
+void TableColumns::setUsualText(int column, const QString& text) {
+    m_usualTexts[column] = text;
+    fit();
+}
+
 bool TableColumns::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == (watched == m_table ? QEvent::FontChange : QEvent::Resize))
         fit();
@@ -46,21 +57,35 @@ void TableColumns::fit() {
     const QScopedValueRollback guard(m_fitting, true);
     QHeaderView* header = m_table->header();
     int room = m_table->viewport()->width();
-    for (int column = 1; column < header->count(); ++column) {
-        header->resizeSection(column, scaled(width(column)));
+    for (int column = 0; column < header->count(); ++column) {
+        if (column == m_wideColumn)
+            continue;
+        header->resizeSection(column, leastWidth(column));
         room -= header->sectionSize(column);
     }
-    if (header->count() > 0)
-        header->resizeSection(0, std::max({room, scaled(width(0)), leastNameWidth()}));
+    if (m_wideColumn < header->count())
+        header->resizeSection(m_wideColumn, std::max(room, leastWidth(m_wideColumn)));
 }
 
-/// Room for a name that can be distinguished from its neighbours, beside the picture of its row.
-int TableColumns::leastNameWidth() const {
-    return m_table->iconSize().width() + scaled(charactersOfAName * usualCharacter);
+/// The names have room for one that can be distinguished from its neighbours, beside the picture of its row.
+int TableColumns::leastWidth(int column) const {
+    const int wanted = scaled(column, width(column));
+    if (column > 0 || m_wideColumn != 0)
+        return wanted;
+    const int name = m_table->fontMetrics().averageCharWidth() * charactersOfAName;
+    return std::max(wanted, m_table->iconSize().width() + name);
 }
 
-int TableColumns::scaled(int width) const {
-    return std::max(0, width) * m_table->fontMetrics().averageCharWidth() / usualCharacter;
+/// On the screen, the width of 100.
+int TableColumns::usualPixels(int column) const {
+    const QFontMetrics metrics = m_table->fontMetrics();
+    const QString text = m_usualTexts.value(column);
+    const int usual = usualWidth * metrics.averageCharWidth() / usualCharacter;
+    return text.isEmpty() ? usual : std::max(usual, metrics.horizontalAdvance(text) + cellMargins);
+}
+
+int TableColumns::scaled(int column, int width) const {
+    return std::max(0, width) * usualPixels(column) / usualWidth;
 }
 
 void TableColumns::takeWidth(int column, int pixels) {
@@ -68,8 +93,7 @@ void TableColumns::takeWidth(int column, int pixels) {
         return;
     if (column >= int(m_widths.size()))
         m_widths.resize(size_t(column) + 1, usualWidth);
-    m_widths[size_t(column)] =
-        pixels * usualCharacter / std::max(1, m_table->fontMetrics().averageCharWidth());
+    m_widths[size_t(column)] = pixels * usualWidth / std::max(1, usualPixels(column));
 }
 
 } // namespace tarsel

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMap>
 #include <QObject>
+#include <QString>
 #include <vector>
 
 class QTreeView;
@@ -9,8 +11,8 @@ class QTreeView;
 namespace tarsel {
 
 /// The column widths of a table. They are given in pixels of the usual font and grow with a larger one; the
-/// first column, which holds the names, is never too narrow for a name and takes the room that the others
-/// leave.
+/// first column, which holds the names, is never too narrow for a name. One column, mostly the first, takes
+/// the room that the others leave.
 class TableColumns final : public QObject {
     Q_OBJECT
 public:
@@ -18,18 +20,24 @@ public:
 
     int width(int column) const;
     void setWidth(int column, int width);
+    void setWideColumn(int column); ///< the one that takes the room left
+    /// The width of 100, which columns start with, has room for this text.
+    void setUsualText(int column, const QString& text);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fit();
-    int leastNameWidth() const;
-    int scaled(int width) const;
+    int leastWidth(int column) const;
+    int usualPixels(int column) const;
+    int scaled(int column, int width) const;
     void takeWidth(int column, int pixels);
 
     QTreeView* m_table;
     std::vector<int> m_widths;
+    QMap<int, QString> m_usualTexts;
+    int m_wideColumn = 0;
     bool m_fitting = false;
 };
 

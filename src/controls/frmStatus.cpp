@@ -3,38 +3,26 @@
 
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
-#include "controls/ProgressBar.h"
-
-#include <QLabel>
-#include <QPushButton>
-#include <QVBoxLayout>
+#include "controls/ui_frmStatus.h"
 
 namespace tarsel {
 
-frmStatus::frmStatus(QWidget* owner) :
-    QDialog(owner), m_status(new QLabel(this)), m_bar(new ProgressBar(this)),
-    m_cancel(new QPushButton(tr("&Cancel"), this)) {
-    setObjectName(QStringLiteral("frmStatus"));
+frmStatus::frmStatus(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui::frmStatus>()) {
+    m_ui->setupUi(this);
+    m_waiting = m_ui->lblStatus->text();
     setWindowTitle(ApplicationName);
-    setModal(false);
-    m_status->setObjectName(QStringLiteral("lblStatus"));
-    m_bar->setObjectName(QStringLiteral("pbQueue"));
-    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
-    m_cancel->setAccessibleName(tr("Stop after the current file"));
-    connect(m_cancel, &QPushButton::clicked, this, &frmStatus::cancel);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmStatus::cancel);
+}
 
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(16, 16, 16, 16);
-    column->setSpacing(12);
-    column->addWidget(m_status);
-    column->addWidget(m_bar);
-    column->addWidget(m_cancel, 0, Qt::AlignRight);
-    setMinimumWidth(420);
+frmStatus::~frmStatus() = default;
+
+ProgressBar& frmStatus::pbQueue() {
+    return *m_ui->pbQueue;
 }
 
 void frmStatus::begin() {
     CancelRequested = false;
-    m_status->setText(tr("Please wait..... your request is being processed"));
+    m_ui->lblStatus->setText(m_waiting);
     show();
 }
 
@@ -48,7 +36,7 @@ void frmStatus::reject() {
 
 void frmStatus::cancel() {
     service<EventLoop>().yield();
-    m_status->setText(tr("Please wait...... cancelling operaration"));
+    m_ui->lblStatus->setText(tr("Please wait...... cancelling operaration"));
     CancelRequested = true;
 }
 

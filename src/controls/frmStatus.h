@@ -2,11 +2,13 @@
 #pragma once
 
 #include <QDialog>
-
-class QLabel;
-class QPushButton;
+#include <memory>
 
 namespace tarsel {
+
+namespace Ui {
+class frmStatus;
+}
 
 class ProgressBar;
 
@@ -16,8 +18,11 @@ class frmStatus final : public QDialog {
     Q_OBJECT
 public:
     explicit frmStatus(QWidget* owner);
+    ~frmStatus() override;
+    frmStatus(const frmStatus&) = delete;
+    frmStatus& operator=(const frmStatus&) = delete;
 
-    ProgressBar& pbQueue() { return *m_bar; }
+    ProgressBar& pbQueue();
     /// Opens with the waiting text and takes back an earlier run's cancel.
     void begin();
     void finish();
@@ -28,9 +33,8 @@ protected:
 private:
     void cancel();
 
-    QLabel* m_status;
-    ProgressBar* m_bar;
-    QPushButton* m_cancel;
+    std::unique_ptr<Ui::frmStatus> m_ui;
+    QString m_waiting; ///< the text of the form
 };
 
 } // namespace tarsel

@@ -4,6 +4,7 @@
 #include "base/TrappedError.h"
 #include "pixels/PixelBuffer.h"
 
+#include <QCoreApplication>
 #include <atomic>
 #include <cstring>
 
@@ -15,7 +16,9 @@ void requireSize(int width, int height) {
     const auto pixels = std::int64_t(width) * height; // 31 bits each: no overflow
     if (width < 1 || height < 1 || pixels > Picture::maximumPixels)
         fail(ErrorNumber::OutOfMemory,
-             QStringLiteral("a picture of %1 x %2 pixels is not possible").arg(width).arg(height));
+             QCoreApplication::translate("Picture", "a picture of %1 x %2 pixels is not possible")
+                 .arg(width)
+                 .arg(height));
 }
 
 /// Whoever gave up the other reference may have read the pixels until just now.
@@ -33,7 +36,8 @@ Picture::Picture(int width, int height, int channels) :
     m_width(width), m_height(height), m_channels(channels) {
     requireSize(width, height);
     if (channels != 3 && channels != 4)
-        fail(ErrorNumber::InvalidCall, QStringLiteral("a picture of %1 channels").arg(channels));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("Picture", "a picture of %1 channels").arg(channels));
     m_buffer =
         std::make_shared<PixelBuffer>(std::size_t(width) * std::size_t(height) * std::size_t(channels));
 }

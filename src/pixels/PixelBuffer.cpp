@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <QtGlobal>
 #include <cstdlib>
 #include <deque>
@@ -116,7 +117,8 @@ PixelBuffer::PixelBuffer(std::size_t size) {
         block = allocate(size);
     }
     if (!block.data)
-        fail(ErrorNumber::OutOfMemory, QStringLiteral("no %1 bytes for a picture").arg(size));
+        fail(ErrorNumber::OutOfMemory,
+             QCoreApplication::translate("PixelBuffer", "no %1 bytes for a picture").arg(size));
     m_data = block.data;
     m_capacity = block.capacity;
 }

@@ -3,6 +3,8 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
+
 namespace tarsel {
 
 namespace {
@@ -13,7 +15,7 @@ QString quoted(const QString& text) {
 
 QString colorInWords(qint32 value) {
     if (value < 0)
-        return QStringLiteral("system color %1").arg(value & 0xFF);
+        return QCoreApplication::translate("TaskWords", "system color %1").arg(value & 0xFF);
     return QStringLiteral("#%1%2%3")
         .arg(value & 0xFF, 2, 16, QLatin1Char('0'))
         .arg(value >> 8 & 0xFF, 2, 16, QLatin1Char('0'))
@@ -36,7 +38,8 @@ QString valueInWords(const TaskColumn& column, const QString& text) {
             return quoted(text);
         case ColumnType::Flag:
         case ColumnType::Check:
-            return toBool(text) ? QStringLiteral("on") : QStringLiteral("off");
+            return toBool(text) ? QCoreApplication::translate("TaskWords", "on")
+                                : QCoreApplication::translate("TaskWords", "off");
         case ColumnType::ColorNumber:
             return colorInWords(toInt32(text));
         case ColumnType::Text:

@@ -3,6 +3,7 @@
 #include "app/QtDesktop.h"
 #include "base/ErrorSubject.h"
 #include "base/SafeFileWriter.h"
+#include "configuration/ConfigRecord.h"
 
 #include <QApplication>
 #include <QDir>
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -76,18 +78,20 @@ TEST(QtDesktopTest, AnErrorInAHandlerOfInputDoesNotNameTheFileAtWork) {
     EXPECT_EQ(namingSubject(reported).toStdString(), "a.jpg: Disk full");
 }
 
-TEST(QtDesktopTest, TheSaveDialogReturnsPathAndChosenFilter) {
+TEST(QtDesktopTest, TheFirstSaveDialogStartsWhereTheLastSessionEndedAndReturnsPathAndFilter) {
     const QTemporaryDir folder;
     QtDesktop desktop;
+    const QScopedValueRollback lastSession(ConfigRecord.LastFolder, folder.path());
     QTimer::singleShot(0, qApp, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
+        EXPECT_EQ(dialog->directory().path(), folder.path());
         dialog->selectNameFilter(dialog->nameFilters().at(1));
         dialog->selectFile(folder.filePath(QStringLiteral("list")));
         QMetaObject::invokeMethod(dialog, "accept");
     });
     const auto choice = desktop.dialogs.saveFileDialog(
-        {QStringLiteral("Save Basket"), QStringLiteral("First (*.a)|*.a|Second (*.b)|*.b|"), folder.path()});
+        {QStringLiteral("Save Basket"), QStringLiteral("First (*.a)|*.a|Second (*.b)|*.b|"), {}});
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->path, folder.filePath(QStringLiteral("list")));
     EXPECT_EQ(choice->filterIndex, 2);

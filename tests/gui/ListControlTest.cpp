@@ -129,23 +129,31 @@ TEST_F(ListControlTest, TheNamesTakeFreeRoomAndAllColumnsFollowTheFont) {
     EXPECT_GE(shown().first, control.fontMetrics().averageCharWidth() * 15) << "a name stays readable";
     EXPECT_EQ(control.columnWidth(0), 80) << "what is remembered depends neither on the font nor on the room";
     EXPECT_EQ(control.columnWidth(1), 120);
+    const QString text = QStringLiteral("12000 X 9000 X 24");
+    control.setUsualText(1, text);
+    control.setColumnWidth(1, 100);
+    EXPECT_GE(shown().second, control.fontMetrics().horizontalAdvance(text) + 6);
 }
 
-TEST_F(ListControlTest, ACellThatIsCutShowsItsTextAsToolTip) {
+TEST_F(ListControlTest, ACellThatIsCutOrOfSeveralLinesShowsItsTextAsToolTip) {
     ListRow row;
     row.text = QString(200, QLatin1Char('x'));
-    row.subItems = {QStringLiteral("short")};
+    row.subItems = {QStringLiteral("two\nlines")};
     list.add(row);
     control.resize(600, 200);
     control.show();
-    for (const ListControl::Form form : {ListControl::Form::Details, ListControl::Form::Thumbnails}) {
+    using enum ListControl::Form;
+    for (const auto& [form, column] :
+         {std::pair(Details, 0), std::pair(Details, 1), std::pair(Thumbnails, 0)}) {
         control.setForm(form);
         QTest::qWait(0);
-        const QPoint position = control.view()->visualRect(list.index(0, 0)).center();
-        QHelpEvent help(QEvent::ToolTip, position, control.view()->viewport()->mapToGlobal(position));
+        const QRect cell = control.view()->visualRect(list.index(0, column));
+        QHelpEvent help(QEvent::ToolTip, cell.center(),
+                        control.view()->viewport()->mapToGlobal(cell.center()));
         QCoreApplication::sendEvent(control.view()->viewport(), &help);
-        EXPECT_EQ(QToolTip::text().size(), 200);
+        EXPECT_EQ(QToolTip::text(), list.index(0, column).data().toString());
         QToolTip::hideText();
+        EXPECT_TRUE(form == Thumbnails || cell.height() < 2 * control.fontMetrics().height());
     }
 }
 

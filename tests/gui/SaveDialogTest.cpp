@@ -22,6 +22,8 @@
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace tarsel::test {
@@ -188,8 +190,6 @@ TEST_F(SaveDialog, TypingDropsWhatNoNameHoldsAndIsNotCompleted) {
         const char* shown;
     } cases[] = {
         {1, "cboRenamePrefix", typed, "abcdefghij k.[x]"},
-        {1, "cboRenameSuffix", typed, "abcdefghij k.[x]"},
-        {1, "cboSeparator1", typed, "abcdefghij k.[x]"},
         {1, "cboSeparator2", typed, "abcdefghij k.[x]"},
         {1, "cboSeparator1", "A", "A"}, // the start of an entry
         {2, "cboRenameGeneric", "a1-2.b3\b", "12"},
@@ -266,6 +266,12 @@ TEST_F(SaveDialog, EnterSavesAndTheFolderIsStoredWithASeparatorUnlessItIsADriveR
         EXPECT_EQ(settings.Confirmed, -1);
         EXPECT_FALSE(dialog->isVisible());
         EXPECT_EQ(settings.DestinationFolder.toStdString(), stored) << typed;
+        const QString once = settings.DestinationFolder;
+        for (int save = 0; save < 2; ++save) {
+            open();
+            click(*dialog, "cmdStarConversion");
+        }
+        EXPECT_LE(settings.DestinationFolder.size(), once.size()) << "grows with each save";
     }
 }
 
@@ -333,6 +339,28 @@ TEST_F(SaveDialog, AMissingFolderIsReportedBeforeSaveAndCreatedOnRequest) {
         return valueOf("lblNamesFolderProblem") == file.fileName().toStdString() + " is not a folder.";
     }));
     EXPECT_FALSE(control<QWidget>("cmdCreateFolder").isVisible());
+}
+
+namespace {
+
+class OtherLanguage final : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char*, const char*, int count) const override {
+        return count == 1 ? QStringLiteral("ein Name") : QStringLiteral("%n Namen");
+    }
+};
+
+} // namespace
+
+TEST(NameSummaries, TakeTheFormForTheirCountFromTheTranslation) {
+    OtherLanguage language;
+    QCoreApplication::installTranslator(&language);
+    NameSummary summary;
+    summary.add({});
+    EXPECT_EQ(summary.sentences().join(QString()).toStdString(), "ein Name");
+    summary.add({});
+    EXPECT_EQ(summary.sentences().join(QString()).toStdString(), "2 Namen");
 }
 
 TEST(NameSummaries, CountWhatHappensToExistingFiles) {
@@ -430,11 +458,20 @@ TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
     EXPECT_EQ(child<QLabel>(*results, "lblSummary").text().toStdString(),
               "2 written, 1 skipped, 1 failed - 1 of the written pictures has a warning");
     results->show();
+    const QTreeView& list = *results->findChild<QTreeView*>();
+    EXPECT_EQ(list.columnViewportPosition(3) + list.columnWidth(3), list.viewport()->width())
+        << "the reasons have the room that is left";
     click(*results, "cmdCopyAll");
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
               "failed\t/s4\t/t4\tno picture\nwritten\t/s3\t/t3\tdamaged\n"
               "skipped\t/s2\t/t2\texists\nwritten\t/s1\t/t1\t");
-    results->close();
+    desktop.opens = false;
+    click(*results, "cmdOpenFolder");
+    ASSERT_EQ(desktop.messages.size(), 1u) << "a folder that doesn't open is no silence";
+    EXPECT_EQ(desktop.messages[0].text.toStdString(), "The folder / could not be opened.");
+    child<ListControl>(*results, "lvResults").setFocus();
+    QTest::keyClick(results->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(desktop.opened.size(), 1) << "Return closes";
 }
 
 } // namespace tarsel::test

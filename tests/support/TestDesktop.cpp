@@ -66,7 +66,7 @@ void TestDesktop::yield() {
 
 bool TestDesktop::shellOpen(const QString& target) {
     opened << target;
-    return true;
+    return opens;
 }
 
 bool TestDesktop::startHidden(const QString& program, const QStringList& arguments) {

@@ -53,6 +53,7 @@ public:
     std::function<void()> onReport;
     QString browser;
     bool online = true;
+    bool opens = true;   ///< what shellOpen answers
     QStringList windows; ///< titles of open top-level windows
     QDateTime time = QDateTime(QDate(2004, 3, 7), QTime(15, 5, 9));
     double random = 0.5;

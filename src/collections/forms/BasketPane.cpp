@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/BasketPane.h"
 
+#include "collections/Basket.h"
 #include "collections/TitleFault.h"
 #include "collections/forms/PictureImage.h"
 #include "collections/forms/frmAlbumDescription.h"
@@ -21,27 +22,23 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
     m_list->setAccessibleName(tr("Pictures and pages in the basket"));
     m_list->setPixmapMaker(pixmapOf);
     m_list->setRowsDraggable();
+    m_list->setUsualText(BasketColumn::Resolution, QStringLiteral("12000 X 9000 X 24"));
     m_list->acceptRowsOf(m_list);
     m_list->setHint(tr("Select pictures above and press \"Add to basket\", or drag them here."));
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(4);
-    rows->addLayout(makeBar());
-    rows->addWidget(m_list, 1);
+    layOutPane(this, makeBar(), m_list);
     connectList();
     connectActions();
 }
 
 void BasketPane::setRunning(bool running) {
-    for (const char* name : {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdSaveAs",
-                             "mnuSaveAsJpeg", "mnuAddDescription", "mnuRenameTitle"})
-        m_actions.action(name).setEnabled(!running);
+    m_actions.setEnabled({"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdSaveAs",
+                          "mnuSaveAsJpeg", "mnuAddDescription", "mnuRenameTitle"},
+                         !running);
     m_list->setEnabled(!running);
 }
 
 void BasketPane::setAdding(bool adding) {
-    for (const char* name : {"cmdPagesOpen", "cmdPagesSave", "cmdSaveAs", "mnuSaveAsJpeg"})
-        m_actions.action(name).setEnabled(!adding);
+    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdSaveAs", "mnuSaveAsJpeg"}, !adding);
 }
 
 QLayout* BasketPane::makeBar() {
@@ -51,15 +48,8 @@ QLayout* BasketPane::makeBar() {
     bar->addStretch(1);
     for (const char* name : {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete"})
         bar->addWidget(m_actions.makeButton(name, this));
-    bar->addWidget(makeSaveAs());
+    bar->addWidget(m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent", {"mnuSaveAsJpeg"}, this));
     return bar;
-}
-
-QToolButton* BasketPane::makeSaveAs() {
-    QToolButton* cmdSaveAs = m_actions.makeButton("cmdSaveAs", this, Qt::ToolButtonTextBesideIcon);
-    cmdSaveAs->setMenu(m_actions.makeMenu("mnuSaveAsParent", {"mnuSaveAsJpeg"}, this));
-    cmdSaveAs->setPopupMode(QToolButton::InstantPopup);
-    return cmdSaveAs;
 }
 
 void BasketPane::connectList() {

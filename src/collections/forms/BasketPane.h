@@ -6,7 +6,6 @@
 #include <QWidget>
 
 class QLayout;
-class QToolButton;
 
 namespace tarsel {
 
@@ -36,7 +35,6 @@ Q_SIGNALS:
 
 private:
     QLayout* makeBar();
-    QToolButton* makeSaveAs();
     void connectList();
     void connectActions();
     void addDescription();

@@ -8,9 +8,11 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QToolButton>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -27,6 +29,9 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     tbsBrowse->setElideMode(Qt::ElideRight);
     tbsBrowse->addTab(tr("Browse File System"));
     tbsBrowse->addTab(tr("Task Basket"));
+    // Complete texts where the screen has room for them.
+    tbsBrowse->setMinimumWidth(
+        std::min(tbsBrowse->sizeHint().width(), screen()->availableGeometry().width() * 26 / 100));
     m_tree->setFrameShape(QFrame::StyledPanel);
 
     auto* picFileSystem = new QWidget(this);
@@ -54,8 +59,7 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
 }
 
 void BrowsePane::setRunning(bool running) {
-    for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_3"})
-        m_actions.action(name).setEnabled(!running);
+    m_actions.setEnabled({"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_3"}, !running);
     m_tasks->setEnabled(!running);
 }
 
@@ -77,11 +81,7 @@ QWidget* BrowsePane::makeTaskPanel(const ActionTable& actions) {
     m_tasks->setAccessibleName(tr("Confirmed tasks"));
     m_tasks->setFullRowSelect(true);
     m_tasks->setHint(tr("Open a task basket to run its tasks on the pictures."));
-    auto* rows = new QVBoxLayout(picEditBar);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(4);
-    rows->addLayout(bar);
-    rows->addWidget(m_tasks, 1);
+    layOutPane(picEditBar, bar, m_tasks);
     return picEditBar;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/FolderPane.h"
 
+#include "collections/FolderRow.h"
 #include "collections/FolderView.h"
 #include "collections/forms/PictureImage.h"
 #include "controls/ActionTable.h"
@@ -20,11 +21,8 @@ FolderPane::FolderPane(FolderView& view, ListView& lvFolder, const ActionTable& 
     m_list->setAccessibleName(tr("Pictures of the folder"));
     m_list->setPixmapMaker(pixmapOf);
     m_list->setRowsDraggable();
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(4);
-    rows->addLayout(makeBar());
-    rows->addWidget(m_list, 1);
+    m_list->setUsualText(FolderColumn::Resolution, QStringLiteral("12000 X 9000 X 24"));
+    layOutPane(this, makeBar(), m_list);
     connectList();
     connectActions();
 }
@@ -49,6 +47,7 @@ void FolderPane::connectList() {
         const ListControl::RowRange rows = m_list->visibleRows();
         return std::pair(rows.first, rows.last);
     };
+    connect(&m_view, &FolderView::runningChanged, this, &FolderPane::showHint);
     connect(m_list, &ListControl::viewMoved, &m_view, &FolderView::preferVisibleRows);
     connect(m_list, &ListControl::rowDoubleClicked, this, &FolderPane::cmdAddToQueue);
     connect(m_list, &ListControl::enterPressed, this, &FolderPane::cmdAddToQueue);
@@ -88,6 +87,15 @@ void FolderPane::chooseRow() {
     const ListView& rows = m_list->list();
     if (rows.selectedRows().size() <= 1)
         Q_EMIT rowChosen(m_list->list(), rows.selectedIndex());
+}
+
+/// What an empty list says about its folder, once that has been read.
+void FolderPane::showHint() {
+    if (m_view.isRunning() || m_view.currentFolder().isEmpty())
+        m_list->setHint({});
+    else
+        m_list->setHint(m_view.refusal().isEmpty() ? tr("This folder holds no pictures that can be shown.")
+                                                   : m_view.refusal());
 }
 
 void FolderPane::showForm() {

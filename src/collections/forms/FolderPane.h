@@ -36,6 +36,7 @@ private:
     void cmdDetailFolder();
     void chooseRow();
     void showForm();
+    void showHint();
 
     FolderView& m_view;
     const ActionTable& m_actions;

@@ -2,7 +2,6 @@
 #include "collections/forms/ImageBoxView.h"
 
 #include "collections/forms/PictureImage.h"
-#include "imaging/DisplayColors.h"
 
 #include <QPainter>
 
@@ -14,7 +13,8 @@ ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QWidget(parent), m_
     setAccessibleName(tr("Preview of the selected picture"));
 }
 
-void ImageBoxView::boxChanged() {
+void ImageBoxView::boxChanged(const Picture& display) {
+    m_display = display;
     fitBox();
     m_isShowing = m_box.HasImage() && m_box.Visible;
     update();
@@ -49,14 +49,8 @@ void ImageBoxView::paintEvent(QPaintEvent*) {
 void ImageBoxView::drawScaled() {
     const double ratio = devicePixelRatioF();
     const QSize drawn = QSize(m_box.DisplayWidth(), m_box.DisplayHeight()) * ratio;
-    QImage scaled = imageOf(m_box.picture()).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const RgbConversion colors = displayConversion(m_box.metadata());
-    if (colors.changesColors()) {
-        scaled.convertTo(scaled.hasAlphaChannel() ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-        colors.convert({scaled.bits(), scaled.width(), scaled.height(), scaled.depth() / 8,
-                        std::ptrdiff_t(scaled.bytesPerLine())});
-    }
-    m_scaled = QPixmap::fromImage(scaled);
+    m_scaled =
+        QPixmap::fromImage(imageOf(m_display).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     m_scaled.setDevicePixelRatio(ratio);
     m_isStale = false;
 }

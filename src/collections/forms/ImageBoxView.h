@@ -14,8 +14,8 @@ class ImageBoxView final : public QWidget {
 public:
     explicit ImageBoxView(ImageBox& box, QWidget* parent = nullptr);
 
-    /// To be called when the box holds another picture.
-    void boxChanged();
+    /// To be called when the box holds another picture; `display` is that picture in the screen's colours.
+    void boxChanged(const Picture& display);
     QSize sizeHint() const override { return {320, 320}; }
     QSize minimumSizeHint() const override { return {80, 80}; }
 
@@ -28,6 +28,7 @@ private:
     void drawScaled();
 
     ImageBox& m_box;
+    Picture m_display;
     QPixmap m_scaled;         ///< of the last paint
     bool m_isStale = true;    ///< m_scaled shows another picture or size
     bool m_isShowing = false; ///< as of the last change of the box

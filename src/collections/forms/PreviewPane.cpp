@@ -13,15 +13,10 @@
 namespace tarsel {
 
 PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* parent) :
-    QWidget(parent), m_actions(actions), m_view(new ImageBoxView(ibMain, this)),
-    m_typeButton(makeTypeButton()) {
+    QWidget(parent), m_actions(actions), m_view(new ImageBoxView(ibMain, this)) {
     setObjectName(QStringLiteral("picView"));
     m_view->setObjectName(QStringLiteral("PicViewImage"));
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(4);
-    rows->addLayout(makeBar());
-    rows->addWidget(m_view, 1);
+    layOutPane(this, makeBar(), m_view);
     connectActions();
     setPreviewType(0);
 }
@@ -45,20 +40,13 @@ void PreviewPane::chooseType() {
     Q_EMIT previewTypeChosen(m_shownType);
 }
 
-QToolButton* PreviewPane::makeTypeButton() {
-    QToolButton* button = m_actions.makeButton("cmdPreviewType", this, Qt::ToolButtonTextBesideIcon);
-    button->setMenu(
-        m_actions.makeMenu("mnuPreviewType", {"mnuPreviewOriginal", "mnuPreviewOptimized"}, this));
-    button->setPopupMode(QToolButton::InstantPopup);
-    return button;
-}
-
 QLayout* PreviewPane::makeBar() {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
     bar->addWidget(makePaneCaption(tr("Preview"), this));
     bar->addStretch(1);
-    bar->addWidget(m_typeButton);
+    bar->addWidget(m_actions.makeMenuButton("cmdPreviewType", "mnuPreviewType",
+                                            {"mnuPreviewOriginal", "mnuPreviewOptimized"}, this));
     for (const char* name : {"cmdPreviewPrevious", "cmdPreviewNext"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;

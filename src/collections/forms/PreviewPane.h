@@ -7,7 +7,6 @@
 #include <QWidget>
 
 class QLayout;
-class QToolButton;
 
 namespace tarsel {
 
@@ -32,13 +31,11 @@ Q_SIGNALS:
 
 private:
     QLayout* makeBar();
-    QToolButton* makeTypeButton();
     void connectActions();
     void chooseType();
 
     const ActionTable& m_actions;
     ImageBoxView* m_view;
-    QToolButton* m_typeButton;
     int m_shownType = 0;
 };
 

@@ -4,16 +4,22 @@
 #include "base/ListView.h"
 
 #include <QDialog>
-
-class QPlainTextEdit;
+#include <memory>
 
 namespace tarsel {
+
+namespace Ui {
+class frmAlbumDescription;
+}
 
 /// Edits the description of one basket row.
 class frmAlbumDescription final : public QDialog {
     Q_OBJECT
 public:
     frmAlbumDescription(ListView& lvPages, int row, QWidget* owner = nullptr);
+    ~frmAlbumDescription() override;
+    frmAlbumDescription(const frmAlbumDescription&) = delete;
+    frmAlbumDescription& operator=(const frmAlbumDescription&) = delete;
 
 private:
     void dropQuotes();
@@ -21,7 +27,7 @@ private:
 
     ListView& m_pages;
     int m_row;
-    QPlainTextEdit* txtDescription;
+    std::unique_ptr<Ui::frmAlbumDescription> m_ui;
 };
 
 } // namespace tarsel

@@ -13,7 +13,7 @@
 namespace tarsel {
 
 DestinationNotice::DestinationNotice(QWidget* parent) :
-    QWidget(parent), m_destination(new ElidedLabel({}, this)), m_problem(new QLabel(this)),
+    QWidget(parent), m_destination(new ElidedLabel(this)), m_problem(new QLabel(this)),
     m_create(new QPushButton(tr("Create the fol&der"), this)) {
     m_destination->setObjectName(QStringLiteral("lblNamesFolder"));
     m_problem->setObjectName(QStringLiteral("lblNamesFolderProblem"));

@@ -1,7 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/forms/NameSummary.h"
 
+#include "base/Translation.h"
+
 namespace tarsel {
+
+namespace {
+
+QString counted(const char* one, const char* many, int count) {
+    return countedText("NameSummary", one, many, count);
+}
+
+} // namespace
 
 void NameSummary::add(const PlannedName& planned) {
     ++m_names;
@@ -27,38 +37,38 @@ void NameSummary::add(const PlannedName& planned) {
     }
 }
 
+#define MANY(text) QT_TRANSLATE_N_NOOP("NameSummary", text)
+
 QStringList NameSummary::sentences() const {
     const QStringList found = consequences();
     if (found.isEmpty())
-        return {m_names == 1 ? tr("1 name, no clashes") : tr("%n names, no clashes", nullptr, m_names)};
-    return QStringList{m_names == 1 ? tr("1 name") : tr("%n names", nullptr, m_names)} + found;
+        return {counted("1 name, no clashes", MANY("%n names, no clashes"), m_names)};
+    return QStringList{counted("1 name", MANY("%n names"), m_names)} + found;
 }
 
 QStringList NameSummary::consequences() const {
     QStringList found;
-    const auto say = [&](int count, const QString& one, const QString& many) {
+    const auto say = [&](int count, const char* one, const char* many) {
         if (count > 0)
-            found << (count == 1 ? one : many);
+            found << counted(one, many, count);
     };
-    say(m_invalid, tr("1 name is not possible: the run would end there"),
-        tr("%n names are not possible: the run would end at the first", nullptr, m_invalid));
+    say(m_invalid, "1 name is not possible: the run would end there",
+        MANY("%n names are not possible: the run would end at the first"));
     if (m_overwrite) {
-        say(m_originals, tr("1 original will be overwritten"),
-            tr("%n originals will be overwritten", nullptr, m_originals));
-        say(m_existing, tr("1 existing file will be replaced"),
-            tr("%n existing files will be replaced", nullptr, m_existing));
-        say(m_doubles, tr("1 row will replace the file of an earlier row"),
-            tr("%n rows will replace the file of an earlier row", nullptr, m_doubles));
+        say(m_originals, "1 original will be overwritten", MANY("%n originals will be overwritten"));
+        say(m_existing, "1 existing file will be replaced", MANY("%n existing files will be replaced"));
+        say(m_doubles, "1 row will replace the file of an earlier row",
+            MANY("%n rows will replace the file of an earlier row"));
     } else {
-        const int existing = m_originals + m_existing;
-        say(existing, tr("1 row will be skipped, because its file exists"),
-            tr("%n rows will be skipped, because their files exist", nullptr, existing));
-        say(m_doubles, tr("1 row will be skipped, because an earlier row has its name"),
-            tr("%n rows will be skipped, because an earlier row has their name", nullptr, m_doubles));
+        say(m_originals + m_existing, "1 row will be skipped, because its file exists",
+            MANY("%n rows will be skipped, because their files exist"));
+        say(m_doubles, "1 row will be skipped, because an earlier row has its name",
+            MANY("%n rows will be skipped, because an earlier row has their name"));
     }
-    say(m_unknown, tr("1 name is not known before the run"),
-        tr("%n names are not known before the run", nullptr, m_unknown));
+    say(m_unknown, "1 name is not known before the run", MANY("%n names are not known before the run"));
     return found;
 }
+
+#undef MANY
 
 } // namespace tarsel

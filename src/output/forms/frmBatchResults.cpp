@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/forms/frmBatchResults.h"
 
+#include "base/Dialogs.h"
+#include "base/ErrorTrap.h"
 #include "base/SystemServices.h"
+#include "base/Translation.h"
 #include "controls/FormScrollArea.h"
 #include "controls/ListControl.h"
+#include "output/forms/ui_frmBatchResults.h"
 
-#include <QCoreApplication>
-#include <QDialogButtonBox>
+#include <QAbstractItemView>
 #include <QFileInfo>
-#include <QLabel>
-#include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
 
 namespace tarsel {
@@ -48,57 +48,46 @@ QString shownState(RowState state) {
 } // namespace
 
 QString resultSummary(const std::vector<RowResult>& results) {
-    const auto translated = [](const char* text, int count = -1) {
-        return QCoreApplication::translate("frmBatchResults", text, nullptr, count);
-    };
     int counts[4] = {};
     for (const RowResult& result : results)
         ++counts[size_t(severityOf(result))];
     const auto countOf = [&](Severity severity) { return counts[size_t(severity)]; };
     const int warnings = countOf(Severity::Warning);
     const QString summary =
-        translated(QT_TRANSLATE_NOOP("frmBatchResults", "%1 written, %2 skipped, %3 failed"))
-            .arg(countOf(Severity::Written) + warnings)
-            .arg(countOf(Severity::Skipped))
-            .arg(countOf(Severity::Failed));
-    if (warnings == 0)
-        return summary;
-    const char* remark =
-        warnings == 1 ? QT_TRANSLATE_NOOP("frmBatchResults", "1 of the written pictures has a warning")
-                      : QT_TRANSLATE_NOOP("frmBatchResults", "%n of the written pictures have a warning");
-    return summary + QStringLiteral(" - ") + translated(remark, warnings);
+        warnings == 0
+            ? frmBatchResults::tr("%1 written, %2 skipped, %3 failed")
+            : countedText(
+                  "frmBatchResults",
+                  "%1 written, %2 skipped, %3 failed - 1 of the written pictures has a warning",
+                  QT_TRANSLATE_N_NOOP(
+                      "frmBatchResults",
+                      "%1 written, %2 skipped, %3 failed - %n of the written pictures have a warning"),
+                  warnings);
+    return summary.arg(countOf(Severity::Written) + warnings)
+        .arg(countOf(Severity::Skipped))
+        .arg(countOf(Severity::Failed));
 }
 
 frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget* owner) :
-    QDialog(owner), m_rows({tr("State"), tr("Source"), tr("Target"), tr("Reason")}) {
-    setObjectName(QStringLiteral("frmBatchResults"));
-    setWindowTitle(tr("Results of the batch"));
+    QDialog(owner), m_rows({tr("State"), tr("Source"), tr("Target"), tr("Reason")}),
+    m_ui(std::make_unique<Ui::frmBatchResults>()) {
+    m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     addRows(results);
-
-    auto* summary = new QLabel(resultSummary(results), this);
-    summary->setObjectName(QStringLiteral("lblSummary"));
-    summary->setWordWrap(true);
-    summary->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    QPushButton* folder = buttons->addButton(tr("&Open folder"), QDialogButtonBox::ActionRole);
-    folder->setObjectName(QStringLiteral("cmdOpenFolder"));
-    folder->setEnabled(std::any_of(results.begin(), results.end(),
-                                   [](const RowResult& r) { return r.state == RowState::Written; }));
-    QPushButton* copy = buttons->addButton(tr("&Copy all"), QDialogButtonBox::ActionRole);
-    copy->setObjectName(QStringLiteral("cmdCopyAll"));
-    connect(folder, &QPushButton::clicked, this, &frmBatchResults::openFolder);
-    connect(copy, &QPushButton::clicked, this, &frmBatchResults::copyAll);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(14, 14, 14, 14);
-    column->setSpacing(10);
-    column->addWidget(summary);
-    column->addWidget(makeList(), 1);
-    column->addWidget(buttons);
-    fitToScreen(*this, {110 * fontMetrics().averageCharWidth(), 24 * fontMetrics().height()});
+    m_ui->lblSummary->setText(resultSummary(results));
+    ListControl* list = makeList();
+    m_ui->layList->addWidget(list);
+    setTabOrder(m_ui->lblSummary, list->view());
+    setTabOrder(list->view(), m_ui->cmdOpenFolder);
+    m_ui->cmdOpenFolder->setEnabled(std::any_of(
+        results.begin(), results.end(), [](const RowResult& r) { return r.state == RowState::Written; }));
+    connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, &frmBatchResults::openFolder);
+    connect(m_ui->cmdCopyAll, &QPushButton::clicked, this, &frmBatchResults::copyAll);
+    fitToScreen(*this, {150 * fontMetrics().averageCharWidth(), 24 * fontMetrics().height()});
+    list->setFocus();
 }
+
+frmBatchResults::~frmBatchResults() = default;
 
 void frmBatchResults::addRows(std::vector<RowResult> results) {
     std::stable_sort(results.begin(), results.end(), [](const RowResult& one, const RowResult& other) {
@@ -120,8 +109,9 @@ ListControl* frmBatchResults::makeList() {
     list->setAccessibleName(tr("Results by row"));
     list->setFullRowSelect(true);
     list->setColumnWidth(0, 90);
-    for (const int column : {1, 2, 3})
+    for (const int column : {1, 2})
         list->setColumnWidth(column, 170);
+    list->setWideColumn(3);
     return list;
 }
 
@@ -131,8 +121,12 @@ void frmBatchResults::openFolder() {
     for (int i = 0; row < 0 && i < m_rows.count(); ++i)
         if (m_rows.row(i).text == shownState(RowState::Written))
             row = i;
-    if (row >= 0)
-        service<SystemServices>().shellOpen(QFileInfo(m_rows.row(row).tag).path());
+    if (row < 0)
+        return;
+    const QString folder = QFileInfo(m_rows.row(row).tag).path();
+    if (!service<SystemServices>().shellOpen(folder))
+        service<Dialogs>().messageBox(tr("The folder %1 could not be opened.").arg(folder),
+                                      MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
 }
 
 void frmBatchResults::copyAll() {

@@ -5,9 +5,14 @@
 #include "output/BatchSave.h"
 
 #include <QDialog>
+#include <memory>
 #include <vector>
 
 namespace tarsel {
+
+namespace Ui {
+class frmBatchResults;
+}
 
 class ListControl;
 
@@ -21,6 +26,9 @@ class frmBatchResults final : public QDialog {
     Q_OBJECT
 public:
     frmBatchResults(const std::vector<RowResult>& results, QWidget* owner);
+    ~frmBatchResults() override;
+    frmBatchResults(const frmBatchResults&) = delete;
+    frmBatchResults& operator=(const frmBatchResults&) = delete;
 
     const ListView& rows() const { return m_rows; }
 
@@ -31,6 +39,7 @@ private:
     void copyAll();
 
     ListView m_rows;
+    std::unique_ptr<Ui::frmBatchResults> m_ui;
 };
 
 } // namespace tarsel

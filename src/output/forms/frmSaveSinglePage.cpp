@@ -4,6 +4,7 @@
 #include "base/Conversions.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/Translation.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
 #include "output/forms/TypedCharacters.h"
@@ -15,14 +16,18 @@ namespace tarsel {
 
 namespace {
 
-QString trimmed(const QString& text) {
-    return text.trimmed();
-}
-
 /// A text of three characters stays as it is, as a drive's root does; any other gets a separator, also one
 /// that ends in a separator already.
 QString withEndingSeparator(const QString& folder) {
     return folder.trimmed().size() == 3 ? folder : folder + QLatin1Char('/');
+}
+
+/// Without the separators that earlier saves added, so that a save doesn't add one more.
+QString withoutEndingSeparator(const QString& folder) {
+    QString shown = folder.trimmed();
+    while (shown.size() > 1 && shown.endsWith(QLatin1Char('/')))
+        shown.chop(1);
+    return shown;
 }
 
 using enum StoreMoment;
@@ -42,7 +47,8 @@ constexpr FormField<BatchSave> fields[] = {
     {"sldJPGQuality", &BatchSave::JpegQuality, BeforeChecks},
     {"chkJPGProgressive", &BatchSave::JpegProgressive, BeforeChecks},
     {"optJPEGDepth", &BatchSave::JpegDepth, BeforeChecks},
-    {"txtDestinationFolder", &BatchSave::DestinationFolder, AfterChecks, trimmed, withEndingSeparator},
+    {"txtDestinationFolder", &BatchSave::DestinationFolder, AfterChecks, withoutEndingSeparator,
+     withEndingSeparator},
     {"txtImportEXIF", &BatchSave::ImportEXIFFile, AfterChecks},
     {"txtImportIPTC", &BatchSave::ImportIPTCFile, AfterChecks},
     {"chkImportEXIF", &BatchSave::ImportEXIF, AfterChecks},
@@ -117,14 +123,17 @@ void frmSaveSinglePage::connectButtons() {
 /// Whether the task basket has a part in the run.
 void frmSaveSinglePage::showTasks() {
     const int count = m_tasks.count();
+    const auto counted = [count](const char* one, const char* many) {
+        return countedText("frmSaveSinglePage", one, many, count);
+    };
     QString text;
     if (count == 0)
         text = tr("The task basket is empty.");
     else if (m_ui->chkProcessEditingList->isChecked())
-        text = count == 1 ? tr("1 task will run.") : tr("%n tasks will run.", nullptr, count);
+        text = counted("1 task will run.", QT_TR_N_NOOP("%n tasks will run."));
     else
-        text = count == 1 ? tr("The task won't run: the option above is not ticked.")
-                          : tr("The %n tasks won't run: the option above is not ticked.", nullptr, count);
+        text = counted("The task won't run: the option above is not ticked.",
+                       QT_TR_N_NOOP("The %n tasks won't run: the option above is not ticked."));
     m_ui->lblTasks->setText(text);
 }
 

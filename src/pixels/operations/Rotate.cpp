@@ -10,6 +10,7 @@
 #include "pixels/operations/RowPrefetch.h"
 #include "pixels/operations/Transposition.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -304,7 +305,8 @@ Picture halfTurned(const Picture& picture) {
 
 Picture rotate(const Picture& picture, double degrees, bool smooth, Rgb background) {
     if (!std::isfinite(degrees))
-        fail(ErrorNumber::InvalidCall, QStringLiteral("the angle of the rotation is not a number"));
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("Rotate", "the angle of the rotation is not a number"));
     const double turn = std::fmod(std::fmod(degrees, 360) + 360, 360);
     if (turn == 0)
         return picture;

@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QImage>
@@ -21,7 +22,8 @@ constexpr int largestPixelSize = 10'000;
 void requireFonts() {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         fail(ErrorNumber::InvalidCall,
-             QStringLiteral("text needs fonts, and this program was started without them"));
+             QCoreApplication::translate("TextDrawing",
+                                         "text needs fonts, and this program was started without them"));
 }
 
 /// The text's box, with the anchor at the origin.
@@ -55,7 +57,8 @@ QRect touchedPixels(const TextLine& line, const QRect& box, const QRect& picture
 QImage paintedLine(const TextLine& line, const QRect& box, const QRect& area) {
     QImage layer(area.size(), QImage::Format_ARGB32_Premultiplied);
     if (layer.isNull())
-        fail(ErrorNumber::OutOfMemory, QStringLiteral("no memory for drawing text"));
+        fail(ErrorNumber::OutOfMemory,
+             QCoreApplication::translate("TextDrawing", "no memory for drawing text"));
     layer.fill(Qt::transparent);
     QPainter painter(&layer);
     const bool smooth = !(line.font.styleStrategy() & QFont::NoAntialias);

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/WrappedText.h"
+
+#include <QScrollBar>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+constexpr int mostLines = 6;
+constexpr int leastCharacters = 20;
+} // namespace
+
+WrappedText::WrappedText(QWidget* parent) : QPlainTextEdit(parent) {
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setFrameShape(QFrame::NoFrame);
+    setTabChangesFocus(true);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    document()->setDocumentMargin(0);
+    viewport()->setAutoFillBackground(false);
+    connect(this, &QPlainTextEdit::textChanged, this, &WrappedText::fitHeight);
+}
+
+QSize WrappedText::sizeHint() const {
+    return {leastCharacters * fontMetrics().averageCharWidth(), m_lines * fontMetrics().lineSpacing() + 2};
+}
+
+void WrappedText::resizeEvent(QResizeEvent* event) {
+    QPlainTextEdit::resizeEvent(event);
+    fitHeight();
+    verticalScrollBar()->setValue(0); // the text starts at its first line
+}
+
+void WrappedText::fitHeight() {
+    const int lines = std::clamp(int(document()->size().height()), 1, mostLines);
+    if (lines == m_lines)
+        return;
+    m_lines = lines;
+    updateGeometry();
+}
+
+} // namespace tarsel
