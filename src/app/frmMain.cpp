@@ -100,6 +100,10 @@ void frmMain::connectFolderPane() {
 void frmMain::connectBasketPane() {
     ListControl& list = m_basketPane->lvPages();
     list.acceptRowsOf(&m_folderPane->lvFolder());
+    m_basket.visibleRows = [&list] {
+        const ListControl::RowRange rows = list.visibleRows();
+        return std::pair(rows.first, rows.last);
+    };
     connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { m_basket.cmdPagesNew(); });
     connect(m_basketPane, &BasketPane::cmdPagesDelete, this, [this] { m_basket.cmdPagesDelete(); });
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {

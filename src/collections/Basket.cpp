@@ -3,43 +3,15 @@
 
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
+#include "collections/BasketFilling.h"
 #include "collections/FolderView.h"
-#include "collections/OpenDocument.h"
 #include "collections/PictureFiles.h"
-#include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
-#include "imaging/DisplayColors.h"
-#include "imaging/Upright.h"
 
 #include <algorithm>
 #include <ranges>
 
 namespace tarsel {
-
-namespace {
-
-QString resolutionText(Size size) {
-    return QStringLiteral("%1 X %2").arg(size.width).arg(size.height);
-}
-
-/// The text of a row that shows `path`, whose file FileInfo describes.
-ListRow rowOf(const QString& name, const QString& path, const QString& source, Size size) {
-    ListRow row;
-    row.text = name;
-    row.tag = path;
-    row.subItems =
-        QStringList{resolutionText(size), FileInfo().fSizeFormated(0), FileInfo().fType(), source, QString()};
-    return row;
-}
-
-} // namespace
-
-/// A file on its way into the basket.
-struct Basket::Source {
-    AddedBy addedBy;
-    QString path;
-    QString fileName;
-};
 
 QStringList basketHeaders() {
     return {Basket::tr("File Name"), Basket::tr("Resolution"), Basket::tr("Size"),
@@ -49,32 +21,7 @@ QStringList basketHeaders() {
 Basket::Basket(CollectionLists lists, CollectionSettings initial) :
     settings(std::move(initial)), m_lists(lists) {}
 
-namespace {
-
-/// Pages of a row of the folder list. A row that is still being completed doesn't know them yet.
-int pagesOf(const ListRow& row) {
-    const QString known = row.subItems.value(FolderColumn::Pages - 1);
-    if (known.isEmpty() && mayHavePages(clsFileInfo::StripFileExtention(row.text)))
-        return ImageBox::PageCount(row.tag);
-    return known.toInt();
-}
-
-QStringList selectedTags(const ListView& list) {
-    QStringList tags;
-    for (const int row : list.selectedRows())
-        tags << list.row(row).tag;
-    return tags;
-}
-
-/// The row with a tag, searched from row `from` on and then from the first row; -1 when there is none.
-int rowOfTag(const ListView& list, const QString& tag, int from) {
-    for (int i = 0; i < list.count(); ++i)
-        if (const int row = (from + i) % list.count(); list.row(row).tag == tag)
-            return row;
-    return -1;
-}
-
-} // namespace
+Basket::~Basket() = default;
 
 // --- adding
 
@@ -100,190 +47,142 @@ bool Basket::Adding::goesOn() const {
     return !m_basket.m_stopAdding && !m_basket.stop.stop_requested();
 }
 
+template <class Body>
+void Basket::addTrapped(const char* routine, Body&& body) {
+    std::ignore = trap(routine, [&] { body(Adding(*this)); });
+    if (m_adding == 0 && m_thumbnailsAgain && !m_stopAdding)
+        makeThumbnailsAgain();
+}
+
 void Basket::cmdAddToQueue_Click() {
-    std::ignore = trap("FrmMain.cmdAddToQueue_Click", [&] { addSelected(AddedBy::Button, Adding(*this)); });
+    addTrapped("FrmMain.cmdAddToQueue_Click",
+               [&](const Adding& adding) { addSelected(AddedBy::Button, adding); });
 }
 
 void Basket::AddToBasketByDrag() {
-    std::ignore = trap("AddToBasketByDrag", [&] { addSelected(AddedBy::Drag, Adding(*this)); });
+    addTrapped("AddToBasketByDrag", [&](const Adding& adding) { addSelected(AddedBy::Drag, adding); });
 }
 
+/// The rows as they are now: pending input and a listing in the background change the folder list.
 void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
-        // Pending input and a listing in the background move and remove rows while files are added.
-        const QStringList tags = selectedTags(folder);
-        for (int done = 0, next = 0; done < tags.size(); ++done) {
-            m_lists.pbQueue.start(int(tags.size()), done);
-            if (!adding.goesOn())
-                break;
-            if (const int row = rowOfTag(folder, tags[done], next); row >= 0) {
-                addFolderRow(addedBy, row, adding);
-                next = row + 1;
-            }
-        }
-        showStatus(addedBy, QString());
+        std::vector<std::pair<ListRow, Picture>> selected;
+        for (const int row : folder.selectedRows())
+            selected.emplace_back(folder.row(row), pictureAt(m_lists.ilFolder, folder.row(row).icon));
+        const auto itemAt = [&](int index) -> std::optional<BasketItem> {
+            const auto& [row, thumbnail] = selected[size_t(index)];
+            if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
+                return std::nullopt;
+            return basketItem(addedBy, row, thumbnail);
+        };
+        fill(int(selected.size()), itemAt, adding, Bar::Shown);
+        m_lists.sbMain.setPanel(
+            addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
         showCount();
     }
     m_lists.lvPages.selectOnly(-1);
 }
 
-void Basket::addFolderRow(AddedBy addedBy, int folderRow, const Adding& adding) {
-    const ListRow row = m_lists.lvFolder.row(folderRow);
-    if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
-        return;
-    FileInfo().setFilePath(row.tag);
-    showStatus(addedBy, tr("Adding file to basket - '%1'").arg(row.text));
-    const Source source{addedBy, row.tag, row.text};
-    const int pages = pagesOf(row);
-    if (pages < 2)
-        addPicture(source, row);
-    else
-        addPages(source, pages, adding);
-}
-
-void Basket::addPicture(const Source& source, const ListRow& folderRow) {
-    std::optional<Thumbnail> thumbnail = folderThumbnail(folderRow);
-    if (!thumbnail)
-        thumbnail = loadThumbnail(source.path, settings.basketBox(), settings.upright);
-    if (!thumbnail) {
-        noteFailed(source.path);
-        return;
-    }
-    const QString resolution = folderRow.subItems.value(FolderColumn::Resolution - 1);
-    ListRow row;
-    row.text = rowName(source.addedBy, source.fileName);
-    row.tag = source.path;
-    row.subItems =
-        QStringList{resolution.trimmed().isEmpty() ? resolutionText(thumbnail->sourceSize) : resolution,
-                    folderRow.subItems.value(FolderColumn::FileSize - 1),
-                    folderRow.subItems.value(FolderColumn::Type - 1), source.path, QString()};
-    addRow(std::move(row), *thumbnail);
-}
-
-/// The folder list's own thumbnail of a row, scaled to the basket's size: a picture that was decoded for one
-/// list is not decoded again for the other.
-std::optional<Thumbnail> Basket::folderThumbnail(const ListRow& folderRow) const {
-    const Picture shown = pictureAt(m_lists.ilFolder, folderRow.icon);
-    const bool knowsSize = !folderRow.subItems.value(FolderColumn::Resolution - 1).trimmed().isEmpty();
-    if (shown.isNull() || !knowsSize)
-        return std::nullopt;
-    return makeThumbnail(shown, settings.basketBox());
-}
-
 void Basket::subAddEntryToListView(const QString& path) {
-    const Adding adding(*this);
-    std::ignore = trap("subAddEntryToListView", [&] {
+    addTrapped("subAddEntryToListView", [&](const Adding& adding) {
         TrappingString = QStringLiteral("Opening image list from file!");
-        FileInfo().setFilePath(path);
-        const Source source{AddedBy::BasketFile, path, clsFileInfo::StripFileFromPath(path)};
-        const bool document = mayHavePages(clsFileInfo::StripFileExtention(source.fileName));
-        if (const int pages = document ? ImageBox::PageCount(path) : 1; pages > 1)
-            return addPages(source, pages, adding);
-        const auto thumbnail = loadThumbnail(path, settings.basketBox(), settings.upright);
-        if (thumbnail)
-            addRow(rowOf(rowName(source.addedBy, source.fileName), path, path, thumbnail->sourceSize),
-                   *thumbnail);
-        else
-            noteFailed(path);
+        fill(
+            1, [&](int) { return basketItem(path); }, adding, Bar::Hidden);
     });
 }
 
-/// A row whose file can't be read keeps its picture.
+void Basket::addListedFiles(const QStringList& paths) {
+    addTrapped("subAddEntryToListView", [&](const Adding& adding) {
+        TrappingString = QStringLiteral("Opening image list from file!");
+        const auto itemAt = [&](int index) {
+            const QString& path = paths[index];
+            return clsFileInfo::CheckIfFileExists(path) ? std::optional(basketItem(path)) : std::nullopt;
+        };
+        fill(int(paths.size()), itemAt, adding, Bar::Shown);
+    });
+}
+
+/// Nothing from `itemAt` for a file that gets no row.
+void Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar) {
+    constexpr int rowsAtOnce = 500; // so that input doesn't wait long
+    BasketFilling filling(m_lists, startReading(), claimNumbers(count), count);
+    int next = 0;
+    const auto placeNext = [&] {
+        std::vector<BasketItem> items;
+        for (const int end = std::min(next + rowsAtOnce, count); next < end; ++next)
+            if (std::optional<BasketItem> item = itemAt(next))
+                items.push_back(*std::move(item));
+        filling.place(items);
+    };
+    while (next < count || !filling.isComplete()) {
+        if (bar == Bar::Shown)
+            m_lists.pbQueue.start(count, next - filling.pending());
+        if (!adding.goesOn())
+            break;
+        next < count ? placeNext() : filling.complete(visibleRows);
+    }
+    for (const QString& path : filling.failed())
+        noteFailed(path);
+}
+
+/// A stopped reading ends when the file in work is done, which may take its time: nobody waits for that.
+BasketReading& Basket::startReading() {
+    std::erase_if(m_readings, [](const auto& reading) { return reading->hasEnded(); });
+    m_readings.push_back(std::make_unique<BasketReading>(settings, readThumbnail));
+    return *m_readings.back();
+}
+
+int Basket::claimNumbers(int count) {
+    return std::exchange(m_nextNumber, m_nextNumber + count);
+}
+
 void Basket::makeThumbnailsAgain() {
-    ListView& list = m_lists.lvPages;
-    if (list.isEmpty() || !settings.thumbnails)
+    if (m_lists.lvPages.isEmpty() || !settings.thumbnails)
+        return;
+    m_thumbnailsAgain = true;
+    if (m_adding > 0)
         return;
     std::ignore = trap("Basket.makeThumbnailsAgain", [&] {
         const Adding adding(*this);
-        QStringList tags;
-        for (int row = 0; row < list.count(); ++row)
-            tags << list.row(row).tag;
-        for (int done = 0, next = 0; done < tags.size() && adding.goesOn(); ++done) {
-            m_lists.pbQueue.start(int(tags.size()), done);
-            const int row = rowOfTag(list, tags[done], next);
-            const auto thumbnail =
-                row < 0 ? std::nullopt : loadThumbnail(tags[done], settings.basketBox(), settings.upright);
-            if (!thumbnail)
-                continue;
-            m_lists.ilPages.set(list.row(row).icon, QVariant::fromValue(thumbnail->picture));
-            list.setIcon(row, list.row(row).icon);
-            next = row + 1;
-        }
+        while (std::exchange(m_thumbnailsAgain, false))
+            renewThumbnails(adding);
     });
 }
 
-void Basket::addRow(ListRow row, const Thumbnail& thumbnail) {
-    row.icon = addIcon(m_lists.ilPages, thumbnail);
-    m_lists.lvPages.attachImages(&m_lists.ilPages);
-    m_lists.lvPages.add(std::move(row));
-}
-
-// --- pages of documents
-
-void Basket::addPages(const Source& source, int pages, const Adding& adding) {
-    const bool drag = source.addedBy == AddedBy::Drag;
-    const QString extracting = drag ? tr("Please wait... extracting multipage document - '%3' Pages %1 of %2")
-                                    : tr("Please wait... extracting multipage file - '%3' Pages %1 of %2");
-    const QString name = drag ? modFileSystem::GetFileTitle(source.fileName) : source.fileName;
-    const bool showing = source.addedBy != AddedBy::BasketFile;
-    if (showing)
-        m_lists.pbQueue.start(pages);
-    const OpenDocument document(source.path);
-    for (int page = 1; page <= pages && adding.goesOn(); ++page) {
-        if (showing)
-            showStatus(source.addedBy, extracting.arg(page).arg(pages).arg(name));
-        addPage(source, document, page);
-        if (showing)
-            m_lists.pbQueue.setValue(page);
+void Basket::renewThumbnails(const Adding& adding) {
+    ListView& list = m_lists.lvPages;
+    const int count = list.count();
+    BasketReading& reading = startReading();
+    PendingRows rows(list, reading, claimNumbers(count), count);
+    std::vector<BasketSource> sources;
+    for (int row = 0; row < count; ++row)
+        sources.push_back({AddedBy::Button, list.row(row).tag, list.row(row).text, 1, {}, 0});
+    rows.renew(sources);
+    while (!rows.isEmpty() && adding.goesOn()) {
+        for (const BasketReading::Numbered& found : rows.fetch(visibleRows)) {
+            const int row = rows.rowOf(found.number);
+            rows.end(found.number);
+            if (row >= 0 && found.content.thumbnail)
+                showAgain(row, *found.content.thumbnail);
+        }
+        m_lists.pbQueue.start(count, count - rows.count());
     }
-    m_pageBox.Clear();
+    reading.stop();
 }
 
-/// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
-void Basket::addPage(const Source& source, const OpenDocument& document, int page) {
-    if (!document.loadPage(m_pageBox, page)) {
-        noteFailed(source.path);
-        return;
-    }
-    const Size size{m_pageBox.Width(), m_pageBox.Height()};
-    const QString pageFile = newPageFile(settings.programFolder, source.addedBy, source.fileName, page);
-    const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
-    if (!thumbnail) {
-        noteFailed(source.path);
-        return;
-    }
-    FileInfo().setFilePath(pageFile);
-    addRow(rowOf(pageRowName(source.addedBy, source.fileName, page), pageFile, source.path, size),
-           *thumbnail);
+void Basket::showAgain(int row, const Thumbnail& thumbnail) {
+    int icon = m_lists.lvPages.row(row).icon;
+    if (icon < 0)
+        icon = addIcon(m_lists.ilPages, thumbnail);
+    else
+        m_lists.ilPages.set(icon, QVariant::fromValue(thumbnail.picture));
+    m_lists.lvPages.setIcon(row, icon);
 }
 
-namespace {
-/// The box's picture as its thumbnail shows it; the page file keeps it as it is, with its orientation.
-Picture seenPicture(const ImageBox& box, bool upright) {
-    const Picture picture = inDisplayColors(box.picture(), box.metadata());
-    return upright ? uprightPicture(picture, exifOrientation(box.metadata())) : picture;
-}
-} // namespace
-
-/// Saves the page in the box and returns its thumbnail. A drop takes it from the page file once saved,
-/// the other ways from the box, before anything is saved.
-std::optional<Thumbnail> Basket::pageThumbnail(const Source& source, const QString& pageFile) {
-    ImageBox& box = m_pageBox;
-    if (source.addedBy == AddedBy::Drag) {
-        savePage(box, pageFile);
-        return loadThumbnail(pageFile, settings.basketBox(), settings.upright);
-    }
-    std::optional<Thumbnail> thumbnail;
-    if (ignoringErrors(
-            [&] { thumbnail = makeThumbnail(seenPicture(box, settings.upright), settings.basketBox()); }))
-        savePage(box, pageFile);
-    return thumbnail;
-}
-
-/// A document is noted once, however many of its pages fail.
+/// A file is noted once in a row.
 void Basket::noteFailed(const QString& path) {
     if (m_failed.isEmpty() || m_failed.last() != path)
         m_failed << path;
@@ -339,11 +238,6 @@ void Basket::MoveRowsTo(int target) {
 }
 
 // --- status line
-
-void Basket::showStatus(AddedBy addedBy, const QString& text) {
-    m_lists.sbMain.setPanel(addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"),
-                            text);
-}
 
 void Basket::showCount() {
     m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("%1 file(s) in basket").arg(m_lists.lvPages.count()));

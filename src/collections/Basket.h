@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "collections/BasketReading.h"
 #include "collections/CollectionLists.h"
-#include "collections/PageFiles.h"
-#include "imaging/ImageBox.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <stop_token>
+#include <utility>
+#include <vector>
 
 namespace tarsel {
 
-class OpenDocument;
-struct Thumbnail;
+struct BasketItem;
 
 /// Headers of the basket list: text and SubItems 1 to 5.
 QStringList basketHeaders();
@@ -30,12 +31,23 @@ enum : int {
 
 /// The basket: the working set of pictures and pages of documents. A row's Tag is the picture to work on: the
 /// file itself, or the page's own file in the folder Temp.
+///
+/// Files are read on threads. Rows stand in the list at once and are complete when an adding ends: a file
+/// that can't be read loses its row then, and the row of a document stands after those of its pages until the
+/// last of them is there. Rows that a stop leaves incomplete go.
 class Basket {
     Q_DECLARE_TR_FUNCTIONS(Basket)
 public:
     Basket(CollectionLists lists, CollectionSettings initial);
+    ~Basket(); ///< waits for the files in work
+    Basket(const Basket&) = delete;
+    Basket& operator=(const Basket&) = delete;
 
     CollectionSettings settings;
+    /// The first and the last row in view, which are read first.
+    std::function<std::pair<int, int>()> visibleRows;
+    /// Called on the reading threads.
+    ThumbnailReader readThumbnail = loadThumbnail;
 
     /// Adds the selected rows of lvFolder. Trapped as "FrmMain.cmdAddToQueue_Click".
     void cmdAddToQueue_Click();
@@ -43,6 +55,8 @@ public:
     void AddToBasketByDrag();
     /// Adds one file by path, as from a basket file. Trapped as "subAddEntryToListView".
     void subAddEntryToListView(const QString& path);
+    /// The same for all files of a basket file; those that are missing are skipped.
+    void addListedFiles(const QStringList& paths);
     /// Files that the last adding (of all that was selected, or of all files since the basket was emptied)
     /// could not read.
     const QStringList& LTemp() const { return m_failed; }
@@ -60,14 +74,15 @@ public:
     private:
         Basket& m_basket;
     };
-    /// Ends the running adding before its next file or page; what has been added stays.
+    /// Ends the running adding; rows that are complete stay.
     void stopAdding() { m_stopAdding = true; }
     /// A stop requested from outside ends every adding in the same way.
     std::stop_token stop;
     /// Called with true when an adding begins and with false at its end.
     std::function<void(bool)> addingChanged;
 
-    /// Makes the thumbnails of all rows again, after a change of how they are made; input runs in between.
+    /// Makes the thumbnails of all rows again, after a change of how they are made; input runs in between. A
+    /// row whose file can't be read keeps its picture. During an adding it is put off to its end.
     void makeThumbnailsAgain();
 
     void cmdPagesDelete(); ///< removes the selected rows; their page files stay
@@ -78,25 +93,27 @@ public:
     void MoveRowsTo(int target);
 
 private:
-    struct Source;
+    using ItemMaker = std::function<std::optional<BasketItem>(int index)>;
+    enum class Bar { Shown, Hidden };
 
+    template <class Body>
+    void addTrapped(const char* routine, Body&& body);
     void addSelected(AddedBy addedBy, const Adding& adding);
-    void addFolderRow(AddedBy addedBy, int folderRow, const Adding& adding);
-    void addPicture(const Source& source, const ListRow& folderRow);
-    void addPages(const Source& source, int pages, const Adding& adding);
-    void addPage(const Source& source, const OpenDocument& document, int page);
-    std::optional<Thumbnail> pageThumbnail(const Source& source, const QString& pageFile);
-    std::optional<Thumbnail> folderThumbnail(const ListRow& folderRow) const;
-    void addRow(ListRow row, const Thumbnail& thumbnail);
-    void showStatus(AddedBy addedBy, const QString& text);
+    void fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar);
+    void renewThumbnails(const Adding& adding);
+    void showAgain(int row, const Thumbnail& thumbnail);
+    BasketReading& startReading();
+    int claimNumbers(int count);
     void showCount();
     void noteFailed(const QString& path);
 
     CollectionLists m_lists;
-    ImageBox m_pageBox; ///< pages on their way to their files; the preview's box shows another picture
     QStringList m_failed;
     int m_adding = 0; ///< additions in progress: one may run inside another
     bool m_stopAdding = false;
+    bool m_thumbnailsAgain = false; ///< wanted and not begun
+    int m_nextNumber = 0;
+    std::vector<std::unique_ptr<BasketReading>> m_readings; ///< also stopped ones with a file still in work
 };
 
 } // namespace tarsel

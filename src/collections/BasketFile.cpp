@@ -3,7 +3,6 @@
 
 #include "base/ErrorTrap.h"
 #include "base/clsFile.h"
-#include "collections/clsFileInfo.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -72,14 +71,10 @@ QString pathOfLine(const QString& line, const QString& file, size_t number) {
 }
 
 void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, CollectionLists& lists) {
-    const Basket::Adding adding(basket);
-    lists.pbQueue.start(int(entries.size()), 1);
-    for (int i = 0; i < int(entries.size()) && adding.goesOn(); ++i) {
-        const QString& path = entries[size_t(i)].path;
-        if (clsFileInfo::CheckIfFileExists(path))
-            basket.subAddEntryToListView(path);
-        lists.pbQueue.setValue(i + 1);
-    }
+    QStringList paths;
+    for (const BasketEntry& entry : entries)
+        paths << entry.path;
+    basket.addListedFiles(paths);
     // Paired by number: after a document or a missing file the description is another row's.
     for (int i = 0; i < std::min(int(entries.size()), lists.lvPages.count()); ++i)
         lists.lvPages.setSubItem(i, BasketColumn::Description, entries[size_t(i)].description);

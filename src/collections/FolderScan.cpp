@@ -1,54 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/FolderScan.h"
 
-#include "base/Stop.h"
 #include "collections/PictureFiles.h"
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 
 namespace tarsel {
 
-namespace {
-
-int completers() {
-    return int(std::clamp(std::thread::hardware_concurrency(), 1u, 4u));
-}
-
-} // namespace
-
 FolderScan::FolderScan(Request request, std::function<void()> wake) :
-    m_request(std::move(request)), m_wake(std::move(wake)), m_running(completers() + 1) {
-    const auto run = [this](void (FolderScan::*work)()) {
-        m_threads.emplace_back([this, work] {
-            (this->*work)();
-            const std::lock_guard lock(m_mutex);
-            --m_running;
-        });
-    };
-    run(&FolderScan::listRows);
-    for (int i = 0; i < completers(); ++i)
-        run(&FolderScan::completeRows);
-}
+    m_request(std::move(request)), m_wake(std::move(wake)),
+    m_contents([this](int number) { completeRow(number); }), m_lister([this] { listRows(); }) {}
 
 FolderScan::~FolderScan() {
     stop();
-    for (std::thread& thread : m_threads)
-        thread.join();
+    m_lister.join();
 }
 
 void FolderScan::stop() {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_stop.request_stop();
-    }
-    m_changed.notify_all();
+    m_contents.stop();
 }
 
 bool FolderScan::hasEnded() const {
     const std::lock_guard lock(m_mutex);
-    return m_running == 0;
+    return !m_isListing && m_contents.hasEnded();
 }
 
 int FolderScan::count() const {
@@ -56,23 +31,10 @@ int FolderScan::count() const {
     return int(m_names.size());
 }
 
-// --- failures
-
 /// An exception that leaves a thread would end the program.
-template <class Work>
-void FolderScan::deliveringFailure(Work&& work) {
-    try {
-        work();
-    } catch (const TrappedError& error) {
-        deliver(error);
-    } catch (const std::bad_alloc&) {
-        deliver({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)});
-    } catch (const std::exception& error) {
-        deliver({ErrorNumber::InvalidCall, QString::fromUtf8(error.what())});
-    }
-}
-
-void FolderScan::deliver(TrappedError failure) {
+void FolderScan::deliver(std::optional<TrappedError> failure) {
+    if (!failure)
+        return;
     const std::lock_guard lock(m_mutex);
     m_waiting.failure = std::move(failure);
     wakeOwner();
@@ -81,8 +43,9 @@ void FolderScan::deliver(TrappedError failure) {
 // --- rows
 
 void FolderScan::listRows() {
-    deliveringFailure([this] { m_request.known.isEmpty() ? makeRows() : takeKnownRows(); });
+    deliver(failureOf([this] { m_request.known.isEmpty() ? makeRows() : takeKnownRows(); }));
     const std::lock_guard lock(m_mutex);
+    m_isListing = false;
     m_waiting.allRows = true;
     wakeOwner();
 }
@@ -93,80 +56,62 @@ void FolderScan::makeRows() {
     constexpr size_t firstRows = 100;
     constexpr size_t growth = 8;
     constexpr size_t mostRows = 6400;
-    const std::stop_token stop = m_stop.get_token();
     const QStringList names = pictureFiles(m_request.folder);
     setNames(names);
     clsFileInfo info = m_request.info;
     size_t enough = firstRows;
-    for (int number = 0; number < int(names.size()) && !stop.stop_requested(); ++number) {
-        ListRow row = folderRow(m_request.folder, names[number], info, m_request.settings.longFileSize);
-        row.number = number;
-        const std::lock_guard lock(m_mutex);
-        m_made.push_back(std::move(row));
-        if (m_made.size() < enough && number + 1 < int(names.size()))
+    std::vector<ListRow> made;
+    for (int number = 0; number < int(names.size()) && !m_contents.hasStopped(); ++number) {
+        made.push_back(folderRow(m_request.folder, names[number], info, m_request.settings.longFileSize));
+        made.back().number = number;
+        if (made.size() < enough && number + 1 < int(names.size()))
             continue;
         enough = std::min(enough * growth, mostRows);
-        for (const ListRow& made : m_made)
-            m_isPending[size_t(made.number)] = true;
-        m_handedOn = number + 1;
-        std::move(m_made.begin(), m_made.end(), std::back_inserter(m_waiting.rows));
-        m_made.clear();
-        m_changed.notify_all();
+        handOn(std::exchange(made, {}));
+    }
+}
+
+void FolderScan::handOn(std::vector<ListRow> rows) {
+    std::vector<int> numbers;
+    for (const ListRow& row : rows)
+        numbers.push_back(row.number);
+    {
+        const std::lock_guard lock(m_mutex);
+        std::move(rows.begin(), rows.end(), std::back_inserter(m_waiting.rows));
         wakeOwner();
     }
+    m_contents.add(numbers);
 }
 
 void FolderScan::takeKnownRows() {
     setNames(m_request.known);
-    const std::lock_guard lock(m_mutex);
-    for (int number = 0; number < int(m_names.size()); ++number)
-        m_isPending[size_t(number)] = !m_names[number].isEmpty();
-    m_handedOn = int(m_names.size());
-    m_changed.notify_all();
+    std::vector<int> numbers;
+    for (int number = 0; number < int(m_request.known.size()); ++number)
+        if (!m_request.known[number].isEmpty())
+            numbers.push_back(number);
+    m_contents.add(numbers);
 }
 
 void FolderScan::setNames(const QStringList& names) {
     const std::lock_guard lock(m_mutex);
     m_names = names;
-    m_isPending.resize(size_t(names.size()), false);
 }
 
 // --- what completes them
 
-void FolderScan::completeRows() {
-    const StopScope scope(m_stop.get_token()); // a stop also ends the wait for a slow decoder
-    deliveringFailure([this] {
-        while (const std::optional<int> number = takeNumber()) {
-            const QString path = joinedPath(m_request.folder, m_names.at(*number));
-            NumberedContent completed{*number, m_request.readContent(path, m_request.settings)};
+void FolderScan::completeRow(int number) {
+    deliver(failureOf([&] {
+        QString name;
+        {
             const std::lock_guard lock(m_mutex);
-            m_waiting.contents.push_back(std::move(completed));
-            wakeOwner();
+            name = m_names.at(number);
         }
-    });
-}
-
-/// Waits for a row to complete. Nothing after a stop.
-std::optional<int> FolderScan::takeNumber() {
-    std::unique_lock lock(m_mutex);
-    for (;;) {
-        if (m_stop.stop_requested())
-            return std::nullopt;
-        while (!m_preferred.empty() && !isPending(m_preferred.back()))
-            m_preferred.pop_back();
-        while (m_firstPending < m_handedOn && !isPending(m_firstPending))
-            ++m_firstPending;
-        const int number = m_preferred.empty() ? m_firstPending : m_preferred.back();
-        if (isPending(number)) {
-            m_isPending[size_t(number)] = false;
-            return number;
-        }
-        m_changed.wait(lock);
-    }
-}
-
-bool FolderScan::isPending(int number) const {
-    return number >= 0 && size_t(number) < m_isPending.size() && m_isPending[size_t(number)];
+        const QString path = joinedPath(m_request.folder, name);
+        NumberedContent completed{number, m_request.readContent(path, m_request.settings)};
+        const std::lock_guard lock(m_mutex);
+        m_waiting.contents.push_back(std::move(completed));
+        wakeOwner();
+    }));
 }
 
 // --- the owner's side
@@ -205,12 +150,6 @@ FolderScan::Delivery FolderScan::fetch(Limits most) {
         delivery = std::exchange(m_waiting, {});
     }
     return delivery;
-}
-
-void FolderScan::prefer(std::vector<int> numbers) {
-    std::reverse(numbers.begin(), numbers.end());
-    const std::lock_guard lock(m_mutex);
-    m_preferred = std::move(numbers);
 }
 
 } // namespace tarsel

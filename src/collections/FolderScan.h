@@ -3,12 +3,11 @@
 
 #include "base/TrappedError.h"
 #include "collections/FolderRow.h"
+#include "collections/NumberedWork.h"
 
-#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <optional>
-#include <stop_token>
 #include <thread>
 #include <vector>
 
@@ -57,37 +56,28 @@ public:
     };
     Delivery fetch(Limits most);
     /// Rows that are to be completed before all others, in that order.
-    void prefer(std::vector<int> numbers);
+    void prefer(std::vector<int> numbers) { m_contents.prefer(std::move(numbers)); }
     int count() const; ///< files of the folder; 0 until they are known
 
 private:
     void listRows();
     void makeRows();
+    void handOn(std::vector<ListRow> rows);
     void takeKnownRows();
     void setNames(const QStringList& names);
-    void completeRows();
-    template <class Work>
-    void deliveringFailure(Work&& work);
-    void deliver(TrappedError failure);
-    std::optional<int> takeNumber();
-    bool isPending(int number) const;
+    void completeRow(int number);
+    void deliver(std::optional<TrappedError> failure);
     void wakeOwner();
 
     const Request m_request;
     const std::function<void()> m_wake;
-    std::stop_source m_stop;
     mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
     QStringList m_names;
     Delivery m_waiting;
-    std::vector<ListRow> m_made;   ///< rows that wait until there are enough of them
-    std::vector<bool> m_isPending; ///< by number: made and not yet being completed
-    std::vector<int> m_preferred;  ///< the next one last
-    int m_firstPending = 0;        ///< no row before it is pending
-    int m_handedOn = 0;            ///< rows that the owner has or can fetch
     bool m_woken = false;
-    int m_running = 0;
-    std::vector<std::thread> m_threads;
+    bool m_isListing = true;
+    NumberedWork m_contents; ///< what completes the rows
+    std::thread m_lister;
 };
 
 } // namespace tarsel

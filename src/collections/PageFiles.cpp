@@ -2,14 +2,17 @@
 #include "collections/PageFiles.h"
 
 #include "base/RandomNumbers.h"
+#include "base/TrappedError.h"
 #include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
 #include "imaging/ImageBox.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QScopedValueRollback>
+
+#include <cerrno>
+#include <cstdio>
 
 namespace tarsel {
 
@@ -17,12 +20,6 @@ namespace {
 
 QString temporaryFolderPath(const QString& programFolder) {
     return joinedPath(programFolder, QStringLiteral("Temp"));
-}
-
-/// A dangling link takes a name too.
-bool isTaken(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink();
 }
 
 } // namespace
@@ -41,19 +38,25 @@ QString pageRowName(AddedBy addedBy, const QString& fileName, int page) {
     return addedBy == AddedBy::Drag ? name + QLatin1Char('(') + number + QLatin1Char(')') : name + number;
 }
 
-QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page) {
-    constexpr int draws = 32;
+int drawPageFileNumber() {
+    return int(service<RandomNumbers>().randomNumber() * 9999);
+}
+
+QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page,
+                    int number) {
     modFileSystem::MakeFolder(temporaryFolderPath(programFolder));
     const QString name = addedBy == AddedBy::Drag ? modFileSystem::GetFileTitle(fileName) : fileName;
     const QString start = temporaryFolder(programFolder) + name + QString::number(page) + QLatin1Char('_');
-    // A page file that is there may be the picture of another row: it must never be written over. Should
-    // chance find no free name, counting does.
-    int number = 0;
-    for (int draw = 0;; ++draw) {
-        number = draw < draws ? int(service<RandomNumbers>().randomNumber() * 9999) : number + 1;
-        QString path = start + QString::number(number) + QStringLiteral(".tif");
-        if (!isTaken(path))
+    // A page file that is there may be the picture of another row: it must never be written over. A dangling
+    // link takes a name too.
+    for (;; ++number) {
+        const QString path = start + QString::number(number) + QStringLiteral(".tif");
+        if (std::FILE* made = std::fopen(QFile::encodeName(path).constData(), "wbx")) {
+            std::fclose(made);
             return path;
+        }
+        if (errno != EEXIST)
+            failForErrno(errno, path);
     }
 }
 
@@ -74,6 +77,11 @@ QDir temporaryFiles(const QString& programFolder, const QStringList& patterns) {
 }
 
 } // namespace
+
+void deletePageFile(const QString& path) {
+    if (!path.isEmpty())
+        QFile::remove(path);
+}
 
 void deletePageFiles(const QString& programFolder) {
     const QDir folder = temporaryFiles(programFolder, {QStringLiteral("*.tif")});

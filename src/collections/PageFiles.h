@@ -20,13 +20,20 @@ QString rowName(AddedBy addedBy, const QString& fileName);
 /// file.
 QString pageRowName(AddedBy addedBy, const QString& fileName, int page);
 
-/// A path for the file of a page that no file has yet, in the folder Temp, which is made when missing:
-/// `<name><n>_<random>.tif`.
-QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page);
+/// A number by chance at which the numbers of a document's page files begin. To be called on the main thread.
+int drawPageFileNumber();
+
+/// Makes an empty file for a page, in the folder Temp, which is made when missing, and returns its path:
+/// `<name><n>_<number>.tif`, with the first number from `number` on of which there is no file yet. Any number
+/// of threads may call it.
+QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page,
+                    int number);
 
 /// Saves the page that the box holds without loss and small: one bit a pixel for black and white, else LZW.
 /// The box keeps its save settings.
 void savePage(ImageBox& box, const QString& path);
+
+void deletePageFile(const QString& path); ///< nothing for an empty path
 
 /// Deletes all page files, those of earlier runs too. What can't be deleted stays.
 void deletePageFiles(const QString& programFolder);

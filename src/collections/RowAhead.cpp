@@ -2,12 +2,14 @@
 #include "collections/RowAhead.h"
 
 #include "base/EventLoop.h"
+#include "base/IgnoringErrors.h"
 #include "collections/LoadSource.h"
+#include "collections/NumberedWork.h"
 #include "imaging/Upright.h"
 #include "tasks/Replay.h"
 
 #include <algorithm>
-#include <new>
+#include <system_error>
 #include <utility>
 
 namespace tarsel {
@@ -16,21 +18,6 @@ namespace {
 
 constexpr int PicturesHeld = 1 + RowAhead::RowsAhead;
 constexpr std::chrono::milliseconds BetweenEvents{10};
-
-/// The error of `work`. Values cross threads, exceptions don't.
-template <class Work>
-std::optional<TrappedError> failureOf(const Work& work) {
-    try {
-        work();
-        return std::nullopt;
-    } catch (const TrappedError& error) {
-        return error;
-    } catch (const std::bad_alloc&) {
-        return TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory), {}};
-    } catch (const std::exception& error) {
-        return TrappedError{ErrorNumber::InvalidCall, QString::fromUtf8(error.what()), {}};
-    }
-}
 
 bool ranOutOfMemory(const std::optional<TrappedError>& failure) {
     return failure && failure->number == ErrorNumber::OutOfMemory;
@@ -71,7 +58,8 @@ struct RowAhead::Load {
 struct RowAhead::Preparation {
     const std::shared_ptr<Load> load;
     const std::vector<TaskRow> tasks;
-    ImageBox box; ///< the settings, until the work begins
+    ImageBox box;           ///< the settings, until the work begins
+    Awaited<bool> isLoaded; ///< the tasks begin
     Awaited<PreparedRow> result;
 
     Preparation(std::shared_ptr<Load> source, std::vector<TaskRow> rows, const ImageBox& settings) :
@@ -80,6 +68,7 @@ struct RowAhead::Preparation {
     }
     void run(const std::stop_token& stop) {
         Load::Result loaded = load->result.take();
+        isLoaded.set(true);
         PreparedRow made;
         made.isPicture = loaded.isPicture && !loaded.failure;
         made.loadFailure = std::move(loaded.failure);
@@ -118,8 +107,17 @@ private:
 };
 
 RowAhead::RowAhead(Rules rules) :
-    m_rules(std::move(rules)),
-    m_threads(m_rules.readAhead ? std::make_unique<Threads>(m_rules.stop) : nullptr) {}
+    m_rules(std::move(rules)), m_threads(m_rules.readAhead ? startThreads() : nullptr) {}
+
+/// Without threads the rows are done one after the other.
+std::unique_ptr<RowAhead::Threads> RowAhead::startThreads() const {
+    try {
+        return std::make_unique<Threads>(m_rules.stop);
+    } catch (const std::system_error& error) {
+        logIgnored(QString::fromUtf8(error.what()));
+        return nullptr;
+    }
+}
 
 RowAhead::~RowAhead() {
     stopAndDrop();
@@ -158,40 +156,47 @@ void RowAhead::begin(int row, const QString& path, const ImageBox& box, const st
 
 /// What was begun for the row, waited for; nothing if it is of no use.
 std::optional<PreparedRow> RowAhead::takeBegun(int row, const QString& path,
-                                               const std::vector<TaskRow>& tasks) {
+                                               const std::vector<TaskRow>& tasks,
+                                               const std::function<void()>& onLoaded) {
     const std::shared_ptr<Preparation> begun = std::exchange(m_begun, nullptr);
     if (!begun)
         return std::nullopt;
+    const auto isOfUse = [&] {
+        const Load& load = *begun->load;
+        return load.row == row && load.path == path && load.stamp == FileStamp::of(path) &&
+               begun->tasks == tasks;
+    };
+    waitLettingEventsRun(begun->isLoaded);
+    if (isOfUse())
+        onLoaded();
     waitLettingEventsRun(begun->result);
-    const Load& load = *begun->load;
-    if (load.row != row || load.path != path || load.stamp != FileStamp::of(path) || begun->tasks != tasks)
-        return std::nullopt;
-    return begun->result.take();
+    return isOfUse() ? std::optional(begun->result.take()) : std::nullopt;
 }
 
 PreparedRow RowAhead::take(int row, const QString& path, const ImageBox& box,
-                           const std::vector<TaskRow>& tasks) {
+                           const std::vector<TaskRow>& tasks, const std::function<void()>& onLoaded) {
     if (!m_threads)
-        return prepareAlone(row, path, box, tasks);
-    std::optional<PreparedRow> prepared = takeBegun(row, path, tasks);
+        return prepareAlone(row, path, box, tasks, onLoaded);
+    std::optional<PreparedRow> prepared = takeBegun(row, path, tasks, onLoaded);
     if (!prepared) {
         begin(row, path, box, tasks);
-        prepared = takeBegun(row, path, tasks);
+        prepared = takeBegun(row, path, tasks, onLoaded);
     }
     if (prepared && !ranOutOfMemory(prepared->loadFailure) && !ranOutOfMemory(prepared->taskFailure))
         return *std::move(prepared);
     prepared.reset(); // before the next one takes its memory
     stopAndDrop();
-    PreparedRow alone = prepareAlone(row, path, box, tasks);
-    m_threads = std::make_unique<Threads>(m_rules.stop);
+    PreparedRow alone = prepareAlone(row, path, box, tasks, onLoaded);
+    m_threads = startThreads();
     return alone;
 }
 
 /// On this thread, with no other picture held.
 PreparedRow RowAhead::prepareAlone(int row, const QString& path, const ImageBox& box,
-                                   const std::vector<TaskRow>& tasks) {
+                                   const std::vector<TaskRow>& tasks, const std::function<void()>& onLoaded) {
     const auto load = std::make_shared<Load>(row, path);
     load->run(m_rules, m_rules.stop);
+    onLoaded();
     Preparation preparation(load, tasks, box);
     preparation.run({});
     return preparation.result.take();
@@ -208,7 +213,7 @@ void RowAhead::finish(const std::function<void()>& work) {
     if (ranOutOfMemory(failure)) {
         stopAndDrop();
         work();
-        m_threads = std::make_unique<Threads>(m_rules.stop);
+        m_threads = startThreads();
     } else if (failure) {
         throw *failure;
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/FileStamp.h"
 #include "base/TrappedError.h"
-#include "collections/FileStamp.h"
 #include "collections/WorkQueue.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
@@ -48,8 +48,10 @@ public:
     void load(int row, const QString& path);
     /// Begins the row's tasks in a box with the settings of `box`.
     void begin(int row, const QString& path, const ImageBox& box, const std::vector<TaskRow>& tasks);
-    /// The finished row, begun now where it wasn't before or in other circumstances.
-    PreparedRow take(int row, const QString& path, const ImageBox& box, const std::vector<TaskRow>& tasks);
+    /// The finished row, begun now where it wasn't before or in other circumstances. `onLoaded` is called
+    /// when its source has been read and only the tasks are left.
+    PreparedRow take(int row, const QString& path, const ImageBox& box, const std::vector<TaskRow>& tasks,
+                     const std::function<void()>& onLoaded);
     /// Runs the last step of a row beside what was begun; raises what it raises.
     void finish(const std::function<void()>& work);
 
@@ -58,10 +60,12 @@ private:
     struct Preparation;
     class Threads;
 
+    std::unique_ptr<Threads> startThreads() const;
     std::shared_ptr<Load> takeLoad(int row, const QString& path);
-    std::optional<PreparedRow> takeBegun(int row, const QString& path, const std::vector<TaskRow>& tasks);
+    std::optional<PreparedRow> takeBegun(int row, const QString& path, const std::vector<TaskRow>& tasks,
+                                         const std::function<void()>& onLoaded);
     PreparedRow prepareAlone(int row, const QString& path, const ImageBox& box,
-                             const std::vector<TaskRow>& tasks);
+                             const std::vector<TaskRow>& tasks, const std::function<void()>& onLoaded);
     void stopAndDrop();
 
     const Rules m_rules;

@@ -3,7 +3,6 @@
 
 #include "base/ErrorSubject.h"
 #include "base/EventLoop.h"
-#include "collections/Basket.h"
 #include "collections/RowAhead.h"
 #include "collections/RowWork.h"
 
@@ -19,11 +18,6 @@ struct HiddenAtEnd {
 };
 
 } // namespace
-
-QString shownSource(const ListRow& row) {
-    const QString source = row.subItems.value(BasketColumn::SourcePath - 1);
-    return source.isEmpty() ? row.tag : source;
-}
 
 RowLoop::RowLoop(const RowRun& run, RowConsumer& consumer, ImageBox& box, Progress& progress,
                  std::vector<RowResult>& results) :
@@ -55,6 +49,8 @@ bool RowLoop::isCancelled() {
 /// Records the row's result in any case, then lets an error go on, with the row's source in it.
 void RowLoop::work(RowAhead& ahead) {
     const int position = m_next++;
+    if (position > m_run.rows.count())
+        return recordUndone(position, SkipReason::Removed);
     RowWork row(m_run, m_consumer, m_box, ahead, position);
     for (int later = position; later <= std::min(position + RowAhead::RowsAhead, m_run.lastThere()); ++later)
         ahead.load(later, m_consumer.readablePath(m_run.rows.row(later - 1).tag));
@@ -73,13 +69,18 @@ void RowLoop::work(RowAhead& ahead) {
 }
 
 void RowLoop::finish() {
-    for (; m_next <= std::min(m_last, m_run.lastThere()); ++m_next) {
-        RowResult result;
-        result.row = m_next;
-        result.source = shownSource(m_run.rows.row(m_next - 1));
-        result.skip(m_cancelled ? SkipReason::Cancelled : SkipReason::NotReached);
-        record(std::move(result));
-    }
+    for (; m_next <= m_last; ++m_next)
+        recordUndone(m_next, m_cancelled ? SkipReason::Cancelled : SkipReason::NotReached);
+}
+
+/// The list may have shrunk since the start.
+void RowLoop::recordUndone(int position, SkipReason reason) {
+    RowResult result;
+    result.row = position;
+    if (position <= m_run.rows.count())
+        result.source = shownSource(m_run.rows.row(position - 1));
+    result.skip(reason);
+    record(std::move(result));
 }
 
 void RowLoop::record(RowResult result) {

@@ -1,57 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/ListView.h"
 #include "base/Progress.h"
-#include "collections/RowResult.h"
-#include "imaging/ImageBox.h"
-#include "tasks/TaskList.h"
+#include "collections/RowRun.h"
 
-#include <algorithm>
-#include <functional>
-#include <stop_token>
 #include <vector>
 
 namespace tarsel {
 
 class RowAhead;
-
-/// What a run does with the rows of a list.
-struct RowRun {
-    const ListView& rows;
-    int firstRow = 1; ///< rows outside are not done, but keep their numbers
-    int lastRow = 0;  ///< 0: to the last
-    bool upright = false;
-    std::function<std::vector<TaskRow>()> tasks; ///< asked for each row
-    std::stop_token stop; ///< ends the loading of a row's picture: that row and the rest are cancelled
-    std::function<void(const RowResult&)> onRow; ///< called for each row as soon as it is done
-    /// The next sources are read, and the next row's tasks run, while a row is in work. The results are the
-    /// same without it.
-    bool readAhead = true;
-
-    /// The last row to do; the list may have shrunk since the start.
-    int lastThere() const { return lastRow > 0 ? std::min(lastRow, rows.count()) : rows.count(); }
-};
-
-/// The last step of a run: what becomes of each picture. All but the work that `consume` returns is called on
-/// the thread of the run, in the order of the rows; any of it may raise errors, which end the run.
-class RowConsumer {
-public:
-    virtual ~RowConsumer() = default;
-    /// Where a row's source can be read now: another path when the run itself replaced that file.
-    virtual QString readablePath(const QString& source) const { return source; }
-    /// Decides on the picture in `box`, as the tasks left it, and fills in the row's target. Returns the work
-    /// that is left, mostly writing; the next row's tasks may begin beside it, but see nothing of the box.
-    /// Returns nothing when the row's result is final.
-    virtual std::function<void()> consume(const ListRow& row, ImageBox& box, RowResult& result) = 0;
-    /// That work has succeeded.
-    virtual void noteWritten(const RowResult&) {}
-    /// Nothing more is done for the row, whatever became of it.
-    virtual void noteDone(RowResult&) {}
-};
-
-/// The file that the user knows a row by: of an extracted page that is its document.
-QString shownSource(const ListRow& row);
 
 /// The loop over the rows of a list: load, tasks, the consumer's last step; with progress, cancel and a
 /// result for each row.
@@ -70,6 +27,7 @@ private:
     bool isCancelled();
     void work(RowAhead& ahead);
     void record(RowResult result);
+    void recordUndone(int position, SkipReason reason);
 
     const RowRun& m_run;
     RowConsumer& m_consumer;

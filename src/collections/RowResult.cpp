@@ -18,6 +18,8 @@ QString skipText(SkipReason reason) {
         return QCoreApplication::translate("RowResult", "cancelled");
     case SkipReason::NotReached:
         return QCoreApplication::translate("RowResult", "not reached");
+    case SkipReason::Removed:
+        return QCoreApplication::translate("RowResult", "the row was removed during the run");
     case SkipReason::None:
     case SkipReason::NoPicture:
     case SkipReason::Refused:

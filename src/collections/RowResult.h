@@ -17,6 +17,7 @@ enum class SkipReason {
     Cancelled,  ///< the run was cancelled before the row or while it was loaded
     NotReached, ///< the run ended in an error before
     NoPicture,  ///< the source holds no picture; the first remark says why
+    Removed,    ///< the row was taken out of the list during the run
     Refused     ///< its file would replace a source; the first remark says which
 };
 

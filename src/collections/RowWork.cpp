@@ -57,9 +57,12 @@ bool RowWork::load() {
 
 /// The pointer of a busy program stays on after a failed task: whoever sets it next puts it right.
 PreparedRow RowWork::prepare() {
-    if (!m_tasks.empty())
-        service<EventLoop>().setBusyPointer(true);
-    PreparedRow prepared = m_ahead.take(m_position, m_consumer.readablePath(m_row.tag), m_box, m_tasks);
+    const auto onLoaded = [this] {
+        if (!m_tasks.empty())
+            service<EventLoop>().setBusyPointer(true);
+    };
+    PreparedRow prepared =
+        m_ahead.take(m_position, m_consumer.readablePath(m_row.tag), m_box, m_tasks, onLoaded);
     if (!m_tasks.empty() && !prepared.taskFailure)
         service<EventLoop>().setBusyPointer(false);
     return prepared;

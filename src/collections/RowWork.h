@@ -2,7 +2,7 @@
 #pragma once
 
 #include "collections/RowAhead.h"
-#include "collections/RowLoop.h"
+#include "collections/RowRun.h"
 
 namespace tarsel {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/ImageBox.h"
 
+#include "base/FileStamp.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/Stop.h"
@@ -12,7 +13,6 @@
 #include "imaging/SaveFormats.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <mutex>
@@ -36,36 +36,34 @@ class MergedPictures {
 public:
     /// Decodes outside of the lock, so that no thread waits for another one's file.
     Merged load(const QString& path) {
-        const QFileInfo file(path);
-        const Merged known = kept(path, file);
+        const FileStamp stamp = FileStamp::of(path);
+        const Merged known = kept(path, stamp);
         if (!known.picture.isNull())
             return known;
         DecodedPicture read = PictureFile(path).decode();
         const Merged merged{std::move(read.picture), std::move(read.metadata.iccProfile)};
-        keep(path, file, merged);
+        keep(path, stamp, merged);
         return merged;
     }
 
 private:
     /// A null picture when it is another one; that one goes, to make room.
-    Merged kept(const QString& path, const QFileInfo& file) {
+    Merged kept(const QString& path, const FileStamp& stamp) {
         const std::lock_guard lock(m_mutex);
-        if (path != m_path || file.lastModified() != m_modified || file.size() != m_size)
+        if (path != m_path || stamp != m_stamp)
             m_merged = {};
         return m_merged;
     }
-    void keep(const QString& path, const QFileInfo& file, const Merged& merged) {
+    void keep(const QString& path, const FileStamp& stamp, const Merged& merged) {
         const std::lock_guard lock(m_mutex);
         m_merged = merged;
         m_path = path;
-        m_modified = file.lastModified();
-        m_size = file.size();
+        m_stamp = stamp;
     }
 
     std::mutex m_mutex;
     QString m_path;
-    QDateTime m_modified;
-    qint64 m_size = 0;
+    FileStamp m_stamp;
     Merged m_merged;
 };
 

@@ -183,14 +183,15 @@ TEST_F(BasketFileTest, ANameThatWouldReadBackAsAnotherIsRefusedAndTheOldListStay
     desktop.reports.clear();
 }
 
-TEST_F(BasketFileTest, AStoppedOpeningKeepsWhatWasAdded) {
-    makePicture(picture("a.png"), {3, 3});
+TEST_F(BasketFileTest, AStoppedOpeningKeepsWhatIsComplete) {
+    makePictures({"a.png", "held.png"});
     Basket pages = basket();
-    const QString line = QStringLiteral("\"%1\"\r\n").arg(picture("a.png"));
-    desktop.onYield = [&] {
-        if (lvPages.count() == 2)
-            pages.stopAdding();
-    };
-    EXPECT_TRUE(fncOpenImageBasket(writtenList("l.ibf", line.repeated(5)), pages, lists));
-    EXPECT_EQ(lvPages.count(), 2);
+    HeldReader reader(pages, "held");
+    const QString line = QStringLiteral("\"%1\"\r\n");
+    const QString lines = line.arg(picture("a.png")) + line.arg(picture("held.png")).repeated(4);
+    when([&] { return lvPages.count() == 5 && completeRows() == 1; }, [&] { pages.stopAdding(); });
+    EXPECT_TRUE(fncOpenImageBasket(writtenList("l.ibf", lines), pages, lists));
+    for (int i = 0; i < 4; ++i)
+        reader.release();
+    EXPECT_EQ(texts(lvPages), "a.png");
 }

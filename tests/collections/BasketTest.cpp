@@ -28,14 +28,8 @@ protected:
         }
     }
 
-    /// Acts once, when that many rows are in the basket and the window gets time to work.
     void whenRowsAre(int rows, const std::function<void()>& action) {
-        desktop.onYield = [this, rows, action, done = false]() mutable {
-            if (!done && lvPages.count() == rows) {
-                done = true;
-                action();
-            }
-        };
+        when([this, rows] { return lvPages.count() == rows; }, action);
     }
 
     static Color cornerOf(const QString& path) {
@@ -119,7 +113,7 @@ TEST_F(BasketTest, EachWayOfAddingSplitsADocumentIntoPagesWithItsOwnSpelling) {
     makeScan();
     listAndSelectAll();
     // Read once for all its pages.
-    whenRowsAre(1, [&] { QFile::rename(picture("scan.tif"), picture("moved")); });
+    whenRowsAre(2, [&] { QFile::rename(picture("scan.tif"), picture("moved")); });
     basket().cmdAddToQueue_Click();
     QFile::rename(picture("moved"), picture("scan.tif"));
     EXPECT_EQ(texts(lvPages), "scan1 scan2 scan3");
@@ -195,18 +189,48 @@ TEST_F(BasketTest, WithoutThumbnailsThePictureIsKnownByItsHeaderAlone) {
     EXPECT_EQ(ilPages.count(), 0);
 }
 
-TEST_F(BasketTest, RowsThatMoveOrGoMeanwhileCostNoOtherRowAndAnEmptiedListEndsTheAdding) {
-    makePictures({"a.png", "b.png", "c.png", "d.png"});
-    const std::pair<std::function<void()>, const char*> cases[] = {
-        {[&] { lvFolder.remove(0); }, "a b c d"},
-        {[&] { lvFolder.clear(); }, "a b"},
-        {[&] { lvFolder.sort(0, Qt::DescendingOrder); }, "a b c d"}};
-    for (const auto& [change, expected] : cases) {
-        basket().empty();
+TEST_F(BasketTest, APictureThatTakesLongHoldsUpNeitherTheWindowNorOtherRows) {
+    makePictures({"a.png", "c.png", "held.png"});
+    writeBytes(picture("bad.png"), "not a picture");
+    settings.folderView = 3; // no thumbnails to take over
+    Basket* adding = nullptr;
+    const struct {
+        std::function<void()> change; ///< with the held picture in work and the others complete
+        const char* expected;
+        bool endsBefore; ///< the adding ends before the picture is read
+    } cases[] = {
+        {[] {}, "a c held", false},
+        {[&] { lvFolder.clear(); }, "a c held", false},
+        {[&] { lvPages.sort(0, Qt::DescendingOrder); }, "held c a", false},
+        {[&] { lvPages.remove(0); }, "c held", false},
+        {[&] { lvPages.remove(2); }, "a c", true},
+        {[&] { lvPages.clear(); }, "", true},
+        {[&] { adding->cmdPagesNew(); }, "", true},
+        {[&] { adding->stopAdding(); }, "a c", true},
+    };
+    for (const auto& [change, expected, endsBefore] : cases) {
+        SCOPED_TRACE(&change - &cases[0].change);
         listAndSelectAll();
-        whenRowsAre(2, change);
-        basket().cmdAddToQueue_Click();
+        lvPages.clear();
+        Basket pages = basket();
+        adding = &pages;
+        HeldReader reader(pages, "held");
+        std::string first;
+        const QObject scope;
+        QObject::connect(&lvPages, &QAbstractItemModel::rowsInserted, &scope,
+                         [&] { first = texts(lvPages); });
+        when([&] { return reader.hasBegun() && completeRows() == 2 && lvPages.count() == 3; },
+             [&, change = change, endsBefore = endsBefore] {
+                 change();
+                 if (!endsBefore)
+                     reader.release();
+             });
+        pages.cmdAddToQueue_Click();
+        EXPECT_EQ(first, "a bad c held") << "at once";
         EXPECT_EQ(texts(lvPages), expected);
+        EXPECT_EQ(completeRows(), lvPages.count());
+        if (endsBefore)
+            reader.release();
     }
 }
 
@@ -232,21 +256,32 @@ TEST_F(BasketTest, TheBarBelongsToTheAddingAndThenToTheListingAgain) {
     EXPECT_EQ(lvPages.count(), 2);
 }
 
-TEST_F(BasketTest, AStoppedAddingEndsBeforeTheNextPageAndTheNextOneRuns) {
+TEST_F(BasketTest, ADocumentThatIsStoppedOrRemovedKeepsItsPagesSoFarAndNoOtherPageFile) {
     makeScan();
-    makePicture(picture("z.png"), {3, 3});
+    makePictures({"a.png"});
+    for (const bool isStopped : {true, false}) {
+        SCOPED_TRACE(isStopped);
+        listAndSelectAll();
+        std::optional<Basket> pages(std::in_place, lists, settings);
+        pages->cmdPagesNew();
+        HeldReader reader(*pages, "scan2");
+        QList<bool> shown;
+        pages->addingChanged = [&](bool adding) { shown << adding; };
+        when([&] { return reader.hasBegun() && lvPages.count() == 3 && completeRows() == 2; },
+             [&] {
+                 EXPECT_EQ(texts(lvPages), "a scan(1) scan");
+                 isStopped ? pages->stopAdding() : lvPages.remove(2);
+             });
+        pages->AddToBasketByDrag();
+        reader.release();
+        EXPECT_EQ(texts(lvPages), "a scan(1)");
+        EXPECT_EQ(panel("queue"), "2 file(s) in basket");
+        EXPECT_FALSE(progress.visible);
+        EXPECT_EQ(shown, (QList<bool>{true, false}));
+        pages.reset(); // waits for the page in work
+        EXPECT_EQ(pageFiles().size(), 1);
+    }
     Basket pages = basket();
-    QList<bool> shown;
-    pages.addingChanged = [&](bool adding) { shown << adding; };
-    whenRowsAre(2, [&] { pages.stopAdding(); });
-    listAndSelectAll();
-    pages.cmdAddToQueue_Click();
-    EXPECT_EQ(texts(lvPages), "scan1 scan2");
-    EXPECT_EQ(panel("queue"), "2 file(s) in basket");
-    EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(shown, (QList<bool>{true, false}));
-    pages.cmdAddToQueue_Click();
-    EXPECT_EQ(lvPages.count(), 3) << "z, since scan counts as a duplicate";
     lvPages.clear();
     std::stop_source outside;
     pages.stop = outside.get_token();

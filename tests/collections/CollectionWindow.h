@@ -14,8 +14,11 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QTemporaryDir>
+#include <QThread>
 
+#include <atomic>
 #include <gtest/gtest.h>
+#include <semaphore>
 
 namespace tarsel::test {
 
@@ -35,6 +38,28 @@ public:
     int value = 0;
     int starts = 0;
     bool visible = false;
+};
+
+/// Reads pictures, one of them not before it is released. It must outlive its basket.
+class HeldReader {
+public:
+    explicit HeldReader(Basket& basket, const char* heldName) {
+        basket.readThumbnail = [this, name = QString::fromLatin1(heldName)](const QString& path,
+                                                                            auto... how) {
+            EXPECT_NE(QThread::currentThread(), QCoreApplication::instance()->thread());
+            if (path.contains(name)) {
+                m_begun = true;
+                m_released.acquire();
+            }
+            return loadThumbnail(path, how...);
+        };
+    }
+    bool hasBegun() const { return m_begun; }
+    void release() { m_released.release(); }
+
+private:
+    std::atomic<bool> m_begun = false;
+    std::counting_semaphore<> m_released{0};
 };
 
 /// What folder view and basket work on in the main window, with a program folder and a picture folder of its
@@ -73,6 +98,24 @@ protected:
     void listAndSelectAll() {
         list(pictures);
         lvFolder.selectAll();
+    }
+
+    /// Acts once, when the window gets time to work and the condition holds.
+    void when(const std::function<bool()>& condition, const std::function<void()>& action) {
+        desktop.onYield = [condition, action, done = false]() mutable {
+            if (!done && condition()) {
+                done = true;
+                action();
+            }
+        };
+    }
+
+    /// Rows of the basket with their pictures.
+    int completeRows() const {
+        int complete = 0;
+        for (int row = 0; row < lvPages.count(); ++row)
+            complete += lvPages.row(row).icon >= 0 ? 1 : 0;
+        return complete;
     }
 
     /// Size of the picture at an index, 0 x 0 without one.

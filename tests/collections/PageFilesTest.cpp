@@ -38,10 +38,12 @@ TEST(PageFiles, CarryNamePageAndRandomNumberAndNeverTakeANameThatIsUsed) {
     TestDesktop desktop;
     QTemporaryDir folder;
     const auto next = [&](AddedBy addedBy) {
-        return newPageFile(folder.path(), addedBy, scan, 2).mid(folder.path().size()).toStdString();
+        return newPageFile(folder.path(), addedBy, scan, 2, drawPageFileNumber())
+            .mid(folder.path().size())
+            .toStdString();
     };
     EXPECT_EQ(next(AddedBy::Button), "/Temp/scan.tif2_4999.tif");
-    EXPECT_EQ(next(AddedBy::BasketFile), "/Temp/scan.tif2_4999.tif");
+    EXPECT_EQ(next(AddedBy::BasketFile), "/Temp/scan.tif2_5000.tif");
     EXPECT_EQ(next(AddedBy::Drag), "/Temp/scan2_4999.tif");
     desktop.random = 0.99999;
     EXPECT_EQ(next(AddedBy::Drag), "/Temp/scan2_9998.tif");
@@ -50,10 +52,10 @@ TEST(PageFiles, CarryNamePageAndRandomNumberAndNeverTakeANameThatIsUsed) {
         const std::string name = next(AddedBy::Button);
         EXPECT_TRUE(names.insert(name).second) << name;
         const QString path = folder.path() + QString::fromStdString(name);
-        if (i % 2)
-            writeBytes(path, "page");
-        else
+        if (i % 2) {
+            ASSERT_TRUE(QFile::remove(path));
             ASSERT_TRUE(QFile::link(QStringLiteral("/nowhere/else.tif"), path));
+        }
     }
 }
 

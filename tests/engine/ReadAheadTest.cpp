@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
+#include <pthread.h>
 #include <thread>
 
 using namespace tarsel;
@@ -122,6 +123,15 @@ const Scenario scenarios[] = {
          };
      },
      "written written written written"},
+    {"rows are removed meanwhile",
+     [](TestBasket& basket) {
+         basket.addPictures({"a.jpg", "b.jpg", "c.jpg", "d.jpg"});
+         basket.slice.onRow = [&basket](const RowResult& result) {
+             if (result.row == 1)
+                 basket.pages.remove(2);
+         };
+     },
+     "written written written skipped", "the row was removed during the run"},
     {"a damaged source after the row in work",
      [](TestBasket& basket) {
          basket.addPictures({"a.jpg", "b.jpg", "c.jpg"});
@@ -177,6 +187,19 @@ TEST(ReadAhead, HoldsThreePicturesAtMost) {
     const RowRun run{.rows = basket.pages, .tasks = {}, .stop = {}, .onRow = {}};
     RowLoop(run, watcher, basket.box, basket.progress, basket.results).run();
     EXPECT_EQ(basket.results.size(), 6u);
+}
+
+TEST(ReadAhead, WithoutThreadsTheRowsAreDoneOneAfterTheOther) {
+    TestBasket basket;
+    basket.addPictures({"a.jpg", "b.jpg"});
+    pthread_attr_t usual;
+    ASSERT_EQ(pthread_getattr_default_np(&usual), 0);
+    pthread_attr_t tooLarge = usual;
+    pthread_attr_setstacksize(&tooLarge, size_t(1) << 47);
+    ASSERT_EQ(pthread_setattr_default_np(&tooLarge), 0);
+    basket.run();
+    pthread_setattr_default_np(&usual);
+    EXPECT_EQ(basket.states(), "written written");
 }
 
 TEST(ReadAhead, PicturesOfTheCorpusComeOutTheSame) {

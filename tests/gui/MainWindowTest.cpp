@@ -260,14 +260,8 @@ TEST_F(MainWindow, AddingEndsByTheButtonByEscAndByClosingTheWindow) {
     for (const auto& [name, way] : ways) {
         SCOPED_TRACE(name);
         click(window(), "cmdPagesNew");
-        int rowsAtTheEnd = -1;
-        when([&] { return basket().count() >= 3; },
-             [&] {
-                 way();
-                 rowsAtTheEnd = basket().count();
-             });
+        when([&] { return basket().count() == 40; }, way); // before any of them is read
         addAll();
-        EXPECT_EQ(basket().count(), rowsAtTheEnd);
         EXPECT_LT(basket().count(), 40);
         EXPECT_FALSE(cancel.isVisible());
     }

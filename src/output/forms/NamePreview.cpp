@@ -10,10 +10,12 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 namespace tarsel {
 
 namespace {
-constexpr int rowsOfASlice = 20;
+constexpr std::chrono::milliseconds slice{10};
 }
 
 NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, QWidget* parent) :
@@ -54,8 +56,11 @@ void NamePreview::show(const settings::BatchSave& settings) {
 }
 
 void NamePreview::planSlice() {
-    for (const PlannedName& planned : m_planner->next(rowsOfASlice))
-        addName(planned);
+    const auto end = std::chrono::steady_clock::now() + slice;
+    do {
+        for (const PlannedName& planned : m_planner->next(1))
+            addName(planned);
+    } while (!m_planner->finished() && std::chrono::steady_clock::now() < end);
     if (m_planner->finished())
         m_slice.stop();
     showSummary();
