@@ -87,14 +87,6 @@ TEST_F(BatchSaving, RowsOfAWbmpFileAreReadBesideTheUsualFormats) {
     EXPECT_EQ(width("out/dot.jpg"), 8);
 }
 
-TEST_F(BatchSaving, ABasketThatShrinksDuringTheRunEndsItWithAReport) {
-    addPictures({"a.jpg", "b.jpg"});
-    slice.onRow = [&](const RowResult&) { pages.clear(); };
-    EXPECT_FALSE(run());
-    EXPECT_EQ(files("out"), "a.jpg");
-    EXPECT_EQ(desktop.reports.size(), 1u);
-}
-
 TEST_F(BatchSaving, ThePreviewAtFullSizeAndTheBatchGiveTheSamePixels) {
     halveSizes();
     addTask("5", "contrast", {"60", "True", "True", "True"});
