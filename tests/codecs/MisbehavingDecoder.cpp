@@ -7,6 +7,7 @@
 #include "decoder/Confinement.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <fstream>
 #include <string>
@@ -34,6 +35,27 @@ void answer(std::uint32_t serial, const Descriptor& pixels) {
     const char bytes[] = {7, 7, 7, 7, 7, 7};
     if (::pwrite(pixels.number(), bytes, sizeof bytes, 0) == sizeof bytes)
         answerWith(serial, 3);
+}
+
+/// Sends the text after its first byte, whose bits say how many descriptors go with it and whether the serial
+/// number of the request is put in place, and exits.
+[[noreturn]] void send(std::string_view text, std::uint32_t serial) {
+    const unsigned kind = text.empty() ? 0 : static_cast<unsigned char>(text[0]);
+    std::string bytes(text.substr(text.empty() ? 0 : 1));
+    if ((kind & 4) != 0 && bytes.size() >= sizeof serial)
+        std::memcpy(bytes.data(), &serial, sizeof serial);
+    const auto message = std::as_bytes(std::span(bytes));
+    switch (kind & 3) {
+    case 0:
+        sendMessage(DecoderSocket, message);
+        break;
+    case 1:
+        sendMessage(DecoderSocket, message, {0});
+        break;
+    default:
+        sendMessage(DecoderSocket, message, {0, 1, 2, 0, 1, 2, 0, 1});
+    }
+    std::_Exit(0);
 }
 
 /// The same when an order is carried out and when it fails: only the end of the process refuses it.
@@ -83,6 +105,8 @@ void perform(std::string_view order, std::uint32_t serial, const std::vector<Des
         std::_Exit(3);
     if (order == "crash")
         std::abort();
+    if (order.starts_with("send: "))
+        send(order.substr(6), serial);
     if (order.starts_with("locked: "))
         return attempt(order.substr(8), serial);
     sleepForever();
@@ -98,7 +122,7 @@ int main(int, char** arguments) {
         if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
             return 0;
         constexpr std::size_t wmfHeaders = 40;
-        char order[128];
+        char order[1024];
         const ssize_t size = ::pread(descriptors[0].number(), order, sizeof order, 0);
         std::string_view text(order, size < 0 ? 0 : std::size_t(size));
         if (text.starts_with("\xD7\xCD"))
