@@ -93,7 +93,6 @@ std::uint32_t confineProcess() {
         missing |= isLocked ? 0U : std::uint32_t(lock);
     };
     require(::close_range(DecoderSocket + 1, ~0U, 0) == 0, DescriptorsLock);
-    require(endWithParent(), ParentLock);
     require(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, PrivilegesLock);
     require(limitResources(), LimitsLock);
     require(limitSystemCalls(), SystemCallsLock);

@@ -52,9 +52,9 @@ bool isAlone() {
     return ::poll(&socket, 1, 0) > 0 && (socket.revents & POLLHUP) != 0;
 }
 
-int run() {
+int run(std::uint32_t missingLocks) {
     prepareLibraries();
-    const std::uint32_t missingLocks = confineProcess();
+    missingLocks |= confineProcess();
     for (;;) {
         DecoderRequest request;
         std::vector<Descriptor> descriptors;
@@ -73,7 +73,8 @@ int run() {
 
 int main() {
     // First of all: fonts take a while to load, and nobody may be there any more when they are.
-    tarsel::decoder::endWithParent();
+    const std::uint32_t missingLocks =
+        tarsel::decoder::endWithParent() ? 0U : std::uint32_t(tarsel::ParentLock);
     if (tarsel::decoder::isAlone())
         return 0;
     // An arena for each thread is trimmed after a look at /proc, where a locked process may not look.
@@ -83,7 +84,7 @@ int main() {
     QThreadPool* threads = QThreadPool::globalInstance();
     threads->setMaxThreadCount(1);
     int status = 0;
-    threads->start([&status] { status = tarsel::decoder::run(); });
+    threads->start([&] { status = tarsel::decoder::run(missingLocks); });
     threads->waitForDone();
     return status;
 }
