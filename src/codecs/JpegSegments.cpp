@@ -170,17 +170,13 @@ QByteArray digestOf(const QByteArray& bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex().toUpper();
 }
 
-QByteArray bigEndian(quint32 number) {
-    QByteArray bytes;
-    appendNumber(bytes, number, ByteOrder::Big);
-    return bytes;
-}
-
 void appendExtension(std::vector<JpegSegment>& segments, const QByteArray& extension) {
-    const QByteArray head = ExtensionSignature + digestOf(extension) + bigEndian(quint32(extension.size()));
+    const QByteArray head = ExtensionSignature + digestOf(extension) +
+                            numberBytes<QByteArray>(quint32(extension.size()), ByteOrder::Big);
     const qsizetype room = LargestPayload - head.size() - 4;
     for (qsizetype at = 0; at < extension.size(); at += room)
-        segments.push_back({App1, head + bigEndian(quint32(at)) + extension.mid(at, room)});
+        segments.push_back(
+            {App1, head + numberBytes<QByteArray>(quint32(at), ByteOrder::Big) + extension.mid(at, room)});
 }
 
 /// A packet that does nothing but refer to its extension.

@@ -90,26 +90,19 @@ private:
     std::uint64_t m_entryBudget = MaxEntries;
 };
 
-template <class Number>
-QByteArray numberBytes(Number value, bool bigEndian) {
-    QByteArray bytes;
-    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
-    return bytes;
-}
-
 /// Places values and child directories after the entries.
 class DirectoryWriter {
 public:
     DirectoryWriter(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset) :
-        m_directory(directory), m_bigEndian(bigEndian),
+        m_directory(directory), m_order(byteOrder(bigEndian)),
         m_trailingOffset(offset + 2 + std::uint32_t(tiffEntrySize) * std::uint32_t(directory.entries.size()) +
                          4) {}
 
     QByteArray write() {
-        QByteArray head = numberBytes(quint16(m_directory.entries.size()), m_bigEndian);
+        QByteArray head = numberBytes<QByteArray>(quint16(m_directory.entries.size()), m_order);
         for (const TiffDirectory::Entry& entry : m_directory.entries)
             head += entryBytes(entry);
-        return head + numberBytes(quint32(0), m_bigEndian) + m_trailing;
+        return head + numberBytes<QByteArray>(quint32(0), m_order) + m_trailing;
     }
 
 private:
@@ -124,13 +117,13 @@ private:
 
     QByteArray childEntryBytes(const TiffDirectory::Entry& entry) {
         const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
-        const QByteArray child = writeTiffDirectory(entry.child.front(), m_bigEndian, offset);
+        const QByteArray child = writeTiffDirectory(entry.child.front(), m_order == ByteOrder::Big, offset);
         return entryHead(entry.tag, LongType, 1) + place(child);
     }
 
     QByteArray entryHead(std::uint16_t tag, std::uint16_t type, std::uint32_t count) const {
-        return numberBytes(tag, m_bigEndian) + numberBytes(type, m_bigEndian) +
-               numberBytes(count, m_bigEndian);
+        return numberBytes<QByteArray>(tag, m_order) + numberBytes<QByteArray>(type, m_order) +
+               numberBytes<QByteArray>(count, m_order);
     }
 
     /// Appends, on an even offset, and returns the offset as bytes.
@@ -139,11 +132,11 @@ private:
         m_trailing += bytes;
         if (m_trailing.size() % 2)
             m_trailing += '\0';
-        return numberBytes(quint32(offset), m_bigEndian);
+        return numberBytes<QByteArray>(quint32(offset), m_order);
     }
 
     const TiffDirectory& m_directory;
-    bool m_bigEndian;
+    ByteOrder m_order;
     std::uint32_t m_trailingOffset;
     QByteArray m_trailing;
 };
@@ -173,7 +166,7 @@ QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, st
 
 QByteArray writeTiffStart(bool bigEndian, std::uint32_t firstDirectory) {
     return (bigEndian ? QByteArray("MM\0*", 4) : QByteArray("II*\0", 4)) +
-           numberBytes(quint32(firstDirectory), bigEndian);
+           numberBytes<QByteArray>(quint32(firstDirectory), byteOrder(bigEndian));
 }
 
 } // namespace tarsel
