@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/BmpReader.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/SourceStream.h"
 #include "pixels/Color.h"
@@ -124,6 +125,7 @@ public:
 
 private:
     std::uint8_t* nextRow() {
+        raiseIfStopped();
         const int y = m_layout.height < 0 ? m_row : m_target.height - 1 - m_row;
         ++m_row;
         return m_target.row(y);

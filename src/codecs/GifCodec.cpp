@@ -337,7 +337,8 @@ Codec gifCodec() {
             .pageCount = onePage,
             .decode = decodeGif,
             .encode = encodeGif,
-            .metadata = gifMetadata};
+            .metadata = gifMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
-#include "base/TrappedError.h"
 #include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/LzwCodes.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel {
@@ -31,9 +29,7 @@ int bitsOf(std::size_t colors) {
 }
 
 QByteArray word(int value) {
-    QByteArray bytes;
-    appendNumber(bytes, std::uint16_t(value), ByteOrder::Little);
-    return bytes;
+    return numberBytes<QByteArray>(std::uint16_t(value), ByteOrder::Little);
 }
 
 QByteArray inBlocks(const QByteArray& data) {
@@ -82,10 +78,7 @@ QByteArray transparencyOf(const IndexedPicture& picture) {
 } // namespace
 
 QByteArray encodeGif(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    if (picture.width() > LargestSide || picture.height() > LargestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("GifWriter", "GIF encoder: more than %1 pixels wide or high")
-                 .arg(LargestSide));
+    requireEncodableSize("GIF", picture, LargestSide);
     const IndexedPicture indexed = encoderIndexes(picture, settings, TransparencyOf::BackColor);
     const int bits = bitsOf(indexed.palette.size());
     const QByteArray size = word(indexed.width()) + word(indexed.height());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
@@ -105,8 +106,10 @@ private:
     }
 
     void guard(void (*step)(JpegReader&)) {
-        if (!m_errors.guarded(step, *this))
-            failDecoding(m_file, m_errors.message());
+        if (m_errors.guarded(step, *this))
+            return;
+        raiseIfStopped();
+        failDecoding(m_file, m_errors.message());
     }
 
     static void create(JpegReader& reader) {
@@ -128,6 +131,8 @@ private:
         auto& reader = *static_cast<JpegReader*>(common->client_data);
         if (jpeg->input_scan_number > maxScans)
             reader.m_errors.giveUp("too many scans");
+        if (currentStop().stop_requested())
+            reader.m_errors.giveUp("stopped"); // guard says so
     }
 
     static void readRows(JpegReader& reader) {

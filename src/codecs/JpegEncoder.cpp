@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -23,9 +24,7 @@ constexpr std::uint8_t DotsPerInch = 1;
 
 /// JPEG has no palettes: what is gray gets one channel, all else three.
 bool isGray(const SaveSettings& settings) {
-    const ColorFormat format = colorFormatOf(settings);
-    return format != ColorFormat::TrueColor && format != ColorFormat::Colors256 &&
-           format != ColorFormat::Colors16;
+    return isGrayFormat(colorFormatOf(settings));
 }
 
 /// A destination that lets libjpeg write straight into a growing byte array.
@@ -75,7 +74,7 @@ class JpegWriter {
 public:
     JpegWriter(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) :
         m_view(picture.view()), m_settings(settings), m_isGray(isGray(settings)),
-        m_resolution(resolutionOf(metadata)), m_segments(segmentsFor(settings, metadata)),
+        m_resolution(resolutionOf(metadata)), m_segments(segmentsOf(withRgbProfileOnly(metadata))),
         m_destination(m_jpeg, firstRoom()) {
         if (m_view.channels == 4)
             m_rows.resize(std::size_t(m_view.width) * 3 * RowsAtOnce);
@@ -93,14 +92,6 @@ public:
     }
 
 private:
-    static std::vector<JpegSegment> segmentsFor(const SaveSettings& settings,
-                                                const EmbeddedMetadata& metadata) {
-        EmbeddedMetadata fitting = metadata;
-        if (isGray(settings) || !isRgbProfile(metadata.iccProfile))
-            fitting.iccProfile.clear(); // it would describe channels that the file doesn't have
-        return segmentsOf(fitting);
-    }
-
     /// Room for most photographs at quality 80, so that the array seldom grows.
     qsizetype firstRoom() const {
         qsizetype room = 16384 + qsizetype(m_view.width) * m_view.height / 3;
@@ -146,6 +137,7 @@ private:
     void writeRows() {
         JSAMPROW rows[RowsAtOnce];
         while (m_jpeg.next_scanline < m_jpeg.image_height) {
+            raiseIfStopped();
             const int first = int(m_jpeg.next_scanline);
             const int count = std::min(RowsAtOnce, m_view.height - first);
             for (int i = 0; i < count; ++i)

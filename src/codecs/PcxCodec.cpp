@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PcxCodec.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/Encoders.h"
@@ -224,6 +225,7 @@ DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) 
     std::vector<std::uint8_t> row(std::size_t(layout.rowBytes) * std::size_t(layout.planes));
     bool goesOn = true;
     for (int y = 0; y < layout.height; ++y) {
+        raiseIfStopped();
         goesOn = goesOn && rows.read(row); // what was read last, from beyond the end, is zeros
         if (!goesOn && y == 0)
             failDecoding(file, QCoreApplication::translate("PcxCodec", "no pixels"));
@@ -243,7 +245,8 @@ Codec pcxCodec() {
             .header = pcxHeader,
             .pageCount = onePage,
             .decode = decodePcx,
-            .encode = encodePcx};
+            .encode = encodePcx,
+            .holdsProfile = false};
 }
 
 } // namespace tarsel

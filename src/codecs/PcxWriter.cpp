@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
-#include "base/TrappedError.h"
 #include "bytes/Numbers.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/Resolution.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -110,10 +108,7 @@ private:
 } // namespace
 
 QByteArray encodePcx(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    if (picture.width() > LargestSide || picture.height() > LargestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("PcxWriter", "PCX encoder: more than %1 pixels wide or high")
-                 .arg(LargestSide));
+    requireEncodableSize("PCX", picture, LargestSide);
     return PcxWriter(encoderColors(picture, settings, TransparencyOf::Nothing), metadata).encode();
 }
 

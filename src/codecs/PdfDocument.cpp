@@ -41,7 +41,7 @@ public:
     PdfPage(QPDF& pdf, const Picture& picture, const SaveSettings& settings,
             const EmbeddedMetadata& metadata) :
         m_pdf(pdf),
-        m_picture(picture), m_settings(settings), m_metadata(metadata) {}
+        m_settings(settings), m_fitted(fittedToFile(picture, settings, metadata)) {}
 
     Object make() {
         Object resources = Object::newDictionary();
@@ -142,9 +142,10 @@ private:
     }
 
     QPDF& m_pdf;
-    const Picture& m_picture;
     const SaveSettings& m_settings;
-    const EmbeddedMetadata& m_metadata;
+    const FittedPicture m_fitted;
+    const Picture& m_picture = m_fitted.picture;
+    const EmbeddedMetadata& m_metadata = m_fitted.metadata;
 };
 
 QByteArray written(QPDF& pdf) {

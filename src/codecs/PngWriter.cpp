@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PngCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -19,10 +20,6 @@ namespace {
 
 /// Higher levels take many times as long and save a few per cent.
 constexpr int CompressionLevel = 4;
-
-constexpr char XmpKeyword[] = "XML:com.adobe.xmp";
-/// Where other programs put IPTC data and image resources, which PNG has no chunk for: as hexadecimal text.
-constexpr char ResourcesKeyword[] = "Raw profile type iptc";
 
 /// A line feed, the name, the size right-aligned, the bytes in lines of 72 digits.
 QByteArray rawProfile(const QByteArray& bytes) {
@@ -44,8 +41,6 @@ public:
         m_info(m_png ? png_create_info_struct(m_png) : nullptr) {
         if (!m_metadata.resources.isEmpty())
             m_resources = rawProfile(m_metadata.resources);
-        if (m_indexed && m_indexed->isGray)
-            m_metadata.iccProfile.clear(); // it would describe channels that the file doesn't have
         if (m_indexed)
             m_row.resize(std::size_t(packedSize(m_indexed->width(), m_indexed->bits)));
     }
@@ -82,8 +77,10 @@ private:
         writer.setPalette();
         writer.setMetadata();
         png_write_info(png, writer.m_info);
-        for (int y = 0; y < writer.height(); ++y)
+        for (int y = 0; y < writer.height(); ++y) {
+            raiseIfStopped();
             png_write_row(png, writer.row(y));
+        }
         png_write_end(png, nullptr); // with the object it would write the EXIF block again
     }
 
@@ -138,8 +135,8 @@ private:
         if (!m_metadata.exif.isEmpty())
             png_set_eXIf_1(m_png, m_info, png_uint_32(m_metadata.exif.size()),
                            reinterpret_cast<png_bytep>(m_metadata.exif.data()));
-        setText(XmpKeyword, m_metadata.xmp, PNG_ITXT_COMPRESSION_NONE);
-        setText(ResourcesKeyword, m_resources, PNG_ITXT_COMPRESSION_zTXt);
+        setText(xmpKeyword, m_metadata.xmp, PNG_ITXT_COMPRESSION_NONE);
+        setText(resourcesKeyword, m_resources, PNG_ITXT_COMPRESSION_zTXt);
     }
 
     void setText(const char* keyword, QByteArray& value, int compression) {

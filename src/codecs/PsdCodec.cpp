@@ -88,7 +88,8 @@ Codec psdCodec() {
             .pageCount = onePage,
             .decode = decodePsd,
             .encode = encodePsd,
-            .metadata = psdMetadata};
+            .metadata = psdMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PsdReader.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 
@@ -316,6 +317,7 @@ PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const
                                            std::vector<float>(std::size_t(layout.width)));
     QString damage;
     for (int y = 0; y < layout.height; ++y) {
+        raiseIfStopped();
         for (std::size_t channel = 0; channel < planes.size(); ++channel) {
             std::ranges::fill(bytes, std::uint8_t(255));
             if (!rows.read(int(channel), y, bytes.data()) && damage.isEmpty())

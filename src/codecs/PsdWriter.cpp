@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
-#include "base/TrappedError.h"
+#include "base/Stop.h"
 #include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -9,7 +9,6 @@
 #include "embedded/ResourceBlocks.h"
 #include "pixels/Flatten.h"
 
-#include <QCoreApplication>
 #include <array>
 #include <cmath>
 #include <functional>
@@ -26,17 +25,11 @@ constexpr quint16 ResolutionResource = 0x03ED, ProfileResource = 0x040F, ExifRes
                   XmpResource = 0x0424;
 constexpr int TransparencyChannel = -1; // in a layer; colours count from 0
 
-template <class Number>
-QByteArray big(Number value) {
-    QByteArray bytes;
-    appendNumber(bytes, value, ByteOrder::Big);
-    return bytes;
-}
 QByteArray word(int value) {
-    return big(std::uint16_t(value));
+    return numberBytes<QByteArray>(std::uint16_t(value), ByteOrder::Big);
 }
 QByteArray dword(std::int64_t value) {
-    return big(std::uint32_t(value));
+    return numberBytes<QByteArray>(std::uint32_t(value), ByteOrder::Big);
 }
 QByteArray withSize(const QByteArray& section) {
     return dword(section.size()) + section;
@@ -75,6 +68,7 @@ PackedRows packedRows(int height, qsizetype rowSize,
     PackedRows packed;
     std::vector<std::uint8_t> row(static_cast<std::size_t>(rowSize));
     for (int y = 0; y < height; ++y) {
+        raiseIfStopped();
         fill(y, row);
         const qsizetype before = packed.rows.size();
         appendPacked(packed.rows, row);
@@ -170,10 +164,9 @@ QByteArray trueColorFile(const Picture& picture, const EmbeddedMetadata& metadat
 }
 
 /// A bitmap, whose ones are ink, or gray values.
-QByteArray grayFile(const IndexedPicture& picture, EmbeddedMetadata metadata) {
+QByteArray grayFile(const IndexedPicture& picture, const EmbeddedMetadata& metadata) {
     const Mode mode = picture.bits == 1 ? Bitmap : Gray;
     const int bits = mode == Bitmap ? 1 : 8;
-    metadata.iccProfile.clear(); // it would describe channels that the file doesn't have
     const auto fill = [&](int y, std::vector<std::uint8_t>& row) {
         packIndexes(picture.row(y), picture.width(), bits, row.data());
         for (std::uint8_t& byte : row)
@@ -186,10 +179,7 @@ QByteArray grayFile(const IndexedPicture& picture, EmbeddedMetadata metadata) {
 } // namespace
 
 QByteArray encodePsd(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    if (picture.width() > LargestSide || picture.height() > LargestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("PsdWriter", "PSD encoder: more than %1 pixels wide or high")
-                 .arg(LargestSide));
+    requireEncodableSize("PSD", picture, LargestSide);
     if (colorFormatOf(settings) == ColorFormat::TrueColor)
         return trueColorFile(picture, metadata);
     const IndexedPicture indexed = encoderIndexes(picture, settings, TransparencyOf::Nothing);

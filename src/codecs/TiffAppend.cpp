@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "bytes/TiffStructure.h"
 #include "codecs/CodecChecks.h"
+#include "codecs/EncoderColors.h"
 #include "codecs/TiffCodec.h"
 #include "codecs/TiffDirectory.h"
 
@@ -52,20 +53,14 @@ void swapByteOrder(TiffDirectory& directory) {
     }
 }
 
-QByteArray dword(std::uint32_t value, bool bigEndian) {
-    QByteArray bytes;
-    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
-    return bytes;
-}
-
 /// Adds `distance` to each of the entry's offsets.
 void moveOffsets(TiffDirectory::Entry& entry, std::uint32_t distance, bool bigEndian) {
-    const ByteReader reader(entry.value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
+    const ByteReader reader(entry.value, byteOrder(bigEndian));
     QByteArray moved;
     for (std::uint32_t i = 0; i < entry.count; ++i) {
         const std::uint32_t offset =
             entry.type == TIFF_SHORT ? reader.word(2 * i).value_or(0) : reader.dword(4 * i).value_or(0);
-        moved += dword(offset + distance, bigEndian);
+        moved += numberBytes<QByteArray>(offset + distance, byteOrder(bigEndian));
     }
     entry.type = TIFF_LONG;
     entry.value = moved;
@@ -130,7 +125,8 @@ void append(const QString& path, const QString& title, const QByteArray& file) {
     SafeFileWriter writer(path);
     copyTo(writer, source);
     writer.write(page.bytes);
-    overwrite(writer, path, *pages.back().nextPosition, dword(page.directory, bigEndian));
+    overwrite(writer, path, *pages.back().nextPosition,
+              numberBytes<QByteArray>(page.directory, byteOrder(bigEndian)));
     writer.commit();
 }
 
@@ -144,7 +140,8 @@ QByteArray withTitle(const QByteArray& file, const QString& title) {
 
 void appendTiffPage(const QString& path, const QString& title, const Picture& picture,
                     const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    const QByteArray file = encodeTiff(picture, settings, metadata);
+    const FittedPicture fitted = fittedToFile(picture, settings, metadata);
+    const QByteArray file = encodeTiff(fitted.picture, settings, fitted.metadata);
     if (QFile::exists(path))
         append(path, title, file);
     else

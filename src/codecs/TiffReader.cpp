@@ -152,7 +152,8 @@ Codec tiffCodec() {
             .pageCount = tiffPageCount,
             .decode = decodeTiff,
             .encode = encodeTiff,
-            .metadata = tiffMetadata};
+            .metadata = tiffMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -118,6 +119,7 @@ void describeResolution(const TiffFile& tiff, const EmbeddedMetadata& metadata) 
 }
 
 void writeStrip(const TiffFile& tiff, int strip, const std::uint8_t* bytes, tmsize_t size) {
+    raiseIfStopped();
     if (TIFFWriteEncodedStrip(tiff, std::uint32_t(strip), const_cast<std::uint8_t*>(bytes), size) != size)
         failEncoding(tiff);
 }
@@ -160,8 +162,8 @@ EncodablePicture colorsFor(const Picture& picture, SaveSettings settings) {
 
 EmbeddedMetadata fittingMetadata(EmbeddedMetadata metadata, const TiffPageLayout& layout) {
     metadata = withRgbProfileOnly(std::move(metadata));
-    if (layout.photometric == PHOTOMETRIC_MINISWHITE || layout.photometric == PHOTOMETRIC_MINISBLACK)
-        metadata.iccProfile.clear(); // it would describe channels that the file doesn't have
+    if (layout.photometric == PHOTOMETRIC_MINISWHITE) // also of a colour picture with fax compression
+        metadata.iccProfile.clear();                  // it would describe channels that the file doesn't have
     return metadata;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/Formats.h"
 #include "codecs/PictureFile.h"
 #include "embedded/ResourceBlocks.h"
 #include "imaging/ImageBox.h"
@@ -14,7 +15,7 @@ namespace {
 
 QByteArray encoded(const char* extension, const Picture& picture, const SaveSettings& settings = {},
                    const EmbeddedMetadata& metadata = {}) {
-    return codecForExtension(QString::fromLatin1(extension))->encode(picture, settings, metadata);
+    return encodePicture(QString::fromLatin1(extension), picture, settings, metadata);
 }
 
 DecodedPicture decoded(const QByteArray& bytes) {

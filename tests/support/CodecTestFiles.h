@@ -23,6 +23,9 @@ ReadOutcome readBytes(const QByteArray& bytes, const QString& name, int page = 1
 /// A picture with the look of a photograph: soft changes and a little noise.
 Picture photograph(int width, int height, int channels = 3);
 
+/// The bytes of a profile of lcms2, which is closed. They hold the second in which it was made.
+QByteArray profileBytes(void* profile);
+
 /// Metadata of every kind. `resources` hold IPTC data and a block of an unknown number.
 EmbeddedMetadata everyKindOfMetadata();
 
