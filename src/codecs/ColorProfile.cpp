@@ -12,7 +12,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr qsizetype ColorSpaceOffset = 16; // of the four letters in a profile's header
+constexpr qsizetype colorSpaceOffset = 16; // of the four letters in a profile's header
 
 struct ProfileCloser {
     void operator()(void* profile) const { cmsCloseProfile(profile); }
@@ -20,7 +20,7 @@ struct ProfileCloser {
 using Profile = std::unique_ptr<void, ProfileCloser>;
 
 bool hasColorSpace(const QByteArray& iccProfile, const char* letters) {
-    return iccProfile.mid(ColorSpaceOffset, 4) == letters;
+    return iccProfile.mid(colorSpaceOffset, 4) == letters;
 }
 
 std::uint8_t withoutInk(std::uint8_t ink, std::uint8_t black) {

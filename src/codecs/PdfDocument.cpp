@@ -24,10 +24,10 @@ namespace tarsel {
 
 namespace {
 
-constexpr double PointsPerInch = 72;
-constexpr double UsualResolution = 96; // of a picture that doesn't say
-constexpr double LargestPage = 14'400; // points
-constexpr double SmallestPage = 3;
+constexpr double pointsPerInch = 72;
+constexpr double usualResolution = 96; // of a picture that doesn't say
+constexpr double largestPage = 14'400; // points
+constexpr double smallestPage = 3;
 
 using Object = QPDFObjectHandle;
 
@@ -70,12 +70,12 @@ private:
     std::pair<double, double> pageSize() const {
         Resolution resolution = resolutionOf(m_metadata);
         if (resolution.horizontal == 0)
-            resolution = {UsualResolution, UsualResolution};
-        const double width = m_picture.width() * PointsPerInch / resolution.horizontal;
-        const double height = m_picture.height() * PointsPerInch / resolution.vertical;
-        const double factor = std::max(width, height) > LargestPage ? LargestPage / std::max(width, height)
-                              : std::max(width, height) < SmallestPage
-                                  ? SmallestPage / std::max(width, height)
+            resolution = {usualResolution, usualResolution};
+        const double width = m_picture.width() * pointsPerInch / resolution.horizontal;
+        const double height = m_picture.height() * pointsPerInch / resolution.vertical;
+        const double factor = std::max(width, height) > largestPage ? largestPage / std::max(width, height)
+                              : std::max(width, height) < smallestPage
+                                  ? smallestPage / std::max(width, height)
                                   : 1;
         return {width * factor, height * factor};
     }

@@ -16,11 +16,11 @@ namespace tarsel {
 namespace {
 
 /// Deflate packs at most 1032 bytes into one, and a byte holds up to 8 pixels.
-constexpr std::int64_t PixelsPerByte = 8300;
-constexpr png_alloc_size_t LargestChunk = png_alloc_size_t(16) << 20;
-constexpr png_uint_32 MaxTextChunks = 24; // libpng keeps them all
+constexpr std::int64_t pixelsPerByte = 8300;
+constexpr png_alloc_size_t largestChunk = png_alloc_size_t(16) << 20;
+constexpr png_uint_32 maxTextChunks = 24; // libpng keeps them all
 /// Names of 4 letters and a zero each: text without XMP, and suggested palettes.
-constexpr png_byte UnreadChunks[] = "tEXt\0zTXt\0sPLT";
+constexpr png_byte unreadChunks[] = "tEXt\0zTXt\0sPLT";
 
 /// Image resources as hexadecimal text after a line with their kind and one with their size.
 QByteArray resourcesOf(const QByteArray& text) {
@@ -45,7 +45,7 @@ public:
             failDecoding(m_file, QCoreApplication::translate("PngReader", "no memory"));
         guard(readHeaderStep);
         requirePlausibleSize(m_file, png_get_image_width(m_png, m_info), png_get_image_height(m_png, m_info),
-                             PixelsPerByte);
+                             pixelsPerByte);
     }
 
     PictureHeader header() const {
@@ -102,9 +102,9 @@ private:
         png_structp png = reader.m_png;
         png_set_read_fn(png, &reader, readBytes);
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF); // sizes are judged here, by their product
-        png_set_chunk_malloc_max(png, LargestChunk);
-        png_set_chunk_cache_max(png, MaxTextChunks);
-        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, UnreadChunks, sizeof UnreadChunks / 5);
+        png_set_chunk_malloc_max(png, largestChunk);
+        png_set_chunk_cache_max(png, maxTextChunks);
+        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, unreadChunks, sizeof unreadChunks / 5);
         png_set_crc_action(png, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
         png_set_benign_errors(png, 1);
         png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);

@@ -19,7 +19,7 @@ namespace tarsel {
 namespace {
 
 /// Higher levels take many times as long and save a few per cent.
-constexpr int CompressionLevel = 4;
+constexpr int compressionLevel = 4;
 
 /// A line feed, the name, the size right-aligned, the bytes in lines of 72 digits.
 QByteArray rawProfile(const QByteArray& bytes) {
@@ -70,7 +70,7 @@ private:
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF);
         png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON); // wide-spread ones have small faults
         png_set_benign_errors(png, 1);
-        png_set_compression_level(png, CompressionLevel);
+        png_set_compression_level(png, compressionLevel);
         png_set_IHDR(png, writer.m_info, png_uint_32(writer.width()), png_uint_32(writer.height()),
                      writer.bits(), writer.colorType(), PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                      PNG_FILTER_TYPE_DEFAULT);
@@ -119,7 +119,7 @@ private:
     void setResolution() {
         const Resolution resolution = resolutionOf(m_metadata);
         const auto perMeter = [](double perInch) {
-            return png_uint_32(std::lround(perInch * InchesPerMeter));
+            return png_uint_32(std::lround(perInch * inchesPerMeter));
         };
         if (resolution.horizontal > 0)
             png_set_pHYs(m_png, m_info, perMeter(resolution.horizontal), perMeter(resolution.vertical),

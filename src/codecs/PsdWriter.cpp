@@ -18,12 +18,12 @@ namespace tarsel {
 
 namespace {
 
-constexpr int LargestSide = 30'000;
-constexpr int LongestRun = 128;
+constexpr int largestSide = 30'000;
+constexpr int longestRun = 128;
 enum Mode { Bitmap = 0, Gray = 1, RgbMode = 3 };
-constexpr quint16 ResolutionResource = 0x03ED, ProfileResource = 0x040F, ExifResource = 0x0422,
-                  XmpResource = 0x0424;
-constexpr int TransparencyChannel = -1; // in a layer; colours count from 0
+constexpr quint16 resolutionResource = 0x03ED, profileResource = 0x040F, exifResource = 0x0422,
+                  xmpResource = 0x0424;
+constexpr int transparencyChannel = -1; // in a layer; colours count from 0
 
 QByteArray word(int value) {
     return numberBytes<QByteArray>(std::uint16_t(value), ByteOrder::Big);
@@ -39,7 +39,7 @@ QByteArray withSize(const QByteArray& section) {
 void appendPacked(QByteArray& packed, const std::vector<std::uint8_t>& row) {
     const auto runAt = [&](std::size_t at) {
         std::size_t run = 1;
-        while (run < LongestRun && at + run < row.size() && row[at + run] == row[at])
+        while (run < longestRun && at + run < row.size() && row[at + run] == row[at])
             ++run;
         return run;
     };
@@ -50,7 +50,7 @@ void appendPacked(QByteArray& packed, const std::vector<std::uint8_t>& row) {
             continue;
         }
         const std::size_t start = at;
-        while (at < row.size() && at - start < LongestRun && runAt(at) <= 2)
+        while (at < row.size() && at - start < longestRun && runAt(at) <= 2)
             ++at;
         packed += char(at - start - 1);
         packed.append(reinterpret_cast<const char*>(row.data()) + start, qsizetype(at - start));
@@ -84,10 +84,10 @@ PackedRows packedChannel(ConstPixelView view, int channel) {
     });
 }
 
-constexpr char Packed[] = {0, 1};
+constexpr char packedMark[] = {0, 1};
 
 QByteArray mergedPixels(const std::vector<PackedRows>& channels) {
-    QByteArray bytes(Packed, sizeof Packed);
+    QByteArray bytes(packedMark, sizeof packedMark);
     for (const PackedRows& channel : channels)
         bytes += channel.sizes;
     for (const PackedRows& channel : channels)
@@ -101,8 +101,8 @@ QByteArray layerSection(ConstPixelView view) {
     QByteArray record = dword(0) + dword(0) + dword(view.height) + dword(view.width) + word(4), pixels;
     for (const int channel : {3, 0, 1, 2}) {
         const PackedRows packed = packedChannel(view, channel);
-        const QByteArray bytes = QByteArray(Packed, sizeof Packed) + packed.sizes + packed.rows;
-        record += word(channel == 3 ? TransparencyChannel : channel) + dword(bytes.size());
+        const QByteArray bytes = QByteArray(packedMark, sizeof packedMark) + packed.sizes + packed.rows;
+        record += word(channel == 3 ? transparencyChannel : channel) + dword(bytes.size());
         pixels += bytes;
     }
     constexpr char opaqueVisible[] = {char(255), 0, 0, 0};
@@ -135,11 +135,11 @@ ResourceBlocks carriedResources(const QByteArray& resources) {
 QByteArray resourceSection(const EmbeddedMetadata& metadata) {
     ResourceBlocks blocks = carriedResources(metadata.resources);
     if (const Resolution resolution = resolutionOf(metadata); resolution.horizontal > 0)
-        blocks.replace(ResolutionResource, resolutionData(resolution));
+        blocks.replace(resolutionResource, resolutionData(resolution));
     if (isRgbProfile(metadata.iccProfile))
-        blocks.replace(ProfileResource, metadata.iccProfile);
-    blocks.replace(ExifResource, metadata.exif);
-    blocks.replace(XmpResource, metadata.xmp);
+        blocks.replace(profileResource, metadata.iccProfile);
+    blocks.replace(exifResource, metadata.exif);
+    blocks.replace(xmpResource, metadata.xmp);
     return withSize(blocks.bytes());
 }
 
@@ -179,7 +179,7 @@ QByteArray grayFile(const IndexedPicture& picture, const EmbeddedMetadata& metad
 } // namespace
 
 QByteArray encodePsd(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    requireEncodableSize("PSD", picture, LargestSide);
+    requireEncodableSize("PSD", picture, largestSide);
     if (colorFormatOf(settings) == ColorFormat::TrueColor)
         return trueColorFile(picture, metadata);
     const IndexedPicture indexed = encoderIndexes(picture, settings, TransparencyOf::Nothing);

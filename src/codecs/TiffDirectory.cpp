@@ -10,15 +10,15 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::array<std::uint16_t, 3> PointerTags = {0x8769, 0x8825, 0xA005}; // EXIF, GPS, interoperability
-constexpr int DeepestLevel = 3;
-constexpr std::uint64_t MaxEntries = 4096; // of the tree; real files stay below 500
-constexpr std::int64_t MaxValueBytes = std::int64_t(64) << 20;
-constexpr std::uint16_t LongType = 4;
-constexpr std::uint16_t LastClassicType = 13;
+constexpr std::array<std::uint16_t, 3> pointerTags = {0x8769, 0x8825, 0xA005}; // EXIF, GPS, interoperability
+constexpr int deepestLevel = 3;
+constexpr std::uint64_t maxEntries = 4096; // of the tree; real files stay below 500
+constexpr std::int64_t maxValueBytes = std::int64_t(64) << 20;
+constexpr std::uint16_t longType = 4;
+constexpr std::uint16_t lastClassicType = 13;
 
 bool isPointer(std::uint16_t tag) {
-    return std::ranges::count(PointerTags, tag) > 0;
+    return std::ranges::count(pointerTags, tag) > 0;
 }
 
 /// Reads a tree of directories. What it reads is limited by a budget, so that a crafted file can't multiply a
@@ -27,7 +27,7 @@ class DirectoryReader {
 public:
     explicit DirectoryReader(const PictureSource& source) :
         m_source(source), m_walker(TiffWalker::open(source.byteSource())),
-        m_valueBudget(std::min<std::int64_t>(2 * source.size(), MaxValueBytes)) {}
+        m_valueBudget(std::min<std::int64_t>(2 * source.size(), maxValueBytes)) {}
 
     TiffTree read(std::optional<std::uint64_t> offset) {
         if (!m_walker)
@@ -63,10 +63,10 @@ private:
         m_valueBudget -= found.valueSize;
         if (isPointer(found.tag)) {
             const std::uint64_t offset = offsetIn(entry.value);
-            if (level >= DeepestLevel || m_walker->wasVisited(offset))
+            if (level >= deepestLevel || m_walker->wasVisited(offset))
                 return;
             entry.child.push_back(readDirectory(offset, level + 1));
-        } else if (found.type > LastClassicType) {
+        } else if (found.type > lastClassicType) {
             return; // numbers of 64 bits, which a block with offsets of 32 bits doesn't know
         }
         directory.entries.push_back(std::move(entry));
@@ -87,7 +87,7 @@ private:
     const PictureSource& m_source;
     std::optional<TiffWalker> m_walker;
     std::int64_t m_valueBudget;
-    std::uint64_t m_entryBudget = MaxEntries;
+    std::uint64_t m_entryBudget = maxEntries;
 };
 
 /// Places values and child directories after the entries.
@@ -118,7 +118,7 @@ private:
     QByteArray childEntryBytes(const TiffDirectory::Entry& entry) {
         const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
         const QByteArray child = writeTiffDirectory(entry.child.front(), m_order == ByteOrder::Big, offset);
-        return entryHead(entry.tag, LongType, 1) + place(child);
+        return entryHead(entry.tag, longType, 1) + place(child);
     }
 
     QByteArray entryHead(std::uint16_t tag, std::uint16_t type, std::uint32_t count) const {

@@ -20,8 +20,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr int FaxCompression = 2;      // of TiffCompression
-constexpr int StripBytes = 256 * 1024; // small enough for readers that hold one strip
+constexpr int faxCompression = 2;      // of TiffCompression
+constexpr int stripBytes = 256 * 1024; // small enough for readers that hold one strip
 
 [[noreturn]] void failEncoding(const TiffFile& tiff) {
     fail(ErrorNumber::InvalidCall,
@@ -42,7 +42,7 @@ struct TiffPageLayout {
     int rowsPerStrip() const {
         if (compression == COMPRESSION_CCITTFAX4)
             return height;
-        return int(std::clamp<std::int64_t>(StripBytes / rowBytes(), 1, height));
+        return int(std::clamp<std::int64_t>(stripBytes / rowBytes(), 1, height));
     }
 };
 
@@ -155,7 +155,7 @@ bool isBlackAndWhite(const Picture& picture) {
 }
 
 EncodablePicture colorsFor(const Picture& picture, SaveSettings settings) {
-    if (settings.TiffCompression == FaxCompression && isBlackAndWhite(picture))
+    if (settings.TiffCompression == faxCompression && isBlackAndWhite(picture))
         settings.ColorFormat = int(ColorFormat::BlackAndWhite);
     return encoderColors(picture, settings, TransparencyOf::Nothing);
 }

@@ -15,7 +15,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t PixelsPerByte = 8;
+constexpr std::int64_t pixelsPerByte = 8;
 
 struct WbmpHeader {
     std::int64_t width = 0;
@@ -61,7 +61,7 @@ PictureHeader wbmpHeader(const PictureSource& source, const QString& name) {
     const auto header = readHeader(source);
     if (!header)
         failDecoding(file, QCoreApplication::translate("WbmpCodec", "no header"));
-    requirePlausibleSize(file, header->width, header->height, PixelsPerByte);
+    requirePlausibleSize(file, header->width, header->height, pixelsPerByte);
     return {int(header->width), int(header->height), 1, 0};
 }
 

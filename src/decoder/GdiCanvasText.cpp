@@ -8,7 +8,7 @@ namespace tarsel::decoder {
 namespace {
 
 /// What the letters from '!' to '~' stand for in a font of symbols.
-constexpr char32_t Symbols[] =
+constexpr char32_t symbols[] =
     U"!∀#∃%&∋()∗+,−./0123456789:;<=>?≅ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟΠΘΡΣΤΥςΩΞΨΖ[∴]⊥_‾αβχδεφγηιϕκλμνοπθρστυϖωξψζ{|}∼";
 
 char32_t shownCharacter(const GdiFont& font, char32_t character) {
@@ -16,7 +16,7 @@ char32_t shownCharacter(const GdiFont& font, char32_t character) {
     if (!font.isSymbol)
         return character;
     const char32_t letter = character >= privateArea ? character - privateArea : character;
-    return letter >= U'!' && letter <= U'~' ? Symbols[letter - U'!'] : letter;
+    return letter >= U'!' && letter <= U'~' ? symbols[letter - U'!'] : letter;
 }
 
 /// Height of the em in logical units.

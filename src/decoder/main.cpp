@@ -48,7 +48,7 @@ DecoderReply answer(const DecoderRequest& request, const std::vector<Descriptor>
 
 /// A parent that had died before endWithParent was called has left the other end of the socket closed.
 bool isAlone() {
-    pollfd socket{DecoderSocket, POLLIN, 0};
+    pollfd socket{decoderSocket, POLLIN, 0};
     return ::poll(&socket, 1, 0) > 0 && (socket.revents & POLLHUP) != 0;
 }
 
@@ -58,13 +58,13 @@ int run(std::uint32_t missingLocks) {
     for (;;) {
         DecoderRequest request;
         std::vector<Descriptor> descriptors;
-        if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
+        if (!receiveRecord(decoderSocket, request, descriptors, requestDescriptors))
             return 0;
         allowTimeForOneFile();
         DecoderReply reply = answer(request, descriptors);
         reply.serial = request.serial;
         reply.missingLocks = missingLocks;
-        if (!sendRecord(DecoderSocket, reply))
+        if (!sendRecord(decoderSocket, reply))
             return 0;
     }
 }

@@ -93,7 +93,7 @@ TEST(DecoderProcess, TheChildRunsWithinLimitsOfMemoryTimeAndDescriptors) {
 #endif
     const QString folder = QStringLiteral("/proc/%1/").arg(process.processId());
     EXPECT_FALSE(QFileInfo(folder + QStringLiteral("fd/%1").arg(inherited.number())).isSymbolicLink());
-    EXPECT_TRUE(QFileInfo(folder + QStringLiteral("fd/%1").arg(DecoderSocket)).isSymbolicLink());
+    EXPECT_TRUE(QFileInfo(folder + QStringLiteral("fd/%1").arg(decoderSocket)).isSymbolicLink());
     EXPECT_TRUE(readWholeFile(folder + QStringLiteral("status")).contains("NoNewPrivs:\t1"));
 }
 

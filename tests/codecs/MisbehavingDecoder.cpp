@@ -27,7 +27,7 @@ namespace {
 }
 
 void answerWith(std::uint32_t serial, int channels, std::initializer_list<int> descriptors = {}) {
-    sendRecord(DecoderSocket, DecoderReply{serial, channels, 0, "a\x1B\nb"}, descriptors);
+    sendRecord(decoderSocket, DecoderReply{serial, channels, 0, "a\x1B\nb"}, descriptors);
 }
 
 /// Gray pixels.
@@ -47,13 +47,13 @@ void answer(std::uint32_t serial, const Descriptor& pixels) {
     const auto message = std::as_bytes(std::span(bytes));
     switch (kind & 3) {
     case 0:
-        sendMessage(DecoderSocket, message);
+        sendMessage(decoderSocket, message);
         break;
     case 1:
-        sendMessage(DecoderSocket, message, {0});
+        sendMessage(decoderSocket, message, {0});
         break;
     default:
-        sendMessage(DecoderSocket, message, {0, 1, 2, 0, 1, 2, 0, 1});
+        sendMessage(decoderSocket, message, {0, 1, 2, 0, 1, 2, 0, 1});
     }
     std::_Exit(0);
 }
@@ -98,9 +98,9 @@ void perform(std::string_view order, std::uint32_t serial, const std::vector<Des
     if (order == "look at the environment")
         return answerWith(serial, *environ ? 3 : 0);
     if (order == "half an answer")
-        sendMessage(DecoderSocket, std::as_bytes(std::span(order.data(), 8)));
+        sendMessage(decoderSocket, std::as_bytes(std::span(order.data(), 8)));
     if (order == "close the socket")
-        ::close(DecoderSocket);
+        ::close(decoderSocket);
     if (order == "exit")
         std::_Exit(3);
     if (order == "crash")
@@ -119,7 +119,7 @@ int main(int, char** arguments) {
     for (;;) {
         DecoderRequest request;
         std::vector<Descriptor> descriptors;
-        if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
+        if (!receiveRecord(decoderSocket, request, descriptors, requestDescriptors))
             return 0;
         constexpr std::size_t wmfHeaders = 40;
         char order[1024];

@@ -111,8 +111,8 @@ TEST(PixelOracle, everyPictureOfTheCorpusShowsTheSamePixels) {
         const Picture& decoded = outcome.decoded->picture;
         const bool sameSize = expected.size() == qsizetype(decoded.width()) * decoded.height() * 4;
         const Picture shownColors = converted(decoded, outcome.decoded->metadata.iccProfile);
-        const bool same = sameSize && (difference(decoded, expected) <= 1.0 ||
-                                       difference(shownColors, expected) <= 1.0);
+        const bool same =
+            sameSize && (difference(decoded, expected) <= 1.0 || difference(shownColors, expected) <= 1.0);
         EXPECT_NE(same, exceptions().contains(path)) << (sameSize ? difference(decoded, expected) : -1.0)
                                                      << ' ' << decoded.width() << " x " << decoded.height();
         ++compared;
