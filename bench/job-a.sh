@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Job A: a folder of 12-megapixel JPEG files through Resize 50 %, Sharpen, Text, Watermark, saved at quality 80 with
 # their metadata. Prints CPU seconds of ours and of what it is measured against, run in turn, and the ratio of medians.
 #   BENCH_CORPUS   folder with *.jpg files, and logo.png for the watermark (needed)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Flags of our own code, and the two functions by which a folder becomes a library or a test program.
 
 set(CMAKE_CXX_STANDARD 20)
@@ -39,14 +40,15 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(tarsel_flags INTERFACE -Wno-maybe-uninitialized)
 endif()
 
-# tarsel_library(<folder> SOURCES <file>... [USES <library>...] [PRECOMPILE <header>...])
-# makes the static library tarsel_<folder>. USES names what src/README.md allows this folder, and nothing else.
+# tarsel_library(<folder> SOURCES <file>... [USES <library>...] [INTERNAL <library>...] [PRECOMPILE <header>...])
+# makes the static library tarsel_<folder>. USES names the libraries that its headers include, INTERNAL those that only
+# its sources include; both together are what src/README.md allows this folder, and nothing else.
 function(tarsel_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;USES;PRECOMPILE" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;USES;INTERNAL;PRECOMPILE" ${ARGN})
     add_library(tarsel_${name} STATIC ${ARG_SOURCES})
     set_target_properties(tarsel_${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${CMAKE_SOURCE_DIR}/src)
     target_include_directories(tarsel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-    target_link_libraries(tarsel_${name} PUBLIC ${ARG_USES} PRIVATE tarsel_flags)
+    target_link_libraries(tarsel_${name} PUBLIC ${ARG_USES} PRIVATE ${ARG_INTERNAL} tarsel_flags)
     if(ARG_PRECOMPILE)
         target_precompile_headers(tarsel_${name} PRIVATE ${ARG_PRECOMPILE})
     endif()

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What an installed program consists of. All programs are in one folder: they find each other, and the
 # sample pictures, relative to it.
 include(GNUInstallDirs)

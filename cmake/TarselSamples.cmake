@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Where the sample pictures are. TARSEL_SAMPLES is their folder in the build tree; a program finds them in
 # TARSEL_SAMPLES_RELATIVE, relative to its own folder, in the build tree and when installed. It calls
 #

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The target update_translations brings translations/*.ts up to date with the texts in the sources. Nothing else needs
 # LinguistTools: without them there is no such target.
 find_package(Qt6LinguistTools 6.4 QUIET)

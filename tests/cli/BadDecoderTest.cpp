@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
 #include "tests/cli/Program.h"
 #include "tests/support/Metafiles.h"
 
@@ -26,7 +27,7 @@ bool hasChild(pid_t process) {
 class BadDecoder : public testing::Test {
 protected:
     BadDecoder() {
-        const QString decoder = folder.path(QStringLiteral("decoder"));
+        const QString decoder = folder.path("decoder");
         EXPECT_TRUE(QFile::link(QStringLiteral(TARSEL_MISBEHAVING_DECODER), decoder));
         EXPECT_TRUE(QFile(decoder + QStringLiteral(".requests")).open(QIODevice::WriteOnly));
         qputenv("TARSEL_DECODER", decoder.toLocal8Bit());
@@ -34,17 +35,10 @@ protected:
     ~BadDecoder() override { qunsetenv("TARSEL_DECODER"); }
     pid_t startBatch(const char* order) {
         constexpr qsizetype headers = 40;
-        QFile drawing(folder.path(QStringLiteral("0.wmf")));
-        EXPECT_TRUE(drawing.open(QIODevice::WriteOnly));
-        drawing.write(wmf({}).left(headers) + order);
-        drawing.close();
+        tarsel::writeFileSafely(folder.path("0.wmf"), wmf({}).left(headers) + order);
         return startProgram(commandLine("batch --out made 0.wmf a.jpg"), folder.path());
     }
-    QByteArray contentOf(const char* name) {
-        QFile file(folder.path(QString::fromLatin1(name)));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    QByteArray contentOf(const char* name) { return tarsel::readWholeFile(folder.path(name)); }
 
     const PictureFolder folder;
 };
@@ -58,7 +52,7 @@ TEST_F(BadDecoder, ASignalEndsTheWaitForItAndTheRowIsCancelled) {
     ::kill(process, SIGTERM);
     EXPECT_EQ(endOf(process), 130);
     EXPECT_EQ(contentOf("output").count("(cancelled)"), 2);
-    EXPECT_EQ(folder.files(QStringLiteral("made")), "");
+    EXPECT_EQ(folder.files("made"), "");
 }
 
 TEST_F(BadDecoder, AFileThatCrashedItIsNotTriedASecondTime) {

@@ -13,23 +13,23 @@ using namespace tarsel::test;
 namespace {
 
 QByteArray lineOf(const PictureFolder& folder, const char* name, const char* description = nullptr) {
-    QByteArray line = '"' + folder.path(text(name)).toUtf8() + '"';
+    QByteArray line = '"' + folder.path(name).toUtf8() + '"';
     if (description)
         line += QByteArray(",\"") + description + '"';
     return line + "\r\n";
 }
 
 QByteArray basketOf(const PictureFolder& folder, const char* name) {
-    return readWholeFile(folder.path(text(name)));
+    return readWholeFile(folder.path(name));
 }
 
 } // namespace
 
 TEST(BasketCommand, SavesFullPathsOnceAndReportsMissingOnes) {
     const PictureFolder folder;
-    EXPECT_EQ(folder.run(commandLine("basket save x.ibf a.jpg b.jpg ./a.jpg")).status, 0);
+    EXPECT_EQ(folder.run("basket save x.ibf a.jpg b.jpg ./a.jpg").status, 0);
     EXPECT_EQ(basketOf(folder, "x.ibf"), lineOf(folder, "a.jpg") + lineOf(folder, "b.jpg"));
-    const ProgramRun run = folder.run(commandLine("basket save x.ibf gone.jpg c.jpg"));
+    const ProgramRun run = folder.run("basket save x.ibf gone.jpg c.jpg");
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(contains(run.messages, "gone.jpg"));
     EXPECT_EQ(basketOf(folder, "x.ibf"), lineOf(folder, "c.jpg"));
@@ -37,8 +37,8 @@ TEST(BasketCommand, SavesFullPathsOnceAndReportsMissingOnes) {
 
 TEST(BasketCommand, AddingKeepsEntriesDescriptionsAndMissingFiles) {
     const PictureFolder folder;
-    EXPECT_EQ(folder.run(commandLine("basket save x.ibd --description old a.jpg b.jpg")).status, 0);
-    ASSERT_TRUE(QFile::remove(folder.path(text("a.jpg"))));
+    EXPECT_EQ(folder.run("basket save x.ibd --description old a.jpg b.jpg").status, 0);
+    ASSERT_TRUE(QFile::remove(folder.path("a.jpg")));
     const QStringList quoted{text("--description"),
                              text("the \"new\" mill")}; // without the quotes in the file
     EXPECT_EQ(folder.run(commandLine("basket add x.ibd c.jpg b.jpg") + quoted).status, 0);
@@ -49,7 +49,7 @@ TEST(BasketCommand, AddingKeepsEntriesDescriptionsAndMissingFiles) {
 TEST(BasketCommand, AFailureIsReportedOnceWithItsReasonAndLeavesTheOldBasket) {
     const PictureFolder folder;
     const QByteArray odd = "\"/x/a.jpg\"\r\n\r\n";
-    writeFileSafely(folder.path(text("odd.ibf")), odd);
+    writeFileSafely(folder.path("odd.ibf"), odd);
     ASSERT_TRUE(QDir(folder.path()).mkdir(text("folder.ibf")));
     const std::pair<const char*, const char*> cases[] = {{"add odd.ibf a.jpg", "odd.ibf"},
                                                          {"save odd.ibf gone.jpg", "empty basket"},
@@ -66,20 +66,20 @@ TEST(BasketCommand, AFailureIsReportedOnceWithItsReasonAndLeavesTheOldBasket) {
 
 TEST(BasketCommand, ListsRowsWithTheirFacts) {
     const PictureFolder folder;
-    ASSERT_EQ(folder.run(commandLine("basket save x.ibd --description nice a.jpg b.jpg")).status, 0);
-    const ProgramRun run = folder.run(commandLine("basket list x.ibd --json"));
+    ASSERT_EQ(folder.run("basket save x.ibd --description nice a.jpg b.jpg").status, 0);
+    const ProgramRun run = folder.run("basket list x.ibd --json");
     EXPECT_EQ(run.status, 0);
     ASSERT_EQ(run.objects().size(), 2);
     const QJsonObject row = run.objects().at(1);
     const std::pair<const char*, QJsonValue> members[] = {{"row", 2},
                                                           {"name", text("b.jpg")},
-                                                          {"source", folder.path(text("b.jpg"))},
+                                                          {"source", folder.path("b.jpg")},
                                                           {"resolution", text("26 X 16")},
                                                           {"description", text("nice")}};
     for (const auto& [key, value] : members)
         EXPECT_EQ(row.value(text(key)), value) << key;
-    ASSERT_TRUE(QFile::remove(folder.path(text("a.jpg"))));
-    const ProgramRun less = folder.run(commandLine("basket list x.ibd"));
+    ASSERT_TRUE(QFile::remove(folder.path("a.jpg")));
+    const ProgramRun less = folder.run("basket list x.ibd");
     EXPECT_EQ(less.status, 1);
     EXPECT_EQ(less.lines().size(), 1);
     EXPECT_TRUE(less.messages.contains("a.jpg"));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
-#include "imaging/ImageBox.h"
 #include "tests/cli/Program.h"
 #include "tests/support/CodecTestFiles.h"
+#include "tests/support/TestPictures.h"
 #include "tests/support/Text.h"
 
 #include <QFileInfo>
@@ -16,11 +16,7 @@ namespace {
 /// With a photograph, whose JPEG file has a size for each quality.
 class EncodeCommand : public testing::Test {
 protected:
-    EncodeCommand() {
-        ImageBox box;
-        box.setPictureHandle(photograph(160, 120));
-        box.SaveToFile(folder.path(text("photo.png")));
-    }
+    EncodeCommand() { boxWith(photograph(160, 120)).SaveToFile(folder.path("photo.png")); }
 
     QJsonObject encoded(const char* arguments) const {
         const ProgramRun run = folder.run(commandLine("encode --json") + commandLine(arguments));
@@ -28,6 +24,7 @@ protected:
         EXPECT_EQ(run.status == 0, row.value(text("state")) == text("written")) << run.messages.constData();
         return row;
     }
+    int sizeOf(const char* arguments) const { return encoded(arguments).value(text("bytes")).toInt(); }
 
     PictureFolder folder;
 };
@@ -35,30 +32,25 @@ protected:
 TEST_F(EncodeCommand, WritesEveryFormatByNameOrByExtension) {
     for (const char* format : {"bmp", "gif", "jpg", "pcx", "png", "wbmp", "psd", "tif", "pdf"}) {
         const QString out = text("out.") + text(format);
-        const QJsonObject row = encoded(qPrintable(text("photo.png ") + out));
-        EXPECT_EQ(row.value(text("bytes")).toInt(), QFileInfo(folder.path(out)).size()) << format;
-        EXPECT_GT(row.value(text("bytes")).toInt(), 100) << format;
+        const int size = sizeOf(qPrintable(text("photo.png ") + out));
+        EXPECT_EQ(size, QFileInfo(folder.path(out)).size()) << format;
+        EXPECT_GT(size, 100) << format;
         encoded(qPrintable(text("--format %1 photo.png plain").arg(text(format))));
-        EXPECT_EQ(readWholeFile(folder.path(text("plain"))), readWholeFile(folder.path(out))) << format;
+        EXPECT_EQ(readWholeFile(folder.path("plain")), readWholeFile(folder.path(out))) << format;
     }
 }
 
 TEST_F(EncodeCommand, FindsTheBestQualityThatFits) {
-    const auto sizeAt = [&](int quality) {
-        return encoded(qPrintable(text("--quality %1 photo.png q.jpg").arg(quality)))
-            .value(text("bytes"))
-            .toInt();
-    };
-    const int limit = sizeAt(61);
+    const int limit = sizeOf("--quality 61 photo.png q.jpg");
     const QJsonObject row = encoded(qPrintable(text("--max-size %1 photo.png fit.jpg").arg(limit)));
     EXPECT_EQ(row.value(text("quality")).toInt(), 61);
     EXPECT_EQ(row.value(text("bytes")).toInt(), limit);
     EXPECT_EQ(encoded("--max-size 10000000 photo.png fit.jpg").value(text("quality")).toInt(), 100);
     EXPECT_EQ(encoded("--max-size 10000000 --quality 70 photo.png fit.jpg").value(text("quality")).toInt(),
               70);
-    const QByteArray before = readWholeFile(folder.path(text("fit.jpg")));
+    const QByteArray before = readWholeFile(folder.path("fit.jpg"));
     EXPECT_EQ(encoded("--max-size 50 photo.png fit.jpg").value(text("state")), text("failed"));
-    EXPECT_EQ(readWholeFile(folder.path(text("fit.jpg"))), before);
+    EXPECT_EQ(readWholeFile(folder.path("fit.jpg")), before);
 }
 
 TEST_F(EncodeCommand, OptionsReachTheEncoder) {
@@ -70,20 +62,13 @@ TEST_F(EncodeCommand, OptionsReachTheEncoder) {
                  {"--colors monochrome-bw --compression group4 photo.png x.tif",
                   "--colors monochrome-bw --compression none photo.png x.tif"}};
     for (const auto& [smaller, larger] : pairs)
-        EXPECT_LT(encoded(smaller).value(text("bytes")).toInt(), encoded(larger).value(text("bytes")).toInt())
-            << smaller;
+        EXPECT_LT(sizeOf(smaller), sizeOf(larger)) << smaller;
     encoded("--progressive photo.png x.jpg");
-    EXPECT_TRUE(readWholeFile(folder.path(text("x.jpg"))).contains(QByteArray("\xFF\xC2\0\x11", 4)));
-    ImageBox box;
-    box.LoadFromFile(folder.path(text("photo.png")));
-    const Color color = box.PixelColor(3, 2);
-    const QString rgb = text("%1%2%3")
-                            .arg(color & 0xFF, 2, 16, QLatin1Char('0'))
-                            .arg(color >> 8 & 0xFF, 2, 16, QLatin1Char('0'))
-                            .arg(color >> 16 & 0xFF, 2, 16, QLatin1Char('0'));
-    encoded(qPrintable(text("--transparent %1 photo.png x.png").arg(rgb)));
-    box.LoadFromFile(folder.path(text("x.png")));
-    EXPECT_EQ(box.picture().view().pixel(3, 2)[box.picture().channels() - 1], 0);
+    EXPECT_TRUE(readWholeFile(folder.path("x.jpg")).contains(QByteArray("\xFF\xC2\0\x11", 4)));
+    const Rgb color = colorAt(folder.loaded("photo.png").picture(), 3, 2);
+    encoded(qPrintable(text("--transparent %1 photo.png x.png")
+                           .arg(color.red << 16 | color.green << 8 | color.blue, 6, 16, QLatin1Char('0'))));
+    EXPECT_EQ(alphaAt(folder.loaded("x.png").picture(), 3, 2), 0);
 }
 
 TEST_F(EncodeCommand, WhatAFormatDoesNotHaveIsWrongUsage) {
@@ -94,7 +79,7 @@ TEST_F(EncodeCommand, WhatAFormatDoesNotHaveIsWrongUsage) {
                               "--quality 5 photo.png x.gif", "--quality 101 photo.png x.jpg",
                               "--max-size 0 photo.png x.jpg", "--max-size 9999 photo.png x.png"})
         EXPECT_EQ(folder.run(commandLine("encode") + commandLine(wrong)).status, 2) << wrong;
-    EXPECT_EQ(folder.run(commandLine("encode gone.png x.jpg")).status, 1);
+    EXPECT_EQ(folder.run("encode gone.png x.jpg").status, 1);
 }
 
 } // namespace

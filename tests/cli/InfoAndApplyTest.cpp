@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
-#include "imaging/ImageBox.h"
 #include "tests/cli/Program.h"
+#include "tests/support/TestPictures.h"
 #include "tests/support/Text.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
-#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -32,11 +31,11 @@ QString valueOf(const QJsonObject& picture, const char* list, const char* key, c
 
 TEST(InfoCommand, ListsHeaderSizeAndMetadata) {
     const PictureFolder folder;
-    makePicture(folder.path(text("a.jpg")), 31, 17, text("Jo"));
-    const ProgramRun run = folder.run(commandLine("info --json a.jpg"));
+    makePicture(folder.path("a.jpg"), 31, 17, text("Jo"));
+    const ProgramRun run = folder.run("info --json a.jpg");
     EXPECT_EQ(run.status, 0);
     const QJsonObject picture = run.objects().value(0);
-    const std::pair<const char*, QJsonValue> facts[] = {{"path", folder.path(text("a.jpg"))},
+    const std::pair<const char*, QJsonValue> facts[] = {{"path", folder.path("a.jpg")},
                                                         {"state", text("ok")},
                                                         {"format", text("JPEG")},
                                                         {"width", 31},
@@ -52,15 +51,14 @@ TEST(InfoCommand, ListsHeaderSizeAndMetadata) {
 
 TEST(InfoCommand, TroubleWithAFileIsReportedAndDoesNotStopTheOthers) {
     const PictureFolder folder;
-    writeFileSafely(folder.path(text("bad.jpg")), "no picture");
-    writeFileSafely(folder.path(text("empty.jpg")), "");
-    makePicture(folder.path(text("cut.jpg")), 160, 160);
-    const QByteArray bytes = readWholeFile(folder.path(text("cut.jpg")));
-    writeFileSafely(folder.path(text("cut.jpg")), bytes.left(bytes.size() * 3 / 4));
-    ImageBox box;
-    box.LoadFromFile(folder.path(text("a.jpg")));
+    writeFileSafely(folder.path("bad.jpg"), "no picture");
+    writeFileSafely(folder.path("empty.jpg"), "");
+    makePicture(folder.path("cut.jpg"), 160, 160);
+    const QByteArray bytes = readWholeFile(folder.path("cut.jpg"));
+    writeFileSafely(folder.path("cut.jpg"), bytes.left(bytes.size() * 3 / 4));
+    ImageBox box = folder.loaded("a.jpg");
     ASSERT_TRUE(box.ExifSet(text("DateTime"), text("yesterday at noon..")));
-    box.SaveToFile(folder.path(text("odd.jpg")));
+    box.SaveToFile(folder.path("odd.jpg"));
     const QStringList names = commandLine("gone.jpg bad.jpg empty.jpg . cut.jpg odd.jpg b.jpg");
     const ProgramRun run = folder.run(commandLine("info --json") + names);
     EXPECT_EQ(run.status, 1);
@@ -74,12 +72,12 @@ TEST(InfoCommand, TroubleWithAFileIsReportedAndDoesNotStopTheOthers) {
         EXPECT_EQ(pictures[i].value(text("damage")).toString().isEmpty(), names[i] != text("cut.jpg"));
     }
     EXPECT_EQ(pictures[4].value(text("width")).toInt(), 160);
-    EXPECT_TRUE(contains(run.messages, qPrintable(text("13 - ") + folder.path(text("odd.jpg")))));
+    EXPECT_TRUE(contains(run.messages, qPrintable(text("13 - ") + folder.path("odd.jpg"))));
     for (const char* name : {"gone.jpg", "cut.jpg"})
-        EXPECT_EQ(folder.run(commandLine("info --json b.jpg") + QStringList{text(name)}).status, 1) << name;
-    ASSERT_TRUE(QFile::copy(folder.path(text("cut.jpg")), folder.path(text("cut.jpe")))); // loaded by content
+        EXPECT_EQ(folder.run(commandLine("info --json b.jpg") + commandLine(name)).status, 1) << name;
+    ASSERT_TRUE(QFile::copy(folder.path("cut.jpg"), folder.path("cut.jpe"))); // loaded by content
     for (const char* command : {"info cut.jpg", "info cut.jpe"})
-        EXPECT_TRUE(contains(folder.run(commandLine(command)).output, "damaged: ")) << command;
+        EXPECT_TRUE(contains(folder.run(command).output, "damaged: ")) << command;
 }
 
 TEST(InfoCommand, NamesThatAreNotUtf8AreOpenedAndControlCharactersAreWrittenOut) {
@@ -101,72 +99,56 @@ TEST(InfoCommand, NamesThatAreNotUtf8AreOpenedAndControlCharactersAreWrittenOut)
 
 TEST(ApplyCommand, ReplaysTheListAndKeepsMetadata) {
     const PictureFolder folder;
-    makePicture(folder.path(text("a.jpg")), 40, 20, text("Jo"));
-    writeFileSafely(folder.path(text("half.tbf")), taskLine("3", "resize", {text("False"), text("50")}));
-    const ProgramRun run = folder.run(commandLine("apply --json --tasks half.tbf a.jpg half.jpg"));
+    makePicture(folder.path("a.jpg"), 40, 20, text("Jo"));
+    writeFileSafely(folder.path("half.tbf"), taskLine("3", "resize", {text("False"), text("50")}));
+    const ProgramRun run = folder.run("apply --json --tasks half.tbf a.jpg half.jpg");
     EXPECT_EQ(run.status, 0) << run.messages.constData();
     EXPECT_EQ(run.objects().value(0).value(text("state")).toString(), text("written"));
-    ImageBox box;
-    box.LoadFromFile(folder.path(text("half.jpg")));
+    const ImageBox box = folder.loaded("half.jpg");
     EXPECT_EQ(box.Width(), 20);
     EXPECT_EQ(box.ExifValueByName(text("Artist")), text("Jo"));
 }
 
 TEST(ApplyCommand, ATransparentPictureIsLaidOnWhiteFirstWhereTheTargetHasNoAlpha) {
     const PictureFolder folder;
-    Picture clear(16, 16, 4); // black without any cover
-    const PixelView pixels = clear.edit();
-    for (int y = 0; y < 16; ++y)
-        std::fill_n(pixels.row(y), 16 * 4, std::uint8_t(0));
-    ImageBox maker;
-    maker.setPictureHandle(clear);
-    maker.SaveToFile(folder.path(text("clear.png")));
-    writeFileSafely(folder.path(text("l.tbf")), taskLine("11", "invert", {}));
+    boxWith(redBesideHiddenGreen(16, 16)).SaveToFile(folder.path("clear.png"));
+    writeFileSafely(folder.path("l.tbf"), taskLine("11", "invert", {}));
     for (const char* out : {"x.bmp", "x.jpg", "x.png", "x.tif"})
-        EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf clear.png") + QStringList{text(out)}).status,
-                  0);
-    const auto picture = [&](const char* name) {
-        ImageBox box;
-        box.LoadFromFile(folder.path(text(name)));
-        return box.picture();
-    };
+        EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf clear.png") + commandLine(out)).status, 0);
+    const auto picture = [&](const char* name) { return folder.loaded(name).picture(); };
     EXPECT_EQ(picture("x.bmp").view().pixel(8, 8)[0], 0) << "white inverted";
     EXPECT_LT(picture("x.jpg").view().pixel(8, 8)[0], 5);
     EXPECT_TRUE(picture("x.png").hasAlpha());
     EXPECT_TRUE(picture("x.tif").hasAlpha());
 }
 
-TEST(ApplyCommand, AFailingTaskWritesNothing) {
+TEST(ApplyCommand, WhatFailsIsNamedAndWritesNothing) {
     const PictureFolder folder;
-    writeFileSafely(folder.path(text("bad.tbf")), taskLine("7", "sharpen", {text("very")}));
-    const QByteArray before = readWholeFile(folder.path(text("b.jpg")));
-    const ProgramRun run = folder.run(commandLine("apply --json --tasks bad.tbf a.jpg b.jpg"));
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.objects().value(0).value(text("state")).toString(), text("failed"));
-    EXPECT_TRUE(run.objects().value(0).value(text("reason")).toString().contains(text("task 1 (sharpen)")));
-    EXPECT_EQ(readWholeFile(folder.path(text("b.jpg"))), before);
-}
-
-TEST(ApplyCommand, AnUnknownOutputFormatIsWrongUsage) {
-    const PictureFolder folder;
-    writeFileSafely(folder.path(text("l.tbf")), taskLine("7", "sharpen", {text("2")}));
-    for (const char* out : {"x.txt", "x", "x.jpg.doc"})
-        EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf a.jpg") + QStringList{text(out)}).status, 2)
-            << out;
-    EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf gone.jpg x.jpg")).status, 1);
-    EXPECT_EQ(folder.run(commandLine("apply --tasks l.tbf a.jpg gone/x.jpg")).status, 1);
+    writeFileSafely(folder.path("bad.tbf"), taskLine("7", "sharpen", {text("very")}));
+    writeFileSafely(folder.path("l.tbf"), taskLine("7", "sharpen", {text("2")}));
+    const QByteArray before = readWholeFile(folder.path("b.jpg"));
+    const std::pair<const char*, const char*> cases[] = {{"bad.tbf a.jpg b.jpg", "task 1 (sharpen)"},
+                                                         {"l.tbf gone.jpg b.jpg", "gone.jpg"},
+                                                         {"l.tbf a.jpg gone/x.jpg", "gone/x.jpg"}};
+    for (const auto& [words, part] : cases) {
+        const ProgramRun run = folder.run(commandLine("apply --json --tasks") + commandLine(words));
+        EXPECT_EQ(run.status, 1) << words;
+        EXPECT_EQ(run.objects().value(0).value(text("state")), text("failed")) << words;
+        EXPECT_TRUE(contains(run.objects().value(0).value(text("reason")).toString(), part));
+        EXPECT_EQ(readWholeFile(folder.path("b.jpg")), before);
+    }
 }
 
 TEST(TasksCommand, ShowsEachRowInWordsAndWhatARunWouldDoWithIt) {
     const PictureFolder folder;
     writeFileSafely(
-        folder.path(text("a.tbf")),
+        folder.path("a.tbf"),
         taskLine("2", "rotate", {text("True"), text("-45"), text("33023")}) +
             taskLine("8", "crop", {text("True"), text("1"), text("0"), text("0"), text("9"), text("x")}) +
             taskLine("99", "text", {}) +
             taskLine("9", "watermark", {text("False"), text("0"), text("2"), text("gone.png")}) +
             taskLine("14", "mask", {text("False"), text("0"), text("0")}));
-    const ProgramRun run = folder.run(commandLine("tasks a.tbf"));
+    const ProgramRun run = folder.run("tasks a.tbf");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(
         run.output.toStdString(),
@@ -178,12 +160,11 @@ TEST(TasksCommand, ShowsEachRowInWordsAndWhatARunWouldDoWithIt) {
         "  [failed: the file \"gone.png\" is missing]\n"
         "    5  Mask: transparent off, transparency 0, number 0"
         "  [failed: Mask artwork is not part of this program yet]\n");
-    const QJsonObject row = folder.run(commandLine("tasks --json a.tbf")).objects().value(0);
+    const QJsonObject row = folder.run("tasks --json a.tbf").objects().value(0);
     EXPECT_EQ(row.value(text("state")), text("ok"));
     EXPECT_EQ(valueOf(row, "parameters", "name", "degrees"), text("-45"));
-    EXPECT_EQ(folder.run(commandLine("tasks")).status, 2);
-    writeFileSafely(folder.path(text("b.tbf")), taskLine("1", "flip", {text("1")}));
-    const ProgramRun fine = folder.run(commandLine("tasks b.tbf"));
+    writeFileSafely(folder.path("b.tbf"), taskLine("1", "flip", {text("1")}));
+    const ProgramRun fine = folder.run("tasks b.tbf");
     EXPECT_EQ(fine.output, "    1  Orientation: direction vertical\n");
     EXPECT_EQ(fine.status, 0);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/Program.h"
 
-#include "imaging/ImageBox.h"
+#include "tests/support/TestPictures.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -91,14 +91,9 @@ int endOf(pid_t process) {
 }
 
 void makePicture(const QString& path, int width, int height, const QString& artist) {
-    Picture picture(width, height, 3);
-    const PixelView view = picture.edit();
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            for (int channel = 0; channel < 3; ++channel)
-                view.pixel(x, y)[channel] = std::uint8_t((x * (3 + channel) + y * 5) & 0xFF);
-    ImageBox box;
-    box.setPictureHandle(picture);
+    ImageBox box = boxWith(pictureOf(width, height, 3, [](int x, int y) {
+        return Rgb{std::uint8_t(x * 3 + y * 5), std::uint8_t(x * 4 + y * 5), std::uint8_t(x * 5 + y * 5)};
+    }));
     if (!artist.isEmpty()) {
         EXPECT_TRUE(box.ExifSet(QStringLiteral("Artist"), artist));
     }
@@ -106,13 +101,13 @@ void makePicture(const QString& path, int width, int height, const QString& arti
 }
 
 PictureFolder::PictureFolder() {
-    makePicture(path(QStringLiteral("a.jpg")), 24);
-    makePicture(path(QStringLiteral("b.jpg")), 26);
-    makePicture(path(QStringLiteral("c.jpg")), 28);
+    makePicture(path("a.jpg"), 24);
+    makePicture(path("b.jpg"), 26);
+    makePicture(path("c.jpg"), 28);
 }
 
-std::string PictureFolder::files(const QString& subFolder) const {
-    return QDir(m_folder.filePath(subFolder))
+std::string PictureFolder::files(const char* subFolder) const {
+    return QDir(path(subFolder))
         .entryList(QDir::Files | QDir::Hidden, QDir::Name)
         .join(QLatin1Char(' '))
         .toStdString();

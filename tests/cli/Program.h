@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tests/support/Boxes.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QList>
@@ -41,22 +43,25 @@ int endOf(pid_t process);
 /// Writes a small JPEG picture.
 void makePicture(const QString& path, int width = 24, int height = 16, const QString& artist = {});
 
+/// Words of a command line, parted by blanks.
+QStringList commandLine(const char* words);
+
 /// A folder with pictures a.jpg, b.jpg, c.jpg of 24 x 16, 26 x 16 and 28 x 16.
 class PictureFolder {
 public:
     PictureFolder();
     QString path(const QString& name = {}) const { return m_folder.filePath(name); }
+    QString path(const char* name) const { return path(QString::fromUtf8(name)); }
     /// Names of all files, hidden ones too, in their order, blanks between them.
-    std::string files(const QString& subFolder = {}) const;
+    std::string files(const char* subFolder = "") const;
+    ImageBox loaded(const char* name) const { return test::loaded(path(name)); }
     ProgramRun run(const QStringList& arguments, const std::function<void()>& beforeStart = {}) const {
         return runProgram(arguments, m_folder.path(), beforeStart);
     }
+    ProgramRun run(const char* words) const { return run(commandLine(words)); }
 
 private:
     QTemporaryDir m_folder;
 };
-
-/// Words of a command line, parted by blanks.
-QStringList commandLine(const char* words);
 
 } // namespace tarsel::test

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
 #include "bytes/Numbers.h"
-#include "codecs/Codec.h"
 #include "codecs/PictureLimit.h"
 #include "codecs/TiffDirectory.h"
 #include "embedded/ResourceBlocks.h"
@@ -19,8 +18,7 @@ namespace {
 TEST(DamagedFiles, aPictureCutInTheMiddleGivesItsUpperPartAndSaysSo) {
     for (const char* format : {"jpg", "png"}) {
         SCOPED_TRACE(format);
-        const QByteArray bytes =
-            codecForExtension(QLatin1String(format))->encode(test::photograph(160, 160), {}, {});
+        const QByteArray bytes = test::encoded(format, test::photograph(160, 160));
         const auto whole = test::readBytes(bytes, QStringLiteral("whole"));
         const auto cut = test::readBytes(bytes.left(bytes.size() * 3 / 4), QStringLiteral("cut"));
         ASSERT_TRUE(whole.decoded && cut.decoded) << cut.message.toStdString();
@@ -37,7 +35,7 @@ TEST(DamagedFiles, aPictureCutInTheMiddleGivesItsUpperPartAndSaysSo) {
 TEST(DamagedFiles, claimsOfGigabytesInAFewBytesAreRefusedWithTheSizeBeforeTheyTakeMemory) {
     const QByteArray jpegFrame(
         "\xFF\xD8\xFF\xC0\0\x0B\x08\xFF\xDC\xFF\xDC\1\1\x11\0\xFF\xDA\0\x08\1\1\0\0\x3F\0", 25);
-    QByteArray png = codecForExtension(QStringLiteral("png"))->encode(test::photograph(4, 4), {}, {});
+    QByteArray png = test::encoded("png", test::photograph(4, 4));
     png.replace(16, 8, QByteArray::fromHex("0000800000008000"));
     QByteArray pcx(140, 1);
     pcx.replace(0, 12, QByteArray("\x0A\x05\x01\x08\0\0\0\0\xFE\xFF\xFE\xFF", 12));
@@ -105,7 +103,7 @@ TEST(HostileFiles, aTiffDirectoryOfRepeatedEntriesIsRefused) {
 
 /// Half a million of them would keep the decoder busy for minutes.
 TEST(HostileFiles, aJpegOfThousandsOfSegmentsIsRefusedAndOneOfHundredsIsNot) {
-    QByteArray jpeg = codecForExtension(QStringLiteral("jpg"))->encode(test::photograph(8, 8), {}, {});
+    QByteArray jpeg = test::encoded("jpg", test::photograph(8, 8));
     const QByteArray comment("\xFF\xFE\0\3x", 5);
     jpeg.insert(2, comment.repeated(500));
     EXPECT_TRUE(test::readBytes(jpeg, QStringLiteral("some.jpg")).decoded);
@@ -155,7 +153,7 @@ TEST(HostileFiles, textThatNobodyReadsTakesNoMemory) {
         ::getrusage(RUSAGE_SELF, &usage);
         return usage.ru_maxrss / 1024;
     };
-    QByteArray png = codecForExtension(QStringLiteral("png"))->encode(test::photograph(4, 4), {}, {});
+    QByteArray png = test::encoded("png", test::photograph(4, 4));
     const QByteArray chunk = textChunk();
     for (int i = 0; i < 40; ++i)
         png.insert(33, chunk); // after the header chunk

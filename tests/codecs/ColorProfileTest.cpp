@@ -117,6 +117,7 @@ TEST_F(Profiles, aGrayFileHasTheLuminanceOfTheShownColours) {
         bytes.remove(0, bytes.startsWith("%PDF") ? bytes.indexOf("\xFF\xD8") : 0); // to the page's JPEG data
         const auto read = test::readBytes(bytes, path).decoded;
         ASSERT_TRUE(read) << name;
+        EXPECT_TRUE(read->metadata.iccProfile.isEmpty()) << "a profile for three channels";
         EXPECT_NEAR(test::colorAt(read->picture, 4, 4).green, 0.299 * 124 + 0.587 * 201 + 0.114 * 92, 2)
             << name;
     }

@@ -11,7 +11,7 @@ constexpr int App1 = 0xE1;
 constexpr int Comment = 0xFE;
 
 QByteArray jpegWith(const std::vector<JpegSegment>& segments) {
-    QByteArray file = codecForExtension(QStringLiteral("jpg"))->encode(test::photograph(9, 7), {}, {});
+    QByteArray file = test::encoded("jpg", test::photograph(9, 7));
     QByteArray inserted;
     for (const auto& [marker, payload] : segments) {
         const auto size = payload.size() + 2;

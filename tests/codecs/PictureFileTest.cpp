@@ -28,8 +28,7 @@ protected:
     }
 
     static QByteArray encoded(const char* extension) {
-        return codecForExtension(QLatin1String(extension))
-            ->encode(test::noisePicture(31, 17, 3), {}, test::everyKindOfMetadata());
+        return test::encoded(extension, test::noisePicture(31, 17, 3), {}, test::everyKindOfMetadata());
     }
 
     QTemporaryDir m_folder;

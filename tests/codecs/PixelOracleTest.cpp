@@ -100,6 +100,8 @@ TEST(PixelOracle, everyPictureOfTheCorpusShowsTheSamePixels) {
         if (picture.fact("state") != QLatin1String("valid") ||
             QStringLiteral("bad emf wmf").contains(picture.fact("category"))) // drawings have no pixels
             continue;
+        if (path.endsWith(QLatin1String(".wmf")) || path.endsWith(QLatin1String(".emf")))
+            continue;                         // every program draws them in a size and with fonts of its own
         constexpr int mostPixels = 1'000'000; // larger ones are of the same kinds and take long
         if (picture.number("width") * picture.number("height") > mostPixels)
             continue;

@@ -34,10 +34,7 @@ const std::vector<Writer>& writers() {
     return table;
 }
 
-QByteArray encoded(const char* extension, const Picture& picture, const SaveSettings& settings,
-                   const EmbeddedMetadata& metadata = {}) {
-    return codecForExtension(QString::fromLatin1(extension))->encode(picture, settings, metadata);
-}
+using test::encoded;
 
 Picture decoded(const QByteArray& bytes, const char* extension) {
     return PictureFile(bytes, QStringLiteral("x.") + QString::fromLatin1(extension)).decode().picture;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/IgnoringErrors.h"
 #include "embedded/IptcFields.h"
-#include "imaging/ImageBox.h"
 #include "imaging/fncLoadPicture.h"
 #include "metadata/modMetadata.h"
 #include "tasks/Replay.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/Corpus.h"
 #include "tests/support/TestPictures.h"
 
@@ -36,8 +36,7 @@ void onAllThreads(const std::function<void(int thread)>& work) {
 std::vector<QString> pictures(const QTemporaryDir& folder) {
     std::vector<QString> paths;
     for (const char* name : {"a.jpg", "a.tif", "a.png", "a.bmp"}) {
-        ImageBox box;
-        box.setPictureHandle(test::noisePicture(61, 43, 3));
+        ImageBox box = test::boxWith(test::noisePicture(61, 43, 3));
         box.ExifSet(QStringLiteral("DateTime"), QStringLiteral("2004:01:31 15:05:09"));
         box.ExifSet(QStringLiteral("MeteringMode"), QStringLiteral("5"));
         setIptcList(box.metadata(), "IptcKeyword", {QStringLiteral("ship")});
@@ -140,8 +139,7 @@ TEST(ThreadedEngine, EachPictureComesOutTheSameOnWhateverThreadsItIsWorkedOn) {
 TEST(ThreadedEngine, CopiesOfABoxAreReadAndChangedOnTheirOwnThreads) {
     const QTemporaryDir folder;
     const std::vector<QString> paths = pictures(folder);
-    ImageBox box;
-    box.LoadFromFile(paths.front());
+    const ImageBox box = test::loaded(paths.front());
     const std::vector<TaskRow> rows = tasks(paths.front());
     std::vector<QString> texts(ThreadCount);
     std::vector<Picture> results(ThreadCount);

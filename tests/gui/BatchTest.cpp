@@ -9,6 +9,7 @@
 #include "controls/ProgressBar.h"
 #include "output/BatchSave.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QAbstractItemView>
@@ -38,8 +39,7 @@ void makeGlass(const QString& path) {
 
 /// The picture of a file, saved again with an orientation.
 void makeTurned(const QString& from, const QString& path) {
-    ImageBox box;
-    box.LoadFromFile(from);
+    ImageBox box = loaded(from);
     EXPECT_TRUE(box.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
     box.SaveToFile(path);
 }

@@ -2,6 +2,7 @@
 #include "base/SafeFileWriter.h"
 #include "controls/ListControl.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/Corpus.h"
 #include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
@@ -46,10 +47,7 @@ protected:
 
     /// Writes the list of one task, a flip, and returns its path.
     QString flipList() {
-        QString record = QStringLiteral("\"1\",\"flip\"");
-        for (int column = 1; column <= 17; ++column)
-            record += column == 1 ? QStringLiteral(",\"1\"") : QStringLiteral(",\"\"");
-        writeFileSafely(path("flip.tbf"), (record + QStringLiteral("\r\n")).toLatin1());
+        writeFileSafely(path("flip.tbf"), "\"1\",\"flip\",\"1\"" + QByteArray(",\"\"").repeated(16) + "\r\n");
         return path("flip.tbf");
     }
 
@@ -176,8 +174,7 @@ TEST_F(MainWindow, OfPicturesClickedQuicklyTheLastIsShownAndDescribed) {
     scripted.fileChoices.push_back(FileDialogChoice{flipList(), 1});
     click(window(), "cmdEditBar_1");
     choosePreviewType("Optimized");
-    ImageBox expected;
-    expected.LoadFromFile(pictures() + QStringLiteral("/z.jpg"));
+    ImageBox expected = loaded(pictures() + QStringLiteral("/z.jpg"));
     expected.Flip(1);
     for (int round = 0; round < 12; ++round) {
         for (int row = 0; row < 4; ++row) {

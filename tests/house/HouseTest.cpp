@@ -187,11 +187,16 @@ TEST_F(House, EverySourceUsesWhatItsFolderMayUseAndNoPermissionIsLeftOver) {
 
 TEST_F(House, EverySourceSaysItsLicence) {
     const QString root = QStringLiteral(TARSEL_ROOT "/");
-    for (const char* folder : {"src", "tests", "samples", "bench"})
-        for (const QString& path : filesBelow(root + QString::fromLatin1(folder), sourcePatterns)) {
+    const QStringList scripts{QStringLiteral("CMakeLists.txt"), QStringLiteral("*.cmake"),
+                              QStringLiteral("*.sh")};
+    for (const char* folder : {"src", "tests", "samples", "bench", "cmake"})
+        for (const QString& path : filesBelow(root + QString::fromLatin1(folder), sourcePatterns + scripts)) {
             const bool permissive = path.startsWith(sources + QStringLiteral("/bytes/"));
-            const QString licence = permissive ? QStringLiteral("MIT") : QStringLiteral("GPL-3.0-or-later");
-            if (linesOf(path)[0] != QStringLiteral("// SPDX-License-Identifier: ") + licence)
-                report(path, QStringLiteral("its first line is not that of the licence ") + licence);
+            const QString line = QStringLiteral(" SPDX-License-Identifier: ") +
+                                 (permissive ? QStringLiteral("MIT") : QStringLiteral("GPL-3.0-or-later"));
+            const QStringList lines = linesOf(path);
+            if (lines[0] != QStringLiteral("//") + line &&
+                !lines.first(2).contains(QStringLiteral("#") + line))
+                report(path, QStringLiteral("doesn't begin with") + line);
         }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
-#include "imaging/ImageBox.h"
 #include "imaging/fncLoadPicture.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/TestPictures.h"
 
@@ -17,15 +17,14 @@ void PrintTo(const Size& size, std::ostream* out) {
 
 namespace {
 
+using test::encoded;
+
 class LoadPicture : public testing::Test {
 protected:
     QString file(const char* name, const QByteArray& bytes) {
         const QString path = m_folder.filePath(QString::fromLatin1(name));
         writeFileSafely(path, bytes);
         return path;
-    }
-    QByteArray encoded(const char* extension, const Picture& picture) {
-        return codecForExtension(QString::fromLatin1(extension))->encode(picture, {}, {});
     }
 
     QTemporaryDir m_folder;
@@ -118,8 +117,7 @@ TEST_F(LoadPicture, aThumbnailOfAJpegLooksLikeTheReducedFullPicture) {
 }
 
 TEST_F(LoadPicture, aFailedLoadLeavesTheBoxEmptyAndMarked) {
-    ImageBox box;
-    box.LoadFromFile(file("good.jpg", encoded("jpg", test::photograph(16, 16))));
+    ImageBox box = test::loaded(file("good.jpg", encoded("jpg", test::photograph(16, 16))));
     EXPECT_TRUE(box.HasImage());
     EXPECT_FALSE(box.LoadFailed());
     EXPECT_THROW(box.LoadFromFile(file("bad.jpg", "no picture")), TrappedError);
@@ -131,9 +129,7 @@ TEST_F(LoadPicture, aFailedLoadLeavesTheBoxEmptyAndMarked) {
 
 TEST_F(LoadPicture, anUnwritableFormatLeavesTheOldFile) {
     const QString path = file("old.emf", "old");
-    ImageBox box;
-    box.setPictureHandle(test::photograph(10, 10));
-    EXPECT_THROW(box.SaveToFile(path), TrappedError);
+    EXPECT_THROW(test::boxWith(test::photograph(10, 10)).SaveToFile(path), TrappedError);
     EXPECT_EQ(readWholeFile(path), "old");
 }
 

@@ -2,8 +2,8 @@
 // Encoded sizes, and pages that are added to documents.
 
 #include "codecs/PictureFile.h"
-#include "imaging/ImageBox.h"
 #include "imaging/SaveFormats.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FileSizeLimit.h"
@@ -23,12 +23,6 @@ using namespace tarsel;
 using namespace tarsel::test;
 
 namespace {
-
-ImageBox boxWith(const Picture& picture) {
-    ImageBox box;
-    box.setPictureHandle(picture);
-    return box;
-}
 
 class Saving : public testing::Test {
 protected:

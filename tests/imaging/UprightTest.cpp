@@ -2,7 +2,7 @@
 #include "imaging/Upright.h"
 
 #include "embedded/ExifBlock.h"
-#include "imaging/ImageBox.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/TestPictures.h"
 
 #include <QTemporaryDir>
@@ -49,8 +49,7 @@ TEST(Upright, AFileTurnsWithItsMetadataAndAThumbnailOfAnyBox) {
     const QTemporaryDir folder;
     for (const char* name : {"a.png", "a.tif"}) {
         const QString path = folder.filePath(QString::fromLatin1(name));
-        ImageBox maker;
-        maker.setPictureHandle(stored(6));
+        ImageBox maker = boxWith(stored(6));
         EmbeddedMetadata blocks;
         blocks.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><a tiff:Orientation=\"6\"/></x:xmpmeta>";
         maker.metadata() = MetadataStore(blocks);
@@ -58,8 +57,7 @@ TEST(Upright, AFileTurnsWithItsMetadataAndAThumbnailOfAnyBox) {
         ASSERT_TRUE(maker.ExifSet(QStringLiteral("Artist"), QStringLiteral("Jo")));
         maker.SaveToFile(path);
 
-        ImageBox box;
-        box.LoadFromFile(path);
+        ImageBox box = loaded(path);
         prepareForTasks(box, path, false);
         EXPECT_EQ(box.Width(), 2) << name << " stays as it is where that is off";
         prepareForTasks(box, path, true);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
-#include "tests/support/Corpus.h"
-#include "tests/support/PictureBlocks.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/TiffStructure.h"
 
@@ -132,19 +130,4 @@ TEST_F(MetadataList, LookupsIgnoreCaseAndBlanksButKeysAreExact) {
     list.add(make);
     EXPECT_TRUE(ListKeyIsFree(list, QStringLiteral("make")));
     EXPECT_FALSE(ListKeyIsFree(list, QStringLiteral("Make")));
-}
-
-TEST_F(MetadataList, EveryPictureOfTheCorpusIsListedWithoutACrash) {
-    TARSEL_REQUIRE_CORPUS();
-    for (const CorpusPicture& picture : corpusPictures()) {
-        const ImageBox box = boxWith(blocksOfPicture(picture.path));
-        ListView exif;
-        ListView iptc;
-        ListExifAttributes(box, exif, picture.path);
-        ListIptcAttributes(box, iptc, picture.path);
-        EXPECT_EQ(iptc.count(), 52);
-        if (picture.fact("category") == QLatin1String("meta")) {
-            EXPECT_EQ(exif.count(), box.ExifCount()) << qPrintable(picture.path);
-        }
-    }
 }

@@ -39,7 +39,6 @@ TEST_F(BatchSaving, SavesEveryRowUnderItsName) {
     EXPECT_EQ(states(), "written written");
     EXPECT_EQ(reasons(), QStringList({QString(), QString()}));
     EXPECT_EQ(files("out"), "a.jpg b.jpg");
-    EXPECT_EQ(progress.maximum, 2);
     EXPECT_EQ(progress.values, std::vector<int>({0, 1, 2}));
 }
 
@@ -65,15 +64,6 @@ TEST_F(BatchSaving, OverwriteOffLeavesWhatIsThereAndWhatTheRunMade) {
     EXPECT_EQ(progress.values, std::vector<int>({0, 1, 2, 3})) << "the bar moves on";
 }
 
-TEST_F(BatchSaving, ASourceInTheDestinationFolderIsReplacedInPlace) {
-    settings.DestinationFolder = folder();
-    halveSizes();
-    addPicture("a.jpg", 40, 20);
-    EXPECT_TRUE(run());
-    EXPECT_EQ(width("a.jpg"), 20);
-    EXPECT_EQ(files(), "a.jpg") << "no debris beside it";
-}
-
 TEST_F(BatchSaving, TheOptionsRuleTheEncoding) {
     addPicture("a.jpg", 64, 64);
     const QString result = path("out/a.jpg");
@@ -88,21 +78,6 @@ TEST_F(BatchSaving, TheOptionsRuleTheEncoding) {
     run();
     EXPECT_EQ(frameOf(result), std::make_pair(0xC0, 3)) << "settings of the run before are gone";
     EXPECT_LT(QFile(result).size(), usual);
-}
-
-TEST_F(BatchSaving, ASliceIsNumberedAsInTheFullBasket) {
-    settings.NameOption = 2;
-    addPictures({"a.jpg", "b.jpg", "c.jpg", "d.jpg"});
-    slice.firstRow = 2;
-    slice.lastRow = 3;
-    EXPECT_TRUE(run());
-    EXPECT_EQ(files("out"), "Sample2.jpg Sample3.jpg");
-    EXPECT_EQ(results.at(0).row, 2);
-    EXPECT_EQ(progress.maximum, 2);
-    slice.firstRow = 9;
-    slice.lastRow = 12;
-    EXPECT_TRUE(run());
-    EXPECT_TRUE(results.empty());
 }
 
 TEST_F(BatchSaving, RowsOfAWbmpFileAreReadBesideTheUsualFormats) {

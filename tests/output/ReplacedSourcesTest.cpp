@@ -154,6 +154,7 @@ TEST(ReplacedSources, APictureMayBeSavedOverItselfAndOverOnesThatAreDone) {
     EXPECT_EQ(basket.reasons().at(1), QString()) << "saved over itself";
     EXPECT_EQ(basket.reasons().at(2), text("replaces the file of row 2"));
     EXPECT_EQ(basket.width("b.jpg"), 70);
+    EXPECT_EQ(basket.files(), "a.jpg a.png b.jpg c.png") << "no debris";
 }
 
 TEST(ReplacedSources, ASourceOutsideTheSliceOrSkippedIsNotDone) {
@@ -166,6 +167,7 @@ TEST(ReplacedSources, ASourceOutsideTheSliceOrSkippedIsNotDone) {
     const QByteArray before = basket.bytes();
     EXPECT_TRUE(basket.run());
     EXPECT_EQ(basket.states(), "skipped");
+    EXPECT_EQ(basket.progress.maximum, 1);
     EXPECT_EQ(basket.bytes(), before);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/output/TestBasket.h"
 #include "base/SafeFileWriter.h"
+#include "tests/support/TestPictures.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,15 +16,9 @@ std::string joined(const QStringList& words) {
 } // namespace
 
 Picture shadedPicture(int width, int height, int seed) {
-    Picture picture(width, height, 3);
-    const PixelView view = picture.edit();
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            view.pixel(x, y)[0] = std::uint8_t(255 * x / width);
-            view.pixel(x, y)[1] = std::uint8_t(255 * y / height);
-            view.pixel(x, y)[2] = std::uint8_t(40 * seed);
-        }
-    return picture;
+    return pictureOf(width, height, 3, [=](int x, int y) {
+        return Rgb{std::uint8_t(255 * x / width), std::uint8_t(255 * y / height), std::uint8_t(40 * seed)};
+    });
 }
 
 TestBasket::TestBasket() {
@@ -34,8 +29,7 @@ TestBasket::TestBasket() {
 QString TestBasket::addPicture(const char* name, int width, int height,
                                const std::function<void(ImageBox&)>& edit) {
     const QString file = path(name);
-    ImageBox maker;
-    maker.setPictureHandle(shadedPicture(width, height, pages.count()));
+    ImageBox maker = boxWith(shadedPicture(width, height, pages.count()));
     if (edit)
         edit(maker);
     maker.SaveToFile(file);
@@ -123,12 +117,6 @@ int TestBasket::width(const char* name) const {
 
 std::string TestBasket::files(const char* subFolder) const {
     return joined(QDir(path(subFolder)).entryList(QDir::Files | QDir::Hidden, QDir::Name));
-}
-
-ImageBox loaded(const QString& path) {
-    ImageBox box;
-    box.LoadFromFile(path);
-    return box;
 }
 
 } // namespace tarsel::test

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "base/ListView.h"
-#include "imaging/ImageBox.h"
 #include "output/BatchSave.h"
 #include "tasks/TaskList.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/RecordedProgress.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/Text.h"
 
@@ -18,22 +19,6 @@ namespace tarsel::test {
 
 /// A smooth picture, different for each seed: one that JPEG keeps recognisable.
 Picture shadedPicture(int width, int height, int seed = 0);
-
-/// A bar that remembers what it showed.
-class RecordingProgress final : public Progress {
-public:
-    int maximum = 0;
-    std::vector<int> values;
-    bool visible = false;
-
-    void start(int newMaximum, int value) override {
-        maximum = newMaximum;
-        visible = true;
-        values.push_back(value);
-    }
-    void setValue(int value) override { values.push_back(value); }
-    void hide() override { visible = false; }
-};
 
 /// A basket of small pictures in a folder of its own, and a run over it.
 class TestBasket {
@@ -73,7 +58,7 @@ public:
     ListView pages;
     TaskList tasks;
     ImageBox box;
-    RecordingProgress progress;
+    RecordedProgress progress;
     settings::BatchSave settings;
     BatchRun slice;
     std::vector<RowResult> results;
@@ -81,8 +66,5 @@ public:
 private:
     QTemporaryDir m_folder;
 };
-
-/// The picture in a file.
-ImageBox loaded(const QString& path);
 
 } // namespace tarsel::test

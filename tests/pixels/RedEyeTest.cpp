@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "imaging/ImageBox.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/ErrorNumberOf.h"
 
 #include <algorithm>
@@ -17,8 +17,7 @@ ImageBox boxOf(int width, int height, const std::vector<std::uint8_t>& color) {
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             std::ranges::copy(color, view.pixel(x, y));
-    ImageBox box;
-    box.setPictureHandle(picture);
+    ImageBox box = boxWith(picture);
     box.SelectionActive = true;
     return box;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "codecs/Codec.h"
+#include "codecs/Formats.h"
 #include "tests/support/Corpus.h"
 
 #include <QByteArray>
@@ -19,6 +20,12 @@ struct ReadOutcome {
 
 /// Reads a page by content. Anything but a picture or a TrappedError goes on to the test and fails it.
 ReadOutcome readBytes(const QByteArray& bytes, const QString& name, int page = 1);
+
+/// The file of a picture, by the codec of an extension.
+inline QByteArray encoded(const char* extension, const Picture& picture, const SaveSettings& settings = {},
+                          const EmbeddedMetadata& metadata = {}) {
+    return encodePicture(QString::fromLatin1(extension), picture, settings, metadata);
+}
 
 /// A picture with the look of a photograph: soft changes and a little noise.
 Picture photograph(int width, int height, int channels = 3);

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
 #include "tasks/modProcessTasks.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/TestPictures.h"
 
 #include <ostream>
 
@@ -38,23 +39,10 @@ inline TaskRow textRow(const char* position, const char* x = "0", const char* y 
 
 /// A picture in which no two neighbours are alike, and left differs from right, top from bottom.
 inline Picture unevenPicture(int width, int height) {
-    Picture picture(width, height, 3);
-    const PixelView view = picture.edit();
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            std::uint8_t* pixel = view.pixel(x, y);
-            pixel[0] = std::uint8_t(40 + (x * 7) % 160);
-            pixel[1] = std::uint8_t(30 + (y * 11) % 170);
-            pixel[2] = std::uint8_t(20 + (x * 3 + y * 5) % 180);
-        }
-    }
-    return picture;
-}
-
-inline ImageBox boxWith(const Picture& picture) {
-    ImageBox box;
-    box.setPictureHandle(picture);
-    return box;
+    return pictureOf(width, height, 3, [](int x, int y) {
+        return Rgb{std::uint8_t(40 + (x * 7) % 160), std::uint8_t(30 + (y * 11) % 170),
+                   std::uint8_t(20 + (x * 3 + y * 5) % 180)};
+    });
 }
 
 /// Replays rows on a box, all of them.
