@@ -16,6 +16,7 @@ namespace tarsel {
 
 namespace {
 
+constexpr int mostChannels = 56, mostBits = 32;
 /// A packed run of 128 bytes of 8 pixels takes two bytes.
 constexpr std::int64_t pixelsPerByte = 512;
 
@@ -79,6 +80,14 @@ int colorChannels(const PsdLayout& layout) {
     }
 }
 
+[[noreturn]] void refuseKind(const PsdLayout& layout, const FileUnderTest& file) {
+    failDecoding(
+        file, QCoreApplication::translate("PsdReader", "%1 channels of %2 bits, mode %3, are not supported")
+                  .arg(layout.channels)
+                  .arg(layout.bits)
+                  .arg(layout.mode));
+}
+
 void requireKnownKind(const PsdLayout& layout, const FileUnderTest& file) {
     const bool knownMode =
         (layout.mode >= Bitmap && layout.mode <= Cmyk) || (layout.mode >= Multichannel && layout.mode <= Lab);
@@ -87,11 +96,7 @@ void requireKnownKind(const PsdLayout& layout, const FileUnderTest& file) {
                                ? layout.bits == 8
                                : layout.bits == 8 || layout.bits == 16 || layout.bits == 32;
     if (!knownMode || !knownBits || layout.channels < colorChannels(layout))
-        failDecoding(file, QCoreApplication::translate("PsdReader",
-                                                       "%1 channels of %2 bits, mode %3, are not supported")
-                               .arg(layout.channels)
-                               .arg(layout.bits)
-                               .arg(layout.mode));
+        refuseKind(layout, file);
 }
 
 /// The rows of the merged picture, channel by channel.
@@ -296,6 +301,8 @@ PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file) 
     layout.height = int(height);
     layout.bits = reader.word(22).value_or(0);
     layout.mode = reader.word(24).value_or(0);
+    if (layout.channels > mostChannels || layout.bits > mostBits)
+        refuseKind(layout, file);
     layout.resources = endOfSection(source, headerSize, 4);
     layout.layers = endOfSection(source, layout.resources, 4);
     layout.pixels = endOfSection(source, layout.layers, layout.isLarge ? 8 : 4);

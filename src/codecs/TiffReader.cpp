@@ -92,7 +92,12 @@ TiffLayout checkedLayout(const TiffFile& tiff, const FileUnderTest& file) {
     const std::int64_t width = tiff.field<std::uint32_t>(TIFFTAG_IMAGEWIDTH);
     requirePlausibleSize(file, width, tiff.field<std::uint32_t>(TIFFTAG_IMAGELENGTH),
                          pixelsPerByte(tiff.field<std::uint16_t>(TIFFTAG_COMPRESSION), width));
-    return readTiffLayout(tiff);
+    const TiffLayout layout = readTiffLayout(tiff);
+    constexpr int mostBits = 64;
+    if (layout.bits > mostBits)
+        failDecoding(file, QCoreApplication::translate("TiffReader", "samples of %1 bits are not supported")
+                               .arg(layout.bits));
+    return layout;
 }
 
 double dpiOf(const TiffFile& tiff) {
