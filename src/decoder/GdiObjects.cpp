@@ -45,7 +45,9 @@ GdiFont fontOf(const LogicalFont& font) {
     result.isItalic = font.italic != 0;
     result.isUnderlined = font.underline != 0;
     result.isStruckOut = font.strikeOut != 0;
-    result.isSymbol = font.charset == symbolCharset;
+    if (font.charset == symbolCharset)
+        result.letters =
+            font.face == QLatin1String("MT Extra") ? GdiFont::Letters::Formula : GdiFont::Letters::Symbols;
     result.kind = kindOf(font);
     return result;
 }
