@@ -72,4 +72,12 @@ void appendNumber(Bytes& bytes, Number number, ByteOrder order) {
     bytes.append(raw.data(), raw.size());
 }
 
+/// The number alone in such a container.
+template <class Bytes, class Number>
+Bytes numberBytes(Number number, ByteOrder order) {
+    Bytes bytes;
+    appendNumber(bytes, number, order);
+    return bytes;
+}
+
 } // namespace tarsel

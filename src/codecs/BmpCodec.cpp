@@ -15,17 +15,17 @@ namespace {
 
 // The file header: "BM", size 32, reserved 32, offset of the pixels 32. The info header follows, starting
 // with its size.
-constexpr qsizetype FileHeaderSize = 14;
-constexpr qsizetype SmallestHeaderSize = 12;
-constexpr std::uint32_t Version5Size = 124;
-constexpr std::uint32_t LargestProfile = 16U << 20;
+constexpr qsizetype fileHeaderSize = 14;
+constexpr qsizetype smallestHeaderSize = 12;
+constexpr std::uint32_t version5Size = 124;
+constexpr std::uint32_t largestProfile = 16U << 20;
 
 FileUnderTest fileOf(const PictureSource& source, const QString& name) {
     return {"BMP", name, source.size()};
 }
 
 bool sniffBmp(const PictureSource& source) {
-    return source.start().startsWith("BM") && source.size() > FileHeaderSize + SmallestHeaderSize;
+    return source.start().startsWith("BM") && source.size() > fileHeaderSize + smallestHeaderSize;
 }
 
 PictureHeader bmpHeader(const PictureSource& source, const QString& name) {
@@ -44,11 +44,11 @@ EmbeddedMetadata bmpMetadata(const PictureSource& source, const QString& name) {
     const BmpLayout layout = readBmpLayout(source, fileOf(source, name));
     EmbeddedMetadata metadata;
     metadata.resolution = {layout.dpi, layout.dpi};
-    const QByteArray header = source.bytes(FileHeaderSize, Version5Size);
+    const QByteArray header = source.bytes(fileHeaderSize, version5Size);
     const ByteReader reader(header, ByteOrder::Little);
-    if (layout.headerSize >= Version5Size && reader.dword(56) == embeddedProfile)
-        metadata.iccProfile = source.bytes(FileHeaderSize + reader.dword(112).value_or(0),
-                                           std::min(reader.dword(116).value_or(0), LargestProfile));
+    if (layout.headerSize >= version5Size && reader.dword(56) == embeddedProfile)
+        metadata.iccProfile = source.bytes(fileHeaderSize + reader.dword(112).value_or(0),
+                                           std::min(reader.dword(116).value_or(0), largestProfile));
     return withRgbProfileOnly(std::move(metadata));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/BmpReader.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/SourceStream.h"
 #include "pixels/Color.h"
@@ -19,18 +20,18 @@ namespace {
 
 // The file header: "BM", size 32, reserved 32, offset of the pixels 32. The info header follows, starting
 // with its own size. Rows run from the bottom unless the height is negative.
-constexpr qsizetype InfoHeaderOffset = 14;
-constexpr std::uint32_t CoreHeaderSize = 12; // sizes of 16 bits, palette of 3 bytes a colour
-constexpr std::uint32_t ShortOs2HeaderSize = 16;
-constexpr std::uint32_t WindowsHeaderSize = 40;
-constexpr std::uint32_t AlphaMaskHeaderSize = 56;
-constexpr std::uint32_t Os2HeaderSize = 64;
-constexpr qsizetype MaskOffset = 54; // after a header of 40 bytes, in a longer one
+constexpr qsizetype infoHeaderOffset = 14;
+constexpr std::uint32_t coreHeaderSize = 12; // sizes of 16 bits, palette of 3 bytes a colour
+constexpr std::uint32_t shortOs2HeaderSize = 16;
+constexpr std::uint32_t windowsHeaderSize = 40;
+constexpr std::uint32_t alphaMaskHeaderSize = 56;
+constexpr std::uint32_t os2HeaderSize = 64;
+constexpr qsizetype maskOffset = 54; // after a header of 40 bytes, in a longer one
 
 enum Compression : std::uint32_t { None, Rle8, Rle4, BitFields, AlphaBitFields = 6 };
 
 /// A run of 255 pixels takes two bytes; only skipped pixels are denser.
-constexpr std::int64_t PixelsPerByte = 128;
+constexpr std::int64_t pixelsPerByte = 128;
 
 /// One colour of a pixel of 16 or 32 bits.
 struct Channel {
@@ -59,8 +60,8 @@ bool hasMasks(const BmpLayout& layout) {
 
 /// Headers of 40 bytes are followed by their masks, longer ones contain them.
 std::int64_t paletteOffset(const BmpLayout& layout) {
-    const std::int64_t end = InfoHeaderOffset + std::int64_t(layout.headerSize);
-    if (layout.headerSize != WindowsHeaderSize || !hasMasks(layout))
+    const std::int64_t end = infoHeaderOffset + std::int64_t(layout.headerSize);
+    if (layout.headerSize != windowsHeaderSize || !hasMasks(layout))
         return end;
     return end + (layout.compression == AlphaBitFields ? 16 : 12);
 }
@@ -69,8 +70,8 @@ Masks masksOf(const BmpLayout& layout, const ByteReader& reader) {
     if (!hasMasks(layout))
         return layout.bits == 16 ? Masks{{0x7C00}, {0x03E0}, {0x001F}, {}}
                                  : Masks{{0xFF0000}, {0x00FF00}, {0x0000FF}, {}};
-    const auto mask = [&](int index) { return Channel{reader.dword(MaskOffset + 4 * index).value_or(0)}; };
-    const bool alpha = layout.compression == AlphaBitFields || layout.headerSize >= AlphaMaskHeaderSize;
+    const auto mask = [&](int index) { return Channel{reader.dword(maskOffset + 4 * index).value_or(0)}; };
+    const bool alpha = layout.compression == AlphaBitFields || layout.headerSize >= alphaMaskHeaderSize;
     return {mask(0), mask(1), mask(2), alpha ? mask(3) : Channel{}};
 }
 
@@ -79,7 +80,7 @@ using Palette = std::array<Rgb, 256>;
 /// Some files have fewer colours than their depth allows and don't say so: the palette ends where the pixels
 /// start. Missing colours are black.
 Palette paletteOf(const BmpLayout& layout, const ByteReader& reader) {
-    const int entrySize = layout.headerSize == CoreHeaderSize ? 3 : 4;
+    const int entrySize = layout.headerSize == coreHeaderSize ? 3 : 4;
     const std::int64_t start = paletteOffset(layout);
     const std::int64_t room = std::max<std::int64_t>(0, layout.pixelOffset - start) / entrySize;
     const std::int64_t colors = std::min<std::int64_t>(room, std::int64_t(1) << layout.bits);
@@ -92,7 +93,7 @@ Palette paletteOf(const BmpLayout& layout, const ByteReader& reader) {
 }
 
 void requireKnownKind(const BmpLayout& layout, const FileUnderTest& file) {
-    const bool isOs2 = layout.headerSize == Os2HeaderSize;
+    const bool isOs2 = layout.headerSize == os2HeaderSize;
     const bool known = layout.compression == None || (layout.compression == Rle8 && layout.bits == 8) ||
                        (layout.compression == Rle4 && layout.bits == 4) ||
                        (hasMasks(layout) && !isOs2 && (layout.bits == 16 || layout.bits == 32));
@@ -124,6 +125,7 @@ public:
 
 private:
     std::uint8_t* nextRow() {
+        raiseIfStopped();
         const int y = m_layout.height < 0 ? m_row : m_target.height - 1 - m_row;
         ++m_row;
         return m_target.row(y);
@@ -260,8 +262,8 @@ BmpLayout readBmpLayout(const PictureSource& source, const FileUnderTest& file) 
     const ByteReader reader(start, ByteOrder::Little);
     BmpLayout layout;
     layout.pixelOffset = reader.dword(10).value_or(0);
-    layout.headerSize = reader.dword(InfoHeaderOffset).value_or(0);
-    if (layout.headerSize == CoreHeaderSize) {
+    layout.headerSize = reader.dword(infoHeaderOffset).value_or(0);
+    if (layout.headerSize == coreHeaderSize) {
         layout.width = reader.word(18).value_or(0);
         layout.height = reader.word(20).value_or(0);
         layout.bits = reader.word(24).value_or(0);
@@ -270,11 +272,11 @@ BmpLayout readBmpLayout(const PictureSource& source, const FileUnderTest& file) 
         layout.height = std::int32_t(reader.dword(22).value_or(0));
         layout.bits = reader.word(28).value_or(0);
     }
-    if (layout.headerSize > ShortOs2HeaderSize)
+    if (layout.headerSize > shortOs2HeaderSize)
         layout.compression = reader.dword(30).value_or(0);
-    if (layout.headerSize >= WindowsHeaderSize)
+    if (layout.headerSize >= windowsHeaderSize)
         layout.dpi = std::int32_t(reader.dword(38).value_or(0)) * 0.0254;
-    requirePlausibleSize(file, layout.width, std::abs(layout.height), PixelsPerByte);
+    requirePlausibleSize(file, layout.width, std::abs(layout.height), pixelsPerByte);
     if (layout.pixelOffset >= source.size())
         failDecoding(file,
                      QCoreApplication::translate("BmpReader", "pixel data starts past the end of the file"));

@@ -18,12 +18,12 @@ namespace {
 
 // The file header: "BM", size 32, reserved 32, offset of the pixels 32. The info header follows, starting
 // with its size; then the palette, the rows from the bottom, and the profile.
-constexpr qsizetype FileHeaderSize = 14;
-constexpr qsizetype WindowsHeaderSize = 40;
-constexpr qsizetype Version5Size = 124;
-constexpr std::uint32_t EmbeddedProfile = 0x4D424544; // "MBED"
-constexpr qsizetype CalibratedColors = 48;            // bytes of endpoints and gamma, unused with a profile
-constexpr std::uint32_t PictureIntent = 4;
+constexpr qsizetype fileHeaderSize = 14;
+constexpr qsizetype windowsHeaderSize = 40;
+constexpr qsizetype version5Size = 124;
+constexpr std::uint32_t embeddedProfile = 0x4D424544; // "MBED"
+constexpr qsizetype calibratedColors = 48;            // bytes of endpoints and gamma, unused with a profile
+constexpr std::uint32_t pictureIntent = 4;
 
 class BmpWriter {
 public:
@@ -38,7 +38,7 @@ public:
 
     QByteArray encode() {
         const qsizetype pixels = m_stride * m_height;
-        const qsizetype start = FileHeaderSize + headerSize() + paletteSize();
+        const qsizetype start = fileHeaderSize + headerSize() + paletteSize();
         const qsizetype size = start + pixels + m_profile.size();
         if (size > qsizetype(UINT32_MAX))
             fail(ErrorNumber::InvalidCall,
@@ -65,19 +65,19 @@ private:
         return *this;
     }
 
-    qsizetype headerSize() const { return m_profile.isEmpty() ? WindowsHeaderSize : Version5Size; }
+    qsizetype headerSize() const { return m_profile.isEmpty() ? windowsHeaderSize : version5Size; }
     qsizetype paletteSize() const { return m_indexed ? qsizetype(4) << m_bits : 0; }
 
-    static std::int64_t perMeter(double perInch) { return std::llround(perInch * InchesPerMeter); }
+    static std::int64_t perMeter(double perInch) { return std::llround(perInch * inchesPerMeter); }
 
     void writeHeader(qsizetype pixels) {
         dword(headerSize()).dword(m_width).dword(m_height).word(1).word(m_bits).dword(0).dword(pixels);
         dword(perMeter(m_resolution.horizontal)).dword(perMeter(m_resolution.vertical)).dword(0).dword(0);
         if (m_profile.isEmpty())
             return;
-        dword(0).dword(0).dword(0).dword(0).dword(EmbeddedProfile); // no masks
-        m_bytes.append(CalibratedColors, '\0');
-        dword(PictureIntent).dword(headerSize() + paletteSize() + pixels).dword(m_profile.size()).dword(0);
+        dword(0).dword(0).dword(0).dword(0).dword(embeddedProfile); // no masks
+        m_bytes.append(calibratedColors, '\0');
+        dword(pictureIntent).dword(headerSize() + paletteSize() + pixels).dword(m_profile.size()).dword(0);
     }
 
     void writePalette() {
@@ -85,7 +85,7 @@ private:
             return;
         for (const Rgb color : m_indexed->palette)
             m_bytes.append(char(color.blue)).append(char(color.green)).append(char(color.red)).append('\0');
-        m_bytes.resize(FileHeaderSize + headerSize() + paletteSize(), '\0');
+        m_bytes.resize(fileHeaderSize + headerSize() + paletteSize(), '\0');
     }
 
     void writeRow(int y, std::uint8_t* row) const {

@@ -21,9 +21,9 @@ namespace {
 
 using std::chrono::steady_clock;
 
-constexpr auto TimeToEnd = std::chrono::milliseconds(500);
+constexpr auto timeToEnd = std::chrono::milliseconds(500);
 /// A killed process can hang in the kernel, on a network drive for instance; it is left to the system then.
-constexpr auto TimeToDie = std::chrono::seconds(2);
+constexpr auto timeToDie = std::chrono::seconds(2);
 
 bool comesTrueWithin(steady_clock::duration limit, const std::function<bool()>& condition) {
     const auto deadline = steady_clock::now() + limit;
@@ -77,7 +77,7 @@ pid_t onLastingThread(const std::function<pid_t()>& function) {
 pid_t spawn(const QByteArray& program, int socket) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, socket, DecoderSocket);
+    posix_spawn_file_actions_adddup2(&actions, socket, decoderSocket);
     for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         posix_spawn_file_actions_addopen(&actions, standard, "/dev/null", O_RDWR, 0);
     posix_spawnattr_t attributes;
@@ -104,7 +104,7 @@ bool ChildProcess::start(const QByteArray& program, int socket) {
 }
 
 bool ChildProcess::endsByItself() const {
-    return comesTrueWithin(TimeToEnd, [this] {
+    return comesTrueWithin(timeToEnd, [this] {
         siginfo_t ended = {};
         const int waited = ::waitid(P_PID, id_t(m_child.load()), &ended, WEXITED | WNOHANG | WNOWAIT);
         return waited != 0 || ended.si_pid != 0;
@@ -117,7 +117,7 @@ int ChildProcess::end() {
         return 0;
     ::kill(-child, SIGKILL);
     int status = 0;
-    comesTrueWithin(TimeToDie, [&] { return ::waitpid(child, &status, WNOHANG) != 0; });
+    comesTrueWithin(timeToDie, [&] { return ::waitpid(child, &status, WNOHANG) != 0; });
     return status;
 }
 

@@ -37,6 +37,10 @@ struct Codec {
                                     PixelSize wanted) = nullptr;
     /// True for a format without a signature: `sniff` counts only for a file with one of the extensions.
     bool needsExtension = false;
+    /// Whether files that the encoder writes in colour hold a profile of them.
+    bool holdsProfile = true;
+    /// Whether files that the encoder writes keep the transparency of a picture.
+    bool keepsTransparency = false;
 };
 
 /// All formats, in the order in which they are asked.

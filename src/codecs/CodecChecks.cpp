@@ -11,7 +11,7 @@ namespace tarsel {
 namespace {
 
 /// Up to this size a picture costs too little to be a trap, however short its file is.
-constexpr std::int64_t HarmlessPixels = 20'000'000;
+constexpr std::int64_t harmlessPixels = 20'000'000;
 
 } // namespace
 
@@ -32,7 +32,7 @@ void requirePlausibleSize(const FileUnderTest& file, std::int64_t width, std::in
                                                        "%1 x %2 pixels exceed the limit of %3 million pixels")
                                .arg(w, h, QString::number(largestPicture() / 1'000'000)));
     const std::int64_t pixels = width * height;
-    if (pixels > HarmlessPixels && pixels / pixelsPerByte > file.bytes)
+    if (pixels > harmlessPixels && pixels / pixelsPerByte > file.bytes)
         failDecoding(
             file, QCoreApplication::translate("CodecChecks", "claims %1 x %2 pixels, but has only %3 bytes")
                       .arg(w, h, QString::number(file.bytes)));

@@ -12,7 +12,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr qsizetype ColorSpaceOffset = 16; // of the four letters in a profile's header
+constexpr qsizetype colorSpaceOffset = 16; // of the four letters in a profile's header
 
 struct ProfileCloser {
     void operator()(void* profile) const { cmsCloseProfile(profile); }
@@ -20,7 +20,7 @@ struct ProfileCloser {
 using Profile = std::unique_ptr<void, ProfileCloser>;
 
 bool hasColorSpace(const QByteArray& iccProfile, const char* letters) {
-    return iccProfile.mid(ColorSpaceOffset, 4) == letters;
+    return iccProfile.mid(colorSpaceOffset, 4) == letters;
 }
 
 std::uint8_t withoutInk(std::uint8_t ink, std::uint8_t black) {
@@ -169,6 +169,50 @@ void applyGrayProfile(Picture& picture, const QByteArray& iccProfile) {
             std::uint8_t* pixel = pixels.pixel(x, y);
             std::memcpy(pixel, colors[pixel[0]], 3);
         }
+}
+
+namespace {
+
+bool isNearSRgb(const Chromaticities& places) {
+    constexpr double tolerance = 0.005;
+    const Chromaticities standard;
+    return std::ranges::all_of(std::array{&Chromaticities::white, &Chromaticities::red,
+                                          &Chromaticities::green, &Chromaticities::blue},
+                               [&](auto place) {
+                                   return std::abs((places.*place).x - (standard.*place).x) < tolerance &&
+                                          std::abs((places.*place).y - (standard.*place).y) < tolerance;
+                               });
+}
+
+cmsToneCurve* curveOf(bool isSRgb, double gamma) {
+    constexpr double sRgb[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
+    constexpr int piecewise = 4;
+    return isSRgb ? cmsBuildParametricToneCurve(nullptr, piecewise, sRgb) : cmsBuildGamma(nullptr, gamma);
+}
+
+QByteArray savedProfile(void* profile) {
+    cmsUInt32Number size = 0;
+    cmsSaveProfileToMem(profile, nullptr, &size);
+    QByteArray bytes(qsizetype(size), '\0');
+    cmsSaveProfileToMem(profile, bytes.data(), &size);
+    constexpr qsizetype dateOffset = 24;
+    return bytes.replace(dateOffset, 12, QByteArray("\x07\xD0\0\1\0\1\0\0\0\0\0\0", 12));
+}
+
+} // namespace
+
+QByteArray calibratedProfile(const Chromaticities& places, double gamma) {
+    const bool hasSRgbCurve = std::abs(gamma - 2.2) < 0.11;
+    if (hasSRgbCurve && isNearSRgb(places))
+        return {};
+    const auto place = [](Chromaticities::Place from) { return cmsCIExyY{from.x, from.y, 1}; };
+    const cmsCIExyY whitePoint = place(places.white);
+    const cmsCIExyYTRIPLE primaries{place(places.red), place(places.green), place(places.blue)};
+    cmsToneCurve* curve = curveOf(hasSRgbCurve, gamma);
+    cmsToneCurve* curves[] = {curve, curve, curve};
+    const Profile profile(curve ? cmsCreateRGBProfile(&whitePoint, &primaries, curves) : nullptr);
+    cmsFreeToneCurve(curve);
+    return profile ? savedProfile(profile.get()) : QByteArray();
 }
 
 CmykConversion::CmykConversion(const QByteArray& iccProfile) {

@@ -37,6 +37,18 @@ Picture converted(const Picture& picture, const QByteArray& from, const QByteArr
 /// Turns a gray picture into sRGB by a profile of gray values; leaves it alone with any other profile.
 void applyGrayProfile(Picture& picture, const QByteArray& iccProfile);
 
+/// Places in the diagram of x and y.
+struct Chromaticities {
+    struct Place {
+        double x = 0, y = 0;
+    };
+    Place white{0.3127, 0.3290}, red{0.64, 0.33}, green{0.30, 0.60}, blue{0.15, 0.06}; ///< of sRGB
+};
+
+/// A profile of pixels whose light is value ^ gamma. Empty where that is sRGB as far as an eye can tell: the
+/// gamma 2.2 of many files stands for the curve of sRGB. The same arguments give the same bytes.
+QByteArray calibratedProfile(const Chromaticities& places, double gamma);
+
 /// The blocks without a profile that is for other pixels than red, green and blue.
 EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata);
 

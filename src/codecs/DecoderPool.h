@@ -16,7 +16,7 @@ public:
     /// The one of this process, with a child for each core, started when it is first needed.
     static DecoderPool& shared();
 
-    explicit DecoderPool(int size, std::chrono::milliseconds timeLimit = DecoderProcess::UsualTimeLimit);
+    explicit DecoderPool(int size, std::chrono::milliseconds timeLimit = DecoderProcess::usualTimeLimit);
 
     /// As DecoderProcess::decode, for any thread. While all children are busy it waits for one; a stop ends
     /// that wait, too.

@@ -28,7 +28,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(logging, "tarsel.codecs")
 
-constexpr char ProgramName[] = "tarsel-decoder";
+constexpr char programName[] = "tarsel-decoder";
 
 QByteArray programPath() {
     QByteArray configured = qgetenv("TARSEL_DECODER");
@@ -36,7 +36,7 @@ QByteArray programPath() {
         return configured;
     std::error_code none;
     const auto self = std::filesystem::read_symlink("/proc/self/exe", none);
-    return QByteArray::fromStdString((self.parent_path() / ProgramName).string());
+    return QByteArray::fromStdString((self.parent_path() / programName).string());
 }
 
 /// Memory that another process can map. No process can change its size.

@@ -29,10 +29,10 @@ struct DecoderTask {
 /// The program is "tarsel-decoder" beside the running one, or what the environment's TARSEL_DECODER names.
 class DecoderProcess {
 public:
-    static constexpr std::chrono::milliseconds UsualTimeLimit = std::chrono::seconds(20);
+    static constexpr std::chrono::milliseconds usualTimeLimit = std::chrono::seconds(20);
 
     /// `timeLimit` is how long one file may take before the child is ended.
-    explicit DecoderProcess(std::chrono::milliseconds timeLimit = UsualTimeLimit) : m_timeLimit(timeLimit) {}
+    explicit DecoderProcess(std::chrono::milliseconds timeLimit = usualTimeLimit) : m_timeLimit(timeLimit) {}
 
     /// Error 0x8000FFFF with the decoder's own words; as DecoderLost with what became of the process; error
     /// 18 when a stop is requested before the answer, which ends the child.

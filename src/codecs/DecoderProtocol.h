@@ -8,7 +8,7 @@
 // What the program and its decoder process say to each other. No Qt here: the decoder starts without it.
 namespace tarsel {
 
-constexpr int DecoderSocket = 3; ///< descriptor that the decoder finds its socket on
+constexpr int decoderSocket = 3; ///< descriptor that the decoder finds its socket on
 
 enum class DecoderFormat : std::uint32_t { Metafile };
 

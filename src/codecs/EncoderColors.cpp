@@ -2,6 +2,7 @@
 #include "codecs/EncoderColors.h"
 
 #include "base/TrappedError.h"
+#include "codecs/ColorProfile.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -27,6 +28,28 @@ ColorFormat colorFormatOf(const SaveSettings& settings) {
              QCoreApplication::translate("EncoderColors", "unknown colour format %1")
                  .arg(settings.ColorFormat));
     return ColorFormat(settings.ColorFormat);
+}
+
+bool isGrayFormat(ColorFormat format) {
+    return format != ColorFormat::TrueColor && format != ColorFormat::Colors256 &&
+           format != ColorFormat::Colors16;
+}
+
+FittedPicture fittedToFile(const Picture& picture, const SaveSettings& settings,
+                           const EmbeddedMetadata& metadata, bool holdsProfile) {
+    if (holdsProfile && !isGrayFormat(colorFormatOf(settings)))
+        return {picture, metadata};
+    FittedPicture fitted{converted(picture, metadata.iccProfile), metadata};
+    fitted.metadata.iccProfile.clear();
+    return fitted;
+}
+
+void requireEncodableSize(const char* format, const Picture& picture, int largestSide) {
+    if (picture.width() > largestSide || picture.height() > largestSide)
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("EncoderColors", "%1 encoder: more than %2 pixels wide or high")
+                 .arg(QLatin1String(format))
+                 .arg(largestSide));
 }
 
 EncodablePicture encoderColors(const Picture& picture, const SaveSettings& settings, TransparencyOf format) {

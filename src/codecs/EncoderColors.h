@@ -2,6 +2,7 @@
 #pragma once
 
 #include "codecs/SaveSettings.h"
+#include "embedded/EmbeddedMetadata.h"
 #include "pixels/ColorReduction.h"
 
 #include <vector>
@@ -17,6 +18,22 @@ enum class TransparencyOf {
 
 /// The number of SaveSettings as an entry; error 5 for a number that is none.
 ColorFormat colorFormatOf(const SaveSettings& settings);
+
+/// Whether a file in this format has gray values, or black and white, and thus no place for a profile of
+/// colours.
+bool isGrayFormat(ColorFormat format);
+
+struct FittedPicture {
+    Picture picture;
+    EmbeddedMetadata metadata;
+};
+/// What an encoder is to write: without a profile, and converted to sRGB, where the file can't hold one.
+FittedPicture fittedToFile(const Picture& picture, const SaveSettings& settings,
+                           const EmbeddedMetadata& metadata, bool holdsProfile = true);
+
+/// Error 5 for a picture of more pixels in a row or column than the format can say; `format` is for the
+/// message.
+void requireEncodableSize(const char* format, const Picture& picture, int largestSide);
 
 /// The picture in the colours that the settings ask for.
 EncodablePicture encoderColors(const Picture& picture, const SaveSettings& settings, TransparencyOf format);

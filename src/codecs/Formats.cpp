@@ -2,11 +2,7 @@
 #include "codecs/Formats.h"
 
 #include "codecs/Codec.h"
-#include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
-
-#include <algorithm>
-#include <array>
 
 namespace tarsel {
 
@@ -29,18 +25,8 @@ QString usualExtension(const QString& extension) {
 }
 
 bool keepsTransparency(const QString& extension) {
-    static const QStringList names{QStringLiteral("GIF"), QStringLiteral("PNG"), QStringLiteral("PSD"),
-                                   QStringLiteral("TIFF")};
     const Codec* codec = codecForExtension(extension);
-    return codec && names.contains(QLatin1String(codec->name));
-}
-
-/// Files of gray values, PCX and WBMP have no place for a profile of colours.
-static bool carriesProfile(const Codec& codec, ColorFormat format) {
-    static const std::array colored{ColorFormat::TrueColor, ColorFormat::Colors256, ColorFormat::Colors16};
-    static const QStringList without{QStringLiteral("PCX"), QStringLiteral("WBMP")};
-    return std::ranges::find(colored, format) != colored.end() &&
-           !without.contains(QLatin1String(codec.name));
+    return codec && codec->keepsTransparency;
 }
 
 QByteArray encodePicture(const QString& extension, const Picture& picture, const SaveSettings& settings,
@@ -48,11 +34,8 @@ QByteArray encodePicture(const QString& extension, const Picture& picture, const
     if (!isWritable(extension))
         return {};
     const Codec& codec = *codecForExtension(extension);
-    if (carriesProfile(codec, colorFormatOf(settings)))
-        return codec.encode(picture, settings, metadata);
-    EmbeddedMetadata fitting = metadata;
-    fitting.iccProfile.clear();
-    return codec.encode(converted(picture, metadata.iccProfile), settings, fitting);
+    const FittedPicture fitted = fittedToFile(picture, settings, metadata, codec.holdsProfile);
+    return codec.encode(fitted.picture, settings, fitted.metadata);
 }
 
 } // namespace tarsel

@@ -18,16 +18,16 @@ namespace tarsel {
 namespace {
 
 /// The longest string of the code table, 4096 pixels, takes 12 bits.
-constexpr std::int64_t PixelsPerByte = 4096;
+constexpr std::int64_t pixelsPerByte = 4096;
 
 // Layout: signature, width 16, height 16, flags (0x80: a palette follows; bits of its index less one in the
 // low three), background, aspect, palette. Then blocks: '!' an extension (label, data), ',' a frame (left,
 // top, width, height, flags, palette, bits of its index, data), ';' the end. Data are in pieces of up to 255
 // bytes after their size; a piece of size 0 ends them.
-constexpr std::int64_t HeaderSize = 13;
-constexpr std::int64_t FrameHeaderSize = 9;
-constexpr std::uint8_t PaletteFlag = 0x80, InterlaceFlag = 0x40;
-constexpr std::uint8_t GraphicControl = 0xF9, Comment = 0xFE, Application = 0xFF;
+constexpr std::int64_t headerSize = 13;
+constexpr std::int64_t frameHeaderSize = 9;
+constexpr std::uint8_t paletteFlag = 0x80, interlaceFlag = 0x40;
+constexpr std::uint8_t graphicControl = 0xF9, comment = 0xFE, application = 0xFF;
 
 struct GifPalette {
     std::int64_t at = 0; ///< in the file; 0 for none: equal steps of gray then
@@ -35,7 +35,7 @@ struct GifPalette {
 };
 
 GifPalette paletteAt(std::int64_t at, std::uint8_t flags) {
-    return flags & PaletteFlag ? GifPalette{at, 2 << (flags & 7)} : GifPalette{};
+    return flags & paletteFlag ? GifPalette{at, 2 << (flags & 7)} : GifPalette{};
 }
 
 std::int64_t sizeOf(const GifPalette& palette) {
@@ -79,21 +79,21 @@ QByteArray packetOf(const ByteReader& reader, std::int64_t start, std::int64_t e
 void readExtension(const ByteReader& reader, std::uint8_t label, std::int64_t& at, Frame& frame) {
     const std::int64_t start = at;
     const QByteArray data = joinedData(reader, at);
-    if (label == GraphicControl && data.size() >= 4)
+    if (label == graphicControl && data.size() >= 4)
         frame.transparent = data[0] & 1 ? std::uint8_t(data[3]) : -1;
-    else if (label == Comment)
+    else if (label == comment)
         frame.metadata.comments.push_back(data);
-    else if (label == Application && data.startsWith("ICCRGBG1012"))
+    else if (label == application && data.startsWith("ICCRGBG1012"))
         frame.metadata.iccProfile = data.sliced(11);
-    else if (label == Application && data.startsWith("XMP DataXMP"))
+    else if (label == application && data.startsWith("XMP DataXMP"))
         frame.metadata.xmp = packetOf(reader, start, at);
 }
 
 /// The first frame. Bytes between the blocks that start none are skipped.
 std::optional<Frame> findFrame(const ByteReader& reader) {
     const std::uint8_t flags = reader.byte(10).value_or(0);
-    const GifPalette shared = paletteAt(HeaderSize, flags);
-    std::int64_t at = HeaderSize + sizeOf(shared);
+    const GifPalette shared = paletteAt(headerSize, flags);
+    std::int64_t at = headerSize + sizeOf(shared);
     Frame frame;
     while (const auto introducer = reader.byte(at++)) {
         if (*introducer == ';')
@@ -105,9 +105,9 @@ std::optional<Frame> findFrame(const ByteReader& reader) {
             const auto word = [&](int offset) { return int(reader.word(at + offset).value_or(0)); };
             const std::uint8_t frameFlags = reader.byte(at + 8).value_or(0);
             frame.left = word(0), frame.top = word(2), frame.width = word(4), frame.height = word(6);
-            frame.isInterlaced = frameFlags & InterlaceFlag;
-            frame.palette = paletteAt(at + FrameHeaderSize, frameFlags);
-            frame.data = at + FrameHeaderSize + sizeOf(frame.palette);
+            frame.isInterlaced = frameFlags & interlaceFlag;
+            frame.palette = paletteAt(at + frameHeaderSize, frameFlags);
+            frame.data = at + frameHeaderSize + sizeOf(frame.palette);
             if (frame.palette.colors == 0)
                 frame.palette = shared;
             return frame;
@@ -193,8 +193,8 @@ public:
     }
 
 private:
-    static constexpr int MaxCodes = 4096;
-    static constexpr int MaxCodeBits = 12;
+    static constexpr int maxCodes = 4096;
+    static constexpr int maxCodeBits = 12;
 
     void clear() {
         m_codeBits = m_indexBits + 1;
@@ -234,11 +234,11 @@ private:
 
     /// The string before and `last` become the next code, as long as there is one.
     void add(std::uint8_t last) {
-        if (m_previous < 0 || m_count >= MaxCodes)
+        if (m_previous < 0 || m_count >= maxCodes)
             return;
         m_prefix[std::size_t(m_count)] = std::uint16_t(m_previous);
         m_last[std::size_t(m_count)] = last;
-        if (++m_count == 1 << m_codeBits && m_codeBits < MaxCodeBits)
+        if (++m_count == 1 << m_codeBits && m_codeBits < maxCodeBits)
             ++m_codeBits;
     }
 
@@ -251,9 +251,9 @@ private:
     int m_codeBits = 0;
     int m_count = 0; ///< codes in use
     int m_previous = -1;
-    std::array<std::uint16_t, MaxCodes> m_prefix = {};
-    std::array<std::uint8_t, MaxCodes> m_last = {};
-    std::array<std::uint8_t, MaxCodes + 1> m_string = {}; ///< from its end
+    std::array<std::uint16_t, maxCodes> m_prefix = {};
+    std::array<std::uint8_t, maxCodes> m_last = {};
+    std::array<std::uint8_t, maxCodes + 1> m_string = {}; ///< from its end
 };
 
 FileUnderTest fileOf(const PictureSource& source, const QString& name) {
@@ -270,7 +270,7 @@ PictureHeader gifHeader(const PictureSource& source, const QString& name) {
     const ByteReader reader(start, ByteOrder::Little);
     const int width = reader.word(6).value_or(0);
     const int height = reader.word(8).value_or(0);
-    requirePlausibleSize(fileOf(source, name), width, height, PixelsPerByte);
+    requirePlausibleSize(fileOf(source, name), width, height, pixelsPerByte);
     return {width, height, (reader.byte(10).value_or(0) & 7) + 1, 0};
 }
 
@@ -337,7 +337,8 @@ Codec gifCodec() {
             .pageCount = onePage,
             .decode = decodeGif,
             .encode = encodeGif,
-            .metadata = gifMetadata};
+            .metadata = gifMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

@@ -1,27 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
-#include "base/TrappedError.h"
 #include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/LzwCodes.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 
 namespace tarsel {
 
 namespace {
 
-constexpr int LargestSide = 65'535;
-constexpr qsizetype BlockSize = 255;
+constexpr int largestSide = 65'535;
+constexpr qsizetype blockSize = 255;
 
 // "GIF89a", width 16, height 16, flags, background, aspect; the palette of 2^n colours; extensions, which
 // begin with 0x21; the frame: 0x2C, left 16, top 16, width 16, height 16, flags, codes; 0x3B.
-constexpr char Extension = 0x21, Comment = char(0xFE), Application = char(0xFF), GraphicControl = char(0xF9);
-constexpr char FrameMark = 0x2C, EndMark = 0x3B;
-constexpr int HasPalette = 0x80, EightBitsAChannel = 0x70;
+constexpr char extensionMark = 0x21, commentLabel = char(0xFE), applicationLabel = char(0xFF),
+               graphicControl = char(0xF9);
+constexpr char frameMark = 0x2C, endMark = 0x3B;
+constexpr int hasPalette = 0x80, eightBitsAChannel = 0x70;
 
 int bitsOf(std::size_t colors) {
     int bits = 1;
@@ -31,22 +30,20 @@ int bitsOf(std::size_t colors) {
 }
 
 QByteArray word(int value) {
-    QByteArray bytes;
-    appendNumber(bytes, std::uint16_t(value), ByteOrder::Little);
-    return bytes;
+    return numberBytes<QByteArray>(std::uint16_t(value), ByteOrder::Little);
 }
 
 QByteArray inBlocks(const QByteArray& data) {
     QByteArray blocks;
-    for (qsizetype at = 0; at < data.size(); at += BlockSize) {
-        const QByteArray block = data.mid(at, BlockSize);
+    for (qsizetype at = 0; at < data.size(); at += blockSize) {
+        const QByteArray block = data.mid(at, blockSize);
         blocks += char(block.size()) + block;
     }
     return blocks + '\0';
 }
 
 QByteArray application(const char* name) {
-    return QByteArray(1, Extension) + Application + char(11) + name;
+    return QByteArray(1, extensionMark) + applicationLabel + char(11) + name;
 }
 
 /// The packet follows its name without blocks. A reader that knows nothing of it takes its letters for
@@ -67,7 +64,7 @@ QByteArray extensionsOf(const EmbeddedMetadata& metadata) {
     bytes += xmpExtension(metadata.xmp);
     for (const QByteArray& comment : metadata.comments)
         if (!comment.isEmpty())
-            bytes += QByteArray(1, Extension) + Comment + inBlocks(comment);
+            bytes += QByteArray(1, extensionMark) + commentLabel + inBlocks(comment);
     return bytes;
 }
 
@@ -75,27 +72,24 @@ QByteArray transparencyOf(const IndexedPicture& picture) {
     if (picture.transparentIndex < 0)
         return {};
     constexpr char isTransparent = 1;
-    return QByteArray(1, Extension) + GraphicControl + char(4) + isTransparent + word(0) +
+    return QByteArray(1, extensionMark) + graphicControl + char(4) + isTransparent + word(0) +
            char(picture.transparentIndex) + '\0';
 }
 
 } // namespace
 
 QByteArray encodeGif(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    if (picture.width() > LargestSide || picture.height() > LargestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("GifWriter", "GIF encoder: more than %1 pixels wide or high")
-                 .arg(LargestSide));
+    requireEncodableSize("GIF", picture, largestSide);
     const IndexedPicture indexed = encoderIndexes(picture, settings, TransparencyOf::BackColor);
     const int bits = bitsOf(indexed.palette.size());
     const QByteArray size = word(indexed.width()) + word(indexed.height());
-    QByteArray bytes = "GIF89a" + size + char(HasPalette | EightBitsAChannel | (bits - 1)) + '\0' + '\0';
+    QByteArray bytes = "GIF89a" + size + char(hasPalette | eightBitsAChannel | (bits - 1)) + '\0' + '\0';
     for (const Rgb color : indexed.palette)
         bytes.append(char(color.red)).append(char(color.green)).append(char(color.blue));
     bytes.append(3 * ((qsizetype(1) << bits) - qsizetype(indexed.palette.size())), '\0');
     bytes += extensionsOf(metadata) + transparencyOf(indexed);
-    bytes += FrameMark + word(0) + word(0) + size + '\0';
-    return bytes + lzwCodes(indexed, std::max(2, bits), settings.GifCompression) + EndMark;
+    bytes += frameMark + word(0) + word(0) + size + '\0';
+    return bytes + lzwCodes(indexed, std::max(2, bits), settings.GifCompression) + endMark;
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
@@ -18,14 +19,14 @@ namespace tarsel {
 namespace {
 
 /// A block of 8 x 8 takes at least a few bits, however plain it is.
-constexpr std::int64_t PixelsPerByte = 1000;
+constexpr std::int64_t pixelsPerByte = 1000;
 /// Coefficients of a progressive picture are held in memory; beyond this the file is refused.
-constexpr long MemoryLimit = long(2) << 30;
+constexpr long memoryLimit = long(2) << 30;
 /// A crafted file repeats scans over a large picture to keep its reader busy; honest ones have some ten.
 constexpr int maxScans = 500;
 /// An extended XMP packet of 300 MB, or as many comments.
 constexpr int maxSegments = 5000;
-constexpr int RowsAtOnce = 16;
+constexpr int rowsAtOnce = 16;
 
 enum class Purpose { Header, Picture };
 
@@ -48,7 +49,7 @@ public:
             keepMetadataSegments(m_jpeg);
         }
         guard(readHeaderStep);
-        requirePlausibleSize(m_file, m_jpeg.image_width, m_jpeg.image_height, PixelsPerByte);
+        requirePlausibleSize(m_file, m_jpeg.image_width, m_jpeg.image_height, pixelsPerByte);
     }
 
     PictureHeader header() const {
@@ -105,13 +106,15 @@ private:
     }
 
     void guard(void (*step)(JpegReader&)) {
-        if (!m_errors.guarded(step, *this))
-            failDecoding(m_file, m_errors.message());
+        if (m_errors.guarded(step, *this))
+            return;
+        raiseIfStopped();
+        failDecoding(m_file, m_errors.message());
     }
 
     static void create(JpegReader& reader) {
         jpeg_create_decompress(&reader.m_jpeg);
-        reader.m_jpeg.mem->max_memory_to_use = MemoryLimit;
+        reader.m_jpeg.mem->max_memory_to_use = memoryLimit;
         jpeg_mem_src(&reader.m_jpeg, reinterpret_cast<const unsigned char*>(reader.m_bytes.constData()),
                      static_cast<unsigned long>(reader.m_bytes.size()));
         reader.m_jpeg.client_data = &reader;
@@ -128,13 +131,15 @@ private:
         auto& reader = *static_cast<JpegReader*>(common->client_data);
         if (jpeg->input_scan_number > maxScans)
             reader.m_errors.giveUp("too many scans");
+        if (currentStop().stop_requested())
+            reader.m_errors.giveUp("stopped"); // guard says so
     }
 
     static void readRows(JpegReader& reader) {
         jpeg_decompress_struct& jpeg = reader.m_jpeg;
-        JSAMPROW rows[RowsAtOnce];
+        JSAMPROW rows[rowsAtOnce];
         while (jpeg.output_scanline < jpeg.output_height) {
-            const int count = int(std::min(jpeg.output_height - jpeg.output_scanline, unsigned(RowsAtOnce)));
+            const int count = int(std::min(jpeg.output_height - jpeg.output_scanline, unsigned(rowsAtOnce)));
             for (int i = 0; i < count; ++i)
                 rows[i] = reader.m_target.row(int(jpeg.output_scanline) + i);
             jpeg_read_scanlines(&jpeg, rows, unsigned(count));

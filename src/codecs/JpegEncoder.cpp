@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -18,14 +19,12 @@ namespace tarsel {
 
 namespace {
 
-constexpr int RowsAtOnce = 16;
-constexpr std::uint8_t DotsPerInch = 1;
+constexpr int rowsAtOnce = 16;
+constexpr std::uint8_t dotsPerInch = 1;
 
 /// JPEG has no palettes: what is gray gets one channel, all else three.
 bool isGray(const SaveSettings& settings) {
-    const ColorFormat format = colorFormatOf(settings);
-    return format != ColorFormat::TrueColor && format != ColorFormat::Colors256 &&
-           format != ColorFormat::Colors16;
+    return isGrayFormat(colorFormatOf(settings));
 }
 
 /// A destination that lets libjpeg write straight into a growing byte array.
@@ -75,10 +74,10 @@ class JpegWriter {
 public:
     JpegWriter(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) :
         m_view(picture.view()), m_settings(settings), m_isGray(isGray(settings)),
-        m_resolution(resolutionOf(metadata)), m_segments(segmentsFor(settings, metadata)),
+        m_resolution(resolutionOf(metadata)), m_segments(segmentsOf(withRgbProfileOnly(metadata))),
         m_destination(m_jpeg, firstRoom()) {
         if (m_view.channels == 4)
-            m_rows.resize(std::size_t(m_view.width) * 3 * RowsAtOnce);
+            m_rows.resize(std::size_t(m_view.width) * 3 * rowsAtOnce);
     }
     ~JpegWriter() { jpeg_destroy_compress(&m_jpeg); }
     JpegWriter(const JpegWriter&) = delete;
@@ -93,14 +92,6 @@ public:
     }
 
 private:
-    static std::vector<JpegSegment> segmentsFor(const SaveSettings& settings,
-                                                const EmbeddedMetadata& metadata) {
-        EmbeddedMetadata fitting = metadata;
-        if (isGray(settings) || !isRgbProfile(metadata.iccProfile))
-            fitting.iccProfile.clear(); // it would describe channels that the file doesn't have
-        return segmentsOf(fitting);
-    }
-
     /// Room for most photographs at quality 80, so that the array seldom grows.
     qsizetype firstRoom() const {
         qsizetype room = 16384 + qsizetype(m_view.width) * m_view.height / 3;
@@ -133,7 +124,7 @@ private:
             jpeg_set_colorspace(&m_jpeg, JCS_GRAYSCALE);
         jpeg_set_quality(&m_jpeg, std::clamp(m_settings.JpegQuality, 1, 100), TRUE);
         if (m_resolution.horizontal > 0) {
-            m_jpeg.density_unit = DotsPerInch;
+            m_jpeg.density_unit = dotsPerInch;
             m_jpeg.X_density = density(m_resolution.horizontal);
             m_jpeg.Y_density = density(m_resolution.vertical);
         }
@@ -144,10 +135,11 @@ private:
     static UINT16 density(double perInch) { return UINT16(std::clamp(std::lround(perInch), 1L, 65535L)); }
 
     void writeRows() {
-        JSAMPROW rows[RowsAtOnce];
+        JSAMPROW rows[rowsAtOnce];
         while (m_jpeg.next_scanline < m_jpeg.image_height) {
+            raiseIfStopped();
             const int first = int(m_jpeg.next_scanline);
-            const int count = std::min(RowsAtOnce, m_view.height - first);
+            const int count = std::min(rowsAtOnce, m_view.height - first);
             for (int i = 0; i < count; ++i)
                 rows[i] = row(first + i, i);
             jpeg_write_scanlines(&m_jpeg, rows, JDIMENSION(count));

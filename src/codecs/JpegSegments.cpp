@@ -13,22 +13,22 @@ namespace tarsel {
 
 namespace {
 
-constexpr int App1 = JPEG_APP0 + 1;
-constexpr int App2 = JPEG_APP0 + 2;
-constexpr int App13 = JPEG_APP0 + 13;
-constexpr std::uint8_t EndOfImage = 0xD9;
-constexpr std::uint8_t StartOfScan = 0xDA;
-constexpr qsizetype LargestPayload = 65533;
+constexpr int app1 = JPEG_APP0 + 1;
+constexpr int app2 = JPEG_APP0 + 2;
+constexpr int app13 = JPEG_APP0 + 13;
+constexpr std::uint8_t endOfImage = 0xD9;
+constexpr std::uint8_t startOfScan = 0xDA;
+constexpr qsizetype largestPayload = 65533;
 
 // The terminating zeros are part of the signatures.
-const QByteArray ExifSignature("Exif\0\0", 6);
-const QByteArray XmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
-const QByteArray ExtensionSignature("http://ns.adobe.com/xmp/extension/\0", 35);
-const QByteArray ResourcesSignature("Photoshop 3.0\0", 14);
-const QByteArray ProfileSignature("ICC_PROFILE\0", 12);
+const QByteArray exifSignature("Exif\0\0", 6);
+const QByteArray xmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
+const QByteArray extensionSignature("http://ns.adobe.com/xmp/extension/\0", 35);
+const QByteArray resourcesSignature("Photoshop 3.0\0", 14);
+const QByteArray profileSignature("ICC_PROFILE\0", 12);
 
 /// Some writers leave out the zero of the XMP signature, its version or its last slash.
-const QByteArray XmpSignatureStart("http://ns.adobe.com/xap/");
+const QByteArray xmpSignatureStart("http://ns.adobe.com/xap/");
 
 /// Segments of camera makers and programs that describe the shot. Those not listed hold offsets, sizes or
 /// other pictures, which would be wrong in a new file.
@@ -36,7 +36,7 @@ struct CameraSegment {
     int marker;
     QByteArrayView signature;
 };
-constexpr std::array CameraSegments = {
+constexpr std::array cameraSegmentKinds = {
     CameraSegment{JPEG_APP0 + 3, "Meta"},           // Kodak
     CameraSegment{JPEG_APP0 + 5, "RMETA"},          // Ricoh
     CameraSegment{JPEG_APP0 + 6, "EPPIM"},          // Toshiba
@@ -47,7 +47,7 @@ constexpr std::array CameraSegments = {
 };
 
 bool isCameraSegment(int marker, const QByteArray& payload) {
-    return std::ranges::any_of(CameraSegments, [&](const CameraSegment& known) {
+    return std::ranges::any_of(cameraSegmentKinds, [&](const CameraSegment& known) {
         return known.marker == marker && payload.left(64).contains(known.signature);
     });
 }
@@ -62,10 +62,10 @@ QByteArray xmpPacket(const QByteArray& payload) {
     for (const char* start : {"<?xpacket", "<x:xmpmeta", "<x:xapmeta"})
         if (payload.startsWith(start))
             return payload;
-    if (!payload.startsWith(XmpSignatureStart))
+    if (!payload.startsWith(xmpSignatureStart))
         return {};
     const auto isEnd = [](char letter) { return letter == '\0' || letter == '<'; };
-    const auto end = std::find_if(payload.begin() + XmpSignatureStart.size(), payload.end(), isEnd);
+    const auto end = std::find_if(payload.begin() + xmpSignatureStart.size(), payload.end(), isEnd);
     return payload.mid(end - payload.begin() + (end != payload.end() && *end == '\0' ? 1 : 0));
 }
 
@@ -96,27 +96,27 @@ QByteArray joined(std::vector<Chunk> chunks, quint32 first, SizeOf sizeOf) {
 
 /// Layout after the signature: 32 letters of digest, total size 32, offset 32, data.
 Chunk extensionChunk(const QByteArray& payload) {
-    const char* numbers = payload.constData() + ExtensionSignature.size() + 32;
+    const char* numbers = payload.constData() + extensionSignature.size() + 32;
     return {loadNumber<quint32>(numbers + 4, ByteOrder::Big), loadNumber<quint32>(numbers, ByteOrder::Big),
-            payload.mid(ExtensionSignature.size() + 40)};
+            payload.mid(extensionSignature.size() + 40)};
 }
 
 /// Layout after the signature: number of the chunk from 1, count of chunks, data.
 Chunk profileChunk(const QByteArray& payload) {
-    const char* numbers = payload.constData() + ProfileSignature.size();
-    return {quint8(numbers[0]), quint8(numbers[1]), payload.mid(ProfileSignature.size() + 2)};
+    const char* numbers = payload.constData() + profileSignature.size();
+    return {quint8(numbers[0]), quint8(numbers[1]), payload.mid(profileSignature.size() + 2)};
 }
 
 class SegmentCollector {
 public:
     void add(int marker, const QByteArray& payload) {
-        if (marker == App1)
+        if (marker == app1)
             addApp1(payload);
-        else if (marker == App2 && payload.startsWith(ProfileSignature) &&
-                 payload.size() > ProfileSignature.size() + 2)
+        else if (marker == app2 && payload.startsWith(profileSignature) &&
+                 payload.size() > profileSignature.size() + 2)
             m_profile.push_back(profileChunk(payload));
-        else if (marker == App13 && payload.startsWith(ResourcesSignature))
-            m_blocks.resources += payload.mid(ResourcesSignature.size());
+        else if (marker == app13 && payload.startsWith(resourcesSignature))
+            m_blocks.resources += payload.mid(resourcesSignature.size());
         else if (marker == JPEG_COM && !payload.isEmpty() && !describesCoding(payload))
             m_blocks.comments.append(detached(payload));
         else if (isCameraSegment(marker, payload))
@@ -133,9 +133,9 @@ public:
 
 private:
     void addApp1(const QByteArray& payload) {
-        if (payload.startsWith(ExifSignature))
-            addExif(payload.mid(ExifSignature.size()));
-        else if (payload.startsWith(ExtensionSignature) && payload.size() >= ExtensionSignature.size() + 40)
+        if (payload.startsWith(exifSignature))
+            addExif(payload.mid(exifSignature.size()));
+        else if (payload.startsWith(extensionSignature) && payload.size() >= extensionSignature.size() + 40)
             m_extension.push_back(extensionChunk(payload));
         else if (m_blocks.xmp.isEmpty())
             m_blocks.xmp = detached(xmpPacket(payload));
@@ -161,7 +161,7 @@ private:
 
 void appendSplit(std::vector<JpegSegment>& segments, int marker, const QByteArray& signature,
                  const QByteArray& block) {
-    const qsizetype room = LargestPayload - signature.size();
+    const qsizetype room = largestPayload - signature.size();
     for (qsizetype at = 0; at < block.size(); at += room)
         segments.push_back({marker, signature + block.mid(at, room)});
 }
@@ -170,17 +170,13 @@ QByteArray digestOf(const QByteArray& bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex().toUpper();
 }
 
-QByteArray bigEndian(quint32 number) {
-    QByteArray bytes;
-    appendNumber(bytes, number, ByteOrder::Big);
-    return bytes;
-}
-
 void appendExtension(std::vector<JpegSegment>& segments, const QByteArray& extension) {
-    const QByteArray head = ExtensionSignature + digestOf(extension) + bigEndian(quint32(extension.size()));
-    const qsizetype room = LargestPayload - head.size() - 4;
+    const QByteArray head = extensionSignature + digestOf(extension) +
+                            numberBytes<QByteArray>(quint32(extension.size()), ByteOrder::Big);
+    const qsizetype room = largestPayload - head.size() - 4;
     for (qsizetype at = 0; at < extension.size(); at += room)
-        segments.push_back({App1, head + bigEndian(quint32(at)) + extension.mid(at, room)});
+        segments.push_back(
+            {app1, head + numberBytes<QByteArray>(quint32(at), ByteOrder::Big) + extension.mid(at, room)});
 }
 
 /// A packet that does nothing but refer to its extension.
@@ -194,27 +190,27 @@ QByteArray packetReferringTo(const QByteArray& extension) {
 void appendXmp(std::vector<JpegSegment>& segments, const EmbeddedMetadata& metadata) {
     if (metadata.xmp.isEmpty())
         return;
-    if (metadata.xmp.size() + XmpSignature.size() <= LargestPayload) {
-        segments.push_back({App1, XmpSignature + metadata.xmp});
+    if (metadata.xmp.size() + xmpSignature.size() <= largestPayload) {
+        segments.push_back({app1, xmpSignature + metadata.xmp});
         return appendExtension(segments, metadata.extendedXmp);
     }
     // A packet from a format without that limit moves into the extension.
-    segments.push_back({App1, XmpSignature + packetReferringTo(metadata.xmp)});
+    segments.push_back({app1, xmpSignature + packetReferringTo(metadata.xmp)});
     appendExtension(segments, metadata.xmp);
 }
 
 void appendResources(std::vector<JpegSegment>& segments, const QByteArray& resources) {
-    appendSplit(segments, App13, ResourcesSignature, resources);
+    appendSplit(segments, app13, resourcesSignature, resources);
 }
 
 void appendProfile(std::vector<JpegSegment>& segments, const QByteArray& profile) {
-    const qsizetype room = LargestPayload - ProfileSignature.size() - 2;
+    const qsizetype room = largestPayload - profileSignature.size() - 2;
     const qsizetype count = (profile.size() + room - 1) / room;
     if (count > 255)
         return;
     for (qsizetype i = 0; i < count; ++i)
         segments.push_back(
-            {App2, ProfileSignature + char(i + 1) + char(count) + profile.mid(i * room, room)});
+            {app2, profileSignature + char(i + 1) + char(count) + profile.mid(i * room, room)});
 }
 
 } // namespace
@@ -227,18 +223,18 @@ bool hasMoreSegmentsThan(int most, const QByteArray& jpeg) {
             ++at; // fill bytes, and whatever the decoder would skip too
         const auto marker = reader.byte(at + 1);
         const auto length = reader.word(at + 2);
-        if (!marker || !length || *marker == StartOfScan || *marker == EndOfImage)
+        if (!marker || !length || *marker == startOfScan || *marker == endOfImage)
             return false;
-        const bool hasLength = *marker > 0x01 && (*marker < 0xD0 || *marker > EndOfImage);
+        const bool hasLength = *marker > 0x01 && (*marker < 0xD0 || *marker > endOfImage);
         at += 2 + (hasLength ? *length : 0);
     }
     return true;
 }
 
 void keepMetadataSegments(jpeg_decompress_struct& jpeg) {
-    for (const int marker : {App1, App2, App13, JPEG_COM})
+    for (const int marker : {app1, app2, app13, JPEG_COM})
         jpeg_save_markers(&jpeg, marker, 0xFFFF);
-    for (const CameraSegment& known : CameraSegments)
+    for (const CameraSegment& known : cameraSegmentKinds)
         jpeg_save_markers(&jpeg, known.marker, 0xFFFF);
 }
 
@@ -254,7 +250,7 @@ std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata) {
     std::vector<JpegSegment> segments;
     // A thumbnail isn't worth a second segment, which few programs read.
     const QByteArray exif = exifWithin(metadata.exif, largestJpegExif).value_or(metadata.exif);
-    appendSplit(segments, App1, ExifSignature, exif);
+    appendSplit(segments, app1, exifSignature, exif);
     appendXmp(segments, metadata);
     appendResources(segments, metadata.resources);
     appendProfile(segments, metadata.iccProfile);

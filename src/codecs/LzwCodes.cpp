@@ -8,9 +8,9 @@ namespace tarsel {
 
 namespace {
 
-constexpr int LargestWidth = 12;
-constexpr int CodeCount = 1 << LargestWidth;
-constexpr int BlockSize = 255;
+constexpr int largestWidth = 12;
+constexpr int codeCount = 1 << largestWidth;
+constexpr int blockSize = 255;
 
 /// Bits into bytes, bytes into blocks.
 class CodeWriter {
@@ -31,7 +31,7 @@ public:
 private:
     void putByte(char byte) {
         m_block[m_used++] = byte;
-        if (m_used == BlockSize)
+        if (m_used == blockSize)
             endBlock();
     }
     void endBlock() {
@@ -41,7 +41,7 @@ private:
     }
 
     QByteArray m_bytes;
-    std::array<char, BlockSize> m_block = {};
+    std::array<char, blockSize> m_block = {};
     std::size_t m_used = 0;
     std::uint32_t m_bits = 0;
     int m_bitCount = 0;
@@ -55,7 +55,7 @@ public:
     /// The code of the string, or -1, and then the place where it goes.
     int find(int start, int pixel) {
         const std::uint32_t key = std::uint32_t(start) << 8 | std::uint32_t(pixel);
-        m_at = key * 2654435761U >> (32 - TableBits);
+        m_at = key * 2654435761U >> (32 - tableBits);
         while (m_slots[m_at].code >= 0 && m_slots[m_at].key != key)
             m_at = (m_at + 1) % m_slots.size();
         m_key = key;
@@ -64,12 +64,12 @@ public:
     void putFound(int code) { m_slots[m_at] = {m_key, code}; }
 
 private:
-    static constexpr int TableBits = 14; // four times as many as codes
+    static constexpr int tableBits = 14; // four times as many as codes
     struct Slot {
         std::uint32_t key = 0;
         int code = -1;
     };
-    std::array<Slot, std::size_t(1) << TableBits> m_slots;
+    std::array<Slot, std::size_t(1) << tableBits> m_slots;
     std::size_t m_at = 0;
     std::uint32_t m_key = 0;
 };
@@ -120,7 +120,7 @@ private:
         if (const int known = m_table.find(string, pixel); known >= 0)
             return known;
         m_codes.put(string, m_width);
-        if (m_next == CodeCount) {
+        if (m_next == codeCount) {
             startTable();
         } else {
             m_table.putFound(m_next);
@@ -134,7 +134,7 @@ private:
     QByteArray finish(int string) {
         if (string >= 0) {
             m_codes.put(string, m_width);
-            if (m_next == 1 << m_width && m_width < LargestWidth)
+            if (m_next == 1 << m_width && m_width < largestWidth)
                 ++m_width; // a reader has made a code of it
         }
         m_codes.put(m_clear + 1, m_width);

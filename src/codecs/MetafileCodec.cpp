@@ -14,7 +14,7 @@ namespace tarsel {
 namespace {
 
 /// A drawing takes no bytes for its size.
-constexpr std::int64_t PixelsPerByte = 1'000'000;
+constexpr std::int64_t pixelsPerByte = 1'000'000;
 
 std::optional<MetafileHeader> headerOf(const PictureSource& source) {
     const QByteArray start = source.start();
@@ -54,7 +54,7 @@ PictureHeader metafileHeader(const PictureSource& source, const QString& name) {
     if (!header)
         failDecoding(file, QCoreApplication::translate("MetafileCodec", "no header"));
     const PixelSize size = pixelSize(*header);
-    requirePlausibleSize(file, size.width, size.height, PixelsPerByte);
+    requirePlausibleSize(file, size.width, size.height, pixelsPerByte);
     return {size.width, size.height, bitsPerPixel, dotsPerInch};
 }
 

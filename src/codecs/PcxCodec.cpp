@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PcxCodec.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/Encoders.h"
@@ -16,18 +17,18 @@ namespace tarsel {
 namespace {
 
 /// A run of 63 bytes of 8 pixels takes two bytes.
-constexpr std::int64_t PixelsPerByte = 256;
+constexpr std::int64_t pixelsPerByte = 256;
 
 // Layout: mark 10, version, encoding (1: runs), bits of a pixel in one plane, the edges left, top, right,
 // bottom (16 bits each), resolution (2 times 16), palette of 16 colours, a reserved byte, planes, bytes of a
 // row in one plane (16). The pixels follow the 128 bytes: row by row, in a row plane by plane. A palette of
 // 256 colours follows them: a mark 12 and 768 bytes, the last of the file.
-constexpr qsizetype HeaderSize = 128;
-constexpr int PaletteOffset = 16;
-constexpr int PlanesOffset = 65;
-constexpr int RowBytesOffset = 66;
-constexpr qsizetype LargePaletteSize = 768;
-constexpr std::uint8_t LargePaletteMark = 12;
+constexpr qsizetype headerSize = 128;
+constexpr int paletteOffset = 16;
+constexpr int planesOffset = 65;
+constexpr int rowBytesOffset = 66;
+constexpr qsizetype largePaletteSize = 768;
+constexpr std::uint8_t largePaletteMark = 12;
 
 struct PcxLayout {
     bool hasRuns = true;
@@ -44,12 +45,12 @@ using Palette = std::array<Rgb, 256>;
 bool sniffPcx(const PictureSource& source) {
     const QByteArray bytes = source.start();
     const auto at = [&](qsizetype i) { return quint8(bytes[i]); };
-    return bytes.size() >= HeaderSize && at(0) == 10 && at(1) <= 5 && at(1) != 1 && at(2) <= 1 &&
-           (at(3) == 1 || at(3) == 2 || at(3) == 4 || at(3) == 8) && at(PlanesOffset) <= 4;
+    return bytes.size() >= headerSize && at(0) == 10 && at(1) <= 5 && at(1) != 1 && at(2) <= 1 &&
+           (at(3) == 1 || at(3) == 2 || at(3) == 4 || at(3) == 8) && at(planesOffset) <= 4;
 }
 
 PcxLayout readLayout(const QByteArray& bytes, const FileUnderTest& file) {
-    if (bytes.size() < HeaderSize)
+    if (bytes.size() < headerSize)
         failDecoding(file, QCoreApplication::translate("PcxCodec", "no header"));
     const ByteReader reader(bytes, ByteOrder::Little);
     const auto word = [&](int at) { return int(*reader.word(at)); };
@@ -59,9 +60,9 @@ PcxLayout readLayout(const QByteArray& bytes, const FileUnderTest& file) {
     layout.width = word(8) - word(4) + 1;
     layout.height = word(10) - word(6) + 1;
     layout.dpi = word(12);
-    layout.planes = std::max<int>(1, *reader.byte(PlanesOffset));
-    layout.rowBytes = word(RowBytesOffset);
-    requirePlausibleSize(file, layout.width, layout.height, PixelsPerByte);
+    layout.planes = std::max<int>(1, *reader.byte(planesOffset));
+    layout.rowBytes = word(rowBytesOffset);
+    requirePlausibleSize(file, layout.width, layout.height, pixelsPerByte);
     return layout;
 }
 
@@ -112,7 +113,7 @@ private:
 
     const QByteArray& m_bytes;
     bool m_hasRuns;
-    qsizetype m_at = HeaderSize;
+    qsizetype m_at = headerSize;
     int m_run = 0;
     std::uint8_t m_value = 0;
 };
@@ -138,8 +139,8 @@ Palette readPalette(const QByteArray& bytes, const PcxLayout& layout) {
     const int bits = layout.bits * layout.planes;
     Palette palette = grayPalette(1 << bits);
     if (bits > 4) {
-        const qsizetype start = bytes.size() - LargePaletteSize;
-        if (start > HeaderSize && quint8(bytes[start - 1]) == LargePaletteMark)
+        const qsizetype start = bytes.size() - largePaletteSize;
+        if (start > headerSize && quint8(bytes[start - 1]) == largePaletteMark)
             for (qsizetype i = 0; i < 256; ++i)
                 palette[std::size_t(i)] = storedColor(bytes, start + 3 * i);
         return palette;
@@ -147,7 +148,7 @@ Palette readPalette(const QByteArray& bytes, const PcxLayout& layout) {
     Palette stored = palette;
     const int colors = 1 << bits;
     for (int i = 0; i < colors; ++i)
-        stored[std::size_t(i)] = storedColor(bytes, PaletteOffset + 3 * i);
+        stored[std::size_t(i)] = storedColor(bytes, paletteOffset + 3 * i);
     const bool isFilledIn =
         std::any_of(stored.begin(), stored.begin() + colors, [&](Rgb color) { return color != stored[0]; });
     return isFilledIn ? stored : palette;
@@ -224,6 +225,7 @@ DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) 
     std::vector<std::uint8_t> row(std::size_t(layout.rowBytes) * std::size_t(layout.planes));
     bool goesOn = true;
     for (int y = 0; y < layout.height; ++y) {
+        raiseIfStopped();
         goesOn = goesOn && rows.read(row); // what was read last, from beyond the end, is zeros
         if (!goesOn && y == 0)
             failDecoding(file, QCoreApplication::translate("PcxCodec", "no pixels"));
@@ -243,7 +245,8 @@ Codec pcxCodec() {
             .header = pcxHeader,
             .pageCount = onePage,
             .decode = decodePcx,
-            .encode = encodePcx};
+            .encode = encodePcx,
+            .holdsProfile = false};
 }
 
 } // namespace tarsel

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
-#include "base/TrappedError.h"
 #include "bytes/Numbers.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/Resolution.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -15,12 +13,12 @@ namespace tarsel {
 
 namespace {
 
-constexpr int LargestSide = 65'535;
-constexpr qsizetype HeaderSize = 128;
-constexpr qsizetype SmallPaletteSize = 48;
-constexpr qsizetype LargePaletteSize = 768;
-constexpr char LargePaletteMark = 12;
-constexpr int LongestRun = 63;
+constexpr int largestSide = 65'535;
+constexpr qsizetype headerSize = 128;
+constexpr qsizetype smallPaletteSize = 48;
+constexpr qsizetype largePaletteSize = 768;
+constexpr char largePaletteMark = 12;
+constexpr int longestRun = 63;
 
 QByteArray paletteBytes(const std::vector<Rgb>& palette, qsizetype size) {
     QByteArray bytes;
@@ -33,7 +31,7 @@ QByteArray paletteBytes(const std::vector<Rgb>& palette, qsizetype size) {
 void appendRuns(QByteArray& bytes, const std::vector<std::uint8_t>& row) {
     for (std::size_t at = 0; at < row.size();) {
         std::size_t run = 1;
-        while (run < LongestRun && at + run < row.size() && row[at + run] == row[at])
+        while (run < longestRun && at + run < row.size() && row[at + run] == row[at])
             ++run;
         if (run > 1 || row[at] >= 0xC0)
             bytes += char(0xC0 | run);
@@ -61,7 +59,7 @@ public:
                 appendRuns(m_bytes, m_row);
             }
         if (m_indexed && m_bits == 8)
-            m_bytes += LargePaletteMark + paletteBytes(m_indexed->palette, LargePaletteSize);
+            m_bytes += largePaletteMark + paletteBytes(m_indexed->palette, largePaletteSize);
         return std::move(m_bytes);
     }
 
@@ -76,13 +74,13 @@ private:
         for (const double value :
              {0.0, 0.0, m_width - 1.0, m_height - 1.0, m_resolution.horizontal, m_resolution.vertical})
             word(value);
-        m_bytes += m_bits == 1 ? paletteBytes(m_indexed->palette, SmallPaletteSize)
-                               : QByteArray(SmallPaletteSize, '\0');
+        m_bytes += m_bits == 1 ? paletteBytes(m_indexed->palette, smallPaletteSize)
+                               : QByteArray(smallPaletteSize, '\0');
         m_bytes += '\0';
         m_bytes += char(m_planes);
         word(double(m_row.size()));
         word(m_indexed && m_indexed->isGray ? 2 : 1);
-        m_bytes = m_bytes.leftJustified(HeaderSize, '\0');
+        m_bytes = m_bytes.leftJustified(headerSize, '\0');
     }
 
     void fillRow(int y, int plane) {
@@ -110,10 +108,7 @@ private:
 } // namespace
 
 QByteArray encodePcx(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    if (picture.width() > LargestSide || picture.height() > LargestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("PcxWriter", "PCX encoder: more than %1 pixels wide or high")
-                 .arg(LargestSide));
+    requireEncodableSize("PCX", picture, largestSide);
     return PcxWriter(encoderColors(picture, settings, TransparencyOf::Nothing), metadata).encode();
 }
 

@@ -24,10 +24,10 @@ namespace tarsel {
 
 namespace {
 
-constexpr double PointsPerInch = 72;
-constexpr double UsualResolution = 96; // of a picture that doesn't say
-constexpr double LargestPage = 14'400; // points
-constexpr double SmallestPage = 3;
+constexpr double pointsPerInch = 72;
+constexpr double usualResolution = 96; // of a picture that doesn't say
+constexpr double largestPage = 14'400; // points
+constexpr double smallestPage = 3;
 
 using Object = QPDFObjectHandle;
 
@@ -41,7 +41,7 @@ public:
     PdfPage(QPDF& pdf, const Picture& picture, const SaveSettings& settings,
             const EmbeddedMetadata& metadata) :
         m_pdf(pdf),
-        m_picture(picture), m_settings(settings), m_metadata(metadata) {}
+        m_settings(settings), m_fitted(fittedToFile(picture, settings, metadata)) {}
 
     Object make() {
         Object resources = Object::newDictionary();
@@ -70,12 +70,12 @@ private:
     std::pair<double, double> pageSize() const {
         Resolution resolution = resolutionOf(m_metadata);
         if (resolution.horizontal == 0)
-            resolution = {UsualResolution, UsualResolution};
-        const double width = m_picture.width() * PointsPerInch / resolution.horizontal;
-        const double height = m_picture.height() * PointsPerInch / resolution.vertical;
-        const double factor = std::max(width, height) > LargestPage ? LargestPage / std::max(width, height)
-                              : std::max(width, height) < SmallestPage
-                                  ? SmallestPage / std::max(width, height)
+            resolution = {usualResolution, usualResolution};
+        const double width = m_picture.width() * pointsPerInch / resolution.horizontal;
+        const double height = m_picture.height() * pointsPerInch / resolution.vertical;
+        const double factor = std::max(width, height) > largestPage ? largestPage / std::max(width, height)
+                              : std::max(width, height) < smallestPage
+                                  ? smallestPage / std::max(width, height)
                                   : 1;
         return {width * factor, height * factor};
     }
@@ -142,9 +142,10 @@ private:
     }
 
     QPDF& m_pdf;
-    const Picture& m_picture;
     const SaveSettings& m_settings;
-    const EmbeddedMetadata& m_metadata;
+    const FittedPicture m_fitted;
+    const Picture& m_picture = m_fitted.picture;
+    const EmbeddedMetadata& m_metadata = m_fitted.metadata;
 };
 
 QByteArray written(QPDF& pdf) {

@@ -19,7 +19,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t StartSize = std::int64_t(256) * 1024;
+constexpr std::int64_t startSize = std::int64_t(256) * 1024;
 
 } // namespace
 
@@ -87,14 +87,14 @@ QByteArray PictureSource::bytes(std::int64_t at, std::int64_t count) const {
 QByteArray PictureSource::start() const {
     const std::lock_guard lock(m_state->mutex);
     if (!m_state->start)
-        m_state->start = bytes(0, StartSize);
+        m_state->start = bytes(0, startSize);
     return *m_state->start;
 }
 
 QByteArray PictureSource::all() const {
     const std::lock_guard lock(m_state->mutex);
     if (!m_state->all) {
-        if (m_state->size > LargestReadAtOnce)
+        if (m_state->size > largestReadAtOnce)
             fail(ErrorNumber::UnreadableFile,
                  QCoreApplication::translate("PictureSource",
                                              "%1: a file of %2 MB is too large for its format")

@@ -19,7 +19,7 @@ namespace tarsel {
 class PictureSource {
 public:
     /// The most that `all` reads of a file: more than any format that needs all bytes at once can use.
-    static constexpr std::int64_t LargestReadAtOnce = std::int64_t(512) << 20;
+    static constexpr std::int64_t largestReadAtOnce = std::int64_t(512) << 20;
 
     PictureSource(QByteArray bytes); // NOLINT(google-explicit-constructor): bytes in memory are a source
     /// Errors 53 (missing), 70 (not readable), 5 (not a regular file).

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PngCodec.h"
 
+#include "base/Stop.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/PngErrors.h"
@@ -15,14 +16,11 @@ namespace tarsel {
 namespace {
 
 /// Deflate packs at most 1032 bytes into one, and a byte holds up to 8 pixels.
-constexpr std::int64_t PixelsPerByte = 8300;
-constexpr png_alloc_size_t LargestChunk = png_alloc_size_t(16) << 20;
-constexpr png_uint_32 MaxTextChunks = 24; // libpng keeps them all
+constexpr std::int64_t pixelsPerByte = 8300;
+constexpr png_alloc_size_t largestChunk = png_alloc_size_t(16) << 20;
+constexpr png_uint_32 maxTextChunks = 24; // libpng keeps them all
 /// Names of 4 letters and a zero each: text without XMP, and suggested palettes.
-constexpr png_byte UnreadChunks[] = "tEXt\0zTXt\0sPLT";
-constexpr char XmpKeyword[] = "XML:com.adobe.xmp";
-
-constexpr char ResourcesKeyword[] = "Raw profile type iptc";
+constexpr png_byte unreadChunks[] = "tEXt\0zTXt\0sPLT";
 
 /// Image resources as hexadecimal text after a line with their kind and one with their size.
 QByteArray resourcesOf(const QByteArray& text) {
@@ -47,7 +45,7 @@ public:
             failDecoding(m_file, QCoreApplication::translate("PngReader", "no memory"));
         guard(readHeaderStep);
         requirePlausibleSize(m_file, png_get_image_width(m_png, m_info), png_get_image_height(m_png, m_info),
-                             PixelsPerByte);
+                             pixelsPerByte);
     }
 
     PictureHeader header() const {
@@ -79,8 +77,8 @@ public:
         if (png_get_eXIf_1(m_png, m_info, &exifSize, &exif))
             blocks.exif = QByteArray(reinterpret_cast<const char*>(exif), qsizetype(exifSize));
         blocks.iccProfile = profile();
-        blocks.xmp = textOf(XmpKeyword);
-        blocks.resources = resourcesOf(textOf(ResourcesKeyword));
+        blocks.xmp = textOf(xmpKeyword);
+        blocks.resources = resourcesOf(textOf(resourcesKeyword));
         blocks.resolution = {png_get_x_pixels_per_meter(m_png, m_info) * 0.0254,
                              png_get_y_pixels_per_meter(m_png, m_info) * 0.0254};
         return blocks;
@@ -104,9 +102,9 @@ private:
         png_structp png = reader.m_png;
         png_set_read_fn(png, &reader, readBytes);
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF); // sizes are judged here, by their product
-        png_set_chunk_malloc_max(png, LargestChunk);
-        png_set_chunk_cache_max(png, MaxTextChunks);
-        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, UnreadChunks, sizeof UnreadChunks / 5);
+        png_set_chunk_malloc_max(png, largestChunk);
+        png_set_chunk_cache_max(png, maxTextChunks);
+        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, unreadChunks, sizeof unreadChunks / 5);
         png_set_crc_action(png, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
         png_set_benign_errors(png, 1);
         png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
@@ -126,6 +124,7 @@ private:
     static void readRows(PngReader& reader) {
         for (int pass = 0; pass < reader.m_passes; ++pass)
             for (int y = 0; y < reader.m_target.height; ++y) {
+                raiseIfStopped();
                 png_read_row(reader.m_png, reader.m_target.row(y), nullptr);
                 reader.m_hasRows = true;
             }
@@ -139,8 +138,21 @@ private:
         png_bytep data = nullptr;
         png_uint_32 size = 0;
         if (!png_get_iCCP(m_png, m_info, &name, &compression, &data, &size))
-            return {};
+            return profileOfCalibration();
         return QByteArray(reinterpret_cast<const char*>(data), qsizetype(size));
+    }
+
+    /// By the gamma and the places of the primaries in the file.
+    QByteArray profileOfCalibration() const {
+        double fileGamma = 1 / 2.2;
+        Chromaticities places;
+        const bool hasGamma = png_get_gAMA(m_png, m_info, &fileGamma) != 0;
+        const bool hasPlaces =
+            png_get_cHRM(m_png, m_info, &places.white.x, &places.white.y, &places.red.x, &places.red.y,
+                         &places.green.x, &places.green.y, &places.blue.x, &places.blue.y) != 0;
+        if (png_get_valid(m_png, m_info, PNG_INFO_sRGB) || (!hasGamma && !hasPlaces) || fileGamma <= 0)
+            return {};
+        return calibratedProfile(places, 1 / fileGamma);
     }
 
     QByteArray textOf(const char* keyword) const {
@@ -209,7 +221,8 @@ Codec pngCodec() {
             .pageCount = onePage,
             .decode = decodePng,
             .encode = encodePng,
-            .metadata = pngMetadata};
+            .metadata = pngMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PngCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -18,11 +19,7 @@ namespace tarsel {
 namespace {
 
 /// Higher levels take many times as long and save a few per cent.
-constexpr int CompressionLevel = 4;
-
-constexpr char XmpKeyword[] = "XML:com.adobe.xmp";
-/// Where other programs put IPTC data and image resources, which PNG has no chunk for: as hexadecimal text.
-constexpr char ResourcesKeyword[] = "Raw profile type iptc";
+constexpr int compressionLevel = 4;
 
 /// A line feed, the name, the size right-aligned, the bytes in lines of 72 digits.
 QByteArray rawProfile(const QByteArray& bytes) {
@@ -44,8 +41,6 @@ public:
         m_info(m_png ? png_create_info_struct(m_png) : nullptr) {
         if (!m_metadata.resources.isEmpty())
             m_resources = rawProfile(m_metadata.resources);
-        if (m_indexed && m_indexed->isGray)
-            m_metadata.iccProfile.clear(); // it would describe channels that the file doesn't have
         if (m_indexed)
             m_row.resize(std::size_t(packedSize(m_indexed->width(), m_indexed->bits)));
     }
@@ -75,15 +70,17 @@ private:
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF);
         png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON); // wide-spread ones have small faults
         png_set_benign_errors(png, 1);
-        png_set_compression_level(png, CompressionLevel);
+        png_set_compression_level(png, compressionLevel);
         png_set_IHDR(png, writer.m_info, png_uint_32(writer.width()), png_uint_32(writer.height()),
                      writer.bits(), writer.colorType(), PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                      PNG_FILTER_TYPE_DEFAULT);
         writer.setPalette();
         writer.setMetadata();
         png_write_info(png, writer.m_info);
-        for (int y = 0; y < writer.height(); ++y)
+        for (int y = 0; y < writer.height(); ++y) {
+            raiseIfStopped();
             png_write_row(png, writer.row(y));
+        }
         png_write_end(png, nullptr); // with the object it would write the EXIF block again
     }
 
@@ -122,7 +119,7 @@ private:
     void setResolution() {
         const Resolution resolution = resolutionOf(m_metadata);
         const auto perMeter = [](double perInch) {
-            return png_uint_32(std::lround(perInch * InchesPerMeter));
+            return png_uint_32(std::lround(perInch * inchesPerMeter));
         };
         if (resolution.horizontal > 0)
             png_set_pHYs(m_png, m_info, perMeter(resolution.horizontal), perMeter(resolution.vertical),
@@ -138,8 +135,8 @@ private:
         if (!m_metadata.exif.isEmpty())
             png_set_eXIf_1(m_png, m_info, png_uint_32(m_metadata.exif.size()),
                            reinterpret_cast<png_bytep>(m_metadata.exif.data()));
-        setText(XmpKeyword, m_metadata.xmp, PNG_ITXT_COMPRESSION_NONE);
-        setText(ResourcesKeyword, m_resources, PNG_ITXT_COMPRESSION_zTXt);
+        setText(xmpKeyword, m_metadata.xmp, PNG_ITXT_COMPRESSION_NONE);
+        setText(resourcesKeyword, m_resources, PNG_ITXT_COMPRESSION_zTXt);
     }
 
     void setText(const char* keyword, QByteArray& value, int compression) {

@@ -14,14 +14,14 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t LargestSection = std::int64_t(64) << 20;
+constexpr std::int64_t largestSection = std::int64_t(64) << 20;
 
 /// Image resources that say something of the picture, and nothing of the layers and views of this file.
-constexpr quint16 CarriedResources[] = {0x03ED, ResourceBlocks::iptcNumber, 0x040A, 0x040B, 0x0425};
-constexpr quint16 ProfileResource = 0x040F;
-constexpr quint16 ExifResource = 0x0422;
-constexpr quint16 XmpResource = 0x0424;
-constexpr quint16 VersionResource = 0x0421;
+constexpr quint16 carriedResources[] = {0x03ED, ResourceBlocks::iptcNumber, 0x040A, 0x040B, 0x0425};
+constexpr quint16 profileResource = 0x040F;
+constexpr quint16 exifResource = 0x0422;
+constexpr quint16 xmpResource = 0x0424;
+constexpr quint16 versionResource = 0x0421;
 
 bool sniffPsd(const PictureSource& source) {
     return source.start().startsWith("8BPS");
@@ -42,24 +42,24 @@ int onePage(const PictureSource&, const QString&) {
 
 ResourceBlocks resourcesOf(const PictureSource& source, const PsdLayout& layout) {
     const std::int64_t start = layout.resources + 4;
-    return ResourceBlocks(source.bytes(start, std::min(layout.layers - start, LargestSection)));
+    return ResourceBlocks(source.bytes(start, std::min(layout.layers - start, largestSection)));
 }
 
 /// Programs can save layers alone; the merged picture is blank then. Layout of the resource: version 32,
 /// whether the merged picture is a real one 8.
 bool lacksMergedPicture(const ResourceBlocks& resources) {
-    return ByteReader(resources.data(VersionResource), ByteOrder::Big).byte(4) == 0;
+    return ByteReader(resources.data(versionResource), ByteOrder::Big).byte(4) == 0;
 }
 
 /// As they are stored, also with a profile for other colours.
 EmbeddedMetadata blocksOf(const ResourceBlocks& all) {
     EmbeddedMetadata metadata;
-    for (const quint16 number : CarriedResources)
+    for (const quint16 number : carriedResources)
         if (all.contains(number))
             metadata.resources += ResourceBlocks::block(number, all.data(number));
-    metadata.exif = all.data(ExifResource);
-    metadata.xmp = all.data(XmpResource);
-    metadata.iccProfile = all.data(ProfileResource);
+    metadata.exif = all.data(exifResource);
+    metadata.xmp = all.data(xmpResource);
+    metadata.iccProfile = all.data(profileResource);
     return metadata;
 }
 
@@ -88,7 +88,8 @@ Codec psdCodec() {
             .pageCount = onePage,
             .decode = decodePsd,
             .encode = encodePsd,
-            .metadata = psdMetadata};
+            .metadata = psdMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

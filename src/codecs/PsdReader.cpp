@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PsdReader.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 
@@ -15,8 +16,9 @@ namespace tarsel {
 
 namespace {
 
+constexpr int mostChannels = 56, mostBits = 32;
 /// A packed run of 128 bytes of 8 pixels takes two bytes.
-constexpr std::int64_t PixelsPerByte = 512;
+constexpr std::int64_t pixelsPerByte = 512;
 
 enum Mode { Bitmap = 0, Gray = 1, Indexed = 2, Rgb3 = 3, Cmyk = 4, Multichannel = 7, Duotone = 8, Lab = 9 };
 
@@ -24,9 +26,9 @@ enum Mode { Bitmap = 0, Gray = 1, Indexed = 2, Rgb3 = 3, Cmyk = 4, Multichannel 
 // 16, colour mode 16. Then the colour mode data, the image resources and the layers, each after its size.
 // Last the pixels: compression 16, when packed the sizes of all rows of all channels, then the rows channel
 // by channel.
-constexpr std::int64_t HeaderSize = 26;
-constexpr std::int64_t PaletteOffset = HeaderSize + 4;
-constexpr std::int64_t PaletteSize = 3 * 256; // all red values, then green, then blue
+constexpr std::int64_t headerSize = 26;
+constexpr std::int64_t paletteOffset = headerSize + 4;
+constexpr std::int64_t paletteSize = 3 * 256; // all red values, then green, then blue
 
 /// Of up to 8 bytes; as far as they are in the file.
 std::uint64_t numberAt(const PictureSource& source, std::int64_t at, int size) {
@@ -78,6 +80,14 @@ int colorChannels(const PsdLayout& layout) {
     }
 }
 
+[[noreturn]] void refuseKind(const PsdLayout& layout, const FileUnderTest& file) {
+    failDecoding(
+        file, QCoreApplication::translate("PsdReader", "%1 channels of %2 bits, mode %3, are not supported")
+                  .arg(layout.channels)
+                  .arg(layout.bits)
+                  .arg(layout.mode));
+}
+
 void requireKnownKind(const PsdLayout& layout, const FileUnderTest& file) {
     const bool knownMode =
         (layout.mode >= Bitmap && layout.mode <= Cmyk) || (layout.mode >= Multichannel && layout.mode <= Lab);
@@ -86,11 +96,7 @@ void requireKnownKind(const PsdLayout& layout, const FileUnderTest& file) {
                                ? layout.bits == 8
                                : layout.bits == 8 || layout.bits == 16 || layout.bits == 32;
     if (!knownMode || !knownBits || layout.channels < colorChannels(layout))
-        failDecoding(file, QCoreApplication::translate("PsdReader",
-                                                       "%1 channels of %2 bits, mode %3, are not supported")
-                               .arg(layout.channels)
-                               .arg(layout.bits)
-                               .arg(layout.mode));
+        refuseKind(layout, file);
 }
 
 /// The rows of the merged picture, channel by channel.
@@ -175,7 +181,7 @@ public:
         m_layout(layout), m_width(std::size_t(layout.width)), m_colors(colorChannels(layout)),
         m_cmyk(m_colors == 4 ? iccProfile : QByteArray()), m_buffer(m_width * 4), m_labBuffer(m_width * 3) {
         if (layout.mode == Indexed)
-            m_palette = source.bytes(PaletteOffset, PaletteSize).leftJustified(PaletteSize, 0);
+            m_palette = source.bytes(paletteOffset, paletteSize).leftJustified(paletteSize, 0);
     }
 
     /// `planes` holds the colour channels, a row each, 0 to 255, or for L*a*b* 0 to 1.
@@ -283,19 +289,21 @@ void storeRow(const std::vector<std::uint8_t>& rgb, const std::vector<float>* al
 } // namespace
 
 PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file) {
-    const QByteArray header = source.bytes(0, HeaderSize);
+    const QByteArray header = source.bytes(0, headerSize);
     const ByteReader reader(header, ByteOrder::Big);
     PsdLayout layout;
     layout.isLarge = reader.word(4).value_or(0) == 2;
     layout.channels = reader.word(12).value_or(0);
     const auto height = std::int64_t(reader.dword(14).value_or(0));
     const auto width = std::int64_t(reader.dword(18).value_or(0));
-    requirePlausibleSize(file, width, height, PixelsPerByte);
+    requirePlausibleSize(file, width, height, pixelsPerByte);
     layout.width = int(width);
     layout.height = int(height);
     layout.bits = reader.word(22).value_or(0);
     layout.mode = reader.word(24).value_or(0);
-    layout.resources = endOfSection(source, HeaderSize, 4);
+    if (layout.channels > mostChannels || layout.bits > mostBits)
+        refuseKind(layout, file);
+    layout.resources = endOfSection(source, headerSize, 4);
     layout.layers = endOfSection(source, layout.resources, 4);
     layout.pixels = endOfSection(source, layout.layers, layout.isLarge ? 8 : 4);
     return layout;
@@ -316,6 +324,7 @@ PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const
                                            std::vector<float>(std::size_t(layout.width)));
     QString damage;
     for (int y = 0; y < layout.height; ++y) {
+        raiseIfStopped();
         for (std::size_t channel = 0; channel < planes.size(); ++channel) {
             std::ranges::fill(bytes, std::uint8_t(255));
             if (!rows.read(int(channel), y, bytes.data()) && damage.isEmpty())

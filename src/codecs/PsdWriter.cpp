@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
-#include "base/TrappedError.h"
+#include "base/Stop.h"
 #include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -9,7 +9,6 @@
 #include "embedded/ResourceBlocks.h"
 #include "pixels/Flatten.h"
 
-#include <QCoreApplication>
 #include <array>
 #include <cmath>
 #include <functional>
@@ -19,24 +18,18 @@ namespace tarsel {
 
 namespace {
 
-constexpr int LargestSide = 30'000;
-constexpr int LongestRun = 128;
+constexpr int largestSide = 30'000;
+constexpr int longestRun = 128;
 enum Mode { Bitmap = 0, Gray = 1, RgbMode = 3 };
-constexpr quint16 ResolutionResource = 0x03ED, ProfileResource = 0x040F, ExifResource = 0x0422,
-                  XmpResource = 0x0424;
-constexpr int TransparencyChannel = -1; // in a layer; colours count from 0
+constexpr quint16 resolutionResource = 0x03ED, profileResource = 0x040F, exifResource = 0x0422,
+                  xmpResource = 0x0424;
+constexpr int transparencyChannel = -1; // in a layer; colours count from 0
 
-template <class Number>
-QByteArray big(Number value) {
-    QByteArray bytes;
-    appendNumber(bytes, value, ByteOrder::Big);
-    return bytes;
-}
 QByteArray word(int value) {
-    return big(std::uint16_t(value));
+    return numberBytes<QByteArray>(std::uint16_t(value), ByteOrder::Big);
 }
 QByteArray dword(std::int64_t value) {
-    return big(std::uint32_t(value));
+    return numberBytes<QByteArray>(std::uint32_t(value), ByteOrder::Big);
 }
 QByteArray withSize(const QByteArray& section) {
     return dword(section.size()) + section;
@@ -46,7 +39,7 @@ QByteArray withSize(const QByteArray& section) {
 void appendPacked(QByteArray& packed, const std::vector<std::uint8_t>& row) {
     const auto runAt = [&](std::size_t at) {
         std::size_t run = 1;
-        while (run < LongestRun && at + run < row.size() && row[at + run] == row[at])
+        while (run < longestRun && at + run < row.size() && row[at + run] == row[at])
             ++run;
         return run;
     };
@@ -57,7 +50,7 @@ void appendPacked(QByteArray& packed, const std::vector<std::uint8_t>& row) {
             continue;
         }
         const std::size_t start = at;
-        while (at < row.size() && at - start < LongestRun && runAt(at) <= 2)
+        while (at < row.size() && at - start < longestRun && runAt(at) <= 2)
             ++at;
         packed += char(at - start - 1);
         packed.append(reinterpret_cast<const char*>(row.data()) + start, qsizetype(at - start));
@@ -75,6 +68,7 @@ PackedRows packedRows(int height, qsizetype rowSize,
     PackedRows packed;
     std::vector<std::uint8_t> row(static_cast<std::size_t>(rowSize));
     for (int y = 0; y < height; ++y) {
+        raiseIfStopped();
         fill(y, row);
         const qsizetype before = packed.rows.size();
         appendPacked(packed.rows, row);
@@ -90,10 +84,10 @@ PackedRows packedChannel(ConstPixelView view, int channel) {
     });
 }
 
-constexpr char Packed[] = {0, 1};
+constexpr char packedMark[] = {0, 1};
 
 QByteArray mergedPixels(const std::vector<PackedRows>& channels) {
-    QByteArray bytes(Packed, sizeof Packed);
+    QByteArray bytes(packedMark, sizeof packedMark);
     for (const PackedRows& channel : channels)
         bytes += channel.sizes;
     for (const PackedRows& channel : channels)
@@ -107,8 +101,8 @@ QByteArray layerSection(ConstPixelView view) {
     QByteArray record = dword(0) + dword(0) + dword(view.height) + dword(view.width) + word(4), pixels;
     for (const int channel : {3, 0, 1, 2}) {
         const PackedRows packed = packedChannel(view, channel);
-        const QByteArray bytes = QByteArray(Packed, sizeof Packed) + packed.sizes + packed.rows;
-        record += word(channel == 3 ? TransparencyChannel : channel) + dword(bytes.size());
+        const QByteArray bytes = QByteArray(packedMark, sizeof packedMark) + packed.sizes + packed.rows;
+        record += word(channel == 3 ? transparencyChannel : channel) + dword(bytes.size());
         pixels += bytes;
     }
     constexpr char opaqueVisible[] = {char(255), 0, 0, 0};
@@ -141,11 +135,11 @@ ResourceBlocks carriedResources(const QByteArray& resources) {
 QByteArray resourceSection(const EmbeddedMetadata& metadata) {
     ResourceBlocks blocks = carriedResources(metadata.resources);
     if (const Resolution resolution = resolutionOf(metadata); resolution.horizontal > 0)
-        blocks.replace(ResolutionResource, resolutionData(resolution));
+        blocks.replace(resolutionResource, resolutionData(resolution));
     if (isRgbProfile(metadata.iccProfile))
-        blocks.replace(ProfileResource, metadata.iccProfile);
-    blocks.replace(ExifResource, metadata.exif);
-    blocks.replace(XmpResource, metadata.xmp);
+        blocks.replace(profileResource, metadata.iccProfile);
+    blocks.replace(exifResource, metadata.exif);
+    blocks.replace(xmpResource, metadata.xmp);
     return withSize(blocks.bytes());
 }
 
@@ -170,10 +164,9 @@ QByteArray trueColorFile(const Picture& picture, const EmbeddedMetadata& metadat
 }
 
 /// A bitmap, whose ones are ink, or gray values.
-QByteArray grayFile(const IndexedPicture& picture, EmbeddedMetadata metadata) {
+QByteArray grayFile(const IndexedPicture& picture, const EmbeddedMetadata& metadata) {
     const Mode mode = picture.bits == 1 ? Bitmap : Gray;
     const int bits = mode == Bitmap ? 1 : 8;
-    metadata.iccProfile.clear(); // it would describe channels that the file doesn't have
     const auto fill = [&](int y, std::vector<std::uint8_t>& row) {
         packIndexes(picture.row(y), picture.width(), bits, row.data());
         for (std::uint8_t& byte : row)
@@ -186,10 +179,7 @@ QByteArray grayFile(const IndexedPicture& picture, EmbeddedMetadata metadata) {
 } // namespace
 
 QByteArray encodePsd(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    if (picture.width() > LargestSide || picture.height() > LargestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("PsdWriter", "PSD encoder: more than %1 pixels wide or high")
-                 .arg(LargestSide));
+    requireEncodableSize("PSD", picture, largestSide);
     if (colorFormatOf(settings) == ColorFormat::TrueColor)
         return trueColorFile(picture, metadata);
     const IndexedPicture indexed = encoderIndexes(picture, settings, TransparencyOf::Nothing);

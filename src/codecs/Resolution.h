@@ -9,6 +9,6 @@ namespace tarsel {
 /// format of the file read said, else those of the image resources; 0 when nothing says it.
 Resolution resolutionOf(const EmbeddedMetadata& metadata);
 
-inline constexpr double InchesPerMeter = 1 / 0.0254;
+inline constexpr double inchesPerMeter = 1 / 0.0254;
 
 } // namespace tarsel

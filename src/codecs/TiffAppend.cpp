@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "bytes/TiffStructure.h"
 #include "codecs/CodecChecks.h"
+#include "codecs/EncoderColors.h"
 #include "codecs/TiffCodec.h"
 #include "codecs/TiffDirectory.h"
 
@@ -18,9 +19,9 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t LargestFile = UINT32_MAX; // what offsets of 32 bits reach
-constexpr std::int64_t PieceSize = std::int64_t(4) << 20;
-constexpr std::size_t MaxPages = 65'535;
+constexpr std::int64_t largestFile = UINT32_MAX; // what offsets of 32 bits reach
+constexpr std::int64_t pieceSize = std::int64_t(4) << 20;
+constexpr std::size_t maxPages = 65'535;
 
 /// Bytes of a number in values of this type; 1 where byte order doesn't matter.
 qsizetype numberSize(std::uint16_t type) {
@@ -52,20 +53,14 @@ void swapByteOrder(TiffDirectory& directory) {
     }
 }
 
-QByteArray dword(std::uint32_t value, bool bigEndian) {
-    QByteArray bytes;
-    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
-    return bytes;
-}
-
 /// Adds `distance` to each of the entry's offsets.
 void moveOffsets(TiffDirectory::Entry& entry, std::uint32_t distance, bool bigEndian) {
-    const ByteReader reader(entry.value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
+    const ByteReader reader(entry.value, byteOrder(bigEndian));
     QByteArray moved;
     for (std::uint32_t i = 0; i < entry.count; ++i) {
         const std::uint32_t offset =
             entry.type == TIFF_SHORT ? reader.word(2 * i).value_or(0) : reader.dword(4 * i).value_or(0);
-        moved += dword(offset + distance, bigEndian);
+        moved += numberBytes<QByteArray>(offset + distance, byteOrder(bigEndian));
     }
     entry.type = TIFF_LONG;
     entry.value = moved;
@@ -101,8 +96,8 @@ MovedPage movedPage(const QByteArray& file, const QString& title, std::uint32_t 
 }
 
 void copyTo(SafeFileWriter& writer, const PictureSource& source) {
-    for (std::int64_t at = 0; at < source.size(); at += PieceSize)
-        writer.write(source.bytes(at, PieceSize));
+    for (std::int64_t at = 0; at < source.size(); at += pieceSize)
+        writer.write(source.bytes(at, pieceSize));
     if (source.size() % 2)
         writer.write(QByteArray(1, '\0'));
 }
@@ -116,21 +111,22 @@ void append(const QString& path, const QString& title, const QByteArray& file) {
     const PictureSource source = PictureSource::ofFile(path);
     const FileUnderTest document{"TIFF", path, source.size()};
     auto walker = TiffWalker::open(source.byteSource());
-    const auto pages = walker && !walker->isBig() ? walker->chain(MaxPages, [] { return true; })
+    const auto pages = walker && !walker->isBig() ? walker->chain(maxPages, [] { return true; })
                                                   : std::vector<TiffDirectoryPlace>();
     if (pages.empty() || !pages.back().nextPosition)
         failDecoding(document,
                      QCoreApplication::translate("TiffAppend", "not a document that pages can be added to"));
     const std::int64_t base = (source.size() + 1) / 2 * 2;
     constexpr std::int64_t roomForDirectory = 1 << 20;
-    if (base + 2 * file.size() + roomForDirectory > LargestFile)
+    if (base + 2 * file.size() + roomForDirectory > largestFile)
         failDecoding(document, QCoreApplication::translate("TiffAppend", "it would grow beyond 4 GB"));
     const bool bigEndian = walker->order() == ByteOrder::Big;
     const MovedPage page = movedPage(file, title, std::uint32_t(base), bigEndian);
     SafeFileWriter writer(path);
     copyTo(writer, source);
     writer.write(page.bytes);
-    overwrite(writer, path, *pages.back().nextPosition, dword(page.directory, bigEndian));
+    overwrite(writer, path, *pages.back().nextPosition,
+              numberBytes<QByteArray>(page.directory, byteOrder(bigEndian)));
     writer.commit();
 }
 
@@ -144,7 +140,8 @@ QByteArray withTitle(const QByteArray& file, const QString& title) {
 
 void appendTiffPage(const QString& path, const QString& title, const Picture& picture,
                     const SaveSettings& settings, const EmbeddedMetadata& metadata) {
-    const QByteArray file = encodeTiff(picture, settings, metadata);
+    const FittedPicture fitted = fittedToFile(picture, settings, metadata);
+    const QByteArray file = encodeTiff(fitted.picture, settings, fitted.metadata);
     if (QFile::exists(path))
         append(path, title, file);
     else

@@ -10,15 +10,15 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::array<std::uint16_t, 3> PointerTags = {0x8769, 0x8825, 0xA005}; // EXIF, GPS, interoperability
-constexpr int DeepestLevel = 3;
-constexpr std::uint64_t MaxEntries = 4096; // of the tree; real files stay below 500
-constexpr std::int64_t MaxValueBytes = std::int64_t(64) << 20;
-constexpr std::uint16_t LongType = 4;
-constexpr std::uint16_t LastClassicType = 13;
+constexpr std::array<std::uint16_t, 3> pointerTags = {0x8769, 0x8825, 0xA005}; // EXIF, GPS, interoperability
+constexpr int deepestLevel = 3;
+constexpr std::uint64_t maxEntries = 4096; // of the tree; real files stay below 500
+constexpr std::int64_t maxValueBytes = std::int64_t(64) << 20;
+constexpr std::uint16_t longType = 4;
+constexpr std::uint16_t lastClassicType = 13;
 
 bool isPointer(std::uint16_t tag) {
-    return std::ranges::count(PointerTags, tag) > 0;
+    return std::ranges::count(pointerTags, tag) > 0;
 }
 
 /// Reads a tree of directories. What it reads is limited by a budget, so that a crafted file can't multiply a
@@ -27,7 +27,7 @@ class DirectoryReader {
 public:
     explicit DirectoryReader(const PictureSource& source) :
         m_source(source), m_walker(TiffWalker::open(source.byteSource())),
-        m_valueBudget(std::min<std::int64_t>(2 * source.size(), MaxValueBytes)) {}
+        m_valueBudget(std::min<std::int64_t>(2 * source.size(), maxValueBytes)) {}
 
     TiffTree read(std::optional<std::uint64_t> offset) {
         if (!m_walker)
@@ -63,10 +63,10 @@ private:
         m_valueBudget -= found.valueSize;
         if (isPointer(found.tag)) {
             const std::uint64_t offset = offsetIn(entry.value);
-            if (level >= DeepestLevel || m_walker->wasVisited(offset))
+            if (level >= deepestLevel || m_walker->wasVisited(offset))
                 return;
             entry.child.push_back(readDirectory(offset, level + 1));
-        } else if (found.type > LastClassicType) {
+        } else if (found.type > lastClassicType) {
             return; // numbers of 64 bits, which a block with offsets of 32 bits doesn't know
         }
         directory.entries.push_back(std::move(entry));
@@ -87,29 +87,22 @@ private:
     const PictureSource& m_source;
     std::optional<TiffWalker> m_walker;
     std::int64_t m_valueBudget;
-    std::uint64_t m_entryBudget = MaxEntries;
+    std::uint64_t m_entryBudget = maxEntries;
 };
-
-template <class Number>
-QByteArray numberBytes(Number value, bool bigEndian) {
-    QByteArray bytes;
-    appendNumber(bytes, value, bigEndian ? ByteOrder::Big : ByteOrder::Little);
-    return bytes;
-}
 
 /// Places values and child directories after the entries.
 class DirectoryWriter {
 public:
     DirectoryWriter(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset) :
-        m_directory(directory), m_bigEndian(bigEndian),
+        m_directory(directory), m_order(byteOrder(bigEndian)),
         m_trailingOffset(offset + 2 + std::uint32_t(tiffEntrySize) * std::uint32_t(directory.entries.size()) +
                          4) {}
 
     QByteArray write() {
-        QByteArray head = numberBytes(quint16(m_directory.entries.size()), m_bigEndian);
+        QByteArray head = numberBytes<QByteArray>(quint16(m_directory.entries.size()), m_order);
         for (const TiffDirectory::Entry& entry : m_directory.entries)
             head += entryBytes(entry);
-        return head + numberBytes(quint32(0), m_bigEndian) + m_trailing;
+        return head + numberBytes<QByteArray>(quint32(0), m_order) + m_trailing;
     }
 
 private:
@@ -124,13 +117,13 @@ private:
 
     QByteArray childEntryBytes(const TiffDirectory::Entry& entry) {
         const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
-        const QByteArray child = writeTiffDirectory(entry.child.front(), m_bigEndian, offset);
-        return entryHead(entry.tag, LongType, 1) + place(child);
+        const QByteArray child = writeTiffDirectory(entry.child.front(), m_order == ByteOrder::Big, offset);
+        return entryHead(entry.tag, longType, 1) + place(child);
     }
 
     QByteArray entryHead(std::uint16_t tag, std::uint16_t type, std::uint32_t count) const {
-        return numberBytes(tag, m_bigEndian) + numberBytes(type, m_bigEndian) +
-               numberBytes(count, m_bigEndian);
+        return numberBytes<QByteArray>(tag, m_order) + numberBytes<QByteArray>(type, m_order) +
+               numberBytes<QByteArray>(count, m_order);
     }
 
     /// Appends, on an even offset, and returns the offset as bytes.
@@ -139,11 +132,11 @@ private:
         m_trailing += bytes;
         if (m_trailing.size() % 2)
             m_trailing += '\0';
-        return numberBytes(quint32(offset), m_bigEndian);
+        return numberBytes<QByteArray>(quint32(offset), m_order);
     }
 
     const TiffDirectory& m_directory;
-    bool m_bigEndian;
+    ByteOrder m_order;
     std::uint32_t m_trailingOffset;
     QByteArray m_trailing;
 };
@@ -173,7 +166,7 @@ QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, st
 
 QByteArray writeTiffStart(bool bigEndian, std::uint32_t firstDirectory) {
     return (bigEndian ? QByteArray("MM\0*", 4) : QByteArray("II*\0", 4)) +
-           numberBytes(quint32(firstDirectory), bigEndian);
+           numberBytes<QByteArray>(quint32(firstDirectory), byteOrder(bigEndian));
 }
 
 } // namespace tarsel

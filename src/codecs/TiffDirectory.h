@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "bytes/Numbers.h"
 #include "codecs/PictureSource.h"
 
 #include <QByteArray>
@@ -31,6 +32,10 @@ struct TiffTree {
     bool bigEndian = false;
     TiffDirectory directory;
 };
+
+constexpr ByteOrder byteOrder(bool bigEndian) {
+    return bigEndian ? ByteOrder::Big : ByteOrder::Little;
+}
 
 /// The first directory, or the one at `offset`; an empty one where there is none. Entries whose values are
 /// outside the source are left out; so is what exceeds a budget that only crafted files exhaust, and numbers

@@ -11,8 +11,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr tmsize_t LargestAllocation = tmsize_t(1) << 30;
-constexpr std::int64_t LargestWrittenFile = std::int64_t(4) << 30; // what offsets of 32 bits reach
+constexpr tmsize_t largestAllocation = tmsize_t(1) << 30;
+constexpr std::int64_t largestWrittenFile = std::int64_t(4) << 30; // what offsets of 32 bits reach
 
 TiffFile& of(thandle_t self) {
     return *static_cast<TiffFile*>(self);
@@ -38,7 +38,7 @@ TiffFile::~TiffFile() {
 
 void TiffFile::open(const char* mode) {
     TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
-    TIFFOpenOptionsSetMaxSingleMemAlloc(options, LargestAllocation);
+    TIFFOpenOptionsSetMaxSingleMemAlloc(options, largestAllocation);
     TIFFOpenOptionsSetErrorHandlerExtR(options, onError, this);
     TIFFOpenOptionsSetWarningHandlerExtR(options, onWarning, this);
     m_tiff = TIFFClientOpenExt(
@@ -78,7 +78,7 @@ tmsize_t TiffFile::read(thandle_t self, void* target, tmsize_t size) {
 tmsize_t TiffFile::write(thandle_t self, void* data, tmsize_t size) {
     TiffFile& file = of(self);
     const std::int64_t end = file.m_position + size;
-    if (size < 0 || end > LargestWrittenFile)
+    if (size < 0 || end > largestWrittenFile)
         return -1;
     if (end > file.m_bytes.size())
         file.m_bytes.resize(qsizetype(end));

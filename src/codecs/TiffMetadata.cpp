@@ -12,37 +12,37 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::uint16_t ByteType = 1;
-constexpr std::uint16_t UndefinedType = 7;
+constexpr std::uint16_t byteType = 1;
+constexpr std::uint16_t undefinedType = 7;
 
 namespace Tag {
-constexpr std::uint16_t DocumentName = 269;
-constexpr std::uint16_t Xmp = 700;
-constexpr std::uint16_t Iptc = 33723;
-constexpr std::uint16_t Resources = 34377;
-constexpr std::uint16_t Profile = 34675;
+constexpr std::uint16_t documentName = 269;
+constexpr std::uint16_t xmp = 700;
+constexpr std::uint16_t iptc = 33723;
+constexpr std::uint16_t resources = 34377;
+constexpr std::uint16_t profile = 34675;
 } // namespace Tag
 
 /// Tags that describe how or where this file stores its pixels, or which of its pages they are; they are
 /// wrong in another file.
-constexpr auto StorageTags = std::to_array<std::uint16_t>(
+constexpr auto storageTags = std::to_array<std::uint16_t>(
     {254, 255, 256, 257, 258, 259, 262, 263, 264, 265, 266, 273, 277,   278,  279, 280, 281,
      284, 288, 289, 290, 291, 292, 293, 297, 300, 301, 317, 320, 321,   322,  323, 324, 325,
      330, 332, 333, 334, 336, 337, 338, 339, 340, 341, 342, 343, 344,   345,  346, 347, 512,
      513, 514, 515, 517, 518, 519, 520, 521, 529, 530, 531, 532, 32995, 32996});
 
 bool isStorage(std::uint16_t tag) {
-    return std::ranges::count(StorageTags, tag) > 0;
+    return std::ranges::count(storageTags, tag) > 0;
 }
 
 /// Blocks that have a place of their own in EmbeddedMetadata.
 bool isBlock(std::uint16_t tag) {
-    return tag == Tag::Xmp || tag == Tag::Iptc || tag == Tag::Resources || tag == Tag::Profile;
+    return tag == Tag::xmp || tag == Tag::iptc || tag == Tag::resources || tag == Tag::profile;
 }
 
 /// Several writers put the name of the file that they write into DocumentName. A document's own name stays.
 bool namesOldFile(const TiffDirectory::Entry& entry) {
-    QByteArray name = entry.tag == Tag::DocumentName ? entry.value.toLower() : QByteArray();
+    QByteArray name = entry.tag == Tag::documentName ? entry.value.toLower() : QByteArray();
     name.truncate(name.indexOf('\0') < 0 ? name.size() : name.indexOf('\0'));
     return name.endsWith(".tif") || name.endsWith(".tiff");
 }
@@ -70,8 +70,8 @@ QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
 
 /// The IPTC data that a page holds by itself count before those among its image resources.
 QByteArray resourcesOf(const TiffDirectory& page) {
-    QByteArray stored = valueOf(page, Tag::Resources);
-    const QByteArray iptc = valueOf(page, Tag::Iptc);
+    QByteArray stored = valueOf(page, Tag::resources);
+    const QByteArray iptc = valueOf(page, Tag::iptc);
     if (iptc.isEmpty())
         return stored;
     ResourceBlocks blocks(stored);
@@ -92,8 +92,8 @@ EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t dir
     EmbeddedMetadata blocks;
     blocks.exif = exifBlock(page, bigEndian);
     blocks.resources = resourcesOf(page);
-    blocks.xmp = valueOf(page, Tag::Xmp);
-    blocks.iccProfile = valueOf(page, Tag::Profile);
+    blocks.xmp = valueOf(page, Tag::xmp);
+    blocks.iccProfile = valueOf(page, Tag::profile);
     return blocks;
 }
 
@@ -105,10 +105,10 @@ QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& meta
     if (TiffTree exif = readTiffTree(metadata.exif); exif.bigEndian == bigEndian)
         for (TiffDirectory::Entry& entry : attributesOf(exif.directory).entries)
             page.put(std::move(entry));
-    putBlock(page, Tag::Xmp, ByteType, metadata.xmp);
-    putBlock(page, Tag::Iptc, ByteType, ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
-    putBlock(page, Tag::Resources, ByteType, metadata.resources);
-    putBlock(page, Tag::Profile, UndefinedType, metadata.iccProfile);
+    putBlock(page, Tag::xmp, byteType, metadata.xmp);
+    putBlock(page, Tag::iptc, byteType, ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
+    putBlock(page, Tag::resources, byteType, metadata.resources);
+    putBlock(page, Tag::profile, undefinedType, metadata.iccProfile);
     const auto end = std::uint32_t(start->firstDirectory()); // libtiff wrote the directory last
     const std::uint32_t offset = (end + 1) / 2 * 2;
     QByteArray result = file.left(end);

@@ -19,7 +19,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::uint64_t MaxDirectoryEntries = 1000;
+constexpr std::uint64_t maxDirectoryEntries = 1000;
 
 /// The most pixels that a byte of an honest file can stand for. In fax coding with references to the row
 /// above an empty row takes one bit.
@@ -42,9 +42,9 @@ std::int64_t pixelsPerByte(int compression, std::int64_t width) {
 }
 
 bool sniffTiff(const PictureSource& source) {
-    constexpr std::string_view Signatures[] = {{"II*\0", 4}, {"MM\0*", 4}, {"II+\0", 4}, {"MM\0+", 4}};
+    constexpr std::string_view signatures[] = {{"II*\0", 4}, {"MM\0*", 4}, {"II+\0", 4}, {"MM\0+", 4}};
     const QByteArray start = source.start();
-    return std::ranges::any_of(Signatures,
+    return std::ranges::any_of(signatures,
                                [&](QByteArrayView signature) { return start.startsWith(signature); });
 }
 
@@ -76,7 +76,7 @@ std::uint64_t directoryOf(const PictureSource& source, const FileUnderTest& file
     if (page < 1 || std::size_t(page) > pages.size())
         failDecoding(file, QCoreApplication::translate("TiffReader", "it has no page %1").arg(page));
     const TiffDirectoryPlace& found = pages[std::size_t(page) - 1];
-    if (found.entries > MaxDirectoryEntries)
+    if (found.entries > maxDirectoryEntries)
         failDecoding(
             file, QCoreApplication::translate("TiffReader", "a directory of %1 entries").arg(found.entries));
     return std::uint64_t(found.offset);
@@ -92,7 +92,12 @@ TiffLayout checkedLayout(const TiffFile& tiff, const FileUnderTest& file) {
     const std::int64_t width = tiff.field<std::uint32_t>(TIFFTAG_IMAGEWIDTH);
     requirePlausibleSize(file, width, tiff.field<std::uint32_t>(TIFFTAG_IMAGELENGTH),
                          pixelsPerByte(tiff.field<std::uint16_t>(TIFFTAG_COMPRESSION), width));
-    return readTiffLayout(tiff);
+    const TiffLayout layout = readTiffLayout(tiff);
+    constexpr int mostBits = 64;
+    if (layout.bits > mostBits)
+        failDecoding(file, QCoreApplication::translate("TiffReader", "samples of %1 bits are not supported")
+                               .arg(layout.bits));
+    return layout;
 }
 
 double dpiOf(const TiffFile& tiff) {
@@ -152,7 +157,8 @@ Codec tiffCodec() {
             .pageCount = tiffPageCount,
             .decode = decodeTiff,
             .encode = encodeTiff,
-            .metadata = tiffMetadata};
+            .metadata = tiffMetadata,
+            .keepsTransparency = true};
 }
 
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffCodec.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
@@ -19,8 +20,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr int FaxCompression = 2;      // of TiffCompression
-constexpr int StripBytes = 256 * 1024; // small enough for readers that hold one strip
+constexpr int faxCompression = 2;      // of TiffCompression
+constexpr int stripBytes = 256 * 1024; // small enough for readers that hold one strip
 
 [[noreturn]] void failEncoding(const TiffFile& tiff) {
     fail(ErrorNumber::InvalidCall,
@@ -41,7 +42,7 @@ struct TiffPageLayout {
     int rowsPerStrip() const {
         if (compression == COMPRESSION_CCITTFAX4)
             return height;
-        return int(std::clamp<std::int64_t>(StripBytes / rowBytes(), 1, height));
+        return int(std::clamp<std::int64_t>(stripBytes / rowBytes(), 1, height));
     }
 };
 
@@ -118,6 +119,7 @@ void describeResolution(const TiffFile& tiff, const EmbeddedMetadata& metadata) 
 }
 
 void writeStrip(const TiffFile& tiff, int strip, const std::uint8_t* bytes, tmsize_t size) {
+    raiseIfStopped();
     if (TIFFWriteEncodedStrip(tiff, std::uint32_t(strip), const_cast<std::uint8_t*>(bytes), size) != size)
         failEncoding(tiff);
 }
@@ -153,15 +155,15 @@ bool isBlackAndWhite(const Picture& picture) {
 }
 
 EncodablePicture colorsFor(const Picture& picture, SaveSettings settings) {
-    if (settings.TiffCompression == FaxCompression && isBlackAndWhite(picture))
+    if (settings.TiffCompression == faxCompression && isBlackAndWhite(picture))
         settings.ColorFormat = int(ColorFormat::BlackAndWhite);
     return encoderColors(picture, settings, TransparencyOf::Nothing);
 }
 
 EmbeddedMetadata fittingMetadata(EmbeddedMetadata metadata, const TiffPageLayout& layout) {
     metadata = withRgbProfileOnly(std::move(metadata));
-    if (layout.photometric == PHOTOMETRIC_MINISWHITE || layout.photometric == PHOTOMETRIC_MINISBLACK)
-        metadata.iccProfile.clear(); // it would describe channels that the file doesn't have
+    if (layout.photometric == PHOTOMETRIC_MINISWHITE) // also of a colour picture with fax compression
+        metadata.iccProfile.clear();                  // it would describe channels that the file doesn't have
     return metadata;
 }
 

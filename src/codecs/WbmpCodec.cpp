@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/WbmpCodec.h"
 
+#include "base/Stop.h"
 #include "bytes/ByteReader.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/Encoders.h"
 #include "codecs/SourceStream.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -15,7 +15,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t PixelsPerByte = 8;
+constexpr std::int64_t pixelsPerByte = 8;
 
 struct WbmpHeader {
     std::int64_t width = 0;
@@ -61,7 +61,7 @@ PictureHeader wbmpHeader(const PictureSource& source, const QString& name) {
     const auto header = readHeader(source);
     if (!header)
         failDecoding(file, QCoreApplication::translate("WbmpCodec", "no header"));
-    requirePlausibleSize(file, header->width, header->height, PixelsPerByte);
+    requirePlausibleSize(file, header->width, header->height, pixelsPerByte);
     return {int(header->width), int(header->height), 1, 0};
 }
 
@@ -75,20 +75,15 @@ DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int)
     const PixelView target = picture.edit();
     SourceStream stream(source, readHeader(source)->pixelOffset);
     std::vector<std::uint8_t> row(std::size_t(header.width + 7) / 8);
-    QString damage;
     for (int y = 0; y < header.height; ++y) {
-        if (damage.isEmpty() && stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) {
-            if (y == 0)
-                failDecoding({"WBMP", name, source.size()},
-                             QCoreApplication::translate("WbmpCodec", "no pixels"));
-            damage = QCoreApplication::translate("WbmpCodec", "file is truncated");
-        }
-        if (!damage.isEmpty())
-            std::ranges::fill(row, std::uint8_t(255)); // white where the file has nothing
+        raiseIfStopped();
+        if (stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) // it was cut since
+            failDecoding({"WBMP", name, source.size()},
+                         QCoreApplication::translate("WbmpCodec", "file is truncated"));
         for (int x = 0; x < header.width; ++x)
             std::memset(target.pixel(x, y), row[std::size_t(x) / 8] >> (7 - x % 8) & 1 ? 255 : 0, 3);
     }
-    return {std::move(picture), {}, std::move(damage)};
+    return {std::move(picture), {}};
 }
 
 } // namespace
@@ -101,7 +96,8 @@ Codec wbmpCodec() {
             .pageCount = onePage,
             .decode = decodeWbmp,
             .encode = encodeWbmp,
-            .needsExtension = true};
+            .needsExtension = true,
+            .holdsProfile = false};
 }
 
 } // namespace tarsel

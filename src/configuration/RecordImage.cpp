@@ -14,13 +14,6 @@ namespace tarsel {
 
 namespace {
 
-template <class Number>
-QByteArray numberBytes(Number number) {
-    QByteArray bytes;
-    appendNumber(bytes, number, ByteOrder::Little);
-    return bytes;
-}
-
 QByteArray textBytes(const ConfigField& field, const QString& text) {
     const QByteArray bytes = codePage::encode(text);
     if (field.type == FieldType::F)
@@ -28,7 +21,7 @@ QByteArray textBytes(const ConfigField& field, const QString& text) {
     if (bytes.size() > std::numeric_limits<quint16>::max())
         fail(ErrorNumber::Overflow, QCoreApplication::translate("RecordImage", "%1 is too long to be stored")
                                         .arg(QLatin1String(field.name)));
-    return numberBytes(quint16(bytes.size())) + bytes;
+    return numberBytes<QByteArray>(quint16(bytes.size()), ByteOrder::Little) + bytes;
 }
 
 QByteArray fieldBytes(const ConfigField& field, const ConfigValue& value) {
@@ -39,7 +32,7 @@ QByteArray fieldBytes(const ConfigField& field, const ConfigValue& value) {
             if constexpr (std::is_same_v<std::decay_t<decltype(number)>, QString>)
                 return QByteArray();
             else
-                return numberBytes(number);
+                return numberBytes<QByteArray>(number, ByteOrder::Little);
         },
         value);
 }

@@ -22,9 +22,9 @@ constexpr bool isSanitized = true;
 constexpr bool isSanitized = false;
 #endif
 
-constexpr rlim_t MemoryLimit = rlim_t(4) << 30;
-constexpr rlim_t SecondsForOneFile = 30; // of processor time
-constexpr rlim_t DescriptorLimit = 16;
+constexpr rlim_t memoryLimit = rlim_t(4) << 30;
+constexpr rlim_t secondsForOneFile = 30; // of processor time
+constexpr rlim_t descriptorLimit = 16;
 
 bool setHardLimit(decltype(RLIMIT_AS) resource, rlim_t amount) {
     const rlimit both{amount, amount};
@@ -33,16 +33,16 @@ bool setHardLimit(decltype(RLIMIT_AS) resource, rlim_t amount) {
 
 bool limitResources() {
     bool all = setHardLimit(RLIMIT_CORE, 0);
-    all &= setHardLimit(RLIMIT_NOFILE, DescriptorLimit);
+    all &= setHardLimit(RLIMIT_NOFILE, descriptorLimit);
     all &= setHardLimit(RLIMIT_FSIZE, 0);
     all &= setHardLimit(RLIMIT_NPROC, 0);
     if (!isSanitized)
-        all &= setHardLimit(RLIMIT_AS, MemoryLimit);
+        all &= setHardLimit(RLIMIT_AS, memoryLimit);
     return all;
 }
 
 /// System calls whose arguments can do no harm.
-constexpr std::initializer_list<int> HarmlessCalls = {
+constexpr std::initializer_list<int> harmlessCalls = {
     SCMP_SYS(recvmsg),      SCMP_SYS(sendmsg),      SCMP_SYS(close),          SCMP_SYS(read),
     SCMP_SYS(write),        SCMP_SYS(writev),       SCMP_SYS(munmap),         SCMP_SYS(mremap),
     SCMP_SYS(brk),          SCMP_SYS(madvise),      SCMP_SYS(futex),          SCMP_SYS(getrusage),
@@ -58,7 +58,7 @@ int addRules(scmp_filter_ctx filter) {
     const auto allowIf = [&](int call, scmp_arg_cmp condition) {
         failed |= ::seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 1, condition);
     };
-    for (const int call : HarmlessCalls)
+    for (const int call : harmlessCalls)
         allow(call);
     // Memory that is never executed; limits and signals of this process alone.
     for (const int call : {SCMP_SYS(mmap), SCMP_SYS(mprotect)})
@@ -92,8 +92,7 @@ std::uint32_t confineProcess() {
     const auto require = [&](bool isLocked, DecoderLock lock) {
         missing |= isLocked ? 0U : std::uint32_t(lock);
     };
-    require(::close_range(DecoderSocket + 1, ~0U, 0) == 0, DescriptorsLock);
-    require(endWithParent(), ParentLock);
+    require(::close_range(decoderSocket + 1, ~0U, 0) == 0, DescriptorsLock);
     require(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, PrivilegesLock);
     require(limitResources(), LimitsLock);
     require(limitSystemCalls(), SystemCallsLock);
@@ -103,7 +102,7 @@ std::uint32_t confineProcess() {
 void allowTimeForOneFile() {
     rusage used = {};
     ::getrusage(RUSAGE_SELF, &used);
-    const rlimit limit{rlim_t(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + SecondsForOneFile,
+    const rlimit limit{rlim_t(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + secondsForOneFile,
                        RLIM_INFINITY};
     ::setrlimit(RLIMIT_CPU, &limit);
 }

@@ -12,7 +12,7 @@ namespace tarsel::decoder {
 
 namespace {
 
-constexpr std::int64_t HeadSize = 8; ///< type 32, size 32; offsets in records count from there
+constexpr std::int64_t headSize = 8; ///< type 32, size 32; offsets in records count from there
 
 /// The records and what they do, in the order of their numbers.
 class EmfPlayer {
@@ -30,7 +30,7 @@ public:
         for (;;) {
             const auto type = reader.dword(at);
             const std::int64_t size = reader.dword(at + 4).value_or(0);
-            if (!type || *type == endOfFile || size < HeadSize)
+            if (!type || *type == endOfFile || size < headSize)
                 return known;
             const auto step = steps().find(*type);
             if (step != steps().end() && ++known)

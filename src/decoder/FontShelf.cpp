@@ -21,13 +21,13 @@ namespace tarsel::decoder {
 
 namespace {
 
-constexpr int Styles = 4; ///< plain, bold, italic, both
-constexpr std::array Families = {"Arial", "Times New Roman", "Courier New"};
+constexpr int styles = 4; ///< plain, bold, italic, both
+constexpr std::array families = {"Arial", "Times New Roman", "Courier New"};
 /// Mean widths of the letters from a to z in ems, plain and bold, of the fonts that drawings are made with.
-constexpr double MeanWidths[][2] = {{0.4895, 0.5386}, {0.4593, 0.4893}, {0.6, 0.6}};
+constexpr double meanWidths[][2] = {{0.4895, 0.5386}, {0.4593, 0.4893}, {0.6, 0.6}};
 /// The same of all letters, by which records count that set a width.
-constexpr double NominalWidths[] = {0.441, 0.401, 0.6};
-constexpr std::array Substitutes = {"sans-serif", "serif", "monospace"};
+constexpr double nominalWidths[] = {0.441, 0.401, 0.6};
+constexpr std::array substitutes = {"sans-serif", "serif", "monospace"};
 
 int styleOf(const GdiFont& font) {
     return (font.isBold ? 1 : 0) + (font.isItalic ? 2 : 0);
@@ -70,7 +70,7 @@ struct FontFile {
 /// What the system takes for the family in a style; an empty path when it has no fonts.
 FontFile findFont(FcConfig* config, std::size_t family, int style) {
     FcPattern* wanted = FcPatternCreate();
-    for (const char* name : {Families[family], Substitutes[family]})
+    for (const char* name : {families[family], substitutes[family]})
         FcPatternAddString(wanted, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
     FcPatternAddInteger(wanted, FC_WEIGHT, style & 1 ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
     FcPatternAddInteger(wanted, FC_SLANT, style & 2 ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
@@ -155,7 +155,7 @@ Glyph stretched(Glyph glyph, double stretch) {
 struct FontShelf::State {
     FT_Library library = nullptr;
     std::map<std::string, MappedFile> files;
-    std::array<std::array<Face, Styles>, Families.size()> faces = {};
+    std::array<std::array<Face, styles>, families.size()> faces = {};
 
     const Face& face(const GdiFont& font) const {
         return faces[std::size_t(font.kind)][std::size_t(styleOf(font))];
@@ -168,7 +168,7 @@ struct FontShelf::State {
             FT_New_Memory_Face(library, mapped.data(), mapped.size(), file.index, &face) == 0 &&
             face->units_per_EM > 0) {
             const double width = meanWidthOfLetters(face);
-            faces[family][std::size_t(style)] = {face, width > 0 ? MeanWidths[family][style & 1] / width : 1};
+            faces[family][std::size_t(style)] = {face, width > 0 ? meanWidths[family][style & 1] / width : 1};
         }
     }
 };
@@ -177,8 +177,8 @@ FontShelf::FontShelf() : m_state(std::make_unique<State>()) {
     if (FT_Init_FreeType(&m_state->library) != 0)
         return;
     FcConfig* config = FcInitLoadConfigAndFonts();
-    for (std::size_t family = 0; config && family < Families.size(); ++family)
-        for (int style = 0; style < Styles; ++style)
+    for (std::size_t family = 0; config && family < families.size(); ++family)
+        for (int style = 0; style < styles; ++style)
             m_state->open(family, style, findFont(config, family, style));
     if (config)
         FcConfigDestroy(config);
@@ -204,7 +204,7 @@ Glyph FontShelf::glyphByNumber(const GdiFont& font, unsigned number) const {
 
 FontShelf::Metrics FontShelf::metrics(const GdiFont& font) const {
     const FT_Face face = m_state->face(font).face;
-    Metrics metrics{.meanWidth = NominalWidths[std::size_t(font.kind)]};
+    Metrics metrics{.meanWidth = nominalWidths[std::size_t(font.kind)]};
     if (!face)
         return metrics;
     const double unit = face->units_per_EM;

@@ -14,14 +14,14 @@ namespace tarsel::decoder {
 
 namespace {
 
-constexpr qsizetype FileHeaderSize = 14;
-constexpr std::uint32_t CoreHeaderSize = 12, WindowsHeaderSize = 40;
-constexpr std::uint32_t BitFields = 3;
+constexpr qsizetype fileHeaderSize = 14;
+constexpr std::uint32_t coreHeaderSize = 12, windowsHeaderSize = 40;
+constexpr std::uint32_t bitFields = 3;
 
 QByteArray fileHeader(qsizetype headerSize, qsizetype bitsSize) {
     QByteArray header("BM");
-    const quint32 numbers[] = {quint32(FileHeaderSize + headerSize + bitsSize), 0,
-                               quint32(FileHeaderSize + headerSize)};
+    const quint32 numbers[] = {quint32(fileHeaderSize + headerSize + bitsSize), 0,
+                               quint32(fileHeaderSize + headerSize)};
     for (const quint32 number : numbers) {
         char raw[sizeof number];
         qToLittleEndian(number, raw);
@@ -41,11 +41,11 @@ QImage imageOf(const Picture& picture) {
 qsizetype sizeBeforeBits(const QByteArray& dib) {
     const ByteReader reader(dib, ByteOrder::Little);
     const std::uint32_t size = reader.dword(0).value_or(0);
-    const bool isCore = size == CoreHeaderSize;
+    const bool isCore = size == coreHeaderSize;
     const int bits = reader.word(isCore ? 10 : 14).value_or(0);
     const std::uint32_t used = isCore ? 0 : reader.dword(32).value_or(0);
     const std::int64_t colors = used > 0 ? used : bits <= 8 ? std::int64_t(1) << bits : 0;
-    const bool hasMasks = size == WindowsHeaderSize && reader.dword(16) == BitFields;
+    const bool hasMasks = size == windowsHeaderSize && reader.dword(16) == bitFields;
     const std::int64_t end = std::int64_t(size) + (hasMasks ? 12 : 0) + colors * (isCore ? 3 : 4);
     return qsizetype(std::min<std::int64_t>(end, dib.size()));
 }

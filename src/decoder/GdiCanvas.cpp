@@ -9,8 +9,8 @@ namespace tarsel::decoder {
 
 namespace {
 
-constexpr std::size_t MaxSaved = 1000;
-constexpr double FarAway = 1e5; // pixels; beyond what can be seen at any size
+constexpr std::size_t maxSaved = 1000;
+constexpr double farAway = 1e5; // pixels; beyond what can be seen at any size
 
 double ratio(double part, double total) {
     return total == 0 ? 1 : part / total;
@@ -57,7 +57,7 @@ double degreesAt(const QRectF& box, QPointF point) {
 } // namespace
 
 double GdiCanvas::within(double value) {
-    return std::isfinite(value) ? std::clamp(value, -FarAway, FarAway) : 0;
+    return std::isfinite(value) ? std::clamp(value, -farAway, farAway) : 0;
 }
 
 GdiCanvas::GdiCanvas(QImage& image, const QTransform& deviceToImage, const FontShelf& fonts) :
@@ -67,7 +67,7 @@ GdiCanvas::GdiCanvas(QImage& image, const QTransform& deviceToImage, const FontS
 }
 
 void GdiCanvas::save() {
-    if (m_saved.size() >= MaxSaved)
+    if (m_saved.size() >= maxSaved)
         return;
     m_saved.push_back(m_state);
     m_painter.save();
@@ -251,7 +251,7 @@ void GdiCanvas::exclude(const QRectF& logical) {
     QPainterPath excluded;
     excluded.addRect(logical.normalized());
     QPainterPath rest = toImage(excluded);
-    rest.addRect(m_area.adjusted(-FarAway, -FarAway, FarAway, FarAway));
+    rest.addRect(m_area.adjusted(-farAway, -farAway, farAway, farAway));
     rest.setFillRule(Qt::OddEvenFill);
     m_painter.setClipPath(rest, Qt::IntersectClip);
 }

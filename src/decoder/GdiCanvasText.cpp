@@ -7,16 +7,33 @@ namespace tarsel::decoder {
 
 namespace {
 
-/// What the letters from '!' to '~' stand for in a font of symbols.
-constexpr char32_t Symbols[] =
+/// What the letters from '!' to '~' stand for in a font of symbols, and those from 0xA1 to 0xFE.
+constexpr char32_t symbols[] =
     U"!∀#∃%&∋()∗+,−./0123456789:;<=>?≅ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟΠΘΡΣΤΥςΩΞΨΖ[∴]⊥_‾αβχδεφγηιϕκλμνοπθρστυϖωξψζ{|}∼";
+constexpr char32_t upperSymbols[] =
+    U"ϒ′≤⁄∞ƒ♣♦♥♠↔←↑→↓°±″≥×∝∂•÷≠≡≈…⏐⎯↵ℵℑℜ℘⊗⊕∅∩∪⊃⊇⊄⊂⊆∈∉∠∇®©™∏√⋅¬∧∨⇔⇐⇑⇒⇓◊〈®©™∑⎛⎜⎝⎡⎢⎣⎧⎨⎩⎪ 〉∫⌠⎮⌡⎞⎟⎠⎤⎥⎦⎫⎬⎭";
+/// Accents and dots of the font of formulas, in pairs of a letter and what it stands for.
+constexpr char32_t formulaSigns[] = U"&\u02D9'\u00A8K…L⋯M⋮O⋱hℏlℓ";
+
+char32_t symbolOf(char32_t letter) {
+    if (letter >= U'!' && letter <= U'~')
+        return symbols[letter - U'!'];
+    return letter >= 0xA1 && letter <= 0xFE ? upperSymbols[letter - 0xA1] : letter;
+}
+
+char32_t formulaSignOf(char32_t letter) {
+    for (const char32_t* pair = formulaSigns; *pair; pair += 2)
+        if (*pair == letter)
+            return pair[1];
+    return letter;
+}
 
 char32_t shownCharacter(const GdiFont& font, char32_t character) {
     constexpr char32_t privateArea = 0xF000;
-    if (!font.isSymbol)
+    if (font.letters == GdiFont::Letters::Text)
         return character;
     const char32_t letter = character >= privateArea ? character - privateArea : character;
-    return letter >= U'!' && letter <= U'~' ? Symbols[letter - U'!'] : letter;
+    return font.letters == GdiFont::Letters::Formula ? formulaSignOf(letter) : symbolOf(letter);
 }
 
 /// Height of the em in logical units.

@@ -9,11 +9,11 @@ namespace tarsel::decoder {
 
 namespace {
 
-constexpr int UsualFontHeight = 12;
-constexpr int BoldFrom = 600;
-constexpr int SymbolCharset = 2;
-constexpr int FixedPitch = 1;
-constexpr int FamilyMask = 0xF0, RomanFamily = 0x10, ModernFamily = 0x30;
+constexpr int usualFontHeight = 12;
+constexpr int boldFrom = 600;
+constexpr int symbolCharset = 2;
+constexpr int fixedPitch = 1;
+constexpr int familyMask = 0xF0, romanFamily = 0x10, modernFamily = 0x30;
 
 bool containsAny(const QString& text, std::initializer_list<const char*> words) {
     return std::ranges::any_of(words, [&](const char* word) { return text.contains(QLatin1String(word)); });
@@ -21,31 +21,33 @@ bool containsAny(const QString& text, std::initializer_list<const char*> words) 
 
 GdiFont::Kind kindOf(const LogicalFont& font) {
     const QString face = font.face.toLower();
-    const int family = font.pitchAndFamily & FamilyMask;
+    const int family = font.pitchAndFamily & familyMask;
     if (containsAny(face, {"courier", "mono", "consol", "typewriter", "terminal", "fixed"}))
         return GdiFont::Kind::Mono;
     if (containsAny(face, {"sans", "arial", "helvetica", "verdana", "tahoma", "calibri"}))
         return GdiFont::Kind::Sans;
     if (containsAny(face, {"times", "roman", "serif", "georgia", "garamond", "cambria", "palatino", "book"}))
         return GdiFont::Kind::Serif;
-    if (family == ModernFamily && (font.pitchAndFamily & FixedPitch))
+    if (family == modernFamily && (font.pitchAndFamily & fixedPitch))
         return GdiFont::Kind::Mono;
-    return family == RomanFamily ? GdiFont::Kind::Serif : GdiFont::Kind::Sans;
+    return family == romanFamily ? GdiFont::Kind::Serif : GdiFont::Kind::Sans;
 }
 
 } // namespace
 
 GdiFont fontOf(const LogicalFont& font) {
     GdiFont result;
-    result.height = font.height == 0 ? UsualFontHeight : std::abs(double(font.height));
+    result.height = font.height == 0 ? usualFontHeight : std::abs(double(font.height));
     result.isLineHeight = font.height > 0;
     result.width = std::abs(double(font.width));
     result.angle = font.escapement / 10.0;
-    result.isBold = font.weight >= BoldFrom;
+    result.isBold = font.weight >= boldFrom;
     result.isItalic = font.italic != 0;
     result.isUnderlined = font.underline != 0;
     result.isStruckOut = font.strikeOut != 0;
-    result.isSymbol = font.charset == SymbolCharset;
+    if (font.charset == symbolCharset)
+        result.letters =
+            font.face == QLatin1String("MT Extra") ? GdiFont::Letters::Formula : GdiFont::Letters::Symbols;
     result.kind = kindOf(font);
     return result;
 }

@@ -39,7 +39,8 @@ struct GdiFont {
     bool isItalic = false;
     bool isUnderlined = false;
     bool isStruckOut = false;
-    bool isSymbol = false; ///< letters stand for Greek letters and mathematical signs
+    /// Letters stand for themselves; for Greek letters and mathematical signs; for accents of formulas.
+    enum class Letters { Text, Symbols, Formula } letters = Letters::Text;
     Kind kind = Kind::Sans;
 };
 

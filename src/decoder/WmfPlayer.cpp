@@ -30,18 +30,18 @@ public:
         for (;;) {
             const std::int64_t size = std::int64_t(reader.dword(at).value_or(0)) * 2;
             const auto function = reader.word(at + 4);
-            if (size < HeadSize || !function || *function == 0)
+            if (size < headSize || !function || *function == 0)
                 return known;
             const std::int64_t room = std::min(size, reader.size() - at);
             const auto step = steps().find(*function);
             if (step != steps().end() && ++known)
-                (this->*step->second)(MetafileRecord(*reader.slice(at + HeadSize, room - HeadSize)));
+                (this->*step->second)(MetafileRecord(*reader.slice(at + headSize, room - headSize)));
             at += size;
         }
     }
 
 private:
-    static constexpr std::int64_t HeadSize = 6;
+    static constexpr std::int64_t headSize = 6;
     using Record = const MetafileRecord&;
     using Step = void (WmfPlayer::*)(Record);
 

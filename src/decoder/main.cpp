@@ -48,23 +48,23 @@ DecoderReply answer(const DecoderRequest& request, const std::vector<Descriptor>
 
 /// A parent that had died before endWithParent was called has left the other end of the socket closed.
 bool isAlone() {
-    pollfd socket{DecoderSocket, POLLIN, 0};
+    pollfd socket{decoderSocket, POLLIN, 0};
     return ::poll(&socket, 1, 0) > 0 && (socket.revents & POLLHUP) != 0;
 }
 
-int run() {
+int run(std::uint32_t missingLocks) {
     prepareLibraries();
-    const std::uint32_t missingLocks = confineProcess();
+    missingLocks |= confineProcess();
     for (;;) {
         DecoderRequest request;
         std::vector<Descriptor> descriptors;
-        if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
+        if (!receiveRecord(decoderSocket, request, descriptors, requestDescriptors))
             return 0;
         allowTimeForOneFile();
         DecoderReply reply = answer(request, descriptors);
         reply.serial = request.serial;
         reply.missingLocks = missingLocks;
-        if (!sendRecord(DecoderSocket, reply))
+        if (!sendRecord(decoderSocket, reply))
             return 0;
     }
 }
@@ -73,7 +73,8 @@ int run() {
 
 int main() {
     // First of all: fonts take a while to load, and nobody may be there any more when they are.
-    tarsel::decoder::endWithParent();
+    const std::uint32_t missingLocks =
+        tarsel::decoder::endWithParent() ? 0U : std::uint32_t(tarsel::ParentLock);
     if (tarsel::decoder::isAlone())
         return 0;
     // An arena for each thread is trimmed after a look at /proc, where a locked process may not look.
@@ -83,7 +84,7 @@ int main() {
     QThreadPool* threads = QThreadPool::globalInstance();
     threads->setMaxThreadCount(1);
     int status = 0;
-    threads->start([&status] { status = tarsel::decoder::run(); });
+    threads->start([&] { status = tarsel::decoder::run(missingLocks); });
     threads->waitForDone();
     return status;
 }

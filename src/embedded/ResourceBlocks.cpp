@@ -22,20 +22,14 @@ qsizetype even(qsizetype size) {
     return size + size % 2;
 }
 
-template <class Number>
-QByteArray bigEndianBytes(Number number) {
-    QByteArray bytes;
-    appendNumber(bytes, number, ByteOrder::Big);
-    return bytes;
-}
-
 QByteArray headOf(quint16 number) {
     const QByteArray noName(2, '\0');
-    return QByteArray(marks[0], markSize) + bigEndianBytes(number) + noName;
+    return QByteArray(marks[0], markSize) + numberBytes<QByteArray>(number, ByteOrder::Big) + noName;
 }
 
 QByteArray blockBytes(const QByteArray& head, const QByteArray& data) {
-    return head + bigEndianBytes(quint32(data.size())) + data + QByteArray(data.size() % 2, '\0');
+    return head + numberBytes<QByteArray>(quint32(data.size()), ByteOrder::Big) + data +
+           QByteArray(data.size() % 2, '\0');
 }
 
 } // namespace

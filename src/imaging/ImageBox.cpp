@@ -26,8 +26,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr int SharedPictureFormat = 7;
-constexpr int NeutralLevel = 50;
+constexpr int sharedPictureFormat = 7;
+constexpr int neutralLevel = 50;
 
 /// Runs an operation that keeps the size: in place, or into a new picture where the old one is shared, so
 /// that no pixel is copied just to be overwritten.
@@ -66,7 +66,7 @@ int scaledLength(int length, double percent) {
 }
 
 void requireFormat(int format) {
-    if (format != SharedPictureFormat)
+    if (format != sharedPictureFormat)
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("ImageBox", "snapshots have no format %1").arg(format));
 }
@@ -189,7 +189,7 @@ Color ImageBox::PixelColor(int x, int y) const {
 void ImageBox::Brightness(int level, bool red, bool green, bool blue) {
     requireImage();
     const operations::ColorChannels channels{red, green, blue};
-    if (level == NeutralLevel || channels.none())
+    if (level == neutralLevel || channels.none())
         return;
     changePixels(pictureToChange(), [&](ConstPixelView source, PixelView target) {
         operations::brightness(source, target, level, channels);
@@ -199,7 +199,7 @@ void ImageBox::Brightness(int level, bool red, bool green, bool blue) {
 void ImageBox::Contrast(int level, bool red, bool green, bool blue) {
     requireImage();
     const operations::ColorChannels channels{red, green, blue};
-    if (level == NeutralLevel || channels.none())
+    if (level == neutralLevel || channels.none())
         return;
     changePixels(pictureToChange(), [&](ConstPixelView source, PixelView target) {
         operations::contrast(source, target, level, channels);

@@ -14,17 +14,17 @@ namespace tarsel {
 
 namespace {
 
-constexpr int SharedPictureFormat = 7;
-constexpr int UprightOrientation = 1;
-constexpr int FirstWithExchangedSides = 5;
-constexpr int LastOrientation = 8;
+constexpr int sharedPictureFormat = 7;
+constexpr int uprightOrientation = 1;
+constexpr int firstWithExchangedSides = 5;
+constexpr int lastOrientation = 8;
 
 /// How a picture of an orientation becomes upright: mirrored left and right first, then turned clockwise.
 struct Turn {
     bool mirrored;
     int degrees;
 };
-constexpr Turn turns[LastOrientation + 1] = {{false, 0},  {false, 0},  {true, 0},  {false, 180}, {true, 180},
+constexpr Turn turns[lastOrientation + 1] = {{false, 0},  {false, 0},  {true, 0},  {false, 180}, {true, 180},
                                              {true, 270}, {false, 90}, {true, 90}, {false, 270}};
 
 Picture mirrored(const Picture& picture) {
@@ -64,7 +64,7 @@ void declareUpright(ImageBox& box) {
     blocks.exif = withoutThumbnail(blocks.exif);
     blocks.xmp = withUprightXmp(blocks.xmp);
     box.metadata() = MetadataStore(std::move(blocks));
-    box.ExifSet(QStringLiteral("Orientation"), QString::number(UprightOrientation));
+    box.ExifSet(QStringLiteral("Orientation"), QString::number(uprightOrientation));
 }
 
 Size exchanged(Size size) {
@@ -72,7 +72,7 @@ Size exchanged(Size size) {
 }
 
 int orientationOf(const PictureFile& file, const std::stop_token& stop = {}) {
-    int orientation = UprightOrientation;
+    int orientation = uprightOrientation;
     ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(stop))); });
     return orientation;
 }
@@ -82,20 +82,20 @@ int orientationOf(const PictureFile& file, const std::stop_token& stop = {}) {
 int exifOrientation(const MetadataStore& metadata) {
     bool isNumber = false;
     const int orientation = metadata.ExifValueByName(QStringLiteral("Orientation")).toInt(&isNumber);
-    return isNumber && orientation >= UprightOrientation && orientation <= LastOrientation
+    return isNumber && orientation >= uprightOrientation && orientation <= lastOrientation
                ? orientation
-               : UprightOrientation;
+               : uprightOrientation;
 }
 
 int fileOrientation(const QString& path, const std::stop_token& stop) {
-    int orientation = UprightOrientation;
+    int orientation = uprightOrientation;
     ignoringErrors([&] { orientation = orientationOf(PictureFile(path), stop); });
     raiseIfStopped(stop);
     return orientation;
 }
 
 bool exchangesSides(int orientation) {
-    return orientation >= FirstWithExchangedSides;
+    return orientation >= firstWithExchangedSides;
 }
 
 Picture uprightPicture(const Picture& picture, int orientation) {
@@ -107,9 +107,9 @@ Picture uprightPicture(const Picture& picture, int orientation) {
 void turnUpright(ImageBox& box, const QString& path) {
     const bool hasMetadata = !box.metadata().blocks().isEmpty();
     const int orientation = hasMetadata ? exifOrientation(box.metadata()) : fileOrientation(path);
-    if (orientation == UprightOrientation)
+    if (orientation == uprightOrientation)
         return;
-    box.LoadFromMemory(uprightPicture(box.picture(), orientation), SharedPictureFormat);
+    box.LoadFromMemory(uprightPicture(box.picture(), orientation), sharedPictureFormat);
     if (hasMetadata)
         declareUpright(box);
 }
@@ -118,7 +118,7 @@ void prepareForTasks(ImageBox& box, const QString& path, bool upright) {
     if (upright)
         turnUpright(box, path);
     if (box.picture().hasAlpha())
-        box.LoadFromMemory(onWhite(box.picture()), SharedPictureFormat);
+        box.LoadFromMemory(onWhite(box.picture()), sharedPictureFormat);
 }
 
 std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box, Color backColor,
@@ -129,7 +129,7 @@ std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Si
     const int orientation = orientationOf(*file);
     const Size boxAsStored = exchangesSides(orientation) ? exchanged(box) : box;
     std::optional<Picture> picture = fncLoadPicture(*file, mode, boxAsStored, backColor, sourceSize);
-    if (picture && orientation != UprightOrientation)
+    if (picture && orientation != uprightOrientation)
         picture = uprightPicture(*picture, orientation);
     return picture;
 }

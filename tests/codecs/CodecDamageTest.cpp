@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
 #include "bytes/Numbers.h"
+#include "codecs/PictureFile.h"
 #include "codecs/PictureLimit.h"
 #include "codecs/TiffDirectory.h"
 #include "embedded/ResourceBlocks.h"
 #include "tests/support/CodecTestFiles.h"
+#include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/TiffStructure.h"
 
@@ -93,6 +95,15 @@ TEST(DamagedFiles, aPsdWithoutItsMergedPictureSaysSo) {
     psd.replace(33, 1, QByteArray(1, char(version.size())) + version); // the resources were empty
     EXPECT_TRUE(
         test::readBytes(psd, QStringLiteral("layers.psd")).decoded->damage.contains(QLatin1String("merged")));
+}
+
+TEST(HostileFiles, aHeaderWithMoreBitsThanAnyPictureHasIsRefused) {
+    const QByteArray psd =
+        QByteArray::fromHex("3842505300010000000000 00FFFF0000000100000001FFFF0003") + QByteArray(20, '\0');
+    const QByteArray tiff = test::tiffBlock(test::tiffEntries({256, 1, 257, 1, 258, 65535, 273, 8, 279, 1}));
+    for (const QByteArray& bytes : {psd, tiff})
+        EXPECT_EQ(test::errorNumberOf([&] { PictureFile(bytes, {}).header(); }), ErrorNumber::UnreadableFile)
+            << bytes.left(4).constData();
 }
 
 TEST(HostileFiles, aTiffDirectoryOfRepeatedEntriesIsRefused) {

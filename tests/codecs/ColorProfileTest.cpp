@@ -15,22 +15,13 @@
 namespace tarsel {
 namespace {
 
-QByteArray bytesOf(cmsHPROFILE profile) {
-    cmsUInt32Number size = 0;
-    cmsSaveProfileToMem(profile, nullptr, &size);
-    QByteArray bytes(qsizetype(size), 0);
-    cmsSaveProfileToMem(profile, bytes.data(), &size);
-    cmsCloseProfile(profile);
-    return bytes;
-}
-
 /// Primaries of sRGB but for a green far outside of it; gamma 2.2.
 QByteArray makeWideProfile() {
     const cmsCIExyY white{0.3127, 0.3290, 1};
     const cmsCIExyYTRIPLE primaries{{0.64, 0.33, 1}, {0.21, 0.71, 1}, {0.15, 0.06, 1}};
     cmsToneCurve* curve = cmsBuildGamma(nullptr, 2.2);
     cmsToneCurve* curves[] = {curve, curve, curve};
-    const QByteArray bytes = bytesOf(cmsCreateRGBProfile(&white, &primaries, curves));
+    const QByteArray bytes = test::profileBytes(cmsCreateRGBProfile(&white, &primaries, curves));
     cmsFreeToneCurve(curve);
     return bytes;
 }
@@ -43,13 +34,9 @@ QByteArray wideProfile() {
 
 QByteArray linearGrayProfile() {
     cmsToneCurve* curve = cmsBuildGamma(nullptr, 1);
-    const QByteArray bytes = bytesOf(cmsCreateGrayProfile(cmsD50_xyY(), curve));
+    const QByteArray bytes = test::profileBytes(cmsCreateGrayProfile(cmsD50_xyY(), curve));
     cmsFreeToneCurve(curve);
     return bytes;
-}
-
-QByteArray sRgbProfile() {
-    return bytesOf(cmsCreate_sRGBProfile());
 }
 
 class Profiles : public testing::Test {
@@ -90,15 +77,46 @@ TEST_F(Profiles, wideColoursAreShownInSRgbAndSavedAsTheyWere) {
     }
 }
 
+TEST_F(Profiles, aPngWithGammaOrPrimariesIsShownByThem) {
+    const QByteArray linear("\0\0\0\4gAMA\0\1\x86\xA0\x31\xE8\x96\x5F", 16);
+    const QByteArray usual("\0\0\0\4gAMA\0\0\xB1\x8F\x0B\xFC\x61\5", 16);
+    const QByteArray wide = QByteArray::fromHex("000000206348524d00007a26000080840000fa0000008"
+                                                "0e8000052080001155800003a9800001770dc49d778");
+    const struct {
+        QByteArray chunks;
+        Rgb stored, shown;
+    } cases[] = {{linear, {128, 128, 128}, {188, 188, 188}}, // half the light
+                 {usual, Green, Green},
+                 {usual + wide, Green, {123, 200, 92}}, // by the matrices of both spaces
+                 {wide, Green, {123, 200, 92}}};
+    constexpr qsizetype afterHeader = 33;
+    for (const auto& [chunks, stored, shown] : cases) {
+        const QString path = file("calibrated.png", test::plainPicture(8, 8, 3, stored), {});
+        writeFileSafely(path, test::bytesOf(path).insert(afterHeader, chunks));
+        const Rgb color = test::colorAt(*fncLoadPicture(path, LoadMode::FullSize, {8, 8}), 4, 4);
+        EXPECT_NEAR(color.red, shown.red, 2) << chunks.size();
+        EXPECT_NEAR(color.green, shown.green, 2);
+        EXPECT_NEAR(color.blue, shown.blue, 2);
+        EXPECT_EQ(PictureFile(path).metadata().iccProfile, PictureFile(path).decode().metadata.iccProfile);
+    }
+}
+
 TEST_F(Profiles, aGrayFileHasTheLuminanceOfTheShownColours) {
-    SaveSettings gray;
-    gray.ColorFormat = 2;
-    EmbeddedMetadata metadata;
-    metadata.iccProfile = wideProfile();
-    for (const char* name : {"gray.jpg", "gray.png", "gray.gif", "gray.pcx"}) {
-        const QByteArray wide = encodePicture(QString::fromLatin1(name).right(3),
-                                              test::plainPicture(8, 8, 3, Green), gray, metadata);
-        const auto read = test::readBytes(wide, QString::fromLatin1(name)).decoded;
+    ImageBox box;
+    box.LoadFromFile(file("wide.png", test::plainPicture(8, 8, 3, Green), wideProfile()));
+    box.ColorFormat = 2;
+    for (const char* name : {"gray.jpg", "gray.png", "gray.gif", "gray.pcx", "page.tif", "page.pdf"}) {
+        const QString path = m_folder.filePath(QLatin1String(name));
+        if (path.endsWith(QLatin1String("page.tif")))
+            box.AddPageTiff(path, {});
+        else if (path.endsWith(QLatin1String("page.pdf")))
+            box.AddPagePdf(path, {});
+        else
+            box.SaveToFile(path);
+        QByteArray bytes = test::bytesOf(path);
+        bytes.remove(0, bytes.startsWith("%PDF") ? bytes.indexOf("\xFF\xD8") : 0); // to the page's JPEG data
+        const auto read = test::readBytes(bytes, path).decoded;
+        ASSERT_TRUE(read) << name;
         EXPECT_TRUE(read->metadata.iccProfile.isEmpty()) << "a profile for three channels";
         EXPECT_NEAR(test::colorAt(read->picture, 4, 4).green, 0.299 * 124 + 0.587 * 201 + 0.114 * 92, 2)
             << name;
@@ -114,8 +132,8 @@ TEST_F(Profiles, aMergedPictureKeepsItsColoursUnderAnotherProfile) {
 }
 
 TEST_F(Profiles, sRgbUnderAnyNameAndNonsenseChangeNothing) {
-    for (const QByteArray& profile :
-         {QByteArray(), sRgbProfile(), QByteArray("RGB nonsense"), wideProfile().left(200)})
+    for (const QByteArray& profile : {QByteArray(), test::profileBytes(cmsCreate_sRGBProfile()),
+                                      QByteArray("RGB nonsense"), wideProfile().left(200)})
         EXPECT_FALSE(RgbConversion(profile).changesColors()) << profile.size();
     EXPECT_FALSE(RgbConversion(wideProfile(), wideProfile()).changesColors());
     EXPECT_TRUE(RgbConversion(wideProfile()).changesColors());

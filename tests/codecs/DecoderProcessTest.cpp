@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "codecs/DecoderLost.h"
 #include "codecs/DecoderPool.h"
+#include "tests/support/ForkedChild.h"
 #include "tests/support/Metafiles.h"
 #include "tests/support/TestPictures.h"
 
+#include <QFileInfo>
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <optional>
+#include <poll.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace tarsel {
 namespace {
@@ -69,6 +76,7 @@ TEST(DecoderProcess, DecodesAndStaysForTheNextFileAlsoAfterNonsense) {
 }
 
 TEST(DecoderProcess, TheChildRunsWithinLimitsOfMemoryTimeAndDescriptors) {
+    const Descriptor inherited(::fcntl(STDERR_FILENO, F_DUPFD, 50));
     DecoderProcess process;
     decodeDrawing(process);
     const auto limitOf = [&](decltype(RLIMIT_AS) resource) {
@@ -83,6 +91,31 @@ TEST(DecoderProcess, TheChildRunsWithinLimitsOfMemoryTimeAndDescriptors) {
 #if !defined __SANITIZE_ADDRESS__ && !defined __SANITIZE_THREAD__ // they reserve more
     EXPECT_LE(limitOf(RLIMIT_AS), rlim_t(4) << 30);
 #endif
+    const QString folder = QStringLiteral("/proc/%1/").arg(process.processId());
+    EXPECT_FALSE(QFileInfo(folder + QStringLiteral("fd/%1").arg(inherited.number())).isSymbolicLink());
+    EXPECT_TRUE(QFileInfo(folder + QStringLiteral("fd/%1").arg(decoderSocket)).isSymbolicLink());
+    EXPECT_TRUE(readWholeFile(folder + QStringLiteral("status")).contains("NoNewPrivs:\t1"));
+}
+
+TEST(DecoderProcess, TheChildIsKilledWithItsParentWhateverItDoes) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    EXPECT_EQ(test::inChild([&] {
+                  DecoderProcess process;
+                  decodeDrawing(process);
+                  const pid_t child = process.processId();
+                  ::kill(child, SIGSTOP); // else it would see that its socket is closed
+                  return ::write(ends[1], &child, sizeof child) == sizeof child ? 0 : 1;
+              }),
+              0);
+    pid_t child = 0;
+    ASSERT_EQ(::read(ends[0], &child, sizeof child), ssize_t(sizeof child));
+    const Descriptor reader(ends[0]), writer(ends[1]), process(int(::syscall(SYS_pidfd_open, child, 0)));
+    pollfd end{process.number(), POLLIN, 0};
+    if (process.isOpen() && ::poll(&end, 1, 10'000) != 1) {
+        ADD_FAILURE() << "it goes on";
+        ::kill(child, SIGKILL);
+    }
 }
 
 TEST_F(Misbehaving, ABadAnswerFailsItsFileAloneAndLeavesNoProcess) {

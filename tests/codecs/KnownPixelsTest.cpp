@@ -2,6 +2,7 @@
 // Files of a few pixels and the colours that they must open with. Of the fixtures ImageMagick wrote
 // adobe-cmyk.jpg; a script laid out the others byte by byte, and ImageMagick reads the same pixels from them.
 
+#include "codecs/Formats.h"
 #include "codecs/PictureFile.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/TiffStructure.h"
@@ -186,6 +187,58 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     };
     for (const auto& [name, bytes, squares] : cases)
         expectPixels(name, PictureFile(bytes, QLatin1String(name)), squares);
+}
+
+/// Codes of 9 bits and more that stand for `codes`, in blocks, as the data of a frame; 256 clears the table.
+QByteArray lzwBlocks(const std::vector<int>& codes) {
+    QByteArray bytes, blocks;
+    unsigned bits = 0;
+    int bitCount = 0, width = 9, known = 257;
+    for (const int code : codes) {
+        bits |= unsigned(code) << bitCount;
+        for (bitCount += width; bitCount >= 8; bitCount -= 8, bits >>= 8)
+            bytes += char(bits);
+        if (code != 256 && ++known == 1 << width && width < 12)
+            ++width;
+    }
+    bytes += char(bits);
+    for (qsizetype at = 0; at < bytes.size(); at += 255)
+        blocks += char(std::min<qsizetype>(255, bytes.size() - at)) + bytes.mid(at, 255);
+    return char(8) + blocks + QByteArray("\0;", 2);
+}
+
+TEST(UnusualKinds, aGifGoesOnWithItsTableOfCodesWhenThatIsFull) {
+    constexpr int side = 64;
+    const auto level = [](int at) { return std::uint8_t(at * 7 + at / 256); };
+    std::vector<int> codes{256};
+    for (int at = 0; at < side * side - 2; ++at)
+        codes.push_back(level(at));
+    codes.push_back(258 + 40); // the first string after the literals that are 40 on
+    QByteArray palette;
+    for (int i = 0; i < 256; ++i)
+        palette.append(3, char(i));
+    const QByteArray size("\x40\0\x40\0", 4);
+    const QByteArray bytes = "GIF89a" + size + QByteArray("\xF7\0\0", 3) + palette + ',' +
+                             QByteArray(4, '\0') + size + '\0' + lzwBlocks(codes);
+    const DecodedPicture read = PictureFile(bytes, QStringLiteral("full.gif")).decode();
+    EXPECT_EQ(read.damage, QString());
+    const Picture expected = test::pictureOf(side, side, 3, [&](int x, int y) {
+        const int at = y * side + x;
+        const std::uint8_t gray = level(at < side * side - 2 ? at : at - (side * side - 2) + 40);
+        return Rgb{gray, gray, gray};
+    });
+    EXPECT_EQ(test::largestDifference(read.picture, expected), 0);
+}
+
+TEST(UnusualKinds, anInterlacedGifHasItsRowsInOrder) {
+    constexpr int rows[] = {0, 8, 16, 4, 12, 2, 6, 10, 14, 18, 1, 3, 5, 7, 9, 11, 13, 15, 17};
+    const auto gray = [](int row) { return Rgb{std::uint8_t(13 * row), std::uint8_t(13 * row), 0}; };
+    const auto stored = [&](int, int y) { return gray(rows[y]); };
+    QByteArray bytes = encodePicture(QStringLiteral("gif"), test::pictureOf(3, 19, 3, stored), {}, {});
+    bytes[bytes.indexOf(QByteArray(",\0\0\0\0", 5)) + 9] = 0x40;
+    const Picture read = PictureFile(bytes, QStringLiteral("interlaced.gif")).decode().picture;
+    for (int y = 0; y < 19; ++y)
+        EXPECT_EQ(test::colorAt(read, 1, y), gray(y)) << y;
 }
 
 TEST(UnusualKinds, extensionsOfAGifHoldItsMetadata) {

@@ -5,6 +5,7 @@
 #include "tests/support/TestPictures.h"
 
 #include <QRegularExpression>
+#include <array>
 #include <gtest/gtest.h>
 
 namespace tarsel {
@@ -18,6 +19,27 @@ constexpr Rgb Red{255, 0, 0}, Blue{0, 0, 255}, Black{0, 0, 0};
 Picture drawn(const QByteArray& bytes, const char* name, PixelSize size = {40, 20}) {
     const PictureFile file(bytes, QLatin1String(name));
     return file.decodeReduced([size](PixelSize) { return size; }).picture;
+}
+
+/// How much of the picture a letter of the font covers; the name of the font is its first four words.
+double inkOf(int charset, const std::array<int, 4>& face, int letter) {
+    const QByteArray font =
+        wmfRecord(0x02FB, {-16, 0, 0, 0, 400, 0, charset << 8, 0, 0, face[0], face[1], face[2], face[3], 0});
+    const QByteArray clearGround = wmfRecord(0x0102, {1});
+    const QByteArray text = clearGround + wmfRecord(0x012D, {0}) + wmfRecord(0x0521, {1, letter, 0, 10});
+    const Picture picture = drawn(test::wmf(font + text), "a.wmf", {80, 40});
+    return picture.channels() == 4 ? test::meanOf(picture, 3) : -1;
+}
+
+TEST(Metafile, lettersOfFontsOfSymbolsAreTheSignsThatTheyStandFor) {
+    constexpr std::array symbol{'S' | 'y' << 8, 'm' | 'b' << 8, 'o' | 'l' << 8, 0},
+        formula{'M' | 'T' << 8, ' ' | 'E' << 8, 'x' | 't' << 8, 'r' | 'a' << 8};
+    constexpr int symbols = 2, cross = 0xD7;
+    const double dot = inkOf(symbols, symbol, cross), accent = inkOf(symbols, formula, '&');
+    EXPECT_GT(dot, 0);
+    EXPECT_GT(accent, 0);
+    EXPECT_LT(dot, inkOf(0, symbol, cross) / 2) << "a dot between factors";
+    EXPECT_LT(accent, inkOf(0, formula, '&') / 2) << "a dot over a letter";
 }
 
 TEST(Metafile, recordsDrawWhatTheySay) {

@@ -7,6 +7,7 @@
 #include "decoder/Confinement.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <fstream>
 #include <string>
@@ -26,7 +27,7 @@ namespace {
 }
 
 void answerWith(std::uint32_t serial, int channels, std::initializer_list<int> descriptors = {}) {
-    sendRecord(DecoderSocket, DecoderReply{serial, channels, 0, "a\x1B\nb"}, descriptors);
+    sendRecord(decoderSocket, DecoderReply{serial, channels, 0, "a\x1B\nb"}, descriptors);
 }
 
 /// Gray pixels.
@@ -34,6 +35,27 @@ void answer(std::uint32_t serial, const Descriptor& pixels) {
     const char bytes[] = {7, 7, 7, 7, 7, 7};
     if (::pwrite(pixels.number(), bytes, sizeof bytes, 0) == sizeof bytes)
         answerWith(serial, 3);
+}
+
+/// Sends the text after its first byte, whose bits say how many descriptors go with it and whether the serial
+/// number of the request is put in place, and exits.
+[[noreturn]] void send(std::string_view text, std::uint32_t serial) {
+    const unsigned kind = text.empty() ? 0 : static_cast<unsigned char>(text[0]);
+    std::string bytes(text.substr(text.empty() ? 0 : 1));
+    if ((kind & 4) != 0 && bytes.size() >= sizeof serial)
+        std::memcpy(bytes.data(), &serial, sizeof serial);
+    const auto message = std::as_bytes(std::span(bytes));
+    switch (kind & 3) {
+    case 0:
+        sendMessage(decoderSocket, message);
+        break;
+    case 1:
+        sendMessage(decoderSocket, message, {0});
+        break;
+    default:
+        sendMessage(decoderSocket, message, {0, 1, 2, 0, 1, 2, 0, 1});
+    }
+    std::_Exit(0);
 }
 
 /// The same when an order is carried out and when it fails: only the end of the process refuses it.
@@ -76,13 +98,15 @@ void perform(std::string_view order, std::uint32_t serial, const std::vector<Des
     if (order == "look at the environment")
         return answerWith(serial, *environ ? 3 : 0);
     if (order == "half an answer")
-        sendMessage(DecoderSocket, std::as_bytes(std::span(order.data(), 8)));
+        sendMessage(decoderSocket, std::as_bytes(std::span(order.data(), 8)));
     if (order == "close the socket")
-        ::close(DecoderSocket);
+        ::close(decoderSocket);
     if (order == "exit")
         std::_Exit(3);
     if (order == "crash")
         std::abort();
+    if (order.starts_with("send: "))
+        send(order.substr(6), serial);
     if (order.starts_with("locked: "))
         return attempt(order.substr(8), serial);
     sleepForever();
@@ -95,10 +119,10 @@ int main(int, char** arguments) {
     for (;;) {
         DecoderRequest request;
         std::vector<Descriptor> descriptors;
-        if (!receiveRecord(DecoderSocket, request, descriptors, requestDescriptors))
+        if (!receiveRecord(decoderSocket, request, descriptors, requestDescriptors))
             return 0;
         constexpr std::size_t wmfHeaders = 40;
-        char order[128];
+        char order[1024];
         const ssize_t size = ::pread(descriptors[0].number(), order, sizeof order, 0);
         std::string_view text(order, size < 0 ? 0 : std::size_t(size));
         if (text.starts_with("\xD7\xCD"))

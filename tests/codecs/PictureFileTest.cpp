@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/PictureFile.h"
 #include "base/SafeFileWriter.h"
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "imaging/ImageBox.h"
 #include "imaging/Upright.h"
@@ -70,6 +71,21 @@ TEST_F(PictureFiles, aStopEndsEveryQuestion) {
         [&] { fileOrientation(path, stop); }};
     for (const auto& question : questions)
         EXPECT_EQ(test::errorNumberOf(question), ErrorNumber::Interrupted);
+}
+
+TEST_F(PictureFiles, aStopEndsTheRowsOfEveryFormat) {
+    std::stop_source stopped;
+    stopped.request_stop();
+    for (const char* extension : {"jpg", "png", "bmp", "gif", "psd", "pcx", "tif", "wbmp"}) {
+        const QByteArray bytes = encoded(extension);
+        const Codec* codec = codecForExtension(QLatin1String(extension));
+        const StopScope scope(stopped.get_token());
+        EXPECT_EQ(test::errorNumberOf([&] { codec->decode(bytes, {}, 1); }), ErrorNumber::Interrupted)
+            << extension;
+    }
+    const StopScope scope(stopped.get_token());
+    for (const char* extension : {"jpg", "png", "psd", "tif"})
+        EXPECT_EQ(test::errorNumberOf([&] { encoded(extension); }), ErrorNumber::Interrupted) << extension;
 }
 
 TEST_F(PictureFiles, aFileThatShrinksWhileItIsOpenIsDamagedAndNoCrash) {

@@ -3,6 +3,7 @@
 #include "configuration/RecordImage.h"
 #include "tests/fuzz/Fuzzers.h"
 #include "tests/support/CodecTestFiles.h"
+#include "tests/support/Metafiles.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/TiffStructure.h"
 
@@ -48,6 +49,11 @@ Seeds pictures() {
     return seeds;
 }
 
+Seeds metafiles() {
+    return {test::wmf(test::redLeftHalf()), test::wmf(test::wmfRecord(0x0A32, {0, 0, 4, 4, 2, 2}), false),
+            test::emf(test::emfRecord(43, {0, 0, 20, 20}))};
+}
+
 /// Cut short, one bit turned, a run of bytes overwritten.
 QByteArray damaged(QByteArray bytes, std::mt19937& random) {
     const auto below = [&](qsizetype limit) {
@@ -76,7 +82,9 @@ const struct {
 } readers[] = {{"configuration", fuzz::readConfiguration, records, 150},
                {"list files", fuzz::readListFiles, listFiles, 40},
                {"metadata", fuzz::readMetadata, metadataBlocks, 5000},
-               {"pictures", fuzz::readPicture, pictures, 300}};
+               {"pictures", fuzz::readPicture, pictures, 300},
+               {"header", fuzz::readHeader, pictures, 40},
+               {"metafiles", fuzz::drawMetafile, metafiles, 300}};
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <stdexcept>
 
 namespace tarsel::fuzz {
@@ -12,6 +13,14 @@ void readListFiles(const QByteArray& bytes);
 /// The first byte says whether an EXIF block or image resource blocks follow.
 void readMetadata(const QByteArray& bytes);
 void readPicture(const QByteArray& bytes);
+void readHeader(const QByteArray& bytes);
+void drawMetafile(const QByteArray& bytes);
+/// The first byte says how many descriptors come with the answer that follows, and whether it has the serial
+/// number of the request.
+void readDecoderReply(const QByteArray& bytes);
+
+/// A file with these bytes, under this name in a folder of the process.
+QString inputFile(const char* name, const QByteArray& bytes);
 
 inline void require(bool holds, const char* promise) {
     if (!holds)

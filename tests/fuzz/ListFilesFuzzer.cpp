@@ -6,23 +6,11 @@
 #include "tasks/TaskWords.h"
 #include "tests/fuzz/Fuzzers.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
 using namespace tarsel;
 using fuzz::require;
 using namespace tarsel::modSaveOpenImageList;
 
 namespace {
-
-QString written(const char* name, const QByteArray& bytes) {
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath(QString::fromLatin1(name));
-    QFile::remove(path);
-    QFile file(path);
-    require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "the input can be written");
-    return path;
-}
 
 /// Any row can be checked and shown; one that passes has only values that can be read.
 void tryRow(const TaskRow& row) {
@@ -35,7 +23,7 @@ void tryRow(const TaskRow& row) {
 
 void tryTaskFile(const QByteArray& bytes) {
     TaskList tasks;
-    ignoringErrors([&] { readTaskBasket(written("list.tbf", bytes), tasks); });
+    ignoringErrors([&] { readTaskBasket(fuzz::inputFile("list.tbf", bytes), tasks); });
     require(tasks.lvEdit.count() == tasks.count() && tasks.lvEditPreview.count() == tasks.count(),
             "the three lists hold the same rows, however the reading ends");
     for (int i = 0; i < tasks.count(); ++i)
@@ -44,7 +32,7 @@ void tryTaskFile(const QByteArray& bytes) {
 
 void tryBasketFile(const char* name, const QByteArray& bytes) {
     qsizetype entries = 0;
-    ignoringErrors([&] { entries = qsizetype(readBasketEntries(written(name, bytes)).size()); });
+    ignoringErrors([&] { entries = qsizetype(readBasketEntries(fuzz::inputFile(name, bytes)).size()); });
     require(entries <= bytes.size(), "no file names more pictures than it has bytes");
 }
 

@@ -13,10 +13,7 @@
 
 namespace tarsel::test {
 
-namespace {
-
-QByteArray sRgbProfile() {
-    const cmsHPROFILE profile = cmsCreate_sRGBProfile();
+QByteArray profileBytes(void* profile) {
     cmsUInt32Number size = 0;
     cmsSaveProfileToMem(profile, nullptr, &size);
     QByteArray bytes(qsizetype(size), 0);
@@ -24,6 +21,8 @@ QByteArray sRgbProfile() {
     cmsCloseProfile(profile);
     return bytes;
 }
+
+namespace {
 
 /// A description of the image and, one directory deeper, a date.
 QByteArray exifBlock() {
@@ -64,7 +63,7 @@ EmbeddedMetadata everyKindOfMetadata() {
         ResourceBlocks::block(ResourceBlocks::iptcNumber, QByteArray("\x1C\x02\x69\x00\x05River", 10)) +
         ResourceBlocks::block(0x1234, QByteArray("kept"));
     metadata.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"></x:xmpmeta>";
-    metadata.iccProfile = sRgbProfile();
+    metadata.iccProfile = profileBytes(cmsCreate_sRGBProfile());
     metadata.comments = {"At the river", QByteArray("caf\xE9\0", 5)};
     metadata.cameraSegments = {{0xE6, QByteArray("GoPro\0DEVC", 10)}, {0xEC, "[picture info]\nShutter=60"}};
     return metadata;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "codecs/Codec.h"
+#include "codecs/Formats.h"
 #include "tests/support/Corpus.h"
 
 #include <QByteArray>
@@ -23,11 +24,14 @@ ReadOutcome readBytes(const QByteArray& bytes, const QString& name, int page = 1
 /// The file of a picture, by the codec of an extension.
 inline QByteArray encoded(const char* extension, const Picture& picture, const SaveSettings& settings = {},
                           const EmbeddedMetadata& metadata = {}) {
-    return codecForExtension(QString::fromLatin1(extension))->encode(picture, settings, metadata);
+    return encodePicture(QString::fromLatin1(extension), picture, settings, metadata);
 }
 
 /// A picture with the look of a photograph: soft changes and a little noise.
 Picture photograph(int width, int height, int channels = 3);
+
+/// The bytes of a profile of lcms2, which is closed. They hold the second in which it was made.
+QByteArray profileBytes(void* profile);
 
 /// Metadata of every kind. `resources` hold IPTC data and a block of an unknown number.
 EmbeddedMetadata everyKindOfMetadata();
