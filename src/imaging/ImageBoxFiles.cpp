@@ -9,13 +9,12 @@
 #include "codecs/PdfDocument.h"
 #include "codecs/PictureFile.h"
 #include "codecs/TiffAppend.h"
+#include "imaging/MergedPictures.h"
 #include "imaging/SaveFormats.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <mutex>
 
 namespace tarsel {
 
@@ -23,55 +22,6 @@ namespace {
 
 QString extensionOf(const QString& path) {
     return QFileInfo(path).suffix().toLower();
-}
-
-/// A picture and the profile of its colours.
-struct Merged {
-    Picture picture;
-    QByteArray iccProfile;
-};
-
-/// The picture merged last: a batch lays the same watermark on every picture.
-class MergedPictures {
-public:
-    /// Decodes outside of the lock, so that no thread waits for another one's file.
-    Merged load(const QString& path) {
-        const QFileInfo file(path);
-        const Merged known = kept(path, file);
-        if (!known.picture.isNull())
-            return known;
-        DecodedPicture read = PictureFile(path).decode();
-        const Merged merged{std::move(read.picture), std::move(read.metadata.iccProfile)};
-        keep(path, file, merged);
-        return merged;
-    }
-
-private:
-    /// A null picture when it is another one; that one goes, to make room.
-    Merged kept(const QString& path, const QFileInfo& file) {
-        const std::lock_guard lock(m_mutex);
-        if (path != m_path || file.lastModified() != m_modified || file.size() != m_size)
-            m_merged = {};
-        return m_merged;
-    }
-    void keep(const QString& path, const QFileInfo& file, const Merged& merged) {
-        const std::lock_guard lock(m_mutex);
-        m_merged = merged;
-        m_path = path;
-        m_modified = file.lastModified();
-        m_size = file.size();
-    }
-
-    std::mutex m_mutex;
-    QString m_path;
-    QDateTime m_modified;
-    qint64 m_size = 0;
-    Merged m_merged;
-};
-
-MergedPictures& mergedPictures() {
-    static MergedPictures pictures;
-    return pictures;
 }
 
 } // namespace
@@ -157,9 +107,9 @@ void ImageBox::AddPagePdf(const QString& path, const QString& title, int) {
 }
 
 void ImageBox::MergeFile(const QString& path) {
-    Merged merged;
+    MergedPicture merged;
     try {
-        merged = mergedPictures().load(path);
+        merged = MergedPictures::ofProcess().load(path);
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;
