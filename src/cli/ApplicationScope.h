@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/ScratchFolder.h"
-
 #include <QCoreApplication>
+#include <QTemporaryDir>
 #include <memory>
 #include <optional>
 
@@ -27,7 +26,7 @@ private:
 
     void provideRuntimeFolder();
 
-    std::optional<ScratchFolder> m_runtimeFolder;
+    std::optional<QTemporaryDir> m_runtimeFolder;
     std::unique_ptr<QCoreApplication> m_application;
 };
 

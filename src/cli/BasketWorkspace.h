@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/ScratchFolder.h"
 #include "collections/Basket.h"
 #include "collections/BasketFile.h"
 #include "collections/Workspace.h"
 
 #include <QStringList>
+#include <QTemporaryDir>
 #include <optional>
 #include <stop_token>
 
@@ -17,8 +17,8 @@ namespace tarsel::cli {
 /// and removed at the end.
 class BasketWorkspace {
 public:
-    /// A requested stop ends the adding of operands and pages. Pages of rows outside the slice get no file.
-    explicit BasketWorkspace(Progress& progress, std::stop_token stop = {}, RowSlice pageFiles = {});
+    /// A requested stop ends the adding of operands and pages.
+    explicit BasketWorkspace(Progress& progress, std::stop_token stop = {});
 
     /// Fills the basket from its operands: one basket file, or pictures as if they were added by the button.
     void fill(const QStringList& operands);
@@ -31,7 +31,7 @@ private:
     void addPictures(const QStringList& paths);
     void prepareFor(const QString& path);
 
-    std::optional<ScratchFolder> m_folder;
+    std::optional<QTemporaryDir> m_folder;
     Workspace m_workspace;
     CollectionLists m_lists;
     Basket m_basket;

@@ -82,7 +82,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
         ApplicationScope::provideFonts();
     const InterruptScope interruptible;
     TerminalProgress progress(terminal);
-    BasketWorkspace basket(progress, interruptible.stop(), {slice.firstRow, slice.lastRow});
+    BasketWorkspace basket(progress, interruptible.stop());
     basket.fill(arguments.operands());
     slice.sourceReplacing = SourceReplacing::RefusedUntilDone;
     if (!namesDestination(arguments)) {

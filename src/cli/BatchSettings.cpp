@@ -7,7 +7,6 @@
 #include "output/Naming.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 namespace tarsel::cli {
 

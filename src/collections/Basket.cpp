@@ -244,30 +244,20 @@ void Basket::addPages(const Source& source, int pages, const Adding& adding) {
 
 /// A page that can't be read gets no row. A page file that can't be written (a full disk) is an error.
 void Basket::addPage(const Source& source, const OpenDocument& document, int page) {
-    const int row = m_lists.lvPages.count() + 1;
-    const bool isRead = !pageFiles.isBefore(row);
-    if (isRead && !document.loadPage(m_pageBox, page)) {
+    if (!document.loadPage(m_pageBox, page)) {
         noteFailed(source.path);
         return;
     }
     const Size size{m_pageBox.Width(), m_pageBox.Height()};
-    if (!pageFiles.contains(row)) {
-        addPageRow(source, source.path, page, isRead ? size : Size{}, {});
-        return;
-    }
     const QString pageFile = newPageFile(settings.programFolder, source.addedBy, source.fileName, page);
     const std::optional<Thumbnail> thumbnail = pageThumbnail(source, pageFile);
     if (!thumbnail) {
         noteFailed(source.path);
         return;
     }
-    addPageRow(source, pageFile, page, size, *thumbnail);
-}
-
-void Basket::addPageRow(const Source& source, const QString& file, int page, Size size,
-                        const Thumbnail& thumbnail) {
-    FileInfo().setFilePath(file);
-    addRow(rowOf(pageRowName(source.addedBy, source.fileName, page), file, source.path, size), thumbnail);
+    FileInfo().setFilePath(pageFile);
+    addRow(rowOf(pageRowName(source.addedBy, source.fileName, page), pageFile, source.path, size),
+           *thumbnail);
 }
 
 namespace {

@@ -28,15 +28,6 @@ enum : int {
 };
 } // namespace BasketColumn
 
-/// Rows of a list, from 1.
-struct RowSlice {
-    int first = 1;
-    int last = 0; ///< 0: to the last
-
-    bool isBefore(int row) const { return last > 0 && last < row; }
-    bool contains(int row) const { return row >= first && !isBefore(row); }
-};
-
 /// The basket: the working set of pictures and pages of documents. A row's Tag is the picture to work on: the
 /// file itself, or the page's own file in the folder Temp.
 class Basket {
@@ -45,9 +36,6 @@ public:
     Basket(CollectionLists lists, CollectionSettings initial);
 
     CollectionSettings settings;
-    /// The rows whose pages become files. Of another page the row names the document; a page after the slice
-    /// is not even read, one before it is: a page that can't be read has no row.
-    RowSlice pageFiles;
 
     /// Adds the selected rows of lvFolder. Trapped as "FrmMain.cmdAddToQueue_Click".
     void cmdAddToQueue_Click();
@@ -97,8 +85,6 @@ private:
     void addPicture(const Source& source, const ListRow& folderRow);
     void addPages(const Source& source, int pages, const Adding& adding);
     void addPage(const Source& source, const OpenDocument& document, int page);
-    void addPageRow(const Source& source, const QString& file, int page, Size size,
-                    const Thumbnail& thumbnail);
     std::optional<Thumbnail> pageThumbnail(const Source& source, const QString& pageFile);
     std::optional<Thumbnail> folderThumbnail(const ListRow& folderRow) const;
     void addRow(ListRow row, const Thumbnail& thumbnail);

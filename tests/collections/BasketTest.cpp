@@ -2,7 +2,6 @@
 #include "tests/collections/CollectionWindow.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -47,23 +46,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(BasketTest, OnlyPagesOfTheWantedRowsBecomeFiles) {
-    makeDocument(picture("scan.tif"), {{QSize(9, 7)},
-                                       {.size = {8, 8}, .compression = 31000}, // not readable: no row
-                                       {QSize(5, 6)},
-                                       {QSize(3, 4)},
-                                       {.size = {8, 8}, .compression = 31000}});
-    listAndSelectAll();
-    Basket wanted = basket();
-    wanted.pageFiles = {2, 2};
-    wanted.cmdAddToQueue_Click();
-    EXPECT_EQ(texts(lvPages), "scan1 scan3 scan4 scan5");
-    EXPECT_EQ(pageFiles().size(), 1);
-    EXPECT_EQ(QFileInfo(lvPages.row(1).tag).fileName(), pageFiles().value(0));
-    for (const int row : {0, 2, 3})
-        EXPECT_EQ(lvPages.row(row).tag, picture("scan.tif"));
-}
 
 TEST_F(BasketTest, ASelectedPictureBecomesARowNamedWithoutItsExtension) {
     makePicture(picture("sea.side.jpg"), {33, 22});
