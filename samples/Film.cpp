@@ -11,7 +11,7 @@ namespace {
 
 constexpr int bloomScale = 8;
 
-/// One pass of a running mean along a line of `count` pixels that lie `stride` apart.
+/// One pass of a running mean along a line of `count` pixels, `stride` apart.
 void meanAlong(Rgb* line, int count, int stride, int radius, std::vector<Rgb>& copy) {
     for (int i = 0; i < count; ++i)
         copy[i] = line[std::ptrdiff_t(i) * stride];

@@ -13,7 +13,7 @@ struct Film {
     float exposure = 1;
     float bloom = 0.06F;    ///< share of the light that strays about bright places
     float vignette = 0.35F; ///< loss of light in the corners
-    float grain = 0.02F;    ///< of the whole range, in the middle tones
+    float grain = 0.02F;    ///< of the full range, in the middle tones
     float contrast = 0.5F;  ///< strength of the S-shaped curve, 0 to 1
     bool gray = false;
     std::uint32_t seed = 1;

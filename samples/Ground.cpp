@@ -22,7 +22,7 @@ void paintSpan(Canvas& canvas, int x, float top, float bottom, Rgb light) {
     }
 }
 
-/// Leaves of the sky behind what the column's ground doesn't cover.
+/// Keeps the sky where the column's ground doesn't cover it.
 void clearBelow(Canvas& canvas, int x, float skyline) {
     for (int y = std::max(int(std::floor(skyline)), 0); y < canvas.height(); ++y) {
         Rgb& light = canvas.at(x, y);

@@ -22,7 +22,7 @@ struct GroundPoint {
 class Ground {
 public:
     virtual ~Ground() = default;
-    /// Height in metres; `distance` from the eye tells how much detail can be seen.
+    /// Height in metres; `distance` from the eye decides how much detail is visible.
     virtual float height(float x, float z, float distance) const = 0;
     virtual Rgb light(const GroundPoint& point) const = 0;
 

@@ -38,7 +38,7 @@ const float* latticeRow(std::int32_t y) {
 }
 
 /// The same as std::floor, which is a call on processors without an instruction for it.
-std::int32_t whole(float value) {
+std::int32_t floorOf(float value) {
     const auto towardsZero = std::int32_t(value);
     return towardsZero - std::int32_t(value < float(towardsZero));
 }
@@ -46,8 +46,8 @@ std::int32_t whole(float value) {
 } // namespace
 
 Bump bump(float x, float y, std::uint32_t seed) {
-    const std::int32_t left = whole(x);
-    const std::int32_t top = whole(y);
+    const std::int32_t left = floorOf(x);
+    const std::int32_t top = floorOf(y);
     const float u = x - float(left);
     const float v = y - float(top);
     const std::int32_t row = top + std::int32_t(seed * 57);

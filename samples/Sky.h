@@ -5,7 +5,7 @@
 
 namespace tarsel::samples {
 
-/// A clear sky: its light by direction, and the haze in front of what lies far.
+/// A clear sky: its light by direction, and the haze in front of distant things.
 struct Sky {
     Rgb zenith;
     Rgb horizon;

@@ -24,7 +24,7 @@ the pictures of the summer are sorted at last. Nine hundred of them came home on
 
 The small ones on the enclosed sheet are as they came out of the camera. For the album I would halve them, sharpen them a little, and put our names into the lower right corner, as Father used to do with a pen.
 
-You asked how I keep them apart. Each file bears the day it was taken and a number, and what is to be said about a picture is written into the picture itself, where it cannot get lost: who, where, when, and what is to be seen. So when you find one of them alone on some disk in twenty years, it will still tell its story.)";
+You asked how I keep them apart. The name of each file is the day it was taken and a number, and the notes are written into the picture itself, where they cannot get lost: who, where, when, and what it shows. So when you find one of them alone on some disk in twenty years, it will still have its story with it.)";
 
 const char* const secondPage =
     R"(The one of the lake was taken before breakfast. There was no wind at all until the very moment I had the tripod standing, and then, of course, it came up and drew its fingers over the water. I think it is the better for it.

@@ -10,7 +10,7 @@ QString samplePath(const QString& folder, const Sample& sample);
 /// Takes the picture and writes it as a JPEG file with its notes.
 void writeSample(const QString& folder, const Sample& sample);
 
-/// Writes letter.tif, a letter of three pages, the last with prints of pictures that lie in the folder.
+/// Writes letter.tif, a letter of three pages, the last with prints of pictures in the folder.
 void writeLetter(const QString& folder);
 
 /// Writes watermark.png, a mark with a transparent ground.

@@ -20,7 +20,7 @@ float ridge(const Canvas& canvas, int layer, float x) {
     return water + 6 - island * (90 + 150 * near) * (0.45F + 0.9F * rough) - trees * island;
 }
 
-/// One chain, darker and clearer the nearer it lies, its foot lost in the mist over the water.
+/// One chain, darker and clearer the nearer it is, its foot lost in the mist over the water.
 void paintChain(Canvas& canvas, int layer) {
     const float near = float(layer) / (layers - 1);
     const float water = float(canvas.height()) * (0.43F + 0.40F * near * near);

@@ -59,7 +59,7 @@ struct Drop {
 };
 
 /// A drop is a small wide-angle lens: it shows the street turned over, with a dark edge and a point of light.
-void paintDrop(Canvas& glass, const Canvas& behind, const Drop& drop) {
+void paintDrop(Canvas& glass, const Canvas& outside, const Drop& drop) {
     const float tall = drop.radius * drop.length;
     for (int y = std::max(int(drop.y - tall) - 1, 0);
          y <= std::min(int(drop.y + tall) + 1, glass.height() - 1); ++y)
@@ -74,7 +74,7 @@ void paintDrop(Canvas& glass, const Canvas& behind, const Drop& drop) {
             if (cover <= 0)
                 continue;
             const float bulge = 0.35F + 0.65F * distance * distance;
-            const Rgb seen = behind.between(drop.x - u * bulge * 430, drop.y - v * bulge * 520);
+            const Rgb seen = outside.between(drop.x - u * bulge * 430, drop.y - v * bulge * 520);
             const float edge = 1 - 0.80F * ramp(0.55F, 1.0F, distance) * (0.6F - 0.4F * v);
             const float sparkle = std::exp(-((u + 0.32F) * (u + 0.32F) + (v + 0.42F) * (v + 0.42F)) * 60);
             const Rgb light = seen * (1.35F * edge) + Rgb{0.55F, 0.55F, 0.60F} * sparkle;
@@ -83,18 +83,18 @@ void paintDrop(Canvas& glass, const Canvas& behind, const Drop& drop) {
 }
 
 /// Small drops everywhere, some large ones, and the tracks of those that ran down.
-void rain(Canvas& glass, const Canvas& behind) {
+void rain(Canvas& glass, const Canvas& outside) {
     Dice dice(321);
     const auto width = float(glass.width());
     const auto height = float(glass.height());
     for (int i = 0; i < 5200; ++i) {
         const float size = dice.next();
         const float radius = 1.2F + 7.5F * size * size * size * size;
-        paintDrop(glass, behind, {dice.between(0, width), dice.between(0, height), radius, 1.05F, i});
+        paintDrop(glass, outside, {dice.between(0, width), dice.between(0, height), radius, 1.05F, i});
     }
     for (int i = 0; i < 95; ++i) {
         const float radius = 7 + 15 * dice.next() * dice.next();
-        paintDrop(glass, behind,
+        paintDrop(glass, outside,
                   {dice.between(0, width), dice.between(0, height), radius, dice.between(1.0F, 1.35F), i});
     }
     for (int track = 0; track < 9; ++track) {
@@ -102,19 +102,19 @@ void rain(Canvas& glass, const Canvas& behind) {
         const float head = dice.between(height * 0.35F, height * 0.97F);
         for (float y = head - dice.between(250, 800); y < head; y += dice.between(7, 34)) {
             x += dice.between(-2.2F, 2.2F);
-            paintDrop(glass, behind, {x, y, dice.between(1.8F, 4.8F), 1.3F, int(y)});
+            paintDrop(glass, outside, {x, y, dice.between(1.8F, 4.8F), 1.3F, int(y)});
         }
-        paintDrop(glass, behind, {x, head, dice.between(12, 19), 1.45F, track});
+        paintDrop(glass, outside, {x, head, dice.between(12, 19), 1.45F, track});
     }
 }
 
 } // namespace
 
 QImage rainyWindow() {
-    const Canvas behind = street(1200, 1600);
-    Canvas glass = behind;
+    const Canvas outside = street(1200, 1600);
+    Canvas glass = outside;
     soften(glass, 2);
-    rain(glass, behind);
+    rain(glass, outside);
     return develop(std::move(glass), {2.1F, 0.14F, 0.45F, 0.035F, 0.5F, false, 11});
 }
 

@@ -10,7 +10,7 @@ namespace tarsel::samples {
 
 namespace {
 
-/// Where a pixel lies in the band of the galaxy: along it, and away from its middle, in band widths.
+/// Where a pixel is in the band of the galaxy: along it, and away from its middle, in band widths.
 struct BandPlace {
     float along;
     float away;

@@ -3,6 +3,7 @@
 #include "app/frmMain.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
@@ -63,8 +64,12 @@ bool frmMain::refuseSecondInstance() {
     m_instance = std::make_unique<QLockFile>(QDir(m_options.programFolder).filePath(QStringLiteral(".lock")));
     // A lock is stale when its process is gone, never for its age.
     m_instance->setStaleLockTime(0);
-    if (m_instance->tryLock() || m_instance->error() != QLockFile::LockFailedError)
+    if (m_instance->tryLock())
         return false;
+    if (m_instance->error() != QLockFile::LockFailedError) {
+        logIgnored(QStringLiteral("%1: can't be locked").arg(m_instance->fileName()));
+        return false;
+    }
     service<Dialogs>().messageBox(
         tr("There is already an instance of %1 running!\nMultiple instance is unsupported.")
             .arg(programIdentity::title),

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QHash>
-#include <QObject>
-#include <QString>
 #include <atomic>
 
 namespace tarsel {
@@ -27,21 +24,6 @@ public:
     void start(int, int) override {}
     void setValue(int) override {}
     void hide() override {}
-};
-
-/// The texts of the status line, by panel key: "filename", "pages", "resolution", "queue", "metadata",
-/// "folder", "status". The window shows them; loops write them.
-class StatusLine : public QObject {
-    Q_OBJECT
-public:
-    void setPanel(const QString& key, const QString& text);
-    QString panel(const QString& key) const { return m_panels.value(key); }
-
-Q_SIGNALS:
-    void panelChanged(const QString& key, const QString& text);
-
-private:
-    QHash<QString, QString> m_panels;
 };
 
 } // namespace tarsel

@@ -157,16 +157,12 @@ int SafeFileWriter::descriptor() const {
     return m_state->file.descriptor();
 }
 
-void SafeFileWriter::commit() {
+template <class Step>
+void SafeFileWriter::finish(Step&& putInPlace) {
     if (m_state->failed || m_state->committed)
         fail(ErrorNumber::InvalidCall, m_state->shown);
     try {
-        if (m_state->replaced) {
-            copyAttributes(m_state->path, descriptor());
-            copyOwnership(*m_state->replaced, descriptor());
-        }
-        m_state->file.sync();
-        m_state->file.putInPlace(nameOf(m_state->path), m_state->replaced.has_value());
+        putInPlace();
     } catch (int errnoValue) {
         m_state->failed = true;
         failForErrno(errnoValue, m_state->shown);
@@ -174,10 +170,38 @@ void SafeFileWriter::commit() {
     m_state->committed = true;
 }
 
+void SafeFileWriter::commit() {
+    finish([this] {
+        if (m_state->replaced) {
+            copyAttributes(m_state->path, descriptor());
+            copyOwnership(*m_state->replaced, descriptor());
+        }
+        m_state->file.sync();
+        m_state->file.putInPlace(nameOf(m_state->path), m_state->replaced.has_value());
+    });
+}
+
+bool SafeFileWriter::commitAsNew() {
+    bool isNew = !m_state->replaced;
+    finish([&] {
+        if (!isNew)
+            return;
+        m_state->file.sync();
+        isNew = m_state->file.putInPlaceAsNew(nameOf(m_state->path));
+    });
+    return isNew;
+}
+
 void writeFileSafely(const QString& path, const QByteArray& bytes) {
     SafeFileWriter writer(path);
     writer.write(bytes);
     writer.commit();
+}
+
+bool writeNewFileSafely(const QString& path, const QByteArray& bytes) {
+    SafeFileWriter writer(path);
+    writer.write(bytes);
+    return writer.commitAsNew();
 }
 
 void reportFileSizeLimitAsError() {

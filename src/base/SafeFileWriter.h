@@ -39,14 +39,23 @@ public:
     int descriptor() const;
     /// Syncs, and puts the file in its place. The target is as it was when it throws.
     void commit();
+    /// The same, but under a name that nothing has at that very moment: false when something has it, and the
+    /// file there stays.
+    bool commitAsNew();
 
 private:
     struct State;
+    template <class Step>
+    void finish(Step&& putInPlace);
     std::unique_ptr<State> m_state;
 };
 
 /// The complete file in one call.
 void writeFileSafely(const QString& path, const QByteArray& bytes);
+
+/// The same for a file that must replace nothing: false when something has the name already, or gets it while
+/// the bytes are written.
+bool writeNewFileSafely(const QString& path, const QByteArray& bytes);
 
 /// Makes a write past the limit for the size of files (RLIMIT_FSIZE) fail with error 61: without this call
 /// its signal ends the program. For the start of a program.

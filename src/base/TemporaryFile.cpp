@@ -6,6 +6,7 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -117,25 +118,28 @@ void TemporaryFile::sync() const {
         throw errno;
 }
 
-void TemporaryFile::nameIt() {
+/// Links a file without a name to that one. Returns 0, or why it failed.
+int TemporaryFile::linkAs(const QByteArray& name) const {
     const QByteArray unnamed = path();
+    return ::linkat(AT_FDCWD, unnamed.constData(), m_directory, name.constData(), AT_SYMLINK_FOLLOW) == 0
+               ? 0
+               : errno;
+}
+
+void TemporaryFile::nameIt() {
     int number = 0;
     QByteArray name = temporaryName(number);
-    while (::linkat(AT_FDCWD, unnamed.constData(), m_directory, name.constData(), AT_SYMLINK_FOLLOW) != 0) {
-        if (errno != EEXIST)
-            throw errno;
+    while (const int reason = linkAs(name)) {
+        if (reason != EEXIST)
+            throw reason;
         name = temporaryName(++number);
     }
     m_name = name;
 }
 
 void TemporaryFile::putInPlace(const QByteArray& name, bool replaces) {
-    const QByteArray unnamed = path();
     // A file that replaces nothing gets its name at once: a kill never leaves debris.
-    const bool linked =
-        !replaces && m_name.isEmpty() &&
-        ::linkat(AT_FDCWD, unnamed.constData(), m_directory, name.constData(), AT_SYMLINK_FOLLOW) == 0;
-    if (!linked) {
+    if (replaces || !m_name.isEmpty() || linkAs(name) != 0) {
         if (m_name.isEmpty())
             nameIt();
         if (::renameat(m_directory, m_name.constData(), m_directory, name.constData()) != 0)
@@ -144,6 +148,38 @@ void TemporaryFile::putInPlace(const QByteArray& name, bool replaces) {
     }
     // Either way one complete file is there; this makes sure that it is the new one after a power cut.
     (void)::fsync(m_directory);
+}
+
+/// Renames a file with a name of its own to one that nothing has. Returns 0, or why it failed.
+int TemporaryFile::renameAsNew(const QByteArray& name) {
+    if (::renameat2(m_directory, m_name.constData(), m_directory, name.constData(), RENAME_NOREPLACE) != 0) {
+        if (errno != EINVAL && errno != ENOSYS)
+            return errno;
+        const int reserved =
+            ::openat(m_directory, name.constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+        if (reserved < 0)
+            return errno;
+        ::close(reserved);
+        if (::renameat(m_directory, m_name.constData(), m_directory, name.constData()) != 0) {
+            const int reason = errno;
+            ::unlinkat(m_directory, name.constData(), 0);
+            return reason;
+        }
+    }
+    m_name.clear();
+    return 0;
+}
+
+bool TemporaryFile::putInPlaceAsNew(const QByteArray& name) {
+    int reason = m_name.isEmpty() ? linkAs(name) : renameAsNew(name);
+    if (reason != 0 && reason != EEXIST && m_name.isEmpty()) {
+        nameIt();
+        reason = renameAsNew(name);
+    }
+    if (reason != 0 && reason != EEXIST)
+        throw reason;
+    (void)::fsync(m_directory);
+    return reason == 0;
 }
 
 } // namespace tarsel

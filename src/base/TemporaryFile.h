@@ -27,10 +27,16 @@ public:
     /// Puts it under its name in the folder, in place of an old file when `replaces`. A file that appeared
     /// under that name in the meantime is replaced as well.
     void putInPlace(const QByteArray& name, bool replaces);
+    /// Puts it under its name in the folder unless something has that name at this very moment: false then.
+    /// A file system that can neither link nor rename without replacing gets an empty file under the name
+    /// first, which the new one replaces: a kill between the two leaves the empty file.
+    bool putInPlaceAsNew(const QByteArray& name);
 
 private:
     void openNamed(mode_t mode);
     void nameIt();
+    int linkAs(const QByteArray& name) const;
+    int renameAsNew(const QByteArray& name);
 
     QByteArray m_folder;
     QByteArray m_name; ///< its own hidden name, empty as long as it has none

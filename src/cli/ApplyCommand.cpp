@@ -5,6 +5,7 @@
 #include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
+#include "cli/DamagedSource.h"
 #include "cli/RowReport.h"
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
@@ -50,6 +51,7 @@ QString apply(const QString& source, const QString& target, const TaskList& task
     if (!loadSource(box, source))
         fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
     const QString damage = box.LoadDamage();
+    requireAllToReplace(damage, source, target);
     if (!holdsAlpha(target))
         prepareForTasks(box, source, upright);
     else if (upright)

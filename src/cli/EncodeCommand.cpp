@@ -4,6 +4,7 @@
 #include "base/TrappedError.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
+#include "cli/DamagedSource.h"
 #include "cli/JsonLine.h"
 #include "cli/Terminal.h"
 #include "collections/LoadSource.h"
@@ -136,6 +137,7 @@ void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, qint6
         fail(ErrorNumber::InvalidPicture,
              Texts::tr("%1: %2").arg(result.source, noPictureReason(result.source)));
     result.damage = box.LoadDamage();
+    requireAllToReplace(result.damage, result.source, result.target);
     const QString extension = QLatin1String(format.extension);
     if (maxSize > 0)
         searchQuality(box, extension, maxSize);

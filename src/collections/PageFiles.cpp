@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
 
+#include "base/IgnoringErrors.h"
 #include "base/RandomNumbers.h"
 #include "base/TrappedError.h"
 #include "collections/PictureFiles.h"
@@ -68,6 +69,11 @@ void savePage(ImageBox& box, const QString& path) {
 
 namespace {
 
+void removeOrLog(const QString& path) {
+    if (!QFile::remove(path))
+        logIgnored(path + QStringLiteral(": can't be deleted"));
+}
+
 QDir temporaryFiles(const QString& programFolder, const QStringList& patterns) {
     const auto kinds = QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive;
     QDir folder(temporaryFolderPath(programFolder));
@@ -86,14 +92,14 @@ void deletePageFile(const QString& path) {
 void deletePageFiles(const QString& programFolder) {
     const QDir folder = temporaryFiles(programFolder, {QStringLiteral("*.tif")});
     for (const QString& name : folder.entryList())
-        QFile::remove(folder.filePath(name));
+        removeOrLog(folder.filePath(name));
 }
 
 void deleteFilesWithoutExtension(const QString& programFolder) {
     const QDir folder = temporaryFiles(programFolder, {});
     for (const QString& name : folder.entryList())
         if (!name.contains(QLatin1Char('.')))
-            QFile::remove(folder.filePath(name));
+            removeOrLog(folder.filePath(name));
 }
 
 } // namespace tarsel

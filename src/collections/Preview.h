@@ -3,6 +3,7 @@
 
 #include "base/ListView.h"
 #include "base/Progress.h"
+#include "base/StatusLine.h"
 #include "collections/PreviewWorker.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"

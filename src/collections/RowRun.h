@@ -39,8 +39,9 @@ public:
     virtual QString readablePath(const QString& source) const { return source; }
     /// Decides on the picture in `box`, as the tasks left it, and fills in the row's target. Returns the work
     /// that is left, mostly writing; the next row's tasks may begin beside it, but see nothing of the box.
+    /// It returns false when a file turned up under a name that must be new: the row is skipped then.
     /// Returns nothing when the row's result is final.
-    virtual std::function<void()> consume(const ListRow& row, ImageBox& box, RowResult& result) = 0;
+    virtual std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) = 0;
     /// That work has succeeded.
     virtual void noteWritten(const RowResult&) {}
     /// Nothing more is done for the row, whatever became of it.

@@ -79,11 +79,14 @@ void RowWork::reportTasks() {
 }
 
 void RowWork::consume() {
-    const std::function<void()> work = m_consumer.consume(m_row, m_box, m_result);
+    const std::function<bool()> work = m_consumer.consume(m_row, m_box, m_result);
     if (!work)
         return;
     beginNext();
-    m_ahead.finish(work);
+    bool written = false;
+    m_ahead.finish([&] { written = work(); });
+    if (!written)
+        return m_result.skip(SkipReason::Exists);
     m_consumer.noteWritten(m_result);
     m_result.state = RowState::Written;
 }

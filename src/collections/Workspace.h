@@ -3,6 +3,7 @@
 
 #include "base/ListView.h"
 #include "base/Progress.h"
+#include "base/StatusLine.h"
 #include "collections/CollectionLists.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"

@@ -3,9 +3,13 @@
 
 #include "base/TrappedError.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -13,10 +17,51 @@ namespace tarsel::modFileSystem {
 
 namespace {
 
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(modFileSystem)
+};
+
 /// Index of the "." before the extension, or -1. A "." in a folder's name is none.
 qsizetype extensionPoint(const QString& path) {
     const qsizetype point = path.lastIndexOf(QLatin1Char('.'));
     return point > path.lastIndexOf(QLatin1Char('/')) ? point : -1;
+}
+
+/// The path or the part of it that is there.
+QString existingPart(const QString& path) {
+    QString part = QDir::cleanPath(path);
+    for (QString above; !QFileInfo::exists(part) && !QFileInfo(part).isSymLink(); part = above)
+        if (above = QFileInfo(part).path(); above == part)
+            break;
+    return part;
+}
+
+qint32 numberOf(int reason) {
+    switch (reason) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return ErrorNumber::PermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+        return ErrorNumber::DiskFull;
+    default:
+        return ErrorNumber::PathNotFound;
+    }
+}
+
+/// Names the folder, the place where it can't be made, and why.
+[[noreturn]] void failToMake(const QString& path, int reason) {
+    const QString part = existingPart(path);
+    const QFileInfo there(part);
+    if (there.isDir())
+        throw TrappedError{numberOf(reason),
+                           Texts::tr("The folder %1 can't be made in %2: %3")
+                               .arg(path, part, QString::fromLocal8Bit(std::strerror(reason)))};
+    throw TrappedError{ErrorNumber::PathNotFound,
+                       (there.exists() ? Texts::tr("The folder %1 can't be made: %2 is a file")
+                                       : Texts::tr("The folder %1 can't be made: %2 is a link to nothing"))
+                           .arg(path, part)};
 }
 
 } // namespace
@@ -38,8 +83,8 @@ QString GetFolderPart(const QString& path) {
 void MakeFolder(const QString& path) {
     std::error_code error;
     std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
-    if (error)
-        failForErrno(error.value(), path);
+    if (!FolderExists(path))
+        failToMake(path, error ? error.value() : EEXIST);
 }
 
 bool FileExistsByDir(const QString& path) {

@@ -3,8 +3,10 @@
 
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/RecordImage.h"
+#include "configuration/SettingsBeside.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -42,31 +44,13 @@ void readRecord(const ConfigRecordData& defaults) {
         return;
     }
     ConfigRecord = defaults;
-    QDir().mkpath(QFileInfo(ConfigPath).path());
-    writeFileSafely(ConfigPath, {});
-}
-
-// The settings beside the record: an .ini file of one group, in which what can't be read counts as default.
-constexpr char settingsGroup[] = "[BatchSave]\n";
-constexpr char uprightOn[] = "UprightByExif=true\n";
-constexpr char uprightOff[] = "UprightByExif=false\n";
-
-void readSettingsBeside() {
-    QByteArray text;
-    ignoringErrors([&] { text = readWholeFile(settingsPathBeside()); });
-    ConfigRecord.BatchSave.UprightByExif = text.contains(uprightOff) ? 0 : 1;
-}
-
-void storeSettingsBeside() {
-    const bool upright = ConfigRecord.BatchSave.UprightByExif == 1;
-    writeFileSafely(settingsPathBeside(), QByteArray(settingsGroup) + (upright ? uprightOn : uprightOff));
+    if (const QString folder = QFileInfo(ConfigPath).path(); !QDir().mkpath(folder))
+        fail(ErrorNumber::PathNotFound, folder);
+    if (!writeNewFileSafely(ConfigPath, {}))
+        logIgnored(ConfigPath + QStringLiteral(": can't be read, and is kept"));
 }
 
 } // namespace
-
-QString settingsPathBeside() {
-    return ConfigPath + QStringLiteral(".ini");
-}
 
 void subLoadSetup(const QString& programFolder) {
     const ConfigRecordData defaults = defaultRecord(programFolder);
@@ -75,7 +59,7 @@ void subLoadSetup(const QString& programFolder) {
         if (configurationExists() && ConfigPath.isEmpty())
             throwCorruptedFileAway();
         readRecord(defaults);
-        readSettingsBeside();
+        readSettingsBeside(ConfigRecord);
     });
     if (failure)
         ConfigRecord = defaults;
@@ -86,12 +70,13 @@ void subSaveSetup() {
         const QByteArray image = recordImage(ConfigRecord);
         const QByteArray old = QFile::exists(ConfigPath) ? readWholeFile(ConfigPath) : QByteArray();
         writeFileSafely(ConfigPath, image + old.mid(image.size()));
-        storeSettingsBeside();
+        storeSettingsBeside(ConfigRecord);
     });
 }
 
 void DeleteConfiguration() {
-    QFile::remove(ConfigPath);
+    if (!QFile::remove(ConfigPath))
+        logIgnored(ConfigPath + QStringLiteral(": can't be removed"));
 }
 
 void loadConfiguration(const QString& programFolder) {

@@ -9,9 +9,6 @@ namespace tarsel {
 /// until subLoadSetup.
 inline QString ConfigPath;
 
-/// The .ini file next to the record, for settings that the record's fixed layout has no room for.
-QString settingsPathBeside();
-
 /// Composes ConfigPath from the program folder and fills ConfigRecord: from the file, or with the defaults
 /// when there is none; then an empty file is made. Errors go to the error report; the defaults hold then.
 void subLoadSetup(const QString& programFolder);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/Progress.h"
+#include "base/StatusLine.h"
 
 #include <QHash>
 #include <QStatusBar>

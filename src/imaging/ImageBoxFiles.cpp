@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/ImageBox.h"
 
-#include "base/FileStamp.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/Stop.h"
@@ -10,12 +9,12 @@
 #include "codecs/PdfDocument.h"
 #include "codecs/PictureFile.h"
 #include "codecs/TiffAppend.h"
+#include "imaging/MergedPictures.h"
 #include "imaging/SaveFormats.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <mutex>
 
 namespace tarsel {
 
@@ -23,53 +22,6 @@ namespace {
 
 QString extensionOf(const QString& path) {
     return QFileInfo(path).suffix().toLower();
-}
-
-/// A picture and the profile of its colours.
-struct Merged {
-    Picture picture;
-    QByteArray iccProfile;
-};
-
-/// The picture merged last: a batch lays the same watermark on every picture.
-class MergedPictures {
-public:
-    /// Decodes outside of the lock, so that no thread waits for another one's file.
-    Merged load(const QString& path) {
-        const FileStamp stamp = FileStamp::of(path);
-        const Merged known = kept(path, stamp);
-        if (!known.picture.isNull())
-            return known;
-        DecodedPicture read = PictureFile(path).decode();
-        const Merged merged{std::move(read.picture), std::move(read.metadata.iccProfile)};
-        keep(path, stamp, merged);
-        return merged;
-    }
-
-private:
-    /// A null picture when it is another one; that one goes, to make room.
-    Merged kept(const QString& path, const FileStamp& stamp) {
-        const std::lock_guard lock(m_mutex);
-        if (path != m_path || stamp != m_stamp)
-            m_merged = {};
-        return m_merged;
-    }
-    void keep(const QString& path, const FileStamp& stamp, const Merged& merged) {
-        const std::lock_guard lock(m_mutex);
-        m_merged = merged;
-        m_path = path;
-        m_stamp = stamp;
-    }
-
-    std::mutex m_mutex;
-    QString m_path;
-    FileStamp m_stamp;
-    Merged m_merged;
-};
-
-MergedPictures& mergedPictures() {
-    static MergedPictures pictures;
-    return pictures;
 }
 
 } // namespace
@@ -155,9 +107,9 @@ void ImageBox::AddPagePdf(const QString& path, const QString& title, int) {
 }
 
 void ImageBox::MergeFile(const QString& path) {
-    Merged merged;
+    MergedPicture merged;
     try {
-        merged = mergedPictures().load(path);
+        merged = MergedPictures::ofProcess().load(path);
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;

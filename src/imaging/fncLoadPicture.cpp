@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/fncLoadPicture.h"
 
+#include "base/IgnoringErrors.h"
 #include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
@@ -171,6 +172,7 @@ std::optional<PictureFile> openPicture(const QString& path) {
         if (number != ErrorNumber::FileNotFound && number != ErrorNumber::PathNotFound &&
             number != ErrorNumber::PermissionDenied)
             throw;
+        logIgnored(error.description);
         return std::nullopt;
     }
 }

@@ -2,6 +2,7 @@
 #include "output/SavedRows.h"
 
 #include "base/Locale.h"
+#include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "collections/clsFileInfo.h"
 #include "metadata/modMetadata.h"
@@ -20,7 +21,7 @@ bool isImportable(quint8 wanted, const QString& path) {
 
 } // namespace
 
-std::function<void()> SavedRows::consume(const ListRow& row, ImageBox& box, RowResult& result) {
+std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowResult& result) {
     const OutputName target = nameOf(row, box, result);
     result.target = target.path();
     if (const QString fault = nameFault(target); !fault.isEmpty())
@@ -29,6 +30,8 @@ std::function<void()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
         result.skip(SkipReason::Exists);
         return {};
     }
+    if (!box.LoadDamage().isEmpty())
+        m_sources.noteReadInPart(result.row);
     importMetadata(box);
     setSaveOptions(box);
     if (!mayWrite(result))
@@ -39,7 +42,12 @@ std::function<void()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
         return {};
     }
     m_sources.keepReadable(result.row, result.target);
-    return [&box, path = result.target] { box.SaveToFile(path); };
+    return [&box, path = result.target, mayReplace = m_settings.Overwrite == 1] {
+        if (!mayReplace)
+            return writeNewFileSafely(path, box.encoded(outputExtension()));
+        box.SaveToFile(path);
+        return true;
+    };
 }
 
 OutputName SavedRows::nameOf(const ListRow& row, const ImageBox& box, RowResult& result) const {
@@ -75,6 +83,10 @@ void SavedRows::setSaveOptions(ImageBox& box) const {
 
 bool SavedRows::mayWrite(RowResult& result) const {
     const SourceGuard::Verdict verdict = m_sources.verdictOn(result.row, result.target);
+    if (verdict.isFailure) { // the rest of the run is not concerned
+        result.remarks.prepend(verdict.refusal);
+        return false;
+    }
     if (!verdict.refusal.isEmpty()) {
         result.skip(SkipReason::Refused, verdict.refusal);
         return false;

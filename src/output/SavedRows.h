@@ -3,7 +3,7 @@
 
 #include "collections/RowLoop.h"
 #include "configuration/ConfigRecord.h"
-#include "output/BatchSave.h"
+#include "output/BatchRun.h"
 #include "output/OutputName.h"
 #include "output/SourceGuard.h"
 
@@ -16,7 +16,7 @@ public:
         m_settings(settings), m_run(run), m_sources(lvPages, run.sourceReplacing, run.unreadSources) {}
 
     QString readablePath(const QString& source) const override { return m_sources.readablePath(source); }
-    std::function<void()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;
+    std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;
     void noteWritten(const RowResult& result) override;
     void noteDone(RowResult& result) override;
 

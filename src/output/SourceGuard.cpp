@@ -17,7 +17,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr qint64 CopiedAtOnce = 1 << 20;
+constexpr qint64 copiedAtOnce = 1 << 20;
 
 QString translated(const char* text) {
     return QCoreApplication::translate("SourceGuard", text);
@@ -39,12 +39,21 @@ QString freeNameBeside(const QString& path) {
 
 } // namespace
 
+QString readInPartText(const QString& path) {
+    return translated(QT_TRANSLATE_NOOP("SourceGuard",
+                                        "%1 was not replaced: it is damaged and could be read only in part"))
+        .arg(path);
+}
+
 /// An open file that can still be read by a path when another file has taken its place. The path ends in the
 /// file's own name, since some formats are recognised by their extension.
 class SourceGuard::KeptFile {
 public:
-    KeptFile(const FileIdentity& identity, const QString& path, std::vector<int> readers) :
-        m_identity(identity), m_place(QFileInfo(path).canonicalFilePath()), m_file(openRegularFile(path)),
+    KeptFile(const ScratchFolder& scratch, const FileIdentity& identity, const QString& path,
+             std::vector<int> readers) :
+        m_identity(identity),
+        m_place(QFileInfo(path).canonicalFilePath()), m_file(openRegularFile(path)),
+        m_folder(scratch.path() + QStringLiteral("/XXXXXX")),
         m_path(m_folder.filePath(QFileInfo(path).fileName())), m_readers(std::move(readers)) {
         const QString descriptor = QStringLiteral("/proc/self/fd/%1").arg(m_file->handle());
         if (!m_folder.isValid() || !QFile::link(descriptor, m_path))
@@ -58,20 +67,26 @@ public:
     bool isReplaced() const { return FileIdentity::of(m_place) != m_identity; }
     /// Copies the file beside its old place, and returns the path of the copy.
     QString save() {
-        QString place = freeNameBeside(m_place);
-        SafeFileWriter writer(place);
+        for (;;) { // until a free name is still free at the end
+            QString place = freeNameBeside(m_place);
+            SafeFileWriter writer(place);
+            copyTo(writer);
+            if (writer.commitAsNew())
+                return place;
+        }
+    }
+
+private:
+    void copyTo(SafeFileWriter& writer) {
         m_file->seek(0);
         while (!m_file->atEnd()) {
-            const QByteArray piece = m_file->read(CopiedAtOnce);
+            const QByteArray piece = m_file->read(copiedAtOnce);
             if (piece.isEmpty())
                 fail(ErrorNumber::InvalidCall, m_place + QStringLiteral(": ") + m_file->errorString());
             writer.write(piece);
         }
-        writer.commit();
-        return place;
     }
 
-private:
     const FileIdentity m_identity;
     const QString m_place; ///< where the file was
     std::unique_ptr<QFile> m_file;
@@ -114,10 +129,11 @@ QString SourceGuard::readablePath(const QString& path) const {
 SourceGuard::Verdict SourceGuard::verdictOn(int row, const QString& target) const {
     const FileIdentity file = FileIdentity::of(target);
     Verdict verdict;
-    verdict.refusal = refusalFor(row, file);
+    const std::vector<int> sources = m_files.value(file).rows;
+    verdict.isFailure = m_readInPart.contains(row) && std::ranges::find(sources, row) != sources.end();
+    verdict.refusal = verdict.isFailure ? readInPartText(target) : refusalFor(row, file);
     if (!verdict.refusal.isEmpty())
         return verdict;
-    const std::vector<int> sources = m_files.value(file).rows;
     const auto other = std::ranges::find_if(sources, [&](int each) { return each != row; });
     if (const int earlier = m_targets.value(file); earlier != 0)
         verdict.remark =
@@ -131,10 +147,10 @@ SourceGuard::Verdict SourceGuard::verdictOn(int row, const QString& target) cons
 QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
     if (m_unread.contains(target))
         return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace a source that could not be read"));
-    if (m_policy == SourceReplacing::KeptReadable)
-        return {};
     for (const int each : m_files.value(target).rows) {
-        const bool needed = each != row && !isWritten(each);
+        if (m_policy == SourceReplacing::KeptReadable && !m_readInPart.contains(each))
+            continue;
+        const bool needed = each != row && !isSafe(each);
         if (each == row && m_policy == SourceReplacing::Refused)
             return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace its own source"));
         if (needed || m_policy == SourceReplacing::Refused)
@@ -142,6 +158,10 @@ QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
                 .arg(each);
     }
     return {};
+}
+
+void SourceGuard::noteReadInPart(int row) {
+    m_readInPart.insert(row);
 }
 
 /// Later rows read the open file from now on. A path that is kept already was replaced before: the file there
@@ -159,8 +179,10 @@ void SourceGuard::keepReadable(int row, const QString& target) {
     for (const QString& path : source.paths) {
         if (m_kept.contains(path) || !QFileInfo::exists(path))
             continue;
+        if (!m_folder)
+            m_folder.emplace();
         if (!kept)
-            kept = std::make_shared<KeptFile>(identity, path, readers);
+            kept = std::make_shared<KeptFile>(*m_folder, identity, path, readers);
         m_kept.insert(path, kept);
     }
 }
@@ -175,7 +197,7 @@ QString SourceGuard::noteDone(int row) {
     for (const std::shared_ptr<KeptFile>& kept : m_kept.values()) {
         if (kept->readers().back() != row || !m_kept.values().contains(kept))
             continue;
-        const bool needed = !std::ranges::all_of(kept->readers(), [&](int each) { return isWritten(each); });
+        const bool needed = !std::ranges::all_of(kept->readers(), [&](int each) { return isSafe(each); });
         try {
             if (needed && kept->isReplaced())
                 remarks << translated(QT_TRANSLATE_NOOP("SourceGuard", "its original was kept as %1"))

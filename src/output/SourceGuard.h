@@ -3,12 +3,14 @@
 
 #include "base/FileIdentity.h"
 #include "base/ListView.h"
+#include "base/ScratchFolder.h"
 
 #include <QHash>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tarsel {
@@ -21,6 +23,9 @@ enum class SourceReplacing {
                       ///< source of rows that were written already
     Refused           ///< the row that would replace it is skipped
 };
+
+/// Why the picture that could be read of a damaged file is not saved over it.
+QString readInPartText(const QString& path);
 
 /// Watches over the sources of one run: no file is replaced before the rows that are made from it were done.
 /// A row's sources are its picture and, for a page, the document that it was extracted from. Files are
@@ -37,10 +42,14 @@ public:
     QString readablePath(const QString& path) const;
 
     struct Verdict {
-        QString refusal; ///< why the row must not be written; empty when it may
-        QString remark;  ///< what the user should know of a row that is written
+        QString refusal;        ///< why the row must not be written; empty when it may
+        bool isFailure = false; ///< the refusal is a fault of the row, no clash with another one
+        QString remark;         ///< what the user should know of a row that is written
     };
     Verdict verdictOn(int row, const QString& target) const;
+    /// To be called for a row whose picture is not all that its source holds: that file is never replaced, or
+    /// is saved beside its old place when that was done before.
+    void noteReadInPart(int row);
     /// To be called directly before a row's file is written: keeps a source that it replaces readable for the
     /// later rows, where that is the policy. Raises what opening the source raises.
     void keepReadable(int row, const QString& target);
@@ -59,13 +68,17 @@ private:
     };
     QString refusalFor(int row, const FileIdentity& target) const;
     bool isWritten(int row) const { return m_written.contains(row); }
+    /// Whether nothing of its sources would be lost without them.
+    bool isSafe(int row) const { return isWritten(row) && !m_readInPart.contains(row); }
     void release(const std::shared_ptr<KeptFile>& kept);
 
     const SourceReplacing m_policy;
     QSet<FileIdentity> m_unread;
     QHash<FileIdentity, SourceFile> m_files;
     QSet<int> m_written;
+    QSet<int> m_readInPart;
     QHash<FileIdentity, int> m_targets;               ///< rows by the file that they made
+    std::optional<ScratchFolder> m_folder;            ///< of the kept files
     QHash<QString, std::shared_ptr<KeptFile>> m_kept; ///< by the path of the source
 };
 

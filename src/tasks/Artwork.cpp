@@ -10,14 +10,14 @@ namespace tarsel {
 
 namespace {
 
-constexpr int Frame = 13;
-constexpr int Mask = 14;
-constexpr int Shadow = 15;
+constexpr int frame = 13;
+constexpr int mask = 14;
+constexpr int shadow = 15;
 
 } // namespace
 
 bool needsArtwork(int kind, const TaskRow& row) {
-    return kind == Mask || kind == Shadow || (kind == Frame && row[column::Frame::plain] == 0);
+    return kind == mask || kind == shadow || (kind == frame && row[column::Frame::plain] == 0);
 }
 
 QString missingArtworkText(int kind) {

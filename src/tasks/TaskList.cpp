@@ -11,11 +11,11 @@ namespace tarsel {
 
 namespace {
 
-constexpr int RedEye = 16;
+constexpr int redEye = 16;
 
 QStringList batchHeaders() {
     QStringList headers{QStringLiteral("functionID")};
-    for (int number = 1; number <= TaskColumnCount; ++number)
+    for (int number = 1; number <= taskColumnCount; ++number)
         headers << QLatin1Char('p') + QString::number(number);
     return headers;
 }
@@ -53,7 +53,7 @@ TaskRow TaskList::row(int index) const {
 
 void TaskList::append(const TaskRow& row, const QString& iconKey) {
     const int kind = toInt16(row.kind);
-    if (kind != RedEye)
+    if (kind != redEye)
         appendToAll(row, kind, iconKey.isEmpty() ? row.key : iconKey);
 }
 

@@ -7,7 +7,7 @@
 namespace tarsel {
 
 /// Columns p1 to p17 of a task row.
-constexpr int TaskColumnCount = 17;
+constexpr int taskColumnCount = 17;
 
 /// How the text of a column is read, and what the replay works with.
 enum class ColumnType {
@@ -32,7 +32,7 @@ struct Column {
 struct TaskRow {
     QString kind; ///< decimal number of the kind
     QString key;  ///< "flip", "rotate", ..
-    std::array<QString, TaskColumnCount> columns;
+    std::array<QString, taskColumnCount> columns;
 
     bool operator==(const TaskRow&) const = default;
     /// The value of a column, read at this moment. Error 13 for a text that is not of the column's type, 6

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskWords.h"
 
-#include "base/TrappedError.h"
+#include "base/IgnoringErrors.h"
 
 #include <QCoreApplication>
 
@@ -48,7 +48,8 @@ QString valueInWords(const TaskColumn& column, const QString& text) {
         default:
             return numberInWords(column, text, column.value(text));
         }
-    } catch (const TrappedError&) {
+    } catch (const TrappedError& error) {
+        logIgnored(error.description);
         return quoted(text);
     }
 }
@@ -56,7 +57,8 @@ QString valueInWords(const TaskColumn& column, const QString& text) {
 int kindOf(const TaskRow& row) {
     try {
         return toInt16(row.kind);
-    } catch (const TrappedError&) {
+    } catch (const TrappedError& error) {
+        logIgnored(error.description);
         return 0;
     }
 }
@@ -65,7 +67,8 @@ int kindOf(const TaskRow& row) {
 bool mayBeRead(const TaskColumn& column, std::span<const TaskColumn> columns, const TaskRow& row) {
     try {
         return isRead(column, columns, row);
-    } catch (const TrappedError&) {
+    } catch (const TrappedError& error) {
+        logIgnored(error.description);
         return false;
     }
 }

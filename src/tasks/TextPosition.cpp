@@ -12,7 +12,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr int LastNamedPosition = 8;
+constexpr int lastNamedPosition = 8;
 
 /// Start of a text's extent along one axis: flush, in the middle, flush at the far end.
 int placed(int third, int length, int extent) {
@@ -51,7 +51,7 @@ int verticalX(int column, int width, int textHeight) {
 } // namespace
 
 QPoint textPosition(int orientation, int position, int alignment, Size picture, Size text) {
-    if (position < 0 || position > LastNamedPosition)
+    if (position < 0 || position > lastNamedPosition)
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("TextPosition", "there is no text position %1").arg(position));
     const int column = position % 3;

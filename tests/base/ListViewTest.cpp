@@ -38,20 +38,6 @@ protected:
 
 } // namespace
 
-TEST_F(List, RowsKeepTheirPartsAndAreShownByColumn) {
-    ListRow row = rowOf(QStringLiteral("a"), {QStringLiteral("10KB"), QStringLiteral("/a")});
-    row.tag = QStringLiteral("/temp/a");
-    row.key = QStringLiteral("Make");
-    EXPECT_EQ(list.add(row), 0);
-    EXPECT_EQ(list.subItem(0, 2), QStringLiteral("/a"));
-    EXPECT_EQ(list.subItem(0, 7), QString());
-    EXPECT_EQ(list.index(0, 1).data().toString(), QStringLiteral("10KB"));
-    EXPECT_EQ(list.index(0, 0).data(ListView::TagRole).toString(), QStringLiteral("/temp/a"));
-    EXPECT_EQ(list.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Path"));
-    EXPECT_EQ(list.findKey(QStringLiteral("Make")), 0);
-    EXPECT_EQ(list.findKey(QStringLiteral("make")), -1);
-}
-
 TEST_F(List, ARowOutOfRangeIsASubscriptError) {
     EXPECT_EQ(errorNumberOf([&] { list.row(0); }), ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(errorNumberOf([&] { list.remove(0); }), ErrorNumber::SubscriptOutOfRange);
@@ -90,7 +76,7 @@ TEST_F(List, SelectionFocusAndViewsFollowTheirRowsThroughASort) {
     EXPECT_EQ(list.selectedIndex(), 1); // the first selected one when the focused row is gone
 }
 
-TEST_F(List, ChangesOfTheSelectionAreToldOnce) {
+TEST_F(List, ChangesOfTheSelectionAreSignalledOnce) {
     list.add(rowOf("a"));
     list.add(rowOf("b"));
     EXPECT_EQ(selections.count(), 0);

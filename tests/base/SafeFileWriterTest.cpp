@@ -136,7 +136,7 @@ TEST_F(SafeWriter, ALibraryMayWriteByPathOrByDescriptor) {
     }
 }
 
-TEST_F(SafeWriter, TargetsThatAreNoFilesAreRefusedAndStay) {
+TEST_F(SafeWriter, TargetsThatAreNotFilesAreRefusedAndStay) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("folder")));
     ASSERT_EQ(::mkfifo(local(in("pipe")).constData(), 0600), 0);
     ASSERT_EQ(::symlink("loop", local(in("loop")).constData()), 0);
@@ -157,14 +157,6 @@ TEST_F(SafeWriter, TargetsThatAreNoFilesAreRefusedAndStay) {
     for (const auto& c : cases)
         EXPECT_EQ(errorNumberOf([&] { writeFileSafely(c.path, "x"); }), c.number) << qPrintable(c.path);
     EXPECT_EQ(everything().size(), 4);
-}
-
-TEST_F(SafeWriter, APathWithoutAFolderIsOneOfTheCurrentFolder) {
-    const QString before = QDir::currentPath();
-    ASSERT_TRUE(QDir::setCurrent(folder.path()));
-    writeFileSafely(QStringLiteral("plain.jpg"), "abc");
-    QDir::setCurrent(before);
-    EXPECT_EQ(readWholeFile(in("plain.jpg")), QByteArray("abc"));
 }
 
 TEST_F(SafeWriter, WithoutPermissionNothingChanges) {
@@ -244,7 +236,32 @@ TEST_F(SafeWriter, WithoutUnnamedFilesTheResultIsTheSame) {
     EXPECT_EQ(modeOf(in("b.jpg")), mode_t(0640));
 }
 
-TEST_F(SafeWriter, ReadingTellsWhatIsWrong) {
+TEST_F(SafeWriter, AFileThatAppearsUnderANewNameStaysWhateverTheFileSystemCanDo) {
+    const std::function<void()> fileSystems[] = {[] {}, test::refuseUnnamedFiles,
+                                                 [] {
+                                                     test::refuseUnnamedFiles();
+                                                     test::failSystemCall(SYS_renameat2, EINVAL);
+                                                 }};
+    for (const auto& restrict : fileSystems) {
+        EXPECT_EQ(test::inChild([&] {
+                      restrict();
+                      SafeFileWriter late(in("a.jpg"));
+                      late.write("new");
+                      writeFileSafely(in("a.jpg"), "theirs");
+                      return !late.commitAsNew() && !writeNewFileSafely(in("a.jpg"), "new") &&
+                                     writeNewFileSafely(in("b.jpg"), "new")
+                                 ? 0
+                                 : 1;
+                  }),
+                  0);
+        EXPECT_EQ(readWholeFile(in("a.jpg")), QByteArray("theirs"));
+        EXPECT_TRUE(QFile::remove(in("a.jpg")));
+        expectOnly("b.jpg", "new");
+        EXPECT_TRUE(QFile::remove(in("b.jpg")));
+    }
+}
+
+TEST_F(SafeWriter, ReadingReportsWhatIsWrong) {
     EXPECT_EQ(errorNumberOf([&] { readWholeFile(in("missing")); }), ErrorNumber::FileNotFound);
     EXPECT_EQ(errorNumberOf([&] { readWholeFile(folder.path()); }), ErrorNumber::InvalidCall);
     EXPECT_EQ(errorNumberOf([&] { readWholeFile(QStringLiteral("/dev/zero")); }), ErrorNumber::InvalidCall);

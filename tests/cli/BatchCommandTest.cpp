@@ -54,7 +54,7 @@ TEST(BatchCommand, MakesTheFilesAndListsEachRow) {
     EXPECT_TRUE(contains(plain.lines().at(0), "made/a.jpg"));
 }
 
-TEST(BatchCommand, WhateverIsNotDoneIsNamedAndGivesStatusOne) {
+TEST(BatchCommand, WhateverIsNotDoneIsNamedAndEndsWithStatusOne) {
     struct Case {
         const char *words, *rows; ///< no rows: the run doesn't begin
         const char* part;         ///< of what the program says

@@ -139,6 +139,21 @@ TEST(ApplyCommand, WhatFailsIsNamedAndWritesNothing) {
     }
 }
 
+TEST(ApplyCommand, NoCommandSavesWhatItCouldReadOfADamagedFileOverIt) {
+    const PictureFolder folder;
+    makePicture(folder.path("cut.jpg"), 160, 160);
+    const QByteArray all = readWholeFile(folder.path("cut.jpg")), bytes = all.left(all.size() * 3 / 4);
+    writeFileSafely(folder.path("cut.jpg"), bytes);
+    writeFileSafely(folder.path("l.tbf"), taskLine("1", "flip", {text("1")}));
+    for (const char* words : {"apply --tasks l.tbf cut.jpg ./cut.jpg", "encode cut.jpg cut.jpg",
+                              "batch --source-folder cut.jpg"}) {
+        const ProgramRun run = folder.run(commandLine(words));
+        EXPECT_EQ(run.status, 1) << words;
+        EXPECT_TRUE(contains(run.output + run.messages, "cut.jpg was not replaced: it is damaged")) << words;
+        EXPECT_EQ(readWholeFile(folder.path("cut.jpg")), bytes) << words;
+    }
+}
+
 TEST(TasksCommand, ShowsEachRowInWordsAndWhatARunWouldDoWithIt) {
     const PictureFolder folder;
     writeFileSafely(

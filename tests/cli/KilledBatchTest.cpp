@@ -3,10 +3,12 @@
 #include "tests/cli/Program.h"
 
 #include <QDir>
+#include <QFile>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/ioctl.h>
+#include <poll.h>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -73,6 +75,26 @@ protected:
     QList<QByteArray> before, after;
 };
 
+/// Watches a folder for files that take the place of others.
+class Replacements {
+public:
+    explicit Replacements(const QString& folder) : m_events(::inotify_init1(IN_CLOEXEC)) {
+        EXPECT_GE(::inotify_add_watch(m_events, QFile::encodeName(folder).constData(), IN_MOVED_TO), 0);
+    }
+    ~Replacements() { ::close(m_events); }
+    Replacements(const Replacements&) = delete;
+    Replacements& operator=(const Replacements&) = delete;
+
+    void waitForOne() const {
+        constexpr int longest = 60'000;
+        pollfd events{m_events, POLLIN, 0};
+        EXPECT_EQ(::poll(&events, 1, longest), 1);
+    }
+
+private:
+    const int m_events;
+};
+
 /// A pipe for the results of a run, with room for few rows: without a reader the run stands still among them.
 class NarrowPipe {
 public:
@@ -91,14 +113,6 @@ public:
     NarrowPipe& operator=(const NarrowPipe&) = delete;
 
     int writing() const { return m_ends[1]; }
-    void waitForFirstRow() const {
-        int bytes = 0;
-        for (int i = 0; i < 600'000 && bytes <= m_filler.size(); ++i) {
-            ::usleep(100);
-            ::ioctl(m_ends[0], FIONREAD, &bytes);
-        }
-        EXPECT_GT(bytes, m_filler.size());
-    }
     /// All that was written, once the writer has ended.
     QByteArray rest() {
         closeWriting();
@@ -128,8 +142,9 @@ TEST_F(ReplacedPictures, ASignalInTheMiddleKeepsTheFirstNewOnesAndTheOtherOldOne
     for (const int signal : {SIGINT, SIGTERM, SIGKILL}) {
         putBack();
         NarrowPipe pipe;
+        const Replacements replacements(folder.path());
         const pid_t process = startProgram(replacing(), folder.path(), pipe.writing());
-        pipe.waitForFirstRow();
+        replacements.waitForOne();
         ::kill(process, signal);
         const QByteArray output = pipe.rest();
         EXPECT_EQ(endOf(process), signal == SIGKILL ? -SIGKILL : 130);

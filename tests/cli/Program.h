@@ -22,7 +22,7 @@ struct ProgramRun {
 
     QStringList lines() const; ///< of the output
     QList<QJsonObject>
-    objects() const; ///< one for each line of the output; a line that is none gives an empty one
+    objects() const; ///< one for each line of the output; an empty one for a line that is not an object
 };
 
 /// Runs the real program in a folder, without a display and with nothing of the environment but PATH.

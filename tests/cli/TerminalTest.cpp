@@ -38,7 +38,7 @@ std::string bar(int value, int maximum, double seconds, int columns = 80) {
 
 } // namespace
 
-TEST(BarLine, TellsTheTimeLeftFromWhatIsDone) {
+TEST(BarLine, ShowsTheTimeLeftFromWhatIsDone) {
     EXPECT_EQ(bar(0, 10, 5), "[........................................] 0 of 10");
     EXPECT_EQ(bar(5, 10, 65), "[####################....................] 5 of 10, 1:05 left");
     EXPECT_EQ(bar(1, 3, 3600), "[#############...........................] 1 of 3, 2:00:00 left");

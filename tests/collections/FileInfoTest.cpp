@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
+#include "collections/FileStamp.h"
 #include "collections/clsFileInfo.h"
 #include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <tuple>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -135,5 +137,40 @@ TEST(FileSystemHelpers, AFolderIsMadeWithThoseAboveItAndMayBeThere) {
     EXPECT_FALSE(modFileSystem::FileExistsByDir(QStringLiteral("  ")));
     writeBytes(folder.filePath(QStringLiteral("file")), "x");
     EXPECT_FALSE(modFileSystem::FolderExists(folder.filePath(QStringLiteral("file"))));
-    EXPECT_THROW(modFileSystem::MakeFolder(folder.filePath(QStringLiteral("file/below"))), TrappedError);
+    ASSERT_TRUE(
+        QFile::link(folder.filePath(QStringLiteral("gone")), folder.filePath(QStringLiteral("link"))));
+    const QString file = folder.filePath(QStringLiteral("file"));
+    const QString link = folder.filePath(QStringLiteral("link"));
+    const QString noPlace = QStringLiteral("/proc/self/fdinfo");
+    const std::tuple<QString, QString> cases[] = {
+        {file, file + QStringLiteral(" is a file")},
+        {file + QStringLiteral("/a/b"), file + QStringLiteral(" is a file")},
+        {link, link + QStringLiteral(" is a link to nothing")},
+        {noPlace + QStringLiteral("/a/b"), noPlace + QStringLiteral(": ")}};
+    for (const auto& [path, fact] : cases)
+        try {
+            modFileSystem::MakeFolder(path);
+            ADD_FAILURE() << path.toStdString();
+        } catch (const TrappedError& error) {
+            EXPECT_TRUE(error.description.contains(path)) << error.description.toStdString();
+            EXPECT_TRUE(error.description.contains(fact)) << error.description.toStdString();
+        }
+}
+
+TEST(FileStamp, ChangesWithAFileThatIsWrittenInPlace) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.jpg"));
+    writeBytes(path, "abc");
+    const FileStamp first = FileStamp::of(path);
+    EXPECT_TRUE(first == FileStamp::of(path));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(file.fileTime(QFile::FileModificationTime).addSecs(-9),
+                                 QFile::FileModificationTime));
+    const FileStamp second = FileStamp::of(path);
+    EXPECT_FALSE(first == second) << "of another time";
+    ASSERT_TRUE(file.resize(2));
+    ASSERT_TRUE(file.setFileTime(file.fileTime(QFile::FileModificationTime).addSecs(-9),
+                                 QFile::FileModificationTime));
+    EXPECT_FALSE(second == FileStamp::of(path)) << "of another size";
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "configuration/ConfigFile.h"
+#include "configuration/SettingsBeside.h"
 
 #include "base/SafeFileWriter.h"
 #include "configuration/ColumnWidths.h"

@@ -169,9 +169,9 @@ public:
         m_seen.insert(source);
         return source;
     }
-    std::function<void()> consume(const ListRow&, ImageBox&, RowResult& result) override {
+    std::function<bool()> consume(const ListRow&, ImageBox&, RowResult& result) override {
         EXPECT_LE(m_seen.size(), result.row + 2);
-        return [] {};
+        return [] { return true; };
     }
 
 private:
@@ -200,6 +200,29 @@ TEST(ReadAhead, WithoutThreadsTheRowsAreDoneOneAfterTheOther) {
     basket.run();
     pthread_setattr_default_np(&usual);
     EXPECT_EQ(basket.states(), "written written");
+}
+
+namespace {
+
+/// Its work runs out of memory the first time.
+class Hungry final : public RowConsumer {
+public:
+    std::function<bool()> consume(const ListRow&, ImageBox&, RowResult&) override {
+        return [this] { return ++attempts % 2 == 0 ? true : throw std::bad_alloc(); };
+    }
+    int attempts = 0;
+};
+
+} // namespace
+
+TEST(ReadAhead, WorkThatRunsOutOfMemoryIsDoneOnceMoreAlone) {
+    TestBasket basket;
+    basket.addPictures({"a.jpg", "b.jpg", "c.jpg"});
+    Hungry hungry;
+    const RowRun run{.rows = basket.pages, .tasks = {}, .stop = {}, .onRow = {}};
+    RowLoop(run, hungry, basket.box, basket.progress, basket.results).run();
+    EXPECT_EQ(basket.states(), "written written written");
+    EXPECT_EQ(hungry.attempts, 6);
 }
 
 TEST(ReadAhead, PicturesOfTheCorpusComeOutTheSame) {

@@ -110,7 +110,7 @@ TEST_F(MetadataList, KeywordsAreJoinedByCommasAndDatesShowShort) {
     EXPECT_EQ(valueOf(list, "Date Released"), QString());
 }
 
-TEST_F(MetadataList, AnEmptyBoxGivesNoRowsAndLeavesTheTag) {
+TEST_F(MetadataList, AnEmptyBoxMakesNoRowsAndLeavesTheTag) {
     list.setTag(QStringLiteral("before"));
     ListExifAttributes(ImageBox(), list, path);
     ListIptcAttributes(ImageBox(), list, path);

@@ -1,35 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "tests/output/TestBasket.h"
-#include "tests/support/FileSizeLimit.h"
 
-#include <QFile>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
 
 namespace {
-
-/// Root may write anywhere: it becomes a nobody for a while.
-class WithoutPrivileges {
-public:
-    WithoutPrivileges() {
-        if (::geteuid() == 0)
-            m_changed = ::seteuid(nobody) == 0;
-    }
-    ~WithoutPrivileges() {
-        if (m_changed) {
-            EXPECT_EQ(::seteuid(0), 0);
-        }
-    }
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool m_changed = false;
-};
 
 /// Three rows of which the middle one is the file.
 void addAround(TestBasket& basket, const char* name) {
@@ -145,42 +124,6 @@ TEST(BatchFailure, OfARowIsReportedAndEndsTheRunWhereItMust) {
         }
         EXPECT_FALSE(basket.progress.visible);
     }
-}
-
-TEST(BatchFailure, AFolderWithoutWritePermissionKeepsTheOldFile) {
-    TestBasket basket;
-    basket.addPicture("a.jpg");
-    const QString old = basket.writeFile("out/a.jpg", "old");
-    const auto permit = [&](QFile::Permissions permissions) {
-        for (const QString& folder : {basket.folder(), basket.path("out")})
-            ASSERT_TRUE(QFile::setPermissions(folder, permissions));
-    };
-    permit(QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
-    {
-        const WithoutPrivileges nobody;
-        EXPECT_FALSE(basket.run());
-    }
-    permit(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    EXPECT_TRUE(contains(basket.errors(), ": 70 - "));
-    EXPECT_EQ(readWholeFile(old), QByteArray("old"));
-    EXPECT_EQ(basket.files("out"), "a.jpg");
-}
-
-TEST(BatchFailure, AFullDiskGivesItsErrorAndLeavesTheSourceAsItWas) {
-    TestBasket basket;
-    basket.settings.DestinationFolder = basket.folder();
-    basket.settings.JpegQuality = 100;
-    const QByteArray before = readWholeFile(basket.addPicture("a.jpg", 200, 200));
-    basket.addPicture("b.jpg", 8, 8);
-    reportFileSizeLimitAsError();
-    {
-        const FileSizeLimit full(1000);
-        EXPECT_FALSE(basket.run());
-    }
-    EXPECT_TRUE(contains(basket.errors(), ": 61 - "));
-    EXPECT_EQ(basket.states(), "failed skipped");
-    EXPECT_EQ(readWholeFile(basket.path("a.jpg")), before);
-    EXPECT_EQ(basket.files(), "a.jpg b.jpg");
 }
 
 TEST(BatchFailure, OfATaskIsReportedAndThePictureIsSavedAsFarAsItCame) {

@@ -26,6 +26,20 @@ std::pair<int, int> frameOf(const QString& path) {
     return {};
 }
 
+/// Does something when a row's side file is applied, which is after its name was found to be free.
+class AtSideFile final : public Locale {
+public:
+    explicit AtSideFile(std::function<void()> step) : m_step(std::move(step)) {}
+    DateForms dateForms() override {
+        m_step();
+        return {};
+    }
+
+private:
+    std::function<void()> m_step;
+    ServiceScope<Locale> m_scope{*this};
+};
+
 } // namespace
 
 TEST_F(BatchSaving, SavesEveryRowUnderItsName) {
@@ -62,6 +76,17 @@ TEST_F(BatchSaving, OverwriteOffLeavesWhatIsThereAndWhatTheRunMade) {
     EXPECT_EQ(reasons().first(), text("exists already"));
     EXPECT_EQ(readWholeFile(path("out/a.jpg")), QByteArray("precious"));
     EXPECT_EQ(progress.values, std::vector<int>({0, 1, 2, 3})) << "the bar moves on";
+}
+
+TEST_F(BatchSaving, OverwriteOffLeavesAFileThatAppearsWhileItsRowIsInWork) {
+    settings.Overwrite = 0;
+    addPictures({"a.jpg", "b.jpg"});
+    importExif("x.xiff", "\"Artist\",\"Jo\"\r\n");
+    const AtSideFile appearing([&] { writeFile("out/a.jpg", "precious"); });
+    EXPECT_TRUE(run());
+    EXPECT_EQ(states(), "skipped written");
+    EXPECT_EQ(reasons().first(), text("exists already"));
+    EXPECT_EQ(readWholeFile(path("out/a.jpg")), QByteArray("precious"));
 }
 
 TEST_F(BatchSaving, TheOptionsRuleTheEncoding) {

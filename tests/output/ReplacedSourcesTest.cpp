@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "collections/Basket.h"
+#include "collections/clsFileInfo.h"
 #include "tests/output/TestBasket.h"
 
 #include <QDir>
@@ -13,7 +14,7 @@ using namespace tarsel::test;
 namespace {
 
 /// Two pictures of which the first row's file is to take the place of the second row's source "b.jpg". Their
-/// widths tell them apart.
+/// widths differ.
 class TwoRowsOneTarget : public TestBasket {
 public:
     TwoRowsOneTarget() {
@@ -180,4 +181,64 @@ TEST(ReplacedSources, ADryRunSaysTheSameAsTheRunAndWritesNothing) {
     EXPECT_EQ(basket.results[0].skipped, SkipReason::Refused);
     EXPECT_EQ(basket.results[1].skipped, SkipReason::DryRun);
     EXPECT_EQ(basket.files(), "a.png b.jpg");
+}
+
+namespace {
+
+/// A picture cut short in a file "a.jpg".
+QByteArray addDamaged(TestBasket& basket) {
+    const QByteArray bytes = readWholeFile(basket.addPicture("a.jpg", 160, 160));
+    basket.pages.clear();
+    return readWholeFile(basket.writeFile("a.jpg", bytes.left(bytes.size() * 3 / 4)));
+}
+
+} // namespace
+
+TEST(ReplacedSources, WhatCouldBeReadOfADamagedFileNeverTakesItsPlace) {
+    for (const auto policy : {SourceReplacing::KeptReadable, SourceReplacing::RefusedUntilDone}) {
+        TestBasket basket;
+        basket.settings.DestinationFolder = basket.folder();
+        basket.slice.sourceReplacing = policy;
+        const QByteArray damaged = addDamaged(basket);
+        basket.addRow("a.jpg", "a");
+        basket.addPicture("b.png");
+        basket.pages.setText(1, text("a"));
+        basket.addPicture("c.jpg");
+        EXPECT_TRUE(basket.run());
+        EXPECT_EQ(basket.states(), "failed skipped written");
+        EXPECT_TRUE(contains(basket.reasons().first(), qPrintable(basket.path("a.jpg"))));
+        EXPECT_TRUE(contains(basket.reasons().first(), "read only in part"));
+        EXPECT_EQ(readWholeFile(basket.path("a.jpg")), damaged);
+    }
+}
+
+TEST(ReplacedSources, ADamagedFileThatWasReplacedBeforeItWasReadIsSavedBesideItsPlace) {
+    TestBasket basket;
+    basket.settings.DestinationFolder = basket.folder();
+    const QByteArray damaged = addDamaged(basket);
+    basket.addPicture("b.png");
+    basket.pages.setText(0, text("a"));
+    basket.addRow("a.jpg", "z");
+    EXPECT_TRUE(basket.run());
+    EXPECT_EQ(basket.states(), "written written");
+    EXPECT_EQ(readWholeFile(basket.path("a (original).jpg")), damaged);
+}
+
+TEST(ReplacedSources, ANameIsMadeFromTheSourceAsItWas) {
+    TwoRowsOneTarget basket;
+    const auto sizeOf = [&](const char* name) {
+        FileInfo().setFilePath(basket.path(name));
+        return FileInfo().fSizeFormated(0);
+    };
+    basket.writeFile("b.jpg", basket.bytes() + QByteArray(50'000, '\0'));
+    const QString sizeOfSecond = sizeOf("b.jpg"), target = basket.folder() + sizeOf("a.png") + text(".jpg");
+    ASSERT_TRUE(QFile::rename(basket.path("b.jpg"), target));
+    basket.pages.setTag(1, target);
+    for (const int row : {0, 1})
+        basket.pages.setText(row, {});
+    basket.nameByParts("[Source size]");
+    basket.settings.Separator1 = basket.settings.Separator2 = text("[No Separator]");
+    EXPECT_TRUE(basket.run());
+    EXPECT_EQ(basket.results[0].target, target);
+    EXPECT_EQ(basket.results[1].target, basket.folder() + sizeOfSecond + text(".jpg"));
 }

@@ -41,7 +41,7 @@ public:
     void nameByParts(const char* prefix, const char* suffix = "[No Prefix]");
     void importExif(const char* name, const QByteArray& records);
 
-    /// Runs the batch; gives what it returned.
+    /// Runs the batch; returns its result.
     bool run();
     // Of the last run, one word a row, blanks between them.
     std::string states() const;

@@ -61,6 +61,11 @@ void failSystemCall(int number, int errnoValue, int argument, unsigned flags) {
              answer(SECCOMP_RET_ERRNO | unsigned(errnoValue)), answer(SECCOMP_RET_ALLOW)});
 }
 
+void dieAtSystemCall(int number) {
+    install({load(offsetof(seccomp_data, nr)), BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, unsigned(number), 0, 1),
+             answer(SECCOMP_RET_KILL_PROCESS), answer(SECCOMP_RET_ALLOW)});
+}
+
 void refuseUnnamedFiles() {
     failSystemCall(SYS_openat, EOPNOTSUPP, 2, O_TMPFILE & ~O_DIRECTORY);
 }

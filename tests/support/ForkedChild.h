@@ -14,6 +14,9 @@ int inChild(const std::function<int()>& steps);
 void failSystemCall(int number, int errnoValue);
 void failSystemCall(int number, int errnoValue, int argument, unsigned flags);
 
+/// From now on this process ends by SIGSYS instead of making that system call.
+void dieAtSystemCall(int number);
+
 /// As on a file system that can't make files without a name.
 void refuseUnnamedFiles();
 

@@ -53,7 +53,7 @@ std::vector<Failure> failures() {
 
 } // namespace
 
-TEST(Run, GivesWayOnceForEachRowAndTakesThePointerBack) {
+TEST(Run, YieldsOnceForEachRowAndTakesThePointerBack) {
     TestDesktop desktop;
     TaskList tasks;
     ImageBox box = boxWith(unevenPicture(2, 2));
@@ -99,17 +99,6 @@ TEST(Run, EndsAfterTheSelectedRowOfTheListThatIsInUse) {
         EXPECT_EQ(replayedBox.Width(), box.Width());
         EXPECT_EQ(box.Width(), 2 + s.columnsAdded) << s.list << ' ' << s.preview << ' ' << s.editing;
     }
-}
-
-TEST(Run, KeepsTheOrderOfTheRows) {
-    TestDesktop desktop;
-    const std::vector<TaskRow> rows{taskRow(3, {"False", "50", ""}), taskRow(12, {"0", "5", "5", "5", "5"}),
-                                    taskRow(8, {"True", "0", "0", "0", "20", "20", ""})};
-    const Picture forward = replayed(60, 60, rows);
-    const Picture backward = replayed(60, 60, {rows.rbegin(), rows.rend()});
-    EXPECT_EQ(forward.width(), 20);
-    EXPECT_EQ(backward.width(), 15);
-    EXPECT_TRUE(desktop.reports.empty());
 }
 
 TEST(Run, AFailingRowEndsItAndTheRowsBeforeItStayApplied) {

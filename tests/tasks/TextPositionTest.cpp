@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TextPosition.h"
 
-#include "base/TrappedError.h"
 #include "tests/tasks/TaskRows.h"
 
 #include <gtest/gtest.h>
@@ -44,11 +43,4 @@ TEST(TextPosition, IsFlushWithTheEdgesAndRoundsHalvesToTheEvenNeighbour) {
         EXPECT_EQ(place.x(), c.expected.x()) << c.what;
         EXPECT_EQ(place.y(), c.expected.y()) << c.what;
     }
-}
-
-TEST(TextPosition, AnUnknownPlaceOrAnchorIsAnError) {
-    for (const int position : {-1, 9, 10, 32767})
-        EXPECT_THROW(textPosition(0, position, 0, {10, 10}, {5, 5}), TrappedError) << position;
-    EXPECT_THROW(textPosition(0, 0, 3, {10, 10}, {5, 5}), TrappedError);
-    EXPECT_THROW(textPosition(0, 0, -1, {10, 10}, {5, 5}), TrappedError);
 }

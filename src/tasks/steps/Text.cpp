@@ -11,7 +11,7 @@ using column::Text;
 
 namespace {
 
-constexpr int ClickedPosition = 9;
+constexpr int clickedPosition = 9;
 
 TextFont fontOf(const TaskRow& row) {
     TextFont font;
@@ -27,7 +27,7 @@ TextFont fontOf(const TaskRow& row) {
 QPoint positionOf(const ImageBox& box, const TaskRow& row) {
     const quint8 orientation = row[Text::orientation];
     const int position = row[Text::position];
-    if (position != ClickedPosition)
+    if (position != clickedPosition)
         return modProcessTasks::subTextPosition(orientation, position, box, row[Text::text]);
     return {roundToInt(horizontalScale(box) * row[Text::x]), roundToInt(verticalScale(box) * row[Text::y])};
 }

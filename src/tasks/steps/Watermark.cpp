@@ -8,11 +8,11 @@ namespace tarsel {
 
 void steps::watermark(ImageBox& box, const TaskRow& row) {
     using column::Watermark;
-    constexpr int AtPlace = 1;
+    constexpr int atPlace = 1;
     box.MergeTransparent = row[Watermark::transparent];
     box.MergeTransparency = row[Watermark::transparency];
     box.MergeStyle = row[Watermark::style];
-    if (box.MergeStyle == AtPlace) {
+    if (box.MergeStyle == atPlace) {
         const int x = roundToInt(horizontalScale(box) * row[Watermark::x]);
         const int y = roundToInt(verticalScale(box) * row[Watermark::y]);
         box.MergeY = y;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/Progress.h"
+#include "base/StatusLine.h"
 
 namespace tarsel {
 
