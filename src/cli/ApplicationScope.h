@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ScratchFolder.h"
+
 #include <QCoreApplication>
-#include <QTemporaryDir>
 #include <memory>
 #include <optional>
 
@@ -26,7 +27,7 @@ private:
 
     void provideRuntimeFolder();
 
-    std::optional<QTemporaryDir> m_runtimeFolder;
+    std::optional<ScratchFolder> m_runtimeFolder;
     std::unique_ptr<QCoreApplication> m_application;
 };
 

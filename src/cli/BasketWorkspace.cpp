@@ -60,6 +60,7 @@ QString absolutePath(const QString& path) {
 
 BasketWorkspace::BasketWorkspace(Progress& progress, std::stop_token stop) :
     m_lists(m_workspace.lists(progress)), m_basket(m_lists, withoutThumbnails()) {
+    ScratchFolder::removeAbandoned();
     m_basket.stop = std::move(stop);
 }
 
@@ -68,8 +69,6 @@ void BasketWorkspace::prepareFor(const QString& path) {
     if (m_folder || !mayHavePages(modFileSystem::GetFileExtension(path)))
         return;
     m_folder.emplace();
-    if (!m_folder->isValid())
-        fail(ErrorNumber::PathNotFound, m_folder->errorString());
     m_basket.settings.programFolder = m_folder->path();
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ScratchFolder.h"
 #include "collections/Basket.h"
 #include "collections/BasketFile.h"
 #include "collections/Workspace.h"
 
 #include <QStringList>
-#include <QTemporaryDir>
 #include <optional>
 #include <stop_token>
 
@@ -31,7 +31,7 @@ private:
     void addPictures(const QStringList& paths);
     void prepareFor(const QString& path);
 
-    std::optional<QTemporaryDir> m_folder;
+    std::optional<ScratchFolder> m_folder;
     Workspace m_workspace;
     CollectionLists m_lists;
     Basket m_basket;

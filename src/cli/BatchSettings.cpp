@@ -7,6 +7,7 @@
 #include "output/Naming.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 namespace tarsel::cli {
 

@@ -68,8 +68,8 @@ ReadableName::ReadableName(const QString& path) : m_path(path) {
     if (isUtf8(bytes))
         return;
     m_folder.emplace();
-    // The extension counts in telling formats apart.
-    const QString link = m_folder->filePath(QStringLiteral("picture.") + QFileInfo(path).suffix());
+    // Some formats are recognised by their extension.
+    const QString link = m_folder->path() + QStringLiteral("/picture.") + QFileInfo(path).suffix();
     if (::symlink(bytes.constData(), QFile::encodeName(link).constData()) == 0)
         m_path = link;
 }

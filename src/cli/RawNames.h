@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/ScratchFolder.h"
+
 #include <QByteArray>
 #include <QString>
-#include <QTemporaryDir>
 #include <optional>
 
 namespace tarsel::cli {
@@ -21,7 +22,7 @@ public:
     const QString& path() const { return m_path; }
 
 private:
-    std::optional<QTemporaryDir> m_folder;
+    std::optional<ScratchFolder> m_folder;
     QString m_path;
 };
 
