@@ -24,7 +24,7 @@ QString pageRowName(AddedBy addedBy, const QString& fileName, int page);
 int drawPageFileNumber();
 
 /// Makes an empty file for a page, in the folder Temp, which is made when missing, and returns its path:
-/// `<name><n>_<number>.tif`, with the first number from `number` on of which there is no file yet. Any number
+/// `<name><n>_<number>.tif`, with the first number from `number` on that no file has yet. Any number
 /// of threads may call it.
 QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page,
                     int number);

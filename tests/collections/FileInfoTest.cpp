@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/TrappedError.h"
 #include "base/FileStamp.h"
+#include "base/TrappedError.h"
 #include "collections/clsFileInfo.h"
 #include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
