@@ -6,7 +6,7 @@
 namespace tarsel {
 
 namespace {
-constexpr std::chrono::milliseconds BetweenEvents{10};
+constexpr std::chrono::milliseconds betweenEvents{10};
 }
 
 PendingRows::PendingRows(ListView& list, BasketReading& reading, int firstNumber, int count) :
@@ -94,7 +94,7 @@ PendingRows::fetch(const std::function<std::pair<int, int>()>& visibleRows) {
             preferred.push_back(m_list.row(row).number - m_first);
         m_reading.prefer(std::move(preferred));
     }
-    return m_pending > 0 ? m_reading.fetchWithin(BetweenEvents) : std::vector<BasketReading::Numbered>();
+    return m_pending > 0 ? m_reading.fetchWithin(betweenEvents) : std::vector<BasketReading::Numbered>();
 }
 
 void PendingRows::end(int number) {

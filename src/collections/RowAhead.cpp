@@ -3,6 +3,7 @@
 
 #include "base/EventLoop.h"
 #include "base/IgnoringErrors.h"
+#include "codecs/PictureFile.h"
 #include "collections/LoadSource.h"
 #include "collections/NumberedWork.h"
 #include "imaging/Upright.h"
@@ -16,16 +17,25 @@ namespace tarsel {
 
 namespace {
 
-constexpr int PicturesHeld = 1 + RowAhead::RowsAhead;
-constexpr std::chrono::milliseconds BetweenEvents{10};
+constexpr std::chrono::milliseconds betweenEvents{10};
 
 bool ranOutOfMemory(const std::optional<TrappedError>& failure) {
     return failure && failure->number == ErrorNumber::OutOfMemory;
 }
 
+/// By its header; a file that has none that can be read needs no memory either.
+bool claimsMorePixels(const QString& path, std::int64_t most, const std::stop_token& stop) {
+    std::int64_t claimed = 0;
+    const bool isKnown = ignoringErrors([&] {
+        const PictureHeader header = PictureFile(path).header(stop);
+        claimed = std::int64_t(header.width) * header.height;
+    });
+    return isKnown && claimed > most;
+}
+
 template <class Value>
 void waitLettingEventsRun(Awaited<Value>& awaited) {
-    while (!awaited.isThereWithin(BetweenEvents))
+    while (!awaited.isThereWithin(betweenEvents))
         service<EventLoop>().yield();
 }
 
@@ -43,6 +53,14 @@ struct RowAhead::Load {
     Awaited<Result> result;
 
     Load(int ofRow, QString file) : row(ofRow), path(std::move(file)), stamp(FileStamp::of(path)) {}
+    /// With an error 7 for a picture that is too large for others to be there.
+    void runBesideOthers(const Rules& rules, const std::stop_token& stop) {
+        if (!claimsMorePixels(path, rules.mostPixels, stop))
+            return run(rules, stop);
+        Result tooLarge;
+        tooLarge.failure = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory), {}};
+        result.set(std::move(tooLarge));
+    }
     void run(const Rules& rules, const std::stop_token& stop) {
         Result made;
         made.failure = failureOf([&] {
@@ -86,7 +104,7 @@ struct RowAhead::Preparation {
 class RowAhead::Threads {
 public:
     explicit Threads(const std::stop_token& stop) :
-        m_onStop(stop, [this] { m_loads.request_stop(); }), m_queue(PicturesHeld) {}
+        m_onStop(stop, [this] { m_loads.request_stop(); }), m_queue(picturesHeld) {}
     Threads(const Threads&) = delete;
     Threads& operator=(const Threads&) = delete;
 
@@ -130,7 +148,8 @@ void RowAhead::load(int row, const QString& path) {
         return;
     const auto load = std::make_shared<Load>(row, path);
     m_loads.push_back(load);
-    m_threads->add([load, rules = m_rules, stop = m_threads->loadStop()] { load->run(rules, stop); });
+    m_threads->add(
+        [load, rules = m_rules, stop = m_threads->loadStop()] { load->runBesideOthers(rules, stop); });
 }
 
 /// The load of that row, begun now if the file has changed since or another one is to be read.
@@ -186,20 +205,28 @@ PreparedRow RowAhead::take(int row, const QString& path, const ImageBox& box,
         return *std::move(prepared);
     prepared.reset(); // before the next one takes its memory
     stopAndDrop();
-    PreparedRow alone = prepareAlone(row, path, box, tasks, onLoaded);
     m_threads = startThreads();
-    return alone;
+    return prepareAlone(row, path, box, tasks, onLoaded);
 }
 
-/// On this thread, with no other picture held.
+/// With no other picture held; on this thread if there are no others.
 PreparedRow RowAhead::prepareAlone(int row, const QString& path, const ImageBox& box,
                                    const std::vector<TaskRow>& tasks, const std::function<void()>& onLoaded) {
     const auto load = std::make_shared<Load>(row, path);
-    load->run(m_rules, m_rules.stop);
+    const auto preparation = std::make_shared<Preparation>(load, tasks, box);
+    if (m_threads) {
+        m_threads->add([load, rules = m_rules, stop = m_threads->loadStop()] { load->run(rules, stop); });
+        m_threads->add([preparation, stop = m_threads->taskStop()] { preparation->run(stop); });
+        waitLettingEventsRun(preparation->isLoaded);
+    } else {
+        load->run(m_rules, m_rules.stop);
+    }
     onLoaded();
-    Preparation preparation(load, tasks, box);
-    preparation.run({});
-    return preparation.result.take();
+    if (m_threads)
+        waitLettingEventsRun(preparation->result);
+    else
+        preparation->run({});
+    return preparation->result.take();
 }
 
 /// Work that runs out of memory beside others is done once more, alone.

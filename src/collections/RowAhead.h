@@ -3,6 +3,7 @@
 
 #include "base/FileStamp.h"
 #include "base/TrappedError.h"
+#include "codecs/PictureLimit.h"
 #include "collections/WorkQueue.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
@@ -24,20 +25,25 @@ struct PreparedRow {
 };
 
 /// Prepares the rows of a run one after the other, and the next ones meanwhile: up to two sources are loaded
-/// ahead, and the next row's tasks run while the row before is written. At most three pictures are held. What
-/// was done ahead is used only if that makes no difference: the same file, not changed since, the same tasks.
+/// ahead, and the next row's tasks run while the row before is written. At most three pictures are held, and
+/// of those that are too large for that only one. What was done ahead is used only if that makes no
+/// difference: the same file, not changed since, the same tasks.
 ///
 /// To be called on one thread, which lets events run while it waits. Without read-ahead all work is done on
 /// that thread, when it is asked for.
 class RowAhead {
 public:
+    static constexpr int rowsAhead = 2; ///< rows after the one in work that may be loaded
+    static constexpr int picturesHeld = 1 + rowsAhead;
+
     struct Rules {
         bool readAhead = true;
         bool upright = false;
         int pageNumber = 1;
         std::stop_token stop; ///< ends loads with error 18
+        /// A picture that claims to have more is worked on with no other one in memory.
+        std::int64_t mostPixels = largestPicture() / picturesHeld;
     };
-    static constexpr int RowsAhead = 2; ///< rows after the one in work that may be loaded
 
     explicit RowAhead(Rules rules);
     ~RowAhead(); ///< stops what is in work, and lets events run until it has ended

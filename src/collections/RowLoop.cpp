@@ -52,7 +52,7 @@ void RowLoop::work(RowAhead& ahead) {
     if (position > m_run.rows.count())
         return recordUndone(position, SkipReason::Removed);
     RowWork row(m_run, m_consumer, m_box, ahead, position);
-    for (int later = position; later <= std::min(position + RowAhead::RowsAhead, m_run.lastThere()); ++later)
+    for (int later = position; later <= std::min(position + RowAhead::rowsAhead, m_run.lastThere()); ++later)
         ahead.load(later, m_consumer.readablePath(m_run.rows.row(later - 1).tag));
     const ErrorSubject subject(row.result().source);
     try {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
+#include "collections/RowAhead.h"
 #include "tests/output/TestBasket.h"
 #include "tests/support/Corpus.h"
 
@@ -187,6 +188,24 @@ TEST(ReadAhead, HoldsThreePicturesAtMost) {
     const RowRun run{.rows = basket.pages, .tasks = {}, .stop = {}, .onRow = {}};
     RowLoop(run, watcher, basket.box, basket.progress, basket.results).run();
     EXPECT_EQ(basket.results.size(), 6u);
+}
+
+TEST(ReadAhead, APictureTooLargeForOthersBesideItIsDoneAlone) {
+    TestBasket basket;
+    for (const char* name : {"a.jpg", "b.jpg"})
+        basket.addPicture(name, 40, 20);
+    const auto pathOf = [&](int row) { return basket.pages.row(row - 1).tag; };
+    for (const std::int64_t mostPixels : {799, 800}) {
+        RowAhead ahead({.stop = {}, .mostPixels = mostPixels});
+        ahead.load(1, pathOf(1));
+        ahead.load(2, pathOf(2));
+        for (const int row : {1, 2}) {
+            int loads = 0;
+            const PreparedRow done = ahead.take(row, pathOf(row), {}, {}, [&] { ++loads; });
+            EXPECT_EQ(done.box.Width(), 40);
+            EXPECT_EQ(loads, mostPixels < 800 ? 2 : 1) << "in vain beside the other one, then alone";
+        }
+    }
 }
 
 TEST(ReadAhead, WithoutThreadsTheRowsAreDoneOneAfterTheOther) {
