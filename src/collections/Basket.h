@@ -55,8 +55,9 @@ public:
     void AddToBasketByDrag();
     /// Adds one file by path, as from a basket file. Trapped as "subAddEntryToListView".
     void subAddEntryToListView(const QString& path);
-    /// The same for all files of a basket file; those that are missing are skipped.
-    void addListedFiles(const QStringList& paths);
+    /// The same for all files of a basket file; those that are missing are skipped. False when it ended
+    /// before all were read.
+    bool addListedFiles(const QStringList& paths);
     /// Files that the last adding (of all that was selected, or of all files since the basket was emptied)
     /// could not read.
     const QStringList& LTemp() const { return m_failed; }
@@ -99,7 +100,7 @@ private:
     template <class Body>
     void addTrapped(const char* routine, Body&& body);
     void addSelected(AddedBy addedBy, const Adding& adding);
-    void fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar);
+    bool fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar);
     void renewThumbnails(const Adding& adding);
     void showAgain(int row, const Thumbnail& thumbnail);
     BasketReading& startReading();

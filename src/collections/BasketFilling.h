@@ -40,6 +40,7 @@ public:
     void complete(const VisibleRows& visibleRows);
     bool isComplete() const { return m_rows.isEmpty(); }
     int pending() const { return m_rows.count(); }
+    bool showsPages() const { return m_showsPages; } ///< the bar counts the pages of a document
     /// Files that could not be read, in the order of the items.
     QStringList failed() const;
 
@@ -57,6 +58,7 @@ private:
     std::vector<BasketSource> m_sources; ///< by number
     std::map<int, QString> m_failed;     ///< by number
     std::vector<int> m_ended;            ///< numbers whose rows are to go
+    bool m_showsPages = false;
 };
 
 } // namespace tarsel
