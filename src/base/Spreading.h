@@ -14,8 +14,8 @@ struct Spreading {
     static Spreading overProcessors();
 };
 
-/// Lets the work on this thread use others too, for as long as the scope lives. For a thread on whose result
-/// somebody waits; where several pictures are in work at once, each stays on one thread.
+/// Lets the work on this thread use others too, for as long as the scope lives. For a thread whose
+/// result the user waits for; where several pictures are processed at once, each stays on one thread.
 class SpreadingScope {
 public:
     explicit SpreadingScope(const Spreading& spreading = Spreading::overProcessors());

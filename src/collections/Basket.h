@@ -32,9 +32,9 @@ enum : int {
 /// The basket: the working set of pictures and pages of documents. A row's Tag is the picture to work on: the
 /// file itself, or the page's own file in the folder Temp.
 ///
-/// Files are read on threads. Rows stand in the list at once and are complete when an adding ends: a file
-/// that can't be read loses its row then, and the row of a document stands after those of its pages until the
-/// last of them is there. Rows that a stop leaves incomplete go.
+/// Files are read on threads. Rows appear at once and are completed as their files are read: a file that
+/// can't be read loses its row, and the row of a document stays after those of its pages until the last of
+/// them has been added. Rows that a stop leaves incomplete are removed.
 class Basket {
     Q_DECLARE_TR_FUNCTIONS(Basket)
 public:

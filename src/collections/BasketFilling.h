@@ -35,7 +35,7 @@ public:
     BasketFilling& operator=(const BasketFilling&) = delete;
 
     void place(const std::vector<BasketItem>& items);
-    /// Takes over what has been found, of which there may be nothing yet. Raises the error of a page file
+    /// Takes over what has been found so far, if anything. Raises the error of a page file
     /// that can't be written; of a file in a basket file it is only reported.
     void complete(const VisibleRows& visibleRows);
     bool isComplete() const { return m_rows.isEmpty(); }
