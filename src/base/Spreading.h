@@ -7,8 +7,8 @@ namespace tarsel {
 
 /// How work may be spread over several threads.
 struct Spreading {
-    int threads = 1;                       ///< with the calling one
-    std::int64_t leastPixels = 12'000'000; ///< smaller pictures are worked on by the calling thread alone
+    int threads = 1;                     ///< with the calling one
+    std::int64_t minPixels = 12'000'000; ///< smaller pictures are worked on by the calling thread alone
 
     /// One thread for each processor, up to 4: beyond that memory is the limit.
     static Spreading overProcessors();

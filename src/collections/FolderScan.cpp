@@ -55,7 +55,7 @@ void FolderScan::listRows() {
 void FolderScan::makeRows() {
     constexpr size_t firstRows = 100;
     constexpr size_t growth = 8;
-    constexpr size_t mostRows = 6400;
+    constexpr size_t maxRows = 6400;
     const QStringList names = pictureFiles(m_request.folder);
     setNames(names);
     clsFileInfo info = m_request.info;
@@ -66,7 +66,7 @@ void FolderScan::makeRows() {
         made.back().number = number;
         if (made.size() < enough && number + 1 < int(names.size()))
             continue;
-        enough = std::min(enough * growth, mostRows);
+        enough = std::min(enough * growth, maxRows);
         passOn(std::exchange(made, {}));
     }
 }

@@ -75,7 +75,7 @@ void startHelpers(std::vector<std::jthread>& helpers, std::size_t count, BandQue
 
 std::vector<Band> bandsOf(int rows, std::int64_t pixels) {
     const Spreading spreading = currentSpreading();
-    const bool isSpread = spreading.threads > 1 && pixels >= spreading.leastPixels;
+    const bool isSpread = spreading.threads > 1 && pixels >= spreading.minPixels;
     const int count = isSpread ? std::clamp(spreading.threads * bandsPerThread, 1, std::max(1, rows)) : 1;
     const auto border = [=](int index) { return int(std::int64_t(rows) * index / count); };
     std::vector<Band> bands;
