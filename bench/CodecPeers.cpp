@@ -18,8 +18,8 @@ namespace tarsel::bench {
 
 namespace {
 
-/// The picture in a file, where `leastSide` is the longer side that is needed at least; 0 for all pixels.
-Picture decodeBare(const QByteArray& file, unsigned leastSide) {
+/// The picture in a file, where `minSide` is the longer side that is needed at least; 0 for all pixels.
+Picture decodeBare(const QByteArray& file, unsigned minSide) {
     jpeg_decompress_struct decoder;
     jpeg_error_mgr errors;
     decoder.err = jpeg_std_error(&errors);
@@ -27,10 +27,10 @@ Picture decodeBare(const QByteArray& file, unsigned leastSide) {
     jpeg_mem_src(&decoder, reinterpret_cast<const unsigned char*>(file.data()), std::size_t(file.size()));
     jpeg_read_header(&decoder, TRUE);
     decoder.out_color_space = JCS_RGB;
-    if (leastSide) {
+    if (minSide) {
         const unsigned side = std::max(decoder.image_width, decoder.image_height);
         decoder.scale_denom = 8;
-        decoder.scale_num = std::clamp((leastSide * 8 + side - 1) / side, 1U, 8U);
+        decoder.scale_num = std::clamp((minSide * 8 + side - 1) / side, 1U, 8U);
         decoder.dct_method = JDCT_IFAST;
         decoder.do_fancy_upsampling = FALSE;
     }

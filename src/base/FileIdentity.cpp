@@ -20,8 +20,8 @@ std::optional<struct stat> statusOf(const QString& path) {
 
 /// The path that a dangling link stands for: writing to the link makes that file.
 QString withoutDanglingLinks(QString path) {
-    constexpr int mostLinks = 40; // as the system follows them
-    for (int i = 0; i < mostLinks; ++i) {
+    constexpr int maxLinks = 40; // as the system follows them
+    for (int i = 0; i < maxLinks; ++i) {
         const QFileInfo link(path);
         if (!link.isSymLink())
             break;

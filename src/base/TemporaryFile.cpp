@@ -86,8 +86,8 @@ TemporaryFile::TemporaryFile(const QByteArray& folder, mode_t mode, const QStrin
 
 /// Between its creation and its lock a file looks abandoned, so the name is checked once it is locked.
 void TemporaryFile::openNamed(mode_t mode) {
-    constexpr int mostNames = 10000;
-    for (int number = 0; m_file < 0 && number < mostNames; ++number) {
+    constexpr int maxNames = 10000;
+    for (int number = 0; m_file < 0 && number < maxNames; ++number) {
         m_name = temporaryName(number);
         m_file = ::openat(m_directory, m_name.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode);
         if (m_file < 0 && errno != EEXIST)

@@ -303,7 +303,7 @@ EmbeddedMetadata gifMetadata(const PictureSource& source, const QString&) {
 }
 
 DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) {
-    constexpr int mostIndexBits = 8;
+    constexpr int maxIndexBits = 8;
     const PictureHeader header = gifHeader(source, name);
     const FileUnderTest file = fileOf(source, name);
     const QByteArray bytes = source.all();
@@ -313,7 +313,7 @@ DecodedPicture decodeGif(const PictureSource& source, const QString& name, int) 
         failDecoding(file, QCoreApplication::translate("GifCodec", "no frame"));
     std::int64_t at = frame->data;
     const int indexBits = reader.byte(at++).value_or(0);
-    if (indexBits < 1 || indexBits > mostIndexBits)
+    if (indexBits < 1 || indexBits > maxIndexBits)
         failDecoding(file, QCoreApplication::translate("GifCodec", "indexes of %1 bits").arg(indexBits));
     const QByteArray data = joinedData(reader, at);
     if (data.isEmpty())

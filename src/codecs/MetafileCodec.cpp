@@ -39,10 +39,10 @@ FileUnderTest fileOf(const PictureSource& source, const QString& name) {
 /// A drawing of more than 50 million pixels, 3.5 square metres, is made smaller in proportion: it has no
 /// pixels of its own that would be lost.
 PixelSize pixelSize(const MetafileHeader& header) {
-    constexpr double mostPixels = 50e6;
-    const double factor = std::min(1.0, std::sqrt(mostPixels / header.width / header.height));
+    constexpr double maxPixels = 50e6;
+    const double factor = std::min(1.0, std::sqrt(maxPixels / header.width / header.height));
     const auto pixels = [&](double length) {
-        return int(std::clamp(std::round(length * factor), 1.0, mostPixels));
+        return int(std::clamp(std::round(length * factor), 1.0, maxPixels));
     };
     return {pixels(header.width), pixels(header.height)};
 }

@@ -48,9 +48,9 @@ constexpr std::uint16_t setWindowOrigin = 0x020B, setWindowExtent = 0x020C;
 /// taken for a twentieth of a point, and in a drawing that would be tiny then for a pixel.
 void readWindow(const ByteReader& reader, MetafileHeader& header) {
     constexpr double unitsPerInch = 1440, tiny = 100;
-    constexpr int mostRecords = 1000;
+    constexpr int maxRecords = 1000;
     std::int64_t at = header.records;
-    for (int i = 0; i < mostRecords; ++i) {
+    for (int i = 0; i < maxRecords; ++i) {
         const std::int64_t size = std::int64_t(reader.dword(at).value_or(0)) * 2;
         const auto number = [&](int offset) {
             return double(std::int16_t(reader.word(at + offset).value_or(0)));

@@ -16,7 +16,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr int mostChannels = 56, mostBits = 32;
+constexpr int maxChannels = 56, maxBits = 32;
 /// A packed run of 128 bytes of 8 pixels takes two bytes.
 constexpr std::int64_t pixelsPerByte = 512;
 
@@ -47,7 +47,7 @@ std::int64_t endOfSection(const PictureSource& source, std::int64_t at, int size
 /// A negative count of layers says that the first channel after the colours is transparency. Files of 16 and
 /// 32 bits have their layers in a tagged block: "8BIM", key, size 32, data.
 bool hasTransparency(const PictureSource& source, const PsdLayout& layout) {
-    constexpr int mostBlocks = 100;
+    constexpr int maxBlocks = 100;
     const int sizeBytes = layout.isLarge ? 8 : 4;
     const std::int64_t layerInfo = layout.layers + sizeBytes;
     const auto isNegative = [&](std::int64_t at) { return std::int16_t(numberAt(source, at, 2)) < 0; };
@@ -56,7 +56,7 @@ bool hasTransparency(const PictureSource& source, const PsdLayout& layout) {
     if (numberAt(source, layerInfo, sizeBytes) >= 2)
         return isNegative(layerInfo + sizeBytes);
     std::int64_t at = endOfSection(source, endOfSection(source, layerInfo, sizeBytes), 4);
-    for (int i = 0; i < mostBlocks && at + 12 <= layout.pixels; ++i) {
+    for (int i = 0; i < maxBlocks && at + 12 <= layout.pixels; ++i) {
         const QByteArray key = source.bytes(at + 4, 4);
         if (key == "Lr16" || key == "Lr32")
             return isNegative(at + 12);
@@ -301,7 +301,7 @@ PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file) 
     layout.height = int(height);
     layout.bits = reader.word(22).value_or(0);
     layout.mode = reader.word(24).value_or(0);
-    if (layout.channels > mostChannels || layout.bits > mostBits)
+    if (layout.channels > maxChannels || layout.bits > maxBits)
         refuseKind(layout, file);
     layout.resources = endOfSection(source, headerSize, 4);
     layout.layers = endOfSection(source, layout.resources, 4);

@@ -93,8 +93,8 @@ TiffLayout checkedLayout(const TiffFile& tiff, const FileUnderTest& file) {
     requirePlausibleSize(file, width, tiff.field<std::uint32_t>(TIFFTAG_IMAGELENGTH),
                          pixelsPerByte(tiff.field<std::uint16_t>(TIFFTAG_COMPRESSION), width));
     const TiffLayout layout = readTiffLayout(tiff);
-    constexpr int mostBits = 64;
-    if (layout.bits > mostBits)
+    constexpr int maxBits = 64;
+    if (layout.bits > maxBits)
         failDecoding(file, QCoreApplication::translate("TiffReader", "samples of %1 bits are not supported")
                                .arg(layout.bits));
     return layout;

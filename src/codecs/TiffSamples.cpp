@@ -16,7 +16,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t mostSamples = 400'000'000;
+constexpr std::int64_t maxSamples = 400'000'000;
 
 template <class Number>
 double loaded(const std::uint8_t* at) {
@@ -83,7 +83,7 @@ public:
                                    .arg(layout.samples)
                                    .arg(layout.bits)
                                    .arg(layout.sampleFormat));
-        if (std::int64_t(layout.width) * layout.height > mostSamples / m_wanted)
+        if (std::int64_t(layout.width) * layout.height > maxSamples / m_wanted)
             failDecoding(file, QCoreApplication::translate("TiffSamples", "too large for samples of %1 bits")
                                    .arg(layout.bits));
     }

@@ -8,6 +8,7 @@
 #include "collections/PictureFiles.h"
 #include "collections/clsFileInfo.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 #include <ranges>
 
@@ -78,10 +79,12 @@ void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
                 return std::nullopt;
             return basketItem(addedBy, row, thumbnail);
         };
+        const auto atEnd = qScopeGuard([&] { // of a run that ends in an error, too
+            m_lists.sbMain.setPanel(
+                addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
+            showCount();
+        });
         fill(int(selected.size()), itemAt, adding, Bar::Shown);
-        m_lists.sbMain.setPanel(
-            addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
-        showCount();
     }
     m_lists.lvPages.selectOnly(-1);
 }
@@ -94,21 +97,27 @@ void Basket::subAddEntryToListView(const QString& path) {
     });
 }
 
-void Basket::addListedFiles(const QStringList& paths) {
+bool Basket::addListedFiles(const QStringList& paths) {
+    bool complete = false;
     addTrapped("subAddEntryToListView", [&](const Adding& adding) {
         TrappingString = QStringLiteral("Opening image list from file!");
         const auto itemAt = [&](int index) {
             const QString& path = paths[index];
             return clsFileInfo::CheckIfFileExists(path) ? std::optional(basketItem(path)) : std::nullopt;
         };
-        fill(int(paths.size()), itemAt, adding, Bar::Shown);
+        complete = fill(int(paths.size()), itemAt, adding, Bar::Shown);
     });
+    return complete;
 }
 
-/// Nothing from `itemAt` for a file that gets no row.
-void Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar) {
+/// Nothing from `itemAt` for a file that gets no row. False after a stop.
+bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar) {
     constexpr int rowsAtOnce = 500; // so that input doesn't wait long
     BasketFilling filling(m_lists, startReading(), claimNumbers(count), count);
+    const auto atEnd = qScopeGuard([&] {
+        for (const QString& path : filling.failed())
+            noteFailed(path);
+    });
     int next = 0;
     const auto placeNext = [&] {
         std::vector<BasketItem> items;
@@ -118,14 +127,13 @@ void Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar 
         filling.place(items);
     };
     while (next < count || !filling.isComplete()) {
-        if (bar == Bar::Shown)
+        if (bar == Bar::Shown && !filling.showsPages())
             m_lists.pbQueue.start(count, next - filling.pending());
         if (!adding.goesOn())
-            break;
+            return false;
         next < count ? placeNext() : filling.complete(visibleRows);
     }
-    for (const QString& path : filling.failed())
-        noteFailed(path);
+    return true;
 }
 
 /// A stopped reading ends when the file in work is done, which may take its time: nobody waits for that.

@@ -32,9 +32,9 @@ enum : int {
 /// The basket: the working set of pictures and pages of documents. A row's Tag is the picture to work on: the
 /// file itself, or the page's own file in the folder Temp.
 ///
-/// Files are read on threads. Rows stand in the list at once and are complete when an adding ends: a file
-/// that can't be read loses its row then, and the row of a document stands after those of its pages until the
-/// last of them is there. Rows that a stop leaves incomplete go.
+/// Files are read on threads. Rows appear at once and are completed as their files are read: a file that
+/// can't be read loses its row, and the row of a document stays after those of its pages until the last of
+/// them has been added. Rows that a stop leaves incomplete are removed.
 class Basket {
     Q_DECLARE_TR_FUNCTIONS(Basket)
 public:
@@ -55,8 +55,9 @@ public:
     void AddToBasketByDrag();
     /// Adds one file by path, as from a basket file. Trapped as "subAddEntryToListView".
     void subAddEntryToListView(const QString& path);
-    /// The same for all files of a basket file; those that are missing are skipped.
-    void addListedFiles(const QStringList& paths);
+    /// The same for all files of a basket file; those that are missing are skipped. False when it ended
+    /// before all were read.
+    bool addListedFiles(const QStringList& paths);
     /// Files that the last adding (of all that was selected, or of all files since the basket was emptied)
     /// could not read.
     const QStringList& LTemp() const { return m_failed; }
@@ -99,7 +100,7 @@ private:
     template <class Body>
     void addTrapped(const char* routine, Body&& body);
     void addSelected(AddedBy addedBy, const Adding& adding);
-    void fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar);
+    bool fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar);
     void renewThumbnails(const Adding& adding);
     void showAgain(int row, const Thumbnail& thumbnail);
     BasketReading& startReading();

@@ -5,6 +5,7 @@
 #include "base/clsFile.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QSet>
 #include <algorithm>
 #include <vector>
@@ -70,11 +71,22 @@ QString pathOfLine(const QString& line, const QString& file, size_t number) {
     return trimmed.mid(1, trimmed.size() - 2);
 }
 
+/// After a stop, which leaves the rows that were complete, of whatever numbers.
+void describeByPath(const std::vector<BasketEntry>& entries, ListView& lvPages) {
+    QHash<QString, QString> descriptions;
+    for (const BasketEntry& entry : entries)
+        descriptions.insert(entry.path, entry.description);
+    for (int row = 0; row < lvPages.count(); ++row)
+        lvPages.setSubItem(row, BasketColumn::Description,
+                           descriptions.value(lvPages.subItem(row, BasketColumn::SourcePath)));
+}
+
 void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, CollectionLists& lists) {
     QStringList paths;
     for (const BasketEntry& entry : entries)
         paths << entry.path;
-    basket.addListedFiles(paths);
+    if (!basket.addListedFiles(paths))
+        return describeByPath(entries, lists.lvPages);
     // Paired by number: after a document or a missing file the description is another row's.
     for (int i = 0; i < std::min(int(entries.size()), lists.lvPages.count()); ++i)
         lists.lvPages.setSubItem(i, BasketColumn::Description, entries[size_t(i)].description);

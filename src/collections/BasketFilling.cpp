@@ -101,6 +101,7 @@ void BasketFilling::complete(const VisibleRows& visibleRows) {
 void BasketFilling::take(BasketReading::Numbered& found) {
     const int row = m_rows.rowOf(found.number);
     BasketContent& content = found.content;
+    m_showsPages = false;
     if (row < 0) {
         deletePageFile(content.pageFile);
         return;
@@ -156,6 +157,7 @@ void BasketFilling::showPage(const BasketSource& source, const BasketContent& pa
     const QString name = drag ? modFileSystem::GetFileTitle(source.fileName) : source.fileName;
     showStatus(source.addedBy, extracting.arg(page.page).arg(page.pages).arg(name));
     m_lists.pbQueue.start(page.pages, page.page);
+    m_showsPages = !page.isLast;
 }
 
 void BasketFilling::showStatus(AddedBy addedBy, const QString& text) {

@@ -35,11 +35,12 @@ public:
     BasketFilling& operator=(const BasketFilling&) = delete;
 
     void place(const std::vector<BasketItem>& items);
-    /// Takes over what has been found, of which there may be nothing yet. Raises the error of a page file
+    /// Takes over what has been found so far, if anything. Raises the error of a page file
     /// that can't be written; of a file in a basket file it is only reported.
     void complete(const VisibleRows& visibleRows);
     bool isComplete() const { return m_rows.isEmpty(); }
     int pending() const { return m_rows.count(); }
+    bool showsPages() const { return m_showsPages; } ///< the bar counts the pages of a document
     /// Files that could not be read, in the order of the items.
     QStringList failed() const;
 
@@ -57,6 +58,7 @@ private:
     std::vector<BasketSource> m_sources; ///< by number
     std::map<int, QString> m_failed;     ///< by number
     std::vector<int> m_ended;            ///< numbers whose rows are to go
+    bool m_showsPages = false;
 };
 
 } // namespace tarsel

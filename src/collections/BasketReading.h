@@ -39,7 +39,7 @@ private:
     const ThumbnailReader m_readThumbnail;
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::map<int, BasketSource> m_sources; ///< of which something is to come
+    std::map<int, BasketSource> m_sources; ///< not yet read to their ends
     std::deque<Numbered> m_found;
     NumberedWork m_work; // last, so that it ends first
 };

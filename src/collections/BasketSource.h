@@ -29,7 +29,7 @@ struct BasketContent {
     Size size;                           ///< of the page
     QString pageFile;                    ///< the page's own file, when it could be read
     std::optional<TrappedError> failure; ///< ends the source
-    bool isLast = true;                  ///< nothing more comes of this source
+    bool isLast = true;                  ///< the last content of this source
 };
 
 /// How the picture of a file is read: loadThumbnail, or what a test puts in its place.

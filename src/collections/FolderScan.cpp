@@ -50,12 +50,12 @@ void FolderScan::listRows() {
     wakeOwner();
 }
 
-/// Rows are passed on in growing numbers: a list pays for each addition by its length, and the first rows are
-/// to be there at once. Not too many, so that no addition holds up the window.
+/// Rows are passed on in growing batches: an addition costs time proportional to the length of the list, and
+/// the first rows should appear at once. Batches are limited so that none of them blocks the window.
 void FolderScan::makeRows() {
     constexpr size_t firstRows = 100;
     constexpr size_t growth = 8;
-    constexpr size_t mostRows = 6400;
+    constexpr size_t maxRows = 6400;
     const QStringList names = pictureFiles(m_request.folder);
     setNames(names);
     clsFileInfo info = m_request.info;
@@ -66,12 +66,12 @@ void FolderScan::makeRows() {
         made.back().number = number;
         if (made.size() < enough && number + 1 < int(names.size()))
             continue;
-        enough = std::min(enough * growth, mostRows);
-        handOn(std::exchange(made, {}));
+        enough = std::min(enough * growth, maxRows);
+        passOn(std::exchange(made, {}));
     }
 }
 
-void FolderScan::handOn(std::vector<ListRow> rows) {
+void FolderScan::passOn(std::vector<ListRow> rows) {
     std::vector<int> numbers;
     for (const ListRow& row : rows)
         numbers.push_back(row.number);

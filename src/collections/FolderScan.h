@@ -62,7 +62,7 @@ public:
 private:
     void listRows();
     void makeRows();
-    void handOn(std::vector<ListRow> rows);
+    void passOn(std::vector<ListRow> rows);
     void takeKnownRows();
     void setNames(const QStringList& names);
     void completeRow(int number);

@@ -10,7 +10,7 @@ namespace tarsel {
 
 namespace {
 
-int mostThreads() {
+int maxThreads() {
     return int(std::clamp(std::thread::hardware_concurrency(), 1u, 4u));
 }
 
@@ -18,7 +18,7 @@ int mostThreads() {
 
 NumberedWork::NumberedWork(std::function<void(int number)> work) : m_work(std::move(work)) {
     try {
-        while (int(m_threads.size()) < mostThreads()) {
+        while (int(m_threads.size()) < maxThreads()) {
             m_threads.emplace_back([this] { run(); });
             const std::lock_guard lock(m_mutex);
             ++m_running;

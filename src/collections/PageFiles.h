@@ -20,7 +20,7 @@ QString rowName(AddedBy addedBy, const QString& fileName);
 /// file.
 QString pageRowName(AddedBy addedBy, const QString& fileName, int page);
 
-/// A number by chance at which the numbers of a document's page files begin. To be called on the main thread.
+/// A random first number for a document's page files. For the main thread only.
 int drawPageFileNumber();
 
 /// Makes an empty file for a page, in the folder Temp, which is made when missing, and returns its path:

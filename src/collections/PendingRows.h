@@ -11,7 +11,7 @@
 namespace tarsel {
 
 /// Rows of a list whose files are still being read, found again by number wherever the user moves them. A row
-/// that goes meanwhile is no longer read.
+/// that is removed in the meantime is no longer read.
 class PendingRows final : public QObject {
     Q_OBJECT
 public:

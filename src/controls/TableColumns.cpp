@@ -60,15 +60,15 @@ void TableColumns::fit() {
     for (int column = 0; column < header->count(); ++column) {
         if (column == m_wideColumn)
             continue;
-        header->resizeSection(column, leastWidth(column));
+        header->resizeSection(column, minWidth(column));
         room -= header->sectionSize(column);
     }
     if (m_wideColumn < header->count())
-        header->resizeSection(m_wideColumn, std::max(room, leastWidth(m_wideColumn)));
+        header->resizeSection(m_wideColumn, std::max(room, minWidth(m_wideColumn)));
 }
 
 /// The names have room for one that can be distinguished from its neighbours, beside the picture of its row.
-int TableColumns::leastWidth(int column) const {
+int TableColumns::minWidth(int column) const {
     const int wanted = scaled(column, width(column));
     if (column > 0 || m_wideColumn != 0)
         return wanted;

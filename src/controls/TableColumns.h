@@ -29,7 +29,7 @@ protected:
 
 private:
     void fit();
-    int leastWidth(int column) const;
+    int minWidth(int column) const;
     int usualPixels(int column) const;
     int scaled(int column, int width) const;
     void takeWidth(int column, int pixels);

@@ -7,8 +7,8 @@
 namespace tarsel {
 
 namespace {
-constexpr int mostLines = 6;
-constexpr int leastCharacters = 20;
+constexpr int maxLines = 6;
+constexpr int minCharacters = 20;
 } // namespace
 
 WrappedText::WrappedText(QWidget* parent) : QPlainTextEdit(parent) {
@@ -25,7 +25,7 @@ WrappedText::WrappedText(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 QSize WrappedText::sizeHint() const {
-    return {leastCharacters * fontMetrics().averageCharWidth(), m_lines * fontMetrics().lineSpacing() + 2};
+    return {minCharacters * fontMetrics().averageCharWidth(), m_lines * fontMetrics().lineSpacing() + 2};
 }
 
 void WrappedText::resizeEvent(QResizeEvent* event) {
@@ -35,7 +35,7 @@ void WrappedText::resizeEvent(QResizeEvent* event) {
 }
 
 void WrappedText::fitHeight() {
-    const int lines = std::clamp(int(document()->size().height()), 1, mostLines);
+    const int lines = std::clamp(int(document()->size().height()), 1, maxLines);
     if (lines == m_lines)
         return;
     m_lines = lines;

@@ -150,10 +150,10 @@ private:
     }
     /// Header 32 bytes with the count of rectangles at 8; rectangles.
     static QPainterPath regionAt(Record r, std::int64_t at) {
-        constexpr std::uint32_t mostRectangles = 100'000;
+        constexpr std::uint32_t maxRectangles = 100'000;
         QPainterPath path;
         path.setFillRule(Qt::WindingFill);
-        const std::uint32_t count = std::min(r.dwordAt(at + 8), mostRectangles);
+        const std::uint32_t count = std::min(r.dwordAt(at + 8), maxRectangles);
         for (std::int64_t i = 0; i < count && at + 48 + 16 * i <= r.size(); ++i)
             path.addRect(box(r, at + 32 + 16 * i).normalized());
         return path;

@@ -67,13 +67,13 @@ QImage packedDibImage(const QByteArray& dib) {
 }
 
 QImage premultipliedDibImage(const QByteArray& header, const QByteArray& bits) {
-    constexpr std::int64_t mostPixels = 100'000'000;
+    constexpr std::int64_t maxPixels = 100'000'000;
     const ByteReader reader(header, ByteOrder::Little);
     const auto width = std::int64_t(std::int32_t(reader.dword(4).value_or(0)));
     const auto signedHeight = std::int64_t(std::int32_t(reader.dword(8).value_or(0)));
     const std::int64_t height = std::abs(signedHeight);
-    const bool isPossible = reader.word(14) == 32 && width > 0 && height > 0 &&
-                            width <= mostPixels / height && bits.size() / 4 / width >= height;
+    const bool isPossible = reader.word(14) == 32 && width > 0 && height > 0 && width <= maxPixels / height &&
+                            bits.size() / 4 / width >= height;
     if (!isPossible)
         return dibImage(header, bits);
     QImage image(int(width), int(height), QImage::Format_ARGB32_Premultiplied);

@@ -142,12 +142,12 @@ private:
 
     /// In the first free place of the table.
     void create(GdiObject object) {
-        constexpr std::size_t mostObjects = 65536;
+        constexpr std::size_t maxObjects = 65536;
         const auto isFree = [](const GdiObject& place) { return place.index() == 0; };
         const auto place = std::ranges::find_if(m_objects, isFree);
         if (place != m_objects.end())
             *place = std::move(object);
-        else if (m_objects.size() < mostObjects)
+        else if (m_objects.size() < maxObjects)
             m_objects.push_back(std::move(object));
     }
     template <class Object>

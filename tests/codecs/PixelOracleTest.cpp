@@ -96,9 +96,9 @@ TEST(PixelOracle, everyPictureOfTheCorpusShowsTheSamePixels) {
             QStringLiteral("bad emf wmf").contains(picture.fact("category"))) // drawings have no pixels
             continue;
         if (path.endsWith(QLatin1String(".wmf")) || path.endsWith(QLatin1String(".emf")))
-            continue;                         // every program draws them in a size and with fonts of its own
-        constexpr int mostPixels = 1'000'000; // larger ones are of the same kinds and take long
-        if (picture.number("width") * picture.number("height") > mostPixels)
+            continue;                        // every program draws them in a size and with fonts of its own
+        constexpr int maxPixels = 1'000'000; // larger ones are of the same kinds and take long
+        if (picture.number("width") * picture.number("height") > maxPixels)
             continue;
         const auto outcome = test::readBytes(test::bytesOf(picture.path), picture.path);
         const QByteArray expected = oraclePixels(picture.path);

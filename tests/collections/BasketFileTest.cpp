@@ -96,6 +96,19 @@ TEST_F(BasketFileTest, FilesThatHaveMovedAreSkippedAndDescriptionsArePairedByLin
     EXPECT_TRUE(desktop.messages.empty());
 }
 
+TEST_F(BasketFileTest, AStopLeavesNoDescriptionWithAnotherPicture) {
+    makePictures({"a.png", "b.png"});
+    Basket pages = basket();
+    HeldReader reader(pages, "a.png");
+    when([&] { return reader.hasBegun() && completeRows() == 1; }, [&] { pages.stopAdding(); });
+    fncOpenImageBasket(writtenList("l.ibd", QStringLiteral("\"%1\",\"first\"\r\n\"%2\",\"second\"\r\n")
+                                                .arg(picture("a.png"), picture("b.png"))),
+                       pages, lists);
+    reader.release();
+    EXPECT_EQ(texts(lvPages), "b.png");
+    EXPECT_EQ(column(lvPages, BasketColumn::Description), "second");
+}
+
 TEST_F(BasketFileTest, OpeningReplacesTheBasketAndKeepsItsPageFiles) {
     const QString line = QStringLiteral("\"%1\"\r\n").arg(picture(inAnyScript));
     const std::tuple<const char*, QString, int> cases[] = {

@@ -113,7 +113,11 @@ TEST_F(BasketTest, EachWayOfAddingSplitsADocumentIntoPagesWithItsOwnSpelling) {
     makeScan();
     listAndSelectAll();
     // Read once for all its pages.
-    whenRowsAre(2, [&] { QFile::rename(picture("scan.tif"), picture("moved")); });
+    whenRowsAre(2, [&] {
+        QFile::rename(picture("scan.tif"), picture("moved"));
+        EXPECT_EQ(progress.maximum, 3) << "the bar counts pages";
+        EXPECT_EQ(progress.value, 1);
+    });
     basket().cmdAddToQueue_Click();
     QFile::rename(picture("moved"), picture("scan.tif"));
     EXPECT_EQ(texts(lvPages), "scan1 scan2 scan3");
@@ -151,11 +155,15 @@ TEST_F(BasketTest, APageThatCannotBeReadIsSkippedAndOneThatCannotBeWrittenIsRepo
     EXPECT_EQ(pages.LTemp(), QStringList{picture("scan.tif")});
     EXPECT_EQ(pageFiles().size(), 2);
     pages.empty();
+    listAndSelectAll();
     QDir(settings.programFolder).removeRecursively();
     writeBytes(settings.programFolder, "a file where the folder should be");
     pages.subAddEntryToListView(picture("scan.tif"));
     EXPECT_EQ(takeReport().ErrRoutine, QStringLiteral("subAddEntryToListView"));
     EXPECT_EQ(lvPages.count(), 0);
+    pages.cmdAddToQueue_Click();
+    takeReport();
+    EXPECT_EQ(panel("status") + '|' + panel("queue"), "|0 file(s) in basket");
 }
 
 TEST_F(BasketTest, FilesThatCannotBeReadAreRememberedAndGetNoRow) {

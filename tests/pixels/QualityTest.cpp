@@ -23,7 +23,7 @@ using namespace tarsel::test;
 
 namespace {
 
-constexpr double leastPsnr = 50; // decibels
+constexpr double minPsnr = 50; // decibels
 
 /// Colours times alpha / 255, and alpha.
 using Pixel = std::array<double, 4>;
@@ -190,26 +190,25 @@ TEST(Quality, OfEveryOperationThatMixesPixelsIsFiftyDecibels) {
             const Picture picture = noisePicture(width, height, channels);
             const Exact source(picture);
             // Of a handful of pixels, one that rounds the other way weighs more.
-            const double leastOfBlur = width * height < 1000 ? 47 : leastPsnr;
+            const double minOfBlur = width * height < 1000 ? 47 : minPsnr;
             for (int level = 1; level <= 10; ++level) {
                 const Picture blurred = changed(picture, [&](auto s, auto t) { gaussianBlur(s, t, level); });
-                EXPECT_GE(psnr(blurred, exactBlur(source, level)), leastOfBlur) << "blur " << level;
+                EXPECT_GE(psnr(blurred, exactBlur(source, level)), minOfBlur) << "blur " << level;
                 const Picture sharper = changed(picture, [&](auto s, auto t) { sharpen(s, t, level); });
-                EXPECT_GE(psnr(sharper, exactSharpen(source, level)), leastPsnr) << "sharpen " << level;
+                EXPECT_GE(psnr(sharper, exactSharpen(source, level)), minPsnr) << "sharpen " << level;
             }
             for (const double degrees : {0.3, 7.0, 45.0, 89.5, 100.0, 181.0, 301.5, -30.0}) {
                 const Picture turned = rotate(picture, degrees, true, background);
                 const Exact exact =
                     exactRotation(source, degrees, turned.width(), turned.height(), background);
-                EXPECT_GE(psnr(turned, exact), leastPsnr) << "rotate " << degrees;
+                EXPECT_GE(psnr(turned, exact), minPsnr) << "rotate " << degrees;
             }
             for (const int layerChannels : {3, 4})
                 for (const double transparency : {0.0, 1.0, 50.0, 80.5, 99.0}) {
                     const Picture layer = noisePicture(width, height, layerChannels, 2);
                     Picture merged = picture;
                     merge(merged.edit(), layer.view(), {MergePlace::At, 0, 0, {}, transparency});
-                    EXPECT_GE(psnr(merged, exactMerge(source, Exact(layer), 1 - transparency / 100)),
-                              leastPsnr)
+                    EXPECT_GE(psnr(merged, exactMerge(source, Exact(layer), 1 - transparency / 100)), minPsnr)
                         << "merge " << 8 * layerChannels << " bits at " << transparency << " %";
                 }
         }
@@ -229,7 +228,7 @@ TEST(Quality, OfResizingIsFiftyDecibelsUpAndDown) {
                                    {16, 9}}) {
             Picture result(w, h, channels);
             resizeSmooth(picture.view(), result.edit());
-            EXPECT_GE(psnr(result, exactResize(Exact(picture), w, h)), leastPsnr) << w << " x " << h;
+            EXPECT_GE(psnr(result, exactResize(Exact(picture), w, h)), minPsnr) << w << " x " << h;
         }
     }
 }

@@ -36,9 +36,9 @@ public:
                 m_work(m_bands[i]);
             }
         } catch (const TrappedError& error) {
-            give(error);
+            reportFailure(error);
         } catch (const std::bad_alloc&) {
-            give({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)});
+            reportFailure({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)});
         }
     }
 
@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    void give(const TrappedError& error) {
+    void reportFailure(const TrappedError& error) {
         m_next = m_bands.size();
         const std::lock_guard lock(m_mutex);
         if (!m_failure)
@@ -67,7 +67,7 @@ void startHelpers(std::vector<std::jthread>& helpers, std::size_t count, BandQue
     try {
         while (helpers.size() < count)
             helpers.emplace_back([&queue] { queue.run(); });
-    } catch (const std::system_error&) { // the threads that there are do all of the work
+    } catch (const std::system_error&) { // the threads that have started do all of the work
     }
 }
 
@@ -75,7 +75,7 @@ void startHelpers(std::vector<std::jthread>& helpers, std::size_t count, BandQue
 
 std::vector<Band> bandsOf(int rows, std::int64_t pixels) {
     const Spreading spreading = currentSpreading();
-    const bool isSpread = spreading.threads > 1 && pixels >= spreading.leastPixels;
+    const bool isSpread = spreading.threads > 1 && pixels >= spreading.minPixels;
     const int count = isSpread ? std::clamp(spreading.threads * bandsPerThread, 1, std::max(1, rows)) : 1;
     const auto border = [=](int index) { return int(std::int64_t(rows) * index / count); };
     std::vector<Band> bands;

@@ -20,10 +20,9 @@ struct Band {
 std::vector<Band> bandsOf(int rows, std::int64_t pixels);
 
 /// Calls `work` for each band, on several threads where there are several bands, or on fewer when no thread
-/// can be started. `work` writes only what belongs to its band; it does the same for a band wherever the
-/// borders are, so that the number of threads makes no difference. An error of a band is raised after the
-/// last thread has ended; so is error 18 once a stop was requested, which is asked for before each band. The
-/// target is then written in part.
+/// can be started. `work` writes only to its band, and its result must not depend on where the borders are:
+/// the number of threads changes nothing. An error of a band is raised after the last thread has ended, and
+/// so is error 18 after a stop, which is checked before each band. The target is then partly written.
 void forBands(const std::vector<Band>& bands, const std::function<void(const Band&)>& work);
 
 inline std::int64_t pixelCount(ConstPixelView view) {

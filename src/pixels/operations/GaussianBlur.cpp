@@ -198,14 +198,14 @@ void blurDirectly(ConstPixelView source, PixelView target, double deviation, boo
 
 /// A blur in two steps: two bell curves in turn make one whose squared deviation is the sum of theirs. The
 /// first is computed only at every `factor`th place: of the finest detail that this can't represent, less
-/// than 1/1000 passes a curve whose deviation is `leastShare` of the distance.
+/// than 1/1000 passes a curve whose deviation is `minShare` of the distance.
 struct ReducedBlur {
-    static constexpr double leastShare = 0.585;
+    static constexpr double minShare = 0.585;
     double deviation = 1; ///< of each step, in pixels of the picture
     int factor = 1;
 
     explicit ReducedBlur(double blurDeviation) :
-        deviation(blurDeviation / std::numbers::sqrt2), factor(int(deviation / leastShare)) {}
+        deviation(blurDeviation / std::numbers::sqrt2), factor(int(deviation / minShare)) {}
 
     double radius() const { return 3.3 * deviation; }
     /// Places beyond each end that the second step needs.

@@ -15,10 +15,10 @@ namespace {
 
 /// The least reduction that a strong one leaves to the filter, after exact means have done the first part:
 /// means with six times the pixels of the result are as good to the filter as all pixels.
-constexpr int leastReduction = 6;
+constexpr int minReduction = 6;
 
 int firstFactor(int sourceLength, int targetLength) {
-    return std::clamp(sourceLength / (leastReduction * targetLength), 1, largestAreaFactor);
+    return std::clamp(sourceLength / (minReduction * targetLength), 1, largestAreaFactor);
 }
 
 void filter(ConstPixelView source, PixelView target, bool transparent) {

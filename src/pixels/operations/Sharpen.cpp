@@ -52,8 +52,8 @@ TARSEL_INLINED void addDetail(const std::uint8_t* __restrict in, const std::uint
 
 TARSEL_VECTORISED void sharpenRow(const ThreeRows& rows, std::uint8_t* out, int size, int channels,
                                   std::int16_t factor) {
-    constexpr int mostChannels = 4;
-    std::uint16_t sums[blockLength + 2 * mostChannels];
+    constexpr int maxChannels = 4;
+    std::uint16_t sums[blockLength + 2 * maxChannels];
     for (int at = 0; at < size; at += blockLength) {
         const int count = std::min(blockLength, size - at);
         prefetchBytes(rows.next + at, count);
