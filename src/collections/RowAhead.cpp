@@ -24,13 +24,13 @@ bool ranOutOfMemory(const std::optional<TrappedError>& failure) {
 }
 
 /// By its header; a file that has none that can be read needs no memory either.
-bool claimsMorePixels(const QString& path, std::int64_t most, const std::stop_token& stop) {
+bool claimsMorePixels(const QString& path, std::int64_t max, const std::stop_token& stop) {
     std::int64_t claimed = 0;
     const bool isKnown = ignoringErrors([&] {
         const PictureHeader header = PictureFile(path).header(stop);
         claimed = std::int64_t(header.width) * header.height;
     });
-    return isKnown && claimed > most;
+    return isKnown && claimed > max;
 }
 
 template <class Value>
@@ -55,7 +55,7 @@ struct RowAhead::Load {
     Load(int ofRow, QString file) : row(ofRow), path(std::move(file)), stamp(FileStamp::of(path)) {}
     /// With an error 7 for a picture that is too large for others to be there.
     void runBesideOthers(const Rules& rules, const std::stop_token& stop) {
-        if (!claimsMorePixels(path, rules.mostPixels, stop))
+        if (!claimsMorePixels(path, rules.maxPixels, stop))
             return run(rules, stop);
         Result tooLarge;
         tooLarge.failure = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory), {}};

@@ -42,7 +42,7 @@ public:
         int pageNumber = 1;
         std::stop_token stop; ///< ends loads with error 18
         /// A picture that claims to have more is worked on with no other one in memory.
-        std::int64_t mostPixels = largestPicture() / picturesHeld;
+        std::int64_t maxPixels = largestPicture() / picturesHeld;
     };
 
     explicit RowAhead(Rules rules);

@@ -195,15 +195,15 @@ TEST(ReadAhead, APictureTooLargeForOthersBesideItIsDoneAlone) {
     for (const char* name : {"a.jpg", "b.jpg"})
         basket.addPicture(name, 40, 20);
     const auto pathOf = [&](int row) { return basket.pages.row(row - 1).tag; };
-    for (const std::int64_t mostPixels : {799, 800}) {
-        RowAhead ahead({.stop = {}, .mostPixels = mostPixels});
+    for (const std::int64_t maxPixels : {799, 800}) {
+        RowAhead ahead({.stop = {}, .maxPixels = maxPixels});
         ahead.load(1, pathOf(1));
         ahead.load(2, pathOf(2));
         for (const int row : {1, 2}) {
             int loads = 0;
             const PreparedRow done = ahead.take(row, pathOf(row), {}, {}, [&] { ++loads; });
             EXPECT_EQ(done.box.Width(), 40);
-            EXPECT_EQ(loads, mostPixels < 800 ? 2 : 1) << "in vain beside the other one, then alone";
+            EXPECT_EQ(loads, maxPixels < 800 ? 2 : 1) << "in vain beside the other one, then alone";
         }
     }
 }
