@@ -68,6 +68,7 @@ void Basket::AddToBasketByDrag() {
 void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
+    m_lists.lvPages.selectOnly(-1); // not at the end: the user selects rows while files are read
     const ListView& folder = m_lists.lvFolder;
     if (!folder.isEmpty()) {
         std::vector<std::pair<ListRow, Picture>> selected;
@@ -82,11 +83,11 @@ void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
         const auto atEnd = qScopeGuard([&] { // of a run that ends in an error, too
             m_lists.sbMain.setPanel(
                 addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
-            showCount();
+            if (!m_stopAdding || !m_lists.lvPages.isEmpty()) // else a new basket was begun
+                showCount();
         });
         fill(int(selected.size()), itemAt, adding, Bar::Shown);
     }
-    m_lists.lvPages.selectOnly(-1);
 }
 
 void Basket::subAddEntryToListView(const QString& path) {

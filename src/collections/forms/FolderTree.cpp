@@ -23,11 +23,14 @@ QString nearestFolder(const QString& path) {
     return folder;
 }
 
-/// Our own folder for every folder, whatever icon theme the desktop has.
+/// Our own folder for every folder, whatever icon theme the desktop has. The type is one word for all: the
+/// default looks up the MIME type of each file, on the window's thread, whenever something changes in an
+/// expanded folder. An empty one would make the model treat its nodes as unknown.
 class FolderIcons final : public QAbstractFileIconProvider {
 public:
     QIcon icon(IconType) const override { return m_folder; }
     QIcon icon(const QFileInfo&) const override { return m_folder; }
+    QString type(const QFileInfo&) const override { return QStringLiteral("Folder"); }
 
 private:
     QIcon m_folder = lineIcon(QStringLiteral("folder"));
