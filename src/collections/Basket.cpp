@@ -8,6 +8,7 @@
 #include "collections/PictureFiles.h"
 #include "collections/clsFileInfo.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 #include <ranges>
 
@@ -109,6 +110,10 @@ void Basket::addListedFiles(const QStringList& paths) {
 void Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar) {
     constexpr int rowsAtOnce = 500; // so that input doesn't wait long
     BasketFilling filling(m_lists, startReading(), claimNumbers(count), count);
+    const auto noteFailures = qScopeGuard([&] { // after an error too
+        for (const QString& path : filling.failed())
+            noteFailed(path);
+    });
     int next = 0;
     const auto placeNext = [&] {
         std::vector<BasketItem> items;
@@ -124,8 +129,6 @@ void Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar 
             break;
         next < count ? placeNext() : filling.complete(visibleRows);
     }
-    for (const QString& path : filling.failed())
-        noteFailed(path);
 }
 
 /// A stopped reading ends when the file in work is done, which may take its time: nobody waits for that.
