@@ -92,20 +92,33 @@ void BasketWorkspace::openBasketFile(const QString& path) {
     if (!modSaveOpenImageList::fncOpenImageBasket(path, m_basket, m_lists))
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("CommandLine", "%1: not a readable basket file").arg(path));
-    m_missing = m_basket.LTemp();
-    const QSet<QString> sources = sourcesOf(m_workspace.lvPages);
+    QStringList paths;
     for (const auto& entry : entries)
-        if (!sources.contains(entry.path) && !m_missing.contains(entry.path))
-            m_missing << entry.path;
+        paths << entry.path;
+    noteMissing(paths);
 }
 
 void BasketWorkspace::addPictures(const QStringList& paths) {
+    QStringList absolute;
     for (const QString& path : paths) {
         prepareFor(path);
-        m_workspace.lvFolder.add(folderRow(absolutePath(path)));
+        absolute << absolutePath(path);
+        m_workspace.lvFolder.add(folderRow(absolute.last()));
     }
     m_basket.cmdAddToQueue_Click();
+    noteMissing(absolute);
+}
+
+/// An error ends the adding: what has no row then is missing too.
+void BasketWorkspace::noteMissing(const QStringList& paths) {
     m_missing = m_basket.LTemp();
+    QSet<QString> known = sourcesOf(m_workspace.lvPages);
+    known += QSet<QString>(m_missing.begin(), m_missing.end());
+    for (const QString& path : paths)
+        if (!known.contains(path)) {
+            known.insert(path);
+            m_missing << path;
+        }
 }
 
 } // namespace tarsel::cli

@@ -28,6 +28,7 @@ public:
 
 private:
     void openBasketFile(const QString& path);
+    void noteMissing(const QStringList& paths);
     void addPictures(const QStringList& paths);
     void prepareFor(const QString& path);
 

@@ -3,16 +3,21 @@
 
 #include "base/FileIdentity.h"
 #include "base/TrappedError.h"
+#include "imaging/ImageBox.h"
 #include "output/SourceGuard.h"
 
 namespace tarsel::cli {
 
-/// A damaged picture (`damage` says how) must not be saved over its own file, of which the unread rest would
-/// be lost: error 481 then.
+/// A picture that was read only in part must not be saved over its own file, of which the rest would be lost:
+/// one that is damaged (`damage` says how), or one page of several. Error 481 then.
 inline void requireAllToReplace(const QString& damage, const QString& source, const QString& target) {
-    if (!damage.isEmpty() && FileIdentity::of(source) == FileIdentity::of(target))
+    if (FileIdentity::of(source) != FileIdentity::of(target))
+        return;
+    if (!damage.isEmpty())
         throw TrappedError{ErrorNumber::InvalidPicture,
                            readInPartText(target) + QStringLiteral("; ") + damage};
+    if (ImageBox::PageCount(source) > 1)
+        throw TrappedError{ErrorNumber::InvalidPicture, readInPartText(target)};
 }
 
 } // namespace tarsel::cli

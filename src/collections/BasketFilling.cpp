@@ -142,6 +142,7 @@ void BasketFilling::takePage(int row, const BasketSource& source, const BasketCo
 }
 
 void BasketFilling::takeFailure(int number, const BasketSource& source, const TrappedError& failure) {
+    m_failed.emplace(number, source.path);
     if (source.addedBy != AddedBy::BasketFile)
         throw failure;
     std::ignore = trap("subAddEntryToListView", [&] { throw failure; });

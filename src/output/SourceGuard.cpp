@@ -40,8 +40,7 @@ QString freeNameBeside(const QString& path) {
 } // namespace
 
 QString readInPartText(const QString& path) {
-    return translated(QT_TRANSLATE_NOOP("SourceGuard",
-                                        "%1 was not replaced: it is damaged and could be read only in part"))
+    return translated(QT_TRANSLATE_NOOP("SourceGuard", "%1 was not replaced: it could be read only in part"))
         .arg(path);
 }
 
