@@ -67,7 +67,7 @@ public:
     EmbeddedMetadata metadata() const {
         EmbeddedMetadata metadata = metadataOfSegments(m_jpeg);
         metadata.resolution = resolution();
-        return metadata;
+        return hasInks() ? withoutRgbProfile(std::move(metadata)) : metadata;
     }
     PixelSize size() const { return {int(m_jpeg.image_width), int(m_jpeg.image_height)}; }
 
@@ -87,12 +87,11 @@ public:
     }
 
     Picture decode(const QByteArray& iccProfile) {
-        const bool cmyk = m_jpeg.jpeg_color_space == JCS_CMYK || m_jpeg.jpeg_color_space == JCS_YCCK;
-        m_jpeg.out_color_space = cmyk ? JCS_CMYK : JCS_RGB;
+        m_jpeg.out_color_space = hasInks() ? JCS_CMYK : JCS_RGB;
         guard(start);
         Picture picture(int(m_jpeg.output_width), int(m_jpeg.output_height), 3);
         m_target = picture.edit();
-        if (cmyk)
+        if (hasInks())
             readCmykRows(iccProfile);
         else
             guard(readRows);
@@ -107,6 +106,9 @@ public:
     }
 
 private:
+    bool hasInks() const {
+        return m_jpeg.jpeg_color_space == JCS_CMYK || m_jpeg.jpeg_color_space == JCS_YCCK;
+    }
     Resolution resolution() const {
         const double perUnit = m_jpeg.density_unit == 2 ? 2.54 : m_jpeg.density_unit == 1 ? 1 : 0;
         return {m_jpeg.X_density * perUnit, m_jpeg.Y_density * perUnit};
