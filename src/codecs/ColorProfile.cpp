@@ -39,6 +39,12 @@ EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata) {
     return metadata;
 }
 
+EmbeddedMetadata withoutRgbProfile(EmbeddedMetadata metadata) {
+    if (isRgbProfile(metadata.iccProfile))
+        metadata.iccProfile.clear();
+    return metadata;
+}
+
 namespace {
 
 Profile openProfile(const QByteArray& iccProfile, const char* colorSpace) {

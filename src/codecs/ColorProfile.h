@@ -52,6 +52,10 @@ QByteArray calibratedProfile(const Chromaticities& places, double gamma);
 /// The blocks without a profile that is for other pixels than red, green and blue.
 EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata);
 
+/// For inks and L*a*b*, which become sRGB: a profile of red, green and blue that such a file holds by mistake
+/// must not reach the result.
+EmbeddedMetadata withoutRgbProfile(EmbeddedMetadata metadata);
+
 /// Turns rows of cyan, magenta, yellow and black (0 no ink, 255 full) into sRGB: by the embedded profile
 /// where there is a usable one, else by red = (255 - cyan) (255 - black) / 255, and so on.
 class CmykConversion {

@@ -23,12 +23,19 @@ constexpr std::int64_t pixelsPerByte = 1000;
 /// Coefficients of a progressive picture are held in memory; beyond this the file is refused.
 constexpr long memoryLimit = long(2) << 30;
 /// A crafted file repeats scans over a large picture to keep its reader busy; honest ones have some ten.
-constexpr int maxScans = 500;
+constexpr std::int64_t fewScans = 30;
+constexpr std::int64_t manyScans = 500;
+constexpr std::int64_t pixelsOfAllScans = 5'000'000'000; // empty scans over so many take some two seconds
 /// An extended XMP packet of 300 MB, or as many comments.
 constexpr int maxSegments = 5000;
 constexpr int rowsAtOnce = 16;
 
 enum class Purpose { Header, Picture };
+
+std::int64_t maxScans(const jpeg_decompress_struct& jpeg) {
+    const std::int64_t pixels = std::int64_t(jpeg.image_width) * jpeg.image_height;
+    return std::clamp(pixelsOfAllScans / std::max<std::int64_t>(pixels, 1), fewScans, manyScans);
+}
 
 class JpegReader {
 public:
@@ -60,7 +67,7 @@ public:
     EmbeddedMetadata metadata() const {
         EmbeddedMetadata metadata = metadataOfSegments(m_jpeg);
         metadata.resolution = resolution();
-        return metadata;
+        return hasInks() ? withoutRgbProfile(std::move(metadata)) : metadata;
     }
     PixelSize size() const { return {int(m_jpeg.image_width), int(m_jpeg.image_height)}; }
 
@@ -80,12 +87,11 @@ public:
     }
 
     Picture decode(const QByteArray& iccProfile) {
-        const bool cmyk = m_jpeg.jpeg_color_space == JCS_CMYK || m_jpeg.jpeg_color_space == JCS_YCCK;
-        m_jpeg.out_color_space = cmyk ? JCS_CMYK : JCS_RGB;
+        m_jpeg.out_color_space = hasInks() ? JCS_CMYK : JCS_RGB;
         guard(start);
         Picture picture(int(m_jpeg.output_width), int(m_jpeg.output_height), 3);
         m_target = picture.edit();
-        if (cmyk)
+        if (hasInks())
             readCmykRows(iccProfile);
         else
             guard(readRows);
@@ -100,6 +106,9 @@ public:
     }
 
 private:
+    bool hasInks() const {
+        return m_jpeg.jpeg_color_space == JCS_CMYK || m_jpeg.jpeg_color_space == JCS_YCCK;
+    }
     Resolution resolution() const {
         const double perUnit = m_jpeg.density_unit == 2 ? 2.54 : m_jpeg.density_unit == 1 ? 1 : 0;
         return {m_jpeg.X_density * perUnit, m_jpeg.Y_density * perUnit};
@@ -129,7 +138,7 @@ private:
     static void watch(j_common_ptr common) {
         auto jpeg = reinterpret_cast<j_decompress_ptr>(common);
         auto& reader = *static_cast<JpegReader*>(common->client_data);
-        if (jpeg->input_scan_number > maxScans)
+        if (jpeg->input_scan_number > maxScans(*jpeg))
             reader.m_errors.giveUp("too many scans");
         if (currentStop().stop_requested())
             reader.m_errors.giveUp("stopped"); // guard says so

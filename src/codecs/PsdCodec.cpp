@@ -69,8 +69,11 @@ EmbeddedMetadata psdMetadata(const PictureSource& source, const QString& name) {
 
 DecodedPicture decodePsd(const PictureSource& source, const QString& name, int) {
     const FileUnderTest file = fileOf(source, name);
-    const ResourceBlocks resources = resourcesOf(source, readPsdLayout(source, file));
+    const PsdLayout layout = readPsdLayout(source, file);
+    const ResourceBlocks resources = resourcesOf(source, layout);
     EmbeddedMetadata metadata = blocksOf(resources);
+    if (isInksOrLab(layout))
+        metadata = withoutRgbProfile(std::move(metadata));
     PsdPicture psd = readPsd(source, file, metadata.iccProfile);
     applyGrayProfile(psd.picture, metadata.iccProfile);
     if (psd.damage.isEmpty() && lacksMergedPicture(resources))

@@ -309,6 +309,10 @@ PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file) 
     return layout;
 }
 
+bool isInksOrLab(const PsdLayout& layout) {
+    return layout.mode == Cmyk || layout.mode == Multichannel || layout.mode == Lab;
+}
+
 PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const QByteArray& iccProfile) {
     const PsdLayout layout = readPsdLayout(source, file);
     requireKnownKind(layout, file);

@@ -23,6 +23,8 @@ struct PsdLayout {
 /// Error 0x8000FFFF for a size that makes no sense.
 PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file);
 
+bool isInksOrLab(const PsdLayout& layout);
+
 struct PsdPicture {
     Picture picture;
     QString damage; ///< empty when every row was read

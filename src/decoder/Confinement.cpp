@@ -6,10 +6,12 @@
 #include <cerrno>
 #include <csignal>
 #include <initializer_list>
+#include <linux/capability.h>
 #include <seccomp.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tarsel::decoder {
@@ -82,6 +84,12 @@ bool limitSystemCalls() {
 }
 
 } // namespace
+
+bool dropCapabilities() {
+    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
+    return ::syscall(SYS_capset, &header, none) == 0;
+}
 
 bool endWithParent() {
     return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0;

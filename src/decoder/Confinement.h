@@ -5,6 +5,10 @@
 
 namespace tarsel::decoder {
 
+/// What an administrator's process may do beyond its files. Threads that are started later have none either.
+/// False where that can't be done.
+bool dropCapabilities();
+
 /// The process is killed when its parent ends. False when the kernel can't do that.
 bool endWithParent();
 

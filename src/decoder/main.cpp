@@ -73,8 +73,10 @@ int run(std::uint32_t missingLocks) {
 
 int main() {
     // First of all: fonts take a while to load, and nobody may be there any more when they are.
-    const std::uint32_t missingLocks =
-        tarsel::decoder::endWithParent() ? 0U : std::uint32_t(tarsel::ParentLock);
+    std::uint32_t missingLocks =
+        tarsel::decoder::dropCapabilities() ? 0U : std::uint32_t(tarsel::PrivilegesLock);
+    if (!tarsel::decoder::endWithParent())
+        missingLocks |= tarsel::ParentLock;
     if (tarsel::decoder::isAlone())
         return 0;
     // An arena for each thread is trimmed after a look at /proc, where a locked process may not look.

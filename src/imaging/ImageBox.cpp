@@ -131,7 +131,7 @@ void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
 }
 
 void ImageBox::TakeLoaded(ImageBox&& loaded) {
-    m_picture = std::move(loaded.m_picture);
+    pictureToChange() = std::move(loaded.m_picture);
     m_metadata = std::move(loaded.m_metadata);
     m_loadDamage = std::move(loaded.m_loadDamage);
     m_loadFailed = loaded.m_loadFailed;

@@ -320,10 +320,11 @@ void clsImageHeaderInfo::ReadGIF_BMP_Header(const QString& path, const std::stop
 bool clsImageHeaderInfo::ReadJPEG_TIFF_PNG_Header(const QString& path, const std::stop_token& stop) {
     const StopScope scope(stop);
     raiseIfStopped();
-    Descriptor file = openedRegular(path);
-    if (!file.isOpen() && ::access(QFile::encodeName(path).constData(), F_OK) != 0)
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0 || !S_ISREG(status.st_mode))
         return false;
     *this = {};
+    Descriptor file = openedRegular(path);
     if (!file.isOpen())
         return false;
     Walk walk(*this, std::move(file));
