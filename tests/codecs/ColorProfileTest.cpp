@@ -80,6 +80,7 @@ TEST_F(Profiles, wideColoursAreShownInSRgbAndSavedAsTheyWere) {
 TEST_F(Profiles, aPngWithGammaOrPrimariesIsShownByThem) {
     const QByteArray linear("\0\0\0\4gAMA\0\1\x86\xA0\x31\xE8\x96\x5F", 16);
     const QByteArray usual("\0\0\0\4gAMA\0\0\xB1\x8F\x0B\xFC\x61\5", 16);
+    const QByteArray sRgb("\0\0\0\1sRGB\0\xAE\xCE\x1C\xE9", 13);
     const QByteArray wide = QByteArray::fromHex("000000206348524d00007a26000080840000fa0000008"
                                                 "0e8000052080001155800003a9800001770dc49d778");
     const struct {
@@ -87,6 +88,7 @@ TEST_F(Profiles, aPngWithGammaOrPrimariesIsShownByThem) {
         Rgb stored, shown;
     } cases[] = {{linear, {128, 128, 128}, {188, 188, 188}}, // half the light
                  {usual, Green, Green},
+                 {sRgb + linear, Green, Green},
                  {usual + wide, Green, {123, 200, 92}}, // by the matrices of both spaces
                  {wide, Green, {123, 200, 92}}};
     constexpr qsizetype afterHeader = 33;
