@@ -259,6 +259,14 @@ TEST_F(SafeWriter, AFileThatAppearsUnderANewNameStaysWhateverTheFileSystemCanDo)
         expectOnly("b.jpg", "new");
         EXPECT_TRUE(QFile::remove(in("b.jpg")));
     }
+    EXPECT_EQ(test::inChild([&] {
+                  test::refuseUnnamedFiles();
+                  test::failSystemCall(SYS_renameat2, ENOSPC);
+                  return errorNumberOf([&] { writeNewFileSafely(in("c.jpg"), "new"); });
+              }),
+              ErrorNumber::DiskFull)
+        << "not as if the name was taken";
+    EXPECT_EQ(everything(), QStringList());
 }
 
 TEST_F(SafeWriter, ReadingReportsWhatIsWrong) {

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace tarsel;
@@ -34,6 +35,10 @@ TEST_F(Scratch, AFolderOfADeadProcessGoesAndWhateverElseIsThereStays) {
     ASSERT_TRUE(QDir().mkdir(mine));
     QFile::setPermissions(mine, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     write(mine + QStringLiteral("/a.jpg"));
+    const QString open = place.filePath(QStringLiteral("tarsel-run-open"));
+    ASSERT_TRUE(QDir().mkdir(open));
+    write(open + QStringLiteral("/.tarsel-run.lock"));
+    ASSERT_EQ(::chmod(QFile::encodeName(open).constData(), 0755), 0);
     const ScratchFolder living;
     EXPECT_EQ(test::inChild([&]() -> int {
                   const ScratchFolder dead;
@@ -44,15 +49,15 @@ TEST_F(Scratch, AFolderOfADeadProcessGoesAndWhateverElseIsThereStays) {
                   ::_exit(0); // without destructors, as if it was killed
               }),
               0);
-    ASSERT_EQ(folders().size(), 4);
+    ASSERT_EQ(folders().size(), 5);
     ScratchFolder::removeAbandoned();
     EXPECT_FALSE(QFile::exists(place.filePath(QStringLiteral("tarsel-run-link")))) << "dangles";
-    EXPECT_EQ(folders().size(), 2) << folders().join(QLatin1Char(' ')).toStdString();
+    EXPECT_EQ(folders().size(), 3) << folders().join(QLatin1Char(' ')).toStdString();
     EXPECT_TRUE(QFile::exists(mine + QStringLiteral("/a.jpg")));
     EXPECT_TRUE(QDir(living.path()).exists());
     {
         const ScratchFolder ended;
-        EXPECT_EQ(folders().size(), 3);
+        EXPECT_EQ(folders().size(), 4);
     }
-    EXPECT_EQ(folders().size(), 2);
+    EXPECT_EQ(folders().size(), 3);
 }
