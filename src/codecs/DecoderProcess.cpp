@@ -174,7 +174,7 @@ void DecoderProcess::logMissingLocks(std::uint32_t locks) {
         return;
     m_isNewChild = false;
     const std::pair<DecoderLock, const char*> names[] = {
-        {SystemCallsLock, "list of system calls"}, {PrivilegesLock, "no new privileges"},
+        {SystemCallsLock, "list of system calls"}, {PrivilegesLock, "privileges"},
         {ParentLock, "end with the parent"},       {LimitsLock, "resource limits"},
         {DescriptorsLock, "no other descriptors"},
     };

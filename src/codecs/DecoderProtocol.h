@@ -35,7 +35,7 @@ struct DecoderReply {
 /// A part of the decoder's confinement that the kernel may lack.
 enum DecoderLock : std::uint32_t {
     SystemCallsLock = 1, ///< the list of allowed system calls
-    PrivilegesLock = 2,  ///< no new privileges
+    PrivilegesLock = 2,  ///< no capabilities, and no new privileges
     ParentLock = 4,      ///< ends with its parent
     LimitsLock = 8,      ///< resource limits
     DescriptorsLock = 16 ///< no inherited descriptors

@@ -85,10 +85,10 @@ bool limitSystemCalls() {
 
 } // namespace
 
-bool dropCapabilities() {
+bool dropPrivileges() {
     __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
     __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
-    return ::syscall(SYS_capset, &header, none) == 0;
+    return ::syscall(SYS_capset, &header, none) == 0 && ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0;
 }
 
 bool endWithParent() {
@@ -101,7 +101,6 @@ std::uint32_t confineProcess() {
         missing |= isLocked ? 0U : std::uint32_t(lock);
     };
     require(::close_range(decoderSocket + 1, ~0U, 0) == 0, DescriptorsLock);
-    require(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0, PrivilegesLock);
     require(limitResources(), LimitsLock);
     require(limitSystemCalls(), SystemCallsLock);
     return missing;

@@ -5,14 +5,14 @@
 
 namespace tarsel::decoder {
 
-/// What an administrator's process may do beyond its files. Threads that are started later have none either.
-/// False where that can't be done.
-bool dropCapabilities();
+/// Drops what an administrator's process may do, and any way to get new privileges, from this thread and
+/// those that it starts later. False where that can't be done.
+bool dropPrivileges();
 
 /// The process is killed when its parent ends. False when the kernel can't do that.
 bool endWithParent();
 
-/// Drops what decoding doesn't need: descriptors after the socket, new privileges, files, processes, most
+/// Drops what decoding doesn't need: descriptors after the socket, files, processes, most
 /// memory and time, and all system calls but those of memory, the socket and the end of the process; another
 /// one kills it. Returns the locks that the kernel lacks (bits of DecoderLock). Whatever a library sets up
 /// when it is first used has to be used before.

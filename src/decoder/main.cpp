@@ -74,7 +74,7 @@ int run(std::uint32_t missingLocks) {
 int main() {
     // First of all: fonts take a while to load, and nobody may be there any more when they are.
     std::uint32_t missingLocks =
-        tarsel::decoder::dropCapabilities() ? 0U : std::uint32_t(tarsel::PrivilegesLock);
+        tarsel::decoder::dropPrivileges() ? 0U : std::uint32_t(tarsel::PrivilegesLock);
     if (!tarsel::decoder::endWithParent())
         missingLocks |= tarsel::ParentLock;
     if (tarsel::decoder::isAlone())
