@@ -3,7 +3,6 @@
 
 #include "base/FileIdentity.h"
 #include "base/TrappedError.h"
-#include "imaging/ImageBox.h"
 #include "output/SourceGuard.h"
 
 namespace tarsel::cli {
@@ -11,12 +10,10 @@ namespace tarsel::cli {
 /// A picture that was read only in part must not be saved over its own file, of which the rest would be lost:
 /// one that is damaged (`damage` says how), or one page of several. Error 481 then.
 inline void requireAllToReplace(const QString& damage, const QString& source, const QString& target) {
-    if (FileIdentity::of(source) != FileIdentity::of(target))
-        return;
-    if (!damage.isEmpty())
+    if (!damage.isEmpty() && FileIdentity::of(source) == FileIdentity::of(target))
         throw TrappedError{ErrorNumber::InvalidPicture,
                            readInPartText(target) + QStringLiteral("; ") + damage};
-    if (ImageBox::PageCount(source) > 1)
+    if (replacesItsPages(source, target))
         throw TrappedError{ErrorNumber::InvalidPicture, readInPartText(target)};
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketSource.h"
 
+#include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 #include "base/Stop.h"
-#include "collections/NumberedWork.h"
 #include "collections/OpenDocument.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/ImageBox.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/FolderScan.h"
 
+#include "base/FailureOf.h"
 #include "collections/PictureFiles.h"
 
 #include <algorithm>

@@ -1,24 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/NumberedWork.h"
 
+#include "base/Spreading.h"
 #include "base/Stop.h"
+#include "base/TrappedError.h"
 
 #include <algorithm>
 #include <system_error>
 
 namespace tarsel {
 
-namespace {
-
-int maxThreads() {
-    return int(std::clamp(std::thread::hardware_concurrency(), 1u, 4u));
-}
-
-} // namespace
-
 NumberedWork::NumberedWork(std::function<void(int number)> work) : m_work(std::move(work)) {
     try {
-        while (int(m_threads.size()) < maxThreads()) {
+        while (int(m_threads.size()) < Spreading::overProcessors().threads) {
             m_threads.emplace_back([this] { run(); });
             const std::lock_guard lock(m_mutex);
             ++m_running;

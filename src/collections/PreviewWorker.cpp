@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PreviewWorker.h"
 
+#include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 #include "base/Spreading.h"
 #include "imaging/DisplayColors.h"
@@ -10,7 +11,6 @@
 
 #include <QFileInfo>
 
-#include <new>
 #include <stop_token>
 #include <utility>
 
@@ -56,20 +56,16 @@ void load(ImageBox& box, const QString& path, bool upright, const std::stop_toke
 
 PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_token& stop) {
     PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}, {}};
-    try {
+    result.failure = failureOf([&] {
         if (request.path.isEmpty())
             result.box.LoadFromMemory(request.original, snapshotFormat);
         else
             load(result.box, request.path, request.upright, stop);
         if (!result.box.HasImage() || stop.stop_requested())
-            return result;
+            return;
         result.original = result.box.SaveToMemory(snapshotFormat);
         replayRows(result.box, request.tasks, stop);
-    } catch (const TrappedError& error) {
-        result.failure = error;
-    } catch (const std::bad_alloc&) {
-        result.failure = TrappedError{ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)};
-    }
+    });
     // Also after a task that failed: the tasks before it show.
     ignoringErrors([&] {
         const MetadataStore& metadata = request.path.isEmpty() ? request.metadata : result.box.metadata();

@@ -2,10 +2,10 @@
 #include "collections/RowAhead.h"
 
 #include "base/EventLoop.h"
+#include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 #include "codecs/PictureFile.h"
 #include "collections/LoadSource.h"
-#include "collections/NumberedWork.h"
 #include "imaging/Upright.h"
 #include "tasks/Replay.h"
 
@@ -214,18 +214,17 @@ PreparedRow RowAhead::prepareAlone(int row, const QString& path, const ImageBox&
                                    const std::vector<TaskRow>& tasks, const std::function<void()>& onLoaded) {
     const auto load = std::make_shared<Load>(row, path);
     const auto preparation = std::make_shared<Preparation>(load, tasks, box);
-    if (m_threads) {
+    if (!m_threads) {
+        load->run(m_rules, m_rules.stop);
+        onLoaded();
+        preparation->run({});
+    } else {
         m_threads->add([load, rules = m_rules, stop = m_threads->loadStop()] { load->run(rules, stop); });
         m_threads->add([preparation, stop = m_threads->taskStop()] { preparation->run(stop); });
         waitLettingEventsRun(preparation->isLoaded);
-    } else {
-        load->run(m_rules, m_rules.stop);
-    }
-    onLoaded();
-    if (m_threads)
+        onLoaded();
         waitLettingEventsRun(preparation->result);
-    else
-        preparation->run({});
+    }
     return preparation->result.take();
 }
 

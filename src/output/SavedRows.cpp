@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/SavedRows.h"
 
-#include "base/FileIdentity.h"
 #include "base/Locale.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
@@ -20,11 +19,6 @@ bool isImportable(quint8 wanted, const QString& path) {
     return wanted == 1 && !path.trimmed().isEmpty() && clsFileInfo::CheckIfFileExists(path);
 }
 
-/// A document under the extension of a picture is a row of one page.
-bool replacesItsOtherPages(const QString& source, const QString& target) {
-    return FileIdentity::of(source) == FileIdentity::of(target) && ImageBox::PageCount(source) > 1;
-}
-
 } // namespace
 
 std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowResult& result) {
@@ -36,7 +30,7 @@ std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
         result.skip(SkipReason::Exists);
         return {};
     }
-    if (!box.LoadDamage().isEmpty() || replacesItsOtherPages(row.tag, result.target))
+    if (!box.LoadDamage().isEmpty() || replacesItsPages(row.tag, result.target))
         m_sources.noteReadInPart(result.row);
     importMetadata(box);
     setSaveOptions(box);

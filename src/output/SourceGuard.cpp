@@ -4,6 +4,7 @@
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "imaging/ImageBox.h"
 #include "output/RowSources.h"
 
 #include <QCoreApplication>
@@ -42,6 +43,10 @@ QString freeNameBeside(const QString& path) {
 QString readInPartText(const QString& path) {
     return translated(QT_TRANSLATE_NOOP("SourceGuard", "%1 was not replaced: it could be read only in part"))
         .arg(path);
+}
+
+bool replacesItsPages(const QString& source, const QString& target) {
+    return FileIdentity::of(source) == FileIdentity::of(target) && ImageBox::PageCount(source) > 1;
 }
 
 /// An open file that can still be read by a path when another file has taken its place. The path ends in the

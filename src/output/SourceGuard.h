@@ -24,8 +24,11 @@ enum class SourceReplacing {
     Refused           ///< the row that would replace it is skipped
 };
 
-/// Why the picture that could be read of a damaged file is not saved over it.
+/// Why a part of a file is not saved over it.
 QString readInPartText(const QString& path);
+
+/// Whether one page of a document would take the place of all of them: `target` is the file `source` itself.
+bool replacesItsPages(const QString& source, const QString& target);
 
 /// Watches over the sources of one run: no file is replaced before the rows that are made from it were done.
 /// A row's sources are its picture and, for a page, the document that it was extracted from. Files are

@@ -8,6 +8,7 @@
 #include "collections/Thumbnail.h"
 #include "collections/Workspace.h"
 #include "tests/support/MadePictures.h"
+#include "tests/support/RecordedProgress.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QCoreApplication>
@@ -21,24 +22,6 @@
 #include <semaphore>
 
 namespace tarsel::test {
-
-/// A progress bar that remembers whether it shows, and how often it was started.
-class RecordedProgress final : public Progress {
-public:
-    void start(int newMaximum, int newValue) override {
-        maximum = newMaximum;
-        value = newValue;
-        visible = true;
-        ++starts;
-    }
-    void setValue(int newValue) override { value = newValue; }
-    void hide() override { visible = false; }
-
-    int maximum = 0;
-    int value = 0;
-    int starts = 0;
-    bool visible = false;
-};
 
 /// Reads pictures, one of them not before it is released. It must outlive its basket.
 class HeldReader {

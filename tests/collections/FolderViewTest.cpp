@@ -183,7 +183,7 @@ TEST_F(FolderViewTest, RowsAreThereBeforeTheirPicturesAreRead) {
                      [&] { resolutions = column(lvFolder, FolderColumn::Resolution); });
     list(pictures);
     EXPECT_EQ(resolutions, "  ");
-    EXPECT_EQ(progress.value, 3);
+    EXPECT_EQ(progress.values.back(), 3);
     EXPECT_EQ(progress.maximum, 3);
 }
 

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/operations/Bands.h"
 
+#include "base/FailureOf.h"
 #include "base/Spreading.h"
 #include "base/Stop.h"
-#include "base/TrappedError.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <mutex>
-#include <new>
 #include <optional>
 #include <system_error>
 #include <thread>
@@ -27,19 +26,17 @@ public:
     BandQueue(const std::vector<Band>& bands, const std::function<void(const Band&)>& work) :
         m_bands(bands), m_work(work) {}
 
-    /// Works until no band is left. Values cross threads, exceptions don't.
+    /// Works until no band is left.
     void run() {
         const StopScope scope(m_stop);
-        try {
+        const auto failure = failureOf([this] {
             for (std::size_t i = m_next++; i < m_bands.size(); i = m_next++) {
                 raiseIfStopped();
                 m_work(m_bands[i]);
             }
-        } catch (const TrappedError& error) {
-            reportFailure(error);
-        } catch (const std::bad_alloc&) {
-            reportFailure({ErrorNumber::OutOfMemory, errorText(ErrorNumber::OutOfMemory)});
-        }
+        });
+        if (failure)
+            reportFailure(*failure);
     }
 
     void raiseFailure() const {
