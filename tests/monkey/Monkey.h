@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/RandomNumbers.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+
+namespace tarsel::test {
+
+/// Clicks, types, drags and scrolls at random in whatever window of the program is active, as long as the
+/// program lives. The same seed makes the same inputs, as far as the program's windows come at the same time.
+class Monkey final : public QObject {
+public:
+    Monkey(QWidget& window, quint32 seed, int inputs);
+
+    int made() const { return m_made; }
+    int longestBlock() const { return m_longestBlock; }           ///< of the event loop, in ms
+    QString longestActivity() const { return m_longestActivity; } ///< what the program said it was doing
+    /// The modal window that no key closes; empty when each can be left.
+    QString trap() const { return m_trap; }
+    QHash<QString, int> windows; ///< windows that were seen, and the inputs that each got
+
+private:
+    void act();
+    void leave(QWidget& modal);
+    void click(QWidget& target, QPoint place);
+    void triggerAction(QWidget& top);
+    void clickControl(QWidget& top);
+    void drag(QWidget& target, QPoint place);
+    void scroll(QWidget& target, QPoint place);
+    void type(QWidget& target);
+    void rearrange();
+    void changeTheme();
+    void measure();
+    template <class Things>
+    auto* oneOf(const Things& things) {
+        return things[below(int(things.size()))];
+    }
+    int below(int limit) { return int(m_random.randomNumber() * limit); }
+
+    QPointer<QWidget> m_window;
+    SeededRandomNumbers m_random;
+    QTimer m_timer;
+    QTimer m_heartbeat;
+    QElapsedTimer m_sinceBeat;
+    QPointer<QWidget> m_modal;
+    int m_modalInputs = 0;
+    int m_wanted;
+    int m_made = 0;
+    int m_longestBlock = 0;
+    QString m_longestActivity;
+    QString m_trap;
+};
+
+} // namespace tarsel::test
