@@ -3,14 +3,13 @@
 #include "base/ErrorTrap.h"
 #include "base/Spreading.h"
 #include "cli/ApplicationScope.h"
-#include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
-#include "cli/DamagedSource.h"
+#include "cli/FilePaths.h"
 #include "cli/RowReport.h"
+#include "cli/SinglePicture.h"
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "codecs/Formats.h"
-#include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
 #include "tasks/TaskFile.h"
@@ -43,15 +42,11 @@ bool holdsAlpha(const QString& path) {
     return keepsTransparency(modFileSystem::GetFileExtension(path).toLower());
 }
 
-/// Returns what is wrong with a source that could be read in part only; empty for an undamaged one. Writes
-/// nothing when a task fails: the picture would not be the one that was asked for.
-QString apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
+/// Writes nothing when a task fails: the picture would not be the one that was asked for.
+SourceState apply(const QString& source, const QString& target, const TaskList& tasks, bool upright) {
     const SpreadingScope scope;
     ImageBox box;
-    if (!loadSource(box, source))
-        fail(ErrorNumber::InvalidPicture, source + QStringLiteral(": ") + noPictureReason(source));
-    const QString damage = box.LoadDamage();
-    requireAllToReplace(damage, source, target);
+    SourceState state = loadForTarget(box, source, target);
     if (!holdsAlpha(target))
         prepareForTasks(box, source, upright);
     else if (upright)
@@ -63,10 +58,10 @@ QString apply(const QString& source, const QString& target, const TaskList& task
              QCoreApplication::translate("CommandLine",
                                          "%1: the task list ended early, nothing was written: %2")
                  .arg(source, failure->ErrSystem));
+    state.losesOrientation =
+        !upright && isOrientationLost(box, source, modFileSystem::GetFileExtension(target));
     box.SaveToFile(target);
-    return damage.isEmpty()
-               ? QString()
-               : QCoreApplication::translate("CommandLine", "the source is damaged: %1").arg(damage);
+    return state;
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
@@ -76,25 +71,26 @@ int run(const Arguments& arguments, Terminal& terminal) {
         throw UsageError{QCoreApplication::translate("CommandLine", "expected IN OUT")};
     RowResult result;
     result.row = 1;
-    result.source = absolutePath(arguments.operands().at(0));
-    result.target = absolutePath(arguments.operands().at(1));
+    result.source = filePath(arguments.operands().at(0));
+    result.target = filePath(arguments.operands().at(1));
     requireWritable(result.target);
     TaskList tasks;
-    modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
+    modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
     if (drawsText(tasks))
         ApplicationScope::provideFonts();
     const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {
-        const QString damage = apply(result.source, result.target, tasks, arguments.has("upright"));
+        const SourceState state = apply(result.source, result.target, tasks, arguments.has("upright"));
         result.state = RowState::Written;
-        if (!damage.isEmpty())
-            result.remark(damage);
+        if (!state.damage.isEmpty())
+            result.remark(damageText(state));
+        for (const QString& remark : remarksOn(result.source, state))
+            terminal.message(remark);
     } catch (const TrappedError& error) {
         result.remark(error.description);
-        terminal.message(QStringLiteral("tarsel: ") + error.description);
     }
-    report.add(result);
+    report.addAlone(result);
     return report.allDone(false) ? AllDone : SomeNotDone;
 }
 

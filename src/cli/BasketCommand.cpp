@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
+#include "base/SafeFileWriter.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
+#include "cli/FilePaths.h"
 #include "cli/JsonLine.h"
+#include "cli/PictureFacts.h"
+#include "cli/RawNames.h"
 #include "cli/Terminal.h"
 #include "collections/clsFileInfo.h"
 
@@ -53,8 +57,7 @@ int list(const Arguments& arguments, const QString& basketPath, Terminal& termin
                                                     .arg(cell(BasketColumn::SourcePath), row.text));
     }
     for (const QString& path : basket.missing())
-        terminal.message(
-            QCoreApplication::translate("CommandLine", "tarsel: %1: missing, or not a picture").arg(path));
+        terminal.message(QStringLiteral("tarsel: ") + unreadableReason(path));
     return basket.missing().isEmpty() ? AllDone : SomeNotDone;
 }
 
@@ -69,18 +72,30 @@ void addEntry(ListView& entries, const QString& path, const QString& description
     entries.add(std::move(row));
 }
 
+/// Empty for a file that can be read.
+QString whyNotAdded(const QString& path) {
+    if (!isUtf8Name(path))
+        return notUtf8Text(path);
+    try {
+        (void)openRegularFile(path);
+    } catch (const TrappedError& error) {
+        return error.description;
+    }
+    return {};
+}
+
 /// Adds pictures that exist; the others are reported. False when there was one.
 bool addPictures(ListView& entries, const QStringList& paths, const QString& description,
                  Terminal& terminal) {
     bool allThere = true;
     for (const QString& operand : paths) {
         const QString path = absolutePath(operand);
-        if (clsFileInfo::CheckIfFileExists(path)) {
+        const QString reason = whyNotAdded(path);
+        if (reason.isEmpty()) {
             addEntry(entries, path, description);
             continue;
         }
-        terminal.message(
-            QCoreApplication::translate("CommandLine", "tarsel: %1: missing, or not readable").arg(path));
+        terminal.message(QStringLiteral("tarsel: ") + reason);
         allThere = false;
     }
     return allThere;
@@ -152,7 +167,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     if (action == std::end(actions) || arguments.operands().size() < 2)
         throw UsageError{
             QCoreApplication::translate("CommandLine", "expected list, add or save, and a basket")};
-    const QString basketPath = absolutePath(arguments.operands().at(1));
+    const QString basketPath = filePath(arguments.operands().at(1));
     refuseUnfit(arguments, name, basketPath);
     return action->run(arguments, basketPath, terminal);
 }

@@ -3,12 +3,12 @@
 
 #include "base/TrappedError.h"
 #include "cli/Arguments.h"
+#include "cli/FilePaths.h"
 #include "collections/FolderView.h"
 #include "collections/PictureFiles.h"
 #include "collections/clsFileInfo.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QSet>
 #include <utility>
 
@@ -51,13 +51,6 @@ bool isBasketFile(const QString& path) {
            path.endsWith(QLatin1String(".ibd"), Qt::CaseInsensitive);
 }
 
-QString absolutePath(const QString& path) {
-    if (QDir::isRelativePath(path) && QDir::currentPath().isEmpty())
-        fail(ErrorNumber::PathNotFound,
-             QCoreApplication::translate("CommandLine", "the current folder no longer exists: %1").arg(path));
-    return QDir::cleanPath(QDir::current().absoluteFilePath(path));
-}
-
 BasketWorkspace::BasketWorkspace(Progress& progress, std::stop_token stop) :
     m_lists(m_workspace.lists(progress)), m_basket(m_lists, withoutThumbnails()) {
     ScratchFolder::removeAbandoned();
@@ -76,7 +69,7 @@ void BasketWorkspace::fill(const QStringList& operands) {
     if (operands.isEmpty())
         throw UsageError{QCoreApplication::translate("CommandLine", "no basket and no picture given")};
     if (operands.size() == 1 && isBasketFile(operands.first()))
-        return openBasketFile(absolutePath(operands.first()));
+        return openBasketFile(filePath(operands.first()));
     for (const QString& operand : operands)
         if (isBasketFile(operand))
             throw UsageError{
@@ -102,7 +95,7 @@ void BasketWorkspace::addPictures(const QStringList& paths) {
     QStringList absolute;
     for (const QString& path : paths) {
         prepareFor(path);
-        absolute << absolutePath(path);
+        absolute << filePath(path);
         m_workspace.lvFolder.add(folderRow(absolute.last()));
     }
     m_basket.cmdAddToQueue_Click();

@@ -42,7 +42,4 @@ private:
 /// Whether an operand names a basket file.
 bool isBasketFile(const QString& path);
 
-/// Absolute and without "." and "..". Error 76 for a relative path in a folder that was removed.
-QString absolutePath(const QString& path);
-
 } // namespace tarsel::cli

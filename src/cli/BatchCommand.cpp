@@ -3,6 +3,7 @@
 #include "cli/BasketWorkspace.h"
 #include "cli/BatchSettings.h"
 #include "cli/Command.h"
+#include "cli/FilePaths.h"
 #include "cli/Interrupt.h"
 #include "cli/RowReport.h"
 #include "cli/TaskSource.h"
@@ -64,6 +65,12 @@ void refuseToReplaceSources(const ListView& pages, const TaskList& tasks,
                                  .arg(planned.target)};
 }
 
+void requireUtf8FileNames(const QStringList& operands) {
+    for (const QString& operand : operands)
+        if (!isBasketFile(operand))
+            requireUtf8FileName(operand);
+}
+
 void prepareFolder(const settings::BatchSave& settings, Terminal& terminal) {
     const QString folder = settings.DestinationFolder;
     if (settings.DestinationOption == 0 || modFileSystem::FolderExists(folder))
@@ -77,11 +84,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
     BatchRun slice = batchRun(arguments);
     TaskList tasks;
     if (arguments.has("tasks"))
-        modSaveOpenImageList::readTaskBasket(absolutePath(arguments.value("tasks")), tasks);
+        modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
     if (drawsText(tasks))
         ApplicationScope::provideFonts();
     const InterruptScope interruptible;
     TerminalProgress progress(terminal);
+    if (arguments.has("source-folder"))
+        requireUtf8FileNames(arguments.operands());
     BasketWorkspace basket(progress, interruptible.stop());
     basket.fill(arguments.operands());
     slice.sourceReplacing = SourceReplacing::RefusedUntilDone;

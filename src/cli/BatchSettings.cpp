@@ -3,7 +3,8 @@
 
 #include "base/Conversions.h"
 #include "base/SafeFileWriter.h"
-#include "cli/BasketWorkspace.h"
+#include "cli/FilePaths.h"
+#include "cli/RawNames.h"
 #include "output/Naming.h"
 
 #include <QCoreApplication>
@@ -46,6 +47,8 @@ QString namePart(const Arguments& arguments, const char* option, const QString& 
     if (text.contains(QLatin1Char('/')))
         throw UsageError{QCoreApplication::translate("CommandLine", "--%1 can't hold a \"/\": %2")
                              .arg(QLatin1String(option), text)};
+    if (!isUtf8Name(text))
+        throw UsageError{notUtf8Text(text)};
     return text;
 }
 
@@ -77,7 +80,7 @@ void setDestination(settings::BatchSave& settings, const Arguments& arguments) {
             QCoreApplication::translate("CommandLine", "--out and --source-folder exclude each other")};
     settings.DestinationOption = arguments.has("source-folder") ? 0 : 1;
     if (!arguments.has("source-folder")) {
-        const QString folder = absolutePath(arguments.value("out", QStringLiteral(".")));
+        const QString folder = folderPath(arguments.value("out", QStringLiteral(".")));
         settings.DestinationFolder = folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
         return;
     }
@@ -91,7 +94,7 @@ void setDestination(settings::BatchSave& settings, const Arguments& arguments) {
 QString sideFile(const Arguments& arguments, const char* option) {
     if (!arguments.has(option))
         return {};
-    QString path = absolutePath(arguments.value(option));
+    QString path = filePath(arguments.value(option));
     (void)openRegularFile(path); // raises why it can't be read
     return path;
 }

@@ -4,6 +4,7 @@
 #include "base/ErrorTrap.h"
 #include "cli/ApplicationScope.h"
 #include "cli/Command.h"
+#include "cli/RawNameLinks.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalDesktop.h"
 
@@ -57,7 +58,7 @@ int runCommand(const Command& command, const QStringList& words, Terminal& termi
     try {
         const Arguments arguments(words, command.options);
         if (arguments.wantsHelp()) {
-            terminal.result(commandHelp(command).trimmed());
+            terminal.results(commandHelp(command).trimmed().split(QLatin1Char('\n')));
             return AllDone;
         }
         return command.run(arguments, terminal);
@@ -78,7 +79,7 @@ int runWords(const QStringList& words, Terminal& terminal) {
         return AllDone;
     }
     if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
-        terminal.result(programHelp().trimmed());
+        terminal.results(programHelp().trimmed().split(QLatin1Char('\n')));
         return AllDone;
     }
     const Command* command = findCommand(first);
@@ -124,6 +125,7 @@ QString commandHelp(const Command& command) {
 int runCommandLine(const QStringList& words, Terminal& terminal) {
     const ApplicationScope application;
     const TerminalDesktop desktop(terminal);
+    const RawNameLinks links;
     const int status = runWords(words, terminal);
     return terminal.finish() || status != AllDone ? status : SomeNotDone;
 }

@@ -2,14 +2,14 @@
 #include "base/ErrorSubject.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
-#include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
-#include "cli/DamagedSource.h"
+#include "cli/FilePaths.h"
 #include "cli/JsonLine.h"
+#include "cli/SinglePicture.h"
 #include "cli/Terminal.h"
-#include "collections/LoadSource.h"
 #include "imaging/ImageBox.h"
 #include "imaging/SaveFormats.h"
+#include "imaging/Upright.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -27,6 +27,8 @@ constexpr OptionSpec options[] = {
     {"compression", "NAME", "gif: lzw (default) or none; tif: none (default), packbits or group4"},
     {"transparent", "RRGGBB", "gif, png: make pixels of exactly this colour transparent"},
     {"max-size", "BYTES", "jpg: use the highest quality, up to --quality or 100, whose file is not larger"},
+    {"upright", nullptr,
+     "turn the picture by its EXIF orientation; always done where the format can't hold it"},
     {"json", nullptr, "one JSON object: source, target, state, reason, format, bytes, quality"},
 };
 
@@ -126,19 +128,17 @@ struct EncodeResult {
     QString source;
     QString target;
     QString format;
-    QString damage;
+    SourceState state;
     QString error;
     qint64 bytes = 0;
     int quality = 0; ///< 0 for a format without
 };
 
-void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, qint64 maxSize) {
-    if (!loadSource(box, result.source))
-        fail(ErrorNumber::InvalidPicture,
-             Texts::tr("%1: %2").arg(result.source, noPictureReason(result.source)));
-    result.damage = box.LoadDamage();
-    requireAllToReplace(result.damage, result.source, result.target);
+void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, qint64 maxSize, bool upright) {
+    result.state = loadForTarget(box, result.source, result.target);
     const QString extension = QLatin1String(format.extension);
+    if (upright || isOrientationLost(box, result.source, extension))
+        turnUpright(box, result.source);
     if (maxSize > 0)
         searchQuality(box, extension, maxSize);
     const QByteArray bytes = box.encoded(extension);
@@ -148,9 +148,7 @@ void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, qint6
 }
 
 QString reasonOf(const EncodeResult& result) {
-    if (!result.error.isEmpty() || result.damage.isEmpty())
-        return result.error;
-    return Texts::tr("the source is damaged: %1").arg(result.damage);
+    return result.error.isEmpty() ? damageText(result.state) : result.error;
 }
 
 QString textOf(const EncodeResult& result) {
@@ -159,7 +157,7 @@ QString textOf(const EncodeResult& result) {
         result.quality > 0
             ? Texts::tr("%1: %2, %3 bytes, quality %4").arg(result.target, result.format, bytes, quality)
             : Texts::tr("%1: %2, %3 bytes").arg(result.target, result.format, bytes);
-    return result.damage.isEmpty() ? facts : facts + QStringLiteral(" (%1)").arg(reasonOf(result));
+    return result.state.damage.isEmpty() ? facts : facts + QStringLiteral(" (%1)").arg(reasonOf(result));
 }
 
 void report(const EncodeResult& result, Terminal& terminal, bool json) {
@@ -182,8 +180,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
     if (arguments.operands().size() != 2)
         throw UsageError{Texts::tr("expected IN OUT")};
     EncodeResult result;
-    result.source = absolutePath(arguments.operands().at(0));
-    result.target = absolutePath(arguments.operands().at(1));
+    result.source = filePath(arguments.operands().at(0));
+    result.target = filePath(arguments.operands().at(1));
     const SaveFormat& format = formatOf(arguments, result.target);
     result.format = QLatin1String(format.name);
     ImageBox box;
@@ -195,13 +193,15 @@ int run(const Arguments& arguments, Terminal& terminal) {
         arguments.has("max-size") ? numberIn(arguments.value("max-size"), 1, INT_MAX, "max-size") : 0;
     const ErrorSubject subject(result.source);
     try {
-        encode(box, result, format, maxSize);
+        encode(box, result, format, maxSize, arguments.has("upright"));
+        for (const QString& remark : remarksOn(result.source, result.state))
+            terminal.message(remark);
     } catch (const TrappedError& error) {
         result.error = error.description;
         terminal.message(QStringLiteral("tarsel: ") + error.description);
     }
     report(result, terminal, arguments.has("json"));
-    return result.error.isEmpty() && result.damage.isEmpty() ? AllDone : SomeNotDone;
+    return result.error.isEmpty() && result.state.damage.isEmpty() ? AllDone : SomeNotDone;
 }
 
 } // namespace

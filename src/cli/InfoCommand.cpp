@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorSubject.h"
 #include "base/Stop.h"
-#include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
+#include "cli/FilePaths.h"
 #include "cli/Interrupt.h"
 #include "cli/PictureFacts.h"
-#include "cli/RawNames.h"
 #include "cli/Terminal.h"
 
 #include <QCoreApplication>
@@ -22,11 +21,8 @@ constexpr OptionSpec options[] = {
 bool report(const QString& path, bool json, Terminal& terminal) {
     const ErrorSubject subject(path);
     PictureFacts facts;
-    const ReadableName readable(path);
-    readPictureFacts(readable.path(), facts);
-    facts.path = path;
-    facts.reason.replace(readable.path(), path);
-    terminal.result(json ? jsonOf(facts) : textOf(facts));
+    readPictureFacts(path, facts);
+    terminal.results(json ? QStringList{jsonOf(facts)} : linesOf(facts));
     return facts.reason.isEmpty() && facts.damage.isEmpty();
 }
 
@@ -36,10 +32,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const InterruptScope interruptible;
     const StopScope stop(interruptible.stop());
     bool allRead = true;
-    for (const QString& operand : arguments.operands()) {
+    QStringList paths;
+    for (const QString& operand : arguments.operands())
+        paths << filePath(operand);
+    for (const QString& path : paths) {
         if (wasInterrupted())
             return Interrupted;
-        allRead = report(absolutePath(operand), arguments.has("json"), terminal) && allRead;
+        allRead = report(path, arguments.has("json"), terminal) && allRead;
     }
     return wasInterrupted() ? Interrupted : allRead ? AllDone : SomeNotDone;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/JsonLine.h"
 
+#include "cli/RawNameLinks.h"
+
 #include <QLocale>
 
 namespace tarsel::cli {
@@ -40,7 +42,7 @@ JsonLine& JsonLine::addRaw(const char* key, const QString& value) {
 }
 
 JsonLine& JsonLine::add(const char* key, const QString& text) {
-    return addRaw(key, quoted(text));
+    return addRaw(key, quoted(RawNameLinks::withOwnNames(text)));
 }
 
 JsonLine& JsonLine::add(const char* key, int number) {

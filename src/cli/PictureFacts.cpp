@@ -14,11 +14,16 @@ namespace tarsel::cli {
 
 namespace {
 
-void readHeader(PictureFacts& facts) {
-    const PictureFile file(facts.path);
+PictureFile recognised(const QString& path) {
+    PictureFile file(path);
     if (!file.isRecognised())
         fail(ErrorNumber::InvalidPicture,
-             QCoreApplication::translate("CommandLine", "%1: unknown content").arg(facts.path));
+             QCoreApplication::translate("CommandLine", "%1: unknown content").arg(path));
+    return file;
+}
+
+void readHeader(PictureFacts& facts) {
+    const PictureFile file = recognised(facts.path);
     facts.format = file.formatName();
     facts.header = file.header();
 }
@@ -36,8 +41,7 @@ void listMetadata(PictureFacts& facts, const ImageBox& box) {
 
 void decode(PictureFacts& facts) {
     ImageBox box;
-    if (!loadSource(box, facts.path))
-        fail(ErrorNumber::InvalidPicture, facts.path + QStringLiteral(": ") + noPictureReason(facts.path));
+    loadPicture(box, facts.path);
     facts.damage = box.LoadDamage();
     facts.width = box.Width();
     facts.height = box.Height();
@@ -74,16 +78,43 @@ QString sizeText(int width, int height, int bits) {
 }
 
 /// Rows with a value, under a heading; nothing when there are none.
-QString section(const char* heading, const ListView& rows) {
+QStringList section(const char* heading, const ListView& rows) {
     constexpr int labelWidth = 36;
-    QString text;
+    QStringList lines;
     for (int i = 0; i < rows.count(); ++i)
         if (const QString value = rows.row(i).subItems.value(0); !value.isEmpty())
-            text += QStringLiteral("\n    %1 %2").arg(rows.row(i).text, -labelWidth).arg(value);
-    return text.isEmpty() ? text : QStringLiteral("\n  ") + QLatin1String(heading) + text;
+            lines << QStringLiteral("    %1 ").arg(rows.row(i).text, -labelWidth) + value;
+    if (!lines.isEmpty())
+        lines.prepend(QStringLiteral("  ") + QLatin1String(heading));
+    return lines;
+}
+
+/// The first page of a document that can't be read, and why; empty when all can.
+QString badPageOf(const QString& path) {
+    const int pages = ImageBox::PageCount(path);
+    int page = 1;
+    try {
+        const PictureFile file(path);
+        ImageBox box;
+        for (; page <= pages; ++page)
+            box.LoadPage(file, page);
+    } catch (const TrappedError& error) {
+        return QCoreApplication::translate("CommandLine", "page %1 of %2: %3")
+            .arg(page)
+            .arg(pages)
+            .arg(error.description);
+    }
+    return {};
 }
 
 } // namespace
+
+void loadPicture(ImageBox& box, const QString& path) {
+    if (loadSource(box, path))
+        return;
+    (void)recognised(path);
+    fail(ErrorNumber::InvalidPicture, path + QStringLiteral(": ") + noPictureReason(path));
+}
 
 void readPictureFacts(const QString& path, PictureFacts& facts) {
     facts.path = path;
@@ -115,22 +146,33 @@ QString jsonOf(const PictureFacts& facts) {
     return line.add("exif", jsonOfRows(facts.exif, true)).add("iptc", jsonOfRows(facts.iptc, false)).text();
 }
 
-QString textOf(const PictureFacts& facts) {
-    QString text = facts.path;
+QStringList linesOf(const PictureFacts& facts) {
+    QStringList lines{facts.path};
     if (!facts.reason.isEmpty())
-        text += QCoreApplication::translate("CommandLine", "\n  failed: %1").arg(facts.reason);
+        lines << QCoreApplication::translate("CommandLine", "  failed: %1").arg(facts.reason);
     if (facts.header)
-        text += QCoreApplication::translate("CommandLine", "\n  header: %1, %2, %3 dpi")
-                    .arg(facts.format,
-                         sizeText(facts.header->width, facts.header->height, facts.header->bitsPerPixel))
-                    .arg(facts.header->dpi);
+        lines << QCoreApplication::translate("CommandLine", "  header: %1, %2, %3 dpi")
+                     .arg(facts.format,
+                          sizeText(facts.header->width, facts.header->height, facts.header->bitsPerPixel))
+                     .arg(facts.header->dpi);
     if (facts.reason.isEmpty())
-        text += QCoreApplication::translate("CommandLine", "\n  decoded: %1, pages: %2")
-                    .arg(sizeText(facts.width, facts.height, facts.bitsPerPixel))
-                    .arg(facts.pages);
+        lines << QCoreApplication::translate("CommandLine", "  decoded: %1, pages: %2")
+                     .arg(sizeText(facts.width, facts.height, facts.bitsPerPixel))
+                     .arg(facts.pages);
     if (!facts.damage.isEmpty())
-        text += QCoreApplication::translate("CommandLine", "\n  damaged: %1").arg(facts.damage);
-    return text + section("EXIF", facts.exif) + section("IPTC", facts.iptc);
+        lines << QCoreApplication::translate("CommandLine", "  damaged: %1").arg(facts.damage);
+    return lines + section("EXIF", facts.exif) + section("IPTC", facts.iptc);
+}
+
+QString unreadableReason(const QString& path) {
+    PictureFacts facts;
+    readPictureFacts(path, facts);
+    if (facts.pages > 1 || (facts.pages == 0 && ImageBox::PageCount(path) > 1))
+        if (const QString fact = badPageOf(path); !fact.isEmpty())
+            return fact;
+    return facts.reason.isEmpty()
+               ? QCoreApplication::translate("CommandLine", "%1: can't be read as a picture").arg(path)
+               : facts.reason;
 }
 
 } // namespace tarsel::cli

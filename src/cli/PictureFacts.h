@@ -5,7 +5,12 @@
 #include "codecs/PictureHeader.h"
 
 #include <QString>
+#include <QStringList>
 #include <optional>
+
+namespace tarsel {
+class ImageBox;
+}
 
 namespace tarsel::cli {
 
@@ -28,6 +33,13 @@ struct PictureFacts {
 void readPictureFacts(const QString& path, PictureFacts& facts);
 
 QString jsonOf(const PictureFacts& facts);
-QString textOf(const PictureFacts& facts);
+QStringList linesOf(const PictureFacts& facts);
+
+/// Loads a picture, or raises why it can't be read: the same reason in each command.
+void loadPicture(ImageBox& box, const QString& path);
+
+/// Why a picture that could not be added to a basket, or not with all of its pages, can't be read: its file
+/// is read once more to find out.
+QString unreadableReason(const QString& path);
 
 } // namespace tarsel::cli

@@ -1,22 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/RawNames.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QStringDecoder>
 #include <algorithm>
-#include <unistd.h>
 
 namespace tarsel::cli {
 
 namespace {
 
-constexpr char16_t firstRawByte = 0xDC80;
-constexpr char16_t lastRawByte = 0xDCFF;
+constexpr char16_t lowestRawByte = 0xDC80;
+constexpr char16_t highestRawByte = 0xDCFF;
 
 bool isRawByte(const QString& text, qsizetype at) {
     const char16_t unit = text[at].unicode();
-    return unit >= firstRawByte && unit <= lastRawByte && (at == 0 || !text[at - 1].isHighSurrogate());
+    return unit >= lowestRawByte && unit <= highestRawByte && (at == 0 || !text[at - 1].isHighSurrogate());
 }
 
 bool isUtf8(const QByteArray& bytes) {
@@ -63,15 +60,25 @@ QByteArray bytesOfName(const QString& name) {
     return bytes + name.mid(start).toUtf8();
 }
 
-ReadableName::ReadableName(const QString& path) : m_path(path) {
-    const QByteArray bytes = bytesOfName(path);
-    if (isUtf8(bytes))
-        return;
-    m_folder.emplace();
-    // Some formats are recognised by their extension.
-    const QString link = m_folder->path() + QStringLiteral("/picture.") + QFileInfo(path).suffix();
-    if (::symlink(bytes.constData(), QFile::encodeName(link).constData()) == 0)
-        m_path = link;
+qsizetype lastRawByte(const QString& name) {
+    qsizetype at = name.size() - 1;
+    while (at >= 0 && !isRawByte(name, at))
+        --at;
+    return at;
+}
+
+bool isUtf8Name(const QString& name) {
+    return lastRawByte(name) < 0;
+}
+
+QString writtenOut(const QString& name, QLatin1String mark) {
+    QString text;
+    for (qsizetype at = 0; at < name.size(); ++at)
+        if (isRawByte(name, at))
+            text += mark + QString::number(name[at].unicode() & 0xFF, 16);
+        else
+            text += name[at];
+    return text;
 }
 
 } // namespace tarsel::cli

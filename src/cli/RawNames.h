@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/ScratchFolder.h"
-
 #include <QByteArray>
 #include <QString>
-#include <optional>
 
 namespace tarsel::cli {
 
@@ -14,16 +11,13 @@ namespace tarsel::cli {
 QString nameFromBytes(const QByteArray& bytes);
 QByteArray bytesOfName(const QString& name);
 
-/// A path by which a file with such a name can be opened: the path itself where it can be, else a link to the
-/// file that exists for as long as this object.
-class ReadableName {
-public:
-    explicit ReadableName(const QString& path);
-    const QString& path() const { return m_path; }
+/// Where the last byte that isn't UTF-8 is in a name; -1 when all are.
+qsizetype lastRawByte(const QString& name);
 
-private:
-    std::optional<ScratchFolder> m_folder;
-    QString m_path;
-};
+/// Whether Qt can open or make a file of this name.
+bool isUtf8Name(const QString& name);
+
+/// The name with `mark` and two hexadecimal digits for each byte that isn't UTF-8.
+QString writtenOut(const QString& name, QLatin1String mark);
 
 } // namespace tarsel::cli

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/RowReport.h"
 
-#include "base/TrappedError.h"
+#include "base/ErrorReport.h"
 #include "cli/JsonLine.h"
 #include "cli/PictureFacts.h"
 #include "cli/Terminal.h"
-#include "codecs/PictureFile.h"
-#include "collections/clsFileInfo.h"
-#include "imaging/ImageBox.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <utility>
 
 namespace tarsel::cli {
 
@@ -37,35 +36,11 @@ QString textOf(const RowResult& result) {
     return text;
 }
 
-/// The first page of a document that can't be read, and why; empty when all can.
-QString badPageOf(const QString& path) {
-    const int pages = ImageBox::PageCount(path);
-    int page = 1;
-    try {
-        const PictureFile file(path);
-        ImageBox box;
-        for (; page <= pages; ++page)
-            box.LoadPage(file, page);
-    } catch (const TrappedError& error) {
-        return QCoreApplication::translate("CommandLine", "page %1 of %2: %3")
-            .arg(page)
-            .arg(pages)
-            .arg(error.description);
-    }
-    return {};
-}
-
-/// Why a picture has no row, or not all of its pages: its files are read once more to find out.
-QString unreadableReason(const QString& path) {
-    if (!clsFileInfo::CheckIfFileExists(path))
-        return QCoreApplication::translate("CommandLine", "missing, or not readable");
-    PictureFacts facts;
-    readPictureFacts(path, facts);
-    if (facts.pages > 1 || (facts.pages == 0 && ImageBox::PageCount(path) > 1))
-        if (const QString fact = badPageOf(path); !fact.isEmpty())
-            return fact;
-    return facts.reason.isEmpty() ? QCoreApplication::translate("CommandLine", "can't be read as a picture")
-                                  : facts.reason;
+/// The report has the error's number before the reason, and maybe the source's name.
+bool isReasonOf(const RowResult& row, const ErrorReport& report) {
+    return std::ranges::any_of(row.remarks, [&](const QString& remark) {
+        return remark.contains(report.ErrSystem) || report.ErrSystem.endsWith(remark);
+    });
 }
 
 } // namespace
@@ -86,7 +61,31 @@ void RowReport::add(const RowResult& result) {
         ++m_failed;
         break;
     }
+    showOtherErrors(result);
     m_terminal.result(m_json ? jsonOf(result) : textOf(result));
+}
+
+void RowReport::addAlone(const RowResult& result) {
+    if (result.state != RowState::Failed)
+        return add(result);
+    ++m_failed;
+    showOtherErrors(result);
+    m_terminal.message(QStringLiteral("tarsel: ") + result.reason());
+    if (m_json)
+        m_terminal.result(jsonOf(result));
+}
+
+void RowReport::showErrorReport(const ErrorReport& report) {
+    if (!isReasonOf(m_last, report))
+        m_reports << report;
+}
+
+/// A row is recorded after the error of one of its tasks, and before an error that ends the run.
+void RowReport::showOtherErrors(const RowResult& row) {
+    m_last = row;
+    for (const ErrorReport& report : std::exchange(m_reports, {}))
+        if (!isReasonOf(row, report))
+            TerminalDialogs::showErrorReport(report);
 }
 
 void RowReport::addMissing(const QString& path) {
@@ -97,6 +96,7 @@ void RowReport::addMissing(const QString& path) {
 }
 
 void RowReport::summarise() {
+    showOtherErrors(m_last);
 #define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
     static constexpr const char* sentences[2][2] = {
         {TEXT("tarsel: %1 written, %2 skipped, %3 failed"),

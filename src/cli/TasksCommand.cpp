@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
+#include "cli/FilePaths.h"
 #include "cli/JsonLine.h"
 #include "cli/Terminal.h"
 #include "tasks/TaskCheck.h"
@@ -59,7 +59,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     if (arguments.operands().size() != 1)
         throw UsageError{QCoreApplication::translate("CommandLine", "expected one task list")};
     TaskList tasks;
-    modSaveOpenImageList::readTaskBasket(absolutePath(arguments.operands().first()), tasks);
+    modSaveOpenImageList::readTaskBasket(filePath(arguments.operands().first()), tasks);
     bool allFine = true;
     for (int i = 0; i < tasks.count(); ++i) {
         const TaskRow row = tasks.row(i);

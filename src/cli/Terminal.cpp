@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Terminal.h"
 
+#include "cli/RawNameLinks.h"
+#include "cli/RawNames.h"
+
 #include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
@@ -24,17 +27,22 @@ int terminalColumns() {
     return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
 }
 
-/// Control characters out of file names and metadata would command the terminal: they are written as "\x1b".
+/// Control characters out of file names and metadata would command the terminal, or begin a line that looks
+/// like a result: they are written as "\x1b".
 QString withoutControls(const QString& text) {
     QString out;
     out.reserve(text.size());
     for (const QChar character : text) {
-        if (character.category() == QChar::Other_Control && character != QLatin1Char('\n'))
+        if (character.category() == QChar::Other_Control)
             out += QStringLiteral("\\x%1").arg(character.unicode(), 2, 16, QLatin1Char('0'));
         else
             out += character;
     }
     return out;
+}
+
+QString printable(const QString& line) {
+    return withoutControls(writtenOut(RawNameLinks::withOwnNames(line), QLatin1String("\\x")));
 }
 
 /// Minutes and seconds, or hours, minutes and seconds.
@@ -76,7 +84,7 @@ Terminal::Terminal(std::FILE* results, std::FILE* messages, bool showsBar) :
 void Terminal::print(std::FILE* file, const QString& line) {
     const QString bar = m_bar;
     removeBar();
-    const QByteArray bytes = withoutControls(line).toUtf8() + '\n';
+    const QByteArray bytes = printable(line).toUtf8() + '\n';
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), file);
     // At once: whoever reads a pipe wants to see each row when it is done.
     if (std::fflush(file) != 0 && file == m_results)
@@ -87,6 +95,11 @@ void Terminal::print(std::FILE* file, const QString& line) {
 
 void Terminal::result(const QString& line) {
     print(m_results, line);
+}
+
+void Terminal::results(const QStringList& lines) {
+    for (const QString& line : lines)
+        result(line);
 }
 
 void Terminal::message(const QString& line) {

@@ -4,6 +4,7 @@
 #include "base/Progress.h"
 
 #include <QString>
+#include <QStringList>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -23,7 +24,9 @@ class Terminal {
 public:
     Terminal(std::FILE* results, std::FILE* messages, bool showsBar);
 
+    /// One line: a line feed in it is written as "\x0a".
     void result(const QString& line);
+    void results(const QStringList& lines);
     void message(const QString& line);
     /// False when results could not be written, which is reported as a message.
     bool finish();

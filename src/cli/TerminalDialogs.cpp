@@ -4,8 +4,6 @@
 #include "base/ErrorReport.h"
 #include "cli/Terminal.h"
 
-#include <QCoreApplication>
-
 namespace tarsel::cli {
 
 MessageAnswer TerminalDialogs::messageBox(const QString& text, MessageIcon, MessageButtons buttons,
@@ -17,8 +15,7 @@ MessageAnswer TerminalDialogs::messageBox(const QString& text, MessageIcon, Mess
 }
 
 void TerminalDialogs::showErrorReport(const ErrorReport& report) {
-    m_terminal.message(QCoreApplication::translate("CommandLine", "tarsel: %1 (in %2)")
-                           .arg(report.ErrSystem, report.ErrRoutine));
+    m_terminal.message(QStringLiteral("tarsel: ") + report.ErrSystem);
 }
 
 } // namespace tarsel::cli

@@ -8,7 +8,7 @@ namespace tarsel::cli {
 class Terminal;
 
 /// Messages and error reports are lines on standard error, questions are refused, other dialogs cancelled.
-class TerminalDialogs final : public Dialogs {
+class TerminalDialogs : public Dialogs {
 public:
     explicit TerminalDialogs(Terminal& terminal) : m_terminal(terminal) {}
 

@@ -13,10 +13,14 @@ using namespace tarsel::test;
 
 namespace {
 
-/// With a photograph, whose JPEG file has a size for each quality.
+/// With a photograph that was taken upright, and whose JPEG file has a size for each quality.
 class EncodeCommand : public testing::Test {
 protected:
-    EncodeCommand() { boxWith(photograph(160, 120)).SaveToFile(folder.path("photo.png")); }
+    EncodeCommand() {
+        ImageBox box = boxWith(photograph(160, 120));
+        EXPECT_TRUE(box.ExifSet(text("Orientation"), text("6")));
+        box.SaveToFile(folder.path("photo.png"));
+    }
 
     QJsonObject encoded(const char* arguments) const {
         const ProgramRun run = folder.run(commandLine("encode --json") + commandLine(arguments));
@@ -29,15 +33,22 @@ protected:
     PictureFolder folder;
 };
 
-TEST_F(EncodeCommand, WritesEveryFormatByNameOrByExtension) {
+TEST_F(EncodeCommand, WritesEveryFormatByNameOrByExtensionAndUprightWhereTheOrientationIsLost) {
     for (const char* format : {"bmp", "gif", "jpg", "pcx", "png", "wbmp", "psd", "tif", "pdf"}) {
+        const bool keepsOrientation = text("jpg png psd tif").contains(text(format));
         const QString out = text("out.") + text(format);
         const int size = sizeOf(qPrintable(text("photo.png ") + out));
         EXPECT_EQ(size, QFileInfo(folder.path(out)).size()) << format;
         EXPECT_GT(size, 100) << format;
         encoded(qPrintable(text("--format %1 photo.png plain").arg(text(format))));
-        EXPECT_EQ(readWholeFile(folder.path("plain")), readWholeFile(folder.path(out))) << format;
+        const QByteArray bytes = readWholeFile(folder.path(out));
+        EXPECT_EQ(readWholeFile(folder.path("plain")), bytes) << format;
+        sizeOf(qPrintable(text("--upright photo.png ") + out));
+        EXPECT_EQ(readWholeFile(folder.path(out)) != bytes, keepsOrientation) << format;
     }
+    ASSERT_TRUE(QFile::rename(folder.path("photo.png"), folder.path("photo"))); // loaded without its metadata
+    encoded("photo bare.png");
+    EXPECT_EQ(folder.loaded("bare.png").Width(), 120);
 }
 
 TEST_F(EncodeCommand, FindsTheBestQualityThatFits) {

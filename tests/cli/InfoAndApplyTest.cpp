@@ -71,6 +71,13 @@ TEST(InfoCommand, TroubleWithAFileIsReportedAndDoesNotStopTheOthers) {
         EXPECT_EQ(pictures[i].value(text("state")).toString(), text(fails ? "failed" : "ok"));
         EXPECT_EQ(pictures[i].value(text("reason")).toString().isEmpty(), !fails);
         EXPECT_EQ(pictures[i].value(text("damage")).toString().isEmpty(), names[i] != text("cut.jpg"));
+        for (const char* command : {"encode --json %1 x.png", "batch --json --out made %1"}) {
+            const QString words = text(command).arg(names[i]);
+            if (fails) {
+                EXPECT_EQ(folder.run(qPrintable(words)).objects().value(0).value(text("reason")),
+                          pictures[i].value(text("reason")));
+            }
+        }
     }
     EXPECT_EQ(pictures[4].value(text("width")).toInt(), 160);
     EXPECT_TRUE(contains(run.messages, qPrintable(text("13 - ") + folder.path("odd.jpg"))));
@@ -81,21 +88,40 @@ TEST(InfoCommand, TroubleWithAFileIsReportedAndDoesNotStopTheOthers) {
         EXPECT_TRUE(contains(folder.run(command).output, "damaged: ")) << command;
 }
 
-TEST(InfoCommand, NamesThatAreNotUtf8AreOpenedAndControlCharactersAreWrittenOut) {
+TEST(FileNames, AnyBytesAreReadAndWrittenAndCanNotFakeALine) {
+    const struct {
+        const char* commands;
+        int status;
+        const char* part; ///< of what the program says
+    } cases[] = {
+        {"$T info --json $r", 0, "r\\udcffw.jpg"},
+        {"$T info $r", 0, "r\\xffw.jpg"},
+        {"cp a.jpg \"$c\"; $T info \"$c\"", 0, "c\\x1b[31m\\x9b\\x0a.jpg"},
+        {"$T encode $r $d/x.png && test -s $d/x.png", 0, "d\\xfe/x.png"},
+        {"$T encode a.jpg $r && cmp $r $d/in.jpg", 1, "r\\xffw.jpg"},
+        {"$T apply --tasks $l $r $r.png && test -s $r.png", 0, "r\\xffw.jpg.png"},
+        {"$T batch --tasks $l --out $d $r && test -s $d/r%ffw.jpg", 0, "d\\xfe/r%ffw.jpg"},
+        {"cd $d; $T batch --json --source-folder in.jpg && cmp in.jpg ../a.jpg", 1, "d\\udcfe/in.jpg"},
+        {"$T batch --source-folder a.jpg $r", 2, "not UTF-8"},
+        {"$T batch --out $d.new a.jpg", 2, "not UTF-8"},
+        {"$T basket save x.ibf a.jpg $r", 1, "not UTF-8"},
+        {"$T tasks $l", 0, "Orientation"},
+        {"$T info a.jpg ''", 2, "is empty"},
+    };
     const PictureFolder folder;
-    // Removed again by the shell: a temporary folder can't remove a name that it can't read.
-    const ProgramRun raw =
-        runShell("name=$(printf 'r\\377w.jpg') && cp a.jpg \"$name\" && "
-                 "\"$TARSEL\" info --json \"$name\"; status=$?; rm \"$name\"; exit $status",
-                 folder.path());
-    EXPECT_EQ(raw.status, 0) << raw.messages.constData() << raw.output.constData();
-    EXPECT_EQ(raw.objects().value(0).value(text("width")).toInt(), 24);
-    EXPECT_TRUE(raw.output.contains("r\\udcffw.jpg")) << raw.output.constData();
-    const ProgramRun control = runShell("name=$(printf 'c\\033[31m\\302\\233.jpg') && cp a.jpg \"$name\" && "
-                                        "exec \"$TARSEL\" info \"$name\"",
-                                        folder.path());
-    EXPECT_EQ(control.status, 0);
-    EXPECT_TRUE(control.output.contains("c\\x1b[31m\\x9b.jpg")) << control.output.constData();
+    writeFileSafely(folder.path("l.tbf"), taskLine("1", "flip", {text("1")}));
+    for (const auto& [commands, status, part] : cases) {
+        SCOPED_TRACE(commands);
+        // Removed again by the shell: a temporary folder can't remove a name that it can't read.
+        const QByteArray line =
+            QByteArray("export T=\"$TARSEL\"; n() { printf \"$1\"; }; r=$(n 'r\\377w.jpg'); "
+                       "d=$(n 'd\\376'); l=$(n 'l\\375.tbf'); c=$(n 'c\\033[31m\\302\\233\\n.jpg'); "
+                       "cp a.jpg $r; mkdir $d; cp a.jpg $d/in.jpg; cp l.tbf $l; (") +
+            commands + "); status=$?; rm -r $r* $d* $l; exit $status";
+        const ProgramRun run = runShell(line.constData(), folder.path());
+        EXPECT_EQ(run.status, status) << run.messages.constData();
+        EXPECT_TRUE(contains(run.output + run.messages, part));
+    }
 }
 
 TEST(ApplyCommand, ReplaysTheListAndKeepsMetadata) {
@@ -136,11 +162,12 @@ TEST(ApplyCommand, WhatFailsIsNamedAndWritesNothing) {
         EXPECT_EQ(run.status, 1) << words;
         EXPECT_EQ(run.objects().value(0).value(text("state")), text("failed")) << words;
         EXPECT_TRUE(contains(run.objects().value(0).value(text("reason")).toString(), part));
+        EXPECT_EQ(run.messages.count(part), 1) << run.messages.constData();
         EXPECT_EQ(readWholeFile(folder.path("b.jpg")), before);
     }
 }
 
-TEST(ApplyCommand, NoCommandSavesAPartOfAFileOverIt) {
+TEST(ApplyCommand, NoCommandSavesAPartOfAFileOverItOrLosesSomethingSilently) {
     const PictureFolder folder;
     makePicture(folder.path("cut.jpg"), 160, 160);
     const QByteArray all = readWholeFile(folder.path("cut.jpg"));
@@ -160,6 +187,17 @@ TEST(ApplyCommand, NoCommandSavesAPartOfAFileOverIt) {
         EXPECT_TRUE(contains(run.output + run.messages, "was not replaced: it could be read only in part"))
             << words;
         EXPECT_EQ(readWholeFile(folder.path(name)), bytes) << words;
+    }
+    ImageBox box = folder.loaded("a.jpg");
+    ASSERT_TRUE(box.ExifSet(text("Orientation"), text("6")));
+    box.SaveToFile(folder.path("a.jpg"));
+    for (const auto& [words, part] :
+         {std::pair{"encode pages.tif x.png", "only the first of its 2 pages was saved"},
+          {"apply --tasks l.tbf pages.tif x.png", "only the first of its 2 pages was saved"},
+          {"apply --tasks l.tbf a.jpg x.bmp", "can't hold the EXIF orientation"}}) {
+        const ProgramRun run = folder.run(words);
+        EXPECT_EQ(run.status, 0) << words;
+        EXPECT_EQ(run.messages.count(part), 1) << words;
     }
 }
 
