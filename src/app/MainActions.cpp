@@ -8,6 +8,8 @@ namespace {
 #define TEXT(text) QT_TRANSLATE_NOOP("MainActions", text)
 
 constexpr ActionRow rows[] = {
+    {"cmdBrowseSettings", TEXT("Settings"), TEXT("Change the settings and see the shortcuts"), "settings",
+     "Ctrl+,"},
     // the folder
     {"cmdAddToQueue", TEXT("&Add to basket"), TEXT("Add the selected files to the basket"), "add", "Return"},
     {"cmdThumbnailFolder", TEXT("Show thumbnails"), TEXT("Show thumbnails"), "thumbnails", "Ctrl+1",
@@ -33,8 +35,8 @@ constexpr ActionRow rows[] = {
     {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next", "Alt+Right"},
     {"cmdPreviewType", TEXT("&Original "), TEXT("Show the picture as it is or with the tasks applied"),
      "iDetailIcon"},
-    {"mnuPreviewOriginal", TEXT("&Original"), "", "", "", "previewType"},
-    {"mnuPreviewOptimized", TEXT("O&ptimized"), "", "", "", "previewType"},
+    {"mnuPreviewOriginal", TEXT("&Original"), "", "iDetailIcon", "", "previewType"},
+    {"mnuPreviewOptimized", TEXT("O&ptimized"), "", "optimized", "", "previewType"},
 };
 
 #undef TEXT

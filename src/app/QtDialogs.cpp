@@ -77,6 +77,7 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
                                     const QString& title) {
     QMessageBox box(qtIcon(icon), title.isEmpty() ? programIdentity::title : title, text, qtButtons(buttons),
                     owner());
+    box.setObjectName(QStringLiteral("messageBox"));
     box.setTextFormat(Qt::PlainText);
     if (buttons == MessageButtons::YesNo)
         box.setDefaultButton(QMessageBox::No); // Enter must not replace anything

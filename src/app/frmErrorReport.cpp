@@ -4,6 +4,7 @@
 #include "app/ui_frmErrorReport.h"
 #include "base/ErrorTrap.h"
 #include "base/SendReport.h"
+#include "controls/FormScrollArea.h"
 
 #include <QCoreApplication>
 #include <QStyle>
@@ -20,6 +21,7 @@ frmErrorReport::frmErrorReport(ErrorReport report, QWidget* owner) :
     // Enter in the address sends; the default button must not throw away what was typed.
     connect(m_ui->txtEmail, &QLineEdit::returnPressed, this, &frmErrorReport::cmdSend_Click);
     m_ui->cmdCancel->setFocus(); // an unexpected Enter must send nothing
+    fitToText(*this, 100);
 }
 
 frmErrorReport::~frmErrorReport() = default;

@@ -2,7 +2,11 @@
 #include "app/frmMain.h"
 
 #include "app/MainActions.h"
+#include "app/RunEndNotice.h"
 #include "app/StatusPanels.h"
+#include "app/frmSettings.h"
+#include "base/Dialogs.h"
+#include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
@@ -21,8 +25,8 @@
 #include "output/forms/frmBatchResults.h"
 #include "tasks/TaskBasketActions.h"
 
+#include <QHBoxLayout>
 #include <QScopedValueRollback>
-#include <QVBoxLayout>
 #include <utility>
 
 namespace tarsel {
@@ -46,6 +50,8 @@ frmMain::frmMain(StartupOptions options) :
     connectBasketPane();
     connectTaskBasket();
     connectPreview();
+    connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
+            &frmMain::cmdBrowseSettings_Click);
 }
 
 frmMain::~frmMain() = default;
@@ -61,11 +67,16 @@ void frmMain::arrangePanes() {
     splView->setObjectName(QStringLiteral("splView"));
     splMain = new Splitter(Qt::Horizontal, splRight, splView, this);
     splMain->setObjectName(QStringLiteral("splMain"));
+    splMain->setSplitterRange(20, 90); // the record can't hold 10, its sign of damage
 
+    auto* eb = new QWidget(this); // the task panel, out of sight while it is empty
+    eb->setObjectName(QStringLiteral("eb"));
+    eb->hide();
     auto* centre = new QWidget(this);
-    auto* rows = new QVBoxLayout(centre);
-    rows->setContentsMargins(8, 8, 8, 4);
-    rows->addWidget(splMain);
+    auto* columns = new QHBoxLayout(centre);
+    columns->setContentsMargins(8, 8, 8, 4);
+    columns->addWidget(splMain, 1);
+    columns->addWidget(eb);
     setCentralWidget(centre);
 
     auto* statusBar = new StatusBar(m_workspace.sbMain, statusPanels(), this);
@@ -164,6 +175,11 @@ void frmMain::showNeighbour(int step) {
     m_preview.ShowRow(ActiveList->list(), ActiveList->selectNeighbour(step));
 }
 
+void frmMain::cmdBrowseSettings_Click() {
+    if (frmSettings(ConfigRecord, m_actions.shortcuts(), this).exec() == QDialog::Accepted)
+        subUpdateForm();
+}
+
 /// Preview and folder show what a batch would write now.
 void frmMain::takeUpright() {
     const bool upright = ConfigRecord.BatchSave.UprightByExif == 1;
@@ -186,6 +202,12 @@ void frmMain::setRunning(bool running) {
 void frmMain::subSaveAsSinglePage() {
     if (m_batchRunning)
         return;
+    if (m_workspace.lvPages.isEmpty()) {
+        service<Dialogs>().messageBox(
+            tr("The basket is empty. Add the pictures to save from the folder list first."),
+            MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+        return;
+    }
     const QScopedValueRollback running(m_batchRunning, true);
     setRunning(true);
     const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
@@ -196,6 +218,7 @@ void frmMain::subSaveAsSinglePage() {
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));
+    announceRunEnd(*this, tr("The pictures are saved"), resultSummary(results));
     (new frmBatchResults(results, this))->show();
 }
 

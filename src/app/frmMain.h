@@ -94,6 +94,7 @@ private:
     void addSelectionToBasket();
     void dropRows(const ListControl* source, int row);
     void showNeighbour(int step);
+    void cmdBrowseSettings_Click();
 
     // Form_Unload
     void subEnd();

@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QScreen>
 #include <QScrollBar>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -40,6 +41,13 @@ void fitToScreen(QWidget& form, QSize wanted) {
     // Room for the frame that the window manager draws around it.
     const QSize frame(16, 48);
     form.resize(wanted.boundedTo(form.screen()->availableGeometry().size() - frame));
+}
+
+void fitToText(QWidget& form, int characters) {
+    const int width =
+        std::max(form.minimumSizeHint().width(), characters * form.fontMetrics().averageCharWidth());
+    const int height = form.hasHeightForWidth() ? form.heightForWidth(width) : form.sizeHint().height();
+    fitToScreen(form, {width, height});
 }
 
 } // namespace tarsel

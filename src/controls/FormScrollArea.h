@@ -23,5 +23,8 @@ private:
 
 /// Resizes a form to the size that it asks for, as far as the screen has room.
 void fitToScreen(QWidget& form, QSize wanted);
+/// The same for a form with texts that wrap: at least that many average characters wide, and as high as the
+/// texts are at this width.
+void fitToText(QWidget& form, int characters);
 
 } // namespace tarsel

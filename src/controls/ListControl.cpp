@@ -393,7 +393,7 @@ void ListControl::giveSelectionToView() {
     selection->select(selectionOf(m_list), QItemSelectionModel::ClearAndSelect);
 }
 
-void copyRows(const ListView& list, bool selectedOnly) {
+QString rowsAsText(const ListView& list, bool selectedOnly) {
     QStringList lines;
     for (int row = 0; row < list.count(); ++row) {
         if (selectedOnly && !list.isSelected(row))
@@ -403,7 +403,11 @@ void copyRows(const ListView& list, bool selectedOnly) {
             cells << list.subItem(row, column);
         lines << cells.join(QLatin1Char('\t'));
     }
-    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+    return lines.join(QLatin1Char('\n'));
+}
+
+void copyRows(const ListView& list, bool selectedOnly) {
+    QGuiApplication::clipboard()->setText(rowsAsText(list, selectedOnly));
 }
 
 } // namespace tarsel

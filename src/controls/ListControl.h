@@ -108,7 +108,9 @@ private:
     bool m_scheduled = false;
 };
 
-/// Brings rows to the clipboard, as lines of cells between tabs.
+/// Rows as lines of cells between tabs.
+QString rowsAsText(const ListView& list, bool selectedOnly);
+/// Brings that text to the clipboard.
 void copyRows(const ListView& list, bool selectedOnly);
 
 } // namespace tarsel

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QTextDocument>
 #include <QToolTip>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -42,7 +43,11 @@ QIcon iconOf(const QString& iconKey) {
 } // namespace
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    return isThumbnail(option) ? cellSize : QStyledItemDelegate::sizeHint(option, index);
+    if (isThumbnail(option))
+        return cellSize;
+    const int air = option.fontMetrics.height() / 3;
+    const QSize contents = QStyledItemDelegate::sizeHint(option, index);
+    return {contents.width(), std::max(contents.height(), option.fontMetrics.height() + air)};
 }
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

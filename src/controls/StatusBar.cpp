@@ -3,6 +3,7 @@
 
 #include "controls/ElidedLabel.h"
 #include "controls/LineIcon.h"
+#include "controls/LineIconLabel.h"
 
 #include <QHBoxLayout>
 
@@ -28,12 +29,8 @@ void StatusBar::addPanel(const StatusPanel& panel) {
     auto* row = new QHBoxLayout(holder);
     row->setContentsMargins(4, 1, 4, 1);
     row->setSpacing(4);
-    if (*panel.icon) {
-        auto* picture = new QLabel(holder);
-        const int side = picture->fontMetrics().height();
-        picture->setPixmap(lineIcon(QLatin1String(panel.icon)).pixmap(side, side));
-        row->addWidget(picture);
-    }
+    if (*panel.icon)
+        row->addWidget(new LineIconLabel(lineIcon(QLatin1String(panel.icon)), holder));
     auto* label = new ElidedLabel(holder);
     label->setObjectName(QStringLiteral("sbMain_") + QLatin1String(panel.key));
     // Without a name of its own the label's text is spoken.

@@ -3,6 +3,7 @@
 
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
+#include "controls/FormScrollArea.h"
 #include "controls/ui_frmStatus.h"
 
 namespace tarsel {
@@ -12,6 +13,8 @@ frmStatus::frmStatus(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui:
     m_waiting = m_ui->lblStatus->text();
     setWindowTitle(ApplicationName);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmStatus::cancel);
+    connect(m_ui->pbQueue, &QProgressBar::valueChanged, this, &frmStatus::showItem);
+    fitToText(*this, 70);
 }
 
 frmStatus::~frmStatus() = default;
@@ -38,6 +41,10 @@ void frmStatus::cancel() {
     service<EventLoop>().yield();
     m_ui->lblStatus->setText(tr("Please wait...... cancelling operaration"));
     CancelRequested = true;
+}
+
+void frmStatus::showItem(int done) {
+    m_ui->lblItem->setText(m_nameOf && done < m_ui->pbQueue->maximum() ? m_nameOf(done) : QString());
 }
 
 } // namespace tarsel

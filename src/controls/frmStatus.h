@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 
 namespace tarsel {
@@ -23,6 +24,8 @@ public:
     frmStatus& operator=(const frmStatus&) = delete;
 
     ProgressBar& pbQueue();
+    /// How the item is called that follows the first `done` ones; without it none is named.
+    void nameItems(std::function<QString(int done)> nameOf) { m_nameOf = std::move(nameOf); }
     /// Opens with the waiting text and takes back an earlier run's cancel.
     void begin();
     void finish();
@@ -32,9 +35,11 @@ protected:
 
 private:
     void cancel();
+    void showItem(int done);
 
     std::unique_ptr<Ui::frmStatus> m_ui;
     QString m_waiting; ///< the text of the form
+    std::function<QString(int)> m_nameOf;
 };
 
 } // namespace tarsel

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ListView.h"
+#include "base/SafeFileWriter.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"
 #include "output/Naming.h"
@@ -326,15 +327,19 @@ TEST_F(SaveDialog, AMissingFolderIsReportedBeforeSaveAndCreatedOnRequest) {
     finishedPreview();
     EXPECT_EQ(valueOf("lblNamesFolderProblem"),
               QStringLiteral("The folder %1 does not exist.").arg(folder).toStdString());
+    EXPECT_FALSE(control<QWidget>("cmdStarConversion").isEnabled());
     click(*dialog, "cmdCreateFolder");
     EXPECT_TRUE(QFileInfo(folder).isDir());
     finishedPreview();
+    EXPECT_TRUE(control<QWidget>("cmdStarConversion").isEnabled());
     EXPECT_FALSE(control<QWidget>("lblNamesFolderProblem").isVisible());
     EXPECT_EQ(valueOf("lblNames"), "1 name, no clashes");
 
     QFile file(home.filePath(QStringLiteral("file")));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     control<QLineEdit>("txtDestinationFolder").setText(file.fileName());
+    click(*dialog, "cmdStarConversion");
+    EXPECT_NE(settings.Confirmed, -1) << "pressed before the new text was looked at";
     EXPECT_TRUE(QTest::qWaitFor([&] {
         return valueOf("lblNamesFolderProblem") == file.fileName().toStdString() + " is not a folder.";
     }));
@@ -390,59 +395,7 @@ TEST(NameSummaries, CountWhatHappensToExistingFiles) {
     }
 }
 
-TEST_F(SaveDialog, TheTasksAreAnnouncedBesideTheirOption) {
-    const struct {
-        int tasks;
-        bool ticked;
-        const char* text;
-    } cases[] = {{0, true, "The task basket is empty."},
-                 {1, true, "1 task will run."},
-                 {3, true, "3 tasks will run."},
-                 {3, false, "The 3 tasks won't run: the option above is not ticked."}};
-    for (const auto& c : cases) {
-        while (tasks.count() < c.tasks)
-            tasks.add({});
-        settings.ProcessEditingList = 0;
-        open();
-        control<QCheckBox>("chkProcessEditingList").setChecked(c.ticked);
-        EXPECT_EQ(valueOf("lblTasks"), c.text);
-    }
-}
-
-/// On small screens and with large fonts.
-TEST_F(SaveDialog, HasRoomForEveryControl) {
-    const std::pair<QSize, int> cases[] = {{{1350, 720}, 14}, {{784, 552}, 10}, {{784, 552}, 14}};
-    const QFont usual = QApplication::font();
-    const auto restore = qScopeGuard([&] {
-        dialog.reset();
-        QApplication::setFont(usual);
-    });
-    for (const auto& [room, points] : cases) {
-        SCOPED_TRACE(std::to_string(room.width()) + " wide, points: " + std::to_string(points));
-        QFont font = usual;
-        font.setPointSize(points);
-        QApplication::setFont(font);
-        open();
-        dialog->resize(room);
-        QTest::qWait(0);
-        EXPECT_EQ(dialog->size(), room) << "not held open by its contents";
-        for (QWidget* widget : dialog->findChildren<QWidget*>()) {
-            const bool isControl = qobject_cast<QAbstractButton*>(widget) ||
-                                   qobject_cast<QComboBox*>(widget) || qobject_cast<QLineEdit*>(widget) ||
-                                   qobject_cast<QSlider*>(widget);
-            if (!isControl || !widget->isVisible() || widget->objectName().isEmpty())
-                continue;
-            const QRect shown(widget->mapTo(dialog.get(), QPoint()), widget->size());
-            const std::string name = widget->objectName().toStdString();
-            EXPECT_LE(shown.right(), dialog->width()) << name;
-            EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << name;
-        }
-        EXPECT_LE(control<QWidget>("cmdExit").geometry().bottom(), dialog->height());
-        EXPECT_GE(child<ListControl>(*dialog, "lvNames").height(), 60);
-    }
-}
-
-TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
+TEST(BatchResults, ShowProblemsFirstAndCanBeCopiedSavedAndOpened) {
     const auto result = [](int row, RowState state, const char* reason = "") {
         const QString source = QStringLiteral("/s%1").arg(row);
         RowResult made{row, source, QStringLiteral("/t%1").arg(row), state, SkipReason::None, {}};
@@ -469,9 +422,23 @@ TEST(BatchResults, ShowProblemsFirstAndCanBeCopied) {
     click(*results, "cmdOpenFolder");
     ASSERT_EQ(desktop.messages.size(), 1u) << "a folder that doesn't open is no silence";
     EXPECT_EQ(desktop.messages[0].text.toStdString(), "The folder / could not be opened.");
-    child<ListControl>(*results, "lvResults").setFocus();
+    desktop.opens = true;
+    auto& rows = child<ListControl>(*results, "lvResults");
+    rows.setFocus();
+    for (const int row : {0, 1}) {
+        rows.list().selectOnly(row);
+        QTest::keyClick(results->focusWidget(), Qt::Key_Return);
+    }
+    EXPECT_EQ(desktop.opened.mid(1).join(QLatin1Char(' ')).toStdString(), "/s4 /t3")
+        << "the source of a failed row, the target of a written one";
+    const QTemporaryDir home;
+    desktop.fileChoices = {FileDialogChoice{home.filePath(QStringLiteral("list")), 1}};
+    click(*results, "cmdSaveText");
+    EXPECT_TRUE(readWholeFile(home.filePath(QStringLiteral("list.txt"))).startsWith("failed\t/s4\t/t4"));
+    rows.list().selectOnly(-1);
+    rows.setFocus();
     QTest::keyClick(results->focusWidget(), Qt::Key_Return);
-    EXPECT_EQ(desktop.opened.size(), 1) << "Return closes";
+    EXPECT_FALSE(results->isVisible()) << "without a row Return closes";
 }
 
 } // namespace tarsel::test

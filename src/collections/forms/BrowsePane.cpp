@@ -16,19 +16,35 @@
 
 namespace tarsel {
 
+namespace {
+
+/// In a narrow pane only the first text is shortened.
+class BrowseTabs final : public QTabBar {
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    QSize minimumTabSizeHint(int tab) const override {
+        return tab == 0 ? QTabBar::minimumTabSizeHint(tab) : tabSizeHint(tab);
+    }
+};
+
+} // namespace
+
 BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_actions(actions), m_tree(new FolderTree(this)),
     m_tasks(new ListControl(tasks.lvEdit, this)) {
     auto* lblBrowse = makePaneCaption({}, this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
-    auto* tbsBrowse = new QTabBar(this);
+    auto* tbsBrowse = new BrowseTabs(this);
     tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
     tbsBrowse->setDocumentMode(true);
     tbsBrowse->setExpanding(false);
-    tbsBrowse->setUsesScrollButtons(false); // both tabs stay in view, with shortened texts where need be
+    tbsBrowse->setUsesScrollButtons(false); // both tabs stay in view
     tbsBrowse->setElideMode(Qt::ElideRight);
     tbsBrowse->addTab(tr("Browse File System"));
     tbsBrowse->addTab(tr("Task Basket"));
+    tbsBrowse->setTabToolTip(0, tbsBrowse->tabText(0));
     // Complete texts where the screen has room for them.
     tbsBrowse->setMinimumWidth(
         std::min(tbsBrowse->sizeHint().width(), screen()->availableGeometry().width() * 26 / 100));
@@ -46,7 +62,10 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);
-    rows->addWidget(lblBrowse);
+    auto* caption = new QHBoxLayout;
+    caption->addWidget(lblBrowse, 1);
+    caption->addWidget(actions.makeButton("cmdBrowseSettings", this));
+    rows->addLayout(caption);
     rows->addWidget(tbsBrowse);
     rows->addWidget(panels, 1);
 

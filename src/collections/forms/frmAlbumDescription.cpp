@@ -3,6 +3,7 @@
 
 #include "collections/Basket.h"
 #include "collections/forms/ui_frmAlbumDescription.h"
+#include "controls/FormScrollArea.h"
 
 namespace tarsel {
 
@@ -15,6 +16,7 @@ frmAlbumDescription::frmAlbumDescription(ListView& lvPages, int row, QWidget* ow
     m_ui->txtDescription->moveCursor(QTextCursor::End);
     connect(m_ui->txtDescription, &QPlainTextEdit::textChanged, this, &frmAlbumDescription::dropQuotes);
     connect(m_ui->cmdAdd, &QPushButton::clicked, this, &frmAlbumDescription::cmdAdd_Click);
+    fitToText(*this, 70);
 }
 
 frmAlbumDescription::~frmAlbumDescription() = default;

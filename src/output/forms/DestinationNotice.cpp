@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -21,6 +22,7 @@ DestinationNotice::DestinationNotice(QWidget* parent) :
     m_problem->setTextFormat(Qt::PlainText);
     m_create->setObjectName(QStringLiteral("cmdCreateFolder"));
     m_create->setAutoDefault(false);
+    setFocusProxy(m_create);
     connect(m_create, &QPushButton::clicked, this, &DestinationNotice::createFolders);
 
     auto* column = new QVBoxLayout(this);
@@ -61,6 +63,12 @@ void DestinationNotice::showProblem() {
     m_problem->setText(text);
     m_problem->setVisible(!text.isEmpty());
     m_create->setVisible(unusable.isEmpty() && !missing.isEmpty());
+    setUsable(text.isEmpty());
+}
+
+void DestinationNotice::setUsable(bool usable) {
+    if (usable != std::exchange(m_usable, usable))
+        Q_EMIT usableChanged(usable);
 }
 
 void DestinationNotice::createFolders() {

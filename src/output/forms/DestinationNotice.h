@@ -17,18 +17,23 @@ public:
     explicit DestinationNotice(QWidget* parent = nullptr);
 
     void show(const QStringList& folders);
+    /// False while a folder is missing or can't be written to.
+    bool isUsable() const { return m_usable; }
 
 Q_SIGNALS:
+    void usableChanged(bool usable);
     void folderCreated();
 
 private:
     void showProblem();
     void createFolders();
+    void setUsable(bool usable);
 
     QLabel* m_destination;
     QLabel* m_problem;
     QPushButton* m_create;
     QStringList m_folders;
+    bool m_usable = true;
 };
 
 } // namespace tarsel

@@ -5,6 +5,7 @@
 #include "controls/ListControl.h"
 #include "output/forms/DestinationNotice.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -32,6 +33,18 @@ NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, Q
     column->addWidget(m_destination);
     connect(&m_slice, &QTimer::timeout, this, &NamePreview::planSlice);
     connect(m_destination, &DestinationNotice::folderCreated, this, [this] { show(m_settings); });
+    connect(m_destination, &DestinationNotice::usableChanged, this, &NamePreview::destinationUsableChanged);
+}
+
+bool NamePreview::isDestinationUsable() const {
+    return m_destination->isUsable();
+}
+
+void NamePreview::setTabOrderBetween(QWidget* before, QWidget* after) {
+    QWidget* list = findChild<ListControl*>()->view();
+    setTabOrder(before, list);
+    setTabOrder(list, m_destination);
+    setTabOrder(m_destination, after);
 }
 
 ListControl* NamePreview::makeList() {
@@ -39,9 +52,9 @@ ListControl* NamePreview::makeList() {
     list->setObjectName(QStringLiteral("lvNames"));
     list->setAccessibleName(tr("Names of the files that will be made"));
     list->setFullRowSelect(true);
-    list->setColumnWidth(0, 130);
-    list->setColumnWidth(1, 80);
-    list->setColumnWidth(2, 260);
+    list->setColumnWidth(0, 200);
+    list->setColumnWidth(1, 120);
+    list->setWideColumn(2);
     return list;
 }
 
@@ -52,7 +65,7 @@ void NamePreview::show(const settings::BatchSave& settings) {
     m_counts = NameSummary(settings.Overwrite == 1);
     m_planner = std::make_unique<NamePlanner>(m_pages, m_tasks, settings);
     m_slice.start(0);
-    showSummary();
+    planSlice(); // the folder of the first name is known at once
 }
 
 void NamePreview::planSlice() {
@@ -90,7 +103,7 @@ void NamePreview::showSummary() {
     else
         m_summary->setText(
             tr("Looking at name %1 of %2").arg(m_planner->planned()).arg(m_planner->rowCount()));
-    m_destination->show(m_planner->finished() ? m_folders : QStringList());
+    m_destination->show(m_planner->finished() || m_folders.size() == 1 ? m_folders : QStringList());
 }
 
 } // namespace tarsel

@@ -29,6 +29,13 @@ public:
     /// Columns: name, source file, remark.
     const ListView& names() const { return m_names; }
     bool isFinished() const { return m_planner && m_planner->finished(); }
+    /// False while a folder that files would go to is known to be missing or unusable.
+    bool isDestinationUsable() const;
+    /// Puts its controls between two others in the order of the Tab key.
+    void setTabOrderBetween(QWidget* before, QWidget* after);
+
+Q_SIGNALS:
+    void destinationUsableChanged(bool usable);
 
 private:
     ListControl* makeList();

@@ -3,14 +3,18 @@
 
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/SafeFileWriter.h"
+#include "base/SaveFileDialog.h"
 #include "base/SystemServices.h"
 #include "base/Translation.h"
 #include "controls/FormScrollArea.h"
+#include "controls/LineIcon.h"
 #include "controls/ListControl.h"
 #include "output/forms/ui_frmBatchResults.h"
 
 #include <QAbstractItemView>
 #include <QFileInfo>
+#include <QMenu>
 #include <algorithm>
 
 namespace tarsel {
@@ -82,7 +86,9 @@ frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget*
     m_ui->cmdOpenFolder->setEnabled(std::any_of(
         results.begin(), results.end(), [](const RowResult& r) { return r.state == RowState::Written; }));
     connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, &frmBatchResults::openFolder);
-    connect(m_ui->cmdCopyAll, &QPushButton::clicked, this, &frmBatchResults::copyAll);
+    connect(m_ui->cmdCopyAll, &QPushButton::clicked, this, [this] { copyRows(m_rows, false); });
+    connect(m_ui->cmdSaveText, &QPushButton::clicked, this, &frmBatchResults::saveText);
+    connectList(*list);
     fitToScreen(*this, {150 * fontMetrics().averageCharWidth(), 24 * fontMetrics().height()});
     list->setFocus();
 }
@@ -115,22 +121,68 @@ ListControl* frmBatchResults::makeList() {
     return list;
 }
 
-/// The folder of the selected row's file, or of the first one that was written.
-void frmBatchResults::openFolder() {
+void frmBatchResults::connectList(ListControl& list) {
+    connect(&list, &ListControl::rowDoubleClicked, this, &frmBatchResults::openFile);
+    connect(&list, &ListControl::enterPressed, this, [this] {
+        if (m_rows.selectedIndex() < 0)
+            close();
+        else
+            openFile();
+    });
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("mnuResults"));
+    const auto add = [&](const char* icon, const QString& text, auto action) {
+        menu->addAction(lineIcon(QLatin1String(icon)), text, this, action);
+    };
+    add("iDetailIcon", tr("&Open the file"), [this] { openFile(); });
+    add("folder", tr("Open its &folder"), [this] { openFolder(); });
+    add("copy", tr("&Copy the selected rows"), [this] { copyRows(m_rows, true); });
+    connect(&list, &ListControl::menuWanted, menu, [menu](const QPoint& position) { menu->popup(position); });
+}
+
+/// The selected row, or the first one that was written; -1 when there is neither.
+int frmBatchResults::usedRow() const {
     int row = m_rows.selectedIndex();
     for (int i = 0; row < 0 && i < m_rows.count(); ++i)
         if (m_rows.row(i).text == shownState(RowState::Written))
             row = i;
-    if (row < 0)
-        return;
-    const QString folder = QFileInfo(m_rows.row(row).tag).path();
-    if (!service<SystemServices>().shellOpen(folder))
-        service<Dialogs>().messageBox(tr("The folder %1 could not be opened.").arg(folder),
-                                      MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
+    return row;
 }
 
-void frmBatchResults::copyAll() {
-    copyRows(m_rows, false);
+void frmBatchResults::open(const QString& path, const QString& failure) {
+    if (!service<SystemServices>().shellOpen(path))
+        service<Dialogs>().messageBox(failure.arg(path), MessageIcon::Exclamation, MessageButtons::Ok,
+                                      ApplicationName);
+}
+
+/// The file that the row made; of a row that made none, the source, which is what has the problem.
+void frmBatchResults::openFile() {
+    const int row = usedRow();
+    if (row < 0)
+        return;
+    const bool written = m_rows.row(row).text == shownState(RowState::Written);
+    open(written ? m_rows.row(row).tag : m_rows.subItem(row, 1), tr("The file %1 could not be opened."));
+}
+
+void frmBatchResults::openFolder() {
+    const int row = usedRow();
+    if (row >= 0)
+        open(QFileInfo(m_rows.row(row).tag).path(), tr("The folder %1 could not be opened."));
+}
+
+void frmBatchResults::saveText() {
+    const auto textPath = [](int, const QString& path) {
+        return QFileInfo(path).suffix().isEmpty() ? path + QStringLiteral(".txt") : path;
+    };
+    const auto choice =
+        saveFileDialogFor({tr("Save the results"), tr("Text file (*.txt)|*.txt"), {}}, textPath);
+    if (!choice)
+        return;
+    std::ignore = trap("frmBatchResults.saveText", [&] {
+        TrappingString = QStringLiteral("Saving the results of a batch");
+        writeFileSafely(textPath(choice->filterIndex, choice->path),
+                        rowsAsText(m_rows, false).toUtf8() + '\n');
+    });
 }
 
 } // namespace tarsel

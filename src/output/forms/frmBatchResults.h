@@ -21,7 +21,7 @@ class ListControl;
 QString resultSummary(const std::vector<RowResult>& results);
 
 /// What became of every row of a batch: state, source, target, reason; problems first. The texts can be
-/// copied. Modeless, deletes itself.
+/// copied and saved, the files and their folders opened. Modeless, deletes itself.
 class frmBatchResults final : public QDialog {
     Q_OBJECT
 public:
@@ -35,8 +35,12 @@ public:
 private:
     void addRows(std::vector<RowResult> results);
     ListControl* makeList();
+    void connectList(ListControl& list);
+    int usedRow() const;
+    void open(const QString& path, const QString& failure);
+    void openFile();
     void openFolder();
-    void copyAll();
+    void saveText();
 
     ListView m_rows;
     std::unique_ptr<Ui::frmBatchResults> m_ui;

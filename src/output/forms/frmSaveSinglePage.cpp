@@ -5,9 +5,9 @@
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/Translation.h"
+#include "controls/TypedCharacters.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
-#include "output/forms/TypedCharacters.h"
 #include "output/forms/ui_frmSaveSinglePage.h"
 
 #include <QKeyEvent>
@@ -66,12 +66,12 @@ frmSaveSinglePage::frmSaveSinglePage(settings::BatchSave& settings, const ListVi
     m_preview(new NamePreview(lvPages, lvEditBatch, this)) {
     m_ui->setupUi(this);
     m_ui->layNames->addWidget(m_preview);
+    m_preview->setTabOrderBetween(m_ui->cmdImportIPTC, m_ui->cmdStarConversion);
     fillBoxes();
     subSetUp();
     connectButtons();
     showTasks();
     m_preview->show(m_binding->shown());
-    takeSize();
     m_ui->sldJPGQuality->setFocus();
 }
 
@@ -118,6 +118,9 @@ void frmSaveSinglePage::connectButtons() {
         browseImport(m_ui->txtImportIPTC, tr("Open IPTC .ffo file"), tr("IPTC file (*.ffo)|*.ffo"));
     });
     connect(m_ui->chkProcessEditingList, &QCheckBox::toggled, this, &frmSaveSinglePage::showTasks);
+    // What is wrong with the folder is written below the names.
+    connect(m_preview, &NamePreview::destinationUsableChanged, m_ui->cmdStarConversion,
+            &QPushButton::setEnabled);
 }
 
 /// Whether the task basket has a part in the run.
@@ -135,6 +138,15 @@ void frmSaveSinglePage::showTasks() {
         text = counted("The task won't run: the option above is not ticked.",
                        QT_TR_N_NOOP("The %n tasks won't run: the option above is not ticked."));
     m_ui->lblTasks->setText(text);
+}
+
+/// Some controls ask for their final size only after they have been shown.
+void frmSaveSinglePage::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    takeSize();
+    QTimer::singleShot(0, this, &frmSaveSinglePage::takeSize);
 }
 
 /// Where the dialog is too narrow for both, the names move below the options.
@@ -169,6 +181,12 @@ void frmSaveSinglePage::browseImport(QLineEdit* path, const QString& title, cons
 // --- leaving
 
 void frmSaveSinglePage::cmdStarConversion_Click() {
+    if (m_previewDelay.isActive()) {
+        m_previewDelay.stop();
+        m_preview->show(m_binding->shown());
+    }
+    if (!m_preview->isDestinationUsable())
+        return;
     // First, and kept through a refusal: closing the window after one lets the run go ahead.
     m_settings.Confirmed = -1;
     m_binding->store(BeforeChecks);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "output/forms/TypedCharacters.h"
+#include "controls/TypedCharacters.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "docs/screenshots/SampleDialogs.h"
+
+#include "app/MainActions.h"
+#include "app/frmErrorReport.h"
+#include "app/frmSettings.h"
+#include "collections/forms/frmAlbumDescription.h"
+#include "controls/ProgressBar.h"
+#include "controls/frmStatus.h"
+#include "output/forms/frmBatchResults.h"
+#include "output/forms/frmSaveSinglePage.h"
+
+#include <utility>
+
+namespace tarsel {
+
+SampleDialogs::SampleDialogs(ListView& lvPages, ConfigRecordData record) :
+    m_pages(lvPages), m_record(std::move(record)) {
+    m_record.BatchSave.NameOption = 1;
+    m_record.BatchSave.DestinationOption = 1;
+    m_record.BatchSave.RenamePrefix = QStringLiteral("Summer");
+}
+
+std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
+    std::vector<std::unique_ptr<QDialog>> dialogs;
+    dialogs.push_back(std::make_unique<frmSettings>(
+        m_record, ActionTable(mainActions(), mainActionsContext).shortcuts(), owner));
+    dialogs.push_back(saveDialog(owner));
+    dialogs.push_back(progress(owner));
+    dialogs.push_back(results(owner));
+    dialogs.push_back(errorReport(owner));
+    if (!m_pages.isEmpty())
+        dialogs.push_back(std::make_unique<frmAlbumDescription>(m_pages, 0, owner));
+    return dialogs;
+}
+
+std::unique_ptr<QDialog> SampleDialogs::saveDialog(QWidget* owner) {
+    return std::make_unique<frmSaveSinglePage>(m_record.BatchSave, m_pages, m_tasks, owner);
+}
+
+std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {
+    auto status = std::make_unique<frmStatus>(owner);
+    status->nameItems(
+        [this](int done) { return done < m_pages.count() ? m_pages.row(done).text : QString(); });
+    status->pbQueue().start(std::max(3, m_pages.count()));
+    status->pbQueue().setValue(2);
+    return status;
+}
+
+std::unique_ptr<QDialog> SampleDialogs::results(QWidget* owner) const {
+    std::vector<RowResult> rows;
+    for (int i = 0; i < m_pages.count(); ++i) {
+        RowResult row;
+        row.row = i + 1;
+        row.source = m_pages.row(i).tag;
+        row.target =
+            m_record.BatchSave.DestinationFolder + QStringLiteral("/Summer_%1_.jpg").arg(m_pages.row(i).text);
+        row.state = RowState::Written;
+        rows.push_back(row);
+    }
+    if (rows.size() > 2) {
+        rows[1].skip(SkipReason::Exists);
+        rows[1].state = RowState::Skipped;
+        rows[2].state = RowState::Failed;
+        rows[2].remark(QStringLiteral("No image data; the file is truncated"));
+    }
+    auto dialog = std::make_unique<frmBatchResults>(rows, owner);
+    dialog->setAttribute(Qt::WA_DeleteOnClose, false);
+    return dialog;
+}
+
+std::unique_ptr<QDialog> SampleDialogs::errorReport(QWidget* owner) const {
+    ErrorReport report;
+    report.ErrApplicationVersion = QStringLiteral(TARSEL_VERSION);
+    report.ErrRoutine = QStringLiteral("fncSaveSinglePage");
+    report.ErrLine = 96;
+    report.ErrTrappingString = QStringLiteral("Saving a new Single file");
+    report.ErrSystem = QStringLiteral("61 - /media/card/Summer_beach_.jpg: no space left on the device");
+    return std::make_unique<frmErrorReport>(report, owner);
+}
+
+} // namespace tarsel

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/ListView.h"
+#include "configuration/ConfigRecord.h"
+
+#include <QDialog>
+#include <memory>
+#include <vector>
+
+namespace tarsel {
+
+/// Every dialog of the program as it looks in use, for pictures of them and for tests that walk all windows.
+/// A dialog is named by its object name.
+class SampleDialogs {
+public:
+    /// The dialogs show these rows of a basket and the folders of this record.
+    SampleDialogs(ListView& lvPages, ConfigRecordData record);
+
+    std::vector<std::unique_ptr<QDialog>> all(QWidget* owner);
+
+private:
+    std::unique_ptr<QDialog> saveDialog(QWidget* owner);
+    std::unique_ptr<QDialog> results(QWidget* owner) const;
+    std::unique_ptr<QDialog> progress(QWidget* owner) const;
+    std::unique_ptr<QDialog> errorReport(QWidget* owner) const;
+
+    ListView& m_pages;
+    ListView m_tasks;
+    ConfigRecordData m_record;
+};
+
+} // namespace tarsel

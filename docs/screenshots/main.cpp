@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// tarsel-screenshots [--dark] [--dialogs] WIDTH HEIGHT PICTURES PREFIX: pictures of the main window with the
+// pictures of a folder, and of each dialog, as PREFIX and the window's name.
+#include "app/QtDesktop.h"
+#include "app/frmMain.h"
+#include "base/ProgramIdentity.h"
+#include "collections/forms/FolderTree.h"
+#include "configuration/ConfigFile.h"
+#include "controls/ListControl.h"
+#include "docs/screenshots/SampleDialogs.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <cstdio>
+
+namespace {
+
+using namespace tarsel;
+
+/// Colours as usual desktops have them in the dark.
+QPalette darkPalette() {
+    QPalette palette(QColor(62, 66, 70), QColor(51, 55, 59));
+    palette.setColor(QPalette::Base, QColor(31, 34, 37));
+    palette.setColor(QPalette::AlternateBase, QColor(38, 41, 45));
+    palette.setColor(QPalette::Highlight, QColor(42, 110, 168));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, QColor(49, 54, 59));
+    palette.setColor(QPalette::ToolTipText, QColor(239, 240, 241));
+    return palette;
+}
+
+void settle(const std::function<bool()>& ready) {
+    const QDeadlineTimer limit(20000);
+    while (!ready() && !limit.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    for (const QDeadlineTimer rest(600); !rest.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
+void save(QWidget& window, const QString& prefix) {
+    const QString file = prefix + window.objectName() + QStringLiteral(".png");
+    if (!window.grab().save(file))
+        std::fprintf(stderr, "%s: could not be written\n", qPrintable(file));
+}
+
+/// Settings of somebody who has used the program for a while.
+void prepareSettings(const QString& programFolder, const QString& pictures) {
+    loadConfiguration(programFolder);
+    ConfigRecord.LastFolder = pictures;
+    ConfigRecord.FolderThumbWidth = ConfigRecord.FolderThumbHeight = 112;
+    ConfigRecord.BasketThumbWidth = ConfigRecord.BasketThumbHeight = 48;
+    ConfigRecord.BatchSave.DestinationFolder = pictures;
+    subSaveSetup();
+}
+
+void fillWindow(frmMain& window) {
+    ListView& listed = window.workspace().lvFolder;
+    settle([&] { return listed.count() > 0 && !window.folderView().isRunning(); });
+    listed.selectAll();
+    window.findChild<QToolButton*>(QStringLiteral("cmdAddToQueue"))->click();
+    settle([&] { return window.workspace().lvPages.count() >= listed.count(); });
+    listed.selectOnly(0);
+    Q_EMIT window.findChild<ListControl*>(QStringLiteral("lvFolder"))->rowClicked();
+    settle([&] { return window.workspace().ibMain.HasImage(); });
+}
+
+void saveDialogs(frmMain& window, const QString& prefix) {
+    SampleDialogs samples(window.workspace().lvPages, ConfigRecord);
+    for (const auto& dialog : samples.all(&window)) {
+        dialog->show();
+        settle([] { return true; });
+        save(*dialog, prefix);
+        dialog->close();
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(programIdentity::name);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QStringList operands = QApplication::arguments().mid(1);
+    if (operands.removeAll(QStringLiteral("--dark")) > 0)
+        QApplication::setPalette(darkPalette());
+    const bool dialogs = operands.removeAll(QStringLiteral("--dialogs")) > 0;
+    if (operands.size() != 4) {
+        std::fprintf(stderr, "expected [--dark] [--dialogs] WIDTH HEIGHT PICTURES PREFIX\n");
+        return 2;
+    }
+    QtDesktop desktop;
+    const QTemporaryDir home;
+    prepareSettings(home.path(), operands[2]);
+    frmMain window({home.path(), {}, {}});
+    if (!window.Form_Load())
+        return 1;
+    window.resize(operands[0].toInt(), operands[1].toInt());
+    window.show();
+    fillWindow(window);
+    save(window, operands[3]);
+    if (dialogs)
+        saveDialogs(window, operands[3]);
+    window.close();
+    return 0;
+}
