@@ -25,6 +25,8 @@ constexpr ActionRow rows[] = {
     {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs", "Ctrl+J"},
     {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},
+    {"mnuUndo", TEXT("&Undo"), "", "undo", "Ctrl+Z"},
+    {"mnuRedo", TEXT("Red&o"), "", "redo", "Ctrl+Shift+Z"},
     // the task basket
     {"cmdEditBar_0", TEXT("New task basket"), TEXT("Create a new task basket"), "new", "Ctrl+Shift+N"},
     {"cmdEditBar_1", TEXT("Open task basket"), TEXT("Open a task basket"), "open", "Ctrl+Shift+O"},

@@ -8,6 +8,7 @@
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
+#include "collections/OfferedFiles.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/CancelAddingButton.h"
@@ -25,6 +26,7 @@
 #include "output/forms/frmBatchResults.h"
 #include "tasks/TaskBasketActions.h"
 
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
 #include <utility>
@@ -104,6 +106,13 @@ void frmMain::connectFolderPane() {
     connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
     connect(m_folderPane, &FolderPane::formChosen, this,
             [](int folderView) { ConfigRecord.FolderView = quint8(folderView); });
+    list.acceptFiles();
+    connect(&list, &ListControl::filesOffered, this, &frmMain::showOfferedFile);
+    connect(&m_workspace.lvFolder, &QAbstractItemModel::rowsInserted, this, &frmMain::selectOfferedFile);
+    connect(&m_folderView, &FolderView::runningChanged, this, [this] {
+        if (!m_folderView.isRunning())
+            m_offeredFile.clear();
+    });
     connect(m_folderPane, &FolderPane::rowChosen, &m_preview, &Preview::ShowRow);
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
 }
@@ -115,8 +124,15 @@ void frmMain::connectBasketPane() {
         const ListControl::RowRange rows = list.visibleRows();
         return std::pair(rows.first, rows.last);
     };
-    connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { m_basket.cmdPagesNew(); });
-    connect(m_basketPane, &BasketPane::cmdPagesDelete, this, [this] { m_basket.cmdPagesDelete(); });
+    connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { removeFromBasket(&Basket::cmdPagesNew); });
+    connect(m_basketPane, &BasketPane::cmdPagesDelete, this,
+            [this] { removeFromBasket(&Basket::cmdPagesDelete); });
+    connect(m_basketPane, &BasketPane::described, this,
+            [this](int row, const QString& text) { m_basket.describe(row, text); });
+    connect(m_basketPane, &BasketPane::mnuUndo, this, [this] { m_basket.undo(); });
+    connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { m_basket.redo(); });
+    m_basket.history().changed = [this] { m_basketPane->showHistory(m_basket.history()); };
+    m_basket.history().changed();
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
         CollectionLists shared = m_workspace.lists(*pbQueue);
         basketActions::cmdPagesOpen(m_basket, shared);
@@ -128,6 +144,10 @@ void frmMain::connectBasketPane() {
     connect(m_basketPane, &BasketPane::titleRefused, this, &frmMain::SetStatus);
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
     connect(&list, &ListControl::rowsDropped, this, &frmMain::dropRows);
+    connect(&list, &ListControl::filesOffered, this, [this](const QList<QUrl>& files) {
+        if (!m_batchRunning)
+            m_basket.addOfferedFiles(files);
+    });
 }
 
 void frmMain::connectTaskBasket() {
@@ -168,6 +188,47 @@ void frmMain::dropRows(const ListControl* source, int row) {
         m_basket.MoveRowsTo(row);
     else
         m_basket.AddToBasketByDrag();
+}
+
+/// Shows the row that is selected then; a picture of a removed row doesn't stay.
+void frmMain::removeFromBasket(void (Basket::*remove)()) {
+    ListView& pages = m_workspace.lvPages;
+    const int before = pages.count();
+    bool wasShown = false;
+    for (int row = 0; row < before && !wasShown; ++row)
+        wasShown = pages.row(row).tag == m_preview.shownPath();
+    (m_basket.*remove)();
+    if (pages.count() == before)
+        return;
+    if (!pages.isEmpty())
+        m_preview.ShowRow(pages, pages.selectedIndex());
+    else if (wasShown)
+        m_preview.leaveFolder();
+}
+
+/// Shows the folder that was dropped, or that of the file, which is selected there.
+void frmMain::showOfferedFile(const QList<QUrl>& files) {
+    const QString path = localPath(files.value(0));
+    const QFileInfo file(path);
+    if (path.isEmpty() || !file.exists())
+        return SetStatus(skippedText({{}, path.isEmpty() ? 1 : 0, path.isEmpty() ? 0 : 1}, 0));
+    m_offeredFile = file.isDir() ? QString() : file.absoluteFilePath();
+    m_browsePane->ftvBrowse().selectFolder(file.isDir() ? path : file.absolutePath());
+    selectOfferedFile();
+}
+
+void frmMain::selectOfferedFile() {
+    ListView& folder = m_workspace.lvFolder;
+    if (m_offeredFile.isEmpty())
+        return;
+    for (int row = 0; row < folder.count(); ++row) {
+        if (folder.row(row).tag != m_offeredFile)
+            continue;
+        m_offeredFile.clear();
+        folder.selectOnly(row);
+        m_preview.ShowRow(folder, row);
+        return;
+    }
 }
 
 /// The row before or after the selected one of the list in use; at the ends nothing happens.

@@ -93,6 +93,9 @@ private:
     void showFirstTime();
     void addSelectionToBasket();
     void dropRows(const ListControl* source, int row);
+    void removeFromBasket(void (Basket::*remove)());
+    void showOfferedFile(const QList<QUrl>& files);
+    void selectOfferedFile();
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
 
@@ -126,7 +129,8 @@ private:
     bool m_loaded = false;
     ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;
-    Size m_basketThumb; ///< working copy of the basket's thumbnail size
+    QString m_offeredFile; ///< to be selected as soon as its folder is listed
+    Size m_basketThumb;    ///< working copy of the basket's thumbnail size
     Size m_folderThumb;
 };
 

@@ -125,6 +125,7 @@ void frmMain::resetState() {
     m_metadataPane->showTab(0);
     FirstShowing = true;
     m_folderView.FolderChanging = false;
+    deleteAllPageFilesSetAside(m_options.programFolder);
 }
 
 void frmMain::setDrawingDefaults() {

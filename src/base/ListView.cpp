@@ -4,10 +4,28 @@
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QMimeData>
+#include <QUrl>
 #include <algorithm>
 #include <numeric>
 
 namespace tarsel {
+
+namespace {
+
+/// Beyond that many steps the rows are replaced in one: a view handles each step in time that grows with the
+/// list.
+constexpr size_t mostSteps = 50;
+
+size_t runsIn(const std::vector<int>& rows) {
+    size_t runs = rows.empty() ? 0 : 1;
+    for (size_t i = 1; i < rows.size(); ++i)
+        runs += rows[i] != rows[i - 1] + 1 ? 1 : 0;
+    return runs;
+}
+
+} // namespace
 
 int ImageList::add(const QVariant& picture) {
     m_pictures.push_back(picture);
@@ -81,11 +99,49 @@ void ListView::insert(int index, ListRow added) {
         Q_EMIT selectionChanged();
 }
 
+void ListView::insert(std::vector<PlacedRow> placed) {
+    if (placed.size() <= mostSteps) {
+        for (PlacedRow& each : placed)
+            insert(std::min(each.place, count()), std::move(each.row));
+        return;
+    }
+    std::vector<ListRow> merged;
+    merged.reserve(m_rows.size() + placed.size());
+    size_t next = 0;
+    int focused = -1;
+    const auto takeUpTo = [&](size_t size) {
+        for (; next < m_rows.size() && merged.size() < size; ++next) {
+            if (int(next) == m_focused)
+                focused = int(merged.size());
+            merged.push_back(std::move(m_rows[next]));
+        }
+    };
+    for (PlacedRow& each : placed) {
+        takeUpTo(size_t(each.place));
+        merged.push_back(std::move(each.row));
+    }
+    takeUpTo(m_rows.size() + placed.size());
+    setRows(std::move(merged), focused);
+    setSorting(-1, Qt::AscendingOrder);
+}
+
+/// The views read their selection again.
+void ListView::setRows(std::vector<ListRow> rows, int focused) {
+    beginResetModel();
+    m_rows = std::move(rows);
+    m_indexes.clear();
+    m_focused = focused;
+    endResetModel();
+    Q_EMIT selectionChanged();
+}
+
 void ListView::remove(int index) {
     removeRange(index, index);
 }
 
 void ListView::remove(const std::vector<int>& rows) {
+    if (runsIn(rows) > mostSteps)
+        return removeScattered(rows);
     for (size_t end = rows.size(); end > 0;) {
         size_t begin = end - 1;
         while (begin > 0 && rows[begin - 1] == rows[begin] - 1)
@@ -93,6 +149,25 @@ void ListView::remove(const std::vector<int>& rows) {
         removeRange(rows[begin], rows[end - 1]);
         end = begin;
     }
+}
+
+void ListView::removeScattered(const std::vector<int>& rows) {
+    row(rows.front());
+    row(rows.back());
+    std::vector<ListRow> kept;
+    kept.reserve(m_rows.size() - rows.size());
+    int focused = -1;
+    auto gone = rows.begin();
+    for (int index = 0; index < count(); ++index) {
+        if (gone != rows.end() && *gone == index) {
+            ++gone;
+            continue;
+        }
+        if (index == m_focused)
+            focused = int(kept.size());
+        kept.push_back(std::move(m_rows[size_t(index)]));
+    }
+    setRows(std::move(kept), focused);
 }
 
 void ListView::removeRange(int first, int last) {
@@ -125,6 +200,17 @@ void ListView::clear() {
     setSorting(-1, Qt::AscendingOrder);
     if (selected)
         Q_EMIT selectionChanged();
+}
+
+void ListView::reorder(const std::vector<int>& order) {
+    setSorting(-1, Qt::AscendingOrder);
+    Q_EMIT layoutAboutToBeChanged();
+    moveRows(order);
+    Q_EMIT layoutChanged();
+}
+
+void ListView::setNumber(int index, int number) {
+    at(index).number = number;
 }
 
 void ListView::setText(int index, const QString& text) {
@@ -378,7 +464,10 @@ bool ListView::setData(const QModelIndex& index, const QVariant& value, int role
     const QString text = value.toString();
     if (m_acceptsText && !m_acceptsText(text))
         return false;
+    const QString before = row(index.row()).text;
     setText(index.row(), text);
+    if (text != before)
+        Q_EMIT textEdited(index.row(), before);
     return true;
 }
 
@@ -386,6 +475,20 @@ QVariant ListView::headerData(int section, Qt::Orientation orientation, int role
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     return m_headers.value(section);
+}
+
+QStringList ListView::mimeTypes() const {
+    return {QStringLiteral("text/uri-list")};
+}
+
+QMimeData* ListView::mimeData(const QModelIndexList& indexes) const {
+    QList<QUrl> files;
+    for (const QModelIndex& index : indexes)
+        if (const QString& tag = row(index.row()).tag; index.column() == 0 && QDir::isAbsolutePath(tag))
+            files << QUrl::fromLocalFile(tag);
+    auto* data = new QMimeData;
+    data->setUrls(files);
+    return data;
 }
 
 Qt::ItemFlags ListView::flags(const QModelIndex& index) const {

@@ -37,6 +37,12 @@ struct ListRow {
     bool selected = false;
 };
 
+/// A row on its way into a list, and the index that it gets there.
+struct PlacedRow {
+    int place;
+    ListRow row;
+};
+
 /// A list control as the logic sees it: rows of text, key, Tag, SubItems, icons and selection, sorting by
 /// column. Row indexes count from 0 here. Widgets show it through the model interface and keep the selection
 /// in step.
@@ -55,11 +61,14 @@ public:
     const ListRow& row(int index) const; ///< error 9 out of range
     /// Appends and returns the index. The list is not in the order of a column then, so sorting is off.
     int add(ListRow added);
-    void append(std::vector<ListRow> added);   ///< appends all in one step
-    void insert(int index, ListRow added);     ///< error 9 out of range; sorting is off then
-    void remove(int index);                    ///< error 9 out of range
-    void remove(const std::vector<int>& rows); ///< ascending, in one step; error 9 out of range
+    void append(std::vector<ListRow> added);    ///< appends all in one step
+    void insert(int index, ListRow added);      ///< error 9 out of range; sorting is off then
+    void insert(std::vector<PlacedRow> placed); ///< by ascending place; one past the end means the end
+    void remove(int index);                     ///< error 9 out of range
+    void remove(const std::vector<int>& rows);  ///< ascending, in one step; error 9 out of range
     void clear();
+    void reorder(const std::vector<int>& order); ///< the present indexes in their new order; sorting is off
+    void setNumber(int index, int number);       ///< not shown, so nobody is notified
     void setText(int index, const QString& text);
     void setTag(int index, const QString& tag);
     void setIcon(int index, int icon);
@@ -107,6 +116,9 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QStringList mimeTypes() const override;
+    /// The files that the rows' Tags name.
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
     void setTextEditable(bool editable) { m_textEditable = editable; }
     /// Editing in place keeps the old text where `accepts` returns false for the new one.
@@ -114,7 +126,8 @@ public:
 
 Q_SIGNALS:
     void selectionChanged();
-    void sortingChanged(); ///< another column or order, or off
+    void textEdited(int index, const QString& before); ///< in place
+    void sortingChanged();                             ///< another column or order, or off
 
 private:
     /// First row by text of one SubItem. Empty texts are not in it.
@@ -127,6 +140,8 @@ private:
     std::vector<int> sortedOrder() const;
     void moveRows(const std::vector<int>& order);
     void removeRange(int first, int last);
+    void removeScattered(const std::vector<int>& rows);
+    void setRows(std::vector<ListRow> rows, int focused);
     void setSorting(int column, Qt::SortOrder order);
 
     QStringList m_headers;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
 #include <atomic>
 
 namespace tarsel {
@@ -16,6 +17,7 @@ public:
     virtual void start(int maximum, int value = 0) = 0; ///< sets range and value and shows the bar
     virtual void setValue(int value) = 0;
     virtual void hide() = 0;
+    virtual void setSubject(const QString& /*fileName*/) {} ///< the file in work
 };
 
 /// A bar that nobody sees.

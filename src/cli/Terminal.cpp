@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/Terminal.h"
 
+#include "base/ProgressText.h"
 #include "cli/RawNameLinks.h"
 #include "cli/RawNames.h"
 
 #include <QCoreApplication>
 #include <algorithm>
-#include <cmath>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -43,26 +43,6 @@ QString withoutControls(const QString& text) {
 
 QString printable(const QString& line) {
     return withoutControls(writtenOut(RawNameLinks::withOwnNames(line), QLatin1String("\\x")));
-}
-
-/// Minutes and seconds, or hours, minutes and seconds.
-QString durationText(double seconds) {
-    const qint64 rounded = std::llround(seconds);
-    const QString clock =
-        QStringLiteral("%1:%2").arg(rounded / 60 % 60).arg(rounded % 60, 2, 10, QLatin1Char('0'));
-    return rounded < 3600
-               ? clock
-               : QStringLiteral("%1:%2").arg(rounded / 3600).arg(clock.rightJustified(5, QLatin1Char('0')));
-}
-
-/// The time left is known once something is done.
-QString progressText(int value, int maximum, double secondsSinceStart) {
-    if (value <= 0 || value >= maximum)
-        return QCoreApplication::translate("CommandLine", "%1 of %2").arg(value).arg(maximum);
-    return QCoreApplication::translate("CommandLine", "%1 of %2, %3 left")
-        .arg(value)
-        .arg(maximum)
-        .arg(durationText(secondsSinceStart / value * (maximum - value)));
 }
 
 } // namespace

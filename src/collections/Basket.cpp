@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/Basket.h"
 
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
 #include "collections/BasketFilling.h"
 #include "collections/FolderView.h"
+#include "collections/OfferedFiles.h"
 #include "collections/PictureFiles.h"
 #include "collections/clsFileInfo.h"
 
+#include <QDeadlineTimer>
 #include <QScopeGuard>
 #include <algorithm>
-#include <ranges>
+#include <future>
 
 namespace tarsel {
 
@@ -51,6 +54,7 @@ bool Basket::Adding::goesOn() const {
 template <class Body>
 void Basket::addTrapped(const char* routine, Body&& body) {
     std::ignore = trap(routine, [&] { body(Adding(*this)); });
+    reportUnwritten(routine);
     if (m_adding == 0 && m_thumbnailsAgain && !m_stopAdding)
         makeThumbnailsAgain();
 }
@@ -64,37 +68,86 @@ void Basket::AddToBasketByDrag() {
     addTrapped("AddToBasketByDrag", [&](const Adding& adding) { addSelected(AddedBy::Drag, adding); });
 }
 
+/// One report for all documents: a full disk would refuse each of hundreds.
+void Basket::reportUnwritten(const char* routine) {
+    constexpr size_t mostNames = 10;
+    const auto unwritten = std::exchange(m_unwritten, {});
+    if (unwritten.empty())
+        return;
+    QStringList names;
+    for (size_t i = 0; i < std::min(unwritten.size(), mostNames); ++i)
+        names << unwritten[i].first;
+    if (unwritten.size() > mostNames)
+        names << tr("and %1 more").arg(unwritten.size() - mostNames);
+    const ErrorSubject subject(names.join(QLatin1Char('\n')));
+    std::ignore = trap(routine, [&] { throw unwritten.front().second; });
+}
+
 /// The rows as they are now: pending input and a listing in the background change the folder list.
 void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
+    const ListView& folder = m_lists.lvFolder;
+    std::vector<std::pair<ListRow, Picture>> selected;
+    for (const int row : folder.selectedRows())
+        selected.emplace_back(folder.row(row), pictureAt(m_lists.ilFolder, folder.row(row).icon));
+    const auto itemAt = [&](int index) -> std::optional<BasketItem> {
+        const auto [row, thumbnail] = std::exchange(selected[size_t(index)], {}); // not all at the end
+        if (isListed(row.tag))
+            return std::nullopt;
+        return basketItem(addedBy, row, thumbnail);
+    };
+    if (folder.isEmpty())
+        beginAdding();
+    else
+        fillByUser(addedBy, int(selected.size()), itemAt, adding);
+}
+
+void Basket::addOfferedFiles(const QList<QUrl>& files) {
+    addTrapped("AddToBasketByDrag", [&](const Adding& adding) {
+        std::stop_source gaveUp;
+        auto reading = std::async(std::launch::async, offeredFiles, files, gaveUp.get_token());
+        while (reading.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready)
+            if (!adding.goesOn())
+                gaveUp.request_stop();
+        OfferedFiles offered = reading.get();
+        int present = 0;
+        const auto itemAt = [&](int index) -> std::optional<BasketItem> {
+            const QString& path = offered.files[index];
+            if (!isListed(path))
+                return basketItem(path, AddedBy::Drag);
+            ++present;
+            return std::nullopt;
+        };
+        fillByUser(AddedBy::Drag, int(offered.files.size()), itemAt, adding);
+        offered.unreadable += int(m_failed.size());
+        m_lists.sbMain.setPanel(QStringLiteral("status"), skippedText(offered, present));
+    });
+}
+
+bool Basket::isListed(const QString& path) const {
+    return m_lists.lvPages.findSubItem(BasketColumn::SourcePath, path) >= 0;
+}
+
+void Basket::beginAdding() {
     TrappingString = QStringLiteral("Adding selected files to basket!");
     m_failed.clear();
     m_lists.lvPages.selectOnly(-1); // not at the end: the user selects rows while files are read
-    const ListView& folder = m_lists.lvFolder;
-    if (!folder.isEmpty()) {
-        std::vector<std::pair<ListRow, Picture>> selected;
-        for (const int row : folder.selectedRows())
-            selected.emplace_back(folder.row(row), pictureAt(m_lists.ilFolder, folder.row(row).icon));
-        const auto itemAt = [&](int index) -> std::optional<BasketItem> {
-            const auto& [row, thumbnail] = selected[size_t(index)];
-            if (m_lists.lvPages.findSubItem(BasketColumn::SourcePath, row.tag) >= 0)
-                return std::nullopt;
-            return basketItem(addedBy, row, thumbnail);
-        };
-        const auto atEnd = qScopeGuard([&] { // of a run that ends in an error, too
-            m_lists.sbMain.setPanel(
-                addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
-            if (!m_stopAdding || !m_lists.lvPages.isEmpty()) // else a new basket was begun
-                showCount();
-        });
-        fill(int(selected.size()), itemAt, adding, Bar::Shown);
-    }
+}
+
+void Basket::fillByUser(AddedBy addedBy, int count, const ItemMaker& itemAt, const Adding& adding) {
+    beginAdding();
+    const auto atEnd = qScopeGuard([&] { // of a run that ends in an error, too
+        m_lists.sbMain.setPanel(
+            addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
+        if (!m_stopAdding || !m_lists.lvPages.isEmpty()) // else a new basket was begun
+            showCount();
+    });
+    fill(count, itemAt, adding, {.bar = true, .count = true});
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
     addTrapped("subAddEntryToListView", [&](const Adding& adding) {
         TrappingString = QStringLiteral("Opening image list from file!");
-        fill(
-            1, [&](int) { return basketItem(path); }, adding, Bar::Hidden);
+        fill(1, [&](int) { return basketItem(path); }, adding, {});
     });
 }
 
@@ -106,30 +159,36 @@ bool Basket::addListedFiles(const QStringList& paths) {
             const QString& path = paths[index];
             return clsFileInfo::CheckIfFileExists(path) ? std::optional(basketItem(path)) : std::nullopt;
         };
-        complete = fill(int(paths.size()), itemAt, adding, Bar::Shown);
+        complete = fill(int(paths.size()), itemAt, adding, {.bar = true});
     });
     return complete;
 }
 
 /// Nothing from `itemAt` for a file that gets no row. False after a stop.
-bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar) {
-    constexpr int rowsAtOnce = 500; // so that input doesn't wait long
+bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Shown shown) {
+    constexpr int fewRows = 20, rowsAtOnce = 500; // so that input doesn't wait long
     BasketFilling filling(m_lists, startReading(), claimNumbers(count), count);
     const auto atEnd = qScopeGuard([&] {
         for (const QString& path : filling.failed())
             noteFailed(path);
+        std::ranges::move(filling.unwritten(), std::back_inserter(m_unwritten));
     });
     int next = 0;
     const auto placeNext = [&] {
         std::vector<BasketItem> items;
-        for (const int end = std::min(next + rowsAtOnce, count); next < end; ++next)
+        const QDeadlineTimer slice(10);
+        const int begin = next;
+        const int end = std::min(begin + rowsAtOnce, count);
+        for (; next < end && (next < begin + fewRows || !slice.hasExpired()); ++next)
             if (std::optional<BasketItem> item = itemAt(next))
                 items.push_back(*std::move(item));
         filling.place(items);
     };
     while (next < count || !filling.isComplete()) {
-        if (bar == Bar::Shown && !filling.showsPages())
+        if (shown.bar && !filling.showsPages())
             m_lists.pbQueue.start(count, next - filling.pending());
+        if (shown.count && next > 0)
+            showCount();
         if (!adding.goesOn())
             return false;
         next < count ? placeNext() : filling.complete(visibleRows);
@@ -162,15 +221,19 @@ void Basket::makeThumbnailsAgain() {
 }
 
 void Basket::renewThumbnails(const Adding& adding) {
+    constexpr int rowsAtOnce = 2000; // so that input doesn't wait long
     ListView& list = m_lists.lvPages;
     const int count = list.count();
     BasketReading& reading = startReading();
     PendingRows rows(list, reading, claimNumbers(count), count);
-    std::vector<BasketSource> sources;
-    for (int row = 0; row < count; ++row)
-        sources.push_back({AddedBy::Button, list.row(row).tag, list.row(row).text, 1, {}, 0});
-    rows.renew(sources);
-    while (!rows.isEmpty() && adding.goesOn()) {
+    rows.claimAll();
+    int next = 0;
+    while ((next < count || !rows.isEmpty()) && adding.goesOn()) {
+        if (next < count) {
+            rows.readAgain(next, std::min(rowsAtOnce, count - next));
+            next += rowsAtOnce;
+            continue;
+        }
         for (const BasketReading::Numbered& found : rows.fetch(visibleRows)) {
             const int row = rows.rowOf(found.number);
             rows.end(found.number);
@@ -202,23 +265,37 @@ void Basket::noteFailed(const QString& path) {
 void Basket::cmdPagesDelete() {
     ListView& pages = m_lists.lvPages;
     const std::vector<int> selected = pages.selectedRows();
-    for (const int row : std::views::reverse(selected))
-        pages.remove(row);
+    m_history.remove(selected);
+    if (!selected.empty() && !pages.isEmpty())
+        pages.selectOnly(std::min(selected.front(), pages.count() - 1));
     showCount();
 }
 
 void Basket::cmdPagesNew() {
     stopAdding();
-    empty();
+    m_failed.clear();
+    m_history.beginNewBasket(settings.programFolder);
     m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("New Basket"));
-    deletePageFiles(settings.programFolder);
 }
 
 void Basket::empty() {
-    m_lists.lvPages.clear();
+    m_history.beginOpenBasket();
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
     m_failed.clear();
+}
+
+void Basket::undo() {
+    m_history.undo();
+    showCount();
+}
+
+void Basket::redo() {
+    const bool isNew = m_history.redoable() == BasketHistory::Kind::NewBasket;
+    if (isNew)
+        stopAdding();
+    m_history.redo();
+    isNew ? m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("New Basket")) : showCount();
 }
 
 // --- order
@@ -226,24 +303,18 @@ void Basket::empty() {
 void Basket::MoveRowsTo(int target) {
     ListView& pages = m_lists.lvPages;
     const int focused = pages.focusedRow();
-    if (target < 0 || target >= pages.count() || focused < 0)
+    const std::vector<int> moved = pages.selectedRows();
+    if (target < 0 || target >= pages.count() || focused < 0 || moved.empty())
         return;
-    const std::vector<int> selected = pages.selectedRows();
-    int place = target >= focused ? target + 1 : target;
-    int newFocus = focused;
-    std::vector<ListRow> moved;
-    for (const int row : std::views::reverse(selected)) {
-        moved.push_back(pages.row(row));
-        pages.remove(row);
-        place -= row < place ? 1 : 0;
+    const int place = target >= focused ? target + 1 : target;
+    std::vector<int> order;
+    for (int row = 0; row <= pages.count(); ++row) {
+        if (row == place)
+            order.insert(order.end(), moved.begin(), moved.end());
+        if (row < pages.count() && !pages.isSelected(row))
+            order.push_back(row);
     }
-    for (size_t i = 0; i < moved.size(); ++i) {
-        const int sourceRow = selected[i];
-        if (sourceRow == focused)
-            newFocus = place + int(i);
-        pages.insert(place + int(i), std::move(moved[moved.size() - 1 - i]));
-    }
-    pages.setFocusedRow(pages.count() > newFocus ? newFocus : -1);
+    pages.reorder(order);
 }
 
 // --- status line

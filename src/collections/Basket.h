@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "collections/BasketHistory.h"
 #include "collections/BasketReading.h"
 #include "collections/CollectionLists.h"
 
 #include <QCoreApplication>
 #include <QStringList>
+#include <QUrl>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -53,6 +55,9 @@ public:
     void cmdAddToQueue_Click();
     /// The same for a drop from lvFolder, with its own row names and texts. Trapped as "AddToBasketByDrag".
     void AddToBasketByDrag();
+    /// The same for files from elsewhere, and for the pictures of folders. What was skipped is said in the
+    /// panel "status".
+    void addOfferedFiles(const QList<QUrl>& files);
     /// Adds one file by path, as from a basket file. Trapped as "subAddEntryToListView".
     void subAddEntryToListView(const QString& path);
     /// The same for all files of a basket file; those that are missing are skipped. False when it ended
@@ -86,30 +91,46 @@ public:
     /// row whose file can't be read keeps its picture. During an adding it is put off to its end.
     void makeThumbnailsAgain();
 
-    void cmdPagesDelete(); ///< removes the selected rows; their page files stay
-    void cmdPagesNew();    ///< empties the basket and deletes all page files, without asking
-    void empty();          ///< empties the basket alone
+    /// Removes the selected rows and selects the next one; their page files stay.
+    void cmdPagesDelete();
+    /// Empties the basket and deletes all page files, without asking: at once those that no undo needs.
+    void cmdPagesNew();
+    void empty(); ///< for the rows of a basket file; page files stay
+    void describe(int row, const QString& text) { m_history.describe(row, text); }
+    void undo();
+    void redo();
+    BasketHistory& history() { return m_history; }
     /// Moves the selected rows, in their order, to the row `target`, as a drop of the focused row there:
     /// after it when it is at or after the focused row, else before it.
     void MoveRowsTo(int target);
 
 private:
     using ItemMaker = std::function<std::optional<BasketItem>(int index)>;
-    enum class Bar { Shown, Hidden };
+    /// What an adding shows of its course.
+    struct Shown {
+        bool bar = false;
+        bool count = false; ///< in the panel "queue"
+    };
 
     template <class Body>
     void addTrapped(const char* routine, Body&& body);
     void addSelected(AddedBy addedBy, const Adding& adding);
-    bool fill(int count, const ItemMaker& itemAt, const Adding& adding, Bar bar);
+    void beginAdding();
+    void fillByUser(AddedBy addedBy, int count, const ItemMaker& itemAt, const Adding& adding);
+    bool fill(int count, const ItemMaker& itemAt, const Adding& adding, Shown shown);
     void renewThumbnails(const Adding& adding);
     void showAgain(int row, const Thumbnail& thumbnail);
     BasketReading& startReading();
     int claimNumbers(int count);
     void showCount();
     void noteFailed(const QString& path);
+    bool isListed(const QString& path) const;
+    void reportUnwritten(const char* routine);
 
     CollectionLists m_lists;
+    BasketHistory m_history{m_lists};
     QStringList m_failed;
+    std::vector<std::pair<QString, TrappedError>> m_unwritten; ///< documents without room for their pages
     int m_adding = 0; ///< additions in progress: one may run inside another
     bool m_stopAdding = false;
     bool m_thumbnailsAgain = false; ///< wanted and not begun

@@ -147,8 +147,11 @@ void writeBasketFile(int filterIndex, const QString& path, const ListView& lvPag
 }
 
 bool fncSaveImageBasket(int filterIndex, const QString& path, const ListView& lvPages, QString* openFault) {
-    if (lvPages.isEmpty())
+    if (lvPages.isEmpty()) {
+        if (openFault)
+            *openFault = Texts::tr("There are no pictures in the basket.");
         return false;
+    }
     clsFile file;
     if (!file.OpenForWrite(basketFilePath(filterIndex, path)))
         return refused(file, openFault);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketFilling.h"
 
-#include "base/ErrorTrap.h"
 #include "collections/Basket.h"
 #include "collections/FolderRow.h"
 #include "collections/PictureFiles.h"
@@ -39,9 +38,9 @@ int pagesOf(const ListRow& folderRow) {
 
 } // namespace
 
-BasketItem basketItem(const QString& path) {
+BasketItem basketItem(const QString& path, AddedBy addedBy) {
     const QString name = clsFileInfo::StripFileFromPath(path);
-    BasketSource source{AddedBy::BasketFile, path, name, 1, {}, 0};
+    BasketSource source{addedBy, path, name, 1, {}, 0};
     if (mayHavePages(clsFileInfo::StripFileExtention(name))) {
         source.pages = 0;
         source.pageFileNumber = drawPageFileNumber();
@@ -106,7 +105,9 @@ void BasketFilling::take(BasketReading::Numbered& found) {
         deletePageFile(content.pageFile);
         return;
     }
-    const BasketSource& source = m_sources[size_t(found.number)];
+    BasketSource& source = m_sources[size_t(found.number)];
+    m_lists.pbQueue.setSubject(source.fileName);
+    source.shown = {}; // no longer needed
     if (content.failure)
         return takeFailure(found.number, source, *content.failure);
     if (!content.thumbnail)
@@ -143,9 +144,7 @@ void BasketFilling::takePage(int row, const BasketSource& source, const BasketCo
 
 void BasketFilling::takeFailure(int number, const BasketSource& source, const TrappedError& failure) {
     m_failed.emplace(number, source.path);
-    if (source.addedBy != AddedBy::BasketFile)
-        throw failure;
-    std::ignore = trap("subAddEntryToListView", [&] { throw failure; });
+    m_unwritten.emplace(number, failure);
     m_ended.push_back(number);
 }
 
@@ -172,6 +171,13 @@ QStringList BasketFilling::failed() const {
     for (const auto& [number, path] : m_failed)
         paths << path;
     return paths;
+}
+
+std::vector<std::pair<QString, TrappedError>> BasketFilling::unwritten() const {
+    std::vector<std::pair<QString, TrappedError>> documents;
+    for (const auto& [number, failure] : m_unwritten)
+        documents.emplace_back(m_sources[size_t(number)].path, failure);
+    return documents;
 }
 
 } // namespace tarsel

@@ -17,8 +17,8 @@ struct BasketItem {
     BasketSource source;
     ListRow row;
 };
-/// Of a file in a basket file.
-BasketItem basketItem(const QString& path);
+/// Of a file in a basket file, or from another program.
+BasketItem basketItem(const QString& path, AddedBy addedBy = AddedBy::BasketFile);
 /// Of a row of the folder list and its thumbnail, which is not decoded again for the basket.
 BasketItem basketItem(AddedBy addedBy, const ListRow& folderRow, const Picture& thumbnail);
 
@@ -35,14 +35,15 @@ public:
     BasketFilling& operator=(const BasketFilling&) = delete;
 
     void place(const std::vector<BasketItem>& items);
-    /// Takes over what has been found so far, if anything. Raises the error of a page file
-    /// that can't be written; of a file in a basket file it is only reported.
+    /// Takes over what has been found so far, if anything.
     void complete(const VisibleRows& visibleRows);
     bool isComplete() const { return m_rows.isEmpty(); }
     int pending() const { return m_rows.count(); }
     bool showsPages() const { return m_showsPages; } ///< the bar counts the pages of a document
     /// Files that could not be read, in the order of the items.
     QStringList failed() const;
+    /// Documents that ended early since a page file could not be written, and why.
+    std::vector<std::pair<QString, TrappedError>> unwritten() const;
 
 private:
     void take(BasketReading::Numbered& found);
@@ -55,9 +56,10 @@ private:
     CollectionLists m_lists;
     BasketReading& m_reading;
     PendingRows m_rows;
-    std::vector<BasketSource> m_sources; ///< by number
-    std::map<int, QString> m_failed;     ///< by number
-    std::vector<int> m_ended;            ///< numbers whose rows are to go
+    std::vector<BasketSource> m_sources;     ///< by number
+    std::map<int, QString> m_failed;         ///< by number
+    std::map<int, TrappedError> m_unwritten; ///< by number
+    std::vector<int> m_ended;                ///< numbers whose rows are to go
     bool m_showsPages = false;
 };
 

@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QScopedValueRollback>
 
 #include <cerrno>
@@ -74,12 +75,48 @@ void removeOrLog(const QString& path) {
         logIgnored(path + QStringLiteral(": can't be deleted"));
 }
 
-QDir temporaryFiles(const QString& programFolder, const QStringList& patterns) {
+QDir filesIn(const QString& path, const QStringList& patterns) {
     const auto kinds = QDir::Files | QDir::Hidden | QDir::System | QDir::CaseSensitive;
-    QDir folder(temporaryFolderPath(programFolder));
+    QDir folder(path);
     folder.setFilter(kinds);
     folder.setNameFilters(patterns);
     return folder;
+}
+
+QDir pageFilesIn(const QString& path) {
+    return filesIn(path, {QStringLiteral("*.tif")});
+}
+
+/// Has a folder for each New Basket that can be undone.
+QString setAsideFolder(const QString& programFolder) {
+    return joinedPath(temporaryFolderPath(programFolder), QStringLiteral("Undo"));
+}
+
+/// A new folder; empty when none can be made.
+QString newSetAsideFolder(const QString& programFolder) {
+    const QDir parent(setAsideFolder(programFolder));
+    if (!QDir().mkpath(parent.path()))
+        return {};
+    for (int number = 1;; ++number) {
+        const QString name = QString::number(number);
+        if (parent.mkdir(name))
+            return parent.filePath(name);
+        if (!parent.exists(name))
+            return {};
+    }
+}
+
+/// Moves a file to the first free name of "scan1_17.tif", "scan1_17_2.tif" and so on. Empty where it can't be
+/// moved.
+QString moveWithoutReplacing(const QString& from, const QString& to) {
+    const QString start = modFileSystem::GetFileTitle(to);
+    for (int number = 2;; ++number) {
+        const QString path = number == 2 ? to : QStringLiteral("%1_%2.tif").arg(start).arg(number - 1);
+        if (QFile::rename(from, path))
+            return path;
+        if (!QFileInfo(path).isSymLink() && !QFileInfo::exists(path))
+            return {};
+    }
 }
 
 } // namespace
@@ -89,14 +126,49 @@ void deletePageFile(const QString& path) {
         QFile::remove(path);
 }
 
-void deletePageFiles(const QString& programFolder) {
-    const QDir folder = temporaryFiles(programFolder, {QStringLiteral("*.tif")});
-    for (const QString& name : folder.entryList())
-        removeOrLog(folder.filePath(name));
+QString setPageFilesAside(const QString& programFolder) {
+    const QDir files = pageFilesIn(temporaryFolderPath(programFolder));
+    const QStringList names = files.entryList();
+    const QString folder = names.isEmpty() ? QString() : newSetAsideFolder(programFolder);
+    for (const QString& name : names)
+        if (folder.isEmpty() || !QFile::rename(files.filePath(name), joinedPath(folder, name)))
+            removeOrLog(files.filePath(name));
+    return folder;
+}
+
+QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder) {
+    QHash<QString, QString> renamed;
+    if (setAside.isEmpty())
+        return renamed;
+    const QDir files = pageFilesIn(setAside);
+    for (const QString& name : files.entryList()) {
+        const QString before = temporaryFolder(programFolder) + name;
+        const QString path = moveWithoutReplacing(files.filePath(name), before);
+        if (!path.isEmpty() && path != before)
+            renamed.insert(before, path);
+    }
+    QDir().rmdir(setAside);
+    return renamed;
+}
+
+void deletePageFilesSetAside(const QString& setAside) {
+    if (setAside.isEmpty())
+        return;
+    const QDir files = pageFilesIn(setAside);
+    for (const QString& name : files.entryList())
+        removeOrLog(files.filePath(name));
+    QDir().rmdir(setAside);
+    QDir().rmdir(QFileInfo(setAside).path());
+}
+
+void deleteAllPageFilesSetAside(const QString& programFolder) {
+    const QDir parent(setAsideFolder(programFolder));
+    for (const QString& name : parent.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot))
+        deletePageFilesSetAside(parent.filePath(name));
 }
 
 void deleteFilesWithoutExtension(const QString& programFolder) {
-    const QDir folder = temporaryFiles(programFolder, {});
+    const QDir folder = filesIn(temporaryFolderPath(programFolder), {});
     for (const QString& name : folder.entryList())
         if (!name.contains(QLatin1Char('.')))
             removeOrLog(folder.filePath(name));

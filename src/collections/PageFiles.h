@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 namespace tarsel {
@@ -35,8 +36,16 @@ void savePage(ImageBox& box, const QString& path);
 
 void deletePageFile(const QString& path); ///< nothing for an empty path
 
-/// Deletes all page files, those of earlier runs too. What can't be deleted stays.
-void deletePageFiles(const QString& programFolder);
+/// Takes all page files out of the folder Temp, those of earlier runs too, into a new folder below it, whose
+/// path it returns; empty when there were none. Those that can't be moved are deleted.
+QString setPageFilesAside(const QString& programFolder);
+
+/// Moves them back. Returns the new paths of those whose name another file has by now, by their old ones.
+QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder);
+
+void deletePageFilesSetAside(const QString& setAside); ///< nothing for an empty path
+/// Those of all folders, which a run that ended early left.
+void deleteAllPageFilesSetAside(const QString& programFolder);
 
 /// Deletes the files without an extension in the folder Temp. What can't be deleted stays.
 void deleteFilesWithoutExtension(const QString& programFolder);

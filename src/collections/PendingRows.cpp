@@ -23,14 +23,7 @@ PendingRows::~PendingRows() {
     disconnect(&m_list, nullptr, this, nullptr);
     for (int row = 0; row < m_list.count(); ++row)
         if (const int number = m_list.row(row).number; number >= m_first && number < m_first + m_next)
-            setNumber(row, -1);
-}
-
-/// No view shows it.
-void PendingRows::setNumber(int row, int number) {
-    ListRow numbered = m_list.row(row);
-    numbered.number = number;
-    m_list.replace(row, std::move(numbered));
+            m_list.setNumber(row, -1);
 }
 
 void PendingRows::append(std::vector<ListRow> rows, const std::vector<BasketSource>& sources) {
@@ -40,10 +33,21 @@ void PendingRows::append(std::vector<ListRow> rows, const std::vector<BasketSour
     expect(sources);
 }
 
-void PendingRows::renew(const std::vector<BasketSource>& sources) {
+void PendingRows::claimAll() {
+    m_next = m_pending = m_list.count();
     for (int row = 0; row < m_list.count(); ++row)
-        setNumber(row, m_first + row);
-    expect(sources);
+        m_list.setNumber(row, m_first + row);
+    m_isPending.assign(m_isPending.size(), true);
+    m_haveMoved = true;
+}
+
+void PendingRows::readAgain(int first, int count) {
+    std::map<int, BasketSource> numbered;
+    for (int number = first; number < first + count; ++number)
+        if (const int row = rowOf(number); row >= 0)
+            numbered.emplace(
+                number, BasketSource{AddedBy::Button, m_list.row(row).tag, m_list.row(row).text, 1, {}, 0});
+    m_reading.add(std::move(numbered));
 }
 
 void PendingRows::expect(const std::vector<BasketSource>& sources) {

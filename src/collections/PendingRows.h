@@ -21,8 +21,10 @@ public:
 
     /// Appends rows in one step, numbered on from the last one, and begins to read their files.
     void append(std::vector<ListRow> rows, const std::vector<BasketSource>& sources);
-    /// The same with all rows of the list, which get the numbers.
-    void renew(const std::vector<BasketSource>& sources);
+    /// Numbers all rows of the list. Their files are not read before readAgain.
+    void claimAll();
+    /// Begins to read the files of rows that were claimed, from the number `first` on, as single pictures.
+    void readAgain(int first, int count);
 
     int count() const { return m_pending; }
     bool isEmpty() const { return m_pending == 0; }
@@ -35,7 +37,6 @@ public:
 private:
     void expect(const std::vector<BasketSource>& sources);
     void findRows();
-    void setNumber(int row, int number);
 
     ListView& m_list;
     BasketReading& m_reading;

@@ -13,6 +13,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QMetaMethod>
+#include <QMimeData>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -62,6 +63,13 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     m_thumbnails(new DraggingView<ThumbnailView>(this)), m_columns(new TableColumns(m_table)),
     m_delegate(new RowDelegate(this)), m_hint(new QLabel(this)) {
     setContentsMargins(focusFrame, focusFrame, focusFrame, focusFrame);
+    // Before the views learn of it, which signal a selection that may be out of date.
+    for (const auto coming :
+         {&QAbstractItemModel::rowsAboutToBeInserted, &QAbstractItemModel::rowsAboutToBeRemoved})
+        connect(&m_list, coming, this, [this] {
+            if (m_scheduled)
+                giveSelectionToView();
+        });
     prepareTable();
     prepare(m_table);
     prepare(m_thumbnails);
@@ -136,6 +144,15 @@ void ListControl::setUsualText(int column, const QString& text) {
 
 void ListControl::acceptRowsOf(const ListControl* source) {
     m_dropSources.push_back(source);
+    acceptDrops();
+}
+
+void ListControl::acceptFiles() {
+    m_acceptsFiles = true;
+    acceptDrops();
+}
+
+void ListControl::acceptDrops() {
     for (QAbstractItemView* each :
          {static_cast<QAbstractItemView*>(m_table), static_cast<QAbstractItemView*>(m_thumbnails)})
         each->setAcceptDrops(true);
@@ -290,6 +307,11 @@ bool ListControl::keyPressed(const QKeyEvent& event) {
         copyRows(m_list, true);
         return true;
     }
+    if (m_acceptsFiles && event.matches(QKeySequence::Paste)) {
+        if (const QMimeData* copied = QGuiApplication::clipboard()->mimeData(); copied && copied->hasUrls())
+            Q_EMIT filesOffered(copied->urls());
+        return true;
+    }
     if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier) {
         Q_EMIT menuWanted(menuPosition());
         return true;
@@ -325,7 +347,7 @@ void ListControl::keyReleased(int key) {
         Q_EMIT deleteReleased();
 }
 
-/// Takes the drags of lists whose rows are welcome here and leaves all others to the view.
+/// Takes the drags of files and of lists whose rows are welcome here, and leaves all others to the view.
 bool ListControl::dragMoved(QEvent* event) {
     if (event->type() == QEvent::DragLeave) {
         setDropRow(-1);
@@ -333,18 +355,28 @@ bool ListControl::dragMoved(QEvent* event) {
     }
     auto* drop = static_cast<QDropEvent*>(event);
     ListControl* source = sourceOf(drop->source());
-    if (!source)
+    const bool areFiles = m_acceptsFiles && !drop->source() && drop->mimeData()->hasUrls();
+    if (!source && !areFiles)
         return false;
     const int row = view()->indexAt(drop->position().toPoint()).row();
     drop->setDropAction(Qt::CopyAction);
     drop->accept();
-    if (event->type() == QEvent::Drop) {
-        setDropRow(-1);
-        Q_EMIT rowsDropped(source, row);
-    } else {
-        setDropRow(row);
-    }
+    const bool isDropped = event->type() == QEvent::Drop;
+    setDropRow(source && !isDropped ? row : -1);
+    if (isDropped)
+        dropHere(*drop, source, row);
     return true;
+}
+
+/// After the event, which the drag's own loop or another program waits for: adding files takes its time.
+void ListControl::dropHere(const QDropEvent& drop, ListControl* source, int row) {
+    if (source)
+        QMetaObject::invokeMethod(
+            this, [this, source, row] { Q_EMIT rowsDropped(source, row); }, Qt::QueuedConnection);
+    else
+        QMetaObject::invokeMethod(
+            this, [this, files = drop.mimeData()->urls()] { Q_EMIT filesOffered(files); },
+            Qt::QueuedConnection);
 }
 
 ListControl* ListControl::sourceOf(QObject* dragSource) const {
@@ -407,7 +439,16 @@ QString rowsAsText(const ListView& list, bool selectedOnly) {
 }
 
 void copyRows(const ListView& list, bool selectedOnly) {
-    QGuiApplication::clipboard()->setText(rowsAsText(list, selectedOnly));
+    QModelIndexList rows;
+    for (int row = 0; row < list.count(); ++row)
+        if (!selectedOnly || list.isSelected(row))
+            rows << list.index(row, 0);
+    QMimeData* data = list.mimeData(rows);
+    data->setText(rowsAsText(list, selectedOnly));
+    if (data->hasUrls()) // some file managers paste nothing else
+        data->setData(QStringLiteral("x-special/gnome-copied-files"),
+                      "copy\n" + data->data(QStringLiteral("text/uri-list")).replace("\r\n", "\n").trimmed());
+    QGuiApplication::clipboard()->setMimeData(data);
 }
 
 } // namespace tarsel

@@ -3,11 +3,14 @@
 
 #include "base/ListView.h"
 
+#include <QList>
 #include <QPixmap>
 #include <QStackedWidget>
+#include <QUrl>
 #include <functional>
 
 class QAbstractItemView;
+class QDropEvent;
 class QLabel;
 class QTreeView;
 
@@ -49,6 +52,8 @@ public:
     /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.
     void acceptRowsOf(const ListControl* source);
     void setRowsDraggable();
+    /// Lets files of other programs be dropped and pasted here.
+    void acceptFiles();
     /// Opens the row's text for editing in place.
     void editText(int row);
     /// Selects the row that many steps from the selected one, shows and focuses it, and returns its number;
@@ -74,6 +79,7 @@ Q_SIGNALS:
     void viewMoved(); ///< other rows may have come into view
     /// Rows were dropped; `row` is the one under the pointer, -1 after the last.
     void rowsDropped(tarsel::ListControl* source, int row);
+    void filesOffered(const QList<QUrl>& files); ///< dropped or pasted
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -91,6 +97,8 @@ private:
     QPoint menuPosition() const;
     void keyReleased(int key);
     bool dragMoved(QEvent* event);
+    void dropHere(const QDropEvent& drop, ListControl* source, int row);
+    void acceptDrops();
     ListControl* sourceOf(QObject* dragSource) const;
     void setDropRow(int row);
     void takeSelectionFromView();
@@ -104,13 +112,14 @@ private:
     RowDelegate* m_delegate;
     QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
+    bool m_acceptsFiles = false;
     bool m_synchronising = false;
     bool m_scheduled = false;
 };
 
 /// Rows as lines of cells between tabs.
 QString rowsAsText(const ListView& list, bool selectedOnly);
-/// Brings that text to the clipboard.
+/// Brings rows to the clipboard, as that text and as the files that their Tags name.
 void copyRows(const ListView& list, bool selectedOnly);
 
 } // namespace tarsel

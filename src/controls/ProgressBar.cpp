@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/ProgressBar.h"
 
+#include "base/ProgressText.h"
+
 #include <algorithm>
 
 namespace tarsel {
@@ -20,24 +22,38 @@ void setValueWithoutRepaint(QProgressBar& bar, int value) {
 } // namespace
 
 ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
-    setFormat(tr("%v of %m"));
     setAlignment(Qt::AlignCenter);
     setAccessibleName(tr("Progress"));
 }
 
-void ProgressBar::start(int maximum, int value) {
+void ProgressBar::start(int newMaximum, int newValue) {
     // A range of 0 to 0 would show the bar of a task without an end.
-    setRange(0, std::max(1, maximum));
-    setValueWithoutRepaint(*this, value);
+    const int usable = std::max(1, newMaximum);
+    if (!isVisible() || usable != maximum() || newValue < value())
+        m_sinceStart.start();
+    setRange(0, usable);
+    showValue(newValue);
     show();
 }
 
-void ProgressBar::setValue(int value) {
-    setValueWithoutRepaint(*this, value);
+void ProgressBar::setValue(int newValue) {
+    showValue(newValue);
+}
+
+void ProgressBar::showValue(int newValue) {
+    constexpr qint64 unknownFor = 2000;
+    const qint64 elapsed = m_sinceStart.isValid() ? m_sinceStart.elapsed() : 0;
+    setValueWithoutRepaint(*this, newValue);
+    setFormat(progressText(newValue, maximum(), elapsed < unknownFor ? 0 : double(elapsed) / 1000));
 }
 
 void ProgressBar::hide() {
     QProgressBar::hide();
+    setToolTip({});
+}
+
+void ProgressBar::setSubject(const QString& fileName) {
+    setToolTip(fileName.toHtmlEscaped());
 }
 
 } // namespace tarsel

@@ -40,6 +40,18 @@ QIcon iconOf(const QString& iconKey) {
     return icon;
 }
 
+/// Pictures stand on white, which has no edge on a light list and would glare on a dark one.
+void drawFrame(QPixmap& pixmap, const QStyleOptionViewItem& option, qreal ratio) {
+    QColor line = option.palette.color(QPalette::Text);
+    line.setAlphaF(0.4F);
+    QPainter painter(&pixmap);
+    QPen pen(line, std::max(1, int(ratio)));
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter.setPen(pen);
+    const int inset = pen.width() / 2;
+    painter.drawRect(pixmap.rect().adjusted(inset, inset, inset - pen.width(), inset - pen.width()));
+}
+
 } // namespace
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -100,7 +112,9 @@ bool RowDelegate::setPicture(QStyleOptionViewItem& option, const QVariant& pictu
     QPixmap pixmap = pixmapOf(picture);
     if (pixmap.isNull())
         return false;
-    pixmap.setDevicePixelRatio(option.widget ? option.widget->devicePixelRatioF() : 1);
+    const qreal ratio = option.widget ? option.widget->devicePixelRatioF() : 1;
+    drawFrame(pixmap, option, ratio);
+    pixmap.setDevicePixelRatio(ratio);
     option.icon = QIcon(pixmap);
     option.features |= QStyleOptionViewItem::HasDecoration;
     option.decorationSize = pixmap.deviceIndependentSize().toSize().boundedTo(option.decorationSize);

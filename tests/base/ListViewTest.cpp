@@ -117,6 +117,29 @@ TEST_F(List, IconsShowOnlyWhileAPictureListIsAttached) {
     list.attachImages(nullptr);
 }
 
+TEST(ListView, ManyScatteredRowsAreRemovedAndPutBackInOneStep) {
+    ListView list;
+    std::vector<int> even;
+    std::vector<PlacedRow> placed;
+    for (int i = 0; i < 300; ++i) {
+        list.add(rowOf(QString::number(i)));
+        if (i % 2 == 0) {
+            even.push_back(i);
+            placed.push_back({i, list.row(i)});
+        }
+    }
+    const QString before = textsOf(list);
+    list.selectOnly(151);
+    QSignalSpy steps(&list, &QAbstractItemModel::modelReset);
+    list.remove(even);
+    EXPECT_TRUE(textsOf(list).startsWith(QStringLiteral("1357911")));
+    EXPECT_EQ(list.selectedIndex(), 75);
+    list.insert(placed);
+    EXPECT_EQ(textsOf(list), before);
+    EXPECT_EQ(list.selectedIndex(), 151);
+    EXPECT_EQ(steps.count(), 2);
+}
+
 /// Compares the indexed search with a walk over the rows, whatever was done to the list.
 TEST(ListView, TheIndexedSearchFindsWhatAWalkFinds) {
     ListView list;

@@ -2,9 +2,13 @@
 #include "controls/ListControl.h"
 #include "base/ListView.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -109,6 +113,33 @@ TEST_F(ListControlTest, MenuKeysAskForTheMenuAtTheRowWithTheFocus) {
     ASSERT_EQ(menu.count(), 2);
     for (const QList<QVariant>& wanted : menu)
         EXPECT_TRUE(row.contains(control.view()->viewport()->mapFromGlobal(wanted[0].toPoint())));
+}
+
+TEST_F(ListControlTest, FilesComeByDropAndPasteAndRowsLeaveAsFilesAndText) {
+    fill(1);
+    list.setTag(0, QStringLiteral("/some folder/a%b.png"));
+    control.acceptFiles();
+    control.show();
+    const QList<QUrl> files{QUrl::fromLocalFile(list.row(0).tag)};
+    QSignalSpy offered(&control, &ListControl::filesOffered);
+    list.selectAll();
+    QTest::keyClick(control.view(), Qt::Key_C, Qt::ControlModifier);
+    const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text().toStdString(), "row00000\t0");
+    EXPECT_EQ(copied->data(QStringLiteral("x-special/gnome-copied-files")).toStdString(),
+              "copy\nfile:///some%20folder/a%25b.png");
+    QTest::keyClick(control.view(), Qt::Key_V, Qt::ControlModifier);
+    const std::unique_ptr<QMimeData> dragged(list.mimeData({list.index(0, 0), list.index(0, 1)}));
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction | Qt::MoveAction, dragged.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(control.view()->viewport(), &enter);
+    QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, dragged.get(), Qt::LeftButton, {});
+    drop.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(control.view()->viewport(), &drop);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "the other program must not delete its file";
+    ASSERT_EQ(offered.count(), 2);
+    for (const QList<QVariant>& arguments : offered)
+        EXPECT_EQ(arguments[0].value<QList<QUrl>>(), files);
 }
 
 TEST_F(ListControlTest, TheNamesTakeFreeRoomAndAllColumnsFollowTheFont) {

@@ -2,6 +2,7 @@
 #include "collections/forms/BasketPane.h"
 
 #include "collections/Basket.h"
+#include "collections/BasketHistory.h"
 #include "collections/TitleFault.h"
 #include "collections/forms/PictureImage.h"
 #include "collections/forms/frmAlbumDescription.h"
@@ -24,6 +25,7 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
     m_list->setRowsDraggable();
     m_list->setUsualText(BasketColumn::Resolution, QStringLiteral("12000 X 9000 X 24"));
     m_list->acceptRowsOf(m_list);
+    m_list->acceptFiles();
     m_list->setHint(tr("Select pictures above and press \"Add to basket\", or drag them here."));
     layOutPane(this, makeBar(), m_list);
     connectList();
@@ -35,6 +37,45 @@ void BasketPane::setRunning(bool running) {
                           "mnuSaveAsJpeg", "mnuAddDescription", "mnuRenameTitle"},
                          !running);
     m_list->setEnabled(!running);
+    m_running = running;
+    enableHistory();
+}
+
+void BasketPane::showHistory(const BasketHistory& history) {
+    struct Texts {
+        QString undo, redo;
+    };
+    const auto textsOf = [](BasketHistory::Kind kind) -> Texts {
+        using enum BasketHistory::Kind;
+        switch (kind) {
+        case Remove:
+            return {tr("&Undo removing from basket"), tr("Red&o removing from basket")};
+        case NewBasket:
+            return {tr("&Undo new basket"), tr("Red&o new basket")};
+        case OpenBasket:
+            return {tr("&Undo opening a basket"), tr("Red&o opening a basket")};
+        case Move:
+            return {tr("&Undo moving rows"), tr("Red&o moving rows")};
+        case Sort:
+            return {tr("&Undo sorting"), tr("Red&o sorting")};
+        case Rename:
+            return {tr("&Undo renaming a title"), tr("Red&o renaming a title")};
+        case Describe:
+            return {tr("&Undo changing a description"), tr("Red&o changing a description")};
+        }
+        return {};
+    };
+    const auto undoable = history.undoable(), redoable = history.redoable();
+    m_canUndo = undoable.has_value();
+    m_canRedo = redoable.has_value();
+    m_actions.action("mnuUndo").setText(undoable ? textsOf(*undoable).undo : tr("&Undo"));
+    m_actions.action("mnuRedo").setText(redoable ? textsOf(*redoable).redo : tr("Red&o"));
+    enableHistory();
+}
+
+void BasketPane::enableHistory() {
+    m_actions.setEnabled({"mnuUndo"}, m_canUndo && !m_running);
+    m_actions.setEnabled({"mnuRedo"}, m_canRedo && !m_running);
 }
 
 void BasketPane::setAdding(bool adding) {
@@ -78,16 +119,26 @@ void BasketPane::connectActions() {
     m_list->addAction(&rename);
     // The list itself removes its rows, when the key is released.
     m_actions.action("cmdPagesDelete").setShortcutContext(Qt::WidgetShortcut);
-    QMenu* menu =
-        m_actions.makeMenu("mnuContext", {"mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete"}, this);
+    join("mnuUndo", &BasketPane::mnuUndo);
+    join("mnuRedo", &BasketPane::mnuRedo);
+    for (const char* name : {"mnuUndo", "mnuRedo"})
+        addAction(&m_actions.action(name)); // for its shortcut
+    QMenu* menu = m_actions.makeMenu(
+        "mnuContext", {"mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete", "mnuUndo", "mnuRedo"}, this);
+    menu->insertSeparator(&m_actions.action("mnuUndo"));
     connect(m_list, &ListControl::menuWanted, menu,
             [menu](const QPoint& position) { menu->popup(position); });
 }
 
+/// Rows move and go while the dialog is open.
 void BasketPane::addDescription() {
-    const int row = m_list->list().selectedIndex();
-    if (row >= 0)
-        frmAlbumDescription(m_list->list(), row, this).exec();
+    ListView& list = m_list->list();
+    const QPersistentModelIndex row = list.index(list.selectedIndex(), 0);
+    if (!row.isValid())
+        return;
+    frmAlbumDescription dialog(list, row.row(), this);
+    if (dialog.exec() == QDialog::Accepted && row.isValid())
+        Q_EMIT described(row.row(), dialog.description());
 }
 
 void BasketPane::renameTitle() {

@@ -10,6 +10,7 @@ class QLayout;
 namespace tarsel {
 
 class ActionTable;
+class BasketHistory;
 class ListControl;
 
 /// The basket's list with its buttons and its menus. Titles and descriptions are edited here.
@@ -23,6 +24,8 @@ public:
     void setRunning(bool running);
     /// While files are being added, the rows are not yet those of the basket: it can't be opened or saved.
     void setAdding(bool adding);
+    /// Offers to undo and to do again what the history holds, by name.
+    void showHistory(const BasketHistory& history);
 
 Q_SIGNALS:
     void cmdPagesNew();
@@ -32,6 +35,9 @@ Q_SIGNALS:
     void saveAsJpegFiles();                          ///< "JPEG files (batch mode)"
     void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
     void titleRefused(const QString& reason);
+    void described(int row, const QString& text);
+    void mnuUndo();
+    void mnuRedo();
 
 private:
     QLayout* makeBar();
@@ -40,7 +46,11 @@ private:
     void addDescription();
     void renameTitle();
     bool acceptTitle(const QString& title);
+    void enableHistory();
 
+    bool m_canUndo = false;
+    bool m_canRedo = false;
+    bool m_running = false;
     const ActionTable& m_actions;
     ListControl* m_list;
 };

@@ -7,15 +7,15 @@
 
 namespace tarsel {
 
-frmAlbumDescription::frmAlbumDescription(ListView& lvPages, int row, QWidget* owner) :
-    QDialog(owner), m_pages(lvPages), m_row(row), m_ui(std::make_unique<Ui::frmAlbumDescription>()) {
+frmAlbumDescription::frmAlbumDescription(const ListView& lvPages, int row, QWidget* owner) :
+    QDialog(owner), m_ui(std::make_unique<Ui::frmAlbumDescription>()) {
     m_ui->setupUi(this);
     m_ui->lblFile->setText(m_ui->lblFile->text().arg(lvPages.row(row).text));
     // "Add" replaces the row's description, so that an empty box would delete it.
     m_ui->txtDescription->setPlainText(lvPages.subItem(row, BasketColumn::Description));
     m_ui->txtDescription->moveCursor(QTextCursor::End);
     connect(m_ui->txtDescription, &QPlainTextEdit::textChanged, this, &frmAlbumDescription::dropQuotes);
-    connect(m_ui->cmdAdd, &QPushButton::clicked, this, &frmAlbumDescription::cmdAdd_Click);
+    connect(m_ui->cmdAdd, &QPushButton::clicked, this, &QDialog::accept);
     fitToText(*this, 70);
 }
 
@@ -32,12 +32,8 @@ void frmAlbumDescription::dropQuotes() {
     m_ui->txtDescription->setTextCursor(cursor);
 }
 
-void frmAlbumDescription::cmdAdd_Click() {
-    QString text = m_ui->txtDescription->toPlainText();
-    text.remove(QLatin1Char('"')).remove(QLatin1Char('&'));
-    if (m_row < m_pages.count())
-        m_pages.setSubItem(m_row, BasketColumn::Description, text);
-    accept();
+QString frmAlbumDescription::description() const {
+    return m_ui->txtDescription->toPlainText().remove(QLatin1Char('"')).remove(QLatin1Char('&'));
 }
 
 } // namespace tarsel

@@ -16,17 +16,16 @@ class frmAlbumDescription;
 class frmAlbumDescription final : public QDialog {
     Q_OBJECT
 public:
-    frmAlbumDescription(ListView& lvPages, int row, QWidget* owner = nullptr);
+    frmAlbumDescription(const ListView& lvPages, int row, QWidget* owner = nullptr);
     ~frmAlbumDescription() override;
     frmAlbumDescription(const frmAlbumDescription&) = delete;
     frmAlbumDescription& operator=(const frmAlbumDescription&) = delete;
 
+    QString description() const; ///< without the characters that it can't have
+
 private:
     void dropQuotes();
-    void cmdAdd_Click();
 
-    ListView& m_pages;
-    int m_row;
     std::unique_ptr<Ui::frmAlbumDescription> m_ui;
 };
 

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/collections/CollectionWindow.h"
+
+#include <map>
+#include <random>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+class BasketHistoryTest : public CollectionWindow {
+protected:
+    BasketHistoryTest() {
+        makePictures({"d.png", "a.png", "c.png", "b.png"});
+        addScan();
+        for (const char* name : {"d.png", "a.png", "c.png", "b.png"})
+            pages.subAddEntryToListView(picture(name));
+    }
+
+    void addScan() {
+        makeDocument(picture("scan.tif"),
+                     {{{9, 7}, qRgb(1, 1, 1)}, {{5, 6}, qRgb(2, 2, 2)}, {{3, 4}, qRgb(3, 3, 3)}});
+        pages.subAddEntryToListView(picture("scan.tif"));
+    }
+
+    /// Rows with all that they show; a row whose file or picture is not its own fails the test.
+    QString state() {
+        QStringList rows;
+        for (int i = 0; i < lvPages.count(); ++i) {
+            const ListRow& row = lvPages.row(i);
+            EXPECT_TRUE(QFile::exists(row.tag)) << row.tag.toStdString();
+            const auto [known, isNew] = m_pictures.emplace(row.tag, pictureAt(ilPages, row.icon));
+            EXPECT_TRUE(isNew || known->second == pictureAt(ilPages, row.icon)) << row.tag.toStdString();
+            rows << row.text + QLatin1Char('|') + row.tag + QLatin1Char('|') +
+                        row.subItems.join(QLatin1Char(','));
+        }
+        return rows.join(QLatin1Char('\n'));
+    }
+
+    Basket pages{lists, settings};
+
+private:
+    std::map<QString, Picture> m_pictures;
+};
+
+} // namespace
+
+TEST_F(BasketHistoryTest, WhateverWasDoneIsUndoneAndDoneAgainStepByStep) {
+    using enum BasketHistory::Kind;
+    for (unsigned seed = 0; seed < 40; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        const auto below = [&](int limit) { return int(random() % unsigned(std::max(1, limit))); };
+        std::vector<QString> states{state()};
+        size_t now = 0;
+        int newBaskets = 0;
+        for (int step = 0; step < 40; ++step) {
+            for (int row = 0; row < lvPages.count(); ++row)
+                lvPages.select(row, below(3) == 0);
+            const int row = below(lvPages.count());
+            if (!lvPages.isEmpty())
+                lvPages.setFocusedRow(row);
+            const QString text = QString::number(step);
+            const std::function<void()> changes[] = {
+                [&] { pages.cmdPagesDelete(); },
+                [&] { pages.MoveRowsTo(below(lvPages.count())); },
+                [&] { lvPages.setData(lvPages.index(row, 0), text, Qt::EditRole); },
+                [&] { lvPages.isEmpty() ? void() : pages.describe(row, text); },
+                [&] { pages.history().undoable() == Sort ? void() : lvPages.SortByColumn(below(2)); },
+                [&] { lvPages.isEmpty() || ++newBaskets > 3 ? void() : pages.cmdPagesNew(); },
+            };
+            if (const int choice = below(14); choice < 6) {
+                changes[choice]();
+                if (state() != states[now]) {
+                    states.resize(++now);
+                    states.push_back(state());
+                }
+            } else if (choice < 11) {
+                now -= now > 0 ? 1 : 0;
+                pages.undo(); // nothing at the first state
+            } else if (now + 1 < states.size()) {
+                ++now;
+                pages.redo();
+            }
+            ASSERT_EQ(state(), states[now]) << "step " << step;
+        }
+        while (pages.history().undoable())
+            pages.undo();
+        ASSERT_EQ(state(), states[0]);
+    }
+}
+
+TEST_F(BasketHistoryTest, RemovedPagesComeBackBesideThoseAddedSinceAndTheirFilesGoWithTheHistory) {
+    const QString undoFolder = temporaryFolder(settings.programFolder) + QStringLiteral("Undo");
+    std::optional<Basket> own(std::in_place, lists, settings);
+    lvPages.selectOnly(1);
+    own->cmdPagesDelete();
+    EXPECT_EQ(lvPages.row(lvPages.selectedIndex()).text, QStringLiteral("scan.tif3"));
+    own->cmdPagesNew();
+    EXPECT_TRUE(pageFiles().isEmpty());
+    addScan(); // under the same names
+    const auto pixel = [&](int row) {
+        return pictureAt(ilPages, lvPages.row(row).icon).view().pixel(20, 15)[0];
+    };
+    own->undo();
+    own->undo();
+    EXPECT_EQ(texts(lvPages),
+              "scan.tif1 scan.tif2 scan.tif3 d.png a.png c.png b.png scan.tif1 scan.tif2 scan.tif3");
+    EXPECT_EQ(panel("queue"), "10 file(s) in basket");
+    EXPECT_EQ(lvPages.selectedRows(), std::vector<int>{1});
+    for (const int row : {0, 1, 2, 7, 8, 9}) {
+        ImageBox box;
+        box.LoadFromFile(lvPages.row(row).tag);
+        EXPECT_EQ(box.PixelColor(0, 0) & 255, Color(row % 7 + 1)) << row;
+        EXPECT_EQ(pixel(row), row % 7 + 1);
+    }
+    for (int i = 0; i < 5; ++i) {
+        own->cmdPagesNew();
+        addScan();
+    }
+    EXPECT_EQ(QDir(undoFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 3);
+    own.reset();
+    EXPECT_FALSE(QDir(undoFolder).exists());
+    EXPECT_EQ(pageFiles().size(), 3) << "those of the rows";
+    QDir().mkpath(undoFolder + QStringLiteral("/7"));
+    writeBytes(undoFolder + QStringLiteral("/7/scan1_2.tif"), "of a run that crashed");
+    deleteAllPageFilesSetAside(settings.programFolder);
+    EXPECT_FALSE(QDir(undoFolder).exists());
+}
