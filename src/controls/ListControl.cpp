@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/ListControl.h"
 
+#include "controls/FileDrag.h"
 #include "controls/RowDelegate.h"
 #include "controls/TableColumns.h"
 #include "controls/ThumbnailView.h"
@@ -29,10 +30,16 @@ constexpr int focusFrame = 2;
 template <class View>
 class DraggingView final : public View {
 public:
-    using View::View;
+    explicit DraggingView(ListControl* control) : View(control), m_control(*control) {}
 
 protected:
-    void startDrag(Qt::DropActions) override { View::startDrag(Qt::CopyAction); }
+    void startDrag(Qt::DropActions) override {
+        if (!m_control.startFileDrag())
+            View::startDrag(Qt::CopyAction);
+    }
+
+private:
+    ListControl& m_control;
 };
 
 bool isArrow(int key) {
@@ -65,6 +72,7 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     prepareTable();
     prepare(m_table);
     prepare(m_thumbnails);
+    connect(m_thumbnails, &ThumbnailView::zoomed, this, &ListControl::zoomed);
     m_thumbnails->setSelectionModel(m_table->selectionModel());
     setThumbnailSize({40, 40});
     setTableIconSize({16, 16});
@@ -102,11 +110,14 @@ ListControl::Form ListControl::form() const {
 }
 
 void ListControl::setThumbnailSize(QSize size) {
-    m_thumbnails->setIconSize(size);
     // Wide enough for a name of the usual length.
     const int width = std::max(size.width() + 22, fontMetrics().averageCharWidth() * 22);
     m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 18};
-    m_thumbnails->setGridSize(m_delegate->cellSize);
+    m_thumbnails->setSizes(size, m_delegate->cellSize);
+}
+
+QSize ListControl::thumbnailSize() const {
+    return m_thumbnails->iconSize();
 }
 
 void ListControl::setTableIconSize(QSize size) {
@@ -144,6 +155,20 @@ void ListControl::acceptRowsOf(const ListControl* source) {
 void ListControl::setRowsDraggable() {
     m_table->setDragEnabled(true);
     m_thumbnails->setDragEnabled(true);
+}
+
+void ListControl::setFilesDraggable() {
+    setRowsDraggable();
+    m_dragsFiles = true;
+}
+
+bool ListControl::startFileDrag() {
+    const int row = m_list.selectedIndex();
+    if (!m_dragsFiles || row < 0)
+        return false;
+    const QVariant picture = m_list.index(row, 0).data(Qt::DecorationRole);
+    dragFiles(m_list, m_delegate->pixmapOf ? m_delegate->pixmapOf(picture) : QPixmap(), view());
+    return true;
 }
 
 void ListControl::editText(int row) {

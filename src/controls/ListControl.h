@@ -35,6 +35,7 @@ public:
     void setForm(Form form);
     Form form() const;
     void setThumbnailSize(QSize size); ///< pictures of the form Thumbnails
+    QSize thumbnailSize() const;
     /// How the rows' pictures become pixmaps; without it they must be pixmaps already.
     void setPixmapMaker(std::function<QPixmap(const QVariant& picture)> maker);
     void setTableIconSize(QSize size); ///< pictures of the form Details; small ones until it is called
@@ -49,6 +50,9 @@ public:
     /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.
     void acceptRowsOf(const ListControl* source);
     void setRowsDraggable();
+    /// The same, and other programs take them as the files that their Tags name.
+    void setFilesDraggable();
+    bool startFileDrag(); ///< for the views; false where rows are not files
     /// Opens the row's text for editing in place.
     void editText(int row);
     /// Selects the row that many steps from the selected one, shows and focuses it, and returns its number;
@@ -71,7 +75,8 @@ Q_SIGNALS:
     void deleteReleased();
     void formChanged();
     void menuWanted(const QPoint& globalPosition);
-    void viewMoved(); ///< other rows may have come into view
+    void zoomed(int angle); ///< Ctrl and the wheel over thumbnails, in eighths of a degree
+    void viewMoved();       ///< other rows may have come into view
     /// Rows were dropped; `row` is the one under the pointer, -1 after the last.
     void rowsDropped(tarsel::ListControl* source, int row);
 
@@ -104,6 +109,7 @@ private:
     RowDelegate* m_delegate;
     QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
+    bool m_dragsFiles = false;
     bool m_synchronising = false;
     bool m_scheduled = false;
 };
