@@ -8,6 +8,13 @@ namespace {
 #define TEXT(text) QT_TRANSLATE_NOOP("MainActions", text)
 
 constexpr ActionRow rows[] = {
+    // places
+    {"cmdHomeFolder", TEXT("Home"), TEXT("Show the home folder"), "home", "Alt+Home"},
+    {"cmdPicturesFolder", TEXT("Pictures"), TEXT("Show the folder of your pictures"), "pictures",
+     "Ctrl+Shift+P"},
+    {"cmdDesktopFolder", TEXT("Desktop"), TEXT("Show the desktop's folder"), "desktop", "Ctrl+Shift+D"},
+    {"cmdParentFolder", TEXT("Parent folder"), TEXT("Show the folder above"), "parent", "Alt+Up"},
+    {"cmdTypePath", TEXT("Type a path"), "", "", "Ctrl+L"},
     // the folder
     {"cmdAddToQueue", TEXT("&Add to basket"), TEXT("Add the selected files to the basket"), "add", "Return"},
     {"cmdThumbnailFolder", TEXT("Show thumbnails"), TEXT("Show thumbnails"), "thumbnails", "Ctrl+1",

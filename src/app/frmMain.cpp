@@ -4,6 +4,7 @@
 #include "app/MainActions.h"
 #include "app/StatusPanels.h"
 #include "collections/BasketActions.h"
+#include "collections/CachedThumbnails.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/CancelAddingButton.h"
@@ -41,6 +42,9 @@ frmMain::frmMain(StartupOptions options) :
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
+    if (!m_options.thumbnailFolder.isEmpty())
+        m_folderView.readThumbnail = m_basket.readThumbnail =
+            cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
     arrangePanes();
     connectFolderPane();
     connectBasketPane();
@@ -90,6 +94,9 @@ void frmMain::connectFolderPane() {
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_folderView,
             &FolderView::subShowFilesInFolder);
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_preview, &Preview::leaveFolder);
+    connect(m_browsePane, &BrowsePane::fileChosen, m_folderPane, &FolderPane::selectFile);
+    connect(m_browsePane, &BrowsePane::pathRefused, this, &frmMain::SetStatus);
+    connect(m_folderPane, &FolderPane::thumbnailSizeChosen, this, &frmMain::chooseThumbnailSize);
     connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
     connect(m_folderPane, &FolderPane::formChosen, this,
             [](int folderView) { ConfigRecord.FolderView = quint8(folderView); });
@@ -162,6 +169,13 @@ void frmMain::dropRows(const ListControl* source, int row) {
 /// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
     m_preview.ShowRow(ActiveList->list(), ActiveList->selectNeighbour(step));
+}
+
+void frmMain::chooseThumbnailSize(QSize size) {
+    ConfigRecord.FolderThumbWidth = qint16(size.width());
+    ConfigRecord.FolderThumbHeight = qint16(size.height());
+    m_folderThumb = m_folderView.settings.folderThumb = {size.width(), size.height()};
+    m_folderView.makeThumbnailsAgain();
 }
 
 /// Preview and folder show what a batch would write now.
