@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace tarsel {
 
@@ -28,8 +30,28 @@ bool sniffBmp(const PictureSource& source) {
     return source.start().startsWith("BM") && source.size() > fileHeaderSize + smallestHeaderSize;
 }
 
+/// The JPEG or PNG file that a bitmap holds in place of its rows.
+struct EmbeddedFile {
+    const Codec* codec;
+    PictureSource source;
+};
+std::optional<EmbeddedFile> embeddedFileOf(const BmpLayout& layout, const PictureSource& source) {
+    if (!canHoldFile(layout))
+        return std::nullopt;
+    const std::int64_t rest = std::min(source.size() - layout.pixelOffset, PictureSource::largestReadAtOnce);
+    const std::int64_t size = layout.dataSize > 0 ? std::min(layout.dataSize, rest) : rest;
+    PictureSource embedded(source.bytes(layout.pixelOffset, size));
+    const Codec* codec = codecForContent(embedded, {});
+    const QLatin1String name(codec ? codec->name : "");
+    if (name != QLatin1String("JPEG") && name != QLatin1String("PNG"))
+        return std::nullopt;
+    return EmbeddedFile{codec, std::move(embedded)};
+}
+
 PictureHeader bmpHeader(const PictureSource& source, const QString& name) {
     const BmpLayout layout = readBmpLayout(source, fileOf(source, name));
+    if (const auto embedded = embeddedFileOf(layout, source))
+        return embedded->codec->header(embedded->source, name);
     return {int(layout.width), int(std::abs(layout.height)), layout.bits, layout.dpi};
 }
 
@@ -42,6 +64,8 @@ int onePage(const PictureSource&, const QString&) {
 EmbeddedMetadata bmpMetadata(const PictureSource& source, const QString& name) {
     constexpr std::uint32_t embeddedProfile = 0x4D424544;
     const BmpLayout layout = readBmpLayout(source, fileOf(source, name));
+    if (const auto embedded = embeddedFileOf(layout, source))
+        return embedded->codec->metadata(embedded->source, name);
     EmbeddedMetadata metadata;
     metadata.resolution = {layout.dpi, layout.dpi};
     const QByteArray header = source.bytes(fileHeaderSize, version5Size);
@@ -53,7 +77,10 @@ EmbeddedMetadata bmpMetadata(const PictureSource& source, const QString& name) {
 }
 
 DecodedPicture decodeBmp(const PictureSource& source, const QString& name, int) {
-    BmpPicture bmp = readBmp(source, fileOf(source, name));
+    const FileUnderTest file = fileOf(source, name);
+    if (const auto embedded = embeddedFileOf(readBmpLayout(source, file), source))
+        return embedded->codec->decode(embedded->source, name, 1);
+    BmpPicture bmp = readBmp(source, file);
     return {std::move(bmp.picture), bmpMetadata(source, name), std::move(bmp.damage)};
 }
 
@@ -67,7 +94,8 @@ Codec bmpCodec() {
             .pageCount = onePage,
             .decode = decodeBmp,
             .encode = encodeBmp,
-            .metadata = bmpMetadata};
+            .metadata = bmpMetadata,
+            .holdsProfile = false};
 }
 
 } // namespace tarsel

@@ -12,6 +12,7 @@
 #include <bit>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace tarsel {
@@ -28,7 +29,7 @@ constexpr std::uint32_t alphaMaskHeaderSize = 56;
 constexpr std::uint32_t os2HeaderSize = 64;
 constexpr qsizetype maskOffset = 54; // after a header of 40 bytes, in a longer one
 
-enum Compression : std::uint32_t { None, Rle8, Rle4, BitFields, AlphaBitFields = 6 };
+enum Compression : std::uint32_t { None, Rle8, Rle4, BitFields, Rle24, AlphaBitFields = 6 };
 
 /// A run of 255 pixels takes two bytes; only skipped pixels are denser.
 constexpr std::int64_t pixelsPerByte = 128;
@@ -51,7 +52,7 @@ struct Masks {
 };
 
 bool hasRuns(const BmpLayout& layout) {
-    return layout.compression == Rle8 || layout.compression == Rle4;
+    return layout.compression == Rle8 || layout.compression == Rle4 || layout.compression == Rle24;
 }
 
 bool hasMasks(const BmpLayout& layout) {
@@ -96,6 +97,7 @@ void requireKnownKind(const BmpLayout& layout, const FileUnderTest& file) {
     const bool isOs2 = layout.headerSize == os2HeaderSize;
     const bool known = layout.compression == None || (layout.compression == Rle8 && layout.bits == 8) ||
                        (layout.compression == Rle4 && layout.bits == 4) ||
+                       (layout.compression == Rle24 && layout.bits == 24) ||
                        (hasMasks(layout) && !isOs2 && (layout.bits == 16 || layout.bits == 32));
     static constexpr int depths[] = {1, 2, 4, 8, 16, 24, 32};
     if (!known || std::ranges::count(depths, layout.bits) == 0)
@@ -174,11 +176,11 @@ private:
         pixel[2] = color.blue;
     }
 
-    /// Runs: count and index (two indexes with 4 bits); or 0 and 0 end of row, 1 end of picture, 2 and how
-    /// far to skip right and up, else the count of indexes that follow, padded to 16 bits. Skipped pixels
-    /// have index 0.
+    /// Runs: count and index (two indexes with 4 bits, blue, green and red with 24); or 0 and 0 end of row, 1
+    /// end of picture, 2 and how far to skip right and up, else the count of pixels that follow, padded to
+    /// 16 bits. Skipped pixels have index 0, or are black.
     QString paintRuns() {
-        m_indexes.assign(std::size_t(m_target.width), 0);
+        m_colors.assign(std::size_t(m_target.width), m_palette[0]);
         while (m_row < m_target.height) {
             const int count = m_stream.byte();
             const int value = m_stream.byte();
@@ -193,40 +195,58 @@ private:
             else if (value == 2)
                 skipPixels();
             else
-                putIndexes(value);
+                putPixels(value);
         }
         return {};
     }
 
-    void put(int index) {
+    std::uint8_t nextByte() { return std::uint8_t(std::max(m_stream.byte(), 0)); }
+
+    void put(Rgb color) {
         if (m_x < m_target.width)
-            m_indexes[std::size_t(m_x++)] = std::uint8_t(index);
+            m_colors[std::size_t(m_x++)] = color;
+    }
+    void putIndex(int index) { put(m_palette[std::size_t(index)]); }
+
+    /// The colour whose first byte is `blue`.
+    Rgb colorAfter(int blue) {
+        const std::uint8_t green = nextByte();
+        return {nextByte(), green, std::uint8_t(blue)};
     }
 
     void putRun(int count, int value) {
+        const Rgb color = m_layout.bits == 24 ? colorAfter(value) : m_palette[std::size_t(value)];
         for (int i = 0; i < count; ++i)
-            put(m_layout.bits == 8 ? value : i % 2 ? value & 15 : value >> 4);
+            if (m_layout.bits == 4)
+                putIndex(i % 2 ? value & 15 : value >> 4);
+            else
+                put(color);
     }
 
-    void putIndexes(int count) {
-        const int bytes = m_layout.bits == 8 ? count : (count + 1) / 2;
-        for (int i = 0; i < bytes; ++i) {
-            const int value = std::max(m_stream.byte(), 0);
-            if (m_layout.bits == 8) {
-                put(value);
-                continue;
-            }
-            put(value >> 4);
-            if (2 * i + 1 < count)
-                put(value & 15);
-        }
+    void putPixels(int count) {
+        const int bytes = (count * m_layout.bits + 7) / 8;
+        for (int i = 0; i < count; ++i)
+            if (m_layout.bits == 24)
+                put(colorAfter(nextByte()));
+            else if (m_layout.bits == 8)
+                putIndex(nextByte());
+            else
+                i += putPair(nextByte(), i + 1 < count);
         if (bytes % 2)
             m_stream.byte();
     }
 
+    /// Returns 1 when the second one is used.
+    int putPair(int value, bool both) {
+        putIndex(value >> 4);
+        if (both)
+            putIndex(value & 15);
+        return both ? 1 : 0;
+    }
+
     void skipPixels() {
-        const int right = std::max(m_stream.byte(), 0);
-        const int up = std::max(m_stream.byte(), 0);
+        const int right = nextByte();
+        const int up = nextByte();
         const int x = std::min(m_x + right, m_target.width);
         if (up > 0)
             finishRows(m_row + up);
@@ -236,11 +256,11 @@ private:
     void finishRows(int end) {
         while (m_row < std::min(end, m_target.height)) {
             std::uint8_t* pixel = nextRow();
-            for (const std::uint8_t index : m_indexes) {
-                paintColor(m_palette[index], pixel);
+            for (const Rgb color : m_colors) {
+                paintColor(color, pixel);
                 pixel += m_target.channels;
             }
-            std::ranges::fill(m_indexes, std::uint8_t(0));
+            std::ranges::fill(m_colors, m_palette[0]);
         }
         m_x = 0;
     }
@@ -250,8 +270,8 @@ private:
     PixelView m_target;
     Masks m_masks;
     Palette m_palette = {};
-    std::vector<std::uint8_t> m_indexes; ///< of the present row, with runs
-    int m_row = 0;                       ///< in the order of the file
+    std::vector<Rgb> m_colors; ///< of the present row, with runs
+    int m_row = 0;             ///< in the order of the file
     int m_x = 0;
 };
 
@@ -274,9 +294,12 @@ BmpLayout readBmpLayout(const PictureSource& source, const FileUnderTest& file) 
     }
     if (layout.headerSize > shortOs2HeaderSize)
         layout.compression = reader.dword(30).value_or(0);
-    if (layout.headerSize >= windowsHeaderSize)
+    if (layout.headerSize >= windowsHeaderSize) {
+        layout.dataSize = reader.dword(34).value_or(0);
         layout.dpi = std::int32_t(reader.dword(38).value_or(0)) * 0.0254;
-    requirePlausibleSize(file, layout.width, std::abs(layout.height), pixelsPerByte);
+    }
+    if (!canHoldFile(layout)) // which have limits of their own
+        requirePlausibleSize(file, layout.width, std::abs(layout.height), pixelsPerByte);
     if (layout.pixelOffset >= source.size())
         failDecoding(file,
                      QCoreApplication::translate("BmpReader", "pixel data starts past the end of the file"));
@@ -285,6 +308,7 @@ BmpLayout readBmpLayout(const PictureSource& source, const FileUnderTest& file) 
 
 BmpPicture readBmp(const PictureSource& source, const FileUnderTest& file) {
     const BmpLayout layout = readBmpLayout(source, file);
+    requirePlausibleSize(file, layout.width, std::abs(layout.height), pixelsPerByte);
     requireKnownKind(layout, file);
     const QByteArray start = source.start();
     const bool alpha =

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "bytes/Numbers.h"
-#include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/Resolution.h"
 
@@ -11,19 +11,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace tarsel {
 
 namespace {
 
 // The file header: "BM", size 32, reserved 32, offset of the pixels 32. The info header follows, starting
-// with its size; then the palette, the rows from the bottom, and the profile.
+// with its size; then the palette and the rows from the bottom.
 constexpr qsizetype fileHeaderSize = 14;
-constexpr qsizetype windowsHeaderSize = 40;
-constexpr qsizetype version5Size = 124;
-constexpr std::uint32_t embeddedProfile = 0x4D424544; // "MBED"
-constexpr qsizetype calibratedColors = 48;            // bytes of endpoints and gamma, unused with a profile
-constexpr std::uint32_t pictureIntent = 4;
+constexpr qsizetype headerSize = 40;
 
 class BmpWriter {
 public:
@@ -31,15 +28,12 @@ public:
         m_rgb(std::get_if<Picture>(&colors)), m_indexed(std::get_if<IndexedPicture>(&colors)),
         m_width(m_rgb ? m_rgb->width() : m_indexed->width()),
         m_height(m_rgb ? m_rgb->height() : m_indexed->height()), m_bits(m_rgb ? 24 : m_indexed->bits),
-        m_stride((packedSize(m_width, m_bits) + 3) / 4 * 4), m_resolution(resolutionOf(metadata)) {
-        if (isRgbProfile(metadata.iccProfile))
-            m_profile = metadata.iccProfile;
-    }
+        m_stride((packedSize(m_width, m_bits) + 3) / 4 * 4), m_resolution(resolutionOf(metadata)) {}
 
     QByteArray encode() {
         const qsizetype pixels = m_stride * m_height;
-        const qsizetype start = fileHeaderSize + headerSize() + paletteSize();
-        const qsizetype size = start + pixels + m_profile.size();
+        const qsizetype start = fileHeaderSize + headerSize + paletteSize();
+        const qsizetype size = start + pixels;
         if (size > qsizetype(UINT32_MAX))
             fail(ErrorNumber::InvalidCall,
                  QCoreApplication::translate("BmpWriter", "BMP encoder: the picture is larger than 4 GB"));
@@ -49,10 +43,12 @@ public:
         writeHeader(pixels);
         writePalette();
         m_bytes.resize(start + pixels);
-        for (int y = 0; y < m_height; ++y)
+        for (int y = 0; y < m_height; ++y) {
+            raiseIfStopped();
             writeRow(y,
                      reinterpret_cast<std::uint8_t*>(m_bytes.data()) + start + m_stride * (m_height - 1 - y));
-        return m_bytes + m_profile;
+        }
+        return std::move(m_bytes);
     }
 
 private:
@@ -65,19 +61,13 @@ private:
         return *this;
     }
 
-    qsizetype headerSize() const { return m_profile.isEmpty() ? windowsHeaderSize : version5Size; }
     qsizetype paletteSize() const { return m_indexed ? qsizetype(4) << m_bits : 0; }
 
     static std::int64_t perMeter(double perInch) { return std::llround(perInch * inchesPerMeter); }
 
     void writeHeader(qsizetype pixels) {
-        dword(headerSize()).dword(m_width).dword(m_height).word(1).word(m_bits).dword(0).dword(pixels);
+        dword(headerSize).dword(m_width).dword(m_height).word(1).word(m_bits).dword(0).dword(pixels);
         dword(perMeter(m_resolution.horizontal)).dword(perMeter(m_resolution.vertical)).dword(0).dword(0);
-        if (m_profile.isEmpty())
-            return;
-        dword(0).dword(0).dword(0).dword(0).dword(embeddedProfile); // no masks
-        m_bytes.append(calibratedColors, '\0');
-        dword(pictureIntent).dword(headerSize() + paletteSize() + pixels).dword(m_profile.size()).dword(0);
     }
 
     void writePalette() {
@@ -85,7 +75,7 @@ private:
             return;
         for (const Rgb color : m_indexed->palette)
             m_bytes.append(char(color.blue)).append(char(color.green)).append(char(color.red)).append('\0');
-        m_bytes.resize(fileHeaderSize + headerSize() + paletteSize(), '\0');
+        m_bytes.resize(fileHeaderSize + headerSize + paletteSize(), '\0');
     }
 
     void writeRow(int y, std::uint8_t* row) const {
@@ -107,7 +97,6 @@ private:
     int m_bits;
     qsizetype m_stride;
     Resolution m_resolution;
-    QByteArray m_profile;
     QByteArray m_bytes;
 };
 

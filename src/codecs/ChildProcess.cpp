@@ -3,9 +3,11 @@
 
 #include "codecs/DecoderProtocol.h"
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
+#include <ctime>
 #include <fcntl.h>
 #include <functional>
 #include <mutex>
@@ -101,6 +103,16 @@ pid_t spawn(const QByteArray& program, int socket) {
 bool ChildProcess::start(const QByteArray& program, int socket) {
     m_child = onLastingThread([&] { return spawn(program, socket); });
     return m_child != 0;
+}
+
+bool ChildProcess::allowTime(rlim_t seconds, rlim_t total) const {
+    clockid_t clock = {};
+    timespec used = {};
+    if (::clock_getcpuclockid(m_child, &clock) != 0 || ::clock_gettime(clock, &used) != 0)
+        return true; // the socket says what became of it
+    const rlimit limit{std::min(rlim_t(used.tv_sec) + seconds, total), total};
+    ::prlimit(m_child, RLIMIT_CPU, &limit, nullptr);
+    return rlim_t(used.tv_sec) + seconds <= total;
 }
 
 bool ChildProcess::endsByItself() const {

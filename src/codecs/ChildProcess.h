@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <atomic>
+#include <sys/resource.h>
 #include <sys/types.h>
 
 namespace tarsel {
@@ -21,6 +22,10 @@ public:
     bool start(const QByteArray& program, int socket);
     bool isRunning() const { return m_child != 0; }
     pid_t id() const { return m_child; } ///< 0 when none runs
+
+    /// Gives it this many seconds of processor time more, after which it is killed, as it is after `total` in
+    /// all. False when that doesn't leave enough.
+    bool allowTime(rlim_t seconds, rlim_t total) const;
 
     /// Waits a moment for a child that is about to end by itself. False when it goes on.
     bool endsByItself() const;

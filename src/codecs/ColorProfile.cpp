@@ -1,23 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ColorProfile.h"
 
+#include "bytes/ByteReader.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
 #include <lcms2.h>
 #include <mutex>
+#include <optional>
 
 namespace tarsel {
 
 namespace {
 
-constexpr qsizetype colorSpaceOffset = 16; // of the four letters in a profile's header
+constexpr qsizetype classOffset = 12, colorSpaceOffset = 16; // of four letters in a profile's header
 
 struct ProfileCloser {
     void operator()(void* profile) const { cmsCloseProfile(profile); }
 };
 using Profile = std::unique_ptr<void, ProfileCloser>;
+
+struct TransformCloser {
+    void operator()(void* transform) const { cmsDeleteTransform(transform); }
+};
+using Transform = std::unique_ptr<void, TransformCloser>;
 
 bool hasColorSpace(const QByteArray& iccProfile, const char* letters) {
     return iccProfile.mid(colorSpaceOffset, 4) == letters;
@@ -28,22 +36,6 @@ std::uint8_t withoutInk(std::uint8_t ink, std::uint8_t black) {
 }
 
 } // namespace
-
-bool isRgbProfile(const QByteArray& iccProfile) {
-    return hasColorSpace(iccProfile, "RGB ");
-}
-
-EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata) {
-    if (!isRgbProfile(metadata.iccProfile))
-        metadata.iccProfile.clear();
-    return metadata;
-}
-
-EmbeddedMetadata withoutRgbProfile(EmbeddedMetadata metadata) {
-    if (isRgbProfile(metadata.iccProfile))
-        metadata.iccProfile.clear();
-    return metadata;
-}
 
 namespace {
 
@@ -84,52 +76,110 @@ bool changesAnything(void* transform) {
     return false;
 }
 
-/// Profiles that were found to change nothing lately: finding out takes longer than many a thumbnail.
-class NeutralProfiles {
+void* rgbTransform(void* source, void* target, cmsUInt32Number format, cmsUInt32Number flags = 0) {
+    return source && target ? cmsCreateTransform(source, format, target, format, INTENT_RELATIVE_COLORIMETRIC,
+                                                 flags | cmsFLAGS_BLACKPOINTCOMPENSATION)
+                            : nullptr;
+}
+
+/// The size that a profile claims for itself is there, and all of its tags are inside it. Layout: size 32,
+/// .., at 128 the count of tags 32, and for each its name 32, offset 32, size 32.
+bool isComplete(const QByteArray& iccProfile) {
+    constexpr std::int64_t tagCountOffset = 128, tagSize = 12;
+    const ByteReader reader(iccProfile, ByteOrder::Big);
+    const std::int64_t size = reader.dword(0).value_or(0), tags = reader.dword(tagCountOffset).value_or(0);
+    if (size > iccProfile.size() || tags > (size - tagCountOffset - 4) / tagSize)
+        return false;
+    for (std::int64_t at = tagCountOffset + 4, end = at + tags * tagSize; at < end; at += tagSize)
+        if (std::int64_t(reader.dword(at + 4).value_or(0)) + reader.dword(at + 8).value_or(0) > size)
+            return false;
+    return true;
+}
+
+/// Of a screen, camera, printer or colour space; not of a chain of devices or of named colours.
+bool isOfDevice(const QByteArray& iccProfile) {
+    static constexpr const char* classes[] = {"mntr", "scnr", "prtr", "spac"};
+    return std::ranges::any_of(
+        classes, [kind = iccProfile.mid(classOffset, 4)](const char* name) { return kind == name; });
+}
+
+enum class RgbKind { Unusable, LikeSRgb, OfItsOwn };
+
+RgbKind kindOf(const QByteArray& iccProfile) {
+    if (!hasColorSpace(iccProfile, "RGB ") || !isOfDevice(iccProfile) || !isComplete(iccProfile))
+        return RgbKind::Unusable;
+    const Profile source = openProfile(iccProfile, "RGB "), sRgb(cmsCreate_sRGBProfile());
+    const Transform transform(rgbTransform(source.get(), sRgb.get(), TYPE_RGB_8));
+    if (!transform)
+        return RgbKind::Unusable;
+    return changesAnything(transform.get()) ? RgbKind::OfItsOwn : RgbKind::LikeSRgb;
+}
+
+/// The kinds of the latest profiles: finding out takes longer than many a thumbnail.
+class LatestKinds {
 public:
-    bool contains(const QByteArray& iccProfile) {
+    RgbKind of(const QByteArray& iccProfile) {
+        if (const auto known = find(iccProfile))
+            return *known;
+        const RgbKind kind = kindOf(iccProfile);
         const std::lock_guard lock(m_mutex);
-        return std::ranges::find(m_profiles, iccProfile) != m_profiles.end();
-    }
-    void add(const QByteArray& iccProfile) {
-        const std::lock_guard lock(m_mutex);
-        m_profiles[m_next++ % m_profiles.size()] = iccProfile;
+        m_entries[m_next++ % m_entries.size()] = {iccProfile, kind};
+        return kind;
     }
 
 private:
+    struct Entry {
+        QByteArray profile = {};
+        RgbKind kind = RgbKind::Unusable;
+    };
+    std::optional<RgbKind> find(const QByteArray& iccProfile) {
+        const std::lock_guard lock(m_mutex);
+        const auto found = std::ranges::find(m_entries, iccProfile, &Entry::profile);
+        return found == m_entries.end() ? std::nullopt : std::optional(found->kind);
+    }
+
     std::mutex m_mutex;
-    std::array<QByteArray, 4> m_profiles;
+    std::array<Entry, 8> m_entries; // the first ones are for no profile
     std::size_t m_next = 0;
 };
 
-NeutralProfiles& neutralProfiles() {
-    static NeutralProfiles profiles;
-    return profiles;
+RgbKind knownKindOf(const QByteArray& iccProfile) {
+    static LatestKinds kinds;
+    return iccProfile.isEmpty() ? RgbKind::Unusable : kinds.of(iccProfile);
 }
 
 } // namespace
 
+bool isRgbProfile(const QByteArray& iccProfile) {
+    return knownKindOf(iccProfile) != RgbKind::Unusable;
+}
+
+EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata) {
+    if (isRgbProfile(metadata.iccProfile))
+        metadata.iccProfile.truncate(ByteReader(metadata.iccProfile, ByteOrder::Big).dword(0).value_or(0));
+    else
+        metadata.iccProfile.clear();
+    return metadata;
+}
+
+EmbeddedMetadata withoutRgbProfile(EmbeddedMetadata metadata) {
+    if (hasColorSpace(metadata.iccProfile, "RGB "))
+        metadata.iccProfile.clear();
+    return metadata;
+}
+
 RgbConversion::RgbConversion(const QByteArray& from, const QByteArray& to) {
-    const bool haveProfile = isRgbProfile(from) || isRgbProfile(to);
-    const bool toSRgb = !isRgbProfile(to);
-    if (!haveProfile || from == to || (toSRgb && neutralProfiles().contains(from)))
+    const bool fromSRgb = knownKindOf(from) != RgbKind::OfItsOwn,
+               toSRgb = knownKindOf(to) != RgbKind::OfItsOwn;
+    if (from == to || (fromSRgb && toSRgb))
         return;
-    const Profile source = rgbProfile(from), target = rgbProfile(to);
-    const auto transform = [&](cmsUInt32Number format, cmsUInt32Number flags) {
-        return source && target
-                   ? cmsCreateTransform(source.get(), format, target.get(), format,
-                                        INTENT_RELATIVE_COLORIMETRIC, flags | cmsFLAGS_BLACKPOINTCOMPENSATION)
-                   : nullptr;
-    };
-    m_transform = transform(TYPE_RGB_8, 0);
-    if (m_transform && !changesAnything(m_transform)) {
-        cmsDeleteTransform(m_transform);
-        m_transform = nullptr;
-        if (toSRgb)
-            neutralProfiles().add(from);
-    }
-    if (m_transform)
-        m_transformWithAlpha = transform(TYPE_RGBA_8, cmsFLAGS_COPY_ALPHA);
+    const Profile source = rgbProfile(fromSRgb ? QByteArray() : from),
+                  target = rgbProfile(toSRgb ? QByteArray() : to);
+    Transform transform(rgbTransform(source.get(), target.get(), TYPE_RGB_8));
+    if (!transform || !changesAnything(transform.get()))
+        return;
+    m_transform = transform.release();
+    m_transformWithAlpha = rgbTransform(source.get(), target.get(), TYPE_RGBA_8, cmsFLAGS_COPY_ALPHA);
 }
 
 RgbConversion::~RgbConversion() {

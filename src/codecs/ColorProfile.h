@@ -10,7 +10,8 @@
 
 namespace tarsel {
 
-/// Whether an ICC profile describes red, green and blue, so that it may stay with a decoded picture.
+/// Whether an ICC profile describes red, green and blue, so that it may stay with a decoded picture: only one
+/// that is complete and that colours can be converted with. Without it they count as sRGB.
 bool isRgbProfile(const QByteArray& iccProfile);
 
 /// Turns pixels of one RGB profile into those of another one; bytes that are not an RGB profile stand for
@@ -51,7 +52,7 @@ struct Chromaticities {
 /// gamma 2.2 of many files stands for the curve of sRGB. The same arguments give the same bytes.
 QByteArray calibratedProfile(const Chromaticities& places, double gamma);
 
-/// The blocks without a profile that is for other pixels than red, green and blue.
+/// The blocks without a profile that is unusable or for other pixels than red, green and blue.
 EmbeddedMetadata withRgbProfileOnly(EmbeddedMetadata metadata);
 
 /// For inks and L*a*b*, which become sRGB: a profile of red, green and blue that such a file holds by mistake

@@ -29,6 +29,8 @@ namespace {
 Q_LOGGING_CATEGORY(logging, "tarsel.codecs")
 
 constexpr char programName[] = "tarsel-decoder";
+// Of processor time.
+constexpr rlim_t secondsForOneFile = 10, secondsForOneChild = 600;
 
 QByteArray programPath() {
     QByteArray configured = qgetenv("TARSEL_DECODER");
@@ -194,13 +196,15 @@ void DecoderProcess::start(const FileUnderTest& file) {
     if (!m_child.start(program, other.number()))
         failDecoding(file, QCoreApplication::translate("DecoderProcess", "its decoder %1 can't be started")
                                .arg(QFile::decodeName(program)));
+    m_child.allowTime(secondsForOneFile, secondsForOneChild);
     m_isNewChild = true;
 }
 
-/// A child that died while it had nothing to do, or that speaks without a request, is replaced: no file is
-/// to blame for that.
+/// A child that died while it had nothing to do, that speaks without a request, or that has used up its time,
+/// is replaced: no file is to blame for that.
 void DecoderProcess::requireIdleChild(const FileUnderTest& file) {
-    if (m_child.isRunning() && canBeRead(m_socket.number()))
+    if (m_child.isRunning() &&
+        (canBeRead(m_socket.number()) || !m_child.allowTime(secondsForOneFile, secondsForOneChild)))
         end();
     if (!m_child.isRunning())
         start(file);

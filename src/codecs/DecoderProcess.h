@@ -29,7 +29,7 @@ struct DecoderTask {
 /// The program is "tarsel-decoder" beside the running one, or what the environment's TARSEL_DECODER names.
 class DecoderProcess {
 public:
-    static constexpr std::chrono::milliseconds usualTimeLimit = std::chrono::seconds(20);
+    static constexpr std::chrono::milliseconds usualTimeLimit = std::chrono::seconds(9);
 
     /// `timeLimit` is how long one file may take before the child is ended.
     explicit DecoderProcess(std::chrono::milliseconds timeLimit = usualTimeLimit) : m_timeLimit(timeLimit) {}

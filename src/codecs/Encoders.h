@@ -8,10 +8,10 @@ namespace tarsel {
 // Encoders of our own, one file each. All return the encoded file; error 5 for a picture that is larger than
 // the format can say.
 
-/// 24 bits, or indexes of 8, 4 or 1 bit. With a profile it has the header of version 5, else that of 3.
+/// 24 bits, or indexes of 8, 4 or 1 bit. Few readers look for a profile, so it has none.
 QByteArray encodeBmp(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 
-/// GIF 89a of one frame, with LZW, or with codes that stand for one pixel each. XMP, profile and comments are
+/// GIF 89a of one frame, with LZW, or with codes that stand for one pixel each. XMP and comments are
 /// extensions.
 QByteArray encodeGif(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 

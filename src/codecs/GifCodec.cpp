@@ -89,6 +89,12 @@ void readExtension(const ByteReader& reader, std::uint8_t label, std::int64_t& a
         frame.metadata.xmp = packetOf(reader, start, at);
 }
 
+/// The size of the canvas; some files don't say it and mean their first frame.
+std::optional<PixelSize> screenOf(const ByteReader& reader) {
+    const PixelSize screen{reader.word(6).value_or(0), reader.word(8).value_or(0)};
+    return screen.width > 0 && screen.height > 0 ? std::optional(screen) : std::nullopt;
+}
+
 /// The first frame. Bytes between the blocks that start none are skipped.
 std::optional<Frame> findFrame(const ByteReader& reader) {
     const std::uint8_t flags = reader.byte(10).value_or(0);
@@ -105,6 +111,8 @@ std::optional<Frame> findFrame(const ByteReader& reader) {
             const auto word = [&](int offset) { return int(reader.word(at + offset).value_or(0)); };
             const std::uint8_t frameFlags = reader.byte(at + 8).value_or(0);
             frame.left = word(0), frame.top = word(2), frame.width = word(4), frame.height = word(6);
+            if (!screenOf(reader))
+                frame.left = frame.top = 0;
             frame.isInterlaced = frameFlags & interlaceFlag;
             frame.palette = paletteAt(at + frameHeaderSize, frameFlags);
             frame.data = at + frameHeaderSize + sizeOf(frame.palette);
@@ -265,13 +273,18 @@ bool sniffGif(const PictureSource& source) {
     return bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a");
 }
 
+PixelSize firstFrameSize(const ByteReader& reader) {
+    const auto frame = findFrame(reader);
+    return frame ? PixelSize{frame->width, frame->height} : PixelSize{};
+}
+
 PictureHeader gifHeader(const PictureSource& source, const QString& name) {
     const QByteArray start = source.start();
     const ByteReader reader(start, ByteOrder::Little);
-    const int width = reader.word(6).value_or(0);
-    const int height = reader.word(8).value_or(0);
-    requirePlausibleSize(fileOf(source, name), width, height, pixelsPerByte);
-    return {width, height, (reader.byte(10).value_or(0) & 7) + 1, 0};
+    const auto screen = screenOf(reader);
+    const PixelSize size = screen ? *screen : firstFrameSize(reader);
+    requirePlausibleSize(fileOf(source, name), size.width, size.height, pixelsPerByte);
+    return {size.width, size.height, (reader.byte(10).value_or(0) & 7) + 1, 0};
 }
 
 int onePage(const PictureSource&, const QString&) {
@@ -338,6 +351,7 @@ Codec gifCodec() {
             .decode = decodeGif,
             .encode = encodeGif,
             .metadata = gifMetadata,
+            .holdsProfile = false,
             .keepsTransparency = true};
 }
 

@@ -2,7 +2,6 @@
 #include "codecs/Encoders.h"
 
 #include "bytes/Numbers.h"
-#include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/LzwCodes.h"
 
@@ -42,10 +41,6 @@ QByteArray inBlocks(const QByteArray& data) {
     return blocks + '\0';
 }
 
-QByteArray application(const char* name) {
-    return QByteArray(1, extensionMark) + applicationLabel + char(11) + name;
-}
-
 /// The packet follows its name without blocks. A reader that knows nothing of it takes its letters for
 /// lengths, and ends up in a ramp of bytes that leads each of them to the end.
 QByteArray xmpExtension(const QByteArray& xmp) {
@@ -54,13 +49,12 @@ QByteArray xmpExtension(const QByteArray& xmp) {
     QByteArray ramp(1, char(1));
     for (int length = 255; length >= 0; --length)
         ramp += char(length);
-    return application("XMP DataXMP") + xmp + ramp + '\0';
+    const QByteArray head = QByteArray(1, extensionMark) + applicationLabel + char(11) + "XMP DataXMP";
+    return head + xmp + ramp + '\0';
 }
 
 QByteArray extensionsOf(const EmbeddedMetadata& metadata) {
     QByteArray bytes;
-    if (isRgbProfile(metadata.iccProfile))
-        bytes += application("ICCRGBG1012") + inBlocks(metadata.iccProfile);
     bytes += xmpExtension(metadata.xmp);
     for (const QByteArray& comment : metadata.comments)
         if (!comment.isEmpty())

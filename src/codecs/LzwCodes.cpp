@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/LzwCodes.h"
 
+#include "base/Stop.h"
+
 #include <algorithm>
 #include <array>
 
@@ -81,10 +83,7 @@ public:
     QByteArray compressed(const IndexedPicture& picture) {
         startTable();
         int string = -1;
-        for (int y = 0; y < picture.height(); ++y)
-            for (const std::uint8_t *pixel = picture.row(y), *end = pixel + picture.width(); pixel < end;
-                 ++pixel)
-                string = string < 0 ? *pixel : extended(string, *pixel);
+        forEachPixel(picture, [&](int pixel) { string = string < 0 ? pixel : extended(string, pixel); });
         return finish(string);
     }
 
@@ -93,21 +92,27 @@ public:
     QByteArray plain(const IndexedPicture& picture) {
         const int most = m_clear - 2;
         int sinceClear = most;
-        for (int y = 0; y < picture.height(); ++y)
-            for (const std::uint8_t *pixel = picture.row(y), *end = pixel + picture.width(); pixel < end;
-                 ++pixel) {
-                if (sinceClear == most) {
-                    m_codes.put(m_clear, m_literalBits + 1);
-                    sinceClear = 0;
-                }
-                m_codes.put(*pixel, m_literalBits + 1);
-                ++sinceClear;
+        forEachPixel(picture, [&](int pixel) {
+            if (sinceClear == most) {
+                m_codes.put(m_clear, m_literalBits + 1);
+                sinceClear = 0;
             }
+            m_codes.put(pixel, m_literalBits + 1);
+            ++sinceClear;
+        });
         m_width = m_literalBits + 1;
         return finish(-1);
     }
 
 private:
+    template <class Step>
+    static void forEachPixel(const IndexedPicture& picture, Step step) {
+        for (int y = 0; y < picture.height(); ++y) {
+            raiseIfStopped();
+            std::for_each_n(picture.row(y), picture.width(), step);
+        }
+    }
+
     void startTable() {
         m_table.clear();
         m_codes.put(m_clear, m_width == 0 ? m_literalBits + 1 : m_width);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
+#include "base/Stop.h"
 #include "bytes/Numbers.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/Resolution.h"
@@ -53,11 +54,13 @@ public:
 
     QByteArray encode() {
         writeHeader();
-        for (int y = 0; y < m_height; ++y)
+        for (int y = 0; y < m_height; ++y) {
+            raiseIfStopped();
             for (int plane = 0; plane < m_planes; ++plane) {
                 fillRow(y, plane);
                 appendRuns(m_bytes, m_row);
             }
+        }
         if (m_indexed && m_bits == 8)
             m_bytes += largePaletteMark + paletteBytes(m_indexed->palette, largePaletteSize);
         return std::move(m_bytes);

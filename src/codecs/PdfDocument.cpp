@@ -104,10 +104,12 @@ private:
         return stream;
     }
 
-    /// The very bytes of a JPEG file, with its metadata.
+    /// The very bytes of a JPEG file, with its metadata; the profile is that of the colour space.
     Object jpegImage(ColorFormat format) {
+        EmbeddedMetadata metadata = m_metadata;
+        metadata.iccProfile.clear();
         Object stream =
-            imageStream(encodeJpeg(m_picture, m_settings, m_metadata), 8,
+            imageStream(encodeJpeg(m_picture, m_settings, metadata), 8,
                         format == ColorFormat::Gray256 ? Object::newName("/DeviceGray") : rgbSpace());
         stream.getDict().replaceKey("/Filter", Object::newName("/DCTDecode"));
         return stream;

@@ -63,17 +63,21 @@ EmbeddedMetadata blocksOf(const ResourceBlocks& all) {
     return metadata;
 }
 
+EmbeddedMetadata metadataOf(const PsdLayout& layout, const ResourceBlocks& resources) {
+    EmbeddedMetadata metadata = blocksOf(resources);
+    return isInksOrLab(layout) ? withoutRgbProfile(std::move(metadata)) : metadata;
+}
+
 EmbeddedMetadata psdMetadata(const PictureSource& source, const QString& name) {
-    return withRgbProfileOnly(blocksOf(resourcesOf(source, readPsdLayout(source, fileOf(source, name)))));
+    const PsdLayout layout = readPsdLayout(source, fileOf(source, name));
+    return withRgbProfileOnly(metadataOf(layout, resourcesOf(source, layout)));
 }
 
 DecodedPicture decodePsd(const PictureSource& source, const QString& name, int) {
     const FileUnderTest file = fileOf(source, name);
     const PsdLayout layout = readPsdLayout(source, file);
     const ResourceBlocks resources = resourcesOf(source, layout);
-    EmbeddedMetadata metadata = blocksOf(resources);
-    if (isInksOrLab(layout))
-        metadata = withoutRgbProfile(std::move(metadata));
+    EmbeddedMetadata metadata = metadataOf(layout, resources);
     PsdPicture psd = readPsd(source, file, metadata.iccProfile);
     applyGrayProfile(psd.picture, metadata.iccProfile);
     if (psd.damage.isEmpty() && lacksMergedPicture(resources))

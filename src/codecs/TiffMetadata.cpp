@@ -2,11 +2,13 @@
 #include "codecs/TiffMetadata.h"
 
 #include "bytes/TiffStructure.h"
+#include "codecs/ColorProfile.h"
 #include "codecs/TiffDirectory.h"
 #include "embedded/ResourceBlocks.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tarsel {
 
@@ -16,6 +18,7 @@ constexpr std::uint16_t byteType = 1;
 constexpr std::uint16_t undefinedType = 7;
 
 namespace Tag {
+constexpr std::uint16_t photometric = 262;
 constexpr std::uint16_t documentName = 269;
 constexpr std::uint16_t xmp = 700;
 constexpr std::uint16_t iptc = 33723;
@@ -80,9 +83,28 @@ QByteArray resourcesOf(const TiffDirectory& page) {
     return blocks.bytes();
 }
 
+/// Inks, or one of the three kinds of L*a*b*.
+bool isInksOrLab(const TiffDirectory& page, bool bigEndian) {
+    constexpr std::uint16_t kinds[] = {5, 8, 9, 10};
+    const QByteArray value = valueOf(page, Tag::photometric);
+    return std::ranges::count(kinds, ByteReader(value, byteOrder(bigEndian)).word(0)) > 0;
+}
+
 void putBlock(TiffDirectory& page, std::uint16_t tag, std::uint16_t type, const QByteArray& bytes) {
     if (!bytes.isEmpty())
         page.put({tag, type, std::uint32_t(bytes.size()), bytes, {}});
+}
+
+/// Without what describes the coding of the JPEG file that the attributes were read from.
+TiffDirectory uncompressedAttributes(const TiffDirectory& exif) {
+    constexpr std::uint16_t componentsConfiguration = 0x9101, compressedBitsPerPixel = 0x9102;
+    TiffDirectory attributes = attributesOf(exif);
+    for (TiffDirectory::Entry& entry : attributes.entries)
+        for (TiffDirectory& child : entry.child)
+            std::erase_if(child.entries, [](const TiffDirectory::Entry& each) {
+                return each.tag == componentsConfiguration || each.tag == compressedBitsPerPixel;
+            });
+    return attributes;
 }
 
 } // namespace
@@ -94,7 +116,7 @@ EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t dir
     blocks.resources = resourcesOf(page);
     blocks.xmp = valueOf(page, Tag::xmp);
     blocks.iccProfile = valueOf(page, Tag::profile);
-    return blocks;
+    return isInksOrLab(page, bigEndian) ? withoutRgbProfile(std::move(blocks)) : blocks;
 }
 
 QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& metadata) {
@@ -103,10 +125,11 @@ QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& meta
         return file;
     auto [bigEndian, page] = readTiffTree(file);
     if (TiffTree exif = readTiffTree(metadata.exif); exif.bigEndian == bigEndian)
-        for (TiffDirectory::Entry& entry : attributesOf(exif.directory).entries)
+        for (TiffDirectory::Entry& entry : uncompressedAttributes(exif.directory).entries)
             page.put(std::move(entry));
     putBlock(page, Tag::xmp, byteType, metadata.xmp);
-    putBlock(page, Tag::iptc, byteType, ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
+    putBlock(page, Tag::iptc, undefinedType,
+             ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
     putBlock(page, Tag::resources, byteType, metadata.resources);
     putBlock(page, Tag::profile, undefinedType, metadata.iccProfile);
     const auto end = std::uint32_t(start->firstDirectory()); // libtiff wrote the directory last

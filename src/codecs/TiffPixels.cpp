@@ -103,6 +103,7 @@ TiffLayout readTiffLayout(const TiffFile& tiff) {
         return kind == EXTRASAMPLE_ASSOCALPHA || kind == EXTRASAMPLE_UNASSALPHA;
     };
     const auto alpha = std::find_if(kinds, kinds + count, isAlpha);
+    layout.extraSamples = count;
     layout.extraSample = alpha == kinds + count ? kinds[0] : *alpha;
     layout.alphaSample = alpha == kinds + count ? -1 : int(alpha - kinds);
     return layout;

@@ -17,6 +17,7 @@ struct TiffLayout {
     int planar = PLANARCONFIG_CONTIG;
     int compression = COMPRESSION_NONE;
     bool tiled = false;
+    int extraSamples = 0; ///< after the colours
     int extraSample = -1; ///< kind of the one that is alpha, else of the first one, or -1
     int alphaSample = -1; ///< which of the extra samples is alpha, or -1
 };

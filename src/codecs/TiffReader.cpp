@@ -131,11 +131,6 @@ Picture decodePixels(const TiffFile& tiff, const TiffLayout& layout, const FileU
     return decodeTiffSamples(tiff, layout, file, iccProfile);
 }
 
-bool isInksOrLab(const TiffLayout& layout) {
-    return layout.photometric == PHOTOMETRIC_SEPARATED || layout.photometric == PHOTOMETRIC_CIELAB ||
-           layout.photometric == PHOTOMETRIC_ICCLAB || layout.photometric == PHOTOMETRIC_ITULAB;
-}
-
 DecodedPicture decodeTiff(const PictureSource& source, const QString& name, int page) {
     const FileUnderTest file = fileOf(source, name);
     const TiffFile tiff(source, file);
@@ -143,8 +138,6 @@ DecodedPicture decodeTiff(const PictureSource& source, const QString& name, int 
     selectDirectory(tiff, file, directory);
     const TiffLayout layout = checkedLayout(tiff, file);
     EmbeddedMetadata metadata = tiffPageMetadata(source, directory);
-    if (isInksOrLab(layout))
-        metadata = withoutRgbProfile(std::move(metadata));
     Picture picture = decodePixels(tiff, layout, file, metadata.iccProfile);
     applyGrayProfile(picture, metadata.iccProfile);
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), tiff.firstError()};

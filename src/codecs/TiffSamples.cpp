@@ -232,19 +232,49 @@ void storeLab(const std::vector<float>& samples, const TiffLayout& layout, Pixel
     }
 }
 
-/// Three inks are those without black, fewer begin with black.
-void storeInks(const std::vector<float>& samples, int inks, SampleRange range, const QByteArray& iccProfile,
-               PixelView target) {
-    const CmykConversion conversion(iccProfile);
-    std::vector<std::uint8_t> row(std::size_t(target.width) * 4);
-    const float* sample = samples.data();
-    for (int y = 0; y < target.height; ++y) {
-        for (std::size_t at = 0; at < row.size(); at += 4, sample += inks)
-            for (int ink = 0; ink < inks; ++ink)
-                row[at + std::size_t(inks < 3 ? 3 - ink : ink)] = byteOf(range.scaled(sample[ink]));
-        conversion.convertRow(row.data(), target.row(y), target.width);
+/// Cyan, magenta, yellow and black with alpha or without. Three inks are those without black, fewer begin
+/// with black.
+class InkPainter {
+public:
+    InkPainter(SampleChoice choice, SampleRange range, bool isMultiplied) :
+        m_choice(choice), m_range(range), m_isMultiplied(isMultiplied) {}
+
+    void paint(const std::vector<float>& samples, const QByteArray& iccProfile, PixelView target) const {
+        const CmykConversion conversion(iccProfile);
+        const auto width = std::size_t(target.width);
+        std::vector<std::uint8_t> inks(width * 4), colors(width * 3);
+        const float* sample = samples.data();
+        for (int y = 0; y < target.height; ++y) {
+            std::uint8_t* pixel = target.row(y);
+            for (std::size_t x = 0; x < width; ++x, sample += m_choice.count())
+                storeInks(sample, &inks[4 * x]);
+            conversion.convertRow(inks.data(), colors.data(), target.width);
+            sample -= width * std::size_t(m_choice.count());
+            for (std::size_t x = 0; x < width; ++x, sample += m_choice.count(), pixel += target.channels) {
+                std::copy_n(&colors[3 * x], 3, pixel);
+                if (target.channels == 4)
+                    pixel[3] = byteOf(alphaOf(sample));
+            }
+        }
     }
-}
+
+private:
+    float alphaOf(const float* sample) const {
+        return m_choice.alpha < 0 ? 1.0F : m_range.scaled(sample[m_choice.colors]);
+    }
+
+    void storeInks(const float* sample, std::uint8_t* inks) const {
+        const float alpha = alphaOf(sample);
+        const float factor = m_isMultiplied && alpha > 0 ? 1 / alpha : 1;
+        for (int ink = 0; ink < m_choice.colors; ++ink)
+            inks[m_choice.colors < 3 ? 3 - ink : ink] =
+                byteOf(std::min(m_range.scaled(sample[ink]) * factor, 1.0F));
+    }
+
+    SampleChoice m_choice;
+    SampleRange m_range;
+    bool m_isMultiplied;
+};
 
 /// Colours of 16 bits each; some writers fill in 8.
 class TiffPalette {
@@ -313,7 +343,7 @@ private:
 int colorSamples(const TiffLayout& layout) {
     switch (layout.photometric) {
     case PHOTOMETRIC_SEPARATED:
-        return std::clamp(layout.samples, 1, 4);
+        return std::clamp(layout.samples - layout.extraSamples, 1, 4);
     case PHOTOMETRIC_MINISBLACK:
     case PHOTOMETRIC_MINISWHITE:
     case PHOTOMETRIC_PALETTE:
@@ -338,8 +368,8 @@ Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const 
     const bool hasInks = layout.photometric == PHOTOMETRIC_SEPARATED;
     const bool isUnit =
         !hasInks && layout.photometric != PHOTOMETRIC_CIELAB && layout.photometric != PHOTOMETRIC_ICCLAB;
-    if (isUnit && layout.alphaSample >= 0)
-        choice.alpha = choice.colors + layout.alphaSample;
+    if ((isUnit || hasInks) && layout.alphaSample >= 0)
+        choice.alpha = std::max(choice.colors, layout.samples - layout.extraSamples) + layout.alphaSample;
     const std::vector<float> samples = SampleReader(tiff, layout, file, choice).read();
     const SampleRange range = rangeOf(layout, samples);
     Picture picture(layout.width, layout.height, choice.alpha < 0 ? 3 : 4);
@@ -350,7 +380,8 @@ Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const 
     if (isUnit)
         UnitPainter(layout, range, choice, palette).paint(samples, target);
     else if (hasInks)
-        storeInks(samples, choice.colors, range, iccProfile, target);
+        InkPainter(choice, range, layout.extraSample == EXTRASAMPLE_ASSOCALPHA)
+            .paint(samples, iccProfile, target);
     else
         storeLab(samples, layout, target);
     return picture;

@@ -109,10 +109,11 @@ void describePalette(const TiffFile& tiff, const IndexedPicture& picture) {
     TIFFSetField(tiff, TIFFTAG_COLORMAP, channels[0].data(), channels[1].data(), channels[2].data());
 }
 
+/// Each page has to have one: 72 to the inch stand for one that nobody knows.
 void describeResolution(const TiffFile& tiff, const EmbeddedMetadata& metadata) {
-    const Resolution resolution = resolutionOf(metadata);
+    Resolution resolution = resolutionOf(metadata);
     if (resolution.horizontal == 0)
-        return;
+        resolution = {72, 72};
     TIFFSetField(tiff, TIFFTAG_XRESOLUTION, resolution.horizontal);
     TIFFSetField(tiff, TIFFTAG_YRESOLUTION, resolution.vertical);
     TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);

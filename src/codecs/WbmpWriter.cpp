@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/Encoders.h"
 
+#include "base/Stop.h"
 #include "codecs/EncoderColors.h"
 
 namespace tarsel {
@@ -26,9 +27,11 @@ QByteArray encodeWbmp(const Picture& picture, const SaveSettings& settings, cons
     QByteArray bytes = QByteArray(2, '\0') + multiByte(indexed.width()) + multiByte(indexed.height());
     const qsizetype start = bytes.size(), rowSize = packedSize(indexed.width(), 1);
     bytes.resize(start + rowSize * indexed.height());
-    for (int y = 0; y < indexed.height(); ++y)
+    for (int y = 0; y < indexed.height(); ++y) {
+        raiseIfStopped();
         packIndexes(indexed.row(y), indexed.width(), 1,
                     reinterpret_cast<std::uint8_t*>(bytes.data()) + start + rowSize * y);
+    }
     return bytes;
 }
 

@@ -25,7 +25,6 @@ constexpr bool isSanitized = false;
 #endif
 
 constexpr rlim_t memoryLimit = rlim_t(4) << 30;
-constexpr rlim_t secondsForOneFile = 30; // of processor time
 constexpr rlim_t descriptorLimit = 16;
 
 bool setHardLimit(decltype(RLIMIT_AS) resource, rlim_t amount) {
@@ -62,10 +61,10 @@ int addRules(scmp_filter_ctx filter) {
     };
     for (const int call : harmlessCalls)
         allow(call);
-    // Memory that is never executed; limits and signals of this process alone.
+    // Memory that is never executed; a look at the limits; signals of this process alone.
     for (const int call : {SCMP_SYS(mmap), SCMP_SYS(mprotect)})
         allowIf(call, SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
-    allowIf(SCMP_SYS(prlimit64), SCMP_A0(SCMP_CMP_EQ, 0));
+    allowIf(SCMP_SYS(prlimit64), SCMP_A2(SCMP_CMP_EQ, 0));
     allowIf(SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, scmp_datum_t(::getpid())));
     // Qt's threads, which wait, and this one share the memory.
     failed |= ::seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1);
@@ -104,14 +103,6 @@ std::uint32_t confineProcess() {
     require(limitResources(), LimitsLock);
     require(limitSystemCalls(), SystemCallsLock);
     return missing;
-}
-
-void allowTimeForOneFile() {
-    rusage used = {};
-    ::getrusage(RUSAGE_SELF, &used);
-    const rlimit limit{rlim_t(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + secondsForOneFile,
-                       RLIM_INFINITY};
-    ::setrlimit(RLIMIT_CPU, &limit);
 }
 
 } // namespace tarsel::decoder

@@ -13,15 +13,12 @@ bool dropPrivileges();
 bool endWithParent();
 
 /// Drops what decoding doesn't need: descriptors after the socket, files, processes, most
-/// memory and time, and all system calls but those of memory, the socket and the end of the process; another
+/// memory, and all system calls but those of memory, the socket and the end of the process; another
 /// one kills it. Returns the locks that the kernel lacks (bits of DecoderLock). Whatever a library sets up
 /// when it is first used has to be used before.
 ///
 /// Under the sanitizers the list of system calls and the memory limit are left out: their runtimes open
 /// files and reserve address space.
 std::uint32_t confineProcess();
-
-/// The limit of processor time counts from the start of the process; each file gets its own share.
-void allowTimeForOneFile();
 
 } // namespace tarsel::decoder

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "decoder/CodePages.h"
 #include "decoder/GdiBitmap.h"
 #include "decoder/GdiCanvas.h"
 #include "decoder/MetafilePlayers.h"
@@ -142,11 +143,12 @@ private:
     // Clipping
 
     void excludeClip(Record r) { m_canvas.exclude(box(r, 8)); }
-    void intersectClip(Record r) { m_canvas.clip(rectanglePath(box(r, 8)), Qt::IntersectClip); }
-    void selectClipPath(Record r) { m_canvas.clipToPath(operationOf(r.dwordAt(8))); }
-    /// Those that can only narrow are exact; a union or difference is taken for the new region.
-    static Qt::ClipOperation operationOf(std::uint32_t mode) {
-        return mode == 1 ? Qt::IntersectClip : Qt::ReplaceClip;
+    void intersectClip(Record r) { m_canvas.clip(rectanglePath(box(r, 8)), ClipMode::Intersect); }
+    void moveClip(Record r) { m_canvas.moveClip(point(r, 8)); }
+    void selectClipPath(Record r) { m_canvas.clipToPath(modeAt(r, 8)); }
+    static ClipMode modeAt(Record r, std::int64_t at) {
+        const std::uint32_t mode = r.dwordAt(at);
+        return mode >= 1 && mode <= 5 ? ClipMode(mode) : ClipMode::Replace;
     }
     /// Header 32 bytes with the count of rectangles at 8; rectangles.
     static QPainterPath regionAt(Record r, std::int64_t at) {
@@ -162,7 +164,7 @@ private:
         if (r.dwordAt(8) == 0)
             m_canvas.resetClip();
         else
-            m_canvas.clipDevice(regionAt(r, 16), operationOf(r.dwordAt(12)));
+            m_canvas.clipDevice(regionAt(r, 16), modeAt(r, 12));
     }
     void fillRegion(Record r) {
         if (const auto* brush = objectAt<GdiBrush>(r.dwordAt(28)))
@@ -322,11 +324,10 @@ private:
         put(r, fontOf(font));
     }
     /// Of one bit a pixel, without colours of its own.
-    void createMonoBrush(Record r) {
-        const QByteArray palette("\0\0\0\0\xFF\xFF\xFF\0", 8);
-        const QByteArray header = r.bytesAt(r.dwordAt(16), 40) + palette;
-        put(r, GdiBrush{Qt::TexturePattern, Qt::black,
-                        dibImage(header, r.bytesAt(r.dwordAt(24), r.dwordAt(28))), true});
+    void createMonoBrush(Record r) { put(r, GdiBrush{Qt::TexturePattern, Qt::black, bitsAt(r, 16), true}); }
+    static QImage bitsAt(Record r, std::int64_t at) {
+        return twoColorImage(r.bytesAt(r.dwordAt(at), r.dwordAt(at + 4)),
+                             r.bytesAt(r.dwordAt(at + 8), r.dwordAt(at + 12)));
     }
     void deleteObject(Record r) { m_objects.erase(r.dwordAt(8)); }
     void select(Record r) {
@@ -369,12 +370,16 @@ private:
         text.areGlyphs = isWide && options & GlyphNumbers;
         text.box = box(r, 56);
         const int each = options & TwoWay ? 8 : 4;
+        if (!isWide)
+            text.characters = decodedText(state().font.charset, r.bytesAt(letters, count));
         for (std::int64_t i = 0; i < count; ++i) {
-            text.characters.push_back(isWide ? r.wordAt(letters + 2 * i) : unsigned(r.byteAt(letters + i)));
+            if (isWide)
+                text.characters.push_back(r.wordAt(letters + 2 * i));
             if (distances > 0 && distances + each * (i + 1) <= r.size())
                 text.advances.push_back(r.int32At(distances + each * i));
         }
-        joinSurrogates(text);
+        if (isWide && !text.areGlyphs)
+            joinSurrogates(text.characters);
         m_canvas.drawText(text);
     }
     void textOutWide(Record r) { textOut(r, true); }
@@ -391,16 +396,6 @@ private:
                                                       : r.wordAt(start + 2 * i));
         m_canvas.drawText(text);
     }
-    static void joinSurrogates(GdiText& text) {
-        auto& letters = text.characters;
-        for (std::size_t i = 0; i + 1 < letters.size() && !text.areGlyphs; ++i)
-            if (letters[i] >= 0xD800 && letters[i] < 0xDC00 && letters[i + 1] >= 0xDC00 &&
-                letters[i + 1] < 0xE000) {
-                letters[i] = 0x10000 + ((letters[i] - 0xD800) << 10) + (letters[i + 1] - 0xDC00);
-                letters[i + 1] = 0x200B; // keeps the distances in step
-            }
-    }
-
     // Bitmaps: offset and size of the header, offset and size of the bits.
 
     static QImage bitmapAt(Record r, std::int64_t at) {
@@ -417,11 +412,34 @@ private:
     void stretchBlit(Record r) {
         m_canvas.blit({placed(r, 24), bitmapAt(r, 84), sourceOf(r), r.dwordAt(40)});
     }
-    /// A mask follows, which is left out.
+    /// The top byte of the operation is for the zeros of the mask, which follows at 100: its place, use,
+    /// bitmap at 112.
     void maskBlit(Record r) {
-        constexpr std::uint32_t replaces = 0x00CC0020;
         const QRectF target = placed(r, 24);
-        m_canvas.blit({target, bitmapAt(r, 84), {point(r, 44), absolute(target.size())}, replaces});
+        const GdiBlit blit{
+            target, bitmapAt(r, 84), {point(r, 44), absolute(target.size())}, r.dwordAt(40) & 0xFFFFFF};
+        drawMasked(r, blit, 100, r.dwordAt(40) >> 24);
+    }
+    /// Three corners at 24, source's place and size at 48, bitmap at 96, mask's place at 112, mask at 124.
+    void parallelogramBlit(Record r) {
+        const QSizeF size(r.int32At(56), r.int32At(60));
+        if (size.isEmpty())
+            return;
+        const QPointF corner = point(r, 24);
+        const QPointF across = (point(r, 32) - corner) / size.width(),
+                      down = (point(r, 40) - corner) / size.height();
+        const QTransform world = state().world;
+        state().world =
+            QTransform(across.x(), across.y(), down.x(), down.y(), corner.x(), corner.y()) * world;
+        drawMasked(r, {{{0, 0}, size}, bitmapAt(r, 96), {point(r, 48), size}}, 112, 0xAA);
+        state().world = world;
+    }
+    /// `background` is the operation for zeros of the mask: 0xCC draws there too, others keep the ground.
+    void drawMasked(Record r, GdiBlit blit, std::int64_t at, std::uint32_t background) {
+        const QImage mask = r.dwordAt(at + 24) > 0 ? bitsAt(r, at + 12) : QImage();
+        if (!mask.isNull() && background != 0xCC)
+            clearUnmasked(blit.image, mask, point(r, at).toPoint() - blit.source.topLeft().toPoint());
+        m_canvas.blit(blit);
     }
     static QSizeF absolute(QSizeF size) { return {std::abs(size.width()), std::abs(size.height())}; }
     /// Place at 24, source's place and size, bitmap at 48, use, first row, rows.
@@ -452,14 +470,11 @@ private:
     /// The operation is the colour that isn't drawn.
     void transparentBlit(Record r) {
         QImage image = bitmapAt(r, 84);
-        const QRgb clear = colorOf(r.dwordAt(40)).rgb();
-        for (int y = 0; y < image.height(); ++y) {
-            auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-            std::replace(row, row + image.width(), clear, QRgb(0));
-        }
+        clearColor(image, colorOf(r.dwordAt(40)).rgb());
         m_canvas.blit({placed(r, 24), image, sourceOf(r)});
     }
-    /// Corners (place, four colours of 16 bits) at 36, then pairs of them: the corners of rectangles.
+    /// Corners (place, four colours of 16 bits) at 36, then pairs of them, the corners of rectangles, or
+    /// triangles.
     void gradientFill(Record r) {
         constexpr std::uint32_t vertical = 1, triangles = 2;
         const std::uint32_t corners = r.dwordAt(24), count = r.dwordAt(28), mode = r.dwordAt(32);
@@ -468,6 +483,14 @@ private:
                           int(r.wordAt(at + 12) >> 8));
         };
         const std::int64_t pairs = 36 + std::int64_t(corners) * 16;
+        const auto cornerAt = [&](std::int64_t at) {
+            const std::int64_t corner = 36 + 16 * std::int64_t(r.dwordAt(at));
+            return GdiCanvas::Corner{point(r, corner), colorAt(corner)};
+        };
+        for (std::int64_t i = 0; i < count && mode == triangles && pairs + 12 * i + 12 <= r.size(); ++i) {
+            const std::int64_t at = pairs + 12 * i;
+            m_canvas.gradientTriangle({cornerAt(at), cornerAt(at + 4), cornerAt(at + 8)});
+        }
         for (std::int64_t i = 0; i < count && mode < triangles && pairs + 8 * i + 8 <= r.size(); ++i) {
             const std::int64_t from = 36 + 16 * std::int64_t(r.dwordAt(pairs + 8 * i));
             const std::int64_t to = 36 + 16 * std::int64_t(r.dwordAt(pairs + 8 * i + 4));
@@ -504,6 +527,7 @@ const std::map<std::uint32_t, EmfPlayer::Step>& EmfPlayer::steps() {
                                                         {24, &P::setTextColor},
                                                         {25, &P::setBackColor},
                                                         {27, &P::moveTo},
+                                                        {26, &P::moveClip},
                                                         {29, &P::excludeClip},
                                                         {30, &P::intersectClip},
                                                         {31, &P::scaleViewport},
@@ -542,6 +566,7 @@ const std::map<std::uint32_t, EmfPlayer::Step>& EmfPlayer::steps() {
                                                         {76, &P::bitBlit},
                                                         {77, &P::stretchBlit},
                                                         {78, &P::maskBlit},
+                                                        {79, &P::parallelogramBlit},
                                                         {80, &P::setDibToDevice},
                                                         {81, &P::stretchDib},
                                                         {82, &P::createFont},

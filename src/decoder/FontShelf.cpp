@@ -12,6 +12,7 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -22,12 +23,15 @@ namespace tarsel::decoder {
 namespace {
 
 constexpr int styles = 4; ///< plain, bold, italic, both
-constexpr std::array families = {"Arial", "Times New Roman", "Courier New"};
+/// The families that drawings ask for, those with the same widths, and what takes their place without any.
+constexpr std::array<std::array<const char*, 6>, 3> families = {
+    {{"Arial", "Liberation Sans", "Arimo", "Nimbus Sans", "Helvetica", "sans-serif"},
+     {"Times New Roman", "Liberation Serif", "Tinos", "Nimbus Roman", "Times", "serif"},
+     {"Courier New", "Liberation Mono", "Cousine", "Nimbus Mono PS", "Courier", "monospace"}}};
 /// Mean widths of the letters from a to z in ems, plain and bold, of the fonts that drawings are made with.
 constexpr double meanWidths[][2] = {{0.4895, 0.5386}, {0.4593, 0.4893}, {0.6, 0.6}};
 /// The same of all letters, by which records count that set a width.
 constexpr double nominalWidths[] = {0.441, 0.401, 0.6};
-constexpr std::array substitutes = {"sans-serif", "serif", "monospace"};
 
 int styleOf(const GdiFont& font) {
     return (font.isBold ? 1 : 0) + (font.isItalic ? 2 : 0);
@@ -67,13 +71,8 @@ struct FontFile {
     int index = 0;
 };
 
-/// What the system takes for the family in a style; an empty path when it has no fonts.
-FontFile findFont(FcConfig* config, std::size_t family, int style) {
-    FcPattern* wanted = FcPatternCreate();
-    for (const char* name : {families[family], substitutes[family]})
-        FcPatternAddString(wanted, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
-    FcPatternAddInteger(wanted, FC_WEIGHT, style & 1 ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
-    FcPatternAddInteger(wanted, FC_SLANT, style & 2 ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+/// What the system takes for a pattern, which is used up; an empty path when it has no fonts.
+FontFile matching(FcConfig* config, FcPattern* wanted) {
     FcPatternAddBool(wanted, FC_SCALABLE, FcTrue);
     FcConfigSubstitute(config, wanted, FcMatchPattern);
     FcDefaultSubstitute(wanted);
@@ -89,6 +88,26 @@ FontFile findFont(FcConfig* config, std::size_t family, int style) {
         FcPatternDestroy(found);
     FcPatternDestroy(wanted);
     return file;
+}
+
+FontFile findFont(FcConfig* config, std::size_t family, int style) {
+    FcPattern* wanted = FcPatternCreate();
+    for (const char* name : families[family])
+        FcPatternAddString(wanted, FC_FAMILY, reinterpret_cast<const FcChar8*>(name));
+    FcPatternAddInteger(wanted, FC_WEIGHT, style & 1 ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(wanted, FC_SLANT, style & 2 ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    return matching(config, wanted);
+}
+
+/// One that has the character.
+FontFile findFontWith(FcConfig* config, char32_t character) {
+    FcCharSet* characters = FcCharSetCreate();
+    FcCharSetAddChar(characters, character);
+    FcPattern* wanted = FcPatternCreate();
+    FcPatternAddString(wanted, FC_FAMILY, reinterpret_cast<const FcChar8*>("sans-serif"));
+    FcPatternAddCharSet(wanted, FC_CHARSET, characters);
+    FcCharSetDestroy(characters);
+    return matching(config, wanted);
 }
 
 /// Collects an outline in units of the em.
@@ -156,20 +175,26 @@ struct FontShelf::State {
     FT_Library library = nullptr;
     std::map<std::string, MappedFile> files;
     std::array<std::array<Face, styles>, families.size()> faces = {};
+    std::vector<Face> others; ///< for characters that those don't have
 
     const Face& face(const GdiFont& font) const {
         return faces[std::size_t(font.kind)][std::size_t(styleOf(font))];
     }
 
-    void open(std::size_t family, int style, const FontFile& file) {
+    FT_Face open(const FontFile& file) {
         const auto& mapped = files.try_emplace(file.path, file.path).first->second;
         FT_Face face = nullptr;
-        if (mapped.data() &&
+        const bool isOpen =
+            mapped.data() &&
             FT_New_Memory_Face(library, mapped.data(), mapped.size(), file.index, &face) == 0 &&
-            face->units_per_EM > 0) {
-            const double width = meanWidthOfLetters(face);
-            faces[family][std::size_t(style)] = {face, width > 0 ? meanWidths[family][style & 1] / width : 1};
-        }
+            face->units_per_EM > 0;
+        return isOpen ? face : nullptr;
+    }
+
+    void put(std::size_t family, int style, const FontFile& file) {
+        const FT_Face face = open(file);
+        const double width = face ? meanWidthOfLetters(face) : 0;
+        faces[family][std::size_t(style)] = {face, width > 0 ? meanWidths[family][style & 1] / width : 1};
     }
 };
 
@@ -179,7 +204,11 @@ FontShelf::FontShelf() : m_state(std::make_unique<State>()) {
     FcConfig* config = FcInitLoadConfigAndFonts();
     for (std::size_t family = 0; config && family < families.size(); ++family)
         for (int style = 0; style < styles; ++style)
-            m_state->open(family, style, findFont(config, family, style));
+            m_state->put(family, style, findFont(config, family, style));
+    constexpr char32_t forAll = U'\u2200', one = U'\u4E00'; // of mathematics, of Chinese and Japanese
+    for (const char32_t character : {forAll, one})
+        if (config)
+            m_state->others.push_back({m_state->open(findFontWith(config, character))});
     if (config)
         FcConfigDestroy(config);
 }
@@ -191,7 +220,9 @@ FontShelf::~FontShelf() {
 
 Glyph FontShelf::glyph(const GdiFont& font, char32_t character) const {
     const Face& sans = m_state->faces[0][std::size_t(styleOf(font))];
-    for (const Face& candidate : {m_state->face(font), sans})
+    std::vector candidates{m_state->face(font), sans};
+    candidates.insert(candidates.end(), m_state->others.begin(), m_state->others.end());
+    for (const Face& candidate : candidates)
         if (const FT_UInt number = candidate.face ? FT_Get_Char_Index(candidate.face, character) : 0)
             return stretched(loadGlyph(candidate.face, number), candidate.stretch);
     return {{}, metrics(font).meanWidth};

@@ -44,7 +44,7 @@ qsizetype sizeBeforeBits(const QByteArray& dib) {
     const bool isCore = size == coreHeaderSize;
     const int bits = reader.word(isCore ? 10 : 14).value_or(0);
     const std::uint32_t used = isCore ? 0 : reader.dword(32).value_or(0);
-    const std::int64_t colors = used > 0 ? used : bits <= 8 ? std::int64_t(1) << bits : 0;
+    const std::int64_t colors = used > 0 ? used : bits > 0 && bits <= 8 ? std::int64_t(1) << bits : 0;
     const bool hasMasks = size == windowsHeaderSize && reader.dword(16) == bitFields;
     const std::int64_t end = std::int64_t(size) + (hasMasks ? 12 : 0) + colors * (isCore ? 3 : 4);
     return qsizetype(std::min<std::int64_t>(end, dib.size()));
@@ -64,6 +64,29 @@ QImage dibImage(const QByteArray& header, const QByteArray& bits) {
 QImage packedDibImage(const QByteArray& dib) {
     const qsizetype start = sizeBeforeBits(dib);
     return dibImage(dib.first(start), dib.sliced(start));
+}
+
+QImage twoColorImage(const QByteArray& header, const QByteArray& bits) {
+    const QByteArray palette("\0\0\0\0\xFF\xFF\xFF\0", 8);
+    return dibImage(header.left(windowsHeaderSize) + palette, bits);
+}
+
+void clearUnmasked(QImage& image, const QImage& mask, QPoint offset) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QPoint place = QPoint(x, y) + offset;
+            if (!mask.valid(place) || mask.pixel(place) != qRgb(255, 255, 255))
+                row[x] = 0;
+        }
+    }
+}
+
+void clearColor(QImage& image, QRgb color) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::replace(row, row + image.width(), color, QRgb(0));
+    }
 }
 
 QImage premultipliedDibImage(const QByteArray& header, const QByteArray& bits) {

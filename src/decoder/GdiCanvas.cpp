@@ -110,7 +110,8 @@ double GdiCanvas::scale() const {
 QPen GdiCanvas::pen() const {
     constexpr double thinnest = 1;
     const GdiPen& from = m_state.pen;
-    const double width = std::max(within(from.width * scale()), thinnest);
+    const double widest = 4 * (m_area.width() + m_area.height());
+    const double width = std::clamp(within(from.width * scale()), thinnest, widest);
     QPen pen(from.color, width);
     pen.setCapStyle(from.width == 0 ? Qt::FlatCap : from.cap);
     pen.setJoinStyle(from.join);
@@ -232,19 +233,44 @@ void GdiCanvas::drawPath(bool fills, bool strokes) {
     m_path = {};
 }
 
-void GdiCanvas::clipToPath(Qt::ClipOperation operation) {
+/// Regions of so many corners that combining them takes long replace the one before.
+void GdiCanvas::combineClip(const QPainterPath& path, ClipMode mode) {
+    constexpr int maxElements = 500;
+    if (mode == ClipMode::Intersect || mode == ClipMode::Replace)
+        return m_painter.setClipPath(path, mode == ClipMode::Intersect ? Qt::IntersectClip : Qt::ReplaceClip);
+    QPainterPath before;
+    before.addRect(m_area);
+    if (m_painter.hasClipping())
+        before = m_painter.clipPath();
+    if (before.elementCount() > maxElements || path.elementCount() > maxElements)
+        return m_painter.setClipPath(path, Qt::ReplaceClip);
+    QPainterPath result = before.subtracted(path);
+    if (mode == ClipMode::Unite)
+        result = before.united(path);
+    else if (mode == ClipMode::Exclusive)
+        result = result.united(path.subtracted(before));
+    m_painter.setClipPath(result, Qt::ReplaceClip);
+}
+
+void GdiCanvas::clipToPath(ClipMode mode) {
     m_isPathOpen = false;
     m_path.setFillRule(m_state.fillsWinding ? Qt::WindingFill : Qt::OddEvenFill);
-    m_painter.setClipPath(m_path, operation);
+    combineClip(m_path, mode);
     m_path = {};
 }
 
-void GdiCanvas::clip(const QPainterPath& logical, Qt::ClipOperation operation) {
-    m_painter.setClipPath(toImage(logical), operation);
+void GdiCanvas::clip(const QPainterPath& logical, ClipMode mode) {
+    combineClip(toImage(logical), mode);
 }
 
-void GdiCanvas::clipDevice(const QPainterPath& device, Qt::ClipOperation operation) {
-    m_painter.setClipPath(m_deviceToImage.map(device), operation);
+void GdiCanvas::clipDevice(const QPainterPath& device, ClipMode mode) {
+    combineClip(m_deviceToImage.map(device), mode);
+}
+
+void GdiCanvas::moveClip(QPointF logical) {
+    const QPointF by = transform().map(logical) - transform().map(QPointF(0, 0));
+    if (m_painter.hasClipping())
+        m_painter.setClipPath(m_painter.clipPath().translated(within(by.x()), within(by.y())));
 }
 
 void GdiCanvas::exclude(const QRectF& logical) {
@@ -318,6 +344,43 @@ void GdiCanvas::gradient(const QRectF& box, const QColor& from, const QColor& to
     gradient.setColorAt(1, to);
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     m_painter.fillPath(toImage(path), gradient);
+}
+
+/// Each channel changes evenly along both axes, so that it has the corners' values there. Without soft edges,
+/// which would show between triangles.
+void GdiCanvas::gradientTriangle(const std::array<Corner, 3>& corners) {
+    QPainterPath logical(corners[0].place);
+    logical.lineTo(corners[1].place);
+    logical.lineTo(corners[2].place);
+    logical.closeSubpath();
+    const QPainterPath path = toImage(logical);
+    const QPointF start = path.elementAt(0);
+    const QPointF one = QPointF(path.elementAt(1)) - start, other = QPointF(path.elementAt(2)) - start;
+    const double area = one.x() * other.y() - one.y() * other.x();
+    const QRect box = (path.boundingRect() & m_area).toAlignedRect();
+    if (area == 0 || box.isEmpty())
+        return;
+    QImage colors(box.size(), QImage::Format_RGB32);
+    for (int y = 0; y < box.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(colors.scanLine(y));
+        for (int x = 0; x < box.width(); ++x) {
+            const QPointF from = QPointF(box.x() + x + 0.5, box.y() + y + 0.5) - start;
+            const double second = (from.x() * other.y() - from.y() * other.x()) / area;
+            const double third = (one.x() * from.y() - one.y() * from.x()) / area;
+            const auto channel = [&](int (QColor::*value)() const) {
+                const auto at = [&](int i) { return (corners[std::size_t(i)].color.*value)(); };
+                const double mixed = at(0) + second * (at(1) - at(0)) + third * (at(2) - at(0));
+                return int(std::lround(std::clamp(mixed, 0.0, 255.0)));
+            };
+            row[x] = qRgb(channel(&QColor::red), channel(&QColor::green), channel(&QColor::blue));
+        }
+    }
+    m_painter.save();
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    m_painter.setClipPath(path, Qt::IntersectClip);
+    m_painter.drawImage(box.topLeft(), colors);
+    m_painter.restore();
 }
 
 } // namespace tarsel::decoder

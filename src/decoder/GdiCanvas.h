@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QTransform>
+#include <array>
 #include <vector>
 
 namespace tarsel::decoder {
@@ -60,6 +61,9 @@ struct GdiBlit {
     int opacity = 255;
 };
 
+/// How a region goes together with the one that clips: the numbers of the records.
+enum class ClipMode { Intersect = 1, Unite, Exclusive, Subtract, Replace };
+
 /// Draws what the records of a metafile say into an image, anti-aliased. Coordinates are logical ones. The
 /// image starts transparent; what combines with the ground finds white where nothing was drawn.
 class GdiCanvas {
@@ -86,17 +90,23 @@ public:
     void drawText(const GdiText& text);
     void blit(const GdiBlit& blit);
     void gradient(const QRectF& box, const QColor& from, const QColor& to, bool isVertical);
+    struct Corner {
+        QPointF place;
+        QColor color;
+    };
+    void gradientTriangle(const std::array<Corner, 3>& corners);
 
     void beginPath();
     void endPath() { m_isPathOpen = false; }
     void abortPath();
     void closeFigure();
     void drawPath(bool fills, bool strokes);
-    void clipToPath(Qt::ClipOperation operation);
+    void clipToPath(ClipMode mode);
 
-    void clip(const QPainterPath& logical, Qt::ClipOperation operation);
+    void clip(const QPainterPath& logical, ClipMode mode);
     /// In units of the device, as regions are.
-    void clipDevice(const QPainterPath& device, Qt::ClipOperation operation);
+    void clipDevice(const QPainterPath& device, ClipMode mode);
+    void moveClip(QPointF logical); ///< by as much
     void exclude(const QRectF& logical);
     void resetClip();
 
@@ -113,6 +123,7 @@ private:
     bool setOperation(int operation);
     void whiten(const QRectF& area);
     QPen pen() const;
+    void combineClip(const QPainterPath& path, ClipMode mode);
     QPainterPath textPath(const GdiText& text, double& width) const;
     void drawImage(const GdiBlit& blit);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "decoder/CodePages.h"
 #include "decoder/GdiCanvas.h"
 
 #include <algorithm>
@@ -60,7 +61,9 @@ QPainterPath GdiCanvas::textPath(const GdiText& text, double& width) const {
     for (std::size_t i = 0; i < text.characters.size(); ++i) {
         const char32_t character = text.characters[i];
         const Glyph glyph = text.areGlyphs ? m_fonts.glyphByNumber(font, character)
-                                           : m_fonts.glyph(font, shownCharacter(font, character));
+                            : character == zeroWidthSpace
+                                ? Glyph{}
+                                : m_fonts.glyph(font, shownCharacter(font, character));
         path.addPath(QTransform(em * stretch, 0, 0, em, width, 0).map(glyph.outline));
         width += i < text.advances.size() ? text.advances[i] : glyph.advance * em * stretch;
     }

@@ -49,6 +49,7 @@ GdiFont fontOf(const LogicalFont& font) {
         result.letters =
             font.face == QLatin1String("MT Extra") ? GdiFont::Letters::Formula : GdiFont::Letters::Symbols;
     result.kind = kindOf(font);
+    result.charset = font.charset;
     return result;
 }
 

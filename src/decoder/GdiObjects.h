@@ -42,6 +42,7 @@ struct GdiFont {
     /// Letters stand for themselves; for Greek letters and mathematical signs; for accents of formulas.
     enum class Letters { Text, Symbols, Formula } letters = Letters::Text;
     Kind kind = Kind::Sans;
+    int charset = 0; ///< of texts of bytes
 };
 
 struct GdiRegion {

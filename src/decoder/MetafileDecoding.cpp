@@ -2,6 +2,7 @@
 #include "decoder/MetafileDecoding.h"
 
 #include "codecs/PictureLimit.h"
+#include "decoder/CodePages.h"
 #include "decoder/MetafilePlayers.h"
 
 #include <QLoggingCategory>
@@ -55,6 +56,7 @@ void prepareLibraries() {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QLoggingCategory::defaultCategory();
     fonts();
+    prepareCodePages();
     largestPicture();
 }
 

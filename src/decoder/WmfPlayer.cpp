@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "decoder/CodePages.h"
 #include "decoder/GdiBitmap.h"
 #include "decoder/GdiCanvas.h"
 #include "decoder/MetafilePlayers.h"
@@ -119,14 +120,15 @@ private:
     }
     void setPixel(Record r) { m_canvas.setPixel(point(r, 4), colorOf(r.dwordAt(0))); }
 
-    void intersectClip(Record r) { m_canvas.clip(boxPath(r), Qt::IntersectClip); }
+    void intersectClip(Record r) { m_canvas.clip(boxPath(r), ClipMode::Intersect); }
     void excludeClip(Record r) { m_canvas.exclude(box(r)); }
     void selectClip(Record r) {
         if (const auto* region = objectAt<GdiRegion>(r.wordAt(0)))
-            m_canvas.clip(region->outline, Qt::ReplaceClip);
+            m_canvas.clip(region->outline, ClipMode::Replace);
         else
             m_canvas.resetClip();
     }
+    void moveClip(Record r) { m_canvas.moveClip(point(r)); }
     void fillRegion(Record r) {
         const auto* region = objectAt<GdiRegion>(r.wordAt(0));
         const auto* brush = objectAt<GdiBrush>(r.wordAt(2));
@@ -163,10 +165,22 @@ private:
         create(fontOf(font));
     }
     void createPalette(Record) { create(GdiPalette{}); }
-    /// .., bounds at 14: left, top, right, bottom. Its scan lines are not looked at.
+    /// .., count of bands at 10, bounds at 14: left, top, right, bottom. A band: count of numbers, top,
+    /// bottom, left and right of its rectangles, the count again.
     void createRegion(Record r) {
         GdiRegion region;
-        region.outline.addRect(QRectF(r.pointAt(14, true), r.pointAt(18, true)).normalized());
+        region.outline.setFillRule(Qt::WindingFill);
+        std::int64_t at = 22;
+        for (unsigned band = r.wordAt(10); band > 0 && at < r.size(); --band) {
+            const unsigned count = r.wordAt(at);
+            for (std::int64_t side = at + 6; side + 4 <= std::min(at + 6 + 2 * count, r.size()); side += 4)
+                region.outline.addRect(QRectF(QPointF(r.int16At(side), r.int16At(at + 2)),
+                                              QPointF(r.int16At(side + 2), r.int16At(at + 4)))
+                                           .normalized());
+            at += 8 + 2 * std::int64_t(count);
+        }
+        if (region.outline.isEmpty())
+            region.outline.addRect(QRectF(r.pointAt(14, true), r.pointAt(18, true)).normalized());
         create(region);
     }
     /// Kind of brush, use of the palette, bitmap.
@@ -186,7 +200,7 @@ private:
         if (const auto* font = objectAt<GdiFont>(index))
             state().font = *font;
         if (const auto* region = objectAt<GdiRegion>(index))
-            m_canvas.clip(region->outline, Qt::ReplaceClip);
+            m_canvas.clip(region->outline, ClipMode::Replace);
     }
     void deleteObject(Record r) {
         if (r.wordAt(0) < m_objects.size())
@@ -195,17 +209,8 @@ private:
 
     // Text and bitmaps
 
-    static std::vector<char32_t> characters(const QByteArray& text) {
-        static constexpr char32_t from0x80[] = {
-            0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-            0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-            0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-        std::vector<char32_t> result;
-        for (const char letter : text) {
-            const auto code = std::uint8_t(letter);
-            result.push_back(code >= 0x80 && code < 0xA0 ? from0x80[code - 0x80] : code);
-        }
-        return result;
+    std::vector<char32_t> characters(const QByteArray& text) {
+        return decodedText(state().font.charset, text);
     }
     void textOut(Record r) {
         const std::int64_t length = r.wordAt(0);
@@ -309,6 +314,7 @@ private:
                                                             {0x0416, &P::intersectClip},
                                                             {0x0415, &P::excludeClip},
                                                             {0x012C, &P::selectClip},
+                                                            {0x0220, &P::moveClip},
                                                             {0x0228, &P::fillRegion},
                                                             {0x012B, &P::paintRegion},
                                                             {0x02FA, &P::createPen},

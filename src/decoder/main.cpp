@@ -60,7 +60,6 @@ int run(std::uint32_t missingLocks) {
         std::vector<Descriptor> descriptors;
         if (!receiveRecord(decoderSocket, request, descriptors, requestDescriptors))
             return 0;
-        allowTimeForOneFile();
         DecoderReply reply = answer(request, descriptors);
         reply.serial = request.serial;
         reply.missingLocks = missingLocks;

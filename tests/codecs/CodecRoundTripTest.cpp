@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "bytes/Numbers.h"
 #include "codecs/PictureFile.h"
 #include "embedded/ResourceBlocks.h"
 #include "tests/support/Boxes.h"
@@ -58,6 +59,8 @@ TEST(MetadataRoundTrip, jpegCarriesEveryBlockAlsoWhereItIsLargerThanASegment) {
     before.resources += ResourceBlocks::block(0x2222, QByteArray(200'000, 'r'));
     before.extendedXmp = QByteArray(140'000, 'x');
     before.iccProfile += QByteArray(180'000, 'p');
+    before.iccProfile.replace(0, 4,
+                              numberBytes<QByteArray>(quint32(before.iccProfile.size()), ByteOrder::Big));
     expectSameBlocks(decoded(encoded("jpg", test::photograph(20, 20), {}, before)).metadata, before);
 }
 
@@ -86,11 +89,10 @@ TEST(MetadataRoundTrip, tiffCarriesEveryAttribute) {
     const EmbeddedMetadata after = decoded(encoded("tif", test::photograph(20, 20), {}, before)).metadata;
     const MetadataStore one(before), other(after);
     ASSERT_GT(one.ExifCount(), 0);
-    ASSERT_EQ(other.ExifCount(), one.ExifCount());
     for (int i = 0; i < one.ExifCount(); ++i) {
-        EXPECT_EQ(other.ExifName(i), one.ExifName(i));
-        const bool isPlace = one.ExifName(i).contains(QLatin1String("Offset")); // moves with the directory
-        EXPECT_TRUE(isPlace || other.ExifValue(i) == one.ExifValue(i)) << one.ExifName(i).toStdString();
+        const QString name = one.ExifName(i);
+        const bool isPlace = name.contains(QLatin1String("Offset")); // moves with the directory
+        EXPECT_TRUE(isPlace || other.ExifValueByName(name) == one.ExifValue(i)) << name.toStdString();
     }
 }
 

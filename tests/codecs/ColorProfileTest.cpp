@@ -74,7 +74,31 @@ TEST_F(Profiles, wideColoursAreShownInSRgbAndSavedAsTheyWere) {
         const DecodedPicture saved = test::readBytes(test::bytesOf(path), path).decoded.value();
         EXPECT_LE(test::largestDifference(saved.picture, stored), 1);
         EXPECT_EQ(saved.metadata.iccProfile, wideProfile());
+        for (const char* format : {"bmp", "gif"}) // whose readers look for no profile
+            EXPECT_NEAR(
+                test::colorAt(test::readBytes(box.encoded(QLatin1String(format)), {}).decoded->picture, 4, 4)
+                    .blue,
+                92, 3);
     }
+}
+
+TEST_F(Profiles, aProfileThatNoReaderCanUseIsNotWrittenAndNoneTwice) {
+    const struct {
+        const char* extension;
+        const char* mark; ///< of a profile in the file
+    } formats[] = {
+        {"jpg", "ICC_PROFILE"}, {"png", "iCCP"}, {"tif", "acsp"}, {"psd", "acsp"}, {"pdf", "ICCBased"}};
+    QByteArray withoutCurves = wideProfile();
+    withoutCurves.replace("TRC", "xxx");
+    for (const auto& [extension, mark] : formats)
+        for (const QByteArray& profile : {wideProfile(), wideProfile().chopped(9), withoutCurves}) {
+            EmbeddedMetadata metadata;
+            metadata.iccProfile = profile;
+            const QByteArray bytes =
+                test::encoded(extension, test::plainPicture(8, 8, 3, Green), {}, metadata);
+            EXPECT_EQ(bytes.count(mark), profile == wideProfile() ? 1 : 0) << extension;
+            EXPECT_FALSE(bytes.startsWith("%PDF") && bytes.contains("ICC_PROFILE")) << "a second one";
+        }
 }
 
 TEST_F(Profiles, aPngWithGammaOrPrimariesIsShownByThem) {
@@ -155,12 +179,12 @@ TEST_F(Profiles, alphaAndSharedPixelsStayWhenColoursAreConverted) {
 
 TEST_F(Profiles, grayValuesAreReadByTheirProfile) {
     const QByteArray profile = linearGrayProfile();
-    QByteArray posing = profile; // as one that the encoders take
-    posing.replace(16, 4, "RGB ");
+    const QByteArray posing = wideProfile(); // one that the encoders take
     for (const char* name : {"gray.jpg", "gray.tif"}) {
         SCOPED_TRACE(name);
         const QString path = file(name, test::plainPicture(16, 16, 3, {128, 128, 128}), posing);
-        writeFileSafely(path, test::bytesOf(path).replace(posing, profile));
+        writeFileSafely(path,
+                        test::bytesOf(path).replace(posing, profile.leftJustified(posing.size(), '\0')));
         for (const LoadMode mode : {LoadMode::FullSize, LoadMode::ExactBox})
             EXPECT_NEAR(test::colorAt(*fncLoadPicture(path, mode, {2, 2}), 1, 1).green, 188, 1)
                 << "half the light";

@@ -82,6 +82,8 @@ TEST(DecoderProcess, TheChildRunsWithinLimitsOfMemoryTimeAndDescriptors) {
     const auto limitOf = [&](decltype(RLIMIT_AS) resource) {
         rlimit found = {};
         EXPECT_EQ(::prlimit(process.processId(), resource, nullptr, &found), 0);
+        EXPECT_LE(found.rlim_max, std::max(rlim_t(600), found.rlim_cur))
+            << resource << ": it could be raised";
         return found.rlim_cur;
     };
     for (const auto none : {RLIMIT_CORE, RLIMIT_FSIZE, RLIMIT_NPROC})
@@ -142,6 +144,7 @@ TEST_F(Misbehaving, ABadAnswerFailsItsFileAloneAndLeavesNoProcess) {
         {"locked: start a process", "signal 31", true},
         {"locked: signal the parent", "signal 31", true},
         {"locked: make memory executable", "signal 31", true},
+        {"locked: raise a limit", "signal 31", true},
         {"locked: nothing else", ": a??b", false},
 #endif
     };

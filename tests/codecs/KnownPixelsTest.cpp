@@ -2,6 +2,7 @@
 // Files of a few pixels and the colours that they must open with. Of the fixtures ImageMagick wrote
 // adobe-cmyk.jpg; a script laid out the others byte by byte, and ImageMagick reads the same pixels from them.
 
+#include "codecs/ColorProfile.h"
 #include "codecs/Formats.h"
 #include "codecs/PictureFile.h"
 #include "tests/support/TestPictures.h"
@@ -155,10 +156,22 @@ QByteArray gif(const QByteArray& before, int left = 0, int width = 3, const QByt
            QByteArray("\0;", 2);
 }
 
+/// A bitmap of 16 x 16 pixels that holds a file of one colour, by the codec of the extension.
+QByteArray bmpAround(const char* extension, quint32 compression) {
+    const Picture picture = test::plainPicture(16, 16, 3, Steel);
+    return bmp(16, 16, 0, compression, {}, encodePicture(QLatin1String(extension), picture, {}, {}));
+}
+
+QByteArray replaced(QByteArray bytes, qsizetype at, const QByteArray& by) {
+    return bytes.replace(at, by.size(), by);
+}
+
 TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     const QByteArray shortPalette("\0\0\xFF\0\0\xFF\0\0", 8); // red and green for 8 bits
     const QByteArray runs("\0\2\2\0\1\1\0\0\0\1", 10), cutRuns("\1\1\0\0\1", 5);
     const QByteArray paddedRuns("\0\3\0\1\0\7\2\1\0\1", 10); // three pixels as they are, a byte of padding
+    // red twice, three as they are, end
+    const QByteArray colorRuns("\2\0\0\xFF\0\3\0\xFF\0\xFF\0\0\xFF\xFF\xFF\0\0\1", 18);
     const QByteArray masks = dwords({0xFFE00000, 0x001FFC00, 0x000003FF});
     QByteArray colors(2 * 3 * 256, 0); // index 1 is red
     colors[2] = colors[3] = char(0xFF);
@@ -171,6 +184,12 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
         {"masks of 11, 11 and 10 bits", bmp(3, 1, 32, 3, masks, masks), {3, "RGB"}},
         {"runs that skip pixels", bmp(3, 2, 8, 1, shortPalette, runs), {3, "RRRRRG"}},
         {"runs with padding", bmp(5, 1, 8, 1, shortPalette, paddedRuns), {5, "RGRGG"}},
+        {"OS/2 with runs of colours",
+         replaced(bmp(5, 1, 24, 4, QByteArray(24, 0), colorRuns), 14, "\x40"),
+         {5, "RRGBW"}},
+        {"JPEG in a bitmap", bmpAround("jpg", 4), {1, "S", 16, 2}},
+        {"PNG in a bitmap", bmpAround("png", 5), {1, "S", 16}},
+        {"GIF without a screen", replaced(gif({}, 1), 6, QByteArray(4, 0)), {3, "RGB"}},
         {"GIF with bytes between its blocks", gif(QByteArray("\0\0x", 3)), {3, "RGB"}},
         {"GIF with an unknown extension", gif(QByteArray("!\x7F\2ab\0", 6)), {3, "RGB"}},
         {"GIF with a frame past its canvas", gif({}, 1), {3, ".RG"}},
@@ -183,6 +202,12 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
         {"planar RGB of 2 bits", tiff({2, 3, 2, 2}, QByteArray("\xC0\x30\x00", 3)), {2, "RG"}},
         {"RGBA of 4 bits", tiff({4, 4, 2, 1, 1, 2}, "\xF0\x0F\x0F\x08"), {2, "Rg"}},
         {"gray of 4 bits with alpha", tiff({4, 2, 1, 1, 1, 2}, "\xFF\x04"), {2, "Wd"}},
+        {"inks with alpha",
+         tiff({8, 5, 5, 1, 1, 2}, QByteArray("\0\xFF\xFF\0\xFF\0\0\0\xFF\x80", 10)),
+         {2, "Rk"}},
+        {"inks multiplied by alpha",
+         tiff({8, 5, 5, 1, 1, 1}, QByteArray("\0\xFF\xFF\0\xFF\0\0\0\x80\x80", 10)),
+         {2, "Rk"}},
         {"half floats", tiff({16, 1, 1, 1, 3}, QByteArray("\x00\x3C\x00\x00", 4)), {2, "WK"}},
     };
     for (const auto& [name, bytes, squares] : cases)
@@ -245,8 +270,11 @@ TEST(UnusualKinds, extensionsOfAGifHoldItsMetadata) {
     QByteArray leadOut(1, '\1');
     for (int value = 255; value >= 0; --value)
         leadOut += char(value);
-    const QByteArray profile = QByteArray(16, ' ') + "RGB nothing else";
-    const QByteArray icc = "!\xFF\x0BICCRGBG1012" + QByteArray(1, char(profile.size())) + profile + '\0';
+    const QByteArray profile = calibratedProfile({}, 1);
+    QByteArray icc = "!\xFF\x0BICCRGBG1012";
+    for (qsizetype at = 0; at < profile.size(); at += 255)
+        icc += char(std::min<qsizetype>(255, profile.size() - at)) + profile.mid(at, 255);
+    icc += '\0';
     const QByteArray xmp = "!\xFF\x0BXMP DataXMP<x:xmpmeta/>" + leadOut + '\0';
     const QByteArray bytes = gif(icc + xmp + QByteArray("!\xFE\2Hi\0", 6));
     expectPixels("GIF with metadata", PictureFile(bytes, QStringLiteral("a.gif")), {3, "RGB"});

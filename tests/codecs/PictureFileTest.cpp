@@ -84,7 +84,7 @@ TEST_F(PictureFiles, aStopEndsTheRowsOfEveryFormat) {
             << extension;
     }
     const StopScope scope(stopped.get_token());
-    for (const char* extension : {"jpg", "png", "psd", "tif"})
+    for (const char* extension : {"jpg", "png", "psd", "tif", "bmp", "gif", "pcx", "wbmp"})
         EXPECT_EQ(test::errorNumberOf([&] { encoded(extension); }), ErrorNumber::Interrupted) << extension;
 }
 

@@ -126,7 +126,7 @@ TEST(Writers, resolutionProfileAndBlocksAreKeptWhereTheFormatHasAPlaceForThem) {
     const struct {
         const char* extension;
         bool profile, exif, resources, xmp;
-    } table[] = {{"bmp", true, false, false, false},  {"jpg", true, true, true, true},
+    } table[] = {{"bmp", false, false, false, false}, {"jpg", true, true, true, true},
                  {"pcx", false, false, false, false}, {"png", true, true, true, true},
                  {"psd", true, true, false, true},  // with resources of its own
                  {"tif", true, false, true, true}}; // EXIF in its own directory
@@ -146,7 +146,7 @@ TEST(Writers, resolutionProfileAndBlocksAreKeptWhereTheFormatHasAPlaceForThem) {
         EXPECT_NEAR(PictureFile(again, QStringLiteral("x.jpg")).header().dpi, 300, 1);
     }
     const QByteArray gif = encoded("gif", test::photograph(20, 20), {}, before);
-    for (const QByteArray& part : {before.xmp, before.comments.first(), QByteArray("ICCRGBG1012")})
+    for (const QByteArray& part : {before.xmp, before.comments.first()})
         EXPECT_TRUE(gif.contains(part)) << part.constData();
 }
 
