@@ -74,14 +74,17 @@ struct Listing {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: listing_bench FOLDER 0|3    (0 thumbnails, 3 details)\n");
+    if (argc < 3 || argc > 4) {
+        std::fprintf(
+            stderr, "usage: listing_bench FOLDER 0|3 [THUMBNAILS]    (0 thumbnails, 3 details; the folder in "
+                    "which thumbnails are kept)\n");
         return 2;
     }
     QApplication application(argc, argv);
     const QtDesktop desktop;
     const QTemporaryDir home;
-    frmMain window({home.path(), home.path(), {}});
+    const QString thumbnails = argc == 4 ? QString::fromLocal8Bit(argv[3]) : QString();
+    frmMain window({home.path(), home.path(), {}, thumbnails});
     if (!window.Form_Load())
         return 1;
     window.show();

@@ -10,6 +10,13 @@ namespace {
 constexpr ActionRow rows[] = {
     {"cmdBrowseSettings", TEXT("Settings"), TEXT("Change the settings and see the shortcuts"), "settings",
      "Ctrl+,"},
+    // places
+    {"cmdHomeFolder", TEXT("Home"), TEXT("Show the home folder"), "home", "Alt+Home"},
+    {"cmdPicturesFolder", TEXT("Pictures"), TEXT("Show the folder of your pictures"), "pictures",
+     "Ctrl+Shift+P"},
+    {"cmdDesktopFolder", TEXT("Desktop"), TEXT("Show the desktop's folder"), "desktop", "Ctrl+Shift+D"},
+    {"cmdParentFolder", TEXT("Parent folder"), TEXT("Show the folder above"), "parent", "Alt+Up"},
+    {"cmdTypePath", TEXT("Type a path"), "", "folder", "Ctrl+L"},
     // the folder
     {"cmdAddToQueue", TEXT("&Add to basket"), TEXT("Add the selected files to the basket"), "add", "Return"},
     {"cmdThumbnailFolder", TEXT("Show thumbnails"), TEXT("Show thumbnails"), "thumbnails", "Ctrl+1",

@@ -8,6 +8,7 @@
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
+#include "collections/CachedThumbnails.h"
 #include "collections/OfferedFiles.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
@@ -47,6 +48,9 @@ frmMain::frmMain(StartupOptions options) :
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
+    if (!m_options.thumbnailFolder.isEmpty())
+        m_folderView.readThumbnail = m_basket.readThumbnail =
+            cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
     arrangePanes();
     connectFolderPane();
     connectBasketPane();
@@ -103,6 +107,9 @@ void frmMain::connectFolderPane() {
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_folderView,
             &FolderView::subShowFilesInFolder);
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_preview, &Preview::leaveFolder);
+    connect(m_browsePane, &BrowsePane::fileChosen, m_folderPane, &FolderPane::selectFile);
+    connect(m_browsePane, &BrowsePane::pathRefused, this, &frmMain::SetStatus);
+    connect(m_folderPane, &FolderPane::thumbnailSizeChosen, this, &frmMain::chooseThumbnailSize);
     connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
     connect(m_folderPane, &FolderPane::formChosen, this,
             [](int folderView) { ConfigRecord.FolderView = quint8(folderView); });
@@ -239,6 +246,13 @@ void frmMain::showNeighbour(int step) {
 void frmMain::cmdBrowseSettings_Click() {
     if (frmSettings(ConfigRecord, m_actions.shortcuts(), this).exec() == QDialog::Accepted)
         subUpdateForm();
+}
+
+void frmMain::chooseThumbnailSize(QSize size) {
+    ConfigRecord.FolderThumbWidth = qint16(size.width());
+    ConfigRecord.FolderThumbHeight = qint16(size.height());
+    m_folderThumb = m_folderView.settings.folderThumb = {size.width(), size.height()};
+    m_folderView.makeThumbnailsAgain();
 }
 
 /// Preview and folder show what a batch would write now.

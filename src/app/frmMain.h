@@ -36,6 +36,7 @@ public:
         QString programFolder;                        ///< exists and is writable
         QString samplesFolder;                        ///< listed at the first start; may be empty
         std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
+        QString thumbnailFolder = {}; ///< that the programs of this desktop share; empty for none
     };
 
     explicit frmMain(StartupOptions options);
@@ -83,6 +84,9 @@ private:
     void setDrawingDefaults();
     void buildApplicationName();
     void takeThumbnailSizes();
+    void chooseThumbnailSize(QSize size);
+    void takeScreen();
+    void followScreen();
     void fillMetadataCatalogue();
     void clearStatusPanel();
     void showEmptyBasket();

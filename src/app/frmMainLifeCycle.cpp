@@ -28,6 +28,7 @@
 #include <QFileInfo>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -143,7 +144,7 @@ void frmMain::buildApplicationName() {
 void frmMain::takeThumbnailSizes() {
     m_folderThumb = {ConfigRecord.FolderThumbWidth, ConfigRecord.FolderThumbHeight};
     m_folderView.settings.folderThumb = usableThumbnailSize(m_folderThumb);
-    m_folderPane->lvFolder().setThumbnailSize(qtSize(m_folderView.settings.folderThumb));
+    m_folderPane->setThumbnailSize(qtSize(m_folderView.settings.folderThumb));
 }
 
 void frmMain::fillMetadataCatalogue() {
@@ -163,14 +164,12 @@ void frmMain::subUpdateForm() {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
-        const QSize screenPixels = screen()->size() * devicePixelRatioF();
-        m_preview.displayLimit = {screenPixels.width(), screenPixels.height()};
+        takeScreen();
         m_preview.upright = ConfigRecord.BatchSave.UprightByExif == 1;
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_options.programFolder;
             settings->basketThumb = usableThumbnailSize(m_basketThumb);
             settings->folderThumb = usableThumbnailSize(m_folderThumb);
-            settings->pixelRatio = devicePixelRatioF();
             settings->upright = ConfigRecord.BatchSave.UprightByExif == 1;
             settings->longFileSize = ConfigRecord.LongFileSize == 1;
         }
@@ -179,6 +178,23 @@ void frmMain::subUpdateForm() {
         m_basketPane->lvPages().setFullRowSelect(ConfigRecord.BasketFullRowSelect == -1);
         applyTips();
     });
+}
+
+/// Pictures are made for the pixels of the window's screen.
+void frmMain::takeScreen() {
+    const QSize screenPixels = screen()->size() * devicePixelRatioF();
+    m_preview.displayLimit = {screenPixels.width(), screenPixels.height()};
+    m_folderView.settings.pixelRatio = m_basket.settings.pixelRatio = devicePixelRatioF();
+}
+
+/// The window has come to another screen.
+void frmMain::followScreen() {
+    const double ratio = m_folderView.settings.pixelRatio;
+    takeScreen();
+    if (m_folderView.settings.pixelRatio == ratio)
+        return;
+    m_folderView.makeThumbnailsAgain();
+    m_basket.makeThumbnailsAgain();
 }
 
 void frmMain::applyTips() {
@@ -198,8 +214,10 @@ void frmMain::applyTips() {
 
 void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    if (std::exchange(FirstShowing, false))
-        QTimer::singleShot(0, this, &frmMain::showFirstTime);
+    if (!std::exchange(FirstShowing, false))
+        return;
+    connect(windowHandle(), &QWindow::screenChanged, this, &frmMain::followScreen, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &frmMain::showFirstTime);
 }
 
 /// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures.

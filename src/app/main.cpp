@@ -9,6 +9,7 @@
 #include "configuration/ProgramFolder.h"
 
 #include <QApplication>
+#include <QStandardPaths>
 
 namespace {
 
@@ -39,7 +40,9 @@ int main(int argc, char** argv) {
     if (trap("main", [&] { programFolder = makeProgramFolder(); }))
         return 1;
     frmMain window({programFolder, samplesFolder(),
-                    [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); }});
+                    [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); },
+                    QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+                        QStringLiteral("/thumbnails")});
     if (!window.Form_Load())
         return 1;
     // exit, since quit would ask windows again, and a message box without a Cancel button refuses.

@@ -5,6 +5,7 @@
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/PngErrors.h"
+#include "codecs/PngTexts.h"
 #include "codecs/SourceStream.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,8 @@ namespace {
 /// Deflate packs at most 1032 bytes into one, and a byte holds up to 8 pixels.
 constexpr std::int64_t pixelsPerByte = 8300;
 constexpr png_alloc_size_t largestChunk = png_alloc_size_t(16) << 20;
-constexpr png_uint_32 maxTextChunks = 24; // libpng keeps them all
+constexpr png_alloc_size_t largestText = png_alloc_size_t(1) << 20; ///< where all are read
+constexpr png_uint_32 maxTextChunks = 24;                           // libpng keeps them all
 /// Names of 4 letters and a zero each: text without XMP, and suggested palettes.
 constexpr png_byte unreadChunks[] = "tEXt\0zTXt\0sPLT";
 
@@ -29,10 +31,12 @@ QByteArray resourcesOf(const QByteArray& text) {
     return bytes.startsWith("8BIM") ? bytes : QByteArray();
 }
 
+enum class Texts { OfMetadata, All };
+
 class PngReader {
 public:
-    PngReader(const PictureSource& source, const QString& name) :
-        m_file{"PNG", name, source.size()}, m_stream(source),
+    PngReader(const PictureSource& source, const QString& name, Texts kept = Texts::OfMetadata) :
+        m_file{"PNG", name, source.size()}, m_stream(source), m_keptTexts(kept),
         m_png(png_create_read_struct(PNG_LIBPNG_VER_STRING, &m_errors, PngErrors::onError,
                                      PngErrors::onWarning)),
         m_info(m_png ? png_create_info_struct(m_png) : nullptr) {}
@@ -84,6 +88,15 @@ public:
         return blocks;
     }
 
+    PngTexts texts() const {
+        PngTexts found;
+        png_textp texts = nullptr;
+        const int count = png_get_text(m_png, m_info, &texts, nullptr);
+        for (int i = 0; i < count; ++i)
+            found.insert(texts[i].key, QByteArray(texts[i].text, textLength(texts[i])));
+        return found;
+    }
+
     QString damage() const { return m_damage; }
 
 private:
@@ -102,9 +115,10 @@ private:
         png_structp png = reader.m_png;
         png_set_read_fn(png, &reader, readBytes);
         png_set_user_limits(png, 0x7FFFFFFF, 0x7FFFFFFF); // sizes are judged here, by their product
-        png_set_chunk_malloc_max(png, largestChunk);
+        png_set_chunk_malloc_max(png, reader.m_keptTexts == Texts::All ? largestText : largestChunk);
         png_set_chunk_cache_max(png, maxTextChunks);
-        png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, unreadChunks, sizeof unreadChunks / 5);
+        if (reader.m_keptTexts == Texts::OfMetadata)
+            png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, unreadChunks, sizeof unreadChunks / 5);
         png_set_crc_action(png, PNG_CRC_WARN_USE, PNG_CRC_WARN_DISCARD);
         png_set_benign_errors(png, 1);
         png_set_option(png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
@@ -155,18 +169,22 @@ private:
         return calibratedProfile(places, 1 / fileGamma);
     }
 
+    static qsizetype textLength(const png_text& text) {
+        return qsizetype(std::max(text.text_length, text.itxt_length));
+    }
+
     QByteArray textOf(const char* keyword) const {
         png_textp texts = nullptr;
         const int count = png_get_text(m_png, m_info, &texts, nullptr);
         for (int i = 0; i < count; ++i)
             if (std::strcmp(texts[i].key, keyword) == 0)
-                return QByteArray(texts[i].text,
-                                  qsizetype(std::max(texts[i].text_length, texts[i].itxt_length)));
+                return QByteArray(texts[i].text, textLength(texts[i]));
         return {};
     }
 
     FileUnderTest m_file;
     SourceStream m_stream;
+    const Texts m_keptTexts;
     PngErrors m_errors;
     png_structp m_png;
     png_infop m_info;
@@ -211,6 +229,12 @@ void PngErrors::onError(png_structp png, png_const_charp message) {
     auto& errors = *static_cast<PngErrors*>(png_get_error_ptr(png));
     std::strncpy(errors.m_message, message, sizeof errors.m_message - 1);
     std::longjmp(errors.m_return, 1);
+}
+
+PngTexts pngTexts(const PictureSource& source, const QString& name) {
+    PngReader reader(source, name, Texts::All);
+    reader.readHeader();
+    return reader.texts();
 }
 
 Codec pngCodec() {

@@ -6,6 +6,7 @@
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/PngErrors.h"
+#include "codecs/PngTexts.h"
 #include "codecs/Resolution.h"
 
 #include <algorithm>
@@ -33,9 +34,9 @@ QByteArray rawProfile(const QByteArray& bytes) {
 
 class PngWriter {
 public:
-    PngWriter(const EncodablePicture& colors, const EmbeddedMetadata& metadata) :
+    PngWriter(const EncodablePicture& colors, const EmbeddedMetadata& metadata, PngTexts texts = {}) :
         m_rgb(std::get_if<Picture>(&colors)), m_indexed(std::get_if<IndexedPicture>(&colors)),
-        m_metadata(withRgbProfileOnly(metadata)),
+        m_metadata(withRgbProfileOnly(metadata)), m_texts(std::move(texts)),
         m_png(png_create_write_struct(PNG_LIBPNG_VER_STRING, &m_errors, PngErrors::onError,
                                       PngErrors::onWarning)),
         m_info(m_png ? png_create_info_struct(m_png) : nullptr) {
@@ -137,6 +138,8 @@ private:
                            reinterpret_cast<png_bytep>(m_metadata.exif.data()));
         setText(xmpKeyword, m_metadata.xmp, PNG_ITXT_COMPRESSION_NONE);
         setText(resourcesKeyword, m_resources, PNG_ITXT_COMPRESSION_zTXt);
+        for (auto text = m_texts.begin(); text != m_texts.end(); ++text)
+            setText(text.key().constData(), text.value(), PNG_TEXT_COMPRESSION_NONE);
     }
 
     void setText(const char* keyword, QByteArray& value, int compression) {
@@ -156,6 +159,7 @@ private:
     const Picture* m_rgb;
     const IndexedPicture* m_indexed;
     EmbeddedMetadata m_metadata;
+    PngTexts m_texts;
     QByteArray m_resources; ///< as text
     std::vector<std::uint8_t> m_row;
     PngErrors m_errors;
@@ -168,6 +172,10 @@ private:
 
 QByteArray encodePng(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata) {
     return PngWriter(encoderColors(picture, settings, TransparencyOf::BackColor), metadata).encode();
+}
+
+QByteArray encodePngWithTexts(const Picture& picture, const PngTexts& texts) {
+    return PngWriter(EncodablePicture(picture), {}, texts).encode();
 }
 
 } // namespace tarsel

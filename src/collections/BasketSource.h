@@ -32,9 +32,6 @@ struct BasketContent {
     bool isLast = true;                  ///< the last content of this source
 };
 
-/// How the picture of a file is read: loadThumbnail, or what a test puts in its place.
-using ThumbnailReader =
-    std::function<std::optional<Thumbnail>(const QString& path, std::optional<Size> box, bool upright)>;
 /// Takes what was found; false when nobody wants it any more.
 using BasketContentTaker = std::function<bool(BasketContent)>;
 

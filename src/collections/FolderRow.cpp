@@ -3,7 +3,6 @@
 
 #include "base/IgnoringErrors.h"
 #include "collections/PictureFiles.h"
-#include "collections/Thumbnail.h"
 #include "imaging/ImageBox.h"
 #include "imaging/clsImageHeaderInfo.h"
 
@@ -38,8 +37,7 @@ QString headerText(const QString& path, const QString& extension) {
     return QStringLiteral("%1 X %2 X %3").arg(header.Width()).arg(header.Height()).arg(header.BitsPerPixel());
 }
 
-void addThumbnail(RowContent& content, const QString& path, const CollectionSettings& settings) {
-    const std::optional<Thumbnail> thumbnail = loadThumbnail(path, settings.folderBox(), settings.upright);
+void addThumbnail(RowContent& content, const std::optional<Thumbnail>& thumbnail) {
     content.isPicture = thumbnail.has_value();
     if (!thumbnail)
         return;
@@ -73,11 +71,12 @@ ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info,
     return row;
 }
 
-RowContent readRowContent(const QString& path, const CollectionSettings& settings) {
+RowContent readRowContent(const QString& path, const CollectionSettings& settings,
+                          const ThumbnailReader& readThumbnail) {
     const QString extension = clsFileInfo::StripFileExtention(path).toLower();
     RowContent content;
     if (settings.folderView == 0)
-        addThumbnail(content, path, settings);
+        addThumbnail(content, readThumbnail(path, settings.folderBox(), settings.upright));
     else
         content.resolution = headerText(path, extension);
     if (content.isPicture)

@@ -3,6 +3,7 @@
 
 #include "base/ListView.h"
 #include "collections/CollectionLists.h"
+#include "collections/Thumbnail.h"
 #include "collections/clsFileInfo.h"
 
 #include <QStringList>
@@ -37,6 +38,7 @@ struct RowContent {
     QString pages;
     Picture thumbnail;
 };
-RowContent readRowContent(const QString& path, const CollectionSettings& settings);
+RowContent readRowContent(const QString& path, const CollectionSettings& settings,
+                          const ThumbnailReader& readThumbnail);
 
 } // namespace tarsel

@@ -96,19 +96,27 @@ void FolderScan::takeKnownRows() {
 void FolderScan::setNames(const QStringList& names) {
     const std::lock_guard lock(m_mutex);
     m_names = names;
+    m_settings = affordableSettings(names.size() - names.count(QString()));
+}
+
+CollectionSettings FolderScan::affordableSettings(qsizetype rows) const {
+    CollectionSettings settings = m_request.settings;
+    settings.pixelRatio *= settings.affordableRatio(int(rows));
+    return settings;
 }
 
 // --- what completes them
 
 void FolderScan::completeRow(int number) {
     deliver(failureOf([&] {
-        QString name;
+        QString path;
+        CollectionSettings settings;
         {
             const std::lock_guard lock(m_mutex);
-            name = m_names.at(number);
+            path = joinedPath(m_request.folder, m_names.at(number));
+            settings = m_settings;
         }
-        const QString path = joinedPath(m_request.folder, name);
-        NumberedContent completed{number, m_request.readContent(path, m_request.settings)};
+        NumberedContent completed{number, readRowContent(path, settings, m_request.readThumbnail)};
         const std::lock_guard lock(m_mutex);
         m_waiting.contents.push_back(std::move(completed));
         wakeOwner();

@@ -24,7 +24,7 @@ public:
         /// Names by row number of rows that are there already and only need to be completed; empty where a
         /// row is gone. Without any, the folder is listed.
         QStringList known;
-        RowContent (*readContent)(const QString& path, const CollectionSettings& settings) = readRowContent;
+        ThumbnailReader readThumbnail = loadThumbnail; ///< called on the scan's threads
     };
     struct NumberedContent {
         int number;
@@ -66,6 +66,7 @@ private:
     void takeKnownRows();
     void setNames(const QStringList& names);
     void completeRow(int number);
+    CollectionSettings affordableSettings(qsizetype rows) const;
     void deliver(std::optional<TrappedError> failure);
     void wakeOwner();
 
@@ -73,6 +74,7 @@ private:
     const std::function<void()> m_wake;
     mutable std::mutex m_mutex;
     QStringList m_names;
+    CollectionSettings m_settings; ///< with the size of thumbnails that so many rows allow
     Delivery m_waiting;
     bool m_woken = false;
     bool m_isListing = true;

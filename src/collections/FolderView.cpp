@@ -5,7 +5,6 @@
 #include "base/ErrorTrap.h"
 #include "base/Locale.h"
 #include "collections/PageFiles.h"
-#include "collections/Thumbnail.h"
 #include "collections/modFileSystem.h"
 
 #include <algorithm>
@@ -15,12 +14,14 @@ namespace tarsel {
 namespace {
 
 constexpr int detailView = 3;
+constexpr Color white = 0xFFFFFF;
 /// What is taken over in one step, between two looks at pending input.
 constexpr FolderScan::Limits oneStep{6400, 100};
 
 } // namespace
 
 FolderView::FolderView(CollectionLists lists) : m_lists(lists) {
+    m_sharp.ended = [this] { sharpenVisibleRows(); };
     const auto rowsMoved = [this] { m_rowOf.clear(); };
     const ListView& list = m_lists.lvFolder;
     connect(&list, &QAbstractItemModel::rowsInserted, this, rowsMoved);
@@ -61,36 +62,32 @@ void FolderView::clearList() {
     m_refusal.clear();
 }
 
-/// What a scan that has been replaced still sends is dropped by its number.
+FolderScan::Request FolderView::request(QStringList known) const {
+    FolderScan::Request made{m_folder, settings, FileInfo(), std::move(known), readThumbnail};
+    made.info.setDateForms(service<Locale>().dateForms());
+    return made;
+}
+
 void FolderView::startScan(QStringList known) {
     m_expected = int(known.size());
     m_completed = int(known.count(QString()));
-    m_hasAllRows = false;
+    m_hasAllRows = !known.isEmpty();
     m_hasGaps = m_completed > 0;
     if (settings.folderView == 0)
         m_lists.lvFolder.attachImages(&m_lists.ilFolder);
-    FolderScan::Request request{m_folder, settings, FileInfo(), std::move(known)};
-    request.info.setDateForms(service<Locale>().dateForms());
+    FolderScan::Request wanted = request(std::move(known));
     FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
-    const int number = ++m_scanNumber;
-    m_scan = std::make_unique<FolderScan>(std::move(request), [this, number] {
-        QMetaObject::invokeMethod(
-            this,
-            [this, number] {
-                if (m_scan && number == m_scanNumber)
-                    fetchDelivery();
-            },
-            Qt::QueuedConnection);
-    });
+    m_scan.start(std::move(wanted));
 }
 
 void FolderView::makeThumbnailsAgain() {
-    if (isRunning())
-        return subShowFilesInFolder(m_folder);
     if (settings.folderView != 0)
         return m_lists.ilFolder.clear(); // the thumbnail view lists the folder again then
+    if (isRunning() && !m_hasAllRows)
+        return subShowFilesInFolder(m_folder);
     if (m_lists.lvFolder.isEmpty())
         return;
+    retireScan();
     iconsByNumber();
     m_rowOf.clear();
     startScan(namesByNumber());
@@ -122,13 +119,9 @@ void FolderView::iconsByNumber() {
     m_lists.lvFolder.setIcons(icons);
 }
 
-/// A scan ends when the file in work is done, which may take its time: nobody waits for that.
 void FolderView::retireScan() {
-    std::erase_if(m_retired, [](const auto& scan) { return scan->hasEnded(); });
-    if (!m_scan)
-        return;
-    m_scan->stop();
-    m_retired.push_back(std::move(m_scan));
+    m_scan.retire();
+    m_sharp.stop();
 }
 
 void FolderView::refresh() {
@@ -145,10 +138,10 @@ void FolderView::stop() {
 
 // --- what a scan delivers
 
-void FolderView::fetchDelivery() {
-    FolderScan::Delivery delivery = m_scan->fetch(oneStep);
+void FolderView::fetchDelivery(FolderScan& scan) {
+    FolderScan::Delivery delivery = scan.fetch(oneStep);
     if (!delivery.failure)
-        return take(std::move(delivery));
+        return take(std::move(delivery), scan.count());
     stop();
     reportFailure(*delivery.failure);
 }
@@ -164,9 +157,9 @@ void FolderView::reportFailure(const TrappedError& error) {
     Q_EMIT runningChanged();
 }
 
-void FolderView::take(FolderScan::Delivery delivery) {
+void FolderView::take(FolderScan::Delivery delivery, int files) {
     if (FolderChanging)
-        m_expected = m_scan->count();
+        m_expected = files;
     FolderChanging = false;
     addRows(std::move(delivery.rows));
     std::vector<int> unreadable;
@@ -178,6 +171,7 @@ void FolderView::take(FolderScan::Delivery delivery) {
     m_hasAllRows = m_hasAllRows || delivery.allRows;
     if (m_hasAllRows && m_completed == m_expected)
         finish();
+    sharpenVisibleRows();
 }
 
 void FolderView::addRows(std::vector<ListRow> rows) {
@@ -226,17 +220,26 @@ void FolderView::removeRows(std::vector<int> rows) {
 }
 
 void FolderView::preferVisibleRows() {
-    if (!m_scan || !visibleRows)
-        return;
-    const auto [first, last] = visibleRows();
     std::vector<int> numbers;
+    for (const ListRow* row : rowsInView())
+        numbers.push_back(row->number);
+    if (m_scan.get())
+        m_scan.get()->prefer(std::move(numbers));
+    sharpenVisibleRows();
+}
+
+std::vector<const ListRow*> FolderView::rowsInView() const {
+    std::vector<const ListRow*> rows;
+    if (!visibleRows)
+        return rows;
+    const auto [first, last] = visibleRows();
     for (int row = std::max(first, 0); row <= std::min(last, m_lists.lvFolder.count() - 1); ++row)
-        numbers.push_back(m_lists.lvFolder.row(row).number);
-    m_scan->prefer(std::move(numbers));
+        rows.push_back(&m_lists.lvFolder.row(row));
+    return rows;
 }
 
 void FolderView::finish() {
-    retireScan();
+    m_scan.retire();
     if (m_hasGaps)
         closeGapsOfIcons();
     sortAgain();
@@ -245,7 +248,7 @@ void FolderView::finish() {
 }
 
 void FolderView::showBar() {
-    if (m_scan && m_expected > 0 && !m_isBarLent)
+    if (isRunning() && m_expected > 0 && !m_isBarLent)
         m_lists.pbQueue.start(m_expected, m_completed);
 }
 
@@ -273,6 +276,45 @@ void FolderView::closeGapsOfIcons() {
     }
     m_lists.ilFolder = std::move(closed);
     m_lists.lvFolder.setIcons(icons);
+}
+
+// --- thumbnails in view
+
+/// In a list that is too long for thumbnails in full size, those in view are read once more.
+void FolderView::sharpenVisibleRows() {
+    const std::optional<Size> box = settings.folderBox();
+    if (settings.folderView != 0 || !box || settings.affordableRatio(m_expected) == 1 || m_sharp.isReading())
+        return;
+    const std::vector<const ListRow*> rows = rowsInView();
+    QStringList names;
+    for (const ListRow* row : rows) {
+        if (row->icon < 0 || m_sharp.holds(row->number))
+            continue;
+        while (names.size() <= row->number)
+            names << QString();
+        names[row->number] = row->text;
+    }
+    m_sharp.read(request(std::move(names)));
+    for (const int number : m_sharp.takeOldest(2 * rows.size()))
+        showThumbnail(number, ScalePicture(thumbnailOf(number), LoadMode::ExactBox, smallBox(*box), white));
+}
+
+Size FolderView::smallBox(Size box) const {
+    const double ratio = settings.affordableRatio(m_expected);
+    return {std::max(1, int(box.width * ratio)), std::max(1, int(box.height * ratio))};
+}
+
+Picture FolderView::thumbnailOf(int number) {
+    const int row = rowOf(number);
+    return row < 0 ? Picture() : pictureAt(m_lists.ilFolder, m_lists.lvFolder.row(row).icon);
+}
+
+void FolderView::showThumbnail(int number, const Picture& picture) {
+    const int row = rowOf(number);
+    if (row < 0 || picture.isNull() || m_lists.lvFolder.row(row).icon < 0)
+        return;
+    m_lists.ilFolder.set(m_lists.lvFolder.row(row).icon, QVariant::fromValue(picture));
+    m_lists.lvFolder.replace(row, ListRow(m_lists.lvFolder.row(row)));
 }
 
 // --- order

@@ -3,11 +3,10 @@
 
 #include "collections/CollectionLists.h"
 #include "collections/FolderRow.h"
-#include "collections/FolderScan.h"
+#include "collections/SharpThumbnails.h"
 
 #include <QObject>
 #include <functional>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -24,6 +23,7 @@ public:
     ~FolderView() override;
 
     CollectionSettings settings;
+    ThumbnailReader readThumbnail = loadThumbnail; ///< called on threads
     /// True from the choice of a folder until its first rows are there.
     bool FolderChanging = false;
     /// The first and the last row in view.
@@ -33,7 +33,7 @@ public:
     /// can't be read loses its row. A folder without permission to read leaves the list empty and is reported
     /// in the panel "status"; other errors are trapped as "FrmMain.subShowFilesInFolder".
     void subShowFilesInFolder(const QString& path);
-    bool isRunning() const { return m_scan != nullptr; } ///< rows are missing or incomplete
+    bool isRunning() const { return m_scan.get() != nullptr; } ///< rows are missing or incomplete
     void stop();
     /// Reads the pictures of all rows again, after a change of how thumbnails are made. Rows, their order and
     /// their selection stay.
@@ -55,12 +55,13 @@ Q_SIGNALS:
 
 private:
     void clearList();
+    FolderScan::Request request(QStringList known) const;
     void startScan(QStringList known = {});
     QStringList namesByNumber() const;
     void iconsByNumber();
     void retireScan();
-    void fetchDelivery();
-    void take(FolderScan::Delivery delivery);
+    void fetchDelivery(FolderScan& scan);
+    void take(FolderScan::Delivery delivery, int files);
     void reportFailure(const TrappedError& error);
     void addRows(std::vector<ListRow> rows);
     void complete(FolderScan::NumberedContent completed, std::vector<int>& unreadable);
@@ -70,15 +71,19 @@ private:
     void showBar();
     void hideBar();
     void closeGapsOfIcons();
+    std::vector<const ListRow*> rowsInView() const;
+    void sharpenVisibleRows();
+    Size smallBox(Size box) const;
+    Picture thumbnailOf(int number);
+    void showThumbnail(int number, const Picture& picture);
     void keepSorting();
     void sortAgain();
 
     CollectionLists m_lists;
     QString m_folder;
     QString m_refusal; ///< what the panel "status" says about a folder without permission
-    std::unique_ptr<FolderScan> m_scan;
-    std::vector<std::unique_ptr<FolderScan>> m_retired; ///< stopped, with a file still in work
-    int m_scanNumber = 0;
+    CurrentScan m_scan{[this](FolderScan& scan) { fetchDelivery(scan); }};
+    SharpThumbnails m_sharp{[this](int number, const Picture& picture) { showThumbnail(number, picture); }};
     bool m_hasAllRows = false;
     bool m_hasGaps = false; ///< ilFolder has places of rows that are gone
     bool m_isBarLent = false;

@@ -2,6 +2,7 @@
 #include "collections/Thumbnail.h"
 
 #include "base/IgnoringErrors.h"
+#include "codecs/PictureFile.h"
 #include "collections/PictureHeaderReading.h"
 #include "imaging/Upright.h"
 
@@ -37,13 +38,17 @@ std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> 
     std::optional<Thumbnail> thumbnail;
     // A damaged picture is one without a thumbnail, and no reason to end a listing.
     ignoringErrors([&] {
-        Size sourceSize;
-        const auto picture = upright ? loadUprightPicture(path, LoadMode::ExactBox, *box, white, &sourceSize)
-                                     : fncLoadPicture(path, LoadMode::ExactBox, *box, white, &sourceSize);
-        if (picture)
-            thumbnail = Thumbnail{*picture, sourceSize};
+        if (const std::optional<PictureFile> file = openPicture(path))
+            thumbnail = thumbnailOf(*file, *box, upright);
     });
     return thumbnail;
+}
+
+std::optional<Thumbnail> thumbnailOf(const PictureFile& file, Size box, bool upright) {
+    Size sourceSize;
+    const auto picture = upright ? loadUprightPicture(file, LoadMode::ExactBox, box, white, &sourceSize)
+                                 : fncLoadPicture(file, LoadMode::ExactBox, box, white, &sourceSize);
+    return picture ? std::optional(Thumbnail{*picture, sourceSize}) : std::nullopt;
 }
 
 Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box) {

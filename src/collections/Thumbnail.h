@@ -4,9 +4,12 @@
 #include "base/ListView.h"
 #include "imaging/fncLoadPicture.h"
 
+#include <functional>
 #include <optional>
 
 namespace tarsel {
+
+class PictureFile;
 
 /// A row's picture and the size of the file that it shows.
 struct Thumbnail {
@@ -22,6 +25,13 @@ Size usableThumbnailSize(Size stored);
 /// when `upright`. Without a box the header alone is read. Nothing when the file can't be opened as a
 /// picture. Any thread may call it.
 std::optional<Thumbnail> loadThumbnail(const QString& path, std::optional<Size> box, bool upright = false);
+
+/// The same of an open file. Errors 481 and 18.
+std::optional<Thumbnail> thumbnailOf(const PictureFile& file, Size box, bool upright);
+
+/// How the thumbnail of a file is read: by loadThumbnail, or by what stands in for it.
+using ThumbnailReader =
+    std::function<std::optional<Thumbnail>(const QString& path, std::optional<Size> box, bool upright)>;
 
 /// The thumbnail of a picture in memory.
 Thumbnail makeThumbnail(const Picture& picture, std::optional<Size> box);

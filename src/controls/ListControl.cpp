@@ -73,6 +73,7 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     prepareTable();
     prepare(m_table);
     prepare(m_thumbnails);
+    connect(m_thumbnails, &ThumbnailView::zoomed, this, &ListControl::zoomed);
     m_thumbnails->setSelectionModel(m_table->selectionModel());
     setThumbnailSize({40, 40});
     setTableIconSize({16, 16});
@@ -110,11 +111,14 @@ ListControl::Form ListControl::form() const {
 }
 
 void ListControl::setThumbnailSize(QSize size) {
-    m_thumbnails->setIconSize(size);
     // Wide enough for a name of the usual length.
     const int width = std::max(size.width() + 22, fontMetrics().averageCharWidth() * 22);
     m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 18};
-    m_thumbnails->setGridSize(m_delegate->cellSize);
+    m_thumbnails->setSizes(size, m_delegate->cellSize);
+}
+
+QSize ListControl::thumbnailSize() const {
+    return m_thumbnails->iconSize();
 }
 
 void ListControl::setTableIconSize(QSize size) {

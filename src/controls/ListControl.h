@@ -38,6 +38,7 @@ public:
     void setForm(Form form);
     Form form() const;
     void setThumbnailSize(QSize size); ///< pictures of the form Thumbnails
+    QSize thumbnailSize() const;
     /// How the rows' pictures become pixmaps; without it they must be pixmaps already.
     void setPixmapMaker(std::function<QPixmap(const QVariant& picture)> maker);
     void setTableIconSize(QSize size); ///< pictures of the form Details; small ones until it is called
@@ -76,7 +77,8 @@ Q_SIGNALS:
     void deleteReleased();
     void formChanged();
     void menuWanted(const QPoint& globalPosition);
-    void viewMoved(); ///< other rows may have come into view
+    void zoomed(int angle); ///< Ctrl and the wheel over thumbnails, in eighths of a degree
+    void viewMoved();       ///< other rows may have come into view
     /// Rows were dropped; `row` is the one under the pointer, -1 after the last.
     void rowsDropped(tarsel::ListControl* source, int row);
     void filesOffered(const QList<QUrl>& files); ///< dropped or pasted

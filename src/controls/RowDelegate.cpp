@@ -3,8 +3,10 @@
 
 #include "base/ListView.h"
 #include "controls/LineIcon.h"
+#include "controls/PictureIcon.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QHash>
 #include <QHelpEvent>
 #include <QPainter>
@@ -68,12 +70,24 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (isThumbnail(option))
         cell.rect.adjust(cellMargin, cellMargin, -cellMargin, -cellMargin);
     QStyledItemDelegate::paint(painter, cell, index);
+    if (isThumbnail(option) && option.state & QStyle::State_Selected)
+        paintSelection(*painter, cell, index);
     if (index.row() != dropRow)
         return;
     painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));
     const QRect frame = option.rect.adjusted(1, 1, -1, -1);
     painter->drawLine(frame.topLeft(), frame.topRight());
     painter->drawLine(frame.bottomLeft(), frame.bottomRight());
+}
+
+/// A frame round the picture, whose own colours stay.
+void RowDelegate::paintSelection(QPainter& painter, QStyleOptionViewItem cell,
+                                 const QModelIndex& index) const {
+    initStyleOption(&cell, index);
+    const QStyle* style = cell.widget ? cell.widget->style() : QApplication::style();
+    const QRect picture = style->subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);
+    painter.setPen(QPen(cell.palette.color(QPalette::Highlight), 2));
+    painter.drawRect(picture.adjusted(-1, -1, 1, 1));
 }
 
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
@@ -106,6 +120,7 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
 }
 
 /// A picture is made for the pixels of the screen, so that a dense screen shows it at the size of any other.
+/// A thumbnail fills the view's size of pictures, also while one of that size is still on its way.
 bool RowDelegate::setPicture(QStyleOptionViewItem& option, const QVariant& picture) const {
     if (!picture.isValid() || !pixmapOf)
         return picture.isValid();
@@ -115,9 +130,10 @@ bool RowDelegate::setPicture(QStyleOptionViewItem& option, const QVariant& pictu
     const qreal ratio = option.widget ? option.widget->devicePixelRatioF() : 1;
     drawFrame(pixmap, option, ratio);
     pixmap.setDevicePixelRatio(ratio);
-    option.icon = QIcon(pixmap);
+    option.icon = pictureIcon(pixmap);
     option.features |= QStyleOptionViewItem::HasDecoration;
-    option.decorationSize = pixmap.deviceIndependentSize().toSize().boundedTo(option.decorationSize);
+    if (!isThumbnail(option))
+        option.decorationSize = pixmap.deviceIndependentSize().toSize().boundedTo(option.decorationSize);
     return true;
 }
 

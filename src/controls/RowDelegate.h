@@ -30,6 +30,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    void paintSelection(QPainter& painter, QStyleOptionViewItem cell, const QModelIndex& index) const;
     bool setPicture(QStyleOptionViewItem& option, const QVariant& picture) const;
 };
 

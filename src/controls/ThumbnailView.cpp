@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/ThumbnailView.h"
 
+#include <QScrollBar>
+#include <QWheelEvent>
+
 namespace tarsel {
 
 ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
@@ -12,6 +15,33 @@ ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
     setWordWrap(false);
     setTextElideMode(Qt::ElideMiddle);
     setSpacing(4);
+}
+
+void ThumbnailView::setSizes(QSize picture, QSize cell) {
+    const QModelIndex held = rowToHold();
+    const int top = visualRect(held).top();
+    setIconSize(picture);
+    setGridSize(cell);
+    if (!held.isValid())
+        return;
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + visualRect(held).top() - top);
+}
+
+QModelIndex ThumbnailView::rowToHold() const {
+    const auto isInView = [this](const QModelIndex& index) {
+        return index.isValid() && visualRect(index).intersects(viewport()->rect());
+    };
+    if (!isVisible() || isInView(currentIndex()))
+        return isVisible() ? currentIndex() : QModelIndex();
+    return indexAt(QPoint(gridSize().width() / 2, gridSize().height() / 2));
+}
+
+void ThumbnailView::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier))
+        return QListView::wheelEvent(event);
+    event->accept();
+    Q_EMIT zoomed(event->angleDelta().y());
 }
 
 /// A change of the rows drops the layout, which is made again later; painting before that would show an empty

@@ -14,10 +14,21 @@ class ThumbnailView : public QListView {
 public:
     explicit ThumbnailView(QWidget* parent = nullptr);
 
+    /// The size of pictures, and that of a picture with its name. The current row, or else the first one in
+    /// view, stays where it is on the screen.
+    void setSizes(QSize picture, QSize cell);
+
+Q_SIGNALS:
+    void zoomed(int angle); ///< the wheel was turned while Ctrl was held, in eighths of a degree
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void wheelEvent(QWheelEvent* event) override;
     void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
+
+private:
+    QModelIndex rowToHold() const;
 };
 
 } // namespace tarsel

@@ -71,12 +71,6 @@ Size exchanged(Size size) {
     return {size.height, size.width};
 }
 
-int orientationOf(const PictureFile& file, const std::stop_token& stop = {}) {
-    int orientation = uprightOrientation;
-    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(stop))); });
-    return orientation;
-}
-
 } // namespace
 
 int exifOrientation(const MetadataStore& metadata) {
@@ -87,9 +81,16 @@ int exifOrientation(const MetadataStore& metadata) {
                : uprightOrientation;
 }
 
+int fileOrientation(const PictureFile& file, const std::stop_token& stop) {
+    int orientation = uprightOrientation;
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(stop))); });
+    raiseIfStopped(stop);
+    return orientation;
+}
+
 int fileOrientation(const QString& path, const std::stop_token& stop) {
     int orientation = uprightOrientation;
-    ignoringErrors([&] { orientation = orientationOf(PictureFile(path), stop); });
+    ignoringErrors([&] { orientation = fileOrientation(PictureFile(path), stop); });
     raiseIfStopped(stop);
     return orientation;
 }
@@ -124,11 +125,14 @@ void prepareForTasks(ImageBox& box, const QString& path, bool upright) {
 std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box, Color backColor,
                                           Size* sourceSize) {
     const std::optional<PictureFile> file = openPicture(path);
-    if (!file)
-        return std::nullopt;
-    const int orientation = orientationOf(*file);
+    return file ? loadUprightPicture(*file, mode, box, backColor, sourceSize) : std::nullopt;
+}
+
+std::optional<Picture> loadUprightPicture(const PictureFile& file, LoadMode mode, Size box, Color backColor,
+                                          Size* sourceSize) {
+    const int orientation = fileOrientation(file, currentStop());
     const Size boxAsStored = exchangesSides(orientation) ? exchanged(box) : box;
-    std::optional<Picture> picture = fncLoadPicture(*file, mode, boxAsStored, backColor, sourceSize);
+    std::optional<Picture> picture = fncLoadPicture(file, mode, boxAsStored, backColor, sourceSize);
     if (picture && orientation != uprightOrientation)
         picture = uprightPicture(*picture, orientation);
     return picture;

@@ -13,6 +13,8 @@ int exifOrientation(const MetadataStore& metadata);
 /// The same of a picture file; 1 for a file that can't be read. Error 18 once a stop is requested.
 int fileOrientation(const QString& path, const std::stop_token& stop = {});
 
+int fileOrientation(const PictureFile& file, const std::stop_token& stop = {});
+
 /// Whether width and height change places when a picture of that orientation is turned upright.
 bool exchangesSides(int orientation);
 
@@ -30,5 +32,7 @@ void prepareForTasks(ImageBox& box, const QString& path, bool upright);
 /// fncLoadPicture of the upright picture. `sourceSize` is the size that the file has.
 std::optional<Picture> loadUprightPicture(const QString& path, LoadMode mode, Size box,
                                           Color backColor = 0xFFFFFF, Size* sourceSize = nullptr);
+std::optional<Picture> loadUprightPicture(const PictureFile& file, LoadMode mode, Size box, Color backColor,
+                                          Size* sourceSize);
 
 } // namespace tarsel

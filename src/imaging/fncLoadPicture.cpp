@@ -112,15 +112,20 @@ Loaded decodeFull(const Request& request) {
     return {converted(decoded.picture, decoded.metadata.iccProfile), size, std::move(decoded.damage)};
 }
 
-Loaded openFitted(const Request& request) {
-    ReducedPicture read = request.file.decodeReduced([&](PixelSize full) {
-        const Size wanted = drawnSize({full.width, full.height}, request.mode, request.box);
+/// At least as large as it will be drawn.
+FittedPicture decodeForBox(const PictureFile& file, LoadMode mode, Size box) {
+    ReducedPicture read = file.decodeReduced([&](PixelSize full) {
+        const Size wanted = drawnSize({full.width, full.height}, mode, box);
         return PixelSize{wanted.width, wanted.height};
     });
     raiseIfStopped();
-    const Size full{read.sourceSize.width, read.sourceSize.height};
-    const Picture picture = converted(read.picture, read.iccProfile);
-    return {drawn(picture, full, request.mode, request.box, request.backColor), full};
+    return {converted(read.picture, read.iccProfile), {read.sourceSize.width, read.sourceSize.height}};
+}
+
+Loaded openFitted(const Request& request) {
+    const FittedPicture read = decodeForBox(request.file, request.mode, request.box);
+    return {drawn(read.picture, read.sourceSize, request.mode, request.box, request.backColor),
+            read.sourceSize};
 }
 
 /// A picture with transparency shows the back colour where nothing covers it.
@@ -155,6 +160,21 @@ Size fitInside(Size picture, Size box) {
                             ? Size{box.width, roundHalfToEven(double(widthFactor) * picture.height)}
                             : Size{roundHalfToEven(double(heightFactor) * picture.width), box.height};
     return {std::max(fitted.width, 1), std::max(fitted.height, 1)};
+}
+
+Size sizeInBox(Size picture, Size box) {
+    return largestInside(picture, box);
+}
+
+FittedPicture loadFitted(const PictureFile& file, LoadMode mode, Size box) {
+    requireBox(mode, box);
+    FittedPicture read = decodeForBox(file, mode, box);
+    read.picture = resized(read.picture, drawnSize(read.sourceSize, mode, box));
+    return read;
+}
+
+Picture drawInBox(const Picture& picture, Size sourceSize, Size box, Color backColor) {
+    return drawn(picture, sourceSize, LoadMode::ExactBox, box, backColor);
 }
 
 Picture ScalePicture(const Picture& picture, LoadMode mode, Size box, Color backColor) {

@@ -40,6 +40,20 @@ std::optional<PictureFile> openPicture(const QString& path);
 std::optional<Picture> fncLoadPicture(const PictureFile& file, LoadMode mode, Size box, Color backColor,
                                       Size* sourceSize = nullptr, QString* damage = nullptr);
 
+/// A picture that was drawn small, and its own size.
+struct FittedPicture {
+    Picture picture;
+    Size sourceSize;
+};
+/// The first page with its transparency, in sRGB, in the size in which `mode` draws it, without a ground.
+/// Errors as those of PictureFile.
+FittedPicture loadFitted(const PictureFile& file, LoadMode mode, Size box);
+
+/// ExactBox from a picture that stands for one of `sourceSize`, whose proportions count.
+Picture drawInBox(const Picture& picture, Size sourceSize, Size box, Color backColor = 0xFFFFFF);
+
+/// The size of a picture as it is drawn in mode ExactBox, centred in the box.
+Size sizeInBox(Size picture, Size box);
 /// The size of a picture in mode FitInside.
 Size fitInside(Size picture, Size box);
 

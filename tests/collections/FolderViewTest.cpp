@@ -39,6 +39,7 @@ TEST_F(FolderViewTest, ARowOfTheThumbnailViewShowsSizePagesAndDates) {
     }
     list(pictures);
     ASSERT_EQ(texts(lvFolder), "wide.png");
+    EXPECT_EQ(progress.values.back(), progress.maximum);
     EXPECT_EQ(lvFolder.row(0).tag, picture("wide.png"));
     const std::pair<int, const char*> cells[] = {{FolderColumn::Resolution, "400 x 100"},
                                                  {FolderColumn::Pages, "1"},
@@ -54,35 +55,6 @@ TEST_F(FolderViewTest, ARowOfTheThumbnailViewShowsSizePagesAndDates) {
     EXPECT_TRUE(QDir(temporaryFolder(settings.programFolder)).exists());
 }
 
-TEST_F(FolderViewTest, AThumbnailIsTurnedUprightWhereThatIsWantedAndStaysWithItsRow) {
-    const QString path = picture("turned.jpg");
-    makePicture(path, {60, 30}, qRgb(200, 0, 0));
-    ImageBox box;
-    box.LoadFromFile(path);
-    ASSERT_TRUE(box.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
-    box.SaveToFile(path);
-    const auto isWhiteAtTheLeft = [](const Picture& thumbnail) {
-        return thumbnail.view().pixel(2, thumbnail.height() / 2)[1] > 128;
-    };
-    makePicture(picture("a.png"), {3, 3});
-    writeBytes(picture("b.jpg"), "not a picture");
-    listAndSelectAll();
-    lvFolder.sort(0, Qt::DescendingOrder);
-    Basket pages = basket();
-    pages.cmdAddToQueue_Click();
-    for (const bool upright : {false, true}) {
-        view.settings.upright = pages.settings.upright = upright;
-        view.makeThumbnailsAgain();
-        EXPECT_EQ(lvFolder.selectedRows().size(), 2u);
-        waitForList();
-        pages.makeThumbnailsAgain();
-        ASSERT_EQ(texts(lvFolder), "turned.jpg a.png");
-        for (const auto& [list, images] : {std::pair(&lvFolder, &ilFolder), std::pair(&lvPages, &ilPages)})
-            EXPECT_EQ(isWhiteAtTheLeft(pictureAt(*images, list->row(0).icon)), upright);
-    }
-    EXPECT_EQ(ilFolder.count(), 2) << "no place for the row that is gone";
-}
-
 TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails) {
     makePicture(picture("a.bmp"), {7, 5});
     QFile::copy(picture("a.bmp"), picture("b.pcx")); // the detail view reads no header of this format
@@ -95,6 +67,9 @@ TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails)
     EXPECT_EQ(texts(lvFolder), "a.bmp b.pcx five.tiff good.jpg");
     EXPECT_EQ(column(lvFolder, FolderColumn::Pages), "1 1 5 1");
     EXPECT_EQ(ilFolder.count(), 4);
+    view.makeThumbnailsAgain();
+    waitForList();
+    EXPECT_EQ(ilFolder.count(), 4) << "no place for the rows that are gone";
 
     settings.folderView = 3;
     list(pictures);
@@ -136,9 +111,8 @@ TEST_F(FolderViewTest, LackOfMemoryForARowIsDeliveredAsAFailure) {
                      .settings = settings,
                      .info = {},
                      .known = {},
-                     .readContent = [](const QString&, const CollectionSettings&) -> RowContent {
-                         throw std::bad_alloc();
-                     }},
+                     .readThumbnail = [](const QString&, std::optional<Size>,
+                                         bool) -> std::optional<Thumbnail> { throw std::bad_alloc(); }},
                     [&] { woken.release(); });
     std::optional<TrappedError> failure;
     while (!failure) {
@@ -165,6 +139,27 @@ TEST_F(FolderViewTest, AScanIsTakenOverInStepsRowsBeforeWhatCompletesThem) {
     }
 }
 
+TEST_F(FolderViewTest, WhereMemoryIsShortOnlyThumbnailsInViewAreLarge) {
+    makePictures({"a.png", "b.png", "c.png", "d.png", "e.png", "f.png"});
+    settings.thumbnailMemory = 6 * 20 * 15 * 3;
+    int shown = 0;
+    view.visibleRows = [&] { return std::pair(shown, shown); };
+    list(pictures);
+    const auto large = [&] {
+        std::string rows;
+        for (int row = 0; row < lvFolder.count(); ++row)
+            rows += sizeAt(ilFolder, lvFolder.row(row).icon).width() == 40 ? 'L' : 's';
+        return rows;
+    };
+    for (const char* expected : {"Lsssss", "LLssss", "sLLsss", "ssLLss"}) {
+        view.preferVisibleRows();
+        while (large() != expected)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        ++shown;
+    }
+    EXPECT_EQ(sizeAt(ilFolder, lvFolder.row(0).icon), QSize(20, 15));
+}
+
 TEST_F(FolderViewTest, AFolderWithoutPermissionIsNamedInTheStatusLineUntilTheNextOne) {
     if (geteuid() == 0)
         GTEST_SKIP() << "root may read every folder";
@@ -174,17 +169,6 @@ TEST_F(FolderViewTest, AFolderWithoutPermissionIsNamedInTheStatusLineUntilTheNex
     EXPECT_TRUE(status.panel(QStringLiteral("status")).contains(pictures));
     list(folder.path());
     EXPECT_EQ(panel("status"), "");
-}
-
-TEST_F(FolderViewTest, RowsAreThereBeforeTheirPicturesAreRead) {
-    makePictures({"a.png", "b.png", "c.png"});
-    std::string resolutions = "none";
-    QObject::connect(&lvFolder, &QAbstractItemModel::rowsInserted, &lvFolder,
-                     [&] { resolutions = column(lvFolder, FolderColumn::Resolution); });
-    list(pictures);
-    EXPECT_EQ(resolutions, "  ");
-    EXPECT_EQ(progress.values.back(), 3);
-    EXPECT_EQ(progress.maximum, 3);
 }
 
 TEST_F(FolderViewTest, AnotherFolderTakesEffectAtOnceAndLeavesNoRowOfTheFirst) {

@@ -4,6 +4,7 @@
 #include "base/ErrorTrap.h"
 #include "base/TrappedError.h"
 #include "codecs/PictureFile.h"
+#include "codecs/PngTexts.h"
 #include "tests/fuzz/Fuzzers.h"
 
 #include <cstdint>
@@ -21,6 +22,7 @@ void fuzz::readPicture(const QByteArray& bytes) {
         header = file.header();
         file.metadata();
     });
+    ignoringErrors([&] { pngTexts(bytes, name); });
     if (std::int64_t(header.width) * header.height >= 1'000'000) // speed is not the question
         return;
     try {

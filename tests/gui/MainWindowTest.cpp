@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
+#include "collections/Thumbnail.h"
+#include "collections/forms/FolderTree.h"
 #include "controls/ListControl.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Boxes.h"
@@ -9,13 +11,19 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QSlider>
 #include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+#include <QWheelEvent>
 
 namespace tarsel::test {
 
@@ -80,23 +88,123 @@ TEST_F(MainWindow, AClickShowsThePictureAndItsFactsAndSeveralRowsShowNoOther) {
     }
     clickRow("lvFolder", 0);
     EXPECT_FALSE(window().workspace().ibMain.HasImage()) << "a damaged picture, and no dialog";
-    clickRow("lvFolder", 1);
-    clickRow("lvFolder", 2, Qt::ControlModifier);
-    clickRow("lvFolder", 4, Qt::ShiftModifier);
-    EXPECT_EQ(panel("filename"), "photo01.jpg");
-    click(window(), "cmdThumbnailFolder");
-    EXPECT_TRUE(waitFor([&] { return !window().folderView().isRunning(); }));
-    clickRow("lvFolder", 0);
-    QTest::keyClick(child<ListControl>(window(), "lvFolder").view(), Qt::Key_Right);
-    settle();
-    EXPECT_EQ(panel("filename"), "photo02.jpg");
 }
 
-TEST_F(MainWindow, RowsAreAddedByEnterAndDropMovedByDropRemovedByDeleteAndAllByNewBasket) {
+TEST_F(MainWindow, EachInputInTheFolderListSelectsShowsAndAdds) {
+    startListing(4);
+    const auto view = [&] { return child<ListControl>(window(), "lvFolder").view(); };
+    const auto key = [&](Qt::Key pressed, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(view(), pressed, with);
+    };
+    const auto placeOf = [&](int row) { return view()->visualRect(listed().index(row, 0)).center(); };
+    const struct {
+        const char* name;
+        std::function<void()> input;
+        const char* shown;
+        const char* added;
+        size_t selected;
+    } cases[] = {
+        {"click", [&] { clickRow("lvFolder", 2); }, "photo03.jpg", "", 1},
+        {"Ctrl+click", [&] { clickRow("lvFolder", 2, Qt::ControlModifier); }, "photo01.jpg", "", 2},
+        {"Shift+click", [&] { clickRow("lvFolder", 2, Qt::ShiftModifier); }, "photo01.jpg", "", 3},
+        {"arrow", [&] { key(Qt::Key_End); }, "photo04.jpg", "", 1},
+        {"Shift+arrow", [&] { key(Qt::Key_End, Qt::ShiftModifier); }, "photo01.jpg", "", 4},
+        {"Ctrl+A", [&] { key(Qt::Key_A, Qt::ControlModifier); }, "photo01.jpg", "", 4},
+        {"Return", [&] { key(Qt::Key_Return); }, "photo01.jpg", "photo01", 1},
+        {"double click",
+         [&] {
+             clickRow("lvFolder", 1);
+             QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, placeOf(1));
+         },
+         "photo02.jpg", "photo02", 1},
+        {"menu",
+         [&] {
+             QTest::mouseClick(view()->viewport(), Qt::RightButton, {}, placeOf(3));
+             QContextMenuEvent event(QContextMenuEvent::Mouse, placeOf(3), QCursor::pos());
+             QCoreApplication::sendEvent(view()->viewport(), &event);
+             auto& menu = child<QMenu>(window(), "mnuContextFolderParent");
+             ASSERT_TRUE(menu.isVisible());
+             menu.actions().first()->trigger();
+             menu.close();
+         },
+         "photo01.jpg", "photo04", 1},
+    };
+    for (const char* form : {"cmdThumbnailFolder", "cmdDetailFolder"}) {
+        click(window(), form);
+        for (const auto& each : cases) {
+            SCOPED_TRACE(std::string(form) + " " + each.name);
+            click(window(), "cmdPagesNew");
+            clickRow("lvFolder", 0);
+            each.input();
+            settle();
+            EXPECT_EQ(panel("filename"), each.shown);
+            EXPECT_EQ(texts(basket()), each.added);
+            EXPECT_EQ(listed().selectedRows().size(), each.selected);
+        }
+    }
+    for (const char* order : {"photo01 photo02 photo03 photo04", "photo04 photo03 photo02 photo01"}) {
+        QWidget* header = qobject_cast<QTreeView*>(view())->header()->viewport();
+        QTest::mouseClick(header, Qt::LeftButton, {}, {10, 5});
+        EXPECT_EQ(QString::fromStdString(texts(listed())).remove(QLatin1String(".jpg")).toStdString(), order);
+    }
+}
+
+TEST_F(MainWindow, ThumbnailsOfAnotherSizeLeaveOrderSelectionAndPlaceAsTheyAre) {
+    startListing(40);
+    auto& list = child<ListControl>(window(), "lvFolder");
+    auto& size = child<QSlider>(window(), "sldThumbnailSize");
+    EXPECT_EQ(size.value(), 40);
+    listed().sort(0, Qt::DescendingOrder);
+    clickRow("lvFolder", 20);
+    const auto place = [&] { return list.view()->visualRect(listed().index(20, 0)).top(); };
+    const int before = place();
+    const std::string order = texts(listed());
+    QWheelEvent wheel({5, 5}, list.view()->mapToGlobal(QPoint(5, 5)), {}, {0, 120}, {}, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(list.view()->viewport(), &wheel);
+    EXPECT_EQ(size.value(), 60);
+    EXPECT_EQ(list.thumbnailSize(), QSize(60, 60)) << "at once";
+    const auto made = [&] { return pictureAt(window().workspace().ilFolder, listed().row(39).icon).width(); };
+    EXPECT_EQ(made(), 40);
+    EXPECT_TRUE(waitFor([&] { return made() == 60 && !window().folderView().isRunning(); }));
+    EXPECT_EQ(texts(listed()), order);
+    EXPECT_EQ(listed().selectedRows(), std::vector<int>{20});
+    EXPECT_EQ(place(), before);
+    close();
+    start();
+    EXPECT_EQ(child<QSlider>(window(), "sldThumbnailSize").value(), 60);
+}
+
+TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsNamed) {
+    makePictures(3);
+    start();
+    const auto type = [&](const QString& text) {
+        QTest::keyClick(&window(), Qt::Key_L, Qt::ControlModifier);
+        auto& field = child<QLineEdit>(window(), "txtPath");
+        field.setText(text);
+        QTest::keyClick(&field, Qt::Key_Return);
+    };
+    type(pictures() + QStringLiteral("/photo02.jpg"));
+    EXPECT_TRUE(waitFor([&] { return panel("filename") == "photo02.jpg"; }));
+    EXPECT_EQ(listed().selectedRows(), std::vector<int>{1});
+    EXPECT_EQ(child<FolderTree>(window(), "ftvBrowse").selectedFolder(), pictures());
+    QDir().mkpath(path(".hidden"));
+    type(path(".hidden"));
+    EXPECT_EQ(child<FolderTree>(window(), "ftvBrowse").selectedFolder(), path(".hidden"));
+    EXPECT_EQ(panel("folder"), "Current Folder - " + path(".hidden").toStdString());
+    type(pictures());
+    type(path("nowhere"));
+    EXPECT_TRUE(panel("status").find(path("nowhere").toStdString()) != std::string::npos);
+    EXPECT_TRUE(waitFor([&] { return listed().count() == 3; }));
+    QTest::keyClick(&window(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(panel("folder"), "Current Folder - " + QFileInfo(pictures()).path().toStdString());
+    EXPECT_EQ(panel("status"), "");
+}
+
+TEST_F(MainWindow, RowsAreAddedByDropMovedByDropRemovedByDeleteAndAllByNewBasket) {
     startListing(3);
     clickRow("lvFolder", 1);
-    QTest::keyClick(child<ListControl>(window(), "lvFolder").view(), Qt::Key_Return);
-    EXPECT_EQ(texts(basket()), "photo02");
+    click(window(), "cmdAddToQueue");
     selectAllOf("lvFolder");
     auto& pages = child<ListControl>(window(), "lvPages");
     Q_EMIT pages.rowsDropped(&child<ListControl>(window(), "lvFolder"), -1);

@@ -2,6 +2,7 @@
 #include "collections/forms/BrowsePane.h"
 
 #include "collections/forms/FolderTree.h"
+#include "collections/forms/PlacesBar.h"
 #include "controls/ActionTable.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
@@ -54,6 +55,8 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     picFileSystem->setObjectName(QStringLiteral("picFileSystem"));
     auto* treeBox = new QVBoxLayout(picFileSystem);
     treeBox->setContentsMargins(0, 0, 0, 0);
+    treeBox->setSpacing(4);
+    treeBox->addWidget(makePlaces());
     treeBox->addWidget(m_tree);
     auto* panels = new QStackedWidget(this);
     panels->addWidget(picFileSystem);
@@ -75,6 +78,18 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     };
     connect(tbsBrowse, &QTabBar::currentChanged, this, showTab);
     showTab(0);
+}
+
+QWidget* BrowsePane::makePlaces() {
+    auto* places = new PlacesBar(m_tree->model(), m_actions, this);
+    connect(m_tree, &FolderTree::folderSelected, places, &PlacesBar::showFolder);
+    connect(places, &PlacesBar::folderChosen, m_tree, [this](const QString& folder) {
+        m_tree->selectFolder(folder);
+        m_tree->setFocus();
+    });
+    connect(places, &PlacesBar::fileChosen, this, &BrowsePane::fileChosen);
+    connect(places, &PlacesBar::pathRefused, this, &BrowsePane::pathRefused);
+    return places;
 }
 
 void BrowsePane::setRunning(bool running) {

@@ -13,7 +13,7 @@ class ActionTable;
 class FolderTree;
 class ListControl;
 
-/// The left pane: the folder tree and the task basket, on two tabs.
+/// The left pane: places and folder tree, and the task basket, on two tabs.
 class BrowsePane final : public QWidget {
     Q_OBJECT
 public:
@@ -27,8 +27,11 @@ public:
 Q_SIGNALS:
     /// A button of the task basket, by its index: 0 new, 1 open, 2 save, 3 remove.
     void cmdEditBar(int index);
+    void fileChosen(const QString& path); ///< a picture that was typed, after its folder
+    void pathRefused(const QString& reason);
 
 private:
+    QWidget* makePlaces();
     QWidget* makeTaskPanel(const ActionTable& actions);
 
     const ActionTable& m_actions;

@@ -5,18 +5,31 @@
 #include "collections/FolderView.h"
 #include "collections/forms/PictureImage.h"
 #include "controls/ActionTable.h"
+#include "controls/FocusSlider.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
 
+#include <QAbstractItemView>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <QToolButton>
+#include <algorithm>
 
 namespace tarsel {
 
+namespace {
+
+// What users can choose, in pixels.
+constexpr int smallestThumbnail = 20;
+constexpr int largestThumbnail = 300;
+
+} // namespace
+
 FolderPane::FolderPane(FolderView& view, ListView& lvFolder, const ActionTable& actions, QWidget* parent) :
-    QWidget(parent), m_view(view), m_actions(actions), m_list(new ListControl(lvFolder, this)) {
+    QWidget(parent), m_view(view), m_actions(actions), m_list(new ListControl(lvFolder, this)),
+    m_size(new FocusSlider(Qt::Horizontal, this)) {
     m_list->setObjectName(QStringLiteral("lvFolder"));
     m_list->setAccessibleName(tr("Pictures of the folder"));
     m_list->setPixmapMaker(pixmapOf);
@@ -25,6 +38,7 @@ FolderPane::FolderPane(FolderView& view, ListView& lvFolder, const ActionTable& 
     layOutPane(this, makeBar(), m_list);
     connectList();
     connectActions();
+    connectSize();
 }
 
 void FolderPane::setForm(int folderView) {
@@ -36,6 +50,7 @@ QLayout* FolderPane::makeBar() {
     bar->setSpacing(2);
     bar->addWidget(makePaneCaption(tr("Folder"), this));
     bar->addStretch(1);
+    bar->addWidget(m_size, 4);
     bar->addWidget(m_actions.makeButton("cmdAddToQueue", this, Qt::ToolButtonTextBesideIcon));
     for (const char* name : {"cmdThumbnailFolder", "cmdDetailFolder", "cmdRefreshFolder"})
         bar->addWidget(m_actions.makeButton(name, this));
@@ -48,12 +63,84 @@ void FolderPane::connectList() {
         return std::pair(rows.first, rows.last);
     };
     connect(&m_view, &FolderView::runningChanged, this, &FolderPane::showHint);
+    // After the view has taken the rows.
+    connect(&m_list->list(), &QAbstractItemModel::rowsInserted, this, &FolderPane::selectWantedFile,
+            Qt::QueuedConnection);
+    connect(&m_view, &FolderView::runningChanged, this, &FolderPane::selectWantedFile, Qt::QueuedConnection);
     connect(m_list, &ListControl::viewMoved, &m_view, &FolderView::preferVisibleRows);
     connect(m_list, &ListControl::rowDoubleClicked, this, &FolderPane::cmdAddToQueue);
     connect(m_list, &ListControl::enterPressed, this, &FolderPane::cmdAddToQueue);
     connect(m_list, &ListControl::rowClicked, this, &FolderPane::chooseRow);
     connect(m_list, &ListControl::arrowReleased, this, &FolderPane::chooseRow);
     connect(m_list, &ListControl::formChanged, this, &FolderPane::showForm);
+}
+
+void FolderPane::connectSize() {
+    m_size->setObjectName(QStringLiteral("sldThumbnailSize"));
+    m_size->setAccessibleName(tr("Size of the thumbnails"));
+    m_size->setToolTip(tr("Size of the thumbnails (Ctrl+mouse wheel)"));
+    m_size->setRange(smallestThumbnail, largestThumbnail);
+    m_size->setPageStep(40);
+    m_size->setMinimumWidth(fontMetrics().averageCharWidth() * 5);
+    m_size->setMaximumWidth(fontMetrics().averageCharWidth() * 18);
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(250);
+    connect(m_size, &QSlider::valueChanged, this, &FolderPane::resizeThumbnails);
+    connect(m_size, &QSlider::sliderReleased, this, &FolderPane::takeThumbnailSize);
+    connect(m_list, &ListControl::zoomed, this, &FolderPane::zoom);
+    connect(&m_rest, &QTimer::timeout, this, &FolderPane::takeThumbnailSize);
+}
+
+void FolderPane::setThumbnailSize(QSize size) {
+    m_proportions = size;
+    m_rest.stop();
+    const QSignalBlocker blocker(m_size);
+    m_size->setValue(std::max(size.width(), size.height()));
+    m_list->setThumbnailSize(size);
+}
+
+/// The thumbnails that are there are scaled at once.
+void FolderPane::resizeThumbnails(int side) {
+    const QSize inside = m_proportions.scaled(side, side, Qt::KeepAspectRatio);
+    m_list->setThumbnailSize(inside.expandedTo({smallestThumbnail, smallestThumbnail}));
+    m_rest.start();
+}
+
+void FolderPane::zoom(int angle) {
+    constexpr int notch = 120;
+    m_wheelAngle += angle;
+    m_size->setValue(m_size->value() + m_wheelAngle / notch * m_size->pageStep() / 2);
+    m_wheelAngle %= notch;
+}
+
+/// Sharp thumbnails are made when the size has stayed the same for a moment.
+void FolderPane::takeThumbnailSize() {
+    m_rest.stop();
+    if (!m_size->isSliderDown())
+        Q_EMIT thumbnailSizeChosen(m_list->thumbnailSize());
+}
+
+void FolderPane::selectFile(const QString& path) {
+    m_wantedFile = path;
+    selectWantedFile();
+}
+
+void FolderPane::selectWantedFile() {
+    if (m_wantedFile.isEmpty())
+        return;
+    ListView& rows = m_list->list();
+    for (int row = 0; row < rows.count(); ++row) {
+        if (rows.row(row).tag != m_wantedFile)
+            continue;
+        m_wantedFile.clear();
+        rows.selectOnly(row);
+        m_list->view()->scrollTo(rows.index(row, 0));
+        m_list->setFocus();
+        Q_EMIT rowChosen(rows, row);
+        return;
+    }
+    if (!m_view.isRunning())
+        m_wantedFile.clear();
 }
 
 void FolderPane::connectActions() {
@@ -100,6 +187,7 @@ void FolderPane::showHint() {
 
 void FolderPane::showForm() {
     const bool details = m_list->form() == ListControl::Form::Details;
+    m_size->setEnabled(!details);
     m_actions.action(details ? "cmdDetailFolder" : "cmdThumbnailFolder").setChecked(true);
 }
 

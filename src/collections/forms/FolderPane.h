@@ -3,6 +3,7 @@
 
 #include "base/ListView.h"
 
+#include <QTimer>
 #include <QWidget>
 
 class QLayout;
@@ -10,6 +11,7 @@ class QLayout;
 namespace tarsel {
 
 class ActionTable;
+class FocusSlider;
 class FolderView;
 class ListControl;
 
@@ -22,8 +24,12 @@ public:
 
     ListControl& lvFolder() const { return *m_list; }
     void setForm(int folderView); ///< 0 thumbnails, else details
+    void setThumbnailSize(QSize size);
+    /// Selects and shows a picture of the listed folder, as soon as it has a row.
+    void selectFile(const QString& path);
 
 Q_SIGNALS:
+    void thumbnailSizeChosen(QSize size); ///< by the user, who has come to rest
     void cmdAddToQueue();
     void formChosen(int folderView);                 ///< by the user: 0 thumbnails, 3 details
     void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
@@ -32,15 +38,25 @@ private:
     QLayout* makeBar();
     void connectList();
     void connectActions();
+    void connectSize();
     void cmdThumbnailFolder();
     void cmdDetailFolder();
     void chooseRow();
     void showForm();
     void showHint();
+    void resizeThumbnails(int side);
+    void zoom(int angle);
+    void takeThumbnailSize();
+    void selectWantedFile();
 
     FolderView& m_view;
     const ActionTable& m_actions;
     ListControl* m_list;
+    FocusSlider* m_size;
+    QSize m_proportions; ///< of thumbnails, which the slider keeps
+    QTimer m_rest;       ///< runs while the size is being changed
+    int m_wheelAngle = 0;
+    QString m_wantedFile; ///< waits for its row
 };
 
 } // namespace tarsel

@@ -56,14 +56,16 @@ FolderTree::FolderTree(QWidget* parent) :
     header()->hide();
     // Deep folders keep their names: the tree scrolls sideways instead.
     header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(0, QHeaderView::Fixed);
+    header()->setMinimumSectionSize(0);
+    header()->setResizeContentsPrecision(0); // only what is in view is measured
     setTextElideMode(Qt::ElideNone);
     setIndentation(16);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& current) {
         if (current.isValid())
-            Q_EMIT folderSelected(m_model->filePath(current));
+            Q_EMIT folderSelected(m_selected = m_model->filePath(current));
     });
     // Folders come in later than the selection; it is to stay in view while they do.
     m_settle.setObjectName(QStringLiteral("settle"));
@@ -77,22 +79,51 @@ FolderTree::FolderTree(QWidget* parent) :
     connect(m_model, &QFileSystemModel::directoryLoaded, this, settle);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, settle);
     connect(m_model, &QAbstractItemModel::layoutChanged, this, settle);
+    m_fit.setSingleShot(true);
+    m_fit.setInterval(0);
+    connect(&m_fit, &QTimer::timeout, this, &FolderTree::fitColumn);
+    const auto fit = [this] { m_fit.start(); };
+    connect(m_model, &QFileSystemModel::directoryLoaded, this, fit);
+    connect(this, &QTreeView::expanded, this, fit);
+    connect(this, &QTreeView::collapsed, this, fit);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, fit);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, fit);
 }
 
 void FolderTree::selectFolder(const QString& path) {
-    const QModelIndex index = m_model->index(nearestFolder(path));
+    const QString folder = nearestFolder(path);
+    const QModelIndex index = m_model->index(folder);
     if (!index.isValid())
-        return;
+        return selectHiddenFolder(folder);
     setCurrentIndex(index);
     expand(index.parent());
     m_following = true;
     m_settle.start();
 }
 
+/// A folder without a row in the tree; none is current then, so that a click on any row counts.
+void FolderTree::selectHiddenFolder(const QString& folder) {
+    if (folder.isEmpty())
+        return;
+    setCurrentIndex({});
+    Q_EMIT folderSelected(m_selected = folder);
+}
+
+/// Wide enough for the names in view.
+void FolderTree::fitColumn() {
+    setColumnWidth(0, std::max(viewport()->width(), sizeHintForColumn(0)));
+}
+
+void FolderTree::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    fitColumn();
+}
+
 /// Centres the current folder vertically. Sideways the tree moves only as far as that folder's name needs:
 /// parents' names start at the left edge.
 void FolderTree::centreCurrentFolder() {
     scrollTo(currentIndex(), PositionAtCenter);
+    fitColumn();
     const int scrolled = horizontalScrollBar()->value();
     const int left = visualRect(currentIndex()).left() + scrolled;
     const int right = left + sizeHintForIndex(currentIndex()).width();
@@ -101,7 +132,7 @@ void FolderTree::centreCurrentFolder() {
 }
 
 QString FolderTree::selectedFolder() const {
-    return currentIndex().isValid() ? m_model->filePath(currentIndex()) : QString();
+    return m_selected;
 }
 
 /// From here on the view is the user's own.

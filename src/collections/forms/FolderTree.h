@@ -28,13 +28,18 @@ Q_SIGNALS:
 
 protected:
     bool viewportEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void selectHiddenFolder(const QString& folder);
     void centreCurrentFolder();
+    void fitColumn();
 
     QFileSystemModel* m_model;
     std::unique_ptr<QAbstractFileIconProvider> m_icons;
+    QString m_selected;
     QTimer m_settle{this};
+    QTimer m_fit{this};
     bool m_following = false; ///< the selection is kept in view until the user scrolls or clicks
 };
 

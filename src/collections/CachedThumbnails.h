@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "collections/Thumbnail.h"
+
+namespace tarsel {
+
+/// loadThumbnail by way of the thumbnails that the programs of this desktop share in `folder`: a picture that
+/// was seen before, here or in a file manager, is not decoded again. Files of this program, below
+/// `privateFolder`, get none.
+ThumbnailReader cachedThumbnails(const QString& folder, const QString& privateFolder);
+
+} // namespace tarsel

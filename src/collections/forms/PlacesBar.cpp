@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/forms/PlacesBar.h"
+
+#include "collections/TypedPath.h"
+#include "controls/ActionTable.h"
+
+#include <QCompleter>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QStandardPaths>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace tarsel {
+
+namespace {
+
+constexpr const char* places[] = {"cmdHomeFolder", "cmdPicturesFolder", "cmdDesktopFolder",
+                                  "cmdParentFolder"};
+
+/// Completes "~/pic" like the complete path.
+class PathCompleter final : public QCompleter {
+public:
+    using QCompleter::QCompleter;
+    QStringList splitPath(const QString& path) const override {
+        return QCompleter::splitPath(withHomeFolder(path));
+    }
+};
+
+} // namespace
+
+PlacesBar::PlacesBar(QAbstractItemModel* folders, const ActionTable& actions, QWidget* parent) :
+    QWidget(parent), m_actions(actions), m_path(new QLineEdit(this)) {
+    auto* bar = new QHBoxLayout;
+    bar->setSpacing(2);
+    for (const char* name : places)
+        bar->addWidget(actions.makeButton(name, this));
+    bar->addStretch(1);
+    m_path->setObjectName(QStringLiteral("txtPath"));
+    m_path->setAccessibleName(tr("Path of the folder"));
+    m_path->setPlaceholderText(tr("Path of a folder"));
+    m_path->setCompleter(new PathCompleter(folders, m_path));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addLayout(bar);
+    rows->addWidget(m_path);
+
+    using Paths = QStandardPaths;
+    connectPlace("cmdHomeFolder", [] { return Paths::writableLocation(Paths::HomeLocation); });
+    connectPlace("cmdPicturesFolder", [] { return Paths::writableLocation(Paths::PicturesLocation); });
+    connectPlace("cmdDesktopFolder", [] { return Paths::writableLocation(Paths::DesktopLocation); });
+    connectPlace("cmdParentFolder", [this] { return QFileInfo(m_folder).path(); });
+    parent->addAction(&actions.action("cmdTypePath"));
+    connect(&actions.action("cmdTypePath"), &QAction::triggered, m_path, [this] {
+        m_path->setFocus(Qt::ShortcutFocusReason);
+        m_path->selectAll();
+    });
+    connect(m_path, &QLineEdit::returnPressed, this, [this] { goTo(m_path->text()); });
+}
+
+void PlacesBar::connectPlace(const char* action, const std::function<QString()>& place) {
+    connect(&m_actions.action(action), &QAction::triggered, this, [this, place] { goTo(place()); });
+}
+
+void PlacesBar::showFolder(const QString& folder) {
+    m_folder = folder;
+    m_path->setText(folder);
+}
+
+/// A path that is refused stays in the field, so that it can be corrected.
+void PlacesBar::goTo(const QString& text) {
+    const TypedPath typed = typedPath(text, m_folder);
+    if (typed.folder.isEmpty()) {
+        Q_EMIT pathRefused(typed.refusal);
+        m_isRefused = true;
+        return;
+    }
+    showFolder(typed.folder);
+    if (std::exchange(m_isRefused, false))
+        Q_EMIT pathRefused({});
+    Q_EMIT folderChosen(typed.folder);
+    if (!typed.file.isEmpty())
+        Q_EMIT fileChosen(typed.file);
+}
+
+} // namespace tarsel
