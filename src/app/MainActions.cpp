@@ -31,10 +31,15 @@ constexpr ActionRow rows[] = {
     // the preview
     {"cmdPreviewPrevious", TEXT("Previous image"), TEXT("Previous image"), "previous", "Alt+Left"},
     {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next", "Alt+Right"},
+    {"cmdPreviewView", TEXT("Best &Fit"), TEXT("Show the complete picture or each of its pixels"), "zoom"},
+    {"mnuPreviewBestFit", TEXT("Best &Fit"), "", "", "Ctrl+9", "previewFit"},
+    {"mnuPreviewActualSize", TEXT("Ac&tual Size"), "", "", "Ctrl+0", "previewFit"},
     {"cmdPreviewType", TEXT("&Original "), TEXT("Show the picture as it is or with the tasks applied"),
      "iDetailIcon"},
     {"mnuPreviewOriginal", TEXT("&Original"), "", "", "", "previewType"},
     {"mnuPreviewOptimized", TEXT("O&ptimized"), "", "", "", "previewType"},
+    {"cmdPreviewSave", TEXT("Save ima&ge"), TEXT("Save the picture on show"), "save"},
+    {"mnuPreviewSaveImage", TEXT("&Image document"), "", "", "Ctrl+E"},
 };
 
 #undef TEXT

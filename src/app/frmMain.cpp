@@ -16,6 +16,7 @@
 #include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
+#include "imaging/Upright.h"
 #include "metadata/forms/MetadataPane.h"
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
@@ -23,6 +24,7 @@
 
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+#include <cmath>
 #include <utility>
 
 namespace tarsel {
@@ -129,19 +131,38 @@ void frmMain::connectTaskBasket() {
 }
 
 void frmMain::connectPreview() {
-    connect(&m_preview, &Preview::pictureChanged, &m_previewPane->ibMain(),
-            [this] { m_previewPane->ibMain().boxChanged(m_preview.display()); });
+    ImageBoxView& view = m_previewPane->ibMain();
+    connect(&m_preview, &Preview::pictureChanged, m_previewPane,
+            [this] { m_previewPane->pictureChanged(m_preview.shown()); });
+    connect(&m_preview, &Preview::loadingBegun, &view, &ImageBoxView::expect);
+    connect(&view, &ImageBoxView::containerResized, this,
+            [this, &view] { m_preview.view = view.container(); });
+    connect(&view, &ImageBoxView::zoomChanged, this, &frmMain::updateZoom);
+    connect(m_previewPane, &PreviewPane::previewFitChosen, this, &frmMain::showZoom);
     connect(&m_preview, &Preview::metadataRead, m_metadataPane,
             [this](MetadataTab tab) { m_metadataPane->showTab(int(tab)); });
     connect(m_previewPane, &PreviewPane::previewTypeChosen, this, [this](int type) {
         m_preview.OptimizedPreview = type != 0;
         m_preview.rebuild();
     });
+    connect(m_previewPane, &PreviewPane::saveImageDocument, this, &frmMain::saveImageDocument);
+    connect(&m_imageDocument, &ImageDocument::progressed, this, &frmMain::SetStatus);
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
 }
 
 // --- the course of the run
+
+void frmMain::showZoom() {
+    m_zoomText = QStringLiteral("%1%").arg(std::nearbyint(m_workspace.ibMain.Zoom));
+    SetStatus(m_zoomText);
+}
+
+/// Other texts stay until the user asks for the zoom again.
+void frmMain::updateZoom() {
+    if (!m_zoomText.isEmpty() && m_workspace.sbMain.panel(QStringLiteral("status")) == m_zoomText)
+        showZoom();
+}
 
 void frmMain::SetStatus(const QString& text) {
     m_workspace.sbMain.setPanel(QStringLiteral("status"), text);
@@ -161,7 +182,19 @@ void frmMain::dropRows(const ListControl* source, int row) {
 
 /// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
+    m_workspace.ibMain.ClearSelection();
     m_preview.ShowRow(ActiveList->list(), ActiveList->selectNeighbour(step));
+}
+
+void frmMain::saveImageDocument() {
+    ImageBox& ibMain = m_workspace.ibMain;
+    if (!ibMain.HasImage())
+        return;
+    ibMain.ClearSelection();
+    ImageBox box = ibMain;
+    if (m_preview.upright)
+        declareUpright(box);
+    m_imageDocument.ShowSaveDialog(std::move(box), m_preview.shownPath());
 }
 
 /// Preview and folder show what a batch would write now.

@@ -6,6 +6,7 @@
 #include "collections/Preview.h"
 #include "collections/Workspace.h"
 #include "controls/ActionTable.h"
+#include "output/forms/ImageDocument.h"
 
 #include <QLockFile>
 #include <QMainWindow>
@@ -49,7 +50,7 @@ public:
 
     Workspace& workspace() { return m_workspace; }
     const FolderView& folderView() const { return m_folderView; }
-    const Preview& preview() const { return m_preview; }
+    Preview& preview() { return m_preview; }
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
@@ -94,6 +95,9 @@ private:
     void addSelectionToBasket();
     void dropRows(const ListControl* source, int row);
     void showNeighbour(int step);
+    void saveImageDocument();
+    void showZoom();
+    void updateZoom();
 
     // Form_Unload
     void subEnd();
@@ -107,6 +111,7 @@ private:
     FolderView m_folderView;
     Basket m_basket;
     Preview m_preview;
+    ImageDocument m_imageDocument;
     std::unique_ptr<QLockFile> m_instance;
 
     ActionTable m_actions;
@@ -125,6 +130,7 @@ private:
     bool m_loaded = false;
     ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;
+    QString m_zoomText; ///< as the status line showed it last
     Size m_basketThumb; ///< working copy of the basket's thumbnail size
     Size m_folderThumb;
 };

@@ -26,7 +26,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
-#include <QScreen>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -101,6 +100,7 @@ void frmMain::loadSettings() {
     splView->setSplitterPosition(ConfigRecord.SplitterView);
     m_previewPane->setPreviewType(ConfigRecord.PreviewType);
     m_preview.OptimizedPreview = ConfigRecord.PreviewType != 0;
+    m_previewPane->setPreviewFit(ConfigRecord.PreviewFit);
     forEachColumnWidth(
         [](ListControl& list, int column, qint16& width) { list.setColumnWidth(column, width); });
     m_folderView.settings.folderView = ConfigRecord.FolderView;
@@ -162,8 +162,6 @@ void frmMain::subUpdateForm() {
         TrappingString = QStringLiteral("Updating settings to controls");
         m_basketThumb = {ConfigRecord.BasketThumbWidth, ConfigRecord.BasketThumbHeight};
         takeThumbnailSizes();
-        const QSize screenPixels = screen()->size() * devicePixelRatioF();
-        m_preview.displayLimit = {screenPixels.width(), screenPixels.height()};
         m_preview.upright = ConfigRecord.BatchSave.UprightByExif == 1;
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_options.programFolder;
@@ -255,6 +253,7 @@ void frmMain::storePositions() {
     ConfigRecord.SplitterLeft = qint16(splLeft->SplitterPosition());
     ConfigRecord.SplitterView = qint16(splView->SplitterPosition());
     ConfigRecord.PreviewType = quint8(m_previewPane->previewType());
+    ConfigRecord.PreviewFit = quint8(m_previewPane->previewFit());
     const QString folder = m_browsePane->ftvBrowse().selectedFolder();
     if (!folder.isEmpty())
         ConfigRecord.LastFolder = folder;
