@@ -22,6 +22,7 @@
 #include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
+#include "imaging/Upright.h"
 #include "metadata/forms/MetadataPane.h"
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
@@ -30,6 +31,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
+#include <cmath>
 #include <utility>
 
 namespace tarsel {
@@ -115,11 +117,6 @@ void frmMain::connectFolderPane() {
             [](int folderView) { ConfigRecord.FolderView = quint8(folderView); });
     list.acceptFiles();
     connect(&list, &ListControl::filesOffered, this, &frmMain::showOfferedFile);
-    connect(&m_workspace.lvFolder, &QAbstractItemModel::rowsInserted, this, &frmMain::selectOfferedFile);
-    connect(&m_folderView, &FolderView::runningChanged, this, [this] {
-        if (!m_folderView.isRunning())
-            m_offeredFile.clear();
-    });
     connect(m_folderPane, &FolderPane::rowChosen, &m_preview, &Preview::ShowRow);
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
 }
@@ -167,19 +164,38 @@ void frmMain::connectTaskBasket() {
 }
 
 void frmMain::connectPreview() {
-    connect(&m_preview, &Preview::pictureChanged, &m_previewPane->ibMain(),
-            [this] { m_previewPane->ibMain().boxChanged(m_preview.display()); });
+    ImageBoxView& view = m_previewPane->ibMain();
+    connect(&m_preview, &Preview::pictureChanged, m_previewPane,
+            [this] { m_previewPane->pictureChanged(m_preview.shown()); });
+    connect(&m_preview, &Preview::loadingBegun, &view, &ImageBoxView::expect);
+    connect(&view, &ImageBoxView::containerResized, this,
+            [this, &view] { m_preview.view = view.container(); });
+    connect(&view, &ImageBoxView::zoomChanged, this, &frmMain::updateZoom);
+    connect(m_previewPane, &PreviewPane::previewFitChosen, this, &frmMain::showZoom);
     connect(&m_preview, &Preview::metadataRead, m_metadataPane,
             [this](MetadataTab tab) { m_metadataPane->showTab(int(tab)); });
     connect(m_previewPane, &PreviewPane::previewTypeChosen, this, [this](int type) {
         m_preview.OptimizedPreview = type != 0;
         m_preview.rebuild();
     });
+    connect(m_previewPane, &PreviewPane::saveImageDocument, this, &frmMain::saveImageDocument);
+    connect(&m_imageDocument, &ImageDocument::progressed, this, &frmMain::SetStatus);
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
 }
 
 // --- the course of the run
+
+void frmMain::showZoom() {
+    m_zoomText = QStringLiteral("%1%").arg(std::nearbyint(m_workspace.ibMain.Zoom));
+    SetStatus(m_zoomText);
+}
+
+/// Other texts stay until the user asks for the zoom again.
+void frmMain::updateZoom() {
+    if (!m_zoomText.isEmpty() && m_workspace.sbMain.panel(QStringLiteral("status")) == m_zoomText)
+        showZoom();
+}
 
 void frmMain::SetStatus(const QString& text) {
     m_workspace.sbMain.setPanel(QStringLiteral("status"), text);
@@ -219,27 +235,14 @@ void frmMain::showOfferedFile(const QList<QUrl>& files) {
     const QFileInfo file(path);
     if (path.isEmpty() || !file.exists())
         return SetStatus(skippedText({{}, path.isEmpty() ? 1 : 0, path.isEmpty() ? 0 : 1}, 0));
-    m_offeredFile = file.isDir() ? QString() : file.absoluteFilePath();
     m_browsePane->ftvBrowse().selectFolder(file.isDir() ? path : file.absolutePath());
-    selectOfferedFile();
-}
-
-void frmMain::selectOfferedFile() {
-    ListView& folder = m_workspace.lvFolder;
-    if (m_offeredFile.isEmpty())
-        return;
-    for (int row = 0; row < folder.count(); ++row) {
-        if (folder.row(row).tag != m_offeredFile)
-            continue;
-        m_offeredFile.clear();
-        folder.selectOnly(row);
-        m_preview.ShowRow(folder, row);
-        return;
-    }
+    if (!file.isDir())
+        m_folderPane->selectFile(file.absoluteFilePath());
 }
 
 /// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
+    m_workspace.ibMain.ClearSelection();
     m_preview.ShowRow(ActiveList->list(), ActiveList->selectNeighbour(step));
 }
 
@@ -253,6 +256,17 @@ void frmMain::chooseThumbnailSize(QSize size) {
     ConfigRecord.FolderThumbHeight = qint16(size.height());
     m_folderThumb = m_folderView.settings.folderThumb = {size.width(), size.height()};
     m_folderView.makeThumbnailsAgain();
+}
+
+void frmMain::saveImageDocument() {
+    ImageBox& ibMain = m_workspace.ibMain;
+    if (!ibMain.HasImage())
+        return;
+    ibMain.ClearSelection();
+    ImageBox box = ibMain;
+    if (m_preview.upright)
+        declareUpright(box);
+    m_imageDocument.ShowSaveDialog(std::move(box), m_preview.shownPath());
 }
 
 /// Preview and folder show what a batch would write now.

@@ -6,6 +6,7 @@
 #include "collections/Preview.h"
 #include "collections/Workspace.h"
 #include "controls/ActionTable.h"
+#include "output/forms/ImageDocument.h"
 
 #include <QLockFile>
 #include <QMainWindow>
@@ -50,7 +51,7 @@ public:
 
     Workspace& workspace() { return m_workspace; }
     const FolderView& folderView() const { return m_folderView; }
-    const Preview& preview() const { return m_preview; }
+    Preview& preview() { return m_preview; }
 
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
@@ -99,9 +100,11 @@ private:
     void dropRows(const ListControl* source, int row);
     void removeFromBasket(void (Basket::*remove)());
     void showOfferedFile(const QList<QUrl>& files);
-    void selectOfferedFile();
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
+    void saveImageDocument();
+    void showZoom();
+    void updateZoom();
 
     // Form_Unload
     void subEnd();
@@ -115,6 +118,7 @@ private:
     FolderView m_folderView;
     Basket m_basket;
     Preview m_preview;
+    ImageDocument m_imageDocument;
     std::unique_ptr<QLockFile> m_instance;
 
     ActionTable m_actions;
@@ -133,8 +137,8 @@ private:
     bool m_loaded = false;
     ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;
-    QString m_offeredFile; ///< to be selected as soon as its folder is listed
-    Size m_basketThumb;    ///< working copy of the basket's thumbnail size
+    QString m_zoomText; ///< as the status line showed it last
+    Size m_basketThumb; ///< working copy of the basket's thumbnail size
     Size m_folderThumb;
 };
 

@@ -26,7 +26,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
-#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
@@ -102,6 +101,7 @@ void frmMain::loadSettings() {
     splView->setSplitterPosition(ConfigRecord.SplitterView);
     m_previewPane->setPreviewType(ConfigRecord.PreviewType);
     m_preview.OptimizedPreview = ConfigRecord.PreviewType != 0;
+    m_previewPane->setPreviewFit(ConfigRecord.PreviewFit);
     forEachColumnWidth(
         [](ListControl& list, int column, qint16& width) { list.setColumnWidth(column, width); });
     m_folderView.settings.folderView = ConfigRecord.FolderView;
@@ -274,6 +274,7 @@ void frmMain::storePositions() {
     ConfigRecord.SplitterLeft = qint16(splLeft->SplitterPosition());
     ConfigRecord.SplitterView = qint16(splView->SplitterPosition());
     ConfigRecord.PreviewType = quint8(m_previewPane->previewType());
+    ConfigRecord.PreviewFit = quint8(m_previewPane->previewFit());
     const QString folder = m_browsePane->ftvBrowse().selectedFolder();
     if (!folder.isEmpty())
         ConfigRecord.LastFolder = folder;

@@ -86,8 +86,8 @@ void Preview::show(bool withTasks) {
 }
 
 void Preview::request(const QString& path, bool withTasks) {
-    PreviewWorker::Request request{++m_lastNumber, path,         m_original, m_lists.ibMain.metadata(),
-                                   m_lists.ibMain, displayLimit, {},         upright};
+    PreviewWorker::Request request{++m_lastNumber, path, m_original, m_lists.ibMain.metadata(),
+                                   m_lists.ibMain, view, {},         upright};
     request.box.Clear();
     request.box.StretchToFit = true;
     if (withTasks)
@@ -97,6 +97,8 @@ void Preview::request(const QString& path, bool withTasks) {
         service<EventLoop>().setBusyPointer(true);
     m_pending = Pending{request.number, path};
     m_worker.request(std::move(request));
+    if (!path.isEmpty())
+        Q_EMIT loadingBegun(path);
 }
 
 void Preview::leaveFolder() {
@@ -111,7 +113,8 @@ void Preview::clear() {
     service<EventLoop>().setBusyPointer(false);
     for (QString* path : {&m_shownPath, &m_wantedPath, &m_describedPath, &m_nextDescribedPath})
         path->clear();
-    m_original = m_display = {};
+    m_original = {};
+    m_shown = {};
     m_lists.ibMain.Clear();
     m_lists.lvExif.clear();
     m_lists.lvIPTC.clear();
@@ -131,12 +134,22 @@ void Preview::stop() {
 void Preview::apply(PreviewWorker::Result result) {
     if (!m_pending || result.number != m_pending->number)
         return;
+    m_shown = std::move(result.shown);
+    m_shown.path = result.path.isEmpty() ? m_shownPath : result.path;
+    if (result.isFinal)
+        takeResult(std::move(result));
+    else
+        Q_EMIT pictureChanged();
+}
+
+void Preview::takeResult(PreviewWorker::Result result) {
     m_pending.reset();
-    const bool loaded = result.box.HasImage();
-    std::optional<TrappedError> failure = std::move(result.failure);
+    const std::optional<TrappedError> failure = std::move(result.failure);
     const QString path = result.path;
-    if (loaded)
+    if (result.box.HasImage())
         takePicture(result);
+    else
+        m_lists.ibMain.Clear();
     if (!failure)
         service<EventLoop>().setBusyPointer(false);
     if (!path.isEmpty())
@@ -156,7 +169,6 @@ void Preview::takePicture(PreviewWorker::Result& result) {
     else
         m_shownPath = result.path;
     m_original = std::move(result.original);
-    m_display = std::move(result.display);
     m_lists.ibMain = std::move(result.box);
     m_lists.ibMain.Visible = true;
     m_lists.ibMain.Tag = m_shownPath;
@@ -189,6 +201,8 @@ void Preview::completeResolution(ListView& list, const QString& path) const {
 }
 
 void Preview::listMetadata(const QString& path) {
+    m_lists.lvExif.clear();
+    m_lists.lvIPTC.clear();
     const QString extension = clsFileInfo::StripFileExtention(path).toLower();
     if (isOneOf(extension, {"tif", "tiff", "jpg", "jpeg", "jpe"})) {
         modMetadata::ListExifAttributes(m_lists.ibMain, m_lists.lvExif, path);

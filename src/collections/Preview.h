@@ -33,7 +33,7 @@ public:
     explicit Preview(Lists lists);
 
     bool OptimizedPreview = false; ///< pictures are shown with the tasks applied
-    Size displayLimit{3840, 2400}; ///< pixels of the screen: what is shown need not be larger
+    Size view{1920, 1080};         ///< pixels of the screen that the picture is shown on
     bool upright = false;          ///< pictures are turned by their EXIF orientation, from the next load on
 
     /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
@@ -49,13 +49,14 @@ public:
     void leaveFolder();
     /// Drops what is being loaded.
     void stop();
-    /// The box's picture for the screen: in its colours, not larger than displayLimit.
-    const Picture& display() const { return m_display; }
+    /// What is to be seen now. While a large picture is being read, the box is still empty.
+    const PreviewPicture& shown() const { return m_shown; }
     bool isBusy() const { return m_pending.has_value(); }
     /// Path of the picture shown last; empty before the first one.
     const QString& shownPath() const { return m_shownPath; }
 
 Q_SIGNALS:
+    void loadingBegun(const QString& path);
     void pictureChanged();
     void metadataRead(tarsel::MetadataTab tab);
 
@@ -68,6 +69,7 @@ private:
     void show(bool withTasks);
     void request(const QString& path, bool withTasks);
     void apply(PreviewWorker::Result result);
+    void takeResult(PreviewWorker::Result result);
     void takePicture(PreviewWorker::Result& result);
     void describe(const QString& path);
     void completeResolution(ListView& list, const QString& path) const;
@@ -78,7 +80,7 @@ private:
 
     Lists m_lists;
     Picture m_original; ///< as loaded, without the tasks
-    Picture m_display;
+    PreviewPicture m_shown;
     QString m_shownPath;
     QString m_wantedPath;    ///< of the row shown last, whether its picture could be loaded or not
     QString m_describedPath; ///< of the row of lvFolder that two panels describe

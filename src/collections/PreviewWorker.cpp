@@ -4,14 +4,16 @@
 #include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 #include "base/Spreading.h"
+#include "base/Stop.h"
+#include "codecs/PictureFile.h"
 #include "imaging/DisplayColors.h"
+#include "imaging/QuickPicture.h"
 #include "imaging/Upright.h"
-#include "imaging/fncLoadPicture.h"
 #include "tasks/Replay.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
-#include <stop_token>
 #include <utility>
 
 namespace tarsel {
@@ -20,6 +22,11 @@ namespace {
 
 constexpr int snapshotFormat = 7;
 constexpr Color white = 0xFFFFFF;
+/// Pictures of more pixels are shown reduced first, those of the second number as their thumbnail before.
+constexpr std::int64_t largePicture = 10'000'000;
+constexpr std::int64_t hugePicture = 30'000'000;
+
+using Deliver = std::function<void(PreviewWorker::Result)>;
 
 /// Formats whose metadata the preview can list. A batch loads more formats by the box, since it carries their
 /// metadata to what it writes (carriesMetadata in LoadSource); prepare() makes the pixels the same.
@@ -32,98 +39,117 @@ bool goesThroughTheBox(const QString& path) {
 /// The batch prepares pictures in the same way, so that both run the tasks on the same pixels. The metadata
 /// stay those of the file, which the lists show.
 void prepare(ImageBox& box, const QString& path, bool upright) {
-    if (!box.HasImage())
-        return;
     const MetadataStore asRead = box.metadata();
     prepareForTasks(box, path, upright);
     box.metadata() = asRead;
 }
 
-/// Formats that carry metadata go through the box, all others through the picture loader. An unreadable file
-/// is not an error here: the box stays empty.
-void load(ImageBox& box, const QString& path, bool upright, const std::stop_token& stop) {
-    ignoringErrors([&] {
-        if (goesThroughTheBox(path)) {
-            box.PageNumber = 1;
-            box.LoadFromFile(path, stop);
-        } else if (const auto picture =
-                       fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, white, nullptr, stop)) {
-            box.setPictureHandle(*picture);
-        }
-        prepare(box, path, upright);
-    });
+/// Formats that carry metadata go through the box, all others through the picture loader.
+void load(ImageBox& box, const PictureFile& file, bool upright) {
+    const QString& path = file.name();
+    if (goesThroughTheBox(path)) {
+        box.LoadPage(file, 1);
+    } else {
+        QString damage;
+        const auto picture = fncLoadPicture(file, LoadMode::FullSize, {-1, -1}, white, nullptr, &damage);
+        if (!picture)
+            fail(ErrorNumber::UnreadableFile,
+                 QCoreApplication::translate("PreviewWorker", "%1: not a picture of a known format")
+                     .arg(path));
+        box.setPictureHandle(*picture, damage);
+    }
+    prepare(box, path, upright);
 }
 
-PreviewWorker::Result resultOf(PreviewWorker::Request request, const std::stop_token& stop) {
-    PreviewWorker::Result result{request.number, request.path, std::move(request.box), {}, {}, {}};
-    result.failure = failureOf([&] {
-        if (request.path.isEmpty())
-            result.box.LoadFromMemory(request.original, snapshotFormat);
-        else
-            load(result.box, request.path, request.upright, stop);
-        if (!result.box.HasImage() || stop.stop_requested())
+/// One request on its way through the worker.
+class Loading {
+public:
+    Loading(PreviewWorker::Request request, const Deliver& deliver) :
+        m_request(std::move(request)), m_deliver(deliver), m_result{m_request.number,
+                                                                    m_request.path,
+                                                                    {m_request.path, {}},
+                                                                    true,
+                                                                    std::move(m_request.box)} {}
+
+    void run() {
+        const std::optional<TrappedError> failure = failureOf([&] { start(); });
+        raiseIfStopped();
+        if (failure) {
+            m_result.box.Clear();
+            m_result.shown.notice = failure->description;
+        } else {
+            runTasks();
+        }
+        m_deliver(std::move(m_result));
+    }
+
+private:
+    void start() {
+        if (m_request.path.isEmpty()) {
+            m_result.box.LoadFromMemory(m_request.original, snapshotFormat);
             return;
-        result.original = result.box.SaveToMemory(snapshotFormat);
-        replayRows(result.box, request.tasks, stop);
-    });
-    // Also after a task that failed: the tasks before it show.
-    ignoringErrors([&] {
-        const MetadataStore& metadata = request.path.isEmpty() ? request.metadata : result.box.metadata();
-        if (result.box.HasImage() && !stop.stop_requested())
-            result.display = forDisplay(result.box.picture(), metadata, request.displayLimit);
-    });
-    return result;
-}
+        }
+        const PictureFile file(m_request.path);
+        showQuickly(file);
+        load(m_result.box, file, m_request.upright);
+    }
+
+    /// What the tasks make of a picture can be anything, so nothing stands in for it.
+    void showQuickly(const PictureFile& file) {
+        if (!m_request.tasks.empty() || !file.isRecognised())
+            return;
+        const PictureHeader header = file.header();
+        const std::int64_t pixels = std::int64_t(header.width) * header.height;
+        if (pixels > hugePicture)
+            showQuick(file, [&] { return embeddedThumbnail(file, m_request.upright); });
+        if (pixels > largePicture)
+            showQuick(file, [&] { return reducedPicture(file, m_request.view, m_request.upright); });
+    }
+
+    template <class Read>
+    void showQuick(const PictureFile& file, Read read) {
+        ignoringErrors([&] {
+            if (const std::optional<QuickPicture> quick = read())
+                m_deliver(
+                    {m_request.number,
+                     m_request.path,
+                     {file.name(), quick->picture, quick->size, visibleProfile(quick->iccProfile), true},
+                     false});
+        });
+        raiseIfStopped();
+    }
+
+    void runTasks() {
+        m_result.original = m_result.box.SaveToMemory(snapshotFormat);
+        m_result.failure = failureOf([&] { replayRows(m_result.box, m_request.tasks, currentStop()); });
+        raiseIfStopped();
+        // Also after a task that failed: the tasks before it show.
+        const Picture& picture = m_result.box.picture();
+        const MetadataStore& metadata =
+            m_request.path.isEmpty() ? m_request.metadata : m_result.box.metadata();
+        m_result.shown.picture = picture;
+        m_result.shown.size = {picture.width(), picture.height()};
+        m_result.shown.notice = m_result.box.LoadDamage();
+        m_result.shown.iccProfile = visibleProfile(metadata);
+    }
+
+    PreviewWorker::Request m_request;
+    const Deliver& m_deliver;
+    PreviewWorker::Result m_result;
+};
 
 } // namespace
 
 PreviewWorker::PreviewWorker(std::function<void(Result)> deliver) :
-    m_deliver(std::move(deliver)), m_thread([this] { run(); }) {}
-
-PreviewWorker::~PreviewWorker() {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_ending = true;
-        m_waiting.reset();
-        m_current.request_stop();
-    }
-    m_changed.notify_one();
-    m_thread.join();
-}
-
-void PreviewWorker::request(Request request) {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_current.request_stop();
-        m_waiting = std::move(request);
-    }
-    m_changed.notify_one();
-}
-
-void PreviewWorker::cancel() {
-    const std::lock_guard lock(m_mutex);
-    m_current.request_stop();
-    m_waiting.reset();
-}
-
-/// Waits for work; nothing at the end.
-std::optional<PreviewWorker::Request> PreviewWorker::next() {
-    std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_ending || m_waiting; });
-    if (m_ending)
-        return std::nullopt;
-    m_current = std::stop_source();
-    return std::exchange(m_waiting, std::nullopt);
-}
-
-void PreviewWorker::run() {
-    const SpreadingScope scope;
-    while (std::optional<Request> request = next()) {
-        const std::stop_token stop = m_current.get_token();
-        Result result = resultOf(*std::exchange(request, std::nullopt), stop);
-        if (!stop.stop_requested())
-            m_deliver(std::move(result));
-    }
-}
+    m_work([deliver = std::move(deliver)](Request request, const std::stop_token& stop) {
+        const SpreadingScope spreading;
+        const StopScope scope(stop);
+        ignoringErrors([&] {
+            Loading(std::move(request), [&](Result result) {
+                raiseIfStopped();
+                deliver(std::move(result));
+            }).run();
+        });
+    }) {}
 
 } // namespace tarsel

@@ -2,15 +2,12 @@
 #pragma once
 
 #include "base/TrappedError.h"
+#include "collections/NewestWork.h"
+#include "collections/PreviewPicture.h"
 #include "imaging/ImageBox.h"
-#include "imaging/fncLoadPicture.h"
 #include "tasks/TaskList.h"
 
-#include <condition_variable>
-#include <functional>
-#include <mutex>
 #include <optional>
-#include <thread>
 #include <vector>
 
 namespace tarsel {
@@ -19,46 +16,36 @@ namespace tarsel {
 class PreviewWorker {
 public:
     struct Request {
-        quint64 number = 0; ///< comes back with the result
+        quint64 number = 0; ///< comes back with the results
         QString path;       ///< of the file to load; empty to start from `original`
         Picture original;
         MetadataStore metadata; ///< of `original`
         ImageBox box;           ///< the settings from which the tasks start; without picture and metadata
-        Size displayLimit{3840, 2400};
+        Size view{1920, 1080};  ///< where the picture will be shown
         std::vector<TaskRow> tasks;
         bool upright = false; ///< the picture loaded is turned by its EXIF orientation
     };
     struct Result {
         quint64 number = 0;
         QString path;
-        ImageBox box;     ///< empty when the file can't be read
-        Picture original; ///< as loaded, without the tasks
-        Picture display;  ///< the box's picture for the screen: in its colours, not larger than the limit
-        std::optional<TrappedError> failure; ///< of a task: the tasks before it have run
+        PreviewPicture shown;
+        bool isFinal =
+            true;       ///< false for a picture that only stands in for a large one; the rest is empty then
+        ImageBox box{}; ///< empty when the file can't be read
+        Picture original{};                    ///< as loaded, without the tasks
+        std::optional<TrappedError> failure{}; ///< of a task: the tasks before it have run
     };
 
-    /// `deliver` is called on the worker's thread.
+    /// `deliver` is called on the worker's thread: for a large picture more than once for a request, the
+    /// final result last.
     explicit PreviewWorker(std::function<void(Result)> deliver);
-    /// Waits for the request in work.
-    ~PreviewWorker();
-    PreviewWorker(const PreviewWorker&) = delete;
-    PreviewWorker& operator=(const PreviewWorker&) = delete;
 
     /// Replaces what waits, and stops what is in work, which delivers nothing then.
-    void request(Request request);
-    void cancel();
+    void request(Request request) { m_work.request(std::move(request)); }
+    void cancel() { m_work.cancel(); }
 
 private:
-    void run();
-    std::optional<Request> next();
-
-    std::function<void(Result)> m_deliver;
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::optional<Request> m_waiting;
-    std::stop_source m_current;
-    bool m_ending = false;
-    std::thread m_thread;
+    NewestWork<Request> m_work;
 };
 
 } // namespace tarsel

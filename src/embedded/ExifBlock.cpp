@@ -246,16 +246,26 @@ std::vector<ExifBlock::Range> ExifBlock::thumbnailData() const {
     for (const ExifEntry& entry : m_entries)
         if (entry.group == ExifGroup::Thumbnail && entry.hasValue && entry.valueSize > inlineSize)
             ranges.push_back({entry.valuePosition, entry.valueSize});
+    if (const std::optional<Range> file = thumbnailFile())
+        ranges.push_back(*file);
+    return ranges;
+}
+
+std::optional<ExifBlock::Range> ExifBlock::thumbnailFile() const {
     const ExifEntry* offset = find(ExifGroup::Thumbnail, thumbnailOffsetTag);
     const ExifEntry* length = find(ExifGroup::Thumbnail, thumbnailLengthTag);
     if (!offset || !length || offset->type != ExifType::Long || length->type != ExifType::Long ||
         offset->count != 1 || length->count != 1)
-        return ranges;
-    const Range picture{read32(offset->valuePosition), read32(length->valuePosition)};
-    if (picture.start >= headerSize && picture.size <= m_bytes.size() &&
-        picture.start <= m_bytes.size() - picture.size)
-        ranges.push_back(picture);
-    return ranges;
+        return std::nullopt;
+    const Range file{read32(offset->valuePosition), read32(length->valuePosition)};
+    const bool isInside =
+        file.start >= headerSize && file.size <= m_bytes.size() && file.start <= m_bytes.size() - file.size;
+    return isInside ? std::optional(file) : std::nullopt;
+}
+
+QByteArray ExifBlock::thumbnail() const {
+    const std::optional<Range> file = thumbnailFile();
+    return file ? m_bytes.mid(file->start, file->size) : QByteArray();
 }
 
 void ExifBlock::dropThumbnail() {

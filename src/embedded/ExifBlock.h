@@ -72,6 +72,7 @@ public:
     /// directory when it is missing.
     void set(ExifGroup group, quint16 tag, ExifType type, quint32 count, const QByteArray& data);
     void remove(ExifGroup group, quint16 tag); ///< all entries of that tag; an emptied directory goes as well
+    QByteArray thumbnail() const;              ///< the file of the embedded JPEG; empty where there is none
     void dropThumbnail();
 
     /// Whether all values of `before`, but those of `group` and `tag` and the pointers, are here in the same
@@ -98,6 +99,7 @@ private:
     bool walkDirectory(TiffWalker& walker, ExifGroup group, qsizetype pointerPosition);
     const Directory* directory(ExifGroup group) const;
     std::vector<Range> thumbnailData() const;
+    std::optional<Range> thumbnailFile() const;
 
     ByteWriter writer();
     void write16(qsizetype position, quint16 value);

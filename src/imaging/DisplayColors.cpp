@@ -2,22 +2,23 @@
 #include "imaging/DisplayColors.h"
 
 #include "codecs/ColorProfile.h"
-#include "pixels/operations/ResizeSmooth.h"
 
 namespace tarsel {
 
 Picture inDisplayColors(const Picture& picture, const MetadataStore& metadata) {
-    return converted(picture, metadata.blocks().iccProfile);
+    return inDisplayColors(picture, metadata.blocks().iccProfile);
 }
 
-Picture forDisplay(const Picture& picture, const MetadataStore& metadata, Size limit) {
-    const Size full{picture.width(), picture.height()};
-    const Size size = fitInside(full, limit);
-    if (size == full)
-        return inDisplayColors(picture, metadata);
-    Picture reduced(size.width, size.height, picture.channels());
-    operations::resizeSmooth(picture.view(), reduced.edit());
-    return inDisplayColors(reduced, metadata);
+Picture inDisplayColors(const Picture& picture, const QByteArray& iccProfile) {
+    return converted(picture, iccProfile);
+}
+
+QByteArray visibleProfile(const MetadataStore& metadata) {
+    return visibleProfile(metadata.blocks().iccProfile);
+}
+
+QByteArray visibleProfile(const QByteArray& iccProfile) {
+    return iccProfile.isEmpty() || !RgbConversion(iccProfile).changesColors() ? QByteArray() : iccProfile;
 }
 
 } // namespace tarsel

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "embedded/MetadataStore.h"
-#include "imaging/fncLoadPicture.h"
+#include "pixels/Picture.h"
 
 namespace tarsel {
 
 /// The picture in sRGB, which screens are taken for.
 Picture inDisplayColors(const Picture& picture, const MetadataStore& metadata);
+Picture inDisplayColors(const Picture& picture, const QByteArray& iccProfile);
 
-/// The same, reduced to fit inside `limit` where it is larger. Transparency stays.
-Picture forDisplay(const Picture& picture, const MetadataStore& metadata, Size limit);
+/// The colour profile of the pixels where it makes a difference on the screen, else nothing.
+QByteArray visibleProfile(const MetadataStore& metadata);
+QByteArray visibleProfile(const QByteArray& iccProfile);
 
 } // namespace tarsel

@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
+#include "imaging/PicturePlacement.h"
 #include "pixels/operations/Brightness.h"
 #include "pixels/operations/Contrast.h"
 #include "pixels/operations/Crop.h"
@@ -148,31 +149,17 @@ void ImageBox::setPictureHandle(const PictureHandle& handle, const QString& dama
 
 // --- display
 
-namespace {
-
-/// How much a picture is enlarged to fit into the control; 1 while the control has no size.
-double stretchFactor(const Picture& picture, float controlWidth, float controlHeight) {
-    if (!(controlWidth > 0) || !(controlHeight > 0))
-        return 1;
-    return std::min(double(controlWidth) / picture.width(), double(controlHeight) / picture.height());
-}
-
-int drawnLength(int length, double factor) {
-    return std::max(1, int(std::min(std::nearbyint(length * factor), 2e9)));
-}
-
-} // namespace
-
 int ImageBox::DisplayWidth() const {
-    if (!HasImage() || !StretchToFit)
-        return Width();
-    return drawnLength(Width(), stretchFactor(m_picture, ControlWidth, ControlHeight));
+    return displaySize().width;
 }
 
 int ImageBox::DisplayHeight() const {
-    if (!HasImage() || !StretchToFit)
-        return Height();
-    return drawnLength(Height(), stretchFactor(m_picture, ControlWidth, ControlHeight));
+    return displaySize().height;
+}
+
+Size ImageBox::displaySize() const {
+    const Size full{Width(), Height()};
+    return StretchToFit ? stretchedSize(full, double(ControlWidth), double(ControlHeight)) : full;
 }
 
 Color ImageBox::PixelColor(int x, int y) const {

@@ -14,6 +14,7 @@
 namespace tarsel {
 
 class PictureFile;
+struct Size;
 
 /// The font of ImageBox::DrawText.
 struct TextFont {
@@ -200,6 +201,7 @@ private:
 
     void requireImage() const;
     void requireSelection() const;
+    Size displaySize() const;
     /// The picture, about to be changed: what was encoded of it goes.
     Picture& pictureToChange();
 

@@ -23,11 +23,15 @@ constexpr std::span<const ColorEntry> all(allColors);
 constexpr ColorEntry jpegColors[] = {allColors[0], allColors[2]};
 
 constexpr SaveFormat formats[] = {
-    {"BMP", "bmp", all},          {"GIF", "gif", all.subspan(1)},
-    {"JPG", "jpg", jpegColors},   {"PCX", "pcx", all},
-    {"PNG", "png", all.first(2)}, {"WBMP", "wbmp", all.last(1)},
-    {"PSD", "psd", all.first(1)}, {"TIF", "tif", all},
-    {"PDF", "pdf", all},
+    {"BMP", "bmp", all, "Windows Bitmap (*.bmp)|*.bmp"},
+    {"GIF", "gif", all.subspan(1), "CompuServe GIF (*.gif)|*.gif"},
+    {"JPG", "jpg", jpegColors, "JPEG group (*.jpg)|*.jpg"},
+    {"PCX", "pcx", all, "ZSoft Paint (*.pcx)|*.pcx"},
+    {"PNG", "png", all.first(2), "PNG Network (*.png)|*.png"},
+    {"WBMP", "wbmp", all.last(1), "Wireless Bitmap (*.wbmp)|*wbmp"},
+    {"PSD", "psd", all.first(1), "Photoshop (*.psd)|*.psd"},
+    {"TIF", "tif", all, "Tag Image format (*.tif)|*.tif"},
+    {"PDF", "pdf", all, "Portable Document (*.pdf)|*.pdf"},
 };
 
 } // namespace

@@ -18,6 +18,7 @@ struct SaveFormat {
     const char* name;                   ///< "BMP"
     const char* extension;              ///< "bmp"
     std::span<const ColorEntry> colors; ///< one for a format that offers no choice
+    const char* filter;                 ///< of the save dialog: text and pattern
 };
 
 std::span<const SaveFormat> saveFormats();

@@ -59,14 +59,6 @@ QByteArray withUprightXmp(QByteArray xmp) {
     return xmp;
 }
 
-void declareUpright(ImageBox& box) {
-    EmbeddedMetadata blocks = box.metadata().blocks();
-    blocks.exif = withoutThumbnail(blocks.exif);
-    blocks.xmp = withUprightXmp(blocks.xmp);
-    box.metadata() = MetadataStore(std::move(blocks));
-    box.ExifSet(QStringLiteral("Orientation"), QString::number(uprightOrientation));
-}
-
 Size exchanged(Size size) {
     return {size.height, size.width};
 }
@@ -103,6 +95,16 @@ Picture uprightPicture(const Picture& picture, int orientation) {
     const Turn turn = turns[orientation];
     const Picture facing = turn.mirrored ? mirrored(picture) : picture;
     return turn.degrees == 0 ? facing : operations::rotate(facing, turn.degrees, false, white);
+}
+
+void declareUpright(ImageBox& box) {
+    if (exifOrientation(box.metadata()) == uprightOrientation)
+        return;
+    EmbeddedMetadata blocks = box.metadata().blocks();
+    blocks.exif = withoutThumbnail(blocks.exif);
+    blocks.xmp = withUprightXmp(blocks.xmp);
+    box.metadata() = MetadataStore(std::move(blocks));
+    box.ExifSet(QStringLiteral("Orientation"), QString::number(uprightOrientation));
 }
 
 void turnUpright(ImageBox& box, const QString& path) {

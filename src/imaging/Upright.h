@@ -21,8 +21,11 @@ bool exchangesSides(int orientation);
 /// The picture turned and mirrored from that orientation to upright.
 Picture uprightPicture(const Picture& picture, int orientation);
 
-/// Turns the picture that was loaded from `path` upright. Its metadata then say orientation 1 and lose the
-/// embedded thumbnail, which would be seen turned.
+/// Makes the metadata of a box say that its picture is upright; they lose the embedded thumbnail, which would
+/// be seen turned. Nothing happens where they say so already.
+void declareUpright(ImageBox& box);
+
+/// Turns the picture that was loaded from `path` upright, and declares it.
 void turnUpright(ImageBox& box, const QString& path);
 
 /// What batch and preview do to a picture directly after loading it, so that a task list finds the same

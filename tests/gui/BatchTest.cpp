@@ -14,7 +14,6 @@
 
 #include <QAbstractItemView>
 #include <QCheckBox>
-#include <QColorSpace>
 #include <QComboBox>
 #include <QDir>
 #include <QImageReader>
@@ -244,28 +243,6 @@ TEST_F(WindowTest, APreviewReloadsTheRowAskedForAndReportsItsOwnFile) {
     preview.reload();
     ASSERT_TRUE(waitFor(isIdle));
     EXPECT_FALSE(workspace.ibMain.HasImage()) << "the picture of the row before";
-}
-
-TEST_F(WindowTest, APreviewIsShownInTheScreensColorsAndNoLargerThanTheScreen) {
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(QColor(60, 200, 60));
-    image.setColorSpace(QColorSpace::AdobeRgb);
-    ASSERT_TRUE(image.save(path("wide.jpg"), "jpg", 100));
-    Workspace workspace;
-    Preview preview({workspace.lvFolder, workspace.lvPages, workspace.lvExif, workspace.lvIPTC,
-                     workspace.tasks, workspace.ibMain, workspace.sbMain});
-    preview.displayLimit = {20, 20};
-    ListRow row;
-    row.tag = path("wide.jpg");
-    workspace.lvPages.add(row);
-    preview.ShowRow(workspace.lvPages, 0);
-    for (int look = 0; look < 2; ++look) {
-        ASSERT_TRUE(waitFor([&] { return !preview.isBusy(); }));
-        ASSERT_EQ(preview.display().width(), 20);
-        EXPECT_LT(preview.display().view().pixel(9, 9)[0], 20) << "red of a green that sRGB can't hold";
-        EXPECT_GT(workspace.ibMain.picture().view().pixel(9, 9)[0], 50) << "the tasks' colours stay";
-        preview.rebuild();
-    }
 }
 
 } // namespace tarsel::test

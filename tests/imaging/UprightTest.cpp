@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/Upright.h"
 
+#include "codecs/PictureFile.h"
 #include "embedded/ExifBlock.h"
+#include "imaging/QuickPicture.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/TestPictures.h"
+#include "tests/support/TiffStructure.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -92,4 +95,30 @@ TEST(Upright, TransparencyIsLaidOnWhiteAndMetadataStays) {
     EXPECT_EQ(box.PixelColor(0, 0), 0xFFFFFF);
     EXPECT_EQ(box.PixelColor(1, 0), 0);
     EXPECT_EQ(box.ExifValueByName(QStringLiteral("Artist")), QStringLiteral("Jo"));
+}
+
+TEST(Upright, WhatStandsInForALargePictureHasItsProportionsAndOrientation) {
+    const Picture full = pictureOf(300, 200, 3, [](int x, int) { return x < 150 ? red : green; });
+    const Picture barred = pictureOf(48, 40, 3, [](int x, int y) {
+        return y < 4 || y >= 36 ? blue : x < 24 ? red : green;
+    });
+    ImageBox maker = boxWith(barred);
+    const QByteArray thumbnail = maker.encoded(QStringLiteral("jpg"));
+    const quint32 next = tiffRest(1), file = next + 30;
+    EmbeddedMetadata blocks;
+    blocks.exif = tiffBlock({{0x0112, 3, 1, 6}}, next,
+                            tiffDirectory({{0x0201, 4, 1, file}, {0x0202, 4, 1, quint32(thumbnail.size())}}) +
+                                thumbnail);
+    maker = boxWith(full);
+    maker.metadata() = MetadataStore(blocks);
+    const PictureFile picture(maker.encoded(QStringLiteral("jpg")), QStringLiteral("a.jpg"));
+    for (const auto& quick : {embeddedThumbnail(picture, true), reducedPicture(picture, {90, 90}, true)}) {
+        ASSERT_TRUE(quick);
+        EXPECT_EQ(quick->size, (Size{200, 300})) << "of the full picture, upright";
+        EXPECT_NEAR(double(quick->picture.height()) / quick->picture.width(), 1.5, 0.05);
+        EXPECT_LT(quick->picture.height(), 200);
+        EXPECT_GT(colorAt(quick->picture, 1, 1).red, 200);
+        EXPECT_GT(colorAt(quick->picture, 1, quick->picture.height() - 2).green, 200);
+        EXPECT_LT(colorAt(quick->picture, 0, 1).blue, 100) << "no bar";
+    }
 }

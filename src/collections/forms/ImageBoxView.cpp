@@ -1,58 +1,341 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/ImageBoxView.h"
 
-#include "collections/forms/PictureImage.h"
-
+#include <QFileInfo>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <cmath>
+#include <utility>
 
 namespace tarsel {
 
-ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QWidget(parent), m_box(box) {
-    setAttribute(Qt::WA_OpaquePaintEvent);
+namespace {
+
+constexpr int patience = 400; ///< milliseconds
+constexpr int lineStep = 40;  ///< logical pixels that an arrow scrolls
+
+Size sizeOf(const QImage& image) {
+    return {image.width(), image.height()};
+}
+
+} // namespace
+
+ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QAbstractScrollArea(parent), m_box(box) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName(tr("Preview of the selected picture"));
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    horizontalScrollBar()->setObjectName(QStringLiteral("hsbView"));
+    horizontalScrollBar()->setAccessibleName(tr("Scroll the preview left and right"));
+    verticalScrollBar()->setObjectName(QStringLiteral("vsbView"));
+    verticalScrollBar()->setAccessibleName(tr("Scroll the preview up and down"));
+    connect(&m_renderer, &ScreenRenderer::rendered, this, &ImageBoxView::take);
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
 }
 
-void ImageBoxView::boxChanged(const Picture& display) {
-    m_display = display;
-    fitBox();
-    m_isShowing = m_box.HasImage() && m_box.Visible;
-    update();
+// --- what is shown
+
+void ImageBoxView::expect(const QString& path) {
+    m_expected = path;
+    m_patience.start();
 }
 
-void ImageBoxView::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    fitBox();
-}
-
-void ImageBoxView::fitBox() {
-    m_box.ControlWidth = float(width());
-    m_box.ControlHeight = float(height());
-    m_isStale = true;
-}
-
-void ImageBoxView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::Mid));
-    if (m_isShowing && m_isStale && m_box.HasImage())
-        drawScaled();
-    if (!m_isShowing) {
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(rect(), Qt::AlignCenter, tr("No picture"));
+void ImageBoxView::pictureChanged(const PreviewPicture& shown) {
+    m_patience.stop();
+    m_expected.clear();
+    m_shown = shown;
+    ++m_number;
+    if (!m_shown.picture.isNull()) {
+        requestRendering();
         return;
     }
-    const QSizeF drawn = m_scaled.deviceIndependentSize();
-    painter.drawPixmap(QPointF((width() - drawn.width()) / 2, (height() - drawn.height()) / 2), m_scaled);
+    m_renderer.request({}); // lets go of the picture
+    m_isRendering = false;
+    take({});
 }
 
-/// While the next picture is being loaded the box is empty, and the last drawing stays.
-void ImageBoxView::drawScaled() {
+/// The size that the picture to be shown has on the screen, or that stands in for it until all pixels are
+/// there.
+Size ImageBoxView::wantedSize() const {
+    const Size inside = container();
+    return stretchedSize(m_shown.size, inside.width, inside.height);
+}
+
+void ImageBoxView::requestRendering() {
+    const QSize screenPixels = screen()->size() * devicePixelRatioF();
+    m_isRendering = true;
+    m_renderer.request(
+        {m_number, m_shown, {screenPixels.width(), screenPixels.height()}, wantedSize(), needsFull()});
+}
+
+void ImageBoxView::take(const ScreenRenderer::Rendered& rendered) {
+    if (!m_shown.picture.isNull() && rendered.number != m_number)
+        return;
+    m_isRendering = false;
+    m_drawn = rendered;
+    const bool isAnother = std::exchange(m_drawnPath, m_shown.path) != m_shown.path;
+    setAccessibleDescription(m_shown.picture.isNull() ? m_shown.notice : QFileInfo(m_shown.path).fileName());
+    if (isAnother)
+        subFixedSizeTiff(m_isBestFit);
+    else
+        FitImage();
+}
+
+bool ImageBoxView::isSharp() const {
+    if (m_shown.picture.isNull())
+        return true;
+    const bool isCurrent = !m_isRendering && m_drawn.number == m_number && !m_shown.isReduced;
+    return isCurrent && (m_isBestFit ? sizeOf(m_drawn.image) == m_placement.drawn() : !m_drawn.full.isNull());
+}
+
+// --- its place
+
+Size ImageBoxView::devicePixels(QSize logical) const {
     const double ratio = devicePixelRatioF();
-    const QSize drawn = QSize(m_box.DisplayWidth(), m_box.DisplayHeight()) * ratio;
-    m_scaled =
-        QPixmap::fromImage(imageOf(m_display).scaled(drawn, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-    m_scaled.setDevicePixelRatio(ratio);
-    m_isStale = false;
+    return {int(logical.width() * ratio), int(logical.height() * ratio)};
+}
+
+Size ImageBoxView::container() const {
+    return devicePixels(viewport()->size());
+}
+
+PicturePlacement ImageBoxView::placementIn(Size container) const {
+    return {m_drawn.size, container, m_isBestFit};
+}
+
+void ImageBoxView::subFixedSizeTiff(bool bestFit) {
+    m_isBestFit = bestFit;
+    m_placement.scrollTo({0, 0});
+    horizontalScrollBar()->setValue(0);
+    verticalScrollBar()->setValue(0);
+    FitImage();
+}
+
+void ImageBoxView::FitImage() {
+    setBars();
+    m_placement = placementIn(container());
+    m_placement.scrollTo({horizontalScrollBar()->value(), verticalScrollBar()->value()});
+    m_box.StretchToFit = m_isBestFit;
+    m_box.Zoom = m_placement.zoom();
+    m_box.ControlWidth = float(m_placement.drawn().width);
+    m_box.ControlHeight = float(m_placement.drawn().height);
+    const bool isComplete = sizeOf(m_drawn.image) == wantedSize() && (!needsFull() || !m_drawn.full.isNull());
+    if (!m_shown.picture.isNull() && m_drawn.number == m_number && !m_isRendering && !isComplete)
+        requestRendering();
+    showPanCursor();
+    viewport()->update();
+    Q_EMIT zoomChanged();
+}
+
+/// A bar that appears takes room from the picture, which places it again. Where all fits without bars, none
+/// is kept by the room that the other one takes.
+void ImageBoxView::setBars() {
+    const Size without = devicePixels(maximumViewportSize());
+    const Size drawn = placementIn(without).drawn();
+    const bool isInside = drawn.width <= without.width && drawn.height <= without.height;
+    const Size room = isInside ? without : container();
+    const PicturePlacement place = placementIn(room);
+    setBar(*horizontalScrollBar(), place.horizontalMaximum(), room.width);
+    setBar(*verticalScrollBar(), place.verticalMaximum(), room.height);
+}
+
+void ImageBoxView::setBar(QScrollBar& bar, int maximum, int page) const {
+    bar.setSingleStep(int(lineStep * devicePixelRatioF()));
+    bar.setPageStep(page);
+    bar.setRange(0, maximum);
+}
+
+void ImageBoxView::resizeEvent(QResizeEvent*) {
+    FitImage();
+    Q_EMIT containerResized();
+}
+
+void ImageBoxView::scrollContentsBy(int, int) {
+    m_placement.scrollTo({horizontalScrollBar()->value(), verticalScrollBar()->value()});
+    viewport()->update();
+}
+
+// --- painting
+
+void ImageBoxView::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    const int lightness = qGray(palette().color(QPalette::Window).rgb()) * 4 / 5;
+    painter.fillRect(viewport()->rect(), QColor(lightness, lightness, lightness)); // changes no colour's look
+    if (!m_drawn.image.isNull())
+        paintPicture(painter);
+    paintNotice(painter);
+    if (hasFocus())
+        paintFocus(painter);
+}
+
+/// In device pixels from the first one of the viewport, which at a fractional ratio is not exactly where the
+/// painter has its origin.
+void ImageBoxView::paintPicture(QPainter& painter) const {
+    const QTransform toDevice = painter.deviceTransform();
+    const QPoint origin = toDevice.map(QPointF(0, 0)).toPoint();
+    painter.save();
+    painter.setWorldTransform(QTransform::fromTranslate(origin.x(), origin.y()) * toDevice.inverted());
+    const QRect place = m_placement.place();
+    if (!m_isBestFit && !m_drawn.full.isNull()) {
+        paintPixels(painter);
+    } else if (m_drawn.image.size() == place.size()) {
+        painter.drawImage(place.topLeft(), m_drawn.image);
+    } else {
+        // While the window is resized the sharp picture is there before anybody sees the steps.
+        const double factor = double(place.width()) / m_drawn.image.width();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, factor < 0.5 || factor > 2);
+        painter.drawImage(place, m_drawn.image);
+    }
+    painter.restore();
+}
+
+/// Converts only what is to be seen.
+void ImageBoxView::paintPixels(QPainter& painter) const {
+    const QRect place = m_placement.place();
+    const Size inside = container();
+    const QRect visible = place.intersected({0, 0, inside.width, inside.height});
+    if (visible.isEmpty())
+        return;
+    const QRect source = visible.translated(-place.topLeft());
+    const QImage& full = m_drawn.full;
+    const uchar* first = full.constScanLine(source.top()) + qsizetype(source.left()) * full.depth() / 8;
+    const QImage part(first, source.width(), source.height(), full.bytesPerLine(), full.format());
+    painter.drawImage(visible.topLeft(), part.convertToFormat(m_drawn.image.format()));
+}
+
+void ImageBoxView::paintNotice(QPainter& painter) const {
+    const QString text = strip();
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QRect all = viewport()->rect().marginsRemoved({12, 12, 12, 12});
+    if (m_drawn.image.isNull()) {
+        const QString reason = m_shown.notice.isEmpty()
+                                   ? tr("No picture")
+                                   : tr("This picture can't be shown.\n%1").arg(m_shown.notice);
+        painter.drawText(all, Qt::AlignCenter | Qt::TextWordWrap, reason);
+    }
+    if (text.isEmpty())
+        return;
+    constexpr int flags = Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap;
+    const QRect area = painter.boundingRect(all, flags, text);
+    painter.fillRect(area.marginsAdded({6, 4, 6, 4}), palette().color(QPalette::Window));
+    painter.drawText(area, flags, text);
+}
+
+/// What is said over the picture; empty for nothing.
+QString ImageBoxView::strip() const {
+    if (!m_expected.isEmpty() && !m_patience.isActive())
+        return tr("Reading %1 ...").arg(QFileInfo(m_expected).fileName());
+    if (!m_drawn.image.isNull() && !m_shown.notice.isEmpty())
+        return tr("This file is damaged: %1").arg(m_shown.notice);
+    return {};
+}
+
+void ImageBoxView::paintFocus(QPainter& painter) const {
+    constexpr int width = 2;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(viewport()->rect().marginsRemoved({1, 1, 1, 1}));
+}
+
+void ImageBoxView::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void ImageBoxView::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
+}
+
+// --- input
+
+bool ImageBoxView::canScroll() const {
+    return m_placement.horizontalMaximum() > 0 || m_placement.verticalMaximum() > 0;
+}
+
+void ImageBoxView::showPanCursor() {
+    if (canScroll())
+        viewport()->setCursor(Qt::OpenHandCursor);
+    else
+        viewport()->unsetCursor();
+}
+
+void ImageBoxView::keyPressEvent(QKeyEvent* event) {
+    if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier) || !handleKey(event->key()))
+        QAbstractScrollArea::keyPressEvent(event);
+}
+
+bool ImageBoxView::handleKey(int key) {
+    const bool pagesScroll = m_placement.verticalMaximum() > 0;
+    switch (key) {
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+    case Qt::Key_Minus:
+        Q_EMIT zoomModeWanted(key == Qt::Key_Minus);
+        return true;
+    case Qt::Key_PageDown:
+    case Qt::Key_PageUp:
+        if (pagesScroll)
+            return false;
+        [[fallthrough]];
+    case Qt::Key_Space:
+    case Qt::Key_Backspace:
+        Q_EMIT neighbourWanted(key == Qt::Key_PageDown || key == Qt::Key_Space ? 1 : -1);
+        return true;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+            bar->setValue(key == Qt::Key_Home ? 0 : bar->maximum());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void ImageBoxView::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier)) {
+        QAbstractScrollArea::wheelEvent(event);
+        return;
+    }
+    if (event->angleDelta().y() != 0)
+        Q_EMIT zoomModeWanted(event->angleDelta().y() < 0);
+    event->accept();
+}
+
+void ImageBoxView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !canScroll())
+        return;
+    m_panned = event->position();
+    viewport()->setCursor(Qt::ClosedHandCursor);
+}
+
+void ImageBoxView::mouseMoveEvent(QMouseEvent* event) {
+    if (!(event->buttons() & Qt::LeftButton) || !canScroll())
+        return;
+    const QPoint moved =
+        devicePoint(std::exchange(m_panned, event->position()) - event->position()).toPoint();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + moved.y());
+}
+
+void ImageBoxView::mouseReleaseEvent(QMouseEvent*) {
+    showPanCursor();
+}
+
+/// The point under the pointer stays there.
+void ImageBoxView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QPointF pointer = devicePoint(event->position());
+    const QPointF point = m_placement.toPicture(pointer);
+    Q_EMIT zoomModeWanted(!m_isBestFit);
+    PicturePlacement scrolled = m_placement;
+    scrolled.bring(point, pointer);
+    horizontalScrollBar()->setValue(scrolled.scrolled().x());
+    verticalScrollBar()->setValue(scrolled.scrolled().y());
 }
 
 } // namespace tarsel

@@ -12,32 +12,86 @@
 
 namespace tarsel {
 
+const PreviewPane::Choice PreviewPane::typeChoice = {
+    "cmdPreviewType", "mnuPreviewType", {"mnuPreviewOriginal", "mnuPreviewOptimized"}, " "};
+const PreviewPane::Choice PreviewPane::fitChoice = {
+    "cmdPreviewView", "mnuPreviewFit", {"mnuPreviewBestFit", "mnuPreviewActualSize"}, "  "};
+
 PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* parent) :
-    QWidget(parent), m_actions(actions), m_view(new ImageBoxView(ibMain, this)) {
+    QWidget(parent), m_box(ibMain), m_actions(actions), m_view(new ImageBoxView(ibMain, this)) {
     setObjectName(QStringLiteral("picView"));
     m_view->setObjectName(QStringLiteral("PicViewImage"));
     layOutPane(this, makeBar(), m_view);
     connectActions();
+    connectView();
     setPreviewType(0);
+    setPreviewFit(0);
+    pictureChanged({});
 }
 
-int PreviewPane::previewType() const {
-    return m_actions.action("mnuPreviewOptimized").isChecked() ? 1 : 0;
+void PreviewPane::pictureChanged(const PreviewPicture& shown) {
+    m_actions.setEnabled({"mnuPreviewSaveImage"}, m_box.HasImage());
+    m_view->pictureChanged(shown);
+}
+
+// --- the choices
+
+int PreviewPane::checkedItem(const Choice& choice) const {
+    return m_actions.action(choice.items[1]).isChecked() ? 1 : 0;
+}
+
+void PreviewPane::check(const Choice& choice, int item) {
+    QAction& chosen = m_actions.action(choice.items[item]);
+    chosen.setChecked(true);
+    m_actions.action(choice.button).setIconText(chosen.text() + QLatin1String(choice.blanks));
 }
 
 void PreviewPane::setPreviewType(int type) {
     m_shownType = type == 0 ? 0 : 1;
-    QAction& item = m_actions.action(m_shownType == 0 ? "mnuPreviewOriginal" : "mnuPreviewOptimized");
-    item.setChecked(true);
-    m_actions.action("cmdPreviewType").setIconText(item.text() + QLatin1Char(' '));
+    check(typeChoice, m_shownType);
 }
 
-/// Picking the item that is checked already does nothing.
+void PreviewPane::setPreviewFit(int fit) {
+    m_shownFit = fit == 0 ? 0 : 1;
+    check(fitChoice, m_shownFit);
+    m_view->subFixedSizeTiff(m_shownFit == 0);
+}
+
+/// Picking the item that is checked already does nothing, here and below.
 void PreviewPane::chooseType() {
-    if (previewType() == m_shownType)
+    if (checkedItem(typeChoice) == m_shownType)
         return;
-    setPreviewType(previewType());
+    setPreviewType(checkedItem(typeChoice));
     Q_EMIT previewTypeChosen(m_shownType);
+}
+
+void PreviewPane::chooseFit() {
+    if (checkedItem(fitChoice) == m_shownFit)
+        return;
+    setPreviewFit(checkedItem(fitChoice));
+    Q_EMIT previewFitChosen();
+}
+
+// --- the parts
+
+QWidget* PreviewPane::makeButton(const char* name, const char* menu,
+                                 std::initializer_list<const char*> items) {
+    QToolButton* button = m_actions.makeMenuButton(name, menu, items, this);
+    button->setMinimumWidth(2 * button->iconSize().width());
+    m_textButtons.push_back(button);
+    return button;
+}
+
+/// On a small screen the texts of the buttons give way.
+void PreviewPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const auto setStyle = [this](Qt::ToolButtonStyle style) {
+        for (QToolButton* button : m_textButtons)
+            button->setToolButtonStyle(style);
+    };
+    setStyle(Qt::ToolButtonTextBesideIcon);
+    if (layout()->itemAt(0)->layout()->sizeHint().width() > width())
+        setStyle(Qt::ToolButtonIconOnly);
 }
 
 QLayout* PreviewPane::makeBar() {
@@ -45,19 +99,37 @@ QLayout* PreviewPane::makeBar() {
     bar->setSpacing(2);
     bar->addWidget(makePaneCaption(tr("Preview"), this));
     bar->addStretch(1);
-    bar->addWidget(m_actions.makeMenuButton("cmdPreviewType", "mnuPreviewType",
-                                            {"mnuPreviewOriginal", "mnuPreviewOptimized"}, this));
+    for (const Choice& choice : {fitChoice, typeChoice})
+        bar->addWidget(makeButton(choice.button, choice.menu, {choice.items[0], choice.items[1]}));
+    bar->addWidget(makeButton("cmdPreviewSave", "mnuSavePreviewAsParent", {"mnuPreviewSaveImage"}));
     for (const char* name : {"cmdPreviewPrevious", "cmdPreviewNext"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;
 }
 
 void PreviewPane::connectActions() {
-    for (const char* name : {"mnuPreviewOriginal", "mnuPreviewOptimized"})
+    for (const char* name : typeChoice.items)
         connect(&m_actions.action(name), &QAction::triggered, this, &PreviewPane::chooseType);
+    for (const char* name : fitChoice.items)
+        connect(&m_actions.action(name), &QAction::triggered, this, &PreviewPane::chooseFit);
     connect(&m_actions.action("cmdPreviewPrevious"), &QAction::triggered, this,
             &PreviewPane::cmdPreviewPrevious);
     connect(&m_actions.action("cmdPreviewNext"), &QAction::triggered, this, &PreviewPane::cmdPreviewNext);
+    connect(&m_actions.action("mnuPreviewSaveImage"), &QAction::triggered, this,
+            &PreviewPane::saveImageDocument);
+}
+
+void PreviewPane::connectView() {
+    connect(m_view, &ImageBoxView::zoomModeWanted, this,
+            [this](bool bestFit) { m_actions.action(fitChoice.items[bestFit ? 0 : 1]).trigger(); });
+    connect(m_view, &ImageBoxView::neighbourWanted, this, [this](int step) {
+        m_actions.action(step < 0 ? "cmdPreviewPrevious" : "cmdPreviewNext").trigger();
+        m_view->setFocus();
+    });
+    QMenu* menu = m_actions.makeMenu("mnuPreview", {"cmdPreviewPrevious", "cmdPreviewNext"}, this);
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_view, &QWidget::customContextMenuRequested, menu,
+            [this, menu](const QPoint& place) { menu->popup(m_view->mapToGlobal(place)); });
 }
 
 } // namespace tarsel

@@ -1,42 +1,73 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/ListView.h"
+#include "collections/PreviewPicture.h"
 #include "imaging/ImageBox.h"
 
 #include <QWidget>
+#include <vector>
 
 class QLayout;
+class QToolButton;
 
 namespace tarsel {
 
 class ActionTable;
 class ImageBoxView;
 
-/// The picture on show, with the choice between the original and the picture with the tasks applied.
+/// The picture on show, with the choice of its size, and between the original and the picture with the tasks
+/// applied.
 class PreviewPane final : public QWidget {
     Q_OBJECT
 public:
     PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* parent = nullptr);
 
     ImageBoxView& ibMain() const { return *m_view; }
+    /// To be called when there is another picture to show, or none.
+    void pictureChanged(const PreviewPicture& shown);
     /// 0 "Original", 1 "Optimized".
-    int previewType() const;
+    int previewType() const { return m_shownType; }
     void setPreviewType(int type);
+    /// 0 "Best Fit", 1 "Actual Size".
+    int previewFit() const { return m_shownFit; }
+    void setPreviewFit(int fit);
 
 Q_SIGNALS:
     void cmdPreviewPrevious();
     void cmdPreviewNext();
     void previewTypeChosen(int type); ///< by the user, and another one than before
+    void previewFitChosen();          ///< the same; the picture has its new size
+    void saveImageDocument();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// A menu of which one item is checked, whose text the button repeats.
+    struct Choice {
+        const char* button;
+        const char* menu;
+        const char* items[2];
+        const char* blanks; ///< at the end of the button's text
+    };
+    static const Choice typeChoice;
+    static const Choice fitChoice;
+
     QLayout* makeBar();
     void connectActions();
+    void connectView();
+    int checkedItem(const Choice& choice) const;
+    void check(const Choice& choice, int item);
+    QWidget* makeButton(const char* name, const char* menu, std::initializer_list<const char*> items);
     void chooseType();
+    void chooseFit();
 
+    const ImageBox& m_box;
     const ActionTable& m_actions;
     ImageBoxView* m_view;
+    std::vector<QToolButton*> m_textButtons;
     int m_shownType = 0;
+    int m_shownFit = 0;
 };
 
 } // namespace tarsel

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "codecs/PictureFile.h"
+#include "collections/forms/ImageBoxView.h"
+#include "configuration/ConfigRecord.h"
+#include "controls/ListControl.h"
+#include "imaging/SaveFormats.h"
+#include "tests/gui/WindowTest.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/MadePictures.h"
+#include "tests/support/TestDesktop.h"
+#include "tests/support/TestPictures.h"
+
+#include <QAction>
+#include <QColorSpace>
+#include <QFile>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+#include <QWheelEvent>
+
+namespace tarsel::test {
+
+namespace {
+
+class PreviewOfPictures : public WindowTest {
+protected:
+    void show(int row) {
+        window().preview().ShowRow(listed(), row);
+        settle();
+    }
+    void settle() {
+        EXPECT_TRUE(waitFor([&] { return !window().preview().isBusy() && view().isSharp(); }));
+    }
+    void list() {
+        start();
+        listFolder(pictures());
+    }
+    QAction& action(const char* name) {
+        for (const QMenu* menu : window().findChildren<QMenu*>())
+            for (QAction* each : menu->actions())
+                if (each->objectName() == QLatin1String(name))
+                    return *each;
+        throw std::runtime_error(std::string("no menu entry ") + name);
+    }
+    void choose(const char* item) { action(item).trigger(); }
+    ImageBoxView& view() { return child<ImageBoxView>(window(), "PicViewImage"); }
+    QPoint centre() { return view().viewport()->rect().center(); }
+    ImageBox& ibMain() { return window().workspace().ibMain; }
+    QString picture(const char* name) { return pictures() + QLatin1Char('/') + QLatin1String(name); }
+};
+
+} // namespace
+
+TEST_F(PreviewOfPictures, TheZoomMenuShowsEachPixelOrThePictureCompletelyAndIsRemembered) {
+    test::makePicture(picture("a.png"), {1700, 60});
+    list();
+    show(0);
+    auto& bar = *view().horizontalScrollBar();
+    const auto& button = child<QToolButton>(window(), "cmdPreviewView");
+    EXPECT_EQ(button.text().remove(QLatin1Char('&')).toStdString(), "Best Fit  ");
+    EXPECT_FALSE(bar.isVisible());
+    EXPECT_EQ(panel("status"), "");
+    choose("mnuPreviewActualSize");
+    settle();
+    EXPECT_EQ(panel("status"), "100%");
+    EXPECT_EQ(button.text().remove(QLatin1Char('&')).toStdString(), "Actual Size  ");
+    EXPECT_TRUE(waitFor([&] { return bar.isVisible(); }));
+    EXPECT_FALSE(view().verticalScrollBar()->isVisible());
+    EXPECT_EQ(bar.maximum(), 1700 - view().container().width);
+    bar.setValue(200);
+    EXPECT_EQ(view().placement().place().left(), -200);
+    choose("mnuPreviewActualSize");
+    EXPECT_EQ(bar.value(), 200) << "the item checked already does nothing";
+    choose("mnuPreviewBestFit");
+    EXPECT_EQ(ibMain().DisplayWidth(), view().container().width);
+    const std::string zoom = std::to_string(std::lround(view().container().width / 17.0)) + "%";
+    EXPECT_EQ(panel("status"), zoom);
+    choose("mnuPreviewActualSize");
+    close();
+    EXPECT_EQ(ConfigRecord.PreviewFit, 1);
+    start();
+    EXPECT_FALSE(view().isBestFit());
+}
+
+TEST_F(PreviewOfPictures, KeysWheelAndPointerZoomScrollAndWalkOn) {
+    makePicture(picture("a.jpg"), {1500, 1400});
+    makePicture(picture("b.jpg"), {1500, 1400});
+    list();
+    listed().selectOnly(0);
+    show(0);
+    const auto& across = *view().horizontalScrollBar();
+    const auto& down = *view().verticalScrollBar();
+    const auto turnWheel = [&](int delta) {
+        QWheelEvent event(centre(), view().viewport()->mapToGlobal(centre()), {}, {0, delta}, Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view().viewport(), &event);
+    };
+    for (const bool byKey : {true, false}) {
+        byKey ? QTest::keyClick(&view(), Qt::Key_Plus) : turnWheel(120);
+        EXPECT_FALSE(view().isBestFit());
+        byKey ? QTest::keyClick(&view(), Qt::Key_Minus) : turnWheel(-120);
+        EXPECT_TRUE(view().isBestFit());
+    }
+    const QPointF pointer = QPointF(centre()) * view().devicePixelRatioF() + QPointF(30, 20);
+    const QPointF under = view().placement().toPicture(pointer);
+    QTest::mouseDClick(view().viewport(), Qt::LeftButton, {},
+                       (pointer / view().devicePixelRatioF()).toPoint());
+    const QPointF after = view().placement().toPicture(pointer);
+    EXPECT_LT((after - under).manhattanLength(), 5) << "the point under the pointer stays";
+    const QPoint before(across.value(), down.value());
+    QTest::mousePress(view().viewport(), Qt::LeftButton, {}, centre());
+    QTest::mouseMove(view().viewport(), centre() - QPoint(10, 20));
+    QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, centre() - QPoint(10, 20));
+    EXPECT_EQ(QPoint(across.value(), down.value()) - before,
+              (QPointF(10, 20) * view().devicePixelRatioF()).toPoint());
+    QTest::keyClick(&view(), Qt::Key_End);
+    EXPECT_EQ(down.value(), down.maximum());
+    QTest::keyClick(&view(), Qt::Key_PageUp);
+    EXPECT_LT(down.value(), down.maximum());
+    EXPECT_EQ(panel("filename"), "a.jpg");
+    QTest::keyClick(&view(), Qt::Key_Space);
+    settle();
+    EXPECT_EQ(panel("filename"), "b.jpg");
+    EXPECT_EQ(QPoint(across.value(), down.value()), QPoint(0, 0)) << "another picture begins at its corner";
+    QTest::keyClick(&view(), Qt::Key_Minus);
+    QTest::keyClick(&view(), Qt::Key_PageUp);
+    settle();
+    EXPECT_EQ(panel("filename"), "a.jpg");
+}
+
+/// Runs at several ratios of the screen, see CMakeLists.txt.
+TEST_F(PreviewOfPictures, AtActualSizeAPixelIsAPixelOfTheScreen) {
+    const Picture noise = noisePicture(1200, 1100, 3);
+    boxWith(noise).SaveToFile(picture("a.png"));
+    list();
+    choose("mnuPreviewActualSize");
+    show(0);
+    view().horizontalScrollBar()->setValue(7);
+    view().verticalScrollBar()->setValue(5);
+    const QImage screen = window().grab().toImage().convertToFormat(QImage::Format_RGB888);
+    const QPoint corner =
+        (QPointF(view().viewport()->mapTo(&window(), QPoint(0, 0))) * view().devicePixelRatioF()).toPoint();
+    int differing = 0;
+    const int side = 100;
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x) {
+            const QRgb seen = screen.pixel(corner + QPoint(x, y));
+            differing +=
+                !(colorAt(noise, x + 7, y + 5) ==
+                  Rgb{std::uint8_t(qRed(seen)), std::uint8_t(qGreen(seen)), std::uint8_t(qBlue(seen))});
+        }
+    EXPECT_LT(differing, 3 * side) << "at a ratio of " << view().devicePixelRatioF();
+}
+
+TEST_F(PreviewOfPictures, AtEitherSizeThePictureHasTheScreensColors) {
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(QColor(60, 200, 60));
+    image.setColorSpace(QColorSpace::AdobeRgb);
+    ASSERT_TRUE(image.save(picture("wide.jpg"), "jpg", 100));
+    list();
+    show(0);
+    for (const char* size : {"mnuPreviewActualSize", "mnuPreviewBestFit"}) {
+        choose(size);
+        settle();
+        const QColor seen = view().grab().toImage().pixelColor(centre() * view().devicePixelRatioF());
+        EXPECT_LT(seen.red(), 20) << "of a green that sRGB can't hold, " << size;
+        EXPECT_GT(colorAt(ibMain().picture(), 9, 9).red, 50) << "the tasks' colours stay";
+        window().preview().rebuild();
+        settle();
+    }
+}
+
+TEST_F(PreviewOfPictures, ALargePictureIsShownReducedFirstAndInTheSamePlace) {
+    makePicture(picture("a.jpg"), {4200, 2500});
+    list();
+    std::vector<std::pair<bool, bool>> steps;
+    QObject::connect(&window().preview(), &Preview::pictureChanged, &window(), [&] {
+        steps.emplace_back(window().preview().shown().isReduced, ibMain().HasImage());
+        EXPECT_EQ(window().preview().shown().size, (Size{4200, 2500}));
+    });
+    show(0);
+    EXPECT_EQ(steps, (std::vector<std::pair<bool, bool>>{{true, false}, {false, true}}));
+    EXPECT_EQ(view().placement().drawn().width, ibMain().DisplayWidth());
+}
+
+TEST_F(PreviewOfPictures, AFileThatCantBeShownSaysWhyAndIsTriedAgain) {
+    makePicture(picture("a.jpg"), {640, 480});
+    list();
+    show(0);
+    const QByteArray bytes = readWholeFile(picture("a.jpg"));
+    writeFileSafely(picture("a.jpg"), bytes.left(100));
+    makePicture(picture("b.jpg"));
+    window().preview().reload();
+    settle();
+    EXPECT_TRUE(view().placement().isEmpty());
+    EXPECT_FALSE(view().accessibleDescription().isEmpty()) << "the reason";
+    EXPECT_EQ(window().preview().shownPath(), picture("a.jpg"));
+    EXPECT_FALSE(action("mnuPreviewSaveImage").isEnabled());
+    writeFileSafely(picture("a.jpg"), bytes);
+    show(0);
+    EXPECT_EQ(view().placement().place().size().width(), ibMain().DisplayWidth());
+    EXPECT_EQ(view().accessibleDescription().toStdString(), "a.jpg");
+}
+
+TEST_F(PreviewOfPictures, IsSavedInEachFormatButNeverOverMoreThanItShows) {
+    makePicture(picture("a.jpg"), {640, 480});
+    writeFileSafely(picture("cut.jpg"), readWholeFile(picture("a.jpg")).left(4000));
+    makeDocument(picture("pages.tif"), {{{20, 10}}, {{10, 20}}});
+    list();
+    show(0);
+    TestDesktop scripted;
+    const auto saveAs = [&](const QString& name, int filter) {
+        scripted.fileChoices.push_back(FileDialogChoice{name, filter});
+        choose("mnuPreviewSaveImage");
+        return waitFor([&] { return !scripted.messages.empty() || panel("status").starts_with("Saved"); });
+    };
+    for (const SaveFormat& format : saveFormats()) {
+        const QString target = path("out.") + QLatin1String(format.extension);
+        window().SetStatus({});
+        ASSERT_TRUE(saveAs(target, 1));
+        EXPECT_EQ(ImageBox::PageCount(target), 1);
+        EXPECT_TRUE(QFile::exists(target)) << format.name;
+        EXPECT_TRUE(format.name == std::string("PDF") || loaded(target).Width() == 640) << format.name;
+    }
+    window().SetStatus({});
+    ASSERT_TRUE(saveAs(path("named"), 5));
+    EXPECT_EQ(PictureFile(path("named.png")).formatName().toStdString(), "PNG") << "the filter's format";
+    for (const int row : {1, 2}) {
+        show(row);
+        const QString source = listed().row(row).tag;
+        const QByteArray before = readWholeFile(source);
+        ASSERT_TRUE(saveAs(source, 1));
+        ASSERT_EQ(scripted.messages.size(), 1u) << source.toStdString();
+        scripted.messages.clear();
+        EXPECT_EQ(readWholeFile(source), before);
+    }
+}
+
+} // namespace tarsel::test
