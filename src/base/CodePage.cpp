@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/CodePage.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <optional>
 
@@ -76,8 +78,8 @@ QByteArray encode(const QString& text) {
 }
 
 QString decode(const QByteArray& bytes) {
-    if (readsAsUtf8(bytes))
-        return QString::fromUtf8(bytes);
+    if (readsAsUtf8(bytes)) // a mark of the byte order is a character of the text, too
+        return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(bytes);
     QString text(bytes.size(), Qt::Uninitialized);
     std::transform(bytes.begin(), bytes.end(), text.begin(),
                    [](char byte) { return QChar(characterOf(uchar(byte))); });

@@ -202,6 +202,15 @@ Picture converted(const Picture& picture, const QByteArray& from, const QByteArr
     return result;
 }
 
+Rgb converted(Rgb color, const QByteArray& from, const QByteArray& to) {
+    Picture pixel(1, 1, 3);
+    std::uint8_t* channels = pixel.edit().pixel(0, 0);
+    channels[0] = color.red, channels[1] = color.green, channels[2] = color.blue;
+    const Picture result = converted(pixel, from, to);
+    const std::uint8_t* values = result.view().pixel(0, 0);
+    return {values[0], values[1], values[2]};
+}
+
 void applyGrayProfile(Picture& picture, const QByteArray& iccProfile) {
     const Profile source = openProfile(iccProfile, "GRAY");
     const Profile target(cmsCreate_sRGBProfile());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "embedded/EmbeddedMetadata.h"
+#include "pixels/Color.h"
 #include "pixels/Picture.h"
 
 #include <cstdint>
@@ -34,6 +35,7 @@ private:
 
 /// The picture as RgbConversion makes it; shared with the source when nothing changes.
 Picture converted(const Picture& picture, const QByteArray& from, const QByteArray& to = {});
+Rgb converted(Rgb color, const QByteArray& from, const QByteArray& to = {});
 
 /// Turns a gray picture into sRGB by a profile of gray values; leaves it alone with any other profile.
 void applyGrayProfile(Picture& picture, const QByteArray& iccProfile);

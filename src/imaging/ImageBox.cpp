@@ -2,6 +2,7 @@
 #include "imaging/ImageBox.h"
 
 #include "base/TrappedError.h"
+#include "codecs/ColorProfile.h"
 #include "pixels/operations/Brightness.h"
 #include "pixels/operations/Contrast.h"
 #include "pixels/operations/Crop.h"
@@ -73,7 +74,7 @@ void requireFormat(int format) {
 
 /// The part of a picture between the edges, of which some may be outside. Error 5 when there is nothing
 /// between.
-Picture cropped(const Picture& picture, const Edges& edges, Color background) {
+Picture cropped(const Picture& picture, const Edges& edges, Rgb background) {
     const std::int64_t width = std::int64_t(edges.right) - edges.left;
     const std::int64_t height = std::int64_t(edges.bottom) - edges.top;
     if (width < 1 || height < 1)
@@ -89,7 +90,7 @@ Picture cropped(const Picture& picture, const Edges& edges, Color background) {
     if (edges.left == 0 && edges.top == 0 && width == picture.width() && height == picture.height())
         return picture;
     Picture result(int(width), int(height), picture.channels());
-    operations::crop(picture.view(), result.edit(), edges.left, edges.top, resolveColor(background));
+    operations::crop(picture.view(), result.edit(), edges.left, edges.top, background);
     return result;
 }
 
@@ -181,7 +182,11 @@ Color ImageBox::PixelColor(int x, int y) const {
             ErrorNumber::InvalidCall,
             QCoreApplication::translate("ImageBox", "the point %1, %2 is outside the picture").arg(x).arg(y));
     const std::uint8_t* pixel = m_picture.view().pixel(x, y);
-    return colorOf({pixel[0], pixel[1], pixel[2]});
+    return colorOf(converted(Rgb{pixel[0], pixel[1], pixel[2]}, m_metadata.blocks().iccProfile));
+}
+
+Rgb ImageBox::inPicture(Color color) const {
+    return converted(resolveColor(color), {}, m_metadata.blocks().iccProfile);
 }
 
 // --- tone and filters
@@ -238,7 +243,7 @@ void ImageBox::Flip(int direction) {
 
 void ImageBox::Rotate(float degrees) {
     requireImage();
-    pictureToChange() = operations::rotate(m_picture, degrees, Resample, resolveColor(BackColor));
+    pictureToChange() = operations::rotate(m_picture, degrees, Resample, inPicture(BackColor));
 }
 
 void ImageBox::Resize(int width, int height) {
@@ -263,7 +268,7 @@ void ImageBox::Scale(float percent) {
 
 void ImageBox::Crop(int left, int top, int right, int bottom) {
     requireImage();
-    pictureToChange() = cropped(m_picture, {left, top, right, bottom}, BackColor);
+    pictureToChange() = cropped(m_picture, {left, top, right, bottom}, inPicture(BackColor));
 }
 
 // --- selection
@@ -306,9 +311,9 @@ void ImageBox::RedEyeCorrection() {
 
 void ImageBox::CropToSelection() {
     requireSelection();
-    Picture result = cropped(m_picture, m_selection, BackColor);
+    Picture result = cropped(m_picture, m_selection, inPicture(BackColor));
     if (m_selectionShape == SelectionShape::Ellipse)
-        operations::fillOutsideEllipse(result.edit(), resolveColor(BackColor));
+        operations::fillOutsideEllipse(result.edit(), inPicture(BackColor));
     pictureToChange() = std::move(result);
     ClearSelection();
 }
@@ -326,15 +331,19 @@ int ImageBox::TextHeight(const QString& text) const {
 void ImageBox::DrawText(int x, int y, const QString& text) {
     requireImage();
     operations::TextLine line{text,      fontOf(Font, TextAntiAlias), x, y, TextAlignment,
-                              TextAngle, resolveColor(TextColor),     {}};
+                              TextAngle, inPicture(TextColor),        {}};
     if (!TextTransparent)
-        line.background = resolveColor(TextBackColor);
+        line.background = inPicture(TextBackColor);
     operations::drawText(pictureToChange().edit(), line);
 }
 
 // --- merging
 
 void ImageBox::MergeHandle(const PictureHandle& handle) {
+    mergeLayer(handle, resolveColor(MergeTransparentColor));
+}
+
+void ImageBox::mergeLayer(const PictureHandle& handle, Rgb transparentColor) {
     requireImage();
     if (handle.isNull())
         fail(ErrorNumber::InvalidCall,
@@ -345,7 +354,7 @@ void ImageBox::MergeHandle(const PictureHandle& handle) {
     operations::MergeOptions options{
         operations::MergePlace(MergeStyle), MergeX, MergeY, {}, MergeTransparency};
     if (MergeTransparent)
-        options.transparentColor = resolveColor(MergeTransparentColor);
+        options.transparentColor = transparentColor;
     // A reference of our own, for a box that is merged with itself.
     // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const PictureHandle layer = handle;

@@ -97,7 +97,8 @@ public:
     /// control; else the picture's own. Never 0 while a picture is held.
     int DisplayWidth() const;
     int DisplayHeight() const;
-    Color PixelColor(int x, int y) const; ///< error 5 outside the picture
+    /// In sRGB, as all colours of a box are, whatever profile the picture has. Error 5 outside the picture.
+    Color PixelColor(int x, int y) const;
 
     // --- fill
     // -------------------------------------------------------------------------------------------------
@@ -187,6 +188,8 @@ public:
     const MetadataStore& metadata() const { return m_metadata; }
 
 private:
+    Rgb inPicture(Color color) const; ///< in the colours of the picture's profile
+    void mergeLayer(const PictureHandle& handle, Rgb transparentColor);
     /// What was encoded last, and from what.
     struct Encoded {
         QString format; ///< its usual extension

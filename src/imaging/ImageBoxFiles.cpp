@@ -115,7 +115,9 @@ void ImageBox::MergeFile(const QString& path) {
             throw;
         fail(ErrorNumber::InvalidPicture, error.description);
     }
-    MergeHandle(converted(merged.picture, merged.iccProfile, m_metadata.blocks().iccProfile));
+    const QByteArray profile = m_metadata.blocks().iccProfile;
+    mergeLayer(converted(merged.picture, merged.iccProfile, profile),
+               converted(resolveColor(MergeTransparentColor), merged.iccProfile, profile));
 }
 
 } // namespace tarsel

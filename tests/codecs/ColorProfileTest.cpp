@@ -149,12 +149,16 @@ TEST_F(Profiles, aGrayFileHasTheLuminanceOfTheShownColours) {
     }
 }
 
-TEST_F(Profiles, aMergedPictureKeepsItsColoursUnderAnotherProfile) {
+TEST_F(Profiles, aMergedPictureAndColoursOfTasksLookTheSameUnderAnotherProfile) {
     ImageBox box;
     box.LoadFromFile(file("wide.png", test::plainPicture(16, 16, 3, {0, 0, 0}), wideProfile()));
     box.MergeStyle = 0;
     box.MergeFile(file("mark.png", test::plainPicture(8, 8, 3, {124, 201, 92}), {}));
     EXPECT_NEAR(test::colorAt(box.picture(), 8, 8).red, Green.red, 3);
+    box.BackColor = colorOf({124, 201, 92});
+    box.Crop(0, 0, 17, 17);
+    EXPECT_NEAR(test::colorAt(box.picture(), 16, 16).red, Green.red, 3);
+    EXPECT_NEAR(box.PixelColor(16, 16) & 0xFF, 124, 3);
 }
 
 TEST_F(Profiles, sRgbUnderAnyNameAndNonsenseChangeNothing) {

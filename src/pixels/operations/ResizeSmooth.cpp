@@ -33,33 +33,11 @@ void filter(ConstPixelView source, PixelView target, bool transparent) {
     separableFilter(means.view(), target, columns, rows, {false, transparent});
 }
 
-/// The factor between two lengths if it is an integer, else 0.
-int integerFactor(int sourceLength, int targetLength) {
-    const int factor = sourceLength / targetLength;
-    return factor * targetLength == sourceLength && factor <= largestAreaFactor ? factor : 0;
-}
-
-void takeMeans(ConstPixelView source, PixelView target, int acrossFactor, int downFactor, bool transparent) {
-    areaReduction(source, target, acrossFactor, downFactor, transparent);
-    if (!transparent)
-        return;
-    forBands(bandsOf(target.height, pixelCount(source)), [&](const Band& band) {
-        for (int y = band.begin; y < band.end; ++y)
-            unpremultiplyPixels(target.row(y), target.width);
-    });
-}
-
 } // namespace
 
 void resizeSmooth(ConstPixelView source, PixelView target) {
-    const int acrossFactor = integerFactor(source.width, target.width);
-    const int downFactor = integerFactor(source.height, target.height);
-    const bool mixes = acrossFactor != 1 || downFactor != 1;
-    const bool transparent = mixes && hasTransparency(source);
-    if (acrossFactor && downFactor)
-        takeMeans(source, target, acrossFactor, downFactor, transparent);
-    else
-        filter(source, target, transparent);
+    const bool mixes = source.width != target.width || source.height != target.height;
+    filter(source, target, mixes && hasTransparency(source));
 }
 
 } // namespace tarsel::operations
