@@ -34,7 +34,8 @@ DecoderPool::DecoderPool(int size, std::chrono::milliseconds timeLimit) {
     }
 }
 
-Picture DecoderPool::decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop) {
+DecodedPicture DecoderPool::decode(const DecoderTask& task, const FileUnderTest& file,
+                                   const std::stop_token& stop) {
     const Lease process(*this, stop);
     return process->decode(task, file, stop);
 }

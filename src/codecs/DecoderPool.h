@@ -20,7 +20,8 @@ public:
 
     /// As DecoderProcess::decode, for any thread. While all children are busy it waits for one; a stop ends
     /// that wait, too.
-    Picture decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop = {});
+    DecodedPicture decode(const DecoderTask& task, const FileUnderTest& file,
+                          const std::stop_token& stop = {});
 
     int busyCount() const; ///< children that are at work on a file
 

@@ -151,8 +151,8 @@ bool canBeRead(int socket) {
 
 } // namespace
 
-Picture DecoderProcess::decode(const DecoderTask& task, const FileUnderTest& file,
-                               const std::stop_token& stop) {
+DecodedPicture DecoderProcess::decode(const DecoderTask& task, const FileUnderTest& file,
+                                      const std::stop_token& stop) {
     raiseIfStopped(stop);
     const Descriptor content = contentMemory(task.bytes, file);
     const Descriptor pixels = pixelMemory(task.size, file);
@@ -167,7 +167,7 @@ Picture DecoderProcess::decode(const DecoderTask& task, const FileUnderTest& fil
     logMissingLocks(reply.missingLocks);
     if (reply.channels == 0)
         failDecoding(file, messageOf(reply));
-    return pictureOf(reply, task.size, pixels, file);
+    return {pictureOf(reply, task.size, pixels, file), {}, messageOf(reply)};
 }
 
 /// Once for each child.

@@ -3,9 +3,8 @@
 
 #include "codecs/ChildProcess.h"
 #include "codecs/CodecChecks.h"
+#include "codecs/DecodedPicture.h"
 #include "codecs/DecoderProtocol.h"
-#include "codecs/PictureHeader.h"
-#include "pixels/Picture.h"
 
 #include <QByteArray>
 #include <atomic>
@@ -34,9 +33,10 @@ public:
     /// `timeLimit` is how long one file may take before the child is ended.
     explicit DecoderProcess(std::chrono::milliseconds timeLimit = usualTimeLimit) : m_timeLimit(timeLimit) {}
 
-    /// Error 0x8000FFFF with the decoder's own words; as DecoderLost with what became of the process; error
-    /// 18 when a stop is requested before the answer, which ends the child.
-    Picture decode(const DecoderTask& task, const FileUnderTest& file, const std::stop_token& stop = {});
+    /// Of the metadata there is nothing. Error 0x8000FFFF with the decoder's own words; as DecoderLost with
+    /// what became of the process; error 18 when a stop is requested before the answer, which ends the child.
+    DecodedPicture decode(const DecoderTask& task, const FileUnderTest& file,
+                          const std::stop_token& stop = {});
 
     pid_t processId() const { return m_child.id(); } ///< 0 when none runs
     bool isWaiting() const { return m_waiting; }     ///< a request was sent and isn't answered yet

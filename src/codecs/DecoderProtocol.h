@@ -23,8 +23,8 @@ struct DecoderRequest {
 };
 constexpr std::size_t requestDescriptors = 2;
 
-/// With 3 or 4 channels the picture is in the room for pixels: rows from the top without padding. With 0 the
-/// message says what was wrong.
+/// With 3 or 4 channels the picture is in the room for pixels: rows from the top without padding; a message
+/// says what is missing in it. With 0 the message says why there is none.
 struct DecoderReply {
     std::uint32_t serial = 0; ///< of the request
     std::int32_t channels = 0;

@@ -273,8 +273,10 @@ bool sniffGif(const PictureSource& source) {
     return bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a");
 }
 
-PixelSize firstFrameSize(const ByteReader& reader) {
-    const auto frame = findFrame(reader);
+/// The frame may follow a profile or comment that is longer than the start of the file.
+PixelSize firstFrameSize(const PictureSource& source) {
+    const QByteArray bytes = source.all();
+    const auto frame = findFrame(ByteReader(bytes, ByteOrder::Little));
     return frame ? PixelSize{frame->width, frame->height} : PixelSize{};
 }
 
@@ -282,7 +284,7 @@ PictureHeader gifHeader(const PictureSource& source, const QString& name) {
     const QByteArray start = source.start();
     const ByteReader reader(start, ByteOrder::Little);
     const auto screen = screenOf(reader);
-    const PixelSize size = screen ? *screen : firstFrameSize(reader);
+    const PixelSize size = screen ? *screen : firstFrameSize(source);
     requirePlausibleSize(fileOf(source, name), size.width, size.height, pixelsPerByte);
     return {size.width, size.height, (reader.byte(10).value_or(0) & 7) + 1, 0};
 }

@@ -166,9 +166,9 @@ private:
         while (m_jpeg.output_scanline < m_jpeg.output_height) {
             const int y = int(m_jpeg.output_scanline);
             guard(readCmykRow);
-            if (m_jpeg.saw_Adobe_marker) // Adobe stores the ink that is missing
-                std::transform(m_cmykRow.begin(), m_cmykRow.end(), m_cmykRow.begin(),
-                               [](std::uint8_t ink) { return std::uint8_t(255 - ink); });
+            // The ink that is missing, also without Adobe's marker, which only some tool will have removed.
+            std::transform(m_cmykRow.begin(), m_cmykRow.end(), m_cmykRow.begin(),
+                           [](std::uint8_t ink) { return std::uint8_t(255 - ink); });
             conversion.convertRow(m_cmykRow.data(), m_target.row(y), m_target.width);
         }
     }

@@ -62,20 +62,20 @@ int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-Picture draw(const PictureSource& source, const QString& name, PixelSize size) {
+DecodedPicture draw(const PictureSource& source, const QString& name, PixelSize size) {
     return DecoderPool::shared().decode({DecoderFormat::Metafile, source.all(), size}, fileOf(source, name),
                                         currentStop());
 }
 
 DecodedPicture decodeMetafile(const PictureSource& source, const QString& name, int) {
     const PictureHeader header = metafileHeader(source, name);
-    return {draw(source, name, {header.width, header.height}), {}};
+    return draw(source, name, {header.width, header.height});
 }
 
 /// Lines and letters are as sharp at this size as at any other.
 ReducedPicture drawMetafile(const PictureSource& source, const QString& name, PixelSize wanted) {
     const PictureHeader header = metafileHeader(source, name);
-    return {draw(source, name, wanted), {header.width, header.height}};
+    return {draw(source, name, wanted).picture, {header.width, header.height}};
 }
 
 Codec metafileCodec(const char* name, QStringList extensions, bool (*sniff)(const PictureSource&)) {

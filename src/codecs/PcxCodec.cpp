@@ -78,18 +78,22 @@ void requireKnownKind(const PcxLayout& layout, const FileUnderTest& file) {
         failDecoding(file, QCoreApplication::translate("PcxCodec", "its rows are shorter than its width"));
 }
 
-/// The bytes of the rows with their runs spread. Where the file ends early, zeros follow.
+/// The bytes of the rows with their runs spread. Where the data end early, zeros follow.
 class RowSource {
 public:
-    RowSource(const QByteArray& bytes, bool hasRuns) : m_bytes(bytes), m_hasRuns(hasRuns) {}
+    RowSource(const QByteArray& bytes, qsizetype end, bool hasRuns) :
+        m_bytes(bytes), m_end(end), m_hasRuns(hasRuns) {}
 
-    /// False when the file had nothing left for it.
+    /// False when there was nothing left for it.
     bool read(std::vector<std::uint8_t>& row) {
-        const bool any = m_run > 0 || m_at < m_bytes.size();
+        const bool any = m_run > 0 || m_at < m_end;
+        m_isComplete = m_isComplete && any;
         for (std::uint8_t& byte : row)
             byte = next();
         return any;
     }
+    bool isComplete() const { return m_isComplete; }
+    qsizetype position() const { return m_at; }
 
 private:
     std::uint8_t next() {
@@ -109,10 +113,15 @@ private:
         }
     }
 
-    std::uint8_t stored() { return m_at < m_bytes.size() ? std::uint8_t(m_bytes[m_at++]) : 0; }
+    std::uint8_t stored() {
+        m_isComplete = m_isComplete && m_at < m_end;
+        return m_at < m_end ? std::uint8_t(m_bytes[m_at++]) : 0;
+    }
 
     const QByteArray& m_bytes;
+    qsizetype m_end;
     bool m_hasRuns;
+    bool m_isComplete = true;
     qsizetype m_at = headerSize;
     int m_run = 0;
     std::uint8_t m_value = 0;
@@ -132,6 +141,14 @@ Palette grayPalette(int colors) {
     return palette;
 }
 
+/// Where the pixels end at the latest: at a palette of 256 colours, else at the end of the file.
+qsizetype endOfPixels(const QByteArray& bytes, const PcxLayout& layout) {
+    const qsizetype mark = bytes.size() - largePaletteSize - 1;
+    const bool isMarked = layout.bits * layout.planes > 4 && layout.bits * layout.planes <= 8 &&
+                          mark >= headerSize && quint8(bytes[mark]) == largePaletteMark;
+    return isMarked ? mark : bytes.size();
+}
+
 /// The palette of a file with indexes. Up to 16 colours are in the header, 256 at the end of the file;
 /// where they don't, indexes are steps from black to white. Writers fill the header's palette in also in
 /// version 3, which is said to have none.
@@ -139,10 +156,9 @@ Palette readPalette(const QByteArray& bytes, const PcxLayout& layout) {
     const int bits = layout.bits * layout.planes;
     Palette palette = grayPalette(1 << bits);
     if (bits > 4) {
-        const qsizetype start = bytes.size() - largePaletteSize;
-        if (start > headerSize && quint8(bytes[start - 1]) == largePaletteMark)
+        if (const qsizetype mark = endOfPixels(bytes, layout); mark < bytes.size())
             for (qsizetype i = 0; i < 256; ++i)
-                palette[std::size_t(i)] = storedColor(bytes, start + 3 * i);
+                palette[std::size_t(i)] = storedColor(bytes, mark + 1 + 3 * i);
         return palette;
     }
     Palette stored = palette;
@@ -221,7 +237,8 @@ DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) 
     const bool alpha = layout.bits == 8 && layout.planes == 4;
     Picture picture(layout.width, layout.height, alpha ? 4 : 3);
     const PcxPainter painter(layout, palette, picture.edit());
-    RowSource rows(bytes, layout.hasRuns);
+    const qsizetype end = endOfPixels(bytes, layout);
+    RowSource rows(bytes, end, layout.hasRuns);
     std::vector<std::uint8_t> row(std::size_t(layout.rowBytes) * std::size_t(layout.planes));
     bool goesOn = true;
     for (int y = 0; y < layout.height; ++y) {
@@ -233,7 +250,12 @@ DecodedPicture decodePcx(const PictureSource& source, const QString& name, int) 
     }
     EmbeddedMetadata metadata;
     metadata.resolution = {layout.dpi, layout.dpi};
-    return {std::move(picture), std::move(metadata)};
+    const bool isPaletteCut = layout.bits * layout.planes == 8 && end == bytes.size() &&
+                              rows.position() < end && quint8(bytes[rows.position()]) == largePaletteMark;
+    return {std::move(picture), std::move(metadata),
+            rows.isComplete() && !isPaletteCut
+                ? QString()
+                : QCoreApplication::translate("PcxCodec", "file is truncated")};
 }
 
 } // namespace

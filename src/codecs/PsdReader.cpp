@@ -105,13 +105,14 @@ public:
     PsdRows(const PictureSource& source, const PsdLayout& layout, const FileUnderTest& file, int channels) :
         m_source(source), m_height(layout.height),
         m_rowBytes((std::int64_t(layout.width) * layout.bits + 7) / 8) {
+        if (layout.pixels + 2 >= source.size())
+            failDecoding(file, QCoreApplication::translate("PsdReader",
+                                                           "file is truncated before its merged picture"));
         const auto compression = numberAt(source, layout.pixels, 2);
         if (compression > 1)
             failDecoding(
                 file,
                 QCoreApplication::translate("PsdReader", "compression %1 is not supported").arg(compression));
-        if (layout.pixels + 2 >= source.size())
-            failDecoding(file, QCoreApplication::translate("PsdReader", "no merged picture"));
         const std::int64_t wanted = std::int64_t(channels) * m_height;
         m_offsets.reserve(std::size_t(wanted) + 1);
         m_isPacked = compression == 1;
@@ -132,6 +133,7 @@ public:
     }
 
     std::int64_t rowBytes() const { return m_rowBytes; }
+    bool endEarly() const { return m_offsets.back() > m_source.size(); }
 
     /// False when the file doesn't have the complete row; what is missing stays as it was.
     bool read(int channel, int y, std::uint8_t* target) const {
@@ -267,7 +269,19 @@ void widenRow(const std::vector<std::uint8_t>& bytes, int bits, std::vector<floa
         }
 }
 
-/// The merged colours are mixed with white where they are transparent.
+/// Whether a row holds a colour that is no mixture with white in the proportion that alpha says.
+bool provesPlainColors(const std::vector<std::vector<float>>& planes, const PsdLayout& layout) {
+    constexpr float tolerance = 4;
+    const std::vector<float>& alpha = planes.back();
+    const std::size_t mixed = layout.mode == Indexed ? 0 : layout.mode == Lab ? 1 : planes.size() - 1;
+    for (std::size_t c = 0; c < mixed; ++c)
+        for (std::size_t x = 0; x < alpha.size(); ++x)
+            if (alpha[x] > 0 && planes[c][x] < 255 - alpha[x] - tolerance)
+                return true;
+    return false;
+}
+
+/// Colours without the white that is mixed with them where they are transparent.
 std::uint8_t withoutWhite(int value, int alpha) {
     return std::uint8_t(alpha == 0 ? value : std::clamp((value - 255 + alpha) * 255 / alpha, 0, 255));
 }
@@ -280,10 +294,18 @@ void storeRow(const std::vector<std::uint8_t>& rgb, const std::vector<float>* al
     }
     for (int x = 0; x < target.width; ++x) {
         std::uint8_t* pixel = target.pixel(x, y);
+        std::copy_n(&rgb[std::size_t(x) * 3], 3, pixel);
         pixel[3] = PsdPainter::byteOf((*alpha)[std::size_t(x)]);
-        for (int c = 0; c < 3; ++c)
-            pixel[c] = withoutWhite(rgb[std::size_t(x) * 3 + std::size_t(c)], pixel[3]);
     }
+}
+
+void removeWhite(PixelView target) {
+    for (int y = 0; y < target.height; ++y)
+        for (int x = 0; x < target.width; ++x) {
+            std::uint8_t* pixel = target.pixel(x, y);
+            for (int c = 0; c < 3; ++c)
+                pixel[c] = withoutWhite(pixel[c], pixel[3]);
+        }
 }
 
 } // namespace
@@ -327,17 +349,24 @@ PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const
     std::vector<std::vector<float>> planes(std::size_t(colors) + (alpha ? 1 : 0),
                                            std::vector<float>(std::size_t(layout.width)));
     QString damage;
+    bool isMixed = alpha;
     for (int y = 0; y < layout.height; ++y) {
         raiseIfStopped();
         for (std::size_t channel = 0; channel < planes.size(); ++channel) {
             std::ranges::fill(bytes, std::uint8_t(255));
             if (!rows.read(int(channel), y, bytes.data()) && damage.isEmpty())
-                damage = QCoreApplication::translate("PsdReader", "rows of the merged picture are damaged");
+                damage =
+                    rows.endEarly()
+                        ? QCoreApplication::translate("PsdReader", "file is truncated")
+                        : QCoreApplication::translate("PsdReader", "rows of the merged picture are damaged");
             widenRow(bytes, layout.bits, planes[channel]);
         }
+        isMixed = isMixed && !provesPlainColors(planes, layout);
         painter.paint(planes, rgb.data());
         storeRow(rgb, alpha ? &planes.back() : nullptr, target, y);
     }
+    if (isMixed)
+        removeWhite(target);
     return {std::move(picture), std::move(damage)};
 }
 

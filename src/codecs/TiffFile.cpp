@@ -11,6 +11,7 @@ namespace tarsel {
 
 namespace {
 
+constexpr char fileName[] = "memory"; ///< that libtiff puts before messages
 constexpr tmsize_t largestAllocation = tmsize_t(1) << 30;
 constexpr std::int64_t largestWrittenFile = std::int64_t(4) << 30; // what offsets of 32 bits reach
 
@@ -42,7 +43,7 @@ void TiffFile::open(const char* mode) {
     TIFFOpenOptionsSetErrorHandlerExtR(options, onError, this);
     TIFFOpenOptionsSetWarningHandlerExtR(options, onWarning, this);
     m_tiff = TIFFClientOpenExt(
-        "memory", mode, this, read, write, seek, [](thandle_t) { return 0; }, size, nullptr, nullptr,
+        fileName, mode, this, read, write, seek, [](thandle_t) { return 0; }, size, nullptr, nullptr,
         options);
     TIFFOpenOptionsFree(options);
 }
@@ -57,8 +58,12 @@ int TiffFile::onError(TIFF*, void* self, const char* module, const char* format,
     char text[300];
     std::vsnprintf(text, sizeof text, format, arguments);
     auto& file = *static_cast<TiffFile*>(self);
-    if (file.m_firstError.isEmpty())
-        file.m_firstError = QString::fromUtf8(module) + QStringLiteral(": ") + QString::fromUtf8(text);
+    if (!file.m_firstError.isEmpty())
+        return 1;
+    const bool isRoutine = module && std::strcmp(module, fileName) != 0;
+    file.m_firstError = file.m_hasReadPastEnd ? QCoreApplication::translate("TiffFile", "file is truncated")
+                        : isRoutine ? QStringLiteral("%1: %2").arg(QLatin1String(module), QLatin1String(text))
+                                    : QString::fromUtf8(text);
     return 1;
 }
 
@@ -67,6 +72,7 @@ tmsize_t TiffFile::read(thandle_t self, void* target, tmsize_t size) {
     std::int64_t count = 0;
     if (file.m_source) {
         count = file.m_source->read(file.m_position, target, size);
+        file.m_hasReadPastEnd = file.m_hasReadPastEnd || count < size;
     } else {
         count = std::clamp<std::int64_t>(file.m_bytes.size() - file.m_position, 0, size);
         std::copy_n(file.m_bytes.constData() + file.m_position, count, static_cast<char*>(target));

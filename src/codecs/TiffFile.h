@@ -52,6 +52,7 @@ private:
     std::optional<PictureSource> m_source; ///< of a file that is read
     QByteArray m_bytes;                    ///< of a file that is written
     std::int64_t m_position = 0;
+    bool m_hasReadPastEnd = false;
     QString m_firstError;
     TIFF* m_tiff = nullptr;
 };

@@ -140,11 +140,18 @@ static bool hasTilesOfOddSize(const TiffFile& tiff, const TiffLayout& layout) {
     return layout.tiled && layout.compression == COMPRESSION_NONE && TIFFTileSize(tiff) % roomUnit != 0;
 }
 
+/// libtiff takes every integer for an unsigned one.
+static bool hasOtherThanUnsigned(const TiffLayout& layout) {
+    const bool isGrayOrRgb = layout.photometric <= PHOTOMETRIC_RGB && layout.bits >= 8;
+    return layout.sampleFormat > SAMPLEFORMAT_INT ? layout.sampleFormat != SAMPLEFORMAT_VOID
+                                                  : layout.sampleFormat == SAMPLEFORMAT_INT && isGrayOrRgb;
+}
+
 bool isKnownToTiffRgba(const TiffFile& tiff, const TiffLayout& layout) {
     char reason[1024] = {};
     const bool ours = layout.photometric == PHOTOMETRIC_SEPARATED ||
                       layout.photometric == PHOTOMETRIC_CIELAB || layout.photometric == PHOTOMETRIC_ICCLAB ||
-                      layout.bits > 16 || layout.sampleFormat == SAMPLEFORMAT_IEEEFP ||
+                      layout.bits > 16 || hasOtherThanUnsigned(layout) ||
                       (hasAlpha(layout) && layout.photometric != PHOTOMETRIC_YCBCR) ||
                       (layout.bits < 8 && layout.samples > 1) ||
                       (hasTilesOfOddSize(tiff, layout) && layout.photometric != PHOTOMETRIC_YCBCR);

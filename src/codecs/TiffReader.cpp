@@ -69,12 +69,22 @@ const TiffPages& pagesOf(const PictureSource& source) {
     return source.finding<TiffPages>([&source] { return readPages(source); });
 }
 
+/// A first directory that the header names and the file doesn't hold was cut off.
+QString withoutPages(const PictureSource& source) {
+    const std::optional<TiffWalker> walker = TiffWalker::open(source.byteSource());
+    return walker && walker->firstDirectory() != 0
+               ? QCoreApplication::translate("TiffReader", "file is truncated")
+               : QCoreApplication::translate("TiffReader", "no pages");
+}
+
 /// The directory of a page, from 1. One that only a crafted file has is refused: libtiff's time grows with
 /// the square of its entries.
 std::uint64_t directoryOf(const PictureSource& source, const FileUnderTest& file, int page) {
     const TiffPages& pages = pagesOf(source);
     if (page < 1 || std::size_t(page) > pages.size())
-        failDecoding(file, QCoreApplication::translate("TiffReader", "it has no page %1").arg(page));
+        failDecoding(file, pages.empty()
+                               ? withoutPages(source)
+                               : QCoreApplication::translate("TiffReader", "it has no page %1").arg(page));
     const TiffDirectoryPlace& found = pages[std::size_t(page) - 1];
     if (found.entries > maxDirectoryEntries)
         failDecoding(
@@ -118,7 +128,7 @@ PictureHeader tiffHeader(const PictureSource& source, const QString& name) {
 int tiffPageCount(const PictureSource& source, const QString& name) {
     const TiffPages& pages = pagesOf(source);
     if (pages.empty())
-        failDecoding(fileOf(source, name), QCoreApplication::translate("TiffReader", "no pages"));
+        failDecoding(fileOf(source, name), withoutPages(source));
     return int(pages.size());
 }
 

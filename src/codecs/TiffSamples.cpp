@@ -180,8 +180,8 @@ private:
     std::vector<float> m_samples;
 };
 
-/// What counts as 0 and as 1. Integers use their range; floating point does when it stays between 0
-/// and 1, else the range of the values that occur.
+/// What counts as 0 and as 1. Integers use the range of unsigned ones; floating point does when it stays
+/// between 0 and 1, else the range of the values that occur. Negative integers are black, as for libvips.
 struct SampleRange {
     float low = 0;
     float high = 1;
@@ -192,8 +192,6 @@ struct SampleRange {
 
 SampleRange rangeOf(const TiffLayout& layout, const std::vector<float>& samples) {
     const float span = std::ldexp(1.0F, layout.bits) - 1;
-    if (layout.sampleFormat == SAMPLEFORMAT_INT)
-        return {-std::ldexp(1.0F, layout.bits - 1), std::ldexp(1.0F, layout.bits - 1) - 1};
     if (layout.sampleFormat != SAMPLEFORMAT_IEEEFP)
         return {0, span};
     SampleRange range;
@@ -209,24 +207,47 @@ std::uint8_t byteOf(float unit) {
     return std::uint8_t(std::lround(unit * 255));
 }
 
-/// L from 0 to the full range; a and b signed in CIELAB, around the middle of the range in ICCLAB.
+/// Floating point holds L*a*b* as it is. Of integers, L goes from 0 to the range of unsigned ones; a and b
+/// are signed in CIELAB, around the middle of the range in ICCLAB. Files with a signed format are the same.
+class LabSamples {
+public:
+    explicit LabSamples(const TiffLayout& layout) :
+        m_isFloat(layout.sampleFormat == SAMPLEFORMAT_IEEEFP),
+        m_isShifted(layout.photometric == PHOTOMETRIC_ICCLAB), m_full(std::ldexp(1.0, layout.bits) - 1),
+        m_unit(std::ldexp(1.0, layout.bits - 8)) {}
+
+    double lightness(float value) const {
+        return m_isFloat ? finite(value) : unsignedOf(double(value)) / m_full * 100;
+    }
+    double colorAxis(float value) const {
+        if (m_isFloat)
+            return finite(value);
+        const double stored = unsignedOf(double(value));
+        if (m_isShifted)
+            return stored / m_unit - 128;
+        return (stored > m_full / 2 ? stored - m_full - 1 : stored) / m_unit;
+    }
+
+private:
+    static double finite(float value) { return std::isfinite(value) ? double(value) : 0; }
+    double unsignedOf(double value) const { return value < 0 ? value + m_full + 1 : value; }
+
+    bool m_isFloat;
+    bool m_isShifted;
+    double m_full; ///< of the unsigned range
+    double m_unit; ///< of a and b
+};
+
 void storeLab(const std::vector<float>& samples, const TiffLayout& layout, PixelView target) {
     const LabConversion conversion;
-    const double full = std::ldexp(1.0, layout.bits) - 1;
-    const double unit = std::ldexp(1.0, layout.bits - 8);
-    const bool shifted = layout.photometric == PHOTOMETRIC_ICCLAB;
-    const auto colorAxis = [&](double value) {
-        if (shifted)
-            return value / unit - 128;
-        return (value > full / 2 ? value - full - 1 : value) / unit;
-    };
+    const LabSamples lab(layout);
     std::vector<double> row(std::size_t(target.width) * 3);
     const float* sample = samples.data();
     for (int y = 0; y < target.height; ++y) {
         for (std::size_t i = 0; i < row.size(); i += 3, sample += 3) {
-            row[i] = double(sample[0]) / full * 100;
-            row[i + 1] = colorAxis(double(sample[1]));
-            row[i + 2] = colorAxis(double(sample[2]));
+            row[i] = lab.lightness(sample[0]);
+            row[i + 1] = lab.colorAxis(sample[1]);
+            row[i + 2] = lab.colorAxis(sample[2]);
         }
         conversion.convertRow(row.data(), target.row(y), target.width);
     }
@@ -290,7 +311,7 @@ public:
     }
 
     float unit(int channel, float index) const {
-        const auto at = std::min(std::size_t(index), m_size - 1);
+        const auto at = std::size_t(std::fmin(std::fmax(index, 0.0F), float(m_size - 1)));
         return float(m_channels[channel][at]) / (m_isDeep ? 65535 : 255);
     }
 
@@ -361,6 +382,8 @@ int colorSamples(const TiffLayout& layout) {
 
 Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
                           const QByteArray& iccProfile) {
+    if (layout.sampleFormat == SAMPLEFORMAT_COMPLEXINT || layout.sampleFormat == SAMPLEFORMAT_COMPLEXIEEEFP)
+        failDecoding(file, QCoreApplication::translate("TiffSamples", "complex samples are not supported"));
     SampleChoice choice{colorSamples(layout)};
     if (choice.colors == 0)
         failDecoding(file, QCoreApplication::translate("TiffSamples", "colours of kind %1 are not supported")

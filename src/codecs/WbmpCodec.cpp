@@ -8,6 +8,7 @@
 #include "codecs/SourceStream.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -53,7 +54,7 @@ std::optional<WbmpHeader> readHeader(const PictureSource& source) {
 
 bool sniffWbmp(const PictureSource& source) {
     const auto header = readHeader(source);
-    return header && (header->width + 7) / 8 * header->height <= source.size() - header->pixelOffset;
+    return header && (header->width + 7) / 8 <= source.size() - header->pixelOffset; // a row at least
 }
 
 PictureHeader wbmpHeader(const PictureSource& source, const QString& name) {
@@ -74,16 +75,20 @@ DecodedPicture decodeWbmp(const PictureSource& source, const QString& name, int)
     Picture picture(header.width, header.height, 3);
     const PixelView target = picture.edit();
     SourceStream stream(source, readHeader(source)->pixelOffset);
+    QString damage;
     std::vector<std::uint8_t> row(std::size_t(header.width + 7) / 8);
     for (int y = 0; y < header.height; ++y) {
         raiseIfStopped();
-        if (stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) // it was cut since
-            failDecoding({"WBMP", name, source.size()},
-                         QCoreApplication::translate("WbmpCodec", "file is truncated"));
+        if (damage.isEmpty() && stream.read(row.data(), qsizetype(row.size())) < qsizetype(row.size())) {
+            damage = QCoreApplication::translate("WbmpCodec", "file is truncated");
+            if (y == 0)
+                failDecoding({"WBMP", name, source.size()}, damage);
+            std::ranges::fill(row, std::uint8_t(255));
+        }
         for (int x = 0; x < header.width; ++x)
             std::memset(target.pixel(x, y), row[std::size_t(x) / 8] >> (7 - x % 8) & 1 ? 255 : 0, 3);
     }
-    return {std::move(picture), {}};
+    return {std::move(picture), {}, std::move(damage)};
 }
 
 } // namespace

@@ -23,19 +23,19 @@ public:
         state().hasFreeAxes = false;
     }
 
-    /// Returns how many records were drawn.
-    int play(std::span<const std::byte> file, std::int64_t at) {
+    Played play(std::span<const std::byte> file, std::int64_t at) {
         const ByteReader reader(file, ByteOrder::Little);
         constexpr std::uint32_t endOfFile = 14;
-        int known = 0;
+        bool isAnyKnown = false;
         for (;;) {
             const auto type = reader.dword(at);
             const std::int64_t size = reader.dword(at + 4).value_or(0);
             if (!type || *type == endOfFile || size < headSize)
-                return known;
+                return !isAnyKnown ? Played::Nothing : type == endOfFile ? Played::All : Played::Part;
             const auto step = steps().find(*type);
-            if (step != steps().end() && ++known)
+            if (step != steps().end())
                 (this->*step->second)(MetafileRecord(*reader.slice(at, std::min(size, reader.size() - at))));
+            isAnyKnown = isAnyKnown || step != steps().end();
             at += size;
         }
     }
@@ -592,9 +592,9 @@ const std::map<std::uint32_t, EmfPlayer::Step>& EmfPlayer::steps() {
 
 } // namespace
 
-bool playEmf(std::span<const std::uint8_t> file, const MetafileHeader& header, const FontShelf& fonts,
-             QImage& image) {
-    return EmfPlayer(header, fonts, image).play(std::as_bytes(file), header.records) > 0;
+Played playEmf(std::span<const std::uint8_t> file, const MetafileHeader& header, const FontShelf& fonts,
+               QImage& image) {
+    return EmfPlayer(header, fonts, image).play(std::as_bytes(file), header.records);
 }
 
 } // namespace tarsel::decoder

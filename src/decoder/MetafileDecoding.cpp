@@ -18,8 +18,9 @@ const FontShelf& fonts() {
     return shelf;
 }
 
-DecoderReply failure(const char* message) {
+DecoderReply replyOf(const char* message, int channels = 0) {
     DecoderReply reply;
+    reply.channels = channels;
     std::snprintf(reply.message, sizeof reply.message, "%s", message);
     return reply;
 }
@@ -63,19 +64,19 @@ void prepareLibraries() {
 DecoderReply decode(const DecoderRequest& request, std::span<const std::uint8_t> file, std::uint8_t* pixels) {
     const auto header = readMetafileHeader(file);
     if (!header)
-        return failure("no header");
+        return replyOf("no header");
     QImage image(pixels, request.width, request.height, qsizetype(request.width) * 4,
                  QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
-        return failure("a size that can't be drawn");
+        return replyOf("a size that can't be drawn");
     image.fill(Qt::transparent);
     const auto play = header->isEnhanced ? playEmf : playWmf;
-    if (!play(file, *header, fonts(), image))
-        return failure("it draws nothing");
-    DecoderReply reply;
-    reply.channels = isOpaque(image) ? 3 : 4;
-    storePixels(image, reply.channels, pixels);
-    return reply;
+    const Played played = play(file, *header, fonts(), image);
+    if (played == Played::Nothing)
+        return replyOf("it draws nothing");
+    const int channels = isOpaque(image) ? 3 : 4;
+    storePixels(image, channels, pixels);
+    return replyOf(played == Played::All ? "" : "file is truncated or damaged", channels);
 }
 
 } // namespace tarsel::decoder

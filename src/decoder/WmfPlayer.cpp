@@ -24,19 +24,19 @@ public:
         state.isBackOpaque = true;
     }
 
-    /// Returns how many records were drawn.
-    int play(std::span<const std::byte> file, std::int64_t at) {
+    Played play(std::span<const std::byte> file, std::int64_t at) {
         const ByteReader reader(file, ByteOrder::Little);
-        int known = 0;
+        bool isAnyKnown = false;
         for (;;) {
             const std::int64_t size = std::int64_t(reader.dword(at).value_or(0)) * 2;
             const auto function = reader.word(at + 4);
             if (size < headSize || !function || *function == 0)
-                return known;
+                return !isAnyKnown ? Played::Nothing : function == 0 ? Played::All : Played::Part;
             const std::int64_t room = std::min(size, reader.size() - at);
             const auto step = steps().find(*function);
-            if (step != steps().end() && ++known)
+            if (step != steps().end())
                 (this->*step->second)(MetafileRecord(*reader.slice(at + headSize, room - headSize)));
+            isAnyKnown = isAnyKnown || step != steps().end();
             at += size;
         }
     }
@@ -344,9 +344,9 @@ private:
 
 } // namespace
 
-bool playWmf(std::span<const std::uint8_t> file, const MetafileHeader& header, const FontShelf& fonts,
-             QImage& image) {
-    return WmfPlayer(header, fonts, image).play(std::as_bytes(file), header.records) > 0;
+Played playWmf(std::span<const std::uint8_t> file, const MetafileHeader& header, const FontShelf& fonts,
+               QImage& image) {
+    return WmfPlayer(header, fonts, image).play(std::as_bytes(file), header.records);
 }
 
 } // namespace tarsel::decoder

@@ -23,8 +23,10 @@ namespace tarsel {
 namespace {
 
 Picture decodeDrawing(DecoderProcess& process) {
-    return process.decode({DecoderFormat::Metafile, test::wmf(test::redLeftHalf()), {40, 20}},
-                          {"WMF", QStringLiteral("drawing.wmf"), 5});
+    return process
+        .decode({DecoderFormat::Metafile, test::wmf(test::redLeftHalf()), {40, 20}},
+                {"WMF", QStringLiteral("drawing.wmf"), 5})
+        .picture;
 }
 
 /// The child does what the "file" says.
@@ -36,8 +38,9 @@ protected:
 
 template <class Decoder>
 Picture order(Decoder& decoder, const char* text, const std::stop_token& stop = {}) {
-    return decoder.decode({DecoderFormat::Metafile, text, {2, 1}}, {"WMF", QStringLiteral("file.wmf"), 1},
-                          stop);
+    return decoder
+        .decode({DecoderFormat::Metafile, text, {2, 1}}, {"WMF", QStringLiteral("file.wmf"), 1}, stop)
+        .picture;
 }
 
 struct Outcome {

@@ -5,9 +5,11 @@
 #include "codecs/ColorProfile.h"
 #include "codecs/Formats.h"
 #include "codecs/PictureFile.h"
+#include "tests/support/CodecTestFiles.h"
 #include "tests/support/TestPictures.h"
 #include "tests/support/TiffStructure.h"
 
+#include <bit>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -25,8 +27,9 @@ struct Pixel {
 /// Of a clear pixel, '.', only the alpha counts.
 Pixel pixelOf(char letter) {
     static const std::map<char, Pixel> pixels = {
-        {'R', {Red}},   {'G', {Green}}, {'B', {Blue}},       {'W', {White}},     {'K', {Black}},
-        {'S', {Steel}}, {'.', {{}, 0}}, {'k', {Black, 128}}, {'d', {Black, 68}}, {'g', {Green, 136}}};
+        {'R', {Red}},       {'G', {Green}},      {'B', {Blue}},           {'W', {White}},
+        {'K', {Black}},     {'S', {Steel}},      {'.', {{}, 0}},          {'k', {Black, 128}},
+        {'d', {Black, 68}}, {'g', {Green, 136}}, {'m', {{127, 127, 127}}}};
     return pixels.at(letter);
 }
 
@@ -166,6 +169,14 @@ QByteArray replaced(QByteArray bytes, qsizetype at, const QByteArray& by) {
     return bytes.replace(at, by.size(), by);
 }
 
+/// A PSD of 2 x 1 pixels with transparency; the rows of red, green, blue and alpha follow each other.
+QByteArray psd(const QByteArray& rows) {
+    return QByteArray::fromHex("384250530001000000000000"
+                               "00040000000100000002000800030000000000000000"
+                               "0000000600000002ffff0000") +
+           rows;
+}
+
 TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     const QByteArray shortPalette("\0\0\xFF\0\0\xFF\0\0", 8); // red and green for 8 bits
     const QByteArray runs("\0\2\2\0\1\1\0\0\0\1", 10), cutRuns("\1\1\0\0\1", 5);
@@ -173,6 +184,8 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     // red twice, three as they are, end
     const QByteArray colorRuns("\2\0\0\xFF\0\3\0\xFF\0\xFF\0\0\xFF\xFF\xFF\0\0\1", 18);
     const QByteArray masks = dwords({0xFFE00000, 0x001FFC00, 0x000003FF});
+    const QByteArray longComment = "!\xFE" + QByteArray(256, '\xFF').repeated(1100) + '\0';
+    const auto real = [](float value) { return std::bit_cast<quint32>(value); };
     QByteArray colors(2 * 3 * 256, 0); // index 1 is red
     colors[2] = colors[3] = char(0xFF);
     const struct {
@@ -189,7 +202,7 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
          {5, "RRGBW"}},
         {"JPEG in a bitmap", bmpAround("jpg", 4), {1, "S", 16, 2}},
         {"PNG in a bitmap", bmpAround("png", 5), {1, "S", 16}},
-        {"GIF without a screen", replaced(gif({}, 1), 6, QByteArray(4, 0)), {3, "RGB"}},
+        {"GIF without a screen", replaced(gif(longComment, 1), 6, QByteArray(4, 0)), {3, "RGB"}},
         {"GIF with bytes between its blocks", gif(QByteArray("\0\0x", 3)), {3, "RGB"}},
         {"GIF with an unknown extension", gif(QByteArray("!\x7F\2ab\0", 6)), {3, "RGB"}},
         {"GIF with a frame past its canvas", gif({}, 1), {3, ".RG"}},
@@ -208,10 +221,28 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
         {"inks multiplied by alpha",
          tiff({8, 5, 5, 1, 1, 1}, QByteArray("\0\xFF\xFF\0\xFF\0\0\0\x80\x80", 10)),
          {2, "Rk"}},
+        {"signed gray of 8 bits", tiff({8, 1, 1, 1, 2}, "\x80\x7F"), {2, "Km"}},
+        {"signed gray of 16 bits", tiff({16, 1, 1, 1, 2}, QByteArray("\0\x80\xFF\x7F", 4)), {2, "Km"}},
+        {"L*a*b* as floats",
+         tiff({32, 3, 8, 1, 3}, dwords({real(54.29F), real(80.8F), real(69.89F), real(100), 0, 0})),
+         {2, "RW", 1, 2}},
+        {"signed L*a*b*",
+         tiff({16, 3, 8, 1, 2}, QByteArray("\xFB\x8A\xCD\x50\xE4\x45\xFF\xFF\0\0\0\0", 12)),
+         {2, "RW", 1, 2}},
+        {"PSD mixed with white", psd(QByteArray("\x7F\xFF\x7F\0\x7F\0\x80\xFF", 8)), {2, "kR"}},
+        {"PSD with plain colours", psd(QByteArray("\0\xFF\0\0\0\0\x80\xFF", 8)), {2, "kR"}},
         {"half floats", tiff({16, 1, 1, 1, 3}, QByteArray("\x00\x3C\x00\x00", 4)), {2, "WK"}},
     };
     for (const auto& [name, bytes, squares] : cases)
         expectPixels(name, PictureFile(bytes, QLatin1String(name)), squares);
+}
+
+TEST(UnusualKinds, aCmykJpegIsTheSameWithoutAdobesMarker) {
+    QByteArray bytes = test::bytesOf(QStringLiteral(TARSEL_PIXEL_FIXTURES "/adobe-cmyk.jpg"));
+    const qsizetype marker = bytes.indexOf("\xFF\xEE");
+    bytes[marker + 15] = 0; // not YCCK
+    const Picture marked = PictureFile(bytes, {}).decode().picture;
+    EXPECT_TRUE(PictureFile(bytes.remove(marker, 16), {}).decode().picture == marked);
 }
 
 /// Codes of 9 bits and more that stand for `codes`, in blocks, as the data of a frame; 256 clears the table.
