@@ -180,10 +180,8 @@ void frmMain::subUpdateForm() {
     });
 }
 
-/// Pictures are made for the pixels of the window's screen.
+/// Thumbnails are made for the pixels of the window's screen.
 void frmMain::takeScreen() {
-    const QSize screenPixels = screen()->size() * devicePixelRatioF();
-    m_preview.displayLimit = {screenPixels.width(), screenPixels.height()};
     m_folderView.settings.pixelRatio = m_basket.settings.pixelRatio = devicePixelRatioF();
 }
 

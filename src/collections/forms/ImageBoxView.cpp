@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/ImageBoxView.h"
 
+#include <QAccessibleWidget>
 #include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
@@ -16,6 +17,12 @@ namespace {
 constexpr int patience = 400; ///< milliseconds
 constexpr int lineStep = 40;  ///< logical pixels that an arrow scrolls
 
+/// Assistive programs know the view as a picture.
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+    auto* view = qobject_cast<ImageBoxView*>(object);
+    return view ? new QAccessibleWidget(view, QAccessible::Graphic) : nullptr;
+}
+
 Size sizeOf(const QImage& image) {
     return {image.width(), image.height()};
 }
@@ -23,6 +30,7 @@ Size sizeOf(const QImage& image) {
 } // namespace
 
 ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QAbstractScrollArea(parent), m_box(box) {
+    QAccessible::installFactory(makeAccessible); // once, however often it is called
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
