@@ -25,9 +25,10 @@ void requireUtf8Locale() {
         ::setenv("LC_ALL", "C.UTF-8", 1);
 }
 
-/// Warnings of libraries are nothing that a user could act on.
-void onlyFatalMessages(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
+/// Warnings of libraries are nothing that a user could act on; those of our own categories are.
+void showOwnAndFatalMessages(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    const bool isOwn = context.category && std::string_view(context.category).starts_with("tarsel");
+    if (isOwn || type == QtCriticalMsg || type == QtFatalMsg)
         std::fprintf(stderr, "tarsel: %s\n", qUtf8Printable(text));
 }
 
@@ -38,7 +39,7 @@ ApplicationScope* ApplicationScope::current = nullptr;
 ApplicationScope::ApplicationScope() {
     current = this;
     requireUtf8Locale();
-    qInstallMessageHandler(onlyFatalMessages);
+    qInstallMessageHandler(showOwnAndFatalMessages);
     m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
     installTranslation();
 }

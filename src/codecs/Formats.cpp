@@ -2,6 +2,7 @@
 #include "codecs/Formats.h"
 
 #include "codecs/Codec.h"
+#include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 
 namespace tarsel {
@@ -35,7 +36,10 @@ QByteArray encodePicture(const QString& extension, const Picture& picture, const
         return {};
     const Codec& codec = *codecForExtension(extension);
     const FittedPicture fitted = fittedToFile(picture, settings, metadata, codec.holdsProfile);
-    return codec.encode(fitted.picture, settings, fitted.metadata);
+    SaveSettings ofPicture = settings;
+    ofPicture.BackColor =
+        colorOf(converted(resolveColor(settings.BackColor), {}, fitted.metadata.iccProfile));
+    return codec.encode(fitted.picture, ofPicture, fitted.metadata);
 }
 
 } // namespace tarsel

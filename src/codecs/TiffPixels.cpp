@@ -147,11 +147,16 @@ static bool hasOtherThanUnsigned(const TiffLayout& layout) {
                                                   : layout.sampleFormat == SAMPLEFORMAT_INT && isGrayOrRgb;
 }
 
+/// libtiff takes the high byte of gray values of 16 bits, without rounding.
+static bool cutsBitsOff(const TiffLayout& layout) {
+    return layout.bits == 16 && layout.photometric <= PHOTOMETRIC_MINISBLACK;
+}
+
 bool isKnownToTiffRgba(const TiffFile& tiff, const TiffLayout& layout) {
     char reason[1024] = {};
     const bool ours = layout.photometric == PHOTOMETRIC_SEPARATED ||
                       layout.photometric == PHOTOMETRIC_CIELAB || layout.photometric == PHOTOMETRIC_ICCLAB ||
-                      layout.bits > 16 || hasOtherThanUnsigned(layout) ||
+                      layout.bits > 16 || cutsBitsOff(layout) || hasOtherThanUnsigned(layout) ||
                       (hasAlpha(layout) && layout.photometric != PHOTOMETRIC_YCBCR) ||
                       (layout.bits < 8 && layout.samples > 1) ||
                       (hasTilesOfOddSize(tiff, layout) && layout.photometric != PHOTOMETRIC_YCBCR);

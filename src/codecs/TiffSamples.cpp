@@ -3,6 +3,7 @@
 
 #include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
+#include "codecs/PictureLimit.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -10,50 +11,60 @@
 #include <cstring>
 #include <limits>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tarsel {
 
 namespace {
 
-constexpr std::int64_t maxSamples = 400'000'000;
+/// Bytes of strips or tiles that are held at once, for each pixel of the largest picture.
+constexpr std::int64_t heldBytesPerPixel = 4;
+
+/// Reads samples that are `step` bytes apart into places that are `places` apart.
+using LoadSamples = void (*)(const std::uint8_t* from, std::size_t step, std::size_t count, float* to,
+                             std::size_t places);
 
 template <class Number>
-double loaded(const std::uint8_t* at) {
-    return double(loadNumber<Number>(at, nativeOrder));
+float numberAt(const std::uint8_t* at) {
+    return float(loadNumber<Number>(at, nativeOrder));
 }
 
 /// IEEE numbers of 16 bits: sign, 5 bits of exponent, 10 of fraction.
-double loadedHalf(const std::uint8_t* at) {
+float halfAt(const std::uint8_t* at) {
     const auto half = loadNumber<std::uint16_t>(at, nativeOrder);
     const int exponent = half >> 10 & 31;
     const int fraction = half & 1023;
-    const double value = exponent == 0    ? std::ldexp(fraction, -24)
-                         : exponent == 31 ? std::numeric_limits<double>::infinity()
-                                          : std::ldexp(1024 + fraction, exponent - 25);
+    const float value = exponent == 0    ? std::ldexp(float(fraction), -24)
+                        : exponent == 31 ? std::numeric_limits<float>::infinity()
+                                         : std::ldexp(float(1024 + fraction), exponent - 25);
     return half & 0x8000 ? -value : value;
 }
 
-using Load = double (*)(const std::uint8_t*);
+template <float (*at)(const std::uint8_t*)>
+void loadSamples(const std::uint8_t* from, std::size_t step, std::size_t count, float* to,
+                 std::size_t places) {
+    for (std::size_t i = 0; i < count; ++i)
+        to[i * places] = at(from + i * step);
+}
 
-/// How one sample of full bytes is read; null for an unsupported kind. libtiff has put the bytes in our
-/// order.
-Load loaderFor(const TiffLayout& layout) {
+/// How samples of full bytes are read; null for an unsupported kind. libtiff has put the bytes in our order.
+LoadSamples loaderFor(const TiffLayout& layout) {
     const bool isSigned = layout.sampleFormat == SAMPLEFORMAT_INT;
     if (layout.sampleFormat == SAMPLEFORMAT_IEEEFP)
-        return layout.bits == 16   ? loadedHalf
-               : layout.bits == 32 ? loaded<float>
-               : layout.bits == 64 ? loaded<double>
+        return layout.bits == 16   ? loadSamples<halfAt>
+               : layout.bits == 32 ? loadSamples<numberAt<float>>
+               : layout.bits == 64 ? loadSamples<numberAt<double>>
                                    : nullptr;
     switch (layout.bits) {
     case 8:
-        return isSigned ? loaded<std::int8_t> : loaded<std::uint8_t>;
+        return isSigned ? loadSamples<numberAt<std::int8_t>> : loadSamples<numberAt<std::uint8_t>>;
     case 16:
-        return isSigned ? loaded<std::int16_t> : loaded<std::uint16_t>;
+        return isSigned ? loadSamples<numberAt<std::int16_t>> : loadSamples<numberAt<std::uint16_t>>;
     case 32:
-        return isSigned ? loaded<std::int32_t> : loaded<std::uint32_t>;
+        return isSigned ? loadSamples<numberAt<std::int32_t>> : loadSamples<numberAt<std::uint32_t>>;
     case 64:
-        return isSigned ? loaded<std::int64_t> : loaded<std::uint64_t>;
+        return isSigned ? loadSamples<numberAt<std::int64_t>> : loadSamples<numberAt<std::uint64_t>>;
     default:
         return nullptr;
     }
@@ -68,7 +79,7 @@ struct SampleChoice {
     int sample(int i) const { return i < colors ? i : alpha; }
 };
 
-/// The chosen samples as floating point, from strips or tiles, interleaved or in planes.
+/// The chosen samples as floating point, row by row, from strips or tiles, interleaved or in planes.
 class SampleReader {
 public:
     SampleReader(const TiffFile& tiff, const TiffLayout& layout, const FileUnderTest& file,
@@ -83,88 +94,111 @@ public:
                                    .arg(layout.samples)
                                    .arg(layout.bits)
                                    .arg(layout.sampleFormat));
-        if (std::int64_t(layout.width) * layout.height > maxSamples / m_wanted)
-            failDecoding(file, QCoreApplication::translate("TiffSamples", "too large for samples of %1 bits")
-                                   .arg(layout.bits));
+        const auto side = [&](int tileTag, std::int64_t stripSide, std::int64_t most) {
+            return std::clamp<std::int64_t>(
+                layout.tiled ? m_tiff.field<std::uint32_t>(std::uint32_t(tileTag)) : stripSide, 1, most);
+        };
+        m_blockWidth = side(TIFFTAG_TILEWIDTH, layout.width, INT32_MAX);
+        m_blockHeight = side(TIFFTAG_TILELENGTH, m_tiff.field<std::uint32_t>(TIFFTAG_ROWSPERSTRIP),
+                             layout.tiled ? INT32_MAX : layout.height);
+        makeBlocks();
     }
 
-    std::vector<float> read() {
-        m_samples.resize(std::size_t(m_layout.width) * std::size_t(m_layout.height) * std::size_t(m_wanted));
-        const tmsize_t size = m_layout.tiled ? TIFFTileSize(m_tiff) : TIFFStripSize(m_tiff);
-        if (size <= 0)
-            failDecoding(m_file, QCoreApplication::translate("TiffSamples", "its strips have no size"));
-        m_block.resize(std::size_t(size));
-        const int planes = isSeparate() ? m_wanted : 1;
-        for (int plane = 0; plane < planes; ++plane)
-            readPlane(plane);
-        return std::move(m_samples);
+    /// Calls use(y, samples) for each row; `samples` holds those of a pixel after those of the one before.
+    template <class Use>
+    void forEachRow(Use use) {
+        std::vector<float> row(std::size_t(m_layout.width) * std::size_t(m_wanted));
+        for (std::int64_t top = 0; top < m_layout.height; top += m_blockHeight) {
+            for (std::size_t number = 0; number < m_blocks.size(); ++number)
+                readBlock(number, top);
+            for (std::int64_t y = top; y < std::min<std::int64_t>(top + m_blockHeight, m_layout.height);
+                 ++y) {
+                std::ranges::fill(row, 0.0F);
+                for (std::size_t number = 0; number < m_blocks.size(); ++number)
+                    fill(row, number, std::size_t(y - top));
+                use(int(y), std::as_const(row));
+            }
+        }
     }
 
 private:
-    bool isSeparate() const { return m_layout.planar == PLANARCONFIG_SEPARATE; }
+    /// A strip or tile, of one plane where there are planes.
+    struct Block {
+        std::vector<std::uint8_t> bytes;
+        std::size_t filled = 0;
+    };
 
-    void readPlane(int plane) {
-        const auto blockWidth =
-            m_layout.tiled ? m_tiff.field<std::uint32_t>(TIFFTAG_TILEWIDTH) : std::uint32_t(m_layout.width);
-        const auto blockHeight =
-            m_tiff.field<std::uint32_t>(m_layout.tiled ? TIFFTAG_TILELENGTH : TIFFTAG_ROWSPERSTRIP);
-        const std::int64_t height =
-            std::clamp<std::int64_t>(blockHeight, 1, m_layout.tiled ? INT32_MAX : m_layout.height);
-        const std::int64_t width = std::max<std::int64_t>(blockWidth, 1);
-        for (std::int64_t y = 0; y < m_layout.height; y += height)
-            for (std::int64_t x = 0; x < m_layout.width; x += width) {
-                readBlock(int(x), int(y), plane);
-                store(int(x), int(y), width, height, plane);
-            }
+    bool isSeparate() const { return m_layout.planar == PLANARCONFIG_SEPARATE; }
+    int planeOf(std::size_t block) const { return int(block / m_columns); }
+    std::int64_t leftOf(std::size_t block) const { return std::int64_t(block % m_columns) * m_blockWidth; }
+
+    /// Room for the blocks of one height, in all planes.
+    void makeBlocks() {
+        const tmsize_t size = m_layout.tiled ? TIFFTileSize(m_tiff) : TIFFStripSize(m_tiff);
+        if (size <= 0)
+            failDecoding(m_file, QCoreApplication::translate("TiffSamples", "its strips have no size"));
+        m_columns = std::size_t((m_layout.width + m_blockWidth - 1) / m_blockWidth);
+        const std::size_t count = m_columns * std::size_t(isSeparate() ? m_wanted : 1);
+        const std::int64_t most = heldBytesPerPixel * largestPicture();
+        if (size > most / std::int64_t(count))
+            failDecoding(m_file, QCoreApplication::translate(
+                                     "TiffSamples",
+                                     "its strips or tiles need more than the %1 bytes that the memory allows")
+                                     .arg(most));
+        m_blocks.resize(count);
+        for (Block& block : m_blocks)
+            block.bytes.resize(std::size_t(size));
     }
 
-    void readBlock(int x, int y, int plane) {
-        const auto sample = std::uint16_t(isSeparate() ? m_choice.sample(plane) : 0);
-        const auto size = tmsize_t(m_block.size());
+    void readBlock(std::size_t number, std::int64_t top) {
+        Block& block = m_blocks[number];
+        const auto x = std::uint32_t(leftOf(number));
+        const auto y = std::uint32_t(top);
+        const auto sample = std::uint16_t(isSeparate() ? m_choice.sample(planeOf(number)) : 0);
+        const auto size = tmsize_t(block.bytes.size());
         const tmsize_t got =
             m_layout.tiled
-                ? TIFFReadEncodedTile(m_tiff,
-                                      TIFFComputeTile(m_tiff, std::uint32_t(x), std::uint32_t(y), 0, sample),
-                                      m_block.data(), size)
-                : TIFFReadEncodedStrip(m_tiff, TIFFComputeStrip(m_tiff, std::uint32_t(y), sample),
-                                       m_block.data(), size);
-        if (got >= 0) {
-            m_filled = std::size_t(got);
-            return;
-        }
-        if (x == 0 && y == 0)
+                ? TIFFReadEncodedTile(m_tiff, TIFFComputeTile(m_tiff, x, y, 0, sample), block.bytes.data(),
+                                      size)
+                : TIFFReadEncodedStrip(m_tiff, TIFFComputeStrip(m_tiff, y, sample), block.bytes.data(), size);
+        if (got < 0 && x == 0 && y == 0)
             failDecoding(m_file, m_tiff.firstError());
-        m_filled = 0;
+        block.filled = std::size_t(std::max<tmsize_t>(got, 0));
     }
 
-    void store(int left, int top, std::int64_t blockWidth, std::int64_t blockHeight, int plane) {
+    /// Samples that the file doesn't have stay 0.
+    void fill(std::vector<float>& samples, std::size_t number, std::size_t rowOfBlock) const {
+        const Block& block = m_blocks[number];
         const std::size_t perPixel = isSeparate() ? 1 : std::size_t(m_layout.samples);
         const std::size_t rowBytes =
-            (std::size_t(blockWidth) * perPixel * std::size_t(m_layout.bits) + 7) / 8;
-        const int right = int(std::min<std::int64_t>(left + blockWidth, m_layout.width));
-        const int bottom = int(std::min<std::int64_t>(top + blockHeight, m_layout.height));
-        for (int y = top; y < bottom; ++y) {
-            const std::size_t rowAt = std::size_t(y - top) * rowBytes;
-            if (rowAt + rowBytes > m_filled)
-                return;
-            const std::uint8_t* row = &m_block[rowAt];
-            float* to = &m_samples[(std::size_t(y) * std::size_t(m_layout.width) + std::size_t(left)) *
-                                   std::size_t(m_wanted)];
-            for (std::size_t pixel = 0; pixel < std::size_t(right - left); ++pixel, to += m_wanted)
-                if (isSeparate())
-                    to[plane] = load(row, pixel);
-                else
-                    for (int s = 0; s < m_wanted; ++s)
-                        to[s] = load(row, pixel * perPixel + std::size_t(m_choice.sample(s)));
-        }
+            (std::size_t(m_blockWidth) * perPixel * std::size_t(m_layout.bits) + 7) / 8;
+        const std::size_t rowAt = rowOfBlock * rowBytes;
+        if (rowAt + rowBytes > block.filled)
+            return;
+        const std::uint8_t* row = &block.bytes[rowAt];
+        const std::int64_t left = leftOf(number);
+        const auto width = std::size_t(std::min<std::int64_t>(m_blockWidth, m_layout.width - left));
+        float* to = &samples[std::size_t(left) * std::size_t(m_wanted)];
+        if (isSeparate())
+            load(row, 0, perPixel, width, to + planeOf(number));
+        else
+            for (int s = 0; s < m_wanted; ++s)
+                load(row, std::size_t(m_choice.sample(s)), perPixel, width, to + s);
     }
 
-    float load(const std::uint8_t* row, std::size_t index) const {
+    /// The sample of that number of each pixel.
+    void load(const std::uint8_t* row, std::size_t sample, std::size_t perPixel, std::size_t width,
+              float* to) const {
+        const auto bits = std::size_t(m_layout.bits);
         if (m_load)
-            return float(m_load(row + index * std::size_t(m_layout.bits) / 8));
+            return m_load(row + sample * bits / 8, perPixel * bits / 8, width, to, std::size_t(m_wanted));
+        for (std::size_t pixel = 0; pixel < width; ++pixel, to += m_wanted)
+            *to = packed(row, (pixel * perPixel + sample) * bits);
+    }
+
+    float packed(const std::uint8_t* row, std::size_t bit) const {
         unsigned value = 0;
-        for (std::size_t bit = index * std::size_t(m_layout.bits), i = 0; i < std::size_t(m_layout.bits);
-             ++i, ++bit)
+        for (int i = 0; i < m_layout.bits; ++i, ++bit)
             value = value << 1 | (row[bit / 8] >> (7 - bit % 8) & 1);
         return float(value);
     }
@@ -174,10 +208,11 @@ private:
     const FileUnderTest& m_file;
     SampleChoice m_choice;
     int m_wanted;
-    Load m_load;
-    std::vector<std::uint8_t> m_block;
-    std::size_t m_filled = 0;
-    std::vector<float> m_samples;
+    LoadSamples m_load;
+    std::int64_t m_blockWidth = 0;
+    std::int64_t m_blockHeight = 0;
+    std::size_t m_columns = 0;
+    std::vector<Block> m_blocks; ///< from left to right, plane after plane
 };
 
 /// What counts as 0 and as 1. Integers use the range of unsigned ones; floating point does when it stays
@@ -185,26 +220,30 @@ private:
 struct SampleRange {
     float low = 0;
     float high = 1;
+    /// What is not a number is 0.
     float scaled(float value) const {
-        return std::isfinite(value) ? std::clamp((value - low) / (high - low), 0.0F, 1.0F) : 0.0F;
+        const float unit = (value - low) / (high - low);
+        return unit > 0 ? std::min(unit, 1.0F) : 0.0F;
     }
 };
 
-SampleRange rangeOf(const TiffLayout& layout, const std::vector<float>& samples) {
-    const float span = std::ldexp(1.0F, layout.bits) - 1;
+/// Reads all samples of floating point once.
+SampleRange rangeOf(const TiffLayout& layout, SampleReader& reader) {
     if (layout.sampleFormat != SAMPLEFORMAT_IEEEFP)
-        return {0, span};
+        return {0, std::ldexp(1.0F, layout.bits) - 1};
     SampleRange range;
-    for (const float value : samples)
-        if (std::isfinite(value)) {
-            range.low = std::min(range.low, value);
-            range.high = std::max(range.high, value);
-        }
+    reader.forEachRow([&range](int, const std::vector<float>& samples) {
+        for (const float value : samples)
+            if (std::isfinite(value)) {
+                range.low = std::min(range.low, value);
+                range.high = std::max(range.high, value);
+            }
+    });
     return range;
 }
 
 std::uint8_t byteOf(float unit) {
-    return std::uint8_t(std::lround(unit * 255));
+    return std::uint8_t(unit * 255 + 0.5F);
 }
 
 /// Floating point holds L*a*b* as it is. Of integers, L goes from 0 to the range of unsigned ones; a and b
@@ -238,44 +277,45 @@ private:
     double m_unit; ///< of a and b
 };
 
-void storeLab(const std::vector<float>& samples, const TiffLayout& layout, PixelView target) {
-    const LabConversion conversion;
-    const LabSamples lab(layout);
-    std::vector<double> row(std::size_t(target.width) * 3);
-    const float* sample = samples.data();
-    for (int y = 0; y < target.height; ++y) {
-        for (std::size_t i = 0; i < row.size(); i += 3, sample += 3) {
-            row[i] = lab.lightness(sample[0]);
-            row[i + 1] = lab.colorAxis(sample[1]);
-            row[i + 2] = lab.colorAxis(sample[2]);
+class LabPainter {
+public:
+    explicit LabPainter(const TiffLayout& layout) : m_lab(layout), m_row(std::size_t(layout.width) * 3) {}
+
+    void paint(const std::vector<float>& samples, std::uint8_t* pixels) {
+        for (std::size_t i = 0; i < m_row.size(); i += 3) {
+            m_row[i] = m_lab.lightness(samples[i]);
+            m_row[i + 1] = m_lab.colorAxis(samples[i + 1]);
+            m_row[i + 2] = m_lab.colorAxis(samples[i + 2]);
         }
-        conversion.convertRow(row.data(), target.row(y), target.width);
+        m_conversion.convertRow(m_row.data(), pixels, int(m_row.size() / 3));
     }
-}
+
+private:
+    LabConversion m_conversion;
+    LabSamples m_lab;
+    std::vector<double> m_row;
+};
 
 /// Cyan, magenta, yellow and black with alpha or without. Three inks are those without black, fewer begin
 /// with black.
 class InkPainter {
 public:
-    InkPainter(SampleChoice choice, SampleRange range, bool isMultiplied) :
-        m_choice(choice), m_range(range), m_isMultiplied(isMultiplied) {}
+    InkPainter(SampleChoice choice, SampleRange range, const TiffLayout& layout,
+               const QByteArray& iccProfile) :
+        m_conversion(iccProfile),
+        m_choice(choice), m_range(range), m_isMultiplied(layout.extraSample == EXTRASAMPLE_ASSOCALPHA),
+        m_inks(std::size_t(layout.width) * 4), m_colors(std::size_t(layout.width) * 3) {}
 
-    void paint(const std::vector<float>& samples, const QByteArray& iccProfile, PixelView target) const {
-        const CmykConversion conversion(iccProfile);
-        const auto width = std::size_t(target.width);
-        std::vector<std::uint8_t> inks(width * 4), colors(width * 3);
-        const float* sample = samples.data();
-        for (int y = 0; y < target.height; ++y) {
-            std::uint8_t* pixel = target.row(y);
-            for (std::size_t x = 0; x < width; ++x, sample += m_choice.count())
-                storeInks(sample, &inks[4 * x]);
-            conversion.convertRow(inks.data(), colors.data(), target.width);
-            sample -= width * std::size_t(m_choice.count());
-            for (std::size_t x = 0; x < width; ++x, sample += m_choice.count(), pixel += target.channels) {
-                std::copy_n(&colors[3 * x], 3, pixel);
-                if (target.channels == 4)
-                    pixel[3] = byteOf(alphaOf(sample));
-            }
+    void paint(const std::vector<float>& samples, std::uint8_t* pixel) {
+        const std::size_t width = m_colors.size() / 3;
+        const auto perPixel = std::size_t(m_choice.count());
+        for (std::size_t x = 0; x < width; ++x)
+            storeInks(&samples[x * perPixel], &m_inks[4 * x]);
+        m_conversion.convertRow(m_inks.data(), m_colors.data(), int(width));
+        for (std::size_t x = 0; x < width; ++x) {
+            pixel = std::copy_n(&m_colors[3 * x], 3, pixel);
+            if (m_choice.alpha >= 0)
+                *pixel++ = byteOf(alphaOf(&samples[x * perPixel]));
         }
     }
 
@@ -292,9 +332,12 @@ private:
                 byteOf(std::min(m_range.scaled(sample[ink]) * factor, 1.0F));
     }
 
+    CmykConversion m_conversion;
     SampleChoice m_choice;
     SampleRange m_range;
     bool m_isMultiplied;
+    std::vector<std::uint8_t> m_inks;
+    std::vector<std::uint8_t> m_colors;
 };
 
 /// Colours of 16 bits each; some writers fill in 8.
@@ -329,11 +372,12 @@ public:
         m_layout(layout),
         m_range(range), m_choice(choice), m_palette(std::move(palette)) {}
 
-    void paint(const std::vector<float>& samples, PixelView target) const {
-        const float* sample = samples.data();
-        for (int y = 0; y < target.height; ++y)
-            for (int x = 0; x < target.width; ++x, sample += m_choice.count())
-                paintPixel(sample, target.pixel(x, y));
+    void paint(const std::vector<float>& samples, std::uint8_t* pixel) const {
+        const int channels = m_choice.alpha < 0 ? 3 : 4;
+        const float* end = samples.data() + samples.size();
+        for (const float* sample = samples.data(); sample < end;
+             sample += m_choice.count(), pixel += channels)
+            paintPixel(sample, pixel);
     }
 
 private:
@@ -393,20 +437,22 @@ Picture decodeTiffSamples(const TiffFile& tiff, const TiffLayout& layout, const 
         !hasInks && layout.photometric != PHOTOMETRIC_CIELAB && layout.photometric != PHOTOMETRIC_ICCLAB;
     if ((isUnit || hasInks) && layout.alphaSample >= 0)
         choice.alpha = std::max(choice.colors, layout.samples - layout.extraSamples) + layout.alphaSample;
-    const std::vector<float> samples = SampleReader(tiff, layout, file, choice).read();
-    const SampleRange range = rangeOf(layout, samples);
+    SampleReader reader(tiff, layout, file, choice);
     Picture picture(layout.width, layout.height, choice.alpha < 0 ? 3 : 4);
     const PixelView target = picture.edit();
+    const auto paint = [&](auto&& painter) {
+        reader.forEachRow(
+            [&](int y, const std::vector<float>& samples) { painter.paint(samples, target.row(y)); });
+    };
     std::optional<TiffPalette> palette;
     if (layout.photometric == PHOTOMETRIC_PALETTE)
         palette.emplace(tiff, layout, file);
     if (isUnit)
-        UnitPainter(layout, range, choice, palette).paint(samples, target);
+        paint(UnitPainter(layout, rangeOf(layout, reader), choice, palette));
     else if (hasInks)
-        InkPainter(choice, range, layout.extraSample == EXTRASAMPLE_ASSOCALPHA)
-            .paint(samples, iccProfile, target);
+        paint(InkPainter(choice, rangeOf(layout, reader), layout, iccProfile));
     else
-        storeLab(samples, layout, target);
+        paint(LabPainter(layout));
     return picture;
 }
 

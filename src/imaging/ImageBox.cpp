@@ -327,7 +327,7 @@ void ImageBox::DrawText(int x, int y, const QString& text) {
 // --- merging
 
 void ImageBox::MergeHandle(const PictureHandle& handle) {
-    mergeLayer(handle, resolveColor(MergeTransparentColor));
+    mergeLayer(converted(handle, {}, m_metadata.blocks().iccProfile), inPicture(MergeTransparentColor));
 }
 
 void ImageBox::mergeLayer(const PictureHandle& handle, Rgb transparentColor) {

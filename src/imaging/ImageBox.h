@@ -157,9 +157,9 @@ public:
     int MergeY = 0;
     bool MergeTransparent = false; ///< pixels of MergeTransparentColor are not laid down
     Color MergeTransparentColor = 0;
-    double MergeTransparency = 0;        ///< percent, 0 is fully opaque
-    void MergeFile(const QString& path); ///< 53 when missing, 481 when it can't be read
-    void MergeHandle(const PictureHandle& handle);
+    double MergeTransparency = 0;                  ///< percent, 0 is fully opaque
+    void MergeFile(const QString& path);           ///< 53 when missing, 481 when it can't be read
+    void MergeHandle(const PictureHandle& handle); ///< of a picture in sRGB
 
     // --- saving
     // -----------------------------------------------------------------------------------------------

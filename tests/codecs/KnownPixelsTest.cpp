@@ -10,6 +10,7 @@
 #include "tests/support/TiffStructure.h"
 
 #include <bit>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -235,6 +236,15 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     };
     for (const auto& [name, bytes, squares] : cases)
         expectPixels(name, PictureFile(bytes, QLatin1String(name)), squares);
+}
+
+TEST(UnusualKinds, samplesOfSixteenBitsAreRounded) {
+    for (const int stored : {0, 128, 129, 255, 386, 65150, 65406, 65535}) {
+        const char bytes[] = {char(stored & 0xFF), char(stored >> 8), char(stored & 0xFF), char(stored >> 8)};
+        const Picture gray =
+            PictureFile(tiff({16, 1, 1}, QByteArray(bytes, 4)), QStringLiteral("gray")).decode().picture;
+        EXPECT_EQ(int(gray.view().pixel(1, 0)[2]), std::lround(stored / 257.0)) << stored;
+    }
 }
 
 TEST(UnusualKinds, aCmykJpegIsTheSameWithoutAdobesMarker) {
