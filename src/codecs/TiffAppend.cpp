@@ -113,7 +113,8 @@ void append(const QString& path, const QString& title, const QByteArray& file) {
     auto walker = TiffWalker::open(source.byteSource());
     const auto pages = walker && !walker->isBig() ? walker->chain(maxPages, [] { return true; })
                                                   : std::vector<TiffDirectoryPlace>();
-    if (pages.empty() || !pages.back().nextPosition)
+    // The link at the end is replaced: one to a page that can't be read is the only way to those after it.
+    if (pages.empty() || !pages.back().nextPosition || pages.back().next != 0)
         failDecoding(document,
                      QCoreApplication::translate("TiffAppend", "not a document that pages can be added to"));
     const std::int64_t base = (source.size() + 1) / 2 * 2;

@@ -88,10 +88,12 @@ TEST_F(Profiles, aProfileThatNoReaderCanUseIsNotWrittenAndNoneTwice) {
         const char* mark; ///< of a profile in the file
     } formats[] = {
         {"jpg", "ICC_PROFILE"}, {"png", "iCCP"}, {"tif", "acsp"}, {"psd", "acsp"}, {"pdf", "ICCBased"}};
-    QByteArray withoutCurves = wideProfile();
+    QByteArray withoutCurves = wideProfile(), withTagOutside = wideProfile();
     withoutCurves.replace("TRC", "xxx");
+    withTagOutside[withTagOutside.indexOf("cprt") + 4] = 127; // of its offset
     for (const auto& [extension, mark] : formats)
-        for (const QByteArray& profile : {wideProfile(), wideProfile().chopped(9), withoutCurves}) {
+        for (const QByteArray& profile :
+             {wideProfile(), wideProfile().chopped(9), withoutCurves, withTagOutside}) {
             EmbeddedMetadata metadata;
             metadata.iccProfile = profile;
             const QByteArray bytes =
@@ -99,6 +101,9 @@ TEST_F(Profiles, aProfileThatNoReaderCanUseIsNotWrittenAndNoneTwice) {
             EXPECT_EQ(bytes.count(mark), profile == wideProfile() ? 1 : 0) << extension;
             EXPECT_FALSE(bytes.startsWith("%PDF") && bytes.contains("ICC_PROFILE")) << "a second one";
         }
+    EmbeddedMetadata padded;
+    padded.iccProfile = wideProfile() + "rest";
+    EXPECT_EQ(withRgbProfileOnly(padded).iccProfile, wideProfile());
 }
 
 TEST_F(Profiles, aPngWithGammaOrPrimariesIsShownByThem) {

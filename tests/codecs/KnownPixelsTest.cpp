@@ -183,7 +183,7 @@ TEST(UnusualKinds, openWithThePixelsThatTheyHold) {
     const QByteArray runs("\0\2\2\0\1\1\0\0\0\1", 10), cutRuns("\1\1\0\0\1", 5);
     const QByteArray paddedRuns("\0\3\0\1\0\7\2\1\0\1", 10); // three pixels as they are, a byte of padding
     // red twice, three as they are, end
-    const QByteArray colorRuns("\2\0\0\xFF\0\3\0\xFF\0\xFF\0\0\xFF\xFF\xFF\0\0\1", 18);
+    const QByteArray colorRuns("\2\0\0\xFF\0\3\0\xFF\0\xFF\0\0\xFF\xFF\xFF\7\0\1", 18);
     const QByteArray masks = dwords({0xFFE00000, 0x001FFC00, 0x000003FF});
     const QByteArray longComment = "!\xFE" + QByteArray(256, '\xFF').repeated(1100) + '\0';
     const auto real = [](float value) { return std::bit_cast<quint32>(value); };
@@ -323,6 +323,10 @@ TEST(UnusualKinds, extensionsOfAGifHoldItsMetadata) {
     EXPECT_EQ(metadata.iccProfile, profile);
     EXPECT_EQ(metadata.xmp, "<x:xmpmeta/>");
     EXPECT_EQ(metadata.comments, QList<QByteArray>{"Hi"});
+    EmbeddedMetadata wide; // letters of two bytes would end the data early
+    wide.xmp = QByteArray("<\0x\0>\0", 6);
+    EXPECT_FALSE(encodePicture(QStringLiteral("gif"), test::plainPicture(2, 2, 3, Red), {}, wide)
+                     .contains("XMP DataXMP"));
 }
 
 } // namespace

@@ -54,7 +54,8 @@ TEST(Upright, AFileTurnsWithItsMetadataAndAThumbnailOfAnyBox) {
         const QString path = folder.filePath(QString::fromLatin1(name));
         ImageBox maker = boxWith(stored(6));
         EmbeddedMetadata blocks;
-        blocks.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><a tiff:Orientation=\"6\"/></x:xmpmeta>";
+        blocks.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><a tiff:Orientation=\"6\"/>"
+                     "<a tiff:Orientation='6'/><tiff:Orientation>6</tiff:Orientation></x:xmpmeta>";
         maker.metadata() = MetadataStore(blocks);
         ASSERT_TRUE(maker.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
         ASSERT_TRUE(maker.ExifSet(QStringLiteral("Artist"), QStringLiteral("Jo")));
@@ -67,7 +68,7 @@ TEST(Upright, AFileTurnsWithItsMetadataAndAThumbnailOfAnyBox) {
         EXPECT_EQ(largestDifference(box.picture(), upright()), 0) << name;
         EXPECT_EQ(box.ExifValueByName(QStringLiteral("Orientation")), QStringLiteral("1"));
         EXPECT_EQ(box.ExifValueByName(QStringLiteral("Artist")), QStringLiteral("Jo"));
-        EXPECT_FALSE(box.metadata().blocks().xmp.contains("Orientation=\"6\"")) << name;
+        EXPECT_FALSE(box.metadata().blocks().xmp.contains('6')) << name;
         prepareForTasks(box, path, true);
         EXPECT_EQ(box.Width(), 3) << "once is enough";
 
