@@ -60,7 +60,8 @@ QColor colorOf(std::uint32_t reference) {
 GdiPen penOf(std::uint32_t style, double width, std::uint32_t color) {
     constexpr Qt::PenCapStyle caps[] = {Qt::RoundCap, Qt::SquareCap, Qt::FlatCap};
     constexpr Qt::PenJoinStyle joins[] = {Qt::RoundJoin, Qt::BevelJoin, Qt::MiterJoin};
-    return {int(std::min(style & 15, std::uint32_t(GdiPen::Alternate))), std::abs(width), colorOf(color),
+    const int kind = int(style & 15);
+    return {kind > GdiPen::Alternate ? int(GdiPen::Solid) : kind, std::abs(width), colorOf(color),
             caps[std::min(style >> 8 & 15, 2U)], joins[std::min(style >> 12 & 15, 2U)]};
 }
 
