@@ -30,6 +30,7 @@ constexpr ActionRow rows[] = {
     {"cmdPagesDelete", TEXT("&Remove from basket"), TEXT("Remove from basket"), "remove", "Del"},
     {"cmdSaveAs", TEXT("Sa&ve as"), TEXT("Save the pictures of the basket"), "saveAs"},
     {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs", "Ctrl+J"},
+    {"mnuSaveRowAs", TEXT("Save &As"), "", "saveAs"},
     {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},
     {"mnuUndo", TEXT("&Undo"), "", "undo", "Ctrl+Z"},

@@ -179,6 +179,17 @@ void frmMain::connectPreview() {
         m_preview.rebuild();
     });
     connect(m_previewPane, &PreviewPane::saveImageDocument, this, &frmMain::saveImageDocument);
+    connect(m_basketPane, &BasketPane::saveRowAs, this, &frmMain::saveRowAs);
+    connect(&m_preview, &Preview::loadingBegun, this, [this] { m_pathToSave.clear(); });
+    connect(
+        &m_preview, &Preview::pictureChanged, this,
+        [this] {
+            if (!m_pathToSave.isEmpty() && m_preview.shownPath() == m_pathToSave) {
+                m_pathToSave.clear();
+                saveImageDocument();
+            }
+        },
+        Qt::QueuedConnection); // its dialog must not hold up what the preview has still to do
     connect(&m_imageDocument, &ImageDocument::progressed, this, &frmMain::SetStatus);
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
@@ -256,6 +267,18 @@ void frmMain::chooseThumbnailSize(QSize size) {
     ConfigRecord.FolderThumbHeight = qint16(size.height());
     m_folderThumb = m_folderView.settings.folderThumb = {size.width(), size.height()};
     m_folderView.makeThumbnailsAgain();
+}
+
+/// The dialog opens over the picture on show, which takes its time to load.
+void frmMain::saveRowAs(int row) {
+    ListView& pages = m_workspace.lvPages;
+    if (row < 0)
+        return;
+    const QString path = pages.row(row).tag;
+    m_preview.ShowRow(pages, row);
+    if (m_preview.shownPath() == path)
+        return saveImageDocument();
+    m_pathToSave = path;
 }
 
 void frmMain::saveImageDocument() {

@@ -102,6 +102,7 @@ private:
     void showOfferedFile(const QList<QUrl>& files);
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
+    void saveRowAs(int row);
     void saveImageDocument();
     void showZoom();
     void updateZoom();
@@ -137,8 +138,9 @@ private:
     bool m_loaded = false;
     ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;
-    QString m_zoomText; ///< as the status line showed it last
-    Size m_basketThumb; ///< working copy of the basket's thumbnail size
+    QString m_pathToSave; ///< its save dialog opens as soon as the preview shows it
+    QString m_zoomText;   ///< as the status line showed it last
+    Size m_basketThumb;   ///< working copy of the basket's thumbnail size
     Size m_folderThumb;
 };
 

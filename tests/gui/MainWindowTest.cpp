@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/MainActions.h"
 #include "base/SafeFileWriter.h"
 #include "collections/Thumbnail.h"
 #include "collections/forms/FolderTree.h"
@@ -219,7 +220,7 @@ TEST_F(MainWindow, RowsAreAddedByDropMovedByDropRemovedByDeleteAndAllByNewBasket
     settle();
     EXPECT_EQ(panel("filename"), "photo02.jpg") << "the next row is shown";
     EXPECT_EQ(pages.view()->currentIndex().row(), 1);
-    EXPECT_EQ(child<QMenu>(window(), "mnuContext").actions().at(4)->text().toStdString(),
+    EXPECT_EQ(child<QMenu>(window(), "mnuContext").actions().at(5)->text().toStdString(),
               "&Undo removing from basket");
     QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(texts(basket()), "photo01 photo03 photo02");
@@ -433,6 +434,33 @@ TEST_F(MainWindow, SettingsAreInForceAsSoonAsTheirDialogIsAccepted) {
     click(window(), "cmdBrowseSettings");
     EXPECT_TRUE(child<QWidget>(window(), "lvFolder").toolTip().isEmpty());
     EXPECT_EQ(window().folderView().settings.folderThumb.width, 90);
+}
+
+TEST_F(MainWindow, EveryShortcutReachesAWidget) {
+    start();
+    QSet<QString> reached;
+    for (const QWidget* widget : window().findChildren<QWidget*>()) {
+        const auto* menu = qobject_cast<const QMenu*>(widget);
+        if (!menu || !menu->menuAction()->associatedObjects().isEmpty()) // a menu of its own takes no keys
+            for (const QAction* action : widget->actions())
+                reached << action->objectName();
+    }
+    for (const ActionRow& row : mainActions())
+        EXPECT_TRUE(*row.keys == 0 || reached.contains(QLatin1String(row.name))) << row.name;
+}
+
+TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRow) {
+    startWithBasket(2);
+    clickRow("lvPages", 1);
+    basket().selectOnly(0);
+    QString shown;
+    script.on("QFileDialog", [&](QWidget& dialog) {
+        shown = window().preview().shownPath();
+        dialog.close();
+    });
+    child<QMenu>(window(), "mnuContext").actions().at(0)->trigger();
+    EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
+    EXPECT_EQ(shown, basket().row(0).tag);
 }
 
 } // namespace tarsel::test

@@ -121,10 +121,14 @@ void BasketPane::connectActions() {
     m_actions.action("cmdPagesDelete").setShortcutContext(Qt::WidgetShortcut);
     join("mnuUndo", &BasketPane::mnuUndo);
     join("mnuRedo", &BasketPane::mnuRedo);
-    for (const char* name : {"mnuUndo", "mnuRedo"})
+    for (const char* name : {"mnuAddDescription", "mnuUndo", "mnuRedo"})
         addAction(&m_actions.action(name)); // for its shortcut
+    connect(&m_actions.action("mnuSaveRowAs"), &QAction::triggered, this,
+            [this] { Q_EMIT saveRowAs(m_list->list().selectedIndex()); });
     QMenu* menu = m_actions.makeMenu(
-        "mnuContext", {"mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete", "mnuUndo", "mnuRedo"}, this);
+        "mnuContext",
+        {"mnuSaveRowAs", "mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete", "mnuUndo", "mnuRedo"},
+        this);
     menu->insertSeparator(&m_actions.action("mnuUndo"));
     connect(m_list, &ListControl::menuWanted, menu,
             [menu](const QPoint& position) { menu->popup(position); });

@@ -311,7 +311,7 @@ void ImageBoxView::wheelEvent(QWheelEvent* event) {
         return;
     }
     if (event->angleDelta().y() != 0)
-        Q_EMIT zoomModeWanted(event->angleDelta().y() < 0);
+        zoomAt(event->position(), event->angleDelta().y() < 0);
     event->accept();
 }
 
@@ -337,9 +337,13 @@ void ImageBoxView::mouseReleaseEvent(QMouseEvent*) {
 
 /// The point under the pointer stays there.
 void ImageBoxView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const QPointF pointer = devicePoint(event->position());
+    zoomAt(event->position(), !m_isBestFit);
+}
+
+void ImageBoxView::zoomAt(QPointF position, bool bestFit) {
+    const QPointF pointer = devicePoint(position);
     const QPointF point = m_placement.toPicture(pointer);
-    Q_EMIT zoomModeWanted(!m_isBestFit);
+    Q_EMIT zoomModeWanted(bestFit);
     PicturePlacement scrolled = m_placement;
     scrolled.bring(point, pointer);
     horizontalScrollBar()->setValue(scrolled.scrolled().x());

@@ -57,6 +57,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    /// What is at the position of the view stays there.
+    void zoomAt(QPointF position, bool bestFit);
     void take(const ScreenRenderer::Rendered& rendered);
     void requestRendering();
     Size wantedSize() const;
