@@ -24,6 +24,7 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
     m_list->setPixmapMaker(pixmapOf);
     m_list->setRowsDraggable();
     m_list->setUsualText(BasketColumn::Resolution, QStringLiteral("12000 X 9000 X 24"));
+    m_list->setUsualText(BasketColumn::SourcePath, QStringLiteral("/home/name/Pictures/picture.jpg"));
     m_list->acceptRowsOf(m_list);
     m_list->acceptFiles();
     m_list->setHint(tr("Select pictures above and press \"Add to basket\", or drag them here."));

@@ -35,6 +35,10 @@ FolderPane::FolderPane(FolderView& view, ListView& lvFolder, const ActionTable& 
     m_list->setPixmapMaker(pixmapOf);
     m_list->setRowsDraggable();
     m_list->setUsualText(FolderColumn::Resolution, QStringLiteral("12000 X 9000 X 24"));
+    m_list->setUsualText(FolderColumn::Type, QStringLiteral("Photoshop image"));
+    for (const int column :
+         {FolderColumn::DateCreated, FolderColumn::DateModified, FolderColumn::DateAccessed})
+        m_list->setUsualText(column, QStringLiteral("12/28/2026 10:58:58 PM"));
     layOutPane(this, makeBar(), m_list);
     connectList();
     connectActions();

@@ -116,7 +116,7 @@ ListControl* frmBatchResults::makeList() {
     list->setFullRowSelect(true);
     list->setColumnWidth(0, 90);
     for (const int column : {1, 2})
-        list->setColumnWidth(column, 170);
+        list->setColumnWidth(column, 260);
     list->setWideColumn(3);
     return list;
 }
