@@ -163,9 +163,25 @@ bool isInstalled(const char* program) {
     return !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
 }
 
-TEST(ForeignReaders, imageMagickReadsEveryWriterAndColourFormatWithoutAWarning) {
-    if (!isInstalled("convert"))
-        GTEST_SKIP() << "ImageMagick is not installed";
+/// The reader that knows the format best.
+void expectReadByItsOwnTool(const QString& extension, const QString& path) {
+    static const QMap<QString, QStringList> commands{
+        {QStringLiteral("bmp"), {QStringLiteral("bmptopnm"), QStringLiteral("-quiet")}},
+        {QStringLiteral("gif"), {QStringLiteral("giftopnm"), QStringLiteral("-quiet")}},
+        {QStringLiteral("pcx"), {QStringLiteral("pcxtoppm"), QStringLiteral("-quiet")}},
+        {QStringLiteral("png"), {QStringLiteral("pngtopnm"), QStringLiteral("-quiet")}},
+        {QStringLiteral("tif"), {QStringLiteral("tiffinfo"), QStringLiteral("-d")}},
+        {QStringLiteral("wbmp"), {QStringLiteral("wbmptopbm"), QStringLiteral("-quiet")}}};
+    const QStringList command = commands.value(extension);
+    if (!command.isEmpty()) {
+        EXPECT_GT(outputOf(command[0], {command[1], path}).size(), 100);
+    }
+}
+
+TEST(ForeignReaders, readEveryWriterAndColourFormatWithoutAWarning) {
+    if (!isInstalled("convert") || !isInstalled("tiffinfo") || !isInstalled("bmptopnm") ||
+        !isInstalled("exiftool"))
+        GTEST_SKIP() << "ImageMagick, netpbm, libtiff's tools or exiftool is not installed";
     const QTemporaryDir folder;
     const Picture picture = test::photograph(61, 37);
     for (const Writer& writer : writers())
@@ -184,6 +200,11 @@ TEST(ForeignReaders, imageMagickReadsEveryWriterAndColourFormatWithoutAWarning) 
             const Picture wanted = expected(picture, settings, TransparencyOf::Nothing);
             ASSERT_EQ(pixels.size(), 61 * 37 * 3);
             EXPECT_EQ(std::memcmp(pixels.constData(), wanted.view().data, std::size_t(pixels.size())), 0);
+            expectReadByItsOwnTool(QLatin1String(writer.extension), path);
+            if (QByteArray(writer.extension) == "wbmp")
+                continue; // exiftool doesn't know it
+            const QStringList complaints{QStringLiteral("-s3"), QStringLiteral("-error"), path};
+            EXPECT_EQ(outputOf(QStringLiteral("exiftool"), complaints).toStdString(), "");
         }
 }
 
