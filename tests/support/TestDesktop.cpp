@@ -59,7 +59,7 @@ std::optional<FontChoice> TestDesktop::fontDialog(const FontChoice&) {
 }
 
 void TestDesktop::yield() {
-    constexpr int mostYields = 4000; // a loop that waits for what never comes fails, and doesn't hang
+    constexpr int mostYields = 60'000; // a loop that waits for what never comes fails, and doesn't hang
     if (++yields > mostYields)
         fail(ErrorNumber::InvalidCall, QStringLiteral("This loop doesn't end."));
     if (onYield)
