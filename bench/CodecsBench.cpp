@@ -94,6 +94,22 @@ void addPeers(const Picture& picture) {
     }
 }
 
+/// Formats that none of the peers reads and writes: beside one copy of the pixels.
+void addWithoutPeers(const Picture& picture) {
+    const Step copy = [picture] {
+        Picture same = picture;
+        return same.edit().width == picture.width();
+    };
+    const Codec& pdf = *codecForExtension(QStringLiteral("pdf"));
+    add("pdf: save, beside a copy", saving(pdf, picture), copy);
+    for (const char* extension : {"pcx", "wbmp"}) {
+        const Codec& codec = *codecForExtension(QLatin1String(extension));
+        add(std::string(extension) + ": save, beside a copy", saving(codec, picture), copy);
+        add(std::string(extension) + ": load, beside a copy", loading(codec, codec.encode(picture, {}, {})),
+            copy);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -109,6 +125,7 @@ int main(int argc, char** argv) {
         codecForExtension(QStringLiteral("jpg"))->decode(PictureSource(file), path, 1).picture;
     addJpeg(path, file, picture);
     addPeers(picture);
+    addWithoutPeers(picture);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -202,18 +202,25 @@ public:
                     rgb[3 * x + c] = std::uint8_t(m_palette[qsizetype(256 * c + std::size_t(planes[0][x]))]);
             break;
         case Rgb3:
-            for (std::size_t x = 0; x < m_width; ++x)
-                for (std::size_t c = 0; c < 3; ++c)
-                    rgb[3 * x + c] = byteOf(planes[c][x]);
+            paintRgb(planes[0].data(), planes[1].data(), planes[2].data(), rgb);
             break;
         default:
             paintGray(planes, rgb);
         }
     }
 
-    static std::uint8_t byteOf(float value) { return std::uint8_t(std::lround(value)); }
+    /// Rounds a sample of 0 to 255.
+    static std::uint8_t byteOf(float value) { return std::uint8_t(value + 0.5F); }
 
 private:
+    void paintRgb(const float* red, const float* green, const float* blue, std::uint8_t* rgb) const {
+        for (std::size_t x = 0; x < m_width; ++x) {
+            rgb[3 * x] = byteOf(red[x]);
+            rgb[3 * x + 1] = byteOf(green[x]);
+            rgb[3 * x + 2] = byteOf(blue[x]);
+        }
+    }
+
     void paintGray(const std::vector<std::vector<float>>& planes, std::uint8_t* rgb) const {
         for (std::size_t x = 0; x < m_width; ++x)
             std::memset(rgb + 3 * x, byteOf(planes[0][x]), 3);
@@ -250,23 +257,30 @@ private:
 
 /// Samples of any depth as 0 to 255; of a bitmap, ink is 1.
 void widenRow(const std::vector<std::uint8_t>& bytes, int bits, std::vector<float>& samples) {
-    const ByteReader reader(bytes, ByteOrder::Big);
-    for (std::size_t x = 0; x < samples.size(); ++x)
-        switch (bits) {
-        case 1:
-            samples[x] = bytes[x / 8] >> (7 - x % 8) & 1 ? 0.0F : 255.0F;
-            break;
-        case 8:
-            samples[x] = bytes[x];
-            break;
-        case 16:
-            samples[x] = float(*reader.word(std::int64_t(x) * 2)) / 257;
-            break;
-        default: {
-            const float value = std::bit_cast<float>(*reader.dword(std::int64_t(x) * 4));
-            samples[x] = std::isfinite(value) ? std::clamp(value, 0.0F, 1.0F) * 255 : 0.0F;
-        }
-        }
+    const auto widen = [&](auto sample) {
+        for (std::size_t x = 0; x < samples.size(); ++x)
+            samples[x] = sample(x);
+    };
+    const std::uint8_t* stored = bytes.data();
+    switch (bits) {
+    case 1:
+        widen([=](std::size_t x) { return stored[x / 8] >> (7 - x % 8) & 1 ? 0.0F : 255.0F; });
+        break;
+    case 8:
+        widen([=](std::size_t x) { return float(stored[x]); });
+        break;
+    case 16:
+        widen([=](std::size_t x) {
+            return float(loadNumber<std::uint16_t>(stored + 2 * x, ByteOrder::Big)) / 257;
+        });
+        break;
+    default:
+        widen([=](std::size_t x) {
+            const auto bitPattern = loadNumber<std::uint32_t>(stored + 4 * x, ByteOrder::Big);
+            const auto value = std::bit_cast<float>(bitPattern);
+            return std::isfinite(value) ? std::clamp(value, 0.0F, 1.0F) * 255 : 0.0F;
+        });
+    }
 }
 
 /// Whether a row holds a colour that is no mixture with white in the proportion that alpha says.
