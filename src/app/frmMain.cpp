@@ -4,6 +4,7 @@
 #include "app/MainActions.h"
 #include "app/RunEndNotice.h"
 #include "app/StatusPanels.h"
+#include "app/TipSwitch.h"
 #include "app/frmSettings.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
@@ -53,6 +54,7 @@ frmMain::frmMain(StartupOptions options) :
     if (!m_options.thumbnailFolder.isEmpty())
         m_folderView.readThumbnail = m_basket.readThumbnail =
             cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
+    qApp->installEventFilter(new TipSwitch(this));
     arrangePanes();
     connectFolderPane();
     connectBasketPane();

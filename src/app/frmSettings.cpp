@@ -108,15 +108,18 @@ void frmSettings::prepareThumbnailBox(QLineEdit* box) {
         if (text.isEmpty())
             box->setText(QString::number(smallestThumbnail)); // the caret is behind it then
     });
-    connect(box, &QLineEdit::editingFinished, this, [this, box] {
-        const auto failed = trap("frmSettings.subSetup", [box] {
-            const int side = toInt32(box->text());
-            box->setText(QString::number(std::clamp(side, smallestThumbnail, largestThumbnail)));
-        });
-        if (failed)
-            box->setText(QString::number(box == m_ui->txtFolderThumbnailWidth ? m_record.FolderThumbWidth
-                                                                              : m_record.FolderThumbHeight));
+    connect(box, &QLineEdit::editingFinished, this, [this, box] { leaveThumbnailBox(box); });
+}
+
+bool frmSettings::leaveThumbnailBox(QLineEdit* box) {
+    const auto failed = trap("frmSettings.subSetup", [box] {
+        const int side = toInt32(box->text());
+        box->setText(QString::number(std::clamp(side, smallestThumbnail, largestThumbnail)));
     });
+    if (failed)
+        box->setText(QString::number(box == m_ui->txtFolderThumbnailWidth ? m_record.FolderThumbWidth
+                                                                          : m_record.FolderThumbHeight));
+    return !failed;
 }
 
 void frmSettings::browse(QLineEdit* folder) {
@@ -125,7 +128,11 @@ void frmSettings::browse(QLineEdit* folder) {
         folder->setText(*chosen);
 }
 
+/// Pressed by its key, OK leaves the focus in the box that is being typed into.
 void frmSettings::cmdOK_Click() {
+    if (!leaveThumbnailBox(m_ui->txtFolderThumbnailWidth) ||
+        !leaveThumbnailBox(m_ui->txtFolderThumbnailHeight))
+        return;
     m_binding->store(StoreMoment::AfterChecks);
     m_twain->store(StoreMoment::AfterChecks);
     m_record.FolderFullRowSelect = m_ui->chkFolderFullRowSelect->isChecked() ? -1 : 0;

@@ -34,6 +34,7 @@ private:
     void subSetup(const std::vector<ActionTable::Shortcut>& shortcuts);
     void listShortcuts(const std::vector<ActionTable::Shortcut>& shortcuts);
     void prepareThumbnailBox(QLineEdit* box);
+    bool leaveThumbnailBox(QLineEdit* box); ///< false when its text is not a number
     void browse(QLineEdit* folder);
     void cmdOK_Click();
 

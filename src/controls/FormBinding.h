@@ -3,6 +3,8 @@
 
 #include "controls/FieldControl.h"
 
+#include <algorithm>
+#include <limits>
 #include <span>
 #include <type_traits>
 #include <variant>
@@ -91,6 +93,13 @@ private:
     template <class Field>
     static constexpr bool isText = std::is_same_v<Field, QString Record::*>;
 
+    /// A number that the field can't hold becomes the nearest one that it can.
+    template <class Number>
+    static Number nearest(double value) {
+        using Limits = std::numeric_limits<Number>;
+        return Number(std::clamp(value, double(Limits::lowest()), double(Limits::max())));
+    }
+
     static void store(const Row& row, Record& record) {
         const QVariant value = row.control.value();
         if (!value.isValid())
@@ -101,7 +110,8 @@ private:
                     record.*field =
                         row.field->stored ? row.field->stored(value.toString()) : value.toString();
                 else
-                    record.*field = std::remove_reference_t<decltype(record.*field)>(value.toDouble());
+                    record.*field =
+                        nearest<std::remove_reference_t<decltype(record.*field)>>(value.toDouble());
             },
             row.field->field);
     }

@@ -63,6 +63,8 @@ void Splitter::apply() {
 }
 
 void Splitter::moveBar(int place) {
+    if (place == barPlace())
+        return;
     moveSplitter(place, 1);
     const int percent = int(std::lround(100.0 * barPlace() / length()));
     m_position = std::clamp(percent, m_min, m_max);

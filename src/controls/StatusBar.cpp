@@ -6,6 +6,7 @@
 #include "controls/LineIconLabel.h"
 
 #include <QHBoxLayout>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -39,11 +40,26 @@ void StatusBar::addPanel(const StatusPanel& panel) {
     holder->setToolTip(panel.toolTip);
     addWidget(holder, panel.stretch);
     m_labels.insert(QLatin1String(panel.key), label);
+    if (panel.yields)
+        m_yielding.insert(label);
 }
 
 void StatusBar::showPanel(const QString& key, const QString& text) {
-    if (QLabel* label = m_labels.value(key))
+    if (QLabel* label = m_labels.value(key)) {
         label->setText(text);
+        shareRoom();
+    }
+}
+
+void StatusBar::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    shareRoom();
+}
+
+void StatusBar::shareRoom() {
+    for (QLabel* label : std::as_const(m_labels))
+        if (!m_yielding.contains(label))
+            label->setMinimumWidth(std::min(label->sizeHint().width(), width() / 5));
 }
 
 } // namespace tarsel

@@ -4,6 +4,7 @@
 #include "base/StatusLine.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStatusBar>
 #include <vector>
 
@@ -16,8 +17,9 @@ struct StatusPanel {
     const char* key;
     QString initialText;
     QString toolTip;
-    const char* icon; ///< name of a line icon; empty for none
-    int stretch;      ///< share of the room
+    const char* icon;    ///< name of a line icon; empty for none
+    int stretch;         ///< share of the room
+    bool yields = false; ///< its text is cut where there is little room; the others keep theirs
 };
 
 /// Shows the panels of a StatusLine, side by side in the order of the table.
@@ -29,11 +31,18 @@ public:
     /// What a panel shows.
     QString text(const QString& key) const;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void addPanel(const StatusPanel& panel);
     void showPanel(const QString& key, const QString& text);
 
+    /// Keeps short texts from being cut in favour of a long one.
+    void shareRoom();
+
     QHash<QString, QLabel*> m_labels;
+    QSet<QLabel*> m_yielding;
 };
 
 } // namespace tarsel

@@ -59,6 +59,9 @@ TEST_F(SettingsDialog, HoldsThumbnailsBetween20And300) {
 
 TEST_F(SettingsDialog, OkStoresOneSizeAndOneFlagForBothListsAndCancelNothing) {
     EXPECT_FALSE(child<QCheckBox>(dialog, "chkFolderFullRowSelect").isChecked()) << "from the folder's flag";
+    box("txtFolderThumbnailWidth").setText(QStringLiteral("99999"));
+    click(dialog, "cmdOK"); // by its key the box is never left
+    EXPECT_EQ(record.FolderThumbWidth, 300);
     typedInto("txtFolderThumbnailWidth", "90");
     child<QCheckBox>(dialog, "chkFolderFullRowSelect").setChecked(true);
     child<QCheckBox>(dialog, "chkAllowTip").setChecked(false);
