@@ -4,8 +4,10 @@
 #include "collections/forms/FolderTree.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -71,19 +73,63 @@ struct Listing {
     }
 };
 
+/// Adds that many rows of the list to the basket, empties and sorts it, and undoes each.
+void measureBasket(frmMain& window, int rows) {
+    ListView& list = window.workspace().lvFolder;
+    ListView& basket = window.workspace().lvPages;
+    const auto press = [&](const char* button) {
+        window.findChild<QAbstractButton*>(QLatin1String(button))->click();
+    };
+    const auto undo = [&] {
+        for (QAction* action : window.findChild<QMenu*>(QStringLiteral("mnuContext"))->actions())
+            if (action->objectName() == QLatin1String("mnuUndo"))
+                action->trigger();
+    };
+    for (int row = 0; row < rows; ++row)
+        list.select(row);
+    const struct {
+        const char* name;
+        std::function<void()> begin;
+    } steps[] = {
+        {"added", [&] { press("cmdAddToQueue"); }},
+        {"emptied", [&] { press("cmdPagesNew"); }},
+        {"back by undo", undo},
+        {"sorted", [&] { basket.SortByColumn(0); }},
+        {"back in order by undo", undo},
+    };
+    for (const auto& [name, begin] : steps) {
+        Listing step;
+        QTimer turns; // also while the adding runs its own loop
+        QObject::connect(&turns, &QTimer::timeout, [&] { step.turn(); });
+        turns.start(0);
+        step.clock.start();
+        step.runUntil([&] { return step.clock.elapsed() > 200; });
+        const qint64 before = step.clock.elapsed();
+        step.longestBlock = 0;
+        step.longestThreadTime = 0;
+        begin();
+        step.turn();
+        const qint64 done = step.clock.elapsed() - before;
+        step.runUntil([&] { return step.clock.elapsed() > before + done + 1000; });
+        std::printf("basket %s: %d rows, %lld ms; longest block %lld ms, in processor time %.0f ms; peak "
+                    "memory %ld MB\n",
+                    name, basket.count(), done, step.longestBlock, step.longestThreadTime, peakMegabytes());
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 3 || argc > 4) {
-        std::fprintf(
-            stderr, "usage: listing_bench FOLDER 0|3 [THUMBNAILS]    (0 thumbnails, 3 details; the folder in "
-                    "which thumbnails are kept)\n");
+    if (argc < 3 || argc > 5) {
+        std::fprintf(stderr,
+                     "usage: listing_bench FOLDER 0|3 [THUMBNAILS [ROWS]]    (0 thumbnails, 3 details; "
+                     "the folder in which thumbnails are kept; rows for the basket)\n");
         return 2;
     }
     QApplication application(argc, argv);
     const QtDesktop desktop;
     const QTemporaryDir home;
-    const QString thumbnails = argc == 4 ? QString::fromLocal8Bit(argv[3]) : QString();
+    const QString thumbnails = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
     frmMain window({home.path(), home.path(), {}, thumbnails});
     if (!window.Form_Load())
         return 1;
@@ -121,6 +167,8 @@ int main(int argc, char** argv) {
                 rows.count(), most, firstRow, allRows, listing.clock.elapsed(), listing.longestBlock,
                 listing.longestBlockAt, listing.longestThreadTime, processorSeconds() - processorBefore,
                 peakMegabytes());
+    if (argc == 5)
+        measureBasket(window, std::min(QByteArray(argv[4]).toInt(), rows.count()));
     window.close();
     return 0;
 }

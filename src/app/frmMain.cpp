@@ -51,9 +51,11 @@ frmMain::frmMain(StartupOptions options) :
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
-    if (!m_options.thumbnailFolder.isEmpty())
+    if (!m_options.thumbnailFolder.isEmpty()) {
         m_folderView.readThumbnail = m_basket.readThumbnail =
             cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
+        m_preview.readStored = storedPictures(m_options.thumbnailFolder);
+    }
     qApp->installEventFilter(new TipSwitch(this));
     arrangePanes();
     connectFolderPane();
@@ -110,7 +112,7 @@ void frmMain::connectFolderPane() {
     ListControl& list = m_folderPane->lvFolder();
     connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_folderView,
             &FolderView::subShowFilesInFolder);
-    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_preview, &Preview::leaveFolder);
+    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_preview, &Preview::dropUnselected);
     connect(m_browsePane, &BrowsePane::fileChosen, m_folderPane, &FolderPane::selectFile);
     connect(m_browsePane, &BrowsePane::pathRefused, this, &frmMain::SetStatus);
     connect(m_folderPane, &FolderPane::thumbnailSizeChosen, this, &frmMain::chooseThumbnailSize);
@@ -130,13 +132,13 @@ void frmMain::connectBasketPane() {
         const ListControl::RowRange rows = list.visibleRows();
         return std::pair(rows.first, rows.last);
     };
-    connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { removeFromBasket(&Basket::cmdPagesNew); });
+    connect(m_basketPane, &BasketPane::cmdPagesNew, this, [this] { changeBasket(&Basket::cmdPagesNew); });
     connect(m_basketPane, &BasketPane::cmdPagesDelete, this,
-            [this] { removeFromBasket(&Basket::cmdPagesDelete); });
+            [this] { changeBasket(&Basket::cmdPagesDelete); });
     connect(m_basketPane, &BasketPane::described, this,
             [this](int row, const QString& text) { m_basket.describe(row, text); });
-    connect(m_basketPane, &BasketPane::mnuUndo, this, [this] { m_basket.undo(); });
-    connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { m_basket.redo(); });
+    connect(m_basketPane, &BasketPane::mnuUndo, this, [this] { changeBasket(&Basket::undo); });
+    connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { changeBasket(&Basket::redo); });
     m_basket.history().changed = [this] { m_basketPane->showHistory(m_basket.history()); };
     m_basket.history().changed();
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
@@ -162,7 +164,7 @@ void frmMain::connectTaskBasket() {
             m_preview.showTasks();
     });
     connect(&m_browsePane->lvEdit(), &ListControl::rowClicked, &m_preview, &Preview::showTasks);
-    connect(&m_browsePane->lvEdit(), &ListControl::arrowReleased, &m_preview, &Preview::showTasks);
+    connect(&m_browsePane->lvEdit(), &ListControl::keySelected, &m_preview, &Preview::showTasks);
 }
 
 void frmMain::connectPreview() {
@@ -227,19 +229,23 @@ void frmMain::dropRows(const ListControl* source, int row) {
 }
 
 /// Shows the row that is selected then; a picture of a removed row doesn't stay.
-void frmMain::removeFromBasket(void (Basket::*remove)()) {
+void frmMain::changeBasket(void (Basket::*change)()) {
     ListView& pages = m_workspace.lvPages;
-    const int before = pages.count();
+    const auto selection = [&] {
+        const int row = pages.selectedIndex();
+        return std::pair(pages.count(), row < 0 ? QString() : pages.row(row).tag);
+    };
+    const auto before = selection();
     bool wasShown = false;
-    for (int row = 0; row < before && !wasShown; ++row)
+    for (int row = 0; row < pages.count() && !wasShown; ++row)
         wasShown = pages.row(row).tag == m_preview.shownPath();
-    (m_basket.*remove)();
-    if (pages.count() == before)
+    (m_basket.*change)();
+    if (selection() == before)
         return;
     if (!pages.isEmpty())
         m_preview.ShowRow(pages, pages.selectedIndex());
     else if (wasShown)
-        m_preview.leaveFolder();
+        m_preview.dropUnselected();
 }
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.

@@ -98,7 +98,7 @@ private:
     void showFirstTime();
     void addSelectionToBasket();
     void dropRows(const ListControl* source, int row);
-    void removeFromBasket(void (Basket::*remove)());
+    void changeBasket(void (Basket::*change)());
     void showOfferedFile(const QList<QUrl>& files);
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();

@@ -115,37 +115,38 @@ RgbKind kindOf(const QByteArray& iccProfile) {
     return changesAnything(transform.get()) ? RgbKind::OfItsOwn : RgbKind::LikeSRgb;
 }
 
-/// The kinds of the latest profiles: finding out takes longer than many a thumbnail.
-class LatestKinds {
+/// What was found for the latest few profiles, on any thread: finding it takes longer than many a thumbnail.
+template <class Key, class Value>
+class LatestResults {
 public:
-    RgbKind of(const QByteArray& iccProfile) {
-        if (const auto known = find(iccProfile))
+    template <class Find>
+    Value of(const Key& key, Find find) {
+        if (const std::optional<Value> known = knownFor(key))
             return *known;
-        const RgbKind kind = kindOf(iccProfile);
+        const Value value = find();
         const std::lock_guard lock(m_mutex);
-        m_entries[m_next++ % m_entries.size()] = {iccProfile, kind};
-        return kind;
+        m_entries[m_next++ % m_entries.size()] = {key, value};
+        return value;
     }
 
 private:
-    struct Entry {
-        QByteArray profile = {};
-        RgbKind kind = RgbKind::Unusable;
-    };
-    std::optional<RgbKind> find(const QByteArray& iccProfile) {
+    std::optional<Value> knownFor(const Key& key) {
         const std::lock_guard lock(m_mutex);
-        const auto found = std::ranges::find(m_entries, iccProfile, &Entry::profile);
-        return found == m_entries.end() ? std::nullopt : std::optional(found->kind);
+        for (const auto& [known, value] : m_entries)
+            if (known == key)
+                return value;
+        return std::nullopt;
     }
 
     std::mutex m_mutex;
-    std::array<Entry, 8> m_entries; // the first ones are for no profile
+    std::array<std::pair<std::optional<Key>, Value>, 8> m_entries;
     std::size_t m_next = 0;
 };
 
 RgbKind knownKindOf(const QByteArray& iccProfile) {
-    static LatestKinds kinds;
-    return iccProfile.isEmpty() ? RgbKind::Unusable : kinds.of(iccProfile);
+    static LatestResults<QByteArray, RgbKind> kinds;
+    return iccProfile.isEmpty() ? RgbKind::Unusable
+                                : kinds.of(iccProfile, [&] { return kindOf(iccProfile); });
 }
 
 } // namespace
@@ -168,28 +169,37 @@ EmbeddedMetadata withoutRgbProfile(EmbeddedMetadata metadata) {
     return metadata;
 }
 
+/// Threads may share them: lcms2 keeps no state in a transform between calls.
+struct RgbConversion::Transforms {
+    Transform rgb, rgba;
+};
+
 RgbConversion::RgbConversion(const QByteArray& from, const QByteArray& to) {
+    static LatestResults<std::pair<QByteArray, QByteArray>, std::shared_ptr<const Transforms>> latest;
+    if (from != to)
+        m_transforms = latest.of({from, to}, [&] { return make(from, to); });
+}
+
+/// Null where nothing changes.
+std::shared_ptr<const RgbConversion::Transforms> RgbConversion::make(const QByteArray& from,
+                                                                     const QByteArray& to) {
     const bool fromSRgb = knownKindOf(from) != RgbKind::OfItsOwn,
                toSRgb = knownKindOf(to) != RgbKind::OfItsOwn;
-    if (from == to || (fromSRgb && toSRgb))
-        return;
+    if (fromSRgb && toSRgb)
+        return nullptr;
     const Profile source = rgbProfile(fromSRgb ? QByteArray() : from),
                   target = rgbProfile(toSRgb ? QByteArray() : to);
     Transform transform(rgbTransform(source.get(), target.get(), TYPE_RGB_8));
     if (!transform || !changesAnything(transform.get()))
-        return;
-    m_transform = transform.release();
-    m_transformWithAlpha = rgbTransform(source.get(), target.get(), TYPE_RGBA_8, cmsFLAGS_COPY_ALPHA);
-}
-
-RgbConversion::~RgbConversion() {
-    for (void* transform : {m_transform, m_transformWithAlpha})
-        if (transform)
-            cmsDeleteTransform(transform);
+        return nullptr;
+    Transform withAlpha(rgbTransform(source.get(), target.get(), TYPE_RGBA_8, cmsFLAGS_COPY_ALPHA));
+    return std::make_shared<Transforms>(std::move(transform), std::move(withAlpha));
 }
 
 void RgbConversion::convert(PixelView pixels) const {
-    void* transform = pixels.channels == 4 ? m_transformWithAlpha : m_transform;
+    if (!m_transforms)
+        return;
+    void* transform = (pixels.channels == 4 ? m_transforms->rgba : m_transforms->rgb).get();
     for (int y = 0; y < pixels.height && transform; ++y)
         cmsDoTransform(transform, pixels.row(y), pixels.row(y), cmsUInt32Number(pixels.width));
 }
@@ -213,6 +223,8 @@ Rgb converted(Rgb color, const QByteArray& from, const QByteArray& to) {
 
 void applyGrayProfile(Picture& picture, const QByteArray& iccProfile) {
     const Profile source = openProfile(iccProfile, "GRAY");
+    if (!source)
+        return;
     const Profile target(cmsCreate_sRGBProfile());
     void* transform = source && target
                           ? cmsCreateTransform(source.get(), TYPE_GRAY_8, target.get(), TYPE_RGB_8,

@@ -19,18 +19,17 @@ bool isRgbProfile(const QByteArray& iccProfile);
 class RgbConversion {
 public:
     explicit RgbConversion(const QByteArray& from, const QByteArray& to = {});
-    ~RgbConversion();
-    RgbConversion(const RgbConversion&) = delete;
-    RgbConversion& operator=(const RgbConversion&) = delete;
 
     /// False when no colour would change by more than the last bit.
-    bool changesColors() const { return m_transform != nullptr; }
+    bool changesColors() const { return m_transforms != nullptr; }
     /// In place. Alpha stays.
     void convert(PixelView pixels) const;
 
 private:
-    void* m_transform = nullptr;
-    void* m_transformWithAlpha = nullptr;
+    struct Transforms;
+    static std::shared_ptr<const Transforms> make(const QByteArray& from, const QByteArray& to);
+
+    std::shared_ptr<const Transforms> m_transforms; ///< shared by all conversions of the same profiles
 };
 
 /// The picture as RgbConversion makes it; shared with the source when nothing changes.

@@ -83,12 +83,13 @@ void Basket::reportUnwritten(const char* routine) {
     std::ignore = trap(routine, [&] { throw unwritten.front().second; });
 }
 
-/// The rows as they are now: pending input and a listing in the background change the folder list.
+/// The rows as they are now: pending input and a listing in the background change the folder list. Each with
+/// its own thumbnail, whichever one it shows after a sort and a change of view.
 void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
     const ListView& folder = m_lists.lvFolder;
     std::vector<std::pair<ListRow, Picture>> selected;
     for (const int row : folder.selectedRows())
-        selected.emplace_back(folder.row(row), pictureAt(m_lists.ilFolder, folder.row(row).icon));
+        selected.emplace_back(folder.row(row), pictureAt(m_lists.ilFolder, folder.row(row).number));
     const auto itemAt = [&](int index) -> std::optional<BasketItem> {
         const auto [row, thumbnail] = std::exchange(selected[size_t(index)], {}); // not all at the end
         if (isListed(row.tag))
@@ -98,7 +99,8 @@ void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
     if (folder.isEmpty())
         beginAdding();
     else
-        fillByUser(addedBy, int(selected.size()), itemAt, adding);
+        fillByUser(addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"),
+                   int(selected.size()), itemAt, adding);
 }
 
 void Basket::addOfferedFiles(const QList<QUrl>& files) {
@@ -117,7 +119,7 @@ void Basket::addOfferedFiles(const QList<QUrl>& files) {
             ++present;
             return std::nullopt;
         };
-        fillByUser(AddedBy::Drag, int(offered.files.size()), itemAt, adding);
+        fillByUser(QStringLiteral("status"), int(offered.files.size()), itemAt, adding);
         offered.unreadable += int(m_failed.size());
         m_lists.sbMain.setPanel(QStringLiteral("status"), skippedText(offered, present));
     });
@@ -133,15 +135,14 @@ void Basket::beginAdding() {
     m_lists.lvPages.selectOnly(-1); // not at the end: the user selects rows while files are read
 }
 
-void Basket::fillByUser(AddedBy addedBy, int count, const ItemMaker& itemAt, const Adding& adding) {
+void Basket::fillByUser(const QString& panel, int count, const ItemMaker& itemAt, const Adding& adding) {
     beginAdding();
     const auto atEnd = qScopeGuard([&] { // of a run that ends in an error, too
-        m_lists.sbMain.setPanel(
-            addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), {});
+        m_lists.sbMain.setPanel(panel, {});
         if (!m_stopAdding || !m_lists.lvPages.isEmpty()) // else a new basket was begun
             showCount();
     });
-    fill(count, itemAt, adding, {.bar = true, .count = true});
+    fill(count, itemAt, adding, {.panel = panel, .bar = true, .count = true});
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
@@ -167,7 +168,7 @@ bool Basket::addListedFiles(const QStringList& paths) {
 /// Nothing from `itemAt` for a file that gets no row. False after a stop.
 bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Shown shown) {
     constexpr int fewRows = 20, rowsAtOnce = 500; // so that input doesn't wait long
-    BasketFilling filling(m_lists, startReading(), claimNumbers(count), count);
+    BasketFilling filling(m_lists, startReading(), claimNumbers(count), count, shown.panel);
     const auto atEnd = qScopeGuard([&] {
         for (const QString& path : filling.failed())
             noteFailed(path);

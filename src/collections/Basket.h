@@ -108,6 +108,7 @@ private:
     using ItemMaker = std::function<std::optional<BasketItem>(int index)>;
     /// What an adding shows of its course.
     struct Shown {
+        QString panel = {}; ///< of the status line, which names the file in work; empty for none
         bool bar = false;
         bool count = false; ///< in the panel "queue"
     };
@@ -116,7 +117,7 @@ private:
     void addTrapped(const char* routine, Body&& body);
     void addSelected(AddedBy addedBy, const Adding& adding);
     void beginAdding();
-    void fillByUser(AddedBy addedBy, int count, const ItemMaker& itemAt, const Adding& adding);
+    void fillByUser(const QString& panel, int count, const ItemMaker& itemAt, const Adding& adding);
     bool fill(int count, const ItemMaker& itemAt, const Adding& adding, Shown shown);
     void renewThumbnails(const Adding& adding);
     void showAgain(int row, const Thumbnail& thumbnail);

@@ -64,8 +64,10 @@ BasketItem basketItem(AddedBy addedBy, const ListRow& folderRow, const Picture& 
     return item;
 }
 
-BasketFilling::BasketFilling(CollectionLists lists, BasketReading& reading, int firstNumber, int count) :
-    m_lists(lists), m_reading(reading), m_rows(lists.lvPages, reading, firstNumber, count) {}
+BasketFilling::BasketFilling(CollectionLists lists, BasketReading& reading, int firstNumber, int count,
+                             QString panel) :
+    m_lists(lists),
+    m_reading(reading), m_rows(lists.lvPages, reading, firstNumber, count), m_panel(std::move(panel)) {}
 
 BasketFilling::~BasketFilling() {
     m_reading.stop();
@@ -131,7 +133,7 @@ void BasketFilling::takePicture(int row, const BasketSource& source, const Thumb
     if (resolution.isEmpty())
         resolution = resolutionText(thumbnail.sourceSize);
     m_lists.lvPages.replace(row, std::move(complete));
-    showStatus(source.addedBy, tr("Adding file to basket - '%1'").arg(source.fileName));
+    showStatus(tr("Adding file to basket - '%1'").arg(source.fileName));
 }
 
 /// The row of the page stands before that of its document.
@@ -149,21 +151,20 @@ void BasketFilling::takeFailure(int number, const BasketSource& source, const Tr
 }
 
 void BasketFilling::showPage(const BasketSource& source, const BasketContent& page) {
-    if (source.addedBy == AddedBy::BasketFile)
+    if (m_panel.isEmpty())
         return;
     const bool drag = source.addedBy == AddedBy::Drag;
     const QString extracting = drag ? tr("Please wait... extracting multipage document - '%3' Pages %1 of %2")
                                     : tr("Please wait... extracting multipage file - '%3' Pages %1 of %2");
     const QString name = drag ? modFileSystem::GetFileTitle(source.fileName) : source.fileName;
-    showStatus(source.addedBy, extracting.arg(page.page).arg(page.pages).arg(name));
+    showStatus(extracting.arg(page.page).arg(page.pages).arg(name));
     m_lists.pbQueue.start(page.pages, page.page);
     m_showsPages = !page.isLast;
 }
 
-void BasketFilling::showStatus(AddedBy addedBy, const QString& text) {
-    if (addedBy != AddedBy::BasketFile)
-        m_lists.sbMain.setPanel(
-            addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"), text);
+void BasketFilling::showStatus(const QString& text) {
+    if (!m_panel.isEmpty())
+        m_lists.sbMain.setPanel(m_panel, text);
 }
 
 QStringList BasketFilling::failed() const {

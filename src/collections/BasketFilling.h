@@ -28,8 +28,9 @@ class BasketFilling {
     Q_DECLARE_TR_FUNCTIONS(Basket)
 public:
     using VisibleRows = std::function<std::pair<int, int>()>;
-    /// For that many items at most, with row numbers from `firstNumber` on.
-    BasketFilling(CollectionLists lists, BasketReading& reading, int firstNumber, int count);
+    /// For that many items at most, with row numbers from `firstNumber` on. `panel` of the status line names
+    /// the file in work; empty for none.
+    BasketFilling(CollectionLists lists, BasketReading& reading, int firstNumber, int count, QString panel);
     ~BasketFilling(); ///< stops reading; rows that are not complete go
     BasketFilling(const BasketFilling&) = delete;
     BasketFilling& operator=(const BasketFilling&) = delete;
@@ -51,11 +52,12 @@ private:
     void takePage(int row, const BasketSource& source, const BasketContent& page);
     void takeFailure(int number, const BasketSource& source, const TrappedError& failure);
     void showPage(const BasketSource& source, const BasketContent& page);
-    void showStatus(AddedBy addedBy, const QString& text);
+    void showStatus(const QString& text);
 
     CollectionLists m_lists;
     BasketReading& m_reading;
     PendingRows m_rows;
+    const QString m_panel;
     std::vector<BasketSource> m_sources;     ///< by number
     std::map<int, QString> m_failed;         ///< by number
     std::map<int, TrappedError> m_unwritten; ///< by number

@@ -18,6 +18,29 @@ constexpr size_t mostSteps = 50;
 constexpr size_t mostRows = 100'000;
 constexpr int mostNewBaskets = 3;
 
+/// Where Tags stand in a list, which may hold one several times.
+class TagPlaces {
+public:
+    explicit TagPlaces(const QStringList& tags) : m_next(size_t(tags.size())) {
+        m_first.reserve(tags.size());
+        for (int place = int(tags.size()) - 1; place >= 0; --place)
+            m_next[size_t(place)] = std::exchange(m_first[tags[place]], place + 1);
+    }
+    int takeFirst(const QString& tag) { ///< -1 when all are taken
+        const auto first = m_first.find(tag);
+        if (first == m_first.end() || *first == 0)
+            return -1;
+        const int place = *first - 1;
+        *first = m_next[size_t(place)];
+        return place;
+    }
+
+private:
+    // Counted from 1; 0 for none.
+    QHash<QString, int> m_first;
+    std::vector<int> m_next; ///< of the same Tag, by place from 0
+};
+
 } // namespace
 
 BasketHistory::BasketHistory(CollectionLists lists) : m_lists(lists) {
@@ -255,14 +278,12 @@ QStringList BasketHistory::order() const {
 
 /// Rows that are new since stay after those that they follow.
 void BasketHistory::swapOrder(Step& step) {
-    QHash<QString, QList<int>> places;
-    for (int place = int(step.order.size()) - 1; place >= 0; --place)
-        places[step.order[place]] << place;
+    TagPlaces places(step.order);
     step.order = order();
     std::vector<int> rank;
     for (const QString& tag : std::as_const(step.order)) {
-        QList<int>& known = places[tag];
-        rank.push_back(!known.isEmpty() ? known.takeLast() : rank.empty() ? -1 : rank.back());
+        const int place = places.takeFirst(tag);
+        rank.push_back(place >= 0 || rank.empty() ? place : rank.back());
     }
     std::vector<int> rows(rank.size());
     std::iota(rows.begin(), rows.end(), 0);

@@ -3,6 +3,7 @@
 
 #include "base/IgnoringErrors.h"
 #include "base/Stop.h"
+#include "codecs/DecoderLost.h"
 #include "codecs/PictureFile.h"
 #include "collections/ThumbnailStore.h"
 #include "imaging/Upright.h"
@@ -31,7 +32,7 @@ int inverseOf(int orientation) {
     return orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
 }
 
-Size turned(Size size, int orientation) {
+Size turnedSize(Size size, int orientation) {
     return exchangesSides(orientation) ? Size{size.height, size.width} : size;
 }
 
@@ -40,6 +41,29 @@ bool hasProportionsOf(Size full, const Picture& picture) {
     const Size expected = sizeInBox(full, {picture.width(), picture.height()});
     return std::abs(expected.width - picture.width()) <= 1 &&
            std::abs(expected.height - picture.height()) <= 1;
+}
+
+/// The stored picture as the program shows its source.
+QuickPicture shown(const StoredThumbnail& stored, bool upright) {
+    if (upright)
+        return {stored.picture, turnedSize(stored.sourceSize, stored.orientation), {}};
+    const bool isUpright = stored.orientation == uprightOrientation;
+    return {isUpright ? stored.picture : uprightPicture(stored.picture, inverseOf(stored.orientation)),
+            stored.sourceSize,
+            {}};
+}
+
+/// Adds what another program did not note down about the source. False for a picture that can't be its
+/// thumbnail.
+bool complete(StoredThumbnail& stored, const ThumbnailSource& source) {
+    if (stored.sourceSize.width < 1 || stored.sourceSize.height < 1 || stored.orientation < 1) {
+        const PictureFile file(source.path);
+        const PictureHeader header = file.header();
+        stored.sourceSize = {header.width, header.height};
+        stored.orientation = fileOrientation(file, currentStop());
+    }
+    return stored.orientation <= 8 &&
+           hasProportionsOf(turnedSize(stored.sourceSize, stored.orientation), stored.picture);
 }
 
 class ThumbnailCache {
@@ -72,6 +96,8 @@ private:
             return thumbnailOf(*file, box, upright);
         try {
             return make(*file, source, side, box, upright);
+        } catch (const DecoderLost&) {
+            throw; // perhaps for lack of time: the next visit tries again
         } catch (const TrappedError& error) {
             if (error.number == ErrorNumber::UnreadableFile)
                 m_store.keepFailure(source);
@@ -79,24 +105,9 @@ private:
         }
     }
 
-    /// What another program did not note down about the source.
-    static bool complete(StoredThumbnail& stored, const ThumbnailSource& source) {
-        if (stored.sourceSize.width < 1 || stored.sourceSize.height < 1 || stored.orientation < 1) {
-            const PictureFile file(source.path);
-            const PictureHeader header = file.header();
-            stored.sourceSize = {header.width, header.height};
-            stored.orientation = fileOrientation(file, currentStop());
-        }
-        return stored.orientation <= 8 &&
-               hasProportionsOf(turned(stored.sourceSize, stored.orientation), stored.picture);
-    }
-
     /// Nothing when the stored picture is smaller than it would be drawn, and could be larger.
     static std::optional<Thumbnail> fitted(const StoredThumbnail& stored, Size box, bool upright) {
-        const bool turnsBack = !upright && stored.orientation != uprightOrientation;
-        const Picture picture =
-            turnsBack ? uprightPicture(stored.picture, inverseOf(stored.orientation)) : stored.picture;
-        const Size full = upright ? turned(stored.sourceSize, stored.orientation) : stored.sourceSize;
+        const auto [picture, full, profile] = shown(stored, upright);
         const Size drawn = sizeInBox(full, box);
         const bool isFull = Size{picture.width(), picture.height()} == full;
         if (!isFull && (picture.width() + 1 < drawn.width || picture.height() + 1 < drawn.height))
@@ -127,6 +138,15 @@ private:
 };
 
 } // namespace
+
+QuickPictureReader storedPictures(const QString& folder) {
+    return [store = std::make_shared<const ThumbnailStore>(folder)](
+               const PictureFile& file, bool upright) -> std::optional<QuickPicture> {
+        const auto source = ThumbnailSource::of(file.name());
+        std::optional<StoredThumbnail> stored = source ? store->findLargest(*source) : std::nullopt;
+        return stored && complete(*stored, *source) ? std::optional(shown(*stored, upright)) : std::nullopt;
+    };
+}
 
 ThumbnailReader cachedThumbnails(const QString& folder, const QString& privateFolder) {
     return [cache = std::make_shared<ThumbnailCache>(folder, privateFolder)](

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "collections/Thumbnail.h"
+#include "imaging/QuickPicture.h"
 
 namespace tarsel {
 
@@ -9,5 +10,8 @@ namespace tarsel {
 /// was seen before, here or in a file manager, is not decoded again. Files of this program, below
 /// `privateFolder`, get none.
 ThumbnailReader cachedThumbnails(const QString& folder, const QString& privateFolder);
+
+/// The largest thumbnail that `folder` holds of a file.
+QuickPictureReader storedPictures(const QString& folder);
 
 } // namespace tarsel

@@ -54,11 +54,19 @@ QStringList folderHeaders() {
             Texts::tr("Date Modified"), Texts::tr("Date Accessed")};
 }
 
+QString detailIcon() {
+    return QStringLiteral("iDetailIcon");
+}
+
+QString loadingIcon() {
+    return QStringLiteral("loading");
+}
+
 ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize) {
     ListRow row;
     row.text = name;
     row.tag = joinedPath(folder, name);
-    row.iconKey = QStringLiteral("iDetailIcon");
+    row.iconKey = detailIcon();
     info.setFilePath(row.tag);
     const QString pages = mayHavePages(info.fFileExtention()) ? QString() : QStringLiteral("1");
     row.subItems = {QString(),

@@ -31,6 +31,10 @@ enum : int {
 /// by every listing: its size text follows the flag of the file before.
 ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize);
 
+/// Names of the small pictures that rows show where they have no thumbnail.
+QString detailIcon();
+QString loadingIcon(); ///< of a row whose thumbnail is still to come
+
 /// What completes a row.
 struct RowContent {
     bool isPicture = true; ///< false: in the thumbnail view such a file has no row

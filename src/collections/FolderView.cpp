@@ -8,6 +8,7 @@
 #include "collections/modFileSystem.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace tarsel {
 
@@ -57,6 +58,7 @@ void FolderView::clearList() {
     m_lists.lvFolder.clear();
     m_lists.lvFolder.attachImages(nullptr);
     m_lists.ilFolder.clear();
+    m_unreadable.clear();
     if (!m_refusal.isEmpty() && m_lists.sbMain.panel(QStringLiteral("status")) == m_refusal)
         m_lists.sbMain.setPanel(QStringLiteral("status"), {});
     m_refusal.clear();
@@ -88,7 +90,7 @@ void FolderView::makeThumbnailsAgain() {
     if (m_lists.lvFolder.isEmpty())
         return;
     retireScan();
-    iconsByNumber();
+    showOwnThumbnails();
     m_rowOf.clear();
     startScan(namesByNumber());
     preferVisibleRows();
@@ -106,16 +108,12 @@ QStringList FolderView::namesByNumber() const {
     return names;
 }
 
-/// Undoes closeGapsOfIcons: the old pictures show until the new ones are there.
-void FolderView::iconsByNumber() {
-    ImageList opened;
+void FolderView::showOwnThumbnails() {
     std::vector<int> icons;
     for (int row = 0; row < m_lists.lvFolder.count(); ++row) {
         const ListRow& each = m_lists.lvFolder.row(row);
-        opened.set(each.number, m_lists.ilFolder.at(each.icon));
         icons.push_back(each.icon < 0 ? -1 : each.number);
     }
-    m_lists.ilFolder = std::move(opened);
     m_lists.lvFolder.setIcons(icons);
 }
 
@@ -193,6 +191,7 @@ void FolderView::complete(FolderScan::NumberedContent completed, std::vector<int
         return;
     }
     ListRow row = m_lists.lvFolder.row(index);
+    row.iconKey = detailIcon();
     row.subItems[FolderColumn::Resolution - 1] = completed.content.resolution;
     row.subItems[FolderColumn::Pages - 1] = completed.content.pages;
     if (!completed.content.thumbnail.isNull()) {
@@ -215,33 +214,37 @@ int FolderView::rowOf(int number) {
 
 void FolderView::removeRows(std::vector<int> rows) {
     m_hasGaps = m_hasGaps || !rows.empty();
-    std::sort(rows.begin(), rows.end());
+    std::ranges::sort(rows);
+    for (const int row : rows) {
+        m_unreadable.push_back({m_lists.lvFolder.row(row).number, m_lists.lvFolder.row(row)});
+        m_unreadable.back().row.iconKey = detailIcon();
+    }
     m_lists.lvFolder.remove(rows);
 }
 
 void FolderView::preferVisibleRows() {
     std::vector<int> numbers;
-    for (const ListRow* row : rowsInView())
-        numbers.push_back(row->number);
+    for (const int row : rowsInView())
+        numbers.push_back(m_lists.lvFolder.row(row).number);
     if (m_scan.get())
         m_scan.get()->prefer(std::move(numbers));
     sharpenVisibleRows();
 }
 
-std::vector<const ListRow*> FolderView::rowsInView() const {
-    std::vector<const ListRow*> rows;
+std::vector<int> FolderView::rowsInView() const {
+    std::vector<int> rows;
     if (!visibleRows)
         return rows;
     const auto [first, last] = visibleRows();
     for (int row = std::max(first, 0); row <= std::min(last, m_lists.lvFolder.count() - 1); ++row)
-        rows.push_back(&m_lists.lvFolder.row(row));
+        rows.push_back(row);
     return rows;
 }
 
 void FolderView::finish() {
     m_scan.retire();
     if (m_hasGaps)
-        closeGapsOfIcons();
+        numberAgain();
     sortAgain();
     hideBar();
     Q_EMIT runningChanged();
@@ -262,20 +265,26 @@ void FolderView::lendBar(bool lent) {
     showBar();
 }
 
-/// Rows without a picture are gone: the pictures are numbered by the rows that are left.
-void FolderView::closeGapsOfIcons() {
-    std::vector<int> newIndex(size_t(m_lists.ilFolder.count()), -1);
-    ImageList closed;
-    for (int index = 0; index < m_lists.ilFolder.count(); ++index)
-        if (const QVariant picture = m_lists.ilFolder.at(index); picture.isValid())
-            newIndex[size_t(index)] = closed.add(picture);
-    std::vector<int> icons;
-    for (int row = 0; row < m_lists.lvFolder.count(); ++row) {
-        const int icon = m_lists.lvFolder.row(row).icon;
-        icons.push_back(icon < 0 ? -1 : newIndex[size_t(icon)]);
+/// Rows without a picture are gone: the rows that are left, and their pictures, are numbered without gaps.
+void FolderView::numberAgain() {
+    ListView& list = m_lists.lvFolder;
+    std::vector<int> rows(size_t(list.count()));
+    std::iota(rows.begin(), rows.end(), 0);
+    std::ranges::sort(rows, {}, [&](int row) { return list.row(row).number; });
+    ImageList pictures;
+    for (int number = 0; number < list.count(); ++number) {
+        const int row = rows[size_t(number)];
+        if (const QVariant picture = m_lists.ilFolder.at(list.row(row).number); picture.isValid())
+            pictures.set(number, picture);
+        list.setNumber(row, number);
     }
-    m_lists.ilFolder = std::move(closed);
-    m_lists.lvFolder.setIcons(icons);
+    m_lists.ilFolder = std::move(pictures);
+    m_expected = m_completed = list.count();
+    m_hasGaps = false;
+    m_rowOf.clear();
+    m_sharp.stop();
+    showOwnThumbnails();
+    std::ranges::sort(m_unreadable, {}, &PlacedRow::place);
 }
 
 // --- thumbnails in view
@@ -285,18 +294,21 @@ void FolderView::sharpenVisibleRows() {
     const std::optional<Size> box = settings.folderBox();
     if (settings.folderView != 0 || !box || settings.affordableRatio(m_expected) == 1 || m_sharp.isReading())
         return;
-    const std::vector<const ListRow*> rows = rowsInView();
+    const std::vector<int> rows = rowsInView();
     QStringList names;
-    for (const ListRow* row : rows) {
-        if (row->icon < 0 || m_sharp.holds(row->number))
+    for (const int row : rows) {
+        const int shown = m_lists.lvFolder.row(row).icon;
+        const int owner = shown < 0 || m_sharp.holds(shown) ? -1 : rowOf(shown);
+        if (owner < 0)
             continue;
-        while (names.size() <= row->number)
+        while (names.size() <= shown)
             names << QString();
-        names[row->number] = row->text;
+        names[shown] = m_lists.lvFolder.row(owner).text;
     }
     m_sharp.read(request(std::move(names)));
     for (const int number : m_sharp.takeOldest(2 * rows.size()))
-        showThumbnail(number, ScalePicture(thumbnailOf(number), LoadMode::ExactBox, smallBox(*box), white));
+        showThumbnail(number, ScalePicture(pictureAt(m_lists.ilFolder, number), LoadMode::ExactBox,
+                                           smallBox(*box), white));
 }
 
 Size FolderView::smallBox(Size box) const {
@@ -304,17 +316,13 @@ Size FolderView::smallBox(Size box) const {
     return {std::max(1, int(box.width * ratio)), std::max(1, int(box.height * ratio))};
 }
 
-Picture FolderView::thumbnailOf(int number) {
-    const int row = rowOf(number);
-    return row < 0 ? Picture() : pictureAt(m_lists.ilFolder, m_lists.lvFolder.row(row).icon);
-}
-
 void FolderView::showThumbnail(int number, const Picture& picture) {
-    const int row = rowOf(number);
-    if (row < 0 || picture.isNull() || m_lists.lvFolder.row(row).icon < 0)
+    if (picture.isNull() || !m_lists.ilFolder.at(number).isValid())
         return;
-    m_lists.ilFolder.set(m_lists.lvFolder.row(row).icon, QVariant::fromValue(picture));
-    m_lists.lvFolder.replace(row, ListRow(m_lists.lvFolder.row(row)));
+    m_lists.ilFolder.set(number, QVariant::fromValue(picture));
+    for (const int row : rowsInView())
+        if (m_lists.lvFolder.row(row).icon == number)
+            m_lists.lvFolder.setIcon(row, number); // paints it
 }
 
 // --- order
@@ -340,12 +348,40 @@ void FolderView::cmdDetailFolder() {
     m_lists.lvFolder.setIcons(std::vector<int>(size_t(m_lists.lvFolder.count()), -1));
     if (isRunning())
         refresh();
+    else if (!m_unreadable.empty())
+        addUnreadable();
+}
+
+/// Numbered after the rows that have a thumbnail, in the places that the listing had for them.
+void FolderView::addUnreadable() {
+    keepSorting();
+    QStringList names(m_lists.lvFolder.count());
+    for (PlacedRow& each : m_unreadable) {
+        each.row.number = int(names.size());
+        names << each.row.text;
+    }
+    m_lists.lvFolder.insert(std::exchange(m_unreadable, {}));
+    startScan(std::move(names));
+}
+
+void FolderView::leaveOutUnreadable() {
+    std::vector<int> rows;
+    for (int row = 0; row < m_lists.lvFolder.count(); ++row)
+        if (m_lists.lvFolder.row(row).number >= m_lists.ilFolder.count()) {
+            rows.push_back(row);
+            m_unreadable.push_back({row, m_lists.lvFolder.row(row)});
+        }
+    m_lists.lvFolder.remove(rows);
+    m_expected = m_completed = m_lists.lvFolder.count();
 }
 
 void FolderView::cmdThumbnailFolder() {
-    settings.folderView = 0;
-    if (isRunning() || m_lists.ilFolder.count() == 0)
+    const bool fromDetails = std::exchange(settings.folderView, 0) != 0;
+    if (m_lists.ilFolder.count() == 0 || (isRunning() && !fromDetails))
         return refresh();
+    if (isRunning())
+        stop();
+    leaveOutUnreadable();
     m_lists.lvFolder.attachImages(&m_lists.ilFolder);
     // By row number: after a sort the pictures belong to other rows than they show.
     std::vector<int> icons;

@@ -14,8 +14,8 @@ namespace tarsel {
 
 /// The list of the pictures in one folder. Rows appear as soon as the file system has named the files;
 /// resolution, pages and thumbnail follow from background threads, rows in view first. In the finished list a
-/// row of the thumbnail view has the index of its thumbnail in ilFolder as icon; rows of the detail view have
-/// none, and show the small picture named by their icon key.
+/// row of the thumbnail view has the index of its thumbnail in ilFolder as number and as icon; rows of the
+/// detail view have no icon, and show the small picture named by their icon key.
 class FolderView final : public QObject {
     Q_OBJECT
 public:
@@ -40,7 +40,7 @@ public:
     void makeThumbnailsAgain();
     void preferVisibleRows(); ///< other rows have come into view
     /// To the detail view and back. A listing that is running, and a thumbnail view without pictures, list
-    /// the folder again.
+    /// the folder again. Files that have no row in the thumbnail view have one in the other.
     void cmdDetailFolder();
     void cmdThumbnailFolder();
     void refresh(); ///< lists the folder again, if there is one
@@ -58,7 +58,7 @@ private:
     FolderScan::Request request(QStringList known) const;
     void startScan(QStringList known = {});
     QStringList namesByNumber() const;
-    void iconsByNumber();
+    void showOwnThumbnails();
     void retireScan();
     void fetchDelivery(FolderScan& scan);
     void take(FolderScan::Delivery delivery, int files);
@@ -70,11 +70,12 @@ private:
     void finish();
     void showBar();
     void hideBar();
-    void closeGapsOfIcons();
-    std::vector<const ListRow*> rowsInView() const;
+    void numberAgain();
+    void addUnreadable();
+    void leaveOutUnreadable();
+    std::vector<int> rowsInView() const;
     void sharpenVisibleRows();
     Size smallBox(Size box) const;
-    Picture thumbnailOf(int number);
     void showThumbnail(int number, const Picture& picture);
     void keepSorting();
     void sortAgain();
@@ -85,7 +86,8 @@ private:
     CurrentScan m_scan{[this](FolderScan& scan) { fetchDelivery(scan); }};
     SharpThumbnails m_sharp{[this](int number, const Picture& picture) { showThumbnail(number, picture); }};
     bool m_hasAllRows = false;
-    bool m_hasGaps = false; ///< ilFolder has places of rows that are gone
+    bool m_hasGaps = false;              ///< some numbers have no row any more
+    std::vector<PlacedRow> m_unreadable; ///< left out by the thumbnail view
     bool m_isBarLent = false;
     int m_expected = 0;
     int m_completed = 0;

@@ -5,6 +5,7 @@
 #include "base/TrappedError.h"
 #include "codecs/DecoderLost.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/LoadingFailure.h"
 #include "imaging/fncLoadPicture.h"
 
 #include <QCoreApplication>
@@ -22,9 +23,7 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
         box.LoadFromFile(path, stop);
         return true;
     } catch (const DecoderLost& error) {
-        throw TrappedError{
-            ErrorNumber::InvalidPicture,
-            QCoreApplication::translate("LoadSource", "Error loading picture %1").arg(error.description)};
+        failLoading(error);
     } catch (const TrappedError& error) {
         if (error.number != ErrorNumber::UnreadableFile)
             throw;

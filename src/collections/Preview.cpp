@@ -86,8 +86,15 @@ void Preview::show(bool withTasks) {
 }
 
 void Preview::request(const QString& path, bool withTasks) {
-    PreviewWorker::Request request{++m_lastNumber, path, m_original, m_lists.ibMain.metadata(),
-                                   m_lists.ibMain, view, {},         upright};
+    PreviewWorker::Request request{.number = ++m_lastNumber,
+                                   .path = path,
+                                   .original = m_original,
+                                   .metadata = m_lists.ibMain.metadata(),
+                                   .box = m_lists.ibMain,
+                                   .view = view,
+                                   .tasks = {},
+                                   .upright = upright,
+                                   .readStored = readStored};
     request.box.Clear();
     request.box.StretchToFit = true;
     if (withTasks)
@@ -101,10 +108,12 @@ void Preview::request(const QString& path, bool withTasks) {
         Q_EMIT loadingBegun(path);
 }
 
-void Preview::leaveFolder() {
-    const ListView& basket = m_lists.lvPages;
-    const int selected = basket.selectedIndex();
-    if (!m_wantedPath.isEmpty() && (selected < 0 || basket.row(selected).tag != m_wantedPath))
+void Preview::dropUnselected() {
+    const auto selects = [this](const ListView& list) {
+        const int row = list.selectedIndex();
+        return row >= 0 && list.row(row).tag == m_wantedPath;
+    };
+    if (!m_wantedPath.isEmpty() && !selects(m_lists.lvFolder) && !selects(m_lists.lvPages))
         clear();
 }
 

@@ -35,6 +35,7 @@ public:
     bool OptimizedPreview = false; ///< pictures are shown with the tasks applied
     Size view{1920, 1080};         ///< pixels of the screen that the picture is shown on
     bool upright = false;          ///< pictures are turned by their EXIF orientation, from the next load on
+    QuickPictureReader readStored; ///< finds what stands in for a picture that is slow to read
 
     /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
     /// that can't be read leaves the box empty and the panels unchanged.
@@ -45,8 +46,8 @@ public:
     void showTasks();
     /// Loads the picture of the row shown last again, after a change of how pictures are prepared.
     void reload();
-    /// Shows no picture, unless the one on show is of a selected row of lvPages.
-    void leaveFolder();
+    /// Shows no picture, unless the one on show is that of the selected row of either list.
+    void dropUnselected();
     /// Drops what is being loaded.
     void stop();
     /// What is to be seen now. While a large picture is being read, the box is still empty.

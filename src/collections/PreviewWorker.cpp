@@ -6,13 +6,11 @@
 #include "base/Spreading.h"
 #include "base/Stop.h"
 #include "codecs/PictureFile.h"
+#include "collections/LoadSource.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/QuickPicture.h"
 #include "imaging/Upright.h"
 #include "tasks/Replay.h"
-
-#include <QCoreApplication>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -21,44 +19,23 @@ namespace tarsel {
 namespace {
 
 constexpr int snapshotFormat = 7;
-constexpr Color white = 0xFFFFFF;
-/// Pictures of more pixels are shown reduced first, those of the second number as their thumbnail before.
+/// JPEG files of more pixels are shown reduced first, those of the second number as their thumbnail before.
 constexpr std::int64_t largePicture = 10'000'000;
 constexpr std::int64_t hugePicture = 30'000'000;
+/// Pictures of other formats, which are decoded in full only, are shown as their thumbnail first.
+constexpr std::int64_t largeInOtherFormats = 1'000'000;
 
 using Deliver = std::function<void(PreviewWorker::Result)>;
 
-/// Formats whose metadata the preview can list. A batch loads more formats by the box, since it carries their
-/// metadata to what it writes (carriesMetadata in LoadSource); prepare() makes the pixels the same.
-bool goesThroughTheBox(const QString& path) {
-    const QString extension = QFileInfo(path).suffix().toLower();
-    return extension == QLatin1String("tiff") || extension == QLatin1String("tif") ||
-           extension == QLatin1String("jpg") || extension == QLatin1String("jpeg");
-}
-
-/// The batch prepares pictures in the same way, so that both run the tasks on the same pixels. The metadata
-/// stay those of the file, which the lists show.
-void prepare(ImageBox& box, const QString& path, bool upright) {
+/// As the batch does, so that both run the tasks on the same pixels. The metadata stay those of the file,
+/// which the lists show.
+void load(ImageBox& box, const QString& path, bool upright) {
+    box.PageNumber = 1;
+    if (!loadSource(box, path, currentStop()))
+        fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": ") + noPictureReason(path));
     const MetadataStore asRead = box.metadata();
     prepareForTasks(box, path, upright);
     box.metadata() = asRead;
-}
-
-/// Formats that carry metadata go through the box, all others through the picture loader.
-void load(ImageBox& box, const PictureFile& file, bool upright) {
-    const QString& path = file.name();
-    if (goesThroughTheBox(path)) {
-        box.LoadPage(file, 1);
-    } else {
-        QString damage;
-        const auto picture = fncLoadPicture(file, LoadMode::FullSize, {-1, -1}, white, nullptr, &damage);
-        if (!picture)
-            fail(ErrorNumber::UnreadableFile,
-                 QCoreApplication::translate("PreviewWorker", "%1: not a picture of a known format")
-                     .arg(path));
-        box.setPictureHandle(*picture, damage);
-    }
-    prepare(box, path, upright);
 }
 
 /// One request on its way through the worker.
@@ -89,27 +66,32 @@ private:
             m_result.box.LoadFromMemory(m_request.original, snapshotFormat);
             return;
         }
-        const PictureFile file(m_request.path);
-        showQuickly(file);
-        load(m_result.box, file, m_request.upright);
+        if (m_request.tasks.empty()) // what they make of a picture can be anything
+            ignoringErrors([&] { showQuickly(PictureFile(m_request.path)); });
+        raiseIfStopped();
+        load(m_result.box, m_request.path, m_request.upright);
     }
 
-    /// What the tasks make of a picture can be anything, so nothing stands in for it.
     void showQuickly(const PictureFile& file) {
-        if (!m_request.tasks.empty() || !file.isRecognised())
+        if (!file.isRecognised())
             return;
         const PictureHeader header = file.header();
         const std::int64_t pixels = std::int64_t(header.width) * header.height;
-        if (pixels > hugePicture)
-            showQuick(file, [&] { return embeddedThumbnail(file, m_request.upright); });
+        const bool isJpeg = file.usualExtension() == QLatin1String("jpg");
+        const bool hasThumbnail = pixels > hugePicture &&
+                                  showQuick(file, [&] { return embeddedThumbnail(file, m_request.upright); });
+        if (!hasThumbnail && m_request.readStored && pixels > (isJpeg ? hugePicture : largeInOtherFormats))
+            showQuick(file, [&] { return m_request.readStored(file, m_request.upright); });
         if (pixels > largePicture)
             showQuick(file, [&] { return reducedPicture(file, m_request.view, m_request.upright); });
     }
 
     template <class Read>
-    void showQuick(const PictureFile& file, Read read) {
+    bool showQuick(const PictureFile& file, Read read) {
+        std::optional<QuickPicture> quick;
         ignoringErrors([&] {
-            if (const std::optional<QuickPicture> quick = read())
+            quick = read();
+            if (quick)
                 m_deliver(
                     {m_request.number,
                      m_request.path,
@@ -117,6 +99,7 @@ private:
                      false});
         });
         raiseIfStopped();
+        return quick.has_value();
     }
 
     void runTasks() {

@@ -5,6 +5,7 @@
 #include "collections/NewestWork.h"
 #include "collections/PreviewPicture.h"
 #include "imaging/ImageBox.h"
+#include "imaging/QuickPicture.h"
 #include "tasks/TaskList.h"
 
 #include <optional>
@@ -23,7 +24,8 @@ public:
         ImageBox box;           ///< the settings from which the tasks start; without picture and metadata
         Size view{1920, 1080};  ///< where the picture will be shown
         std::vector<TaskRow> tasks;
-        bool upright = false; ///< the picture loaded is turned by its EXIF orientation
+        bool upright = false;               ///< the picture loaded is turned by its EXIF orientation
+        QuickPictureReader readStored = {}; ///< finds what stands in for a picture that is slow to read
     };
     struct Result {
         quint64 number = 0;

@@ -15,6 +15,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
+#include <ranges>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -129,24 +130,35 @@ QString ThumbnailStore::fileOf(const QString& kind, const ThumbnailSource& sourc
 }
 
 std::optional<StoredThumbnail> ThumbnailStore::find(const ThumbnailSource& source, int side) const {
-    for (const SizeFolder& each : sizeFolders) {
-        const QString path = fileOf(QLatin1String(each.name), source);
-        if (each.side < side || !QFile::exists(path))
-            continue;
-        StoredThumbnail found;
-        ignoringErrors([&] {
-            const PictureFile file(path);
-            const PngTexts texts = pngTexts(file.source(), path);
-            if (!belongsTo(texts, source))
-                return;
-            found.sourceSize = {texts.value(widthKey).toInt(), texts.value(heightKey).toInt()};
-            found.orientation = texts.value(orientationKey).toInt();
-            found.picture = pictureOf(file, each.side);
-        });
-        if (!found.picture.isNull())
-            return found;
-    }
+    for (const SizeFolder& each : sizeFolders)
+        if (each.side >= side)
+            if (auto found = read(fileOf(QLatin1String(each.name), source), source, each.side))
+                return found;
     return std::nullopt;
+}
+
+std::optional<StoredThumbnail> ThumbnailStore::findLargest(const ThumbnailSource& source) const {
+    for (const SizeFolder& each : sizeFolders | std::views::reverse)
+        if (auto found = read(fileOf(QLatin1String(each.name), source), source, each.side))
+            return found;
+    return std::nullopt;
+}
+
+std::optional<StoredThumbnail> ThumbnailStore::read(const QString& path, const ThumbnailSource& source,
+                                                    int side) {
+    if (!QFile::exists(path))
+        return std::nullopt;
+    StoredThumbnail found;
+    ignoringErrors([&] {
+        const PictureFile file(path);
+        const PngTexts texts = pngTexts(file.source(), path);
+        if (!belongsTo(texts, source))
+            return;
+        found.sourceSize = {texts.value(widthKey).toInt(), texts.value(heightKey).toInt()};
+        found.orientation = texts.value(orientationKey).toInt();
+        found.picture = pictureOf(file, side);
+    });
+    return found.picture.isNull() ? std::nullopt : std::optional(found);
 }
 
 void ThumbnailStore::keep(const ThumbnailSource& source, int side, const StoredThumbnail& made) {

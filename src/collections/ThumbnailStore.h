@@ -40,6 +40,7 @@ public:
     static int sideFor(Size box);
     /// The smallest thumbnail of at least that square. Damaged, outdated and foreign files don't count.
     std::optional<StoredThumbnail> find(const ThumbnailSource& source, int side) const;
+    std::optional<StoredThumbnail> findLargest(const ThumbnailSource& source) const;
     /// The first file that can't be written is the last one that is tried.
     void keep(const ThumbnailSource& source, int side, const StoredThumbnail& made);
     /// That this version of the program can't read the file.
@@ -49,6 +50,7 @@ public:
 
 private:
     QString fileOf(const QString& kind, const ThumbnailSource& source) const;
+    static std::optional<StoredThumbnail> read(const QString& path, const ThumbnailSource& source, int side);
     void write(const QString& kind, const ThumbnailSource& source, const QByteArray& png);
 
     const QString m_folder;

@@ -25,6 +25,7 @@ namespace tarsel {
 namespace {
 
 constexpr int focusFrame = 2;
+constexpr int typingRest = 300; ///< milliseconds
 
 /// A view whose drags only ever offer copies: moving is the list's work.
 template <class View>
@@ -84,6 +85,9 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
             [this](const QModelIndex& current) { m_list.setFocusedRow(current.row()); });
     connect(&m_list, &ListView::selectionChanged, this, &ListControl::scheduleSelectionToView);
     connect(&m_list, &QAbstractItemModel::layoutChanged, this, &ListControl::scheduleSelectionToView);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingRest);
+    connect(&m_typing, &QTimer::timeout, this, &ListControl::keySelected);
     setForm(Form::Details);
     prepareHint();
 }
@@ -280,13 +284,14 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
         update();
         break;
     case QEvent::FocusOut:
+        m_typing.stop();
         update();
         break;
     case QEvent::KeyPress:
         return !onViewport && keyPressed(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
         if (!onViewport && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
-            keyReleased(static_cast<QKeyEvent*>(event)->key());
+            keyReleased(*static_cast<QKeyEvent*>(event));
         break;
     case QEvent::MouseButtonRelease:
         // The view first: the signal comes after the click's selection.
@@ -344,11 +349,13 @@ QPoint ListControl::menuPosition() const {
     return viewport->mapToGlobal(row.isEmpty() ? viewport->rect().topLeft() : row.center());
 }
 
-void ListControl::keyReleased(int key) {
-    if (isArrow(key))
-        Q_EMIT arrowReleased();
-    else if (key == Qt::Key_Delete)
+void ListControl::keyReleased(const QKeyEvent& event) {
+    if (isArrow(event.key()))
+        Q_EMIT keySelected();
+    else if (event.key() == Qt::Key_Delete)
         Q_EMIT deleteReleased();
+    else if (!event.text().isEmpty() && event.text().front().isPrint())
+        m_typing.start();
 }
 
 /// Takes the drags of files and of lists whose rows are welcome here, and leaves all others to the view.

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QPixmap>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QUrl>
 #include <functional>
 
@@ -73,7 +74,7 @@ Q_SIGNALS:
     void rowClicked(); ///< left button released
     void rowDoubleClicked();
     void enterPressed();
-    void arrowReleased();
+    void keySelected(); ///< an arrow was released, or the typing of a row's name came to rest
     void deleteReleased();
     void formChanged();
     void menuWanted(const QPoint& globalPosition);
@@ -97,7 +98,7 @@ private:
     bool keyPressed(const QKeyEvent& event);
     bool menuRequested(const QContextMenuEvent& event, bool onViewport);
     QPoint menuPosition() const;
-    void keyReleased(int key);
+    void keyReleased(const QKeyEvent& event);
     bool dragMoved(QEvent* event);
     void dropHere(const QDropEvent& drop, ListControl* source, int row);
     void acceptDrops();
@@ -114,6 +115,7 @@ private:
     RowDelegate* m_delegate;
     QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
+    QTimer m_typing; ///< runs until it comes to rest
     bool m_acceptsFiles = false;
     bool m_synchronising = false;
     bool m_scheduled = false;

@@ -42,6 +42,18 @@ QIcon iconOf(const QString& iconKey) {
     return icon;
 }
 
+/// In the place of a thumbnail: the icon, smaller than a picture would be.
+QPixmap placeholder(const QIcon& icon, QSize size) {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QRect place({}, size * 2 / 5);
+    place.moveCenter(pixmap.rect().center());
+    icon.paint(&painter, place);
+    return pixmap;
+}
+
 /// Pictures stand on white, which has no edge on a light list and would glare on a dark one.
 void drawFrame(QPixmap& pixmap, const QStyleOptionViewItem& option, qreal ratio) {
     QColor line = option.palette.color(QPalette::Text);
@@ -52,6 +64,17 @@ void drawFrame(QPixmap& pixmap, const QStyleOptionViewItem& option, qreal ratio)
     painter.setPen(pen);
     const int inset = pen.width() / 2;
     painter.drawRect(pixmap.rect().adjusted(inset, inset, inset - pen.width(), inset - pen.width()));
+}
+
+qreal ratioOf(const QStyleOptionViewItem& option) {
+    return option.widget ? option.widget->devicePixelRatioF() : 1;
+}
+
+void setFramedPicture(QStyleOptionViewItem& option, QPixmap pixmap) {
+    drawFrame(pixmap, option, ratioOf(option));
+    pixmap.setDevicePixelRatio(ratioOf(option));
+    option.icon = pictureIcon(pixmap);
+    option.features |= QStyleOptionViewItem::HasDecoration;
 }
 
 } // namespace
@@ -115,6 +138,9 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
         return;
     option->icon = iconOf(iconKey);
     option->features |= QStyleOptionViewItem::HasDecoration;
+    if (isThumbnail(*option))
+        return setFramedPicture(*option,
+                                placeholder(option->icon, option->decorationSize * ratioOf(*option)));
     const int side = option->fontMetrics.height();
     option->decorationSize = QSize(side, side);
 }
@@ -124,16 +150,12 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
 bool RowDelegate::setPicture(QStyleOptionViewItem& option, const QVariant& picture) const {
     if (!picture.isValid() || !pixmapOf)
         return picture.isValid();
-    QPixmap pixmap = pixmapOf(picture);
+    const QPixmap pixmap = pixmapOf(picture);
     if (pixmap.isNull())
         return false;
-    const qreal ratio = option.widget ? option.widget->devicePixelRatioF() : 1;
-    drawFrame(pixmap, option, ratio);
-    pixmap.setDevicePixelRatio(ratio);
-    option.icon = pictureIcon(pixmap);
-    option.features |= QStyleOptionViewItem::HasDecoration;
+    setFramedPicture(option, pixmap);
     if (!isThumbnail(option))
-        option.decorationSize = pixmap.deviceIndependentSize().toSize().boundedTo(option.decorationSize);
+        option.decorationSize = (pixmap.size() / ratioOf(option)).boundedTo(option.decorationSize);
     return true;
 }
 

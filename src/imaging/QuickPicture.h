@@ -4,6 +4,7 @@
 #include "imaging/fncLoadPicture.h"
 
 #include <QByteArray>
+#include <functional>
 #include <optional>
 
 namespace tarsel {
@@ -14,6 +15,9 @@ struct QuickPicture {
     Size size;             ///< of the full picture
     QByteArray iccProfile; ///< of the pixels
 };
+
+/// How a quick picture of a file is found elsewhere; nothing where there is none.
+using QuickPictureReader = std::function<std::optional<QuickPicture>(const PictureFile& file, bool upright)>;
 
 /// The thumbnail in the file's EXIF data, without the bars that fill it up to its own proportions. Nothing
 /// for a file without one.

@@ -6,6 +6,7 @@
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/PictureFile.h"
+#include "imaging/LoadingFailure.h"
 #include "pixels/Flatten.h"
 #include "pixels/operations/Fill.h"
 #include "pixels/operations/ResizeSmooth.h"
@@ -144,11 +145,6 @@ Loaded open(const Request& request, const QString& extension) {
     return isCommon ? openOnBackColor(request) : decodeFull(request);
 }
 
-[[noreturn]] void failLoading(const QString& fact) {
-    throw TrappedError{ErrorNumber::InvalidPicture,
-                       QCoreApplication::translate("fncLoadPicture", "Error loading picture %1").arg(fact)};
-}
-
 } // namespace
 
 Size fitInside(Size picture, Size box) {
@@ -224,7 +220,7 @@ std::optional<Picture> fncLoadPicture(const PictureFile& file, LoadMode mode, Si
         return std::move(loaded.picture);
     } catch (const TrappedError& error) {
         raiseIfStopped();
-        failLoading(error.description);
+        failLoading(error);
     }
 }
 

@@ -316,6 +316,7 @@ TEST_F(BasketTest, FilesAndFoldersOfAnotherProgramAreAddedAndItSaysWhatWasSkippe
     makeScan("below/scan.tif");
     Basket pages = basket();
     pages.subAddEntryToListView(picture("in.png"));
+    status.setPanel(QStringLiteral("folder"), QStringLiteral("Current Folder"));
     QList<QUrl> offered;
     for (const char* name : {"notes.txt", "below/scan.tif", "gone.png", ""})
         offered << QUrl::fromLocalFile(picture(name));
@@ -330,6 +331,7 @@ TEST_F(BasketTest, FilesAndFoldersOfAnotherProgramAreAddedAndItSaysWhatWasSkippe
     EXPECT_EQ(panel("status"),
               "2 addresses were skipped: they are not on this computer. 3 files and folders were "
               "skipped: they can't be read. 1 picture was skipped: it is in the basket.");
+    EXPECT_EQ(panel("folder"), "Current Folder") << "files of elsewhere";
     EXPECT_EQ(pages.LTemp(), QStringList{picture("notes.txt")});
     EXPECT_GT(followed, 0);
 }

@@ -4,6 +4,7 @@
 #include "codecs/PngTexts.h"
 #include "imaging/ImageBox.h"
 #include "tests/support/MadePictures.h"
+#include "tests/support/Metafiles.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -134,6 +135,14 @@ TEST_F(CachedThumbnailsTest, APictureThatCannotBeReadIsNotTriedAgainUntilItChang
     EXPECT_FALSE(read(photo)) << kept("fail/tarsel-jpeg").toStdString();
     setTime(7);
     EXPECT_TRUE(read(photo));
+
+    const QByteArray decoder = qgetenv("TARSEL_DECODER");
+    photo = path("drawing.wmf");
+    writeBytes(photo, wmf(redLeftHalf()));
+    qputenv("TARSEL_DECODER", "/bin/false");
+    EXPECT_FALSE(read(photo));
+    EXPECT_FALSE(QFile::exists(kept("fail/tarsel-jpeg"))) << "a decoder that was lost proves nothing";
+    decoder.isNull() ? qunsetenv("TARSEL_DECODER") : qputenv("TARSEL_DECODER", decoder);
 }
 
 TEST_F(CachedThumbnailsTest, AKeptThumbnailIsTurnedAsThePictureIs) {
@@ -151,13 +160,17 @@ TEST_F(CachedThumbnailsTest, AKeptThumbnailIsTurnedAsThePictureIs) {
         marked.SaveToFile(file);
         for (const bool upright : {true, false, true}) {
             const auto direct = loadThumbnail(file, even, upright), cached = reader(file, even, upright);
-            ASSERT_TRUE(direct && cached && cached->sourceSize == direct->sourceSize);
-            long difference = 0;
-            for (int y = 0; y < even.height; ++y)
-                for (int x = 0; x < 3 * even.width; ++x)
-                    difference +=
-                        std::abs(direct->picture.view().row(y)[x] - cached->picture.view().row(y)[x]);
-            EXPECT_LT(difference, 3 * even.width * even.height * 8) << orientation << upright;
+            const auto stored = storedPictures(store)(PictureFile(file), upright);
+            ASSERT_TRUE(direct && cached && stored && cached->sourceSize == direct->sourceSize);
+            EXPECT_EQ(stored->size, upright && orientation > 4 ? (Size{400, 800}) : (Size{800, 400}));
+            for (const Picture& seen :
+                 {cached->picture, ScalePicture(stored->picture, LoadMode::ExactBox, even)}) {
+                long difference = 0;
+                for (int y = 0; y < even.height; ++y)
+                    for (int x = 0; x < 3 * even.width; ++x)
+                        difference += std::abs(direct->picture.view().row(y)[x] - seen.view().row(y)[x]);
+                EXPECT_LT(difference, 3 * even.width * even.height * 8) << orientation << upright;
+            }
         }
     }
 }

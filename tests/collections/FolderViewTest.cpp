@@ -71,9 +71,23 @@ TEST_F(FolderViewTest, ACorruptPictureHasNoRowAmongThumbnailsAndOneAmongDetails)
     waitForList();
     EXPECT_EQ(ilFolder.count(), 4) << "no place for the rows that are gone";
 
+    constexpr char all[] = "a.bmp b.pcx bad.jpg empty.jpg five.tiff good.jpg strange.png";
+    lvFolder.selectOnly(3);
+    for (int round = 0; round < 2; ++round) {
+        view.cmdDetailFolder();
+        waitForList();
+        EXPECT_EQ(texts(lvFolder), all);
+        EXPECT_EQ(column(lvFolder, FolderColumn::Resolution, '|'),
+                  "7 x 5|7 x 5|0 X 0 X 24|0 X 0 X 0|9 x 7|33 x 22|0 X 0 X 0");
+        EXPECT_EQ(lvFolder.selectedRows(), std::vector<int>{5});
+        view.cmdThumbnailFolder();
+        EXPECT_FALSE(view.isRunning());
+        EXPECT_EQ(texts(lvFolder), "a.bmp b.pcx five.tiff good.jpg");
+    }
+
     settings.folderView = 3;
     list(pictures);
-    EXPECT_EQ(texts(lvFolder), "a.bmp b.pcx bad.jpg empty.jpg five.tiff good.jpg strange.png");
+    EXPECT_EQ(texts(lvFolder), all);
     EXPECT_EQ(column(lvFolder, FolderColumn::Resolution, '|'),
               "7 X 5 X 24||0 X 0 X 24|0 X 0 X 0|9 X 7 X 24|33 X 22 X 24|0 X 0 X 0");
     EXPECT_EQ(lvFolder.subItem(4, FolderColumn::Pages), QStringLiteral("5"));
@@ -191,7 +205,10 @@ TEST_F(FolderViewTest, AnotherFolderTakesEffectAtOnceAndLeavesNoRowOfTheFirst) {
 }
 
 TEST_F(FolderViewTest, TheSortOfTheHeaderHoldsAndThumbnailsComeBackWithoutANewListing) {
-    makePictures({"a.png", "b.png", "c.png"});
+    int red = 0;
+    for (const char* name : {"a.png", "b.png", "c.png"})
+        makePicture(picture(name), {4, 4}, qRgb(red += 10, 0, 0));
+    writeBytes(picture("0.png"), "no picture, so that the others are numbered again");
     list(pictures);
     lvFolder.sort(0, Qt::DescendingOrder);
     list(pictures);
@@ -204,6 +221,12 @@ TEST_F(FolderViewTest, TheSortOfTheHeaderHoldsAndThumbnailsComeBackWithoutANewLi
     view.cmdThumbnailFolder();
     EXPECT_FALSE(view.isRunning());
     EXPECT_EQ(lvFolder.row(1).icon, icon);
+    lvFolder.selectAll();
+    basket().cmdAddToQueue_Click();
+    const auto redOf = [&](int row) {
+        return pictureAt(ilPages, lvPages.row(row).icon).view().pixel(20, 15)[0];
+    };
+    EXPECT_TRUE(redOf(0) == 30 && redOf(1) == 20 && redOf(2) == 10) << "the basket's are those of the files";
     ListRow late;
     late.text = QStringLiteral("z.png");
     lvFolder.add(late);

@@ -109,6 +109,12 @@ TEST_F(MainWindow, EachInputInTheFolderListSelectsShowsAndAdds) {
         {"Ctrl+click", [&] { clickRow("lvFolder", 2, Qt::ControlModifier); }, "photo01.jpg", "", 2},
         {"Shift+click", [&] { clickRow("lvFolder", 2, Qt::ShiftModifier); }, "photo01.jpg", "", 3},
         {"arrow", [&] { key(Qt::Key_End); }, "photo04.jpg", "", 1},
+        {"typing",
+         [&] {
+             QTest::keyClicks(view(), QStringLiteral("photo03"));
+             EXPECT_TRUE(waitFor([&] { return panel("filename") == "photo03.jpg"; }));
+         },
+         "photo03.jpg", "", 1},
         {"Shift+arrow", [&] { key(Qt::Key_End, Qt::ShiftModifier); }, "photo01.jpg", "", 4},
         {"Ctrl+A", [&] { key(Qt::Key_A, Qt::ControlModifier); }, "photo01.jpg", "", 4},
         {"Return", [&] { key(Qt::Key_Return); }, "photo01.jpg", "photo01", 1},
@@ -191,7 +197,8 @@ TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsName
     EXPECT_EQ(child<FolderTree>(window(), "ftvBrowse").selectedFolder(), pictures());
     QDir().mkpath(path(".hidden"));
     type(path(".hidden"));
-    EXPECT_EQ(child<FolderTree>(window(), "ftvBrowse").selectedFolder(), path(".hidden"));
+    auto& tree = child<FolderTree>(window(), "ftvBrowse");
+    EXPECT_EQ(tree.selectedFolder(), path(".hidden"));
     EXPECT_EQ(panel("folder"), "Current Folder - " + path(".hidden").toStdString());
     type(pictures());
     type(path("nowhere"));
@@ -200,6 +207,13 @@ TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsName
     QTest::keyClick(&window(), Qt::Key_Up, Qt::AltModifier);
     EXPECT_EQ(panel("folder"), "Current Folder - " + QFileInfo(pictures()).path().toStdString());
     EXPECT_EQ(panel("status"), "");
+    QDir().mkpath(path("few/below"));
+    tree.selectFolder(path("few/below"));
+    EXPECT_TRUE(waitFor([&] { return !tree.model()->hasChildren(tree.currentIndex()); }));
+    QDir().mkpath(path("few/below/new"));
+    tree.setCurrentIndex(tree.currentIndex().parent());
+    tree.selectFolder(path("few/below"));
+    EXPECT_TRUE(waitFor([&] { return tree.model()->hasChildren(tree.currentIndex()); }));
 }
 
 TEST_F(MainWindow, RowsAreAddedByDropMovedByDropRemovedByDeleteAndAllByNewBasket) {
@@ -227,12 +241,15 @@ TEST_F(MainWindow, RowsAreAddedByDropMovedByDropRemovedByDeleteAndAllByNewBasket
     QTest::qWait(0);
     EXPECT_EQ(basket().selectedRows(), std::vector<int>{1});
     QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    listed().selectOnly(-1);
     selectAllOf("lvPages");
     QTest::keyClick(pages.view(), Qt::Key_Delete);
     settle();
     EXPECT_FALSE(window().workspace().ibMain.HasImage()) << "nothing is left to be shown";
     QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(basket().count(), 2);
+    settle();
+    EXPECT_TRUE(window().workspace().ibMain.HasImage()) << "the row that is back is shown";
     const QString pageFile = programFolder() + QStringLiteral("/Temp/scan.tif1_17.tif");
     writeFileSafely(pageFile, "x");
     click(window(), "cmdPagesNew");

@@ -103,6 +103,13 @@ TEST_F(PreviewOfPictures, KeysWheelAndPointerZoomScrollAndWalkOn) {
         byKey ? QTest::keyClick(&view(), Qt::Key_Minus) : turnWheel(-120);
         EXPECT_TRUE(view().isBestFit());
     }
+    const auto middle = [&] {
+        const Size inside = view().container();
+        return view().placement().toPicture(QPointF(inside.width, inside.height) / 2);
+    };
+    QTest::keyClick(&view(), Qt::Key_Plus);
+    EXPECT_LT((middle() - QPointF(750, 700)).manhattanLength(), 5) << "a key keeps the middle";
+    QTest::keyClick(&view(), Qt::Key_Minus);
     const QPointF pointer = QPointF(centre()) * view().devicePixelRatioF() + QPointF(30, 20);
     const QPointF under = view().placement().toPicture(pointer);
     QTest::mouseDClick(view().viewport(), Qt::LeftButton, {},
@@ -158,12 +165,12 @@ TEST_F(PreviewOfPictures, AtEitherSizeThePictureHasTheScreensColors) {
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(QColor(60, 200, 60));
     image.setColorSpace(QColorSpace::AdobeRgb);
-    ASSERT_TRUE(image.save(picture("wide.jpg"), "jpg", 100));
+    for (const char* name : {"wide.jpg", "wide.png"})
+        ASSERT_TRUE(image.save(picture(name), nullptr, 100));
     list();
-    show(0);
     for (const char* size : {"mnuPreviewActualSize", "mnuPreviewBestFit"}) {
         choose(size);
-        settle();
+        show(size == std::string("mnuPreviewBestFit"));
         const QColor seen = view().grab().toImage().pixelColor(centre() * view().devicePixelRatioF());
         EXPECT_LT(seen.red(), 20) << "of a green that sRGB can't hold, " << size;
         EXPECT_GT(colorAt(ibMain().picture(), 9, 9).red, 50) << "the tasks' colours stay";
@@ -174,14 +181,21 @@ TEST_F(PreviewOfPictures, AtEitherSizeThePictureHasTheScreensColors) {
 
 TEST_F(PreviewOfPictures, ALargePictureIsShownReducedFirstAndInTheSamePlace) {
     makePicture(picture("a.jpg"), {4200, 2500});
+    test::makePicture(picture("b.png"), {4200, 2500});
     list();
+    window().preview().readStored = [](const PictureFile&, bool) {
+        return QuickPicture{plainPicture(42, 25, 3, {}), {4200, 2500}, {}};
+    };
     std::vector<std::pair<bool, bool>> steps;
     QObject::connect(&window().preview(), &Preview::pictureChanged, &window(), [&] {
         steps.emplace_back(window().preview().shown().isReduced, ibMain().HasImage());
         EXPECT_EQ(window().preview().shown().size, (Size{4200, 2500}));
     });
-    show(0);
-    EXPECT_EQ(steps, (std::vector<std::pair<bool, bool>>{{true, false}, {false, true}}));
+    for (const int row : {0, 1}) {
+        show(row);
+        EXPECT_EQ(steps, (std::vector<std::pair<bool, bool>>{{true, false}, {false, true}})) << row;
+        steps.clear();
+    }
     EXPECT_EQ(view().placement().drawn().width, ibMain().DisplayWidth());
 }
 

@@ -98,7 +98,7 @@ void BasketPane::connectList() {
     m_list->list().setTextCheck([this](const QString& title) { return acceptTitle(title); });
     const auto choose = [this] { Q_EMIT rowChosen(m_list->list(), m_list->list().selectedIndex()); };
     connect(m_list, &ListControl::rowClicked, this, choose);
-    connect(m_list, &ListControl::arrowReleased, this, choose);
+    connect(m_list, &ListControl::keySelected, this, choose);
     connect(m_list, &ListControl::rowDoubleClicked, this, &BasketPane::addDescription);
     connect(m_list, &ListControl::deleteReleased, this, &BasketPane::cmdPagesDelete);
 }

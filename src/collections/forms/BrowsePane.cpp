@@ -30,6 +30,22 @@ protected:
     }
 };
 
+QTabBar* makeTabs(QWidget* parent) {
+    auto* tbsBrowse = new BrowseTabs(parent);
+    tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
+    tbsBrowse->setDocumentMode(true);
+    tbsBrowse->setExpanding(false);
+    tbsBrowse->setUsesScrollButtons(false); // both tabs stay in view
+    tbsBrowse->setElideMode(Qt::ElideRight);
+    tbsBrowse->addTab(BrowsePane::tr("Browse File System"));
+    tbsBrowse->addTab(BrowsePane::tr("Task Basket"));
+    tbsBrowse->setTabToolTip(0, tbsBrowse->tabText(0));
+    // Complete texts where the screen has room for them.
+    tbsBrowse->setMinimumWidth(
+        std::min(tbsBrowse->sizeHint().width(), parent->screen()->availableGeometry().width() * 26 / 100));
+    return tbsBrowse;
+}
+
 } // namespace
 
 BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent) :
@@ -37,30 +53,10 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     m_tasks(new ListControl(tasks.lvEdit, this)) {
     auto* lblBrowse = makePaneCaption({}, this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
-    auto* tbsBrowse = new BrowseTabs(this);
-    tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
-    tbsBrowse->setDocumentMode(true);
-    tbsBrowse->setExpanding(false);
-    tbsBrowse->setUsesScrollButtons(false); // both tabs stay in view
-    tbsBrowse->setElideMode(Qt::ElideRight);
-    tbsBrowse->addTab(tr("Browse File System"));
-    tbsBrowse->addTab(tr("Task Basket"));
-    tbsBrowse->setTabToolTip(0, tbsBrowse->tabText(0));
-    // Complete texts where the screen has room for them.
-    tbsBrowse->setMinimumWidth(
-        std::min(tbsBrowse->sizeHint().width(), screen()->availableGeometry().width() * 26 / 100));
-    m_tree->setFrameShape(QFrame::StyledPanel);
-
-    auto* picFileSystem = new QWidget(this);
-    picFileSystem->setObjectName(QStringLiteral("picFileSystem"));
-    auto* treeBox = new QVBoxLayout(picFileSystem);
-    treeBox->setContentsMargins(0, 0, 0, 0);
-    treeBox->setSpacing(4);
-    treeBox->addWidget(makePlaces());
-    treeBox->addWidget(m_tree);
+    QTabBar* tbsBrowse = makeTabs(this);
     auto* panels = new QStackedWidget(this);
-    panels->addWidget(picFileSystem);
-    panels->addWidget(makeTaskPanel(actions));
+    panels->addWidget(makeFolderPanel());
+    panels->addWidget(makeTaskPanel());
 
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -80,6 +76,18 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     showTab(0);
 }
 
+QWidget* BrowsePane::makeFolderPanel() {
+    auto* picFileSystem = new QWidget(this);
+    picFileSystem->setObjectName(QStringLiteral("picFileSystem"));
+    m_tree->setFrameShape(QFrame::StyledPanel);
+    auto* rows = new QVBoxLayout(picFileSystem);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addWidget(makePlaces());
+    rows->addWidget(m_tree);
+    return picFileSystem;
+}
+
 QWidget* BrowsePane::makePlaces() {
     auto* places = new PlacesBar(m_tree->model(), m_actions, this);
     connect(m_tree, &FolderTree::folderSelected, places, &PlacesBar::showFolder);
@@ -97,16 +105,16 @@ void BrowsePane::setRunning(bool running) {
     m_tasks->setEnabled(!running);
 }
 
-QWidget* BrowsePane::makeTaskPanel(const ActionTable& actions) {
+QWidget* BrowsePane::makeTaskPanel() {
     auto* picEditBar = new QWidget(this);
     picEditBar->setObjectName(QStringLiteral("picEditBar"));
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
     int index = 0;
     for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_2", "cmdEditBar_3"}) {
-        bar->addWidget(actions.makeButton(name, picEditBar));
-        addAction(&actions.action(name)); // for its shortcut while the other tab is on show
-        connect(&actions.action(name), &QAction::triggered, this,
+        bar->addWidget(m_actions.makeButton(name, picEditBar));
+        addAction(&m_actions.action(name)); // for its shortcut while the other tab is on show
+        connect(&m_actions.action(name), &QAction::triggered, this,
                 [this, index] { Q_EMIT cmdEditBar(index); });
         ++index;
     }

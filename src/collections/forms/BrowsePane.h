@@ -31,8 +31,9 @@ Q_SIGNALS:
     void pathRefused(const QString& reason);
 
 private:
+    QWidget* makeFolderPanel();
     QWidget* makePlaces();
-    QWidget* makeTaskPanel(const ActionTable& actions);
+    QWidget* makeTaskPanel();
 
     const ActionTable& m_actions;
     FolderTree* m_tree;

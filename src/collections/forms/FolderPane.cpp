@@ -75,7 +75,7 @@ void FolderPane::connectList() {
     connect(m_list, &ListControl::rowDoubleClicked, this, &FolderPane::cmdAddToQueue);
     connect(m_list, &ListControl::enterPressed, this, &FolderPane::cmdAddToQueue);
     connect(m_list, &ListControl::rowClicked, this, &FolderPane::chooseRow);
-    connect(m_list, &ListControl::arrowReleased, this, &FolderPane::chooseRow);
+    connect(m_list, &ListControl::keySelected, this, &FolderPane::chooseRow);
     connect(m_list, &ListControl::formChanged, this, &FolderPane::showForm);
 }
 

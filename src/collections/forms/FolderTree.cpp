@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/FolderTree.h"
 
+#include "collections/forms/FolderModel.h"
 #include "controls/LineIcon.h"
 
 #include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
-#include <QFileSystemModel>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <algorithm>
@@ -44,13 +44,21 @@ FolderTree::~FolderTree() {
 }
 
 FolderTree::FolderTree(QWidget* parent) :
-    QTreeView(parent), m_model(new QFileSystemModel(this)), m_icons(std::make_unique<FolderIcons>()) {
+    QTreeView(parent), m_model(new FolderModel(this)), m_icons(std::make_unique<FolderIcons>()) {
     setObjectName(QStringLiteral("ftvBrowse"));
     setAccessibleName(tr("Folders"));
     m_model->setIconProvider(m_icons.get());
-    m_model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | QDir::Drives);
     m_model->setRootPath(QDir::rootPath());
     setModel(m_model);
+    setEditTriggers(NoEditTriggers);
+    showNamesOnly();
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &FolderTree::choose);
+    connect(m_model, &FolderModel::foldersFound, this, &FolderTree::scheduleDelayedItemsLayout);
+    keepSelectionInView();
+    keepNamesComplete();
+}
+
+void FolderTree::showNamesOnly() {
     for (int column = 1; column < m_model->columnCount(); ++column)
         hideColumn(column);
     header()->hide();
@@ -62,12 +70,10 @@ FolderTree::FolderTree(QWidget* parent) :
     setTextElideMode(Qt::ElideNone);
     setIndentation(16);
     setUniformRowHeights(true);
-    setEditTriggers(NoEditTriggers);
-    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& current) {
-        if (current.isValid())
-            Q_EMIT folderSelected(m_selected = m_model->filePath(current));
-    });
-    // Folders come in later than the selection; it is to stay in view while they do.
+}
+
+/// Folders come in later than the selection.
+void FolderTree::keepSelectionInView() {
     m_settle.setObjectName(QStringLiteral("settle"));
     m_settle.setSingleShot(true);
     m_settle.setInterval(30);
@@ -79,6 +85,9 @@ FolderTree::FolderTree(QWidget* parent) :
     connect(m_model, &QFileSystemModel::directoryLoaded, this, settle);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, settle);
     connect(m_model, &QAbstractItemModel::layoutChanged, this, settle);
+}
+
+void FolderTree::keepNamesComplete() {
     m_fit.setSingleShot(true);
     m_fit.setInterval(0);
     connect(&m_fit, &QTimer::timeout, this, &FolderTree::fitColumn);
@@ -88,6 +97,12 @@ FolderTree::FolderTree(QWidget* parent) :
     connect(this, &QTreeView::collapsed, this, fit);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, fit);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, fit);
+}
+
+void FolderTree::choose(const QModelIndex& folder) {
+    m_model->lookAgain(folder);
+    if (folder.isValid())
+        Q_EMIT folderSelected(m_selected = m_model->filePath(folder));
 }
 
 void FolderTree::selectFolder(const QString& path) {

@@ -6,9 +6,10 @@
 #include <memory>
 
 class QAbstractFileIconProvider;
-class QFileSystemModel;
 
 namespace tarsel {
+
+class FolderModel;
 
 /// The tree of the file system's folders.
 class FolderTree final : public QTreeView {
@@ -31,11 +32,15 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void showNamesOnly();
+    void keepSelectionInView();
+    void keepNamesComplete();
+    void choose(const QModelIndex& folder);
     void selectHiddenFolder(const QString& folder);
     void centreCurrentFolder();
     void fitColumn();
 
-    QFileSystemModel* m_model;
+    FolderModel* m_model;
     std::unique_ptr<QAbstractFileIconProvider> m_icons;
     QString m_selected;
     QTimer m_settle{this};

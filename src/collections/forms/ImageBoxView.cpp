@@ -284,7 +284,7 @@ bool ImageBoxView::handleKey(int key) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_Minus:
-        Q_EMIT zoomModeWanted(key == Qt::Key_Minus);
+        zoomAt(QRectF(viewport()->rect()).center(), key == Qt::Key_Minus);
         return true;
     case Qt::Key_PageDown:
     case Qt::Key_PageUp:
