@@ -3,10 +3,10 @@
 
 #include "base/Conversions.h"
 #include "base/TrappedError.h"
-#include "tasks/Artwork.h"
 #include "tasks/TaskColumns.h"
 #include "tasks/TaskList.h"
 #include "tasks/TaskWords.h"
+#include "tasks/frmFrameDummy.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -36,6 +36,16 @@ void checkColumn(const TaskColumn& column, const TaskRow& row, TaskCheck& check)
     if (column.type == ColumnType::Path && !QFileInfo(text).isFile())
         check = {State::Failed,
                  QCoreApplication::translate("TaskCheck", "the file \"%1\" is missing").arg(text)};
+}
+
+/// Raises the error of a run that needs artwork which doesn't exist.
+void requireArtwork(int kind, const TaskRow& row) {
+    if (kind == 13 && row[column::Frame::plain] == 0)
+        frmFrameDummy::requireBorder(row[column::Frame::number]);
+    if (kind == 14)
+        frmFrameDummy::requireMask(row[column::Mask::number]);
+    if (kind == 15)
+        frmFrameDummy::requireBorder(row[column::Shadow::number] + frmFrameDummy::frameCount);
 }
 
 TaskCheck failed(const QString& reason) {
@@ -70,8 +80,13 @@ TaskCheck checkRow(const TaskRow& row) {
         return {State::Skipped,
                 QCoreApplication::translate("TaskCheck", "no task has the kind %1").arg(number)};
     const TaskCheck check = checkColumns(taskColumns(number), row);
-    if (check.state == State::Ok && needsArtwork(number, row))
-        return failed(missingArtworkText(number));
+    if (check.state != State::Ok)
+        return check;
+    try {
+        requireArtwork(number, row);
+    } catch (const TrappedError& error) {
+        return failed(error.description);
+    }
     return check;
 }
 

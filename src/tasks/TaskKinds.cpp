@@ -22,8 +22,8 @@ const std::array<TaskKind, 16>& taskKinds() {
         {11, "Invert",     QT_TRANSLATE_NOOP("TaskKinds", "Invert"),             "invert",     QT_TRANSLATE_NOOP("TaskKinds", "Negative"),    QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Invert"),          steps::invert},
         {12, "Canvas",     QT_TRANSLATE_NOOP("TaskKinds", "Canvas"),             "canvas",     QT_TRANSLATE_NOOP("TaskKinds", "Canvas"),      QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Canvas"),          steps::canvas},
         {13, "Frame",      QT_TRANSLATE_NOOP("TaskKinds", "Frame"),              "frame",      QT_TRANSLATE_NOOP("TaskKinds", "Frame"),       QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Frame"),           steps::frame},
-        {14, "Mask",       QT_TRANSLATE_NOOP("TaskKinds", "Mask"),               "mask",       QT_TRANSLATE_NOOP("TaskKinds", "Mask"),        QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Mask"),            steps::missingArtwork},
-        {15, "Shadow",     QT_TRANSLATE_NOOP("TaskKinds", "Shadow"),             "shadow",     QT_TRANSLATE_NOOP("TaskKinds", "Shadow"),      QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Shadow"),          steps::missingArtwork},
+        {14, "Mask",       QT_TRANSLATE_NOOP("TaskKinds", "Mask"),               "mask",       QT_TRANSLATE_NOOP("TaskKinds", "Mask"),        QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Mask"),            steps::mask},
+        {15, "Shadow",     QT_TRANSLATE_NOOP("TaskKinds", "Shadow"),             "shadow",     QT_TRANSLATE_NOOP("TaskKinds", "Shadow"),      QT_TRANSLATE_NOOP("TaskKinds", "Task Option - Shadow"),          steps::shadow},
         {16, "RedEye",     QT_TRANSLATE_NOOP("TaskKinds", "Red-Eye Correction"), "",           "",                   QT_TRANSLATE_NOOP("TaskKinds", "Red-Eye Correction"),            nullptr},
     }};
     // clang-format on

@@ -29,4 +29,9 @@ std::vector<TaskRow> rowsToReplay(const ListView& list, const ListView& rows, co
 /// alignment. Orientation 1 is vertical.
 QPoint subTextPosition(quint8 orientation, int position, const ImageBox& box, const QString& text);
 
+/// Composes a border of the pieces of a frame (0 to 7) or a shadow (8 to 15), by the merge settings of `box`.
+/// The canvas grows by it when `resizeCanvas` is 1, else it covers the picture's edge. `corners` adds the
+/// strip ends of frame 4.
+void subPaintFrame(ImageBox& box, int number, int resizeCanvas, bool corners);
+
 } // namespace tarsel::modProcessTasks

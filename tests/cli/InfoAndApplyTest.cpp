@@ -209,7 +209,7 @@ TEST(TasksCommand, ShowsEachRowInWordsAndWhatARunWouldDoWithIt) {
             taskLine("8", "crop", {text("True"), text("1"), text("0"), text("0"), text("9"), text("x")}) +
             taskLine("99", "text", {}) +
             taskLine("9", "watermark", {text("False"), text("0"), text("2"), text("gone.png")}) +
-            taskLine("14", "mask", {text("False"), text("0"), text("0")}));
+            taskLine("14", "mask", {text("False"), text("0"), text("8")}));
     const ProgramRun run = folder.run("tasks a.tbf");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(
@@ -220,8 +220,8 @@ TEST(TasksCommand, ShowsEachRowInWordsAndWhatARunWouldDoWithIt) {
         "    3  text  [skipped: no task has the kind 99]\n"
         "    4  Watermark: transparent off, transparency 0, style tile, path \"gone.png\""
         "  [failed: the file \"gone.png\" is missing]\n"
-        "    5  Mask: transparent off, transparency 0, number 0"
-        "  [failed: Mask artwork is not part of this program yet]\n");
+        "    5  Mask: transparent off, transparency 0, number 8"
+        "  [failed: Subscript out of range: artwork 8 does not exist]\n");
     const QJsonObject row = folder.run("tasks --json a.tbf").objects().value(0);
     EXPECT_EQ(row.value(text("state")), text("ok"));
     EXPECT_EQ(valueOf(row, "parameters", "name", "degrees"), text("-45"));

@@ -189,7 +189,7 @@ TEST_F(House, EverySourceSaysItsLicence) {
     const QString root = QStringLiteral(TARSEL_ROOT "/");
     const QStringList scripts{QStringLiteral("CMakeLists.txt"), QStringLiteral("*.cmake"),
                               QStringLiteral("*.sh")};
-    for (const char* folder : {"src", "tests", "samples", "bench", "cmake"})
+    for (const char* folder : {"src", "tests", "samples", "artwork", "bench", "cmake"})
         for (const QString& path : filesBelow(root + QString::fromLatin1(folder), sourcePatterns + scripts)) {
             const bool permissive = path.startsWith(sources + QStringLiteral("/bytes/"));
             const QString line = QStringLiteral(" SPDX-License-Identifier: ") +

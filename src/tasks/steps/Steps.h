@@ -19,6 +19,9 @@ void text(ImageBox& box, const TaskRow& row);
 void invert(ImageBox& box, const TaskRow& row);
 void canvas(ImageBox& box, const TaskRow& row);
 void frame(ImageBox& box, const TaskRow& row);
-void missingArtwork(ImageBox& box, const TaskRow& row);
+void mask(ImageBox& box, const TaskRow& row);
+/// A preview fits the mask to every picture; a replay doesn't where one side has the mask's length already.
+void maskInPreview(ImageBox& box, const TaskRow& row);
+void shadow(ImageBox& box, const TaskRow& row);
 
 } // namespace tarsel::steps
