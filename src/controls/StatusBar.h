@@ -18,6 +18,7 @@ struct StatusPanel {
     QString toolTip;
     const char* icon; ///< name of a line icon; empty for none
     int stretch;      ///< share of the room
+    Qt::TextElideMode elide = Qt::ElideRight;
 };
 
 /// Shows the panels of a StatusLine, side by side in the order of the table.
