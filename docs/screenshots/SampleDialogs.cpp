@@ -40,12 +40,11 @@ std::unique_ptr<QDialog> SampleDialogs::saveDialog(QWidget* owner) {
 
 std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {
     auto status = std::make_unique<frmStatus>(owner);
-    status->nameItems(
-        [this](int done) { return done < m_pages.count() ? m_pages.row(done).text : QString(); });
     status->pbQueue().start(std::max(3, m_pages.count()));
     status->pbQueue().setValue(2);
     return status;
 }
+    status->pbQueue().setSubject(m_pages.count() > 2 ? m_pages.row(2).text : QString());
 
 std::unique_ptr<QDialog> SampleDialogs::results(QWidget* owner) const {
     std::vector<RowResult> rows;
