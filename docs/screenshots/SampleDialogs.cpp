@@ -52,8 +52,8 @@ std::unique_ptr<QDialog> SampleDialogs::results(QWidget* owner) const {
         RowResult row;
         row.row = i + 1;
         row.source = m_pages.row(i).tag;
-        row.target =
-            m_record.BatchSave.DestinationFolder + QStringLiteral("/Summer_%1_.jpg").arg(m_pages.row(i).text);
+        row.target = m_record.BatchSave.DestinationFolder.trimmed() +
+                     QStringLiteral("/Summer_%1_.jpg").arg(m_pages.row(i).text);
         row.state = RowState::Written;
         rows.push_back(row);
     }
