@@ -7,6 +7,7 @@
 #include "base/SafeFileWriter.h"
 #include "base/Translation.h"
 #include "configuration/ProgramFolder.h"
+#include "controls/IndicatorStyle.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -34,6 +35,7 @@ int main(int argc, char** argv) {
     // No display name: X11 would append it to the title of every window.
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
     installTranslation();
+    installIndicatorStyle();
 
     QtDesktop desktop;
     QString programFolder;
