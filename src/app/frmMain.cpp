@@ -11,6 +11,7 @@
 #include "collections/CachedThumbnails.h"
 #include "collections/OfferedFiles.h"
 #include "collections/forms/BasketPane.h"
+#include "collections/RowRun.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/CancelAddingButton.h"
 #include "collections/forms/FolderPane.h"
@@ -41,7 +42,7 @@ frmMain::frmMain(StartupOptions options) :
     m_basket(m_workspace.lists(*pbQueue), {}),
     m_preview({m_workspace.lvFolder, m_workspace.lvPages, m_workspace.lvExif, m_workspace.lvIPTC,
                m_workspace.tasks, m_workspace.ibMain, m_workspace.sbMain}),
-    m_actions(mainActions(), mainActionsContext),
+    m_imageDocument(ConfigRecord.SaveAdvanced, this), m_actions(mainActions(), mainActionsContext),
     m_browsePane(new BrowsePane(m_workspace.tasks, m_actions, this)),
     m_folderPane(new FolderPane(m_folderView, m_workspace.lvFolder, m_actions, this)),
     m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
@@ -289,7 +290,17 @@ void frmMain::saveImageDocument() {
     ImageBox box = ibMain;
     if (m_preview.upright)
         declareUpright(box);
-    m_imageDocument.ShowSaveDialog(std::move(box), m_preview.shownPath());
+    m_imageDocument.ShowSaveDialog(std::move(box), shownDocument());
+}
+
+/// A page is saved next to its document; its own file is hidden from the user.
+QString frmMain::shownDocument() const {
+    const ListView& pages = m_workspace.lvPages;
+    const QString path = m_preview.shownPath();
+    for (int row = 0; row < pages.count(); ++row)
+        if (pages.row(row).tag == path)
+            return shownSource(pages.row(row));
+    return path;
 }
 
 /// Preview and folder show what a batch would write now.

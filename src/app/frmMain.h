@@ -108,6 +108,7 @@ private:
     void updateZoom();
 
     // Form_Unload
+    QString shownDocument() const;
     void subEnd();
     void storePositions();
     void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
