@@ -9,9 +9,10 @@
 #include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
 #include "collections/CachedThumbnails.h"
+#include "collections/LastBasket.h"
 #include "collections/OfferedFiles.h"
-#include "collections/forms/BasketPane.h"
 #include "collections/RowRun.h"
+#include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/CancelAddingButton.h"
 #include "collections/forms/FolderPane.h"
@@ -101,6 +102,7 @@ void frmMain::arrangePanes() {
         m_folderView.lendBar(adding);
         cmdCancelAdding->setAdding(adding);
         m_basketPane->setAdding(adding);
+        showHistory();
     };
     setStatusBar(statusBar);
 }
@@ -134,10 +136,10 @@ void frmMain::connectBasketPane() {
             [this] { removeFromBasket(&Basket::cmdPagesDelete); });
     connect(m_basketPane, &BasketPane::described, this,
             [this](int row, const QString& text) { m_basket.describe(row, text); });
-    connect(m_basketPane, &BasketPane::mnuUndo, this, [this] { m_basket.undo(); });
+    connect(m_basketPane, &BasketPane::mnuUndo, this, &frmMain::undo);
     connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { m_basket.redo(); });
-    m_basket.history().changed = [this] { m_basketPane->showHistory(m_basket.history()); };
-    m_basket.history().changed();
+    m_basket.history().changed = [this] { showHistory(); };
+    showHistory();
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
         CollectionLists shared = m_workspace.lists(*pbQueue);
         basketActions::cmdPagesOpen(m_basket, shared);
@@ -241,6 +243,20 @@ void frmMain::removeFromBasket(void (Basket::*remove)()) {
         m_preview.leaveFolder();
 }
 
+void frmMain::showHistory() {
+    const bool isFirst = m_workspace.lvPages.isEmpty() && !m_basket.history().undoable();
+    m_basketPane->showHistory(m_basket.history(), isFirst && lastBasket::isKept(m_options.programFolder));
+}
+
+/// Before the first step the end of the last session can be undone, which emptied the basket.
+void frmMain::undo() {
+    if (m_basket.history().undoable())
+        return m_basket.undo();
+    CollectionLists shared = m_workspace.lists(*pbQueue);
+    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder))
+        SetStatus(tr("The basket of the last session could not be read"));
+}
+
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
     const QString path = localPath(files.value(0));
@@ -332,6 +348,7 @@ void frmMain::subSaveAsSinglePage() {
         return;
     }
     const QScopedValueRollback running(m_batchRunning, true);
+    m_endsAtOnce = false;
     setRunning(true);
     const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
         {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
@@ -341,7 +358,7 @@ void frmMain::subSaveAsSinglePage() {
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));
-    announceRunEnd(*this, tr("The pictures are saved"), resultSummary(results));
+    announceRunEnd(*this, tr("The batch has ended"), resultSummary(results));
     (new frmBatchResults(results, this))->show();
 }
 

@@ -51,10 +51,9 @@ int main(int argc, char** argv) {
     QObject::connect(
         &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     const TerminationSignals termination;
-    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &QWidget::close);
-    // The session may yet go on: settings are stored here, the window is closed when the session ends.
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &frmMain::endAtOnce);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                     [&window] { window.storeSettings(); });
+                     [&window] { window.prepareSessionEnd(); });
     window.show();
     return QApplication::exec();
 }
