@@ -8,6 +8,7 @@
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
 #include "output/forms/frmBatchResults.h"
+#include "output/forms/frmJpegQuality.h"
 #include "output/forms/frmSaveSinglePage.h"
 
 #include <utility>
@@ -29,6 +30,7 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(progress(owner));
     dialogs.push_back(results(owner));
     dialogs.push_back(errorReport(owner));
+    dialogs.push_back(std::make_unique<frmJpegQuality>(m_record.SaveAdvanced, owner));
     if (!m_pages.isEmpty())
         dialogs.push_back(std::make_unique<frmAlbumDescription>(m_pages, 0, owner));
     return dialogs;
@@ -40,10 +42,9 @@ std::unique_ptr<QDialog> SampleDialogs::saveDialog(QWidget* owner) {
 
 std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {
     auto status = std::make_unique<frmStatus>(owner);
-    status->nameItems(
-        [this](int done) { return done < m_pages.count() ? m_pages.row(done).text : QString(); });
     status->pbQueue().start(std::max(3, m_pages.count()));
     status->pbQueue().setValue(2);
+    status->pbQueue().setSubject(m_pages.count() > 2 ? m_pages.row(2).text : QString());
     return status;
 }
 
@@ -53,8 +54,8 @@ std::unique_ptr<QDialog> SampleDialogs::results(QWidget* owner) const {
         RowResult row;
         row.row = i + 1;
         row.source = m_pages.row(i).tag;
-        row.target =
-            m_record.BatchSave.DestinationFolder + QStringLiteral("/Summer_%1_.jpg").arg(m_pages.row(i).text);
+        row.target = m_record.BatchSave.DestinationFolder.trimmed() +
+                     QStringLiteral("/Summer_%1_.jpg").arg(m_pages.row(i).text);
         row.state = RowState::Written;
         rows.push_back(row);
     }

@@ -6,12 +6,12 @@
 #include "base/ProgramIdentity.h"
 #include "collections/forms/FolderTree.h"
 #include "configuration/ConfigFile.h"
+#include "controls/IndicatorStyle.h"
 #include "controls/ListControl.h"
 #include "docs/screenshots/SampleDialogs.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <cstdio>
@@ -82,7 +82,7 @@ void saveDialogs(frmMain& window, const QString& prefix) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new IndicatorStyle);
     QStringList operands = QApplication::arguments().mid(1);
     if (operands.removeAll(QStringLiteral("--dark")) > 0)
         QApplication::setPalette(darkPalette());

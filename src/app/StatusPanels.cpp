@@ -15,7 +15,7 @@ std::vector<StatusPanel> statusPanels() {
         {"resolution", {}, TEXT("Width, Height, Depth, Type of the previewed image"), "", 0},
         {"queue", {}, TEXT("Total number of files in the image basket"), "basket", 0},
         {"metadata", {}, TEXT("Metadata type present in the previewed image"), "metadata", 0},
-        {"folder", {}, TEXT("Path of the current working folder"), "folder", 1, true},
+        {"folder", {}, TEXT("Path of the current working folder"), "folder", 1, true, Qt::ElideMiddle},
         {"status", {}, TEXT("zoom factor of the current image"), "", 0},
     };
 #undef TEXT

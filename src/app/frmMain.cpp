@@ -10,7 +10,9 @@
 #include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
 #include "collections/CachedThumbnails.h"
+#include "collections/LastBasket.h"
 #include "collections/OfferedFiles.h"
+#include "collections/RowRun.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/CancelAddingButton.h"
@@ -42,7 +44,7 @@ frmMain::frmMain(StartupOptions options) :
     m_basket(m_workspace.lists(*pbQueue), {}),
     m_preview({m_workspace.lvFolder, m_workspace.lvPages, m_workspace.lvExif, m_workspace.lvIPTC,
                m_workspace.tasks, m_workspace.ibMain, m_workspace.sbMain}),
-    m_actions(mainActions(), mainActionsContext),
+    m_imageDocument(ConfigRecord.SaveAdvanced, this), m_actions(mainActions(), mainActionsContext),
     m_browsePane(new BrowsePane(m_workspace.tasks, m_actions, this)),
     m_folderPane(new FolderPane(m_folderView, m_workspace.lvFolder, m_actions, this)),
     m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
@@ -104,6 +106,7 @@ void frmMain::arrangePanes() {
         m_folderView.lendBar(adding);
         cmdCancelAdding->setAdding(adding);
         m_basketPane->setAdding(adding);
+        showHistory();
     };
     setStatusBar(statusBar);
 }
@@ -137,10 +140,10 @@ void frmMain::connectBasketPane() {
             [this] { changeBasket(&Basket::cmdPagesDelete); });
     connect(m_basketPane, &BasketPane::described, this,
             [this](int row, const QString& text) { m_basket.describe(row, text); });
-    connect(m_basketPane, &BasketPane::mnuUndo, this, [this] { changeBasket(&Basket::undo); });
+    connect(m_basketPane, &BasketPane::mnuUndo, this, &frmMain::undo);
     connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { changeBasket(&Basket::redo); });
-    m_basket.history().changed = [this] { m_basketPane->showHistory(m_basket.history()); };
-    m_basket.history().changed();
+    m_basket.history().changed = [this] { showHistory(); };
+    showHistory();
     connect(m_basketPane, &BasketPane::cmdPagesOpen, this, [this] {
         CollectionLists shared = m_workspace.lists(*pbQueue);
         basketActions::cmdPagesOpen(m_basket, shared);
@@ -248,6 +251,20 @@ void frmMain::changeBasket(void (Basket::*change)()) {
         m_preview.dropUnselected();
 }
 
+void frmMain::showHistory() {
+    const bool isFirst = m_workspace.lvPages.isEmpty() && !m_basket.history().undoable();
+    m_basketPane->showHistory(m_basket.history(), isFirst && lastBasket::isKept(m_options.programFolder));
+}
+
+/// Before the first step the end of the last session can be undone, which emptied the basket.
+void frmMain::undo() {
+    if (m_basket.history().undoable())
+        return changeBasket(&Basket::undo);
+    CollectionLists shared = m_workspace.lists(*pbQueue);
+    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder))
+        SetStatus(tr("The basket of the last session could not be read"));
+}
+
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
     const QString path = localPath(files.value(0));
@@ -297,7 +314,17 @@ void frmMain::saveImageDocument() {
     ImageBox box = ibMain;
     if (m_preview.upright)
         declareUpright(box);
-    m_imageDocument.ShowSaveDialog(std::move(box), m_preview.shownPath());
+    m_imageDocument.ShowSaveDialog(std::move(box), shownDocument());
+}
+
+/// A page is saved next to its document; its own file is hidden from the user.
+QString frmMain::shownDocument() const {
+    const ListView& pages = m_workspace.lvPages;
+    const QString path = m_preview.shownPath();
+    for (int row = 0; row < pages.count(); ++row)
+        if (pages.row(row).tag == path)
+            return shownSource(pages.row(row));
+    return path;
 }
 
 /// Preview and folder show what a batch would write now.
@@ -329,6 +356,7 @@ void frmMain::subSaveAsSinglePage() {
         return;
     }
     const QScopedValueRollback running(m_batchRunning, true);
+    m_endsAtOnce = false;
     setRunning(true);
     const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
         {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
@@ -338,7 +366,7 @@ void frmMain::subSaveAsSinglePage() {
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));
-    announceRunEnd(*this, tr("The pictures are saved"), resultSummary(results));
+    announceRunEnd(*this, tr("The batch has ended"), resultSummary(results));
     (new frmBatchResults(results, this))->show();
 }
 

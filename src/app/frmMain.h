@@ -53,13 +53,11 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
-    /// The batch save, from its dialog to the list of results.
-    void subSaveAsSinglePage();
-    void setRunning(bool running);
-    void takeUpright();
     void SetStatus(const QString& text);
-    /// Writes the settings as they are now, as at the end.
-    void storeSettings() { subEnd(); }
+    /// Writes the settings for a session that is about to end, which closes the window without a question.
+    void prepareSessionEnd();
+    /// Closes the window without a question.
+    void endAtOnce();
 
 Q_SIGNALS:
     /// The window has ended and everything is stored.
@@ -102,12 +100,20 @@ private:
     void showOfferedFile(const QList<QUrl>& files);
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
+    void showHistory();
+    void undo();
+    /// The batch save, from its dialog to the list of results.
+    void subSaveAsSinglePage();
+    void setRunning(bool running);
+    void takeUpright();
     void saveRowAs(int row);
     void saveImageDocument();
+    QString shownDocument() const;
     void showZoom();
     void updateZoom();
 
     // Form_Unload
+    void confirmEnd();
     void subEnd();
     void storePositions();
     void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
@@ -136,6 +142,8 @@ private:
     bool FirstShowing = true;
     bool m_batchRunning = false;
     bool m_loaded = false;
+    bool m_endsAtOnce = false; ///< without asking about a batch that runs
+    bool m_asksAboutEnd = false;
     ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;
     QString m_pathToSave; ///< its save dialog opens as soon as the preview shows it

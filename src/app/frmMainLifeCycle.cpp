@@ -5,6 +5,7 @@
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
+#include "collections/LastBasket.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
 #include "collections/forms/BasketPane.h"
@@ -26,6 +27,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
@@ -231,10 +233,39 @@ void frmMain::showFirstTime() {
 
 // --- Form_Unload
 
+/// The session may yet go on; then the next batch is asked about again.
+void frmMain::prepareSessionEnd() {
+    m_endsAtOnce = true;
+    subEnd();
+}
+
+void frmMain::endAtOnce() {
+    m_endsAtOnce = true;
+    close();
+}
+
+/// The question about a batch comes in an event of its own: a session that ends meanwhile can then close the
+/// window all the same.
 void frmMain::closeEvent(QCloseEvent* event) {
+    if (m_batchRunning && !m_endsAtOnce) {
+        event->ignore();
+        QMetaObject::invokeMethod(this, &frmMain::confirmEnd, Qt::QueuedConnection);
+        return;
+    }
     QMainWindow::closeEvent(event);
     if (std::exchange(m_loaded, false))
         Form_Unload();
+}
+
+void frmMain::confirmEnd() {
+    if (m_asksAboutEnd)
+        return;
+    const QScopedValueRollback asking(m_asksAboutEnd, true);
+    const MessageAnswer answer = service<Dialogs>().messageBox(
+        tr("A batch is running. Do you want to stop it and exit?\nFiles that are finished stay."),
+        MessageIcon::Question, MessageButtons::YesNo, ApplicationName);
+    if (answer == MessageAnswer::Yes)
+        endAtOnce();
 }
 
 void frmMain::Form_Unload() {
@@ -263,6 +294,7 @@ void frmMain::subEnd() {
         ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
         storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
+        ignoringErrors([this] { lastBasket::keep(m_workspace.lvPages, m_options.programFolder); });
     });
 }
 

@@ -106,7 +106,7 @@ void frmSettings::prepareThumbnailBox(QLineEdit* box) {
     new SelectOnEntering(box);
     connect(box, &QLineEdit::textChanged, box, [box](const QString& text) {
         if (text.isEmpty())
-            box->setText(QString::number(smallestThumbnail)); // the caret is behind it then
+            box->setText(QString::number(smallestThumbnail)); // with the caret at its end
     });
     connect(box, &QLineEdit::editingFinished, this, [this, box] { leaveThumbnailBox(box); });
 }

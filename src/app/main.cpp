@@ -7,6 +7,7 @@
 #include "base/SafeFileWriter.h"
 #include "base/Translation.h"
 #include "configuration/ProgramFolder.h"
+#include "controls/IndicatorStyle.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -34,6 +35,7 @@ int main(int argc, char** argv) {
     // No display name: X11 would append it to the title of every window.
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
     installTranslation();
+    installIndicatorStyle();
 
     QtDesktop desktop;
     QString programFolder;
@@ -49,10 +51,9 @@ int main(int argc, char** argv) {
     QObject::connect(
         &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     const TerminationSignals termination;
-    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &QWidget::close);
-    // The session may yet go on: settings are stored here, the window is closed when the session ends.
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &frmMain::endAtOnce);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                     [&window] { window.storeSettings(); });
+                     [&window] { window.prepareSessionEnd(); });
     window.show();
     return QApplication::exec();
 }

@@ -34,10 +34,15 @@ void RowLoop::run() {
                     .upright = m_run.upright,
                     .pageNumber = m_box.PageNumber,
                     .stop = m_run.stop});
-    while (m_next <= m_last && !isCancelled()) {
+    for (nameNext(); m_next <= m_last && !isCancelled(); nameNext()) {
         work(ahead);
         m_progress.setValue(m_next - m_first);
     }
+}
+
+void RowLoop::nameNext() {
+    if (m_next <= m_run.lastThere())
+        m_progress.setSubject(m_run.rows.row(m_next - 1).text);
 }
 
 bool RowLoop::isCancelled() {

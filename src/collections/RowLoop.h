@@ -24,6 +24,7 @@ public:
     void finish();
 
 private:
+    void nameNext();
     bool isCancelled();
     void work(RowAhead& ahead);
     void record(RowResult result);

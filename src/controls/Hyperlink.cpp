@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
+#include <algorithm>
 #include <cmath>
 
 namespace tarsel {
@@ -130,6 +131,11 @@ QSize Hyperlink::sizeHint() const {
     return text + QSize(caretWidth() + 6, 4);
 }
 
+QSize Hyperlink::minimumSizeHint() const {
+    const QSize full = sizeHint();
+    return {std::min(full.width(), caretWidth() + 12 * fontMetrics().averageCharWidth()), full.height()};
+}
+
 void Hyperlink::paintCaret(QPainter& painter) const {
     const double side = fontMetrics().height() / 4.0;
     QPainterPath caret(QPointF(4, height() / 2.0 - side));
@@ -145,8 +151,9 @@ void Hyperlink::paintEvent(QPaintEvent*) {
     underlined.setUnderline(true); // a link is known by more than its colour
     painter.setFont(underlined);
     painter.setPen(isEnabled() ? m_color : palette().color(QPalette::Disabled, QPalette::WindowText));
-    painter.drawText(rect().adjusted(caretWidth() + 3, 0, -3, 0),
-                     int(m_alignment | Qt::AlignVCenter) | Qt::TextShowMnemonic, text());
+    const QRect room = rect().adjusted(caretWidth() + 3, 0, -3, 0);
+    painter.drawText(room, int(m_alignment | Qt::AlignVCenter) | Qt::TextShowMnemonic,
+                     fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width(), Qt::TextShowMnemonic));
     if (m_showCarrot && m_over)
         paintCaret(painter);
     if (hasFocus())

@@ -12,7 +12,8 @@ namespace tarsel {
 QColor fadeStep(QColor current, QColor target, int divisor);
 
 /// A text that is pressed like a link: it fades to another colour under the pointer, and back a bit faster.
-/// Where the desktop asks for no animations the colour changes at once.
+/// Where the desktop asks for no animations the colour changes at once. A text that is too long for its room
+/// is shortened in the middle.
 class Hyperlink final : public QAbstractButton {
     Q_OBJECT
 public:
@@ -35,7 +36,7 @@ public:
     void DoMouseOutFade(bool wait);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void enterEvent(QEnterEvent* event) override;

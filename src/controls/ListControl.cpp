@@ -62,7 +62,7 @@ QItemSelection selectionOf(const ListView& list) {
 ListControl::ListControl(ListView& list, QWidget* parent) :
     QStackedWidget(parent), m_list(list), m_table(new DraggingView<QTreeView>(this)),
     m_thumbnails(new DraggingView<ThumbnailView>(this)), m_columns(new TableColumns(m_table)),
-    m_delegate(new RowDelegate(this)), m_hint(new QLabel(this)) {
+    m_tableRows(new RowDelegate(this)), m_thumbnailRows(new RowDelegate(this)), m_hint(new QLabel(this)) {
     setContentsMargins(focusFrame, focusFrame, focusFrame, focusFrame);
     // Before the views learn of it, which signal a selection that may be out of date.
     for (const auto coming :
@@ -117,8 +117,8 @@ ListControl::Form ListControl::form() const {
 void ListControl::setThumbnailSize(QSize size) {
     // Wide enough for a name of the usual length.
     const int width = std::max(size.width() + 22, fontMetrics().averageCharWidth() * 22);
-    m_delegate->cellSize = {width, size.height() + fontMetrics().height() + 18};
-    m_thumbnails->setSizes(size, m_delegate->cellSize);
+    m_thumbnailRows->cellSize = {width, size.height() + fontMetrics().height() + 18};
+    m_thumbnails->setSizes(size, m_thumbnailRows->cellSize);
 }
 
 QSize ListControl::thumbnailSize() const {
@@ -130,7 +130,7 @@ void ListControl::setTableIconSize(QSize size) {
 }
 
 void ListControl::setFullRowSelect(bool full) {
-    m_delegate->fullRow = full;
+    m_tableRows->fullRow = full;
     m_table->viewport()->update();
 }
 
@@ -230,7 +230,6 @@ void ListControl::prepareTable() {
     m_table->setUniformRowHeights(true);
     m_table->setAllColumnsShowFocus(true);
     m_table->setAlternatingRowColors(true);
-    m_table->setTextElideMode(Qt::ElideMiddle);
     QHeaderView* header = m_table->header();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(false);
@@ -246,7 +245,7 @@ void ListControl::showSorting() {
 }
 
 void ListControl::setPixmapMaker(std::function<QPixmap(const QVariant&)> maker) {
-    m_delegate->pixmapOf = std::move(maker);
+    m_tableRows->pixmapOf = m_thumbnailRows->pixmapOf = std::move(maker);
 }
 
 ListControl::RowRange ListControl::visibleRows() const {
@@ -262,7 +261,7 @@ ListControl::RowRange ListControl::visibleRows() const {
 
 void ListControl::prepare(QAbstractItemView* view) {
     view->setModel(&m_list);
-    view->setItemDelegate(m_delegate);
+    view->setItemDelegate(view == m_table ? m_tableRows : m_thumbnailRows);
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -400,7 +399,7 @@ ListControl* ListControl::sourceOf(QObject* dragSource) const {
 }
 
 void ListControl::setDropRow(int row) {
-    m_delegate->dropRow = row;
+    m_tableRows->dropRow = m_thumbnailRows->dropRow = row;
     view()->viewport()->update();
 }
 

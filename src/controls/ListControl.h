@@ -112,7 +112,8 @@ private:
     QTreeView* m_table;
     ThumbnailView* m_thumbnails;
     TableColumns* m_columns;
-    RowDelegate* m_delegate;
+    RowDelegate* m_tableRows; ///< one for each view: an editor belongs to one view
+    RowDelegate* m_thumbnailRows;
     QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
     QTimer m_typing; ///< runs until it comes to rest

@@ -9,7 +9,7 @@
 namespace tarsel {
 
 /// A bar of a window, fed by a loop. It counts in words, with the time left ("3 of 40, 0:05 left") after two
-/// seconds, and is out of sight between two loops. Its tool tip is the name of the file in work.
+/// seconds, and is out of sight between two loops. The name of the file in work is its tool tip.
 class ProgressBar final : public QProgressBar, public Progress {
     Q_OBJECT
 public:
@@ -19,6 +19,9 @@ public:
     void setValue(int value) override;
     void hide() override;
     void setSubject(const QString& fileName) override;
+
+Q_SIGNALS:
+    void subjectChanged(const QString& fileName); ///< empty at the end of a loop
 
 private:
     void showValue(int value);

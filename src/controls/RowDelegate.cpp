@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDir>
 #include <QHash>
 #include <QHelpEvent>
 #include <QPainter>
@@ -129,6 +130,7 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     option->text = onOneLine(option->text);
+    option->textElideMode = QDir::isAbsolutePath(option->text) ? Qt::ElideMiddle : Qt::ElideRight;
     if (index.column() > 0 && !fullRow)
         option->state &= ~QStyle::State_Selected;
     if (index.column() > 0 || setPicture(*option, index.data(Qt::DecorationRole)))

@@ -32,7 +32,7 @@ void StatusBar::addPanel(const StatusPanel& panel) {
     row->setSpacing(4);
     if (*panel.icon)
         row->addWidget(new LineIconLabel(lineIcon(QLatin1String(panel.icon)), holder));
-    auto* label = new ElidedLabel(holder);
+    auto* label = new ElidedLabel(holder, panel.elide);
     label->setObjectName(QStringLiteral("sbMain_") + QLatin1String(panel.key));
     // Without a name of its own the label's text is spoken.
     label->setAccessibleDescription(panel.toolTip);

@@ -20,6 +20,7 @@ struct StatusPanel {
     const char* icon;    ///< name of a line icon; empty for none
     int stretch;         ///< share of the room
     bool yields = false; ///< its text is cut where there is little room; the others keep theirs
+    Qt::TextElideMode elide = Qt::ElideRight;
 };
 
 /// Shows the panels of a StatusLine, side by side in the order of the table.

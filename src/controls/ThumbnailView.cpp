@@ -13,7 +13,6 @@ ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setSelectionRectVisible(true);
     setWordWrap(false);
-    setTextElideMode(Qt::ElideMiddle);
     setSpacing(4);
 }
 

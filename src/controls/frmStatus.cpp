@@ -13,7 +13,7 @@ frmStatus::frmStatus(QWidget* owner) : QDialog(owner), m_ui(std::make_unique<Ui:
     m_waiting = m_ui->lblStatus->text();
     setWindowTitle(ApplicationName);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmStatus::cancel);
-    connect(m_ui->pbQueue, &QProgressBar::valueChanged, this, &frmStatus::showItem);
+    connect(m_ui->pbQueue, &ProgressBar::subjectChanged, m_ui->lblItem, &QLabel::setText);
     fitToText(*this, 70);
 }
 
@@ -41,10 +41,6 @@ void frmStatus::cancel() {
     service<EventLoop>().yield();
     m_ui->lblStatus->setText(tr("Please wait...... cancelling operaration"));
     CancelRequested = true;
-}
-
-void frmStatus::showItem(int done) {
-    m_ui->lblItem->setText(m_nameOf && done < m_ui->pbQueue->maximum() ? m_nameOf(done) : QString());
 }
 
 } // namespace tarsel

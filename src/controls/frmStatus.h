@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 
 namespace tarsel {
@@ -13,8 +12,9 @@ class frmStatus;
 
 class ProgressBar;
 
-/// The modeless progress dialog of batch loops. Its Cancel raises CancelRequested, which the loop tests
-/// after each item; the window stays until the loop's owner calls finish.
+/// The modeless progress dialog of batch loops, with the name of the file in work above the bar. Its Cancel
+/// raises CancelRequested, which the loop tests after each item; the window stays until the loop's owner
+/// calls finish.
 class frmStatus final : public QDialog {
     Q_OBJECT
 public:
@@ -24,8 +24,6 @@ public:
     frmStatus& operator=(const frmStatus&) = delete;
 
     ProgressBar& pbQueue();
-    /// How the item is called that follows the first `done` ones; without it none is named.
-    void nameItems(std::function<QString(int done)> nameOf) { m_nameOf = std::move(nameOf); }
     /// Opens with the waiting text and takes back an earlier run's cancel.
     void begin();
     void finish();
@@ -35,11 +33,9 @@ protected:
 
 private:
     void cancel();
-    void showItem(int done);
 
     std::unique_ptr<Ui::frmStatus> m_ui;
     QString m_waiting; ///< the text of the form
-    std::function<QString(int)> m_nameOf;
 };
 
 } // namespace tarsel

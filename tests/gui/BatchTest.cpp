@@ -20,7 +20,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 
@@ -116,7 +118,7 @@ TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
     EXPECT_EQ(written(), 4);
 }
 
-TEST_F(Batch, CancelAndCloseInTheMiddleKeepTheFilesMadeSoFar) {
+TEST_F(Batch, CancelAndCloseInTheMiddleAskAndKeepTheFilesMadeSoFar) {
     QDir().mkpath(out());
     startWithBasket(12);
     answerDialog("Trip");
@@ -137,12 +139,21 @@ TEST_F(Batch, CancelAndCloseInTheMiddleKeepTheFilesMadeSoFar) {
     EXPECT_LT(written(), 12);
     EXPECT_FALSE(CancelRequested) << "the next run must not be cancelled too";
 
-    const int before = written();
-    answerDialog("Next");
-    when([&] { return written() >= before + 2; }, [&] { window().close(); });
-    chooseBatchMode();
-    EXPECT_FALSE(window().isVisible());
-    EXPECT_LT(written(), before + 12);
+    for (const auto button : {QMessageBox::No, QMessageBox::Yes}) {
+        const bool goesOn = button == QMessageBox::No;
+        const int before = written();
+        answerDialog(goesOn ? "Next" : "Last");
+        when([&] { return written() >= before + 2; },
+             [&] {
+                 window().close();
+                 script.on("messageBox", [button](QWidget& box) {
+                     qobject_cast<QMessageBox*>(&box)->button(button)->click();
+                 });
+             });
+        chooseBatchMode();
+        EXPECT_EQ(window().isVisible(), goesOn);
+        EXPECT_EQ(written() == before + 12, goesOn);
+    }
     completePictures();
     loadConfiguration(programFolder());
     EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0) << "stored by the end in the middle of the run";

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/Hyperlink.h"
+#include "controls/IndicatorStyle.h"
 #include "controls/Splitter.h"
 
 #include <QAccessible>
+#include <QCheckBox>
+#include <QRadioButton>
 #include <QRubberBand>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -37,6 +40,24 @@ TEST(Splitters, ResizeThePanesWhenTheBarIsReleasedAndMoveByKeysWithinTheirBounds
     QTest::keyClick(bar, Qt::Key_End);
     EXPECT_EQ(left->width(), 200) << "equal bounds fix the bar";
     EXPECT_EQ(QAccessible::queryAccessibleInterface(bar)->role(), QAccessible::Splitter);
+}
+
+TEST(IndicatorStyles, MakeTheBoxThatIsOffSeenInTheLightAndInTheDark) {
+    for (const QColor& window : {QColor(239, 239, 239), QColor(62, 66, 70)}) {
+        IndicatorStyle style;
+        QCheckBox box;
+        QRadioButton option;
+        for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{&box, &option}) {
+            button->setStyle(&style);
+            button->setPalette(window);
+            const QImage image = button->grab().toImage();
+            int contrast = 0;
+            for (int x = 0; x < image.width(); ++x)
+                contrast = std::max(
+                    contrast, std::abs(qGray(image.pixel(x, image.height() / 2)) - qGray(window.rgb())));
+            EXPECT_GT(contrast, 90) << button->metaObject()->className();
+        }
+    }
 }
 
 TEST(Hyperlinks, FadeByASeventhInAndAQuarterOutAndAreLinksForKeysAndScreenReaders) {

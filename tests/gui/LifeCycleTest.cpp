@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
@@ -38,8 +39,8 @@ TEST_F(LifeCycle, TheFirstStartShowsItsTextsListsTheSamplesAndWritesTheRecord) {
     EXPECT_TRUE(waitFor([] { return QFile(ConfigPath).size() > 1000; }));
 }
 
-TEST_F(LifeCycle, SettingsSurviveARestartAndAZeroLengthRecordStillShowsPictures) {
-    startListing(2);
+TEST_F(LifeCycle, SettingsAndTheBasketSurviveARestartAndAZeroLengthRecordStillShowsPictures) {
+    startWithBasket(2);
     child<Splitter>(window(), "splLeft").setSplitterPosition(35);
     child<ListControl>(window(), "lvFolder").setColumnWidth(3, 77);
     click(window(), "cmdDetailFolder");
@@ -50,6 +51,10 @@ TEST_F(LifeCycle, SettingsSurviveARestartAndAZeroLengthRecordStillShowsPictures)
     EXPECT_EQ(child<Splitter>(window(), "splLeft").SplitterPosition(), 35);
     EXPECT_EQ(child<ListControl>(window(), "lvFolder").columnWidth(3), 77);
     EXPECT_EQ(child<ListControl>(window(), "lvFolder").form(), ListControl::Form::Details);
+    EXPECT_EQ(basket().count(), 0);
+    QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
+    const QAction& undo = *child<QMenu>(window(), "mnuContext").actions().at(5);
+    EXPECT_TRUE(waitFor([&] { return texts(basket()) == "photo01.jpg photo02.jpg" && !undo.isEnabled(); }));
     const QString configuration = ConfigPath;
     close();
     writeFileSafely(configuration, {});

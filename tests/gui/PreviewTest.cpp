@@ -13,9 +13,10 @@
 
 #include <QAction>
 #include <QColorSpace>
-#include <QFile>
+#include <QFileInfo>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -230,6 +231,10 @@ TEST_F(PreviewOfPictures, IsSavedInEachFormatButNeverOverMoreThanItShows) {
         choose("mnuPreviewSaveImage");
         return waitFor([&] { return !scripted.messages.empty() || panel("status").starts_with("Saved"); });
     };
+    script.on("frmJpegQuality", [](QWidget& dialog) {
+        child<QSlider>(dialog, "sldJPGQuality").setValue(5);
+        click(dialog, "cmdSave");
+    });
     for (const SaveFormat& format : saveFormats()) {
         const QString target = path("out.") + QLatin1String(format.extension);
         window().SetStatus({});
@@ -238,6 +243,9 @@ TEST_F(PreviewOfPictures, IsSavedInEachFormatButNeverOverMoreThanItShows) {
         EXPECT_TRUE(QFile::exists(target)) << format.name;
         EXPECT_TRUE(format.name == std::string("PDF") || loaded(target).Width() == 640) << format.name;
     }
+    EXPECT_EQ(scripted.fileDialogs[0].initialPath, picture("a-1")) << "not the source itself";
+    EXPECT_EQ(ConfigRecord.SaveAdvanced.JpgQuality, 5) << "asked for and remembered";
+    EXPECT_LT(QFileInfo(path("out.jpg")).size(), QFileInfo(picture("a.jpg")).size());
     window().SetStatus({});
     ASSERT_TRUE(saveAs(path("named"), 5));
     EXPECT_EQ(PictureFile(path("named.png")).formatName().toStdString(), "PNG") << "the filter's format";

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ListView.h"
 #include "base/SafeFileWriter.h"
+#include "configuration/ConfigFile.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"
 #include "output/Naming.h"
@@ -20,7 +21,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QSlider>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTranslator>
@@ -256,8 +260,11 @@ TEST_F(SaveDialog, ExitAndEscapeKeepTheOptionsClickedAndNothingElse) {
 }
 
 TEST_F(SaveDialog, EnterSavesAndTheFolderIsStoredWithASeparatorUnlessItIsADriveRoot) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"/home/pics", "/home/pics/"}, {"/home/pics/", "/home/pics//"}, {"C:\\", "C:\\"}, {"/", "//"}};
+    const std::pair<const char*, const char*> cases[] = {{"/home/pics", "/home/pics/"},
+                                                         {"/home/pics/", "/home/pics//"},
+                                                         {"C:\\", "C:\\"},
+                                                         {"/", "//"},
+                                                         {"/ab", "/ab/"}};
     for (const auto& [typed, stored] : cases) {
         settings.Confirmed = 0;
         open();
@@ -316,6 +323,27 @@ TEST_F(SaveDialog, ShowsTheNamesAndTheirClashesBeforeSave) {
     }));
     EXPECT_EQ(preview->names().row(2).text.toStdString(), "Sample3.jpg");
     EXPECT_EQ(settings.RenameGeneric.toStdString(), "Sample") << "looking changes nothing";
+}
+
+TEST_F(SaveDialog, AFreshRecordOffersThePicturesFolderAndTheSourcesOwnFolderIsPointedOut) {
+    const QTemporaryDir home;
+    const QScopedValueRollback configuration(ConfigPath, home.filePath(QStringLiteral("program/settings")));
+    const auto restore = qScopeGuard([usual = qgetenv("HOME")] { qputenv("HOME", usual); });
+    qputenv("HOME", home.path().toUtf8());
+    settings.DestinationFolder = home.filePath(QStringLiteral("program/"));
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    for (const QString& offered : {home.path(), pictures}) {
+        open();
+        EXPECT_EQ(valueOf("txtDestinationFolder"), offered.toStdString());
+        QDir().mkpath(pictures);
+    }
+    addRow(qPrintable(home.filePath(QStringLiteral("sea.jpg"))));
+    for (const bool same : {true, false}) {
+        settings.DestinationFolder = same ? home.path() : QDir::tempPath();
+        open();
+        finishedPreview();
+        EXPECT_EQ(control<QWidget>("lblSameFolder").isVisible(), same);
+    }
 }
 
 TEST_F(SaveDialog, AMissingFolderIsReportedBeforeSaveAndCreatedOnRequest) {
@@ -418,6 +446,8 @@ TEST(BatchResults, ShowProblemsFirstAndCanBeCopiedSavedAndOpened) {
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
               "failed\t/s4\t/t4\tno picture\nwritten\t/s3\t/t3\tdamaged\n"
               "skipped\t/s2\t/t2\texists\nwritten\t/s1\t/t1\t");
+    QTest::keyClick(&child<QAbstractButton>(*results, "lnkFolder"), Qt::Key_Return);
+    EXPECT_EQ(desktop.opened, QStringList(QStringLiteral("/")));
     desktop.opens = false;
     click(*results, "cmdOpenFolder");
     ASSERT_EQ(desktop.messages.size(), 1u) << "a folder that doesn't open is no silence";
@@ -429,7 +459,7 @@ TEST(BatchResults, ShowProblemsFirstAndCanBeCopiedSavedAndOpened) {
         rows.list().selectOnly(row);
         QTest::keyClick(results->focusWidget(), Qt::Key_Return);
     }
-    EXPECT_EQ(desktop.opened.mid(1).join(QLatin1Char(' ')).toStdString(), "/s4 /t3")
+    EXPECT_EQ(desktop.opened.mid(2).join(QLatin1Char(' ')).toStdString(), "/s4 /t3")
         << "the source of a failed row, the target of a written one";
     const QTemporaryDir home;
     desktop.fileChoices = {FileDialogChoice{home.filePath(QStringLiteral("list")), 1}};

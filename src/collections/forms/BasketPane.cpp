@@ -27,7 +27,6 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
     m_list->setUsualText(BasketColumn::SourcePath, QStringLiteral("/home/name/Pictures/picture.jpg"));
     m_list->acceptRowsOf(m_list);
     m_list->acceptFiles();
-    m_list->setHint(tr("Select pictures above and press \"Add to basket\", or drag them here."));
     layOutPane(this, makeBar(), m_list);
     connectList();
     connectActions();
@@ -42,7 +41,7 @@ void BasketPane::setRunning(bool running) {
     enableHistory();
 }
 
-void BasketPane::showHistory(const BasketHistory& history) {
+void BasketPane::showHistory(const BasketHistory& history, bool offersLastSession) {
     struct Texts {
         QString undo, redo;
     };
@@ -67,10 +66,18 @@ void BasketPane::showHistory(const BasketHistory& history) {
         return {};
     };
     const auto undoable = history.undoable(), redoable = history.redoable();
-    m_canUndo = undoable.has_value();
+    m_canUndo = undoable || offersLastSession;
     m_canRedo = redoable.has_value();
-    m_actions.action("mnuUndo").setText(undoable ? textsOf(*undoable).undo : tr("&Undo"));
+    m_actions.action("mnuUndo").setText(undoable            ? textsOf(*undoable).undo
+                                        : offersLastSession ? tr("&Undo the end of the last session")
+                                                            : tr("&Undo"));
     m_actions.action("mnuRedo").setText(redoable ? textsOf(*redoable).redo : tr("Red&o"));
+    QString hint = tr("Select pictures above and press \"Add to basket\", or drag them here.");
+    if (offersLastSession)
+        hint += QLatin1Char('\n') +
+                tr("%1 brings back the basket of the last session.")
+                    .arg(m_actions.action("mnuUndo").shortcut().toString(QKeySequence::NativeText));
+    m_list->setHint(hint);
     enableHistory();
 }
 

@@ -24,8 +24,9 @@ public:
     void setRunning(bool running);
     /// While files are being added, the rows are not yet those of the basket: it can't be opened or saved.
     void setAdding(bool adding);
-    /// Offers to undo and to do again what the history holds, by name.
-    void showHistory(const BasketHistory& history);
+    /// Offers to undo and to do again what the history holds, by name. Where there is nothing to undo yet,
+    /// the basket of the last session may be offered.
+    void showHistory(const BasketHistory& history, bool offersLastSession);
 
 Q_SIGNALS:
     void cmdPagesNew();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/forms/DestinationNotice.h"
 
+#include "base/FileIdentity.h"
 #include "controls/ElidedLabel.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
+#include <QSet>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -14,9 +16,14 @@
 namespace tarsel {
 
 DestinationNotice::DestinationNotice(QWidget* parent) :
-    QWidget(parent), m_destination(new ElidedLabel(this)), m_problem(new QLabel(this)),
-    m_create(new QPushButton(tr("Create the fol&der"), this)) {
+    QWidget(parent), m_destination(new ElidedLabel(this, Qt::ElideMiddle)), m_holdsSources(new QLabel(this)),
+    m_problem(new QLabel(this)), m_create(new QPushButton(tr("Create the fol&der"), this)) {
     m_destination->setObjectName(QStringLiteral("lblNamesFolder"));
+    m_holdsSources->setObjectName(QStringLiteral("lblSameFolder"));
+    m_holdsSources->setWordWrap(true);
+    QFont bold = font();
+    bold.setBold(true);
+    m_holdsSources->setFont(bold);
     m_problem->setObjectName(QStringLiteral("lblNamesFolderProblem"));
     m_problem->setWordWrap(true);
     m_problem->setTextFormat(Qt::PlainText);
@@ -28,12 +35,13 @@ DestinationNotice::DestinationNotice(QWidget* parent) :
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_destination);
+    column->addWidget(m_holdsSources);
     column->addWidget(m_problem);
     column->addWidget(m_create, 0, Qt::AlignLeft);
     show({});
 }
 
-void DestinationNotice::show(const QStringList& folders) {
+void DestinationNotice::show(const QStringList& folders, const QStringList& sourceFolders) {
     m_folders = folders;
     m_destination->setVisible(!folders.isEmpty());
     if (folders.size() == 1)
@@ -41,7 +49,20 @@ void DestinationNotice::show(const QStringList& folders) {
     else
         m_destination->setText(tr("Files will be saved to %n folders", nullptr, int(folders.size())));
     m_destination->setToolTip(folders.join(QLatin1Char('\n')));
+    showSharedFolders(sourceFolders);
     showProblem();
+}
+
+void DestinationNotice::showSharedFolders(const QStringList& sourceFolders) {
+    QSet<FileIdentity> sources;
+    for (const QString& folder : sourceFolders)
+        sources << FileIdentity::of(folder);
+    const bool shared = std::any_of(m_folders.begin(), m_folders.end(), [&](const QString& folder) {
+        return QFileInfo::exists(folder) && sources.contains(FileIdentity::of(folder));
+    });
+    m_holdsSources->setVisible(shared);
+    m_holdsSources->setText(m_folders.size() == 1 ? tr("The sources are in the same folder.")
+                                                  : tr("Some of these folders are those of the sources."));
 }
 
 void DestinationNotice::showProblem() {

@@ -8,8 +8,11 @@
 #include "base/SaveFileDialog.h"
 #include "imaging/SaveFormats.h"
 #include "output/SourceGuard.h"
+#include "output/forms/frmJpegQuality.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -29,6 +32,28 @@ QString filterOfAll() {
     for (const SaveFormat* format : offeredFormats())
         filters << QLatin1String(format->filter);
     return filters.join(QLatin1Char('|'));
+}
+
+/// "photo-1" for "photo.png": the first name that no picture next to the source has, in any format.
+QString unusedName(const QFileInfo& source) {
+    const QDir folder = source.dir();
+    const auto isUsed = [&](const QString& name) {
+        return std::ranges::any_of(saveFormats(), [&](const SaveFormat& format) {
+            return folder.exists(name + QLatin1Char('.') + QLatin1String(format.extension));
+        });
+    };
+    QString name = source.completeBaseName();
+    for (int number = 1; name == source.completeBaseName() || isUsed(name); ++number)
+        name = QStringLiteral("%1-%2").arg(source.completeBaseName()).arg(number);
+    return folder.filePath(name);
+}
+
+const SaveFormat& formatOf(const QString& target) {
+    return *findSaveFormat(QFileInfo(target).suffix());
+}
+
+bool isJpeg(const QString& target) {
+    return &formatOf(target) == findSaveFormat(QStringLiteral("jpg"));
 }
 
 /// An extension that names a format is kept; without one, that of the chosen filter is added.
@@ -53,30 +78,35 @@ QString refusal(const ImageBox& box, const QString& source, const QString& targe
 
 } // namespace
 
-ImageDocument::ImageDocument(QObject* parent) : QObject(parent) {
+ImageDocument::ImageDocument(settings::SaveAdvanced& settings, QWidget* owner) :
+    m_settings(settings), m_owner(owner) {
     m_threads.setMaxThreadCount(1);
 }
 
 void ImageDocument::ShowSaveDialog(ImageBox box, const QString& source) {
     std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
         TrappingString = QStringLiteral("Saving the picture on show");
-        const QFileInfo file(source);
-        const auto choice = saveFileDialogFor(
-            {tr("Save image"), filterOfAll(), file.path() + QLatin1Char('/') + file.completeBaseName()},
-            completed);
+        const auto choice =
+            saveFileDialogFor({tr("Save image"), filterOfAll(), unusedName(QFileInfo(source))}, completed);
         if (!choice)
             return;
         const QString target = completed(choice->filterIndex, choice->path);
         if (const QString reason = refusal(box, source, target); !reason.isEmpty())
             service<Dialogs>().messageBox(reason, MessageIcon::Exclamation, MessageButtons::Ok,
                                           ApplicationName);
-        else
+        else if (!isJpeg(target) || takeQuality(box))
             start(std::move(box), target);
     });
 }
 
+bool ImageDocument::takeQuality(ImageBox& box) {
+    const bool chosen = frmJpegQuality(m_settings, m_owner).exec() == QDialog::Accepted;
+    box.JpegQuality = m_settings.JpgQuality;
+    return chosen;
+}
+
 void ImageDocument::start(ImageBox box, const QString& target) {
-    box.ColorFormat = findSaveFormat(QFileInfo(target).suffix())->colors.front().colorFormat;
+    box.ColorFormat = formatOf(target).colors.front().colorFormat;
     Q_EMIT progressed(tr("Saving %1").arg(target));
     m_threads.start([this, box = std::move(box), target]() mutable {
         const std::optional<TrappedError> failure = failureOf([&] { box.SaveToFile(target); });

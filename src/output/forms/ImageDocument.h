@@ -2,11 +2,14 @@
 #pragma once
 
 #include "base/TrappedError.h"
+#include "configuration/ConfigRecord.h"
 #include "imaging/ImageBox.h"
 
 #include <QObject>
 #include <QThreadPool>
 #include <optional>
+
+class QWidget;
 
 namespace tarsel {
 
@@ -15,19 +18,24 @@ namespace tarsel {
 class ImageDocument final : public QObject {
     Q_OBJECT
 public:
-    explicit ImageDocument(QObject* parent = nullptr);
+    /// `settings` has the quality of JPEG files, which the user is asked for. `owner` is the window over
+    /// which the dialogs open.
+    ImageDocument(settings::SaveAdvanced& settings, QWidget* owner);
 
-    /// Asks for the name. `source` is the file that the picture is from: it isn't replaced by less than it
-    /// holds. The box's colours follow the format, its other settings stay.
+    /// Asks for the name, offering one that no file has. `source` is the file that the picture is from: it
+    /// isn't replaced by less than it holds. The box's colours follow the format, its other settings stay.
     void ShowSaveDialog(ImageBox box, const QString& source);
 
 Q_SIGNALS:
     void progressed(const QString& text); ///< for the status line
 
 private:
+    bool takeQuality(ImageBox& box);
     void start(ImageBox box, const QString& target);
     void finish(const QString& target, const std::optional<TrappedError>& failure);
 
+    settings::SaveAdvanced& m_settings;
+    QWidget* m_owner;
     QThreadPool m_threads; ///< one: saves follow each other
 };
 

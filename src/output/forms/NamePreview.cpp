@@ -16,8 +16,15 @@
 namespace tarsel {
 
 namespace {
+
 constexpr std::chrono::milliseconds slice{10};
+
+void addOnce(QStringList& folders, const QString& folder) {
+    if (!folders.contains(folder))
+        folders << folder;
 }
+
+} // namespace
 
 NamePreview::NamePreview(const ListView& lvPages, const ListView& lvEditBatch, QWidget* parent) :
     QWidget(parent), m_pages(lvPages), m_tasks(lvEditBatch),
@@ -62,6 +69,7 @@ void NamePreview::show(const settings::BatchSave& settings) {
     m_settings = settings;
     m_names.clear();
     m_folders.clear();
+    m_sourceFolders.clear();
     m_counts = NameSummary(settings.Overwrite == 1);
     m_planner = std::make_unique<NamePlanner>(m_pages, m_tasks, settings);
     m_slice.start(0);
@@ -85,13 +93,14 @@ void NamePreview::addName(const PlannedName& planned) {
     const QString remark = clashText(planned, m_settings.Overwrite == 1);
     const QString document = m_pages.subItem(planned.row - 1, BasketColumn::SourcePath);
     const QFileInfo target(planned.target);
-    const QString folder = planned.target.isEmpty() ? QString() : QDir::cleanPath(target.path());
-    if (!folder.isEmpty() && !m_folders.contains(folder))
-        m_folders << folder;
+    const QFileInfo source(document.isEmpty() ? planned.source : document);
+    if (!planned.target.isEmpty())
+        addOnce(m_folders, QDir::cleanPath(target.path()));
+    addOnce(m_sourceFolders, source.path());
     ListRow row;
     row.text = target.fileName();
     row.tag = planned.target;
-    row.subItems = {QFileInfo(document.isEmpty() ? planned.source : document).fileName(), remark};
+    row.subItems = {source.fileName(), remark};
     if (!remark.isEmpty())
         row.iconKey = QStringLiteral("warning");
     m_names.add(row);
@@ -103,7 +112,10 @@ void NamePreview::showSummary() {
     else
         m_summary->setText(
             tr("Looking at name %1 of %2").arg(m_planner->planned()).arg(m_planner->rowCount()));
-    m_destination->show(m_planner->finished() || m_folders.size() == 1 ? m_folders : QStringList());
+    if (m_planner->finished() || m_folders.size() == 1)
+        m_destination->show(m_folders, m_sourceFolders);
+    else
+        m_destination->show({});
 }
 
 } // namespace tarsel

@@ -52,7 +52,8 @@ private:
     settings::BatchSave m_settings;
     std::unique_ptr<NamePlanner> m_planner;
     NameSummary m_counts;
-    QStringList m_folders; ///< of all names, each once
+    QStringList m_folders;       ///< of all names, each once
+    QStringList m_sourceFolders; ///< of the pictures and documents, each once
 };
 
 } // namespace tarsel

@@ -20,9 +20,6 @@ std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* ow
         if (!lists.settings.Confirmed)
             return;
         frmStatus status(owner);
-        status.nameItems([&lists](int done) {
-            return done < lists.lvPages.count() ? lists.lvPages.row(done).text : QString();
-        });
         status.begin();
         fncSaveSinglePage(lists.lvPages, lists.lvEditBatch, lists.ibTemp, status.pbQueue(), lists.settings,
                           {}, results);

@@ -13,6 +13,7 @@
 #include "output/forms/ui_frmBatchResults.h"
 
 #include <QAbstractItemView>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <algorithm>
@@ -81,11 +82,11 @@ frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget*
     m_ui->lblSummary->setText(resultSummary(results));
     ListControl* list = makeList();
     m_ui->layList->addWidget(list);
-    setTabOrder(m_ui->lblSummary, list->view());
+    setTabOrder(m_ui->lblSummary, m_ui->lnkFolder);
+    setTabOrder(m_ui->lnkFolder, list->view());
     setTabOrder(list->view(), m_ui->cmdOpenFolder);
-    m_ui->cmdOpenFolder->setEnabled(std::any_of(
-        results.begin(), results.end(), [](const RowResult& r) { return r.state == RowState::Written; }));
-    connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, &frmBatchResults::openFolder);
+    showFolders(results);
+    connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, [this] { openFolder(); });
     connect(m_ui->cmdCopyAll, &QPushButton::clicked, this, [this] { copyRows(m_rows, false); });
     connect(m_ui->cmdSaveText, &QPushButton::clicked, this, &frmBatchResults::saveText);
     connectList(*list);
@@ -107,6 +108,23 @@ void frmBatchResults::addRows(std::vector<RowResult> results) {
         row.iconKey = iconOf(severityOf(result));
         m_rows.add(row);
     }
+}
+
+void frmBatchResults::showFolders(const std::vector<RowResult>& results) {
+    QStringList folders;
+    for (const RowResult& result : results)
+        if (result.state == RowState::Written)
+            folders << QDir::cleanPath(QFileInfo(result.target).path());
+    folders.removeDuplicates();
+    m_ui->cmdOpenFolder->setEnabled(!folders.isEmpty());
+    m_ui->lnkFolder->setVisible(folders.size() == 1);
+    if (folders.size() != 1)
+        return;
+    const QString folder = folders.first();
+    m_ui->lnkFolder->setCaption(QString(folder).replace(QLatin1Char('&'), QLatin1String("&&")));
+    m_ui->lnkFolder->setAccessibleName(tr("Open the folder %1").arg(folder));
+    m_ui->lnkFolder->setToolTip(m_ui->lnkFolder->accessibleName().toHtmlEscaped());
+    connect(m_ui->lnkFolder, &Hyperlink::clicked, this, [this, folder] { openFolder(folder); });
 }
 
 ListControl* frmBatchResults::makeList() {
@@ -167,7 +185,11 @@ void frmBatchResults::openFile() {
 void frmBatchResults::openFolder() {
     const int row = usedRow();
     if (row >= 0)
-        open(QFileInfo(m_rows.row(row).tag).path(), tr("The folder %1 could not be opened."));
+        openFolder(QFileInfo(m_rows.row(row).tag).path());
+}
+
+void frmBatchResults::openFolder(const QString& folder) {
+    open(folder, tr("The folder %1 could not be opened."));
 }
 
 void frmBatchResults::saveText() {

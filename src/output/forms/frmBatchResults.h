@@ -21,7 +21,8 @@ class ListControl;
 QString resultSummary(const std::vector<RowResult>& results);
 
 /// What became of every row of a batch: state, source, target, reason; problems first. The texts can be
-/// copied and saved, the files and their folders opened. Modeless, deletes itself.
+/// copied and saved, the files and their folders opened; a folder that has all files is a link. Modeless,
+/// deletes itself.
 class frmBatchResults final : public QDialog {
     Q_OBJECT
 public:
@@ -34,12 +35,14 @@ public:
 
 private:
     void addRows(std::vector<RowResult> results);
+    void showFolders(const std::vector<RowResult>& results);
     ListControl* makeList();
     void connectList(ListControl& list);
     int usedRow() const;
     void open(const QString& path, const QString& failure);
     void openFile();
     void openFolder();
+    void openFolder(const QString& folder);
     void saveText();
 
     ListView m_rows;

@@ -5,21 +5,27 @@
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/Translation.h"
+#include "configuration/ConfigFile.h"
 #include "controls/TypedCharacters.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
 #include "output/forms/ui_frmSaveSinglePage.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
+#include <QStandardPaths>
 
 namespace tarsel {
 
 namespace {
 
-/// A text of three characters stays as it is, as a drive's root does; any other gets a separator, also one
-/// that ends in a separator already.
+/// A drive's root, "C:\", stays as it is; any other folder gets a separator, also one that ends in a
+/// separator already.
 QString withEndingSeparator(const QString& folder) {
-    return folder.trimmed().size() == 3 ? folder : folder + QLatin1Char('/');
+    const QString trimmed = folder.trimmed();
+    const bool isDriveRoot = trimmed.size() == 3 && trimmed[1] == QLatin1Char(':');
+    return isDriveRoot ? folder : folder + QLatin1Char('/');
 }
 
 /// Without the separators that earlier saves added, so that a save doesn't add one more.
@@ -28,6 +34,20 @@ QString withoutEndingSeparator(const QString& folder) {
     while (shown.size() > 1 && shown.endsWith(QLatin1Char('/')))
         shown.chop(1);
     return shown;
+}
+
+QString picturesFolder() {
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
+}
+
+/// A fresh record names the program folder, which is hidden and not a place for pictures.
+QString shownDestination(const QString& stored) {
+    const QString programFolder = QFileInfo(ConfigPath).path();
+    const bool isInside =
+        !ConfigPath.isEmpty() &&
+        (QDir::cleanPath(stored.trimmed()) + QLatin1Char('/')).startsWith(programFolder + QLatin1Char('/'));
+    return isInside ? picturesFolder() : withoutEndingSeparator(stored);
 }
 
 using enum StoreMoment;
@@ -47,7 +67,7 @@ constexpr FormField<BatchSave> fields[] = {
     {"sldJPGQuality", &BatchSave::JpegQuality, BeforeChecks},
     {"chkJPGProgressive", &BatchSave::JpegProgressive, BeforeChecks},
     {"optJPEGDepth", &BatchSave::JpegDepth, BeforeChecks},
-    {"txtDestinationFolder", &BatchSave::DestinationFolder, AfterChecks, withoutEndingSeparator,
+    {"txtDestinationFolder", &BatchSave::DestinationFolder, AfterChecks, shownDestination,
      withEndingSeparator},
     {"txtImportEXIF", &BatchSave::ImportEXIFFile, AfterChecks},
     {"txtImportIPTC", &BatchSave::ImportIPTCFile, AfterChecks},

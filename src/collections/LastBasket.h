@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "collections/Basket.h"
+
+/// The basket that a session ended with, as a basket file with descriptions in the program folder. Sessions
+/// begin with an empty basket; from here the user gets the last one back.
+namespace tarsel::lastBasket {
+
+/// An empty basket leaves what an earlier session kept.
+void keep(const ListView& lvPages, const QString& programFolder);
+
+bool isKept(const QString& programFolder);
+
+/// Replaces the basket as fncOpenImageBasket does, and returns what that does.
+bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder);
+
+} // namespace tarsel::lastBasket
