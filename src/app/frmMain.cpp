@@ -22,6 +22,7 @@
 #include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
+#include "controls/TabOrder.h"
 #include "imaging/Upright.h"
 #include "metadata/forms/MetadataPane.h"
 #include "output/forms/SaveAsSinglePage.h"
@@ -102,6 +103,7 @@ void frmMain::arrangePanes() {
         m_basketPane->setAdding(adding);
     };
     setStatusBar(statusBar);
+    orderTabsByLayout({m_browsePane, m_folderPane, m_basketPane, m_previewPane, m_metadataPane});
 }
 
 void frmMain::connectFolderPane() {

@@ -21,6 +21,8 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QSlider>
+#include <QSplitterHandle>
+#include <QTabBar>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
@@ -179,9 +181,11 @@ TEST_F(MainWindow, ThumbnailsOfAnotherSizeLeaveOrderSelectionAndPlaceAsTheyAre) 
 TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsNamed) {
     makePictures(3);
     start();
+    child<QTabBar>(window(), "tbsBrowse").setCurrentIndex(1);
     const auto type = [&](const QString& text) {
         QTest::keyClick(&window(), Qt::Key_L, Qt::ControlModifier);
         auto& field = child<QLineEdit>(window(), "txtPath");
+        EXPECT_TRUE(field.isVisible());
         field.setText(text);
         QTest::keyClick(&field, Qt::Key_Return);
     };
@@ -447,6 +451,21 @@ TEST_F(MainWindow, EveryShortcutReachesAWidget) {
     }
     for (const ActionRow& row : mainActions())
         EXPECT_TRUE(*row.keys == 0 || reached.contains(QLatin1String(row.name))) << row.name;
+}
+
+TEST_F(MainWindow, TheTabKeyWalksTheControlsInTheOrderOfReading) {
+    start();
+    QRect last;
+    for (const QWidget* next = window().nextInFocusChain(); next != &window();
+         next = next->nextInFocusChain()) {
+        if (!next->isVisible() || !(next->focusPolicy() & Qt::TabFocus) ||
+            qobject_cast<const QSplitterHandle*>(next))
+            continue;
+        const QRect place(next->mapTo(&window(), QPoint()), next->size());
+        EXPECT_TRUE(place.top() > last.bottom() || place.left() > last.right())
+            << next->objectName().toStdString();
+        last = place;
+    }
 }
 
 TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRow) {

@@ -51,6 +51,9 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
         std::min(tbsBrowse->sizeHint().width(), screen()->availableGeometry().width() * 26 / 100));
     m_tree->setFrameShape(QFrame::StyledPanel);
 
+    // Before the field takes the focus, which would be out of sight on the other tab.
+    connect(&actions.action("cmdTypePath"), &QAction::triggered, tbsBrowse,
+            [tbsBrowse] { tbsBrowse->setCurrentIndex(0); });
     auto* picFileSystem = new QWidget(this);
     picFileSystem->setObjectName(QStringLiteral("picFileSystem"));
     auto* treeBox = new QVBoxLayout(picFileSystem);
@@ -85,7 +88,8 @@ QWidget* BrowsePane::makePlaces() {
     connect(m_tree, &FolderTree::folderSelected, places, &PlacesBar::showFolder);
     connect(places, &PlacesBar::folderChosen, m_tree, [this](const QString& folder) {
         m_tree->selectFolder(folder);
-        m_tree->setFocus();
+        if (m_tree->isVisible())
+            m_tree->setFocus();
     });
     connect(places, &PlacesBar::fileChosen, this, &BrowsePane::fileChosen);
     connect(places, &PlacesBar::pathRefused, this, &BrowsePane::pathRefused);
