@@ -99,6 +99,7 @@ void frmMain::arrangePanes() {
     connect(cmdCancelAdding, &CancelAddingButton::cancelled, this, [this] { m_basket.stopAdding(); });
     m_basket.addingChanged = [this, cmdCancelAdding](bool adding) {
         m_folderView.lendBar(adding);
+        offerDialogs(!adding && !m_batchRunning);
         cmdCancelAdding->setAdding(adding);
         m_basketPane->setAdding(adding);
     };
@@ -260,8 +261,10 @@ void frmMain::showNeighbour(int step) {
 }
 
 void frmMain::cmdBrowseSettings_Click() {
-    if (frmSettings(ConfigRecord, m_actions.shortcuts(), this).exec() == QDialog::Accepted)
-        subUpdateForm();
+    auto* dialog = new frmSettings(ConfigRecord, m_actions.shortcuts(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, &frmMain::subUpdateForm);
+    dialog->open(); // an adding of files goes on
 }
 
 void frmMain::chooseThumbnailSize(QSize size) {
@@ -306,11 +309,26 @@ void frmMain::takeUpright() {
         this, [this] { m_basket.makeThumbnailsAgain(); }, Qt::QueuedConnection);
 }
 
-/// What a batch works on stays as it is until its end.
+/// Dialogs that are waited for would hold up the loop that runs on this thread.
+void frmMain::offerDialogs(bool offered) {
+    m_actions.setEnabled({"cmdEditBar_1", "cmdEditBar_2"}, offered);
+    m_previewPane->offerSaving(offered);
+    if (!offered)
+        m_pathToSave.clear();
+}
+
+/// What a batch works on stays as it is until its end, and nothing covers its Cancel. Controls that this
+/// disables lose the focus; it returns at the end, unless the user has moved it.
 void frmMain::setRunning(bool running) {
+    QWidget* const focused = focusWidget();
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
-    m_actions.action("cmdAddToQueue").setEnabled(!running);
+    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings"}, !running);
+    offerDialogs(!running);
+    if (running)
+        m_focusOfRun = {focused, focusWidget()};
+    else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
+        m_focusOfRun.before->setFocus();
 }
 
 void frmMain::subSaveAsSinglePage() {
@@ -323,11 +341,10 @@ void frmMain::subSaveAsSinglePage() {
         return;
     }
     const QScopedValueRollback running(m_batchRunning, true);
-    setRunning(true);
-    const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
-        {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
-        this);
-    setRunning(false);
+    const std::vector<RowResult> results =
+        tarsel::subSaveAsSinglePage({m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp,
+                                     ConfigRecord.BatchSave, [this](bool isRun) { setRunning(isRun); }},
+                                    this);
     takeUpright();
     if (results.empty() || !isVisible())
         return;

@@ -10,6 +10,7 @@
 
 #include <QLockFile>
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <memory>
 
@@ -104,6 +105,7 @@ private:
     void cmdBrowseSettings_Click();
     void saveRowAs(int row);
     void saveImageDocument();
+    void offerDialogs(bool offered);
     void showZoom();
     void updateZoom();
 
@@ -134,7 +136,10 @@ private:
     Splitter* splView = nullptr;
 
     bool FirstShowing = true;
-    bool m_batchRunning = false;
+    bool m_batchRunning = false; ///< from its dialog on
+    struct {
+        QPointer<QWidget> before, meanwhile;
+    } m_focusOfRun;
     bool m_loaded = false;
     ListControl* ActiveList; ///< entered last; next and previous walk it
     QString LastBasketFolder;

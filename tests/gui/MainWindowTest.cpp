@@ -436,6 +436,8 @@ TEST_F(MainWindow, SettingsAreInForceAsSoonAsTheirDialogIsAccepted) {
         click(dialog, "cmdOK");
     });
     click(window(), "cmdBrowseSettings");
+    EXPECT_FALSE(script.isDone()) << "an adding of files would wait for the dialog";
+    EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
     EXPECT_TRUE(child<QWidget>(window(), "lvFolder").toolTip().isEmpty());
     EXPECT_EQ(window().folderView().settings.folderThumb.width, 90);
 }

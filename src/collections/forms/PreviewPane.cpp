@@ -30,8 +30,17 @@ PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* 
 }
 
 void PreviewPane::pictureChanged(const PreviewPicture& shown) {
-    m_actions.setEnabled({"mnuPreviewSaveImage"}, m_box.HasImage());
+    enableSaving();
     m_view->pictureChanged(shown);
+}
+
+void PreviewPane::offerSaving(bool offered) {
+    m_offersSaving = offered;
+    enableSaving();
+}
+
+void PreviewPane::enableSaving() {
+    m_actions.setEnabled({"mnuPreviewSaveImage"}, m_box.HasImage() && m_offersSaving);
 }
 
 // --- the choices
