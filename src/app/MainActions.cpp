@@ -43,7 +43,7 @@ constexpr ActionRow rows[] = {
     // the preview
     {"cmdPreviewPrevious", TEXT("Previous image"), TEXT("Previous image"), "previous", "Alt+Left"},
     {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next", "Alt+Right"},
-    {"cmdPreviewView", TEXT("Best &Fit"), TEXT("Show the complete picture or each of its pixels"), "zoom"},
+    {"cmdPreviewView", TEXT("Bes&t Fit"), TEXT("Show the complete picture or each of its pixels"), "zoom"},
     {"mnuPreviewBestFit", TEXT("Best &Fit"), "", "zoom", "Ctrl+9", "previewFit"},
     {"mnuPreviewActualSize", TEXT("Ac&tual Size"), "", "actualSize", "Ctrl+0", "previewFit"},
     {"cmdPreviewType", TEXT("&Original "), TEXT("Show the picture as it is or with the tasks applied"),
