@@ -33,6 +33,8 @@ constexpr ActionRow rows[] = {
     {"mnuSaveRowAs", TEXT("Save &As"), "", "saveAs"},
     {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},
+    {"mnuMoveUp", TEXT("Move u&p"), "", "moveUp", "Ctrl+Shift+Up"},
+    {"mnuMoveDown", TEXT("Mo&ve down"), "", "moveDown", "Ctrl+Shift+Down"},
     {"mnuUndo", TEXT("&Undo"), "", "undo", "Ctrl+Z"},
     {"mnuRedo", TEXT("Red&o"), "", "redo", "Ctrl+Shift+Z"},
     // the task basket

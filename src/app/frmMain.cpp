@@ -136,6 +136,7 @@ void frmMain::connectBasketPane() {
             [this] { removeFromBasket(&Basket::cmdPagesDelete); });
     connect(m_basketPane, &BasketPane::described, this,
             [this](int row, const QString& text) { m_basket.describe(row, text); });
+    connect(m_basketPane, &BasketPane::rowsMoved, this, [this](int step) { m_basket.moveSelected(step); });
     connect(m_basketPane, &BasketPane::mnuUndo, this, [this] { m_basket.undo(); });
     connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { m_basket.redo(); });
     m_basket.history().changed = [this] { m_basketPane->showHistory(m_basket.history()); };

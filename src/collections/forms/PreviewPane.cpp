@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QToolButton>
+#include <algorithm>
 
 namespace tarsel {
 
