@@ -33,6 +33,8 @@ constexpr ActionRow rows[] = {
     {"mnuSaveRowAs", TEXT("Save &As"), "", "saveAs"},
     {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},
+    {"mnuMoveUp", TEXT("Move u&p"), "", "moveUp", "Ctrl+Shift+Up"},
+    {"mnuMoveDown", TEXT("Mo&ve down"), "", "moveDown", "Ctrl+Shift+Down"},
     {"mnuUndo", TEXT("&Undo"), "", "undo", "Ctrl+Z"},
     {"mnuRedo", TEXT("Red&o"), "", "redo", "Ctrl+Shift+Z"},
     // the task basket
@@ -43,7 +45,7 @@ constexpr ActionRow rows[] = {
     // the preview
     {"cmdPreviewPrevious", TEXT("Previous image"), TEXT("Previous image"), "previous", "Alt+Left"},
     {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next", "Alt+Right"},
-    {"cmdPreviewView", TEXT("Best &Fit"), TEXT("Show the complete picture or each of its pixels"), "zoom"},
+    {"cmdPreviewView", TEXT("Bes&t Fit"), TEXT("Show the complete picture or each of its pixels"), "zoom"},
     {"mnuPreviewBestFit", TEXT("Best &Fit"), "", "zoom", "Ctrl+9", "previewFit"},
     {"mnuPreviewActualSize", TEXT("Ac&tual Size"), "", "actualSize", "Ctrl+0", "previewFit"},
     {"cmdPreviewType", TEXT("&Original "), TEXT("Show the picture as it is or with the tasks applied"),

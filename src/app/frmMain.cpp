@@ -25,6 +25,7 @@
 #include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
+#include "controls/TabOrder.h"
 #include "imaging/Upright.h"
 #include "metadata/forms/MetadataPane.h"
 #include "output/forms/SaveAsSinglePage.h"
@@ -104,11 +105,13 @@ void frmMain::arrangePanes() {
     connect(cmdCancelAdding, &CancelAddingButton::cancelled, this, [this] { m_basket.stopAdding(); });
     m_basket.addingChanged = [this, cmdCancelAdding](bool adding) {
         m_folderView.lendBar(adding);
+        offerDialogs(!adding && !m_batchRunning);
         cmdCancelAdding->setAdding(adding);
         m_basketPane->setAdding(adding);
         showHistory();
     };
     setStatusBar(statusBar);
+    orderTabsByLayout({m_browsePane, m_folderPane, m_basketPane, m_previewPane, m_metadataPane});
 }
 
 void frmMain::connectFolderPane() {
@@ -140,6 +143,7 @@ void frmMain::connectBasketPane() {
             [this] { changeBasket(&Basket::cmdPagesDelete); });
     connect(m_basketPane, &BasketPane::described, this,
             [this](int row, const QString& text) { m_basket.describe(row, text); });
+    connect(m_basketPane, &BasketPane::rowsMoved, this, [this](int step) { m_basket.moveSelected(step); });
     connect(m_basketPane, &BasketPane::mnuUndo, this, &frmMain::undo);
     connect(m_basketPane, &BasketPane::mnuRedo, this, [this] { changeBasket(&Basket::redo); });
     m_basket.history().changed = [this] { showHistory(); };
@@ -283,8 +287,10 @@ void frmMain::showNeighbour(int step) {
 }
 
 void frmMain::cmdBrowseSettings_Click() {
-    if (frmSettings(ConfigRecord, m_actions.shortcuts(), this).exec() == QDialog::Accepted)
-        subUpdateForm();
+    auto* dialog = new frmSettings(ConfigRecord, m_actions.shortcuts(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, &frmMain::subUpdateForm);
+    dialog->open(); // an adding of files goes on
 }
 
 void frmMain::chooseThumbnailSize(QSize size) {
@@ -339,11 +345,26 @@ void frmMain::takeUpright() {
         this, [this] { m_basket.makeThumbnailsAgain(); }, Qt::QueuedConnection);
 }
 
-/// What a batch works on stays as it is until its end.
+/// Dialogs that are waited for would hold up the loop that runs on this thread.
+void frmMain::offerDialogs(bool offered) {
+    m_actions.setEnabled({"cmdEditBar_1", "cmdEditBar_2"}, offered);
+    m_previewPane->offerSaving(offered);
+    if (!offered)
+        m_pathToSave.clear();
+}
+
+/// What a batch works on stays as it is until its end, and nothing covers its Cancel. Controls that this
+/// disables lose the focus; it returns at the end, unless the user has moved it.
 void frmMain::setRunning(bool running) {
+    QWidget* const focused = focusWidget();
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
-    m_actions.action("cmdAddToQueue").setEnabled(!running);
+    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings"}, !running);
+    offerDialogs(!running);
+    if (running)
+        m_focusOfRun = {focused, focusWidget()};
+    else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
+        m_focusOfRun.before->setFocus();
 }
 
 void frmMain::subSaveAsSinglePage() {
@@ -357,11 +378,10 @@ void frmMain::subSaveAsSinglePage() {
     }
     const QScopedValueRollback running(m_batchRunning, true);
     m_endsAtOnce = false;
-    setRunning(true);
-    const std::vector<RowResult> results = tarsel::subSaveAsSinglePage(
-        {m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp, ConfigRecord.BatchSave},
-        this);
-    setRunning(false);
+    const std::vector<RowResult> results =
+        tarsel::subSaveAsSinglePage({m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp,
+                                     ConfigRecord.BatchSave, [this](bool isRun) { setRunning(isRun); }},
+                                    this);
     takeUpright();
     if (results.empty() || !isVisible())
         return;

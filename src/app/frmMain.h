@@ -10,6 +10,7 @@
 
 #include <QLockFile>
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <memory>
 
@@ -109,6 +110,7 @@ private:
     void saveRowAs(int row);
     void saveImageDocument();
     QString shownDocument() const;
+    void offerDialogs(bool offered);
     void showZoom();
     void updateZoom();
 
@@ -140,7 +142,10 @@ private:
     Splitter* splView = nullptr;
 
     bool FirstShowing = true;
-    bool m_batchRunning = false;
+    bool m_batchRunning = false; ///< from its dialog on
+    struct {
+        QPointer<QWidget> before, meanwhile;
+    } m_focusOfRun;
     bool m_loaded = false;
     bool m_endsAtOnce = false; ///< without asking about a batch that runs
     bool m_asksAboutEnd = false;

@@ -304,10 +304,21 @@ void Basket::redo() {
 void Basket::MoveRowsTo(int target) {
     ListView& pages = m_lists.lvPages;
     const int focused = pages.focusedRow();
+    if (target >= 0 && target < pages.count() && focused >= 0)
+        moveSelectedTo(target >= focused ? target + 1 : target);
+}
+
+void Basket::moveSelected(int step) {
+    const std::vector<int> moved = m_lists.lvPages.selectedRows();
+    if (!moved.empty())
+        moveSelectedTo(step < 0 ? std::max(0, moved.front() - 1)
+                                : std::min(moved.back() + 2, m_lists.lvPages.count()));
+}
+
+/// Before the row that is at `place` now.
+void Basket::moveSelectedTo(int place) {
+    ListView& pages = m_lists.lvPages;
     const std::vector<int> moved = pages.selectedRows();
-    if (target < 0 || target >= pages.count() || focused < 0 || moved.empty())
-        return;
-    const int place = target >= focused ? target + 1 : target;
     std::vector<int> order;
     for (int row = 0; row <= pages.count(); ++row) {
         if (row == place)
@@ -315,7 +326,8 @@ void Basket::MoveRowsTo(int target) {
         if (row < pages.count() && !pages.isSelected(row))
             order.push_back(row);
     }
-    pages.reorder(order);
+    if (!std::ranges::is_sorted(order)) // else nothing moves, and there is nothing to undo
+        pages.reorder(order);
 }
 
 // --- status line

@@ -103,6 +103,9 @@ public:
     /// Moves the selected rows, in their order, to the row `target`, as a drop of the focused row there:
     /// after it when it is at or after the focused row, else before it.
     void MoveRowsTo(int target);
+    /// Moves the selected rows, in their order, before the row above them (step -1) or after the row below
+    /// (step 1). Rows apart from each other come together; at the end of the list they stay.
+    void moveSelected(int step);
 
 private:
     using ItemMaker = std::function<std::optional<BasketItem>(int index)>;
@@ -123,6 +126,7 @@ private:
     void showAgain(int row, const Thumbnail& thumbnail);
     BasketReading& startReading();
     int claimNumbers(int count);
+    void moveSelectedTo(int place);
     void showCount();
     void noteFailed(const QString& path);
     bool isListed(const QString& path) const;

@@ -57,6 +57,10 @@ void ActionTable::setEnabled(std::initializer_list<const char*> names, bool enab
 }
 
 QToolButton* ActionTable::makeButton(const char* name, QWidget* parent, Qt::ToolButtonStyle style) const {
+    return makeBarButton(name, parent, style);
+}
+
+BarButton* ActionTable::makeBarButton(const char* name, QWidget* parent, Qt::ToolButtonStyle style) const {
     auto* button = new BarButton(parent);
     // Without an icon text of its own a button shows the action's text without the mnemonic.
     if (style != Qt::ToolButtonIconOnly)
@@ -72,9 +76,8 @@ QToolButton* ActionTable::makeButton(const char* name, QWidget* parent, Qt::Tool
 
 QToolButton* ActionTable::makeMenuButton(const char* name, const char* menuName,
                                          std::initializer_list<const char*> items, QWidget* parent) const {
-    QToolButton* button = makeButton(name, parent, Qt::ToolButtonTextBesideIcon);
-    button->setMenu(makeMenu(menuName, items, parent));
-    button->setPopupMode(QToolButton::InstantPopup);
+    BarButton* button = makeBarButton(name, parent, Qt::ToolButtonTextBesideIcon);
+    button->setPopup(makeMenu(menuName, items, parent));
     return button;
 }
 

@@ -13,6 +13,8 @@ class QToolButton;
 
 namespace tarsel {
 
+class BarButton;
+
 /// One command of a window, as its table states it. Texts are marked with QT_TRANSLATE_NOOP and translated
 /// when the actions are made; the text carries the mnemonic of its menus.
 struct ActionRow {
@@ -50,6 +52,7 @@ public:
     std::vector<Shortcut> shortcuts() const;
 
 private:
+    BarButton* makeBarButton(const char* name, QWidget* parent, Qt::ToolButtonStyle style) const;
     void add(const ActionRow& row, const char* translationContext);
     void addToChoice(QAction* action, const char* choice);
 

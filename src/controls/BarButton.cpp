@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/BarButton.h"
 
+#include <QMenu>
 #include <QPainterPath>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
@@ -9,6 +10,19 @@ namespace tarsel {
 
 int BarButton::arrowWidth() const {
     return menu() ? fontMetrics().height() * 3 / 4 : 0;
+}
+
+void BarButton::setPopup(QMenu* menu) {
+    setMenu(menu);
+    setPopupMode(InstantPopup);
+    menu->setNoReplayFor(this); // a click on the button of an open menu only closes it
+    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+    disconnect(this, &QToolButton::pressed, this, nullptr); // the base class waits for the menu to close
+    connect(this, &QToolButton::pressed, this, &BarButton::popUp);
+}
+
+void BarButton::popUp() {
+    menu()->popup(mapToGlobal(rect().bottomLeft() + QPoint(0, 1)));
 }
 
 QSize BarButton::sizeHint() const {

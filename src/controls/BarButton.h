@@ -12,11 +12,14 @@ class BarButton final : public QToolButton {
 public:
     using QToolButton::QToolButton;
     QSize sizeHint() const override;
+    /// Opens the menu when pressed, and returns at once: a loop that lets events run goes on meanwhile.
+    void setPopup(QMenu* menu);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void popUp();
     int arrowWidth() const; ///< with its margins; 0 without a menu
 };
 

@@ -391,4 +391,16 @@ TEST_F(BasketTest, ADropMovesTheSelectedRowsInTheirOrderAndTheFocusWithThem) {
             EXPECT_EQ(lvPages.row(lvPages.focusedRow()).icon, c.focused);
         }
     }
+    const std::tuple<std::vector<int>, int, const char*> steps[] = {
+        {{0, 2}, -1, "a c b d e f"}, {{1, 2}, -1, "b c a d e f"}, {{1, 3}, 1, "a c e b d f"},
+        {{4}, 1, "a b c d f e"},     {{4, 5}, 1, "a b c d e f"},  {{}, 1, "a b c d e f"},
+    };
+    for (const auto& [selected, step, expected] : steps) {
+        lvPages.clear();
+        fillBasket(6);
+        for (const int row : selected)
+            lvPages.select(row);
+        basket().moveSelected(step);
+        EXPECT_EQ(texts(lvPages), expected);
+    }
 }

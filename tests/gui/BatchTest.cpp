@@ -91,8 +91,11 @@ TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
     makePictures(2);
     listFolder(pictures());
     addAll();
+    const QWidget* rows = child<ListControl>(window(), "lvPages").view();
+    child<ListControl>(window(), "lvPages").setFocus();
     answerDialog("T", "cmdExit");
     chooseBatchMode();
+    EXPECT_EQ(window().focusWidget(), rows);
     EXPECT_FALSE(QDir(out()).exists());
     EXPECT_EQ(ConfigRecord.BatchSave.NameOption, 1) << "the option clicked is kept all the same";
 
@@ -107,6 +110,7 @@ TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
     chooseBatchMode();
     EXPECT_EQ(completePictures(), "Trip_photo01_.jpg Trip_photo02_.jpg");
     EXPECT_EQ(panel("status"), "2 written, 0 skipped, 0 failed");
+    EXPECT_EQ(window().focusWidget(), rows) << "not the tree, where the next key lists another folder";
     EXPECT_EQ(ConfigRecord.BatchSave.Confirmed, 0);
 
     selectAllOf("lvPages");
@@ -131,6 +135,12 @@ TEST_F(Batch, CancelAndCloseInTheMiddleAskAndKeepTheFilesMadeSoFar) {
         EXPECT_EQ(text(), "Please wait..... your request is being processed");
         EXPECT_EQ(child<QLabel>(*status(), "lblItem").text().left(5).toStdString(), "photo")
             << "the file in work";
+        for (const char* button : {"cmdBrowseSettings", "cmdEditBar_1", "cmdEditBar_2"})
+            EXPECT_FALSE(child<QWidget>(window(), button).isEnabled()) << "its dialog would stop the run";
+        auto& menu = child<QMenu>(window(), "mnuPreviewFit");
+        QTimer::singleShot(0, &menu, &QWidget::close);
+        click(window(), "cmdPreviewView");
+        EXPECT_TRUE(menu.isVisible()) << "the run goes on before it is closed";
         click(*status(), "cmdCancel");
         EXPECT_EQ(text(), "Please wait...... cancelling operaration");
     });

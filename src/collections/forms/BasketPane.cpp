@@ -9,7 +9,9 @@
 #include "controls/ActionTable.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
+#include "controls/SortMenu.h"
 
+#include <QAbstractItemView>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -33,11 +35,12 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
 }
 
 void BasketPane::setRunning(bool running) {
-    m_actions.setEnabled({"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdSaveAs",
-                          "mnuSaveAsJpeg", "mnuAddDescription", "mnuRenameTitle"},
-                         !running);
+    m_actions.setEnabled(
+        {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdSaveAs", "mnuSaveAsJpeg"},
+        !running);
     m_list->setEnabled(!running);
     m_running = running;
+    enableRowCommands();
     enableHistory();
 }
 
@@ -87,7 +90,16 @@ void BasketPane::enableHistory() {
 }
 
 void BasketPane::setAdding(bool adding) {
-    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdSaveAs", "mnuSaveAsJpeg"}, !adding);
+    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdSaveAs", "mnuSaveAsJpeg"},
+                         !adding && !m_running);
+    m_adding = adding;
+    enableRowCommands();
+}
+
+void BasketPane::enableRowCommands() {
+    const bool hasRow = m_list->view()->selectionModel()->hasSelection() && !m_running;
+    m_actions.setEnabled({"mnuAddDescription", "mnuRenameTitle", "mnuMoveUp", "mnuMoveDown"}, hasRow);
+    m_actions.setEnabled({"mnuSaveRowAs"}, hasRow && !m_adding); // its dialog would hold up the adding
 }
 
 QLayout* BasketPane::makeBar() {
@@ -104,10 +116,16 @@ QLayout* BasketPane::makeBar() {
 void BasketPane::connectList() {
     m_list->list().setTextCheck([this](const QString& title) { return acceptTitle(title); });
     const auto choose = [this] { Q_EMIT rowChosen(m_list->list(), m_list->list().selectedIndex()); };
-    connect(m_list, &ListControl::rowClicked, this, choose);
+    connect(m_list, &ListControl::rowClicked, this, [this, choose] {
+        if (m_list->list().selectedRows().size() <= 1) // else no picture is loaded
+            choose();
+    });
     connect(m_list, &ListControl::keySelected, this, choose);
     connect(m_list, &ListControl::rowDoubleClicked, this, &BasketPane::addDescription);
     connect(m_list, &ListControl::deleteReleased, this, &BasketPane::cmdPagesDelete);
+    connect(m_list->view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &BasketPane::enableRowCommands);
+    connect(&m_list->list(), &QAbstractItemModel::modelReset, this, &BasketPane::enableRowCommands);
 }
 
 void BasketPane::connectActions() {
@@ -121,10 +139,13 @@ void BasketPane::connectActions() {
     join("mnuSaveAsJpeg", &BasketPane::saveAsJpegFiles);
     connect(&m_actions.action("mnuAddDescription"), &QAction::triggered, this, &BasketPane::addDescription);
     connect(&m_actions.action("mnuRenameTitle"), &QAction::triggered, this, &BasketPane::renameTitle);
-    // F2 renames where the rows are, not in the other lists.
-    QAction& rename = m_actions.action("mnuRenameTitle");
-    rename.setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    m_list->addAction(&rename);
+    connect(&m_actions.action("mnuMoveUp"), &QAction::triggered, this, [this] { moveRows(-1); });
+    connect(&m_actions.action("mnuMoveDown"), &QAction::triggered, this, [this] { moveRows(1); });
+    // These keys work where the rows are, not in the other lists.
+    for (const char* name : {"mnuRenameTitle", "mnuMoveUp", "mnuMoveDown"}) {
+        m_actions.action(name).setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        m_list->addAction(&m_actions.action(name));
+    }
     // The list itself removes its rows, when the key is released.
     m_actions.action("cmdPagesDelete").setShortcutContext(Qt::WidgetShortcut);
     join("mnuUndo", &BasketPane::mnuUndo);
@@ -133,24 +154,41 @@ void BasketPane::connectActions() {
         addAction(&m_actions.action(name)); // for its shortcut
     connect(&m_actions.action("mnuSaveRowAs"), &QAction::triggered, this,
             [this] { Q_EMIT saveRowAs(m_list->list().selectedIndex()); });
-    QMenu* menu = m_actions.makeMenu(
-        "mnuContext",
-        {"mnuSaveRowAs", "mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete", "mnuUndo", "mnuRedo"},
-        this);
-    menu->insertSeparator(&m_actions.action("mnuUndo"));
+    makeContextMenu();
+    enableRowCommands();
+}
+
+void BasketPane::makeContextMenu() {
+    QMenu* menu = m_actions.makeMenu("mnuContext",
+                                     {"mnuSaveRowAs", "mnuAddDescription", "mnuRenameTitle", "cmdPagesDelete",
+                                      "mnuMoveUp", "mnuMoveDown", "mnuUndo", "mnuRedo"},
+                                     this);
+    QAction* undo = &m_actions.action("mnuUndo");
+    menu->insertSeparator(&m_actions.action("mnuMoveUp"));
+    addSortMenu(*menu, undo, m_list->list());
+    menu->insertSeparator(undo);
     connect(m_list, &ListControl::menuWanted, menu,
             [menu](const QPoint& position) { menu->popup(position); });
 }
 
-/// Rows move and go while the dialog is open.
+void BasketPane::moveRows(int step) {
+    Q_EMIT rowsMoved(step);
+    m_list->view()->scrollTo(m_list->list().index(m_list->list().selectedIndex(), 0));
+}
+
+/// Rows move and go while the dialog is open, and an adding goes on.
 void BasketPane::addDescription() {
     ListView& list = m_list->list();
     const QPersistentModelIndex row = list.index(list.selectedIndex(), 0);
     if (!row.isValid())
         return;
-    frmAlbumDescription dialog(list, row.row(), this);
-    if (dialog.exec() == QDialog::Accepted && row.isValid())
-        Q_EMIT described(row.row(), dialog.description());
+    auto* dialog = new frmAlbumDescription(list, row.row(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog, row] {
+        if (row.isValid())
+            Q_EMIT described(row.row(), dialog->description());
+    });
+    dialog->open();
 }
 
 void BasketPane::renameTitle() {

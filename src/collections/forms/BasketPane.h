@@ -38,6 +38,7 @@ Q_SIGNALS:
     void saveRowAs(int row);                         ///< the picture of the row; -1 for none
     void titleRefused(const QString& reason);
     void described(int row, const QString& text);
+    void rowsMoved(int step); ///< the selected ones: -1 up, 1 down
     void mnuUndo();
     void mnuRedo();
 
@@ -45,6 +46,9 @@ private:
     QLayout* makeBar();
     void connectList();
     void connectActions();
+    void makeContextMenu();
+    void enableRowCommands();
+    void moveRows(int step);
     void addDescription();
     void renameTitle();
     bool acceptTitle(const QString& title);
@@ -53,6 +57,7 @@ private:
     bool m_canUndo = false;
     bool m_canRedo = false;
     bool m_running = false;
+    bool m_adding = false;
     const ActionTable& m_actions;
     ListControl* m_list;
 };

@@ -54,6 +54,9 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     auto* lblBrowse = makePaneCaption({}, this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
     QTabBar* tbsBrowse = makeTabs(this);
+    // Before the field takes the focus, which would be out of sight on the other tab.
+    connect(&actions.action("cmdTypePath"), &QAction::triggered, tbsBrowse,
+            [tbsBrowse] { tbsBrowse->setCurrentIndex(0); });
     auto* panels = new QStackedWidget(this);
     panels->addWidget(makeFolderPanel());
     panels->addWidget(makeTaskPanel());
@@ -93,7 +96,8 @@ QWidget* BrowsePane::makePlaces() {
     connect(m_tree, &FolderTree::folderSelected, places, &PlacesBar::showFolder);
     connect(places, &PlacesBar::folderChosen, m_tree, [this](const QString& folder) {
         m_tree->selectFolder(folder);
-        m_tree->setFocus();
+        if (m_tree->isVisible())
+            m_tree->setFocus();
     });
     connect(places, &PlacesBar::fileChosen, this, &BrowsePane::fileChosen);
     connect(places, &PlacesBar::pathRefused, this, &BrowsePane::pathRefused);

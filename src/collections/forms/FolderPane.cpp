@@ -8,6 +8,7 @@
 #include "controls/FocusSlider.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
+#include "controls/SortMenu.h"
 
 #include <QAbstractItemView>
 #include <QHBoxLayout>
@@ -156,6 +157,7 @@ void FolderPane::connectActions() {
     connect(&m_actions.action("cmdDetailFolder"), &QAction::triggered, this, &FolderPane::cmdDetailFolder);
     connect(&m_actions.action("cmdRefreshFolder"), &QAction::triggered, &m_view, &FolderView::refresh);
     QMenu* menu = m_actions.makeMenu("mnuContextFolderParent", {"cmdAddToQueue"}, this);
+    addSortMenu(*menu, nullptr, m_list->list());
     connect(m_list, &ListControl::menuWanted, menu,
             [menu](const QPoint& position) { menu->popup(position); });
     showForm();

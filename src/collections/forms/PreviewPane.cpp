@@ -9,8 +9,21 @@
 #include <QLabel>
 #include <QMenu>
 #include <QToolButton>
+#include <algorithm>
 
 namespace tarsel {
+
+namespace {
+
+/// A button's key stays the same with each of its captions.
+QString withMnemonicOf(const QString& marked, QString caption) {
+    const QLatin1Char mark('&');
+    caption.remove(mark);
+    const qsizetype place = caption.indexOf(marked.at(marked.indexOf(mark) + 1), 0, Qt::CaseInsensitive);
+    return caption.insert(std::max<qsizetype>(place, 0), mark);
+}
+
+} // namespace
 
 const PreviewPane::Choice PreviewPane::typeChoice = {
     "cmdPreviewType", "mnuPreviewType", {"mnuPreviewOriginal", "mnuPreviewOptimized"}, " "};
@@ -30,8 +43,17 @@ PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* 
 }
 
 void PreviewPane::pictureChanged(const PreviewPicture& shown) {
-    m_actions.setEnabled({"mnuPreviewSaveImage"}, m_box.HasImage());
+    enableSaving();
     m_view->pictureChanged(shown);
+}
+
+void PreviewPane::offerSaving(bool offered) {
+    m_offersSaving = offered;
+    enableSaving();
+}
+
+void PreviewPane::enableSaving() {
+    m_actions.setEnabled({"mnuPreviewSaveImage"}, m_box.HasImage() && m_offersSaving);
 }
 
 // --- the choices
@@ -43,7 +65,8 @@ int PreviewPane::checkedItem(const Choice& choice) const {
 void PreviewPane::check(const Choice& choice, int item) {
     QAction& chosen = m_actions.action(choice.items[item]);
     chosen.setChecked(true);
-    m_actions.action(choice.button).setIconText(chosen.text() + QLatin1String(choice.blanks));
+    QAction& button = m_actions.action(choice.button);
+    button.setIconText(withMnemonicOf(button.text(), chosen.text()) + QLatin1String(choice.blanks));
 }
 
 void PreviewPane::setPreviewType(int type) {

@@ -25,6 +25,8 @@ public:
     ImageBoxView& ibMain() const { return *m_view; }
     /// To be called when there is another picture to show, or none.
     void pictureChanged(const PreviewPicture& shown);
+    /// Whether the picture on show may be saved now.
+    void offerSaving(bool offered);
     /// 0 "Original", 1 "Optimized".
     int previewType() const { return m_shownType; }
     void setPreviewType(int type);
@@ -59,6 +61,7 @@ private:
     int checkedItem(const Choice& choice) const;
     void check(const Choice& choice, int item);
     QWidget* makeButton(const char* name, const char* menu, std::initializer_list<const char*> items);
+    void enableSaving();
     void chooseType();
     void chooseFit();
 
@@ -68,6 +71,7 @@ private:
     std::vector<QToolButton*> m_textButtons;
     int m_shownType = 0;
     int m_shownFit = 0;
+    bool m_offersSaving = true;
 };
 
 } // namespace tarsel

@@ -6,6 +6,8 @@
 #include "controls/frmStatus.h"
 #include "output/forms/frmSaveSinglePage.h"
 
+#include <QScopeGuard>
+
 namespace tarsel {
 
 std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* owner) {
@@ -19,6 +21,8 @@ std::vector<RowResult> subSaveAsSinglePage(const SaveAsLists& lists, QWidget* ow
         frmSaveSinglePage(lists.settings, lists.lvPages, lists.lvEditBatch, owner).exec();
         if (!lists.settings.Confirmed)
             return;
+        lists.runningChanged(true);
+        const auto atEnd = qScopeGuard([&] { lists.runningChanged(false); });
         frmStatus status(owner);
         status.begin();
         fncSaveSinglePage(lists.lvPages, lists.lvEditBatch, lists.ibTemp, status.pbQueue(), lists.settings,

@@ -7,6 +7,7 @@
 #include "output/BatchSave.h"
 
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 namespace tarsel {
@@ -17,6 +18,7 @@ struct SaveAsLists {
     const ListView& lvEditBatch;
     ImageBox& ibTemp;
     settings::BatchSave& settings;
+    std::function<void(bool running)> runningChanged; ///< with true when the dialog was left by Save
 };
 
 /// The complete operation: asks by frmSaveSinglePage, runs the rows with frmStatus. Returns the results of

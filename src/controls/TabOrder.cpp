@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/TabOrder.h"
+
+#include <QLayout>
+#include <QWidget>
+
+namespace tarsel {
+
+namespace {
+
+void addControls(QLayout& layout, QWidgetList& controls) {
+    for (int index = 0; QLayoutItem* item = layout.itemAt(index); ++index) {
+        QWidget* widget = item->widget();
+        QLayout* inside = widget ? widget->layout() : item->layout();
+        if (widget && (widget->focusProxy() || (widget->focusPolicy() & Qt::TabFocus)))
+            controls << widget;
+        else if (inside)
+            addControls(*inside, controls);
+    }
+}
+
+} // namespace
+
+void orderTabsByLayout(std::initializer_list<const QWidget*> panes) {
+    QWidgetList controls;
+    for (const QWidget* pane : panes)
+        addControls(*pane->layout(), controls);
+    for (qsizetype index = 1; index < controls.size(); ++index)
+        QWidget::setTabOrder(controls[index - 1], controls[index]);
+}
+
+} // namespace tarsel
