@@ -103,6 +103,7 @@ private:
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
     void saveRowAs(int row);
+    void savePictureWanted();
     void saveImageDocument();
     void showZoom();
     void updateZoom();

@@ -449,8 +449,10 @@ TEST_F(MainWindow, EveryShortcutReachesAWidget) {
         EXPECT_TRUE(*row.keys == 0 || reached.contains(QLatin1String(row.name))) << row.name;
 }
 
-TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRow) {
+TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRowAlsoAfterAFileThatCantBeShown) {
     startWithBasket(2);
+    clickRow("lvPages", 0);
+    writeFileSafely(basket().row(1).tag, "damaged");
     clickRow("lvPages", 1);
     basket().selectOnly(0);
     QString shown;
