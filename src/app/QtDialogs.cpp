@@ -3,6 +3,7 @@
 
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
+#include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "configuration/ConfigRecord.h"
 #include "pixels/Color.h"
@@ -85,7 +86,10 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
 }
 
 void QtDialogs::showErrorReport(const ErrorReport& report) {
-    frmErrorReport(report, owner()).exec();
+    if (sessionEnds)
+        logIgnored(report.ErrRoutine + QStringLiteral(": ") + report.ErrSystem);
+    else
+        frmErrorReport(report, owner()).exec();
 }
 
 std::optional<FileDialogChoice> QtDialogs::openFileDialog(const FileDialogRequest& request) {

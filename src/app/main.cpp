@@ -9,6 +9,7 @@
 #include "configuration/ProgramFolder.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <QStandardPaths>
 
 namespace {
@@ -49,10 +50,15 @@ int main(int argc, char** argv) {
     QObject::connect(
         &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     const TerminationSignals termination;
-    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &QWidget::close);
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, [&] {
+        desktop.dialogs.sessionEnds = true;
+        window.close();
+    });
     // The session may yet go on: settings are stored here, the window is closed when the session ends.
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                     [&window] { window.storeSettings(); });
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&] {
+        const QScopedValueRollback sessionEnds(desktop.dialogs.sessionEnds, true);
+        window.storeSettings();
+    });
     window.show();
     return QApplication::exec();
 }
