@@ -3,16 +3,20 @@
 
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
+#include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "configuration/ConfigRecord.h"
 #include "pixels/Color.h"
 
+#include <QAbstractFileIconProvider>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QMessageBox>
+#include <QMimeDatabase>
+#include <QStyle>
 
 namespace tarsel {
 
@@ -71,6 +75,20 @@ MessageAnswer answerOf(int button) {
     }
 }
 
+/// Types by the extension: the default looks into every file that changes, on the window's thread.
+class PlainIcons final : public QAbstractFileIconProvider {
+public:
+    QIcon icon(IconType type) const override { return type == File ? m_file : m_folder; }
+    QIcon icon(const QFileInfo& file) const override { return file.isDir() ? m_folder : m_file; }
+    QString type(const QFileInfo& file) const override {
+        return QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).comment();
+    }
+
+private:
+    const QIcon m_folder = QApplication::style()->standardIcon(QStyle::SP_DirIcon);
+    const QIcon m_file = QApplication::style()->standardIcon(QStyle::SP_FileIcon);
+};
+
 } // namespace
 
 MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, MessageButtons buttons,
@@ -85,17 +103,24 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
 }
 
 void QtDialogs::showErrorReport(const ErrorReport& report) {
-    frmErrorReport(report, owner()).exec();
+    if (sessionEnds)
+        logIgnored(report.ErrRoutine + QStringLiteral(": ") + report.ErrSystem);
+    else
+        frmErrorReport(report, owner()).exec();
 }
 
 std::optional<FileDialogChoice> QtDialogs::openFileDialog(const FileDialogRequest& request) {
+    PlainIcons icons; // which the dialog's model asks until its end
     QFileDialog dialog(owner(), request.title);
+    dialog.setIconProvider(&icons);
     dialog.setFileMode(QFileDialog::ExistingFile);
     return runFileDialog(dialog, request);
 }
 
 std::optional<FileDialogChoice> QtDialogs::saveFileDialog(const FileDialogRequest& request) {
+    PlainIcons icons; // which the dialog's model asks until its end
     QFileDialog dialog(owner(), request.title);
+    dialog.setIconProvider(&icons);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     return runFileDialog(dialog, request);

@@ -19,6 +19,8 @@ public:
     std::optional<qint32> colorDialog(qint32 initial) override;
     std::optional<FontChoice> fontDialog(const FontChoice& initial) override;
 
+    bool sessionEnds = false; ///< nobody is there to read a report: it goes to the log
+
 private:
     std::optional<FileDialogChoice> runFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
 

@@ -189,18 +189,14 @@ void frmMain::connectPreview() {
         m_preview.OptimizedPreview = type != 0;
         m_preview.rebuild();
     });
-    connect(m_previewPane, &PreviewPane::saveImageDocument, this, &frmMain::saveImageDocument);
+    connect(m_previewPane, &PreviewPane::saveImageDocument, this, [this] {
+        m_pathToSave = m_preview.shownPath();
+        savePictureWanted();
+    });
     connect(m_basketPane, &BasketPane::saveRowAs, this, &frmMain::saveRowAs);
     connect(&m_preview, &Preview::loadingBegun, this, [this] { m_pathToSave.clear(); });
-    connect(
-        &m_preview, &Preview::pictureChanged, this,
-        [this] {
-            if (!m_pathToSave.isEmpty() && m_preview.shownPath() == m_pathToSave) {
-                m_pathToSave.clear();
-                saveImageDocument();
-            }
-        },
-        Qt::QueuedConnection); // its dialog must not hold up what the preview has still to do
+    connect(&m_preview, &Preview::pictureChanged, this, &frmMain::savePictureWanted,
+            Qt::QueuedConnection); // its dialog must not hold up what the preview has still to do
     connect(&m_imageDocument, &ImageDocument::progressed, this, &frmMain::SetStatus);
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
@@ -307,9 +303,16 @@ void frmMain::saveRowAs(int row) {
         return;
     const QString path = pages.row(row).tag;
     m_preview.ShowRow(pages, row);
-    if (m_preview.shownPath() == path)
-        return saveImageDocument();
     m_pathToSave = path;
+    savePictureWanted();
+}
+
+/// A picture that is being prepared again, upright or with the tasks, is saved as it will be.
+void frmMain::savePictureWanted() {
+    if (m_pathToSave.isEmpty() || m_preview.isBusy() || m_preview.shownPath() != m_pathToSave)
+        return;
+    m_pathToSave.clear();
+    saveImageDocument();
 }
 
 void frmMain::saveImageDocument() {

@@ -54,6 +54,8 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
+    void takeUpright(); ///< shows the picture as the batch's option says
+
     void SetStatus(const QString& text);
     /// Writes the settings for a session that is about to end, which closes the window without a question.
     void prepareSessionEnd();
@@ -106,8 +108,8 @@ private:
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void setRunning(bool running);
-    void takeUpright();
     void saveRowAs(int row);
+    void savePictureWanted();
     void saveImageDocument();
     QString shownDocument() const;
     void offerDialogs(bool offered);

@@ -43,6 +43,17 @@ QSize qtSize(Size size) {
     return {size.width, size.height};
 }
 
+/// Takes a lock that names no process of this host: a crash of the system cut it short, or the host had
+/// another name. A living owner holds the file itself.
+bool takeOver(QLockFile& lock) {
+    constexpr int timeToWriteIt = 200; // ms, with room to spare
+    qint64 process = 0;
+    QString host, program;
+    if (lock.getLockInfo(&process, &host, &program) && host == QSysInfo::machineHostName())
+        return false;
+    return lock.tryLock(timeToWriteIt) || (lock.removeStaleLockFile() && lock.tryLock());
+}
+
 } // namespace
 
 // --- Form_Load
@@ -66,7 +77,7 @@ bool frmMain::refuseSecondInstance() {
     m_instance = std::make_unique<QLockFile>(QDir(m_options.programFolder).filePath(QStringLiteral(".lock")));
     // A lock is stale when its process is gone, never for its age.
     m_instance->setStaleLockTime(0);
-    if (m_instance->tryLock())
+    if (m_instance->tryLock() || takeOver(*m_instance))
         return false;
     if (m_instance->error() != QLockFile::LockFailedError) {
         logIgnored(QStringLiteral("%1: can't be locked").arg(m_instance->fileName()));

@@ -10,6 +10,7 @@
 #include "controls/IndicatorStyle.h"
 
 #include <QApplication>
+#include <QScopedValueRollback>
 #include <QStandardPaths>
 
 namespace {
@@ -51,9 +52,15 @@ int main(int argc, char** argv) {
     QObject::connect(
         &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     const TerminationSignals termination;
-    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, &frmMain::endAtOnce);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                     [&window] { window.prepareSessionEnd(); });
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, &window, [&] {
+        desktop.dialogs.sessionEnds = true;
+        window.endAtOnce();
+    });
+    // The session may yet go on: settings are stored here, the window is closed when the session ends.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, [&] {
+        const QScopedValueRollback sessionEnds(desktop.dialogs.sessionEnds, true);
+        window.prepareSessionEnd();
+    });
     window.show();
     return QApplication::exec();
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffPixels.h"
 
+#include "base/Stop.h"
+
 #include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
@@ -123,6 +125,7 @@ Picture decodePlainRgb(const TiffFile& tiff, const TiffLayout& layout, const Fil
             file, QCoreApplication::translate("TiffPixels", "its rows don't have the length of its width"));
     clearPixels(target);
     for (int y = 0; y < target.height; ++y) {
+        raiseIfStopped();
         if (TIFFReadScanline(tiff, target.row(y), std::uint32_t(y)) != 1) {
             if (y == 0)
                 failDecoding(file, tiff.firstError());
@@ -171,6 +174,7 @@ Picture decodeTiffRgba(const TiffFile& tiff, const TiffLayout& layout, const Fil
     const int band = bandHeight(tiff, layout);
     std::vector<std::uint32_t> words(std::size_t(layout.width) * std::size_t(band));
     for (int first = 0; first < target.height; first += band) {
+        raiseIfStopped();
         const int rows = std::min(band, target.height - first);
         const bool converted = converter.convert(words, first, rows);
         if (first == 0 && (!converted || (tiff.hasErrors() && !isFax(layout.compression))))

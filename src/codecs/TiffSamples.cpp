@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffPixels.h"
 
+#include "base/Stop.h"
 #include "bytes/Numbers.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/PictureLimit.h"
@@ -113,6 +114,7 @@ public:
                 readBlock(number, top);
             for (std::int64_t y = top; y < std::min<std::int64_t>(top + m_blockHeight, m_layout.height);
                  ++y) {
+                raiseIfStopped();
                 std::ranges::fill(row, 0.0F);
                 for (std::size_t number = 0; number < m_blocks.size(); ++number)
                     fill(row, number, std::size_t(y - top));

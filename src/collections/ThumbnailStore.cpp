@@ -64,12 +64,15 @@ Picture pictureOf(const PictureFile& file, int side) {
     return decoded.damage.isEmpty() ? converted(decoded.picture, decoded.metadata.iccProfile) : Picture();
 }
 
-/// Private folders, as the standard wants them.
+/// Private folders, as the standard wants them. A link to nothing is there and takes no folder.
 bool makeFolder(const QString& path) {
-    if (::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 || errno == EEXIST)
+    const auto isMade = [name = QFile::encodeName(path)] {
+        return ::mkdir(name.constData(), S_IRWXU) == 0 || errno == EEXIST;
+    };
+    if (isMade())
         return true;
     const QString parent = QFileInfo(path).path();
-    return errno == ENOENT && parent != path && makeFolder(parent) && makeFolder(path);
+    return errno == ENOENT && parent != path && makeFolder(parent) && isMade();
 }
 
 void writeAll(int descriptor, const QByteArray& bytes) {

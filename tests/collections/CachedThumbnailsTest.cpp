@@ -121,6 +121,8 @@ TEST_F(CachedThumbnailsTest, WhatIsSmallPrivateOrNotWritableCostsNoFile) {
     makePicture(path("program/page.png"), {800, 400});
     EXPECT_TRUE(read(path("icon.png")) && read(path("program/page.png")));
     EXPECT_FALSE(QFile::exists(store));
+    QFile::link(path("nowhere"), path("link"));
+    EXPECT_TRUE(cachedThumbnails(path("link"), path("program"))(photo, box, false));
     writeBytes(path("cache"), "a file in the place of the folder");
     EXPECT_TRUE(read(photo) && read(photo));
     EXPECT_TRUE(cachedThumbnails(home.path(), path("program"))(photo, box, false));

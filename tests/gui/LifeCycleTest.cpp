@@ -115,4 +115,12 @@ TEST_F(LifeCycle, ASecondInstanceIsRefusedBeforeItTouchesTheConfiguration) {
     EXPECT_EQ(readWholeFile(configuration).toStdString(), "the first instance's own");
 }
 
+TEST_F(LifeCycle, ALockThatNobodyHoldsKeepsNobodyOut) {
+    for (const char* left : {"", "99999\ntarsel-jpeg\nformer-name\n"}) {
+        writeFileSafely(path("program/.lock"), left);
+        start();
+        close();
+    }
+}
+
 } // namespace tarsel::test

@@ -504,8 +504,10 @@ TEST_F(MainWindow, TheTabKeyWalksTheControlsInTheOrderOfReading) {
     }
 }
 
-TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRow) {
+TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRowAlsoAfterAFileThatCantBeShown) {
     startWithBasket(2);
+    clickRow("lvPages", 0);
+    writeFileSafely(basket().row(1).tag, "damaged");
     clickRow("lvPages", 1);
     basket().selectOnly(0);
     QString shown;

@@ -260,4 +260,21 @@ TEST_F(PreviewOfPictures, IsSavedInEachFormatButNeverOverMoreThanItShows) {
     }
 }
 
+TEST_F(PreviewOfPictures, IsSavedAsItWillBeWhileItIsPreparedAgain) {
+    makePicture(picture("a.jpg"), {640, 480});
+    ImageBox turned = loaded(picture("a.jpg"));
+    ASSERT_TRUE(turned.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
+    turned.SaveToFile(picture("a.jpg"));
+    list();
+    show(0);
+    ASSERT_EQ(ibMain().Width(), 480);
+    TestDesktop scripted;
+    scripted.fileChoices.push_back(FileDialogChoice{path("out.jpg"), 1});
+    ConfigRecord.BatchSave.UprightByExif = 0;
+    window().takeUpright();
+    choose("mnuPreviewSaveImage");
+    ASSERT_TRUE(waitFor([&] { return panel("status").starts_with("Saved"); }));
+    EXPECT_EQ(loaded(path("out.jpg")).Width(), 640) << "its orientation is kept beside";
+}
+
 } // namespace tarsel::test

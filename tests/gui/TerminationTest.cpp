@@ -50,6 +50,8 @@ TEST_P(Termination, ASignalRunsTheNormalEnd) {
     QDir().mkpath(path("Temp"));
     for (const char* name : {"Temp/scan1_4711.tif", "Temp/temp.jpg", "Temp/leftover", "tarsel-jpeg"})
         writeFileSafely(path(name), {});
+    QFile::remove(path("tarsel-jpeg.ini"));
+    QDir().mkpath(path("tarsel-jpeg.ini")); // can't be written, which nobody is asked about
     ASSERT_TRUE(QFileInfo::exists(path(".lock")));
     ASSERT_EQ(::kill(pid_t(program.processId()), GetParam()), 0);
     ASSERT_TRUE(program.waitForFinished(60'000));
