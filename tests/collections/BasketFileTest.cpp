@@ -180,8 +180,11 @@ TEST_F(BasketFileTest, ANameThatWouldReadBackAsAnotherIsRefusedAndTheOldListStay
         int filter;
         const char* name;
         bool storable;
-    } cases[] = {
-        {2, "a\nb.png", false}, {3, "a\"b.png", false}, {2, "a\"b.png", true}, {3, "a\nb.png", true}};
+    } cases[] = {{2, "a\nb.png", false},
+                 {2, "a\rb.png", false},
+                 {3, "a\"b.png", false},
+                 {2, "a\"b.png", true},
+                 {3, "a\nb.png", true}};
     for (const auto& [filter, name, storable] : cases) {
         lvPages.clear();
         makePicture(picture(name), {3, 3});
@@ -192,7 +195,7 @@ TEST_F(BasketFileTest, ANameThatWouldReadBackAsAnotherIsRefusedAndTheOldListStay
         EXPECT_EQ(written(file) == QLatin1String("old"), !storable) << name;
         EXPECT_EQ(storable && readBasketEntries(path).at(0).path == picture(name), storable) << name;
     }
-    EXPECT_EQ(desktop.reports.size(), 2u);
+    EXPECT_EQ(desktop.reports.size(), 3u);
     desktop.reports.clear();
 }
 
