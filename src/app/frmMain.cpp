@@ -271,8 +271,8 @@ void frmMain::cmdBrowseSettings_Click() {
 void frmMain::chooseThumbnailSize(QSize size) {
     ConfigRecord.FolderThumbWidth = qint16(size.width());
     ConfigRecord.FolderThumbHeight = qint16(size.height());
-    m_folderThumb = m_folderView.settings.folderThumb = {size.width(), size.height()};
-    m_folderView.makeThumbnailsAgain();
+    m_folderThumb = {size.width(), size.height()};
+    m_folderView.changeThumbnailSize(m_folderThumb);
 }
 
 /// The dialog opens over the picture on show, which takes its time to load.

@@ -440,8 +440,8 @@ TEST_F(MainWindow, AnEmptyFolderSaysSoAndTakesThePreviewAwayUnlessItIsTheBaskets
     EXPECT_EQ(panel("filename"), "No file selected");
 }
 
-TEST_F(MainWindow, SettingsAreInForceAsSoonAsTheirDialogIsAccepted) {
-    start();
+TEST_F(MainWindow, SettingsAreInForceAtOnceAndThumbnailsKeepTheirSizeUntilTheNextListing) {
+    startListing(1);
     EXPECT_FALSE(child<QWidget>(window(), "lvFolder").toolTip().isEmpty());
     script.on("frmSettings", [](QWidget& dialog) {
         child<QAbstractButton>(dialog, "chkAllowTip").setChecked(false);
@@ -450,7 +450,10 @@ TEST_F(MainWindow, SettingsAreInForceAsSoonAsTheirDialogIsAccepted) {
     });
     click(window(), "cmdBrowseSettings");
     EXPECT_TRUE(child<QWidget>(window(), "lvFolder").toolTip().isEmpty());
-    EXPECT_EQ(window().folderView().settings.folderThumb.width, 90);
+    const auto& list = child<ListControl>(window(), "lvFolder");
+    EXPECT_EQ(list.thumbnailSize(), QSize(40, 40)) << "that of the pictures on show";
+    click(window(), "cmdRefreshFolder");
+    EXPECT_EQ(list.thumbnailSize(), QSize(90, 40));
 }
 
 TEST_F(MainWindow, EveryShortcutReachesAWidget) {

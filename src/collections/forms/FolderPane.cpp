@@ -93,14 +93,19 @@ void FolderPane::connectSize() {
     connect(m_size, &QSlider::sliderReleased, this, &FolderPane::takeThumbnailSize);
     connect(m_list, &ListControl::zoomed, this, &FolderPane::zoom);
     connect(&m_rest, &QTimer::timeout, this, &FolderPane::takeThumbnailSize);
+    connect(&m_view, &FolderView::thumbnailSizeChanged, this, &FolderPane::showThumbnailSize);
+    showThumbnailSize();
 }
 
-void FolderPane::setThumbnailSize(QSize size) {
-    m_proportions = size;
-    m_rest.stop();
+/// The size that a listing begins with, unless the user is just choosing another one.
+void FolderPane::showThumbnailSize() {
+    if (m_rest.isActive() || m_size->isSliderDown())
+        return;
+    const Size size = m_view.settings.folderThumb;
+    m_proportions = {size.width, size.height};
     const QSignalBlocker blocker(m_size);
-    m_size->setValue(std::max(size.width(), size.height()));
-    m_list->setThumbnailSize(size);
+    m_size->setValue(std::max(size.width, size.height));
+    m_list->setThumbnailSize(m_proportions);
 }
 
 /// The thumbnails that are there are scaled at once.

@@ -24,7 +24,6 @@ public:
 
     ListControl& lvFolder() const { return *m_list; }
     void setForm(int folderView); ///< 0 thumbnails, else details
-    void setThumbnailSize(QSize size);
     /// Selects and shows a picture of the listed folder, as soon as it has a row.
     void selectFile(const QString& path);
 
@@ -44,6 +43,7 @@ private:
     void chooseRow();
     void showForm();
     void showHint();
+    void showThumbnailSize();
     void resizeThumbnails(int side);
     void zoom(int angle);
     void takeThumbnailSize();
