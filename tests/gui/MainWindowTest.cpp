@@ -195,6 +195,13 @@ TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsName
     EXPECT_TRUE(waitFor([&] { return panel("filename") == "photo02.jpg"; }));
     EXPECT_EQ(listed().selectedRows(), std::vector<int>{1});
     EXPECT_EQ(child<FolderTree>(window(), "ftvBrowse").selectedFolder(), pictures());
+    makePicture(pictures() + QStringLiteral("/new.jpg"));
+    type(pictures() + QStringLiteral("/new.jpg"));
+    EXPECT_TRUE(waitFor([&] { return panel("filename") == "new.jpg"; }))
+        << "a folder on show is listed again";
+    EXPECT_TRUE(QFile::rename(pictures() + QStringLiteral("/new.jpg"), pictures() + QStringLiteral("/new")));
+    type(pictures() + QStringLiteral("/new"));
+    EXPECT_TRUE(waitFor([&] { return panel("status") == "The folder list does not contain new."; }));
     QDir().mkpath(path(".hidden"));
     type(path(".hidden"));
     auto& tree = child<FolderTree>(window(), "ftvBrowse");

@@ -10,12 +10,14 @@
 #include "controls/PaneCaption.h"
 
 #include <QAbstractItemView>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -148,8 +150,11 @@ void FolderPane::selectWantedFile() {
         Q_EMIT rowChosen(rows, row);
         return;
     }
-    if (!m_view.isRunning())
-        m_wantedFile.clear();
+    if (m_view.isRunning())
+        return;
+    const QString name = QFileInfo(std::exchange(m_wantedFile, {})).fileName();
+    if (m_view.refusal().isEmpty()) // else that is the reason
+        Q_EMIT fileMissing(tr("The folder list does not contain %1.").arg(name));
 }
 
 void FolderPane::connectActions() {
