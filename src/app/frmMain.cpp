@@ -116,11 +116,10 @@ void frmMain::arrangePanes() {
 
 void frmMain::connectFolderPane() {
     ListControl& list = m_folderPane->lvFolder();
-    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_folderView,
-            &FolderView::subShowFilesInFolder);
-    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, &m_preview, &Preview::dropUnselected);
+    connect(&m_browsePane->ftvBrowse(), &FolderTree::folderSelected, this, &frmMain::listFolder);
     connect(m_browsePane, &BrowsePane::fileChosen, m_folderPane, &FolderPane::selectFile);
     connect(m_browsePane, &BrowsePane::pathRefused, this, &frmMain::SetStatus);
+    connect(m_folderPane, &FolderPane::fileMissing, this, &frmMain::SetStatus);
     connect(m_folderPane, &FolderPane::thumbnailSizeChosen, this, &frmMain::chooseThumbnailSize);
     connect(m_folderPane, &FolderPane::cmdAddToQueue, this, &frmMain::addSelectionToBasket);
     connect(m_folderPane, &FolderPane::formChosen, this,
@@ -219,6 +218,14 @@ void frmMain::SetStatus(const QString& text) {
     m_workspace.sbMain.setPanel(QStringLiteral("status"), text);
 }
 
+/// The picture of another folder doesn't stay, unless it is the basket's.
+void frmMain::listFolder(const QString& folder) {
+    const bool isOther = folder != m_folderView.currentFolder();
+    m_folderView.subShowFilesInFolder(folder);
+    if (isOther)
+        m_preview.dropUnselected();
+}
+
 void frmMain::addSelectionToBasket() {
     if (!m_batchRunning)
         m_basket.cmdAddToQueue_Click();
@@ -292,8 +299,8 @@ void frmMain::cmdBrowseSettings_Click() {
 void frmMain::chooseThumbnailSize(QSize size) {
     ConfigRecord.FolderThumbWidth = qint16(size.width());
     ConfigRecord.FolderThumbHeight = qint16(size.height());
-    m_folderThumb = m_folderView.settings.folderThumb = {size.width(), size.height()};
-    m_folderView.makeThumbnailsAgain();
+    m_folderThumb = {size.width(), size.height()};
+    m_folderView.changeThumbnailSize(m_folderThumb);
 }
 
 /// The dialog opens over the picture on show, which takes its time to load.

@@ -97,6 +97,7 @@ private:
 
     // the course of the run
     void showFirstTime();
+    void listFolder(const QString& folder);
     void addSelectionToBasket();
     void dropRows(const ListControl* source, int row);
     void changeBasket(void (Basket::*change)());

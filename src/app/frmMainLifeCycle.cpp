@@ -156,8 +156,7 @@ void frmMain::buildApplicationName() {
 
 void frmMain::takeThumbnailSizes() {
     m_folderThumb = {ConfigRecord.FolderThumbWidth, ConfigRecord.FolderThumbHeight};
-    m_folderView.settings.folderThumb = usableThumbnailSize(m_folderThumb);
-    m_folderPane->setThumbnailSize(qtSize(m_folderView.settings.folderThumb));
+    m_folderView.setThumbnailSize(usableThumbnailSize(m_folderThumb));
 }
 
 void frmMain::fillMetadataCatalogue() {
@@ -182,7 +181,6 @@ void frmMain::subUpdateForm() {
         for (CollectionSettings* settings : {&m_folderView.settings, &m_basket.settings}) {
             settings->programFolder = m_options.programFolder;
             settings->basketThumb = usableThumbnailSize(m_basketThumb);
-            settings->folderThumb = usableThumbnailSize(m_folderThumb);
             settings->upright = ConfigRecord.BatchSave.UprightByExif == 1;
             settings->longFileSize = ConfigRecord.LongFileSize == 1;
         }

@@ -45,6 +45,7 @@ void FolderView::subShowFilesInFolder(const QString& path) {
         m_folder = path;
         m_lists.sbMain.setPanel(QStringLiteral("folder"), tr("Current Folder - %1").arg(path));
         clearList();
+        takeThumbnailSize();
         startScan();
     });
     if (failure)
@@ -80,6 +81,25 @@ void FolderView::startScan(QStringList known) {
     FolderScan::Request wanted = request(std::move(known));
     FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
     m_scan.start(std::move(wanted));
+}
+
+void FolderView::setThumbnailSize(Size size) {
+    m_nextSize = size;
+    if (m_lists.lvFolder.isEmpty() && !isRunning())
+        takeThumbnailSize();
+}
+
+void FolderView::takeThumbnailSize() {
+    if (!m_nextSize)
+        return;
+    settings.folderThumb = *std::exchange(m_nextSize, {});
+    Q_EMIT thumbnailSizeChanged();
+}
+
+void FolderView::changeThumbnailSize(Size size) {
+    m_nextSize.reset();
+    settings.folderThumb = size;
+    makeThumbnailsAgain();
 }
 
 void FolderView::makeThumbnailsAgain() {

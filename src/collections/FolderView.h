@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -35,6 +36,10 @@ public:
     void subShowFilesInFolder(const QString& path);
     bool isRunning() const { return m_scan.get() != nullptr; } ///< rows are missing or incomplete
     void stop();
+    /// The size of thumbnails from the next listing on; at once while nothing is listed.
+    void setThumbnailSize(Size size);
+    /// The size from now on: the pictures of all rows are read again.
+    void changeThumbnailSize(Size size);
     /// Reads the pictures of all rows again, after a change of how thumbnails are made. Rows, their order and
     /// their selection stay.
     void makeThumbnailsAgain();
@@ -51,10 +56,12 @@ public:
     const QString& refusal() const { return m_refusal; }
 
 Q_SIGNALS:
-    void runningChanged(); ///< a listing began or ended
+    void runningChanged();       ///< a listing began or ended
+    void thumbnailSizeChanged(); ///< as setThumbnailSize announced it
 
 private:
     void clearList();
+    void takeThumbnailSize();
     FolderScan::Request request(QStringList known) const;
     void startScan(QStringList known = {});
     QStringList namesByNumber() const;
@@ -82,7 +89,8 @@ private:
 
     CollectionLists m_lists;
     QString m_folder;
-    QString m_refusal; ///< what the panel "status" says about a folder without permission
+    std::optional<Size> m_nextSize; ///< of thumbnails, from the next listing on
+    QString m_refusal;              ///< what the panel "status" says about a folder without permission
     CurrentScan m_scan{[this](FolderScan& scan) { fetchDelivery(scan); }};
     SharpThumbnails m_sharp{[this](int number, const Picture& picture) { showThumbnail(number, picture); }};
     bool m_hasAllRows = false;

@@ -188,6 +188,12 @@ void ListControl::resizeEvent(QResizeEvent* event) {
     Q_EMIT viewMoved();
 }
 
+void ListControl::changeEvent(QEvent* event) {
+    QStackedWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colorHint();
+}
+
 void ListControl::paintEvent(QPaintEvent* event) {
     QStackedWidget::paintEvent(event);
     if (!view()->hasFocus())
@@ -206,12 +212,21 @@ void ListControl::placeHint() {
 void ListControl::prepareHint() {
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setWordWrap(true);
-    m_hint->setEnabled(false);
     m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
     for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&m_list, changed, this, &ListControl::placeHint);
     connect(&m_list, &QAbstractItemModel::modelReset, this, &ListControl::placeHint);
+    colorHint();
     placeHint();
+}
+
+/// Paler than the rows' text, and still easy to read on light and dark lists.
+void ListControl::colorHint() {
+    QColor color = palette().color(QPalette::Active, QPalette::Text);
+    color.setAlphaF(0.65F);
+    QPalette colors;
+    colors.setColor(QPalette::WindowText, color);
+    m_hint->setPalette(colors);
 }
 
 int ListControl::selectNeighbour(int step) {

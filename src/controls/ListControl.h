@@ -86,6 +86,7 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override; ///< frames the list that has the focus
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -95,6 +96,7 @@ private:
     void prepareHint();
     void showSorting();
     void placeHint();
+    void colorHint();
     bool keyPressed(const QKeyEvent& event);
     bool menuRequested(const QContextMenuEvent& event, bool onViewport);
     QPoint menuPosition() const;

@@ -36,10 +36,13 @@ private:
         painter.drawPixmap(toDevice.inverted().map(corner), picture);
     }
 
+    /// In its own proportions, in the middle of the place.
     void paintScaled(QPainter& painter, const QRect& rect) {
+        QRect place({}, m_picture.size().scaled(rect.size(), Qt::KeepAspectRatio));
+        place.moveCenter(rect.center());
         const bool wasSmooth = painter.testRenderHint(QPainter::SmoothPixmapTransform);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawPixmap(rect, m_picture);
+        painter.drawPixmap(place, m_picture);
         painter.setRenderHint(QPainter::SmoothPixmapTransform, wasSmooth);
     }
 

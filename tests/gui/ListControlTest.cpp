@@ -9,12 +9,14 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
 #include <QTreeView>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -45,7 +47,30 @@ protected:
     ListControl control{list};
 };
 
+/// Light that a colour sends out, 0 to 1 (WCAG 2, relative luminance).
+double luminance(const QColor& color) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
 } // namespace
+
+TEST_F(ListControlTest, AHintHasAContrastOfFourAndAHalfOnLightAndDarkLists) {
+    const auto& hint = *control.findChild<QLabel*>();
+    for (const auto& [text, base] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
+        QPalette palette;
+        palette.setColor(QPalette::Text, text);
+        palette.setColor(QPalette::Base, base);
+        control.setPalette(palette);
+        QImage shown(1, 1, QImage::Format_RGB32);
+        shown.fill(base);
+        QPainter(&shown).fillRect(0, 0, 1, 1, hint.palette().color(QPalette::WindowText));
+        const auto [dark, light] = std::minmax({luminance(shown.pixelColor(0, 0)), luminance(base)});
+        EXPECT_GE((light + 0.05) / (dark + 0.05), 4.5);
+    }
+}
 
 TEST_F(ListControlTest, SelectionStaysInStepUnderAnyMixOfChanges) {
     fill(23);

@@ -202,6 +202,13 @@ TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsName
     EXPECT_TRUE(waitFor([&] { return panel("filename") == "photo02.jpg"; }));
     EXPECT_EQ(listed().selectedRows(), std::vector<int>{1});
     EXPECT_EQ(child<FolderTree>(window(), "ftvBrowse").selectedFolder(), pictures());
+    makePicture(pictures() + QStringLiteral("/new.jpg"));
+    type(pictures() + QStringLiteral("/new.jpg"));
+    EXPECT_TRUE(waitFor([&] { return panel("filename") == "new.jpg"; }))
+        << "a folder on show is listed again";
+    EXPECT_TRUE(QFile::rename(pictures() + QStringLiteral("/new.jpg"), pictures() + QStringLiteral("/new")));
+    type(pictures() + QStringLiteral("/new"));
+    EXPECT_TRUE(waitFor([&] { return panel("status") == "The folder list does not contain new."; }));
     QDir().mkpath(path(".hidden"));
     type(path(".hidden"));
     auto& tree = child<FolderTree>(window(), "ftvBrowse");
@@ -461,8 +468,8 @@ TEST_F(MainWindow, AnEmptyFolderSaysSoAndTakesThePreviewAwayUnlessItIsTheBaskets
     EXPECT_EQ(panel("filename"), "No file selected");
 }
 
-TEST_F(MainWindow, SettingsAreInForceAsSoonAsTheirDialogIsAccepted) {
-    start();
+TEST_F(MainWindow, SettingsAreInForceAtOnceAndThumbnailsKeepTheirSizeUntilTheNextListing) {
+    startListing(1);
     EXPECT_FALSE(child<QWidget>(window(), "lvFolder").toolTip().isEmpty());
     script.on("frmSettings", [](QWidget& dialog) {
         child<QAbstractButton>(dialog, "chkAllowTip").setChecked(false);
@@ -473,7 +480,10 @@ TEST_F(MainWindow, SettingsAreInForceAsSoonAsTheirDialogIsAccepted) {
     EXPECT_FALSE(script.isDone()) << "an adding of files would wait for the dialog";
     EXPECT_TRUE(waitFor([&] { return script.isDone(); }));
     EXPECT_TRUE(child<QWidget>(window(), "lvFolder").toolTip().isEmpty());
-    EXPECT_EQ(window().folderView().settings.folderThumb.width, 90);
+    const auto& list = child<ListControl>(window(), "lvFolder");
+    EXPECT_EQ(list.thumbnailSize(), QSize(40, 40)) << "that of the pictures on show";
+    click(window(), "cmdRefreshFolder");
+    EXPECT_EQ(list.thumbnailSize(), QSize(90, 40));
 }
 
 TEST_F(MainWindow, EveryShortcutReachesAWidget) {

@@ -11,12 +11,14 @@
 #include "controls/SortMenu.h"
 
 #include <QAbstractItemView>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -94,14 +96,19 @@ void FolderPane::connectSize() {
     connect(m_size, &QSlider::sliderReleased, this, &FolderPane::takeThumbnailSize);
     connect(m_list, &ListControl::zoomed, this, &FolderPane::zoom);
     connect(&m_rest, &QTimer::timeout, this, &FolderPane::takeThumbnailSize);
+    connect(&m_view, &FolderView::thumbnailSizeChanged, this, &FolderPane::showThumbnailSize);
+    showThumbnailSize();
 }
 
-void FolderPane::setThumbnailSize(QSize size) {
-    m_proportions = size;
-    m_rest.stop();
+/// The size that a listing begins with, unless the user is just choosing another one.
+void FolderPane::showThumbnailSize() {
+    if (m_rest.isActive() || m_size->isSliderDown())
+        return;
+    const Size size = m_view.settings.folderThumb;
+    m_proportions = {size.width, size.height};
     const QSignalBlocker blocker(m_size);
-    m_size->setValue(std::max(size.width(), size.height()));
-    m_list->setThumbnailSize(size);
+    m_size->setValue(std::max(size.width, size.height));
+    m_list->setThumbnailSize(m_proportions);
 }
 
 /// The thumbnails that are there are scaled at once.
@@ -144,8 +151,11 @@ void FolderPane::selectWantedFile() {
         Q_EMIT rowChosen(rows, row);
         return;
     }
-    if (!m_view.isRunning())
-        m_wantedFile.clear();
+    if (m_view.isRunning())
+        return;
+    const QString name = QFileInfo(std::exchange(m_wantedFile, {})).fileName();
+    if (m_view.refusal().isEmpty()) // else that is the reason
+        Q_EMIT fileMissing(tr("The folder list does not contain %1.").arg(name));
 }
 
 void FolderPane::connectActions() {

@@ -24,12 +24,13 @@ public:
 
     ListControl& lvFolder() const { return *m_list; }
     void setForm(int folderView); ///< 0 thumbnails, else details
-    void setThumbnailSize(QSize size);
-    /// Selects and shows a picture of the listed folder, as soon as it has a row.
+    /// Selects and shows a picture of the listed folder, as soon as it has a row. A complete listing without
+    /// it is reported.
     void selectFile(const QString& path);
 
 Q_SIGNALS:
-    void thumbnailSizeChosen(QSize size); ///< by the user, who has come to rest
+    void thumbnailSizeChosen(QSize size);    ///< by the user, who has come to rest
+    void fileMissing(const QString& reason); ///< a file that was to be selected is not listed
     void cmdAddToQueue();
     void formChosen(int folderView);                 ///< by the user: 0 thumbnails, 3 details
     void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
@@ -44,6 +45,7 @@ private:
     void chooseRow();
     void showForm();
     void showHint();
+    void showThumbnailSize();
     void resizeThumbnails(int side);
     void zoom(int angle);
     void takeThumbnailSize();

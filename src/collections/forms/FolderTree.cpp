@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -53,6 +54,7 @@ FolderTree::FolderTree(QWidget* parent) :
     setEditTriggers(NoEditTriggers);
     showNamesOnly();
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &FolderTree::choose);
+    connect(this, &QTreeView::clicked, this, &FolderTree::chooseAgain);
     connect(m_model, &FolderModel::foldersFound, this, &FolderTree::scheduleDelayedItemsLayout);
     keepSelectionInView();
     keepNamesComplete();
@@ -105,12 +107,21 @@ void FolderTree::choose(const QModelIndex& folder) {
         Q_EMIT folderSelected(m_selected = m_model->filePath(folder));
 }
 
+/// A click on the current folder lists it again, once for a double click.
+void FolderTree::chooseAgain(const QModelIndex& clicked) {
+    if (clicked == std::exchange(m_currentAtPress, {}))
+        choose(clicked);
+}
+
 void FolderTree::selectFolder(const QString& path) {
     const QString folder = nearestFolder(path);
     const QModelIndex index = m_model->index(folder);
     if (!index.isValid())
         return selectHiddenFolder(folder);
-    setCurrentIndex(index);
+    if (index == currentIndex())
+        choose(index);
+    else
+        setCurrentIndex(index);
     expand(index.parent());
     m_following = true;
     m_settle.start();
@@ -154,6 +165,8 @@ QString FolderTree::selectedFolder() const {
 bool FolderTree::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel)
         m_following = false;
+    if (event->type() == QEvent::MouseButtonPress)
+        m_currentAtPress = currentIndex();
     return QTreeView::viewportEvent(event);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QTimer>
 #include <QTreeView>
 #include <memory>
@@ -20,7 +21,8 @@ public:
     FolderTree(const FolderTree&) = delete;
     FolderTree& operator=(const FolderTree&) = delete;
 
-    /// Selects a folder, or the nearest one above it that exists. Emits folderSelected as a click does.
+    /// Selects a folder, or the nearest one above it that exists. Emits folderSelected as a click does, also
+    /// for the folder that is selected already.
     void selectFolder(const QString& path);
     QString selectedFolder() const; ///< empty while none is selected
 
@@ -36,6 +38,7 @@ private:
     void keepSelectionInView();
     void keepNamesComplete();
     void choose(const QModelIndex& folder);
+    void chooseAgain(const QModelIndex& clicked);
     void selectHiddenFolder(const QString& folder);
     void centreCurrentFolder();
     void fitColumn();
@@ -43,6 +46,7 @@ private:
     FolderModel* m_model;
     std::unique_ptr<QAbstractFileIconProvider> m_icons;
     QString m_selected;
+    QPersistentModelIndex m_currentAtPress; ///< when the mouse button went down; invalid after its click
     QTimer m_settle{this};
     QTimer m_fit{this};
     bool m_following = false; ///< the selection is kept in view until the user scrolls or clicks
