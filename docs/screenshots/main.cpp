@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tarsel-screenshots [--dark] [--dialogs] WIDTH HEIGHT PICTURES PREFIX: pictures of the main window with the
-// pictures of a folder, and of each dialog, as PREFIX and the window's name.
+// tarsel-screenshots [--dark] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX: pictures of the main window
+// with the pictures of a folder, of each dialog, and of the window with each task previewed, as PREFIX and
+// the window's name.
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "base/ProgramIdentity.h"
@@ -77,6 +78,24 @@ void saveDialogs(frmMain& window, const QString& prefix) {
     }
 }
 
+void saveTasks(frmMain& window, const QString& prefix) {
+    const auto click = [&](const QString& button) {
+        window.findChild<QAbstractButton*>(button)->click();
+        settle([&] { return !window.preview().isBusy(); });
+    };
+    click(QStringLiteral("CmdPreviewEdit"));
+    save(window, prefix + QStringLiteral("Nothing-"));
+    for (const TaskKind& kind : taskKinds()) {
+        const QString key = QString::fromLatin1(kind.panelKey);
+        if (!window.findChild<QAbstractButton*>(key))
+            continue;
+        click(key);
+        click(QStringLiteral("cmdApply"));
+        save(window, prefix + key + QLatin1Char('-'));
+        click(QStringLiteral("cmdReset"));
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -87,8 +106,9 @@ int main(int argc, char** argv) {
     if (operands.removeAll(QStringLiteral("--dark")) > 0)
         QApplication::setPalette(darkPalette());
     const bool dialogs = operands.removeAll(QStringLiteral("--dialogs")) > 0;
+    const bool tasks = operands.removeAll(QStringLiteral("--edit")) > 0;
     if (operands.size() != 4) {
-        std::fprintf(stderr, "expected [--dark] [--dialogs] WIDTH HEIGHT PICTURES PREFIX\n");
+        std::fprintf(stderr, "expected [--dark] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX\n");
         return 2;
     }
     QtDesktop desktop;
@@ -103,6 +123,8 @@ int main(int argc, char** argv) {
     save(window, operands[3]);
     if (dialogs)
         saveDialogs(window, operands[3]);
+    if (tasks)
+        saveTasks(window, operands[3]);
     window.close();
     return 0;
 }

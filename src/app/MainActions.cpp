@@ -45,6 +45,8 @@ constexpr ActionRow rows[] = {
     // the preview
     {"cmdPreviewPrevious", TEXT("Previous image"), TEXT("Previous image"), "previous", "Alt+Left"},
     {"cmdPreviewNext", TEXT("Next image"), TEXT("Next image"), "next", "Alt+Right"},
+    {"CmdPreviewEdit", TEXT("  Edit"), TEXT("Change the picture with tasks, or finish that"), "edit", "F4"},
+    {"mnuPreviewEdit", TEXT("&Edit/Enhance image"), "", "edit"},
     {"cmdPreviewView", TEXT("Bes&t Fit"), TEXT("Show the complete picture or each of its pixels"), "zoom"},
     {"mnuPreviewBestFit", TEXT("Best &Fit"), "", "zoom", "Ctrl+9", "previewFit"},
     {"mnuPreviewActualSize", TEXT("Ac&tual Size"), "", "actualSize", "Ctrl+0", "previewFit"},
@@ -53,6 +55,11 @@ constexpr ActionRow rows[] = {
     {"mnuPreviewOriginal", TEXT("&Original"), "", "iDetailIcon", "", "previewType"},
     {"mnuPreviewOptimized", TEXT("O&ptimized"), "", "optimized", "", "previewType"},
     {"cmdPreviewSave", TEXT("Save ima&ge"), TEXT("Save the picture on show"), "save"},
+    // editing
+    {"cmdApply", TEXT("Preview"), TEXT("Show what the task does to the picture"), "preview", "F9"},
+    {"cmdOK", TEXT("Finish"), TEXT("Confirm the task, or finish editing"), "confirm", "Ctrl+Return"},
+    {"cmdReset", TEXT("&Reset"), TEXT("Take back the preview and the options"), "undo", "Shift+F9"},
+    {"cmdOriginalImage", TEXT("Or&iginal image"), TEXT("Remove all tasks"), "iDetailIcon"},
     {"mnuPreviewSaveImage", TEXT("&Image document"), "", "save", "Ctrl+E"},
 };
 

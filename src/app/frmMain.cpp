@@ -4,6 +4,7 @@
 #include "app/MainActions.h"
 #include "app/RunEndNotice.h"
 #include "app/StatusPanels.h"
+#include "app/TaskPane.h"
 #include "app/TipSwitch.h"
 #include "app/frmSettings.h"
 #include "base/Dialogs.h"
@@ -50,7 +51,9 @@ frmMain::frmMain(StartupOptions options) :
     m_folderPane(new FolderPane(m_folderView, m_workspace.lvFolder, m_actions, this)),
     m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
     m_previewPane(new PreviewPane(m_workspace.ibMain, m_actions, this)),
-    m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)) {
+    m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)),
+    m_taskPane(new TaskPane(m_workspace.tasks, ConfigRecord.Tasks, m_actions, this)),
+    m_workflow(m_preview, m_workspace.tasks, *m_taskPane) {
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
@@ -65,6 +68,7 @@ frmMain::frmMain(StartupOptions options) :
     connectBasketPane();
     connectTaskBasket();
     connectPreview();
+    connectEditing();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -84,14 +88,11 @@ void frmMain::arrangePanes() {
     splMain->setObjectName(QStringLiteral("splMain"));
     splMain->setSplitterRange(20, 90); // the record can't hold 10, its sign of damage
 
-    auto* eb = new QWidget(this); // the task panel, out of sight while it is empty
-    eb->setObjectName(QStringLiteral("eb"));
-    eb->hide();
     auto* centre = new QWidget(this);
     auto* columns = new QHBoxLayout(centre);
     columns->setContentsMargins(8, 8, 8, 4);
     columns->addWidget(splMain, 1);
-    columns->addWidget(eb);
+    columns->addWidget(m_taskPane);
     setCentralWidget(centre);
 
     auto* statusBar = new StatusBar(m_workspace.sbMain, statusPanels(), this);
@@ -166,11 +167,13 @@ void frmMain::connectBasketPane() {
 
 void frmMain::connectTaskBasket() {
     connect(m_browsePane, &BrowsePane::cmdEditBar, this, [this](int index) {
-        if (taskBasketActions::cmdEditBar(index, m_workspace.tasks))
-            m_preview.showTasks();
+        if (taskBasketActions::cmdEditBar(index, m_workspace.tasks, m_workflow.isOpen()))
+            m_workflow.rowsChanged();
     });
-    connect(&m_browsePane->lvEdit(), &ListControl::rowClicked, &m_preview, &Preview::showTasks);
-    connect(&m_browsePane->lvEdit(), &ListControl::keySelected, &m_preview, &Preview::showTasks);
+    for (const ListControl* list : {&m_browsePane->lvEdit(), &m_taskPane->lvEditPreview()}) {
+        connect(list, &ListControl::rowClicked, &m_workflow, &TaskWorkflow::rowClicked);
+        connect(list, &ListControl::keySelected, &m_workflow, &TaskWorkflow::rowClicked);
+    }
 }
 
 void frmMain::connectPreview() {
@@ -369,6 +372,7 @@ void frmMain::setRunning(bool running) {
     QWidget* const focused = focusWidget();
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
+    m_taskPane->setEnabled(!running);
     m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings"}, !running);
     offerDialogs(!running);
     if (running)

@@ -7,6 +7,7 @@
 #include "collections/Workspace.h"
 #include "controls/ActionTable.h"
 #include "output/forms/ImageDocument.h"
+#include "tasks/TaskWorkflow.h"
 
 #include <QLockFile>
 #include <QMainWindow>
@@ -23,6 +24,7 @@ class ListControl;
 class MetadataPane;
 class PreviewPane;
 class ProgressBar;
+class TaskPane;
 class Splitter;
 
 /// The main window: creates the shared lists and boxes, passes them to the panes and connects their
@@ -77,6 +79,7 @@ private:
     void connectBasketPane();
     void connectTaskBasket();
     void connectPreview();
+    void connectEditing();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -112,6 +115,8 @@ private:
     void saveRowAs(int row);
     void savePictureWanted();
     void saveImageDocument();
+    void showEditing();
+    void showTaskPanel(bool open);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();
@@ -139,6 +144,8 @@ private:
     BasketPane* m_basketPane;
     PreviewPane* m_previewPane;
     MetadataPane* m_metadataPane;
+    TaskPane* m_taskPane;
+    TaskWorkflow m_workflow;
     Splitter* splMain = nullptr;
     Splitter* splRight = nullptr;
     Splitter* splLeft = nullptr;

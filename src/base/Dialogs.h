@@ -11,7 +11,7 @@ namespace tarsel {
 struct ErrorReport;
 
 enum class MessageIcon { None, Information, Exclamation, Question, Stop };
-enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
 /// What a file dialog is asked for. `filter` is pairs of text and pattern, all separated by "|":

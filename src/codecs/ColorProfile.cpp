@@ -115,7 +115,8 @@ RgbKind kindOf(const QByteArray& iccProfile) {
     return changesAnything(transform.get()) ? RgbKind::OfItsOwn : RgbKind::LikeSRgb;
 }
 
-/// What was found for the latest few profiles, on any thread: finding it takes longer than many a thumbnail.
+/// What was found for the latest few profiles, on any thread: finding it takes longer than many a thumbnail,
+/// and a border is merged in hundreds of pieces.
 template <class Key, class Value>
 class LatestResults {
 public:
@@ -204,25 +205,8 @@ void RgbConversion::convert(PixelView pixels) const {
         cmsDoTransform(transform, pixels.row(y), pixels.row(y), cmsUInt32Number(pixels.width));
 }
 
-namespace {
-
-/// The thread's latest conversion is kept: a border is merged in hundreds of pieces, and to set a conversion
-/// up takes longer than to convert one.
-const RgbConversion& conversionBetween(const QByteArray& from, const QByteArray& to) {
-    struct Latest {
-        QByteArray from, to;
-        std::unique_ptr<const RgbConversion> conversion;
-    };
-    thread_local Latest latest;
-    if (!latest.conversion || latest.from != from || latest.to != to)
-        latest = {from, to, std::make_unique<const RgbConversion>(from, to)};
-    return *latest.conversion;
-}
-
-} // namespace
-
 Picture converted(const Picture& picture, const QByteArray& from, const QByteArray& to) {
-    const RgbConversion& conversion = conversionBetween(from, to);
+    const RgbConversion conversion(from, to);
     Picture result = picture;
     if (!picture.isNull() && conversion.changesColors())
         conversion.convert(result.edit());

@@ -62,50 +62,84 @@ void Preview::ShowRow(ListView& list, int row) {
     m_lists.lvExif.clear();
     m_lists.lvIPTC.clear();
     m_wantedPath = path;
-    request(path, OptimizedPreview);
+    load(path, OptimizedPreview);
 }
 
 void Preview::rebuild() {
     show(OptimizedPreview);
 }
 
-void Preview::showTasks() {
-    show(true);
+void Preview::showTasks(bool editing) {
+    show(true, editing);
 }
 
 void Preview::reload() {
     if (!m_wantedPath.isEmpty())
-        request(m_wantedPath, OptimizedPreview);
+        load(m_wantedPath, OptimizedPreview);
 }
 
-void Preview::show(bool withTasks) {
-    if (m_pending)
-        request(m_pending->path, withTasks);
-    else if (m_lists.ibMain.HasImage())
-        request({}, withTasks);
+void Preview::show(bool withTasks, bool editing) {
+    if (m_pending && !m_pending->path.isEmpty())
+        return load(m_pending->path, withTasks);
+    if (!m_lists.ibMain.HasImage())
+        return;
+    PreviewWorker::Request request = requestFor(m_original);
+    if (withTasks)
+        addTasks(request, editing);
+    send(std::move(request));
 }
 
-void Preview::request(const QString& path, bool withTasks) {
-    PreviewWorker::Request request{.number = ++m_lastNumber,
-                                   .path = path,
-                                   .original = m_original,
-                                   .metadata = m_lists.ibMain.metadata(),
-                                   .box = m_lists.ibMain,
-                                   .view = view,
-                                   .tasks = {},
-                                   .upright = upright,
-                                   .readStored = readStored};
+void Preview::load(const QString& path, bool withTasks) {
+    PreviewWorker::Request request = requestFor({});
+    request.path = path;
+    if (withTasks)
+        addTasks(request, false);
+    send(std::move(request));
+    Q_EMIT loadingBegun(path);
+}
+
+void Preview::showPreview(const Picture& start, const TaskRow& row) {
+    PreviewWorker::Request request = requestFor(start);
+    request.preview = row;
+    send(std::move(request));
+}
+
+void Preview::showSnapshot(const Picture& snapshot) {
+    stop();
+    service<EventLoop>().setBusyPointer(false);
+    m_lists.ibMain.LoadFromMemory(snapshot, 7);
+    m_shown.picture = snapshot;
+    m_shown.size = {snapshot.width(), snapshot.height()};
+    m_shown.isReduced = false;
+    Q_EMIT pictureChanged();
+}
+
+/// The settings of the box go along; picture and metadata don't.
+PreviewWorker::Request Preview::requestFor(const Picture& start) const {
+    PreviewWorker::Request request;
+    request.start = start;
+    request.original = m_original;
+    request.metadata = m_lists.ibMain.metadata();
+    request.box = m_lists.ibMain;
     request.box.Clear();
     request.box.StretchToFit = true;
-    if (withTasks)
-        request.tasks = modProcessTasks::rowsToReplay(m_lists.tasks.lvEdit, m_lists.tasks.lvEditBatch,
-                                                      &m_lists.tasks.lvEditPreview, false);
-    if (!request.tasks.empty())
+    request.view = view;
+    request.upright = upright;
+    request.readStored = readStored;
+    return request;
+}
+
+void Preview::addTasks(PreviewWorker::Request& request, bool editing) const {
+    request.tasks = modProcessTasks::rowsToReplay(m_lists.tasks.lvEdit, m_lists.tasks.lvEditBatch,
+                                                  &m_lists.tasks.lvEditPreview, false, editing);
+}
+
+void Preview::send(PreviewWorker::Request request) {
+    request.number = ++m_lastNumber;
+    if (!request.tasks.empty() || request.preview)
         service<EventLoop>().setBusyPointer(true);
-    m_pending = Pending{request.number, path};
+    m_pending = Pending{request.number, request.path, request.preview.has_value()};
     m_worker.request(std::move(request));
-    if (!path.isEmpty())
-        Q_EMIT loadingBegun(path);
 }
 
 void Preview::dropUnselected() {
@@ -131,6 +165,7 @@ void Preview::clear() {
         m_lists.sbMain.setPanel(QLatin1String(panel), {});
     m_lists.sbMain.setPanel(QStringLiteral("filename"), tr("No file selected"));
     Q_EMIT pictureChanged();
+    Q_EMIT replaced();
 }
 
 void Preview::stop() {
@@ -152,6 +187,7 @@ void Preview::apply(PreviewWorker::Result result) {
 }
 
 void Preview::takeResult(PreviewWorker::Result result) {
+    const char* routine = m_pending->isPreview ? "FrmMain.cmdApply_Click" : "subProcessPages";
     m_pending.reset();
     const std::optional<TrappedError> failure = std::move(result.failure);
     const QString path = result.path;
@@ -164,9 +200,13 @@ void Preview::takeResult(PreviewWorker::Result result) {
     if (!path.isEmpty())
         describe(path);
     Q_EMIT pictureChanged();
+    if (path.isEmpty())
+        Q_EMIT settled(failure.has_value());
+    else
+        Q_EMIT replaced();
     if (failure) {
         const ErrorSubject subject(m_shownPath);
-        std::ignore = trap("subProcessPages", [&] { throw *failure; });
+        std::ignore = trap(routine, [&] { throw *failure; });
     }
 }
 

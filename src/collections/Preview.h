@@ -6,6 +6,7 @@
 #include "base/StatusLine.h"
 #include "collections/PreviewWorker.h"
 #include "imaging/ImageBox.h"
+#include "tasks/EditedPicture.h"
 #include "tasks/TaskList.h"
 
 #include <QObject>
@@ -17,7 +18,7 @@ enum class MetadataTab { Exif = 0, Iptc = 1 };
 /// The one owner of the preview's box: loads the picture of a list's row into ibMain, applies the task basket
 /// to it, and fills the metadata lists and the status panels. Loading and tasks run in the background; of
 /// requests that follow each other the newest wins, and what comes back for another one is dropped.
-class Preview final : public QObject {
+class Preview final : public QObject, public EditedPicture {
     Q_OBJECT
 public:
     struct Lists {
@@ -42,8 +43,6 @@ public:
     void ShowRow(ListView& list, int row);
     /// Shows the picture again as OptimizedPreview says.
     void rebuild();
-    /// Shows the picture with the tasks, up to the selected one, whatever OptimizedPreview says.
-    void showTasks();
     /// Loads the picture of the row shown last again, after a change of how pictures are prepared.
     void reload();
     /// Shows no picture, unless the one on show is that of the selected row of either list.
@@ -52,23 +51,38 @@ public:
     void stop();
     /// What is to be seen now. While a large picture is being read, the box is still empty.
     const PreviewPicture& shown() const { return m_shown; }
-    bool isBusy() const { return m_pending.has_value(); }
     /// Path of the picture shown last; empty before the first one.
     const QString& shownPath() const { return m_shownPath; }
 
+    // --- EditedPicture
+    ImageBox& box() override { return m_lists.ibMain; }
+    bool isBusy() const override { return m_pending.has_value(); }
+    bool showsTasks() const override { return OptimizedPreview; }
+    void showOriginal() override { showSnapshot(m_original); }
+    /// Whatever OptimizedPreview says.
+    void showTasks(bool editing) override;
+    void showSnapshot(const Picture& snapshot) override;
+    void showPreview(const Picture& start, const TaskRow& row) override;
+
 Q_SIGNALS:
     void loadingBegun(const QString& path);
+    void replaced();           ///< by the picture of another file, or by none
+    void settled(bool failed); ///< what was done to the picture on show is done
     void pictureChanged();
     void metadataRead(tarsel::MetadataTab tab);
 
 private:
     struct Pending {
         quint64 number;
-        QString path; ///< empty when the picture shown is made again
+        QString path; ///< empty when something is done to the picture on show
+        bool isPreview = false;
     };
 
-    void show(bool withTasks);
-    void request(const QString& path, bool withTasks);
+    void show(bool withTasks, bool editing = false);
+    void load(const QString& path, bool withTasks);
+    PreviewWorker::Request requestFor(const Picture& start) const;
+    void addTasks(PreviewWorker::Request& request, bool editing) const;
+    void send(PreviewWorker::Request request);
     void apply(PreviewWorker::Result result);
     void takeResult(PreviewWorker::Result result);
     void takePicture(PreviewWorker::Result& result);

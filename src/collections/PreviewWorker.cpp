@@ -10,6 +10,7 @@
 #include "imaging/DisplayColors.h"
 #include "imaging/QuickPicture.h"
 #include "imaging/Upright.h"
+#include "tasks/PreviewStep.h"
 #include "tasks/Replay.h"
 
 #include <utility>
@@ -63,7 +64,7 @@ public:
 private:
     void start() {
         if (m_request.path.isEmpty()) {
-            m_result.box.LoadFromMemory(m_request.original, snapshotFormat);
+            m_result.box.LoadFromMemory(m_request.start, snapshotFormat);
             return;
         }
         if (m_request.tasks.empty()) // what they make of a picture can be anything
@@ -103,8 +104,13 @@ private:
     }
 
     void runTasks() {
-        m_result.original = m_result.box.SaveToMemory(snapshotFormat);
-        m_result.failure = failureOf([&] { replayRows(m_result.box, m_request.tasks, currentStop()); });
+        m_result.original =
+            m_request.path.isEmpty() ? m_request.original : m_result.box.SaveToMemory(snapshotFormat);
+        m_result.failure = failureOf([&] {
+            replayRows(m_result.box, m_request.tasks, currentStop());
+            if (m_request.preview)
+                previewStep(m_result.box, *m_request.preview);
+        });
         raiseIfStopped();
         // Also after a task that failed: the tasks before it show.
         const Picture& picture = m_result.box.picture();

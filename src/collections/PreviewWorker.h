@@ -18,12 +18,14 @@ class PreviewWorker {
 public:
     struct Request {
         quint64 number = 0; ///< comes back with the results
-        QString path;       ///< of the file to load; empty to start from `original`
-        Picture original;
-        MetadataStore metadata; ///< of `original`
+        QString path;       ///< of the file to load; empty to work on `start`
+        Picture start;
+        Picture original;       ///< as loaded, when `path` is empty
+        MetadataStore metadata; ///< of `start`
         ImageBox box;           ///< the settings from which the tasks start; without picture and metadata
         Size view{1920, 1080};  ///< where the picture will be shown
         std::vector<TaskRow> tasks;
+        std::optional<TaskRow> preview{};   ///< a task that the user is trying, run as its preview
         bool upright = false;               ///< the picture loaded is turned by its EXIF orientation
         QuickPictureReader readStored = {}; ///< finds what stands in for a picture that is slow to read
     };

@@ -3,8 +3,8 @@
 
 namespace tarsel {
 
-/// From now on assistive programs know the controls that are no control of Qt's: the bar of a splitter,
-/// links.
+/// From now on assistive programs know the controls that Qt doesn't have: the bar of a splitter, links, the
+/// parts of an isExplorerBar.
 void installAccessibleControls();
 
 } // namespace tarsel

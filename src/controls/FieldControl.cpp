@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/FieldControl.h"
 
+#include "controls/ValueControl.h"
+
 #include <QAbstractSlider>
 #include <QButtonGroup>
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QSpinBox>
 #include <type_traits>
 
 namespace tarsel {
@@ -24,12 +24,10 @@ void numberButtons(QButtonGroup& group) {
 /// default.
 template <class Work>
 auto asItsClass(QObject* control, const Work& work) {
+    if (auto* own = dynamic_cast<ValueControl*>(control))
+        return work(own);
     if (auto* slider = qobject_cast<QAbstractSlider*>(control))
         return work(slider);
-    if (auto* spin = qobject_cast<QSpinBox*>(control))
-        return work(spin);
-    if (auto* real = qobject_cast<QDoubleSpinBox*>(control))
-        return work(real);
     if (auto* button = qobject_cast<QAbstractButton*>(control))
         return work(button);
     if (auto* edit = qobject_cast<QLineEdit*>(control))
@@ -44,9 +42,8 @@ auto asItsClass(QObject* control, const Work& work) {
 struct SetValue {
     const QVariant& value;
 
+    void operator()(ValueControl* own) const { own->setValue(value); }
     void operator()(QAbstractSlider* slider) const { slider->setValue(value.toInt()); }
-    void operator()(QSpinBox* spin) const { spin->setValue(value.toInt()); }
-    void operator()(QDoubleSpinBox* spin) const { spin->setValue(value.toDouble()); }
     void operator()(QAbstractButton* button) const { button->setChecked(value.toInt() != 0); }
     void operator()(QLineEdit* edit) const { edit->setText(value.toString()); }
     void operator()(QComboBox* box) const {
@@ -62,9 +59,8 @@ struct SetValue {
 };
 
 struct GetValue {
+    QVariant operator()(ValueControl* own) const { return own->value(); }
     QVariant operator()(QAbstractSlider* slider) const { return slider->value(); }
-    QVariant operator()(QSpinBox* spin) const { return spin->value(); }
-    QVariant operator()(QDoubleSpinBox* spin) const { return spin->value(); }
     QVariant operator()(QAbstractButton* button) const { return button->isChecked() ? 1 : 0; }
     QVariant operator()(QLineEdit* edit) const { return edit->text(); }
     QVariant operator()(QComboBox* box) const {
@@ -82,9 +78,8 @@ struct OnChange {
     void join(Control* control, Signal signal) const {
         QObject::connect(control, signal, control, [call = changed] { call(); });
     }
+    void operator()(ValueControl* own) const { own->onChange(changed); }
     void operator()(QAbstractSlider* slider) const { join(slider, &QAbstractSlider::valueChanged); }
-    void operator()(QSpinBox* spin) const { join(spin, &QSpinBox::valueChanged); }
-    void operator()(QDoubleSpinBox* spin) const { join(spin, &QDoubleSpinBox::valueChanged); }
     void operator()(QAbstractButton* button) const { join(button, &QAbstractButton::toggled); }
     void operator()(QLineEdit* edit) const { join(edit, &QLineEdit::textChanged); }
     void operator()(QComboBox* box) const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/Conversions.h"
 #include "controls/FieldControl.h"
 
 #include <algorithm>
@@ -96,8 +97,11 @@ private:
     /// A number that the field can't hold becomes the nearest one that it can.
     template <class Number>
     static Number nearest(double value) {
-        using Limits = std::numeric_limits<Number>;
-        return Number(std::clamp(value, double(Limits::lowest()), double(Limits::max())));
+        if constexpr (std::is_floating_point_v<Number>)
+            return value;
+        else
+            return Number(std::clamp(roundHalfEven(value), double(std::numeric_limits<Number>::min()),
+                                     double(std::numeric_limits<Number>::max())));
     }
 
     static void store(const Row& row, Record& record) {

@@ -21,19 +21,19 @@ QString taskFilePath(const QString& path) {
     return path.endsWith(extension, Qt::CaseInsensitive) ? path : path + extension;
 }
 
-bool clearTasks(TaskList& tasks) {
+bool clearTasks(TaskList& tasks, bool) {
     const bool hadRows = tasks.count() > 0;
     tasks.clear();
     return hadRows;
 }
 
-bool openTasks(TaskList& tasks) {
+bool openTasks(TaskList& tasks, bool) {
     const auto choice = service<Dialogs>().openFileDialog(
         {QCoreApplication::translate("TaskBasketActions", "Open Editing list"), taskFilter(), {}});
     return choice && modSaveOpenImageList::fncOpenTaskBasket(choice->path, tasks);
 }
 
-bool saveTasks(TaskList& tasks) {
+bool saveTasks(TaskList& tasks, bool) {
     if (tasks.count() == 0)
         return false;
     const auto choice = saveFileDialogFor(
@@ -44,8 +44,8 @@ bool saveTasks(TaskList& tasks) {
     return false;
 }
 
-bool removeTask(TaskList& tasks) {
-    const int selected = tasks.lvEdit.selectedIndex();
+bool removeTask(TaskList& tasks, bool editing) {
+    const int selected = (editing ? tasks.lvEditPreview : tasks.lvEdit).selectedIndex();
     if (selected < 0)
         return false;
     tasks.remove(selected);
@@ -54,10 +54,10 @@ bool removeTask(TaskList& tasks) {
 
 } // namespace
 
-bool cmdEditBar(int index, TaskList& tasks) {
-    using Action = bool (*)(TaskList&);
+bool cmdEditBar(int index, TaskList& tasks, bool editing) {
+    using Action = bool (*)(TaskList&, bool editing);
     static constexpr Action actions[] = {clearTasks, openTasks, saveTasks, removeTask};
-    return actions[index](tasks);
+    return actions[index](tasks, editing);
 }
 
 } // namespace tarsel::taskBasketActions

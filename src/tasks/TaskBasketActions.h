@@ -6,7 +6,8 @@
 namespace tarsel::taskBasketActions {
 
 /// Runs button `index` of the task basket: 0 new, 1 open, 2 save, 3 remove. True when the rows changed and
-/// the picture on show has to be made again.
-bool cmdEditBar(int index, TaskList& tasks);
+/// the picture on show has to be made again. The list beside the preview says which row is selected while the
+/// user is `editing`.
+bool cmdEditBar(int index, TaskList& tasks, bool editing);
 
 } // namespace tarsel::taskBasketActions

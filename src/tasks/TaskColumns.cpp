@@ -44,6 +44,16 @@ constexpr ColumnDefault fixed(const char* text) {
     return {.field = {}, .texts = {text}};
 }
 
+constexpr ColumnControl noControl;
+
+constexpr ColumnControl control(const char* name, const char* companion = nullptr) {
+    return {.name = name, .companion = companion};
+}
+
+constexpr ColumnControl fraction(const char* name) {
+    return {.name = name, .takesFraction = true};
+}
+
 constexpr ColumnCondition on(int number) {
     return {Test::On, number};
 }
@@ -72,19 +82,34 @@ double valueOf(const QString& text) {
 }
 
 #define KIND(number, Kind) constexpr std::initializer_list<TaskColumn> columnsOf##Kind = {
-#define COLUMN(number, name, type, limits, fallback, initial, use)                                           \
-    {number, #name, ColumnType::type, limits, fallback, initial, use, valueOf<ColumnType::type>},
+#define COLUMN(number, name, type, limits, fallback, initial, control, use)                                  \
+    {number, #name, ColumnType::type, limits, fallback, initial, control, use, valueOf<ColumnType::type>},
+#define OPTION(field, control)
 #define END_KIND()                                                                                           \
     }                                                                                                        \
     ;
 #include "tasks/TaskColumns.def"
 
-std::initializer_list<TaskColumn> columnsOf(int kind) {
+#define KIND(number, Kind) constexpr std::initializer_list<TaskOption> optionsOf##Kind = {
+#define COLUMN(number, name, type, limits, fallback, initial, control, use)
+#define OPTION(field, control) {&D::field, control},
+#define END_KIND()                                                                                           \
+    }                                                                                                        \
+    ;
+#include "tasks/TaskColumns.def"
+
+struct KindTables {
+    std::initializer_list<TaskColumn> columns;
+    std::initializer_list<TaskOption> options;
+};
+
+KindTables tablesOf(int kind) {
     switch (kind) {
 #define KIND(number, Kind)                                                                                   \
     case number:                                                                                             \
-        return columnsOf##Kind;
-#define COLUMN(number, name, type, limits, fallback, initial, use)
+        return {columnsOf##Kind, optionsOf##Kind};
+#define COLUMN(number, name, type, limits, fallback, initial, control, use)
+#define OPTION(field, control)
 #define END_KIND()
 #include "tasks/TaskColumns.def"
     default:
@@ -122,11 +147,21 @@ QString textFor(int value, const std::array<const char*, 4>& texts) {
     return QString::fromLatin1(texts.at(std::size_t(std::clamp<std::ptrdiff_t>(value, 0, count - 1))));
 }
 
+/// Whether the texts of the default stand for the numbers of the control.
+bool hasTexts(const TaskColumn& column) {
+    return !std::holds_alternative<std::monostate>(column.initial.field) && column.initial.texts[0];
+}
+
 } // namespace
 
 std::span<const TaskColumn> taskColumns(int kind) {
-    const std::initializer_list<TaskColumn> columns = columnsOf(kind);
+    const std::initializer_list<TaskColumn> columns = tablesOf(kind).columns;
     return {columns.begin(), columns.size()};
+}
+
+std::span<const TaskOption> taskOptions(int kind) {
+    const std::initializer_list<TaskOption> options = tablesOf(kind).options;
+    return {options.begin(), options.size()};
 }
 
 bool isRead(const TaskColumn& column, std::span<const TaskColumn> columns, const TaskRow& row) {
@@ -148,6 +183,23 @@ QString defaultText(const TaskColumn& column, const TaskDefaults& defaults) {
                 return textFor(defaults.*field, initial.texts);
         },
         initial.field);
+}
+
+QString textOfNumber(const TaskColumn& column, int number) {
+    if (hasTexts(column))
+        return textFor(number, column.initial.texts);
+    return column.type == ColumnType::Flag ? fromBool(number != 0) : QString::number(number);
+}
+
+int numberOfText(const TaskColumn& column, const QString& text) {
+    if (hasTexts(column))
+        for (int number = 0; const char* each : column.initial.texts) {
+            if (each && text == QLatin1String(each))
+                return number;
+            ++number;
+        }
+    const bool isFlag = column.type == ColumnType::Flag || column.type == ColumnType::Check;
+    return isFlag ? int(toBool(text)) : toInt32(text);
 }
 
 TaskRow defaultRow(int kind, const TaskDefaults& defaults) {

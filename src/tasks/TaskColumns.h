@@ -13,8 +13,9 @@ namespace tarsel {
 /// The columns of each kind as typed handles: row[column::Rotate::degrees].
 namespace column {
 #define KIND(kind, Kind) struct Kind {
-#define COLUMN(number, name, type, limits, fallback, initial, use)                                           \
+#define COLUMN(number, name, type, limits, fallback, initial, control, use)                                  \
     static constexpr Column<ColumnType::type> name{number};
+#define OPTION(field, control)
 #define END_KIND()                                                                                           \
     }                                                                                                        \
     ;
@@ -67,6 +68,13 @@ struct ColumnDefault {
     std::array<const char*, 4> texts{}; ///< for each value of the field; the first one when there is no field
 };
 
+/// The control of an option panel that a column's text comes from.
+struct ColumnControl {
+    const char* name = nullptr;      ///< null for a column without one
+    const char* companion = nullptr; ///< label of a slider's number, or slider of a box
+    bool takesFraction = false;
+};
+
 /// A condition on the text of another column.
 struct ColumnCondition {
     enum class Test { None, On, Off, Equal, Filled };
@@ -89,14 +97,23 @@ struct TaskColumn {
     ColumnLimits limits;
     const char* fallback;
     ColumnDefault initial;
+    ColumnControl control;
     ColumnUse use;
     double (*value)(const QString& text); ///< reads as the replay does; 0 for a text
 
     const QString& text(const TaskRow& row) const { return row.columns.at(std::size_t(number - 1)); }
 };
 
+/// A setting of a panel that no column has.
+struct TaskOption {
+    TaskField field;
+    const char* control;
+};
+
 /// The columns of a kind; none for an unknown one.
 std::span<const TaskColumn> taskColumns(int kind);
+/// The other settings of its panel.
+std::span<const TaskOption> taskOptions(int kind);
 
 /// Whether a replay of the row, whose kind has these columns, reads the column. Raises what reading the
 /// columns of its conditions raises.
@@ -104,6 +121,12 @@ bool isRead(const TaskColumn& column, std::span<const TaskColumn> columns, const
 
 /// The text that a panel opens with; empty where that depends on the picture or on the fonts of the system.
 QString defaultText(const TaskColumn& column, const TaskDefaults& defaults);
+
+/// The text of a column for the number of its control: the index of the entry, 1 or 0 of a check box, a
+/// level.
+QString textOfNumber(const TaskColumn& column, int number);
+/// The number for such a text. Raises what reading a number raises.
+int numberOfText(const TaskColumn& column, const QString& text);
 
 /// A row of a kind with the default options, in the columns that a replay reads.
 TaskRow defaultRow(int kind, const TaskDefaults& defaults);

@@ -27,7 +27,7 @@ public:
 
     QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
     void saveBasket() { basketActions::cmdPagesSave(lvPages); }
-    void saveTasks() { taskBasketActions::cmdEditBar(2, tasks); }
+    void saveTasks() { taskBasketActions::cmdEditBar(2, tasks, false); }
 
     QTemporaryDir folder;
     TestDesktop desktop;

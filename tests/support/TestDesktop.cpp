@@ -19,9 +19,9 @@ std::optional<Answer> next(std::deque<std::optional<Answer>>& script, QStringLis
 }
 
 MessageAnswer refusal(MessageButtons buttons) {
-    return buttons == MessageButtons::OkCancel ? MessageAnswer::Cancel
-           : buttons == MessageButtons::YesNo  ? MessageAnswer::No
-                                               : MessageAnswer::Ok;
+    return buttons == MessageButtons::Ok      ? MessageAnswer::Ok
+           : buttons == MessageButtons::YesNo ? MessageAnswer::No
+                                              : MessageAnswer::Cancel;
 }
 
 } // namespace

@@ -43,6 +43,7 @@ PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* 
 }
 
 void PreviewPane::pictureChanged(const PreviewPicture& shown) {
+    m_actions.setEnabled({"CmdPreviewEdit", "mnuPreviewEdit"}, m_box.HasImage());
     enableSaving();
     m_view->pictureChanged(shown);
 }
@@ -99,7 +100,10 @@ void PreviewPane::chooseFit() {
 
 QWidget* PreviewPane::makeButton(const char* name, const char* menu,
                                  std::initializer_list<const char*> items) {
-    QToolButton* button = m_actions.makeMenuButton(name, menu, items, this);
+    return withText(m_actions.makeMenuButton(name, menu, items, this));
+}
+
+QToolButton* PreviewPane::withText(QToolButton* button) {
     button->setMinimumWidth(2 * button->iconSize().width());
     m_textButtons.push_back(button);
     return button;
@@ -124,6 +128,7 @@ QLayout* PreviewPane::makeBar() {
     bar->addStretch(1);
     for (const Choice& choice : {fitChoice, typeChoice})
         bar->addWidget(makeButton(choice.button, choice.menu, {choice.items[0], choice.items[1]}));
+    bar->addWidget(withText(m_actions.makeButton("CmdPreviewEdit", this, Qt::ToolButtonTextBesideIcon)));
     bar->addWidget(makeButton("cmdPreviewSave", "mnuSavePreviewAsParent", {"mnuPreviewSaveImage"}));
     for (const char* name : {"cmdPreviewPrevious", "cmdPreviewNext"})
         bar->addWidget(m_actions.makeButton(name, this));
@@ -149,7 +154,9 @@ void PreviewPane::connectView() {
         m_actions.action(step < 0 ? "cmdPreviewPrevious" : "cmdPreviewNext").trigger();
         m_view->setFocus();
     });
-    QMenu* menu = m_actions.makeMenu("mnuPreview", {"cmdPreviewPrevious", "cmdPreviewNext"}, this);
+    QMenu* menu =
+        m_actions.makeMenu("mnuPreview", {"mnuPreviewEdit", "cmdPreviewPrevious", "cmdPreviewNext"}, this);
+    menu->insertSeparator(&m_actions.action("cmdPreviewPrevious"));
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_view, &QWidget::customContextMenuRequested, menu,
             [this, menu](const QPoint& place) { menu->popup(m_view->mapToGlobal(place)); });

@@ -61,6 +61,7 @@ private:
     int checkedItem(const Choice& choice) const;
     void check(const Choice& choice, int item);
     QWidget* makeButton(const char* name, const char* menu, std::initializer_list<const char*> items);
+    QToolButton* withText(QToolButton* button);
     void enableSaving();
     void chooseType();
     void chooseFit();

@@ -3,6 +3,8 @@
 
 #include "tasks/TaskList.h"
 
+#include <QPoint>
+
 /// The replay of each kind of task, one file each; the table taskKinds() names them.
 namespace tarsel::steps {
 
@@ -16,6 +18,8 @@ void sharpen(ImageBox& box, const TaskRow& row);
 void crop(ImageBox& box, const TaskRow& row);
 void watermark(ImageBox& box, const TaskRow& row);
 void text(ImageBox& box, const TaskRow& row);
+/// Writes the settings of a Text row to the box, and returns where its text is to be drawn.
+QPoint prepareText(ImageBox& box, const TaskRow& row);
 void invert(ImageBox& box, const TaskRow& row);
 void canvas(ImageBox& box, const TaskRow& row);
 void frame(ImageBox& box, const TaskRow& row);

@@ -34,7 +34,7 @@ QPoint positionOf(const ImageBox& box, const TaskRow& row) {
 
 } // namespace
 
-void steps::text(ImageBox& box, const TaskRow& row) {
+QPoint steps::prepareText(ImageBox& box, const TaskRow& row) {
     box.TextAntiAlias = row[Text::antiAlias];
     box.TextTransparent = row[Text::transparent];
     box.TextAngle = row[Text::angle];
@@ -42,7 +42,11 @@ void steps::text(ImageBox& box, const TaskRow& row) {
     box.Font = fontOf(row);
     box.TextColor = row[Text::color];
     box.TextBackColor = row[Text::backColor];
-    const QPoint place = positionOf(box, row);
+    return positionOf(box, row);
+}
+
+void steps::text(ImageBox& box, const TaskRow& row) {
+    const QPoint place = prepareText(box, row);
     box.DrawText(place.x(), place.y(), row[Text::text]);
 }
 

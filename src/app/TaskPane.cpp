@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/TaskPane.h"
+
+#include "controls/ActionTable.h"
+#include "controls/LineIcon.h"
+#include "controls/ListControl.h"
+#include "controls/PaneCaption.h"
+#include "controls/isExplorerBar.h"
+#include "tasks/TaskWorkflow.h"
+#include "tasks/forms/TaskOptionPage.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QToolButton>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+const QString optionsGroup = QStringLiteral("Dialog");
+const QString confirmedGroup = QStringLiteral("Editing");
+
+/// The order of the tasks in the panel, by their keys.
+constexpr const char* shownTasks[] = {"Resize", "Canvas",    "Crop",    "Rotate", "Flip",
+                                      "Invert", "Contrast",  "Sharpen", "Blur",   "Brightness",
+                                      "Text",   "Watermark", "Mask",    "Shadow", "Frame"};
+
+const TaskKind& kindOfKey(QLatin1String key) {
+    for (const TaskKind& kind : taskKinds())
+        if (key == QLatin1String(kind.panelKey))
+            return kind;
+    qFatal("No task has the key %s", key.data());
+}
+
+} // namespace
+
+TaskPane::TaskPane(TaskList& tasks, TaskDefaults& defaults, const ActionTable& actions, QWidget* parent) :
+    QWidget(parent), m_defaults(defaults), m_actions(actions), m_bar(new isExplorerBar(this)),
+    m_confirmed(new ListControl(tasks.lvEditPreview, this)), m_title(makePaneCaption({}, this)),
+    m_options(new QWidget(this)) {
+    m_bar->setObjectName(QStringLiteral("eb"));
+    setFocusProxy(m_bar);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_bar, 1);
+    rows->addWidget(makeButtons());
+    m_bar->DisableUpdates(true);
+    addTasks();
+    m_bar->AddGroup(optionsGroup, tr(" Task Options"));
+    layOutOptions();
+    m_bar->SetGroupChild(optionsGroup, m_options, true);
+    m_bar->AddGroup(confirmedGroup, tr("Task Basket"));
+    m_bar->SetGroupChild(confirmedGroup, makeConfirmed(), true);
+    m_bar->DisableUpdates(false);
+    connect(m_bar, &isExplorerBar::itemClicked, this, &TaskPane::taskChosen);
+    setFixedWidth(std::min(m_bar->sizeHint().width(), screen()->availableGeometry().width() * 3 / 10));
+    hide();
+}
+
+void TaskPane::addTasks() {
+    std::vector<isExplorerBar::NamedIcon> icons;
+    for (const TaskKind& kind : taskKinds())
+        icons.push_back(
+            {QString::fromLatin1(kind.panelKey), lineIcon(QString::fromLatin1(kind.panelKey).toLower())});
+    m_bar->SetImageList(icons);
+    m_bar->AddGroup(TaskWorkflow::tasksGroup, tr("Tasks Chart"));
+    for (const char* shown : shownTasks) {
+        const QString key = QString::fromLatin1(shown);
+        const QString caption =
+            QCoreApplication::translate("TaskKinds", kindOfKey(QLatin1String(shown)).panelCaption);
+        m_bar->AddItem(TaskWorkflow::tasksGroup, key, caption, key);
+    }
+}
+
+void TaskPane::layOutOptions() {
+    auto* rows = new QVBoxLayout(m_options);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(m_title);
+}
+
+QWidget* TaskPane::makeConfirmed() {
+    auto* confirmed = new QWidget(this);
+    auto* bar = new QHBoxLayout;
+    bar->setSpacing(2);
+    for (const char* name : {"cmdEditBar_0", "cmdEditBar_1", "cmdEditBar_2", "cmdEditBar_3"}) {
+        QToolButton* button = m_actions.makeButton(name, confirmed);
+        button->setObjectName(button->objectName() + QStringLiteral("_Preview"));
+        bar->addWidget(button);
+        addAction(&m_actions.action(name));
+    }
+    bar->addStretch(1);
+    m_confirmed->setObjectName(QStringLiteral("lvEditPreview"));
+    m_confirmed->setAccessibleName(tr("Confirmed tasks"));
+    m_confirmed->setFullRowSelect(true);
+    m_confirmed->setHint(tr("Confirmed tasks are listed here."));
+    m_confirmed->setFixedHeight(fontMetrics().height() * 10);
+    layOutPane(confirmed, bar, m_confirmed);
+    return confirmed;
+}
+
+QWidget* TaskPane::makeButtons() {
+    auto* buttons = new QWidget(this);
+    auto* grid = new QGridLayout(buttons);
+    grid->setContentsMargins(8, 0, 8, 0);
+    grid->addWidget(makeButton("cmdApply"), 0, 0);
+    grid->addWidget(makeButton("cmdOK"), 0, 1);
+    grid->addWidget(makeButton("cmdReset"), 1, 0);
+    grid->addWidget(makeButton("cmdOriginalImage"), 1, 1);
+    return buttons;
+}
+
+/// A push button that follows its action.
+QPushButton* TaskPane::makeButton(const char* name) {
+    auto* button = new QPushButton(this);
+    QAction& action = m_actions.action(name);
+    button->setObjectName(QLatin1String(name));
+    button->setIcon(action.icon());
+    const auto follow = [button, &action] {
+        button->setText(action.text());
+        button->setToolTip(action.toolTip());
+        button->setEnabled(action.isEnabled());
+    };
+    follow();
+    connect(&action, &QAction::changed, button, follow);
+    connect(button, &QPushButton::clicked, &action, &QAction::trigger);
+    addAction(&action);
+    return button;
+}
+
+/// The buttons come after the groups.
+void TaskPane::orderTabs() {
+    QWidget* last = m_bar->orderTabs();
+    for (const char* name : {"cmdApply", "cmdOK", "cmdReset", "cmdOriginalImage"}) {
+        auto* button = findChild<QPushButton*>(QLatin1String(name));
+        setTabOrder(last, button);
+        last = button;
+    }
+}
+
+void TaskPane::showState(const TaskPanelState& state) {
+    m_title->setText(state.title);
+    const auto* kind = taskKind(state.kind);
+    m_bar->setChosenItem(TaskWorkflow::tasksGroup, kind ? QString::fromLatin1(kind->panelKey) : QString());
+    const bool hadFocus = findChild<QPushButton*>(QStringLiteral("cmdApply"))->hasFocus();
+    m_actions.action("cmdOK").setText(state.okButton);
+    const std::pair<const char*, bool> buttons[] = {{"cmdReset", state.cmdReset},
+                                                    {"cmdApply", state.cmdApply},
+                                                    {"cmdOK", state.cmdOK},
+                                                    {"cmdOriginalImage", state.cmdOriginalImage}};
+    for (const auto& [name, enabled] : buttons)
+        m_actions.action(name).setEnabled(enabled);
+    if (hadFocus && !state.cmdApply)
+        findChild<QPushButton*>(state.cmdReset ? QStringLiteral("cmdReset") : QStringLiteral("cmdOK"))
+            ->setFocus();
+}
+
+// --- options
+
+TaskOptionPage* TaskPane::pageOf(int kind) {
+    TaskOptionPage*& page = m_pages[kind];
+    if (!page) {
+        page = makeTaskOptionPage(kind, m_defaults, m_options);
+        m_options->layout()->addWidget(page);
+        connect(page, &TaskOptionPage::changed, this, &TaskPane::optionsChanged);
+        orderTabs();
+    }
+    return page;
+}
+
+void TaskPane::setBaseSize(int width, int height) {
+    m_base = {width, height};
+}
+
+void TaskPane::open(int kind, const ImageBox& box) {
+    if (m_page)
+        m_page->hide();
+    m_page = pageOf(kind);
+    m_page->setPicture({box.Width(), box.Height()}, m_base);
+    m_page->showRow(defaultRow(kind, m_defaults));
+    m_page->show();
+}
+
+TaskRow TaskPane::row() const {
+    return m_page->row();
+}
+
+void TaskPane::storeDefaults() {
+    m_page->storeDefaults();
+}
+
+} // namespace tarsel

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tasks/EditedPicture.h"
+#include "tasks/TaskColumns.h"
+#include "tasks/TaskList.h"
+#include "tasks/TaskPanelState.h"
+
+#include <QSize>
+#include <QWidget>
+#include <map>
+
+class QAction;
+class QLabel;
+class QPushButton;
+
+namespace tarsel {
+
+class ActionTable;
+class isExplorerBar;
+class ListControl;
+class TaskOptionPage;
+
+/// The panel of tasks beside the preview: the tasks, the options of the present one, the confirmed ones, and
+/// the buttons. What a click means is decided by TaskWorkflow.
+class TaskPane final : public QWidget, public TaskOptions {
+    Q_OBJECT
+public:
+    TaskPane(TaskList& tasks, TaskDefaults& defaults, const ActionTable& actions, QWidget* parent = nullptr);
+
+    ListControl& lvEditPreview() const { return *m_confirmed; }
+    void showState(const TaskPanelState& state);
+
+    void setBaseSize(int width, int height) override;
+    void open(int kind, const ImageBox& box) override;
+    TaskRow row() const override;
+    void storeDefaults() override;
+
+Q_SIGNALS:
+    void taskChosen(const QString& group, const QString& item);
+    void optionsChanged();
+
+private:
+    void addTasks();
+    TaskOptionPage* pageOf(int kind);
+    void orderTabs();
+    void layOutOptions();
+    QWidget* makeConfirmed();
+    QWidget* makeButtons();
+    QPushButton* makeButton(const char* name);
+
+    TaskDefaults& m_defaults;
+    const ActionTable& m_actions;
+    isExplorerBar* m_bar;
+    ListControl* m_confirmed;
+    QLabel* m_title;
+    QWidget* m_options;                     ///< holds the pages
+    std::map<int, TaskOptionPage*> m_pages; ///< by kind, made when they are opened
+    TaskOptionPage* m_page = nullptr;       ///< on show
+    QSize m_base;
+};
+
+} // namespace tarsel

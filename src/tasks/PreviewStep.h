@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "imaging/ImageBox.h"
+#include "tasks/TaskRow.h"
+
+namespace tarsel {
+
+// A preview runs the step of the replay. The few kinds that differ have a function of their own, which says
+// how.
+
+/// The row that is recorded of the options on a page, for a picture `start`: with what depends on the picture
+/// and on the settings of its box.
+TaskRow recordedRow(ImageBox& box, const Picture& start, TaskRow options);
+
+/// Runs a row on the picture in the box as the preview of a task. Raises what the step raises.
+void previewStep(ImageBox& box, const TaskRow& row);
+
+/// Whether a task has something to show as soon as its page opens with these options.
+bool previewsAtOnce(const TaskRow& options);
+
+/// Why the picture to merge can't be previewed; empty when it can, and for other kinds.
+QString missingPictureText(const TaskRow& row);
+
+} // namespace tarsel

@@ -1,0 +1,320 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/TaskWorkflow.h"
+
+#include "base/Dialogs.h"
+#include "base/ErrorReport.h"
+#include "base/ErrorTrap.h"
+#include "tasks/PreviewStep.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace tarsel {
+
+namespace {
+
+constexpr int snapshotFormat = 7;
+constexpr int redEye = 16;
+
+int kindOfItem(const QString& item) {
+    for (const TaskKind& kind : taskKinds())
+        if (item == QLatin1String(kind.panelKey))
+            return kind.number;
+    return 0;
+}
+
+void inform(const QString& text) {
+    service<Dialogs>().messageBox(text, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+}
+
+} // namespace
+
+const QString TaskWorkflow::tasksGroup = QStringLiteral("Special Group");
+const QString TaskWorkflow::nothing = QStringLiteral("Nothing");
+
+TaskWorkflow::TaskWorkflow(EditedPicture& picture, TaskList& tasks, TaskOptions& options) :
+    m_picture(picture), m_tasks(tasks), m_options(options) {}
+
+TaskPanelState TaskWorkflow::state() const {
+    TaskPanelState state;
+    state.isOpen = m_isOpen;
+    state.kind = m_kind;
+    state.title =
+        m_kind ? QCoreApplication::translate("TaskKinds", taskKind(m_kind)->optionTitle) : tr("Options");
+    state.editButton = m_isOpen ? tr("  Finish") : tr("  Edit");
+    state.okButton = m_kind ? tr("Confirm") : tr("Finish");
+    state.cmdApply = m_kind && (m_firstPreview || m_optionsChanged);
+    state.cmdOK = m_isOpen && (m_kind != redEye || m_optionsChanged || !m_firstPreview);
+    state.cmdReset = m_kind && !m_firstPreview;
+    state.cmdOriginalImage = m_isOpen && m_tasks.count() > 0;
+    state.cmdPreviewType = !m_isOpen;
+    return state;
+}
+
+// --- events and what they wait for
+
+void TaskWorkflow::post(Step event) {
+    m_events.push_back(std::move(event));
+    drain();
+}
+
+void TaskWorkflow::drain() {
+    while (!m_next && !m_events.empty()) {
+        const Step event = std::move(m_events.front());
+        m_events.pop_front();
+        event();
+    }
+    Q_EMIT stateChanged();
+}
+
+void TaskWorkflow::whenSettled(std::function<void(bool failed)> next) {
+    if (m_picture.isBusy())
+        m_next = std::move(next);
+    else
+        next(false);
+}
+
+void TaskWorkflow::pictureSettled(bool failed) {
+    const bool previewed = std::exchange(m_previewInWork, false);
+    if (const auto next = std::exchange(m_next, nullptr))
+        next(failed);
+    else if (previewed && failed)
+        previewFailed();
+    drain();
+}
+
+void TaskWorkflow::pictureReplacing() {
+    m_previewInWork = false;
+    m_events.clear();
+    m_next = [](bool) {};
+}
+
+/// What the user did meanwhile was about the picture before.
+void TaskWorkflow::pictureReplaced() {
+    m_next = nullptr;
+    if (m_isOpen) {
+        m_events.clear();
+        m_working = {};
+        if (m_picture.box().HasImage())
+            begin();
+        else
+            leave();
+    }
+    drain();
+}
+
+// --- entering and leaving
+
+void TaskWorkflow::CmdPreviewEdit() {
+    post([this] {
+        if (m_isOpen)
+            leave();
+        else if (m_picture.box().HasImage()) {
+            m_isOpen = true;
+            begin();
+        }
+    });
+}
+
+void TaskWorkflow::begin() {
+    m_options.setBaseSize(m_picture.box().Width(), m_picture.box().Height());
+    openTask(0);
+    if (!m_picture.showsTasks())
+        m_picture.showTasks(true);
+    takeWorkingSnapshot();
+}
+
+/// Of what is going to be on show.
+void TaskWorkflow::takeWorkingSnapshot() {
+    m_restorePending = false;
+    whenSettled([this](bool) { m_working = m_picture.box().SaveToMemory(snapshotFormat); });
+}
+
+void TaskWorkflow::leave() {
+    reset();
+    m_isOpen = false;
+    m_kind = 0;
+    m_optionsChanged = false;
+    m_working = {};
+    if (!m_picture.showsTasks() && m_picture.box().HasImage())
+        m_picture.showOriginal();
+}
+
+// --- choosing
+
+void TaskWorkflow::choose(const QString& group, const QString& item) {
+    if (group.compare(tasksGroup, Qt::CaseInsensitive) == 0)
+        post([this, item] { chooseTask(item); });
+}
+
+void TaskWorkflow::chooseTask(const QString& item) {
+    const Step open = [this, item] {
+        if (std::exchange(m_restorePending, false))
+            restoreWorking();
+        openTask(kindOfItem(item));
+    };
+    if (!m_isOpen)
+        return;
+    if (!m_modified)
+        return open();
+    switch (service<Dialogs>().messageBox(
+        tr("The image has been modified!\nDo you want to confirm the changes made to the image?"),
+        MessageIcon::Information, MessageButtons::YesNoCancel, ApplicationName)) {
+    case MessageAnswer::Yes:
+        return confirm(open);
+    case MessageAnswer::No:
+        reset();
+        return open();
+    default:
+        return;
+    }
+}
+
+/// Shows the page of a task as it was left with the last confirmed one, and nothing of it in the picture.
+void TaskWorkflow::openTask(int kind) {
+    m_kind = kind;
+    m_row = {};
+    m_firstPreview = true;
+    m_modified = false;
+    m_picture.box().ClearSelection();
+    m_options.open(kind, m_picture.box());
+    m_optionsChanged = kind && previewsAtOnce(m_options.row());
+}
+
+void TaskWorkflow::optionsChanged() {
+    if (m_kind)
+        m_optionsChanged = true;
+    Q_EMIT stateChanged();
+}
+
+// --- preview, confirm, reset
+
+void TaskWorkflow::cmdApply() {
+    post([this] {
+        if (m_optionsChanged)
+            preview();
+    });
+}
+
+/// Whatever is on show, a preview starts from the working snapshot: effects don't add up.
+/// False for options of which no row can be made.
+bool TaskWorkflow::preview() {
+    const auto refused = trap("FrmMain.cmdApply_Click",
+                              [this] { m_row = recordedRow(m_picture.box(), m_working, m_options.row()); });
+    if (refused)
+        return false;
+    m_picture.showPreview(m_working, m_row);
+    m_restorePending = m_firstPreview = m_optionsChanged = false;
+    m_modified = m_previewInWork = true;
+    if (const QString text = missingPictureText(m_row); !text.isEmpty())
+        inform(text);
+    return true;
+}
+
+/// The picture stays as far as the step had come, which Reset takes back. The preview doesn't count as made.
+void TaskWorkflow::previewFailed() {
+    m_modified = false;
+    m_optionsChanged = m_restorePending = true;
+}
+
+void TaskWorkflow::cmdOK() {
+    post([this] {
+        if (m_kind)
+            confirm({});
+        else if (m_isOpen)
+            leave();
+    });
+}
+
+/// A task is recorded once its result is there, with what the preview was made of. `then` is left out when
+/// that fails.
+void TaskWorkflow::confirm(Step then) {
+    if ((m_optionsChanged || m_firstPreview) && !preview())
+        return;
+    whenSettled([this, then = std::move(then)](bool failed) {
+        if (failed)
+            return previewFailed();
+        commit();
+        if (then)
+            then();
+    });
+}
+
+void TaskWorkflow::commit() {
+    if (m_kind != redEye) {
+        m_tasks.append(m_row);
+        m_options.storeDefaults();
+    }
+    openTask(0);
+    takeWorkingSnapshot();
+}
+
+void TaskWorkflow::cmdReset() {
+    post([this] {
+        if (!m_kind)
+            return;
+        reset();
+        openTask(m_kind);
+    });
+}
+
+void TaskWorkflow::reset() {
+    if (!m_firstPreview || m_restorePending)
+        restoreWorking();
+    m_firstPreview = true;
+    m_modified = m_restorePending = false;
+}
+
+void TaskWorkflow::restoreWorking() {
+    m_previewInWork = false;
+    if (!m_working.isNull())
+        m_picture.showSnapshot(m_working);
+}
+
+// --- the list
+
+void TaskWorkflow::cmdOriginalImage() {
+    post([this] {
+        if (m_tasks.count() == 0)
+            return;
+        const MessageAnswer answer = service<Dialogs>().messageBox(
+            tr("Resetting to original image will erase all editing functions from the batch list!\n"
+               " Do you want to continue?"),
+            MessageIcon::Information, MessageButtons::YesNo, ApplicationName);
+        if (answer != MessageAnswer::Yes)
+            return;
+        m_tasks.clear();
+        takeRows();
+        openTask(m_kind);
+    });
+}
+
+void TaskWorkflow::rowsChanged() {
+    post([this] { takeRows(); });
+}
+
+/// Shows the picture with the list as it is now, and goes on from there, with the options of the task.
+void TaskWorkflow::takeRows() {
+    m_previewInWork = false;
+    m_picture.showTasks(m_isOpen);
+    if (!m_isOpen)
+        return;
+    m_firstPreview = true;
+    m_modified = false;
+    m_optionsChanged = m_kind != 0;
+    takeWorkingSnapshot();
+}
+
+/// The picture shows the list up to that row. Neither the list nor the working snapshot changes.
+void TaskWorkflow::rowClicked() {
+    post([this] {
+        if (m_tasks.count() == 0)
+            return;
+        m_previewInWork = false;
+        m_picture.showTasks(m_isOpen);
+        m_restorePending = m_isOpen;
+        m_optionsChanged = m_kind != 0;
+    });
+}
+
+} // namespace tarsel

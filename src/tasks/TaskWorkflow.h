@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "pixels/Picture.h"
+#include "tasks/EditedPicture.h"
+#include "tasks/TaskList.h"
+#include "tasks/TaskPanelState.h"
+
+#include <QObject>
+#include <deque>
+#include <functional>
+
+namespace tarsel {
+
+/// The course of editing: the user opens the panel, chooses a task, tries it on the picture, confirms or
+/// discards it, and leaves. Two snapshots carry it: the picture as it was loaded, from which the list is
+/// replayed, and the working snapshot, the picture with every confirmed task, from which each preview
+/// starts.
+///
+/// Previews are made in the background. A confirmed task needs its result, so Confirm waits for it; what the
+/// user does meanwhile is done afterwards, in its order, so that speed makes no difference to the outcome.
+class TaskWorkflow final : public QObject {
+    Q_OBJECT
+public:
+    static const QString tasksGroup; ///< key of the group that holds the tasks
+    static const QString nothing;    ///< key of the item that stands for no task
+
+    TaskWorkflow(EditedPicture& picture, TaskList& tasks, TaskOptions& options);
+
+    TaskPanelState state() const;
+    bool isOpen() const { return m_isOpen; }
+
+    // --- what the user does; the names of buttons stand for their click
+    void CmdPreviewEdit();
+    void choose(const QString& group, const QString& item);
+    void cmdApply();
+    void cmdOK();
+    void cmdReset();
+    void cmdOriginalImage();
+    void optionsChanged();
+    void rowClicked();  ///< of the list of confirmed tasks
+    void rowsChanged(); ///< a list was read, emptied, or lost a row
+
+    // --- what becomes of the picture
+    void pictureSettled(bool failed); ///< it is no longer busy
+    void pictureReplacing();          ///< another file is being loaded
+    void pictureReplaced();           ///< and has been, or there is none any more
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    using Step = std::function<void()>;
+
+    void post(Step event);
+    void drain();
+    void whenSettled(std::function<void(bool failed)> next);
+    void begin();
+    void takeWorkingSnapshot();
+    void leave();
+    void openTask(int kind);
+    void chooseTask(const QString& item);
+    bool preview();
+    void previewFailed();
+    void confirm(Step then);
+    void commit();
+    void reset();
+    void restoreWorking();
+    void takeRows();
+
+    EditedPicture& m_picture;
+    TaskList& m_tasks;
+    TaskOptions& m_options;
+
+    bool m_isOpen = false; ///< the editing flag
+    int m_kind = 0;
+    TaskRow m_row; ///< of the last preview
+    Picture m_working;
+    bool m_firstPreview = true;    ///< none was made of the present task
+    bool m_restorePending = false; ///< the picture on show is not what a preview or the next task starts from
+    bool m_optionsChanged = false; ///< since the last preview
+    bool m_modified = false;       ///< a preview is shown that is not confirmed
+    bool m_previewInWork = false;
+    std::function<void(bool failed)> m_next; ///< waits for the picture
+    std::deque<Step> m_events;               ///< wait for m_next
+};
+
+} // namespace tarsel

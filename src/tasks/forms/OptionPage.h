@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/FormBinding.h"
+#include "tasks/forms/TaskOptionPage.h"
+
+#include <memory>
+#include <vector>
+
+namespace tarsel {
+
+/// A page whose form and table of columns say everything; classes of single kinds add what is special.
+class OptionPage : public TaskOptionPage {
+    Q_OBJECT
+public:
+    using SetUp = void (*)(QWidget* page); ///< fills the page from its form
+
+    OptionPage(int kind, TaskDefaults& defaults, SetUp setUp, QWidget* parent);
+
+    void setPicture(QSize, QSize) override {}
+    void showRow(const TaskRow& row) final;
+    TaskRow row() const override;
+    void storeDefaults() final;
+    void offerSelection() override;
+    void endSelection(PictureSelection selection) override;
+    void setLocation(QPoint location) override;
+    QPoint location() const override { return m_location; }
+    void setBackColor(Color color) override;
+    void showRegion(QPoint, QPoint) override {}
+
+protected:
+    /// Whether the controls are being filled by the program.
+    bool isFilling() const { return m_isFilling; }
+    virtual void showPicture() {}               ///< after the settings: what depends on the picture's size
+    virtual void showSpecial(const TaskRow&) {} ///< after the columns: what the table doesn't say
+    void takeChange();                          ///< emits `changed` unless the program fills the controls
+    static void setText(TaskRow& row, int column, const QString& text);
+
+private:
+    struct ShownColumn {
+        const TaskColumn* column;
+        FieldControl control;
+
+        void show(const QString& text) const;
+        QString text() const;
+    };
+
+    void bindSettings();
+    void bindColumns();
+    void addCompanion(const TaskColumn& column);
+    void connectSelectionButtons();
+
+    const int m_kind;
+    TaskDefaults& m_defaults;
+    std::vector<FormField<TaskDefaults>> m_fields;
+    std::unique_ptr<FormBinding<TaskDefaults>> m_binding;
+    std::vector<ShownColumn> m_columns;
+    QPoint m_location;
+    bool m_isFilling = false;
+};
+
+} // namespace tarsel

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/TaskWorkflow.h"
+#include "tasks/PreviewStep.h"
+#include "tasks/Replay.h"
+#include "tasks/TaskColumns.h"
+#include "tests/support/ErrorNumberOf.h"
+#include "tests/support/TestDesktop.h"
+#include "tests/tasks/TaskRows.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <tuple>
+
+namespace tarsel::test {
+
+namespace {
+
+constexpr int shownWidth = 10; // of the picture as loaded
+
+/// A picture whose background work is done when the test says so.
+struct ShownPicture final : EditedPicture {
+    explicit ShownPicture(TaskList& list) : tasks(list) {}
+    ImageBox& box() override { return shown; }
+    bool isBusy() const override { return bool(work); }
+    bool showsTasks() const override { return optimized; }
+    void showOriginal() override { showSnapshot(original); }
+    void showTasks(bool editing) override {
+        work = [this, editing] {
+            shown.LoadFromMemory(original, 7);
+            replayRows(shown, modProcessTasks::rowsToReplay(tasks.lvEdit, tasks.lvEditBatch,
+                                                            &tasks.lvEditPreview, false, editing));
+        };
+    }
+    void showSnapshot(const Picture& snapshot) override {
+        work = nullptr;
+        shown.LoadFromMemory(snapshot, 7);
+    }
+    void showPreview(const Picture& start, const TaskRow& row) override {
+        work = [this, start, row] {
+            shown.LoadFromMemory(start, 7);
+            previewStep(shown, row);
+        };
+    }
+    void settle() {
+        if (const auto done = std::exchange(work, nullptr))
+            settled(errorNumberOf(done) != 0);
+    }
+    TaskList& tasks;
+    Picture original = unevenPicture(shownWidth, 6);
+    ImageBox shown = boxWith(original);
+    bool optimized = false;
+    std::function<void()> work;
+    std::function<void(bool failed)> settled;
+};
+
+/// A page that adds as many columns as `amount` says. The defaults are one.
+struct Page final : TaskOptions {
+    void setBaseSize(int width, int) override { baseWidth = width; }
+    void open(int opened, const ImageBox&) override {
+        kind = opened;
+        amount = stored;
+    }
+    TaskRow row() const override {
+        return kind == 12 ? taskRow(12, {"0", amount, "0", "0", "0"}) : taskRow(kind, QStringList());
+    }
+    void storeDefaults() override { stored = amount; }
+    int kind = 0, baseWidth = 0;
+    const char* amount = "1";
+    const char* stored = "1";
+};
+
+/// Plays what the user does, in words, and says in words what there is to see.
+struct Editing {
+    Editing() {
+        picture.settled = [this](bool failed) { workflow.pictureSettled(failed); };
+        tasks.append(taskRow(12, {"0", "100", "0", "0", "0"}));
+    }
+    /// The picture settles after each event, or only after "edit" and at the end.
+    void play(const char* events, bool settling = true) {
+        for (const QString& event : QString::fromLatin1(events).split(u' ', Qt::SkipEmptyParts)) {
+            act(event.section(u'?', 0, 0), event.section(u'?', 1));
+            while ((settling || event == QLatin1String("edit")) && picture.isBusy())
+                picture.settle();
+        }
+        while (picture.isBusy())
+            picture.settle();
+    }
+    void act(const QString& event, const QString& answer = {}) {
+        desktop.answers.clear();
+        if (!answer.isEmpty())
+            desktop.answers.push_back(answer == QLatin1String("yes")  ? MessageAnswer::Yes
+                                      : answer == QLatin1String("no") ? MessageAnswer::No
+                                                                      : MessageAnswer::Cancel);
+        const std::map<std::string, std::function<void()>> events{
+            {"optimized", [&] { picture.optimized = true; }},
+            {"edit", [&] { workflow.CmdPreviewEdit(); }},
+            {"apply", [&] { workflow.cmdApply(); }},
+            {"ok", [&] { workflow.cmdOK(); }},
+            {"reset", [&] { workflow.cmdReset(); }},
+            {"original", [&] { workflow.cmdOriginalImage(); }},
+            {"row", [&] { clickFirstRow(); }},
+            {"remove", [&] { removeFirstRow(); }},
+            {"add2", [&] { type("2"); }},
+            {"bad", [&] { type("x"); }},
+        };
+        const auto known = events.find(event.toStdString());
+        if (known != events.end())
+            known->second();
+        else
+            workflow.choose(QStringLiteral("special group"), event);
+    }
+    void clickFirstRow() {
+        tasks.lvEditPreview.selectOnly(0);
+        workflow.rowClicked();
+    }
+    void removeFirstRow() {
+        tasks.remove(0);
+        workflow.rowsChanged();
+    }
+    void type(const char* amount) {
+        page.amount = amount;
+        workflow.optionsChanged();
+    }
+    /// The two captions, the buttons that are on, the columns added to the picture on show, and the rows.
+    std::string seen() const {
+        const TaskPanelState state = workflow.state();
+        std::string buttons;
+        for (const auto& [isOn, letter] :
+             {std::pair(state.cmdApply, 'P'), std::pair(state.cmdOK, 'O'), std::pair(state.cmdReset, 'R'),
+              std::pair(state.cmdOriginalImage, 'G')})
+            buttons += isOn ? letter : '-';
+        const QString ok = state.isOpen ? state.okButton : QString(u'-');
+        return state.editButton.trimmed().toStdString() + ' ' + ok.toStdString() + ' ' + buttons + " +" +
+               std::to_string(picture.shown.Width() - shownWidth) + ' ' + std::to_string(tasks.count()) +
+               " rows";
+    }
+
+    TestDesktop desktop;
+    TaskList tasks;
+    ShownPicture picture{tasks};
+    Page page;
+    TaskWorkflow workflow{picture, tasks, page};
+};
+
+} // namespace
+
+/// The first row of the list adds 100 columns, each previewed or confirmed task one or two.
+TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
+    constexpr const char* closed = "Edit - ---- +0 1 rows";
+    constexpr const char* nothing = "Finish Finish -O-G +100 1 rows";
+    constexpr const char* chosen = "Finish Confirm PO-G +100 1 rows";
+    constexpr const char* previewed = "Finish Confirm -ORG +101 1 rows";
+    constexpr const char* changed = "Finish Confirm PORG +101 1 rows";
+    constexpr const char* confirmed = "Finish Finish -O-G +101 2 rows";
+    constexpr const char* emptied = "Finish Confirm PO-- +0 0 rows";
+    const std::tuple<const char*, const char*> cases[] = {
+        {"", closed},
+        {"apply", closed},
+        {"ok", closed},
+        {"reset", closed},
+        {"Canvas", closed},
+        {"edit", nothing},
+        {"edit apply", nothing},
+        {"edit reset", nothing},
+        {"edit ok", closed},
+        {"edit edit", closed},
+        {"edit add2", nothing},
+        {"edit row edit", closed},
+        {"edit Canvas", chosen},
+        {"edit Canvas Nothing", nothing},
+        {"edit Canvas add2", chosen},
+        {"edit Canvas reset", chosen},
+        {"edit Canvas ok", confirmed},
+        {"edit Canvas edit", closed},
+        {"edit Canvas original?no", chosen},
+        {"edit Canvas original?yes", emptied},
+        {"edit Canvas apply", previewed},
+        {"edit Canvas apply apply", previewed},
+        {"edit Canvas apply add2", changed},
+        {"edit Canvas apply ok", confirmed},
+        {"edit Canvas apply reset", chosen},
+        {"edit Canvas apply edit", closed},
+        {"edit Canvas apply Invert?cancel", previewed},
+        {"edit Canvas apply Nothing?no", nothing},
+        {"edit Canvas apply Nothing?yes", confirmed},
+        {"edit Canvas apply original?yes", emptied},
+        {"edit Canvas apply row", "Finish Confirm PORG +100 1 rows"},
+        {"edit Canvas apply row apply", previewed},
+        {"edit Canvas apply row ok", confirmed},
+        {"edit Canvas apply row Nothing?no", nothing},
+        {"edit Canvas apply add2 apply", "Finish Confirm -ORG +102 1 rows"},
+        {"edit Canvas apply add2 ok", "Finish Finish -O-G +102 2 rows"},
+        {"edit Canvas apply add2 reset", chosen},
+        {"edit Canvas apply remove", "Finish Confirm PO-- +0 0 rows"},
+        {"edit Canvas apply remove ok", "Finish Finish -O-G +1 1 rows"},
+        {"edit Canvas ok Canvas apply row Nothing?no", confirmed}, // the row shows less than was confirmed
+        {"edit Canvas bad apply", "Finish Confirm PORG +100 1 rows"},
+        {"edit Canvas bad apply add2 apply", "Finish Confirm -ORG +102 1 rows"},
+        {"edit Canvas bad ok", "Finish Confirm PORG +100 1 rows"},
+        {"edit Canvas apply bad Nothing?yes", "Finish Confirm PORG +100 1 rows"},
+        {"optimized edit Canvas apply edit", closed},
+        {"optimized edit Canvas ok edit", "Edit - ---- +1 2 rows"},
+        {"edit RedEye", "Finish Confirm P--G +100 1 rows"},
+        {"edit RedEye add2", "Finish Confirm PO-G +100 1 rows"},
+    };
+    for (const auto& [events, seen] : cases)
+        for (const bool settling : {true, false}) {
+            Editing editing;
+            editing.play(events, settling);
+            EXPECT_EQ(editing.seen(), seen) << events << (settling ? "" : ", all clicked at once");
+        }
+}
+
+TEST(Editing, AsksAndNamesAndKeepsTheDefaultsOfWhatWasConfirmed) {
+    Editing editing;
+    editing.play("edit");
+    EXPECT_EQ(editing.page.baseWidth, shownWidth);
+    EXPECT_EQ(editing.workflow.state().title.toStdString(), "Options");
+    editing.play("Invert");
+    EXPECT_EQ(editing.workflow.state().title.toStdString(), "Task Option - Invert");
+    editing.play("Canvas add2 apply Canvas?no");
+    EXPECT_EQ(editing.desktop.messages.back().text.toStdString(),
+              "The image has been modified!\nDo you want to confirm the changes made to the image?");
+    EXPECT_STREQ(editing.page.amount, "1") << "not confirmed";
+    editing.play("add2 ok Canvas");
+    EXPECT_STREQ(editing.page.amount, "2");
+    editing.play("original");
+    EXPECT_EQ(editing.desktop.messages.back().text.toStdString(),
+              "Resetting to original image will erase all editing functions from the batch list!\n Do you "
+              "want to continue?");
+    EXPECT_EQ(editing.workflow.state().editButton.toStdString(), "  Finish");
+}
+
+TEST(Editing, GoesOnFromThePictureThatTookTheOthersPlace) {
+    Editing editing;
+    editing.play("edit Canvas apply");
+    editing.workflow.pictureReplacing();
+    editing.workflow.cmdOK(); // is about the picture that goes
+    editing.picture.original = unevenPicture(40, 6);
+    editing.picture.showSnapshot(editing.picture.original);
+    editing.workflow.pictureReplaced();
+    editing.play("");
+    EXPECT_EQ(editing.page.baseWidth, 40);
+    editing.play("Canvas apply");
+    EXPECT_EQ(editing.seen(), "Finish Confirm -ORG +131 1 rows");
+    editing.workflow.pictureReplacing();
+    editing.picture.shown.Clear();
+    editing.workflow.pictureReplaced();
+    EXPECT_FALSE(editing.workflow.isOpen()) << "there is nothing to edit any more";
+}
+
+/// Each kind's defaults, and where a preview and a replay have to differ.
+TEST(Previews, HaveThePixelsOfTheReplayButWhereTheyMustDiffer) {
+    const auto made = [](void (*run)(ImageBox&, const TaskRow&), const TaskRow& row, bool resample) {
+        ImageBox box = boxWith(unevenPicture(33, 21));
+        box.Resample = resample;
+        run(box, row);
+        return box.picture();
+    };
+    const auto replay = [](ImageBox& box, const TaskRow& row) { replayRow(box, row, 1); };
+    for (const int kind : {1, 2, 4, 5, 6, 7, 10, 11, 12, 13, 14, 15})
+        EXPECT_TRUE(made(previewStep, defaultRow(kind, {}), false) ==
+                    made(replay, defaultRow(kind, {}), false))
+            << kind;
+    const TaskRow size = taskRow(3, {"True", "20", "11"});
+    EXPECT_TRUE(made(previewStep, size, false) == made(replay, size, true)) << "previews are always smooth";
+    EXPECT_FALSE(made(previewStep, size, false) == made(replay, size, false));
+    const TaskRow percent = taskRow(3, {"False", "56.4", ""});
+    EXPECT_EQ(made(previewStep, percent, false).width(), 19) << "of 18.6";
+    EXPECT_EQ(made(replay, percent, false).width(), 18) << "of 18.5, at 56 percent";
+    const TaskRow lost = taskRow(9, {"False", "0", "0", "/nowhere/mark.png"});
+    EXPECT_TRUE(made(previewStep, lost, false) == unevenPicture(33, 21))
+        << "the user is asked for another file";
+    EXPECT_FALSE(missingPictureText(lost).isEmpty());
+
+    ImageBox box;
+    EXPECT_EQ(recordedRow(box, {}, taskRow(2, {"True", "5", "0"})).columns[0].toStdString(), "True");
+    EXPECT_EQ(recordedRow(box, {}, taskRow(2, {"False", "5", "0"})).columns[0].toStdString(), "True")
+        << "stays on for the run";
+}
+
+} // namespace tarsel::test
