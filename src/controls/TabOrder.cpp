@@ -12,7 +12,7 @@ void addControls(QLayout& layout, QWidgetList& controls) {
     for (int index = 0; QLayoutItem* item = layout.itemAt(index); ++index) {
         QWidget* widget = item->widget();
         QLayout* inside = widget ? widget->layout() : item->layout();
-        if (widget && (widget->focusProxy() || (widget->focusPolicy() & Qt::TabFocus)))
+        if (widget && (widget->focusPolicy() & Qt::TabFocus))
             controls << widget;
         else if (inside)
             addControls(*inside, controls);
