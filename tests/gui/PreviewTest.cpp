@@ -66,6 +66,9 @@ TEST_F(PreviewOfPictures, TheZoomMenuShowsEachPixelOrThePictureCompletelyAndIsRe
     settle();
     EXPECT_EQ(panel("status"), "100%");
     EXPECT_EQ(button.text().remove(QLatin1Char('&')).toStdString(), "Actual Size  ");
+    const QAction& actualSize = action("mnuPreviewActualSize");
+    EXPECT_EQ(button.icon().cacheKey(), actualSize.icon().cacheKey());
+    EXPECT_EQ(button.toolTip().left(12).toStdString(), "Actual Size:");
     EXPECT_TRUE(waitFor([&] { return bar.isVisible(); }));
     EXPECT_FALSE(view().verticalScrollBar()->isVisible());
     EXPECT_EQ(bar.maximum(), 1700 - view().container().width);
