@@ -23,6 +23,7 @@ class MetadataPane;
 class PreviewPane;
 class ProgressBar;
 class Splitter;
+class StatusBar;
 
 /// The main window: creates the shared lists and boxes, passes them to the panes and connects their
 /// signals.
@@ -72,6 +73,7 @@ protected:
 private:
     // Initialise: the window's parts
     void arrangePanes();
+    void addProgress(StatusBar& statusBar);
     void connectFolderPane();
     void connectBasketPane();
     void connectTaskBasket();

@@ -49,11 +49,12 @@ void ProgressBar::showValue(int newValue) {
 
 void ProgressBar::hide() {
     QProgressBar::hide();
-    setToolTip({});
+    setSubject({});
 }
 
 void ProgressBar::setSubject(const QString& fileName) {
     setToolTip(fileName.toHtmlEscaped());
+    Q_EMIT subjectChanged(fileName);
 }
 
 } // namespace tarsel

@@ -20,6 +20,9 @@ public:
     void hide() override;
     void setSubject(const QString& fileName) override;
 
+Q_SIGNALS:
+    void subjectChanged(const QString& fileName); ///< empty when the bar is hidden
+
 private:
     void showValue(int value);
 
