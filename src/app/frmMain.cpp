@@ -22,6 +22,7 @@
 #include "collections/forms/ImageBoxView.h"
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/ElidedLabel.h"
 #include "controls/LineIcon.h"
 #include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
@@ -97,13 +98,33 @@ void frmMain::arrangePanes() {
 
     auto* statusBar = new StatusBar(m_workspace.sbMain, statusPanels(), this);
     statusBar->setObjectName(QStringLiteral("sbMain"));
+    addProgress(*statusBar);
+    setStatusBar(statusBar);
+    orderTabsByLayout({m_browsePane, m_folderPane, m_basketPane, m_previewPane, m_metadataPane, m_taskPane});
+}
+
+/// The name of the file in work, the bar, and the button that ends the loop.
+void frmMain::addProgress(StatusBar& statusBar) {
+    constexpr int roomyWidth = 1000; // a narrower window needs the room for the panels
+    auto* lblQueue = new ElidedLabel(this);
+    lblQueue->setObjectName(QStringLiteral("lblQueue"));
+    lblQueue->setFixedWidth(fontMetrics().averageCharWidth() * 18);
+    connect(pbQueue, &ProgressBar::subjectChanged, lblQueue, [this, lblQueue](const QString& fileName) {
+        lblQueue->setText(fileName);
+        lblQueue->setVisible(!fileName.isEmpty() && width() >= roomyWidth);
+    });
     pbQueue->setObjectName(QStringLiteral("pbQueue"));
     pbQueue->setFixedWidth(180);
-    statusBar->addPermanentWidget(pbQueue);
-    pbQueue->hide();
     auto* cmdCancelAdding = new CancelAddingButton(this);
-    statusBar->addPermanentWidget(cmdCancelAdding);
-    connect(cmdCancelAdding, &CancelAddingButton::cancelled, this, [this] { m_basket.stopAdding(); });
+    for (QWidget* each : {static_cast<QWidget*>(lblQueue), static_cast<QWidget*>(pbQueue),
+                          static_cast<QWidget*>(cmdCancelAdding)}) {
+        statusBar.addPermanentWidget(each);
+        each->hide();
+    }
+    connect(cmdCancelAdding, &CancelAddingButton::addingCancelled, this, [this] { m_basket.stopAdding(); });
+    connect(cmdCancelAdding, &CancelAddingButton::listingCancelled, &m_folderView, &FolderView::cancel);
+    connect(&m_folderView, &FolderView::runningChanged, cmdCancelAdding,
+            [this, cmdCancelAdding] { cmdCancelAdding->setListing(m_folderView.isRunning()); });
     m_basket.addingChanged = [this, cmdCancelAdding](bool adding) {
         m_folderView.lendBar(adding);
         offerDialogs(!adding && !m_batchRunning);
@@ -111,8 +132,6 @@ void frmMain::arrangePanes() {
         m_basketPane->setAdding(adding);
         showHistory();
     };
-    setStatusBar(statusBar);
-    orderTabsByLayout({m_browsePane, m_folderPane, m_basketPane, m_previewPane, m_metadataPane});
 }
 
 void frmMain::connectFolderPane() {

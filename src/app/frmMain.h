@@ -26,6 +26,7 @@ class PreviewPane;
 class ProgressBar;
 class TaskPane;
 class Splitter;
+class StatusBar;
 
 /// The main window: creates the shared lists and boxes, passes them to the panes and connects their
 /// signals.
@@ -75,6 +76,7 @@ protected:
 private:
     // Initialise: the window's parts
     void arrangePanes();
+    void addProgress(StatusBar& statusBar);
     void connectFolderPane();
     void connectBasketPane();
     void connectTaskBasket();

@@ -50,8 +50,6 @@ void FolderView::subShowFilesInFolder(const QString& path) {
     });
     if (failure)
         stop();
-    else
-        Q_EMIT runningChanged();
 }
 
 void FolderView::clearList() {
@@ -63,6 +61,7 @@ void FolderView::clearList() {
     if (!m_refusal.isEmpty() && m_lists.sbMain.panel(QStringLiteral("status")) == m_refusal)
         m_lists.sbMain.setPanel(QStringLiteral("status"), {});
     m_refusal.clear();
+    m_lastRead.clear();
 }
 
 FolderScan::Request FolderView::request(QStringList known) const {
@@ -81,6 +80,7 @@ void FolderView::startScan(QStringList known) {
     FolderScan::Request wanted = request(std::move(known));
     FileInfo().fSizeFormated(settings.longFileSize ? 1 : 0);
     m_scan.start(std::move(wanted));
+    Q_EMIT runningChanged();
 }
 
 void FolderView::setThumbnailSize(Size size) {
@@ -154,6 +154,13 @@ void FolderView::stop() {
     Q_EMIT runningChanged();
 }
 
+void FolderView::cancel() {
+    if (!isRunning())
+        return;
+    stop();
+    refuse(tr("The listing was stopped. Press F5 to list the folder again."));
+}
+
 // --- what a scan delivers
 
 void FolderView::fetchDelivery(FolderScan& scan) {
@@ -170,7 +177,11 @@ void FolderView::reportFailure(const TrappedError& error) {
         std::ignore = trap("FrmMain.subShowFilesInFolder", [&] { throw error; });
         return;
     }
-    m_refusal = tr("You have no permission to read the folder %1.").arg(m_folder);
+    refuse(tr("You have no permission to read the folder %1.").arg(m_folder));
+}
+
+void FolderView::refuse(const QString& reason) {
+    m_refusal = reason;
     m_lists.sbMain.setPanel(QStringLiteral("status"), m_refusal);
     Q_EMIT runningChanged();
 }
@@ -211,6 +222,7 @@ void FolderView::complete(FolderScan::NumberedContent completed, std::vector<int
         return;
     }
     ListRow row = m_lists.lvFolder.row(index);
+    m_lastRead = row.text;
     row.iconKey = detailIcon();
     row.subItems[FolderColumn::Resolution - 1] = completed.content.resolution;
     row.subItems[FolderColumn::Pages - 1] = completed.content.pages;
@@ -271,8 +283,10 @@ void FolderView::finish() {
 }
 
 void FolderView::showBar() {
-    if (isRunning() && m_expected > 0 && !m_isBarLent)
-        m_lists.pbQueue.start(m_expected, m_completed);
+    if (!isRunning() || m_expected == 0 || m_isBarLent)
+        return;
+    m_lists.pbQueue.start(m_expected, m_completed);
+    m_lists.pbQueue.setSubject(m_lastRead);
 }
 
 void FolderView::hideBar() {
@@ -366,7 +380,7 @@ void FolderView::cmdDetailFolder() {
     settings.folderView = detailView;
     m_lists.lvFolder.attachImages(nullptr);
     m_lists.lvFolder.setIcons(std::vector<int>(size_t(m_lists.lvFolder.count()), -1));
-    if (isRunning())
+    if (isRunning() || !m_refusal.isEmpty())
         refresh();
     else if (!m_unreadable.empty())
         addUnreadable();
@@ -397,7 +411,7 @@ void FolderView::leaveOutUnreadable() {
 
 void FolderView::cmdThumbnailFolder() {
     const bool fromDetails = std::exchange(settings.folderView, 0) != 0;
-    if (m_lists.ilFolder.count() == 0 || (isRunning() && !fromDetails))
+    if (m_lists.ilFolder.count() == 0 || !m_refusal.isEmpty() || (isRunning() && !fromDetails))
         return refresh();
     if (isRunning())
         stop();

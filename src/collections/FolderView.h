@@ -36,6 +36,9 @@ public:
     void subShowFilesInFolder(const QString& path);
     bool isRunning() const { return m_scan.get() != nullptr; } ///< rows are missing or incomplete
     void stop();
+    /// Stops a listing for the user. What has no row or picture yet has none until the folder is listed
+    /// again.
+    void cancel();
     /// The size of thumbnails from the next listing on; at once while nothing is listed.
     void setThumbnailSize(Size size);
     /// The size from now on: the pictures of all rows are read again.
@@ -52,7 +55,7 @@ public:
     /// True while somebody else uses the progress bar, which the listing leaves alone then and takes back.
     void lendBar(bool lent);
     QString currentFolder() const { return m_folder; }
-    /// Why the folder can't be read; empty for others.
+    /// Why the list isn't complete, as the panel "status" says; empty for complete ones.
     const QString& refusal() const { return m_refusal; }
 
 Q_SIGNALS:
@@ -70,6 +73,7 @@ private:
     void fetchDelivery(FolderScan& scan);
     void take(FolderScan::Delivery delivery, int files);
     void reportFailure(const TrappedError& error);
+    void refuse(const QString& reason);
     void addRows(std::vector<ListRow> rows);
     void complete(FolderScan::NumberedContent completed, std::vector<int>& unreadable);
     int rowOf(int number);
@@ -90,7 +94,8 @@ private:
     CollectionLists m_lists;
     QString m_folder;
     std::optional<Size> m_nextSize; ///< of thumbnails, from the next listing on
-    QString m_refusal;              ///< what the panel "status" says about a folder without permission
+    QString m_refusal;
+    QString m_lastRead; ///< name of the file that was completed last
     CurrentScan m_scan{[this](FolderScan& scan) { fetchDelivery(scan); }};
     SharpThumbnails m_sharp{[this](int number, const Picture& picture) { showThumbnail(number, picture); }};
     bool m_hasAllRows = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/ListControl.h"
 
+#include "controls/FocusFrame.h"
 #include "controls/RowDelegate.h"
 #include "controls/TableColumns.h"
 #include "controls/ThumbnailView.h"
@@ -24,7 +25,6 @@ namespace tarsel {
 
 namespace {
 
-constexpr int focusFrame = 2;
 constexpr int typingRest = 300; ///< milliseconds
 
 /// A view whose drags only ever offer copies: moving is the list's work.
@@ -63,7 +63,7 @@ ListControl::ListControl(ListView& list, QWidget* parent) :
     QStackedWidget(parent), m_list(list), m_table(new DraggingView<QTreeView>(this)),
     m_thumbnails(new DraggingView<ThumbnailView>(this)), m_columns(new TableColumns(m_table)),
     m_tableRows(new RowDelegate(this)), m_thumbnailRows(new RowDelegate(this)), m_hint(new QLabel(this)) {
-    setContentsMargins(focusFrame, focusFrame, focusFrame, focusFrame);
+    setContentsMargins(focusFrameWidth, focusFrameWidth, focusFrameWidth, focusFrameWidth);
     // Before the views learn of it, which signal a selection that may be out of date.
     for (const auto coming :
          {&QAbstractItemModel::rowsAboutToBeInserted, &QAbstractItemModel::rowsAboutToBeRemoved})
@@ -196,11 +196,9 @@ void ListControl::changeEvent(QEvent* event) {
 
 void ListControl::paintEvent(QPaintEvent* event) {
     QStackedWidget::paintEvent(event);
-    if (!view()->hasFocus())
-        return;
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), focusFrame));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    if (view()->hasFocus())
+        drawFocusFrame(painter, palette(), rect());
 }
 
 void ListControl::placeHint() {

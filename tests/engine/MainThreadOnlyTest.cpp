@@ -33,9 +33,15 @@ QStringList mainThreadSources(const QString& folder) {
 
 TEST(Engine, OnlyTheseWrappersForTheMainThreadKnowTheServicesAndTheTrap) {
     QStringList wrappers{
-        QStringLiteral("metadata/ExifNameWording.cpp"), QStringLiteral("metadata/ExifValueWording.cpp"),
-        QStringLiteral("metadata/MetadataLists.cpp"),   QStringLiteral("tasks/TaskBasketActions.cpp"),
-        QStringLiteral("tasks/TaskFile.cpp"),           QStringLiteral("tasks/modProcessTasks.cpp"),
+        QStringLiteral("metadata/ExifNameWording.cpp"),
+        QStringLiteral("metadata/ExifValueWording.cpp"),
+        QStringLiteral("metadata/MetadataLists.cpp"),
+        QStringLiteral("tasks/TaskBasketActions.cpp"),
+        QStringLiteral("tasks/TaskFile.cpp"),
+        QStringLiteral("tasks/modProcessTasks.cpp"),
+        QStringLiteral("tasks/TaskWorkflow.cpp"),
+        QStringLiteral("tasks/forms/ColorWell.cpp"),
+        QStringLiteral("tasks/forms/WatermarkPage.cpp"),
     };
     QStringList found;
     for (const char* folder : {"pixels", "embedded", "codecs", "imaging", "metadata", "tasks"})

@@ -47,18 +47,11 @@ protected:
     ListControl control{list};
 };
 
-/// Light that a colour sends out, 0 to 1 (WCAG 2, relative luminance).
-double luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
 } // namespace
 
 TEST_F(ListControlTest, AHintHasAContrastOfFourAndAHalfOnLightAndDarkLists) {
     const auto& hint = *control.findChild<QLabel*>();
+    const auto luminance = [](const QColor& gray) { return std::pow((gray.redF() + 0.055) / 1.055, 2.4); };
     for (const auto& [text, base] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
         QPalette palette;
         palette.setColor(QPalette::Text, text);

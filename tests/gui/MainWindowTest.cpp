@@ -438,6 +438,25 @@ TEST_F(MainWindow, AddingEndsByTheButtonByEscAndByClosingTheWindow) {
     }
 }
 
+TEST_F(MainWindow, AListingEndsByTheButtonAndByEscAndIsMadeCompleteByRefresh) {
+    startListing(40);
+    const auto& cancel = child<QAbstractButton>(window(), "cmdCancelAdding");
+    const std::function<void()> ways[] = {
+        [&] { click(window(), "cmdCancelAdding"); },
+        [&] { QTest::keyClick(&window(), Qt::Key_Escape); },
+    };
+    for (const std::function<void()>& way : ways) {
+        click(window(), "cmdRefreshFolder");
+        EXPECT_TRUE(cancel.isVisible());
+        way();
+        EXPECT_FALSE(window().folderView().isRunning() || cancel.isVisible());
+        EXPECT_EQ(panel("status"), "The listing was stopped. Press F5 to list the folder again.");
+    }
+    click(window(), "cmdDetailFolder");
+    EXPECT_TRUE(waitFor([&] { return listed().count() == 40 && !window().folderView().isRunning(); }));
+    EXPECT_EQ(panel("status"), "");
+}
+
 TEST_F(MainWindow, AFileDroppedOnTheFolderListIsShownInItsFolder) {
     startListing(1);
     QDir().mkpath(path("other"));

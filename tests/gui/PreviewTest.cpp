@@ -67,6 +67,9 @@ TEST_F(PreviewOfPictures, TheZoomMenuShowsEachPixelOrThePictureCompletelyAndIsRe
     settle();
     EXPECT_EQ(panel("status"), "100%");
     EXPECT_EQ(button.text().toStdString(), "Ac&tual Size  ") << "the same key";
+    const QAction& actualSize = action("mnuPreviewActualSize");
+    EXPECT_EQ(button.icon().cacheKey(), actualSize.icon().cacheKey());
+    EXPECT_EQ(button.toolTip().left(12).toStdString(), "Actual Size:");
     EXPECT_TRUE(waitFor([&] { return bar.isVisible(); }));
     EXPECT_FALSE(view().verticalScrollBar()->isVisible());
     EXPECT_EQ(bar.maximum(), 1700 - view().container().width);

@@ -4,6 +4,8 @@
 #include "collections/forms/FolderTree.h"
 #include "collections/forms/PlacesBar.h"
 #include "controls/ActionTable.h"
+#include "controls/FocusFrame.h"
+#include "controls/FocusTabBar.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
 
@@ -11,7 +13,6 @@
 #include <QLabel>
 #include <QScreen>
 #include <QStackedWidget>
-#include <QTabBar>
 #include <QToolButton>
 #include <algorithm>
 
@@ -20,9 +21,9 @@ namespace tarsel {
 namespace {
 
 /// In a narrow pane only the first text is shortened.
-class BrowseTabs final : public QTabBar {
+class BrowseTabs final : public FocusTabBar {
 public:
-    using QTabBar::QTabBar;
+    using FocusTabBar::FocusTabBar;
 
 protected:
     QSize minimumTabSizeHint(int tab) const override {
@@ -87,7 +88,7 @@ QWidget* BrowsePane::makeFolderPanel() {
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);
     rows->addWidget(makePlaces());
-    rows->addWidget(m_tree);
+    rows->addWidget(new FocusFrame(*m_tree, picFileSystem));
     return picFileSystem;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/ImageBoxView.h"
 
+#include "controls/FocusFrame.h"
+
 #include <QAccessibleWidget>
 #include <QFileInfo>
 #include <QMouseEvent>
@@ -178,7 +180,7 @@ void ImageBoxView::paintEvent(QPaintEvent*) {
         paintPicture(painter);
     paintNotice(painter);
     if (hasFocus())
-        paintFocus(painter);
+        drawFocusFrame(painter, palette(), viewport()->rect());
 }
 
 /// In device pixels from the first one of the viewport, which at a fractional ratio is not exactly where the
@@ -241,13 +243,6 @@ QString ImageBoxView::strip() const {
     if (!m_drawn.image.isNull() && !m_shown.notice.isEmpty())
         return tr("This file is damaged: %1").arg(m_shown.notice);
     return {};
-}
-
-void ImageBoxView::paintFocus(QPainter& painter) const {
-    constexpr int width = 2;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), width));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(viewport()->rect().marginsRemoved({1, 1, 1, 1}));
 }
 
 void ImageBoxView::focusInEvent(QFocusEvent* event) {

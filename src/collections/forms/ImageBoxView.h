@@ -76,7 +76,6 @@ private:
     void paintPixels(QPainter& painter) const;
     void paintNotice(QPainter& painter) const;
     QString strip() const;
-    void paintFocus(QPainter& painter) const;
 
     ImageBox& m_box;
     PreviewPicture m_shown;           ///< what is to be shown

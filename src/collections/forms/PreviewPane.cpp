@@ -68,6 +68,10 @@ void PreviewPane::check(const Choice& choice, int item) {
     chosen.setChecked(true);
     QAction& button = m_actions.action(choice.button);
     button.setIconText(withMnemonicOf(button.text(), chosen.text()) + QLatin1String(choice.blanks));
+    button.setIcon(chosen.icon());
+    const QString meaning = button.data().toString();
+    button.setToolTip(tr("%1: %2").arg(chosen.text().remove(QLatin1Char('&')), meaning));
+    shortenButtons();
 }
 
 void PreviewPane::setPreviewType(int type) {
@@ -109,16 +113,22 @@ QToolButton* PreviewPane::withText(QToolButton* button) {
     return button;
 }
 
-/// On a small screen the texts of the buttons give way.
 void PreviewPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    const auto setStyle = [this](Qt::ToolButtonStyle style) {
-        for (QToolButton* button : m_textButtons)
-            button->setToolButtonStyle(style);
+    shortenButtons();
+}
+
+/// Where room is short the texts of the buttons give way, the choices last.
+void PreviewPane::shortenButtons() {
+    QLayout* bar = layout()->itemAt(0)->layout();
+    const auto fits = [this, bar] {
+        bar->invalidate(); // doesn't learn of its buttons' new sizes by itself
+        return bar->sizeHint().width() <= width();
     };
-    setStyle(Qt::ToolButtonTextBesideIcon);
-    if (layout()->itemAt(0)->layout()->sizeHint().width() > width())
-        setStyle(Qt::ToolButtonIconOnly);
+    for (QToolButton* button : m_textButtons)
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    for (auto button = m_textButtons.rbegin(); button != m_textButtons.rend() && !fits(); ++button)
+        (*button)->setToolButtonStyle(Qt::ToolButtonIconOnly);
 }
 
 QLayout* PreviewPane::makeBar() {
@@ -135,11 +145,18 @@ QLayout* PreviewPane::makeBar() {
     return bar;
 }
 
+void PreviewPane::connectChoice(const Choice& choice, void (PreviewPane::*choose)()) {
+    QAction& button = m_actions.action(choice.button);
+    button.setData(button.toolTip()); // to which each choice adds its name
+    for (const char* name : choice.items) {
+        m_actions.action(name).setIconVisibleInMenu(false); // its place is for the mark of the checked item
+        connect(&m_actions.action(name), &QAction::triggered, this, choose);
+    }
+}
+
 void PreviewPane::connectActions() {
-    for (const char* name : typeChoice.items)
-        connect(&m_actions.action(name), &QAction::triggered, this, &PreviewPane::chooseType);
-    for (const char* name : fitChoice.items)
-        connect(&m_actions.action(name), &QAction::triggered, this, &PreviewPane::chooseFit);
+    connectChoice(typeChoice, &PreviewPane::chooseType);
+    connectChoice(fitChoice, &PreviewPane::chooseFit);
     connect(&m_actions.action("cmdPreviewPrevious"), &QAction::triggered, this,
             &PreviewPane::cmdPreviewPrevious);
     connect(&m_actions.action("cmdPreviewNext"), &QAction::triggered, this, &PreviewPane::cmdPreviewNext);

@@ -45,7 +45,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// A menu of which one item is checked, whose text the button repeats.
+    /// A menu of which one item is checked, whose text and icon the button repeats.
     struct Choice {
         const char* button;
         const char* menu;
@@ -60,6 +60,8 @@ private:
     void connectView();
     int checkedItem(const Choice& choice) const;
     void check(const Choice& choice, int item);
+    void connectChoice(const Choice& choice, void (PreviewPane::*choose)());
+    void shortenButtons();
     QWidget* makeButton(const char* name, const char* menu, std::initializer_list<const char*> items);
     QToolButton* withText(QToolButton* button);
     void enableSaving();

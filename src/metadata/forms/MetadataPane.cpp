@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/forms/MetadataPane.h"
 
+#include "controls/FocusTabBar.h"
 #include "controls/ListControl.h"
 
 #include <QStackedWidget>
-#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace tarsel {
 
 MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, QWidget* parent) :
     QWidget(parent), m_exif(addList(lvExif, "lvExif", tr("EXIF attributes"))),
-    m_iptc(addList(lvIPTC, "lvIPTC", tr("IPTC attributes"))), m_tabs(new QTabBar(this)) {
+    m_iptc(addList(lvIPTC, "lvIPTC", tr("IPTC attributes"))), m_tabs(new FocusTabBar(this)) {
     setObjectName(QStringLiteral("PicMetadata"));
     m_tabs->setObjectName(QStringLiteral("tbsMetadata"));
     m_tabs->setDocumentMode(true);
