@@ -59,7 +59,7 @@ void StatusBar::resizeEvent(QResizeEvent* event) {
 void StatusBar::shareRoom() {
     for (QLabel* label : std::as_const(m_labels))
         if (!m_yielding.contains(label))
-            label->setMinimumWidth(std::min(label->sizeHint().width(), width() / 5));
+            label->setMinimumWidth(std::min(label->sizeHint().width(), width() / 6));
 }
 
 } // namespace tarsel

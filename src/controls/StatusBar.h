@@ -31,6 +31,8 @@ public:
 
     /// What a panel shows.
     QString text(const QString& key) const;
+    /// Long texts don't keep the window wide.
+    QSize minimumSizeHint() const override { return {0, QStatusBar::minimumSizeHint().height()}; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

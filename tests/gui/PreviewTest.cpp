@@ -273,6 +273,7 @@ TEST_F(PreviewOfPictures, IsSavedAsItWillBeWhileItIsPreparedAgain) {
     ASSERT_EQ(ibMain().Width(), 480);
     TestDesktop scripted;
     scripted.fileChoices.push_back(FileDialogChoice{path("out.jpg"), 1});
+    script.on("frmJpegQuality", [](QWidget& dialog) { click(dialog, "cmdSave"); });
     ConfigRecord.BatchSave.UprightByExif = 0;
     window().takeUpright();
     choose("mnuPreviewSaveImage");
