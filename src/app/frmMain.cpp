@@ -268,16 +268,13 @@ void frmMain::changeBasket(void (Basket::*change)()) {
         return std::pair(pages.count(), row < 0 ? QString() : pages.row(row).tag);
     };
     const auto before = selection();
-    bool wasShown = false;
-    for (int row = 0; row < pages.count() && !wasShown; ++row)
-        wasShown = pages.row(row).tag == m_preview.shownPath();
     (m_basket.*change)();
     if (selection() == before)
         return;
-    if (!pages.isEmpty())
-        m_preview.ShowRow(pages, pages.selectedIndex());
-    else if (wasShown)
+    if (pages.isEmpty())
         m_preview.dropUnselected();
+    else
+        m_preview.ShowRow(pages, pages.selectedIndex());
 }
 
 void frmMain::showHistory() {

@@ -222,12 +222,14 @@ TEST_F(MainWindow, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsName
     EXPECT_EQ(panel("folder"), "Current Folder - " + QFileInfo(pictures()).path().toStdString());
     EXPECT_EQ(panel("status"), "");
     QDir().mkpath(path("few/below"));
-    tree.selectFolder(path("few/below"));
-    EXPECT_TRUE(waitFor([&] { return !tree.model()->hasChildren(tree.currentIndex()); }));
+    // Again and again: the model may drop a folder that its listing in work doesn't have yet.
+    const auto holdsFolders = [&] {
+        tree.selectFolder(path("few/below"));
+        return tree.model()->hasChildren(tree.currentIndex());
+    };
+    EXPECT_TRUE(waitFor([&] { return !holdsFolders(); }));
     QDir().mkpath(path("few/below/new"));
-    tree.setCurrentIndex(tree.currentIndex().parent());
-    tree.selectFolder(path("few/below"));
-    EXPECT_TRUE(waitFor([&] { return tree.model()->hasChildren(tree.currentIndex()); }));
+    EXPECT_TRUE(waitFor(holdsFolders));
 }
 
 TEST_F(MainWindow, RowsAreAddedByDropMovedByDropRemovedByDeleteAndAllByNewBasket) {
