@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Real drags: the pointer is moved on a screen of its own (Xvfb) by xdotool, past all that a test could imitate.
+// Real drags: the pointer is moved on a screen of its own (Xvfb) by xdotool, past all that a test could
+// imitate.
 #include "controls/ListControl.h"
 #include "tests/gui/WindowTest.h"
 
@@ -24,7 +25,8 @@ protected:
         return view->viewport()->mapToGlobal(row < 0 ? view->viewport()->rect().center() : place.center());
     }
 
-    /// Presses at one place, moves in steps to the other and releases, in the middle of `until` becoming true.
+    /// Presses at one place, moves in steps to the other and releases, in the middle of `until` becoming
+    /// true.
     static bool drag(QPoint from, QPoint to, const std::function<bool()>& until) {
         QStringList moves;
         const auto moveTo = [&](QPoint at) {
@@ -51,7 +53,8 @@ TEST_F(Drag, PicturesGoIntoTheBasketAndChangeTheirPlaceThere) {
     selectAllOf("lvFolder");
     EXPECT_TRUE(drag(placeOf("lvFolder", 2), placeOf("lvPages", -1), [&] { return basket().count() == 3; }));
     const std::string before = texts(basket());
-    EXPECT_TRUE(drag(placeOf("lvPages", 2), placeOf("lvPages", 0), [&] { return texts(basket()) != before; }));
+    EXPECT_TRUE(
+        drag(placeOf("lvPages", 2), placeOf("lvPages", 0), [&] { return texts(basket()) != before; }));
     EXPECT_EQ(basket().count(), 3) << texts(basket());
     EXPECT_EQ(listed().count(), 3);
 }

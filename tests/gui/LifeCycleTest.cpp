@@ -83,8 +83,7 @@ TEST_F(LifeCycle, TheWindowComesBackWhereItWasAndFitsTheScreen) {
     start();
     EXPECT_LE(window().frameGeometry().width(), screen.width());
     EXPECT_LE(window().frameGeometry().height(), screen.height());
-    const QRect place(5, 40, window().minimumSizeHint().width() + 7,
-                      window().minimumSizeHint().height() + 9);
+    const QRect place(5, 40, window().minimumSizeHint().width() + 7, window().minimumSizeHint().height() + 9);
     window().setGeometry(place);
     close();
     start();
