@@ -42,7 +42,9 @@ endif()
 
 # tarsel_library(<folder> SOURCES <file>... [USES <library>...] [INTERNAL <library>...] [PRECOMPILE <header>...])
 # makes the static library tarsel_<folder>. USES names the libraries that its headers include, INTERNAL those that only
-# its sources include; both together are what src/README.md allows this folder, and nothing else.
+# its sources include; both together are what src/README.md allows this folder, and nothing else. PRECOMPILE names the
+# headers of a precompiled header. They are over 100 MB each, so libraries share that of base, those with windows that
+# of tarsel_widgets_headers.
 function(tarsel_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;USES;INTERNAL;PRECOMPILE" ${ARGN})
     add_library(tarsel_${name} STATIC ${ARG_SOURCES})
@@ -51,6 +53,10 @@ function(tarsel_library name)
     target_link_libraries(tarsel_${name} PUBLIC ${ARG_USES} PRIVATE ${ARG_INTERNAL} tarsel_flags)
     if(ARG_PRECOMPILE)
         target_precompile_headers(tarsel_${name} PRIVATE ${ARG_PRECOMPILE})
+    elseif(Qt6::Widgets IN_LIST ARG_USES OR Qt6::Widgets IN_LIST ARG_INTERNAL)
+        target_precompile_headers(tarsel_${name} REUSE_FROM tarsel_widgets_headers)
+    elseif(tarsel_base IN_LIST ARG_USES OR tarsel_base IN_LIST ARG_INTERNAL)
+        target_precompile_headers(tarsel_${name} REUSE_FROM tarsel_base)
     endif()
 endfunction()
 
