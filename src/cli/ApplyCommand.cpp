@@ -55,9 +55,8 @@ SourceState apply(const QString& source, const QString& target, const TaskList& 
     if (const auto failure =
             modProcessTasks::subProcessPages(noSelection, tasks.lvEditBatch, box, nullptr, true))
         fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("CommandLine",
-                                         "%1: the task list ended early, nothing was written: %2")
-                 .arg(source, failure->ErrSystem));
+             QCoreApplication::translate("CommandLine", "the task list ended early, nothing was written: %1")
+                 .arg(failure->ErrSystem));
     state.losesOrientation =
         !upright && isOrientationLost(box, source, modFileSystem::GetFileExtension(target));
     box.SaveToFile(target);

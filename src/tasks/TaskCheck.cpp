@@ -38,8 +38,17 @@ void checkColumn(const TaskColumn& column, const TaskRow& row, TaskCheck& check)
                  QCoreApplication::translate("TaskCheck", "the file \"%1\" is missing").arg(text)};
 }
 
-/// Raises the error of a run that needs artwork which doesn't exist.
-void requireArtwork(int kind, const TaskRow& row) {
+void requireSize(const TaskRow& row) {
+    using column::Resize;
+    if (row[Resize::toSize] ? row[Resize::width] < 1 || row[Resize::height] < 1 : row[Resize::percent] < 1)
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("TaskCheck", "the new size has to be at least 1"));
+}
+
+/// Raises the error of a run that fails whatever the picture: no size, or artwork that doesn't exist.
+void requireUsable(int kind, const TaskRow& row) {
+    if (kind == 3)
+        requireSize(row);
     if (kind == 13 && row[column::Frame::plain] == 0)
         frmFrameDummy::requireBorder(row[column::Frame::number]);
     if (kind == 14)
@@ -83,7 +92,7 @@ TaskCheck checkRow(const TaskRow& row) {
     if (check.state != State::Ok)
         return check;
     try {
-        requireArtwork(number, row);
+        requireUsable(number, row);
     } catch (const TrappedError& error) {
         return failed(error.description);
     }

@@ -30,6 +30,8 @@ struct Failure {
 std::vector<Failure> failures() {
     return {
         {"a width that is empty", taskRow(3, {"True", "", "5"}), 13},
+        {"a width of nothing", taskRow(3, {"True", "0", "5"}), 5},
+        {"a percent of nothing", taskRow(3, {"False", "0", ""}), 5},
         {"a width beyond 32 bits", taskRow(3, {"True", "9999999999", "5"}), 6},
         {"a percent beyond 16 bits", taskRow(3, {"False", "40000", ""}), 6},
         {"a percent with a sign after it", taskRow(3, {"False", "50%", ""}), 13},
