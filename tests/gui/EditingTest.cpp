@@ -1,10 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/Basket.h"
+#include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"
+#include "output/BatchSave.h"
+#include "tasks/TaskColumns.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/Corpus.h"
+#include "tests/support/RecordedProgress.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
+#include <QSlider>
 #include <QTest>
 
 namespace tarsel::test {
@@ -15,11 +27,19 @@ class EditingInTheWindow : public WindowTest {
 protected:
     void startEditing() {
         startListing(1);
-        child<QMenu>(window(), "mnuPreviewType").actions()[0]->trigger(); // "Original"
-        window().preview().ShowRow(listed(), 0);
-        settle();
+        show(0);
         QTest::keyClick(&window(), Qt::Key_F4);
         settle();
+    }
+    /// Shows the picture of a row, with the view set to the original.
+    void show(int row) {
+        child<QMenu>(window(), "mnuPreviewType").actions()[0]->trigger();
+        window().preview().ShowRow(listed(), row);
+        settle();
+    }
+    void edit(int row) {
+        show(row);
+        press("CmdPreviewEdit");
     }
     void settle() {
         ASSERT_TRUE(waitFor([&] { return !window().preview().isBusy(); }));
@@ -27,6 +47,39 @@ protected:
     void key(Qt::Key pressed, Qt::KeyboardModifiers with = {}) {
         QTest::keyClick(QApplication::focusWidget(), pressed, with);
         settle();
+    }
+    void press(const char* button) {
+        click(window(), button);
+        settle();
+    }
+    void clickRow(int row) {
+        tasks().lvEditPreview.selectOnly(row);
+        Q_EMIT child<ListControl>(window(), "lvEditPreview").rowClicked();
+        settle();
+    }
+    void answer(QMessageBox::StandardButton button) {
+        script.on("messageBox",
+                  [=](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(button)->click(); });
+    }
+    void chooseFile(const QString& file) {
+        script.on("QFileDialog", [=](QWidget& dialog) {
+            dynamic_cast<QFileDialog&>(dialog).selectFile(file);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+    /// Sets an option by the keys or the click that its control takes.
+    void set(const char* name, const char* value) {
+        auto& control = child<QWidget>(window(), name);
+        control.setFocus();
+        if (auto* box = qobject_cast<QLineEdit*>(&control)) {
+            box->selectAll();
+            QTest::keyClicks(box, QString::fromUtf8(value));
+        } else if (qobject_cast<QAbstractButton*>(&control)) {
+            QTest::mouseClick(&control, Qt::LeftButton, {}, {8, control.height() / 2});
+        } else {
+            for (int steps = QByteArray(value).toInt(); steps > 0; --steps)
+                QTest::keyClick(&control, qobject_cast<QSlider*>(&control) ? Qt::Key_Right : Qt::Key_Down);
+        }
     }
     bool isSeen(const char* name) { return child<QWidget>(window(), name).isVisible(); }
     bool isOn(const char* button) { return child<QAbstractButton>(window(), button).isEnabled(); }
@@ -63,20 +116,8 @@ TEST_F(EditingInTheWindow, IsARoundOfKeysFromEditToFinish) {
     EXPECT_EQ(tasks().count(), 1) << "and the list stays";
 }
 
-TEST_F(EditingInTheWindow, RowsAreRemovedInThePanelAndAnotherPictureTakesThePlaceOfTheEditedOne) {
+TEST_F(EditingInTheWindow, GoesOnWithAnotherPictureThatTakesThePlaceOfTheEditedOne) {
     startEditing();
-    const Picture before = shown();
-    for (int times = 0; times < 3; ++times) {
-        click(window(), "Invert");
-        key(Qt::Key_Return, Qt::ControlModifier);
-    }
-    tasks().lvEditPreview.selectOnly(1);
-    Q_EMIT child<ListControl>(window(), "lvEditPreview").rowClicked();
-    settle();
-    EXPECT_TRUE(shown() == before) << "two of three";
-    click(window(), "cmdEditBar_3_Preview");
-    settle();
-    EXPECT_EQ(texts(tasks().lvEdit), "Negative Negative");
     click(window(), "Invert");
     click(window(), "cmdApply"); // and is not waited for
     makePicture(pictures() + QStringLiteral("/photo01.jpg"), {30, 20});
@@ -87,6 +128,138 @@ TEST_F(EditingInTheWindow, RowsAreRemovedInThePanelAndAnotherPictureTakesThePlac
     EXPECT_FALSE(isOn("cmdReset")) << "nothing is tried on the new picture yet";
     click(window(), "CmdPreviewEdit");
     EXPECT_EQ(shown().width(), 30);
+}
+
+/// Of odd sizes and different depths: colours, 16 bits with transparency, gray.
+TEST_F(EditingInTheWindow, GivesThePixelsOfThePreviewWhenItIsConfirmedReplayedAndSaved) {
+    const std::pair<const char*, QImage::Format> pictureKinds[] = {{"a.bmp", QImage::Format_RGB32},
+                                                                   {"b.png", QImage::Format_RGBA64},
+                                                                   {"c.png", QImage::Format_Grayscale8}};
+    for (QSize size(141, 97); const auto& [name, format] : pictureKinds) {
+        QImage image(size, QImage::Format_RGBA64);
+        for (int y = 0; y < size.height(); ++y)
+            for (int x = 0; x < size.width(); ++x)
+                image.setPixelColor(
+                    x, y, QColor(x % 256, y % 256, (x * y) % 256, format == QImage::Format_RGBA64 ? x : 255));
+        ASSERT_TRUE(image.convertToFormat(format).save(pictures() + QLatin1Char('/') + QLatin1String(name)));
+        size += QSize(66, 90);
+    }
+    makePicture(path("mark.jpg"), {31, 19});
+    start();
+    listFolder(pictures());
+    addAll();
+    const TaskDefaults visible{.ResizeMode = 1,
+                               .RotateDegrees = 17,
+                               .Contrast = 70,
+                               .Brightness = 30,
+                               .CropOption = 1,
+                               .WatermarkImage = path("mark.jpg")};
+    for (int row = 0; row < int(std::size(pictureKinds)); ++row) {
+        ConfigRecord.Tasks = visible;
+        edit(row);
+        ListView pages;
+        pages.add(basket().row(row));
+        for (const TaskKind& kind : taskKinds()) {
+            if (!kind.replay)
+                continue;
+            SCOPED_TRACE(pictureKinds[row].first + std::string(" ") + kind.panelKey);
+            const Picture before = shown();
+            for (const char* button : {kind.panelKey, "cmdApply"})
+                press(button);
+            const Picture previewed = shown();
+            EXPECT_FALSE(previewed == before);
+            press("cmdOK");
+            EXPECT_TRUE(shown() == previewed);
+            clickRow(0);
+            EXPECT_TRUE(shown() == previewed);
+            settings::BatchSave settings;
+            settings.DestinationFolder = path("");
+            settings.ProcessEditingList = settings.Overwrite = 1;
+            RecordedProgress progress;
+            std::vector<RowResult> results;
+            EXPECT_TRUE(fncSaveSinglePage(pages, tasks().lvEditBatch, window().workspace().ibTemp, progress,
+                                          settings, {}, results));
+            ASSERT_EQ(results.at(0).reason().toStdString(), "");
+            ImageBox expected = boxWith(previewed);
+            expected.JpegQuality = settings.JpegQuality;
+            expected.SaveToFile(path("expected.jpg"));
+            EXPECT_TRUE(loaded(results[0].target).picture() == loaded(path("expected.jpg")).picture());
+            answer(QMessageBox::Yes);
+            press("cmdOriginalImage");
+            EXPECT_TRUE(shown() == before);
+        }
+        press("CmdPreviewEdit");
+    }
+}
+
+TEST_F(EditingInTheWindow, IsKeptInAListThatMakesTheSamePictureInTheNextSession) {
+    const QString photo = pictures() + QStringLiteral("/photo.jpg");
+    if (!corpusFolder() ||
+        !QFile::copy(*corpusFolder() + QStringLiteral("/jpeg/FurnaceCreekInn2.jpg"), photo))
+        makePicture(photo, {400, 300});
+    start();
+    listFolder(pictures());
+    edit(0);
+    const struct {
+        const char* task;
+        std::vector<std::pair<const char*, const char*>> options;
+    } edits[] = {
+        {"Resize", {{"optResize_1", ""}, {"txtScale", "90"}}},
+        {"Rotate", {{"chkRotateResample", ""}, {"cmdAngle_0", ""}}},
+        {"Crop",
+         {{"txtCropLeft", "61"}, {"txtCropTop", "52"}, {"txtCropRight", "364"}, {"txtCropBot", "291"}}},
+        {"Flip", {{"optFlip_1", ""}}},
+        {"Contrast", {{"sldContrast", "7"}, {"chkConBlue", ""}}},
+        {"Brightness", {{"sldBrightness", "4"}}},
+        {"Invert", {}}, // the row to be removed
+        {"Sharpen", {{"sldSharpen", "2"}}},
+        {"Blur", {{"sldBlur", "1"}}},
+        {"Text", {{"txtDraw", "Furnace Creek"}, {"cboPosition", "8"}, {"chkTextBold", ""}}},
+        {"Frame", {{"OptFrameImage_4", ""}}},
+        {"Shadow", {{"OptShadow_3", ""}}},
+        {"Canvas", {{"txtCanvasCustom_1", "33"}}},
+    };
+    for (const auto& [task, options] : edits) {
+        SCOPED_TRACE(task);
+        const Picture before = shown();
+        press(task);
+        for (const auto& [control, value] : options)
+            set(control, value);
+        press("cmdApply");
+        EXPECT_FALSE(shown() == before);
+        press("cmdOK");
+    }
+    const Picture confirmed = shown();
+    for (const char* button : {"Invert", "cmdApply"})
+        press(button);
+    const Picture inverted = shown();
+    for (const auto reply : {QMessageBox::Cancel, QMessageBox::No}) {
+        answer(reply);
+        press("Blur");
+        EXPECT_TRUE(shown() == (reply == QMessageBox::No ? confirmed : inverted));
+    }
+    for (const char* button : {"cmdApply", "cmdReset"})
+        press(button);
+    EXPECT_TRUE(shown() == confirmed);
+    clickRow(5);
+    const Picture half = shown();
+    clickRow(6);
+    EXPECT_FALSE(shown() == half || shown() == confirmed);
+    press("cmdEditBar_3_Preview");
+    const Picture edited = shown();
+    EXPECT_FALSE(edited == confirmed);
+    chooseFile(path("look.tbf"));
+    press("cmdEditBar_2_Preview");
+    close();
+    ConfigRecord = {};
+    start();
+    listFolder(pictures());
+    edit(0);
+    EXPECT_EQ(tasks().count(), 0);
+    chooseFile(path("look.tbf"));
+    press("cmdEditBar_1_Preview");
+    EXPECT_EQ(tasks().count(), 12);
+    EXPECT_TRUE(shown() == edited);
 }
 
 } // namespace tarsel::test

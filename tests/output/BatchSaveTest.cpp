@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
-#include "tasks/modProcessTasks.h"
 #include "tests/output/TestBasket.h"
 
 #include <QDir>
@@ -110,23 +109,4 @@ TEST_F(BatchSaving, RowsOfAWbmpFileAreReadBesideTheUsualFormats) {
     addRow("dot.wbmp", "dot");
     EXPECT_TRUE(run());
     EXPECT_EQ(width("out/dot.jpg"), 8);
-}
-
-TEST_F(BatchSaving, ThePreviewAtFullSizeAndTheBatchGiveTheSamePixels) {
-    halveSizes();
-    addTask("5", "contrast", {"60", "True", "True", "True"});
-    addTask("7", "sharpen", {"3"});
-    addTask("1", "flip", {"0"});
-    addTask("2", "rotate", {"True", "7", "255"});
-    addTask("10", "text",
-            {"True", "False", "True", "0", "2", "DejaVu Sans", "10", "True", "False", "False", "16777215",
-             "0", "0", "8", "Batch", "0", "0"});
-    ImageBox preview = loaded(addPicture("a.jpg", 211, 127));
-    tasks.lvEdit.selectOnly(tasks.count() - 1);
-    ASSERT_FALSE(modProcessTasks::subProcessPages(tasks.lvEdit, tasks.lvEditBatch, preview, nullptr, false));
-    preview.JpegQuality = 80;
-    preview.SaveToFile(path("preview.jpg"));
-    EXPECT_TRUE(run());
-    EXPECT_EQ(box.picture(), preview.picture()) << "before encoding";
-    EXPECT_EQ(loaded(path("out/a.jpg")).picture(), loaded(path("preview.jpg")).picture());
 }
