@@ -343,6 +343,31 @@ TEST_F(OptionPages, WatermarkTakesAPictureAColourOfItAndAPlace) {
     EXPECT_EQ(columns({5}), "255");
 }
 
+TEST_F(OptionPages, ShowEightLooksOfTheArtworkOnTheirButtons) {
+    for (const auto& [kind, name] :
+         {std::pair(13, "OptFrameImage_%1"), std::pair(14, "OptMask_%1"), std::pair(15, "OptShadow_%1")}) {
+        open(kind);
+        std::vector<QImage> looks;
+        for (int number = 0; number < 8; ++number) {
+            const auto& button = control<QToolButton>(QString::fromLatin1(name).arg(number).toLatin1());
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !button.icon().isNull(); }));
+            looks.push_back(button.icon()
+                                .pixmap(button.iconSize())
+                                .toImage()
+                                .scaled(button.iconSize())
+                                .convertToFormat(QImage::Format_RGB32));
+            for (int other = 0; other < number; ++other) {
+                int different = 0;
+                for (int y = 0; y < looks[0].height(); ++y)
+                    for (int x = 0; x < looks[0].width(); ++x)
+                        different +=
+                            std::abs(qGray(looks[number].pixel(x, y)) - qGray(looks[other].pixel(x, y))) > 6;
+                EXPECT_GT(different, 30) << button.objectName().toStdString() << " is like " << other;
+            }
+        }
+    }
+}
+
 TEST_F(OptionPages, FitTheirPanelWithALargeFontAndNameTheirControls) {
     const QFont usual = QApplication::font();
     const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });

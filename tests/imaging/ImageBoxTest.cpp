@@ -223,17 +223,3 @@ TEST(ImageBox, TellsColorsInsideThePictureOnly) {
     for (const auto& [x, y] : {PictureSize{-1, 0}, {0, -1}, {4, 0}, {0, 3}})
         EXPECT_EQ(errorNumberOf([&, x = x, y = y] { box.PixelColor(x, y); }), ErrorNumber::InvalidCall);
 }
-
-TEST(ImageBox, DrawsTextAtTheBottomRightFlushWithTheEdges) {
-    ImageBox box = boxWith(plainPicture(300, 100, 3, {255, 255, 255}));
-    box.Font.Name = QStringLiteral("DejaVu Sans");
-    box.TextTransparent = false;
-    box.TextBackColor = Blue;
-    box.TextAlignment = 2;
-    const QString text = QStringLiteral("Harbour");
-    box.DrawText(300, 100 - box.TextHeight(text), text);
-    EXPECT_EQ(box.PixelColor(299, 99), Blue);
-    EXPECT_EQ(box.PixelColor(300 - box.TextWidth(text), 99), Blue);
-    EXPECT_EQ(box.PixelColor(299 - box.TextWidth(text), 99), 0xFFFFFF);
-    EXPECT_EQ(box.PixelColor(299, 99 - box.TextHeight(text)), 0xFFFFFF);
-}
