@@ -19,10 +19,4 @@ struct CodecPeer {
 /// Those whose development files are installed.
 std::vector<CodecPeer> codecPeers();
 
-// libjpeg-turbo with nothing around it, and how little a thumbnail needs: the decoder reduces as far as it
-// can, and means of the rest are taken.
-void loadBareJpeg(const QByteArray& file);
-void saveBareJpeg(const Picture& picture, int quality);
-void makeBareThumbnail(const QByteArray& file, int side);
-
 } // namespace tarsel::bench

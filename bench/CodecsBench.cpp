@@ -2,6 +2,7 @@
 // How long our codecs take beside other libraries: codecs_bench PICTURE.jpg. Each case runs both in turn; the
 // column "ratio" is our best time over theirs, below 1 where we are faster.
 
+#include "bench/BareJpeg.h"
 #include "bench/CodecPeers.h"
 #include "codecs/Codec.h"
 #include "imaging/fncLoadPicture.h"

@@ -4,6 +4,7 @@
 # their metadata. Prints CPU seconds of ours and of what it is measured against, run in turn, and the ratio of medians.
 #   BENCH_CORPUS   folder with *.jpg files, and logo.png for the watermark (needed)
 #   BENCH_PEERS    a command to measure against; it finds the files in $F, an empty folder in $OUT (default: none)
+#   BENCH_TASKS    a task list to run instead (default: the four tasks above)
 #   RUNS           pairs of runs (default 5)       FILES  how many files (default 8)
 #   TARSEL         the program (default: build/release/bin/tarsel)
 set -euo pipefail
@@ -20,13 +21,14 @@ mapfile -t files < <(find "$corpus" -maxdepth 1 -name '*.jpg' | sort | head -n "
 logo=$(find "$corpus" "$corpus/.." -maxdepth 1 -name logo.png | head -n 1)
 export OUT=$work/out F="${files[*]}"
 
-{
+job_a() {
     printf '"3","resize","False","50","","","","","","","","","","","","","","",""\r\n'
     printf '"7","sharpen","2","","","","","","","","","","","","","","","",""\r\n'
     printf '"10","text","True","False","True","0","2","DejaVu Sans","45","False","False","False","16777215","0","0","8",'
     printf '"Benchmark picture 2026","0","0"\r\n'
     [ -z "$logo" ] || printf '"9","watermark","False","50","1","%s","0","40","40","False","","","","","","","","",""\r\n' "$logo"
-} >"$work/job.tbf"
+}
+if [ -n "${BENCH_TASKS:-}" ]; then cp "$BENCH_TASKS" "$work/job.tbf"; else job_a >"$work/job.tbf"; fi
 
 cpu_of() { # COMMAND...: CPU seconds of it and its children, on an empty folder
     rm -rf "$OUT"
