@@ -5,8 +5,8 @@
 
 namespace tarsel {
 
-/// Error 0x8000FFFF of a file that crashed its decoder's process, or kept it busy beyond the time limit.
-/// Reading it once more would only cost the same again.
+/// Error 0x8000FFFF of a file whose decoder's process could not be started, crashed, or took too long. It may
+/// be the system's fault; reading the file once more now would only cost the same again.
 struct DecoderLost : TrappedError {};
 
 } // namespace tarsel

@@ -61,20 +61,28 @@ bool writeAll(int descriptor, const QByteArray& bytes) {
     return true;
 }
 
+[[noreturn]] void failForLostDecoder(const FileUnderTest& file, const QString& fact) {
+    try {
+        failDecoding(file, fact);
+    } catch (const TrappedError& error) {
+        throw DecoderLost{error};
+    }
+}
+
 /// The file's bytes, which the decoder can only read.
 Descriptor contentMemory(const QByteArray& bytes, const FileUnderTest& file) {
     Descriptor content = sharedMemory("picture", bytes.size());
     if (!content.isOpen() || !writeAll(content.number(), bytes) ||
         ::fcntl(content.number(), F_ADD_SEALS, F_SEAL_WRITE) != 0)
-        failDecoding(file,
-                     QCoreApplication::translate("DecoderProcess", "no memory to pass it to its decoder"));
+        failForLostDecoder(
+            file, QCoreApplication::translate("DecoderProcess", "no memory to pass it to its decoder"));
     return content;
 }
 
 Descriptor pixelMemory(PixelSize size, const FileUnderTest& file) {
     Descriptor pixels = sharedMemory("pixels", std::int64_t(4) * size.width * size.height);
     if (!pixels.isOpen())
-        failDecoding(file, QCoreApplication::translate("DecoderProcess", "no memory for its pixels"));
+        failForLostDecoder(file, QCoreApplication::translate("DecoderProcess", "no memory for its pixels"));
     return pixels;
 }
 
@@ -104,16 +112,8 @@ Picture pictureOf(const DecoderReply& reply, PixelSize size, const Descriptor& p
                   const FileUnderTest& file) {
     Picture picture(size.width, size.height, reply.channels);
     if (!readPixels(pixels.number(), picture.edit()))
-        failDecoding(file, QCoreApplication::translate("DecoderProcess", "no memory for its pixels"));
+        failForLostDecoder(file, QCoreApplication::translate("DecoderProcess", "no memory for its pixels"));
     return picture;
-}
-
-[[noreturn]] void failForLostDecoder(const FileUnderTest& file, const QString& fact) {
-    try {
-        failDecoding(file, fact);
-    } catch (const TrappedError& error) {
-        throw DecoderLost{error};
-    }
 }
 
 /// Becomes readable when a stop is requested, so that poll sees it.
@@ -188,13 +188,14 @@ void DecoderProcess::logMissingLocks(std::uint32_t locks) {
 void DecoderProcess::start(const FileUnderTest& file) {
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
-        failDecoding(file, QCoreApplication::translate("DecoderProcess", "no socket for its decoder"));
+        failForLostDecoder(file, QCoreApplication::translate("DecoderProcess", "no socket for its decoder"));
     m_socket.reset(ends[0]);
     const Descriptor other(ends[1]);
     ::fcntl(m_socket.number(), F_SETFL, O_NONBLOCK); // only poll waits
     const QByteArray program = programPath();
     if (!m_child.start(program, other.number()))
-        failDecoding(file, QCoreApplication::translate("DecoderProcess", "its decoder %1 can't be started")
+        failForLostDecoder(file,
+                           QCoreApplication::translate("DecoderProcess", "its decoder %1 can't be started")
                                .arg(QFile::decodeName(program)));
     m_child.allowTime(secondsForOneFile, secondsForOneChild);
     m_isNewChild = true;
@@ -220,7 +221,7 @@ void DecoderProcess::send(const DecoderRequest& request, std::initializer_list<i
     if (sendRecord(m_socket.number(), request, descriptors))
         return;
     end();
-    failDecoding(file, QCoreApplication::translate("DecoderProcess", "its decoder does not answer"));
+    failForLostDecoder(file, QCoreApplication::translate("DecoderProcess", "its decoder does not answer"));
 }
 
 void DecoderProcess::waitForReply(const FileUnderTest& file, const std::stop_token& stop) {
