@@ -24,9 +24,11 @@ QString executableBaseName() {
     return QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
 }
 
-/// A file that exists but can't be read counts as missing.
+/// A file that exists but can't be read counts as missing. Nothing but a file is opened: a pipe would wait
+/// for its writer.
 bool configurationExists() {
-    return QFile(ConfigPath).open(QIODevice::ReadOnly);
+    const QFileInfo found(ConfigPath);
+    return found.exists() && (!found.isFile() || QFile(ConfigPath).open(QIODevice::ReadOnly));
 }
 
 void throwCorruptedFileAway() {

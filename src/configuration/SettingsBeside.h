@@ -10,7 +10,7 @@ QString settingsPathBeside();
 
 /// What can't be read counts as default.
 void readSettingsBeside(ConfigRecordData& record);
-/// Raises what the safe writer raises.
+/// Keeps what a later version has stored there. Raises what the safe writer raises.
 void storeSettingsBeside(const ConfigRecordData& record);
 
 } // namespace tarsel
