@@ -210,6 +210,7 @@ void ListControl::placeHint() {
 void ListControl::prepareHint() {
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setWordWrap(true);
+    m_hint->setTextFormat(Qt::PlainText); // names of files and folders
     m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
     for (const auto changed : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(&m_list, changed, this, &ListControl::placeHint);

@@ -2,6 +2,7 @@
 #include "controls/ProgressBar.h"
 
 #include "base/ProgressText.h"
+#include "controls/PlainToolTip.h"
 
 #include <algorithm>
 
@@ -53,7 +54,7 @@ void ProgressBar::hide() {
 }
 
 void ProgressBar::setSubject(const QString& fileName) {
-    setToolTip(fileName.toHtmlEscaped());
+    setToolTip(plainToolTip(fileName));
     Q_EMIT subjectChanged(fileName);
 }
 

@@ -4,6 +4,7 @@
 #include "base/ListView.h"
 #include "controls/LineIcon.h"
 #include "controls/PictureIcon.h"
+#include "controls/PlainToolTip.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -11,7 +12,6 @@
 #include <QHash>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QTextDocument>
 #include <QToolTip>
 #include <algorithm>
 
@@ -122,8 +122,7 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
                                            onOneLine(text) != text);
     if (!isCut || event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    QToolTip::showText(event->globalPos(), Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text,
-                       view->viewport(), option.rect);
+    QToolTip::showText(event->globalPos(), plainToolTip(text), view->viewport(), option.rect);
     return true;
 }
 

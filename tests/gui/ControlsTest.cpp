@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/Hyperlink.h"
 #include "controls/IndicatorStyle.h"
+#include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
 
 #include <QAccessible>
@@ -8,6 +9,7 @@
 #include <QRadioButton>
 #include <QRubberBand>
 #include <QTest>
+#include <QTextDocument>
 #include <gtest/gtest.h>
 
 namespace tarsel::test {
@@ -40,6 +42,17 @@ TEST(Splitters, ResizeThePanesWhenTheBarIsReleasedAndMoveByKeysWithinTheirBounds
     QTest::keyClick(bar, Qt::Key_End);
     EXPECT_EQ(left->width(), 200) << "equal bounds fix the bar";
     EXPECT_EQ(QAccessible::queryAccessibleInterface(bar)->role(), QAccessible::Splitter);
+}
+
+TEST(ToolTips, ShowNamesAsTheyAreWhateverTheyLookLike) {
+    ProgressBar bar;
+    for (const char* name : {"a & b.jpg", "<b>x</b>.jpg", "a&lt;b", "a\n<i>b", "<a\n  b>"}) {
+        bar.setSubject(QString::fromLatin1(name));
+        QTextDocument shown;
+        const QString tip = bar.toolTip();
+        Qt::mightBeRichText(tip) ? shown.setHtml(tip) : shown.setPlainText(tip);
+        EXPECT_EQ(shown.toPlainText().toStdString(), name);
+    }
 }
 
 TEST(IndicatorStyles, MakeTheBoxThatIsOffSeenInTheLightAndInTheDark) {

@@ -3,6 +3,7 @@
 
 #include "base/FileIdentity.h"
 #include "controls/ElidedLabel.h"
+#include "controls/PlainToolTip.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -48,7 +49,7 @@ void DestinationNotice::show(const QStringList& folders, const QStringList& sour
         m_destination->setText(tr("Files will be saved to %1").arg(folders.first()));
     else
         m_destination->setText(tr("Files will be saved to %n folders", nullptr, int(folders.size())));
-    m_destination->setToolTip(folders.join(QLatin1Char('\n')));
+    m_destination->setToolTip(plainToolTip(folders.join(QLatin1Char('\n'))));
     showSharedFolders(sourceFolders);
     showProblem();
 }

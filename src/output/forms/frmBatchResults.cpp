@@ -10,6 +10,7 @@
 #include "controls/FormScrollArea.h"
 #include "controls/LineIcon.h"
 #include "controls/ListControl.h"
+#include "controls/PlainToolTip.h"
 #include "output/forms/ui_frmBatchResults.h"
 
 #include <QAbstractItemView>
@@ -123,7 +124,7 @@ void frmBatchResults::showFolders(const std::vector<RowResult>& results) {
     const QString folder = folders.first();
     m_ui->lnkFolder->setCaption(QString(folder).replace(QLatin1Char('&'), QLatin1String("&&")));
     m_ui->lnkFolder->setAccessibleName(tr("Open the folder %1").arg(folder));
-    m_ui->lnkFolder->setToolTip(m_ui->lnkFolder->accessibleName().toHtmlEscaped());
+    m_ui->lnkFolder->setToolTip(plainToolTip(m_ui->lnkFolder->accessibleName()));
     connect(m_ui->lnkFolder, &Hyperlink::clicked, this, [this, folder] { openFolder(folder); });
 }
 

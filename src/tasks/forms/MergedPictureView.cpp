@@ -3,6 +3,7 @@
 
 #include "base/IgnoringErrors.h"
 #include "collections/forms/PictureImage.h"
+#include "controls/PlainToolTip.h"
 
 #include <QFileInfo>
 #include <QMouseEvent>
@@ -23,7 +24,7 @@ void MergedPictureView::setValue(const QVariant& path) {
         return;
     m_path = path.toString();
     take(m_path, {}, {});
-    setToolTip(m_path);
+    setToolTip(plainToolTip(m_path));
     setAccessibleDescription(m_path);
     requestPicture();
     if (isOther)
