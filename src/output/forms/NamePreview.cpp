@@ -60,7 +60,7 @@ ListControl* NamePreview::makeList() {
     list->setAccessibleName(tr("Names of the files that will be made"));
     list->setFullRowSelect(true);
     list->setColumnWidth(0, 200);
-    list->setColumnWidth(1, 120);
+    list->setColumnWidth(1, 165);
     list->setWideColumn(2);
     return list;
 }
