@@ -289,23 +289,26 @@ TEST_F(BasketTest, ADocumentThatIsStoppedOrRemovedKeepsItsPagesSoFarAndNoOtherPa
     EXPECT_TRUE(lvPages.isEmpty());
 }
 
-TEST_F(BasketTest, PagesThatWereReadBeforeTheirRowWasRemovedLeaveNoFile) {
+TEST_F(BasketTest, PagesThatWereReadBeforeAStopOrTheEndOfTheirRowLeaveNoFile) {
     makeScan();
     makePictures({"held.png"});
     settings.folderView = 3;
-    listAndSelectAll();
-    std::optional<Basket> pages(std::in_place, lists, settings);
-    HeldReader reader(*pages, "held");
-    whenRowsAre(3, [&] {
-        while (pageFiles().size() < 3) // the second page is there, and not fetched
-            QThread::yieldCurrentThread();
-        lvPages.remove(2);
-        reader.release();
-    });
-    pages->cmdAddToQueue_Click();
-    EXPECT_EQ(texts(lvPages), "held scan1");
-    pages.reset(); // waits for the page in work
-    EXPECT_EQ(pageFiles().size(), 1);
+    for (const bool isStopped : {true, false}) {
+        listAndSelectAll();
+        std::optional<Basket> pages(std::in_place, lists, settings);
+        pages->cmdPagesNew();
+        HeldReader reader(*pages, "held");
+        whenRowsAre(3, [&] {
+            while (pageFiles().size() < 3) // the second page is there, and not fetched
+                QThread::yieldCurrentThread();
+            isStopped ? pages->stopAdding() : lvPages.remove(2);
+            reader.release();
+        });
+        pages->cmdAddToQueue_Click();
+        EXPECT_EQ(texts(lvPages), isStopped ? "scan1" : "held scan1");
+        pages.reset(); // waits for the page in work
+        EXPECT_EQ(pageFiles().size(), 1);
+    }
 }
 
 TEST_F(BasketTest, FilesAndFoldersOfAnotherProgramAreAddedAndItSaysWhatWasSkipped) {

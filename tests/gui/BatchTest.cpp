@@ -25,6 +25,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QUrl>
 
 namespace tarsel::test {
 
@@ -124,7 +125,10 @@ TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
 
 TEST_F(Batch, CancelAndCloseInTheMiddleAskAndKeepTheFilesMadeSoFar) {
     QDir().mkpath(out());
-    startWithBasket(12);
+    startListing(13);
+    listed().selectAll();
+    listed().select(12, false);
+    click(window(), "cmdAddToQueue");
     answerDialog("Trip");
     const auto status = [&] { return window().findChild<QWidget*>(QStringLiteral("frmStatus")); };
     const auto text = [&] { return child<QLabel>(*status(), "lblStatus").text().toStdString(); };
@@ -137,6 +141,11 @@ TEST_F(Batch, CancelAndCloseInTheMiddleAskAndKeepTheFilesMadeSoFar) {
             << "the file in work";
         for (const char* button : {"cmdBrowseSettings", "cmdEditBar_1", "cmdEditBar_2"})
             EXPECT_FALSE(child<QWidget>(window(), button).isEnabled()) << "its dialog would stop the run";
+        listed().selectOnly(12);
+        Q_EMIT child<ListControl>(window(), "lvFolder").enterPressed();
+        Q_EMIT child<ListControl>(window(), "lvPages")
+            .filesOffered({QUrl::fromLocalFile(listed().row(12).tag)});
+        EXPECT_EQ(basket().count(), 12) << "what the batch works on stays";
         auto& menu = child<QMenu>(window(), "mnuPreviewFit");
         QTimer::singleShot(0, &menu, &QWidget::close);
         click(window(), "cmdPreviewView");

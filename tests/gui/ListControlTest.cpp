@@ -51,6 +51,7 @@ protected:
 
 TEST_F(ListControlTest, AHintHasAContrastOfFourAndAHalfOnLightAndDarkLists) {
     const auto& hint = *control.findChild<QLabel*>();
+    EXPECT_EQ(hint.textFormat(), Qt::PlainText) << "for names of folders";
     const auto luminance = [](const QColor& gray) { return std::pow((gray.redF() + 0.055) / 1.055, 2.4); };
     for (const auto& [text, base] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
         QPalette palette;
@@ -118,6 +119,16 @@ TEST_F(ListControlTest, MenuKeysAskForTheMenuAtTheRowWithTheFocus) {
     ASSERT_EQ(menu.count(), 2);
     for (const QList<QVariant>& wanted : menu)
         EXPECT_TRUE(row.contains(control.view()->viewport()->mapFromGlobal(wanted[0].toPoint())));
+}
+
+TEST_F(ListControlTest, AHeldArrowKeyShowsItsRowOnceItIsReleased) {
+    fill(3);
+    QSignalSpy shown(&control, &ListControl::keySelected);
+    for (const bool repeats : {true, true, false}) {
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Down, {}, {}, repeats);
+        QCoreApplication::sendEvent(control.view(), &release);
+    }
+    EXPECT_EQ(shown.count(), 1);
 }
 
 TEST_F(ListControlTest, FilesComeByDropAndPasteAndRowsLeaveAsFilesAndText) {

@@ -5,6 +5,7 @@
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"
 #include "imaging/SaveFormats.h"
+#include "imaging/Upright.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/MadePictures.h"
@@ -272,13 +273,18 @@ TEST_F(PreviewOfPictures, IsSavedAsItWillBeWhileItIsPreparedAgain) {
     show(0);
     ASSERT_EQ(ibMain().Width(), 480);
     TestDesktop scripted;
-    scripted.fileChoices.push_back(FileDialogChoice{path("out.jpg"), 1});
-    script.on("frmJpegQuality", [](QWidget& dialog) { click(dialog, "cmdSave"); });
-    ConfigRecord.BatchSave.UprightByExif = 0;
-    window().takeUpright();
-    choose("mnuPreviewSaveImage");
-    ASSERT_TRUE(waitFor([&] { return panel("status").starts_with("Saved"); }));
-    EXPECT_EQ(loaded(path("out.jpg")).Width(), 640) << "its orientation is kept beside";
+    for (const bool upright : {true, false}) {
+        scripted.fileChoices.push_back(FileDialogChoice{path("out.jpg"), 1});
+        script.on("frmJpegQuality", [](QWidget& dialog) { click(dialog, "cmdSave"); });
+        ConfigRecord.BatchSave.UprightByExif = upright ? 1 : 0;
+        window().takeUpright();
+        window().SetStatus({});
+        choose("mnuPreviewSaveImage");
+        ASSERT_TRUE(waitFor([&] { return panel("status").starts_with("Saved"); }));
+        const ImageBox saved = loaded(path("out.jpg"));
+        EXPECT_EQ(saved.Width(), upright ? 480 : 640);
+        EXPECT_EQ(exifOrientation(saved.metadata()), upright ? 1 : 6);
+    }
 }
 
 } // namespace tarsel::test
