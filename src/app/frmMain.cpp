@@ -14,6 +14,7 @@
 #include "collections/LastBasket.h"
 #include "collections/OfferedFiles.h"
 #include "collections/RowRun.h"
+#include "collections/TypedPath.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/CancelAddingButton.h"
@@ -34,7 +35,6 @@
 #include "output/forms/frmBatchResults.h"
 #include "tasks/TaskBasketActions.h"
 
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
 #include <cmath>
@@ -294,12 +294,18 @@ void frmMain::undo() {
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
     const QString path = localPath(files.value(0));
-    const QFileInfo file(path);
-    if (path.isEmpty() || !file.exists())
-        return SetStatus(skippedText({{}, path.isEmpty() ? 1 : 0, path.isEmpty() ? 0 : 1}, 0));
-    m_browsePane->ftvBrowse().selectFolder(file.isDir() ? path : file.absolutePath());
-    if (!file.isDir())
-        m_folderPane->selectFile(file.absoluteFilePath());
+    if (path.isEmpty())
+        return SetStatus(skippedText({{}, 1, 0}, 0));
+    m_browsePane->question().ask(
+        [this, path] { return [this, place = placeOf(path)] { showPlace(place); }; });
+}
+
+void frmMain::showPlace(const Place& place) {
+    if (place.folder.isEmpty())
+        return SetStatus(skippedText({{}, 0, 1}, 0));
+    m_browsePane->ftvBrowse().selectFolder(place.folder);
+    if (!place.file.isEmpty())
+        m_folderPane->selectFile(place.file);
 }
 
 /// The row before or after the selected one of the list in use; at the ends nothing happens.

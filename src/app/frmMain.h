@@ -22,6 +22,7 @@ class BrowsePane;
 class FolderPane;
 class ListControl;
 class MetadataPane;
+struct Place;
 class PreviewPane;
 class ProgressBar;
 class TaskPane;
@@ -107,6 +108,7 @@ private:
     void dropRows(const ListControl* source, int row);
     void changeBasket(void (Basket::*change)());
     void showOfferedFile(const QList<QUrl>& files);
+    void showPlace(const Place& place);
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
     void showHistory();

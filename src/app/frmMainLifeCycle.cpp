@@ -8,6 +8,7 @@
 #include "collections/LastBasket.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
+#include "collections/TypedPath.h"
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/BrowsePane.h"
 #include "collections/forms/FolderPane.h"
@@ -234,7 +235,9 @@ void frmMain::showFirstTime() {
     QString folder = ConfigRecord.LastFolder.trimmed();
     if ((folder.isEmpty() || folder == m_options.programFolder) && !m_options.samplesFolder.isEmpty())
         folder = m_options.samplesFolder;
-    m_browsePane->ftvBrowse().selectFolder(folder);
+    m_browsePane->question().ask([this, folder] {
+        return [this, nearest = nearestFolder(folder)] { m_browsePane->ftvBrowse().selectFolder(nearest); };
+    });
     // The file that a first start makes is empty, which the next start would read as zeros after a crash.
     if (QFileInfo(ConfigPath).size() == 0)
         subSaveSetup();
@@ -282,6 +285,7 @@ void frmMain::Form_Unload() {
     CancelRequested = true;
     m_basket.stopAdding();
     m_folderView.stop();
+    m_browsePane->question().forget();
     m_preview.stop();
     subEnd();
     for (QWidget* window : QApplication::topLevelWidgets())

@@ -8,14 +8,25 @@
 #include "collections/FolderView.h"
 #include "collections/OfferedFiles.h"
 #include "collections/PictureFiles.h"
+#include "collections/UnwaitedWork.h"
 #include "collections/clsFileInfo.h"
 
 #include <QDeadlineTimer>
 #include <QScopeGuard>
 #include <algorithm>
-#include <future>
 
 namespace tarsel {
+
+namespace {
+
+/// The size text of each file follows the flag of the one before, also after this.
+FileFactsReading startFacts(const QStringList& paths) {
+    const clsFileInfo before = FileInfo();
+    FileInfo().fSizeFormated(0);
+    return {paths, before};
+}
+
+} // namespace
 
 QStringList basketHeaders() {
     return {Basket::tr("File Name"), Basket::tr("Resolution"), Basket::tr("Size"),
@@ -100,29 +111,40 @@ void Basket::addSelected(AddedBy addedBy, const Adding& adding) {
         beginAdding();
     else
         fillByUser(addedBy == AddedBy::Drag ? QStringLiteral("folder") : QStringLiteral("status"),
-                   int(selected.size()), itemAt, adding);
+                   {int(selected.size()), itemAt}, adding);
 }
 
 void Basket::addOfferedFiles(const QList<QUrl>& files) {
     addTrapped("AddToBasketByDrag", [&](const Adding& adding) {
-        std::stop_source gaveUp;
-        auto reading = std::async(std::launch::async, offeredFiles, files, gaveUp.get_token());
-        while (reading.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready)
-            if (!adding.goesOn())
-                gaveUp.request_stop();
-        OfferedFiles offered = reading.get();
+        std::optional<OfferedFiles> offered = readOffered(files, adding);
+        if (!offered)
+            return;
+        FileFactsReading facts = startFacts(offered->files);
         int present = 0;
         const auto itemAt = [&](int index) -> std::optional<BasketItem> {
-            const QString& path = offered.files[index];
-            if (!isListed(path))
-                return basketItem(path, AddedBy::Drag);
+            if (!isListed(offered->files[index]))
+                return basketItem(facts.take(index), AddedBy::Drag);
             ++present;
             return std::nullopt;
         };
-        fillByUser(QStringLiteral("status"), int(offered.files.size()), itemAt, adding);
-        offered.unreadable += int(m_failed.size());
-        m_lists.sbMain.setPanel(QStringLiteral("status"), skippedText(offered, present));
+        const auto known = [&](int next) { return facts.countBeyond(next); };
+        fillByUser(QStringLiteral("status"), {int(offered->files.size()), itemAt, known}, adding);
+        offered->unreadable += int(m_failed.size());
+        m_lists.sbMain.setPanel(QStringLiteral("status"), skippedText(*offered, present));
     });
+}
+
+/// Nothing after a stop.
+std::optional<OfferedFiles> Basket::readOffered(const QList<QUrl>& files, const Adding& adding) const {
+    std::stop_source gaveUp;
+    auto reading = startUnwaited([files, token = gaveUp.get_token()] { return offeredFiles(files, token); });
+    while (reading.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready) {
+        if (adding.goesOn())
+            continue;
+        gaveUp.request_stop();
+        return std::nullopt;
+    }
+    return reading.get();
 }
 
 bool Basket::isListed(const QString& path) const {
@@ -135,20 +157,21 @@ void Basket::beginAdding() {
     m_lists.lvPages.selectOnly(-1); // not at the end: the user selects rows while files are read
 }
 
-void Basket::fillByUser(const QString& panel, int count, const ItemMaker& itemAt, const Adding& adding) {
+void Basket::fillByUser(const QString& panel, const Items& items, const Adding& adding) {
     beginAdding();
     const auto atEnd = qScopeGuard([&] { // of a run that ends in an error, too
         m_lists.sbMain.setPanel(panel, {});
-        if (!m_stopAdding || !m_lists.lvPages.isEmpty()) // else a new basket was begun
-            showCount();
+        showCountAtEnd();
     });
-    fill(count, itemAt, adding, {.panel = panel, .bar = true, .count = true});
+    fill(items, adding, {.panel = panel, .bar = true, .count = true});
 }
 
 void Basket::subAddEntryToListView(const QString& path) {
     addTrapped("subAddEntryToListView", [&](const Adding& adding) {
         TrappingString = QStringLiteral("Opening image list from file!");
-        fill(1, [&](int) { return basketItem(path); }, adding, {});
+        FileFactsReading facts = startFacts({path});
+        const auto known = [&](int next) { return facts.countBeyond(next); };
+        fill({1, [&](int index) { return basketItem(facts.take(index)); }, known}, adding, {});
     });
 }
 
@@ -156,18 +179,22 @@ bool Basket::addListedFiles(const QStringList& paths) {
     bool complete = false;
     addTrapped("subAddEntryToListView", [&](const Adding& adding) {
         TrappingString = QStringLiteral("Opening image list from file!");
+        FileFactsReading facts = startFacts(paths);
         const auto itemAt = [&](int index) {
-            const QString& path = paths[index];
-            return clsFileInfo::CheckIfFileExists(path) ? std::optional(basketItem(path)) : std::nullopt;
+            const FileFacts file = facts.take(index);
+            return file.isReadable ? std::optional(basketItem(file)) : std::nullopt;
         };
-        complete = fill(int(paths.size()), itemAt, adding, {.bar = true});
+        const auto known = [&](int next) { return facts.countBeyond(next); };
+        const auto atEnd = qScopeGuard([&] { showCountAtEnd(); });
+        complete = fill({int(paths.size()), itemAt, known}, adding, {.bar = true, .count = true});
     });
     return complete;
 }
 
-/// Nothing from `itemAt` for a file that gets no row. False after a stop.
-bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Shown shown) {
+/// False after a stop.
+bool Basket::fill(const Items& items, const Adding& adding, Shown shown) {
     constexpr int fewRows = 20, rowsAtOnce = 500; // so that input doesn't wait long
+    const int count = items.count;
     BasketFilling filling(m_lists, startReading(), claimNumbers(count), count, shown.panel);
     const auto atEnd = qScopeGuard([&] {
         for (const QString& path : filling.failed())
@@ -175,15 +202,15 @@ bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Show
         std::ranges::move(filling.unwritten(), std::back_inserter(m_unwritten));
     });
     int next = 0;
-    const auto placeNext = [&] {
-        std::vector<BasketItem> items;
+    const auto placeUpTo = [&](int known) {
+        std::vector<BasketItem> placed;
         const QDeadlineTimer slice(10);
         const int begin = next;
-        const int end = std::min(begin + rowsAtOnce, count);
+        const int end = std::min({begin + rowsAtOnce, known, count});
         for (; next < end && (next < begin + fewRows || !slice.hasExpired()); ++next)
-            if (std::optional<BasketItem> item = itemAt(next))
-                items.push_back(*std::move(item));
-        filling.place(items);
+            if (std::optional<BasketItem> item = items.at(next))
+                placed.push_back(*std::move(item));
+        filling.place(placed);
     };
     while (next < count || !filling.isComplete()) {
         if (shown.bar && !filling.showsPages())
@@ -192,7 +219,8 @@ bool Basket::fill(int count, const ItemMaker& itemAt, const Adding& adding, Show
             showCount();
         if (!adding.goesOn())
             return false;
-        next < count ? placeNext() : filling.complete(visibleRows);
+        const int known = next < count ? items.known(next) : 0;
+        known > next ? placeUpTo(known) : filling.complete(visibleRows);
     }
     return true;
 }
@@ -284,6 +312,7 @@ void Basket::empty() {
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
     m_failed.clear();
+    showCount();
 }
 
 void Basket::undo() {
@@ -331,6 +360,12 @@ void Basket::moveSelectedTo(int place) {
 }
 
 // --- status line
+
+/// Not when a new basket ended the adding, which says so there.
+void Basket::showCountAtEnd() {
+    if (!m_stopAdding || !m_lists.lvPages.isEmpty())
+        showCount();
+}
 
 void Basket::showCount() {
     m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("%1 file(s) in basket").arg(m_lists.lvPages.count()));

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QUrl>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -18,6 +19,7 @@
 namespace tarsel {
 
 struct BasketItem;
+struct OfferedFiles;
 
 /// Headers of the basket list: text and SubItems 1 to 5.
 QStringList basketHeaders();
@@ -108,7 +110,13 @@ public:
     void moveSelected(int step);
 
 private:
-    using ItemMaker = std::function<std::optional<BasketItem>(int index)>;
+    /// What an adding adds.
+    struct Items {
+        int count;
+        std::function<std::optional<BasketItem>(int index)> at; ///< nothing for a file that gets no row
+        /// How many can be made; may wait some milliseconds for the next one.
+        std::function<int(int next)> known = [](int) { return std::numeric_limits<int>::max(); };
+    };
     /// What an adding shows of its course.
     struct Shown {
         QString panel = {}; ///< of the status line, which names the file in work; empty for none
@@ -120,14 +128,16 @@ private:
     void addTrapped(const char* routine, Body&& body);
     void addSelected(AddedBy addedBy, const Adding& adding);
     void beginAdding();
-    void fillByUser(const QString& panel, int count, const ItemMaker& itemAt, const Adding& adding);
-    bool fill(int count, const ItemMaker& itemAt, const Adding& adding, Shown shown);
+    std::optional<OfferedFiles> readOffered(const QList<QUrl>& files, const Adding& adding) const;
+    void fillByUser(const QString& panel, const Items& items, const Adding& adding);
+    bool fill(const Items& items, const Adding& adding, Shown shown);
     void renewThumbnails(const Adding& adding);
     void showAgain(int row, const Thumbnail& thumbnail);
     BasketReading& startReading();
     int claimNumbers(int count);
     void moveSelectedTo(int place);
     void showCount();
+    void showCountAtEnd();
     void noteFailed(const QString& path);
     bool isListed(const QString& path) const;
     void reportUnwritten(const char* routine);

@@ -17,15 +17,17 @@ QString resolutionText(Size size) {
     return QStringLiteral("%1 X %2").arg(size.width).arg(size.height);
 }
 
-/// The text of a row that shows `path`.
-ListRow rowOf(const QString& name, const QString& path, const QString& source, const QString& resolution) {
-    FileInfo().setFilePath(path);
+ListRow rowOf(const QString& name, const FileFacts& file, const QString& source, const QString& resolution) {
     ListRow row;
     row.text = name;
-    row.tag = path;
-    row.subItems =
-        QStringList{resolution, FileInfo().fSizeFormated(0), FileInfo().fType(), source, QString()};
+    row.tag = file.path;
+    row.subItems = QStringList{resolution, file.size, file.type, source, QString()};
     return row;
+}
+
+FileFacts pageFileFacts(const QString& path) {
+    FileInfo().setFilePath(path);
+    return {path, FileInfo().fSizeFormated(0), FileInfo().fType(), true};
 }
 
 /// Pages of a row of the folder list; 0 where they are still to be counted.
@@ -38,14 +40,14 @@ int pagesOf(const ListRow& folderRow) {
 
 } // namespace
 
-BasketItem basketItem(const QString& path, AddedBy addedBy) {
-    const QString name = clsFileInfo::StripFileFromPath(path);
-    BasketSource source{addedBy, path, name, 1, {}, 0};
+BasketItem basketItem(const FileFacts& file, AddedBy addedBy) {
+    const QString name = clsFileInfo::StripFileFromPath(file.path);
+    BasketSource source{addedBy, file.path, name, 1, {}, 0};
     if (mayHavePages(clsFileInfo::StripFileExtention(name))) {
         source.pages = 0;
         source.pageFileNumber = drawPageFileNumber();
     }
-    return {source, rowOf(rowName(source.addedBy, name), path, path, QString())};
+    return {source, rowOf(rowName(source.addedBy, name), file, file.path, QString())};
 }
 
 BasketItem basketItem(AddedBy addedBy, const ListRow& folderRow, const Picture& thumbnail) {
@@ -138,8 +140,8 @@ void BasketFilling::takePicture(int row, const BasketSource& source, const Thumb
 
 /// The row of the page stands before that of its document.
 void BasketFilling::takePage(int row, const BasketSource& source, const BasketContent& page) {
-    ListRow added = rowOf(pageRowName(source.addedBy, source.fileName, page.page), page.pageFile, source.path,
-                          resolutionText(page.size));
+    ListRow added = rowOf(pageRowName(source.addedBy, source.fileName, page.page),
+                          pageFileFacts(page.pageFile), source.path, resolutionText(page.size));
     added.icon = addIcon(m_lists.ilPages, *page.thumbnail);
     m_lists.lvPages.insert(row, std::move(added));
 }

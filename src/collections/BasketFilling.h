@@ -2,6 +2,7 @@
 #pragma once
 
 #include "collections/CollectionLists.h"
+#include "collections/FileFacts.h"
 #include "collections/PendingRows.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,7 @@ struct BasketItem {
     ListRow row;
 };
 /// Of a file in a basket file, or from another program.
-BasketItem basketItem(const QString& path, AddedBy addedBy = AddedBy::BasketFile);
+BasketItem basketItem(const FileFacts& file, AddedBy addedBy = AddedBy::BasketFile);
 /// Of a row of the folder list and its thumbnail, which is not decoded again for the basket.
 BasketItem basketItem(AddedBy addedBy, const ListRow& folderRow, const Picture& thumbnail);
 

@@ -23,15 +23,28 @@ QString withHomeFolder(const QString& text) {
     return isHome ? QDir::homePath() + text.mid(1) : text;
 }
 
+Place placeOf(const QString& path) {
+    const QFileInfo place(QDir::cleanPath(path));
+    if (path.isEmpty() || !place.exists())
+        return {};
+    if (place.isDir())
+        return {place.filePath(), {}};
+    return {place.path(), place.filePath()};
+}
+
+QString nearestFolder(const QString& path) {
+    QString folder = QDir::cleanPath(path);
+    while (!folder.isEmpty() && !QFileInfo(folder).isDir() && QFileInfo(folder).path() != folder)
+        folder = QFileInfo(folder).path();
+    return folder;
+}
+
 TypedPath typedPath(const QString& text, const QString& current) {
     const QString typed = text.trimmed();
-    const QString path = absolutePath(typed, current);
-    const QFileInfo place(path);
-    if (typed.isEmpty() || !place.exists())
-        return {{}, {}, QCoreApplication::translate("TypedPath", "There is no folder \"%1\".").arg(typed)};
-    if (place.isDir())
-        return {path, {}, {}};
-    return {place.path(), path, {}};
+    const Place place = typed.isEmpty() ? Place() : placeOf(absolutePath(typed, current));
+    if (place.folder.isEmpty())
+        return {{}, QCoreApplication::translate("TypedPath", "There is no folder \"%1\".").arg(typed)};
+    return {place, {}};
 }
 
 } // namespace tarsel

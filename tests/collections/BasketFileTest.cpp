@@ -106,6 +106,7 @@ TEST_F(BasketFileTest, AStopLeavesNoDescriptionWithAnotherPicture) {
                        pages, lists);
     reader.release();
     EXPECT_EQ(texts(lvPages), "b.png");
+    EXPECT_EQ(panel("queue"), "1 file(s) in basket");
     EXPECT_EQ(column(lvPages, BasketColumn::Description), "second");
 }
 
@@ -197,17 +198,4 @@ TEST_F(BasketFileTest, ANameThatWouldReadBackAsAnotherIsRefusedAndTheOldListStay
     }
     EXPECT_EQ(desktop.reports.size(), 3u);
     desktop.reports.clear();
-}
-
-TEST_F(BasketFileTest, AStoppedOpeningKeepsWhatIsComplete) {
-    makePictures({"a.png", "held.png"});
-    Basket pages = basket();
-    HeldReader reader(pages, "held");
-    const QString line = QStringLiteral("\"%1\"\r\n");
-    const QString lines = line.arg(picture("a.png")) + line.arg(picture("held.png")).repeated(4);
-    when([&] { return lvPages.count() == 5 && completeRows() == 1; }, [&] { pages.stopAdding(); });
-    EXPECT_TRUE(fncOpenImageBasket(writtenList("l.ibf", lines), pages, lists));
-    for (int i = 0; i < 4; ++i)
-        reader.release();
-    EXPECT_EQ(texts(lvPages), "a.png");
 }

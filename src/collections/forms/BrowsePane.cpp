@@ -93,8 +93,9 @@ QWidget* BrowsePane::makeFolderPanel() {
 }
 
 QWidget* BrowsePane::makePlaces() {
-    auto* places = new PlacesBar(m_tree->model(), m_actions, this);
+    auto* places = new PlacesBar(m_tree->model(), m_question, m_actions, this);
     connect(m_tree, &FolderTree::folderSelected, places, &PlacesBar::showFolder);
+    connect(m_tree, &FolderTree::folderSelected, this, [this] { m_question.forget(); });
     connect(places, &PlacesBar::folderChosen, m_tree, [this](const QString& folder) {
         m_tree->selectFolder(folder);
         if (m_tree->isVisible())

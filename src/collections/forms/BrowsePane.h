@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "collections/FileQuestion.h"
 #include "tasks/TaskList.h"
 
 #include <QWidget>
@@ -21,6 +22,8 @@ public:
 
     FolderTree& ftvBrowse() const { return *m_tree; }
     ListControl& lvEdit() const { return *m_tasks; }
+    /// For the folder to select next: the latest of what was typed, dropped and clicked counts.
+    FileQuestion& question() { return m_question; }
     /// While a batch replays the tasks, nothing that changes them is offered.
     void setRunning(bool running);
 
@@ -38,6 +41,7 @@ private:
     const ActionTable& m_actions;
     FolderTree* m_tree;
     ListControl* m_tasks;
+    FileQuestion m_question;
 };
 
 } // namespace tarsel

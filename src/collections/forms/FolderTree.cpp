@@ -7,7 +7,6 @@
 #include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QEvent>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <algorithm>
@@ -16,13 +15,6 @@
 namespace tarsel {
 
 namespace {
-
-QString nearestFolder(const QString& path) {
-    QString folder = QDir::cleanPath(path);
-    while (!folder.isEmpty() && !QFileInfo(folder).isDir() && QFileInfo(folder).path() != folder)
-        folder = QFileInfo(folder).path();
-    return folder;
-}
 
 /// Our own folder for every folder, whatever icon theme the desktop has. The type is one word for all: the
 /// default looks up the MIME type of each file, on the window's thread, whenever something changes in an
@@ -113,8 +105,7 @@ void FolderTree::chooseAgain(const QModelIndex& clicked) {
         choose(clicked);
 }
 
-void FolderTree::selectFolder(const QString& path) {
-    const QString folder = nearestFolder(path);
+void FolderTree::selectFolder(const QString& folder) {
     const QModelIndex index = m_model->index(folder);
     if (!index.isValid())
         return selectHiddenFolder(folder);

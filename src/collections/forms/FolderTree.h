@@ -21,9 +21,9 @@ public:
     FolderTree(const FolderTree&) = delete;
     FolderTree& operator=(const FolderTree&) = delete;
 
-    /// Selects a folder, or the nearest one above it that exists. Emits folderSelected as a click does, also
-    /// for the folder that is selected already.
-    void selectFolder(const QString& path);
+    /// Selects a folder that exists and answers. Emits folderSelected as a click does, also for the folder
+    /// that is selected already.
+    void selectFolder(const QString& folder);
     QString selectedFolder() const; ///< empty while none is selected
 
 Q_SIGNALS:

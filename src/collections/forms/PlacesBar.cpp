@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/PlacesBar.h"
 
+#include "collections/FileQuestion.h"
 #include "collections/TypedPath.h"
 #include "controls/ActionTable.h"
 
@@ -31,8 +32,10 @@ public:
 
 } // namespace
 
-PlacesBar::PlacesBar(QAbstractItemModel* folders, const ActionTable& actions, QWidget* parent) :
-    QWidget(parent), m_actions(actions), m_path(new QLineEdit(this)) {
+PlacesBar::PlacesBar(QAbstractItemModel* folders, FileQuestion& question, const ActionTable& actions,
+                     QWidget* parent) :
+    QWidget(parent),
+    m_actions(actions), m_path(new QLineEdit(this)), m_question(question) {
     auto* bar = new QHBoxLayout;
     bar->setSpacing(2);
     for (const char* name : places)
@@ -70,20 +73,26 @@ void PlacesBar::showFolder(const QString& folder) {
     m_path->setText(folder);
 }
 
-/// A path that is refused stays in the field, so that it can be corrected.
 void PlacesBar::goTo(const QString& text) {
-    const TypedPath typed = typedPath(text, m_folder);
-    if (typed.folder.isEmpty()) {
+    m_question.ask([this, text, folder = m_folder] {
+        return [this, typed = typedPath(text, folder)] { follow(typed); };
+    });
+}
+
+/// A path that is refused stays in the field, so that it can be corrected.
+void PlacesBar::follow(const TypedPath& typed) {
+    const auto& [folder, file] = typed.place;
+    if (folder.isEmpty()) {
         Q_EMIT pathRefused(typed.refusal);
         m_isRefused = true;
         return;
     }
-    showFolder(typed.folder);
+    showFolder(folder);
     if (std::exchange(m_isRefused, false))
         Q_EMIT pathRefused({});
-    Q_EMIT folderChosen(typed.folder);
-    if (!typed.file.isEmpty())
-        Q_EMIT fileChosen(typed.file);
+    Q_EMIT folderChosen(folder);
+    if (!file.isEmpty())
+        Q_EMIT fileChosen(file);
 }
 
 } // namespace tarsel

@@ -10,13 +10,16 @@ class QLineEdit;
 namespace tarsel {
 
 class ActionTable;
+class FileQuestion;
+struct TypedPath;
 
 /// Buttons for the folders that every user has, and a field for the path of any other.
 class PlacesBar final : public QWidget {
     Q_OBJECT
 public:
-    /// `folders` is a QFileSystemModel, from which typed paths are completed.
-    PlacesBar(QAbstractItemModel* folders, const ActionTable& actions, QWidget* parent);
+    /// `folders` is a QFileSystemModel, from which typed paths are completed; `question` outlives the bar.
+    PlacesBar(QAbstractItemModel* folders, FileQuestion& question, const ActionTable& actions,
+              QWidget* parent);
 
     void showFolder(const QString& folder); ///< as the one that is listed
 
@@ -28,10 +31,12 @@ Q_SIGNALS:
 private:
     void connectPlace(const char* action, const std::function<QString()>& place);
     void goTo(const QString& text);
+    void follow(const TypedPath& typed);
 
     const ActionTable& m_actions;
     QLineEdit* m_path;
     QString m_folder;
+    FileQuestion& m_question;
     bool m_isRefused = false;
 };
 
