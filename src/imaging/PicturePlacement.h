@@ -22,6 +22,7 @@ public:
     PicturePlacement(Size picture, Size container, bool stretched);
 
     bool isEmpty() const { return m_picture.width < 1; }
+    Size container() const { return m_container; }
     Size drawn() const { return m_drawn; } ///< size of the picture on the screen
     QRect place() const;                   ///< of the picture in the container; parts may be outside
     double zoom() const;                   ///< percent

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/forms/ImageBoxView.h"
 
+#include "collections/forms/PaintRendered.h"
 #include "controls/FocusFrame.h"
 
 #include <QAccessibleWidget>
@@ -99,8 +100,8 @@ void ImageBoxView::take(const ScreenRenderer::Rendered& rendered) {
 bool ImageBoxView::isSharp() const {
     if (m_shown.picture.isNull())
         return true;
-    const bool isCurrent = !m_isRendering && m_drawn.number == m_number && !m_shown.isReduced;
-    return isCurrent && (m_isBestFit ? sizeOf(m_drawn.image) == m_placement.drawn() : !m_drawn.full.isNull());
+    return isCurrent() && !m_shown.isReduced &&
+           (m_isBestFit ? sizeOf(m_drawn.image) == m_placement.drawn() : !m_drawn.full.isNull());
 }
 
 // --- its place
@@ -174,48 +175,15 @@ void ImageBoxView::scrollContentsBy(int, int) {
 
 void ImageBoxView::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    const int lightness = qGray(palette().color(QPalette::Window).rgb()) * 4 / 5;
-    painter.fillRect(viewport()->rect(), QColor(lightness, lightness, lightness)); // changes no colour's look
+    painter.fillRect(viewport()->rect(), aroundPicture(palette()));
+    painter.save();
+    enterDevicePixels(painter);
     if (!m_drawn.image.isNull())
-        paintPicture(painter);
+        paintRendered(painter, m_drawn, m_placement, m_isBestFit);
+    painter.restore();
     paintNotice(painter);
     if (hasFocus())
         drawFocusFrame(painter, palette(), viewport()->rect());
-}
-
-/// In device pixels from the first one of the viewport, which at a fractional ratio is not exactly where the
-/// painter has its origin.
-void ImageBoxView::paintPicture(QPainter& painter) const {
-    const QTransform toDevice = painter.deviceTransform();
-    const QPoint origin = toDevice.map(QPointF(0, 0)).toPoint();
-    painter.save();
-    painter.setWorldTransform(QTransform::fromTranslate(origin.x(), origin.y()) * toDevice.inverted());
-    const QRect place = m_placement.place();
-    if (!m_isBestFit && !m_drawn.full.isNull()) {
-        paintPixels(painter);
-    } else if (m_drawn.image.size() == place.size()) {
-        painter.drawImage(place.topLeft(), m_drawn.image);
-    } else {
-        // While the window is resized the sharp picture is there before anybody sees the steps.
-        const double factor = double(place.width()) / m_drawn.image.width();
-        painter.setRenderHint(QPainter::SmoothPixmapTransform, factor < 0.5 || factor > 2);
-        painter.drawImage(place, m_drawn.image);
-    }
-    painter.restore();
-}
-
-/// Converts only what is to be seen.
-void ImageBoxView::paintPixels(QPainter& painter) const {
-    const QRect place = m_placement.place();
-    const Size inside = container();
-    const QRect visible = place.intersected({0, 0, inside.width, inside.height});
-    if (visible.isEmpty())
-        return;
-    const QRect source = visible.translated(-place.topLeft());
-    const QImage& full = m_drawn.full;
-    const uchar* first = full.constScanLine(source.top()) + qsizetype(source.left()) * full.depth() / 8;
-    const QImage part(first, source.width(), source.height(), full.bytesPerLine(), full.format());
-    painter.drawImage(visible.topLeft(), part.convertToFormat(m_drawn.image.format()));
 }
 
 void ImageBoxView::paintNotice(QPainter& painter) const {

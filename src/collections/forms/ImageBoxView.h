@@ -31,7 +31,8 @@ public:
     /// Of the picture on the screen, in device pixels of the viewport.
     const PicturePlacement& placement() const { return m_placement; }
     const QString& drawnPath() const { return m_drawnPath; } ///< of the picture on the screen
-    /// Whether what is to be seen is on the screen in its best quality.
+    /// Whether the picture shown last is on the screen, and in its best quality.
+    bool isCurrent() const { return !m_isRendering && m_drawn.number == m_number; }
     bool isSharp() const;
     Size container() const; ///< device pixels of the viewport
     QSize sizeHint() const override { return {320, 320}; }
@@ -72,8 +73,6 @@ private:
     bool canScroll() const;
     bool handleKey(int key);
 
-    void paintPicture(QPainter& painter) const;
-    void paintPixels(QPainter& painter) const;
     void paintNotice(QPainter& painter) const;
     QString strip() const;
 

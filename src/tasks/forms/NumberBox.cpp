@@ -41,14 +41,17 @@ public:
 
 private:
     /// True for a key that is done with: an arrow, or a character that would only remove what is selected.
-    bool take(const QKeyEvent& key) {
+    bool take(QKeyEvent& key) {
         if (m_rules.isBounded && (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down)) {
             count(key.key() == Qt::Key_Up ? 1 : -1);
             return true;
         }
         const bool isCommand = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-        return !isCommand && key.text().size() == 1 && key.text()[0].isPrint() &&
-               plain(key.text()[0]).isNull();
+        const bool isUnusable =
+            !isCommand && key.text().size() == 1 && key.text()[0].isPrint() && plain(key.text()[0]).isNull();
+        if (isUnusable)
+            key.ignore(); // the window may have a use for it
+        return isUnusable;
     }
 
     /// The plain character for a typed one; null for one that numbers don't have.
