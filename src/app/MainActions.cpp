@@ -58,8 +58,12 @@ constexpr ActionRow rows[] = {
     // editing
     {"cmdApply", TEXT("Preview"), TEXT("Show what the task does to the picture"), "preview", "F9"},
     {"cmdOK", TEXT("Finish"), TEXT("Confirm the task, or finish editing"), "confirm", "Ctrl+Return"},
-    {"cmdReset", TEXT("&Reset"), TEXT("Take back the preview and the options"), "undo", "Shift+F9"},
-    {"cmdOriginalImage", TEXT("Or&iginal image"), TEXT("Remove all tasks"), "iDetailIcon"},
+    {"cmdReset", TEXT("Reset"), TEXT("Take back the preview and the options"), "undo", "Shift+F9"},
+    {"cmdOriginalImage", TEXT("Origin&al image"), TEXT("Remove all tasks"), "iDetailIcon"},
+    {"cmdBefore", TEXT("Be&fore"),
+     TEXT("Show the picture without the present task; hold B for a moment of it"), "before"},
+    {"cmdCompare", TEXT("Compare"), TEXT("Show before and after on the two sides of a line"), "compare",
+     "F8"},
     {"mnuPreviewSaveImage", TEXT("&Image document"), "", "save", "Ctrl+E"},
 };
 

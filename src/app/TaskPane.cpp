@@ -9,13 +9,16 @@
 #include "tasks/TaskWorkflow.h"
 #include "tasks/forms/TaskOptionPage.h"
 
+#include <QCheckBox>
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 #include <QToolButton>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -29,6 +32,10 @@ constexpr const char* shownTasks[] = {"Resize", "Canvas",    "Crop",    "Rotate"
                                       "Invert", "Contrast",  "Sharpen", "Blur",   "Brightness",
                                       "Text",   "Watermark", "Mask",    "Shadow", "Frame"};
 
+/// Below the groups, in their order.
+constexpr const char* buttonsInOrder[] = {"cmdBefore", "cmdCompare", "cmdApply",
+                                          "cmdOK",     "cmdReset",   "cmdOriginalImage"};
+
 const TaskKind& kindOfKey(QLatin1String key) {
     for (const TaskKind& kind : taskKinds())
         if (key == QLatin1String(kind.panelKey))
@@ -41,7 +48,7 @@ const TaskKind& kindOfKey(QLatin1String key) {
 TaskPane::TaskPane(TaskList& tasks, TaskDefaults& defaults, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_defaults(defaults), m_actions(actions), m_bar(new isExplorerBar(this)),
     m_confirmed(new ListControl(tasks.lvEditPreview, this)), m_title(makePaneCaption({}, this)),
-    m_options(new QWidget(this)) {
+    m_live(new QCheckBox(tr("Live &preview"), this)), m_options(new QWidget(this)) {
     m_bar->setObjectName(QStringLiteral("eb"));
     setFocusProxy(m_bar);
     auto* rows = new QVBoxLayout(this);
@@ -106,10 +113,22 @@ QWidget* TaskPane::makeButtons() {
     auto* buttons = new QWidget(this);
     auto* grid = new QGridLayout(buttons);
     grid->setContentsMargins(8, 0, 8, 0);
-    grid->addWidget(makeButton("cmdApply"), 0, 0);
-    grid->addWidget(makeButton("cmdOK"), 0, 1);
-    grid->addWidget(makeButton("cmdReset"), 1, 0);
-    grid->addWidget(makeButton("cmdOriginalImage"), 1, 1);
+    m_live->setObjectName(QStringLiteral("chkLivePreview"));
+    m_live->setToolTip(tr("Show what the task does while its options change"));
+    connect(m_live, &QCheckBox::toggled, this, [this](bool live) {
+        for (const auto& [kind, page] : m_pages)
+            page->setLive(live);
+        Q_EMIT liveToggled(live);
+    });
+    auto* compare = new QHBoxLayout;
+    compare->addWidget(m_live, 1);
+    for (const char* name : {"cmdBefore", "cmdCompare"})
+        compare->addWidget(m_actions.makeButton(name, buttons));
+    grid->addLayout(compare, 0, 0, 1, 2);
+    for (int place = 2; const char* name : {"cmdApply", "cmdOK", "cmdReset", "cmdOriginalImage"}) {
+        grid->addWidget(makeButton(name), place / 2, place % 2);
+        ++place;
+    }
     return buttons;
 }
 
@@ -134,8 +153,10 @@ QPushButton* TaskPane::makeButton(const char* name) {
 /// The buttons come after the groups.
 void TaskPane::orderTabs() {
     QWidget* last = m_bar->orderTabs();
-    for (const char* name : {"cmdApply", "cmdOK", "cmdReset", "cmdOriginalImage"}) {
-        auto* button = findChild<QPushButton*>(QLatin1String(name));
+    setTabOrder(last, m_live);
+    last = m_live;
+    for (const char* name : buttonsInOrder) {
+        auto* button = findChild<QAbstractButton*>(QLatin1String(name));
         setTabOrder(last, button);
         last = button;
     }
@@ -147,15 +168,23 @@ void TaskPane::showState(const TaskPanelState& state) {
     m_bar->setChosenItem(TaskWorkflow::tasksGroup, kind ? QString::fromLatin1(kind->panelKey) : QString());
     const bool hadFocus = findChild<QPushButton*>(QStringLiteral("cmdApply"))->hasFocus();
     m_actions.action("cmdOK").setText(state.okButton);
-    const std::pair<const char*, bool> buttons[] = {{"cmdReset", state.cmdReset},
-                                                    {"cmdApply", state.cmdApply},
-                                                    {"cmdOK", state.cmdOK},
-                                                    {"cmdOriginalImage", state.cmdOriginalImage}};
+    const std::pair<const char*, bool> buttons[] = {
+        {"cmdReset", state.cmdReset}, {"cmdApply", state.cmdApply},
+        {"cmdOK", state.cmdOK},       {"cmdOriginalImage", state.cmdOriginalImage},
+        {"cmdBefore", state.isOpen},  {"cmdCompare", state.isOpen}};
     for (const auto& [name, enabled] : buttons)
         m_actions.action(name).setEnabled(enabled);
     if (hadFocus && !state.cmdApply)
         findChild<QPushButton*>(state.cmdReset ? QStringLiteral("cmdReset") : QStringLiteral("cmdOK"))
             ->setFocus();
+}
+
+void TaskPane::setLive(bool live) {
+    m_live->setChecked(live);
+}
+
+bool TaskPane::isLive() const {
+    return m_live->isChecked();
 }
 
 // --- options
@@ -165,6 +194,7 @@ TaskOptionPage* TaskPane::pageOf(int kind) {
     if (!page) {
         page = makeTaskOptionPage(kind, m_defaults, m_options);
         m_options->layout()->addWidget(page);
+        page->setLive(isLive());
         connect(page, &TaskOptionPage::changed, this, &TaskPane::optionsChanged);
         orderTabs();
     }
@@ -182,6 +212,18 @@ void TaskPane::open(int kind, const ImageBox& box) {
     m_page->setPicture({box.Width(), box.Height()}, m_base);
     m_page->showRow(defaultRow(kind, m_defaults));
     m_page->show();
+    if (std::exchange(m_kind, kind) != kind && kind)
+        QTimer::singleShot(0, this, &TaskPane::scrollToOptions); // once they have their place
+}
+
+/// On a low screen the tasks alone fill the bar. The beginning comes before the end where not all has room.
+void TaskPane::scrollToOptions() {
+    constexpr int margin = 4;
+    const QWidget* group = m_options;
+    while (group->parentWidget() && group->parentWidget() != m_bar->widget())
+        group = group->parentWidget();
+    for (const int y : {group->geometry().bottom(), group->y()})
+        m_bar->ensureVisible(0, y, 0, margin);
 }
 
 TaskRow TaskPane::row() const {

@@ -11,6 +11,7 @@
 #include <map>
 
 class QAction;
+class QCheckBox;
 class QLabel;
 class QPushButton;
 
@@ -30,6 +31,8 @@ public:
 
     ListControl& lvEditPreview() const { return *m_confirmed; }
     void showState(const TaskPanelState& state);
+    void setLive(bool live); ///< whether previews follow the options
+    bool isLive() const;
 
     void setBaseSize(int width, int height) override;
     void open(int kind, const ImageBox& box) override;
@@ -39,12 +42,14 @@ public:
 Q_SIGNALS:
     void taskChosen(const QString& group, const QString& item);
     void optionsChanged();
+    void liveToggled(bool live);
 
 private:
     void addTasks();
     TaskOptionPage* pageOf(int kind);
     void orderTabs();
     void layOutOptions();
+    void scrollToOptions();
     QWidget* makeConfirmed();
     QWidget* makeButtons();
     QPushButton* makeButton(const char* name);
@@ -54,9 +59,11 @@ private:
     isExplorerBar* m_bar;
     ListControl* m_confirmed;
     QLabel* m_title;
+    QCheckBox* m_live;
     QWidget* m_options;                     ///< holds the pages
     std::map<int, TaskOptionPage*> m_pages; ///< by kind, made when they are opened
     TaskOptionPage* m_page = nullptr;       ///< on show
+    int m_kind = 0;                         ///< of m_page
     QSize m_base;
 };
 

@@ -57,6 +57,7 @@ frmMain::frmMain(StartupOptions options) :
     m_workflow(m_preview, m_workspace.tasks, *m_taskPane) {
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
+    setAcceptDrops(true);
     setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
     if (!m_options.thumbnailFolder.isEmpty()) {
         m_folderView.readThumbnail = m_basket.readThumbnail =
@@ -179,7 +180,7 @@ void frmMain::connectBasketPane() {
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
     connect(&list, &ListControl::rowsDropped, this, &frmMain::dropRows);
     connect(&list, &ListControl::filesOffered, this, [this](const QList<QUrl>& files) {
-        if (!m_batchRunning)
+        if (!openOfferedTasks(files) && !m_batchRunning)
             m_basket.addOfferedFiles(files);
     });
 }
@@ -293,6 +294,8 @@ void frmMain::undo() {
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
+    if (openOfferedTasks(files))
+        return;
     const QString path = localPath(files.value(0));
     if (path.isEmpty())
         return SetStatus(skippedText({{}, 1, 0}, 0));

@@ -18,6 +18,7 @@
 namespace tarsel {
 
 class BasketPane;
+class BeforeView;
 class BrowsePane;
 class FolderPane;
 class ListControl;
@@ -58,6 +59,9 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
+    /// Shows the picture or folder, or opens the task list, that the program was started with: a path or an
+    /// address.
+    void openFile(const QString& argument);
     void takeUpright(); ///< shows the picture as the batch's option says
 
     void SetStatus(const QString& text);
@@ -73,6 +77,8 @@ Q_SIGNALS:
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     // Initialise: the window's parts
@@ -83,6 +89,7 @@ private:
     void connectTaskBasket();
     void connectPreview();
     void connectEditing();
+    void connectBefore();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -121,6 +128,8 @@ private:
     void saveImageDocument();
     void showEditing();
     void showTaskPanel(bool open);
+    void showBefore();
+    bool openOfferedTasks(const QList<QUrl>& files);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();
@@ -147,6 +156,7 @@ private:
     FolderPane* m_folderPane;
     BasketPane* m_basketPane;
     PreviewPane* m_previewPane;
+    BeforeView* m_beforeView = nullptr;
     MetadataPane* m_metadataPane;
     TaskPane* m_taskPane;
     TaskWorkflow m_workflow;

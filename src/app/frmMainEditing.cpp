@@ -1,10 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/TaskPane.h"
 #include "app/frmMain.h"
+#include "collections/OfferedFiles.h"
+#include "collections/forms/BeforeView.h"
 #include "collections/forms/ImageBoxView.h"
 #include "collections/forms/PreviewPane.h"
+#include "controls/HeldKey.h"
 #include "controls/Splitter.h"
 #include "metadata/forms/MetadataPane.h"
+#include "tasks/TaskFile.h"
+
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QMimeData>
 
 // The window while the picture is edited.
 
@@ -27,7 +35,46 @@ void frmMain::connectEditing() {
     connect(&m_preview, &Preview::loadingBegun, &m_workflow, &TaskWorkflow::pictureReplacing);
     connect(&m_preview, &Preview::replaced, &m_workflow, &TaskWorkflow::pictureReplaced);
     connect(&m_workflow, &TaskWorkflow::stateChanged, this, &frmMain::showEditing);
+    connect(m_taskPane, &TaskPane::liveToggled, &m_workflow, &TaskWorkflow::setLive);
+    connectBefore();
     showEditing();
+}
+
+void frmMain::connectBefore() {
+    m_beforeView = new BeforeView(m_previewPane->ibMain());
+    QAction& before = m_actions.action("cmdBefore");
+    QAction& compare = m_actions.action("cmdCompare");
+    for (QAction* each : {&before, &compare})
+        each->setCheckable(true);
+    connect(&before, &QAction::toggled, this, [this](bool on) {
+        showBefore();
+        m_beforeView->showAll(on);
+    });
+    connect(&compare, &QAction::toggled, this, [this](bool on) {
+        showBefore();
+        m_beforeView->compare(on);
+    });
+    // Whoever changes something wants to see it.
+    const auto end = [&before] { before.setChecked(false); };
+    connect(m_taskPane, &TaskPane::optionsChanged, &before, end);
+    connect(m_taskPane, &TaskPane::taskChosen, &before, end);
+    for (const char* name : {"cmdApply", "cmdOK", "cmdReset", "cmdOriginalImage"})
+        connect(&m_actions.action(name), &QAction::triggered, &before, end);
+    new HeldKey(Qt::Key_B, before, *this);
+}
+
+/// The picture before is kept for the screen only while it may be seen.
+void frmMain::showBefore() {
+    const bool isWanted =
+        m_actions.action("cmdBefore").isChecked() || m_actions.action("cmdCompare").isChecked();
+    const Picture& working = m_workflow.working();
+    if (!isWanted || working.isNull())
+        return m_beforeView->setPicture({});
+    PreviewPicture before = m_preview.shown();
+    before.picture = working;
+    before.size = {working.width(), working.height()};
+    before.isReduced = false;
+    m_beforeView->setPicture(before);
 }
 
 void frmMain::showEditing() {
@@ -41,6 +88,10 @@ void frmMain::showEditing() {
     m_actions.setEnabled({"cmdPreviewPrevious", "cmdPreviewNext"}, !state.isOpen);
     if (state.isOpen == m_taskPane->isHidden())
         showTaskPanel(state.isOpen);
+    if (!state.isOpen)
+        for (const char* name : {"cmdBefore", "cmdCompare"})
+            m_actions.action(name).setChecked(false);
+    showBefore();
     m_taskPane->showState(state);
 }
 
@@ -49,10 +100,42 @@ void frmMain::showTaskPanel(bool open) {
     splRight->setVisible(!open);
     m_metadataPane->setVisible(!open);
     m_taskPane->setVisible(open);
+    m_previewPane->offerMnemonics(!open);
     if (open)
         m_taskPane->setFocus();
     else
         m_previewPane->ibMain().setFocus();
+}
+
+// --- task lists from other programs
+
+/// One task list, which takes the place of the rows. False for other files.
+bool frmMain::openOfferedTasks(const QList<QUrl>& files) {
+    const QString path = files.size() == 1 ? localPath(files.first()) : QString();
+    if (!modSaveOpenImageList::isTaskFile(path))
+        return false;
+    if (m_batchRunning)
+        SetStatus(tr("Tasks can't be changed while a batch is running"));
+    else if (modSaveOpenImageList::fncOpenTaskBasket(path, m_workspace.tasks))
+        m_workflow.rowsChanged();
+    return true;
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> files = event->mimeData()->urls();
+    if (files.size() == 1 && modSaveOpenImageList::isTaskFile(localPath(files.first())))
+        event->acceptProposedAction();
+}
+
+/// After the drag, whose source waits for its end.
+void frmMain::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, files = event->mimeData()->urls()] { openOfferedTasks(files); }, Qt::QueuedConnection);
+}
+
+void frmMain::openFile(const QString& argument) {
+    showOfferedFile({QUrl::fromUserInput(argument, QDir::currentPath(), QUrl::AssumeLocalFile)});
 }
 
 } // namespace tarsel

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
 #include "base/Dialogs.h"
@@ -116,6 +117,7 @@ void frmMain::loadSettings() {
     m_previewPane->setPreviewType(ConfigRecord.PreviewType);
     m_preview.OptimizedPreview = ConfigRecord.PreviewType != 0;
     m_previewPane->setPreviewFit(ConfigRecord.PreviewFit);
+    m_taskPane->setLive(ConfigRecord.LivePreview == 1);
     forEachColumnWidth(
         [](ListControl& list, int column, qint16& width) { list.setColumnWidth(column, width); });
     m_folderView.settings.folderView = ConfigRecord.FolderView;
@@ -318,6 +320,7 @@ void frmMain::storePositions() {
     ConfigRecord.SplitterView = qint16(splView->SplitterPosition());
     ConfigRecord.PreviewType = quint8(m_previewPane->previewType());
     ConfigRecord.PreviewFit = quint8(m_previewPane->previewFit());
+    ConfigRecord.LivePreview = m_taskPane->isLive() ? 1 : 0;
     const QString folder = m_browsePane->ftvBrowse().selectedFolder();
     if (!folder.isEmpty())
         ConfigRecord.LastFolder = folder;

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
+#include <QTimer>
 
 namespace {
 
@@ -62,5 +63,8 @@ int main(int argc, char** argv) {
         window.prepareSessionEnd();
     });
     window.show();
+    // After the window has shown the last folder.
+    if (const QStringList arguments = QApplication::arguments(); arguments.size() > 1)
+        QTimer::singleShot(0, &window, [&window, file = arguments[1]] { window.openFile(file); });
     return QApplication::exec();
 }

@@ -98,10 +98,15 @@ void Preview::load(const QString& path, bool withTasks) {
     Q_EMIT loadingBegun(path);
 }
 
-void Preview::showPreview(const Picture& start, const TaskRow& row) {
+void Preview::showPreview(const Picture& start, const TaskRow& row, PreviewReason reason) {
     PreviewWorker::Request request = requestFor(start);
     request.preview = row;
-    send(std::move(request));
+    request.followsOptions = reason == PreviewReason::Followed;
+    request.reducedFirst = m_lists.ibMain.StretchToFit;
+    if (request.followsOptions)
+        follow(std::move(request));
+    else
+        send(std::move(request));
 }
 
 void Preview::showSnapshot(const Picture& snapshot) {
@@ -134,11 +139,25 @@ void Preview::addTasks(PreviewWorker::Request& request, bool editing) const {
                                                   &m_lists.tasks.lvEditPreview, false, editing);
 }
 
+/// A newer preview drops the one in work, unless nothing new has been seen for a while: options that change
+/// all the time would never show then.
+void Preview::follow(PreviewWorker::Request request) {
+    constexpr int longestStandstill = 100; // milliseconds
+    const bool isFollowing = m_pending && m_pending->isQuiet;
+    if (!isFollowing)
+        m_standstill.start();
+    if (isFollowing && m_standstill.hasExpired(longestStandstill))
+        m_followUp = std::move(request);
+    else
+        send(std::move(request));
+}
+
 void Preview::send(PreviewWorker::Request request) {
+    m_followUp.reset();
     request.number = ++m_lastNumber;
-    if (!request.tasks.empty() || request.preview)
+    if (!request.followsOptions && (!request.tasks.empty() || request.preview))
         service<EventLoop>().setBusyPointer(true);
-    m_pending = Pending{request.number, request.path, request.preview.has_value()};
+    m_pending = Pending{request.number, request.path, request.preview.has_value(), request.followsOptions};
     m_worker.request(std::move(request));
 }
 
@@ -171,6 +190,7 @@ void Preview::clear() {
 void Preview::stop() {
     m_worker.cancel();
     m_pending.reset();
+    m_followUp.reset();
 }
 
 // --- results
@@ -180,14 +200,17 @@ void Preview::apply(PreviewWorker::Result result) {
         return;
     m_shown = std::move(result.shown);
     m_shown.path = result.path.isEmpty() ? m_shownPath : result.path;
-    if (result.isFinal)
-        takeResult(std::move(result));
-    else
-        Q_EMIT pictureChanged();
+    m_standstill.start();
+    if (result.isFinal && !m_followUp)
+        return takeResult(std::move(result));
+    Q_EMIT pictureChanged();
+    if (m_followUp)
+        send(*std::exchange(m_followUp, std::nullopt));
 }
 
 void Preview::takeResult(PreviewWorker::Result result) {
     const char* routine = m_pending->isPreview ? "FrmMain.cmdApply_Click" : "subProcessPages";
+    const bool isQuiet = m_pending->isQuiet;
     m_pending.reset();
     const std::optional<TrappedError> failure = std::move(result.failure);
     const QString path = result.path;
@@ -195,7 +218,7 @@ void Preview::takeResult(PreviewWorker::Result result) {
         takePicture(result);
     else
         m_lists.ibMain.Clear();
-    if (!failure)
+    if (!failure || isQuiet)
         service<EventLoop>().setBusyPointer(false);
     if (!path.isEmpty())
         describe(path);
@@ -204,7 +227,7 @@ void Preview::takeResult(PreviewWorker::Result result) {
         Q_EMIT settled(failure.has_value());
     else
         Q_EMIT replaced();
-    if (failure) {
+    if (failure && !isQuiet) {
         const ErrorSubject subject(m_shownPath);
         std::ignore = trap(routine, [&] { throw *failure; });
     }

@@ -9,6 +9,7 @@
 #include "tasks/EditedPicture.h"
 #include "tasks/TaskList.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 
 namespace tarsel {
@@ -62,7 +63,7 @@ public:
     /// Whatever OptimizedPreview says.
     void showTasks(bool editing) override;
     void showSnapshot(const Picture& snapshot) override;
-    void showPreview(const Picture& start, const TaskRow& row) override;
+    void showPreview(const Picture& start, const TaskRow& row, PreviewReason reason) override;
 
 Q_SIGNALS:
     void loadingBegun(const QString& path);
@@ -76,6 +77,7 @@ private:
         quint64 number;
         QString path; ///< empty when something is done to the picture on show
         bool isPreview = false;
+        bool isQuiet = false; ///< neither the pointer nor a message says how it goes
     };
 
     void show(bool withTasks, bool editing = false);
@@ -83,6 +85,7 @@ private:
     PreviewWorker::Request requestFor(const Picture& start) const;
     void addTasks(PreviewWorker::Request& request, bool editing) const;
     void send(PreviewWorker::Request request);
+    void follow(PreviewWorker::Request request);
     void apply(PreviewWorker::Result result);
     void takeResult(PreviewWorker::Result result);
     void takePicture(PreviewWorker::Result& result);
@@ -102,6 +105,8 @@ private:
     QString m_nextDescribedPath;
     quint64 m_lastNumber = 0;
     std::optional<Pending> m_pending;
+    std::optional<PreviewWorker::Request> m_followUp; ///< waits for a preview that has become old
+    QElapsedTimer m_standstill;                       ///< while options change and nothing new is seen
     PreviewWorker m_worker;
 };
 

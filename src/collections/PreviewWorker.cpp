@@ -13,6 +13,7 @@
 #include "tasks/PreviewStep.h"
 #include "tasks/Replay.h"
 
+#include <cmath>
 #include <utility>
 
 namespace tarsel {
@@ -25,6 +26,8 @@ constexpr std::int64_t largePicture = 10'000'000;
 constexpr std::int64_t hugePicture = 30'000'000;
 /// Pictures of other formats, which are decoded in full only, are shown as their thumbnail first.
 constexpr std::int64_t largeInOtherFormats = 1'000'000;
+/// Smaller pictures have their preview as soon as a reduced one would have.
+constexpr std::int64_t largeForPreview = 4'000'000;
 
 using Deliver = std::function<void(PreviewWorker::Result)>;
 
@@ -42,12 +45,9 @@ void load(ImageBox& box, const QString& path, bool upright) {
 /// One request on its way through the worker.
 class Loading {
 public:
-    Loading(PreviewWorker::Request request, const Deliver& deliver) :
-        m_request(std::move(request)), m_deliver(deliver), m_result{m_request.number,
-                                                                    m_request.path,
-                                                                    {m_request.path, {}},
-                                                                    true,
-                                                                    std::move(m_request.box)} {}
+    Loading(PreviewWorker::Request request, ReducedStart& reducedStart, const Deliver& deliver) :
+        m_request(std::move(request)), m_reducedStart(reducedStart), m_deliver(deliver),
+        m_result{m_request.number, m_request.path, {m_request.path, {}}, true, std::move(m_request.box)} {}
 
     void run() {
         const std::optional<TrappedError> failure = failureOf([&] { start(); });
@@ -106,6 +106,9 @@ private:
     void runTasks() {
         m_result.original =
             m_request.path.isEmpty() ? m_request.original : m_result.box.SaveToMemory(snapshotFormat);
+        if (m_request.preview && m_request.reducedFirst && looksTheSameReduced(*m_request.preview))
+            ignoringErrors([&] { previewReduced(); });
+        raiseIfStopped();
         m_result.failure = failureOf([&] {
             replayRows(m_result.box, m_request.tasks, currentStop());
             if (m_request.preview)
@@ -122,7 +125,24 @@ private:
         m_result.shown.iccProfile = visibleProfile(metadata);
     }
 
+    void previewReduced() {
+        const Picture& start = m_request.start;
+        if (std::int64_t(start.width()) * start.height() < largeForPreview)
+            return;
+        ImageBox box = m_request.box;
+        const Picture& reduced = m_reducedStart.of(start, m_request.view);
+        box.LoadFromMemory(reduced, snapshotFormat);
+        previewStep(box, *m_request.preview);
+        const double scale = double(start.width()) / reduced.width();
+        const Size size{int(std::lround(box.Width() * scale)), int(std::lround(box.Height() * scale))};
+        m_deliver({m_request.number,
+                   m_request.path,
+                   {{}, box.picture(), size, visibleProfile(m_request.metadata), true},
+                   false});
+    }
+
     PreviewWorker::Request m_request;
+    ReducedStart& m_reducedStart;
     const Deliver& m_deliver;
     PreviewWorker::Result m_result;
 };
@@ -130,11 +150,13 @@ private:
 } // namespace
 
 PreviewWorker::PreviewWorker(std::function<void(Result)> deliver) :
-    m_work([deliver = std::move(deliver)](Request request, const std::stop_token& stop) {
+    m_work([this, deliver = std::move(deliver)](Request request, const std::stop_token& stop) {
         const SpreadingScope spreading;
         const StopScope scope(stop);
         ignoringErrors([&] {
-            Loading(std::move(request), [&](Result result) {
+            if (!request.preview)
+                m_reducedStart = {};
+            Loading(std::move(request), m_reducedStart, [&](Result result) {
                 raiseIfStopped();
                 deliver(std::move(result));
             }).run();

@@ -4,6 +4,7 @@
 #include "base/TrappedError.h"
 #include "collections/NewestWork.h"
 #include "collections/PreviewPicture.h"
+#include "collections/ReducedStart.h"
 #include "imaging/ImageBox.h"
 #include "imaging/QuickPicture.h"
 #include "tasks/TaskList.h"
@@ -26,6 +27,8 @@ public:
         Size view{1920, 1080};  ///< where the picture will be shown
         std::vector<TaskRow> tasks;
         std::optional<TaskRow> preview{};   ///< a task that the user is trying, run as its preview
+        bool followsOptions = false;        ///< of the preview: see PreviewReason
+        bool reducedFirst = false;          ///< where that looks the same, the preview of a smaller picture
         bool upright = false;               ///< the picture loaded is turned by its EXIF orientation
         QuickPictureReader readStored = {}; ///< finds what stands in for a picture that is slow to read
     };
@@ -49,6 +52,7 @@ public:
     void cancel() { m_work.cancel(); }
 
 private:
+    ReducedStart m_reducedStart; ///< belongs to the thread
     NewestWork<Request> m_work;
 };
 

@@ -11,30 +11,55 @@ namespace tarsel {
 
 namespace {
 
-constexpr char group[] = "[BatchSave]";
-constexpr char uprightKey[] = "UprightByExif=";
-
-/// The lines of the file, and where the setting stands among them. The rest may be of a later version.
-struct Settings {
-    QByteArrayList lines;
-    qsizetype groupLine = -1, uprightLine = -1; ///< -1 for none
+struct Switch {
+    const char* group; ///< with its brackets
+    const char* key;   ///< with its equals sign
+    quint8& (*field)(ConfigRecordData& record);
 };
 
-Settings readSettings() {
+/// All are on by default.
+constexpr Switch switches[] = {
+    {"[BatchSave]",
+     "UprightByExif=", [](ConfigRecordData& record) -> quint8& { return record.BatchSave.UprightByExif; }},
+    {"[Editing]", "LivePreview=", [](ConfigRecordData& record) -> quint8& { return record.LivePreview; }},
+};
+
+/// The lines of the file; those that aren't known may be of a later version.
+QByteArrayList readLines() {
     QByteArray text;
     ignoringErrors([&] { text = readWholeFile(settingsPathBeside()).trimmed(); });
-    Settings found{text.isEmpty() ? QByteArrayList() : text.split('\n')};
+    return text.isEmpty() ? QByteArrayList() : text.split('\n');
+}
+
+/// Where a switch stands among the lines; -1 for none.
+struct Place {
+    qsizetype group = -1, key = -1;
+};
+
+Place placeOf(const Switch& each, const QByteArrayList& lines) {
+    Place place;
     bool isInGroup = false;
-    for (qsizetype i = 0; i < found.lines.size(); ++i) {
-        const QByteArray line = found.lines[i].trimmed();
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QByteArray line = lines[i].trimmed();
         if (line.startsWith('['))
-            isInGroup = line == group;
-        if (isInGroup && line == group)
-            found.groupLine = i;
-        else if (isInGroup && line.startsWith(uprightKey))
-            found.uprightLine = i;
+            isInGroup = line == each.group;
+        if (isInGroup && line == each.group)
+            place.group = i;
+        else if (isInGroup && line.startsWith(each.key))
+            place.key = i;
     }
-    return found;
+    return place;
+}
+
+void putLine(const Switch& each, bool isOn, QByteArrayList& lines) {
+    const Place place = placeOf(each, lines);
+    const QByteArray line = QByteArray(each.key) + (isOn ? "true" : "false");
+    if (place.group < 0)
+        lines << each.group << line;
+    else if (place.key < 0)
+        lines.insert(place.group + 1, line);
+    else
+        lines[place.key] = line;
 }
 
 } // namespace
@@ -44,22 +69,19 @@ QString settingsPathBeside() {
 }
 
 void readSettingsBeside(ConfigRecordData& record) {
-    const Settings found = readSettings();
-    const bool isOff = found.uprightLine >= 0 &&
-                       found.lines[found.uprightLine].trimmed() == QByteArray(uprightKey) + "false";
-    record.BatchSave.UprightByExif = isOff ? 0 : 1;
+    const QByteArrayList lines = readLines();
+    for (const Switch& each : switches) {
+        const qsizetype line = placeOf(each, lines).key;
+        const bool isOff = line >= 0 && lines[line].trimmed() == QByteArray(each.key) + "false";
+        each.field(record) = isOff ? 0 : 1;
+    }
 }
 
 void storeSettingsBeside(const ConfigRecordData& record) {
-    auto [lines, groupLine, uprightLine] = readSettings();
-    const bool isUpright = record.BatchSave.UprightByExif == 1;
-    const QByteArray line = QByteArray(uprightKey) + (isUpright ? "true" : "false");
-    if (groupLine < 0)
-        lines << group << line;
-    else if (uprightLine < 0)
-        lines.insert(groupLine + 1, line);
-    else
-        lines[uprightLine] = line;
+    ConfigRecordData stored = record;
+    QByteArrayList lines = readLines();
+    for (const Switch& each : switches)
+        putLine(each, each.field(stored) == 1, lines);
     writeFileSafely(settingsPathBeside(), lines.join('\n') + '\n');
 }
 

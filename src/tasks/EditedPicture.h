@@ -6,6 +6,10 @@
 
 namespace tarsel {
 
+/// Whether the user asked for a preview, or it follows the options. Then it makes no fuss: nothing says that
+/// work is in progress, and a failure is not reported.
+enum class PreviewReason { Asked, Followed };
+
 /// The picture on show, as the course of editing needs it. What takes time is done in the background: then
 /// the picture is busy until TaskWorkflow::pictureSettled is called. A newer call drops what an older one
 /// has begun.
@@ -22,7 +26,7 @@ public:
     virtual void showTasks(bool editing) = 0;
     virtual void showSnapshot(const Picture& snapshot) = 0;
     /// What previewStep() makes of a snapshot.
-    virtual void showPreview(const Picture& start, const TaskRow& row) = 0;
+    virtual void showPreview(const Picture& start, const TaskRow& row, PreviewReason reason) = 0;
 };
 
 /// The page with the options of the present task.

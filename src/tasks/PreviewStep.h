@@ -19,6 +19,14 @@ void previewStep(ImageBox& box, const TaskRow& row);
 /// Whether a task has something to show as soon as its page opens with these options.
 bool previewsAtOnce(const TaskRow& options);
 
+/// Whether previews may follow these options by themselves: not those of a selection that is being made on
+/// the picture, nor without the picture to merge.
+bool followsOptions(const TaskRow& options);
+
+/// Whether a reduced picture looks the same after the step as the full one reduced after it. Nothing may
+/// depend on lengths, which filters, texts and frames have in pixels.
+bool looksTheSameReduced(const TaskRow& row);
+
 /// Why the picture to merge can't be previewed; empty when it can, and for other kinds.
 QString missingPictureText(const TaskRow& row);
 

@@ -17,8 +17,7 @@ QString taskFilter() {
 
 /// The file that fncSaveTaskBasket writes.
 QString taskFilePath(const QString& path) {
-    const QLatin1String extension(".tbf");
-    return path.endsWith(extension, Qt::CaseInsensitive) ? path : path + extension;
+    return modSaveOpenImageList::isTaskFile(path) ? path : path + QStringLiteral(".tbf");
 }
 
 bool clearTasks(TaskList& tasks, bool) {

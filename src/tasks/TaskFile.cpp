@@ -51,6 +51,10 @@ bool showUnlessDone(bool done, const char* message) {
 
 } // namespace
 
+bool isTaskFile(const QString& path) {
+    return path.endsWith(TaskExtension, Qt::CaseInsensitive);
+}
+
 void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     tasks.clear();
     clsFile file;
@@ -67,7 +71,7 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
 }
 
 bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
-    const QString target = path.endsWith(TaskExtension, Qt::CaseInsensitive) ? path : path + TaskExtension;
+    const QString target = isTaskFile(path) ? path : path + TaskExtension;
     const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
                                                  [&] { writeTaskBasket(target, tasks); });
     return showUnlessDone(done,

@@ -7,6 +7,8 @@
 
 namespace tarsel::modSaveOpenImageList {
 
+bool isTaskFile(const QString& path); ///< by its extension
+
 /// Replaces the list by the rows of a .tbf file. The old rows are gone even when the reading fails, and the
 /// rows before the failing one stay. Raises: 53, 70 a file that can't be read; 62 too few fields in the
 /// last record; 13, 6 a kind that is not a 16-bit number; 5 a key that has no icon. The description names the

@@ -4,6 +4,7 @@
 #include "base/Dialogs.h"
 #include "base/ErrorReport.h"
 #include "base/ErrorTrap.h"
+#include "base/FailureOf.h"
 #include "tasks/PreviewStep.h"
 
 #include <QCoreApplication>
@@ -184,7 +185,15 @@ void TaskWorkflow::openTask(int kind) {
 void TaskWorkflow::optionsChanged() {
     if (m_kind)
         m_optionsChanged = true;
-    Q_EMIT stateChanged();
+    if (m_isLive)
+        post([this] { followOptions(); });
+    else
+        Q_EMIT stateChanged();
+}
+
+void TaskWorkflow::setLive(bool live) {
+    if (std::exchange(m_isLive, live) != live && live)
+        post([this] { followOptions(); });
 }
 
 // --- preview, confirm, reset
@@ -199,16 +208,30 @@ void TaskWorkflow::cmdApply() {
 /// Whatever is on show, a preview starts from the working snapshot: effects don't add up.
 /// False for options of which no row can be made.
 bool TaskWorkflow::preview() {
-    const auto refused = trap("FrmMain.cmdApply_Click",
-                              [this] { m_row = recordedRow(m_picture.box(), m_working, m_options.row()); });
-    if (refused)
+    TaskRow row;
+    if (trap("FrmMain.cmdApply_Click",
+             [&] { row = recordedRow(m_picture.box(), m_working, m_options.row()); }))
         return false;
-    m_picture.showPreview(m_working, m_row);
-    m_restorePending = m_firstPreview = m_optionsChanged = false;
-    m_modified = m_previewInWork = true;
+    show(std::move(row), PreviewReason::Asked);
     if (const QString text = missingPictureText(m_row); !text.isEmpty())
         inform(text);
     return true;
+}
+
+/// Options that can't be shown wait without a message for the user to go on typing.
+void TaskWorkflow::followOptions() {
+    if (!m_optionsChanged || m_working.isNull())
+        return;
+    TaskRow row = m_options.row();
+    if (followsOptions(row) && !failureOf([&] { row = recordedRow(m_picture.box(), m_working, row); }))
+        show(std::move(row), PreviewReason::Followed);
+}
+
+void TaskWorkflow::show(TaskRow row, PreviewReason reason) {
+    m_row = std::move(row);
+    m_picture.showPreview(m_working, m_row, reason);
+    m_restorePending = m_firstPreview = m_optionsChanged = false;
+    m_modified = m_previewInWork = true;
 }
 
 /// The picture stays as far as the step had come, which Reset takes back. The preview doesn't count as made.

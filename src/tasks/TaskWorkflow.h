@@ -29,6 +29,8 @@ public:
 
     TaskPanelState state() const;
     bool isOpen() const { return m_isOpen; }
+    /// The picture without the present task; null while nobody edits.
+    const Picture& working() const { return m_working; }
 
     // --- what the user does; the names of buttons stand for their click
     void CmdPreviewEdit();
@@ -38,8 +40,9 @@ public:
     void cmdReset();
     void cmdOriginalImage();
     void optionsChanged();
-    void rowClicked();  ///< of the list of confirmed tasks
-    void rowsChanged(); ///< a list was read, emptied, or lost a row
+    void setLive(bool live); ///< whether previews follow the options by themselves
+    void rowClicked();       ///< of the list of confirmed tasks
+    void rowsChanged();      ///< a list was read, emptied, or lost a row
 
     // --- what becomes of the picture
     void pictureSettled(bool failed); ///< it is no longer busy
@@ -61,6 +64,8 @@ private:
     void openTask(int kind);
     void chooseTask(const QString& item);
     bool preview();
+    void followOptions();
+    void show(TaskRow row, PreviewReason reason);
     void previewFailed();
     void confirm(Step then);
     void commit();
@@ -73,6 +78,7 @@ private:
     TaskOptions& m_options;
 
     bool m_isOpen = false; ///< the editing flag
+    bool m_isLive = false;
     int m_kind = 0;
     TaskRow m_row; ///< of the last preview
     Picture m_working;

@@ -58,7 +58,7 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideT
     subSaveSetup();
     subSaveSetup();
     EXPECT_EQ(readWholeFile(settingsPathBeside()).replace("UprightByExif=false\n", ""),
-              damaged + later + '\n')
+              damaged + later + "\n[Editing]\nLivePreview=true\n")
         << "settings of a later version stay";
     EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));
     EXPECT_EQ(ConfigRecord.LastFolder.trimmed(), QStringLiteral("/home/\u65E5\u672C"));

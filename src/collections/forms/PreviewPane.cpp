@@ -13,18 +13,6 @@
 
 namespace tarsel {
 
-namespace {
-
-/// A button's key stays the same with each of its captions.
-QString withMnemonicOf(const QString& marked, QString caption) {
-    const QLatin1Char mark('&');
-    caption.remove(mark);
-    const qsizetype place = caption.indexOf(marked.at(marked.indexOf(mark) + 1), 0, Qt::CaseInsensitive);
-    return caption.insert(std::max<qsizetype>(place, 0), mark);
-}
-
-} // namespace
-
 const PreviewPane::Choice PreviewPane::typeChoice = {
     "cmdPreviewType", "mnuPreviewType", {"mnuPreviewOriginal", "mnuPreviewOptimized"}, " "};
 const PreviewPane::Choice PreviewPane::fitChoice = {
@@ -67,11 +55,30 @@ void PreviewPane::check(const Choice& choice, int item) {
     QAction& chosen = m_actions.action(choice.items[item]);
     chosen.setChecked(true);
     QAction& button = m_actions.action(choice.button);
-    button.setIconText(withMnemonicOf(button.text(), chosen.text()) + QLatin1String(choice.blanks));
+    button.setIconText(withMnemonic(button, chosen.text()) + QLatin1String(choice.blanks));
     button.setIcon(chosen.icon());
     const QString meaning = button.data().toString();
     button.setToolTip(tr("%1: %2").arg(chosen.text().remove(QLatin1Char('&')), meaning));
     shortenButtons();
+}
+
+/// A button's key stays the same with each of its captions.
+QString PreviewPane::withMnemonic(const QAction& button, QString caption) const {
+    const QLatin1Char mark('&');
+    const QString marked = button.text();
+    caption.remove(mark);
+    if (!m_offersMnemonics)
+        return caption;
+    const qsizetype place = caption.indexOf(marked.at(marked.indexOf(mark) + 1), 0, Qt::CaseInsensitive);
+    return caption.insert(std::max<qsizetype>(place, 0), mark);
+}
+
+void PreviewPane::offerMnemonics(bool offered) {
+    m_offersMnemonics = offered;
+    check(typeChoice, m_shownType);
+    check(fitChoice, m_shownFit);
+    QAction& save = m_actions.action("cmdPreviewSave");
+    save.setIconText(withMnemonic(save, save.text()));
 }
 
 void PreviewPane::setPreviewType(int type) {
@@ -171,8 +178,9 @@ void PreviewPane::connectView() {
         m_actions.action(step < 0 ? "cmdPreviewPrevious" : "cmdPreviewNext").trigger();
         m_view->setFocus();
     });
-    QMenu* menu =
-        m_actions.makeMenu("mnuPreview", {"mnuPreviewEdit", "cmdPreviewPrevious", "cmdPreviewNext"}, this);
+    QMenu* menu = m_actions.makeMenu(
+        "mnuPreview", {"mnuPreviewEdit", "cmdBefore", "cmdCompare", "cmdPreviewPrevious", "cmdPreviewNext"},
+        this);
     menu->insertSeparator(&m_actions.action("cmdPreviewPrevious"));
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_view, &QWidget::customContextMenuRequested, menu,

@@ -27,6 +27,8 @@ public:
     void pictureChanged(const PreviewPicture& shown);
     /// Whether the picture on show may be saved now.
     void offerSaving(bool offered);
+    /// Whether the bar's buttons have mnemonics; a panel beside the picture may need their keys.
+    void offerMnemonics(bool offered);
     /// 0 "Original", 1 "Optimized".
     int previewType() const { return m_shownType; }
     void setPreviewType(int type);
@@ -60,6 +62,7 @@ private:
     void connectView();
     int checkedItem(const Choice& choice) const;
     void check(const Choice& choice, int item);
+    QString withMnemonic(const QAction& button, QString caption) const;
     void connectChoice(const Choice& choice, void (PreviewPane::*choose)());
     void shortenButtons();
     QWidget* makeButton(const char* name, const char* menu, std::initializer_list<const char*> items);
@@ -75,6 +78,7 @@ private:
     int m_shownType = 0;
     int m_shownFit = 0;
     bool m_offersSaving = true;
+    bool m_offersMnemonics = true;
 };
 
 } // namespace tarsel

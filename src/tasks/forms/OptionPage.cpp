@@ -58,8 +58,6 @@ QLineEdit* editOf(QObject* control) {
 void showNumber(QSlider& slider, QLabel& label) {
     label.setMinimumWidth(label.fontMetrics().horizontalAdvance(QStringLiteral("1000")));
     const auto show = [&label](int value) { label.setNum(value); };
-    // The page is changed when the thumb is released; until then the number alone follows it.
-    slider.setTracking(false);
     QObject::connect(&slider, &QSlider::valueChanged, &label, show);
     QObject::connect(&slider, &QSlider::sliderMoved, &label, show);
     show(slider.value());
@@ -82,6 +80,7 @@ OptionPage::OptionPage(int kind, TaskDefaults& defaults, SetUp setUp, QWidget* p
     setUp(this);
     bindColumns();
     bindSettings();
+    OptionPage::setLive(false);
     connectSelectionButtons();
 }
 
@@ -119,7 +118,8 @@ void OptionPage::addCompanion(const TaskColumn& column) {
         if (slider)
             joinBoxAndSlider(*box, *slider);
     } else if (auto* label = qobject_cast<QLabel*>(companion)) {
-        showNumber(*qobject_cast<QSlider*>(control), *label);
+        m_sliders.push_back(qobject_cast<QSlider*>(control));
+        showNumber(*m_sliders.back(), *label);
     }
 }
 
@@ -171,6 +171,11 @@ void OptionPage::setText(TaskRow& row, int column, const QString& text) {
 
 void OptionPage::storeDefaults() {
     m_binding->store(StoreMoment::AfterChecks);
+}
+
+void OptionPage::setLive(bool live) {
+    for (QSlider* slider : m_sliders)
+        slider->setTracking(live);
 }
 
 void OptionPage::takeChange() {

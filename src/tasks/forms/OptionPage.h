@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+class QSlider;
+
 namespace tarsel {
 
 /// A page whose form and table of columns say everything; classes of single kinds add what is special.
@@ -21,6 +23,7 @@ public:
     void showRow(const TaskRow& row) final;
     TaskRow row() const override;
     void storeDefaults() final;
+    void setLive(bool live) final;
     void offerSelection() override;
     void endSelection(PictureSelection selection) override;
     void setLocation(QPoint location) override;
@@ -55,6 +58,7 @@ private:
     std::vector<FormField<TaskDefaults>> m_fields;
     std::unique_ptr<FormBinding<TaskDefaults>> m_binding;
     std::vector<ShownColumn> m_columns;
+    std::vector<QSlider*> m_sliders; ///< whose number shows while they are dragged
     QPoint m_location;
     bool m_isFilling = false;
 };

@@ -27,6 +27,8 @@ public:
     virtual TaskRow row() const = 0;
     /// Makes what the controls show the defaults of the kind.
     virtual void storeDefaults() = 0;
+    /// Whether a slider that is dragged changes the page at once, or when it is released.
+    virtual void setLive(bool live) = 0;
 
     // --- selection on the picture
     /// Shows the controls that ask for a selection; they are hidden as long as nobody can make one.

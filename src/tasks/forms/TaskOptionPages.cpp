@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/WheelToPanel.h"
 #include "tasks/forms/CropPage.h"
 #include "tasks/forms/FormControls.h"
 #include "tasks/forms/PictureButtons.h"
@@ -98,6 +99,7 @@ TaskOptionPage* makeTaskOptionPage(int kind, TaskDefaults& defaults, QWidget* pa
         return nullptr;
     TaskOptionPage* page = makers[kind](kind, defaults, parent);
     showArtwork(*page);
+    letWheelScroll(*page);
     page->showRow(defaultRow(kind, defaults));
     return page;
 }

@@ -15,7 +15,19 @@ namespace {
 constexpr int snapshotFormat = 7;
 constexpr int clickedPosition = 9;
 
-enum Kind { Rotate = 2, Resize = 3, Watermark = 9, Text = 10, Mask = 14, RedEye = 16 };
+enum Kind {
+    Flip = 1,
+    Rotate = 2,
+    Resize = 3,
+    Contrast = 5,
+    Brightness = 6,
+    Crop = 8,
+    Watermark = 9,
+    Text = 10,
+    Invert = 11,
+    Mask = 14,
+    RedEye = 16
+};
 
 int kindOf(const TaskRow& row) {
     return row.kind.toInt();
@@ -105,6 +117,32 @@ bool previewsAtOnce(const TaskRow& options) {
         return !options[column::Text::text].isEmpty();
     default:
         return kindOf(options) != RedEye;
+    }
+}
+
+bool followsOptions(const TaskRow& options) {
+    switch (kindOf(options)) {
+    case Crop:
+        return options[column::Crop::typed];
+    case RedEye:
+        return false;
+    default:
+        return missingPictureText(options).isEmpty();
+    }
+}
+
+bool looksTheSameReduced(const TaskRow& row) {
+    switch (kindOf(row)) {
+    case Flip:
+    case Rotate:
+    case Contrast:
+    case Brightness:
+    case Invert:
+        return true;
+    case Mask: // a transparent one softens the picture
+        return !row[column::Mask::transparent];
+    default:
+        return false;
     }
 }
 
