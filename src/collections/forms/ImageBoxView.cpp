@@ -44,6 +44,9 @@ ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QAbstractScrollArea
     verticalScrollBar()->setObjectName(QStringLiteral("vsbView"));
     verticalScrollBar()->setAccessibleName(tr("Scroll the preview up and down"));
     connect(&m_renderer, &ScreenRenderer::rendered, this, &ImageBoxView::take);
+    connect(&m_selection, &SelectionOverlay::cursorChanged, this, &ImageBoxView::showCursor);
+    connect(&m_selection, &SelectionOverlay::armedChanged, this, &ImageBoxView::describe);
+    connect(&m_selection, &SelectionOverlay::regionSelected, this, &ImageBoxView::describe);
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
     connect(&m_patience, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
@@ -90,11 +93,18 @@ void ImageBoxView::take(const ScreenRenderer::Rendered& rendered) {
     m_isRendering = false;
     m_drawn = rendered;
     const bool isAnother = std::exchange(m_drawnPath, m_shown.path) != m_shown.path;
-    setAccessibleDescription(m_shown.picture.isNull() ? m_shown.notice : QFileInfo(m_shown.path).fileName());
+    describe();
     if (isAnother)
         subFixedSizeTiff(m_isBestFit);
     else
         FitImage();
+}
+
+/// For assistive programs.
+void ImageBoxView::describe() {
+    const QString picture = m_shown.picture.isNull() ? m_shown.notice : QFileInfo(m_shown.path).fileName();
+    const QString selection = m_selection.description();
+    setAccessibleDescription(selection.isEmpty() ? picture : selection);
 }
 
 bool ImageBoxView::isSharp() const {
@@ -131,6 +141,7 @@ void ImageBoxView::FitImage() {
     setBars();
     m_placement = placementIn(container());
     m_placement.scrollTo({horizontalScrollBar()->value(), verticalScrollBar()->value()});
+    m_selection.setPlacement(m_placement);
     m_box.StretchToFit = m_isBestFit;
     m_box.Zoom = m_placement.zoom();
     m_box.ControlWidth = float(m_placement.drawn().width);
@@ -138,7 +149,7 @@ void ImageBoxView::FitImage() {
     const bool isComplete = sizeOf(m_drawn.image) == wantedSize() && (!needsFull() || !m_drawn.full.isNull());
     if (!m_shown.picture.isNull() && m_drawn.number == m_number && !m_isRendering && !isComplete)
         requestRendering();
-    showPanCursor();
+    showCursor();
     viewport()->update();
     Q_EMIT zoomChanged();
 }
@@ -168,6 +179,7 @@ void ImageBoxView::resizeEvent(QResizeEvent*) {
 
 void ImageBoxView::scrollContentsBy(int, int) {
     m_placement.scrollTo({horizontalScrollBar()->value(), verticalScrollBar()->value()});
+    m_selection.setPlacement(m_placement);
     viewport()->update();
 }
 
@@ -180,6 +192,7 @@ void ImageBoxView::paintEvent(QPaintEvent*) {
     enterDevicePixels(painter);
     if (!m_drawn.image.isNull())
         paintRendered(painter, m_drawn, m_placement, m_isBestFit);
+    m_selection.paint(painter);
     painter.restore();
     paintNotice(painter);
     if (hasFocus())
@@ -229,14 +242,18 @@ bool ImageBoxView::canScroll() const {
     return m_placement.horizontalMaximum() > 0 || m_placement.verticalMaximum() > 0;
 }
 
-void ImageBoxView::showPanCursor() {
-    if (canScroll())
+void ImageBoxView::showCursor() {
+    if (const auto pointer = m_selection.cursor())
+        viewport()->setCursor(*pointer);
+    else if (canScroll())
         viewport()->setCursor(Qt::OpenHandCursor);
     else
         viewport()->unsetCursor();
 }
 
 void ImageBoxView::keyPressEvent(QKeyEvent* event) {
+    if (m_selection.key(*event))
+        return;
     if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier) || !handleKey(event->key()))
         QAbstractScrollArea::keyPressEvent(event);
 }
@@ -279,14 +296,14 @@ void ImageBoxView::wheelEvent(QWheelEvent* event) {
 }
 
 void ImageBoxView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !canScroll())
+    if (m_selection.press(*event) || event->button() != Qt::LeftButton || !canScroll())
         return;
     m_panned = event->position();
     viewport()->setCursor(Qt::ClosedHandCursor);
 }
 
 void ImageBoxView::mouseMoveEvent(QMouseEvent* event) {
-    if (!(event->buttons() & Qt::LeftButton) || !canScroll())
+    if (m_selection.move(*event) || !(event->buttons() & Qt::LeftButton) || !canScroll())
         return;
     const QPoint moved =
         devicePoint(std::exchange(m_panned, event->position()) - event->position()).toPoint();
@@ -294,13 +311,15 @@ void ImageBoxView::mouseMoveEvent(QMouseEvent* event) {
     verticalScrollBar()->setValue(verticalScrollBar()->value() + moved.y());
 }
 
-void ImageBoxView::mouseReleaseEvent(QMouseEvent*) {
-    showPanCursor();
+void ImageBoxView::mouseReleaseEvent(QMouseEvent* event) {
+    m_selection.release(*event);
+    showCursor();
 }
 
 /// The point under the pointer stays there.
 void ImageBoxView::mouseDoubleClickEvent(QMouseEvent* event) {
-    zoomAt(event->position(), !m_isBestFit);
+    if (!m_selection.press(*event))
+        zoomAt(event->position(), !m_isBestFit);
 }
 
 void ImageBoxView::zoomAt(QPointF position, bool bestFit) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "collections/forms/ScreenRenderer.h"
+#include "collections/forms/SelectionOverlay.h"
 #include "imaging/ImageBox.h"
 #include "imaging/PicturePlacement.h"
 
@@ -31,6 +32,7 @@ public:
     /// Of the picture on the screen, in device pixels of the viewport.
     const PicturePlacement& placement() const { return m_placement; }
     const QString& drawnPath() const { return m_drawnPath; } ///< of the picture on the screen
+    SelectionOverlay& selection() { return m_selection; }
     /// Whether the picture shown last is on the screen, and in its best quality.
     bool isCurrent() const { return !m_isRendering && m_drawn.number == m_number; }
     bool isSharp() const;
@@ -69,7 +71,8 @@ private:
     PicturePlacement placementIn(Size container) const;
     void setBars();
     void setBar(QScrollBar& bar, int maximum, int page) const;
-    void showPanCursor();
+    void showCursor();
+    void describe();
     bool canScroll() const;
     bool handleKey(int key);
 
@@ -88,6 +91,7 @@ private:
     QTimer m_patience;
     QPointF m_panned; ///< where the pointer was last while it drags the picture
     ScreenRenderer m_renderer;
+    SelectionOverlay m_selection{*viewport()};
 };
 
 } // namespace tarsel
