@@ -39,6 +39,8 @@ public:
     virtual void open(int kind, const ImageBox& box) = 0;
     virtual TaskRow row() const = 0;
     virtual void storeDefaults() = 0;
+    /// The user asked for a preview, for which this row was made of the options.
+    virtual void previewed(const TaskRow&) {}
 };
 
 } // namespace tarsel

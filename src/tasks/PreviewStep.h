@@ -27,6 +27,10 @@ bool followsOptions(const TaskRow& options);
 /// depend on lengths, which filters, texts and frames have in pixels.
 bool looksTheSameReduced(const TaskRow& row);
 
+/// Why nothing can be previewed: a region is to be selected first. Empty when there is one, and for other
+/// tasks.
+QString missingRegionText(const TaskRow& options);
+
 /// Why the picture to merge can't be previewed; empty when it can, and for other kinds.
 QString missingPictureText(const TaskRow& row);
 

@@ -45,7 +45,7 @@ TaskPanelState TaskWorkflow::state() const {
     state.editButton = m_isOpen ? tr("  Finish") : tr("  Edit");
     state.okButton = m_kind ? tr("Confirm") : tr("Finish");
     state.cmdApply = m_kind && (m_firstPreview || m_optionsChanged);
-    state.cmdOK = m_isOpen && (m_kind != redEye || m_optionsChanged || !m_firstPreview);
+    state.cmdOK = m_isOpen && (m_kind != redEye || m_regionBegun || !m_firstPreview);
     state.cmdReset = m_kind && !m_firstPreview;
     state.cmdOriginalImage = m_isOpen && m_tasks.count() > 0;
     state.cmdPreviewType = !m_isOpen;
@@ -176,7 +176,7 @@ void TaskWorkflow::openTask(int kind) {
     m_kind = kind;
     m_row = {};
     m_firstPreview = true;
-    m_modified = false;
+    m_modified = m_regionBegun = false;
     m_picture.box().ClearSelection();
     m_options.open(kind, m_picture.box());
     m_optionsChanged = kind && previewsAtOnce(m_options.row());
@@ -196,6 +196,19 @@ void TaskWorkflow::setLive(bool live) {
         post([this] { followOptions(); });
 }
 
+/// A region is selected on the picture without the present task.
+void TaskWorkflow::regionWanted() {
+    post([this] {
+        if (!m_kind)
+            return;
+        reset();
+        if (m_kind == redEye)
+            openTask(redEye);
+        m_regionBegun = m_kind == redEye;
+        m_optionsChanged = m_kind != redEye;
+    });
+}
+
 // --- preview, confirm, reset
 
 void TaskWorkflow::cmdApply() {
@@ -208,10 +221,15 @@ void TaskWorkflow::cmdApply() {
 /// Whatever is on show, a preview starts from the working snapshot: effects don't add up.
 /// False for options of which no row can be made.
 bool TaskWorkflow::preview() {
+    if (const QString text = missingRegionText(m_options.row()); !text.isEmpty()) {
+        inform(text);
+        return false;
+    }
     TaskRow row;
     if (trap("FrmMain.cmdApply_Click",
              [&] { row = recordedRow(m_picture.box(), m_working, m_options.row()); }))
         return false;
+    m_options.previewed(row); // for what is asked for alone: else a clicked place would move with each change
     show(std::move(row), PreviewReason::Asked);
     if (const QString text = missingPictureText(m_row); !text.isEmpty())
         inform(text);
@@ -252,7 +270,8 @@ void TaskWorkflow::cmdOK() {
 /// A task is recorded once its result is there, with what the preview was made of. `then` is left out when
 /// that fails.
 void TaskWorkflow::confirm(Step then) {
-    if ((m_optionsChanged || m_firstPreview) && !preview())
+    const bool previewsFirst = m_optionsChanged || (m_firstPreview && m_kind != redEye);
+    if (previewsFirst && !preview())
         return;
     whenSettled([this, then = std::move(then)](bool failed) {
         if (failed)

@@ -41,6 +41,7 @@ public:
     void cmdOriginalImage();
     void optionsChanged();
     void setLive(bool live); ///< whether previews follow the options by themselves
+    void regionWanted();     ///< is about to be selected on the picture
     void rowClicked();       ///< of the list of confirmed tasks
     void rowsChanged();      ///< a list was read, emptied, or lost a row
 
@@ -86,6 +87,7 @@ private:
     bool m_restorePending = false; ///< the picture on show is not what a preview or the next task starts from
     bool m_optionsChanged = false; ///< since the last preview
     bool m_modified = false;       ///< a preview is shown that is not confirmed
+    bool m_regionBegun = false;    ///< of an eye
     bool m_previewInWork = false;
     std::function<void(bool failed)> m_next; ///< waits for the picture
     std::deque<Step> m_events;               ///< wait for m_next

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskWorkflow.h"
+#include "imaging/fncLoadPicture.h"
 #include "tasks/PreviewStep.h"
 #include "tasks/Replay.h"
 #include "tasks/TaskColumns.h"
@@ -104,6 +105,7 @@ struct Editing {
             {"bad", [&] { type("x"); }},
             {"eyes", [&] { selectEyes(); }},
             {"live", [&] { workflow.setLive(true); }},
+            {"region", [&] { workflow.regionWanted(); }},
         };
         const auto known = events.find(event.toStdString());
         if (known != events.end())
@@ -216,10 +218,12 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
         {"live edit Canvas add2 row", "Finish Confirm PORG +100 1 rows"},
         {"live edit Canvas add2 Nothing?no", nothing},
         {"edit Canvas add2 live", "Finish Confirm -ORG +102 1 rows"},
-        {"live edit RedEye add2", "Finish Confirm PO-G +100 1 rows"},
+        {"live edit RedEye add2", "Finish Confirm P--G +100 1 rows"},
         {"edit RedEye", "Finish Confirm P--G +100 1 rows"},
-        {"edit RedEye add2", "Finish Confirm PO-G +100 1 rows"},
-        {"edit RedEye eyes ok", nothing}, // is never a row
+        {"edit RedEye region eyes ok", nothing}, // is never a row
+        {"edit RedEye region", "Finish Confirm PO-G +100 1 rows"},
+        {"edit RedEye region ok", nothing}, // without an eye there is nothing to confirm
+        {"edit Canvas apply region", chosen},
     };
     for (const auto& [events, seen] : cases)
         for (const bool settling : {true, false}) {
@@ -299,6 +303,60 @@ TEST(Previews, HaveOtherPixelsThanTheReplayWhereTheyMust) {
     EXPECT_EQ(recordedRow(box, {}, taskRow(2, {"True", "5", "0"})).columns[0].toStdString(), "True");
     EXPECT_EQ(recordedRow(box, {}, taskRow(2, {"False", "5", "0"})).columns[0].toStdString(), "True")
         << "stays on for the run";
+}
+
+/// Display pixels become picture pixels at this moment, and what is kept of them is converted again by the
+/// next preview and by the replay.
+TEST(Previews, ConvertWhatWasSelectedOnAScaledDisplay) {
+    const auto boxOn = [](Size picture, Size display) {
+        ImageBox box = boxWith(unevenPicture(picture.width, picture.height));
+        box.StretchToFit = true;
+        box.ControlWidth = float(display.width);
+        box.ControlHeight = float(display.height);
+        return box;
+    };
+    const auto recorded = [](ImageBox box, const TaskRow& row, int first, int count) {
+        const TaskRow made = recordedRow(box, box.picture(), row);
+        return QStringList(made.columns.begin() + first - 1, made.columns.begin() + first - 1 + count)
+            .join(u' ')
+            .toStdString();
+    };
+    const ImageBox half = boxOn({120, 80}, {60, 40}), same = boxOn({120, 80}, {120, 80});
+    const ImageBox narrow = boxOn({120, 1}, {60, 1}); // scaled in one direction only
+    const TaskRow crop = taskRow(8, {"False", "15", "8", "5", "2"});
+    const TaskRow mark = taskRow(9, {"False", "0", "1", "/nowhere", "0", "4", "3"}); // y comes first
+    const TaskRow text = textRow("9", "5", "14"), eye = taskRow(16, {"15", "8", "5", "2"});
+    const std::tuple<std::string, std::string> cases[] = {
+        {recorded(half, crop, 2, 6), "15 8 5 2 60 40"}, // as dragged
+        {recorded(narrow, crop, 2, 6), "15 8 5 2 60 1"},
+        {recorded(same, crop, 2, 6), "5 2 15 8  "},
+        {recorded(half, mark, 6, 2), "8 6"},
+        {recorded(narrow, mark, 6, 2), "4 3"},
+        {recorded(half, text, 16, 2), "10 18"}, // in the middle of 20 points
+        {recorded(same, text, 16, 2), "5 4"},
+        {recorded(half, textRow("9", "10", "18"), 16, 2), "20 26"}, // without a new click
+        {recorded(half, eye, 1, 4), "30 16 10 4"},
+    };
+    for (const auto& [made, expected] : cases)
+        EXPECT_EQ(made, expected);
+
+    const auto run = [&](void (*step)(ImageBox&, const TaskRow&), const TaskRow& row, ImageBox box) {
+        step(box, row);
+        return box.picture();
+    };
+    const auto replay = [](ImageBox& box, const TaskRow& row) { replayRow(box, row, 1); };
+    const TaskRow forward = taskRow(8, {"False", "5", "2", "15", "8", "60", "40"});
+    EXPECT_EQ(run(previewStep, forward, half).width(), 20);
+    EXPECT_TRUE(run(previewStep, forward, half) == run(replay, forward, half));
+    EXPECT_EQ(errorNumberOf([&] {
+                  run(previewStep, taskRow(8, {"False", "15", "8", "5", "2", "60", "40"}), half);
+              }),
+              5)
+        << "dragged to the left";
+    EXPECT_TRUE(run(previewStep, textRow("9", "10", "18"), half) ==
+                run(replay, textRow("9", "10", "18"), same));
+    EXPECT_FALSE(run(previewStep, textRow("9", "10", "18"), half) ==
+                 run(replay, textRow("9", "10", "18"), half));
 }
 
 } // namespace tarsel::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/PreviewStep.h"
 
+#include "tasks/DisplayScale.h"
 #include "tasks/TaskColumns.h"
 #include "tasks/TaskList.h"
 #include "tasks/steps/Steps.h"
@@ -43,18 +44,106 @@ void previewResize(ImageBox& box, const TaskRow& row) {
         box.Scale(float(toDouble(row.columns[Resize::percent.number - 1])));
 }
 
-/// Without a picture to merge nothing happens, where the replay fails.
+/// Without a picture to merge nothing happens, where the replay fails. The recorded place is taken as it is,
+/// which the replay converts a second time.
 void previewWatermark(ImageBox& box, const TaskRow& row) {
+    using column::Watermark;
     if (missingPictureText(row).isEmpty())
-        taskKind(Watermark)->replay(box, row);
+        steps::mergeAt(
+            box, row,
+            {toInt32(row.columns[Watermark::x.number - 1]), toInt32(row.columns[Watermark::y.number - 1])});
 }
 
-/// Works on what is selected. A replay never runs it.
-void previewRedEye(ImageBox& box) {
+/// At a clicked position the recorded place is taken as it is, which the replay converts a second time.
+void previewText(ImageBox& box, const TaskRow& row) {
+    using column::Text;
+    QPoint place = steps::prepareText(box, row);
+    if (row[Text::position] == clickedPosition)
+        place = {row[Text::x], row[Text::y]};
+    box.DrawText(place.x(), place.y(), row[Text::text]);
+}
+
+/// Works on the ellipse in the first four columns. A replay never runs it.
+void previewRedEye(ImageBox& box, const TaskRow& row) {
+    box.SelectEllipse(toInt32(row.columns[0]), toInt32(row.columns[1]), toInt32(row.columns[2]),
+                      toInt32(row.columns[3]));
     box.SelectionActive = true;
     box.RedEyeCorrection();
     box.ClearSelection();
     box.SelectionActive = false;
+}
+
+// --- what depends on the display
+
+/// The box with the picture that the task starts from.
+ImageBox boxWith(const ImageBox& box, const Picture& start) {
+    ImageBox with = box;
+    with.LoadFromMemory(start, snapshotFormat);
+    return with;
+}
+
+QPoint toPicture(const ImageBox& box, double x, double y) {
+    return {roundToInt(horizontalScale(box) * x), roundToInt(verticalScale(box) * y)};
+}
+
+/// Writes whole numbers to columns that follow each other.
+void write(TaskRow& row, int firstColumn, std::initializer_list<int> numbers) {
+    for (const int number : numbers)
+        row.columns.at(std::size_t(firstColumn++ - 1)) = QString::number(number);
+}
+
+bool isScaled(const ImageBox& box) {
+    return box.StretchToFit && (box.DisplayHeight() != box.Height() || box.DisplayWidth() != box.Width());
+}
+
+/// A region selected with the mouse is recorded in picture pixels, with its edges in order. On a scaled
+/// display it stays in display pixels and in the order in which it was dragged, with the size of the display:
+/// one that was dragged to the left or upward has its right edge left of the left one, which no crop takes.
+void recordRegion(const ImageBox& box, TaskRow& row) {
+    using column::Crop;
+    if (isScaled(box)) {
+        row.columns[Crop::displayWidth.number - 1] = QString::number(double(box.ControlWidth));
+        row.columns[Crop::displayHeight.number - 1] = QString::number(double(box.ControlHeight));
+        return;
+    }
+    const int left = row[Crop::mouseLeft], right = row[Crop::mouseRight];
+    const int top = row[Crop::mouseTop], bottom = row[Crop::mouseBottom];
+    write(row, Crop::mouseLeft.number,
+          {std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)});
+}
+
+/// Picture pixels.
+void recordEye(const ImageBox& box, TaskRow& row) {
+    const QPoint first = toPicture(box, toInt32(row.columns[0]), toInt32(row.columns[1]));
+    const QPoint last = toPicture(box, toInt32(row.columns[2]), toInt32(row.columns[3]));
+    write(row, 1, {first.x(), first.y(), last.x(), last.y()});
+}
+
+/// The middle of the line's height is where the user clicked. As the page keeps the converted point, a second
+/// preview without a new click converts it once more.
+void recordClickedText(const ImageBox& box, TaskRow& row) {
+    using column::Text;
+    const QPoint place = toPicture(box, row[Text::x], row[Text::y]);
+    write(row, Text::x.number, {place.x(), roundToInt(place.y() - row[Text::fontSize] / 2.0)});
+}
+
+/// Converted only where the display is scaled in both directions. As the page keeps the converted point, a
+/// second preview without a new click converts it once more.
+void recordPlace(const ImageBox& box, TaskRow& row) {
+    using column::Watermark;
+    constexpr int atPlace = 1;
+    if (row[Watermark::style] != atPlace || !box.StretchToFit || box.DisplayHeight() == box.Height() ||
+        box.DisplayWidth() == box.Width())
+        return;
+    const QPoint place = toPicture(box, row[Watermark::x], row[Watermark::y]);
+    write(row, Watermark::y.number, {place.y(), place.x()});
+}
+
+/// The columns that hold the corners of a region; 0 for tasks without one.
+int regionColumn(const TaskRow& row) {
+    if (kindOf(row) == RedEye)
+        return 1;
+    return kindOf(row) == Crop && !row[column::Crop::typed] ? column::Crop::mouseLeft.number : 0;
 }
 
 } // namespace
@@ -69,20 +158,29 @@ TaskRow recordedRow(ImageBox& box, const Picture& start, TaskRow options) {
         box.Resample = box.Resample || options[column::Rotate::smooth];
         write(column::Rotate::smooth, fromBool(box.Resample));
         break;
+    case Crop:
+        if (regionColumn(options) != 0)
+            recordRegion(boxWith(box, start), options);
+        break;
     case Watermark:
         write(column::Watermark::stretched, fromBool(box.StretchToFit));
+        recordPlace(boxWith(box, start), options);
         break;
     case Text: {
         write(column::Text::stretched, fromBool(box.StretchToFit));
-        if (options[column::Text::position] == clickedPosition)
+        ImageBox measuring = boxWith(box, start);
+        if (options[column::Text::position] == clickedPosition) {
+            recordClickedText(measuring, options);
             break;
-        ImageBox measuring = box;
-        measuring.LoadFromMemory(start, snapshotFormat);
+        }
         const QPoint place = steps::prepareText(measuring, options);
         write(column::Text::x, QString::number(place.x()));
         write(column::Text::y, QString::number(place.y()));
         break;
     }
+    case RedEye:
+        recordEye(boxWith(box, start), options);
+        break;
     default:
         break;
     }
@@ -95,10 +193,12 @@ void previewStep(ImageBox& box, const TaskRow& row) {
         return previewResize(box, row);
     case Watermark:
         return previewWatermark(box, row);
+    case Text:
+        return previewText(box, row);
     case Mask:
         return steps::maskInPreview(box, row);
     case RedEye:
-        return previewRedEye(box);
+        return previewRedEye(box, row);
     default:
         taskKind(kindOf(row))->replay(box, row);
     }
@@ -144,6 +244,16 @@ bool looksTheSameReduced(const TaskRow& row) {
     default:
         return false;
     }
+}
+
+QString missingRegionText(const TaskRow& options) {
+    const int first = regionColumn(options);
+    if (first == 0)
+        return {};
+    const auto edge = [&](int number) { return options.columns.at(std::size_t(first - 1 + number)); };
+    if (edge(0) != edge(2) && edge(1) != edge(3))
+        return {};
+    return QCoreApplication::translate("PreviewStep", "Please select a region of the picture first.");
 }
 
 QString missingPictureText(const TaskRow& row) {

@@ -17,6 +17,8 @@ void brightness(ImageBox& box, const TaskRow& row);
 void sharpen(ImageBox& box, const TaskRow& row);
 void crop(ImageBox& box, const TaskRow& row);
 void watermark(ImageBox& box, const TaskRow& row);
+/// With the second picture's corner at `place` where it is to have a place.
+void mergeAt(ImageBox& box, const TaskRow& row, QPoint place);
 void text(ImageBox& box, const TaskRow& row);
 /// Writes the settings of a Text row to the box, and returns where its text is to be drawn.
 QPoint prepareText(ImageBox& box, const TaskRow& row);

@@ -6,21 +6,33 @@
 
 namespace tarsel {
 
-void steps::watermark(ImageBox& box, const TaskRow& row) {
-    using column::Watermark;
-    constexpr int atPlace = 1;
+namespace {
+
+constexpr int atPlace = 1; ///< a merge style
+
+} // namespace
+
+using column::Watermark;
+
+void steps::mergeAt(ImageBox& box, const TaskRow& row, QPoint place) {
     box.MergeTransparent = row[Watermark::transparent];
     box.MergeTransparency = row[Watermark::transparency];
     box.MergeStyle = row[Watermark::style];
     if (box.MergeStyle == atPlace) {
-        const int x = roundToInt(horizontalScale(box) * row[Watermark::x]);
-        const int y = roundToInt(verticalScale(box) * row[Watermark::y]);
-        box.MergeY = y;
-        box.MergeX = x;
+        box.MergeY = place.y();
+        box.MergeX = place.x();
     }
     if (box.MergeTransparent)
         box.MergeTransparentColor = row[Watermark::transparentColor];
     box.MergeFile(row[Watermark::path]);
+}
+
+void steps::watermark(ImageBox& box, const TaskRow& row) {
+    QPoint place;
+    if (row[Watermark::style] == atPlace)
+        place = {roundToInt(horizontalScale(box) * row[Watermark::x]),
+                 roundToInt(verticalScale(box) * row[Watermark::y])};
+    mergeAt(box, row, place);
 }
 
 } // namespace tarsel
