@@ -7,7 +7,6 @@
 #include "controls/PaneCaption.h"
 #include "controls/isExplorerBar.h"
 #include "tasks/TaskWorkflow.h"
-#include "tasks/forms/TaskOptionPage.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -28,9 +27,9 @@ const QString optionsGroup = QStringLiteral("Dialog");
 const QString confirmedGroup = QStringLiteral("Editing");
 
 /// The order of the tasks in the panel, by their keys.
-constexpr const char* shownTasks[] = {"Resize", "Canvas",    "Crop",    "Rotate", "Flip",
-                                      "Invert", "Contrast",  "Sharpen", "Blur",   "Brightness",
-                                      "Text",   "Watermark", "Mask",    "Shadow", "Frame"};
+constexpr const char* shownTasks[] = {"Resize",   "Canvas",  "Crop",  "Rotate",     "Flip", "Invert",
+                                      "Contrast", "Sharpen", "Blur",  "Brightness", "Text", "Watermark",
+                                      "Mask",     "Shadow",  "Frame", "RedEye"};
 
 /// Below the groups, in their order.
 constexpr const char* buttonsInOrder[] = {"cmdBefore", "cmdCompare", "cmdApply",
@@ -196,6 +195,7 @@ TaskOptionPage* TaskPane::pageOf(int kind) {
         m_options->layout()->addWidget(page);
         page->setLive(isLive());
         connect(page, &TaskOptionPage::changed, this, &TaskPane::optionsChanged);
+        connect(page, &TaskOptionPage::selectionWanted, this, &TaskPane::selectionWanted);
         orderTabs();
     }
     return page;
@@ -214,6 +214,7 @@ void TaskPane::open(int kind, const ImageBox& box) {
     m_page->show();
     if (std::exchange(m_kind, kind) != kind && kind)
         QTimer::singleShot(0, this, &TaskPane::scrollToOptions); // once they have their place
+    Q_EMIT pageOpened();
 }
 
 /// On a low screen the tasks alone fill the bar. The beginning comes before the end where not all has room.
@@ -224,6 +225,11 @@ void TaskPane::scrollToOptions() {
         group = group->parentWidget();
     for (const int y : {group->geometry().bottom(), group->y()})
         m_bar->ensureVisible(0, y, 0, margin);
+}
+
+void TaskPane::previewed(const TaskRow& row) {
+    m_page->keepLocation(row);
+    Q_EMIT previewBegun();
 }
 
 TaskRow TaskPane::row() const {

@@ -5,6 +5,7 @@
 #include "tasks/TaskColumns.h"
 #include "tasks/TaskList.h"
 #include "tasks/TaskPanelState.h"
+#include "tasks/forms/TaskOptionPage.h"
 
 #include <QSize>
 #include <QWidget>
@@ -20,7 +21,6 @@ namespace tarsel {
 class ActionTable;
 class isExplorerBar;
 class ListControl;
-class TaskOptionPage;
 
 /// The panel of tasks beside the preview: the tasks, the options of the present one, the confirmed ones, and
 /// the buttons. What a click means is decided by TaskWorkflow.
@@ -38,11 +38,16 @@ public:
     void open(int kind, const ImageBox& box) override;
     TaskRow row() const override;
     void storeDefaults() override;
+    void previewed(const TaskRow& row) override;
+    TaskOptionPage* page() const { return m_page; } ///< on show; null before the first one
 
 Q_SIGNALS:
     void taskChosen(const QString& group, const QString& item);
     void optionsChanged();
     void liveToggled(bool live);
+    void selectionWanted(tarsel::PictureSelection selection, bool wanted);
+    void pageOpened(); ///< with its defaults
+    void previewBegun();
 
 private:
     void addTasks();

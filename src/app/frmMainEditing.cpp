@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/PictureSelector.h"
 #include "app/TaskPane.h"
 #include "app/frmMain.h"
 #include "collections/OfferedFiles.h"
@@ -37,6 +38,7 @@ void frmMain::connectEditing() {
     connect(&m_workflow, &TaskWorkflow::stateChanged, this, &frmMain::showEditing);
     connect(m_taskPane, &TaskPane::liveToggled, &m_workflow, &TaskWorkflow::setLive);
     connectBefore();
+    new PictureSelector(*m_taskPane, m_previewPane->ibMain(), m_workspace.ibMain, m_workflow, this);
     showEditing();
 }
 

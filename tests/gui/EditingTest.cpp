@@ -266,87 +266,89 @@ TEST_F(EditingInTheWindow, IsKeptInAListThatMakesTheSamePictureInTheNextSession)
     press("cmdEditBar_1_Preview");
     EXPECT_EQ(tasks().count(), 12);
     EXPECT_TRUE(shown() == edited);
-    TEST_F(EditingInTheWindow, FollowsTheOptionsUnlessThatIsSwitchedOff) {
-        startEditing();
-        const Picture before = shown();
-        click(window(), "Contrast");
-        auto& level = child<QSlider>(window(), "sldContrast");
-        EXPECT_TRUE(isOn("cmdApply") && shown() == before) << "nothing has been changed yet";
-        QWheelEvent wheel({5, 5}, {}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&level, &wheel);
-        EXPECT_EQ(level.value(), 50) << "it scrolls the panel";
-        level.setSliderDown(true);
-        level.setSliderPosition(80);
-        settle();
-        const Picture followed = shown();
-        EXPECT_TRUE(!(followed == before) && isOn("cmdReset") && !isOn("cmdApply"));
-        child<QAbstractButton>(window(), "chkLivePreview").click();
-        level.setSliderPosition(20);
-        settle();
-        EXPECT_TRUE(shown() == followed && !isOn("cmdApply")) << "until the thumb is released";
-        level.setSliderDown(false);
-        settle();
-        EXPECT_TRUE(shown() == followed && isOn("cmdApply"));
-        close();
-        start();
-        EXPECT_FALSE(child<QAbstractButton>(window(), "chkLivePreview").isChecked()) << "remembered";
-    }
+}
 
-    TEST_F(EditingInTheWindow, ShowsThePictureBeforeTheTaskWhileAKeyIsHeldAndOnOneSideOfALine) {
-        startEditing();
-        auto& view = child<ImageBoxView>(window(), "PicViewImage");
-        const auto& over = child<BeforeView>(window(), "BeforeView");
-        const auto seen = [&] {
-            EXPECT_TRUE(waitFor([&] { return view.isSharp() && (!over.isOn() || over.isSharp()); }));
-            return view.viewport()->grab().toImage();
-        };
-        const QImage before = seen();
-        click(window(), "Invert");
-        key(Qt::Key_F9);
-        const QImage after = seen();
-        ASSERT_NE(before, after);
-        auto& box = child<QWidget>(window(), "Invert");
-        QTest::keyPress(&box, Qt::Key_B);
-        EXPECT_EQ(seen(), before);
-        QTest::keyRelease(&box, Qt::Key_B);
-        EXPECT_EQ(seen(), after);
-        key(Qt::Key_F8);
-        auto& line = child<QWidget>(window(), "CompareLine");
-        const QPoint middle = line.rect().center();
-        QTest::mousePress(&line, Qt::LeftButton, {}, middle);
-        QTest::mouseMove(&line, middle + QPoint(30, 0));
-        QTest::mouseRelease(&line, Qt::LeftButton, {}, middle);
-        QTest::keyClick(&line, Qt::Key_Left);
-        const QImage both = seen();
-        const QRect left(0, 0, line.x(), both.height());
-        const QRect right = both.rect().adjusted(line.geometry().right() + 1, 0, 0, 0);
-        EXPECT_GT(left.width(), right.width()) << "dragged to the right";
-        EXPECT_EQ(both.copy(left), before.copy(left));
-        EXPECT_EQ(both.copy(right), after.copy(right));
-        click(window(), "CmdPreviewEdit");
-        EXPECT_FALSE(over.isVisible() || line.isVisible());
-    }
+TEST_F(EditingInTheWindow, FollowsTheOptionsUnlessThatIsSwitchedOff) {
+    startEditing();
+    const Picture before = shown();
+    click(window(), "Contrast");
+    auto& level = child<QSlider>(window(), "sldContrast");
+    EXPECT_TRUE(isOn("cmdApply") && shown() == before) << "nothing has been changed yet";
+    QWheelEvent wheel({5, 5}, {}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&level, &wheel);
+    EXPECT_EQ(level.value(), 50) << "it scrolls the panel";
+    level.setSliderDown(true);
+    level.setSliderPosition(80);
+    settle();
+    const Picture followed = shown();
+    EXPECT_TRUE(!(followed == before) && isOn("cmdReset") && !isOn("cmdApply"));
+    child<QAbstractButton>(window(), "chkLivePreview").click();
+    level.setSliderPosition(20);
+    settle();
+    EXPECT_TRUE(shown() == followed && !isOn("cmdApply")) << "until the thumb is released";
+    level.setSliderDown(false);
+    settle();
+    EXPECT_TRUE(shown() == followed && isOn("cmdApply"));
+    close();
+    start();
+    EXPECT_FALSE(child<QAbstractButton>(window(), "chkLivePreview").isChecked()) << "remembered";
+}
 
-    TEST_F(EditingInTheWindow, TaskListsAreDroppedOnTheWindowOrPassedAsTheArgument) {
-        startEditing();
-        const QString file = path("two.tbf");
-        TaskList list;
-        for (int rows = 0; rows < 2; ++rows)
-            list.append(defaultRow(11, {}));
-        ASSERT_TRUE(modSaveOpenImageList::fncSaveTaskBasket(file, list));
-        QMimeData dropped;
-        dropped.setUrls({QUrl::fromLocalFile(file)});
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window(), &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent drop({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&window(), &drop);
-        ASSERT_TRUE(waitFor([&] { return tasks().count() == 2; }));
-        tasks().clear();
-        window().openFile(file);
-        EXPECT_EQ(texts(tasks().lvEdit), "Negative Negative");
-        window().openFile(pictures());
-        EXPECT_EQ(tasks().count(), 2) << "a folder is listed";
-    }
+TEST_F(EditingInTheWindow, ShowsThePictureBeforeTheTaskWhileAKeyIsHeldAndOnOneSideOfALine) {
+    startEditing();
+    auto& view = child<ImageBoxView>(window(), "PicViewImage");
+    const auto& over = child<BeforeView>(window(), "BeforeView");
+    const auto seen = [&] {
+        EXPECT_TRUE(waitFor([&] { return view.isSharp() && (!over.isOn() || over.isSharp()); }));
+        return view.viewport()->grab().toImage();
+    };
+    const QImage before = seen();
+    click(window(), "Invert");
+    key(Qt::Key_F9);
+    const QImage after = seen();
+    ASSERT_NE(before, after);
+    auto& box = child<QWidget>(window(), "Invert");
+    QTest::keyPress(&box, Qt::Key_B);
+    EXPECT_EQ(seen(), before);
+    QTest::keyRelease(&box, Qt::Key_B);
+    EXPECT_EQ(seen(), after);
+    key(Qt::Key_F8);
+    auto& line = child<QWidget>(window(), "CompareLine");
+    const QPoint middle = line.rect().center();
+    QTest::mousePress(&line, Qt::LeftButton, {}, middle);
+    QTest::mouseMove(&line, middle + QPoint(30, 0));
+    QTest::mouseRelease(&line, Qt::LeftButton, {}, middle);
+    QTest::keyClick(&line, Qt::Key_Left);
+    const QImage both = seen();
+    const QRect left(0, 0, line.x(), both.height());
+    const QRect right = both.rect().adjusted(line.geometry().right() + 1, 0, 0, 0);
+    EXPECT_GT(left.width(), right.width()) << "dragged to the right";
+    EXPECT_EQ(both.copy(left), before.copy(left));
+    EXPECT_EQ(both.copy(right), after.copy(right));
+    click(window(), "CmdPreviewEdit");
+    EXPECT_FALSE(over.isVisible() || line.isVisible());
+}
+
+TEST_F(EditingInTheWindow, TaskListsAreDroppedOnTheWindowOrPassedAsTheArgument) {
+    startEditing();
+    const QString file = path("two.tbf");
+    TaskList list;
+    for (int rows = 0; rows < 2; ++rows)
+        list.append(defaultRow(11, {}));
+    ASSERT_TRUE(modSaveOpenImageList::fncSaveTaskBasket(file, list));
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window(), &drop);
+    ASSERT_TRUE(waitFor([&] { return tasks().count() == 2; }));
+    tasks().clear();
+    window().openFile(file);
+    EXPECT_EQ(texts(tasks().lvEdit), "Negative Negative");
+    window().openFile(pictures());
+    EXPECT_EQ(tasks().count(), 2) << "a folder is listed";
+}
 
 } // namespace tarsel::test

@@ -68,7 +68,6 @@ class OptionPages : public testing::Test {
 protected:
     TaskOptionPage& open(int kind) {
         page.reset(makeTaskOptionPage(kind, settings));
-        page->offerSelection();
         page->setPicture({640, 300}, {800, 600});
         page->showRow(defaultRow(kind, settings));
         page->show();
@@ -276,10 +275,6 @@ TEST_F(OptionPages, CropOpensWithThePicturesEdgesAndAgainWhenTyping) {
     EXPECT_EQ(columns({1, 2, 3}), "False||");
     press("optCropSelect_1");
     EXPECT_EQ(columns({3, 5}), "0|640");
-    page.reset(makeTaskOptionPage(8, settings));
-    settings.CropSelect = 0;
-    page->showRow(defaultRow(8, settings));
-    EXPECT_EQ(columns({1}), "True") << "nobody can select a region";
 }
 
 TEST_F(OptionPages, TextIsRecordedByItsPlace) {

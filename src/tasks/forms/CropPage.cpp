@@ -7,6 +7,8 @@
 
 namespace tarsel {
 
+using column::Crop;
+
 namespace {
 
 QString pointText(QPoint point) {
@@ -22,20 +24,20 @@ CropPage::CropPage(TaskDefaults& defaults, QWidget* parent) :
     showWhile(*this, "optCropSelect_1", "frameCropFixed");
     connect(&controlOf<QRadioButton>(*this, "optCropSelect_1"), &QRadioButton::toggled, this,
             [this](bool typed) {
-                if (typed)
-                    showPicture();
+                if (!typed)
+                    return;
+                showPicture();
+                Q_EMIT selectionWanted(PictureSelection::Region, false);
             });
     connect(&controlOf<QComboBox>(*this, "cmbCrop"), &QComboBox::currentIndexChanged, this,
-            &CropPage::showChoices);
-    showChoices();
+            &CropPage::showShape);
+    showShape();
 }
 
-void CropPage::showChoices() {
+void CropPage::showShape() {
     constexpr int ellipse = 1;
     controlOf<QWidget>(*this, "FrameBackColor")
         .setVisible(controlOf<QComboBox>(*this, "cmbCrop").currentIndex() == ellipse);
-    for (const char* choice : {"optCropSelect_0", "optCropSelect_1"})
-        controlOf<QRadioButton>(*this, choice).setVisible(m_offersSelection);
 }
 
 void CropPage::setPicture(QSize present, QSize) {
@@ -51,22 +53,22 @@ void CropPage::showPicture() {
         controlOf<QLineEdit>(*this, box).setText(QString::number(edge));
 }
 
-/// The settings may come from a time when a region could be selected.
 void CropPage::showSpecial(const TaskRow&) {
-    if (!m_offersSelection)
-        controlOf<QRadioButton>(*this, "optCropSelect_1").setChecked(true);
-}
-
-void CropPage::offerSelection() {
-    OptionPage::offerSelection();
-    m_offersSelection = true;
-    showChoices();
+    for (const char* corner : {"lblSelectRegionStart", "lblSelectRegionEnd"})
+        controlOf<QLabel>(*this, corner).clear();
 }
 
 void CropPage::showRegion(QPoint start, QPoint end) {
+    OptionPage::showRegion(start, end);
     controlOf<QLabel>(*this, "lblSelectRegionStart").setText(pointText(start));
     controlOf<QLabel>(*this, "lblSelectRegionEnd").setText(pointText(end));
-    takeChange();
+}
+
+TaskRow CropPage::row() const {
+    TaskRow row = OptionPage::row();
+    if (!row[Crop::typed])
+        writeRegion(row, Crop::mouseLeft.number);
+    return row;
 }
 
 } // namespace tarsel

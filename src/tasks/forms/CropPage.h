@@ -11,18 +11,17 @@ class CropPage final : public OptionPage {
 public:
     CropPage(TaskDefaults& defaults, QWidget* parent);
     void setPicture(QSize present, QSize base) override;
-    void offerSelection() override;
     void showRegion(QPoint start, QPoint end) override;
+    TaskRow row() const override;
 
 protected:
     void showPicture() override;
     void showSpecial(const TaskRow& row) override;
 
 private:
-    void showChoices();
+    void showShape();
 
     QSize m_picture;
-    bool m_offersSelection = false;
 };
 
 } // namespace tarsel

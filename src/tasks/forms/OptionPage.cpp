@@ -127,6 +127,7 @@ void OptionPage::addCompanion(const TaskColumn& column) {
 
 void OptionPage::showRow(const TaskRow& row) {
     const QScopedValueRollback filling(m_isFilling, true);
+    m_region.reset();
     m_binding->show();
     for (const ShownColumn& shown : m_columns)
         if (const ColumnDefault& initial = shown.column->initial;
@@ -187,19 +188,11 @@ void OptionPage::takeChange() {
 
 void OptionPage::connectSelectionButtons() {
     for (const auto& [name, selection] : selectionButtons)
-        if (auto* button = findChild<QAbstractButton*>(QLatin1String(name))) {
-            button->hide();
+        if (auto* button = findChild<QAbstractButton*>(QLatin1String(name)))
             connect(button, &QAbstractButton::toggled, this,
                     [this, wanted = selection](bool on) { Q_EMIT selectionWanted(wanted, on); });
-        }
     if (auto* pick = findChild<QToolButton*>(QStringLiteral("chkCropBackColor")))
         pick->setIcon(lineIcon(QStringLiteral("pick")));
-}
-
-void OptionPage::offerSelection() {
-    for (const auto& [name, selection] : selectionButtons)
-        if (auto* button = findChild<QAbstractButton*>(QLatin1String(name)))
-            button->show();
 }
 
 void OptionPage::endSelection(PictureSelection selection) {
@@ -216,8 +209,30 @@ void OptionPage::setLocation(QPoint location) {
     takeChange();
 }
 
+Color OptionPage::backColor() const {
+    return controlOf<ColorWell>(*this, "picCropBackColor").value().toInt();
+}
+
 void OptionPage::setBackColor(Color color) {
+    showBackColor(color);
+    takeChange();
+}
+
+void OptionPage::showBackColor(Color color) {
+    const QScopedValueRollback filling(m_isFilling, true);
     controlOf<ColorWell>(*this, "picCropBackColor").setValue(color);
+}
+
+void OptionPage::showRegion(QPoint start, QPoint end) {
+    m_region = {start, end};
+}
+
+void OptionPage::writeRegion(TaskRow& row, int firstColumn) const {
+    if (!m_region)
+        return;
+    const auto& [start, end] = *m_region;
+    for (const int edge : {start.x(), start.y(), end.x(), end.y()})
+        setText(row, firstColumn++, QString::number(edge));
 }
 
 } // namespace tarsel

@@ -5,6 +5,8 @@
 #include "tasks/forms/TaskOptionPage.h"
 
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 class QSlider;
@@ -24,12 +26,14 @@ public:
     TaskRow row() const override;
     void storeDefaults() final;
     void setLive(bool live) final;
-    void offerSelection() override;
     void endSelection(PictureSelection selection) override;
     void setLocation(QPoint location) override;
     QPoint location() const override { return m_location; }
+    Color backColor() const override;
     void setBackColor(Color color) override;
-    void showRegion(QPoint, QPoint) override {}
+    void showBackColor(Color color) override;
+    void showRegion(QPoint start, QPoint end) override;
+    void keepLocation(const TaskRow&) override {}
 
 protected:
     /// Whether the controls are being filled by the program.
@@ -37,6 +41,9 @@ protected:
     virtual void showPicture() {}               ///< after the settings: what depends on the picture's size
     virtual void showSpecial(const TaskRow&) {} ///< after the columns: what the table doesn't say
     void takeChange();                          ///< emits `changed` unless the program fills the controls
+    void setKeptLocation(QPoint location) { m_location = location; }
+    /// Writes the corners of the region, if there is one, to four columns.
+    void writeRegion(TaskRow& row, int firstColumn) const;
     static void setText(TaskRow& row, int column, const QString& text);
 
 private:
@@ -60,6 +67,7 @@ private:
     std::vector<ShownColumn> m_columns;
     std::vector<QSlider*> m_sliders; ///< whose number shows while they are dragged
     QPoint m_location;
+    std::optional<std::pair<QPoint, QPoint>> m_region; ///< since the page was shown
     bool m_isFilling = false;
 };
 

@@ -31,15 +31,18 @@ public:
     virtual void setLive(bool live) = 0;
 
     // --- selection on the picture
-    /// Shows the controls that ask for a selection; they are hidden as long as nobody can make one.
-    virtual void offerSelection() = 0;
     /// Raises the button that asked.
     virtual void endSelection(PictureSelection selection) = 0;
     /// The point that a text or a merged picture is placed at. Setting it is a change by the user.
     virtual void setLocation(QPoint location) = 0;
     virtual QPoint location() const = 0;
-    virtual void setBackColor(Color color) = 0;
+    virtual Color backColor() const = 0;
+    virtual void setBackColor(Color color) = 0;  ///< also a change, unlike the next
+    virtual void showBackColor(Color color) = 0; ///< of a place that the user may choose
+    /// Corners as dragged, which the rows from now on have.
     virtual void showRegion(QPoint start, QPoint end) = 0;
+    /// Keeps the point that a preview has converted.
+    virtual void keepLocation(const TaskRow& recorded) = 0;
 
 Q_SIGNALS:
     void changed(); ///< by the user

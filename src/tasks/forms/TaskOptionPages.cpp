@@ -69,6 +69,18 @@ TaskOptionPage* textOnly(int kind, TaskDefaults& defaults, QWidget* parent) {
     return page;
 }
 
+/// The region of the eye is for the preview only: the task is never recorded.
+class RedEyePage final : public OptionPage {
+public:
+    RedEyePage(TaskDefaults& defaults, QWidget* parent) :
+        OptionPage(16, defaults, setUpForm<Ui::RedEyeOptions>, parent) {}
+    TaskRow row() const override {
+        TaskRow row = OptionPage::row();
+        writeRegion(row, 1);
+        return row;
+    }
+};
+
 using MakePage = TaskOptionPage* (*)(int kind, TaskDefaults& defaults, QWidget* parent);
 
 /// By the number of the kind.
@@ -89,7 +101,7 @@ constexpr MakePage makers[] = {
     framePage,
     plainPage<Ui::MaskOptions>,
     plainPage<Ui::ShadowOptions>,
-    plainPage<Ui::RedEyeOptions>,
+    specialPage<RedEyePage>,
 };
 
 } // namespace

@@ -75,6 +75,11 @@ void TextPage::showSpecial(const TaskRow& row) {
     showFont();
 }
 
+void TextPage::keepLocation(const TaskRow& recorded) {
+    if (recorded[Text::position] == clickedPosition)
+        setKeptLocation({recorded[Text::x], recorded[Text::y]});
+}
+
 TaskRow TextPage::row() const {
     TaskRow row = OptionPage::row();
     setText(row, Text::fontName.number, controlOf<QFontComboBox>(*this, "ComboFontFamily").currentText());

@@ -11,6 +11,7 @@ class TextPage final : public OptionPage {
 public:
     TextPage(TaskDefaults& defaults, QWidget* parent);
     TaskRow row() const override;
+    void keepLocation(const TaskRow& recorded) override;
 
 protected:
     void showSpecial(const TaskRow& row) override;

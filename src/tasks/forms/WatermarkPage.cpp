@@ -46,6 +46,10 @@ void WatermarkPage::cmdSelectMerge_Click() {
         picWatermarkImage->setValue(choice->path);
 }
 
+void WatermarkPage::keepLocation(const TaskRow& recorded) {
+    setKeptLocation({int(recorded[Watermark::x]), int(recorded[Watermark::y])});
+}
+
 /// Colour and place are recorded whether they are in use or not.
 TaskRow WatermarkPage::row() const {
     TaskRow row = OptionPage::row();

@@ -13,6 +13,7 @@ class WatermarkPage final : public OptionPage {
 public:
     WatermarkPage(TaskDefaults& defaults, QWidget* parent);
     TaskRow row() const override;
+    void keepLocation(const TaskRow& recorded) override;
 
 private:
     void cmdSelectMerge_Click();
