@@ -61,11 +61,11 @@ int onePage(const PictureSource&, const QString&) {
 
 /// The resolution, and the profile that a header of version 5 points to: type 32 at 56, the offset from the
 /// header's start 32 at 112, size 32 at 116.
-EmbeddedMetadata bmpMetadata(const PictureSource& source, const QString& name) {
+EmbeddedMetadata bmpMetadata(const PictureSource& source, const QString& name, int) {
     constexpr std::uint32_t embeddedProfile = 0x4D424544;
     const BmpLayout layout = readBmpLayout(source, fileOf(source, name));
     if (const auto embedded = embeddedFileOf(layout, source))
-        return embedded->codec->metadata(embedded->source, name);
+        return embedded->codec->metadata(embedded->source, name, 1);
     EmbeddedMetadata metadata;
     metadata.resolution = {layout.dpi, layout.dpi};
     const QByteArray header = source.bytes(fileHeaderSize, version5Size);
@@ -81,7 +81,7 @@ DecodedPicture decodeBmp(const PictureSource& source, const QString& name, int) 
     if (const auto embedded = embeddedFileOf(readBmpLayout(source, file), source))
         return embedded->codec->decode(embedded->source, name, 1);
     BmpPicture bmp = readBmp(source, file);
-    return {std::move(bmp.picture), bmpMetadata(source, name), std::move(bmp.damage)};
+    return {std::move(bmp.picture), bmpMetadata(source, name, 1), std::move(bmp.damage)};
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "codecs/DecodedPicture.h"
+#include "codecs/FilePieces.h"
 #include "codecs/PictureSource.h"
 #include "codecs/SaveSettings.h"
 
@@ -11,6 +12,8 @@
 #include <span>
 
 namespace tarsel {
+
+struct MetadataChange;
 
 /// One picture format. The functions read what they need of the source; `name` is the path or another word
 /// for the file, for messages. They raise error 0x8000FFFF with format, file and fact when they can't make
@@ -28,9 +31,13 @@ struct Codec {
     /// The encoded file; null for a format that this program doesn't write yet.
     QByteArray (*encode)(const Picture& picture, const SaveSettings& settings,
                          const EmbeddedMetadata& metadata) = nullptr;
-    /// The metadata blocks without decoding, as decode returns them for the first page; null for a format
-    /// without metadata.
-    EmbeddedMetadata (*metadata)(const PictureSource& source, const QString& name) = nullptr;
+    /// The metadata blocks without decoding, as decode returns them for that page; null for a format without
+    /// metadata.
+    EmbeddedMetadata (*metadata)(const PictureSource& source, const QString& name, int page) = nullptr;
+    /// The file with changed metadata and everything else as it is; null for a format in which nothing can be
+    /// changed that way.
+    FilePieces (*withMetadata)(const PictureSource& source, const QString& name, int page,
+                               const MetadataChange& change) = nullptr;
     /// A picture of the same proportions that is at least as large as `wanted` in both directions (or the
     /// full size where it is smaller), for drawing it small; null where that isn't faster than decode.
     ReducedPicture (*decodeReduced)(const PictureSource& source, const QString& name,

@@ -311,7 +311,7 @@ Picture withoutAlpha(const Picture& picture) {
     return opaque;
 }
 
-EmbeddedMetadata gifMetadata(const PictureSource& source, const QString&) {
+EmbeddedMetadata gifMetadata(const PictureSource& source, const QString&, int) {
     const QByteArray bytes = source.all();
     const auto frame = findFrame(ByteReader(bytes, ByteOrder::Little));
     return frame ? withRgbProfileOnly(frame->metadata) : EmbeddedMetadata{};

@@ -6,6 +6,7 @@
 #include "codecs/CodecChecks.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/JpegErrors.h"
+#include "codecs/JpegMetadata.h"
 #include "codecs/JpegSegments.h"
 
 #include <QCoreApplication>
@@ -213,8 +214,8 @@ int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-EmbeddedMetadata jpegMetadata(const PictureSource& source, const QString& name) {
-    JpegReader reader(source.all(), fileOf(source, name));
+EmbeddedMetadata jpegMetadata(const PictureSource& source, const QString& name, int) {
+    JpegReader reader(jpegHead(source), fileOf(source, name));
     reader.readHeader(Purpose::Picture);
     return withRgbProfileOnly(reader.metadata());
 }
@@ -249,6 +250,7 @@ Codec jpegCodec() {
             .decode = decodeJpeg,
             .encode = encodeJpeg,
             .metadata = jpegMetadata,
+            .withMetadata = jpegWithMetadata,
             .decodeReduced = decodeReducedJpeg};
 }
 

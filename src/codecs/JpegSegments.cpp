@@ -69,6 +69,10 @@ QByteArray xmpPacket(const QByteArray& payload) {
     return payload.mid(end - payload.begin() + (end != payload.end() && *end == '\0' ? 1 : 0));
 }
 
+bool startsTiffStructure(QByteArrayView bytes) {
+    return bytes.startsWith("II*") || bytes.startsWith(QByteArrayView("MM\0*", 4));
+}
+
 /// A part of a longer block: XMP extensions are placed by offset, profile chunks by number.
 struct Chunk {
     quint32 place = 0;
@@ -110,17 +114,35 @@ Chunk profileChunk(const QByteArray& payload) {
 class SegmentCollector {
 public:
     void add(int marker, const QByteArray& payload) {
-        if (marker == app1)
-            addApp1(payload);
-        else if (marker == app2 && payload.startsWith(profileSignature) &&
-                 payload.size() > profileSignature.size() + 2)
+        switch (segmentKind(marker, payload)) {
+        case SegmentKind::Exif:
+            addExif(payload.mid(exifSignature.size()), true);
+            break;
+        case SegmentKind::ExifContinued:
+            addExif(payload.mid(exifSignature.size()), m_exifBlocks == 0);
+            break;
+        case SegmentKind::Xmp:
+            if (m_blocks.xmp.isEmpty())
+                m_blocks.xmp = detached(xmpPacket(payload));
+            break;
+        case SegmentKind::XmpExtension:
+            m_extension.push_back(extensionChunk(payload));
+            break;
+        case SegmentKind::Profile:
             m_profile.push_back(profileChunk(payload));
-        else if (marker == app13 && payload.startsWith(resourcesSignature))
-            m_blocks.resources += payload.mid(resourcesSignature.size());
-        else if (marker == JPEG_COM && !payload.isEmpty() && !describesCoding(payload))
+            break;
+        case SegmentKind::Resources:
+            m_blocks.resources += resourcesIn(payload);
+            break;
+        case SegmentKind::Comment:
             m_blocks.comments.append(detached(payload));
-        else if (isCameraSegment(marker, payload))
+            break;
+        case SegmentKind::Camera:
             m_blocks.cameraSegments.push_back({marker, detached(payload)});
+            break;
+        case SegmentKind::Other:
+            break;
+        }
     }
 
     EmbeddedMetadata blocks() const {
@@ -132,20 +154,9 @@ public:
     }
 
 private:
-    void addApp1(const QByteArray& payload) {
-        if (payload.startsWith(exifSignature))
-            addExif(payload.mid(exifSignature.size()));
-        else if (payload.startsWith(extensionSignature) && payload.size() >= extensionSignature.size() + 40)
-            m_extension.push_back(extensionChunk(payload));
-        else if (m_blocks.xmp.isEmpty())
-            m_blocks.xmp = detached(xmpPacket(payload));
-    }
-
-    /// A segment that doesn't start with a TIFF header continues the block before it. Only the first block
-    /// is used.
-    void addExif(const QByteArray& part) {
-        const bool starts = part.startsWith("II*") || part.startsWith(QByteArray("MM\0*", 4));
-        m_exifBlocks += starts || m_exifBlocks == 0 ? 1 : 0;
+    /// Only the first block is used.
+    void addExif(const QByteArray& part, bool starts) {
+        m_exifBlocks += starts ? 1 : 0;
         if (m_exifBlocks == 1)
             m_blocks.exif += part;
     }
@@ -229,6 +240,30 @@ bool hasMoreSegmentsThan(int most, const QByteArray& jpeg) {
         at += 2 + (hasLength ? *length : 0);
     }
     return true;
+}
+
+SegmentKind segmentKind(int marker, const QByteArray& payload) {
+    if (marker == app1 && payload.startsWith(exifSignature))
+        return startsTiffStructure(QByteArrayView(payload).sliced(exifSignature.size()))
+                   ? SegmentKind::Exif
+                   : SegmentKind::ExifContinued;
+    if (marker == app1 && payload.startsWith(extensionSignature) &&
+        payload.size() >= extensionSignature.size() + 40)
+        return SegmentKind::XmpExtension;
+    if (marker == app1)
+        return xmpPacket(payload).isEmpty() ? SegmentKind::Other : SegmentKind::Xmp;
+    if (marker == app2 && payload.startsWith(profileSignature) &&
+        payload.size() > profileSignature.size() + 2)
+        return SegmentKind::Profile;
+    if (marker == app13 && payload.startsWith(resourcesSignature))
+        return SegmentKind::Resources;
+    if (marker == JPEG_COM && !payload.isEmpty() && !describesCoding(payload))
+        return SegmentKind::Comment;
+    return isCameraSegment(marker, payload) ? SegmentKind::Camera : SegmentKind::Other;
+}
+
+QByteArray resourcesIn(const QByteArray& payload) {
+    return payload.mid(resourcesSignature.size());
 }
 
 void keepMetadataSegments(jpeg_decompress_struct& jpeg) {

@@ -13,6 +13,13 @@ namespace tarsel {
 /// for each new one, so that a small file of many could keep it busy for minutes.
 bool hasMoreSegmentsThan(int most, const QByteArray& jpeg);
 
+/// What a segment holds. ExifContinued goes on with the block of the segment before it.
+enum class SegmentKind { Other, Exif, ExifContinued, Xmp, XmpExtension, Profile, Resources, Comment, Camera };
+
+SegmentKind segmentKind(int marker, const QByteArray& payload);
+/// The image resources in a segment of that kind; blocks may go on in the next one.
+QByteArray resourcesIn(const QByteArray& payload);
+
 /// Makes the decoder keep the segments that hold metadata. Call before jpeg_read_header.
 void keepMetadataSegments(jpeg_decompress_struct& jpeg);
 

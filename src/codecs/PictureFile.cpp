@@ -55,10 +55,10 @@ int PictureFile::pageCount(const std::stop_token& stop) const {
     return requireCodec().pageCount(m_source, m_name);
 }
 
-EmbeddedMetadata PictureFile::metadata(const std::stop_token& stop) const {
+EmbeddedMetadata PictureFile::metadata(int page, const std::stop_token& stop) const {
     const Question question(stop);
     const Codec& codec = requireCodec();
-    return codec.metadata ? codec.metadata(m_source, m_name) : EmbeddedMetadata{};
+    return codec.metadata ? codec.metadata(m_source, m_name, page) : EmbeddedMetadata{};
 }
 
 DecodedPicture PictureFile::decode(int page, const std::stop_token& stop) const {

@@ -30,7 +30,7 @@ public:
     PictureHeader header(const std::stop_token& stop = {}) const;
     int pageCount(const std::stop_token& stop = {}) const;
     /// Empty for a format without metadata.
-    EmbeddedMetadata metadata(const std::stop_token& stop = {}) const;
+    EmbeddedMetadata metadata(int page = 1, const std::stop_token& stop = {}) const;
     DecodedPicture decode(int page = 1, const std::stop_token& stop = {}) const;
     /// The first page, for drawing it at the size that `wanted` makes of the full one: at least that large,
     /// and smaller than the full size where the format can decode so faster.

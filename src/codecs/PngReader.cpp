@@ -208,7 +208,7 @@ int onePage(const PictureSource&, const QString&) {
     return 1;
 }
 
-EmbeddedMetadata pngMetadata(const PictureSource& source, const QString& name) {
+EmbeddedMetadata pngMetadata(const PictureSource& source, const QString& name, int) {
     PngReader reader(source, name);
     reader.readHeader();
     return withRgbProfileOnly(reader.metadata());

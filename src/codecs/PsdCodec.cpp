@@ -4,6 +4,7 @@
 #include "bytes/ByteReader.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/Encoders.h"
+#include "codecs/MetadataWriter.h"
 #include "codecs/PsdReader.h"
 #include "embedded/ResourceBlocks.h"
 
@@ -68,9 +69,32 @@ EmbeddedMetadata metadataOf(const PsdLayout& layout, const ResourceBlocks& resou
     return isInksOrLab(layout) ? withoutRgbProfile(std::move(metadata)) : metadata;
 }
 
-EmbeddedMetadata psdMetadata(const PictureSource& source, const QString& name) {
+EmbeddedMetadata psdMetadata(const PictureSource& source, const QString& name, int) {
     const PsdLayout layout = readPsdLayout(source, fileOf(source, name));
     return withRgbProfileOnly(metadataOf(layout, resourcesOf(source, layout)));
+}
+
+/// The section of resources grows or shrinks; layers and pixels, which follow it, are placed by sizes alone.
+FilePieces psdWithMetadata(const PictureSource& source, const QString& name, int,
+                           const MetadataChange& change) {
+    const FileUnderTest file = fileOf(source, name);
+    const PsdLayout layout = readPsdLayout(source, file);
+    if (layout.layers - layout.resources > largestSection)
+        failDecoding(file,
+                     QCoreApplication::translate("PsdCodec", "its resources are too large to be changed"));
+    ResourceBlocks resources = resourcesOf(source, layout);
+    if (change.exif)
+        resources.replace(exifResource, *change.exif);
+    if (change.iptc)
+        resources.replace(ResourceBlocks::iptcNumber, *change.iptc);
+    if (change.xmp)
+        resources.replace(xmpResource, *change.xmp);
+    const QByteArray section = resources.bytes();
+    FilePieces content;
+    content.copy(0, layout.resources);
+    content.insert(numberBytes<QByteArray>(quint32(section.size()), ByteOrder::Big) + section);
+    content.copy(layout.layers, source.size() - layout.layers);
+    return content;
 }
 
 DecodedPicture decodePsd(const PictureSource& source, const QString& name, int) {
@@ -96,6 +120,7 @@ Codec psdCodec() {
             .decode = decodePsd,
             .encode = encodePsd,
             .metadata = psdMetadata,
+            .withMetadata = psdWithMetadata,
             .keepsTransparency = true};
 }
 

@@ -23,36 +23,6 @@ constexpr std::int64_t largestFile = UINT32_MAX; // what offsets of 32 bits reac
 constexpr std::int64_t pieceSize = std::int64_t(4) << 20;
 constexpr std::size_t maxPages = 65'535;
 
-/// Bytes of a number in values of this type; 1 where byte order doesn't matter.
-qsizetype numberSize(std::uint16_t type) {
-    switch (type) {
-    case TIFF_SHORT:
-    case TIFF_SSHORT:
-        return 2;
-    case TIFF_LONG:
-    case TIFF_SLONG:
-    case TIFF_RATIONAL: // two of them
-    case TIFF_SRATIONAL:
-    case TIFF_FLOAT:
-    case TIFF_IFD:
-        return 4;
-    case TIFF_DOUBLE:
-        return 8;
-    default:
-        return 1;
-    }
-}
-
-void swapByteOrder(TiffDirectory& directory) {
-    for (TiffDirectory::Entry& entry : directory.entries) {
-        const qsizetype size = numberSize(entry.type);
-        for (qsizetype at = 0; at + size <= entry.value.size(); at += size)
-            std::reverse(entry.value.begin() + at, entry.value.begin() + at + size);
-        for (TiffDirectory& child : entry.child)
-            swapByteOrder(child);
-    }
-}
-
 /// Adds `distance` to each of the entry's offsets.
 void moveOffsets(TiffDirectory::Entry& entry, std::uint32_t distance, bool bigEndian) {
     const ByteReader reader(entry.value, byteOrder(bigEndian));

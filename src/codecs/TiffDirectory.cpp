@@ -2,6 +2,7 @@
 #include "codecs/TiffDirectory.h"
 
 #include "bytes/TiffStructure.h"
+#include "embedded/ExifBlock.h"
 
 #include <algorithm>
 #include <array>
@@ -19,6 +20,26 @@ constexpr std::uint16_t lastClassicType = 13;
 
 bool isPointer(std::uint16_t tag) {
     return std::ranges::count(pointerTags, tag) > 0;
+}
+
+/// Bytes of a number in values of this type; 1 where byte order doesn't matter.
+qsizetype numberSize(std::uint16_t type) {
+    switch (ExifType(type)) {
+    case ExifType::Short:
+    case ExifType::SignedShort:
+        return 2;
+    case ExifType::Long:
+    case ExifType::SignedLong:
+    case ExifType::Rational: // two of them
+    case ExifType::SignedRational:
+    case ExifType::Float:
+    case ExifType::Directory:
+        return 4;
+    case ExifType::Double:
+        return 8;
+    default:
+        return 1;
+    }
 }
 
 /// Reads a tree of directories. What it reads is limited by a budget, so that a crafted file can't multiply a
@@ -154,6 +175,16 @@ void TiffDirectory::put(Entry entry) {
         *place = std::move(entry);
     else
         entries.insert(place, std::move(entry));
+}
+
+void swapByteOrder(TiffDirectory& directory) {
+    for (TiffDirectory::Entry& entry : directory.entries) {
+        const qsizetype size = numberSize(entry.type);
+        for (qsizetype at = 0; at + size <= entry.value.size(); at += size)
+            std::reverse(entry.value.begin() + at, entry.value.begin() + at + size);
+        for (TiffDirectory& child : entry.child)
+            swapByteOrder(child);
+    }
 }
 
 TiffTree readTiffTree(const PictureSource& source, std::optional<std::uint64_t> offset) {

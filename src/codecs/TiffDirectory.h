@@ -27,6 +27,9 @@ struct TiffDirectory {
     void put(Entry entry); ///< in the place of one with the same tag
 };
 
+/// Turns all numbers, those of the directories below included, to the other byte order.
+void swapByteOrder(TiffDirectory& directory);
+
 /// A directory, and the byte order of its values.
 struct TiffTree {
     bool bigEndian = false;

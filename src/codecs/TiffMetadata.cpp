@@ -53,13 +53,20 @@ bool namesOldFile(const TiffDirectory::Entry& entry) {
 TiffDirectory attributesOf(const TiffDirectory& page) {
     TiffDirectory attributes;
     for (const TiffDirectory::Entry& entry : page.entries)
-        if (!isStorage(entry.tag) && !isBlock(entry.tag) && !namesOldFile(entry))
+        if (isPictureAttribute(entry))
             attributes.entries.push_back(entry);
     return attributes;
 }
 
-QByteArray exifBlock(const TiffDirectory& page, bool bigEndian) {
-    const TiffDirectory attributes = attributesOf(page);
+TiffDirectory storageOf(const TiffDirectory& page) {
+    TiffDirectory storage;
+    for (const TiffDirectory::Entry& entry : page.entries)
+        if (isStorage(entry.tag))
+            storage.entries.push_back(entry);
+    return storage;
+}
+
+QByteArray blockOf(const TiffDirectory& attributes, bool bigEndian) {
     if (attributes.entries.empty())
         return {};
     constexpr std::uint32_t afterStart = 8;
@@ -109,10 +116,15 @@ TiffDirectory uncompressedAttributes(const TiffDirectory& exif) {
 
 } // namespace
 
+bool isPictureAttribute(const TiffDirectory::Entry& entry) {
+    return !isStorage(entry.tag) && !isBlock(entry.tag) && !namesOldFile(entry);
+}
+
 EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t directoryOffset) {
     const auto [bigEndian, page] = readTiffTree(source, directoryOffset);
     EmbeddedMetadata blocks;
-    blocks.exif = exifBlock(page, bigEndian);
+    blocks.exif = blockOf(attributesOf(page), bigEndian);
+    blocks.storage = blockOf(storageOf(page), bigEndian);
     blocks.resources = resourcesOf(page);
     blocks.xmp = valueOf(page, Tag::xmp);
     blocks.iccProfile = valueOf(page, Tag::profile);

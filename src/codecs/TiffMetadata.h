@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "codecs/PictureSource.h"
+#include "codecs/CodecChecks.h"
+#include "codecs/MetadataWriter.h"
+#include "codecs/TiffDirectory.h"
 #include "embedded/EmbeddedMetadata.h"
 
 #include <cstdint>
@@ -15,6 +17,17 @@ EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t dir
 /// The file of one page with the blocks in its directory. `file` has the byte order of the EXIF block, and
 /// nothing after its directory but what belongs to that.
 QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& metadata);
+
+/// Whether an entry says something about the picture that is as true in another file: neither about the
+/// storage of pixels nor one of the blocks that EmbeddedMetadata holds beside EXIF.
+bool isPictureAttribute(const TiffDirectory::Entry& entry);
+
+/// The file with changed metadata of the page whose directory is at `directoryOffset`. Values and directories
+/// take their old places where they fit, else they go to the end, so that nothing else moves: maker notes,
+/// pixels and other pages keep their bytes and places. What is given up is zeroed. Error 0x8000FFFF for a
+/// BigTIFF file, and for one that would grow beyond 4 GB.
+FilePieces tiffPageWithMetadata(const PictureSource& source, const FileUnderTest& file,
+                                std::uint64_t directoryOffset, const MetadataChange& change);
 
 /// Whether the numbers of an EXIF block begin with their high byte.
 bool isBigEndianExif(const QByteArray& exif);

@@ -153,8 +153,14 @@ DecodedPicture decodeTiff(const PictureSource& source, const QString& name, int 
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), tiff.firstError()};
 }
 
-EmbeddedMetadata tiffMetadata(const PictureSource& source, const QString& name) {
-    return withRgbProfileOnly(tiffPageMetadata(source, directoryOf(source, fileOf(source, name), 1)));
+EmbeddedMetadata tiffMetadata(const PictureSource& source, const QString& name, int page) {
+    return withRgbProfileOnly(tiffPageMetadata(source, directoryOf(source, fileOf(source, name), page)));
+}
+
+FilePieces tiffWithMetadata(const PictureSource& source, const QString& name, int page,
+                            const MetadataChange& change) {
+    const FileUnderTest file = fileOf(source, name);
+    return tiffPageWithMetadata(source, file, directoryOf(source, file, page), change);
 }
 
 } // namespace
@@ -168,6 +174,7 @@ Codec tiffCodec() {
             .decode = decodeTiff,
             .encode = encodeTiff,
             .metadata = tiffMetadata,
+            .withMetadata = tiffWithMetadata,
             .keepsTransparency = true};
 }
 

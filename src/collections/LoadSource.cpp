@@ -4,6 +4,7 @@
 #include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
 #include "codecs/DecoderLost.h"
+#include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/LoadingFailure.h"
 #include "imaging/fncLoadPicture.h"
@@ -35,8 +36,10 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
 bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& stop) {
     QString damage;
     const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop, &damage);
-    if (picture)
+    if (picture) {
         box.setPictureHandle(*picture, damage);
+        ignoringErrors([&] { box.metadata() = MetadataStore(PictureFile(path).metadata(1, stop)); });
+    }
     return picture.has_value();
 }
 

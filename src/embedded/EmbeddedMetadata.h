@@ -32,7 +32,10 @@ struct EmbeddedMetadata {
     QByteArrayList comments = {};                 ///< comment segments of a JPEG file, in any character set
     std::vector<JpegSegment> cameraSegments = {}; ///< facts about the shot in a format of the camera's maker
 
-    Resolution resolution = {}; ///< as a format says it outside of these blocks; does not count for isEmpty
+    /// Attributes of a TIFF file that say how it stores its pixels, as a block like `exif`. They are shown
+    /// and never written; this and the resolution don't count for isEmpty.
+    QByteArray storage = {};
+    Resolution resolution = {}; ///< as a format says it outside of these blocks
 
     bool operator==(const EmbeddedMetadata&) const = default;
     bool isEmpty() const {

@@ -90,6 +90,11 @@ const ExifTag* exifTagAt(ExifGroup group, quint16 tag) {
 QString exifTagName(ExifGroup group, quint16 tag) {
     if (const ExifTag* known = exifTagAt(group, tag))
         return known->name;
+    // Some writers put an attribute into the other one of these directories.
+    const bool isMainGroup = group == ExifGroup::Image || group == ExifGroup::Photo;
+    const ExifGroup other = group == ExifGroup::Image ? ExifGroup::Photo : ExifGroup::Image;
+    if (const ExifTag* known = isMainGroup ? exifTagAt(other, tag) : nullptr)
+        return known->name;
     return QStringLiteral("0x%1").arg(tag, 4, 16, QLatin1Char('0'));
 }
 

@@ -16,6 +16,7 @@ namespace tarsel {
 
 namespace {
 
+constexpr quint16 copyrightTag = 0x8298;
 constexpr qsizetype characterSetSize = 8;
 constexpr char asciiMark[] = "ASCII\0\0";
 constexpr char unicodeMark[] = "UNICODE";
@@ -30,6 +31,15 @@ QByteArray mark(const char (&name)[characterSetSize]) {
 QByteArray untilNul(QByteArrayView bytes) {
     const qsizetype end = bytes.indexOf('\0');
     return bytes.first(end < 0 ? bytes.size() : end).toByteArray();
+}
+
+/// The holders of a copyright: photographer and editor, each ended by a zero.
+QString copyrightText(QByteArrayView bytes) {
+    QStringList holders;
+    for (const QByteArray& part : bytes.toByteArray().split('\0'))
+        if (const QString holder = codePage::decode(part).trimmed(); !holder.isEmpty())
+            holders << holder;
+    return holders.join(QStringLiteral(", "));
 }
 
 QString hexText(QByteArrayView bytes) {
@@ -72,7 +82,8 @@ QString commentText(QByteArrayView bytes, ByteOrder order) {
         if (decode.isValid())
             return decode(untilNul(rest));
     }
-    return codePage::decode(untilNul(rest));
+    const bool isMarked = set == mark(asciiMark) || set == QByteArray(characterSetSize, '\0');
+    return codePage::decode(untilNul(isMarked ? rest : bytes));
 }
 
 template <class Number>
@@ -234,6 +245,8 @@ QString exifText(const ExifBlock& block, const ExifEntry& entry) {
         return commentText(bytes, block.order());
     if (wording == ExifWording::Utf16)
         return utf16Text(bytes, ByteOrder::Little);
+    if (entry.type == ExifType::Ascii && entry.tag == copyrightTag)
+        return copyrightText(bytes);
     if (entry.type == ExifType::Ascii)
         return codePage::decode(untilNul(bytes));
     if (entry.type == ExifType::Undefined || (entry.type == ExifType::Byte && entry.count > 1))

@@ -99,6 +99,12 @@ bool IimData::isEmpty() const {
            });
 }
 
+bool IimData::hasFields() const {
+    return std::ranges::any_of(m_dataSets, [](const DataSet& set) {
+        return set.record == applicationRecord && set.number != versionNumber;
+    });
+}
+
 QByteArray IimData::bytes() const {
     QByteArray bytes;
     if (isEmpty())

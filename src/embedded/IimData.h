@@ -19,8 +19,8 @@ namespace tarsel {
 /// the new one fits there as well, it follows them, and where it doesn't, they are turned into UTF-8 with it,
 /// so that all texts keep reading right. Datasets that weren't changed keep their bytes.
 ///
-/// The standard's greatest lengths (64 bytes for a keyword) are not enforced, neither on reading nor on
-/// writing, as other programs don't either: cutting would lose text. A text beyond 32767 bytes, the most that
+/// The standard's greatest lengths (64 bytes for a keyword) are not enforced here: files hold longer texts,
+/// and cutting would lose them. What users type is checked before. A text beyond 32767 bytes, the most that
 /// a plain dataset holds, is refused with error 6.
 class IimData {
 public:
@@ -31,6 +31,7 @@ public:
     /// Empty when there is nothing but the marks of version and character set.
     QByteArray bytes() const;
     bool isEmpty() const;
+    bool hasFields() const; ///< something in record 2 beside its version
     /// Whether the bytes ended with a complete dataset, or with filling.
     bool isComplete() const { return m_tail.isEmpty(); }
 

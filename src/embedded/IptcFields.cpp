@@ -22,44 +22,47 @@ struct FieldRow {
     int dataset;
     IptcKind kind;
     const char* label;
+    int mostBytes = 0; ///< by the standard
 };
 
 /// The rows before the custom fields. Image Notes and Local Caption are where other programs keep
 /// document notes and local captions; the Image URL has no dataset of its own anywhere and takes the first
 /// free one after the custom fields.
 constexpr std::array listedFields{
-    FieldRow{"IptcCaption", 120, Text, "Caption"},
-    FieldRow{"IptcCaptionWriter", 122, Text, "Caption Writer"},
-    FieldRow{"IptcHeadline", 105, Text, "Headline"},
-    FieldRow{"IptcSpecialInstructions", 40, Text, "Special Instructions"},
-    FieldRow{"IptcKeyword", 25, List, "Keywords"},
-    FieldRow{"IptcCategory", 15, Text, "Category"},
-    FieldRow{"IptcSupplementalCategory", 20, List, "Supplemental Categories"},
-    FieldRow{"IptcByline", 80, Text, "By (Author)"},
-    FieldRow{"IptcBylineTitle", 85, Text, "By Title (Author's Position)"},
-    FieldRow{"IptcCredit", 110, Text, "Credit"},
-    FieldRow{"IptcSource", 115, Text, "Source"},
-    FieldRow{"IptcObjectName", 5, Text, "Object Name (Title)"},
-    FieldRow{"IptcCity", 90, Text, "City"},
-    FieldRow{"IptcProvinceState", 95, Text, "Province/State"},
-    FieldRow{"IptcCountryName", 101, Text, "Country Name"},
-    FieldRow{"IptcOriginalTransmissionReference", 103, Text, "Original Transmission Reference (OTR)"},
-    FieldRow{"IptcCopyrightNotice", 116, Text, "Copyright Notice"},
+    FieldRow{"IptcCaption", 120, Text, "Caption", 2000},
+    FieldRow{"IptcCaptionWriter", 122, Text, "Caption Writer", 32},
+    FieldRow{"IptcHeadline", 105, Text, "Headline", 256},
+    FieldRow{"IptcSpecialInstructions", 40, Text, "Special Instructions", 256},
+    FieldRow{"IptcKeyword", 25, List, "Keywords", 64},
+    FieldRow{"IptcCategory", 15, Text, "Category", 3},
+    FieldRow{"IptcSupplementalCategory", 20, List, "Supplemental Categories", 32},
+    FieldRow{"IptcByline", 80, Text, "By (Author)", 32},
+    FieldRow{"IptcBylineTitle", 85, Text, "By Title (Author's Position)", 32},
+    FieldRow{"IptcCredit", 110, Text, "Credit", 32},
+    FieldRow{"IptcSource", 115, Text, "Source", 32},
+    FieldRow{"IptcObjectName", 5, Text, "Object Name (Title)", 64},
+    FieldRow{"IptcCity", 90, Text, "City", 32},
+    FieldRow{"IptcProvinceState", 95, Text, "Province/State", 32},
+    FieldRow{"IptcCountryName", 101, Text, "Country Name", 64},
+    FieldRow{"IptcOriginalTransmissionReference", 103, Text, "Original Transmission Reference (OTR)", 32},
+    FieldRow{"IptcCopyrightNotice", 116, Text, "Copyright Notice", 128},
     FieldRow{"IptcImageUrl", 220, Text, "Image URL"},
     FieldRow{"IptcDateCreated", 55, Date, "Date Created"},
-    FieldRow{"IptcEditStatus", 7, Text, "Edit Status"},
-    FieldRow{"IptcFixtureIdentifier", 22, Text, "Fixture Identifier"},
+    FieldRow{"IptcEditStatus", 7, Text, "Edit Status", 64},
+    FieldRow{"IptcFixtureIdentifier", 22, Text, "Fixture Identifier", 32},
     FieldRow{"IptcDateReleased", 30, Date, "Date Released"},
-    FieldRow{"IptcReferenceService", 45, Text, "Reference Service"},
+    FieldRow{"IptcReferenceService", 45, Text, "Reference Service", 10},
     FieldRow{"IptcReferenceDate", 47, Date, "Reference Date"},
-    FieldRow{"IptcReferenceNumber", 50, Text, "Reference Number"},
-    FieldRow{"IptcOriginatingProgram", 65, Text, "Originating Program"},
-    FieldRow{"IptcProgramVersion", 70, Text, "Program Version"},
-    FieldRow{"IptcObjectCycle", 75, Text, "Object Cycle"},
-    FieldRow{"IptcSublocation", 92, Text, "Sublocation"},
-    FieldRow{"IptcCountryCode", 100, Text, "Country Code"},
-    FieldRow{"IptcLocalCaption", 121, Text, "Local Caption"},
+    FieldRow{"IptcReferenceNumber", 50, Text, "Reference Number", 8},
+    FieldRow{"IptcOriginatingProgram", 65, Text, "Originating Program", 32},
+    FieldRow{"IptcProgramVersion", 70, Text, "Program Version", 10},
+    FieldRow{"IptcObjectCycle", 75, Text, "Object Cycle", 1},
+    FieldRow{"IptcSublocation", 92, Text, "Sublocation", 32},
+    FieldRow{"IptcCountryCode", 100, Text, "Country Code", 3},
+    FieldRow{"IptcLocalCaption", 121, Text, "Local Caption", 256},
 };
+const QString severalTexts =
+    QStringLiteral(", "); ///< between the texts of a field that a file has more than once
 constexpr int customFieldCount = 20;
 constexpr int firstCustomDataset = 200;
 constexpr FieldRow imageNotes{"IptcImageNotes", 230, Text, "Image Notes"};
@@ -69,11 +72,12 @@ constexpr std::array unlistedFields{
     FieldRow{"IptcTimeReleased", 35, Time, "Time Released"},
     FieldRow{"IptcTimeCreated", 60, Time, "Time Created"},
     FieldRow{"IptcUrgency", 10, Urgency, ""},
-    FieldRow{"IptcAuthor", 80, Text, ""},
+    FieldRow{"IptcAuthor", 80, Text, "", 32},
 };
 
 IptcField fieldOf(const FieldRow& row, bool isListed) {
-    return {QString::fromLatin1(row.member), row.dataset, row.kind, QString::fromLatin1(row.label), isListed};
+    return {QString::fromLatin1(row.member), row.dataset,   row.kind,
+            QString::fromLatin1(row.label),  row.mostBytes, isListed};
 }
 
 std::vector<IptcField> makeFields() {
@@ -83,7 +87,7 @@ std::vector<IptcField> makeFields() {
         fields.push_back(fieldOf(row, true));
     for (int i = 1; i <= customFieldCount; ++i)
         fields.push_back({QStringLiteral("IptcCustomField%1").arg(i), firstCustomDataset + i - 1, Text,
-                          QStringLiteral("Custom Field %1").arg(i), true});
+                          QStringLiteral("Custom Field %1").arg(i), 0, true});
     fields.push_back(fieldOf(imageNotes, true));
     for (const FieldRow& row : unlistedFields)
         fields.push_back(fieldOf(row, false));
@@ -147,7 +151,11 @@ QString iptcText(const MetadataStore& store, std::string_view member) {
 }
 
 void setIptcText(MetadataStore& store, std::string_view member, const QString& text) {
-    store.setIptcText(iptcField(member).dataset, text);
+    const int dataset = iptcField(member).dataset;
+    if (store.iptcList(dataset).size() > 1)
+        store.setIptcList(dataset, text.split(severalTexts, Qt::SkipEmptyParts));
+    else
+        store.setIptcText(dataset, text);
 }
 
 QStringList iptcList(const MetadataStore& store, std::string_view member) {
@@ -200,7 +208,7 @@ QString iptcRowText(const MetadataStore& store, const IptcField& field, const Da
     case Urgency:
         break;
     }
-    return iptcText(store, member);
+    return iptcList(store, member).join(severalTexts); // several by-lines, for one
 }
 
 } // namespace tarsel

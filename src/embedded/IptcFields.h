@@ -26,6 +26,7 @@ struct IptcField {
     int dataset = 0; ///< number in record 2
     IptcKind kind = IptcKind::Text;
     QString label;         ///< by which users know it; empty for a member without one
+    int mostBytes = 0;     ///< of a text by the standard, of an item of a list; 0 for no limit
     bool isListed = false; ///< has a row in the list of attributes, whose rows are in this table's order
 };
 
@@ -39,6 +40,8 @@ const IptcField& iptcField(std::string_view member);
 const IptcField* iptcFieldByLabel(const QString& label);
 
 QString iptcText(const MetadataStore& store, std::string_view member); ///< "" when absent
+/// A file can have a field more than once, such as the by-line: then the text is that of its row, split
+/// again.
 void setIptcText(MetadataStore& store, std::string_view member, const QString& text);
 
 QStringList iptcList(const MetadataStore& store, std::string_view member);
@@ -53,8 +56,8 @@ void setIptcDate(MetadataStore& store, std::string_view member, const QDateTime&
 int iptcUrgency(const MetadataStore& store); ///< 0 when absent
 void setIptcUrgency(MetadataStore& store, int urgency);
 
-/// Any member as the text of its row: lists joined by ",", dates in the user's short form, "" for the empty
-/// date.
+/// Any member as the text of its row: lists joined by ",", a text that is there several times by ", ", dates
+/// in the user's short form, "" for the empty date.
 QString iptcRowText(const MetadataStore& store, const IptcField& field, const DateForms& forms);
 
 } // namespace tarsel

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <iterator>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -25,6 +26,7 @@ struct ExifAttribute {
     QString value;
     ExifGroup group;
     quint16 tag;
+    bool isStorage = false; ///< says how this file stores its pixels; read only
 };
 
 /// The thumbnail's directory describes another picture and isn't listed.
@@ -124,7 +126,12 @@ struct MetadataStore::State {
     const EmbeddedMetadata blocks;
 
     const std::vector<ExifAttribute>& exif() const {
-        std::call_once(exifOnce, [this] { attributes = attributesOf(blocks.exif); });
+        std::call_once(exifOnce, [this] {
+            attributes = attributesOf(blocks.storage);
+            for (ExifAttribute& attribute : attributes)
+                attribute.isStorage = true;
+            std::ranges::move(attributesOf(blocks.exif), std::back_inserter(attributes));
+        });
         return attributes;
     }
     const IimData& iim() const {
@@ -221,6 +228,8 @@ bool MetadataStore::ExifDelete(const QString& name) {
     for (const ExifAttribute& attribute : m_state->exif()) {
         if (attribute.name != name)
             continue;
+        if (attribute.isStorage)
+            return false;
         block = withoutAttribute(*block, attribute);
         if (!block)
             return false;
@@ -241,7 +250,7 @@ void MetadataStore::ExifClear() {
 // --- IPTC --------------------------------------------------------------------------------------------------
 
 bool MetadataStore::HasIptc() const {
-    return !m_state->iim().isEmpty();
+    return m_state->iim().hasFields();
 }
 
 QString MetadataStore::iptcText(int dataset) const {

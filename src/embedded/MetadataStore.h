@@ -43,7 +43,7 @@ public:
     void ExifClear();                     ///< and what camera makers store beside the block
 
     // --- IPTC, by dataset number of record 2 (105 is the headline); IptcFields.h knows them by name --------
-    bool HasIptc() const;                ///< more than marks of version and character set
+    bool HasIptc() const;                ///< a field, more than an envelope
     QString iptcText(int dataset) const; ///< "" when absent
     void setIptcText(int dataset,
                      const QString& text); ///< an empty text removes the dataset; error 6 beyond 32767 bytes

@@ -66,6 +66,9 @@ public:
     /// Encodes by the path's extension with the save settings and the metadata held, through the safe writer.
     /// Once the writing has begun a stop is ignored.
     void SaveToFile(const QString& path, const std::stop_token& stop = {});
+    /// Puts the metadata held into an existing JPEG, TIFF or PSD file, whose pixels, pages and layers keep
+    /// their bytes. Error 5 for another format, and as saveMetadata().
+    void SaveMetadataOnly(const QString& path);
     /// The bytes that SaveToFile writes for this extension. They are kept for the next call, until picture,
     /// settings or metadata change. Error 5 for a format that isn't written.
     QByteArray encoded(const QString& extension) const;

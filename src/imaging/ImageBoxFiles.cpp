@@ -6,6 +6,7 @@
 #include "base/Stop.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/Formats.h"
+#include "codecs/MetadataWriter.h"
 #include "codecs/PdfDocument.h"
 #include "codecs/PictureFile.h"
 #include "codecs/TiffAppend.h"
@@ -65,6 +66,10 @@ void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
     const QByteArray bytes = encoded(extension);
     raiseIfStopped();
     writeFileSafely(path, bytes);
+}
+
+void ImageBox::SaveMetadataOnly(const QString& path) {
+    saveMetadata(path, PageNumber, m_metadata.blocks());
 }
 
 QByteArray ImageBox::encoded(const QString& extension) const {

@@ -75,7 +75,7 @@ int exifOrientation(const MetadataStore& metadata) {
 
 int fileOrientation(const PictureFile& file, const std::stop_token& stop) {
     int orientation = uprightOrientation;
-    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(stop))); });
+    ignoringErrors([&] { orientation = exifOrientation(MetadataStore(file.metadata(1, stop))); });
     raiseIfStopped(stop);
     return orientation;
 }

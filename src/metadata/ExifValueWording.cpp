@@ -31,10 +31,10 @@ double ratio(const QString& value) {
 
 /// `base` to the power of an APEX value, to one decimal place.
 QString apexText(double base, const QString& value) {
-    const double result = std::pow(base, ratio(value));
-    if (!std::isfinite(result))
+    const double tenths = std::pow(base, ratio(value)) * 10;
+    if (!std::isfinite(tenths))
         fail(ErrorNumber::Overflow);
-    return numberText(roundHalfEven(result * 10) / 10);
+    return numberText(roundHalfEven(tenths) / 10);
 }
 
 QString exposureTime(const QString& value) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
 #include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/Locale.h"
 #include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
@@ -11,29 +12,56 @@ namespace tarsel::modMetadata {
 
 namespace {
 
-QString shownValue(const QString& name, const QString& value) {
-    if (IsExifDate(name))
-        return formatDate(ImageBox::ExifTextToDate(value.trimmed()),
-                          QStringLiteral("m/d/yyyy h:mm:ss AM/PM"));
-    const QString wording = FormatExifAttributeValue(name, value);
-    return wording.isEmpty() ? value : wording;
+/// A date as it stands in the picture where it can't be read, or is the standard's unknown one.
+QString shownDate(const QString& value) {
+    QString shown = value;
+    ignoringErrors([&] {
+        if (const QDateTime date = ImageBox::ExifTextToDate(value.trimmed()); date != emptyDate())
+            shown = formatDate(date, QStringLiteral("m/d/yyyy h:mm:ss AM/PM"));
+    });
+    return shown;
 }
 
-/// The row comes first and its value after, so that a value that can't be shown still leaves its row.
+QString shownValue(const QString& name, const QString& value) {
+    if (IsExifDate(name))
+        return shownDate(value);
+    const QString words = FormatExifAttributeValue(name, value);
+    return words.isEmpty() ? value : words;
+}
+
+/// The row comes first, under its raw name, and its value after, so that a value that can't be shown still
+/// leaves its row.
 void addExifRow(ListView& list, const QString& name, const QString& value) {
-    const QString label = FormatExifAttributeName(name);
     ListRow row;
-    row.text = label.isEmpty() ? name : label;
-    row.tag = name;
+    row.text = row.tag = name;
     if (IsExifEditable(name)) {
         row.key = name;
         row.icon = editableIcon;
     }
     const int index = list.add(row);
     list.setSubItem(index, 1, shownValue(name, value));
+    if (const QString label = ExifNameInWords(name); !label.isEmpty())
+        list.setText(index, label);
 }
 
 } // namespace
+
+void AddExifRows(const MetadataStore& metadata, ListView& list) {
+    for (int i = 0; i < metadata.ExifCount(); ++i)
+        addExifRow(list, metadata.ExifName(i), metadata.ExifValue(i));
+}
+
+void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms& forms) {
+    for (const IptcField& field : iptcFields()) {
+        if (!field.isListed)
+            continue;
+        ListRow row;
+        row.text = field.label;
+        row.icon = editableIcon;
+        row.subItems = {iptcRowText(metadata, field, forms)};
+        list.add(row);
+    }
+}
 
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path) {
     TrappingString =
@@ -42,8 +70,7 @@ void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path
         if (!box.HasImage())
             return;
         list.setTag(path);
-        for (int i = 0; i < box.ExifCount(); ++i)
-            addExifRow(list, box.ExifName(i), box.ExifValue(i));
+        AddExifRows(box.metadata(), list);
     });
 }
 
@@ -54,16 +81,7 @@ void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path
         if (!box.HasImage())
             return;
         list.setTag(path);
-        const DateForms forms = service<Locale>().dateForms();
-        for (const IptcField& field : iptcFields()) {
-            if (!field.isListed)
-                continue;
-            ListRow row;
-            row.text = field.label;
-            row.icon = editableIcon;
-            row.subItems = {iptcRowText(box.metadata(), field, forms)};
-            list.add(row);
-        }
+        AddIptcRows(box.metadata(), list, service<Locale>().dateForms());
     });
 }
 

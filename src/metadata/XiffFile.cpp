@@ -6,22 +6,45 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace tarsel::modMetadata {
 
 namespace {
+
+/// A date as the list shows it; one that couldn't be read is shown, and stored, as it stands in the picture.
+QString exifDate(const QString& shown, const DateForms& forms) {
+    static const QRegularExpression asItStands(QStringLiteral("^[\\d ]{4}:[\\d ]{2}:[\\d ]{2} |^ *$"));
+    return asItStands.match(shown).hasMatch() ? shown : ImageBox::ExifDateToText(toDate(shown, forms));
+}
 
 void applyRecord(clsFileEXIF& file, ImageBox& box, const DateForms& forms) {
     QString name;
     QString value;
     file.ReadEXIF(name, value);
     if (IsExifDate(name))
-        value = ImageBox::ExifDateToText(toDate(value, forms));
+        value = exifDate(value, forms);
     if (box.ExifSet(name, value))
         box.ExifSet(QStringLiteral("Software"), ProductTitle);
 }
 
 } // namespace
+
+int WriteXiffFile(const QString& path, const ListView& rows) {
+    clsFileEXIF file;
+    int written = 0;
+    for (int i = 0; i < rows.count(); ++i) {
+        const ListRow& row = rows.row(i);
+        if (row.key.isEmpty())
+            continue;
+        if (written == 0 && !file.OpenForWrite(path))
+            throw *file.openError();
+        file.WriteEXIF(row.key, row.subItems.value(0));
+        ++written;
+    }
+    file.closefile();
+    return written;
+}
 
 void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     clsFileEXIF file;

@@ -5,8 +5,10 @@
 #include "base/ListView.h"
 #include "imaging/ImageBox.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <variant>
 
 /// The vocabulary of the metadata pane: which attributes users may touch, how they are worded, how a
 /// picture's metadata become the rows of lists, and the side files that carry them from picture to picture.
@@ -40,6 +42,10 @@ constexpr int editableIcon = 0;
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path);
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path);
 
+/// The same rows of metadata alone. Errors are raised.
+void AddExifRows(const MetadataStore& metadata, ListView& list);
+void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms& forms);
+
 /// A raw EXIF value in words, or "" when there is nothing to say and the raw value is to be shown. A value
 /// that doesn't convert to the number its attribute needs, and a division by zero, are trapped and return "".
 QString FormatExifAttributeValue(const QString& name, const QString& value);
@@ -54,6 +60,46 @@ QString ExifNameInWords(const QString& name);
 /// The integer before and after the last "/". Without one, 0 and all of the text; 0 for what can't be read.
 qint32 RationalNumerator(const QString& text);
 qint32 RationalDenominator(const QString& text);
+
+// --- editing: each change goes into the file at once, whose pixels, pages and layers keep their bytes. A
+// failure to write it is raised; box and file are then as they were. For any thread. A text beyond the length
+// that the IPTC standard gives its field is refused with error 6.
+
+/// A text as typed, or a date.
+using AttributeValue = std::variant<QString, QDateTime>;
+
+/// The metadata of the page that the box's PageNumber says, by the file's content, without its pixels. Error
+/// 481 for unknown content.
+void ReadMetadata(const QString& path, ImageBox& box);
+
+/// Sets an EXIF attribute by its name, or an IPTC field by its label, in the box alone. A list takes its
+/// items with commas between them. False for an EXIF value that the attribute can't take, and for an unknown
+/// label. Error 13 for a text that is no date where one is expected.
+bool SetMetadataAttribute(ImageBox& box, bool isIptc, const QString& name, const AttributeValue& value,
+                          const DateForms& forms = {});
+
+/// Removes an IPTC field of any kind, by its label, from the box alone; an unknown label changes nothing.
+void ClearIptcField(ImageBox& box, const QString& label);
+
+/// Sets an EXIF attribute by its name, or an IPTC field by its label, and writes the file of the path when it
+/// is a JPEG, TIFF or PSD by its extension. An EXIF change brands the file by its attribute "Software".
+/// False, and nothing written, for an EXIF value that the attribute can't take. Lists and unknown labels
+/// change nothing. Error 13 for a text that is no date where one is expected.
+bool UpdateMetadataAttribute(const QString& path, bool isIptc, const QString& name,
+                             const AttributeValue& value, ImageBox& box, const DateForms& forms = {});
+
+/// Deletes any EXIF attribute, editable or not; false for one that the box doesn't have or can't lose. Only
+/// files with the extensions jpeg, jpg, tiff and tif are written.
+bool DeleteExifAttribute(const QString& path, const QString& name, ImageBox& box);
+
+/// Replaces keywords or supplemental categories, by their label, whatever the extension. Error 5 for another
+/// label.
+void SetIptcList(const QString& path, const QString& label, const QStringList& texts, ImageBox& box);
+void ClearIptcList(const QString& path, const QString& label, ImageBox& box);
+
+/// Writes the rows of a list that have a key, as they are shown, to a .xiff file. Returns how many; without
+/// any there is no file.
+int WriteXiffFile(const QString& path, const ListView& rows);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
 /// opened changes nothing. Dates are read in the user's own form first. Error 13 for an invalid date, 62

@@ -120,7 +120,7 @@ TEST(MetadataRoundTrip, aPsdGivesItsIptcAndXmp) {
     TARSEL_REQUIRE_CORPUS();
     const QString path = *test::corpusFolder() + QStringLiteral("/meta/Photoshop.psd");
     const QByteArray bytes = test::bytesOf(path);
-    const EmbeddedMetadata blocks = codecForContent(bytes, path)->metadata(bytes, path);
+    const EmbeddedMetadata blocks = codecForContent(bytes, path)->metadata(bytes, path, 1);
     EXPECT_TRUE(MetadataStore(blocks).HasIptc());
     EXPECT_TRUE(blocks.xmp.contains("rdf:RDF"));
 }

@@ -64,7 +64,7 @@ TEST_F(PictureFiles, aStopEndsEveryQuestion) {
     const std::function<void()> questions[] = {
         [&] { file.header(stop); },
         [&] { file.pageCount(stop); },
-        [&] { file.metadata(stop); },
+        [&] { file.metadata(1, stop); },
         [&] { file.decode(1, stop); },
         [&] { file.decodeReduced([](PixelSize size) { return size; }, stop); },
         [&] { ImageBox::PageCount(path, stop); },

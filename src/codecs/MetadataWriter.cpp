@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "codecs/MetadataWriter.h"
+
+#include "base/FileStamp.h"
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "codecs/Codec.h"
+#include "embedded/ExifTagTable.h"
+#include "embedded/MetadataStore.h"
+#include "embedded/ResourceBlocks.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace tarsel {
+
+namespace {
+
+constexpr std::int64_t copiedAtOnce = std::int64_t(4) << 20;
+
+QByteArray iptcOf(const EmbeddedMetadata& metadata) {
+    return ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber);
+}
+
+std::optional<QByteArray> changed(const QByteArray& present, const QByteArray& wanted) {
+    return present == wanted ? std::nullopt : std::optional(wanted);
+}
+
+[[noreturn]] void failWriting(const QString& path, const char* fact) {
+    fail(ErrorNumber::InvalidCall,
+         path + QStringLiteral(": ") + QCoreApplication::translate("MetadataWriter", fact));
+}
+
+/// Names and values by name, without what leads from one directory to another.
+std::vector<std::pair<QString, QString>> attributesOf(const EmbeddedMetadata& metadata) {
+    const MetadataStore store(metadata);
+    std::vector<std::pair<QString, QString>> attributes;
+    for (int i = 0; i < store.ExifCount(); ++i) {
+        const ExifTag* tag = exifTagByName(store.ExifName(i));
+        if (!tag || !tag->isStructural)
+            attributes.emplace_back(store.ExifName(i), store.ExifValue(i));
+    }
+    std::ranges::sort(attributes);
+    return attributes;
+}
+
+/// Whether two EXIF blocks say the same, wherever their bytes are and in whatever order.
+bool listsTheSame(const EmbeddedMetadata& a, const EmbeddedMetadata& b) {
+    return attributesOf(a) == attributesOf(b);
+}
+
+void writeInPlace(const QString& path, const FilePatch& patch) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CLOEXEC);
+    if (file < 0)
+        failForErrno(errno, path);
+    const ssize_t written =
+        ::pwrite(file, patch.bytes.constData(), std::size_t(patch.bytes.size()), patch.at);
+    const int error = written == patch.bytes.size() ? 0 : written < 0 ? errno : EIO;
+    ::close(file);
+    if (error)
+        failForErrno(error, path);
+}
+
+void copyRange(SafeFileWriter& writer, const PictureSource& source, const FilePieces::Piece& range,
+               const QString& path) {
+    for (std::int64_t done = 0; done < range.size;) {
+        const QByteArray bytes = source.bytes(range.from + done, std::min(range.size - done, copiedAtOnce));
+        if (bytes.isEmpty())
+            failWriting(path, QT_TRANSLATE_NOOP("MetadataWriter", "the file became shorter meanwhile"));
+        writer.write(bytes);
+        done += bytes.size();
+    }
+}
+
+class MetadataWriter {
+public:
+    MetadataWriter(const QString& path, int page) :
+        m_path(path), m_page(page), m_stamp(FileStamp::of(path)), m_source(PictureSource::ofFile(path)),
+        m_codec(codecForContent(m_source, path)) {
+        if (!m_codec || !m_codec->withMetadata)
+            failWriting(path,
+                        QT_TRANSLATE_NOOP("MetadataWriter", "metadata in this format can't be changed"));
+    }
+
+    void write(const EmbeddedMetadata& wanted) {
+        const MetadataChange change = changeBetween(m_codec->metadata(m_source, m_path, m_page), wanted);
+        if (change.isEmpty())
+            return;
+        const FilePieces content = m_codec->withMetadata(m_source, m_path, m_page, change);
+        const std::optional<FilePatch> patch = patchOfOnePage(m_source, content);
+        if (patch && patch->bytes.isEmpty())
+            return;
+        if (patch) {
+            requireUnchanged();
+            writeInPlace(m_path, *patch);
+        } else {
+            writeAnew(content, wanted);
+        }
+    }
+
+private:
+    void requireUnchanged() const {
+        if (FileStamp::of(m_path) != m_stamp)
+            failWriting(m_path,
+                        QT_TRANSLATE_NOOP("MetadataWriter", "another program changed the file meanwhile"));
+    }
+
+    void writeAnew(const FilePieces& content, const EmbeddedMetadata& wanted) const {
+        SafeFileWriter writer(m_path);
+        for (const FilePieces::Piece& piece : content.pieces()) {
+            if (piece.bytes.isEmpty())
+                copyRange(writer, m_source, piece, m_path);
+            else
+                writer.write(piece.bytes);
+        }
+        requireReads(writer.temporaryPath(), wanted);
+        requireUnchanged();
+        writer.commit();
+    }
+
+    /// What was written must read as wanted before it replaces anything.
+    void requireReads(const QString& written, const EmbeddedMetadata& wanted) const {
+        const EmbeddedMetadata read = m_codec->metadata(PictureSource::ofFile(written), m_path, m_page);
+        const MetadataChange difference = changeBetween(read, wanted);
+        if (!difference.isEmpty())
+            failWriting(m_path,
+                        QT_TRANSLATE_NOOP("MetadataWriter",
+                                          "the metadata can't be stored in this file without a loss"));
+    }
+
+    QString m_path;
+    int m_page;
+    FileStamp m_stamp;
+    PictureSource m_source;
+    const Codec* m_codec;
+};
+
+} // namespace
+
+MetadataChange changeBetween(const EmbeddedMetadata& present, const EmbeddedMetadata& wanted) {
+    MetadataChange change;
+    if (present.exif != wanted.exif && !listsTheSame(present, wanted))
+        change.exif = wanted.exif;
+    change.iptc = changed(iptcOf(present), iptcOf(wanted));
+    change.xmp = changed(present.xmp, wanted.xmp);
+    change.dropsCameraSegments = !present.cameraSegments.empty() && wanted.cameraSegments.empty();
+    return change;
+}
+
+void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted) {
+    MetadataWriter(path, page).write(wanted);
+}
+
+} // namespace tarsel
