@@ -49,18 +49,23 @@ void Arguments::takeOption(const QString& word, QStringList& rest, std::span<con
     if (!option)
         throw UsageError{QCoreApplication::translate("CommandLine", "unknown option %1").arg(spelled)};
     const QString name = QString::fromLatin1(option->name);
-    if (m_values.contains(name))
+    if (m_values.contains(name) && !option->isRepeated)
         throw UsageError{QCoreApplication::translate("CommandLine", "%1 is given twice").arg(spelled)};
     if (!option->value && equals >= 0)
         throw UsageError{QCoreApplication::translate("CommandLine", "%1 takes no value").arg(spelled)};
     if (option->value && equals < 0 && rest.isEmpty())
         throw UsageError{QCoreApplication::translate("CommandLine", "%1 needs a value: %2")
                              .arg(spelled, QString::fromLatin1(option->value))};
-    m_values.insert(name, !option->value ? QString() : equals >= 0 ? word.mid(equals + 1) : rest.takeFirst());
+    m_values[name] << (!option->value ? QString() : equals >= 0 ? word.mid(equals + 1) : rest.takeFirst());
 }
 
 QString Arguments::value(const char* name, const QString& fallback) const {
-    return m_values.value(QString::fromLatin1(name), fallback);
+    const QStringList given = values(name);
+    return given.isEmpty() ? fallback : given.first();
+}
+
+QStringList Arguments::values(const char* name) const {
+    return m_values.value(QString::fromLatin1(name));
 }
 
 int numberIn(const QString& text, int lowest, int highest, const char* option) {

@@ -13,6 +13,7 @@ struct OptionSpec {
     const char* name;  ///< without the dashes
     const char* value; ///< what follows it, "FOLDER"; null for a switch
     const char* help;
+    bool isRepeated = false;
 };
 
 /// The command line can't be understood: a fact for the user.
@@ -29,13 +30,14 @@ public:
 
     bool has(const char* name) const { return m_values.contains(QLatin1String(name)); }
     QString value(const char* name, const QString& fallback = {}) const;
+    QStringList values(const char* name) const; ///< of a repeated option, in their order
     const QStringList& operands() const { return m_operands; }
     bool wantsHelp() const { return m_help; }
 
 private:
     void takeOption(const QString& word, QStringList& rest, std::span<const OptionSpec> options);
 
-    QHash<QString, QString> m_values;
+    QHash<QString, QStringList> m_values;
     QStringList m_operands;
     bool m_help = false;
 };

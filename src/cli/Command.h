@@ -14,7 +14,7 @@ enum ExitStatus { AllDone = 0, SomeNotDone = 1, WrongUsage = 2, Interrupted = 13
 
 /// One command of the command line.
 struct Command {
-    const char* name;
+    const char* name;     ///< one word, or two: that of a group and its own
     const char* operands; ///< after the options in the first line of its help
     const char* summary;  ///< one line for the list of commands
     const char* notes;    ///< paragraphs after the options in its help
@@ -32,5 +32,7 @@ extern const Command encodeCommand;
 extern const Command infoCommand;
 extern const Command tasksCommand;
 extern const Command basketCommand;
+extern const Command metadataGetCommand, metadataSetCommand, metadataDeleteCommand;
+extern const Command metadataClearCommand, metadataExportCommand, metadataImportCommand;
 
 } // namespace tarsel::cli

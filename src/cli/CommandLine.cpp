@@ -16,7 +16,9 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand, &applyCommand, &encodeCommand, &infoCommand, &tasksCommand, &basketCommand,
+    &batchCommand,          &applyCommand,         &encodeCommand,         &infoCommand,
+    &tasksCommand,          &basketCommand,        &metadataGetCommand,    &metadataSetCommand,
+    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand, &metadataImportCommand,
 };
 
 const Command* findCommand(const QString& name) {
@@ -82,11 +84,17 @@ int runWords(const QStringList& words, Terminal& terminal) {
         terminal.results(programHelp().trimmed().split(QLatin1Char('\n')));
         return AllDone;
     }
-    const Command* command = findCommand(first);
-    if (!command)
-        return wrongUsage(QCoreApplication::translate("CommandLine", "unknown command \"%1\"").arg(first), {},
-                          terminal);
-    return runCommand(*command, words.mid(1), terminal);
+    if (const Command* command = findCommand(first))
+        return runCommand(*command, words.mid(1), terminal);
+    const QString pair = words.mid(0, 2).join(u' ');
+    if (const Command* command = findCommand(pair))
+        return runCommand(*command, words.mid(2), terminal);
+    const bool isGroup = std::ranges::any_of(allCommands, [&](const Command* command) {
+        return QLatin1String(command->name).startsWith(first + u' ');
+    });
+    return wrongUsage(
+        QCoreApplication::translate("CommandLine", "unknown command \"%1\"").arg(isGroup ? pair : first), {},
+        terminal);
 }
 
 } // namespace
