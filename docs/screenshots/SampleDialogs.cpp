@@ -7,6 +7,10 @@
 #include "collections/forms/frmAlbumDescription.h"
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
+#include "metadata/forms/frmExifEditAttribute.h"
+#include "metadata/forms/frmExifNewAttribute.h"
+#include "metadata/forms/frmIPTCCategory.h"
+#include "metadata/forms/frmIPTCKeywords.h"
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmJpegQuality.h"
 #include "output/forms/frmSaveSinglePage.h"
@@ -31,6 +35,14 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(results(owner));
     dialogs.push_back(errorReport(owner));
     dialogs.push_back(std::make_unique<frmJpegQuality>(m_record.SaveAdvanced, owner));
+    const QString artist = QStringLiteral("Artist"), taken = QStringLiteral("DateTimeOriginal");
+    dialogs.push_back(std::make_unique<frmExifEditAttribute>(artist, artist, QStringLiteral("Ann"), owner));
+    dialogs.push_back(std::make_unique<frmExifEditAttribute>(taken, QStringLiteral("Date/Time Original"),
+                                                             QStringLiteral("1/31/2004 3:05:09 PM"), owner));
+    dialogs.push_back(std::make_unique<frmExifNewAttribute>(ListView(), owner));
+    dialogs.push_back(std::make_unique<frmIPTCKeywords>(
+        QStringList{QStringLiteral("river"), QStringLiteral("lake")}, owner));
+    dialogs.push_back(std::make_unique<frmIPTCCategory>(QStringList{QStringLiteral("water")}, 3, owner));
     if (!m_pages.isEmpty())
         dialogs.push_back(std::make_unique<frmAlbumDescription>(m_pages, 0, owner));
     return dialogs;

@@ -52,8 +52,9 @@ frmMain::frmMain(StartupOptions options) :
     m_folderPane(new FolderPane(m_folderView, m_workspace.lvFolder, m_actions, this)),
     m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
     m_previewPane(new PreviewPane(m_workspace.ibMain, m_actions, this)),
-    m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, this)),
+    m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, m_actions, this)),
     m_taskPane(new TaskPane(m_workspace.tasks, ConfigRecord.Tasks, m_actions, this)),
+    m_metadataEditor(m_workspace.ibMain, m_workspace.lvExif, m_workspace.lvIPTC, this),
     m_workflow(m_preview, m_workspace.tasks, *m_taskPane) {
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
@@ -70,6 +71,7 @@ frmMain::frmMain(StartupOptions options) :
     connectBasketPane();
     connectTaskBasket();
     connectPreview();
+    connectMetadata();
     connectEditing();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
@@ -196,6 +198,21 @@ void frmMain::connectTaskBasket() {
     }
 }
 
+void frmMain::connectMetadata() {
+    connect(&m_preview, &Preview::metadataRead, m_metadataPane, [this](MetadataTab tab) {
+        m_metadataPane->showTab(int(tab));
+        m_metadataPane->setVisible(!m_workflow.isOpen());
+    });
+    connect(&m_preview, &Preview::metadataAbsent, m_metadataPane, &QWidget::hide);
+    connect(m_metadataPane, &MetadataPane::tabShown, &m_metadataEditor,
+            [this](int tab) { m_metadataEditor.CurrentMetadataTab = MetadataEditor::Tab(tab); });
+    connect(m_metadataPane, &MetadataPane::cmdEXIFBar, &m_metadataEditor, &MetadataEditor::cmdEXIFBar);
+    connect(m_metadataPane, &MetadataPane::cmdIPTCBar, &m_metadataEditor, &MetadataEditor::cmdIPTCBar);
+    for (const ListControl* list : {&m_metadataPane->lvExif(), &m_metadataPane->lvIPTC()})
+        connect(list, &ListControl::deleteReleased, &m_metadataEditor, &MetadataEditor::subDeleteAttribute);
+    connect(&m_metadataEditor, &MetadataEditor::metadataChanged, &m_preview, &Preview::showMetadataPanel);
+}
+
 void frmMain::connectPreview() {
     ImageBoxView& view = m_previewPane->ibMain();
     connect(&m_preview, &Preview::pictureChanged, m_previewPane,
@@ -205,8 +222,6 @@ void frmMain::connectPreview() {
             [this, &view] { m_preview.view = view.container(); });
     connect(&view, &ImageBoxView::zoomChanged, this, &frmMain::updateZoom);
     connect(m_previewPane, &PreviewPane::previewFitChosen, this, &frmMain::showZoom);
-    connect(&m_preview, &Preview::metadataRead, m_metadataPane,
-            [this](MetadataTab tab) { m_metadataPane->showTab(int(tab)); });
     connect(m_previewPane, &PreviewPane::previewTypeChosen, this, [this](int type) {
         m_preview.OptimizedPreview = type != 0;
         m_preview.rebuild();

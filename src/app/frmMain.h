@@ -6,6 +6,7 @@
 #include "collections/Preview.h"
 #include "collections/Workspace.h"
 #include "controls/ActionTable.h"
+#include "metadata/forms/MetadataEditor.h"
 #include "output/forms/ImageDocument.h"
 #include "tasks/TaskWorkflow.h"
 
@@ -88,6 +89,7 @@ private:
     void connectBasketPane();
     void connectTaskBasket();
     void connectPreview();
+    void connectMetadata();
     void connectEditing();
     void connectBefore();
 
@@ -159,6 +161,7 @@ private:
     BeforeView* m_beforeView = nullptr;
     MetadataPane* m_metadataPane;
     TaskPane* m_taskPane;
+    MetadataEditor m_metadataEditor;
     TaskWorkflow m_workflow;
     Splitter* splMain = nullptr;
     Splitter* splRight = nullptr;

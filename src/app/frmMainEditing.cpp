@@ -100,7 +100,7 @@ void frmMain::showEditing() {
 /// Preview and panel fill the window while the panel is open.
 void frmMain::showTaskPanel(bool open) {
     splRight->setVisible(!open);
-    m_metadataPane->setVisible(!open);
+    m_metadataPane->setVisible(!open && m_preview.listsMetadata());
     m_taskPane->setVisible(open);
     m_previewPane->offerMnemonics(!open);
     if (open)

@@ -283,6 +283,8 @@ void Preview::listMetadata(const QString& path) {
     } else if (extension == QLatin1String("psd")) {
         modMetadata::ListIptcAttributes(m_lists.ibMain, m_lists.lvIPTC, path);
         Q_EMIT metadataRead(MetadataTab::Iptc);
+    } else {
+        Q_EMIT metadataAbsent();
     }
 }
 

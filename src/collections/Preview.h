@@ -48,6 +48,10 @@ public:
     void reload();
     /// Shows no picture, unless the one on show is that of the selected row of either list.
     void dropUnselected();
+    /// Whether the lists of metadata say something of the picture on show.
+    bool listsMetadata() const { return !m_lists.lvIPTC.isEmpty(); }
+    /// Says in the status line which metadata the picture on show has.
+    void showMetadataPanel();
     /// Drops what is being loaded.
     void stop();
     /// What is to be seen now. While a large picture is being read, the box is still empty.
@@ -71,6 +75,7 @@ Q_SIGNALS:
     void settled(bool failed); ///< what was done to the picture on show is done
     void pictureChanged();
     void metadataRead(tarsel::MetadataTab tab);
+    void metadataAbsent(); ///< the format of the picture on show has none that are listed
 
 private:
     struct Pending {
@@ -92,7 +97,6 @@ private:
     void describe(const QString& path);
     void completeResolution(ListView& list, const QString& path) const;
     void listMetadata(const QString& path);
-    void showMetadataPanel();
     void showFilePanels();
     void clear();
 

@@ -159,7 +159,7 @@ void ucDateTimePicker::showText() {
     m_text->setText(shortDateText(m_selected, ownForms()));
 }
 
-/// What is no date is taken back.
+/// A text that isn't a date is taken back.
 void ucDateTimePicker::readText() {
     ignoringErrors([this] {
         const QDateTime typed = toDate(m_text->text(), ownForms());

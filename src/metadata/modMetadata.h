@@ -74,7 +74,7 @@ void ReadMetadata(const QString& path, ImageBox& box);
 
 /// Sets an EXIF attribute by its name, or an IPTC field by its label, in the box alone. A list takes its
 /// items with commas between them. False for an EXIF value that the attribute can't take, and for an unknown
-/// label. Error 13 for a text that is no date where one is expected.
+/// label. Error 13 for a text that isn't a date where one is expected.
 bool SetMetadataAttribute(ImageBox& box, bool isIptc, const QString& name, const AttributeValue& value,
                           const DateForms& forms = {});
 
@@ -84,7 +84,7 @@ void ClearIptcField(ImageBox& box, const QString& label);
 /// Sets an EXIF attribute by its name, or an IPTC field by its label, and writes the file of the path when it
 /// is a JPEG, TIFF or PSD by its extension. An EXIF change brands the file by its attribute "Software".
 /// False, and nothing written, for an EXIF value that the attribute can't take. Lists and unknown labels
-/// change nothing. Error 13 for a text that is no date where one is expected.
+/// change nothing. Error 13 for a text that isn't a date where one is expected.
 bool UpdateMetadataAttribute(const QString& path, bool isIptc, const QString& name,
                              const AttributeValue& value, ImageBox& box, const DateForms& forms = {});
 
@@ -98,7 +98,7 @@ void SetIptcList(const QString& path, const QString& label, const QStringList& t
 void ClearIptcList(const QString& path, const QString& label, ImageBox& box);
 
 /// Writes the rows of a list that have a key, as they are shown, to a .xiff file. Returns how many; without
-/// any there is no file.
+/// any, none is made.
 int WriteXiffFile(const QString& path, const ListView& rows);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be

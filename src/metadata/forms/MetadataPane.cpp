@@ -1,43 +1,98 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/forms/MetadataPane.h"
 
+#include "controls/ActionTable.h"
 #include "controls/FocusTabBar.h"
+#include "controls/LineIcon.h"
 #include "controls/ListControl.h"
 
+#include <QHBoxLayout>
 #include <QStackedWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace tarsel {
 
-MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, QWidget* parent) :
-    QWidget(parent), m_exif(addList(lvExif, "lvExif", tr("EXIF attributes"))),
-    m_iptc(addList(lvIPTC, "lvIPTC", tr("IPTC attributes"))), m_tabs(new FocusTabBar(this)) {
+namespace {
+
+constexpr QSize iconSize(16, 16);
+constexpr const char* exifButtons[] = {"cmdEXIFBar_0", "cmdEXIFBar_1", "cmdEXIFBar_2",
+                                       "cmdEXIFBar_3", "cmdEXIFBar_4", "cmdEXIFBar_5"};
+constexpr const char* iptcButtons[] = {"cmdIPTCBar_0", "cmdIPTCBar_1", "cmdIPTCBar_2", "cmdIPTCBar_3",
+                                       "cmdIPTCBar_4"};
+
+} // namespace
+
+MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable& actions, QWidget* parent) :
+    QWidget(parent), m_actions(actions), m_exif(addList(lvExif, "lvExif", tr("EXIF attributes"))),
+    m_iptc(addList(lvIPTC, "lvIPTC", tr("IPTC attributes"))), m_tabs(new FocusTabBar(this)),
+    m_pages(new QStackedWidget(this)) {
     setObjectName(QStringLiteral("PicMetadata"));
     m_tabs->setObjectName(QStringLiteral("tbsMetadata"));
     m_tabs->setDocumentMode(true);
     m_tabs->setExpanding(false);
     m_tabs->addTab(tr("EXIF"));
     m_tabs->addTab(tr("IPTC"));
-    auto* lists = new QStackedWidget(this);
-    lists->addWidget(m_exif);
-    lists->addWidget(m_iptc);
-    connect(m_tabs, &QTabBar::currentChanged, lists, &QStackedWidget::setCurrentIndex);
+    m_pages->addWidget(makePage(exifButtons, "picEXIFBar", m_exif, &MetadataPane::cmdEXIFBar));
+    m_pages->addWidget(makePage(iptcButtons, "picIPTCBar", m_iptc, &MetadataPane::cmdIPTCBar));
+    connect(m_tabs, &QTabBar::currentChanged, this, [this](int tab) {
+        m_pages->setCurrentIndex(tab);
+        Q_EMIT tabShown(tab);
+    });
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(4);
     rows->addWidget(m_tabs);
-    rows->addWidget(lists, 1);
+    rows->addWidget(m_pages, 1);
 }
 
 void MetadataPane::showTab(int tab) {
     m_tabs->setCurrentIndex(tab);
 }
 
+int MetadataPane::tab() const {
+    return m_tabs->currentIndex();
+}
+
+/// A double click on a row, or Return, does what the first button does.
+QWidget* MetadataPane::makePage(std::span<const char* const> buttons, const char* barName, ListControl* list,
+                                void (MetadataPane::*clicked)(int)) {
+    auto* page = new QWidget(this);
+    auto* bar = new QWidget(page);
+    bar->setObjectName(QLatin1String(barName));
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    int index = 0;
+    for (const char* name : buttons) {
+        row->addWidget(m_actions.makeButton(name, bar));
+        connect(&m_actions.action(name), &QAction::triggered, this,
+                [this, clicked, index] { (this->*clicked)(index); });
+        ++index;
+    }
+    row->addStretch(1);
+    for (auto opened : {&ListControl::rowDoubleClicked, &ListControl::enterPressed})
+        connect(list, opened, this, [this, clicked] { (this->*clicked)(0); });
+    auto* rows = new QVBoxLayout(page);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    rows->addWidget(bar);
+    rows->addWidget(list, 1);
+    return page;
+}
+
 ListControl* MetadataPane::addList(ListView& list, const char* name, const QString& meaning) {
+    if (m_icons.count() == 0)
+        m_icons.add(QStringLiteral("edit"));
+    list.attachImages(&m_icons);
     auto* control = new ListControl(list, this);
     control->setObjectName(QLatin1String(name));
     control->setAccessibleName(meaning);
     control->setFullRowSelect(true);
+    control->setTableIconSize(iconSize);
+    control->setPixmapMaker([control](const QVariant& icon) {
+        return lineIcon(icon.toString()).pixmap(iconSize, control->devicePixelRatioF());
+    });
     return control;
 }
 

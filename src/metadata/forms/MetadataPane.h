@@ -4,29 +4,43 @@
 #include "base/ListView.h"
 
 #include <QWidget>
+#include <span>
 
+class QStackedWidget;
 class QTabBar;
 
 namespace tarsel {
 
+class ActionTable;
 class ListControl;
 
-/// The metadata of the picture on show, on two tabs.
+/// The metadata of the picture on show, on two tabs with a bar of buttons each.
 class MetadataPane final : public QWidget {
     Q_OBJECT
 public:
-    MetadataPane(ListView& lvExif, ListView& lvIPTC, QWidget* parent = nullptr);
+    MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable& actions, QWidget* parent = nullptr);
 
     ListControl& lvExif() const { return *m_exif; }
     ListControl& lvIPTC() const { return *m_iptc; }
     void showTab(int tab); ///< 0 EXIF, 1 IPTC
+    int tab() const;
+
+Q_SIGNALS:
+    void tabShown(int tab);
+    void cmdEXIFBar(int index);
+    void cmdIPTCBar(int index);
 
 private:
+    QWidget* makePage(std::span<const char* const> buttons, const char* barName, ListControl* list,
+                      void (MetadataPane::*clicked)(int));
     ListControl* addList(ListView& list, const char* name, const QString& meaning);
 
+    const ActionTable& m_actions;
+    ImageList m_icons; ///< what marks the rows that can be edited
     ListControl* m_exif;
     ListControl* m_iptc;
     QTabBar* m_tabs;
+    QStackedWidget* m_pages;
 };
 
 } // namespace tarsel

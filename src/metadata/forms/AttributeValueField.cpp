@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "metadata/forms/AttributeValueField.h"
+
+#include "base/Conversions.h"
+#include "base/IgnoringErrors.h"
+#include "base/Locale.h"
+#include "controls/ucDateTimePicker.h"
+#include "metadata/modMetadata.h"
+
+#include <QKeyEvent>
+#include <QPlainTextEdit>
+
+namespace tarsel {
+
+namespace {
+
+const QString dayForm = QStringLiteral("m/d/yyyy");
+const QString timeForm = QStringLiteral("h:mm:ss AM/PM");
+constexpr int linesShown = 4;
+
+} // namespace
+
+AttributeValueField::AttributeValueField(QPlainTextEdit* text, ucDateTimePicker* date) :
+    QObject(text), m_text(text), m_date(date) {
+    m_text->installEventFilter(this);
+    m_text->setFixedHeight(m_text->fontMetrics().lineSpacing() * linesShown + 12);
+}
+
+void AttributeValueField::showFor(const QString& name, const QString& value) {
+    m_isDate = modMetadata::IsExifDate(name) || modMetadata::IsIptcDate(name);
+    m_text->setVisible(!m_isDate);
+    m_date->setVisible(m_isDate);
+    m_text->setPlainText(value);
+    m_shownDay.clear();
+    m_timeOfDay.clear();
+    QDateTime date = QDate::currentDate().startOfDay();
+    if (m_isDate && !value.isEmpty())
+        ignoringErrors([&] { // one that can't be read gives way to today
+            date = toDate(value, service<Locale>().dateForms());
+            m_shownDay = formatDate(date, dayForm);
+            m_timeOfDay = formatDate(date, timeForm);
+        });
+    m_date->setDateSelected(date);
+}
+
+QString AttributeValueField::text() const {
+    return m_isDate ? formatDate(m_date->DateSelected(), dayForm) : m_text->toPlainText().trimmed();
+}
+
+void AttributeValueField::selectAll() {
+    if (m_isDate)
+        return m_date->setFocus();
+    m_text->setFocus();
+    m_text->selectAll();
+}
+
+bool AttributeValueField::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (!isReturn || key->modifiers() & Qt::ShiftModifier)
+        return false;
+    Q_EMIT accepted();
+    return true;
+}
+
+} // namespace tarsel

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDateTime>
+#include <QObject>
+#include <QString>
+
+class QPlainTextEdit;
+
+namespace tarsel {
+
+class ucDateTimePicker;
+
+/// The value of an attribute in a dialog: a text box, or the date picker for the attributes that are dates.
+/// The time of day can't be changed there and is kept aside.
+class AttributeValueField final : public QObject {
+    Q_OBJECT
+public:
+    AttributeValueField(QPlainTextEdit* text, ucDateTimePicker* date);
+
+    /// The field that fits the attribute, with nothing or with a value in it.
+    void showFor(const QString& name, const QString& value);
+    bool isDate() const { return m_isDate; }
+    /// What the user typed, without blanks around it, or the day as "m/d/yyyy".
+    QString text() const;
+    /// The day of the value that was shown, in the same form; empty for none.
+    const QString& shownDay() const { return m_shownDay; }
+    /// The time of day of that value as "h:mm:ss AM/PM"; empty for none.
+    const QString& timeOfDay() const { return m_timeOfDay; }
+    void selectAll();
+
+Q_SIGNALS:
+    void accepted(); ///< Return in the text box
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QPlainTextEdit* m_text;
+    ucDateTimePicker* m_date;
+    bool m_isDate = false;
+    QString m_shownDay;
+    QString m_timeOfDay;
+};
+
+} // namespace tarsel

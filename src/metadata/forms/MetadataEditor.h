@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/ListView.h"
+#include "imaging/ImageBox.h"
+
+#include <QObject>
+#include <QThreadPool>
+#include <functional>
+
+class QWidget;
+
+namespace tarsel {
+
+/// The commands of the metadata pane. Each change goes into the file of the picture on show at once, on a
+/// thread; the window answers meanwhile, and the commands do nothing until it is written. What is changed is
+/// what the file holds at that moment, so that other programs' changes stay.
+class MetadataEditor final : public QObject {
+    Q_OBJECT
+public:
+    enum Tab { Exif = 0, Iptc = 1 };
+
+    /// `ibMain` holds the picture on show, whose path is in its Tag.
+    MetadataEditor(ImageBox& ibMain, ListView& lvExif, ListView& lvIPTC, QWidget* owner);
+    ~MetadataEditor() override; ///< waits for a file that is being written
+
+    Tab CurrentMetadataTab = Exif;
+
+    void cmdEXIFBar(int index);
+    void cmdIPTCBar(int index);
+    void subEditAttribute();
+    void subAddExifAttribute();
+    void subDeleteAttribute();
+    void subClearAllAttributes();
+
+Q_SIGNALS:
+    void metadataChanged(); ///< of the picture on show
+
+private:
+    using Change = std::function<bool(const QString& path, ImageBox& box)>;
+
+    void run(const char* routine, const QString& trappingText, const std::function<void()>& body);
+    bool change(const Change& change);
+    bool update(bool isIptc, const QString& name, const QString& value);
+    ListView& list() const { return CurrentMetadataTab == Exif ? m_exif : m_iptc; }
+    QString path() const { return m_box.Tag; }
+
+    void editText(const QString& name, const QString& label, const QString& value);
+    void editKeywords();
+    void editCategories();
+    void showInRow(const QString& label, const QString& value);
+    void deleteExif();
+    void deleteIptc();
+    bool clear(ListView& rows, const QString& question, const Change& clearing);
+    void LoadXiffFile();
+    void SaveXiffFile();
+    void showXiffRow(const QString& name, const QString& value);
+    void openIptcFile();
+    void saveIptcFile();
+
+    ImageBox& m_box;
+    ListView& m_exif;
+    ListView& m_iptc;
+    QWidget* m_owner;
+    QThreadPool m_threads;
+    bool m_isBusy = false;
+};
+
+} // namespace tarsel

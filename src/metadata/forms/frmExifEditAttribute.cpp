@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "metadata/forms/frmExifEditAttribute.h"
+
+#include "controls/FormScrollArea.h"
+#include "metadata/forms/AttributeValueField.h"
+#include "metadata/forms/ui_frmExifEditAttribute.h"
+
+namespace tarsel {
+
+frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& label, const QString& value,
+                                           QWidget* owner) :
+    QDialog(owner),
+    m_ui(std::make_unique<Ui::frmExifEditAttribute>()), m_value(value) {
+    m_ui->setupUi(this);
+    m_field = new AttributeValueField(m_ui->txtValue, m_ui->ucDateTime);
+    m_ui->txtAttribute->setText(label);
+    m_field->showFor(name, value);
+    m_field->selectAll();
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmExifEditAttribute::cmdOK_Click);
+    connect(m_field, &AttributeValueField::accepted, this, &frmExifEditAttribute::cmdOK_Click);
+    fitToText(*this, 60);
+}
+
+frmExifEditAttribute::~frmExifEditAttribute() = default;
+
+void frmExifEditAttribute::cmdOK_Click() {
+    const QString text = m_field->text();
+    if (text == (m_field->isDate() ? m_field->shownDay() : m_value))
+        return reject();
+    m_value = m_field->isDate() ? text + QLatin1Char(' ') + m_field->timeOfDay() : text;
+    accept();
+}
+
+} // namespace tarsel

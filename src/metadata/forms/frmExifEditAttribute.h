@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+namespace tarsel {
+
+class AttributeValueField;
+namespace Ui {
+class frmExifEditAttribute;
+}
+
+/// Changes the value of one attribute. Accepted only when it is another one.
+class frmExifEditAttribute final : public QDialog {
+    Q_OBJECT
+public:
+    /// `label` is what the user knows the attribute by.
+    frmExifEditAttribute(const QString& name, const QString& label, const QString& value,
+                         QWidget* owner = nullptr);
+    ~frmExifEditAttribute() override;
+    frmExifEditAttribute(const frmExifEditAttribute&) = delete;
+    frmExifEditAttribute& operator=(const frmExifEditAttribute&) = delete;
+
+    const QString& MetadataValue() const { return m_value; }
+
+private:
+    void cmdOK_Click();
+
+    std::unique_ptr<Ui::frmExifEditAttribute> m_ui;
+    AttributeValueField* m_field;
+    QString m_value;
+};
+
+} // namespace tarsel

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "metadata/forms/frmExifNewAttribute.h"
+
+#include "base/Clock.h"
+#include "base/Conversions.h"
+#include "controls/FormScrollArea.h"
+#include "metadata/forms/AttributeValueField.h"
+#include "metadata/forms/ui_frmExifNewAttribute.h"
+#include "metadata/modMetadata.h"
+
+namespace tarsel {
+
+frmExifNewAttribute::frmExifNewAttribute(const ListView& lvExif, QWidget* owner) :
+    QDialog(owner), m_ui(std::make_unique<Ui::frmExifNewAttribute>()) {
+    m_ui->setupUi(this);
+    m_field = new AttributeValueField(m_ui->txtValue, m_ui->ucDateTime);
+    for (const QString& name : modMetadata::ExifEditableAttributes())
+        if (modMetadata::ListKeyIsFree(lvExif, name))
+            m_ui->cmbAttribute->addItem(name);
+    if (m_ui->cmbAttribute->count() == 0)
+        m_ui->cmbAttribute->addItem(tr("No editable attribute to add!"));
+    connect(m_ui->cmbAttribute, &QComboBox::currentTextChanged, this, &frmExifNewAttribute::showField);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_field, &AttributeValueField::accepted, this, &QDialog::accept);
+    showField();
+    fitToText(*this, 60);
+}
+
+frmExifNewAttribute::~frmExifNewAttribute() = default;
+
+void frmExifNewAttribute::showField() {
+    m_field->showFor(m_ui->cmbAttribute->currentText(), {});
+}
+
+QString frmExifNewAttribute::MetadataName() const {
+    return m_ui->cmbAttribute->currentText();
+}
+
+QString frmExifNewAttribute::MetadataValue() const {
+    if (!m_field->isDate())
+        return m_field->text();
+    return m_field->text() + QLatin1Char(' ') +
+           formatDate(service<Clock>().now(), QStringLiteral("h:mm:ss AM/PM"));
+}
+
+} // namespace tarsel
