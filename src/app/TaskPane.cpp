@@ -102,6 +102,8 @@ QWidget* TaskPane::makeConfirmed() {
     m_confirmed->setObjectName(QStringLiteral("lvEditPreview"));
     m_confirmed->setAccessibleName(tr("Confirmed tasks"));
     m_confirmed->setFullRowSelect(true);
+    m_confirmed->setSortable(false); // the order is that of the tasks
+    m_confirmed->setSingleSelection();
     m_confirmed->setHint(tr("Confirmed tasks are listed here."));
     m_confirmed->setFixedHeight(fontMetrics().height() * 10);
     layOutPane(confirmed, bar, m_confirmed);

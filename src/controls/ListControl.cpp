@@ -27,7 +27,8 @@ namespace {
 
 constexpr int typingRest = 300; ///< milliseconds
 
-/// A view whose drags only ever offer copies: moving is the list's work.
+/// A view whose drags only ever offer copies: moving is the list's work. As one of single selection it
+/// selects what was clicked last, whatever keys are held, also nothing.
 template <class View>
 class DraggingView final : public View {
 public:
@@ -35,6 +36,13 @@ public:
 
 protected:
     void startDrag(Qt::DropActions) override { View::startDrag(Qt::CopyAction); }
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override {
+        if (this->selectionMode() != QAbstractItemView::SingleSelection)
+            return View::selectionCommand(index, event);
+        return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                               : QItemSelectionModel::SelectionFlags(QItemSelectionModel::Clear);
+    }
 };
 
 bool isArrow(int key) {
@@ -169,6 +177,15 @@ void ListControl::acceptDrops() {
 void ListControl::setRowsDraggable() {
     m_table->setDragEnabled(true);
     m_thumbnails->setDragEnabled(true);
+}
+
+void ListControl::setSortable(bool sortable) {
+    m_table->header()->setSectionsClickable(sortable);
+}
+
+void ListControl::setSingleSelection() {
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_thumbnails->setSelectionMode(QAbstractItemView::SingleSelection);
 }
 
 void ListControl::editText(int row) {

@@ -54,6 +54,10 @@ public:
     /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.
     void acceptRowsOf(const ListControl* source);
     void setRowsDraggable();
+    /// Lets a click on a heading sort the rows; it does until this is called.
+    void setSortable(bool sortable);
+    /// One selected row at most, and none after a click beside the rows.
+    void setSingleSelection();
     /// Lets files of other programs be dropped and pasted here.
     void acceptFiles();
     /// Opens the row's text for editing in place.

@@ -128,6 +128,8 @@ QWidget* BrowsePane::makeTaskPanel() {
     m_tasks->setObjectName(QStringLiteral("lvEdit"));
     m_tasks->setAccessibleName(tr("Confirmed tasks"));
     m_tasks->setFullRowSelect(true);
+    m_tasks->setSortable(false); // the order is that of the tasks
+    m_tasks->setSingleSelection();
     m_tasks->setHint(tr("Open a task basket to run its tasks on the pictures."));
     layOutPane(picEditBar, bar, m_tasks);
     return picEditBar;
