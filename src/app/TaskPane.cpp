@@ -7,6 +7,7 @@
 #include "controls/PaneCaption.h"
 #include "controls/isExplorerBar.h"
 #include "tasks/TaskWorkflow.h"
+#include "tasks/forms/ColorWell.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -14,6 +15,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTimer>
 #include <QToolButton>
 #include <algorithm>
@@ -207,10 +209,26 @@ void TaskPane::setBaseSize(int width, int height) {
     m_base = {width, height};
 }
 
-void TaskPane::open(int kind, const ImageBox& box) {
+ColorWell* TaskPane::backColorWell() const {
+    return m_page ? m_page->findChild<ColorWell*>(QStringLiteral("picCropBackColor")) : nullptr;
+}
+
+/// The pages share the back colour. Only a crop opens with it, since the others have defaults of their own.
+void TaskPane::changePage(int kind) {
+    if (const ColorWell* last = backColorWell())
+        m_backColor = last->value();
     if (m_page)
         m_page->hide();
     m_page = pageOf(kind);
+    const QSignalBlocker silent(m_page);
+    if (ColorWell* well = backColorWell(); well && m_backColor.isValid())
+        well->setValue(m_backColor);
+}
+
+void TaskPane::open(int kind, const ImageBox& box) {
+    changePage(kind);
+    if (kind != 0 && !m_bar->isOpen(optionsGroup))
+        m_bar->ExpandGroup(optionsGroup, true);
     m_page->setPicture({box.Width(), box.Height()}, m_base);
     m_page->showRow(defaultRow(kind, m_defaults));
     m_page->show();

@@ -8,6 +8,7 @@
 #include "tasks/forms/TaskOptionPage.h"
 
 #include <QSize>
+#include <QVariant>
 #include <QWidget>
 #include <map>
 
@@ -19,6 +20,7 @@ class QPushButton;
 namespace tarsel {
 
 class ActionTable;
+class ColorWell;
 class isExplorerBar;
 class ListControl;
 
@@ -52,6 +54,8 @@ Q_SIGNALS:
 private:
     void addTasks();
     TaskOptionPage* pageOf(int kind);
+    void changePage(int kind);
+    ColorWell* backColorWell() const; ///< of the page on show; null when it has none
     void orderTabs();
     void layOutOptions();
     void scrollToOptions();
@@ -69,6 +73,7 @@ private:
     std::map<int, TaskOptionPage*> m_pages; ///< by kind, made when they are opened
     TaskOptionPage* m_page = nullptr;       ///< on show
     int m_kind = 0;                         ///< of m_page
+    QVariant m_backColor;                   ///< last shown
     QSize m_base;
 };
 

@@ -294,7 +294,8 @@ void isExplorerBar::step() {
 
 // --- keys
 
-/// The order among the controls of a child stays.
+/// The order among the controls of a child stays. Labels and frames are left out: Qt refuses an order with
+/// one of them, and the chain would break there.
 QWidget* isExplorerBar::orderTabs() {
     std::vector<QWidget*> stops;
     for (const ExplorerBarGroup* box : m_shown) {
@@ -303,7 +304,7 @@ QWidget* isExplorerBar::orderTabs() {
         const QWidget* child = m_children.value(box->key());
         for (QWidget* next = child ? child->nextInFocusChain() : nullptr; next && next != child;
              next = next->nextInFocusChain())
-            if (child->isAncestorOf(next))
+            if (child->isAncestorOf(next) && next->focusPolicy() != Qt::NoFocus && !next->focusProxy())
                 stops.push_back(next);
     }
     for (std::size_t index = 1; index < stops.size(); ++index)

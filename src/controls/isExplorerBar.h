@@ -20,6 +20,10 @@ class ExplorerBarGroup;
 /// message, and the call does nothing.
 ///
 /// Tab goes through titles, items and controls, arrow keys through titles and items; Enter and blank press.
+///
+/// There are no Font, UseUxThemeText and EnablevbAcceleratorImagelist: the font and the way of drawing are
+/// the desktop's, and icons are QIcon whatever list they come from. Long2RGB has no use, since colours are
+/// QColor.
 class isExplorerBar final : public QScrollArea {
     Q_OBJECT
 public:

@@ -4,9 +4,12 @@
 #include "collections/forms/ImageBoxView.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ListControl.h"
+#include "controls/isExplorerBar.h"
 #include "output/BatchSave.h"
 #include "tasks/TaskColumns.h"
 #include "tasks/TaskFile.h"
+#include "tasks/forms/ColorWell.h"
+#include "tasks/forms/TaskOptionPage.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/Corpus.h"
@@ -17,12 +20,15 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSlider>
+#include <QTabBar>
 #include <QTest>
+#include <QTreeView>
 #include <QWheelEvent>
 
 namespace tarsel::test {
@@ -120,6 +126,71 @@ TEST_F(EditingInTheWindow, IsARoundOfKeysFromEditToFinish) {
     EXPECT_TRUE(isSeen("lvFolder") && isSeen("lvExif") && isOn("cmdPreviewType"));
     EXPECT_TRUE(shown() == before) << "the original is to be shown";
     EXPECT_EQ(tasks().count(), 1) << "and the list stays";
+}
+
+TEST_F(EditingInTheWindow, TabGoesFromTheChosenTaskThroughItsOptionsToPreviewAndConfirm) {
+    startEditing();
+    auto& bar = child<isExplorerBar>(window(), "eb");
+    bar.ExpandGroup(QStringLiteral("Dialog"), false);
+    for (const TaskKind& kind : taskKinds()) {
+        auto* const item = window().findChild<QAbstractButton*>(QLatin1String(kind.panelKey));
+        if (!item)
+            continue;
+        item->click();
+        item->setFocus();
+        QWidgetList fields, reached;
+        for (QWidget* page : window().findChildren<TaskOptionPage*>())
+            for (QWidget* field : page->findChildren<QWidget*>()) {
+                const auto* button = qobject_cast<QAbstractButton*>(field);
+                const bool isOtherChoice = button && button->group() && !button->isChecked();
+                if ((field->focusPolicy() & Qt::TabFocus) && field->isVisible() && field->isEnabled() &&
+                    !field->focusProxy() && !isOtherChoice)
+                    fields << field;
+            }
+        do {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            reached << QApplication::focusWidget();
+        } while (reached.back()->objectName() != QLatin1String("cmdOK") && reached.size() < 50);
+        SCOPED_TRACE(kind.panelKey);
+        ASSERT_EQ(reached[reached.size() - 2]->objectName().toStdString(), "cmdApply");
+        EXPECT_EQ(reached.mid(1, fields.size()), fields) << "after the title of the group";
+    }
+    EXPECT_TRUE(bar.isOpen(QStringLiteral("Dialog"))) << "a chosen task opens it";
+}
+
+TEST_F(EditingInTheWindow, BothListsKeepTheOrderOfTheTasksAndOneSelectedRow) {
+    startEditing();
+    ConfigRecord.Tasks.CanvasColor = 0x123456;
+    for (const char* task : {"Canvas", "Invert", "Shadow"}) {
+        click(window(), task);
+        key(Qt::Key_Return, Qt::ControlModifier);
+    }
+    click(window(), "Canvas");
+    click(window(), "Blur");
+    click(window(), "Crop");
+    for (const auto* well : window().findChildren<ColorWell*>(QStringLiteral("picCropBackColor")))
+        EXPECT_EQ(well->value(), 0x123456) << "shared";
+    for (const char* name : {"lvEditPreview", "lvEdit"}) {
+        auto& list = child<ListControl>(window(), name);
+        auto& table = child<QTreeView>(list, "");
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(waitFor([&] { return table.viewport()->width() > 9; }));
+        QTest::mouseClick(table.header()->viewport(), Qt::LeftButton, {}, {9, 9});
+        EXPECT_EQ(texts(list.list()), "Canvas Negative Shadow");
+        const auto press = [&](int row, Qt::KeyboardModifiers with = {}) {
+            const QRect place = table.visualRect(list.list().index(row, 0));
+            const QPoint beside = table.viewport()->rect().bottomLeft() - QPoint(-9, 3);
+            QTest::mouseClick(table.viewport(), Qt::LeftButton, with,
+                              place.isValid() ? place.center() : beside);
+            settle();
+            return list.list().selectedRows();
+        };
+        press(0);
+        EXPECT_EQ(press(2, Qt::ControlModifier), std::vector{2});
+        EXPECT_EQ(press(99), std::vector<int>());
+        click(window(), "CmdPreviewEdit");
+        child<QTabBar>(window(), "tbsBrowse").setCurrentIndex(1);
+    }
 }
 
 TEST_F(EditingInTheWindow, GoesOnWithAnotherPictureThatTakesThePlaceOfTheEditedOne) {
