@@ -22,13 +22,22 @@ void MergedPictureView::setValue(const QVariant& path) {
     const bool isOther = path.toString() != m_path;
     if (!isOther && !m_drawn.isNull())
         return;
-    m_path = path.toString();
+    showFile(path.toString());
+    if (isOther)
+        Q_EMIT pathChanged();
+}
+
+void MergedPictureView::choose(const QString& path) {
+    showFile(path);
+    Q_EMIT pathChanged();
+}
+
+void MergedPictureView::showFile(const QString& path) {
+    m_path = path;
     take(m_path, {}, {});
     setToolTip(plainToolTip(m_path));
     setAccessibleDescription(m_path);
     requestPicture();
-    if (isOther)
-        Q_EMIT pathChanged();
 }
 
 void MergedPictureView::requestPicture() {

@@ -19,6 +19,7 @@ public:
 
     QVariant value() const override { return m_path; }
     void setValue(const QVariant& path) override;
+    void choose(const QString& path); ///< by the user: also a file shown already is read and signalled again
     void onChange(const std::function<void()>& changed) override;
     void setPicking(bool picking);
     QSize sizeHint() const override;
@@ -40,6 +41,7 @@ private:
         Size box;
     };
 
+    void showFile(const QString& path);
     void requestPicture();
     void read(const Request& request, const std::stop_token& stop);
     void take(const QString& path, const Picture& picture, Size sourceSize);

@@ -6,6 +6,7 @@
 #include "tasks/forms/ColorWell.h"
 #include "tasks/forms/FormControls.h"
 #include "tasks/forms/NumberBox.h"
+#include "tasks/forms/PictureButton.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -65,9 +66,10 @@ void showNumber(QSlider& slider, QLabel& label) {
 
 /// Box and slider follow each other; a number beyond the slider's range leaves it at its end.
 void joinBoxAndSlider(QLineEdit& box, QSlider& slider) {
-    QObject::connect(&box, &QLineEdit::textChanged, &slider, [&slider](const QString& text) {
+    // An emptied box is refilled before this slot runs: what the box holds counts, not what the signal says.
+    QObject::connect(&box, &QLineEdit::textChanged, &slider, [&box, &slider] {
         const QSignalBlocker silent(slider);
-        slider.setValue(int(leadingNumber(text)));
+        slider.setValue(int(leadingNumber(box.text())));
     });
     QObject::connect(&slider, &QSlider::valueChanged, &box,
                      [&box](int value) { box.setText(QString::number(value)); });
@@ -82,6 +84,12 @@ OptionPage::OptionPage(int kind, TaskDefaults& defaults, SetUp setUp, QWidget* p
     bindSettings();
     OptionPage::setLive(false);
     connectSelectionButtons();
+    // A click on the picture that is chosen already is a change too.
+    for (auto* button : findChildren<PictureButton*>())
+        connect(button, &PictureButton::pressed, this, [this, button] {
+            if (button->isChecked())
+                takeChange();
+        });
 }
 
 void OptionPage::bindColumns() {

@@ -39,7 +39,8 @@ void ResizePage::follow(const QLineEdit& typed, QLineEdit& other, int typedBase,
         return;
     const QScopedValueRollback following(m_isFollowing, true);
     const double size = roundHalfEven(leadingNumber(typed.text()) * otherBase / typedBase);
-    other.setText(QString::number(int(std::min(size, double(std::numeric_limits<int>::max())))));
+    if (size <= std::numeric_limits<qint16>::max()) // the other stays as it is otherwise
+        other.setText(QString::number(int(size)));
 }
 
 } // namespace tarsel

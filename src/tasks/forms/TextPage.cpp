@@ -13,6 +13,17 @@ namespace {
 
 constexpr int clickedPosition = 9;
 
+/// Each family once: of a family from several makers Qt makes one entry each, "C059 [urw]". A recorded name
+/// with a maker would be unknown to computers that have the font from another one.
+void listFamilies(QFontComboBox& fonts) {
+    QStringList families;
+    for (int index = 0; index < fonts.count(); ++index)
+        families << fonts.itemText(index).section(QLatin1String(" ["), 0, 0);
+    families.removeDuplicates();
+    fonts.clear();
+    fonts.addItems(families);
+}
+
 void setUpText(QWidget* page) {
     setUpForm<Ui::TextOptions>(page);
     auto& sizes = controlOf<QComboBox>(*page, "comboFontSize");
@@ -20,6 +31,7 @@ void setUpText(QWidget* page) {
         sizes.addItem(QString::number(size));
     sizes.setCompleter(nullptr); // typed numbers stay as they are
     auto& fonts = controlOf<QFontComboBox>(*page, "ComboFontFamily");
+    listFamilies(fonts);
     fonts.setPlaceholderText(TextPage::tr("Failed to get font info"));
     fonts.setEnabled(fonts.count() > 0);
     constexpr std::pair<const char*, const char*> icons[] = {{"OptTextAlignment_0", "alignLeft"},

@@ -11,7 +11,7 @@ namespace tarsel {
 using column::Watermark;
 
 WatermarkPage::WatermarkPage(TaskDefaults& defaults, QWidget* parent) :
-    OptionPage(9, defaults, setUpForm<Ui::WatermarkOptions>, parent),
+    OptionPage(9, defaults, setUpForm<Ui::WatermarkOptions>, parent), m_settings(defaults),
     picWatermarkImage(&controlOf<MergedPictureView>(*this, "picWatermarkImage")) {
     auto& pick = controlOf<QToolButton>(*this, "chkWatermarkTransparentColor");
     auto& color = controlOf<ColorWell>(*this, "picWatermarkTransparentColor");
@@ -42,8 +42,10 @@ void WatermarkPage::cmdSelectMerge_Click() {
     const auto choice = service<Dialogs>().openFileDialog({tr("Load Image for Merging"),
                                                            tr("Pictures") + QLatin1Char('|') + formats,
                                                            picWatermarkImage->value().toString()});
-    if (choice)
-        picWatermarkImage->setValue(choice->path);
+    if (!choice)
+        return;
+    m_settings.WatermarkImage = choice->path; // whether the task is confirmed or not
+    picWatermarkImage->choose(choice->path);
 }
 
 void WatermarkPage::keepLocation(const TaskRow& recorded) {

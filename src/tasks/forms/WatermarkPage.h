@@ -19,6 +19,7 @@ private:
     void cmdSelectMerge_Click();
     void showStyle(int style);
 
+    TaskDefaults& m_settings;
     MergedPictureView* picWatermarkImage;
 };
 
