@@ -6,6 +6,7 @@
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Text.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "cli/CsvTable.h"
+#include "tests/cli/Program.h"
+#include "tests/support/Text.h"
+
+#include <QJsonArray>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+/// The rows of a picture as "label=value", those without a value left out.
+std::string rowsOf(const PictureFolder& folder, const char* picture) {
+    const QList<QJsonObject> found =
+        folder.run(commandLine("metadata get --json") << text(picture)).objects();
+    QStringList rows;
+    for (const char* list : {"exif", "iptc"})
+        for (const QJsonValue& row : found.value(0)[QLatin1String(list)].toArray())
+            if (const QString value = row[QLatin1String("value")].toString(); !value.isEmpty())
+                rows << row[QLatin1String("label")].toString() + u'=' + value;
+    return rows.join(u'|').toStdString();
+}
+
+} // namespace
+
+TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
+    const PictureFolder folder;
+    const auto status = [&](const char* words, const QStringList& more = {}) {
+        return folder.run(commandLine("metadata") + commandLine(words) + more).status;
+    };
+    EXPECT_EQ(status("set --exif Artist=Ann --iptc Keywords=sea,sand --iptc Urgency=3 a.jpg"), 0);
+    EXPECT_EQ(rowsOf(folder, "a.jpg"), "Software=Tarsel JPEG|Artist=Ann|Keywords=sea,sand");
+    EXPECT_EQ(status("export --exif x.xiff --iptc x.ffo a.jpg"), 0);
+    EXPECT_EQ(status("import --exif x.xiff --iptc x.ffo b.jpg c.jpg"), 0);
+    EXPECT_EQ(rowsOf(folder, "c.jpg"), rowsOf(folder, "a.jpg"));
+    EXPECT_EQ(status("delete --exif Artist --iptc Keywords b.jpg"), 0);
+    EXPECT_EQ(rowsOf(folder, "b.jpg"), "Software=Tarsel JPEG");
+    EXPECT_EQ(status("clear --exif --iptc", {folder.path()}), 0) << "a folder is all of its pictures";
+    EXPECT_EQ(rowsOf(folder, "a.jpg") + rowsOf(folder, "b.jpg") + rowsOf(folder, "c.jpg"), "");
+}
+
+TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
+    const PictureFolder folder;
+    writeFileSafely(folder.path("t.csv"), "\xEF\xBB\xBF"
+                                          "file,Caption,exif:DateTime\r\na.jpg,\"Sea, \"\"wide\"\"\r\nand "
+                                          "blue\",\r\ngone.jpg,x,\nb.jpg,,soon\nc.jpg,,\n");
+    const ProgramRun run = folder.run("metadata set --from t.csv --json");
+    EXPECT_EQ(run.status, 1);
+    QStringList states;
+    for (const QJsonObject& each : run.objects())
+        states << each[QLatin1String("state")].toString();
+    EXPECT_EQ(states.join(u' '), text("written failed failed unchanged"));
+    EXPECT_EQ(rowsOf(folder, "a.jpg"), "Caption=Sea, \"wide\"\r\nand blue");
+    EXPECT_EQ(folder.run("metadata set --iptc Headline=x --dry-run a.jpg").output,
+              "dry-run: " + folder.path("a.jpg").toUtf8() + "\n");
+    EXPECT_EQ(rowsOf(folder, "a.jpg"), "Caption=Sea, \"wide\"\r\nand blue");
+    const QString longKeyword = text("Keywords=") + QString(65, u'k');
+    EXPECT_TRUE(
+        contains(folder.run(commandLine("metadata set a.jpg --iptc") << longKeyword).messages, "64 bytes"));
+    for (const char* wrong : {"set a.jpg", "set --exif Make a.jpg", "set --exif ColorSpace=1 a.jpg",
+                              "set --iptc Nothing=1 a.jpg", "get", "lose a.jpg"})
+        EXPECT_EQ(folder.run(commandLine("metadata") + commandLine(wrong)).status, 2) << wrong;
+    EXPECT_THROW(cli::readCsv("a,\"b"), TrappedError);
+}
