@@ -209,7 +209,8 @@ void Preview::apply(PreviewWorker::Result result) {
 }
 
 void Preview::takeResult(PreviewWorker::Result result) {
-    const char* routine = m_pending->isPreview ? "FrmMain.cmdApply_Click" : "subProcessPages";
+    const bool isPreview = m_pending->isPreview;
+    const char* routine = isPreview ? "FrmMain.cmdApply_Click" : "subProcessPages";
     const bool isQuiet = m_pending->isQuiet;
     m_pending.reset();
     const std::optional<TrappedError> failure = std::move(result.failure);
@@ -218,7 +219,7 @@ void Preview::takeResult(PreviewWorker::Result result) {
         takePicture(result);
     else
         m_lists.ibMain.Clear();
-    if (!failure || isQuiet)
+    if (!failure || isPreview) // a failed replay leaves it on
         service<EventLoop>().setBusyPointer(false);
     if (!path.isEmpty())
         describe(path);

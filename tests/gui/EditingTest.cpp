@@ -193,6 +193,20 @@ TEST_F(EditingInTheWindow, BothListsKeepTheOrderOfTheTasksAndOneSelectedRow) {
     }
 }
 
+TEST_F(EditingInTheWindow, ReportsAFailingPreviewAndShowsTheUsualPointerAgain) {
+    startEditing();
+    press("Resize");
+    set("txtResizeWidth", "0");
+    settle();
+    bool reported = false;
+    script.on("frmErrorReport", [&](QWidget& report) {
+        reported = !QGuiApplication::overrideCursor();
+        report.close();
+    });
+    press("cmdApply");
+    EXPECT_TRUE(reported);
+}
+
 TEST_F(EditingInTheWindow, GoesOnWithAnotherPictureThatTakesThePlaceOfTheEditedOne) {
     startEditing();
     click(window(), "Invert");
