@@ -9,6 +9,7 @@
 #include "tasks/TaskWorkflow.h"
 #include "tasks/forms/ColorWell.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -132,7 +133,14 @@ QWidget* TaskPane::makeButtons() {
         grid->addWidget(makeButton(name), place / 2, place % 2);
         ++place;
     }
+    button("cmdOK").installEventFilter(this);
+    m_actions.action("cmdOK").setAutoRepeat(false);
     return buttons;
+}
+
+/// The second click of a double click on Confirm would be Finish.
+bool TaskPane::eventFilter(QObject* watched, QEvent* event) {
+    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(watched, event);
 }
 
 /// A push button that follows its action.
@@ -153,6 +161,10 @@ QPushButton* TaskPane::makeButton(const char* name) {
     return button;
 }
 
+QPushButton& TaskPane::button(const char* name) const {
+    return *findChild<QPushButton*>(QLatin1String(name));
+}
+
 /// The buttons come after the groups.
 void TaskPane::orderTabs() {
     QWidget* last = m_bar->orderTabs();
@@ -169,17 +181,28 @@ void TaskPane::showState(const TaskPanelState& state) {
     m_title->setText(state.title);
     const auto* kind = taskKind(state.kind);
     m_bar->setChosenItem(TaskWorkflow::tasksGroup, kind ? QString::fromLatin1(kind->panelKey) : QString());
-    const bool hadFocus = findChild<QPushButton*>(QStringLiteral("cmdApply"))->hasFocus();
     m_actions.action("cmdOK").setText(state.okButton);
     const std::pair<const char*, bool> buttons[] = {
         {"cmdReset", state.cmdReset}, {"cmdApply", state.cmdApply},
         {"cmdOK", state.cmdOK},       {"cmdOriginalImage", state.cmdOriginalImage},
         {"cmdBefore", state.isOpen},  {"cmdCompare", state.isOpen}};
+    const QWidget* focused = QApplication::focusWidget();
     for (const auto& [name, enabled] : buttons)
         m_actions.action(name).setEnabled(enabled);
-    if (hadFocus && !state.cmdApply)
-        findChild<QPushButton*>(state.cmdReset ? QStringLiteral("cmdReset") : QStringLiteral("cmdOK"))
-            ->setFocus();
+    moveFocus(focused, state);
+}
+
+/// To Reset after a preview, and from a button that was switched off: Qt would go to the next one, which may
+/// remove all tasks.
+void TaskPane::moveFocus(const QWidget* focused, const TaskPanelState& state) {
+    if (std::exchange(m_previewBegun, false) && state.cmdReset)
+        button("cmdReset").setFocus();
+    else if (focused && isAncestorOf(focused) && !focused->isEnabled() && state.isOpen) {
+        if (state.cmdApply && focused == &button("cmdReset"))
+            button("cmdApply").setFocus();
+        else
+            m_bar->setFocus();
+    }
 }
 
 void TaskPane::setLive(bool live) {
@@ -217,15 +240,18 @@ ColorWell* TaskPane::backColorWell() const {
 void TaskPane::changePage(int kind) {
     if (const ColorWell* last = backColorWell())
         m_backColor = last->value();
-    if (m_page)
+    TaskOptionPage* const page = pageOf(kind);
+    if (m_page && m_page != page) // or it would lose the focus
         m_page->hide();
-    m_page = pageOf(kind);
+    m_page = page;
     const QSignalBlocker silent(m_page);
     if (ColorWell* well = backColorWell(); well && m_backColor.isValid())
         well->setValue(m_backColor);
 }
 
 void TaskPane::open(int kind, const ImageBox& box) {
+    if (kind == 0 && m_kind != 0 && isAncestorOf(QApplication::focusWidget()))
+        m_bar->setFocus(); // the next task is chosen there
     changePage(kind);
     if (kind != 0 && !m_bar->isOpen(optionsGroup))
         m_bar->ExpandGroup(optionsGroup, true);
@@ -249,6 +275,7 @@ void TaskPane::scrollToOptions() {
 
 void TaskPane::previewed(const TaskRow& row) {
     m_page->keepLocation(row);
+    m_previewBegun = true;
     Q_EMIT previewBegun();
 }
 

@@ -51,6 +51,9 @@ Q_SIGNALS:
     void pageOpened(); ///< with its defaults
     void previewBegun();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void addTasks();
     TaskOptionPage* pageOf(int kind);
@@ -62,6 +65,8 @@ private:
     QWidget* makeConfirmed();
     QWidget* makeButtons();
     QPushButton* makeButton(const char* name);
+    QPushButton& button(const char* name) const;
+    void moveFocus(const QWidget* focused, const TaskPanelState& state);
 
     TaskDefaults& m_defaults;
     const ActionTable& m_actions;
@@ -74,6 +79,7 @@ private:
     TaskOptionPage* m_page = nullptr;       ///< on show
     int m_kind = 0;                         ///< of m_page
     QVariant m_backColor;                   ///< last shown
+    bool m_previewBegun = false;            ///< asked for; the state that follows from it is not shown yet
     QSize m_base;
 };
 

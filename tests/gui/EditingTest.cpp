@@ -116,11 +116,14 @@ TEST_F(EditingInTheWindow, IsARoundOfKeysFromEditToFinish) {
     const Picture inverted = shown();
     EXPECT_FALSE(inverted == before);
     EXPECT_TRUE(isOn("cmdReset") && !isOn("cmdApply"));
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "cmdReset");
     key(Qt::Key_F9, Qt::ShiftModifier);
     EXPECT_TRUE(shown() == before);
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "cmdApply");
     key(Qt::Key_Return, Qt::ControlModifier);
     EXPECT_TRUE(shown() == inverted) << "a preview comes first";
     EXPECT_EQ(texts(tasks().lvEditPreview), "Negative");
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "Invert");
     key(Qt::Key_Return, Qt::ControlModifier);
     EXPECT_FALSE(isSeen("eb"));
     EXPECT_TRUE(isSeen("lvFolder") && isSeen("lvExif") && isOn("cmdPreviewType"));
@@ -319,6 +322,9 @@ TEST_F(EditingInTheWindow, IsKeptInAListThatMakesTheSamePictureInTheNextSession)
         press("cmdApply");
         EXPECT_FALSE(shown() == before);
         press("cmdOK");
+        auto& confirm = child<QWidget>(window(), "cmdOK");
+        QTest::mouseDClick(&confirm, Qt::LeftButton); // doesn't finish
+        QTest::mouseRelease(&confirm, Qt::LeftButton);
     }
     const Picture confirmed = shown();
     for (const char* button : {"Invert", "cmdApply"})
