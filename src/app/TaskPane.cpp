@@ -255,7 +255,7 @@ void TaskPane::open(int kind, const ImageBox& box) {
     changePage(kind);
     if (kind != 0 && !m_bar->isOpen(optionsGroup))
         m_bar->ExpandGroup(optionsGroup, true);
-    m_page->setPicture({box.Width(), box.Height()}, m_base);
+    setPicture(box);
     m_page->showRow(defaultRow(kind, m_defaults));
     m_page->show();
     if (std::exchange(m_kind, kind) != kind && kind)
@@ -273,6 +273,10 @@ void TaskPane::scrollToOptions() {
         m_bar->ensureVisible(0, y, 0, margin);
 }
 
+void TaskPane::setPicture(const ImageBox& box) {
+    m_page->setPicture({box.Width(), box.Height()}, m_base);
+}
+
 void TaskPane::previewed(const TaskRow& row) {
     m_page->keepLocation(row);
     m_previewBegun = true;
@@ -283,8 +287,8 @@ TaskRow TaskPane::row() const {
     return m_page->row();
 }
 
-void TaskPane::storeDefaults() {
-    m_page->storeDefaults();
+std::function<void()> TaskPane::shownDefaults() {
+    return [this, shown = m_page->shownDefaults()] { m_defaults = shown; };
 }
 
 } // namespace tarsel

@@ -10,6 +10,7 @@
 #include <QSize>
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 #include <map>
 
 class QAction;
@@ -38,8 +39,9 @@ public:
 
     void setBaseSize(int width, int height) override;
     void open(int kind, const ImageBox& box) override;
+    void setPicture(const ImageBox& box) override;
     TaskRow row() const override;
-    void storeDefaults() override;
+    std::function<void()> shownDefaults() override;
     void previewed(const TaskRow& row) override;
     TaskOptionPage* page() const { return m_page; } ///< on show; null before the first one
 

@@ -189,8 +189,9 @@ void frmMain::connectBasketPane() {
 
 void frmMain::connectTaskBasket() {
     connect(m_browsePane, &BrowsePane::cmdEditBar, this, [this](int index) {
-        if (taskBasketActions::cmdEditBar(index, m_workspace.tasks, m_workflow.isOpen()))
-            m_workflow.rowsChanged();
+        m_workflow.changeRows([this, index] {
+            return taskBasketActions::cmdEditBar(index, m_workspace.tasks, m_workflow.isOpen());
+        });
     });
     for (const ListControl* list : {&m_browsePane->lvEdit(), &m_taskPane->lvEditPreview()}) {
         connect(list, &ListControl::rowClicked, &m_workflow, &TaskWorkflow::rowClicked);

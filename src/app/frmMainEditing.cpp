@@ -118,8 +118,11 @@ bool frmMain::openOfferedTasks(const QList<QUrl>& files) {
         return false;
     if (m_batchRunning)
         SetStatus(tr("Tasks can't be changed while a batch is running"));
-    else if (modSaveOpenImageList::fncOpenTaskBasket(path, m_workspace.tasks))
-        m_workflow.rowsChanged();
+    else
+        m_workflow.changeRows([this, path] {
+            modSaveOpenImageList::fncOpenTaskBasket(path, m_workspace.tasks);
+            return true; // a failed read has changed the rows too
+        });
     return true;
 }
 

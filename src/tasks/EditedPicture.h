@@ -4,6 +4,8 @@
 #include "imaging/ImageBox.h"
 #include "tasks/TaskRow.h"
 
+#include <functional>
+
 namespace tarsel {
 
 /// Whether the user asked for a preview, or it follows the options. Then it makes no fuss: nothing says that
@@ -37,8 +39,11 @@ public:
     virtual void setBaseSize(int width, int height) = 0;
     /// Shows the page of a kind with its defaults, for the picture in the box; no page for kind 0.
     virtual void open(int kind, const ImageBox& box) = 0;
+    /// The picture has changed under the page.
+    virtual void setPicture(const ImageBox&) {}
     virtual TaskRow row() const = 0;
-    virtual void storeDefaults() = 0;
+    /// Makes what the page shows now the defaults of the kind, once it is called.
+    virtual std::function<void()> shownDefaults() = 0;
     /// The user asked for a preview, for which this row was made of the options.
     virtual void previewed(const TaskRow&) {}
 };

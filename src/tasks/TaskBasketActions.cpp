@@ -29,7 +29,9 @@ bool clearTasks(TaskList& tasks, bool) {
 bool openTasks(TaskList& tasks, bool) {
     const auto choice = service<Dialogs>().openFileDialog(
         {QCoreApplication::translate("TaskBasketActions", "Open Editing list"), taskFilter(), {}});
-    return choice && modSaveOpenImageList::fncOpenTaskBasket(choice->path, tasks);
+    if (choice)
+        modSaveOpenImageList::fncOpenTaskBasket(choice->path, tasks);
+    return choice.has_value(); // a failed read has changed the rows too
 }
 
 bool saveTasks(TaskList& tasks, bool) {

@@ -54,16 +54,26 @@ TaskPanelState TaskWorkflow::state() const {
 
 // --- events and what they wait for
 
-void TaskWorkflow::post(Step event) {
-    m_events.push_back(std::move(event));
+void TaskWorkflow::post(Step step) {
+    m_events.push_back({std::move(step)});
     drain();
+}
+
+void TaskWorkflow::postOfList(Step step) {
+    m_events.push_back({std::move(step), true});
+    drain();
+}
+
+/// Of the picture that goes.
+void TaskWorkflow::dropEvents() {
+    std::erase_if(m_events, [](const Event& event) { return !event.isOfList; });
 }
 
 void TaskWorkflow::drain() {
     while (!m_next && !m_events.empty()) {
-        const Step event = std::move(m_events.front());
+        const Step step = std::move(m_events.front().step);
         m_events.pop_front();
-        event();
+        step();
     }
     Q_EMIT stateChanged();
 }
@@ -86,7 +96,7 @@ void TaskWorkflow::pictureSettled(bool failed) {
 
 void TaskWorkflow::pictureReplacing() {
     m_previewInWork = false;
-    m_events.clear();
+    dropEvents();
     m_next = [](bool) {};
 }
 
@@ -94,7 +104,7 @@ void TaskWorkflow::pictureReplacing() {
 void TaskWorkflow::pictureReplaced() {
     m_next = nullptr;
     if (m_isOpen) {
-        m_events.clear();
+        dropEvents();
         m_working = {};
         if (m_picture.box().HasImage())
             begin();
@@ -126,9 +136,13 @@ void TaskWorkflow::begin() {
 }
 
 /// Of what is going to be on show.
-void TaskWorkflow::takeWorkingSnapshot() {
+void TaskWorkflow::takeWorkingSnapshot(Step then) {
     m_restorePending = false;
-    whenSettled([this](bool) { m_working = m_picture.box().SaveToMemory(snapshotFormat); });
+    whenSettled([this, then = std::move(then)](bool) {
+        m_working = m_picture.box().SaveToMemory(snapshotFormat);
+        if (then)
+            then();
+    });
 }
 
 void TaskWorkflow::leave() {
@@ -267,25 +281,26 @@ void TaskWorkflow::cmdOK() {
     });
 }
 
-/// A task is recorded once its result is there, with what the preview was made of. `then` is left out when
-/// that fails.
+/// A task is recorded once its result is there, with what the preview was made of; so are the defaults,
+/// whatever the page shows by then. `then` is left out when that fails.
 void TaskWorkflow::confirm(Step then) {
     const bool previewsFirst = m_optionsChanged || (m_firstPreview && m_kind != redEye);
     if (previewsFirst && !preview())
         return;
-    whenSettled([this, then = std::move(then)](bool failed) {
+    const Step storeDefaults = m_kind == redEye ? Step() : m_options.shownDefaults();
+    whenSettled([this, storeDefaults, then = std::move(then)](bool failed) {
         if (failed)
             return previewFailed();
-        commit();
+        commit(storeDefaults);
         if (then)
             then();
     });
 }
 
-void TaskWorkflow::commit() {
-    if (m_kind != redEye) {
+void TaskWorkflow::commit(const Step& storeDefaults) {
+    if (storeDefaults) {
         m_tasks.append(m_row);
-        m_options.storeDefaults();
+        storeDefaults();
     }
     openTask(0);
     takeWorkingSnapshot();
@@ -326,17 +341,25 @@ void TaskWorkflow::cmdOriginalImage() {
         if (answer != MessageAnswer::Yes)
             return;
         m_tasks.clear();
-        takeRows();
-        openTask(m_kind);
+        takeRows([this] { openTask(m_kind); });
     });
 }
 
-void TaskWorkflow::rowsChanged() {
-    post([this] { takeRows(); });
+void TaskWorkflow::changeRows(std::function<bool()> change) {
+    const Step take = [this] { takeRows([this] { m_options.setPicture(m_picture.box()); }); };
+    if (!m_isOpen) { // nothing is being confirmed, and no dialog waits for a picture
+        if (change())
+            post(take);
+        return;
+    }
+    postOfList([change = std::move(change), take] {
+        if (change())
+            take();
+    });
 }
 
-/// Shows the picture with the list as it is now, and goes on from there, with the options of the task.
-void TaskWorkflow::takeRows() {
+/// Shows the picture with the list as it is now, and goes on from there. `then` finds it on show.
+void TaskWorkflow::takeRows(Step then) {
     m_previewInWork = false;
     m_picture.showTasks(m_isOpen);
     if (!m_isOpen)
@@ -344,7 +367,7 @@ void TaskWorkflow::takeRows() {
     m_firstPreview = true;
     m_modified = false;
     m_optionsChanged = m_kind != 0;
-    takeWorkingSnapshot();
+    takeWorkingSnapshot(std::move(then));
 }
 
 /// The picture shows the list up to that row. Neither the list nor the working snapshot changes.

@@ -43,7 +43,9 @@ public:
     void setLive(bool live); ///< whether previews follow the options by themselves
     void regionWanted();     ///< is about to be selected on the picture
     void rowClicked();       ///< of the list of confirmed tasks
-    void rowsChanged();      ///< a list was read, emptied, or lost a row
+    /// Changes the list with a function that returns whether the picture has to be made again. Waits for a
+    /// task that is being confirmed.
+    void changeRows(std::function<bool()> change);
 
     // --- what becomes of the picture
     void pictureSettled(bool failed); ///< it is no longer busy
@@ -55,12 +57,18 @@ Q_SIGNALS:
 
 private:
     using Step = std::function<void()>;
+    struct Event {
+        Step step;
+        bool isOfList = false; ///< and not about the picture on show
+    };
 
-    void post(Step event);
+    void post(Step step);
+    void postOfList(Step step);
+    void dropEvents();
     void drain();
     void whenSettled(std::function<void(bool failed)> next);
     void begin();
-    void takeWorkingSnapshot();
+    void takeWorkingSnapshot(Step then = {});
     void leave();
     void openTask(int kind);
     void chooseTask(const QString& item);
@@ -69,10 +77,10 @@ private:
     void show(TaskRow row, PreviewReason reason);
     void previewFailed();
     void confirm(Step then);
-    void commit();
+    void commit(const Step& storeDefaults);
     void reset();
     void restoreWorking();
-    void takeRows();
+    void takeRows(Step then);
 
     EditedPicture& m_picture;
     TaskList& m_tasks;
@@ -90,7 +98,7 @@ private:
     bool m_regionBegun = false;    ///< of an eye
     bool m_previewInWork = false;
     std::function<void(bool failed)> m_next; ///< waits for the picture
-    std::deque<Step> m_events;               ///< wait for m_next
+    std::deque<Event> m_events;              ///< wait for m_next
 };
 
 } // namespace tarsel

@@ -437,6 +437,7 @@ TEST_F(EditingInTheWindow, TaskListsAreDroppedOnTheWindowOrPassedAsTheArgument) 
     ASSERT_TRUE(waitFor([&] { return tasks().count() == 2; }));
     tasks().clear();
     window().openFile(file);
+    settle();
     EXPECT_EQ(texts(tasks().lvEdit), "Negative Negative");
     window().openFile(pictures());
     EXPECT_EQ(tasks().count(), 2) << "a folder is listed";

@@ -3,6 +3,7 @@
 
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "tasks/TaskBasketActions.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/Text.h"
 #include "tests/tasks/TaskRows.h"
@@ -130,7 +131,8 @@ TEST(TaskFile, AFileThatCannotBeReadOrWrittenIsReportedWithItsName) {
     fillSample(tasks);
     EXPECT_FALSE(fncSaveTaskBasket(QStringLiteral("/nowhere/list"), tasks));
     EXPECT_EQ(tasks.count(), 3);
-    EXPECT_FALSE(fncOpenTaskBasket(QStringLiteral("/nowhere/list.tbf"), tasks));
+    desktop.fileChoices.push_back(FileDialogChoice{QStringLiteral("/nowhere/list.tbf")});
+    EXPECT_TRUE(taskBasketActions::cmdEditBar(1, tasks, true)) << "the picture follows";
     EXPECT_EQ(tasks.count(), 0) << "the old rows are gone";
     ASSERT_EQ(desktop.messages.size(), 2u);
     EXPECT_EQ(desktop.messages[0].text, QStringLiteral("Error saving editing list!\nPlease try again!"));

@@ -57,15 +57,23 @@ struct ShownPicture final : EditedPicture {
 /// A page that adds as many columns as `amount` says. The defaults are one.
 struct Page final : TaskOptions {
     void setBaseSize(int width, int) override { baseWidth = width; }
-    void open(int opened, const ImageBox&) override {
+    void setPicture(const ImageBox& box) override { shownFor = box.Width(); }
+    void open(int opened, const ImageBox& box) override {
         kind = opened;
+        shownFor = box.Width();
         amount = stored;
     }
     TaskRow row() const override {
-        return kind == 12 ? taskRow(12, {"0", amount, "0", "0", "0"}) : taskRow(kind, QStringList());
+        return kind == 12  ? taskRow(12, {"0", amount, "0", "0", "0"})
+               : kind == 8 ? taskRow(8, {"False", "5", "2", "3", "4"})
+               : hasEye    ? taskRow(kind, {"1", "1", "4", "4"})
+                           : taskRow(kind, QStringList());
     }
-    void storeDefaults() override { stored = amount; }
-    int kind = 0, baseWidth = 0;
+    std::function<void()> shownDefaults() override {
+        return [this, shown = amount] { stored = shown; };
+    }
+    int kind = 0, shownFor = 0, baseWidth = 0;
+    bool hasEye = false;
     const char* amount = "1";
     const char* stored = "1";
 };
@@ -100,8 +108,10 @@ struct Editing {
             {"reset", [&] { workflow.cmdReset(); }},
             {"original", [&] { workflow.cmdOriginalImage(); }},
             {"row", [&] { clickFirstRow(); }},
-            {"remove", [&] { removeFirstRow(); }},
+            {"remove", [&] { changeRows([this] { tasks.remove(0); }); }},
+            {"clear", [&] { changeRows([this] { tasks.clear(); }); }},
             {"add2", [&] { type("2"); }},
+            {"add9", [&] { type("9"); }},
             {"bad", [&] { type("x"); }},
             {"eyes", [&] { selectEyes(); }},
             {"live", [&] { workflow.setLive(true); }},
@@ -117,12 +127,14 @@ struct Editing {
         tasks.lvEditPreview.selectOnly(0);
         workflow.rowClicked();
     }
-    void removeFirstRow() {
-        tasks.remove(0);
-        workflow.rowsChanged();
+    void changeRows(const std::function<void()>& change) {
+        workflow.changeRows([change] {
+            change();
+            return true;
+        });
     }
     void selectEyes() {
-        picture.shown.SelectRectangle(1, 1, 4, 4);
+        page.hasEye = true;
         workflow.optionsChanged();
     }
     void type(const char* amount) {
@@ -200,6 +212,8 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
         {"edit Canvas apply add2 ok", "Finish Finish -O-G +102 2 rows"},
         {"edit Canvas apply add2 reset", chosen},
         {"edit Canvas apply remove", "Finish Confirm PO-- +0 0 rows"},
+        {"edit Canvas ok clear", "Finish Finish -O-- +0 0 rows"},
+        {"edit Canvas add2 ok add9 Canvas apply", "Finish Confirm -ORG +104 2 rows"}, // the 9 came too late
         {"edit Canvas apply remove ok", "Finish Finish -O-G +1 1 rows"},
         {"edit Canvas ok Canvas apply row Nothing?no", confirmed}, // the row shows less than was confirmed
         {"edit Canvas bad apply", "Finish Confirm PORG +100 1 rows"},
@@ -230,6 +244,9 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
             Editing editing;
             editing.play(events, settling);
             EXPECT_EQ(editing.seen(), seen) << events << (settling ? "" : ", all clicked at once");
+            EXPECT_TRUE(editing.workflow.state().kind == 0 ||
+                        editing.page.shownFor == editing.workflow.working().width())
+                << events;
             EXPECT_TRUE(!QLatin1String(events).startsWith(QLatin1String("live")) ||
                         editing.desktop.reports.empty())
                 << events << " makes no fuss";
@@ -293,8 +310,7 @@ TEST(Previews, HaveOtherPixelsThanTheReplayWhereTheyMust) {
         << "the user is asked for another file";
     EXPECT_FALSE(missingPictureText(lost).isEmpty());
     ImageBox eyes = boxWith(plainPicture(30, 20, 3, {200, 30, 40}));
-    eyes.SelectEllipse(10, 5, 20, 15);
-    previewStep(eyes, taskRow(16, QStringList()));
+    previewStep(eyes, taskRow(16, {"10", "5", "20", "15"}));
     EXPECT_LT(colorAt(eyes.picture(), 15, 10).red, 60);
     EXPECT_EQ(colorAt(eyes.picture(), 10, 5), (Rgb{200, 30, 40})) << "outside the ellipse";
     EXPECT_FALSE(eyes.SelectionActive);

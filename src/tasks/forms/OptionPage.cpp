@@ -178,8 +178,8 @@ void OptionPage::setText(TaskRow& row, int column, const QString& text) {
     row.columns.at(std::size_t(column - 1)) = text;
 }
 
-void OptionPage::storeDefaults() {
-    m_binding->store(StoreMoment::AfterChecks);
+TaskDefaults OptionPage::shownDefaults() const {
+    return m_binding->shown();
 }
 
 void OptionPage::setLive(bool live) {

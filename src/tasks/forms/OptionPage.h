@@ -24,7 +24,7 @@ public:
     void setPicture(QSize, QSize) override {}
     void showRow(const TaskRow& row) final;
     TaskRow row() const override;
-    void storeDefaults() final;
+    TaskDefaults shownDefaults() const final;
     void setLive(bool live) final;
     void endSelection(PictureSelection selection) override;
     void setLocation(QPoint location) override;

@@ -25,8 +25,8 @@ public:
     /// The row as the controls show it. Columns that depend on the picture box are empty: the point where a
     /// text starts at a named position, StretchToFit, a region selected with the mouse.
     virtual TaskRow row() const = 0;
-    /// Makes what the controls show the defaults of the kind.
-    virtual void storeDefaults() = 0;
+    /// The defaults with what the controls show.
+    virtual TaskDefaults shownDefaults() const = 0;
     /// Whether a slider that is dragged changes the page at once, or when it is released.
     virtual void setLive(bool live) = 0;
 
