@@ -31,6 +31,10 @@ bool looksTheSameReduced(const TaskRow& row);
 /// tasks.
 QString missingRegionText(const TaskRow& options);
 
+/// Why a region recorded in the order in which it was dragged can't be cropped; empty when it can, and for
+/// other tasks.
+QString reversedRegionText(const TaskRow& recorded);
+
 /// Why the picture to merge can't be previewed; empty when it can, and for other kinds.
 QString missingPictureText(const TaskRow& row);
 

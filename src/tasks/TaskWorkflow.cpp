@@ -243,6 +243,10 @@ bool TaskWorkflow::preview() {
     if (trap("FrmMain.cmdApply_Click",
              [&] { row = recordedRow(m_picture.box(), m_working, m_options.row()); }))
         return false;
+    if (const QString text = reversedRegionText(row); !text.isEmpty()) {
+        inform(text);
+        return false;
+    }
     m_options.previewed(row); // for what is asked for alone: else a clicked place would move with each change
     show(std::move(row), PreviewReason::Asked);
     if (const QString text = missingPictureText(m_row); !text.isEmpty())

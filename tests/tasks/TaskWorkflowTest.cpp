@@ -271,6 +271,12 @@ TEST(Editing, AsksAndNamesAndKeepsTheDefaultsOfWhatWasConfirmed) {
               "Resetting to original image will erase all editing functions from the batch list!\n Do you "
               "want to continue?");
     EXPECT_EQ(editing.workflow.state().editButton.toStdString(), "  Finish");
+    editing.picture.shown.StretchToFit = true;
+    editing.picture.shown.ControlWidth = editing.picture.shown.ControlHeight = 5;
+    editing.play("Crop ok");
+    EXPECT_EQ(editing.desktop.messages.back().text.toStdString(),
+              "Drag the region from its top left to its bottom right.");
+    EXPECT_TRUE(editing.tasks.count() == 2 && editing.desktop.reports.empty());
 }
 
 TEST(Editing, GoesOnFromThePictureThatTookTheOthersPlace) {

@@ -256,6 +256,16 @@ QString missingRegionText(const TaskRow& options) {
     return QCoreApplication::translate("PreviewStep", "Please select a region of the picture first.");
 }
 
+QString reversedRegionText(const TaskRow& recorded) {
+    using column::Crop;
+    if (kindOf(recorded) != Kind::Crop || regionColumn(recorded) == 0 ||
+        (recorded[Crop::mouseLeft] <= recorded[Crop::mouseRight] &&
+         recorded[Crop::mouseTop] <= recorded[Crop::mouseBottom]))
+        return {};
+    return QCoreApplication::translate("PreviewStep",
+                                       "Drag the region from its top left to its bottom right.");
+}
+
 QString missingPictureText(const TaskRow& row) {
     if (kindOf(row) != Watermark)
         return {};
