@@ -201,6 +201,8 @@ TEST_F(EditingInTheWindow, ReportsAFailingPreviewAndShowsTheUsualPointerAgain) {
     press("Resize");
     set("txtResizeWidth", "0");
     settle();
+    while (QGuiApplication::overrideCursor()) // of another test
+        QGuiApplication::restoreOverrideCursor();
     bool reported = false;
     script.on("frmErrorReport", [&](QWidget& report) {
         reported = !QGuiApplication::overrideCursor();

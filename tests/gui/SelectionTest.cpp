@@ -111,6 +111,7 @@ TEST_F(Selection, ABandStaysOnItsRegionAndIsLeftWithEscape) {
 
 TEST_F(Selection, ATextStandsWhereTheUserClickedAndFurtherWithASecondPreview) {
     edit("Text");
+    press("chkLivePreview");
     child<QComboBox>(window(), "cboPosition").setCurrentIndex(9);
     press("chkSelectLocation");
     drag({30, 40}, {33, 44});
