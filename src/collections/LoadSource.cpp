@@ -33,12 +33,21 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
     }
 }
 
+/// Whether the lists of metadata are filled from such a file; an edit then writes what the box holds.
+bool listsMetadata(const QString& path) {
+    static const QStringList extensions{QStringLiteral("tif"), QStringLiteral("tiff"),
+                                        QStringLiteral("jpg"), QStringLiteral("jpeg"),
+                                        QStringLiteral("jpe"), QStringLiteral("psd")};
+    return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
+}
+
 bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& stop) {
     QString damage;
     const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop, &damage);
     if (picture) {
         box.setPictureHandle(*picture, damage);
-        ignoringErrors([&] { box.metadata() = MetadataStore(PictureFile(path).metadata(1, stop)); });
+        if (listsMetadata(path))
+            ignoringErrors([&] { box.metadata() = MetadataStore(PictureFile(path).metadata(1, stop)); });
     }
     return picture.has_value();
 }
