@@ -205,6 +205,7 @@ void frmMain::connectMetadata() {
         m_metadataPane->setVisible(!m_workflow.isOpen());
     });
     connect(&m_preview, &Preview::metadataAbsent, m_metadataPane, &QWidget::hide);
+    m_metadataEditor.isLoading = [this] { return m_preview.isBusy(); };
     connect(m_metadataPane, &MetadataPane::tabShown, &m_metadataEditor,
             [this](int tab) { m_metadataEditor.CurrentMetadataTab = MetadataEditor::Tab(tab); });
     connect(m_metadataPane, &MetadataPane::cmdEXIFBar, &m_metadataEditor, &MetadataEditor::cmdEXIFBar);

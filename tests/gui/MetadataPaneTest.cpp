@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -95,6 +96,34 @@ TEST_F(MetadataPaneOfTheWindow, EditsExifInTheFile) {
     press("cmdEXIFBar_3");
     EXPECT_EQ(attribute("Software"), QString());
     EXPECT_EQ(bytesFromScan(file()), pixels);
+
+    const QByteArray before = readWholeFile(file());
+    ASSERT_TRUE(QDir().mkdir(path("empty")));
+    listFolder(path("empty"));
+    ASSERT_TRUE(waitFor([&] { return !window().workspace().ibMain.HasImage(); }));
+    press("cmdEXIFBar_1"); // asks for nothing
+    EXPECT_EQ(readWholeFile(file()), before) << "a picture that is no longer shown stays as it is";
+    EXPECT_TRUE(script.unexpected.isEmpty());
+}
+
+TEST_F(MetadataPaneOfTheWindow, ASideFileGoesIntoThePictureThatWasOnShowAsAWhole) {
+    showPicture();
+    QByteArray records;
+    for (const char* name : {"Make", "Model", "Artist", "Copyright"})
+        records += QByteArray("\"") + name + "\",\"of the first\"\r\n";
+    writeFileSafely(path("many.xiff"), records);
+    const QString second = pictures() + QStringLiteral("/photo02.jpg");
+    const QByteArray untouched = readWholeFile(second);
+    script.on("QFileDialog", [this](QWidget& dialog) {
+        dynamic_cast<QFileDialog&>(dialog).selectFile(path("many.xiff"));
+        QMetaObject::invokeMethod(&dialog, "accept");
+        QTimer::singleShot(0, &window(), [this] { window().preview().ShowRow(listed(), 1); });
+    });
+    showTab(0);
+    press("cmdEXIFBar_4");
+    ASSERT_TRUE(waitFor([&] { return !window().preview().isBusy(); }));
+    EXPECT_EQ(attribute("Make") + attribute("Copyright"), QStringLiteral("of the firstof the first"));
+    EXPECT_EQ(readWholeFile(second), untouched);
 }
 
 TEST_F(MetadataPaneOfTheWindow, EditsIptcAndCarriesItBySideFiles) {

@@ -78,18 +78,23 @@ void MetadataEditor::cmdIPTCBar(int index) {
 
 void MetadataEditor::run(const char* routine, const QString& trappingText,
                          const std::function<void()>& body) {
-    if (m_isBusy)
+    if (m_isBusy || isLoading() || !m_box.HasImage() || m_box.Tag.isEmpty())
         return;
     const QScopedValueRollback busy(m_isBusy, true);
-    const ErrorSubject subject(path());
+    m_path = m_box.Tag;
+    const ErrorSubject subject(m_path);
     TrappingString = trappingText;
     std::ignore = trap(routine, body);
 }
 
+bool MetadataEditor::isShown() const {
+    return m_box.HasImage() && m_box.Tag == m_path && !isLoading();
+}
+
 /// Changes the metadata that the file holds now, and those of the box when its picture is still on show.
-/// False when the change was refused, or there is another picture meanwhile.
+/// False when the change was refused.
 bool MetadataEditor::change(const Change& change) {
-    const QString path = this->path();
+    const QString path = m_path;
     ImageBox edited;
     edited.PageNumber = m_box.PageNumber;
     bool isDone = false;
@@ -106,11 +111,11 @@ bool MetadataEditor::change(const Change& change) {
     m_threads.waitForDone(); // the program's end quits the loop as well
     if (failure)
         throw *failure;
-    if (!isDone || m_box.Tag != path)
-        return false;
-    m_box.metadata() = edited.metadata();
-    Q_EMIT metadataChanged();
-    return true;
+    if (isDone && isShown()) {
+        m_box.metadata() = edited.metadata();
+        Q_EMIT metadataChanged();
+    }
+    return isDone;
 }
 
 bool MetadataEditor::update(bool isIptc, const QString& name, const QString& value) {
@@ -122,7 +127,8 @@ bool MetadataEditor::update(bool isIptc, const QString& name, const QString& val
 
 void MetadataEditor::showInRow(const QString& label, const QString& value) {
     const int row = list().selectedIndex();
-    if (row >= 0 && (CurrentMetadataTab == Exif ? list().row(row).tag : list().row(row).text) == label)
+    if (isShown() && row >= 0 &&
+        (CurrentMetadataTab == Exif ? list().row(row).tag : list().row(row).text) == label)
         list().setSubItem(row, 1, value);
 }
 
@@ -196,11 +202,13 @@ void MetadataEditor::subAddExifAttribute() {
     run("FrmMain.subAddExifAttribute", tr("Adding new metadata attribute!"), [this] {
         const QStringList served{QStringLiteral("jpeg"), QStringLiteral("jpg"), QStringLiteral("tif"),
                                  QStringLiteral("tiff")};
-        if (path().isEmpty() || CurrentMetadataTab == Iptc || !served.contains(extensionOf(path())))
+        if (CurrentMetadataTab == Iptc || !served.contains(extensionOf(m_path)))
             return;
         frmExifNewAttribute dialog(m_exif, m_owner);
         if (dialog.exec() != QDialog::Accepted ||
             !update(false, dialog.MetadataName(), dialog.MetadataValue()))
+            return;
+        if (!isShown())
             return;
         ListRow row;
         row.text = row.key = row.tag = dialog.MetadataName();
@@ -232,7 +240,7 @@ void MetadataEditor::deleteExif() {
     });
     if (!isDone)
         inform(tr("Error deleting attribute"), MessageIcon::Stop);
-    else if (row < m_exif.count() && m_exif.row(row).tag == name)
+    else if (isShown() && row < m_exif.count() && m_exif.row(row).tag == name)
         m_exif.remove(row);
 }
 
@@ -272,13 +280,14 @@ void MetadataEditor::subClearAllAttributes() {
 }
 
 bool MetadataEditor::clear(ListView& rows, const QString& question, const Change& clearing) {
-    if (rows.isEmpty() || !asks(question) || !m_box.HasImage() || path().isEmpty())
+    if (rows.isEmpty() || !asks(question))
         return false;
-    return change([&](const QString& path, ImageBox& box) {
+    const bool isDone = change([&](const QString& path, ImageBox& box) {
         clearing(path, box);
         box.SaveMetadataOnly(path);
         return true;
     });
+    return isDone && isShown();
 }
 
 // --- side files
@@ -295,14 +304,30 @@ void MetadataEditor::LoadXiffFile() {
         clsFileEXIF file;
         if (!file.OpenForRead(choice->path))
             throw *file.openError();
+        std::vector<std::pair<QString, QString>> records;
         while (!file.fEof()) {
-            QString name, value;
+            auto& [name, value] = records.emplace_back();
             file.ReadEXIF(name, value);
-            if (update(false, name, value))
-                showXiffRow(name, value);
         }
         file.closefile();
+        applyRecords(std::move(records));
     });
+}
+
+/// All of them or none: the file is written once. A value that its attribute can't take is passed over.
+void MetadataEditor::applyRecords(std::vector<std::pair<QString, QString>> records) {
+    const DateForms forms = service<Locale>().dateForms();
+    const bool isDone = change([&](const QString& path, ImageBox& box) {
+        std::erase_if(records, [&](const auto& record) {
+            return !modMetadata::SetMetadataAttribute(box, false, record.first, record.second, forms);
+        });
+        if (!records.empty())
+            box.SaveMetadataOnly(path);
+        return true;
+    });
+    for (const auto& [name, value] : records)
+        if (isDone && isShown())
+            showXiffRow(name, value);
 }
 
 void MetadataEditor::showXiffRow(const QString& name, const QString& value) {
@@ -320,7 +345,7 @@ void MetadataEditor::showXiffRow(const QString& name, const QString& value) {
 
 void MetadataEditor::SaveXiffFile() {
     run("FrmMain.SaveXiffFile", tr("Save EXIF Information to file"), [this] {
-        if (m_exif.isEmpty() || !m_box.HasImage())
+        if (m_exif.isEmpty())
             return;
         const auto choice =
             saveFileDialogFor({tr("Save EXIF Information to file"), xiffFilter, {}}, withEnding<xiffEnding>);
@@ -348,7 +373,7 @@ void MetadataEditor::openIptcFile() {
                 box.SaveMetadataOnly(path);
             return box.HasIptc();
         });
-        if (!isDone)
+        if (!isDone || !isShown())
             return;
         const QString listed = m_iptc.tag();
         m_iptc.clear();
@@ -358,7 +383,7 @@ void MetadataEditor::openIptcFile() {
 
 void MetadataEditor::saveIptcFile() {
     run("FrmMain.cmdIPTCBar", tr("Save IPTC Information"), [this] {
-        if (m_iptc.isEmpty() || !m_box.HasImage())
+        if (m_iptc.isEmpty())
             return;
         const auto choice =
             saveFileDialogFor({tr("Save IPTC Information"), ffoFilter, {}}, withEnding<ffoEnding>);

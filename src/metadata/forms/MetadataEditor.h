@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QThreadPool>
 #include <functional>
+#include <utility>
+#include <vector>
 
 class QWidget;
 
@@ -14,7 +16,8 @@ namespace tarsel {
 
 /// The commands of the metadata pane. Each change goes into the file of the picture on show at once, on a
 /// thread; the window answers meanwhile, and the commands do nothing until it is written. What is changed is
-/// what the file holds at that moment, so that other programs' changes stay.
+/// what the file holds at that moment, so that other programs' changes stay. A command belongs to the picture
+/// on show when it begins, whatever is selected before it ends; without one it does nothing.
 class MetadataEditor final : public QObject {
     Q_OBJECT
 public:
@@ -25,6 +28,8 @@ public:
     ~MetadataEditor() override; ///< waits for a file that is being written
 
     Tab CurrentMetadataTab = Exif;
+    /// Whether another picture is about to take the place of the one on show: commands do nothing then.
+    std::function<bool()> isLoading = [] { return false; };
 
     void cmdEXIFBar(int index);
     void cmdIPTCBar(int index);
@@ -43,7 +48,7 @@ private:
     bool change(const Change& change);
     bool update(bool isIptc, const QString& name, const QString& value);
     ListView& list() const { return CurrentMetadataTab == Exif ? m_exif : m_iptc; }
-    QString path() const { return m_box.Tag; }
+    bool isShown() const; ///< the picture that the command in work is about
 
     void editText(const QString& name, const QString& label, const QString& value);
     void editKeywords();
@@ -54,6 +59,7 @@ private:
     bool clear(ListView& rows, const QString& question, const Change& clearing);
     void LoadXiffFile();
     void SaveXiffFile();
+    void applyRecords(std::vector<std::pair<QString, QString>> records);
     void showXiffRow(const QString& name, const QString& value);
     void openIptcFile();
     void saveIptcFile();
@@ -63,6 +69,7 @@ private:
     ListView& m_iptc;
     QWidget* m_owner;
     QThreadPool m_threads;
+    QString m_path; ///< of the picture that the command in work is about
     bool m_isBusy = false;
 };
 
