@@ -99,9 +99,15 @@ void frmMain::showEditing() {
 
 /// Preview and panel fill the window while the panel is open.
 void frmMain::showTaskPanel(bool open) {
+    if (!open)
+        m_taskPane->hide();
     splRight->setVisible(!open);
     m_metadataPane->setVisible(!open && m_preview.listsMetadata());
-    m_taskPane->setVisible(open);
+    // They take note now: else the panel would come beside what is hidden, and widen a small window.
+    for (Splitter* splitter : {splView, splMain})
+        splitter->refresh();
+    if (open)
+        m_taskPane->show();
     m_previewPane->offerMnemonics(!open);
     if (open)
         m_taskPane->setFocus();
