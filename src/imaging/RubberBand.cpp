@@ -102,11 +102,13 @@ bool RubberBand::shift(QPoint by, Size picture) {
     return moveStart(start() + by, picture);
 }
 
-void RubberBand::grow(QPoint by, Size picture) {
+void RubberBand::grow(QPoint by, Size picture, QPoint least) {
     const auto [left, right] = std::minmax({m_x1, m_x2});
     const auto [top, bottom] = std::minmax({m_y1, m_y2});
-    (m_x1 > m_x2 ? m_x1 : m_x2) = std::max(left + 1, std::min(right + by.x(), picture.width));
-    (m_y1 > m_y2 ? m_y1 : m_y2) = std::max(top + 1, std::min(bottom + by.y(), picture.height));
+    (m_x1 > m_x2 ? m_x1 : m_x2) =
+        std::clamp(right + by.x(), std::min(left + least.x(), picture.width), picture.width);
+    (m_y1 > m_y2 ? m_y1 : m_y2) =
+        std::clamp(bottom + by.y(), std::min(top + least.y(), picture.height), picture.height);
 }
 
 QRect RubberBand::sorted() const {

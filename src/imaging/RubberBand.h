@@ -38,8 +38,8 @@ public:
     // --- without a pointer
     void draw(QPoint start, QPoint end, Shape shape); ///< as dragged from start to end
     bool shift(QPoint by, Size picture);              ///< false where the band would leave the picture
-    /// Moves the right and the lower edge, as far as the picture reaches; one pixel remains.
-    void grow(QPoint by, Size picture);
+    /// Moves the right and the lower edge, as far as the picture reaches; the least size remains.
+    void grow(QPoint by, Size picture, QPoint least = {1, 1});
 
     State state() const { return m_state; }
     Shape shape() const { return m_shape; }

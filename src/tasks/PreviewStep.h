@@ -30,6 +30,8 @@ bool looksTheSameReduced(const TaskRow& row);
 /// Why nothing can be previewed: a region is to be selected first. Empty when there is one, and for other
 /// tasks.
 QString missingRegionText(const TaskRow& options);
+/// Also for a region that has no pixel of the picture `start`, which an enlarged display has room for.
+QString missingRegionText(const TaskRow& options, const ImageBox& box, const Picture& start);
 
 /// Why a region recorded in the order in which it was dragged can't be cropped; empty when it can, and for
 /// other tasks.

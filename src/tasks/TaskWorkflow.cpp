@@ -223,6 +223,14 @@ void TaskWorkflow::regionWanted() {
     });
 }
 
+/// Without a region there is nothing to preview. Other options stay as changed as they are.
+void TaskWorkflow::regionLeft() {
+    post([this] {
+        if (m_kind && !missingRegionText(m_options.row()).isEmpty())
+            m_optionsChanged = false;
+    });
+}
+
 // --- preview, confirm, reset
 
 void TaskWorkflow::cmdApply() {
@@ -235,16 +243,19 @@ void TaskWorkflow::cmdApply() {
 /// Whatever is on show, a preview starts from the working snapshot: effects don't add up.
 /// False for options of which no row can be made.
 bool TaskWorkflow::preview() {
-    if (const QString text = missingRegionText(m_options.row()); !text.isEmpty()) {
-        inform(text);
+    TaskRow row = m_options.row();
+    QString refusal;
+    const auto record = [&] {
+        refusal = missingRegionText(row, m_picture.box(), m_working);
+        if (!refusal.isEmpty())
+            return;
+        row = recordedRow(m_picture.box(), m_working, row);
+        refusal = reversedRegionText(row);
+    };
+    if (trap("FrmMain.cmdApply_Click", record))
         return false;
-    }
-    TaskRow row;
-    if (trap("FrmMain.cmdApply_Click",
-             [&] { row = recordedRow(m_picture.box(), m_working, m_options.row()); }))
-        return false;
-    if (const QString text = reversedRegionText(row); !text.isEmpty()) {
-        inform(text);
+    if (!refusal.isEmpty()) {
+        inform(refusal);
         return false;
     }
     m_options.previewed(row); // for what is asked for alone: else a clicked place would move with each change
@@ -365,6 +376,7 @@ void TaskWorkflow::changeRows(std::function<bool()> change) {
 /// Shows the picture with the list as it is now, and goes on from there. `then` finds it on show.
 void TaskWorkflow::takeRows(Step then) {
     m_previewInWork = false;
+    Q_EMIT listShown();
     m_picture.showTasks(m_isOpen);
     if (!m_isOpen)
         return;
@@ -380,6 +392,7 @@ void TaskWorkflow::rowClicked() {
         if (m_tasks.count() == 0)
             return;
         m_previewInWork = false;
+        Q_EMIT listShown();
         m_picture.showTasks(m_isOpen);
         m_restorePending = m_isOpen;
         m_optionsChanged = m_kind != 0;

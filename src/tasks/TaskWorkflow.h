@@ -42,6 +42,7 @@ public:
     void optionsChanged();
     void setLive(bool live); ///< whether previews follow the options by themselves
     void regionWanted();     ///< is about to be selected on the picture
+    void regionLeft();       ///< without one
     void rowClicked();       ///< of the list of confirmed tasks
     /// Changes the list with a function that returns whether the picture has to be made again. Waits for a
     /// task that is being confirmed.
@@ -54,6 +55,7 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
+    void listShown(); ///< the picture becomes that of the list, whatever was selected on the one before
 
 private:
     using Step = std::function<void()>;

@@ -272,10 +272,13 @@ TEST(Editing, AsksAndNamesAndKeepsTheDefaultsOfWhatWasConfirmed) {
               "want to continue?");
     EXPECT_EQ(editing.workflow.state().editButton.toStdString(), "  Finish");
     editing.picture.shown.StretchToFit = true;
-    editing.picture.shown.ControlWidth = editing.picture.shown.ControlHeight = 5;
-    editing.play("Crop ok");
-    EXPECT_EQ(editing.desktop.messages.back().text.toStdString(),
-              "Drag the region from its top left to its bottom right.");
+    for (const auto& [size, message] :
+         {std::pair(5, "Drag the region from its top left to its bottom right."),
+          {50, "Please select a region of the picture first."}}) { // of no pixel
+        editing.picture.shown.ControlWidth = editing.picture.shown.ControlHeight = float(size);
+        editing.play("Crop ok");
+        EXPECT_EQ(editing.desktop.messages.back().text.toStdString(), message);
+    }
     EXPECT_TRUE(editing.tasks.count() == 2 && editing.desktop.reports.empty());
 }
 

@@ -139,6 +139,10 @@ void recordPlace(const ImageBox& box, TaskRow& row) {
     write(row, Watermark::y.number, {place.y(), place.x()});
 }
 
+QString missingRegion() {
+    return QCoreApplication::translate("PreviewStep", "Please select a region of the picture first.");
+}
+
 /// The columns that hold the corners of a region; 0 for tasks without one.
 int regionColumn(const TaskRow& row) {
     if (kindOf(row) == RedEye)
@@ -251,9 +255,20 @@ QString missingRegionText(const TaskRow& options) {
     if (first == 0)
         return {};
     const auto edge = [&](int number) { return options.columns.at(std::size_t(first - 1 + number)); };
-    if (edge(0) != edge(2) && edge(1) != edge(3))
-        return {};
-    return QCoreApplication::translate("PreviewStep", "Please select a region of the picture first.");
+    return edge(0) != edge(2) && edge(1) != edge(3) ? QString() : missingRegion();
+}
+
+QString missingRegionText(const TaskRow& options, const ImageBox& box, const Picture& start) {
+    const int first = regionColumn(options);
+    if (const QString text = missingRegionText(options); first == 0 || !text.isEmpty())
+        return text;
+    const ImageBox with = boxWith(box, start);
+    const auto corner = [&](int column) {
+        const auto place = options.columns.begin() + (column - 1);
+        return toPicture(with, toInt32(place[0]), toInt32(place[1]));
+    };
+    const QPoint size = corner(first + 2) - corner(first);
+    return size.x() != 0 && size.y() != 0 ? QString() : missingRegion();
 }
 
 QString reversedRegionText(const TaskRow& recorded) {
