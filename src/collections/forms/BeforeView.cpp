@@ -124,6 +124,7 @@ void BeforeView::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), aroundPicture(palette()));
     enterDevicePixels(painter);
     paintRendered(painter, m_drawn, placement(), m_after.isBestFit());
+    m_after.selection().paint(painter); // the view has painted it below
 }
 
 } // namespace tarsel

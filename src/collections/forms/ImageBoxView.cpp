@@ -303,15 +303,17 @@ void ImageBoxView::mousePressEvent(QMouseEvent* event) {
 }
 
 void ImageBoxView::mouseMoveEvent(QMouseEvent* event) {
-    if (m_selection.move(*event) || !(event->buttons() & Qt::LeftButton) || !canScroll())
+    if (m_selection.move(*event) || !m_panned || !(event->buttons() & Qt::LeftButton) || !canScroll())
         return;
     const QPoint moved =
-        devicePoint(std::exchange(m_panned, event->position()) - event->position()).toPoint();
+        devicePoint(*std::exchange(m_panned, event->position()) - event->position()).toPoint();
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + moved.x());
     verticalScrollBar()->setValue(verticalScrollBar()->value() + moved.y());
 }
 
 void ImageBoxView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        m_panned.reset();
     m_selection.release(*event);
     showCursor();
 }
@@ -323,6 +325,8 @@ void ImageBoxView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ImageBoxView::zoomAt(QPointF position, bool bestFit) {
+    if (m_selection.isHeld())
+        return;
     const QPointF pointer = devicePoint(position);
     const QPointF point = m_placement.toPicture(pointer);
     Q_EMIT zoomModeWanted(bestFit);

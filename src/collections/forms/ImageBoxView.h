@@ -8,6 +8,7 @@
 
 #include <QAbstractScrollArea>
 #include <QTimer>
+#include <optional>
 
 namespace tarsel {
 
@@ -89,7 +90,7 @@ private:
     quint64 m_number = 0; ///< of m_shown, for the renderer
     QString m_expected;   ///< path of a picture that is a long time coming
     QTimer m_patience;
-    QPointF m_panned; ///< where the pointer was last while it drags the picture
+    std::optional<QPointF> m_panned; ///< where the pointer was last while it drags the picture
     ScreenRenderer m_renderer;
     SelectionOverlay m_selection{*viewport()};
 };

@@ -69,6 +69,13 @@ void SelectionOverlay::arm(Tool tool) {
     Q_EMIT armedChanged();
 }
 
+void SelectionOverlay::cancel() {
+    if (isIdle())
+        return;
+    clear();
+    Q_EMIT cancelled();
+}
+
 void SelectionOverlay::show() {
     m_canvas.update();
     Q_EMIT cursorChanged();
@@ -77,13 +84,17 @@ void SelectionOverlay::show() {
 void SelectionOverlay::setPlacement(const PicturePlacement& placement) {
     const bool isResized = m_placement.drawn() != placement.drawn();
     m_placement = placement;
-    if (!isResized || !m_band.isVisible() || m_band.isHeld())
+    if (!isResized || !m_band.isVisible())
         return;
     const auto onDisplay = [&](QPointF point) {
         return (m_placement.toContainer(point) - m_placement.place().topLeft()).toPoint();
     };
     m_band.draw(onDisplay(m_start), onDisplay(m_end), m_band.shape());
     Q_EMIT regionChanged(m_band.start(), m_band.end());
+    if (!std::exchange(m_isPressed, false))
+        return;
+    Q_EMIT regionSelected(); // the drag has ended with the size that it began in
+    Q_EMIT ended();
 }
 
 // --- points
@@ -112,6 +123,11 @@ QPoint SelectionOverlay::pixelPoint(QPointF logical) const {
     return {std::min(place.x(), drawn.width - 1), std::min(place.y(), drawn.height - 1)};
 }
 
+bool SelectionOverlay::isOnPicture(QPointF logical) const {
+    const QPointF device = logical * ratio();
+    return m_placement.place().contains(int(std::floor(device.x())), int(std::floor(device.y())));
+}
+
 /// As a crop at this place rounds it.
 QPoint SelectionOverlay::inPicture(QPoint display) const {
     const QPointF place = m_placement.toPicture(display + m_placement.place().topLeft());
@@ -128,15 +144,14 @@ QSize SelectionOverlay::sizeInPicture() const {
 // --- the mouse
 
 bool SelectionOverlay::press(const QMouseEvent& event) {
+    if (m_band.isHeld() && event.button() == Qt::RightButton)
+        endDrag(event.position()); // for the menu
     if (isIdle() || event.button() != Qt::LeftButton)
         return false;
     m_pointer = (event.position() * ratio()).toPoint();
+    if (isPoint())
+        return pressPoint(event.position());
     m_isPressed = true;
-    if (isPoint()) {
-        if (m_tool == Tool::ColorPick)
-            Q_EMIT colorSelected(pixelPoint(event.position()));
-        return true;
-    }
     m_band.press(displayPoint(event.position()), reach());
     if (m_band.presentGrip() == RubberBand::nothing && m_band.state() != RubberBand::State::Dragging) {
         m_band.release(); // beside the band the picture can be dragged
@@ -144,6 +159,14 @@ bool SelectionOverlay::press(const QMouseEvent& event) {
         return false;
     }
     regionMoved();
+    return true;
+}
+
+/// Beside the picture there is nothing to pick.
+bool SelectionOverlay::pressPoint(QPointF logical) {
+    m_isPressed = m_tool == Tool::Location || isOnPicture(logical);
+    if (m_isPressed && m_tool == Tool::ColorPick)
+        Q_EMIT colorSelected(pixelPoint(logical));
     return true;
 }
 
@@ -161,7 +184,7 @@ bool SelectionOverlay::move(const QMouseEvent& event) {
         return false;
     const int grip = m_band.presentGrip();
     const bool wasByKey = std::exchange(m_movedByKey, false);
-    if (m_tool == Tool::ColorPick && !m_isPressed)
+    if (m_tool == Tool::ColorPick && !m_isPressed && isOnPicture(event.position()))
         Q_EMIT colorHovered(pixelPoint(event.position()));
     m_band.moveTo(displayPoint(event.position()), m_placement.drawn(), reach());
     if (m_band.isHeld())
@@ -174,23 +197,36 @@ bool SelectionOverlay::move(const QMouseEvent& event) {
 bool SelectionOverlay::release(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton || !m_isPressed)
         return false;
-    m_isPressed = false;
-    const QPoint place = pixelPoint(event.position());
     if (isPoint()) {
-        const bool isLocation = m_tool == Tool::Location;
-        arm(Tool::None);
-        if (isLocation)
-            Q_EMIT locationSelected(place);
-        Q_EMIT ended();
+        releasePoint(event.position());
         return true;
     }
     m_band.moveTo(displayPoint(event.position()), m_placement.drawn(), reach());
+    endDrag(event.position());
+    return true;
+}
+
+void SelectionOverlay::releasePoint(QPointF logical) {
+    m_isPressed = false;
+    const bool isLocation = m_tool == Tool::Location;
+    if (isLocation && !isOnPicture(logical))
+        return;
+    arm(Tool::None);
+    if (isLocation)
+        Q_EMIT locationSelected(pixelPoint(logical));
+    Q_EMIT ended();
+}
+
+/// After a click without a drag the tool still waits for one.
+void SelectionOverlay::endDrag(QPointF pointer) {
+    m_isPressed = false;
+    if (m_band.state() == RubberBand::State::Dragging && m_band.start() == m_band.end())
+        return arm(m_tool);
     m_band.release();
-    m_band.moveTo(displayPoint(event.position()), m_placement.drawn(), reach());
+    m_band.moveTo(displayPoint(pointer), m_placement.drawn(), reach()); // which may be on a grip
     regionMoved();
     Q_EMIT regionSelected();
     Q_EMIT ended();
-    return true;
 }
 
 void SelectionOverlay::regionMoved() {
@@ -218,8 +254,7 @@ bool SelectionOverlay::key(const QKeyEvent& event) {
     if (isIdle() || m_isPressed)
         return false;
     if (event.key() == Qt::Key_Escape) {
-        clear();
-        Q_EMIT cancelled();
+        cancel();
         return true;
     }
     const std::optional<QPoint> arrow = arrowOf(event.key());
@@ -238,15 +273,16 @@ bool SelectionOverlay::handleArrow(QPoint direction, Qt::KeyboardModifiers modif
     const int times = modifiers & Qt::ControlModifier ? largeStep : 1;
     const QPoint step(direction.x() * keyStep().x() * times, direction.y() * keyStep().y() * times);
     if (modifiers & Qt::ShiftModifier)
-        m_band.grow(step, m_placement.drawn());
+        m_band.grow(step, m_placement.drawn(), leastSize());
     else
         m_band.shift(step, m_placement.drawn());
-    selectByKey();
+    selectByKey(!(modifiers & Qt::ShiftModifier));
     return true;
 }
 
-void SelectionOverlay::selectByKey() {
+void SelectionOverlay::selectByKey(bool isShifted) {
     m_movedByKey = true;
+    m_isShifted = isShifted;
     regionMoved();
     Q_EMIT regionSelected();
     Q_EMIT ended();
@@ -259,6 +295,13 @@ QPoint SelectionOverlay::keyStep() const {
     return {std::max(1, int(std::lround(one.x()))), std::max(1, int(std::lround(one.y())))};
 }
 
+/// So large that a pixel of the picture remains, however the edges are rounded.
+QPoint SelectionOverlay::leastSize() const {
+    const QPointF one = m_placement.toContainer(QPointF(1, 1)) - m_placement.place().topLeft();
+    const auto least = [](double length) { return length > 1 ? int(length) + 1 : 1; };
+    return {least(one.x()), least(one.y())};
+}
+
 /// Half as wide and high as what is to be seen of the picture.
 void SelectionOverlay::drawCentred() {
     const QRect place = m_placement.place();
@@ -266,7 +309,7 @@ void SelectionOverlay::drawCentred() {
     const QPoint margin(seen.width() / 4, seen.height() / 4);
     m_band.draw(seen.topLeft() + margin, seen.topLeft() + QPoint(seen.width(), seen.height()) - margin,
                 m_band.shape());
-    selectByKey();
+    selectByKey(false);
 }
 
 // --- what is seen and said
@@ -286,10 +329,14 @@ QString SelectionOverlay::description() const {
 }
 
 QString SelectionOverlay::tag() const {
-    if (m_tool == Tool::Location && m_placement.place().contains(m_pointer)) {
-        const QPoint place = inPicture(m_pointer - m_placement.place().topLeft());
+    const auto placeText = [this](QPoint display) {
+        const QPoint place = inPicture(display);
         return QStringLiteral("%1, %2").arg(place.x()).arg(place.y());
-    }
+    };
+    if (m_tool == Tool::Location && m_placement.place().contains(m_pointer))
+        return placeText(m_pointer - m_placement.place().topLeft());
+    if (m_band.state() == RubberBand::State::Moving || (m_movedByKey && m_isShifted))
+        return placeText(m_band.sorted().topLeft());
     if (!m_band.isHeld() && !m_movedByKey)
         return {};
     const QSize size = sizeInPicture();

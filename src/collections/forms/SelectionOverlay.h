@@ -28,7 +28,9 @@ public:
     /// Removes the band, and what the user is to select next.
     void clear() { arm(Tool::None); }
     void arm(Tool tool);
+    void cancel(); ///< what is selected or to be selected, if anything
     Tool armed() const { return m_tool; }
+    bool isHeld() const { return m_isPressed; } ///< a point or a corner, by the pressed button
     const RubberBand& band() const { return m_band; }
     /// Where the picture is now. The band stays on what it selects.
     void setPlacement(const PicturePlacement& placement);
@@ -51,8 +53,8 @@ Q_SIGNALS:
     void locationSelected(QPoint place);
     void colorHovered(QPoint place);
     void colorSelected(QPoint place);
-    void cancelled(); ///< by a key
-    void ended();     ///< the button was released
+    void cancelled();
+    void ended(); ///< the button was released
     void cursorChanged();
     void armedChanged();
 
@@ -64,11 +66,16 @@ private:
     int reach() const;
     QPoint displayPoint(QPointF logical) const;
     QPoint pixelPoint(QPointF logical) const;
+    bool isOnPicture(QPointF logical) const;
+    bool pressPoint(QPointF logical);
+    void releasePoint(QPointF logical);
+    void endDrag(QPointF pointer);
     void regionMoved();
     void drawCentred();
-    void selectByKey();
+    void selectByKey(bool isShifted);
     bool handleArrow(QPoint direction, Qt::KeyboardModifiers modifiers);
     QPoint keyStep() const;
+    QPoint leastSize() const;
     QSize sizeInPicture() const;
     QPoint inPicture(QPoint display) const;
     QString tag() const;
@@ -82,7 +89,8 @@ private:
     Tool m_tool = Tool::None;
     bool m_isPressed = false;
     bool m_movedByKey = false;
-    QPoint m_pointer; ///< device pixels of the canvas
+    bool m_isShifted = false; ///< by the last key, in its size
+    QPoint m_pointer;         ///< device pixels of the canvas
 };
 
 } // namespace tarsel
