@@ -8,7 +8,6 @@
 
 #include <QScopedValueRollback>
 #include <algorithm>
-#include <utility>
 
 namespace tarsel {
 
@@ -43,6 +42,7 @@ PictureSelector::PictureSelector(TaskPane& pane, ImageBoxView& view, ImageBox& b
         if (!m_workflow.isOpen())
             drop();
     });
+    connect(&workflow, &TaskWorkflow::listShown, this, &PictureSelector::forget);
     connectOverlay();
 }
 
@@ -53,9 +53,8 @@ void PictureSelector::connectOverlay() {
     connect(&m_overlay, &SelectionOverlay::locationSelected, this,
             [this](QPoint place) { m_pane.page()->setLocation(place); });
     connect(&m_overlay, &SelectionOverlay::colorHovered, this,
-            [this](QPoint place) { m_pane.page()->showBackColor(colorAt(place)); });
+            [this](QPoint place) { m_pane.page()->hoverBackColor(colorAt(place)); });
     connect(&m_overlay, &SelectionOverlay::colorSelected, this, [this](QPoint place) {
-        m_colorBefore.reset();
         m_box.BackColor = colorAt(place);
         m_pane.page()->setBackColor(m_box.BackColor);
     });
@@ -81,7 +80,7 @@ void PictureSelector::take(PictureSelection selection, bool wanted) {
 
 void PictureSelector::begin(PictureSelection selection) {
     const bool isRegion = selection == PictureSelection::Region || selection == PictureSelection::Eye;
-    restoreColor();
+    endHover();
     m_asking = m_pane.page();
     m_isEye = selection == PictureSelection::Eye;
     raiseButtons(selection);
@@ -89,21 +88,26 @@ void PictureSelector::begin(PictureSelection selection) {
         m_asking->showRegion({}, {});
         m_workflow.regionWanted();
     }
-    if (selection == PictureSelection::BackColor)
-        m_colorBefore = m_asking->backColor();
     m_overlay.arm(toolOf(selection));
     m_view.setFocus();
 }
 
 /// The user wants no selection.
 void PictureSelector::cancel() {
-    m_pane.page()->showRegion({}, {});
+    forget();
+    m_workflow.regionLeft();
+}
+
+/// The page has no region any more either.
+void PictureSelector::forget() {
+    if (m_pane.page())
+        m_pane.page()->showRegion({}, {});
     drop();
 }
 
 /// Nothing is selected on the picture any more, and nothing is to be.
 void PictureSelector::drop() {
-    restoreColor();
+    endHover();
     m_overlay.clear();
     raiseButtons();
     m_asking = nullptr;
@@ -126,10 +130,9 @@ void PictureSelector::raiseButtons(std::optional<PictureSelection> but) {
             m_asking->endSelection(selection);
 }
 
-/// The one before the pointer showed others.
-void PictureSelector::restoreColor() {
-    if (const auto before = std::exchange(m_colorBefore, std::nullopt))
-        m_asking->showBackColor(*before);
+void PictureSelector::endHover() {
+    if (m_asking)
+        m_asking->hoverBackColor({});
 }
 
 } // namespace tarsel

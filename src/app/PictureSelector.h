@@ -26,10 +26,11 @@ private:
     void take(PictureSelection selection, bool wanted);
     void begin(PictureSelection selection);
     void cancel();
+    void forget();
     void drop();
     void pageOpened();
     void raiseButtons(std::optional<PictureSelection> but = {});
-    void restoreColor();
+    void endHover();
     Color colorAt(QPoint display) const;
 
     TaskPane& m_pane;
@@ -39,8 +40,7 @@ private:
     TaskWorkflow& m_workflow;
     TaskOptionPage* m_asking = nullptr; ///< for the selection that is made or shown
     bool m_isEye = false;
-    std::optional<Color> m_colorBefore; ///< while one is picked
-    bool m_raises = false;              ///< the buttons, which the user did not
+    bool m_raises = false; ///< the buttons, which the user did not
 };
 
 } // namespace tarsel

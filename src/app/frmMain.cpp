@@ -328,9 +328,15 @@ void frmMain::showPlace(const Place& place) {
         m_folderPane->selectFile(place.file);
 }
 
+/// Of the box and of the user.
+void frmMain::dropSelection() {
+    m_workspace.ibMain.ClearSelection();
+    m_previewPane->ibMain().selection().cancel();
+}
+
 /// The row before or after the selected one of the list in use; at the ends nothing happens.
 void frmMain::showNeighbour(int step) {
-    m_workspace.ibMain.ClearSelection();
+    dropSelection();
     m_preview.ShowRow(ActiveList->list(), ActiveList->selectNeighbour(step));
 }
 
@@ -371,7 +377,7 @@ void frmMain::saveImageDocument() {
     ImageBox& ibMain = m_workspace.ibMain;
     if (!ibMain.HasImage())
         return;
-    ibMain.ClearSelection();
+    dropSelection();
     ImageBox box = ibMain;
     if (m_preview.upright)
         declareUpright(box);

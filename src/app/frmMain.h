@@ -128,6 +128,7 @@ private:
     void saveRowAs(int row);
     void savePictureWanted();
     void saveImageDocument();
+    void dropSelection();
     void showEditing();
     void showTaskPanel(bool open);
     void showBefore();

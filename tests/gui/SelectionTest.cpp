@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "collections/forms/BeforeView.h"
 #include "collections/forms/ImageBoxView.h"
+#include "controls/ListControl.h"
 #include "tasks/forms/TaskOptionPage.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Boxes.h"
@@ -59,6 +61,7 @@ protected:
         click(window(), "cmdApply");
         settle();
     }
+    QImage corner() { return view().viewport()->grab({at({2, 2}), QSize(9, 9)}).toImage(); }
     const Picture& shown() { return window().workspace().ibMain.picture(); }
     const RubberBand& band() { return view().selection().band(); }
     QRect selected() { return band().sorted(); }
@@ -72,21 +75,32 @@ TEST_F(Selection, ACropIsDraggedMovedAndSizedWithThePointerAndWithKeys) {
         selectRegion();
         EXPECT_EQ(view().viewport()->cursor().shape(), Qt::CrossCursor);
         EXPECT_TRUE(view().hasFocus());
+        drag({20, 30}, {20, 30});
+        EXPECT_TRUE(isDown("chkCropMouse")) << "still to be dragged";
         drag({20, 30}, {120, 90});
         EXPECT_FALSE(isDown("chkCropMouse"));
+        const QImage dimmed = corner();
+        press("cmdCompare");
+        ASSERT_TRUE(waitFor([&] { return child<BeforeView>(window(), "BeforeView").isSharp(); }));
+        EXPECT_EQ(corner(), dimmed);
         EXPECT_EQ(child<QLabel>(window(), "lblSelectRegionEnd").text().toStdString(), "X : 120 ; Y : 90");
         drag({70, 60}, {75, 62});
         key(Qt::Key_Left);
         key(Qt::Key_Down, Qt::ShiftModifier | Qt::ControlModifier);
         EXPECT_EQ(selected(), QRect(24, 32, 100, 70));
-        QTest::mouseClick(view().viewport(), Qt::RightButton, {}, at({70, 60}));
-        EXPECT_EQ(selected(), QRect(24, 32, 100, 70)) << "a menu leaves it";
         const double scale = 1600.0 / view().placement().drawn().width;
         preview();
         EXPECT_EQ(shown().width(), int(std::nearbyint(scale * 124) - std::nearbyint(scale * 24)));
         EXPECT_FALSE(band().isVisible());
         click(window(), "cmdOK");
         settle();
+        click(window(), "Crop");
+        selectRegion();
+        drag({1, 1}, {40, 40});
+        Q_EMIT child<ListControl>(window(), "lvEditPreview").rowClicked();
+        settle();
+        EXPECT_FALSE(band().isVisible());
+        EXPECT_EQ(child<QLabel>(window(), "lblSelectRegionEnd").text().toStdString(), "X : 0 ; Y : 0");
         close();
     }
 }
@@ -106,7 +120,15 @@ TEST_F(Selection, ABandStaysOnItsRegionAndIsLeftWithEscape) {
     const QString size = QStringLiteral("%1 × %2").arg(first.width()).arg(first.height());
     EXPECT_TRUE(view().accessibleDescription().contains(size));
     key(Qt::Key_Escape);
-    EXPECT_FALSE(band().isVisible());
+    EXPECT_FALSE(band().isVisible() || child<QAbstractButton>(window(), "cmdApply").isEnabled());
+    selectRegion();
+    QTest::mousePress(view().viewport(), Qt::LeftButton, {}, at({10, 10}));
+    QTest::mouseMove(view().viewport(), at({50, 60}));
+    key(Qt::Key_Minus);
+    EXPECT_FALSE(view().isBestFit()) << "not while a corner is dragged";
+    QTest::mouseClick(view().viewport(), Qt::RightButton, {}, at({50, 60}));
+    QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, at({90, 90}));
+    EXPECT_EQ(selected(), QRect(10, 10, 40, 50)) << "dragged until the menu opened";
 }
 
 TEST_F(Selection, ATextStandsWhereTheUserClickedAndFurtherWithASecondPreview) {
@@ -125,17 +147,24 @@ TEST_F(Selection, ATextStandsWhereTheUserClickedAndFurtherWithASecondPreview) {
         kept = int(std::nearbyint(scale * kept));
         EXPECT_EQ(child<TaskOptionPage>(window(), "pageText").location().x(), kept);
     }
+    press("chkSelectLocation");
+    child<QComboBox>(window(), "cboPosition").setCurrentIndex(0);
+    EXPECT_FALSE(isDown("chkSelectLocation"));
 }
 
 TEST_F(Selection, TheColorUnderThePointerShowsAndIsPickedOrLeft) {
     edit("Canvas");
     auto& well = child<QAbstractButton>(window(), "picCropBackColor");
     const std::string before = well.toolTip().toStdString();
+    const TaskRow row = child<TaskOptionPage>(window(), "pageCanvas").row();
     press("chkCropBackColor");
     const Size drawn = view().placement().drawn();
     QTest::mouseMove(view().viewport(), at({5, 5}));
     QTest::mouseMove(view().viewport(), at({drawn.width - 1, 5}));
+    QTest::mouseMove(view().viewport(), {1, 1}); // beside the picture
     EXPECT_EQ(well.toolTip().toStdString(), "#dc1e28");
+    EXPECT_TRUE(child<TaskOptionPage>(window(), "pageCanvas").row() == row)
+        << "a colour is not picked by the pointer alone";
     key(Qt::Key_Escape);
     EXPECT_EQ(well.toolTip().toStdString(), before);
     press("chkCropBackColor");

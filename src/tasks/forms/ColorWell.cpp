@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <utility>
 
 namespace tarsel {
 
@@ -31,9 +32,15 @@ void ColorWell::setValue(const QVariant& color) {
     Q_EMIT colorChanged();
 }
 
+void ColorWell::showOther(std::optional<Color> color) {
+    if (std::exchange(m_other, color) != color)
+        showColor();
+}
+
 void ColorWell::showColor() {
-    setAccessibleDescription(shownColor(m_color).name());
-    setToolTip(shownColor(m_color).name());
+    const QString name = shownColor(m_other.value_or(m_color)).name();
+    setAccessibleDescription(name);
+    setToolTip(name);
     update();
 }
 
@@ -52,7 +59,7 @@ void ColorWell::paintEvent(QPaintEvent* event) {
     if (!isEnabled())
         painter.setOpacity(0.3);
     const QRect area = rect().adjusted(5, 5, -5, -5);
-    painter.fillRect(area, shownColor(m_color));
+    painter.fillRect(area, shownColor(m_other.value_or(m_color)));
     painter.setPen(palette().color(QPalette::Mid));
     painter.drawRect(area.adjusted(0, 0, -1, -1));
 }

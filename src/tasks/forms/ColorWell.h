@@ -5,6 +5,7 @@
 #include "pixels/Color.h"
 
 #include <QPushButton>
+#include <optional>
 
 namespace tarsel {
 
@@ -16,6 +17,8 @@ public:
 
     QVariant value() const override { return m_color; }
     void setValue(const QVariant& color) override;
+    /// Shows another colour than the value, or the value again.
+    void showOther(std::optional<Color> color);
     void onChange(const std::function<void()>& changed) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -31,6 +34,7 @@ private:
     void showColor();
 
     Color m_color = 0xFFFFFF;
+    std::optional<Color> m_other;
 };
 
 } // namespace tarsel

@@ -217,18 +217,18 @@ void OptionPage::setLocation(QPoint location) {
     takeChange();
 }
 
-Color OptionPage::backColor() const {
-    return controlOf<ColorWell>(*this, "picCropBackColor").value().toInt();
-}
-
 void OptionPage::setBackColor(Color color) {
-    showBackColor(color);
+    hoverBackColor({});
+    {
+        const QScopedValueRollback filling(m_isFilling, true);
+        controlOf<ColorWell>(*this, "picCropBackColor").setValue(color);
+    }
     takeChange();
 }
 
-void OptionPage::showBackColor(Color color) {
-    const QScopedValueRollback filling(m_isFilling, true);
-    controlOf<ColorWell>(*this, "picCropBackColor").setValue(color);
+void OptionPage::hoverBackColor(std::optional<Color> color) {
+    if (auto* well = findChild<ColorWell*>(QStringLiteral("picCropBackColor")))
+        well->showOther(color);
 }
 
 void OptionPage::showRegion(QPoint start, QPoint end) {

@@ -29,9 +29,8 @@ public:
     void endSelection(PictureSelection selection) override;
     void setLocation(QPoint location) override;
     QPoint location() const override { return m_location; }
-    Color backColor() const override;
     void setBackColor(Color color) override;
-    void showBackColor(Color color) override;
+    void hoverBackColor(std::optional<Color> color) override;
     void showRegion(QPoint start, QPoint end) override;
     void keepLocation(const TaskRow&) override {}
 

@@ -6,6 +6,7 @@
 
 #include <QPoint>
 #include <QWidget>
+#include <optional>
 
 namespace tarsel {
 
@@ -36,9 +37,9 @@ public:
     /// The point that a text or a merged picture is placed at. Setting it is a change by the user.
     virtual void setLocation(QPoint location) = 0;
     virtual QPoint location() const = 0;
-    virtual Color backColor() const = 0;
-    virtual void setBackColor(Color color) = 0;  ///< also a change, unlike the next
-    virtual void showBackColor(Color color) = 0; ///< of a place that the user may choose
+    virtual void setBackColor(Color color) = 0; ///< also a change, unlike the next
+    /// Shows a colour that the user may pick; its own one again for none. Rows never have it.
+    virtual void hoverBackColor(std::optional<Color> color) = 0;
     /// Corners as dragged, which the rows from now on have.
     virtual void showRegion(QPoint start, QPoint end) = 0;
     /// Keeps the point that a preview has converted.

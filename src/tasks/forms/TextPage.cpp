@@ -75,6 +75,8 @@ void TextPage::showPlace() {
     const bool isClicked = controlOf<QComboBox>(*this, "cboPosition").currentIndex() == clickedPosition;
     controlOf<QWidget>(*this, "frameTextPlace").setVisible(!isClicked);
     controlOf<QWidget>(*this, "frameTextClick").setVisible(isClicked);
+    if (!isClicked)
+        endSelection(PictureSelection::Location);
 }
 
 /// The index of the font may come from a time with more fonts.
