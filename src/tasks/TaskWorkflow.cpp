@@ -44,7 +44,10 @@ TaskPanelState TaskWorkflow::state() const {
         m_kind ? QCoreApplication::translate("TaskKinds", taskKind(m_kind)->optionTitle) : tr("Options");
     state.editButton = m_isOpen ? tr("  Finish") : tr("  Edit");
     state.okButton = m_kind ? tr("Confirm") : tr("Finish");
-    state.cmdApply = m_kind && (m_firstPreview || m_optionsChanged);
+    const auto isRegionLeft = [this] {
+        return m_kind != redEye && !missingRegionText(m_options.row()).isEmpty();
+    };
+    state.cmdApply = m_kind && (m_optionsChanged || (m_firstPreview && !isRegionLeft()));
     state.cmdOK = m_isOpen && (m_kind != redEye || m_regionBegun || !m_firstPreview);
     state.cmdReset = m_kind && !m_firstPreview;
     state.cmdOriginalImage = m_isOpen && m_tasks.count() > 0;

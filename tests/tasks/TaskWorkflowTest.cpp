@@ -274,7 +274,7 @@ TEST(Editing, AsksAndNamesAndKeepsTheDefaultsOfWhatWasConfirmed) {
     editing.picture.shown.StretchToFit = true;
     for (const auto& [size, message] :
          {std::pair(5, "Drag the region from its top left to its bottom right."),
-          {50, "Please select a region of the picture first."}}) { // of no pixel
+          {500, "Please select a region of the picture first."}}) { // of no pixel
         editing.picture.shown.ControlWidth = editing.picture.shown.ControlHeight = float(size);
         editing.play("Crop ok");
         EXPECT_EQ(editing.desktop.messages.back().text.toStdString(), message);
