@@ -18,14 +18,9 @@ QString exifDate(const QString& shown, const DateForms& forms) {
     return asItStands.match(shown).hasMatch() ? shown : ImageBox::ExifDateToText(toDate(shown, forms));
 }
 
-void applyRecord(clsFileEXIF& file, ImageBox& box, const DateForms& forms) {
-    QString name;
-    QString value;
-    file.ReadEXIF(name, value);
-    if (IsExifDate(name))
-        value = exifDate(value, forms);
-    if (box.ExifSet(name, value))
-        box.ExifSet(QStringLiteral("Software"), ProductTitle);
+bool applyRecord(const QString& name, const QString& value, ImageBox& box, const DateForms& forms) {
+    return box.ExifSet(name, IsExifDate(name) ? exifDate(value, forms) : value) &&
+           box.ExifSet(QStringLiteral("Software"), ProductTitle);
 }
 
 } // namespace
@@ -46,22 +41,28 @@ int WriteXiffFile(const QString& path, const ListView& rows) {
     return written;
 }
 
-void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
+QList<std::pair<QString, QString>> ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
+    QList<std::pair<QString, QString>> applied;
     clsFileEXIF file;
     if (!QFileInfo::exists(path)) // an optional file
-        return;
+        return applied;
     if (!file.OpenForRead(path))
         throw *file.openError();
     int record = 1;
     try {
-        for (; !file.fEof(); ++record)
-            applyRecord(file, box, forms);
+        for (; !file.fEof(); ++record) {
+            QString name, value;
+            file.ReadEXIF(name, value);
+            if (applyRecord(name, value, box, forms))
+                applied.append({name, value});
+        }
     } catch (TrappedError& error) {
         error.description = QCoreApplication::translate("modMetadata", "%1, record %2: %3")
                                 .arg(path, QString::number(record), error.description);
         throw;
     }
     file.closefile();
+    return applied;
 }
 
 } // namespace tarsel::modMetadata

@@ -102,8 +102,10 @@ void ClearIptcList(const QString& path, const QString& label, ImageBox& box);
 int WriteXiffFile(const QString& path, const ListView& rows);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
-/// opened changes nothing. Dates are read in the user's own form first. Error 13 for an invalid date, 62
-/// for a file that ends within a record.
-void ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms = {});
+/// opened changes nothing. Dates are read in the user's own form first. Returns the names and values that
+/// were set; one that its attribute can't take is passed over. Error 13 for an invalid date, 62 for a file
+/// that ends within a record.
+QList<std::pair<QString, QString>> ApplyXiffFile(const QString& path, ImageBox& box,
+                                                 const DateForms& forms = {});
 
 } // namespace tarsel::modMetadata

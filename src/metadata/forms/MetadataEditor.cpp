@@ -8,7 +8,6 @@
 #include "base/Locale.h"
 #include "base/SaveFileDialog.h"
 #include "embedded/IptcFields.h"
-#include "metadata/clsFileEXIF.h"
 #include "metadata/forms/frmExifEditAttribute.h"
 #include "metadata/forms/frmExifNewAttribute.h"
 #include "metadata/forms/frmIPTCCategory.h"
@@ -301,33 +300,18 @@ void MetadataEditor::LoadXiffFile() {
         const auto choice = service<Dialogs>().openFileDialog({tr("Open EXIF .xiff file"), xiffFilter, {}});
         if (!choice)
             return;
-        clsFileEXIF file;
-        if (!file.OpenForRead(choice->path))
-            throw *file.openError();
-        std::vector<std::pair<QString, QString>> records;
-        while (!file.fEof()) {
-            auto& [name, value] = records.emplace_back();
-            file.ReadEXIF(name, value);
-        }
-        file.closefile();
-        applyRecords(std::move(records));
-    });
-}
-
-/// All of them or none: the file is written once. A value that its attribute can't take is passed over.
-void MetadataEditor::applyRecords(std::vector<std::pair<QString, QString>> records) {
-    const DateForms forms = service<Locale>().dateForms();
-    const bool isDone = change([&](const QString& path, ImageBox& box) {
-        std::erase_if(records, [&](const auto& record) {
-            return !modMetadata::SetMetadataAttribute(box, false, record.first, record.second, forms);
+        const DateForms forms = service<Locale>().dateForms();
+        QList<std::pair<QString, QString>> applied;
+        const bool isDone = change([&](const QString& path, ImageBox& box) {
+            applied = modMetadata::ApplyXiffFile(choice->path, box, forms);
+            if (!applied.isEmpty())
+                box.SaveMetadataOnly(path);
+            return true;
         });
-        if (!records.empty())
-            box.SaveMetadataOnly(path);
-        return true;
+        for (const auto& [name, value] : applied)
+            if (isDone && isShown())
+                showXiffRow(name, value);
     });
-    for (const auto& [name, value] : records)
-        if (isDone && isShown())
-            showXiffRow(name, value);
 }
 
 void MetadataEditor::showXiffRow(const QString& name, const QString& value) {

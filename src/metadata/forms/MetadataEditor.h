@@ -7,8 +7,6 @@
 #include <QObject>
 #include <QThreadPool>
 #include <functional>
-#include <utility>
-#include <vector>
 
 class QWidget;
 
@@ -59,7 +57,6 @@ private:
     bool clear(ListView& rows, const QString& question, const Change& clearing);
     void LoadXiffFile();
     void SaveXiffFile();
-    void applyRecords(std::vector<std::pair<QString, QString>> records);
     void showXiffRow(const QString& name, const QString& value);
     void openIptcFile();
     void saveIptcFile();
