@@ -3,6 +3,7 @@
 
 #include "base/Conversions.h"
 #include "base/IgnoringErrors.h"
+#include "base/Locale.h"
 #include "controls/DayGrid.h"
 
 #include <QApplication>
@@ -23,14 +24,6 @@ namespace tarsel {
 namespace {
 
 constexpr int repeatInterval = 150; ///< milliseconds between the months while a button is held
-
-/// The user's short form with a year of four digits, as dates are shown and read.
-DateForms ownForms() {
-    QString form = QLocale().dateFormat(QLocale::ShortFormat);
-    if (!form.contains(QLatin1String("yyyy")))
-        form.replace(QLatin1String("yy"), QLatin1String("yyyy"));
-    return {form, {}};
-}
 
 /// The tokens of a format in Qt's spelling, where months are capital.
 QString qtFormat(QString format) {
@@ -156,13 +149,13 @@ QString ucDateTimePicker::CurrentTheme() const {
 // --- field and panel
 
 void ucDateTimePicker::showText() {
-    m_text->setText(shortDateText(m_selected, ownForms()));
+    m_text->setText(shortDateText(m_selected, service<Locale>().dateForms()));
 }
 
 /// A text that isn't a date is taken back.
 void ucDateTimePicker::readText() {
     ignoringErrors([this] {
-        const QDateTime typed = toDate(m_text->text(), ownForms());
+        const QDateTime typed = toDate(m_text->text(), service<Locale>().dateForms());
         if (typed.date() != m_selected.date())
             setDateSelected({typed.date(), m_selected.time()});
     });
