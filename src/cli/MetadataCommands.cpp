@@ -5,8 +5,8 @@
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
 #include "cli/Interrupt.h"
-#include "cli/JsonLine.h"
 #include "cli/MetadataChanges.h"
+#include "cli/PictureFacts.h"
 #include "cli/Terminal.h"
 #include "metadata/modMetadata.h"
 
@@ -60,12 +60,6 @@ constexpr OptionSpec importOptions[] = {
     jsonOption,
 };
 
-bool isPicture(const QString& path) {
-    static const QStringList extensions{QStringLiteral("jpg"), QStringLiteral("jpeg"), QStringLiteral("jpe"),
-                                        QStringLiteral("tif"), QStringLiteral("tiff"), QStringLiteral("psd")};
-    return extensions.contains(QFileInfo(path).suffix().toLower());
-}
-
 /// Files as they are given; of a folder, the pictures in it whose metadata can be written, by name.
 QStringList pictures(const QStringList& operands) {
     QStringList paths;
@@ -76,7 +70,7 @@ QStringList pictures(const QStringList& operands) {
             continue;
         }
         for (const QString& name : QDir(path).entryList(QDir::Files, QDir::Name))
-            if (isPicture(name))
+            if (modMetadata::listedMetadata(QFileInfo(name).suffix()) != modMetadata::ListedMetadata::None)
                 paths << QDir(path).filePath(name);
     }
     if (paths.isEmpty())
@@ -127,31 +121,26 @@ private:
     bool m_failed = false;
 };
 
-int forEachPicture(const Arguments& arguments, Terminal& terminal,
-                   const std::function<void(ImageBox& box)>& change) {
-    const QStringList paths = pictures(arguments.operands());
+/// Until the user interrupts.
+template <class Items, class Step>
+int forEach(const Items& items, const Arguments& arguments, Terminal& terminal, Step&& step) {
     const InterruptScope interruptible;
     Report report(arguments, terminal);
-    for (const QString& path : paths) {
+    for (const auto& item : items) {
         if (wasInterrupted())
             break;
-        report.change(path, change);
+        step(item, report);
     }
     return report.status();
 }
 
-// --- get
-
-QList<JsonLine> jsonRows(const ListView& rows) {
-    QList<JsonLine> lines;
-    for (int i = 0; i < rows.count(); ++i) {
-        JsonLine line;
-        if (!rows.row(i).tag.isEmpty())
-            line.add("name", rows.row(i).tag);
-        lines << line.add("label", rows.row(i).text).add("value", rows.row(i).subItems.value(0));
-    }
-    return lines;
+int changeEach(const Arguments& arguments, Terminal& terminal,
+               const std::function<void(ImageBox& box)>& change) {
+    return forEach(pictures(arguments.operands()), arguments, terminal,
+                   [&](const QString& path, Report& report) { report.change(path, change); });
 }
+
+// --- get
 
 void printRows(const char* heading, const ListView& rows, Terminal& terminal) {
     for (int i = 0; i < rows.count(); ++i)
@@ -171,8 +160,8 @@ void get(const QString& path, bool json, Terminal& terminal) {
                             .add("path", path)
                             .add("state", QStringLiteral("ok"))
                             .add("reason", QString())
-                            .add("exif", jsonRows(exif))
-                            .add("iptc", jsonRows(iptc))
+                            .add("exif", jsonOfRows(exif, true))
+                            .add("iptc", jsonOfRows(iptc, false))
                             .text());
         return;
     }
@@ -182,19 +171,14 @@ void get(const QString& path, bool json, Terminal& terminal) {
 }
 
 int runGet(const Arguments& arguments, Terminal& terminal) {
-    const QStringList paths = pictures(arguments.operands());
-    const InterruptScope interruptible;
-    Report report(arguments, terminal);
-    for (const QString& path : paths) {
-        if (wasInterrupted())
-            break;
-        try {
-            get(path, arguments.has("json"), terminal);
-        } catch (const TrappedError& error) {
-            report.add(path, "failed", error.description);
-        }
-    }
-    return report.status();
+    return forEach(pictures(arguments.operands()), arguments, terminal,
+                   [&](const QString& path, Report& report) {
+                       try {
+                           get(path, arguments.has("json"), terminal);
+                       } catch (const TrappedError& error) {
+                           report.add(path, "failed", error.description);
+                       }
+                   });
 }
 
 // --- set, delete, clear
@@ -205,17 +189,12 @@ int setFromTable(const Arguments& arguments, Terminal& terminal) {
             QCoreApplication::translate("CommandLine", "--from goes without other changes and pictures")};
     const auto rows = changesOfTable(filePath(arguments.value("from")));
     const DateForms forms = service<Locale>().dateForms();
-    const InterruptScope interruptible;
-    Report report(arguments, terminal);
-    for (const auto& [path, changes] : rows) {
-        if (wasInterrupted())
-            break;
-        report.change(path, [&, &changes = changes](ImageBox& box) {
-            for (const AttributeChange& change : changes)
+    return forEach(rows, arguments, terminal, [&](const auto& row, Report& report) {
+        report.change(row.first, [&](ImageBox& box) {
+            for (const AttributeChange& change : row.second)
                 apply(change, box, forms);
         });
-    }
-    return report.status();
+    });
 }
 
 int runSet(const Arguments& arguments, Terminal& terminal) {
@@ -229,7 +208,7 @@ int runSet(const Arguments& arguments, Terminal& terminal) {
     if (changes.isEmpty())
         throw UsageError{QCoreApplication::translate("CommandLine", "nothing to set")};
     const DateForms forms = service<Locale>().dateForms();
-    return forEachPicture(arguments, terminal, [&](ImageBox& box) {
+    return changeEach(arguments, terminal, [&](ImageBox& box) {
         for (const AttributeChange& change : changes)
             apply(change, box, forms);
     });
@@ -242,7 +221,7 @@ int runDelete(const Arguments& arguments, Terminal& terminal) {
         fields << attributeNamed(true, label);
     if (names.isEmpty() && fields.isEmpty())
         throw UsageError{QCoreApplication::translate("CommandLine", "nothing to delete")};
-    return forEachPicture(arguments, terminal, [&](ImageBox& box) {
+    return changeEach(arguments, terminal, [&](ImageBox& box) {
         for (const QString& name : names)
             if (!box.ExifValueByName(name).isEmpty() && !box.ExifDelete(name))
                 fail(ErrorNumber::InvalidCall,
@@ -255,7 +234,7 @@ int runDelete(const Arguments& arguments, Terminal& terminal) {
 int runClear(const Arguments& arguments, Terminal& terminal) {
     if (!arguments.has("exif") && !arguments.has("iptc"))
         throw UsageError{QCoreApplication::translate("CommandLine", "--exif or --iptc is missing")};
-    return forEachPicture(arguments, terminal, [&](ImageBox& box) {
+    return changeEach(arguments, terminal, [&](ImageBox& box) {
         if (arguments.has("exif"))
             box.ExifClear();
         if (arguments.has("iptc"))
@@ -299,7 +278,7 @@ int runImport(const Arguments& arguments, Terminal& terminal) {
         return path;
     };
     const QString exif = file("exif"), iptc = file("iptc");
-    return forEachPicture(arguments, terminal, [&](ImageBox& box) {
+    return changeEach(arguments, terminal, [&](ImageBox& box) {
         if (!exif.isEmpty())
             modMetadata::ApplyXiffFile(exif, box, forms);
         if (!iptc.isEmpty())

@@ -2,7 +2,6 @@
 #include "cli/PictureFacts.h"
 
 #include "base/ErrorTrap.h"
-#include "cli/JsonLine.h"
 #include "codecs/PictureFile.h"
 #include "collections/LoadSource.h"
 #include "collections/clsFileInfo.h"
@@ -30,12 +29,10 @@ void readHeader(PictureFacts& facts) {
 
 /// As the window's two lists show them: which formats fill which list goes by the extension.
 void listMetadata(PictureFacts& facts, const ImageBox& box) {
-    static const QStringList both{QStringLiteral("tif"), QStringLiteral("tiff"), QStringLiteral("jpg"),
-                                  QStringLiteral("jpeg"), QStringLiteral("jpe")};
-    const QString extension = modFileSystem::GetFileExtension(facts.path).toLower();
-    if (both.contains(extension))
+    const auto listed = modMetadata::listedMetadata(modFileSystem::GetFileExtension(facts.path));
+    if (listed == modMetadata::ListedMetadata::ExifAndIptc)
         modMetadata::ListExifAttributes(box, facts.exif, facts.path);
-    if (both.contains(extension) || extension == QLatin1String("psd"))
+    if (listed != modMetadata::ListedMetadata::None)
         modMetadata::ListIptcAttributes(box, facts.iptc, facts.path);
 }
 
@@ -56,13 +53,6 @@ JsonLine jsonOfRow(const ListRow& row, bool named) {
     if (named)
         line.add("name", row.tag);
     return line.add("label", row.text).add("value", row.subItems.value(0));
-}
-
-QList<JsonLine> jsonOfRows(const ListView& rows, bool named) {
-    QList<JsonLine> lines;
-    for (int i = 0; i < rows.count(); ++i)
-        lines << jsonOfRow(rows.row(i), named);
-    return lines;
 }
 
 JsonLine jsonOfHeader(const PictureHeader& header) {
@@ -126,6 +116,13 @@ void readPictureFacts(const QString& path, PictureFacts& facts) {
     } catch (const std::bad_alloc&) {
         facts.reason = path + QStringLiteral(": ") + errorText(ErrorNumber::OutOfMemory);
     }
+}
+
+QList<JsonLine> jsonOfRows(const ListView& rows, bool named) {
+    QList<JsonLine> lines;
+    for (int i = 0; i < rows.count(); ++i)
+        lines << jsonOfRow(rows.row(i), named);
+    return lines;
 }
 
 QString jsonOf(const PictureFacts& facts) {

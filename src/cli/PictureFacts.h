@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/ListView.h"
+#include "cli/JsonLine.h"
 #include "codecs/PictureHeader.h"
 
 #include <QString>
@@ -31,6 +32,9 @@ struct PictureFacts {
 
 /// Never raises: `reason` says what failed.
 void readPictureFacts(const QString& path, PictureFacts& facts);
+
+/// Each row as an object: the raw name when `named`, as EXIF rows have one, the label, the value.
+QList<JsonLine> jsonOfRows(const ListView& rows, bool named);
 
 QString jsonOf(const PictureFacts& facts);
 QStringList linesOf(const PictureFacts& facts);

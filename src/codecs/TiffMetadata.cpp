@@ -14,17 +14,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::uint16_t byteType = 1;
-constexpr std::uint16_t undefinedType = 7;
-
-namespace Tag {
 constexpr std::uint16_t photometric = 262;
 constexpr std::uint16_t documentName = 269;
-constexpr std::uint16_t xmp = 700;
-constexpr std::uint16_t iptc = 33723;
-constexpr std::uint16_t resources = 34377;
-constexpr std::uint16_t profile = 34675;
-} // namespace Tag
 
 /// Tags that describe how or where this file stores its pixels, or which of its pages they are; they are
 /// wrong in another file.
@@ -40,12 +31,13 @@ bool isStorage(std::uint16_t tag) {
 
 /// Blocks that have a place of their own in EmbeddedMetadata.
 bool isBlock(std::uint16_t tag) {
-    return tag == Tag::xmp || tag == Tag::iptc || tag == Tag::resources || tag == Tag::profile;
+    return tag == TiffBlock::xmp || tag == TiffBlock::iptc || tag == TiffBlock::resources ||
+           tag == TiffBlock::profile;
 }
 
 /// Several writers put the name of the file that they write into DocumentName. A document's own name stays.
 bool namesOldFile(const TiffDirectory::Entry& entry) {
-    QByteArray name = entry.tag == Tag::documentName ? entry.value.toLower() : QByteArray();
+    QByteArray name = entry.tag == documentName ? entry.value.toLower() : QByteArray();
     name.truncate(name.indexOf('\0') < 0 ? name.size() : name.indexOf('\0'));
     return name.endsWith(".tif") || name.endsWith(".tiff");
 }
@@ -80,8 +72,8 @@ QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
 
 /// The IPTC data that a page holds by itself count before those among its image resources.
 QByteArray resourcesOf(const TiffDirectory& page) {
-    QByteArray stored = valueOf(page, Tag::resources);
-    const QByteArray iptc = valueOf(page, Tag::iptc);
+    QByteArray stored = valueOf(page, TiffBlock::resources);
+    const QByteArray iptc = valueOf(page, TiffBlock::iptc);
     if (iptc.isEmpty())
         return stored;
     ResourceBlocks blocks(stored);
@@ -93,13 +85,8 @@ QByteArray resourcesOf(const TiffDirectory& page) {
 /// Inks, or one of the three kinds of L*a*b*.
 bool isInksOrLab(const TiffDirectory& page, bool bigEndian) {
     constexpr std::uint16_t kinds[] = {5, 8, 9, 10};
-    const QByteArray value = valueOf(page, Tag::photometric);
+    const QByteArray value = valueOf(page, photometric);
     return std::ranges::count(kinds, ByteReader(value, byteOrder(bigEndian)).word(0)) > 0;
-}
-
-void putBlock(TiffDirectory& page, std::uint16_t tag, std::uint16_t type, const QByteArray& bytes) {
-    if (!bytes.isEmpty())
-        page.put({tag, type, std::uint32_t(bytes.size()), bytes, {}});
 }
 
 /// Without what describes the coding of the JPEG file that the attributes were read from.
@@ -116,6 +103,13 @@ TiffDirectory uncompressedAttributes(const TiffDirectory& exif) {
 
 } // namespace
 
+void putBlock(TiffDirectory& page, std::uint16_t tag, ExifType type, const QByteArray& bytes) {
+    if (bytes.isEmpty())
+        std::erase_if(page.entries, [tag](const TiffDirectory::Entry& entry) { return entry.tag == tag; });
+    else
+        page.put({tag, std::uint16_t(type), std::uint32_t(bytes.size()), bytes, {}});
+}
+
 bool isPictureAttribute(const TiffDirectory::Entry& entry) {
     return !isStorage(entry.tag) && !isBlock(entry.tag) && !namesOldFile(entry);
 }
@@ -126,8 +120,8 @@ EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t dir
     blocks.exif = blockOf(attributesOf(page), bigEndian);
     blocks.storage = blockOf(storageOf(page), bigEndian);
     blocks.resources = resourcesOf(page);
-    blocks.xmp = valueOf(page, Tag::xmp);
-    blocks.iccProfile = valueOf(page, Tag::profile);
+    blocks.xmp = valueOf(page, TiffBlock::xmp);
+    blocks.iccProfile = valueOf(page, TiffBlock::profile);
     return isInksOrLab(page, bigEndian) ? withoutRgbProfile(std::move(blocks)) : blocks;
 }
 
@@ -139,11 +133,11 @@ QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& meta
     if (TiffTree exif = readTiffTree(metadata.exif); exif.bigEndian == bigEndian)
         for (TiffDirectory::Entry& entry : uncompressedAttributes(exif.directory).entries)
             page.put(std::move(entry));
-    putBlock(page, Tag::xmp, byteType, metadata.xmp);
-    putBlock(page, Tag::iptc, undefinedType,
+    putBlock(page, TiffBlock::xmp, ExifType::Byte, metadata.xmp);
+    putBlock(page, TiffBlock::iptc, ExifType::Undefined,
              ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber));
-    putBlock(page, Tag::resources, byteType, metadata.resources);
-    putBlock(page, Tag::profile, undefinedType, metadata.iccProfile);
+    putBlock(page, TiffBlock::resources, ExifType::Byte, metadata.resources);
+    putBlock(page, TiffBlock::profile, ExifType::Undefined, metadata.iccProfile);
     const auto end = std::uint32_t(start->firstDirectory()); // libtiff wrote the directory last
     const std::uint32_t offset = (end + 1) / 2 * 2;
     QByteArray result = file.left(end);

@@ -5,6 +5,7 @@
 #include "codecs/MetadataWriter.h"
 #include "codecs/TiffDirectory.h"
 #include "embedded/EmbeddedMetadata.h"
+#include "embedded/ExifBlock.h"
 
 #include <cstdint>
 
@@ -17,6 +18,17 @@ EmbeddedMetadata tiffPageMetadata(const PictureSource& source, std::uint64_t dir
 /// The file of one page with the blocks in its directory. `file` has the byte order of the EXIF block, and
 /// nothing after its directory but what belongs to that.
 QByteArray withTiffMetadata(const QByteArray& file, const EmbeddedMetadata& metadata);
+
+/// Tags of the blocks that EmbeddedMetadata holds beside EXIF.
+namespace TiffBlock {
+constexpr std::uint16_t xmp = 700;
+constexpr std::uint16_t iptc = 33723;
+constexpr std::uint16_t resources = 34377;
+constexpr std::uint16_t profile = 34675;
+} // namespace TiffBlock
+
+/// Puts a block in the place of one with that tag; empty bytes remove it.
+void putBlock(TiffDirectory& page, std::uint16_t tag, ExifType type, const QByteArray& bytes);
 
 /// Whether an entry says something about the picture that is as true in another file: neither about the
 /// storage of pixels nor one of the blocks that EmbeddedMetadata holds beside EXIF.

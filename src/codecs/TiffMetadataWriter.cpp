@@ -12,8 +12,7 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::uint16_t byteType = 1, longType = 4, undefinedType = 7;
-constexpr std::uint16_t xmpTag = 700, iptcTag = 33723, resourcesTag = 34377;
+constexpr std::uint16_t longType = 4;
 constexpr std::int64_t largestFile = UINT32_MAX;
 constexpr std::size_t maxPages = 65'535;
 constexpr std::uint64_t maxEntries = 65'535; // what a directory can count
@@ -236,23 +235,16 @@ private:
     QByteArray m_tail;
 };
 
-void putBlock(TiffDirectory& page, std::uint16_t tag, std::uint16_t type, const QByteArray& bytes) {
-    if (bytes.isEmpty())
-        std::erase_if(page.entries, [tag](const TiffDirectory::Entry& entry) { return entry.tag == tag; });
-    else
-        page.put({tag, type, std::uint32_t(bytes.size()), bytes, {}});
-}
-
 /// IPTC data stand in a tag of their own, and in the image resources where a page has these.
 void putIptc(TiffDirectory& page, const QByteArray& iptc) {
-    putBlock(page, iptcTag, undefinedType, iptc);
-    const TiffDirectory::Entry* present = page.find(resourcesTag);
+    putBlock(page, TiffBlock::iptc, ExifType::Undefined, iptc);
+    const TiffDirectory::Entry* present = page.find(TiffBlock::resources);
     if (!present)
         return;
     ResourceBlocks resources(present->value);
     if (resources.contains(ResourceBlocks::iptcNumber))
         resources.replace(ResourceBlocks::iptcNumber, iptc);
-    putBlock(page, resourcesTag, present->type, resources.bytes());
+    putBlock(page, TiffBlock::resources, ExifType(present->type), resources.bytes());
 }
 
 void putAttributes(TiffDirectory& page, const QByteArray& exif, bool bigEndian) {
@@ -297,7 +289,7 @@ FilePieces tiffPageWithMetadata(const PictureSource& source, const FileUnderTest
     if (change.exif)
         putAttributes(after, *change.exif, bigEndian);
     if (change.xmp)
-        putBlock(after, xmpTag, byteType, *change.xmp);
+        putBlock(after, TiffBlock::xmp, ExifType::Byte, *change.xmp);
     if (change.iptc)
         putIptc(after, *change.iptc);
 

@@ -8,6 +8,7 @@
 #include "collections/clsFileInfo.h"
 #include "imaging/LoadingFailure.h"
 #include "imaging/fncLoadPicture.h"
+#include "metadata/modMetadata.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -33,20 +34,14 @@ bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) 
     }
 }
 
-/// Whether the lists of metadata are filled from such a file; an edit then writes what the box holds.
-bool listsMetadata(const QString& path) {
-    static const QStringList extensions{QStringLiteral("tif"), QStringLiteral("tiff"),
-                                        QStringLiteral("jpg"), QStringLiteral("jpeg"),
-                                        QStringLiteral("jpe"), QStringLiteral("psd")};
-    return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
-}
-
 bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& stop) {
     QString damage;
     const auto picture = fncLoadPicture(path, LoadMode::FullSize, {-1, -1}, 0xFFFFFF, nullptr, stop, &damage);
     if (picture) {
         box.setPictureHandle(*picture, damage);
-        if (listsMetadata(path))
+        // An edit of what is listed writes what the box holds.
+        const auto listed = modMetadata::listedMetadata(modFileSystem::GetFileExtension(path));
+        if (listed != modMetadata::ListedMetadata::None)
             ignoringErrors([&] { box.metadata() = MetadataStore(PictureFile(path).metadata(1, stop)); });
     }
     return picture.has_value();

@@ -16,11 +16,6 @@ namespace tarsel {
 
 namespace {
 
-bool isOneOf(const QString& extension, std::initializer_list<const char*> extensions) {
-    return std::any_of(extensions.begin(), extensions.end(),
-                       [&](const char* each) { return extension == QLatin1String(each); });
-}
-
 int rowOfPath(const ListView& list, const QString& path) {
     for (int row = 0; row < list.count(); ++row)
         if (list.row(row).tag == path)
@@ -276,12 +271,13 @@ void Preview::completeResolution(ListView& list, const QString& path) const {
 void Preview::listMetadata(const QString& path) {
     m_lists.lvExif.clear();
     m_lists.lvIPTC.clear();
-    const QString extension = clsFileInfo::StripFileExtention(path).toLower();
-    if (isOneOf(extension, {"tif", "tiff", "jpg", "jpeg", "jpe"})) {
+    using modMetadata::ListedMetadata;
+    const ListedMetadata listed = modMetadata::listedMetadata(clsFileInfo::StripFileExtention(path));
+    if (listed == ListedMetadata::ExifAndIptc) {
         modMetadata::ListExifAttributes(m_lists.ibMain, m_lists.lvExif, path);
         modMetadata::ListIptcAttributes(m_lists.ibMain, m_lists.lvIPTC, path);
         Q_EMIT metadataRead(MetadataTab::Exif);
-    } else if (extension == QLatin1String("psd")) {
+    } else if (listed == ListedMetadata::Iptc) {
         modMetadata::ListIptcAttributes(m_lists.ibMain, m_lists.lvIPTC, path);
         Q_EMIT metadataRead(MetadataTab::Iptc);
     } else {

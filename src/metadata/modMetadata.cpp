@@ -66,6 +66,15 @@ bool IsIptcDate(const QString& label) {
     return contains(IptcDateAttributes(), label);
 }
 
+ListedMetadata listedMetadata(const QString& extension) {
+    static const QStringList both{QStringLiteral("tif"), QStringLiteral("tiff"), QStringLiteral("jpg"),
+                                  QStringLiteral("jpeg"), QStringLiteral("jpe")};
+    if (both.contains(extension, Qt::CaseInsensitive))
+        return ListedMetadata::ExifAndIptc;
+    return extension.compare(QLatin1String("psd"), Qt::CaseInsensitive) == 0 ? ListedMetadata::Iptc
+                                                                             : ListedMetadata::None;
+}
+
 bool ListKeyIsFree(const ListView& list, const QString& key) {
     return list.findKey(key) < 0;
 }

@@ -6,6 +6,7 @@
 #include "imaging/ImageBox.h"
 
 #include <QDateTime>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <variant>
@@ -30,6 +31,10 @@ void InitMetadataTables();
 bool IsExifEditable(const QString& name);
 bool IsExifDate(const QString& name);
 bool IsIptcDate(const QString& label);
+
+/// Which lists are filled from a file with that extension, in any case, without its point.
+enum class ListedMetadata { None, Iptc, ExifAndIptc };
+ListedMetadata listedMetadata(const QString& extension);
 
 /// Whether no row of the list has that key, compared exactly.
 bool ListKeyIsFree(const ListView& list, const QString& key);
