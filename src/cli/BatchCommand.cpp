@@ -6,6 +6,7 @@
 #include "cli/FilePaths.h"
 #include "cli/Interrupt.h"
 #include "cli/RowReport.h"
+#include "cli/SizeOptions.h"
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "collections/clsFileInfo.h"
@@ -45,6 +46,9 @@ constexpr OptionSpec options[] = {
     {"no-overwrite", nullptr, QT_TRANSLATE_NOOP("CommandLine", "skip rows whose file exists")},
     {"exif", "F.xiff", QT_TRANSLATE_NOOP("CommandLine", "set these EXIF attributes in every file")},
     {"iptc", "F.ffo", QT_TRANSLATE_NOOP("CommandLine", "replace the IPTC data of every file by these")},
+    maxSizeOption,
+    minQualityOption,
+    shrinkOption,
     {"rows", "A-B", QT_TRANSLATE_NOOP("CommandLine", "do these rows only, numbered as in the full basket")},
     {"dry-run", nullptr, QT_TRANSLATE_NOOP("CommandLine", "do everything but write")},
     {"upright", nullptr,
@@ -127,6 +131,8 @@ constexpr Command batchCommand{
         "A source that another row still needs is never replaced: the row is skipped. Two rows that end\n"
         "in one file are reported, and the exit status is 1. An error ends the run; the rows after it are\n"
         "skipped as \"not reached\". SIGINT or SIGTERM ends it after the current file.\n"
+        "With --max-size a JPEG that is small enough, and that no task changes, is copied with its "
+        "metadata.\n"
         "Each page of a document is a row of its own. Settings stay from picture to picture, such as the\n"
         "back colour that a task set: with --rows a list can make other pictures than in a full run."),
     .options = options,

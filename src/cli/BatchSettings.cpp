@@ -5,6 +5,7 @@
 #include "base/SafeFileWriter.h"
 #include "cli/FilePaths.h"
 #include "cli/RawNames.h"
+#include "cli/SizeOptions.h"
 #include "output/Naming.h"
 
 #include <QCoreApplication>
@@ -115,8 +116,9 @@ settings::BatchSave batchSettings(const Arguments& arguments) {
     settings::BatchSave settings;
     setNaming(settings, arguments);
     setDestination(settings, arguments);
+    const char* quality = arguments.has(maxSizeOption.name) ? "100" : "80";
     settings.JpegQuality =
-        qint16(numberIn(arguments.value("quality", QStringLiteral("80")), 1, 100, "quality"));
+        qint16(numberIn(arguments.value("quality", QLatin1String(quality)), 1, 100, "quality"));
     settings.JpegProgressive = arguments.has("progressive") ? 1 : 0;
     settings.JpegDepth = arguments.has("gray") ? 1 : 0;
     settings.UprightByExif = arguments.has("upright") ? 1 : 0;
@@ -132,6 +134,7 @@ settings::BatchSave batchSettings(const Arguments& arguments) {
 BatchRun batchRun(const Arguments& arguments) {
     BatchRun run;
     run.dryRun = arguments.has("dry-run");
+    run.budget = sizeBudget(arguments);
     run.pagesToDocumentFolder = true;
     if (!arguments.has("rows"))
         return run;

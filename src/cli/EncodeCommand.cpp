@@ -6,6 +6,7 @@
 #include "cli/FilePaths.h"
 #include "cli/JsonLine.h"
 #include "cli/SinglePicture.h"
+#include "cli/SizeOptions.h"
 #include "cli/Terminal.h"
 #include "imaging/ImageBox.h"
 #include "imaging/SaveFormats.h"
@@ -14,6 +15,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <algorithm>
+#include <cmath>
 
 namespace tarsel::cli {
 
@@ -26,7 +28,9 @@ constexpr OptionSpec options[] = {
     {"progressive", nullptr, "write a progressive JPEG"},
     {"compression", "NAME", "gif: lzw (default) or none; tif: none (default), packbits or group4"},
     {"transparent", "RRGGBB", "gif, png: make pixels of exactly this colour transparent"},
-    {"max-size", "BYTES", "jpg: use the highest quality, up to --quality or 100, whose file is not larger"},
+    maxSizeOption,
+    minQualityOption,
+    shrinkOption,
     {"upright", nullptr,
      "turn the picture by its EXIF orientation; always done where the format can't hold it"},
     {"json", nullptr, "one JSON object: source, target, state, reason, format, bytes, quality"},
@@ -104,26 +108,6 @@ void setQuality(ImageBox& box, const Arguments& arguments, const SaveFormat& for
     box.JpegEncoding = arguments.has("progressive");
 }
 
-/// Lowers the quality as far as it takes; error 5 when even the lowest is too large.
-void searchQuality(ImageBox& box, const QString& extension, qint64 maxSize) {
-    const auto fits = [&](int quality) {
-        box.JpegQuality = quality;
-        return box.encoded(extension).size() <= maxSize;
-    };
-    int highest = box.JpegQuality, lowest = 1;
-    if (fits(highest))
-        return;
-    if (!fits(lowest))
-        fail(ErrorNumber::InvalidCall, Texts::tr("no quality makes a file of %1 bytes; the lowest takes %2")
-                                           .arg(maxSize)
-                                           .arg(box.encoded(extension).size()));
-    while (highest - lowest > 1) { // `lowest` fits, `highest` doesn't
-        const int middle = (lowest + highest) / 2;
-        (fits(middle) ? lowest : highest) = middle;
-    }
-    box.JpegQuality = lowest;
-}
-
 struct EncodeResult {
     QString source;
     QString target;
@@ -131,20 +115,21 @@ struct EncodeResult {
     SourceState state;
     QString error;
     qint64 bytes = 0;
-    int quality = 0; ///< 0 for a format without
+    double quality = 0; ///< 0 for a format without
 };
 
-void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, qint64 maxSize, bool upright) {
+void encode(ImageBox& box, EncodeResult& result, const SaveFormat& format, const SizeBudget& budget,
+            bool upright) {
     result.state = loadForTarget(box, result.source, result.target);
     const QString extension = QLatin1String(format.extension);
     if (upright || isOrientationLost(box, result.source, extension))
         turnUpright(box, result.source);
-    if (maxSize > 0)
-        searchQuality(box, extension, maxSize);
-    const QByteArray bytes = box.encoded(extension);
-    writeFileSafely(result.target, bytes);
-    result.bytes = bytes.size();
-    result.quality = isFormat(format, "jpg") ? box.JpegQuality : 0;
+    const BudgetedJpeg file =
+        budget.bytes > 0 ? jpegWithin(budget, box.picture(), box.saveSettings(), box.metadata().blocks())
+                         : BudgetedJpeg{box.encoded(extension), box.saveSettings(), box.picture()};
+    writeFileSafely(result.target, file.bytes);
+    result.bytes = file.bytes.size();
+    result.quality = isFormat(format, "jpg") ? std::round(file.quality() * 10) / 10 : 0;
 }
 
 QString reasonOf(const EncodeResult& result) {
@@ -189,11 +174,10 @@ int run(const Arguments& arguments, Terminal& terminal) {
     setQuality(box, arguments, format);
     setCompression(box, arguments, format);
     setTransparency(box, arguments, format);
-    const int maxSize =
-        arguments.has("max-size") ? numberIn(arguments.value("max-size"), 1, INT_MAX, "max-size") : 0;
+    const SizeBudget budget = sizeBudget(arguments);
     const ErrorSubject subject(result.source);
     try {
-        encode(box, result, format, maxSize, arguments.has("upright"));
+        encode(box, result, format, budget, arguments.has("upright"));
         for (const QString& remark : remarksOn(result.source, result.state))
             terminal.message(remark);
     } catch (const TrappedError& error) {

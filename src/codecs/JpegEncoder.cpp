@@ -7,6 +7,7 @@
 #include "codecs/EncoderColors.h"
 #include "codecs/JpegErrors.h"
 #include "codecs/JpegSegments.h"
+#include "codecs/JpegTables.h"
 #include "codecs/Resolution.h"
 #include "pixels/Flatten.h"
 
@@ -122,7 +123,7 @@ private:
         jpeg_set_defaults(&m_jpeg);
         if (m_isGray)
             jpeg_set_colorspace(&m_jpeg, JCS_GRAYSCALE);
-        jpeg_set_quality(&m_jpeg, std::clamp(m_settings.JpegQuality, 1, 100), TRUE);
+        setTables();
         if (m_resolution.horizontal > 0) {
             m_jpeg.density_unit = dotsPerInch;
             m_jpeg.X_density = density(m_resolution.horizontal);
@@ -130,6 +131,16 @@ private:
         }
         if (m_settings.JpegEncoding)
             jpeg_simple_progression(&m_jpeg);
+    }
+
+    void setTables() {
+        if (m_settings.JpegTableScale <= 0)
+            return jpeg_set_quality(&m_jpeg, std::clamp(m_settings.JpegQuality, 1, 100), TRUE);
+        m_jpeg.optimize_coding = TRUE;
+        jpeg_set_linear_quality(&m_jpeg, 100, TRUE); // the tables as the standard has them
+        for (JQUANT_TBL* table : m_jpeg.quant_tbl_ptrs)
+            if (table)
+                scaleJpegTable(table->quantval, m_settings.JpegTableScale);
     }
 
     static UINT16 density(double perInch) { return UINT16(std::clamp(std::lround(perInch), 1L, 65535L)); }

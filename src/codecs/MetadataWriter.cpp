@@ -104,6 +104,18 @@ public:
         }
     }
 
+    QByteArray bytes(const EmbeddedMetadata& wanted) {
+        const MetadataChange change = changeBetween(m_codec->metadata(m_source, m_path, m_page), wanted);
+        if (change.isEmpty())
+            return m_source.all();
+        const FilePieces content = m_codec->withMetadata(m_source, m_path, m_page, change);
+        QByteArray bytes;
+        for (const FilePieces::Piece& piece : content.pieces())
+            bytes += piece.bytes.isEmpty() ? m_source.bytes(piece.from, piece.size) : piece.bytes;
+        requireReads(PictureSource(bytes), wanted);
+        return bytes;
+    }
+
 private:
     void requireUnchanged() const {
         if (FileStamp::of(m_path) != m_stamp)
@@ -119,14 +131,14 @@ private:
             else
                 writer.write(piece.bytes);
         }
-        requireReads(writer.temporaryPath(), wanted);
+        requireReads(PictureSource::ofFile(writer.temporaryPath()), wanted);
         requireUnchanged();
         writer.commit();
     }
 
     /// What was written must read as wanted before it replaces anything.
-    void requireReads(const QString& written, const EmbeddedMetadata& wanted) const {
-        const EmbeddedMetadata read = m_codec->metadata(PictureSource::ofFile(written), m_path, m_page);
+    void requireReads(const PictureSource& written, const EmbeddedMetadata& wanted) const {
+        const EmbeddedMetadata read = m_codec->metadata(written, m_path, m_page);
         const MetadataChange difference = changeBetween(read, wanted);
         if (!difference.isEmpty())
             failWriting(m_path,
@@ -155,6 +167,10 @@ MetadataChange changeBetween(const EmbeddedMetadata& present, const EmbeddedMeta
 
 void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted) {
     MetadataWriter(path, page).write(wanted);
+}
+
+QByteArray bytesWithMetadata(const QString& path, int page, const EmbeddedMetadata& wanted) {
+    return MetadataWriter(path, page).bytes(wanted);
 }
 
 } // namespace tarsel

@@ -30,4 +30,7 @@ MetadataChange changeBetween(const EmbeddedMetadata& present, const EmbeddedMeta
 /// that was changed by another program meanwhile, and for metadata that would not read as wanted.
 void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted);
 
+/// The bytes of the file that saveMetadata() would make of it. The same errors.
+QByteArray bytesWithMetadata(const QString& path, int page, const EmbeddedMetadata& wanted);
+
 } // namespace tarsel

@@ -23,6 +23,7 @@ QString skipText(SkipReason reason) {
     case SkipReason::None:
     case SkipReason::NoPicture:
     case SkipReason::Refused:
+    case SkipReason::TooLarge:
         break;
     }
     return {};

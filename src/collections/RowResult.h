@@ -18,7 +18,8 @@ enum class SkipReason {
     NotReached, ///< the run ended in an error before
     NoPicture,  ///< the source holds no picture; the first remark says why
     Removed,    ///< the row was taken out of the list during the run
-    Refused     ///< its file would replace a source; the first remark says which
+    Refused,    ///< its file would replace a source; the first remark says which
+    TooLarge    ///< no file keeps to the wanted size; the first remark says why
 };
 
 /// What became of one row of a run.

@@ -39,7 +39,7 @@ public:
     virtual QString readablePath(const QString& source) const { return source; }
     /// Decides on the picture in `box`, as the tasks left it, and fills in the row's target. Returns the work
     /// that is left, mostly writing; the next row's tasks may begin beside it, but see nothing of the box.
-    /// It returns false when a file turned up under a name that must be new: the row is skipped then.
+    /// It returns false when it has skipped the row, or when a file turned up under a name that must be new.
     /// Returns nothing when the row's result is final.
     virtual std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) = 0;
     /// That work has succeeded.

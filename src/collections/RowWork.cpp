@@ -85,8 +85,10 @@ void RowWork::consume() {
     beginNext();
     bool written = false;
     m_ahead.finish([&] { written = work(); });
+    if (!written && m_result.skipped == SkipReason::None)
+        m_result.skip(SkipReason::Exists);
     if (!written)
-        return m_result.skip(SkipReason::Exists);
+        return;
     m_consumer.noteWritten(m_result);
     m_result.state = RowState::Written;
 }

@@ -349,8 +349,13 @@ void ImageBox::mergeLayer(const PictureHandle& handle, Rgb transparentColor) {
 }
 
 SaveSettings ImageBox::saveSettings() const {
-    return {ColorFormat,     JpegQuality, JpegEncoding,        GifCompression,
-            TiffCompression, BackColor,   BackColorTransparent};
+    return {.ColorFormat = ColorFormat,
+            .JpegQuality = JpegQuality,
+            .JpegEncoding = JpegEncoding,
+            .GifCompression = GifCompression,
+            .TiffCompression = TiffCompression,
+            .BackColor = BackColor,
+            .BackColorTransparent = BackColorTransparent};
 }
 
 } // namespace tarsel

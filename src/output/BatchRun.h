@@ -2,6 +2,7 @@
 #pragma once
 
 #include "collections/RowResult.h"
+#include "imaging/SizeBudget.h"
 #include "output/SourceGuard.h"
 
 #include <QStringList>
@@ -19,7 +20,9 @@ struct BatchRun {
     bool pagesToDocumentFolder = false;
     SourceReplacing sourceReplacing = SourceReplacing::KeptReadable;
     QStringList unreadSources; ///< files that the user named but that became no rows; they are not replaced
-    std::stop_token stop;      ///< ends the loading of a row's picture: that row and the rest are cancelled
+    /// Of each file. A JPEG source that keeps to it, with no task to run, is copied with its new metadata.
+    SizeBudget budget;
+    std::stop_token stop; ///< ends the loading of a row's picture: that row and the rest are cancelled
     std::function<void(const RowResult&)> onRow; ///< called for each row as soon as it is done
     bool readAhead = true;                       ///< as of RowRun
 };

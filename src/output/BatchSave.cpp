@@ -10,8 +10,8 @@ namespace tarsel {
 bool fncSaveSinglePage(const ListView& lvPages, const ListView& lvEditBatch, ImageBox& ibTemp,
                        Progress& progress, const settings::BatchSave& settings, const BatchRun& run,
                        std::vector<RowResult>& results) {
-    SavedRows saved(lvPages, settings, run);
     const bool runsTasks = settings.ProcessEditingList == 1;
+    SavedRows saved(lvPages, settings, run, runsTasks && lvEditBatch.count() > 0);
     const auto tasks = [&lvPages, &lvEditBatch, runsTasks] {
         return runsTasks ? modProcessTasks::rowsToReplay(lvPages, lvEditBatch, nullptr, true)
                          : std::vector<TaskRow>();

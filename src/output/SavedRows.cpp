@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/SavedRows.h"
 
+#include "base/IgnoringErrors.h"
 #include "base/Locale.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
+#include "codecs/MetadataWriter.h"
+#include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
+#include "imaging/Upright.h"
 #include "metadata/modMetadata.h"
 #include "output/Naming.h"
 
@@ -17,6 +21,18 @@ namespace {
 
 bool isImportable(quint8 wanted, const QString& path) {
     return wanted == 1 && !path.trimmed().isEmpty() && clsFileInfo::CheckIfFileExists(path);
+}
+
+/// A JPEG file with other metadata; nothing for another file, for one that shows its picture turned when it
+/// is wanted upright, and where the metadata can't be changed.
+std::optional<QByteArray> jpegCopy(const QString& source, const EmbeddedMetadata& metadata, bool upright) {
+    std::optional<QByteArray> bytes;
+    ignoringErrors([&] {
+        if (PictureFile(source).usualExtension() == outputExtension() &&
+            !(upright && fileOrientation(source) != 1))
+            bytes = bytesWithMetadata(source, 1, metadata);
+    });
+    return bytes;
 }
 
 } // namespace
@@ -42,12 +58,38 @@ std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
         return {};
     }
     m_sources.keepReadable(result.row, result.target);
-    return [&box, path = result.target, mayReplace = m_settings.Overwrite == 1] {
-        if (!mayReplace)
-            return writeNewFileSafely(path, box.encoded(outputExtension()));
-        box.SaveToFile(path);
-        return true;
+    return [this, &box, &result, source = readablePath(row.tag)] {
+        const std::optional<QByteArray> bytes = fileOf(box, source, result);
+        if (bytes && m_settings.Overwrite == 1)
+            writeFileSafely(result.target, *bytes);
+        return bytes && (m_settings.Overwrite == 1 || writeNewFileSafely(result.target, *bytes));
     };
+}
+
+/// Whether the picture is as in its source, and wanted so.
+bool SavedRows::mayBeCopied(const ImageBox& box) const {
+    return !m_changesPictures && m_settings.JpegDepth == 0 && box.LoadDamage().isEmpty();
+}
+
+/// Nothing, and the row is skipped, when no file keeps to the budget.
+std::optional<QByteArray> SavedRows::fileOf(const ImageBox& box, const QString& source,
+                                            RowResult& result) const {
+    if (m_run.budget.bytes == 0)
+        return box.encoded(outputExtension());
+    if (mayBeCopied(box)) {
+        const std::optional<QByteArray> copy =
+            jpegCopy(source, box.metadata().blocks(), m_settings.UprightByExif == 1);
+        if (copy && copy->size() <= m_run.budget.bytes)
+            return copy;
+    }
+    try {
+        return jpegWithin(m_run.budget, box.picture(), box.saveSettings(), box.metadata().blocks()).bytes;
+    } catch (const TrappedError& error) {
+        if (error.number != ErrorNumber::InvalidCall)
+            throw;
+        result.skip(SkipReason::TooLarge, error.description);
+        return std::nullopt;
+    }
 }
 
 OutputName SavedRows::nameOf(const ListRow& row, const ImageBox& box, RowResult& result) const {

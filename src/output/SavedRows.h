@@ -7,13 +7,19 @@
 #include "output/OutputName.h"
 #include "output/SourceGuard.h"
 
+#include <optional>
+
 namespace tarsel {
 
 /// The last step of the batch save: name the file, import side files, write.
 class SavedRows final : public RowConsumer {
 public:
-    SavedRows(const ListView& lvPages, const settings::BatchSave& settings, const BatchRun& run) :
-        m_settings(settings), m_run(run), m_sources(lvPages, run.sourceReplacing, run.unreadSources) {}
+    /// `changesPictures`: tasks run on them.
+    SavedRows(const ListView& lvPages, const settings::BatchSave& settings, const BatchRun& run,
+              bool changesPictures) :
+        m_settings(settings),
+        m_run(run), m_changesPictures(changesPictures),
+        m_sources(lvPages, run.sourceReplacing, run.unreadSources) {}
 
     QString readablePath(const QString& source) const override { return m_sources.readablePath(source); }
     std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;
@@ -26,9 +32,12 @@ private:
     void importMetadata(ImageBox& box) const;
     void setSaveOptions(ImageBox& box) const;
     bool mayWrite(RowResult& result) const;
+    bool mayBeCopied(const ImageBox& box) const;
+    std::optional<QByteArray> fileOf(const ImageBox& box, const QString& source, RowResult& result) const;
 
     const settings::BatchSave m_settings; ///< as they were at the start: the loop lets other handlers run
     const BatchRun& m_run;
+    const bool m_changesPictures;
     SourceGuard m_sources;
 };
 

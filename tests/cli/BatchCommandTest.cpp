@@ -2,6 +2,7 @@
 #include "base/SafeFileWriter.h"
 #include "tests/cli/Program.h"
 #include "tests/support/MadePictures.h"
+#include "tests/support/TestPictures.h"
 #include "tests/support/Text.h"
 
 #include <QDir>
@@ -229,6 +230,27 @@ TEST(BatchCommand, OptionsOfThePictureReachTheFile) {
         EXPECT_EQ(info.value(text("header")).toObject().value(text("bitsPerPixel")).toInt(), bits);
         EXPECT_EQ(readWholeFile(folder.path("made/a.jpg")).contains("\xFF\xC2"), progressive);
     }
+}
+
+TEST(BatchCommand, WithAMaximumSizeSmallFilesKeepTheirPictureAndLargeOnesLoseQuality) {
+    const PictureFolder folder;
+    boxWith(noisePicture(200, 150, 3)).SaveToFile(folder.path("large.jpg"));
+    boxWith(noisePicture(200, 150, 3)).SaveToFile(folder.path("other.png"));
+    const auto scan = [&](const char* name) {
+        const QByteArray bytes = readWholeFile(folder.path(name));
+        return bytes.mid(bytes.indexOf("\xFF\xDA"));
+    };
+    const ProgramRun run =
+        folder.run("batch --json --out made --max-size 9000 a.jpg large.jpg other.png b.jpg");
+    EXPECT_EQ(rows(run), "1 written, 2 skipped, 3 skipped, 4 written") << run.messages.constData();
+    EXPECT_TRUE(contains(run.objects().at(1).value(text("reason")).toString(), "quality 40 takes"));
+    EXPECT_EQ(scan("made/a.jpg"), scan("a.jpg"));
+    EXPECT_EQ(folder.loaded("made/a.jpg").ExifValueByName(text("Software")), text("Tarsel JPEG"));
+    EXPECT_EQ(folder.run("batch --out made --max-size 9000 --shrink a.jpg large.jpg other.png").status, 0);
+    for (const char* name : {"made/large.jpg", "made/other.jpg"})
+        EXPECT_LE(QFileInfo(folder.path(name)).size(), 9000) << name;
+    ASSERT_EQ(folder.run("batch --out made --max-size 9000 --gray a.jpg").status, 0);
+    EXPECT_NE(scan("made/a.jpg"), scan("a.jpg"));
 }
 
 TEST(BatchCommand, ARelativePathInAFolderThatIsGoneIsAnError) {

@@ -52,10 +52,14 @@ TEST_F(EncodeCommand, WritesEveryFormatByNameOrByExtensionAndUprightWhereTheOrie
 }
 
 TEST_F(EncodeCommand, FindsTheBestQualityThatFits) {
-    const int limit = sizeOf("--quality 61 photo.png q.jpg");
-    const QJsonObject row = encoded(qPrintable(text("--max-size %1 photo.png fit.jpg").arg(limit)));
-    EXPECT_EQ(row.value(text("quality")).toInt(), 61);
-    EXPECT_EQ(row.value(text("bytes")).toInt(), limit);
+    const QJsonObject row = encoded("--max-size 3K photo.png fit.jpg");
+    EXPECT_EQ(row.value(text("bytes")).toInt(), QFileInfo(folder.path("fit.jpg")).size());
+    EXPECT_NEAR(row.value(text("bytes")).toInt(), 0.985 * 3072, 0.015 * 3072);
+    EXPECT_GT(row.value(text("quality")).toDouble(), 40);
+    EXPECT_EQ(encoded("--max-size 3K --min-quality 99 photo.png fit.jpg").value(text("state")),
+              text("failed"));
+    EXPECT_LE(sizeOf("--max-size 3K --min-quality 99 --shrink photo.png fit.jpg"), 3072);
+    EXPECT_LT(folder.loaded("fit.jpg").Width(), 160);
     EXPECT_EQ(encoded("--max-size 10000000 photo.png fit.jpg").value(text("quality")).toInt(), 100);
     EXPECT_EQ(encoded("--max-size 10000000 --quality 70 photo.png fit.jpg").value(text("quality")).toInt(),
               70);
@@ -83,12 +87,13 @@ TEST_F(EncodeCommand, OptionsReachTheEncoder) {
 }
 
 TEST_F(EncodeCommand, WhatAFormatDoesNotHaveIsWrongUsage) {
-    for (const char* wrong : {"photo.png", "photo.png x.txt", "--format doc photo.png x.jpg",
-                              "--colors 16-colors photo.png x.jpg", "--colors many photo.png x.bmp",
-                              "--compression lzw photo.png x.tif", "--compression lzw photo.png x.jpg",
-                              "--transparent FF0000 photo.png x.jpg", "--transparent red photo.png x.gif",
-                              "--quality 5 photo.png x.gif", "--quality 101 photo.png x.jpg",
-                              "--max-size 0 photo.png x.jpg", "--max-size 9999 photo.png x.png"})
+    for (const char* wrong :
+         {"photo.png", "photo.png x.txt", "--format doc photo.png x.jpg",
+          "--colors 16-colors photo.png x.jpg", "--colors many photo.png x.bmp",
+          "--compression lzw photo.png x.tif", "--compression lzw photo.png x.jpg",
+          "--transparent FF0000 photo.png x.jpg", "--transparent red photo.png x.gif",
+          "--quality 5 photo.png x.gif", "--quality 101 photo.png x.jpg", "--max-size 0 photo.png x.jpg",
+          "--max-size 2G photo.png x.jpg", "--shrink photo.png x.jpg", "--max-size 9999 photo.png x.png"})
         EXPECT_EQ(folder.run(commandLine("encode") + commandLine(wrong)).status, 2) << wrong;
     EXPECT_EQ(folder.run("encode gone.png x.jpg").status, 1);
 }
