@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "configuration/RecordImage.h"
+#include "publishing/joined/JoinedOptions.h"
+#include "publishing/joined/JoinedWriter.h"
 #include "tests/fuzz/Fuzzers.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/Metafiles.h"
@@ -49,6 +51,16 @@ Seeds pictures() {
     return seeds;
 }
 
+Seeds joinedFiles() {
+    QByteArray file;
+    joined::JoinedWriter writer(
+        [&](std::string_view bytes) { file.append(bytes.data(), qsizetype(bytes.size())); });
+    writer.player("player");
+    writer.picture("one", "JPEG");
+    EXPECT_TRUE(writer.finish(*joined::bytesOf(joined::EffectOptions{"Hi"})));
+    return {file};
+}
+
 Seeds metafiles() {
     return {test::wmf(test::redLeftHalf()), test::wmf(test::wmfRecord(0x0A32, {0, 0, 4, 4, 2, 2}), false),
             test::emf(test::emfRecord(43, {0, 0, 20, 20}))};
@@ -84,6 +96,7 @@ const struct {
                {"metadata", fuzz::readMetadata, metadataBlocks, 5000},
                {"pictures", fuzz::readPicture, pictures, 300},
                {"header", fuzz::readHeader, pictures, 40},
+               {"joined files", fuzz::readJoinedFile, joinedFiles, 5000},
                {"metafiles", fuzz::drawMetafile, metafiles, 300}};
 
 } // namespace

@@ -14,6 +14,7 @@ void readListFiles(const QByteArray& bytes);
 void readMetadata(const QByteArray& bytes);
 void readPicture(const QByteArray& bytes);
 void readHeader(const QByteArray& bytes);
+void readJoinedFile(const QByteArray& bytes);
 void drawMetafile(const QByteArray& bytes);
 /// The first byte says how many descriptors come with the answer that follows, and whether it has the serial
 /// number of the request.
