@@ -61,6 +61,8 @@ ucDateTimePicker::ucDateTimePicker(QWidget* parent) :
 void ucDateTimePicker::makePanel() {
     m_panel->setObjectName(QStringLiteral("picListBox"));
     m_panel->setFrameShape(QFrame::StyledPanel);
+    m_panel->setAttribute(Qt::WA_WindowPropagation); // of the container's font
+    m_grid->setObjectName(QStringLiteral("lblDay"));
     m_title->setObjectName(QStringLiteral("lblDateTitle"));
     m_title->setAlignment(Qt::AlignCenter);
     m_description->setObjectName(QStringLiteral("lblDateDescription"));
@@ -68,6 +70,8 @@ void ucDateTimePicker::makePanel() {
     today->setObjectName(QStringLiteral("btnToday"));
     auto* ok = new QPushButton(tr("&OK"), m_panel);
     ok->setObjectName(QStringLiteral("btnOK"));
+    for (QPushButton* button : {today, ok})
+        button->setAutoDefault(true); // Return presses it
 
     auto* head = new QHBoxLayout;
     head->addWidget(makeMonthButton("imgLeft", tr("Previous month"), -1));
@@ -152,14 +156,14 @@ void ucDateTimePicker::showText() {
     m_text->setText(shortDateText(m_selected, service<Locale>().dateForms()));
 }
 
-/// A text that isn't a date is taken back.
-void ucDateTimePicker::readText() {
-    ignoringErrors([this] {
+/// A text that isn't a date is taken back; false then.
+bool ucDateTimePicker::readText() {
+    const bool isDate = ignoringErrors([this] {
         const QDateTime typed = toDate(m_text->text(), service<Locale>().dateForms());
-        if (typed.date() != m_selected.date())
-            setDateSelected({typed.date(), m_selected.time()});
+        setDateSelected({typed.date(), m_selected.time()});
     });
     showText();
+    return isDate;
 }
 
 void ucDateTimePicker::describe() {
@@ -188,6 +192,14 @@ void ucDateTimePicker::acceptPanel() {
     m_text->setFocus();
 }
 
+bool ucDateTimePicker::refuseText() {
+    if (readText())
+        return false;
+    QApplication::beep();
+    m_text->selectAll();
+    return true;
+}
+
 void ucDateTimePicker::keyPressEvent(QKeyEvent* event) {
     const bool opens =
         event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier);
@@ -197,11 +209,13 @@ void ucDateTimePicker::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-/// The arrow keys step through the days in the field.
+/// The arrow keys step through the days in the field. Return accepts no text that isn't a date.
 bool ucDateTimePicker::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_text || event->type() != QEvent::KeyPress)
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
+        return refuseText();
     if (key->modifiers() != Qt::NoModifier || (key->key() != Qt::Key_Up && key->key() != Qt::Key_Down))
         return false;
     readText();

@@ -56,7 +56,8 @@ private:
     QToolButton* makeMonthButton(const char* name, const QString& tip, int months);
     void openPanel();
     void acceptPanel();
-    void readText();
+    bool readText();
+    bool refuseText();
     void showText();
     void describe();
 
