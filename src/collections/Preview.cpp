@@ -249,10 +249,21 @@ void Preview::describe(const QString& path) {
         m_lists.sbMain.setPanel(QStringLiteral("filename"), clsFileInfo::StripFileFromPath(path));
         showFilePanels();
     }
+    showFailure(m_lists.ibMain.HasImage()
+                    ? QString()
+                    : tr("%1 can't be shown").arg(clsFileInfo::StripFileFromPath(path)));
     for (ListView* list : {&m_lists.lvFolder, &m_lists.lvPages})
         completeResolution(*list, path);
     listMetadata(path);
     showMetadataPanel();
+}
+
+/// The panels of the picture stay as they were, and the status line says why nothing fits them.
+void Preview::showFailure(const QString& text) {
+    const QString status = QStringLiteral("status");
+    if (!text.isEmpty() || m_lists.sbMain.panel(status) == m_failureText)
+        m_lists.sbMain.setPanel(status, text);
+    m_failureText = text;
 }
 
 void Preview::completeResolution(ListView& list, const QString& path) const {

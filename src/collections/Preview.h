@@ -98,6 +98,7 @@ private:
     void completeResolution(ListView& list, const QString& path) const;
     void listMetadata(const QString& path);
     void showFilePanels();
+    void showFailure(const QString& text);
     void clear();
 
     Lists m_lists;
@@ -107,6 +108,7 @@ private:
     QString m_wantedPath;    ///< of the row shown last, whether its picture could be loaded or not
     QString m_describedPath; ///< of the row of lvFolder that two panels describe
     QString m_nextDescribedPath;
+    QString m_failureText; ///< of the status line, when the last load failed
     quint64 m_lastNumber = 0;
     std::optional<Pending> m_pending;
     std::optional<PreviewWorker::Request> m_followUp; ///< waits for a preview that has become old

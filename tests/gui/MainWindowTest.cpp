@@ -89,6 +89,7 @@ TEST_F(MainWindow, AClickShowsThePictureAndItsFactsAndSeveralRowsShowNoOther) {
     }
     clickRow("lvFolder", 0);
     EXPECT_FALSE(window().workspace().ibMain.HasImage()) << "a damaged picture, and no dialog";
+    EXPECT_EQ(panel("filename") + ": " + panel("status"), "photo04.jpg: broken.jpg can't be shown");
 }
 
 TEST_F(MainWindow, EachInputInTheFolderListSelectsShowsAndAdds) {
