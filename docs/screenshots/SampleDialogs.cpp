@@ -36,9 +36,9 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(errorReport(owner));
     dialogs.push_back(std::make_unique<frmJpegQuality>(m_record.SaveAdvanced, owner));
     const QString artist = QStringLiteral("Artist"), taken = QStringLiteral("DateTimeOriginal");
-    dialogs.push_back(std::make_unique<frmExifEditAttribute>(artist, artist, QStringLiteral("Ann"), owner));
-    dialogs.push_back(std::make_unique<frmExifEditAttribute>(taken, QStringLiteral("Date/Time Original"),
-                                                             QStringLiteral("1/31/2004 3:05:09 PM"), owner));
+    dialogs.push_back(std::make_unique<frmExifEditAttribute>(artist, QStringLiteral("Ann"), owner));
+    dialogs.push_back(
+        std::make_unique<frmExifEditAttribute>(taken, QStringLiteral("1/31/2004 3:05:09 PM"), owner));
     dialogs.push_back(std::make_unique<frmExifNewAttribute>(ListView(), owner));
     dialogs.push_back(std::make_unique<frmIPTCKeywords>(
         QStringList{QStringLiteral("river"), QStringLiteral("lake")}, owner));

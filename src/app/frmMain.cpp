@@ -35,6 +35,7 @@
 #include "output/forms/frmBatchResults.h"
 #include "tasks/TaskBasketActions.h"
 
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
 #include <cmath>
@@ -213,6 +214,16 @@ void frmMain::connectMetadata() {
     for (const ListControl* list : {&m_metadataPane->lvExif(), &m_metadataPane->lvIPTC()})
         connect(list, &ListControl::deleteReleased, &m_metadataEditor, &MetadataEditor::subDeleteAttribute);
     connect(&m_metadataEditor, &MetadataEditor::metadataChanged, &m_preview, &Preview::showMetadataPanel);
+    connect(&m_metadataEditor, &MetadataEditor::slowChanged, m_metadataPane, &MetadataPane::setBusy);
+    connect(&m_metadataEditor, &MetadataEditor::slowChanged, this, [this](bool isSlow) {
+        SetStatus(isSlow ? tr("Writing metadata into %1").arg(QFileInfo(m_preview.shownPath()).fileName())
+                         : QString());
+    });
+    connect(&m_metadataEditor, &MetadataEditor::refused, this, &frmMain::SetStatus);
+    connect(&m_metadataEditor, &MetadataEditor::ended, this, [this] {
+        if (std::exchange(m_closesAfterWriting, false))
+            close();
+    });
 }
 
 void frmMain::connectPreview() {

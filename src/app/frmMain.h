@@ -177,7 +177,8 @@ private:
     bool m_loaded = false;
     bool m_endsAtOnce = false; ///< without asking about a batch that runs
     bool m_asksAboutEnd = false;
-    ListControl* ActiveList; ///< entered last; next and previous walk it
+    bool m_closesAfterWriting = false; ///< metadata, which may yet fail
+    ListControl* ActiveList;           ///< entered last; next and previous walk it
     QString LastBasketFolder;
     QString m_pathToSave; ///< its save dialog opens as soon as the preview shows it
     QString m_zoomText;   ///< as the status line showed it last

@@ -266,6 +266,12 @@ void frmMain::closeEvent(QCloseEvent* event) {
         QMetaObject::invokeMethod(this, &frmMain::confirmEnd, Qt::QueuedConnection);
         return;
     }
+    if (m_metadataEditor.isWriting() && !m_endsAtOnce) {
+        event->ignore();
+        m_closesAfterWriting = true;
+        SetStatus(tr("The window closes when the file is written"));
+        return;
+    }
     QMainWindow::closeEvent(event);
     if (std::exchange(m_loaded, false))
         Form_Unload();

@@ -22,7 +22,9 @@ QString shownDate(const QString& value) {
     return shown;
 }
 
-QString shownValue(const QString& name, const QString& value) {
+} // namespace
+
+QString ShownExifValue(const QString& name, const QString& value) {
     if (IsExifDate(name))
         return shownDate(value);
     const QString words = FormatExifAttributeValue(name, value);
@@ -31,7 +33,7 @@ QString shownValue(const QString& name, const QString& value) {
 
 /// The row comes first, under its raw name, and its value after, so that a value that can't be shown still
 /// leaves its row.
-void addExifRow(ListView& list, const QString& name, const QString& value) {
+void AddExifRow(ListView& list, const QString& name, const QString& value) {
     ListRow row;
     row.text = row.tag = name;
     if (IsExifEditable(name)) {
@@ -39,16 +41,14 @@ void addExifRow(ListView& list, const QString& name, const QString& value) {
         row.icon = editableIcon;
     }
     const int index = list.add(row);
-    list.setSubItem(index, 1, shownValue(name, value));
+    list.setSubItem(index, 1, ShownExifValue(name, value));
     if (const QString label = ExifNameInWords(name); !label.isEmpty())
         list.setText(index, label);
 }
 
-} // namespace
-
 void AddExifRows(const MetadataStore& metadata, ListView& list) {
     for (int i = 0; i < metadata.ExifCount(); ++i)
-        addExifRow(list, metadata.ExifName(i), metadata.ExifValue(i));
+        AddExifRow(list, metadata.ExifName(i), metadata.ExifValue(i));
 }
 
 void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms& forms) {

@@ -50,6 +50,9 @@ void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path
 /// The same rows of metadata alone. Errors are raised.
 void AddExifRows(const MetadataStore& metadata, ListView& list);
 void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms& forms);
+/// The row of one EXIF attribute, and its raw value as the row shows it.
+void AddExifRow(ListView& list, const QString& name, const QString& value);
+QString ShownExifValue(const QString& name, const QString& value);
 
 /// A raw EXIF value in words, or "" when there is nothing to say and the raw value is to be shown. A value
 /// that doesn't convert to the number its attribute needs, and a division by zero, are trapped and return "".

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "metadata/forms/MetadataPane.h"
 #include "base/SafeFileWriter.h"
 #include "codecs/PictureFile.h"
+#include "controls/ListControl.h"
 #include "embedded/IptcFields.h"
+#include "metadata/forms/FileChange.h"
 #include "metadata/modMetadata.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Text.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -15,8 +19,10 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QSemaphore>
 #include <QTabBar>
 #include <QTest>
+#include <exiv2/exiv2.hpp>
 
 namespace tarsel::test {
 
@@ -33,8 +39,14 @@ protected:
     ListView& exif() { return window().workspace().lvExif; }
     ListView& iptc() { return window().workspace().lvIPTC; }
     QString file() { return pictures() + QStringLiteral("/photo01.jpg"); }
+    /// As another program reads it from the file.
     QString attribute(const char* name) {
-        return MetadataStore(PictureFile(file()).metadata()).ExifValueByName(QString::fromLatin1(name));
+        const auto picture = Exiv2::ImageFactory::open(file().toStdString());
+        picture->readMetadata();
+        for (const Exiv2::Exifdatum& datum : picture->exifData())
+            if (datum.tagName() == name)
+                return QString::fromStdString(datum.toString());
+        return {};
     }
     QString field(const char* member) {
         return iptcText(MetadataStore(PictureFile(file()).metadata()), member);
@@ -51,12 +63,39 @@ protected:
     }
     void showTab(int tab) { child<QTabBar>(window(), "tbsMetadata").setCurrentIndex(tab); }
     void press(const char* button) { click(window(), button); }
+    void key(const char* list, Qt::Key key) {
+        QTest::keyClick(child<ListControl>(window(), list).view(), key);
+    }
     /// Fills the next dialog of that name and ends it by a button.
     void answer(const char* dialog, const std::function<void(QWidget&)>& fill, const char* button = "cmdOK") {
         script.on(dialog, [=](QWidget& box) {
             fill(box);
             child<QAbstractButton>(box, button).click();
         });
+    }
+    void answerYes() {
+        script.on("messageBox",
+                  [](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click(); });
+    }
+    /// Into the dialog that comes with `before`, where that is said.
+    void enter(const QString& value, const QString& before = {}) {
+        answer("frmExifEditAttribute", [=](QWidget& box) {
+            auto& text = child<QPlainTextEdit>(box, "txtValue");
+            EXPECT_TRUE(before.isEmpty() || text.toPlainText() == before);
+            text.setPlainText(value);
+        });
+    }
+    void choose(const QString& chosen) {
+        script.on("QFileDialog", [=](QWidget& dialog) {
+            dynamic_cast<QFileDialog&>(dialog).selectFile(chosen);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+    /// Changes the file as another program would.
+    void changeMeanwhile(const char* label, const QStringList& items) {
+        ImageBox box;
+        modMetadata::ReadMetadata(file(), box);
+        modMetadata::SetIptcList(file(), QLatin1String(label), items, box);
     }
     void addAttribute(const char* name, const char* value) {
         answer("frmExifNewAttribute", [=](QWidget& box) {
@@ -76,25 +115,36 @@ TEST_F(MetadataPaneOfTheWindow, EditsExifInTheFile) {
     addAttribute("Artist", " Ann ");
     EXPECT_EQ(attribute("Artist"), QStringLiteral("Ann"));
     EXPECT_EQ(attribute("Software"), QStringLiteral("Tarsel JPEG"));
+    EXPECT_EQ(exif().subItem(rowOf(exif(), "Software"), 1), QStringLiteral("Tarsel JPEG"));
     ASSERT_EQ(rowOf(exif(), "Artist"), exif().count() - 1);
     exif().selectOnly(rowOf(exif(), "Artist"));
-    answer("frmExifEditAttribute", [](QWidget& box) {
-        child<QPlainTextEdit>(box, "txtValue").setPlainText(QStringLiteral("Bea\nCid"));
-    });
+    enter(QStringLiteral("Bea\nCid"), QStringLiteral("Ann"));
     press("cmdEXIFBar_0");
     EXPECT_EQ(attribute("Artist"), QStringLiteral("Bea\nCid"));
     EXPECT_EQ(exif().subItem(rowOf(exif(), "Artist"), 1), QStringLiteral("Bea\nCid"));
     addAttribute("PixelXDimension", "wide");
     EXPECT_EQ(attribute("PixelXDimension"), QString()) << "a value that doesn't fit is refused";
-    exif().selectOnly(rowOf(exif(), "Artist"));
+    EXPECT_EQ(panel("status"), "PixelXDimension can't take this value: wide");
+    EXPECT_EQ(exif().selectedIndex(), rowOf(exif(), "Artist"));
+    choose(path("kept.xiff"));
+    press("cmdEXIFBar_5");
+    EXPECT_EQ(readWholeFile(path("kept.xiff")), "\"Artist\",\"Bea\nCid\"\r\n");
     press("cmdEXIFBar_2");
     EXPECT_EQ(attribute("Artist"), QString());
     EXPECT_EQ(rowOf(exif(), "Artist"), -1);
+    exif().selectOnly(exif().add({}));
+    exif().setTag(exif().selectedIndex(), QStringLiteral("Make"));
+    script.on("messageBox", [](QWidget& box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text(),
+                  QStringLiteral("Error deleting attribute\nThe file has no attribute Make."));
+        dynamic_cast<QMessageBox&>(box).button(QMessageBox::Ok)->click();
+    });
+    press("cmdEXIFBar_2");
     addAttribute("Make", "Acme");
-    script.on("messageBox",
-              [](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click(); });
+    answerYes();
     press("cmdEXIFBar_3");
     EXPECT_EQ(attribute("Software"), QString());
+    EXPECT_EQ(panel("metadata"), "No metadata");
     EXPECT_EQ(bytesFromScan(file()), pixels);
 
     const QByteArray before = readWholeFile(file());
@@ -131,44 +181,80 @@ TEST_F(MetadataPaneOfTheWindow, EditsIptcAndCarriesItBySideFiles) {
     showTab(1);
     const auto select = [&](const char* label) { iptc().selectOnly(rowOf(iptc(), label)); };
     select("Headline");
-    answer("frmExifEditAttribute", [](QWidget& box) {
-        child<QPlainTextEdit>(box, "txtValue").setPlainText(QStringLiteral("Flood"));
-    });
+    const QString tooLong(257, u'F');
+    enter(tooLong);
+    script.on("frmErrorReport", [](QWidget& box) { click(box, "cmdCancel"); });
+    enter(QStringLiteral("Flood"), tooLong);
     press("cmdIPTCBar_0");
     select("Keywords");
-    answer("frmIPTCKeywords", [](QWidget& box) {
+    answer("frmIPTCKeywords", [&](QWidget& box) {
+        changeMeanwhile("Keywords", {QStringLiteral("storm")});
         for (const char* word : {"river", "lake, big"}) {
             child<QLineEdit>(box, "txtKeywordAdd").setText(QString::fromLatin1(word));
             child<QAbstractButton>(box, "cmdAdd").click();
         }
     });
-    press("cmdIPTCBar_0");
+    QAbstractItemView* rows = child<ListControl>(window(), "lvIPTC").view();
+    const QPoint place = rows->visualRect(rows->currentIndex()).center();
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(rows->viewport(), Qt::LeftButton, {}, place);
     select("Supplemental Categories");
     answer("frmIPTCCategory", [](QWidget& box) { child<QComboBox>(box, "cboUrgency").setCurrentIndex(2); });
-    press("cmdIPTCBar_0");
+    key("lvIPTC", Qt::Key_Return);
     EXPECT_EQ(field("IptcHeadline"), QStringLiteral("Flood"));
     EXPECT_EQ(field("IptcUrgency"), QStringLiteral("3"));
-    EXPECT_EQ(iptc().subItem(rowOf(iptc(), "Keywords"), 1), QStringLiteral("river,lake, big"));
+    EXPECT_EQ(iptc().subItem(rowOf(iptc(), "Keywords"), 1), QStringLiteral("storm,river,lake, big"));
     EXPECT_EQ(panel("metadata"), "Metadata -  IPTC");
 
     const QString sideFile = path("side.ffo");
-    const auto choose = [&](const QString& chosen) {
-        script.on("QFileDialog", [=](QWidget& dialog) {
-            dynamic_cast<QFileDialog&>(dialog).selectFile(chosen);
-            QMetaObject::invokeMethod(&dialog, "accept");
-        });
-    };
     choose(sideFile);
     press("cmdIPTCBar_2");
     select("Headline");
     press("cmdIPTCBar_3");
     EXPECT_EQ(field("IptcHeadline"), QString());
-    script.on("messageBox",
-              [](QWidget& box) { dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click(); });
+    answerYes();
     choose(sideFile);
     press("cmdIPTCBar_1");
     EXPECT_EQ(field("IptcHeadline"), QStringLiteral("Flood"));
     EXPECT_EQ(iptc().subItem(rowOf(iptc(), "Headline"), 1), QStringLiteral("Flood"));
+    EXPECT_EQ(iptc().selectedIndex(), rowOf(iptc(), "Headline"));
+    answerYes();
+    press("cmdIPTCBar_4");
+    EXPECT_EQ(field("IptcHeadline") + iptc().subItem(rowOf(iptc(), "Headline"), 1), QString());
+}
+
+TEST_F(MetadataPaneOfTheWindow, OffersNoCommandWhileAFileIsWrittenAndClosesOnlyThen) {
+    FileChange change;
+    QSemaphore noticed;
+    QObject::connect(&change, &FileChange::slowChanged,
+                     [&](bool isSlow) { noticed.release(isSlow ? 1 : 9); });
+    change.run([&] { noticed.acquire(); });
+    EXPECT_EQ(noticed.available(), 9) << "the window hears nothing of a slow change";
+
+    showPicture();
+    showTab(0);
+    addAttribute("Artist", "Ann");
+    auto& pane = child<MetadataPane>(window(), "PicMetadata");
+    auto& remove = child<QAbstractButton>(window(), "cmdEXIFBar_2");
+    remove.setFocus();
+    pane.setBusy(true);
+    EXPECT_FALSE(remove.isEnabled() || window().focusWidget() == &remove);
+    pane.setBusy(false);
+    EXPECT_TRUE(remove.isEnabled() && window().focusWidget() == &remove);
+    showTab(1);
+    EXPECT_FALSE(remove.isEnabled()) << "its key works on the list on show";
+    showTab(0);
+
+    exif().selectOnly(rowOf(exif(), "Artist"));
+    writeFileSafely(file(), "of another program");
+    QMetaObject::invokeMethod(&window(), &QWidget::close, Qt::QueuedConnection);
+    script.on("frmErrorReport", [&](QWidget& box) {
+        EXPECT_TRUE(window().isVisible()) << "nobody sees that the file could not be written";
+        child<QAbstractButton>(box, "cmdCancel").click();
+    });
+    key("lvExif", Qt::Key_Delete);
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_TRUE(script.isDone());
 }
 
 } // namespace tarsel::test

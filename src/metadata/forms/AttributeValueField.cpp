@@ -43,6 +43,10 @@ void AttributeValueField::showFor(const QString& name, const QString& value) {
     m_date->setDateSelected(date);
 }
 
+QWidget* AttributeValueField::input() const {
+    return m_isDate ? static_cast<QWidget*>(m_date) : m_text;
+}
+
 QString AttributeValueField::text() const {
     return m_isDate ? formatDate(m_date->DateSelected(), dayForm) : m_text->toPlainText().trimmed();
 }

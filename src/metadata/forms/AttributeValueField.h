@@ -6,6 +6,7 @@
 #include <QString>
 
 class QPlainTextEdit;
+class QWidget;
 
 namespace tarsel {
 
@@ -21,6 +22,7 @@ public:
     /// The field that fits the attribute, with nothing or with a value in it.
     void showFor(const QString& name, const QString& value);
     bool isDate() const { return m_isDate; }
+    QWidget* input() const; ///< the one of the two controls that shows
     /// What the user typed, without blanks around it, or the day as "m/d/yyyy".
     QString text() const;
     /// The day of the value that was shown, in the same form; empty for none.

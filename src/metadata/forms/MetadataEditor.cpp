@@ -4,17 +4,16 @@
 #include "base/Dialogs.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
-#include "base/FailureOf.h"
 #include "base/Locale.h"
 #include "base/SaveFileDialog.h"
 #include "embedded/IptcFields.h"
+#include "metadata/forms/ChangedRows.h"
 #include "metadata/forms/frmExifEditAttribute.h"
 #include "metadata/forms/frmExifNewAttribute.h"
 #include "metadata/forms/frmIPTCCategory.h"
 #include "metadata/forms/frmIPTCKeywords.h"
 #include "metadata/modMetadata.h"
 
-#include <QEventLoop>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 
@@ -46,15 +45,38 @@ void inform(const QString& text, MessageIcon icon) {
     service<Dialogs>().messageBox(text, icon, MessageButtons::Ok, ApplicationName);
 }
 
+/// Rows of a side file have a key alone.
+QString attributeOf(const ListRow& row) {
+    return row.tag.isEmpty() ? row.key : row.tag;
+}
+
+bool hasExif(const MetadataStore& metadata, const QString& name) {
+    for (int i = 0; i < metadata.ExifCount(); ++i)
+        if (metadata.ExifName(i) == name)
+            return true;
+    return false;
+}
+
+/// A list as the file has it now, with what the user added to the list on show and removed from it: the items
+/// that another program has added meanwhile stay.
+QStringList mergedItems(const QStringList& shown, const QStringList& wanted, const QStringList& present) {
+    if (present == shown)
+        return wanted;
+    QStringList items = present;
+    for (const QString& item : shown)
+        if (!wanted.contains(item))
+            items.removeAll(item);
+    for (const QString& item : wanted)
+        if (!shown.contains(item) && !items.contains(item))
+            items << item;
+    return items;
+}
+
 } // namespace
 
 MetadataEditor::MetadataEditor(ImageBox& ibMain, ListView& lvExif, ListView& lvIPTC, QWidget* owner) :
     QObject(owner), m_box(ibMain), m_exif(lvExif), m_iptc(lvIPTC), m_owner(owner) {
-    m_threads.setMaxThreadCount(1);
-}
-
-MetadataEditor::~MetadataEditor() {
-    m_threads.waitForDone();
+    connect(&m_change, &FileChange::slowChanged, this, &MetadataEditor::slowChanged);
 }
 
 void MetadataEditor::cmdEXIFBar(int index) {
@@ -79,56 +101,66 @@ void MetadataEditor::run(const char* routine, const QString& trappingText,
                          const std::function<void()>& body) {
     if (m_isBusy || isLoading() || !m_box.HasImage() || m_box.Tag.isEmpty())
         return;
-    const QScopedValueRollback busy(m_isBusy, true);
+    m_isBusy = true;
+    m_routine = routine;
     m_path = m_box.Tag;
-    const ErrorSubject subject(m_path);
     TrappingString = trappingText;
-    std::ignore = trap(routine, body);
+    {
+        const ErrorSubject subject(m_path);
+        std::ignore = trap(routine, body);
+    }
+    m_isBusy = false;
+    if (isShown())
+        Q_EMIT metadataChanged();
+    Q_EMIT ended();
 }
 
 bool MetadataEditor::isShown() const {
     return m_box.HasImage() && m_box.Tag == m_path && !isLoading();
 }
 
-/// Changes the metadata that the file holds now, and those of the box when its picture is still on show.
-/// False when the change was refused.
-bool MetadataEditor::change(const Change& change) {
+/// Changes the metadata that the file holds now, and those of the box and the lists when its picture is still
+/// on show; the caller takes care of the rows of the EXIF attributes `own`, which the change may name. False
+/// when the change was refused.
+bool MetadataEditor::change(const Change& change, const QStringList& own) {
     const QString path = m_path;
     ImageBox edited;
     edited.PageNumber = m_box.PageNumber;
     bool isDone = false;
-    std::optional<TrappedError> failure;
-    QEventLoop written;
-    m_threads.start([&] {
-        failure = failureOf([&] {
-            modMetadata::ReadMetadata(path, edited);
-            isDone = change(path, edited);
-        });
-        QMetaObject::invokeMethod(&written, &QEventLoop::quit, Qt::QueuedConnection);
+    m_change.run([&] {
+        modMetadata::ReadMetadata(path, edited);
+        isDone = change(path, edited);
     });
-    written.exec();
-    m_threads.waitForDone(); // the program's end quits the loop as well
-    if (failure)
-        throw *failure;
     if (isDone && isShown()) {
+        showChangedExif(m_exif, m_box.metadata(), edited.metadata(), own);
+        showChangedIptc(m_iptc, m_box.metadata(), edited.metadata(), service<Locale>().dateForms());
         m_box.metadata() = edited.metadata();
-        Q_EMIT metadataChanged();
     }
     return isDone;
 }
 
+/// Without a message box where the value doesn't fit: the row stays as it was.
 bool MetadataEditor::update(bool isIptc, const QString& name, const QString& value) {
+    TrappingString = tr("Updating metadata attribute");
     const DateForms forms = service<Locale>().dateForms();
-    return change([&](const QString& path, ImageBox& box) {
-        return modMetadata::UpdateMetadataAttribute(path, isIptc, name, value, box, forms);
-    });
+    const bool isDone = change(
+        [&](const QString& path, ImageBox& box) {
+            return modMetadata::UpdateMetadataAttribute(path, isIptc, name, value, box, forms);
+        },
+        {name});
+    if (!isDone)
+        Q_EMIT refused(tr("%1 can't take this value: %2").arg(name, value));
+    return isDone;
 }
 
-void MetadataEditor::showInRow(const QString& label, const QString& value) {
+void MetadataEditor::showInRow(const QString& name, const QString& value) {
     const int row = list().selectedIndex();
-    if (isShown() && row >= 0 &&
-        (CurrentMetadataTab == Exif ? list().row(row).tag : list().row(row).text) == label)
+    if (isShown() && row >= 0 && nameOf(row) == name)
         list().setSubItem(row, 1, value);
+}
+
+QString MetadataEditor::nameOf(int row) const {
+    return CurrentMetadataTab == Exif ? attributeOf(m_exif.row(row)) : m_iptc.row(row).text;
 }
 
 // --- edit, add
@@ -141,60 +173,67 @@ void MetadataEditor::subEditAttribute() {
         const ListRow& chosen = list().row(row);
         if (CurrentMetadataTab == Exif && chosen.key.isEmpty())
             return;
-        const QString name = CurrentMetadataTab == Exif ? chosen.tag : chosen.text;
+        const QString name = nameOf(row);
         if (name == categories)
             editCategories();
         else if (name == keywords)
             editKeywords();
         else
-            editText(name, chosen.text, chosen.subItems.value(0));
+            editText(name, chosen.subItems.value(0));
     });
 }
 
-void MetadataEditor::editText(const QString& name, const QString& label, const QString& value) {
-    frmExifEditAttribute dialog(name, label, value, m_owner);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const bool isIptc = CurrentMetadataTab == Iptc;
-    if (!update(isIptc, name, dialog.MetadataValue()))
-        return;
-    QString shown = dialog.MetadataValue();
-    if (isIptc && modMetadata::IsIptcDate(name)) {
-        const DateForms forms = service<Locale>().dateForms();
-        shown = shortDateText(toDate(shown, forms), forms);
+/// Until what the dialog asks for is written, or the user gives it up: a failure takes nothing that was
+/// typed.
+void MetadataEditor::ask(QDialog& dialog, const std::function<void()>& write) {
+    while (dialog.exec() == QDialog::Accepted && trap(m_routine, write) && isShown() &&
+           m_owner->isVisible()) {
     }
-    showInRow(name, shown);
+}
+
+void MetadataEditor::editText(const QString& name, const QString& value) {
+    frmExifEditAttribute dialog(name, value, m_owner);
+    ask(dialog, [&] {
+        const bool isIptc = CurrentMetadataTab == Iptc;
+        QString shown = dialog.MetadataValue();
+        if (!update(isIptc, name, shown))
+            return;
+        if (isIptc && modMetadata::IsIptcDate(name)) {
+            const DateForms forms = service<Locale>().dateForms();
+            shown = shortDateText(toDate(shown, forms), forms);
+        }
+        showInRow(name, shown);
+    });
 }
 
 void MetadataEditor::editKeywords() {
-    frmIPTCKeywords dialog(iptcList(m_box.metadata(), "IptcKeyword"), m_owner);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QStringList items = dialog.keywords();
-    const bool isDone = change([&](const QString& path, ImageBox& box) {
-        modMetadata::SetIptcList(path, keywords, items, box);
-        return true;
+    const QStringList shown = iptcList(m_box.metadata(), "IptcKeyword");
+    frmIPTCKeywords dialog(shown, m_owner);
+    ask(dialog, [&] {
+        const QStringList wanted = dialog.keywords();
+        change([&](const QString& path, ImageBox& box) {
+            const QStringList present = iptcList(box.metadata(), "IptcKeyword");
+            modMetadata::SetIptcList(path, keywords, mergedItems(shown, wanted, present), box);
+            return true;
+        });
     });
-    if (isDone)
-        showInRow(keywords, items.join(u','));
 }
 
 /// "None" leaves an urgency that is there.
 void MetadataEditor::editCategories() {
-    frmIPTCCategory dialog(iptcList(m_box.metadata(), "IptcSupplementalCategory"),
-                           iptcUrgency(m_box.metadata()), m_owner);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QStringList items = dialog.categories();
-    const int urgency = dialog.urgency();
-    const bool isDone = change([&](const QString& path, ImageBox& box) {
-        if (urgency != 0)
-            setIptcUrgency(box.metadata(), urgency);
-        modMetadata::SetIptcList(path, categories, items, box);
-        return true;
+    const QStringList shown = iptcList(m_box.metadata(), "IptcSupplementalCategory");
+    frmIPTCCategory dialog(shown, iptcUrgency(m_box.metadata()), m_owner);
+    ask(dialog, [&] {
+        const QStringList wanted = dialog.categories();
+        const int urgency = dialog.urgency();
+        change([&](const QString& path, ImageBox& box) {
+            if (urgency != 0)
+                setIptcUrgency(box.metadata(), urgency);
+            const QStringList present = iptcList(box.metadata(), "IptcSupplementalCategory");
+            modMetadata::SetIptcList(path, categories, mergedItems(shown, wanted, present), box);
+            return true;
+        });
     });
-    if (isDone)
-        showInRow(categories, items.join(u','));
 }
 
 void MetadataEditor::subAddExifAttribute() {
@@ -204,17 +243,18 @@ void MetadataEditor::subAddExifAttribute() {
         if (CurrentMetadataTab == Iptc || !served.contains(extensionOf(m_path)))
             return;
         frmExifNewAttribute dialog(m_exif, m_owner);
-        if (dialog.exec() != QDialog::Accepted ||
-            !update(false, dialog.MetadataName(), dialog.MetadataValue()))
-            return;
-        if (!isShown())
-            return;
-        ListRow row;
-        row.text = row.key = row.tag = dialog.MetadataName();
-        row.icon = modMetadata::editableIcon;
-        row.subItems = {dialog.MetadataValue()};
-        m_exif.add(row);
+        ask(dialog, [&] { addExif(dialog.MetadataName(), dialog.MetadataValue()); });
     });
+}
+
+void MetadataEditor::addExif(const QString& name, const QString& value) {
+    if (!update(false, name, value) || !isShown())
+        return;
+    ListRow row;
+    row.text = row.key = row.tag = name;
+    row.icon = modMetadata::editableIcon;
+    row.subItems = {value};
+    m_exif.add(row);
 }
 
 // --- delete, clear
@@ -232,15 +272,17 @@ void MetadataEditor::subDeleteAttribute() {
 
 void MetadataEditor::deleteExif() {
     TrappingString = tr("Deleting exif attribute from the selected file");
-    const int row = m_exif.selectedIndex();
-    const QString name = m_exif.row(row).tag;
+    const QString name = nameOf(m_exif.selectedIndex());
+    bool isThere = false;
     const bool isDone = change([&](const QString& path, ImageBox& box) {
+        isThere = hasExif(box.metadata(), name);
         return modMetadata::DeleteExifAttribute(path, name, box);
     });
-    if (!isDone)
-        inform(tr("Error deleting attribute"), MessageIcon::Stop);
-    else if (isShown() && row < m_exif.count() && m_exif.row(row).tag == name)
-        m_exif.remove(row);
+    if (isDone)
+        return;
+    const QString reason = isThere ? tr("%1 can't be removed: the picture or other attributes depend on it.")
+                                   : tr("The file has no attribute %1.");
+    inform(tr("Error deleting attribute") + QLatin1Char('\n') + reason.arg(name), MessageIcon::Stop);
 }
 
 /// A date can't be emptied: an empty text isn't a date.
@@ -302,12 +344,16 @@ void MetadataEditor::LoadXiffFile() {
             return;
         const DateForms forms = service<Locale>().dateForms();
         QList<std::pair<QString, QString>> applied;
-        const bool isDone = change([&](const QString& path, ImageBox& box) {
+        QStringList names;
+        const auto apply = [&](const QString& path, ImageBox& box) {
             applied = modMetadata::ApplyXiffFile(choice->path, box, forms);
+            for (const auto& [name, value] : applied)
+                names << name;
             if (!applied.isEmpty())
                 box.SaveMetadataOnly(path);
             return true;
-        });
+        };
+        const bool isDone = change(apply, names);
         for (const auto& [name, value] : applied)
             if (isDone && isShown())
                 showXiffRow(name, value);
@@ -351,17 +397,12 @@ void MetadataEditor::openIptcFile() {
         const auto choice = service<Dialogs>().openFileDialog({tr("Open IPTC .ffo file"), ffoFilter, {}});
         if (!choice)
             return;
-        const bool isDone = change([&](const QString& path, ImageBox& box) {
+        change([&](const QString& path, ImageBox& box) {
             box.IptcLoadFromFile(choice->path);
             if (box.HasIptc())
                 box.SaveMetadataOnly(path);
             return box.HasIptc();
         });
-        if (!isDone || !isShown())
-            return;
-        const QString listed = m_iptc.tag();
-        m_iptc.clear();
-        modMetadata::ListIptcAttributes(m_box, m_iptc, listed);
     });
 }
 

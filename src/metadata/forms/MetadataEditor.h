@@ -3,19 +3,21 @@
 
 #include "base/ListView.h"
 #include "imaging/ImageBox.h"
+#include "metadata/forms/FileChange.h"
 
 #include <QObject>
-#include <QThreadPool>
 #include <functional>
 
+class QDialog;
 class QWidget;
 
 namespace tarsel {
 
-/// The commands of the metadata pane. Each change goes into the file of the picture on show at once, on a
-/// thread; the window answers meanwhile, and the commands do nothing until it is written. What is changed is
-/// what the file holds at that moment, so that other programs' changes stay. A command belongs to the picture
-/// on show when it begins, whatever is selected before it ends; without one it does nothing.
+/// The commands of the metadata pane. Each change goes into the file of the picture on show at once; until it
+/// is written, the commands do nothing. What is changed is what the file holds at that moment, so that other
+/// programs' changes stay. Then the lists show what is different in the file, each row in its place. A
+/// command belongs to the picture on show when it begins, whatever is selected before it ends; without one it
+/// does nothing.
 class MetadataEditor final : public QObject {
     Q_OBJECT
 public:
@@ -23,11 +25,12 @@ public:
 
     /// `ibMain` holds the picture on show, whose path is in its Tag.
     MetadataEditor(ImageBox& ibMain, ListView& lvExif, ListView& lvIPTC, QWidget* owner);
-    ~MetadataEditor() override; ///< waits for a file that is being written
 
     Tab CurrentMetadataTab = Exif;
     /// Whether another picture is about to take the place of the one on show: commands do nothing then.
     std::function<bool()> isLoading = [] { return false; };
+
+    bool isWriting() const { return m_change.isRunning(); }
 
     void cmdEXIFBar(int index);
     void cmdIPTCBar(int index);
@@ -37,21 +40,27 @@ public:
     void subClearAllAttributes();
 
 Q_SIGNALS:
-    void metadataChanged(); ///< of the picture on show
+    void metadataChanged();              ///< of the picture on show
+    void slowChanged(bool isSlow);       ///< writing a file takes long, or such a one is written
+    void refused(const QString& reason); ///< a value that its attribute can't take
+    void ended();                        ///< the command, with its messages
 
 private:
     using Change = std::function<bool(const QString& path, ImageBox& box)>;
 
     void run(const char* routine, const QString& trappingText, const std::function<void()>& body);
-    bool change(const Change& change);
+    bool change(const Change& change, const QStringList& own = {});
     bool update(bool isIptc, const QString& name, const QString& value);
     ListView& list() const { return CurrentMetadataTab == Exif ? m_exif : m_iptc; }
     bool isShown() const; ///< the picture that the command in work is about
 
-    void editText(const QString& name, const QString& label, const QString& value);
+    QString nameOf(int row) const; ///< the attribute of a row of the current list
+    void ask(QDialog& dialog, const std::function<void()>& write);
+    void editText(const QString& name, const QString& value);
     void editKeywords();
     void editCategories();
-    void showInRow(const QString& label, const QString& value);
+    void addExif(const QString& name, const QString& value);
+    void showInRow(const QString& name, const QString& value);
     void deleteExif();
     void deleteIptc();
     bool clear(ListView& rows, const QString& question, const Change& clearing);
@@ -65,7 +74,8 @@ private:
     ListView& m_exif;
     ListView& m_iptc;
     QWidget* m_owner;
-    QThreadPool m_threads;
+    FileChange m_change;
+    const char* m_routine = "";
     QString m_path; ///< of the picture that the command in work is about
     bool m_isBusy = false;
 };

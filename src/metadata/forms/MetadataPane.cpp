@@ -37,6 +37,7 @@ MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable
     m_pages->addWidget(makePage(iptcButtons, "picIPTCBar", m_iptc, &MetadataPane::cmdIPTCBar));
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int tab) {
         m_pages->setCurrentIndex(tab);
+        offerCommands();
         Q_EMIT tabShown(tab);
     });
     auto* rows = new QVBoxLayout(this);
@@ -44,6 +45,7 @@ MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable
     rows->setSpacing(4);
     rows->addWidget(m_tabs);
     rows->addWidget(m_pages, 1);
+    offerCommands();
 }
 
 void MetadataPane::showTab(int tab) {
@@ -52,6 +54,35 @@ void MetadataPane::showTab(int tab) {
 
 int MetadataPane::tab() const {
     return m_tabs->currentIndex();
+}
+
+void MetadataPane::setBusy(bool isBusy) {
+    QWidget* const focused = window()->focusWidget();
+    m_isBusy = isBusy;
+    offerCommands();
+    if (isBusy)
+        m_focus = {focused, window()->focusWidget()};
+    else if (m_focus.before && focused == m_focus.meanwhile)
+        m_focus.before->setFocus();
+}
+
+/// A key of a command works on the list that is seen.
+void MetadataPane::offerCommands() {
+    const bool offered = !isHidden() && !m_isBusy;
+    for (const char* name : exifButtons)
+        m_actions.action(name).setEnabled(offered && tab() == 0);
+    for (const char* name : iptcButtons)
+        m_actions.action(name).setEnabled(offered && tab() == 1);
+}
+
+void MetadataPane::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    offerCommands();
+}
+
+void MetadataPane::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    offerCommands();
 }
 
 /// A double click on a row, or Return, does what the first button does.
@@ -83,16 +114,13 @@ QWidget* MetadataPane::makePage(std::span<const char* const> buttons, const char
 
 ListControl* MetadataPane::addList(ListView& list, const char* name, const QString& meaning) {
     if (m_icons.count() == 0)
-        m_icons.add(QStringLiteral("edit"));
+        m_icons.add(lineIcon(QStringLiteral("edit")));
     list.attachImages(&m_icons);
     auto* control = new ListControl(list, this);
     control->setObjectName(QLatin1String(name));
     control->setAccessibleName(meaning);
     control->setFullRowSelect(true);
     control->setTableIconSize(iconSize);
-    control->setPixmapMaker([control](const QVariant& icon) {
-        return lineIcon(icon.toString()).pixmap(iconSize, control->devicePixelRatioF());
-    });
     return control;
 }
 

@@ -3,6 +3,7 @@
 
 #include "base/ListView.h"
 
+#include <QPointer>
 #include <QWidget>
 #include <span>
 
@@ -24,23 +25,35 @@ public:
     ListControl& lvIPTC() const { return *m_iptc; }
     void showTab(int tab); ///< 0 EXIF, 1 IPTC
     int tab() const;
+    /// Offers no command while a file is being written. The focus that this takes from a button returns at
+    /// the end, unless the user has moved it.
+    void setBusy(bool isBusy);
 
 Q_SIGNALS:
     void tabShown(int tab);
     void cmdEXIFBar(int index);
     void cmdIPTCBar(int index);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
+    void offerCommands();
     QWidget* makePage(std::span<const char* const> buttons, const char* barName, ListControl* list,
                       void (MetadataPane::*clicked)(int));
     ListControl* addList(ListView& list, const char* name, const QString& meaning);
 
     const ActionTable& m_actions;
-    ImageList m_icons; ///< what marks the rows that can be edited
+    ImageList m_icons; ///< of the rows that can be edited
     ListControl* m_exif;
     ListControl* m_iptc;
     QTabBar* m_tabs;
     QStackedWidget* m_pages;
+    bool m_isBusy = false;
+    struct {
+        QPointer<QWidget> before, meanwhile;
+    } m_focus; ///< of a busy time
 };
 
 } // namespace tarsel

@@ -7,14 +7,13 @@
 
 namespace tarsel {
 
-frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& label, const QString& value,
-                                           QWidget* owner) :
-    QDialog(owner),
-    m_ui(std::make_unique<Ui::frmExifEditAttribute>()), m_value(value) {
+frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& value, QWidget* owner) :
+    QDialog(owner), m_ui(std::make_unique<Ui::frmExifEditAttribute>()), m_value(value) {
     m_ui->setupUi(this);
     m_field = new AttributeValueField(m_ui->txtValue, m_ui->ucDateTime);
-    m_ui->txtAttribute->setText(label);
+    m_ui->txtAttribute->setText(name);
     m_field->showFor(name, value);
+    m_ui->Label2->setBuddy(m_field->input());
     m_field->selectAll();
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmExifEditAttribute::cmdOK_Click);
     connect(m_field, &AttributeValueField::accepted, this, &frmExifEditAttribute::cmdOK_Click);
@@ -23,12 +22,15 @@ frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& l
 
 frmExifEditAttribute::~frmExifEditAttribute() = default;
 
+QString frmExifEditAttribute::MetadataValue() const {
+    return m_field->isDate() ? m_field->text() + QLatin1Char(' ') + m_field->timeOfDay() : m_field->text();
+}
+
 void frmExifEditAttribute::cmdOK_Click() {
-    const QString text = m_field->text();
-    if (text == (m_field->isDate() ? m_field->shownDay() : m_value))
-        return reject();
-    m_value = m_field->isDate() ? text + QLatin1Char(' ') + m_field->timeOfDay() : text;
-    accept();
+    if (m_field->text() == (m_field->isDate() ? m_field->shownDay() : m_value))
+        reject();
+    else
+        accept();
 }
 
 } // namespace tarsel

@@ -15,21 +15,20 @@ class frmExifEditAttribute;
 class frmExifEditAttribute final : public QDialog {
     Q_OBJECT
 public:
-    /// `label` is what the user knows the attribute by.
-    frmExifEditAttribute(const QString& name, const QString& label, const QString& value,
-                         QWidget* owner = nullptr);
+    /// `name` is the raw name of an EXIF attribute, or the label of an IPTC field.
+    frmExifEditAttribute(const QString& name, const QString& value, QWidget* owner = nullptr);
     ~frmExifEditAttribute() override;
     frmExifEditAttribute(const frmExifEditAttribute&) = delete;
     frmExifEditAttribute& operator=(const frmExifEditAttribute&) = delete;
 
-    const QString& MetadataValue() const { return m_value; }
+    QString MetadataValue() const;
 
 private:
     void cmdOK_Click();
 
     std::unique_ptr<Ui::frmExifEditAttribute> m_ui;
     AttributeValueField* m_field;
-    QString m_value;
+    QString m_value; ///< before the edit
 };
 
 } // namespace tarsel

@@ -30,6 +30,7 @@ frmExifNewAttribute::~frmExifNewAttribute() = default;
 
 void frmExifNewAttribute::showField() {
     m_field->showFor(m_ui->cmbAttribute->currentText(), {});
+    m_ui->Label2->setBuddy(m_field->input());
 }
 
 QString frmExifNewAttribute::MetadataName() const {
