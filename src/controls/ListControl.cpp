@@ -20,6 +20,7 @@
 #include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -44,6 +45,10 @@ protected:
                                : QItemSelectionModel::SelectionFlags(QItemSelectionModel::Clear);
     }
 };
+
+bool isPlain(const QKeyEvent& event) {
+    return !(event.modifiers() & ~Qt::KeypadModifier);
+}
 
 bool isArrow(int key) {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
@@ -315,9 +320,12 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::FocusOut:
         m_typing.stop();
+        m_isDeleting = false;
         update();
         break;
     case QEvent::KeyPress:
+        if (!onViewport && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete)
+            m_isDeleting = isPlain(*static_cast<QKeyEvent*>(event));
         return !onViewport && keyPressed(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
         if (!onViewport && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
@@ -382,7 +390,7 @@ QPoint ListControl::menuPosition() const {
 void ListControl::keyReleased(const QKeyEvent& event) {
     if (isArrow(event.key()))
         Q_EMIT keySelected();
-    else if (event.key() == Qt::Key_Delete)
+    else if (event.key() == Qt::Key_Delete && std::exchange(m_isDeleting, false))
         Q_EMIT deleteReleased();
     else if (!event.text().isEmpty() && event.text().front().isPrint())
         m_typing.start();

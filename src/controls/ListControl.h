@@ -122,7 +122,8 @@ private:
     RowDelegate* m_thumbnailRows;
     QLabel* m_hint;
     std::vector<const ListControl*> m_dropSources;
-    QTimer m_typing; ///< runs until it comes to rest
+    bool m_isDeleting = false; ///< Del was pressed here, by itself: not as part of a shortcut
+    QTimer m_typing;           ///< runs until it comes to rest
     bool m_acceptsFiles = false;
     bool m_synchronising = false;
     bool m_scheduled = false;
