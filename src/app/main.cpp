@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ProgramOptions.h"
 #include "app/QtDesktop.h"
 #include "app/TerminationSignals.h"
 #include "app/frmMain.h"
@@ -31,12 +32,17 @@ public:
 
 int main(int argc, char** argv) {
     using namespace tarsel;
+    if (const std::optional<int> status = answerHelp(argc, argv))
+        return *status;
     reportFileSizeLimitAsError();
     Application application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     // No display name: X11 would append it to the title of every window.
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));
     installTranslation();
+    const std::optional<QStringList> operands = operandsOf(QApplication::arguments());
+    if (!operands)
+        return 2;
     installIndicatorStyle();
 
     QtDesktop desktop;
@@ -64,7 +70,7 @@ int main(int argc, char** argv) {
     });
     window.show();
     // After the window has shown the last folder.
-    if (const QStringList arguments = QApplication::arguments(); arguments.size() > 1)
-        QTimer::singleShot(0, &window, [&window, file = arguments[1]] { window.openFile(file); });
+    if (!operands->isEmpty())
+        QTimer::singleShot(0, &window, [&window, file = operands->front()] { window.openFile(file); });
     return QApplication::exec();
 }

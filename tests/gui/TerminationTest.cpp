@@ -13,25 +13,25 @@ namespace tarsel::test {
 
 namespace {
 
-class Termination : public testing::TestWithParam<int> {
+class StartedProgram : public testing::Test {
 protected:
     QString path(const char* name) const {
         return home.filePath(QStringLiteral("tarsel-jpeg/") + QLatin1String(name));
     }
 
-    void startProgram() {
+    void startProgram(const QStringList& arguments = {}) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         environment.insert(QStringLiteral("XDG_DATA_HOME"), home.path());
         program.setProcessEnvironment(environment);
         program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        program.start(QStringLiteral(TARSEL_MAIN_PROGRAM), QStringList());
+        program.start(QStringLiteral(TARSEL_MAIN_PROGRAM), arguments);
         ASSERT_TRUE(program.waitForStarted());
     }
 
     bool hasRecord() const { return QFileInfo(path("tarsel-jpeg")).size() > 1000; }
 
-    ~Termination() override {
+    ~StartedProgram() override {
         if (program.state() != QProcess::NotRunning)
             program.kill();
         program.waitForFinished();
@@ -40,6 +40,8 @@ protected:
     QTemporaryDir home;
     QProcess program;
 };
+
+class Termination : public StartedProgram, public testing::WithParamInterface<int> {};
 
 } // namespace
 
@@ -61,6 +63,16 @@ TEST_P(Termination, ASignalRunsTheNormalEnd) {
     EXPECT_FALSE(QFileInfo::exists(path(".lock")));
     EXPECT_EQ(QDir(path("Temp")).entryList(QDir::Files, QDir::Name),
               QStringList({QStringLiteral("scan1_4711.tif"), QStringLiteral("temp.jpg")}));
+}
+
+TEST_F(StartedProgram, AnswersItsOptionsWithoutAWindow) {
+    for (const auto& [option, status, answer] : {std::tuple("--help", 0, "Usage: tarsel-jpeg [FILE]"),
+                                                 {"--version", 0, "tarsel-jpeg "},
+                                                 {"-x", 2, ""}}) {
+        startProgram({QLatin1String(option)});
+        EXPECT_TRUE(program.waitForFinished(60'000) && program.exitCode() == status) << option;
+        EXPECT_TRUE(program.readAllStandardOutput().startsWith(answer)) << option;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, Termination, testing::Values(SIGTERM, SIGHUP, SIGINT));

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ProgramOptions.h"
+
+#include "base/ProgramIdentity.h"
+#include "base/Translation.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+
+namespace tarsel {
+
+namespace {
+
+constexpr QLatin1String endOfOptions("--");
+
+void print(std::FILE* stream, const QString& text) {
+    std::fprintf(stream, "%s\n", qPrintable(text));
+}
+
+QString helpText() {
+    return QCoreApplication::translate("ProgramOptions",
+                                       "Usage: %1 [FILE]\n\n"
+                                       "Opens the window of %2: on a picture or a folder, or with the tasks "
+                                       "of a task basket file (*.tbf).\n\n"
+                                       "  --help     show this page\n"
+                                       "  --version  show the version\n\n"
+                                       "Options of Qt, such as -platform and -style, are taken too. The "
+                                       "program \"tarsel\" does the same work without a window.")
+        .arg(programIdentity::name, programIdentity::title);
+}
+
+} // namespace
+
+std::optional<int> answerHelp(int argc, char** argv) {
+    for (int index = 1; index < argc && QLatin1String(argv[index]) != endOfOptions; ++index) {
+        const QString argument = QString::fromLocal8Bit(argv[index]);
+        const bool isVersion = argument == QLatin1String("--version");
+        if (!isVersion && argument != QLatin1String("--help") && argument != QLatin1String("-h"))
+            continue;
+        const QCoreApplication application(argc, argv);
+        installTranslation();
+        print(stdout, isVersion ? programIdentity::name + QLatin1String(" " TARSEL_VERSION) : helpText());
+        return 0;
+    }
+    return std::nullopt;
+}
+
+std::optional<QStringList> operandsOf(const QStringList& arguments) {
+    QStringList operands = arguments.mid(1);
+    const auto end = operands.indexOf(endOfOptions);
+    for (const QString& argument : operands.mid(0, end))
+        if (argument.size() > 1 && argument.startsWith(QLatin1Char('-'))) {
+            print(stderr, QCoreApplication::translate("ProgramOptions",
+                                                      "%1: unknown option \"%2\". Try \"%1 --help\".")
+                              .arg(programIdentity::name, argument));
+            return std::nullopt;
+        }
+    if (end >= 0)
+        operands.removeAt(end);
+    return operands;
+}
+
+} // namespace tarsel
