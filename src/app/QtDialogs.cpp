@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QMimeDatabase>
 #include <QStyle>
@@ -58,6 +59,8 @@ QMessageBox::StandardButtons qtButtons(MessageButtons buttons) {
         return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageButtons::SaveDiscardCancel:
+        return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
     case MessageButtons::Ok:
         break;
     }
@@ -72,9 +75,24 @@ MessageAnswer answerOf(int button) {
         return MessageAnswer::Yes;
     case QMessageBox::No:
         return MessageAnswer::No;
+    case QMessageBox::Save:
+        return MessageAnswer::Save;
+    case QMessageBox::Discard:
+        return MessageAnswer::Discard;
     default:
         return MessageAnswer::Ok;
     }
+}
+
+/// The window manager's title bar has a bold font, perhaps, and buttons on both sides.
+void makeRoomForTitle(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    QFont font = QApplication::font();
+    font.setBold(true);
+    const int width =
+        QFontMetrics(font).horizontalAdvance(box.windowTitle()) + 8 * box.fontMetrics().height();
+    if (grid)
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 /// Types by the extension: the default looks into every file that changes, on the window's thread.
@@ -101,6 +119,7 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
     box.setTextFormat(Qt::PlainText);
     if (buttons == MessageButtons::YesNo)
         box.setDefaultButton(QMessageBox::No); // Enter must not replace anything
+    makeRoomForTitle(box);
     return answerOf(box.exec());
 }
 

@@ -11,8 +11,8 @@ namespace tarsel {
 struct ErrorReport;
 
 enum class MessageIcon { None, Information, Exclamation, Question, Stop };
-enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel };
-enum class MessageAnswer { Ok, Cancel, Yes, No };
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel, SaveDiscardCancel };
+enum class MessageAnswer { Ok, Cancel, Yes, No, Save, Discard };
 
 /// What a file dialog is asked for. `filter` is pairs of text and pattern, all separated by "|":
 /// "Task basket file (*.tbf)|*.tbf".

@@ -48,10 +48,11 @@ TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndReturnTheAnswer) {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_TRUE(box);
         shown = box->text();
+        EXPECT_GT(box->width(), box->fontMetrics().horizontalAdvance(box->windowTitle()) + 100);
         box->button(QMessageBox::Cancel)->click();
     });
     EXPECT_EQ(desktop.dialogs.messageBox(QStringLiteral("<b>a</b>\nb"), MessageIcon::Question,
-                                         MessageButtons::OkCancel, {}),
+                                         MessageButtons::OkCancel, QString(50, u'n')),
               MessageAnswer::Cancel);
     EXPECT_EQ(shown.toStdString(), "<b>a</b>\nb");
     QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
