@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace tarsel {
 
@@ -23,6 +24,10 @@ int rowOfPath(const ListView& list, const QString& path) {
     return -1;
 }
 
+QString resolutionText(Size size, int bitsPerPixel) {
+    return QStringLiteral("%1 X %2 X %3").arg(size.width).arg(size.height).arg(bitsPerPixel);
+}
+
 } // namespace
 
 Preview::Preview(Lists lists) :
@@ -31,6 +36,10 @@ Preview::Preview(Lists lists) :
         QMetaObject::invokeMethod(
             this, [this, shared] { apply(std::move(*shared)); }, Qt::QueuedConnection);
     }) {
+    connect(this, &Preview::pictureChanged, this, [this] {
+        if (m_describesEdited)
+            showResolution();
+    });
     // Rows of a folder are completed in the background, perhaps after their picture is shown.
     connect(&m_lists.lvFolder, &QAbstractItemModel::dataChanged, this,
             [this](const QModelIndex& first, const QModelIndex& last) {
@@ -81,6 +90,8 @@ void Preview::show(bool withTasks, bool editing) {
     PreviewWorker::Request request = requestFor(m_original);
     if (withTasks)
         addTasks(request, editing);
+    else
+        m_lists.tasks.deselect();
     send(std::move(request));
 }
 
@@ -89,6 +100,8 @@ void Preview::load(const QString& path, bool withTasks) {
     request.path = path;
     if (withTasks)
         addTasks(request, false);
+    else
+        m_lists.tasks.deselect(); // of a row the picture would have the tasks
     send(std::move(request));
     Q_EMIT loadingBegun(path);
 }
@@ -168,8 +181,9 @@ void Preview::dropUnselected() {
 void Preview::clear() {
     stop();
     service<EventLoop>().setBusyPointer(false);
-    for (QString* path : {&m_shownPath, &m_wantedPath, &m_describedPath, &m_nextDescribedPath})
-        path->clear();
+    for (QString* text :
+         {&m_shownPath, &m_wantedPath, &m_describedPath, &m_nextDescribedPath, &m_fileResolution})
+        text->clear();
     m_original = {};
     m_shown = {};
     m_lists.ibMain.Clear();
@@ -273,10 +287,7 @@ void Preview::completeResolution(ListView& list, const QString& path) const {
     const QString known = list.subItem(row, FolderColumn::Resolution);
     if (known.isEmpty() || known == QLatin1String("0 X 0 X 0"))
         list.setSubItem(row, FolderColumn::Resolution,
-                        QStringLiteral("%1 X %2 X %3")
-                            .arg(m_original.width())
-                            .arg(m_original.height())
-                            .arg(m_original.bitsPerPixel()));
+                        resolutionText({m_original.width(), m_original.height()}, m_original.bitsPerPixel()));
 }
 
 void Preview::listMetadata(const QString& path) {
@@ -313,9 +324,22 @@ void Preview::showFilePanels() {
         return;
     m_lists.sbMain.setPanel(QStringLiteral("pages"),
                             tr("%1 page(s)").arg(folder.subItem(row, FolderColumn::Pages)));
-    m_lists.sbMain.setPanel(QStringLiteral("resolution"), folder.subItem(row, FolderColumn::Resolution) +
-                                                              QStringLiteral("  ") +
-                                                              folder.subItem(row, FolderColumn::FileSize));
+    m_fileResolution = folder.subItem(row, FolderColumn::Resolution) + QStringLiteral("  ") +
+                       folder.subItem(row, FolderColumn::FileSize);
+    showResolution();
+}
+
+void Preview::describeEdited(bool edited) {
+    if (std::exchange(m_describesEdited, edited) != edited)
+        showResolution();
+}
+
+void Preview::showResolution() {
+    const auto [width, height] = m_shown.size;
+    const bool isEdited = m_describesEdited && width > 0;
+    m_lists.sbMain.setPanel(QStringLiteral("resolution"),
+                            isEdited ? resolutionText({width, height}, m_original.bitsPerPixel())
+                                     : m_fileResolution);
 }
 
 } // namespace tarsel

@@ -52,6 +52,10 @@ public:
     bool listsMetadata() const { return !m_lists.lvIPTC.isEmpty(); }
     /// Says in the status line which metadata the picture on show has.
     void showMetadataPanel();
+    /// Whether the status line has the size of the picture on show instead of the file's.
+    void describeEdited(bool edited);
+    /// As loaded, without the tasks.
+    const Picture& original() const { return m_original; }
     /// Drops what is being loaded.
     void stop();
     /// What is to be seen now. While a large picture is being read, the box is still empty.
@@ -99,13 +103,16 @@ private:
     void listMetadata(const QString& path);
     void showFilePanels();
     void showFailure(const QString& text);
+    void showResolution();
     void clear();
 
     Lists m_lists;
-    Picture m_original; ///< as loaded, without the tasks
+    Picture m_original;
     PreviewPicture m_shown;
     QString m_shownPath;
-    QString m_wantedPath;    ///< of the row shown last, whether its picture could be loaded or not
+    QString m_wantedPath;     ///< of the row shown last, whether its picture could be loaded or not
+    QString m_fileResolution; ///< as the panel shows it while nobody edits
+    bool m_describesEdited = false;
     QString m_describedPath; ///< of the row of lvFolder that two panels describe
     QString m_nextDescribedPath;
     QString m_failureText; ///< of the status line, when the last load failed

@@ -50,8 +50,7 @@ bool removeTask(TaskList& tasks, bool editing) {
     if (selected < 0)
         return false;
     tasks.remove(selected);
-    for (ListView* list : {&tasks.lvEdit, &tasks.lvEditPreview})
-        list->selectOnly(-1); // or the picture would end at the next row
+    tasks.deselect(); // or the picture would end at the next row
     return true;
 }
 

@@ -70,10 +70,12 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     }
 }
 
-bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
+bool fncSaveTaskBasket(const QString& path, TaskList& tasks) {
     const QString target = isTaskFile(path) ? path : path + TaskExtension;
     const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
                                                  [&] { writeTaskBasket(target, tasks); });
+    if (done)
+        tasks.markSaved();
     return showUnlessDone(done,
                           QT_TRANSLATE_NOOP("TaskFile", "Error saving editing list!\nPlease try again!"));
 }
@@ -81,6 +83,7 @@ bool fncSaveTaskBasket(const QString& path, const TaskList& tasks) {
 bool fncOpenTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
     const bool done =
         !trap("modSaveOpenImageList.fncOpenTaskBasket", [&] { readTaskBasket(path, tasks, genericIcons); });
+    tasks.markSaved(); // of a failed read the user has changed nothing either
     return showUnlessDone(done, QT_TRANSLATE_NOOP("TaskFile", "Error opening editing list!\n"
                                                               "Please select a valid image list file."));
 }

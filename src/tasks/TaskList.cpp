@@ -85,6 +85,26 @@ void TaskList::clear() {
     lvEditPreview.clear();
 }
 
+void TaskList::deselect() {
+    for (ListView* list : {&lvEdit, &lvEditPreview})
+        list->selectOnly(-1);
+}
+
+std::vector<TaskRow> TaskList::rows() const {
+    std::vector<TaskRow> rows;
+    for (int index = 0; index < count(); ++index)
+        rows.push_back(row(index));
+    return rows;
+}
+
+bool TaskList::isUnsaved() const {
+    return count() > 0 && rows() != m_saved;
+}
+
+void TaskList::markSaved() {
+    m_saved = rows();
+}
+
 TaskRow taskRowOf(const ListView& lvEditBatch, int index) {
     const ListRow& listed = lvEditBatch.row(index);
     TaskRow row{listed.text, listed.tag, {}};

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <array>
+#include <vector>
 
 namespace tarsel {
 
@@ -53,9 +54,18 @@ public:
     /// Removes row `index` from all three; -1 does nothing.
     void remove(int index);
     void clear();
+    /// No row is selected any more, in either view.
+    void deselect();
+
+    /// Whether there are rows that differ from those of the last markSaved().
+    bool isUnsaved() const;
+    void markSaved(); ///< a file holds the rows
 
 private:
     void appendToAll(const TaskRow& row, int kind, const QString& iconKey);
+    std::vector<TaskRow> rows() const;
+
+    std::vector<TaskRow> m_saved;
 };
 
 /// A row of lvEditBatch as a TaskRow.

