@@ -11,6 +11,7 @@
 #include <QStyleHints>
 #include <QTest>
 #include <array>
+#include <utility>
 
 namespace tarsel::test {
 
@@ -19,6 +20,7 @@ namespace {
 constexpr int beat = 10; ///< ms between two signs of life of the event loop
 /// So many inputs a modal window gets before it is to be left, and so many keys may that take.
 constexpr int inputsOfAModal = 60, keysToLeave = 40;
+constexpr int inputsBetweenReturns = 150, inputsBetweenEdits = 300, inputsToLoad = 20;
 
 QString nameOf(const QWidget& window) {
     return QString::fromLatin1(window.metaObject()->className()) + QLatin1Char(' ') + window.objectName();
@@ -32,7 +34,8 @@ constexpr std::array keys{Qt::Key_Return, Qt::Key_Space,  Qt::Key_Tab,      Qt::
 
 } // namespace
 
-Monkey::Monkey(QWidget& window, quint32 seed, int inputs) : m_window(&window), m_wanted(inputs) {
+Monkey::Monkey(frmMain& window, QString folder, quint32 seed, int inputs) :
+    m_window(&window), m_folder(std::move(folder)), m_wanted(inputs) {
     m_random.seed(seed);
     // Timers of this object also run in the loops of modal windows and of work that yields.
     connect(&m_timer, &QTimer::timeout, this, &Monkey::act);
@@ -51,15 +54,11 @@ void Monkey::measure() {
 }
 
 void Monkey::act() {
-    if (!m_window || !m_trap.isEmpty() || m_made >= m_wanted) {
-        m_timer.stop();
-        for (int i = 0; i < keysToLeave && QApplication::activeModalWidget(); ++i)
-            QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-        if (m_window)
-            m_window->close();
-        return;
-    }
+    if (!m_window || !m_trap.isEmpty() || m_made >= m_wanted)
+        return end();
     ++m_made;
+    stayInFolder();
+    edit();
     m_timer.start(below(30) == 0 ? 50 + below(400) : below(8)); // hurries, and waits now and then
     QWidget* modal = QApplication::activeModalWidget();
     m_modalInputs = modal && modal == m_modal ? m_modalInputs + 1 : 0;
@@ -90,6 +89,44 @@ void Monkey::act() {
         rearrange();
     else
         click(target, inside);
+}
+
+void Monkey::end() {
+    m_timer.stop();
+    for (int i = 0; i < keysToLeave && QApplication::activeModalWidget(); ++i)
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    if (m_window)
+        m_window->endAtOnce();
+}
+
+bool Monkey::isInside(const QString& folder) const {
+    return folder == m_folder || folder.startsWith(m_folder + QLatin1Char('/'));
+}
+
+/// Back as soon as an input has left it, and from the folders below now and then.
+void Monkey::stayInFolder() {
+    if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+        if (!isInside(dialog->directory().absolutePath()))
+            dialog->setDirectory(m_folder);
+        return;
+    }
+    const QString folder = m_window->folderView().currentFolder();
+    if (!folder.isEmpty() && (!isInside(folder) || m_made % inputsBetweenReturns == 0))
+        m_window->openFile(m_folder);
+}
+
+/// Shows a picture, and some inputs later edits what is on show then.
+void Monkey::edit() {
+    ListView& listed = m_window->workspace().lvFolder;
+    const int turn = m_made % inputsBetweenEdits;
+    const bool isEditing = m_window->findChild<QWidget*>(QStringLiteral("eb"))->isVisible();
+    m_editingInputs += isEditing;
+    if (isEditing || QApplication::activeModalWidget())
+        return;
+    if (turn == 0 && !listed.isEmpty())
+        m_window->preview().ShowRow(listed, below(listed.count()));
+    else if (turn == inputsToLoad)
+        m_window->findChild<QAbstractButton*>(QStringLiteral("CmdPreviewEdit"))->click();
 }
 
 /// Esc, then Return, as a user would try; a window that stays after that is a trap.
@@ -123,8 +160,10 @@ void Monkey::clickControl(QWidget& top) {
     }
 }
 
-/// As by its shortcut or menu entry.
+/// As by its shortcut or menu entry. Those of a file dialog delete and rename files and folders.
 void Monkey::triggerAction(QWidget& top) {
+    if (qobject_cast<QFileDialog*>(&top))
+        return;
     QList<QAction*> actions = top.findChildren<QAction*>();
     actions.removeIf(
         [](const QAction* action) { return !action->isVisible() || !action->isEnabled() || action->menu(); });

@@ -1,31 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/frmMain.h"
 #include "base/RandomNumbers.h"
 
 #include <QElapsedTimer>
 #include <QHash>
 #include <QPointer>
 #include <QTimer>
-#include <QWidget>
 
 namespace tarsel::test {
 
 /// Clicks, types, drags and scrolls at random in whatever window of the program is active, as long as the
 /// program lives. The same seed makes the same inputs, as far as the program's windows come at the same time.
+/// It stays in one folder and those below, and is led to what random inputs seldom reach.
 class Monkey final : public QObject {
 public:
-    Monkey(QWidget& window, quint32 seed, int inputs);
+    Monkey(frmMain& window, QString folder, quint32 seed, int inputs);
 
     int made() const { return m_made; }
     int longestBlock() const { return m_longestBlock; }           ///< of the event loop, in ms
     QString longestActivity() const { return m_longestActivity; } ///< what the program said it was doing
     /// The modal window that no key closes; empty when each can be left.
     QString trap() const { return m_trap; }
+    int editingInputs() const { return m_editingInputs; } ///< while the panel of tasks was open
     QHash<QString, int> windows; ///< windows that were seen, and the inputs that each got
 
 private:
     void act();
+    void end();
+    void stayInFolder();
+    void edit();
+    bool isInside(const QString& folder) const;
     void leave(QWidget& modal);
     void click(QWidget& target, QPoint place);
     void triggerAction(QWidget& top);
@@ -42,7 +48,8 @@ private:
     }
     int below(int limit) { return int(m_random.randomNumber() * limit); }
 
-    QPointer<QWidget> m_window;
+    QPointer<frmMain> m_window;
+    const QString m_folder;
     SeededRandomNumbers m_random;
     QTimer m_timer;
     QTimer m_heartbeat;
@@ -51,6 +58,7 @@ private:
     int m_modalInputs = 0;
     int m_wanted;
     int m_made = 0;
+    int m_editingInputs = 0;
     int m_longestBlock = 0;
     QString m_longestActivity;
     QString m_trap;

@@ -2,9 +2,9 @@
 //
 // window_monkey SEED INPUTS FOLDER [FOLDER-OF-THE-PROGRAM]
 //
-// Starts the real main window over a folder of pictures and makes random inputs; tests/monkey/run starts it
-// again and again. Exit status 0 when the window lived through all of them, 3 when a modal window could not
-// be left.
+// Starts the real main window over a folder of pictures and makes random inputs there; tests/monkey/run
+// starts it again and again. Exit status 0 when the window lived through all of them, 3 when a modal window
+// could not be left.
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "configuration/ConfigRecord.h"
@@ -59,11 +59,13 @@ int main(int argc, char** argv) {
     QObject::connect(
         &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     window.show();
-    const test::Monkey monkey(window, arguments[1].toUInt(), arguments[2].toInt());
+    const test::Monkey monkey(window, arguments[3], arguments[1].toUInt(), arguments[2].toInt());
     QApplication::exec();
 
-    std::printf("%d inputs, longest block %d ms (%s), %d times the desktop was asked\n", monkey.made(),
-                monkey.longestBlock(), qPrintable(monkey.longestActivity()), nowhere.opened);
+    std::printf(
+        "%d inputs, %d of them while editing, longest block %d ms (%s), %d times the desktop was asked\n",
+        monkey.made(), monkey.editingInputs(), monkey.longestBlock(), qPrintable(monkey.longestActivity()),
+        nowhere.opened);
     for (auto it = monkey.windows.begin(); it != monkey.windows.end(); ++it)
         std::printf("  %6d %s\n", it.value(), qPrintable(it.key()));
     if (monkey.trap().isEmpty())
