@@ -197,6 +197,7 @@ void frmMain::connectTaskBasket() {
     for (const ListControl* list : {&m_browsePane->lvEdit(), &m_taskPane->lvEditPreview()}) {
         connect(list, &ListControl::rowClicked, &m_workflow, &TaskWorkflow::rowClicked);
         connect(list, &ListControl::keySelected, &m_workflow, &TaskWorkflow::rowClicked);
+        connect(list, &ListControl::deleteReleased, &m_actions.action("cmdEditBar_3"), &QAction::trigger);
     }
 }
 
@@ -248,6 +249,7 @@ void frmMain::connectPreview() {
     connect(&m_preview, &Preview::pictureChanged, this, &frmMain::savePictureWanted,
             Qt::QueuedConnection); // its dialog must not hold up what the preview has still to do
     connect(&m_imageDocument, &ImageDocument::progressed, this, &frmMain::SetStatus);
+    connect(&m_imageDocument, &ImageDocument::saved, &m_workflow, &TaskWorkflow::correctionSaved);
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
 }

@@ -129,6 +129,7 @@ private:
     void savePictureWanted();
     void saveImageDocument();
     void dropSelection();
+    void describeSelection();
     void showEditing();
     void showTaskPanel(bool open);
     void showBefore();
@@ -139,7 +140,12 @@ private:
     void updateZoom();
 
     // Form_Unload
+    bool asksAboutEnd() const;
     void confirmEnd();
+    bool confirmStop();
+    void confirmUnsaved();
+    bool tasksMayGo();
+    bool correctionMayGo();
     void subEnd();
     void storePositions();
     void forEachColumnWidth(const std::function<void(ListControl&, int, qint16&)>& visit);
@@ -180,9 +186,10 @@ private:
     bool m_closesAfterWriting = false; ///< metadata, which may yet fail
     ListControl* ActiveList;           ///< entered last; next and previous walk it
     QString LastBasketFolder;
-    QString m_pathToSave; ///< its save dialog opens as soon as the preview shows it
-    QString m_zoomText;   ///< as the status line showed it last
-    Size m_basketThumb;   ///< working copy of the basket's thumbnail size
+    QString m_pathToSave;    ///< its save dialog opens as soon as the preview shows it
+    QString m_selectionText; ///< as the status line showed it last; so the next one
+    QString m_zoomText;      ///< as the status line showed it last
+    Size m_basketThumb;      ///< working copy of the basket's thumbnail size
     Size m_folderThumb;
 };
 

@@ -37,9 +37,24 @@ void frmMain::connectEditing() {
     connect(&m_preview, &Preview::replaced, &m_workflow, &TaskWorkflow::pictureReplaced);
     connect(&m_workflow, &TaskWorkflow::stateChanged, this, &frmMain::showEditing);
     connect(m_taskPane, &TaskPane::liveToggled, &m_workflow, &TaskWorkflow::setLive);
+    connect(m_taskPane, &TaskPane::taskChosen, this, [this] { m_endsAtOnce = false; });
     connectBefore();
     new PictureSelector(*m_taskPane, m_previewPane->ibMain(), m_workspace.ibMain, m_workflow, this);
+    const SelectionOverlay& selection = m_previewPane->ibMain().selection();
+    connect(&selection, &SelectionOverlay::regionChanged, this, &frmMain::describeSelection);
+    connect(&selection, &SelectionOverlay::armedChanged, this, &frmMain::describeSelection);
     showEditing();
+}
+
+/// In pixels of the picture, where the page counts those of the screen.
+void frmMain::describeSelection() {
+    const QString text = m_previewPane->ibMain().selection().description();
+    if (!text.isEmpty())
+        SetStatus(text);
+    else if (!m_selectionText.isEmpty() &&
+             m_workspace.sbMain.panel(QStringLiteral("status")) == m_selectionText)
+        SetStatus(m_zoomText);
+    m_selectionText = text;
 }
 
 void frmMain::connectBefore() {
@@ -65,16 +80,17 @@ void frmMain::connectBefore() {
     new HeldKey(Qt::Key_B, before, *this);
 }
 
-/// The picture before is kept for the screen only while it may be seen.
+/// The picture before the present task, or before all of them while none is tried. It is kept for the screen
+/// only while it may be seen.
 void frmMain::showBefore() {
     const bool isWanted =
         m_actions.action("cmdBefore").isChecked() || m_actions.action("cmdCompare").isChecked();
-    const Picture& working = m_workflow.working();
-    if (!isWanted || working.isNull())
+    const Picture& picture = m_workflow.isTrying() ? m_workflow.working() : m_preview.original();
+    if (!isWanted || !m_workflow.isOpen() || picture.isNull())
         return m_beforeView->setPicture({});
     PreviewPicture before = m_preview.shown();
-    before.picture = working;
-    before.size = {working.width(), working.height()};
+    before.picture = picture;
+    before.size = {picture.width(), picture.height()};
     before.isReduced = false;
     m_beforeView->setPicture(before);
 }
@@ -94,6 +110,7 @@ void frmMain::showEditing() {
         for (const char* name : {"cmdBefore", "cmdCompare"})
             m_actions.action(name).setChecked(false);
     showBefore();
+    m_preview.describeEdited(state.isOpen);
     m_taskPane->showState(state);
 }
 

@@ -24,6 +24,7 @@
 #include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
 #include "pixels/Color.h"
+#include "tasks/TaskBasketActions.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -258,10 +259,15 @@ void frmMain::endAtOnce() {
     close();
 }
 
-/// The question about a batch comes in an event of its own: a session that ends meanwhile can then close the
-/// window all the same.
+bool frmMain::asksAboutEnd() const {
+    return m_batchRunning || m_workflow.isUnfinished() || m_workspace.tasks.isUnsaved() ||
+           m_workflow.isCorrected();
+}
+
+/// Questions come in an event of their own: a session that ends meanwhile can then close the window all the
+/// same.
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (m_batchRunning && !m_endsAtOnce) {
+    if (!m_endsAtOnce && m_loaded && asksAboutEnd()) {
         event->ignore();
         QMetaObject::invokeMethod(this, &frmMain::confirmEnd, Qt::QueuedConnection);
         return;
@@ -281,11 +287,45 @@ void frmMain::confirmEnd() {
     if (m_asksAboutEnd)
         return;
     const QScopedValueRollback asking(m_asksAboutEnd, true);
-    const MessageAnswer answer = service<Dialogs>().messageBox(
-        tr("A batch is running. Do you want to stop it and exit?\nFiles that are finished stay."),
-        MessageIcon::Question, MessageButtons::YesNo, ApplicationName);
-    if (answer == MessageAnswer::Yes)
+    if (!m_batchRunning || confirmStop())
+        m_workflow.end(
+            [this] { QMetaObject::invokeMethod(this, &frmMain::confirmUnsaved, Qt::QueuedConnection); });
+}
+
+bool frmMain::confirmStop() {
+    return service<Dialogs>().messageBox(
+               tr("A batch is running. Do you want to stop it and exit?\nFiles that are finished stay."),
+               MessageIcon::Question, MessageButtons::YesNo, ApplicationName) == MessageAnswer::Yes;
+}
+
+void frmMain::confirmUnsaved() {
+    if (m_asksAboutEnd || !m_loaded)
+        return;
+    const QScopedValueRollback asking(m_asksAboutEnd, true);
+    if (tasksMayGo() && correctionMayGo())
         endAtOnce();
+}
+
+bool frmMain::tasksMayGo() {
+    TaskList& tasks = m_workspace.tasks;
+    if (!tasks.isUnsaved())
+        return true;
+    const MessageAnswer answer = service<Dialogs>().messageBox(
+        tr("The tasks of the task basket are not saved.\nDo you want to save them before the program ends?"),
+        MessageIcon::Question, MessageButtons::SaveDiscardCancel, ApplicationName);
+    constexpr int save = 2;
+    if (answer == MessageAnswer::Save)
+        taskBasketActions::cmdEditBar(save, tasks, m_workflow.isOpen());
+    return answer == MessageAnswer::Discard || (answer == MessageAnswer::Save && !tasks.isUnsaved());
+}
+
+/// What no list of tasks holds.
+bool frmMain::correctionMayGo() {
+    return !m_workflow.isCorrected() ||
+           service<Dialogs>().messageBox(tr("The picture with its corrected eyes is not saved.\nDo you want "
+                                            "to exit without saving it?"),
+                                         MessageIcon::Question, MessageButtons::YesNo,
+                                         ApplicationName) == MessageAnswer::Yes;
 }
 
 void frmMain::Form_Unload() {

@@ -19,6 +19,9 @@ void previewStep(ImageBox& box, const TaskRow& row);
 /// Whether a task has something to show as soon as its page opens with these options.
 bool previewsAtOnce(const TaskRow& options);
 
+/// Whether a live preview shows a task as soon as its page opens: one of pieces to choose from.
+bool showsAsItOpens(const TaskRow& options);
+
 /// Whether previews may follow these options by themselves: not those of a selection that is being made on
 /// the picture, nor without the picture to merge.
 bool followsOptions(const TaskRow& options);

@@ -133,7 +133,9 @@ void TaskWorkflow::CmdPreviewEdit() {
 void TaskWorkflow::begin() {
     m_options.setBaseSize(m_picture.box().Width(), m_picture.box().Height());
     openTask(0);
-    if (!m_picture.showsTasks())
+    m_isCorrected = false;
+    // Each view of the list has a selected row, at which its picture ends.
+    if (!m_picture.showsTasks() || m_tasks.lvEdit.selectedIndex() != m_tasks.lvEditPreview.selectedIndex())
         m_picture.showTasks(true);
     takeWorkingSnapshot();
 }
@@ -150,7 +152,7 @@ void TaskWorkflow::takeWorkingSnapshot(Step then) {
 
 void TaskWorkflow::leave() {
     reset();
-    m_isOpen = false;
+    m_isOpen = m_isCorrected = false;
     m_kind = 0;
     m_optionsChanged = false;
     m_working = {};
@@ -165,24 +167,39 @@ void TaskWorkflow::choose(const QString& group, const QString& item) {
         post([this, item] { chooseTask(item); });
 }
 
+/// What was entered for the present task stays when it is chosen once more.
 void TaskWorkflow::chooseTask(const QString& item) {
-    const Step open = [this, item] {
-        if (std::exchange(m_restorePending, false))
-            restoreWorking();
-        openTask(kindOfItem(item));
-    };
     if (!m_isOpen)
         return;
+    const bool isPresent = m_kind && !m_modified && kindOfItem(item) == m_kind;
+    endTask([this, item, isPresent] {
+        if (std::exchange(m_restorePending, false))
+            restoreWorking();
+        if (!isPresent)
+            openTask(kindOfItem(item));
+        showFirstPiece();
+    });
+}
+
+void TaskWorkflow::end(Step then) {
+    postOfList([this, then = std::move(then)] { endTask(then); });
+}
+
+bool TaskWorkflow::isUnfinished() const {
+    return m_isOpen && (m_modified || m_next || !m_events.empty());
+}
+
+void TaskWorkflow::endTask(const Step& then) {
     if (!m_modified)
-        return open();
+        return then();
     switch (service<Dialogs>().messageBox(
         tr("The image has been modified!\nDo you want to confirm the changes made to the image?"),
         MessageIcon::Information, MessageButtons::YesNoCancel, ApplicationName)) {
     case MessageAnswer::Yes:
-        return confirm(open);
+        return confirm(then);
     case MessageAnswer::No:
         reset();
-        return open();
+        return then();
     default:
         return;
     }
@@ -277,6 +294,15 @@ void TaskWorkflow::followOptions() {
         show(std::move(row), PreviewReason::Followed);
 }
 
+/// Frames and the like are chosen by their look. To the user the task is still as it was opened.
+void TaskWorkflow::showFirstPiece() {
+    const TaskRow row = m_options.row();
+    if (!m_isLive || m_working.isNull() || !showsAsItOpens(row))
+        return;
+    m_picture.showPreview(m_working, row, PreviewReason::Followed);
+    m_restorePending = m_previewInWork = true;
+}
+
 void TaskWorkflow::show(TaskRow row, PreviewReason reason) {
     m_row = std::move(row);
     m_picture.showPreview(m_working, m_row, reason);
@@ -319,9 +345,15 @@ void TaskWorkflow::commit(const Step& storeDefaults) {
     if (storeDefaults) {
         m_tasks.append(m_row);
         storeDefaults();
+    } else {
+        m_isCorrected = true;
     }
     openTask(0);
     takeWorkingSnapshot();
+}
+
+void TaskWorkflow::correctionSaved() {
+    m_isCorrected = false;
 }
 
 void TaskWorkflow::cmdReset() {
@@ -384,7 +416,7 @@ void TaskWorkflow::takeRows(Step then) {
     if (!m_isOpen)
         return;
     m_firstPreview = true;
-    m_modified = false;
+    m_modified = m_isCorrected = false;
     m_optionsChanged = m_kind != 0;
     takeWorkingSnapshot(std::move(then));
 }

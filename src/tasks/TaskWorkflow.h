@@ -31,6 +31,12 @@ public:
     bool isOpen() const { return m_isOpen; }
     /// The picture without the present task; null while nobody edits.
     const Picture& working() const { return m_working; }
+    /// Whether the picture on show has more or less than the working snapshot.
+    bool isTrying() const { return m_kind && (m_modified || m_restorePending); }
+    /// Whether the end of editing may lose something that is on show or about to be.
+    bool isUnfinished() const;
+    /// Whether the picture holds a correction that is confirmed and can't be listed.
+    bool isCorrected() const { return m_isCorrected; }
 
     // --- what the user does; the names of buttons stand for their click
     void CmdPreviewEdit();
@@ -47,6 +53,10 @@ public:
     /// Changes the list with a function that returns whether the picture has to be made again. Waits for a
     /// task that is being confirmed.
     void changeRows(std::function<bool()> change);
+    /// Asks about a preview that is not confirmed, if there is one. `then` is left out when the user stays.
+    void end(std::function<void()> then);
+
+    void correctionSaved(); ///< with the picture on show
 
     // --- what becomes of the picture
     void pictureSettled(bool failed); ///< it is no longer busy
@@ -74,6 +84,8 @@ private:
     void leave();
     void openTask(int kind);
     void chooseTask(const QString& item);
+    void endTask(const Step& then);
+    void showFirstPiece();
     bool preview();
     void followOptions();
     void show(TaskRow row, PreviewReason reason);
@@ -98,6 +110,7 @@ private:
     bool m_optionsChanged = false; ///< since the last preview
     bool m_modified = false;       ///< a preview is shown that is not confirmed
     bool m_regionBegun = false;    ///< of an eye
+    bool m_isCorrected = false;
     bool m_previewInWork = false;
     std::function<void(bool failed)> m_next; ///< waits for the picture
     std::deque<Event> m_events;              ///< wait for m_next

@@ -223,6 +223,14 @@ TEST_F(EditingInTheWindow, GoesOnWithAnotherPictureThatTakesThePlaceOfTheEditedO
     settle();
     EXPECT_EQ(shown().width(), 30);
     EXPECT_FALSE(isOn("cmdReset")) << "nothing is tried on the new picture yet";
+    EXPECT_EQ(panel("resolution"), "30 X 20 X 24");
+    press("Invert");
+    press("cmdOK");
+    clickRow(0);
+    window().preview().reload();
+    settle();
+    settle();
+    EXPECT_TRUE(tasks().lvEditPreview.selectedRows().empty()) << "the picture has all tasks";
     click(window(), "CmdPreviewEdit");
     EXPECT_EQ(shown().width(), 30);
 }
@@ -345,11 +353,21 @@ TEST_F(EditingInTheWindow, IsKeptInAListThatMakesTheSamePictureInTheNextSession)
     const Picture half = shown();
     clickRow(6);
     EXPECT_FALSE(shown() == half || shown() == confirmed);
-    press("cmdEditBar_3_Preview");
+    QTest::keyClick(child<ListControl>(window(), "lvEditPreview").view(), Qt::Key_Delete);
+    settle();
     const Picture edited = shown();
     EXPECT_FALSE(edited == confirmed);
+    press("Blur");
+    press("cmdApply");
+    answer(QMessageBox::Cancel); // to the question about the preview
+    window().close();
+    QTest::qWait(0);
+    EXPECT_TRUE(window().isVisible() && isOn("cmdReset"));
+    answer(QMessageBox::No);
+    answer(QMessageBox::Save);
     chooseFile(path("look.tbf"));
-    press("cmdEditBar_2_Preview");
+    window().close();
+    ASSERT_TRUE(waitFor([&] { return !window().isVisible(); }));
     close();
     ConfigRecord = {};
     start();
@@ -360,12 +378,16 @@ TEST_F(EditingInTheWindow, IsKeptInAListThatMakesTheSamePictureInTheNextSession)
     press("cmdEditBar_1_Preview");
     EXPECT_EQ(tasks().count(), 12);
     EXPECT_TRUE(shown() == edited);
+    window().close();
+    EXPECT_FALSE(window().isVisible()) << "nothing has changed since";
 }
 
 TEST_F(EditingInTheWindow, FollowsTheOptionsUnlessThatIsSwitchedOff) {
     startEditing();
     const Picture before = shown();
-    click(window(), "Contrast");
+    press("Frame");
+    EXPECT_TRUE(shown().width() > before.width() && isOn("cmdApply") && !isOn("cmdReset"));
+    press("Contrast");
     auto& level = child<QSlider>(window(), "sldContrast");
     EXPECT_TRUE(isOn("cmdApply") && shown() == before) << "nothing has been changed yet";
     QWheelEvent wheel({5, 5}, {}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -419,6 +441,8 @@ TEST_F(EditingInTheWindow, ShowsThePictureBeforeTheTaskWhileAKeyIsHeldAndOnOneSi
     EXPECT_GT(left.width(), right.width()) << "dragged to the right";
     EXPECT_EQ(both.copy(left), before.copy(left));
     EXPECT_EQ(both.copy(right), after.copy(right));
+    key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(seen().copy(left), before.copy(left)) << "while no task is tried, the picture without any";
     click(window(), "CmdPreviewEdit");
     EXPECT_FALSE(over.isVisible() || line.isVisible());
 }

@@ -89,8 +89,10 @@ TEST_F(Selection, ACropIsDraggedMovedAndSizedWithThePointerAndWithKeys) {
         key(Qt::Key_Down, Qt::ShiftModifier | Qt::ControlModifier);
         EXPECT_EQ(selected(), QRect(24, 32, 100, 70));
         const double scale = 1600.0 / view().placement().drawn().width;
+        const int width = int(std::nearbyint(scale * 124) - std::nearbyint(scale * 24));
+        EXPECT_EQ(panel("status").find("Selection of " + std::to_string(width) + " "), 0U) << panel("status");
         preview();
-        EXPECT_EQ(shown().width(), int(std::nearbyint(scale * 124) - std::nearbyint(scale * 24)));
+        EXPECT_EQ(shown().width(), width);
         EXPECT_FALSE(band().isVisible());
         click(window(), "cmdOK");
         settle();
@@ -195,6 +197,10 @@ TEST_F(Selection, ARedEyeIsCorrectedInsideItsEllipseAndNeverRecorded) {
     settle();
     EXPECT_EQ(window().workspace().tasks.count(), 0);
     EXPECT_LT(red(1200, 300), 100);
+    bool asked = false;
+    script.on("messageBox", [&](QWidget& box) { asked = box.close(); });
+    window().close();
+    EXPECT_TRUE(waitFor([&] { return asked; }) && window().isVisible()) << "no list holds the correction";
 }
 
 } // namespace tarsel::test

@@ -24,8 +24,7 @@ WindowTest::WindowTest() {
 
 WindowTest::~WindowTest() {
     if (m_window)
-        m_window->close();
-    m_window.reset();
+        close();
     EXPECT_EQ(script.unexpected.join(QLatin1Char('|')).toStdString(), "");
 }
 
@@ -61,7 +60,7 @@ void WindowTest::startWithBasket(int count) {
 }
 
 void WindowTest::close() {
-    m_window->close();
+    m_window->endAtOnce();
     m_window.reset();
 }
 

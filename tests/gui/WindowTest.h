@@ -28,7 +28,7 @@ protected:
 
     /// Form_Load and the first showing. `samples` is the folder listed at the first start.
     frmMain& start(const QString& samples = {});
-    void close(); ///< as by the close box
+    void close(); ///< without a question
     frmMain& window() { return *m_window; }
     /// Starts with that many pictures listed, photo01.jpg and so on.
     void startListing(int count);

@@ -49,6 +49,7 @@ TEST(RubberBand, KeepsItsCornersInTheOrderDraggedThroughEachGripAndMove) {
         {{10, 20}, {26, 60}, {18, 20}, {20, 30}, Resizing, "10 30 26 60"}, // 16 wide
         {{10, 20}, {50, 35}, {10, 27}, {20, 30}, Moving, "20 23 60 38"},   // 15 high
         {{10, 20}, {50, 60}, {13, 20}, {23, 21}, Moving, "20 21 60 61"},   // 3 pixels from a grip
+        {{10, 20}, {50, 60}, {10, 23}, {20, 24}, Moving, "20 21 60 61"},   // and below it
         {{50, 60}, {10, 20}, {20, 30}, {70, 50}, Moving, "100 80 60 40"},  // as far as it gets
         {{10, 20}, {50, 60}, {20, 30}, {9, 31}, Moving, "10 20 50 60"},    // and not further, not even down
         {{10, 20}, {50, 60}, {60, 70}, {10, 20}, Resizing, "10 20 50 60"}, // beside it

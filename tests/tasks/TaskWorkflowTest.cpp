@@ -67,7 +67,7 @@ struct Page final : TaskOptions {
         return kind == 12  ? taskRow(12, {"0", amount, "0", "0", "0"})
                : kind == 8 ? taskRow(8, {"False", "5", "2", "3", "4"})
                : hasEye    ? taskRow(kind, {"1", "1", "4", "4"})
-                           : taskRow(kind, QStringList());
+                           : taskRow(kind, {"0"});
     }
     std::function<void()> shownDefaults() override {
         return [this, shown = amount] { stored = shown; };
@@ -174,17 +174,11 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
     constexpr const char* confirmed = "Finish Finish -O-G +101 2 rows";
     constexpr const char* emptied = "Finish Confirm PO-- +0 0 rows";
     const std::tuple<const char*, const char*> cases[] = {
-        {"", closed},
-        {"apply", closed},
-        {"ok", closed},
-        {"reset", closed},
-        {"Canvas", closed},
+        {"apply ok reset Canvas", closed},
         {"edit", nothing},
-        {"edit apply", nothing},
-        {"edit reset", nothing},
         {"edit ok", closed},
         {"edit edit", closed},
-        {"edit add2", nothing},
+        {"edit apply reset add2", nothing},
         {"edit row edit", closed},
         {"edit Canvas", chosen},
         {"edit Canvas Nothing", nothing},
@@ -194,8 +188,13 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
         {"edit Canvas edit", closed},
         {"edit Canvas original?no", chosen},
         {"edit Canvas original?yes", emptied},
-        {"edit Canvas apply", previewed},
         {"edit Canvas apply apply", previewed},
+        {"edit Canvas add2 Canvas apply", "Finish Confirm -ORG +102 1 rows"}, // what was entered stays
+        {"live edit Shadow", "Finish Confirm PO-G +122 1 rows"}, // tried, and given up without a question
+        {"live edit Shadow Nothing", nothing},
+        {"live edit Shadow edit", closed},
+        {"optimized edit Canvas ok row edit edit",
+         "Finish Finish -O-G +100 2 rows"}, // up to the selected row
         {"edit Canvas apply add2", changed},
         {"edit Canvas apply ok", confirmed},
         {"edit Canvas apply reset", chosen},
@@ -211,7 +210,9 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
         {"edit Canvas apply add2 apply", "Finish Confirm -ORG +102 1 rows"},
         {"edit Canvas apply add2 ok", "Finish Finish -O-G +102 2 rows"},
         {"edit Canvas apply add2 reset", chosen},
-        {"edit Canvas apply remove", "Finish Confirm PO-- +0 0 rows"},
+        {"edit Canvas apply remove apply", "Finish Confirm -OR- +1 0 rows"},
+        {"edit Canvas ok row Canvas", "Finish Confirm PO-G +101 2 rows"},
+        {"optimized edit Canvas ok row edit", "Edit - ---- +1 2 rows"}, // what was confirmed
         {"edit Canvas ok clear", "Finish Finish -O-- +0 0 rows"},
         {"edit Canvas add2 ok add9 Canvas apply", "Finish Confirm -ORG +104 2 rows"}, // the 9 came too late
         {"edit Canvas apply remove ok", "Finish Finish -O-G +1 1 rows"},
@@ -233,7 +234,6 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
         {"live edit Canvas add2 Nothing?no", nothing},
         {"edit Canvas add2 live", "Finish Confirm -ORG +102 1 rows"},
         {"live edit RedEye add2", "Finish Confirm P--G +100 1 rows"},
-        {"edit RedEye", "Finish Confirm P--G +100 1 rows"},
         {"edit RedEye region eyes ok", nothing}, // is never a row
         {"edit RedEye region", "Finish Confirm PO-G +100 1 rows"},
         {"edit RedEye region ok", nothing}, // without an eye there is nothing to confirm
@@ -258,7 +258,10 @@ TEST(Editing, AsksAndNamesAndKeepsTheDefaultsOfWhatWasConfirmed) {
     editing.play("edit");
     EXPECT_EQ(editing.page.baseWidth, shownWidth);
     EXPECT_EQ(editing.workflow.state().title.toStdString(), "Options");
+    editing.picture.shown.SelectionActive = true;
+    editing.picture.shown.SelectEllipse(1, 1, 4, 4);
     editing.play("Invert");
+    EXPECT_NE(errorNumberOf([&] { editing.picture.shown.CropToSelection(); }), 0) << "nothing is selected";
     EXPECT_EQ(editing.workflow.state().title.toStdString(), "Task Option - Invert");
     editing.play("Canvas add2 apply Canvas?no");
     EXPECT_EQ(editing.desktop.messages.back().text.toStdString(),
@@ -294,10 +297,14 @@ TEST(Editing, GoesOnFromThePictureThatTookTheOthersPlace) {
     EXPECT_EQ(editing.page.baseWidth, 40);
     editing.play("Canvas apply");
     EXPECT_EQ(editing.seen(), "Finish Confirm -ORG +131 1 rows");
+    editing.play("Nothing?no Canvas bad apply Nothing");
+    EXPECT_EQ(editing.workflow.state().kind, 0) << "of a preview that failed nothing is asked";
     editing.workflow.pictureReplacing();
+    editing.act(QStringLiteral("clear"));
     editing.picture.shown.Clear();
     editing.workflow.pictureReplaced();
     EXPECT_FALSE(editing.workflow.isOpen()) << "there is nothing to edit any more";
+    EXPECT_EQ(editing.tasks.count(), 0) << "the list is not that of a picture";
 }
 
 TEST(Previews, HaveOtherPixelsThanTheReplayWhereTheyMust) {
@@ -361,6 +368,7 @@ TEST(Previews, ConvertWhatWasSelectedOnAScaledDisplay) {
         {recorded(same, text, 16, 2), "5 4"},
         {recorded(half, textRow("9", "10", "18"), 16, 2), "20 26"}, // without a new click
         {recorded(half, eye, 1, 4), "30 16 10 4"},
+        {recorded(narrow, eye, 1, 4), "30 8 10 2"},
     };
     for (const auto& [made, expected] : cases)
         EXPECT_EQ(made, expected);

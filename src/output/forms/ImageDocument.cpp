@@ -118,7 +118,7 @@ void ImageDocument::start(ImageBox box, const QString& target) {
 void ImageDocument::finish(const QString& target, const std::optional<TrappedError>& failure) {
     Q_EMIT progressed(failure ? tr("%1 was not saved").arg(target) : tr("Saved %1").arg(target));
     if (!failure)
-        return;
+        return saved();
     const ErrorSubject subject(target);
     std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] { throw *failure; });
 }

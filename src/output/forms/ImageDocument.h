@@ -28,6 +28,7 @@ public:
 
 Q_SIGNALS:
     void progressed(const QString& text); ///< for the status line
+    void saved();
 
 private:
     bool takeQuality(ImageBox& box);

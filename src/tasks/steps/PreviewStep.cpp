@@ -26,7 +26,9 @@ enum Kind {
     Watermark = 9,
     Text = 10,
     Invert = 11,
+    Frame = 13,
     Mask = 14,
+    Shadow = 15,
     RedEye = 16
 };
 
@@ -222,6 +224,11 @@ bool previewsAtOnce(const TaskRow& options) {
     default:
         return kindOf(options) != RedEye;
     }
+}
+
+bool showsAsItOpens(const TaskRow& options) {
+    const int kind = kindOf(options);
+    return kind == Frame || kind == Mask || kind == Shadow;
 }
 
 bool followsOptions(const TaskRow& options) {
