@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tasks/PreviewStep.h"
 #include "tasks/frmFrameDummy.h"
 #include "tasks/steps/Steps.h"
 #include "tests/support/TestDesktop.h"
@@ -204,7 +205,7 @@ TEST(Artwork, AMaskIsFittedUnlessOneSideOfItFitsInAReplay) {
         ImageBox fitted = boxWith(frmFrameDummy::mask(4));
         fitted.Resize(c.width, c.height);
         const Picture replay = after(c.width, c.height, row, steps::mask);
-        EXPECT_EQ(after(c.width, c.height, row, steps::maskInPreview), fitted.picture());
+        EXPECT_EQ(after(c.width, c.height, row, previewStep), fitted.picture());
         EXPECT_EQ(replay == fitted.picture(), c.isFitted) << c.width;
         EXPECT_EQ(shows(replay, frmFrameDummy::mask(4), 0, 0, c.width, c.height), !c.isFitted) << c.width;
     }
