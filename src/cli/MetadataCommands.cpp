@@ -62,6 +62,8 @@ constexpr OptionSpec importOptions[] = {
 
 /// Files as they are given; of a folder, the pictures in it whose metadata can be written, by name.
 QStringList pictures(const QStringList& operands) {
+    if (operands.isEmpty())
+        throw UsageError{QCoreApplication::translate("CommandLine", "no picture given")};
     QStringList paths;
     for (const QString& operand : operands) {
         const QString path = filePath(operand);
@@ -73,8 +75,6 @@ QStringList pictures(const QStringList& operands) {
             if (modMetadata::listedMetadata(QFileInfo(name).suffix()) != modMetadata::ListedMetadata::None)
                 paths << QDir(path).filePath(name);
     }
-    if (paths.isEmpty())
-        throw UsageError{QCoreApplication::translate("CommandLine", "no picture given")};
     return paths;
 }
 
@@ -95,21 +95,29 @@ public:
             const bool isChanged = box.metadata().blocks() != before;
             if (isChanged && !m_isDry)
                 box.SaveMetadataOnly(path);
-            add(path, !isChanged ? "unchanged" : m_isDry ? "dry-run" : "written", {});
+            const QString remark =
+                box.metadata().ContradictsXmp() ? modMetadata::xmpContradiction() : QString();
+            add(path, !isChanged ? "unchanged" : m_isDry ? "dry-run" : "written", {}, remark);
         } catch (const TrappedError& error) {
             add(path, "failed", error.description);
         }
     }
 
-    void add(const QString& path, const char* state, const QString& reason) {
+    void add(const QString& path, const char* state, const QString& reason, const QString& remark = {}) {
         m_failed = m_failed || !reason.isEmpty();
         if (m_json)
-            m_terminal.result(
-                JsonLine().add("path", path).add("state", QLatin1String(state)).add("reason", reason).text());
+            m_terminal.result(JsonLine()
+                                  .add("path", path)
+                                  .add("state", QLatin1String(state))
+                                  .add("reason", reason)
+                                  .add("remark", remark)
+                                  .text());
         else if (reason.isEmpty())
             m_terminal.result(QLatin1String(state) + QStringLiteral(": ") + path);
         else
             m_terminal.message(QLatin1String(state) + QStringLiteral(": ") + reason);
+        if (!remark.isEmpty() && !m_json)
+            m_terminal.message(path + QStringLiteral(": ") + remark);
     }
 
     int status() const { return wasInterrupted() ? Interrupted : m_failed ? SomeNotDone : AllDone; }
@@ -126,6 +134,8 @@ template <class Items, class Step>
 int forEach(const Items& items, const Arguments& arguments, Terminal& terminal, Step&& step) {
     const InterruptScope interruptible;
     Report report(arguments, terminal);
+    if (items.isEmpty())
+        terminal.message(QCoreApplication::translate("CommandLine", "no files"));
     for (const auto& item : items) {
         if (wasInterrupted())
             break;

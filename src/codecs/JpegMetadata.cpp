@@ -81,13 +81,13 @@ QByteArray bytesOf(const EmbeddedMetadata& blocks) {
 }
 
 /// All image resources of the file, with other IPTC data.
-QByteArray resourcesWith(const std::vector<PlacedSegment>& segments, const QByteArray& iptc) {
+QByteArray resourcesWith(const std::vector<PlacedSegment>& segments, const IptcChange& iptc) {
     QByteArray bytes;
     for (const PlacedSegment& segment : segments)
         if (segment.kind == SegmentKind::Resources)
             bytes += resourcesIn(segment.payload);
     ResourceBlocks resources(bytes);
-    resources.replace(ResourceBlocks::iptcNumber, iptc);
+    iptc.putInto(resources);
     return resources.bytes();
 }
 
@@ -124,11 +124,8 @@ public:
     SegmentEdit(const SegmentList& list, const MetadataChange& change) : m_segments(list.segments) {
         if (change.exif)
             replaceExif(*change.exif);
-        if (change.xmp) {
-            EmbeddedMetadata blocks;
-            blocks.xmp = *change.xmp;
-            replace({SegmentKind::Xmp}, bytesOf(blocks), afterStart({SegmentKind::Exif}));
-        }
+        if (change.xmp)
+            replaceXmp(*change.xmp);
         if (change.iptc) {
             EmbeddedMetadata blocks;
             blocks.resources = resourcesWith(m_segments, *change.iptc);
@@ -204,6 +201,23 @@ private:
             place = place.value_or(i);
         }
         m_inserted.emplace(place.value_or(afterStart({})), bytesOf(blocks));
+    }
+
+    /// The first packet counts; its segment keeps whatever header it has.
+    void replaceXmp(const QByteArray& xmp) {
+        const auto first = std::ranges::find(m_segments, SegmentKind::Xmp, &PlacedSegment::kind);
+        EmbeddedMetadata blocks;
+        blocks.xmp = xmp;
+        QByteArray bytes = bytesOf(blocks);
+        if (first != m_segments.end()) {
+            m_dropped.insert(std::size_t(first - m_segments.begin()));
+            const QByteArray header = first->payload.chopped(xmpPacket(first->payload).size());
+            if (!xmp.isEmpty() && header.size() + xmp.size() <= largestSegmentPayload)
+                bytes = segmentBytes({first->marker, header + xmp});
+        }
+        m_inserted.emplace(first == m_segments.end() ? afterStart({SegmentKind::Exif})
+                                                     : std::size_t(first - m_segments.begin()),
+                           bytes);
     }
 
     /// By how much what follows a segment moves away from it.

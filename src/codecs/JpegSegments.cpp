@@ -18,7 +18,6 @@ constexpr int app2 = JPEG_APP0 + 2;
 constexpr int app13 = JPEG_APP0 + 13;
 constexpr std::uint8_t endOfImage = 0xD9;
 constexpr std::uint8_t startOfScan = 0xDA;
-constexpr qsizetype largestPayload = 65533;
 
 // The terminating zeros are part of the signatures.
 const QByteArray exifSignature("Exif\0\0", 6);
@@ -55,18 +54,6 @@ bool isCameraSegment(int marker, const QByteArray& payload) {
 /// "CREATOR: gd-jpeg v1.0 (using IJG JPEG v62), quality = 90" is about the old file's coding.
 bool describesCoding(const QByteArray& comment) {
     return comment.startsWith("CREATOR:") && comment.contains("quality");
-}
-
-/// An XMP packet, with a signature or without any; empty for another kind of segment.
-QByteArray xmpPacket(const QByteArray& payload) {
-    for (const char* start : {"<?xpacket", "<x:xmpmeta", "<x:xapmeta"})
-        if (payload.startsWith(start))
-            return payload;
-    if (!payload.startsWith(xmpSignatureStart))
-        return {};
-    const auto isEnd = [](char letter) { return letter == '\0' || letter == '<'; };
-    const auto end = std::find_if(payload.begin() + xmpSignatureStart.size(), payload.end(), isEnd);
-    return payload.mid(end - payload.begin() + (end != payload.end() && *end == '\0' ? 1 : 0));
 }
 
 bool startsTiffStructure(QByteArrayView bytes) {
@@ -172,7 +159,7 @@ private:
 
 void appendSplit(std::vector<JpegSegment>& segments, int marker, const QByteArray& signature,
                  const QByteArray& block) {
-    const qsizetype room = largestPayload - signature.size();
+    const qsizetype room = largestSegmentPayload - signature.size();
     for (qsizetype at = 0; at < block.size(); at += room)
         segments.push_back({marker, signature + block.mid(at, room)});
 }
@@ -184,7 +171,7 @@ QByteArray digestOf(const QByteArray& bytes) {
 void appendExtension(std::vector<JpegSegment>& segments, const QByteArray& extension) {
     const QByteArray head = extensionSignature + digestOf(extension) +
                             numberBytes<QByteArray>(quint32(extension.size()), ByteOrder::Big);
-    const qsizetype room = largestPayload - head.size() - 4;
+    const qsizetype room = largestSegmentPayload - head.size() - 4;
     for (qsizetype at = 0; at < extension.size(); at += room)
         segments.push_back(
             {app1, head + numberBytes<QByteArray>(quint32(at), ByteOrder::Big) + extension.mid(at, room)});
@@ -201,7 +188,7 @@ QByteArray packetReferringTo(const QByteArray& extension) {
 void appendXmp(std::vector<JpegSegment>& segments, const EmbeddedMetadata& metadata) {
     if (metadata.xmp.isEmpty())
         return;
-    if (metadata.xmp.size() + xmpSignature.size() <= largestPayload) {
+    if (metadata.xmp.size() + xmpSignature.size() <= largestSegmentPayload) {
         segments.push_back({app1, xmpSignature + metadata.xmp});
         return appendExtension(segments, metadata.extendedXmp);
     }
@@ -215,7 +202,7 @@ void appendResources(std::vector<JpegSegment>& segments, const QByteArray& resou
 }
 
 void appendProfile(std::vector<JpegSegment>& segments, const QByteArray& profile) {
-    const qsizetype room = largestPayload - profileSignature.size() - 2;
+    const qsizetype room = largestSegmentPayload - profileSignature.size() - 2;
     const qsizetype count = (profile.size() + room - 1) / room;
     if (count > 255)
         return;
@@ -240,6 +227,17 @@ bool hasMoreSegmentsThan(int most, const QByteArray& jpeg) {
         at += 2 + (hasLength ? *length : 0);
     }
     return true;
+}
+
+QByteArray xmpPacket(const QByteArray& payload) {
+    for (const char* start : {"<?xpacket", "<x:xmpmeta", "<x:xapmeta"})
+        if (payload.startsWith(start))
+            return payload;
+    if (!payload.startsWith(xmpSignatureStart))
+        return {};
+    const auto isEnd = [](char letter) { return letter == '\0' || letter == '<'; };
+    const auto end = std::find_if(payload.begin() + xmpSignatureStart.size(), payload.end(), isEnd);
+    return payload.mid(end - payload.begin() + (end != payload.end() && *end == '\0' ? 1 : 0));
 }
 
 SegmentKind segmentKind(int marker, const QByteArray& payload) {

@@ -20,6 +20,11 @@ SegmentKind segmentKind(int marker, const QByteArray& payload);
 /// The image resources in a segment of that kind; blocks may go on in the next one.
 QByteArray resourcesIn(const QByteArray& payload);
 
+/// The XMP packet in a segment, with or without a header; empty for another kind of segment.
+QByteArray xmpPacket(const QByteArray& payload);
+
+constexpr qsizetype largestSegmentPayload = 65533;
+
 /// Makes the decoder keep the segments that hold metadata. Call before jpeg_read_header.
 void keepMetadataSegments(jpeg_decompress_struct& jpeg);
 

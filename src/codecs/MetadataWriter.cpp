@@ -7,7 +7,6 @@
 #include "codecs/Codec.h"
 #include "embedded/ExifTagTable.h"
 #include "embedded/MetadataStore.h"
-#include "embedded/ResourceBlocks.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -24,11 +23,12 @@ namespace {
 
 constexpr std::int64_t copiedAtOnce = std::int64_t(4) << 20;
 
-QByteArray iptcOf(const EmbeddedMetadata& metadata) {
-    return ResourceBlocks(metadata.resources).data(ResourceBlocks::iptcNumber);
+IptcChange iptcOf(const EmbeddedMetadata& metadata) {
+    return IptcChange::in(ResourceBlocks(metadata.resources));
 }
 
-std::optional<QByteArray> changed(const QByteArray& present, const QByteArray& wanted) {
+template <class Value>
+std::optional<Value> changed(const Value& present, const Value& wanted) {
     return present == wanted ? std::nullopt : std::optional(wanted);
 }
 
@@ -154,6 +154,16 @@ private:
 };
 
 } // namespace
+
+IptcChange IptcChange::in(const ResourceBlocks& resources) {
+    return {resources.data(ResourceBlocks::iptcNumber), resources.data(ResourceBlocks::digestNumber)};
+}
+
+void IptcChange::putInto(ResourceBlocks& resources) const {
+    resources.replace(ResourceBlocks::iptcNumber, data);
+    if (resources.data(ResourceBlocks::digestNumber) != digest)
+        resources.replace(ResourceBlocks::digestNumber, digest);
+}
 
 MetadataChange changeBetween(const EmbeddedMetadata& present, const EmbeddedMetadata& wanted) {
     MetadataChange change;

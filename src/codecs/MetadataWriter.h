@@ -3,16 +3,28 @@
 
 #include "codecs/FilePieces.h"
 #include "embedded/EmbeddedMetadata.h"
+#include "embedded/ResourceBlocks.h"
 
 #include <QString>
 #include <optional>
 
 namespace tarsel {
 
+/// IPTC data from record 1 onward, without a resource block around them, and the digest of those with which
+/// the XMP packet agrees; empty for none.
+struct IptcChange {
+    QByteArray data;
+    QByteArray digest;
+    bool operator==(const IptcChange&) const = default;
+
+    static IptcChange in(const ResourceBlocks& resources);
+    void putInto(ResourceBlocks& resources) const;
+};
+
 /// What an edit changes in the metadata of a file. What is left out stays as it is, byte for byte.
 struct MetadataChange {
     std::optional<QByteArray> exif; ///< empty: none any more
-    std::optional<QByteArray> iptc; ///< the data of record 1 onward, without a resource block around them
+    std::optional<IptcChange> iptc;
     std::optional<QByteArray> xmp;
     bool dropsCameraSegments = false;
 

@@ -86,7 +86,7 @@ FilePieces psdWithMetadata(const PictureSource& source, const QString& name, int
     if (change.exif)
         resources.replace(exifResource, *change.exif);
     if (change.iptc)
-        resources.replace(ResourceBlocks::iptcNumber, *change.iptc);
+        change.iptc->putInto(resources);
     if (change.xmp)
         resources.replace(xmpResource, *change.xmp);
     const QByteArray section = resources.bytes();

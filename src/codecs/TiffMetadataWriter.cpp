@@ -235,15 +235,17 @@ private:
     QByteArray m_tail;
 };
 
-/// IPTC data stand in a tag of their own, and in the image resources where a page has these.
-void putIptc(TiffDirectory& page, const QByteArray& iptc) {
-    putBlock(page, TiffBlock::iptc, ExifType::Undefined, iptc);
+/// IPTC data stand in a tag of their own, and in the image resources where a page has them there.
+void putIptc(TiffDirectory& page, const IptcChange& iptc) {
+    putBlock(page, TiffBlock::iptc, ExifType::Undefined, iptc.data);
     const TiffDirectory::Entry* present = page.find(TiffBlock::resources);
     if (!present)
         return;
     ResourceBlocks resources(present->value);
-    if (resources.contains(ResourceBlocks::iptcNumber))
-        resources.replace(ResourceBlocks::iptcNumber, iptc);
+    const bool hasIptc = resources.contains(ResourceBlocks::iptcNumber);
+    iptc.putInto(resources);
+    if (!hasIptc)
+        resources.replace(ResourceBlocks::iptcNumber, {});
     putBlock(page, TiffBlock::resources, ExifType(present->type), resources.bytes());
 }
 

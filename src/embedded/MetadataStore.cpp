@@ -7,8 +7,10 @@
 #include "embedded/ExifText.h"
 #include "embedded/IimData.h"
 #include "embedded/ResourceBlocks.h"
+#include "embedded/XmpInStep.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <algorithm>
 #include <iterator>
 #include <mutex>
@@ -19,6 +21,23 @@
 namespace tarsel {
 
 namespace {
+
+QByteArray iptcOf(const QByteArray& resources) {
+    return ResourceBlocks(resources).data(ResourceBlocks::iptcNumber);
+}
+
+QByteArray digestOf(const QByteArray& iptc) {
+    return QCryptographicHash::hash(iptc, QCryptographicHash::Md5);
+}
+
+/// TIFF files fill the data up with zeros, of which the digest knows nothing.
+bool isDigestOf(const QByteArray& digest, QByteArray iptc) {
+    if (digest == digestOf(iptc))
+        return true;
+    while (iptc.endsWith('\0'))
+        iptc.chop(1);
+    return digest == digestOf(iptc);
+}
 
 /// One row of the EXIF list.
 struct ExifAttribute {
@@ -121,9 +140,11 @@ IimData readSideFile(const QString& path) {
 
 /// Blocks that never change, and what they say, parsed at the first look: copies on any thread share it.
 struct MetadataStore::State {
-    explicit State(EmbeddedMetadata held) : blocks(std::move(held)) {}
+    explicit State(EmbeddedMetadata held, bool contradicts = false) :
+        blocks(std::move(held)), contradictsXmp(contradicts) {}
 
     const EmbeddedMetadata blocks;
+    const bool contradictsXmp;
 
     const std::vector<ExifAttribute>& exif() const {
         std::call_once(exifOnce, [this] {
@@ -135,9 +156,7 @@ struct MetadataStore::State {
         return attributes;
     }
     const IimData& iim() const {
-        std::call_once(iimOnce, [this] {
-            iptc = IimData(ResourceBlocks(blocks.resources).data(ResourceBlocks::iptcNumber));
-        });
+        std::call_once(iimOnce, [this] { iptc = IimData(iptcOf(blocks.resources)); });
         return iptc;
     }
 
@@ -165,19 +184,55 @@ MetadataStore& MetadataStore::operator=(MetadataStore&& other) noexcept {
 void MetadataStore::setExif(const QByteArray& bytes) {
     EmbeddedMetadata changed = m_state->blocks;
     changed.exif = bytes;
-    m_state = std::make_shared<const State>(std::move(changed));
+    replaceBlocks(std::move(changed));
 }
 
 void MetadataStore::setIim(const IimData& data) {
+    const QByteArray old = iptcOf(m_state->blocks.resources);
     EmbeddedMetadata changed = m_state->blocks;
     ResourceBlocks resources(changed.resources);
     resources.replace(ResourceBlocks::iptcNumber, data.bytes());
     changed.resources = resources.bytes();
-    m_state = std::make_shared<const State>(std::move(changed));
+    if (replaceBlocks(std::move(changed)))
+        updateDigest(old);
+}
+
+/// True when the XMP packet states all that was changed.
+bool MetadataStore::replaceBlocks(EmbeddedMetadata changed) {
+    if (changed.xmp.isEmpty()) {
+        m_state = std::make_shared<const State>(std::move(changed));
+        return false;
+    }
+    const MetadataStore before = *this;
+    m_state = std::make_shared<const State>(changed);
+    const XmpInStep step = xmpInStep(before, *this);
+    const bool contradicts = before.ContradictsXmp() || step.contradicts;
+    if (step.xmp != changed.xmp || contradicts) {
+        changed.xmp = step.xmp;
+        m_state = std::make_shared<const State>(std::move(changed), contradicts);
+    }
+    return !contradicts && !step.lacks;
+}
+
+/// Programs take the digest of older IPTC data as a sign that these are newer than the XMP packet. So it
+/// follows the data while both agree.
+void MetadataStore::updateDigest(const QByteArray& oldIptc) {
+    EmbeddedMetadata changed = m_state->blocks;
+    ResourceBlocks resources(changed.resources);
+    if (!isDigestOf(resources.data(ResourceBlocks::digestNumber), oldIptc))
+        return;
+    const QByteArray iptc = resources.data(ResourceBlocks::iptcNumber);
+    resources.replace(ResourceBlocks::digestNumber, iptc.isEmpty() ? QByteArray() : digestOf(iptc));
+    changed.resources = resources.bytes();
+    m_state = std::make_shared<const State>(std::move(changed), m_state->contradictsXmp);
 }
 
 EmbeddedMetadata MetadataStore::blocks() const {
     return m_state->blocks;
+}
+
+bool MetadataStore::ContradictsXmp() const {
+    return m_state->contradictsXmp;
 }
 
 // --- EXIF --------------------------------------------------------------------------------------------------
@@ -244,7 +299,7 @@ void MetadataStore::ExifClear() {
     EmbeddedMetadata changed = m_state->blocks;
     changed.exif.clear();
     changed.cameraSegments.clear();
-    m_state = std::make_shared<const State>(std::move(changed));
+    replaceBlocks(std::move(changed));
 }
 
 // --- IPTC --------------------------------------------------------------------------------------------------

@@ -16,6 +16,8 @@ class IimData;
 /// notes, XMP and the profile are carried along. Parsing happens on the first look, so that a picture that
 /// only passes through costs nothing. Copies share what was parsed and may be used on different threads; a
 /// single store belongs to one thread at a time.
+///
+/// A change of EXIF or IPTC data is made in the XMP packet too, where it states the property.
 class MetadataStore {
 public:
     MetadataStore();
@@ -28,6 +30,10 @@ public:
 
     /// The blocks as they go into a file: unchanged blocks byte for byte.
     EmbeddedMetadata blocks() const;
+
+    /// Whether the XMP packet still says something else of a property that was changed here, because it is
+    /// damaged or in a form that can't be changed.
+    bool ContradictsXmp() const;
 
     // --- EXIF: an indexed list of names ("DateTimeOriginal") and raw texts ("10/1250", "30,32,32,30") in the
     // order of the file, without the thumbnail's. An index out of range raises error 9. --------------------
@@ -57,6 +63,8 @@ private:
     struct State;
     void setExif(const QByteArray& bytes);
     void setIim(const IimData& data);
+    bool replaceBlocks(EmbeddedMetadata changed);
+    void updateDigest(const QByteArray& oldIptc);
 
     std::shared_ptr<const State> m_state; ///< replaced by a change, so that copies keep what they have
 };

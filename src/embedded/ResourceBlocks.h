@@ -13,6 +13,7 @@ namespace tarsel {
 class ResourceBlocks {
 public:
     static constexpr quint16 iptcNumber = 0x0404;
+    static constexpr quint16 digestNumber = 0x0425; ///< MD5 of the IPTC data that the XMP packet agrees with
 
     ResourceBlocks() = default;
     /// Reads as far as the blocks make sense; what follows is kept as it is. A last block that

@@ -49,16 +49,6 @@ QByteArray withoutThumbnail(const QByteArray& exif) {
     return block->bytes();
 }
 
-/// An XMP packet repeats the orientation, as an attribute or as an element: a digit for a digit.
-QByteArray withUprightXmp(QByteArray xmp) {
-    for (const QByteArray& before : {QByteArray("tiff:Orientation=\""), QByteArray("tiff:Orientation='"),
-                                     QByteArray("<tiff:Orientation>")})
-        for (qsizetype at = xmp.indexOf(before); at >= 0; at = xmp.indexOf(before, at + 1))
-            if (const qsizetype digit = at + before.size(); digit < xmp.size())
-                xmp[digit] = '1';
-    return xmp;
-}
-
 Size exchanged(Size size) {
     return {size.height, size.width};
 }
@@ -102,7 +92,6 @@ void declareUpright(ImageBox& box) {
         return;
     EmbeddedMetadata blocks = box.metadata().blocks();
     blocks.exif = withoutThumbnail(blocks.exif);
-    blocks.xmp = withUprightXmp(blocks.xmp);
     box.metadata() = MetadataStore(std::move(blocks));
     box.ExifSet(QStringLiteral("Orientation"), QString::number(uprightOrientation));
 }

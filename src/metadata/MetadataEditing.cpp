@@ -148,4 +148,9 @@ void SetIptcList(const QString& path, const QString& label, const QStringList& t
     });
 }
 
+QString xmpContradiction() {
+    return QCoreApplication::translate(
+        "modMetadata", "the XMP data of the file could not be changed and may say something else");
+}
+
 } // namespace tarsel::modMetadata

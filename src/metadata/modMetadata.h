@@ -105,6 +105,9 @@ bool DeleteExifAttribute(const QString& path, const QString& name, ImageBox& box
 void SetIptcList(const QString& path, const QString& label, const QStringList& texts, ImageBox& box);
 void ClearIptcList(const QString& path, const QString& label, ImageBox& box);
 
+/// What to say of a change that the file's XMP packet could not follow.
+QString xmpContradiction();
+
 /// Writes the rows of a list that have a key, as they are shown, to a .xiff file. Returns how many; without
 /// any, none is made.
 int WriteXiffFile(const QString& path, const ListView& rows);

@@ -48,7 +48,7 @@ std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
     }
     if (!box.LoadDamage().isEmpty() || replacesItsPages(row.tag, result.target))
         m_sources.noteReadInPart(result.row);
-    importMetadata(box);
+    importMetadata(box, result);
     setSaveOptions(box);
     if (!mayWrite(result))
         return {};
@@ -109,11 +109,13 @@ QString SavedRows::tokenText(const QString& token, const ListRow& row, const Ima
     return text;
 }
 
-void SavedRows::importMetadata(ImageBox& box) const {
+void SavedRows::importMetadata(ImageBox& box, RowResult& result) const {
     if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
         box.IptcLoadFromFile(m_settings.ImportIPTCFile);
     if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
         modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, box, service<Locale>().dateForms());
+    if (box.metadata().ContradictsXmp())
+        result.remark(modMetadata::xmpContradiction());
     box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
 }
 

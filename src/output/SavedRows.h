@@ -29,7 +29,7 @@ public:
 private:
     OutputName nameOf(const ListRow& row, const ImageBox& box, RowResult& result) const;
     QString tokenText(const QString& token, const ListRow& row, const ImageBox& box, RowResult& result) const;
-    void importMetadata(ImageBox& box) const;
+    void importMetadata(ImageBox& box, RowResult& result) const;
     void setSaveOptions(ImageBox& box) const;
     bool mayWrite(RowResult& result) const;
     bool mayBeCopied(const ImageBox& box) const;

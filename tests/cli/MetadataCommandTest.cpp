@@ -40,6 +40,8 @@ TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
     EXPECT_EQ(status("delete --exif Artist --iptc Keywords b.jpg"), 0);
     EXPECT_EQ(rowsOf(folder, "b.jpg"), "Software=Tarsel JPEG");
     EXPECT_EQ(status("clear --exif --iptc", {folder.path()}), 0) << "a folder is all of its pictures";
+    ASSERT_TRUE(QDir(folder.path()).mkdir(text("empty")));
+    EXPECT_EQ(status("clear --exif", {folder.path("empty")}), 0);
     EXPECT_EQ(rowsOf(folder, "a.jpg") + rowsOf(folder, "b.jpg") + rowsOf(folder, "c.jpg"), "");
 }
 

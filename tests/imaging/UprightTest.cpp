@@ -54,8 +54,9 @@ TEST(Upright, AFileTurnsWithItsMetadataAndAThumbnailOfAnyBox) {
         const QString path = folder.filePath(QString::fromLatin1(name));
         ImageBox maker = boxWith(stored(6));
         EmbeddedMetadata blocks;
-        blocks.xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><a tiff:Orientation=\"6\"/>"
-                     "<a tiff:Orientation='6'/><tiff:Orientation>6</tiff:Orientation></x:xmpmeta>";
+        blocks.xmp =
+            "<r:RDF xmlns:r='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+            "<r:Description xmlns:tiff='http://ns.adobe.com/tiff/1.0/' tiff:Orientation='6'/></r:RDF>";
         maker.metadata() = MetadataStore(blocks);
         ASSERT_TRUE(maker.ExifSet(QStringLiteral("Orientation"), QStringLiteral("6")));
         ASSERT_TRUE(maker.ExifSet(QStringLiteral("Artist"), QStringLiteral("Jo")));

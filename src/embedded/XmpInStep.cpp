@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/XmpInStep.h"
+
+#include "embedded/MetadataStore.h"
+#include "embedded/XmpPacket.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace tarsel {
+
+namespace {
+
+using namespace xmpSpace;
+
+enum class Kind { Text, List, Date };
+
+/// A property, and where EXIF and IPTC state it.
+struct Row {
+    XmpName xmp;
+    const char* exif; ///< null for none
+    int dataset;      ///< 0 for none
+    Kind kind = Kind::Text;
+};
+
+constexpr int dateCreated = 55, timeCreated = 60;
+
+constexpr std::array rows{
+    Row{{dublinCore, "description"}, "ImageDescription", 120},
+    Row{{dublinCore, "creator"}, "Artist", 80, Kind::List},
+    Row{{dublinCore, "rights"}, "Copyright", 116},
+    Row{{dublinCore, "title"}, nullptr, 5},
+    Row{{dublinCore, "subject"}, nullptr, 25, Kind::List},
+    Row{{photoshop, "Headline"}, nullptr, 105},
+    Row{{photoshop, "CaptionWriter"}, nullptr, 122},
+    Row{{photoshop, "Instructions"}, nullptr, 40},
+    Row{{photoshop, "Category"}, nullptr, 15},
+    Row{{photoshop, "SupplementalCategories"}, nullptr, 20, Kind::List},
+    Row{{photoshop, "Urgency"}, nullptr, 10},
+    Row{{photoshop, "AuthorsPosition"}, nullptr, 85},
+    Row{{photoshop, "Credit"}, nullptr, 110},
+    Row{{photoshop, "Source"}, nullptr, 115},
+    Row{{photoshop, "City"}, nullptr, 90},
+    Row{{photoshop, "State"}, nullptr, 95},
+    Row{{photoshop, "Country"}, nullptr, 101},
+    Row{{photoshop, "TransmissionReference"}, nullptr, 103},
+    Row{{photoshop, "DateCreated"}, "DateTimeOriginal", dateCreated, Kind::Date},
+    Row{{iptcCore, "Location"}, nullptr, 92},
+    Row{{iptcCore, "CountryCode"}, nullptr, 100},
+    Row{{basic, "CreatorTool"}, "Software", 0},
+    Row{{basic, "CreateDate"}, "DateTimeDigitized", 0, Kind::Date},
+    Row{{basic, "ModifyDate"}, "DateTime", 0, Kind::Date},
+    Row{{tiff, "DateTime"}, "DateTime", 0, Kind::Date},
+    Row{{tiff, "ImageDescription"}, "ImageDescription", 0},
+    Row{{tiff, "Artist"}, "Artist", 0},
+    Row{{tiff, "Copyright"}, "Copyright", 0},
+    Row{{tiff, "Software"}, "Software", 0},
+    Row{{tiff, "Make"}, "Make", 0},
+    Row{{tiff, "Model"}, "Model", 0},
+    Row{{exif, "UserComment"}, "UserComment", 0},
+    Row{{exif, "DateTimeOriginal"}, "DateTimeOriginal", 0, Kind::Date},
+    Row{{exif, "DateTimeDigitized"}, "DateTimeDigitized", 0, Kind::Date},
+};
+
+bool hasRow(const QString& exifName) {
+    return std::ranges::any_of(
+        rows, [&](const Row& row) { return row.exif && exifName == QLatin1String(row.exif); });
+}
+
+/// "2004:01:31 15:05:09" as "2004-01-31T15:05:09"; "" for an unknown or unreadable date.
+QString dateFromExif(const QString& text) {
+    static const QRegularExpression form(
+        QStringLiteral("^\\s*(\\d{4}):(\\d\\d):(\\d\\d) (\\d\\d:\\d\\d:\\d\\d)"));
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch() || match.captured(1) == QLatin1String("0000"))
+        return {};
+    return QStringLiteral("%1-%2-%3T%4")
+        .arg(match.captured(1), match.captured(2), match.captured(3), match.captured(4));
+}
+
+/// "20040131" and, where there is a time, "150509+0100" as "2004-01-31T15:05:09+01:00".
+QString dateFromIptc(const QString& date, const QString& time) {
+    static const QRegularExpression day(QStringLiteral("^(\\d{4})(\\d\\d)(\\d\\d)$"));
+    static const QRegularExpression clock(
+        QStringLiteral("^(\\d\\d)(\\d\\d)(\\d\\d)(?:([+-]\\d\\d)(\\d\\d))?$"));
+    const QRegularExpressionMatch onDay = day.match(date), at = clock.match(time);
+    if (!onDay.hasMatch())
+        return {};
+    QString text = onDay.captured(1) + u'-' + onDay.captured(2) + u'-' + onDay.captured(3);
+    if (at.hasMatch())
+        text += u'T' + at.captured(1) + u':' + at.captured(2) + u':' + at.captured(3);
+    if (at.hasCaptured(4))
+        text += at.captured(4) + u':' + at.captured(5);
+    return text;
+}
+
+/// With the parts of the old date that the new one doesn't say: fractions of a second and the zone, which
+/// EXIF keeps elsewhere, and the time of day of a plain date.
+QString withRestOf(const QString& old, const QString& date) {
+    static const QRegularExpression form(QStringLiteral(
+        "^\\d{4}-\\d\\d-\\d\\d(T\\d\\d:\\d\\d(?::\\d\\d)?)?((?:\\.\\d+)?(?:Z|[+-]\\d\\d:\\d\\d)?)$"));
+    const QRegularExpressionMatch match = form.match(old);
+    constexpr qsizetype day = 10, toSeconds = 19;
+    if (date.size() == day)
+        return date + match.captured(1) + match.captured(2);
+    return date.size() == toSeconds ? date + match.captured(2) : date;
+}
+
+QStringList textsFromExif(const MetadataStore& store, const Row& row) {
+    const QString text = row.exif ? store.ExifValueByName(QLatin1String(row.exif)) : QString();
+    if (row.kind == Kind::Date)
+        return QStringList(dateFromExif(text));
+    if (row.kind == Kind::List) {
+        QStringList items = text.split(u';', Qt::SkipEmptyParts);
+        std::ranges::transform(items, items.begin(), [](const QString& item) { return item.trimmed(); });
+        return items;
+    }
+    return {text};
+}
+
+QStringList textsFromIptc(const MetadataStore& store, const Row& row) {
+    if (row.dataset == 0)
+        return {};
+    if (row.kind == Kind::Date)
+        return QStringList(dateFromIptc(store.iptcText(dateCreated), store.iptcText(timeCreated)));
+    return store.iptcList(row.dataset);
+}
+
+class Stepper {
+public:
+    Stepper(const MetadataStore& before, const MetadataStore& after) :
+        m_before(before), m_after(after), m_blocks(after.blocks()) {
+        m_result.xmp = m_blocks.xmp;
+    }
+
+    XmpInStep run() {
+        for (const Row& row : rows)
+            follow(row);
+        followOthers();
+        if (m_packet && m_isChanged)
+            m_result.xmp = m_packet->bytes();
+        return m_result;
+    }
+
+private:
+    void follow(const Row& row) {
+        const QStringList exif = textsFromExif(m_after, row), iptc = textsFromIptc(m_after, row);
+        const bool byExif = exif != textsFromExif(m_before, row),
+                   byIptc = iptc != textsFromIptc(m_before, row);
+        if (!byExif && !byIptc)
+            return;
+        QStringList texts = byExif ? exif : iptc;
+        texts.removeAll(QString());
+        if (texts.isEmpty())
+            texts = byExif ? iptc : exif;
+        texts.removeAll(QString());
+        state(row.xmp, texts, row.kind);
+    }
+
+    /// Attributes of whatever name: numbers are written in XMP as they are shown here.
+    void followOthers() {
+        static const QRegularExpression number(QStringLiteral("^-?\\d+(/-?\\d+)?$"));
+        const std::map<QString, QString> before = othersOf(m_before), after = othersOf(m_after);
+        std::map<QString, QString> all = after;
+        for (const auto& each : before)
+            all.emplace(each.first, QString());
+        for (const auto& [name, value] : all) {
+            const auto old = before.find(name);
+            if (old != before.end() && old->second == value)
+                continue;
+            const std::string plain = name.toStdString();
+            for (const std::string_view space : {tiff, exif, exifEx})
+                if (value.isEmpty() || number.match(value).hasMatch())
+                    state({space, plain}, value.isEmpty() ? QStringList() : QStringList(value), Kind::Text);
+                else if (mentions(plain))
+                    m_result.contradicts =
+                        m_result.contradicts || !packet() || packet()->states({space, plain});
+        }
+    }
+
+    static std::map<QString, QString> othersOf(const MetadataStore& store) {
+        std::map<QString, QString> values;
+        for (int i = 0; i < store.ExifCount(); ++i)
+            if (!hasRow(store.ExifName(i)))
+                values.emplace(store.ExifName(i), store.ExifValue(i));
+        return values;
+    }
+
+    /// A packet without the name doesn't have to be parsed.
+    bool mentions(std::string_view name) const {
+        constexpr qsizetype start = 64;
+        const bool isWide = m_blocks.xmp.left(start).contains('\0');
+        return isWide || m_blocks.xmp.contains(QByteArrayView(name.data(), qsizetype(name.size())));
+    }
+
+    std::optional<XmpPacket>& packet() {
+        if (!m_isRead)
+            m_packet = XmpPacket::read(m_blocks.xmp);
+        m_isRead = true;
+        return m_packet;
+    }
+
+    void state(const XmpName& name, const QStringList& texts, Kind kind) {
+        const auto inExtension = QByteArray(":") + QByteArray(name.name.data(), qsizetype(name.name.size()));
+        if (m_blocks.extendedXmp.contains(inExtension))
+            m_result.contradicts = true;
+        if (!mentions(name.name)) {
+            m_result.lacks = m_result.lacks || !texts.isEmpty();
+            return;
+        }
+        if (!packet()) {
+            m_result.contradicts = true;
+            return;
+        }
+        if (!packet()->states(name)) {
+            m_result.lacks = m_result.lacks || !texts.isEmpty();
+            return;
+        }
+        m_isChanged = true;
+        if (texts.isEmpty())
+            return packet()->remove(name);
+        const QStringList wanted =
+            kind == Kind::Date ? QStringList(withRestOf(packet()->texts(name).value(0), texts.first()))
+                               : texts;
+        if (!packet()->set(name, wanted))
+            m_result.contradicts = true;
+    }
+
+    const MetadataStore& m_before;
+    const MetadataStore& m_after;
+    const EmbeddedMetadata m_blocks;
+    std::optional<XmpPacket> m_packet;
+    bool m_isRead = false;
+    bool m_isChanged = false;
+    XmpInStep m_result;
+};
+
+} // namespace
+
+XmpInStep xmpInStep(const MetadataStore& before, const MetadataStore& after) {
+    return Stepper(before, after).run();
+}
+
+} // namespace tarsel
