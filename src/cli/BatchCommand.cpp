@@ -49,6 +49,8 @@ constexpr OptionSpec options[] = {
     maxSizeOption,
     minQualityOption,
     shrinkOption,
+    {"strip-private", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "leave out GPS positions, serial numbers and makers' own data")},
     {"rows", "A-B", QT_TRANSLATE_NOOP("CommandLine", "do these rows only, numbered as in the full basket")},
     {"dry-run", nullptr, QT_TRANSLATE_NOOP("CommandLine", "do everything but write")},
     {"upright", nullptr,

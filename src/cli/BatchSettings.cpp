@@ -122,6 +122,7 @@ settings::BatchSave batchSettings(const Arguments& arguments) {
     settings.JpegProgressive = arguments.has("progressive") ? 1 : 0;
     settings.JpegDepth = arguments.has("gray") ? 1 : 0;
     settings.UprightByExif = arguments.has("upright") ? 1 : 0;
+    settings.StripPrivate = arguments.has("strip-private") ? 1 : 0;
     settings.Overwrite = arguments.has("no-overwrite") ? 0 : 1;
     settings.ImportEXIFFile = sideFile(arguments, "exif");
     settings.ImportIPTCFile = sideFile(arguments, "iptc");

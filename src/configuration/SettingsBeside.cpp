@@ -15,13 +15,16 @@ struct Switch {
     const char* group; ///< with its brackets
     const char* key;   ///< with its equals sign
     quint8& (*field)(ConfigRecordData& record);
+    bool isOnByDefault;
 };
 
-/// All are on by default.
 constexpr Switch switches[] = {
-    {"[BatchSave]",
-     "UprightByExif=", [](ConfigRecordData& record) -> quint8& { return record.BatchSave.UprightByExif; }},
-    {"[Editing]", "LivePreview=", [](ConfigRecordData& record) -> quint8& { return record.LivePreview; }},
+    {"[BatchSave]", "UprightByExif=",
+     [](ConfigRecordData& record) -> quint8& { return record.BatchSave.UprightByExif; }, true},
+    {"[BatchSave]", "StripPrivate=",
+     [](ConfigRecordData& record) -> quint8& { return record.BatchSave.StripPrivate; }, false},
+    {"[Editing]", "LivePreview=", [](ConfigRecordData& record) -> quint8& { return record.LivePreview; },
+     true},
 };
 
 /// The lines of the file; those that aren't known may be of a later version.
@@ -72,8 +75,9 @@ void readSettingsBeside(ConfigRecordData& record) {
     const QByteArrayList lines = readLines();
     for (const Switch& each : switches) {
         const qsizetype line = placeOf(each, lines).key;
-        const bool isOff = line >= 0 && lines[line].trimmed() == QByteArray(each.key) + "false";
-        each.field(record) = isOff ? 0 : 1;
+        const QByteArray other = QByteArray(each.key) + (each.isOnByDefault ? "false" : "true");
+        const bool isOther = line >= 0 && lines[line].trimmed() == other;
+        each.field(record) = isOther != each.isOnByDefault ? 1 : 0;
     }
 }
 

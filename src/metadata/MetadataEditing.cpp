@@ -2,6 +2,7 @@
 #include "base/TrappedError.h"
 #include "codecs/PictureFile.h"
 #include "embedded/IptcFields.h"
+#include "embedded/PrivateMetadata.h"
 #include "metadata/modMetadata.h"
 
 #include <QCoreApplication>
@@ -151,6 +152,12 @@ void SetIptcList(const QString& path, const QString& label, const QStringList& t
 QString xmpContradiction() {
     return QCoreApplication::translate(
         "modMetadata", "the XMP data of the file could not be changed and may say something else");
+}
+
+void RemovePrivateMetadata(ImageBox& box) {
+    EmbeddedMetadata blocks = box.metadata().blocks();
+    removePrivateMetadata(blocks);
+    box.metadata() = MetadataStore(std::move(blocks));
 }
 
 } // namespace tarsel::modMetadata

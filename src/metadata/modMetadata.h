@@ -108,6 +108,9 @@ void ClearIptcList(const QString& path, const QString& label, ImageBox& box);
 /// What to say of a change that the file's XMP packet could not follow.
 QString xmpContradiction();
 
+/// Removes coordinates and serial numbers from the box alone.
+void RemovePrivateMetadata(ImageBox& box);
+
 /// Writes the rows of a list that have a key, as they are shown, to a .xiff file. Returns how many; without
 /// any, none is made.
 int WriteXiffFile(const QString& path, const ListView& rows);

@@ -66,9 +66,10 @@ std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
     };
 }
 
-/// Whether the picture is as in its source, and wanted so.
+/// Whether the picture is as in its source, and wanted so. A copy also has segments that no one looks into.
 bool SavedRows::mayBeCopied(const ImageBox& box) const {
-    return !m_changesPictures && m_settings.JpegDepth == 0 && box.LoadDamage().isEmpty();
+    return !m_changesPictures && m_settings.JpegDepth == 0 && m_settings.StripPrivate == 0 &&
+           box.LoadDamage().isEmpty();
 }
 
 /// Nothing, and the row is skipped, when no file keeps to the budget.
@@ -117,6 +118,8 @@ void SavedRows::importMetadata(ImageBox& box, RowResult& result) const {
     if (box.metadata().ContradictsXmp())
         result.remark(modMetadata::xmpContradiction());
     box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
+    if (m_settings.StripPrivate == 1)
+        modMetadata::RemovePrivateMetadata(box);
 }
 
 void SavedRows::setSaveOptions(ImageBox& box) const {

@@ -50,14 +50,17 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideT
     ConfigRecord.LastFolder = QStringLiteral("/home/\u65E5\u672C");
     ConfigRecord.SplitterMain = 33;
     EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 1) << "a fresh configuration turns pictures upright";
+    EXPECT_EQ(ConfigRecord.BatchSave.StripPrivate, 0);
     ConfigRecord.BatchSave.UprightByExif = 0;
+    ConfigRecord.BatchSave.StripPrivate = 1;
     subSaveSetup();
     restart();
     EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 0);
+    EXPECT_EQ(ConfigRecord.BatchSave.StripPrivate, 1);
     writeFileSafely(settingsPathBeside(), damaged + later);
     subSaveSetup();
     subSaveSetup();
-    EXPECT_EQ(readWholeFile(settingsPathBeside()).replace("UprightByExif=false\n", ""),
+    EXPECT_EQ(readWholeFile(settingsPathBeside()).replace("StripPrivate=true\nUprightByExif=false\n", ""),
               damaged + later + "\n[Editing]\nLivePreview=true\n")
         << "settings of a later version stay";
     EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));

@@ -2,6 +2,7 @@
 #include "embedded/ExifBlock.h"
 #include "embedded/ExifTagTable.h"
 #include "embedded/MetadataStore.h"
+#include "embedded/PrivateMetadata.h"
 #include "tests/support/Corpus.h"
 #include "tests/support/PictureBlocks.h"
 
@@ -96,4 +97,28 @@ TEST(ExifCorpus, ChangingOneAttributeKeepsAllOthersForAForeignParserMakerNotesIn
             EXPECT_EQ(foreignReading(store.blocks().exif), expected) << qPrintable(picture.path);
         }
     }
+}
+
+TEST(ExifCorpus, PositionAndSerialNumbersGoAndTheRestStays) {
+    TARSEL_REQUIRE_CORPUS();
+    int cleaned = 0;
+    for (const CorpusPicture& picture : picturesWithExif()) {
+        if (isDamaged(picture))
+            continue;
+        EmbeddedMetadata blocks = blocksOfPicture(picture.path);
+        const auto before = foreignReading(blocks.exif);
+        std::multimap<std::string, std::string> expected;
+        for (const auto& [key, value] : before) {
+            const auto has = [&](const char* part) { return key.find(part) != std::string::npos; };
+            const bool isStandard =
+                has("Exif.Image.") || has("Exif.Photo.") || has("Exif.Thumbnail.") || has("Exif.Iop.");
+            if (isStandard && !has("GPS") && !has("SerialNumber") && !has("UniqueID") && !has("MakerNote"))
+                expected.emplace(key, value);
+        }
+        cleaned += expected.size() < before.size();
+        removePrivateMetadata(blocks);
+        EXPECT_EQ(foreignReading(blocks.exif), expected) << qPrintable(picture.path);
+        EXPECT_TRUE(blocks.cameraSegments.empty());
+    }
+    EXPECT_GT(cleaned, 10);
 }

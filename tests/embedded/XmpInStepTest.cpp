@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/IptcFields.h"
 #include "embedded/MetadataStore.h"
+#include "embedded/PrivateMetadata.h"
 #include "embedded/ResourceBlocks.h"
 
 #include <QCryptographicHash>
@@ -139,4 +140,25 @@ TEST(XmpInStep, TheDigestFollowsIptcDataOnlyWhileThePacketAgrees) {
         const QByteArray now = after.data(ResourceBlocks::iptcNumber);
         EXPECT_EQ(after.data(ResourceBlocks::digestNumber) == (now.isEmpty() ? now : digest(now)), follows);
     }
+}
+
+TEST(XmpInStep, PositionAndSerialNumbersGoFromStructuresCopiesAndExtensionsToo) {
+    const QByteArray drone = " xmlns:drone='d' drone:GpsLatitude='1' ps:City='C'";
+    EmbeddedMetadata blocks;
+    blocks.xmp = packet(drone,
+                        "<mm:At><r:Description exif:GPSLongitude='2' ps:City='D'><exif:GPSLatitude>"
+                        "<r:li>3</r:li></exif:GPSLatitude></r:Description></mm:At>",
+                        0);
+    blocks.extendedXmp = blocks.xmp;
+    blocks.resources = ResourceBlocks::block(0x0422, "GPS") + ResourceBlocks::block(0x040B, "url");
+    removePrivateMetadata(blocks);
+    EXPECT_EQ(blocks.xmp.simplified().replace("  ", " "),
+              packet(" xmlns:drone='d' ps:City='C'",
+                     "<mm:At><r:Description ps:City='D'></r:Description></mm:At>", 90)
+                  .simplified());
+    EXPECT_EQ(blocks.extendedXmp, QByteArray());
+    EXPECT_EQ(blocks.resources, ResourceBlocks::block(0x040B, "url"));
+    blocks.xmp.truncate(blocks.xmp.indexOf("</mm:At>"));
+    removePrivateMetadata(blocks);
+    EXPECT_EQ(blocks.xmp, QByteArray()) << "what can't be read can't be cleaned";
 }

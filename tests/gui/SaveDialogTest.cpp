@@ -123,13 +123,14 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
                 .ImportIPTCFile = QStringLiteral("/a.ffo"),
                 .ImportEXIFFile = QStringLiteral("/a.xiff"),
                 .ProcessEditingList = 1,
-                .UprightByExif = 0};
+                .UprightByExif = 0,
+                .StripPrivate = 1};
     const settings::BatchSave shown = settings;
     open();
     EXPECT_EQ(dialog->windowTitle().toStdString(), "Save single-page files");
     const std::pair<const char*, const char*> values[] = {
         {"on", "chkJPGProgressive optJPEGDepth_1 OptName_1 optDestinationFolder_1 chkImportIPTC"},
-        {"on", "chkProcessEditingList"},
+        {"on", "chkProcessEditingList chkStripPrivate"},
         {"off", "chkOverwrite chkImportEXIF chkUpright"},
         {"37", "sldJPGQuality lblJPGQuality"},
         {"Holiday", "cboRenamePrefix"},

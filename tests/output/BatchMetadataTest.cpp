@@ -16,6 +16,7 @@ protected:
         addPicture("a.jpg", 24, 16, [](ImageBox& maker) {
             ASSERT_TRUE(maker.ExifSet(text("Artist"), text("Jo")));
             ASSERT_TRUE(maker.ExifSet(text("DateTimeOriginal"), text("2004:01:31 15:05:09")));
+            ASSERT_TRUE(maker.ExifSet(text("GPSLatitudeRef"), text("N")));
             setIptcText(maker.metadata(), "IptcHeadline", text("Flood"));
             setIptcList(maker.metadata(), "IptcKeyword", {text("water"), text("town")});
         });
@@ -37,6 +38,7 @@ TEST_F(BatchMetadata, ExifAndIptcStayWithTheirPictureAndSoftwareIsSet) {
     EXPECT_EQ(exifOf(described, "Artist"), text("Jo"));
     EXPECT_EQ(exifOf(described, "DateTimeOriginal"), text("2004:01:31 15:05:09"));
     EXPECT_EQ(exifOf(described, "Software"), text("Tarsel JPEG"));
+    EXPECT_EQ(exifOf(described, "GPSLatitudeRef"), text("N"));
     EXPECT_EQ(iptcText(described.metadata(), "IptcHeadline"), text("Flood"));
     EXPECT_EQ(iptcList(described.metadata(), "IptcKeyword"), QStringList({text("water"), text("town")}));
     const ImageBox plain = loaded(path("out/b.jpg"));
@@ -63,13 +65,15 @@ TEST_F(BatchMetadata, ImportsReplaceIptcAndSetExifAfterTheNameWasRead) {
     EXPECT_EQ(exifOf(result, "DateTime"), text("2004:01:31 15:05:09"));
 }
 
-TEST_F(BatchMetadata, AMissingSideFileIsPassedOver) {
+TEST_F(BatchMetadata, AMissingSideFileIsPassedOverAndPositionsAreLeftOutOnDemand) {
+    settings.StripPrivate = 1;
     addDescribedPicture();
     settings.ImportIPTC = settings.ImportEXIF = 1;
     settings.ImportIPTCFile = path("gone.ffo");
     settings.ImportEXIFFile = text("  ");
     EXPECT_TRUE(run());
     EXPECT_EQ(exifOf(loaded(path("out/a.jpg")), "Artist"), text("Jo"));
+    EXPECT_EQ(exifOf(loaded(path("out/a.jpg")), "GPSLatitudeRef"), QString());
     EXPECT_TRUE(desktop.reports.empty());
 }
 

@@ -75,6 +75,7 @@ constexpr FormField<BatchSave> fields[] = {
     {"chkImportIPTC", &BatchSave::ImportIPTC, AfterChecks},
     {"chkProcessEditingList", &BatchSave::ProcessEditingList, AfterChecks},
     {"chkUpright", &BatchSave::UprightByExif, AfterChecks},
+    {"chkStripPrivate", &BatchSave::StripPrivate, AfterChecks},
 };
 
 } // namespace
