@@ -274,10 +274,6 @@ constexpr ExifVocabulary vocabularies[] = {
 
 } // namespace
 
-std::span<const ExifVocabulary> exifVocabularies() {
-    return vocabularies;
-}
-
 const ExifVocabulary* exifVocabulary(const QString& name) {
     const auto found = std::ranges::find_if(
         vocabularies, [&](const ExifVocabulary& entry) { return name == QLatin1String(entry.name); });

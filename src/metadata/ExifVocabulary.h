@@ -21,8 +21,6 @@ struct ExifVocabulary {
     const char* otherwise = "";
 };
 
-std::span<const ExifVocabulary> exifVocabularies();
-
 /// The vocabulary of an attribute, compared exactly, or null.
 const ExifVocabulary* exifVocabulary(const QString& name);
 
