@@ -2,6 +2,7 @@
 #include "output/Naming.h"
 #include "embedded/IptcFields.h"
 #include "tests/output/TestBasket.h"
+#include "tests/support/Corpus.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -114,4 +115,27 @@ TEST_F(NamingTest, FileTokensReadTheSourceFile) {
     ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
     expectNames({{"[Source size]", "1.50KB"}, {"[Source Date Modified]", "2.3.2001 2.05.06 PM"}},
                 file.fileName());
+}
+
+/// As exiftool lists these files.
+TEST_F(NamingTest, TokensOfRealPictures) {
+    TARSEL_REQUIRE_CORPUS();
+    const auto load = [&](const char* name) {
+        box.LoadFromFile(*corpusFolder() + text("/meta/") + text(name));
+    };
+    load("ExifTool.jpg");
+    expectNames({{"[EXIF Image Description]", "A witty caption"},
+                 {"[EXIF Artist]", "Phil Harvey"},
+                 {"[EXIF Make & Model]", "FUJIFILM-FinePix2400Zoom"},
+                 {"[EXIF Date-Time]", "2.26.2004 9.36.46 AM"},
+                 {"[EXIF X-Y Dimension]", "100x80"},
+                 {"[IPTC Headline]", "No headline"},
+                 {"[IPTC Author]", "Phil Harvey"},
+                 {"[IPTC Date Created]", "2.26.2004 12.00.00 AM"}});
+    load("MWG.jpg");
+    expectNames({{"[EXIF Date]", "1.1.2001"},
+                 {"[EXIF Make & Model]", ""},
+                 {"[IPTC Caption]", "WRONG-IPTC-Description"}});
+    load("metadata.psd");
+    expectNames({{"[EXIF Artist]", "KDE Project"}, {"[IPTC Caption]", "TV broadcast test image."}});
 }
