@@ -24,6 +24,10 @@ FilePatch difference(const PictureSource& source, std::int64_t at, const QByteAr
     return {at + start, bytes.mid(start, end - start)};
 }
 
+bool isWithinPage(const FilePatch& patch) {
+    return patch.at / pageSize == (patch.at + patch.bytes.size() - 1) / pageSize;
+}
+
 } // namespace
 
 void FilePieces::copy(std::int64_t from, std::int64_t size) {
@@ -58,6 +62,31 @@ FilePieces patchedFile(std::int64_t size, std::vector<FilePatch> patches, const 
     return content;
 }
 
+std::optional<AppendedChange> appendedChange(const PictureSource& source, const FilePieces& content) {
+    if (source.size() < appendedFrom)
+        return std::nullopt;
+    AppendedChange change;
+    std::int64_t at = 0;
+    for (const FilePieces::Piece& piece : content.pieces()) {
+        const FilePatch patch{at, piece.bytes};
+        at += piece.size;
+        if (piece.bytes.isEmpty() ? piece.from != patch.at : patch.at < source.size() && at > source.size())
+            return std::nullopt;
+        if (piece.bytes.isEmpty())
+            continue;
+        if (patch.at >= source.size())
+            change.tail = patch;
+        else if (std::ranges::all_of(patch.bytes, [](char byte) { return byte == 0; }))
+            change.cleared.push_back(patch);
+        else if (change.link.bytes.isEmpty() && isWithinPage(patch))
+            change.link = patch;
+        else
+            return std::nullopt;
+    }
+    const bool isComplete = !change.tail.bytes.isEmpty() && !change.link.bytes.isEmpty();
+    return isComplete ? std::optional(change) : std::nullopt;
+}
+
 std::optional<FilePatch> patchOfOnePage(const PictureSource& source, const FilePieces& content) {
     if (content.size() != source.size())
         return std::nullopt;
@@ -75,7 +104,7 @@ std::optional<FilePatch> patchOfOnePage(const PictureSource& source, const FileP
         else
             all.bytes +=
                 source.bytes(all.at + all.bytes.size(), patch.at - all.at - all.bytes.size()) + patch.bytes;
-        if (all.at / pageSize != (all.at + all.bytes.size() - 1) / pageSize)
+        if (!isWithinPage(all))
             return std::nullopt;
     }
     return all;

@@ -55,17 +55,35 @@ bool listsTheSame(const EmbeddedMetadata& a, const EmbeddedMetadata& b) {
     return attributesOf(a) == attributesOf(b);
 }
 
-void writeInPlace(const QString& path, const FilePatch& patch) {
-    const int file = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CLOEXEC);
-    if (file < 0)
-        failForErrno(errno, path);
-    const ssize_t written =
-        ::pwrite(file, patch.bytes.constData(), std::size_t(patch.bytes.size()), patch.at);
-    const int error = written == patch.bytes.size() ? 0 : written < 0 ? errno : EIO;
-    ::close(file);
-    if (error)
-        failForErrno(error, path);
-}
+/// An existing file, open to be patched.
+class PatchedFile {
+public:
+    explicit PatchedFile(const QString& path) :
+        m_path(path), m_file(::open(QFile::encodeName(path).constData(), O_WRONLY | O_CLOEXEC)) {
+        if (m_file < 0)
+            failForErrno(errno, path);
+    }
+    ~PatchedFile() { ::close(m_file); }
+    PatchedFile(const PatchedFile&) = delete;
+    PatchedFile& operator=(const PatchedFile&) = delete;
+
+    void write(const FilePatch& patch) const {
+        const ssize_t written =
+            ::pwrite(m_file, patch.bytes.constData(), std::size_t(patch.bytes.size()), patch.at);
+        if (written != patch.bytes.size())
+            failForErrno(written < 0 ? errno : ENOSPC, m_path);
+    }
+    void sync() const {
+        if (::fdatasync(m_file) != 0)
+            failForErrno(errno, m_path);
+    }
+    /// After a failure, of which the caller reports the reason.
+    void cutBackTo(std::int64_t size) const { (void)!::ftruncate(m_file, size); }
+
+private:
+    QString m_path;
+    int m_file;
+};
 
 void copyRange(SafeFileWriter& writer, const PictureSource& source, const FilePieces::Piece& range,
                const QString& path) {
@@ -98,7 +116,9 @@ public:
             return;
         if (patch) {
             requireUnchanged();
-            writeInPlace(m_path, *patch);
+            PatchedFile(m_path).write(*patch);
+        } else if (const auto appended = appendedChange(m_source, content)) {
+            append(*appended, wanted);
         } else {
             writeAnew(content, wanted);
         }
@@ -121,6 +141,29 @@ private:
         if (FileStamp::of(m_path) != m_stamp)
             failWriting(m_path,
                         QT_TRANSLATE_NOOP("MetadataWriter", "another program changed the file meanwhile"));
+    }
+
+    /// A failure takes back what was appended; a kill leaves bytes after the end of what is read.
+    void append(const AppendedChange& change, const EmbeddedMetadata& wanted) const {
+        const FilePatch oldLink{change.link.at, m_source.bytes(change.link.at, change.link.bytes.size())};
+        requireUnchanged();
+        const PatchedFile file(m_path);
+        bool isLinked = false;
+        try {
+            file.write(change.tail);
+            file.sync();
+            isLinked = true;
+            file.write(change.link);
+            requireReads(PictureSource::ofFile(m_path), wanted);
+        } catch (...) {
+            if (isLinked)
+                file.write(oldLink);
+            file.cutBackTo(m_source.size());
+            throw;
+        }
+        file.sync();
+        for (const FilePatch& zeros : change.cleared)
+            file.write(zeros);
     }
 
     void writeAnew(const FilePieces& content, const EmbeddedMetadata& wanted) const {

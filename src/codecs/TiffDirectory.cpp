@@ -3,6 +3,7 @@
 
 #include "bytes/TiffStructure.h"
 #include "embedded/ExifBlock.h"
+#include "embedded/MakerNote.h"
 
 #include <algorithm>
 #include <array>
@@ -78,7 +79,8 @@ private:
                                    found.type,
                                    std::uint32_t(found.count),
                                    m_source.bytes(found.valuePosition, found.valueSize),
-                                   {}};
+                                   {},
+                                   found.valuePosition};
         if (entry.value.size() != found.valueSize)
             return;
         m_valueBudget -= found.valueSize;
@@ -131,14 +133,17 @@ private:
         if (!entry.child.empty())
             return childEntryBytes(entry);
         QByteArray value = entry.value;
-        if (value.size() > 4)
-            value = place(value);
+        if (entry.placedAt)
+            value = numberBytes<QByteArray>(quint32(*entry.placedAt), m_order);
+        else if (value.size() > 4)
+            value = place(entry.tag == makerNoteTag ? movedMakerNote(value, entry.position, trailingEnd())
+                                                    : value);
         return entryHead(entry.tag, entry.type, entry.count) + value.leftJustified(4, 0);
     }
 
     QByteArray childEntryBytes(const TiffDirectory::Entry& entry) {
-        const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
-        const QByteArray child = writeTiffDirectory(entry.child.front(), m_order == ByteOrder::Big, offset);
+        const QByteArray child =
+            writeTiffDirectory(entry.child.front(), m_order == ByteOrder::Big, trailingEnd());
         return entryHead(entry.tag, longType, 1) + place(child);
     }
 
@@ -147,9 +152,11 @@ private:
                numberBytes<QByteArray>(count, m_order);
     }
 
+    std::uint32_t trailingEnd() const { return std::uint32_t(m_trailingOffset + m_trailing.size()); }
+
     /// Appends, on an even offset, and returns the offset as bytes.
     QByteArray place(const QByteArray& bytes) {
-        const auto offset = std::uint32_t(m_trailingOffset + m_trailing.size());
+        const std::uint32_t offset = trailingEnd();
         m_trailing += bytes;
         if (m_trailing.size() % 2)
             m_trailing += '\0';

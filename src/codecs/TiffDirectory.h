@@ -19,7 +19,9 @@ struct TiffDirectory {
         std::uint16_t type = 0;
         std::uint32_t count = 0;
         QByteArray value;
-        std::vector<TiffDirectory> child; ///< one or none
+        std::vector<TiffDirectory> child;           ///< one or none
+        std::int64_t position = 0;                  ///< of the value where it was read
+        std::optional<std::uint32_t> placedAt = {}; ///< where the value stands in the bytes to be written
     };
     std::vector<Entry> entries; ///< by rising tag
 
@@ -47,7 +49,7 @@ TiffTree readTiffTree(const PictureSource& source, std::optional<std::uint64_t> 
 
 /// The directory as bytes that will be written at `offset` of a file: count 16, entries of {tag 16, type
 /// 16, count 32, value or offset 32}, next directory (none) 32, the values, the directories that belong to
-/// it.
+/// it. Offsets in maker notes move along.
 QByteArray writeTiffDirectory(const TiffDirectory& directory, bool bigEndian, std::uint32_t offset);
 
 /// The first eight bytes: byte order, 42, offset of the first directory.

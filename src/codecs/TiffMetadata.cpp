@@ -4,6 +4,7 @@
 #include "bytes/TiffStructure.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/TiffDirectory.h"
+#include "embedded/MakerNote.h"
 #include "embedded/ResourceBlocks.h"
 
 #include <algorithm>
@@ -58,11 +59,20 @@ TiffDirectory storageOf(const TiffDirectory& page) {
     return storage;
 }
 
-QByteArray blockOf(const TiffDirectory& attributes, bool bigEndian) {
+/// The maker note comes first: wherever the rest moves in an edit, its place and its bytes stay the same.
+QByteArray blockOf(TiffDirectory attributes, bool bigEndian) {
     if (attributes.entries.empty())
         return {};
     constexpr std::uint32_t afterStart = 8;
-    return writeTiffStart(bigEndian, afterStart) + writeTiffDirectory(attributes, bigEndian, afterStart);
+    QByteArray start;
+    if (TiffDirectory::Entry* note = makerNoteOf(attributes); note && note->value.size() > tiffInlineSize) {
+        start = movedMakerNote(note->value, note->position, afterStart);
+        start.append(start.size() % 2, '\0');
+        note->placedAt = afterStart;
+    }
+    const auto directory = std::uint32_t(afterStart + start.size());
+    return writeTiffStart(bigEndian, directory) + start +
+           writeTiffDirectory(attributes, bigEndian, directory);
 }
 
 QByteArray valueOf(const TiffDirectory& page, std::uint16_t tag) {
@@ -102,6 +112,16 @@ TiffDirectory uncompressedAttributes(const TiffDirectory& exif) {
 }
 
 } // namespace
+
+TiffDirectory::Entry* makerNoteOf(TiffDirectory& attributes) {
+    constexpr std::uint16_t exifPointer = 0x8769;
+    for (TiffDirectory::Entry& entry : attributes.entries)
+        if (entry.tag == exifPointer && !entry.child.empty())
+            for (TiffDirectory::Entry& inside : entry.child.front().entries)
+                if (inside.tag == makerNoteTag)
+                    return &inside;
+    return nullptr;
+}
 
 void putBlock(TiffDirectory& page, std::uint16_t tag, ExifType type, const QByteArray& bytes) {
     if (bytes.isEmpty())

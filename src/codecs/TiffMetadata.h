@@ -34,10 +34,14 @@ void putBlock(TiffDirectory& page, std::uint16_t tag, ExifType type, const QByte
 /// storage of pixels nor one of the blocks that EmbeddedMetadata holds beside EXIF.
 bool isPictureAttribute(const TiffDirectory::Entry& entry);
 
+/// The maker note among attributes; null for none.
+TiffDirectory::Entry* makerNoteOf(TiffDirectory& attributes);
+
 /// The file with changed metadata of the page whose directory is at `directoryOffset`. Values and directories
 /// take their old places where they fit, else they go to the end, so that nothing else moves: maker notes,
-/// pixels and other pages keep their bytes and places. What is given up is zeroed. Error 0x8000FFFF for a
-/// BigTIFF file, and for one that would grow beyond 4 GB.
+/// pixels and other pages keep their bytes and places. What is given up is zeroed. A large file,
+/// of BigTIFF too, is only added to. Error 0x8000FFFF for a file without BigTIFF's numbers that would grow
+/// beyond 4 GB.
 FilePieces tiffPageWithMetadata(const PictureSource& source, const FileUnderTest& file,
                                 std::uint64_t directoryOffset, const MetadataChange& change);
 

@@ -2,6 +2,7 @@
 #include "codecs/TiffMetadata.h"
 
 #include "bytes/TiffStructure.h"
+#include "embedded/MakerNote.h"
 #include "embedded/ResourceBlocks.h"
 
 #include <QCoreApplication>
@@ -12,8 +13,8 @@ namespace tarsel {
 
 namespace {
 
-constexpr std::uint16_t longType = 4;
-constexpr std::int64_t largestFile = UINT32_MAX;
+constexpr std::uint16_t longType = 4, bigDirectoryType = 18;
+constexpr std::int64_t largestFile = UINT32_MAX; // but for BigTIFF
 constexpr std::size_t maxPages = 65'535;
 constexpr std::uint64_t maxEntries = 65'535; // what a directory can count
 
@@ -39,10 +40,6 @@ struct OldDirectory {
     }
 };
 
-bool isOutside(const TiffEntry& entry) {
-    return entry.hasValue && entry.valueSize > tiffInlineSize;
-}
-
 /// An entry of the new directory: as it stands in the old one, or with a new value, or a child's.
 struct NewEntry {
     std::uint16_t tag = 0;
@@ -51,11 +48,21 @@ struct NewEntry {
     const TiffDirectory* childBefore = nullptr; ///< of a changed child, what was read of it
 };
 
-/// Writes the changes of one page. Directories and values are patched in their places, or go to the end.
+/// Sizes of the numbers in a directory.
+struct DirectoryLayout {
+    bool isBig = false;
+    qsizetype count() const { return isBig ? 8 : 2; }
+    qsizetype entry() const { return isBig ? 20 : tiffEntrySize; }
+    qsizetype offset() const { return isBig ? 8 : 4; } ///< also the longest value inside an entry
+};
+
+/// Writes the changes of one page. Directories and values are patched in their places, or go to the end; in a
+/// large file all go to the end, so that only the offset of the directory is patched.
 class PageEdit {
 public:
     PageEdit(const PictureSource& source, TiffWalker& walker, const std::vector<TiffDirectoryPlace>& pages) :
-        m_source(source), m_walker(walker), m_order(walker.order()), m_base((source.size() + 1) / 2 * 2) {
+        m_source(source), m_walker(walker), m_order(walker.order()), m_layout{walker.isBig()},
+        m_base((source.size() + 1) / 2 * 2), m_patchesInPlace(source.size() < appendedFrom) {
         for (const TiffDirectoryPlace& page : pages)
             for (const TiffEntry& entry : walker.entries(page, maxEntries))
                 noteUse(entry);
@@ -78,7 +85,7 @@ public:
 
     /// Makes the attributes `before` into those `after`, and keeps what is in neither. Returns the offset of
     /// the directory, which is another when it had to grow.
-    std::uint32_t write(const OldDirectory* old, const TiffDirectory& before, const TiffDirectory& after) {
+    std::uint64_t write(const OldDirectory* old, const TiffDirectory& before, const TiffDirectory& after) {
         std::map<std::uint16_t, NewEntry> entries;
         if (old)
             for (const TiffEntry& entry : old->entries) {
@@ -99,6 +106,10 @@ public:
         return place(old, directoryBytes(old, entries));
     }
 
+    QByteArray offsetBytes(std::uint64_t value) const {
+        return m_layout.isBig ? number(quint64(value)) : number(quint32(value));
+    }
+
     FilePieces pieces(std::vector<FilePatch> more) {
         std::ranges::copy(more, std::back_inserter(m_patches));
         QByteArray tail = m_tail;
@@ -108,14 +119,21 @@ public:
     }
 
 private:
+    bool isOutside(const TiffEntry& entry) const {
+        return entry.hasValue && entry.valueSize > m_layout.offset();
+    }
+
     void noteUse(const TiffEntry& entry) {
         if (isOutside(entry))
             m_used.push_back({entry.valuePosition, entry.valueSize});
     }
 
     std::optional<TiffDirectoryPlace> childOf(const TiffEntry& pointer) {
-        const QByteArray offset = m_source.bytes(pointer.valuePosition, tiffInlineSize);
-        return m_walker.visit(ByteReader(offset, m_order).dword(0).value_or(0));
+        const QByteArray offset =
+            m_source.bytes(pointer.valuePosition, std::min<std::int64_t>(pointer.valueSize, 8));
+        const ByteReader reader(offset, m_order);
+        return m_walker.visit(offset.size() >= 8 ? *reader.number<std::uint64_t>(0)
+                                                 : reader.dword(0).value_or(0));
     }
 
     static bool isSame(const TiffDirectory::Entry& a, const TiffDirectory::Entry& b) {
@@ -157,17 +175,17 @@ private:
         m_patches.push_back({directory.place.offset, QByteArray(roomOf(directory), '\0')});
     }
 
-    static qsizetype roomOf(const OldDirectory& directory) {
-        return qsizetype(2 + directory.place.entries * std::uint64_t(tiffEntrySize) +
-                         (directory.place.nextPosition ? 4 : 0));
+    qsizetype roomOf(const OldDirectory& directory) const {
+        return m_layout.count() + qsizetype(directory.place.entries) * m_layout.entry() +
+               (directory.place.nextPosition ? m_layout.offset() : 0);
     }
 
     QByteArray directoryBytes(const OldDirectory* old, const std::map<std::uint16_t, NewEntry>& entries) {
-        QByteArray bytes = number(quint16(entries.size()));
+        QByteArray bytes = m_layout.isBig ? number(quint64(entries.size())) : number(quint16(entries.size()));
         for (const auto& [tag, entry] : entries)
             bytes += entry.changed ? changedEntry(old, entry)
-                                   : m_source.bytes(entry.kept->position, tiffEntrySize);
-        return bytes + number(old ? quint32(old->place.next) : quint32(0));
+                                   : m_source.bytes(entry.kept->position, m_layout.entry());
+        return bytes + offsetBytes(old ? old->place.next : 0);
     }
 
     QByteArray changedEntry(const OldDirectory* old, const NewEntry& entry) {
@@ -176,46 +194,47 @@ private:
             static const TiffDirectory none;
             const OldDirectory* present = old ? old->child(entry.tag) : nullptr;
             const TiffDirectory& presentTree = present && entry.childBefore ? *entry.childBefore : none;
-            return head(entry.tag, longType, 1) + number(write(present, presentTree, wanted.child.front()));
+            return head(entry.tag, m_layout.isBig ? bigDirectoryType : longType, 1) +
+                   offsetBytes(write(present, presentTree, wanted.child.front()));
         }
         const QByteArray start = head(entry.tag, wanted.type, wanted.count);
-        if (wanted.value.size() <= tiffInlineSize) {
+        if (wanted.value.size() <= m_layout.offset()) {
             if (entry.kept)
                 release(*entry.kept);
-            return start + wanted.value.leftJustified(tiffInlineSize, '\0');
+            return start + wanted.value.leftJustified(m_layout.offset(), '\0');
         }
-        return start + number(placeValue(entry.kept, wanted.value));
+        return start + offsetBytes(placeValue(entry.kept, wanted.value));
     }
 
-    std::uint32_t placeValue(const TiffEntry* old, const QByteArray& value) {
-        if (old && isOutside(*old) && old->valueSize >= value.size() &&
+    std::uint64_t placeValue(const TiffEntry* old, const QByteArray& value) {
+        if (m_patchesInPlace && old && isOutside(*old) && old->valueSize >= value.size() &&
             isOwn({old->valuePosition, old->valueSize})) {
             m_patches.push_back({old->valuePosition, value.leftJustified(old->valueSize, '\0')});
-            return std::uint32_t(old->valuePosition);
+            return std::uint64_t(old->valuePosition);
         }
         if (old)
             release(*old);
         return append(value);
     }
 
-    std::uint32_t place(const OldDirectory* old, const QByteArray& bytes) {
+    std::uint64_t place(const OldDirectory* old, const QByteArray& bytes) {
         if (!old)
             return append(bytes);
         const bool isComplete = old->place.entries == old->place.declaredEntries && old->place.nextPosition;
-        if (isComplete && bytes.size() <= roomOf(*old)) {
+        if (m_patchesInPlace && isComplete && bytes.size() <= roomOf(*old)) {
             m_patches.push_back({old->place.offset, bytes.leftJustified(roomOf(*old), '\0')});
-            return std::uint32_t(old->place.offset);
+            return std::uint64_t(old->place.offset);
         }
         clear(*old);
         return append(bytes);
     }
 
-    std::uint32_t append(const QByteArray& bytes) {
+    std::uint64_t append(const QByteArray& bytes) {
         const std::int64_t offset = m_base + m_tail.size();
         m_tail += bytes;
         if (m_tail.size() % 2)
             m_tail += '\0';
-        return std::uint32_t(offset);
+        return std::uint64_t(offset);
     }
 
     template <class Number>
@@ -223,13 +242,15 @@ private:
         return numberBytes<QByteArray>(value, m_order);
     }
     QByteArray head(std::uint16_t tag, std::uint16_t type, std::uint32_t count) const {
-        return number(tag) + number(type) + number(count);
+        return number(tag) + number(type) + (m_layout.isBig ? number(quint64(count)) : number(count));
     }
 
     const PictureSource& m_source;
     TiffWalker& m_walker;
     ByteOrder m_order;
+    DirectoryLayout m_layout;
     std::int64_t m_base; ///< where the tail begins
+    bool m_patchesInPlace;
     std::vector<Range> m_used;
     std::vector<FilePatch> m_patches;
     QByteArray m_tail;
@@ -249,11 +270,20 @@ void putIptc(TiffDirectory& page, const IptcChange& iptc) {
     putBlock(page, TiffBlock::resources, ExifType(present->type), resources.bytes());
 }
 
+/// A maker note that only stands at another place in the block is the one that the page has.
+void keepMakerNote(TiffDirectory& page, TiffDirectory& wanted) {
+    const TiffDirectory::Entry* present = makerNoteOf(page);
+    TiffDirectory::Entry* note = makerNoteOf(wanted);
+    if (present && note && movedMakerNote(note->value, note->position, present->position) == present->value)
+        note->value = present->value;
+}
+
 void putAttributes(TiffDirectory& page, const QByteArray& exif, bool bigEndian) {
-    std::erase_if(page.entries, isPictureAttribute);
     TiffTree wanted = readTiffTree(exif);
     if (wanted.bigEndian != bigEndian)
         swapByteOrder(wanted.directory);
+    keepMakerNote(page, wanted.directory);
+    std::erase_if(page.entries, isPictureAttribute);
     for (TiffDirectory::Entry& entry : wanted.directory.entries)
         if (isPictureAttribute(entry))
             page.put(std::move(entry));
@@ -262,9 +292,8 @@ void putAttributes(TiffDirectory& page, const QByteArray& exif, bool bigEndian) 
 /// Where the offset of that directory is written.
 std::int64_t linkTo(std::uint64_t directory, const TiffWalker& walker,
                     const std::vector<TiffDirectoryPlace>& pages, const FileUnderTest& file) {
-    constexpr std::int64_t firstLink = 4;
     if (walker.firstDirectory() == directory)
-        return firstLink;
+        return walker.isBig() ? 8 : 4;
     for (const TiffDirectoryPlace& page : pages)
         if (page.nextPosition && page.next == directory)
             return *page.nextPosition;
@@ -276,9 +305,8 @@ std::int64_t linkTo(std::uint64_t directory, const TiffWalker& walker,
 FilePieces tiffPageWithMetadata(const PictureSource& source, const FileUnderTest& file,
                                 std::uint64_t directoryOffset, const MetadataChange& change) {
     auto walker = TiffWalker::open(source.byteSource());
-    if (!walker || walker->isBig())
-        failDecoding(file, QCoreApplication::translate("TiffMetadataWriter",
-                                                       "metadata of a BigTIFF file can't be changed"));
+    if (!walker)
+        failDecoding(file, QCoreApplication::translate("TiffMetadataWriter", "its header is damaged"));
     const std::vector<TiffDirectoryPlace> pages = walker->chain(maxPages, [] { return true; });
     const auto page = std::ranges::find(pages, std::int64_t(directoryOffset), &TiffDirectoryPlace::offset);
     const std::int64_t link = linkTo(directoryOffset, *walker, pages, file);
@@ -297,12 +325,12 @@ FilePieces tiffPageWithMetadata(const PictureSource& source, const FileUnderTest
 
     PageEdit edit(source, *walker, pages);
     const OldDirectory old = edit.read(*page, before);
-    const std::uint32_t offset = edit.write(&old, before, after);
+    const std::uint64_t offset = edit.write(&old, before, after);
     std::vector<FilePatch> links;
     if (offset != directoryOffset)
-        links.push_back({link, numberBytes<QByteArray>(offset, walker->order())});
+        links.push_back({link, edit.offsetBytes(offset)});
     const FilePieces content = edit.pieces(std::move(links));
-    if (content.size() > largestFile)
+    if (!walker->isBig() && content.size() > largestFile)
         failDecoding(file, QCoreApplication::translate("TiffMetadataWriter", "it would grow beyond 4 GB"));
     return content;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/FailureOf.h"
 #include "base/SafeFileWriter.h"
+#include "bytes/Numbers.h"
 #include "codecs/PictureFile.h"
 #include "embedded/IptcFields.h"
 #include "embedded/XmpPacket.h"
@@ -173,6 +174,41 @@ TEST_F(MetadataEditing, WritesInPlaceWhatFitsAndANewFileElse) {
             EXPECT_FALSE(bytesOf(path).contains("another that surely"));
             EXPECT_EQ(boxOf(path).ExifValueByName(QStringLiteral("Artist")), QString());
         }
+    }
+}
+
+/// A classic one, and a BigTIFF file whose one pixel is a byte of its header.
+TEST_F(MetadataEditing, LargeTiffFilesAreAddedToAndStaySparse) {
+    const QByteArray classic = encoded("tif", noisePicture(40, 30, 3), {}, everyKindOfMetadata());
+    QByteArray big("II\x2B\0\x08\0\0\0\x10\0\0\0\0\0\0\0\x08\0\0\0\0\0\0\0", 24);
+    for (const auto& [tag, value] :
+         {std::pair(256, 1), {257, 1}, {258, 8}, {259, 1}, {262, 1}, {273, 4}, {278, 1}, {279, 1}})
+        big += numberBytes<QByteArray>(quint16(tag), ByteOrder::Little) +
+               QByteArray("\x03\0\x01\0\0\0\0\0\0\0", 10) +
+               numberBytes<QByteArray>(quint64(value), ByteOrder::Little);
+    big += QByteArray(8, '\0');
+    for (const QByteArray& start : {classic, big}) {
+        const QString path = made("large.tif", start);
+        const qint64 size = qint64(5) << (start == big ? 30 : 23);
+        ASSERT_TRUE(QFile::resize(path, size));
+        const Picture before = PictureFile(path).decode(1).picture;
+        const ino_t first = inodeOf(path);
+        ImageBox box = boxOf(path);
+        ASSERT_TRUE(update(path, false, "Artist", QStringLiteral("Ann"), box));
+        ASSERT_TRUE(update(path, false, "UserComment", QStringLiteral("in a directory of its own"), box));
+        ASSERT_TRUE(update(path, true, "Caption", QString(1900, u'c'), box));
+        ASSERT_TRUE(DeleteExifAttribute(path, QStringLiteral("UserComment"), box));
+        EXPECT_EQ(inodeOf(path), first);
+        const ImageBox after = boxOf(path);
+        EXPECT_EQ(after.ExifValueByName(QStringLiteral("Artist")), QStringLiteral("Ann"));
+        EXPECT_EQ(iptcText(after.metadata(), "IptcCaption").size(), 1900);
+        EXPECT_EQ(PictureFile(path).decode(1).picture, before);
+        struct stat status = {};
+        ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &status), 0);
+        EXPECT_LT(status.st_blocks * 512, 1 << 20);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly) && file.seek(size));
+        EXPECT_FALSE(file.readAll().contains("directory of its own")) << "what was replaced is gone";
     }
 }
 
