@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/ErrorSubject.h"
 #include "base/Locale.h"
 #include "base/TrappedError.h"
 #include "cli/Command.h"
@@ -13,7 +12,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
+#include <deque>
 #include <functional>
+#include <future>
 
 namespace tarsel::cli {
 
@@ -78,48 +80,69 @@ QStringList pictures(const QStringList& operands) {
     return paths;
 }
 
+/// What became of a picture.
+struct Outcome {
+    const char* state;
+    QString reason; ///< of a failure
+    QString remark = {};
+};
+
+/// Runs `change` on the metadata of a picture and writes them where they became others. For any thread.
+Outcome outcomeOf(const QString& path, const std::function<void(ImageBox& box)>& change, bool isDry) {
+    try {
+        ImageBox box;
+        modMetadata::ReadMetadata(path, box);
+        const EmbeddedMetadata before = box.metadata().blocks();
+        change(box);
+        const bool isChanged = box.metadata().blocks() != before;
+        if (isChanged && !isDry)
+            box.SaveMetadataOnly(path);
+        return {!isChanged ? "unchanged"
+                : isDry    ? "dry-run"
+                           : "written",
+                {},
+                box.metadata().ContradictsXmp() ? modMetadata::xmpContradiction() : QString()};
+    } catch (const TrappedError& error) {
+        return {"failed", error.description};
+    }
+}
+
 /// What became of each picture, as lines or as JSON.
 class Report {
 public:
     Report(const Arguments& arguments, Terminal& terminal) :
         m_terminal(terminal), m_json(arguments.has("json")), m_isDry(arguments.has("dry-run")) {}
 
-    /// Runs `change` on the metadata of a picture and writes them where they became others.
-    void change(const QString& path, const std::function<void(ImageBox& box)>& change) {
-        const ErrorSubject subject(path);
-        try {
-            ImageBox box;
-            modMetadata::ReadMetadata(path, box);
-            const EmbeddedMetadata before = box.metadata().blocks();
-            change(box);
-            const bool isChanged = box.metadata().blocks() != before;
-            if (isChanged && !m_isDry)
-                box.SaveMetadataOnly(path);
-            const QString remark =
-                box.metadata().ContradictsXmp() ? modMetadata::xmpContradiction() : QString();
-            add(path, !isChanged ? "unchanged" : m_isDry ? "dry-run" : "written", {}, remark);
-        } catch (const TrappedError& error) {
-            add(path, "failed", error.description);
-        }
+    void addNone(bool isEmpty) {
+        if (isEmpty)
+            m_terminal.message(QCoreApplication::translate("CommandLine", "no files"));
     }
 
-    void add(const QString& path, const char* state, const QString& reason, const QString& remark = {}) {
-        m_failed = m_failed || !reason.isEmpty();
-        if (m_json)
+    void change(const QString& path, const std::function<void(ImageBox& box)>& change) {
+        add(path, outcomeOf(path, change, m_isDry));
+    }
+
+    void add(const QString& path, const Outcome& outcome) {
+        m_failed = m_failed || !outcome.reason.isEmpty();
+        const QString state = QLatin1String(outcome.state) + QStringLiteral(": ");
+        if (m_json) {
             m_terminal.result(JsonLine()
                                   .add("path", path)
-                                  .add("state", QLatin1String(state))
-                                  .add("reason", reason)
-                                  .add("remark", remark)
+                                  .add("state", QLatin1String(outcome.state))
+                                  .add("reason", outcome.reason)
+                                  .add("remark", outcome.remark)
                                   .text());
-        else if (reason.isEmpty())
-            m_terminal.result(QLatin1String(state) + QStringLiteral(": ") + path);
+            return;
+        }
+        if (outcome.reason.isEmpty())
+            m_terminal.result(state + path);
         else
-            m_terminal.message(QLatin1String(state) + QStringLiteral(": ") + reason);
-        if (!remark.isEmpty() && !m_json)
-            m_terminal.message(path + QStringLiteral(": ") + remark);
+            m_terminal.message(state + outcome.reason);
+        if (!outcome.remark.isEmpty())
+            m_terminal.message(path + QStringLiteral(": ") + outcome.remark);
     }
 
+    bool isDry() const { return m_isDry; }
     int status() const { return wasInterrupted() ? Interrupted : m_failed ? SomeNotDone : AllDone; }
 
 private:
@@ -134,8 +157,7 @@ template <class Items, class Step>
 int forEach(const Items& items, const Arguments& arguments, Terminal& terminal, Step&& step) {
     const InterruptScope interruptible;
     Report report(arguments, terminal);
-    if (items.isEmpty())
-        terminal.message(QCoreApplication::translate("CommandLine", "no files"));
+    report.addNone(items.isEmpty());
     for (const auto& item : items) {
         if (wasInterrupted())
             break;
@@ -144,10 +166,35 @@ int forEach(const Items& items, const Arguments& arguments, Terminal& terminal, 
     return report.status();
 }
 
+/// Each file once: then several can be written at the same time.
+bool areDistinct(const QStringList& paths) {
+    QSet<QString> seen;
+    for (const QString& path : paths)
+        seen.insert(QFileInfo(path).canonicalFilePath());
+    return seen.size() == paths.size();
+}
+
+/// While the disk takes one file, the next ones are read and changed. The report keeps the order.
 int changeEach(const Arguments& arguments, Terminal& terminal,
                const std::function<void(ImageBox& box)>& change) {
-    return forEach(pictures(arguments.operands()), arguments, terminal,
-                   [&](const QString& path, Report& report) { report.change(path, change); });
+    constexpr std::size_t most = 4;
+    const QStringList paths = pictures(arguments.operands());
+    const std::size_t atOnce = areDistinct(paths) ? most : 1;
+    const InterruptScope interruptible;
+    Report report(arguments, terminal);
+    report.addNone(paths.isEmpty());
+    std::deque<std::future<Outcome>> running;
+    qsizetype started = 0;
+    for (const QString& path : paths) {
+        for (; running.size() < atOnce && started < paths.size() && !wasInterrupted(); ++started)
+            running.push_back(
+                std::async(std::launch::async, outcomeOf, paths[started], change, report.isDry()));
+        if (running.empty())
+            break;
+        report.add(path, running.front().get());
+        running.pop_front();
+    }
+    return report.status();
 }
 
 // --- get
@@ -186,7 +233,7 @@ int runGet(const Arguments& arguments, Terminal& terminal) {
                        try {
                            get(path, arguments.has("json"), terminal);
                        } catch (const TrappedError& error) {
-                           report.add(path, "failed", error.description);
+                           report.add(path, {"failed", error.description});
                        }
                    });
 }
