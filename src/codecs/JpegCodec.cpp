@@ -101,6 +101,18 @@ public:
         return picture;
     }
 
+    /// What follows the picture, after it was decoded. The decoder has read up to the end mark or somewhat
+    /// beyond it; in the data of a picture no such mark stands. Filling is left out.
+    QByteArray trailer() const {
+        constexpr qsizetype readAhead = 16;
+        const qsizetype at = m_bytes.size() - qsizetype(m_jpeg.src->bytes_in_buffer);
+        const qsizetype end = m_bytes.indexOf("\xFF\xD9", std::max<qsizetype>(at - readAhead, 0));
+        if (end < 0 || m_errors.endedEarly() || hasPictureList(m_jpeg))
+            return {};
+        const QByteArray rest = m_bytes.mid(end + 2);
+        return std::ranges::any_of(rest, [](char byte) { return byte != 0; }) ? rest : QByteArray();
+    }
+
     QString damage() const {
         return m_errors.endedEarly() ? QCoreApplication::translate("JpegCodec", "file is truncated")
                                      : QString();
@@ -226,6 +238,7 @@ DecodedPicture decodeJpeg(const PictureSource& source, const QString& name, int)
     EmbeddedMetadata metadata = reader.metadata();
     Picture picture = reader.decode(metadata.iccProfile);
     applyGrayProfile(picture, metadata.iccProfile);
+    metadata.trailer = reader.trailer();
     return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
 }
 

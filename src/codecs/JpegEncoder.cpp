@@ -180,7 +180,7 @@ private:
 
 QByteArray encodeJpeg(const Picture& picture, const SaveSettings& settings,
                       const EmbeddedMetadata& metadata) {
-    return JpegWriter(picture, settings, metadata).encode();
+    return JpegWriter(picture, settings, metadata).encode() + metadata.trailer;
 }
 
 } // namespace tarsel

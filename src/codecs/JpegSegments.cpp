@@ -279,6 +279,15 @@ EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg) {
     return collector.blocks();
 }
 
+bool hasPictureList(const jpeg_decompress_struct& jpeg) {
+    const QByteArrayView signature("MPF\0", 4);
+    for (jpeg_saved_marker_ptr marker = jpeg.marker_list; marker; marker = marker->next)
+        if (marker->marker == app2 &&
+            QByteArrayView(marker->data, qsizetype(marker->data_length)).startsWith(signature))
+            return true;
+    return false;
+}
+
 std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata) {
     std::vector<JpegSegment> segments;
     // A thumbnail isn't worth a second segment, which few programs read.

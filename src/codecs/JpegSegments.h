@@ -33,6 +33,9 @@ void keepMetadataSegments(jpeg_decompress_struct& jpeg);
 /// of chunks with a missing part is ignored. docs/metadata.md lists what is carried and what is left out.
 EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg);
 
+/// Whether the file has a list of further pictures that follow the first.
+bool hasPictureList(const jpeg_decompress_struct& jpeg);
+
 /// The segments of these blocks in the order in which readers expect them: EXIF, XMP, resources, profile,
 /// makers' segments, comments. What doesn't fit into one segment is split as each kind prescribes.
 std::vector<JpegSegment> segmentsOf(const EmbeddedMetadata& metadata);

@@ -108,6 +108,7 @@ private:
     Object jpegImage(ColorFormat format) {
         EmbeddedMetadata metadata = m_metadata;
         metadata.iccProfile.clear();
+        metadata.trailer.clear();
         Object stream =
             imageStream(encodeJpeg(m_picture, m_settings, metadata), 8,
                         format == ColorFormat::Gray256 ? Object::newName("/DeviceGray") : rgbSpace());

@@ -32,8 +32,9 @@ struct EmbeddedMetadata {
     QByteArrayList comments = {};                 ///< comment segments of a JPEG file, in any character set
     std::vector<JpegSegment> cameraSegments = {}; ///< facts about the shot in a format of the camera's maker
 
+    QByteArray trailer = {}; ///< what programs put after the end of a JPEG picture
     /// Attributes of a TIFF file that say how it stores its pixels, as a block like `exif`. They are shown
-    /// and never written; this and the resolution don't count for isEmpty.
+    /// and never written; this, the trailer and the resolution don't count for isEmpty.
     QByteArray storage = {};
     Resolution resolution = {}; ///< as a format says it outside of these blocks
 

@@ -81,6 +81,7 @@ void removePrivateMetadata(EmbeddedMetadata& metadata) {
         metadata.resources = resources.bytes();
     }
     metadata.cameraSegments.clear();
+    metadata.trailer.clear();
 }
 
 } // namespace tarsel

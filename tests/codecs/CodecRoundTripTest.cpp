@@ -64,6 +64,21 @@ TEST(MetadataRoundTrip, jpegCarriesEveryBlockAlsoWhereItIsLargerThanASegment) {
     expectSameBlocks(decoded(encoded("jpg", test::photograph(20, 20), {}, before)).metadata, before);
 }
 
+TEST(MetadataRoundTrip, whatFollowsAJpegPictureIsCarriedUnlessItIsFillingOrFurtherPictures) {
+    const QByteArray list("\xFF\xE2\0\x0AMPF\0II*\0", 12);
+    for (const bool isProgressive : {false, true})
+        for (const QByteArray& trailer : {QByteArray("AXS!\xFF\xD9"), QByteArray(9, '\0')}) {
+            SaveSettings settings;
+            settings.JpegEncoding = isProgressive;
+            QByteArray file = encoded("jpg", test::photograph(33, 17), settings) + trailer;
+            const EmbeddedMetadata metadata = decoded(file).metadata;
+            EXPECT_EQ(metadata.trailer, trailer[0] ? trailer : QByteArray());
+            EXPECT_TRUE(
+                encoded("jpg", test::photograph(5, 5), {}, metadata).endsWith("\xFF\xD9" + metadata.trailer));
+            EXPECT_EQ(decoded(file.insert(2, list)).metadata.trailer, QByteArray());
+        }
+}
+
 TEST(MetadataRoundTrip, anXmpPacketTooLargeForASegmentMovesIntoAnExtension) {
     EmbeddedMetadata before;
     before.xmp = "<x:xmpmeta>" + QByteArray(100'000, ' ') + "</x:xmpmeta>";
