@@ -27,6 +27,7 @@ void expectSameBlocks(const EmbeddedMetadata& after, const EmbeddedMetadata& bef
     EXPECT_EQ(after.iccProfile, before.iccProfile);
     EXPECT_EQ(after.comments, before.comments);
     EXPECT_EQ(after.cameraSegments, before.cameraSegments);
+    EXPECT_EQ(after.trailer, before.trailer);
 }
 
 TEST(CodecRoundTrip, transparencyShowsWhiteWhereTheFormatHasNoneWhateverBackColourIsLeftOver) {
@@ -129,15 +130,6 @@ TEST(MetadataRoundTrip, corpusJpegsKeepTheirBlocksThroughLoadAndSave) {
         withMetadata += before.isEmpty() ? 0 : 1;
     }
     EXPECT_GT(withMetadata, 20);
-}
-
-TEST(MetadataRoundTrip, aPsdGivesItsIptcAndXmp) {
-    TARSEL_REQUIRE_CORPUS();
-    const QString path = *test::corpusFolder() + QStringLiteral("/meta/Photoshop.psd");
-    const QByteArray bytes = test::bytesOf(path);
-    const EmbeddedMetadata blocks = codecForContent(bytes, path)->metadata(bytes, path, 1);
-    EXPECT_TRUE(MetadataStore(blocks).HasIptc());
-    EXPECT_TRUE(blocks.xmp.contains("rdf:RDF"));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/IptcFields.h"
 #include "tests/output/TestBasket.h"
-#include "tests/support/Corpus.h"
 
 #include <gtest/gtest.h>
 
@@ -75,30 +74,4 @@ TEST_F(BatchMetadata, AMissingSideFileIsPassedOverAndPositionsAreLeftOutOnDemand
     EXPECT_EQ(exifOf(loaded(path("out/a.jpg")), "Artist"), text("Jo"));
     EXPECT_EQ(exifOf(loaded(path("out/a.jpg")), "GPSLatitudeRef"), QString());
     EXPECT_TRUE(desktop.reports.empty());
-}
-
-TEST(BatchMetadataOfTheCorpus, ExifIptcAndProfilesAreKept) {
-    TARSEL_REQUIRE_CORPUS();
-    int compared = 0;
-    for (const CorpusPicture& picture : corpusPictures()) {
-        const bool fits = picture.fact("state") == text("valid") &&
-                          picture.fact("category") != text("meta-damaged") &&
-                          picture.path.endsWith(text(".jpg")) && picture.number("bytes") < 3'000'000 &&
-                          picture.number("n_exif") > 0;
-        if (!fits || compared >= 60)
-            continue;
-        ++compared;
-        SCOPED_TRACE(picture.path.toStdString());
-        TestBasket basket;
-        basket.addRow(picture.path, text("result"));
-        EXPECT_TRUE(basket.run());
-        const ImageBox source = loaded(picture.path), result = loaded(basket.path("out/result.jpg"));
-        const bool hadSoftware = !exifOf(source, "Software").isEmpty();
-        EXPECT_EQ(result.ExifCount(), source.ExifCount() + (hadSoftware ? 0 : 1));
-        EXPECT_EQ(exifOf(result, "DateTimeOriginal"), exifOf(source, "DateTimeOriginal"));
-        EXPECT_EQ(result.HasIptc(), source.HasIptc());
-        EXPECT_EQ(iptcList(result.metadata(), "IptcKeyword"), iptcList(source.metadata(), "IptcKeyword"));
-        EXPECT_EQ(result.metadata().blocks().iccProfile, source.metadata().blocks().iccProfile);
-    }
-    EXPECT_GT(compared, 10) << "too few pictures with EXIF data in the corpus";
 }
