@@ -16,7 +16,6 @@ namespace {
 
 constexpr int endOfImage = 0xD9, startOfScan = 0xDA;
 constexpr int fill = 0xFF;
-constexpr std::int64_t usualHead = 64 << 10;
 const QByteArray pictureListSignature("MPF\0", 4);
 
 struct PlacedSegment {
@@ -257,14 +256,15 @@ private:
 } // namespace
 
 QByteArray jpegHead(const PictureSource& source) {
-    for (std::int64_t size = usualHead;; size *= 8) {
-        const QByteArray bytes = source.bytes(0, std::min(size, source.size()));
+    constexpr std::int64_t largestSegment = 65535 + 2;
+    QByteArray bytes = source.start(); // which was read to recognise the format
+    for (std::int64_t asked = 1 << 20;; asked *= 8) {
         const SegmentList list = segmentsIn(bytes);
-        constexpr std::int64_t largestSegment = 65535 + 2;
         if (list.scan >= 0)
             return bytes.left(list.scan + largestSegment);
-        if (bytes.size() == source.size() || size > PictureSource::largestReadAtOnce)
+        if (bytes.size() >= source.size() || asked > PictureSource::largestReadAtOnce)
             return bytes;
+        bytes = source.bytes(0, std::min(asked, source.size()));
     }
 }
 
