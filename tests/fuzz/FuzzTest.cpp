@@ -39,7 +39,13 @@ Seeds listFiles() {
 
 Seeds metadataBlocks() {
     const EmbeddedMetadata blocks = test::everyKindOfMetadata();
-    return {'\1' + blocks.exif, '\1' + test::cameraBlock(), '\0' + blocks.resources};
+    const QByteArray xmp =
+        "<r:RDF xmlns:r='http://www.w3.org/1999/02/22-rdf-syntax-ns#' xmlns:a='http://ns.adobe.com/exif/1.0/'"
+        " xmlns:dc='http://purl.org/dc/elements/1.1/'><r:Description dc:description='d' a:GPSAltitude='1'>"
+        "<dc:description><r:Alt><r:li "
+        "xml:lang='x-default'>&lt;</r:li></r:Alt></dc:description><dc:description/>"
+        "<a:GPSInfo><r:Seq><r:li/></r:Seq></a:GPSInfo></r:Description></r:RDF>  <?xpacket end='w'?>";
+    return {'\1' + blocks.exif, '\1' + test::cameraBlock(), '\0' + blocks.resources, xmp};
 }
 
 Seeds pictures() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/IptcFields.h"
 #include "embedded/MetadataStore.h"
+#include "embedded/PrivateMetadata.h"
+#include "embedded/XmpPacket.h"
 #include "tests/fuzz/Fuzzers.h"
 
 using namespace tarsel;
@@ -47,9 +49,26 @@ void tryResources(const QByteArray& bytes) {
     require(iptcText(again, "IptcHeadline") == headline, "the other texts are still there");
 }
 
+void tryXmp(const QByteArray& bytes) {
+    constexpr XmpName description{xmpSpace::dublinCore, "description"};
+    EmbeddedMetadata blocks;
+    blocks.xmp = bytes;
+    MetadataStore store(blocks);
+    setIptcText(store, "IptcCaption", QStringLiteral("<caption>"));
+    blocks = store.blocks();
+    if (const auto packet = XmpPacket::read(blocks.xmp); packet && packet->states(description))
+        require(store.ContradictsXmp() || packet->texts(description).value(0) == QStringLiteral("<caption>"),
+                "the packet follows, or is reported");
+    store.IptcClear();
+    removePrivateMetadata(blocks);
+    require(blocks.xmp.isEmpty() || XmpPacket::read(blocks.xmp), "a cleaned packet is well-formed");
+}
+
 } // namespace
 
 void fuzz::readMetadata(const QByteArray& bytes) {
-    if (!bytes.isEmpty())
+    if (bytes.startsWith('<'))
+        tryXmp(bytes);
+    else if (!bytes.isEmpty())
         bytes[0] % 2 ? tryExif(bytes.mid(1)) : tryResources(bytes.mid(1));
 }
