@@ -36,10 +36,12 @@ struct CameraSegment {
     QByteArrayView signature;
 };
 constexpr std::array cameraSegmentKinds = {
+    CameraSegment{JPEG_APP0, "HEAPJPGM"},           // early Canon
     CameraSegment{JPEG_APP0 + 3, "Meta"},           // Kodak
     CameraSegment{JPEG_APP0 + 5, "RMETA"},          // Ricoh
     CameraSegment{JPEG_APP0 + 6, "EPPIM"},          // Toshiba
     CameraSegment{JPEG_APP0 + 6, "GoPro"},          // GoPro
+    CameraSegment{JPEG_APP0 + 7, "Qualcomm"},       // cameras of telephones
     CameraSegment{JPEG_APP0 + 9, "Media Jukebox"},  // description in XML
     CameraSegment{JPEG_APP0 + 10, "UNICODE"},       // comment in UTF-16
     CameraSegment{JPEG_APP0 + 12, "[picture info]"} // Olympus, Agfa and others

@@ -56,12 +56,13 @@ TEST(JpegSegments, commentsAreCarriedUnlessTheyDescribeTheOldCoding) {
 }
 
 TEST(JpegSegments, makersSegmentsAreCarriedWhenTheyDescribeTheShotOnly) {
-    const JpegSegment kept[] = {{0xE3, QByteArray("Meta\0\0II*", 9)},
+    const JpegSegment kept[] = {{0xE0, QByteArray("II\x1A\0\0\0HEAPJPGM", 14)},
+                                {0xE3, QByteArray("Meta\0\0II*", 9)},
                                 {0xE5, QByteArray("RMETA\0", 6)},
                                 {0xEC, QByteArray("Agfa Gevaert   \0[picture info]", 30)}};
     const JpegSegment left[] = {
         {0xE0, QByteArray("JFXX\0\x10", 6)}, {0xE2, QByteArray("MPF\0II*", 7)}, {0xEF, "Q 70"}};
-    EXPECT_EQ(metadataOf({left[0], kept[0], left[1], kept[1], kept[2], left[2]}).cameraSegments,
+    EXPECT_EQ(metadataOf({left[0], kept[0], left[1], kept[1], kept[2], kept[3], left[2]}).cameraSegments,
               std::vector(std::begin(kept), std::end(kept)));
 }
 
