@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/RowAhead.h"
 
-#include "base/EventLoop.h"
 #include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 #include "codecs/PictureFile.h"
+#include "collections/LettingEventsRun.h"
 #include "collections/LoadSource.h"
 #include "imaging/Upright.h"
 #include "tasks/Replay.h"
@@ -16,8 +16,6 @@
 namespace tarsel {
 
 namespace {
-
-constexpr std::chrono::milliseconds betweenEvents{10};
 
 bool ranOutOfMemory(const std::optional<TrappedError>& failure) {
     return failure && failure->number == ErrorNumber::OutOfMemory;
@@ -31,12 +29,6 @@ bool claimsMorePixels(const QString& path, std::int64_t max, const std::stop_tok
         claimed = std::int64_t(header.width) * header.height;
     });
     return isKnown && claimed > max;
-}
-
-template <class Value>
-void waitLettingEventsRun(Awaited<Value>& awaited) {
-    while (!awaited.isThereWithin(betweenEvents))
-        service<EventLoop>().yield();
 }
 
 } // namespace

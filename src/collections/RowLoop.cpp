@@ -65,7 +65,9 @@ void RowLoop::work(RowAhead& ahead) {
     } catch (TrappedError& error) {
         error.description = namingSubject(error.description);
         record(row.result());
-        throw;
+        if (!m_run.goesOn)
+            throw;
+        return;
     } catch (...) {
         record(row.result());
         throw;

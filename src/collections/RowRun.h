@@ -25,6 +25,7 @@ struct RowRun {
     /// The next sources are read, and the next row's tasks run, while a row is in work. The results are the
     /// same without it.
     bool readAhead = true;
+    bool goesOn = false; ///< after a row that failed; else its error ends the run
 
     /// The last row to do; the list may have shrunk since the start.
     int lastThere() const { return lastRow > 0 ? std::min(lastRow, rows.count()) : rows.count(); }
