@@ -30,6 +30,7 @@ extern const Command batchCommand;
 extern const Command applyCommand;
 extern const Command encodeCommand;
 extern const Command infoCommand;
+extern const Command printCommand;
 extern const Command tasksCommand;
 extern const Command basketCommand;
 extern const Command metadataGetCommand, metadataSetCommand, metadataDeleteCommand;

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/ApplicationScope.h"
+#include "cli/BasketWorkspace.h"
+#include "cli/Command.h"
+#include "cli/FilePaths.h"
+#include "cli/Interrupt.h"
+#include "cli/RowReport.h"
+#include "cli/Terminal.h"
+#include "output/PrintedRows.h"
+#include "tasks/TaskFile.h"
+
+#include <QCoreApplication>
+#include <QPageSize>
+
+namespace tarsel::cli {
+
+namespace {
+
+#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
+
+constexpr OptionSpec options[] = {
+    {"pdf", "OUT.pdf", TEXT("the document to write; required")},
+    {"paper", "NAME", TEXT("A3, A4 (default), A5, Letter, Legal and the other names of PPD files")},
+    {"landscape", nullptr, TEXT("turn the paper")},
+    {"mode", "MODE",
+     TEXT("fit (default): all of the picture in its place; fill: the place, cropping the picture;\n"
+          "true: the size by the picture's resolution")},
+    {"scale", "PERCENT", TEXT("of that size, 1 to 1000 (default: 100); what leaves the place is cropped")},
+    {"position", "PLACE",
+     TEXT("center (default), top-left, top, top-right, left, right, bottom-left, bottom, bottom-right")},
+    {"margin", "MM", TEXT("paper that stays empty on each side, up to 100 (default: 10)")},
+    {"per-page", "N", TEXT("places on a page, 1 to 64 (default: 1)")},
+    {"repeat", nullptr, TEXT("fill all places of a page with the same picture")},
+    {"captions", "TEXT", TEXT("below each picture: none (default), name or description")},
+    {"tasks", "F.tbf", TEXT("run this task list on every picture")},
+    {"json", nullptr, TEXT("one JSON object a line: row, source, target, state, reason")},
+};
+
+int indexOf(const Arguments& arguments, const char* option, const QStringList& names) {
+    const QString name = arguments.value(option, names.first());
+    const qsizetype index = names.indexOf(name);
+    if (index < 0)
+        throw UsageError{QCoreApplication::translate("CommandLine", "--%1 is one of %2, not \"%3\"")
+                             .arg(QLatin1String(option), names.join(QStringLiteral(", ")), name)};
+    return int(index);
+}
+
+double lengthIn(const Arguments& arguments, const char* option, double fallback, double lowest,
+                double highest) {
+    bool isNumber = true;
+    const double number = arguments.has(option) ? arguments.value(option).toDouble(&isNumber) : fallback;
+    if (!isNumber || !(number >= lowest && number <= highest))
+        throw UsageError{QCoreApplication::translate("CommandLine", "--%1 takes %2 to %3, not \"%4\"")
+                             .arg(QLatin1String(option))
+                             .arg(lowest)
+                             .arg(highest)
+                             .arg(arguments.value(option))};
+    return number;
+}
+
+int paperOf(const Arguments& arguments) {
+    const QString name = arguments.value("paper", QStringLiteral("A4"));
+    for (int id = 0; id <= QPageSize::LastPageSize; ++id)
+        if (id != QPageSize::Custom &&
+            QPageSize::key(QPageSize::PageSizeId(id)).compare(name, Qt::CaseInsensitive) == 0)
+            return id;
+    throw UsageError{QCoreApplication::translate("CommandLine", "--paper: unknown size \"%1\"").arg(name)};
+}
+
+PrintLayout layoutOf(const Arguments& arguments) {
+    PrintLayout layout;
+    layout.paper = paperOf(arguments);
+    layout.landscape = arguments.has("landscape");
+    layout.sizing =
+        indexOf(arguments, "mode", {QStringLiteral("fit"), QStringLiteral("fill"), QStringLiteral("true")});
+    layout.scale = lengthIn(arguments, "scale", 100, PrintLayout::smallestScale, PrintLayout::largestScale);
+    layout.position =
+        indexOf(arguments, "position",
+                {QStringLiteral("center"), QStringLiteral("top-left"), QStringLiteral("top"),
+                 QStringLiteral("top-right"), QStringLiteral("left"), QStringLiteral("right"),
+                 QStringLiteral("bottom-left"), QStringLiteral("bottom"), QStringLiteral("bottom-right")});
+    layout.marginAcross = layout.marginDown =
+        lengthIn(arguments, "margin", 10, 0, PrintLayout::largestMargin);
+    layout.perPage =
+        numberIn(arguments.value("per-page", QStringLiteral("1")), 1, PrintLayout::mostPerPage, "per-page");
+    layout.repeats = arguments.has("repeat");
+    layout.caption = indexOf(arguments, "captions",
+                             {QStringLiteral("none"), QStringLiteral("name"), QStringLiteral("description")});
+    return layout;
+}
+
+/// A PDF file can't be a picture of the basket; any other name could be.
+QString documentPath(const Arguments& arguments) {
+    if (!arguments.has("pdf"))
+        throw UsageError{QCoreApplication::translate("CommandLine", "--pdf is missing")};
+    const QString path = filePath(arguments.value("pdf"));
+    if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--pdf: \"%1\" doesn't end in .pdf").arg(path)};
+    return path;
+}
+
+int run(const Arguments& arguments, Terminal& terminal) {
+    const PrintLayout layout = layoutOf(arguments);
+    const QString path = documentPath(arguments);
+    TaskList tasks;
+    if (arguments.has("tasks"))
+        modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
+    ApplicationScope::provideFonts(); // the writer of PDF needs them, with or without captions
+    const InterruptScope interruptible;
+    TerminalProgress progress(terminal);
+    BasketWorkspace basket(progress, interruptible.stop());
+    basket.fill(arguments.operands());
+    RowReport report(terminal, arguments.has("json"));
+    for (const QString& missing : basket.missing())
+        report.addMissing(missing);
+    ImageBox box;
+    const PdfPrint print{basket.pages(), tasks.lvEditBatch, path, layout, interruptible.stop()};
+    for (const RowResult& result : print.run(box, progress))
+        report.add(result);
+    report.summarise();
+    return wasInterrupted() ? Interrupted : report.allDone(false) ? AllDone : SomeNotDone;
+}
+
+} // namespace
+
+constexpr Command printCommand{
+    .name = "print",
+    .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
+    .summary = TEXT("Print a basket, or pictures, into a PDF document."),
+    .notes = TEXT(
+        "Pictures are turned upright by their EXIF orientation, and their colours become those of sRGB. Of\n"
+        "large ones no more pixels are written than 600 an inch. A picture without a resolution has 96\n"
+        "pixels an inch. A row that can't be printed is left out, the others go on, and the exit status is "
+        "1.\n"
+        "The document is written in one step at the end: after an interrupt, or when no row could be "
+        "printed,\n"
+        "there is none, and an older one of that name stays."),
+    .options = options,
+    .run = run,
+};
+
+#undef TEXT
+
+} // namespace tarsel::cli
