@@ -7,14 +7,17 @@
 #include "collections/forms/frmAlbumDescription.h"
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
+#include "imaging/ImageBox.h"
 #include "metadata/forms/frmExifEditAttribute.h"
 #include "metadata/forms/frmExifNewAttribute.h"
 #include "metadata/forms/frmIPTCCategory.h"
 #include "metadata/forms/frmIPTCKeywords.h"
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmJpegQuality.h"
+#include "output/forms/frmPrint.h"
 #include "output/forms/frmSaveSinglePage.h"
 
+#include <QPageSize>
 #include <utility>
 
 namespace tarsel {
@@ -35,6 +38,7 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(results(owner));
     dialogs.push_back(errorReport(owner));
     dialogs.push_back(std::make_unique<frmJpegQuality>(m_record.SaveAdvanced, owner));
+    dialogs.push_back(printDialog(owner));
     const QString artist = QStringLiteral("Artist"), taken = QStringLiteral("DateTimeOriginal");
     dialogs.push_back(std::make_unique<frmExifEditAttribute>(artist, QStringLiteral("Ann"), owner));
     dialogs.push_back(
@@ -50,6 +54,28 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
 
 std::unique_ptr<QDialog> SampleDialogs::saveDialog(QWidget* owner) {
     return std::make_unique<frmSaveSinglePage>(m_record.BatchSave, m_pages, m_tasks, owner);
+}
+
+/// Of the pictures of the basket, as they are on the disk.
+std::unique_ptr<QDialog> SampleDialogs::printDialog(QWidget* owner) {
+    m_layout = {.paper = QPageSize::A4,
+                .marginAcross = 10,
+                .marginDown = 10,
+                .perPage = 2,
+                .caption = PrintLayout::Name};
+    QStringList paths, names;
+    for (int i = 0; i < m_pages.count(); ++i) {
+        paths << m_pages.row(i).tag;
+        names << m_pages.row(i).text;
+    }
+    const auto load = [paths](int index) {
+        ImageBox box;
+        box.LoadFromFile(paths.value(index));
+        return printPictureOf(box, {});
+    };
+    const auto caption = [names](const PrintLayout&, int index) { return names.value(index); };
+    return std::make_unique<frmPrint>(m_layout, PrintSubject{std::max(1, m_pages.count()), load, caption},
+                                      owner);
 }
 
 std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {

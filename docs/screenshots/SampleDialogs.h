@@ -3,6 +3,7 @@
 
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
+#include "output/PrintLayout.h"
 
 #include <QDialog>
 #include <memory>
@@ -21,6 +22,7 @@ public:
 
 private:
     std::unique_ptr<QDialog> saveDialog(QWidget* owner);
+    std::unique_ptr<QDialog> printDialog(QWidget* owner);
     std::unique_ptr<QDialog> results(QWidget* owner) const;
     std::unique_ptr<QDialog> progress(QWidget* owner) const;
     std::unique_ptr<QDialog> errorReport(QWidget* owner) const;
@@ -28,6 +30,7 @@ private:
     ListView& m_pages;
     ListView m_tasks;
     ConfigRecordData m_record;
+    PrintLayout m_layout;
 };
 
 } // namespace tarsel

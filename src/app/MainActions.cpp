@@ -28,6 +28,7 @@ constexpr ActionRow rows[] = {
     {"cmdPagesOpen", TEXT("&Open basket"), TEXT("Open basket"), "open", "Ctrl+O"},
     {"cmdPagesSave", TEXT("&Save basket"), TEXT("Save basket"), "save", "Ctrl+S"},
     {"cmdPagesDelete", TEXT("&Remove from basket"), TEXT("Remove from basket"), "remove", "Del"},
+    {"cmdBatchPrint", TEXT("Print &basket"), TEXT("Print the pictures of the basket"), "print", "Ctrl+Alt+P"},
     {"cmdSaveAs", TEXT("Sa&ve as"), TEXT("Save the pictures of the basket"), "saveAs"},
     {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs", "Ctrl+J"},
     {"mnuSaveRowAs", TEXT("Save &As"), "", "saveAs"},
@@ -75,6 +76,7 @@ constexpr ActionRow rows[] = {
     {"mnuPreviewOriginal", TEXT("&Original"), "", "iDetailIcon", "", "previewType"},
     {"mnuPreviewOptimized", TEXT("O&ptimized"), "", "optimized", "", "previewType"},
     {"cmdPreviewSave", TEXT("Save ima&ge"), TEXT("Save the picture on show"), "save"},
+    {"cmdPreviewPrint", TEXT("Print ima&ge"), TEXT("Print the picture on show"), "print", "Ctrl+P"},
     // editing
     {"cmdApply", TEXT("Preview"), TEXT("Show what the task does to the picture"), "preview", "F9"},
     {"cmdOK", TEXT("Finish"), TEXT("Confirm the task, or finish editing"), "confirm", "Ctrl+Return"},

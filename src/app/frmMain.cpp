@@ -48,7 +48,11 @@ frmMain::frmMain(StartupOptions options) :
     m_basket(m_workspace.lists(*pbQueue), {}),
     m_preview({m_workspace.lvFolder, m_workspace.lvPages, m_workspace.lvExif, m_workspace.lvIPTC,
                m_workspace.tasks, m_workspace.ibMain, m_workspace.sbMain}),
-    m_imageDocument(ConfigRecord.SaveAdvanced, this), m_actions(mainActions(), mainActionsContext),
+    m_imageDocument(ConfigRecord.SaveAdvanced, this),
+    m_printing({m_preview, m_workspace.lvPages, m_workspace.tasks, m_workspace.ibMain, ConfigRecord.Print,
+                [this](bool isRun) { setRunning(isRun); }},
+               this),
+    m_actions(mainActions(), mainActionsContext),
     m_browsePane(new BrowsePane(m_workspace.tasks, m_actions, this)),
     m_folderPane(new FolderPane(m_folderView, m_workspace.lvFolder, m_actions, this)),
     m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
@@ -74,6 +78,7 @@ frmMain::frmMain(StartupOptions options) :
     connectPreview();
     connectMetadata();
     connectEditing();
+    connectPrinting();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }

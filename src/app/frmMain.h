@@ -8,6 +8,7 @@
 #include "controls/ActionTable.h"
 #include "metadata/forms/MetadataEditor.h"
 #include "output/forms/ImageDocument.h"
+#include "output/forms/Printing.h"
 #include "tasks/TaskWorkflow.h"
 
 #include <QLockFile>
@@ -92,6 +93,7 @@ private:
     void connectMetadata();
     void connectEditing();
     void connectBefore();
+    void connectPrinting();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -124,6 +126,7 @@ private:
     void undo();
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
+    void print(void (Printing::*command)());
     void setRunning(bool running);
     void saveRowAs(int row);
     void savePictureWanted();
@@ -158,6 +161,7 @@ private:
     Basket m_basket;
     Preview m_preview;
     ImageDocument m_imageDocument;
+    Printing m_printing;
     std::unique_ptr<QLockFile> m_instance;
 
     ActionTable m_actions;

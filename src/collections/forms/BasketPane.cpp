@@ -35,9 +35,9 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
 }
 
 void BasketPane::setRunning(bool running) {
-    m_actions.setEnabled(
-        {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdSaveAs", "mnuSaveAsJpeg"},
-        !running);
+    m_actions.setEnabled({"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint",
+                          "cmdSaveAs", "mnuSaveAsJpeg"},
+                         !running);
     m_list->setEnabled(!running);
     m_running = running;
     enableRowCommands();
@@ -90,7 +90,7 @@ void BasketPane::enableHistory() {
 }
 
 void BasketPane::setAdding(bool adding) {
-    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdSaveAs", "mnuSaveAsJpeg"},
+    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdBatchPrint", "cmdSaveAs", "mnuSaveAsJpeg"},
                          !adding && !m_running);
     m_adding = adding;
     enableRowCommands();
@@ -107,7 +107,8 @@ QLayout* BasketPane::makeBar() {
     bar->setSpacing(2);
     bar->addWidget(makePaneCaption(tr("Image basket"), this));
     bar->addStretch(1);
-    for (const char* name : {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete"})
+    for (const char* name :
+         {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint"})
         bar->addWidget(m_actions.makeButton(name, this));
     bar->addWidget(m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent", {"mnuSaveAsJpeg"}, this));
     return bar;

@@ -42,7 +42,7 @@ void PreviewPane::offerSaving(bool offered) {
 }
 
 void PreviewPane::enableSaving() {
-    m_actions.setEnabled({"mnuPreviewSaveImage"}, m_box.HasImage() && m_offersSaving);
+    m_actions.setEnabled({"mnuPreviewSaveImage", "cmdPreviewPrint"}, m_box.HasImage() && m_offersSaving);
 }
 
 // --- the choices
@@ -147,7 +147,7 @@ QLayout* PreviewPane::makeBar() {
         bar->addWidget(makeButton(choice.button, choice.menu, {choice.items[0], choice.items[1]}));
     bar->addWidget(withText(m_actions.makeButton("CmdPreviewEdit", this, Qt::ToolButtonTextBesideIcon)));
     bar->addWidget(makeButton("cmdPreviewSave", "mnuSavePreviewAsParent", {"mnuPreviewSaveImage"}));
-    for (const char* name : {"cmdPreviewPrevious", "cmdPreviewNext"})
+    for (const char* name : {"cmdPreviewPrint", "cmdPreviewPrevious", "cmdPreviewNext"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;
 }
@@ -178,9 +178,10 @@ void PreviewPane::connectView() {
         m_actions.action(step < 0 ? "cmdPreviewPrevious" : "cmdPreviewNext").trigger();
         m_view->setFocus();
     });
-    QMenu* menu = m_actions.makeMenu(
-        "mnuPreview", {"mnuPreviewEdit", "cmdBefore", "cmdCompare", "cmdPreviewPrevious", "cmdPreviewNext"},
-        this);
+    QMenu* menu = m_actions.makeMenu("mnuPreview",
+                                     {"mnuPreviewEdit", "cmdBefore", "cmdCompare", "cmdPreviewPrevious",
+                                      "cmdPreviewNext", "cmdPreviewPrint"},
+                                     this);
     menu->insertSeparator(&m_actions.action("cmdPreviewPrevious"));
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_view, &QWidget::customContextMenuRequested, menu,

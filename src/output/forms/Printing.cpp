@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/forms/Printing.h"
+
+#include "base/ErrorTrap.h"
+#include "base/EventLoop.h"
+#include "base/IgnoringErrors.h"
+#include "base/SaveFileDialog.h"
+#include "base/ScratchFolder.h"
+#include "base/Stop.h"
+#include "collections/LettingEventsRun.h"
+#include "collections/LoadSource.h"
+#include "controls/ProgressBar.h"
+#include "controls/frmStatus.h"
+#include "imaging/Upright.h"
+#include "output/PrintJob.h"
+#include "output/PrintedRows.h"
+#include "output/forms/PrintQueue.h"
+#include "output/forms/frmPrint.h"
+#include "tasks/Replay.h"
+#include "tasks/modProcessTasks.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <QStandardPaths>
+#include <QThread>
+
+namespace tarsel {
+
+struct Printing::Order {
+    PrintLayout layout;
+    QPageLayout sheet;
+    QString file;                        ///< of a PDF document; empty for a printer
+    std::optional<PrintRequest> request; ///< for a printer
+    QString title;
+};
+
+namespace {
+
+QString withPdf(int, const QString& path) {
+    return path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) ? path : path + QStringLiteral(".pdf");
+}
+
+/// As the preview shows it.
+PrintPicture loadRow(const QString& path, bool upright, const std::vector<TaskRow>& tasks) {
+    ImageBox box;
+    if (!loadSource(box, path, currentStop()))
+        fail(ErrorNumber::UnreadableFile, path);
+    prepareForTasks(box, path, upright);
+    ignoringErrors([&] { replayRows(box, tasks, currentStop()); });
+    return printPictureOf(box, {});
+}
+
+} // namespace
+
+Printing::Printing(Parts parts, QWidget* owner) : m_parts(std::move(parts)), m_owner(owner) {}
+
+// --- the dialog
+
+/// Puts the settings into the layout and takes them back, whatever the answer is.
+std::optional<Printing::Order> Printing::ask(const PrintSubject& subject, const QString& title) {
+    PrintLayout layout = layoutOf(m_parts.settings);
+    frmPrint dialog(layout, subject, m_owner);
+    const bool confirmed = dialog.exec() == QDialog::Accepted;
+    takeLayout(layout, m_parts.settings);
+    if (!confirmed)
+        return std::nullopt;
+    Order order{dialog.pageLayout(), dialog.sheet(), {}, {}, title};
+    if (QPrinter* printer = dialog.printer()) {
+        order.request = printRequestOf(*printer);
+        return order;
+    }
+    const std::optional<QString> file = askForFile(title);
+    if (!file)
+        return std::nullopt;
+    order.file = *file;
+    return order;
+}
+
+std::optional<QString> Printing::askForFile(const QString& title) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const auto choice = saveFileDialogFor(
+        {tr("Save pages"), tr("PDF document (*.pdf)|*.pdf"), QDir(folder).filePath(title)}, withPdf);
+    return choice ? std::optional(withPdf(choice->filterIndex, choice->path)) : std::nullopt;
+}
+
+PrintSubject Printing::rowSubject() const {
+    std::vector<TaskRow> tasks;
+    if (m_parts.preview.OptimizedPreview)
+        tasks = modProcessTasks::rowsToReplay(m_parts.tasks.lvEdit, m_parts.tasks.lvEditBatch,
+                                              &m_parts.tasks.lvEditPreview, false);
+    QStringList paths;
+    for (int row = 0; row < m_parts.lvPages.count(); ++row)
+        paths << m_parts.lvPages.row(row).tag;
+    return {int(paths.size()),
+            [paths, tasks, upright = m_parts.preview.upright](int index) {
+                return loadRow(paths[index], upright, tasks);
+            },
+            [this](const PrintLayout& layout, int index) {
+                return captionOf(layout, m_parts.lvPages.row(index));
+            }};
+}
+
+/// A picture of the basket has the name and the description of its row.
+PrintSubject Printing::shownSubject() const {
+    const QString path = m_parts.preview.shownPath();
+    ListRow row;
+    row.text = QFileInfo(path).completeBaseName();
+    for (int each = 0; each < m_parts.lvPages.count(); ++each)
+        if (m_parts.lvPages.row(each).tag == path)
+            row = m_parts.lvPages.row(each);
+    return {1, [picture = printPictureOf(m_parts.ibMain, {})](int) { return picture; },
+            [row](const PrintLayout& layout, int) { return captionOf(layout, row); }};
+}
+
+// --- the commands
+
+void Printing::cmdPreviewPrint() {
+    std::ignore = trap("FrmMain.cmdPreviewPrint_Click", [this] {
+        TrappingString = QStringLiteral("Printing the picture on show");
+        if (!m_parts.ibMain.HasImage())
+            return;
+        const PrintSubject subject = shownSubject();
+        const std::optional<Order> order = ask(subject, subject.caption({.caption = PrintLayout::Name}, 0));
+        if (!order)
+            return;
+        print(*order, [&](PrintJob& job, Progress& progress) {
+            progress.start(1);
+            PrintPicture picture = subject.load(0);
+            picture.caption = subject.caption(order->layout, 0);
+            job.add(picture);
+        });
+    });
+}
+
+void Printing::cmdBatchPrint() {
+    std::ignore = trap("FrmMain.cmdBatchPrint_Click", [this] {
+        TrappingString = QStringLiteral("Starting batch printing");
+        if (m_parts.lvPages.isEmpty())
+            return;
+        const std::optional<Order> order = ask(rowSubject(), m_parts.lvPages.row(0).text);
+        if (!order)
+            return;
+        QStringList unread;
+        print(*order,
+              [&](PrintJob& job, Progress& progress) { unread = printRows(job, progress, order->layout); });
+        if (!unread.isEmpty())
+            reportUnread(unread);
+    });
+}
+
+/// Cancel takes back the pages that are ready.
+void Printing::print(const Order& order, const std::function<void(PrintJob&, Progress&)>& draw) {
+    m_parts.runningChanged(true);
+    const auto atEnd = qScopeGuard([this] { m_parts.runningChanged(false); });
+    frmStatus status(m_owner);
+    status.begin();
+    const ScratchFolder scratch;
+    const bool isFile = !order.file.isEmpty();
+    const QString path = isFile ? order.file : scratch.path() + QStringLiteral("/pages.pdf");
+    PrintJob job(path, order.sheet, order.layout,
+                 [](PrintJob::Ended& ended) { waitLettingEventsRun(ended); });
+    draw(job, status.pbQueue());
+    if (CancelRequested.exchange(false) || job.isEmpty()) {
+        Q_EMIT progressed(tr("Nothing was printed"));
+    } else {
+        job.finish([&] {
+            if (order.request)
+                sendToPrinter(*order.request, path, order.title);
+        });
+        Q_EMIT progressed(isFile ? tr("Saved %1").arg(path) : tr("Sent to %1").arg(order.request->printer));
+    }
+    status.finish();
+}
+
+/// Returns the names of the rows without a picture.
+QStringList Printing::printRows(PrintJob& job, Progress& progress, const PrintLayout& layout) {
+    const ListView& rows = m_parts.lvPages;
+    QStringList unread;
+    progress.start(rows.count());
+    for (int row = 0; row < rows.count() && !CancelRequested; ++row) {
+        const QString name = rows.row(row).text;
+        progress.setSubject(QStringLiteral("Printing.. ") + name);
+        const bool isShown = showRow(row);
+        if (isShown)
+            job.add(printPictureOf(m_parts.ibMain, captionOf(layout, rows.row(row))));
+        else if (!CancelRequested)
+            unread << name;
+        progress.setValue(row + 1);
+    }
+    return unread;
+}
+
+/// The user may show other pictures meanwhile: then the row is shown again. False when it has no picture.
+bool Printing::showRow(int row) {
+    constexpr int betweenEvents = 5; // milliseconds
+    Preview& preview = m_parts.preview;
+    const QString path = m_parts.lvPages.row(row).tag;
+    do {
+        preview.ShowRow(m_parts.lvPages, row);
+        while (preview.isBusy() && !CancelRequested) {
+            service<EventLoop>().yield();
+            QThread::msleep(betweenEvents);
+        }
+    } while (preview.shown().path != path && !CancelRequested);
+    return m_parts.ibMain.HasImage() && !CancelRequested;
+}
+
+void Printing::reportUnread(const QStringList& names) {
+    service<Dialogs>().messageBox(
+        tr("These pictures could not be read and were left out:\n%1").arg(names.join(QLatin1Char('\n'))),
+        MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
+}
+
+} // namespace tarsel
