@@ -195,6 +195,17 @@ private:
         return isWide || m_blocks.xmp.contains(QByteArrayView(name.data(), qsizetype(name.size())));
     }
 
+    /// The extension is never changed; whether its names are those of properties isn't looked at.
+    bool isInExtension(std::string_view name) const {
+        const QByteArray& extension = m_blocks.extendedXmp;
+        const QByteArray tag = ':' + QByteArray(name.data(), qsizetype(name.size()));
+        for (qsizetype at = extension.indexOf(tag); at >= 0; at = extension.indexOf(tag, at + 1))
+            if (const char next = extension.mid(at + tag.size(), 1).append('.')[0];
+                !QChar::isLetterOrNumber(uchar(next)))
+                return true;
+        return false;
+    }
+
     std::optional<XmpPacket>& packet() {
         if (!m_isRead)
             m_packet = XmpPacket::read(m_blocks.xmp);
@@ -203,8 +214,7 @@ private:
     }
 
     void state(const XmpName& name, const QStringList& texts, Kind kind) {
-        const auto inExtension = QByteArray(":") + QByteArray(name.name.data(), qsizetype(name.name.size()));
-        if (m_blocks.extendedXmp.contains(inExtension))
+        if (isInExtension(name.name))
             m_result.contradicts = true;
         if (!mentions(name.name)) {
             m_result.lacks = m_result.lacks || !texts.isEmpty();

@@ -117,6 +117,14 @@ TEST(XmpInStep, APacketThatCannotFollowStaysAsItIsAndIsReported) {
         EXPECT_TRUE(store.ContradictsXmp());
         EXPECT_EQ(iptcText(store, "IptcCity"), QStringLiteral("N"));
     }
+    for (const char* name : {"City", "CityCode"}) {
+        EmbeddedMetadata blocks;
+        blocks.xmp = whole;
+        blocks.extendedXmp = QByteArray("<ps:") + name + '>';
+        MetadataStore store(blocks);
+        editAll(store, "90=N");
+        EXPECT_EQ(store.ContradictsXmp(), QByteArray(name) == "City") << "in an extension";
+    }
 }
 
 TEST(XmpInStep, TheDigestFollowsIptcDataOnlyWhileThePacketAgrees) {
