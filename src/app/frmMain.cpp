@@ -225,7 +225,7 @@ void frmMain::connectMetadata() {
         SetStatus(isSlow ? tr("Writing metadata into %1").arg(QFileInfo(m_preview.shownPath()).fileName())
                          : QString());
     });
-    connect(&m_metadataEditor, &MetadataEditor::refused, this, &frmMain::SetStatus);
+    connect(&m_metadataEditor, &MetadataEditor::remarked, this, &frmMain::SetStatus);
     connect(&m_metadataEditor, &MetadataEditor::ended, this, [this] {
         if (std::exchange(m_closesAfterWriting, false))
             close();

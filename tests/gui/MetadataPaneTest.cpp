@@ -108,6 +108,27 @@ protected:
 
 } // namespace
 
+TEST_F(MetadataPaneOfTheWindow, ListsWhatEachKindOfFileHolds) {
+    startListing(1);
+    ImageBox box;
+    box.LoadFromFile(file());
+    EXPECT_TRUE(box.ExifSet(text("Artist"), text("Ann")));
+    setIptcText(box.metadata(), "IptcHeadline", text("Lake"));
+    const QString folder = path("kinds");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    for (const char* name : {"a.gif", "b.jpe", "c.psd"})
+        box.SaveToFile(folder + QLatin1Char('/') + QLatin1String(name));
+    listFolder(folder);
+    for (const auto& [row, exifRows, headline] :
+         {std::tuple{1, true, "Lake"}, {2, false, "Lake"}, {0, false, ""}}) {
+        window().preview().ShowRow(listed(), row);
+        ASSERT_TRUE(waitFor([&] { return !window().preview().isBusy(); }));
+        EXPECT_EQ(rowOf(exif(), "Artist") >= 0, exifRows) << row;
+        const int found = rowOf(iptc(), "Headline");
+        EXPECT_EQ(found < 0 ? QString() : iptc().subItem(found, 1), text(headline)) << row;
+    }
+}
+
 TEST_F(MetadataPaneOfTheWindow, EditsExifInTheFile) {
     showPicture();
     showTab(0);

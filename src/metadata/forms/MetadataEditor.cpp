@@ -136,6 +136,8 @@ bool MetadataEditor::change(const Change& change, const QStringList& own) {
         showChangedIptc(m_iptc, m_box.metadata(), edited.metadata(), service<Locale>().dateForms());
         m_box.metadata() = edited.metadata();
     }
+    if (isDone && edited.metadata().ContradictsXmp())
+        Q_EMIT remarked(modMetadata::xmpContradiction());
     return isDone;
 }
 
@@ -149,7 +151,7 @@ bool MetadataEditor::update(bool isIptc, const QString& name, const QString& val
         },
         {name});
     if (!isDone)
-        Q_EMIT refused(tr("%1 can't take this value: %2").arg(name, value));
+        Q_EMIT remarked(tr("%1 can't take this value: %2").arg(name, value));
     return isDone;
 }
 

@@ -42,7 +42,8 @@ public:
 Q_SIGNALS:
     void metadataChanged();              ///< of the picture on show
     void slowChanged(bool isSlow);       ///< writing a file takes long, or such a one is written
-    void refused(const QString& reason); ///< a value that its attribute can't take
+    /// What a change could not do: a value that its attribute can't take, an XMP packet that can't follow.
+    void remarked(const QString& text);
     void ended();                        ///< the command, with its messages
 
 private:
