@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/PaneCaption.h"
 
+#include "controls/ElidedLabel.h"
+
 #include <QLabel>
 #include <QVBoxLayout>
 
 namespace tarsel {
 
 QLabel* makePaneCaption(const QString& text, QWidget* parent) {
-    auto* caption = new QLabel(text, parent);
+    // Known words can be shortened where the window is narrow; a text that changes can't.
+    QLabel* caption = text.isEmpty() ? new QLabel(parent) : new ElidedLabel(parent);
+    caption->setText(text);
     QFont font = caption->font();
     font.setBold(true);
     caption->setFont(font);

@@ -10,7 +10,7 @@ class QWidget;
 
 namespace tarsel {
 
-/// The bold caption at the top of a pane.
+/// The bold caption at the top of a pane. One without a text gets it later, and always has room for it.
 QLabel* makePaneCaption(const QString& text, QWidget* parent);
 
 /// The rows of a pane: the bar, and the contents, which take the room left.
