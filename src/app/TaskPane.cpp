@@ -2,12 +2,12 @@
 #include "app/TaskPane.h"
 
 #include "controls/ActionTable.h"
+#include "controls/ColorWell.h"
 #include "controls/LineIcon.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
 #include "controls/isExplorerBar.h"
 #include "tasks/TaskWorkflow.h"
-#include "tasks/forms/ColorWell.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -43,7 +43,6 @@ TEST(Engine, OnlyTheseWrappersForTheMainThreadKnowTheServicesAndTheTrap) {
         QStringLiteral("tasks/TaskFile.cpp"),
         QStringLiteral("tasks/modProcessTasks.cpp"),
         QStringLiteral("tasks/TaskWorkflow.cpp"),
-        QStringLiteral("tasks/forms/ColorWell.cpp"),
         QStringLiteral("tasks/forms/WatermarkPage.cpp"),
     };
     QStringList found;

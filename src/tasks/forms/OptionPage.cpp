@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/forms/OptionPage.h"
 
+#include "controls/ColorWell.h"
 #include "controls/LineIcon.h"
+#include "controls/NumberBox.h"
 #include "tasks/TaskList.h"
-#include "tasks/forms/ColorWell.h"
 #include "tasks/forms/FormControls.h"
-#include "tasks/forms/NumberBox.h"
 #include "tasks/forms/PictureButton.h"
 
 #include <QComboBox>

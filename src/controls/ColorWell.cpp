@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tasks/forms/ColorWell.h"
+#include "controls/ColorWell.h"
 
 #include "base/Dialogs.h"
 

@@ -12,7 +12,7 @@ struct NumberBoxRules {
     bool isBounded = false;
     int lowest = 0; ///< the nearest bound replaces a number beyond it when the focus leaves
     int highest = 0;
-    QString fallback; ///< fills the box when it is emptied, selected
+    QString fallback = {}; ///< fills the box when it is emptied, selected
     bool takesMinus = false;
     bool takesFraction = false;
 };

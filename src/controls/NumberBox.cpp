@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tasks/forms/NumberBox.h"
+#include "controls/NumberBox.h"
 
 #include "base/Conversions.h"
 
