@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "codecs/ColorProfile.h"
+#include "codecs/KeptReductions.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -53,11 +54,16 @@ void requireEncodableSize(const char* format, const Picture& picture, int larges
 }
 
 EncodablePicture encoderColors(const Picture& picture, const SaveSettings& settings, TransparencyOf format) {
-    return reduceColors(picture, colorFormatOf(settings), transparencyFor(settings, format));
+    if (colorFormatOf(settings) == ColorFormat::TrueColor)
+        return reduceColors(picture, ColorFormat::TrueColor, transparencyFor(settings, format));
+    return encoderIndexes(picture, settings, format);
 }
 
 IndexedPicture encoderIndexes(const Picture& picture, const SaveSettings& settings, TransparencyOf format) {
-    return reduceToPalette(picture, colorFormatOf(settings), transparencyFor(settings, format));
+    const Transparency transparency = transparencyFor(settings, format);
+    if (KeptReductions* kept = KeptReductions::current())
+        return kept->reduced(picture, colorFormatOf(settings), transparency);
+    return reduceToPalette(picture, colorFormatOf(settings), transparency);
 }
 
 void packIndexes(const std::uint8_t* row, int width, int bits, std::uint8_t* packed) {

@@ -24,6 +24,8 @@ enum class ColorFormat {
 struct Transparency {
     bool isKept = false;           ///< false: the picture is laid on white
     std::optional<Rgb> color = {}; ///< pixels of exactly this colour become transparent
+
+    bool operator==(const Transparency&) const = default;
 };
 
 /// What an encoder writes: pixels for true colour, else indexes.

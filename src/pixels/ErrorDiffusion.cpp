@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/ErrorDiffusion.h"
 
+#include "base/Stop.h"
 #include "pixels/Luma.h"
 #include "pixels/PaletteBuilder.h"
 
@@ -66,6 +67,7 @@ void diffuse(IndexedPicture& target, int limit, const Read& read, const Choose& 
              const ColorOf& colorAt) {
     Errors<Channels> errors(target.width(), limit);
     for (int y = 0; y < target.height(); ++y) {
+        raiseIfStopped();
         std::uint8_t* row = target.row(y);
         const int step = y % 2 == 0 ? 1 : -1;
         for (int i = 0, x = step > 0 ? 0 : target.width() - 1; i < target.width(); ++i, x += step) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pixels/PaletteBuilder.h"
 
+#include "base/Stop.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -43,7 +45,7 @@ std::vector<Cell> cellsOf(ConstPixelView pixels) {
     };
     std::vector<Sums> sums(std::size_t(1) << 3 * cellBits);
     constexpr int shift = 8 - cellBits;
-    for (int y = 0; y < pixels.height; ++y)
+    for (int y = 0; y < pixels.height; raiseIfStopped(), ++y)
         for (const std::uint8_t *pixel = pixels.row(y), *end = pixel + std::ptrdiff_t(pixels.width) * 3;
              pixel < end; pixel += 3) {
             Sums& cell = sums[std::size_t(pixel[0] >> shift << 2 * cellBits | pixel[1] >> shift << cellBits |
