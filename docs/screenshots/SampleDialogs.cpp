@@ -4,6 +4,7 @@
 #include "app/MainActions.h"
 #include "app/frmErrorReport.h"
 #include "app/frmSettings.h"
+#include "base/IgnoringErrors.h"
 #include "collections/forms/frmAlbumDescription.h"
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
@@ -15,6 +16,7 @@
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmJpegQuality.h"
 #include "output/forms/frmPrint.h"
+#include "output/forms/frmSaveAdvanced.h"
 #include "output/forms/frmSaveSinglePage.h"
 
 #include <QPageSize>
@@ -47,8 +49,10 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(std::make_unique<frmIPTCKeywords>(
         QStringList{QStringLiteral("river"), QStringLiteral("lake")}, owner));
     dialogs.push_back(std::make_unique<frmIPTCCategory>(QStringList{QStringLiteral("water")}, 3, owner));
-    if (!m_pages.isEmpty())
+    if (!m_pages.isEmpty()) {
+        dialogs.push_back(interactiveSave(owner));
         dialogs.push_back(std::make_unique<frmAlbumDescription>(m_pages, 0, owner));
+    }
     return dialogs;
 }
 
@@ -76,6 +80,15 @@ std::unique_ptr<QDialog> SampleDialogs::printDialog(QWidget* owner) {
     const auto caption = [names](const PrintLayout&, int index) { return names.value(index); };
     return std::make_unique<frmPrint>(m_layout, PrintSubject{std::max(1, m_pages.count()), load, caption},
                                       owner);
+}
+
+std::unique_ptr<QDialog> SampleDialogs::interactiveSave(QWidget* owner) {
+    ImageBox box;
+    ignoringErrors([&] { box.LoadFromFile(m_pages.row(0).tag); });
+    box.Tag = m_pages.row(0).tag;
+    return std::make_unique<frmSaveAdvanced>(
+        frmSaveAdvanced::Start{std::move(box), m_pages.row(0).tag, m_folder.path()}, m_record.SaveAdvanced,
+        m_record.BatchSave, m_background, owner);
 }
 
 std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {

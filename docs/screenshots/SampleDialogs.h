@@ -3,9 +3,11 @@
 
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
+#include "output/BackgroundSave.h"
 #include "output/PrintLayout.h"
 
 #include <QDialog>
+#include <QTemporaryDir>
 #include <memory>
 #include <vector>
 
@@ -23,6 +25,7 @@ public:
 private:
     std::unique_ptr<QDialog> saveDialog(QWidget* owner);
     std::unique_ptr<QDialog> printDialog(QWidget* owner);
+    std::unique_ptr<QDialog> interactiveSave(QWidget* owner);
     std::unique_ptr<QDialog> results(QWidget* owner) const;
     std::unique_ptr<QDialog> progress(QWidget* owner) const;
     std::unique_ptr<QDialog> errorReport(QWidget* owner) const;
@@ -31,6 +34,8 @@ private:
     ListView m_tasks;
     ConfigRecordData m_record;
     PrintLayout m_layout;
+    BackgroundSave m_background;
+    QTemporaryDir m_folder;
 };
 
 } // namespace tarsel

@@ -10,6 +10,7 @@
 #include "controls/IndicatorStyle.h"
 #include "controls/ListControl.h"
 #include "docs/screenshots/SampleDialogs.h"
+#include "output/forms/frmSaveAdvanced.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -72,7 +73,8 @@ void saveDialogs(frmMain& window, const QString& prefix) {
     SampleDialogs samples(window.workspace().lvPages, ConfigRecord);
     for (const auto& dialog : samples.all(&window)) {
         dialog->show();
-        settle([] { return true; });
+        const auto* interactive = qobject_cast<frmSaveAdvanced*>(dialog.get());
+        settle([&] { return !interactive || interactive->isExact(); });
         save(*dialog, prefix);
         dialog->close();
     }

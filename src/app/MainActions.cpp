@@ -87,6 +87,7 @@ constexpr ActionRow rows[] = {
     {"cmdCompare", TEXT("Compare"), TEXT("Show before and after on the two sides of a line"), "compare",
      "F8"},
     {"mnuPreviewSaveImage", TEXT("&Image document"), "", "save", "Ctrl+E"},
+    {"mnuPreviewSaveInteractive", TEXT("Interactive save &utility"), "", "compare", "Ctrl+Shift+E"},
 };
 
 #undef TEXT

@@ -13,6 +13,7 @@
 #include "collections/CachedThumbnails.h"
 #include "collections/LastBasket.h"
 #include "collections/OfferedFiles.h"
+#include "collections/PageFiles.h"
 #include "collections/RowRun.h"
 #include "collections/TypedPath.h"
 #include "collections/forms/BasketPane.h"
@@ -33,6 +34,7 @@
 #include "metadata/forms/MetadataPane.h"
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
+#include "output/forms/frmSaveAdvanced.h"
 #include "tasks/TaskBasketActions.h"
 
 #include <QFileInfo>
@@ -245,16 +247,19 @@ void frmMain::connectPreview() {
         m_preview.OptimizedPreview = type != 0;
         m_preview.rebuild();
     });
-    connect(m_previewPane, &PreviewPane::saveImageDocument, this, [this] {
-        m_pathToSave = m_preview.shownPath();
-        savePictureWanted();
-    });
+    connect(m_previewPane, &PreviewPane::saveImageDocument, this,
+            [this] { saveShown(m_preview.shownPath(), &frmMain::saveImageDocument); });
+    connect(m_previewPane, &PreviewPane::saveInteractively, this,
+            [this] { saveShown(m_preview.shownPath(), &frmMain::openSaveAdvanced); });
     connect(m_basketPane, &BasketPane::saveRowAs, this, &frmMain::saveRowAs);
     connect(&m_preview, &Preview::loadingBegun, this, [this] { m_pathToSave.clear(); });
     connect(&m_preview, &Preview::pictureChanged, this, &frmMain::savePictureWanted,
             Qt::QueuedConnection); // its dialog must not hold up what the preview has still to do
-    connect(&m_imageDocument, &ImageDocument::progressed, this, &frmMain::SetStatus);
-    connect(&m_imageDocument, &ImageDocument::saved, &m_workflow, &TaskWorkflow::correctionSaved);
+    connect(&m_imageDocument.background(), &BackgroundSave::progressed, this, &frmMain::SetStatus);
+    connect(&m_imageDocument.background(), &BackgroundSave::saved, this, [this] {
+        if (!m_saveAdvanced || m_saveAdvanced->shows(m_workspace.ibMain.picture()))
+            m_workflow.correctionSaved();
+    });
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
 }
@@ -379,7 +384,12 @@ void frmMain::saveRowAs(int row) {
         return;
     const QString path = pages.row(row).tag;
     m_preview.ShowRow(pages, row);
+    saveShown(path, &frmMain::saveImageDocument);
+}
+
+void frmMain::saveShown(const QString& path, void (frmMain::*save)()) {
     m_pathToSave = path;
+    m_save = save;
     savePictureWanted();
 }
 
@@ -388,18 +398,34 @@ void frmMain::savePictureWanted() {
     if (m_pathToSave.isEmpty() || m_preview.isBusy() || m_preview.shownPath() != m_pathToSave)
         return;
     m_pathToSave.clear();
-    saveImageDocument();
+    (this->*m_save)();
+}
+
+/// The picture on show, as files of it are written. Without a selection.
+ImageBox frmMain::boxToSave() {
+    dropSelection();
+    ImageBox box = m_workspace.ibMain;
+    if (m_preview.upright)
+        declareUpright(box);
+    return box;
 }
 
 void frmMain::saveImageDocument() {
-    ImageBox& ibMain = m_workspace.ibMain;
-    if (!ibMain.HasImage())
+    if (m_workspace.ibMain.HasImage())
+        m_imageDocument.ShowSaveDialog(boxToSave(), shownDocument());
+}
+
+/// The window goes on meanwhile; another picture takes the dialog over.
+void frmMain::openSaveAdvanced() {
+    if (!m_workspace.ibMain.HasImage())
         return;
-    dropSelection();
-    ImageBox box = ibMain;
-    if (m_preview.upright)
-        declareUpright(box);
-    m_imageDocument.ShowSaveDialog(std::move(box), shownDocument());
+    if (m_saveAdvanced)
+        m_saveAdvanced->close();
+    m_saveAdvanced = new frmSaveAdvanced(
+        {boxToSave(), shownDocument(), temporaryFolder(m_options.programFolder)}, ConfigRecord.SaveAdvanced,
+        ConfigRecord.BatchSave, m_imageDocument.background(), this);
+    m_saveAdvanced->setAttribute(Qt::WA_DeleteOnClose);
+    m_saveAdvanced->show();
 }
 
 /// A page is saved next to its document; its own file is hidden from the user.
@@ -428,6 +454,8 @@ void frmMain::takeUpright() {
 void frmMain::offerDialogs(bool offered) {
     m_actions.setEnabled({"cmdEditBar_1", "cmdEditBar_2"}, offered);
     m_previewPane->offerSaving(offered);
+    if (m_saveAdvanced)
+        m_saveAdvanced->offerSaving(offered);
     if (!offered)
         m_pathToSave.clear();
 }

@@ -28,6 +28,7 @@ class MetadataPane;
 struct Place;
 class PreviewPane;
 class ProgressBar;
+class frmSaveAdvanced;
 class TaskPane;
 class Splitter;
 class StatusBar;
@@ -130,7 +131,10 @@ private:
     void setRunning(bool running);
     void saveRowAs(int row);
     void savePictureWanted();
+    void saveShown(const QString& path, void (frmMain::*save)());
     void saveImageDocument();
+    void openSaveAdvanced();
+    ImageBox boxToSave();
     void dropSelection();
     void describeSelection();
     void showEditing();
@@ -190,7 +194,9 @@ private:
     bool m_closesAfterWriting = false; ///< metadata, which may yet fail
     ListControl* ActiveList;           ///< entered last; next and previous walk it
     QString LastBasketFolder;
-    QString m_pathToSave;    ///< its save dialog opens as soon as the preview shows it
+    QString m_pathToSave;                ///< its save dialog opens as soon as the preview shows it
+    void (frmMain::*m_save)() = nullptr; ///< opens that dialog
+    QPointer<frmSaveAdvanced> m_saveAdvanced;
     QString m_selectionText; ///< as the status line showed it last; so the next one
     QString m_zoomText;      ///< as the status line showed it last
     Size m_basketThumb;      ///< working copy of the basket's thumbnail size

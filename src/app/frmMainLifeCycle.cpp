@@ -23,6 +23,7 @@
 #include "controls/Splitter.h"
 #include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
+#include "output/forms/frmSaveAdvanced.h"
 #include "pixels/Color.h"
 #include "tasks/TaskBasketActions.h"
 
@@ -335,6 +336,8 @@ void frmMain::Form_Unload() {
     m_folderView.stop();
     m_browsePane->question().forget();
     m_preview.stop();
+    if (m_saveAdvanced)
+        m_saveAdvanced->close(); // which stores its settings
     subEnd();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())

@@ -4,6 +4,7 @@
 #include "base/Dialogs.h"
 
 #include <QString>
+#include <functional>
 #include <optional>
 
 namespace tarsel {
@@ -12,6 +13,6 @@ namespace tarsel {
 /// and the path as typed, the file that will be written. The dialog asks before it replaces the path as
 /// typed; where another file would be replaced, this asks, and No opens the dialog again.
 std::optional<FileDialogChoice>
-saveFileDialogFor(FileDialogRequest request, QString (*writtenPath)(int filterIndex, const QString& path));
+saveFileDialogFor(FileDialogRequest request, const std::function<QString(int filterIndex, const QString& path)>& writtenPath);
 
 } // namespace tarsel

@@ -6,6 +6,8 @@
 #include "configuration/ConfigFile.h"
 
 #include <QByteArrayList>
+#include <type_traits>
+#include <variant>
 
 namespace tarsel {
 
@@ -27,6 +29,24 @@ constexpr Switch switches[] = {
      true},
 };
 
+using SaveAdvanced = settings::SaveAdvanced;
+
+/// A number of SaveAdvanced. It is written when it isn't the default.
+struct Number {
+    const char* key; ///< with its equals sign
+    std::variant<quint8 SaveAdvanced::*, qint16 SaveAdvanced::*, qint32 SaveAdvanced::*> field;
+    int lowest;
+    int highest;
+};
+
+constexpr char groupOfNumbers[] = "[SaveAdvanced]";
+constexpr Number numbers[] = {
+    {"JpgLimited=", &SaveAdvanced::JpgLimited, 0, 1},
+    {"JpgMostKilobytes=", &SaveAdvanced::JpgMostKilobytes, 1, 999'999},
+    {"JpgLowestQuality=", &SaveAdvanced::JpgLowestQuality, 1, 100},
+    {"JpgMayShrink=", &SaveAdvanced::JpgMayShrink, 0, 1},
+};
+
 /// The lines of the file; those that aren't known may be of a later version.
 QByteArrayList readLines() {
     QByteArray text;
@@ -34,35 +54,55 @@ QByteArrayList readLines() {
     return text.isEmpty() ? QByteArrayList() : text.split('\n');
 }
 
-/// Where a switch stands among the lines; -1 for none.
+/// Where a setting stands among the lines; -1 for none.
 struct Place {
     qsizetype group = -1, key = -1;
 };
 
-Place placeOf(const Switch& each, const QByteArrayList& lines) {
+Place placeOf(const char* group, const char* key, const QByteArrayList& lines) {
     Place place;
     bool isInGroup = false;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const QByteArray line = lines[i].trimmed();
         if (line.startsWith('['))
-            isInGroup = line == each.group;
-        if (isInGroup && line == each.group)
+            isInGroup = line == group;
+        if (isInGroup && line == group)
             place.group = i;
-        else if (isInGroup && line.startsWith(each.key))
+        else if (isInGroup && line.startsWith(key))
             place.key = i;
     }
     return place;
 }
 
-void putLine(const Switch& each, bool isOn, QByteArrayList& lines) {
-    const Place place = placeOf(each, lines);
-    const QByteArray line = QByteArray(each.key) + (isOn ? "true" : "false");
+void putLine(const char* group, const char* key, const QByteArray& value, QByteArrayList& lines) {
+    const Place place = placeOf(group, key, lines);
+    const QByteArray line = key + value;
     if (place.group < 0)
-        lines << each.group << line;
+        lines << group << line;
     else if (place.key < 0)
         lines.insert(place.group + 1, line);
     else
         lines[place.key] = line;
+}
+
+int valueOf(const Number& number, const SaveAdvanced& record) {
+    return std::visit([&](auto field) { return int(record.*field); }, number.field);
+}
+
+void readNumber(const Number& number, const QByteArrayList& lines, SaveAdvanced& record) {
+    const qsizetype line = placeOf(groupOfNumbers, number.key, lines).key;
+    bool isNumber = false;
+    int value = line < 0 ? 0 : lines[line].trimmed().mid(qstrlen(number.key)).toInt(&isNumber);
+    if (!isNumber || value < number.lowest || value > number.highest)
+        value = valueOf(number, SaveAdvanced());
+    std::visit([&](auto field) { record.*field = std::remove_reference_t<decltype(record.*field)>(value); },
+               number.field);
+}
+
+void putNumber(const Number& number, const SaveAdvanced& record, QByteArrayList& lines) {
+    const int value = valueOf(number, record);
+    if (value != valueOf(number, SaveAdvanced()) || placeOf(groupOfNumbers, number.key, lines).key >= 0)
+        putLine(groupOfNumbers, number.key, QByteArray::number(value), lines);
 }
 
 } // namespace
@@ -74,18 +114,22 @@ QString settingsPathBeside() {
 void readSettingsBeside(ConfigRecordData& record) {
     const QByteArrayList lines = readLines();
     for (const Switch& each : switches) {
-        const qsizetype line = placeOf(each, lines).key;
+        const qsizetype line = placeOf(each.group, each.key, lines).key;
         const QByteArray other = QByteArray(each.key) + (each.isOnByDefault ? "false" : "true");
         const bool isOther = line >= 0 && lines[line].trimmed() == other;
         each.field(record) = isOther != each.isOnByDefault ? 1 : 0;
     }
+    for (const Number& each : numbers)
+        readNumber(each, lines, record.SaveAdvanced);
 }
 
 void storeSettingsBeside(const ConfigRecordData& record) {
     ConfigRecordData stored = record;
     QByteArrayList lines = readLines();
     for (const Switch& each : switches)
-        putLine(each, each.field(stored) == 1, lines);
+        putLine(each.group, each.key, each.field(stored) == 1 ? "true" : "false", lines);
+    for (const Number& each : numbers)
+        putNumber(each, record.SaveAdvanced, lines);
     writeFileSafely(settingsPathBeside(), lines.join('\n') + '\n');
 }
 

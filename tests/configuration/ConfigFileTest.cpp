@@ -53,8 +53,12 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideT
     EXPECT_EQ(ConfigRecord.BatchSave.StripPrivate, 0);
     ConfigRecord.BatchSave.UprightByExif = 0;
     ConfigRecord.BatchSave.StripPrivate = 1;
+    ConfigRecord.SaveAdvanced.JpgMostKilobytes = 90;
     subSaveSetup();
     restart();
+    EXPECT_EQ(ConfigRecord.SaveAdvanced.JpgMostKilobytes, 90);
+    EXPECT_EQ(ConfigRecord.SaveAdvanced.JpgLowestQuality, 40);
+    ConfigRecord.SaveAdvanced = {};
     EXPECT_EQ(ConfigRecord.BatchSave.UprightByExif, 0);
     EXPECT_EQ(ConfigRecord.BatchSave.StripPrivate, 1);
     writeFileSafely(settingsPathBeside(), damaged + later);

@@ -85,7 +85,8 @@ void expectNotCut(const QWidget& widget) {
     const QRect shown(widget.mapTo(widget.window(), QPoint()), widget.size());
     EXPECT_TRUE(shown.width() >= needed.width() && shown.height() >= needed.height() &&
                 shown.right() < widget.window()->width())
-        << widget.objectName().toStdString() << " " << mnemonicText(&widget).toStdString();
+        << widget.objectName().toStdString() << " " << mnemonicText(&widget).toStdString() << " "
+        << shown.right() << " " << shown.height() << " of " << needed.height();
 }
 
 /// The Tab key comes to the buttons below a form after everything else.

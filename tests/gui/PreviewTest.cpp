@@ -6,6 +6,7 @@
 #include "controls/ListControl.h"
 #include "imaging/SaveFormats.h"
 #include "imaging/Upright.h"
+#include "output/forms/frmSaveAdvanced.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/MadePictures.h"
@@ -15,6 +16,7 @@
 #include <QAction>
 #include <QColorSpace>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
 #include <QSlider>
@@ -285,6 +287,25 @@ TEST_F(PreviewOfPictures, IsSavedAsItWillBeWhileItIsPreparedAgain) {
         EXPECT_EQ(saved.Width(), upright ? 480 : 640);
         EXPECT_EQ(exifOrientation(saved.metadata()), upright ? 1 : 6);
     }
+}
+
+TEST_F(PreviewOfPictures, HasOneInteractiveSaveWhichKeepsItsSizeWhenTheWindowEnds) {
+    makePicture(picture("a.jpg"), {640, 480});
+    makePicture(picture("b.jpg"), {320, 480});
+    list();
+    for (const int row : {0, 1}) {
+        show(row);
+        choose("mnuPreviewSaveInteractive");
+    }
+    const auto isClosed = [](const QWidget* dialog) { return !dialog->isVisible(); };
+    QList<frmSaveAdvanced*> dialogs = window().findChildren<frmSaveAdvanced*>();
+    dialogs.removeIf(isClosed);
+    ASSERT_EQ(dialogs.size(), 1);
+    ASSERT_TRUE(waitFor([&] { return dialogs[0]->isExact(); }));
+    EXPECT_EQ(child<QLabel>(*dialogs[0], "sbMain_resolution").text(), QStringLiteral("320 x 480"));
+    dialogs[0]->resize(1000, 700);
+    close();
+    EXPECT_EQ(ConfigRecord.SaveAdvanced.DialogWidth, 15000);
 }
 
 } // namespace tarsel::test

@@ -42,7 +42,8 @@ void PreviewPane::offerSaving(bool offered) {
 }
 
 void PreviewPane::enableSaving() {
-    m_actions.setEnabled({"mnuPreviewSaveImage", "cmdPreviewPrint"}, m_box.HasImage() && m_offersSaving);
+    m_actions.setEnabled({"mnuPreviewSaveImage", "mnuPreviewSaveInteractive", "cmdPreviewPrint"},
+                         m_box.HasImage() && m_offersSaving);
 }
 
 // --- the choices
@@ -146,7 +147,8 @@ QLayout* PreviewPane::makeBar() {
     for (const Choice& choice : {fitChoice, typeChoice})
         bar->addWidget(makeButton(choice.button, choice.menu, {choice.items[0], choice.items[1]}));
     bar->addWidget(withText(m_actions.makeButton("CmdPreviewEdit", this, Qt::ToolButtonTextBesideIcon)));
-    bar->addWidget(makeButton("cmdPreviewSave", "mnuSavePreviewAsParent", {"mnuPreviewSaveImage"}));
+    bar->addWidget(makeButton("cmdPreviewSave", "mnuSavePreviewAsParent",
+                              {"mnuPreviewSaveImage", "mnuPreviewSaveInteractive"}));
     for (const char* name : {"cmdPreviewPrint", "cmdPreviewPrevious", "cmdPreviewNext"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;
@@ -169,6 +171,8 @@ void PreviewPane::connectActions() {
     connect(&m_actions.action("cmdPreviewNext"), &QAction::triggered, this, &PreviewPane::cmdPreviewNext);
     connect(&m_actions.action("mnuPreviewSaveImage"), &QAction::triggered, this,
             &PreviewPane::saveImageDocument);
+    connect(&m_actions.action("mnuPreviewSaveInteractive"), &QAction::triggered, this,
+            &PreviewPane::saveInteractively);
 }
 
 void PreviewPane::connectView() {

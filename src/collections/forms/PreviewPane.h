@@ -42,6 +42,7 @@ Q_SIGNALS:
     void previewTypeChosen(int type); ///< by the user, and another one than before
     void previewFitChosen();          ///< the same; the picture has its new size
     void saveImageDocument();
+    void saveInteractively();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "base/TrappedError.h"
 #include "configuration/ConfigRecord.h"
 #include "imaging/ImageBox.h"
+#include "output/BackgroundSave.h"
 
 #include <QObject>
-#include <QThreadPool>
-#include <optional>
 
 class QWidget;
 
@@ -26,18 +24,15 @@ public:
     /// isn't replaced by less than it holds. The box's colours follow the format, its other settings stay.
     void ShowSaveDialog(ImageBox box, const QString& source);
 
-Q_SIGNALS:
-    void progressed(const QString& text); ///< for the status line
-    void saved();
+    BackgroundSave& background() { return m_background; }
 
 private:
     bool takeQuality(ImageBox& box);
     void start(ImageBox box, const QString& target);
-    void finish(const QString& target, const std::optional<TrappedError>& failure);
 
     settings::SaveAdvanced& m_settings;
     QWidget* m_owner;
-    QThreadPool m_threads; ///< one: saves follow each other
+    BackgroundSave m_background;
 };
 
 } // namespace tarsel

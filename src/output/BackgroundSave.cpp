@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "output/BackgroundSave.h"
+
+#include "base/ErrorSubject.h"
+#include "base/ErrorTrap.h"
+#include "base/FailureOf.h"
+#include "base/FileIdentity.h"
+#include "imaging/ImageBox.h"
+#include "imaging/SaveFormats.h"
+#include "output/SourceGuard.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace tarsel {
+
+void BackgroundSave::start(const QString& target, const char* routine, std::function<void()> write) {
+    Q_EMIT progressed(tr("Saving %1").arg(target));
+    m_threads.start([this, write = std::move(write), target, routine] {
+        const std::optional<TrappedError> failure = failureOf(write);
+        QMetaObject::invokeMethod(
+            this, [this, target, routine, failure] { finish(target, routine, failure); },
+            Qt::QueuedConnection);
+    });
+}
+
+void BackgroundSave::finish(const QString& target, const char* routine,
+                            const std::optional<TrappedError>& failure) {
+    Q_EMIT progressed(failure ? tr("%1 was not saved").arg(target) : tr("Saved %1").arg(target));
+    if (!failure)
+        return saved();
+    const ErrorSubject subject(target);
+    std::ignore = trap(routine, [&] { throw *failure; });
+}
+
+QString unusedNameBeside(const QString& source) {
+    const QFileInfo file(source);
+    const QDir folder = file.dir();
+    const auto isUsed = [&](const QString& name) {
+        return std::ranges::any_of(saveFormats(), [&](const SaveFormat& format) {
+            return folder.exists(name + QLatin1Char('.') + QLatin1String(format.extension));
+        });
+    };
+    QString name = file.completeBaseName();
+    for (int number = 1; name == file.completeBaseName() || isUsed(name); ++number)
+        name = QStringLiteral("%1-%2").arg(file.completeBaseName()).arg(number);
+    return folder.filePath(name);
+}
+
+QString replacingRefusal(const QString& source, const QString& target, const QString& damage) {
+    if (!QFileInfo::exists(target) || FileIdentity::of(source) != FileIdentity::of(target))
+        return {};
+    if (!damage.isEmpty())
+        return readInPartText(target);
+    if (ImageBox::PageCount(source) > 1)
+        return BackgroundSave::tr("%1 was not replaced: it has more pages than the one on show").arg(target);
+    return {};
+}
+
+} // namespace tarsel

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/TrappedError.h"
+
+#include <QObject>
+#include <QThreadPool>
+#include <functional>
+#include <optional>
+
+namespace tarsel {
+
+/// Writes files in the background, one after the other, and says how that went. Its end waits for them.
+class BackgroundSave final : public QObject {
+    Q_OBJECT
+public:
+    BackgroundSave() { m_threads.setMaxThreadCount(1); }
+
+    /// `write` makes the file `target`, on another thread. Its failure is trapped as `routine`.
+    void start(const QString& target, const char* routine, std::function<void()> write);
+
+Q_SIGNALS:
+    void progressed(const QString& text); ///< for the status line
+    void saved();
+
+private:
+    void finish(const QString& target, const char* routine, const std::optional<TrappedError>& failure);
+
+    QThreadPool m_threads;
+};
+
+/// "photo-1" beside "photo.png", without an extension: the first name that no picture of the folder has, in
+/// any format.
+QString unusedNameBeside(const QString& source);
+
+/// Why a picture that was read from `source` must not be saved as `target`; empty when it may. A file isn't
+/// replaced by less than it holds. `damage` is what was wrong with it.
+QString replacingRefusal(const QString& source, const QString& target, const QString& damage);
+
+} // namespace tarsel
