@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
+#include "bench/LoopTimes.h"
 #include "collections/forms/FolderTree.h"
 #include "collections/forms/ImageBoxView.h"
 #include "configuration/ConfigRecord.h"
@@ -9,7 +10,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QImage>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -49,33 +49,6 @@ constexpr Task tasks[] = {
     {"Frame", "OptFrameImage", 0, 1, 8},
 };
 
-double milliseconds(const QElapsedTimer& clock) {
-    return double(clock.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-/// Smooth areas, edges and grain.
-void writePicture(const QString& path, QSize size) {
-    QImage picture(size, QImage::Format_RGB32);
-    quint32 grain = 1;
-    for (int y = 0; y < size.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(picture.scanLine(y));
-        for (int x = 0; x < size.width(); ++x) {
-            grain = grain * 1664525 + 1013904223;
-            const int noise = int(grain >> 28);
-            const int edge = (x / 300 + y / 200) % 2 * 60;
-            row[x] = qRgb(x * 180 / size.width() + noise + edge, y * 180 / size.height() + noise,
-                          120 + noise - edge / 2);
-        }
-    }
-    if (!picture.save(path, "JPEG", 92))
-        qFatal("%s can't be written", qPrintable(path));
-}
-
 /// Notes when the view has painted the picture that was shown last.
 class Painted final : public QObject {
 public:
@@ -97,19 +70,6 @@ public:
 private:
     const ImageBoxView& m_view;
 };
-
-/// Returns the longest turn in milliseconds.
-double runUntil(const std::function<bool()>& condition) {
-    double longest = 0;
-    while (!condition()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QElapsedTimer turn;
-        turn.start();
-        QCoreApplication::processEvents();
-        longest = std::max(longest, milliseconds(turn));
-    }
-    return longest;
-}
 
 class EditingBench {
 public:

@@ -21,7 +21,8 @@ bool mayReplace(const QString& path) {
 } // namespace
 
 std::optional<FileDialogChoice>
-saveFileDialogFor(FileDialogRequest request, const std::function<QString(int filterIndex, const QString& path)>& writtenPath) {
+saveFileDialogFor(FileDialogRequest request,
+                  const std::function<QString(int filterIndex, const QString& path)>& writtenPath) {
     while (const auto choice = service<Dialogs>().saveFileDialog(request)) {
         const QString written = writtenPath(choice->filterIndex, choice->path);
         if (written == choice->path || !QFileInfo::exists(written) || mayReplace(written))

@@ -13,6 +13,7 @@ namespace tarsel {
 /// and the path as typed, the file that will be written. The dialog asks before it replaces the path as
 /// typed; where another file would be replaced, this asks, and No opens the dialog again.
 std::optional<FileDialogChoice>
-saveFileDialogFor(FileDialogRequest request, const std::function<QString(int filterIndex, const QString& path)>& writtenPath);
+saveFileDialogFor(FileDialogRequest request,
+                  const std::function<QString(int filterIndex, const QString& path)>& writtenPath);
 
 } // namespace tarsel

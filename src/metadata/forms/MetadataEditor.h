@@ -40,11 +40,11 @@ public:
     void subClearAllAttributes();
 
 Q_SIGNALS:
-    void metadataChanged();              ///< of the picture on show
-    void slowChanged(bool isSlow);       ///< writing a file takes long, or such a one is written
+    void metadataChanged();        ///< of the picture on show
+    void slowChanged(bool isSlow); ///< writing a file takes long, or such a one is written
     /// What a change could not do: a value that its attribute can't take, an XMP packet that can't follow.
     void remarked(const QString& text);
-    void ended();                        ///< the command, with its messages
+    void ended(); ///< the command, with its messages
 
 private:
     using Change = std::function<bool(const QString& path, ImageBox& box)>;
