@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tarsel-artwork FOLDER: draws the pieces of frames and shadows and the masks into a folder, and the list of
-// resources that names them. Every run draws the same ones.
+// tarsel-artwork FOLDER ALBUM: draws the pieces of frames and shadows and the masks into a folder, with the
+// list of resources that names them, and the images of albums into another one. Every run draws the same
+// ones.
 
+#include "artwork/Album.h"
 #include "artwork/Artworks.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
@@ -38,14 +40,16 @@ void writeResourceList(const QString& folder) {
 } // namespace tarsel::artwork
 
 int main(int argc, char** argv) {
-    if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
-        std::fprintf(stderr, "usage: tarsel-artwork FOLDER\n");
+    if (argc != 3 || !QDir().mkpath(QString::fromLocal8Bit(argv[1])) ||
+        !QDir().mkpath(QString::fromLocal8Bit(argv[2]))) {
+        std::fprintf(stderr, "usage: tarsel-artwork FOLDER ALBUM\n");
         return 2;
     }
     try {
         const QString folder = QString::fromLocal8Bit(argv[1]);
         tarsel::artwork::drawAll(folder);
         tarsel::artwork::writeResourceList(folder);
+        tarsel::artwork::writeAlbum(QString::fromLocal8Bit(argv[2]));
     } catch (const tarsel::TrappedError& error) {
         std::fprintf(stderr, "%s\n", qPrintable(error.description));
         return 1;

@@ -18,6 +18,8 @@
 #include "output/forms/frmPrint.h"
 #include "output/forms/frmSaveAdvanced.h"
 #include "output/forms/frmSaveSinglePage.h"
+#include "publishing/forms/frmAlbum.h"
+#include "publishing/forms/frmInsertMetadata.h"
 
 #include <QPageSize>
 #include <utility>
@@ -49,6 +51,8 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(std::make_unique<frmIPTCKeywords>(
         QStringList{QStringLiteral("river"), QStringLiteral("lake")}, owner));
     dialogs.push_back(std::make_unique<frmIPTCCategory>(QStringList{QStringLiteral("water")}, 3, owner));
+    dialogs.push_back(std::make_unique<frmAlbum>(m_record.Album, owner));
+    dialogs.push_back(std::make_unique<frmInsertMetadata>(owner));
     if (!m_pages.isEmpty()) {
         dialogs.push_back(interactiveSave(owner));
         dialogs.push_back(std::make_unique<frmAlbumDescription>(m_pages, 0, owner));

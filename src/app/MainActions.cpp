@@ -31,6 +31,7 @@ constexpr ActionRow rows[] = {
     {"cmdBatchPrint", TEXT("Print &basket"), TEXT("Print the pictures of the basket"), "print", "Ctrl+Alt+P"},
     {"cmdSaveAs", TEXT("Sa&ve as"), TEXT("Save the pictures of the basket"), "saveAs"},
     {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs", "Ctrl+J"},
+    {"mnuSaveAsAlbum", TEXT("&Web Album"), "", "pictures", "Ctrl+Shift+W"},
     {"mnuSaveRowAs", TEXT("Save &As"), "", "saveAs"},
     {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},

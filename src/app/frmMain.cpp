@@ -35,7 +35,10 @@
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmSaveAdvanced.h"
+#include "publishing/forms/GenerateAlbum.h"
+#include "publishing/forms/frmAlbum.h"
 #include "tasks/TaskBasketActions.h"
+#include "tasks/modProcessTasks.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -185,6 +188,7 @@ void frmMain::connectBasketPane() {
     connect(m_basketPane, &BasketPane::cmdPagesSave, this,
             [this] { basketActions::cmdPagesSave(m_workspace.lvPages); });
     connect(m_basketPane, &BasketPane::saveAsJpegFiles, this, &frmMain::subSaveAsSinglePage);
+    connect(m_basketPane, &BasketPane::saveAsAlbum, this, &frmMain::openAlbum);
     connect(m_basketPane, &BasketPane::rowChosen, &m_preview, &Preview::ShowRow);
     connect(m_basketPane, &BasketPane::titleRefused, this, &frmMain::SetStatus);
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
@@ -456,6 +460,8 @@ void frmMain::offerDialogs(bool offered) {
     m_previewPane->offerSaving(offered);
     if (m_saveAdvanced)
         m_saveAdvanced->offerSaving(offered);
+    if (m_album)
+        m_album->setEnabled(offered);
     if (!offered)
         m_pathToSave.clear();
 }
@@ -491,11 +497,49 @@ void frmMain::subSaveAsSinglePage() {
                                      ConfigRecord.BatchSave, [this](bool isRun) { setRunning(isRun); }},
                                     this);
     takeUpright();
+    showResults(tr("The batch has ended"), results);
+}
+
+void frmMain::showResults(const QString& notice, const std::vector<RowResult>& results) {
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));
-    announceRunEnd(*this, tr("The batch has ended"), resultSummary(results));
+    announceRunEnd(*this, notice, resultSummary(results));
     (new frmBatchResults(results, this))->show();
+}
+
+void frmMain::openAlbum() {
+    if (m_workspace.lvPages.isEmpty() || m_batchRunning)
+        return;
+    if (!m_album) {
+        m_album = new frmAlbum(ConfigRecord.Album, this);
+        m_album->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
+    }
+    m_album->show();
+    m_album->raise();
+    m_album->activateWindow();
+}
+
+/// The tasks are those up to the selected one, as the preview shows them.
+void frmMain::generateAlbum(const AlbumOptions& options) {
+    if (m_batchRunning || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
+        return;
+    const QScopedValueRollback running(m_batchRunning, true);
+    m_endsAtOnce = false;
+    setRunning(true);
+    const auto tasks = [this] {
+        const TaskList& lists = m_workspace.tasks;
+        return modProcessTasks::rowsToReplay(lists.lvEdit, lists.lvEditBatch, &lists.lvEditPreview, false,
+                                             m_workflow.isOpen());
+    };
+    AlbumRun run; // pictures that are prepared as for a batch
+    run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
+    run.stripPrivate = ConfigRecord.BatchSave.StripPrivate == 1;
+    const std::vector<RowResult> results =
+        tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
+    setRunning(false);
+    showResults(tr("The album has ended"), results);
 }
 
 } // namespace tarsel

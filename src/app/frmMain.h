@@ -16,19 +16,23 @@
 #include <QPointer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace tarsel {
 
+struct AlbumOptions;
 class BasketPane;
 class BeforeView;
 class BrowsePane;
 class FolderPane;
+class frmAlbum;
 class ListControl;
 class MetadataPane;
 struct Place;
 class PreviewPane;
 class ProgressBar;
 class frmSaveAdvanced;
+struct RowResult;
 class TaskPane;
 class Splitter;
 class StatusBar;
@@ -128,6 +132,9 @@ private:
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void print(void (Printing::*command)());
+    void openAlbum();
+    void generateAlbum(const AlbumOptions& options);
+    void showResults(const QString& notice, const std::vector<RowResult>& results);
     void setRunning(bool running);
     void saveRowAs(int row);
     void savePictureWanted();
@@ -167,6 +174,7 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     std::unique_ptr<QLockFile> m_instance;
+    QPointer<frmAlbum> m_album; ///< while it is open
 
     ActionTable m_actions;
     BrowsePane* m_browsePane;

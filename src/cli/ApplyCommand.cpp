@@ -2,7 +2,6 @@
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/Spreading.h"
-#include "cli/ApplicationScope.h"
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
 #include "cli/RowReport.h"
@@ -12,7 +11,6 @@
 #include "codecs/Formats.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/Upright.h"
-#include "tasks/TaskFile.h"
 #include "tasks/modProcessTasks.h"
 
 #include <QCoreApplication>
@@ -74,9 +72,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     result.target = filePath(arguments.operands().at(1));
     requireWritable(result.target);
     TaskList tasks;
-    modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
-    if (drawsText(tasks))
-        ApplicationScope::provideFonts();
+    readTasks(arguments, tasks);
     const ErrorSubject subject(result.source);
     RowReport report(terminal, arguments.has("json"));
     try {

@@ -81,4 +81,14 @@ int numberIn(const QString& text, int lowest, int highest, const char* option) {
     return number;
 }
 
+qint32 colorIn(const QString& text, const char* option) {
+    bool isNumber = false;
+    const uint rgb = text.toUInt(&isNumber, 16);
+    if (!isNumber || text.size() != 6)
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--%1: \"%2\" is not a colour such as FF8000")
+                .arg(QLatin1String(option), text)};
+    return qint32(rgb >> 16 | (rgb & 0xFF00) | (rgb & 0xFF) << 16);
+}
+
 } // namespace tarsel::cli

@@ -45,4 +45,7 @@ private:
 /// An integer within bounds; UsageError naming the option otherwise.
 int numberIn(const QString& text, int lowest, int highest, const char* option);
 
+/// A colour of the form RRGGBB, with red in the low byte; UsageError naming the option otherwise.
+qint32 colorIn(const QString& text, const char* option);
+
 } // namespace tarsel::cli

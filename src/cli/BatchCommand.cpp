@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/ApplicationScope.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/BatchSettings.h"
 #include "cli/Command.h"
@@ -11,7 +10,6 @@
 #include "cli/Terminal.h"
 #include "collections/clsFileInfo.h"
 #include "output/NamePlan.h"
-#include "tasks/TaskFile.h"
 
 #include <QCoreApplication>
 
@@ -89,10 +87,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const settings::BatchSave settings = batchSettings(arguments);
     BatchRun slice = batchRun(arguments);
     TaskList tasks;
-    if (arguments.has("tasks"))
-        modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
-    if (drawsText(tasks))
-        ApplicationScope::provideFonts();
+    readTasks(arguments, tasks);
     const InterruptScope interruptible;
     TerminalProgress progress(terminal);
     if (arguments.has("source-folder"))

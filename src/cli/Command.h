@@ -26,6 +26,7 @@ struct Command {
 /// All commands, in the order of the help.
 std::span<const Command* const> commands();
 
+extern const Command albumCommand;
 extern const Command batchCommand;
 extern const Command applyCommand;
 extern const Command encodeCommand;

@@ -16,10 +16,10 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand,          &applyCommand,          &encodeCommand,        &printCommand,
-    &infoCommand,           &tasksCommand,          &basketCommand,        &metadataGetCommand,
-    &metadataSetCommand,    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand,
-    &metadataImportCommand,
+    &batchCommand,          &albumCommand,          &applyCommand,          &encodeCommand,
+    &printCommand,          &infoCommand,           &tasksCommand,          &basketCommand,
+    &metadataGetCommand,    &metadataSetCommand,    &metadataDeleteCommand, &metadataClearCommand,
+    &metadataExportCommand, &metadataImportCommand,
 };
 
 const Command* findCommand(const QString& name) {

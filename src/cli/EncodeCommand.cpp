@@ -89,13 +89,8 @@ void setTransparency(ImageBox& box, const Arguments& arguments, const SaveFormat
     requireFormat(arguments, "transparent", isFormat(format, "gif") || isFormat(format, "png"), format);
     if (!arguments.has("transparent"))
         return;
-    const QString color = arguments.value("transparent");
-    bool isNumber = false;
-    const uint rgb = color.toUInt(&isNumber, 16);
-    if (!isNumber || color.size() != 6)
-        throw UsageError{Texts::tr("--transparent: \"%1\" is not a colour such as FF8000").arg(color)};
     box.BackColorTransparent = true;
-    box.BackColor = colorOf({std::uint8_t(rgb >> 16), std::uint8_t(rgb >> 8), std::uint8_t(rgb)});
+    box.BackColor = colorIn(arguments.value("transparent"), "transparent");
 }
 
 void setQuality(ImageBox& box, const Arguments& arguments, const SaveFormat& format) {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/Arguments.h"
 #include "tasks/TaskList.h"
 
 namespace tarsel::cli {
 
-/// Whether a replay of the list draws text, which needs fonts.
-bool drawsText(const TaskList& tasks);
+/// Reads the list of --tasks, where it is given, and provides the fonts that a list with a text needs.
+void readTasks(const Arguments& arguments, TaskList& tasks);
 
 } // namespace tarsel::cli

@@ -20,6 +20,7 @@ public:
     /// Returns at the end, or when the run was cancelled. Raises the error that ended it; the result of its
     /// row is there, and the bar is hidden.
     void run();
+    bool wasCancelled() const { return m_cancelled; }
     /// Adds a result for every row that was not begun.
     void finish();
 

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "base/ListView.h"
+#include "base/TrappedError.h"
 #include "collections/RowResult.h"
 #include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <stop_token>
 #include <vector>
 
@@ -43,6 +45,12 @@ public:
     /// It returns false when it has skipped the row, or when a file turned up under a name that must be new.
     /// Returns nothing when the row's result is final.
     virtual std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) = 0;
+    /// For a row whose source holds no picture, or failed to load with that error. Returns the work that is
+    /// done in place of the other; nothing where none is, and such a failure ends the run.
+    virtual std::function<void()> consumeWithoutPicture(const ListRow&, RowResult&,
+                                                        const std::optional<TrappedError>&) {
+        return {};
+    }
     /// That work has succeeded.
     virtual void noteWritten(const RowResult&) {}
     /// Nothing more is done for the row, whatever became of it.

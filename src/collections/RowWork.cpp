@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/RowWork.h"
 
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
 #include "base/FileIdentity.h"
@@ -22,7 +23,7 @@ RowWork::RowWork(const RowRun& run, RowConsumer& consumer, ImageBox& box, RowAhe
 void RowWork::perform() {
     try {
         if (!load())
-            return m_result.skip(SkipReason::NoPicture, noPictureReason(m_row.tag));
+            return doWithoutPicture();
         reportTasks();
         consume();
     } catch (const TrappedError& error) {
@@ -38,14 +39,13 @@ void RowWork::perform() {
     }
 }
 
-/// The tasks have run as well then. False when the source holds no picture.
+/// The tasks have run as well then. False when the source holds no picture, or failed to load.
 bool RowWork::load() {
     m_tasks = m_run.tasks ? m_run.tasks() : std::vector<TaskRow>();
     m_box.Clear();
     PreparedRow prepared = prepare();
-    if (prepared.loadFailure)
-        throw *std::move(prepared.loadFailure);
-    if (!prepared.isPicture)
+    m_loadFailure = std::move(prepared.loadFailure);
+    if (m_loadFailure || !prepared.isPicture)
         return false;
     m_box = std::move(prepared.box);
     m_taskFailure = std::move(prepared.taskFailure);
@@ -53,6 +53,19 @@ bool RowWork::load() {
         m_result.remark(
             QCoreApplication::translate("RowLoop", "the source is damaged: %1").arg(m_box.LoadDamage()));
     return true;
+}
+
+void RowWork::doWithoutPicture() {
+    const bool isStopped = m_loadFailure && m_loadFailure->number == ErrorNumber::Interrupted;
+    const auto work = isStopped ? nullptr : m_consumer.consumeWithoutPicture(m_row, m_result, m_loadFailure);
+    if (!work && m_loadFailure)
+        throw *m_loadFailure;
+    if (m_loadFailure)
+        m_result.remark(namingSubject(m_loadFailure->description));
+    else
+        m_result.skip(SkipReason::NoPicture, noPictureReason(m_row.tag));
+    if (work)
+        m_ahead.finish(work);
 }
 
 /// The pointer of a busy program stays on after a failed task: whoever sets it next puts it right.

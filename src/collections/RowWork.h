@@ -18,6 +18,7 @@ public:
 
 private:
     bool load();
+    void doWithoutPicture();
     PreparedRow prepare();
     void reportTasks();
     void consume();
@@ -31,6 +32,7 @@ private:
     const ListRow m_row; ///< a copy: the list may change while events run
     const int m_position;
     std::vector<TaskRow> m_tasks;
+    std::optional<TrappedError> m_loadFailure;
     std::optional<TrappedError> m_taskFailure;
     RowResult m_result;
 };

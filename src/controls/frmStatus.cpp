@@ -23,9 +23,9 @@ ProgressBar& frmStatus::pbQueue() {
     return *m_ui->pbQueue;
 }
 
-void frmStatus::begin() {
+void frmStatus::begin(const QString& text) {
     CancelRequested = false;
-    m_ui->lblStatus->setText(m_waiting);
+    m_ui->lblStatus->setText(text.isEmpty() ? m_waiting : text);
     show();
 }
 

@@ -24,8 +24,8 @@ public:
     frmStatus& operator=(const frmStatus&) = delete;
 
     ProgressBar& pbQueue();
-    /// Opens with the waiting text and takes back an earlier run's cancel.
-    void begin();
+    /// Opens with a text, usually that of the form, and takes back an earlier run's cancel.
+    void begin(const QString& text = {});
     void finish();
 
 protected:

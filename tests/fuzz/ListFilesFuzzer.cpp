@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
 #include "collections/BasketFile.h"
+#include "publishing/MetadataBasket.h"
 #include "tasks/TaskCheck.h"
 #include "tasks/TaskFile.h"
 #include "tasks/TaskWords.h"
@@ -36,10 +37,17 @@ void tryBasketFile(const char* name, const QByteArray& bytes) {
     require(entries <= bytes.size(), "no file names more pictures than it has bytes");
 }
 
+void tryMetadataBasket(const QByteArray& bytes) {
+    QStringList lines;
+    ignoringErrors([&] { readMetadataBasket(fuzz::inputFile("list.mbf", bytes), lines); });
+    require(lines.size() <= bytes.size(), "no file has more lines than bytes");
+}
+
 } // namespace
 
 void fuzz::readListFiles(const QByteArray& bytes) {
     tryTaskFile(bytes);
     tryBasketFile("basket.ibf", bytes);
     tryBasketFile("basket.ibd", bytes);
+    tryMetadataBasket(bytes);
 }

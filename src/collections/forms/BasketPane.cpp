@@ -36,7 +36,7 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
 
 void BasketPane::setRunning(bool running) {
     m_actions.setEnabled({"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint",
-                          "cmdSaveAs", "mnuSaveAsJpeg"},
+                          "cmdSaveAs", "mnuSaveAsJpeg", "mnuSaveAsAlbum"},
                          !running);
     m_list->setEnabled(!running);
     m_running = running;
@@ -90,8 +90,9 @@ void BasketPane::enableHistory() {
 }
 
 void BasketPane::setAdding(bool adding) {
-    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdBatchPrint", "cmdSaveAs", "mnuSaveAsJpeg"},
-                         !adding && !m_running);
+    m_actions.setEnabled(
+        {"cmdPagesOpen", "cmdPagesSave", "cmdBatchPrint", "cmdSaveAs", "mnuSaveAsJpeg", "mnuSaveAsAlbum"},
+        !adding && !m_running);
     m_adding = adding;
     enableRowCommands();
 }
@@ -110,7 +111,8 @@ QLayout* BasketPane::makeBar() {
     for (const char* name :
          {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint"})
         bar->addWidget(m_actions.makeButton(name, this));
-    bar->addWidget(m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent", {"mnuSaveAsJpeg"}, this));
+    bar->addWidget(
+        m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent", {"mnuSaveAsJpeg", "mnuSaveAsAlbum"}, this));
     return bar;
 }
 
@@ -138,6 +140,7 @@ void BasketPane::connectActions() {
     join("cmdPagesSave", &BasketPane::cmdPagesSave);
     join("cmdPagesDelete", &BasketPane::cmdPagesDelete);
     join("mnuSaveAsJpeg", &BasketPane::saveAsJpegFiles);
+    join("mnuSaveAsAlbum", &BasketPane::saveAsAlbum);
     connect(&m_actions.action("mnuAddDescription"), &QAction::triggered, this, &BasketPane::addDescription);
     connect(&m_actions.action("mnuRenameTitle"), &QAction::triggered, this, &BasketPane::renameTitle);
     connect(&m_actions.action("mnuMoveUp"), &QAction::triggered, this, [this] { moveRows(-1); });

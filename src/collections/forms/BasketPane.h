@@ -34,6 +34,7 @@ Q_SIGNALS:
     void cmdPagesSave();
     void cmdPagesDelete();
     void saveAsJpegFiles();                          ///< "JPEG files (batch mode)"
+    void saveAsAlbum();                              ///< "Web Album"
     void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
     void saveRowAs(int row);                         ///< the picture of the row; -1 for none
     void titleRefused(const QString& reason);

@@ -4,9 +4,9 @@
 #include "controls/ColorWell.h"
 #include "controls/LineIcon.h"
 #include "controls/NumberBox.h"
+#include "controls/PictureButton.h"
 #include "tasks/TaskList.h"
 #include "tasks/forms/FormControls.h"
-#include "tasks/forms/PictureButton.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tasks/forms/PictureButton.h"
+#include "controls/PictureButton.h"
 
 #include <QPainter>
 
