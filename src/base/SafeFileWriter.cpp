@@ -170,13 +170,15 @@ void SafeFileWriter::finish(Step&& putInPlace) {
     m_state->committed = true;
 }
 
-void SafeFileWriter::commit() {
-    finish([this] {
+void SafeFileWriter::commit(const std::function<void()>& check) {
+    finish([&] {
         if (m_state->replaced) {
             copyAttributes(m_state->path, descriptor());
             copyOwnership(*m_state->replaced, descriptor());
         }
         m_state->file.sync();
+        if (check)
+            check();
         m_state->file.putInPlace(nameOf(m_state->path), m_state->replaced.has_value());
     });
 }

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <memory>
 
 class QFile;
@@ -38,7 +39,8 @@ public:
     /// descriptor. It stays the writer's own: don't close it.
     int descriptor() const;
     /// Syncs, and puts the file in its place. The target is as it was when it throws.
-    void commit();
+    /// `check` is called last: an error of its own leaves the target too.
+    void commit(const std::function<void()>& check = {});
     /// The same, but under a name that nothing has at that very moment: false when something has it, and the
     /// file there stays.
     bool commitAsNew();

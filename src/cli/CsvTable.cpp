@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/CsvTable.h"
 
+#include "base/CodePage.h"
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
@@ -74,7 +75,7 @@ private:
 } // namespace
 
 QList<QStringList> readCsv(const QByteArray& bytes) {
-    QString text = QString::fromUtf8(bytes);
+    QString text = codePage::decode(bytes);
     if (text.startsWith(QChar(u'\xFEFF')))
         text.remove(0, 1);
     return CsvReader(text).read();

@@ -8,9 +8,9 @@
 
 namespace tarsel::cli {
 
-/// The rows of comma-separated values in UTF-8 (RFC 4180): fields between quotes may hold commas, line ends
-/// and doubled quotes. A byte order mark at the start is dropped, an empty line is no row. Error 62 for a
-/// quote without its end.
+/// The rows of comma-separated values (RFC 4180) in UTF-8 or Windows-1252: fields between quotes may hold
+/// commas, line ends and doubled quotes. A byte order mark at the start is dropped, an empty line is no row.
+/// Error 62 for a quote without its end.
 QList<QStringList> readCsv(const QByteArray& bytes);
 
 } // namespace tarsel::cli

@@ -79,8 +79,18 @@ QList<std::pair<QString, QList<AttributeChange>>> changesOfTable(const QString& 
             QCoreApplication::translate("CommandLine", "%1: its first row must name the fields").arg(path)};
     const QDir folder = QFileInfo(path).dir();
     QList<std::pair<QString, QList<AttributeChange>>> changes;
-    for (const QStringList& row : rows.mid(1))
+    for (qsizetype i = 1; i < rows.size(); ++i) {
+        const QStringList& row = rows[i];
+        if (row.size() > fields.size() + 1)
+            throw UsageError{QCoreApplication::translate(
+                                 "CommandLine", "%1, row %2: %3 fields where the first row has %4; a field "
+                                                "with a comma goes between quotes")
+                                 .arg(path)
+                                 .arg(i + 1)
+                                 .arg(row.size())
+                                 .arg(fields.size() + 1)};
         changes.append({QDir::cleanPath(folder.absoluteFilePath(row.value(0))), changesOfRow(fields, row)});
+    }
     return changes;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/EditLock.h"
 #include "base/Locale.h"
 #include "base/TrappedError.h"
 #include "cli/Command.h"
@@ -90,6 +91,7 @@ struct Outcome {
 /// Runs `change` on the metadata of a picture and writes them where they became others. For any thread.
 Outcome outcomeOf(const QString& path, const std::function<void(ImageBox& box)>& change, bool isDry) {
     try {
+        const EditLock lock(path);
         ImageBox box;
         modMetadata::ReadMetadata(path, box);
         const EmbeddedMetadata before = box.metadata().blocks();

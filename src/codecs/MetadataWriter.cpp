@@ -98,9 +98,9 @@ void copyRange(SafeFileWriter& writer, const PictureSource& source, const FilePi
 
 class MetadataWriter {
 public:
-    MetadataWriter(const QString& path, int page) :
-        m_path(path), m_page(page), m_stamp(FileStamp::of(path)), m_source(PictureSource::ofFile(path)),
-        m_codec(codecForContent(m_source, path)) {
+    MetadataWriter(const QString& path, int page, const std::optional<FileStamp>& known = {}) :
+        m_path(path), m_page(page), m_stamp(known.value_or(FileStamp::of(path))),
+        m_source(PictureSource::ofFile(path)), m_codec(codecForContent(m_source, path)) {
         if (!m_codec || !m_codec->withMetadata)
             failWriting(path,
                         QT_TRANSLATE_NOOP("MetadataWriter", "metadata in this format can't be changed"));
@@ -139,31 +139,51 @@ public:
 private:
     void requireUnchanged() const {
         if (FileStamp::of(m_path) != m_stamp)
-            failWriting(m_path,
-                        QT_TRANSLATE_NOOP("MetadataWriter", "another program changed the file meanwhile"));
+            failChanged();
     }
 
-    /// A failure takes back what was appended; a kill leaves bytes after the end of what is read.
+    /// A failure takes back what was appended; a kill leaves bytes after the end of what is read. Nothing is
+    /// taken back or cleared when another program has written to the file meanwhile.
     void append(const AppendedChange& change, const EmbeddedMetadata& wanted) const {
         const FilePatch oldLink{change.link.at, m_source.bytes(change.link.at, change.link.bytes.size())};
+        const std::int64_t end = change.tail.at + change.tail.bytes.size();
         requireUnchanged();
         const PatchedFile file(m_path);
         bool isLinked = false;
         try {
             file.write(change.tail);
             file.sync();
+            requireOwn(oldLink, end);
             isLinked = true;
             file.write(change.link);
             requireReads(PictureSource::ofFile(m_path), wanted);
+            requireOwn(change.link, end);
         } catch (...) {
-            if (isLinked)
+            const std::int64_t size = PictureSource::ofFile(m_path).size();
+            if (isLinked && isOwn(change.link, end))
                 file.write(oldLink);
-            file.cutBackTo(m_source.size());
+            if (size <= end && isOwn(oldLink, size))
+                file.cutBackTo(m_source.size());
             throw;
         }
         file.sync();
-        for (const FilePatch& zeros : change.cleared)
-            file.write(zeros);
+        if (isOwn(change.link, end))
+            for (const FilePatch& zeros : change.cleared)
+                file.write(zeros);
+    }
+
+    /// Whether the file has this end, and this link in it.
+    bool isOwn(const FilePatch& link, std::int64_t end) const {
+        const PictureSource file = PictureSource::ofFile(m_path);
+        return file.size() == end && file.bytes(link.at, link.bytes.size()) == link.bytes;
+    }
+    void requireOwn(const FilePatch& link, std::int64_t end) const {
+        if (!isOwn(link, end))
+            failChanged();
+    }
+    [[noreturn]] void failChanged() const {
+        failWriting(m_path,
+                    QT_TRANSLATE_NOOP("MetadataWriter", "another program changed the file meanwhile"));
     }
 
     void writeAnew(const FilePieces& content, const EmbeddedMetadata& wanted) const {
@@ -175,8 +195,7 @@ private:
                 writer.write(piece.bytes);
         }
         requireReads(PictureSource::ofFile(writer.temporaryPath()), wanted);
-        requireUnchanged();
-        writer.commit();
+        writer.commit([this] { requireUnchanged(); });
     }
 
     /// What was written must read as wanted before it replaces anything.
@@ -218,8 +237,9 @@ MetadataChange changeBetween(const EmbeddedMetadata& present, const EmbeddedMeta
     return change;
 }
 
-void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted) {
-    MetadataWriter(path, page).write(wanted);
+void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted,
+                  const std::optional<FileStamp>& known) {
+    MetadataWriter(path, page, known).write(wanted);
 }
 
 QByteArray bytesWithMetadata(const QString& path, int page, const EmbeddedMetadata& wanted) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/FileStamp.h"
 #include "codecs/FilePieces.h"
 #include "embedded/EmbeddedMetadata.h"
 #include "embedded/ResourceBlocks.h"
@@ -40,7 +41,10 @@ MetadataChange changeBetween(const EmbeddedMetadata& present, const EmbeddedMeta
 ///
 /// Errors: those of reading and writing a file; 5 for a format whose metadata can't be changed, for a file
 /// that was changed by another program meanwhile, and for metadata that would not read as wanted.
-void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted);
+/// `known` is the file's stamp from before `wanted` was made of it. The caller holds an EditLock from then
+/// on.
+void saveMetadata(const QString& path, int page, const EmbeddedMetadata& wanted,
+                  const std::optional<FileStamp>& known = {});
 
 /// The bytes of the file that saveMetadata() would make of it. The same errors.
 QByteArray bytesWithMetadata(const QString& path, int page, const EmbeddedMetadata& wanted);

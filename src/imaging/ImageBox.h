@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "base/FileStamp.h"
 #include "codecs/SaveSettings.h"
 #include "embedded/MetadataStore.h"
 #include "pixels/Color.h"
@@ -66,6 +67,9 @@ public:
     /// Encodes by the path's extension with the save settings and the metadata held, through the safe writer.
     /// Once the writing has begun a stop is ignored.
     void SaveToFile(const QString& path, const std::stop_token& stop = {});
+    /// The metadata of the page PageNumber alone, by the file's content. Error 481 for unknown content. The
+    /// next SaveMetadataOnly refuses to write when the file is another one by then.
+    void LoadMetadataOnly(const QString& path);
     /// Puts the metadata held into an existing JPEG, TIFF or PSD file, whose pixels, pages and layers keep
     /// their bytes. Error 5 for another format, and as saveMetadata().
     void SaveMetadataOnly(const QString& path);
@@ -211,6 +215,7 @@ private:
     Picture m_picture;
     MetadataStore m_metadata;
     mutable std::optional<Encoded> m_encoded; ///< of the picture as it is
+    std::optional<FileStamp> m_metadataStamp; ///< when LoadMetadataOnly read the file
     bool m_loadFailed = false;
     QString m_loadDamage;
     SelectionShape m_selectionShape = SelectionShape::None;

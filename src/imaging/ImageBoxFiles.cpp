@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <utility>
 
 namespace tarsel {
 
@@ -68,8 +69,17 @@ void ImageBox::SaveToFile(const QString& path, const std::stop_token& stop) {
     writeFileSafely(path, bytes);
 }
 
+void ImageBox::LoadMetadataOnly(const QString& path) {
+    m_metadataStamp = FileStamp::of(path);
+    const PictureFile file(path);
+    if (!file.isRecognised())
+        fail(ErrorNumber::InvalidPicture,
+             QCoreApplication::translate("ImageBoxFiles", "%1: unknown content").arg(path));
+    m_metadata = MetadataStore(file.metadata(PageNumber));
+}
+
 void ImageBox::SaveMetadataOnly(const QString& path) {
-    saveMetadata(path, PageNumber, m_metadata.blocks());
+    saveMetadata(path, PageNumber, m_metadata.blocks(), std::exchange(m_metadataStamp, {}));
 }
 
 QByteArray ImageBox::encoded(const QString& extension) const {

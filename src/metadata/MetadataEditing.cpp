@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
-#include "codecs/PictureFile.h"
 #include "embedded/IptcFields.h"
 #include "embedded/PrivateMetadata.h"
 #include "metadata/modMetadata.h"
@@ -95,11 +94,7 @@ bool changeAndSave(ImageBox& box, const QString& path, bool writes, Change&& cha
 } // namespace
 
 void ReadMetadata(const QString& path, ImageBox& box) {
-    const PictureFile file(path);
-    if (!file.isRecognised())
-        fail(ErrorNumber::InvalidPicture,
-             QCoreApplication::translate("modMetadata", "%1: unknown content").arg(path));
-    box.metadata() = MetadataStore(file.metadata(box.PageNumber));
+    box.LoadMetadataOnly(path);
 }
 
 bool SetMetadataAttribute(ImageBox& box, bool isIptc, const QString& name, const AttributeValue& value,

@@ -67,4 +67,28 @@ TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
                               "set --iptc Nothing=1 a.jpg", "get", "lose a.jpg"})
         EXPECT_EQ(folder.run(commandLine("metadata") + commandLine(wrong)).status, 2) << wrong;
     EXPECT_THROW(cli::readCsv("a,\"b"), TrappedError);
+    EXPECT_EQ(cli::readCsv("a,Gr\xF6\xDF"
+                           "e")
+                  .value(0)
+                  .value(1),
+              QString::fromUtf8("Gr\u00F6\u00DFe"));
+    writeFileSafely(folder.path("t.csv"), "file,Caption\na.jpg,one, two\n");
+    EXPECT_EQ(folder.run("metadata set --from t.csv").status, 2);
+}
+
+TEST(MetadataCommand, TwoEditsOfAFileAtOnceBothArrive) {
+    const PictureFolder folder;
+    for (int round = 0; round < 6; ++round) {
+        const QString value = QString::number(round);
+        std::vector<pid_t> edits;
+        for (const char* name : {"Artist", "Copyright", "Make"})
+            edits.push_back(
+                startProgram(commandLine("metadata set a.jpg --exif") << QLatin1String(name) + u'=' + value,
+                             folder.path()));
+        for (const pid_t edit : edits)
+            EXPECT_EQ(endOf(edit), 0);
+        const ImageBox box = folder.loaded("a.jpg");
+        for (const char* name : {"Artist", "Copyright", "Make"})
+            EXPECT_EQ(box.ExifValueByName(QLatin1String(name)), value) << name;
+    }
 }

@@ -267,6 +267,13 @@ TEST_F(MetadataEditing, AFailureLeavesFileAndBoxAsTheyWere) {
         UpdateMetadataAttribute(path, false, QStringLiteral("PixelXDimension"), QStringLiteral("wide"), box));
     EXPECT_EQ(box.metadata().blocks(), held);
     EXPECT_EQ(bytesOf(path), before);
+    ReadMetadata(path, box);
+    const QByteArray others = before + "x";
+    writeFileSafely(path, others);
+    EXPECT_THROW(
+        (void)UpdateMetadataAttribute(path, true, QStringLiteral("Caption"), QStringLiteral("c"), box),
+        TrappedError);
+    EXPECT_EQ(bytesOf(path), others) << "another program's file was replaced";
 }
 
 } // namespace tarsel

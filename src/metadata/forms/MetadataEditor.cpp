@@ -2,6 +2,7 @@
 #include "metadata/forms/MetadataEditor.h"
 
 #include "base/Dialogs.h"
+#include "base/EditLock.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/Locale.h"
@@ -128,6 +129,7 @@ bool MetadataEditor::change(const Change& change, const QStringList& own) {
     edited.PageNumber = m_box.PageNumber;
     bool isDone = false;
     m_change.run([&] {
+        const EditLock lock(path);
         modMetadata::ReadMetadata(path, edited);
         isDone = change(path, edited);
     });
