@@ -201,8 +201,8 @@ QString iptcRowText(const MetadataStore& store, const IptcField& field, const Da
         return iptcList(store, member).join(u',');
     case Date:
     case Time: {
-        const QString shown = shortDateText(iptcDate(store, member), forms);
-        return shown == QLatin1String("12/30/1899") ? QString() : shown;
+        const QDateTime date = iptcDate(store, member);
+        return date.date() == emptyDate().date() ? QString() : shortDateText(date, forms);
     }
     case Text:
     case Urgency:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
 #include "base/ErrorTrap.h"
+#include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 #include "base/Locale.h"
 #include "embedded/IptcFields.h"
@@ -17,12 +18,19 @@ QString shownDate(const QString& value) {
     QString shown = value;
     ignoringErrors([&] {
         if (const QDateTime date = ImageBox::ExifTextToDate(value.trimmed()); date != emptyDate())
-            shown = formatDate(date, QStringLiteral("m/d/yyyy h:mm:ss AM/PM"));
+            shown = formatDate(date, ExifRowDate);
     });
     return shown;
 }
 
 } // namespace
+
+QDateTime DateOfRow(const QString& name, const QString& shown, const DateForms& forms) {
+    QDateTime date;
+    if (IsExifDate(name) && !failureOf([&] { date = toDate(shown); }))
+        return date;
+    return toDate(shown, forms);
+}
 
 QString ShownExifValue(const QString& name, const QString& value) {
     if (IsExifDate(name))

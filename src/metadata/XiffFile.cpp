@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Conversions.h"
+#include "base/FailureOf.h"
 #include "base/TrappedError.h"
 #include "metadata/clsFileEXIF.h"
 #include "metadata/modMetadata.h"
@@ -13,13 +14,18 @@ namespace tarsel::modMetadata {
 namespace {
 
 /// A date as the list shows it; one that couldn't be read is shown, and stored, as it stands in the picture.
-QString exifDate(const QString& shown, const DateForms& forms) {
-    static const QRegularExpression asItStands(QStringLiteral("^[\\d ]{4}:[\\d ]{2}:[\\d ]{2} |^ *$"));
-    return asItStands.match(shown).hasMatch() ? shown : ImageBox::ExifDateToText(toDate(shown, forms));
+QString exifDate(const QString& name, const QString& shown, const DateForms& forms) {
+    static const QRegularExpression yearFirst(QStringLiteral("^[\\d ]{4}\\D|^ *$"));
+    QDateTime date;
+    if (const auto failure = failureOf([&] { date = DateOfRow(name, shown, forms); }); !failure)
+        return ImageBox::ExifDateToText(date);
+    else if (!yearFirst.match(shown).hasMatch())
+        throw *failure;
+    return shown;
 }
 
 bool applyRecord(const QString& name, const QString& value, ImageBox& box, const DateForms& forms) {
-    return box.ExifSet(name, IsExifDate(name) ? exifDate(value, forms) : value) &&
+    return box.ExifSet(name, IsExifDate(name) ? exifDate(name, value, forms) : value) &&
            box.ExifSet(QStringLiteral("Software"), ProductTitle);
 }
 

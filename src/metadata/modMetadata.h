@@ -50,6 +50,10 @@ void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path
 /// The same rows of metadata alone. Errors are raised.
 void AddExifRows(const MetadataStore& metadata, ListView& list);
 void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms& forms);
+/// The pattern in which rows, and side files made of them, show EXIF dates on every system.
+inline const QString ExifRowDate = QStringLiteral("m/d/yyyy h:mm:ss AM/PM");
+/// The date that a row shows: an EXIF one in the pattern above before the user's own form. Error 13 for none.
+QDateTime DateOfRow(const QString& name, const QString& shown, const DateForms& forms);
 /// The row of one EXIF attribute, and its raw value as the row shows it.
 void AddExifRow(ListView& list, const QString& name, const QString& value);
 QString ShownExifValue(const QString& name, const QString& value);
@@ -116,9 +120,9 @@ void RemovePrivateMetadata(ImageBox& box);
 int WriteXiffFile(const QString& path, const ListView& rows);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
-/// opened changes nothing. Dates are read in the user's own form first. Returns the names and values that
-/// were set; one that its attribute can't take is passed over. Error 13 for an invalid date, 62 for a file
-/// that ends within a record.
+/// opened changes nothing. Dates are read as rows show them, and one that stands as it is in a picture is set
+/// so. Returns the names and values that were set; one that its attribute can't take is passed over. Error 13
+/// for an invalid date, 62 for a file that ends within a record.
 QList<std::pair<QString, QString>> ApplyXiffFile(const QString& path, ImageBox& box,
                                                  const DateForms& forms = {});
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/forms/MetadataPane.h"
+#include "base/Locale.h"
 #include "base/SafeFileWriter.h"
 #include "codecs/PictureFile.h"
 #include "controls/ListControl.h"
+#include "controls/ucDateTimePicker.h"
 #include "embedded/IptcFields.h"
 #include "metadata/forms/FileChange.h"
 #include "metadata/modMetadata.h"
@@ -27,6 +29,10 @@
 namespace tarsel::test {
 
 namespace {
+
+struct DayFirst final : Locale {
+    DateForms dateForms() override { return {QStringLiteral("dd/MM/yyyy"), QStringLiteral("HH:mm:ss")}; }
+};
 
 class MetadataPaneOfTheWindow : public WindowTest {
 protected:
@@ -162,6 +168,23 @@ TEST_F(MetadataPaneOfTheWindow, EditsExifInTheFile) {
     });
     press("cmdEXIFBar_2");
     addAttribute("Make", "Acme");
+    DayFirst dayFirst;
+    const ServiceScope<Locale> abroad(dayFirst);
+    const auto pick = [&](const char* dialog, QDate before, QDate day) {
+        answer(dialog, [=](QWidget& box) {
+            if (box.objectName() == QLatin1String("frmExifNewAttribute"))
+                child<QComboBox>(box, "cmbAttribute").setCurrentText(QStringLiteral("DateTime"));
+            auto& picker = child<ucDateTimePicker>(box, "ucDateTime");
+            EXPECT_TRUE(before.isNull() || picker.DateSelected().date() == before);
+            picker.setDateSelected(day.startOfDay());
+        });
+    };
+    pick("frmExifNewAttribute", {}, {2004, 12, 11});
+    press("cmdEXIFBar_1");
+    exif().selectOnly(rowOf(exif(), "DateTime"));
+    pick("frmExifEditAttribute", {2004, 12, 11}, {2004, 12, 10});
+    press("cmdEXIFBar_0");
+    EXPECT_EQ(attribute("DateTime").left(10), QStringLiteral("2004:12:10"));
     answerYes();
     press("cmdEXIFBar_3");
     EXPECT_EQ(attribute("Software"), QString());

@@ -2,7 +2,6 @@
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "embedded/IptcFields.h"
-#include "metadata/clsFileEXIF.h"
 #include "metadata/modMetadata.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestDesktop.h"
@@ -99,39 +98,26 @@ TEST_F(SideFile, AnFfoFileCutAnywhereIsRefusedAndLeavesThePicture) {
               ErrorNumber::FileNotFound);
 }
 
-TEST_F(SideFile, RecordsOfAXiffFileAreQuotedAndComeBack) {
-    clsFileEXIF file;
-    EXPECT_FALSE(file.OpenForRead(path("missing.xiff")));
-    QString name = QStringLiteral("before"), value;
-    file.ReadEXIF(name, value);
-    EXPECT_EQ(name, QStringLiteral("before")) << "nothing is read from a file that is not open";
-    ASSERT_TRUE(file.OpenForWrite(path("a.xiff")));
-    file.WriteEXIF(QStringLiteral("Make"), QStringLiteral("Acme, Inc."));
-    file.WriteEXIF(QStringLiteral("Artist"), QStringLiteral("谢谢"));
-    file.closefile();
-    EXPECT_TRUE(readWholeFile(path("a.xiff")).startsWith("\"Make\",\"Acme, Inc.\"\r\n"));
-    ASSERT_TRUE(file.OpenForRead(path("a.xiff")));
-    EXPECT_EQ(file.FileName(), path("a.xiff"));
-    file.ReadEXIF(name, value);
-    EXPECT_EQ(value, QStringLiteral("Acme, Inc."));
-    file.ReadEXIF(name, value);
-    EXPECT_EQ(name, QStringLiteral("Artist"));
-    EXPECT_EQ(value, QStringLiteral("谢谢"));
-    EXPECT_TRUE(file.fEof());
-}
-
 TEST_F(SideFile, AppliedAttributesBrandThePictureAndDatesAreTurned) {
     ImageBox box;
     for (const QString& setsNothing : {written("\"NoSuchName\",\"x\"\r\n"), path("missing.xiff")})
         modMetadata::ApplyXiffFile(setsNothing, box);
     EXPECT_EQ(box.ExifCount(), 0);
     modMetadata::ApplyXiffFile(written("\"Make\",\"Acme, Inc.\"\r\n"
-                                       "  DateTimeOriginal ,\"1/31/2004 3:05:09 PM\"\r\n"
+                                       "  DateTimeOriginal ,\"12/11/2004 3:05:09 PM\"\r\n"
+                                       "DateTime,\"31/1/2004\"\r\n"
+                                       "\"Copyright\",\"Ann\nBob\"\r\n"
+                                       "DateTimeDigitized,\"2004.01.31 15.05.09\"\r\n"
                                        "\"FNumber\",\"28/10\"\r\n"
                                        "\"NoSuchName\",\"x\"\r\n"),
-                               box);
+                               box, {QStringLiteral("d/M/yyyy"), QStringLiteral("HH:mm:ss")});
     EXPECT_EQ(box.ExifValueByName(QStringLiteral("Make")), QStringLiteral("Acme, Inc."));
-    EXPECT_EQ(box.ExifValueByName(QStringLiteral("DateTimeOriginal")), QStringLiteral("2004:01:31 15:05:09"));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("DateTimeOriginal")), QStringLiteral("2004:12:11 15:05:09"));
+    EXPECT_TRUE(box.metadata().blocks().exif.contains(QByteArray("Ann\0Bob\0", 8)));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("Copyright")), QStringLiteral("Ann\nBob"));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("DateTime")), QStringLiteral("2004:01:31 00:00:00"));
+    EXPECT_EQ(box.ExifValueByName(QStringLiteral("DateTimeDigitized")),
+              QStringLiteral("2004.01.31 15.05.09"));
     EXPECT_EQ(box.ExifValueByName(QStringLiteral("FNumber")), QStringLiteral("28/10"));
     EXPECT_EQ(box.ExifValueByName(QStringLiteral("Software")), modMetadata::ProductTitle);
 }

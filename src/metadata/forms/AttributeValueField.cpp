@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/forms/AttributeValueField.h"
 
-#include "base/Conversions.h"
 #include "base/IgnoringErrors.h"
 #include "base/Locale.h"
 #include "controls/ucDateTimePicker.h"
@@ -14,8 +13,6 @@ namespace tarsel {
 
 namespace {
 
-const QString dayForm = QStringLiteral("m/d/yyyy");
-const QString timeForm = QStringLiteral("h:mm:ss AM/PM");
 constexpr int linesShown = 4;
 
 } // namespace
@@ -31,16 +28,12 @@ void AttributeValueField::showFor(const QString& name, const QString& value) {
     m_text->setVisible(!m_isDate);
     m_date->setVisible(m_isDate);
     m_text->setPlainText(value);
-    m_shownDay.clear();
-    m_timeOfDay.clear();
-    QDateTime date = QDate::currentDate().startOfDay();
+    m_shownDate = {};
     if (m_isDate && !value.isEmpty())
-        ignoringErrors([&] { // one that can't be read gives way to today
-            date = toDate(value, service<Locale>().dateForms());
-            m_shownDay = formatDate(date, dayForm);
-            m_timeOfDay = formatDate(date, timeForm);
+        ignoringErrors([&] { // today takes the place of one that can't be read
+            m_shownDate = modMetadata::DateOfRow(name, value, service<Locale>().dateForms());
         });
-    m_date->setDateSelected(date);
+    m_date->setDateSelected(m_shownDate.isValid() ? m_shownDate : QDate::currentDate().startOfDay());
 }
 
 QWidget* AttributeValueField::input() const {
@@ -48,7 +41,11 @@ QWidget* AttributeValueField::input() const {
 }
 
 QString AttributeValueField::text() const {
-    return m_isDate ? formatDate(m_date->DateSelected(), dayForm) : m_text->toPlainText().trimmed();
+    return m_text->toPlainText().trimmed();
+}
+
+QDate AttributeValueField::day() const {
+    return m_date->DateSelected().date();
 }
 
 void AttributeValueField::selectAll() {

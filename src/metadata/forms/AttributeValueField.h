@@ -23,12 +23,10 @@ public:
     void showFor(const QString& name, const QString& value);
     bool isDate() const { return m_isDate; }
     QWidget* input() const; ///< the one of the two controls that shows
-    /// What the user typed, without blanks around it, or the day as "m/d/yyyy".
-    QString text() const;
-    /// The day of the value that was shown, in the same form; empty for none.
-    const QString& shownDay() const { return m_shownDay; }
-    /// The time of day of that value as "h:mm:ss AM/PM"; empty for none.
-    const QString& timeOfDay() const { return m_timeOfDay; }
+    QString text() const;   ///< what the user typed, without blanks around it
+    QDate day() const;
+    /// The date that was shown; not valid for none.
+    const QDateTime& shownDate() const { return m_shownDate; }
     void selectAll();
 
 Q_SIGNALS:
@@ -41,8 +39,7 @@ private:
     QPlainTextEdit* m_text;
     ucDateTimePicker* m_date;
     bool m_isDate = false;
-    QString m_shownDay;
-    QString m_timeOfDay;
+    QDateTime m_shownDate;
 };
 
 } // namespace tarsel

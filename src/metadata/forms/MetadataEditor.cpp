@@ -13,7 +13,6 @@
 #include "metadata/forms/frmExifNewAttribute.h"
 #include "metadata/forms/frmIPTCCategory.h"
 #include "metadata/forms/frmIPTCKeywords.h"
-#include "metadata/modMetadata.h"
 
 #include <QFileInfo>
 #include <QScopedValueRollback>
@@ -51,11 +50,13 @@ QString attributeOf(const ListRow& row) {
     return row.tag.isEmpty() ? row.key : row.tag;
 }
 
-bool hasExif(const MetadataStore& metadata, const QString& name) {
-    for (int i = 0; i < metadata.ExifCount(); ++i)
-        if (metadata.ExifName(i) == name)
-            return true;
-    return false;
+/// A new value as its row shows it.
+QString shownText(bool isIptc, const modMetadata::AttributeValue& value) {
+    const auto* date = std::get_if<QDateTime>(&value);
+    if (!date)
+        return std::get<QString>(value);
+    return isIptc ? shortDateText(*date, service<Locale>().dateForms())
+                  : formatDate(*date, modMetadata::ExifRowDate);
 }
 
 /// A list as the file has it now, with what the user added to the list on show and removed from it: the items
@@ -144,7 +145,7 @@ bool MetadataEditor::change(const Change& change, const QStringList& own) {
 }
 
 /// Without a message box where the value doesn't fit: the row stays as it was.
-bool MetadataEditor::update(bool isIptc, const QString& name, const QString& value) {
+bool MetadataEditor::update(bool isIptc, const QString& name, const modMetadata::AttributeValue& value) {
     TrappingString = tr("Updating metadata attribute");
     const DateForms forms = service<Locale>().dateForms();
     const bool isDone = change(
@@ -153,7 +154,7 @@ bool MetadataEditor::update(bool isIptc, const QString& name, const QString& val
         },
         {name});
     if (!isDone)
-        Q_EMIT remarked(tr("%1 can't take this value: %2").arg(name, value));
+        Q_EMIT remarked(tr("%1 can't take this value: %2").arg(name, shownText(isIptc, value)));
     return isDone;
 }
 
@@ -199,14 +200,9 @@ void MetadataEditor::editText(const QString& name, const QString& value) {
     frmExifEditAttribute dialog(name, value, m_owner);
     ask(dialog, [&] {
         const bool isIptc = CurrentMetadataTab == Iptc;
-        QString shown = dialog.MetadataValue();
-        if (!update(isIptc, name, shown))
-            return;
-        if (isIptc && modMetadata::IsIptcDate(name)) {
-            const DateForms forms = service<Locale>().dateForms();
-            shown = shortDateText(toDate(shown, forms), forms);
-        }
-        showInRow(name, shown);
+        const modMetadata::AttributeValue entered = dialog.MetadataValue();
+        if (update(isIptc, name, entered))
+            showInRow(name, shownText(isIptc, entered));
     });
 }
 
@@ -251,13 +247,13 @@ void MetadataEditor::subAddExifAttribute() {
     });
 }
 
-void MetadataEditor::addExif(const QString& name, const QString& value) {
+void MetadataEditor::addExif(const QString& name, const modMetadata::AttributeValue& value) {
     if (!update(false, name, value) || !isShown())
         return;
     ListRow row;
     row.text = row.key = row.tag = name;
     row.icon = modMetadata::editableIcon;
-    row.subItems = {value};
+    row.subItems = {shownText(false, value)};
     m_exif.add(row);
 }
 

@@ -4,6 +4,7 @@
 #include "base/ListView.h"
 #include "imaging/ImageBox.h"
 #include "metadata/forms/FileChange.h"
+#include "metadata/modMetadata.h"
 
 #include <QObject>
 #include <functional>
@@ -51,7 +52,7 @@ private:
 
     void run(const char* routine, const QString& trappingText, const std::function<void()>& body);
     bool change(const Change& change, const QStringList& own = {});
-    bool update(bool isIptc, const QString& name, const QString& value);
+    bool update(bool isIptc, const QString& name, const modMetadata::AttributeValue& value);
     ListView& list() const { return CurrentMetadataTab == Exif ? m_exif : m_iptc; }
     bool isShown() const; ///< the picture that the command in work is about
 
@@ -60,7 +61,7 @@ private:
     void editText(const QString& name, const QString& value);
     void editKeywords();
     void editCategories();
-    void addExif(const QString& name, const QString& value);
+    void addExif(const QString& name, const modMetadata::AttributeValue& value);
     void showInRow(const QString& name, const QString& value);
     void deleteExif();
     void deleteIptc();

@@ -22,12 +22,15 @@ frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& v
 
 frmExifEditAttribute::~frmExifEditAttribute() = default;
 
-QString frmExifEditAttribute::MetadataValue() const {
-    return m_field->isDate() ? m_field->text() + QLatin1Char(' ') + m_field->timeOfDay() : m_field->text();
+modMetadata::AttributeValue frmExifEditAttribute::MetadataValue() const {
+    if (!m_field->isDate())
+        return m_field->text();
+    const QTime time = m_field->shownDate().time();
+    return QDateTime(m_field->day(), time.isValid() ? time : QTime(0, 0));
 }
 
 void frmExifEditAttribute::cmdOK_Click() {
-    if (m_field->text() == (m_field->isDate() ? m_field->shownDay() : m_value))
+    if (m_field->isDate() ? m_field->day() == m_field->shownDate().date() : m_field->text() == m_value)
         reject();
     else
         accept();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "metadata/modMetadata.h"
+
 #include <QDialog>
 #include <memory>
 
@@ -21,7 +23,7 @@ public:
     frmExifEditAttribute(const frmExifEditAttribute&) = delete;
     frmExifEditAttribute& operator=(const frmExifEditAttribute&) = delete;
 
-    QString MetadataValue() const;
+    modMetadata::AttributeValue MetadataValue() const;
 
 private:
     void cmdOK_Click();

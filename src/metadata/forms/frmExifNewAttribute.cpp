@@ -2,11 +2,9 @@
 #include "metadata/forms/frmExifNewAttribute.h"
 
 #include "base/Clock.h"
-#include "base/Conversions.h"
 #include "controls/FormScrollArea.h"
 #include "metadata/forms/AttributeValueField.h"
 #include "metadata/forms/ui_frmExifNewAttribute.h"
-#include "metadata/modMetadata.h"
 
 namespace tarsel {
 
@@ -37,11 +35,10 @@ QString frmExifNewAttribute::MetadataName() const {
     return m_ui->cmbAttribute->currentText();
 }
 
-QString frmExifNewAttribute::MetadataValue() const {
+modMetadata::AttributeValue frmExifNewAttribute::MetadataValue() const {
     if (!m_field->isDate())
         return m_field->text();
-    return m_field->text() + QLatin1Char(' ') +
-           formatDate(service<Clock>().now(), QStringLiteral("h:mm:ss AM/PM"));
+    return QDateTime(m_field->day(), service<Clock>().now().time());
 }
 
 } // namespace tarsel

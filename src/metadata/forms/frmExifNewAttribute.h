@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/ListView.h"
+#include "metadata/modMetadata.h"
 
 #include <QDialog>
 #include <memory>
@@ -23,7 +24,7 @@ public:
     frmExifNewAttribute& operator=(const frmExifNewAttribute&) = delete;
 
     QString MetadataName() const;
-    QString MetadataValue() const; ///< a date has the present time of day
+    modMetadata::AttributeValue MetadataValue() const; ///< a date has the present time of day
 
 private:
     void showField();
