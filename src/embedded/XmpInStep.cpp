@@ -129,6 +129,11 @@ QStringList textsFromIptc(const MetadataStore& store, const Row& row) {
 }
 
 class Stepper {
+QStringList filled(QStringList texts) {
+    texts.removeAll(QString());
+    return texts;
+}
+
 public:
     Stepper(const MetadataStore& before, const MetadataStore& after) :
         m_before(before), m_after(after), m_blocks(after.blocks()) {
@@ -146,17 +151,17 @@ public:
 
 private:
     void follow(const Row& row) {
-        const QStringList exif = textsFromExif(m_after, row), iptc = textsFromIptc(m_after, row);
-        const bool byExif = exif != textsFromExif(m_before, row),
-                   byIptc = iptc != textsFromIptc(m_before, row);
+        const QStringList exif = filled(textsFromExif(m_after, row)),
+                          iptc = filled(textsFromIptc(m_after, row));
+        const bool byExif = exif != filled(textsFromExif(m_before, row)),
+                   byIptc = iptc != filled(textsFromIptc(m_before, row));
         if (!byExif && !byIptc)
             return;
-        QStringList texts = byExif ? exif : iptc;
-        texts.removeAll(QString());
-        if (texts.isEmpty())
-            texts = byExif ? iptc : exif;
-        texts.removeAll(QString());
-        state(row.xmp, texts, row.kind);
+        const bool isSet = (byExif && !exif.isEmpty()) || (byIptc && !iptc.isEmpty());
+        if (isSet || (exif.isEmpty() && iptc.isEmpty()))
+            state(row.xmp, byExif && !exif.isEmpty() ? exif : iptc, row.kind);
+        else // deleted where the other block still has a value, shorter perhaps
+            m_result.lacks = m_result.lacks || byIptc;
     }
 
     /// Attributes of whatever name: numbers are written in XMP as they are shown here.
