@@ -72,7 +72,8 @@ bool hasRow(const QString& exifName) {
 /// "2004:01:31 15:05:09" as "2004-01-31T15:05:09"; "" for an unknown or unreadable date.
 QString dateFromExif(const QString& text) {
     static const QRegularExpression form(
-        QStringLiteral("^\\s*(\\d{4}):(\\d\\d):(\\d\\d) (\\d\\d:\\d\\d:\\d\\d)"));
+        QStringLiteral("^\\s*(\\d{4}):(\\d\\d):(\\d\\d) (\\d\\d:\\d\\d:\\d\\d)(?!.*[a-y])"),
+        QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch() || match.captured(1) == QLatin1String("0000"))
         return {};
@@ -128,12 +129,12 @@ QStringList textsFromIptc(const MetadataStore& store, const Row& row) {
     return store.iptcList(row.dataset);
 }
 
-class Stepper {
 QStringList filled(QStringList texts) {
     texts.removeAll(QString());
     return texts;
 }
 
+class Stepper {
 public:
     Stepper(const MetadataStore& before, const MetadataStore& after) :
         m_before(before), m_after(after), m_blocks(after.blocks()) {

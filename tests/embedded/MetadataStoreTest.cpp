@@ -225,11 +225,13 @@ TEST(ExifDate, TextsBecomeDatesAndBack) {
     } cases[] = {
         {"2004:01:31 15:05:09", moment},          {"2004-01-31T15:05:09+01:00", moment},
         {" 2004:01:31 15:05:09 ", moment},        {"2004:01:31", day},
-        {"2004:01:31 15:05", moment.addSecs(-9)},
+        {"2004:01:31 15:05", moment.addSecs(-9)}, {"2004:01:31 03:05:09.25 pm", moment},
+        {"2004:01:31 12:00:00 AM", day},
     };
     for (const auto& c : cases)
         EXPECT_EQ(exifTextToDate(word(c.text)), c.date) << c.text;
     EXPECT_EQ(exifDateToText(moment), word("2004:01:31 15:05:09"));
-    for (const char* text : {"today", "2004:02:30 00:00:00", "2004:01:31 25:00:00", "2004", "31.01.2004"})
+    for (const char* text : {"today", "2004:02:30 00:00:00", "2004:01:31 25:00:00", "2004", "31.01.2004",
+                             "2004:01:31 03:05:09 p.m."})
         EXPECT_THROW(exifTextToDate(word(text)), TrappedError) << text;
 }
