@@ -33,13 +33,13 @@ QByteArray untilNul(QByteArrayView bytes) {
     return bytes.first(end < 0 ? bytes.size() : end).toByteArray();
 }
 
-/// The holders of a copyright: photographer and editor, each ended by a zero.
+/// The holders of a copyright: photographer and editor, each ended by a zero; a line each.
 QString copyrightText(QByteArrayView bytes) {
     QStringList holders;
     for (const QByteArray& part : bytes.toByteArray().split('\0'))
         if (const QString holder = codePage::decode(part).trimmed(); !holder.isEmpty())
             holders << holder;
-    return holders.join(QStringLiteral(", "));
+    return holders.join(u'\n');
 }
 
 QString hexText(QByteArrayView bytes) {
@@ -262,6 +262,8 @@ std::optional<ExifValueBytes> exifValueFromText(const ExifTag& tag, const QStrin
         return textValue(ExifType::Undefined, commentBytes(text, order));
     if (tag.wording == ExifWording::Utf16)
         return textValue(ExifType::Byte, utf16Bytes(text));
+    if (tag.type == ExifType::Ascii && tag.tag == copyrightTag)
+        return textValue(ExifType::Ascii, text.toUtf8().replace('\n', '\0') + '\0');
     if (tag.type == ExifType::Ascii)
         return textValue(ExifType::Ascii, text.toUtf8() + '\0');
     if (tag.type == ExifType::Undefined || (tag.type == ExifType::Byte && text.contains(u',')))

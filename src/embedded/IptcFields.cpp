@@ -61,8 +61,8 @@ constexpr std::array listedFields{
     FieldRow{"IptcCountryCode", 100, Text, "Country Code", 3},
     FieldRow{"IptcLocalCaption", 121, Text, "Local Caption", 256},
 };
-const QString severalTexts =
-    QStringLiteral(", "); ///< between the texts of a field that a file has more than once
+/// Between the texts of a field that a file has more than once; names hold commas.
+const QString severalTexts = QStringLiteral("; ");
 constexpr int customFieldCount = 20;
 constexpr int firstCustomDataset = 200;
 constexpr FieldRow imageNotes{"IptcImageNotes", 230, Text, "Image Notes"};
@@ -153,7 +153,7 @@ QString iptcText(const MetadataStore& store, std::string_view member) {
 void setIptcText(MetadataStore& store, std::string_view member, const QString& text) {
     const int dataset = iptcField(member).dataset;
     if (store.iptcList(dataset).size() > 1)
-        store.setIptcList(dataset, text.split(severalTexts, Qt::SkipEmptyParts));
+        store.setIptcList(dataset, iptcParts(store, member, text));
     else
         store.setIptcText(dataset, text);
 }
@@ -161,6 +161,18 @@ void setIptcText(MetadataStore& store, std::string_view member, const QString& t
 QStringList iptcList(const MetadataStore& store, std::string_view member) {
     return store.iptcList(iptcField(member).dataset);
 }
+QStringList iptcParts(const MetadataStore& store, std::string_view member, const QString& text) {
+    const QStringList present = store.iptcList(iptcField(member).dataset);
+    if (present.size() < 2)
+        return {text};
+    if (present.join(severalTexts) == text)
+        return present;
+    QStringList parts = text.split(u';');
+    std::ranges::transform(parts, parts.begin(), [](const QString& part) { return part.trimmed(); });
+    parts.removeAll(QString());
+    return parts;
+}
+
 
 void setIptcList(MetadataStore& store, std::string_view member, const QStringList& texts) {
     store.setIptcList(iptcField(member).dataset, texts);

@@ -40,8 +40,9 @@ const IptcField& iptcField(std::string_view member);
 const IptcField* iptcFieldByLabel(const QString& label);
 
 QString iptcText(const MetadataStore& store, std::string_view member); ///< "" when absent
-/// A file can have a field more than once, such as the by-line: then the text is that of its row, split
-/// again.
+/// The text as the store would hold it: of a field that is there more than once, such as the by-line, it is
+/// the text of the row and split at ";".
+QStringList iptcParts(const MetadataStore& store, std::string_view member, const QString& text);
 void setIptcText(MetadataStore& store, std::string_view member, const QString& text);
 
 QStringList iptcList(const MetadataStore& store, std::string_view member);
@@ -56,7 +57,7 @@ void setIptcDate(MetadataStore& store, std::string_view member, const QDateTime&
 int iptcUrgency(const MetadataStore& store); ///< 0 when absent
 void setIptcUrgency(MetadataStore& store, int urgency);
 
-/// Any member as the text of its row: lists joined by ",", a text that is there several times by ", ", dates
+/// Any member as the text of its row: lists joined by ",", a text that is there several times by "; ", dates
 /// in the user's short form, "" for the empty date.
 QString iptcRowText(const MetadataStore& store, const IptcField& field, const DateForms& forms);
 

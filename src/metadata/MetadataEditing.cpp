@@ -42,9 +42,10 @@ void setItems(ImageBox& box, const IptcField& field, const QStringList& items) {
 
 void setText(ImageBox& box, const IptcField& field, const QString& text) {
     const std::string member = field.member.toStdString();
-    if (iptcText(box.metadata(), member) == text) // a longer one of another program may stay
-        return;
-    requireFits(field, text);
+    const QStringList present = iptcList(box.metadata(), member);
+    for (const QString& part : iptcParts(box.metadata(), member, text))
+        if (!present.contains(part)) // a longer one of another program may stay
+            requireFits(field, part);
     setIptcText(box.metadata(), member, text);
 }
 

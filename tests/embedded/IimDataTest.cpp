@@ -109,6 +109,10 @@ TEST(IimData, OneOfSeveralAuthorsIsReplacedAndTheOthersStay) {
     data.setText(80, QStringLiteral("Cid"));
     EXPECT_EQ(data.texts(80), QStringList({QStringLiteral("Cid"), QStringLiteral("Bob")}));
     data.setText(80, QString());
+    MetadataStore store = storeWith(data.bytes());
+    setIptcText(store, "IptcByline", QStringLiteral("Ann, Dr.; Bob "));
+    EXPECT_EQ(iptcRowText(store, iptcField("IptcByline"), {}), QStringLiteral("Ann, Dr.; Bob"));
+    EXPECT_EQ(store.iptcList(80), QStringList({QStringLiteral("Ann, Dr."), QStringLiteral("Bob")}));
     EXPECT_TRUE(data.texts(80).isEmpty());
 }
 

@@ -260,6 +260,11 @@ TEST_F(MetadataEditing, AFailureLeavesFileAndBoxAsTheyWere) {
             (void)UpdateMetadataAttribute(path, true, QStringLiteral("Caption"), QString(2000, u'c'), box),
             TrappedError);
     }
+    box.metadata().setIptcList(80, {QStringLiteral("A name of many"), QStringLiteral("letters")});
+    EXPECT_NO_THROW(SetMetadataAttribute(box, true, QStringLiteral("By (Author)"),
+                                         QStringLiteral("A name of many; letters, of thirty two")));
+    EXPECT_EQ(iptcList(box.metadata(), "IptcByline").size(), 2) << "each has the limit";
+    box.metadata() = MetadataStore(held);
     EXPECT_THROW(
         UpdateMetadataAttribute(path, false, QStringLiteral("DateTime"), QStringLiteral("soon"), box),
         TrappedError);
