@@ -116,11 +116,22 @@ QString offsetText(int seconds) {
                                              .arg(minutes % 60, 2, 10, QLatin1Char('0'));
 }
 
-QString timeText(const QDateTime& date, const QString& replaced) {
+constexpr int dateReleased = 30, timeReleased = 35, dateCreated = 55;
+
+/// The day of a time: a time alone comes with the empty date, whose offset is that of another century.
+QDate dayOf(const QDateTime& time, const MetadataStore& store, const IptcField& field) {
+    if (time.date() != emptyDate().date())
+        return time.date();
+    const QDate day = dateFrom(store.iptcText(field.dataset == timeReleased ? dateReleased : dateCreated));
+    return day.isValid() ? day : QDate::currentDate();
+}
+
+QString timeText(const QDateTime& date, const MetadataStore& store, const IptcField& field) {
     static const QRegularExpression offset(QStringLiteral("[+-]\\d{4}$"));
-    const QRegularExpressionMatch match = offset.match(replaced);
+    const QRegularExpressionMatch match = offset.match(store.iptcText(field.dataset));
+    const QDateTime onItsDay(dayOf(date, store, field), date.time());
     return date.time().toString(QStringLiteral("hhmmss")) +
-           (match.hasMatch() ? match.captured() : offsetText(date.offsetFromUtc()));
+           (match.hasMatch() ? match.captured() : offsetText(onItsDay.offsetFromUtc()));
 }
 
 } // namespace
@@ -150,17 +161,6 @@ QString iptcText(const MetadataStore& store, std::string_view member) {
     return store.iptcText(iptcField(member).dataset);
 }
 
-void setIptcText(MetadataStore& store, std::string_view member, const QString& text) {
-    const int dataset = iptcField(member).dataset;
-    if (store.iptcList(dataset).size() > 1)
-        store.setIptcList(dataset, iptcParts(store, member, text));
-    else
-        store.setIptcText(dataset, text);
-}
-
-QStringList iptcList(const MetadataStore& store, std::string_view member) {
-    return store.iptcList(iptcField(member).dataset);
-}
 QStringList iptcParts(const MetadataStore& store, std::string_view member, const QString& text) {
     const QStringList present = store.iptcList(iptcField(member).dataset);
     if (present.size() < 2)
@@ -173,6 +173,17 @@ QStringList iptcParts(const MetadataStore& store, std::string_view member, const
     return parts;
 }
 
+void setIptcText(MetadataStore& store, std::string_view member, const QString& text) {
+    const int dataset = iptcField(member).dataset;
+    if (store.iptcList(dataset).size() > 1)
+        store.setIptcList(dataset, iptcParts(store, member, text));
+    else
+        store.setIptcText(dataset, text);
+}
+
+QStringList iptcList(const MetadataStore& store, std::string_view member) {
+    return store.iptcList(iptcField(member).dataset);
+}
 
 void setIptcList(MetadataStore& store, std::string_view member, const QStringList& texts) {
     store.setIptcList(iptcField(member).dataset, texts);
@@ -193,7 +204,7 @@ void setIptcDate(MetadataStore& store, std::string_view member, const QDateTime&
     const IptcField& field = iptcField(member);
     QString text;
     if (date.isValid() && date != emptyDate())
-        text = field.kind == Time ? timeText(date, store.iptcText(field.dataset))
+        text = field.kind == Time ? timeText(date, store, field)
                                   : date.date().toString(QStringLiteral("yyyyMMdd"));
     store.setIptcText(field.dataset, text);
 }

@@ -50,7 +50,8 @@ void setIptcList(MetadataStore& store, std::string_view member, const QStringLis
 
 /// Date members give midnight of their day, time members the time on the day of the empty date. What is
 /// absent or no date reads as the empty date; setting the empty date removes the dataset. A time that
-/// replaces another keeps its offset from universal time, a new one takes the date's.
+/// replaces another keeps its offset from universal time. A new one takes that of its day: the date's, else
+/// that of the date field beside it, else today.
 QDateTime iptcDate(const MetadataStore& store, std::string_view member);
 void setIptcDate(MetadataStore& store, std::string_view member, const QDateTime& date);
 

@@ -9,6 +9,7 @@
 #include "tests/support/Digest.h"
 #include "tests/support/PictureBlocks.h"
 
+#include <ctime>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -108,11 +109,11 @@ TEST(IimData, OneOfSeveralAuthorsIsReplacedAndTheOthersStay) {
     IimData data(dataSet(80, "Ann") + dataSet(80, "Bob"));
     data.setText(80, QStringLiteral("Cid"));
     EXPECT_EQ(data.texts(80), QStringList({QStringLiteral("Cid"), QStringLiteral("Bob")}));
-    data.setText(80, QString());
     MetadataStore store = storeWith(data.bytes());
     setIptcText(store, "IptcByline", QStringLiteral("Ann, Dr.; Bob "));
     EXPECT_EQ(iptcRowText(store, iptcField("IptcByline"), {}), QStringLiteral("Ann, Dr.; Bob"));
     EXPECT_EQ(store.iptcList(80), QStringList({QStringLiteral("Ann, Dr."), QStringLiteral("Bob")}));
+    data.setText(80, QString());
     EXPECT_TRUE(data.texts(80).isEmpty());
 }
 
@@ -176,6 +177,15 @@ TEST(IptcFields, DatesAndTimesGoOutInTheStandardsFormAndComeBack) {
     setIptcDate(store, "IptcTimeCreated", QDateTime(QDate(2024, 2, 29), QTime(15, 5, 9)));
     EXPECT_EQ(store.iptcText(60), QStringLiteral("150509-0330"));
     EXPECT_EQ(iptcDate(store, "IptcTimeCreated").time(), QTime(15, 5, 9));
+    store.setIptcText(60, QString());
+    store.setIptcText(55, QStringLiteral("20240701"));
+    const QByteArray zone = qgetenv("TZ");
+    qputenv("TZ", "AAA-1BBB,M3.5.0,M10.5.0");
+    ::tzset();
+    setIptcDate(store, "IptcTimeCreated", QDateTime(emptyDate().date(), QTime(15, 5, 9)));
+    zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
+    ::tzset();
+    EXPECT_EQ(store.iptcText(60), QStringLiteral("150509+0200")) << "of the day of Date Created";
     setIptcDate(store, "IptcDateCreated", emptyDate());
     EXPECT_EQ(store.iptcText(55), QString());
 }
