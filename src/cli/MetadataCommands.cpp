@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/EditLock.h"
+#include "base/ErrorSubject.h"
 #include "base/Locale.h"
 #include "base/TrappedError.h"
 #include "cli/Command.h"
@@ -139,7 +140,7 @@ public:
         if (outcome.reason.isEmpty())
             m_terminal.result(state + path);
         else
-            m_terminal.message(state + outcome.reason);
+            m_terminal.message(state + namingPath(path, outcome.reason));
         if (!outcome.remark.isEmpty())
             m_terminal.message(path + QStringLiteral(": ") + outcome.remark);
     }
@@ -209,6 +210,7 @@ void printRows(const char* heading, const ListView& rows, Terminal& terminal) {
 }
 
 void get(const QString& path, bool json, Terminal& terminal) {
+    const ErrorSubject subject(path);
     ImageBox box;
     modMetadata::ReadMetadata(path, box);
     ListView exif, iptc;

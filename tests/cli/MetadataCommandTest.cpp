@@ -92,3 +92,4 @@ TEST(MetadataCommand, TwoEditsOfAFileAtOnceBothArrive) {
             EXPECT_EQ(box.ExifValueByName(QLatin1String(name)), value) << name;
     }
 }
+    EXPECT_TRUE(contains(folder.run("metadata set --exif DateTime=soon b.jpg").messages, "b.jpg: "));
