@@ -335,6 +335,16 @@ int runImport(const Arguments& arguments, Terminal& terminal) {
     const auto file = [&](const char* option) {
         const QString path = arguments.has(option) ? filePath(arguments.value(option)) : QString();
         if (!path.isEmpty() && !QFileInfo::exists(path))
+/// One without fields would delete those of every picture, for which there is a command.
+void requireIptc(const QString& sideFile) {
+    MetadataStore fields;
+    fields.IptcLoadFromFile(sideFile);
+    if (!fields.HasIptc())
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("CommandLine", "%1 has no IPTC fields; no picture was changed")
+                 .arg(sideFile));
+}
+
             fail(ErrorNumber::FileNotFound, path);
         return path;
     };
@@ -345,6 +355,8 @@ int runImport(const Arguments& arguments, Terminal& terminal) {
         if (!iptc.isEmpty())
             box.IptcLoadFromFile(iptc);
     });
+    if (!iptc.isEmpty())
+        requireIptc(iptc);
 }
 
 constexpr const char* keptNote = QT_TRANSLATE_NOOP(

@@ -46,6 +46,10 @@ TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
 }
 
 TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
+    ImageBox().IptcSaveToFile(folder.path("none.ffo"));
+    EXPECT_EQ(status("import --iptc none.ffo b.jpg"), 1);
+    EXPECT_EQ(rowsOf(folder, "b.jpg"), rowsOf(folder, "a.jpg"));
+    setAttributes(folder.path("b.jpg"), {{"Software", "other"}, {"Artist", ""}});
     const PictureFolder folder;
     writeFileSafely(folder.path("t.csv"), "\xEF\xBB\xBF"
                                           "file,Caption,exif:DateTime\r\na.jpg,\"Sea, \"\"wide\"\"\r\nand "

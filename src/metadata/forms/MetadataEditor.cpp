@@ -397,12 +397,14 @@ void MetadataEditor::openIptcFile() {
         const auto choice = service<Dialogs>().openFileDialog({tr("Open IPTC .ffo file"), ffoFilter, {}});
         if (!choice)
             return;
-        change([&](const QString& path, ImageBox& box) {
+        const bool isDone = change([&](const QString& path, ImageBox& box) {
             box.IptcLoadFromFile(choice->path);
             if (box.HasIptc())
                 box.SaveMetadataOnly(path);
             return box.HasIptc();
         });
+        if (!isDone)
+            Q_EMIT remarked(tr("%1 has no IPTC fields; the picture was not changed").arg(choice->path));
     });
 }
 
