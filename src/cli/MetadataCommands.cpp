@@ -275,6 +275,13 @@ int runSet(const Arguments& arguments, Terminal& terminal) {
     });
 }
 
+void deleteExif(const QString& name, ImageBox& box) {
+    if (!box.ExifDelete(name))
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("CommandLine", "%1 can't be deleted").arg(name));
+    box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
+}
+
 int runDelete(const Arguments& arguments, Terminal& terminal) {
     const QStringList names = arguments.values("exif");
     QList<AttributeChange> fields;
@@ -284,9 +291,8 @@ int runDelete(const Arguments& arguments, Terminal& terminal) {
         throw UsageError{QCoreApplication::translate("CommandLine", "nothing to delete")};
     return changeEach(arguments, terminal, [&](ImageBox& box) {
         for (const QString& name : names)
-            if (!box.ExifValueByName(name).isEmpty() && !box.ExifDelete(name))
-                fail(ErrorNumber::InvalidCall,
-                     QCoreApplication::translate("CommandLine", "%1 can't be deleted").arg(name));
+            if (box.metadata().HasExif(name))
+                deleteExif(name, box);
         for (const AttributeChange& field : fields)
             modMetadata::ClearIptcField(box, field.name);
     });
@@ -329,12 +335,6 @@ int runExport(const Arguments& arguments, Terminal&) {
     return AllDone;
 }
 
-int runImport(const Arguments& arguments, Terminal& terminal) {
-    requireSideFile(arguments);
-    const DateForms forms = service<Locale>().dateForms();
-    const auto file = [&](const char* option) {
-        const QString path = arguments.has(option) ? filePath(arguments.value(option)) : QString();
-        if (!path.isEmpty() && !QFileInfo::exists(path))
 /// One without fields would delete those of every picture, for which there is a command.
 void requireIptc(const QString& sideFile) {
     MetadataStore fields;
@@ -345,18 +345,24 @@ void requireIptc(const QString& sideFile) {
                  .arg(sideFile));
 }
 
+int runImport(const Arguments& arguments, Terminal& terminal) {
+    requireSideFile(arguments);
+    const DateForms forms = service<Locale>().dateForms();
+    const auto file = [&](const char* option) {
+        const QString path = arguments.has(option) ? filePath(arguments.value(option)) : QString();
+        if (!path.isEmpty() && !QFileInfo::exists(path))
             fail(ErrorNumber::FileNotFound, path);
         return path;
     };
     const QString exif = file("exif"), iptc = file("iptc");
+    if (!iptc.isEmpty())
+        requireIptc(iptc);
     return changeEach(arguments, terminal, [&](ImageBox& box) {
         if (!exif.isEmpty())
             modMetadata::ApplyXiffFile(exif, box, forms);
         if (!iptc.isEmpty())
             box.IptcLoadFromFile(iptc);
     });
-    if (!iptc.isEmpty())
-        requireIptc(iptc);
 }
 
 constexpr const char* keptNote = QT_TRANSLATE_NOOP(

@@ -259,6 +259,10 @@ QString MetadataStore::ExifValueByName(const QString& name) const {
     return found == attributes.end() ? QString() : found->value;
 }
 
+bool MetadataStore::HasExif(const QString& name) const {
+    return std::ranges::count(m_state->exif(), name, &ExifAttribute::name) > 0;
+}
+
 bool MetadataStore::ExifSet(const QString& name, const QString& value) {
     const ExifTag* standard = exifTagByName(name);
     if (!standard || standard->isStructural)

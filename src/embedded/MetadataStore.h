@@ -41,6 +41,7 @@ public:
     QString ExifName(int index) const;
     QString ExifValue(int index) const;
     QString ExifValueByName(const QString& name) const; ///< "" when absent
+    bool HasExif(const QString& name) const;            ///< also with an empty value
     /// Any attribute of the standard, made when it is missing. False, and nothing changed, when the name
     /// isn't known or describes the structure, when the value doesn't convert to the attribute's type, or
     /// when the data would no longer fit a JPEG segment; before that the thumbnail goes.

@@ -2,6 +2,7 @@
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "cli/CsvTable.h"
+#include "metadata/modMetadata.h"
 #include "tests/cli/Program.h"
 #include "tests/support/Text.h"
 
@@ -25,6 +26,14 @@ std::string rowsOf(const PictureFolder& folder, const char* picture) {
     return rows.join(u'|').toStdString();
 }
 
+void setAttributes(const QString& picture, const std::vector<std::pair<const char*, const char*>>& values) {
+    ImageBox box;
+    modMetadata::ReadMetadata(picture, box);
+    for (const auto& [name, value] : values)
+        EXPECT_TRUE(box.ExifSet(text(name), text(value)));
+    box.SaveMetadataOnly(picture);
+}
+
 } // namespace
 
 TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
@@ -37,8 +46,15 @@ TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
     EXPECT_EQ(status("export --exif x.xiff --iptc x.ffo a.jpg"), 0);
     EXPECT_EQ(status("import --exif x.xiff --iptc x.ffo b.jpg c.jpg"), 0);
     EXPECT_EQ(rowsOf(folder, "c.jpg"), rowsOf(folder, "a.jpg"));
+    ImageBox().IptcSaveToFile(folder.path("none.ffo"));
+    EXPECT_EQ(status("import --iptc none.ffo b.jpg"), 1);
+    EXPECT_EQ(rowsOf(folder, "b.jpg"), rowsOf(folder, "a.jpg"));
+    setAttributes(folder.path("b.jpg"), {{"Software", "other"}, {"Artist", ""}});
     EXPECT_EQ(status("delete --exif Artist --iptc Keywords b.jpg"), 0);
     EXPECT_EQ(rowsOf(folder, "b.jpg"), "Software=Tarsel JPEG");
+    EXPECT_EQ(folder.run("metadata delete --exif Artist --dry-run b.jpg").output,
+              "unchanged: " + folder.path("b.jpg").toUtf8() + "\n")
+        << "an empty value is deleted too";
     EXPECT_EQ(status("clear --exif --iptc", {folder.path()}), 0) << "a folder is all of its pictures";
     ASSERT_TRUE(QDir(folder.path()).mkdir(text("empty")));
     EXPECT_EQ(status("clear --exif", {folder.path("empty")}), 0);
@@ -46,10 +62,6 @@ TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
 }
 
 TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
-    ImageBox().IptcSaveToFile(folder.path("none.ffo"));
-    EXPECT_EQ(status("import --iptc none.ffo b.jpg"), 1);
-    EXPECT_EQ(rowsOf(folder, "b.jpg"), rowsOf(folder, "a.jpg"));
-    setAttributes(folder.path("b.jpg"), {{"Software", "other"}, {"Artist", ""}});
     const PictureFolder folder;
     writeFileSafely(folder.path("t.csv"), "\xEF\xBB\xBF"
                                           "file,Caption,exif:DateTime\r\na.jpg,\"Sea, \"\"wide\"\"\r\nand "

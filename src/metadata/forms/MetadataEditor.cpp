@@ -275,7 +275,7 @@ void MetadataEditor::deleteExif() {
     const QString name = nameOf(m_exif.selectedIndex());
     bool isThere = false;
     const bool isDone = change([&](const QString& path, ImageBox& box) {
-        isThere = hasExif(box.metadata(), name);
+        isThere = box.metadata().HasExif(name);
         return modMetadata::DeleteExifAttribute(path, name, box);
     });
     if (isDone)
