@@ -25,6 +25,7 @@ const QByteArray xmpSignature("http://ns.adobe.com/xap/1.0/\0", 29);
 const QByteArray extensionSignature("http://ns.adobe.com/xmp/extension/\0", 35);
 const QByteArray resourcesSignature("Photoshop 3.0\0", 14);
 const QByteArray profileSignature("ICC_PROFILE\0", 12);
+const QByteArray webExportSignature("Ducky");
 
 /// Some writers leave out the zero of the XMP signature, its version or its last slash.
 const QByteArray xmpSignatureStart("http://ns.adobe.com/xap/");
@@ -46,6 +47,27 @@ constexpr std::array cameraSegmentKinds = {
     CameraSegment{JPEG_APP0 + 10, "UNICODE"},       // comment in UTF-16
     CameraSegment{JPEG_APP0 + 12, "[picture info]"} // Olympus, Agfa and others
 };
+
+/// The comment and the copyright of an export for the web; the quality of the old file is left out. Layout
+/// after the signature: for each value its number, where 0 ends them, its size and its bytes.
+QByteArray webExportTexts(const QByteArray& payload) {
+    constexpr int quality = 1, headSize = 4;
+    const ByteReader reader(payload, ByteOrder::Big);
+    QByteArray texts;
+    for (qsizetype at = webExportSignature.size(); reader.word(at).value_or(0) != 0;) {
+        const qsizetype size = headSize + reader.word(at + 2).value_or(0xFFFF);
+        if (at + size > payload.size())
+            break;
+        if (reader.word(at) != quality)
+            texts += payload.mid(at, size);
+        at += size;
+    }
+    return texts;
+}
+
+bool isWebExport(int marker, const QByteArray& payload) {
+    return marker == JPEG_APP0 + 12 && payload.startsWith(webExportSignature);
+}
 
 bool isCameraSegment(int marker, const QByteArray& payload) {
     return std::ranges::any_of(cameraSegmentKinds, [&](const CameraSegment& known) {
@@ -127,7 +149,7 @@ public:
             m_blocks.comments.append(detached(payload));
             break;
         case SegmentKind::Camera:
-            m_blocks.cameraSegments.push_back({marker, detached(payload)});
+            m_blocks.cameraSegments.push_back({marker, carried(marker, payload)});
             break;
         case SegmentKind::Other:
             break;
@@ -148,6 +170,12 @@ private:
         m_exifBlocks += starts ? 1 : 0;
         if (m_exifBlocks == 1)
             m_blocks.exif += part;
+    }
+
+    static QByteArray carried(int marker, const QByteArray& payload) {
+        if (!isWebExport(marker, payload))
+            return detached(payload);
+        return webExportSignature + webExportTexts(payload) + QByteArray(2, '\0');
     }
 
     /// Payloads are views of libjpeg's memory, which the blocks outlive.
@@ -259,6 +287,8 @@ SegmentKind segmentKind(int marker, const QByteArray& payload) {
         return SegmentKind::Resources;
     if (marker == JPEG_COM && !payload.isEmpty() && !describesCoding(payload))
         return SegmentKind::Comment;
+    if (isWebExport(marker, payload))
+        return webExportTexts(payload).isEmpty() ? SegmentKind::Other : SegmentKind::Camera;
     return isCameraSegment(marker, payload) ? SegmentKind::Camera : SegmentKind::Other;
 }
 

@@ -62,8 +62,13 @@ TEST(JpegSegments, makersSegmentsAreCarriedWhenTheyDescribeTheShotOnly) {
                                 {0xEC, QByteArray("Agfa Gevaert   \0[picture info]", 30)}};
     const JpegSegment left[] = {
         {0xE0, QByteArray("JFXX\0\x10", 6)}, {0xE2, QByteArray("MPF\0II*", 7)}, {0xEF, "Q 70"}};
-    EXPECT_EQ(metadataOf({left[0], kept[0], left[1], kept[1], kept[2], kept[3], left[2]}).cameraSegments,
-              std::vector(std::begin(kept), std::end(kept)));
+    const QByteArray web("Ducky\0\1\0\4\0\0\0\x3C\0\3\0\6\0\0\0\1\0A\0\0", 25);
+    std::vector expected(std::begin(kept), std::end(kept));
+    expected.push_back({0xEC, QByteArray(web).remove(5, 8)}); // the quality
+    std::vector all(std::begin(left), std::end(left));
+    all.insert(all.end(), std::begin(kept), std::end(kept));
+    all.insert(all.end(), {{0xEC, web}, {0xEC, web.left(13)}});
+    EXPECT_EQ(metadataOf(all).cameraSegments, expected);
 }
 
 } // namespace
