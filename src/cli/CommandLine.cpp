@@ -40,6 +40,10 @@ QString spelled(const OptionSpec& option) {
     return text;
 }
 
+bool isHelp(const QString& word) {
+    return word == QLatin1String("--help") || word == QLatin1String("-h");
+}
+
 /// Two columns, the first as wide as its longest text.
 QString table(const QList<std::pair<QString, QString>>& rows) {
     qsizetype width = 0;
@@ -49,6 +53,15 @@ QString table(const QList<std::pair<QString, QString>>& rows) {
     for (const auto& row : rows)
         text += QStringLiteral("  ") + row.first.leftJustified(width + 2) + row.second + QLatin1Char('\n');
     return text;
+}
+
+/// The commands whose names begin so, with what each does.
+QString commandTable(const QString& start = {}) {
+    QList<std::pair<QString, QString>> rows;
+    for (const Command* command : commands())
+        if (const QString name = QString::fromUtf8(command->name); name.startsWith(start))
+            rows.append({name, shown(command->summary)});
+    return table(rows);
 }
 
 int wrongUsage(const QString& fact, const QString& helpOf, Terminal& terminal) {
@@ -81,7 +94,7 @@ int runWords(const QStringList& words, Terminal& terminal) {
         terminal.result(QStringLiteral("tarsel ") + QLatin1String(TARSEL_VERSION));
         return AllDone;
     }
-    if (first == QLatin1String("--help") || first == QLatin1String("-h")) {
+    if (isHelp(first)) {
         terminal.results(programHelp().trimmed().split(QLatin1Char('\n')));
         return AllDone;
     }
@@ -93,6 +106,12 @@ int runWords(const QStringList& words, Terminal& terminal) {
     const bool isGroup = std::ranges::any_of(allCommands, [&](const Command* command) {
         return QLatin1String(command->name).startsWith(first + u' ');
     });
+    if (isGroup && words.size() == 2 && isHelp(words[1])) {
+        const QString help = QCoreApplication::translate("CommandLine", "Commands of tarsel %1:\n%2")
+                                 .arg(first, commandTable(first + u' '));
+        terminal.results(help.trimmed().split(QLatin1Char('\n')));
+        return AllDone;
+    }
     return wrongUsage(
         QCoreApplication::translate("CommandLine", "unknown command \"%1\"").arg(isGroup ? pair : first), {},
         terminal);
@@ -105,15 +124,12 @@ std::span<const Command* const> commands() {
 }
 
 QString programHelp() {
-    QList<std::pair<QString, QString>> rows;
-    for (const Command* command : commands())
-        rows.append({QString::fromUtf8(command->name), shown(command->summary)});
     return QCoreApplication::translate("CommandLine",
                                        "Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
                                        "       tarsel COMMAND --help\n"
                                        "       tarsel --version\n\n"
                                        "Makes JPEG documents from collections of pictures.\n\nCommands:\n") +
-           table(rows) +
+           commandTable() +
            QCoreApplication::translate(
                "CommandLine",
                "\nResults go to standard output, messages to standard error.\n"

@@ -68,6 +68,7 @@ TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
                                           "blue\",\r\ngone.jpg,x,\nb.jpg,,soon\nc.jpg,,\n");
     const ProgramRun run = folder.run("metadata set --from t.csv --json");
     EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(contains(folder.run("metadata set --exif DateTime=soon b.jpg").messages, "b.jpg: "));
     QStringList states;
     for (const QJsonObject& each : run.objects())
         states << each[QLatin1String("state")].toString();
@@ -82,6 +83,7 @@ TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
     for (const char* wrong : {"set a.jpg", "set --exif Make a.jpg", "set --exif ColorSpace=1 a.jpg",
                               "set --iptc Nothing=1 a.jpg", "get", "lose a.jpg"})
         EXPECT_EQ(folder.run(commandLine("metadata") + commandLine(wrong)).status, 2) << wrong;
+    EXPECT_TRUE(folder.run("metadata --help").output.contains("metadata import  Put the contents"));
     EXPECT_THROW(cli::readCsv("a,\"b"), TrappedError);
     EXPECT_EQ(cli::readCsv("a,Gr\xF6\xDF"
                            "e")
@@ -108,4 +110,3 @@ TEST(MetadataCommand, TwoEditsOfAFileAtOnceBothArrive) {
             EXPECT_EQ(box.ExifValueByName(QLatin1String(name)), value) << name;
     }
 }
-    EXPECT_TRUE(contains(folder.run("metadata set --exif DateTime=soon b.jpg").messages, "b.jpg: "));
