@@ -58,6 +58,11 @@ ucDateTimePicker::ucDateTimePicker(QWidget* parent) :
     showText();
 }
 
+/// Its field, which goes after it, says once more that editing is finished.
+ucDateTimePicker::~ucDateTimePicker() {
+    m_text->disconnect(this);
+}
+
 void ucDateTimePicker::makePanel() {
     m_panel->setObjectName(QStringLiteral("picListBox"));
     m_panel->setFrameShape(QFrame::StyledPanel);

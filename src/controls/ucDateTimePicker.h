@@ -26,6 +26,9 @@ class ucDateTimePicker final : public QWidget {
     Q_PROPERTY(QString CurrentTheme READ CurrentTheme)
 public:
     explicit ucDateTimePicker(QWidget* parent = nullptr);
+    ~ucDateTimePicker() override;
+    ucDateTimePicker(const ucDateTimePicker&) = delete;
+    ucDateTimePicker& operator=(const ucDateTimePicker&) = delete;
 
     /// Today at midnight until it is set. Another time on the same day is no change.
     QDateTime DateSelected() const { return m_selected; }

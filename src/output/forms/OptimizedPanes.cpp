@@ -140,7 +140,9 @@ bool OptimizedPanes::eventFilter(QObject* watched, QEvent* event) {
     const ImageBoxView* view = viewOf(watched);
     if (!view)
         return QWidget::eventFilter(watched, event);
-    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const auto* mouse = dynamic_cast<const QMouseEvent*>(event);
+    if (!mouse)
+        return false;
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         return press(*view, *mouse);
