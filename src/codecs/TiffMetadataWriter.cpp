@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/TiffMetadata.h"
 
+#include "base/TrappedError.h"
 #include "bytes/TiffStructure.h"
 #include "embedded/MakerNote.h"
 #include "embedded/ResourceBlocks.h"
@@ -8,6 +9,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <map>
+#include <set>
 
 namespace tarsel {
 
@@ -18,10 +20,17 @@ constexpr std::int64_t largestFile = UINT32_MAX; // but for BigTIFF
 constexpr std::size_t maxPages = 65'535;
 constexpr std::uint64_t maxEntries = 65'535; // what a directory can count
 
+/// Tags whose values are offsets of directories: sub-images, EXIF, GPS, interoperability.
+constexpr std::uint16_t directoryTags[] = {0x014A, 0x8769, 0x8825, 0xA005};
+constexpr int deepestDirectory = 4;
+
 struct Range {
     std::int64_t start = 0;
     std::int64_t size = 0;
     bool operator==(const Range&) const = default;
+    bool overlaps(const Range& other) const {
+        return other.start < start + size && start < other.start + other.size;
+    }
 };
 
 /// A directory as it stands in the file.
@@ -68,9 +77,19 @@ public:
                 noteUse(entry);
     }
 
+    /// Directories below the pages but for `edited`: pages may share them, or values of theirs.
+    void noteOtherPages(const std::vector<TiffDirectoryPlace>& pages, const TiffDirectoryPlace& edited) {
+        auto walker = TiffWalker::open(m_source.byteSource());
+        for (const TiffDirectoryPlace& page : pages)
+            if (page.offset != edited.offset)
+                for (const TiffEntry& entry : walker->entries(page, maxEntries))
+                    noteBelow(*walker, entry, 1);
+    }
+
     /// The directory at that place, with those that it points to.
     OldDirectory read(const TiffDirectoryPlace& place, const TiffDirectory& tree) {
         OldDirectory directory{place, m_walker.entries(place, maxEntries), {}};
+        requireSingleTags(directory.entries);
         for (const TiffDirectory::Entry& entry : tree.entries) {
             const TiffEntry* found = entry.child.empty() ? nullptr : directory.find(entry.tag);
             const auto child = found ? childOf(*found) : std::nullopt;
@@ -136,6 +155,42 @@ private:
                                                  : reader.dword(0).value_or(0));
     }
 
+    /// Which of two values counts, programs don't agree about.
+    static void requireSingleTags(const std::vector<TiffEntry>& entries) {
+        std::set<std::uint16_t> tags;
+        for (const TiffEntry& entry : entries)
+            if (!tags.insert(entry.tag).second)
+                fail(
+                    ErrorNumber::InvalidCall,
+                    QCoreApplication::translate("TiffMetadataWriter", "a TIFF directory has the tag %1 twice")
+                        .arg(entry.tag));
+    }
+
+    void noteBelow(TiffWalker& walker, const TiffEntry& entry, int depth) {
+        if (std::ranges::count(directoryTags, entry.tag) == 0 || !entry.hasValue || depth > deepestDirectory)
+            return;
+        const bool isWide = m_layout.isBig && entry.valueSize >= 8 * std::int64_t(entry.count);
+        const int size = isWide ? 8 : 4;
+        for (std::int64_t at = 0; at + size <= entry.valueSize; at += size) {
+            const QByteArray offset = m_source.bytes(entry.valuePosition + at, size);
+            const ByteReader reader(offset, m_order);
+            const auto place = walker.visit(isWide ? reader.number<std::uint64_t>(0).value_or(0)
+                                                   : reader.dword(0).value_or(0));
+            if (!place)
+                continue;
+            m_foreign.push_back({place->offset, roomOf({*place, {}, {}})});
+            for (const TiffEntry& inside : walker.entries(*place, maxEntries)) {
+                if (isOutside(inside))
+                    m_foreign.push_back({inside.valuePosition, inside.valueSize});
+                noteBelow(walker, inside, depth + 1);
+            }
+        }
+    }
+
+    bool isForeign(const Range& range) const {
+        return std::ranges::any_of(m_foreign, [&](const Range& used) { return used.overlaps(range); });
+    }
+
     static bool isSame(const TiffDirectory::Entry& a, const TiffDirectory::Entry& b) {
         if (a.child.empty() != b.child.empty())
             return false;
@@ -149,10 +204,8 @@ private:
 
     /// Whether these bytes belong to one value alone.
     bool isOwn(const Range& range) const {
-        const auto overlaps = [&](const Range& used) {
-            return used.start < range.start + range.size && range.start < used.start + used.size;
-        };
-        return std::ranges::count_if(m_used, overlaps) == 1;
+        const auto overlaps = [&](const Range& used) { return used.overlaps(range); };
+        return std::ranges::count_if(m_used, overlaps) == 1 && !isForeign(range);
     }
 
     /// Nothing of a value that was given up stays readable.
@@ -172,6 +225,8 @@ private:
     }
 
     void clear(const OldDirectory& directory) {
+        if (isForeign({directory.place.offset, roomOf(directory)}))
+            return;
         m_patches.push_back({directory.place.offset, QByteArray(roomOf(directory), '\0')});
     }
 
@@ -221,7 +276,8 @@ private:
         if (!old)
             return append(bytes);
         const bool isComplete = old->place.entries == old->place.declaredEntries && old->place.nextPosition;
-        if (m_patchesInPlace && isComplete && bytes.size() <= roomOf(*old)) {
+        if (m_patchesInPlace && isComplete && bytes.size() <= roomOf(*old) &&
+            !isForeign({old->place.offset, roomOf(*old)})) {
             m_patches.push_back({old->place.offset, bytes.leftJustified(roomOf(*old), '\0')});
             return std::uint64_t(old->place.offset);
         }
@@ -252,6 +308,7 @@ private:
     std::int64_t m_base; ///< where the tail begins
     bool m_patchesInPlace;
     std::vector<Range> m_used;
+    std::vector<Range> m_foreign; ///< of directories below other pages
     std::vector<FilePatch> m_patches;
     QByteArray m_tail;
 };
@@ -324,6 +381,7 @@ FilePieces tiffPageWithMetadata(const PictureSource& source, const FileUnderTest
         putIptc(after, *change.iptc);
 
     PageEdit edit(source, *walker, pages);
+    edit.noteOtherPages(pages, *page);
     const OldDirectory old = edit.read(*page, before);
     const std::uint64_t offset = edit.write(&old, before, after);
     std::vector<FilePatch> links;

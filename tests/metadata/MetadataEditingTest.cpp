@@ -11,6 +11,7 @@
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/MadePictures.h"
 #include "tests/support/TestPictures.h"
+#include "tests/support/TiffStructure.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -227,6 +228,43 @@ TEST_F(MetadataEditing, KeepsTheOtherPagesAndEditsTheOneOnShow) {
 }
 
 /// A list of further pictures counts from itself: what grows between it and them moves its offsets.
+/// Both pages have the same pixels, and the same EXIF directory.
+QByteArray twoPagesOfOneExif(const std::vector<RawEntry>& more = {}) {
+    std::vector<RawEntry> page =
+        tiffEntries({256, 4, 257, 4, 258, 8, 259, 1, 262, 1, 273, 0, 277, 1, 278, 4, 279, 16});
+    const quint32 pixels = tiffRest(page.size() + 1 + more.size()), exif = pixels + 16, values = exif + 30;
+    page[5].value = pixels;
+    page.push_back({0x8769, 4, 1, exif});
+    page.insert(page.begin(), more.begin(), more.end());
+    QByteArray rest(16, '\x40');
+    rest += tiffDirectory({{0x9003, 2, 20, values}, {0x9286, 7, 22, values + 20}});
+    rest += QByteArray("2004:01:02 03:04:05\0ASCII\0\0\0shared comment", 42);
+    return tiffBlock(page, values + 42, rest + tiffDirectory(page));
+}
+
+TEST_F(MetadataEditing, WhatPagesShareStaysForTheOthersAndTagsThatStandTwiceAreRefused) {
+    const QString path = made("two.tif", twoPagesOfOneExif());
+    const QString comment = QStringLiteral("UserComment");
+    ImageBox box = boxOf(path);
+    ASSERT_EQ(box.ExifValueByName(comment), QStringLiteral("shared comment"));
+    ASSERT_TRUE(UpdateMetadataAttribute(path, false, QStringLiteral("DateTimeDigitized"),
+                                        QDateTime({2001, 2, 3}, {4, 5}), box));
+    EXPECT_EQ(boxOf(path, 2).ExifValueByName(comment), QStringLiteral("shared comment"));
+    EXPECT_EQ(boxOf(path, 2).ExifValueByName(QStringLiteral("DateTimeDigitized")), QString());
+    box.ExifClear();
+    box.SaveMetadataOnly(path);
+    EXPECT_EQ(boxOf(path, 1).ExifValueByName(comment), QString());
+    EXPECT_EQ(boxOf(path, 2).ExifValueByName(comment), QStringLiteral("shared comment"));
+
+    const QByteArray twice = twoPagesOfOneExif({{256, 3, 1, 9}});
+    const QString odd = made("twice.tif", twice);
+    ImageBox oddBox = boxOf(odd);
+    EXPECT_THROW(
+        (void)UpdateMetadataAttribute(odd, false, QStringLiteral("Artist"), QStringLiteral("Ann"), oddBox),
+        TrappedError);
+    EXPECT_EQ(bytesOf(odd), twice);
+}
+
 TEST_F(MetadataEditing, FurtherPicturesOfAJpegStayWhereTheirListSays) {
     const QByteArray picture = encoded("jpg", noisePicture(16, 16, 3));
     QByteArray list = QByteArray::fromHex("FFE2 0000 4D504600 49492A00 08000000 0100"
