@@ -20,6 +20,7 @@ constexpr quint16 privateTags[] = {
     0x830E, 0x8480, 0x8482, 0x85D8, 0x87AF, 0x87B0, 0x87B1, // GeoTIFF
     0x927C, 0xC634,                                         // maker notes
     0xA420,                                                 // ImageUniqueID
+    0x02BC,                                                 // XMP of a TIFF file, inside the block
     0xA431, 0xA435, 0xC62F, 0xFDE9,                         // serial numbers
 };
 
@@ -27,7 +28,8 @@ constexpr quint16 privateTags[] = {
 constexpr quint16 copies[] = {0x0422, 0x0423, 0x0424};
 
 bool isPrivate(const ExifEntry& entry) {
-    return entry.group == ExifGroup::Gps || std::ranges::count(privateTags, entry.tag) > 0;
+    return entry.group == ExifGroup::Gps || entry.tag == gpsPointer ||
+           std::ranges::count(privateTags, entry.tag) > 0;
 }
 
 QByteArray cleanedExif(const QByteArray& exif) {
@@ -47,7 +49,8 @@ bool isPrivateName(const QString& name) {
     const QString lower = name.toLower();
     return lower.startsWith(QLatin1String("gps")) || lower.endsWith(QLatin1String("latitude")) ||
            lower.endsWith(QLatin1String("longitude")) || lower.contains(QLatin1String("serialnumber")) ||
-           lower == QLatin1String("imageuniqueid") || lower == QLatin1String("makernote");
+           lower == QLatin1String("imageuniqueid") || lower == QLatin1String("lat") ||
+           lower == QLatin1String("long") || lower == QLatin1String("makernote");
 }
 
 QByteArray cleanedXmp(const QByteArray& xmp) {
