@@ -49,6 +49,15 @@ void setText(ImageBox& box, const IptcField& field, const QString& text) {
     setIptcText(box.metadata(), member, text);
 }
 
+/// Between commas, without the blanks round them.
+QStringList itemsIn(const QString& text) {
+    QStringList items = text.split(u',');
+    for (QString& item : items)
+        item = item.trimmed();
+    items.removeAll(QString());
+    return items;
+}
+
 bool setIptc(ImageBox& box, const QString& label, const AttributeValue& value, const DateForms& forms) {
     const IptcField* field = iptcFieldByLabel(label);
     if (!field)
@@ -57,7 +66,7 @@ bool setIptc(ImageBox& box, const QString& label, const AttributeValue& value, c
     if (IsIptcDate(label))
         setIptcDate(box.metadata(), member, dateOf(value, forms));
     else if (field->kind == IptcKind::List)
-        setItems(box, *field, textOf(value).split(u',', Qt::SkipEmptyParts));
+        setItems(box, *field, itemsIn(textOf(value)));
     else
         setText(box, *field, textOf(value));
     return true;
