@@ -3,8 +3,8 @@
 
 #include "codecs/PictureFile.h"
 #include "embedded/ExifBlock.h"
+#include "imaging/PictureParts.h"
 #include "imaging/Upright.h"
-#include "pixels/operations/Crop.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,10 +22,7 @@ Picture middleOf(const Picture& picture, Size proportions) {
     const double wanted = double(proportions.width) / proportions.height;
     const int width = std::clamp(int(std::lround(picture.height() * wanted)), 1, picture.width());
     const int height = std::clamp(int(std::lround(picture.width() / wanted)), 1, picture.height());
-    Picture middle(width, height, picture.channels());
-    operations::crop(picture.view(), middle.edit(), (picture.width() - width) / 2,
-                     (picture.height() - height) / 2, {});
-    return middle;
+    return partOf(picture, (picture.width() - width) / 2, (picture.height() - height) / 2, {width, height});
 }
 
 bool showsAnother(const Picture& thumbnail, Size full) {

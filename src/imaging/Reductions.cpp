@@ -3,7 +3,7 @@
 
 #include "base/Stop.h"
 #include "imaging/DisplayColors.h"
-#include "pixels/operations/ResizeSmooth.h"
+#include "imaging/PictureParts.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,11 +14,8 @@ namespace {
 
 constexpr int smallestReduction = 300; ///< below that, any size costs next to nothing
 
-Picture resizedTo(const Picture& picture, Size size) {
-    if (size == Size{picture.width(), picture.height()})
-        return picture;
-    Picture target(size.width, size.height, picture.channels());
-    operations::resizeSmooth(picture.view(), target.edit());
+Picture resizedUnlessStopped(const Picture& picture, Size size) {
+    Picture target = resizedTo(picture, size);
     raiseIfStopped();
     return target;
 }
@@ -32,10 +29,10 @@ bool covers(const Picture& picture, Size size) {
 Reductions::Reductions(Picture full, QByteArray iccProfile, Size screen) :
     m_full(std::move(full)), m_iccProfile(std::move(iccProfile)) {
     const Size largest = fitInside({m_full.width(), m_full.height()}, screen);
-    m_reduced.push_back(inDisplayColors(resizedTo(m_full, largest), m_iccProfile));
+    m_reduced.push_back(inDisplayColors(resizedUnlessStopped(m_full, largest), m_iccProfile));
     while (std::max(m_reduced.back().width(), m_reduced.back().height()) > 2 * smallestReduction) {
         const Picture& last = m_reduced.back();
-        m_reduced.push_back(resizedTo(last, {(last.width() + 1) / 2, (last.height() + 1) / 2}));
+        m_reduced.push_back(resizedUnlessStopped(last, {(last.width() + 1) / 2, (last.height() + 1) / 2}));
     }
 }
 
@@ -47,10 +44,10 @@ const Picture* Reductions::smallestFor(Size target) const {
 
 Picture Reductions::resized(Size target) const {
     if (const Picture* reduced = smallestFor(target))
-        return resizedTo(*reduced, target);
+        return resizedUnlessStopped(*reduced, target);
     if (covers(m_full, target))
-        return inDisplayColors(resizedTo(m_full, target), m_iccProfile);
-    return resizedTo(full(), target); // enlarged
+        return inDisplayColors(resizedUnlessStopped(m_full, target), m_iccProfile);
+    return resizedUnlessStopped(full(), target); // enlarged
 }
 
 const Picture& Reductions::full() const {

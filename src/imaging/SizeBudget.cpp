@@ -4,7 +4,7 @@
 #include "base/TrappedError.h"
 #include "codecs/Formats.h"
 #include "codecs/JpegTables.h"
-#include "imaging/ImageBox.h"
+#include "imaging/PictureParts.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -56,9 +56,7 @@ public:
     }
 
 private:
-    bool fits(const Trial& trial) const {
-        return m_budget.bytes == 0 || trial.bytes.size() <= m_budget.bytes;
-    }
+    bool fits(const Trial& trial) const { return trial.bytes.size() <= m_budget.bytes; }
     bool isSmaller() const { return longSide(m_picture) < longSide(m_full); }
 
     Trial withTables(double scale) {
@@ -113,12 +111,8 @@ private:
         const double scale = side / longSide(m_full);
         const int width = std::max(1, int(std::lround(m_full.width() * scale)));
         const int height = std::max(1, int(std::lround(m_full.height() * scale)));
-        if (m_picture.width() == width && m_picture.height() == height)
-            return;
-        ImageBox box;
-        box.setPictureHandle(m_full);
-        box.Resize(width, height);
-        m_picture = box.picture();
+        if (m_picture.width() != width || m_picture.height() != height)
+            m_picture = resizedTo(m_full, {width, height});
     }
 
     BudgetedJpeg result(const Trial& trial) {

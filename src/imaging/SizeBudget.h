@@ -13,7 +13,7 @@ namespace tarsel {
 struct SizeBudget {
     static constexpr int usualLowestQuality = 40;
 
-    qint64 bytes = 0; ///< of the file with its metadata; 0: any size
+    qint64 bytes = 0; ///< of the file with its metadata; 0: no limit, nothing to search for
     int lowestQuality = usualLowestQuality;
     bool mayShrink = false; ///< when the lowest quality makes too large a file, the picture loses pixels
 

@@ -7,9 +7,9 @@
 #include "codecs/ColorProfile.h"
 #include "codecs/PictureFile.h"
 #include "imaging/LoadingFailure.h"
+#include "imaging/PictureParts.h"
 #include "pixels/Flatten.h"
 #include "pixels/operations/Fill.h"
-#include "pixels/operations/ResizeSmooth.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -74,14 +74,6 @@ Size drawnSize(Size picture, LoadMode mode, Size box) {
     return picture;
 }
 
-Picture resized(const Picture& picture, Size size) {
-    if (size == Size{picture.width(), picture.height()})
-        return picture;
-    Picture target(size.width, size.height, picture.channels());
-    operations::resizeSmooth(picture.view(), target.edit());
-    return target;
-}
-
 /// Lays the picture on a ground of the back colour, centred; transparency goes.
 Picture centredOn(Size ground, const Picture& picture, Color backColor) {
     Picture target(ground.width, ground.height, 3);
@@ -102,7 +94,7 @@ void requireBox(LoadMode mode, Size box) {
 }
 
 Picture drawn(const Picture& picture, Size sourceSize, LoadMode mode, Size box, Color backColor) {
-    const Picture fitted = resized(picture, drawnSize(sourceSize, mode, box));
+    const Picture fitted = resizedTo(picture, drawnSize(sourceSize, mode, box));
     const Size ground = mode == LoadMode::ExactBox ? box : Size{fitted.width(), fitted.height()};
     return centredOn(ground, fitted, backColor);
 }
@@ -165,7 +157,7 @@ Size sizeInBox(Size picture, Size box) {
 FittedPicture loadFitted(const PictureFile& file, LoadMode mode, Size box) {
     requireBox(mode, box);
     FittedPicture read = decodeForBox(file, mode, box);
-    read.picture = resized(read.picture, drawnSize(read.sourceSize, mode, box));
+    read.picture = resizedTo(read.picture, drawnSize(read.sourceSize, mode, box));
     return read;
 }
 

@@ -5,8 +5,7 @@
 #include "codecs/Resolution.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/ImageBox.h"
-#include "pixels/operations/Crop.h"
-#include "pixels/operations/ResizeSmooth.h"
+#include "imaging/PictureParts.h"
 
 #include <QCoreApplication>
 #include <QFontMetricsF>
@@ -30,22 +29,6 @@ constexpr double textSize = 3.2;
          QCoreApplication::translate("PrintPages", "the printer doesn't take the pages"));
 }
 
-Picture cropped(const Picture& picture, const QRect& crop) {
-    if (crop.size() == QSize(picture.width(), picture.height()))
-        return picture;
-    Picture part(crop.width(), crop.height(), picture.channels());
-    operations::crop(picture.view(), part.edit(), crop.left(), crop.top(), {});
-    return part;
-}
-
-Picture resized(const Picture& picture, QSize size) {
-    if (size == QSize(picture.width(), picture.height()))
-        return picture;
-    Picture target(size.width(), size.height(), picture.channels());
-    operations::resizeSmooth(picture.view(), target.edit());
-    return target;
-}
-
 /// Of pixels that stand for more.
 QRect scaledCrop(const QRect& crop, const PrintPicture& picture) {
     const double across = double(picture.picture.width()) / picture.pixels.width();
@@ -65,9 +48,9 @@ Picture pixelsFor(const PrintPicture& picture, const PlacedPicture& placed, doub
     const auto pixels = [&](double length, int there) {
         return std::clamp(int(std::ceil(length * density)), 1, there);
     };
-    const QSize size(pixels(placed.place.width(), crop.width()),
-                     pixels(placed.place.height(), crop.height()));
-    return inDisplayColors(resized(cropped(picture.picture, crop), size), picture.iccProfile);
+    const Size size{pixels(placed.place.width(), crop.width()), pixels(placed.place.height(), crop.height())};
+    const Picture part = partOf(picture.picture, crop.left(), crop.top(), {crop.width(), crop.height()});
+    return inDisplayColors(resizedTo(part, size), picture.iccProfile);
 }
 
 QImage imageOn(const Picture& picture) {
@@ -113,7 +96,7 @@ PrintPicture reducedTo(const PrintPicture& picture, int side) {
     const QSize size(picture.picture.width(), picture.picture.height());
     const QSize smaller = size.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1});
     if (smaller.width() < size.width())
-        reduced.picture = resized(picture.picture, smaller);
+        reduced.picture = resizedTo(picture.picture, {smaller.width(), smaller.height()});
     reduced.picture = inDisplayColors(reduced.picture, picture.iccProfile);
     reduced.iccProfile.clear();
     return reduced;

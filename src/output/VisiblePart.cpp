@@ -2,7 +2,7 @@
 #include "output/VisiblePart.h"
 
 #include "imaging/DisplayColors.h"
-#include "imaging/ImageBox.h"
+#include "imaging/PictureParts.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,13 +27,6 @@ EmbeddedMetadata colorsOf(const EmbeddedMetadata& metadata) {
     EmbeddedMetadata colors;
     colors.iccProfile = metadata.iccProfile;
     return colors;
-}
-
-Picture croppedTo(const Picture& picture, const QRect& area) {
-    ImageBox box;
-    box.setPictureHandle(picture);
-    box.Crop(area.left(), area.top(), area.left() + area.width(), area.top() + area.height());
-    return box.picture();
 }
 
 /// Copies a row of pixels, which become opaque where the source has no alpha.
@@ -106,8 +99,8 @@ std::optional<PreviewPicture> VisiblePart::cut(const RoundTripSource& source,
     const QRect area = blocksAround(pixels, all);
     if (area.isEmpty() || savesNoTime({area.width(), area.height()}, source.picture))
         return std::nullopt;
-    const RoundTripResult result =
-        tarsel::roundTrip({croppedTo(source.picture, area), colorsOf(source.metadata)}, settings);
+    const Picture part = partOf(source.picture, area.left(), area.top(), {area.width(), area.height()});
+    const RoundTripResult result = tarsel::roundTrip({part, colorsOf(source.metadata)}, settings);
     if (result.decoded.isNull())
         return std::nullopt;
     PreviewPicture shown;
