@@ -116,8 +116,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
         modFileSystem::MakeFolder(album.settings.AlbumFolder);
 
     RowReport report(terminal, arguments.has("json"));
-    for (const QString& path : basket.missing())
-        report.addMissing(path);
+    report.addMissing(basket.missing());
     AlbumRun albumRun;
     albumRun.upright = arguments.has("upright");
     albumRun.stripPrivate = arguments.has("strip-private");

@@ -45,6 +45,8 @@ ApplicationScope::ApplicationScope() {
 }
 
 void ApplicationScope::provideFonts() {
+    if (qobject_cast<QGuiApplication*>(current->m_application.get()))
+        return;
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     current->provideRuntimeFolder();
     current->m_application.reset();

@@ -104,8 +104,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
         prepareFolder(settings, terminal);
 
     RowReport report(terminal, arguments.has("json"));
-    for (const QString& path : basket.missing())
-        report.addMissing(path);
+    report.addMissing(basket.missing());
     slice.unreadSources = basket.missing();
     slice.stop = interruptible.stop();
     slice.onRow = [&](const RowResult& result) { report.add(result); };

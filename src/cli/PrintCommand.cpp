@@ -5,9 +5,9 @@
 #include "cli/FilePaths.h"
 #include "cli/Interrupt.h"
 #include "cli/RowReport.h"
+#include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "output/PrintedRows.h"
-#include "tasks/TaskFile.h"
 
 #include <QCoreApplication>
 #include <QPageSize>
@@ -104,16 +104,14 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const PrintLayout layout = layoutOf(arguments);
     const QString path = documentPath(arguments);
     TaskList tasks;
-    if (arguments.has("tasks"))
-        modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
+    readTasks(arguments, tasks);
     ApplicationScope::provideFonts(); // the writer of PDF needs them, with or without captions
     const InterruptScope interruptible;
     TerminalProgress progress(terminal);
     BasketWorkspace basket(progress, interruptible.stop());
     basket.fill(arguments.operands());
     RowReport report(terminal, arguments.has("json"));
-    for (const QString& missing : basket.missing())
-        report.addMissing(missing);
+    report.addMissing(basket.missing());
     ImageBox box;
     const PdfPrint print{basket.pages(), tasks.lvEditBatch, path, layout, interruptible.stop()};
     for (const RowResult& result : print.run(box, progress))

@@ -88,11 +88,13 @@ void RowReport::showOtherErrors(const RowResult& row) {
             TerminalDialogs::showErrorReport(report);
 }
 
-void RowReport::addMissing(const QString& path) {
-    RowResult result;
-    result.source = path;
-    result.remark(unreadableReason(path));
-    add(result);
+void RowReport::addMissing(const QStringList& paths) {
+    for (const QString& path : paths) {
+        RowResult result;
+        result.source = path;
+        result.remark(unreadableReason(path));
+        add(result);
+    }
 }
 
 void RowReport::summarise() {

@@ -21,8 +21,8 @@ public:
     void add(const RowResult& result);
     /// The row of a command that has one: a failure is a message, and a row only in JSON.
     void addAlone(const RowResult& result);
-    /// A picture without a row: reported as failed row 0.
-    void addMissing(const QString& path);
+    /// Pictures without a row: each is reported as failed row 0.
+    void addMissing(const QStringList& paths);
     void summarise();
     /// Of a dry run all is done when nothing but the writing is missing.
     bool allDone(bool dryRun) const;
