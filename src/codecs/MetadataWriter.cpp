@@ -99,7 +99,7 @@ void copyRange(SafeFileWriter& writer, const PictureSource& source, const FilePi
 class MetadataWriter {
 public:
     MetadataWriter(const QString& path, int page, const std::optional<FileStamp>& known = {}) :
-        m_path(path), m_page(page), m_stamp(known.value_or(FileStamp::of(path))),
+        m_path(path), m_page(page), m_stamp(known ? *known : FileStamp::of(path)),
         m_source(PictureSource::ofFile(path)), m_codec(codecForContent(m_source, path)) {
         if (!m_codec || !m_codec->withMetadata)
             failWriting(path,
@@ -107,36 +107,42 @@ public:
     }
 
     void write(const EmbeddedMetadata& wanted) {
-        const MetadataChange change = changeBetween(m_codec->metadata(m_source, m_path, m_page), wanted);
-        if (change.isEmpty())
+        const std::optional<FilePieces> content = contentWith(wanted);
+        if (!content)
             return;
-        const FilePieces content = m_codec->withMetadata(m_source, m_path, m_page, change);
-        const std::optional<FilePatch> patch = patchOfOnePage(m_source, content);
+        const std::optional<FilePatch> patch = patchOfOnePage(m_source, *content);
         if (patch && patch->bytes.isEmpty())
             return;
         if (patch) {
             requireUnchanged();
             PatchedFile(m_path).write(*patch);
-        } else if (const auto appended = appendedChange(m_source, content)) {
+        } else if (const auto appended = appendedChange(m_source, *content)) {
             append(*appended, wanted);
         } else {
-            writeAnew(content, wanted);
+            writeAnew(*content, wanted);
         }
     }
 
     QByteArray bytes(const EmbeddedMetadata& wanted) {
-        const MetadataChange change = changeBetween(m_codec->metadata(m_source, m_path, m_page), wanted);
-        if (change.isEmpty())
+        const std::optional<FilePieces> content = contentWith(wanted);
+        if (!content)
             return m_source.all();
-        const FilePieces content = m_codec->withMetadata(m_source, m_path, m_page, change);
         QByteArray bytes;
-        for (const FilePieces::Piece& piece : content.pieces())
+        for (const FilePieces::Piece& piece : content->pieces())
             bytes += piece.bytes.isEmpty() ? m_source.bytes(piece.from, piece.size) : piece.bytes;
         requireReads(PictureSource(bytes), wanted);
         return bytes;
     }
 
 private:
+    /// Nothing when the file has these metadata already.
+    std::optional<FilePieces> contentWith(const EmbeddedMetadata& wanted) const {
+        const MetadataChange change = changeBetween(m_codec->metadata(m_source, m_path, m_page), wanted);
+        if (change.isEmpty())
+            return std::nullopt;
+        return m_codec->withMetadata(m_source, m_path, m_page, change);
+    }
+
     void requireUnchanged() const {
         if (FileStamp::of(m_path) != m_stamp)
             failChanged();

@@ -19,10 +19,6 @@ constexpr std::int64_t maxValueBytes = std::int64_t(64) << 20;
 constexpr std::uint16_t longType = 4;
 constexpr std::uint16_t lastClassicType = 13;
 
-bool isPointer(std::uint16_t tag) {
-    return std::ranges::count(pointerTags, tag) > 0;
-}
-
 /// Bytes of a number in values of this type; 1 where byte order doesn't matter.
 qsizetype numberSize(std::uint16_t type) {
     switch (ExifType(type)) {
@@ -84,8 +80,8 @@ private:
         if (entry.value.size() != found.valueSize)
             return;
         m_valueBudget -= found.valueSize;
-        if (isPointer(found.tag)) {
-            const std::uint64_t offset = offsetIn(entry.value);
+        if (pointsToDirectory(found.tag)) {
+            const std::uint64_t offset = directoryOffset(entry.value, m_walker->order());
             if (level >= deepestLevel || m_walker->wasVisited(offset))
                 return;
             entry.child.push_back(readDirectory(offset, level + 1));
@@ -93,11 +89,6 @@ private:
             return; // numbers of 64 bits, which a block with offsets of 32 bits doesn't know
         }
         directory.entries.push_back(std::move(entry));
-    }
-
-    std::uint64_t offsetIn(const QByteArray& value) const {
-        const ByteReader reader(value, m_walker->order());
-        return value.size() >= 8 ? *reader.number<std::uint64_t>(0) : reader.dword(0).value_or(0);
     }
 
     static void keepLastOfEachTag(std::vector<TiffDirectory::Entry>& entries) {
@@ -170,6 +161,15 @@ private:
 };
 
 } // namespace
+
+bool pointsToDirectory(std::uint16_t tag) {
+    return std::ranges::count(pointerTags, tag) > 0;
+}
+
+std::uint64_t directoryOffset(const QByteArray& value, ByteOrder order) {
+    const ByteReader reader(value, order);
+    return value.size() >= 8 ? *reader.number<std::uint64_t>(0) : reader.dword(0).value_or(0);
+}
 
 const TiffDirectory::Entry* TiffDirectory::find(std::uint16_t tag) const {
     const auto found = std::ranges::find(entries, tag, &Entry::tag);

@@ -32,6 +32,12 @@ struct TiffDirectory {
 /// Turns all numbers, those of the directories below included, to the other byte order.
 void swapByteOrder(TiffDirectory& directory);
 
+/// Whether the value of that tag is the offset of a directory of EXIF, GPS or interoperability attributes.
+bool pointsToDirectory(std::uint16_t tag);
+
+/// The offset that such a value is, of 64 bits where it has so many; 0 where it is too short.
+std::uint64_t directoryOffset(const QByteArray& value, ByteOrder order);
+
 /// A directory, and the byte order of its values.
 struct TiffTree {
     bool bigEndian = false;

@@ -20,8 +20,7 @@ constexpr std::int64_t largestFile = UINT32_MAX; // but for BigTIFF
 constexpr std::size_t maxPages = 65'535;
 constexpr std::uint64_t maxEntries = 65'535; // what a directory can count
 
-/// Tags whose values are offsets of directories: sub-images, EXIF, GPS, interoperability.
-constexpr std::uint16_t directoryTags[] = {0x014A, 0x8769, 0x8825, 0xA005};
+constexpr std::uint16_t subImagesTag = 0x014A; // its values are offsets of directories
 constexpr int deepestDirectory = 4;
 
 struct Range {
@@ -148,11 +147,9 @@ private:
     }
 
     std::optional<TiffDirectoryPlace> childOf(const TiffEntry& pointer) {
-        const QByteArray offset =
-            m_source.bytes(pointer.valuePosition, std::min<std::int64_t>(pointer.valueSize, 8));
-        const ByteReader reader(offset, m_order);
-        return m_walker.visit(offset.size() >= 8 ? *reader.number<std::uint64_t>(0)
-                                                 : reader.dword(0).value_or(0));
+        constexpr std::int64_t longest = 8;
+        return m_walker.visit(directoryOffset(
+            m_source.bytes(pointer.valuePosition, std::min(pointer.valueSize, longest)), m_order));
     }
 
     /// Which of two values counts, programs don't agree about.
@@ -167,15 +164,14 @@ private:
     }
 
     void noteBelow(TiffWalker& walker, const TiffEntry& entry, int depth) {
-        if (std::ranges::count(directoryTags, entry.tag) == 0 || !entry.hasValue || depth > deepestDirectory)
+        const bool isPointer = pointsToDirectory(entry.tag) || entry.tag == subImagesTag;
+        if (!isPointer || !entry.hasValue || depth > deepestDirectory)
             return;
         const bool isWide = m_layout.isBig && entry.valueSize >= 8 * std::int64_t(entry.count);
         const int size = isWide ? 8 : 4;
         for (std::int64_t at = 0; at + size <= entry.valueSize; at += size) {
-            const QByteArray offset = m_source.bytes(entry.valuePosition + at, size);
-            const ByteReader reader(offset, m_order);
-            const auto place = walker.visit(isWide ? reader.number<std::uint64_t>(0).value_or(0)
-                                                   : reader.dword(0).value_or(0));
+            const auto place =
+                walker.visit(directoryOffset(m_source.bytes(entry.valuePosition + at, size), m_order));
             if (!place)
                 continue;
             m_foreign.push_back({place->offset, roomOf({*place, {}, {}})});

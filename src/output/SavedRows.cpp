@@ -28,8 +28,8 @@ bool isImportable(quint8 wanted, const QString& path) {
 std::optional<QByteArray> jpegCopy(const QString& source, const EmbeddedMetadata& metadata, bool upright) {
     std::optional<QByteArray> bytes;
     ignoringErrors([&] {
-        if (PictureFile(source).usualExtension() == outputExtension() &&
-            !(upright && fileOrientation(source) != 1))
+        const PictureFile file(source);
+        if (file.usualExtension() == outputExtension() && !(upright && fileOrientation(file) != 1))
             bytes = bytesWithMetadata(source, 1, metadata);
     });
     return bytes;
