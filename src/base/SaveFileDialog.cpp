@@ -32,4 +32,14 @@ saveFileDialogFor(FileDialogRequest request,
     return std::nullopt;
 }
 
+QString withExtension(const QString& path, const QString& extension) {
+    return path.endsWith(extension, Qt::CaseInsensitive) ? path : path + extension;
+}
+
+std::optional<QString> savePathFor(const FileDialogRequest& request, const QString& extension) {
+    const auto written = [&](int, const QString& path) { return withExtension(path, extension); };
+    const auto choice = saveFileDialogFor(request, written);
+    return choice ? std::optional(withExtension(choice->path, extension)) : std::nullopt;
+}
+
 } // namespace tarsel

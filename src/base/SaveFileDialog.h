@@ -16,4 +16,10 @@ std::optional<FileDialogChoice>
 saveFileDialogFor(FileDialogRequest request,
                   const std::function<QString(int filterIndex, const QString& path)>& writtenPath);
 
+/// The path with that extension (".xiff") at its end, unless it ends so in any case.
+QString withExtension(const QString& path, const QString& extension);
+
+/// The same for a file of one kind: the path as it will be written; nothing when the user left.
+std::optional<QString> savePathFor(const FileDialogRequest& request, const QString& extension);
+
 } // namespace tarsel

@@ -2,6 +2,7 @@
 #include "publishing/MetadataBasket.h"
 
 #include "base/ErrorTrap.h"
+#include "base/SaveFileDialog.h"
 #include "base/clsFile.h"
 
 #include <QCoreApplication>
@@ -10,18 +11,12 @@ namespace tarsel::modSaveOpenImageList {
 
 namespace {
 
-const QString extension = QStringLiteral(".mbf");
-
 void requireOpen(const clsFile& file) {
     if (!file.isOpen())
         throw *file.openError();
 }
 
 } // namespace
-
-QString metadataBasketPath(const QString& path) {
-    return path.endsWith(extension, Qt::CaseInsensitive) ? path : path + extension;
-}
 
 void readMetadataBasket(const QString& path, QStringList& list) {
     list.clear();
@@ -45,7 +40,7 @@ bool fncOpenMetadataBasket(const QString& path, QStringList& list) {
 bool fncSaveMetadataBasket(QString& path, const QStringList& list) {
     if (list.isEmpty())
         return false;
-    path = metadataBasketPath(path);
+    path = withExtension(path, metadataBasketExtension);
     return !trap("modSaveOpenImageList.fncSaveMetadataBasket", [&] {
         clsFile file;
         file.OpenForWrite(path);

@@ -8,8 +8,7 @@
 /// its own that ends with CR LF, in the code page.
 namespace tarsel::modSaveOpenImageList {
 
-/// The file that a basket is saved to: with ".mbf" appended where the path doesn't end in it, in any case.
-QString metadataBasketPath(const QString& path);
+inline const QString metadataBasketExtension = QStringLiteral(".mbf");
 
 /// Empties `list` and reads the file into it. The first and the last character of a line are dropped
 /// unchecked. Error 5 for a line that is too short for that, or why the file can't be read; the lines before

@@ -15,11 +15,6 @@ QString taskFilter() {
     return QCoreApplication::translate("TaskBasketActions", "Task basket file (*.tbf)|*.tbf");
 }
 
-/// The file that fncSaveTaskBasket writes.
-QString taskFilePath(const QString& path) {
-    return modSaveOpenImageList::isTaskFile(path) ? path : path + QStringLiteral(".tbf");
-}
-
 bool clearTasks(TaskList& tasks, bool) {
     const bool hadRows = tasks.count() > 0;
     tasks.clear();
@@ -37,11 +32,11 @@ bool openTasks(TaskList& tasks, bool) {
 bool saveTasks(TaskList& tasks, bool) {
     if (tasks.count() == 0)
         return false;
-    const auto choice = saveFileDialogFor(
-        {QCoreApplication::translate("TaskBasketActions", "Save Editing list"), taskFilter(), {}},
-        [](int, const QString& path) { return taskFilePath(path); });
-    if (choice)
-        modSaveOpenImageList::fncSaveTaskBasket(choice->path, tasks);
+    const auto path =
+        savePathFor({QCoreApplication::translate("TaskBasketActions", "Save Editing list"), taskFilter(), {}},
+                    modSaveOpenImageList::taskFileExtension);
+    if (path)
+        modSaveOpenImageList::fncSaveTaskBasket(*path, tasks);
     return false;
 }
 

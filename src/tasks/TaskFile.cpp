@@ -3,6 +3,7 @@
 
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/SaveFileDialog.h"
 #include "base/clsFile.h"
 
 #include <QCoreApplication>
@@ -11,8 +12,6 @@
 namespace tarsel::modSaveOpenImageList {
 
 namespace {
-
-const QLatin1String TaskExtension(".tbf");
 
 // A record of the file: kind, key, p1 to p17.
 QStringList fieldsOf(const TaskRow& row) {
@@ -52,7 +51,7 @@ bool showUnlessDone(bool done, const char* message) {
 } // namespace
 
 bool isTaskFile(const QString& path) {
-    return path.endsWith(TaskExtension, Qt::CaseInsensitive);
+    return path.endsWith(taskFileExtension, Qt::CaseInsensitive);
 }
 
 void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
@@ -71,7 +70,7 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons) {
 }
 
 bool fncSaveTaskBasket(const QString& path, TaskList& tasks) {
-    const QString target = isTaskFile(path) ? path : path + TaskExtension;
+    const QString target = withExtension(path, taskFileExtension);
     const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
                                                  [&] { writeTaskBasket(target, tasks); });
     if (done)

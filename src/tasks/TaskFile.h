@@ -7,6 +7,7 @@
 
 namespace tarsel::modSaveOpenImageList {
 
+inline const QString taskFileExtension = QStringLiteral(".tbf");
 bool isTaskFile(const QString& path); ///< by its extension
 
 /// Replaces the list by the rows of a .tbf file. The old rows are gone even when the reading fails, and the

@@ -30,12 +30,6 @@ QString extensionOf(const QString& path) {
     return QFileInfo(path).suffix().toLower();
 }
 
-template <const char* Ending>
-QString withEnding(int, const QString& path) {
-    return path.endsWith(QLatin1String(Ending), Qt::CaseInsensitive) ? path : path + QLatin1String(Ending);
-}
-constexpr char xiffEnding[] = ".xiff", ffoEnding[] = ".ffo";
-
 bool asks(const QString& text) {
     return service<Dialogs>().messageBox(text, MessageIcon::Question, MessageButtons::YesNo,
                                          ApplicationName) == MessageAnswer::Yes;
@@ -377,9 +371,9 @@ void MetadataEditor::SaveXiffFile() {
     run("FrmMain.SaveXiffFile", tr("Save EXIF Information to file"), [this] {
         if (m_exif.isEmpty())
             return;
-        const auto choice =
-            saveFileDialogFor({tr("Save EXIF Information to file"), xiffFilter, {}}, withEnding<xiffEnding>);
-        if (choice && modMetadata::WriteXiffFile(withEnding<xiffEnding>(0, choice->path), m_exif) == 0)
+        const auto path =
+            savePathFor({tr("Save EXIF Information to file"), xiffFilter, {}}, QStringLiteral(".xiff"));
+        if (path && modMetadata::WriteXiffFile(*path, m_exif) == 0)
             inform(tr("There is no user editable EXIF attributes in this current image!\n"
                       "Either create new attribute or select another image having editable attribute."),
                    MessageIcon::Information);
@@ -412,10 +406,9 @@ void MetadataEditor::saveIptcFile() {
     run("FrmMain.cmdIPTCBar", tr("Save IPTC Information"), [this] {
         if (m_iptc.isEmpty())
             return;
-        const auto choice =
-            saveFileDialogFor({tr("Save IPTC Information"), ffoFilter, {}}, withEnding<ffoEnding>);
-        if (choice)
-            m_box.IptcSaveToFile(withEnding<ffoEnding>(0, choice->path));
+        const auto path = savePathFor({tr("Save IPTC Information"), ffoFilter, {}}, QStringLiteral(".ffo"));
+        if (path)
+            m_box.IptcSaveToFile(*path);
     });
 }
 

@@ -37,10 +37,6 @@ struct Printing::Order {
 
 namespace {
 
-QString withPdf(int, const QString& path) {
-    return path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive) ? path : path + QStringLiteral(".pdf");
-}
-
 /// As the preview shows it.
 PrintPicture loadRow(const QString& path, bool upright, const std::vector<TaskRow>& tasks) {
     ImageBox box;
@@ -79,9 +75,8 @@ std::optional<Printing::Order> Printing::ask(const PrintSubject& subject, const 
 
 std::optional<QString> Printing::askForFile(const QString& title) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const auto choice = saveFileDialogFor(
-        {tr("Save pages"), tr("PDF document (*.pdf)|*.pdf"), QDir(folder).filePath(title)}, withPdf);
-    return choice ? std::optional(withPdf(choice->filterIndex, choice->path)) : std::nullopt;
+    return savePathFor({tr("Save pages"), tr("PDF document (*.pdf)|*.pdf"), QDir(folder).filePath(title)},
+                       QStringLiteral(".pdf"));
 }
 
 PrintSubject Printing::rowSubject() const {

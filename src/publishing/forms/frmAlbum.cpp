@@ -211,11 +211,9 @@ void frmAlbum::openLines() {
 void frmAlbum::saveLines() {
     if (lines().isEmpty())
         return;
-    auto choice =
-        saveFileDialogFor({tr("Save Metadata Basket"), basketFilter(), {}}, [](int, const QString& path) {
-            return modSaveOpenImageList::metadataBasketPath(path);
-        });
-    if (choice && !modSaveOpenImageList::fncSaveMetadataBasket(choice->path, lines()))
+    auto path = savePathFor({tr("Save Metadata Basket"), basketFilter(), {}},
+                            modSaveOpenImageList::metadataBasketExtension);
+    if (path && !modSaveOpenImageList::fncSaveMetadataBasket(*path, lines()))
         inform(tr("Error saving metadata basket!\nPlease try again!"));
 }
 
