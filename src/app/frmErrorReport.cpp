@@ -5,6 +5,7 @@
 #include "base/ErrorTrap.h"
 #include "base/SendReport.h"
 #include "controls/FormScrollArea.h"
+#include "controls/PaleText.h"
 
 #include <QCoreApplication>
 #include <QStyle>
@@ -20,6 +21,7 @@ frmErrorReport::frmErrorReport(ErrorReport report, QWidget* owner) :
     connect(m_ui->cmdSend, &QPushButton::clicked, this, &frmErrorReport::cmdSend_Click);
     // Enter in the address sends; the default button must not throw away what was typed.
     connect(m_ui->txtEmail, &QLineEdit::returnPressed, this, &frmErrorReport::cmdSend_Click);
+    keepPlaceholderReadable(*m_ui->txtUserDescription);
     m_ui->cmdCancel->setFocus(); // an unexpected Enter must send nothing
     fitToText(*this, 100);
 }

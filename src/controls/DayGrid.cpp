@@ -2,6 +2,7 @@
 #include "controls/DayGrid.h"
 
 #include "controls/FocusFrame.h"
+#include "controls/PaleText.h"
 
 #include <QKeyEvent>
 #include <QLocale>
@@ -104,7 +105,7 @@ void DayGrid::paintEvent(QPaintEvent*) {
 }
 
 void DayGrid::paintNames(QPainter& painter) const {
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(paleText(palette()));
     for (int column = 0; column < columns; ++column) {
         const int day = (m_firstDay - 1 + column) % columns + 1;
         painter.drawText(cell(column, 0), Qt::AlignCenter,
@@ -128,9 +129,9 @@ void DayGrid::paintDay(QPainter& painter, QDate day) const {
         painter.drawRoundedRect(inside, 3, 3);
     }
     const bool isNeighbour = day.month() != m_month.month();
-    painter.setPen(palette().color(isChosen      ? QPalette::HighlightedText
-                                   : isNeighbour ? QPalette::PlaceholderText
-                                                 : QPalette::Text));
+    painter.setPen(isNeighbour && !isChosen
+                       ? paleText(palette())
+                       : palette().color(isChosen ? QPalette::HighlightedText : QPalette::Text));
     painter.drawText(area, Qt::AlignCenter, QLocale().toString(day.day()));
     if (isChosen && hasFocus())
         drawFocusFrame(painter, palette(), area);

@@ -4,6 +4,7 @@
 #include "collections/FileQuestion.h"
 #include "collections/TypedPath.h"
 #include "controls/ActionTable.h"
+#include "controls/PaleText.h"
 
 #include <QCompleter>
 #include <QFileInfo>
@@ -44,6 +45,7 @@ PlacesBar::PlacesBar(QAbstractItemModel* folders, FileQuestion& question, const 
     m_path->setObjectName(QStringLiteral("txtPath"));
     m_path->setAccessibleName(tr("Path of the folder"));
     m_path->setPlaceholderText(tr("Path of a folder"));
+    keepPlaceholderReadable(*m_path);
     m_path->setCompleter(new PathCompleter(folders, m_path));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
