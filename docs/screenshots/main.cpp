@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tarsel-screenshots [--dark] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX: pictures of the main window
-// with the pictures of a folder, of each dialog, and of the window with each task previewed, as PREFIX and
-// the window's name.
+// tarsel-screenshots [--dark] [--font-20] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX: pictures of the
+// main window with the pictures of a folder, of each dialog, and of the window with each task previewed, as
+// PREFIX and the window's name; by --font-20 with a font of 20 points.
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "base/ProgramIdentity.h"
@@ -107,10 +107,16 @@ int main(int argc, char** argv) {
     QStringList operands = QApplication::arguments().mid(1);
     if (operands.removeAll(QStringLiteral("--dark")) > 0)
         QApplication::setPalette(darkPalette());
+    if (operands.removeAll(QStringLiteral("--font-20")) > 0) {
+        QFont font = QApplication::font();
+        font.setPointSize(20);
+        QApplication::setFont(font);
+    }
     const bool dialogs = operands.removeAll(QStringLiteral("--dialogs")) > 0;
     const bool tasks = operands.removeAll(QStringLiteral("--edit")) > 0;
     if (operands.size() != 4) {
-        std::fprintf(stderr, "expected [--dark] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX\n");
+        std::fprintf(stderr,
+                     "expected [--dark] [--font-20] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX\n");
         return 2;
     }
     QtDesktop desktop;

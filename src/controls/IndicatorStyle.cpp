@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -26,6 +27,13 @@ void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
     else
         painter->drawRect(outline);
     painter->restore();
+}
+
+int IndicatorStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    const bool isIndicator = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight ||
+                             metric == PM_ExclusiveIndicatorWidth || metric == PM_ExclusiveIndicatorHeight;
+    return isIndicator && widget ? std::max(usual, widget->fontMetrics().height() * 4 / 5) : usual;
 }
 
 void installIndicatorStyle() {

@@ -2,6 +2,7 @@
 #include "controls/ListControl.h"
 
 #include "controls/FocusFrame.h"
+#include "controls/PaleText.h"
 #include "controls/RowDelegate.h"
 #include "controls/TableColumns.h"
 #include "controls/ThumbnailView.h"
@@ -155,8 +156,8 @@ void ListControl::setColumnWidth(int column, int width) {
     m_columns->setWidth(column, width);
 }
 
-void ListControl::setWideColumn(int column) {
-    m_columns->setWideColumn(column);
+void ListControl::setWideColumn(int column, bool hasHalf) {
+    m_columns->setWideColumn(column, hasHalf);
 }
 
 void ListControl::setUsualText(int column, const QString& text) {
@@ -241,12 +242,9 @@ void ListControl::prepareHint() {
     placeHint();
 }
 
-/// Paler than the rows' text, and still easy to read on light and dark lists.
 void ListControl::colorHint() {
-    QColor color = palette().color(QPalette::Active, QPalette::Text);
-    color.setAlphaF(0.65F);
     QPalette colors;
-    colors.setColor(QPalette::WindowText, color);
+    colors.setColor(QPalette::WindowText, paleText(palette()));
     m_hint->setPalette(colors);
 }
 

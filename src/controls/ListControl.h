@@ -48,7 +48,9 @@ public:
     /// In pixels of the usual font; on the screen columns grow with the font.
     int columnWidth(int column) const;
     void setColumnWidth(int column, int width);
-    void setWideColumn(int column); ///< the one that takes free room; the first one until it is called
+    /// The one that takes free room; the first one until it is called. With `hasHalf` it has half the table
+    /// at least, and the others are narrowed for it, else it is never narrower than its own width.
+    void setWideColumn(int column, bool hasHalf = false);
     /// A text for which the column has room until its width is changed.
     void setUsualText(int column, const QString& text);
     /// Lets rows of `source` be dropped here. May be the control itself, to reorder rows.

@@ -36,8 +36,9 @@ void TableColumns::setWidth(int column, int width) {
     fit();
 }
 
-void TableColumns::setWideColumn(int column) {
+void TableColumns::setWideColumn(int column, bool hasHalf) {
     m_wideColumn = column;
+    m_hasHalf = hasHalf;
     fit();
 }
 
@@ -56,21 +57,33 @@ bool TableColumns::eventFilter(QObject* watched, QEvent* event) {
 void TableColumns::fit() {
     const QScopedValueRollback guard(m_fitting, true);
     QHeaderView* header = m_table->header();
+    const double share = narrowing();
     int room = m_table->viewport()->width();
     for (int column = 0; column < header->count(); ++column) {
         if (column == m_wideColumn)
             continue;
-        header->resizeSection(column, minWidth(column));
+        header->resizeSection(column, int(minWidth(column) * share));
         room -= header->sectionSize(column);
     }
     if (m_wideColumn < header->count())
         header->resizeSection(m_wideColumn, std::max(room, minWidth(m_wideColumn)));
 }
 
+/// By which the columns beside a wide one that has half the table are narrowed for it.
+double TableColumns::narrowing() const {
+    int others = 0;
+    for (int column = 0; column < m_table->header()->count(); ++column)
+        others += column == m_wideColumn ? 0 : minWidth(column);
+    const double half = m_table->viewport()->width() / 2.0;
+    return m_hasHalf && others > half ? half / others : 1;
+}
+
 /// The names have room for one that can be distinguished from its neighbours, beside the picture of its row.
 int TableColumns::minWidth(int column) const {
+    if (m_hasHalf && column == m_wideColumn)
+        return 0;
     const int wanted = scaled(column, width(column));
-    if (column > 0 || m_wideColumn != 0)
+    if (column > 0 || (m_wideColumn != 0 && !m_hasHalf))
         return wanted;
     const int name = m_table->fontMetrics().averageCharWidth() * charactersOfAName;
     return std::max(wanted, m_table->iconSize().width() + name);

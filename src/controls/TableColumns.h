@@ -20,7 +20,8 @@ public:
 
     int width(int column) const;
     void setWidth(int column, int width);
-    void setWideColumn(int column); ///< the one that takes the room left
+    /// The one that takes the room left, at least its own width, or half the table.
+    void setWideColumn(int column, bool hasHalf = false);
     /// The width of 100, which columns start with, has room for this text.
     void setUsualText(int column, const QString& text);
 
@@ -30,6 +31,7 @@ protected:
 private:
     void fit();
     int minWidth(int column) const;
+    double narrowing() const;
     int usualPixels(int column) const;
     int scaled(int column, int width) const;
     void takeWidth(int column, int pixels);
@@ -38,6 +40,7 @@ private:
     std::vector<int> m_widths;
     QMap<int, QString> m_usualTexts;
     int m_wideColumn = 0;
+    bool m_hasHalf = false; ///< the wide column
     bool m_fitting = false;
 };
 

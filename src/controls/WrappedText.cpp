@@ -2,7 +2,10 @@
 #include "controls/WrappedText.h"
 
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <algorithm>
+#include <cmath>
 
 namespace tarsel {
 
@@ -25,7 +28,14 @@ WrappedText::WrappedText(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 QSize WrappedText::sizeHint() const {
-    return {minCharacters * fontMetrics().averageCharWidth(), m_lines * fontMetrics().lineSpacing() + 2};
+    return {minCharacters * fontMetrics().averageCharWidth(), m_lines * lineHeight() + 2};
+}
+
+/// As the lines are laid out, which is more than the font's own spacing for some sizes.
+int WrappedText::lineHeight() const {
+    const QTextBlock first = document()->firstBlock();
+    const int lines = std::max(1, first.layout()->lineCount());
+    return std::max(fontMetrics().lineSpacing(), int(std::ceil(blockBoundingRect(first).height() / lines)));
 }
 
 void WrappedText::resizeEvent(QResizeEvent* event) {

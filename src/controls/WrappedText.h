@@ -19,6 +19,7 @@ protected:
 
 private:
     void fitHeight();
+    int lineHeight() const;
 
     int m_lines = 1;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/ListControl.h"
 #include "base/ListView.h"
+#include "controls/PaleText.h"
 #include "controls/PictureIcon.h"
 
 #include <QClipboard>
@@ -10,13 +11,13 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
 #include <QTreeView>
-#include <cmath>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -49,20 +50,21 @@ protected:
 
 } // namespace
 
-TEST_F(ListControlTest, AHintHasAContrastOfFourAndAHalfOnLightAndDarkLists) {
+TEST_F(ListControlTest, HintsAndPlaceholdersHaveAContrastOfFourAndAHalfInEveryTheme) {
     const auto& hint = *control.findChild<QLabel*>();
     EXPECT_EQ(hint.textFormat(), Qt::PlainText) << "for names of folders";
-    const auto luminance = [](const QColor& gray) { return std::pow((gray.redF() + 0.055) / 1.055, 2.4); };
-    for (const auto& [text, base] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
-        QPalette palette;
-        palette.setColor(QPalette::Text, text);
-        palette.setColor(QPalette::Base, base);
+    EXPECT_NEAR(contrastOf(Qt::black, Qt::white), 21, 0.001);
+    QLineEdit field;
+    keepPlaceholderReadable(field);
+    for (const auto& [text, base] :
+         {std::pair("black", "white"), {"white", "black"}, {"#c8c8c8", "#404040"}}) {
+        QPalette palette; // without a colour for placeholders
+        palette.setColor(QPalette::Text, QColor(text));
+        palette.setColor(QPalette::Base, QColor(base));
         control.setPalette(palette);
-        QImage shown(1, 1, QImage::Format_RGB32);
-        shown.fill(base);
-        QPainter(&shown).fillRect(0, 0, 1, 1, hint.palette().color(QPalette::WindowText));
-        const auto [dark, light] = std::minmax({luminance(shown.pixelColor(0, 0)), luminance(base)});
-        EXPECT_GE((light + 0.05) / (dark + 0.05), 4.5);
+        field.setPalette(palette);
+        EXPECT_GE(contrastOf(hint.palette().color(QPalette::WindowText), QColor(base)), 4.5) << base;
+        EXPECT_GE(contrastOf(field.palette().color(QPalette::PlaceholderText), QColor(base)), 4.5) << base;
     }
 }
 
@@ -180,6 +182,11 @@ TEST_F(ListControlTest, TheNamesTakeFreeRoomAndAllColumnsFollowTheFont) {
     control.setUsualText(1, text);
     control.setColumnWidth(1, 100);
     EXPECT_GE(shown().second, control.fontMetrics().horizontalAdvance(text) + 6);
+    control.setWideColumn(1, true);
+    control.setColumnWidth(0, 900);
+    QTest::qWait(0);
+    EXPECT_EQ(shown().first + shown().second, table->viewport()->width());
+    EXPECT_GE(shown().second, shown().first) << "values have half a narrow pane, whatever the font";
 }
 
 TEST_F(ListControlTest, APictureOfItsPlacesSizeIsPaintedPixelForPixelAtEveryRatio) {
