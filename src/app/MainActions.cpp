@@ -10,6 +10,16 @@ namespace {
 constexpr ActionRow rows[] = {
     {"cmdBrowseSettings", TEXT("Settings"), TEXT("Change the settings and see the shortcuts"), "settings",
      "Ctrl+,"},
+    // the panes
+    {"showNextPane", TEXT("Next pane"), "", "next", "F6"},
+    {"showPreviousPane", TEXT("Previous pane"), "", "previous", "Shift+F6"},
+    {"showFolders", TEXT("Go to the folders"), "", "folder", "Alt+1"},
+    {"showTasks", TEXT("Go to the task basket"), "", "task", "Alt+2"},
+    {"showFiles", TEXT("Go to the files"), "", "pictures", "Alt+3"},
+    {"showBasket", TEXT("Go to the basket"), "", "basket", "Alt+4"},
+    {"showPicture", TEXT("Go to the picture"), "", "preview", "Alt+5"},
+    {"showExif", TEXT("Go to EXIF"), "", "metadata", "Alt+6"},
+    {"showIptc", TEXT("Go to IPTC"), "", "metadata", "Alt+7"},
     // places
     {"cmdHomeFolder", TEXT("Home"), TEXT("Show the home folder"), "home", "Alt+Home"},
     {"cmdPicturesFolder", TEXT("Pictures"), TEXT("Show the folder of your pictures"), "pictures",

@@ -2,6 +2,7 @@
 #include "app/frmMain.h"
 
 #include "app/MainActions.h"
+#include "app/PaneKeys.h"
 #include "app/RunEndNotice.h"
 #include "app/StatusPanels.h"
 #include "app/TaskPane.h"
@@ -84,6 +85,7 @@ frmMain::frmMain(StartupOptions options) :
     connectMetadata();
     connectEditing();
     connectPrinting();
+    connectPaneKeys();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -266,6 +268,20 @@ void frmMain::connectPreview() {
     });
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
+}
+
+void frmMain::connectPaneKeys() {
+    auto* keys = new PaneKeys(*this, m_actions);
+    BrowsePane& browse = *m_browsePane;
+    MetadataPane& metadata = *m_metadataPane;
+    keys->add("showFolders", browse, browse.ftvBrowse(), [&browse] { browse.showTab(0); });
+    keys->add("showTasks", browse, browse.lvEdit(), [&browse] { browse.showTab(1); });
+    keys->add("showFiles", *m_folderPane, m_folderPane->lvFolder());
+    keys->add("showBasket", *m_basketPane, m_basketPane->lvPages());
+    keys->add("showPicture", *m_previewPane, m_previewPane->ibMain());
+    keys->add("showExif", metadata, metadata.lvExif(), [&metadata] { metadata.focusList(0); });
+    keys->add("showIptc", metadata, metadata.lvIPTC(), [&metadata] { metadata.focusList(1); });
+    keys->add(nullptr, *m_taskPane, m_taskPane->lvEditPreview());
 }
 
 // --- the course of the run

@@ -99,6 +99,7 @@ private:
     void connectEditing();
     void connectBefore();
     void connectPrinting();
+    void connectPaneKeys();
 
     // Form_Load
     bool refuseSecondInstance();

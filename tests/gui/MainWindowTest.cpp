@@ -453,7 +453,8 @@ TEST_F(MainWindow, SettingsAreInForceAtOnceAndThumbnailsKeepTheirSizeUntilTheNex
 TEST_F(MainWindow, EveryShortcutReachesAWidget) {
     start();
     QSet<QString> reached;
-    for (const QWidget* widget : window().findChildren<QWidget*>()) {
+    const auto children = window().findChildren<QWidget*>();
+    for (const QWidget* widget : QList<QWidget*>{&window()} + children) {
         const auto* menu = qobject_cast<const QMenu*>(widget);
         if (!menu || !menu->menuAction()->associatedObjects().isEmpty()) // a menu of its own takes no keys
             for (const QAction* action : widget->actions())
@@ -476,6 +477,39 @@ TEST_F(MainWindow, TheTabKeyWalksTheControlsInTheOrderOfReading) {
             << next->objectName().toStdString();
         last = place;
     }
+}
+
+TEST_F(MainWindow, F6WalksThePanesOnShowAndAltAndADigitBringsEachToLight) {
+    startListing(1);
+    clickRow("lvFolder", 0);
+    ASSERT_TRUE(waitFor([&] { return child<QWidget>(window(), "PicMetadata").isVisible(); }));
+    const auto paneAfter = [&](const char* keys) {
+        const QKeyCombination key = QKeySequence(QLatin1String(keys))[0];
+        QTest::keyClick(&window(), key.key(), key.keyboardModifiers());
+        const QWidget* focused = window().focusWidget();
+        for (const char* pane :
+             {"ftvBrowse", "lvEdit", "lvFolder", "lvPages", "PicViewImage", "lvExif", "lvIPTC"})
+            if (const auto& each = child<QWidget>(window(), pane);
+                &each == focused || each.isAncestorOf(focused))
+                return std::string(pane);
+        return std::string();
+    };
+    for (const auto& [keys, pane] : {std::pair("Alt+1", "ftvBrowse"),
+                                     {"Alt+2", "lvEdit"},
+                                     {"F6", "lvFolder"},
+                                     {"F6", "lvPages"},
+                                     {"F6", "PicViewImage"},
+                                     {"F6", "lvExif"},
+                                     {"F6", "lvEdit"},
+                                     {"Shift+F6", "lvExif"},
+                                     {"Alt+7", "lvIPTC"},
+                                     {"Ctrl+Alt+E", "lvExif"},
+                                     {"Shift+F6", "PicViewImage"},
+                                     {"Alt+3", "lvFolder"},
+                                     {"Alt+4", "lvPages"},
+                                     {"Alt+5", "PicViewImage"},
+                                     {"Alt+6", "lvExif"}})
+        EXPECT_EQ(paneAfter(keys), pane) << keys;
 }
 
 TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRowAlsoAfterAFileThatCantBeShown) {

@@ -51,13 +51,11 @@ QTabBar* makeTabs(QWidget* parent) {
 
 BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_actions(actions), m_tree(new FolderTree(this)),
-    m_tasks(new ListControl(tasks.lvEdit, this)) {
+    m_tasks(new ListControl(tasks.lvEdit, this)), m_tabs(makeTabs(this)) {
     auto* lblBrowse = makePaneCaption({}, this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
-    QTabBar* tbsBrowse = makeTabs(this);
     // Before the field takes the focus, which would be out of sight on the other tab.
-    connect(&actions.action("cmdTypePath"), &QAction::triggered, tbsBrowse,
-            [tbsBrowse] { tbsBrowse->setCurrentIndex(0); });
+    connect(&actions.action("cmdTypePath"), &QAction::triggered, this, [this] { showTab(0); });
     auto* panels = new QStackedWidget(this);
     panels->addWidget(makeFolderPanel());
     panels->addWidget(makeTaskPanel());
@@ -69,15 +67,19 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     caption->addWidget(lblBrowse, 1);
     caption->addWidget(actions.makeButton("cmdBrowseSettings", this));
     rows->addLayout(caption);
-    rows->addWidget(tbsBrowse);
+    rows->addWidget(m_tabs);
     rows->addWidget(panels, 1);
 
-    const auto showTab = [tbsBrowse, panels, lblBrowse](int tab) {
+    const auto showPanel = [this, panels, lblBrowse](int tab) {
         panels->setCurrentIndex(tab);
-        lblBrowse->setText(tbsBrowse->tabText(tab));
+        lblBrowse->setText(m_tabs->tabText(tab));
     };
-    connect(tbsBrowse, &QTabBar::currentChanged, this, showTab);
-    showTab(0);
+    connect(m_tabs, &QTabBar::currentChanged, this, showPanel);
+    showPanel(0);
+}
+
+void BrowsePane::showTab(int tab) {
+    m_tabs->setCurrentIndex(tab);
 }
 
 QWidget* BrowsePane::makeFolderPanel() {

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QLabel;
+class QTabBar;
 
 namespace tarsel {
 
@@ -22,6 +23,7 @@ public:
 
     FolderTree& ftvBrowse() const { return *m_tree; }
     ListControl& lvEdit() const { return *m_tasks; }
+    void showTab(int tab); ///< 0 folders, 1 tasks
     /// For the folder to select next: the latest of what was typed, dropped and clicked counts.
     FileQuestion& question() { return m_question; }
     /// While a batch replays the tasks, nothing that changes them is offered.
@@ -41,6 +43,7 @@ private:
     const ActionTable& m_actions;
     FolderTree* m_tree;
     ListControl* m_tasks;
+    QTabBar* m_tabs;
     FileQuestion m_question;
 };
 

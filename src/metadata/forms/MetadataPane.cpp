@@ -37,7 +37,6 @@ MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable
     m_pages->addWidget(makePage(iptcButtons, "picIPTCBar", m_iptc, &MetadataPane::cmdIPTCBar));
     connect(m_tabs, &QTabBar::currentChanged, this, [this](int tab) {
         m_pages->setCurrentIndex(tab);
-        offerCommands();
         Q_EMIT tabShown(tab);
     });
     auto* rows = new QVBoxLayout(this);
@@ -50,6 +49,15 @@ MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable
 
 void MetadataPane::showTab(int tab) {
     m_tabs->setCurrentIndex(tab);
+}
+
+void MetadataPane::focusList(int tab) {
+    showTab(tab);
+    ListControl* control = tab == 0 ? m_exif : m_iptc;
+    ListView& list = control->list();
+    if (list.selectedIndex() < 0 && !list.isEmpty())
+        list.selectOnly(0);
+    control->setFocus(Qt::ShortcutFocusReason);
 }
 
 int MetadataPane::tab() const {
@@ -66,13 +74,22 @@ void MetadataPane::setBusy(bool isBusy) {
         m_focus.before->setFocus();
 }
 
-/// A key of a command works on the list that is seen.
 void MetadataPane::offerCommands() {
     const bool offered = !isHidden() && !m_isBusy;
-    for (const char* name : exifButtons)
-        m_actions.action(name).setEnabled(offered && tab() == 0);
-    for (const char* name : iptcButtons)
-        m_actions.action(name).setEnabled(offered && tab() == 1);
+    using Buttons = std::span<const char* const>;
+    for (const Buttons buttons : {Buttons(exifButtons), Buttons(iptcButtons)})
+        for (const char* name : buttons)
+            m_actions.action(name).setEnabled(offered);
+}
+
+/// From the other tab a key shows its list, and what works on the selected row waits until that is seen.
+void MetadataPane::run(int tab, int index, Clicked clicked) {
+    constexpr int editing = 0, removing[] = {2, 3}; // by tab
+    const bool isSeen = this->tab() == tab;
+    if (!isSeen)
+        focusList(tab);
+    if (isSeen || (index != editing && index != removing[tab]))
+        (this->*clicked)(index);
 }
 
 void MetadataPane::showEvent(QShowEvent* event) {
@@ -87,18 +104,20 @@ void MetadataPane::hideEvent(QHideEvent* event) {
 
 /// A double click on a row, or Return, does what the first button does.
 QWidget* MetadataPane::makePage(std::span<const char* const> buttons, const char* barName, ListControl* list,
-                                void (MetadataPane::*clicked)(int)) {
+                                Clicked clicked) {
     auto* page = new QWidget(this);
     auto* bar = new QWidget(page);
     bar->setObjectName(QLatin1String(barName));
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
+    const int tab = list == m_exif ? 0 : 1;
     int index = 0;
     for (const char* name : buttons) {
         row->addWidget(m_actions.makeButton(name, bar));
+        addAction(&m_actions.action(name)); // for its key while the other tab is on show
         connect(&m_actions.action(name), &QAction::triggered, this,
-                [this, clicked, index] { (this->*clicked)(index); });
+                [this, clicked, tab, index] { run(tab, index, clicked); });
         ++index;
     }
     row->addStretch(1);
@@ -121,6 +140,7 @@ ListControl* MetadataPane::addList(ListView& list, const char* name, const QStri
     control->setAccessibleName(meaning);
     control->setFullRowSelect(true);
     control->setTableIconSize(iconSize);
+    control->setWideColumn(1, true);
     return control;
 }
 

@@ -15,7 +15,8 @@ namespace tarsel {
 class ActionTable;
 class ListControl;
 
-/// The metadata of the picture on show, on two tabs with a bar of buttons each.
+/// The metadata of the picture on show, on two tabs with a bar of buttons each. The keys of the buttons work
+/// from both tabs.
 class MetadataPane final : public QWidget {
     Q_OBJECT
 public:
@@ -23,7 +24,8 @@ public:
 
     ListControl& lvExif() const { return *m_exif; }
     ListControl& lvIPTC() const { return *m_iptc; }
-    void showTab(int tab); ///< 0 EXIF, 1 IPTC
+    void showTab(int tab);   ///< 0 EXIF, 1 IPTC
+    void focusList(int tab); ///< shows its tab, with a row selected
     int tab() const;
     /// Offers no command while a file is being written. The focus that this takes from a button returns at
     /// the end, unless the user has moved it.
@@ -39,9 +41,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    using Clicked = void (MetadataPane::*)(int);
+
     void offerCommands();
+    void run(int tab, int index, Clicked clicked);
     QWidget* makePage(std::span<const char* const> buttons, const char* barName, ListControl* list,
-                      void (MetadataPane::*clicked)(int));
+                      Clicked clicked);
     ListControl* addList(ListView& list, const char* name, const QString& meaning);
 
     const ActionTable& m_actions;
