@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/forms/ItemList.h"
 
+#include "controls/PaleText.h"
+
+#include <QCoreApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -8,16 +12,32 @@
 
 namespace tarsel {
 
+namespace {
+
+void addTyped(const ItemListControls& controls) {
+    const QString text = controls.text->text().trimmed();
+    controls.text->clear();
+    if (text.isEmpty())
+        return;
+    auto present = controls.list->findItems(text, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    controls.note->setVisible(!present.isEmpty());
+    if (!present.isEmpty())
+        controls.note->setText(
+            QCoreApplication::translate("ItemList", "\"%1\" is in the list already.").arg(text));
+    else
+        controls.list->addItem(text);
+    controls.list->setCurrentRow(present.isEmpty() ? controls.list->count() - 1
+                                                   : controls.list->row(present.front()));
+}
+
+} // namespace
+
 void joinItemList(const ItemListControls& controls, const QStringList& items) {
     controls.list->addItems(items);
+    controls.note->hide();
+    keepPlaceholderReadable(*controls.text);
     controls.text->setFocus();
-    const auto add = [controls] {
-        if (controls.text->text().isEmpty())
-            return;
-        controls.list->addItem(controls.text->text());
-        controls.list->setCurrentRow(controls.list->count() - 1);
-        controls.text->clear();
-    };
+    const auto add = [controls] { addTyped(controls); };
     const auto remove = [controls] { delete controls.list->takeItem(controls.list->currentRow()); };
     // What Return does: it adds what is typed, and accepts when there is nothing to add.
     const auto showDefault = [controls] {

@@ -3,6 +3,7 @@
 
 #include <QStringList>
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -16,10 +17,12 @@ struct ItemListControls {
     QPushButton* add;
     QPushButton* remove;
     QPushButton* ok;
+    QLabel* note; ///< what was not added, and why
 };
 
-/// Fills the list and joins the controls: "Add" appends the text unless it is empty, and empties it; "Delete"
-/// and the key Del remove the selected line. Return in the field adds, and accepts when the field is empty.
+/// Fills the list and joins the controls: "Add" appends the text without the blanks round it, and empties the
+/// field; a text that the list has is shown there instead. "Delete" and the key Del remove the selected line.
+/// Return in the field adds, and accepts when the field is empty.
 void joinItemList(const ItemListControls& controls, const QStringList& items);
 
 QStringList itemsOf(const QListWidget& list);

@@ -11,8 +11,9 @@ frmIPTCCategory::frmIPTCCategory(const QStringList& categories, int urgency, QWi
     QDialog(owner), m_ui(std::make_unique<Ui::frmIPTCCategory>()) {
     constexpr int leastUrgent = 8;
     m_ui->setupUi(this);
-    joinItemList({m_ui->lstSupCats, m_ui->txtSupCatAdd, m_ui->cmdAdd, m_ui->cmdDelete, m_ui->cmdOK},
-                 categories);
+    joinItemList(
+        {m_ui->lstSupCats, m_ui->txtSupCatAdd, m_ui->cmdAdd, m_ui->cmdDelete, m_ui->cmdOK, m_ui->lblNote},
+        categories);
     for (int i = 1; i <= leastUrgent; ++i)
         m_ui->cboUrgency->addItem(QString::number(i));
     m_ui->cboUrgency->addItem(tr("None"));

@@ -10,8 +10,9 @@ namespace tarsel {
 frmIPTCKeywords::frmIPTCKeywords(const QStringList& keywords, QWidget* owner) :
     QDialog(owner), m_ui(std::make_unique<Ui::frmIPTCKeywords>()) {
     m_ui->setupUi(this);
-    joinItemList({m_ui->lstKeywords, m_ui->txtKeywordAdd, m_ui->cmdAdd, m_ui->cmdDelete, m_ui->cmdOK},
-                 keywords);
+    joinItemList(
+        {m_ui->lstKeywords, m_ui->txtKeywordAdd, m_ui->cmdAdd, m_ui->cmdDelete, m_ui->cmdOK, m_ui->lblNote},
+        keywords);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     fitToText(*this, 60);
 }
