@@ -16,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QTest>
 
 namespace tarsel::test {
 
@@ -61,6 +62,9 @@ TEST_F(Printing, CancelPrintsNothingAndItsLayoutIsThatOfTheNextDialogAndOfTheNex
         child<QDoubleSpinBox>(dialog, "spnScale").setValue(50);
         child<QRadioButton>(dialog, "optOrientation_1").click();
         child<QSpinBox>(dialog, "spnPerPage").setValue(2);
+        child<QSpinBox>(dialog, "spnPerPage").setFocus();
+        QTest::keyClick(&child<QSpinBox>(dialog, "spnPerPage"), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible()) << "Return after a number spends paper";
     });
     print("cmdBatchPrint");
     EXPECT_FALSE(basket().isEmpty());

@@ -7,6 +7,8 @@
 #include "output/forms/PagePreview.h"
 #include "output/forms/ui_frmPrint.h"
 
+#include <QAbstractSpinBox>
+#include <QKeyEvent>
 #include <QPageSize>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -62,6 +64,13 @@ frmPrint::frmPrint(PrintLayout& layout, PrintSubject subject, QWidget* owner) :
 }
 
 frmPrint::~frmPrint() = default;
+
+/// Return ends the typing of a number; paper is spent by the button alone.
+void frmPrint::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || !qobject_cast<QAbstractSpinBox*>(focusWidget()))
+        QDialog::keyPressEvent(event);
+}
 
 // --- the controls
 
