@@ -6,7 +6,6 @@
 #include "base/Locale.h"
 #include "controls/DayGrid.h"
 
-#include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -14,6 +13,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QStyle>
 #include <QToolButton>
@@ -24,6 +24,16 @@ namespace tarsel {
 namespace {
 
 constexpr int repeatInterval = 150; ///< milliseconds between the months while a button is held
+
+/// EXIF writes the day as 2004:12:31; a time may follow.
+QString withoutExifColons(QString text) {
+    static const QRegularExpression day(QStringLiteral("^\\s*(\\d{4}):(\\d\\d):(\\d\\d)(?!\\d)"));
+    return text.replace(day, QStringLiteral("\\1-\\2-\\3"));
+}
+
+QSize arrowSize(const QWidget& widget) {
+    return QSize(1, 1) * widget.fontMetrics().height();
+}
 
 /// The tokens of a format in Qt's spelling, where months are capital.
 QString qtFormat(QString format) {
@@ -43,6 +53,8 @@ ucDateTimePicker::ucDateTimePicker(QWidget* parent) :
     m_drop->setToolTip(tr("Choose a day from the calendar"));
     m_drop->setAccessibleName(m_drop->toolTip());
     m_drop->setFocusPolicy(Qt::TabFocus);
+    m_drop->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Minimum); // as high as the field
+    m_drop->setIconSize(arrowSize(*this));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
@@ -50,7 +62,7 @@ ucDateTimePicker::ucDateTimePicker(QWidget* parent) :
     row->addWidget(m_drop);
     setFocusProxy(m_text);
     m_text->installEventFilter(this);
-    connect(m_text, &QLineEdit::editingFinished, this, &ucDateTimePicker::readText);
+    connect(m_text, &QLineEdit::editingFinished, this, &ucDateTimePicker::takeText);
     connect(m_drop, &QToolButton::clicked, this, &ucDateTimePicker::openPanel);
     makePanel();
     setUseHandCursor(true);
@@ -104,6 +116,7 @@ QToolButton* ucDateTimePicker::makeMonthButton(const char* name, const QString& 
     auto* button = new QToolButton(m_panel);
     button->setObjectName(QLatin1String(name));
     button->setArrowType(months < 0 ? Qt::LeftArrow : Qt::RightArrow);
+    button->setIconSize(arrowSize(*this));
     button->setAutoRaise(true);
     button->setAutoRepeat(true);
     button->setAutoRepeatInterval(repeatInterval);
@@ -161,14 +174,27 @@ void ucDateTimePicker::showText() {
     m_text->setText(shortDateText(m_selected, service<Locale>().dateForms()));
 }
 
-/// A text that isn't a date is taken back; false then.
-bool ucDateTimePicker::readText() {
-    const bool isDate = ignoringErrors([this] {
-        const QDateTime typed = toDate(m_text->text(), service<Locale>().dateForms());
-        setDateSelected({typed.date(), m_selected.time()});
-    });
-    showText();
-    return isDate;
+bool ucDateTimePicker::takeText() {
+    QDate typed;
+    const bool isDate = ignoringErrors(
+        [&] { typed = toDate(withoutExifColons(m_text->text()), service<Locale>().dateForms()).date(); });
+    if (!isDate || typed == emptyDate().date()) // which a time alone has
+        return false;
+    setDateSelected({typed, m_selected.time()});
+    return true;
+}
+
+QString ucDateTimePicker::typedText() const {
+    return m_text->text();
+}
+
+void ucDateTimePicker::setTypedText(const QString& text) {
+    m_text->setText(text);
+}
+
+void ucDateTimePicker::selectText() {
+    m_text->setFocus();
+    m_text->selectAll();
 }
 
 void ucDateTimePicker::describe() {
@@ -177,7 +203,7 @@ void ucDateTimePicker::describe() {
 
 /// Below the field, or above it where the screen ends.
 void ucDateTimePicker::openPanel() {
-    readText();
+    takeText();
     m_grid->setDate(m_selected.date());
     describe();
     m_panel->adjustSize();
@@ -197,14 +223,6 @@ void ucDateTimePicker::acceptPanel() {
     m_text->setFocus();
 }
 
-bool ucDateTimePicker::refuseText() {
-    if (readText())
-        return false;
-    QApplication::beep();
-    m_text->selectAll();
-    return true;
-}
-
 void ucDateTimePicker::keyPressEvent(QKeyEvent* event) {
     const bool opens =
         event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier);
@@ -214,16 +232,14 @@ void ucDateTimePicker::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-/// The arrow keys step through the days in the field. Return accepts no text that isn't a date.
+/// The arrow keys step through the days in the field.
 bool ucDateTimePicker::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_text || event->type() != QEvent::KeyPress)
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)
-        return refuseText();
     if (key->modifiers() != Qt::NoModifier || (key->key() != Qt::Key_Up && key->key() != Qt::Key_Down))
         return false;
-    readText();
+    takeText();
     setDateSelected(m_selected.addDays(key->key() == Qt::Key_Up ? 1 : -1));
     return true;
 }

@@ -14,7 +14,8 @@ namespace tarsel {
 class DayGrid;
 
 /// A date in a text field, and a calendar that drops down from it. Alt+Down and F4 open the calendar, Escape
-/// closes it without a change; the field takes a typed date too, in the user's short form.
+/// closes it without a change; the field takes a typed date too, in the user's short form, in ISO form or in
+/// that of EXIF. A text that isn't a date stays there as it is.
 class ucDateTimePicker final : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QDateTime DateSelected READ DateSelected WRITE setDateSelected NOTIFY DateChanged)
@@ -47,6 +48,11 @@ public:
     void setShowNonMonthDays(bool shows);
     QString CurrentTheme() const; ///< the name of the widgets' style
 
+    QString typedText() const; ///< the field as it is
+    void setTypedText(const QString& text);
+    bool takeText();   ///< makes the typed date the selected one; false for a text that isn't a date
+    void selectText(); ///< and focuses it
+
 Q_SIGNALS:
     void DateChanged(const QDateTime& date);
 
@@ -59,8 +65,6 @@ private:
     QToolButton* makeMonthButton(const char* name, const QString& tip, int months);
     void openPanel();
     void acceptPanel();
-    bool readText();
-    bool refuseText();
     void showText();
     void describe();
 

@@ -38,6 +38,7 @@ TEST(Engine, OnlyTheseWrappersForTheMainThreadKnowTheServicesAndTheTrap) {
         QStringLiteral("metadata/MetadataLists.cpp"),
         QStringLiteral("metadata/forms/AttributeValueField.cpp"),
         QStringLiteral("metadata/forms/MetadataEditor.cpp"),
+        QStringLiteral("metadata/forms/MetadataRefusal.cpp"),
         QStringLiteral("metadata/forms/frmExifNewAttribute.cpp"),
         QStringLiteral("tasks/TaskBasketActions.cpp"),
         QStringLiteral("tasks/TaskFile.cpp"),

@@ -9,6 +9,7 @@
 #include "base/SaveFileDialog.h"
 #include "embedded/IptcFields.h"
 #include "metadata/forms/ChangedRows.h"
+#include "metadata/forms/MetadataRefusal.h"
 #include "metadata/forms/frmExifEditAttribute.h"
 #include "metadata/forms/frmExifNewAttribute.h"
 #include "metadata/forms/frmIPTCCategory.h"
@@ -103,7 +104,7 @@ void MetadataEditor::run(const char* routine, const QString& trappingText,
     TrappingString = trappingText;
     {
         const ErrorSubject subject(m_path);
-        std::ignore = trap(routine, body);
+        runOrRefuse(routine, body);
     }
     m_isBusy = false;
     if (isShown())
@@ -185,7 +186,7 @@ void MetadataEditor::subEditAttribute() {
 /// Until what the dialog asks for is written, or the user gives it up: a failure takes nothing that was
 /// typed.
 void MetadataEditor::ask(QDialog& dialog, const std::function<void()>& write) {
-    while (dialog.exec() == QDialog::Accepted && trap(m_routine, write) && isShown() &&
+    while (dialog.exec() == QDialog::Accepted && !runOrRefuse(m_routine, write) && isShown() &&
            m_owner->isVisible()) {
     }
 }
@@ -266,14 +267,18 @@ void MetadataEditor::subDeleteAttribute() {
 
 void MetadataEditor::deleteExif() {
     TrappingString = tr("Deleting exif attribute from the selected file");
-    const QString name = nameOf(m_exif.selectedIndex());
+    const int row = m_exif.selectedIndex();
+    const QString name = nameOf(row);
     bool isThere = false;
     const bool isDone = change([&](const QString& path, ImageBox& box) {
         isThere = box.metadata().HasExif(name);
         return modMetadata::DeleteExifAttribute(path, name, box);
     });
-    if (isDone)
+    if (isDone) {
+        if (isShown() && m_exif.selectedIndex() < 0)
+            m_exif.selectOnly(std::min(row, m_exif.count() - 1));
         return;
+    }
     const QString reason = isThere ? tr("%1 can't be removed: the picture or other attributes depend on it.")
                                    : tr("The file has no attribute %1.");
     inform(tr("Error deleting attribute") + QLatin1Char('\n') + reason.arg(name), MessageIcon::Stop);

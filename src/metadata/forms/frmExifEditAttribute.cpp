@@ -8,7 +8,7 @@
 namespace tarsel {
 
 frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& value, QWidget* owner) :
-    QDialog(owner), m_ui(std::make_unique<Ui::frmExifEditAttribute>()), m_value(value) {
+    QDialog(owner), m_ui(std::make_unique<Ui::frmExifEditAttribute>()) {
     m_ui->setupUi(this);
     m_field = new AttributeValueField(m_ui->txtValue, m_ui->ucDateTime);
     m_ui->txtAttribute->setText(name);
@@ -30,9 +30,9 @@ modMetadata::AttributeValue frmExifEditAttribute::MetadataValue() const {
 }
 
 void frmExifEditAttribute::cmdOK_Click() {
-    if (m_field->isDate() ? m_field->day() == m_field->shownDate().date() : m_field->text() == m_value)
+    if (m_field->isUnchanged())
         reject();
-    else
+    else if (m_field->check())
         accept();
 }
 

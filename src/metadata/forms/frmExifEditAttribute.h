@@ -30,7 +30,6 @@ private:
 
     std::unique_ptr<Ui::frmExifEditAttribute> m_ui;
     AttributeValueField* m_field;
-    QString m_value; ///< before the edit
 };
 
 } // namespace tarsel

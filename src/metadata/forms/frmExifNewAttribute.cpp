@@ -18,8 +18,8 @@ frmExifNewAttribute::frmExifNewAttribute(const ListView& lvExif, QWidget* owner)
     if (m_ui->cmbAttribute->count() == 0)
         m_ui->cmbAttribute->addItem(tr("No editable attribute to add!"));
     connect(m_ui->cmbAttribute, &QComboBox::currentTextChanged, this, &frmExifNewAttribute::showField);
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_field, &AttributeValueField::accepted, this, &QDialog::accept);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmExifNewAttribute::cmdOK_Click);
+    connect(m_field, &AttributeValueField::accepted, this, &frmExifNewAttribute::cmdOK_Click);
     showField();
     fitToText(*this, 60);
 }
@@ -29,6 +29,11 @@ frmExifNewAttribute::~frmExifNewAttribute() = default;
 void frmExifNewAttribute::showField() {
     m_field->showFor(m_ui->cmbAttribute->currentText(), {});
     m_ui->Label2->setBuddy(m_field->input());
+}
+
+void frmExifNewAttribute::cmdOK_Click() {
+    if (m_field->check())
+        accept();
 }
 
 QString frmExifNewAttribute::MetadataName() const {

@@ -28,6 +28,7 @@ public:
 
 private:
     void showField();
+    void cmdOK_Click();
 
     std::unique_ptr<Ui::frmExifNewAttribute> m_ui;
     AttributeValueField* m_field;
