@@ -27,6 +27,8 @@ const struct {
     {"FreeType", QRegularExpression(QStringLiteral("^(ft2build\\.h$|freetype/)"))},
     {"Fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},
     {"libseccomp", QRegularExpression(QStringLiteral("^seccomp"))},
+    {"libxcb", QRegularExpression(QStringLiteral("^xcb/"))},
+    {"libstb", QRegularExpression(QStringLiteral("^stb/"))},
 };
 
 constexpr int programLevel = 1000; ///< "-" in the table: above all libraries
@@ -192,7 +194,8 @@ TEST_F(House, EverySourceSaysItsLicence) {
     for (const char* folder : {"src", "tests", "samples", "artwork", "bench", "cmake"})
         for (const QString& path : filesBelow(root + QString::fromLatin1(folder), sourcePatterns + scripts)) {
             const bool permissive = path.startsWith(sources + QStringLiteral("/bytes/")) ||
-                                    path.startsWith(sources + QStringLiteral("/publishing/joined/"));
+                                    path.startsWith(sources + QStringLiteral("/publishing/joined/")) ||
+                                    path.startsWith(sources + QStringLiteral("/players/"));
             const QString line = QStringLiteral(" SPDX-License-Identifier: ") +
                                  (permissive ? QStringLiteral("MIT") : QStringLiteral("GPL-3.0-or-later"));
             const QStringList lines = linesOf(path);
