@@ -52,9 +52,11 @@ public:
         file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     }
 
-    void start(QProcess& player, const QStringList& arguments = {}) const {
+    /// By `wine` where it is a program of Windows.
+    void start(QProcess& player, const QStringList& arguments = {}, const QString& wine = {}) const {
         player.setWorkingDirectory(QStringLiteral("/"));
-        player.start(m_path, arguments);
+        player.start(wine.isEmpty() ? m_path : wine,
+                     (wine.isEmpty() ? QStringList() : QStringList(m_path)) + arguments);
         EXPECT_TRUE(player.waitForStarted());
     }
 
@@ -65,7 +67,7 @@ private:
 
 /// What every player does that can't show anything: it ends, says why in one line, and fails.
 void expectComplaint(QProcess& player, const char* reason, const std::string& what) {
-    EXPECT_TRUE(player.waitForFinished(10000)) << what;
+    EXPECT_TRUE(player.waitForFinished(30000)) << what;
     EXPECT_EQ(player.exitStatus(), QProcess::NormalExit) << what;
     EXPECT_EQ(player.exitCode(), 1) << what;
     const QByteArray messages = player.readAllStandardError();
@@ -75,8 +77,8 @@ void expectComplaint(QProcess& player, const char* reason, const std::string& wh
 
 TEST(BrokenPlayer, EndsWithOneLine) {
     const std::string options = joined::bytesOf(saverOptions);
-    const std::string whole = joinedTo("saver", {jpegOf(0xFF204060)}, options);
-    const std::string bare = joinedTo("saver", {}, options);
+    const std::string whole = joinedTo("linux/saver", {jpegOf(0xFF204060)}, options);
+    const std::string bare = joinedTo("linux/saver", {}, options);
     const std::string nothing = "no pictures are joined";
     struct Case {
         std::string bytes;
@@ -107,17 +109,18 @@ protected:
         if (!qEnvironmentVariableIsSet("TARSEL_REAL_SCREEN"))
             GTEST_SKIP() << "needs a screen of its own: TARSEL_REAL_SCREEN=1";
         m_connection.emplace();
-        xdotool({QStringLiteral("mousemove"), QStringLiteral("5"), QStringLiteral("5")});
+        xdotool("mousemove 5 5");
     }
 
-    static void xdotool(const QStringList& arguments) {
+    static void xdotool(const std::string& words) {
+        const auto arguments = QString::fromStdString(words).split(QLatin1Char(' '), Qt::SkipEmptyParts);
         EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
     }
 
     static void moveQuickly(int times, int from) {
-        QStringList moves;
+        std::string moves;
         for (int i = 1; i <= times; ++i)
-            moves << QStringLiteral("mousemove") << QString::number(from + i) << QStringLiteral("100");
+            moves += " mousemove " + std::to_string(from + i) + " 100";
         xdotool(moves);
     }
 
@@ -136,7 +139,7 @@ protected:
         return all;
     }
 
-    /// Whether the screen comes to show this picture in its middle, within 10 seconds.
+    /// Whether the screen comes to show this picture in its middle, within 30 seconds.
     bool shows(const std::string& jpeg) const {
         Picture expected{std::vector<std::uint32_t>(width * height), width, height};
         drawCentred(expected.canvas(), *decodeJpeg(jpeg, width, height), 0xFF113366);
@@ -144,7 +147,7 @@ protected:
     }
 
     static bool comesTrue(const std::function<bool()>& condition) {
-        for (int i = 0; i < 1000; ++i) {
+        for (int i = 0; i < 3000; ++i) {
             if (condition())
                 return true;
             usleep(10000);
@@ -153,7 +156,7 @@ protected:
     }
 
     static void expectEnd(QProcess& player, const char* what) {
-        EXPECT_TRUE(player.waitForFinished(10000)) << what;
+        EXPECT_TRUE(player.waitForFinished(30000)) << what;
         EXPECT_EQ(player.exitCode(), 0) << what << player.readAllStandardError().toStdString();
         player.kill();
         player.waitForFinished();
@@ -165,13 +168,11 @@ protected:
     const std::string m_blue = jpegOf(0xFF2040C0);
     const std::string m_green = jpegOf(0xFF20C040);
     const Built m_saver{"a.scr",
-                        joinedTo("saver", {m_blue, "no JPEG", m_green}, joined::bytesOf(saverOptions))};
+                        joinedTo("linux/saver", {m_blue, "no JPEG", m_green}, joined::bytesOf(saverOptions))};
 };
 
 TEST_F(ShownPlayer, ASaverShowsItsPicturesAndEndsByInput) {
-    const QStringList ends[] = {{QStringLiteral("key"), QStringLiteral("a")},
-                                {QStringLiteral("click"), QStringLiteral("1")}};
-    for (const QStringList& end : ends) {
+    for (const std::string end : {"key a", "click 1"}) {
         QProcess player;
         m_saver.start(player, {QStringLiteral("/S")});
         ASSERT_TRUE(shows(m_blue));
@@ -182,7 +183,7 @@ TEST_F(ShownPlayer, ASaverShowsItsPicturesAndEndsByInput) {
         moveQuickly(10, 100);
         EXPECT_TRUE(shows(m_blue) && runs(player));
         xdotool(end);
-        expectEnd(player, qPrintable(end[0]));
+        expectEnd(player, end.c_str());
     }
     QProcess player;
     m_saver.start(player);
@@ -194,26 +195,23 @@ TEST_F(ShownPlayer, ASaverShowsItsPicturesAndEndsByInput) {
 TEST_F(ShownPlayer, ASlideShowIsDrivenByKeysAndControls) {
     joined::SaverOptions options = saverOptions;
     options.interval = 30;
-    const Built slide("a.exe", joinedTo("slide", {m_blue, m_green}, joined::bytesOf(options)));
+    const Built slide("a.exe", joinedTo("linux/slide", {m_blue, m_green}, joined::bytesOf(options)));
     QProcess player;
     slide.start(player);
     ASSERT_TRUE(shows(m_blue));
-    xdotool({QStringLiteral("key"), QStringLiteral("Right")});
+    xdotool("key Right");
     EXPECT_TRUE(shows(m_green));
-    xdotool({QStringLiteral("key"), QStringLiteral("Prior")});
+    xdotool("key Prior");
     EXPECT_TRUE(shows(m_blue));
     moveQuickly(30, 100);
     const auto screen = [&] { return seen(m_connection->screen().root, width, height); };
     const auto panel = [&] { return screen()[(height - 64) * width + width / 2]; };
     EXPECT_TRUE(comesTrue([&] { return panel() != 0xFF113366; }));
-    xdotool({QStringLiteral("mousemove"), QString::number(width / 2 + 64), QString::number(height - 64),
-             QStringLiteral("click"), QStringLiteral("1"), QStringLiteral("mousemove"), QStringLiteral("5"),
-             QStringLiteral("5")});
+    xdotool("mousemove 384 416 click 1 mousemove 5 5");
     EXPECT_TRUE(shows(m_green)); // once the controls are gone
     EXPECT_TRUE(runs(player));
     moveQuickly(5, 100);
-    xdotool({QStringLiteral("mousemove"), QString::number(width / 2 + 128), QString::number(height - 64),
-             QStringLiteral("click"), QStringLiteral("1")});
+    xdotool("mousemove 448 416 click 1");
     expectEnd(player, "the exit button");
 }
 
@@ -242,7 +240,7 @@ TEST_F(ShownPlayer, AHostGetsTheScreenReducedInItsWindow) {
 }
 
 TEST_F(ShownPlayer, GreetingsStartWithTheirPicture) {
-    for (const char* name : {"simple", "watery", "raining-text", "clock"}) {
+    for (const char* name : {"linux/simple", "linux/watery", "linux/raining-text", "linux/clock"}) {
         const Built greeting("a.exe", joinedTo(name, {m_blue}, *joined::bytesOf(joined::EffectOptions())));
         QProcess player;
         greeting.start(player);
@@ -251,7 +249,7 @@ TEST_F(ShownPlayer, GreetingsStartWithTheirPicture) {
             const auto screen = seen(m_connection->screen().root, width, height);
             return screen[240 * width + 225] == blue && screen[0] == black;
         })) << name;
-        xdotool({QStringLiteral("key"), QStringLiteral("Escape")});
+        xdotool("key Escape");
         expectEnd(player, name);
         const std::string good = *joined::bytesOf(joined::EffectOptions());
         const std::string broken[] = {joinedTo(name, {"no JPEG"}, good),
@@ -261,6 +259,41 @@ TEST_F(ShownPlayer, GreetingsStartWithTheirPicture) {
             damaged.start(player);
             expectComplaint(player, &bytes == broken ? "can't be shown" : "options are cut", name);
         }
+    }
+}
+
+TEST_F(ShownPlayer, WindowsPlayersShowTheirPicturesUnderWine) {
+    const QString wine = qEnvironmentVariable("TARSEL_WINE");
+    if (wine.isEmpty())
+        GTEST_SKIP() << "needs wine64 and the compiler of Windows";
+    const std::string saver = joined::bytesOf(saverOptions);
+    const std::string greeting = *joined::bytesOf(joined::EffectOptions());
+    const struct {
+        const char* program;
+        const char* file;
+        const std::string& options;
+    } players[] = {
+        {"windows/saver.exe", "a.scr", saver},     {"windows/slide.exe", "a.exe", saver},
+        {"windows/simple.exe", "a.exe", greeting}, {"windows/watery.exe", "a.exe", greeting},
+        {"windows/clock.exe", "a.exe", greeting},  {"windows/raining-text.exe", "a.exe", greeting}};
+    for (const auto& [name, file, options] : players) {
+        const Built built(file, joinedTo(name, {m_blue}, options));
+        QProcess player;
+        built.start(player, {QStringLiteral("/S")}, wine);
+        const std::uint32_t expected = decodeJpeg(m_blue, width, height)->pixels[0];
+        EXPECT_TRUE(comesTrue([&] { // decoders differ by 1
+            const std::uint32_t shown = seen(m_connection->screen().root, width, height)[240 * width + 225];
+            return ((shown ^ expected) & 0xF0F0F0) == 0;
+        })) << name;
+        QProcess second;
+        built.start(second, {}, wine);
+        expectEnd(second, "a second instance");
+        EXPECT_TRUE(runs(player)) << name;
+        xdotool("key a");
+        expectEnd(player, name);
+        const Built cut(file, joinedTo(name, {m_blue}, options.substr(1)));
+        cut.start(player, {}, wine);
+        expectComplaint(player, "options are cut", name);
     }
 }
 
