@@ -143,6 +143,7 @@ std::optional<FileDialogChoice> QtDialogs::saveFileDialog(const FileDialogReques
     QFileDialog dialog(owner(), request.title);
     dialog.setIconProvider(&icons);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.asksToReplace);
     dialog.setFileMode(QFileDialog::AnyFile);
     return runFileDialog(dialog, request);
 }

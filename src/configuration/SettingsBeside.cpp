@@ -25,6 +25,8 @@ constexpr Switch switches[] = {
      [](ConfigRecordData& record) -> quint8& { return record.BatchSave.UprightByExif; }, true},
     {"[BatchSave]", "StripPrivate=",
      [](ConfigRecordData& record) -> quint8& { return record.BatchSave.StripPrivate; }, false},
+    {"[Publishing]",
+     "WindowsPlayers=", [](ConfigRecordData& record) -> quint8& { return record.PlayerSystem; }, false},
     {"[Editing]", "LivePreview=", [](ConfigRecordData& record) -> quint8& { return record.LivePreview; },
      true},
 };

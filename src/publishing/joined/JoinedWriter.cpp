@@ -46,6 +46,12 @@ void JoinedWriter::player(std::string_view program) {
     writeBlock(program);
 }
 
+void JoinedWriter::player(const std::function<std::string_view()>& next) {
+    for (std::string_view piece = next(); !piece.empty(); piece = next())
+        write(piece);
+    writeBlock({});
+}
+
 void JoinedWriter::picture(std::string_view name, std::string_view jpeg) {
     m_list += field(listedName(name)) + field(m_size) + field(jpeg.size()) += lineEnd;
     writeBlock(jpeg);

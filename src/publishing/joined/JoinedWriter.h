@@ -31,6 +31,8 @@ public:
     explicit JoinedWriter(Sink sink) : m_sink(std::move(sink)) {}
 
     void player(std::string_view program);
+    /// The program in pieces: `next` returns one after the other, an empty one at the end.
+    void player(const std::function<std::string_view()>& next);
     void picture(std::string_view name, std::string_view jpeg);
     /// The end of the file: the options record, the list, the trailer. False, and nothing written, when the
     /// list would begin at an offset of more than ten digits.
