@@ -81,6 +81,15 @@ int numberIn(const QString& text, int lowest, int highest, const char* option) {
     return number;
 }
 
+int choiceIn(const Arguments& arguments, const char* option, const QStringList& words) {
+    const QString word = arguments.value(option, words.first());
+    const qsizetype index = words.indexOf(word);
+    if (index < 0)
+        throw UsageError{QCoreApplication::translate("CommandLine", "--%1 is one of %2, not \"%3\"")
+                             .arg(QLatin1String(option), words.join(QStringLiteral(", ")), word)};
+    return int(index);
+}
+
 qint32 colorIn(const QString& text, const char* option) {
     bool isNumber = false;
     const uint rgb = text.toUInt(&isNumber, 16);

@@ -45,6 +45,9 @@ private:
 /// An integer within bounds; UsageError naming the option otherwise.
 int numberIn(const QString& text, int lowest, int highest, const char* option);
 
+/// Index of the option's value among these words, the first where it isn't given; UsageError for another.
+int choiceIn(const Arguments& arguments, const char* option, const QStringList& words);
+
 /// A colour of the form RRGGBB, with red in the low byte; UsageError naming the option otherwise.
 qint32 colorIn(const QString& text, const char* option);
 

@@ -33,6 +33,8 @@ extern const Command encodeCommand;
 extern const Command infoCommand;
 extern const Command printCommand;
 extern const Command tasksCommand;
+extern const Command saverCommand, slideCommand, greetingCommand;
+extern const Command joinedListCommand, joinedExtractCommand;
 extern const Command basketCommand;
 extern const Command metadataGetCommand, metadataSetCommand, metadataDeleteCommand;
 extern const Command metadataClearCommand, metadataExportCommand, metadataImportCommand;

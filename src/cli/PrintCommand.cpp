@@ -36,15 +36,6 @@ constexpr OptionSpec options[] = {
     {"json", nullptr, TEXT("one JSON object a line: row, source, target, state, reason")},
 };
 
-int indexOf(const Arguments& arguments, const char* option, const QStringList& names) {
-    const QString name = arguments.value(option, names.first());
-    const qsizetype index = names.indexOf(name);
-    if (index < 0)
-        throw UsageError{QCoreApplication::translate("CommandLine", "--%1 is one of %2, not \"%3\"")
-                             .arg(QLatin1String(option), names.join(QStringLiteral(", ")), name)};
-    return int(index);
-}
-
 double lengthIn(const Arguments& arguments, const char* option, double fallback, double lowest,
                 double highest) {
     bool isNumber = true;
@@ -72,20 +63,21 @@ PrintLayout layoutOf(const Arguments& arguments) {
     layout.paper = paperOf(arguments);
     layout.landscape = arguments.has("landscape");
     layout.sizing =
-        indexOf(arguments, "mode", {QStringLiteral("fit"), QStringLiteral("fill"), QStringLiteral("true")});
+        choiceIn(arguments, "mode", {QStringLiteral("fit"), QStringLiteral("fill"), QStringLiteral("true")});
     layout.scale = lengthIn(arguments, "scale", 100, PrintLayout::smallestScale, PrintLayout::largestScale);
     layout.position =
-        indexOf(arguments, "position",
-                {QStringLiteral("center"), QStringLiteral("top-left"), QStringLiteral("top"),
-                 QStringLiteral("top-right"), QStringLiteral("left"), QStringLiteral("right"),
-                 QStringLiteral("bottom-left"), QStringLiteral("bottom"), QStringLiteral("bottom-right")});
+        choiceIn(arguments, "position",
+                 {QStringLiteral("center"), QStringLiteral("top-left"), QStringLiteral("top"),
+                  QStringLiteral("top-right"), QStringLiteral("left"), QStringLiteral("right"),
+                  QStringLiteral("bottom-left"), QStringLiteral("bottom"), QStringLiteral("bottom-right")});
     layout.marginAcross = layout.marginDown =
         lengthIn(arguments, "margin", 10, 0, PrintLayout::largestMargin);
     layout.perPage =
         numberIn(arguments.value("per-page", QStringLiteral("1")), 1, PrintLayout::mostPerPage, "per-page");
     layout.repeats = arguments.has("repeat");
-    layout.caption = indexOf(arguments, "captions",
-                             {QStringLiteral("none"), QStringLiteral("name"), QStringLiteral("description")});
+    layout.caption =
+        choiceIn(arguments, "captions",
+                 {QStringLiteral("none"), QStringLiteral("name"), QStringLiteral("description")});
     return layout;
 }
 
