@@ -19,7 +19,9 @@
 #include "output/forms/frmSaveAdvanced.h"
 #include "output/forms/frmSaveSinglePage.h"
 #include "publishing/forms/frmAlbum.h"
+#include "publishing/forms/frmExecutable.h"
 #include "publishing/forms/frmInsertMetadata.h"
+#include "publishing/forms/frmScreenSaverOptions.h"
 
 #include <QPageSize>
 #include <utility>
@@ -55,6 +57,8 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(std::make_unique<frmInsertMetadata>(owner));
     if (!m_pages.isEmpty()) {
         dialogs.push_back(interactiveSave(owner));
+        dialogs.push_back(saverDialog(owner));
+        dialogs.push_back(greeting(owner));
         dialogs.push_back(std::make_unique<frmAlbumDescription>(m_pages, 0, owner));
     }
     return dialogs;
@@ -93,6 +97,18 @@ std::unique_ptr<QDialog> SampleDialogs::interactiveSave(QWidget* owner) {
     return std::make_unique<frmSaveAdvanced>(
         frmSaveAdvanced::Start{std::move(box), m_pages.row(0).tag, m_folder.path()}, m_record.SaveAdvanced,
         m_record.BatchSave, m_background, owner);
+}
+
+std::unique_ptr<QDialog> SampleDialogs::saverDialog(QWidget* owner) {
+    const QPixmap picture(m_pages.row(0).tag);
+    return std::make_unique<frmScreenSaverOptions>(
+        m_record, std::vector<SaverSample>{{picture, picture.size()}}, owner);
+}
+
+std::unique_ptr<QDialog> SampleDialogs::greeting(QWidget* owner) {
+    ImageBox box;
+    ignoringErrors([&] { box.LoadFromFile(m_pages.row(0).tag); });
+    return std::make_unique<frmExecutable>(m_record, box.picture(), owner);
 }
 
 std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {

@@ -26,6 +26,8 @@ private:
     std::unique_ptr<QDialog> saveDialog(QWidget* owner);
     std::unique_ptr<QDialog> printDialog(QWidget* owner);
     std::unique_ptr<QDialog> interactiveSave(QWidget* owner);
+    std::unique_ptr<QDialog> saverDialog(QWidget* owner);
+    std::unique_ptr<QDialog> greeting(QWidget* owner);
     std::unique_ptr<QDialog> results(QWidget* owner) const;
     std::unique_ptr<QDialog> progress(QWidget* owner) const;
     std::unique_ptr<QDialog> errorReport(QWidget* owner) const;

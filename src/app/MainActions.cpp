@@ -42,6 +42,7 @@ constexpr ActionRow rows[] = {
     {"cmdSaveAs", TEXT("Sa&ve as"), TEXT("Save the pictures of the basket"), "saveAs"},
     {"mnuSaveAsJpeg", TEXT("&JPEG files (batch mode)"), "", "saveAs", "Ctrl+J"},
     {"mnuSaveAsAlbum", TEXT("&Web Album"), "", "pictures", "Ctrl+Shift+W"},
+    {"mnuSaveAsSaver", TEXT("Screensaver/Sli&de"), "", "pictures", "Ctrl+Alt+W"},
     {"mnuSaveRowAs", TEXT("Save &As"), "", "saveAs"},
     {"mnuAddDescription", TEXT("Add &description"), "", "describe", "Ctrl+D"},
     {"mnuRenameTitle", TEXT("Re&name title"), "", "rename", "F2"},
@@ -99,6 +100,7 @@ constexpr ActionRow rows[] = {
      "F8"},
     {"mnuPreviewSaveImage", TEXT("&Image document"), "", "save", "Ctrl+E"},
     {"mnuPreviewSaveInteractive", TEXT("Interactive save &utility"), "", "compare", "Ctrl+Shift+E"},
+    {"mnuPreviewSaveGreeting", TEXT("&Greeting image"), "", "pictures", "Ctrl+G"},
 };
 
 #undef TEXT

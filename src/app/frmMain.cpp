@@ -37,6 +37,7 @@
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmSaveAdvanced.h"
 #include "publishing/forms/GenerateAlbum.h"
+#include "publishing/forms/MakeJoined.h"
 #include "publishing/forms/frmAlbum.h"
 #include "tasks/TaskBasketActions.h"
 #include "tasks/modProcessTasks.h"
@@ -86,6 +87,7 @@ frmMain::frmMain(StartupOptions options) :
     connectEditing();
     connectPrinting();
     connectPaneKeys();
+    connectPublishing();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -537,18 +539,20 @@ void frmMain::openAlbum() {
     m_album->activateWindow();
 }
 
-/// The tasks are those up to the selected one, as the preview shows them.
+/// Those up to the selected one, as the preview shows them.
+std::vector<TaskRow> frmMain::shownTasks() const {
+    const TaskList& lists = m_workspace.tasks;
+    return modProcessTasks::rowsToReplay(lists.lvEdit, lists.lvEditBatch, &lists.lvEditPreview, false,
+                                         m_workflow.isOpen());
+}
+
 void frmMain::generateAlbum(const AlbumOptions& options) {
     if (m_batchRunning || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
         return;
     const QScopedValueRollback running(m_batchRunning, true);
     m_endsAtOnce = false;
     setRunning(true);
-    const auto tasks = [this] {
-        const TaskList& lists = m_workspace.tasks;
-        return modProcessTasks::rowsToReplay(lists.lvEdit, lists.lvEditBatch, &lists.lvEditPreview, false,
-                                             m_workflow.isOpen());
-    };
+    const auto tasks = [this] { return shownTasks(); };
     AlbumRun run; // pictures that are prepared as for a batch
     run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
     run.stripPrivate = ConfigRecord.BatchSave.StripPrivate == 1;

@@ -26,6 +26,7 @@ class BeforeView;
 class BrowsePane;
 class FolderPane;
 class frmAlbum;
+class GreetingMaker;
 class ListControl;
 class MetadataPane;
 struct Place;
@@ -135,6 +136,13 @@ private:
     void print(void (Printing::*command)());
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
+    void connectPublishing();
+    void openSaver();
+    void generateSaver();
+    void openGreeting();
+    void makeGreeting(const settings::PublishingSettings& shown);
+    std::vector<RowResult> publish(const std::function<std::vector<RowResult>()>& make);
+    std::vector<TaskRow> shownTasks() const;
     void showResults(const QString& notice, const std::vector<RowResult>& results);
     void setRunning(bool running);
     void saveRowAs(int row);
@@ -176,6 +184,7 @@ private:
     Printing m_printing;
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
+    std::unique_ptr<GreetingMaker> m_greetings;
 
     ActionTable m_actions;
     BrowsePane* m_browsePane;

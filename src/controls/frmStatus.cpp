@@ -29,6 +29,10 @@ void frmStatus::begin(const QString& text) {
     show();
 }
 
+void frmStatus::showStage(const QString& text) {
+    m_ui->lblStatus->setText(text);
+}
+
 void frmStatus::finish() {
     QDialog::reject();
 }

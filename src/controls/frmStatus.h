@@ -26,6 +26,7 @@ public:
     ProgressBar& pbQueue();
     /// Opens with a text, usually that of the form, and takes back an earlier run's cancel.
     void begin(const QString& text = {});
+    void showStage(const QString& text);
     void finish();
 
 protected:

@@ -36,7 +36,7 @@ BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* p
 
 void BasketPane::setRunning(bool running) {
     m_actions.setEnabled({"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint",
-                          "cmdSaveAs", "mnuSaveAsJpeg", "mnuSaveAsAlbum"},
+                          "cmdSaveAs", "mnuSaveAsJpeg", "mnuSaveAsAlbum", "mnuSaveAsSaver"},
                          !running);
     m_list->setEnabled(!running);
     m_running = running;
@@ -90,9 +90,9 @@ void BasketPane::enableHistory() {
 }
 
 void BasketPane::setAdding(bool adding) {
-    m_actions.setEnabled(
-        {"cmdPagesOpen", "cmdPagesSave", "cmdBatchPrint", "cmdSaveAs", "mnuSaveAsJpeg", "mnuSaveAsAlbum"},
-        !adding && !m_running);
+    m_actions.setEnabled({"cmdPagesOpen", "cmdPagesSave", "cmdBatchPrint", "cmdSaveAs", "mnuSaveAsJpeg",
+                          "mnuSaveAsAlbum", "mnuSaveAsSaver"},
+                         !adding && !m_running);
     m_adding = adding;
     enableRowCommands();
 }
@@ -111,8 +111,8 @@ QLayout* BasketPane::makeBar() {
     for (const char* name :
          {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint"})
         bar->addWidget(m_actions.makeButton(name, this));
-    bar->addWidget(
-        m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent", {"mnuSaveAsJpeg", "mnuSaveAsAlbum"}, this));
+    bar->addWidget(m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent",
+                                            {"mnuSaveAsJpeg", "mnuSaveAsAlbum", "mnuSaveAsSaver"}, this));
     return bar;
 }
 
@@ -141,6 +141,7 @@ void BasketPane::connectActions() {
     join("cmdPagesDelete", &BasketPane::cmdPagesDelete);
     join("mnuSaveAsJpeg", &BasketPane::saveAsJpegFiles);
     join("mnuSaveAsAlbum", &BasketPane::saveAsAlbum);
+    join("mnuSaveAsSaver", &BasketPane::saveAsSaver);
     connect(&m_actions.action("mnuAddDescription"), &QAction::triggered, this, &BasketPane::addDescription);
     connect(&m_actions.action("mnuRenameTitle"), &QAction::triggered, this, &BasketPane::renameTitle);
     connect(&m_actions.action("mnuMoveUp"), &QAction::triggered, this, [this] { moveRows(-1); });

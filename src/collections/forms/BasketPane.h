@@ -35,6 +35,7 @@ Q_SIGNALS:
     void cmdPagesDelete();
     void saveAsJpegFiles();                          ///< "JPEG files (batch mode)"
     void saveAsAlbum();                              ///< "Web Album"
+    void saveAsSaver();                              ///< "Screensaver/Slide"
     void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
     void saveRowAs(int row);                         ///< the picture of the row; -1 for none
     void titleRefused(const QString& reason);

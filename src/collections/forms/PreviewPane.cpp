@@ -42,8 +42,9 @@ void PreviewPane::offerSaving(bool offered) {
 }
 
 void PreviewPane::enableSaving() {
-    m_actions.setEnabled({"mnuPreviewSaveImage", "mnuPreviewSaveInteractive", "cmdPreviewPrint"},
-                         m_box.HasImage() && m_offersSaving);
+    m_actions.setEnabled(
+        {"mnuPreviewSaveImage", "mnuPreviewSaveInteractive", "mnuPreviewSaveGreeting", "cmdPreviewPrint"},
+        m_box.HasImage() && m_offersSaving);
 }
 
 // --- the choices
@@ -147,8 +148,9 @@ QLayout* PreviewPane::makeBar() {
     for (const Choice& choice : {fitChoice, typeChoice})
         bar->addWidget(makeButton(choice.button, choice.menu, {choice.items[0], choice.items[1]}));
     bar->addWidget(withText(m_actions.makeButton("CmdPreviewEdit", this, Qt::ToolButtonTextBesideIcon)));
-    bar->addWidget(makeButton("cmdPreviewSave", "mnuSavePreviewAsParent",
-                              {"mnuPreviewSaveImage", "mnuPreviewSaveInteractive"}));
+    bar->addWidget(
+        makeButton("cmdPreviewSave", "mnuSavePreviewAsParent",
+                   {"mnuPreviewSaveImage", "mnuPreviewSaveInteractive", "mnuPreviewSaveGreeting"}));
     for (const char* name : {"cmdPreviewPrint", "cmdPreviewPrevious", "cmdPreviewNext"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;
@@ -173,6 +175,8 @@ void PreviewPane::connectActions() {
             &PreviewPane::saveImageDocument);
     connect(&m_actions.action("mnuPreviewSaveInteractive"), &QAction::triggered, this,
             &PreviewPane::saveInteractively);
+    connect(&m_actions.action("mnuPreviewSaveGreeting"), &QAction::triggered, this,
+            &PreviewPane::saveGreeting);
 }
 
 void PreviewPane::connectView() {

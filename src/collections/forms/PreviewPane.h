@@ -43,6 +43,7 @@ Q_SIGNALS:
     void previewFitChosen();          ///< the same; the picture has its new size
     void saveImageDocument();
     void saveInteractively();
+    void saveGreeting();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/frmMain.h"
+
+#include "collections/forms/BasketPane.h"
+#include "collections/forms/PictureImage.h"
+#include "collections/forms/PreviewPane.h"
+#include "configuration/ConfigRecord.h"
+#include "output/forms/frmBatchResults.h"
+#include "publishing/forms/MakeJoined.h"
+#include "publishing/forms/frmExecutable.h"
+#include "publishing/forms/frmScreenSaverOptions.h"
+
+#include <QScopedValueRollback>
+
+namespace tarsel {
+
+namespace {
+
+/// Pictures that are prepared as for a batch.
+JoinedRun joinedRun() {
+    JoinedRun run;
+    run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
+    run.stripPrivate = ConfigRecord.BatchSave.StripPrivate == 1;
+    return run;
+}
+
+/// From a text such as "640 X 480 X 24".
+QSize sizeIn(const QString& resolution) {
+    const QStringList numbers = resolution.split(QStringLiteral(" X "));
+    return {numbers.value(0).toInt(), numbers.value(1).toInt()};
+}
+
+/// The thumbnails of the first rows, as far as they are made.
+std::vector<SaverSample> samplesOf(const ListView& pages) {
+    constexpr int most = 20;
+    std::vector<SaverSample> samples;
+    for (int row = 0; row < std::min(pages.count(), most); ++row) {
+        const QPixmap picture = pixmapOf(pages.data(pages.index(row, 0), Qt::DecorationRole));
+        const QSize size = sizeIn(pages.subItem(row, BasketColumn::Resolution));
+        if (!picture.isNull() && !size.isEmpty())
+            samples.push_back({picture, size});
+    }
+    return samples;
+}
+
+} // namespace
+
+void frmMain::connectPublishing() {
+    m_greetings = std::make_unique<GreetingMaker>();
+    connect(m_basketPane, &BasketPane::saveAsSaver, this, &frmMain::openSaver);
+    connect(m_previewPane, &PreviewPane::saveGreeting, this,
+            [this] { saveShown(m_preview.shownPath(), &frmMain::openGreeting); });
+}
+
+/// Runs over pictures, which nothing may change meanwhile.
+std::vector<RowResult> frmMain::publish(const std::function<std::vector<RowResult>()>& make) {
+    if (m_batchRunning)
+        return {};
+    const QScopedValueRollback running(m_batchRunning, true);
+    m_endsAtOnce = false;
+    setRunning(true);
+    std::vector<RowResult> results = make();
+    setRunning(false);
+    return results;
+}
+
+void frmMain::openSaver() {
+    if (m_workspace.lvPages.isEmpty() || m_batchRunning)
+        return;
+    auto* dialog = new frmScreenSaverOptions(ConfigRecord, samplesOf(m_workspace.lvPages), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &frmScreenSaverOptions::generate, this, &frmMain::generateSaver);
+    dialog->open();
+}
+
+void frmMain::generateSaver() {
+    const bool hasTasks = ConfigRecord.SaverProcessTasks == 1;
+    const std::function<std::vector<TaskRow>()> tasks = [this] { return shownTasks(); };
+    const JoinedSources sources{m_workspace.lvPages, m_workspace.ibTemp, hasTasks ? tasks : nullptr};
+    const std::vector<RowResult> results =
+        publish([&] { return makeSaver(ConfigRecord, sources, joinedRun(), this); });
+    showResults(tr("The screen saver or slide show has ended"), results);
+}
+
+void frmMain::openGreeting() {
+    if (!m_workspace.ibMain.HasImage() || m_batchRunning)
+        return;
+    dropSelection();
+    auto* dialog = new frmExecutable(ConfigRecord, m_workspace.ibMain.picture(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &frmExecutable::create, this, &frmMain::makeGreeting);
+    dialog->open();
+}
+
+void frmMain::makeGreeting(const settings::PublishingSettings& shown) {
+    const EffectSource source{m_preview.shownPath(), m_workspace.ibTemp, [this] { return shownTasks(); }};
+    const std::vector<RowResult> results =
+        publish([&] { return m_greetings->make(shown, source, joinedRun()); });
+    if (!results.empty() && isVisible())
+        SetStatus(resultSummary(results));
+}
+
+} // namespace tarsel
