@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "docs/screenshots/SampleDialogs.h"
 
+#include "acquisition/forms/frmCapture.h"
 #include "app/MainActions.h"
 #include "app/frmErrorReport.h"
 #include "app/frmSettings.h"
@@ -55,6 +56,7 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(std::make_unique<frmIPTCCategory>(QStringList{QStringLiteral("water")}, 3, owner));
     dialogs.push_back(std::make_unique<frmAlbum>(m_record.Album, owner));
     dialogs.push_back(std::make_unique<frmInsertMetadata>(owner));
+    dialogs.push_back(std::make_unique<frmCapture>(m_record, false, owner));
     if (!m_pages.isEmpty()) {
         dialogs.push_back(interactiveSave(owner));
         dialogs.push_back(saverDialog(owner));

@@ -10,6 +10,7 @@ namespace {
 constexpr ActionRow rows[] = {
     {"cmdBrowseSettings", TEXT("Settings"), TEXT("Change the settings and see the shortcuts"), "settings",
      "Ctrl+,"},
+    {"cmdCapture", TEXT("Capture"), TEXT("Take a picture of the screen"), "capture", "Ctrl+Shift+C"},
     // the panes
     {"showNextPane", TEXT("Next pane"), "", "next", "F6"},
     {"showPreviousPane", TEXT("Previous pane"), "", "previous", "Shift+F6"},

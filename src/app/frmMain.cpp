@@ -59,7 +59,7 @@ frmMain::frmMain(StartupOptions options) :
     m_printing({m_preview, m_workspace.lvPages, m_workspace.tasks, m_workspace.ibMain, ConfigRecord.Print,
                 [this](bool isRun) { setRunning(isRun); }},
                this),
-    m_actions(mainActions(), mainActionsContext),
+    m_capture(*this, systemScreen), m_actions(mainActions(), mainActionsContext),
     m_browsePane(new BrowsePane(m_workspace.tasks, m_actions, this)),
     m_folderPane(new FolderPane(m_folderView, m_workspace.lvFolder, m_actions, this)),
     m_basketPane(new BasketPane(m_workspace.lvPages, m_actions, this)),
@@ -88,6 +88,7 @@ frmMain::frmMain(StartupOptions options) :
     connectPrinting();
     connectPaneKeys();
     connectPublishing();
+    connectCapture();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -491,7 +492,7 @@ void frmMain::setRunning(bool running) {
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
     m_taskPane->setEnabled(!running);
-    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings"}, !running);
+    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture"}, !running);
     offerDialogs(!running);
     if (running)
         m_focusOfRun = {focused, focusWidget()};

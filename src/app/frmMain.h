@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "acquisition/forms/ScreenCapture.h"
 #include "collections/Basket.h"
 #include "collections/FolderView.h"
 #include "collections/Preview.h"
@@ -101,6 +102,7 @@ private:
     void connectBefore();
     void connectPrinting();
     void connectPaneKeys();
+    void connectCapture();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -134,6 +136,9 @@ private:
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void print(void (Printing::*command)());
+    void cmdCapture_Click();
+    void subAddCapturedItem(const Picture& picture);
+    void showCaptured(const QString& path);
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
     void connectPublishing();
@@ -182,6 +187,8 @@ private:
     Preview m_preview;
     ImageDocument m_imageDocument;
     Printing m_printing;
+    ScreenCapture m_capture;
+    bool m_capturesPointer = false; ///< as chosen last in this run
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     std::unique_ptr<GreetingMaker> m_greetings;

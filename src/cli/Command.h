@@ -29,6 +29,7 @@ std::span<const Command* const> commands();
 extern const Command albumCommand;
 extern const Command batchCommand;
 extern const Command applyCommand;
+extern const Command captureCommand;
 extern const Command encodeCommand;
 extern const Command infoCommand;
 extern const Command printCommand;

@@ -16,11 +16,11 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand,         &albumCommand,          &saverCommand,          &slideCommand,
-    &greetingCommand,      &joinedListCommand,     &joinedExtractCommand,  &applyCommand,
-    &encodeCommand,        &printCommand,          &infoCommand,           &tasksCommand,
-    &basketCommand,        &metadataGetCommand,    &metadataSetCommand,    &metadataDeleteCommand,
-    &metadataClearCommand, &metadataExportCommand, &metadataImportCommand,
+    &batchCommand,          &albumCommand,         &saverCommand,          &slideCommand,
+    &greetingCommand,       &joinedListCommand,    &joinedExtractCommand,  &applyCommand,
+    &encodeCommand,         &printCommand,         &captureCommand,        &infoCommand,
+    &tasksCommand,          &basketCommand,        &metadataGetCommand,    &metadataSetCommand,
+    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand, &metadataImportCommand,
 };
 
 const Command* findCommand(const QString& name) {

@@ -171,7 +171,7 @@ void Basket::subAddEntryToListView(const QString& path) {
         TrappingString = QStringLiteral("Opening image list from file!");
         FileFactsReading facts = startFacts({path});
         const auto known = [&](int next) { return facts.countBeyond(next); };
-        fill({1, [&](int index) { return basketItem(facts.take(index)); }, known}, adding, {});
+        fill({1, [&](int index) { return basketItem(facts.take(index)); }, known}, adding, {.count = true});
     });
 }
 

@@ -65,7 +65,8 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     rows->setSpacing(4);
     auto* caption = new QHBoxLayout;
     caption->addWidget(lblBrowse, 1);
-    caption->addWidget(actions.makeButton("cmdBrowseSettings", this));
+    for (const char* name : {"cmdCapture", "cmdBrowseSettings"})
+        caption->addWidget(actions.makeButton(name, this));
     rows->addLayout(caption);
     rows->addWidget(m_tabs);
     rows->addWidget(panels, 1);

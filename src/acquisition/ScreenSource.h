@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "acquisition/ScreenPicture.h"
+
+#include <functional>
+#include <memory>
+
+namespace tarsel {
+
+/// What is on the screen, from the system at hand.
+class ScreenSource {
+public:
+    virtual ~ScreenSource() = default;
+
+    /// Takes the picture. Raises: 53 a screen that can't be reached, 70 one that refuses, 7 one too large.
+    virtual ScreenPicture grab(bool withPointer) = 0;
+    virtual std::vector<Monitor> monitors() = 0;
+
+    /// Asks the window manager to clear the desktop of windows, or to bring them back. False where there is
+    /// none that can.
+    virtual bool showDesktop(bool shown) = 0;
+    virtual bool desktopIsShown() = 0;
+};
+
+/// Clears the desktop of windows as long as it lives. Windows that were out of the way already stay there.
+class ClearedDesktop {
+public:
+    explicit ClearedDesktop(ScreenSource& screen) :
+        m_screen(screen), m_cleared(!screen.desktopIsShown() && screen.showDesktop(true)) {}
+    ~ClearedDesktop() {
+        if (m_cleared)
+            m_screen.showDesktop(false);
+    }
+    ClearedDesktop(const ClearedDesktop&) = delete;
+    ClearedDesktop& operator=(const ClearedDesktop&) = delete;
+
+    /// False where windows could not be moved out of the way.
+    bool isCleared() const { return m_cleared || m_screen.desktopIsShown(); }
+
+private:
+    ScreenSource& m_screen;
+    bool m_cleared;
+};
+
+/// The screen of the X server that the environment names. Raises 53 when there is none.
+std::unique_ptr<ScreenSource> x11Screen();
+
+/// Pictures that the desktop takes for programs, by its portal on D-Bus: in a session of Wayland there is no
+/// other way. It draws no pointer, clears no desktop, and may ask the user. Raises 18 when the user refuses.
+std::unique_ptr<ScreenSource> portalScreen();
+
+/// The one of the two that fits the session.
+std::unique_ptr<ScreenSource> systemScreen();
+
+} // namespace tarsel

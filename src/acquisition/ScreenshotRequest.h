@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDBusConnection>
+#include <QEventLoop>
+#include <QObject>
+#include <QVariantMap>
+
+namespace tarsel {
+
+/// One request for a picture of the screen to the desktop's portal, sent by the constructor.
+class ScreenshotRequest final : public QObject {
+    Q_OBJECT
+public:
+    enum class Outcome { Waiting, Done, Cancelled, Refused, Unreachable, TimedOut };
+
+    /// With `interactive` the desktop asks the user what is to be on the picture.
+    explicit ScreenshotRequest(bool interactive);
+
+    /// Lets other events run until the answer is there, two minutes at most.
+    Outcome wait();
+    const QString& file() const { return m_file; }   ///< of a request that is done
+    const QString& fault() const { return m_fault; } ///< of one that could not be sent
+
+private Q_SLOTS:
+    void takeResponse(uint response, const QVariantMap& results);
+
+private:
+    void listenTo(const QString& handle);
+    void send(const QVariantMap& options);
+    void end(Outcome outcome);
+
+    QDBusConnection m_bus;
+    QEventLoop m_loop;
+    QString m_handle;
+    QString m_file;
+    QString m_fault;
+    Outcome m_outcome = Outcome::Waiting;
+};
+
+} // namespace tarsel

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/ScreenSource.h"
+#include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
+#include "cli/Command.h"
+#include "cli/FilePaths.h"
+#include "cli/JsonLine.h"
+#include "cli/Terminal.h"
+#include "imaging/ImageBox.h"
+#include "imaging/PictureParts.h"
+#include "imaging/SaveFormats.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+namespace tarsel::cli {
+
+namespace {
+
+constexpr int longestDelay = 3600;
+/// What windows get to move out of the way.
+constexpr std::chrono::milliseconds clearingTime(500);
+
+constexpr OptionSpec options[] = {
+    {"out", "FILE", "the file to write, in the format of its extension; required without --list"},
+    {"kind", "KIND", "foreground (default): the screen as it is; desktop: without windows"},
+    {"monitor", "NAME", "only this monitor, see --list"},
+    {"region", "X,Y,W,H", "only this rectangle, in pixels from the top left of the screen or the monitor"},
+    {"delay", "SECONDS", "wait before the picture is taken"},
+    {"pointer", nullptr, "with the mouse pointer"},
+    {"list", nullptr, "the monitors and their places instead of a picture"},
+    {"json", nullptr,
+     "one JSON object a line: target, width and height; of a list: monitor, x, y, width, height"},
+};
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(CaptureCommand)
+};
+
+QRect regionIn(const QString& text) {
+    static const QRegularExpression form(QStringLiteral(R"(^(\d{1,6}),(\d{1,6}),(\d{1,6}),(\d{1,6})$)"));
+    const QRegularExpressionMatch match = form.match(text);
+    const auto number = [&](int group) { return match.captured(group).toInt(); };
+    const QRect region(number(1), number(2), number(3), number(4));
+    if (!match.hasMatch() || region.isEmpty())
+        throw UsageError{Texts::tr("--region takes X,Y,W,H, not \"%1\"").arg(text)};
+    return region;
+}
+
+bool isDesktopWanted(const Arguments& arguments) {
+    const QString kind = arguments.value("kind", QStringLiteral("foreground"));
+    if (kind != QLatin1String("desktop") && kind != QLatin1String("foreground"))
+        throw UsageError{Texts::tr("--kind is desktop or foreground, not \"%1\"").arg(kind)};
+    return kind == QLatin1String("desktop");
+}
+
+/// What is wanted of the screen.
+QRect areaIn(const ScreenPicture& screen, const Arguments& arguments) {
+    QRect area(0, 0, screen.picture.width(), screen.picture.height());
+    if (arguments.has("monitor")) {
+        const QString name = arguments.value("monitor");
+        const auto found = std::ranges::find(screen.monitors, name, &Monitor::name);
+        if (found == screen.monitors.end())
+            throw UsageError{Texts::tr("there is no monitor \"%1\"; --list names them").arg(name)};
+        area = found->area;
+    }
+    if (!arguments.has("region"))
+        return area;
+    const QRect region = regionIn(arguments.value("region")).translated(area.topLeft());
+    if (!area.contains(region))
+        throw UsageError{Texts::tr("--region %1 is not within %2 x %3 pixels")
+                             .arg(arguments.value("region"))
+                             .arg(area.width())
+                             .arg(area.height())};
+    return region;
+}
+
+int listMonitors(ScreenSource& screen, Terminal& terminal, bool json) {
+    for (const Monitor& monitor : screen.monitors()) {
+        const QRect& area = monitor.area;
+        terminal.result(json ? JsonLine()
+                                   .add("monitor", monitor.name)
+                                   .add("x", area.x())
+                                   .add("y", area.y())
+                                   .add("width", area.width())
+                                   .add("height", area.height())
+                                   .text()
+                             : Texts::tr("%1: %2 x %3 at %4,%5")
+                                   .arg(monitor.name)
+                                   .arg(area.width())
+                                   .arg(area.height())
+                                   .arg(area.x())
+                                   .arg(area.y()));
+    }
+    return AllDone;
+}
+
+ScreenPicture grab(ScreenSource& screen, const Arguments& arguments, Terminal& terminal) {
+    const bool withPointer = arguments.has("pointer");
+    if (!isDesktopWanted(arguments))
+        return screen.grab(withPointer);
+    const ClearedDesktop cleared(screen);
+    if (!cleared.isCleared())
+        terminal.message(Texts::tr("tarsel: the window manager can't clear the desktop of windows"));
+    std::this_thread::sleep_for(clearingTime);
+    return screen.grab(withPointer);
+}
+
+const SaveFormat& formatOf(const QString& target) {
+    const SaveFormat* format = findSaveFormat(QFileInfo(target).suffix());
+    if (!format)
+        throw UsageError{
+            Texts::tr("\"%1\": its extension is not that of a format that can be written").arg(target)};
+    return *format;
+}
+
+int run(const Arguments& arguments, Terminal& terminal) {
+    if (!arguments.operands().isEmpty())
+        throw UsageError{Texts::tr("unexpected \"%1\"").arg(arguments.operands().first())};
+    const bool json = arguments.has("json");
+    if (arguments.has("list"))
+        return listMonitors(*systemScreen(), terminal, json);
+    if (!arguments.has("out"))
+        throw UsageError{Texts::tr("--out is missing")};
+    const QString target = filePath(arguments.value("out"));
+    const SaveFormat& format = formatOf(target);
+    const int delay = numberIn(arguments.value("delay", QStringLiteral("0")), 0, longestDelay, "delay");
+
+    const std::unique_ptr<ScreenSource> screen = systemScreen();
+    std::this_thread::sleep_for(std::chrono::seconds(delay));
+    const ScreenPicture taken = grab(*screen, arguments, terminal);
+    const QRect area = areaIn(taken, arguments);
+    ImageBox box;
+    box.setPictureHandle(partOf(taken.picture, area.x(), area.y(), {area.width(), area.height()}));
+    box.ColorFormat = format.colors.front().colorFormat;
+    writeFileSafely(target, box.encoded(QLatin1String(format.extension)));
+    terminal.result(
+        json ? JsonLine().add("target", target).add("width", area.width()).add("height", area.height()).text()
+             : Texts::tr("%1: %2 x %3 pixels").arg(target).arg(area.width()).arg(area.height()));
+    return AllDone;
+}
+
+} // namespace
+
+constexpr Command captureCommand{
+    .name = "capture",
+    .operands = "",
+    .summary = "Take a picture of the screen.",
+    .notes = "One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The "
+             "screen is\n"
+             "that of the X server in DISPLAY.",
+    .options = options,
+    .run = run,
+};
+
+} // namespace tarsel::cli
