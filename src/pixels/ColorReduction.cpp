@@ -16,18 +16,18 @@ namespace {
 constexpr std::uint8_t halfOpaque = 128;
 constexpr int halfOfWhite = 128;
 
-/// Which pixels are transparent; empty when none is.
+/// Which pixels are transparent by their alpha; empty when none is.
 class HiddenPixels {
 public:
-    HiddenPixels(ConstPixelView view, const Transparency& transparency) {
-        if (!transparency.isKept || (view.channels == 3 && !transparency.color))
+    HiddenPixels(ConstPixelView view, bool isKept) {
+        if (!isKept || view.channels == 3)
             return;
         m_mask.resize(std::size_t(view.width) * std::size_t(view.height));
         bool any = false;
         std::size_t at = 0;
         for (int y = 0; y < view.height; ++y)
             for (int x = 0; x < view.width; ++x, ++at) {
-                m_mask[at] = isHidden(view.pixel(x, y), view.channels, transparency.color);
+                m_mask[at] = view.pixel(x, y)[3] < halfOpaque;
                 any = any || m_mask[at];
             }
         if (!any)
@@ -38,11 +38,6 @@ public:
     bool at(std::size_t pixel) const { return m_mask[pixel]; }
 
 private:
-    static bool isHidden(const std::uint8_t* pixel, int channels, std::optional<Rgb> color) {
-        return (channels == 4 && pixel[3] < halfOpaque) ||
-               (color && *color == Rgb{pixel[0], pixel[1], pixel[2]});
-    }
-
     std::vector<bool> m_mask;
 };
 
@@ -138,9 +133,13 @@ void reduceToGray(ConstPixelView source, IndexedPicture& target, ColorFormat for
         diffuseGray(source, target, levels);
 }
 
-void hidePixels(IndexedPicture& target, const HiddenPixels& hidden) {
+void addTransparentIndex(IndexedPicture& target) {
     target.transparentIndex = int(target.palette.size());
     target.palette.push_back(white);
+}
+
+void hidePixels(IndexedPicture& target, const HiddenPixels& hidden) {
+    addTransparentIndex(target);
     std::size_t at = 0;
     for (int y = 0; y < target.height(); ++y)
         for (int x = 0; x < target.width(); ++x, ++at)
@@ -148,8 +147,70 @@ void hidePixels(IndexedPicture& target, const HiddenPixels& hidden) {
                 target.row(y)[x] = std::uint8_t(target.transparentIndex);
 }
 
+bool holds(const IndexedPicture& picture, Rgb color) {
+    return std::ranges::find(picture.palette, color) != picture.palette.end();
+}
+
+bool holds(ConstPixelView view, Rgb color) {
+    for (int y = 0; y < view.height; ++y)
+        for (int x = 0; x < view.width; ++x)
+            if (const std::uint8_t* pixel = view.pixel(x, y); color == Rgb{pixel[0], pixel[1], pixel[2]})
+                return true;
+    return false;
+}
+
+/// What has the colour becomes transparent, in the source or by the reduction.
+void hideColor(ConstPixelView source, IndexedPicture& target, Rgb color) {
+    if (target.transparentIndex < 0 && holds(target, color))
+        target.transparentIndex = int(std::ranges::find(target.palette, color) - target.palette.begin());
+    else if (target.transparentIndex < 0)
+        addTransparentIndex(target);
+    for (int y = 0; y < target.height(); ++y)
+        for (int x = 0; x < target.width(); ++x) {
+            const std::uint8_t* pixel = source.pixel(x, y);
+            std::uint8_t& index = target.row(y)[x];
+            if (color == Rgb{pixel[0], pixel[1], pixel[2]} || color == target.palette[index])
+                index = std::uint8_t(target.transparentIndex);
+        }
+}
+
 int bitsFor(std::size_t colors) {
     return colors <= 2 ? 1 : colors <= 16 ? 4 : 8;
+}
+
+/// `reserved` is 1 where an index is needed for what is transparent.
+IndexedPicture reduced(ConstPixelView source, ColorFormat format, int reserved) {
+    IndexedPicture target(source.width, source.height);
+    switch (format) {
+    case ColorFormat::TrueColor:
+    case ColorFormat::Colors256:
+        reduceToColors(source, target, 256 - reserved);
+        break;
+    case ColorFormat::Colors16:
+        reduceToColors(source, target, 16 - reserved);
+        break;
+    case ColorFormat::Gray256:
+        reduceToGray(source, target, format, 256 - reserved);
+        break;
+    case ColorFormat::Gray16:
+        reduceToGray(source, target, format, 16);
+        break;
+    default:
+        reduceToGray(source, target, format, 2);
+    }
+    return target;
+}
+
+/// The colour may be one that the user has picked from a picture with either palette: from the one with all
+/// indexes, or from the one that leaves an index to what is transparent.
+void hideColorOf(ConstPixelView source, IndexedPicture& target, ColorFormat format, Rgb color) {
+    if (target.transparentIndex < 0 && !holds(target, color)) {
+        IndexedPicture smaller = reduced(source, format, 1);
+        if (!holds(smaller, color) && !holds(source, color))
+            return;
+        target = std::move(smaller);
+    }
+    hideColor(source, target, color);
 }
 
 /// With an alpha channel that hides the pixels of that colour; the picture itself when it has none of them.
@@ -172,39 +233,22 @@ Picture withHiddenColor(const Picture& picture, Rgb color) {
 
 Picture inTrueColor(const Picture& picture, const Transparency& transparency) {
     if (!transparency.isKept)
-        return opaquePicture(picture, HiddenPixels(picture.view(), transparency));
+        return opaquePicture(picture, HiddenPixels(picture.view(), false));
     return transparency.color ? withHiddenColor(picture, *transparency.color) : picture;
 }
 
 } // namespace
 
 IndexedPicture reduceToPalette(const Picture& picture, ColorFormat format, const Transparency& transparency) {
-    const HiddenPixels hidden(picture.view(), transparency);
+    const HiddenPixels hidden(picture.view(), transparency.isKept);
     const Picture opaque = opaquePicture(picture, hidden);
-    const ConstPixelView source = opaque.view();
-    const int reserved = hidden.any() ? 1 : 0;
-    IndexedPicture target(source.width, source.height);
-    switch (format) {
-    case ColorFormat::TrueColor:
-    case ColorFormat::Colors256:
-        reduceToColors(source, target, 256 - reserved);
-        break;
-    case ColorFormat::Colors16:
-        reduceToColors(source, target, 16 - reserved);
-        break;
-    case ColorFormat::Gray256:
-        reduceToGray(source, target, format, 256 - reserved);
-        break;
-    case ColorFormat::Gray16:
-        reduceToGray(source, target, format, 16);
-        break;
-    default:
-        reduceToGray(source, target, format, 2);
-    }
-    const bool hasColors = format <= ColorFormat::Colors256 || format == ColorFormat::Colors16;
-    target.isGray = !hasColors && !hidden.any();
+    IndexedPicture target = reduced(opaque.view(), format, hidden.any() ? 1 : 0);
     if (hidden.any())
         hidePixels(target, hidden);
+    if (transparency.isKept && transparency.color)
+        hideColorOf(opaque.view(), target, format, *transparency.color);
+    const bool hasColors = format <= ColorFormat::Colors256 || format == ColorFormat::Colors16;
+    target.isGray = !hasColors && target.transparentIndex < 0;
     target.bits = format <= ColorFormat::Gray256 ? 8 : bitsFor(target.palette.size());
     return target;
 }

@@ -22,8 +22,9 @@ enum class ColorFormat {
 
 /// What becomes of the transparency of a picture.
 struct Transparency {
-    bool isKept = false;           ///< false: the picture is laid on white
-    std::optional<Rgb> color = {}; ///< pixels of exactly this colour become transparent
+    bool isKept = false; ///< false: the picture is laid on white
+    std::optional<Rgb> color =
+        {}; ///< what has exactly this colour, also by the reduction, becomes transparent
 
     bool operator==(const Transparency&) const = default;
 };

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace tarsel {
 
@@ -16,6 +17,29 @@ namespace {
 /// bleeds into the next; gray from black to white can be shown everywhere and keeps its mean without one.
 constexpr int colorLimit = 20;
 constexpr int grayLimit = 255;
+
+/// Parts of an error, of 256, that go on. A palette of many colours is near to most of a picture: there, what
+/// full diffusion adds is grain. It is needed where colours change slowly, against bands.
+constexpr int allOfIt = 256, inSmoothAreas = 230, inDetail = 77;
+constexpr std::size_t manyColors = 65;
+/// The sum of the differences to the four neighbours: up to the first number an area is smooth, from the
+/// second on it is detail.
+constexpr int smoothUpTo = 8, detailFrom = 24;
+
+int difference(const std::uint8_t* one, const std::uint8_t* other) {
+    return std::max({std::abs(one[0] - other[0]), std::abs(one[1] - other[1]), std::abs(one[2] - other[2])});
+}
+
+/// At the edges of the picture the pixel itself stands for the neighbour that is missing.
+int passedOn(ConstPixelView source, int x, int y) {
+    const std::uint8_t* pixel = source.pixel(x, y);
+    const int activity = difference(pixel, source.pixel(std::max(x - 1, 0), y)) +
+                         difference(pixel, source.pixel(std::min(x + 1, source.width - 1), y)) +
+                         difference(pixel, source.pixel(x, std::max(y - 1, 0))) +
+                         difference(pixel, source.pixel(x, std::min(y + 1, source.height - 1)));
+    const int detail = std::clamp(activity, smoothUpTo, detailFrom) - smoothUpTo;
+    return inSmoothAreas - detail * (inSmoothAreas - inDetail) / (detailFrom - smoothUpTo);
+}
 
 int inRange(int value) {
     return std::clamp(value, 0, 255);
@@ -32,9 +56,10 @@ public:
 
     /// The values with what the neighbours left. They may leave 0 to 255, so that black and white lose
     /// nothing.
-    Values corrected(int x, Values values) const {
+    Values corrected(int x, Values values, int part) const {
         for (std::size_t c = 0; c < Channels; ++c)
-            values[c] += std::clamp((m_row[std::size_t(x) + 1][c] + 8) >> 4, -m_limit, m_limit);
+            values[c] +=
+                std::clamp((m_row[std::size_t(x) + 1][c] * part + 8 * allOfIt) >> 12, -m_limit, m_limit);
         return values;
     }
 
@@ -61,17 +86,18 @@ private:
     std::vector<Values> m_next;
 };
 
-/// `read(x, y)` is a pixel's values, `choose(values)` an index of the palette, `colorOf(index)` its values.
-template <std::size_t Channels, class Read, class Choose, class ColorOf>
-void diffuse(IndexedPicture& target, int limit, const Read& read, const Choose& choose,
-             const ColorOf& colorAt) {
+/// `read(x, y)` is a pixel's values, `part(x, y)` how much of the error goes on to it, `choose(values)` an
+/// index of the palette, `colorAt(index)` its values.
+template <std::size_t Channels, class Read, class Part, class Choose, class ColorAt>
+void diffuse(IndexedPicture& target, int limit, const Read& read, const Part& part, const Choose& choose,
+             const ColorAt& colorAt) {
     Errors<Channels> errors(target.width(), limit);
     for (int y = 0; y < target.height(); ++y) {
         raiseIfStopped();
         std::uint8_t* row = target.row(y);
         const int step = y % 2 == 0 ? 1 : -1;
         for (int i = 0, x = step > 0 ? 0 : target.width() - 1; i < target.width(); ++i, x += step) {
-            auto error = errors.corrected(x, read(x, y));
+            auto error = errors.corrected(x, read(x, y), part(x, y));
             row[x] = choose(error);
             const std::array<int, Channels>& color = colorAt(row[x]);
             for (std::size_t c = 0; c < Channels; ++c)
@@ -90,16 +116,21 @@ void diffuseColors(ConstPixelView source, IndexedPicture& target) {
     std::vector<Values> colors;
     for (const Rgb color : target.palette)
         colors.push_back({color.red, color.green, color.blue});
-    diffuse<3>(
-        target, colorLimit,
-        [&](int x, int y) {
-            const std::uint8_t* pixel = source.pixel(x, y);
-            return Values{pixel[0], pixel[1], pixel[2]};
-        },
-        [&](const Values& values) {
-            return std::uint8_t(search.nearest(inRange(values[0]), inRange(values[1]), inRange(values[2])));
-        },
-        [&](int index) -> const Values& { return colors[std::size_t(index)]; });
+    const auto read = [&](int x, int y) {
+        const std::uint8_t* pixel = source.pixel(x, y);
+        return Values{pixel[0], pixel[1], pixel[2]};
+    };
+    const auto nearest = [&](const Values& values) {
+        return std::uint8_t(search.nearest(inRange(values[0]), inRange(values[1]), inRange(values[2])));
+    };
+    const auto part = [&, isClose = colors.size() >= manyColors](int x, int y) {
+        const Values pixel = read(x, y);
+        if (colors[nearest(pixel)] == pixel)
+            return 0; // flat areas stay flat
+        return isClose ? passedOn(source, x, y) : allOfIt;
+    };
+    diffuse<3>(target, colorLimit, read, part, nearest,
+               [&](int index) -> const Values& { return colors[std::size_t(index)]; });
 }
 
 void diffuseGray(ConstPixelView source, IndexedPicture& target, int levels) {
@@ -111,7 +142,8 @@ void diffuseGray(ConstPixelView source, IndexedPicture& target, int levels) {
         return std::uint8_t((inRange(gray[0]) * steps * 2 + 255) / 510);
     };
     diffuse<1>(
-        target, grayLimit, [&](int x, int y) { return Values{lumaOf(source.pixel(x, y))}; }, choose,
+        target, grayLimit, [&](int x, int y) { return Values{lumaOf(source.pixel(x, y))}; },
+        [](int, int) { return allOfIt; }, choose,
         [&](int index) -> const Values& { return grays[std::size_t(index)]; });
 }
 

@@ -5,29 +5,42 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <cmath>
+#include <optional>
 #include <unordered_set>
 
 namespace tarsel {
 
 namespace {
 
-constexpr int cellBits = 5; // of a channel, to which colours are counted together
-constexpr int refinements = 3;
+constexpr int cellBits = 6; // of a channel, to which colours are counted together
+constexpr int refinements = 6;
 /// Less than 1, so that small areas of a colour of their own are not lost among large ones.
-constexpr float populationExponent = 0.75F;
+constexpr float populationExponent = 0.85F;
+constexpr int fewColors = 64;
 /// Diffusion mixes only what is between the colours of the palette, and means are inside of what they stand
-/// for. So the palette is spread about its centre; 1.04 gains 1 to 4 dB in what is seen from a distance.
+/// for. So a palette of few colours is spread about its centre; that gains 1 to 4 dB in what is seen from a
+/// distance.
 constexpr double paletteSpread = 1.04;
 
-/// A colour with its channels weighted for distances: near the square roots of their shares in luma, but
-/// with more blue, of which the eye sees the hue.
+/// Weights of the channels in distances: near their shares in luma, but with more blue, of which the eye sees
+/// the hue.
+constexpr int weightOfRed = 77, weightOfGreen = 152, weightOfBlue = 64;
+
+constexpr int squaredDistance(int red, int green, int blue) {
+    return weightOfRed * red * red + weightOfGreen * green * green + weightOfBlue * blue * blue;
+}
+
+/// A colour with its channels weighted for distances.
 struct Place {
     std::array<float, 3> at = {};
 };
 
 Place placeOf(float red, float green, float blue) {
-    return {{red * 0.55F, green * 0.77F, blue * 0.5F}};
+    static const float ofRed = std::sqrt(float(weightOfRed)), ofGreen = std::sqrt(float(weightOfGreen)),
+                       ofBlue = std::sqrt(float(weightOfBlue));
+    return {{red * ofRed, green * ofGreen, blue * ofBlue}};
 }
 
 /// Colours so close that they are counted together.
@@ -35,33 +48,51 @@ struct Cell {
     Place place;
     std::array<float, 3> color = {}; ///< mean, 0 to 255
     float weight = 0;
+    std::uint64_t count = 0; ///< pixels
+    std::optional<Rgb> peak; ///< the one colour that most of them have
     int box = 0;
 };
 
+/// The pixels of a cell, in one pass. What is left of a vote in which each other colour takes one vote back
+/// is the colour of most pixels, if there is one (R. Boyer, J. Moore, "MJRTY", 1981).
+struct CellSums {
+    std::uint64_t count = 0;
+    std::array<std::uint64_t, 3> color = {};
+    Rgb candidate;
+    std::uint64_t votes = 0;
+
+    void add(const std::uint8_t* pixel) {
+        ++count;
+        for (std::size_t c = 0; c < 3; ++c)
+            color[c] += pixel[c];
+        const Rgb rgb{pixel[0], pixel[1], pixel[2]};
+        if (votes == 0)
+            candidate = rgb;
+        candidate == rgb ? ++votes : --votes;
+    }
+};
+
 std::vector<Cell> cellsOf(ConstPixelView pixels) {
-    struct Sums {
-        std::uint64_t count = 0;
-        std::array<std::uint64_t, 3> color = {};
-    };
-    std::vector<Sums> sums(std::size_t(1) << 3 * cellBits);
+    std::vector<CellSums> sums(std::size_t(1) << 3 * cellBits);
     constexpr int shift = 8 - cellBits;
     for (int y = 0; y < pixels.height; raiseIfStopped(), ++y)
         for (const std::uint8_t *pixel = pixels.row(y), *end = pixel + std::ptrdiff_t(pixels.width) * 3;
              pixel < end; pixel += 3) {
-            Sums& cell = sums[std::size_t(pixel[0] >> shift << 2 * cellBits | pixel[1] >> shift << cellBits |
-                                          pixel[2] >> shift)];
-            ++cell.count;
-            for (std::size_t c = 0; c < 3; ++c)
-                cell.color[c] += pixel[c];
+            sums[std::size_t(pixel[0] >> shift << 2 * cellBits | pixel[1] >> shift << cellBits |
+                             pixel[2] >> shift)]
+                .add(pixel);
         }
     std::vector<Cell> cells;
-    for (const Sums& sum : sums) {
+    for (const CellSums& sum : sums) {
         if (sum.count == 0)
             continue;
         Cell cell;
         for (std::size_t c = 0; c < 3; ++c)
             cell.color[c] = float(double(sum.color[c]) / double(sum.count));
         cell.place = placeOf(cell.color[0], cell.color[1], cell.color[2]);
+        cell.count = sum.count;
+        if (sum.votes * 2 > sum.count)
+            cell.peak = sum.candidate;
         cell.weight = std::pow(float(sum.count), populationExponent);
         cells.push_back(cell);
     }
@@ -176,6 +207,17 @@ std::vector<Rgb> spreadOut(std::vector<Rgb> palette, const std::vector<Cell>& ce
     return palette;
 }
 
+/// A colour that most pixels of an entry have, such as that of a flat area, is kept exactly.
+std::vector<Rgb> withPeaks(std::vector<Rgb> palette, const std::vector<Cell>& cells) {
+    std::vector<std::uint64_t> pixels(palette.size());
+    for (const Cell& cell : cells)
+        pixels[std::size_t(cell.box)] += cell.count;
+    for (const Cell& cell : cells)
+        if (cell.peak && cell.count * 2 > pixels[std::size_t(cell.box)])
+            palette[std::size_t(cell.box)] = *cell.peak;
+    return palette;
+}
+
 constexpr std::uint32_t keyOf(const std::uint8_t* pixel) {
     return std::uint32_t(pixel[0]) << 16 | std::uint32_t(pixel[1]) << 8 | pixel[2];
 }
@@ -213,28 +255,45 @@ std::vector<Rgb> buildPalette(ConstPixelView pixels, int colors) {
                                       int(std::lround(cell.color[2])));
         palette = meanColors(cells, palette);
     }
-    return spreadOut(std::move(palette), cells);
+    if (colors <= fewColors)
+        palette = spreadOut(std::move(palette), cells);
+    return withPeaks(std::move(palette), cells);
 }
 
-PaletteSearch::PaletteSearch(const std::vector<Rgb>& palette) :
-    m_known(std::size_t(1) << 15, std::int16_t(-1)) {
-    for (std::size_t axis = 0; axis < 3; ++axis)
-        for (const Rgb color : palette)
-            m_coordinates[axis].push_back(
-                placeOf(float(color.red), float(color.green), float(color.blue)).at[axis]);
+PaletteSearch::PaletteSearch(const std::vector<Rgb>& palette) : m_cubes(std::size_t(1) << 3 * cubeBits) {
+    for (const Rgb color : palette)
+        m_palette.push_back({color.red, color.green, color.blue, std::int16_t(m_palette.size())});
 }
 
-std::int16_t PaletteSearch::search(int red, int green, int blue) const {
-    const auto middle = [](int value) { return float(value >> 3 << 3) + 3.5F; };
-    const Place wanted = placeOf(middle(red), middle(green), middle(blue));
-    const std::size_t count = m_coordinates[0].size();
-    float distances[256];
-    for (std::size_t i = 0; i < count; ++i) {
-        const float l = m_coordinates[0][i] - wanted.at[0], a = m_coordinates[1][i] - wanted.at[1],
-                    b = m_coordinates[2][i] - wanted.at[2];
-        distances[i] = l * l + a * a + b * b;
+int PaletteSearch::nearestOf(const Candidate* from, const Candidate* end, int red, int green, int blue) {
+    int least = INT_MAX, best = 0;
+    for (; from < end; ++from) {
+        const int distance = squaredDistance(from->red - red, from->green - green, from->blue - blue);
+        if (distance < least) {
+            least = distance;
+            best = from->index;
+        }
     }
-    return std::int16_t(std::min_element(distances, distances + count) - distances);
+    return best;
+}
+
+/// What is farther from the middle than the nearest colour by more than a diagonal is nearest to nothing.
+void PaletteSearch::findCandidates(Cube& cube, int red, int green, int blue) {
+    constexpr int half = 1 << (cubeShift - 1);
+    const auto middle = [](int value) { return (value >> cubeShift << cubeShift) + half; };
+    const auto distanceOf = [&](const Candidate& color) {
+        return std::sqrt(float(squaredDistance(color.red - middle(red), color.green - middle(green),
+                                               color.blue - middle(blue))));
+    };
+    float distances[256];
+    std::ranges::transform(m_palette, distances, distanceOf);
+    const float reach = *std::min_element(distances, distances + m_palette.size()) +
+                        2 * std::sqrt(float(squaredDistance(half, half, half)));
+    cube.start = std::uint32_t(m_candidates.size());
+    for (const Candidate& color : m_palette)
+        if (distances[color.index] <= reach)
+            m_candidates.push_back(color);
+    cube.count = std::uint32_t(m_candidates.size()) - cube.start;
 }
 
 } // namespace tarsel

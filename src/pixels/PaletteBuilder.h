@@ -19,25 +19,39 @@ std::optional<std::vector<Rgb>> distinctColors(ConstPixelView pixels, int most);
 /// (k-means). Distances are between weighted values as stored, for that is where errors are diffused.
 std::vector<Rgb> buildPalette(ConstPixelView pixels, int colors);
 
-/// Finds the nearest palette colour, by the same distance. Colours are compared by 5 bits a
-/// channel: one more shows no gain and takes twice the time.
+/// Finds the nearest palette colour, by the same distance. Space is divided into cubes, each with the few
+/// colours that can be nearest to anything in it, which are found when the first colour of the cube is asked
+/// for.
 class PaletteSearch {
 public:
     explicit PaletteSearch(const std::vector<Rgb>& palette);
 
     /// Channels from 0 to 255.
     int nearest(int red, int green, int blue) {
-        std::int16_t& known = m_known[std::size_t(red >> 3 << 10 | green >> 3 << 5 | blue >> 3)];
-        if (known < 0)
-            known = search(red, green, blue);
-        return known;
+        Cube& cube = m_cubes[std::size_t(red >> cubeShift << 2 * cubeBits | green >> cubeShift << cubeBits |
+                                         blue >> cubeShift)];
+        if (cube.count == 0)
+            findCandidates(cube, red, green, blue);
+        const Candidate* const first = m_candidates.data() + cube.start;
+        return cube.count == 1 ? first->index : nearestOf(first, first + cube.count, red, green, blue);
     }
 
 private:
-    std::int16_t search(int red, int green, int blue) const;
+    static constexpr int cubeBits = 5; ///< of a channel
+    static constexpr int cubeShift = 8 - cubeBits;
+    struct Candidate {
+        std::int16_t red, green, blue, index;
+    };
+    struct Cube {
+        std::uint32_t start = 0;
+        std::uint32_t count = 0;
+    };
+    static int nearestOf(const Candidate* from, const Candidate* end, int red, int green, int blue);
+    void findCandidates(Cube& cube, int red, int green, int blue);
 
-    std::vector<float> m_coordinates[3];
-    std::vector<std::int16_t> m_known;
+    std::vector<Candidate> m_palette;
+    std::vector<Candidate> m_candidates; ///< of all cubes that were asked for
+    std::vector<Cube> m_cubes;
 };
 
 } // namespace tarsel
