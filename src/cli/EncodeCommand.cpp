@@ -176,8 +176,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
         for (const QString& remark : remarksOn(result.source, result.state))
             terminal.message(remark);
     } catch (const TrappedError& error) {
-        result.error = error.description;
-        terminal.message(QStringLiteral("tarsel: ") + error.description);
+        result.error = namingSubject(error.description);
+        terminal.message(QStringLiteral("tarsel: ") + result.error);
     }
     report(result, terminal, arguments.has("json"));
     return result.error.isEmpty() && result.state.damage.isEmpty() ? AllDone : SomeNotDone;

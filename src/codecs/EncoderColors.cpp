@@ -46,11 +46,13 @@ FittedPicture fittedToFile(const Picture& picture, const SaveSettings& settings,
 }
 
 void requireEncodableSize(const char* format, const Picture& picture, int largestSide) {
-    if (picture.width() > largestSide || picture.height() > largestSide)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("EncoderColors", "%1 encoder: more than %2 pixels wide or high")
-                 .arg(QLatin1String(format))
-                 .arg(largestSide));
+    if (picture.width() <= largestSide && picture.height() <= largestSide)
+        return;
+    const QString text = QCoreApplication::translate(
+        "EncoderColors", "%1 files hold pictures of at most %2 x %2 pixels, not of %3 x %4");
+    throw TrappedError{
+        ErrorNumber::InvalidCall,
+        text.arg(QLatin1String(format)).arg(largestSide).arg(picture.width()).arg(picture.height())};
 }
 
 EncodablePicture encoderColors(const Picture& picture, const SaveSettings& settings, TransparencyOf format) {

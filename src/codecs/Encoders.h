@@ -19,7 +19,8 @@ QByteArray encodeGif(const Picture& picture, const SaveSettings& settings, const
 /// bits. Black and white have four as well: readers disagree about which of the two is 0 in a single plane.
 QByteArray encodePcx(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 
-/// One page. True colour and 256 grays are JPEG data of the settings' quality, the rest is deflated.
+/// One page. True colour and 256 grays are JPEG data of the settings' quality, the rest is deflated, and so
+/// are pictures that JPEG can't hold.
 QByteArray encodePdf(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 
 /// The merged picture with packed rows: RGB, with a layer where there is transparency, gray or a bitmap. Few

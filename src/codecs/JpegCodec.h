@@ -10,6 +10,8 @@ namespace tarsel {
 /// was something.
 Codec jpegCodec();
 
+inline constexpr int largestJpegSide = 65'500; ///< pixels, of what the library writes
+
 /// The encoded file: 4:2:0, or one channel for `ColorFormat` 2. Transparency is laid on `BackColor`.
 QByteArray encodeJpeg(const Picture& picture, const SaveSettings& settings, const EmbeddedMetadata& metadata);
 

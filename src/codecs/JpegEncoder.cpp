@@ -21,6 +21,7 @@ namespace tarsel {
 namespace {
 
 constexpr int rowsAtOnce = 16;
+static_assert(largestJpegSide == JPEG_MAX_DIMENSION);
 constexpr std::uint8_t dotsPerInch = 1;
 
 /// JPEG has no palettes: what is gray gets one channel, all else three.
@@ -180,6 +181,7 @@ private:
 
 QByteArray encodeJpeg(const Picture& picture, const SaveSettings& settings,
                       const EmbeddedMetadata& metadata) {
+    requireEncodableSize("JPEG", picture, largestJpegSide);
     return JpegWriter(picture, settings, metadata).encode() + metadata.trailer;
 }
 

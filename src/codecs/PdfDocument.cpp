@@ -9,6 +9,7 @@
 #include "codecs/EncoderColors.h"
 #include "codecs/JpegCodec.h"
 #include "codecs/Resolution.h"
+#include "pixels/Flatten.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -87,8 +88,11 @@ private:
 
     Object image() {
         const ColorFormat format = colorFormatOf(m_settings);
-        if (format == ColorFormat::TrueColor || format == ColorFormat::Gray256)
+        const bool fitsJpeg = std::max(m_picture.width(), m_picture.height()) <= largestJpegSide;
+        if (fitsJpeg && (format == ColorFormat::TrueColor || format == ColorFormat::Gray256))
             return jpegImage(format);
+        if (format == ColorFormat::TrueColor)
+            return plainImage();
         return indexedImage(encoderIndexes(m_picture, m_settings, TransparencyOf::Nothing));
     }
 
@@ -114,6 +118,15 @@ private:
                         format == ColorFormat::Gray256 ? Object::newName("/DeviceGray") : rgbSpace());
         stream.getDict().replaceKey("/Filter", Object::newName("/DCTDecode"));
         return stream;
+    }
+
+    Object plainImage() {
+        const qsizetype rowSize = qsizetype(m_picture.width()) * 3;
+        QByteArray rows(rowSize * m_picture.height(), Qt::Uninitialized);
+        for (int y = 0; y < m_picture.height(); ++y)
+            flattenRow(m_picture.view(), y, white,
+                       reinterpret_cast<std::uint8_t*>(rows.data()) + rowSize * y);
+        return imageStream(rows, 8, rgbSpace());
     }
 
     Object indexedImage(const IndexedPicture& picture) {

@@ -121,14 +121,17 @@ private:
     }
 
     [[noreturn]] void failBeyond(const Trial& smallest) const {
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate(
-                 "SizeBudget", "no file of at most %1 bytes: quality %2 takes %3 with %4 x %5 pixels")
-                 .arg(m_budget.bytes)
-                 .arg(m_budget.lowestQuality)
-                 .arg(smallest.bytes.size())
-                 .arg(m_picture.width())
-                 .arg(m_picture.height()));
+        SaveSettings lowest = m_settings;
+        lowest.JpegTableScale = m_lowest;
+        const QString text = QCoreApplication::translate(
+            "SizeBudget",
+            "No file of at most %1 bytes is possible: at the lowest quality allowed, %2, it has %3 "
+            "bytes with %4 x %5 pixels");
+        throw TrappedError{ErrorNumber::InvalidCall, text.arg(m_budget.bytes)
+                                                         .arg(std::round(jpegQualityOf(lowest)))
+                                                         .arg(smallest.bytes.size())
+                                                         .arg(m_picture.width())
+                                                         .arg(m_picture.height())};
     }
 
     const SizeBudget m_budget;

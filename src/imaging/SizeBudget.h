@@ -14,7 +14,7 @@ struct SizeBudget {
     static constexpr int usualLowestQuality = 40;
 
     qint64 bytes = 0; ///< of the file with its metadata; 0: no limit, nothing to search for
-    int lowestQuality = usualLowestQuality;
+    int lowestQuality = usualLowestQuality; ///< a best quality below it is the lowest too
     bool mayShrink = false; ///< when the lowest quality makes too large a file, the picture loses pixels
 
     bool operator==(const SizeBudget&) const = default;

@@ -65,6 +65,12 @@ TEST_F(EncodeCommand, FindsTheBestQualityThatFits) {
               70);
     const QByteArray before = readWholeFile(folder.path("fit.jpg"));
     EXPECT_EQ(encoded("--max-size 50 photo.png fit.jpg").value(text("state")), text("failed"));
+    EXPECT_TRUE(
+        encoded("--max-size 50 --quality 30 photo.png fit.jpg")
+            .value(text("reason"))
+            .toString()
+            .contains(text("photo.png: No file of at most 50 bytes is possible: at the lowest quality "
+                           "allowed, 30, it has")));
     EXPECT_EQ(readWholeFile(folder.path("fit.jpg")), before);
 }
 

@@ -18,7 +18,7 @@ TEST(SizeBudget, IsUsedUpByQualityAndBelowTheFloorBySize) {
             return encodeJpeg(picture, {.JpegTableScale = tableScale}, {}).size();
         };
         const qsizetype best = sizeAt(100), floor = sizeAt(1250); // qualities 95 and 40
-        for (const double part : {0.3, 0.9, 0.99}) {
+        for (const double part : {0.3, 0.9, 0.99, 0.9999}) {
             const qint64 bytes = qint64(part * double(best));
             SCOPED_TRACE(bytes);
             const BudgetedJpeg file =
