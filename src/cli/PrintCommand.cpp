@@ -28,7 +28,9 @@ constexpr OptionSpec options[] = {
     {"scale", "PERCENT", TEXT("of that size, 1 to 1000 (default: 100); what leaves the place is cropped")},
     {"position", "PLACE",
      TEXT("center (default), top-left, top, top-right, left, right, bottom-left, bottom, bottom-right")},
-    {"margin", "MM", TEXT("paper that stays empty on each side, up to 100 (default: 10)")},
+    {"margin", "MM",
+     TEXT("paper that stays empty on each side, up to 100 (default: 10); 20x15: 20 left and\n"
+          "right, 15 at the top and at the bottom")},
     {"per-page", "N", TEXT("places on a page, 1 to 64 (default: 1)")},
     {"repeat", nullptr, TEXT("fill all places of a page with the same picture")},
     {"captions", "TEXT", TEXT("below each picture: none (default), name or description")},
@@ -36,10 +38,10 @@ constexpr OptionSpec options[] = {
     {"json", nullptr, TEXT("one JSON object a line: row, source, target, state, reason")},
 };
 
-double lengthIn(const Arguments& arguments, const char* option, double fallback, double lowest,
+double lengthIn(const Arguments& arguments, const char* option, const QString& text, double lowest,
                 double highest) {
-    bool isNumber = true;
-    const double number = arguments.has(option) ? arguments.value(option).toDouble(&isNumber) : fallback;
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
     if (!isNumber || !(number >= lowest && number <= highest))
         throw UsageError{QCoreApplication::translate("CommandLine", "--%1 takes %2 to %3, not \"%4\"")
                              .arg(QLatin1String(option))
@@ -47,6 +49,16 @@ double lengthIn(const Arguments& arguments, const char* option, double fallback,
                              .arg(highest)
                              .arg(arguments.value(option))};
     return number;
+}
+
+void setMargins(PrintLayout& layout, const Arguments& arguments) {
+    const QStringList lengths = arguments.value("margin", QStringLiteral("10")).split(QLatin1Char('x'));
+    const auto margin = [&](const QString& text) {
+        return lengthIn(arguments, "margin", lengths.size() > 2 ? QString() : text, 0,
+                        PrintLayout::largestMargin);
+    };
+    layout.marginAcross = margin(lengths.first());
+    layout.marginDown = margin(lengths.last());
 }
 
 int paperOf(const Arguments& arguments) {
@@ -64,14 +76,14 @@ PrintLayout layoutOf(const Arguments& arguments) {
     layout.landscape = arguments.has("landscape");
     layout.sizing =
         choiceIn(arguments, "mode", {QStringLiteral("fit"), QStringLiteral("fill"), QStringLiteral("true")});
-    layout.scale = lengthIn(arguments, "scale", 100, PrintLayout::smallestScale, PrintLayout::largestScale);
+    layout.scale = lengthIn(arguments, "scale", arguments.value("scale", QStringLiteral("100")),
+                            PrintLayout::smallestScale, PrintLayout::largestScale);
     layout.position =
         choiceIn(arguments, "position",
                  {QStringLiteral("center"), QStringLiteral("top-left"), QStringLiteral("top"),
                   QStringLiteral("top-right"), QStringLiteral("left"), QStringLiteral("right"),
                   QStringLiteral("bottom-left"), QStringLiteral("bottom"), QStringLiteral("bottom-right")});
-    layout.marginAcross = layout.marginDown =
-        lengthIn(arguments, "margin", 10, 0, PrintLayout::largestMargin);
+    setMargins(layout, arguments);
     layout.perPage =
         numberIn(arguments.value("per-page", QStringLiteral("1")), 1, PrintLayout::mostPerPage, "per-page");
     layout.repeats = arguments.has("repeat");

@@ -17,11 +17,12 @@ struct DecodedPicture {
         {}; ///< what is wrong with a file whose picture could be read in part; empty for an undamaged one
 };
 
-/// A picture decoded smaller than it is, and its own size.
+/// A picture decoded smaller than it is, and its own size. The rest is as of decode.
 struct ReducedPicture {
     Picture picture;
     PixelSize sourceSize;
-    QByteArray iccProfile = {}; ///< as in the metadata of decode
+    EmbeddedMetadata metadata = {};
+    QString damage = {};
 };
 
 } // namespace tarsel

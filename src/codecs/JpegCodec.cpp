@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <optional>
 #include <vector>
 
@@ -232,16 +233,6 @@ EmbeddedMetadata jpegMetadata(const PictureSource& source, const QString& name, 
     return withRgbProfileOnly(reader.metadata());
 }
 
-DecodedPicture decodeJpeg(const PictureSource& source, const QString& name, int) {
-    JpegReader reader(source.all(), fileOf(source, name));
-    reader.readHeader(Purpose::Picture);
-    EmbeddedMetadata metadata = reader.metadata();
-    Picture picture = reader.decode(metadata.iccProfile);
-    applyGrayProfile(picture, metadata.iccProfile);
-    metadata.trailer = reader.trailer();
-    return {std::move(picture), withRgbProfileOnly(std::move(metadata)), reader.damage()};
-}
-
 ReducedPicture decodeReducedJpeg(const PictureSource& source, const QString& name, PixelSize wanted) {
     JpegReader reader(source.all(), fileOf(source, name));
     reader.readHeader(Purpose::Picture);
@@ -249,7 +240,14 @@ ReducedPicture decodeReducedJpeg(const PictureSource& source, const QString& nam
     EmbeddedMetadata metadata = reader.metadata();
     Picture picture = reader.decode(metadata.iccProfile);
     applyGrayProfile(picture, metadata.iccProfile);
-    return {std::move(picture), reader.size(), withRgbProfileOnly(std::move(metadata)).iccProfile};
+    metadata.trailer = reader.trailer();
+    return {std::move(picture), reader.size(), withRgbProfileOnly(std::move(metadata)), reader.damage()};
+}
+
+DecodedPicture decodeJpeg(const PictureSource& source, const QString& name, int) {
+    constexpr PixelSize all{INT_MAX, INT_MAX};
+    ReducedPicture read = decodeReducedJpeg(source, name, all);
+    return {std::move(read.picture), std::move(read.metadata), std::move(read.damage)};
 }
 
 } // namespace

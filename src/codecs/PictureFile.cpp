@@ -73,7 +73,7 @@ ReducedPicture PictureFile::decodeReduced(const std::function<PixelSize(PixelSiz
     if (!codec.decodeReduced) {
         DecodedPicture decoded = codec.decode(m_source, m_name, 1);
         const PixelSize size{decoded.picture.width(), decoded.picture.height()};
-        return {std::move(decoded.picture), size, std::move(decoded.metadata.iccProfile)};
+        return {std::move(decoded.picture), size, std::move(decoded.metadata), std::move(decoded.damage)};
     }
     const PictureHeader found = codec.header(m_source, m_name);
     return codec.decodeReduced(m_source, m_name, wanted({found.width, found.height}));

@@ -7,6 +7,7 @@
 #include "codecs/PictureFile.h"
 #include "collections/clsFileInfo.h"
 #include "imaging/LoadingFailure.h"
+#include "imaging/Upright.h"
 #include "imaging/fncLoadPicture.h"
 #include "metadata/modMetadata.h"
 
@@ -20,9 +21,9 @@ namespace {
 
 /// False when the box can't make sense of the file: the one failure after which the loader is tried, unless
 /// that would end in the decoder that was just lost.
-bool loadByBox(ImageBox& box, const QString& path, const std::stop_token& stop) {
+bool loadByBox(const std::function<void()>& load) {
     try {
-        box.LoadFromFile(path, stop);
+        load();
         return true;
     } catch (const DecoderLost& error) {
         failLoading(error);
@@ -47,6 +48,26 @@ bool loadByFallback(ImageBox& box, const QString& path, const std::stop_token& s
     return picture.has_value();
 }
 
+bool loadByEither(ImageBox& box, const QString& path, const std::stop_token& stop,
+                  const std::function<void()>& load) {
+    box.Clear();
+    return (carriesMetadata(path) && loadByBox(load)) || loadByFallback(box, path, stop);
+}
+
+PixelSize exchanged(PixelSize size) {
+    return {size.height, size.width};
+}
+
+void loadReduced(ImageBox& box, const QString& path, bool upright, const std::stop_token& stop,
+                 const DrawnSize& drawn) {
+    const PictureFile file(path);
+    const bool isTurned = upright && exchangesSides(fileOrientation(file, stop));
+    box.LoadReduced(
+        file,
+        [&](PixelSize stored) { return isTurned ? exchanged(drawn(exchanged(stored))) : drawn(stored); },
+        stop);
+}
+
 } // namespace
 
 bool carriesMetadata(const QString& path) {
@@ -59,8 +80,17 @@ bool carriesMetadata(const QString& path) {
 }
 
 bool loadSource(ImageBox& box, const QString& path, const std::stop_token& stop) {
-    box.Clear();
-    return (carriesMetadata(path) && loadByBox(box, path, stop)) || loadByFallback(box, path, stop);
+    return loadByEither(box, path, stop, [&] { box.LoadFromFile(path, stop); });
+}
+
+bool loadPrepared(ImageBox& box, const QString& path, bool upright, const std::stop_token& stop,
+                  const DrawnSize& drawn) {
+    const bool isLoaded =
+        drawn ? loadByEither(box, path, stop, [&] { loadReduced(box, path, upright, stop, drawn); })
+              : loadSource(box, path, stop);
+    if (isLoaded)
+        prepareForTasks(box, path, upright);
+    return isLoaded;
 }
 
 QString noPictureReason(const QString& path) {

@@ -5,8 +5,6 @@
 #include "base/IgnoringErrors.h"
 #include "codecs/PictureFile.h"
 #include "collections/LettingEventsRun.h"
-#include "collections/LoadSource.h"
-#include "imaging/Upright.h"
 #include "tasks/Replay.h"
 
 #include <algorithm>
@@ -57,9 +55,7 @@ struct RowAhead::Load {
         Result made;
         made.failure = failureOf([&] {
             made.box.PageNumber = rules.pageNumber;
-            made.isPicture = loadSource(made.box, path, stop);
-            if (made.isPicture)
-                prepareForTasks(made.box, path, rules.upright);
+            made.isPicture = loadPrepared(made.box, path, rules.upright, stop, rules.drawn);
         });
         result.set(std::move(made));
     }
@@ -85,7 +81,8 @@ struct RowAhead::Preparation {
         made.box = std::move(box);
         if (made.isPicture) {
             made.box.TakeLoaded(std::move(loaded.box));
-            made.box.Tag = QStringLiteral("%1x%2").arg(made.box.Width()).arg(made.box.Height());
+            const PixelSize source = made.box.FullSize();
+            made.box.Tag = QStringLiteral("%1x%2").arg(source.width).arg(source.height);
             made.taskFailure = failureOf([&] { replayRows(made.box, tasks, stop); });
         }
         result.set(std::move(made));

@@ -4,8 +4,8 @@
 #include "base/FileStamp.h"
 #include "base/TrappedError.h"
 #include "codecs/PictureLimit.h"
+#include "collections/LoadSource.h"
 #include "collections/WorkQueue.h"
-#include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
 
 #include <functional>
@@ -41,6 +41,7 @@ public:
         bool upright = false;
         int pageNumber = 1;
         std::stop_token stop; ///< ends loads with error 18
+        DrawnSize drawn = {}; ///< as of RowRun
         /// A picture that claims to have more is worked on with no other one in memory.
         std::int64_t maxPixels = largestPicture() / picturesHeld;
     };

@@ -33,7 +33,8 @@ void RowLoop::run() {
     RowAhead ahead({.readAhead = m_run.readAhead,
                     .upright = m_run.upright,
                     .pageNumber = m_box.PageNumber,
-                    .stop = m_run.stop});
+                    .stop = m_run.stop,
+                    .drawn = m_run.drawn});
     for (nameNext(); m_next <= m_last && !isCancelled(); nameNext()) {
         work(ahead);
         m_progress.setValue(m_next - m_first);

@@ -3,8 +3,8 @@
 
 #include "base/ListView.h"
 #include "base/TrappedError.h"
+#include "collections/LoadSource.h"
 #include "collections/RowResult.h"
-#include "imaging/ImageBox.h"
 #include "tasks/TaskList.h"
 
 #include <algorithm>
@@ -28,6 +28,8 @@ struct RowRun {
     /// same without it.
     bool readAhead = true;
     bool goesOn = false; ///< after a row that failed; else its error ends the run
+    /// Pictures are only drawn, and no task changes them: they may be loaded smaller, as loadPrepared says.
+    DrawnSize drawn = {};
 
     /// The last row to do; the list may have shrunk since the start.
     int lastThere() const { return lastRow > 0 ? std::min(lastRow, rows.count()) : rows.count(); }

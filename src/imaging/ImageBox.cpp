@@ -108,6 +108,7 @@ void ImageBox::requireImage() const {
 
 Picture& ImageBox::pictureToChange() {
     m_encoded.reset();
+    m_fullSize.reset();
     return m_picture;
 }
 
@@ -134,6 +135,7 @@ void ImageBox::LoadFromMemory(const Picture& snapshot, int format) {
 
 void ImageBox::TakeLoaded(ImageBox&& loaded) {
     pictureToChange() = std::move(loaded.m_picture);
+    m_fullSize = loaded.m_fullSize;
     m_metadata = std::move(loaded.m_metadata);
     m_loadDamage = std::move(loaded.m_loadDamage);
     m_loadFailed = loaded.m_loadFailed;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/FileStamp.h"
+#include "codecs/PictureHeader.h"
 #include "codecs/SaveSettings.h"
 #include "embedded/MetadataStore.h"
 #include "pixels/Color.h"
@@ -9,12 +10,14 @@
 
 #include <QDateTime>
 #include <QString>
+#include <functional>
 #include <optional>
 #include <stop_token>
 
 namespace tarsel {
 
 class PictureFile;
+struct DecodedPicture;
 struct Size;
 
 /// The font of ImageBox::DrawText.
@@ -61,6 +64,13 @@ public:
     void LoadFromFile(const QString& path, const std::stop_token& stop = {});
     /// One page, from 1, of a file that is already open; PageNumber doesn't count.
     void LoadPage(const PictureFile& file, int page, const std::stop_token& stop = {});
+    /// The first page for drawing it: at least as large as `drawn` says for its size, and smaller than it is
+    /// where the format can decode so faster.
+    void LoadReduced(const PictureFile& file, const std::function<PixelSize(PixelSize)>& drawn,
+                     const std::stop_token& stop = {});
+    /// The size of the picture of which LoadReduced loaded a smaller one, until it changes; else its own.
+    PixelSize FullSize() const { return m_fullSize ? *m_fullSize : PixelSize{Width(), Height()}; }
+    void setFullSize(PixelSize size) { m_fullSize = size; }
     bool LoadFailed() const { return m_loadFailed; }
     /// What is wrong with the file whose picture was loaded in part; empty for an undamaged one.
     QString LoadDamage() const { return m_loadDamage; }
@@ -206,6 +216,7 @@ private:
         QByteArray bytes;
     };
 
+    void takeDecoded(DecodedPicture decoded);
     void requireImage() const;
     void requireSelection() const;
     Size displaySize() const;
@@ -216,6 +227,7 @@ private:
     MetadataStore m_metadata;
     mutable std::optional<Encoded> m_encoded; ///< of the picture as it is
     std::optional<FileStamp> m_metadataStamp; ///< when LoadMetadataOnly read the file
+    std::optional<PixelSize> m_fullSize;      ///< of a picture that was loaded smaller
     bool m_loadFailed = false;
     QString m_loadDamage;
     SelectionShape m_selectionShape = SelectionShape::None;

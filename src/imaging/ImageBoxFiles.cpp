@@ -48,7 +48,21 @@ void ImageBox::LoadPage(const PictureFile& file, int page, const std::stop_token
     Clear();
     m_loadFailed = true;
     raiseIfStopped();
-    DecodedPicture decoded = file.decode(page);
+    takeDecoded(file.decode(page));
+}
+
+void ImageBox::LoadReduced(const PictureFile& file, const std::function<PixelSize(PixelSize)>& drawn,
+                           const std::stop_token& stop) {
+    const StopScope scope(stop);
+    Clear();
+    m_loadFailed = true;
+    raiseIfStopped();
+    ReducedPicture reduced = file.decodeReduced(drawn);
+    takeDecoded({std::move(reduced.picture), std::move(reduced.metadata), std::move(reduced.damage)});
+    setFullSize(reduced.sourceSize);
+}
+
+void ImageBox::takeDecoded(DecodedPicture decoded) {
     raiseIfStopped();
     pictureToChange() = std::move(decoded.picture);
     m_metadata = MetadataStore(std::move(decoded.metadata));

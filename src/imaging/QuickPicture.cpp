@@ -78,7 +78,7 @@ std::optional<QuickPicture> reducedPicture(const PictureFile& file, Size box, bo
         return PixelSize{wanted.width, wanted.height};
     });
     const Size full{reduced.sourceSize.width, reduced.sourceSize.height};
-    return turned({std::move(reduced.picture), full, std::move(reduced.iccProfile)}, orientation);
+    return turned({std::move(reduced.picture), full, std::move(reduced.metadata.iccProfile)}, orientation);
 }
 
 } // namespace tarsel

@@ -10,6 +10,8 @@
 #include "pixels/operations/Flip.h"
 #include "pixels/operations/Rotate.h"
 
+#include <utility>
+
 namespace tarsel {
 
 namespace {
@@ -101,7 +103,11 @@ void turnUpright(ImageBox& box, const QString& path) {
     const int orientation = hasMetadata ? exifOrientation(box.metadata()) : fileOrientation(path);
     if (orientation == uprightOrientation)
         return;
+    PixelSize full = box.FullSize();
+    if (exchangesSides(orientation))
+        std::swap(full.width, full.height);
     box.LoadFromMemory(uprightPicture(box.picture(), orientation), sharedPictureFormat);
+    box.setFullSize(full);
     if (hasMetadata)
         declareUpright(box);
 }

@@ -112,7 +112,8 @@ FittedPicture decodeForBox(const PictureFile& file, LoadMode mode, Size box) {
         return PixelSize{wanted.width, wanted.height};
     });
     raiseIfStopped();
-    return {converted(read.picture, read.iccProfile), {read.sourceSize.width, read.sourceSize.height}};
+    return {converted(read.picture, read.metadata.iccProfile),
+            {read.sourceSize.width, read.sourceSize.height}};
 }
 
 Loaded openFitted(const Request& request) {

@@ -7,18 +7,24 @@
 
 #include <QIODevice>
 #include <QPdfWriter>
+#include <optional>
 
 namespace tarsel {
 
 namespace {
 
-/// Passes on what Qt writes, which is in small pieces. After a failure the writer's commit fails.
+/// Passes on what Qt writes, which is in small pieces. Qt goes on after a failure, which the commit raises.
 class SafeFileDevice final : public QIODevice {
 public:
     explicit SafeFileDevice(const QString& path) : m_writer(path) { open(QIODevice::WriteOnly); }
 
     bool isSequential() const override { return true; }
+    void requireWritten() const {
+        if (m_failure)
+            throw *m_failure;
+    }
     void commit() {
+        requireWritten();
         flush();
         m_writer.commit();
     }
@@ -26,12 +32,15 @@ public:
 protected:
     qint64 readData(char*, qint64) override { return -1; }
     qint64 writeData(const char* data, qint64 size) override {
+        if (m_failure)
+            return -1;
         m_waiting.append(data, size);
         if (m_waiting.size() < pieceSize)
             return size;
         try {
             flush();
-        } catch (const TrappedError&) {
+        } catch (const TrappedError& error) {
+            m_failure = error;
             return -1;
         }
         return size;
@@ -47,6 +56,7 @@ private:
 
     SafeFileWriter m_writer;
     QByteArray m_waiting;
+    std::optional<TrappedError> m_failure;
 };
 
 } // namespace
@@ -69,6 +79,10 @@ PdfPages::~PdfPages() = default;
 
 QPagedPaintDevice& PdfPages::device() {
     return m_state->pages;
+}
+
+void PdfPages::requireWritten() const {
+    m_state->file.requireWritten();
 }
 
 void PdfPages::commit() {

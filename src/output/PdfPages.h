@@ -20,6 +20,8 @@ public:
     PdfPages& operator=(const PdfPages&) = delete;
 
     QPagedPaintDevice& device();
+    /// The error that writing has met, if any: the device itself only refuses.
+    void requireWritten() const;
     /// After PrintPages::finish.
     void commit();
 

@@ -27,7 +27,10 @@ PrintJob::~PrintJob() {
 }
 
 void PrintJob::add(const PrintPicture& picture) {
-    runOnThread([&] { m_pages->drawing.add(picture); });
+    runOnThread([&] {
+        m_pages->drawing.add(picture);
+        m_pages->document.requireWritten();
+    });
     m_isEmpty = false;
 }
 

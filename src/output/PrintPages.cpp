@@ -88,7 +88,8 @@ double dpiOf(const ImageBox& box) {
 } // namespace
 
 PrintPicture printPictureOf(const ImageBox& box, const QString& caption) {
-    return {box.picture(), visibleProfile(box.metadata()), {box.Width(), box.Height()}, dpiOf(box), caption};
+    const PixelSize full = box.FullSize();
+    return {box.picture(), visibleProfile(box.metadata()), {full.width, full.height}, dpiOf(box), caption};
 }
 
 PrintPicture reducedTo(const PrintPicture& picture, int side) {
@@ -100,6 +101,19 @@ PrintPicture reducedTo(const PrintPicture& picture, int side) {
     reduced.picture = inDisplayColors(reduced.picture, picture.iccProfile);
     reduced.iccProfile.clear();
     return reduced;
+}
+
+/// A picture in its true size rarely has more pixels than are drawn.
+PixelSize pixelsDrawn(const PrintLayout& layout, const std::vector<QRectF>& places, PixelSize pixels) {
+    if (layout.sizing == PrintLayout::TrueSize)
+        return pixels;
+    const PlacedPicture placed =
+        placedPicture(layout, places.front(), {pixels.width, pixels.height}, usualDpi);
+    const auto drawn = [](double length, int shown, int all) {
+        return int(std::min<double>(all, std::ceil(length * mostDotsPerMm) / shown * all + 1));
+    };
+    return {drawn(placed.place.width(), placed.crop.width(), pixels.width),
+            drawn(placed.place.height(), placed.crop.height(), pixels.height)};
 }
 
 void drawOnPage(QPainter& painter, double dotsPerMm, const PrintLayout& layout,

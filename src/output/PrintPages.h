@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "codecs/PictureHeader.h"
 #include "output/PrintLayout.h"
 #include "pixels/Picture.h"
 
@@ -29,6 +30,9 @@ PrintPicture printPictureOf(const ImageBox& box, const QString& caption);
 
 /// The picture in sRGB, with no more pixels on either side than that.
 PrintPicture reducedTo(const PrintPicture& picture, int side);
+
+/// How many pixels of a picture of that size are drawn in such places, when none of it is cropped.
+PixelSize pixelsDrawn(const PrintLayout& layout, const std::vector<QRectF>& places, PixelSize pixels);
 
 /// Draws a picture in its places of a page, as many as are given. The painter is in dots from the corner of
 /// the paper. No more pixels are drawn than dots, nor than 600 an inch.

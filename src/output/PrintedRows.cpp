@@ -73,13 +73,17 @@ QString captionOf(const PrintLayout& layout, const ListRow& row) {
 }
 
 std::vector<RowResult> PdfPrint::run(ImageBox& box, Progress& progress) const {
-    const RowRun rows{
+    RowRun rows{
         .rows = lvPages,
         .upright = true,
         .tasks = [this] { return modProcessTasks::rowsToReplay(lvPages, lvEditBatch, nullptr, true); },
         .stop = stop,
         .onRow = {},
         .goesOn = true};
+    if (rows.tasks().empty())
+        rows.drawn = [this, places = pagePlaces(layout, paperOf(sheetOf(layout)))](PixelSize pixels) {
+            return pixelsDrawn(layout, places, pixels);
+        };
     std::vector<RowResult> results;
     PrintedRows printed(*this);
     RowLoop loop(rows, printed, box, progress, results);

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QTest>
+#include <csignal>
 #include <cups/cups.h>
 
 namespace tarsel::test {
@@ -41,6 +42,7 @@ constexpr const char* files[][2] = {
 } // namespace
 
 PrintServer::~PrintServer() {
+    resume();
     m_server.terminate();
     m_server.waitForFinished();
 }
@@ -72,6 +74,21 @@ bool PrintServer::start() {
     cupsSetServer(socket.toUtf8().constData());
     return runAdmin({QStringLiteral("-p"), printer, QStringLiteral("-E"), QStringLiteral("-v"),
                      QStringLiteral("keep:/"), QStringLiteral("-P"), path("paper.ppd")});
+}
+
+int PrintServer::jobCount() {
+    cups_job_t* jobs = nullptr;
+    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, qPrintable(printer), 0, CUPS_WHICHJOBS_ALL);
+    cupsFreeJobs(std::max(count, 0), jobs);
+    return count;
+}
+
+void PrintServer::pause() const {
+    ::kill(pid_t(m_server.processId()), SIGSTOP);
+}
+
+void PrintServer::resume() const {
+    ::kill(pid_t(m_server.processId()), SIGCONT);
 }
 
 bool PrintServer::runAdmin(const QStringList& arguments) {

@@ -17,6 +17,9 @@ public:
     /// The server is that of this process then. False where CUPS is missing or can't run.
     bool start();
     void removePrinter() const { runAdmin({QStringLiteral("-x"), printer}); }
+    static int jobCount(); ///< of all that it ever had
+    void pause() const;    ///< it answers nothing from here on
+    void resume() const;
     bool hasPrinted() const { return QFileInfo::exists(printed()); }
     QString printed() const { return path("printed.pdf"); }
 

@@ -5,6 +5,7 @@
 #include "configuration/ConfigRecord.h"
 #include "tests/gui/PrintServer.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/PrintedPages.h"
 
 #include <QComboBox>
@@ -48,6 +49,30 @@ protected:
     QString document() const { return path("pages.pdf"); }
 };
 
+class PrintingByCups : public Printing {
+protected:
+    void SetUp() override {
+        if (!server.start())
+            GTEST_SKIP() << "needs cups-daemon, cups-client and cups-filters";
+        ConfigRecord.Print = {};
+        startWithBasket(2);
+    }
+    static void choosePrinter(QWidget& dialog) {
+        auto& printers = child<QComboBox>(dialog, "cboPrinter");
+        ASSERT_TRUE(waitFor([&] { return printers.findText(PrintServer::printer) >= 0; }));
+        printers.setCurrentText(PrintServer::printer);
+        ASSERT_TRUE(waitFor([&] { return child<QWidget>(dialog, "cmdPrinter").isEnabled(); }));
+        EXPECT_EQ(child<QComboBox>(dialog, "cboPaper").count(), 2) << "its usual paper, and A4";
+        child<QDoubleSpinBox>(dialog, "spnMarginDown").setValue(50);
+    }
+    /// Clicks when the script's step has ended, so that the next one can act on the dialog that comes up.
+    static void clickLater(QWidget& dialog, const char* button) {
+        QMetaObject::invokeMethod(&child<QAbstractButton>(dialog, button), "click", Qt::QueuedConnection);
+    }
+
+    PrintServer server;
+};
+
 } // namespace
 
 TEST_F(Printing, CancelPrintsNothingAndItsLayoutIsThatOfTheNextDialogAndOfTheNextRun) {
@@ -55,6 +80,7 @@ TEST_F(Printing, CancelPrintsNothingAndItsLayoutIsThatOfTheNextDialogAndOfTheNex
     start();
     click(window(), "cmdBatchPrint");
     EXPECT_TRUE(script.unexpected.isEmpty()) << "an empty basket opened a dialog";
+    EXPECT_EQ(panel("status"), "The basket is empty: nothing to print");
     makePictures(5);
     listFolder(pictures());
     addAll();
@@ -88,6 +114,8 @@ TEST_F(Printing, ARowThatCannotBeReadIsNamedAndTheOthersArePrinted) {
     ConfigRecord.Print = {};
     startWithBasket(4);
     writeFileSafely(basket().row(1).tag, QByteArray("no picture"));
+    const QByteArray intact = readWholeFile(basket().row(2).tag);
+    writeFileSafely(basket().row(2).tag, intact.left(intact.size() * 2 / 3));
     window().preview().ShowRow(basket(), 3);
     ASSERT_TRUE(waitFor([&] { return !window().preview().isBusy(); }));
     answerDialog("cmdPrint");
@@ -98,7 +126,8 @@ TEST_F(Printing, ARowThatCannotBeReadIsNamedAndTheOthersArePrinted) {
         box.close();
     });
     print("cmdBatchPrint");
-    EXPECT_TRUE(message.contains(QStringLiteral("photo02"))) << message.toStdString();
+    EXPECT_TRUE(message.contains(QStringLiteral("photo02: left out"))) << message.toStdString();
+    EXPECT_TRUE(message.contains(QStringLiteral("photo03: printed in part"))) << message.toStdString();
     EXPECT_EQ(pageCountOf(document()), 3);
     EXPECT_TRUE(child<QWidget>(window(), "cmdBatchPrint").isEnabled());
 
@@ -127,18 +156,7 @@ TEST_F(Printing, CancelOfTheRunLeavesNoDocument) {
     EXPECT_EQ(panel("status"), "Nothing was printed");
 }
 
-TEST_F(Printing, ThePagesArriveAtAPrinterOfCupsInTheirSizeAndOneThatIsGoneIsAnError) {
-    PrintServer server;
-    if (!server.start())
-        GTEST_SKIP() << "needs cups-daemon, cups-client and cups-filters";
-    ConfigRecord.Print = {};
-    startWithBasket(2);
-    const auto choosePrinter = [](QWidget& dialog) {
-        auto& printers = child<QComboBox>(dialog, "cboPrinter");
-        printers.setCurrentIndex(printers.findText(PrintServer::printer));
-        ASSERT_EQ(printers.currentText(), PrintServer::printer);
-        child<QDoubleSpinBox>(dialog, "spnMarginDown").setValue(50);
-    };
+TEST_F(PrintingByCups, ThePagesArriveInTheirSizeAndThoseForAPrinterThatIsGoneAreSaved) {
     answerDialog("cmdPrint", choosePrinter);
     print("cmdBatchPrint");
     ASSERT_TRUE(waitFor([&] { return server.hasPrinted(); }));
@@ -151,14 +169,73 @@ TEST_F(Printing, ThePagesArriveAtAPrinterOfCupsInTheirSizeAndOneThatIsGoneIsAnEr
         choosePrinter(dialog);
         server.removePrinter();
     });
+    QString message;
+    script.on("messageBox", [&](QWidget& box) {
+        message = dynamic_cast<QMessageBox&>(box).text();
+        dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click();
+    });
+    answerFileDialog(document());
+    print("cmdBatchPrint");
+    EXPECT_TRUE(message.contains(PrintServer::printer)) << message.toStdString();
+    EXPECT_EQ(pageCountOf(document()), 2);
+    EXPECT_EQ(ConfigRecord.Print.PrintSetting5, 50);
+}
+
+TEST_F(Printing, AFullDiskIsReportedAndTheNextPrintHasTheSameLayout) {
+    reportFileSizeLimitAsError();
+    ConfigRecord.Print = {};
+    startWithBasket(3);
+    answerDialog("cmdPrint", [](QWidget& dialog) { child<QDoubleSpinBox>(dialog, "spnScale").setValue(50); });
+    answerFileDialog(document());
     QString report;
     script.on("frmErrorReport", [&](QWidget& dialog) {
         report = child<QPlainTextEdit>(dialog, "lblSystemError").toPlainText();
         click(dialog, "cmdCancel");
     });
+    {
+        const FileSizeLimit full(500);
+        print("cmdBatchPrint");
+    }
+    EXPECT_TRUE(report.startsWith(QStringLiteral("Disk full"))) << report.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(document()));
+    answerDialog("cmdPrint");
+    answerFileDialog(document());
     print("cmdBatchPrint");
-    EXPECT_TRUE(report.contains(PrintServer::printer)) << report.toStdString();
+    EXPECT_EQ(pageCountOf(document()), 3);
+    EXPECT_EQ(ConfigRecord.Print.PrintSetting7, 50);
+}
+
+TEST_F(PrintingByCups, WhatTheDialogOfTheSystemSaysCountsWhenItIsAcceptedAndCancelAfterItPrintsNothing) {
+    for (const bool accepts : {false, true}) {
+        script.on("frmPrint", [](QWidget& dialog) {
+            choosePrinter(dialog);
+            clickLater(dialog, "cmdPrinter");
+        });
+        script.on("QPrintDialog", [accepts](QWidget& dialog) {
+            child<QRadioButton>(dialog, "landscape").click();
+            accepts ? dynamic_cast<QDialog&>(dialog).accept() : dynamic_cast<QDialog&>(dialog).reject();
+        });
+        script.on("frmPrint", [](QWidget& dialog) { clickLater(dialog, "cmdCancel"); });
+        print("cmdBatchPrint");
+        EXPECT_EQ(ConfigRecord.Print.PrintSetting9, accepts ? -1 : 0);
+    }
     EXPECT_EQ(ConfigRecord.Print.PrintSetting5, 50);
+    EXPECT_EQ(PrintServer::jobCount(), 0);
+}
+
+TEST_F(PrintingByCups, AServerThatDoesNotAnswerHoldsUpNoDialog) {
+    server.pause();
+    answerDialog("cmdPrint", [](QWidget& dialog) {
+        auto& printers = child<QComboBox>(dialog, "cboPrinter");
+        EXPECT_EQ(printers.count(), 2);
+        printers.setCurrentIndex(0);
+        EXPECT_FALSE(child<QWidget>(dialog, "cmdPrint").isEnabled());
+        printers.setCurrentIndex(1);
+    });
+    answerFileDialog(document());
+    print("cmdBatchPrint");
+    EXPECT_EQ(pageCountOf(document()), 2);
+    server.resume();
 }
 
 } // namespace tarsel::test

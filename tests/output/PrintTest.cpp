@@ -4,6 +4,7 @@
 #include "tests/output/TestBasket.h"
 #include "tests/support/PrintedPages.h"
 
+#include <QColorSpace>
 #include <QFile>
 #include <QImage>
 #include <QPageSize>
@@ -22,10 +23,12 @@ class CancelAfterTwo final : public Progress {
 
 class Print : public testing::Test, public TestBasket {
 protected:
-    /// A row with a picture of 100 pixels an inch, left half red, right half blue.
+    /// A row with a picture of 100 pixels an inch, left half green, right half blue, in the colours of a wide
+    /// profile.
     void addHalves(const QString& name, QSize size) {
         QImage image(size, QImage::Format_RGB32);
-        image.fill(Qt::red);
+        image.fill(QColor(100, 200, 100));
+        image.setColorSpace(QColorSpace::AdobeRgb);
         for (int y = 0; y < size.height(); ++y)
             for (int x = size.width() / 2; x < size.width(); ++x)
                 image.setPixelColor(x, y, Qt::blue);
@@ -57,15 +60,16 @@ TEST_F(Print, PagesMeasureWhatTheLayoutSaysOnEachPaperAndAtEachScale) {
         QRectF place;
     } cases[] = {
         {wide, QPageSize::A4, false, Fit, 100, Center, {10, 85.2, 190, 126.7}},
-        {wide, QPageSize::A4, false, Fit, 50, Bottom, {57.5, 223.7, 95, 63.3}},
-        {wide, QPageSize::A5, true, Fit, 50, Center, {57.5, 42.3, 95, 63.3}},
-        {high, QPageSize::Letter, false, Fit, 100, TopLeft, {10, 10, 172.9, 259.4}},
-        {high, QPageSize::Letter, false, Fit, 137, Center, {10, 10, 195.9, 259.4}},
-        {high, QPageSize::Letter, true, Fill, 50, Center, {74.9, 59, 129.7, 98}},
-        {high, QPageSize::A4, false, TrueSize, 100, BottomRight, {149.2, 210.8, 50.8, 76.2}},
+        {wide, QPageSize::A4, false, Fit, 50, Bottom, {57.5, 213.7, 95, 63.3}},
+        {wide, QPageSize::A5, true, Fit, 50, Center, {64.5, 47, 81, 54}},
+        {high, QPageSize::Letter, false, Fit, 100, TopLeft, {10, 20, 159.6, 239.4}},
+        {high, QPageSize::Letter, false, Fit, 137, Center, {10, 20, 195.9, 239.4}},
+        {wide, QPageSize::Letter, false, Fill, 50, Center, {59, 79.9, 98, 119.7}},
+        {high, QPageSize::A4, false, TrueSize, 100, BottomRight, {149.2, 200.8, 50.8, 76.2}},
         {high, QPageSize::A5, false, TrueSize, 137, Right, {68.4, 52.8, 69.6, 104.4}},
     };
-    layout.marginAcross = layout.marginDown = 10;
+    layout.marginAcross = 10;
+    layout.marginDown = 20;
     for (const auto& each : cases) {
         pages.clear();
         addHalves(text("halves.png"), each.pixels);
@@ -82,8 +86,31 @@ TEST_F(Print, PagesMeasureWhatTheLayoutSaysOnEachPaperAndAtEachScale) {
             return page.pixelColor(
                 (QPointF(area.x() + part * area.width(), area.center().y()) * dotsPerMm).toPoint());
         };
-        EXPECT_GT(colorAt(0.4).red(), 200) << "the middle of the picture is in the middle";
+        EXPECT_GT(colorAt(0.4).green(), 190) << "the middle of the picture is in the middle";
+        EXPECT_LT(colorAt(0.4).red(), 50) << "by its profile";
         EXPECT_GT(colorAt(0.6).blue(), 200);
+    }
+}
+
+TEST_F(Print, ALargeJpegIsDecodedSmallAndLooksOnItsPageLikeOneDecodedInFull) {
+    layout.perPage = 24;
+    for (const int sizing : {PrintLayout::Fit, PrintLayout::Fill}) {
+        layout.sizing = sizing;
+        QImage printed[2];
+        for (const bool isJpeg : {false, true}) {
+            pages.clear();
+            addPicture(isJpeg ? "a.jpg" : "a.png", 2400, 1600,
+                       [](ImageBox& maker) { maker.ExifSet(text("Orientation"), text("6")); });
+            ASSERT_EQ(printedStates(), "written");
+            EXPECT_EQ(box.FullSize(), (PixelSize{1600, 2400}));
+            EXPECT_EQ(box.Width() < 1600, isJpeg);
+            const QByteArray images = outputOf("pdfimages", {text("-list"), document()});
+            EXPECT_EQ(images.count(" 600 "), 1) << "pixels an inch, across and down: " << images.constData();
+            printed[isJpeg] = pageOf(document(), 1);
+        }
+        EXPECT_TRUE(isNear(inkedArea(printed[0]), inkedArea(printed[1])));
+        const QPoint inside = (inkedArea(printed[0]).center() * dotsPerMm).toPoint();
+        EXPECT_NEAR(qGray(printed[0].pixel(inside)), qGray(printed[1].pixel(inside)), 3);
     }
 }
 
@@ -103,14 +130,15 @@ TEST_F(Print, FortyRowsShareTheirPagesAndAnUnreadableOneLeavesNoGap) {
     EXPECT_TRUE(outputOf("pdftotext", {document(), text("-")}).contains("p39.png"));
     const QRectF last = inkedArea(pageOf(document(), 7)); // of three pictures, in two columns
     EXPECT_NEAR(last.width(), 210, 1) << shown(last);
-    EXPECT_NEAR(last.bottom(), 2 * 297.0 / 3, 20) << shown(last);
+    EXPECT_NEAR(last.bottom(), 184.5, 2) << "with the caption below the picture: " << shown(last);
 
     layout.repeats = true;
     const QString one = pages.row(0).tag;
     pages.clear();
     addRow(one, text("one"));
+    addRow(one, text("again"));
     printedStates();
-    EXPECT_EQ(pageCountOf(document()), 1);
+    EXPECT_EQ(pageCountOf(document()), 2);
     EXPECT_GT(inkedArea(pageOf(document(), 1)).height(), 250);
 }
 

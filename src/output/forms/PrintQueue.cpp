@@ -64,6 +64,8 @@ PrintRequest printRequestOf(QPrinter& printer) {
     add("sides", sidesOf(printer));
     add("copies", QByteArray::number(printer.copyCount()));
     add("Collate", printer.collateCopies() ? "true" : "false");
+    if (printer.pageOrder() == QPrinter::LastPageFirst)
+        add("outputorder", "reverse");
     if (printer.colorMode() == QPrinter::GrayScale)
         add("print-color-mode", "monochrome");
     const QStringList advanced = advancedOptions(printer);
@@ -78,9 +80,10 @@ void sendToPrinter(const PrintRequest& request, const QString& document, const Q
                                    QFile::encodeName(document).constData(), title.toUtf8().constData(),
                                    options.count(), options.all());
     if (job == 0)
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("PrintQueue", "%1 did not take the pages: %2")
-                 .arg(request.printer, QString::fromUtf8(cupsLastErrorString())));
+        throw TrappedError{
+            ErrorNumber::InvalidCall,
+            QCoreApplication::translate("PrintQueue", "The printer %1 did not take the pages: %2")
+                .arg(request.printer, QString::fromUtf8(cupsLastErrorString()))};
 }
 
 } // namespace tarsel

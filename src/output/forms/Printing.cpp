@@ -3,7 +3,9 @@
 
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
+#include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
+#include "base/SafeFileWriter.h"
 #include "base/SaveFileDialog.h"
 #include "base/ScratchFolder.h"
 #include "base/Stop.h"
@@ -11,7 +13,6 @@
 #include "collections/LoadSource.h"
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
-#include "imaging/Upright.h"
 #include "output/PrintJob.h"
 #include "output/PrintedRows.h"
 #include "output/forms/PrintQueue.h"
@@ -40,9 +41,9 @@ namespace {
 /// As the preview shows it.
 PrintPicture loadRow(const QString& path, bool upright, const std::vector<TaskRow>& tasks) {
     ImageBox box;
-    if (!loadSource(box, path, currentStop()))
+    const DrawnSize drawn = tasks.empty() ? frmPrint::drawnSize : DrawnSize();
+    if (!loadPrepared(box, path, upright, currentStop(), drawn))
         fail(ErrorNumber::UnreadableFile, path);
-    prepareForTasks(box, path, upright);
     ignoringErrors([&] { replayRows(box, tasks, currentStop()); });
     return printPictureOf(box, {});
 }
@@ -132,15 +133,15 @@ void Printing::cmdBatchPrint() {
     std::ignore = trap("FrmMain.cmdBatchPrint_Click", [this] {
         TrappingString = QStringLiteral("Starting batch printing");
         if (m_parts.lvPages.isEmpty())
-            return;
+            return progressed(tr("The basket is empty: nothing to print"));
         const std::optional<Order> order = ask(rowSubject(), m_parts.lvPages.row(0).text);
         if (!order)
             return;
-        QStringList unread;
+        QStringList remarks;
         print(*order,
-              [&](PrintJob& job, Progress& progress) { unread = printRows(job, progress, order->layout); });
-        if (!unread.isEmpty())
-            reportUnread(unread);
+              [&](PrintJob& job, Progress& progress) { remarks = printRows(job, progress, order->layout); });
+        if (!remarks.isEmpty())
+            reportIncomplete(remarks);
     });
 }
 
@@ -159,31 +160,51 @@ void Printing::print(const Order& order, const std::function<void(PrintJob&, Pro
     if (CancelRequested.exchange(false) || job.isEmpty()) {
         Q_EMIT progressed(tr("Nothing was printed"));
     } else {
+        std::optional<TrappedError> refusal;
         job.finish([&] {
             if (order.request)
-                sendToPrinter(*order.request, path, order.title);
+                refusal = failureOf([&] { sendToPrinter(*order.request, path, order.title); });
         });
+        status.finish();
+        if (refusal)
+            return saveInstead(path, order.title, refusal->description);
         Q_EMIT progressed(isFile ? tr("Saved %1").arg(path) : tr("Sent to %1").arg(order.request->printer));
     }
     status.finish();
 }
 
-/// Returns the names of the rows without a picture.
+/// The pages that a printer did not take.
+void Printing::saveInstead(const QString& pages, const QString& title, const QString& reason) {
+    Q_EMIT progressed(tr("Nothing was printed"));
+    const QString question = tr("%1\nDo you want to save the pages as a PDF document?").arg(reason);
+    if (service<Dialogs>().messageBox(question, MessageIcon::Exclamation, MessageButtons::YesNo,
+                                      ApplicationName) != MessageAnswer::Yes)
+        return;
+    if (const std::optional<QString> file = askForFile(title)) {
+        writeFileSafely(*file, readWholeFile(pages));
+        Q_EMIT progressed(tr("Saved %1").arg(*file));
+    }
+}
+
+/// Returns a line for each row whose picture is missing or not complete.
 QStringList Printing::printRows(PrintJob& job, Progress& progress, const PrintLayout& layout) {
     const ListView& rows = m_parts.lvPages;
-    QStringList unread;
+    QStringList remarks;
     progress.start(rows.count());
     for (int row = 0; row < rows.count() && !CancelRequested; ++row) {
         const QString name = rows.row(row).text;
         progress.setSubject(QStringLiteral("Printing.. ") + name);
         const bool isShown = showRow(row);
+        const QString damage = m_parts.ibMain.LoadDamage();
         if (isShown)
             job.add(printPictureOf(m_parts.ibMain, captionOf(layout, rows.row(row))));
-        else if (!CancelRequested)
-            unread << name;
+        if (isShown && !damage.isEmpty())
+            remarks << tr("%1: printed in part, %2").arg(name, damage);
+        else if (!isShown && !CancelRequested)
+            remarks << tr("%1: left out, it can't be read").arg(name);
         progress.setValue(row + 1);
     }
-    return unread;
+    return remarks;
 }
 
 /// The user may show other pictures meanwhile: then the row is shown again. False when it has no picture.
@@ -201,9 +222,13 @@ bool Printing::showRow(int row) {
     return m_parts.ibMain.HasImage() && !CancelRequested;
 }
 
-void Printing::reportUnread(const QStringList& names) {
+void Printing::reportIncomplete(const QStringList& remarks) {
+    constexpr qsizetype mostShown = 10; // which any screen has room for
+    QStringList shown = remarks.mid(0, mostShown);
+    if (remarks.size() > mostShown)
+        shown << tr("and %1 more").arg(remarks.size() - mostShown);
     service<Dialogs>().messageBox(
-        tr("These pictures could not be read and were left out:\n%1").arg(names.join(QLatin1Char('\n'))),
+        tr("Not all pictures were printed in full:\n%1").arg(shown.join(QLatin1Char('\n'))),
         MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
 }
 

@@ -50,9 +50,10 @@ private:
     PrintSubject rowSubject() const;
     PrintSubject shownSubject() const;
     void print(const Order& order, const std::function<void(PrintJob&, Progress&)>& draw);
+    void saveInstead(const QString& pages, const QString& title, const QString& reason);
     QStringList printRows(PrintJob& job, Progress& progress, const PrintLayout& layout);
     bool showRow(int row);
-    static void reportUnread(const QStringList& names);
+    static void reportIncomplete(const QStringList& remarks);
 
     Parts m_parts;
     QWidget* m_owner;

@@ -4,16 +4,19 @@
 #include "base/IgnoringErrors.h"
 #include "base/Stop.h"
 #include "controls/FormScrollArea.h"
+#include "controls/WheelToPanel.h"
 #include "output/forms/PagePreview.h"
+#include "output/forms/Printers.h"
 #include "output/forms/ui_frmPrint.h"
 
 #include <QAbstractSpinBox>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QPageSize>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QPrinterInfo>
 #include <QShowEvent>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <utility>
 
@@ -55,11 +58,12 @@ frmPrint::frmPrint(PrintLayout& layout, PrintSubject subject, QWidget* owner) :
         }
     }) {
     m_ui->setupUi(this);
+    letWheelScroll(*m_ui->options);
     fillBoxes();
-    listPrinters();
     showLayout();
     connectControls();
     choosePrinter();
+    m_printerQuestion.ask([this] { return [this, found = findPrinters()] { listPrinters(found); }; });
     m_ui->cmdPrint->setFocus();
 }
 
@@ -75,24 +79,49 @@ void frmPrint::keyPressEvent(QKeyEvent* event) {
 // --- the controls
 
 void frmPrint::fillBoxes() {
-    m_ui->cboPaper->addItem({}, PrintLayout::printersPaper);
-    for (const QPageSize::PageSizeId paper : usualPapers)
-        m_ui->cboPaper->addItem(QPageSize::name(paper), int(paper));
+    listPapers();
+    QSizePolicy ofState = m_ui->lblPrinterState->sizePolicy();
+    ofState.setRetainSizeWhenHidden(true); // what follows stays in its place
+    m_ui->lblPrinterState->setSizePolicy(ofState);
+    m_ui->cboPrinter->addItem(tr("Looking for printers..."));
+    m_ui->cboPrinter->addItem(tr("PDF document"), QString());
     m_ui->chkRepeat->setVisible(m_subject.count > 1);
 }
 
-void frmPrint::listPrinters() {
-    const QStringList printers = QPrinterInfo::availablePrinterNames();
-    for (const QString& printer : printers)
-        m_ui->cboPrinter->addItem(printer, printer);
-    m_ui->cboPrinter->addItem(tr("PDF document"), QString());
-    m_ui->lblNoPrinter->setVisible(printers.isEmpty());
-    if (printers.isEmpty())
-        return;
-    m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    m_printer->setFullPage(true);
-    const int usual = int(printers.indexOf(QPrinterInfo::defaultPrinterName()));
-    m_ui->cboPrinter->setCurrentIndex(std::max(usual, 0));
+/// Those that the printer has; its usual one stands for one that it lacks.
+void frmPrint::listPapers() {
+    const OpenPrinter* const opened = openedPrinter();
+    const int wanted = m_ui->cboPaper->count() > 0 ? m_ui->cboPaper->currentData().toInt() : m_layout.paper;
+    const QSignalBlocker blocker(m_ui->cboPaper);
+    m_ui->cboPaper->clear();
+    m_ui->cboPaper->addItem({}, PrintLayout::printersPaper);
+    const auto add = [this](QPageSize::PageSizeId paper) {
+        if (paper != QPageSize::Custom && m_ui->cboPaper->findData(int(paper)) < 0)
+            m_ui->cboPaper->addItem(QPageSize::name(paper), int(paper));
+    };
+    if (opened && !opened->papers.isEmpty())
+        for (const QPageSize& paper : opened->papers)
+            add(paper.id());
+    else
+        std::ranges::for_each(usualPapers, add);
+    const bool hasAny = !opened || opened->papers.isEmpty();
+    if (hasAny || m_ui->cboPaper->findData(wanted) >= 0)
+        selectPaper(wanted);
+}
+
+/// They take the place of the first entry. The user may have chosen the PDF document meanwhile.
+void frmPrint::listPrinters(const FoundPrinters& found) {
+    QComboBox& printers = *m_ui->cboPrinter;
+    {
+        const QSignalBlocker blocker(&printers);
+        const bool hasChosen = printers.currentIndex() > 0;
+        printers.removeItem(0);
+        for (const QString& name : found.names)
+            printers.insertItem(printers.count() - 1, name, name);
+        if (!hasChosen)
+            printers.setCurrentIndex(std::max(int(found.names.indexOf(found.usual)), 0));
+    }
+    choosePrinter();
 }
 
 void frmPrint::showLayout() {
@@ -161,35 +190,90 @@ void frmPrint::done(int result) {
 
 // --- the printer
 
+/// Empty for the PDF document, and while printers are looked for.
+QString frmPrint::chosenPrinter() const {
+    return m_ui->cboPrinter->currentData().toString();
+}
+
+OpenPrinter* frmPrint::openedPrinter() const {
+    const auto found = m_printers.find(chosenPrinter());
+    return found != m_printers.end() && found->second->isThere ? found->second.get() : nullptr;
+}
+
 QPrinter* frmPrint::printer() const {
-    return m_ui->cboPrinter->currentData().toString().isEmpty() ? nullptr : m_printer.get();
+    OpenPrinter* const opened = openedPrinter();
+    return opened ? &opened->printer : nullptr;
 }
 
 void frmPrint::choosePrinter() {
-    if (QPrinter* chosen = printer()) {
-        chosen->setPrinterName(m_ui->cboPrinter->currentData().toString());
-        m_usualPaper = QPrinterInfo(*chosen).defaultPageSize();
+    const QString name = chosenPrinter();
+    if (!name.isEmpty() && !openedPrinter()) {
+        m_printers.erase(name);
+        m_printerQuestion.ask([this, name] {
+            return [this, name, opened = openPrinter(name)] {
+                m_printers[name] = opened;
+                showPrinter();
+            };
+        });
     }
+    showPrinter();
+}
+
+void frmPrint::showPrinter() {
+    const bool isReady =
+        m_ui->cboPrinter->currentData().isValid() && (chosenPrinter().isEmpty() || printer());
+    m_ui->cmdPrint->setEnabled(isReady);
     m_ui->cmdPrinter->setEnabled(printer());
+    listPapers();
+    const QString state = printerState();
+    if (!state.isEmpty())
+        m_ui->lblPrinterState->setText(state);
+    m_ui->lblPrinterState->setVisible(!state.isEmpty());
     showPage();
+}
+
+QString frmPrint::printerState() const {
+    if (m_ui->cboPrinter->count() == 1)
+        return tr("No printer was found.");
+    if (chosenPrinter().isEmpty() || printer())
+        return {};
+    return m_printers.contains(chosenPrinter()) ? tr("The printer is gone.") : tr("Asking the printer...");
 }
 
 /// The system's dialog sets paper, orientation, copies and what the printer can do.
 void frmPrint::cmdPrinter_Click() {
     (void)sheet(); // which the dialog starts from
-    QPrintDialog dialog(m_printer.get(), this);
+    const std::shared_ptr<OpenPrinter> opened = m_printers[chosenPrinter()];
+    QPrintDialog dialog(&opened->printer, this);
+    dialog.setObjectName(QStringLiteral("QPrintDialog"));
     dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);
+    if (const auto* buttons = dialog.findChild<QDialogButtonBox*>())
+        if (QPushButton* accept = buttons->button(QDialogButtonBox::Ok))
+            accept->setText(tr("OK")); // nothing is printed yet
     if (dialog.exec() == QDialog::Accepted)
-        takePaperOf(*m_printer);
+        takeSetUp(opened);
 }
 
-void frmPrint::takePaperOf(const QPrinter& printer) {
-    const QPageLayout sheet = printer.pageLayout();
-    const int chosen = m_ui->cboPrinter->findData(printer.printerName());
+/// The user may have changed to another printer there, which is open then.
+void frmPrint::takeSetUp(const std::shared_ptr<OpenPrinter>& opened) {
+    const QString name = opened->printer.printerName();
+    if (name != chosenPrinter()) {
+        m_printers.erase(chosenPrinter());
+        const QPrinterInfo info(opened->printer);
+        opened->usualPaper = info.defaultPageSize();
+        opened->papers = info.supportedPageSizes();
+        m_printers[name] = opened;
+    }
+    takePaperOf(*opened);
+}
+
+void frmPrint::takePaperOf(const OpenPrinter& opened) {
+    const QPageLayout sheet = opened.printer.pageLayout();
+    const int chosen = m_ui->cboPrinter->findData(opened.printer.printerName());
     if (chosen >= 0)
         m_ui->cboPrinter->setCurrentIndex(chosen);
     const bool isNamed =
-        sheet.pageSize().id() != QPageSize::Custom && !sheet.pageSize().isEquivalentTo(m_usualPaper);
+        sheet.pageSize().id() != QPageSize::Custom && !sheet.pageSize().isEquivalentTo(opened.usualPaper);
     selectPaper(isNamed ? int(sheet.pageSize().id()) : PrintLayout::printersPaper);
     check(*m_ui->optOrientation, sheet.orientation() == QPageLayout::Landscape ? 1 : 0);
     showPage();
@@ -204,16 +288,22 @@ void frmPrint::selectPaper(int paper) {
 
 QPageLayout frmPrint::sheet() const {
     const PrintLayout layout = shown();
-    QPrinter* const chosen = printer();
+    OpenPrinter* const chosen = openedPrinter();
     if (!chosen)
         return sheetOf(layout);
-    chosen->setPageSize(layout.paper == PrintLayout::printersPaper ? m_usualPaper
-                                                                   : sheetOf(layout).pageSize());
-    chosen->setPageOrientation(sheetOf(layout).orientation());
-    return chosen->pageLayout();
+    chosen->printer.setPageSize(layout.paper == PrintLayout::printersPaper ? chosen->usualPaper
+                                                                           : sheetOf(layout).pageSize());
+    chosen->printer.setPageOrientation(sheetOf(layout).orientation());
+    return chosen->printer.pageLayout();
 }
 
 // --- the page
+
+PixelSize frmPrint::drawnSize(PixelSize pixels) {
+    const QSize fitted =
+        QSize(pixels.width, pixels.height).scaled(previewSide, previewSide, Qt::KeepAspectRatio);
+    return {fitted.width() + 1, fitted.height() + 1};
+}
 
 PrintLayout frmPrint::pageLayout() const {
     PrintLayout layout = shown();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "collections/FileQuestion.h"
 #include "collections/NewestWork.h"
 #include "output/PrintPages.h"
 
@@ -18,6 +19,8 @@ namespace tarsel {
 namespace Ui {
 class frmPrint;
 }
+struct FoundPrinters;
+struct OpenPrinter;
 
 /// The pictures that a print dialog is about.
 struct PrintSubject {
@@ -36,9 +39,11 @@ public:
     frmPrint(const frmPrint&) = delete;
     frmPrint& operator=(const frmPrint&) = delete;
 
-    /// The printer as it was set up; null when a PDF document is wanted.
+    /// The printer as it was set up; null when a PDF document is wanted, and before the printer answers.
     QPrinter* printer() const;
     QPageLayout sheet() const;
+    /// How large the dialog needs a picture that is only drawn.
+    static PixelSize drawnSize(PixelSize pixels);
     /// The layout by which the pages are to be drawn.
     PrintLayout pageLayout() const;
 
@@ -50,13 +55,19 @@ protected:
 
 private:
     void fillBoxes();
-    void listPrinters();
+    void listPapers();
+    void listPrinters(const FoundPrinters& found);
     void showLayout();
     PrintLayout shown() const;
     void connectControls();
     void choosePrinter();
+    void showPrinter();
+    QString chosenPrinter() const;
+    OpenPrinter* openedPrinter() const; ///< null like printer()
+    QString printerState() const;
     void cmdPrinter_Click();
-    void takePaperOf(const QPrinter& printer);
+    void takeSetUp(const std::shared_ptr<OpenPrinter>& opened);
+    void takePaperOf(const OpenPrinter& opened);
     void selectPaper(int paper);
     void showPage();
     std::vector<int> indexesOnPage() const;
@@ -66,10 +77,10 @@ private:
     PrintLayout& m_layout;
     const PrintSubject m_subject;
     std::unique_ptr<Ui::frmPrint> m_ui;
-    std::unique_ptr<QPrinter> m_printer;    ///< none without any printer
-    QPageSize m_usualPaper;                 ///< of the printer
+    std::map<QString, std::shared_ptr<OpenPrinter>> m_printers; ///< those that were asked, by name
     std::map<int, PrintPicture> m_pictures; ///< reduced, by index; null ones can't be read
     std::vector<int> m_wanted;              ///< indexes that are being loaded
+    FileQuestion m_printerQuestion;
     NewestWork<std::vector<int>> m_loading; // last, so that it ends first
 };
 
