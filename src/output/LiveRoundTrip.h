@@ -23,6 +23,8 @@ public:
     /// the next one isn't made before.
     void pictureSeen();
 
+    /// How many were begun so far: those that the next change replaced while they waited never were.
+    int begun() const { return int(m_lastNumber); }
     bool isBusy() const { return m_pending.has_value(); }
     /// The file with the settings wanted last; null while it is being made, and after a failure.
     const RoundTripResult* result() const { return m_result ? &*m_result : nullptr; }

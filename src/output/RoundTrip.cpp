@@ -87,6 +87,25 @@ std::size_t RoundTripResult::memory() const {
            std::size_t(decoded.width()) * std::size_t(decoded.height()) * std::size_t(decoded.channels());
 }
 
+namespace {
+
+bool isSeen(ConstPixelView view, int x, int y) {
+    return view.channels == 3 || view.pixel(x, y)[3] > 0;
+}
+
+qint64 madeTransparent(const Picture& source, const Picture& decoded) {
+    qint64 count = 0;
+    if (!decoded.hasAlpha() || decoded.width() != source.width() || decoded.height() != source.height())
+        return count;
+    const ConstPixelView before = source.view(), after = decoded.view();
+    for (int y = 0; y < after.height; ++y)
+        for (int x = 0; x < after.width; ++x)
+            count += isSeen(before, x, y) && !isSeen(after, x, y);
+    return count;
+}
+
+} // namespace
+
 RoundTripResult roundTrip(const RoundTripSource& source, const RoundTripSettings& settings) {
     QElapsedTimer timer;
     timer.start();
@@ -106,6 +125,7 @@ RoundTripResult roundTrip(const RoundTripSource& source, const RoundTripSettings
     if (file.isRecognised() && file.usualExtension() == extension) {
         DecodedPicture decoded = file.decode(1, currentStop());
         result.decoded = std::move(decoded.picture);
+        result.madeTransparent = madeTransparent(source.picture, result.decoded);
         result.iccProfile = std::move(decoded.metadata.iccProfile);
     }
     return result;

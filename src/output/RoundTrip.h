@@ -46,7 +46,8 @@ struct RoundTripResult {
     Picture decoded;       ///< null for a format that isn't read
     QByteArray iccProfile; ///< of the decoded pixels
     qint64 milliseconds = 0;
-    double jpegQuality = 0; ///< which a budget may have made lower than that of the settings
+    qint64 madeTransparent = 0; ///< pixels of the source that are transparent in the file
+    double jpegQuality = 0;     ///< which a budget may have made lower than that of the settings
     std::optional<operations::Similarity> similarity = {}; ///< to the source; measured later
 
     std::size_t memory() const;

@@ -39,9 +39,14 @@ QString likeness(const operations::Similarity& similarity) {
 QString aboutPicture(const RoundTripResult& result, const RoundTripSource& source) {
     const Picture& decoded = result.decoded;
     if (decoded.isNull())
-        return Facts::tr("This format can't be read back: the picture on the right isn't of the file.");
+        return Facts::tr("This format isn't read back: the original is shown.");
     if (decoded.width() < source.picture.width())
         return Facts::tr("Reduced to %1 x %2 pixels").arg(decoded.width()).arg(decoded.height());
+    if (result.madeTransparent > 0) {
+        const double pixels = double(decoded.width()) * decoded.height();
+        const QString percent = QLocale().toString(100 * double(result.madeTransparent) / pixels, 'f', 1);
+        return Facts::tr("%1 % of the pixels became transparent").arg(percent);
+    }
     return result.similarity ? likeness(*result.similarity) : QString();
 }
 

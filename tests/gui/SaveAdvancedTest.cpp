@@ -7,9 +7,11 @@
 #include "output/BackgroundSave.h"
 #include "output/forms/frmSaveAdvanced.h"
 #include "tests/gui/DialogScript.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/TestPictures.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -101,6 +103,7 @@ TEST_F(SaveAdvancedDialog, SavesTheFileOfWhichItShowsTheSizeInEachFormat) {
         ASSERT_TRUE(settle());
         const QString file = save(format.name);
         EXPECT_EQ(desktop.fileDialogs.back().filter, QLatin1String(format.filter));
+        EXPECT_FALSE(desktop.fileDialogs.back().asksToReplace);
         const qint64 bytes = QFileInfo(file).size();
         EXPECT_LE(std::abs(std::stoi(label("lblSize")) * 1024 - bytes), 512);
         EXPECT_EQ(details().find(QLocale().toString(bytes).toStdString() + " bytes"), 0U);
@@ -126,6 +129,11 @@ TEST_F(SaveAdvancedDialog, KeepsOptionsAndSizeHoweverItIsLeft) {
     QTest::keyClick(&quality, Qt::Key_Tab);
     EXPECT_EQ(quality.text(), QStringLiteral("100"));
     EXPECT_EQ(control<QSlider>("sldJPGQuality").value(), 100);
+    for (const auto& [pasted, value] : {std::pair{"85 %", 85}, {"", 85}}) {
+        quality.setText(QLatin1String(pasted));
+        Q_EMIT quality.editingFinished();
+        EXPECT_EQ(control<QSlider>("sldJPGQuality").value(), value) << pasted;
+    }
     control<QSlider>("sldJPGQuality").setValue(61);
     EXPECT_EQ(control<QLineEdit>("txtJPGQualityD").text(), QStringLiteral("61"));
     control<QRadioButton>("optJPGEncoding_1").click();
@@ -159,6 +167,7 @@ TEST_F(SaveAdvancedDialog, TakesTheTransparentColorFromEitherPicture) {
         EXPECT_FALSE(pick.isChecked());
         ASSERT_TRUE(settle());
     }
+    EXPECT_NE(details().find("% of the pixels became transparent"), std::string::npos) << details();
     EXPECT_EQ(alphaAt(PictureFile(save("see-through")).decode().picture, 5, 5), 0);
     EXPECT_EQ(settings.GifTransparentColor, colorOf(red));
 }
@@ -173,6 +182,9 @@ TEST_F(SaveAdvancedDialog, DragsBothPicturesAndScrollsEachAlone) {
     drag("ibOptimized", {150, 100}, {120, 100});
     EXPECT_EQ(left.value(), 130);
     EXPECT_EQ(right.value(), 30);
+    QTest::mouseDClick(control<ImageBoxView>("ibOptimized").viewport(), Qt::LeftButton, {}, {120, 100});
+    QTest::mouseDClick(control<ImageBoxView>("ibOptimized").viewport(), Qt::LeftButton, {}, {120, 100});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return left.value() > 0 && left.value() == right.value(); }));
     // value, start and pointer in the picture's box, maximum, result
     EXPECT_EQ(pannedValue(10, 50.5, 30.5, 100), 30) << "30.5 is 30, 30.5 again";
     EXPECT_EQ(pannedValue(10, 50, 61, 100), std::nullopt) << "before the first value";
@@ -181,12 +193,51 @@ TEST_F(SaveAdvancedDialog, DragsBothPicturesAndScrollsEachAlone) {
     EXPECT_EQ(pannedValue(32767, 50, 49, 40000), std::nullopt) << "16 bits";
 }
 
+TEST_F(SaveAdvancedDialog, ShowsTheOriginalForPdfAndTheQualityThatAnotherSaveHasChosen) {
+    open();
+    control<QComboBox>("cboFormat").setCurrentText(QStringLiteral("TIF"));
+    auto& colors = control<QComboBox>("cboColorFormat");
+    colors.setCurrentIndex(colors.count() - 1);
+    ASSERT_TRUE(settle());
+    const auto looksOriginal = [&] {
+        return control<ImageBoxView>("ibOptimized").grab().toImage() ==
+               control<ImageBoxView>("ibOriginal").grab().toImage();
+    };
+    EXPECT_FALSE(looksOriginal());
+    chooseFormat("PDF");
+    EXPECT_TRUE(QTest::qWaitFor(looksOriginal));
+    chooseFormat("JPG");
+    settings.JpgQuality = 23;
+    QEvent activation(QEvent::ActivationChange);
+    QApplication::sendEvent(dialog.get(), &activation);
+    EXPECT_EQ(control<QSlider>("sldJPGQuality").value(), 23);
+}
+
+TEST_F(SaveAdvancedDialog, KeepsPictureAndOptionsWhenTheDiskIsFull) {
+    reportFileSizeLimitAsError();
+    open();
+    {
+        const FileSizeLimit full(1000);
+        chooseFormat("TIF");
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return label("sbMain_status").find("The temporary file was not written: Disk full") == 0;
+        }));
+        desktop.fileChoices.push_back(FileDialogChoice{folder.filePath(QStringLiteral("kept")), 1});
+        click(*dialog, "cmdSave");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !desktop.reports.empty(); }));
+        EXPECT_TRUE(desktop.reports.front().ErrSystem.startsWith(QStringLiteral("Disk full")));
+        EXPECT_FALSE(QFileInfo::exists(folder.filePath(QStringLiteral("kept.tif"))));
+    }
+    EXPECT_GT(QFileInfo(save("kept")).size(), 150'000);
+}
+
 TEST_F(SaveAdvancedDialog, KeepsPictureAndOptionsWhenAFormatCannotHoldIt) {
     settings.Format = 4; // PNG
     open(plainPicture(65536, 1, 3, red));
     control<QComboBox>("cboFormat").setCurrentText(QStringLiteral("JPG"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return label("lblSize") == "-"; }));
-    EXPECT_NE(details().find("65500"), std::string::npos) << details();
+    EXPECT_EQ(details(),
+              "photo.bmp: JPEG files hold pictures of at most 65500 x 65500 pixels, not of 65536 x 1");
     EXPECT_FALSE(control<QPushButton>("cmdSave").isEnabled());
     EXPECT_TRUE(QTest::qWaitFor([&] { return control<ImageBoxView>("ibOptimized").isCurrent(); }));
     EXPECT_TRUE(desktop.reports.empty() && desktop.messages.empty()) << "no box for each round";

@@ -7,6 +7,7 @@
 #include "output/RoundTripFacts.h"
 #include "tests/support/TestPictures.h"
 
+#include <QColorSpace>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -177,6 +178,27 @@ TEST(RoundTrip, KeepsToASizeAndMeasuresHowLikeThePictureIs) {
     EXPECT_GT(similarityOf(source, better)->structural, similarityOf(source, limited)->structural);
     record.Format = qint16(formatOf("pdf"));
     EXPECT_FALSE(similarityOf(source, roundTrip(source, roundTripSettings(record))));
+    RoundTripSource wide = source;
+    wide.metadata.iccProfile = QColorSpace(QColorSpace::AdobeRgb).iccProfile();
+    record.Format = qint16(formatOf("bmp")); // which holds no profile
+    EXPECT_GT(similarityOf(wide, roundTrip(wide, roundTripSettings(record)))->peakSignalToNoise, 45);
+}
+
+TEST(RoundTrip, TakesTheOptionsOfItsOwnFormat) {
+    settings::SaveAdvanced record{.TiffCompression = 2,
+                                  .GifCompression = 0,
+                                  .GifTransparent = 1,
+                                  .GifTransparentColor = 0x123456,
+                                  .JpgEncoding = 1};
+    const auto saveOf = [&](const char* format) {
+        record.Format = qint16(formatOf(format));
+        return roundTripSettings(record).save;
+    };
+    EXPECT_TRUE(saveOf("jpg").JpegEncoding);
+    EXPECT_EQ(saveOf("tif").TiffCompression, 2);
+    EXPECT_EQ(saveOf("gif").BackColor, 0x123456);
+    EXPECT_FALSE(saveOf("gif").GifCompression);
+    EXPECT_FALSE(saveOf("png").BackColorTransparent);
 }
 
 TEST(RoundTripCache, LetsTheOldestGoButNeverTheNewest) {

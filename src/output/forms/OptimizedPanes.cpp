@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QTimer>
 #include <cmath>
 #include <limits>
 
@@ -73,7 +74,10 @@ OptimizedPanes::Pane OptimizedPanes::makePane(const char* name, const QString& t
     view->horizontalScrollBar()->setObjectName(QLatin1String(horizontal));
     view->verticalScrollBar()->setObjectName(QLatin1String(vertical));
     view->viewport()->installEventFilter(this);
-    connect(view, &ImageBoxView::zoomModeWanted, this, &OptimizedPanes::wantZoom);
+    connect(view, &ImageBoxView::zoomModeWanted, this, [this, view](bool bestFit) {
+        wantZoom(bestFit);
+        QTimer::singleShot(0, this, [this, view] { lineUpWith(*view); }); // it goes to its place after this
+    });
     connect(view, &ImageBoxView::zoomChanged, this, &OptimizedPanes::zoomChanged);
     connect(view, &ImageBoxView::zoomChanged, this, &OptimizedPanes::showCursor); // the view has set its own
     column->addWidget(caption);
@@ -83,12 +87,14 @@ OptimizedPanes::Pane OptimizedPanes::makePane(const char* name, const QString& t
 
 void OptimizedPanes::showOriginal(const PreviewPicture& original) {
     m_path = original.path;
+    m_originalWidth = original.size.width;
     m_left.view->pictureChanged(original);
     m_before->setPicture(original);
 }
 
 void OptimizedPanes::showOptimized(PreviewPicture optimized) {
     optimized.path = m_path;
+    m_optimizedWidth = optimized.size.width;
     m_right.view->pictureChanged(optimized);
 }
 
@@ -110,6 +116,14 @@ void OptimizedPanes::wantZoom(bool bestFit) {
         Q_EMIT layoutWanted(bestFit ? PreviewLayout::BestFit : PreviewLayout::ActualSize);
 }
 
+/// The other pane shows the same place.
+void OptimizedPanes::lineUpWith(const ImageBoxView& view) {
+    for (const Pane& pane : {m_left, m_right}) {
+        pane.view->horizontalScrollBar()->setValue(view.horizontalScrollBar()->value());
+        pane.view->verticalScrollBar()->setValue(view.verticalScrollBar()->value());
+    }
+}
+
 void OptimizedPanes::setPicking(bool picking) {
     m_isPicking = picking;
     showCursor();
@@ -123,7 +137,8 @@ VisibleArea OptimizedPanes::visibleArea() const {
 }
 
 double OptimizedPanes::zoom() const {
-    return (m_layout == PreviewLayout::Split ? m_optimized : m_original).Zoom;
+    return m_layout == PreviewLayout::Split ? m_optimized.Zoom * m_optimizedWidth / m_originalWidth
+                                            : m_original.Zoom;
 }
 
 // --- dragging, and picking of a colour

@@ -40,7 +40,7 @@ public:
     void setPicking(bool picking);
     /// What the pane of the optimized picture shows of it.
     VisibleArea visibleArea() const;
-    double zoom() const; ///< percent
+    double zoom() const; ///< of the original, percent
 
 Q_SIGNALS:
     void layoutWanted(tarsel::PreviewLayout layout);
@@ -62,6 +62,7 @@ private:
     Pane makePane(const char* name, const QString& title, ImageBox& box, const char* horizontal,
                   const char* vertical);
     void wantZoom(bool bestFit);
+    void lineUpWith(const ImageBoxView& view);
     void showCursor();
     ImageBoxView* viewOf(const QObject* viewport) const;
     bool press(const ImageBoxView& view, const QMouseEvent& event);
@@ -75,7 +76,9 @@ private:
     Pane m_left;
     Pane m_right;
     BeforeView* m_before;
-    QString m_path; ///< by which the views know that they show the same picture again
+    QString m_path;          ///< by which the views know that they show the same picture again
+    int m_originalWidth = 1; ///< pixels; the file may have fewer
+    int m_optimizedWidth = 1;
     PreviewLayout m_layout = PreviewLayout::BestFit;
     bool m_isPicking = false;
     bool m_isPointing = false;       ///< a colour is being picked, with the button held

@@ -4,17 +4,25 @@
 #include "controls/TypedCharacters.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QSlider>
 #include <algorithm>
 
 namespace tarsel {
+
+namespace {
+constexpr int mostDigits = 9; // that a number holds
+}
 
 void joinQualityEntry(QSlider& slider, QLineEdit& field) {
     takeDigitsOnly(&field);
     const auto show = [&slider, &field] { field.setText(QString::number(slider.value())); };
     QObject::connect(&slider, &QSlider::valueChanged, &field, show);
     QObject::connect(&field, &QLineEdit::editingFinished, &slider, [&slider, &field, show] {
-        slider.setValue(std::clamp(field.text().toInt(), slider.minimum(), slider.maximum()));
+        static const QRegularExpression others(QStringLiteral("[^0-9]"));
+        const QString digits = field.text().remove(others); // pasted text may have more
+        if (!digits.isEmpty())
+            slider.setValue(std::clamp(digits.left(mostDigits).toInt(), slider.minimum(), slider.maximum()));
         show(); // also where the slider had the value already
     });
     show();

@@ -2,6 +2,7 @@
 #include "output/forms/frmSaveAdvanced.h"
 
 #include "base/Dialogs.h"
+#include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
@@ -9,6 +10,7 @@
 #include "controls/FormScrollArea.h"
 #include "controls/NumberBox.h"
 #include "controls/StatusBar.h"
+#include "controls/WheelToPanel.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/SaveFormats.h"
 #include "output/BackgroundSave.h"
@@ -25,6 +27,7 @@
 #include <QShowEvent>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <cmath>
 
 namespace tarsel {
 
@@ -102,6 +105,7 @@ frmSaveAdvanced::frmSaveAdvanced(Start start, settings::SaveAdvanced& settings, 
     makeStatusBar();
     buildZoomMenu();
     subSetUp();
+    letWheelScroll(*m_ui->options);
     connectOptions();
     for (QPushButton* button : findChildren<QPushButton*>())
         button->setAutoDefault(false); // Return ends the typing of a number
@@ -228,6 +232,13 @@ void frmSaveAdvanced::connectOptions() {
     m_binding->onAnyChange([this] { followOption(); });
 }
 
+/// Another save from the main window may have changed the quality.
+void frmSaveAdvanced::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        m_binding->show();
+}
+
 /// The pane must have its size before the part on show is known.
 void frmSaveAdvanced::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
@@ -309,7 +320,7 @@ void frmSaveAdvanced::subOptimize() {
 
 void frmSaveAdvanced::clearResult() {
     m_ui->lblSize->setText(QStringLiteral("..."));
-    m_ui->lblDetails->setPlainText(QStringLiteral("\n\n\n")); // the room of the lines to come
+    m_ui->lblDetails->setPlainText(QStringLiteral("\n\n\n\n")); // the room of the lines to come
 }
 
 void frmSaveAdvanced::showWaiting() {
@@ -325,7 +336,9 @@ void frmSaveAdvanced::showExact() {
     const RoundTripResult& result = *m_roundTrip.result();
     m_patience.stop();
     setPanel("status", {});
-    if (!result.decoded.isNull()) {
+    if (result.decoded.isNull()) {
+        showOriginalInstead();
+    } else {
         m_optimized.setPictureHandle(result.decoded);
         EmbeddedMetadata colors;
         colors.iccProfile = result.iccProfile;
@@ -340,20 +353,27 @@ void frmSaveAdvanced::showExact() {
     savePending();
 }
 
+/// Where nothing could be read back, the right pane has the picture that the round began with.
+void frmSaveAdvanced::showOriginalInstead() {
+    m_optimized = m_start.picture;
+    m_panes->showOptimized(shownOriginal(m_start.picture));
+}
+
 void frmSaveAdvanced::showDetails() {
     const QStringList facts = roundTripFacts(*m_roundTrip.result(), sourceOf(m_start.picture),
                                              QFileInfo(m_start.picture.Tag).size());
     m_ui->lblDetails->setPlainText(facts.join(QLatin1Char('\n')));
 }
 
-/// The right pane keeps the picture of before.
 void frmSaveAdvanced::showFailure(const TrappedError& error) {
     m_patience.stop();
+    showOriginalInstead();
+    const QString reason = namingPath(QFileInfo(m_start.source).fileName(), reasonOf(error));
     if (!std::exchange(m_target, QString()).isEmpty())
         std::ignore = trap(saving, [&] { throw error; });
     m_ui->lblSize->setText(QStringLiteral("-"));
-    m_ui->lblDetails->setPlainText(reasonOf(error));
-    setPanel("status", reasonOf(error));
+    m_ui->lblDetails->setPlainText(reason);
+    setPanel("status", reason);
     m_ui->cmdSave->setEnabled(false);
     m_ui->options->setEnabled(true);
 }
@@ -402,7 +422,8 @@ void frmSaveAdvanced::takePicked() {
 
 void frmSaveAdvanced::useForBatch() {
     const SaveSettings save = roundTripSettings(m_settings).save;
-    m_batch.JpegQuality = qint16(save.JpegQuality);
+    const RoundTripResult* const result = m_roundTrip.result(); // to which a budget may have given less
+    m_batch.JpegQuality = qint16(result ? std::max(1.0, std::floor(result->jpegQuality)) : save.JpegQuality);
     m_batch.JpegProgressive = save.JpegEncoding ? 1 : 0;
     m_batch.JpegDepth = save.ColorFormat == 0 ? 0 : 1;
     setPanel("status", tr("The batch will use these settings"));
@@ -423,9 +444,9 @@ void frmSaveAdvanced::cmdSave_Click() {
         const auto written = [&](int, const QString& path) {
             return path + QLatin1Char('.') + QLatin1String(format.extension);
         };
-        const auto choice = saveFileDialogFor(
-            {tr("Save Optimized image"), QLatin1String(format.filter), unusedNameBeside(m_start.source)},
-            written);
+        const auto choice = saveFileDialogFor({tr("Save Optimized image"), QLatin1String(format.filter),
+                                               unusedNameBeside(m_start.source), false},
+                                              written);
         if (!choice || choice->path.isEmpty())
             return;
         const QString target = written(choice->filterIndex, choice->path);

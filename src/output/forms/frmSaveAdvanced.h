@@ -49,10 +49,12 @@ public:
     void offerSaving(bool offered);
     /// Whether size and right pane are those of the file that a save would write.
     bool isExact() const { return m_roundTrip.result() != nullptr; }
+    int roundTripsBegun() const { return m_roundTrip.begun(); }
     bool shows(const Picture& picture) const { return m_start.picture.picture() == picture; }
     void done(int result) override;
 
 protected:
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -71,6 +73,7 @@ private:
     void subOptimize();
     void subSaveSettings();
     void showExact();
+    void showOriginalInstead();
     void showDetails();
     void showFailure(const TrappedError& error);
     void clearResult();
