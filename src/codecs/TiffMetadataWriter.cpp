@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "bytes/TiffStructure.h"
+#include "bytes/UsedRanges.h"
 #include "embedded/MakerNote.h"
 #include "embedded/ResourceBlocks.h"
 
@@ -22,15 +23,6 @@ constexpr std::uint64_t maxEntries = 65'535; // what a directory can count
 
 constexpr std::uint16_t subImagesTag = 0x014A; // its values are offsets of directories
 constexpr int deepestDirectory = 4;
-
-struct Range {
-    std::int64_t start = 0;
-    std::int64_t size = 0;
-    bool operator==(const Range&) const = default;
-    bool overlaps(const Range& other) const {
-        return other.start < start + size && start < other.start + other.size;
-    }
-};
 
 /// A directory as it stands in the file.
 struct OldDirectory {
@@ -104,17 +96,16 @@ public:
     /// Makes the attributes `before` into those `after`, and keeps what is in neither. Returns the offset of
     /// the directory, which is another when it had to grow.
     std::uint64_t write(const OldDirectory* old, const TiffDirectory& before, const TiffDirectory& after) {
-        std::map<std::uint16_t, NewEntry> entries;
+        std::vector<NewEntry> entries;
         if (old)
             for (const TiffEntry& entry : old->entries) {
                 if (before.find(entry.tag) && !after.find(entry.tag))
                     release(*old, entry);
                 else
-                    entries[entry.tag] = {entry.tag, &entry, nullptr, nullptr};
+                    entries.push_back({entry.tag, &entry, nullptr, nullptr});
             }
         for (const TiffDirectory::Entry& entry : after.entries) {
-            NewEntry& made = entries[entry.tag];
-            made.tag = entry.tag;
+            NewEntry& made = entryOf(entry.tag, entries);
             const TiffDirectory::Entry* present = before.find(entry.tag);
             if (made.kept && present && isSame(*present, entry))
                 continue;
@@ -137,13 +128,23 @@ public:
     }
 
 private:
+    /// A new one comes before the next higher tag: directories that aren't sorted keep their order, by which
+    /// programs read them.
+    static NewEntry& entryOf(std::uint16_t tag, std::vector<NewEntry>& entries) {
+        const auto found = std::ranges::find(entries, tag, &NewEntry::tag);
+        if (found != entries.end())
+            return *found;
+        const auto isHigher = [tag](const NewEntry& entry) { return entry.tag > tag; };
+        return *entries.insert(std::ranges::find_if(entries, isHigher), {tag, nullptr, nullptr, nullptr});
+    }
+
     bool isOutside(const TiffEntry& entry) const {
         return entry.hasValue && entry.valueSize > m_layout.offset();
     }
 
     void noteUse(const TiffEntry& entry) {
         if (isOutside(entry))
-            m_used.push_back({entry.valuePosition, entry.valueSize});
+            m_used.add(entry.valuePosition, entry.valueSize);
     }
 
     std::optional<TiffDirectoryPlace> childOf(const TiffEntry& pointer) {
@@ -174,18 +175,16 @@ private:
                 walker.visit(directoryOffset(m_source.bytes(entry.valuePosition + at, size), m_order));
             if (!place)
                 continue;
-            m_foreign.push_back({place->offset, roomOf({*place, {}, {}})});
+            m_foreign.add(place->offset, roomOf({*place, {}, {}}));
             for (const TiffEntry& inside : walker.entries(*place, maxEntries)) {
                 if (isOutside(inside))
-                    m_foreign.push_back({inside.valuePosition, inside.valueSize});
+                    m_foreign.add(inside.valuePosition, inside.valueSize);
                 noteBelow(walker, inside, depth + 1);
             }
         }
     }
 
-    bool isForeign(const Range& range) const {
-        return std::ranges::any_of(m_foreign, [&](const Range& used) { return used.overlaps(range); });
-    }
+    bool isForeign(std::int64_t start, std::int64_t size) const { return m_foreign.usersOf(start, size) > 0; }
 
     static bool isSame(const TiffDirectory::Entry& a, const TiffDirectory::Entry& b) {
         if (a.child.empty() != b.child.empty())
@@ -198,15 +197,15 @@ private:
                                   });
     }
 
-    /// Whether these bytes belong to one value alone.
-    bool isOwn(const Range& range) const {
-        const auto overlaps = [&](const Range& used) { return used.overlaps(range); };
-        return std::ranges::count_if(m_used, overlaps) == 1 && !isForeign(range);
+    /// Whether its bytes belong to this value alone.
+    bool isOwn(const TiffEntry& value) const {
+        return m_used.usersOf(value.valuePosition, value.valueSize) == 1 &&
+               !isForeign(value.valuePosition, value.valueSize);
     }
 
     /// Nothing of a value that was given up stays readable.
     void release(const TiffEntry& entry) {
-        if (isOutside(entry) && isOwn({entry.valuePosition, entry.valueSize}))
+        if (isOutside(entry) && isOwn(entry))
             m_patches.push_back({entry.valuePosition, QByteArray(entry.valueSize, '\0')});
     }
 
@@ -221,7 +220,7 @@ private:
     }
 
     void clear(const OldDirectory& directory) {
-        if (isForeign({directory.place.offset, roomOf(directory)}))
+        if (isForeign(directory.place.offset, roomOf(directory)))
             return;
         m_patches.push_back({directory.place.offset, QByteArray(roomOf(directory), '\0')});
     }
@@ -231,9 +230,9 @@ private:
                (directory.place.nextPosition ? m_layout.offset() : 0);
     }
 
-    QByteArray directoryBytes(const OldDirectory* old, const std::map<std::uint16_t, NewEntry>& entries) {
+    QByteArray directoryBytes(const OldDirectory* old, const std::vector<NewEntry>& entries) {
         QByteArray bytes = m_layout.isBig ? number(quint64(entries.size())) : number(quint16(entries.size()));
-        for (const auto& [tag, entry] : entries)
+        for (const NewEntry& entry : entries)
             bytes += entry.changed ? changedEntry(old, entry)
                                    : m_source.bytes(entry.kept->position, m_layout.entry());
         return bytes + offsetBytes(old ? old->place.next : 0);
@@ -258,8 +257,7 @@ private:
     }
 
     std::uint64_t placeValue(const TiffEntry* old, const QByteArray& value) {
-        if (m_patchesInPlace && old && isOutside(*old) && old->valueSize >= value.size() &&
-            isOwn({old->valuePosition, old->valueSize})) {
+        if (m_patchesInPlace && old && isOutside(*old) && old->valueSize >= value.size() && isOwn(*old)) {
             m_patches.push_back({old->valuePosition, value.leftJustified(old->valueSize, '\0')});
             return std::uint64_t(old->valuePosition);
         }
@@ -273,7 +271,7 @@ private:
             return append(bytes);
         const bool isComplete = old->place.entries == old->place.declaredEntries && old->place.nextPosition;
         if (m_patchesInPlace && isComplete && bytes.size() <= roomOf(*old) &&
-            !isForeign({old->place.offset, roomOf(*old)})) {
+            !isForeign(old->place.offset, roomOf(*old))) {
             m_patches.push_back({old->place.offset, bytes.leftJustified(roomOf(*old), '\0')});
             return std::uint64_t(old->place.offset);
         }
@@ -303,8 +301,8 @@ private:
     DirectoryLayout m_layout;
     std::int64_t m_base; ///< where the tail begins
     bool m_patchesInPlace;
-    std::vector<Range> m_used;
-    std::vector<Range> m_foreign; ///< of directories below other pages
+    UsedRanges m_used;
+    UsedRanges m_foreign; ///< of directories below other pages
     std::vector<FilePatch> m_patches;
     QByteArray m_tail;
 };

@@ -3,6 +3,7 @@
 
 #include "base/TrappedError.h"
 #include "bytes/TiffStructure.h"
+#include "bytes/UsedRanges.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -210,26 +211,43 @@ void ExifBlock::makeDirectory(ExifGroup group) {
 }
 
 void ExifBlock::remove(ExifGroup group, quint16 tag) {
-    while (const ExifEntry* entry = find(group, tag)) {
-        removeEntry(ExifEntry(*entry));
-        walk();
-    }
-    removeEmptyDirectory(group);
+    removeAll([&](const ExifEntry& entry) { return entry.group == group && entry.tag == tag; });
 }
 
-/// Moves the rest of the directory up and zeroes what is left over.
-void ExifBlock::removeEntry(const ExifEntry& entry) {
-    const Directory place = *directory(entry.group);
-    if (entry.hasValue && entry.valueSize > inlineSize)
-        release({entry.valuePosition, entry.valueSize});
-    const bool isOurs = !isShared(place.range);
-    const auto rest = m_bytes.begin() + entry.position;
-    const auto end = m_bytes.begin() + place.range.end();
-    std::fill(std::copy(rest + entrySize, end, rest), end, '\0');
-    const qsizetype entryCount = (place.range.size - 2) / entrySize;
-    write16(place.range.start, quint16(entryCount - 1));
+void ExifBlock::removeAll(const std::function<bool(const ExifEntry& entry)>& isUnwanted) {
+    std::vector<Range> values;
+    for (const ExifEntry& entry : m_entries)
+        if (entry.hasValue && entry.valueSize > inlineSize && isUnwanted(entry))
+            values.push_back({entry.valuePosition, entry.valueSize});
+    using enum ExifGroup; // while their parents lead to them
+    for (const ExifGroup group : {Interoperability, Gps, Photo, Thumbnail, Image})
+        if (removeFrom(group, isUnwanted))
+            removeEmptyDirectory(group);
+    releaseUnused(std::move(values));
+}
+
+/// Moves the other entries of the directory up and zeroes what is left over. False when it keeps all.
+bool ExifBlock::removeFrom(ExifGroup group, const std::function<bool(const ExifEntry& entry)>& isUnwanted) {
+    const Directory* found = directory(group);
+    if (!found)
+        return false;
+    const Range range = found->range;
+    const qsizetype oldCount = (range.size - 2) / entrySize;
+    QByteArray table;
+    for (const ExifEntry& entry : m_entries)
+        if (entry.group == group && !isUnwanted(entry))
+            table += m_bytes.mid(entry.position, entrySize);
+    const qsizetype newCount = table.size() / entrySize, freed = (oldCount - newCount) * entrySize;
+    if (freed == 0)
+        return false;
+    const bool isOurs = !isShared(range);
+    table += m_bytes.sliced(range.start + 2 + oldCount * entrySize, range.size - 2 - oldCount * entrySize);
+    m_bytes.replace(range.start + 2, range.size - 2, table.leftJustified(range.size - 2, '\0'));
+    write16(range.start, quint16(newCount));
     if (isOurs)
-        addFree({place.range.end() - entrySize, entrySize});
+        addFree({{range.end() - freed, freed}});
+    walk();
+    return true;
 }
 
 void ExifBlock::removeEmptyDirectory(ExifGroup group) {
@@ -268,6 +286,15 @@ QByteArray ExifBlock::thumbnail() const {
     return file ? m_bytes.mid(file->start, file->size) : QByteArray();
 }
 
+void ExifBlock::shortenThumbnail(const QByteArray& file) {
+    const std::optional<Range> old = thumbnailFile();
+    if (!old || file.isEmpty() || file.size() > old->size || isShared(*old))
+        return dropThumbnail();
+    write32(find(ExifGroup::Thumbnail, thumbnailLengthTag)->valuePosition, quint32(file.size()));
+    m_bytes.replace(old->start, old->size, file.leftJustified(old->size, '\0'));
+    addFree({{old->start + file.size(), old->size - file.size()}});
+}
+
 void ExifBlock::dropThumbnail() {
     const Directory* thumbnail = directory(ExifGroup::Thumbnail);
     if (!thumbnail)
@@ -276,27 +303,28 @@ void ExifBlock::dropThumbnail() {
     ranges.push_back(thumbnail->range);
     write32(thumbnail->pointerPosition, 0);
     walk();
-    std::ranges::sort(ranges, std::ranges::greater(), &Range::start);
-    for (const Range& range : ranges)
-        release(range);
+    releaseUnused(std::move(ranges));
 }
 
 // --- room --------------------------------------------------------------------------------------------------
 
-/// Whether these bytes belong to the header or to more than one directory or value.
-bool ExifBlock::isShared(const Range& range) const {
-    int users = range.start < headerSize ? 2 : 0;
-    const auto count = [&](qsizetype start, qsizetype size) {
-        users += start < range.end() && range.start < start + size;
-    };
-    for (const Directory& other : m_directories)
-        count(other.range.start, other.range.size);
-    for (const ExifEntry& other : m_entries)
-        if (other.hasValue && other.valueSize > inlineSize)
-            count(other.valuePosition, other.valueSize);
+/// Of the header, directories and values.
+UsedRanges ExifBlock::usedRanges() const {
+    UsedRanges used;
+    used.add(0, headerSize);
+    for (const Directory& each : m_directories)
+        used.add(each.range.start, each.range.size);
+    for (const ExifEntry& each : m_entries)
+        if (each.hasValue && each.valueSize > inlineSize)
+            used.add(each.valuePosition, each.valueSize);
     for (const Range& picture : thumbnailData())
-        count(picture.start, picture.size);
-    return users > 1;
+        used.add(picture.start, picture.size);
+    return used;
+}
+
+/// Whether these bytes of one directory or value belong to another, too.
+bool ExifBlock::isShared(const Range& range) const {
+    return usedRanges().usersOf(range.start, range.size) > 1;
 }
 
 /// Gives up bytes that one directory or value held, unless another one uses them as well.
@@ -304,23 +332,35 @@ void ExifBlock::release(const Range& range) {
     if (range.end() > m_bytes.size() || isShared(range))
         return;
     std::fill_n(m_bytes.begin() + range.start, range.size, '\0');
-    addFree(range);
+    addFree({range});
+}
+
+/// Gives up bytes that belonged to what is no longer there.
+void ExifBlock::releaseUnused(std::vector<Range> ranges) {
+    const UsedRanges used = usedRanges();
+    std::erase_if(ranges, [&](const Range& range) {
+        return range.end() > m_bytes.size() || used.usersOf(range.start, range.size) > 0;
+    });
+    for (const Range& range : ranges)
+        std::fill_n(m_bytes.begin() + range.start, range.size, '\0');
+    addFree(std::move(ranges));
 }
 
 /// Joins bytes that nobody uses with their free neighbours; at the end of the block they go.
-void ExifBlock::addFree(Range range) {
-    const auto touches = [&](const Range& other) {
-        return other.end() == range.start || range.end() == other.start;
-    };
-    for (auto other = std::ranges::find_if(m_free, touches); other != m_free.end();
-         other = std::ranges::find_if(m_free, touches)) {
-        range = {std::min(range.start, other->start), range.size + other->size};
-        m_free.erase(other);
+void ExifBlock::addFree(std::vector<Range> ranges) {
+    std::ranges::move(m_free, std::back_inserter(ranges));
+    std::ranges::sort(ranges, {}, &Range::start);
+    m_free.clear();
+    for (const Range& range : ranges) {
+        if (m_free.empty() || m_free.back().end() < range.start)
+            m_free.push_back(range);
+        else
+            m_free.back().size = std::max(m_free.back().end(), range.end()) - m_free.back().start;
     }
-    if (range.end() == m_bytes.size())
-        m_bytes.truncate(range.start);
-    else
-        m_free.push_back(range);
+    if (m_free.empty() || m_free.back().end() != m_bytes.size())
+        return;
+    m_bytes.truncate(m_free.back().start);
+    m_free.pop_back();
 }
 
 /// Puts bytes where there is room, else at the end; returns their even position.

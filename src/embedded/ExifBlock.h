@@ -5,12 +5,14 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <functional>
 #include <optional>
 #include <vector>
 
 namespace tarsel {
 
 class TiffWalker;
+class UsedRanges;
 
 /// The directories of an EXIF block. Image is the first of the chain, Thumbnail the second; pointer
 /// attributes lead to the others.
@@ -72,7 +74,10 @@ public:
     /// directory when it is missing.
     void set(ExifGroup group, quint16 tag, ExifType type, quint32 count, const QByteArray& data);
     void remove(ExifGroup group, quint16 tag); ///< all entries of that tag; an emptied directory goes as well
-    QByteArray thumbnail() const;              ///< the file of the embedded JPEG; empty where there is none
+    void removeAll(const std::function<bool(const ExifEntry& entry)>& isUnwanted);
+    QByteArray thumbnail() const; ///< the file of the embedded JPEG; empty where there is none
+    /// Puts a file that isn't longer in its place; without room of its own, the thumbnail is dropped.
+    void shortenThumbnail(const QByteArray& file);
     void dropThumbnail();
 
     /// Whether all values of `before`, but those of `group` and `tag` and the pointers, are here in the same
@@ -109,12 +114,14 @@ private:
     void insertEntry(const Directory& place, quint16 tag, ExifType type, quint32 count,
                      const QByteArray& data);
     void makeDirectory(ExifGroup group);
-    void removeEntry(const ExifEntry& entry);
+    bool removeFrom(ExifGroup group, const std::function<bool(const ExifEntry& entry)>& isUnwanted);
     void removeEmptyDirectory(ExifGroup group);
 
+    UsedRanges usedRanges() const;
     bool isShared(const Range& range) const;
     void release(const Range& range);
-    void addFree(Range range);
+    void releaseUnused(std::vector<Range> ranges);
+    void addFree(std::vector<Range> ranges);
     qsizetype place(const QByteArray& data);
 
     QByteArray m_bytes;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <unordered_set>
 
 namespace tarsel {
 
@@ -134,6 +135,24 @@ QStringList filled(QStringList texts) {
     return texts;
 }
 
+using Words = std::unordered_set<std::string_view>;
+
+/// Views of what could be the local names of properties.
+Words wordsIn(const QByteArray& text, bool withPrefixOnly = false) {
+    const auto isOfName = [](char letter) {
+        return quint8(letter) >= 0x80 || QChar::isLetterOrNumber(uchar(letter)) || letter == '_' ||
+               letter == '-' || letter == '.';
+    };
+    Words words;
+    for (auto at = text.begin(); at != text.end();) {
+        const auto start = std::find_if(at, text.end(), isOfName);
+        at = std::find_if_not(start, text.end(), isOfName);
+        if (!withPrefixOnly || (start != text.begin() && start[-1] == ':'))
+            words.emplace(start, at);
+    }
+    return words;
+}
+
 class Stepper {
 public:
     Stepper(const MetadataStore& before, const MetadataStore& after) :
@@ -146,11 +165,20 @@ public:
             follow(row);
         followOthers();
         if (m_packet && m_isChanged)
-            m_result.xmp = m_packet->bytes();
+            take(m_packet->bytes());
         return m_result;
     }
 
 private:
+    /// A packet that fitted into a JPEG segment still does.
+    void take(const QByteArray& xmp) {
+        constexpr qsizetype largest = 65504; // 65533 less the signature
+        if (xmp.size() > largest && m_blocks.xmp.size() <= largest)
+            m_result.contradicts = true;
+        else
+            m_result.xmp = xmp;
+    }
+
     void follow(const Row& row) {
         const QStringList exif = filled(textsFromExif(m_after, row)),
                           iptc = filled(textsFromIptc(m_after, row));
@@ -195,21 +223,19 @@ private:
     }
 
     /// A packet without the name doesn't have to be parsed.
-    bool mentions(std::string_view name) const {
+    bool mentions(std::string_view name) {
+        if (!m_words)
+            m_words = wordsIn(m_blocks.xmp);
         constexpr qsizetype start = 64;
         const bool isWide = m_blocks.xmp.left(start).contains('\0');
-        return isWide || m_blocks.xmp.contains(QByteArrayView(name.data(), qsizetype(name.size())));
+        return isWide || m_words->contains(name);
     }
 
     /// The extension is never changed; whether its names are those of properties isn't looked at.
-    bool isInExtension(std::string_view name) const {
-        const QByteArray& extension = m_blocks.extendedXmp;
-        const QByteArray tag = ':' + QByteArray(name.data(), qsizetype(name.size()));
-        for (qsizetype at = extension.indexOf(tag); at >= 0; at = extension.indexOf(tag, at + 1))
-            if (const char next = extension.mid(at + tag.size(), 1).append('.')[0];
-                !QChar::isLetterOrNumber(uchar(next)))
-                return true;
-        return false;
+    bool isInExtension(std::string_view name) {
+        if (!m_extensionWords)
+            m_extensionWords = wordsIn(m_blocks.extendedXmp, true);
+        return m_extensionWords->contains(name);
     }
 
     std::optional<XmpPacket>& packet() {
@@ -247,6 +273,8 @@ private:
     const MetadataStore& m_before;
     const MetadataStore& m_after;
     const EmbeddedMetadata m_blocks;
+    std::optional<Words> m_words;
+    std::optional<Words> m_extensionWords;
     std::optional<XmpPacket> m_packet;
     bool m_isRead = false;
     bool m_isChanged = false;

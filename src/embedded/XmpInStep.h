@@ -11,7 +11,7 @@ class MetadataStore;
 struct XmpInStep {
     QByteArray xmp;
     /// The packet still says something else of a property that was changed: it is damaged or in UTF-16,
-    /// states the property as a structure, or in its extension.
+    /// states the property as a structure or in its extension, or has no room for the new value.
     bool contradicts = false;
     bool lacks = false; ///< a changed property that the packet could state, and doesn't
 };

@@ -55,6 +55,23 @@ QByteArray ofSize(QByteArray packet, qsizetype size) {
     return packet.insert(padding->start + padding->size, QByteArray(size - packet.size(), ' '));
 }
 
+/// The XML reader compares each attribute of a tag with all others. Real tags have some hundreds at most.
+bool hasTooManyAttributes(const QByteArray& text) {
+    constexpr int most = 2000;
+    int count = 0;
+    for (auto at = text.begin(); at != text.end(); ++at) {
+        if (*at == '<')
+            count = 0;
+        if (*at != '=')
+            continue;
+        const auto next =
+            std::find_if_not(at + 1, text.end(), [](char letter) { return isSpace(QLatin1Char(letter)); });
+        if (next != text.end() && (*next == '"' || *next == '\'') && ++count > most)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 // --- reading -----------------------------------------------------------------------------------------------
@@ -150,21 +167,18 @@ private:
         static const QRegularExpression form(
             QStringLiteral(R"re(\s+([^\s=<]+)\s*=\s*(?:"([^"]*)"|'([^']*)'))re"));
         const QString tag = m_text.mid(m_token.start, m_token.end - m_token.start);
-        const QXmlStreamAttributes known = m_reader.attributes();
+        const QXmlStreamAttributes known = m_reader.attributes(); // in the order of the text
         std::vector<Attribute> attributes;
-        auto matches = form.globalMatch(tag);
-        while (matches.hasNext()) {
+        auto each = known.begin();
+        for (auto matches = form.globalMatch(tag); matches.hasNext() && each != known.end();) {
             const QRegularExpressionMatch match = matches.next();
-            const auto found =
-                std::ranges::find(known, match.captured(1), [](const QXmlStreamAttribute& each) {
-                    return each.qualifiedName().toString();
-                });
+            if (match.capturedView(1) != each->qualifiedName())
+                continue;
             const int group = match.capturedStart(2) >= 0 ? 2 : 3;
-            if (found != known.end())
-                attributes.push_back(
-                    {*found,
-                     {m_token.start + match.capturedStart(), m_token.start + match.capturedEnd()},
-                     {m_token.start + match.capturedStart(group), m_token.start + match.capturedEnd(group)}});
+            attributes.push_back(
+                {*each++,
+                 {m_token.start + match.capturedStart(), m_token.start + match.capturedEnd()},
+                 {m_token.start + match.capturedStart(group), m_token.start + match.capturedEnd(group)}});
         }
         return attributes;
     }
@@ -275,6 +289,8 @@ private:
 };
 
 std::optional<XmpPacket> XmpPacket::read(const QByteArray& bytes) {
+    if (hasTooManyAttributes(bytes))
+        return std::nullopt;
     XmpPacket packet;
     packet.m_old = bytes;
     qsizetype end = bytes.size();
@@ -372,9 +388,16 @@ void XmpPacket::remove(const XmpName& name) {
 }
 
 bool XmpPacket::removeEverywhere(const std::function<bool(const QString& name)>& isUnwanted) {
-    const std::vector<Range> places = Reader(m_text).placesOf(isUnwanted);
-    for (auto place = places.rbegin(); place != places.rend(); ++place)
-        m_text.remove(place->start, place->end - place->start);
+    QString kept;
+    qsizetype from = 0;
+    for (const Range& place : Reader(m_text).placesOf(isUnwanted)) {
+        if (place.start < from)
+            return false;
+        kept += QStringView(m_text).sliced(from, place.start - from);
+        from = place.end;
+    }
+    kept += QStringView(m_text).sliced(from);
+    m_text = kept;
     return parse();
 }
 

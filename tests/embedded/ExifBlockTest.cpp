@@ -105,6 +105,14 @@ TEST(ExifBlock, TheThumbnailGoesWhole) {
     EXPECT_EQ(block.find(ExifGroup::Thumbnail, 0x0201), nullptr);
     EXPECT_EQ(block.bytes().size(), cameraBlock().size() - 130);
     EXPECT_EQ(textOf(block, make), "Acme!");
+    const ExifBlock before = *ExifBlock::read(cameraBlock());
+    const auto note = quint32(before.find(ExifGroup::Photo, 0x927C)->valuePosition);
+    ExifBlock inNote = before; // of which the thumbnail is a part
+    inNote.set(ExifGroup::Thumbnail, 0x0201, ExifType::Long, 1,
+               numberBytes<QByteArray>(note, ByteOrder::Little));
+    inNote.set(ExifGroup::Thumbnail, 0x0202, ExifType::Long, 1, QByteArray("\x0A\0\0\0", 4));
+    inNote.dropThumbnail();
+    EXPECT_TRUE(inNote.bytes().contains(QByteArray(20, 'N')));
 }
 
 TEST(ExifBlock, RoomOfAThumbnailInTheMiddleIsUsedAgain) {

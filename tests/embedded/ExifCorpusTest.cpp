@@ -3,10 +3,8 @@
 #include "embedded/ExifTagTable.h"
 #include "embedded/MetadataStore.h"
 #include "embedded/PrivateMetadata.h"
-#include "tests/support/CodecTestFiles.h"
 #include "tests/support/Corpus.h"
 #include "tests/support/PictureBlocks.h"
-#include "tests/support/TestPictures.h"
 
 #include <exiv2/error.hpp>
 #include <exiv2/exif.hpp>
@@ -123,28 +121,4 @@ TEST(ExifCorpus, PositionAndSerialNumbersGoAndTheRestStays) {
         EXPECT_TRUE(blocks.cameraSegments.empty());
     }
     EXPECT_GT(cleaned, 10);
-}
-
-TEST(ExifCorpus, MakerNotesReadTheSameInATiffFileAfterAnEditThere) {
-    TARSEL_REQUIRE_CORPUS();
-    const auto inNote = [](const QByteArray& exif) {
-        auto values = foreignReading(exif);
-        std::erase_if(values, [](const auto& each) {
-            return QByteArray(each.first.c_str()).contains("MakerNote") ||
-                   each.first.find("Exif.Image.") == 0 || each.first.find("Exif.Photo.") == 0 ||
-                   each.first.find("Exif.Thumbnail.") == 0;
-        });
-        return values;
-    };
-    for (const CorpusPicture& picture : picturesWithExif()) {
-        const EmbeddedMetadata blocks = blocksOfPicture(picture.path);
-        if (isDamaged(picture) || !blocks.exif.contains("Canon") || !ExifBlock::read(blocks.exif))
-            continue;
-        MetadataStore store(
-            readBytes(encoded("tif", noisePicture(4, 4, 3), {}, blocks), QStringLiteral("a.tif"))
-                .decoded->metadata);
-        EXPECT_EQ(inNote(store.blocks().exif), inNote(blocks.exif)) << qPrintable(picture.path);
-        ASSERT_TRUE(store.ExifSet(QStringLiteral("Artist"), QString(99, u'a')));
-        EXPECT_EQ(inNote(store.blocks().exif), inNote(blocks.exif)) << qPrintable(picture.path);
-    }
 }

@@ -43,10 +43,11 @@ MetadataStore storeWith(const QByteArray& iim) {
 TEST(IimData, UnchangedDataSetsKeepTheirBytes) {
     const QByteArray extended = QByteArray("\x1C\x02\x78\x80\x04\0\0\0\x04", 9) + "long";
     const QByteArray foreign = dataSet(77, QByteArray("\0\x01\x02\xFF", 4), 3);
-    IimData data(dataSet(0, QByteArray("\0\x02", 2)) + dataSet(headline, "old") + extended + foreign);
+    IimData data(dataSet(0, QByteArray("\0\x02", 2)) + dataSet(headline, "old") + extended + foreign +
+                 "tail");
     data.setText(headline, QStringLiteral("new"));
     EXPECT_EQ(data.bytes(),
-              dataSet(0, QByteArray("\0\x02", 2)) + dataSet(headline, "new") + extended + foreign);
+              dataSet(0, QByteArray("\0\x02", 2)) + dataSet(headline, "new") + extended + foreign + "tail");
     EXPECT_EQ(data.text(caption), QStringLiteral("long"));
 }
 

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/ExifBlock.h"
 #include "embedded/IptcFields.h"
 #include "embedded/MetadataStore.h"
 #include "embedded/PrivateMetadata.h"
 #include "embedded/ResourceBlocks.h"
+#include "tests/support/TiffStructure.h"
 
 #include <QCryptographicHash>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
+using namespace tarsel::test;
 
 namespace {
 
@@ -39,7 +43,7 @@ void edit(MetadataStore& store, const QString& change) {
         ASSERT_TRUE(value.isEmpty() ? store.ExifDelete(name.mid(5)) : store.ExifSet(name.mid(5), value));
 }
 
-void editAll(MetadataStore& store, const char* changes) {
+void editAll(MetadataStore& store, const QByteArray& changes) {
     for (const QString& change : QString::fromUtf8(changes).split(u'|'))
         edit(store, change);
 }
@@ -118,6 +122,10 @@ TEST(XmpInStep, APacketThatCannotFollowStaysAsItIsAndIsReported) {
         EXPECT_TRUE(store.ContradictsXmp());
         EXPECT_EQ(iptcText(store, "IptcCity"), QStringLiteral("N"));
     }
+    MetadataStore full =
+        storeWith(packet(" ps:City='C'", "<ps:State>" + QByteArray(64500, 's') + "</ps:State>", 0));
+    editAll(full, "90=" + QByteArray(1000, 'N'));
+    EXPECT_TRUE(full.ContradictsXmp() && full.blocks().xmp.contains("'C'")) << "no room in a segment";
     for (const char* name : {"City", "CityCode"}) {
         EmbeddedMetadata blocks;
         blocks.xmp = whole;
@@ -159,7 +167,21 @@ TEST(XmpInStep, PositionAndSerialNumbersGoFromStructuresCopiesAndExtensionsToo) 
                         "<r:li>3</r:li></exif:GPSLatitude></r:Description></mm:At>",
                         0);
     blocks.extendedXmp = blocks.xmp;
-    blocks.resources = ResourceBlocks::block(0x0422, "GPS") + ResourceBlocks::block(0x040B, "url");
+    const QByteArray head = QByteArray::fromHex("FFD8 FFE0 0006 4A464946"),
+                     scan = QByteArray::fromHex("FFDA 0002 55"),
+                     file = head + QByteArray::fromHex("FFE1 000A 455869660000 4750") + scan;
+    blocks.resources = ResourceBlocks::block(0x0422, "GPS") + ResourceBlocks::block(0x040B, "url") +
+                       ResourceBlocks::block(0x040C, QByteArray(28, ' ') + file);
+    std::vector<RawEntry> entries(60'000); // of a crafted file
+    const quint32 rest = tiffRest(entries.size());
+    std::ranges::fill(entries, RawEntry{0xA431, 2, 6, rest});
+    entries.front() = {0x8825, 4, 1, rest + 6};
+    blocks.exif = tiffBlock(
+        entries, rest + 24,
+        "secret" + tiffDirectory({{2, 2, 6, rest}}) +
+            tiffDirectory({{0x0201, 4, 1, rest + 54}, {0x0202, 4, 1, quint32(file.size())}}) + file);
+    blocks.trailer = "position";
+    blocks.cameraSegments = {{0xE6, "GoPro"}};
     removePrivateMetadata(blocks);
     EXPECT_EQ(blocks.xmp.simplified().replace("  ", " "),
               packet(" xmlns:drone='d' ps:City='C'",
@@ -167,6 +189,10 @@ TEST(XmpInStep, PositionAndSerialNumbersGoFromStructuresCopiesAndExtensionsToo) 
                   .simplified());
     EXPECT_EQ(blocks.extendedXmp, QByteArray());
     EXPECT_EQ(blocks.resources, ResourceBlocks::block(0x040B, "url"));
+    EXPECT_EQ(ExifBlock::read(blocks.exif)->thumbnail(), head + scan);
+    EXPECT_EQ(ExifBlock::read(blocks.exif)->entries().size(), 2u);
+    EXPECT_FALSE(blocks.exif.contains("secret") || blocks.exif.contains("GP"));
+    EXPECT_TRUE(blocks.trailer.isEmpty() && blocks.cameraSegments.empty());
     blocks.xmp.truncate(blocks.xmp.indexOf("</mm:At>"));
     removePrivateMetadata(blocks);
     EXPECT_EQ(blocks.xmp, QByteArray()) << "what can't be read can't be cleaned";
