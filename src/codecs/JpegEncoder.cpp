@@ -3,12 +3,14 @@
 
 #include "base/Stop.h"
 #include "base/TrappedError.h"
+#include "codecs/AfcpTrailer.h"
 #include "codecs/ColorProfile.h"
 #include "codecs/EncoderColors.h"
 #include "codecs/JpegErrors.h"
 #include "codecs/JpegSegments.h"
 #include "codecs/JpegTables.h"
 #include "codecs/Resolution.h"
+#include "embedded/CanonPreview.h"
 #include "pixels/Flatten.h"
 
 #include <QCoreApplication>
@@ -177,12 +179,32 @@ private:
     std::vector<std::uint8_t> m_rows;
 };
 
+/// Where Canon's preview image is in the trailer: a JPEG file of the stated size.
+std::optional<qsizetype> placeOf(const CanonPreview& preview, const QByteArray& trailer) {
+    for (qsizetype at = trailer.indexOf("\xFF\xD8"); at >= 0; at = trailer.indexOf("\xFF\xD8", at + 2))
+        if (trailer.mid(at + qsizetype(preview.size) - 2, 2) == "\xFF\xD9")
+            return at;
+    return std::nullopt;
+}
+
+QByteArray withTrailer(QByteArray file, const EmbeddedMetadata& metadata) {
+    const auto preview = canonPreview(metadata.exif);
+    const auto place = preview ? placeOf(*preview, metadata.trailer) : std::nullopt;
+    const qsizetype block = file.indexOf("Exif") + 6, end = file.size();
+    if (place)
+        file.replace(block + preview->place, 4,
+                     withCanonPreviewAt(metadata.exif, *preview, quint32(end - block + *place))
+                         .sliced(preview->place, 4));
+    return file + trailerAt(metadata.trailer, end);
+}
+
 } // namespace
 
 QByteArray encodeJpeg(const Picture& picture, const SaveSettings& settings,
                       const EmbeddedMetadata& metadata) {
     requireEncodableSize("JPEG", picture, largestJpegSide);
-    return JpegWriter(picture, settings, metadata).encode() + metadata.trailer;
+    const QByteArray file = JpegWriter(picture, settings, metadata).encode();
+    return metadata.trailer.isEmpty() ? file : withTrailer(file, metadata);
 }
 
 } // namespace tarsel

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/JpegMetadata.h"
 
+#include "codecs/AfcpTrailer.h"
 #include "codecs/CodecChecks.h"
 #include "codecs/JpegSegments.h"
+#include "embedded/CanonPreview.h"
 #include "embedded/ResourceBlocks.h"
 
 #include <QCoreApplication>
@@ -120,7 +122,8 @@ QByteArray movedPictureList(const QByteArray& payload, std::int64_t distance) {
 /// place before the scan.
 class SegmentEdit {
 public:
-    SegmentEdit(const SegmentList& list, const MetadataChange& change) : m_segments(list.segments) {
+    SegmentEdit(const SegmentList& list, const MetadataChange& change, const PictureSource& source) :
+        m_segments(list.segments) {
         if (change.exif)
             replaceExif(*change.exif);
         if (change.xmp)
@@ -135,6 +138,9 @@ public:
         if (change.dropsCameraSegments)
             replace({SegmentKind::Camera}, {}, 0);
         movePictureLists();
+        moveCanonPreview(source, list.scan);
+        std::ranges::move(movedAfcp(source, growthAfter({})), std::back_inserter(m_patches));
+        std::ranges::sort(m_patches, {}, &FilePatch::at);
     }
 
     /// The segments as they are now, of which those that stay are copied.
@@ -144,11 +150,10 @@ public:
         for (std::size_t i = 0; i < m_segments.size(); ++i) {
             insertAt(content, i);
             if (!isReplaced(i))
-                content.copy(m_segments[i].start, m_segments[i].end - m_segments[i].start);
+                copyPatched(content, m_segments[i].start, m_segments[i].end);
         }
         insertAt(content, m_segments.size());
-        const std::int64_t end = m_segments.empty() ? 2 : m_segments.back().end;
-        content.copy(end, fileSize - end);
+        copyPatched(content, m_segments.empty() ? 2 : m_segments.back().end, fileSize);
         return content;
     }
 
@@ -161,6 +166,17 @@ private:
         const auto [first, last] = m_inserted.equal_range(index);
         for (auto inserted = first; inserted != last; ++inserted)
             content.insert(inserted->second);
+    }
+
+    void copyPatched(FilePieces& content, std::int64_t from, std::int64_t end) const {
+        for (const FilePatch& patch : m_patches) {
+            if (patch.at < from || patch.at + patch.bytes.size() > end)
+                continue;
+            content.copy(from, patch.at - from);
+            content.insert(patch.bytes);
+            from = patch.at + patch.bytes.size();
+        }
+        content.copy(from, end - from);
     }
 
     /// The index after the segments that a file begins with: JFIF, and those of these kinds.
@@ -219,10 +235,10 @@ private:
                            bytes);
     }
 
-    /// By how much what follows a segment moves away from it.
-    std::int64_t growthAfter(std::size_t index) const {
+    /// By how much what follows a segment moves away from it, or from the start of the file.
+    std::int64_t growthAfter(std::optional<std::size_t> index) const {
         std::int64_t growth = 0;
-        for (std::size_t i = index + 1; i <= m_segments.size(); ++i) {
+        for (std::size_t i = index ? *index + 1 : 0; i <= m_segments.size(); ++i) {
             const auto [first, last] = m_inserted.equal_range(i);
             for (auto inserted = first; inserted != last; ++inserted)
                 growth += inserted->second.size();
@@ -248,7 +264,42 @@ private:
         }
     }
 
+    /// Its offset counts from the EXIF block.
+    void moveCanonPreview(const PictureSource& source, std::int64_t scan) {
+        const auto first = std::ranges::find(m_segments, SegmentKind::Exif, &PlacedSegment::kind);
+        const auto old = first == m_segments.end() ? std::nullopt : canonPreview(blockIn(first->payload));
+        if (!old)
+            return;
+        const std::int64_t base = first->position + exifSignatureSize, preview = base + old->offset;
+        if (preview < scan || source.bytes(preview, 2) != "\xFF\xD8")
+            return;
+        const auto index = std::size_t(first - m_segments.begin());
+        const std::int64_t total = growthAfter({});
+        if (!isReplaced(index)) {
+            const auto offset = quint32(old->offset + growthAfter(index));
+            const QByteArray block = withCanonPreviewAt(blockIn(first->payload), *old, offset);
+            m_patches.push_back({base + old->place, block.mid(old->place, 4)});
+            return;
+        }
+        const auto inserted = m_inserted.find(index);
+        if (inserted == m_inserted.end())
+            return;
+        QByteArray& bytes = inserted->second;
+        constexpr qsizetype head = 4 + exifSignatureSize;
+        const std::int64_t before = total - growthAfter(index) - bytes.size() + first->end - first->start;
+        const QByteArray block = bytes.mid(head);
+        if (const auto now = canonPreview(block))
+            bytes.replace(
+                head, block.size(),
+                withCanonPreviewAt(block, *now, quint32(preview + total - first->start - before - head)));
+    }
+
+    static QByteArray blockIn(const QByteArray& payload) { return payload.mid(exifSignatureSize); }
+
+    static constexpr qsizetype exifSignatureSize = 6;
+
     const std::vector<PlacedSegment>& m_segments;
+    std::vector<FilePatch> m_patches; ///< of what is copied
     std::set<std::size_t> m_dropped;
     std::multimap<std::size_t, QByteArray> m_inserted;
 };
@@ -274,7 +325,7 @@ FilePieces jpegWithMetadata(const PictureSource& source, const QString& name, in
     if (list.scan < 0)
         failDecoding({"JPEG", name, source.size()},
                      QCoreApplication::translate("JpegMetadata", "no picture in it"));
-    return SegmentEdit(list, change).pieces(source.size());
+    return SegmentEdit(list, change, source).pieces(source.size());
 }
 
 } // namespace tarsel

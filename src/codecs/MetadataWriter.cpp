@@ -5,6 +5,7 @@
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "codecs/Codec.h"
+#include "embedded/CanonPreview.h"
 #include "embedded/ExifTagTable.h"
 #include "embedded/MetadataStore.h"
 
@@ -37,9 +38,12 @@ std::optional<Value> changed(const Value& present, const Value& wanted) {
          path + QStringLiteral(": ") + QCoreApplication::translate("MetadataWriter", fact));
 }
 
-/// Names and values by name, without what leads from one directory to another.
-std::vector<std::pair<QString, QString>> attributesOf(const EmbeddedMetadata& metadata) {
-    const MetadataStore store(metadata);
+/// Names and values by name, without what leads from one directory to another, and to a preview image that
+/// moves with the file.
+std::vector<std::pair<QString, QString>> attributesOf(EmbeddedMetadata metadata) {
+    if (const auto preview = canonPreview(metadata.exif))
+        metadata.exif = withCanonPreviewAt(metadata.exif, *preview, 0);
+    const MetadataStore store(std::move(metadata));
     std::vector<std::pair<QString, QString>> attributes;
     for (int i = 0; i < store.ExifCount(); ++i) {
         const ExifTag* tag = exifTagByName(store.ExifName(i));

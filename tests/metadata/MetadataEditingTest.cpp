@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/FailureOf.h"
 #include "base/SafeFileWriter.h"
-#include "bytes/Numbers.h"
+#include "bytes/TiffStructure.h"
+#include "codecs/MetadataWriter.h"
 #include "codecs/PictureFile.h"
+#include "codecs/PictureSource.h"
+#include "embedded/CanonPreview.h"
 #include "embedded/IptcFields.h"
 #include "embedded/XmpPacket.h"
 #include "metadata/modMetadata.h"
@@ -16,8 +19,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <cstring>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace tarsel {
@@ -71,9 +74,10 @@ ino_t inodeOf(const QString& path) {
     return status.st_ino;
 }
 
-/// From the first scan of a JPEG file on; all bytes of another file.
+/// From the first scan of a JPEG file on, without AFCP data, whose offsets move; all bytes of another file.
 QByteArray pixelBytes(const QByteArray& file) {
-    return file.mid(std::max<qsizetype>(file.indexOf("\xFF\xDA"), 0));
+    const QByteArray rest = file.mid(std::max<qsizetype>(file.indexOf("\xFF\xDA"), 0));
+    return rest.mid(0, rest.indexOf("AXS!"));
 }
 
 class MetadataEditing : public testing::Test {
@@ -86,6 +90,23 @@ protected:
             [&] { isDone = UpdateMetadataAttribute(path, isIptc, QString::fromLatin1(name), value, box); });
         EXPECT_FALSE(failure) << (failure ? failure->description.toStdString() : std::string());
         return isDone;
+    }
+
+    /// With files of at most `limit` bytes. The file keeps its size, and the box what it holds.
+    static void refuseCaption(const QString& path, rlim_t limit, ImageBox& box, const char* reason = "") {
+        const qint64 size = QFileInfo(path).size();
+        const EmbeddedMetadata held = box.metadata().blocks();
+        reportFileSizeLimitAsError();
+        {
+            const FileSizeLimit limited(limit);
+            const auto failure = failureOf([&] {
+                (void)UpdateMetadataAttribute(path, true, QStringLiteral("Caption"), QString(1900, u'c'),
+                                              box);
+            });
+            EXPECT_TRUE(failure && failure->description.contains(QLatin1String(reason)));
+        }
+        EXPECT_EQ(QFileInfo(path).size(), size);
+        EXPECT_EQ(box.metadata().blocks(), held);
     }
 
     QString made(const char* name, const QByteArray& bytes) {
@@ -170,11 +191,23 @@ TEST_F(MetadataEditing, WritesInPlaceWhatFitsAndANewFileElse) {
         EXPECT_EQ(inodeOf(path), grown) << "what fits into one page is patched";
         EXPECT_EQ(QFileInfo(path).size(), size);
         EXPECT_FALSE(bytesOf(path).contains("a name that surely")) << "what was replaced is gone";
+        ino_t wide = 0;
+        for (const char16_t letter : {u'a', u'b'}) {
+            wide = inodeOf(path);
+            ASSERT_TRUE(update(path, false, "Copyright", QString(5000, letter), box));
+        }
+        EXPECT_NE(inodeOf(path), wide) << "two pages of memory are not written as one";
+        ASSERT_TRUE(update(path, true, "Headline", QStringLiteral("Rapids"), box));
+        EXPECT_EQ(bytesOf(path).count("Rapids"), path.endsWith(QStringLiteral("tif")) ? 2 : 1) << "its copy";
+        EXPECT_FALSE(bytesOf(path).contains("River"));
         ASSERT_TRUE(DeleteExifAttribute(path, QStringLiteral("Artist"), box));
         if (QByteArray(name) != "a.psd") { // whose file keeps it
             EXPECT_FALSE(bytesOf(path).contains("another that surely"));
             EXPECT_EQ(boxOf(path).ExifValueByName(QStringLiteral("Artist")), QString());
         }
+        box.ExifClear();
+        box.SaveMetadataOnly(path);
+        EXPECT_FALSE(bytesOf(path).contains("GoPro"));
     }
 }
 
@@ -195,6 +228,7 @@ TEST_F(MetadataEditing, LargeTiffFilesAreAddedToAndStaySparse) {
         const Picture before = PictureFile(path).decode(1).picture;
         const ino_t first = inodeOf(path);
         ImageBox box = boxOf(path);
+        refuseCaption(path, size + 100, box); // after 100 bytes of it
         ASSERT_TRUE(update(path, false, "Artist", QStringLiteral("Ann"), box));
         ASSERT_TRUE(update(path, false, "UserComment", QStringLiteral("in a directory of its own"), box));
         ASSERT_TRUE(update(path, true, "Caption", QString(1900, u'c'), box));
@@ -211,6 +245,10 @@ TEST_F(MetadataEditing, LargeTiffFilesAreAddedToAndStaySparse) {
         ASSERT_TRUE(file.open(QIODevice::ReadOnly) && file.seek(size));
         EXPECT_FALSE(file.readAll().contains("directory of its own")) << "what was replaced is gone";
     }
+    const QString full = made("full.tif", classic);
+    ASSERT_TRUE(QFile::resize(full, UINT32_MAX - 1000)); // offsets have 32 bits
+    ImageBox box = boxOf(full);
+    refuseCaption(full, RLIM_INFINITY, box, "4 GB");
 }
 
 TEST_F(MetadataEditing, KeepsTheOtherPagesAndEditsTheOneOnShow) {
@@ -227,7 +265,6 @@ TEST_F(MetadataEditing, KeepsTheOtherPagesAndEditsTheOneOnShow) {
     }
 }
 
-/// A list of further pictures counts from itself: what grows between it and them moves its offsets.
 /// Both pages have the same pixels, and the same EXIF directory.
 QByteArray twoPagesOfOneExif(const std::vector<RawEntry>& more = {}) {
     std::vector<RawEntry> page =
@@ -256,6 +293,18 @@ TEST_F(MetadataEditing, WhatPagesShareStaysForTheOthersAndTagsThatStandTwiceAreR
     EXPECT_EQ(boxOf(path, 1).ExifValueByName(comment), QString());
     EXPECT_EQ(boxOf(path, 2).ExifValueByName(comment), QStringLiteral("shared comment"));
 
+    const quint32 pixels = tiffRest(12);
+    const QString shared =
+        made("shared.tif", twoPagesOfOneExif({{0x013B, 2, 16, pixels}, {0x010F, 2, 16, pixels}}));
+    ImageBox sharedBox = boxOf(shared);
+    ASSERT_TRUE(update(shared, false, "Artist", QStringLiteral("fits there"), sharedBox));
+    EXPECT_EQ(boxOf(shared).ExifValueByName(QStringLiteral("Make")), QString(16, u'@'));
+    auto walker = TiffWalker::open(PictureSource(bytesOf(shared)).byteSource());
+    std::vector<int> tags;
+    for (const TiffEntry& entry : walker->entries(*walker->visit(walker->firstDirectory()), 4))
+        tags.push_back(entry.tag);
+    EXPECT_EQ(tags, std::vector<int>({0x0131, 0x013B, 0x010F, 256})) << "in the order that it had";
+
     const QByteArray twice = twoPagesOfOneExif({{256, 3, 1, 9}});
     const QString odd = made("twice.tif", twice);
     ImageBox oddBox = boxOf(odd);
@@ -265,25 +314,138 @@ TEST_F(MetadataEditing, WhatPagesShareStaysForTheOthersAndTagsThatStandTwiceAreR
     EXPECT_EQ(bytesOf(odd), twice);
 }
 
-TEST_F(MetadataEditing, FurtherPicturesOfAJpegStayWhereTheirListSays) {
-    const QByteArray picture = encoded("jpg", noisePicture(16, 16, 3));
-    QByteArray list = QByteArray::fromHex("FFE2 0000 4D504600 49492A00 08000000 0100"
-                                          "02B0 0700 20000000 1A000000 00000000");
-    list += QByteArray(16, '\0') + QByteArray(8, '\0') + QByteArray(4, 'o') + QByteArray(4, '\0');
-    list[3] = char(list.size() - 2);
-    QByteArray file = picture.left(2) + list + picture.mid(2) + "SECOND";
-    const qsizetype base = 2 + 8;
-    const auto offset = quint32(file.indexOf("SECOND") - base);
-    std::memcpy(file.data() + file.indexOf("oooo"), &offset, 4);
-    const QString path = made("two.jpg", file);
+namespace {
+
+template <class Number>
+QByteArray big(Number number) {
+    return numberBytes<QByteArray>(number, ByteOrder::Big);
+}
+
+QByteArray segment(char marker, const QByteArray& payload) {
+    return QByteArray("\xFF") + marker + big(quint16(payload.size() + 2)) + payload;
+}
+
+const QByteArray preview("\xFF\xD8preview\xFF\xD9");
+
+/// A block of a Canon camera, whose preview image is at that offset.
+QByteArray canonBlock(quint32 offset) {
+    const quint32 photo = tiffRest(2) + 6, note = photo + 18, info = note + 18;
+    QByteArray numbers;
+    for (const quint32 number :
+         {quint32(24), quint32(2), quint32(preview.size()), quint32(8), quint32(8), offset})
+        numbers += numberBytes<QByteArray>(number, ByteOrder::Little);
+    return tiffBlock({{0x010F, 2, 6, tiffRest(2)}, {0x8769, 4, 1, photo}}, 0,
+                     QByteArray("Canon\0", 6) + tiffDirectory({{0x927C, 7, 42, note}}) +
+                         tiffDirectory({{0x00B6, 4, 6, info}}) + numbers);
+}
+
+/// What a program puts at the end of a file, to begin at `start`.
+QByteArray afcp(quint32 start) {
+    return QByteArray("AXS!\0\1\0\1\0\0\0\0TEXT\0\0\0\4", 20) + big(start + 24) + "textAXS!" + big(start) +
+           QByteArray(4, '\0');
+}
+
+void expectRightPlaces(const QByteArray& file) {
+    const ByteReader reader(file, ByteOrder::Big);
+    const qsizetype block = file.indexOf("Exif") + 6;
+    EXPECT_TRUE(
+        file.mid(block + canonPreview(file.mid(block)).value_or(CanonPreview()).offset).startsWith(preview));
+    const qsizetype start = reader.dword(file.size() - 8).value_or(0);
+    EXPECT_TRUE(file.mid(start).startsWith("AXS!"));
+    EXPECT_TRUE(file.mid(reader.dword(start + 20).value_or(0)).startsWith("text"));
+}
+
+} // namespace
+
+TEST_F(MetadataEditing, PlacesInAJpegFileAreNamedRightAfterEachEditAndByTheEncoder) {
+    const QByteArray picture = encoded("jpg", noisePicture(16, 16, 3)), second("Exif\0\0II*\0second", 16);
+    const auto list = [](quint32 offset) {
+        return segment('\xE2', QByteArray::fromHex("4D504600 49492A00 08000000 0100"
+                                                   "02B0 0700 20000000 1A000000 00000000") +
+                                   QByteArray(24, '\0') + numberBytes<QByteArray>(offset, ByteOrder::Little) +
+                                   QByteArray(4, '\0'));
+    };
+    const auto file = [&](const QByteArray& before) { // with the places that they have in that file
+        const auto at = quint32(before.indexOf(preview));
+        return picture.left(2) + list(at - quint32(before.indexOf("MPF") + 4)) +
+               segment('\xE1',
+                       QByteArray("Exif\0\0", 6) + canonBlock(at - quint32(before.indexOf("Exif") + 6))) +
+               segment('\xE1', second) + picture.mid(2) + preview + afcp(at + quint32(preview.size()));
+    };
+    const QString path = made("places.jpg", file(file({})));
     ImageBox box = boxOf(path);
-    ASSERT_TRUE(update(path, false, "Artist", QStringLiteral("Ann"), box));
+    const auto expectList = [&] {
+        const QByteArray now = bytesOf(path);
+        const qsizetype listAt = now.indexOf(QByteArray("MPF\0", 4)) + 4;
+        const auto offset = ByteReader(now, ByteOrder::Little).dword(listAt + 26 + 16 + 8);
+        EXPECT_TRUE(now.mid(listAt + offset.value_or(0)).startsWith(preview));
+    };
+    const auto expectAll = [&] {
+        expectList();
+        expectRightPlaces(bytesOf(path));
+        EXPECT_TRUE(bytesOf(path).contains(second));
+    };
+    expectAll();
     ASSERT_TRUE(update(path, true, "Caption", QString(1900, u'c'), box));
-    const QByteArray now = bytesOf(path);
-    const qsizetype listAt = now.indexOf(QByteArray("MPF\0", 4)) + 4;
-    quint32 found = 0;
-    std::memcpy(&found, now.constData() + listAt + 26 + 16 + 8, 4);
-    EXPECT_TRUE(now.mid(listAt + found).startsWith("SECOND"));
+    expectAll();
+    ASSERT_TRUE(update(path, false, "Artist", QStringLiteral("Ann"), box));
+    expectAll();
+    box.IptcClear();
+    box.SaveMetadataOnly(path);
+    expectAll();
+    box.ExifClear();
+    box.SaveMetadataOnly(path);
+    expectList();
+    EXPECT_FALSE(bytesOf(path).contains("second"));
+    EmbeddedMetadata carried;
+    carried.exif = canonBlock(0);
+    carried.trailer = "other" + preview + afcp(99);
+    expectRightPlaces(encoded("jpg", noisePicture(8, 8, 3), {}, carried));
+}
+
+TEST_F(MetadataEditing, AnXmpPacketKeepsTheHeaderThatItHas) {
+    const auto packet = [](const char* city) {
+        return QByteArray("<?xpacket id='W5M0' begin=''?><x:xmpmeta xmlns:x='adobe:ns:meta/'><r:RDF xmlns:r="
+                          "'http://www.w3.org/1999/02/22-rdf-syntax-ns#'><r:Description xmlns:p="
+                          "'http://ns.adobe.com/photoshop/1.0/' p:City='") +
+               city + "'/></r:RDF></x:xmpmeta>   <?xpacket end='r'?>";
+    };
+    for (const QByteArray& header : {QByteArray(), QByteArray("http://ns.adobe.com/xap/1.0/"),
+                                     QByteArray("http://ns.adobe.com/xap/1.0\0", 28)}) {
+        const QByteArray picture = encoded("jpg", noisePicture(16, 16, 3));
+        const QString path =
+            made("a.jpg", picture.left(2) + segment('\xE1', header + packet("Rome")) + picture.mid(2));
+        ImageBox box = boxOf(path);
+        ASSERT_TRUE(update(path, true, "City", QStringLiteral("Venice"), box));
+        EXPECT_TRUE(bytesOf(path).contains(segment('\xE1', header + packet("Venice")))) << header.constData();
+    }
+}
+
+TEST_F(MetadataEditing, OffsetsInAMakerNoteFollowItFromBlockToTiffFileAndBack) {
+    for (const QByteArray& start :
+         {QByteArray("OLYMP\0\1\0", 8), QByteArray("EPSON\0\1\0", 8), QByteArray("SONY DSC \0\0\0", 12),
+          QByteArray("Panasonic\0\0\0", 12), QByteArray()}) {
+        SCOPED_TRACE(start.constData());
+        const quint32 photo = tiffRest(1) + 30, note = photo + 18, value = note + quint32(start.size()) + 18;
+        QByteArray bytes = start + tiffDirectory({{1, 2, 6, value}}) + "inside";
+        if (start.isEmpty()) // Canon's notes end with their place
+            bytes += QByteArray("II*\0", 4) + numberBytes<QByteArray>(note, ByteOrder::Little);
+        EmbeddedMetadata blocks;
+        blocks.exif = tiffBlock({{0x8769, 4, 1, photo}}, 0,
+                                QByteArray(30, '\0') +
+                                    tiffDirectory({{0x927C, 7, quint32(bytes.size()), note}}) + bytes);
+        const QString path = made("a.tif", encoded("tif", noisePicture(8, 8, 3), {}, blocks));
+        ImageBox box = boxOf(path);
+        for (int edits = 0; edits < 2; ++edits) {
+            for (const QByteArray& place : {bytesOf(path), boxOf(path).metadata().blocks().exif}) {
+                const ByteReader reader(place, ByteOrder::Little);
+                const qsizetype inside = place.indexOf("inside");
+                EXPECT_EQ(reader.dword(inside - 8), inside);
+                EXPECT_TRUE(!start.isEmpty() || reader.dword(inside + 10) == inside - 18);
+            }
+            ASSERT_TRUE(update(path, false, "Artist", QStringLiteral("Ann"), box));
+        }
+    }
 }
 
 TEST_F(MetadataEditing, AFailureLeavesFileAndBoxAsTheyWere) {
@@ -291,13 +453,10 @@ TEST_F(MetadataEditing, AFailureLeavesFileAndBoxAsTheyWere) {
     const QByteArray before = bytesOf(path);
     ImageBox box = boxOf(path);
     const EmbeddedMetadata held = box.metadata().blocks();
-    reportFileSizeLimitAsError();
-    {
-        const FileSizeLimit limit(500);
-        EXPECT_THROW(
-            (void)UpdateMetadataAttribute(path, true, QStringLiteral("Caption"), QString(2000, u'c'), box),
-            TrappedError);
-    }
+    refuseCaption(path, 500, box);
+    EmbeddedMetadata tooMuch = held;
+    tooMuch.xmp = QByteArray(70000, ' '); // more than a segment holds
+    EXPECT_THROW(saveMetadata(path, 1, tooMuch), TrappedError);
     box.metadata().setIptcList(80, {QStringLiteral("A name of many"), QStringLiteral("letters")});
     EXPECT_NO_THROW(SetMetadataAttribute(box, true, QStringLiteral("By (Author)"),
                                          QStringLiteral("A name of many; letters, of thirty two")));
