@@ -8,7 +8,7 @@
 
 namespace tarsel {
 
-/// What is on the screen, from the system at hand.
+/// What is on the screen, from this system.
 class ScreenSource {
 public:
     virtual ~ScreenSource() = default;

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace tarsel::cli {
@@ -45,6 +46,18 @@ QList<AttributeChange> changesOfRow(const QList<AttributeChange>& fields, const 
             changes << change;
     }
     return changes;
+}
+
+/// EXIF's own form of a date and that of ISO 8601 are taken before the user's.
+modMetadata::AttributeValue valueOf(const AttributeChange& change) {
+    static const QRegularExpression yearFirst(QStringLiteral("^\\s*\\d{4}[:-]\\d"));
+    const bool isDate = !change.isIptc && modMetadata::IsExifDate(change.name);
+    if (!isDate || !yearFirst.match(change.value).hasMatch())
+        return change.value;
+    const QDateTime date = ImageBox::ExifTextToDate(change.value);
+    if (date == emptyDate())
+        fail(ErrorNumber::TypeMismatch, change.value);
+    return date;
 }
 
 } // namespace
@@ -98,7 +111,7 @@ void apply(const AttributeChange& change, ImageBox& box, const DateForms& forms)
     if (change.isIptc && change.name == QLatin1String(urgency))
         return setIptcUrgency(box.metadata(),
                               change.value.isEmpty() ? 0 : numberIn(change.value, 1, 8, "iptc Urgency"));
-    if (!modMetadata::SetMetadataAttribute(box, change.isIptc, change.name, change.value, forms))
+    if (!modMetadata::SetMetadataAttribute(box, change.isIptc, change.name, valueOf(change), forms))
         fail(ErrorNumber::InvalidCall,
              QCoreApplication::translate("CommandLine", "%1 can't be \"%2\"").arg(change.name, change.value));
 }

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/EditLock.h"
 #include "base/ErrorSubject.h"
+#include "base/IgnoringErrors.h"
 #include "base/Locale.h"
 #include "base/TrappedError.h"
-#include "cli/Command.h"
 #include "cli/FilePaths.h"
-#include "cli/Interrupt.h"
 #include "cli/MetadataChanges.h"
+#include "cli/MetadataReport.h"
 #include "cli/PictureFacts.h"
-#include "cli/Terminal.h"
+#include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QSet>
 #include <deque>
@@ -22,11 +21,6 @@
 namespace tarsel::cli {
 
 namespace {
-
-constexpr OptionSpec jsonOption = {
-    "json", nullptr, QT_TRANSLATE_NOOP("CommandLine", "one JSON object a line for each picture")};
-constexpr OptionSpec dryRunOption = {
-    "dry-run", nullptr, QT_TRANSLATE_NOOP("CommandLine", "try it and say what would be done; write nothing")};
 
 constexpr OptionSpec getOptions[] = {jsonOption};
 constexpr OptionSpec setOptions[] = {
@@ -53,10 +47,6 @@ constexpr OptionSpec clearOptions[] = {
     dryRunOption,
     jsonOption,
 };
-constexpr OptionSpec exportOptions[] = {
-    {"exif", "F.xiff", QT_TRANSLATE_NOOP("CommandLine", "the EXIF attributes that users may edit")},
-    {"iptc", "F.ffo", QT_TRANSLATE_NOOP("CommandLine", "all IPTC fields")},
-};
 constexpr OptionSpec importOptions[] = {
     {"exif", "F.xiff", QT_TRANSLATE_NOOP("CommandLine", "set the attributes of this file")},
     {"iptc", "F.ffo", QT_TRANSLATE_NOOP("CommandLine", "replace all IPTC fields by those of this file")},
@@ -64,33 +54,8 @@ constexpr OptionSpec importOptions[] = {
     jsonOption,
 };
 
-/// Files as they are given; of a folder, the pictures in it whose metadata can be written, by name.
-QStringList pictures(const QStringList& operands) {
-    if (operands.isEmpty())
-        throw UsageError{QCoreApplication::translate("CommandLine", "no picture given")};
-    QStringList paths;
-    for (const QString& operand : operands) {
-        const QString path = filePath(operand);
-        if (!QFileInfo(path).isDir()) {
-            paths << path;
-            continue;
-        }
-        for (const QString& name : QDir(path).entryList(QDir::Files, QDir::Name))
-            if (modMetadata::listedMetadata(QFileInfo(name).suffix()) != modMetadata::ListedMetadata::None)
-                paths << QDir(path).filePath(name);
-    }
-    return paths;
-}
-
-/// What became of a picture.
-struct Outcome {
-    const char* state;
-    QString reason; ///< of a failure
-    QString remark = {};
-};
-
 /// Runs `change` on the metadata of a picture and writes them where they became others. For any thread.
-Outcome outcomeOf(const QString& path, const std::function<void(ImageBox& box)>& change, bool isDry) {
+MetadataOutcome outcomeOf(const QString& path, const std::function<void(ImageBox& box)>& change, bool isDry) {
     try {
         const EditLock lock(path);
         ImageBox box;
@@ -104,69 +69,10 @@ Outcome outcomeOf(const QString& path, const std::function<void(ImageBox& box)>&
                 : isDry    ? "dry-run"
                            : "written",
                 {},
-                box.metadata().ContradictsXmp() ? modMetadata::xmpContradiction() : QString()};
+                modMetadata::remarksOn(box.metadata()).join(QStringLiteral("; "))};
     } catch (const TrappedError& error) {
         return {"failed", error.description};
     }
-}
-
-/// What became of each picture, as lines or as JSON.
-class Report {
-public:
-    Report(const Arguments& arguments, Terminal& terminal) :
-        m_terminal(terminal), m_json(arguments.has("json")), m_isDry(arguments.has("dry-run")) {}
-
-    void addNone(bool isEmpty) {
-        if (isEmpty)
-            m_terminal.message(QCoreApplication::translate("CommandLine", "no files"));
-    }
-
-    void change(const QString& path, const std::function<void(ImageBox& box)>& change) {
-        add(path, outcomeOf(path, change, m_isDry));
-    }
-
-    void add(const QString& path, const Outcome& outcome) {
-        m_failed = m_failed || !outcome.reason.isEmpty();
-        const QString state = QLatin1String(outcome.state) + QStringLiteral(": ");
-        if (m_json) {
-            m_terminal.result(JsonLine()
-                                  .add("path", path)
-                                  .add("state", QLatin1String(outcome.state))
-                                  .add("reason", outcome.reason)
-                                  .add("remark", outcome.remark)
-                                  .text());
-            return;
-        }
-        if (outcome.reason.isEmpty())
-            m_terminal.result(state + path);
-        else
-            m_terminal.message(state + namingPath(path, outcome.reason));
-        if (!outcome.remark.isEmpty())
-            m_terminal.message(path + QStringLiteral(": ") + outcome.remark);
-    }
-
-    bool isDry() const { return m_isDry; }
-    int status() const { return wasInterrupted() ? Interrupted : m_failed ? SomeNotDone : AllDone; }
-
-private:
-    Terminal& m_terminal;
-    bool m_json;
-    bool m_isDry;
-    bool m_failed = false;
-};
-
-/// Until the user interrupts.
-template <class Items, class Step>
-int forEach(const Items& items, const Arguments& arguments, Terminal& terminal, Step&& step) {
-    const InterruptScope interruptible;
-    Report report(arguments, terminal);
-    report.addNone(items.isEmpty());
-    for (const auto& item : items) {
-        if (wasInterrupted())
-            break;
-        step(item, report);
-    }
-    return report.status();
 }
 
 /// Each file once: then several can be written at the same time.
@@ -181,12 +87,12 @@ bool areDistinct(const QStringList& paths) {
 int changeEach(const Arguments& arguments, Terminal& terminal,
                const std::function<void(ImageBox& box)>& change) {
     constexpr std::size_t most = 4;
-    const QStringList paths = pictures(arguments.operands());
+    const QStringList paths = editablePictures(arguments.operands());
     const std::size_t atOnce = areDistinct(paths) ? most : 1;
     const InterruptScope interruptible;
-    Report report(arguments, terminal);
+    MetadataReport report(arguments, terminal);
     report.addNone(paths.isEmpty());
-    std::deque<std::future<Outcome>> running;
+    std::deque<std::future<MetadataOutcome>> running;
     qsizetype started = 0;
     for (const QString& path : paths) {
         for (; running.size() < atOnce && started < paths.size() && !wasInterrupted(); ++started)
@@ -209,6 +115,22 @@ void printRows(const char* heading, const ListView& rows, Terminal& terminal) {
                 QStringLiteral("  %1: %2 = %3").arg(QLatin1String(heading), rows.row(i).text, value));
 }
 
+/// In forms that `set` takes on every system: EXIF's own, and for IPTC that of ISO 8601.
+void showDatesPlainly(const ImageBox& box, ListView& exif, ListView& iptc) {
+    for (int i = 0; i < exif.count(); ++i)
+        if (modMetadata::IsExifDate(exif.row(i).tag))
+            ignoringErrors([&] {
+                const QDateTime date = ImageBox::ExifTextToDate(box.ExifValue(i));
+                if (date != emptyDate())
+                    exif.setSubItem(i, 1, ImageBox::ExifDateToText(date));
+            });
+    for (int i = 0; i < iptc.count(); ++i)
+        if (const IptcField* field = iptcFieldByLabel(iptc.row(i).text); field->kind == IptcKind::Date)
+            if (const QDateTime date = iptcDate(box.metadata(), field->member.toStdString());
+                date != emptyDate())
+                iptc.setSubItem(i, 1, date.date().toString(Qt::ISODate));
+}
+
 void get(const QString& path, bool json, Terminal& terminal) {
     const ErrorSubject subject(path);
     ImageBox box;
@@ -216,6 +138,7 @@ void get(const QString& path, bool json, Terminal& terminal) {
     ListView exif, iptc;
     modMetadata::AddExifRows(box.metadata(), exif);
     modMetadata::AddIptcRows(box.metadata(), iptc, service<Locale>().dateForms());
+    showDatesPlainly(box, exif, iptc);
     if (json) {
         terminal.result(JsonLine()
                             .add("path", path)
@@ -232,8 +155,8 @@ void get(const QString& path, bool json, Terminal& terminal) {
 }
 
 int runGet(const Arguments& arguments, Terminal& terminal) {
-    return forEach(pictures(arguments.operands()), arguments, terminal,
-                   [&](const QString& path, Report& report) {
+    return forEach(editablePictures(arguments.operands()), arguments, terminal,
+                   [&](const QString& path, MetadataReport& report) {
                        try {
                            get(path, arguments.has("json"), terminal);
                        } catch (const TrappedError& error) {
@@ -250,11 +173,12 @@ int setFromTable(const Arguments& arguments, Terminal& terminal) {
             QCoreApplication::translate("CommandLine", "--from goes without other changes and pictures")};
     const auto rows = changesOfTable(filePath(arguments.value("from")));
     const DateForms forms = service<Locale>().dateForms();
-    return forEach(rows, arguments, terminal, [&](const auto& row, Report& report) {
-        report.change(row.first, [&](ImageBox& box) {
-            for (const AttributeChange& change : row.second)
-                apply(change, box, forms);
-        });
+    return forEach(rows, arguments, terminal, [&](const auto& row, MetadataReport& report) {
+        const auto change = [&](ImageBox& box) {
+            for (const AttributeChange& each : row.second)
+                apply(each, box, forms);
+        };
+        report.add(row.first, outcomeOf(row.first, change, report.isDry()));
     });
 }
 
@@ -311,42 +235,9 @@ int runClear(const Arguments& arguments, Terminal& terminal) {
 
 // --- side files
 
-void requireSideFile(const Arguments& arguments) {
+int runImport(const Arguments& arguments, Terminal& terminal) {
     if (!arguments.has("exif") && !arguments.has("iptc"))
         throw UsageError{QCoreApplication::translate("CommandLine", "--exif or --iptc is missing")};
-}
-
-int runExport(const Arguments& arguments, Terminal&) {
-    requireSideFile(arguments);
-    if (arguments.operands().size() != 1)
-        throw UsageError{QCoreApplication::translate("CommandLine", "expected one picture")};
-    ImageBox box;
-    modMetadata::ReadMetadata(filePath(arguments.operands().first()), box);
-    if (arguments.has("exif")) {
-        ListView rows;
-        modMetadata::AddExifRows(box.metadata(), rows);
-        if (modMetadata::WriteXiffFile(filePath(arguments.value("exif")), rows) == 0)
-            fail(ErrorNumber::InvalidCall,
-                 QCoreApplication::translate("CommandLine", "%1 has no EXIF attribute that users may edit")
-                     .arg(arguments.operands().first()));
-    }
-    if (arguments.has("iptc"))
-        box.IptcSaveToFile(filePath(arguments.value("iptc")));
-    return AllDone;
-}
-
-/// One without fields would delete those of every picture, for which there is a command.
-void requireIptc(const QString& sideFile) {
-    MetadataStore fields;
-    fields.IptcLoadFromFile(sideFile);
-    if (!fields.HasIptc())
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("CommandLine", "%1 has no IPTC fields; no picture was changed")
-                 .arg(sideFile));
-}
-
-int runImport(const Arguments& arguments, Terminal& terminal) {
-    requireSideFile(arguments);
     const DateForms forms = service<Locale>().dateForms();
     const auto file = [&](const char* option) {
         const QString path = arguments.has(option) ? filePath(arguments.value(option)) : QString();
@@ -355,8 +246,10 @@ int runImport(const Arguments& arguments, Terminal& terminal) {
         return path;
     };
     const QString exif = file("exif"), iptc = file("iptc");
-    if (!iptc.isEmpty())
-        requireIptc(iptc);
+    if (!iptc.isEmpty() && !modMetadata::HasIptcFields(iptc)) // for deleting there is a command
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("CommandLine", "%1 has no IPTC fields; no picture was changed")
+                 .arg(iptc));
     return changeEach(arguments, terminal, [&](ImageBox& box) {
         if (!exif.isEmpty())
             modMetadata::ApplyXiffFile(exif, box, forms);
@@ -403,16 +296,6 @@ constexpr Command metadataClearCommand{
     .notes = keptNote,
     .options = clearOptions,
     .run = runClear,
-};
-constexpr Command metadataExportCommand{
-    .name = "metadata export",
-    .operands = "PICTURE",
-    .summary =
-        QT_TRANSLATE_NOOP("CommandLine", "Write EXIF attributes or IPTC fields of a picture to side files."),
-    .notes =
-        QT_TRANSLATE_NOOP("CommandLine", "Side files can be applied to other pictures by import and batch."),
-    .options = exportOptions,
-    .run = runExport,
 };
 constexpr Command metadataImportCommand{
     .name = "metadata import",

@@ -44,7 +44,7 @@ QString rowStateText(RowState state) {
 }
 
 QString RowResult::reason() const {
-    QStringList all = remarks;
+    QStringList all = remarks + notes;
     if (const QString text = skipText(skipped); !text.isEmpty())
         all.prepend(text);
     return all.join(QStringLiteral("; "));

@@ -33,8 +33,10 @@ struct RowResult {
     /// the task list ended early and the picture is written as far as it came, that a part of the name is
     /// unknown, that the file replaces another row's, where the row's replaced original was kept.
     QStringList remarks;
+    /// What is said of a row that was written as it should be, such as about XMP data that could not follow.
+    QStringList notes = {};
 
-    /// Why the row was skipped, then the remarks; empty for a written row without remarks.
+    /// Why the row was skipped, the remarks, the notes; empty for a written row without any.
     QString reason() const;
     void remark(const QString& text) { remarks << text; }
     /// `fact` is the first remark then.

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "embedded/MetadataStore.h"
 
-#include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "embedded/ExifBlock.h"
 #include "embedded/ExifText.h"
 #include "embedded/IimData.h"
+#include "embedded/IptcSideFile.h"
 #include "embedded/ResourceBlocks.h"
 #include "embedded/XmpInStep.h"
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <algorithm>
 #include <iterator>
@@ -113,38 +112,14 @@ std::optional<ExifBlock> withoutAttribute(const ExifBlock& before, const ExifAtt
     return after.keepsAllOf(before, attribute.group, attribute.tag) ? std::optional(after) : std::nullopt;
 }
 
-[[noreturn]] void failNoFfo(const QString& path, const QString& fact) {
-    fail(ErrorNumber::UnreadableFile,
-         QCoreApplication::translate("MetadataStore", "%1: no IPTC side file: %2").arg(path, fact));
-}
-
-/// A side file is an image resource block with the IPTC data in it; the bare data are taken as well.
-IimData readSideFile(const QString& path) {
-    const QByteArray bytes = readWholeFile(path);
-    if (bytes.startsWith('\x1C')) {
-        IimData data(bytes);
-        if (!data.isComplete())
-            failNoFfo(path, QCoreApplication::translate("MetadataStore", "its data are damaged"));
-        return data;
-    }
-    const ResourceBlocks blocks(bytes);
-    if (!blocks.contains(ResourceBlocks::iptcNumber))
-        failNoFfo(path, QCoreApplication::translate("MetadataStore", "it has no IPTC block"));
-    IimData data(blocks.data(ResourceBlocks::iptcNumber));
-    if (!blocks.isComplete() || !data.isComplete())
-        failNoFfo(path, QCoreApplication::translate("MetadataStore", "its data are damaged or cut short"));
-    return data;
-}
-
 } // namespace
 
 /// Blocks that never change, and what they say, parsed at the first look: copies on any thread share it.
 struct MetadataStore::State {
-    explicit State(EmbeddedMetadata held, bool contradicts = false) :
-        blocks(std::move(held)), contradictsXmp(contradicts) {}
+    explicit State(EmbeddedMetadata held, Remarks said = {}) : blocks(std::move(held)), remarks(said) {}
 
     const EmbeddedMetadata blocks;
-    const bool contradictsXmp;
+    const Remarks remarks;
 
     const std::vector<ExifAttribute>& exif() const {
         std::call_once(exifOnce, [this] {
@@ -181,10 +156,10 @@ MetadataStore& MetadataStore::operator=(MetadataStore&& other) noexcept {
     return *this;
 }
 
-void MetadataStore::setExif(const QByteArray& bytes) {
+void MetadataStore::setExif(const QByteArray& bytes, bool losesThumbnail) {
     EmbeddedMetadata changed = m_state->blocks;
     changed.exif = bytes;
-    replaceBlocks(std::move(changed));
+    replaceBlocks(std::move(changed), losesThumbnail);
 }
 
 void MetadataStore::setIim(const IimData& data) {
@@ -198,20 +173,22 @@ void MetadataStore::setIim(const IimData& data) {
 }
 
 /// True when the XMP packet states all that was changed.
-bool MetadataStore::replaceBlocks(EmbeddedMetadata changed) {
+bool MetadataStore::replaceBlocks(EmbeddedMetadata changed, bool losesThumbnail) {
+    Remarks remarks = m_state->remarks;
+    remarks.lostThumbnail = remarks.lostThumbnail || losesThumbnail;
     if (changed.xmp.isEmpty()) {
-        m_state = std::make_shared<const State>(std::move(changed));
+        m_state = std::make_shared<const State>(std::move(changed), remarks);
         return false;
     }
     const MetadataStore before = *this;
-    m_state = std::make_shared<const State>(changed);
+    m_state = std::make_shared<const State>(changed, remarks);
     const XmpInStep step = xmpInStep(before, *this);
-    const bool contradicts = before.ContradictsXmp() || step.contradicts;
-    if (step.xmp != changed.xmp || contradicts) {
+    remarks.contradictsXmp = remarks.contradictsXmp || step.contradicts;
+    if (step.xmp != changed.xmp || remarks.contradictsXmp) {
         changed.xmp = step.xmp;
-        m_state = std::make_shared<const State>(std::move(changed), contradicts);
+        m_state = std::make_shared<const State>(std::move(changed), remarks);
     }
-    return !contradicts && !step.lacks;
+    return !remarks.contradictsXmp && !step.lacks;
 }
 
 /// Programs take the digest of older IPTC data as a sign that these are newer than the XMP packet. So it
@@ -224,7 +201,7 @@ void MetadataStore::updateDigest(const QByteArray& oldIptc) {
     const QByteArray iptc = resources.data(ResourceBlocks::iptcNumber);
     resources.replace(ResourceBlocks::digestNumber, iptc.isEmpty() ? QByteArray() : digestOf(iptc));
     changed.resources = resources.bytes();
-    m_state = std::make_shared<const State>(std::move(changed), m_state->contradictsXmp);
+    m_state = std::make_shared<const State>(std::move(changed), m_state->remarks);
 }
 
 EmbeddedMetadata MetadataStore::blocks() const {
@@ -232,7 +209,11 @@ EmbeddedMetadata MetadataStore::blocks() const {
 }
 
 bool MetadataStore::ContradictsXmp() const {
-    return m_state->contradictsXmp;
+    return m_state->remarks.contradictsXmp;
+}
+
+bool MetadataStore::LostThumbnail() const {
+    return m_state->remarks.lostThumbnail;
 }
 
 // --- EXIF --------------------------------------------------------------------------------------------------
@@ -271,13 +252,14 @@ bool MetadataStore::ExifSet(const QString& name, const QString& value) {
     std::optional<ExifBlock> block = present.isEmpty() ? ExifBlock::fresh() : ExifBlock::read(present);
     if (!block)
         return false;
+    const bool hadThumbnail = !block->thumbnail().isEmpty();
     for (const ExifTag* tag : placesOf(*block, *standard)) {
         block = withAttribute(*block, *tag, value);
         if (!block)
             return false;
     }
     if (block->bytes() != present)
-        setExif(block->bytes());
+        setExif(block->bytes(), hadThumbnail && block->thumbnail().isEmpty());
     return true;
 }
 
@@ -341,11 +323,11 @@ void MetadataStore::IptcClear() {
 }
 
 void MetadataStore::IptcLoadFromFile(const QString& path) {
-    setIim(readSideFile(path));
+    setIim(readIptcSideFile(path));
 }
 
 void MetadataStore::IptcSaveToFile(const QString& path) const {
-    writeFileSafely(path, ResourceBlocks::block(ResourceBlocks::iptcNumber, m_state->iim().bytes()));
+    writeIptcSideFile(path, m_state->iim());
 }
 
 } // namespace tarsel

@@ -32,8 +32,9 @@ public:
     EmbeddedMetadata blocks() const;
 
     /// Whether the XMP packet still says something else of a property that was changed here, because it is
-    /// damaged or in a form that can't be changed.
+    /// damaged, full, or in a form that can't be changed.
     bool ContradictsXmp() const;
+    bool LostThumbnail() const; ///< whether it was dropped to make room for an attribute
 
     // --- EXIF: an indexed list of names ("DateTimeOriginal") and raw texts ("10/1250", "30,32,32,30") in the
     // order of the file, without the thumbnail's. An index out of range raises error 9. --------------------
@@ -62,9 +63,13 @@ public:
 
 private:
     struct State;
-    void setExif(const QByteArray& bytes);
+    struct Remarks {
+        bool contradictsXmp = false;
+        bool lostThumbnail = false;
+    };
+    void setExif(const QByteArray& bytes, bool losesThumbnail = false);
     void setIim(const IimData& data);
-    bool replaceBlocks(EmbeddedMetadata changed);
+    bool replaceBlocks(EmbeddedMetadata changed, bool losesThumbnail = false);
     void updateDigest(const QByteArray& oldIptc);
 
     std::shared_ptr<const State> m_state; ///< replaced by a change, so that copies keep what they have

@@ -154,9 +154,26 @@ void SetIptcList(const QString& path, const QString& label, const QStringList& t
     });
 }
 
-QString xmpContradiction() {
-    return QCoreApplication::translate(
-        "modMetadata", "the XMP data of the file could not be changed and may say something else");
+QStringList remarksOn(const MetadataStore& metadata) {
+    QStringList remarks;
+    if (metadata.ContradictsXmp())
+        remarks << QCoreApplication::translate(
+            "modMetadata", "the XMP data of the file could not be changed and may say something else");
+    if (metadata.LostThumbnail())
+        remarks << QCoreApplication::translate("modMetadata",
+                                               "the thumbnail was removed to make room for the new text");
+    return remarks;
+}
+
+bool HasIptcFields(const QString& sideFile) {
+    MetadataStore fields;
+    fields.IptcLoadFromFile(sideFile);
+    return fields.HasIptc();
+}
+
+QString remarkOnEmptyFfo(const QString& sideFile) {
+    return QCoreApplication::translate("modMetadata", "%1 has no IPTC fields; those of the picture stay")
+        .arg(sideFile);
 }
 
 void RemovePrivateMetadata(ImageBox& box) {

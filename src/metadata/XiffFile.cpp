@@ -47,6 +47,18 @@ int WriteXiffFile(const QString& path, const ListView& rows) {
     return written;
 }
 
+QString remarkOnXiffFile(const ListView& rows) {
+    QStringList names;
+    for (int i = 0; i < rows.count(); ++i)
+        if (!rows.row(i).key.isEmpty() && rows.row(i).subItems.value(0).contains(u'"'))
+            names << rows.row(i).text;
+    if (names.isEmpty())
+        return {};
+    return QCoreApplication::translate(
+               "modMetadata", "a quotation mark ends a value of a .xiff file; not complete in it: %1")
+        .arg(names.join(QStringLiteral(", ")));
+}
+
 QList<std::pair<QString, QString>> ApplyXiffFile(const QString& path, ImageBox& box, const DateForms& forms) {
     QList<std::pair<QString, QString>> applied;
     clsFileEXIF file;

@@ -109,8 +109,8 @@ bool DeleteExifAttribute(const QString& path, const QString& name, ImageBox& box
 void SetIptcList(const QString& path, const QString& label, const QStringList& texts, ImageBox& box);
 void ClearIptcList(const QString& path, const QString& label, ImageBox& box);
 
-/// What to say of a change that the file's XMP packet could not follow.
-QString xmpContradiction();
+/// What to say of changes: that the file's XMP packet could not follow, that the thumbnail was dropped.
+QStringList remarksOn(const MetadataStore& metadata);
 
 /// Removes coordinates and serial numbers from the box alone.
 void RemovePrivateMetadata(ImageBox& box);
@@ -118,6 +118,12 @@ void RemovePrivateMetadata(ImageBox& box);
 /// Writes the rows of a list that have a key, as they are shown, to a .xiff file. Returns how many; without
 /// any, none is made.
 int WriteXiffFile(const QString& path, const ListView& rows);
+/// Names the values that such a file can't hold, as a quotation mark in them ends them on reading. Empty for
+/// none.
+QString remarkOnXiffFile(const ListView& rows);
+/// Whether a .ffo file has fields; one without is not applied, since it would delete those of every picture.
+bool HasIptcFields(const QString& sideFile);
+QString remarkOnEmptyFfo(const QString& sideFile);
 
 /// Sets the attributes of a .xiff file in the box, and the Software attribute with them. A file that can't be
 /// opened changes nothing. Dates are read as rows show them, and one that stands as it is in a picture is set

@@ -111,12 +111,15 @@ QString SavedRows::tokenText(const QString& token, const ListRow& row, const Ima
 }
 
 void SavedRows::importMetadata(ImageBox& box, RowResult& result) const {
-    if (isImportable(m_settings.ImportIPTC, m_settings.ImportIPTCFile))
-        box.IptcLoadFromFile(m_settings.ImportIPTCFile);
+    if (const QString& file = m_settings.ImportIPTCFile; isImportable(m_settings.ImportIPTC, file)) {
+        if (modMetadata::HasIptcFields(file))
+            box.IptcLoadFromFile(file);
+        else
+            result.notes << modMetadata::remarkOnEmptyFfo(file);
+    }
     if (isImportable(m_settings.ImportEXIF, m_settings.ImportEXIFFile))
         modMetadata::ApplyXiffFile(m_settings.ImportEXIFFile, box, service<Locale>().dateForms());
-    if (box.metadata().ContradictsXmp())
-        result.remark(modMetadata::xmpContradiction());
+    result.notes << modMetadata::remarksOn(box.metadata());
     box.ExifSet(QStringLiteral("Software"), modMetadata::ProductTitle);
     if (m_settings.StripPrivate == 1)
         modMetadata::RemovePrivateMetadata(box);

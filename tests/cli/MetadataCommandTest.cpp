@@ -50,6 +50,10 @@ TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
     ImageBox().IptcSaveToFile(folder.path("none.ffo"));
     EXPECT_EQ(status("import --iptc none.ffo b.jpg"), 1);
     EXPECT_EQ(rowsOf(folder, "b.jpg"), rowsOf(folder, "a.jpg"));
+    const ProgramRun batch = folder.run("batch --iptc none.ffo --out made c.jpg");
+    EXPECT_EQ(batch.status, 0);
+    EXPECT_TRUE(contains(batch.lines().value(0), "none.ffo has no IPTC fields"));
+    EXPECT_EQ(rowsOf(folder, "made/c.jpg"), rowsOf(folder, "c.jpg"));
     setAttributes(folder.path("b.jpg"), {{"Software", "other"}, {"Artist", ""}});
     EXPECT_EQ(status("delete --exif Artist --iptc Keywords b.jpg"), 0);
     EXPECT_EQ(rowsOf(folder, "b.jpg"), "Software=Tarsel JPEG");
@@ -60,6 +64,33 @@ TEST(MetadataCommand, SetsDeletesClearsAndCarriesToOtherPictures) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(text("empty")));
     EXPECT_EQ(status("clear --exif", {folder.path("empty")}), 0);
     EXPECT_EQ(rowsOf(folder, "a.jpg") + rowsOf(folder, "b.jpg") + rowsOf(folder, "c.jpg"), "");
+}
+
+TEST(MetadataCommand, ExportsBesideEachPictureAndReadsTheDatesThatItPrints) {
+    const PictureFolder folder;
+    const auto set = [&](const char* list, const char* change) {
+        return folder.run(commandLine("metadata set a.jpg") << text(list) << text(change)).status;
+    };
+    for (const char* date : {"2004-01-31T15:05:09", "2004:01:31 15:05:09"}) {
+        EXPECT_EQ(set("--exif", (std::string("DateTime=") + date).c_str()), 0);
+        EXPECT_EQ(rowsOf(folder, "a.jpg"), "Software=Tarsel JPEG|Date/Time=2004:01:31 15:05:09");
+    }
+    EXPECT_EQ(set("--exif", "DateTime=0000:00:00 00:00:00"), 1);
+    EXPECT_EQ(set("--exif", "Artist=Ann \"A\""), 0);
+    EXPECT_EQ(folder.run(commandLine("metadata set b.jpg --iptc") << text("Date Created=2004-01-31")).status,
+              0);
+    EXPECT_EQ(rowsOf(folder, "b.jpg"), "Date Created=2004-01-31");
+    EXPECT_EQ(folder.run("metadata export --beside both --dry-run .").status, 0);
+    EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg");
+    const ProgramRun run = folder.run("metadata export --beside both --json .");
+    QStringList states;
+    for (const QJsonObject& each : run.objects())
+        states << each[QLatin1String("state")].toString();
+    EXPECT_EQ(states.join(u' '), text("written written unchanged"));
+    EXPECT_EQ(folder.files(), "a.jpg a.jpg.xiff b.jpg b.jpg.ffo c.jpg");
+    EXPECT_TRUE(run.objects().value(0)[QLatin1String("remark")].toString().contains(text("Artist")));
+    EXPECT_EQ(folder.run("metadata export --beside exif a.jpg b.jpg").status, 1);
+    EXPECT_EQ(folder.run("metadata export --beside exif --overwrite a.jpg b.jpg").status, 0);
 }
 
 TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
@@ -82,7 +113,8 @@ TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
     EXPECT_TRUE(
         contains(folder.run(commandLine("metadata set a.jpg --iptc") << longKeyword).messages, "64 bytes"));
     for (const char* wrong : {"set a.jpg", "set --exif Make a.jpg", "set --exif ColorSpace=1 a.jpg",
-                              "set --iptc Nothing=1 a.jpg", "get", "lose a.jpg"})
+                              "set --iptc Nothing=1 a.jpg", "get", "lose a.jpg", "export a.jpg",
+                              "export --iptc x.ffo a.jpg b.jpg", "export --beside all a.jpg"})
         EXPECT_EQ(folder.run(commandLine("metadata") + commandLine(wrong)).status, 2) << wrong;
     EXPECT_TRUE(folder.run("metadata --help").output.contains("metadata import  Put the contents"));
     EXPECT_THROW(cli::readCsv("a,\"b"), TrappedError);

@@ -206,6 +206,7 @@ TEST(MetadataStore, ABlockAtTheLimitOfAJpegSegmentGivesUpItsThumbnailFirst) {
     ASSERT_EQ(full.size(), largestJpegExif);
     MetadataStore store = storeWithExif(full);
     ASSERT_TRUE(store.ExifSet(word("Software"), word("Editor")));
+    EXPECT_TRUE(store.LostThumbnail());
     EXPECT_LE(store.blocks().exif.size(), largestJpegExif);
     EXPECT_FALSE(store.blocks().exif.contains("TTTT"));
     EXPECT_EQ(store.ExifValueByName(word("Make")).size(), 49999);

@@ -2,11 +2,13 @@
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 #include "embedded/IptcFields.h"
+#include "embedded/ResourceBlocks.h"
 #include "metadata/modMetadata.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QTemporaryDir>
+#include <exiv2/exiv2.hpp>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -59,9 +61,19 @@ TEST_F(SideFile, EveryIptcMemberComesBackFromAnFfoFile) {
     saved.IptcSaveToFile(path("all.ffo"));
     MetadataStore loaded;
     loaded.IptcLoadFromFile(path("all.ffo"));
+    const auto foreign = Exiv2::ImageFactory::open(path("all.ffo").toStdString());
+    foreign->readMetadata();
+    std::map<int, QStringList> foreignTexts;
+    for (const Exiv2::Iptcdatum& datum : foreign->iptcData())
+        foreignTexts[datum.record() == 2 ? datum.tag() : 0] << QString::fromStdString(datum.toString());
     for (const IptcField& field : iptcFields()) {
         EXPECT_FALSE(saved.iptcList(field.dataset).isEmpty()) << qPrintable(field.member);
         EXPECT_EQ(loaded.iptcList(field.dataset), saved.iptcList(field.dataset)) << qPrintable(field.member);
+        const bool isText = field.kind != IptcKind::Date && field.kind != IptcKind::Time;
+        EXPECT_EQ(foreignTexts[field.dataset].size(), saved.iptcList(field.dataset).size());
+        if (isText && (field.dataset < 200 || field.dataset > 202)) { // which it takes for numbers
+            EXPECT_EQ(foreignTexts[field.dataset], saved.iptcList(field.dataset)) << qPrintable(field.member);
+        }
     }
 }
 
@@ -78,7 +90,16 @@ TEST_F(SideFile, AnFfoFileReplacesAllIptcDataAndNothingElse) {
     EXPECT_TRUE(iptcText(target, "IptcCaption").isEmpty());
     EXPECT_TRUE(iptcList(target, "IptcKeyword").isEmpty());
     EXPECT_TRUE(target.blocks().resources.startsWith(resolution));
+    EXPECT_TRUE(modMetadata::HasIptcFields(path("one.ffo")));
     MetadataStore().IptcSaveToFile(path("none.ffo"));
+    EXPECT_FALSE(modMetadata::HasIptcFields(path("none.ffo")));
+    for (const QByteArray& older :
+         {ResourceBlocks(target.blocks().resources).data(ResourceBlocks::iptcNumber),
+          target.blocks().resources}) {
+        MetadataStore again;
+        again.IptcLoadFromFile(written(older));
+        EXPECT_EQ(iptcText(again, "IptcHeadline"), QStringLiteral("new"));
+    }
     target.IptcLoadFromFile(path("none.ffo"));
     EXPECT_EQ(target.blocks().resources, resolution) << "a file without data empties the picture";
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "embedded/ExifBlock.h"
 #include "embedded/IptcFields.h"
 #include "tests/output/TestBasket.h"
+#include "tests/support/Corpus.h"
 
 #include <gtest/gtest.h>
 
@@ -64,14 +66,44 @@ TEST_F(BatchMetadata, ImportsReplaceIptcAndSetExifAfterTheNameWasRead) {
     EXPECT_EQ(exifOf(result, "DateTime"), text("2004:01:31 15:05:09"));
 }
 
-TEST_F(BatchMetadata, AMissingSideFileIsPassedOverAndPositionsAreLeftOutOnDemand) {
-    settings.StripPrivate = 1;
+TEST_F(BatchMetadata, AMissingSideFileIsPassedOver) {
     addDescribedPicture();
     settings.ImportIPTC = settings.ImportEXIF = 1;
     settings.ImportIPTCFile = path("gone.ffo");
     settings.ImportEXIFFile = text("  ");
     EXPECT_TRUE(run());
     EXPECT_EQ(exifOf(loaded(path("out/a.jpg")), "Artist"), text("Jo"));
-    EXPECT_EQ(exifOf(loaded(path("out/a.jpg")), "GPSLatitudeRef"), QString());
     EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST_F(BatchMetadata, RealPicturesGetTheImportsAndLoseWhatIsPrivate) {
+    TARSEL_REQUIRE_CORPUS();
+    settings.StripPrivate = settings.ImportIPTC = 1;
+    MetadataStore side;
+    setIptcText(side, "IptcCaption", text("New"));
+    settings.ImportIPTCFile = path("side.ffo");
+    side.IptcSaveToFile(settings.ImportIPTCFile);
+    importExif("side.xiff", "\"Artist\",\"Al\"\r\n");
+    for (const CorpusPicture& picture : corpusPictures())
+        if (picture.fact("category") == text("meta"))
+            addRow(picture.path, QString::number(pages.count()));
+    std::ignore = run();
+    int written = 0;
+    for (const RowResult& result : results) {
+        if (result.state != RowState::Written)
+            continue;
+        ++written;
+        SCOPED_TRACE(result.source.toStdString());
+        const ImageBox after = loaded(result.target);
+        EXPECT_EQ(exifOf(after, "Artist"), text("Al"));
+        EXPECT_EQ(exifOf(after, "Make"), exifOf(loaded(result.source), "Make"));
+        EXPECT_EQ(iptcText(after.metadata(), "IptcCaption"), text("New"));
+        for (int i = 0; i < after.ExifCount(); ++i)
+            EXPECT_FALSE(after.ExifName(i).contains(text("GPS")) ||
+                         after.ExifName(i).contains(text("Serial")));
+        const EmbeddedMetadata blocks = after.metadata().blocks();
+        EXPECT_FALSE(blocks.xmp.contains("GPSL") || blocks.xmp.contains("SerialNumber"));
+        EXPECT_FALSE(ExifBlock::read(blocks.exif)->thumbnail().contains("Exif"));
+    }
+    EXPECT_GT(written, 20);
 }

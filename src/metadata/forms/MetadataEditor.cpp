@@ -134,8 +134,8 @@ bool MetadataEditor::change(const Change& change, const QStringList& own) {
         showChangedIptc(m_iptc, m_box.metadata(), edited.metadata(), service<Locale>().dateForms());
         m_box.metadata() = edited.metadata();
     }
-    if (isDone && edited.metadata().ContradictsXmp())
-        Q_EMIT remarked(modMetadata::xmpContradiction());
+    if (const QStringList remarks = modMetadata::remarksOn(edited.metadata()); isDone && !remarks.isEmpty())
+        Q_EMIT remarked(remarks.join(QStringLiteral("; ")));
     return isDone;
 }
 
@@ -378,7 +378,11 @@ void MetadataEditor::SaveXiffFile() {
             return;
         const auto path =
             savePathFor({tr("Save EXIF Information to file"), xiffFilter, {}}, QStringLiteral(".xiff"));
-        if (path && modMetadata::WriteXiffFile(*path, m_exif) == 0)
+        if (!path)
+            return;
+        if (const QString remark = modMetadata::remarkOnXiffFile(m_exif); !remark.isEmpty())
+            Q_EMIT remarked(remark);
+        if (modMetadata::WriteXiffFile(*path, m_exif) == 0)
             inform(tr("There is no user editable EXIF attributes in this current image!\n"
                       "Either create new attribute or select another image having editable attribute."),
                    MessageIcon::Information);
@@ -403,7 +407,7 @@ void MetadataEditor::openIptcFile() {
             return box.HasIptc();
         });
         if (!isDone)
-            Q_EMIT remarked(tr("%1 has no IPTC fields; the picture was not changed").arg(choice->path));
+            Q_EMIT remarked(modMetadata::remarkOnEmptyFfo(choice->path));
     });
 }
 
