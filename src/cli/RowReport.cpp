@@ -54,6 +54,7 @@ void RowReport::add(const RowResult& result) {
     case RowState::Skipped: {
         const bool isDry = result.skipped == SkipReason::DryRun;
         ++(isDry ? m_dry : m_skipped);
+        m_done += isDone(result.skipped) ? 1 : 0;
         m_incomplete += isDry && !result.remarks.isEmpty() ? 1 : 0;
         break;
     }
@@ -115,7 +116,7 @@ void RowReport::summarise() {
 }
 
 bool RowReport::allDone(bool dryRun) const {
-    return m_skipped == 0 && m_failed == 0 && m_incomplete == 0 && (dryRun || m_dry == 0);
+    return m_skipped == m_done && m_failed == 0 && m_incomplete == 0 && (dryRun || m_dry == 0);
 }
 
 } // namespace tarsel::cli

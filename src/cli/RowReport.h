@@ -37,6 +37,7 @@ private:
     int m_written = 0;
     int m_incomplete = 0; ///< with a warning: a damaged source, a failed task
     int m_skipped = 0;
+    int m_done = 0; ///< of the skipped
     int m_failed = 0;
     int m_dry = 0;
     RowResult m_last;

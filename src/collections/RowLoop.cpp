@@ -59,7 +59,8 @@ void RowLoop::work(RowAhead& ahead) {
         return recordUndone(position, SkipReason::Removed);
     RowWork row(m_run, m_consumer, m_box, ahead, position);
     for (int later = position; later <= std::min(position + RowAhead::rowsAhead, m_run.lastThere()); ++later)
-        ahead.load(later, m_consumer.readablePath(m_run.rows.row(later - 1).tag));
+        if (const ListRow source = m_run.rows.row(later - 1); m_consumer.needsPicture(source))
+            ahead.load(later, m_consumer.readablePath(source.tag));
     const ErrorSubject subject(row.result().source);
     try {
         row.perform();

@@ -20,6 +20,9 @@ QString skipText(SkipReason reason) {
         return QCoreApplication::translate("RowResult", "not reached");
     case SkipReason::Removed:
         return QCoreApplication::translate("RowResult", "the row was removed during the run");
+    case SkipReason::Unchanged:
+        return QCoreApplication::translate("RowResult", "unchanged since the last run");
+    case SkipReason::NotNeeded:
     case SkipReason::None:
     case SkipReason::NoPicture:
     case SkipReason::Refused:

@@ -19,12 +19,19 @@ enum class SkipReason {
     NoPicture,  ///< the source holds no picture; the first remark says why
     Removed,    ///< the row was taken out of the list during the run
     Refused,    ///< its file would replace a source; the first remark says which
-    TooLarge    ///< no file keeps to the wanted size; the first remark says why
+    TooLarge,   ///< no file keeps to the wanted size; the first remark says why
+    Unchanged,  ///< its files of the last run are still right
+    NotNeeded   ///< a file of an earlier run, not a row; the first remark says what became of it
 };
+
+/// Whether nothing is left to do for what was skipped.
+constexpr bool isDone(SkipReason reason) {
+    return reason == SkipReason::Unchanged || reason == SkipReason::NotNeeded;
+}
 
 /// What became of one row of a run.
 struct RowResult {
-    int row = 0; ///< from 1
+    int row = 0; ///< from 1; 0 for something that isn't a row
     QString source;
     QString target; ///< empty while no name was built
     RowState state = RowState::Failed;

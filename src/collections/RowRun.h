@@ -42,6 +42,10 @@ public:
     virtual ~RowConsumer() = default;
     /// Where a row's source can be read now: another path when the run itself replaced that file.
     virtual QString readablePath(const QString& source) const { return source; }
+    /// Whether the row's source has to be read at all. Asked for rows to come as well, more than once.
+    virtual bool needsPicture(const ListRow&) { return true; }
+    /// For a row that doesn't: returns the work that is done in place of the other.
+    virtual std::function<void()> consumeUnread(const ListRow&, RowResult&) { return {}; }
     /// Decides on the picture in `box`, as the tasks left it, and fills in the row's target. Returns the work
     /// that is left, mostly writing; the next row's tasks may begin beside it, but see nothing of the box.
     /// It returns false when it has skipped the row, or when a file turned up under a name that must be new.

@@ -22,6 +22,8 @@ RowWork::RowWork(const RowRun& run, RowConsumer& consumer, ImageBox& box, RowAhe
 
 void RowWork::perform() {
     try {
+        if (!m_consumer.needsPicture(m_row))
+            return keepUnread();
         if (!load())
             return doWithoutPicture();
         reportTasks();
@@ -37,6 +39,13 @@ void RowWork::perform() {
         m_result.remark(errorText(ErrorNumber::OutOfMemory));
         throw;
     }
+}
+
+void RowWork::keepUnread() {
+    if (const auto work = m_consumer.consumeUnread(m_row, m_result))
+        m_ahead.finish(work);
+    m_consumer.noteWritten(m_result);
+    m_result.skip(SkipReason::Unchanged);
 }
 
 /// The tasks have run as well then. False when the source holds no picture, or failed to load.
@@ -110,8 +119,9 @@ void RowWork::consume() {
 void RowWork::beginNext() {
     if (m_position >= m_run.lastThere() || isReadByTasks(m_result.target))
         return;
-    const QString source = m_run.rows.row(m_position).tag;
-    m_ahead.begin(m_position + 1, m_consumer.readablePath(source), m_box, m_tasks);
+    const ListRow next = m_run.rows.row(m_position);
+    if (m_consumer.needsPicture(next))
+        m_ahead.begin(m_position + 1, m_consumer.readablePath(next.tag), m_box, m_tasks);
 }
 
 /// A column can name a file, such as the picture of a watermark.

@@ -17,6 +17,7 @@ public:
     const RowResult& result() const { return m_result; }
 
 private:
+    void keepUnread();
     bool load();
     void doWithoutPicture();
     PreparedRow prepare();
