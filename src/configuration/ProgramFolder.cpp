@@ -2,9 +2,11 @@
 #include "configuration/ProgramFolder.h"
 
 #include "base/TrappedError.h"
+#include "configuration/ConfigFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace tarsel {
@@ -14,6 +16,14 @@ QString makeProgramFolder() {
     if (!QDir().mkpath(folder))
         fail(ErrorNumber::PathNotFound, folder);
     return folder;
+}
+
+QString visibleFolder(const QString& folder) {
+    const QString hidden = QFileInfo(ConfigPath).path() + QLatin1Char('/');
+    if (ConfigPath.isEmpty() || !(QDir::cleanPath(folder) + QLatin1Char('/')).startsWith(hidden))
+        return folder;
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
 }
 
 /// Beside the program, in a build folder as in an installed tree.

@@ -9,6 +9,10 @@ namespace tarsel {
 /// error 76 when that fails.
 QString makeProgramFolder();
 
+/// The folder, or that of the user's pictures when it is in the program folder, which is hidden and not a
+/// place for pictures.
+QString visibleFolder(const QString& folder);
+
 /// The folder of the sample pictures that come with the program; empty when there is none.
 QString samplesFolder();
 

@@ -54,6 +54,7 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideT
     ConfigRecord.BatchSave.UprightByExif = 0;
     ConfigRecord.BatchSave.StripPrivate = 1;
     ConfigRecord.PlayerSystem = 1;
+    ConfigRecord.Album.ModernTemplate = 1;
     ConfigRecord.SaveAdvanced.JpgMostKilobytes = 90;
     subSaveSetup();
     restart();
@@ -66,7 +67,9 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideT
     subSaveSetup();
     subSaveSetup();
     EXPECT_EQ(readWholeFile(settingsPathBeside()).replace("StripPrivate=true\nUprightByExif=false\n", ""),
-              damaged + later + "\n[Publishing]\nWindowsPlayers=true\n[Editing]\nLivePreview=true\n")
+              damaged + later +
+                  "\n[Publishing]\nWindowsPlayers=true\n[Album]\nOnlyChanged=false\nStripPrivate=false"
+                  "\nOriginals=false\nModernTemplate=true\n[Editing]\nLivePreview=true\n")
         << "settings of a later version stay";
     EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));
     EXPECT_EQ(ConfigRecord.LastFolder.trimmed(), QStringLiteral("/home/\u65E5\u672C"));

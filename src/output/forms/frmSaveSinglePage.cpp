@@ -5,16 +5,13 @@
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/Translation.h"
-#include "configuration/ConfigFile.h"
+#include "configuration/ProgramFolder.h"
 #include "controls/TypedCharacters.h"
 #include "output/Naming.h"
 #include "output/forms/NamePreview.h"
 #include "output/forms/ui_frmSaveSinglePage.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QKeyEvent>
-#include <QStandardPaths>
 
 namespace tarsel {
 
@@ -36,18 +33,10 @@ QString withoutEndingSeparator(const QString& folder) {
     return shown;
 }
 
-QString picturesFolder() {
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
-}
-
-/// A fresh record names the program folder, which is hidden and not a place for pictures.
+/// A fresh record names the program folder.
 QString shownDestination(const QString& stored) {
-    const QString programFolder = QFileInfo(ConfigPath).path();
-    const bool isInside =
-        !ConfigPath.isEmpty() &&
-        (QDir::cleanPath(stored.trimmed()) + QLatin1Char('/')).startsWith(programFolder + QLatin1Char('/'));
-    return isInside ? picturesFolder() : withoutEndingSeparator(stored);
+    const QString visible = visibleFolder(stored.trimmed());
+    return visible == stored.trimmed() ? withoutEndingSeparator(stored) : visible;
 }
 
 using enum StoreMoment;
