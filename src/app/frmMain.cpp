@@ -554,9 +554,8 @@ void frmMain::generateAlbum(const AlbumOptions& options) {
     m_endsAtOnce = false;
     setRunning(true);
     const auto tasks = [this] { return shownTasks(); };
-    AlbumRun run; // pictures that are prepared as for a batch
+    AlbumRun run; // pictures that are turned as for a batch
     run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
-    run.stripPrivate = ConfigRecord.BatchSave.StripPrivate == 1;
     const std::vector<RowResult> results =
         tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
     setRunning(false);

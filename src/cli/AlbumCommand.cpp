@@ -29,8 +29,6 @@ constexpr OptionSpec ownOptions[] = {
     {"tasks", "F.tbf", QT_TRANSLATE_NOOP("CommandLine", "run this task list on every picture")},
     {"upright", nullptr,
      QT_TRANSLATE_NOOP("CommandLine", "turn pictures by their EXIF orientation before the tasks run")},
-    {"strip-private", nullptr,
-     QT_TRANSLATE_NOOP("CommandLine", "leave out GPS positions, serial numbers and makers' own data")},
     {"json", nullptr,
      QT_TRANSLATE_NOOP("CommandLine", "one JSON object a line: row, source, target, state, reason")},
 };
@@ -87,6 +85,15 @@ void setThumbnail(settings::Album& settings, const QString& text) {
     settings.ThumbnailHeight = side(1);
 }
 
+void requireOriginalsToFit(const settings::Album& settings) {
+    if (settings.Originals == 0 || offersOriginals(settings))
+        return;
+    throw UsageError{settings.StripPrivate == 1
+                         ? QCoreApplication::translate(
+                               "CommandLine", "--originals would publish what --strip-private leaves out")
+                         : QCoreApplication::translate("CommandLine", "--originals needs --template modern")};
+}
+
 AlbumOptions albumOptions(const Arguments& arguments) {
     if (!arguments.has("out"))
         throw UsageError{QCoreApplication::translate("CommandLine", "--out is missing")};
@@ -98,6 +105,7 @@ AlbumOptions albumOptions(const Arguments& arguments) {
         setThumbnail(album.settings, arguments.value("thumbnail"));
     album.settings.AlbumFolder = folderPath(arguments.value("out"));
     album.settings.ProcessTaskBasket = arguments.has("tasks") ? 1 : 0;
+    requireOriginalsToFit(album.settings);
     album.font = arguments.value("font", QStringLiteral("Arial"));
     if (arguments.has("metadata"))
         modSaveOpenImageList::readMetadataBasket(filePath(arguments.value("metadata")), album.metadata);
@@ -119,7 +127,6 @@ int run(const Arguments& arguments, Terminal& terminal) {
     report.addMissing(basket.missing());
     AlbumRun albumRun;
     albumRun.upright = arguments.has("upright");
-    albumRun.stripPrivate = arguments.has("strip-private");
     albumRun.unreadSources = basket.missing();
     albumRun.stop = interruptible.stop();
     albumRun.onRow = [&](const RowResult& result) { report.add(result); };
@@ -144,7 +151,10 @@ constexpr Command albumCommand{
         "CommandLine",
         "Files of an earlier album are replaced; those that the new one doesn't use stay. index.htm is\n"
         "written at the end: not after an error or an interrupt. A row whose picture fails has a page\n"
-        "without it, and the run goes on. No source is replaced, but that of the row itself."),
+        "without it, and the run goes on. No source is replaced, but that of the row itself.\n"
+        "--template modern has one page, index.htm, without the rows that fail; it turns pictures upright, "
+        "and\n"
+        "needs none of the options for colours, borders, fonts, backgrounds and sizes of thumbnails."),
     .options = options,
     .run = run,
 };

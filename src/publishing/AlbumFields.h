@@ -74,6 +74,14 @@ inline constexpr AlbumField albumFields[] = {
      TEXT("progressive JPEG")},
     {"chkProcessTaskBasket", &settings::Album::ProcessTaskBasket, 0, 1},
     {"chkOpenWhenOver", &settings::Album::OpenWhenOver, 0, 1},
+    {"optTemplate", &settings::Album::ModernTemplate, 0, 1, "template", "exact|modern",
+     TEXT("an index and pages, or one page for all screens (default: exact)")},
+    {"chkOriginals", &settings::Album::Originals, 0, 1, "originals", nullptr,
+     TEXT("with --template modern: offer the source files for download")},
+    {"chkStripPrivate", &settings::Album::StripPrivate, 0, 1, "strip-private", nullptr,
+     TEXT("leave out GPS positions, serial numbers and makers' own data")},
+    {"chkOnlyChanged", &settings::Album::OnlyChanged, 0, 1, "only-changed", nullptr,
+     TEXT("keep what is still right of the last run, remove what isn't needed")},
 };
 
 #undef TEXT
@@ -84,6 +92,11 @@ constexpr const AlbumField& albumField(std::string_view control) {
         if (control == field.control)
             return field;
     return albumFields[0];
+}
+
+/// Originals hold what is to be left out of the pictures.
+inline bool offersOriginals(const settings::Album& settings) {
+    return settings.ModernTemplate == 1 && settings.Originals == 1 && settings.StripPrivate == 0;
 }
 
 /// Brings every number into its limits.

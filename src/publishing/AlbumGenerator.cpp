@@ -4,7 +4,7 @@
 #include "base/ErrorTrap.h"
 #include "base/SystemServices.h"
 #include "collections/RowLoop.h"
-#include "publishing/AlbumArtwork.h"
+#include "publishing/AlbumNames.h"
 #include "publishing/AlbumRows.h"
 
 #include <QCoreApplication>
@@ -31,33 +31,16 @@ private:
 };
 
 /// The folder that the user chose is not made.
-void makeDirectory(const AlbumNames& names) {
-    const QFileInfo directory(names.directoryPath());
-    if (directory.isDir())
-        return;
-    if (!QDir(directory.path()).exists())
-        fail(ErrorNumber::PathNotFound, directory.path());
-    if (directory.exists() || !QDir().mkdir(directory.filePath()))
-        fail(ErrorNumber::PermissionDenied, directory.filePath());
-}
-
-void writeResource(const AlbumRows& rows, const AlbumNames& names, const char* type, const QString& name,
-                   const QString& fileName) {
-    rows.writeFile(names.inDirectory(fileName.toLower()), albumArtwork::resource(QLatin1String(type), name));
-}
-
-void writeResources(const AlbumRows& rows, const AlbumNames& names, const settings::Album& settings) {
-    for (const char* each : albumArtwork::navigation) {
-        const QString name = QLatin1String(each);
-        writeResource(rows, names, "ALBUM", name, name + QStringLiteral(".gif"));
+void makeFolders(const QStringList& folders) {
+    for (const QString& path : folders) {
+        const QFileInfo folder(path);
+        if (folder.isDir())
+            continue;
+        if (!QDir(folder.path()).exists())
+            fail(ErrorNumber::PathNotFound, folder.path());
+        if (folder.exists() || !QDir().mkdir(path))
+            fail(ErrorNumber::PermissionDenied, path);
     }
-    const auto writeBackground = [&](const QString& image) {
-        writeResource(rows, names, "BACKGROUND", image, image);
-    };
-    if (settings.PageStyle == 0)
-        writeBackground(albumArtwork::pageImage(settings.PageImage));
-    if (settings.ContainerBackground == 0)
-        writeBackground(albumArtwork::containerImage(settings.ContainerImage));
 }
 
 } // namespace
@@ -66,7 +49,7 @@ bool fncGenerateAlbum(const AlbumSources& sources, const AlbumOptions& options, 
                       const AlbumRun& run, std::vector<RowResult>& results) {
     const AlbumNames names(options.settings.AlbumFolder, options.settings.AlbumTitle);
     const RowRun rowRun{.rows = sources.lvPages,
-                        .upright = run.upright,
+                        .upright = run.upright || options.settings.ModernTemplate == 1,
                         .tasks = options.settings.ProcessTaskBasket == 1 ? sources.tasks : nullptr,
                         .stop = run.stop,
                         .onRow = run.onRow,
@@ -74,21 +57,32 @@ bool fncGenerateAlbum(const AlbumSources& sources, const AlbumOptions& options, 
     std::optional<AlbumRows> rows;
     AlbumProgress bar(progress);
     std::optional<RowLoop> loop;
+    std::vector<RowResult> unneeded;
+    bool isComplete = false;
     const auto failure = trap("fncGenerateAlbum", [&] {
-        rows.emplace(sources.lvPages, options, names, run);
+        rows.emplace(sources, options, names, run);
         loop.emplace(rowRun, *rows, sources.ibTemp, bar, results);
         names.requireUsable(sources.lvPages);
-        makeDirectory(names);
-        writeResources(*rows, names, options.settings);
+        makeFolders(rows->folders());
+        rows->writeResources();
         loop->run();
         if (loop->wasCancelled() || run.stop.stop_requested())
             return;
-        rows->writeFile(names.index(), rows->index());
+        rows->writeIndex();
+        isComplete = true;
+        unneeded = rows->finish(true);
         if (options.settings.OpenWhenOver == 1)
             service<SystemServices>().shellOpen(names.index());
     });
     if (loop)
         loop->finish();
+    if (rows && !isComplete)
+        rows->finish(false);
+    for (const RowResult& each : unneeded) {
+        results.push_back(each);
+        if (run.onRow)
+            run.onRow(each);
+    }
     return !failure;
 }
 

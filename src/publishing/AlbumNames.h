@@ -22,6 +22,9 @@ public:
     QString directoryPath() const;
     QString pagePath(const QString& row) const;
     QString inDirectory(const QString& fileName) const;
+    /// The path of a file of the album from its folder on, and back.
+    QString inFolder(const QString& path) const { return path.mid(m_folder.size()); }
+    QString fromFolder(const QString& path) const { return m_folder + path; }
 
     /// Error 76 without a folder. Error 5 for a title, or a title of a row, that makes a name that can't be
     /// one of a file in its folder or that pages can't refer to, such as "../x".

@@ -3,24 +3,12 @@
 
 #include "publishing/AlbumNames.h"
 #include "publishing/AlbumOptions.h"
+#include "publishing/AlbumRow.h"
 #include "publishing/AlbumText.h"
 
-#include <QSize>
 #include <optional>
-#include <utility>
-#include <vector>
 
 namespace tarsel {
-
-/// What the pages say of a row.
-struct AlbumRow {
-    QString name;
-    QString description;
-    QString thumbnail; ///< its file name; empty for a row without a picture
-    QSize size;        ///< of the picture after the tasks; of the row before where this one has none
-    std::optional<QString> first, previous, next, last; ///< names of the rows that its links lead to
-    std::vector<std::pair<QString, QString>> metadata;  ///< lines and their values
-};
 
 /// The text of an album's pages.
 class AlbumPages {

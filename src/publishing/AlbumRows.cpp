@@ -3,11 +3,14 @@
 
 #include "base/ErrorTrap.h"
 #include "base/FailureOf.h"
+#include "base/FileIdentity.h"
+#include "base/IgnoringErrors.h"
 #include "base/Locale.h"
 #include "base/SafeFileWriter.h"
 #include "collections/Basket.h"
 #include "collections/modFileSystem.h"
 #include "metadata/modMetadata.h"
+#include "publishing/AlbumNames.h"
 #include "publishing/AlbumPictures.h"
 #include "publishing/MetadataLines.h"
 
@@ -18,6 +21,8 @@ namespace tarsel {
 
 namespace {
 
+constexpr int noRow = 0;
+
 /// Whether pages show metadata of files with this extension.
 bool hasMetadataLines(const QString& path) {
     static const QStringList extensions{QStringLiteral("tiff"), QStringLiteral("tif"), QStringLiteral("jpeg"),
@@ -25,42 +30,120 @@ bool hasMetadataLines(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
-/// Reports a failure of the row in work, which goes on.
-void report(std::optional<TrappedError>& failure) {
-    if (failure)
-        std::ignore = trap("Album.fncGenerateJPGsForAlbum", [&] { throw *failure; });
-}
-
 } // namespace
 
-AlbumRows::AlbumRows(const ListView& lvPages, const AlbumOptions& options, const AlbumNames& names,
+AlbumRows::AlbumRows(const AlbumSources& sources, const AlbumOptions& options, const AlbumNames& names,
                      const AlbumRun& run) :
-    m_list(lvPages),
+    m_sources(sources),
     m_options(options), m_names(names), m_run(run), m_forms(service<Locale>().dateForms()),
-    m_sources(lvPages, SourceReplacing::RefusedUntilDone, run.unreadSources), m_pages(options, names) {}
+    m_guard(sources.lvPages, SourceReplacing::RefusedUntilDone, run.unreadSources),
+    m_template(albumTemplate(options, names)) {}
 
-void AlbumRows::writeFile(const QString& path, const QByteArray& bytes) const {
-    constexpr int noRow = 0;
-    if (const QString refused = m_sources.verdictOn(noRow, path).refusal; !refused.isEmpty())
-        fail(ErrorNumber::InvalidCall, path + QLatin1Char(' ') + refused);
-    writeFileSafely(path, bytes);
+// --- files that belong to no row
+
+void AlbumRows::writeFile(const AlbumFile& file) {
+    if (const QString refused = m_guard.verdictOn(noRow, file.path).refusal; !refused.isEmpty())
+        fail(ErrorNumber::InvalidCall, file.path + QLatin1Char(' ') + refused);
+    if (!m_update || !AlbumUpdate::stands(file))
+        writeFileSafely(file.path, file.bytes);
+    if (m_update)
+        m_update->noteFile(file.path);
 }
+
+void AlbumRows::writeResources() {
+    if (m_options.settings.OnlyChanged == 1)
+        m_update.emplace(m_names);
+    for (const AlbumFile& file : m_template->resources())
+        writeFile(file);
+}
+
+void AlbumRows::writeIndex() {
+    writeFile({m_names.index(), m_template->index()});
+}
+
+std::vector<RowResult> AlbumRows::finish(bool isComplete) {
+    if (!m_update)
+        return {};
+    if (isComplete)
+        return m_update->finish([sources = sourceFiles()](const QString& path) {
+            return !sources.contains(FileIdentity::of(path));
+        });
+    ignoringErrors([this] { m_update->suspend(); });
+    return {};
+}
+
+/// Also those that rows were made from already: a picture may be replaced then, but not removed.
+QSet<FileIdentity> AlbumRows::sourceFiles() const {
+    QSet<FileIdentity> files;
+    for (int i = 0; i < m_sources.lvPages.count(); ++i) {
+        const ListRow& row = m_sources.lvPages.row(i);
+        files << FileIdentity::of(row.tag) << FileIdentity::of(shownSource(row));
+    }
+    for (const QString& path : m_run.unreadSources)
+        files << FileIdentity::of(path);
+    return files;
+}
+
+// --- rows that are as the last run left them
+
+QByteArray AlbumRows::digestOf(const ListRow& row) const {
+    const bool runsTasks = m_options.settings.ProcessTaskBasket == 1 && m_sources.tasks;
+    return albumDigest(row.tag, m_options.settings, m_run.upright,
+                       runsTasks ? m_sources.tasks() : std::vector<TaskRow>());
+}
+
+/// The files of a row's pictures, by the size of the picture.
+std::function<QStringList(QSize)> AlbumRows::filesOf(const AlbumRow& row) const {
+    return [this, row](QSize size) {
+        AlbumRow sized = row;
+        sized.size = size;
+        return m_template->pictureFiles(sized);
+    };
+}
+
+std::optional<QSize> AlbumRows::currentSize(const ListRow& row) const {
+    AlbumRow known;
+    known.name = row.text;
+    known.source = row.tag;
+    return m_update->currentSize(row.text, digestOf(row), filesOf(known));
+}
+
+bool AlbumRows::needsPicture(const ListRow& row) {
+    return !m_update || !currentSize(row);
+}
+
+std::function<void()> AlbumRows::consumeUnread(const ListRow& row, RowResult& result) {
+    begin(row, result.row);
+    m_row.size = currentSize(row).value_or(m_row.size);
+    m_files = m_template->pictureFiles(m_row);
+    m_template->describePictures(m_row);
+    m_isWritten = true;
+    result.target = m_files.constFirst();
+    return [this] { finishRow(); };
+}
+
+// --- the others
 
 /// What the pages need of the list is copied: the rest of the work runs beside the window.
 void AlbumRows::begin(const ListRow& row, int position) {
+    const ListView& list = m_sources.lvPages;
     const auto nameOf = [&](int other) {
-        const bool isOther = other >= 1 && other <= m_list.count() && other != position;
-        return isOther ? std::optional(m_list.row(other - 1).text) : std::nullopt;
+        const bool isOther = other >= 1 && other <= list.count() && other != position;
+        return isOther ? std::optional(list.row(other - 1).text) : std::nullopt;
     };
     m_row = {.name = row.text,
+             .source = row.tag,
              .description = row.subItems.value(BasketColumn::Description - 1),
+             .caption = {},
              .thumbnail = {},
              .size = m_row.size,
              .first = nameOf(1),
              .previous = nameOf(position - 1),
              .next = nameOf(position + 1),
-             .last = nameOf(m_list.count()),
+             .last = nameOf(list.count()),
              .metadata = {}};
+    m_digest = m_update ? digestOf(row) : QByteArray();
+    m_files.clear();
     m_pictureFailure.reset();
     m_metadataFailure.reset();
     m_isWritten = false;
@@ -68,28 +151,30 @@ void AlbumRows::begin(const ListRow& row, int position) {
 
 std::function<bool()> AlbumRows::consume(const ListRow& row, ImageBox& box, RowResult& result) {
     begin(row, result.row);
-    result.target = m_names.inDirectory(AlbumNames::picture(row.text));
+    AlbumRow made = m_row; // a row that fails keeps the size of the row before
+    made.size = {box.Width(), box.Height()};
+    m_files = m_template->pictureFiles(made);
+    result.target = m_files.constFirst();
     setAlbumSettings(box, m_options.settings);
     if (!box.LoadDamage().isEmpty() || replacesItsPages(row.tag, result.target))
-        m_sources.noteReadInPart(result.row);
-    const QString refused = refusal(result);
+        m_guard.noteReadInPart(result.row);
+    const QString refused = refusal(m_files, result);
     if (!refused.isEmpty())
         result.skip(SkipReason::Refused, refused);
-    else if (const QString remark = m_sources.verdictOn(result.row, result.target).remark; !remark.isEmpty())
+    else if (const QString remark = m_guard.verdictOn(result.row, result.target).remark; !remark.isEmpty())
         result.remark(remark);
-    return [this, &box, isRefused = !refused.isEmpty(), source = row.tag] {
+    return [this, &box, isRefused = !refused.isEmpty()] {
         if (!isRefused)
-            makePictures(box, m_names.directoryPath());
-        finishRow(source);
+            makePictures(box);
+        finishRow();
         return !isRefused;
     };
 }
 
 /// Why one of the row's pictures can't be written.
-QString AlbumRows::refusal(const RowResult& result) const {
-    const QString thumbnail = m_names.inDirectory(AlbumNames::thumbnail(m_row.name));
-    for (const QString& target : {result.target, thumbnail})
-        if (const QString refused = m_sources.verdictOn(result.row, target).refusal; !refused.isEmpty())
+QString AlbumRows::refusal(const QStringList& files, const RowResult& result) const {
+    for (const QString& target : files)
+        if (const QString refused = m_guard.verdictOn(result.row, target).refusal; !refused.isEmpty())
             return refused;
     return {};
 }
@@ -98,44 +183,51 @@ std::function<void()> AlbumRows::consumeWithoutPicture(const ListRow& row, RowRe
                                                        const std::optional<TrappedError>& failure) {
     begin(row, result.row);
     m_pictureFailure = failure;
-    return [this, source = row.tag] { finishRow(source); };
+    return [this] { finishRow(); };
 }
 
-void AlbumRows::makePictures(ImageBox& box, const QString& folder) {
-    QSize size;
+void AlbumRows::makePictures(ImageBox& box) {
     m_pictureFailure = failureOf([&] {
-        if (m_run.stripPrivate)
+        if (m_options.settings.StripPrivate == 1)
             modMetadata::RemovePrivateMetadata(box);
-        m_row.thumbnail = fncGenerateJPGsForAlbum(box, m_options.settings, folder, m_row.name, size);
+        m_template->makePictures(box, m_row);
     });
-    if (!size.isNull())
-        m_row.size = size;
     m_isWritten = !m_pictureFailure;
 }
 
 /// Of the source, whatever the tasks made of its picture.
-void AlbumRows::readMetadata(const QString& source) {
-    m_row.metadata.clear();
+void AlbumRows::readMetadata() {
     ImageBox ib;
-    modMetadata::ReadMetadata(source, ib);
+    modMetadata::ReadMetadata(m_row.source, ib);
+    const auto valueOf = [&](const QString& line) {
+        return fncRetrieveTagValue(line, ib, m_forms).trimmed();
+    };
     for (const QString& line : m_options.metadata)
-        if (const QString value = fncRetrieveTagValue(line, ib, m_forms).trimmed(); !value.isEmpty())
+        if (const QString value = valueOf(line); !value.isEmpty())
             m_row.metadata.emplace_back(line, value);
+    m_row.caption = valueOf(QStringLiteral("IPTC - Caption"));
+    if (m_row.caption.isEmpty())
+        m_row.caption = valueOf(QStringLiteral("EXIF - Image Description"));
 }
 
 /// Raises only what ends the run.
-void AlbumRows::finishRow(const QString& source) {
-    if (!m_options.metadata.isEmpty() && hasMetadataLines(source))
-        m_metadataFailure = failureOf([&] { readMetadata(source); });
-    writeFile(m_names.pagePath(m_row.name), m_pages.page(m_row));
-    m_pages.addCell(m_row);
+void AlbumRows::finishRow() {
+    const bool showsMetadata = !m_options.metadata.isEmpty() || m_options.settings.ModernTemplate == 1;
+    if (showsMetadata && hasMetadataLines(m_row.source))
+        m_metadataFailure = failureOf([&] { readMetadata(); });
+    if (const auto page = m_template->page(m_row))
+        writeFile(*page);
+    m_template->addRow(m_row);
 }
 
 void AlbumRows::noteWritten(const RowResult& result) {
     if (!m_isWritten)
         return;
-    m_sources.noteWritten(result.row, result.target);
-    m_sources.noteWritten(result.row, m_names.inDirectory(AlbumNames::thumbnail(m_row.name)));
+    for (const QString& file : m_files) {
+        m_guard.noteWritten(result.row, file);
+        if (m_update)
+            m_update->noteFile(file);
+    }
 }
 
 void AlbumRows::noteDone(RowResult& result) {
@@ -150,8 +242,26 @@ void AlbumRows::noteDone(RowResult& result) {
     if (metadataFailure)
         result.remark(QCoreApplication::translate("AlbumRows", "the page has no metadata: %1")
                           .arg(metadataFailure->description));
-    if (const QString kept = m_sources.noteDone(result.row); !kept.isEmpty())
+    if (const QString kept = m_guard.noteDone(result.row); !kept.isEmpty())
         result.remark(kept);
+    noteMade(result);
+}
+
+/// A row with a remark, such as a damaged source, is made again by the next run, which says so again.
+void AlbumRows::noteMade(const RowResult& result) {
+    const QByteArray digest = std::exchange(m_digest, {}); // none for a row that was not begun
+    if (digest.isEmpty())
+        return;
+    if (m_isWritten)
+        m_update->noteRow(m_row.name, result.remarks.isEmpty() ? digest : QByteArray(), m_row.size);
+    else
+        m_update->keepRow(m_row.name, filesOf(m_row));
+}
+
+/// Reports the first failure of a row; a box for each of fifty would hide what they have in common.
+void AlbumRows::report(const std::optional<TrappedError>& failure) {
+    if (failure && !std::exchange(m_hasReported, true))
+        std::ignore = trap("Album.fncGenerateJPGsForAlbum", [&] { throw *failure; });
 }
 
 } // namespace tarsel

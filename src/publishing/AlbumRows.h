@@ -2,49 +2,72 @@
 #pragma once
 
 #include "base/Conversions.h"
+#include "base/FileIdentity.h"
 #include "collections/RowRun.h"
 #include "output/SourceGuard.h"
-#include "publishing/AlbumPages.h"
+#include "publishing/AlbumOptions.h"
 #include "publishing/AlbumRun.h"
+#include "publishing/AlbumSources.h"
+#include "publishing/AlbumTemplate.h"
+#include "publishing/AlbumUpdate.h"
 
+#include <QSet>
+#include <memory>
 #include <optional>
 
 namespace tarsel {
 
-/// The last step of an album's rows: both pictures, the page, the cell of the index. A row whose picture
-/// fails has them too, but for the pictures, and doesn't end the run.
+/// The last step of an album's rows: pictures, page, place in the index. A row whose picture fails has them
+/// too, but for the pictures, and doesn't end the run; the first such failure is reported, and all are in the
+/// results.
 class AlbumRows final : public RowConsumer {
 public:
-    AlbumRows(const ListView& lvPages, const AlbumOptions& options, const AlbumNames& names,
+    AlbumRows(const AlbumSources& sources, const AlbumOptions& options, const AlbumNames& names,
               const AlbumRun& run);
 
+    bool needsPicture(const ListRow& row) override;
+    std::function<void()> consumeUnread(const ListRow& row, RowResult& result) override;
     std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;
     std::function<void()> consumeWithoutPicture(const ListRow& row, RowResult& result,
                                                 const std::optional<TrappedError>& failure) override;
     void noteWritten(const RowResult& result) override;
     void noteDone(RowResult& result) override;
 
-    /// Writes a file of the album; error 5 when that would replace the source of a row.
-    void writeFile(const QString& path, const QByteArray& bytes) const;
-    QByteArray index() const { return m_pages.index(); }
+    // before and after all rows
+    QStringList folders() const { return m_template->folders(); }
+    void writeResources();
+    void writeIndex();
+    /// Returns what became of the files of earlier albums.
+    std::vector<RowResult> finish(bool isComplete);
 
 private:
     void begin(const ListRow& row, int position);
-    QString refusal(const RowResult& result) const;
-    void makePictures(ImageBox& box, const QString& folder);
-    void readMetadata(const QString& source);
-    void finishRow(const QString& source);
+    QByteArray digestOf(const ListRow& row) const;
+    std::function<QStringList(QSize)> filesOf(const AlbumRow& row) const;
+    QSet<FileIdentity> sourceFiles() const;
+    std::optional<QSize> currentSize(const ListRow& row) const;
+    QString refusal(const QStringList& files, const RowResult& result) const;
+    void makePictures(ImageBox& box);
+    void readMetadata();
+    void finishRow();
+    void writeFile(const AlbumFile& file);
+    void noteMade(const RowResult& result);
+    void report(const std::optional<TrappedError>& failure);
 
-    const ListView& m_list;
+    const AlbumSources& m_sources;
     const AlbumOptions& m_options;
     const AlbumNames& m_names;
     const AlbumRun& m_run;
     const DateForms m_forms;
-    SourceGuard m_sources;
-    AlbumPages m_pages;
-    AlbumRow m_row; ///< in work
+    SourceGuard m_guard;
+    const std::unique_ptr<AlbumTemplate> m_template;
+    std::optional<AlbumUpdate> m_update; ///< only where files are to be kept
+    AlbumRow m_row;                      ///< in work
+    QByteArray m_digest;                 ///< of it
+    QStringList m_files;                 ///< of its pictures
     std::optional<TrappedError> m_pictureFailure, m_metadataFailure;
     bool m_isWritten = false;
+    bool m_hasReported = false;
 };
 
 } // namespace tarsel

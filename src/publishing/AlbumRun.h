@@ -12,7 +12,6 @@ namespace tarsel {
 /// How a run differs from the plain one of the window.
 struct AlbumRun {
     bool upright = false;      ///< pictures are turned by their EXIF orientation before the tasks run
-    bool stripPrivate = false; ///< position and serial numbers are left out of the pictures
     QStringList unreadSources; ///< files that the user named but that became no rows; they are not replaced
     std::stop_token stop;
     std::function<void(const RowResult&)> onRow;

@@ -118,6 +118,15 @@ TEST_F(AlbumDialog, StylesShowTheirOwnControls) {
             visible += child<QWidget>(*dialog(), part).isVisible() ? '1' : '0';
         EXPECT_EQ(visible, shown) << button;
     }
+    const auto& originals = child<QCheckBox>(*dialog(), "chkOriginals");
+    const auto isLookEnabled = [&] { return child<QTabWidget>(*dialog(), "tabsAlbum").isTabEnabled(1); };
+    EXPECT_TRUE(!originals.isEnabled() && isLookEnabled()) << "classic";
+    child<QAbstractButton>(*dialog(), "optTemplate_1").click();
+    EXPECT_TRUE(originals.isEnabled() && !isLookEnabled()) << "modern";
+    child<QAbstractButton>(*dialog(), "chkStripPrivate").click();
+    EXPECT_FALSE(originals.isEnabled()) << "they hold what is to be left out";
+    click(*dialog(), "cmdGenerate");
+    EXPECT_TRUE(ConfigRecord.Album.ModernTemplate == 1 && ConfigRecord.Album.StripPrivate == 1);
 }
 
 TEST_F(AlbumDialog, LinesOfMetadataAreChosenOnceSavedAndOpened) {

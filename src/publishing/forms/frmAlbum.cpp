@@ -4,6 +4,7 @@
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
+#include "configuration/ProgramFolder.h"
 #include "controls/FormScrollArea.h"
 #include "controls/LineIcon.h"
 #include "publishing/AlbumArtwork.h"
@@ -143,7 +144,23 @@ void frmAlbum::showBackgrounds() {
     m_ui->picPageImage->setVisible(!m_ui->optPageStyle_1->isChecked());
 }
 
+/// Options of one template only, and originals only where they show nothing that is to be left out.
+void frmAlbum::showTemplate() {
+    const bool isModern = m_ui->optTemplate_1->isChecked();
+    m_ui->chkOriginals->setEnabled(isModern && !m_ui->chkStripPrivate->isChecked());
+    m_ui->tabsAlbum->setTabEnabled(m_ui->tabsAlbum->indexOf(m_ui->areaLook), !isModern);
+    const std::initializer_list<QWidget*> classic{
+        m_ui->TThumbnailWidth,   m_ui->TThumbnailWidthD, m_ui->TthumbnailHeight,
+        m_ui->TthumbnailHeightD, m_ui->TPicturesPerRow,  m_ui->TPicturesPerRowD,
+        m_ui->chkResample,       m_ui->grpFont,          m_ui->cmdMetadataFontColor};
+    for (QWidget* each : classic)
+        each->setEnabled(!isModern);
+}
+
 void frmAlbum::connectButtons() {
+    connect(m_ui->optTemplate, &QButtonGroup::idToggled, this, &frmAlbum::showTemplate);
+    connect(m_ui->chkStripPrivate, &QCheckBox::toggled, this, &frmAlbum::showTemplate);
+    showTemplate();
     for (const QButtonGroup* group : {m_ui->optContainerBackground, m_ui->optPageStyle})
         connect(group, &QButtonGroup::idToggled, this, &frmAlbum::showBackgrounds);
     showBackgrounds();
@@ -163,7 +180,7 @@ void frmAlbum::cmdGenerate_Click() {
 }
 
 void frmAlbum::browseFolder() {
-    const auto folder = service<Dialogs>().folderDialog(m_ui->txtFolder->text());
+    const auto folder = service<Dialogs>().folderDialog(visibleFolder(m_ui->txtFolder->text()));
     if (folder && !folder->isEmpty())
         m_ui->txtFolder->setText(*folder);
 }

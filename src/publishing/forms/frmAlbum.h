@@ -39,6 +39,7 @@ private:
     void showImages();
     void connectButtons();
     void showBackgrounds();
+    void showTemplate();
     void cmdGenerate_Click();
     void browseFolder();
     QStringList lines() const;
