@@ -120,11 +120,14 @@ int run(const Arguments& arguments, Terminal& terminal) {
     TerminalProgress progress(terminal);
     BasketWorkspace basket(progress, interruptible.stop());
     basket.fill(arguments.operands());
-    if (!modFileSystem::FolderExists(album.settings.AlbumFolder))
-        modFileSystem::MakeFolder(album.settings.AlbumFolder);
-
     RowReport report(terminal, arguments.has("json"));
     report.addMissing(basket.missing());
+    if (basket.pages().isEmpty()) { // an album without a row would take the place of an older one
+        report.summarise();
+        return wasInterrupted() ? Interrupted : SomeNotDone;
+    }
+    if (!modFileSystem::FolderExists(album.settings.AlbumFolder))
+        modFileSystem::MakeFolder(album.settings.AlbumFolder);
     AlbumRun albumRun;
     albumRun.upright = arguments.has("upright");
     albumRun.unreadSources = basket.missing();

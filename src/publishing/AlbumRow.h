@@ -16,7 +16,7 @@ struct AlbumRow {
     QString description; ///< of the basket
     QString caption;     ///< from the source: that of IPTC, else the description of EXIF
     QString thumbnail;   ///< its file name; empty for a row without a picture
-    QSize size;          ///< of the picture after the tasks; of the row before where this one has none
+    QSize size{0, 0};    ///< of the picture after the tasks; of the row before where this one has none
     std::optional<QString> first, previous, next, last; ///< names of the rows that its links lead to
     std::vector<std::pair<QString, QString>> metadata;  ///< lines and their values
 

@@ -15,6 +15,7 @@
 #include "publishing/MetadataLines.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <utility>
 
 namespace tarsel {
@@ -30,6 +31,14 @@ bool hasMetadataLines(const QString& path) {
     return extensions.contains(modFileSystem::GetFileExtension(path).toLower());
 }
 
+/// The first text that isn't empty.
+QString firstOf(const QStringList& files, const std::function<QString(const QString& file)>& textOf) {
+    for (const QString& file : files)
+        if (QString text = textOf(file); !text.isEmpty())
+            return text;
+    return {};
+}
+
 } // namespace
 
 AlbumRows::AlbumRows(const AlbumSources& sources, const AlbumOptions& options, const AlbumNames& names,
@@ -42,7 +51,7 @@ AlbumRows::AlbumRows(const AlbumSources& sources, const AlbumOptions& options, c
 // --- files that belong to no row
 
 void AlbumRows::writeFile(const AlbumFile& file) {
-    if (const QString refused = m_guard.verdictOn(noRow, file.path).refusal; !refused.isEmpty())
+    if (const QString refused = refusal(noRow, file.path); !refused.isEmpty())
         fail(ErrorNumber::InvalidCall, file.path + QLatin1Char(' ') + refused);
     if (!m_update || !AlbumUpdate::stands(file))
         writeFileSafely(file.path, file.bytes);
@@ -158,10 +167,12 @@ std::function<bool()> AlbumRows::consume(const ListRow& row, ImageBox& box, RowR
     setAlbumSettings(box, m_options.settings);
     if (!box.LoadDamage().isEmpty() || replacesItsPages(row.tag, result.target))
         m_guard.noteReadInPart(result.row);
-    const QString refused = refusal(m_files, result);
+    const QString refused = firstOf(m_files, [&](const QString& file) { return refusal(result.row, file); });
     if (!refused.isEmpty())
         result.skip(SkipReason::Refused, refused);
-    else if (const QString remark = m_guard.verdictOn(result.row, result.target).remark; !remark.isEmpty())
+    else if (const QString remark = firstOf(
+                 m_files, [&](const QString& file) { return m_guard.verdictOn(result.row, file).remark; });
+             !remark.isEmpty())
         result.remark(remark);
     return [this, &box, isRefused = !refused.isEmpty()] {
         if (!isRefused)
@@ -171,12 +182,11 @@ std::function<bool()> AlbumRows::consume(const ListRow& row, ImageBox& box, RowR
     };
 }
 
-/// Why one of the row's pictures can't be written.
-QString AlbumRows::refusal(const QStringList& files, const RowResult& result) const {
-    for (const QString& target : files)
-        if (const QString refused = m_guard.verdictOn(result.row, target).refusal; !refused.isEmpty())
-            return refused;
-    return {};
+/// Why the file can't be written; empty where it can.
+QString AlbumRows::refusal(int row, const QString& path) const {
+    if (QFileInfo(path).isSymLink())
+        return QCoreApplication::translate("AlbumRows", "is a link to a file that may be outside the album");
+    return m_guard.verdictOn(row, path).refusal;
 }
 
 std::function<void()> AlbumRows::consumeWithoutPicture(const ListRow& row, RowResult& result,

@@ -46,7 +46,7 @@ private:
     std::function<QStringList(QSize)> filesOf(const AlbumRow& row) const;
     QSet<FileIdentity> sourceFiles() const;
     std::optional<QSize> currentSize(const ListRow& row) const;
-    QString refusal(const QStringList& files, const RowResult& result) const;
+    QString refusal(int row, const QString& path) const;
     void makePictures(ImageBox& box);
     void readMetadata();
     void finishRow();

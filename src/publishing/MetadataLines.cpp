@@ -99,11 +99,24 @@ QString fncRetrieveEXIFTagValue(const QString& tagName, const ImageBox& box) {
     return {};
 }
 
+/// Empty where the file has no such time. Midnight is one.
+static QString timeOf(const ImageBox& box, const IptcField& field, const DateForms& forms) {
+    const std::string member = field.member.toStdString();
+    if (iptcText(box.metadata(), member).isEmpty())
+        return {};
+    return iptcDate(box.metadata(), member)
+        .time()
+        .toString(forms.longTime.isEmpty() ? QStringLiteral("HH:mm:ss") : forms.longTime);
+}
+
 QString fncRetrieveIPTCTagValue(const QString& tagName, const ImageBox& box, const DateForms& forms) {
     if (!metadataLines().contains(tagName) || !box.HasIptc())
         return {};
     const IptcField* field = iptcFieldByLabel(tagName.mid(metadataPrefixLength));
-    return field ? iptcRowText(box.metadata(), *field, forms) : QString();
+    if (!field)
+        return {};
+    return field->kind == IptcKind::Time ? timeOf(box, *field, forms)
+                                         : iptcRowText(box.metadata(), *field, forms);
 }
 
 } // namespace tarsel

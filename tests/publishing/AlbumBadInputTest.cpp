@@ -69,6 +69,23 @@ TEST_F(AlbumOfBadInput, IsReportedAndNeverWritesOutsideTheFolder) {
          false, "written failed written", text("b.jpg")},
         {"folder in the way of the index", [&] { QDir().mkpath(path("out/index.htm")); }, true,
          "written written written", text("index.htm")},
+        {"a link in the place of a picture",
+         [&] {
+             QDir().mkpath(path("out/MyImages_My Album"));
+             QFile::link(writeFile("precious", "x"), path("out/MyImages_My Album/b.jpg"));
+         },
+         false,
+         "written skipped written",
+         {}},
+        {"a link in the place of the index",
+         [&] { QFile::link(writeFile("elsewhere", "x"), path("out/index.htm")); }, true,
+         "written written written", path("out/index.htm")},
+        {"a link in the place of the folder",
+         [&] {
+             QDir().mkpath(path("other"));
+             QFile::link(path("other"), path("out/MyImages_My Album"));
+         },
+         true, none, path("out/MyImages_My Album")},
         {"two rows of one name", [&] { rename(text("a")); }, false, "written written written", {}},
         {"a picture in the place of a source",
          [&] {
