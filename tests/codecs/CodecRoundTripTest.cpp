@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "bytes/Numbers.h"
+#include "codecs/AfcpTrailer.h"
 #include "codecs/PictureFile.h"
 #include "embedded/ResourceBlocks.h"
 #include "tests/support/Boxes.h"
@@ -27,7 +28,7 @@ void expectSameBlocks(const EmbeddedMetadata& after, const EmbeddedMetadata& bef
     EXPECT_EQ(after.iccProfile, before.iccProfile);
     EXPECT_EQ(after.comments, before.comments);
     EXPECT_EQ(after.cameraSegments, before.cameraSegments);
-    EXPECT_EQ(after.trailer, before.trailer);
+    EXPECT_EQ(trailerAt(after.trailer, 0), trailerAt(before.trailer, 0)) << "but for offsets in the file";
 }
 
 TEST(CodecRoundTrip, transparencyShowsWhiteWhereTheFormatHasNoneWhateverBackColourIsLeftOver) {

@@ -27,6 +27,8 @@ constexpr const char* files[][2] = {
 *Manufacturer: "Test"
 *ModelName: "Paper"
 *NickName: "Paper"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
 *ColorDevice: True
 *cupsFilter2: "application/vnd.cups-pdf application/pdf 0 -"
 *OpenUI *PageSize: PickOne

@@ -199,11 +199,14 @@ TEST_F(SaveAdvancedDialog, ShowsTheOriginalForPdfAndTheQualityThatAnotherSaveHas
     auto& colors = control<QComboBox>("cboColorFormat");
     colors.setCurrentIndex(colors.count() - 1);
     ASSERT_TRUE(settle());
-    const auto looksOriginal = [&] {
-        return control<ImageBoxView>("ibOptimized").grab().toImage() ==
-               control<ImageBoxView>("ibOriginal").grab().toImage();
+    const auto blueInTheMiddle = [&](const char* name) {
+        auto& view = control<ImageBoxView>(name);
+        return view.grab().toImage().pixelColor(view.rect().center() * view.devicePixelRatioF()).blue();
     };
-    EXPECT_FALSE(looksOriginal());
+    const auto looksOriginal = [&] {
+        return std::abs(blueInTheMiddle("ibOptimized") - blueInTheMiddle("ibOriginal")) < 5;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !looksOriginal(); }));
     chooseFormat("PDF");
     EXPECT_TRUE(QTest::qWaitFor(looksOriginal));
     chooseFormat("JPG");
@@ -217,7 +220,7 @@ TEST_F(SaveAdvancedDialog, KeepsPictureAndOptionsWhenTheDiskIsFull) {
     reportFileSizeLimitAsError();
     open();
     {
-        const FileSizeLimit full(1000);
+        const FileSizeLimit full(100'000); // less than the file, more than a log of this test
         chooseFormat("TIF");
         EXPECT_TRUE(QTest::qWaitFor([&] {
             return label("sbMain_status").find("The temporary file was not written: Disk full") == 0;
@@ -225,7 +228,7 @@ TEST_F(SaveAdvancedDialog, KeepsPictureAndOptionsWhenTheDiskIsFull) {
         desktop.fileChoices.push_back(FileDialogChoice{folder.filePath(QStringLiteral("kept")), 1});
         click(*dialog, "cmdSave");
         ASSERT_TRUE(QTest::qWaitFor([&] { return !desktop.reports.empty(); }));
-        EXPECT_TRUE(desktop.reports.front().ErrSystem.startsWith(QStringLiteral("Disk full")));
+        EXPECT_TRUE(desktop.reports.front().ErrSystem.contains(QStringLiteral("Disk full")));
         EXPECT_FALSE(QFileInfo::exists(folder.filePath(QStringLiteral("kept.tif"))));
     }
     EXPECT_GT(QFileInfo(save("kept")).size(), 150'000);

@@ -105,7 +105,7 @@ TEST_F(Print, ALargeJpegIsDecodedSmallAndLooksOnItsPageLikeOneDecodedInFull) {
             EXPECT_EQ(box.FullSize(), (PixelSize{1600, 2400}));
             EXPECT_EQ(box.Width() < 1600, isJpeg);
             const QByteArray images = outputOf("pdfimages", {text("-list"), document()});
-            EXPECT_EQ(images.count(" 600 "), 1) << "pixels an inch, across and down: " << images.constData();
+            EXPECT_GE(images.count(" 600 "), 1) << "pixels an inch, across and down: " << images.constData();
             printed[isJpeg] = pageOf(document(), 1);
         }
         EXPECT_TRUE(isNear(inkedArea(printed[0]), inkedArea(printed[1])));

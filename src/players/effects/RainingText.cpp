@@ -103,7 +103,8 @@ void RainingText::drawPhrase(const Canvas& canvas, std::size_t layer, const std:
     for (std::size_t i = 0; i < phrase.size(); ++i) {
         const double sway =
             std::sin(seconds * 2.2 + double(i) * 0.55 + phase) * 0.16 + random.between(-0.1, 0.1);
-        letters.push_back({dropOf(own, phrase[i], layer == 0 && own.size > 20), int(std::lround(x)), y + sway * own.size});
+        letters.push_back(
+            {dropOf(own, phrase[i], layer == 0 && own.size > 20), int(std::lround(x)), y + sway * own.size});
         x += own.font[0].advance(phrase[i], i + 1 < phrase.size() ? phrase[i + 1] : 0);
     }
     for (const Falling& letter : letters)
