@@ -265,6 +265,10 @@ void frmMain::connectPreview() {
     connect(&m_preview, &Preview::pictureChanged, this, &frmMain::savePictureWanted,
             Qt::QueuedConnection); // its dialog must not hold up what the preview has still to do
     connect(&m_imageDocument.background(), &BackgroundSave::progressed, this, &frmMain::SetStatus);
+    connect(&m_imageDocument.background(), &BackgroundSave::ended, this, [this](bool hasFailed) {
+        if (std::exchange(m_closesAfterWriting, false) && !hasFailed)
+            close();
+    });
     connect(&m_imageDocument.background(), &BackgroundSave::saved, this, [this] {
         if (!m_saveAdvanced || m_saveAdvanced->shows(m_workspace.ibMain.picture()))
             m_workflow.correctionSaved();

@@ -169,6 +169,8 @@ private:
 
     // Form_Unload
     bool asksAboutEnd() const;
+    bool isWriting() const;
+    void closeAfterWriting();
     void confirmEnd();
     bool confirmStop();
     void confirmUnsaved();
@@ -216,7 +218,7 @@ private:
     bool m_loaded = false;
     bool m_endsAtOnce = false; ///< without asking about a batch that runs
     bool m_asksAboutEnd = false;
-    bool m_closesAfterWriting = false; ///< metadata, which may yet fail
+    bool m_closesAfterWriting = false; ///< a file, which may yet fail
     ListControl* ActiveList;           ///< entered last; next and previous walk it
     QString LastBasketFolder;
     QString m_pathToSave;                ///< its save dialog opens as soon as the preview shows it

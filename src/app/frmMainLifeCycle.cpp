@@ -273,15 +273,24 @@ void frmMain::closeEvent(QCloseEvent* event) {
         QMetaObject::invokeMethod(this, &frmMain::confirmEnd, Qt::QueuedConnection);
         return;
     }
-    if (m_metadataEditor.isWriting() && !m_endsAtOnce) {
+    if (isWriting() && !m_endsAtOnce) {
         event->ignore();
-        m_closesAfterWriting = true;
-        SetStatus(tr("The window closes when the file is written"));
+        closeAfterWriting();
         return;
     }
     QMainWindow::closeEvent(event);
     if (std::exchange(m_loaded, false))
         Form_Unload();
+}
+
+bool frmMain::isWriting() const {
+    return m_metadataEditor.isWriting() || m_imageDocument.background().isSaving();
+}
+
+/// A failure is shown then, and keeps the window.
+void frmMain::closeAfterWriting() {
+    m_closesAfterWriting = true;
+    SetStatus(tr("The window closes when the file is written"));
 }
 
 void frmMain::confirmEnd() {
@@ -303,8 +312,10 @@ void frmMain::confirmUnsaved() {
     if (m_asksAboutEnd || !m_loaded)
         return;
     const QScopedValueRollback asking(m_asksAboutEnd, true);
-    if (tasksMayGo() && correctionMayGo())
-        endAtOnce();
+    if (tasksMayGo() && correctionMayGo()) {
+        m_endsAtOnce = true; // no further question
+        isWriting() ? closeAfterWriting() : endAtOnce();
+    }
 }
 
 bool frmMain::tasksMayGo() {

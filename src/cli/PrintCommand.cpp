@@ -8,6 +8,7 @@
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "output/PrintedRows.h"
+#include "output/SourceGuard.h"
 
 #include <QCoreApplication>
 #include <QPageSize>
@@ -93,7 +94,6 @@ PrintLayout layoutOf(const Arguments& arguments) {
     return layout;
 }
 
-/// A PDF file can't be a picture of the basket; any other name could be.
 QString documentPath(const Arguments& arguments) {
     if (!arguments.has("pdf"))
         throw UsageError{QCoreApplication::translate("CommandLine", "--pdf is missing")};
@@ -114,6 +114,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     TerminalProgress progress(terminal);
     BasketWorkspace basket(progress, interruptible.stop());
     basket.fill(arguments.operands());
+    requireNoSource(basket.pages(), path, basket.missing());
     RowReport report(terminal, arguments.has("json"));
     report.addMissing(basket.missing());
     ImageBox box;

@@ -16,6 +16,7 @@
 namespace tarsel {
 
 void BackgroundSave::start(const QString& target, const char* routine, std::function<void()> write) {
+    m_hasFailed = m_running++ > 0 && m_hasFailed;
     Q_EMIT progressed(tr("Saving %1").arg(target));
     m_threads.start([this, write = std::move(write), target, routine] {
         const std::optional<TrappedError> failure = failureOf(write);
@@ -28,10 +29,15 @@ void BackgroundSave::start(const QString& target, const char* routine, std::func
 void BackgroundSave::finish(const QString& target, const char* routine,
                             const std::optional<TrappedError>& failure) {
     Q_EMIT progressed(failure ? tr("%1 was not saved").arg(target) : tr("Saved %1").arg(target));
-    if (!failure)
-        return saved();
-    const ErrorSubject subject(target);
-    std::ignore = trap(routine, [&] { throw *failure; });
+    if (failure) {
+        m_hasFailed = true;
+        const ErrorSubject subject(target);
+        std::ignore = trap(routine, [&] { throw *failure; });
+    } else {
+        Q_EMIT saved();
+    }
+    if (--m_running == 0)
+        Q_EMIT ended(m_hasFailed);
 }
 
 QString unusedNameBeside(const QString& source) {

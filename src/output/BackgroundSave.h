@@ -18,14 +18,18 @@ public:
 
     /// `write` makes the file `target`, on another thread. Its failure is trapped as `routine`.
     void start(const QString& target, const char* routine, std::function<void()> write);
+    bool isSaving() const { return m_running > 0; }
 
 Q_SIGNALS:
     void progressed(const QString& text); ///< for the status line
     void saved();
+    void ended(bool hasFailed); ///< after the last file in work
 
 private:
     void finish(const QString& target, const char* routine, const std::optional<TrappedError>& failure);
 
+    int m_running = 0;
+    bool m_hasFailed = false; ///< one of those in work
     QThreadPool m_threads;
 };
 

@@ -221,4 +221,11 @@ void SourceGuard::release(const std::shared_ptr<KeptFile>& kept) {
     m_kept.removeIf([&](const auto& each) { return each.value() == kept; });
 }
 
+void requireNoSource(const ListView& pages, const QString& target, const QStringList& others) {
+    constexpr int noRow = 0;
+    const SourceGuard guard(pages, SourceReplacing::Refused, others);
+    if (const QString refused = guard.verdictOn(noRow, target).refusal; !refused.isEmpty())
+        fail(ErrorNumber::InvalidCall, target + QLatin1Char(' ') + refused);
+}
+
 } // namespace tarsel

@@ -85,4 +85,7 @@ private:
     QHash<QString, std::shared_ptr<KeptFile>> m_kept; ///< by the path of the source
 };
 
+/// For one file that is made of all rows: raises 5 when it is the source of one of them, or one of `others`.
+void requireNoSource(const ListView& pages, const QString& target, const QStringList& others);
+
 } // namespace tarsel

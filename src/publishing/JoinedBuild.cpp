@@ -13,13 +13,6 @@ namespace tarsel {
 
 namespace {
 
-void requireNoSource(const JoinedBuild& build, const JoinedSources& sources, const JoinedRun& run) {
-    constexpr int noRow = 0;
-    const SourceGuard guard(sources.rows, SourceReplacing::Refused, run.unreadSources);
-    if (const QString refused = guard.verdictOn(noRow, build.path).refusal; !refused.isEmpty())
-        fail(ErrorNumber::InvalidCall, build.path + QLatin1Char(' ') + refused);
-}
-
 void show(const JoinedRun& run, const QString& stage) {
     if (run.status)
         run.status(stage);
@@ -53,7 +46,7 @@ bool buildJoined(const JoinedBuild& build, const JoinedSources& sources, Progres
     RowLoop loop(rowRun, rows, sources.ibTemp, progress, results);
     const auto report = trap(build.routine, [&] {
         show(run, QCoreApplication::translate("JoinedBuild", "Loading Template..."));
-        requireNoSource(build, sources, run);
+        requireNoSource(sources.rows, build.path, run.unreadSources);
         file.emplace(build.path, playerFile(build.player, build.system));
         rows.begin(*file);
         loop.run();

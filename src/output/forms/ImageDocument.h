@@ -25,6 +25,7 @@ public:
     void ShowSaveDialog(ImageBox box, const QString& source);
 
     BackgroundSave& background() { return m_background; }
+    const BackgroundSave& background() const { return m_background; }
 
 private:
     bool takeQuality(ImageBox& box);

@@ -15,6 +15,7 @@
 #include "controls/frmStatus.h"
 #include "output/PrintJob.h"
 #include "output/PrintedRows.h"
+#include "output/SourceGuard.h"
 #include "output/forms/PrintQueue.h"
 #include "output/forms/frmPrint.h"
 #include "tasks/Replay.h"
@@ -74,10 +75,14 @@ std::optional<Printing::Order> Printing::ask(const PrintSubject& subject, const 
     return order;
 }
 
-std::optional<QString> Printing::askForFile(const QString& title) {
+std::optional<QString> Printing::askForFile(const QString& title) const {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return savePathFor({tr("Save pages"), tr("PDF document (*.pdf)|*.pdf"), QDir(folder).filePath(title)},
-                       QStringLiteral(".pdf"));
+    const auto path =
+        savePathFor({tr("Save pages"), tr("PDF document (*.pdf)|*.pdf"), QDir(folder).filePath(title)},
+                    QStringLiteral(".pdf"));
+    if (path)
+        requireNoSource(m_parts.lvPages, *path, {m_parts.preview.shownPath()});
+    return path;
 }
 
 PrintSubject Printing::rowSubject() const {

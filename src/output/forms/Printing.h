@@ -46,7 +46,8 @@ private:
     struct Order;
 
     std::optional<Order> ask(const PrintSubject& subject, const QString& title);
-    static std::optional<QString> askForFile(const QString& title);
+    /// Raises 5 for a file that is one of the pictures.
+    std::optional<QString> askForFile(const QString& title) const;
     PrintSubject rowSubject() const;
     PrintSubject shownSubject() const;
     void print(const Order& order, const std::function<void(PrintJob&, Progress&)>& draw);
