@@ -4,11 +4,13 @@
 #include "base/TrappedError.h"
 #include "codecs/Formats.h"
 #include "codecs/JpegTables.h"
+#include "embedded/MetadataStore.h"
 #include "imaging/PictureParts.h"
 
 #include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarsel {
 
@@ -34,13 +36,22 @@ double between(const Trial& tooLarge, const Trial& fits, double limit, int trial
     return std::exp(std::log(tooLarge.x) + part * (std::log(fits.x) - std::log(tooLarge.x)));
 }
 
+/// EXIF data that state the size of the picture state the new one.
+EmbeddedMetadata withSize(const EmbeddedMetadata& metadata, int width, int height) {
+    MetadataStore store(metadata);
+    for (const auto& [name, length] : {std::pair{"PixelXDimension", width}, {"PixelYDimension", height}})
+        if (store.HasExif(QLatin1String(name)))
+            store.ExifSet(QLatin1String(name), QString::number(length));
+    return store.blocks();
+}
+
 class BudgetSearch {
 public:
     BudgetSearch(const SizeBudget& budget, const Picture& picture, const SaveSettings& settings,
                  const EmbeddedMetadata& metadata) :
         m_budget(budget),
-        m_full(picture), m_picture(picture), m_settings(settings), m_metadata(metadata),
-        m_best(std::max(jpegTableScale(settings.JpegQuality), 1)),
+        m_full(picture), m_picture(picture), m_settings(settings), m_fullMetadata(metadata),
+        m_metadata(metadata), m_best(std::max(jpegTableScale(settings.JpegQuality), 1)),
         m_lowest(std::max(jpegTableScale(budget.lowestQuality), m_best)) {}
 
     BudgetedJpeg find() {
@@ -113,6 +124,7 @@ private:
         const int height = std::max(1, int(std::lround(m_full.height() * scale)));
         if (m_picture.width() != width || m_picture.height() != height)
             m_picture = resizedTo(m_full, {width, height});
+        m_metadata = withSize(m_fullMetadata, width, height);
     }
 
     BudgetedJpeg result(const Trial& trial) {
@@ -138,7 +150,8 @@ private:
     const Picture m_full;
     Picture m_picture; ///< of the last trial
     SaveSettings m_settings;
-    const EmbeddedMetadata& m_metadata;
+    const EmbeddedMetadata& m_fullMetadata;
+    EmbeddedMetadata m_metadata; ///< of m_picture
     const int m_best;
     const int m_lowest;
 };

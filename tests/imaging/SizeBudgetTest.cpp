@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "imaging/SizeBudget.h"
 #include "codecs/JpegCodec.h"
+#include "codecs/PictureFile.h"
+#include "embedded/MetadataStore.h"
 #include "tests/support/CodecTestFiles.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TestPictures.h"
@@ -41,6 +43,18 @@ TEST(SizeBudget, TheBestQualityThatIsSmallEnoughIsKept) {
     const qint64 tooFew = best.bytes.size() - 1;
     EXPECT_LE(jpegWithin({.bytes = tooFew}, picture, {.JpegQuality = 70}, {}).bytes.size(), tooFew);
     EXPECT_EQ(jpegWithin({.bytes = 1'000'000}, picture, {.JpegQuality = 100}, {}).quality(), 100);
+}
+
+TEST(SizeBudget, TheMetadataOfASmallerPictureStateItsSize) {
+    MetadataStore metadata;
+    ASSERT_TRUE(metadata.ExifSet(QStringLiteral("PixelXDimension"), QStringLiteral("320")));
+    const BudgetedJpeg file =
+        jpegWithin({.bytes = 3000, .mayShrink = true}, photograph(320, 240), {}, metadata.blocks());
+    const MetadataStore saved(PictureFile(file.bytes, QStringLiteral("a.jpg")).metadata());
+    EXPECT_EQ(saved.ExifValueByName(QStringLiteral("PixelXDimension")),
+              QString::number(file.picture.width()));
+    EXPECT_LT(file.picture.width(), 320);
+    EXPECT_FALSE(saved.HasExif(QStringLiteral("PixelYDimension"))) << "nothing is added";
 }
 
 TEST(SizeBudget, NothingThatFitsIsAnErrorWithTheFact) {
