@@ -24,11 +24,9 @@ BeforeView::BeforeView(ImageBoxView& after) :
     for (const QScrollBar* bar : {after.horizontalScrollBar(), after.verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &BeforeView::follow);
     connect(&m_renderer, &ScreenRenderer::rendered, this, &BeforeView::take);
-    connect(m_line, &CompareLine::draggedTo, this, [this](int x) {
-        const QRect place = m_after.placement().place();
-        moveLine((x * devicePixelRatioF() - place.left()) / std::max(place.width(), 1));
-    });
-    connect(m_line, &CompareLine::stepped, this, [this](int step) { moveLine(m_position + step / 100.0); });
+    connect(m_line, &CompareLine::draggedTo, this, [this](int x) { moveLine(positionOf(x)); });
+    connect(m_line, &CompareLine::stepped, this,
+            [this](int step) { moveLine(shownPosition() + step / 100.0); });
 }
 
 void BeforeView::setPicture(const PreviewPicture& before) {
@@ -110,9 +108,21 @@ void BeforeView::moveLine(double position) {
     update();
 }
 
+double BeforeView::positionOf(int x) const {
+    const QRect place = m_after.placement().place();
+    return (x * devicePixelRatioF() - place.left()) / std::max(place.width(), 1);
+}
+
+/// Where the place of the line is not in sight, it waits at the edge of the view.
 int BeforeView::lineX() const {
     const QRect place = m_after.placement().place();
-    return int(std::lround((place.left() + m_position * place.width()) / devicePixelRatioF()));
+    const double x = (place.left() + m_position * place.width()) / devicePixelRatioF();
+    return std::clamp(int(std::lround(x)), 0, std::max(width() - 1, 0));
+}
+
+double BeforeView::shownPosition() const {
+    const int x = lineX();
+    return x > 0 && x < width() - 1 ? m_position : positionOf(x);
 }
 
 void BeforeView::paintEvent(QPaintEvent*) {

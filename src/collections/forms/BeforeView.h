@@ -35,6 +35,8 @@ private:
     void take(const ScreenRenderer::Rendered& rendered);
     PicturePlacement placement() const;
     void moveLine(double position);
+    double positionOf(int x) const; ///< of a line at `x`
+    double shownPosition() const;
     int lineX() const;
 
     ImageBoxView& m_after;

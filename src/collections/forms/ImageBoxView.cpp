@@ -254,8 +254,15 @@ void ImageBoxView::showCursor() {
 void ImageBoxView::keyPressEvent(QKeyEvent* event) {
     if (m_selection.key(*event))
         return;
+    const QPoint before = m_placement.scrolled();
     if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier) || !handleKey(event->key()))
         QAbstractScrollArea::keyPressEvent(event);
+    tellScrolledFrom(before);
+}
+
+void ImageBoxView::tellScrolledFrom(QPoint before) {
+    if (m_placement.scrolled() != before)
+        Q_EMIT scrolledHere();
 }
 
 bool ImageBoxView::handleKey(int key) {
@@ -287,7 +294,9 @@ bool ImageBoxView::handleKey(int key) {
 
 void ImageBoxView::wheelEvent(QWheelEvent* event) {
     if (!(event->modifiers() & Qt::ControlModifier)) {
+        const QPoint before = m_placement.scrolled();
         QAbstractScrollArea::wheelEvent(event);
+        tellScrolledFrom(before);
         return;
     }
     if (event->angleDelta().y() != 0)
@@ -334,6 +343,7 @@ void ImageBoxView::zoomAt(QPointF position, bool bestFit) {
     scrolled.bring(point, pointer);
     horizontalScrollBar()->setValue(scrolled.scrolled().x());
     verticalScrollBar()->setValue(scrolled.scrolled().y());
+    Q_EMIT scrolledHere();
 }
 
 } // namespace tarsel

@@ -46,6 +46,7 @@ Q_SIGNALS:
     void containerResized(); ///< also before the first picture
     void zoomModeWanted(bool bestFit);
     void neighbourWanted(int step);
+    void scrolledHere(); ///< by the wheel, a key or zooming; not by a scroll bar
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -76,6 +77,7 @@ private:
     void describe();
     bool canScroll() const;
     bool handleKey(int key);
+    void tellScrolledFrom(QPoint before);
 
     void paintNotice(QPainter& painter) const;
     QString strip() const;

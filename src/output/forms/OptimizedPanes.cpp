@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QTimer>
 #include <cmath>
 #include <limits>
 
@@ -48,6 +47,9 @@ OptimizedPanes::OptimizedPanes(QWidget* parent) :
         if (m_right.view->isCurrent())
             Q_EMIT optimizedSeen();
     });
+    for (const QScrollBar* bar : {m_right.view->horizontalScrollBar(), m_right.view->verticalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &OptimizedPanes::visibleAreaChanged);
+    connect(m_right.view, &ImageBoxView::containerResized, this, &OptimizedPanes::visibleAreaChanged);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_left.holder, 1);
@@ -74,10 +76,8 @@ OptimizedPanes::Pane OptimizedPanes::makePane(const char* name, const QString& t
     view->horizontalScrollBar()->setObjectName(QLatin1String(horizontal));
     view->verticalScrollBar()->setObjectName(QLatin1String(vertical));
     view->viewport()->installEventFilter(this);
-    connect(view, &ImageBoxView::zoomModeWanted, this, [this, view](bool bestFit) {
-        wantZoom(bestFit);
-        QTimer::singleShot(0, this, [this, view] { lineUpWith(*view); }); // it goes to its place after this
-    });
+    connect(view, &ImageBoxView::zoomModeWanted, this, &OptimizedPanes::wantZoom);
+    connect(view, &ImageBoxView::scrolledHere, this, [this, view] { lineUp(*view); });
     connect(view, &ImageBoxView::zoomChanged, this, &OptimizedPanes::zoomChanged);
     connect(view, &ImageBoxView::zoomChanged, this, &OptimizedPanes::showCursor); // the view has set its own
     column->addWidget(caption);
@@ -106,6 +106,7 @@ void OptimizedPanes::setLayoutTo(PreviewLayout layout) {
     m_before->compare(isSplit);
     for (const Pane& pane : {m_left, m_right})
         pane.view->subFixedSizeTiff(layout != PreviewLayout::ActualSize);
+    Q_EMIT visibleAreaChanged();
 }
 
 /// By a double click or a key. The two sides of a line keep their layout.
@@ -116,12 +117,15 @@ void OptimizedPanes::wantZoom(bool bestFit) {
         Q_EMIT layoutWanted(bestFit ? PreviewLayout::BestFit : PreviewLayout::ActualSize);
 }
 
-/// The other pane shows the same place.
-void OptimizedPanes::lineUpWith(const ImageBoxView& view) {
-    for (const Pane& pane : {m_left, m_right}) {
-        pane.view->horizontalScrollBar()->setValue(view.horizontalScrollBar()->value());
-        pane.view->verticalScrollBar()->setValue(view.verticalScrollBar()->value());
-    }
+/// Takes the other pane to the same place, also where the file has fewer pixels than the original.
+void OptimizedPanes::lineUp(const ImageBoxView& leading) {
+    const ImageBoxView& other = &leading == m_left.view ? *m_right.view : *m_left.view;
+    const auto follow = [](const QScrollBar& bar, QScrollBar& follower) {
+        if (bar.maximum() > 0)
+            follower.setValue(int(std::lround(double(bar.value()) * follower.maximum() / bar.maximum())));
+    };
+    follow(*leading.horizontalScrollBar(), *other.horizontalScrollBar());
+    follow(*leading.verticalScrollBar(), *other.verticalScrollBar());
 }
 
 void OptimizedPanes::setPicking(bool picking) {

@@ -26,7 +26,7 @@ enum class PreviewLayout { BestFit = 0, ActualSize = 1, Split = 2 };
 std::optional<int> pannedValue(int value, double start, double pointer, int maximum);
 
 /// The picture as it is and as its file has it, side by side or on the two sides of a line. Each has its own
-/// scroll bars; dragging moves both.
+/// scroll bars; what else scrolls or zooms one of them takes the other along.
 class OptimizedPanes final : public QWidget {
     Q_OBJECT
 public:
@@ -46,6 +46,7 @@ Q_SIGNALS:
     void layoutWanted(tarsel::PreviewLayout layout);
     void zoomChanged();
     void optimizedSeen();         ///< what was passed last is on the screen
+    void visibleAreaChanged();    ///< by a scroll, or by another size of the pane
     void pointedAt(QPoint pixel); ///< of the picture, while a colour is being picked
     void picked();                ///< the button was released
 
@@ -62,7 +63,7 @@ private:
     Pane makePane(const char* name, const QString& title, ImageBox& box, const char* horizontal,
                   const char* vertical);
     void wantZoom(bool bestFit);
-    void lineUpWith(const ImageBoxView& view);
+    void lineUp(const ImageBoxView& leading);
     void showCursor();
     ImageBoxView* viewOf(const QObject* viewport) const;
     bool press(const ImageBoxView& view, const QMouseEvent& event);
