@@ -57,16 +57,27 @@ void LiveRoundTrip::want(const RoundTripSettings& settings, const VisibleArea& v
 void LiveRoundTrip::send(RoundTripWorker::Request request) {
     m_followUp.reset();
     request.number = ++m_lastNumber;
-    m_pending = Pending{request.number};
+    m_pending = Pending{request};
     m_worker.request(std::move(request));
+}
+
+void LiveRoundTrip::show(const VisibleArea& visible) {
+    if (!m_pending || m_pending->request.visible == visible)
+        return;
+    m_pending->request.visible = visible;
+    if (m_followUp)
+        m_followUp->visible = visible;
+    m_worker.requestPart(m_pending->request);
 }
 
 void LiveRoundTrip::take(RoundTripWorker::Answer answer) {
     if (answer.similarity && answer.number == m_lastNumber && m_result)
         takeSimilarity(*answer.similarity);
-    if (!m_pending || answer.number != m_pending->number)
+    if (!m_pending || answer.number != m_pending->request.number)
         return;
     if (answer.part) {
+        if (answer.area != m_pending->request.visible)
+            return; // of which another part was asked for since
         m_pending->isAnswered = true;
         Q_EMIT pictureReady(*answer.part);
         return;

@@ -19,6 +19,8 @@ public:
     enum class Change { AtOnce, Dragged };
     void want(const RoundTripSettings& settings, const VisibleArea& visible, Change change);
 
+    /// Another area of the picture is on show: while the file is being made, its part comes first.
+    void show(const VisibleArea& visible);
     /// To be called when the picture of the last pictureReady is on the screen: where options change quickly,
     /// the next one isn't made before.
     void pictureSeen();
@@ -38,7 +40,7 @@ Q_SIGNALS:
 
 private:
     struct Pending {
-        quint64 number;
+        RoundTripWorker::Request request;
         bool isAnswered = false; ///< with a picture
         bool isSeen = false;
     };

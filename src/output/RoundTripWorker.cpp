@@ -16,7 +16,21 @@ RoundTripWorker::RoundTripWorker(RoundTripSource source, Deliver deliver) :
         const SpreadingScope spreading;
         const StopScope scope(stop);
         ignoringErrors([&] { work(request); });
+    }),
+    m_partWork([this](const Request& request, const std::stop_token& stop) {
+        const StopScope scope(stop);
+        ignoringErrors([&] { makePart(m_otherPart, request); });
     }) {}
+
+void RoundTripWorker::request(Request request) {
+    m_partWork.cancel();
+    m_work.request(std::move(request));
+}
+
+void RoundTripWorker::cancel() {
+    m_partWork.cancel();
+    m_work.cancel();
+}
 
 void RoundTripWorker::work(const Request& request) {
     const std::optional<RoundTripResult> result = request.made ? request.made : make(request);
@@ -25,11 +39,7 @@ void RoundTripWorker::work(const Request& request) {
 }
 
 std::optional<RoundTripResult> RoundTripWorker::make(const Request& request) {
-    std::optional<PreviewPicture> part;
-    ignoringErrors([&] { part = m_visiblePart.roundTrip(m_source, request.settings, request.visible); });
-    raiseIfStopped();
-    if (part)
-        m_deliver({.number = request.number, .part = std::move(part)});
+    makePart(m_visiblePart, request);
     const KeptReductionsScope scope(m_reductions);
     Answer answer{.number = request.number};
     answer.failure = failureOf([&] { answer.result = roundTrip(m_source, request.settings); });
@@ -37,6 +47,14 @@ std::optional<RoundTripResult> RoundTripWorker::make(const Request& request) {
     std::optional<RoundTripResult> result = answer.result;
     m_deliver(std::move(answer));
     return result;
+}
+
+void RoundTripWorker::makePart(VisiblePart& maker, const Request& request) {
+    std::optional<PreviewPicture> part;
+    ignoringErrors([&] { part = maker.roundTrip(m_source, request.settings, request.visible); });
+    raiseIfStopped();
+    if (part)
+        m_deliver({.number = request.number, .area = request.visible, .part = std::move(part)});
 }
 
 void RoundTripWorker::measure(const Request& request, const RoundTripResult& result) {

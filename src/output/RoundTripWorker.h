@@ -24,6 +24,7 @@ public:
     /// One of the four.
     struct Answer {
         quint64 number = 0;
+        VisibleArea area{};                   ///< of the part
         std::optional<PreviewPicture> part{}; ///< what is seen of a large picture; the result follows
         std::optional<RoundTripResult> result{};
         std::optional<TrappedError> failure{};
@@ -35,21 +36,26 @@ public:
     RoundTripWorker(RoundTripSource source, Deliver deliver);
 
     /// Replaces what waits, and stops what is in work, which delivers nothing then.
-    void request(Request request) { m_work.request(std::move(request)); }
-    void cancel() { m_work.cancel(); }
+    void request(Request request);
+    /// Makes the part of another visible area, while the result of the request is in work.
+    void requestPart(Request request) { m_partWork.request(std::move(request)); }
+    void cancel();
 
 private:
     void work(const Request& request);
     std::optional<RoundTripResult> make(const Request& request);
+    void makePart(VisiblePart& maker, const Request& request);
     void measure(const Request& request, const RoundTripResult& result);
 
     const RoundTripSource m_source;
     const Deliver m_deliver;
-    // They belong to the thread.
+    // They belong to the thread of m_work, and the other part to that of m_partWork.
     VisiblePart m_visiblePart;
     KeptReductions m_reductions;
+    VisiblePart m_otherPart;
 
-    NewestWork<Request> m_work; // last, so that it ends first
+    NewestWork<Request> m_work; // these last, so that they end first
+    NewestWork<Request> m_partWork;
 };
 
 } // namespace tarsel

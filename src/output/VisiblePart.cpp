@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/VisiblePart.h"
 
+#include "codecs/JpegTables.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/PictureParts.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace tarsel {
@@ -29,23 +32,10 @@ EmbeddedMetadata colorsOf(const EmbeddedMetadata& metadata) {
     return colors;
 }
 
-/// Copies a row of pixels, which become opaque where the source has no alpha.
-void copyPixels(const std::uint8_t* from, int fromChannels, std::uint8_t* to, int toChannels, int count) {
-    if (fromChannels == toChannels) {
-        std::copy_n(from, std::ptrdiff_t(count) * toChannels, to);
-        return;
-    }
-    for (int i = 0; i < count; ++i, from += fromChannels, to += toChannels) {
-        std::copy_n(from, 3, to);
-        to[3] = 255;
-    }
-}
-
-void copyRows(const Picture& from, PixelView to, QPoint place) {
-    const ConstPixelView source = from.view();
-    for (int y = 0; y < source.height; ++y)
-        copyPixels(source.row(y), source.channels, to.pixel(place.x(), place.y() + y), to.channels,
-                   source.width);
+/// Reduced, the errors of a file's pixels cancel out by as much as the picture gets smaller.
+SaveSettings forReduced(SaveSettings save, double ratio) {
+    save.JpegTableScale = std::max(1, int(std::lround(jpegTableScale(save.JpegQuality) * ratio)));
+    return save;
 }
 
 } // namespace
@@ -59,11 +49,15 @@ QRect blocksAround(const QRect& pixels, const QRect& picture) {
     return QRect(first, QSize(end.x() - first.x(), end.y() - first.y())).intersected(picture);
 }
 
-Picture withPart(const Picture& picture, const Picture& part, QPoint place) {
-    Picture result(picture.width(), picture.height(), std::max(picture.channels(), part.channels()));
+Picture aroundPart(Size size, const Picture& part, QPoint place) {
+    constexpr std::uint8_t gray = 128;
+    Picture result(size.width, size.height, part.channels());
     const PixelView target = result.edit();
-    copyRows(picture, target, {0, 0});
-    copyRows(part, target, place);
+    const ConstPixelView pixels = part.view();
+    std::fill_n(target.data, std::ptrdiff_t(target.stride) * target.height, gray);
+    for (int y = 0; y < pixels.height; ++y)
+        std::copy_n(pixels.row(y), std::ptrdiff_t(pixels.width) * pixels.channels,
+                    target.pixel(place.x(), place.y() + y));
     return result;
 }
 
@@ -82,7 +76,10 @@ std::optional<PreviewPicture> VisiblePart::fitted(const RoundTripSource& source,
     const Picture& reduced = m_reduced.of(source.picture, pane);
     if (savesNoTime({reduced.width(), reduced.height()}, source.picture))
         return std::nullopt;
-    RoundTripResult result = tarsel::roundTrip({reduced, colorsOf(source.metadata)}, settings);
+    RoundTripSettings wanted = settings;
+    if (extensionOfFormat(settings.format) == QLatin1String("jpg"))
+        wanted.save = forReduced(settings.save, double(reduced.width()) / source.picture.width());
+    RoundTripResult result = tarsel::roundTrip({reduced, colorsOf(source.metadata)}, wanted);
     if (result.decoded.isNull())
         return std::nullopt;
     PreviewPicture shown;
@@ -104,10 +101,7 @@ std::optional<PreviewPicture> VisiblePart::cut(const RoundTripSource& source,
     if (result.decoded.isNull())
         return std::nullopt;
     PreviewPicture shown;
-    const bool keepsColors = result.iccProfile == source.metadata.iccProfile;
-    shown.picture =
-        withPart(keepsColors ? source.picture : inDisplayColors(source.picture, source.metadata.iccProfile),
-                 result.decoded, area.topLeft());
+    shown.picture = aroundPart({all.width(), all.height()}, result.decoded, area.topLeft());
     shown.size = {all.width(), all.height()};
     shown.iccProfile = visibleProfile(result.iccProfile);
     return shown;

@@ -58,6 +58,7 @@ constexpr double twipsInInch = 1440;
 constexpr QSize leastTwips(9500, 6000);
 constexpr int patience = 300;    ///< milliseconds
 constexpr int typingPause = 500; ///< after which a number counts
+constexpr int scrollingPause = 60;
 
 RoundTripSource sourceOf(const ImageBox& box) {
     return {box.picture(), box.metadata().blocks()};
@@ -215,6 +216,10 @@ void frmSaveAdvanced::connectOptions() {
             [this](const QString& text) { setPanel("status", text); });
     connect(m_panes, &OptimizedPanes::zoomChanged, this, &frmSaveAdvanced::showZoom);
     connect(m_panes, &OptimizedPanes::optimizedSeen, &m_roundTrip, &LiveRoundTrip::pictureSeen);
+    m_scrolling.setSingleShot(true);
+    m_scrolling.setInterval(scrollingPause);
+    connect(m_panes, &OptimizedPanes::visibleAreaChanged, &m_scrolling, qOverload<>(&QTimer::start));
+    connect(&m_scrolling, &QTimer::timeout, this, [this] { m_roundTrip.show(m_panes->visibleArea()); });
     connect(m_panes, &OptimizedPanes::layoutWanted, this, &frmSaveAdvanced::setPreviewLayout);
     connect(m_panes, &OptimizedPanes::pointedAt, this, &frmSaveAdvanced::follow);
     connect(m_panes, &OptimizedPanes::picked, this, &frmSaveAdvanced::takePicked);

@@ -98,6 +98,7 @@ private:
     OptimizedPanes* m_panes;
     QTimer m_patience; ///< before the dialog says that it is computing
     QTimer m_typing;   ///< while a number is being typed
+    QTimer m_scrolling;
     ImageBox m_optimized;
     std::optional<Color> m_pointed;
     std::optional<RoundTripSettings> m_wanted;
