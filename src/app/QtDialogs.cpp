@@ -143,7 +143,7 @@ std::optional<FileDialogChoice> QtDialogs::saveFileDialog(const FileDialogReques
     QFileDialog dialog(owner(), request.title);
     dialog.setIconProvider(&icons);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.asksToReplace);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // the caller asks, about the name that it completes
     dialog.setFileMode(QFileDialog::AnyFile);
     return runFileDialog(dialog, request);
 }

@@ -19,8 +19,7 @@ enum class MessageAnswer { Ok, Cancel, Yes, No, Save, Discard };
 struct FileDialogRequest {
     QString title;
     QString filter;
-    QString initialPath;       ///< folder or file that the dialog starts at; empty for the last one
-    bool asksToReplace = true; ///< a save dialog asks before it returns a file that exists
+    QString initialPath; ///< folder or file that the dialog starts at; empty for the last one
 };
 
 /// What came back: the path, and the index of the chosen filter counted from 1.

@@ -10,10 +10,12 @@ namespace tarsel {
 
 namespace {
 
-bool mayReplace(const QString& path) {
-    const QString question =
+bool mayReplace(const QString& path, const QString& loss) {
+    QString question =
         QCoreApplication::translate("SaveFileDialog", "%1 already exists.\nDo you want to replace it?")
             .arg(QFileInfo(path).fileName());
+    if (!loss.isEmpty())
+        question += QStringLiteral("\n\n") + loss;
     return service<Dialogs>().messageBox(question, MessageIcon::Question, MessageButtons::YesNo,
                                          ApplicationName) == MessageAnswer::Yes;
 }
@@ -22,10 +24,11 @@ bool mayReplace(const QString& path) {
 
 std::optional<FileDialogChoice>
 saveFileDialogFor(FileDialogRequest request,
-                  const std::function<QString(int filterIndex, const QString& path)>& writtenPath) {
+                  const std::function<QString(int filterIndex, const QString& path)>& writtenPath,
+                  const std::function<QString(const QString& written)>& lossBy) {
     while (const auto choice = service<Dialogs>().saveFileDialog(request)) {
         const QString written = writtenPath(choice->filterIndex, choice->path);
-        if (written == choice->path || !QFileInfo::exists(written) || mayReplace(written))
+        if (!QFileInfo(written).isFile() || mayReplace(written, lossBy ? lossBy(written) : QString()))
             return choice;
         request.initialPath = choice->path;
     }

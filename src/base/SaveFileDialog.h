@@ -10,11 +10,12 @@
 namespace tarsel {
 
 /// The save dialog for a file whose name is completed afterwards: `writtenPath` returns, for a filter index
-/// and the path as typed, the file that will be written. The dialog asks before it replaces the path as
-/// typed; where another file would be replaced, this asks, and No opens the dialog again.
+/// and the path as typed, the file that will be written. This asks before that file is replaced, and No opens
+/// the dialog again. `lossBy` says what is lost when it is: a sentence for the question, or nothing.
 std::optional<FileDialogChoice>
 saveFileDialogFor(FileDialogRequest request,
-                  const std::function<QString(int filterIndex, const QString& path)>& writtenPath);
+                  const std::function<QString(int filterIndex, const QString& path)>& writtenPath,
+                  const std::function<QString(const QString& written)>& lossBy = {});
 
 /// The path with that extension (".xiff") at its end, unless it ends so in any case.
 QString withExtension(const QString& path, const QString& extension);

@@ -5,6 +5,8 @@
 #include "base/TrappedError.h"
 #include "cli/PictureFacts.h"
 #include "codecs/Formats.h"
+#include "codecs/PictureExtras.h"
+#include "codecs/PictureFile.h"
 #include "imaging/ImageBox.h"
 #include "imaging/Upright.h"
 #include "output/SourceGuard.h"
@@ -20,7 +22,7 @@ void requireAllToReplace(const SourceState& state, const QString& source, const 
     if (isReplaced && !state.damage.isEmpty())
         throw TrappedError{ErrorNumber::InvalidPicture,
                            readInPartText(target) + QStringLiteral("; ") + state.damage};
-    if (isReplaced && state.pages > 1)
+    if (isReplaced && (state.pages > 1 || pictureExtras(PictureFile(source)).frames > 1))
         throw TrappedError{ErrorNumber::InvalidPicture, readInPartText(target)};
 }
 

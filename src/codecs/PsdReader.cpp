@@ -44,28 +44,6 @@ std::int64_t endOfSection(const PictureSource& source, std::int64_t at, int size
     return start + std::int64_t(std::min<std::uint64_t>(size, std::uint64_t(room)));
 }
 
-/// A negative count of layers says that the first channel after the colours is transparency. Files of 16 and
-/// 32 bits have their layers in a tagged block: "8BIM", key, size 32, data.
-bool hasTransparency(const PictureSource& source, const PsdLayout& layout) {
-    constexpr int maxBlocks = 100;
-    const int sizeBytes = layout.isLarge ? 8 : 4;
-    const std::int64_t layerInfo = layout.layers + sizeBytes;
-    const auto isNegative = [&](std::int64_t at) { return std::int16_t(numberAt(source, at, 2)) < 0; };
-    if (layout.pixels <= layerInfo)
-        return false;
-    if (numberAt(source, layerInfo, sizeBytes) >= 2)
-        return isNegative(layerInfo + sizeBytes);
-    std::int64_t at = endOfSection(source, endOfSection(source, layerInfo, sizeBytes), 4);
-    for (int i = 0; i < maxBlocks && at + 12 <= layout.pixels; ++i) {
-        const QByteArray key = source.bytes(at + 4, 4);
-        if (key == "Lr16" || key == "Lr32")
-            return isNegative(at + 12);
-        const std::int64_t data = at + 12;
-        at = data + (endOfSection(source, at + 8, 4) - data + 3) / 4 * 4;
-    }
-    return false;
-}
-
 int colorChannels(const PsdLayout& layout) {
     switch (layout.mode) {
     case Rgb3:
@@ -349,11 +327,32 @@ bool isInksOrLab(const PsdLayout& layout) {
     return layout.mode == Cmyk || layout.mode == Multichannel || layout.mode == Lab;
 }
 
+/// Files of 16 and 32 bits have their layers in a tagged block: "8BIM", key, size 32, data.
+int psdLayerCount(const PictureSource& source, const PsdLayout& layout) {
+    constexpr int maxBlocks = 100;
+    const int sizeBytes = layout.isLarge ? 8 : 4;
+    const std::int64_t layerInfo = layout.layers + sizeBytes;
+    const auto countAt = [&](std::int64_t at) { return int(std::int16_t(numberAt(source, at, 2))); };
+    if (layout.pixels <= layerInfo)
+        return 0;
+    if (numberAt(source, layerInfo, sizeBytes) >= 2)
+        return countAt(layerInfo + sizeBytes);
+    std::int64_t at = endOfSection(source, endOfSection(source, layerInfo, sizeBytes), 4);
+    for (int i = 0; i < maxBlocks && at + 12 <= layout.pixels; ++i) {
+        const QByteArray key = source.bytes(at + 4, 4);
+        if (key == "Lr16" || key == "Lr32")
+            return countAt(at + 12);
+        const std::int64_t data = at + 12;
+        at = data + (endOfSection(source, at + 8, 4) - data + 3) / 4 * 4;
+    }
+    return 0;
+}
+
 PsdPicture readPsd(const PictureSource& source, const FileUnderTest& file, const QByteArray& iccProfile) {
     const PsdLayout layout = readPsdLayout(source, file);
     requireKnownKind(layout, file);
     const int colors = colorChannels(layout);
-    const bool alpha = layout.channels > colors && hasTransparency(source, layout);
+    const bool alpha = layout.channels > colors && psdLayerCount(source, layout) < 0;
     const PsdRows rows(source, layout, file, colors + (alpha ? 1 : 0));
     Picture picture(layout.width, layout.height, alpha ? 4 : 3);
     const PixelView target = picture.edit();

@@ -25,6 +25,9 @@ PsdLayout readPsdLayout(const PictureSource& source, const FileUnderTest& file);
 
 bool isInksOrLab(const PsdLayout& layout);
 
+/// Negative where the first channel after the colours is transparency.
+int psdLayerCount(const PictureSource& source, const PsdLayout& layout);
+
 struct PsdPicture {
     Picture picture;
     QString damage; ///< empty when every row was read

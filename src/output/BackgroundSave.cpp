@@ -5,6 +5,9 @@
 #include "base/ErrorTrap.h"
 #include "base/FailureOf.h"
 #include "base/FileIdentity.h"
+#include "base/IgnoringErrors.h"
+#include "codecs/PictureExtras.h"
+#include "codecs/PictureFile.h"
 #include "imaging/ImageBox.h"
 #include "imaging/SaveFormats.h"
 #include "output/SourceGuard.h"
@@ -14,6 +17,20 @@
 #include <algorithm>
 
 namespace tarsel {
+
+namespace {
+
+bool isSameFile(const QString& source, const QString& target) {
+    return QFileInfo::exists(target) && FileIdentity::of(source) == FileIdentity::of(target);
+}
+
+PictureExtras extrasOf(const QString& path) {
+    PictureExtras extras;
+    ignoringErrors([&] { extras = pictureExtras(PictureFile(path)); });
+    return extras;
+}
+
+} // namespace
 
 void BackgroundSave::start(const QString& target, const char* routine, std::function<void()> write) {
     m_hasFailed = m_running++ > 0 && m_hasFailed;
@@ -55,13 +72,32 @@ QString unusedNameBeside(const QString& source) {
 }
 
 QString replacingRefusal(const QString& source, const QString& target, const QString& damage) {
-    if (!QFileInfo::exists(target) || FileIdentity::of(source) != FileIdentity::of(target))
+    if (!isSameFile(source, target))
         return {};
     if (!damage.isEmpty())
         return readInPartText(target);
     if (ImageBox::PageCount(source) > 1)
         return BackgroundSave::tr("%1 was not replaced: it has more pages than the one on show").arg(target);
+    if (extrasOf(source).frames > 1)
+        return BackgroundSave::tr("%1 was not replaced: it has more frames than the one on show").arg(target);
     return {};
+}
+
+QString lossByReplacing(const QString& source, const QString& target) {
+    if (!isSameFile(source, target))
+        return {};
+    const PictureExtras extras = extrasOf(source);
+    QStringList lost;
+    if (extras.hasTransparency)
+        lost << BackgroundSave::tr("transparency");
+    if (extras.isDeep)
+        lost << BackgroundSave::tr("more than 8 bits a channel");
+    if (extras.hasLayers)
+        lost << BackgroundSave::tr("layers");
+    return lost.isEmpty()
+               ? QString()
+               : BackgroundSave::tr("This is lost then, because the picture on show doesn't have it: %1.")
+                     .arg(lost.join(QStringLiteral(", ")));
 }
 
 } // namespace tarsel

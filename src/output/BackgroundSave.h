@@ -38,7 +38,11 @@ private:
 QString unusedNameBeside(const QString& source);
 
 /// Why a picture that was read from `source` must not be saved as `target`; empty when it may. A file isn't
-/// replaced by less than it holds. `damage` is what was wrong with it.
+/// replaced by one of its pictures. `damage` is what was wrong with it.
 QString replacingRefusal(const QString& source, const QString& target, const QString& damage);
+
+/// What `source` has and a file without transparency of 8 bits a channel doesn't, where `target` is the same
+/// file: a sentence, or nothing.
+QString lossByReplacing(const QString& source, const QString& target);
 
 } // namespace tarsel

@@ -82,8 +82,7 @@ std::optional<QString> askForEffect() {
     const auto choice = service<Dialogs>().saveFileDialog(
         {QCoreApplication::translate("EffectBuilder", "Save IMAGE as Effect Executable"),
          QCoreApplication::translate("EffectBuilder", "Exe File (*.exe)|*.exe"),
-         {},
-         false});
+         {}});
     if (!choice || choice->path.isEmpty())
         return std::nullopt;
     return effectPath(choice->path);

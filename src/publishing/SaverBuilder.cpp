@@ -23,8 +23,7 @@ std::optional<QString> askForSaver(bool isSlide) {
     FileDialogRequest request{text(isSlide ? TEXT("Save Slide As...") : TEXT("Save ScreenSaver As...")),
                               text(isSlide ? TEXT("Slide (*.exe) | *.exe|All Files (*.*) | *.*")
                                            : TEXT("Screen Savers (*.scr) | *.scr|All Files (*.*) | *.*")),
-                              {},
-                              false};
+                              {}};
     while (const auto choice = service<Dialogs>().saveFileDialog(request)) {
         const QString path = saverPath(choice->path, isSlide);
         if (mayReplace(path, text(TEXT("Would You Like To Overwrite It?"))))

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/TrappedError.h"
+#include "codecs/PictureExtras.h"
 #include "codecs/PictureFile.h"
 #include "imaging/ImageBox.h"
 #include "tests/support/CodecTestFiles.h"
@@ -50,6 +51,27 @@ TEST(CodecCorpus, everyValidPictureOpensWithItsSizeAndPages) {
         ++opened;
     }
     EXPECT_GT(opened, 120);
+}
+
+TEST(CodecCorpus, whatIsMoreThanAnOpaquePictureIsRecognisedInTheHeaders) {
+    TARSEL_REQUIRE_CORPUS();
+    const struct {
+        const char* file;
+        PictureExtras extras; ///< frames, layers, transparency, deep
+    } cases[] = {{"gif/animated-red-blue.gif", {4, false, true, false}},
+                 {"png/gray.png", {1, false, false, true}},
+                 {"png/rgba16.png", {1, false, true, true}},
+                 {"png/mode_palette_alpha.png", {1, false, true, false}},
+                 {"tiff/tiff_tiled_planar_16bit_RGBa.tiff", {1, false, true, true}},
+                 {"tiff/jello.tif", {1, false, false, false}},
+                 {"psd/five_channels.psd", {1, true, false, false}},
+                 {"psd/rgb16-raw-affinityphoto-1.8.5.psd", {1, false, false, true}},
+                 {"bmp/V4_A8_R8_G8_B8.bmp", {1, false, true, false}}};
+    for (const auto& c : cases)
+        EXPECT_EQ(
+            pictureExtras(PictureFile(*test::corpusFolder() + QLatin1Char('/') + QLatin1String(c.file))),
+            c.extras)
+            << c.file;
 }
 
 TEST(CodecCorpus, aRefusedPictureIsRefusedWithFormatFileAndFact) {

@@ -37,33 +37,29 @@ public:
 
 } // namespace
 
-TEST_F(ListFiles, AListThatTheAppendedExtensionLeadsToIsReplacedOnlyAfterAQuestion) {
+TEST_F(ListFiles, AListIsReplacedOnlyAfterAQuestionAboutTheNameWithItsExtension) {
     const struct {
         void (ListFiles::*save)();
         int filter;
         const char* typed;
         const char* existing;
-        bool asks;
     } cases[] = {
-        {&ListFiles::saveBasket, 1, "mine", "mine.ibf", true},
-        {&ListFiles::saveBasket, 2, "my.list", "my.list.ibf", true},
-        {&ListFiles::saveBasket, 2, "asked.ibf", "asked.ibf", false}, // the file dialog has asked
-        {&ListFiles::saveBasket, 3, "bare", "bare.ibd", false},       // nothing is appended
-        {&ListFiles::saveTasks, 1, "web", "web.tbf", true},
-        {&ListFiles::saveTasks, 1, "asked.TBF", "asked.TBF", false},
+        {&ListFiles::saveBasket, 1, "mine", "mine.ibf"},
+        {&ListFiles::saveBasket, 2, "my.list", "my.list.ibf"},
+        {&ListFiles::saveBasket, 2, "asked.ibf", "asked.ibf"},
+        {&ListFiles::saveBasket, 3, "bare", "bare"},
+        {&ListFiles::saveTasks, 1, "web", "web.tbf"},
+        {&ListFiles::saveTasks, 1, "asked.TBF", "asked.TBF"},
     };
     for (const auto& c : cases) {
         desktop.messages.clear();
         desktop.fileDialogs.clear();
         writeFileSafely(path(c.existing), "old");
-        desktop.fileChoices = {FileDialogChoice{path(c.typed), c.filter}};
-        if (c.asks)
-            desktop.fileChoices.push_back(std::nullopt); // No opens the dialog again
+        desktop.fileChoices = {FileDialogChoice{path(c.typed), c.filter}, std::nullopt}; // No opens it again
         (this->*c.save)();
-        EXPECT_EQ(desktop.messages.size(), c.asks ? 1u : 0u) << c.typed;
+        ASSERT_EQ(desktop.messages.size(), 1u) << c.typed;
+        EXPECT_TRUE(desktop.messages[0].text.startsWith(QLatin1String(c.existing)));
         EXPECT_TRUE(desktop.fileChoices.empty()) << c.typed;
-        if (!c.asks)
-            continue;
         EXPECT_EQ(readWholeFile(path(c.existing)), QByteArray("old"));
         EXPECT_EQ(desktop.fileDialogs.back().initialPath, path(c.typed));
         desktop.fileChoices = {FileDialogChoice{path(c.typed), c.filter}};

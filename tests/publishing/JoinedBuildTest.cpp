@@ -210,8 +210,7 @@ TEST_F(Joined, FilesGetTheirExtensionAndAreReplacedOnlyWhenWanted) {
     EXPECT_EQ(desktop.messages.back().text,
               text("This File ('") + old + text("') Already Exists!\nWould You Like To Overwrite It?"));
     EXPECT_EQ(desktop.fileDialogs[1].initialPath, path("old"));
-    EXPECT_TRUE(desktop.fileDialogs[0].title == text("Save ScreenSaver As...") &&
-                !desktop.fileDialogs[0].asksToReplace);
+    EXPECT_EQ(desktop.fileDialogs[0].title, text("Save ScreenSaver As..."));
     desktop.fileChoices = {FileDialogChoice{path("old.scr"), 1}, std::nullopt};
     desktop.answers = {MessageAnswer::Yes};
     EXPECT_EQ(askForSaver(false), old);

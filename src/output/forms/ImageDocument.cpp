@@ -55,26 +55,27 @@ void ImageDocument::ShowSaveDialog(ImageBox box, const QString& source) {
     std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
         TrappingString = QStringLiteral("Saving the picture on show");
         const auto choice =
-            saveFileDialogFor({tr("Save image"), filterOfAll(), unusedNameBeside(source)}, completed);
+            saveFileDialogFor({tr("Save image"), filterOfAll(), unusedNameBeside(source)}, completed,
+                              [&](const QString& target) { return lossByReplacing(source, target); });
         if (!choice)
             return;
         const QString target = completed(choice->filterIndex, choice->path);
         if (const QString reason = replacingRefusal(source, target, box.LoadDamage()); !reason.isEmpty())
             service<Dialogs>().messageBox(reason, MessageIcon::Exclamation, MessageButtons::Ok,
                                           ApplicationName);
-        else if (!isJpeg(target) || takeQuality(box))
+        else if (!isJpeg(target) || takeQuality())
             start(std::move(box), target);
     });
 }
 
-bool ImageDocument::takeQuality(ImageBox& box) {
-    const bool chosen = frmJpegQuality(m_settings, m_owner).exec() == QDialog::Accepted;
-    box.JpegQuality = m_settings.JpgQuality;
-    return chosen;
+bool ImageDocument::takeQuality() {
+    return frmJpegQuality(m_settings, m_owner).exec() == QDialog::Accepted;
 }
 
 void ImageDocument::start(ImageBox box, const QString& target) {
     box.ColorFormat = formatOf(target).colors.front().colorFormat;
+    box.BackColorTransparent = false; // the box of the preview has it on, and nobody chose the colour
+    box.JpegQuality = std::clamp<int>(m_settings.JpgQuality, 1, 100); // of PDF files too
     m_background.start(target, "FrmMain.mnuSavePreviewAs",
                        [box = std::move(box), target]() mutable { box.SaveToFile(target); });
 }

@@ -21,14 +21,15 @@ public:
     ImageDocument(settings::SaveAdvanced& settings, QWidget* owner);
 
     /// Asks for the name, offering one that no file has. `source` is the file that the picture is from: it
-    /// isn't replaced by less than it holds. The box's colours follow the format, its other settings stay.
+    /// is replaced by less than it holds only after a question that says so, and by one of its pictures
+    /// never. The box's colours follow the format, and no colour becomes transparent.
     void ShowSaveDialog(ImageBox box, const QString& source);
 
     BackgroundSave& background() { return m_background; }
     const BackgroundSave& background() const { return m_background; }
 
 private:
-    bool takeQuality(ImageBox& box);
+    bool takeQuality();
     void start(ImageBox box, const QString& target);
 
     settings::SaveAdvanced& m_settings;

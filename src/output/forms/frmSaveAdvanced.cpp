@@ -449,9 +449,9 @@ void frmSaveAdvanced::cmdSave_Click() {
         const auto written = [&](int, const QString& path) {
             return path + QLatin1Char('.') + QLatin1String(format.extension);
         };
-        const auto choice = saveFileDialogFor({tr("Save Optimized image"), QLatin1String(format.filter),
-                                               unusedNameBeside(m_start.source), false},
-                                              written);
+        const auto choice = saveFileDialogFor(
+            {tr("Save Optimized image"), QLatin1String(format.filter), unusedNameBeside(m_start.source)},
+            written, [this](const QString& target) { return lossByReplacing(m_start.source, target); });
         if (!choice || choice->path.isEmpty())
             return;
         const QString target = written(choice->filterIndex, choice->path);
