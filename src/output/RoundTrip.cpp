@@ -6,6 +6,7 @@
 #include "codecs/PictureFile.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/SaveFormats.h"
+#include "pixels/ColorReduction.h"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -57,6 +58,14 @@ void rememberColors(settings::SaveAdvanced& settings, int format, int index) {
         settings.BmpColorFormat = qint16(index);
 }
 
+bool hasJpegData(const RoundTripSettings& settings) {
+    const auto colors = ColorFormat(settings.save.ColorFormat);
+    const bool isJpegInPdf =
+        is(settings.format, "pdf") &&
+        (colors == ColorFormat::TrueColor || colors == ColorFormat::Gray256); // the rest is deflated
+    return isJpegInPdf || is(settings.format, "jpg");
+}
+
 RoundTripSettings roundTripSettings(const settings::SaveAdvanced& settings) {
     const int jpeg = int(findSaveFormat(QStringLiteral("jpg")) - saveFormats().data());
     const bool isKnown = settings.Format >= 0 && std::size_t(settings.Format) < saveFormats().size();
@@ -76,6 +85,8 @@ RoundTripSettings roundTripSettings(const settings::SaveAdvanced& settings) {
                              std::clamp<int>(settings.JpgLowestQuality, 1, 100), settings.JpgMayShrink == 1};
     } else if (is(format, "png")) {
         takeTransparency(save, settings.PngTransparent, settings.PngTransparentColor);
+    } else if (hasJpegData(wanted)) { // in a PDF file
+        save.JpegQuality = std::clamp<int>(settings.JpgQuality, 1, 100);
     } else if (is(format, "tif")) {
         save.TiffCompression = std::clamp<int>(settings.TiffCompression, 0, 2);
     }

@@ -34,6 +34,9 @@ struct RoundTripSettings {
 /// What the controls of the dialog ask for. An index beyond a list counts as its first entry.
 RoundTripSettings roundTripSettings(const settings::SaveAdvanced& settings);
 
+/// Whether the file has JPEG data, so that their quality counts.
+bool hasJpegData(const RoundTripSettings& settings);
+
 /// The index in the list of colours that is remembered for a format of saveFormats(). Formats that offer all
 /// colours share one field, except for TIFF.
 int rememberedColors(const settings::SaveAdvanced& settings, int format);

@@ -97,6 +97,13 @@ protected:
 
 TEST_F(SaveAdvancedDialog, SavesTheFileOfWhichItShowsTheSizeInEachFormat) {
     open();
+    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Save with interactive preview - photo.bmp"));
+    auto& formats = control<QComboBox>("cboFormat");
+    const int first = formats.currentIndex();
+    dialog->setFocus();
+    QWheelEvent wheel({5, 5}, {}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&formats, &wheel);
+    EXPECT_EQ(formats.currentIndex(), first) << "it scrolls the options";
     for (const SaveFormat& format : saveFormats()) {
         SCOPED_TRACE(format.name);
         chooseFormat(format.name);
@@ -118,6 +125,8 @@ TEST_F(SaveAdvancedDialog, SavesTheFileOfWhichItShowsTheSizeInEachFormat) {
 
 TEST_F(SaveAdvancedDialog, KeepsOptionsAndSizeHoweverItIsLeft) {
     settings.DialogWidth = 11550;
+    settings.JpgMostKilobytes = 1;
+    settings.JpgLowestQuality = 1;
     open();
     EXPECT_EQ(dialog->width(), 770 * dialog->logicalDpiX() / 96);
     chooseFormat("GIF");
@@ -144,6 +153,12 @@ TEST_F(SaveAdvancedDialog, KeepsOptionsAndSizeHoweverItIsLeft) {
     EXPECT_EQ(batch.JpegQuality, 61);
     EXPECT_EQ(batch.JpegProgressive, 1);
     EXPECT_EQ(batch.JpegDepth, 1);
+    control<QCheckBox>("chkJPGLimit").click();
+    ASSERT_TRUE(settle());
+    click(*dialog, "cmdUseForBatch");
+    EXPECT_EQ(batch.JpegQuality, int(control<QLineEdit>("txtJPGQualityD").text().toDouble()))
+        << "what was reached";
+    EXPECT_LT(batch.JpegQuality, 61);
     dialog->resize(780, 640);
     click(*dialog, "cmdExit");
     const settings::SaveAdvanced kept = settings;

@@ -102,11 +102,12 @@ frmSaveAdvanced::frmSaveAdvanced(Start start, settings::SaveAdvanced& settings, 
     m_roundTrip(sourceOf(m_start.picture), m_start.temporaryFolder) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     m_ui->setupUi(this);
+    setWindowTitle(QStringLiteral("%1 - %2").arg(windowTitle(), QFileInfo(m_start.source).fileName()));
+    letWheelScroll(*m_ui->options);
     m_ui->layPanes->insertWidget(0, m_panes, 1);
     makeStatusBar();
     buildZoomMenu();
     subSetUp();
-    letWheelScroll(*m_ui->options);
     connectOptions();
     for (QPushButton* button : findChildren<QPushButton*>())
         button->setAutoDefault(false); // Return ends the typing of a number
@@ -172,6 +173,9 @@ void frmSaveAdvanced::shapeControls() {
     for (QLineEdit* field :
          {m_ui->txtJPGQuality, m_ui->txtJPGQualityD, m_ui->txtJPGMostKB, m_ui->txtJPGLowestQuality})
         field->setFixedWidth(roomForDigits);
+    QPalette ofText; // which isn't typed there
+    ofText.setBrush(QPalette::Base, Qt::transparent);
+    m_ui->txtJPGQualityD->setPalette(ofText);
     takeNumbers(m_ui->txtJPGMostKB, {.isBounded = true, .lowest = 1, .highest = 999'999});
     takeNumbers(m_ui->txtJPGLowestQuality, {.isBounded = true, .lowest = 1, .highest = 100});
     m_ui->lblFormat->setMinimumWidth(m_ui->lblColorFormat->sizeHint().width());
@@ -280,10 +284,15 @@ void frmSaveAdvanced::changeFormat() {
     m_ui->stkFrames->setCurrentWidget(frame);
     for (QCheckBox* pick : {m_ui->chkGIFPickColor, m_ui->chkPNGpickColor})
         pick->setChecked(false);
-    for (QWidget* ofQuality :
-         {static_cast<QWidget*>(m_ui->lblQualityD), static_cast<QWidget*>(m_ui->txtJPGQualityD)})
-        ofQuality->setVisible(frame == m_ui->picFrameJPG);
     subColorFormat();
+    showQuality();
+}
+
+/// Of the JPEG data in the file.
+void frmSaveAdvanced::showQuality() {
+    const bool has = hasJpegData(roundTripSettings(m_settings));
+    m_ui->lblQualityD->setVisible(has);
+    m_ui->txtJPGQualityD->setVisible(has);
 }
 
 /// The list of colours of the format.
@@ -299,6 +308,7 @@ void frmSaveAdvanced::subColorFormat() {
 
 void frmSaveAdvanced::changeColors() {
     rememberColors(m_settings, m_settings.Format, m_ui->cboColorFormat->currentIndex());
+    showQuality();
     subOptimize();
 }
 
@@ -334,6 +344,7 @@ void frmSaveAdvanced::showWaiting() {
     setPanel("status", {});
     clearResult();
     m_ui->txtJPGQualityD->setText(QString::number(m_wanted->save.JpegQuality));
+    m_ui->cmdUseForBatch->setEnabled(m_wanted->budget.bytes == 0); // until the quality that fits is known
     m_patience.start();
 }
 
@@ -352,6 +363,7 @@ void frmSaveAdvanced::showExact() {
     const QString size = sizeInKilobytes(result.bytes.size());
     m_ui->lblSize->setText(size);
     m_ui->txtJPGQualityD->setText(QLocale().toString(roundHalfEven(result.jpegQuality * 10) / 10));
+    m_ui->cmdUseForBatch->setEnabled(true);
     showDetails();
     setPanel("size", tr("Optimized size - %1").arg(size));
     m_ui->cmdSave->setEnabled(m_offersSaving);
@@ -426,12 +438,17 @@ void frmSaveAdvanced::takePicked() {
 // --- saving and leaving
 
 void frmSaveAdvanced::useForBatch() {
-    const SaveSettings save = roundTripSettings(m_settings).save;
-    const RoundTripResult* const result = m_roundTrip.result(); // to which a budget may have given less
-    m_batch.JpegQuality = qint16(result ? std::max(1.0, std::floor(result->jpegQuality)) : save.JpegQuality);
+    const RoundTripSettings settings = roundTripSettings(m_settings);
+    const SaveSettings& save = settings.save;
+    const bool isLimited = settings.budget.bytes > 0;
+    if (isLimited && !m_roundTrip.result())
+        return;
+    m_batch.JpegQuality =
+        qint16(isLimited ? std::max(1.0, std::floor(m_roundTrip.result()->jpegQuality)) : save.JpegQuality);
     m_batch.JpegProgressive = save.JpegEncoding ? 1 : 0;
     m_batch.JpegDepth = save.ColorFormat == 0 ? 0 : 1;
-    setPanel("status", tr("The batch will use these settings"));
+    setPanel("status", isLimited ? tr("The batch will use the quality of this file, without the limit")
+                                 : tr("The batch will use these settings"));
 }
 
 void frmSaveAdvanced::offerSaving(bool offered) {

@@ -69,6 +69,7 @@ private:
     void changeFormat();
     void subColorFormat();
     void changeColors();
+    void showQuality();
     void followOption();
     void subOptimize();
     void subSaveSettings();
