@@ -28,6 +28,12 @@ constexpr FormField<Settings> fields[] = {
 };
 constexpr int shortest = 1, longest = 9, usual = 3; ///< seconds between two pictures
 
+/// Wide enough for two lines and as high, so that the form asks for its full height.
+void foldInTwo(QLabel& note) {
+    const QFontMetrics metrics = note.fontMetrics();
+    note.setMinimumSize(metrics.horizontalAdvance(note.text()) * 3 / 5, 2 * metrics.lineSpacing());
+}
+
 } // namespace
 
 frmScreenSaverOptions::frmScreenSaverOptions(Settings& settings, std::vector<SaverSample> samples,
@@ -37,6 +43,7 @@ frmScreenSaverOptions::frmScreenSaverOptions(Settings& settings, std::vector<Sav
     m_ui->setupUi(this);
     m_ui->lblQuality->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1000")));
     m_binding = std::make_unique<FormBinding<Settings>>(*this, settings, fields);
+    foldInTwo(*m_ui->lblNote);
     m_ui->lblQuality->setNum(m_ui->sldQuality->value());
     joinNumber(*m_ui->txtInterval, *m_ui->vsInterval, shortest, longest, usual);
     connectSamplesLink(*m_ui->lblSamplesLink, QStringLiteral("screensavers"));
