@@ -472,7 +472,9 @@ void frmSaveAdvanced::cmdSave_Click() {
         if (!choice || choice->path.isEmpty())
             return;
         const QString target = written(choice->filterIndex, choice->path);
-        const QString reason = replacingRefusal(m_start.source, target, m_start.picture.LoadDamage());
+        QString reason = replacingRefusal(m_start.source, target, m_start.picture.LoadDamage());
+        if (reason.isEmpty() && !isExact() && !m_roundTrip.isBusy()) // it failed while the dialog was open
+            reason = m_ui->lblDetails->toPlainText();
         if (!reason.isEmpty()) {
             service<Dialogs>().messageBox(reason, MessageIcon::Exclamation, MessageButtons::Ok,
                                           ApplicationName);
