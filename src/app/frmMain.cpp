@@ -42,9 +42,11 @@
 #include "tasks/TaskBasketActions.h"
 #include "tasks/modProcessTasks.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <cmath>
 #include <utility>
 
@@ -424,6 +426,11 @@ void frmMain::saveShown(const QString& path, void (frmMain::*save)()) {
 void frmMain::savePictureWanted() {
     if (m_pathToSave.isEmpty() || m_preview.isBusy() || m_preview.shownPath() != m_pathToSave)
         return;
+    if (QApplication::activeModalWidget()) { // it may belong to the dialog that would give way
+        constexpr int pause = 200;
+        QTimer::singleShot(pause, this, &frmMain::savePictureWanted);
+        return;
+    }
     m_pathToSave.clear();
     (this->*m_save)();
 }

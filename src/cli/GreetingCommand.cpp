@@ -92,6 +92,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const InterruptScope interruptible;
     joined::EffectOptions record;
     takeEffectOptions(settings, record);
+    if (!bytesOf(record))
+        throw UsageError{QCoreApplication::translate("CommandLine", "--text is longer than 65535 bytes")};
     RowReport report(terminal, arguments.has("json"));
     ImageBox box;
     std::vector<RowResult> results;

@@ -4,6 +4,7 @@
 #include "base/CodePage.h"
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
+#include "players/effects/Font.h"
 #include "publishing/ReplaceQuestion.h"
 
 #include <QCoreApplication>
@@ -25,6 +26,15 @@ std::optional<std::string> recordBytes(const joined::EffectOptions& record) {
                  QCoreApplication::translate("EffectBuilder", "the text is longer than 65535 bytes"));
         });
     return bytes;
+}
+
+/// What the player can't show of the text; empty when it can show all.
+QString noteOnText(const joined::EffectOptions& record) {
+    const std::u32string missing = players::lettersWithoutGlyph(record.rollingText);
+    return missing.empty() ? QString()
+                           : QCoreApplication::translate(
+                                 "EffectBuilder", "the player has no letters for \"%1\" and shows boxes")
+                                 .arg(QString::fromStdU32String(missing));
 }
 
 } // namespace
@@ -111,7 +121,11 @@ bool subMakeEffectExe(const QString& path, const settings::PublishingSettings& s
     row.tag = source.picture;
     single.add(row);
     NoProgress noBar;
-    return buildJoined(build, {single, source.ibTemp, source.tasks}, noBar, run, results);
+    const bool isBuilt = buildJoined(build, {single, source.ibTemp, source.tasks}, noBar, run, results);
+    const QString note = build.player == Player::RainingText ? noteOnText(record) : QString();
+    if (isBuilt && !results.empty() && !note.isEmpty())
+        results.back().notes << note;
+    return isBuilt;
 }
 
 } // namespace tarsel

@@ -3,6 +3,7 @@
 #include "players/Stage.h"
 #include "players/effects/ClockText.h"
 #include "players/effects/Effect.h"
+#include "players/effects/Font.h"
 #include "players/effects/Letters.h"
 #include "players/effects/Refraction.h"
 
@@ -127,6 +128,13 @@ TEST(Effects, TextsOfBothCodingsFallInShortPhrases) {
     EXPECT_EQ(phrasesOf(U"  a bc  defghijk l ", 4),
               (std::vector<std::u32string>{U"a bc", U"defghijk", U"l"}));
     EXPECT_TRUE(phrasesOf(U"  ", 4).empty());
+}
+
+TEST(Effects, LettersThatTheFontLacksAreNamedOnce) {
+    EXPECT_EQ(lettersWithoutGlyph("Gr\xC3\xBC\xC3\x9F"
+                                  "e; \xE5\x86\x99\xE7\x9C\x9F\xE5\x86\x99"),
+              U"\u5199\u771F");
+    EXPECT_TRUE(lettersWithoutGlyph("\x80 \xFC").empty()) << "Windows-1252";
 }
 
 TEST(PlayerCommand, HostsAreUnderstood) {

@@ -2,6 +2,7 @@
 #include "players/effects/Font.h"
 
 #include "players/effects/FontFile.h"
+#include "players/effects/Letters.h"
 
 #include <cmath>
 
@@ -66,6 +67,14 @@ double Font::capHeight() const {
     int top = 0;
     stbtt_GetCodepointBox(&font(), 'H', &left, &bottom, &right, &top);
     return top * m_scale;
+}
+
+std::u32string lettersWithoutGlyph(std::string_view text) {
+    std::u32string missing;
+    for (const char32_t letter : lettersOf(text))
+        if (stbtt_FindGlyphIndex(&font(), int(letter)) == 0 && missing.find(letter) == missing.npos)
+            missing += letter;
+    return missing;
 }
 
 void drawText(const Canvas& canvas, Font& font, std::u32string_view text, double x, double y,

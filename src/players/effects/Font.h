@@ -4,6 +4,7 @@
 #include "players/effects/Mask.h"
 
 #include <map>
+#include <string>
 #include <string_view>
 
 namespace tarsel::players {
@@ -25,6 +26,9 @@ private:
     double m_scale;
     std::map<char32_t, Mask> m_glyphs;
 };
+
+/// The letters of the text, each once, that the font lacks and shows as boxes. See lettersOf for the text.
+std::u32string lettersWithoutGlyph(std::string_view text);
 
 /// With the pen at x on the base line y.
 void drawText(const Canvas& canvas, Font& font, std::u32string_view text, double x, double y,
