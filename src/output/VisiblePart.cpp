@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/VisiblePart.h"
 
-#include "codecs/JpegTables.h"
 #include "imaging/DisplayColors.h"
 #include "imaging/PictureParts.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <utility>
 
@@ -30,12 +28,6 @@ EmbeddedMetadata colorsOf(const EmbeddedMetadata& metadata) {
     EmbeddedMetadata colors;
     colors.iccProfile = metadata.iccProfile;
     return colors;
-}
-
-/// Reduced, the errors of a file's pixels cancel out by as much as the picture gets smaller.
-SaveSettings forReduced(SaveSettings save, double ratio) {
-    save.JpegTableScale = std::max(1, int(std::lround(jpegTableScale(save.JpegQuality) * ratio)));
-    return save;
 }
 
 } // namespace
@@ -76,10 +68,7 @@ std::optional<PreviewPicture> VisiblePart::fitted(const RoundTripSource& source,
     const Picture& reduced = m_reduced.of(source.picture, pane);
     if (savesNoTime({reduced.width(), reduced.height()}, source.picture))
         return std::nullopt;
-    RoundTripSettings wanted = settings;
-    if (extensionOfFormat(settings.format) == QLatin1String("jpg"))
-        wanted.save = forReduced(settings.save, double(reduced.width()) / source.picture.width());
-    RoundTripResult result = tarsel::roundTrip({reduced, colorsOf(source.metadata)}, wanted);
+    RoundTripResult result = tarsel::roundTrip({reduced, colorsOf(source.metadata)}, settings);
     if (result.decoded.isNull())
         return std::nullopt;
     PreviewPicture shown;

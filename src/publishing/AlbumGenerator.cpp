@@ -34,6 +34,11 @@ private:
 void makeFolders(const QStringList& folders) {
     for (const QString& path : folders) {
         const QFileInfo folder(path);
+        if (folder.isSymLink())
+            fail(ErrorNumber::PermissionDenied,
+                 QCoreApplication::translate("AlbumGenerator",
+                                             "%1 is a link to a folder that may be outside the album")
+                     .arg(path));
         if (folder.isDir())
             continue;
         if (!QDir(folder.path()).exists())

@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
 
 namespace tarsel {
 
@@ -73,9 +72,6 @@ void AlbumNames::requireUsable(const ListView& rows) const {
     if (const QString found = fault(m_title, {directory()}); !found.isEmpty())
         fail(ErrorNumber::InvalidCall,
              Texts::tr("the album title \"%1\" can't be part of a file name: %2").arg(m_title, found));
-    if (QFileInfo(directoryPath()).isSymLink())
-        fail(ErrorNumber::PermissionDenied,
-             Texts::tr("%1 is a link to a folder that may be outside the album").arg(directoryPath()));
     for (int i = 0; i < rows.count(); ++i) {
         const QString name = rows.row(i).text;
         const QString found = fault(name, {page(name), picture(name), thumbnail(name)});

@@ -60,8 +60,10 @@ void AlbumRows::writeFile(const AlbumFile& file) {
 }
 
 void AlbumRows::writeResources() {
-    if (m_options.settings.OnlyChanged == 1)
+    if (m_options.settings.OnlyChanged == 1) {
         m_update.emplace(m_names);
+        m_sourcesBefore = sourceFiles();
+    }
     for (const AlbumFile& file : m_template->resources())
         writeFile(file);
 }
@@ -163,6 +165,10 @@ std::function<bool()> AlbumRows::consume(const ListRow& row, ImageBox& box, RowR
     AlbumRow made = m_row; // a row that fails keeps the size of the row before
     made.size = {box.Width(), box.Height()};
     m_files = m_template->pictureFiles(made);
+    m_replacedSources.clear();
+    for (const QString& file : m_files)
+        if (m_sourcesBefore.contains(FileIdentity::of(file)))
+            m_replacedSources << file;
     result.target = m_files.constFirst();
     setAlbumSettings(box, m_options.settings);
     if (!box.LoadDamage().isEmpty() || replacesItsPages(row.tag, result.target))
@@ -235,7 +241,7 @@ void AlbumRows::noteWritten(const RowResult& result) {
         return;
     for (const QString& file : m_files) {
         m_guard.noteWritten(result.row, file);
-        if (m_update)
+        if (m_update && !m_replacedSources.contains(file))
             m_update->noteFile(file);
     }
 }

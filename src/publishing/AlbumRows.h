@@ -62,6 +62,8 @@ private:
     SourceGuard m_guard;
     const std::unique_ptr<AlbumTemplate> m_template;
     std::optional<AlbumUpdate> m_update; ///< only where files are to be kept
+    QSet<FileIdentity> m_sourcesBefore;  ///< as the run found them
+    QStringList m_replacedSources;       ///< of the row: what takes their place is never removed as ours
     AlbumRow m_row;                      ///< in work
     QByteArray m_digest;                 ///< of it
     QStringList m_files;                 ///< of its pictures

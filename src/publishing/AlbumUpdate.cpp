@@ -3,6 +3,7 @@
 
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
 #include "publishing/AlbumFields.h"
 #include "publishing/AlbumNames.h"
 
@@ -165,6 +166,8 @@ void AlbumUpdate::suspend() {
 
 void AlbumUpdate::write() {
     const AlbumFile record{recordPath(), m_new.text()};
+    if (QFileInfo(record.path).isSymLink())
+        fail(ErrorNumber::PermissionDenied, record.path);
     if (!stands(record))
         writeFileSafely(record.path, record.bytes);
 }

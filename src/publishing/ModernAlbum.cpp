@@ -132,10 +132,10 @@ void ModernAlbum::makePictures(ImageBox& box, AlbumRow& row) const {
         }
         files.push_back({m_names.inDirectory(each.path), box.encoded(jpeg)});
     }
+    if (const QString file = original(row); !file.isEmpty()) // before a picture can take its place
+        copyFile(row.source, m_names.inDirectory(file));
     for (const AlbumFile& each : files)
         writeFileSafely(each.path, each.bytes);
-    if (const QString file = original(row); !file.isEmpty())
-        copyFile(row.source, m_names.inDirectory(file));
     describePictures(row);
 }
 

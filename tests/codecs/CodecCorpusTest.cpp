@@ -60,12 +60,12 @@ TEST(CodecCorpus, whatIsMoreThanAnOpaquePictureIsRecognisedInTheHeaders) {
         PictureExtras extras; ///< frames, layers, transparency, deep
     } cases[] = {{"gif/animated-red-blue.gif", {4, false, true, false}},
                  {"png/gray.png", {1, false, false, true}},
-                 {"png/rgba16.png", {1, false, true, true}},
-                 {"png/mode_palette_alpha.png", {1, false, true, false}},
+                 {"png/rgba16.png", {3, false, true, true}},
+                 {"png/mode_palette_alpha.png", {2, false, true, false}},
                  {"tiff/tiff_tiled_planar_16bit_RGBa.tiff", {1, false, true, true}},
                  {"tiff/jello.tif", {1, false, false, false}},
                  {"psd/five_channels.psd", {1, true, false, false}},
-                 {"psd/rgb16-raw-affinityphoto-1.8.5.psd", {1, false, false, true}},
+                 {"psd/rgb16-raw-affinityphoto-1.8.5.psd", {1, true, false, true}},
                  {"bmp/V4_A8_R8_G8_B8.bmp", {1, false, true, false}}};
     for (const auto& c : cases)
         EXPECT_EQ(

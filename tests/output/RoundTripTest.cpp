@@ -2,7 +2,6 @@
 #include "base/SafeFileWriter.h"
 #include "codecs/KeptReductions.h"
 #include "codecs/PictureFile.h"
-#include "imaging/PictureParts.h"
 #include "imaging/SaveFormats.h"
 #include "output/LiveRoundTrip.h"
 #include "output/RoundTripFacts.h"
@@ -156,21 +155,6 @@ TEST(RoundTrip, MakesThePartThatIsScrolledToBeforeTheFile) {
     ASSERT_TRUE(trip.settle());
     ASSERT_EQ(seen.size(), 2U) << "not the part that is out of sight";
     EXPECT_NE(seen[0], (Rgb{128, 128, 128}));
-}
-
-TEST(RoundTrip, ShowsAReducedPictureAsTheReducedFileLooks) {
-    const Picture picture = pictureOf(1600, 1200, 3, [](int x, int y) {
-        return Rgb{std::uint8_t(x / 8), std::uint8_t(y / 6), std::uint8_t((x + y) / 12)};
-    });
-    VisiblePart part;
-    const auto shown = part.roundTrip({picture, {}}, jpegOf(3), {true, {100, 75}, {}});
-    ASSERT_TRUE(shown);
-    const Picture seen = resizedTo(roundTrip({picture, {}}, jpegOf(3)).decoded, {100, 75});
-    const Picture worse = roundTrip({resizedTo(picture, {100, 75}), {}}, jpegOf(3)).decoded;
-    const auto closeness = [&](const Picture& answer) {
-        return operations::similarity(seen.view(), answer.view()).peakSignalToNoise;
-    };
-    EXPECT_GT(closeness(shown->picture), closeness(worse) + 6) << closeness(worse);
 }
 
 TEST(RoundTrip, MakesTheSameFilesWithKeptReductions) {

@@ -122,9 +122,27 @@ TEST_F(AlbumUpdated, RemovesItsOwnFilesThatNoRowNeedsAndNamesTheOthers) {
     EXPECT_EQ(files("out"), "My Album_a.html My Album_d.html My Album_old.html index.htm mine.html");
 }
 
+TEST_F(AlbumUpdated, WhatTookTheOnlyCopyOfASourceIsNeverRemoved) {
+    pages.clear();
+    addRow("a.png", "a");
+    QDir().mkpath(path("out/MyImages_My Album"));
+    boxWith(shadedPicture(30, 20)).SaveToFile(inDirectory("only.jpg"));
+    addRow(inDirectory("only.jpg"), text("only"));
+    ASSERT_TRUE(generate());
+    pages.clear();
+    addRow("a.png", "a");
+    ASSERT_TRUE(generate());
+    EXPECT_TRUE(QFile::exists(inDirectory("only.jpg")));
+}
+
 TEST_F(AlbumUpdated, ARecordOfSomeoneElseLeadsNowhere) {
     generate();
     const QString victim = writeFile("victim", "x");
+    QFile::rename(inDirectory(".album-record"), path("record"));
+    ASSERT_TRUE(QFile::link(victim, inDirectory(".album-record")));
+    EXPECT_FALSE(generate());
+    EXPECT_EQ(readWholeFile(victim), "x");
+    QFile::remove(inDirectory(".album-record"));
     AlbumRecord record;
     record.files.insert(text("../victim"), AlbumRecord::Stamp::of(victim));
     record.files.insert(victim, AlbumRecord::Stamp::of(victim));

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -120,12 +121,12 @@ void OptimizedPanes::wantZoom(bool bestFit) {
 /// Takes the other pane to the same place, also where the file has fewer pixels than the original.
 void OptimizedPanes::lineUp(const ImageBoxView& leading) {
     const ImageBoxView& other = &leading == m_left.view ? *m_right.view : *m_left.view;
-    const auto follow = [](const QScrollBar& bar, QScrollBar& follower) {
-        if (bar.maximum() > 0)
-            follower.setValue(int(std::lround(double(bar.value()) * follower.maximum() / bar.maximum())));
+    const Size from = leading.placement().drawn(), to = other.placement().drawn();
+    const auto follow = [](const QScrollBar& bar, int length, QScrollBar& follower, int followingLength) {
+        follower.setValue(int(std::lround(double(bar.value()) * followingLength / std::max(length, 1))));
     };
-    follow(*leading.horizontalScrollBar(), *other.horizontalScrollBar());
-    follow(*leading.verticalScrollBar(), *other.verticalScrollBar());
+    follow(*leading.horizontalScrollBar(), from.width, *other.horizontalScrollBar(), to.width);
+    follow(*leading.verticalScrollBar(), from.height, *other.verticalScrollBar(), to.height);
 }
 
 void OptimizedPanes::setPicking(bool picking) {

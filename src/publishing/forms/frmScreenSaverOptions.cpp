@@ -28,10 +28,12 @@ constexpr FormField<Settings> fields[] = {
 };
 constexpr int shortest = 1, longest = 9, usual = 3; ///< seconds between two pictures
 
-/// Wide enough for two lines and as high, so that the form asks for its full height.
+/// A label that wraps by itself would let the form's height depend on its width.
 void foldInTwo(QLabel& note) {
-    const QFontMetrics metrics = note.fontMetrics();
-    note.setMinimumSize(metrics.horizontalAdvance(note.text()) * 3 / 5, 2 * metrics.lineSpacing());
+    QString text = note.text();
+    if (const qsizetype blank = text.indexOf(u' ', text.size() / 2); blank >= 0)
+        text[blank] = u'\n';
+    note.setText(text);
 }
 
 } // namespace
