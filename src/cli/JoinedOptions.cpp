@@ -4,13 +4,17 @@
 #include "cli/FilePaths.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace tarsel::cli {
 
 QString joinedTarget(const Arguments& arguments) {
     if (!arguments.has("out"))
         throw UsageError{QCoreApplication::translate("CommandLine", "--out is missing")};
-    return filePath(arguments.value("out"));
+    const QString out = arguments.value("out");
+    if (out.endsWith(QLatin1Char('/')) || QFileInfo(filePath(out)).isDir())
+        throw UsageError{QCoreApplication::translate("CommandLine", "--out: \"%1\" is a folder").arg(out)};
+    return filePath(out);
 }
 
 quint8 joinedSystemOf(const Arguments& arguments) {

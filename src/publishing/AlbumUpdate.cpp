@@ -111,6 +111,15 @@ bool AlbumUpdate::isInside(const QString& path) const {
     return (QFileInfo(path).canonicalPath() + QLatin1Char('/')).startsWith(folder);
 }
 
+/// A record can come from anybody.
+bool AlbumUpdate::isNamedLikeOurs(const QString& name) const {
+    const QString page = m_names.page(QString());
+    return name == m_names.inFolder(m_names.index()) ||
+           name.startsWith(m_names.directory() + QLatin1Char('/')) ||
+           (!name.contains(QLatin1Char('/')) && name.startsWith(page.chopped(5)) &&
+            name.endsWith(page.last(5)));
+}
+
 /// Files in the places of an album's files that neither this run nor the last has written.
 QStringList AlbumUpdate::strangers() const {
     QStringList found;
@@ -136,7 +145,7 @@ std::vector<RowResult> AlbumUpdate::finish(const std::function<bool(const QStrin
     old.sort();
     for (const QString& name : old) {
         const QString path = m_names.fromFolder(name);
-        if (m_new.files.contains(name) || !QFile::exists(path))
+        if (m_new.files.contains(name) || !QFileInfo(path).isFile() || !isNamedLikeOurs(name))
             continue;
         const bool isRemoved = AlbumRecord::Stamp::of(path) == m_old.files[name] && isInside(path) &&
                                mayRemove(path) && QFile::remove(path);

@@ -45,6 +45,7 @@ public:
 private:
     QString recordPath() const;
     bool isInside(const QString& path) const;
+    bool isNamedLikeOurs(const QString& name) const;
     QStringList strangers() const;
     void write();
 

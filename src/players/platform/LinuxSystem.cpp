@@ -2,7 +2,6 @@
 #include "players/platform/PlayerError.h"
 #include "players/platform/System.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
@@ -22,6 +21,14 @@ namespace {
 
 double seconds(const timespec& time) {
     return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+/// FNV-1a.
+std::uint64_t fingerprintOf(std::string_view text) {
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const char letter : text)
+        hash = (hash ^ std::uint8_t(letter)) * 0x100000001B3;
+    return hash;
 }
 
 std::string programPath() {
@@ -99,13 +106,14 @@ OwnFile openOwnFile(std::string_view extension) {
 // An abstract socket vanishes with the process and leaves no file.
 bool isOnlyInstance(const std::string& place) {
     const char* const display = std::getenv("DISPLAY");
-    const std::string full = "tarsel-player " + std::to_string(getuid()) + ' ' + (display ? display : "") +
-                             ' ' + place + ' ' + programPath();
+    const std::string full =
+        std::to_string(getuid()) + ' ' + (display ? display : "") + ' ' + place + ' ' + programPath();
+    // A name has 107 bytes, and paths can be longer.
+    const std::string name = "tarsel-player " + std::to_string(fingerprintOf(full));
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    const std::size_t length = std::min(full.size(), sizeof address.sun_path - 1);
-    // The end tells players apart that are in the same folder.
-    std::memcpy(address.sun_path + 1, full.data() + full.size() - length, length);
+    const std::size_t length = name.size();
+    std::memcpy(address.sun_path + 1, name.data(), length);
     const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const auto size = socklen_t(offsetof(sockaddr_un, sun_path) + 1 + length);
     return descriptor < 0 || bind(descriptor, reinterpret_cast<const sockaddr*>(&address), size) == 0 ||
