@@ -24,9 +24,10 @@ JoinedRun joinedRun() {
     return run;
 }
 
-/// From a text such as "640 X 480 X 24".
+/// From a text such as "640 X 480 X 24", or with small letters.
 QSize sizeIn(const QString& resolution) {
-    const QStringList numbers = resolution.split(QStringLiteral(" X "));
+    const QStringList numbers =
+        resolution.split(QStringLiteral(" X "), Qt::KeepEmptyParts, Qt::CaseInsensitive);
     return {numbers.value(0).toInt(), numbers.value(1).toInt()};
 }
 
