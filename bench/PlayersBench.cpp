@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a frame of each effect takes on a screen of 1920 x 1080; CPU time, at 60 frames a second after a start of
-// 10 seconds.
+// What a frame of each effect takes on a screen of 1920 x 1080; CPU time, at 60 frames a second after a start
+// of 10 seconds.
 #include "players/effects/Effect.h"
 
 #include <benchmark/benchmark.h>
@@ -23,7 +23,8 @@ void frame(benchmark::State& state, Style style, std::uint8_t clockKind) {
     options.rollingText = "Happy Greetings!";
     options.clockKind = clockKind;
     options.showDate = 1;
-    const auto effect = makeEffect(style, stripes(), options, [] { return ClockTime{10, 9, 36.5, 0, 22, 11}; });
+    const auto effect =
+        makeEffect(style, stripes(), options, [] { return ClockTime{10, 9, 36.5, 0, 22, 11}; });
     Picture screen{std::vector<std::uint32_t>(std::size_t(width) * height), width, height};
     double seconds = 0;
     for (; seconds < 10; seconds += 1.0 / 60)
