@@ -36,8 +36,8 @@ struct XmpName {
 /// counts, and as rdf:Seq or rdf:Bag.
 class XmpPacket {
 public:
-    /// Nothing for a packet that isn't well-formed XML in UTF-8, has a document type, or a tag of thousands of
-    /// attributes.
+    /// Nothing for a packet that isn't well-formed XML in UTF-8, has a document type, or a tag of thousands
+    /// of attributes.
     static std::optional<XmpPacket> read(const QByteArray& bytes);
 
     QByteArray bytes() const;
