@@ -26,7 +26,7 @@ public:
     void setInterval(int seconds);
     int shownSample() const { return m_shown; }
 
-    QSize sizeHint() const override { return {360, 240}; }
+    QSize sizeHint() const override { return {400, 300}; }
     QSize minimumSizeHint() const override { return {240, 160}; }
 
 protected:
