@@ -142,6 +142,9 @@ int list(const Arguments& arguments, Terminal& terminal) {
     return AllDone;
 }
 
+/// A list can name any number of bytes.
+constexpr std::uint64_t largestPicture = std::uint64_t(1) << 30;
+
 RowResult extracted(const JoinedInput& input, int row, const QString& target) {
     const joined::JoinedPicture& picture = input.contents().pictures[std::size_t(row - 1)];
     RowResult result;
@@ -149,6 +152,9 @@ RowResult extracted(const JoinedInput& input, int row, const QString& target) {
     result.source = nameOf(picture);
     result.target = target;
     try {
+        if (picture.size > largestPicture)
+            fail(ErrorNumber::InvalidPicture,
+                 QCoreApplication::translate("CommandLine", "%1 bytes are no JPEG file").arg(picture.size));
         const std::string jpeg = input.block(picture.offset, picture.size);
         if (writeNewFileSafely(target, QByteArray::fromRawData(jpeg.data(), qsizetype(jpeg.size()))))
             result.state = RowState::Written;

@@ -75,7 +75,7 @@ void AlbumRows::writeIndex() {
 std::vector<RowResult> AlbumRows::finish(bool isComplete) {
     if (!m_update)
         return {};
-    if (isComplete)
+    if (isComplete && m_run.unreadSources.isEmpty()) // one that is missing may be back in the next run
         return m_update->finish([sources = sourceFiles()](const QString& path) {
             return !sources.contains(FileIdentity::of(path));
         });

@@ -111,6 +111,10 @@ TEST_F(AlbumUpdated, RemovesItsOwnFilesThatNoRowNeedsAndNamesTheOthers) {
     pages.clear();
     addRow("a.png", "a");
     addRow(inDirectory("c.jpg"), text("d"));
+    albumRun.unreadSources = {path("unplugged.png")};
+    ASSERT_TRUE(generate());
+    EXPECT_TRUE(QFile::exists(inDirectory("b.jpg"))) << "it may be of the source that is missing";
+    albumRun.unreadSources.clear();
     ASSERT_TRUE(generate());
     QStringList kept, removed;
     for (const RowResult& result : results)
