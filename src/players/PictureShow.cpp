@@ -19,20 +19,24 @@ PictureShow::PictureShow(const Payload& payload, const Box& screen, double now) 
     const joined::SaverOptions options = payload.saverOptions();
     m_background = pixelOf(options.backColor);
     m_interval = std::max<int>(options.interval, 0);
-    load(1);
+    m_damaged.resize(payload.count());
+    loadFirst();
     waitFrom(now);
 }
 
-/// The picture at m_index, or the next one in that direction that can be shown.
-void PictureShow::load(int by) {
-    const std::size_t count = m_payload.count();
-    for (std::size_t tried = 0; tried < count; ++tried) {
-        if (auto picture = m_payload.picture(m_index, m_screen)) {
-            m_picture = std::move(*picture);
+/// Whether the picture at m_index is now that on show.
+bool PictureShow::load() {
+    auto picture = m_payload.picture(m_index, m_screen);
+    m_damaged[m_index] = !picture;
+    if (picture)
+        m_picture = std::move(*picture);
+    return !m_damaged[m_index];
+}
+
+void PictureShow::loadFirst() {
+    for (m_index = 0; m_index < m_payload.count(); ++m_index)
+        if (load())
             return;
-        }
-        m_index = (m_index + (by > 0 ? 1 : count - 1)) % count;
-    }
     m_payload.fail("none of its pictures can be shown");
 }
 
@@ -40,12 +44,20 @@ void PictureShow::waitFrom(double now) {
     m_next = m_isPlaying && m_interval > 0 ? now + m_interval : never;
 }
 
+/// A picture that turns out to be damaged takes its time: the next one is tried with the next frame, after
+/// what the user did meanwhile.
 void PictureShow::step(int by, double now) {
     const std::size_t count = m_payload.count();
-    m_index = (m_index + (by > 0 ? 1 : count - 1)) % count;
-    if (count > 1)
-        load(by);
-    waitFrom(now);
+    const std::size_t shown = m_index;
+    do
+        m_index = (m_index + (by > 0 ? 1 : count - 1)) % count;
+    while (m_damaged[m_index] && m_index != shown);
+    const bool isLoaded = m_index == shown || load();
+    m_direction = isLoaded ? 1 : by;
+    if (isLoaded)
+        waitFrom(now);
+    else
+        m_next = now;
 }
 
 void PictureShow::play(bool isPlaying, double now) {
@@ -55,7 +67,7 @@ void PictureShow::play(bool isPlaying, double now) {
 
 void PictureShow::draw(const Canvas& canvas, double now) {
     if (now >= m_next)
-        step(1, now);
+        step(m_direction, now);
     drawCentred(canvas, m_picture, m_background);
 }
 

@@ -4,6 +4,8 @@
 #include "players/Payload.h"
 #include "players/Show.h"
 
+#include <vector>
+
 namespace tarsel::players {
 
 /// The pictures one after the other, again from the first after the last. A picture that can't be decoded is
@@ -22,7 +24,8 @@ protected:
     bool isPlaying() const { return m_isPlaying; }
 
 private:
-    void load(int by);
+    bool load();
+    void loadFirst();
     void waitFrom(double now);
 
     const Payload& m_payload;
@@ -30,6 +33,8 @@ private:
     std::uint32_t m_background;
     double m_interval; ///< in seconds; 0 where no picture follows by itself
     std::size_t m_index = 0;
+    std::vector<bool> m_damaged; ///< as far as they were tried
+    int m_direction = 1;         ///< of the next step
     Picture m_picture;
     bool m_isPlaying = true;
     double m_next = 0;

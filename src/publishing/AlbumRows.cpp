@@ -60,10 +60,9 @@ void AlbumRows::writeFile(const AlbumFile& file) {
 }
 
 void AlbumRows::writeResources() {
-    if (m_options.settings.OnlyChanged == 1) {
+    m_sourcesBefore = sourceFiles();
+    if (m_options.settings.OnlyChanged == 1)
         m_update.emplace(m_names);
-        m_sourcesBefore = sourceFiles();
-    }
     for (const AlbumFile& file : m_template->resources())
         writeFile(file);
 }
@@ -192,6 +191,10 @@ std::function<bool()> AlbumRows::consume(const ListRow& row, ImageBox& box, RowR
 QString AlbumRows::refusal(int row, const QString& path) const {
     if (QFileInfo(path).isSymLink())
         return QCoreApplication::translate("AlbumRows", "is a link to a file that may be outside the album");
+    const FileIdentity present = FileIdentity::of(path);
+    const bool isOwn = row != noRow && present == FileIdentity::of(m_row.source);
+    if (m_sourcesBefore.contains(present) && !isOwn)
+        return QCoreApplication::translate("AlbumRows", "is the source of another row");
     return m_guard.verdictOn(row, path).refusal;
 }
 
