@@ -152,10 +152,12 @@ TEST_F(AlbumUpdated, ARecordOfSomeoneElseLeadsNowhere) {
     record.files.insert(victim, AlbumRecord::Stamp::of(victim));
     ASSERT_TRUE(QFile::link(folder(), path("out/link")));
     record.files.insert(text("link/victim"), AlbumRecord::Stamp::of(victim));
+    const QString diary = writeFile("out/diary.txt", "x");
+    record.files.insert(text("diary.txt"), AlbumRecord::Stamp::of(diary));
     writeFileSafely(inDirectory(".album-record"), record.text());
-    EXPECT_EQ(AlbumRecord::parsed(record.text()).files.size(), 1);
+    EXPECT_EQ(AlbumRecord::parsed(record.text()).files.size(), 2);
     EXPECT_TRUE(generate());
-    EXPECT_EQ(readWholeFile(victim), "x");
+    EXPECT_TRUE(readWholeFile(victim) == "x" && QFile::exists(diary));
     for (const char* bad : {"", "[]", "{\"version\":2}", "{\"version\":1,\"rows\":{\"a\":[1,-1,1e300]}}",
                             "{\"version\":1,\"files\":{\"\":3,\"a//b\":[],\"x\":[1e300,\"y\"]}}"}) {
         EXPECT_TRUE(AlbumRecord::parsed(bad).rows.isEmpty()) << bad;
