@@ -10,7 +10,6 @@
 #include "publishing/AlbumFields.h"
 #include "publishing/AlbumGenerator.h"
 #include "publishing/MetadataBasket.h"
-#include "tasks/modProcessTasks.h"
 
 #include <QCoreApplication>
 #include <array>
@@ -95,8 +94,7 @@ void requireOriginalsToFit(const settings::Album& settings) {
 }
 
 AlbumOptions albumOptions(const Arguments& arguments) {
-    if (!arguments.has("out"))
-        throw UsageError{QCoreApplication::translate("CommandLine", "--out is missing")};
+    requireOption(arguments, "out");
     AlbumOptions album;
     for (const AlbumField& field : albumFields)
         if (field.option && arguments.has(field.option))
@@ -124,7 +122,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     report.addMissing(basket.missing());
     if (basket.pages().isEmpty()) { // an album without a row would take the place of an older one
         report.summarise();
-        return wasInterrupted() ? Interrupted : SomeNotDone;
+        return exitStatus(false);
     }
     if (!modFileSystem::FolderExists(album.settings.AlbumFolder))
         modFileSystem::MakeFolder(album.settings.AlbumFolder);
@@ -133,15 +131,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
     albumRun.unreadSources = basket.missing();
     albumRun.stop = interruptible.stop();
     albumRun.onRow = [&](const RowResult& result) { report.add(result); };
-    const auto allTasks = [&] {
-        return modProcessTasks::rowsToReplay(tasks.lvEdit, tasks.lvEditBatch, nullptr, true);
-    };
+    const auto replayed = [&] { return allTasks(tasks); };
     ImageBox box;
     std::vector<RowResult> results;
     const bool isComplete =
-        fncGenerateAlbum({basket.pages(), box, allTasks}, album, progress, albumRun, results);
+        fncGenerateAlbum({basket.pages(), box, replayed}, album, progress, albumRun, results);
     report.summarise();
-    return wasInterrupted() ? Interrupted : isComplete && report.allDone(false) ? AllDone : SomeNotDone;
+    return exitStatus(isComplete && report.allDone(false));
 }
 
 } // namespace

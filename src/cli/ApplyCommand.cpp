@@ -62,8 +62,7 @@ SourceState apply(const QString& source, const QString& target, const TaskList& 
 }
 
 int run(const Arguments& arguments, Terminal& terminal) {
-    if (!arguments.has("tasks"))
-        throw UsageError{QCoreApplication::translate("CommandLine", "--tasks is missing")};
+    requireOption(arguments, "tasks");
     if (arguments.operands().size() != 2)
         throw UsageError{QCoreApplication::translate("CommandLine", "expected IN OUT")};
     RowResult result;

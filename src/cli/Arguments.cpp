@@ -81,6 +81,12 @@ int numberIn(const QString& text, int lowest, int highest, const char* option) {
     return number;
 }
 
+void requireOption(const Arguments& arguments, const char* option) {
+    if (!arguments.has(option))
+        throw UsageError{
+            QCoreApplication::translate("CommandLine", "--%1 is missing").arg(QLatin1String(option))};
+}
+
 int choiceIn(const Arguments& arguments, const char* option, const QStringList& words) {
     const QString word = arguments.value(option, words.first());
     const qsizetype index = words.indexOf(word);

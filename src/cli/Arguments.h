@@ -42,6 +42,9 @@ private:
     bool m_help = false;
 };
 
+/// UsageError naming the option when it isn't given.
+void requireOption(const Arguments& arguments, const char* option);
+
 /// An integer within bounds; UsageError naming the option otherwise.
 int numberIn(const QString& text, int lowest, int highest, const char* option);
 

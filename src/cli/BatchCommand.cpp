@@ -112,7 +112,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     std::vector<RowResult> results;
     fncSaveSinglePage(basket.pages(), tasks.lvEditBatch, box, progress, settings, slice, results);
     report.summarise();
-    return wasInterrupted() ? Interrupted : report.allDone(slice.dryRun) ? AllDone : SomeNotDone;
+    return exitStatus(report.allDone(slice.dryRun));
 }
 
 } // namespace

@@ -124,8 +124,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     const bool json = arguments.has("json");
     if (arguments.has("list"))
         return listMonitors(*systemScreen(), terminal, json);
-    if (!arguments.has("out"))
-        throw UsageError{Texts::tr("--out is missing")};
+    requireOption(arguments, "out");
     const QString target = filePath(arguments.value("out"));
     const SaveFormat& format = formatOf(target);
     const int delay = numberIn(arguments.value("delay", QStringLiteral("0")), 0, longestDelay, "delay");

@@ -7,7 +7,6 @@
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "publishing/EffectBuilder.h"
-#include "tasks/modProcessTasks.h"
 
 #include <QCoreApplication>
 
@@ -61,8 +60,7 @@ bool isGiven(const Arguments& arguments, const char* option, GreetingStyle wante
 }
 
 Settings greetingSettings(const Arguments& arguments) {
-    if (!arguments.has("style"))
-        throw UsageError{QCoreApplication::translate("CommandLine", "--style is missing")};
+    requireOption(arguments, "style");
     Settings settings;
     settings.EffectStyle = qint16(choiceIn(arguments, "style",
                                            {QStringLiteral("simple"), QStringLiteral("watery"),
@@ -97,16 +95,14 @@ int run(const Arguments& arguments, Terminal& terminal) {
     RowReport report(terminal, arguments.has("json"));
     ImageBox box;
     std::vector<RowResult> results;
-    const auto allTasks = [&] {
-        return modProcessTasks::rowsToReplay(tasks.lvEdit, tasks.lvEditBatch, nullptr, true);
-    };
+    const auto replayed = [&] { return allTasks(tasks); };
     constexpr bool asks = false;
     const bool isComplete =
-        subMakeEffectExe(target, settings, record, {filePath(arguments.operands().first()), box, allTasks},
+        subMakeEffectExe(target, settings, record, {filePath(arguments.operands().first()), box, replayed},
                          asks, joinedRun(arguments, interruptible.stop()), results);
     for (const RowResult& result : results)
         report.addAlone(result);
-    return wasInterrupted() ? Interrupted : isComplete && report.allDone(false) ? AllDone : SomeNotDone;
+    return exitStatus(isComplete && report.allDone(false));
 }
 
 } // namespace

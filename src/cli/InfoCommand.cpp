@@ -40,7 +40,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
             return Interrupted;
         allRead = report(path, arguments.has("json"), terminal) && allRead;
     }
-    return wasInterrupted() ? Interrupted : allRead ? AllDone : SomeNotDone;
+    return exitStatus(allRead);
 }
 
 } // namespace

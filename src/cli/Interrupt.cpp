@@ -92,4 +92,8 @@ bool wasInterrupted() {
     return interrupted;
 }
 
+ExitStatus exitStatus(bool isAllDone) {
+    return wasInterrupted() ? Interrupted : isAllDone ? AllDone : SomeNotDone;
+}
+
 } // namespace tarsel::cli

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/Command.h"
+
 #include <memory>
 #include <stop_token>
 
@@ -25,5 +27,8 @@ private:
 
 /// Whether such a signal came since the scope began.
 bool wasInterrupted();
+
+/// Of a command whose work could be interrupted.
+ExitStatus exitStatus(bool isAllDone);
 
 } // namespace tarsel::cli

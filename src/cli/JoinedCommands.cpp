@@ -167,8 +167,7 @@ RowResult extracted(const JoinedInput& input, int row, const QString& target) {
 }
 
 int extract(const Arguments& arguments, Terminal& terminal) {
-    if (!arguments.has("out"))
-        throw UsageError{QCoreApplication::translate("CommandLine", "--out is missing")};
+    requireOption(arguments, "out");
     const JoinedInput input(arguments);
     const QString folder = folderPath(arguments.value("out"));
     if (!modFileSystem::FolderExists(folder))
@@ -183,7 +182,7 @@ int extract(const Arguments& arguments, Terminal& terminal) {
         report.add(extracted(input, ++row, folder + QLatin1Char('/') + names.next(nameOf(picture))));
     }
     report.summarise();
-    return wasInterrupted() ? Interrupted : report.allDone(false) ? AllDone : SomeNotDone;
+    return exitStatus(report.allDone(false));
 }
 
 } // namespace

@@ -9,8 +9,7 @@
 namespace tarsel::cli {
 
 QString joinedTarget(const Arguments& arguments) {
-    if (!arguments.has("out"))
-        throw UsageError{QCoreApplication::translate("CommandLine", "--out is missing")};
+    requireOption(arguments, "out");
     const QString out = arguments.value("out");
     if (out.endsWith(QLatin1Char('/')) || QFileInfo(filePath(out)).isDir())
         throw UsageError{QCoreApplication::translate("CommandLine", "--out: \"%1\" is a folder").arg(out)};

@@ -38,7 +38,7 @@ public:
     void add(const QString& path, const MetadataOutcome& outcome);
 
     bool isDry() const { return m_isDry; }
-    int status() const { return wasInterrupted() ? Interrupted : m_failed ? SomeNotDone : AllDone; }
+    int status() const { return exitStatus(!m_failed); }
 
 private:
     void addJson(const QString& path, const MetadataOutcome& outcome);

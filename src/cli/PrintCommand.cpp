@@ -95,8 +95,7 @@ PrintLayout layoutOf(const Arguments& arguments) {
 }
 
 QString documentPath(const Arguments& arguments) {
-    if (!arguments.has("pdf"))
-        throw UsageError{QCoreApplication::translate("CommandLine", "--pdf is missing")};
+    requireOption(arguments, "pdf");
     const QString path = filePath(arguments.value("pdf"));
     if (!path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
         throw UsageError{
@@ -122,7 +121,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     for (const RowResult& result : print.run(box, progress))
         report.add(result);
     report.summarise();
-    return wasInterrupted() ? Interrupted : report.allDone(false) ? AllDone : SomeNotDone;
+    return exitStatus(report.allDone(false));
 }
 
 } // namespace

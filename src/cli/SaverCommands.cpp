@@ -7,7 +7,6 @@
 #include "cli/TaskSource.h"
 #include "cli/Terminal.h"
 #include "publishing/SaverBuilder.h"
-#include "tasks/modProcessTasks.h"
 
 #include <QCoreApplication>
 
@@ -60,18 +59,16 @@ int run(const Arguments& arguments, Terminal& terminal) {
     report.addMissing(basket.missing());
     JoinedRun joined = joinedRun(arguments, interruptible.stop());
     joined.unreadSources = basket.missing();
-    const auto allTasks = [&] {
-        return modProcessTasks::rowsToReplay(tasks.lvEdit, tasks.lvEditBatch, nullptr, true);
-    };
+    const auto replayed = [&] { return allTasks(tasks); };
     ImageBox box;
     std::vector<RowResult> results;
     const bool isComplete =
         basket.pages().isEmpty() ||
-        MkSaver(target, settings, {basket.pages(), box, allTasks}, progress, joined, results);
+        MkSaver(target, settings, {basket.pages(), box, replayed}, progress, joined, results);
     for (const RowResult& result : results)
         report.add(result);
     report.summarise();
-    return wasInterrupted() ? Interrupted : isComplete && report.allDone(false) ? AllDone : SomeNotDone;
+    return exitStatus(isComplete && report.allDone(false));
 }
 
 constexpr char notes[] = TEXT(

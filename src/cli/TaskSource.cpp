@@ -5,6 +5,7 @@
 #include "cli/ApplicationScope.h"
 #include "cli/FilePaths.h"
 #include "tasks/TaskFile.h"
+#include "tasks/modProcessTasks.h"
 
 #include <string_view>
 
@@ -28,6 +29,10 @@ void readTasks(const Arguments& arguments, TaskList& tasks) {
         modSaveOpenImageList::readTaskBasket(filePath(arguments.value("tasks")), tasks);
     if (drawsText(tasks))
         ApplicationScope::provideFonts();
+}
+
+std::vector<TaskRow> allTasks(const TaskList& tasks) {
+    return modProcessTasks::rowsToReplay(tasks.lvEdit, tasks.lvEditBatch, nullptr, true);
 }
 
 } // namespace tarsel::cli
