@@ -151,10 +151,13 @@ SourceGuard::Verdict SourceGuard::verdictOn(int row, const QString& target) cons
 QString SourceGuard::refusalFor(int row, const FileIdentity& target) const {
     if (m_unread.contains(target))
         return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace a source that could not be read"));
-    for (const int each : m_files.value(target).rows) {
+    const std::vector<int> rows = m_files.value(target).rows;
+    const bool isOwn = std::ranges::find(rows, row) != rows.end();
+    for (const int each : rows) {
         if (m_policy == SourceReplacing::KeptReadable && !m_readInPart.contains(each))
             continue;
-        const bool needed = each != row && !isSafe(each);
+        const bool isForeign = m_policy == SourceReplacing::RefusedToOthers && !isOwn;
+        const bool needed = each != row && (isForeign || !isSafe(each));
         if (each == row && m_policy == SourceReplacing::Refused)
             return translated(QT_TRANSLATE_NOOP("SourceGuard", "would replace its own source"));
         if (needed || m_policy == SourceReplacing::Refused)

@@ -21,6 +21,7 @@ enum class SourceReplacing {
                   ///< another name when one of them is not written
     RefusedUntilDone, ///< the row that would replace it is skipped, unless the file is its own source or the
                       ///< source of rows that were written already
+    RefusedToOthers,  ///< the same, and a row replaces no source but its own, whatever was written already
     Refused           ///< the row that would replace it is skipped
 };
 

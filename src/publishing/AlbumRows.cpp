@@ -45,7 +45,7 @@ AlbumRows::AlbumRows(const AlbumSources& sources, const AlbumOptions& options, c
                      const AlbumRun& run) :
     m_sources(sources),
     m_options(options), m_names(names), m_run(run), m_forms(service<Locale>().dateForms()),
-    m_guard(sources.lvPages, SourceReplacing::RefusedUntilDone, run.unreadSources),
+    m_guard(sources.lvPages, SourceReplacing::RefusedToOthers, run.unreadSources),
     m_template(albumTemplate(options, names)) {}
 
 // --- files that belong to no row
@@ -60,9 +60,10 @@ void AlbumRows::writeFile(const AlbumFile& file) {
 }
 
 void AlbumRows::writeResources() {
-    m_sourcesBefore = sourceFiles();
-    if (m_options.settings.OnlyChanged == 1)
+    if (m_options.settings.OnlyChanged == 1) {
         m_update.emplace(m_names);
+        m_sourcesBefore = sourceFiles();
+    }
     for (const AlbumFile& file : m_template->resources())
         writeFile(file);
 }
@@ -191,10 +192,6 @@ std::function<bool()> AlbumRows::consume(const ListRow& row, ImageBox& box, RowR
 QString AlbumRows::refusal(int row, const QString& path) const {
     if (QFileInfo(path).isSymLink())
         return QCoreApplication::translate("AlbumRows", "is a link to a file that may be outside the album");
-    const FileIdentity present = FileIdentity::of(path);
-    const bool isOwn = row != noRow && present == FileIdentity::of(m_row.source);
-    if (m_sourcesBefore.contains(present) && !isOwn)
-        return QCoreApplication::translate("AlbumRows", "is the source of another row");
     return m_guard.verdictOn(row, path).refusal;
 }
 

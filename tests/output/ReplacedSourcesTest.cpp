@@ -71,7 +71,8 @@ const Way ways[] = {
 
 TEST(ReplacedSources, TheCommandLineRefusesARowWhoseTargetAnotherRowStillNeeds) {
     for (const Way& way : ways)
-        for (const auto policy : {SourceReplacing::RefusedUntilDone, SourceReplacing::Refused}) {
+        for (const auto policy : {SourceReplacing::RefusedUntilDone, SourceReplacing::RefusedToOthers,
+                                  SourceReplacing::Refused}) {
             SCOPED_TRACE(way.what);
             TwoRowsOneTarget basket;
             way.arrange(basket);
