@@ -10,6 +10,7 @@ namespace tarsel {
 
 namespace {
 
+constexpr char pageExtension[] = ".html";
 constexpr qsizetype longestName = 255; // bytes that a file system allows
 
 struct Texts {
@@ -39,7 +40,12 @@ QString AlbumNames::directory() const {
 }
 
 QString AlbumNames::page(const QString& row) const {
-    return m_title + QLatin1Char('_') + row + QStringLiteral(".html");
+    return m_title + QLatin1Char('_') + row + QLatin1String(pageExtension);
+}
+
+bool AlbumNames::isPage(const QString& fileName) const {
+    return !fileName.contains(QLatin1Char('/')) && fileName.startsWith(m_title + QLatin1Char('_')) &&
+           fileName.endsWith(QLatin1String(pageExtension));
 }
 
 QString AlbumNames::picture(const QString& row) {

@@ -14,6 +14,7 @@ public:
 
     QString directory() const; ///< the name of the folder in the chosen one
     QString page(const QString& row) const;
+    bool isPage(const QString& fileName) const; ///< of some row
     static QString picture(const QString& row);
     static QString thumbnail(const QString& row);
 

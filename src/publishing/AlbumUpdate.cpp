@@ -113,11 +113,8 @@ bool AlbumUpdate::isInside(const QString& path) const {
 
 /// A record can come from anybody.
 bool AlbumUpdate::isNamedLikeOurs(const QString& name) const {
-    const QString page = m_names.page(QString());
-    return name == m_names.inFolder(m_names.index()) ||
-           name.startsWith(m_names.directory() + QLatin1Char('/')) ||
-           (!name.contains(QLatin1Char('/')) && name.startsWith(page.chopped(5)) &&
-            name.endsWith(page.last(5)));
+    return name == m_names.inFolder(m_names.index()) || m_names.isPage(name) ||
+           name.startsWith(m_names.directory() + QLatin1Char('/'));
 }
 
 /// Files in the places of an album's files that neither this run nor the last has written.
@@ -132,9 +129,9 @@ QStringList AlbumUpdate::strangers() const {
     while (pictures.hasNext())
         add(pictures.next());
     const QFileInfo index(m_names.index());
-    for (const QString& page : index.dir().entryList({QStringLiteral("*.html")}, QDir::Files))
-        if (page.startsWith(m_names.page(QString()).chopped(5)))
-            add(index.dir().filePath(page));
+    for (const QString& file : index.dir().entryList(QDir::Files))
+        if (m_names.isPage(file))
+            add(index.dir().filePath(file));
     found.sort();
     return found;
 }
