@@ -42,11 +42,18 @@ Picture takeFile(const QString& path, const QDateTime& asked) {
     return pictureOf(image);
 }
 
+/// In Qt's own units.
+QRect screensBounds() {
+    QRect all;
+    for (const QScreen* screen : QGuiApplication::screens())
+        all |= screen->geometry();
+    return all;
+}
+
 class PortalScreen final : public ScreenSource {
 public:
     ScreenPicture grab(bool) override {
         const QDateTime asked = QDateTime::currentDateTime().addSecs(-1); // file systems round times
-        QString fault;
         for (const bool interactive : {false, true}) {
             ScreenshotRequest request(interactive);
             switch (request.wait()) {
@@ -75,9 +82,7 @@ public:
 
 private:
     static ScreenPicture withMonitors(Picture picture) {
-        QRect all;
-        for (const QScreen* screen : QGuiApplication::screens())
-            all |= screen->geometry();
+        const QRect all = screensBounds();
         const double across = double(picture.width()) / std::max(1, all.width());
         const double down = double(picture.height()) / std::max(1, all.height());
         const QRect bounds(0, 0, picture.width(), picture.height());
@@ -93,9 +98,7 @@ private:
 
     /// The desktop draws all monitors in one picture at one scale.
     static std::vector<Monitor> monitorsAt(double across, double down) {
-        QRect all;
-        for (const QScreen* screen : QGuiApplication::screens())
-            all |= screen->geometry();
+        const QRect all = screensBounds();
         std::vector<Monitor> monitors;
         for (const QScreen* screen : QGuiApplication::screens()) {
             const QRect place = screen->geometry().translated(-all.topLeft());
