@@ -29,18 +29,6 @@ const Command* findCommand(const QString& name) {
     return found == std::end(allCommands) ? nullptr : *found;
 }
 
-/// A text of one of the tables.
-QString shown(const char* text) {
-    return QCoreApplication::translate("CommandLine", text);
-}
-
-QString spelled(const OptionSpec& option) {
-    QString text = QStringLiteral("--") + QLatin1String(option.name);
-    if (option.value)
-        text += QLatin1Char(' ') + QLatin1String(option.value);
-    return text;
-}
-
 bool isHelp(const QString& word) {
     return word == QLatin1String("--help") || word == QLatin1String("-h");
 }
@@ -61,7 +49,7 @@ QString commandTable(const QString& start = {}) {
     QList<std::pair<QString, QString>> rows;
     for (const Command* command : commands())
         if (const QString name = QString::fromUtf8(command->name); name.startsWith(start))
-            rows.append({name, shown(command->summary)});
+            rows.append({name, shownText(command->summary)});
     return table(rows);
 }
 
@@ -124,6 +112,17 @@ std::span<const Command* const> commands() {
     return allCommands;
 }
 
+QString shownText(const char* text) {
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+QString spelledOption(const OptionSpec& option) {
+    QString text = QStringLiteral("--") + QLatin1String(option.name);
+    if (option.value)
+        text += QLatin1Char(' ') + QLatin1String(option.value);
+    return text;
+}
+
 QString programHelp() {
     return QCoreApplication::translate("CommandLine",
                                        "Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
@@ -140,12 +139,12 @@ QString programHelp() {
 QString commandHelp(const Command& command) {
     QList<std::pair<QString, QString>> rows;
     for (const OptionSpec& option : command.options)
-        rows.append({spelled(option), shown(option.help)});
+        rows.append({spelledOption(option), shownText(option.help)});
     rows.append({QStringLiteral("--help"), QCoreApplication::translate("CommandLine", "show this text")});
     return QCoreApplication::translate("CommandLine",
                                        "Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
-        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands), shown(command.summary),
-             table(rows), shown(command.notes));
+        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands), shownText(command.summary),
+             table(rows), shownText(command.notes));
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/DecoderProcess.h"
 
+#include "base/PrivateFiles.h"
 #include "base/Stop.h"
 #include "codecs/DecoderLost.h"
 
@@ -12,7 +13,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/mman.h>
@@ -36,9 +36,7 @@ QByteArray programPath() {
     QByteArray configured = qgetenv("TARSEL_DECODER");
     if (!configured.isEmpty())
         return configured;
-    std::error_code none;
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", none);
-    return QByteArray::fromStdString((self.parent_path() / programName).string());
+    return QByteArray::fromStdString(privateFile(programName).string());
 }
 
 /// Memory that another process can map. No process can change its size.
