@@ -26,7 +26,6 @@
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ElidedLabel.h"
-#include "controls/LineIcon.h"
 #include "controls/ListControl.h"
 #include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
@@ -73,7 +72,6 @@ frmMain::frmMain(StartupOptions options) :
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setAcceptDrops(true);
-    setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
     if (!m_options.thumbnailFolder.isEmpty()) {
         m_folderView.readThumbnail = m_basket.readThumbnail =
             cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
@@ -363,7 +361,7 @@ void frmMain::undo() {
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
-    if (openOfferedTasks(files))
+    if (openOfferedTasks(files) || openOfferedBasket(files))
         return;
     const QString path = localPath(files.value(0));
     if (path.isEmpty())

@@ -68,8 +68,8 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
-    /// Shows the picture or folder, or opens the task list, that the program was started with: a path or an
-    /// address.
+    /// Shows the picture or folder, or opens the basket or the task list, that the program was started with: a
+    /// path or an address.
     void openFile(const QString& argument);
     void takeUpright(); ///< shows the picture as the batch's option says
 
@@ -162,6 +162,7 @@ private:
     void showTaskPanel(bool open);
     void showBefore();
     bool openOfferedTasks(const QList<QUrl>& files);
+    bool openOfferedBasket(const QList<QUrl>& files);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();

@@ -11,6 +11,7 @@
 #include "controls/IndicatorStyle.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTimer>
@@ -44,6 +45,10 @@ int main(int argc, char** argv) {
     if (!operands)
         return 2;
     installIndicatorStyle();
+    // By the name, docks and Wayland find the program's entry and its icon.
+    QGuiApplication::setDesktopFileName(programIdentity::name);
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(programIdentity::name, QIcon(QStringLiteral(":/tarsel-jpeg.svg"))));
 
     QtDesktop desktop;
     QString programFolder;
