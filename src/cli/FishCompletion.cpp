@@ -29,7 +29,7 @@ QString offer(const CompletedWord& word) {
     case CompletedWord::File:
         return word.words.isEmpty()
                    ? QStringLiteral("-r -F")
-                   : QStringLiteral("-x -a '(__fish_complete_suffix .%1)'").arg(word.words.first());
+                   : QStringLiteral("-x -k -a '(__fish_complete_suffix .%1)'").arg(word.words.first());
     case CompletedWord::Nothing:
         break;
     }

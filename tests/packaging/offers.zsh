@@ -12,7 +12,7 @@ send 'compadd() {
     local -a found
     builtin compadd -O found "$@"
     builtin compadd "$@"
-    (( $#found )) && print -rl -- "=$^found" >> $HOME/offers
+    (( $#found )) && print -rl -- :$^found >> $HOME/offers
 }'
 send 'ready() { print READY; }; ready'
 zpty -m shell '' '*READY*' 2>/dev/null || zpty -r -m shell answer '*READY*'
@@ -23,5 +23,5 @@ for attempt in {1..50}; do
     [[ -s $HOME/offers ]] && break
 done
 sleep 0.3
-sed -n 's/^=//p' $HOME/offers | sort -u
+sed -n 's/^://p' $HOME/offers | sort -u
 zpty -d shell
