@@ -25,26 +25,26 @@ public:
     ~Scanner() override;
 
     /// Asks the service anew, every time; the search on a network can take seconds. Closes the device.
-    void listDevices();
+    virtual void listDevices();
     /// Closes the one that is open.
-    void open(const QString& device);
-    void close();
+    virtual void open(const QString& device);
+    virtual void close();
     /// In this order. One that fails ends the list; the others before it stay.
-    void setOptions(const std::vector<ScanSetting>& settings);
+    virtual void setOptions(const std::vector<ScanSetting>& settings);
     void setOption(const QString& name, const ScanValue& value) { setOptions({{name, value}}); }
 
-    bool isOpen() const; ///< opened() has been sent, and no failure has closed it since
-    bool isBusy() const; ///< a call has not been answered yet
+    virtual bool isOpen() const; ///< opened() has been sent, and no failure has closed it since
+    virtual bool isBusy() const; ///< a call has not been answered yet
     bool TwainReady() const { return isOpen() && !isBusy(); }
     /// Ends with finished(), also when it fails.
-    void TwainAcquire(const ScanRequest& request);
+    virtual void TwainAcquire(const ScanRequest& request);
     /// Number of the page that arrived last; 0 before the first one, and again when a request starts with
     /// page 1.
-    int TwainImageCount() const;
+    virtual int TwainImageCount() const;
     /// Stops whatever runs, and what waits: within seconds, even where the driver hangs. An acquisition ends
     /// with finished(Cancelled), another call with failed() and error 18; the device may have to be opened
     /// again.
-    void cancel();
+    virtual void cancel();
 
 Q_SIGNALS:
     void devicesListed(const std::vector<tarsel::ScanDevice>& devices);
