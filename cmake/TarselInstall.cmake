@@ -3,7 +3,7 @@
 # sample pictures, relative to it.
 include(GNUInstallDirs)
 
-foreach(program tarsel-jpeg tarsel tarsel-decoder)
+foreach(program tarsel-jpeg tarsel tarsel-decoder tarsel-scanner)
     if(TARGET ${program})
         install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     endif()

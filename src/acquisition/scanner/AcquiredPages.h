@@ -12,29 +12,42 @@ namespace tarsel {
 std::span<const char* const> singlePageFormats();
 std::span<const char* const> multiPageFormats();
 
-/// Where the pages of an acquisition go. Used by one thread at a time; to be kept for "another page" of the
-/// same document.
+/// Saves the page as a picture of its own, in the format of the extension, with its resolution. An older file
+/// is replaced.
+void saveScannedPage(const ScannedPage& page, const QString& path);
+
+/// A document, TIFF or PDF by its extension, that takes one page after another.
+class PagedDocument {
+public:
+    explicit PagedDocument(const QString& path) : m_path(path) {}
+    /// Page 1 replaces an older document, the others are appended. When page 1 could not be saved, the first
+    /// page that can be takes its place. A failure leaves the document as it was.
+    void add(const ScannedPage& page);
+
+private:
+    const QString m_path;
+    bool m_lacksFirstPage = false;
+};
+
+/// Where the pages of an acquisition go. For one thread at a time; to be kept for "another page" of the same
+/// document.
 class AcquiredPages {
 public:
     /// `temporaryFolder` takes the pages for the basket.
     AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder);
 
     /// Saves one page by the choice: a temporary TIFF file for the basket, a file of its own, or a page of
-    /// the document. Page 1 of a document replaces an older file, the others are appended; when page 1 could
-    /// not be saved, the first page that can be takes its place. Whether files may be overwritten is not
-    /// asked: the setting Overwrite is stored and has no effect. A failure is in the result, and leaves the
-    /// file as it was.
+    /// the document. Whether files may be overwritten is not asked: the setting Overwrite is stored and has
+    /// no effect. A failure is in the result.
     AcquiredFile subAcquirePage(const ScannedPage& page);
 
-    /// The path that the page of this number gets, of the basket's without the random number.
-    QString pathOf(int number) const;
-
 private:
-    void save(const ScannedPage& page, AcquiredFile& file);
+    QString saveToFile(const ScannedPage& page);
+    QString saveForBasket(const ScannedPage& page) const;
 
     const settings::Twain m_choice;
     const QString m_temporaryFolder;
-    bool m_isBegun = false; ///< the document holds pages of this acquisition
+    PagedDocument m_document;
 };
 
 } // namespace tarsel

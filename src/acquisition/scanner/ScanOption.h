@@ -42,6 +42,7 @@ struct ScanOption {
     ScanUnit unit = ScanUnit::None;
     std::optional<ScanRange> range = {};
     std::vector<ScanValue> choices = {}; ///< of the option's type; empty where there is no list
+    QStringList choiceTexts = {};        ///< of texts in the user's language, beside the choices
     ScanValue value = {};
     bool isActive = false;    ///< has a meaning with the options as they are; false for hidden ones
     bool isSettable = false;  ///< by software, and one value; false for keys and sensors of the device

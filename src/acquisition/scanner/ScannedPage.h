@@ -11,12 +11,12 @@
 namespace tarsel {
 
 struct ScannedPage {
-    Picture picture;     ///< 24 bits; a page that ended early is white below its last line
+    Picture picture;     ///< 24 bits
     int number = 1;      ///< from 1; goes on where the request says so
     int colorFormat = 0; ///< of pixels/ColorReduction.h: 0 colour, 2 gray, 6 black and white
     double dpiX = 0;     ///< 0 where the device doesn't say
     double dpiY = 0;
-    bool isCut = false; ///< the device sent fewer lines than it had promised
+    bool isCut = false; ///< lower than the device had promised
 };
 
 /// What became of a page.

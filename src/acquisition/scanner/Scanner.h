@@ -5,10 +5,14 @@
 #include "acquisition/scanner/ScannedPage.h"
 
 #include <QObject>
+#include <functional>
 #include <memory>
+#include <stop_token>
 #include <vector>
 
 namespace tarsel {
+
+class ScannerProcess;
 
 /// A scanner for a window: every call returns at once, the answer is a signal on the object's own thread.
 /// Calls are carried out in their order, each by one signal: its own, or failed. The drivers of scanners,
@@ -50,7 +54,7 @@ Q_SIGNALS:
     void devicesListed(const std::vector<tarsel::ScanDevice>& devices);
     void opened(const tarsel::ScanOptions& options);
     void closed();
-    /// After setOptions, and after an acquisition that moved an option.
+    /// After setOptions. What a preview changes of the options it puts back.
     void optionsChanged(const tarsel::ScanOptions& options,
                         const std::vector<tarsel::RoundedSetting>& rounded);
     void progress(const tarsel::ScanProgress& progress); ///< at most some twenty a second
@@ -61,6 +65,9 @@ Q_SIGNALS:
 
 private:
     class Worker;
+    using Answer = std::function<void()>;
+    void call(std::function<Answer(ScannerProcess&, const std::stop_token&)> work);
+
     std::unique_ptr<Worker> m_worker;
     bool m_isOpen = false;
     int m_pending = 0; ///< calls without an answer
