@@ -85,7 +85,8 @@ QString choiceText(const ScanOption& option, const ScanValue& choice) {
     for (const KnownWord& known : knownWords)
         if (text == QLatin1String(known.value))
             return QCoreApplication::translate("ScanChoices", known.text);
-    return text;
+    const auto place = std::ranges::find(option.choices, choice) - option.choices.begin();
+    return option.choiceTexts.value(place, text);
 }
 
 void fillChoices(QComboBox& list, const ScanOption& option) {
