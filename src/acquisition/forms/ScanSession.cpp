@@ -207,13 +207,11 @@ void ScanSession::takeEnd(const ScanEnd& end) {
         m_faults.scanner = end.error;
     if (asksForNextPage(end))
         return setState(State::AwaitingPage);
-    if (!m_scanner.isOpen()) {
-        m_options = {};
-        m_reason = end.error;
-    }
-    setState(m_scanner.isOpen() ? State::Ready : State::NoDevice);
+    setState(State::Ready);
     Q_EMIT finished(m_faults);
-    if (!m_waiting.empty() && m_scanner.isOpen())
+    if (!m_scanner.isOpen()) // a driver that crashed, or had to be ended
+        choose(m_memory.device);
+    else if (!m_waiting.empty())
         sendSettings();
 }
 

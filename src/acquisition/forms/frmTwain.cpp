@@ -139,7 +139,8 @@ void frmTwain::connectControls() {
     connect(m_ui->cmdRefresh, &QToolButton::clicked, &m_session, &ScanSession::look);
     connect(m_ui->cboDevice, &QComboBox::activated, this, [this](int index) {
         const QString device = m_ui->cboDevice->itemData(index).toString();
-        if (!device.isEmpty() && device != m_session.device())
+        const bool isOpen = m_session.state() != ScanSession::State::NoDevice && device == m_session.device();
+        if (!device.isEmpty() && !isOpen)
             m_session.choose(device);
     });
     const auto set = [this](const std::vector<ScanSetting>& settings) { m_session.set(settings); };
@@ -174,7 +175,7 @@ void frmTwain::showEvent(QShowEvent* event) {
     m_ui->optionsArea->updateGeometry();
     layout()->activate();
     const QSize ofPictures(56 * fontMetrics().averageCharWidth(), 0);
-    fitToScreen(*this, (sizeHint() + QSize(0, 0)).expandedTo(m_ui->optionsArea->sizeHint() + ofPictures));
+    fitToScreen(*this, sizeHint().expandedTo(m_ui->optionsArea->sizeHint() + ofPictures));
 }
 
 // --- the scanner
@@ -261,11 +262,12 @@ void frmTwain::showProgressPage() {
         showProgress({m_session.nextNumber(), 0, 0, false});
 }
 
-/// The pages that are here stay on show when the scanner has gone.
+/// The pages that are here stay on show while a scanner is looked for.
 void frmTwain::showEmpty() {
     using enum ScanSession::State;
     const ScanSession::State state = m_session.state();
-    const bool isEmpty = (state == Looking || state == Opening || state == NoDevice) && !ImageBox1.HasImage();
+    const bool isEmpty =
+        state == NoDevice || ((state == Looking || state == Opening) && !ImageBox1.HasImage());
     m_ui->stkPictures->setCurrentWidget(isEmpty ? m_ui->pagEmpty : m_ui->pagPictures);
     if (state == Looking) {
         m_ui->lblEmpty->setText(tr("Looking for scanners..."));
