@@ -130,7 +130,7 @@ void SampleScanner::TwainAcquire(const ScanRequest& request) {
 
 void SampleScanner::acquireAll() {
     const bool isFeeder = !requests.back().isPreview && ScanOptions(m_options).isFeeder() == true;
-    for (int i = 0; i < (isFeeder ? pagesInFeeder : 1); ++i)
+    for (int i = 0; i < (isFeeder ? pagesInFeeder : pagesOfFlatbed); ++i)
         deliver();
     if (fault)
         end({ScanEndReason::Failed, m_ofRequest, std::exchange(fault, std::nullopt)});

@@ -17,7 +17,7 @@ public:
 
     // what it has
     std::vector<ScanDevice> devices;
-    int pagesInFeeder = 3;
+    int pagesInFeeder = 3, pagesOfFlatbed = 1;
     Picture page;                      ///< what lies on it
     bool holdsPages = false;           ///< until deliver() and end()
     std::optional<TrappedError> fault; ///< ends the next acquisition, after its pages, or the next opening

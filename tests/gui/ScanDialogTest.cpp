@@ -153,6 +153,13 @@ TEST_F(ScanDialog, ADocumentOfAFlatbedGrowsByReturnUntilFinish) {
             QTest::qWaitFor([&] { return isVisible("pagAnother") && pagesOf("Twain.tif") == pages; }));
     }
     EXPECT_NE(label("lblAnother").find("page 4"), std::string::npos);
+    scanner.fault = TrappedError{ErrorNumber::InvalidCall, QStringLiteral("Cover open."), {}};
+    scanner.pagesOfFlatbed = 0;
+    click(*dialog, "cmdNextPage");
+    ASSERT_TRUE(waitForMessage());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isVisible("pagAnother"); })) << "the page can be tried again";
+    desktop.messages.clear();
+    scanner.pagesOfFlatbed = 1;
     click(*dialog, "cmdFinish");
     EXPECT_TRUE(waitForEnd());
     EXPECT_EQ(label("lblState"), "3 pages were acquired.");
@@ -163,7 +170,7 @@ TEST_F(ScanDialog, ADocumentOfAFlatbedGrowsByReturnUntilFinish) {
     click(*dialog, "cmdAcquire");
     ASSERT_TRUE(waitForMessage());
     EXPECT_TRUE(desktop.messages[0].text.contains(QStringLiteral("Twain.tif")));
-    EXPECT_EQ(scanner.requests.size(), 3u);
+    EXPECT_EQ(scanner.requests.size(), 4u);
     EXPECT_EQ(pagesOf("Twain.tif"), 3);
     click(*dialog, "chkOverwrite");
     acquire();

@@ -160,6 +160,7 @@ void ScanSession::start(bool isPreview) {
     if (!isPreview)
         request.save = [pages = m_pages](const ScannedPage& page) { return pages->subAcquirePage(page); };
     m_isStopping = false;
+    m_faults.scanner.reset();
     m_request = request;
     setState(isPreview ? State::Previewing : State::Scanning);
     startWhenReady();
@@ -189,11 +190,11 @@ void ScanSession::noteUnsaved(const ScannedPage& page, const TrappedError& error
         m_faults.errors.push_back(error);
 }
 
-/// A flatbed has one page at a time, a document may have more. Nothing is added to one that lacks a page
-/// without the user knowing.
-bool ScanSession::asksForNextPage(const ScanEnd& end) const {
-    return m_state == State::Scanning && end.reason == ScanEndReason::Done && m_faults.isEmpty() &&
-           isDocument(m_choice) && m_options.isFeeder() != true;
+/// A flatbed has one page at a time, a document may have more; one that failed can be tried again. Nothing is
+/// added to a document that lacks a page.
+bool ScanSession::asksForNextPage() const {
+    return m_state == State::Scanning && isDocument(m_choice) && m_options.isFeeder() != true &&
+           m_pagesOfRun > 0 && m_faults.unsaved.empty() && m_scanner.isOpen();
 }
 
 void ScanSession::takeEnd(const ScanEnd& end) {
@@ -205,9 +206,7 @@ void ScanSession::takeEnd(const ScanEnd& end) {
         m_faults = {.isPreview = true};
     if (end.reason == ScanEndReason::Failed)
         m_faults.scanner = end.error;
-    if (asksForNextPage(end))
-        return setState(State::AwaitingPage);
-    setState(State::Ready);
+    setState(asksForNextPage() ? State::AwaitingPage : State::Ready);
     Q_EMIT finished(m_faults);
     if (!m_scanner.isOpen()) // a driver that crashed, or had to be ended
         choose(m_memory.device);
@@ -219,7 +218,6 @@ void ScanSession::finish() {
     if (m_state != State::AwaitingPage)
         return;
     setState(State::Ready);
-    Q_EMIT finished(m_faults);
 }
 
 void ScanSession::cancel() {

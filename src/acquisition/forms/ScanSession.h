@@ -79,7 +79,7 @@ Q_SIGNALS:
     void progressed(const tarsel::ScanProgress& progress);
     void previewArrived(const tarsel::Picture& picture);
     void pageArrived(const tarsel::ScannedPage& page, const tarsel::AcquiredFile& file);
-    /// An acquisition or a preview has ended.
+    /// An acquisition or a preview has ended. A document may still get another page.
     void finished(const tarsel::ScanFaults& faults);
     void refused(const tarsel::TrappedError& error); ///< a setting
 
@@ -95,7 +95,7 @@ private:
     void noteUnsaved(const ScannedPage& page, const TrappedError& error);
     void start(bool isPreview);
     void startWhenReady();
-    bool asksForNextPage(const ScanEnd& end) const;
+    bool asksForNextPage() const;
 
     Scanner& m_scanner;
     ScanMemory& m_memory;
