@@ -14,6 +14,7 @@
 #include "configuration/ProgramFolder.h"
 #include "controls/FormScrollArea.h"
 #include "controls/LineIcon.h"
+#include "controls/LineIconLabel.h"
 #include "controls/TypedCharacters.h"
 #include "controls/WheelToPanel.h"
 
@@ -92,6 +93,9 @@ void frmTwain::fillBoxes() {
     QFont large = m_ui->lblEmpty->font();
     large.setPointSizeF(large.pointSizeF() * 1.4);
     m_ui->lblEmpty->setFont(large);
+    constexpr int lines = 4;
+    m_ui->layEmpty->insertWidget(
+        1, new LineIconLabel(lineIcon(QStringLiteral("scan")), m_ui->pagEmpty, lines), 0, Qt::AlignHCenter);
 }
 
 void frmTwain::addViews() {
