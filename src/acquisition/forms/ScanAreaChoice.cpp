@@ -65,7 +65,7 @@ void ScanAreaChoice::show(const ScanOptions& options) {
     const QRectF bed = options.wholeArea();
     const QScopedValueRollback showing(m_isShowing, true);
     m_papers.setEnabled(!bed.isEmpty());
-    if (bed != m_bed) {
+    if (!isSame(bed, m_bed)) {
         m_bed = bed;
         listPapers();
         showPreview({});

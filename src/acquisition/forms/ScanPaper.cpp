@@ -39,9 +39,4 @@ QRectF areaOf(const ScanPaper& paper, const QRectF& bed) {
     return {bed.topLeft(), paper.size.boundedTo(bed.size())};
 }
 
-QRectF areaWithin(const QRectF& area, const QRectF& bed) {
-    const QRectF common = area.intersected(bed);
-    return common.isEmpty() ? bed : common;
-}
-
 } // namespace tarsel

@@ -21,8 +21,4 @@ std::vector<ScanPaper> papersFor(const QSizeF& bed);
 /// The part of the bed that the paper covers when it is put into the corner where the scan begins.
 QRectF areaOf(const ScanPaper& paper, const QRectF& bed);
 
-/// The same part of the bed as of another one, such as that of another source; the complete bed where they
-/// have nothing in common.
-QRectF areaWithin(const QRectF& area, const QRectF& bed);
-
 } // namespace tarsel
