@@ -18,7 +18,7 @@ public:
     Device(const Device&) = delete;
     Device& operator=(const Device&) = delete;
 
-    /// Starts the library anew: some drivers look for devices only then.
+    /// Starts the library again: some drivers look for devices only then.
     SANE_Status list(PackedWriter& devices);
     SANE_Status open(const std::string& name);
     void close();

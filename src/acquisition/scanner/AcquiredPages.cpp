@@ -9,7 +9,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
-#include <algorithm>
+#include <utility>
 
 namespace tarsel {
 
@@ -42,6 +42,13 @@ ImageBox boxWith(const ScannedPage& page) {
     return box;
 }
 
+bool saveBox(ImageBox box, const QString& path, OldFile oldFile) {
+    if (oldFile == OldFile::Keep)
+        return writeNewFileSafely(path, box.encoded(QFileInfo(path).suffix()));
+    box.SaveToFile(path);
+    return true;
+}
+
 } // namespace
 
 std::span<const char* const> singlePageFormats() {
@@ -52,28 +59,30 @@ std::span<const char* const> multiPageFormats() {
     return multiPages;
 }
 
-void saveScannedPage(const ScannedPage& page, const QString& path) {
-    boxWith(page).SaveToFile(path);
+bool saveScannedPage(const ScannedPage& page, const QString& path, OldFile oldFile) {
+    return saveBox(boxWith(page), path, oldFile);
 }
 
-void PagedDocument::add(const ScannedPage& page) {
+bool PagedDocument::add(const ScannedPage& page) {
     constexpr int fax = 2;
     ImageBox box = boxWith(page);
     if (page.colorFormat == int(ColorFormat::BlackAndWhite))
         box.TiffCompression = fax;
     if (page.number == 1 || m_lacksFirstPage) {
         m_lacksFirstPage = true;
-        box.SaveToFile(m_path);
-        m_lacksFirstPage = false;
-    } else if (QFileInfo(m_path).suffix().compare(u"pdf", Qt::CaseInsensitive) == 0) {
-        box.AddPagePdf(m_path, {}, 0);
-    } else {
-        box.AddPageTiff(m_path, {}, 0);
+        m_lacksFirstPage = !saveBox(std::move(box), m_path, m_oldFile);
+        return !m_lacksFirstPage;
     }
+    if (QFileInfo(m_path).suffix().compare(u"pdf", Qt::CaseInsensitive) == 0)
+        box.AddPagePdf(m_path, {}, 0);
+    else
+        box.AddPageTiff(m_path, {}, 0);
+    return true;
 }
 
 AcquiredPages::AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder) :
-    m_choice(choice), m_temporaryFolder(temporaryFolder), m_document(documentPath(choice)) {}
+    m_choice(choice), m_temporaryFolder(temporaryFolder), m_document(documentPath(choice), OldFile::Replace) {
+}
 
 AcquiredFile AcquiredPages::subAcquirePage(const ScannedPage& page) {
     AcquiredFile file;
@@ -90,7 +99,7 @@ QString AcquiredPages::saveToFile(const ScannedPage& page) {
     const QString path =
         inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
                                       formatAt(singlePages, m_choice.SinglePageFormat));
-    saveScannedPage(page, path);
+    saveScannedPage(page, path, OldFile::Replace);
     return path;
 }
 
@@ -98,11 +107,10 @@ QString AcquiredPages::saveToFile(const ScannedPage& page) {
 QString AcquiredPages::saveForBasket(const ScannedPage& page) const {
     constexpr int numbers = 9999;
     QDir().mkpath(m_temporaryFolder);
-    const QByteArray bytes = boxWith(page).encoded(QStringLiteral("tif"));
     for (;;) {
         const int random = int(QRandomGenerator::global()->generateDouble() * numbers);
         QString path = inFolder(m_temporaryFolder, QStringLiteral("%1_%2.tif").arg(page.number).arg(random));
-        if (writeNewFileSafely(path, bytes))
+        if (saveScannedPage(page, path, OldFile::Keep))
             return path;
     }
 }

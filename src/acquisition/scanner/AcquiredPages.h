@@ -12,20 +12,24 @@ namespace tarsel {
 std::span<const char* const> singlePageFormats();
 std::span<const char* const> multiPageFormats();
 
-/// Saves the page as a picture of its own, in the format of the extension, with its resolution. An older file
-/// is replaced.
-void saveScannedPage(const ScannedPage& page, const QString& path);
+enum class OldFile { Replace, Keep };
+
+/// Saves the page as a picture of its own, in the format of the extension, with its resolution. False when an
+/// older file is to be kept, and there is one.
+bool saveScannedPage(const ScannedPage& page, const QString& path, OldFile oldFile);
 
 /// A document, TIFF or PDF by its extension, that takes one page after another.
 class PagedDocument {
 public:
-    explicit PagedDocument(const QString& path) : m_path(path) {}
-    /// Page 1 replaces an older document, the others are appended. When page 1 could not be saved, the first
-    /// page that can be takes its place. A failure leaves the document as it was.
-    void add(const ScannedPage& page);
+    PagedDocument(const QString& path, OldFile oldFile) : m_path(path), m_oldFile(oldFile) {}
+    /// Page 1 begins the document, the others are appended. When page 1 could not be saved, the first page
+    /// that can be takes its place. False when it would begin where an older file is to be kept. A failure
+    /// leaves the file as it was.
+    bool add(const ScannedPage& page);
 
 private:
     const QString m_path;
+    const OldFile m_oldFile;
     bool m_lacksFirstPage = false;
 };
 

@@ -74,8 +74,8 @@ std::optional<ScanValue> numberFromText(const ScanOption& option, const QString&
     const ScanRange limits = limitsOf(option);
     constexpr double rounding = 1e-4; // of fixed numbers
     const bool isWhole = number == std::floor(number);
-    if (!isNumber || number < limits.minimum - rounding || number > limits.maximum + rounding ||
-        (option.type == ScanOptionType::Int && !isWhole))
+    if (!isNumber || !std::isfinite(number) || number < limits.minimum - rounding ||
+        number > limits.maximum + rounding || (option.type == ScanOptionType::Int && !isWhole))
         return {};
     const ScanValue nearest = nearestValue(option, number);
     if (!option.choices.empty() && std::abs(*numberOf(nearest) - number) > 0.01)

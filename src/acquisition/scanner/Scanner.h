@@ -28,7 +28,7 @@ public:
     /// Ends the process. A page that is being saved is waited for.
     ~Scanner() override;
 
-    /// Asks the service anew, every time; the search on a network can take seconds. Closes the device.
+    /// Searches again, every time; the search on a network can take seconds. Closes the device.
     virtual void listDevices();
     /// Closes the one that is open.
     virtual void open(const QString& device);

@@ -106,7 +106,7 @@ ScanEnd ScannerProcess::acquire(const ScanRequest& request, const ScanListeners&
         if (request.isPreview)
             preview.emplace(*this, stop);
         const auto error = failureOf([&] { acquirePages(request, listeners, stop, end.pages); });
-        bringToRest();
+        bringToRest(stop);
         if (error)
             throw *error;
     });
@@ -198,11 +198,14 @@ bool ScannerProcess::readFrame(PageAssembly& page, const std::function<void()>& 
     }
 }
 
-void ScannerProcess::bringToRest() {
-    ignoringErrors([this] {
+void ScannerProcess::bringToRest(const std::stop_token& stop) {
+    ScannerPatience patience{m_limits.rest, stop};
+    if (stop.stop_requested()) // which leaves the device its time, but not more
+        patience = {ScannerLink::timeToRest};
+    ignoringErrors([&] {
         m_link.abandon(); // after a failure in the middle of a frame
         if (isOpen())
-            ask({.command = ScannerCommand::EndPages}, {}, m_device, {m_limits.option});
+            ask({.command = ScannerCommand::EndPages}, {}, m_device, patience);
     });
 }
 

@@ -49,7 +49,9 @@ void ScannerLink::end() {
     m_child.end();
 }
 
-void ScannerLink::start() {
+void ScannerLink::startWhereNoneRuns() {
+    if (isRunning())
+        return;
     int ends[2];
     const QByteArray program = servingProgram("TARSEL_SCANNER", "tarsel-scanner");
     if (::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0)
@@ -65,8 +67,8 @@ void ScannerLink::send(ScannerRequest request, const QByteArray& text, const QSt
     m_subject = subject;
     m_cancelled.reset();
     m_isInterrupted = false;
-    if (!isRunning())
-        start();
+    if (!m_child.isRunning() || canBeRead(m_socket.number()))
+        failForBrokenAnswer();
     m_isAnswered = false;
     request.serial = ++m_serial;
     request.bytes = std::uint32_t(text.size());

@@ -25,7 +25,7 @@ struct ScannerPatience {
 };
 
 /// The process in which the drivers of scanners run, and the socket to it. One that dies, hangs or makes no
-/// sense is ended by the error that says so; the next request gets a fresh one. For one thread at a time.
+/// sense is ended by the error that says so. For one thread at a time.
 class ScannerLink {
 public:
     static constexpr std::chrono::milliseconds timeToCancel{1000}; ///< until the driver is interrupted
@@ -42,7 +42,8 @@ public:
     /// Closes the device as the driver wants it, if the process is idle and quick about it.
     void end();
 
-    /// Starts the process when none runs. `subject` is named by errors of this request.
+    void startWhereNoneRuns();
+    /// To a process that runs. `subject` is named by errors of this request.
     void send(ScannerRequest request, const QByteArray& text, const QString& subject);
     /// The next reply to the last request; its bytes stay until the next call. Error 18 after a stop that the
     /// process did not follow in time, or that was not polite.
@@ -54,7 +55,6 @@ public:
 private:
     using Time = std::chrono::steady_clock::time_point;
 
-    void start();
     void waitForMessage(const ScannerPatience& patience);
     void cancel(const ScannerPatience& patience);
     void receiveBytes(std::span<std::byte> bytes, const ScannerPatience& patience);

@@ -13,6 +13,7 @@ namespace tarsel {
 std::vector<ScanDevice> ScannerProcess::devices(const std::stop_token& stop) {
     raiseIfStopped(stop);
     m_device.clear();
+    m_link.startWhereNoneRuns();
     ask({.command = ScannerCommand::ListDevices}, {},
         QCoreApplication::translate("ScannerProcess", "Search for scanners"), {m_limits.list, stop});
     const auto devices = unpackDevices(m_link.bytes());
@@ -28,6 +29,7 @@ void ScannerProcess::open(const QString& device, const std::stop_token& stop) {
     const QByteArray name = device.toUtf8();
     if (name.isEmpty() || name.contains('\0') || name.size() > qsizetype(mostRequestBytes))
         failScanning(ScannerFault::Invalid, device);
+    m_link.startWhereNoneRuns();
     ask({.command = ScannerCommand::Open}, name, device, {m_limits.open, stop});
     m_device = device;
     readOptions(stop);
@@ -127,8 +129,8 @@ std::vector<RoundedSetting> ScannerProcess::set(const std::vector<ScanSetting>& 
             if (const std::optional<RoundedSetting> rounded = setOne(setting, stop))
                 all.push_back(*rounded);
     });
-    if (isOpen())
-        readOptions(stop);
+    if (isOpen()) // what was set before a stop counts
+        readOptions(stop.stop_requested() ? std::stop_token() : stop);
     if (error)
         throw *error;
     return all;

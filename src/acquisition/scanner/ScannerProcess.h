@@ -16,10 +16,11 @@ struct ScannerLimits {
     std::chrono::milliseconds list{60000};
     std::chrono::milliseconds open{60000};
     std::chrono::milliseconds option{30000};
+    std::chrono::milliseconds rest{20000};  ///< the carriage goes home
     std::chrono::milliseconds page{300000}; ///< lamps warm up, people look for the next sheet
 };
 
-/// What is told about an acquisition while it runs, on its thread. Each may be empty.
+/// Called while an acquisition runs, on its thread. Each may be empty.
 struct ScanListeners {
     std::function<void(const ScanProgress&)> progress = {};
     std::function<void(const ScannedPage&, const AcquiredFile&)> pageArrived = {};
@@ -33,7 +34,7 @@ class ScannerProcess {
 public:
     explicit ScannerProcess(const ScannerLimits& limits = {}) : m_limits(limits) {}
 
-    /// Searches anew. Closes the device. Not an error when there is none.
+    /// Searches again, every time. Closes the device. Not an error when there is none.
     std::vector<ScanDevice> devices(const std::stop_token& stop = {});
     void open(const QString& device, const std::stop_token& stop = {});
     void close();
@@ -64,7 +65,7 @@ private:
     PageEnd readPage(PageAssembly& page, const std::function<void()>& onLines, const std::stop_token& stop);
     bool readFrame(PageAssembly& page, const std::function<void()>& onLines, const std::stop_token& stop,
                    bool& isLast);
-    void bringToRest();
+    void bringToRest(const std::stop_token& stop);
 
     const ScannerLimits m_limits;
     ScannerLink m_link;

@@ -15,7 +15,7 @@ constexpr std::size_t scannerChunk = 65536;
 constexpr std::uint32_t mostRequestBytes = 32768; ///< name of a device, value of a text option
 
 enum class ScannerCommand : std::uint32_t {
-    ListDevices, ///< closes the device, and searches anew; the answer has the packed devices
+    ListDevices, ///< closes the device, and searches again; the answer has the packed devices
     Open,        ///< the device of this name, in place of the one that is open
     Close,
     ReadOptions, ///< the answer has the packed options
