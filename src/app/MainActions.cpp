@@ -11,6 +11,7 @@ constexpr ActionRow rows[] = {
     {"cmdBrowseSettings", TEXT("Settings"), TEXT("Change the settings and see the shortcuts"), "settings",
      "Ctrl+,"},
     {"cmdCapture", TEXT("Capture"), TEXT("Take a picture of the screen"), "capture", "Ctrl+Shift+C"},
+    {"cmdTwainAcquire", TEXT("Acquire"), TEXT("Take pictures from a scanner"), "scan", "Ctrl+Shift+T"},
     // the panes
     {"showNextPane", TEXT("Next pane"), "", "next", "F6"},
     {"showPreviousPane", TEXT("Previous pane"), "", "previous", "Shift+F6"},

@@ -89,6 +89,7 @@ frmMain::frmMain(StartupOptions options) :
     connectPaneKeys();
     connectPublishing();
     connectCapture();
+    connectTwain();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -501,12 +502,14 @@ void frmMain::setRunning(bool running) {
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
     m_taskPane->setEnabled(!running);
-    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture"}, !running);
+    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture", "cmdTwainAcquire"}, !running);
     offerDialogs(!running);
     if (running)
         m_focusOfRun = {focused, focusWidget()};
     else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
         m_focusOfRun.before->setFocus();
+    if (!running && !m_waitingPages.isEmpty())
+        addWaitingPages();
 }
 
 void frmMain::subSaveAsSinglePage() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "acquisition/forms/ScanSession.h"
 #include "acquisition/forms/ScreenCapture.h"
 #include "collections/Basket.h"
 #include "collections/FolderView.h"
@@ -27,6 +28,7 @@ class BeforeView;
 class BrowsePane;
 class FolderPane;
 class frmAlbum;
+class frmTwain;
 class GreetingMaker;
 class ListControl;
 class MetadataPane;
@@ -68,8 +70,8 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
-    /// Shows the picture or folder, or opens the basket or the task list, that the program was started with: a
-    /// path or an address.
+    /// Shows the picture or folder, or opens the basket or the task list, that the program was started with:
+    /// a path or an address.
     void openFile(const QString& argument);
     void takeUpright(); ///< shows the picture as the batch's option says
 
@@ -103,6 +105,7 @@ private:
     void connectPrinting();
     void connectPaneKeys();
     void connectCapture();
+    void connectTwain();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -139,6 +142,9 @@ private:
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
     void showCaptured(const QString& path);
+    void cmdTwainAcquire_Click();
+    void subAddItemFromTwain(const QString& path);
+    void addWaitingPages();
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
     void connectPublishing();
@@ -194,6 +200,9 @@ private:
     bool m_capturesPointer = false; ///< as chosen last in this run
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
+    QPointer<frmTwain> m_twain; ///< while it is open
+    ScanMemory m_scanMemory;
+    QStringList m_waitingPages; ///< of the scanner, while a batch works on the basket
     std::unique_ptr<GreetingMaker> m_greetings;
 
     ActionTable m_actions;

@@ -16,11 +16,12 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand,          &albumCommand,         &saverCommand,          &slideCommand,
-    &greetingCommand,       &joinedListCommand,    &joinedExtractCommand,  &applyCommand,
-    &encodeCommand,         &printCommand,         &captureCommand,        &infoCommand,
-    &tasksCommand,          &basketCommand,        &metadataGetCommand,    &metadataSetCommand,
-    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand, &metadataImportCommand,
+    &batchCommand,          &albumCommand,          &saverCommand,         &slideCommand,
+    &greetingCommand,       &joinedListCommand,     &joinedExtractCommand, &applyCommand,
+    &encodeCommand,         &printCommand,          &captureCommand,       &scanCommand,
+    &infoCommand,           &tasksCommand,          &basketCommand,        &metadataGetCommand,
+    &metadataSetCommand,    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand,
+    &metadataImportCommand,
 };
 
 const Command* findCommand(const QString& name) {
