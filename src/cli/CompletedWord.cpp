@@ -59,14 +59,15 @@ CompletedWord completedValue(const Command& command, const OptionSpec& option) {
     for (const NamedSet& set : namedSets)
         if (value == QLatin1String(set.placeHolder))
             return {CompletedWord::Choice, split(set.words)};
-    if (value.contains(u'|'))
-        return {CompletedWord::Choice, value.split(u'|')};
+    const QStringList kinds = value.split(u'|');
+    if (kinds.size() > 1 && value == value.toLower())
+        return {CompletedWord::Choice, kinds};
     static const QRegularExpression file(QStringLiteral("^[A-Z]+\\.([a-z]+)$"));
     if (const QRegularExpressionMatch match = file.match(value); match.hasMatch())
         return {CompletedWord::File, {match.captured(1)}};
     if (value == u"FOLDER")
         return {CompletedWord::Folder};
-    return {value == u"FILE" ? CompletedWord::File : CompletedWord::Nothing};
+    return {kinds.contains(u"FILE") ? CompletedWord::File : CompletedWord::Nothing};
 }
 
 CompletedWord completedOperand(const Command& command) {

@@ -36,6 +36,8 @@ constexpr Example allExamples[] = {
      "--pdf contact.pdf --per-page 20 --captions name *.jpg"},
     {"capture", TEXT("Take a picture of the screen in three seconds, with the pointer:"),
      "--out screen.png --delay 3 --pointer"},
+    {"scan", TEXT("Scan all pages of a document feeder into one document:"),
+     "--source 'Automatic Document Feeder' --multi --out letter.pdf"},
     {"info", TEXT("Show sizes, pages, EXIF and IPTC for a script:"), "--json *.jpg"},
     {"tasks", TEXT("Read a task list in words before it is run:"), "web.tbf"},
     {"basket", TEXT("Make a basket of all JPEG files, and list it:"), "save summer.ibf *.jpg"},

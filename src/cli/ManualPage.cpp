@@ -38,6 +38,7 @@ constexpr Meaning environment[] = {
     {"LANGUAGE, LC_ALL, LC_MESSAGES, LANG", TEXT("The language of messages.")},
     {"TARSEL_DECODER", TEXT("Another program in place of tarsel-decoder, which draws metafiles.")},
     {"TARSEL_SCANNER", TEXT("Another program in place of tarsel-scanner, which works the scanners.")},
+    {"TARSEL_SCANNER", TEXT("Another program in place of tarsel-scanner, in which drivers of scanners run.")},
     {"TARSEL_PLAYERS", TEXT("The folder of the players that screen savers, slide shows and greetings are "
                             "made of, in place of the installed one.")},
     {"QT_LOGGING_RULES", TEXT("With tarsel.*.debug=true, errors that are ignored go to standard error.")},
