@@ -19,10 +19,7 @@ constexpr int mostPages = 9999;
 
 constexpr OptionSpec options[] = {
     {"out", "FILE|FOLDER",
-     QT_TRANSLATE_NOOP(
-         "CommandLine",
-         "the file of the page, in the format of its extension; where more pages can follow, each\n"
-         "gets its number before the extension. In a folder: Scan1.tif, Scan2.tif and so on")},
+     QT_TRANSLATE_NOOP("CommandLine", "where the pages go; required without --list and --options")},
     {"format", "F", QT_TRANSLATE_NOOP("CommandLine", "format of files in a folder (default: tif)")},
     {"multi", nullptr, QT_TRANSLATE_NOOP("CommandLine", "one document with all pages, TIF or PDF")},
     {"overwrite", nullptr, QT_TRANSLATE_NOOP("CommandLine", "replace older files")},
@@ -181,6 +178,11 @@ constexpr Command scanCommand{
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Scan pages from a scanner."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",
+        "FILE gets the page in the format of its extension. Where more pages can follow, each has its "
+        "number\n"
+        "before the extension, unless --multi puts all into one document. In FOLDER they are Scan1.tif, "
+        "Scan2.tif\n"
+        "and so on.\n"
         "Pages are saved one by one: those that have arrived stay when a later one fails, or when SIGINT or\n"
         "SIGTERM ends the run. Before the first page nothing is replaced. From a flatbed, more than one "
         "page\n"

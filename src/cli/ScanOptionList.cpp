@@ -60,12 +60,15 @@ ScanValue valueFor(const ScanOption& option, const QString& text) {
         Texts::tr("%1 can't be \"%2\"; possible: %3").arg(option.name, text, possibleValues(option))};
 }
 
-/// One at a time: what an option can be depends on those before it.
-void setFromText(ScannerProcess& scanner, const QString& name, const QString& text, Terminal& terminal) {
-    const ScanOption& option = settable(scanner.options(), name);
-    for (const RoundedSetting& rounded : scanner.set({{name, valueFor(option, text)}}))
+void setAndReport(ScannerProcess& scanner, const std::vector<ScanSetting>& settings, Terminal& terminal) {
+    for (const RoundedSetting& rounded : scanner.set(settings))
         terminal.message(Texts::tr("tarsel: %1 is %2 instead of %3")
                              .arg(rounded.name, scanValueText(rounded.taken), scanValueText(rounded.wanted)));
+}
+
+/// One at a time: what an option can be depends on those before it.
+void setFromText(ScannerProcess& scanner, const QString& name, const QString& text, Terminal& terminal) {
+    setAndReport(scanner, {{name, valueFor(settable(scanner.options(), name), text)}}, terminal);
 }
 
 /// Scanners have one option for both directions, or two.
@@ -91,14 +94,14 @@ QRectF areaIn(const QString& text) {
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-void setArea(ScannerProcess& scanner, const QString& text) {
+void setArea(ScannerProcess& scanner, const QString& text, Terminal& terminal) {
     constexpr double rounding = 0.1;
     const QRectF area = areaIn(text);
     const QRectF whole = scanner.options().wholeArea();
     if (!whole.adjusted(-rounding, -rounding, rounding, rounding).contains(area))
         throw UsageError{Texts::tr("--area %1 is not within %2 x %3 mm")
                              .arg(text, scanValueText(whole.right()), scanValueText(whole.bottom()))};
-    scanner.set(scanner.options().settingsForArea(area));
+    setAndReport(scanner, scanner.options().settingsForArea(area), terminal);
 }
 
 } // namespace
@@ -112,7 +115,7 @@ void applyScanOptions(ScannerProcess& scanner, const Arguments& arguments, Termi
     if (arguments.has("resolution"))
         setResolution(scanner, arguments.value("resolution"), terminal);
     if (arguments.has("area"))
-        setArea(scanner, arguments.value("area"));
+        setArea(scanner, arguments.value("area"), terminal);
     for (const QString& setting : arguments.values("set"))
         setFromText(scanner, setting.section(u'=', 0, 0), setting.section(u'=', 1), terminal);
 }

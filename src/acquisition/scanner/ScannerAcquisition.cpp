@@ -8,11 +8,14 @@
 #include "base/IgnoringErrors.h"
 #include "base/Stop.h"
 
+#include <QLoggingCategory>
 #include <cstring>
 
 namespace tarsel {
 
 namespace {
+
+Q_LOGGING_CATEGORY(logging, "tarsel.scanner")
 
 constexpr int statusNoDocuments = 7; ///< SANE_STATUS_NO_DOCS
 constexpr double previewDpi = 75;
@@ -149,7 +152,10 @@ bool ScannerProcess::acquirePage(const ScanRequest& request, const ScanListeners
     AcquiredFile file;
     if (request.save && !request.isPreview) {
         progress.saving(page.picture.height());
+        const auto start = std::chrono::steady_clock::now();
         file = request.save(page);
+        const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+        qCDebug(logging, "page %d is saved in %.3f s", number, seconds.count());
     }
     if (listeners.pageArrived)
         listeners.pageArrived(page, file);
