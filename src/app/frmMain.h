@@ -139,6 +139,7 @@ private:
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
     void showCaptured(const QString& path);
+    void offerUnsavedCaptures();
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
     void connectPublishing();
@@ -190,7 +191,8 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false; ///< as chosen last in this run
+    bool m_capturesPointer = false;          ///< as chosen last in this run
+    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     std::unique_ptr<GreetingMaker> m_greetings;
