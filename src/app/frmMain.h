@@ -145,6 +145,7 @@ private:
     void cmdTwainAcquire_Click();
     void subAddItemFromTwain(const QString& path);
     void addWaitingPages();
+    void offerUnsavedCaptures();
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
     void connectPublishing();
@@ -197,7 +198,8 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false; ///< as chosen last in this run
+    bool m_capturesPointer = false;          ///< as chosen last in this run
+    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open
