@@ -32,9 +32,11 @@ class frmTwain;
 class GreetingMaker;
 class ListControl;
 class MetadataPane;
+class NoticeBar;
 struct Place;
 class PreviewPane;
 class ProgressBar;
+class FirstHints;
 class frmSaveAdvanced;
 struct RowResult;
 class TaskPane;
@@ -55,6 +57,7 @@ public:
         QString samplesFolder;                        ///< listed at the first start; may be empty
         std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
         QString thumbnailFolder = {}; ///< that the programs of this desktop share; empty for none
+        QString remark = {};          ///< on the start so far, for the user to read
     };
 
     explicit frmMain(StartupOptions options);
@@ -106,6 +109,7 @@ private:
     void connectPaneKeys();
     void connectCapture();
     void connectTwain();
+    void connectHints();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -123,6 +127,10 @@ private:
     void showEmptyBasket();
     void subUpdateForm();
     void applyTips();
+
+    /// What takes the window's lists for a while, from its dialog on.
+    enum class Run { None, Batch, Printing, Album, Saver, Greeting };
+    bool isRunning() const { return m_run != Run::None; }
 
     // the course of the run
     void showFirstTime();
@@ -153,7 +161,7 @@ private:
     void generateSaver();
     void openGreeting();
     void makeGreeting(const settings::PublishingSettings& shown);
-    std::vector<RowResult> publish(const std::function<std::vector<RowResult>()>& make);
+    std::vector<RowResult> publish(Run run, const std::function<std::vector<RowResult>()>& make);
     std::vector<TaskRow> shownTasks() const;
     void showResults(const QString& notice, const std::vector<RowResult>& results);
     void setRunning(bool running);
@@ -180,6 +188,7 @@ private:
     bool isWriting() const;
     void closeAfterWriting();
     void confirmEnd();
+    QString stopQuestion() const;
     bool confirmStop();
     void confirmUnsaved();
     bool tasksMayGo();
@@ -215,6 +224,8 @@ private:
     BeforeView* m_beforeView = nullptr;
     MetadataPane* m_metadataPane;
     TaskPane* m_taskPane;
+    NoticeBar* m_notices;
+    FirstHints* m_hints;
     MetadataEditor m_metadataEditor;
     TaskWorkflow m_workflow;
     Splitter* splMain = nullptr;
@@ -223,7 +234,7 @@ private:
     Splitter* splView = nullptr;
 
     bool FirstShowing = true;
-    bool m_batchRunning = false; ///< from its dialog on
+    Run m_run = Run::None;
     struct {
         QPointer<QWidget> before, meanwhile;
     } m_focusOfRun;

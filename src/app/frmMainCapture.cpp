@@ -19,7 +19,7 @@ void frmMain::connectCapture() {
 }
 
 void frmMain::cmdCapture_Click() {
-    if (m_batchRunning || m_capture.isRunning())
+    if (isRunning() || m_capture.isRunning())
         return;
     frmCapture dialog(ConfigRecord, m_capturesPointer, this);
     if (dialog.exec() != QDialog::Accepted)

@@ -142,7 +142,7 @@ bool frmMain::openOfferedTasks(const QList<QUrl>& files) {
     const QString path = files.size() == 1 ? localPath(files.first()) : QString();
     if (!modSaveOpenImageList::isTaskFile(path))
         return false;
-    if (m_batchRunning)
+    if (isRunning())
         SetStatus(tr("Tasks can't be changed while a batch is running"));
     else
         m_workflow.changeRows([this, path] {

@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
@@ -167,6 +168,15 @@ TEST_F(AllWindows, CutNoLabelOrButtonWithALargeFont) {
         });
         close();
     }
+}
+
+/// Also run on a screen of 400 x 400.
+TEST_F(AllWindows, FitTheScreenAndScrollWhatIsLarger) {
+    forEach([&](QWidget& form) {
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(&form == &window() || form.screen()->availableGeometry().contains(form.geometry()))
+            << form.width() << " x " << form.height();
+    });
 }
 
 } // namespace tarsel::test
