@@ -12,3 +12,7 @@ if(TARSEL_MAKE_SAMPLES)
     install(DIRECTORY ${TARSEL_SAMPLES}/ DESTINATION ${TARSEL_SAMPLES_RELATIVE})
 endif()
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# The pages of the manual, and the pictures on them.
+install(DIRECTORY docs/manual/ DESTINATION ${TARSEL_MANUAL_RELATIVE} FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.jpg")
+install(DIRECTORY docs/screenshots docs/artwork DESTINATION share/tarsel-jpeg FILES_MATCHING PATTERN "*.png" PATTERN "*.jpg")

@@ -11,6 +11,12 @@ constexpr ActionRow rows[] = {
     {"cmdBrowseSettings", TEXT("Settings"), TEXT("Change the settings and see the shortcuts"), "settings",
      "Ctrl+,"},
     {"cmdCapture", TEXT("Capture"), TEXT("Take a picture of the screen"), "capture", "Ctrl+Shift+C"},
+    {"cmdHelp", QT_TRANSLATE_NOOP("MainActions", "&Help"),
+     QT_TRANSLATE_NOOP("MainActions", "The manual, and facts about this program"), "help"},
+    {"mnuManual", QT_TRANSLATE_NOOP("MainActions", "&Manual"),
+     QT_TRANSLATE_NOOP("MainActions", "Open the manual at the page of what has the focus"), "help", "F1"},
+    {"mnuAbout", QT_TRANSLATE_NOOP("MainActions", "&About"),
+     QT_TRANSLATE_NOOP("MainActions", "Version, libraries and licences"), "iDetailIcon", "Shift+F1"},
     // the panes
     {"showNextPane", TEXT("Next pane"), "", "next", "F6"},
     {"showPreviousPane", TEXT("Previous pane"), "", "previous", "Shift+F6"},

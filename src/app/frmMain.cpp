@@ -91,6 +91,7 @@ frmMain::frmMain(StartupOptions options) :
     connectPaneKeys();
     connectPublishing();
     connectCapture();
+    connectHelp();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }

@@ -28,6 +28,7 @@ class BrowsePane;
 class FolderPane;
 class frmAlbum;
 class GreetingMaker;
+class HelpDesk;
 class ListControl;
 class MetadataPane;
 struct Place;
@@ -53,6 +54,7 @@ public:
         QString samplesFolder;                        ///< listed at the first start; may be empty
         std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
         QString thumbnailFolder = {}; ///< that the programs of this desktop share; empty for none
+        QString manualFolder = {};    ///< holds the pages of the manual; empty for none
     };
 
     explicit frmMain(StartupOptions options);
@@ -103,6 +105,7 @@ private:
     void connectPrinting();
     void connectPaneKeys();
     void connectCapture();
+    void connectHelp();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -194,6 +197,7 @@ private:
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     std::unique_ptr<GreetingMaker> m_greetings;
+    HelpDesk* m_help = nullptr;
 
     ActionTable m_actions;
     BrowsePane* m_browsePane;

@@ -9,6 +9,7 @@
 #include "base/Translation.h"
 #include "configuration/ProgramFolder.h"
 #include "controls/IndicatorStyle.h"
+#include "help/Manual.h"
 
 #include <QApplication>
 #include <QScopedValueRollback>
@@ -52,7 +53,8 @@ int main(int argc, char** argv) {
     frmMain window({programFolder, samplesFolder(),
                     [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); },
                     QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-                        QStringLiteral("/thumbnails")});
+                        QStringLiteral("/thumbnails"),
+                    manualFolder()});
     if (!window.Form_Load())
         return 1;
     // exit, since quit would ask windows again, and a message box without a Cancel button refuses.
