@@ -81,7 +81,7 @@ QColor linkColor(const QPalette& palette) {
 void colorLinks(QTextDocument& document, const QColor& color) {
     QTextCharFormat format;
     format.setForeground(color);
-    std::vector<std::pair<int, int>> links; // changed afterwards, since a change splits fragments anew
+    std::vector<std::pair<int, int>> links; // changed afterwards, since a change splits the fragments
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
         for (auto each = block.begin(); !each.atEnd(); ++each)
             if (const QTextFragment text = each.fragment(); text.charFormat().isAnchor())
