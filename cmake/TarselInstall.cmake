@@ -38,3 +38,7 @@ install(FILES ${TARSEL_COMMAND_PAGES}/completion/tarsel.bash
 install(FILES ${TARSEL_COMMAND_PAGES}/completion/_tarsel DESTINATION ${TARSEL_ZSH_COMPLETIONS})
 install(FILES ${TARSEL_COMMAND_PAGES}/completion/tarsel.fish
     DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
+# The pages of the manual, and the pictures on them.
+install(DIRECTORY docs/manual/ DESTINATION ${TARSEL_MANUAL_RELATIVE} FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.jpg")
+install(DIRECTORY docs/screenshots docs/artwork DESTINATION share/tarsel-jpeg FILES_MATCHING PATTERN "*.png" PATTERN "*.jpg")

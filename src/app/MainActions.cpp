@@ -12,6 +12,9 @@ constexpr ActionRow rows[] = {
      "Ctrl+,"},
     {"cmdCapture", TEXT("Capture"), TEXT("Take a picture of the screen"), "capture", "Ctrl+Shift+C"},
     {"cmdTwainAcquire", TEXT("Acquire"), TEXT("Take pictures from a scanner"), "scan", "Ctrl+Shift+T"},
+    {"cmdHelp", TEXT("&Help"), TEXT("The manual, and facts about this program"), "help"},
+    {"mnuManual", TEXT("&Manual"), TEXT("Open the manual at the page of what has the focus"), "help", "F1"},
+    {"mnuAbout", TEXT("&About"), TEXT("Version, libraries and licences"), "iDetailIcon", "Shift+F1"},
     // the panes
     {"showNextPane", TEXT("Next pane"), "", "next", "F6"},
     {"showPreviousPane", TEXT("Previous pane"), "", "previous", "Shift+F6"},

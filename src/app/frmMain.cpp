@@ -97,6 +97,7 @@ frmMain::frmMain(StartupOptions options) :
     connectCapture();
     connectTwain();
     connectHints();
+    connectHelp();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }

@@ -30,6 +30,7 @@ class FolderPane;
 class frmAlbum;
 class frmTwain;
 class GreetingMaker;
+class HelpDesk;
 class ListControl;
 class MetadataPane;
 class NoticeBar;
@@ -58,6 +59,7 @@ public:
         std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
         QString thumbnailFolder = {}; ///< that the programs of this desktop share; empty for none
         QString remark = {};          ///< on the start so far, for the user to read
+        QString manualFolder = {};    ///< holds the pages of the manual; empty for none
     };
 
     explicit frmMain(StartupOptions options);
@@ -110,6 +112,7 @@ private:
     void connectCapture();
     void connectTwain();
     void connectHints();
+    void connectHelp();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -215,6 +218,7 @@ private:
     ScanMemory m_scanMemory;
     QStringList m_waitingPages; ///< of the scanner, while a batch works on the basket
     std::unique_ptr<GreetingMaker> m_greetings;
+    HelpDesk* m_help = nullptr;
 
     ActionTable m_actions;
     BrowsePane* m_browsePane;

@@ -11,6 +11,7 @@
 #include "base/Translation.h"
 #include "configuration/ProgramFolder.h"
 #include "controls/IndicatorStyle.h"
+#include "help/Manual.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -60,7 +61,7 @@ int main(int argc, char** argv) {
                     [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); },
                     QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
                         QStringLiteral("/thumbnails"),
-                    folder.remark()});
+                    folder.remark(), manualFolder()});
     if (!window.Form_Load())
         return 1;
     // exit, since quit would ask windows again, and a message box without a Cancel button refuses.

@@ -7,6 +7,7 @@
 #include "cli/RawNameLinks.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalDesktop.h"
+#include "help/BuildFacts.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -82,6 +83,8 @@ int runWords(const QStringList& words, Terminal& terminal) {
         return wrongUsage(QCoreApplication::translate("CommandLine", "no command given"), {}, terminal);
     if (first == QLatin1String("--version")) {
         terminal.result(QStringLiteral("tarsel ") + QLatin1String(TARSEL_VERSION));
+        if (words.mid(1) == QStringList{QStringLiteral("--verbose")})
+            terminal.results(buildReport().trimmed().split(QLatin1Char('\n')));
         return AllDone;
     }
     if (isHelp(first)) {
@@ -128,7 +131,7 @@ QString programHelp() {
     return QCoreApplication::translate("CommandLine",
                                        "Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
                                        "       tarsel COMMAND --help\n"
-                                       "       tarsel --version\n\n"
+                                       "       tarsel --version [--verbose]\n\n"
                                        "Makes JPEG documents from collections of pictures.\n\nCommands:\n") +
            commandTable() +
            QCoreApplication::translate(
