@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // tarsel-screenshots [--dark] [--font-20] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX: pictures of the
 // main window with the pictures of a folder, of each dialog, and of the window with each task previewed, as
-// PREFIX and the window's name; by --font-20 with a font of 20 points.
+// PREFIX and the window's name; by --font-20 with a font of 20 points. Texts are in the language of the
+// environment.
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "base/ProgramIdentity.h"
+#include "base/Translation.h"
 #include "collections/forms/FolderTree.h"
 #include "configuration/ConfigFile.h"
 #include "controls/IndicatorStyle.h"
@@ -104,6 +106,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     QApplication::setStyle(new IndicatorStyle);
+    installTranslation();
     QStringList operands = QApplication::arguments().mid(1);
     if (operands.removeAll(QStringLiteral("--dark")) > 0)
         QApplication::setPalette(darkPalette());
