@@ -75,5 +75,5 @@ function(tarsel_tests name)
     target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR})
     target_precompile_headers(${name}_tests REUSE_FROM tarsel_test_support)
     gtest_discover_tests(${name}_tests TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES
-        PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+        PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=")
 endfunction()

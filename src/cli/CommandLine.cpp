@@ -152,7 +152,8 @@ QString commandHelp(const Command& command) {
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {
-    const ApplicationScope application;
+    const bool isForScripts = words.contains(QLatin1String("--json"));
+    const ApplicationScope application(isForScripts ? RunLanguage::English : RunLanguage::OfUser);
     const TerminalDesktop desktop(terminal);
     const RawNameLinks links;
     const int status = runWords(words, terminal);
