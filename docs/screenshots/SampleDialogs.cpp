@@ -12,6 +12,8 @@
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
 #include "docs/screenshots/SampleScanner.h"
+#include "help/forms/frmAbout.h"
+#include "help/forms/frmManual.h"
 #include "imaging/ImageBox.h"
 #include "metadata/forms/frmExifEditAttribute.h"
 #include "metadata/forms/frmExifNewAttribute.h"
@@ -63,6 +65,8 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(std::make_unique<frmCapture>(m_record, false, owner));
     dialogs.push_back(scanDialog(owner));
     dialogs.push_back(scanOptions(owner));
+    dialogs.push_back(std::make_unique<frmManual>(Manual::read(manualFolder()), owner));
+    dialogs.push_back(std::make_unique<frmAbout>(owner));
     if (!m_pages.isEmpty()) {
         dialogs.push_back(interactiveSave(owner));
         dialogs.push_back(saverDialog(owner));

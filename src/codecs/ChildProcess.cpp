@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ChildProcess.h"
 
+#include "base/PrivateFiles.h"
 #include "codecs/DecoderProtocol.h"
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 #include <csignal>
 #include <ctime>
 #include <fcntl.h>
-#include <filesystem>
 #include <functional>
 #include <mutex>
 #include <spawn.h>
@@ -104,9 +104,7 @@ QByteArray servingProgram(const char* variable, const char* name) {
     QByteArray configured = qgetenv(variable);
     if (!configured.isEmpty())
         return configured;
-    std::error_code none;
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", none);
-    return QByteArray::fromStdString((self.parent_path() / name).string());
+    return QByteArray::fromStdString(privateFile(name).string());
 }
 
 bool ChildProcess::start(const QByteArray& program, int socket, ChildEnvironment environment) {

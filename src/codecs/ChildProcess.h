@@ -9,8 +9,8 @@
 
 namespace tarsel {
 
-/// Path of a program that serves this one: what that variable of the environment names, else the one of this
-/// name beside the running program.
+/// Path of a program that serves this one: what that variable of the environment names, else the private file
+/// of this name.
 QByteArray servingProgram(const char* variable, const char* name);
 
 /// What a child knows of the environment: drivers of devices have their settings there.

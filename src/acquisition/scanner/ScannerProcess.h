@@ -27,7 +27,7 @@ struct ScanListeners {
 };
 
 /// Scanners, one call after the other; each waits for its end. Drivers run in another process,
-/// "tarsel-scanner" beside the running one, or what the environment's TARSEL_SCANNER names. A failure is a
+/// the private file "tarsel-scanner", or what the environment's TARSEL_SCANNER names. A failure is a
 /// TrappedError, see ScannerErrors.h; when the process is lost, the device is closed and the next call gets a
 /// fresh process. For one thread at a time.
 class ScannerProcess {
