@@ -28,7 +28,6 @@
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ElidedLabel.h"
-#include "controls/LineIcon.h"
 #include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
 #include "controls/ProgressBar.h"
@@ -78,7 +77,6 @@ frmMain::frmMain(StartupOptions options) :
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setAcceptDrops(true);
-    setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
     if (!m_options.thumbnailFolder.isEmpty()) {
         m_folderView.readThumbnail = m_basket.readThumbnail =
             cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
@@ -97,7 +95,9 @@ frmMain::frmMain(StartupOptions options) :
     connectPaneKeys();
     connectPublishing();
     connectCapture();
+    connectTwain();
     connectHints();
+    connectHelp();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -376,7 +376,7 @@ void frmMain::undo() {
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
-    if (openOfferedTasks(files))
+    if (openOfferedTasks(files) || openOfferedBasket(files))
         return;
     const QString path = localPath(files.value(0));
     if (path.isEmpty())
@@ -516,12 +516,14 @@ void frmMain::setRunning(bool running) {
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
     m_taskPane->setEnabled(!running);
-    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture"}, !running);
+    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture", "cmdTwainAcquire"}, !running);
     offerDialogs(!running);
     if (running)
         m_focusOfRun = {focused, focusWidget()};
     else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
         m_focusOfRun.before->setFocus();
+    if (!running && !m_waitingPages.isEmpty())
+        addWaitingPages();
 }
 
 void frmMain::subSaveAsSinglePage() {

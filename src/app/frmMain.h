@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "acquisition/forms/ScanSession.h"
 #include "acquisition/forms/ScreenCapture.h"
 #include "collections/Basket.h"
 #include "collections/FolderView.h"
@@ -27,7 +28,9 @@ class BeforeView;
 class BrowsePane;
 class FolderPane;
 class frmAlbum;
+class frmTwain;
 class GreetingMaker;
+class HelpDesk;
 class ListControl;
 class MetadataPane;
 class NoticeBar;
@@ -56,6 +59,7 @@ public:
         std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
         QString thumbnailFolder = {}; ///< that the programs of this desktop share; empty for none
         QString remark = {};          ///< on the start so far, for the user to read
+        QString manualFolder = {};    ///< holds the pages of the manual; empty for none
     };
 
     explicit frmMain(StartupOptions options);
@@ -71,8 +75,8 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
-    /// Shows the picture or folder, or opens the task list, that the program was started with: a path or an
-    /// address.
+    /// Shows the picture or folder, or opens the basket or the task list, that the program was started with:
+    /// a path or an address.
     void openFile(const QString& argument);
     void takeUpright(); ///< shows the picture as the batch's option says
 
@@ -106,7 +110,9 @@ private:
     void connectPrinting();
     void connectPaneKeys();
     void connectCapture();
+    void connectTwain();
     void connectHints();
+    void connectHelp();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -147,6 +153,10 @@ private:
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
     void showCaptured(const QString& path);
+    void cmdTwainAcquire_Click();
+    void subAddItemFromTwain(const QString& path);
+    void addWaitingPages();
+    void offerUnsavedCaptures();
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
     void connectPublishing();
@@ -170,6 +180,7 @@ private:
     void showTaskPanel(bool open);
     void showBefore();
     bool openOfferedTasks(const QList<QUrl>& files);
+    bool openOfferedBasket(const QList<QUrl>& files);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();
@@ -199,10 +210,15 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false; ///< as chosen last in this run
+    bool m_capturesPointer = false;          ///< as chosen last in this run
+    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
+    QPointer<frmTwain> m_twain; ///< while it is open
+    ScanMemory m_scanMemory;
+    QStringList m_waitingPages; ///< of the scanner, while a batch works on the basket
     std::unique_ptr<GreetingMaker> m_greetings;
+    HelpDesk* m_help = nullptr;
 
     ActionTable m_actions;
     BrowsePane* m_browsePane;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/forms/frmTwain.h"
 #include "app/FirstHints.h"
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
@@ -306,11 +307,14 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 bool frmMain::isWriting() const {
-    return m_metadataEditor.isWriting() || m_imageDocument.background().isSaving();
+    return m_metadataEditor.isWriting() || m_imageDocument.background().isSaving() ||
+           (m_twain && m_twain->isAcquiring());
 }
 
 /// A failure is shown then, and keeps the window.
 void frmMain::closeAfterWriting() {
+    if (m_twain)
+        m_twain->close(); // which stops the scanner first
     m_closesAfterWriting = true;
     SetStatus(tr("The window closes when the file is written"));
 }

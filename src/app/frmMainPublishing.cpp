@@ -31,6 +31,13 @@ QSize sizeIn(const QString& resolution) {
     return {numbers.value(0).toInt(), numbers.value(1).toInt()};
 }
 
+/// Without the margins that a thumbnail has above and below, or on the left and on the right.
+QPixmap withoutMargins(const QPixmap& thumbnail, QSize picture) {
+    QRect shown(QPoint(), picture.scaled(thumbnail.size(), Qt::KeepAspectRatio));
+    shown.moveCenter(thumbnail.rect().center());
+    return thumbnail.copy(shown);
+}
+
 /// The thumbnails of the first rows, as far as they are made.
 std::vector<SaverSample> samplesOf(const ListView& pages) {
     constexpr int most = 20;
@@ -39,7 +46,7 @@ std::vector<SaverSample> samplesOf(const ListView& pages) {
         const QPixmap picture = pixmapOf(pages.data(pages.index(row, 0), Qt::DecorationRole));
         const QSize size = sizeIn(pages.subItem(row, BasketColumn::Resolution));
         if (!picture.isNull() && !size.isEmpty())
-            samples.push_back({picture, size});
+            samples.push_back({withoutMargins(picture, size), size});
     }
     return samples;
 }

@@ -11,8 +11,10 @@
 #include "base/Translation.h"
 #include "configuration/ProgramFolder.h"
 #include "controls/IndicatorStyle.h"
+#include "help/Manual.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTimer>
@@ -47,6 +49,10 @@ int main(int argc, char** argv) {
     if (!operands)
         return 2;
     installIndicatorStyle();
+    // By the name, docks and Wayland find the program's entry and its icon.
+    QGuiApplication::setDesktopFileName(programIdentity::name);
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(programIdentity::name, QIcon(QStringLiteral(":/tarsel-jpeg.svg"))));
 
     QtDesktop desktop;
     desktop.dialogs.holdReports();
@@ -55,7 +61,7 @@ int main(int argc, char** argv) {
                     [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); },
                     QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
                         QStringLiteral("/thumbnails"),
-                    folder.remark()});
+                    folder.remark(), manualFolder()});
     if (!window.Form_Load())
         return 1;
     // exit, since quit would ask windows again, and a message box without a Cancel button refuses.
