@@ -30,20 +30,11 @@ constexpr int inputsBetweenVisits = 300, firstVisit = 150;
 constexpr int mostBasketRows = 60; ///< more come only by chance
 
 /// Each opens a window; those of the basket and of the picture find one there.
-constexpr std::array visited{"mnuSaveAsJpeg",
-                             "cmdBrowseSettings",
-                             "mnuPreviewSaveInteractive",
-                             "mnuSaveAsAlbum",
-                             "cmdCapture",
-                             "cmdBatchPrint",
-                             "mnuSaveAsSaver",
-                             "mnuPreviewSaveGreeting",
-                             "cmdEXIFBar_1",
-                             "cmdPreviewPrint",
-                             "cmdEXIFBar_0",
-                             "cmdIPTCBar_0",
-                             "mnuAddDescription",
-                             "mnuPreviewSaveImage",
+constexpr std::array visited{"mnuSaveAsJpeg",  "cmdBrowseSettings", "mnuPreviewSaveInteractive",
+                             "mnuSaveAsAlbum", "cmdCapture",        "cmdTwainAcquire",
+                             "cmdBatchPrint",  "mnuSaveAsSaver",    "mnuPreviewSaveGreeting",
+                             "cmdEXIFBar_1",   "cmdPreviewPrint",   "cmdEXIFBar_0",
+                             "cmdIPTCBar_0",   "mnuAddDescription", "mnuPreviewSaveImage",
                              "cmdPagesSave"};
 
 QString nameOf(const QWidget& window) {
