@@ -21,9 +21,9 @@ struct Inspection {
     QString trouble; ///< why it can't be used
 };
 
-/// More than the files of settings need.
+/// More than the files of settings need. Nothing is put in place.
 void requireRoom(const QString& folder) {
-    SafeFileWriter(QDir(folder).filePath(QStringLiteral("probe"))).write(QByteArray(128 << 10, '\0'));
+    SafeFileWriter(QDir(folder).filePath(QStringLiteral("settings"))).write(QByteArray(128 << 10, '\0'));
 }
 
 Inspection inspect(const std::function<QString()>& makeFolder) {
