@@ -2,11 +2,13 @@
 // tarsel-screenshots [--dark] [--font-20] [--dialogs] [--edit] [--task=KEY] WIDTH HEIGHT PICTURES PREFIX:
 // pictures of the main window with the pictures of a folder, of each dialog, and of the window with each task
 // previewed, as PREFIX and the window's name; by --font-20 with a font of 20 points. By --task, of the window
-// with this task alone. tarsel-screenshots --red-eye IN LEFT TOP RIGHT BOTTOM OUT: what the correction of a
-// red eye makes of a picture.
+// with this task alone. Texts are in the language of the environment.
+// tarsel-screenshots --red-eye IN LEFT TOP RIGHT BOTTOM OUT: what the correction of a red eye makes of a
+// picture.
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "base/ProgramIdentity.h"
+#include "base/Translation.h"
 #include "collections/forms/FolderTree.h"
 #include "configuration/ConfigFile.h"
 #include "controls/IndicatorStyle.h"
@@ -125,6 +127,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     QApplication::setStyle(new IndicatorStyle);
+    installTranslation();
     QStringList operands = QApplication::arguments().mid(1);
     if (operands.removeAll(QStringLiteral("--dark")) > 0)
         QApplication::setPalette(darkPalette());

@@ -2,21 +2,45 @@
 #include "base/Translation.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 #include <memory>
 
 namespace tarsel {
 
-void installTranslation() {
-    const QString shared =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/tarsel-jpeg/i18n");
+namespace {
+
+/// Takes "de_AT", and "de" without it.
+bool install(const QString& name, const QString& language, const QString& folder, QString* file = nullptr) {
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
-    for (const QString& folder : {QStringLiteral(":/i18n"), shared})
-        if (translator->load(QLocale::system(), QStringLiteral("tarsel-jpeg"), QStringLiteral("_"), folder)) {
-            QCoreApplication::installTranslator(translator.release()); // the application owns it
-            return;
+    if (!translator->load(name + u'_' + language, folder))
+        return false;
+    if (file)
+        *file = translator->filePath();
+    return QCoreApplication::installTranslator(translator.release()); // the application owns it
+}
+
+} // namespace
+
+QString installTranslation(const QStringList& languages, const QString& folder) {
+    for (QString language : languages) {
+        language.replace(u'-', u'_');
+        const QString plain = language.section(u'_', 0, 0);
+        QString file;
+        if (plain == QLatin1String("en") || plain == QLatin1String("C"))
+            return {};
+        if (install(QStringLiteral("tarsel-jpeg"), language, folder, &file)) {
+            install(QStringLiteral("qtbase"), language, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+            return file;
         }
+    }
+    return {};
+}
+
+void installTranslation() {
+    installTranslation(QLocale::system().uiLanguages(),
+                       QCoreApplication::applicationDirPath() + QStringLiteral("/../share/tarsel-jpeg/i18n"));
 }
 
 QString countedText(const char* context, const char* one, const char* many, int count) {

@@ -5,9 +5,11 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QLocale>
 #include <clocale>
 #include <cstdlib>
 #include <langinfo.h>
+#include <string>
 #include <string_view>
 
 namespace tarsel::cli {
@@ -18,11 +20,22 @@ char programName[] = "tarsel";
 char* programArguments[] = {programName, nullptr};
 int programArgumentCount = 1;
 
+/// Keeps the language of a locale that is about to be replaced.
+void keepLanguage() {
+    for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* value = std::getenv(name); value && *value) {
+            ::setenv("LANGUAGE", std::string(value).c_str(), 1);
+            return;
+        }
+}
+
 /// File names are UTF-8 whatever the locale says; Qt would warn of any other.
 void requireUtf8Locale() {
     std::setlocale(LC_ALL, "");
-    if (std::string_view(nl_langinfo(CODESET)) != "UTF-8")
-        ::setenv("LC_ALL", "C.UTF-8", 1);
+    if (std::string_view(nl_langinfo(CODESET)) == "UTF-8")
+        return;
+    keepLanguage();
+    ::setenv("LC_ALL", "C.UTF-8", 1);
 }
 
 /// Warnings of libraries are nothing that a user could act on; those of our own categories are.
@@ -36,12 +49,20 @@ void showOwnAndFatalMessages(QtMsgType type, const QMessageLogContext& context, 
 
 ApplicationScope* ApplicationScope::current = nullptr;
 
-ApplicationScope::ApplicationScope() {
+ApplicationScope::ApplicationScope(RunLanguage language) : m_language(language) {
     current = this;
     requireUtf8Locale();
     qInstallMessageHandler(showOwnAndFatalMessages);
     m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
-    installTranslation();
+    provideTexts();
+}
+
+/// The comments of types of files follow Qt's locale.
+void ApplicationScope::provideTexts() const {
+    if (m_language == RunLanguage::OfUser)
+        installTranslation();
+    else
+        QLocale::setDefault(QLocale::c());
 }
 
 void ApplicationScope::provideFonts() {
@@ -51,7 +72,7 @@ void ApplicationScope::provideFonts() {
     current->provideRuntimeFolder();
     current->m_application.reset();
     current->m_application = std::make_unique<QGuiApplication>(programArgumentCount, programArguments);
-    installTranslation();
+    current->provideTexts();
 }
 
 /// A graphical Qt asks for the user's runtime folder. Where there is none, under cron or in a container, it

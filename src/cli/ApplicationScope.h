@@ -9,11 +9,13 @@
 
 namespace tarsel::cli {
 
-/// The application object for as long as the scope lives, with the texts of the user's language. There is one
-/// at a time.
+/// Whose texts a run has. Scripts get the same ones everywhere.
+enum class RunLanguage { OfUser, English };
+
+/// The application object for as long as the scope lives. There is one at a time.
 class ApplicationScope {
 public:
-    ApplicationScope();
+    explicit ApplicationScope(RunLanguage language);
     ~ApplicationScope();
     ApplicationScope(const ApplicationScope&) = delete;
     ApplicationScope& operator=(const ApplicationScope&) = delete;
@@ -26,7 +28,9 @@ private:
     static ApplicationScope* current;
 
     void provideRuntimeFolder();
+    void provideTexts() const;
 
+    RunLanguage m_language;
     std::optional<ScratchFolder> m_runtimeFolder;
     std::unique_ptr<QCoreApplication> m_application;
 };

@@ -26,15 +26,22 @@ constexpr int longestDelay = 3600;
 constexpr std::chrono::milliseconds clearingTime(500);
 
 constexpr OptionSpec options[] = {
-    {"out", "FILE", "the file to write, in the format of its extension; required without --list"},
-    {"kind", "KIND", "foreground (default): the screen as it is; desktop: without windows"},
-    {"monitor", "NAME", "only this monitor, see --list"},
-    {"region", "X,Y,W,H", "only this rectangle, in pixels from the top left of the screen or the monitor"},
-    {"delay", "SECONDS", "wait before the picture is taken"},
-    {"pointer", nullptr, "with the mouse pointer"},
-    {"list", nullptr, "the monitors and their places instead of a picture"},
+    {"out", "FILE",
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "the file to write, in the format of its extension; required without --list")},
+    {"kind", "KIND",
+     QT_TRANSLATE_NOOP("CommandLine", "foreground (default): the screen as it is; desktop: without windows")},
+    {"monitor", "NAME", QT_TRANSLATE_NOOP("CommandLine", "only this monitor, see --list")},
+    {"region", "X,Y,W,H",
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "only this rectangle, in pixels from the top left of the screen or the monitor")},
+    {"delay", "SECONDS", QT_TRANSLATE_NOOP("CommandLine", "wait before the picture is taken")},
+    {"pointer", nullptr, QT_TRANSLATE_NOOP("CommandLine", "with the mouse pointer")},
+    {"list", nullptr, QT_TRANSLATE_NOOP("CommandLine", "the monitors and their places instead of a picture")},
     {"json", nullptr,
-     "one JSON object a line: target, width and height; of a list: monitor, x, y, width, height"},
+     QT_TRANSLATE_NOOP(
+         "CommandLine",
+         "one JSON object a line: target, width and height; of a list: monitor, x, y, width, height")},
 };
 
 struct Texts {
@@ -148,10 +155,12 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command captureCommand{
     .name = "capture",
     .operands = "",
-    .summary = "Take a picture of the screen.",
-    .notes = "One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The "
-             "screen is\n"
-             "that of the X server in DISPLAY.",
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "Take a picture of the screen."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
+        "One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The "
+        "screen is\n"
+        "that of the X server in DISPLAY."),
     .options = options,
     .run = run,
 };

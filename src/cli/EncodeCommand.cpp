@@ -22,18 +22,27 @@ namespace tarsel::cli {
 namespace {
 
 constexpr OptionSpec options[] = {
-    {"format", "FORMAT", "bmp, gif, jpg, pcx, png, wbmp, psd, tif or pdf; default: OUT's extension"},
-    {"colors", "ENTRY", "see below; default: the first that the format has"},
-    {"quality", "1..100", "of JPEG data; default: 80"},
-    {"progressive", nullptr, "write a progressive JPEG"},
-    {"compression", "NAME", "gif: lzw (default) or none; tif: none (default), packbits or group4"},
-    {"transparent", "RRGGBB", "gif, png: make pixels of exactly this colour transparent"},
+    {"format", "FORMAT",
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "bmp, gif, jpg, pcx, png, wbmp, psd, tif or pdf; default: OUT's extension")},
+    {"colors", "ENTRY",
+     QT_TRANSLATE_NOOP("CommandLine", "see below; default: the first that the format has")},
+    {"quality", "1..100", QT_TRANSLATE_NOOP("CommandLine", "of JPEG data; default: 80")},
+    {"progressive", nullptr, QT_TRANSLATE_NOOP("CommandLine", "write a progressive JPEG")},
+    {"compression", "NAME",
+     QT_TRANSLATE_NOOP("CommandLine", "gif: lzw (default) or none; tif: none (default), packbits or group4")},
+    {"transparent", "RRGGBB",
+     QT_TRANSLATE_NOOP("CommandLine", "gif, png: make pixels of exactly this colour transparent")},
     maxSizeOption,
     minQualityOption,
     shrinkOption,
     {"upright", nullptr,
-     "turn the picture by its EXIF orientation; always done where the format can't hold it"},
-    {"json", nullptr, "one JSON object: source, target, state, reason, format, bytes, quality"},
+     QT_TRANSLATE_NOOP(
+         "CommandLine",
+         "turn the picture by its EXIF orientation; always done where the format can't hold it")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "one JSON object: source, target, state, reason, format, bytes, quality")},
 };
 
 struct Texts {
@@ -188,12 +197,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command encodeCommand{
     .name = "encode",
     .operands = "IN OUT",
-    .summary = "Save one picture in any format that can be written.",
-    .notes =
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "Save one picture in any format that can be written."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
         "ENTRY is true-color, 256-colors, 256-grayscale, 16-colors, 16-grayscale, monochrome or "
         "monochrome-bw.\n"
         "Metadata, profile and resolution are kept where the format can hold them. A transparent picture is\n"
-        "laid on white where the format has no transparency.",
+        "laid on white where the format has no transparency."),
     .options = options,
     .run = run,
 };

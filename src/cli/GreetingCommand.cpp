@@ -14,25 +14,28 @@ namespace tarsel::cli {
 
 namespace {
 
-#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
-
 constexpr OptionSpec options[] = {
-    {"out", "FILE", TEXT("the greeting to write, whose name ends in .exe; required")},
-    {"style", "simple|watery|raining-text|clock", TEXT("what happens to the picture; required")},
-    {"text", "TEXT", TEXT("raining-text: the text (default: Happy Greetings!)")},
-    {"color", "RRGGBB", TEXT("raining-text: its colour (default: black)")},
-    {"clock", "analog|digital", TEXT("clock: its kind (default: analog)")},
-    {"no-date", nullptr, TEXT("clock: leave out the date")},
-    {"date-color", "RRGGBB", TEXT("clock: of the date (default: black)")},
-    {"digital-color", "RRGGBB", TEXT("clock: of the digits (default: black)")},
-    {"hour-color", "RRGGBB", TEXT("clock: of the hour hand (default: FF0000)")},
-    {"minute-color", "RRGGBB", TEXT("clock: of the minute hand (default: 008000)")},
-    {"second-color", "RRGGBB", TEXT("clock: of the second hand (default: E0E0E0)")},
+    {"out", "FILE",
+     QT_TRANSLATE_NOOP("CommandLine", "the greeting to write, whose name ends in .exe; required")},
+    {"style", "simple|watery|raining-text|clock",
+     QT_TRANSLATE_NOOP("CommandLine", "what happens to the picture; required")},
+    {"text", "TEXT", QT_TRANSLATE_NOOP("CommandLine", "raining-text: the text (default: Happy Greetings!)")},
+    {"color", "RRGGBB", QT_TRANSLATE_NOOP("CommandLine", "raining-text: its colour (default: black)")},
+    {"clock", "analog|digital", QT_TRANSLATE_NOOP("CommandLine", "clock: its kind (default: analog)")},
+    {"no-date", nullptr, QT_TRANSLATE_NOOP("CommandLine", "clock: leave out the date")},
+    {"date-color", "RRGGBB", QT_TRANSLATE_NOOP("CommandLine", "clock: of the date (default: black)")},
+    {"digital-color", "RRGGBB", QT_TRANSLATE_NOOP("CommandLine", "clock: of the digits (default: black)")},
+    {"hour-color", "RRGGBB", QT_TRANSLATE_NOOP("CommandLine", "clock: of the hour hand (default: FF0000)")},
+    {"minute-color", "RRGGBB",
+     QT_TRANSLATE_NOOP("CommandLine", "clock: of the minute hand (default: 008000)")},
+    {"second-color", "RRGGBB",
+     QT_TRANSLATE_NOOP("CommandLine", "clock: of the second hand (default: E0E0E0)")},
     joinedTasks,
     joinedSystem,
     joinedUpright,
     joinedStrip,
-    {"json", nullptr, TEXT("one JSON object: row, source, target, state, reason")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "one JSON object: row, source, target, state, reason")},
 };
 
 using Settings = settings::PublishingSettings;
@@ -110,14 +113,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command greetingCommand{
     .name = "greeting",
     .operands = "PICTURE",
-    .summary = TEXT("Make a program that shows one picture with an effect."),
-    .notes =
-        TEXT("The file is written in one step, in place of an older one. Of a document with several pages "
-             "the\nfirst is taken. The name gets the extension .exe where it hasn't that."),
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "Make a program that shows one picture with an effect."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
+        "The file is written in one step, in place of an older one. Of a document with several pages "
+        "the\nfirst is taken. The name gets the extension .exe where it hasn't that."),
     .options = options,
     .run = run,
 };
-
-#undef TEXT
 
 } // namespace tarsel::cli

@@ -20,14 +20,16 @@ namespace tarsel::cli {
 
 namespace {
 
-#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
-
 constexpr OptionSpec listOptions[] = {
-    {"json", nullptr, TEXT("one JSON object a line: row, name, offset, size; at the end the options")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "one JSON object a line: row, name, offset, size; at the end the options")},
 };
 constexpr OptionSpec extractOptions[] = {
-    {"out", "FOLDER", TEXT("put the pictures there; made when missing; required")},
-    {"json", nullptr, TEXT("one JSON object a line: row, source, target, state, reason")},
+    {"out", "FOLDER",
+     QT_TRANSLATE_NOOP("CommandLine", "put the pictures there; made when missing; required")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "one JSON object a line: row, source, target, state, reason")},
 };
 
 /// A self-running file, open.
@@ -190,8 +192,10 @@ int extract(const Arguments& arguments, Terminal& terminal) {
 constexpr Command joinedListCommand{
     .name = "joined list",
     .operands = "FILE",
-    .summary = TEXT("List the pictures and options of a screen saver, slide show or greeting."),
-    .notes = TEXT("The lines have number, offset, size and name of each picture."),
+    .summary = QT_TRANSLATE_NOOP("CommandLine",
+                                 "List the pictures and options of a screen saver, slide show or greeting."),
+    .notes =
+        QT_TRANSLATE_NOOP("CommandLine", "The lines have number, offset, size and name of each picture."),
     .options = listOptions,
     .run = list,
 };
@@ -199,13 +203,14 @@ constexpr Command joinedListCommand{
 constexpr Command joinedExtractCommand{
     .name = "joined extract",
     .operands = "FILE",
-    .summary = TEXT("Copy the pictures out of a screen saver, slide show or greeting."),
-    .notes = TEXT("Files are named after their pictures, without what can't be part of a file name. No file "
-                  "is\nreplaced: a picture whose file exists is skipped."),
+    .summary =
+        QT_TRANSLATE_NOOP("CommandLine", "Copy the pictures out of a screen saver, slide show or greeting."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
+        "Files are named after their pictures, without what can't be part of a file name. No file "
+        "is\nreplaced: a picture whose file exists is skipped."),
     .options = extractOptions,
     .run = extract,
 };
-
-#undef TEXT
 
 } // namespace tarsel::cli

@@ -17,26 +17,35 @@ namespace tarsel::cli {
 
 namespace {
 
-#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
-
 constexpr OptionSpec options[] = {
-    {"pdf", "OUT.pdf", TEXT("the document to write; required")},
-    {"paper", "NAME", TEXT("A3, A4 (default), A5, Letter, Legal and the other names of PPD files")},
-    {"landscape", nullptr, TEXT("turn the paper")},
+    {"pdf", "OUT.pdf", QT_TRANSLATE_NOOP("CommandLine", "the document to write; required")},
+    {"paper", "NAME",
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "A3, A4 (default), A5, Letter, Legal and the other names of PPD files")},
+    {"landscape", nullptr, QT_TRANSLATE_NOOP("CommandLine", "turn the paper")},
     {"mode", "MODE",
-     TEXT("fit (default): all of the picture in its place; fill: the place, cropping the picture;\n"
-          "true: the size by the picture's resolution")},
-    {"scale", "PERCENT", TEXT("of that size, 1 to 1000 (default: 100); what leaves the place is cropped")},
+     QT_TRANSLATE_NOOP(
+         "CommandLine",
+         "fit (default): all of the picture in its place; fill: the place, cropping the picture;\n"
+         "true: the size by the picture's resolution")},
+    {"scale", "PERCENT",
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "of that size, 1 to 1000 (default: 100); what leaves the place is cropped")},
     {"position", "PLACE",
-     TEXT("center (default), top-left, top, top-right, left, right, bottom-left, bottom, bottom-right")},
+     QT_TRANSLATE_NOOP(
+         "CommandLine",
+         "center (default), top-left, top, top-right, left, right, bottom-left, bottom, bottom-right")},
     {"margin", "MM",
-     TEXT("paper that stays empty on each side, up to 100 (default: 10); 20x15: 20 left and\n"
-          "right, 15 at the top and at the bottom")},
-    {"per-page", "N", TEXT("places on a page, 1 to 64 (default: 1)")},
-    {"repeat", nullptr, TEXT("fill all places of a page with the same picture")},
-    {"captions", "TEXT", TEXT("below each picture: none (default), name or description")},
-    {"tasks", "F.tbf", TEXT("run this task list on every picture")},
-    {"json", nullptr, TEXT("one JSON object a line: row, source, target, state, reason")},
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "paper that stays empty on each side, up to 100 (default: 10); 20x15: 20 left and\n"
+                       "right, 15 at the top and at the bottom")},
+    {"per-page", "N", QT_TRANSLATE_NOOP("CommandLine", "places on a page, 1 to 64 (default: 1)")},
+    {"repeat", nullptr, QT_TRANSLATE_NOOP("CommandLine", "fill all places of a page with the same picture")},
+    {"captions", "TEXT",
+     QT_TRANSLATE_NOOP("CommandLine", "below each picture: none (default), name or description")},
+    {"tasks", "F.tbf", QT_TRANSLATE_NOOP("CommandLine", "run this task list on every picture")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "one JSON object a line: row, source, target, state, reason")},
 };
 
 double lengthIn(const Arguments& arguments, const char* option, const QString& text, double lowest,
@@ -129,8 +138,9 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command printCommand{
     .name = "print",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
-    .summary = TEXT("Print a basket, or pictures, into a PDF document."),
-    .notes = TEXT(
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "Print a basket, or pictures, into a PDF document."),
+    .notes = QT_TRANSLATE_NOOP(
+        "CommandLine",
         "Pictures are turned upright by their EXIF orientation, and their colours become those of sRGB. Of\n"
         "large ones no more pixels are written than 600 an inch. A picture without a resolution has 96\n"
         "pixels an inch. A row that can't be printed is left out, the others go on, and the exit status is "
@@ -141,7 +151,5 @@ constexpr Command printCommand{
     .options = options,
     .run = run,
 };
-
-#undef TEXT
 
 } // namespace tarsel::cli

@@ -100,14 +100,14 @@ void RowReport::addMissing(const QStringList& paths) {
 
 void RowReport::summarise() {
     showOtherErrors(m_last);
-#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
     static constexpr const char* sentences[2][2] = {
-        {TEXT("tarsel: %1 written, %2 skipped, %3 failed"),
-         TEXT("tarsel: %1 written, %2 skipped, %3 failed, %5 would be written")},
-        {TEXT("tarsel: %1 written, %2 skipped, %3 failed, %4 with a warning"),
-         TEXT("tarsel: %1 written, %2 skipped, %3 failed, %4 with a warning, %5 would be written")},
+        {QT_TRANSLATE_NOOP("CommandLine", "tarsel: %1 written, %2 skipped, %3 failed"),
+         QT_TRANSLATE_NOOP("CommandLine", "tarsel: %1 written, %2 skipped, %3 failed, %5 would be written")},
+        {QT_TRANSLATE_NOOP("CommandLine", "tarsel: %1 written, %2 skipped, %3 failed, %4 with a warning"),
+         QT_TRANSLATE_NOOP(
+             "CommandLine",
+             "tarsel: %1 written, %2 skipped, %3 failed, %4 with a warning, %5 would be written")},
     };
-#undef TEXT
     QString sentence = QCoreApplication::translate("CommandLine", sentences[m_incomplete > 0][m_dry > 0]);
     const int counts[] = {m_written, m_skipped, m_failed, m_incomplete, m_dry};
     for (int place = 0; place < 5; ++place)

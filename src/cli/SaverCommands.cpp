@@ -14,23 +14,24 @@ namespace tarsel::cli {
 
 namespace {
 
-#define TEXT(text) QT_TRANSLATE_NOOP("CommandLine", text)
-
 template <const char* fileHelp>
 constexpr OptionSpec optionsWith[] = {
     {"out", "FILE", fileHelp},
-    {"interval", "1..9", TEXT("seconds between two pictures (default: 3)")},
-    {"background", "RRGGBB", TEXT("colour round the pictures (default: black)")},
-    {"quality", "1..100", TEXT("of the pictures (default: 80)")},
+    {"interval", "1..9", QT_TRANSLATE_NOOP("CommandLine", "seconds between two pictures (default: 3)")},
+    {"background", "RRGGBB", QT_TRANSLATE_NOOP("CommandLine", "colour round the pictures (default: black)")},
+    {"quality", "1..100", QT_TRANSLATE_NOOP("CommandLine", "of the pictures (default: 80)")},
     joinedTasks,
     joinedSystem,
     joinedUpright,
     joinedStrip,
-    {"json", nullptr, TEXT("one JSON object a line: row, source, target, state, reason")},
+    {"json", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "one JSON object a line: row, source, target, state, reason")},
 };
 
-constexpr char saverFile[] = TEXT("the screen saver to write, whose name ends in .scr; required");
-constexpr char slideFile[] = TEXT("the slide show to write, whose name ends in .exe; required");
+constexpr char saverFile[] =
+    QT_TRANSLATE_NOOP("CommandLine", "the screen saver to write, whose name ends in .scr; required");
+constexpr char slideFile[] =
+    QT_TRANSLATE_NOOP("CommandLine", "the slide show to write, whose name ends in .exe; required");
 
 settings::PublishingSettings saverSettings(const Arguments& arguments, bool isSlide) {
     settings::PublishingSettings settings;
@@ -71,7 +72,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
     return exitStatus(isComplete && report.allDone(false));
 }
 
-constexpr char notes[] = TEXT(
+constexpr char notes[] = QT_TRANSLATE_NOOP(
+    "CommandLine",
     "The file shows the pictures by itself. A row whose picture fails is left out, the others go on, and\n"
     "the exit status is 1. The file is written in one step at the end, in place of an older one: after an\n"
     "interrupt with the pictures so far, after an error not at all. No source is replaced.\n"
@@ -82,7 +84,7 @@ constexpr char notes[] = TEXT(
 constexpr Command saverCommand{
     .name = "saver",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
-    .summary = TEXT("Make a screen saver of a basket, or of pictures."),
+    .summary = QT_TRANSLATE_NOOP("CommandLine", "Make a screen saver of a basket, or of pictures."),
     .notes = notes,
     .options = optionsWith<saverFile>,
     .run = run<false>,
@@ -91,12 +93,11 @@ constexpr Command saverCommand{
 constexpr Command slideCommand{
     .name = "slide",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
-    .summary = TEXT("Make a slide show that runs by itself, of a basket, or of pictures."),
+    .summary = QT_TRANSLATE_NOOP("CommandLine",
+                                 "Make a slide show that runs by itself, of a basket, or of pictures."),
     .notes = notes,
     .options = optionsWith<slideFile>,
     .run = run<true>,
 };
-
-#undef TEXT
 
 } // namespace tarsel::cli

@@ -98,7 +98,17 @@ QString clsFileInfo::StripFileExtention(const QString& name) {
     return point < 0 ? QString() : name.mid(point + 1);
 }
 
-QString clsFileInfo::sizeText(qint32 size, bool longText) {
+namespace {
+
+constexpr const char* noSize = QT_TRANSLATE_NOOP("clsFileInfo", "0.0KB (0 bytes)");
+constexpr const char* bytesOnly = QT_TRANSLATE_NOOP("clsFileInfo", "%1 bytes");
+
+QString byteCount(const QString& words, qint32 size) {
+    return words.arg(formatNumber(size, QStringLiteral("#,##0")));
+}
+
+/// For sizes of 1024 bytes and more.
+QString sizeInUnits(qint32 size) {
     struct Step {
         qint32 belowKilobytes;
         double unit; ///< bytes
@@ -111,17 +121,28 @@ QString clsFileInfo::sizeText(qint32 size, bool longText) {
         {10'000, megabyte, "0.00", "MB"},     {1'000'000, megabyte, "0.0", "MB"},
         {10'000'000, gigabyte, "0.00", "GB"},
     };
-    if (size == -1)
-        return tr("0.0KB (0 bytes)");
-    QString bytes = tr("%1 bytes").arg(formatNumber(size, QStringLiteral("#,##0")));
-    if (size < 1024)
-        return bytes;
     const Step* step = steps;
     while (size / 1024 >= step->belowKilobytes)
         ++step;
-    const QString text =
-        formatNumber(size / step->unit, QString::fromLatin1(step->pattern)) + QString::fromLatin1(step->name);
-    return longText ? tr("%1 (%2)", "size, bytes").arg(text, bytes) : text;
+    return formatNumber(size / step->unit, QString::fromLatin1(step->pattern)) +
+           QString::fromLatin1(step->name);
+}
+
+} // namespace
+
+QString clsFileInfo::sizeText(qint32 size, bool longText) {
+    if (size == -1)
+        return tr(noSize);
+    const QString bytes = byteCount(tr(bytesOnly), size);
+    if (size < 1024)
+        return bytes;
+    return longText ? tr("%1 (%2)", "size, bytes").arg(sizeInUnits(size), bytes) : sizeInUnits(size);
+}
+
+QString clsFileInfo::sizeInNames(qint32 size) {
+    if (size == -1)
+        return QString::fromLatin1(noSize);
+    return size < 1024 ? byteCount(QString::fromLatin1(bytesOnly), size) : sizeInUnits(size);
 }
 
 clsFileInfo& FileInfo() {

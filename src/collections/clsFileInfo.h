@@ -48,6 +48,8 @@ public:
     /// The words for a size in bytes, with the byte count after them when `longText`. The unit changes where
     /// the count of kilobytes passes a decimal step: 1,024,000 bytes are "0.98MB".
     static QString sizeText(qint32 size, bool longText);
+    /// The same without a byte count, for file names: in English whatever the user's language.
+    static QString sizeInNames(qint32 size);
 
 private:
     QString m_path, m_name, m_extension, m_location, m_type, m_sizeText;

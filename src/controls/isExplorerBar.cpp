@@ -43,7 +43,7 @@ bool isExplorerBar::guarded(const std::function<void()>& action) {
         action();
         return true;
     } catch (const TrappedError& error) {
-        service<Dialogs>().messageBox(QStringLiteral("An Error has ocurred!\n") + error.description,
+        service<Dialogs>().messageBox(tr("An Error has ocurred!\n%1").arg(error.description),
                                       MessageIcon::Exclamation, MessageButtons::Ok,
                                       QStringLiteral("isExplorerBar"));
         return false;

@@ -21,7 +21,8 @@ struct FieldRow {
     const char* member;
     int dataset;
     IptcKind kind;
-    const char* label;
+    const char*
+        label; ///< by which files and the command line name the field; the window shows its translation
     int mostBytes = 0; ///< by the standard
 };
 
@@ -29,48 +30,51 @@ struct FieldRow {
 /// document notes and local captions; the Image URL has no dataset of its own anywhere and takes the first
 /// free one after the custom fields.
 constexpr std::array listedFields{
-    FieldRow{"IptcCaption", 120, Text, "Caption", 2000},
-    FieldRow{"IptcCaptionWriter", 122, Text, "Caption Writer", 32},
-    FieldRow{"IptcHeadline", 105, Text, "Headline", 256},
-    FieldRow{"IptcSpecialInstructions", 40, Text, "Special Instructions", 256},
-    FieldRow{"IptcKeyword", 25, List, "Keywords", 64},
-    FieldRow{"IptcCategory", 15, Text, "Category", 3},
-    FieldRow{"IptcSupplementalCategory", 20, List, "Supplemental Categories", 32},
-    FieldRow{"IptcByline", 80, Text, "By (Author)", 32},
-    FieldRow{"IptcBylineTitle", 85, Text, "By Title (Author's Position)", 32},
-    FieldRow{"IptcCredit", 110, Text, "Credit", 32},
-    FieldRow{"IptcSource", 115, Text, "Source", 32},
-    FieldRow{"IptcObjectName", 5, Text, "Object Name (Title)", 64},
-    FieldRow{"IptcCity", 90, Text, "City", 32},
-    FieldRow{"IptcProvinceState", 95, Text, "Province/State", 32},
-    FieldRow{"IptcCountryName", 101, Text, "Country Name", 64},
-    FieldRow{"IptcOriginalTransmissionReference", 103, Text, "Original Transmission Reference (OTR)", 32},
-    FieldRow{"IptcCopyrightNotice", 116, Text, "Copyright Notice", 128},
-    FieldRow{"IptcImageUrl", 220, Text, "Image URL"},
-    FieldRow{"IptcDateCreated", 55, Date, "Date Created"},
-    FieldRow{"IptcEditStatus", 7, Text, "Edit Status", 64},
-    FieldRow{"IptcFixtureIdentifier", 22, Text, "Fixture Identifier", 32},
-    FieldRow{"IptcDateReleased", 30, Date, "Date Released"},
-    FieldRow{"IptcReferenceService", 45, Text, "Reference Service", 10},
-    FieldRow{"IptcReferenceDate", 47, Date, "Reference Date"},
-    FieldRow{"IptcReferenceNumber", 50, Text, "Reference Number", 8},
-    FieldRow{"IptcOriginatingProgram", 65, Text, "Originating Program", 32},
-    FieldRow{"IptcProgramVersion", 70, Text, "Program Version", 10},
-    FieldRow{"IptcObjectCycle", 75, Text, "Object Cycle", 1},
-    FieldRow{"IptcSublocation", 92, Text, "Sublocation", 32},
-    FieldRow{"IptcCountryCode", 100, Text, "Country Code", 3},
-    FieldRow{"IptcLocalCaption", 121, Text, "Local Caption", 256},
+    FieldRow{"IptcCaption", 120, Text, QT_TRANSLATE_NOOP("Iptc", "Caption"), 2000},
+    FieldRow{"IptcCaptionWriter", 122, Text, QT_TRANSLATE_NOOP("Iptc", "Caption Writer"), 32},
+    FieldRow{"IptcHeadline", 105, Text, QT_TRANSLATE_NOOP("Iptc", "Headline"), 256},
+    FieldRow{"IptcSpecialInstructions", 40, Text, QT_TRANSLATE_NOOP("Iptc", "Special Instructions"), 256},
+    FieldRow{"IptcKeyword", 25, List, QT_TRANSLATE_NOOP("Iptc", "Keywords"), 64},
+    FieldRow{"IptcCategory", 15, Text, QT_TRANSLATE_NOOP("Iptc", "Category"), 3},
+    FieldRow{"IptcSupplementalCategory", 20, List, QT_TRANSLATE_NOOP("Iptc", "Supplemental Categories"), 32},
+    FieldRow{"IptcByline", 80, Text, QT_TRANSLATE_NOOP("Iptc", "By (Author)"), 32},
+    FieldRow{"IptcBylineTitle", 85, Text, QT_TRANSLATE_NOOP("Iptc", "By Title (Author's Position)"), 32},
+    FieldRow{"IptcCredit", 110, Text, QT_TRANSLATE_NOOP("Iptc", "Credit"), 32},
+    FieldRow{"IptcSource", 115, Text, QT_TRANSLATE_NOOP("Iptc", "Source"), 32},
+    FieldRow{"IptcObjectName", 5, Text, QT_TRANSLATE_NOOP("Iptc", "Object Name (Title)"), 64},
+    FieldRow{"IptcCity", 90, Text, QT_TRANSLATE_NOOP("Iptc", "City"), 32},
+    FieldRow{"IptcProvinceState", 95, Text, QT_TRANSLATE_NOOP("Iptc", "Province/State"), 32},
+    FieldRow{"IptcCountryName", 101, Text, QT_TRANSLATE_NOOP("Iptc", "Country Name"), 64},
+    FieldRow{"IptcOriginalTransmissionReference", 103, Text,
+             QT_TRANSLATE_NOOP("Iptc", "Original Transmission Reference (OTR)"), 32},
+    FieldRow{"IptcCopyrightNotice", 116, Text, QT_TRANSLATE_NOOP("Iptc", "Copyright Notice"), 128},
+    FieldRow{"IptcImageUrl", 220, Text, QT_TRANSLATE_NOOP("Iptc", "Image URL")},
+    FieldRow{"IptcDateCreated", 55, Date, QT_TRANSLATE_NOOP("Iptc", "Date Created")},
+    FieldRow{"IptcEditStatus", 7, Text, QT_TRANSLATE_NOOP("Iptc", "Edit Status"), 64},
+    FieldRow{"IptcFixtureIdentifier", 22, Text, QT_TRANSLATE_NOOP("Iptc", "Fixture Identifier"), 32},
+    FieldRow{"IptcDateReleased", 30, Date, QT_TRANSLATE_NOOP("Iptc", "Date Released")},
+    FieldRow{"IptcReferenceService", 45, Text, QT_TRANSLATE_NOOP("Iptc", "Reference Service"), 10},
+    FieldRow{"IptcReferenceDate", 47, Date, QT_TRANSLATE_NOOP("Iptc", "Reference Date")},
+    FieldRow{"IptcReferenceNumber", 50, Text, QT_TRANSLATE_NOOP("Iptc", "Reference Number"), 8},
+    FieldRow{"IptcOriginatingProgram", 65, Text, QT_TRANSLATE_NOOP("Iptc", "Originating Program"), 32},
+    FieldRow{"IptcProgramVersion", 70, Text, QT_TRANSLATE_NOOP("Iptc", "Program Version"), 10},
+    FieldRow{"IptcObjectCycle", 75, Text, QT_TRANSLATE_NOOP("Iptc", "Object Cycle"), 1},
+    FieldRow{"IptcSublocation", 92, Text, QT_TRANSLATE_NOOP("Iptc", "Sublocation"), 32},
+    FieldRow{"IptcCountryCode", 100, Text, QT_TRANSLATE_NOOP("Iptc", "Country Code"), 3},
+    FieldRow{"IptcLocalCaption", 121, Text, QT_TRANSLATE_NOOP("Iptc", "Local Caption"), 256},
 };
 /// Between the texts of a field that a file has more than once; names hold commas.
 const QString severalTexts = QStringLiteral("; ");
 constexpr int customFieldCount = 20;
 constexpr int firstCustomDataset = 200;
-constexpr FieldRow imageNotes{"IptcImageNotes", 230, Text, "Image Notes"};
+constexpr FieldRow imageNotes{"IptcImageNotes", 230, Text, QT_TRANSLATE_NOOP("Iptc", "Image Notes")};
+
+constexpr const char* customFieldLabel = QT_TRANSLATE_NOOP("Iptc", "Custom Field %1");
 
 /// Members without a row. The author is the by-line under another name.
 constexpr std::array unlistedFields{
-    FieldRow{"IptcTimeReleased", 35, Time, "Time Released"},
-    FieldRow{"IptcTimeCreated", 60, Time, "Time Created"},
+    FieldRow{"IptcTimeReleased", 35, Time, QT_TRANSLATE_NOOP("Iptc", "Time Released")},
+    FieldRow{"IptcTimeCreated", 60, Time, QT_TRANSLATE_NOOP("Iptc", "Time Created")},
     FieldRow{"IptcUrgency", 10, Urgency, ""},
     FieldRow{"IptcAuthor", 80, Text, "", 32},
 };
@@ -87,7 +91,7 @@ std::vector<IptcField> makeFields() {
         fields.push_back(fieldOf(row, true));
     for (int i = 1; i <= customFieldCount; ++i)
         fields.push_back({QStringLiteral("IptcCustomField%1").arg(i), firstCustomDataset + i - 1, Text,
-                          QStringLiteral("Custom Field %1").arg(i), 0, true});
+                          QString::fromLatin1(customFieldLabel).arg(i), 0, true});
     fields.push_back(fieldOf(imageNotes, true));
     for (const FieldRow& row : unlistedFields)
         fields.push_back(fieldOf(row, false));

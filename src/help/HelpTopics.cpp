@@ -35,6 +35,7 @@ std::span<const HelpTopic> helpTopics() {
         {"frmCapture", "capture"},
         {"fCaptureRectangle", "capture#select-a-region"},
         {"frmTwain", "scanning"},
+        {"frmScanOptions", "scanning#options"},
         {"frmSaveAdvanced", "interactive-save"},
         {"frmScreenSaverOptions", "slide-shows#make-a-screen-saver-or-a-slide-show"},
         {"frmExecutable", "slide-shows#make-a-greeting"},

@@ -23,15 +23,15 @@ constexpr std::span<const ColorEntry> all(allColors);
 constexpr ColorEntry jpegColors[] = {allColors[0], allColors[2]};
 
 constexpr SaveFormat formats[] = {
-    {"BMP", "bmp", all, "Windows Bitmap (*.bmp)|*.bmp"},
-    {"GIF", "gif", all.subspan(1), "CompuServe GIF (*.gif)|*.gif"},
-    {"JPG", "jpg", jpegColors, "JPEG group (*.jpg)|*.jpg"},
-    {"PCX", "pcx", all, "ZSoft Paint (*.pcx)|*.pcx"},
-    {"PNG", "png", all.first(2), "PNG Network (*.png)|*.png"},
-    {"WBMP", "wbmp", all.last(1), "Wireless Bitmap (*.wbmp)|*wbmp"},
-    {"PSD", "psd", all.first(1), "Photoshop (*.psd)|*.psd"},
-    {"TIF", "tif", all, "Tag Image format (*.tif)|*.tif"},
-    {"PDF", "pdf", all, "Portable Document (*.pdf)|*.pdf"},
+    {"BMP", "bmp", all, QT_TRANSLATE_NOOP("SaveFormats", "Windows Bitmap (*.bmp)|*.bmp")},
+    {"GIF", "gif", all.subspan(1), QT_TRANSLATE_NOOP("SaveFormats", "CompuServe GIF (*.gif)|*.gif")},
+    {"JPG", "jpg", jpegColors, QT_TRANSLATE_NOOP("SaveFormats", "JPEG group (*.jpg)|*.jpg")},
+    {"PCX", "pcx", all, QT_TRANSLATE_NOOP("SaveFormats", "ZSoft Paint (*.pcx)|*.pcx")},
+    {"PNG", "png", all.first(2), QT_TRANSLATE_NOOP("SaveFormats", "PNG Network (*.png)|*.png")},
+    {"WBMP", "wbmp", all.last(1), QT_TRANSLATE_NOOP("SaveFormats", "Wireless Bitmap (*.wbmp)|*wbmp")},
+    {"PSD", "psd", all.first(1), QT_TRANSLATE_NOOP("SaveFormats", "Photoshop (*.psd)|*.psd")},
+    {"TIF", "tif", all, QT_TRANSLATE_NOOP("SaveFormats", "Tag Image format (*.tif)|*.tif")},
+    {"PDF", "pdf", all, QT_TRANSLATE_NOOP("SaveFormats", "Portable Document (*.pdf)|*.pdf")},
 };
 
 } // namespace

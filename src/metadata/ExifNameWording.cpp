@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorTrap.h"
+#include "embedded/IptcFields.h"
 #include "metadata/modMetadata.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -103,6 +105,15 @@ constexpr std::array<std::pair<const char*, const char*>, 21> otherLabels{{
     {"GPSInfo", QT_TRANSLATE_NOOP("Exif", "GPS Info")},
 }};
 
+/// Names that are their own labels in English.
+constexpr const char* plainNames[] = {
+    QT_TRANSLATE_NOOP("Exif", "Make"),       QT_TRANSLATE_NOOP("Exif", "Model"),
+    QT_TRANSLATE_NOOP("Exif", "Artist"),     QT_TRANSLATE_NOOP("Exif", "Copyright"),
+    QT_TRANSLATE_NOOP("Exif", "Software"),   QT_TRANSLATE_NOOP("Exif", "Orientation"),
+    QT_TRANSLATE_NOOP("Exif", "Flash"),      QT_TRANSLATE_NOOP("Exif", "Contrast"),
+    QT_TRANSLATE_NOOP("Exif", "Saturation"), QT_TRANSLATE_NOOP("Exif", "Sharpness"),
+    QT_TRANSLATE_NOOP("Exif", "Compression")};
+
 QString spaced(const QString& name) {
     QString label;
     for (const QChar letter : name) {
@@ -127,7 +138,21 @@ QString ExifNameInWords(const QString& name) {
     if (other != otherLabels.end())
         return QCoreApplication::translate("Exif", other->second);
     const auto label = std::ranges::find_if(spacedLabels, isLabel);
-    return label == spacedLabels.end() ? QString() : QCoreApplication::translate("Exif", *label);
+    if (label != spacedLabels.end())
+        return QCoreApplication::translate("Exif", *label);
+    const auto plain =
+        std::ranges::find_if(plainNames, [&](const char* each) { return name == QLatin1String(each); });
+    const QString words =
+        plain == std::end(plainNames) ? QString() : QCoreApplication::translate("Exif", *plain);
+    return words == name ? QString() : words;
+}
+
+QString IptcLabelInWords(const QString& label) {
+    static const QRegularExpression customField(QStringLiteral("^Custom Field (\\d+)$"));
+    if (const auto match = customField.match(label); match.hasMatch())
+        return QCoreApplication::translate("Iptc", "Custom Field %1").arg(match.captured(1));
+    return iptcFieldByLabel(label) ? QCoreApplication::translate("Iptc", label.toLatin1().constData())
+                                   : label;
 }
 
 } // namespace tarsel::modMetadata

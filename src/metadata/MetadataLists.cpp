@@ -64,7 +64,8 @@ void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms&
         if (!field.isListed)
             continue;
         ListRow row;
-        row.text = field.label;
+        row.text = IptcLabelInWords(field.label);
+        row.tag = field.label;
         row.icon = editableIcon;
         row.subItems = {iptcRowText(metadata, field, forms)};
         list.add(row);

@@ -43,7 +43,9 @@ bool ListKeyIsFree(const ListView& list, const QString& key);
 constexpr int editableIcon = 0;
 
 /// Append the rows of the picture in `box` to a list of the columns "Attribute" and "Value", and set the
-/// list's tag to `path`; the caller clears the list. A failure is trapped; rows added before it stay.
+/// list's tag to `path`; the caller clears the list. A row's tag is the raw name of the attribute, or the
+/// label of the field; its text is that in the user's language. A failure is trapped; rows added before it
+/// stay.
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path);
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path);
 
@@ -65,7 +67,11 @@ QString FormatExifAttributeValue(const QString& name, const QString& value);
 /// The label of an attribute, or "" when its raw name is to be shown.
 QString FormatExifAttributeName(const QString& name);
 
-/// The same two for any thread: they set no TrappingString, and errors 13, 6 and 11 are raised.
+/// The label of an IPTC field, as files and the command line have it, in the user's language; any other text
+/// as it is.
+QString IptcLabelInWords(const QString& label);
+
+/// The same two EXIF routines for any thread: they set no TrappingString, and errors 13, 6 and 11 are raised.
 QString ExifValueInWords(const QString& name, const QString& value);
 QString ExifNameInWords(const QString& name);
 

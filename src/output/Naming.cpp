@@ -92,7 +92,7 @@ constexpr NamingToken tokens[] = {
     {"[Source resolution]", TokenNeeds::Source,
      [](const NamingFacts& f, QString& r) { r = f.sourceResolution; }},
     {"[Source size]", TokenNeeds::File,
-     [](const NamingFacts& f, QString& r) { r = factsOfFile(f).fSizeFormated(0); }},
+     [](const NamingFacts& f, QString& r) { r = clsFileInfo::sizeInNames(factsOfFile(f).fSize()); }},
     {"[Source Date Created]", TokenNeeds::File,
      [](const NamingFacts& f, QString& r) {
          r = formatDate(factsOfFile(f).dateCreated(), dateTimePattern());

@@ -3,6 +3,9 @@
 
 #include "base/Conversions.h"
 #include "embedded/IptcFields.h"
+#include "metadata/modMetadata.h"
+
+#include <QCoreApplication>
 
 namespace tarsel {
 
@@ -84,6 +87,14 @@ QStringList makeLines() {
 const QStringList& metadataLines() {
     static const QStringList lines = makeLines();
     return lines;
+}
+
+QString metadataLineInWords(const QString& line) {
+    const QString label = line.mid(metadataPrefixLength);
+    const QString words = line.startsWith(iptcKind)
+                              ? modMetadata::IptcLabelInWords(label)
+                              : QCoreApplication::translate("Exif", label.toLatin1().constData());
+    return metadataLines().contains(line) ? line.left(metadataPrefixLength) + words : line;
 }
 
 QString fncRetrieveTagValue(const QString& tagName, const ImageBox& box, const DateForms& forms) {

@@ -215,7 +215,8 @@ QByteArray ModernAlbum::index() const {
         ratios += ".ratio-" + QByteArray::number(key) + " { --ratio: " + QByteArray::number(ratio) + "; }\n";
     const QString title = m_options.settings.AlbumTitle.trimmed();
     return filled("index.html",
-                  {{"title", title.isEmpty() ? Texts::tr("Web album") : title},
+                  {{"language", Texts::tr("en", "the language of these texts, as HTML names it")},
+                   {"title", title.isEmpty() ? Texts::tr("Web album") : title},
                    {"folder", htmlTemplate::reference(m_names.directory())},
                    {"ratios", Html{ratios}},
                    {"count", countedText("ModernAlbum", "1 picture",

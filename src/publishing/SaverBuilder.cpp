@@ -19,18 +19,19 @@ QString saverPath(const QString& path, bool isSlide) {
 
 std::optional<QString> askForSaver(bool isSlide) {
     const auto text = [](const char* source) { return QCoreApplication::translate("SaverBuilder", source); };
-#define TEXT(text) QT_TRANSLATE_NOOP("SaverBuilder", text)
-    FileDialogRequest request{text(isSlide ? TEXT("Save Slide As...") : TEXT("Save ScreenSaver As...")),
-                              text(isSlide ? TEXT("Slide (*.exe) | *.exe|All Files (*.*) | *.*")
-                                           : TEXT("Screen Savers (*.scr) | *.scr|All Files (*.*) | *.*")),
-                              {}};
+    FileDialogRequest request{
+        text(isSlide ? QT_TRANSLATE_NOOP("SaverBuilder", "Save Slide As...")
+                     : QT_TRANSLATE_NOOP("SaverBuilder", "Save ScreenSaver As...")),
+        text(isSlide
+                 ? QT_TRANSLATE_NOOP("SaverBuilder", "Slide (*.exe) | *.exe|All Files (*.*) | *.*")
+                 : QT_TRANSLATE_NOOP("SaverBuilder", "Screen Savers (*.scr) | *.scr|All Files (*.*) | *.*")),
+        {}};
     while (const auto choice = service<Dialogs>().saveFileDialog(request)) {
         const QString path = saverPath(choice->path, isSlide);
-        if (mayReplace(path, text(TEXT("Would You Like To Overwrite It?"))))
+        if (mayReplace(path, text(QT_TRANSLATE_NOOP("SaverBuilder", "Would You Like To Overwrite It?"))))
             return path;
         request.initialPath = choice->path;
     }
-#undef TEXT
     return std::nullopt;
 }
 

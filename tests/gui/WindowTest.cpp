@@ -67,7 +67,7 @@ void WindowTest::close() {
 
 void WindowTest::listFolder(const QString& folder) {
     child<FolderTree>(window(), "ftvBrowse").selectFolder(folder);
-    const std::string shown = "Current Folder - " + folder.toStdString();
+    const std::string shown = FolderView::tr("Current Folder - %1").arg(folder).toStdString();
     EXPECT_TRUE(waitFor([&] { return panel("folder") == shown && !window().folderView().isRunning(); }));
 }
 

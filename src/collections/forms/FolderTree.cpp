@@ -23,7 +23,7 @@ class FolderIcons final : public QAbstractFileIconProvider {
 public:
     QIcon icon(IconType) const override { return m_folder; }
     QIcon icon(const QFileInfo&) const override { return m_folder; }
-    QString type(const QFileInfo&) const override { return QStringLiteral("Folder"); }
+    QString type(const QFileInfo&) const override { return FolderTree::tr("Folder"); }
 
 private:
     QIcon m_folder = lineIcon(QStringLiteral("folder"));

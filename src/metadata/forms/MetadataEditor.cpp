@@ -24,8 +24,13 @@ namespace {
 
 const QString keywords = QStringLiteral("Keywords");
 const QString categories = QStringLiteral("Supplemental Categories");
-const QString xiffFilter = QStringLiteral("EXIF File (*.xiff)|*.xiff");
-const QString ffoFilter = QStringLiteral("IPTC File Info (*.ffo)|*.ffo");
+
+QString xiffFilter() {
+    return MetadataEditor::tr("EXIF File (*.xiff)|*.xiff");
+}
+QString ffoFilter() {
+    return MetadataEditor::tr("IPTC File Info (*.ffo)|*.ffo");
+}
 
 QString extensionOf(const QString& path) {
     return QFileInfo(path).suffix().toLower();
@@ -149,7 +154,9 @@ bool MetadataEditor::update(bool isIptc, const QString& name, const modMetadata:
         },
         {name});
     if (!isDone)
-        Q_EMIT remarked(tr("%1 can't take this value: %2").arg(name, shownText(isIptc, value)));
+        Q_EMIT remarked(
+            tr("%1 can't take this value: %2")
+                .arg(isIptc ? modMetadata::IptcLabelInWords(name) : name, shownText(isIptc, value)));
     return isDone;
 }
 
@@ -160,7 +167,7 @@ void MetadataEditor::showInRow(const QString& name, const QString& value) {
 }
 
 QString MetadataEditor::nameOf(int row) const {
-    return CurrentMetadataTab == Exif ? attributeOf(m_exif.row(row)) : m_iptc.row(row).text;
+    return attributeOf(list().row(row));
 }
 
 // --- edit, add
@@ -289,14 +296,15 @@ void MetadataEditor::deleteIptc() {
     const ListRow row = m_iptc.row(m_iptc.selectedIndex());
     if (row.subItems.value(0).trimmed().isEmpty())
         return;
-    const bool isList = row.text == keywords || row.text == categories;
+    const QString label = attributeOf(row);
+    const bool isList = label == keywords || label == categories;
     const bool isDone = isList ? change([&](const QString& path, ImageBox& box) {
-        modMetadata::ClearIptcList(path, row.text, box);
+        modMetadata::ClearIptcList(path, label, box);
         return true;
     })
-                               : update(true, row.text, {});
+                               : update(true, label, {});
     if (isDone)
-        showInRow(row.text, {});
+        showInRow(label, {});
     else
         inform(tr("Error deleting the attribute!"), MessageIcon::Stop);
 }
@@ -338,7 +346,7 @@ void MetadataEditor::LoadXiffFile() {
             !asks(tr("Loading a .xiff will only overwrite user editable EXIF attributes!\n"
                      "Do you want to continue?")))
             return;
-        const auto choice = service<Dialogs>().openFileDialog({tr("Open EXIF .xiff file"), xiffFilter, {}});
+        const auto choice = service<Dialogs>().openFileDialog({tr("Open EXIF .xiff file"), xiffFilter(), {}});
         if (!choice)
             return;
         const DateForms forms = service<Locale>().dateForms();
@@ -377,7 +385,7 @@ void MetadataEditor::SaveXiffFile() {
         if (m_exif.isEmpty())
             return;
         const auto path =
-            savePathFor({tr("Save EXIF Information to file"), xiffFilter, {}}, QStringLiteral(".xiff"));
+            savePathFor({tr("Save EXIF Information to file"), xiffFilter(), {}}, QStringLiteral(".xiff"));
         if (!path)
             return;
         if (const QString remark = modMetadata::remarkOnXiffFile(m_exif); !remark.isEmpty())
@@ -397,7 +405,7 @@ void MetadataEditor::openIptcFile() {
             !asks(tr("Loading a .ffo file will replace all IPTC metadata of the current image.\n"
                      "Do you want to continue?")))
             return;
-        const auto choice = service<Dialogs>().openFileDialog({tr("Open IPTC .ffo file"), ffoFilter, {}});
+        const auto choice = service<Dialogs>().openFileDialog({tr("Open IPTC .ffo file"), ffoFilter(), {}});
         if (!choice)
             return;
         const bool isDone = change([&](const QString& path, ImageBox& box) {
@@ -415,7 +423,7 @@ void MetadataEditor::saveIptcFile() {
     run("FrmMain.cmdIPTCBar", tr("Save IPTC Information"), [this] {
         if (m_iptc.isEmpty())
             return;
-        const auto path = savePathFor({tr("Save IPTC Information"), ffoFilter, {}}, QStringLiteral(".ffo"));
+        const auto path = savePathFor({tr("Save IPTC Information"), ffoFilter(), {}}, QStringLiteral(".ffo"));
         if (path)
             m_box.IptcSaveToFile(*path);
     });

@@ -11,7 +11,7 @@ frmExifEditAttribute::frmExifEditAttribute(const QString& name, const QString& v
     QDialog(owner), m_ui(std::make_unique<Ui::frmExifEditAttribute>()) {
     m_ui->setupUi(this);
     m_field = new AttributeValueField(m_ui->txtValue, m_ui->ucDateTime);
-    m_ui->txtAttribute->setText(name);
+    m_ui->txtAttribute->setText(modMetadata::IptcLabelInWords(name)); // EXIF attributes have their raw names
     m_field->showFor(name, value);
     m_ui->Label2->setBuddy(m_field->input());
     m_field->selectAll();

@@ -6,6 +6,7 @@
 #include "imaging/SaveFormats.h"
 #include "output/forms/frmJpegQuality.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -25,7 +26,7 @@ std::vector<const SaveFormat*> offeredFormats() {
 QString filterOfAll() {
     QStringList filters;
     for (const SaveFormat* format : offeredFormats())
-        filters << QLatin1String(format->filter);
+        filters << QCoreApplication::translate("SaveFormats", format->filter);
     return filters.join(QLatin1Char('|'));
 }
 

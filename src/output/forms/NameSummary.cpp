@@ -37,13 +37,12 @@ void NameSummary::add(const PlannedName& planned) {
     }
 }
 
-#define MANY(text) QT_TRANSLATE_N_NOOP("NameSummary", text)
-
 QStringList NameSummary::sentences() const {
     const QStringList found = consequences();
     if (found.isEmpty())
-        return {counted("1 name, no clashes", MANY("%n names, no clashes"), m_names)};
-    return QStringList{counted("1 name", MANY("%n names"), m_names)} + found;
+        return {counted("1 name, no clashes", QT_TRANSLATE_N_NOOP("NameSummary", "%n names, no clashes"),
+                        m_names)};
+    return QStringList{counted("1 name", QT_TRANSLATE_N_NOOP("NameSummary", "%n names"), m_names)} + found;
 }
 
 QStringList NameSummary::consequences() const {
@@ -53,22 +52,24 @@ QStringList NameSummary::consequences() const {
             found << counted(one, many, count);
     };
     say(m_invalid, "1 name is not possible: the run would end there",
-        MANY("%n names are not possible: the run would end at the first"));
+        QT_TRANSLATE_N_NOOP("NameSummary", "%n names are not possible: the run would end at the first"));
     if (m_overwrite) {
-        say(m_originals, "1 original will be overwritten", MANY("%n originals will be overwritten"));
-        say(m_existing, "1 existing file will be replaced", MANY("%n existing files will be replaced"));
+        say(m_originals, "1 original will be overwritten",
+            QT_TRANSLATE_N_NOOP("NameSummary", "%n originals will be overwritten"));
+        say(m_existing, "1 existing file will be replaced",
+            QT_TRANSLATE_N_NOOP("NameSummary", "%n existing files will be replaced"));
         say(m_doubles, "1 row will replace the file of an earlier row",
-            MANY("%n rows will replace the file of an earlier row"));
+            QT_TRANSLATE_N_NOOP("NameSummary", "%n rows will replace the file of an earlier row"));
     } else {
         say(m_originals + m_existing, "1 row will be skipped, because its file exists",
-            MANY("%n rows will be skipped, because their files exist"));
+            QT_TRANSLATE_N_NOOP("NameSummary", "%n rows will be skipped, because their files exist"));
         say(m_doubles, "1 row will be skipped, because an earlier row has its name",
-            MANY("%n rows will be skipped, because an earlier row has their name"));
+            QT_TRANSLATE_N_NOOP("NameSummary",
+                                "%n rows will be skipped, because an earlier row has their name"));
     }
-    say(m_unknown, "1 name is not known before the run", MANY("%n names are not known before the run"));
+    say(m_unknown, "1 name is not known before the run",
+        QT_TRANSLATE_N_NOOP("NameSummary", "%n names are not known before the run"));
     return found;
 }
-
-#undef MANY
 
 } // namespace tarsel

@@ -198,7 +198,7 @@ QStringList Printing::printRows(PrintJob& job, Progress& progress, const PrintLa
     progress.start(rows.count());
     for (int row = 0; row < rows.count() && !CancelRequested; ++row) {
         const QString name = rows.row(row).text;
-        progress.setSubject(QStringLiteral("Printing.. ") + name);
+        progress.setSubject(Printing::tr("Printing.. %1").arg(name));
         const bool isShown = showRow(row);
         const QString damage = m_parts.ibMain.LoadDamage();
         if (isShown)

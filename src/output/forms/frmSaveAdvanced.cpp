@@ -19,6 +19,7 @@
 #include "output/forms/ui_frmSaveAdvanced.h"
 
 #include <QActionGroup>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMenu>
@@ -467,7 +468,8 @@ void frmSaveAdvanced::cmdSave_Click() {
             return path + QLatin1Char('.') + QLatin1String(format.extension);
         };
         const auto choice = saveFileDialogFor(
-            {tr("Save Optimized image"), QLatin1String(format.filter), unusedNameBeside(m_start.source)},
+            {tr("Save Optimized image"), QCoreApplication::translate("SaveFormats", format.filter),
+             unusedNameBeside(m_start.source)},
             written, [this](const QString& target) { return lossByReplacing(m_start.source, target); });
         if (!choice || choice->path.isEmpty())
             return;

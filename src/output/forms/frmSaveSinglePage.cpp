@@ -143,10 +143,11 @@ void frmSaveSinglePage::showTasks() {
     if (count == 0)
         text = tr("The task basket is empty.");
     else if (m_ui->chkProcessEditingList->isChecked())
-        text = counted("1 task will run.", QT_TR_N_NOOP("%n tasks will run."));
+        text = counted("1 task will run.", QT_TRANSLATE_N_NOOP("frmSaveSinglePage", "%n tasks will run."));
     else
         text = counted("The task won't run: the option above is not ticked.",
-                       QT_TR_N_NOOP("The %n tasks won't run: the option above is not ticked."));
+                       QT_TRANSLATE_N_NOOP("frmSaveSinglePage",
+                                           "The %n tasks won't run: the option above is not ticked."));
     m_ui->lblTasks->setText(text);
 }
 

@@ -10,6 +10,7 @@
 #include "publishing/AlbumArtwork.h"
 #include "publishing/AlbumFields.h"
 #include "publishing/MetadataBasket.h"
+#include "publishing/MetadataLines.h"
 #include "publishing/forms/frmInsertMetadata.h"
 #include "publishing/forms/ui_frmAlbum.h"
 
@@ -190,13 +191,19 @@ void frmAlbum::browseFolder() {
 QStringList frmAlbum::lines() const {
     QStringList lines;
     for (int i = 0; i < m_ui->lstMetadata->count(); ++i)
-        lines << m_ui->lstMetadata->item(i)->text();
+        lines << m_ui->lstMetadata->item(i)->data(Qt::UserRole).toString();
     return lines;
 }
 
 void frmAlbum::setLines(const QStringList& lines) {
     m_ui->lstMetadata->clear();
-    m_ui->lstMetadata->addItems(lines);
+    for (const QString& line : lines)
+        addLine(line);
+}
+
+void frmAlbum::addLine(const QString& line) {
+    auto* item = new QListWidgetItem(metadataLineInWords(line), m_ui->lstMetadata);
+    item->setData(Qt::UserRole, line);
 }
 
 void frmAlbum::chooseLines() {
@@ -205,7 +212,7 @@ void frmAlbum::chooseLines() {
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         for (const QString& line : dialog->chosen())
             if (!lines().contains(line))
-                m_ui->lstMetadata->addItem(line);
+                addLine(line);
     });
     dialog->open();
 }

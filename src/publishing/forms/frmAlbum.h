@@ -44,6 +44,7 @@ private:
     void browseFolder();
     QStringList lines() const;
     void setLines(const QStringList& lines);
+    void addLine(const QString& line);
     void chooseLines();
     void removeLine();
     void openLines();

@@ -10,7 +10,10 @@ namespace tarsel {
 frmInsertMetadata::frmInsertMetadata(QWidget* owner) :
     QDialog(owner), m_ui(std::make_unique<Ui::frmInsertMetadata>()) {
     m_ui->setupUi(this);
-    m_ui->lstMetadata->addItems(metadataLines());
+    for (const QString& line : metadataLines()) {
+        auto* item = new QListWidgetItem(metadataLineInWords(line), m_ui->lstMetadata);
+        item->setData(Qt::UserRole, line);
+    }
     tickAll(false);
     m_ui->lstMetadata->setCurrentRow(0);
     connect(m_ui->chkSelectAll, &QCheckBox::toggled, this, &frmInsertMetadata::tickAll);
@@ -29,7 +32,7 @@ QStringList frmInsertMetadata::chosen() const {
     QStringList lines;
     for (int i = 0; i < m_ui->lstMetadata->count(); ++i)
         if (m_ui->lstMetadata->item(i)->checkState() == Qt::Checked)
-            lines << m_ui->lstMetadata->item(i)->text();
+            lines << m_ui->lstMetadata->item(i)->data(Qt::UserRole).toString();
     return lines;
 }
 
