@@ -7,6 +7,7 @@ std::span<const HelpTopic> helpTopics() {
     static constexpr HelpTopic topics[] = {
         // the main window and its panes
         {"frmMain", "first-steps"},
+        {"noticeBar", "first-steps#hints"},
         {"ftvBrowse", "browsing#folders"},
         {"picFileSystem", "browsing#folders"},
         {"picEditBar", "task-lists"},
