@@ -49,7 +49,7 @@ void frmMain::subAddCapturedItem(const Picture& picture) {
 
 /// A list in work gets the row afterwards.
 void frmMain::showCaptured(const QString& path) {
-    if (m_batchRunning) {
+    if (isRunning()) {
         constexpr int pause = 500;
         QTimer::singleShot(pause, this, [this, path] { showCaptured(path); });
         return;

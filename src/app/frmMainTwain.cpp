@@ -16,7 +16,7 @@ void frmMain::connectTwain() {
 
 /// The process that talks to scanners lives as long as the dialog.
 void frmMain::cmdTwainAcquire_Click() {
-    if (m_batchRunning)
+    if (isRunning())
         return;
     if (!m_twain) {
         m_twain = new frmTwain({ConfigRecord.Twain, m_scanMemory, temporaryFolder(m_options.programFolder)},
@@ -35,7 +35,7 @@ void frmMain::cmdTwainAcquire_Click() {
 
 /// A batch works on the basket as it was at its start.
 void frmMain::subAddItemFromTwain(const QString& path) {
-    if (m_batchRunning)
+    if (isRunning())
         m_waitingPages << path;
     else
         showCaptured(path);
@@ -44,7 +44,7 @@ void frmMain::subAddItemFromTwain(const QString& path) {
 /// A message of the batch may still be on show.
 void frmMain::addWaitingPages() {
     constexpr int pause = 200;
-    if (m_batchRunning)
+    if (isRunning())
         return QTimer::singleShot(pause, this, &frmMain::addWaitingPages);
     for (const QString& path : std::exchange(m_waitingPages, {}))
         showCaptured(path);
