@@ -57,6 +57,6 @@ row 'tarsel, modern' ours modern "$work/modern"
 keep=1 row '  again, nothing changed' ours modern "$work/modern"
 row 'tarsel, exact' ours exact "$work/exact"
 rm -rf "$work/modern" "$work/exact"
-command -v "$thumbsup" >/dev/null && row 'thumbsup' thumbsup_into "$work/thumbsup"
+if command -v "$thumbsup" >/dev/null; then row 'thumbsup' thumbsup_into "$work/thumbsup"; fi
 rm -rf "$work/thumbsup"
-command -v fgallery >/dev/null && row 'fgallery' fgallery_into "$work/fgallery"
+if command -v fgallery >/dev/null; then row 'fgallery' fgallery_into "$work/fgallery"; fi

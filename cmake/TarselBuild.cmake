@@ -20,6 +20,13 @@ if(MOLD_PROGRAM)
     add_link_options(-fuse-ld=mold)
 endif()
 
+# Released programs hold no path of the machine that built them, so that all builds of one commit are the same.
+# ccache passes paths on that are relative to the build folder.
+file(RELATIVE_PATH source_from_build ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
+foreach(prefix ${CMAKE_BINARY_DIR}=build ${source_from_build}=. ${CMAKE_SOURCE_DIR}=.)
+    add_compile_options($<$<CONFIG:Release>:-ffile-prefix-map=${prefix}>)
+endforeach()
+
 add_library(tarsel_flags INTERFACE)
 target_compile_options(tarsel_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Werror)

@@ -2,6 +2,8 @@
 #include "docs/screenshots/SampleDialogs.h"
 
 #include "acquisition/forms/frmCapture.h"
+#include "acquisition/forms/frmScanOptions.h"
+#include "acquisition/forms/frmTwain.h"
 #include "app/MainActions.h"
 #include "app/frmErrorReport.h"
 #include "app/frmSettings.h"
@@ -9,6 +11,9 @@
 #include "collections/forms/frmAlbumDescription.h"
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
+#include "docs/screenshots/SampleScanner.h"
+#include "help/forms/frmAbout.h"
+#include "help/forms/frmManual.h"
 #include "imaging/ImageBox.h"
 #include "metadata/forms/frmExifEditAttribute.h"
 #include "metadata/forms/frmExifNewAttribute.h"
@@ -25,6 +30,7 @@
 #include "publishing/forms/frmScreenSaverOptions.h"
 
 #include <QPageSize>
+#include <QPushButton>
 #include <utility>
 
 namespace tarsel {
@@ -57,6 +63,10 @@ std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {
     dialogs.push_back(std::make_unique<frmAlbum>(m_record.Album, owner));
     dialogs.push_back(std::make_unique<frmInsertMetadata>(owner));
     dialogs.push_back(std::make_unique<frmCapture>(m_record, false, owner));
+    dialogs.push_back(scanDialog(owner));
+    dialogs.push_back(scanOptions(owner));
+    dialogs.push_back(std::make_unique<frmManual>(Manual::read(manualFolder()), owner));
+    dialogs.push_back(std::make_unique<frmAbout>(owner));
     if (!m_pages.isEmpty()) {
         dialogs.push_back(interactiveSave(owner));
         dialogs.push_back(saverDialog(owner));
@@ -111,6 +121,30 @@ std::unique_ptr<QDialog> SampleDialogs::greeting(QWidget* owner) {
     ImageBox box;
     ignoringErrors([&] { box.LoadFromFile(m_pages.row(0).tag); });
     return std::make_unique<frmExecutable>(m_record, box.picture(), owner);
+}
+
+/// With the first picture on the glass.
+std::unique_ptr<QDialog> SampleDialogs::scanDialog(QWidget* owner) {
+    auto scanner = std::make_unique<SampleScanner>();
+    if (!m_pages.isEmpty()) {
+        ImageBox box;
+        ignoringErrors([&] { box.LoadFromFile(m_pages.row(0).tag); });
+        scanner->page = box.picture();
+    }
+    m_record.Twain.Acquire = m_record.Twain.FileOption = 1;
+    SampleScanner& sample = *scanner;
+    auto dialog = std::make_unique<frmTwain>(frmTwain::Start{m_record.Twain, m_scanMemory, m_folder.path()},
+                                             std::move(scanner), owner);
+    QObject::connect(
+        &sample, &Scanner::opened, dialog.get(),
+        [button = dialog->findChild<QPushButton*>(QStringLiteral("cmdPreview"))] { button->click(); });
+    return dialog;
+}
+
+std::unique_ptr<QDialog> SampleDialogs::scanOptions(QWidget* owner) {
+    auto dialog = std::make_unique<frmScanOptions>(owner);
+    dialog->show(SampleScanner::sampleOptions());
+    return dialog;
 }
 
 std::unique_ptr<QDialog> SampleDialogs::progress(QWidget* owner) const {

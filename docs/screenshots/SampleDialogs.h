@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "acquisition/forms/ScanSession.h"
 #include "base/ListView.h"
 #include "configuration/ConfigRecord.h"
 #include "output/BackgroundSave.h"
@@ -28,6 +29,8 @@ private:
     std::unique_ptr<QDialog> interactiveSave(QWidget* owner);
     std::unique_ptr<QDialog> saverDialog(QWidget* owner);
     std::unique_ptr<QDialog> greeting(QWidget* owner);
+    std::unique_ptr<QDialog> scanDialog(QWidget* owner);
+    static std::unique_ptr<QDialog> scanOptions(QWidget* owner);
     std::unique_ptr<QDialog> results(QWidget* owner) const;
     std::unique_ptr<QDialog> progress(QWidget* owner) const;
     std::unique_ptr<QDialog> errorReport(QWidget* owner) const;
@@ -37,6 +40,7 @@ private:
     ConfigRecordData m_record;
     PrintLayout m_layout;
     BackgroundSave m_background;
+    ScanMemory m_scanMemory;
     QTemporaryDir m_folder;
 };
 

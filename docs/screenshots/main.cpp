@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tarsel-screenshots [--dark] [--font-20] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX: pictures of the
-// main window with the pictures of a folder, of each dialog, and of the window with each task previewed, as
-// PREFIX and the window's name; by --font-20 with a font of 20 points. Texts are in the language of the
-// environment.
+// tarsel-screenshots [--dark] [--font-20] [--dialogs] [--edit] [--task=KEY] WIDTH HEIGHT PICTURES PREFIX:
+// pictures of the main window with the pictures of a folder, of each dialog, and of the window with each task
+// previewed, as PREFIX and the window's name; by --font-20 with a font of 20 points. By --task, of the window
+// with this task alone. Texts are in the language of the environment.
+// tarsel-screenshots --red-eye IN LEFT TOP RIGHT BOTTOM OUT: what the correction of a red eye makes of a
+// picture.
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "base/ProgramIdentity.h"
@@ -12,6 +14,7 @@
 #include "controls/IndicatorStyle.h"
 #include "controls/ListControl.h"
 #include "docs/screenshots/SampleDialogs.h"
+#include "imaging/ImageBox.h"
 #include "output/forms/frmSaveAdvanced.h"
 
 #include <QApplication>
@@ -82,22 +85,40 @@ void saveDialogs(frmMain& window, const QString& prefix) {
     }
 }
 
+void click(frmMain& window, const QString& button) {
+    window.findChild<QAbstractButton*>(button)->click();
+    settle([&] { return !window.preview().isBusy(); });
+}
+
+void saveTask(frmMain& window, const QString& key, const QString& prefix) {
+    click(window, QStringLiteral("CmdPreviewEdit"));
+    click(window, key);
+    click(window, QStringLiteral("cmdApply"));
+    save(window, prefix);
+}
+
 void saveTasks(frmMain& window, const QString& prefix) {
-    const auto click = [&](const QString& button) {
-        window.findChild<QAbstractButton*>(button)->click();
-        settle([&] { return !window.preview().isBusy(); });
-    };
-    click(QStringLiteral("CmdPreviewEdit"));
+    click(window, QStringLiteral("CmdPreviewEdit"));
     save(window, prefix + QStringLiteral("Nothing-"));
     for (const TaskKind& kind : taskKinds()) {
         const QString key = QString::fromLatin1(kind.panelKey);
         if (!window.findChild<QAbstractButton*>(key))
             continue;
-        click(key);
-        click(QStringLiteral("cmdApply"));
+        click(window, key);
+        click(window, QStringLiteral("cmdApply"));
         save(window, prefix + key + QLatin1Char('-'));
-        click(QStringLiteral("cmdReset"));
+        click(window, QStringLiteral("cmdReset"));
     }
+}
+
+int correctRedEye(const QStringList& operands) {
+    ImageBox box;
+    box.LoadFromFile(operands[0]);
+    box.SelectRectangle(operands[1].toInt(), operands[2].toInt(), operands[3].toInt(), operands[4].toInt());
+    box.SelectionActive = true;
+    box.RedEyeCorrection();
+    box.SaveToFile(operands[5]);
+    return 0;
 }
 
 } // namespace
@@ -116,10 +137,18 @@ int main(int argc, char** argv) {
         QApplication::setFont(font);
     }
     const bool dialogs = operands.removeAll(QStringLiteral("--dialogs")) > 0;
+    QString task;
+    for (const QString& option : operands.filter(QStringLiteral("--task="))) {
+        task = option.section(QLatin1Char('='), 1);
+        operands.removeAll(option);
+    }
     const bool tasks = operands.removeAll(QStringLiteral("--edit")) > 0;
+    if (operands.removeAll(QStringLiteral("--red-eye")) > 0 && operands.size() == 6)
+        return correctRedEye(operands);
     if (operands.size() != 4) {
         std::fprintf(stderr,
-                     "expected [--dark] [--font-20] [--dialogs] [--edit] WIDTH HEIGHT PICTURES PREFIX\n");
+                     "expected [--dark] [--font-20] [--dialogs] [--edit] [--task=KEY] WIDTH HEIGHT PICTURES "
+                     "PREFIX\n");
         return 2;
     }
     QtDesktop desktop;
@@ -131,7 +160,10 @@ int main(int argc, char** argv) {
     window.resize(operands[0].toInt(), operands[1].toInt());
     window.show();
     fillWindow(window);
-    save(window, operands[3]);
+    if (task.isEmpty())
+        save(window, operands[3]);
+    else
+        saveTask(window, task, operands[3]);
     if (dialogs)
         saveDialogs(window, operands[3]);
     if (tasks)

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImageReader>
+#include <QScopeGuard>
 #include <QScreen>
 #include <cmath>
 #include <cstring>
@@ -30,11 +31,21 @@ Picture pictureOf(const QImage& image) {
     return picture;
 }
 
+/// MB of pixels. Qt's own limit is less than a wall of monitors has.
+constexpr int largestPicture = 2048;
+
+QImage readWithin(QImageReader& reader, int limit) {
+    const int before = QImageReader::allocationLimit();
+    QImageReader::setAllocationLimit(limit);
+    const auto restore = qScopeGuard([before] { QImageReader::setAllocationLimit(before); });
+    return reader.read();
+}
+
 /// Reads the file that the desktop made for a request, and removes it. One that is older stays: it is
 /// somebody else's.
 Picture takeFile(const QString& path, const QDateTime& asked) {
     QImageReader reader(path);
-    const QImage image = reader.read();
+    const QImage image = readWithin(reader, largestPicture);
     if (image.isNull())
         fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": ") + reader.errorString());
     if (QFileInfo(path).lastModified() >= asked)
@@ -42,12 +53,17 @@ Picture takeFile(const QString& path, const QDateTime& asked) {
     return pictureOf(image);
 }
 
-/// In Qt's own units.
-QRect screensBounds() {
+/// The monitors in Qt's own units, from the top left of all.
+std::vector<Monitor> qtMonitors() {
     QRect all;
-    for (const QScreen* screen : QGuiApplication::screens())
+    std::vector<Monitor> monitors;
+    for (const QScreen* screen : QGuiApplication::screens()) {
         all |= screen->geometry();
-    return all;
+        monitors.push_back({screen->geometry(), screen->name()});
+    }
+    for (Monitor& monitor : monitors)
+        monitor.area.translate(-all.topLeft());
+    return monitors;
 }
 
 class PortalScreen final : public ScreenSource {
@@ -76,40 +92,34 @@ public:
         fail(ErrorNumber::PermissionDenied, Texts::tr("the desktop refused the picture of the screen"));
     }
 
-    std::vector<Monitor> monitors() override { return monitorsAt(1, 1); }
+    std::vector<Monitor> monitors() override { return m_monitors; }
     bool showDesktop(bool) override { return false; }
     bool desktopIsShown() override { return false; }
 
 private:
-    static ScreenPicture withMonitors(Picture picture) {
-        const QRect all = screensBounds();
+    /// The desktop draws all monitors in one picture at one scale.
+    ScreenPicture withMonitors(Picture picture) const {
+        QRect all;
+        for (const Monitor& monitor : m_monitors)
+            all |= monitor.area;
         const double across = double(picture.width()) / std::max(1, all.width());
         const double down = double(picture.height()) / std::max(1, all.height());
+        const auto pixels = [&](QPoint place) {
+            return QPoint(int(std::lround(place.x() * across)), int(std::lround(place.y() * down)));
+        };
         const QRect bounds(0, 0, picture.width(), picture.height());
-        std::vector<Monitor> monitors = monitorsAt(across, down);
-        std::erase_if(monitors, [&](Monitor& monitor) {
-            monitor.area &= bounds;
-            return monitor.area.isEmpty();
-        });
+        std::vector<Monitor> monitors;
+        for (const auto& [place, name] : m_monitors) {
+            const QPoint end = pixels(place.bottomRight() + QPoint(1, 1)) - QPoint(1, 1);
+            if (const QRect area = QRect(pixels(place.topLeft()), end) & bounds; !area.isEmpty())
+                monitors.push_back({area, name});
+        }
         if (monitors.empty())
             monitors.push_back({bounds, {}});
         return {std::move(picture), std::move(monitors)};
     }
 
-    /// The desktop draws all monitors in one picture at one scale.
-    static std::vector<Monitor> monitorsAt(double across, double down) {
-        const QRect all = screensBounds();
-        std::vector<Monitor> monitors;
-        for (const QScreen* screen : QGuiApplication::screens()) {
-            const QRect place = screen->geometry().translated(-all.topLeft());
-            const auto pixel = [](int at, double scale) { return int(std::lround(at * scale)); };
-            monitors.push_back(
-                {QRect(QPoint(pixel(place.left(), across), pixel(place.top(), down)),
-                       QPoint(pixel(place.right() + 1, across) - 1, pixel(place.bottom() + 1, down) - 1)),
-                 screen->name()});
-        }
-        return monitors;
-    }
+    const std::vector<Monitor> m_monitors = qtMonitors(); // those of the main thread
 };
 
 } // namespace

@@ -13,7 +13,8 @@ class ScreenSource {
 public:
     virtual ~ScreenSource() = default;
 
-    /// Takes the picture. Raises: 53 a screen that can't be reached, 70 one that refuses, 7 one too large.
+    /// Takes the picture, on any thread, and obeys its stop. Raises: 53 a screen that can't be reached, 70
+    /// one that refuses, 7 one too large, 18 after a stop.
     virtual ScreenPicture grab(bool withPointer) = 0;
     virtual std::vector<Monitor> monitors() = 0;
 
@@ -37,6 +38,8 @@ public:
 
     /// False where windows could not be moved out of the way.
     bool isCleared() const { return m_cleared || m_screen.desktopIsShown(); }
+    /// False also where the desktop was clear already; a window that was opened since may still be there.
+    bool movesWindows() const { return m_cleared; }
 
 private:
     ScreenSource& m_screen;
@@ -48,6 +51,7 @@ std::unique_ptr<ScreenSource> x11Screen();
 
 /// Pictures that the desktop takes for programs, by its portal on D-Bus: in a session of Wayland there is no
 /// other way. It draws no pointer, clears no desktop, and may ask the user. Raises 18 when the user refuses.
+/// To be made on the main thread.
 std::unique_ptr<ScreenSource> portalScreen();
 
 /// The one of the two that fits the session.

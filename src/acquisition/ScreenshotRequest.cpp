@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/ScreenshotRequest.h"
 
-#include "base/RandomNumbers.h"
-#include "base/Service.h"
+#include "base/Stop.h"
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -11,6 +10,7 @@
 #include <QDBusServiceWatcher>
 #include <QTimer>
 #include <QUrl>
+#include <atomic>
 
 namespace tarsel {
 
@@ -19,6 +19,12 @@ namespace {
 const QString portal = QStringLiteral("org.freedesktop.portal.Desktop");
 constexpr int longestWait = 120'000; // milliseconds
 
+/// Differs from that of every other request on this program's connection.
+QString newToken() {
+    static std::atomic<int> requests = 0;
+    return QStringLiteral("tarsel%1").arg(++requests);
+}
+
 } // namespace
 
 ScreenshotRequest::ScreenshotRequest(bool interactive) : m_bus(QDBusConnection::sessionBus()) {
@@ -26,7 +32,7 @@ ScreenshotRequest::ScreenshotRequest(bool interactive) : m_bus(QDBusConnection::
         m_outcome = Outcome::Unreachable;
         return;
     }
-    const QString token = QStringLiteral("tarsel%1").arg(int(service<RandomNumbers>().randomNumber() * 1e9));
+    const QString token = newToken();
     const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
     // Known before the call, so that an answer that comes at once isn't missed.
     m_handle = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
@@ -38,6 +44,10 @@ ScreenshotRequest::Outcome ScreenshotRequest::wait() {
     QDBusServiceWatcher watcher(portal, m_bus, QDBusServiceWatcher::WatchForUnregistration);
     connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { end(Outcome::Unreachable); });
     QTimer::singleShot(longestWait, this, [this] { end(Outcome::TimedOut); });
+    const std::stop_callback stopped(currentStop(), [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { end(Outcome::Cancelled); }, Qt::QueuedConnection);
+    });
     if (m_outcome == Outcome::Waiting)
         m_loop.exec();
     return m_outcome;

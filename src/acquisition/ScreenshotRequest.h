@@ -17,7 +17,8 @@ public:
     /// With `interactive` the desktop asks the user what is to be on the picture.
     explicit ScreenshotRequest(bool interactive);
 
-    /// Lets other events run until the answer is there, two minutes at most.
+    /// Lets other events of this thread run until the answer is there, two minutes at most. A stop of the
+    /// thread counts as cancelled.
     Outcome wait();
     const QString& file() const { return m_file; }   ///< of a request that is done
     const QString& fault() const { return m_fault; } ///< of one that could not be sent

@@ -2,6 +2,7 @@
 #include "acquisition/ScreenSource.h"
 #include "acquisition/X11Connection.h"
 #include "acquisition/X11Pixels.h"
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
@@ -149,6 +150,7 @@ private:
         const std::size_t rowBytes = format.rowBytes(area.width());
         const int stripHeight = std::max(1, int(stripBytes / rowBytes));
         for (int y = 0; y < area.height(); y += stripHeight) {
+            raiseIfStopped();
             const int height = std::min(stripHeight, area.height() - y);
             const auto cookie = xcb_get_image(m_x11.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_x11.root(),
                                               std::int16_t(area.x()), std::int16_t(area.y() + y),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/ProgramOptions.h"
 
+#include "base/ProgramHelp.h"
 #include "base/ProgramIdentity.h"
 #include "base/Translation.h"
 
@@ -18,15 +19,12 @@ void print(std::FILE* stream, const QString& text) {
 }
 
 QString helpText() {
-    return QCoreApplication::translate("ProgramOptions",
-                                       "Usage: %1 [FILE]\n\n"
-                                       "Opens the window of %2: on a picture or a folder, or with the tasks "
-                                       "of a task basket file (*.tbf).\n\n"
-                                       "  --help     show this page\n"
-                                       "  --version  show the version\n\n"
-                                       "Options of Qt, such as -platform and -style, are taken too. The "
-                                       "program \"tarsel\" does the same work without a window.")
-        .arg(programIdentity::name, programIdentity::title);
+    QString text =
+        QCoreApplication::translate("ProgramOptions", "Usage: %1 [FILE]").arg(programIdentity::name) +
+        QStringLiteral("\n\n") + windowProgramPurpose() + QStringLiteral("\n\n");
+    for (const ProgramOption& option : windowProgramOptions())
+        text += QStringLiteral("  ") + option.name.leftJustified(11) + option.help + u'\n';
+    return text + u'\n' + windowProgramRemark();
 }
 
 } // namespace

@@ -18,6 +18,7 @@
 #include <QMessageBox>
 #include <QMimeDatabase>
 #include <QStyle>
+#include <utility>
 
 namespace tarsel {
 
@@ -126,8 +127,21 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
 void QtDialogs::showErrorReport(const ErrorReport& report) {
     if (sessionEnds)
         logIgnored(report.ErrRoutine + QStringLiteral(": ") + report.ErrSystem);
+    else if (m_holdsReports)
+        m_heldReports.push_back(report);
     else
         frmErrorReport(report, owner()).exec();
+}
+
+void QtDialogs::showHeldReports() {
+    m_holdsReports = false;
+    QStringList shown;
+    for (const ErrorReport& report : std::exchange(m_heldReports, {})) {
+        if (shown.contains(report.ErrSystem))
+            continue;
+        shown << report.ErrSystem;
+        showErrorReport(report);
+    }
 }
 
 std::optional<FileDialogChoice> QtDialogs::openFileDialog(const FileDialogRequest& request) {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "base/Dialogs.h"
+#include "base/ErrorReport.h"
+
+#include <vector>
 
 class QFileDialog;
 
@@ -21,12 +24,19 @@ public:
 
     bool sessionEnds = false; ///< nobody is there to read a report: it goes to the log
 
+    /// Reports wait from now on: the window isn't there yet, and nothing is to come before it.
+    void holdReports() { m_holdsReports = true; }
+    /// Shows each that has waited once, and the later ones at once.
+    void showHeldReports();
+
 private:
     std::optional<FileDialogChoice> runFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
 
     QString startFolder() const;
 
     QString m_lastFolder; ///< of the last file that was chosen
+    bool m_holdsReports = false;
+    std::vector<ErrorReport> m_heldReports;
 };
 
 } // namespace tarsel

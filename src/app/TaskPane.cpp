@@ -7,6 +7,7 @@
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
 #include "controls/isExplorerBar.h"
+#include "help/forms/HelpDesk.h"
 #include "tasks/TaskWorkflow.h"
 
 #include <QApplication>
@@ -51,6 +52,7 @@ TaskPane::TaskPane(TaskList& tasks, TaskDefaults& defaults, const ActionTable& a
     QWidget(parent), m_defaults(defaults), m_actions(actions), m_bar(new isExplorerBar(this)),
     m_confirmed(new ListControl(tasks.lvEditPreview, this)), m_title(makePaneCaption({}, this)),
     m_live(new QCheckBox(tr("Live &preview"), this)), m_options(new QWidget(this)) {
+    setObjectName(QStringLiteral("picTask"));
     m_bar->setObjectName(QStringLiteral("eb"));
     setFocusProxy(m_bar);
     auto* rows = new QVBoxLayout(this);
@@ -253,6 +255,8 @@ void TaskPane::open(int kind, const ImageBox& box) {
     if (kind == 0 && m_kind != 0 && isAncestorOf(QApplication::focusWidget()))
         m_bar->setFocus(); // the next task is chosen there
     changePage(kind);
+    const TaskKind* task = taskKind(kind);
+    setProperty(helpTopicProperty, task ? QString::fromLatin1(task->panelKey) : QString());
     if (kind != 0 && !m_bar->isOpen(optionsGroup))
         m_bar->ExpandGroup(optionsGroup, true);
     setPicture(box);

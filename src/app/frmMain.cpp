@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
 
+#include "app/DialogFit.h"
+#include "app/FirstHints.h"
 #include "app/MainActions.h"
 #include "app/PaneKeys.h"
 #include "app/RunEndNotice.h"
@@ -26,8 +28,8 @@
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
 #include "controls/ElidedLabel.h"
-#include "controls/LineIcon.h"
 #include "controls/ListControl.h"
+#include "controls/NoticeBar.h"
 #include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
 #include "controls/TabOrder.h"
@@ -47,6 +49,7 @@
 #include <QHBoxLayout>
 #include <QScopedValueRollback>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <cmath>
 #include <utility>
 
@@ -68,18 +71,19 @@ frmMain::frmMain(StartupOptions options) :
     m_previewPane(new PreviewPane(m_workspace.ibMain, m_actions, this)),
     m_metadataPane(new MetadataPane(m_workspace.lvExif, m_workspace.lvIPTC, m_actions, this)),
     m_taskPane(new TaskPane(m_workspace.tasks, ConfigRecord.Tasks, m_actions, this)),
+    m_notices(new NoticeBar(this)), m_hints(new FirstHints(*m_notices, ConfigRecord, this)),
     m_metadataEditor(m_workspace.ibMain, m_workspace.lvExif, m_workspace.lvIPTC, this),
     m_workflow(m_preview, m_workspace.tasks, *m_taskPane) {
     setObjectName(QStringLiteral("frmMain"));
     ActiveList = &m_folderPane->lvFolder();
     setAcceptDrops(true);
-    setWindowIcon(lineIcon(QStringLiteral("iDetailIcon")));
     if (!m_options.thumbnailFolder.isEmpty()) {
         m_folderView.readThumbnail = m_basket.readThumbnail =
             cachedThumbnails(m_options.thumbnailFolder, m_options.programFolder);
         m_preview.readStored = storedPictures(m_options.thumbnailFolder);
     }
     qApp->installEventFilter(new TipSwitch(this));
+    qApp->installEventFilter(new DialogFit(this));
     arrangePanes();
     connectFolderPane();
     connectBasketPane();
@@ -91,6 +95,9 @@ frmMain::frmMain(StartupOptions options) :
     connectPaneKeys();
     connectPublishing();
     connectCapture();
+    connectTwain();
+    connectHints();
+    connectHelp();
     connect(&m_actions.action("cmdBrowseSettings"), &QAction::triggered, this,
             &frmMain::cmdBrowseSettings_Click);
 }
@@ -111,17 +118,21 @@ void frmMain::arrangePanes() {
     splMain->setSplitterRange(20, 90); // the record can't hold 10, its sign of damage
 
     auto* centre = new QWidget(this);
-    auto* columns = new QHBoxLayout(centre);
-    columns->setContentsMargins(8, 8, 8, 4);
+    auto* rows = new QVBoxLayout(centre);
+    rows->setContentsMargins(8, 8, 8, 4);
+    auto* columns = new QHBoxLayout;
     columns->addWidget(splMain, 1);
     columns->addWidget(m_taskPane);
+    rows->addLayout(columns, 1);
+    rows->addWidget(m_notices);
     setCentralWidget(centre);
 
     auto* statusBar = new StatusBar(m_workspace.sbMain, statusPanels(), this);
     statusBar->setObjectName(QStringLiteral("sbMain"));
     addProgress(*statusBar);
     setStatusBar(statusBar);
-    orderTabsByLayout({m_browsePane, m_folderPane, m_basketPane, m_previewPane, m_metadataPane, m_taskPane});
+    orderTabsByLayout(
+        {m_browsePane, m_folderPane, m_basketPane, m_previewPane, m_metadataPane, m_taskPane, m_notices});
 }
 
 /// The name of the file in work, the bar, and the button that ends the loop.
@@ -148,7 +159,7 @@ void frmMain::addProgress(StatusBar& statusBar) {
             [this, cmdCancelAdding] { cmdCancelAdding->setListing(m_folderView.isRunning()); });
     m_basket.addingChanged = [this, cmdCancelAdding](bool adding) {
         m_folderView.lendBar(adding);
-        offerDialogs(!adding && !m_batchRunning);
+        offerDialogs(!adding && !isRunning());
         cmdCancelAdding->setAdding(adding);
         m_basketPane->setAdding(adding);
         showHistory();
@@ -201,7 +212,7 @@ void frmMain::connectBasketPane() {
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
     connect(&list, &ListControl::rowsDropped, this, &frmMain::dropRows);
     connect(&list, &ListControl::filesOffered, this, [this](const QList<QUrl>& files) {
-        if (!openOfferedTasks(files) && !m_batchRunning)
+        if (!openOfferedTasks(files) && !isRunning())
             m_basket.addOfferedFiles(files);
     });
 }
@@ -314,12 +325,14 @@ void frmMain::SetStatus(const QString& text) {
 void frmMain::listFolder(const QString& folder) {
     const bool isOther = folder != m_folderView.currentFolder();
     m_folderView.subShowFilesInFolder(folder);
+    if (folder != m_options.samplesFolder)
+        m_hints->done(FirstHints::OwnPictures);
     if (isOther)
         m_preview.dropUnselected();
 }
 
 void frmMain::addSelectionToBasket() {
-    if (!m_batchRunning)
+    if (!isRunning())
         m_basket.cmdAddToQueue_Click();
 }
 
@@ -363,7 +376,7 @@ void frmMain::undo() {
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
-    if (openOfferedTasks(files))
+    if (openOfferedTasks(files) || openOfferedBasket(files))
         return;
     const QString path = localPath(files.value(0));
     if (path.isEmpty())
@@ -503,16 +516,18 @@ void frmMain::setRunning(bool running) {
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
     m_taskPane->setEnabled(!running);
-    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture"}, !running);
+    m_actions.setEnabled({"cmdAddToQueue", "cmdBrowseSettings", "cmdCapture", "cmdTwainAcquire"}, !running);
     offerDialogs(!running);
     if (running)
         m_focusOfRun = {focused, focusWidget()};
     else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
         m_focusOfRun.before->setFocus();
+    if (!running && !m_waitingPages.isEmpty())
+        addWaitingPages();
 }
 
 void frmMain::subSaveAsSinglePage() {
-    if (m_batchRunning)
+    if (isRunning())
         return;
     if (m_workspace.lvPages.isEmpty()) {
         service<Dialogs>().messageBox(
@@ -520,12 +535,14 @@ void frmMain::subSaveAsSinglePage() {
             MessageIcon::Information, MessageButtons::Ok, ApplicationName);
         return;
     }
-    const QScopedValueRollback running(m_batchRunning, true);
+    const QScopedValueRollback running(m_run, Run::Batch);
     m_endsAtOnce = false;
     const std::vector<RowResult> results =
         tarsel::subSaveAsSinglePage({m_workspace.lvPages, m_workspace.tasks.lvEditBatch, m_workspace.ibTemp,
                                      ConfigRecord.BatchSave, [this](bool isRun) { setRunning(isRun); }},
                                     this);
+    if (!results.empty())
+        m_hints->done(FirstHints::SaveBasket);
     takeUpright();
     showResults(tr("The batch has ended"), results);
 }
@@ -539,7 +556,7 @@ void frmMain::showResults(const QString& notice, const std::vector<RowResult>& r
 }
 
 void frmMain::openAlbum() {
-    if (m_workspace.lvPages.isEmpty() || m_batchRunning)
+    if (m_workspace.lvPages.isEmpty() || isRunning())
         return;
     if (!m_album) {
         m_album = new frmAlbum(ConfigRecord.Album, this);
@@ -559,9 +576,9 @@ std::vector<TaskRow> frmMain::shownTasks() const {
 }
 
 void frmMain::generateAlbum(const AlbumOptions& options) {
-    if (m_batchRunning || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
+    if (isRunning() || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
         return;
-    const QScopedValueRollback running(m_batchRunning, true);
+    const QScopedValueRollback running(m_run, Run::Album);
     m_endsAtOnce = false;
     setRunning(true);
     const auto tasks = [this] { return shownTasks(); };

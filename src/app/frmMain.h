@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "acquisition/forms/ScanSession.h"
 #include "acquisition/forms/ScreenCapture.h"
 #include "collections/Basket.h"
 #include "collections/FolderView.h"
@@ -27,12 +28,16 @@ class BeforeView;
 class BrowsePane;
 class FolderPane;
 class frmAlbum;
+class frmTwain;
 class GreetingMaker;
+class HelpDesk;
 class ListControl;
 class MetadataPane;
+class NoticeBar;
 struct Place;
 class PreviewPane;
 class ProgressBar;
+class FirstHints;
 class frmSaveAdvanced;
 struct RowResult;
 class TaskPane;
@@ -53,6 +58,8 @@ public:
         QString samplesFolder;                        ///< listed at the first start; may be empty
         std::function<void()> seedRandomNumbers = {}; ///< starts the random numbers
         QString thumbnailFolder = {}; ///< that the programs of this desktop share; empty for none
+        QString remark = {};          ///< on the start so far, for the user to read
+        QString manualFolder = {};    ///< holds the pages of the manual; empty for none
     };
 
     explicit frmMain(StartupOptions options);
@@ -68,8 +75,8 @@ public:
     const FolderView& folderView() const { return m_folderView; }
     Preview& preview() { return m_preview; }
 
-    /// Shows the picture or folder, or opens the task list, that the program was started with: a path or an
-    /// address.
+    /// Shows the picture or folder, or opens the basket or the task list, that the program was started with:
+    /// a path or an address.
     void openFile(const QString& argument);
     void takeUpright(); ///< shows the picture as the batch's option says
 
@@ -103,6 +110,9 @@ private:
     void connectPrinting();
     void connectPaneKeys();
     void connectCapture();
+    void connectTwain();
+    void connectHints();
+    void connectHelp();
 
     // Form_Load
     bool refuseSecondInstance();
@@ -120,6 +130,10 @@ private:
     void showEmptyBasket();
     void subUpdateForm();
     void applyTips();
+
+    /// What takes the window's lists for a while, from its dialog on.
+    enum class Run { None, Batch, Printing, Album, Saver, Greeting };
+    bool isRunning() const { return m_run != Run::None; }
 
     // the course of the run
     void showFirstTime();
@@ -139,6 +153,10 @@ private:
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
     void showCaptured(const QString& path);
+    void cmdTwainAcquire_Click();
+    void subAddItemFromTwain(const QString& path);
+    void addWaitingPages();
+    void offerUnsavedCaptures();
     void openAlbum();
     void generateAlbum(const AlbumOptions& options);
     void connectPublishing();
@@ -146,7 +164,7 @@ private:
     void generateSaver();
     void openGreeting();
     void makeGreeting(const settings::PublishingSettings& shown);
-    std::vector<RowResult> publish(const std::function<std::vector<RowResult>()>& make);
+    std::vector<RowResult> publish(Run run, const std::function<std::vector<RowResult>()>& make);
     std::vector<TaskRow> shownTasks() const;
     void showResults(const QString& notice, const std::vector<RowResult>& results);
     void setRunning(bool running);
@@ -162,6 +180,7 @@ private:
     void showTaskPanel(bool open);
     void showBefore();
     bool openOfferedTasks(const QList<QUrl>& files);
+    bool openOfferedBasket(const QList<QUrl>& files);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();
@@ -172,6 +191,7 @@ private:
     bool isWriting() const;
     void closeAfterWriting();
     void confirmEnd();
+    QString stopQuestion() const;
     bool confirmStop();
     void confirmUnsaved();
     bool tasksMayGo();
@@ -190,10 +210,15 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false; ///< as chosen last in this run
+    bool m_capturesPointer = false;          ///< as chosen last in this run
+    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
+    QPointer<frmTwain> m_twain; ///< while it is open
+    ScanMemory m_scanMemory;
+    QStringList m_waitingPages; ///< of the scanner, while a batch works on the basket
     std::unique_ptr<GreetingMaker> m_greetings;
+    HelpDesk* m_help = nullptr;
 
     ActionTable m_actions;
     BrowsePane* m_browsePane;
@@ -203,6 +228,8 @@ private:
     BeforeView* m_beforeView = nullptr;
     MetadataPane* m_metadataPane;
     TaskPane* m_taskPane;
+    NoticeBar* m_notices;
+    FirstHints* m_hints;
     MetadataEditor m_metadataEditor;
     TaskWorkflow m_workflow;
     Splitter* splMain = nullptr;
@@ -211,7 +238,7 @@ private:
     Splitter* splView = nullptr;
 
     bool FirstShowing = true;
-    bool m_batchRunning = false; ///< from its dialog on
+    Run m_run = Run::None;
     struct {
         QPointer<QWidget> before, meanwhile;
     } m_focusOfRun;

@@ -2,17 +2,24 @@
 #include "acquisition/CapturedFile.h"
 #include "acquisition/forms/frmCapture.h"
 #include "app/frmMain.h"
+#include "base/ErrorTrap.h"
+#include "base/FailureOf.h"
 #include "configuration/ConfigRecord.h"
+
+#include <QDir>
+#include <QTimer>
+#include <utility>
 
 namespace tarsel {
 
 void frmMain::connectCapture() {
     connect(&m_actions.action("cmdCapture"), &QAction::triggered, this, &frmMain::cmdCapture_Click);
     connect(&m_capture, &ScreenCapture::captured, this, &frmMain::subAddCapturedItem);
+    connect(&m_imageDocument.background(), &BackgroundSave::ended, this, &frmMain::offerUnsavedCaptures);
 }
 
 void frmMain::cmdCapture_Click() {
-    if (m_batchRunning || m_capture.isRunning())
+    if (isRunning() || m_capture.isRunning())
         return;
     frmCapture dialog(ConfigRecord, m_capturesPointer, this);
     if (dialog.exec() != QDialog::Accepted)
@@ -22,20 +29,31 @@ void frmMain::cmdCapture_Click() {
     m_capture.subCapture(dialog.choice());
 }
 
-/// The row comes once the file is whole; the preview shows it from there.
+/// The row comes once the file is whole; the preview shows it from there. A picture that can't be written
+/// there is offered for another place.
 void frmMain::subAddCapturedItem(const Picture& picture) {
     const settings::PublishingSettings& settings = ConfigRecord;
+    TrappingString = QStringLiteral("Saving a picture of the screen");
     const QString path = newCapturedFile(settings.CaptureFolder, settings.CaptureGeneric);
     m_imageDocument.background().start(path, "FrmMain.subAddCapturedItem", [this, picture, path] {
         ImageBox box;
         box.setPictureHandle(picture);
-        box.SaveToFile(path);
+        const auto failure = failureOf([&] { box.SaveToFile(path); });
         QMetaObject::invokeMethod(
-            this, [this, path] { showCaptured(path); }, Qt::QueuedConnection);
+            this, [=, this] { failure ? m_unsavedCaptures.push_back(box) : showCaptured(path); },
+            Qt::QueuedConnection);
+        if (failure)
+            throw *failure;
     });
 }
 
+/// A list in work gets the row afterwards.
 void frmMain::showCaptured(const QString& path) {
+    if (m_batchRunning) {
+        constexpr int pause = 500;
+        QTimer::singleShot(pause, this, [this, path] { showCaptured(path); });
+        return;
+    }
     ListView& pages = m_workspace.lvPages;
     const int rows = pages.count();
     m_basket.subAddEntryToListView(path);
@@ -43,6 +61,14 @@ void frmMain::showCaptured(const QString& path) {
         return;
     pages.selectOnly(pages.count() - 1);
     m_preview.ShowRow(pages, pages.count() - 1);
+}
+
+/// After the report of why they weren't saved.
+void frmMain::offerUnsavedCaptures() {
+    for (const ImageBox& box : std::exchange(m_unsavedCaptures, {}))
+        m_imageDocument.ShowSaveDialog(
+            box,
+            QDir(m_options.programFolder).filePath(ConfigRecord.CaptureGeneric + QStringLiteral(".tif")));
 }
 
 } // namespace tarsel

@@ -2,11 +2,14 @@
 #include "app/PictureSelector.h"
 #include "app/TaskPane.h"
 #include "app/frmMain.h"
+#include "collections/BasketActions.h"
+#include "collections/BasketFile.h"
 #include "collections/OfferedFiles.h"
 #include "collections/forms/BeforeView.h"
 #include "collections/forms/ImageBoxView.h"
 #include "collections/forms/PreviewPane.h"
 #include "controls/HeldKey.h"
+#include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
 #include "metadata/forms/MetadataPane.h"
 #include "tasks/TaskFile.h"
@@ -132,20 +135,34 @@ void frmMain::showTaskPanel(bool open) {
         m_previewPane->ibMain().setFocus();
 }
 
-// --- task lists from other programs
+// --- files of ours, from other programs
 
 /// One task list, which takes the place of the rows. False for other files.
 bool frmMain::openOfferedTasks(const QList<QUrl>& files) {
     const QString path = files.size() == 1 ? localPath(files.first()) : QString();
     if (!modSaveOpenImageList::isTaskFile(path))
         return false;
-    if (m_batchRunning)
+    if (isRunning())
         SetStatus(tr("Tasks can't be changed while a batch is running"));
     else
         m_workflow.changeRows([this, path] {
             modSaveOpenImageList::fncOpenTaskBasket(path, m_workspace.tasks);
             return true; // a failed read has changed the rows too
         });
+    return true;
+}
+
+/// One basket file, which takes the place of the rows. False for other files.
+bool frmMain::openOfferedBasket(const QList<QUrl>& files) {
+    const QString path = files.size() == 1 ? localPath(files.first()) : QString();
+    if (!modSaveOpenImageList::isBasketFile(path))
+        return false;
+    if (!m_actions.action("cmdPagesOpen").isEnabled()) {
+        SetStatus(tr("Another basket can't be opened now"));
+        return true;
+    }
+    CollectionLists lists = m_workspace.lists(*pbQueue);
+    basketActions::openBasketFile(path, m_basket, lists);
     return true;
 }
 

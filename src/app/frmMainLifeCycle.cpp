@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/forms/frmTwain.h"
+#include "app/FirstHints.h"
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
@@ -20,6 +22,7 @@
 #include "configuration/ConfigFile.h"
 #include "configuration/ProgramFolder.h"
 #include "controls/ListControl.h"
+#include "controls/NoticeBar.h"
 #include "controls/Splitter.h"
 #include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
@@ -110,7 +113,9 @@ void frmMain::subSetup() {
 
 /// Reads the configuration and brings it to the controls.
 void frmMain::loadSettings() {
-    loadConfiguration(m_options.programFolder);
+    const QStringList remarks = QStringList(m_options.remark) + loadConfiguration(m_options.programFolder);
+    for (const QString& remark : remarks)
+        m_notices->say(remark);
     restoreWindowPlace(*this, windowPlaceFile(m_options.programFolder));
     splMain->setSplitterPosition(ConfigRecord.SplitterMain);
     splRight->setSplitterPosition(ConfigRecord.SplitterRight);
@@ -234,17 +239,35 @@ void frmMain::showEvent(QShowEvent* event) {
     QTimer::singleShot(0, this, &frmMain::showFirstTime);
 }
 
-/// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures.
+/// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures, or
+/// else a folder of their own.
 void frmMain::showFirstTime() {
     QString folder = ConfigRecord.LastFolder.trimmed();
-    if ((folder.isEmpty() || folder == m_options.programFolder) && !m_options.samplesFolder.isEmpty())
-        folder = m_options.samplesFolder;
+    if (folder.isEmpty() || folder == m_options.programFolder)
+        folder = m_options.samplesFolder.isEmpty() ? visibleFolder(m_options.programFolder)
+                                                   : m_options.samplesFolder;
     m_browsePane->question().ask([this, folder] {
         return [this, nearest = nearestFolder(folder)] { m_browsePane->ftvBrowse().selectFolder(nearest); };
     });
     // The file that a first start makes is empty, which the next start would read as zeros after a crash.
-    if (QFileInfo(ConfigPath).size() == 0)
+    if (QFileInfo(ConfigPath).size() == 0) {
+        m_hints->beginFirstRun();
         subSaveSetup();
+    }
+    if (folder == m_options.samplesFolder)
+        m_hints->offer(FirstHints::OwnPictures);
+}
+
+/// The next hint comes when the work of the one before is done.
+void frmMain::connectHints() {
+    connect(&m_workspace.lvPages, &QAbstractItemModel::rowsInserted, this, [this] {
+        m_hints->done(FirstHints::OwnPictures);
+        m_hints->offer(FirstHints::ChooseTask);
+    });
+    connect(&m_workspace.tasks.lvEdit, &QAbstractItemModel::rowsInserted, this, [this] {
+        m_hints->done(FirstHints::ChooseTask);
+        m_hints->offer(FirstHints::SaveBasket);
+    });
 }
 
 // --- Form_Unload
@@ -261,7 +284,7 @@ void frmMain::endAtOnce() {
 }
 
 bool frmMain::asksAboutEnd() const {
-    return m_batchRunning || m_workflow.isUnfinished() || m_workspace.tasks.isUnsaved() ||
+    return isRunning() || m_workflow.isUnfinished() || m_workspace.tasks.isUnsaved() ||
            m_workflow.isCorrected();
 }
 
@@ -284,11 +307,14 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 bool frmMain::isWriting() const {
-    return m_metadataEditor.isWriting() || m_imageDocument.background().isSaving();
+    return m_metadataEditor.isWriting() || m_imageDocument.background().isSaving() ||
+           (m_twain && m_twain->isAcquiring());
 }
 
 /// A failure is shown then, and keeps the window.
 void frmMain::closeAfterWriting() {
+    if (m_twain)
+        m_twain->close(); // which stops the scanner first
     m_closesAfterWriting = true;
     SetStatus(tr("The window closes when the file is written"));
 }
@@ -297,15 +323,32 @@ void frmMain::confirmEnd() {
     if (m_asksAboutEnd)
         return;
     const QScopedValueRollback asking(m_asksAboutEnd, true);
-    if (!m_batchRunning || confirmStop())
+    if (!isRunning() || confirmStop())
         m_workflow.end(
             [this] { QMetaObject::invokeMethod(this, &frmMain::confirmUnsaved, Qt::QueuedConnection); });
 }
 
+QString frmMain::stopQuestion() const {
+    switch (m_run) {
+    case Run::Printing:
+        return tr("Pictures are being printed. Do you want to stop that and exit?");
+    case Run::Album:
+        return tr(
+            "A web album is being made. Do you want to stop that and exit?\nFiles that are finished stay.");
+    case Run::Saver:
+        return tr("A screen saver or slide show is being made. Do you want to stop that and exit?");
+    case Run::Greeting:
+        return tr("A greeting is being made. Do you want to stop that and exit?");
+    case Run::Batch:
+    case Run::None:
+        break;
+    }
+    return tr("A batch is running. Do you want to stop it and exit?\nFiles that are finished stay.");
+}
+
 bool frmMain::confirmStop() {
-    return service<Dialogs>().messageBox(
-               tr("A batch is running. Do you want to stop it and exit?\nFiles that are finished stay."),
-               MessageIcon::Question, MessageButtons::YesNo, ApplicationName) == MessageAnswer::Yes;
+    return service<Dialogs>().messageBox(stopQuestion(), MessageIcon::Question, MessageButtons::YesNo,
+                                         ApplicationName) == MessageAnswer::Yes;
 }
 
 void frmMain::confirmUnsaved() {

@@ -17,9 +17,9 @@ void frmMain::connectPrinting() {
 
 /// Not beside a batch, which takes the same window.
 void frmMain::print(void (Printing::*command)()) {
-    if (m_batchRunning)
+    if (isRunning())
         return;
-    const QScopedValueRollback running(m_batchRunning, true);
+    const QScopedValueRollback running(m_run, Run::Printing);
     m_endsAtOnce = false;
     (m_printing.*command)();
 }

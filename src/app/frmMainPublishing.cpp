@@ -31,6 +31,13 @@ QSize sizeIn(const QString& resolution) {
     return {numbers.value(0).toInt(), numbers.value(1).toInt()};
 }
 
+/// Without the margins that a thumbnail has above and below, or on the left and on the right.
+QPixmap withoutMargins(const QPixmap& thumbnail, QSize picture) {
+    QRect shown(QPoint(), picture.scaled(thumbnail.size(), Qt::KeepAspectRatio));
+    shown.moveCenter(thumbnail.rect().center());
+    return thumbnail.copy(shown);
+}
+
 /// The thumbnails of the first rows, as far as they are made.
 std::vector<SaverSample> samplesOf(const ListView& pages) {
     constexpr int most = 20;
@@ -39,7 +46,7 @@ std::vector<SaverSample> samplesOf(const ListView& pages) {
         const QPixmap picture = pixmapOf(pages.data(pages.index(row, 0), Qt::DecorationRole));
         const QSize size = sizeIn(pages.subItem(row, BasketColumn::Resolution));
         if (!picture.isNull() && !size.isEmpty())
-            samples.push_back({picture, size});
+            samples.push_back({withoutMargins(picture, size), size});
     }
     return samples;
 }
@@ -54,10 +61,10 @@ void frmMain::connectPublishing() {
 }
 
 /// Runs over pictures, which nothing may change meanwhile.
-std::vector<RowResult> frmMain::publish(const std::function<std::vector<RowResult>()>& make) {
-    if (m_batchRunning)
+std::vector<RowResult> frmMain::publish(Run run, const std::function<std::vector<RowResult>()>& make) {
+    if (isRunning())
         return {};
-    const QScopedValueRollback running(m_batchRunning, true);
+    const QScopedValueRollback running(m_run, run);
     m_endsAtOnce = false;
     setRunning(true);
     std::vector<RowResult> results = make();
@@ -66,7 +73,7 @@ std::vector<RowResult> frmMain::publish(const std::function<std::vector<RowResul
 }
 
 void frmMain::openSaver() {
-    if (m_workspace.lvPages.isEmpty() || m_batchRunning)
+    if (m_workspace.lvPages.isEmpty() || isRunning())
         return;
     auto* dialog = new frmScreenSaverOptions(ConfigRecord, samplesOf(m_workspace.lvPages), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -79,12 +86,12 @@ void frmMain::generateSaver() {
     const std::function<std::vector<TaskRow>()> tasks = [this] { return shownTasks(); };
     const JoinedSources sources{m_workspace.lvPages, m_workspace.ibTemp, hasTasks ? tasks : nullptr};
     const std::vector<RowResult> results =
-        publish([&] { return makeSaver(ConfigRecord, sources, joinedRun(), this); });
+        publish(Run::Saver, [&] { return makeSaver(ConfigRecord, sources, joinedRun(), this); });
     showResults(tr("The screen saver or slide show has ended"), results);
 }
 
 void frmMain::openGreeting() {
-    if (!m_workspace.ibMain.HasImage() || m_batchRunning)
+    if (!m_workspace.ibMain.HasImage() || isRunning())
         return;
     dropSelection();
     auto* dialog = new frmExecutable(ConfigRecord, m_workspace.ibMain.picture(), this);
@@ -96,7 +103,7 @@ void frmMain::openGreeting() {
 void frmMain::makeGreeting(const settings::PublishingSettings& shown) {
     const EffectSource source{m_preview.shownPath(), m_workspace.ibTemp, [this] { return shownTasks(); }};
     const std::vector<RowResult> results =
-        publish([&] { return m_greetings->make(shown, source, joinedRun()); });
+        publish(Run::Greeting, [&] { return m_greetings->make(shown, source, joinedRun()); });
     if (!results.empty() && isVisible())
         SetStatus(resultSummary(results));
 }

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/HomeFolder.h"
 #include "app/ProgramOptions.h"
 #include "app/QtDesktop.h"
+#include "app/StartFolder.h"
 #include "app/TerminationSignals.h"
 #include "app/frmMain.h"
-#include "base/ErrorTrap.h"
+#include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "base/SafeFileWriter.h"
 #include "base/Translation.h"
 #include "configuration/ProgramFolder.h"
 #include "controls/IndicatorStyle.h"
+#include "help/Manual.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTimer>
@@ -35,6 +39,7 @@ int main(int argc, char** argv) {
     if (const std::optional<int> status = answerHelp(argc, argv))
         return *status;
     reportFileSizeLimitAsError();
+    const bool homeAnswers = takeHomeThatAnswers();
     Application application(argc, argv);
     QApplication::setApplicationName(programIdentity::name);
     // No display name: X11 would append it to the title of every window.
@@ -44,15 +49,19 @@ int main(int argc, char** argv) {
     if (!operands)
         return 2;
     installIndicatorStyle();
+    // By the name, docks and Wayland find the program's entry and its icon.
+    QGuiApplication::setDesktopFileName(programIdentity::name);
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(programIdentity::name, QIcon(QStringLiteral(":/tarsel-jpeg.svg"))));
 
     QtDesktop desktop;
-    QString programFolder;
-    if (trap("main", [&] { programFolder = makeProgramFolder(); }))
-        return 1;
-    frmMain window({programFolder, samplesFolder(),
+    desktop.dialogs.holdReports();
+    const StartFolder folder(makeProgramFolder, homeAnswers);
+    frmMain window({folder.path(), samplesFolder(),
                     [&] { desktop.randomNumbers.seed(quint32(QDateTime::currentMSecsSinceEpoch())); },
                     QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-                        QStringLiteral("/thumbnails")});
+                        QStringLiteral("/thumbnails"),
+                    folder.remark(), manualFolder()});
     if (!window.Form_Load())
         return 1;
     // exit, since quit would ask windows again, and a message box without a Cancel button refuses.
@@ -69,6 +78,7 @@ int main(int argc, char** argv) {
         window.prepareSessionEnd();
     });
     window.show();
+    QTimer::singleShot(0, &window, [&desktop] { desktop.dialogs.showHeldReports(); });
     // After the window has shown the last folder.
     if (!operands->isEmpty())
         QTimer::singleShot(0, &window, [&window, file = operands->front()] { window.openFile(file); });

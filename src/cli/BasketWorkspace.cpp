@@ -46,11 +46,6 @@ QSet<QString> sourcesOf(const ListView& pages) {
 
 } // namespace
 
-bool isBasketFile(const QString& path) {
-    return path.endsWith(QLatin1String(".ibf"), Qt::CaseInsensitive) ||
-           path.endsWith(QLatin1String(".ibd"), Qt::CaseInsensitive);
-}
-
 BasketWorkspace::BasketWorkspace(Progress& progress, std::stop_token stop) :
     m_lists(m_workspace.lists(progress)), m_basket(m_lists, withoutThumbnails()) {
     ScratchFolder::removeAbandoned();

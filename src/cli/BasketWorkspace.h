@@ -39,7 +39,6 @@ private:
     QStringList m_missing;
 };
 
-/// Whether an operand names a basket file.
-bool isBasketFile(const QString& path);
+using modSaveOpenImageList::isBasketFile;
 
 } // namespace tarsel::cli

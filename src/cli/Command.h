@@ -33,6 +33,7 @@ extern const Command captureCommand;
 extern const Command encodeCommand;
 extern const Command infoCommand;
 extern const Command printCommand;
+extern const Command scanCommand;
 extern const Command tasksCommand;
 extern const Command saverCommand, slideCommand, greetingCommand;
 extern const Command joinedListCommand, joinedExtractCommand;

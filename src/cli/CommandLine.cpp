@@ -7,6 +7,7 @@
 #include "cli/RawNameLinks.h"
 #include "cli/Terminal.h"
 #include "cli/TerminalDesktop.h"
+#include "help/BuildFacts.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -16,29 +17,18 @@ namespace tarsel::cli {
 namespace {
 
 constexpr const Command* allCommands[] = {
-    &batchCommand,          &albumCommand,         &saverCommand,          &slideCommand,
-    &greetingCommand,       &joinedListCommand,    &joinedExtractCommand,  &applyCommand,
-    &encodeCommand,         &printCommand,         &captureCommand,        &infoCommand,
-    &tasksCommand,          &basketCommand,        &metadataGetCommand,    &metadataSetCommand,
-    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand, &metadataImportCommand,
+    &batchCommand,          &albumCommand,          &saverCommand,         &slideCommand,
+    &greetingCommand,       &joinedListCommand,     &joinedExtractCommand, &applyCommand,
+    &encodeCommand,         &printCommand,          &captureCommand,       &scanCommand,
+    &infoCommand,           &tasksCommand,          &basketCommand,        &metadataGetCommand,
+    &metadataSetCommand,    &metadataDeleteCommand, &metadataClearCommand, &metadataExportCommand,
+    &metadataImportCommand,
 };
 
 const Command* findCommand(const QString& name) {
     const auto found = std::ranges::find_if(
         allCommands, [&](const Command* command) { return name == QLatin1String(command->name); });
     return found == std::end(allCommands) ? nullptr : *found;
-}
-
-/// A text of one of the tables.
-QString shown(const char* text) {
-    return QCoreApplication::translate("CommandLine", text);
-}
-
-QString spelled(const OptionSpec& option) {
-    QString text = QStringLiteral("--") + QLatin1String(option.name);
-    if (option.value)
-        text += QLatin1Char(' ') + QLatin1String(option.value);
-    return text;
 }
 
 bool isHelp(const QString& word) {
@@ -61,7 +51,7 @@ QString commandTable(const QString& start = {}) {
     QList<std::pair<QString, QString>> rows;
     for (const Command* command : commands())
         if (const QString name = QString::fromUtf8(command->name); name.startsWith(start))
-            rows.append({name, shown(command->summary)});
+            rows.append({name, shownText(command->summary)});
     return table(rows);
 }
 
@@ -93,6 +83,8 @@ int runWords(const QStringList& words, Terminal& terminal) {
         return wrongUsage(QCoreApplication::translate("CommandLine", "no command given"), {}, terminal);
     if (first == QLatin1String("--version")) {
         terminal.result(QStringLiteral("tarsel ") + QLatin1String(TARSEL_VERSION));
+        if (words.mid(1) == QStringList{QStringLiteral("--verbose")})
+            terminal.results(buildReport().trimmed().split(QLatin1Char('\n')));
         return AllDone;
     }
     if (isHelp(first)) {
@@ -124,11 +116,22 @@ std::span<const Command* const> commands() {
     return allCommands;
 }
 
+QString shownText(const char* text) {
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+QString spelledOption(const OptionSpec& option) {
+    QString text = QStringLiteral("--") + QLatin1String(option.name);
+    if (option.value)
+        text += QLatin1Char(' ') + QLatin1String(option.value);
+    return text;
+}
+
 QString programHelp() {
     return QCoreApplication::translate("CommandLine",
                                        "Usage: tarsel COMMAND [OPTION]... [OPERAND]...\n"
                                        "       tarsel COMMAND --help\n"
-                                       "       tarsel --version\n\n"
+                                       "       tarsel --version [--verbose]\n\n"
                                        "Makes JPEG documents from collections of pictures.\n\nCommands:\n") +
            commandTable() +
            QCoreApplication::translate(
@@ -140,12 +143,12 @@ QString programHelp() {
 QString commandHelp(const Command& command) {
     QList<std::pair<QString, QString>> rows;
     for (const OptionSpec& option : command.options)
-        rows.append({spelled(option), shown(option.help)});
+        rows.append({spelledOption(option), shownText(option.help)});
     rows.append({QStringLiteral("--help"), QCoreApplication::translate("CommandLine", "show this text")});
     return QCoreApplication::translate("CommandLine",
                                        "Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
-        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands), shown(command.summary),
-             table(rows), shown(command.notes));
+        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands), shownText(command.summary),
+             table(rows), shownText(command.notes));
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {

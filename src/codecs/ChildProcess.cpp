@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "codecs/ChildProcess.h"
 
+#include "base/PrivateFiles.h"
 #include "codecs/DecoderProtocol.h"
 
 #include <algorithm>
@@ -23,7 +24,6 @@ namespace {
 
 using std::chrono::steady_clock;
 
-constexpr auto timeToEnd = std::chrono::milliseconds(500);
 /// A killed process can hang in the kernel, on a network drive for instance; it is left to the system then.
 constexpr auto timeToDie = std::chrono::seconds(2);
 
@@ -76,7 +76,7 @@ pid_t onLastingThread(const std::function<pid_t()>& function) {
 }
 
 /// The child's id, or 0.
-pid_t spawn(const QByteArray& program, int socket) {
+pid_t spawn(const QByteArray& program, int socket, ChildEnvironment environment) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, socket, decoderSocket);
@@ -89,10 +89,10 @@ pid_t spawn(const QByteArray& program, int socket) {
     posix_spawnattr_setsigmask(&attributes, &none);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
     char* arguments[] = {const_cast<char*>(program.constData()), nullptr};
-    char* environment[] = {nullptr};
+    char* nothing[] = {nullptr};
     pid_t child = 0;
-    const int failed =
-        ::posix_spawn(&child, program.constData(), &actions, &attributes, arguments, environment);
+    const int failed = ::posix_spawn(&child, program.constData(), &actions, &attributes, arguments,
+                                     environment == ChildEnvironment::Empty ? nothing : ::environ);
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     return failed ? 0 : child;
@@ -100,8 +100,15 @@ pid_t spawn(const QByteArray& program, int socket) {
 
 } // namespace
 
-bool ChildProcess::start(const QByteArray& program, int socket) {
-    m_child = onLastingThread([&] { return spawn(program, socket); });
+QByteArray servingProgram(const char* variable, const char* name) {
+    QByteArray configured = qgetenv(variable);
+    if (!configured.isEmpty())
+        return configured;
+    return QByteArray::fromStdString(privateFile(name).string());
+}
+
+bool ChildProcess::start(const QByteArray& program, int socket, ChildEnvironment environment) {
+    m_child = onLastingThread([&] { return spawn(program, socket, environment); });
     return m_child != 0;
 }
 
@@ -115,8 +122,8 @@ bool ChildProcess::allowTime(rlim_t seconds, rlim_t total) const {
     return rlim_t(used.tv_sec) + seconds <= total;
 }
 
-bool ChildProcess::endsByItself() const {
-    return comesTrueWithin(timeToEnd, [this] {
+bool ChildProcess::endsByItself(std::chrono::milliseconds limit) const {
+    return comesTrueWithin(limit, [this] {
         siginfo_t ended = {};
         const int waited = ::waitid(P_PID, id_t(m_child.load()), &ended, WEXITED | WNOHANG | WNOWAIT);
         return waited != 0 || ended.si_pid != 0;

@@ -2,6 +2,7 @@
 #include "codecs/DecoderProcess.h"
 
 #include "base/Stop.h"
+#include "bytes/StopDescriptor.h"
 #include "codecs/DecoderLost.h"
 
 #include <QCoreApplication>
@@ -12,9 +13,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <filesystem>
-#include <poll.h>
-#include <sys/eventfd.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -28,18 +26,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(logging, "tarsel.codecs")
 
-constexpr char programName[] = "tarsel-decoder";
 // Of processor time.
 constexpr rlim_t secondsForOneFile = 10, secondsForOneChild = 600;
-
-QByteArray programPath() {
-    QByteArray configured = qgetenv("TARSEL_DECODER");
-    if (!configured.isEmpty())
-        return configured;
-    std::error_code none;
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", none);
-    return QByteArray::fromStdString((self.parent_path() / programName).string());
-}
 
 /// Memory that another process can map. No process can change its size.
 Descriptor sharedMemory(const char* name, std::int64_t size) {
@@ -116,35 +104,6 @@ Picture pictureOf(const DecoderReply& reply, PixelSize size, const Descriptor& p
     return picture;
 }
 
-/// Becomes readable when a stop is requested, so that poll sees it.
-class StopDescriptor {
-public:
-    explicit StopDescriptor(const std::stop_token& stop) :
-        m_event(stop.stop_possible() ? ::eventfd(0, EFD_CLOEXEC) : -1),
-        m_onStop(stop, Wake{m_event.number()}) {}
-    int number() const { return m_event.number(); } ///< -1, which poll skips, where no stop can come
-
-private:
-    struct Wake {
-        int event;
-        void operator()() const { ::eventfd_write(event, 1); }
-    };
-    Descriptor m_event;
-    std::stop_callback<Wake> m_onStop;
-};
-
-/// Waits until one of the two can be read, or the deadline has passed. False in the latter case.
-bool waitForEither(int one, int other, std::chrono::steady_clock::time_point deadline) {
-    pollfd both[] = {{one, POLLIN, 0}, {other, POLLIN, 0}};
-    int ready = 0;
-    do {
-        const auto left =
-            std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-        ready = ::poll(both, 2, int(std::max<std::int64_t>(left.count(), 0)));
-    } while (ready < 0 && errno == EINTR);
-    return ready > 0;
-}
-
 bool canBeRead(int socket) {
     return waitForEither(socket, -1, std::chrono::steady_clock::now());
 }
@@ -192,7 +151,7 @@ void DecoderProcess::start(const FileUnderTest& file) {
     m_socket.reset(ends[0]);
     const Descriptor other(ends[1]);
     ::fcntl(m_socket.number(), F_SETFL, O_NONBLOCK); // only poll waits
-    const QByteArray program = programPath();
+    const QByteArray program = servingProgram("TARSEL_DECODER", "tarsel-decoder");
     if (!m_child.start(program, other.number()))
         failForLostDecoder(file,
                            QCoreApplication::translate("DecoderProcess", "its decoder %1 can't be started")

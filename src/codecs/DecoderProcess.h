@@ -25,7 +25,7 @@ struct DecoderTask {
 /// and kept for the next ones. One that dies, breaks the protocol or takes too long is ended and costs the
 /// file that it worked on; the next file gets a fresh child. For one thread at a time: see DecoderPool.
 ///
-/// The program is "tarsel-decoder" beside the running one, or what the environment's TARSEL_DECODER names.
+/// The program is the private file "tarsel-decoder", or what the environment's TARSEL_DECODER names.
 class DecoderProcess {
 public:
     static constexpr std::chrono::milliseconds usualTimeLimit = std::chrono::seconds(9);

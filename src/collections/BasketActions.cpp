@@ -37,6 +37,12 @@ bool mayReplaceRows() {
     return answer == MessageAnswer::Ok;
 }
 
+void fillFrom(const QString& path, Basket& basket, CollectionLists& lists) {
+    QString reason;
+    if (!modSaveOpenImageList::fncOpenImageBasket(path, basket, lists, &reason))
+        inform(Texts::tr("Error opening image list!\nPlease select a valid image list file."), reason);
+}
+
 /// The list forms of the first two filters hold paths only.
 bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
     constexpr int descriptionFilter = 3;
@@ -58,10 +64,13 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
 void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
     if (!lists.lvPages.isEmpty() && !mayReplaceRows())
         return;
-    const auto choice = service<Dialogs>().openFileDialog({Texts::tr("Open Basket"), basketFilter(), {}});
-    QString reason;
-    if (choice && !modSaveOpenImageList::fncOpenImageBasket(choice->path, basket, lists, &reason))
-        inform(Texts::tr("Error opening image list!\nPlease select a valid image list file."), reason);
+    if (const auto choice = service<Dialogs>().openFileDialog({Texts::tr("Open Basket"), basketFilter(), {}}))
+        fillFrom(choice->path, basket, lists);
+}
+
+void openBasketFile(const QString& path, Basket& basket, CollectionLists& lists) {
+    if (lists.lvPages.isEmpty() || mayReplaceRows())
+        fillFrom(path, basket, lists);
 }
 
 void cmdPagesSave(const ListView& lvPages) {

@@ -126,6 +126,11 @@ bool refused(const clsFile& file, QString* openFault) {
 
 } // namespace
 
+bool isBasketFile(const QString& path) {
+    return path.endsWith(plainExtension, Qt::CaseInsensitive) ||
+           path.endsWith(describedExtension, Qt::CaseInsensitive);
+}
+
 std::vector<BasketEntry> readBasketEntries(const QString& path) {
     clsFile file;
     if (!file.OpenForRead(path))

@@ -13,6 +13,9 @@ struct BasketEntry {
     QString description; ///< empty in a .ibf file
 };
 
+/// By its extension, .ibf or .ibd.
+bool isBasketFile(const QString& path);
+
 /// The lines of a .ibf or .ibd file; none for another extension. Error 5 for a line without a path, 62 for a
 /// file that ends within a record, or why the file could not be opened.
 std::vector<BasketEntry> readBasketEntries(const QString& path);

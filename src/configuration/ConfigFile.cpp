@@ -5,6 +5,7 @@
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
+#include "configuration/DamagedSettings.h"
 #include "configuration/RecordImage.h"
 #include "configuration/SettingsBeside.h"
 
@@ -17,11 +18,9 @@ namespace tarsel {
 
 namespace {
 
-/// What SplitterMain holds in a record that is to be thrown away.
-constexpr qint16 damagedRecordMark = 10;
-
-QString executableBaseName() {
-    return QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
+QString configPathIn(const QString& programFolder) {
+    return withSeparator(programFolder) +
+           QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
 }
 
 /// A file that exists but can't be read counts as missing. Nothing but a file is opened: a pipe would wait
@@ -57,7 +56,7 @@ void readRecord(const ConfigRecordData& defaults) {
 void subLoadSetup(const QString& programFolder) {
     const ConfigRecordData defaults = defaultRecord(programFolder);
     const auto failure = trap("subLoadSetup", [&] {
-        ConfigPath = withSeparator(programFolder) + executableBaseName();
+        ConfigPath = configPathIn(programFolder);
         if (configurationExists() && ConfigPath.isEmpty())
             throwCorruptedFileAway();
         readRecord(defaults);
@@ -81,14 +80,17 @@ void DeleteConfiguration() {
         logIgnored(ConfigPath + QStringLiteral(": can't be removed"));
 }
 
-void loadConfiguration(const QString& programFolder) {
+QStringList loadConfiguration(const QString& programFolder) {
+    ConfigPath = configPathIn(programFolder);
+    const QStringList remarks = keepDamagedSettings();
     subLoadSetup(programFolder);
     if (ConfigRecord.SplitterMain != damagedRecordMark)
-        return;
+        return remarks;
     DeleteConfiguration();
     subLoadSetup(programFolder);
     if (ConfigRecord.SplitterMain == damagedRecordMark) // the file could not be removed
         ConfigRecord = defaultRecord(programFolder);
+    return remarks;
 }
 
 void storeBasketThumbnailSize(int width, int height) {

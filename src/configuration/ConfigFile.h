@@ -3,6 +3,8 @@
 
 #include "configuration/ConfigRecord.h"
 
+#include <QStringList>
+
 namespace tarsel {
 
 /// The configuration file: in the program folder, named like the executable, without an extension. Empty
@@ -21,8 +23,8 @@ void subSaveSetup();
 void DeleteConfiguration();
 
 /// subLoadSetup at the start of the program: a record that looks damaged is removed, and the defaults take
-/// its place.
-void loadConfiguration(const QString& programFolder);
+/// its place. Whatever could get lost by that is kept beside. Returns what the user is to know about it.
+QStringList loadConfiguration(const QString& programFolder);
 
 /// What the end of the program remembers of the working size of the basket's thumbnails, in pixels. The sides
 /// are stored crosswise: an unequal size comes back exchanged at each start.

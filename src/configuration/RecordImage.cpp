@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <limits>
+#include <tuple>
 #include <utility>
 
 namespace tarsel {
@@ -60,6 +61,8 @@ public:
         return {};
     }
 
+    bool isComplete() const { return m_isComplete; } ///< there were bytes for each field so far
+
 private:
     template <class Number>
     Number number() {
@@ -71,11 +74,13 @@ private:
         const bool complete = size <= m_bytes.size() - m_at;
         QByteArray taken = complete ? m_bytes.mid(m_at, size) : QByteArray();
         m_at = complete ? m_at + size : m_bytes.size();
+        m_isComplete = m_isComplete && complete;
         return taken;
     }
 
     QByteArray m_bytes;
     qsizetype m_at = 0;
+    bool m_isComplete = true;
 };
 
 } // namespace
@@ -93,6 +98,13 @@ ConfigRecordData recordFromImage(const QByteArray& bytes) {
     for (const ConfigField& field : configFields())
         field.assign(record, reader.value(field.type));
     return record;
+}
+
+bool isWholeRecord(const QByteArray& bytes) {
+    FieldReader reader(bytes);
+    for (const ConfigField& field : configFields())
+        std::ignore = reader.value(field.type);
+    return reader.isComplete();
 }
 
 } // namespace tarsel

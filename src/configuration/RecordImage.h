@@ -16,6 +16,9 @@ QByteArray recordImage(const ConfigRecordData& record);
 /// empty; bytes after the last field are ignored. Any bytes are a record: a foreign file can't be recognised.
 ConfigRecordData recordFromImage(const QByteArray& bytes);
 
+/// True when the bytes reach to the end of the last field.
+bool isWholeRecord(const QByteArray& bytes);
+
 /// Bytes of a text of type F.
 constexpr int fixedTextSize = 256;
 

@@ -37,6 +37,10 @@ constexpr Switch switches[] = {
      false},
     {"[Editing]", "LivePreview=", [](ConfigRecordData& record) -> quint8& { return record.LivePreview; },
      true},
+    {"[Hints]", "OwnPicturesSeen=", [](ConfigRecordData& record) -> quint8& { return record.HintOwnSeen; },
+     true},
+    {"[Hints]", "TaskSeen=", [](ConfigRecordData& record) -> quint8& { return record.HintTaskSeen; }, true},
+    {"[Hints]", "SaveSeen=", [](ConfigRecordData& record) -> quint8& { return record.HintSaveSeen; }, true},
 };
 
 using SaveAdvanced = settings::SaveAdvanced;

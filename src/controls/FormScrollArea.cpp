@@ -37,10 +37,14 @@ bool FormScrollArea::eventFilter(QObject* watched, QEvent* event) {
     return QScrollArea::eventFilter(watched, event);
 }
 
-void fitToScreen(QWidget& form, QSize wanted) {
-    // Room for the frame that the window manager draws around it.
+QSize roomOnScreen(const QWidget& window) {
+    // The window manager draws a frame around it.
     const QSize frame(16, 48);
-    form.resize(wanted.boundedTo(form.screen()->availableGeometry().size() - frame));
+    return window.screen()->availableGeometry().size() - frame;
+}
+
+void fitToScreen(QWidget& form, QSize wanted) {
+    form.resize(wanted.boundedTo(roomOnScreen(form)));
 }
 
 void fitToText(QWidget& form, int characters) {

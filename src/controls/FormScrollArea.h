@@ -21,6 +21,8 @@ private:
     QSize framed(QSize contents) const;
 };
 
+/// What a window can be wide and high on its screen.
+QSize roomOnScreen(const QWidget& window);
 /// Resizes a form to the size that it asks for, as far as the screen has room.
 void fitToScreen(QWidget& form, QSize wanted);
 /// The same for a form with texts that wrap: at least that many average characters wide, and as high as the

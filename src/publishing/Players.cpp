@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "publishing/Players.h"
 
+#include "base/PrivateFiles.h"
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
@@ -25,9 +25,10 @@ QStringList playerFolders() {
     const QString own = QFile::decodeName(qgetenv("TARSEL_PLAYERS"));
     if (!own.isEmpty())
         return {own};
-    const QString program = QCoreApplication::applicationDirPath();
-    return {program + QStringLiteral("/players"),
-            QDir::cleanPath(program + QStringLiteral("/../lib/tarsel-jpeg/players"))};
+    QStringList folders;
+    for (const std::filesystem::path& folder : privateFolders())
+        folders << QFile::decodeName((folder / "players").c_str());
+    return folders;
 }
 
 QString missingText(const QString& name, PlayerSystem system) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/ScreenSource.h"
-#include "base/RandomNumbers.h"
-#include "base/Service.h"
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "tests/support/ErrorNumberOf.h"
 
@@ -9,11 +8,16 @@
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QEventLoop>
 #include <QFile>
+#include <QGuiApplication>
 #include <QImage>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
+#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -22,6 +26,7 @@ using namespace tarsel::test;
 namespace {
 
 constexpr uint done = 0, cancelled = 1, refused = 2;
+constexpr uint silence = 99, gone = 98; ///< no answer; the portal ends instead
 
 /// Answers requests for pictures of the screen, on a bus of its own, as the portal of a desktop does.
 class FakePortal final : public QObject, protected QDBusContext {
@@ -38,6 +43,7 @@ public:
 
     QList<uint> responses; ///< of the requests to come
     QString file;          ///< with the picture
+    QString address;       ///< told instead of the file's
     bool ownHandle = false;
     QList<bool> interactive; ///< as asked
 
@@ -52,9 +58,14 @@ public Q_SLOTS:
         QDBusMessage response = QDBusMessage::createSignal(
             handle, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response"));
         const uint code = responses.takeFirst();
+        if (code == gone)
+            m_bus.unregisterService(QStringLiteral("org.freedesktop.portal.Desktop"));
+        if (code == gone || code == silence)
+            return QDBusObjectPath(handle);
         QVariantMap results;
         if (code == done)
-            results.insert(QStringLiteral("uri"), QUrl::fromLocalFile(file).toString());
+            results.insert(QStringLiteral("uri"),
+                           address.isEmpty() ? QUrl::fromLocalFile(file).toString() : address);
         response << code << results;
         const QDBusConnection bus = m_bus;
         if (ownHandle) // a client can't know the name before the reply
@@ -82,8 +93,6 @@ protected:
     QTemporaryDir folder;
     QString file;
     QImage image{7, 5, QImage::Format_RGB888};
-    SeededRandomNumbers numbers;
-    ServiceScope<RandomNumbers> scope{numbers};
 };
 
 } // namespace
@@ -105,20 +114,81 @@ TEST_F(PortalScreen, APictureComesAtOnceOrAfterTheUserWasAsked) {
     }
 }
 
-TEST_F(PortalScreen, ARefusalAMissingPortalAndADamagedFileAreSaid) {
-    const auto errorWith = [&](const QList<uint>& responses) {
+TEST_F(PortalScreen, WhatKeepsThePictureAwayIsSaid) {
+    const auto errorWith = [&](const QList<uint>& responses, const QString& address = {}) {
         FakePortal portal;
         portal.file = file;
+        portal.address = address;
         portal.responses = responses;
-        return errorNumberOf([] { portalScreen()->grab(false); });
+        const TrappedError error = errorOf([] { portalScreen()->grab(false); });
+        EXPECT_TRUE(portal.responses.isEmpty());
+        return error;
     };
-    EXPECT_EQ(errorWith({cancelled}), ErrorNumber::Interrupted);
-    EXPECT_EQ(errorWith({refused, refused}), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(errorNumberOf([] { portalScreen()->grab(false); }), ErrorNumber::FileNotFound);
+    const auto is = [](const TrappedError& error, qint32 number, const QString& text) {
+        EXPECT_EQ(error.number, number);
+        EXPECT_TRUE(error.description.contains(text)) << error.description.toStdString();
+    };
+    is(errorWith({cancelled}), ErrorNumber::Interrupted, QStringLiteral("was not allowed"));
+    is(errorWith({refused, refused}), ErrorNumber::PermissionDenied, QStringLiteral("the desktop refused"));
+    is(errorWith({refused, cancelled}), ErrorNumber::Interrupted, QStringLiteral("was not allowed"));
+    is(errorWith({gone}), ErrorNumber::FileNotFound, QStringLiteral("has no portal"));
+    is(errorOf([] { portalScreen()->grab(false); }), ErrorNumber::FileNotFound,
+       QStringLiteral("has no portal"));
+    is(errorWith({done, done}, QStringLiteral("portal:picture")), ErrorNumber::PermissionDenied,
+       QStringLiteral("the desktop refused"));
+    const QString missing = folder.filePath(QStringLiteral("not there.png"));
+    is(errorWith({done}, QUrl::fromLocalFile(missing).toString()), ErrorNumber::UnreadableFile, missing);
     QFile cut(file);
     ASSERT_TRUE(cut.resize(40));
-    EXPECT_EQ(errorWith({done}), ErrorNumber::UnreadableFile);
+    is(errorWith({done}), ErrorNumber::UnreadableFile, file);
     EXPECT_TRUE(QFile::exists(file));
+}
+
+TEST_F(PortalScreen, OnAnotherThreadAStopEndsTheWait) {
+    FakePortal portal;
+    portal.responses = {silence, done};
+    portal.file = file;
+    std::stop_source stop;
+    qint32 stopped = 0;
+    int width = 0;
+    const auto run = [](const std::function<void()>& work) {
+        const std::unique_ptr<QThread> thread(QThread::create(work));
+        QEventLoop loop; // in which the portal answers
+        QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
+        thread->start();
+        loop.exec();
+        thread->wait();
+    };
+    const auto screen = portalScreen();
+    QTimer::singleShot(200, [&] { stop.request_stop(); });
+    run([&] {
+        const StopScope scope(stop.get_token());
+        stopped = errorNumberOf([&] { screen->grab(false); });
+    });
+    EXPECT_EQ(stopped, ErrorNumber::Interrupted);
+    run([&] { width = screen->grab(false).picture.width(); });
+    EXPECT_EQ(width, 7);
+}
+
+TEST_F(PortalScreen, OfAPictureAtAnyScaleEachMonitorIsAPart) {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    if (screens.size() != 2)
+        GTEST_SKIP() << "needs the two screens of left-at-2.json";
+    for (const double scale : {0.5, 1.0, 1.5, 3.0}) {
+        const QSize size = (QSizeF(1200, 620) * scale).toSize(); // of both, the left one being 500 wide
+        ASSERT_TRUE(QImage(size, QImage::Format_RGB888).save(file));
+        FakePortal portal;
+        portal.file = file;
+        portal.responses = {done};
+        const ScreenPicture screen = portalScreen()->grab(false);
+        const auto at = [scale](int place) { return int(std::lround(place * scale)); };
+        ASSERT_EQ(screen.monitors.size(), 2u);
+        EXPECT_EQ(screen.monitors[0].name.toStdString(), "right");
+        EXPECT_EQ(screen.monitors[0].area,
+                  QRect(QPoint(at(500), at(120)), QPoint(at(1200) - 1, at(620) - 1)));
+        EXPECT_EQ(screen.monitors[1].area, QRect(QPoint(0, 0), QPoint(at(500) - 1, at(400) - 1)));
+    }
+    EXPECT_EQ(portalScreen()->monitors()[1].area, QRect(0, 0, 500, 400));
 }
 
 TEST_F(PortalScreen, AFileThatIsOlderThanTheRequestStays) {

@@ -3,6 +3,7 @@
 #include "acquisition/X11Connection.h"
 #include "base/TrappedError.h"
 #include "tests/support/ErrorNumberOf.h"
+#include "tests/support/ShownPicture.h"
 #include "tests/support/TestPictures.h"
 
 #include <QProcess>
@@ -14,48 +15,6 @@ using namespace tarsel;
 using namespace tarsel::test;
 
 namespace {
-
-/// A window without a frame that shows these pixels.
-class ShownPicture {
-public:
-    ShownPicture(const X11Connection& x11, const Picture& picture, QPoint place) : m_x11(x11) {
-        const std::uint32_t overrideRedirect = 1;
-        m_window = xcb_generate_id(x11.get());
-        xcb_create_window(x11.get(), XCB_COPY_FROM_PARENT, m_window, x11.root(), std::int16_t(place.x()),
-                          std::int16_t(place.y()), std::uint16_t(picture.width()),
-                          std::uint16_t(picture.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                          XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
-        xcb_map_window(x11.get(), m_window);
-        const xcb_gcontext_t context = xcb_generate_id(x11.get());
-        xcb_create_gc(x11.get(), context, m_window, 0, nullptr);
-        std::vector<std::uint32_t> pixels;
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x) {
-                const std::uint8_t* rgb = picture.view().pixel(x, y);
-                pixels.push_back(std::uint32_t(rgb[0] << 16 | rgb[1] << 8 | rgb[2]));
-            }
-        xcb_put_image(x11.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_window, context, std::uint16_t(picture.width()),
-                      std::uint16_t(picture.height()), 0, 0, 0, x11.screen().root_depth,
-                      std::uint32_t(pixels.size() * 4), reinterpret_cast<const std::uint8_t*>(pixels.data()));
-        xcb_free_gc(x11.get(), context);
-        settle();
-    }
-    ~ShownPicture() {
-        xcb_destroy_window(m_x11.get(), m_window);
-        settle();
-    }
-    ShownPicture(const ShownPicture&) = delete;
-    ShownPicture& operator=(const ShownPicture&) = delete;
-
-private:
-    /// Until the server has done everything asked of it.
-    void settle() const {
-        owned(xcb_get_input_focus_reply(m_x11.get(), xcb_get_input_focus(m_x11.get()), nullptr));
-    }
-
-    const X11Connection& m_x11;
-    xcb_window_t m_window;
-};
 
 /// `output` is "screen", the server's only one, or "none". Its own monitor goes once that belongs to another.
 void placeMonitor(const char* name, const char* place, const char* output) {

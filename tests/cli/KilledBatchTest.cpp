@@ -10,6 +10,7 @@
 #include <poll.h>
 #include <sys/inotify.h>
 #include <sys/resource.h>
+#include <tuple>
 #include <unistd.h>
 
 using namespace tarsel;
@@ -78,8 +79,9 @@ protected:
 /// Watches a folder for files that take the place of others.
 class Replacements {
 public:
-    explicit Replacements(const QString& folder) : m_events(::inotify_init1(IN_CLOEXEC)) {
-        EXPECT_GE(::inotify_add_watch(m_events, QFile::encodeName(folder).constData(), IN_MOVED_TO), 0);
+    explicit Replacements(const QString& folder, uint32_t event = IN_MOVED_TO) :
+        m_events(::inotify_init1(IN_CLOEXEC)) {
+        EXPECT_GE(::inotify_add_watch(m_events, QFile::encodeName(folder).constData(), event), 0);
     }
     ~Replacements() { ::close(m_events); }
     Replacements(const Replacements&) = delete;
@@ -169,4 +171,30 @@ TEST_F(ReplacedPictures, APictureOverTheSizeLimitIsARowThatFailedAndKeepsItsSour
     EXPECT_EQ(run.output.count("Disk full"), 1) << run.output.constData();
     EXPECT_EQ(contents(), before);
     EXPECT_TRUE(debrisIn(folder.path()).isEmpty());
+}
+
+TEST_F(ReplacedPictures, ASliceThatWasKilledIsRunAgainWithoutHarm) {
+    const QString made = folder.filePath(QStringLiteral("made"));
+    const auto contentsMade = [&] {
+        QList<QByteArray> all;
+        for (const QString& name : QDir(made).entryList(QDir::Files | QDir::Hidden))
+            all << readWholeFile(made + QLatin1Char('/') + name);
+        return all;
+    };
+    const QStringList slice = commandLine("batch --out made --name generic --rows 6-19") + pictureNames();
+    QDir().mkpath(made);
+    NarrowPipe pipe;
+    const Replacements firstFile(made, IN_CREATE | IN_MOVED_TO);
+    const pid_t process = startProgram(slice, folder.path(), pipe.writing());
+    firstFile.waitForOne();
+    ::kill(process, SIGKILL);
+    std::ignore = pipe.rest();
+    EXPECT_EQ(endOf(process), -SIGKILL);
+    EXPECT_LT(contentsMade().size(), 14);
+    EXPECT_EQ(runProgram(slice, folder.path()).status, 0);
+    const QList<QByteArray> repeated = contentsMade();
+    EXPECT_EQ(repeated.size(), 14) << "no debris";
+    QDir(made).removeRecursively();
+    EXPECT_EQ(runProgram(slice, folder.path()).status, 0);
+    EXPECT_EQ(contentsMade(), repeated) << "as if it had run once";
 }

@@ -7,6 +7,7 @@
 #include "configuration/RecordImage.h"
 #include "tests/support/TestDesktop.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -24,11 +25,31 @@ protected:
 
     void SetUp() override { restart(); }
 
-    void restart() {
+    QStringList restart() {
         ConfigRecord = {};
-        loadConfiguration(program);
+        return loadConfiguration(program);
+    }
+    static QString kept() { return ConfigPath + QStringLiteral(".damaged"); }
+    /// The user gets one remark, the defaults hold, and settings are stored again.
+    void expectFreshStart() {
+        const QStringList remarks = restart();
+        ASSERT_EQ(remarks.size(), 1);
+        EXPECT_TRUE(remarks[0].contains(kept())) << remarks[0].toStdString();
+        EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
+        subSaveSetup();
+        EXPECT_EQ(restart(), QStringList());
+        EXPECT_EQ(readWholeFile(ConfigPath), recordImage(ConfigRecord));
+        EXPECT_TRUE(desktop.reports.empty() && desktop.messages.empty());
     }
 };
+
+/// Bytes that no version of the program has written.
+QByteArray foreignBytes(quint32 seed) {
+    QByteArray bytes(3000, '\0');
+    for (char& byte : bytes)
+        byte = char((seed = seed * 1664525 + 1013904223) >> 24);
+    return bytes;
+}
 
 } // namespace
 
@@ -69,7 +90,8 @@ TEST_F(ConfigFile, SettingsComeBackAtTheNextStartAlsoWhereDamagedOnesWereBesideT
     EXPECT_EQ(readWholeFile(settingsPathBeside()).replace("StripPrivate=true\nUprightByExif=false\n", ""),
               damaged + later +
                   "\n[Publishing]\nWindowsPlayers=true\n[Album]\nOnlyChanged=false\nStripPrivate=false"
-                  "\nOriginals=false\nModernTemplate=true\n[Editing]\nLivePreview=true\n")
+                  "\nOriginals=false\nModernTemplate=true\n[Editing]\nLivePreview=true\n[Hints]\nSaveSeen="
+                  "true\nTaskSeen=true\nOwnPicturesSeen=true\n")
         << "settings of a later version stay";
     EXPECT_EQ(ConfigRecord.BatchSave.RenamePrefix, QStringLiteral("[Date Today]"));
     EXPECT_EQ(ConfigRecord.LastFolder.trimmed(), QStringLiteral("/home/\u65E5\u672C"));
@@ -93,8 +115,59 @@ TEST_F(ConfigFile, ASplitterAtTenThrowsTheFileAwayWithoutAWord) {
     restart();
     EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
     EXPECT_EQ(readWholeFile(ConfigPath), QByteArray());
+    EXPECT_TRUE(readWholeFile(kept()).contains("lost")) << "and yet it can be looked up";
     EXPECT_TRUE(desktop.messages.empty());
     EXPECT_TRUE(desktop.reports.empty());
+}
+
+TEST_F(ConfigFile, ARecordCutAnywhereIsKeptBesideAndUsedAsFarAsItGoes) {
+    const QByteArray image = recordImage(ConfigRecord);
+    for (qsizetype size = 1; size < image.size(); size += 41) {
+        QFile::remove(kept());
+        writeFileSafely(ConfigPath, image.left(size));
+        const QStringList remarks = restart();
+        ASSERT_EQ(remarks.size(), 1) << size;
+        const ConfigRecordData cut = recordFromImage(image.left(size));
+        const bool isUsed = cut.SplitterMain != 0; // else there is hardly anything, and no usable window
+        EXPECT_EQ(recordImage(ConfigRecord), recordImage(isUsed ? cut : defaultRecord(program))) << size;
+        subSaveSetup();
+        EXPECT_EQ(readWholeFile(kept()), image.left(size));
+        EXPECT_EQ(restart(), QStringList()) << "it is whole now";
+    }
+    writeFileSafely(ConfigPath, image.left(9));
+    EXPECT_TRUE(restart().value(0).contains(kept() + QStringLiteral("-2"))) << "the older one stays";
+}
+
+TEST_F(ConfigFile, WhatIsNoRecordIsKeptBesideAndTheDefaultsHold) {
+    for (const quint32 seed : {1u, 2u, 3u}) {
+        QFile::remove(kept());
+        QByteArray foreign = foreignBytes(seed);
+        writeFileSafely(ConfigPath, foreign);
+        const QStringList remarks = restart();
+        ASSERT_EQ(remarks.size(), 1) << seed;
+        EXPECT_EQ(readWholeFile(kept()), foreign);
+        EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
+    }
+    ConfigRecord = defaultRecord(program);
+    ConfigRecord.SplitterLeft = -7; // a whole record of impossible values
+    subSaveSetup();
+    QFile::remove(kept());
+    expectFreshStart();
+    QFile::remove(kept());
+    QFile::resize(ConfigPath, qint64(1) << 40); // none of it is read
+    expectFreshStart();
+    QFile::remove(kept());
+    QFile::remove(ConfigPath);
+    QDir().mkpath(ConfigPath + QStringLiteral("/mine"));
+    expectFreshStart();
+    EXPECT_TRUE(QDir(kept() + QStringLiteral("/mine")).exists());
+    QDir(kept()).removeRecursively();
+    QFile::remove(ConfigPath);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(ConfigPath).constData(), S_IRUSR | S_IWUSR), 0);
+    expectFreshStart();
+    QFile::remove(settingsPathBeside());
+    QDir().mkpath(settingsPathBeside());
+    EXPECT_TRUE(restart().value(0).contains(settingsPathBeside() + QStringLiteral(".damaged")));
 }
 
 TEST_F(ConfigFile, UnequalBasketThumbnailsChangeTheirSidesAtEachStart) {
@@ -116,7 +189,7 @@ TEST_F(ConfigFile, ErrorsAreReportedAndTheOldFileOrTheDefaultsHold) {
     EXPECT_EQ(readWholeFile(ConfigPath), before);
     QFile::remove(ConfigPath);
     ASSERT_EQ(::mkfifo(QFile::encodeName(ConfigPath).constData(), S_IRUSR | S_IWUSR), 0);
-    restart();
+    subLoadSetup(program); // it came after the look at the start
     EXPECT_EQ(recordImage(ConfigRecord), recordImage(defaultRecord(program)));
     subSaveSetup();
     ASSERT_EQ(desktop.reports.size(), 3u);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/scanner/PackedRecords.h"
+#include "acquisition/scanner/ScannerProtocol.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/RecordImage.h"
 #include "publishing/joined/JoinedOptions.h"
@@ -72,6 +74,33 @@ Seeds metafiles() {
             test::emf(test::emfRecord(43, {0, 0, 20, 20}))};
 }
 
+QByteArray bytesOf(const void* data, std::size_t size) {
+    return QByteArray(static_cast<const char*>(data), qsizetype(size));
+}
+
+Seeds scannerAnswers() {
+    PackedWriter options;
+    for (const char* text : {"resolution", "Scan resolution", ""})
+        options.text(text);
+    // A fixed number in dpi that can be set: a range from 1 to 1200, now 300.
+    for (const int number : {2, 4, 5, 1, 1, 1 << 16, 1200 << 16, 0, 1, 300 << 16})
+        options.number(number);
+    for (const char* text : {"mode", "Scan mode", ""})
+        options.text(text);
+    for (const int number : {3, 0, 5, 1, 3, 1})
+        options.number(number);
+    for (const char* text : {"Gray", "Gray"})
+        options.text(text);
+    options.number(0);
+    PackedWriter devices;
+    for (const char* text : {"test:0", "Noname", "frontend-tester", "virtual device"})
+        devices.text(text);
+    const ScannerFrame frame{1, 1, 10, 3, 4, 8};
+    return {'\0' + bytesOf(options.bytes().data(), options.bytes().size()),
+            '\1' + bytesOf(&frame, sizeof frame) + QByteArray(45, 'x'),
+            '\2' + bytesOf(devices.bytes().data(), devices.bytes().size())};
+}
+
 /// Cut short, one bit turned, a run of bytes overwritten.
 QByteArray damaged(QByteArray bytes, std::mt19937& random) {
     const auto below = [&](qsizetype limit) {
@@ -103,7 +132,8 @@ const struct {
                {"pictures", fuzz::readPicture, pictures, 300},
                {"header", fuzz::readHeader, pictures, 40},
                {"joined files", fuzz::readJoinedFile, joinedFiles, 5000},
-               {"metafiles", fuzz::drawMetafile, metafiles, 300}};
+               {"metafiles", fuzz::drawMetafile, metafiles, 300},
+               {"answers of scanners", fuzz::readScannerAnswer, scannerAnswers, 5000}};
 
 } // namespace
 

@@ -20,6 +20,9 @@ void drawMetafile(const QByteArray& bytes);
 /// number of the request.
 void readDecoderReply(const QByteArray& bytes);
 
+/// The first byte says whether options, a frame and its lines, or devices follow.
+void readScannerAnswer(const QByteArray& bytes);
+
 /// A file with these bytes, under this name in a folder of the process.
 QString inputFile(const char* name, const QByteArray& bytes);
 

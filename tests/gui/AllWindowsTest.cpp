@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QScrollBar>
 
 namespace tarsel::test {
@@ -70,6 +71,15 @@ TEST_F(AllWindows, CutNoLabelOrButtonWithALargeFont) {
         });
         close();
     }
+}
+
+/// Also run on a screen of 400 x 400.
+TEST_F(AllWindows, FitTheScreenAndScrollWhatIsLarger) {
+    forEach([&](QWidget& form) {
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(&form == &window() || form.screen()->availableGeometry().contains(form.geometry()))
+            << form.width() << " x " << form.height();
+    });
 }
 
 } // namespace tarsel::test

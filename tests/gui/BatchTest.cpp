@@ -165,8 +165,10 @@ TEST_F(Batch, CancelAndCloseInTheMiddleAskAndKeepTheFilesMadeSoFar) {
         when([&] { return written() >= before + 2; },
              [&] {
                  window().close();
-                 script.on("messageBox", [button](QWidget& box) {
-                     qobject_cast<QMessageBox*>(&box)->button(button)->click();
+                 script.on("messageBox", [button](QWidget& widget) {
+                     auto& box = dynamic_cast<QMessageBox&>(widget);
+                     EXPECT_EQ(box.text().left(18).toStdString(), "A batch is running");
+                     box.button(button)->click();
                  });
              });
         chooseBatchMode();

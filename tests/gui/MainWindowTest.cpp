@@ -261,6 +261,16 @@ TEST_F(MainWindow, ABasketSavedIsOpenedAgainAndOverRowsOnlyAfterAQuestion) {
     EXPECT_EQ(scripted.messages.size(), 1u);
     ASSERT_EQ(scripted.fileDialogs.size(), 2u) << "none after Cancel";
     EXPECT_EQ(scripted.fileDialogs[0].title.toStdString(), "Save Basket");
+    // as a file manager opens it
+    scripted.answers = {MessageAnswer::Cancel};
+    window().openFile(path("list.ibf"));
+    EXPECT_EQ(scripted.messages.size(), 2u);
+    click(window(), "cmdPagesNew");
+    window().openFile(path("list.ibf"));
+    EXPECT_EQ(basket().count(), 2);
+    scripted.answers = {MessageAnswer::Ok};
+    window().openFile(path("gone.ibd"));
+    EXPECT_EQ(scripted.messages.size(), 4u) << "a question, and that it can't be opened";
 }
 
 TEST_F(MainWindow, OpeningATaskListClickingARowAndRemovingOneReplayInEitherView) {

@@ -141,7 +141,7 @@ TEST_F(Printing, ARowThatCannotBeReadIsNamedAndTheOthersArePrinted) {
     EXPECT_EQ(pageCountOf(path("picture.pdf")), 1);
 }
 
-TEST_F(Printing, CancelOfTheRunLeavesNoDocument) {
+TEST_F(Printing, CancelOfTheRunAndExitFromItLeaveNoDocument) {
     ConfigRecord.Print = {};
     ConfigRecord.Print.PrintSetting8 = 1; // captions: their fonts belong to the printing thread
     startWithBasket(6);
@@ -157,6 +157,20 @@ TEST_F(Printing, CancelOfTheRunLeavesNoDocument) {
     print("cmdBatchPrint");
     EXPECT_FALSE(QFileInfo::exists(document()));
     EXPECT_EQ(panel("status"), "Nothing was printed");
+
+    answerDialog("cmdPrint");
+    answerFileDialog(document());
+    when([&] { return status() && child<QProgressBar>(*status(), "pbQueue").value() >= 1; },
+         [&] {
+             script.on("messageBox", [](QWidget& widget) {
+                 auto& box = dynamic_cast<QMessageBox&>(widget);
+                 EXPECT_EQ(box.text().left(26).toStdString(), "Pictures are being printed");
+                 box.button(QMessageBox::Yes)->click();
+             });
+             window().close();
+         });
+    print("cmdBatchPrint");
+    EXPECT_FALSE(QFileInfo::exists(document()) || window().isVisible());
 }
 
 TEST_F(PrintingByCups, ThePagesArriveInTheirSizeAndThoseForAPrinterThatIsGoneAreSaved) {

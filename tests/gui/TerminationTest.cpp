@@ -19,14 +19,17 @@ protected:
         return home.filePath(QStringLiteral("tarsel-jpeg/") + QLatin1String(name));
     }
 
-    void startProgram(const QStringList& arguments = {}) {
+    void startProgram(const QStringList& arguments = {}) { startIn(home.path(), program, arguments); }
+
+    void startIn(const QString& dataHome, QProcess& process, const QStringList& arguments = {}) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), home.path());
-        program.setProcessEnvironment(environment);
-        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        program.start(QStringLiteral(TARSEL_MAIN_PROGRAM), arguments);
-        ASSERT_TRUE(program.waitForStarted());
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome);
+        environment.insert(QStringLiteral("TMPDIR"), home.path());
+        process.setProcessEnvironment(environment);
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.start(QStringLiteral(TARSEL_MAIN_PROGRAM), arguments);
+        ASSERT_TRUE(process.waitForStarted());
     }
 
     bool hasRecord() const { return QFileInfo(path("tarsel-jpeg")).size() > 1000; }
@@ -63,6 +66,34 @@ TEST_P(Termination, ASignalRunsTheNormalEnd) {
     EXPECT_FALSE(QFileInfo::exists(path(".lock")));
     EXPECT_EQ(QDir(path("Temp")).entryList(QDir::Files, QDir::Name),
               QStringList({QStringLiteral("scan1_4711.tif"), QStringLiteral("temp.jpg")}));
+}
+
+TEST_F(StartedProgram, WorksWhereItsFolderCannotBeMadeAndLeavesNothing) {
+    const QString file = home.filePath(QStringLiteral("file"));
+    writeFileSafely(file, {});
+    startIn(file + QStringLiteral("/below"), program);
+    const auto folders = [&] { return QDir(home.path()).entryList({QStringLiteral("tarsel-jpeg-*")}); };
+    const auto record = [&] { return home.filePath(folders().value(0) + QStringLiteral("/tarsel-jpeg")); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo(record()).size() > 1000; }, 60'000));
+    program.terminate();
+    ASSERT_TRUE(program.waitForFinished(60'000));
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(folders(), QStringList());
+}
+
+TEST_F(StartedProgram, OfTwoStartsAtOnceOneGoesOn) {
+    QProcess other;
+    startProgram();
+    startIn(home.path(), other);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasRecord(); }, 60'000));
+    int ended = 0;
+    for (QProcess* each : {&program, &other}) {
+        each->terminate(); // the end of the one that waits with its message
+        ASSERT_TRUE(each->waitForFinished(60'000));
+        ended += each->exitStatus() == QProcess::NormalExit && each->exitCode() == 0;
+    }
+    EXPECT_EQ(ended, 1);
+    EXPECT_FALSE(QFileInfo::exists(path(".lock")));
 }
 
 TEST_F(StartedProgram, AnswersItsOptionsWithoutAWindow) {

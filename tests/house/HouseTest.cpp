@@ -28,6 +28,7 @@ const struct {
     {"Fontconfig", QRegularExpression(QStringLiteral("^fontconfig/"))},
     {"libseccomp", QRegularExpression(QStringLiteral("^seccomp"))},
     {"libxcb", QRegularExpression(QStringLiteral("^xcb/"))},
+    {"libsane", QRegularExpression(QStringLiteral("^sane/"))},
     {"libstb", QRegularExpression(QStringLiteral("^stb/"))},
 };
 

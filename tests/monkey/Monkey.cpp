@@ -6,11 +6,15 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QMenu>
 #include <QStyleHints>
 #include <QTest>
+#include <algorithm>
 #include <array>
+#include <cstdio>
+#include <unistd.h>
 #include <utility>
 
 namespace tarsel::test {
@@ -21,6 +25,26 @@ constexpr int beat = 10; ///< ms between two signs of life of the event loop
 /// So many inputs a modal window gets before it is to be left, and so many keys may that take.
 constexpr int inputsOfAModal = 60, keysToLeave = 40;
 constexpr int inputsBetweenReturns = 150, inputsBetweenEdits = 300, inputsToLoad = 20;
+/// With an edit in between, whose panel disables some of these actions.
+constexpr int inputsBetweenVisits = 300, firstVisit = 150;
+constexpr int mostBasketRows = 60; ///< more come only by chance
+
+/// Each opens a window; those of the basket and of the picture find one there.
+constexpr std::array visited{"mnuSaveAsJpeg",
+                             "cmdBrowseSettings",
+                             "mnuPreviewSaveInteractive",
+                             "mnuSaveAsAlbum",
+                             "cmdCapture",
+                             "cmdBatchPrint",
+                             "mnuSaveAsSaver",
+                             "mnuPreviewSaveGreeting",
+                             "cmdEXIFBar_1",
+                             "cmdPreviewPrint",
+                             "cmdEXIFBar_0",
+                             "cmdIPTCBar_0",
+                             "mnuAddDescription",
+                             "mnuPreviewSaveImage",
+                             "cmdPagesSave"};
 
 QString nameOf(const QWidget& window) {
     return QString::fromLatin1(window.metaObject()->className()) + QLatin1Char(' ') + window.objectName();
@@ -32,14 +56,25 @@ constexpr std::array keys{Qt::Key_Return, Qt::Key_Space,  Qt::Key_Tab,      Qt::
                           Qt::Key_PageUp, Qt::Key_Escape, Qt::Key_PageDown, Qt::Key_Delete,  Qt::Key_F2,
                           Qt::Key_F5,     Qt::Key_F6,     Qt::Key_Menu,     Qt::Key_Plus,    Qt::Key_Minus};
 
+double residentMegabytes() {
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toDouble() * double(::sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
 } // namespace
 
-Monkey::Monkey(frmMain& window, QString folder, quint32 seed, int inputs) :
-    m_window(&window), m_folder(std::move(folder)), m_wanted(inputs) {
+Monkey::Monkey(frmMain& window, QString folder, quint32 seed, Length length) :
+    m_window(&window), m_folder(std::move(folder)), m_wanted(length) {
     m_random.seed(seed);
     // Timers of this object also run in the loops of modal windows and of work that yields.
     connect(&m_timer, &QTimer::timeout, this, &Monkey::act);
     connect(&m_heartbeat, &QTimer::timeout, this, &Monkey::measure);
+    constexpr int minute = 60'000;
+    connect(&m_reports, &QTimer::timeout, this, &Monkey::report);
+    m_reports.start(minute);
+    m_sinceStart.start();
     m_sinceBeat.start();
     m_heartbeat.start(beat);
     m_timer.start(0);
@@ -51,24 +86,35 @@ void Monkey::measure() {
         m_longestBlock = blocked;
         m_longestActivity = TrappingString;
     }
+    m_longestOfMinute = std::max(m_longestOfMinute, blocked);
+}
+
+/// What the lists hold explains some of the memory.
+void Monkey::report() {
+    if (!m_window)
+        return;
+    std::printf(
+        "minute %d: %.0f MB, %d inputs, %d files listed, %d rows in the basket, longest block %d ms\n",
+        minutes(), residentMegabytes(), m_made, m_window->workspace().lvFolder.count(),
+        m_window->workspace().lvPages.count(), std::exchange(m_longestOfMinute, 0));
+    std::fflush(stdout);
 }
 
 void Monkey::act() {
-    if (!m_window || !m_trap.isEmpty() || m_made >= m_wanted)
+    if (!m_window || !m_trap.isEmpty() || m_made >= m_wanted.inputs || minutes() >= m_wanted.minutes)
         return end();
     ++m_made;
     stayInFolder();
     edit();
+    visit();
     m_timer.start(below(30) == 0 ? 50 + below(400) : below(8)); // hurries, and waits now and then
-    QWidget* modal = QApplication::activeModalWidget();
-    m_modalInputs = modal && modal == m_modal ? m_modalInputs + 1 : 0;
-    m_modal = modal;
-    if (modal && m_modalInputs > inputsOfAModal)
-        return leave(*modal);
+    QWidget* entered = visitedWindow();
+    m_modalInputs = entered && entered == m_modal ? m_modalInputs + 1 : 0;
+    m_modal = entered;
+    if (entered && m_modalInputs > inputsOfAModal)
+        return leave(*entered);
 
-    QWidget* top = QApplication::activePopupWidget();
-    if (!top)
-        top = modal ? modal : m_window.data();
+    QWidget* top = topWindow();
     ++windows[nameOf(*top)];
     const QPoint place(below(std::max(1, top->width())), below(std::max(1, top->height())));
     QWidget* under = top->childAt(place);
@@ -89,6 +135,42 @@ void Monkey::act() {
         rearrange();
     else
         click(target, inside);
+}
+
+/// The modal window, else another one than the main window that is in use.
+QWidget* Monkey::visitedWindow() const {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    QWidget* active = QApplication::activeWindow();
+    return active && active != m_window && active->isVisible() ? active : nullptr;
+}
+
+QWidget* Monkey::topWindow() const {
+    if (QWidget* popup = QApplication::activePopupWidget())
+        return popup;
+    QWidget* entered = visitedWindow();
+    return entered ? entered : m_window.data();
+}
+
+void Monkey::fillBasket() {
+    ListView& listed = m_window->workspace().lvFolder;
+    if (listed.isEmpty() || m_window->workspace().lvPages.count() > mostBasketRows)
+        return;
+    listed.select(below(listed.count()));
+    m_window->findChild<QAbstractButton*>(QStringLiteral("cmdAddToQueue"))->click();
+}
+
+/// Opens the next window, as by its shortcut.
+void Monkey::visit() {
+    const int turn = m_made % inputsBetweenVisits;
+    if (turn == firstVisit - inputsToLoad && !visitedWindow())
+        fillBasket();
+    if (turn != firstVisit || visitedWindow())
+        return;
+    const QString name = QLatin1String(visited[std::size_t(m_visits++) % visited.size()]);
+    for (QAction* action : m_window->findChildren<QAction*>(name))
+        if (action->isEnabled())
+            return QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection), void();
 }
 
 void Monkey::end() {
@@ -131,7 +213,9 @@ void Monkey::edit() {
 
 /// Esc, then Return, as a user would try; a window that stays after that is a trap.
 void Monkey::leave(QWidget& modal) {
-    if (m_modalInputs > inputsOfAModal + keysToLeave)
+    if (!modal.isModal())
+        modal.close();
+    else if (m_modalInputs > inputsOfAModal + keysToLeave)
         m_trap = nameOf(modal);
     else if (QWidget* popup = QApplication::activePopupWidget())
         popup->close();

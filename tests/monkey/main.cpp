@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// window_monkey SEED INPUTS FOLDER [FOLDER-OF-THE-PROGRAM]
+// window_monkey SEED INPUTS FOLDER [MINUTES]
 //
 // Starts the real main window over a folder of pictures and makes random inputs there; tests/monkey/run
 // starts it again and again. Exit status 0 when the window lived through all of them, 3 when a modal window
@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 4) {
-        std::fprintf(stderr, "usage: window_monkey SEED INPUTS FOLDER\n");
+        std::fprintf(stderr, "usage: window_monkey SEED INPUTS FOLDER [MINUTES]\n");
         return 2;
     }
     Nowhere nowhere;
@@ -56,10 +56,12 @@ int main(int argc, char** argv) {
     frmMain window({programFolder.path(), arguments[3], {}});
     if (!window.Form_Load())
         return 1;
+    constexpr int endless = 1'000'000;
     QObject::connect(
         &window, &frmMain::ended, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
     window.show();
-    const test::Monkey monkey(window, arguments[3], arguments[1].toUInt(), arguments[2].toInt());
+    const test::Monkey monkey(window, arguments[3], arguments[1].toUInt(),
+                              {arguments[2].toInt(), arguments.size() > 4 ? arguments[4].toInt() : endless});
     QApplication::exec();
 
     std::printf(

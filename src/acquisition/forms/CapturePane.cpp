@@ -63,7 +63,7 @@ CapturePane::CapturePane(FrozenScreen& frozen, const QRect& area, QScreen* scree
     setCursor(Qt::CrossCursor);
     setScreen(screen);
     setGeometry(screen->geometry());
-    connect(&frozen, &FrozenScreen::changed, this, qOverload<>(&QWidget::update));
+    connect(&frozen, &FrozenScreen::changed, this, &CapturePane::updateDrawn);
 }
 
 void CapturePane::cover() {
@@ -71,25 +71,67 @@ void CapturePane::cover() {
     raise();
 }
 
-QPoint CapturePane::pixelAt(QPointF place) const {
-    const double ratio = devicePixelRatioF();
-    return m_area.topLeft() + QPoint(int(std::floor(place.x() * ratio)), int(std::floor(place.y() * ratio)));
+/// Pixels of the picture in one unit of the pane.
+double CapturePane::ratio() const {
+    const double own = devicePixelRatioF();
+    const int width = screen()->geometry().width(); // rounded to units
+    const bool isOwn = std::abs(m_area.width() - own * width) <= own;
+    return isOwn || width == 0 ? own : double(m_area.width()) / width;
+}
+
+/// Of the place in the window, since Qt rounds that in a widget to whole units. Pixels that were divided by a
+/// ratio come back a little smaller.
+QPoint CapturePane::pixelOf(const QMouseEvent& event) const {
+    constexpr double rounding = 1e-3;
+    const QPointF place = event.scenePosition() * ratio();
+    return m_area.topLeft() +
+           QPoint(int(std::floor(place.x() + rounding)), int(std::floor(place.y() + rounding)));
+}
+
+/// The units in which any of the pixels is.
+QRect CapturePane::placeOf(const QRect& pixels) const {
+    const double ratio = this->ratio();
+    const QRect own = pixels.translated(-m_area.topLeft());
+    return QRectF(own.left() / ratio, own.top() / ratio, own.width() / ratio, own.height() / ratio)
+        .toAlignedRect();
 }
 
 int CapturePane::reach() const {
-    return int(std::lround(handleSize / 2.0 * devicePixelRatioF()));
+    return int(std::lround(handleSize / 2.0 * ratio()));
+}
+
+CapturePane::Drawn CapturePane::drawn() const {
+    return {m_frozen.selection().rect(), sizePlace(), magnifierPlace()};
+}
+
+/// Paints no more than has changed: a whole monitor takes too long to follow the pointer.
+void CapturePane::updateDrawn() {
+    const Drawn now = drawn();
+    const int margin = 2 * reach() + 2; // of handles, and of the frames around everything
+    QRegion changed = QRegion(m_drawn.selection) ^ now.selection;
+    for (const Drawn& each : {m_drawn, now}) {
+        const auto around = [&](const QRect& rect) {
+            return rect.isEmpty() ? QRect() : rect.adjusted(-margin, -margin, margin, margin);
+        };
+        const QRect within = each.selection.adjusted(margin, margin, -margin, -margin);
+        changed += QRegion(around(each.selection)) - within;
+        changed += around(each.size);
+        changed += around(each.magnifier);
+    }
+    m_drawn = now;
+    for (const QRect& part : changed& m_area)
+        update(placeOf(part));
 }
 
 // Everything is drawn in pixels of the picture, which are those of the monitor.
 void CapturePane::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const double ratio = devicePixelRatioF();
-    painter.scale(1 / ratio, 1 / ratio);
-    painter.drawImage(QPoint(), m_frozen.image(), m_area);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, ratio() != devicePixelRatioF());
+    painter.scale(1 / ratio(), 1 / ratio());
     painter.translate(-m_area.topLeft());
+    painter.drawImage(m_area.topLeft(), m_frozen.image(), m_area);
     drawSelection(painter);
-    if (m_frozen.hasMagnifier() && m_area.contains(m_frozen.pointer()))
-        drawMagnifier(painter);
+    drawMagnifier(painter);
 }
 
 void CapturePane::drawSelection(QPainter& painter) const {
@@ -101,16 +143,16 @@ void CapturePane::drawSelection(QPainter& painter) const {
         painter.fillRect(part, shade);
     if (rect.isEmpty())
         return;
-    painter.setPen(QPen(frameColor, std::max(1.0, std::round(devicePixelRatioF()))));
+    painter.setPen(QPen(frameColor, std::max(1.0, std::round(ratio()))));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(rect.adjusted(-1, -1, 0, 0));
     if (!m_frozen.selection().isHeld())
         drawHandles(painter, rect);
-    drawSize(painter, rect);
+    drawSize(painter);
 }
 
 void CapturePane::drawHandles(QPainter& painter, const QRect& rect) const {
-    const int side = int(std::lround(handleSize * devicePixelRatioF()));
+    const int side = int(std::lround(handleSize * ratio()));
     const QPoint middle = rect.center();
     for (const int x : {rect.left(), middle.x(), rect.right()})
         for (const int y : {rect.top(), middle.y(), rect.bottom()}) {
@@ -123,65 +165,91 @@ void CapturePane::drawHandles(QPainter& painter, const QRect& rect) const {
 }
 
 QSize CapturePane::labelSize(const QString& text) const {
-    const double ratio = devicePixelRatioF();
-    const QSize size = fontMetrics().size(0, text) + QSize(2, 2) * labelMargin;
-    return {int(std::ceil(size.width() * ratio)), int(std::ceil(size.height() * ratio))};
+    const QSizeF size = QSizeF(fontMetrics().size(0, text) + QSize(2, 2) * labelMargin) * ratio();
+    return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }
 
-void CapturePane::drawLabel(QPainter& painter, QPoint corner, const QString& text) const {
-    const double ratio = devicePixelRatioF();
-    const QRect box(corner, labelSize(text));
+void CapturePane::drawLabel(QPainter& painter, const QRect& box, const QString& text) const {
     painter.fillRect(box, labelGround);
     painter.save();
     painter.translate(box.topLeft());
-    painter.scale(ratio, ratio);
+    painter.scale(ratio(), ratio());
     painter.setPen(Qt::white);
-    painter.drawText(QRectF(0, 0, box.width() / ratio, box.height() / ratio), Qt::AlignCenter, text);
+    painter.drawText(QRectF(QPointF(), QSizeF(box.size()) / ratio()), Qt::AlignCenter, text);
     painter.restore();
 }
 
+QString CapturePane::sizeText() const {
+    const QRect& rect = m_frozen.selection().rect();
+    return tr("%1 × %2").arg(rect.width()).arg(rect.height());
+}
+
 /// Above the rectangle where there is room, else in it; on the pane of its upper left corner.
-void CapturePane::drawSize(QPainter& painter, const QRect& rect) const {
-    if (!m_area.contains(rect.topLeft()))
-        return;
-    const QString text = tr("%1 × %2").arg(rect.width()).arg(rect.height());
-    const QSize size = labelSize(text);
+QRect CapturePane::sizePlace() const {
+    const QRect& rect = m_frozen.selection().rect();
+    if (rect.isEmpty() || !m_area.contains(rect.topLeft()))
+        return {};
+    const QSize size = labelSize(sizeText());
     const int gap = reach() + 2;
     QPoint corner(rect.left(), rect.top() - gap - size.height());
     if (corner.y() < m_area.top())
         corner = rect.topLeft() + QPoint(gap, gap);
     corner.setX(
         std::clamp(corner.x(), m_area.left(), std::max(m_area.left(), m_area.right() + 1 - size.width())));
-    drawLabel(painter, corner, text);
+    return {corner, size};
 }
 
-/// Beside the pointer, on the side where there is room.
-void CapturePane::drawMagnifier(QPainter& painter) const {
-    const double ratio = devicePixelRatioF();
-    const QPoint at = m_frozen.pointer();
-    const int factor = std::max(2, int(std::lround(magnification * ratio)));
-    const int side = magnifiedSide * factor;
-    const int gap = int(magnifierGap * ratio);
-    const QColor color = m_frozen.image().pixelColor(at);
-    const QString text = tr("%1, %2   %3").arg(at.x()).arg(at.y()).arg(color.name().toUpper());
-    const QSize label = labelSize(text);
-    QPoint corner = at + QPoint(gap, gap);
-    if (corner.x() + std::max(side, label.width()) > m_area.right())
-        corner.setX(at.x() - gap - std::max(side, label.width()));
-    if (corner.y() + side + label.height() > m_area.bottom())
-        corner.setY(at.y() - gap - side - label.height());
+void CapturePane::drawSize(QPainter& painter) const {
+    if (const QRect place = sizePlace(); !place.isEmpty())
+        drawLabel(painter, place, sizeText());
+}
 
-    const QRect target(corner, QSize(side, side));
+QString CapturePane::magnifierText() const {
+    const QPoint at = m_frozen.pointer();
+    const QString color = m_frozen.image().pixelColor(at).name().toUpper();
+    return tr("%1, %2   %3").arg(at.x()).arg(at.y()).arg(color);
+}
+
+int CapturePane::magnifiedPixel() const {
+    return std::max(2, int(std::lround(magnification * ratio())));
+}
+
+/// Beside the pointer, on the side where there is room: the magnified pixels, below them the text.
+QRect CapturePane::magnifierPlace() const {
+    const QPoint at = m_frozen.pointer();
+    if (!m_frozen.hasMagnifier() || !m_area.contains(at))
+        return {};
+    const int side = magnifiedSide * magnifiedPixel();
+    const int gap = int(magnifierGap * ratio());
+    const QSize label = labelSize(magnifierText());
+    const QSize size(std::max(side, label.width()), side + label.height());
+    QPoint corner = at + QPoint(gap, gap);
+    if (corner.x() + size.width() > m_area.right())
+        corner.setX(at.x() - gap - size.width());
+    if (corner.y() + size.height() > m_area.bottom())
+        corner.setY(at.y() - gap - size.height());
+    return {corner, size};
+}
+
+void CapturePane::drawMagnifier(QPainter& painter) const {
+    const QRect place = magnifierPlace();
+    if (place.isEmpty())
+        return;
+    const QPoint at = m_frozen.pointer();
+    const int factor = magnifiedPixel();
+    const QRect target(place.topLeft(), QSize(magnifiedSide, magnifiedSide) * factor);
     const int half = magnifiedSide / 2;
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false); // pixels stay squares
     painter.fillRect(target.adjusted(-2, -2, 2, 2), labelGround);
     painter.drawImage(target, m_frozen.image(), QRect(at - QPoint(half, half), at + QPoint(half, half)));
-    const QRect middle(corner + QPoint(half, half) * factor, QSize(factor, factor));
+    const QRect middle(target.topLeft() + QPoint(half, half) * factor, QSize(factor, factor));
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Qt::black, 1));
     painter.drawRect(middle.adjusted(-1, -1, 0, 0));
     painter.setPen(QPen(Qt::white, 1));
     painter.drawRect(middle.adjusted(-2, -2, 1, 1));
-    drawLabel(painter, target.bottomLeft() + QPoint(-2, 2), text);
+    const QString text = magnifierText();
+    drawLabel(painter, {target.bottomLeft() + QPoint(-2, 2), labelSize(text)}, text);
 }
 
 void CapturePane::showCursor() {
@@ -191,13 +259,19 @@ void CapturePane::showCursor() {
 
 void CapturePane::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        m_frozen.press(pixelAt(event->position()), reach());
-    else if (event->button() == Qt::RightButton && !m_frozen.takeBack())
+        m_frozen.press(pixelOf(*event), reach());
+    else if (event->button() == Qt::RightButton)
+        takeBack();
+}
+
+/// The drag, or else the rectangle, or else leaves.
+void CapturePane::takeBack() {
+    if (!m_frozen.takeBack())
         Q_EMIT left();
 }
 
 void CapturePane::mouseMoveEvent(QMouseEvent* event) {
-    m_frozen.pointTo(pixelAt(event->position()), event->modifiers() & Qt::ShiftModifier);
+    m_frozen.pointTo(pixelOf(*event), event->modifiers() & Qt::ShiftModifier);
     showCursor();
 }
 
@@ -207,8 +281,10 @@ void CapturePane::mouseReleaseEvent(QMouseEvent* event) {
     showCursor();
 }
 
+/// Beside the rectangle nothing: the user meant to begin another.
 void CapturePane::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && m_frozen.selection().rect().contains(pixelAt(event->position())))
+    const QRect& rect = m_frozen.selection().rect();
+    if (event->button() == Qt::LeftButton && (rect.isEmpty() || rect.contains(pixelOf(*event))))
         Q_EMIT accepted();
 }
 
@@ -220,8 +296,12 @@ void CapturePane::keyPressEvent(QKeyEvent* event) {
          (event->modifiers() & Qt::ShiftModifier ? &FrozenScreen::resize : &FrozenScreen::move))(step);
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         Q_EMIT accepted();
-    else if (event->key() == Qt::Key_Escape && !m_frozen.takeBack())
-        Q_EMIT left();
+    else if (event->key() == Qt::Key_Escape)
+        takeBack();
+    else if (event->key() == Qt::Key_M)
+        m_frozen.toggleMagnifier();
+    else if (event->key() == Qt::Key_V)
+        Q_EMIT barMoved();
     else
         QWidget::keyPressEvent(event);
 }

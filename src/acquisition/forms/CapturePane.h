@@ -9,7 +9,8 @@ class QPainter;
 
 namespace tarsel {
 
-/// Covers one monitor with its part of the frozen screen, pixel on pixel, and lets the user drag there.
+/// Covers one monitor with its part of the frozen screen, pixel on pixel, and lets the user drag there. Where
+/// the picture has another scale than the monitor, its part fills the monitor.
 class CapturePane final : public QWidget {
     Q_OBJECT
 public:
@@ -21,6 +22,7 @@ public:
 
 Q_SIGNALS:
     void accepted();
+    void barMoved(); ///< by its key
     void left();
 
 protected:
@@ -33,18 +35,36 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QPoint pixelAt(QPointF place) const;
+    /// What is drawn over the screen, in pixels of the picture.
+    struct Drawn {
+        QRect selection;
+        QRect size;
+        QRect magnifier;
+    };
+
+    double ratio() const;
+    QPoint pixelOf(const QMouseEvent& event) const;
+    QRect placeOf(const QRect& pixels) const;
     int reach() const; ///< pixels within which a side is held
+    Drawn drawn() const;
+    void updateDrawn();
+    void takeBack();
     void showCursor();
     void drawSelection(QPainter& painter) const;
     void drawHandles(QPainter& painter, const QRect& rect) const;
-    void drawSize(QPainter& painter, const QRect& rect) const;
+    void drawSize(QPainter& painter) const;
     void drawMagnifier(QPainter& painter) const;
-    void drawLabel(QPainter& painter, QPoint corner, const QString& text) const;
+    void drawLabel(QPainter& painter, const QRect& box, const QString& text) const;
     QSize labelSize(const QString& text) const;
+    QString sizeText() const;
+    QRect sizePlace() const;
+    QString magnifierText() const;
+    QRect magnifierPlace() const;
+    int magnifiedPixel() const;
 
     FrozenScreen& m_frozen;
     QRect m_area;
+    Drawn m_drawn;
 };
 
 } // namespace tarsel

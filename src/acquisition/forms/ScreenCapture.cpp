@@ -2,6 +2,8 @@
 #include "acquisition/forms/ScreenCapture.h"
 
 #include "base/ErrorTrap.h"
+#include "base/FailureOf.h"
+#include "base/Stop.h"
 
 #include <QWidget>
 #include <utility>
@@ -23,24 +25,28 @@ ScreenCapture::ScreenCapture(QWidget& mainWindow, OpenScreen openScreen) :
     connect(&m_rectangle, &fCaptureRectangle::left, this, &ScreenCapture::end);
 }
 
-ScreenCapture::~ScreenCapture() = default;
+/// The desktop may be asking the user; nobody waits for the answer.
+ScreenCapture::~ScreenCapture() {
+    m_stop.request_stop();
+}
 
 void ScreenCapture::subCapture(const CaptureChoice& choice) {
     if (isRunning())
         return;
     m_choice = choice;
-    if (trap("FrmMain.subCapture", [this] {
-            m_screen = m_openScreen();
-            clearScreen();
-        }))
-        end();
+    const auto failure = failureOf([this] {
+        m_screen = m_openScreen();
+        clearScreen();
+    });
+    if (failure)
+        endWith("FrmMain.subCapture", *failure);
 }
 
 void ScreenCapture::clearScreen() {
     switch (m_choice.kind) {
     case CaptureKind::Desktop:
         m_cleared.emplace(*m_screen);
-        if (!m_cleared->isCleared())
+        if (!m_cleared->movesWindows())
             hideMainWindow(); // as much as can be done without the window manager
         break;
     case CaptureKind::Foreground:
@@ -56,18 +62,37 @@ void ScreenCapture::clearScreen() {
 void ScreenCapture::hideMainWindow() {
     m_stateBefore = m_mainWindow.windowState();
     m_placeBefore = m_mainWindow.pos();
+    m_focusBefore = m_mainWindow.focusWidget();
     m_isHidden = true;
     m_mainWindow.hide();
 }
 
 void ScreenCapture::capturePicture() {
-    ScreenPicture taken;
-    if (trap("FrmMain.capturePicture", [&] { taken = m_screen->grab(m_choice.withPointer); }))
-        end();
-    else if (m_choice.region)
+    m_threads.start([this, stop = m_stop.get_token(), withPointer = m_choice.withPointer] {
+        const StopScope scope(stop);
+        ScreenPicture taken;
+        const auto failure = failureOf([&] { taken = m_screen->grab(withPointer); });
+        QMetaObject::invokeMethod(
+            this,
+            [this, taken, failure] {
+                failure ? endWith("FrmMain.capturePicture", *failure) : takePicture(taken);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void ScreenCapture::takePicture(ScreenPicture taken) {
+    if (m_choice.region)
         m_rectangle.ShowPicture(std::move(taken));
     else
         hand(taken.picture);
+}
+
+/// The report opens over the main window.
+void ScreenCapture::endWith(const char* routine, const TrappedError& failure) {
+    end();
+    TrappingString = QStringLiteral("Taking a picture of the screen");
+    std::ignore = trap(routine, [&] { throw failure; });
 }
 
 void ScreenCapture::end() {
@@ -78,6 +103,8 @@ void ScreenCapture::end() {
         m_mainWindow.show();
         if (!(m_stateBefore & (Qt::WindowMaximized | Qt::WindowFullScreen)))
             m_mainWindow.move(m_placeBefore); // window managers choose a place for what is shown again
+        if (m_focusBefore)
+            m_focusBefore->setFocus(); // hiding has passed it on
     }
     m_rectangle.hide(); // after the window is back: a program without a window would end
     m_screen.reset();

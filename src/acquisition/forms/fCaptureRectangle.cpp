@@ -8,7 +8,6 @@
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QKeySequence>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -35,22 +34,35 @@ QRect pixelsOfAll() {
     return all;
 }
 
-/// The monitor that Qt's screen is, by its name, else by its place.
-QRect areaOf(const QScreen& screen, const std::vector<Monitor>& monitors) {
-    const auto named = std::ranges::find(monitors, screen.name(), &Monitor::name);
-    if (named != monitors.end())
+bool isAlmost(const QRect& one, const QRect& other) {
+    constexpr int rounding = 2; // of sizes in units of Qt
+    return (one.topLeft() - other.topLeft()).manhattanLength() <= rounding &&
+           (one.bottomRight() - other.bottomRight()).manhattanLength() <= 2 * rounding;
+}
+
+/// What Qt's screen shows: the monitor of its name, else that at its place. Where the server divides a
+/// screen into monitors that Qt doesn't know, it is all of them.
+QRect areaOf(const QScreen& screen, const ScreenPicture& picture) {
+    const auto named = std::ranges::find(picture.monitors, screen.name(), &Monitor::name);
+    if (named != picture.monitors.end())
         return named->area;
     const QRect place = pixelsOf(screen).translated(-pixelsOfAll().topLeft());
-    const auto overlap = [&](const Monitor& monitor) {
-        const QRect common = monitor.area & place;
-        return common.width() * common.height();
-    };
-    return std::ranges::max_element(monitors, {}, overlap)->area;
+    for (const Monitor& monitor : picture.monitors)
+        if (isAlmost(monitor.area, place))
+            return monitor.area;
+    const QRect all(0, 0, picture.picture.width(), picture.picture.height());
+    const QRect shown = place & all;
+    return shown.isEmpty() ? all : shown;
 }
 
 } // namespace
 
-fCaptureRectangle::fCaptureRectangle() = default;
+fCaptureRectangle::fCaptureRectangle() {
+    const auto* application = static_cast<QGuiApplication*>(QCoreApplication::instance());
+    connect(application, &QGuiApplication::screenAdded, this, &fCaptureRectangle::leaveOldMonitors);
+    connect(application, &QGuiApplication::screenRemoved, this, &fCaptureRectangle::leaveOldMonitors);
+}
+
 fCaptureRectangle::~fCaptureRectangle() = default;
 
 void fCaptureRectangle::ShowPicture(ScreenPicture screen) {
@@ -61,19 +73,27 @@ void fCaptureRectangle::ShowPicture(ScreenPicture screen) {
 
 void fCaptureRectangle::coverMonitors() {
     for (QScreen* screen : QGuiApplication::screens()) {
-        const QRect area = areaOf(*screen, m_frozen->screen().monitors);
+        const QRect area = areaOf(*screen, m_frozen->screen());
         if (std::ranges::any_of(m_panes, [&](const auto& pane) { return pane->area() == area; }))
             continue; // a monitor that mirrors another
         m_panes.push_back(std::make_unique<CapturePane>(*m_frozen, area, screen));
         CapturePane& pane = *m_panes.back();
         connect(&pane, &CapturePane::accepted, this, &fCaptureRectangle::take);
+        connect(&pane, &CapturePane::barMoved, this, &fCaptureRectangle::moveBar);
         connect(&pane, &CapturePane::left, this, &fCaptureRectangle::left);
+        connect(screen, &QScreen::geometryChanged, &pane, [this] { leaveOldMonitors(); });
         if (m_panes.size() == 1)
             addBar(pane);
         pane.cover();
     }
     m_panes.front()->activateWindow();
     m_panes.front()->setFocus();
+}
+
+/// Panes don't fit monitors that have changed.
+void fCaptureRectangle::leaveOldMonitors() {
+    if (!m_panes.empty())
+        Q_EMIT left();
 }
 
 void fCaptureRectangle::addBar(CapturePane& pane) {
@@ -86,19 +106,14 @@ void fCaptureRectangle::addBar(CapturePane& pane) {
     const struct {
         QString text, toolTip;
         const char* icon;
-        QKeySequence keys;
         std::function<void()> run;
     } commands[] = {
-        {tr("&Take"),
-         tr("Take the rectangle, or the monitor without one (Return)"),
-         "confirm",
-         {},
+        {tr("&Take"), tr("Take the rectangle, or the monitor without one (Return)"), "confirm",
          [this] { take(); }},
-        {tr("&Magnifier"), tr("Show or hide the magnifier"), "zoom", Qt::Key_M,
+        {tr("&Magnifier"), tr("Show or hide the magnifier (M)"), "zoom",
          [this] { m_frozen->toggleMagnifier(); }},
-        {tr("Mo&ve bar"), tr("Move this bar to the other edge"), "moveDown", Qt::Key_V,
-         [this] { moveBar(); }},
-        {tr("&Cancel"), tr("Leave without a picture (Esc)"), "remove", {}, [this] { Q_EMIT left(); }},
+        {tr("Mo&ve bar"), tr("Move this bar to the other edge (V)"), "moveDown", [this] { moveBar(); }},
+        {tr("&Cancel"), tr("Leave without a picture (Esc)"), "remove", [this] { Q_EMIT left(); }},
     };
     int index = 0;
     for (const auto& command : commands) {
@@ -108,7 +123,6 @@ void fCaptureRectangle::addBar(CapturePane& pane) {
         button->setToolTip(command.toolTip);
         button->setIcon(lineIcon(QLatin1String(command.icon)));
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        button->setShortcut(command.keys);
         button->setFocusPolicy(Qt::TabFocus);
         connect(button, &QToolButton::clicked, this, command.run);
         buttons->addWidget(button);

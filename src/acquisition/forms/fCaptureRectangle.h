@@ -30,6 +30,7 @@ Q_SIGNALS:
 
 private:
     void coverMonitors();
+    void leaveOldMonitors();
     void addBar(CapturePane& pane);
     void moveBar();
     void take();

@@ -21,6 +21,7 @@ namespace tarsel {
 
 BasketPane::BasketPane(ListView& lvPages, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_actions(actions), m_list(new ListControl(lvPages, this)) {
+    setObjectName(QStringLiteral("picBasket"));
     m_list->setObjectName(QStringLiteral("lvPages"));
     m_list->setAccessibleName(tr("Pictures and pages in the basket"));
     m_list->setPixmapMaker(pixmapOf);

@@ -65,8 +65,11 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     rows->setSpacing(4);
     auto* caption = new QHBoxLayout;
     caption->addWidget(lblBrowse, 1);
-    for (const char* name : {"cmdCapture", "cmdBrowseSettings"})
+    for (const char* name : {"cmdCapture", "cmdTwainAcquire", "cmdBrowseSettings"})
         caption->addWidget(actions.makeButton(name, this));
+    QToolButton* help = actions.makeMenuButton("cmdHelp", "mnuHelp", {"mnuManual", "mnuAbout"}, this);
+    help->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    caption->addWidget(help);
     rows->addLayout(caption);
     rows->addWidget(m_tabs);
     rows->addWidget(panels, 1);

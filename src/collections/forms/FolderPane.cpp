@@ -33,6 +33,7 @@ constexpr int largestThumbnail = 300;
 FolderPane::FolderPane(FolderView& view, ListView& lvFolder, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_view(view), m_actions(actions), m_list(new ListControl(lvFolder, this)),
     m_size(new FocusSlider(Qt::Horizontal, this)) {
+    setObjectName(QStringLiteral("picFolder"));
     m_list->setObjectName(QStringLiteral("lvFolder"));
     m_list->setAccessibleName(tr("Pictures of the folder"));
     m_list->setPixmapMaker(pixmapOf);

@@ -38,6 +38,7 @@ ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QAbstractScrollArea
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName(tr("Preview of the selected picture"));
+    setHint(tr("No picture"));
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     horizontalScrollBar()->setObjectName(QStringLiteral("hsbView"));
     horizontalScrollBar()->setAccessibleName(tr("Scroll the preview left and right"));
@@ -53,6 +54,11 @@ ImageBoxView::ImageBoxView(ImageBox& box, QWidget* parent) : QAbstractScrollArea
 }
 
 // --- what is shown
+
+void ImageBoxView::setHint(const QString& text) {
+    m_hint = text;
+    viewport()->update();
+}
 
 void ImageBoxView::expect(const QString& path) {
     m_expected = path;
@@ -204,9 +210,8 @@ void ImageBoxView::paintNotice(QPainter& painter) const {
     painter.setPen(palette().color(QPalette::WindowText));
     const QRect all = viewport()->rect().marginsRemoved({12, 12, 12, 12});
     if (m_drawn.image.isNull()) {
-        const QString reason = m_shown.notice.isEmpty()
-                                   ? tr("No picture")
-                                   : tr("This picture can't be shown.\n%1").arg(m_shown.notice);
+        const QString reason =
+            m_shown.notice.isEmpty() ? m_hint : tr("This picture can't be shown.\n%1").arg(m_shown.notice);
         painter.drawText(all, Qt::AlignCenter | Qt::TextWordWrap, reason);
     }
     if (text.isEmpty())

@@ -24,6 +24,8 @@ public:
     void pictureChanged(const PreviewPicture& shown);
     /// Until then the drawing before stays, after a moment with the word that another one is being read.
     void expect(const QString& path);
+    /// What the view says while it has no picture.
+    void setHint(const QString& text);
     /// Applies the zoom mode; both scroll bars go to 0.
     void subFixedSizeTiff(bool bestFit);
     /// Places the picture in its container, and sets the box to the size that it is drawn in.
@@ -86,6 +88,7 @@ private:
     PreviewPicture m_shown;           ///< what is to be shown
     ScreenRenderer::Rendered m_drawn; ///< what is on the screen
     QString m_drawnPath;
+    QString m_hint;
     PicturePlacement m_placement; ///< of m_drawn
     bool m_isBestFit = true;
     bool m_isRendering = false;

@@ -76,6 +76,19 @@ void SelectionOverlay::cancel() {
     Q_EMIT cancelled();
 }
 
+void SelectionOverlay::select(const QRectF& area) {
+    arm(Tool::Rectangle);
+    m_start = area.topLeft();
+    m_end = area.bottomRight();
+    m_band.draw(onDisplay(m_start), onDisplay(m_end), m_band.shape());
+    show();
+}
+
+/// From pixels of the picture.
+QPoint SelectionOverlay::onDisplay(QPointF point) const {
+    return (m_placement.toContainer(point) - m_placement.place().topLeft()).toPoint();
+}
+
 void SelectionOverlay::show() {
     m_canvas.update();
     Q_EMIT cursorChanged();
@@ -86,9 +99,6 @@ void SelectionOverlay::setPlacement(const PicturePlacement& placement) {
     m_placement = placement;
     if (!isResized || !m_band.isVisible())
         return;
-    const auto onDisplay = [&](QPointF point) {
-        return (m_placement.toContainer(point) - m_placement.place().topLeft()).toPoint();
-    };
     m_band.draw(onDisplay(m_start), onDisplay(m_end), m_band.shape());
     Q_EMIT regionChanged(m_band.start(), m_band.end());
     if (!std::exchange(m_isPressed, false))

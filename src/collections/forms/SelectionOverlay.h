@@ -29,9 +29,12 @@ public:
     void clear() { arm(Tool::None); }
     void arm(Tool tool);
     void cancel(); ///< what is selected or to be selected, if anything
+    /// Draws the band around that part of the picture, in its pixels, as if the user had.
+    void select(const QRectF& area);
     Tool armed() const { return m_tool; }
     bool isHeld() const { return m_isPressed; } ///< a point or a corner, by the pressed button
     const RubberBand& band() const { return m_band; }
+    QRectF selected() const { return QRectF(m_start, m_end).normalized(); } ///< pixels of the picture
     /// Where the picture is now. The band stays on what it selects.
     void setPlacement(const PicturePlacement& placement);
 
@@ -64,6 +67,7 @@ private:
     bool isIdle() const { return m_tool == Tool::None && !m_band.isVisible(); }
     double ratio() const;
     int reach() const;
+    QPoint onDisplay(QPointF point) const;
     QPoint displayPoint(QPointF logical) const;
     QPoint pixelPoint(QPointF logical) const;
     bool isOnPicture(QPointF logical) const;

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/scanner/AcquiredPages.h"
+
+#include "base/FailureOf.h"
+#include "base/SafeFileWriter.h"
+#include "imaging/ImageBox.h"
+#include "pixels/ColorReduction.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <utility>
+
+namespace tarsel {
+
+namespace {
+
+constexpr const char* singlePages[] = {"BMP", "JPG", "TIF", "PDF", "PSD", "GIF"};
+constexpr const char* multiPages[] = {"TIF", "PDF"};
+
+/// In lower case; the first entry for an index outside of the list, as in a damaged configuration.
+QString formatAt(std::span<const char* const> entries, int index) {
+    const auto count = int(entries.size());
+    return QString::fromLatin1(entries[std::size_t(index >= 0 && index < count ? index : 0)]).toLower();
+}
+
+QString inFolder(const QString& folder, const QString& name) {
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+}
+
+QString documentPath(const settings::Twain& choice) {
+    return inFolder(choice.Folder, choice.GenericName + u'.' + formatAt(multiPages, choice.MultiPageFormat));
+}
+
+ImageBox boxWith(const ScannedPage& page) {
+    ImageBox box;
+    box.setPictureHandle(page.picture);
+    EmbeddedMetadata blocks;
+    blocks.resolution = {page.dpiX, page.dpiY};
+    box.metadata() = MetadataStore(blocks);
+    box.ColorFormat = page.colorFormat;
+    return box;
+}
+
+bool saveBox(ImageBox box, const QString& path, OldFile oldFile) {
+    if (oldFile == OldFile::Keep)
+        return writeNewFileSafely(path, box.encoded(QFileInfo(path).suffix()));
+    box.SaveToFile(path);
+    return true;
+}
+
+} // namespace
+
+std::span<const char* const> singlePageFormats() {
+    return singlePages;
+}
+
+std::span<const char* const> multiPageFormats() {
+    return multiPages;
+}
+
+bool saveScannedPage(const ScannedPage& page, const QString& path, OldFile oldFile) {
+    return saveBox(boxWith(page), path, oldFile);
+}
+
+bool PagedDocument::add(const ScannedPage& page) {
+    constexpr int fax = 2;
+    ImageBox box = boxWith(page);
+    if (page.colorFormat == int(ColorFormat::BlackAndWhite))
+        box.TiffCompression = fax;
+    if (page.number == 1 || m_lacksFirstPage) {
+        m_lacksFirstPage = true;
+        m_lacksFirstPage = !saveBox(std::move(box), m_path, m_oldFile);
+        return !m_lacksFirstPage;
+    }
+    if (QFileInfo(m_path).suffix().compare(u"pdf", Qt::CaseInsensitive) == 0)
+        box.AddPagePdf(m_path, {}, 0);
+    else
+        box.AddPageTiff(m_path, {}, 0);
+    return true;
+}
+
+AcquiredPages::AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder) :
+    m_choice(choice), m_temporaryFolder(temporaryFolder), m_document(documentPath(choice), OldFile::Replace) {
+}
+
+AcquiredFile AcquiredPages::subAcquirePage(const ScannedPage& page) {
+    AcquiredFile file;
+    file.error =
+        failureOf([&] { file.path = m_choice.Acquire == 0 ? saveForBasket(page) : saveToFile(page); });
+    return file;
+}
+
+QString AcquiredPages::saveToFile(const ScannedPage& page) {
+    if (m_choice.FileOption != 0) {
+        m_document.add(page);
+        return documentPath(m_choice);
+    }
+    const QString path =
+        inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
+                                      formatAt(singlePages, m_choice.SinglePageFormat));
+    saveScannedPage(page, path, OldFile::Replace);
+    return path;
+}
+
+/// The picture of another row must never be written over: the number is drawn again where a file has it.
+QString AcquiredPages::saveForBasket(const ScannedPage& page) const {
+    constexpr int numbers = 9999;
+    QDir().mkpath(m_temporaryFolder);
+    for (;;) {
+        const int random = int(QRandomGenerator::global()->generateDouble() * numbers);
+        QString path = inFolder(m_temporaryFolder, QStringLiteral("%1_%2.tif").arg(page.number).arg(random));
+        if (saveScannedPage(page, path, OldFile::Keep))
+            return path;
+    }
+}
+
+} // namespace tarsel

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "acquisition/scanner/ScannedPage.h"
+#include "configuration/ConfigRecord.h"
+
+#include <span>
+
+namespace tarsel {
+
+/// Entries of cboSinglepage and cboMultipage; the settings hold the index.
+std::span<const char* const> singlePageFormats();
+std::span<const char* const> multiPageFormats();
+
+enum class OldFile { Replace, Keep };
+
+/// Saves the page as a picture of its own, in the format of the extension, with its resolution. False when an
+/// older file is to be kept, and there is one.
+bool saveScannedPage(const ScannedPage& page, const QString& path, OldFile oldFile);
+
+/// A document, TIFF or PDF by its extension, that takes one page after another.
+class PagedDocument {
+public:
+    PagedDocument(const QString& path, OldFile oldFile) : m_path(path), m_oldFile(oldFile) {}
+    /// Page 1 begins the document, the others are appended. When page 1 could not be saved, the first page
+    /// that can be takes its place. False when it would begin where an older file is to be kept. A failure
+    /// leaves the file as it was.
+    bool add(const ScannedPage& page);
+
+private:
+    const QString m_path;
+    const OldFile m_oldFile;
+    bool m_lacksFirstPage = false;
+};
+
+/// Where the pages of an acquisition go. For one thread at a time; to be kept for "another page" of the same
+/// document.
+class AcquiredPages {
+public:
+    /// `temporaryFolder` takes the pages for the basket.
+    AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder);
+
+    /// Saves one page by the choice: a temporary TIFF file for the basket, a file of its own, or a page of
+    /// the document. Whether files may be overwritten is not asked: the setting Overwrite is stored and has
+    /// no effect. A failure is in the result.
+    AcquiredFile subAcquirePage(const ScannedPage& page);
+
+private:
+    QString saveToFile(const ScannedPage& page);
+    QString saveForBasket(const ScannedPage& page) const;
+
+    const settings::Twain m_choice;
+    const QString m_temporaryFolder;
+    PagedDocument m_document;
+};
+
+} // namespace tarsel

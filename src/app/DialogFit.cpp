@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/DialogFit.h"
+
+#include "controls/FormScrollArea.h"
+
+#include <QDialog>
+#include <QEvent>
+#include <QLayout>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+bool exceeds(QSize size, QSize room) {
+    return size.width() > room.width() || size.height() > room.height();
+}
+
+/// Those of Qt arrange themselves, and change their layouts while they are open.
+bool isOfQt(const QDialog& dialog) {
+    return dialog.metaObject()->className()[0] == 'Q';
+}
+
+/// The contents stay in their window, which keeps the order of its Tab key.
+void makeScrollable(QDialog& dialog) {
+    auto* contents = new QWidget(&dialog);
+    contents->setLayout(dialog.layout());
+    auto* area = new QScrollArea(&dialog);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(contents);
+    auto* rows = new QVBoxLayout(&dialog);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(area);
+    dialog.setMinimumSize(0, 0);
+}
+
+/// Some have taken their size only after they were placed.
+void moveInside(QDialog& dialog) {
+    const QRect available = dialog.screen()->availableGeometry();
+    const QRect frame = dialog.frameGeometry();
+    if (dialog.isMaximized() || available.contains(frame))
+        return;
+    const QPoint last = available.bottomRight() + QPoint(1, 1) - QPoint(frame.width(), frame.height());
+    dialog.move(std::max(available.left(), std::min(frame.left(), last.x())),
+                std::max(available.top(), std::min(frame.top(), last.y())));
+}
+
+void fit(QDialog& dialog) {
+    const QSize room = roomOnScreen(dialog);
+    if (exceeds(dialog.minimumSizeHint().expandedTo(dialog.minimumSize()), room) && dialog.layout() &&
+        !isOfQt(dialog))
+        makeScrollable(dialog);
+    if (exceeds(dialog.size(), room))
+        dialog.resize(dialog.size().boundedTo(room));
+    QTimer::singleShot(0, &dialog, [&dialog] { moveInside(dialog); });
+}
+
+} // namespace
+
+bool DialogFit::eventFilter(QObject* watched, QEvent* event) {
+    auto* dialog = event->type() == QEvent::Show ? qobject_cast<QDialog*>(watched) : nullptr;
+    if (dialog && dialog->isWindow() && !event->spontaneous())
+        fit(*dialog);
+    return false;
+}
+
+} // namespace tarsel

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/StartFolder.h"
+
+#include "base/IgnoringErrors.h"
+#include "base/SafeFileWriter.h"
+#include "collections/UnwaitedWork.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+namespace tarsel {
+
+namespace {
+
+/// What was found out about the usual folder.
+struct Inspection {
+    QString folder;
+    QString trouble; ///< why it can't be used
+};
+
+/// More than the files of settings need.
+void requireRoom(const QString& folder) {
+    SafeFileWriter(QDir(folder).filePath(QStringLiteral("probe"))).write(QByteArray(128 << 10, '\0'));
+}
+
+Inspection inspect(const std::function<QString()>& makeFolder) {
+    Inspection found;
+    try {
+        found.folder = makeFolder();
+        requireRoom(found.folder);
+    } catch (const TrappedError& error) {
+        found.trouble = error.description;
+    }
+    return found;
+}
+
+void copySettings(const QString& from, const QString& to) {
+    constexpr qint64 largest = 1 << 20;
+    const QFileInfoList files = QDir(from).entryInfoList(QDir::Files);
+    for (const QFileInfo& file : files)
+        if (file.size() <= largest)
+            ignoringErrors(
+                [&] { writeFileSafely(QDir(to).filePath(file.fileName()), readWholeFile(file.filePath())); });
+}
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("StartFolder", text);
+}
+
+} // namespace
+
+StartFolder::StartFolder(const std::function<QString()>& makeFolder, bool homeAnswers,
+                         std::chrono::milliseconds longestWait) {
+    const QString unanswered = tr("The folder of the settings does not answer. The program starts with its "
+                                  "usual settings, and changes to them are lost at its end.");
+    auto answer = startUnwaited([makeFolder] { return inspect(makeFolder); });
+    if (answer.wait_for(longestWait) != std::future_status::ready) {
+        takeTemporaryFolder({});
+        m_remark = unanswered;
+        return;
+    }
+    const Inspection found = answer.get();
+    m_path = found.folder;
+    if (!found.trouble.isEmpty()) {
+        takeTemporaryFolder(found.folder);
+        m_remark = tr("Changes to the settings are lost at the end of the program. %1").arg(found.trouble);
+    } else if (!homeAnswers) {
+        m_remark = unanswered;
+    }
+}
+
+void StartFolder::takeTemporaryFolder(const QString& settings) {
+    QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/tarsel-jpeg-XXXXXX"));
+    if (!folder.isValid())
+        return;
+    folder.setAutoRemove(false);
+    m_path = folder.path();
+    m_isTemporary = true;
+    if (!settings.isEmpty())
+        copySettings(settings, m_path);
+}
+
+StartFolder::~StartFolder() {
+    if (!m_isTemporary)
+        return;
+    const QFileInfoList files = QDir(m_path).entryInfoList(QDir::Files | QDir::Hidden);
+    for (const QFileInfo& file : files)
+        QFile::remove(file.filePath());
+    QDir().rmdir(m_path + QStringLiteral("/Temp")); // which refuses while it holds a page
+    QDir().rmdir(m_path);
+}
+
+} // namespace tarsel

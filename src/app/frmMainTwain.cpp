@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "acquisition/forms/frmTwain.h"
+#include "acquisition/scanner/Scanner.h"
+#include "app/frmMain.h"
+#include "collections/PageFiles.h"
+#include "configuration/ConfigRecord.h"
+
+#include <QTimer>
+#include <utility>
+
+namespace tarsel {
+
+void frmMain::connectTwain() {
+    connect(&m_actions.action("cmdTwainAcquire"), &QAction::triggered, this, &frmMain::cmdTwainAcquire_Click);
+}
+
+/// The process that talks to scanners lives as long as the dialog.
+void frmMain::cmdTwainAcquire_Click() {
+    if (m_batchRunning)
+        return;
+    if (!m_twain) {
+        m_twain = new frmTwain({ConfigRecord.Twain, m_scanMemory, temporaryFolder(m_options.programFolder)},
+                               std::make_unique<Scanner>(), this);
+        m_twain->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_twain, &frmTwain::acquired, this, &frmMain::subAddItemFromTwain);
+        connect(m_twain, &QDialog::finished, this, [this] {
+            if (std::exchange(m_closesAfterWriting, false))
+                close();
+        });
+    }
+    m_twain->show();
+    m_twain->raise();
+    m_twain->activateWindow();
+}
+
+/// A batch works on the basket as it was at its start.
+void frmMain::subAddItemFromTwain(const QString& path) {
+    if (m_batchRunning)
+        m_waitingPages << path;
+    else
+        showCaptured(path);
+}
+
+/// A message of the batch may still be on show.
+void frmMain::addWaitingPages() {
+    constexpr int pause = 200;
+    if (m_batchRunning)
+        return QTimer::singleShot(pause, this, &frmMain::addWaitingPages);
+    for (const QString& path : std::exchange(m_waitingPages, {}))
+        showCaptured(path);
+}
+
+} // namespace tarsel

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "help/forms/ManualView.h"
+
+#include "help/forms/ManualStyle.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <algorithm>
+
+namespace tarsel {
+
+namespace {
+
+constexpr int settlingTime = 120; // ms
+constexpr int leastPoints = 6, mostPoints = 40;
+
+} // namespace
+
+ManualView::ManualView(QWidget* parent) : QTextBrowser(parent) {
+    setOpenLinks(false); // the window walks its own history
+    setFrameShape(QFrame::StyledPanel);
+    setAccessibleName(tr("Page of the manual"));
+    m_settle.setSingleShot(true);
+    m_settle.setInterval(settlingTime);
+    connect(&m_settle, &QTimer::timeout, this, &ManualView::layOutAgain);
+}
+
+void ManualView::showPage(const ManualPage& page, const QString& anchor) {
+    m_page = page;
+    layOut();
+    scrollTo(anchor);
+}
+
+/// Into a document that isn't on show: one that is would be laid out again with every row of a table.
+void ManualView::layOut() {
+    m_laidOutWidth = viewport()->width();
+    QFont font = QApplication::font();
+    font.setPointSize(std::clamp(font.pointSize() + m_enlarged, leastPoints, mostPoints));
+    auto* page = new QTextDocument(this); // which asks its parent for pictures
+    page->setUndoRedoEnabled(false);
+    page->setDefaultFont(font);
+    page->setMarkdown(m_page.markdown, QTextDocument::MarkdownDialectGitHub);
+    styleManual(*page, palette());
+    const QPointer<QTextDocument> last = document();
+    setDocument(page); // deletes only the document that it was made with
+    delete last;
+    mark();
+}
+
+/// The line at the top stays there.
+void ManualView::layOutAgain() {
+    if (m_page.name.isEmpty())
+        return;
+    const int top = cursorForPosition({}).blockNumber();
+    layOut();
+    const QTextBlock block = document()->findBlockByNumber(top);
+    if (top > 0 && block.isValid())
+        verticalScrollBar()->setValue(int(document()->documentLayout()->blockBoundingRect(block).top()));
+}
+
+void ManualView::scrollTo(const QString& anchor) {
+    verticalScrollBar()->setValue(0);
+    if (anchor.isEmpty())
+        return;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0 || headingAnchor(block.text()) != anchor)
+            continue;
+        setTextCursor(QTextCursor(block)); // Tab and screen readers go on from there
+        verticalScrollBar()->setValue(int(document()->documentLayout()->blockBoundingRect(block).top()));
+        return;
+    }
+}
+
+void ManualView::markWords(const QStringList& words) {
+    m_words = words;
+    mark();
+}
+
+void ManualView::mark() {
+    QList<ExtraSelection> marks;
+    QTextCharFormat format;
+    format.setBackground(isDark(palette()) ? QColor(110, 90, 20) : QColor(255, 236, 140));
+    for (const QString& word : m_words)
+        for (QTextCursor found = document()->find(word); !found.isNull();
+             found = document()->find(word, found))
+            marks.push_back({found, format});
+    setExtraSelections(marks);
+}
+
+void ManualView::enlarge(int points) {
+    const int usual = QApplication::font().pointSize();
+    m_enlarged = std::clamp(points, leastPoints - usual, mostPoints - usual);
+    layOutAgain();
+}
+
+QString ManualView::picturePath(const QString& name) const {
+    const QString folder = QFileInfo(m_page.path).path() + QLatin1Char('/');
+    const QString dark = QString(name).replace(QLatin1String("/light-"), QLatin1String("/dark-"));
+    return folder + (isDark(palette()) && QFile::exists(folder + dark) ? dark : name);
+}
+
+QVariant ManualView::loadResource(int type, const QUrl& name) {
+    if (type != QTextDocument::ImageResource)
+        return {};
+    QImage picture(picturePath(name.toString()));
+    if (picture.isNull())
+        return {};
+    const int room = std::max(100, m_laidOutWidth - int(2.5 * document()->documentMargin()));
+    const int width = std::min(picture.width(), room);
+    const qreal ratio = devicePixelRatioF();
+    const int pixels = std::min(picture.width(), int(width * ratio));
+    if (pixels < picture.width())
+        picture = picture.scaledToWidth(pixels, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(qreal(pixels) / width);
+    return picture;
+}
+
+void ManualView::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    if (viewport()->width() != m_laidOutWidth)
+        m_settle.start();
+}
+
+void ManualView::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
+        m_settle.start();
+}
+
+} // namespace tarsel

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "tests/cli/Program.h"
+#include "tests/support/TestPictures.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+constexpr int pictureCount = 11;
+
+/// A basket of pictures and a document of pages, and what one run makes of it.
+class Slices : public testing::Test {
+protected:
+    Slices() {
+        writeFileSafely(folder.filePath(QStringLiteral("rotate.tbf")),
+                        "\"3\",\"rotate\",\"90\"" + QByteArray(",\"\"").repeated(16) + "\r\n");
+        QStringList pictures;
+        for (int i = 0; i < pictureCount; ++i) {
+            pictures << QStringLiteral("p%1.jpg").arg(i, 2, 10, QLatin1Char('0'));
+            makePicture(folder.filePath(pictures.last()), 60 + i, 40, QStringLiteral("Ann"));
+        }
+        EXPECT_EQ(runProgram(commandLine("basket save all.ibf") + pictures, folder.path()).status, 0);
+        EXPECT_EQ(runShell(("$TARSEL " + options("one")).constData(), folder.path()).status, 0);
+        EXPECT_EQ(contents("one").size(), pictureCount);
+    }
+    /// Of the command that the slices share.
+    static QByteArray options(const char* out) {
+        return QByteArray("batch --tasks rotate.tbf --out ") + out + " --name generic all.ibf";
+    }
+    QMap<QString, QByteArray> contents(const char* out) const {
+        QMap<QString, QByteArray> all;
+        const QDir made(folder.filePath(QLatin1String(out)));
+        for (const QString& name : made.entryList(QDir::Files | QDir::Hidden))
+            all[name] = readWholeFile(made.filePath(name));
+        return all;
+    }
+
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(Slices, DoneByGnuParallelAreTheFullRunByteForByte) {
+    if (!QFileInfo::exists(QStringLiteral("/usr/bin/parallel")))
+        GTEST_SKIP() << "parallel is not installed";
+    const QByteArray line = "export HOME=$PWD; seq 1 4 11 | parallel --will-cite -j3 \"$TARSEL\" " +
+                            options("many") + " --rows '{}-{= $_ += 3 =}'";
+    const ProgramRun run = runShell(line.constData(), folder.path());
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(contents("many"), contents("one"));
+}
+
+TEST_F(Slices, OfASlurmArrayAreTheFullRunByteForByte) {
+    const QByteArray line = "for i in 1 2 3 4; do SLURM_ARRAY_TASK_ID=$i " TARSEL_ROOT
+                            "/docs/many-machines/slice 4 " +
+                            options("many").mid(6) + " || exit 1; done";
+    const ProgramRun run = runShell(line.constData(), folder.path());
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(contents("many"), contents("one"));
+    EXPECT_NE(runShell(TARSEL_ROOT "/docs/many-machines/slice 4 --out many all.ibf", folder.path()).status, 0)
+        << "by itself it would do what somebody else does";
+}

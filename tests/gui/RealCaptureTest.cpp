@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Captures of a real screen (Xvfb) under a window manager, with windows of another client. They are run at
+// several scales of the program.
+#include "acquisition/ScreenSource.h"
+#include "acquisition/forms/CapturePane.h"
+#include "base/SafeFileWriter.h"
+#include "configuration/ConfigRecord.h"
+#include "imaging/PictureParts.h"
+#include "tests/gui/WindowTest.h"
+#include "tests/support/Boxes.h"
+#include "tests/support/FileSizeLimit.h"
+#include "tests/support/ShownPicture.h"
+#include "tests/support/TestDesktop.h"
+#include "tests/support/TestPictures.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QProcess>
+#include <QRadioButton>
+#include <QStandardPaths>
+#include <QTest>
+
+namespace tarsel::test {
+
+namespace {
+
+class RealCapture : public WindowTest {
+protected:
+    void SetUp() override {
+        if (QGuiApplication::platformName() != QLatin1String("xcb"))
+            GTEST_SKIP() << "needs a screen: QT_QPA_PLATFORM=xcb";
+        if (QStandardPaths::findExecutable(QStringLiteral("openbox")).isEmpty())
+            GTEST_SKIP() << "needs a window manager: openbox";
+        manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+        ASSERT_TRUE(waitFor([this] { return !x11.rootProperty("_NET_SUPPORTING_WM_CHECK").empty(); }));
+        start();
+        ConfigRecord.CaptureFolder = path("captured") + QLatin1Char('/');
+        QDir().mkpath(path("captured"));
+    }
+    void TearDown() override {
+        manager.terminate();
+        manager.waitForFinished();
+    }
+
+    /// Opens the dialog and answers it.
+    void capture(CaptureKind kind, const char* button) {
+        script.on("frmCapture", [=](QWidget& dialog) {
+            child<QRadioButton>(dialog, QByteArray("optCapture_" + QByteArray::number(int(kind))).constData())
+                .click();
+            click(dialog, button);
+        });
+        QTest::keyClick(&window(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    }
+    /// The picture in the file of the last row of the basket, once there are so many.
+    Picture capturedAs(int row) {
+        EXPECT_TRUE(waitFor([&] { return basket().count() == row && !window().preview().isBusy(); }));
+        const QString file = basket().row(row - 1).tag;
+        EXPECT_EQ(window().preview().shownPath().toStdString(), file.toStdString());
+        return loaded(file).picture();
+    }
+    static Picture partAt(const Picture& picture, QPoint place, const Picture& other) {
+        return partOf(picture, place.x(), place.y(), {other.width(), other.height()});
+    }
+    static void xdotool(const QString& arguments) {
+        EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments.split(u' ')), 0);
+    }
+    static void xrandr(const char* arguments) {
+        EXPECT_EQ(QProcess::execute(QStringLiteral("xrandr"), QString::fromLatin1(arguments).split(u' ')), 0);
+    }
+    static CapturePane* frozenScreen() {
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (auto* pane = qobject_cast<CapturePane*>(each); pane && pane->isVisible())
+                return pane;
+        return nullptr;
+    }
+    static bool waitForManaged(const ShownPicture& shown) {
+        return waitFor([&] { return shown.isShown() && shown.place() != QPoint(); });
+    }
+    QStringList files() const { return QDir(path("captured")).entryList(QDir::Files); }
+
+    X11Connection x11;
+    QProcess manager;
+    const Picture card = noisePicture(203, 151, 3, 7);
+    const QPoint above{431, 300};
+};
+
+} // namespace
+
+TEST_F(RealCapture, EachKindHasThePixelsOfTheScreenAndTheWindowIsBackAsItWas) {
+    const Picture black = plainPicture(card.width(), card.height(), 3, {});
+    int captures = 0;
+    for (const bool maximised : {false, true}) {
+        maximised ? window().showMaximized() : window().showNormal();
+        const ShownPicture managed(x11, card, {900, 700}, ShownPicture::Kind::Managed);
+        ASSERT_TRUE(waitForManaged(managed));
+        const ShownPicture fixed(x11, card, above);
+        window().raise();
+        ASSERT_TRUE(
+            waitFor([&] { return window().isMaximized() == maximised && window().isActiveWindow(); }));
+        const QPoint below = managed.place();
+        const QRect geometry = window().geometry();
+        for (const CaptureKind kind :
+             {CaptureKind::Desktop, CaptureKind::Foreground, CaptureKind::Background}) {
+            capture(kind, "cmdCapture");
+            const Picture taken = capturedAs(++captures);
+            EXPECT_EQ(std::pair(taken.width(), taken.height()), std::pair(1400, 1000));
+            EXPECT_TRUE(partAt(taken, above, card) == card) << int(kind);
+            if (kind == CaptureKind::Desktop) {
+                EXPECT_TRUE(partAt(taken, below, card) == black) << "cleared of windows";
+            }
+            if (kind == CaptureKind::Background) {
+                EXPECT_TRUE(partAt(taken, below, card) == card);
+            }
+            if (kind == CaptureKind::Foreground && maximised) {
+                EXPECT_FALSE(partAt(taken, below, card) == card) << "below the window";
+            }
+            EXPECT_TRUE(window().isVisible());
+            EXPECT_EQ(window().isMaximized(), maximised);
+            EXPECT_TRUE(waitFor([&] { return window().geometry() == geometry; }))
+                << window().x() << ", " << window().y();
+            EXPECT_TRUE(waitFor([&] { return managed.isShown(); })) << "other windows are back too";
+            EXPECT_TRUE(waitFor([&] { return window().isActiveWindow(); }));
+        }
+    }
+}
+
+TEST_F(RealCapture, ARegionHasThePixelsBetweenTheEndsOfTheDragAlsoOverTwoMonitors) {
+    window().showMaximized();
+    int captures = 0;
+    for (const bool twoMonitors : {false, true}) {
+        if (twoMonitors) { // one output, divided at a column of the card
+            xrandr("--setmonitor left 500/150x1000/300+0+0 screen");
+            xrandr("--setmonitor right 900/250x1000/300+500+0 none");
+        }
+        for (const CaptureKind kind : {CaptureKind::Foreground, CaptureKind::Desktop}) {
+            auto fixed = std::make_unique<ShownPicture>(x11, card, above);
+            capture(kind, "CmdCustom");
+            ASSERT_TRUE(waitFor([] { return frozenScreen() && frozenScreen()->isActiveWindow(); }));
+            fixed.reset(); // the frozen screen still shows it
+            const QPoint from = above + QPoint(13, 21), to = above + QPoint(180, 115);
+            xdotool(
+                QStringLiteral("mousemove %1 %2 mousedown 1 mousemove %3 %4 sleep 0.1 mouseup 1 key Return")
+                    .arg(from.x())
+                    .arg(from.y())
+                    .arg(to.x())
+                    .arg(to.y()));
+            EXPECT_TRUE(capturedAs(++captures) == partOf(card, 13, 21, {168, 95})) << twoMonitors;
+            EXPECT_TRUE(window().isVisible() && window().isMaximized());
+        }
+    }
+    xrandr("--delmonitor left");
+    xrandr("--delmonitor right");
+}
+
+TEST_F(RealCapture, AChangeOfTheMonitorBeforeThePictureShowsOnItAndAfterwardsLeavesTheFrozenScreen) {
+    xrandr("--newmode small 40 800 840 968 1056 600 601 605 628");
+    xrandr("--addmode screen small");
+    capture(CaptureKind::Background, "cmdCapture");
+    xrandr("--output screen --mode small");
+    EXPECT_EQ(capturedAs(1).width(), 800);
+    capture(CaptureKind::Background, "CmdCustom");
+    ASSERT_TRUE(waitFor([] { return frozenScreen() != nullptr; }));
+    xrandr("--output screen --mode 1400x1000");
+    EXPECT_TRUE(waitFor([] { return frozenScreen() == nullptr; }));
+    EXPECT_TRUE(window().isVisible());
+    xrandr("--delmode screen small");
+    xrandr("--rmmode small");
+    EXPECT_EQ(basket().count(), 1);
+}
+
+TEST_F(RealCapture, APictureThatCantBeSavedIsReportedAndOfferedForAnotherPlace) {
+    reportFileSizeLimitAsError();
+    TestDesktop scripted;
+    const auto captureTo = [&](const QString& folder, const QString& other) {
+        ConfigRecord.CaptureFolder = folder;
+        scripted.fileChoices.push_back(FileDialogChoice{other, 3});
+        const auto reports = scripted.reports.size(), dialogs = scripted.fileDialogs.size();
+        capture(CaptureKind::Foreground, "cmdCapture");
+        EXPECT_TRUE(waitFor([&] { return scripted.fileDialogs.size() == dialogs + 1; }));
+        ASSERT_EQ(scripted.reports.size(), reports + 1);
+        EXPECT_EQ(scripted.reports.back().ErrRoutine.toStdString(), "FrmMain.subAddCapturedItem");
+        EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(other); }));
+        EXPECT_EQ(loaded(other).Width(), 1400);
+        EXPECT_EQ(basket().count(), 0);
+    };
+    captureTo(path("missing/"), path("other1.tif"));
+    EXPECT_FALSE(QFileInfo::exists(path("missing")));
+    // Not a folder: as good as one that nobody, not even root, may write to.
+    captureTo(QStringLiteral("/proc/"), path("other2.png"));
+    ConfigRecord.CaptureFolder = path("captured/");
+    scripted.reports.clear();
+    {
+        const FileSizeLimit full(100'000);
+        capture(CaptureKind::Foreground, "cmdCapture");
+        EXPECT_TRUE(waitFor([&] { return scripted.reports.size() == 1; }));
+    }
+    EXPECT_EQ(files().join(u' ').toStdString(), "") << "nothing that is not whole";
+    EXPECT_TRUE(waitFor([&] { return scripted.fileDialogs.size() == 3; }));
+    EXPECT_TRUE(scripted.unexpected.size() <= 1); // that dialog was cancelled
+}
+
+TEST_F(RealCapture, CapturesThatFollowEachOtherAreSeveralFilesAndABatchInWorkGetsItsRowsAfterwards) {
+    makePictures(1);
+    listFolder(pictures());
+    addAll();
+    capture(CaptureKind::Foreground, "cmdCapture");
+    QTest::keyClick(&window(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier); // one is going on
+    const Picture first = capturedAs(2);
+    capture(CaptureKind::Foreground, "cmdCapture");
+    EXPECT_EQ(capturedAs(3).width(), first.width());
+    EXPECT_EQ(files().size(), 2);
+
+    capture(CaptureKind::Foreground, "cmdCapture");
+    script.on("frmSaveSinglePage", [this](QWidget& dialog) {
+        EXPECT_TRUE(waitFor([this] { return files().size() == 3; }));
+        QTest::qWait(700);
+        EXPECT_EQ(basket().count(), 3);
+        dialog.close();
+    });
+    child<QMenu>(window(), "mnuSaveAsParent").actions().constFirst()->trigger();
+    capturedAs(4);
+    EXPECT_TRUE(script.isDone());
+}
+
+TEST_F(RealCapture, TheWindowClosesWithinTheTimeThatWindowsGet) {
+    capture(CaptureKind::Background, "cmdCapture");
+    EXPECT_TRUE(waitFor([this] { return !window().isVisible(); }));
+    close();
+    EXPECT_EQ(files().size(), 0);
+    start();
+    EXPECT_TRUE(window().isVisible());
+}
+
+} // namespace tarsel::test

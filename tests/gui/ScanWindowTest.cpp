@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "configuration/ConfigRecord.h"
+#include "tests/gui/WindowTest.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QDoubleSpinBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QScopeGuard>
+
+namespace tarsel::test {
+
+namespace {
+
+/// The window with the scanner that the scanner service simulates for tests: grays of 80 by 100 mm, from a
+/// flatbed or ten pages from a feeder.
+class ScannerOfTheWindow : public WindowTest {
+protected:
+    void SetUp() override {
+        QDir().mkpath(path("sane"));
+        writeFileSafely(path("sane/dll.conf"), "test\n");
+        qputenv("SANE_CONFIG_DIR", path("sane").toLocal8Bit());
+        ConfigRecord.Twain = {};
+        start();
+        click(window(), "cmdTwainAcquire");
+        dialog = window().findChild<QDialog*>(QStringLiteral("frmTwain"));
+        ASSERT_TRUE(dialog);
+        auto& acquire = child<QWidget>(*dialog, "cmdAcquire");
+        ASSERT_TRUE(waitFor([&] { return acquire.isEnabled(); }));
+        if (!child<QWidget>(*dialog, "pagPictures").isVisible())
+            GTEST_SKIP() << "needs the test back end of libsane1";
+    }
+    void TearDown() override { qunsetenv("SANE_CONFIG_DIR"); }
+
+    void setOption(const char* name, const std::function<void(QWidget&)>& change) {
+        click(*dialog, "cmdMore");
+        change(child<QWidget>(*dialog, name));
+    }
+    void useFeeder() {
+        auto& sources = child<QComboBox>(*dialog, "cboSource");
+        sources.setCurrentIndex(sources.count() - 1);
+        ASSERT_TRUE(waitFor([&] { return !child<QWidget>(*dialog, "cmdPreview").isEnabled(); }));
+    }
+
+    QPointer<QDialog> dialog;
+};
+
+} // namespace
+
+TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsOfTheBasketAndTheLastIsShown) {
+    useFeeder();
+    click(*dialog, "cmdAcquire");
+    ASSERT_TRUE(waitFor([&] { return basket().count() == 10; }));
+    ASSERT_TRUE(waitFor([&] { return child<QWidget>(*dialog, "cmdAcquire").isEnabled(); }));
+    EXPECT_EQ(child<QLabel>(*dialog, "lblState").text().toStdString(), "10 pages were acquired.");
+    EXPECT_TRUE(basket().row(9).text.startsWith(QStringLiteral("10_")));
+    EXPECT_TRUE(waitFor([&] { return window().preview().shownPath() == basket().row(9).tag; }));
+    EXPECT_TRUE(QFileInfo::exists(basket().row(0).tag));
+}
+
+TEST_F(ScannerOfTheWindow, ClosingTheWindowInTheMiddleStopsTheScannerAndKeepsThePagesThatCame) {
+    useFeeder();
+    child<QComboBox>(*dialog, "cboResolution").setCurrentIndex(3);
+    click(*dialog, "cmdAcquire");
+    ASSERT_TRUE(waitFor([&] { return basket().count() >= 1; }));
+    window().QWidget::close();
+    EXPECT_TRUE(waitFor([&] { return !window().isVisible(); }));
+    EXPECT_LT(basket().count(), 10);
+    EXPECT_TRUE(dialog.isNull() || !dialog->isVisible());
+    EXPECT_TRUE(script.unexpected.isEmpty());
+}
+
+} // namespace tarsel::test

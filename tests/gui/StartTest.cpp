@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/StartFolder.h"
+#include "base/SafeFileWriter.h"
+#include "configuration/ConfigFile.h"
+#include "configuration/RecordImage.h"
+#include "controls/NoticeBar.h"
+#include "docs/screenshots/SampleDialogs.h"
+#include "tasks/TaskColumns.h"
+#include "tests/gui/WindowTest.h"
+#include "tests/support/FileSizeLimit.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QTest>
+#include <future>
+
+namespace tarsel::test {
+
+namespace {
+
+class Start : public WindowTest {
+protected:
+    NoticeBar& notices() { return child<NoticeBar>(window(), "noticeBar"); }
+    std::string notice() { return notices().isVisible() ? notices().text().left(20).toStdString() : ""; }
+    void dismiss() { click(window(), "cmdNotice"); }
+};
+
+/// A record in which every number is as far out as its type goes, and every text is long.
+ConfigRecordData extremeRecord(bool high) {
+    QByteArray image = recordImage(defaultRecord(QStringLiteral("/p")));
+    image.replace('\0', high ? '\x7F' : '\x80');
+    ConfigRecordData record = recordFromImage(image.leftJustified(400'000, high ? '\x7F' : '\x80'));
+    record.SplitterMain = record.SplitterRight = record.SplitterLeft = record.SplitterView = high ? 100 : 0;
+    return record;
+}
+
+} // namespace
+
+TEST_F(Start, GivesANewcomerEachHintOnceAndInItsMoment) {
+    makePictures(2);
+    start(pictures());
+    ASSERT_TRUE(waitFor([&] { return listed().count() == 2; }));
+    EXPECT_EQ(notice(), "These are sample pic");
+    EXPECT_FALSE(notices().isAncestorOf(window().focusWidget())) << "takes no focus";
+    addAll();
+    EXPECT_TRUE(waitFor([&] { return notice() == "Press F4 to change t"; }));
+    close();
+    start(pictures());
+    ASSERT_TRUE(waitFor([&] { return listed().count() == 2; }));
+    EXPECT_EQ(notice(), "") << "the first was done, the others have their moment later";
+    addAll();
+    EXPECT_TRUE(waitFor([&] { return notice() == "Press F4 to change t"; }));
+    dismiss();
+    EXPECT_EQ(notice(), "");
+    window().workspace().tasks.append(defaultRow(11, {}));
+    EXPECT_EQ(notice(), "Press Ctrl+J to save");
+    dismiss();
+    window().workspace().tasks.append(defaultRow(11, {}));
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(Start, ShowsTheWindowWithRemarksInTurnAndNoDialogBeforeIt) {
+    QDir().mkpath(programFolder() + QStringLiteral("/gui_tests/mine"));
+    QDir().mkpath(programFolder() + QStringLiteral("/gui_tests.ini"));
+    start();
+    EXPECT_EQ(notice(), "The settings could n");
+    dismiss();
+    EXPECT_EQ(notice(), "The settings could n") << "about the other file";
+    dismiss();
+    EXPECT_EQ(notice(), "");
+    close();
+    start();
+    EXPECT_EQ(notice(), "");
+    EXPECT_TRUE(QDir(programFolder() + QStringLiteral("/gui_tests.damaged/mine")).exists());
+}
+
+TEST_F(Start, WorksWithSettingsThatAreOutOfAllBounds) {
+    makePictures(3);
+    for (const bool high : {true, false}) {
+        writeFileSafely(programFolder() + QStringLiteral("/gui_tests"), recordImage(extremeRecord(high)));
+        writeFileSafely(programFolder() + QStringLiteral("/gui_tests.ini"),
+                        "[SaveAdvanced]\nJpgMostKilobytes=99999999999999999999\nJpgLowestQuality=-1\n");
+        writeFileSafely(programFolder() + QStringLiteral("/window-place"), QByteArray(300, '\x7F'));
+        writeFileSafely(programFolder() + QStringLiteral("/Temp"), "not a folder");
+        start();
+        listFolder(pictures());
+        EXPECT_EQ(listed().count(), 3);
+        addAll();
+        EXPECT_TRUE(waitFor([&] { return basket().count() == 3; }));
+        SampleDialogs samples(basket(), ConfigRecord);
+        for (const auto& dialog : samples.all(&window())) {
+            dialog->show();
+            QCoreApplication::processEvents();
+            dialog->close();
+        }
+        close();
+    }
+}
+
+TEST(StartFolder, ADiskWithoutRoomGivesATemporaryFolderWithTheSettingsOfBefore) {
+    reportFileSizeLimitAsError();
+    const QTemporaryDir home;
+    const QString usual = home.filePath(QStringLiteral("usual")), page = QStringLiteral("/Temp/scan.tif");
+    const auto make = [&] {
+        QDir().mkpath(usual);
+        return usual;
+    };
+    const StartFolder roomy(make);
+    EXPECT_EQ(roomy.path(), usual);
+    EXPECT_TRUE(roomy.remark().isEmpty());
+    EXPECT_EQ(QDir(usual).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+    writeFileSafely(usual + QStringLiteral("/tarsel-jpeg"), "settings");
+    QString other;
+    for (const bool hasPage : {false, true}) {
+        {
+            const FileSizeLimit full(100'000); // more than a log of this test
+            const StartFolder start(make);
+            other = start.path();
+            EXPECT_NE(other, usual);
+            EXPECT_TRUE(start.remark().contains(usual)) << start.remark().toStdString();
+            EXPECT_EQ(readWholeFile(other + QStringLiteral("/tarsel-jpeg")), "settings");
+            QDir(other).mkdir(QStringLiteral("Temp"));
+            if (hasPage)
+                writeFileSafely(other + page, "page");
+        }
+        EXPECT_EQ(QFileInfo::exists(other), hasPage) << "a scan is nowhere else";
+    }
+    EXPECT_EQ(readWholeFile(usual + QStringLiteral("/tarsel-jpeg")), "settings");
+    QDir(other).removeRecursively();
+}
+
+TEST(StartFolder, AHomeThatDoesNotAnswerOrCannotBeMadeKeepsNobodyWaiting) {
+    std::promise<void> answer;
+    const auto never = [end = answer.get_future().share()] {
+        end.wait();
+        return QString();
+    };
+    const StartFolder slow(never, true, std::chrono::milliseconds(20));
+    EXPECT_TRUE(QFileInfo(slow.path()).isWritable());
+    EXPECT_FALSE(slow.remark().isEmpty());
+    const StartFolder impossible(
+        []() -> QString { fail(ErrorNumber::PathNotFound, QStringLiteral("/gone")); });
+    EXPECT_TRUE(QFileInfo(impossible.path()).isWritable());
+    EXPECT_TRUE(impossible.remark().contains(QStringLiteral("/gone")));
+    answer.set_value();
+}
+
+} // namespace tarsel::test
