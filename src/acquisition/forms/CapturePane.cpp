@@ -71,6 +71,12 @@ void CapturePane::cover() {
     raise();
 }
 
+void CapturePane::pointTo(QPoint place) {
+    const QRect covered = screen()->geometry();
+    if (covered.contains(place))
+        m_frozen.pointTo(m_area.topLeft() + (QPointF(place - covered.topLeft()) * ratio()).toPoint());
+}
+
 /// Pixels of the picture in one unit of the pane.
 double CapturePane::ratio() const {
     const double own = devicePixelRatioF();

@@ -19,6 +19,9 @@ public:
 
     const QRect& area() const { return m_area; }
     void cover(); ///< shows the pane over all of its screen
+    /// The pointer is there, in units of all screens, though it hasn't moved yet. Nothing when it is
+    /// elsewhere.
+    void pointTo(QPoint place);
 
 Q_SIGNALS:
     void accepted();

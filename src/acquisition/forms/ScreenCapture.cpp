@@ -81,7 +81,10 @@ void ScreenCapture::capturePicture() {
     });
 }
 
+/// Windows come back below the frozen screen: some window managers forget them when a window opens on the
+/// cleared desktop.
 void ScreenCapture::takePicture(ScreenPicture taken) {
+    m_cleared.reset();
     if (m_choice.region)
         m_rectangle.ShowPicture(std::move(taken));
     else

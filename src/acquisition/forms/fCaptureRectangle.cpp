@@ -5,6 +5,7 @@
 #include "controls/BarButton.h"
 #include "controls/LineIcon.h"
 
+#include <QCursor>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -85,6 +86,7 @@ void fCaptureRectangle::coverMonitors() {
         if (m_panes.size() == 1)
             addBar(pane);
         pane.cover();
+        pane.pointTo(QCursor::pos(screen));
     }
     m_panes.front()->activateWindow();
     m_panes.front()->setFocus();
