@@ -15,22 +15,24 @@ struct HintRow {
     quint8 settings::WindowSettings::*isSeen;
 };
 
-#define TEXT(text) QT_TRANSLATE_NOOP("FirstHints", text)
-
 constexpr HintRow rows[FirstHints::HintCount] = {
-    {TEXT("These are sample pictures, to try things on. For your own, choose a folder on the left, or press "
-          "Ctrl+Shift+P for the folder of your pictures."),
+    {QT_TRANSLATE_NOOP(
+         "FirstHints",
+         "These are sample pictures, to try things on. For your own, choose a folder on the left, or press "
+         "Ctrl+Shift+P for the folder of your pictures."),
      &settings::WindowSettings::HintOwnSeen},
-    {TEXT("Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Enter. The "
-          "task then works on every picture of the basket."),
+    {QT_TRANSLATE_NOOP(
+         "FirstHints",
+         "Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Enter. The "
+         "task then works on every picture of the basket."),
      &settings::WindowSettings::HintTaskSeen},
-    {TEXT("Press Ctrl+J to save the pictures of the basket as JPEG files, with the tasks. You see the new "
-          "names "
-          "before anything is written."),
+    {QT_TRANSLATE_NOOP(
+         "FirstHints",
+         "Press Ctrl+J to save the pictures of the basket as JPEG files, with the tasks. You see the new "
+         "names "
+         "before anything is written."),
      &settings::WindowSettings::HintSaveSeen},
 };
-
-#undef TEXT
 
 QString textOf(const HintRow& row) {
     return QCoreApplication::translate("FirstHints", row.text);

@@ -21,9 +21,9 @@ struct Inspection {
     QString trouble; ///< why it can't be used
 };
 
-/// More than the files of settings need.
+/// More than the files of settings need. Nothing is put in place.
 void requireRoom(const QString& folder) {
-    SafeFileWriter(QDir(folder).filePath(QStringLiteral("probe"))).write(QByteArray(128 << 10, '\0'));
+    SafeFileWriter(QDir(folder).filePath(QStringLiteral("settings"))).write(QByteArray(128 << 10, '\0'));
 }
 
 Inspection inspect(const std::function<QString()>& makeFolder) {
@@ -46,16 +46,13 @@ void copySettings(const QString& from, const QString& to) {
                 [&] { writeFileSafely(QDir(to).filePath(file.fileName()), readWholeFile(file.filePath())); });
 }
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("StartFolder", text);
-}
-
 } // namespace
 
 StartFolder::StartFolder(const std::function<QString()>& makeFolder, bool homeAnswers,
                          std::chrono::milliseconds longestWait) {
-    const QString unanswered = tr("The folder of the settings does not answer. The program starts with its "
-                                  "usual settings, and changes to them are lost at its end.");
+    const QString unanswered = QCoreApplication::translate(
+        "StartFolder", "The folder of the settings does not answer. The program starts with its "
+                       "usual settings, and changes to them are lost at its end.");
     auto answer = startUnwaited([makeFolder] { return inspect(makeFolder); });
     if (answer.wait_for(longestWait) != std::future_status::ready) {
         takeTemporaryFolder({});
@@ -66,7 +63,9 @@ StartFolder::StartFolder(const std::function<QString()>& makeFolder, bool homeAn
     m_path = found.folder;
     if (!found.trouble.isEmpty()) {
         takeTemporaryFolder(found.folder);
-        m_remark = tr("Changes to the settings are lost at the end of the program. %1").arg(found.trouble);
+        m_remark = QCoreApplication::translate(
+                       "StartFolder", "Changes to the settings are lost at the end of the program. %1")
+                       .arg(found.trouble);
     } else if (!homeAnswers) {
         m_remark = unanswered;
     }

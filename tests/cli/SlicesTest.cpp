@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "tests/cli/Program.h"
-#include "tests/support/TestPictures.h"
+#include "tests/support/MadePictures.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -12,22 +13,24 @@ using namespace tarsel::test;
 
 namespace {
 
-constexpr int pictureCount = 11;
+constexpr int rowCount = 11;
 
 /// A basket of pictures and a document of pages, and what one run makes of it.
 class Slices : public testing::Test {
 protected:
     Slices() {
         writeFileSafely(folder.filePath(QStringLiteral("rotate.tbf")),
-                        "\"3\",\"rotate\",\"90\"" + QByteArray(",\"\"").repeated(16) + "\r\n");
-        QStringList pictures;
-        for (int i = 0; i < pictureCount; ++i) {
+                        "\"2\",\"rotate\",\"True\",\"7\",\"16777215\"" + QByteArray(",\"\"").repeated(14) +
+                            "\r\n");
+        makeDocument(folder.filePath(QStringLiteral("scan.tif")), {{QSize(40, 30)}, {QSize(30, 40)}});
+        QStringList pictures{QStringLiteral("scan.tif")};
+        for (int i = 2; i < rowCount; ++i) {
             pictures << QStringLiteral("p%1.jpg").arg(i, 2, 10, QLatin1Char('0'));
             makePicture(folder.filePath(pictures.last()), 60 + i, 40, QStringLiteral("Ann"));
         }
         EXPECT_EQ(runProgram(commandLine("basket save all.ibf") + pictures, folder.path()).status, 0);
         EXPECT_EQ(runShell(("$TARSEL " + options("one")).constData(), folder.path()).status, 0);
-        EXPECT_EQ(contents("one").size(), pictureCount);
+        EXPECT_EQ(contents("one").size(), rowCount);
     }
     /// Of the command that the slices share.
     static QByteArray options(const char* out) {

@@ -30,20 +30,11 @@ constexpr int inputsBetweenVisits = 300, firstVisit = 150;
 constexpr int mostBasketRows = 60; ///< more come only by chance
 
 /// Each opens a window; those of the basket and of the picture find one there.
-constexpr std::array visited{"mnuSaveAsJpeg",
-                             "cmdBrowseSettings",
-                             "mnuPreviewSaveInteractive",
-                             "mnuSaveAsAlbum",
-                             "cmdCapture",
-                             "cmdBatchPrint",
-                             "mnuSaveAsSaver",
-                             "mnuPreviewSaveGreeting",
-                             "cmdEXIFBar_1",
-                             "cmdPreviewPrint",
-                             "cmdEXIFBar_0",
-                             "cmdIPTCBar_0",
-                             "mnuAddDescription",
-                             "mnuPreviewSaveImage",
+constexpr std::array visited{"mnuSaveAsJpeg",  "cmdBrowseSettings", "mnuPreviewSaveInteractive",
+                             "mnuSaveAsAlbum", "cmdCapture",        "cmdTwainAcquire",
+                             "cmdBatchPrint",  "mnuSaveAsSaver",    "mnuPreviewSaveGreeting",
+                             "cmdEXIFBar_1",   "cmdPreviewPrint",   "cmdEXIFBar_0",
+                             "cmdIPTCBar_0",   "mnuAddDescription", "mnuPreviewSaveImage",
                              "cmdPagesSave"};
 
 QString nameOf(const QWidget& window) {
@@ -55,6 +46,15 @@ constexpr std::array keys{Qt::Key_Return, Qt::Key_Space,  Qt::Key_Tab,      Qt::
                           Qt::Key_Down,   Qt::Key_Left,   Qt::Key_Right,    Qt::Key_Home,    Qt::Key_End,
                           Qt::Key_PageUp, Qt::Key_Escape, Qt::Key_PageDown, Qt::Key_Delete,  Qt::Key_F2,
                           Qt::Key_F5,     Qt::Key_F6,     Qt::Key_Menu,     Qt::Key_Plus,    Qt::Key_Minus};
+
+/// On a button or in a menu; null for none.
+QAction* actionOf(const QWidget& window, const QString& name) {
+    for (const QWidget* widget : window.findChildren<QWidget*>())
+        for (QAction* action : widget->actions())
+            if (action->objectName() == name)
+                return action;
+    return nullptr;
+}
 
 double residentMegabytes() {
     QFile file(QStringLiteral("/proc/self/statm"));
@@ -168,9 +168,9 @@ void Monkey::visit() {
     if (turn != firstVisit || visitedWindow())
         return;
     const QString name = QLatin1String(visited[std::size_t(m_visits++) % visited.size()]);
-    for (QAction* action : m_window->findChildren<QAction*>(name))
-        if (action->isEnabled())
-            return QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection), void();
+    QAction* action = actionOf(*m_window, name);
+    if (action && action->isEnabled()) // not from here: a modal window would hold up this object's timer
+        QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection);
 }
 
 void Monkey::end() {
