@@ -30,6 +30,8 @@ class Help : public WindowTest {
 protected:
     /// As a user presses it: in the control with the focus.
     static void pressF1(QWidget& window) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         QWidget* focused = window.focusWidget() ? window.focusWidget() : &window;
         QTest::keyClick(focused, Qt::Key_F1);
     }
@@ -79,6 +81,7 @@ TEST_F(Help, OpensAtThePaneOrTheTaskThatIsInUse) {
                                                          {"showPicture", "preview"}};
     for (const auto& [action, expected] : panes) {
         window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
         trigger(action);
         pressF1(window());
         EXPECT_EQ(place(), expected);

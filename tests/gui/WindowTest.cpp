@@ -41,8 +41,9 @@ void WindowTest::makePictures(int count) {
 }
 
 frmMain& WindowTest::start(const QString& samples) {
-    m_window = std::make_unique<frmMain>(frmMain::StartupOptions{
-        programFolder(), samples, {}, {}, QStringLiteral(TARSEL_ROOT "/docs/manual")});
+    frmMain::StartupOptions options{programFolder(), samples, {}};
+    options.manualFolder = QStringLiteral(TARSEL_ROOT "/docs/manual");
+    m_window = std::make_unique<frmMain>(options);
     EXPECT_TRUE(m_window->Form_Load());
     m_window->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
