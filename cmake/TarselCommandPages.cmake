@@ -9,3 +9,6 @@ add_custom_command(OUTPUT ${TARSEL_COMMAND_PAGES}/made
     DEPENDS tarsel-pages ${compiled_translations}
     COMMENT "Making manual pages and completions" VERBATIM)
 add_custom_target(command_pages ALL DEPENDS ${TARSEL_COMMAND_PAGES}/made)
+if(TARGET translations)
+    add_dependencies(command_pages translations)
+endif()

@@ -7,6 +7,7 @@ std::span<const HelpTopic> helpTopics() {
     static constexpr HelpTopic topics[] = {
         // the main window and its panes
         {"frmMain", "first-steps"},
+        {"noticeBar", "first-steps#hints"},
         {"ftvBrowse", "browsing#folders"},
         {"picFileSystem", "browsing#folders"},
         {"picEditBar", "task-lists"},
@@ -35,6 +36,7 @@ std::span<const HelpTopic> helpTopics() {
         {"frmCapture", "capture"},
         {"fCaptureRectangle", "capture#select-a-region"},
         {"frmTwain", "scanning"},
+        {"frmScanOptions", "scanning#options"},
         {"frmSaveAdvanced", "interactive-save"},
         {"frmScreenSaverOptions", "slide-shows#make-a-screen-saver-or-a-slide-show"},
         {"frmExecutable", "slide-shows#make-a-greeting"},

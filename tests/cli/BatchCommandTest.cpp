@@ -274,8 +274,8 @@ TEST(BatchCommand, TextIsDrawnWithoutADisplay) {
 
 TEST(Program, HelpAndVersionSucceedOnStandardOutput) {
     const PictureFolder folder;
-    for (const char* words : {"--help", "-h", "--version", "batch --help", "apply --help", "info --help",
-                              "basket --help", "batch --out x -h"}) {
+    for (const char* words : {"--help", "-h", "--version", "--version --verbose", "batch --help",
+                              "apply --help", "info --help", "basket --help", "batch --out x -h"}) {
         const ProgramRun run = folder.run(words);
         EXPECT_EQ(run.status, 0) << words;
         EXPECT_FALSE(run.output.isEmpty()) << words;

@@ -225,7 +225,8 @@ void frmTwain::showState() {
     const ScanSession::State state = m_session.state();
     const bool isSearching = state == Looking || state == Opening;
     const bool isReady = state == Ready || state == AwaitingPage;
-    QWidget* const focused = focusWidget();
+    if (m_session.isAcquiring() && m_ui->options->isEnabled())
+        m_focused = focusWidget();
     m_ui->cboDevice->setEnabled(!m_session.devices().empty() && state != AwaitingPage);
     m_ui->cmdRefresh->setEnabled(!isSearching && state != AwaitingPage);
     m_ui->options->setEnabled(!m_session.isAcquiring());
@@ -239,11 +240,22 @@ void frmTwain::showState() {
     m_ui->cmdPreview->setEnabled(state == Ready && m_session.hasPreview());
     showEmpty();
     showProgressPage();
-    if (!focused || !focused->isEnabled() || focused == m_ui->cmdExit)
-        (m_session.isAcquiring() ? m_ui->cmdCancelScan
-         : state == AwaitingPage ? m_ui->cmdNextPage
-                                 : m_ui->cmdAcquire)
-            ->setFocus();
+    moveFocus();
+}
+
+/// To what is to be done next; after the scanner's work back to where it was.
+void frmTwain::moveFocus() {
+    const auto canHave = [](const QWidget* widget) {
+        return widget && widget->isVisible() && widget->isEnabled() && widget->focusPolicy() != Qt::NoFocus;
+    };
+    if (m_session.isAcquiring())
+        m_ui->cmdCancelScan->setFocus();
+    else if (m_session.state() == ScanSession::State::AwaitingPage)
+        m_ui->cmdNextPage->setFocus();
+    else if (canHave(m_focused))
+        std::exchange(m_focused, nullptr)->setFocus();
+    else if (!canHave(focusWidget()) || focusWidget() == m_ui->cmdExit)
+        m_ui->cmdAcquire->setFocus();
 }
 
 void frmTwain::showProgressPage() {

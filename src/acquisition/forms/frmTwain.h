@@ -62,6 +62,7 @@ private:
 
     // the scanner
     void showState();
+    void moveFocus();
     void showProgressPage();
     void showEmpty();
     void listDevices();
@@ -93,6 +94,7 @@ private:
     ScanControls* m_controls = nullptr;
     ScanAreaChoice* m_area = nullptr;
     QPointer<frmScanOptions> m_more;
+    QPointer<QWidget> m_focused;   ///< before the scanner's work
     std::optional<int> m_result;   ///< of the dialog, which closes when the scanner has stopped
     FileQuestion m_targetQuestion; // last, so that it ends first
 };

@@ -15,7 +15,7 @@ namespace tarsel {
 
 namespace {
 
-Q_LOGGING_CATEGORY(logging, "tarsel.scanner")
+Q_LOGGING_CATEGORY(logging, "tarsel.scanner", QtWarningMsg)
 
 constexpr int statusNoDocuments = 7; ///< SANE_STATUS_NO_DOCS
 constexpr double previewDpi = 75;

@@ -17,7 +17,7 @@ namespace tarsel {
 
 namespace {
 
-Q_LOGGING_CATEGORY(logging, "tarsel.scanner")
+Q_LOGGING_CATEGORY(logging, "tarsel.scanner", QtWarningMsg)
 
 using std::chrono::steady_clock;
 
@@ -147,7 +147,7 @@ void ScannerLink::failForBrokenAnswer() {
     const bool endedByItself = m_child.endsByItself();
     m_socket.reset();
     const int status = m_child.end();
-    qCWarning(logging, "%s: the scanner's process was lost (status %d)", qUtf8Printable(m_subject), status);
+    qCDebug(logging, "%s: the scanner's process was lost (status %d)", qUtf8Printable(m_subject), status);
     failScanning(endedByItself ? ScannerFault::Crashed : ScannerFault::BrokenProtocol, m_subject);
 }
 
