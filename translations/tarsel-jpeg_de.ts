@@ -197,6 +197,65 @@ Bitte versuchen Sie es noch einmal.</translation>
     </message>
 </context>
 <context>
+    <name>BuildFacts</name>
+    <message>
+        <source>windows, texts, files</source>
+        <translation>Fenster, Texte, Dateien</translation>
+    </message>
+    <message>
+        <source>JPEG files</source>
+        <translation>JPEG-Dateien</translation>
+    </message>
+    <message>
+        <source>PNG files</source>
+        <translation>PNG-Dateien</translation>
+    </message>
+    <message>
+        <source>TIFF files</source>
+        <translation>TIFF-Dateien</translation>
+    </message>
+    <message>
+        <source>colour profiles</source>
+        <translation>Farbprofile</translation>
+    </message>
+    <message>
+        <source>PDF files</source>
+        <translation>PDF-Dateien</translation>
+    </message>
+    <message>
+        <source>letters in metafiles</source>
+        <translation>Buchstaben in Metadateien</translation>
+    </message>
+    <message>
+        <source>fonts of metafiles</source>
+        <translation>Schriften von Metadateien</translation>
+    </message>
+    <message>
+        <source>locks the process that draws metafiles</source>
+        <translation>sperrt den Prozess ein, der Metadateien zeichnet</translation>
+    </message>
+    <message>
+        <source>pictures of the screen</source>
+        <translation>Bildschirmfotos</translation>
+    </message>
+    <message>
+        <source>printers</source>
+        <translation>Drucker</translation>
+    </message>
+    <message>
+        <source>scanners</source>
+        <translation>Scanner</translation>
+    </message>
+    <message>
+        <source>letters in greetings</source>
+        <translation>Buchstaben in Grußbildern</translation>
+    </message>
+    <message>
+        <source>font of greetings</source>
+        <translation>Schrift der Grußbilder</translation>
+    </message>
+</context>
+<context>
     <name>CaptureCommand</name>
     <message>
         <source>--region takes X,Y,W,H, not &quot;%1&quot;</source>
@@ -590,24 +649,6 @@ Liste andere Bilder ergeben als in einem vollen Lauf.</translation>
     <message>
         <source>unknown command &quot;%1&quot;</source>
         <translation>unbekannter Befehl „%1“</translation>
-    </message>
-    <message>
-        <source>Usage: tarsel COMMAND [OPTION]... [OPERAND]...
-       tarsel COMMAND --help
-       tarsel --version
-
-Makes JPEG documents from collections of pictures.
-
-Commands:
-</source>
-        <translation>Aufruf: tarsel COMMAND [OPTION]... [OPERAND]...
-        tarsel COMMAND --help
-        tarsel --version
-
-Erstellt JPEG-Dokumente aus Bildersammlungen.
-
-Befehle:
-</translation>
     </message>
     <message>
         <source>
@@ -1338,6 +1379,101 @@ Keine Quelle wird ersetzt. Der Name bekommt seine Endung, wo er sie nicht hat.</
         <source>keep what is still right of the last run, remove what isn&apos;t needed</source>
         <translation>behalten, was vom letzten Lauf noch stimmt, entfernen, was nicht mehr gebraucht wird</translation>
     </message>
+    <message>
+        <source>Usage: tarsel COMMAND [OPTION]... [OPERAND]...
+       tarsel COMMAND --help
+       tarsel --version [--verbose]
+
+Makes JPEG documents from collections of pictures.
+
+Commands:
+</source>
+        <translation>Aufruf: tarsel COMMAND [OPTION]... [OPERAND]...
+        tarsel COMMAND --help
+        tarsel --version [--verbose]
+
+Erstellt JPEG-Dokumente aus Bildersammlungen.
+
+Befehle:
+</translation>
+    </message>
+    <message>
+        <source>where the pages go; required without --list and --options</source>
+        <translation>wohin die Seiten kommen; ohne --list und --options erforderlich</translation>
+    </message>
+    <message>
+        <source>format of files in a folder (default: tif)</source>
+        <translation>Format von Dateien in einem Ordner (Vorgabe: tif)</translation>
+    </message>
+    <message>
+        <source>one document with all pages, TIF or PDF</source>
+        <translation>ein Dokument mit allen Seiten, TIF oder PDF</translation>
+    </message>
+    <message>
+        <source>replace older files</source>
+        <translation>ältere Dateien ersetzen</translation>
+    </message>
+    <message>
+        <source>the scanner, see --list (default: the first one)</source>
+        <translation>der Scanner, siehe --list (Vorgabe: der erste)</translation>
+    </message>
+    <message>
+        <source>flatbed, document feeder and the like, see --options</source>
+        <translation>Flachbett, Einzug und dergleichen, siehe --options</translation>
+    </message>
+    <message>
+        <source>Color, Gray, Lineart and the like, see --options</source>
+        <translation>Color, Gray, Lineart und dergleichen, siehe --options</translation>
+    </message>
+    <message>
+        <source>pixels an inch</source>
+        <translation>Pixel pro Zoll</translation>
+    </message>
+    <message>
+        <source>bits of a sample; 16 are reduced to 8</source>
+        <translation>Bits eines Werts; 16 werden auf 8 verringert</translation>
+    </message>
+    <message>
+        <source>only this rectangle, in millimetres from the top left of the glass</source>
+        <translation>nur dieses Rechteck, in Millimetern von links oben auf dem Glas</translation>
+    </message>
+    <message>
+        <source>any option of the scanner, see --options</source>
+        <translation>eine beliebige Option des Scanners, siehe --options</translation>
+    </message>
+    <message>
+        <source>at most this many pages (default: one from a flatbed, all of a feeder)</source>
+        <translation>höchstens so viele Seiten (Vorgabe: eine vom Flachbett, alle aus dem Einzug)</translation>
+    </message>
+    <message>
+        <source>the scanners instead of a page</source>
+        <translation>die Scanner statt einer Seite</translation>
+    </message>
+    <message>
+        <source>the options of the scanner instead of a page</source>
+        <translation>die Optionen des Scanners statt einer Seite</translation>
+    </message>
+    <message>
+        <source>one JSON object a line: target, page, width, height, state, reason</source>
+        <translation>ein JSON-Objekt je Zeile: target, page, width, height, state, reason</translation>
+    </message>
+    <message>
+        <source>Scan pages from a scanner.</source>
+        <translation>Liest Seiten von einem Scanner ein.</translation>
+    </message>
+    <message>
+        <source>FILE gets the page in the format of its extension. Where more pages can follow, each has its number
+before the extension, unless --multi puts all into one document. In FOLDER they are Scan1.tif, Scan2.tif
+and so on.
+Pages are saved one by one: those that have arrived stay when a later one fails, or when SIGINT or
+SIGTERM ends the run. Before the first page nothing is replaced. From a flatbed, more than one page
+is asked for on the terminal; without a terminal they follow each other at once.</source>
+        <translation>FILE bekommt die Seite im Format seiner Endung. Wo mehrere Seiten folgen können, steht vor der Endung
+ihre Nummer, außer --multi fasst alle in einem Dokument zusammen. In FOLDER heißen sie Scan1.tif,
+Scan2.tif und so weiter. Seiten werden einzeln gespeichert: Was angekommen ist, bleibt, wenn eine
+spätere fehlschlägt oder SIGINT oder SIGTERM den Lauf beendet. Vor der ersten Seite wird nichts
+ersetzt. Vom Flachbett wird jede weitere Seite am Terminal erfragt; ohne Terminal folgen sie sofort.</translation>
+    </message>
 </context>
 <context>
     <name>ConfigFile</name>
@@ -1361,6 +1497,21 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
     <message>
         <source>a number without a decimal form</source>
         <translation>eine Zahl ohne dezimale Form</translation>
+    </message>
+</context>
+<context>
+    <name>DamagedSettings</name>
+    <message>
+        <source>The settings could not be read. The program starts with its usual ones; what was there is kept as %1.</source>
+        <translation>Die Einstellungen waren nicht lesbar. Das Programm startet mit seinen Vorgaben; die alte Datei bleibt als %1 erhalten.</translation>
+    </message>
+    <message>
+        <source>The settings can be neither read nor stored: %1</source>
+        <translation>Die Einstellungen lassen sich weder lesen noch speichern: %1</translation>
+    </message>
+    <message>
+        <source>The settings end early, as those of an older version or a damaged file do. What is missing starts at zero; the old file is kept as %1.</source>
+        <translation>Die Einstellungen enden vorzeitig, wie die einer älteren Version oder einer beschädigten Datei. Was fehlt, beginnt bei null; die alte Datei bleibt als %1 erhalten.</translation>
     </message>
 </context>
 <context>
@@ -2550,6 +2701,21 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
     </message>
 </context>
 <context>
+    <name>FirstHints</name>
+    <message>
+        <source>These are sample pictures, to try things on. For your own, choose a folder on the left, or press Ctrl+Shift+P for the folder of your pictures.</source>
+        <translation>Das sind Beispielbilder zum Ausprobieren. Für Ihre eigenen wählen Sie links einen Ordner, oder drücken Sie Strg+Umschalt+P für den Ordner Ihrer Bilder.</translation>
+    </message>
+    <message>
+        <source>Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Enter. The task then works on every picture of the basket.</source>
+        <translation>F4 ändert das gezeigte Bild: Wählen Sie eine Aufgabe, etwa „Größe ändern“, und drücken Sie Strg+Eingabe. Die Aufgabe gilt dann für jedes Bild des Korbs.</translation>
+    </message>
+    <message>
+        <source>Press Ctrl+J to save the pictures of the basket as JPEG files, with the tasks. You see the new names before anything is written.</source>
+        <translation>Strg+J speichert die Bilder des Korbs mit den Aufgaben als JPEG-Dateien. Sie sehen die neuen Namen, bevor etwas geschrieben wird.</translation>
+    </message>
+</context>
+<context>
     <name>FolderRow</name>
     <message>
         <source>File Name</source>
@@ -3382,6 +3548,277 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
         <source>&amp;Greeting image</source>
         <translation>&amp;Grußbild</translation>
     </message>
+    <message>
+        <source>Acquire</source>
+        <translation>Einlesen</translation>
+    </message>
+    <message>
+        <source>Take pictures from a scanner</source>
+        <translation>Bilder von einem Scanner einlesen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>The manual, and facts about this program</source>
+        <translation>Das Handbuch und Angaben zu diesem Programm</translation>
+    </message>
+    <message>
+        <source>&amp;Manual</source>
+        <translation>Hand&amp;buch</translation>
+    </message>
+    <message>
+        <source>Open the manual at the page of what has the focus</source>
+        <translation>Das Handbuch auf der Seite zu dem öffnen, was den Fokus hat</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über</translation>
+    </message>
+    <message>
+        <source>Version, libraries and licences</source>
+        <translation>Version, Bibliotheken und Lizenzen</translation>
+    </message>
+</context>
+<context>
+    <name>ManualPage</name>
+    <message>
+        <source>Replay a task list on all pictures of a folder, and name them by the day of the picture:</source>
+        <translation>Eine Aufgabenliste auf alle Bilder eines Ordners anwenden und sie nach dem Tag der Aufnahme benennen:</translation>
+    </message>
+    <message>
+        <source>Make files of at most 200 KB, and see before what would be written:</source>
+        <translation>Dateien mit höchstens 200 KB erstellen und vorher sehen, was geschrieben würde:</translation>
+    </message>
+    <message>
+        <source>Make an album of one page for phones and large screens, and write only what has changed:</source>
+        <translation>Ein Album mit einer Seite für Telefone und große Bildschirme erstellen und nur Geändertes schreiben:</translation>
+    </message>
+    <message>
+        <source>Make a screen saver that changes its picture every five seconds:</source>
+        <translation>Einen Bildschirmschoner erstellen, der alle fünf Sekunden das Bild wechselt:</translation>
+    </message>
+    <message>
+        <source>Make a slide show for a computer with Windows:</source>
+        <translation>Eine Diaschau für einen Computer mit Windows erstellen:</translation>
+    </message>
+    <message>
+        <source>Let a text rain over a picture:</source>
+        <translation>Einen Text über ein Bild regnen lassen:</translation>
+    </message>
+    <message>
+        <source>See which pictures a slide show has:</source>
+        <translation>Sehen, welche Bilder eine Diaschau enthält:</translation>
+    </message>
+    <message>
+        <source>Copy them out:</source>
+        <translation>Sie herauskopieren:</translation>
+    </message>
+    <message>
+        <source>Try a task list on one picture, and look at the result without loss:</source>
+        <translation>Eine Aufgabenliste an einem Bild ausprobieren und das Ergebnis verlustfrei ansehen:</translation>
+    </message>
+    <message>
+        <source>Make a JPEG file of at most 200 KB, in the best quality that fits:</source>
+        <translation>Eine JPEG-Datei mit höchstens 200 KB in der besten Qualität erstellen, die hineinpasst:</translation>
+    </message>
+    <message>
+        <source>Pack a scanned page as a fax machine does:</source>
+        <translation>Eine gescannte Seite packen, wie es ein Faxgerät tut:</translation>
+    </message>
+    <message>
+        <source>Make a contact sheet with the names of the pictures:</source>
+        <translation>Einen Kontaktabzug mit den Namen der Bilder erstellen:</translation>
+    </message>
+    <message>
+        <source>Take a picture of the screen in three seconds, with the pointer:</source>
+        <translation>Den Bildschirm in drei Sekunden aufnehmen, mit dem Mauszeiger:</translation>
+    </message>
+    <message>
+        <source>Scan all pages of a document feeder into one document:</source>
+        <translation>Alle Seiten eines Einzugs in ein Dokument einlesen:</translation>
+    </message>
+    <message>
+        <source>Show sizes, pages, EXIF and IPTC for a script:</source>
+        <translation>Größen, Seiten, EXIF und IPTC für ein Skript ausgeben:</translation>
+    </message>
+    <message>
+        <source>Read a task list in words before it is run:</source>
+        <translation>Eine Aufgabenliste in Worten lesen, bevor sie läuft:</translation>
+    </message>
+    <message>
+        <source>Make a basket of all JPEG files, and list it:</source>
+        <translation>Einen Korb aus allen JPEG-Dateien erstellen und anzeigen:</translation>
+    </message>
+    <message>
+        <source>Show what a picture says of itself:</source>
+        <translation>Zeigen, was ein Bild von sich sagt:</translation>
+    </message>
+    <message>
+        <source>Give a picture a caption and its photographer:</source>
+        <translation>Einem Bild eine Beschreibung und seinen Fotografen geben:</translation>
+    </message>
+    <message>
+        <source>Delete two attributes from all pictures of a folder:</source>
+        <translation>Zwei Attribute aus allen Bildern eines Ordners löschen:</translation>
+    </message>
+    <message>
+        <source>Try what would be deleted:</source>
+        <translation>Ausprobieren, was gelöscht würde:</translation>
+    </message>
+    <message>
+        <source>Write side files beside each picture:</source>
+        <translation>Begleitdateien neben jedes Bild schreiben:</translation>
+    </message>
+    <message>
+        <source>Put the IPTC fields of a side file into pictures:</source>
+        <translation>Die IPTC-Felder einer Begleitdatei in Bilder übertragen:</translation>
+    </message>
+    <message>
+        <source>All done.</source>
+        <translation>Alles erledigt.</translation>
+    </message>
+    <message>
+        <source>Something not done, or done with a warning: its source is damaged, a task failed, it replaced the file of another row.</source>
+        <translation>Etwas nicht erledigt oder nur mit einer Warnung: Die Quelle ist beschädigt, eine Aufgabe schlug fehl, die Datei einer anderen Zeile wurde ersetzt.</translation>
+    </message>
+    <message>
+        <source>Wrong usage.</source>
+        <translation>Falscher Aufruf.</translation>
+    </message>
+    <message>
+        <source>Interrupted.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The language of messages.</source>
+        <translation>Die Sprache der Meldungen.</translation>
+    </message>
+    <message>
+        <source>Another program in place of tarsel-decoder, which draws metafiles.</source>
+        <translation>Ein anderes Programm anstelle von tarsel-decoder, das Metadateien zeichnet.</translation>
+    </message>
+    <message>
+        <source>Another program in place of tarsel-scanner, which works the scanners.</source>
+        <translation>Ein anderes Programm anstelle von tarsel-scanner, das die Scanner bedient.</translation>
+    </message>
+    <message>
+        <source>Another program in place of tarsel-scanner, in which drivers of scanners run.</source>
+        <translation>Ein anderes Programm anstelle von tarsel-scanner, in dem die Treiber von Scannern laufen.</translation>
+    </message>
+    <message>
+        <source>The folder of the players that screen savers, slide shows and greetings are made of, in place of the installed one.</source>
+        <translation>Der Ordner der Player, aus denen Bildschirmschoner, Diaschauen und Grußbilder entstehen, anstelle des installierten.</translation>
+    </message>
+    <message>
+        <source>With tarsel.*.debug=true, errors that are ignored go to standard error.</source>
+        <translation>Mit tarsel.*.debug=true gehen Fehler, die übergangen werden, an die Standardfehlerausgabe.</translation>
+    </message>
+    <message>
+        <source>Task list: what is to be done with each picture.</source>
+        <translation>Aufgabenliste: was mit jedem Bild geschehen soll.</translation>
+    </message>
+    <message>
+        <source>Basket: paths of pictures; in a .ibd file with descriptions.</source>
+        <translation>Korb: Pfade von Bildern; in einer .ibd-Datei mit Beschreibungen.</translation>
+    </message>
+    <message>
+        <source>Metadata list: the lines of metadata that a web album shows.</source>
+        <translation>Metadatenliste: die Zeilen mit Metadaten, die ein Webalbum zeigt.</translation>
+    </message>
+    <message>
+        <source>Side files: EXIF attributes, IPTC fields.</source>
+        <translation>Begleitdateien: EXIF-Attribute, IPTC-Felder.</translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation>BEZEICHNUNG</translation>
+    </message>
+    <message>
+        <source>EXAMPLES</source>
+        <translation>BEISPIELE</translation>
+    </message>
+    <message>
+        <source>SEE ALSO</source>
+        <translation>SIEHE AUCH</translation>
+    </message>
+    <message>
+        <source>SYNOPSIS</source>
+        <translation>ÜBERSICHT</translation>
+    </message>
+    <message>
+        <source>OPTION</source>
+        <translation>OPTION</translation>
+    </message>
+    <message>
+        <source>DESCRIPTION</source>
+        <translation>BESCHREIBUNG</translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>OPTIONEN</translation>
+    </message>
+    <message>
+        <source>show a summary of this page</source>
+        <translation>eine Kurzfassung dieser Seite zeigen</translation>
+    </message>
+    <message>
+        <source>EXIT STATUS</source>
+        <translation>EXIT-STATUS</translation>
+    </message>
+    <message>
+        <source>make JPEG documents from collections of pictures</source>
+        <translation>erstellt JPEG-Dokumente aus Bildersammlungen</translation>
+    </message>
+    <message>
+        <source>COMMAND</source>
+        <translation>COMMAND</translation>
+    </message>
+    <message>
+        <source>OPERAND</source>
+        <translation>OPERAND</translation>
+    </message>
+    <message>
+        <source>The program replays task lists on pictures, saves baskets of them, makes web albums, screen savers, slide shows and greetings, and reads and writes EXIF and IPTC. It needs no display.
+
+Results go to standard output, messages to standard error. With --json, results are one JSON object a line. On a terminal a bar shows how far it is.</source>
+        <translation>Das Programm wendet Aufgabenlisten auf Bilder an, speichert Körbe von Bildern, erstellt Webalben, Bildschirmschoner, Diaschauen und Grußbilder und liest und schreibt EXIF und IPTC. Es braucht keinen Bildschirm.
+
+Ergebnisse gehen an die Standardausgabe, Meldungen an die Standardfehlerausgabe. Mit --json sind Ergebnisse ein JSON-Objekt je Zeile. Auf einem Terminal zeigt ein Balken, wie weit es ist.</translation>
+    </message>
+    <message>
+        <source>COMMANDS</source>
+        <translation>BEFEHLE</translation>
+    </message>
+    <message>
+        <source>ENVIRONMENT</source>
+        <translation>UMGEBUNG</translation>
+    </message>
+    <message>
+        <source>FILES</source>
+        <translation>DATEIEN</translation>
+    </message>
+    <message>
+        <source>gather, edit and save collections of pictures</source>
+        <translation>Bildersammlungen anlegen, bearbeiten und speichern</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>0 after the window was closed, 1 when it could not be opened, 2 after an unknown option.</source>
+        <translation>0 nach dem Schließen des Fensters, 1, wenn es sich nicht öffnen ließ, 2 nach einer unbekannten Option.</translation>
+    </message>
+    <message>
+        <source>The settings, the basket of the last session, and pages of documents that are in the basket. XDG_DATA_HOME names another place.</source>
+        <translation>Die Einstellungen, der Korb der letzten Sitzung und Seiten von Dokumenten, die im Korb liegen. XDG_DATA_HOME nennt einen anderen Ort.</translation>
+    </message>
+    <message>
+        <source>Show a folder, and open a basket:</source>
+        <translation>Einen Ordner zeigen und einen Korb öffnen:</translation>
+    </message>
 </context>
 <context>
     <name>MetadataBasket</name>
@@ -3781,28 +4218,28 @@ Bitte wählen Sie ein Bild oder Logo vom Datenträger.</translation>
 <context>
     <name>ProgramOptions</name>
     <message>
-        <source>Usage: %1 [FILE]
-
-Opens the window of %2: on a picture or a folder, or with the tasks of a task basket file (*.tbf).
-
-  --help     show this page
-  --version  show the version
-
-Options of Qt, such as -platform and -style, are taken too. The program &quot;tarsel&quot; does the same work without a window.</source>
-        <translation>Aufruf: %1 [FILE]
-
-Öffnet das Fenster von %2: mit einem Bild oder Ordner, oder mit den Aufgaben einer
-Aufgabenkorbdatei (*.tbf).
-
-  --help     diese Seite zeigen
-  --version  die Version zeigen
-
-Optionen von Qt wie -platform und -style gelten auch. Das Programm „tarsel“ leistet dasselbe
-ohne Fenster.</translation>
-    </message>
-    <message>
         <source>%1: unknown option &quot;%2&quot;. Try &quot;%1 --help&quot;.</source>
         <translation>%1: unbekannte Option „%2“. Hilfe: „%1 --help“.</translation>
+    </message>
+    <message>
+        <source>Usage: %1 [FILE]</source>
+        <translation>Aufruf: %1 [FILE]</translation>
+    </message>
+    <message>
+        <source>show this page</source>
+        <translation>diese Seite zeigen</translation>
+    </message>
+    <message>
+        <source>show the version</source>
+        <translation>die Version zeigen</translation>
+    </message>
+    <message>
+        <source>Opens the window of %1: on a picture or a folder, with the pictures of a basket file (*.ibf, *.ibd), or with the tasks of a task basket file (*.tbf).</source>
+        <translation>Öffnet das Fenster von %1: mit einem Bild oder Ordner, mit den Bildern einer Korbdatei (*.ibf, *.ibd), oder mit den Aufgaben einer Aufgabenkorbdatei (*.tbf).</translation>
+    </message>
+    <message>
+        <source>Options of Qt, such as -platform and -style, are taken too. The program &quot;tarsel&quot; does the same work without a window.</source>
+        <translation>Optionen von Qt wie -platform und -style gelten auch. Das Programm „tarsel“ leistet dasselbe ohne Fenster.</translation>
     </message>
 </context>
 <context>
@@ -4097,6 +4534,279 @@ Möchten Sie sie ersetzen?</translation>
     </message>
 </context>
 <context>
+    <name>ScanChoices</name>
+    <message>
+        <source>Black and white</source>
+        <translation>Schwarz-Weiß</translation>
+    </message>
+    <message>
+        <source>Black and white, halftone</source>
+        <translation>Schwarz-Weiß, gerastert</translation>
+    </message>
+    <message>
+        <source>Gray</source>
+        <translation>Graustufen</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Flatbed</source>
+        <translation>Flachbett</translation>
+    </message>
+    <message>
+        <source>Feeder</source>
+        <translation>Einzug</translation>
+    </message>
+    <message>
+        <source>Feeder, front side</source>
+        <translation>Einzug, Vorderseite</translation>
+    </message>
+    <message>
+        <source>Feeder, back side</source>
+        <translation>Einzug, Rückseite</translation>
+    </message>
+    <message>
+        <source>Feeder, both sides</source>
+        <translation>Einzug, beide Seiten</translation>
+    </message>
+    <message>
+        <source>Automatic document feeder</source>
+        <translation>Automatischer Einzug</translation>
+    </message>
+</context>
+<context>
+    <name>ScanCommand</name>
+    <message>
+        <source>tarsel: of several scanners, %1 is used</source>
+        <translation>tarsel: Von mehreren Scannern wird %1 verwendet</translation>
+    </message>
+    <message>
+        <source>tarsel: page %1 is not saved: %2</source>
+        <translation>tarsel: Seite %1 ist nicht gespeichert: %2</translation>
+    </message>
+    <message>
+        <source>%1: page %2, %3 x %4 pixels</source>
+        <translation>%1: Seite %2, %3 x %4 Pixel</translation>
+    </message>
+    <message>
+        <source>Page %1: saving</source>
+        <translation>Seite %1: wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Page %1: line %2</source>
+        <translation>Seite %1: Zeile %2</translation>
+    </message>
+    <message>
+        <source>Page %1: %2 %</source>
+        <translation>Seite %1: %2 %</translation>
+    </message>
+    <message>
+        <source>Put page %1 on the glass, then press Enter.</source>
+        <translation>Legen Sie Seite %1 auf das Glas, und drücken Sie die Eingabetaste.</translation>
+    </message>
+    <message>
+        <source>unexpected &quot;%1&quot;</source>
+        <translation>unerwartet: „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>ScanFaultText</name>
+    <message>
+        <source>Page %1 was not saved.
+%2</source>
+        <translation>Seite %1 wurde nicht gespeichert.
+%2</translation>
+    </message>
+    <message>
+        <source>Pages %1 were not saved.
+%2</source>
+        <translation>Die Seiten %1 wurden nicht gespeichert.
+%2</translation>
+    </message>
+    <message>
+        <source>The pages that came before are kept.</source>
+        <translation>Die Seiten davor bleiben erhalten.</translation>
+    </message>
+    <message>
+        <source>No page was acquired.</source>
+        <translation>Es wurde keine Seite eingelesen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n pages were acquired.</source>
+        <translation>
+            <numerusform>%n Seite wurde eingelesen.</numerusform>
+            <numerusform>%n Seiten wurden eingelesen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder %1 already has:
+%2
+
+Pages of the scanner would replace these files. Do you want to go on?</source>
+        <translation>Im Ordner %1 gibt es schon:
+%2
+
+Seiten des Scanners würden diese Dateien ersetzen. Möchten Sie fortfahren?</translation>
+    </message>
+</context>
+<context>
+    <name>ScanOptionList</name>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>the scanner has no option &quot;%1&quot; that can be set at present; --options lists them</source>
+        <translation>der Scanner hat keine Option „%1“, die sich zurzeit einstellen lässt; --options listet sie auf</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be &quot;%2&quot;; possible: %3</source>
+        <translation>%1 kann nicht „%2“ sein; möglich: %3</translation>
+    </message>
+    <message>
+        <source>tarsel: %1 is %2 instead of %3</source>
+        <translation>tarsel: %1 ist %2 statt %3</translation>
+    </message>
+    <message>
+        <source>--area takes X,Y,W,H in millimetres, not &quot;%1&quot;</source>
+        <translation>--area erwartet X,Y,W,H in Millimetern, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--area %1 is not within %2 x %3 mm</source>
+        <translation>--area %1 liegt nicht innerhalb von %2 x %3 mm</translation>
+    </message>
+    <message>
+        <source>%1=%2  (%3) %4</source>
+        <translation>%1=%2  (%3) %4</translation>
+    </message>
+</context>
+<context>
+    <name>ScanPaper</name>
+    <message>
+        <source>Photo %1 × %2 cm</source>
+        <translation>Foto %1 × %2 cm</translation>
+    </message>
+</context>
+<context>
+    <name>ScanTarget</name>
+    <message>
+        <source>&quot;%1&quot; is not a format that can be written</source>
+        <translation>„%1“ ist kein Format, das geschrieben werden kann</translation>
+    </message>
+    <message>
+        <source>%1 exists; --overwrite replaces it</source>
+        <translation>%1 existiert; --overwrite ersetzt sie</translation>
+    </message>
+    <message>
+        <source>--format %1 and the extension of &quot;%2&quot; differ</source>
+        <translation>--format %1 und die Endung von „%2“ passen nicht zusammen</translation>
+    </message>
+    <message>
+        <source>--multi takes TIF or PDF, not &quot;%1&quot;</source>
+        <translation>--multi erwartet TIF oder PDF, nicht „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>ScannerErrors</name>
+    <message>
+        <source>%1: the scanner does not support these settings. Choose others.</source>
+        <translation>%1: Der Scanner unterstützt diese Einstellungen nicht. Wählen Sie andere.</translation>
+    </message>
+    <message>
+        <source>%1: scanning was cancelled.</source>
+        <translation>%1: Das Scannen wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner is busy. Close other programs that use it, or wait until it is ready, and try again.</source>
+        <translation>%1: Der Scanner ist belegt. Schließen Sie andere Programme, die ihn verwenden, oder warten Sie, bis er bereit ist, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner is not there, or it refuses its settings. Check that it is switched on and connected, and refresh the list of scanners.</source>
+        <translation>%1: Der Scanner ist nicht da oder lehnt seine Einstellungen ab. Prüfen Sie, ob er eingeschaltet und angeschlossen ist, und aktualisieren Sie die Liste der Scanner.</translation>
+    </message>
+    <message>
+        <source>%1: paper jam. Clear the document feeder, and put the remaining pages in again.</source>
+        <translation>%1: Papierstau. Räumen Sie den Einzug, und legen Sie die übrigen Seiten wieder ein.</translation>
+    </message>
+    <message>
+        <source>%1: the document feeder is empty. Put the pages in.</source>
+        <translation>%1: Der Einzug ist leer. Legen Sie die Seiten ein.</translation>
+    </message>
+    <message>
+        <source>%1: the cover of the scanner is open. Close it.</source>
+        <translation>%1: Die Abdeckung des Scanners ist offen. Schließen Sie sie.</translation>
+    </message>
+    <message>
+        <source>%1: the connection to the scanner failed. Check that it is switched on and plugged in.</source>
+        <translation>%1: Die Verbindung zum Scanner ist fehlgeschlagen. Prüfen Sie, ob er eingeschaltet und angeschlossen ist.</translation>
+    </message>
+    <message>
+        <source>%1: not enough memory for the page. Choose a lower resolution or a smaller area.</source>
+        <translation>%1: Nicht genug Speicher für die Seite. Wählen Sie eine geringere Auflösung oder einen kleineren Bereich.</translation>
+    </message>
+    <message>
+        <source>%1: no permission to use the scanner. Members of the group &quot;scanner&quot; may use it; a scanner in the network may ask for a password.</source>
+        <translation>%1: Sie dürfen den Scanner nicht verwenden. Mitglieder der Gruppe „scanner“ dürfen es; ein Scanner im Netzwerk verlangt womöglich ein Passwort.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner is warming up. Try again in a moment.</source>
+        <translation>%1: Der Scanner wärmt sich auf. Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner is locked for transport. Open its lock.</source>
+        <translation>%1: Der Scanner hat eine Transportsicherung. Lösen Sie sie.</translation>
+    </message>
+    <message>
+        <source>No scanner was found. Check that it is switched on and connected, and that you are a member of the group &quot;scanner&quot;.</source>
+        <translation>Es wurde kein Scanner gefunden. Prüfen Sie, ob er eingeschaltet und angeschlossen ist und ob Sie Mitglied der Gruppe „scanner“ sind.</translation>
+    </message>
+    <message>
+        <source>No scanner is open.</source>
+        <translation>Kein Scanner ist geöffnet.</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be started. Without it there is no scanning.</source>
+        <translation>%1 lässt sich nicht starten. Ohne das ist kein Scannen möglich.</translation>
+    </message>
+    <message>
+        <source>%1: the driver of the scanner crashed. Try again; when it happens again, switch the scanner off and on.</source>
+        <translation>%1: Der Treiber des Scanners ist abgestürzt. Versuchen Sie es noch einmal; geschieht es wieder, schalten Sie den Scanner aus und ein.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner does not answer. Switch it off and on, and try again.</source>
+        <translation>%1: Der Scanner antwortet nicht. Schalten Sie ihn aus und ein, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1: the driver of the scanner sent data that make no sense.</source>
+        <translation>%1: Der Treiber des Scanners hat unsinnige Daten gesendet.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner sent an empty page. Try again.</source>
+        <translation>%1: Der Scanner hat eine leere Seite gesendet. Versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1: the scanner sends pixels in a form that is not supported. Choose another mode.</source>
+        <translation>%1: Der Scanner sendet Pixel in einer Form, die nicht unterstützt wird. Wählen Sie einen anderen Modus.</translation>
+    </message>
+    <message>
+        <source>The scanner has no option &quot;%1&quot; that can be set at present.</source>
+        <translation>Der Scanner hat keine Option „%1“, die sich zurzeit einstellen lässt.</translation>
+    </message>
+    <message>
+        <source>The scanner refuses this value of the option &quot;%1&quot;.</source>
+        <translation>Der Scanner lehnt diesen Wert der Option „%1“ ab.</translation>
+    </message>
+</context>
+<context>
+    <name>ScannerProcess</name>
+    <message>
+        <source>Search for scanners</source>
+        <translation>Suche nach Scannern</translation>
+    </message>
+</context>
+<context>
     <name>ScreenCapture</name>
     <message>
         <source>the picture of the screen was not allowed</source>
@@ -4204,6 +4914,17 @@ und Sie erhalten möglicherweise eine Antwort von uns.</translation>
     <message>
         <source>its original could not be kept: %1</source>
         <translation>das Original konnte nicht behalten werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>StartFolder</name>
+    <message>
+        <source>The folder of the settings does not answer. The program starts with its usual settings, and changes to them are lost at its end.</source>
+        <translation>Der Ordner der Einstellungen antwortet nicht. Das Programm startet mit seinen Vorgaben, und Änderungen daran gehen beim Beenden verloren.</translation>
+    </message>
+    <message>
+        <source>Changes to the settings are lost at the end of the program. %1</source>
+        <translation>Änderungen an den Einstellungen gehen beim Beenden des Programms verloren. %1</translation>
     </message>
 </context>
 <context>
@@ -4665,7 +5386,7 @@ Bitte wählen Sie eine gültige Aufgabenliste.</translation>
     </message>
     <message>
         <source>0.0KB (0 bytes)</source>
-        <translation>0.0KB (0 Bytes)</translation>
+        <translation>0,0KB (0 Bytes)</translation>
     </message>
     <message>
         <source>%1 bytes</source>
@@ -5359,6 +6080,13 @@ Das heutige Datum lautet %3 oder %4.</translation>
     </message>
 </context>
 <context>
+    <name>tarsel::ManualView</name>
+    <message>
+        <source>Page of the manual</source>
+        <translation>Seite des Handbuchs</translation>
+    </message>
+</context>
+<context>
     <name>tarsel::MaskOptions</name>
     <message>
         <source>Mask 1</source>
@@ -5546,6 +6274,17 @@ Möchten Sie fortfahren?</translation>
     <message>
         <source>Looking at name %1 of %2</source>
         <translation>Name %1 von %2 wird geprüft</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::NoticeBar</name>
+    <message>
+        <source>Got &amp;it</source>
+        <translation>&amp;Verstanden</translation>
+    </message>
+    <message>
+        <source>Close the notice</source>
+        <translation>Den Hinweis schließen</translation>
     </message>
 </context>
 <context>
@@ -5773,6 +6512,56 @@ Möchten Sie die Seiten als PDF-Dokument speichern?</translation>
     <message>
         <source>Note: Canvas will be resized</source>
         <translation>Hinweis: Die Größe der Arbeitsfläche ändert sich</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::ScanAreaChoice</name>
+    <message>
+        <source>Preview of what is on the scanner</source>
+        <translation>Vorschau dessen, was auf dem Scanner liegt</translation>
+    </message>
+    <message>
+        <source>Press Preview to see what is on the scanner, and drag over the part to acquire.</source>
+        <translation>Drücken Sie „Vorschau“, um zu sehen, was auf dem Scanner liegt, und ziehen Sie über den Teil, den Sie einlesen möchten.</translation>
+    </message>
+    <message>
+        <source>Whole area</source>
+        <translation>Ganze Fläche</translation>
+    </message>
+    <message>
+        <source>Selected area</source>
+        <translation>Ausgewählte Fläche</translation>
+    </message>
+    <message>
+        <source>%1 × %2 mm</source>
+        <translation>%1 × %2 mm</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::ScanOptionEditor</name>
+    <message>
+        <source> pixels</source>
+        <translation> Pixel</translation>
+    </message>
+    <message>
+        <source> bits</source>
+        <translation> Bit</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source> dpi</source>
+        <translation> dpi</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source> µs</source>
+        <translation> µs</translation>
     </message>
 </context>
 <context>
@@ -6179,16 +6968,8 @@ Möchten Sie die Änderungen am Bild bestätigen?</translation>
         <translation>&amp;Lupe</translation>
     </message>
     <message>
-        <source>Show or hide the magnifier</source>
-        <translation>Die Lupe zeigen oder verbergen</translation>
-    </message>
-    <message>
         <source>Mo&amp;ve bar</source>
         <translation>Leiste &amp;verschieben</translation>
-    </message>
-    <message>
-        <source>Move this bar to the other edge</source>
-        <translation>Diese Leiste an den anderen Rand verschieben</translation>
     </message>
     <message>
         <source>&amp;Cancel</source>
@@ -6197,6 +6978,109 @@ Möchten Sie die Änderungen am Bild bestätigen?</translation>
     <message>
         <source>Leave without a picture (Esc)</source>
         <translation>Ohne Bild beenden (Esc)</translation>
+    </message>
+    <message>
+        <source>Show or hide the magnifier (M)</source>
+        <translation>Die Lupe zeigen oder verbergen (M)</translation>
+    </message>
+    <message>
+        <source>Move this bar to the other edge (V)</source>
+        <translation>Diese Leiste an den anderen Rand verschieben (V)</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::frmAbout</name>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>Pages of this dialog</source>
+        <translation>Seiten dieses Dialogs</translation>
+    </message>
+    <message>
+        <source>&amp;Program</source>
+        <translation>&amp;Programm</translation>
+    </message>
+    <message>
+        <source>Makes JPEG documents from collections of pictures. Free software: you may use, study, share and change it under the terms of the GNU General Public License. It comes without any warranty.</source>
+        <translation>Erstellt JPEG-Dokumente aus Bildersammlungen. Freie Software: Sie dürfen sie nach den Bedingungen der GNU General Public License verwenden, untersuchen, weitergeben und ändern. Sie kommt ohne jede Gewährleistung.</translation>
+    </message>
+    <message>
+        <source>It sends nothing anywhere, unless you send an error report yourself.</source>
+        <translation>Es sendet nichts, es sei denn, Sie senden selbst einen Fehlerbericht.</translation>
+    </message>
+    <message>
+        <source>Facts of the build</source>
+        <translation>Angaben zum Bau</translation>
+    </message>
+    <message>
+        <source>&amp;Libraries</source>
+        <translation>&amp;Bibliotheken</translation>
+    </message>
+    <message>
+        <source>L&amp;icence</source>
+        <translation>&amp;Lizenz</translation>
+    </message>
+    <message>
+        <source>Licence to show</source>
+        <translation>Zu zeigende Lizenz</translation>
+    </message>
+    <message>
+        <source>Text of the licence</source>
+        <translation>Text der Lizenz</translation>
+    </message>
+    <message>
+        <source>&amp;Copy for an error report</source>
+        <translation>Für einen &amp;Fehlerbericht kopieren</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>Bestandteil</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Used for</source>
+        <translation>Verwendet für</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Kopiert.</translation>
+    </message>
+    <message>
+        <source>%1, when built</source>
+        <translation>%1 beim Bau</translation>
+    </message>
+    <message>
+        <source>Parts of others</source>
+        <translation>Teile von anderen</translation>
+    </message>
+    <message>
+        <source>GNU General Public License, version 3 or later: this program</source>
+        <translation>GNU General Public License, Version 3 oder später: dieses Programm</translation>
+    </message>
+    <message>
+        <source>MIT: the players of slide shows and greetings</source>
+        <translation>MIT: die Player von Diaschauen und Grußbildern</translation>
+    </message>
+    <message>
+        <source>Bitstream Vera: the font of greetings</source>
+        <translation>Bitstream Vera: die Schrift der Grußbilder</translation>
     </message>
 </context>
 <context>
@@ -7229,6 +8113,111 @@ Möchten Sie das Programm ohne Speichern beenden?</translation>
         <source>The screen saver or slide show has ended</source>
         <translation>Der Bildschirmschoner oder die Diaschau ist beendet</translation>
     </message>
+    <message>
+        <source>Another basket can&apos;t be opened now</source>
+        <translation>Jetzt lässt sich kein anderer Korb öffnen</translation>
+    </message>
+    <message>
+        <source>Pictures are being printed. Do you want to stop that and exit?</source>
+        <translation>Gerade werden Bilder gedruckt. Möchten Sie das anhalten und das Programm beenden?</translation>
+    </message>
+    <message>
+        <source>A web album is being made. Do you want to stop that and exit?
+Files that are finished stay.</source>
+        <translation>Gerade entsteht ein Webalbum. Möchten Sie das anhalten und das Programm beenden?
+Fertige Dateien bleiben erhalten.</translation>
+    </message>
+    <message>
+        <source>A screen saver or slide show is being made. Do you want to stop that and exit?</source>
+        <translation>Gerade entsteht ein Bildschirmschoner oder eine Diaschau. Möchten Sie das anhalten und das Programm beenden?</translation>
+    </message>
+    <message>
+        <source>A greeting is being made. Do you want to stop that and exit?</source>
+        <translation>Gerade entsteht ein Grußbild. Möchten Sie das anhalten und das Programm beenden?</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::frmManual</name>
+    <message>
+        <source>Manual</source>
+        <translation>Manuell</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Back (Alt+Left)</source>
+        <translation>Zurück (Alt+Links)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Forward (Alt+Right)</source>
+        <translation>Vorwärts (Alt+Rechts)</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>The first page (Alt+Home)</source>
+        <translation>Die erste Seite (Alt+Pos1)</translation>
+    </message>
+    <message>
+        <source>A−</source>
+        <translation>A−</translation>
+    </message>
+    <message>
+        <source>Smaller letters (Ctrl+-)</source>
+        <translation>Kleinere Schrift (Strg+-)</translation>
+    </message>
+    <message>
+        <source>Smaller letters</source>
+        <translation>Kleinere Schrift</translation>
+    </message>
+    <message>
+        <source>A+</source>
+        <translation>A+</translation>
+    </message>
+    <message>
+        <source>Larger letters (Ctrl++)</source>
+        <translation>Größere Schrift (Strg++)</translation>
+    </message>
+    <message>
+        <source>Larger letters</source>
+        <translation>Größere Schrift</translation>
+    </message>
+    <message>
+        <source>Search (Ctrl+F)</source>
+        <translation>Suchen (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Search the manual</source>
+        <translation>Das Handbuch durchsuchen</translation>
+    </message>
+    <message>
+        <source>Contents of the manual</source>
+        <translation>Inhalt des Handbuchs</translation>
+    </message>
+    <message>
+        <source>Places with these words</source>
+        <translation>Stellen mit diesen Wörtern</translation>
+    </message>
+    <message>
+        <source>%1 - Manual</source>
+        <translation>%1 – Handbuch</translation>
+    </message>
+    <message>
+        <source>The pages of the manual are not installed.</source>
+        <translation>Die Seiten des Handbuchs sind nicht installiert.</translation>
+    </message>
+    <message>
+        <source>No page has these words.</source>
+        <translation>Keine Seite enthält diese Wörter.</translation>
+    </message>
 </context>
 <context>
     <name>tarsel::frmPrint</name>
@@ -7840,6 +8829,21 @@ Möchten Sie das Programm ohne Speichern beenden?</translation>
     </message>
 </context>
 <context>
+    <name>tarsel::frmScanOptions</name>
+    <message>
+        <source>Options of the Scanner</source>
+        <translation>Optionen des Scanners</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+</context>
+<context>
     <name>tarsel::frmScreenSaverOptions</name>
     <message>
         <source>Generate Screen saver/Slide</source>
@@ -8058,6 +9062,237 @@ Möchten Sie das Programm ohne Speichern beenden?</translation>
     <message>
         <source>Please wait...... cancelling operaration</source>
         <translation>Bitte warten ... der Vorgang wird abgebrochen</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::frmTwain</name>
+    <message>
+        <source>Acquire</source>
+        <translation>Einlesen</translation>
+    </message>
+    <message>
+        <source>Scanner</source>
+        <translation>Scanner</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>&amp;Gerät</translation>
+    </message>
+    <message>
+        <source>Look for scanners again</source>
+        <translation>Noch einmal nach Scannern suchen</translation>
+    </message>
+    <message>
+        <source>Look for scanners again (F5)</source>
+        <translation>Noch einmal nach Scannern suchen (F5)</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
+    </message>
+    <message>
+        <source>&amp;Source</source>
+        <translation>&amp;Quelle</translation>
+    </message>
+    <message>
+        <source>&amp;Mode</source>
+        <translation>&amp;Modus</translation>
+    </message>
+    <message>
+        <source>Reso&amp;lution</source>
+        <translation>Au&amp;flösung</translation>
+    </message>
+    <message>
+        <source>&amp;Paper size</source>
+        <translation>&amp;Papiergröße</translation>
+    </message>
+    <message>
+        <source>Bri&amp;ghtness</source>
+        <translation>&amp;Helligkeit</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message>
+        <source>&amp;Contrast</source>
+        <translation>&amp;Kontrast</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Kontrast</translation>
+    </message>
+    <message>
+        <source>M&amp;ore options...</source>
+        <translation>W&amp;eitere Optionen ...</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Put acquired images to &amp;queue</source>
+        <translation>Eingele&amp;sene Bilder in den Korb legen</translation>
+    </message>
+    <message>
+        <source>Save acquired images to dis&amp;k</source>
+        <translation>Eingelesene Bilder auf &amp;Datenträger speichern</translation>
+    </message>
+    <message>
+        <source>Save as si&amp;ngle-page files</source>
+        <translation>Als ein&amp;zelne Seiten speichern</translation>
+    </message>
+    <message>
+        <source>Format of single-page files</source>
+        <translation>Format der einzelnen Seiten</translation>
+    </message>
+    <message>
+        <source>Save as m&amp;ulti-page file</source>
+        <translation>Als ein Dok&amp;ument speichern</translation>
+    </message>
+    <message>
+        <source>Format of the multi-page file</source>
+        <translation>Format des Dokuments</translation>
+    </message>
+    <message>
+        <source>&amp;File name:</source>
+        <translation>&amp;Name der Datei:</translation>
+    </message>
+    <message>
+        <source>Saved &amp;in:</source>
+        <translation>Gespeicher&amp;t in:</translation>
+    </message>
+    <message>
+        <source>Bro&amp;wse</source>
+        <translation>&amp;Wählen</translation>
+    </message>
+    <message>
+        <source>Browse for the folder</source>
+        <translation>Den Ordner wählen</translation>
+    </message>
+    <message>
+        <source>Overwrite if fil&amp;e exists</source>
+        <translation>V&amp;orhandene Datei überschreiben</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Pre&amp;view</source>
+        <translation>&amp;Vorschau</translation>
+    </message>
+    <message>
+        <source>Scan quickly, to choose the part to acquire</source>
+        <translation>Schnell scannen, um den Teil zum Einlesen zu wählen</translation>
+    </message>
+    <message>
+        <source>Last page</source>
+        <translation>Letzte Seite</translation>
+    </message>
+    <message>
+        <source>Size of the picture on the screen</source>
+        <translation>Größe des Bilds auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>Size of the last page</source>
+        <translation>Größe der letzten Seite</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Next page</source>
+        <translation>Nä&amp;chste Seite</translation>
+    </message>
+    <message>
+        <source>Finis&amp;h</source>
+        <translation>Fe&amp;rtig</translation>
+    </message>
+    <message>
+        <source>&amp;Acquire</source>
+        <translation>Ein&amp;lesen</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>The pages are shown here as they arrive.</source>
+        <translation>Hier erscheinen die Seiten, sobald sie eintreffen.</translation>
+    </message>
+    <message>
+        <source>Best Fi&amp;t</source>
+        <translation>E&amp;inpassen</translation>
+    </message>
+    <message>
+        <source>Actual Si&amp;ze</source>
+        <translation>Ori&amp;ginalgröße</translation>
+    </message>
+    <message>
+        <source>Looking for scanners...</source>
+        <translation>Scanner werden gesucht ...</translation>
+    </message>
+    <message>
+        <source>No scanner</source>
+        <translation>Kein Scanner</translation>
+    </message>
+    <message>
+        <source>Page %1 is in the document. Put page %2 on the glass.</source>
+        <translation>Seite %1 ist im Dokument. Legen Sie Seite %2 auf das Glas.</translation>
+    </message>
+    <message>
+        <source>Stopping the scanner...</source>
+        <translation>Der Scanner wird angehalten ...</translation>
+    </message>
+    <message>
+        <source>Scanners in the network can take some seconds to answer.</source>
+        <translation>Scanner im Netzwerk brauchen manchmal einige Sekunden für ihre Antwort.</translation>
+    </message>
+    <message>
+        <source>Opening the scanner...</source>
+        <translation>Der Scanner wird geöffnet ...</translation>
+    </message>
+    <message>
+        <source>No scanner was found</source>
+        <translation>Es wurde kein Scanner gefunden</translation>
+    </message>
+    <message>
+        <source>Connect the scanner, switch it on and press Refresh (F5).
+
+If it is still not found, your user may not be allowed to use it: members of the group &quot;scanner&quot; are. A scanner in the network must be in the same network as this computer.</source>
+        <translation>Schließen Sie den Scanner an, schalten Sie ihn ein, und drücken Sie „Aktualisieren“ (F5).
+
+Wird er immer noch nicht gefunden, dürfen Sie ihn vielleicht nicht verwenden: Mitglieder der Gruppe „scanner“ dürfen es. Ein Scanner im Netzwerk muss im selben Netz sein wie dieser Computer.</translation>
+    </message>
+    <message>
+        <source>The scanner can&apos;t be used</source>
+        <translation>Der Scanner ist nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>The folder %1 does not exist. Choose another one.</source>
+        <translation>Der Ordner %1 existiert nicht. Wählen Sie einen anderen.</translation>
+    </message>
+    <message>
+        <source>Scanning for the preview</source>
+        <translation>Für die Vorschau wird gescannt</translation>
+    </message>
+    <message>
+        <source>Saving page %1</source>
+        <translation>Seite %1 wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Scanning page %1</source>
+        <translation>Seite %1 wird gescannt</translation>
+    </message>
+    <message>
+        <source>Scanning page %1: line %2</source>
+        <translation>Seite %1 wird gescannt: Zeile %2</translation>
     </message>
 </context>
 <context>

@@ -24,34 +24,43 @@ struct Meaning {
     const char* text;
 };
 
-#define TEXT(text) QT_TRANSLATE_NOOP("ManualPage", text)
-
 constexpr Meaning exitStatuses[] = {
-    {"0", TEXT("All done.")},
-    {"1", TEXT("Something not done, or done with a warning: its source is damaged, a task failed, it "
-               "replaced the file of another row.")},
-    {"2", TEXT("Wrong usage.")},
-    {"130", TEXT("Interrupted.")},
+    {"0", QT_TRANSLATE_NOOP("ManualPage", "All done.")},
+    {"1",
+     QT_TRANSLATE_NOOP("ManualPage",
+                       "Something not done, or done with a warning: its source is damaged, a task failed, it "
+                       "replaced the file of another row.")},
+    {"2", QT_TRANSLATE_NOOP("ManualPage", "Wrong usage.")},
+    {"130", QT_TRANSLATE_NOOP("ManualPage", "Interrupted.")},
 };
 
 constexpr Meaning environment[] = {
-    {"LANGUAGE, LC_ALL, LC_MESSAGES, LANG", TEXT("The language of messages.")},
-    {"TARSEL_DECODER", TEXT("Another program in place of tarsel-decoder, which draws metafiles.")},
-    {"TARSEL_SCANNER", TEXT("Another program in place of tarsel-scanner, which works the scanners.")},
-    {"TARSEL_SCANNER", TEXT("Another program in place of tarsel-scanner, in which drivers of scanners run.")},
-    {"TARSEL_PLAYERS", TEXT("The folder of the players that screen savers, slide shows and greetings are "
-                            "made of, in place of the installed one.")},
-    {"QT_LOGGING_RULES", TEXT("With tarsel.*.debug=true, errors that are ignored go to standard error.")},
+    {"LANGUAGE, LC_ALL, LC_MESSAGES, LANG", QT_TRANSLATE_NOOP("ManualPage", "The language of messages.")},
+    {"TARSEL_DECODER",
+     QT_TRANSLATE_NOOP("ManualPage", "Another program in place of tarsel-decoder, which draws metafiles.")},
+    {"TARSEL_SCANNER",
+     QT_TRANSLATE_NOOP("ManualPage",
+                       "Another program in place of tarsel-scanner, which works the scanners.")},
+    {"TARSEL_SCANNER",
+     QT_TRANSLATE_NOOP("ManualPage",
+                       "Another program in place of tarsel-scanner, in which drivers of scanners run.")},
+    {"TARSEL_PLAYERS",
+     QT_TRANSLATE_NOOP("ManualPage",
+                       "The folder of the players that screen savers, slide shows and greetings are "
+                       "made of, in place of the installed one.")},
+    {"QT_LOGGING_RULES",
+     QT_TRANSLATE_NOOP("ManualPage",
+                       "With tarsel.*.debug=true, errors that are ignored go to standard error.")},
 };
 
 constexpr Meaning fileKinds[] = {
-    {"*.tbf", TEXT("Task list: what is to be done with each picture.")},
-    {"*.ibf, *.ibd", TEXT("Basket: paths of pictures; in a .ibd file with descriptions.")},
-    {"*.mbf", TEXT("Metadata list: the lines of metadata that a web album shows.")},
-    {"*.xiff, *.ffo", TEXT("Side files: EXIF attributes, IPTC fields.")},
+    {"*.tbf", QT_TRANSLATE_NOOP("ManualPage", "Task list: what is to be done with each picture.")},
+    {"*.ibf, *.ibd",
+     QT_TRANSLATE_NOOP("ManualPage", "Basket: paths of pictures; in a .ibd file with descriptions.")},
+    {"*.mbf",
+     QT_TRANSLATE_NOOP("ManualPage", "Metadata list: the lines of metadata that a web album shows.")},
+    {"*.xiff, *.ffo", QT_TRANSLATE_NOOP("ManualPage", "Side files: EXIF attributes, IPTC fields.")},
 };
-
-#undef TEXT
 
 QString pageName(const QString& command) {
     return QStringLiteral("tarsel-") + QString(command).replace(u' ', u'-');

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QLocale>
 #include <QMimeDatabase>
 
 #include <limits>
@@ -65,6 +66,7 @@ void clsFileInfo::RefreshInfo() {
     m_type = typeName(m_extension);
     m_size = qint32(std::min<qint64>(file.size(), std::numeric_limits<qint32>::max()));
     m_sizeText = sizeText(m_size, m_sizeFormatFlag == 1);
+    m_englishSizeText = englishSizeText(m_size, m_sizeFormatFlag == 1);
     m_modifiedAt = file.lastModified();
     // Not every file system keeps the time of birth.
     m_createdAt = file.birthTime().isValid() ? file.birthTime() : m_modifiedAt;
@@ -103,8 +105,19 @@ namespace {
 constexpr const char* noSize = QT_TRANSLATE_NOOP("clsFileInfo", "0.0KB (0 bytes)");
 constexpr const char* bytesOnly = QT_TRANSLATE_NOOP("clsFileInfo", "%1 bytes");
 
-QString byteCount(const QString& words, qint32 size) {
-    return words.arg(formatNumber(size, QStringLiteral("#,##0")));
+QString grouped(qint32 number) {
+    return formatNumber(number, QStringLiteral("#,##0"));
+}
+
+/// With the points and commas of the user's locale in place of the English ones.
+QString inUsersNumbers(const QString& number) {
+    const QLocale locale;
+    QString shown;
+    for (const QChar character : number)
+        shown += character == u'.'   ? locale.decimalPoint()
+                 : character == u',' ? locale.groupSeparator()
+                                     : QString(character);
+    return shown;
 }
 
 /// For sizes of 1024 bytes and more.
@@ -133,16 +146,20 @@ QString sizeInUnits(qint32 size) {
 QString clsFileInfo::sizeText(qint32 size, bool longText) {
     if (size == -1)
         return tr(noSize);
-    const QString bytes = byteCount(tr(bytesOnly), size);
+    const QString bytes = tr(bytesOnly).arg(inUsersNumbers(grouped(size)));
     if (size < 1024)
         return bytes;
-    return longText ? tr("%1 (%2)", "size, bytes").arg(sizeInUnits(size), bytes) : sizeInUnits(size);
+    const QString units = inUsersNumbers(sizeInUnits(size));
+    return longText ? tr("%1 (%2)", "size, bytes").arg(units, bytes) : units;
 }
 
-QString clsFileInfo::sizeInNames(qint32 size) {
+QString clsFileInfo::englishSizeText(qint32 size, bool longText) {
     if (size == -1)
         return QString::fromLatin1(noSize);
-    return size < 1024 ? byteCount(QString::fromLatin1(bytesOnly), size) : sizeInUnits(size);
+    const QString bytes = QString::fromLatin1(bytesOnly).arg(grouped(size));
+    if (size < 1024)
+        return bytes;
+    return longText ? QStringLiteral("%1 (%2)").arg(sizeInUnits(size), bytes) : sizeInUnits(size);
 }
 
 clsFileInfo& FileInfo() {

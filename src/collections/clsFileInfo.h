@@ -29,6 +29,8 @@ public:
     qint32 fSize() const { return m_size; } ///< in bytes; the largest 32-bit number for a larger file
     /// The size text made by the last refresh; `flag` rules the text of the next file.
     QString fSizeFormated(int flag);
+    /// The same in English. The flag stays as it is.
+    QString englishSize() const { return m_englishSizeText; }
     QString fPath32bit() const { return m_path; }
     QString fName32bit() const { return m_name; }
     QString fLocation() const { return m_location; }
@@ -48,11 +50,11 @@ public:
     /// The words for a size in bytes, with the byte count after them when `longText`. The unit changes where
     /// the count of kilobytes passes a decimal step: 1,024,000 bytes are "0.98MB".
     static QString sizeText(qint32 size, bool longText);
-    /// The same without a byte count, for file names: in English whatever the user's language.
-    static QString sizeInNames(qint32 size);
+    /// The same for file names, in English whatever the user's language.
+    static QString englishSizeText(qint32 size, bool longText);
 
 private:
-    QString m_path, m_name, m_extension, m_location, m_type, m_sizeText;
+    QString m_path, m_name, m_extension, m_location, m_type, m_sizeText, m_englishSizeText;
     QString m_created, m_modified, m_accessed;
     QDateTime m_createdAt, m_modifiedAt, m_accessedAt;
     qint32 m_size = 0;

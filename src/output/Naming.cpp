@@ -92,7 +92,11 @@ constexpr NamingToken tokens[] = {
     {"[Source resolution]", TokenNeeds::Source,
      [](const NamingFacts& f, QString& r) { r = f.sourceResolution; }},
     {"[Source size]", TokenNeeds::File,
-     [](const NamingFacts& f, QString& r) { r = clsFileInfo::sizeInNames(factsOfFile(f).fSize()); }},
+     [](const NamingFacts& f, QString& r) {
+         clsFileInfo& file = factsOfFile(f);
+         file.fSizeFormated(0);
+         r = file.englishSize();
+     }},
     {"[Source Date Created]", TokenNeeds::File,
      [](const NamingFacts& f, QString& r) {
          r = formatDate(factsOfFile(f).dateCreated(), dateTimePattern());

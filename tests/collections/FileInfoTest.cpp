@@ -6,6 +6,8 @@
 #include "tests/support/TestDesktop.h"
 
 #include <QFile>
+#include <QLocale>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -40,6 +42,13 @@ TEST(SizeText, ChangesItsUnitAtDecimalStepsOfKilobytes) {
         EXPECT_EQ(clsFileInfo::sizeText(c.size, false).toStdString(), c.shortText) << c.size;
         EXPECT_EQ(clsFileInfo::sizeText(c.size, true).toStdString(), c.longText) << c.size;
     }
+}
+
+TEST(FileSize, HasTheUsersNumbersInListsAndEnglishOnesInNames) {
+    const auto restore = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    EXPECT_EQ(clsFileInfo::sizeText(1234567, true).toStdString(), "1,18MB (1.234.567 bytes)");
+    EXPECT_EQ(clsFileInfo::englishSizeText(1234567, true).toStdString(), "1.18MB (1,234,567 bytes)");
 }
 
 namespace {

@@ -69,6 +69,14 @@ QStringList textsOf(const QWidget& widget) {
     return texts;
 }
 
+/// Drivers of scanners have titles and words of their own for their options.
+bool isOfDriver(const QWidget& widget) {
+    for (const QWidget* each = &widget; each; each = each->parentWidget())
+        if (each->objectName() == QLatin1String("options"))
+            return true;
+    return false;
+}
+
 /// Texts that are the same in every language.
 bool isNotForTranslation(const QWidget& widget, const QString& text) {
     static const QRegularExpression word(QStringLiteral("[A-Za-z]{2}"));
@@ -81,6 +89,8 @@ bool isNotForTranslation(const QWidget& widget, const QString& text) {
         QStringLiteral("cboPrinter"),      // names of printers
         QStringLiteral("cboPaper"),        // names of papers, by Qt
         QStringLiteral("cboSystem"),       // names of systems
+        QStringLiteral("cboDevice"),       // scanners
+        QStringLiteral("lblName"),         // the program's own
         QStringLiteral("cboFormat"),       // short names of formats
         QStringLiteral("cboRenamePrefix"), // tokens and signs, which settings and scripts hold
         QStringLiteral("cboRenameSuffix"),   QStringLiteral("cboRenameGeneric"),
@@ -92,7 +102,7 @@ bool isNotForTranslation(const QWidget& widget, const QString& text) {
         QStringLiteral("lblItem"),           QStringLiteral("lnkFolder"),
         QStringLiteral("lblNamesFolder"),
     };
-    return data.contains(widget.objectName());
+    return data.contains(widget.objectName()) || isOfDriver(widget);
 }
 
 /// Every file below a folder by its name. The place of the window has its size, to which texts add.

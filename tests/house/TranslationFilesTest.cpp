@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -98,6 +99,19 @@ TEST(TranslationFiles, GermanQuotationMarksComeInPairs) {
                          text.contains(QLatin1String("..")) != text.contains(QLatin1String("...")))
                 << qPrintable(text);
         }
+}
+
+/// lupdate reads the sources before macros are replaced.
+TEST(TranslationFiles, NoMacroHidesTextsFromThem) {
+    static const QRegularExpression macro(QStringLiteral("#\\s*define .*(_NOOP|\\btr\\(|translate\\()"));
+    for (QDirIterator it(QStringLiteral(TARSEL_ROOT "/src"), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
+                         QDir::Files, QDirIterator::Subdirectories);
+         it.hasNext();) {
+        QFile file(it.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_FALSE(macro.match(QString::fromUtf8(file.readAll())).hasMatch())
+            << qPrintable(file.fileName());
+    }
 }
 
 /// `cmake --build --preset dev --target update_translations` adds texts that are new.

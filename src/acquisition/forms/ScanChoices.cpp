@@ -20,23 +20,19 @@ struct KnownWord {
     const char* text;
 };
 
-#define TEXT(text) QT_TRANSLATE_NOOP("ScanChoices", text)
-
 /// Those that most drivers have.
 constexpr KnownWord knownWords[] = {
-    {"Lineart", TEXT("Black and white")},
-    {"Halftone", TEXT("Black and white, halftone")},
-    {"Gray", TEXT("Gray")},
-    {"Color", TEXT("Color")},
-    {"Flatbed", TEXT("Flatbed")},
-    {"ADF", TEXT("Feeder")},
-    {"ADF Front", TEXT("Feeder, front side")},
-    {"ADF Back", TEXT("Feeder, back side")},
-    {"ADF Duplex", TEXT("Feeder, both sides")},
-    {"Automatic Document Feeder", TEXT("Automatic document feeder")},
+    {"Lineart", QT_TRANSLATE_NOOP("ScanChoices", "Black and white")},
+    {"Halftone", QT_TRANSLATE_NOOP("ScanChoices", "Black and white, halftone")},
+    {"Gray", QT_TRANSLATE_NOOP("ScanChoices", "Gray")},
+    {"Color", QT_TRANSLATE_NOOP("ScanChoices", "Color")},
+    {"Flatbed", QT_TRANSLATE_NOOP("ScanChoices", "Flatbed")},
+    {"ADF", QT_TRANSLATE_NOOP("ScanChoices", "Feeder")},
+    {"ADF Front", QT_TRANSLATE_NOOP("ScanChoices", "Feeder, front side")},
+    {"ADF Back", QT_TRANSLATE_NOOP("ScanChoices", "Feeder, back side")},
+    {"ADF Duplex", QT_TRANSLATE_NOOP("ScanChoices", "Feeder, both sides")},
+    {"Automatic Document Feeder", QT_TRANSLATE_NOOP("ScanChoices", "Automatic document feeder")},
 };
-
-#undef TEXT
 
 bool isResolution(const ScanOption& option) {
     return option.name == scanOption::resolution || option.name == scanOption::xResolution ||

@@ -60,7 +60,7 @@ void showFaults(const ScanFaults& faults, int pages) {
 QString pagesText(int pages) {
     if (pages == 0)
         return QCoreApplication::translate("ScanFaultText", "No page was acquired.");
-    return countedText("ScanFaultText", QT_TRANSLATE_N_NOOP("ScanFaultText", "1 page was acquired."),
+    return countedText("ScanFaultText", "1 page was acquired.",
                        QT_TRANSLATE_N_NOOP("ScanFaultText", "%n pages were acquired."), pages);
 }
 
