@@ -3700,10 +3700,6 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
         <translation>Ein anderes Programm anstelle von tarsel-decoder, das Metadateien zeichnet.</translation>
     </message>
     <message>
-        <source>Another program in place of tarsel-scanner, which works the scanners.</source>
-        <translation>Ein anderes Programm anstelle von tarsel-scanner, das die Scanner bedient.</translation>
-    </message>
-    <message>
         <source>Another program in place of tarsel-scanner, in which drivers of scanners run.</source>
         <translation>Ein anderes Programm anstelle von tarsel-scanner, in dem die Treiber von Scannern laufen.</translation>
     </message>

@@ -17,6 +17,7 @@
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -78,6 +79,11 @@ public Q_SLOTS:
 private:
     QDBusConnection m_bus;
 };
+
+QRect areaOf(const std::vector<Monitor>& monitors, const char* name) {
+    const auto found = std::ranges::find(monitors, QLatin1String(name), &Monitor::name);
+    return found == monitors.end() ? QRect() : found->area;
+}
 
 class PortalScreen : public testing::Test {
 protected:
@@ -182,13 +188,11 @@ TEST_F(PortalScreen, OfAPictureAtAnyScaleEachMonitorIsAPart) {
         portal.responses = {done};
         const ScreenPicture screen = portalScreen()->grab(false);
         const auto at = [scale](int place) { return int(std::lround(place * scale)); };
-        ASSERT_EQ(screen.monitors.size(), 2u);
-        EXPECT_EQ(screen.monitors[0].name.toStdString(), "right");
-        EXPECT_EQ(screen.monitors[0].area,
+        EXPECT_EQ(areaOf(screen.monitors, "right"),
                   QRect(QPoint(at(500), at(120)), QPoint(at(1200) - 1, at(620) - 1)));
-        EXPECT_EQ(screen.monitors[1].area, QRect(QPoint(0, 0), QPoint(at(500) - 1, at(400) - 1)));
+        EXPECT_EQ(areaOf(screen.monitors, "left"), QRect(QPoint(0, 0), QPoint(at(500) - 1, at(400) - 1)));
     }
-    EXPECT_EQ(portalScreen()->monitors()[1].area, QRect(0, 0, 500, 400));
+    EXPECT_EQ(areaOf(portalScreen()->monitors(), "left"), QRect(0, 0, 500, 400));
 }
 
 TEST_F(PortalScreen, AFileThatIsOlderThanTheRequestStays) {

@@ -49,7 +49,11 @@ TEST_F(X11Screen, APixelOfTheScreenIsAPixelOfThePictureWhereverTheMonitorsAre) {
         GTEST_SKIP() << "needs xrandr";
     const Picture shown = noisePicture(120, 70, 3);
     const ShownPicture window(x11, shown, {250, 60});
-    EXPECT_TRUE(part(x11Screen()->grab(false).picture, {250, 60, 120, 70}) == shown);
+    const int bottom = x11.screen().height_in_pixels - 70;
+    const ShownPicture last(x11, shown, {250, bottom});
+    const Picture whole = x11Screen()->grab(false).picture;
+    EXPECT_TRUE(part(whole, {250, 60, 120, 70}) == shown);
+    EXPECT_TRUE(part(whole, {250, bottom, 120, 70}) == shown);
 
     placeMonitor("left", "200/50x150/40+100+40", "screen");
     placeMonitor("right", "150/40x100/30+300+20", "none");
