@@ -6276,7 +6276,7 @@ Möchten Sie fortfahren?</translation>
     <name>tarsel::NoticeBar</name>
     <message>
         <source>Got &amp;it</source>
-        <translation>&amp;Verstanden</translation>
+        <translation>&amp;Ja, verstanden</translation>
     </message>
     <message>
         <source>Close the notice</source>
