@@ -3700,10 +3700,6 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
         <translation>Ein anderes Programm anstelle von tarsel-decoder, das Metadateien zeichnet.</translation>
     </message>
     <message>
-        <source>Another program in place of tarsel-scanner, which works the scanners.</source>
-        <translation>Ein anderes Programm anstelle von tarsel-scanner, das die Scanner bedient.</translation>
-    </message>
-    <message>
         <source>Another program in place of tarsel-scanner, in which drivers of scanners run.</source>
         <translation>Ein anderes Programm anstelle von tarsel-scanner, in dem die Treiber von Scannern laufen.</translation>
     </message>
@@ -6280,7 +6276,7 @@ Möchten Sie fortfahren?</translation>
     <name>tarsel::NoticeBar</name>
     <message>
         <source>Got &amp;it</source>
-        <translation>&amp;Verstanden</translation>
+        <translation>&amp;Ja, verstanden</translation>
     </message>
     <message>
         <source>Close the notice</source>

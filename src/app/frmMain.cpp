@@ -522,7 +522,7 @@ void frmMain::setRunning(bool running) {
         m_focusOfRun = {focused, focusWidget()};
     else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
         m_focusOfRun.before->setFocus();
-    if (!running && !m_waitingPages.isEmpty())
+    if (!running)
         addWaitingPages();
 }
 

@@ -5,6 +5,7 @@
 #include "collections/PageFiles.h"
 #include "configuration/ConfigRecord.h"
 
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <utility>
 
@@ -33,21 +34,22 @@ void frmMain::cmdTwainAcquire_Click() {
     m_twain->activateWindow();
 }
 
-/// A batch works on the basket as it was at its start.
 void frmMain::subAddItemFromTwain(const QString& path) {
-    if (isRunning())
-        m_waitingPages << path;
-    else
-        showCaptured(path);
+    m_waitingPages << path;
+    addWaitingPages();
 }
 
-/// A message of the batch may still be on show.
+/// One after the other: the next page arrives while the row of the one before it is being made. A batch works
+/// on the basket as it was at its start.
 void frmMain::addWaitingPages() {
-    constexpr int pause = 200;
+    constexpr int pause = 200; // a message of the batch may still be on show
+    if (m_addsPages || m_waitingPages.isEmpty())
+        return;
     if (isRunning())
         return QTimer::singleShot(pause, this, &frmMain::addWaitingPages);
-    for (const QString& path : std::exchange(m_waitingPages, {}))
-        showCaptured(path);
+    const QScopedValueRollback adds(m_addsPages, true);
+    while (m_loaded && !isRunning() && !m_waitingPages.isEmpty())
+        showCaptured(m_waitingPages.takeFirst());
 }
 
 } // namespace tarsel

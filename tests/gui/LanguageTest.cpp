@@ -11,9 +11,11 @@
 #include <QComboBox>
 #include <QDirIterator>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QSet>
 #include <QTabBar>
 
@@ -21,19 +23,30 @@ namespace tarsel::test {
 
 namespace {
 
+const QRegularExpression word(QStringLiteral("[A-Za-z]{2}"));
+
+/// The widths of some panes follow that of the screen.
+constexpr QSize smallScreen(1366, 768);
+
 class Languages : public AllWindows {
 protected:
+    void SetUp() override {
+        if (QGuiApplication::primaryScreen()->size() != smallScreen)
+            GTEST_SKIP() << "ctest runs it on a screen of 1366 by 768";
+    }
     /// A dialog as small as its layout allows, the main window on a small screen.
     void shrink(QWidget& form) {
         QSize size = form.minimumSizeHint().expandedTo(form.minimumSize());
         if (form.hasHeightForWidth())
             size.setHeight(std::max(size.height(), form.heightForWidth(size.width())));
-        form.resize(&form == &window() ? QSize(1366, 720) : size);
+        form.resize(&form == &window() ? smallScreen - QSize(16, 48) : size);
         QCoreApplication::processEvents();
     }
     static void expectNothingCut(QWidget& form) {
         for (const QWidget* widget : shownWidgets(form)) {
-            expectNotCut(*widget);
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            if (!button || button->icon().isNull() || word.match(button->text()).hasMatch())
+                expectNotCut(*widget); // others show their icon alone
             if (const auto* tabs = qobject_cast<const QTabBar*>(widget))
                 expectTabsNotCut(*tabs);
         }
@@ -79,7 +92,6 @@ bool isOfDriver(const QWidget& widget) {
 
 /// Texts that are the same in every language.
 bool isNotForTranslation(const QWidget& widget, const QString& text) {
-    static const QRegularExpression word(QStringLiteral("[A-Za-z]{2}"));
     if (!word.match(text).hasMatch())
         return true; // numbers and signs
     static const QSet<QString> data{

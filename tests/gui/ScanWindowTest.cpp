@@ -56,7 +56,9 @@ TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsOfTheBasketAndTheLastIsS
     ASSERT_TRUE(waitFor([&] { return basket().count() == 10; }));
     ASSERT_TRUE(waitFor([&] { return child<QWidget>(*dialog, "cmdAcquire").isEnabled(); }));
     EXPECT_EQ(child<QLabel>(*dialog, "lblState").text().toStdString(), "10 pages were acquired.");
-    EXPECT_TRUE(basket().row(9).text.startsWith(QStringLiteral("10_")));
+    for (int row = 0; row < 10; ++row)
+        EXPECT_TRUE(basket().row(row).text.startsWith(QStringLiteral("%1_").arg(row + 1)))
+            << row << ": " << basket().row(row).text.toStdString();
     EXPECT_TRUE(waitFor([&] { return window().preview().shownPath() == basket().row(9).tag; }));
     EXPECT_TRUE(QFileInfo::exists(basket().row(0).tag));
 }

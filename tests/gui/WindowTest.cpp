@@ -41,8 +41,10 @@ void WindowTest::makePictures(int count) {
 }
 
 frmMain& WindowTest::start(const QString& samples) {
-    m_window = std::make_unique<frmMain>(frmMain::StartupOptions{
-        programFolder(), samples, {}, {}, QStringLiteral(TARSEL_ROOT "/docs/manual")});
+    m_window = std::make_unique<frmMain>(
+        frmMain::StartupOptions{.programFolder = programFolder(),
+                                .samplesFolder = samples,
+                                .manualFolder = QStringLiteral(TARSEL_ROOT "/docs/manual")});
     EXPECT_TRUE(m_window->Form_Load());
     m_window->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));

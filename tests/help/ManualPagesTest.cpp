@@ -51,10 +51,12 @@ TEST_F(ManualPages, LeadNowhereThatIsNotThere) {
     ASSERT_GE(manual.pages().size(), 25u);
     QStringList languages = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     languages.removeAll(QStringLiteral("pictures"));
-    for (const QString& language : QStringList{{}} + languages)
-        for (const ManualPage& page : Manual::read(folder, {language}).pages())
+    for (const QString& language : QStringList{{}} + languages) {
+        const Manual translated = Manual::read(folder, {language});
+        for (const ManualPage& page : translated.pages())
             for (auto it = link.globalMatch(page.markdown); it.hasNext();)
                 expectTarget(page, it.next().captured(1));
+    }
 }
 
 TEST_F(ManualPages, StandInTheContentsWithOneTitleEachAndDistinctAnchors) {

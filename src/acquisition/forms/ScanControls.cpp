@@ -102,7 +102,7 @@ void ScanControls::showRow(const char* name, const ScanOption* option,
                            std::initializer_list<const char*> prefixes) {
     for (const char* prefix : prefixes) {
         auto& widget = control<QWidget>(m_form, prefix, name);
-        widget.setVisible(option != nullptr);
+        widget.setVisible(option || m_options.isEmpty()); // rows stay while nothing is known of them
         widget.setEnabled(option && option->canBeSet());
         widget.setToolTip(option ? plainToolTip(option->description) : QString());
     }
@@ -115,8 +115,9 @@ void ScanControls::showList(const char* name, const ScanOption* option) {
 }
 
 void ScanControls::showNumber(const char* name, const ScanOption* option) {
-    showRow(name, option && option->range ? option : nullptr, {"lbl", "sld", "spn"});
-    if (!option || !option->range)
+    const bool isThere = option && option->range;
+    showRow(name, isThere ? option : nullptr, {"lbl", "sld", "spn"});
+    if (!isThere)
         return;
     auto& box = control<QDoubleSpinBox>(m_form, "spn", name);
     auto& slider = control<QSlider>(m_form, "sld", name);

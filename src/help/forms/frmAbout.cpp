@@ -26,7 +26,9 @@ frmAbout::frmAbout(QWidget* owner) :
     m_ui(std::make_unique<Ui::frmAbout>()) {
     m_ui->setupUi(this);
     constexpr int iconSize = 48;
-    m_ui->imgIcon->setPixmap(lineIcon(QStringLiteral("iDetailIcon")).pixmap(iconSize, iconSize));
+    const QIcon program = windowIcon(); // that of the window below
+    m_ui->imgIcon->setPixmap(
+        (program.isNull() ? lineIcon(QStringLiteral("iDetailIcon")) : program).pixmap(iconSize, iconSize));
     QFont large = m_ui->lblName->font();
     large.setPointSizeF(large.pointSizeF() * 1.5);
     large.setBold(true);

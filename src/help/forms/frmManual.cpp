@@ -43,8 +43,8 @@ frmManual::frmManual(Manual manual, QWidget* owner) :
     addKeys();
     const int letter = fontMetrics().averageCharWidth();
     m_ui->splManual->setStretchFactor(1, 1);
-    m_ui->splManual->setSizes({32 * letter, 96 * letter});
-    fitToScreen(*this, {134 * letter, 46 * fontMetrics().height()});
+    m_ui->splManual->setSizes({37 * letter, 105 * letter});
+    fitToScreen(*this, {148 * letter, 46 * fontMetrics().height()});
     visit({startPage, {}});
 }
 

@@ -51,6 +51,12 @@ QString shownState(RowState state) {
     return frmBatchResults::tr("failed");
 }
 
+QString longestState() {
+    return std::max(
+        {shownState(RowState::Written), shownState(RowState::Skipped), shownState(RowState::Failed)},
+        [](const QString& a, const QString& b) { return a.size() < b.size(); });
+}
+
 } // namespace
 
 QString resultSummary(const std::vector<RowResult>& results) {
@@ -133,7 +139,8 @@ ListControl* frmBatchResults::makeList() {
     list->setObjectName(QStringLiteral("lvResults"));
     list->setAccessibleName(tr("Results by row"));
     list->setFullRowSelect(true);
-    list->setColumnWidth(0, 90);
+    list->setUsualText(0, longestState() + QStringLiteral("MMM")); // beside its icon
+    list->setColumnWidth(0, 100);
     for (const int column : {1, 2})
         list->setColumnWidth(column, 260);
     list->setWideColumn(3);
