@@ -45,7 +45,7 @@ void makeScrollable(QDialog& dialog) {
 void moveInside(QDialog& dialog) {
     const QRect available = dialog.screen()->availableGeometry();
     const QRect frame = dialog.frameGeometry();
-    if (dialog.isMaximized() || available.contains(frame))
+    if (dialog.isMaximized() || dialog.isFullScreen() || available.contains(frame))
         return;
     const QPoint last = available.bottomRight() + QPoint(1, 1) - QPoint(frame.width(), frame.height());
     dialog.move(std::max(available.left(), std::min(frame.left(), last.x())),
@@ -53,6 +53,8 @@ void moveInside(QDialog& dialog) {
 }
 
 void fit(QDialog& dialog) {
+    if (dialog.isMaximized() || dialog.isFullScreen())
+        return;
     const QSize room = roomOnScreen(dialog);
     if (exceeds(dialog.minimumSizeHint().expandedTo(dialog.minimumSize()), room) && dialog.layout() &&
         !isOfQt(dialog))
@@ -72,7 +74,11 @@ bool DialogFit::eventFilter(QObject* watched, QEvent* event) {
         return false;
     if (isShown)
         fit(*dialog);
-    QTimer::singleShot(0, dialog, [dialog] { moveInside(*dialog); });
+    // Some grow only now, when their contents have their texts.
+    QTimer::singleShot(0, dialog, [dialog] {
+        fit(*dialog);
+        moveInside(*dialog);
+    });
     return false;
 }
 

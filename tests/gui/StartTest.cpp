@@ -82,6 +82,7 @@ TEST_F(Start, WorksWithSettingsThatAreOutOfAllBounds) {
         writeFileSafely(programFolder() + QStringLiteral("/gui_tests.ini"),
                         "[SaveAdvanced]\nJpgMostKilobytes=99999999999999999999\nJpgLowestQuality=-1\n");
         writeFileSafely(programFolder() + QStringLiteral("/window-place"), QByteArray(300, '\x7F'));
+        QDir(programFolder() + QStringLiteral("/Temp")).removeRecursively();
         writeFileSafely(programFolder() + QStringLiteral("/Temp"), "not a folder");
         start();
         listFolder(pictures());

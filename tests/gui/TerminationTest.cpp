@@ -81,21 +81,6 @@ TEST_F(StartedProgram, WorksWhereItsFolderCannotBeMadeAndLeavesNothing) {
     EXPECT_EQ(folders(), QStringList());
 }
 
-TEST_F(StartedProgram, OfTwoStartsAtOnceOneGoesOn) {
-    QProcess other;
-    startProgram();
-    startIn(home.path(), other);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return hasRecord(); }, 60'000));
-    int ended = 0;
-    for (QProcess* each : {&program, &other}) {
-        each->terminate(); // the end of the one that waits with its message
-        ASSERT_TRUE(each->waitForFinished(60'000));
-        ended += each->exitStatus() == QProcess::NormalExit && each->exitCode() == 0;
-    }
-    EXPECT_EQ(ended, 1);
-    EXPECT_FALSE(QFileInfo::exists(path(".lock")));
-}
-
 TEST_F(StartedProgram, AnswersItsOptionsWithoutAWindow) {
     for (const auto& [option, status, answer] : {std::tuple("--help", 0, "Usage: tarsel-jpeg [FILE]"),
                                                  {"--version", 0, "tarsel-jpeg "},
