@@ -142,6 +142,7 @@ void SampleScanner::deliver(int lines) {
     const ScanRequest& request = requests.back();
     ScannedPage arrived;
     arrived.picture = page;
+    arrived.isCut = cutsPages;
     arrived.number = request.firstNumber + m_ofRequest++;
     Q_EMIT progress({arrived.number, lines, page.height(), false});
     if (!request.isPreview)

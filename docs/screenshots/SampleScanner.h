@@ -19,6 +19,7 @@ public:
     std::vector<ScanDevice> devices;
     int pagesInFeeder = 3, pagesOfFlatbed = 1;
     Picture page;                      ///< what lies on it
+    bool cutsPages = false;            ///< they are lower than promised
     bool holdsPages = false;           ///< until deliver() and end()
     std::optional<TrappedError> fault; ///< ends the next acquisition, after its pages, or the next opening
 

@@ -30,6 +30,7 @@ void makeScrollable(QDialog& dialog) {
     auto* contents = new QWidget(&dialog);
     contents->setLayout(dialog.layout());
     auto* area = new QScrollArea(&dialog);
+    area->setObjectName(QStringLiteral("areaFitted"));
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
@@ -58,15 +59,20 @@ void fit(QDialog& dialog) {
         makeScrollable(dialog);
     if (exceeds(dialog.size(), room))
         dialog.resize(dialog.size().boundedTo(room));
-    QTimer::singleShot(0, &dialog, [&dialog] { moveInside(dialog); });
 }
 
 } // namespace
 
 bool DialogFit::eventFilter(QObject* watched, QEvent* event) {
-    auto* dialog = event->type() == QEvent::Show ? qobject_cast<QDialog*>(watched) : nullptr;
-    if (dialog && dialog->isWindow() && !event->spontaneous())
+    const bool isShown = event->type() == QEvent::Show;
+    if ((!isShown && event->type() != QEvent::Resize) || event->spontaneous())
+        return false;
+    auto* dialog = qobject_cast<QDialog*>(watched);
+    if (!dialog || !dialog->isWindow() || !dialog->isVisible())
+        return false;
+    if (isShown)
         fit(*dialog);
+    QTimer::singleShot(0, dialog, [dialog] { moveInside(*dialog); });
     return false;
 }
 

@@ -8,6 +8,7 @@
 #include "configuration/SettingsBeside.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -110,6 +111,9 @@ QStringList keepDamagedSettings() {
         remarks << keepRecord();
     if (const QString beside = settingsPathBeside(); QFileInfo::exists(beside) && !isReadableFile(beside))
         remarks << renameAside(beside);
+    if (const QFileInfo temporary(QFileInfo(ConfigPath).dir().filePath(QStringLiteral("Temp")));
+        temporary.exists() && !temporary.isDir())
+        remarks << renameAside(temporary.filePath());
     remarks.removeAll(QString());
     return remarks;
 }

@@ -11,7 +11,7 @@
 namespace tarsel {
 
 NoticeBar::NoticeBar(QWidget* parent) :
-    QFrame(parent), m_label(new QLabel(this)), m_button(new QPushButton(tr("Got &it"), this)) {
+    QFrame(parent), m_label(new QLabel(this)), m_button(new QPushButton(tr("Got it"), this)) {
     setObjectName(QStringLiteral("noticeBar"));
     setFrameShape(QFrame::StyledPanel);
     auto* icon = new QLabel(this);
@@ -22,6 +22,10 @@ NoticeBar::NoticeBar(QWidget* parent) :
     m_label->setWordWrap(true);
     m_button->setObjectName(QStringLiteral("cmdNotice"));
     m_button->setAccessibleName(tr("Close the notice"));
+    // Every letter belongs to some task; the panes have the other digits.
+    m_button->setShortcut(QKeySequence(Qt::ALT | Qt::Key_0));
+    m_button->setToolTip(
+        tr("Close the notice (%1)").arg(m_button->shortcut().toString(QKeySequence::NativeText)));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 2, 4, 2);
     row->addWidget(icon);

@@ -9,6 +9,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
 #include <QTabWidget>
 
 namespace tarsel::test {
@@ -69,9 +70,13 @@ void expectNotCut(const QWidget& widget) {
         return;
     const bool wraps = label && label->wordWrap();
     const QSize needed = wraps ? QSize(0, label->heightForWidth(label->width())) : widget.sizeHint();
-    const QRect shown(widget.mapTo(widget.window(), QPoint()), widget.size());
+    // A form that is larger than its screen is scrolled.
+    const auto* fitted = widget.window()->findChild<QScrollArea*>(QStringLiteral("areaFitted"));
+    const QWidget& form =
+        fitted && fitted->widget()->isAncestorOf(&widget) ? *fitted->widget() : *widget.window();
+    const QRect shown(widget.mapTo(&form, QPoint()), widget.size());
     EXPECT_TRUE(shown.width() >= needed.width() && shown.height() >= needed.height() &&
-                shown.right() < widget.window()->width())
+                shown.right() < form.width())
         << widget.objectName().toStdString() << " " << mnemonicText(&widget).toStdString() << " "
         << shown.right() << " " << shown.height() << " of " << needed.height();
 }

@@ -78,7 +78,7 @@ TEST_F(AllWindows, FitTheScreenAndScrollWhatIsLarger) {
     forEach([&](QWidget& form) {
         QCoreApplication::processEvents();
         EXPECT_TRUE(&form == &window() || form.screen()->availableGeometry().contains(form.geometry()))
-            << form.width() << " x " << form.height();
+            << form.x() << ", " << form.y() << ": " << form.width() << " x " << form.height();
     });
 }
 

@@ -30,8 +30,16 @@ class Help : public WindowTest {
 protected:
     /// As a user presses it: in the control with the focus.
     static void pressF1(QWidget& window) {
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         QWidget* focused = window.focusWidget() ? window.focusWidget() : &window;
         QTest::keyClick(focused, Qt::Key_F1);
+    }
+    void trigger(const char* action) {
+        for (QAction* each : window().actions())
+            if (each->objectName() == QLatin1String(action))
+                return each->trigger();
+        ADD_FAILURE() << action;
     }
     HelpDesk& desk() { return *window().findChild<HelpDesk*>(); }
     frmManual& manual() {
@@ -73,7 +81,8 @@ TEST_F(Help, OpensAtThePaneOrTheTaskThatIsInUse) {
                                                          {"showPicture", "preview"}};
     for (const auto& [action, expected] : panes) {
         window().activateWindow();
-        window().findChild<QAction*>(QLatin1String(action))->trigger();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        trigger(action);
         pressF1(window());
         EXPECT_EQ(place(), expected);
     }
@@ -94,10 +103,10 @@ TEST_F(Help, OpensOverAModalDialogAndTakesClicksAndKeysThere) {
     start();
     pressF1(window());
     manual();
-    script.on("frmSettings", [&](QWidget& dialog) {
-        ASSERT_TRUE(dialog.isModal());
+    script.on("frmCapture", [&](QWidget& dialog) {
+        ASSERT_EQ(dialog.windowModality(), Qt::ApplicationModal);
         pressF1(dialog);
-        EXPECT_EQ(place(), "settings");
+        EXPECT_EQ(place(), "capture");
         QCoreApplication::processEvents();
         EXPECT_EQ(manual().windowHandle()->transientParent(), dialog.windowHandle()) << "else it is blocked";
         auto& search = child<QLineEdit>(manual(), "txtSearch");
@@ -105,7 +114,7 @@ TEST_F(Help, OpensOverAModalDialogAndTakesClicksAndKeysThere) {
         EXPECT_GT(child<QListWidget>(manual(), "lstFound").count(), 0);
         dialog.close();
     });
-    window().findChild<QAction*>(QStringLiteral("cmdBrowseSettings"))->trigger();
+    click(window(), "cmdCapture");
     ASSERT_TRUE(waitFor([&] { return script.isDone(); }));
     EXPECT_TRUE(waitFor([&] { return manual().windowHandle()->transientParent() == nullptr; }));
     EXPECT_TRUE(manual().isVisible()) << "it stays when the dialog goes";

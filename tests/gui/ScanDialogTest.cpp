@@ -122,7 +122,7 @@ TEST_F(ScanDialog, PagesOfAFeederGoToTheBasketInTheirOrderAndTheNextDialogRememb
     control<QComboBox>("cboMode").setCurrentIndex(1);
     control<QSlider>("sldBrightness").setValue(130);
     ASSERT_TRUE(QTest::qWaitFor([&] { return givenNumber(scanOption::brightness) == 30; }));
-    EXPECT_FALSE(isEnabled("cmdPreview")) << "it would spend a page of the feeder";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isEnabled("cmdPreview"); })) << "it would spend a page";
     EXPECT_EQ(given(scanOption::mode), ScanValue(QStringLiteral("Gray")));
     acquire();
     ASSERT_TRUE(waitForEnd());
@@ -217,7 +217,7 @@ TEST_F(ScanDialog, TheAreaIsAPaperOrWhatIsDraggedOnThePreview) {
     papers.setCurrentText(QStringLiteral("A5"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return givenNumber(scanOption::bottom) == 210; }));
     EXPECT_EQ(givenNumber(scanOption::right), 148);
-    EXPECT_TRUE(view.selection().band().isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.selection().band().isVisible(); }));
     EXPECT_EQ(label("lblArea"), "148 × 210 mm");
 
     papers.setCurrentIndex(0);
@@ -258,6 +258,34 @@ TEST_F(ScanDialog, AJamIsToldPlainlyAndPagesThatCouldNotBeSavedAreNamed) {
     EXPECT_TRUE(isEnabled("cmdAcquire"));
 }
 
+TEST_F(ScanDialog, AFileThatAppearsAfterTheQuestionIsKeptAndAPageThatEndedEarlyIsTold) {
+    for (const char* kind : {"pages", "document"}) {
+        settings.GenericName = QLatin1String(kind);
+        saveAs(kind);
+        if (!dialog) {
+            scanner.holdsPages = scanner.cutsPages = true;
+            open();
+        }
+        control<QLineEdit>("txtFileName").setText(QLatin1String(kind));
+        child<QAbstractButton>(*dialog, settings.FileOption == 1 ? "optFile_1" : "optFile_0").click();
+        acquire();
+        const int number = scanner.requests.back().firstNumber;
+        const QString file =
+            path(kind) + (settings.FileOption == 1 ? QStringLiteral(".tif")
+                                                   : QString::number(number) + QStringLiteral(".bmp"));
+        writeFileSafely(file, "of another program");
+        desktop.messages.clear();
+        scanner.deliver();
+        scanner.end({ScanEndReason::Done, 1, {}});
+        ASSERT_TRUE(waitForMessage());
+        const QString text = desktop.messages[0].text;
+        EXPECT_TRUE(text.contains(file) && text.contains(QStringLiteral("ended early")))
+            << text.toStdString();
+        EXPECT_EQ(readWholeFile(file), "of another program");
+        EXPECT_TRUE(waitForEnd());
+    }
+}
+
 TEST_F(ScanDialog, ClosedInTheMiddleItStopsTheScannerFirstAndKeepsThePages) {
     scanner.holdsPages = true;
     open();
@@ -290,7 +318,7 @@ TEST_F(ScanDialog, MoreOptionsShowTheOthersAndTheMenuOfTheSizeRepeatsItsChoice) 
     click(*dialog, "cmdMore");
     auto* more = dialog->findChild<QDialog*>(QStringLiteral("frmScanOptions"));
     ASSERT_TRUE(more && more->isVisible());
-    click(*more, "option-invert");
+    child<QAbstractButton>(*more, "option-invert").click();
     ASSERT_TRUE(QTest::qWaitFor([&] { return given(QStringLiteral("invert")) == ScanValue(true); }));
     click(*more, "option-calibrate");
     EXPECT_TRUE(QTest::qWaitFor([&] { return scanner.taken.back().name == QStringLiteral("calibrate"); }));

@@ -45,6 +45,10 @@ void showFaults(const ScanFaults& faults, int pages) {
             reasons << error.description;
     if (!reasons.isEmpty())
         lines << unsavedText(faults.unsaved, reasons.join(QLatin1Char('\n')));
+    for (const int page : faults.cut)
+        lines << QCoreApplication::translate(
+                     "ScanFaultText", "Page %1 ended early: the scanner sent fewer lines than it promised.")
+                     .arg(page);
     if (faults.scanner)
         lines << faults.scanner->description;
     if (faults.scanner && pages > int(faults.unsaved.size()))

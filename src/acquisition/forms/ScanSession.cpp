@@ -135,11 +135,12 @@ void ScanSession::preview() {
         start(true);
 }
 
-bool ScanSession::acquire(const settings::Twain& choice, const QString& temporaryFolder) {
+bool ScanSession::acquire(const settings::Twain& choice, const QString& temporaryFolder,
+                          const std::optional<QStringList>& replaceable) {
     if (m_state != State::Ready || !m_scanner.isOpen())
         return false;
     m_choice = choice;
-    m_pages = std::make_shared<AcquiredPages>(choice, temporaryFolder);
+    m_pages = std::make_shared<AcquiredPages>(choice, temporaryFolder, replaceable);
     m_faults = {};
     m_pagesOfRun = 0;
     if (isDocument(choice))
@@ -161,6 +162,7 @@ void ScanSession::start(bool isPreview) {
         request.save = [pages = m_pages](const ScannedPage& page) { return pages->subAcquirePage(page); };
     m_isStopping = false;
     m_faults.scanner.reset();
+    m_faults.cut.clear();
     m_request = request;
     setState(isPreview ? State::Previewing : State::Scanning);
     startWhenReady();
@@ -180,6 +182,8 @@ void ScanSession::takePage(const ScannedPage& page, const AcquiredFile& file) {
     m_nextNumber = m_scanner.TwainImageCount() + 1;
     if (file.error)
         noteUnsaved(page, *file.error);
+    if (page.isCut)
+        m_faults.cut.push_back(page.number);
     Q_EMIT pageArrived(page, file);
 }
 

@@ -21,9 +21,10 @@ struct ScanFaults {
     bool isPreview = false;                   ///< of an acquisition that was no more than a preview
     std::optional<TrappedError> scanner = {}; ///< that ended it
     std::vector<int> unsaved = {};            ///< numbers of pages
+    std::vector<int> cut = {};                ///< numbers of pages that are lower than promised
     std::vector<TrappedError> errors = {};    ///< why; one of a kind
 
-    bool isEmpty() const { return !scanner && unsaved.empty(); }
+    bool isEmpty() const { return !scanner && unsaved.empty() && cut.empty(); }
 };
 
 /// The course of a scanner dialog without its widgets: finds scanners, opens one, keeps its options in step
@@ -66,9 +67,10 @@ public:
     bool hasPreview() const { return m_options.isFeeder() != true; }
     /// False, with nothing started, when there is no scanner that is ready, or will be as soon as it has
     /// taken the last settings.
-    bool acquire(const settings::Twain& choice, const QString& temporaryFolder);
-    void acquireNext(); ///< page of the document
-    void finish();      ///< there is no next page
+    bool acquire(const settings::Twain& choice, const QString& temporaryFolder,
+                 const std::optional<QStringList>& replaceable = {}); ///< as for AcquiredPages
+    void acquireNext();                                               ///< page of the document
+    void finish();                                                    ///< there is no next page
     /// Pages that have arrived stay. Ends with finished().
     void cancel();
 

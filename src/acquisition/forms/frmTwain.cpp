@@ -335,12 +335,14 @@ void frmTwain::acquireInto(const ScanTarget& target) {
         service<Dialogs>().messageBox(replacingText(target), MessageIcon::Question, MessageButtons::YesNo,
                                       ApplicationName) != MessageAnswer::Yes)
         return;
-    startAcquiring();
+    const bool asks = m_settings.Overwrite == 0;
+    startAcquiring(asks ? std::optional(target.replaced) : std::nullopt);
 }
 
-void frmTwain::startAcquiring() {
+/// What has come to the folder since the user was asked is kept.
+void frmTwain::startAcquiring(const std::optional<QStringList>& replaceable) {
     m_ui->lblState->clear();
-    m_session.acquire(m_settings, m_temporaryFolder);
+    m_session.acquire(m_settings, m_temporaryFolder, replaceable);
 }
 
 void frmTwain::takePreview(const Picture& picture) {

@@ -73,7 +73,7 @@ private:
     void cmdAcquire_Click();
     void checkTarget();
     void acquireInto(const ScanTarget& target);
-    void startAcquiring();
+    void startAcquiring(const std::optional<QStringList>& replaceable = {});
     void takePreview(const Picture& picture);
     void takePage(const ScannedPage& page, const AcquiredFile& file);
     void showProgress(const ScanProgress& progress);

@@ -6,6 +6,7 @@
 #include "imaging/ImageBox.h"
 #include "pixels/ColorReduction.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -40,6 +41,14 @@ ImageBox boxWith(const ScannedPage& page) {
     box.metadata() = MetadataStore(blocks);
     box.ColorFormat = page.colorFormat;
     return box;
+}
+
+/// It came after the user was asked about the files there.
+QString keptText(const QString& path) {
+    return QCoreApplication::translate("AcquiredPages", "%1: another program has made a file of this name, "
+                                                        "which is kept. Choose another name, and scan the "
+                                                        "page again.")
+        .arg(path);
 }
 
 bool saveBox(ImageBox box, const QString& path, OldFile oldFile) {
@@ -80,8 +89,15 @@ bool PagedDocument::add(const ScannedPage& page) {
     return true;
 }
 
-AcquiredPages::AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder) :
-    m_choice(choice), m_temporaryFolder(temporaryFolder), m_document(documentPath(choice), OldFile::Replace) {
+AcquiredPages::AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder,
+                             const std::optional<QStringList>& replaceable) :
+    m_choice(choice),
+    m_temporaryFolder(temporaryFolder), m_replaceable(replaceable),
+    m_document(documentPath(choice), oldFileAt(documentPath(choice))) {}
+
+OldFile AcquiredPages::oldFileAt(const QString& path) const {
+    const bool mayReplace = !m_replaceable || m_replaceable->contains(QFileInfo(path).fileName());
+    return mayReplace ? OldFile::Replace : OldFile::Keep;
 }
 
 AcquiredFile AcquiredPages::subAcquirePage(const ScannedPage& page) {
@@ -92,14 +108,13 @@ AcquiredFile AcquiredPages::subAcquirePage(const ScannedPage& page) {
 }
 
 QString AcquiredPages::saveToFile(const ScannedPage& page) {
-    if (m_choice.FileOption != 0) {
-        m_document.add(page);
-        return documentPath(m_choice);
-    }
+    const bool isDocument = m_choice.FileOption != 0;
     const QString path =
-        inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
-                                      formatAt(singlePages, m_choice.SinglePageFormat));
-    saveScannedPage(page, path, OldFile::Replace);
+        isDocument ? documentPath(m_choice)
+                   : inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
+                                                   formatAt(singlePages, m_choice.SinglePageFormat));
+    if (!(isDocument ? m_document.add(page) : saveScannedPage(page, path, oldFileAt(path))))
+        throw TrappedError{ErrorNumber::PermissionDenied, keptText(path)};
     return path;
 }
 

@@ -4,6 +4,8 @@
 #include "acquisition/scanner/ScannedPage.h"
 #include "configuration/ConfigRecord.h"
 
+#include <QStringList>
+#include <optional>
 #include <span>
 
 namespace tarsel {
@@ -37,20 +39,24 @@ private:
 /// document.
 class AcquiredPages {
 public:
-    /// `temporaryFolder` takes the pages for the basket.
-    AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder);
+    /// `temporaryFolder` takes the pages for the basket. `replaceable` has the names of the files in the
+    /// chosen folder that pages may replace; without it they may replace all.
+    AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder,
+                  const std::optional<QStringList>& replaceable = {});
 
     /// Saves one page by the choice: a temporary TIFF file for the basket, a file of its own, or a page of
-    /// the document. Whether files may be overwritten is not asked: the setting Overwrite is stored and has
-    /// no effect. A failure is in the result.
+    /// the document. The setting Overwrite is stored and has no effect here. A failure is in the result:
+    /// error 70 where a file that must not be replaced has the name.
     AcquiredFile subAcquirePage(const ScannedPage& page);
 
 private:
     QString saveToFile(const ScannedPage& page);
+    OldFile oldFileAt(const QString& path) const;
     QString saveForBasket(const ScannedPage& page) const;
 
     const settings::Twain m_choice;
     const QString m_temporaryFolder;
+    const std::optional<QStringList> m_replaceable;
     PagedDocument m_document;
 };
 

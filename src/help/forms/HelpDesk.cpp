@@ -44,12 +44,13 @@ HelpDesk::HelpDesk(QString folder, QObject* parent) : QObject(parent), m_folder(
 HelpDesk::~HelpDesk() = default;
 
 void HelpDesk::showHere() {
-    const QWidget* here = QApplication::focusWidget();
-    if (!here)
-        here = QApplication::activeWindow();
-    if (m_window && here && here->window() == m_window.get())
-        here = nullptr; // F1 in the manual leads to its start
-    const QString place = helpPlaceFor(here);
+    const QWidget* focused = QApplication::focusWidget();
+    showFor(focused ? focused : QApplication::activeWindow());
+}
+
+void HelpDesk::showFor(const QWidget* widget) {
+    const bool isOwn = m_window && widget && widget->window() == m_window.get();
+    const QString place = helpPlaceFor(isOwn ? nullptr : widget);
     if (!m_window)
         m_window = std::make_unique<frmManual>(Manual::read(m_folder, languagesBeforeEnglish()));
     m_window->showPlace(place);
@@ -71,7 +72,7 @@ bool HelpDesk::eventFilter(QObject* watched, QEvent* event) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier)
         return false;
-    showHere();
+    showFor(static_cast<const QWidget*>(watched));
     return true;
 }
 

@@ -30,6 +30,8 @@ public:
 
     /// At the page of the widget with the focus.
     void showHere();
+    /// At the page of this widget; at the first one where it belongs to the manual.
+    void showFor(const QWidget* widget);
     void close();
     frmManual* window() const { return m_window.get(); } ///< nullptr before it was opened
 
