@@ -443,6 +443,9 @@ QVariant ListView::data(const QModelIndex& index, int role) const {
     const ListRow& shown = row(index.row());
     switch (role) {
     case Qt::DisplayRole:
+        if (index.column() == 0 && m_shownText)
+            return m_shownText(shown.text);
+        [[fallthrough]];
     case Qt::EditRole:
         return index.column() == 0 ? shown.text : shown.subItems.value(index.column() - 1);
     case Qt::DecorationRole:

@@ -121,6 +121,8 @@ public:
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
     void setTextEditable(bool editable) { m_textEditable = editable; }
+    /// What views show of the texts of rows, where those are data with a translation.
+    void setShownText(std::function<QString(const QString&)> shown) { m_shownText = std::move(shown); }
     /// Editing in place keeps the old text where `accepts` returns false for the new one.
     void setTextCheck(std::function<bool(const QString&)> accepts) { m_acceptsText = std::move(accepts); }
 
@@ -153,6 +155,7 @@ private:
     int m_sortColumn = -1;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
     bool m_textEditable = false;
+    std::function<QString(const QString&)> m_shownText;
     std::function<bool(const QString&)> m_acceptsText;
 };
 

@@ -108,14 +108,11 @@ int changeEach(const Arguments& arguments, Terminal& terminal,
 
 // --- get
 
-/// IPTC fields by the labels that `set` takes.
 void printRows(const char* heading, const ListView& rows, Terminal& terminal) {
     for (int i = 0; i < rows.count(); ++i)
         if (const QString value = rows.row(i).subItems.value(0); !value.isEmpty())
-            terminal.result(QStringLiteral("  %1: %2 = %3")
-                                .arg(QLatin1String(heading),
-                                     iptcFieldByLabel(rows.row(i).tag) ? rows.row(i).tag : rows.row(i).text,
-                                     value));
+            terminal.result(
+                QStringLiteral("  %1: %2 = %3").arg(QLatin1String(heading), rows.row(i).text, value));
 }
 
 /// In forms that `set` takes on every system: EXIF's own, and for IPTC that of ISO 8601.
@@ -128,7 +125,7 @@ void showDatesPlainly(const ImageBox& box, ListView& exif, ListView& iptc) {
                     exif.setSubItem(i, 1, ImageBox::ExifDateToText(date));
             });
     for (int i = 0; i < iptc.count(); ++i)
-        if (const IptcField* field = iptcFieldByLabel(iptc.row(i).tag); field->kind == IptcKind::Date)
+        if (const IptcField* field = iptcFieldByLabel(iptc.row(i).text); field->kind == IptcKind::Date)
             if (const QDateTime date = iptcDate(box.metadata(), field->member.toStdString());
                 date != emptyDate())
                 iptc.setSubItem(i, 1, date.date().toString(Qt::ISODate));

@@ -64,8 +64,7 @@ void AddIptcRows(const MetadataStore& metadata, ListView& list, const DateForms&
         if (!field.isListed)
             continue;
         ListRow row;
-        row.text = IptcLabelInWords(field.label);
-        row.tag = field.label;
+        row.text = field.label;
         row.icon = editableIcon;
         row.subItems = {iptcRowText(metadata, field, forms)};
         list.add(row);

@@ -43,9 +43,8 @@ bool ListKeyIsFree(const ListView& list, const QString& key);
 constexpr int editableIcon = 0;
 
 /// Append the rows of the picture in `box` to a list of the columns "Attribute" and "Value", and set the
-/// list's tag to `path`; the caller clears the list. A row's tag is the raw name of the attribute, or the
-/// label of the field; its text is that in the user's language. A failure is trapped; rows added before it
-/// stay.
+/// list's tag to `path`; the caller clears the list. An IPTC row's text is the label of its field, by which
+/// edits find it; views show its translation. A failure is trapped; rows added before it stay.
 void ListExifAttributes(const ImageBox& box, ListView& list, const QString& path);
 void ListIptcAttributes(const ImageBox& box, ListView& list, const QString& path);
 

@@ -191,4 +191,14 @@ TEST_F(Languages, LinesOfMetadataAreChosenByTheirEnglishNames) {
     EXPECT_EQ(chooser.chosen(), metadataLines());
 }
 
+TEST_F(Languages, IptcFieldsAreShownTranslatedAndFoundByTheirEnglishLabels) {
+    const LongLanguage longer;
+    startListing(1);
+    window().preview().ShowRow(listed(), 0);
+    ListView& fields = window().workspace().lvIPTC;
+    ASSERT_TRUE(waitFor([&] { return fields.count() > 0; }));
+    EXPECT_EQ(fields.row(0).text.toStdString(), "Caption");
+    EXPECT_TRUE(fields.index(0, 0).data().toString().contains(LongLanguage::last));
+}
+
 } // namespace tarsel::test

@@ -67,7 +67,7 @@ void showChangedIptc(ListView& lvIPTC, const MetadataStore& before, const Metada
         if (changed.subItem(i, 1) == old.subItem(i, 1))
             continue;
         for (int row = 0; row < lvIPTC.count(); ++row)
-            if (lvIPTC.row(row).tag == changed.row(i).tag)
+            if (lvIPTC.row(row).text == changed.row(i).text)
                 lvIPTC.setSubItem(row, 1, changed.subItem(i, 1));
     }
 }

@@ -167,7 +167,7 @@ void MetadataEditor::showInRow(const QString& name, const QString& value) {
 }
 
 QString MetadataEditor::nameOf(int row) const {
-    return attributeOf(list().row(row));
+    return CurrentMetadataTab == Exif ? attributeOf(m_exif.row(row)) : m_iptc.row(row).text;
 }
 
 // --- edit, add
@@ -296,15 +296,14 @@ void MetadataEditor::deleteIptc() {
     const ListRow row = m_iptc.row(m_iptc.selectedIndex());
     if (row.subItems.value(0).trimmed().isEmpty())
         return;
-    const QString label = attributeOf(row);
-    const bool isList = label == keywords || label == categories;
+    const bool isList = row.text == keywords || row.text == categories;
     const bool isDone = isList ? change([&](const QString& path, ImageBox& box) {
-        modMetadata::ClearIptcList(path, label, box);
+        modMetadata::ClearIptcList(path, row.text, box);
         return true;
     })
-                               : update(true, label, {});
+                               : update(true, row.text, {});
     if (isDone)
-        showInRow(label, {});
+        showInRow(row.text, {});
     else
         inform(tr("Error deleting the attribute!"), MessageIcon::Stop);
 }

@@ -5,6 +5,7 @@
 #include "controls/FocusTabBar.h"
 #include "controls/LineIcon.h"
 #include "controls/ListControl.h"
+#include "metadata/modMetadata.h"
 
 #include <QHBoxLayout>
 #include <QStackedWidget>
@@ -28,6 +29,7 @@ MetadataPane::MetadataPane(ListView& lvExif, ListView& lvIPTC, const ActionTable
     m_iptc(addList(lvIPTC, "lvIPTC", tr("IPTC attributes"))), m_tabs(new FocusTabBar(this)),
     m_pages(new QStackedWidget(this)) {
     setObjectName(QStringLiteral("PicMetadata"));
+    lvIPTC.setShownText(&modMetadata::IptcLabelInWords);
     m_tabs->setObjectName(QStringLiteral("tbsMetadata"));
     m_tabs->setDocumentMode(true);
     m_tabs->setExpanding(false);
