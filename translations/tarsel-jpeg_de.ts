@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>AcquiredPages</name>
+    <message>
+        <source>%1: another program has made a file of this name, which is kept. Choose another name, and scan the page again.</source>
+        <translation>%1: Ein anderes Programm hat eine Datei dieses Namens angelegt, die erhalten bleibt. Wählen Sie einen anderen Namen, und scannen Sie die Seite noch einmal.</translation>
+    </message>
+</context>
+<context>
     <name>AlbumGenerator</name>
     <message>
         <source>Working with - %1</source>
@@ -4609,6 +4616,10 @@ Möchten Sie sie ersetzen?</translation>
 </context>
 <context>
     <name>ScanFaultText</name>
+    <message>
+        <source>Page %1 ended early: the scanner sent fewer lines than it promised.</source>
+        <translation>Seite %1 endete zu früh: der Scanner hat weniger Zeilen geliefert als angekündigt.</translation>
+    </message>
     <message>
         <source>Page %1 was not saved.
 %2</source>

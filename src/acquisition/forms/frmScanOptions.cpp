@@ -9,6 +9,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <algorithm>
+#include <functional>
 
 namespace tarsel {
 
@@ -85,6 +86,9 @@ void frmScanOptions::makeRows(const ScanOptions& options) {
             addRow(*rows, option);
     }
     groups->addStretch(1);
+    const auto last = std::ranges::find_if(m_editors.rbegin(), m_editors.rend(), std::identity());
+    if (last != m_editors.rend())
+        setTabOrder((*last)->control(), m_ui->cmdClose);
     letWheelScroll(*m_ui->options);
     fitToScreen(*this, sizeHint().expandedTo(QSize(60 * fontMetrics().averageCharWidth(), 0)));
 }
