@@ -27,7 +27,8 @@ QString newToken() {
 
 } // namespace
 
-ScreenshotRequest::ScreenshotRequest(bool interactive) : m_bus(QDBusConnection::sessionBus()) {
+ScreenshotRequest::ScreenshotRequest(bool interactive) :
+    m_bus(QDBusConnection::sessionBus()), m_fault(portal) {
     if (!m_bus.isConnected()) {
         m_outcome = Outcome::Unreachable;
         return;
