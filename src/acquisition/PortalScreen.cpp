@@ -81,9 +81,9 @@ public:
                 fail(ErrorNumber::PermissionDenied,
                      Texts::tr("the desktop gave no picture of the screen within two minutes"));
             case ScreenshotRequest::Outcome::Unreachable:
-                fail(ErrorNumber::FileNotFound,
-                     Texts::tr("this desktop has no portal for pictures of the screen (%1)")
-                         .arg(request.fault()));
+                throw TrappedError{ErrorNumber::FileNotFound, // whose own text would tell of a file
+                                   Texts::tr("this desktop has no portal for pictures of the screen (%1)")
+                                       .arg(request.fault())};
             case ScreenshotRequest::Outcome::Refused: // some desktops want to ask
             case ScreenshotRequest::Outcome::Waiting:
                 break;

@@ -28,7 +28,8 @@ QString newToken() {
 
 } // namespace
 
-ScreenshotRequest::ScreenshotRequest(bool interactive) : m_bus(QDBusConnection::sessionBus()) {
+ScreenshotRequest::ScreenshotRequest(bool interactive) :
+    m_bus(QDBusConnection::sessionBus()), m_fault(portal) {
     if (!m_bus.isConnected()) {
         m_fault = m_bus.lastError().message();
         m_outcome = Outcome::Unreachable;

@@ -20,8 +20,9 @@ public:
     /// Lets other events of this thread run until the answer is there, two minutes at most. A stop of the
     /// thread counts as cancelled.
     Outcome wait();
-    const QString& file() const { return m_file; }   ///< of a request that is done
-    const QString& fault() const { return m_fault; } ///< of one that could not be sent
+    const QString& file() const { return m_file; } ///< of a request that is done
+    /// Why it could not be sent; the name of the portal where no reason is known.
+    const QString& fault() const { return m_fault; }
 
 private Q_SLOTS:
     void takeResponse(uint response, const QVariantMap& results);

@@ -28,11 +28,12 @@ X11Connection::X11Connection() {
         return;
     xcb_disconnect(m_connection);
     const QString display = qEnvironmentVariable("DISPLAY");
-    fail(ErrorNumber::FileNotFound,
-         display.isEmpty()
-             ? QCoreApplication::translate("ScreenCapture", "no X server is set in DISPLAY")
-             : QCoreApplication::translate("ScreenCapture", "the X server \"%1\" can't be reached")
-                   .arg(display));
+    throw TrappedError{
+        ErrorNumber::FileNotFound, // whose own text would tell of a file
+        display.isEmpty()
+            ? QCoreApplication::translate("ScreenCapture", "no X server is set in DISPLAY")
+            : QCoreApplication::translate("ScreenCapture", "the X server \"%1\" can't be reached")
+                  .arg(display)};
 }
 
 X11Connection::~X11Connection() {

@@ -146,8 +146,11 @@ int scanPages(ScannerProcess& scanner, const Arguments& arguments, Terminal& ter
         terminal.removeBar();
         if (end.error)
             throw *end.error;
-        if (end.reason == ScanEndReason::Cancelled)
+        if (end.reason == ScanEndReason::Cancelled) {
+            if (!stop.stop_requested()) // but at the device
+                failScanning(ScannerFault::Cancelled, scanner.device());
             break;
+        }
     }
     return exitStatus(isAllSaved);
 }

@@ -133,6 +133,7 @@ TEST_F(PortalScreen, WhatKeepsThePictureAwayIsSaid) {
     const auto is = [](const TrappedError& error, qint32 number, const QString& text) {
         EXPECT_EQ(error.number, number);
         EXPECT_TRUE(error.description.contains(text)) << error.description.toStdString();
+        EXPECT_FALSE(error.description.contains(u"()")) << error.description.toStdString();
     };
     is(errorWith({cancelled}), ErrorNumber::Interrupted, QStringLiteral("was not allowed"));
     is(errorWith({refused, refused}), ErrorNumber::PermissionDenied, QStringLiteral("the desktop refused"));

@@ -94,6 +94,14 @@ TEST_F(ScanCommand, RefusesWhatItCantDoBeforeItScans) {
     EXPECT_EQ(files("pages"), "");
 }
 
+TEST_F(ScanCommand, FailsWhereThePageIsCancelledAtTheDevice) {
+    const ProgramRun run = scan("--device test:0 --out pages/a.tif --set enable-test-options=yes --set "
+                                "read-return-value=SANE_STATUS_CANCELLED");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.messages.contains("test:0: scanning was cancelled.")) << run.messages.constData();
+    EXPECT_EQ(files("pages"), "");
+}
+
 TEST_F(ScanCommand, KeepsThePagesBeforeAnInterrupt) {
     const ProgramRun run = runShell(
         "SANE_CONFIG_DIR=\"$PWD/sane\" \"$TARSEL\" scan --device test:0 --resolution 200 --multi --out "

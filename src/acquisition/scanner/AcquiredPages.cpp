@@ -118,14 +118,15 @@ QString AcquiredPages::saveToFile(const ScannedPage& page) {
     return path;
 }
 
-/// The picture of another row must never be written over: the number is drawn again where a file has it.
+/// The picture of another row must never be written over: the number counts on where a file has it. A
+/// dangling link takes a name too.
 QString AcquiredPages::saveForBasket(const ScannedPage& page) const {
     constexpr int numbers = 9999;
     QDir().mkpath(m_temporaryFolder);
-    for (;;) {
-        const int random = int(QRandomGenerator::global()->generateDouble() * numbers);
-        QString path = inFolder(m_temporaryFolder, QStringLiteral("%1_%2.tif").arg(page.number).arg(random));
-        if (saveScannedPage(page, path, OldFile::Keep))
+    for (int number = int(QRandomGenerator::global()->generateDouble() * numbers);; ++number) {
+        QString path = inFolder(m_temporaryFolder, QStringLiteral("%1_%2.tif").arg(page.number).arg(number));
+        const QFileInfo taken(path);
+        if (!taken.exists() && !taken.isSymLink() && saveScannedPage(page, path, OldFile::Keep))
             return path;
     }
 }

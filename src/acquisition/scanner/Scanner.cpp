@@ -5,17 +5,60 @@
 #include "base/FailureOf.h"
 #include "base/IgnoringErrors.h"
 
+#include <QCoreApplication>
 #include <condition_variable>
 #include <deque>
+#include <future>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace tarsel {
 
-/// The thread on which the process is used.
+namespace {
+
+/// The ends of scanners that are gone: a driver can take seconds for its own, for which no window waits. The
+/// program does, so that a page is saved to its end, and no process stays.
+class ScannerEnds {
+public:
+    using Ends = std::vector<std::shared_future<void>>;
+
+    static ScannerEnds& all() {
+        static ScannerEnds ends;
+        return ends;
+    }
+
+    void add(std::shared_future<void> end) {
+        const std::lock_guard lock(m_mutex);
+        std::erase_if(m_ends, [](const std::shared_future<void>& each) {
+            return each.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+        });
+        m_ends.push_back(std::move(end));
+    }
+    Ends current() {
+        const std::lock_guard lock(m_mutex);
+        return m_ends;
+    }
+    static void wait(const Ends& ends) {
+        for (const std::shared_future<void>& end : ends)
+            end.wait();
+    }
+
+private:
+    ScannerEnds() {
+        qAddPostRoutine([] { wait(all().current()); });
+    }
+
+    std::mutex m_mutex;
+    Ends m_ends;
+};
+
+} // namespace
+
+/// The thread on which the process is used. Its destructor waits for the end of both.
 class Scanner::Worker {
 public:
-    explicit Worker(Scanner& scanner) : m_scanner(scanner) {}
+    explicit Worker(Scanner& scanner) : m_scanner(&scanner) {}
     ~Worker() {
         cancel();
         m_thread.request_stop();
@@ -39,9 +82,22 @@ public:
         m_running.request_stop();
     }
 
-    /// Runs `deliver` on the scanner's thread. From this one.
-    void deliver(std::function<void()> deliver) const {
-        QMetaObject::invokeMethod(&m_scanner, std::move(deliver), Qt::QueuedConnection);
+    /// Runs `deliver` on the scanner's thread, while there is one. From this one.
+    void deliver(std::function<void()> deliver) {
+        const std::lock_guard lock(m_receiving);
+        if (m_scanner)
+            QMetaObject::invokeMethod(m_scanner, std::move(deliver), Qt::QueuedConnection);
+    }
+
+    /// Nothing more is delivered. Ends on a thread of its own.
+    static void leave(std::unique_ptr<Worker> worker) {
+        {
+            const std::lock_guard lock(worker->m_receiving);
+            worker->m_scanner = nullptr;
+        }
+        worker->cancel();
+        ScannerEnds::all().add(
+            std::async(std::launch::async, [worker = std::move(worker)]() mutable { worker.reset(); }));
     }
 
 private:
@@ -51,6 +107,7 @@ private:
     };
 
     void run(const std::stop_token& end) {
+        ScannerEnds::wait(std::exchange(m_earlier, {}));
         ScannerProcess process;
         std::unique_lock lock(m_mutex);
         while (m_changed.wait(lock, end, [this] { return !m_calls.empty(); })) {
@@ -63,7 +120,9 @@ private:
         }
     }
 
-    Scanner& m_scanner;
+    std::mutex m_receiving;
+    Scanner* m_scanner;
+    ScannerEnds::Ends m_earlier = ScannerEnds::all().current(); ///< which may still have the device open
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
     std::deque<Waiting> m_calls;
@@ -73,15 +132,18 @@ private:
 
 Scanner::Scanner(QObject* parent) : QObject(parent), m_worker(std::make_unique<Worker>(*this)) {}
 
-Scanner::~Scanner() = default;
+Scanner::~Scanner() {
+    ignoringErrors([this] { Worker::leave(std::move(m_worker)); });
+}
 
 /// Makes the call on the worker's thread, then the answer that it returns, or failed, on this one.
 void Scanner::call(std::function<Answer(ScannerProcess&, const std::stop_token&)> work) {
     ++m_pending;
-    m_worker->add([this, work = std::move(work)](ScannerProcess& process, const std::stop_token& stop) {
+    m_worker->add([this, worker = m_worker.get(), work = std::move(work)](ScannerProcess& process,
+                                                                          const std::stop_token& stop) {
         Answer answer;
         const auto error = failureOf([&] { answer = work(process, stop); });
-        m_worker->deliver([this, answer, error, isOpen = process.isOpen()] {
+        worker->deliver([this, answer, error, isOpen = process.isOpen()] {
             --m_pending;
             m_isOpen = isOpen;
             error ? Q_EMIT failed(*error) : answer();
@@ -117,19 +179,21 @@ void Scanner::setOptions(const std::vector<ScanSetting>& settings) {
 }
 
 void Scanner::TwainAcquire(const ScanRequest& request) {
-    call([this, request](ScannerProcess& process, const std::stop_token& stop) {
+    call([this, worker = m_worker.get(), request](ScannerProcess& process, const std::stop_token& stop) {
         if (request.firstNumber == 1 && !request.isPreview)
-            m_worker->deliver([this] { m_imageCount = 0; });
-        const ScanListeners listeners{
-            .progress =
-                [this](const ScanProgress& now) { m_worker->deliver([this, now] { Q_EMIT progress(now); }); },
-            .pageArrived =
-                [this, isCounted = !request.isPreview](const ScannedPage& page, const AcquiredFile& file) {
-                    m_worker->deliver([=, this] {
-                        m_imageCount = isCounted ? page.number : m_imageCount;
-                        Q_EMIT pageArrived(page, file);
-                    });
-                }};
+            worker->deliver([this] { m_imageCount = 0; });
+        const ScanListeners listeners{.progress =
+                                          [=, this](const ScanProgress& now) {
+                                              worker->deliver([this, now] { Q_EMIT progress(now); });
+                                          },
+                                      .pageArrived =
+                                          [this, worker, isCounted = !request.isPreview](
+                                              const ScannedPage& page, const AcquiredFile& file) {
+                                              worker->deliver([=, this] {
+                                                  m_imageCount = isCounted ? page.number : m_imageCount;
+                                                  Q_EMIT pageArrived(page, file);
+                                              });
+                                          }};
         const ScanEnd end = process.acquire(request, listeners, stop);
         return [this, end] { Q_EMIT finished(end); };
     });

@@ -25,7 +25,8 @@ class Scanner : public QObject {
 
 public:
     explicit Scanner(QObject* parent = nullptr);
-    /// Ends the process. A page that is being saved is waited for.
+    /// Returns at once. What runs is cancelled, but for a page that is being saved, and the process ended, on
+    /// another thread; the next scanner, and the end of the program, wait for that.
     ~Scanner() override;
 
     /// Searches again, every time; the search on a network can take seconds. Closes the device.

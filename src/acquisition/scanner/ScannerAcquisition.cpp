@@ -184,6 +184,8 @@ bool ScannerProcess::readFrame(PageAssembly& page, const std::function<void()>& 
                 return false;
             if (const auto fault = faultOfStatus(reply.status))
                 failScanning(*fault, m_device);
+            if (!isBegun) // it would be asked for again and again
+                failScanning(ScannerFault::EmptyPage, m_device);
             page.end();
             return true;
         }

@@ -124,12 +124,15 @@ std::vector<RoundedSetting> ScannerProcess::set(const std::vector<ScanSetting>& 
                                                 const std::stop_token& stop) {
     requireOpen();
     std::vector<RoundedSetting> all;
+    bool hasSet = false;
     const auto error = failureOf([&] {
-        for (const ScanSetting& setting : settings)
+        for (const ScanSetting& setting : settings) {
             if (const std::optional<RoundedSetting> rounded = setOne(setting, stop))
                 all.push_back(*rounded);
+            hasSet = true;
+        }
     });
-    if (isOpen()) // what was set before a stop counts
+    if (isOpen() && (hasSet || !stop.stop_requested())) // what was set before a stop counts
         readOptions(stop.stop_requested() ? std::stop_token() : stop);
     if (error)
         throw *error;

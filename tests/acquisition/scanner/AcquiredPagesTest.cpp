@@ -79,6 +79,18 @@ TEST_F(AcquiredPagesTest, PutsPagesForTheBasketIntoNewTemporaryFiles) {
     }
 }
 
+TEST_F(AcquiredPagesTest, CountsOnWhereAllNamesForTheBasketAreTaken) {
+    ASSERT_TRUE(QDir().mkpath(path("temp")));
+    for (int number = 0; number < 9999; ++number) {
+        QFile taken(folder.filePath(QStringLiteral("temp/1_%1.tif").arg(number)));
+        ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    }
+    AcquiredPages basket = pages(Basket);
+    const AcquiredFile file = basket.subAcquirePage(pageOf(1));
+    EXPECT_EQ(failureOf(file), "");
+    EXPECT_EQ(file.path, path("temp/1_9999.tif"));
+}
+
 TEST_F(AcquiredPagesTest, NumbersSinglePagesInFrontOfTheExtension) {
     const char* expected[] = {"bmp", "jpg", "tif", "pdf", "psd", "gif"};
     for (int format = 0; format < int(singlePageFormats().size()); ++format) {

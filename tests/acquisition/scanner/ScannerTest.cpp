@@ -3,12 +3,42 @@
 #include "tests/acquisition/scanner/TestScanner.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QSet>
+#include <csignal>
+#include <functional>
+#include <unistd.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
 
 namespace {
+
+/// The processes that threads of this one have started.
+QSet<pid_t> children() {
+    QSet<pid_t> found;
+    const QDir threads(QStringLiteral("/proc/self/task"));
+    for (const QString& thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile file(threads.filePath(thread) + QStringLiteral("/children"));
+        if (file.open(QIODevice::ReadOnly))
+            for (const QByteArray& number : file.readAll().simplified().split(' '))
+                if (!number.isEmpty())
+                    found << number.toInt();
+    }
+    return found;
+}
+
+bool comesTrue(const std::function<bool()>& condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition() && timer.elapsed() < 20000) {
+        QCoreApplication::processEvents();
+        ::usleep(10000);
+    }
+    return condition();
+}
 
 /// Writes down what a scanner says.
 class ScannerTest : public testing::Test {
@@ -103,13 +133,22 @@ TEST_F(ScannerTest, CancelsWhatRunsAndWhatWaits) {
     EXPECT_TRUE(scanner.isOpen());
 }
 
-TEST_F(ScannerTest, GoesInTheMiddleOfAPage) {
+TEST_F(ScannerTest, GoesAtOnceWhileItsProcessHangs) {
+    const QSet<pid_t> before = children();
     auto other = std::make_unique<Scanner>();
+    bool isOpened = false;
+    QObject::connect(other.get(), &Scanner::opened, [&] { isOpened = true; });
     other->open(QStringLiteral("test:1"));
+    ASSERT_TRUE(comesTrue([&] { return isOpened; }));
+    const QSet<pid_t> started = children() - before;
+    ASSERT_EQ(started.size(), 1);
+    const pid_t process = *started.begin();
+    ::kill(process, SIGSTOP);
     other->setOption(scanOption::resolution, 1200.0);
     other->TwainAcquire({});
     QElapsedTimer timer;
     timer.start();
     other.reset();
-    EXPECT_LT(timer.elapsed(), 6000);
+    EXPECT_LT(timer.elapsed(), 500);
+    EXPECT_TRUE(comesTrue([&] { return !children().contains(process); })) << "but not forgotten";
 }
