@@ -82,6 +82,8 @@ bool PagedDocument::add(const ScannedPage& page) {
         m_lacksFirstPage = !saveBox(std::move(box), m_path, m_oldFile);
         return !m_lacksFirstPage;
     }
+    if (!QFileInfo::exists(m_path)) // appending would begin a document without the pages before
+        fail(ErrorNumber::FileNotFound, m_path);
     if (QFileInfo(m_path).suffix().compare(u"pdf", Qt::CaseInsensitive) == 0)
         box.AddPagePdf(m_path, {}, 0);
     else

@@ -26,7 +26,7 @@ public:
     PagedDocument(const QString& path, OldFile oldFile) : m_path(path), m_oldFile(oldFile) {}
     /// Page 1 begins the document, the others are appended. When page 1 could not be saved, the first page
     /// that can be takes its place. False when it would begin where an older file is to be kept. A failure
-    /// leaves the file as it was.
+    /// leaves the file as it was; error 53 where the document of the pages before is gone.
     bool add(const ScannedPage& page);
 
 private:

@@ -40,6 +40,12 @@ double numberOfWord(ScanOptionType type, std::int32_t word) {
     return type == ScanOptionType::Fixed ? word / fixedScale : word;
 }
 
+/// A driver can send a constraint of another kind than its option's values; such a one is dropped.
+bool fits(std::int32_t constraint, ScanOptionType type) {
+    const bool isNumber = type == ScanOptionType::Int || type == ScanOptionType::Fixed;
+    return constraint == StringListConstraint ? type == ScanOptionType::String : isNumber;
+}
+
 void unpackConstraint(PackedReader& reader, ScanOption& option) {
     const std::int32_t kind = reader.number();
     if (kind == RangeConstraint) {
@@ -48,7 +54,7 @@ void unpackConstraint(PackedReader& reader, ScanOption& option) {
         range.minimum = number();
         range.maximum = number();
         range.step = number();
-        if (range.minimum <= range.maximum)
+        if (fits(kind, option.type) && range.minimum <= range.maximum)
             option.range = range;
         return;
     }
@@ -62,6 +68,10 @@ void unpackConstraint(PackedReader& reader, ScanOption& option) {
             option.choices.emplace_back(exactTextOf(reader));
             option.choiceTexts << textOf(reader);
         }
+    }
+    if (!fits(kind, option.type)) {
+        option.choices.clear();
+        option.choiceTexts.clear();
     }
 }
 

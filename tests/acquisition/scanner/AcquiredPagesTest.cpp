@@ -169,6 +169,19 @@ TEST_F(AcquiredPagesTest, KeepsTheDocumentWhenAPageFails) {
     EXPECT_EQ(pageCount(document), 2);
 }
 
+TEST_F(AcquiredPagesTest, TellsOfADocumentThatIsGone) {
+    for (const int format : {0, 1}) {
+        AcquiredPages multi = pages(Document, format);
+        const AcquiredFile first = multi.subAcquirePage(pageOf(1));
+        ASSERT_EQ(failureOf(first), "");
+        ASSERT_TRUE(QFile::remove(first.path));
+        const AcquiredFile second = multi.subAcquirePage(pageOf(2));
+        ASSERT_TRUE(second.error);
+        EXPECT_EQ(second.error->number, ErrorNumber::FileNotFound);
+        EXPECT_EQ(files(folder.path()), "");
+    }
+}
+
 TEST_F(AcquiredPagesTest, KeepsOlderFilesWhereThatIsWanted) {
     const QString file = path("page.tif");
     EXPECT_TRUE(saveScannedPage(pageOf(1), file, OldFile::Keep));

@@ -96,6 +96,27 @@ TEST(ScanOption, KnowsFeedersAndBothSides) {
     EXPECT_EQ(options.duplexValue(false), ScanValue(QStringLiteral("Simplex")));
 }
 
+TEST(ScanOption, DropsChoicesOfAnotherKindThanTheValues) {
+    constexpr int wordList = 2, textList = 3;
+    for (const ScanOptionType type : {ScanOptionType::String, ScanOptionType::Int}) {
+        const bool isText = type == ScanOptionType::String;
+        PackedWriter packed;
+        for (const char* text : {"mode", "Mode", ""})
+            packed.text(text);
+        for (const int number : {int(type), 0, 1, 1, isText ? wordList : textList, 1})
+            packed.number(number);
+        isText ? packed.number(7) : packed.text("Gray");
+        packed.number(0); // no value
+        const auto options = unpackOptions(packed.bytes());
+        ASSERT_TRUE(options);
+        ASSERT_EQ(options->all().size(), 1U);
+        EXPECT_TRUE(options->all()[0].choices.empty());
+        EXPECT_TRUE(options->all()[0].choiceTexts.isEmpty());
+        EXPECT_TRUE(
+            scanValueFromText(options->all()[0], isText ? QStringLiteral("Gray") : QStringLiteral("7")));
+    }
+}
+
 TEST(ScanOption, RefusesAnswersThatAreCutAnywhere) {
     PackedWriter packed;
     for (const char* text : {"mode", "Scan mode", "Selects\na mode"})
