@@ -6286,12 +6286,16 @@ Möchten Sie fortfahren?</translation>
 <context>
     <name>tarsel::NoticeBar</name>
     <message>
-        <source>Got &amp;it</source>
-        <translation>&amp;Ja, verstanden</translation>
-    </message>
-    <message>
         <source>Close the notice</source>
         <translation>Den Hinweis schließen</translation>
+    </message>
+    <message>
+        <source>Got it</source>
+        <translation>Verstanden</translation>
+    </message>
+    <message>
+        <source>Close the notice (%1)</source>
+        <translation>Den Hinweis schließen (%1)</translation>
     </message>
 </context>
 <context>
@@ -6569,6 +6573,13 @@ Möchten Sie die Seiten als PDF-Dokument speichern?</translation>
     <message>
         <source> µs</source>
         <translation> µs</translation>
+    </message>
+</context>
+<context>
+    <name>tarsel::ScreenshotRequest</name>
+    <message>
+        <source>the portal has ended</source>
+        <translation>das Portal hat sich beendet</translation>
     </message>
 </context>
 <context>
