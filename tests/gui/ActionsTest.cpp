@@ -29,7 +29,8 @@ TEST(MainActions, AreListedWithTheirShortcutsInTheKeyboardPage) {
     QString rows = QStringLiteral("|---|---|\n");
     for (const auto& [text, keys] : table.shortcuts())
         rows += QStringLiteral("| %1 | %2 |\n").arg(text, keys.toString(QKeySequence::PortableText));
-    const QString page = QString::fromUtf8(readWholeFile(QStringLiteral(TARSEL_ROOT "/docs/manual/keyboard.md")));
+    const QString page =
+        QString::fromUtf8(readWholeFile(QStringLiteral(TARSEL_ROOT "/docs/manual/keyboard.md")));
     EXPECT_TRUE(page.contains(rows + QLatin1Char('\n'))) << rows.toStdString();
     EXPECT_EQ(table.action("cmdRefreshFolder").toolTip().toStdString(), "List the folder again (F5)");
 }

@@ -19,11 +19,14 @@ void expectBottomRowLast(QWidget& form) {
     for (const char* name : {"cmdCancel", "cmdExit", "cmdClose"})
         lowest = lowest ? lowest : form.findChild<QPushButton*>(QLatin1String(name));
     bool reached = false;
+    QString previous;
     for (QWidget* next = form.nextInFocusChain(); lowest && next != &form; next = next->nextInFocusChain()) {
         if (!next->isVisible() || !(next->focusPolicy() & Qt::TabFocus) || next->window() != &form)
             continue;
         const bool below = next->mapTo(&form, QPoint()).y() >= lowest->y();
-        EXPECT_TRUE(below || !reached) << next->objectName().toStdString();
+        EXPECT_TRUE(below || !reached)
+            << next->objectName().toStdString() << " after " << previous.toStdString();
+        previous = next->objectName();
         reached = below;
     }
 }

@@ -20,6 +20,7 @@
 #include <QRadioButton>
 #include <QStandardPaths>
 #include <QTest>
+#include <optional>
 
 namespace tarsel::test {
 
@@ -33,7 +34,7 @@ protected:
         if (QStandardPaths::findExecutable(QStringLiteral("openbox")).isEmpty())
             GTEST_SKIP() << "needs a window manager: openbox";
         manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-        ASSERT_TRUE(waitFor([this] { return !x11.rootProperty("_NET_SUPPORTING_WM_CHECK").empty(); }));
+        ASSERT_TRUE(waitFor([this] { return !x11().rootProperty("_NET_SUPPORTING_WM_CHECK").empty(); }));
         start();
         ConfigRecord.CaptureFolder = path("captured") + QLatin1Char('/');
         QDir().mkpath(path("captured"));
@@ -79,7 +80,7 @@ protected:
     /// To the server: a window that its manager has minimised is visible to Qt.
     bool isOnScreen(const QWidget& widget) const {
         const auto reply = owned(xcb_get_window_attributes_reply(
-            x11.get(), xcb_get_window_attributes(x11.get(), xcb_window_t(widget.winId())), nullptr));
+            x11().get(), xcb_get_window_attributes(x11().get(), xcb_window_t(widget.winId())), nullptr));
         return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
     }
     static bool waitForManaged(const ShownPicture& shown) {
@@ -87,7 +88,13 @@ protected:
     }
     QStringList files() const { return QDir(path("captured")).entryList(QDir::Files); }
 
-    X11Connection x11;
+    /// Only where there is a screen.
+    const X11Connection& x11() const {
+        if (!m_x11)
+            m_x11.emplace();
+        return *m_x11;
+    }
+    mutable std::optional<X11Connection> m_x11;
     QProcess manager;
     const Picture card = noisePicture(203, 151, 3, 7);
     const QPoint above{431, 300};
@@ -100,9 +107,9 @@ TEST_F(RealCapture, EachKindHasThePixelsOfTheScreenAndTheWindowIsBackAsItWas) {
     int captures = 0;
     for (const bool maximised : {false, true}) {
         maximised ? window().showMaximized() : window().showNormal();
-        const ShownPicture managed(x11, card, {900, 700}, ShownPicture::Kind::Managed);
+        const ShownPicture managed(x11(), card, {900, 700}, ShownPicture::Kind::Managed);
         ASSERT_TRUE(waitForManaged(managed));
-        const ShownPicture fixed(x11, card, above);
+        const ShownPicture fixed(x11(), card, above);
         window().raise();
         ASSERT_TRUE(
             waitFor([&] { return window().isMaximized() == maximised && window().isActiveWindow(); }));
@@ -137,7 +144,7 @@ TEST_F(RealCapture, EachKindHasThePixelsOfTheScreenAndTheWindowIsBackAsItWas) {
 
 TEST_F(RealCapture, ARegionHasThePixelsBetweenTheEndsOfTheDragAlsoOverTwoMonitors) {
     window().showMaximized();
-    const ShownPicture managed(x11, card, {900, 700}, ShownPicture::Kind::Managed);
+    const ShownPicture managed(x11(), card, {900, 700}, ShownPicture::Kind::Managed);
     ASSERT_TRUE(waitForManaged(managed));
     int captures = 0;
     for (const bool twoMonitors : {false, true}) {
@@ -146,7 +153,7 @@ TEST_F(RealCapture, ARegionHasThePixelsBetweenTheEndsOfTheDragAlsoOverTwoMonitor
             xrandr("--setmonitor right 900/250x1000/300+500+0 none");
         }
         for (const CaptureKind kind : {CaptureKind::Foreground, CaptureKind::Desktop}) {
-            auto fixed = std::make_unique<ShownPicture>(x11, card, above);
+            auto fixed = std::make_unique<ShownPicture>(x11(), card, above);
             capture(kind, "CmdCustom");
             ASSERT_TRUE(
                 waitFor([] { return qobject_cast<CapturePane*>(QApplication::activeWindow()) != nullptr; }));

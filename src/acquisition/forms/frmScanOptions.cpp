@@ -9,7 +9,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <algorithm>
-#include <functional>
 
 namespace tarsel {
 
@@ -86,11 +85,11 @@ void frmScanOptions::makeRows(const ScanOptions& options) {
             addRow(*rows, option);
     }
     groups->addStretch(1);
-    const auto last = std::ranges::find_if(m_editors.rbegin(), m_editors.rend(), std::identity());
-    if (last != m_editors.rend())
-        setTabOrder((*last)->control(), m_ui->cmdClose);
     letWheelScroll(*m_ui->options);
     fitToScreen(*this, sizeHint().expandedTo(QSize(60 * fontMetrics().averageCharWidth(), 0)));
+    // A control that gets its parent anew is the last one that Tab reaches.
+    m_ui->cmdClose->setParent(nullptr);
+    m_ui->buttons->addWidget(m_ui->cmdClose);
 }
 
 void frmScanOptions::addRow(QFormLayout& rows, const ScanOption& option) {

@@ -105,7 +105,11 @@ TEST(ScanOption, DropsChoicesOfAnotherKindThanTheValues) {
             packed.text(text);
         for (const int number : {int(type), 0, 1, 1, isText ? wordList : textList, 1})
             packed.number(number);
-        isText ? packed.number(7) : packed.text("Gray");
+        if (isText)
+            packed.number(7);
+        else
+            for (int form = 0; form < 2; ++form) // as the driver has it, and to be read
+                packed.text("Gray");
         packed.number(0); // no value
         const auto options = unpackOptions(packed.bytes());
         ASSERT_TRUE(options);
