@@ -30,7 +30,8 @@ void keepMetadataSegments(jpeg_decompress_struct& jpeg);
 
 /// The metadata in the segments kept: EXIF and XMP from APP1, image resources from all APP13 together, the
 /// profile from the numbered chunks of APP2, comments, and the makers' segments that describe the shot. A set
-/// of chunks with a missing part is ignored. docs/manual/metadata.md lists what is carried and what is left out.
+/// of chunks with a missing part is ignored. docs/manual/metadata.md lists what is carried and what is left
+/// out.
 EmbeddedMetadata metadataOfSegments(const jpeg_decompress_struct& jpeg);
 
 /// Whether the file has a list of further pictures that follow the first.

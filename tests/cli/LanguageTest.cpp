@@ -75,7 +75,8 @@ TEST_F(GermanProgram, SpeaksGermanToAGermanUserAndEnglishToScripts) {
     const QByteArray plainLocale = "LANG=de_DE.ISO-8859-1 \"$TARSEL\" --help";
     EXPECT_TRUE(contains(runShell(plainLocale.constData(), folder.path()).output, "Befehle:"));
     EXPECT_TRUE(contains(runIn("en:de", folder, text("--help")).output, "Commands:"));
-    EXPECT_TRUE(contains(runIn("de", folder, text("batch --out new a.jpg gone.jpg")).messages, "geschrieben"));
+    EXPECT_TRUE(
+        contains(runIn("de", folder, text("batch --out new a.jpg gone.jpg")).messages, "geschrieben"));
     const QString words = text("info --json a.jpg gone.jpg");
     EXPECT_EQ(runIn("de", folder, words).output, runIn("en", folder, words).output);
 }

@@ -87,7 +87,7 @@ void frmScanOptions::makeRows(const ScanOptions& options) {
     groups->addStretch(1);
     letWheelScroll(*m_ui->options);
     fitToScreen(*this, sizeHint().expandedTo(QSize(60 * fontMetrics().averageCharWidth(), 0)));
-    // A control that gets its parent anew is the last one that Tab reaches.
+    // The control that got its parent last is the last one that Tab reaches.
     m_ui->cmdClose->setParent(nullptr);
     m_ui->buttons->addWidget(m_ui->cmdClose);
 }
