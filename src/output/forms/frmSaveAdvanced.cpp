@@ -195,8 +195,11 @@ bool frmSaveAdvanced::hasStoredSize() const {
 
 /// The stored size is in twips. Where none was stored yet, the contents have the size that they ask for.
 void frmSaveAdvanced::restoreSize() {
-    const auto pixels = [this](int across, int down) {
-        return QSize(int(across * logicalDpiX() / twipsInInch), int(down * logicalDpiY() / twipsInInch));
+    const auto length = [](int twips, int dpi) {
+        return int(std::clamp(double(twips) * dpi / twipsInInch, 0.0, double(QWIDGETSIZE_MAX)));
+    };
+    const auto pixels = [&](int across, int down) {
+        return QSize(length(across, logicalDpiX()), length(down, logicalDpiY()));
     };
     const QSize least =
         pixels(leastTwips.width(), leastTwips.height()).boundedTo(screen()->availableSize() * 0.9);
