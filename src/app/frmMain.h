@@ -216,7 +216,7 @@ private:
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open
     ScanMemory m_scanMemory;
-    QStringList m_waitingPages; ///< of the scanner, for the basket
+    QStringList m_waitingPages; ///< of scanner and screen, for the basket
     bool m_addsPages = false;   ///< those that wait, at this moment
     std::unique_ptr<GreetingMaker> m_greetings;
     HelpDesk* m_help = nullptr;

@@ -7,7 +7,6 @@
 #include "configuration/ConfigRecord.h"
 
 #include <QDir>
-#include <QTimer>
 #include <utility>
 
 namespace tarsel {
@@ -40,20 +39,14 @@ void frmMain::subAddCapturedItem(const Picture& picture) {
         box.setPictureHandle(picture);
         const auto failure = failureOf([&] { box.SaveToFile(path); });
         QMetaObject::invokeMethod(
-            this, [=, this] { failure ? m_unsavedCaptures.push_back(box) : showCaptured(path); },
+            this, [=, this] { failure ? m_unsavedCaptures.push_back(box) : subAddItemFromTwain(path); },
             Qt::QueuedConnection);
         if (failure)
             throw *failure;
     });
 }
 
-/// A list in work gets the row afterwards.
 void frmMain::showCaptured(const QString& path) {
-    if (isRunning()) {
-        constexpr int pause = 500;
-        QTimer::singleShot(pause, this, [this, path] { showCaptured(path); });
-        return;
-    }
     ListView& pages = m_workspace.lvPages;
     const int rows = pages.count();
     m_basket.subAddEntryToListView(path);

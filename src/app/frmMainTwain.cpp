@@ -34,6 +34,7 @@ void frmMain::cmdTwainAcquire_Click() {
     m_twain->activateWindow();
 }
 
+/// Of captures too.
 void frmMain::subAddItemFromTwain(const QString& path) {
     m_waitingPages << path;
     addWaitingPages();

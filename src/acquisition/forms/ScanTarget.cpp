@@ -10,14 +10,9 @@ namespace tarsel {
 
 namespace {
 
-QString extensionOf(std::span<const char* const> formats, int index) {
-    const bool isThere = index >= 0 && index < int(formats.size());
-    return QString::fromLatin1(formats[isThere ? std::size_t(index) : 0]).toLower();
-}
-
 /// How many pages a feeder holds is not known: every later number counts.
 QStringList numberedFiles(const QDir& folder, const settings::Twain& choice, int firstNumber) {
-    const QString extension = extensionOf(singlePageFormats(), choice.SinglePageFormat);
+    const QString extension = singlePageExtension(choice);
     const QRegularExpression numbered(
         QStringLiteral("^%1([0-9]+)\\.%2$").arg(QRegularExpression::escape(choice.GenericName), extension));
     QStringList found;
@@ -34,8 +29,7 @@ QStringList numberedFiles(const QDir& folder, const settings::Twain& choice, int
 ScanTarget scanTarget(const settings::Twain& choice, int firstNumber) {
     const QDir folder(choice.Folder);
     ScanTarget target{choice.Folder, folder.exists(), {}};
-    const QString document =
-        choice.GenericName + QLatin1Char('.') + extensionOf(multiPageFormats(), choice.MultiPageFormat);
+    const QString document = documentName(choice);
     if (choice.FileOption == 0)
         target.replaced = numberedFiles(folder, choice, firstNumber);
     else if (folder.exists(document))

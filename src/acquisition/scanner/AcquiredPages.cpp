@@ -19,7 +19,6 @@ namespace {
 constexpr const char* singlePages[] = {"BMP", "JPG", "TIF", "PDF", "PSD", "GIF"};
 constexpr const char* multiPages[] = {"TIF", "PDF"};
 
-/// In lower case; the first entry for an index outside of the list, as in a damaged configuration.
 QString formatAt(std::span<const char* const> entries, int index) {
     const auto count = int(entries.size());
     return QString::fromLatin1(entries[std::size_t(index >= 0 && index < count ? index : 0)]).toLower();
@@ -30,7 +29,7 @@ QString inFolder(const QString& folder, const QString& name) {
 }
 
 QString documentPath(const settings::Twain& choice) {
-    return inFolder(choice.Folder, choice.GenericName + u'.' + formatAt(multiPages, choice.MultiPageFormat));
+    return inFolder(choice.Folder, documentName(choice));
 }
 
 ImageBox boxWith(const ScannedPage& page) {
@@ -66,6 +65,14 @@ std::span<const char* const> singlePageFormats() {
 
 std::span<const char* const> multiPageFormats() {
     return multiPages;
+}
+
+QString singlePageExtension(const settings::Twain& choice) {
+    return formatAt(singlePages, choice.SinglePageFormat);
+}
+
+QString documentName(const settings::Twain& choice) {
+    return choice.GenericName + u'.' + formatAt(multiPages, choice.MultiPageFormat);
 }
 
 bool saveScannedPage(const ScannedPage& page, const QString& path, OldFile oldFile) {
@@ -111,10 +118,10 @@ AcquiredFile AcquiredPages::subAcquirePage(const ScannedPage& page) {
 
 QString AcquiredPages::saveToFile(const ScannedPage& page) {
     const bool isDocument = m_choice.FileOption != 0;
-    const QString path =
-        isDocument ? documentPath(m_choice)
-                   : inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
-                                                   formatAt(singlePages, m_choice.SinglePageFormat));
+    const QString path = isDocument
+                             ? documentPath(m_choice)
+                             : inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) +
+                                                             u'.' + singlePageExtension(m_choice));
     if (!(isDocument ? m_document.add(page) : saveScannedPage(page, path, oldFileAt(path))))
         throw TrappedError{ErrorNumber::PermissionDenied, keptText(path)};
     return path;

@@ -13,6 +13,11 @@ namespace tarsel {
 /// Entries of cboSinglepage and cboMultipage; the settings hold the index.
 std::span<const char* const> singlePageFormats();
 std::span<const char* const> multiPageFormats();
+/// Of the chosen entry, in lower case without a dot; of the first entry for an index outside of the list, as
+/// in a damaged configuration.
+QString singlePageExtension(const settings::Twain& choice);
+/// The file name of the document that takes all pages.
+QString documentName(const settings::Twain& choice);
 
 enum class OldFile { Replace, Keep };
 
