@@ -46,6 +46,8 @@ public:
     bool isCleared() const { return m_cleared || m_screen.desktopIsShown(); }
     /// False also where the desktop was clear already; a window that was opened since may still be there.
     bool movesWindows() const { return m_cleared; }
+    /// The window manager has taken them away; that of a busy computer needs its time.
+    bool isDone() const { return !m_cleared || m_screen.desktopIsShown(); }
 
 private:
     ScreenSource& m_screen;
