@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/CapturedFile.h"
 
-#include "base/RandomNumbers.h"
-#include "base/Service.h"
+#include "base/SafeFileWriter.h"
 
 #include <QFileInfo>
 #include <array>
@@ -24,15 +23,28 @@ QString shortestText(float number) {
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
 }
 
+float numberOf(double drawn) {
+    constexpr float numbers = 9999;
+    return float(drawn) * numbers;
+}
+
+QString pathOf(const QString& folder, const QString& prefix, float number) {
+    const QString start = folder.trimmed().endsWith(u'/') ? folder : folder + u'/';
+    return start + prefix + shortestText(number) + QStringLiteral(".tif");
+}
+
 } // namespace
 
-QString newCapturedFile(const QString& folder, const QString& prefix) {
-    constexpr float numbers = 9999;
-    const QString start = folder.trimmed().endsWith(u'/') ? folder : folder + u'/';
-    for (;;) {
-        const float number = float(service<RandomNumbers>().randomNumber()) * numbers;
-        QString path = start + prefix + shortestText(number) + QStringLiteral(".tif");
-        if (!isTaken(path))
+QString capturedFile(const QString& folder, const QString& prefix, double drawn) {
+    return pathOf(folder, prefix, numberOf(drawn));
+}
+
+/// The look before spares the bytes of a name that is taken; the writer looks again as it takes the name.
+QString saveCapturedFile(const QString& folder, const QString& prefix, double drawn,
+                         const QByteArray& bytes) {
+    for (float number = numberOf(drawn);; ++number) {
+        QString path = pathOf(folder, prefix, number);
+        if (!isTaken(path) && writeNewFileSafely(path, bytes))
             return path;
     }
 }

@@ -210,8 +210,8 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false;          ///< as chosen last in this run
-    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
+    bool m_capturesPointer = false;                              ///< as chosen last in this run
+    std::vector<std::pair<QString, ImageBox>> m_unsavedCaptures; ///< by file name, until they are offered
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open

@@ -4,16 +4,22 @@
 #include "app/frmMain.h"
 #include "base/ErrorTrap.h"
 #include "base/FailureOf.h"
+#include "base/RandomNumbers.h"
 #include "configuration/ConfigRecord.h"
+#include "configuration/ProgramFolder.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <utility>
 
 namespace tarsel {
 
 void frmMain::connectCapture() {
     connect(&m_actions.action("cmdCapture"), &QAction::triggered, this, &frmMain::cmdCapture_Click);
+    connect(&m_capture, &ScreenCapture::waiting, this,
+            [this] { SetStatus(tr("The desktop is asked for a picture of the screen")); });
     connect(&m_capture, &ScreenCapture::captured, this, &frmMain::subAddCapturedItem);
+    connect(&m_imageDocument, &ImageDocument::savedElsewhere, this, &frmMain::subAddItemFromTwain);
     connect(&m_imageDocument.background(), &BackgroundSave::ended, this, &frmMain::offerUnsavedCaptures);
 }
 
@@ -33,13 +39,23 @@ void frmMain::cmdCapture_Click() {
 void frmMain::subAddCapturedItem(const Picture& picture) {
     const settings::PublishingSettings& settings = ConfigRecord;
     TrappingString = QStringLiteral("Saving a picture of the screen");
-    const QString path = newCapturedFile(settings.CaptureFolder, settings.CaptureGeneric);
-    m_imageDocument.background().start(path, "FrmMain.subAddCapturedItem", [this, picture, path] {
+    const QString folder = settings.CaptureFolder, prefix = settings.CaptureGeneric;
+    const double drawn = service<RandomNumbers>().randomNumber();
+    const QString drawnFile = capturedFile(folder, prefix, drawn);
+    m_imageDocument.background().start(drawnFile, "FrmMain.subAddCapturedItem", [=, this] {
         ImageBox box;
         box.setPictureHandle(picture);
-        const auto failure = failureOf([&] { box.SaveToFile(path); });
+        QString path;
+        const auto failure = failureOf(
+            [&] { path = saveCapturedFile(folder, prefix, drawn, box.encoded(QStringLiteral("tif"))); });
         QMetaObject::invokeMethod(
-            this, [=, this] { failure ? m_unsavedCaptures.push_back(box) : subAddItemFromTwain(path); },
+            this,
+            [=, this] {
+                if (failure)
+                    m_unsavedCaptures.emplace_back(QFileInfo(drawnFile).fileName(), box);
+                else
+                    subAddItemFromTwain(path);
+            },
             Qt::QueuedConnection);
         if (failure)
             throw *failure;
@@ -58,10 +74,9 @@ void frmMain::showCaptured(const QString& path) {
 
 /// After the report of why they weren't saved.
 void frmMain::offerUnsavedCaptures() {
-    for (const ImageBox& box : std::exchange(m_unsavedCaptures, {}))
-        m_imageDocument.ShowSaveDialog(
-            box,
-            QDir(m_options.programFolder).filePath(ConfigRecord.CaptureGeneric + QStringLiteral(".tif")));
+    const QDir folder(visibleFolder(m_options.programFolder));
+    for (const auto& [name, box] : std::exchange(m_unsavedCaptures, {}))
+        m_imageDocument.SaveElsewhere(box, folder.filePath(name));
 }
 
 } // namespace tarsel

@@ -69,16 +69,35 @@ void ImageDocument::ShowSaveDialog(ImageBox box, const QString& source) {
     });
 }
 
+void ImageDocument::SaveElsewhere(ImageBox box, const QString& offered) {
+    std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
+        TrappingString = QStringLiteral("Saving a picture elsewhere");
+        const auto choice = saveFileDialogFor({tr("Save image"), filterOfAll(), offered}, completed);
+        if (!choice)
+            return;
+        const QString target = completed(choice->filterIndex, choice->path);
+        if (!isJpeg(target) || takeQuality())
+            start(std::move(box), target, [this, target] {
+                QMetaObject::invokeMethod(
+                    this, [=, this] { Q_EMIT savedElsewhere(target); }, Qt::QueuedConnection);
+            });
+    });
+}
+
 bool ImageDocument::takeQuality() {
     return frmJpegQuality(m_settings, m_owner).exec() == QDialog::Accepted;
 }
 
-void ImageDocument::start(ImageBox box, const QString& target) {
+/// `saved` is called on the thread that has saved it.
+void ImageDocument::start(ImageBox box, const QString& target, const std::function<void()>& saved) {
     box.ColorFormat = formatOf(target).colors.front().colorFormat;
     box.BackColorTransparent = false; // the box of the preview has it on, and nobody chose the colour
     box.JpegQuality = std::clamp<int>(m_settings.JpgQuality, 1, 100); // of PDF files too
-    m_background.start(target, "FrmMain.mnuSavePreviewAs",
-                       [box = std::move(box), target]() mutable { box.SaveToFile(target); });
+    m_background.start(target, "FrmMain.mnuSavePreviewAs", [box = std::move(box), target, saved]() mutable {
+        box.SaveToFile(target);
+        if (saved)
+            saved();
+    });
 }
 
 } // namespace tarsel

@@ -6,6 +6,7 @@
 #include "output/BackgroundSave.h"
 
 #include <QObject>
+#include <functional>
 
 class QWidget;
 
@@ -25,12 +26,18 @@ public:
     /// never. The box's colours follow the format, and no colour becomes transparent.
     void ShowSaveDialog(ImageBox box, const QString& source);
 
+    /// Offers this path for a picture that couldn't be saved where it belongs.
+    void SaveElsewhere(ImageBox box, const QString& offered);
+
     BackgroundSave& background() { return m_background; }
     const BackgroundSave& background() const { return m_background; }
 
+Q_SIGNALS:
+    void savedElsewhere(const QString& path);
+
 private:
     bool takeQuality();
-    void start(ImageBox box, const QString& target);
+    void start(ImageBox box, const QString& target, const std::function<void()>& saved = {});
 
     settings::SaveAdvanced& m_settings;
     QWidget* m_owner;
