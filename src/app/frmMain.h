@@ -4,6 +4,7 @@
 #include "acquisition/forms/ScanSession.h"
 #include "acquisition/forms/ScreenCapture.h"
 #include "collections/Basket.h"
+#include "collections/FileQuestion.h"
 #include "collections/FolderView.h"
 #include "collections/Preview.h"
 #include "collections/Workspace.h"
@@ -146,6 +147,8 @@ private:
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
     void showHistory();
+    void offerAcquired();
+    static QString acquiredNotice();
     void undo();
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
@@ -218,6 +221,8 @@ private:
     ScanMemory m_scanMemory;
     QStringList m_waitingPages; ///< of scanner and screen, for the basket
     bool m_addsPages = false;   ///< those that wait, at this moment
+    FileQuestion m_acquiredQuestion;
+    bool m_offersAcquired = false; ///< pictures of earlier sessions, by an undo in the empty basket
     std::unique_ptr<GreetingMaker> m_greetings;
     HelpDesk* m_help = nullptr;
 

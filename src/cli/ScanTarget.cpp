@@ -2,6 +2,7 @@
 #include "cli/ScanTarget.h"
 
 #include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "cli/Arguments.h"
 #include "cli/FilePaths.h"
 #include "imaging/SaveFormats.h"
@@ -20,11 +21,6 @@ struct Texts {
 };
 
 constexpr const char* nameInFolder = "Scan"; ///< of pages that get no name of their own
-
-bool isThere(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink(); // a dangling link leads to a file elsewhere
-}
 
 const SaveFormat& formatCalled(const QString& name) {
     const SaveFormat* format = findSaveFormat(name);
@@ -78,7 +74,7 @@ void ScanTarget::begin(bool isOnePage) {
 }
 
 void ScanTarget::requireFree(const QString& path) const {
-    if (m_oldFile == OldFile::Keep && isThere(path))
+    if (m_oldFile == OldFile::Keep && isNameTaken(path))
         failForOldFile(path);
 }
 
