@@ -155,6 +155,7 @@ private:
     void print(void (Printing::*command)());
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
+    void takeCaptured(const ImageBox& box, const QString& path, bool isSaved);
     void showCaptured(const QString& path);
     void cmdTwainAcquire_Click();
     void subAddItemFromTwain(const QString& path);
@@ -213,8 +214,8 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false;          ///< as chosen last in this run
-    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
+    bool m_capturesPointer = false;                              ///< as chosen last in this run
+    std::vector<std::pair<ImageBox, QString>> m_unsavedCaptures; ///< with file names; until they are offered
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open

@@ -69,6 +69,22 @@ void Preview::ShowRow(ListView& list, int row) {
     load(path, OptimizedPreview);
 }
 
+void Preview::showNew(const Picture& picture, const QString& path) {
+    clear();
+    if (!OptimizedPreview)
+        m_lists.tasks.deselect();
+    m_lists.ibMain.setPictureHandle(picture);
+    m_lists.ibMain.Visible = true;
+    m_lists.ibMain.Tag = m_shownPath = m_wantedPath = path;
+    m_original = picture;
+    m_shown.path = path;
+    m_shown.picture = picture;
+    m_shown.size = {picture.width(), picture.height()};
+    m_lists.sbMain.setPanel(QStringLiteral("filename"), clsFileInfo::StripFileFromPath(path));
+    Q_EMIT pictureChanged();
+    Q_EMIT replaced();
+}
+
 void Preview::rebuild() {
     show(OptimizedPreview);
 }
