@@ -70,7 +70,8 @@ void Preview::ShowRow(ListView& list, int row) {
 }
 
 void Preview::showNew(const Picture& picture, const QString& path) {
-    clear();
+    drop();
+    Q_EMIT loadingBegun(path);
     if (!OptimizedPreview)
         m_lists.tasks.deselect();
     m_lists.ibMain.setPictureHandle(picture);
@@ -195,6 +196,12 @@ void Preview::dropUnselected() {
 }
 
 void Preview::clear() {
+    drop();
+    Q_EMIT pictureChanged();
+    Q_EMIT replaced();
+}
+
+void Preview::drop() {
     stop();
     service<EventLoop>().setBusyPointer(false);
     for (QString* text :
@@ -208,8 +215,6 @@ void Preview::clear() {
     for (const char* panel : {"pages", "resolution", "metadata"})
         m_lists.sbMain.setPanel(QLatin1String(panel), {});
     m_lists.sbMain.setPanel(QStringLiteral("filename"), tr("No file selected"));
-    Q_EMIT pictureChanged();
-    Q_EMIT replaced();
 }
 
 void Preview::stop() {

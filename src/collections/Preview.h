@@ -110,6 +110,7 @@ private:
     void showFailure(const QString& text);
     void showResolution();
     void clear();
+    void drop(); ///< the same, of which nobody is told
 
     Lists m_lists;
     Picture m_original;
