@@ -3,6 +3,7 @@
 // several scales of the program.
 #include "acquisition/ScreenSource.h"
 #include "acquisition/forms/CapturePane.h"
+#include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigRecord.h"
 #include "imaging/PictureParts.h"
@@ -249,6 +250,13 @@ TEST_F(RealCapture, CapturesThatFollowEachOtherAreSeveralFilesAndABatchInWorkGet
     child<QMenu>(window(), "mnuSaveAsParent").actions().constFirst()->trigger();
     capturedAs(4);
     EXPECT_TRUE(script.isDone());
+}
+
+TEST_F(RealCapture, OneInTheFolderOfPageFilesIsKeptLikeAScannedPage) {
+    ConfigRecord.CaptureFolder = path("program/Temp");
+    capture(CaptureKind::Foreground, "cmdCapture");
+    capturedAs(1);
+    EXPECT_EQ(acquiredFiles::present(path("program/Temp")), QStringList{basket().row(0).tag});
 }
 
 TEST_F(RealCapture, TheWindowClosesWithinTheTimeThatWindowsGet) {
