@@ -2,6 +2,7 @@
 #include "collections/FolderScan.h"
 
 #include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "collections/PictureFiles.h"
 
 #include <algorithm>

@@ -46,8 +46,4 @@ bool mayHavePages(const QString& extension) {
     return lower == QLatin1String("tif") || lower == QLatin1String("tiff");
 }
 
-QString joinedPath(const QString& folder, const QString& name) {
-    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
-}
-
 } // namespace tarsel

@@ -14,7 +14,4 @@ QStringList pictureFiles(const QString& folder);
 /// Whether a file of that extension, in any case, may hold several pages.
 bool mayHavePages(const QString& extension);
 
-/// Folder and name, with a separator between them unless the folder ends with one.
-QString joinedPath(const QString& folder, const QString& name);
-
 } // namespace tarsel
