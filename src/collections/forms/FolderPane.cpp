@@ -152,7 +152,7 @@ void FolderPane::selectWantedFile() {
         Q_EMIT rowChosen(rows, row);
         return;
     }
-    if (m_view.isRunning())
+    if (m_view.isRunning() || (m_view.refusal().isEmpty() && m_view.listAlso(m_wantedFile)))
         return;
     const QString name = QFileInfo(std::exchange(m_wantedFile, {})).fileName();
     if (m_view.refusal().isEmpty()) // else that is the reason
