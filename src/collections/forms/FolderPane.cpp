@@ -8,6 +8,7 @@
 #include "controls/FocusSlider.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
+#include "controls/ShortenedButtons.h"
 #include "controls/SortMenu.h"
 
 #include <QAbstractItemView>
@@ -59,7 +60,9 @@ QLayout* FolderPane::makeBar() {
     bar->addWidget(makePaneCaption(tr("Folder"), this));
     bar->addStretch(1);
     bar->addWidget(m_size, 4);
-    bar->addWidget(m_actions.makeButton("cmdAddToQueue", this, Qt::ToolButtonTextBesideIcon));
+    QToolButton* add = m_actions.makeButton("cmdAddToQueue", this, Qt::ToolButtonTextBesideIcon);
+    bar->addWidget(add);
+    (new ShortenedButtons(*bar, *this))->add(add);
     for (const char* name : {"cmdThumbnailFolder", "cmdDetailFolder", "cmdRefreshFolder"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;
