@@ -110,7 +110,7 @@ private:
     void showFailure(const QString& text);
     void showResolution();
     void clear();
-    void drop(); ///< the same, of which nobody is told
+    void drop(); ///< the same without a signal
 
     Lists m_lists;
     Picture m_original;
