@@ -140,7 +140,8 @@ TEST_F(ManualPages, ListTheFieldsOfTheConfigurationAsTheFileHasThem) {
     ConfigPath = home.filePath(QStringLiteral("settings"));
     storeSettingsBeside(defaultRecord({}));
     const QString beside = QString::fromUtf8(readWholeFile(settingsPathBeside()));
-    EXPECT_TRUE(text("format-configuration").contains(u'\n' + beside + QStringLiteral("```"))) << beside.toStdString();
+    EXPECT_TRUE(text("format-configuration").contains(u'\n' + beside + QStringLiteral("```")))
+        << beside.toStdString();
 }
 
 } // namespace tarsel::test
