@@ -18,7 +18,7 @@ namespace tarsel {
 void frmMain::connectCapture() {
     connect(&m_actions.action("cmdCapture"), &QAction::triggered, this, &frmMain::cmdCapture_Click);
     connect(&m_capture, &ScreenCapture::waiting, this,
-            [this] { SetStatus(tr("The desktop is asked for a picture of the screen")); });
+            [this] { SetStatus(tr("Waiting for the picture of the screen from the desktop")); });
     connect(&m_capture, &ScreenCapture::captured, this, &frmMain::subAddCapturedItem);
     connect(&m_imageDocument.background(), &BackgroundSave::ended, this, &frmMain::offerUnsavedCaptures);
 }

@@ -45,7 +45,7 @@ public:
 
     QList<uint> responses; ///< of the requests to come
     QString file;          ///< with the picture
-    QString address;       ///< told instead of the file's
+    QString address;       ///< reported instead of the file's
     bool ownHandle = false;
     QList<bool> interactive; ///< as asked
 

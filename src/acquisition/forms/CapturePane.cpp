@@ -58,6 +58,7 @@ CapturePane::CapturePane(FrozenScreen& frozen, const QRect& area, QScreen* scree
     QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m_frozen(frozen),
     m_area(area) {
     setObjectName(QStringLiteral("capturePane"));
+    setWindowTitle(tr("Select Region"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

@@ -2,6 +2,7 @@
 #include "acquisition/forms/HiddenWindows.h"
 
 #include <QApplication>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -59,8 +60,10 @@ void HiddenWindows::show(const Hidden& hidden, Qt::WindowStates state) {
     QWidget& window = *hidden.window;
     const bool isPlaced = !(state & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized));
     window.setWindowState(state);
-    if (isPlaced)
+    if (isPlaced) {
         window.setGeometry(hidden.place);
+        window.windowHandle()->setGeometry(hidden.place); // a widget doesn't pass on what it has already
+    }
     window.show();
     if (isPlaced && window.geometry() != hidden.place)
         window.setGeometry(hidden.place);
