@@ -4161,12 +4161,8 @@ Ergebnisse gehen an die Standardausgabe, Meldungen an die Standardfehlerausgabe.
         <translation>Bauen oder installieren Sie das Programm noch einmal, mit seinen Playern.</translation>
     </message>
     <message>
-        <source>The player &quot;%1&quot; is missing in %2.
-%3
-The environment variable TARSEL_PLAYERS can name another folder.</source>
-        <translation>Der Player „%1“ fehlt in %2.
-%3
-Die Umgebungsvariable TARSEL_PLAYERS kann einen anderen Ordner nennen.</translation>
+        <source>The player &quot;%1&quot; is missing in %2. %3 The environment variable TARSEL_PLAYERS can name another folder.</source>
+        <translation>Der Player „%1“ fehlt in %2. %3 Die Umgebungsvariable TARSEL_PLAYERS kann einen anderen Ordner nennen.</translation>
     </message>
 </context>
 <context>
