@@ -114,6 +114,13 @@ TEST_F(ScanDialog, WithoutAScannerItSaysWhatToDoAndRefreshFindsTheOneThatWasPlug
     ASSERT_TRUE(QTest::qWaitFor([this] { return isVisible("pagPictures"); }));
     EXPECT_EQ(control<QComboBox>("cboDevice").currentText().toStdString(), "Sample Flatbed 2400");
     EXPECT_TRUE(isEnabled("cmdPreview"));
+
+    scanner.devices.push_back(plugged.front());
+    scanner.devices.back().name = QStringLiteral("usb:7");
+    click(*dialog, "cmdRefresh");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return control<QComboBox>("cboDevice").count() == 2; }));
+    EXPECT_EQ(control<QComboBox>("cboDevice").itemText(1).toStdString(), "Sample Flatbed 2400 (usb:7)")
+        << "else one of two equal scanners can't be chosen on purpose";
 }
 
 TEST_F(ScanDialog, PagesOfAFeederGoToTheBasketInTheirOrderAndTheNextDialogRemembersTheScanner) {

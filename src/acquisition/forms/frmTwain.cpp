@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <utility>
 
 namespace tarsel {
@@ -53,6 +54,14 @@ constexpr FormField<Twain> fields[] = {
 QString nameOf(const ScanDevice& device) {
     const QString name = QStringLiteral("%1 %2").arg(device.vendor, device.model).trimmed();
     return name.isEmpty() ? device.name : name;
+}
+
+/// Two scanners of one model differ in the name by which they are opened.
+QString nameAmong(const std::vector<ScanDevice>& devices, const ScanDevice& device) {
+    const QString name = nameOf(device);
+    const auto isSame = [&](const ScanDevice& each) { return nameOf(each) == name; };
+    return std::ranges::count_if(devices, isSame) > 1 ? QStringLiteral("%1 (%2)").arg(name, device.name)
+                                                      : name;
 }
 
 void inform(const QString& text) {
@@ -188,7 +197,7 @@ void frmTwain::listDevices() {
     const QSignalBlocker quiet(m_ui->cboDevice);
     m_ui->cboDevice->clear();
     for (const ScanDevice& each : m_session.devices()) {
-        m_ui->cboDevice->addItem(nameOf(each), each.name);
+        m_ui->cboDevice->addItem(nameAmong(m_session.devices(), each), each.name);
         m_ui->cboDevice->setItemData(m_ui->cboDevice->count() - 1, each.name, Qt::ToolTipRole);
     }
     if (m_session.state() == ScanSession::State::Looking)
