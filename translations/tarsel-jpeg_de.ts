@@ -8146,6 +8146,10 @@ Multiple instance is unsupported.</source>
 Mehrere Instanzen werden nicht unterstützt.</translation>
     </message>
     <message>
+        <source>Pages or pictures that were acquired in an earlier session are in no basket. Ctrl+Z in the empty basket brings them back.</source>
+        <translation>Seiten oder Bilder, die in einer früheren Sitzung aufgenommen wurden, liegen in keinem Korb. Strg+Z im leeren Korb holt sie zurück.</translation>
+    </message>
+    <message>
         <source>No files in basket</source>
         <translation>Keine Dateien im Korb</translation>
     </message>

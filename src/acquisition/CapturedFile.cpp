@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/CapturedFile.h"
 
+#include "base/FileNames.h"
+#include "base/RandomNumbers.h"
 #include "base/SafeFileWriter.h"
 
-#include <QFileInfo>
 #include <array>
 #include <charconv>
 
 namespace tarsel {
 
 namespace {
-
-bool isTaken(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink(); // a dangling link leads to a file elsewhere
-}
 
 QString shortestText(float number) {
     std::array<char, 64> digits{};
@@ -23,28 +19,27 @@ QString shortestText(float number) {
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
 }
 
-float numberOf(double drawn) {
+} // namespace
+
+float drawCaptureNumber() {
     constexpr float numbers = 9999;
-    return float(drawn) * numbers;
+    return float(service<RandomNumbers>().randomNumber()) * numbers;
 }
 
-QString pathOf(const QString& folder, const QString& prefix, float number) {
+QString capturedFile(const QString& folder, const QString& prefix, float number) {
     const QString start = folder.trimmed().endsWith(u'/') ? folder : folder + u'/';
     return start + prefix + shortestText(number) + QStringLiteral(".tif");
 }
 
-} // namespace
-
-QString capturedFile(const QString& folder, const QString& prefix, double drawn) {
-    return pathOf(folder, prefix, numberOf(drawn));
-}
-
-/// The look before spares the bytes of a name that is taken; the writer looks again as it takes the name.
-QString saveCapturedFile(const QString& folder, const QString& prefix, double drawn,
-                         const QByteArray& bytes) {
-    for (float number = numberOf(drawn);; ++number) {
-        QString path = pathOf(folder, prefix, number);
-        if (!isTaken(path) && writeNewFileSafely(path, bytes))
+QString writeCapturedFile(const QString& folder, const QString& prefix, float number, const QByteArray& bytes,
+                          const std::function<void(const QString&)>& beforeEach) {
+    for (;; ++number) {
+        QString path = capturedFile(folder, prefix, number);
+        if (isNameTaken(path)) // else the picture would be written to see it refused
+            continue;
+        if (beforeEach)
+            beforeEach(path);
+        if (writeNewFileSafely(path, bytes))
             return path;
     }
 }

@@ -3,15 +3,21 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 
 namespace tarsel {
 
-/// The TIFF file of a picture of the screen: folder, prefix, the number as the shortest text of a single,
-/// such as "Captured7055.475.tif". `drawn` is a random number from 0 to 1.
-QString capturedFile(const QString& folder, const QString& prefix, double drawn);
+/// A random number below 9999, from which the name of a capture is made. For the main thread only.
+float drawCaptureNumber();
 
-/// Writes the file, on any thread; the number counts on where something has the name. Returns the path.
-/// Errors are those of SafeFileWriter.
-QString saveCapturedFile(const QString& folder, const QString& prefix, double drawn, const QByteArray& bytes);
+/// The file of a capture: the folder, the prefix, the number as a single-precision value in its shortest
+/// form, ".tif".
+QString capturedFile(const QString& folder, const QString& prefix, float number);
+
+/// Makes that file, under the first number from `number` on whose name nothing has, and returns its path.
+/// `beforeEach` is called with each path that is tried. For any thread: a folder of the network may take its
+/// time.
+QString writeCapturedFile(const QString& folder, const QString& prefix, float number, const QByteArray& bytes,
+                          const std::function<void(const QString&)>& beforeEach = {});
 
 } // namespace tarsel

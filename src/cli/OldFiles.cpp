@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/OldFiles.h"
 
+#include "base/FileNames.h"
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 namespace tarsel::cli {
-
-bool isTaken(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink(); // a dangling link leads to a file elsewhere
-}
 
 void failForOldFile(const QString& path) {
     throw TrappedError{
@@ -21,7 +16,7 @@ void failForOldFile(const QString& path) {
 }
 
 void requireFree(const QString& path) {
-    if (isTaken(path))
+    if (isNameTaken(path))
         failForOldFile(path);
 }
 

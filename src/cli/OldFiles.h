@@ -6,9 +6,6 @@
 // Files of the user that a command replaces only with --overwrite.
 namespace tarsel::cli {
 
-/// Something has the name; a dangling link does too.
-bool isTaken(const QString& path);
-
 /// Error 5, which names --overwrite.
 [[noreturn]] void failForOldFile(const QString& path);
 void requireFree(const QString& path); ///< the same where the name is taken

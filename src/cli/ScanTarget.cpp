@@ -2,6 +2,7 @@
 #include "cli/ScanTarget.h"
 
 #include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "cli/Arguments.h"
 #include "cli/FilePaths.h"
 #include "cli/OldFiles.h"

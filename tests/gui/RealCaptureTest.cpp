@@ -3,6 +3,7 @@
 // several scales of the program.
 #include "acquisition/ScreenSource.h"
 #include "acquisition/forms/CapturePane.h"
+#include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigRecord.h"
 #include "imaging/PictureParts.h"
@@ -246,13 +247,20 @@ TEST_F(RealCapture, APictureThatCantBeSavedIsReportedAndOfferedForAnotherPlace) 
         ConfigRecord.CaptureFolder = folder;
         scripted.fileChoices.push_back(FileDialogChoice{other, 1});
         const auto reports = scripted.reports.size(), dialogs = scripted.fileDialogs.size();
+        const int rows = basket().count();
         capture(CaptureKind::Foreground, "cmdCapture");
         EXPECT_TRUE(waitFor([&] { return scripted.fileDialogs.size() == dialogs + 1; }));
+        EXPECT_EQ(window().workspace().ibMain.Width(), 1400) << "on show before it is saved";
+        const FileDialogRequest& asked = scripted.fileDialogs.back();
+        EXPECT_TRUE(asked.filter.startsWith(QStringLiteral("Tag Image"))) << asked.filter.toStdString();
+        EXPECT_EQ(asked.initialPath.toStdString(), path("program/Captured4999.5").toStdString());
         ASSERT_EQ(scripted.reports.size(), reports + 1);
         EXPECT_EQ(scripted.reports.back().ErrRoutine.toStdString(), "FrmMain.subAddCapturedItem");
-        EXPECT_TRUE(scripted.fileDialogs.back().initialPath.endsWith(QStringLiteral(".tif")));
-        EXPECT_EQ(capturedAs(basket().count() + 1).width(), 1400);
-        EXPECT_EQ(basket().row(basket().count() - 1).tag.toStdString(), other.toStdString());
+        EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(other); }));
+        EXPECT_EQ(loaded(other).Width(), 1400);
+        ASSERT_TRUE(waitFor([&] { return basket().count() == rows + 1 && !window().preview().isBusy(); }));
+        EXPECT_EQ(basket().row(rows).tag.toStdString(), other.toStdString());
+        EXPECT_EQ(window().preview().shownPath().toStdString(), other.toStdString());
     };
     captureTo(path("missing/"), path("other1.tif"));
     EXPECT_FALSE(QFileInfo::exists(path("missing")));
@@ -291,6 +299,13 @@ TEST_F(RealCapture, CapturesThatFollowEachOtherAreSeveralFilesAndABatchInWorkGet
     child<QMenu>(window(), "mnuSaveAsParent").actions().constFirst()->trigger();
     capturedAs(4);
     EXPECT_TRUE(script.isDone());
+}
+
+TEST_F(RealCapture, OneInTheFolderOfPageFilesIsKeptLikeAScannedPage) {
+    ConfigRecord.CaptureFolder = path("program/Temp");
+    capture(CaptureKind::Foreground, "cmdCapture");
+    capturedAs(1);
+    EXPECT_EQ(acquiredFiles::present(path("program/Temp")), QStringList{basket().row(0).tag});
 }
 
 TEST_F(RealCapture, TheWindowClosesWithinTheTimeThatWindowsGet) {

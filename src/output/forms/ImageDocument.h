@@ -26,18 +26,17 @@ public:
     /// never. The box's colours follow the format, and no colour becomes transparent.
     void ShowSaveDialog(ImageBox box, const QString& source);
 
-    /// Offers this path for a picture that couldn't be saved where it belongs.
-    void SaveElsewhere(ImageBox box, const QString& offered);
+    /// The same for a picture that could not be saved as `wanted`: offers a file of that name and format.
+    /// `done` is called on this thread with the path and whether it was saved; not when the user leaves.
+    void ShowRescueDialog(const ImageBox& box, const QString& wanted,
+                          const std::function<void(const QString& path, bool isSaved)>& done);
 
     BackgroundSave& background() { return m_background; }
     const BackgroundSave& background() const { return m_background; }
 
-Q_SIGNALS:
-    void savedElsewhere(const QString& path);
-
 private:
     bool takeQuality();
-    void start(ImageBox box, const QString& target, const std::function<void()>& saved = {});
+    ImageBox prepared(ImageBox box, const QString& target) const;
 
     settings::SaveAdvanced& m_settings;
     QWidget* m_owner;
