@@ -3,6 +3,7 @@
 
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
+#include "base/FileNames.h"
 #include "base/Locale.h"
 #include "collections/PageFiles.h"
 #include "collections/PictureFiles.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PictureFiles.h"
 
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
 #include "codecs/PictureFile.h"
