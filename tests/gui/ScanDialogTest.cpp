@@ -112,6 +112,12 @@ TEST_F(ScanDialog, WithoutAScannerItSaysWhatToDoAndRefreshFindsTheOneThatWasPlug
     EXPECT_TRUE(scanner.requests.empty());
     EXPECT_EQ(settings.GenericName.toStdString(), "Letter") << "stored though nothing starts";
 
+    scanner.devices = {plugged[0], plugged[0]};
+    scanner.devices[1].name = QStringLiteral("sample:1");
+    click(*dialog, "cmdRefresh");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isVisible("pagPictures"); }));
+    EXPECT_EQ(control<QComboBox>("cboDevice").itemText(1).toStdString(), "Sample Flatbed 2400 (sample:1)");
+
     scanner.devices = plugged;
     click(*dialog, "cmdRefresh");
     EXPECT_FALSE(isEnabled("cmdRefresh")) << "while it looks";

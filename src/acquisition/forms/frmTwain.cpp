@@ -19,10 +19,12 @@
 #include "controls/TypedCharacters.h"
 #include "controls/WheelToPanel.h"
 
+#include <QAbstractItemView>
 #include <QActionGroup>
 #include <QMenu>
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <utility>
 
 namespace tarsel {
@@ -54,6 +56,15 @@ constexpr FormField<Twain> fields[] = {
 QString nameOf(const ScanDevice& device) {
     const QString name = QStringLiteral("%1 %2").arg(device.vendor, device.model).trimmed();
     return name.isEmpty() ? device.name : name;
+}
+
+/// Scanners of one model, and one that two drivers know, differ by their device.
+QString nameAmong(const std::vector<ScanDevice>& devices, const ScanDevice& device) {
+    const QString name = nameOf(device);
+    const auto hasThisName = [&](const ScanDevice& each) { return nameOf(each) == name; };
+    return std::ranges::count_if(devices, hasThisName) == 1
+               ? name
+               : QStringLiteral("%1 (%2)").arg(name, device.name);
 }
 
 void inform(const QString& text) {
@@ -204,7 +215,7 @@ void frmTwain::listDevices() {
     const QSignalBlocker quiet(m_ui->cboDevice);
     m_ui->cboDevice->clear();
     for (const ScanDevice& each : m_session.devices()) {
-        m_ui->cboDevice->addItem(nameOf(each), each.name);
+        m_ui->cboDevice->addItem(nameAmong(m_session.devices(), each), each.name);
         m_ui->cboDevice->setItemData(m_ui->cboDevice->count() - 1, each.name, Qt::ToolTipRole);
     }
     if (m_session.state() == ScanSession::State::Looking)
@@ -212,6 +223,8 @@ void frmTwain::listDevices() {
     else if (m_session.devices().empty())
         m_ui->cboDevice->addItem(tr("No scanner"));
     m_ui->cboDevice->setCurrentIndex(std::max(0, m_ui->cboDevice->findData(m_session.device())));
+    QAbstractItemView& names = *m_ui->cboDevice->view();
+    names.setMinimumWidth(names.sizeHintForColumn(0));
 }
 
 void frmTwain::showOptions() {
