@@ -1481,6 +1481,10 @@ Scan2.tif und so weiter. Seiten werden einzeln gespeichert: Was angekommen ist, 
 spätere fehlschlägt oder SIGINT oder SIGTERM den Lauf beendet. Vor der ersten Seite wird nichts
 ersetzt. Vom Flachbett wird jede weitere Seite am Terminal erfragt; ohne Terminal folgen sie sofort.</translation>
     </message>
+    <message>
+        <source>replace an older file</source>
+        <translation>eine ältere Datei ersetzen</translation>
+    </message>
 </context>
 <context>
     <name>ConfigFile</name>
@@ -4711,10 +4715,6 @@ Seiten des Scanners würden diese Dateien ersetzen. Möchten Sie fortfahren?</tr
         <translation>„%1“ ist kein Format, das geschrieben werden kann</translation>
     </message>
     <message>
-        <source>%1 exists; --overwrite replaces it</source>
-        <translation>%1 existiert; --overwrite ersetzt sie</translation>
-    </message>
-    <message>
         <source>--format %1 and the extension of &quot;%2&quot; differ</source>
         <translation>--format %1 und die Endung von „%2“ passen nicht zusammen</translation>
     </message>
@@ -4828,10 +4828,6 @@ Seiten des Scanners würden diese Dateien ersetzen. Möchten Sie fortfahren?</tr
         <translation>das Bild des Bildschirms wurde nicht erlaubt</translation>
     </message>
     <message>
-        <source>the desktop gave no picture of the screen within two minutes</source>
-        <translation>der Desktop hat zwei Minuten lang kein Bild des Bildschirms geliefert</translation>
-    </message>
-    <message>
         <source>this desktop has no portal for pictures of the screen (%1)</source>
         <translation>dieser Desktop hat kein Portal für Bildschirmfotos (%1)</translation>
     </message>
@@ -4848,12 +4844,16 @@ Seiten des Scanners würden diese Dateien ersetzen. Möchten Sie fortfahren?</tr
         <translation>der X-Server „%1“ ist nicht erreichbar</translation>
     </message>
     <message>
-        <source>the screen has a palette, not true colours</source>
-        <translation>der Bildschirm hat eine Palette, keine Echtfarben</translation>
-    </message>
-    <message>
         <source>the X server doesn&apos;t let its screen be read</source>
         <translation>der X-Server lässt seinen Bildschirm nicht auslesen</translation>
+    </message>
+    <message>
+        <source>the desktop gave no picture of the screen within %1 seconds</source>
+        <translation>der Desktop hat innerhalb von %1 Sekunden kein Bild des Bildschirms geliefert</translation>
+    </message>
+    <message>
+        <source>a screen of %1 bits a pixel can&apos;t be read</source>
+        <translation>ein Bildschirm mit %1 Bit je Pixel kann nicht gelesen werden</translation>
     </message>
 </context>
 <context>
@@ -5763,6 +5763,10 @@ Das heutige Datum lautet %3 oder %4.</translation>
     <message>
         <source>%1, %2   %3</source>
         <translation>%1, %2   %3</translation>
+    </message>
+    <message>
+        <source>Select Region</source>
+        <translation>Bereich wählen</translation>
     </message>
 </context>
 <context>
@@ -7013,6 +7017,66 @@ Möchten Sie die Änderungen am Bild bestätigen?</translation>
         <source>Move this bar to the other edge (V)</source>
         <translation>Diese Leiste an den anderen Rand verschieben (V)</translation>
     </message>
+    <message>
+        <source>Drag</source>
+        <translation>Ziehen</translation>
+    </message>
+    <message>
+        <source>A new rectangle; with Shift a square</source>
+        <translation>Ein neues Rechteck; mit Umschalt ein Quadrat</translation>
+    </message>
+    <message>
+        <source>Arrows</source>
+        <translation>Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Move it by a pixel, with Ctrl by ten</source>
+        <translation>Um ein Pixel verschieben, mit Strg um zehn</translation>
+    </message>
+    <message>
+        <source>Shift+arrows</source>
+        <translation>Umschalt+Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Move its lower right corner</source>
+        <translation>Die rechte untere Ecke verschieben</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabetaste</translation>
+    </message>
+    <message>
+        <source>Take it, or the monitor without one</source>
+        <translation>Aufnehmen, ohne Rechteck den Bildschirm</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Take back the rectangle, then leave</source>
+        <translation>Das Rechteck zurücknehmen, dann beenden</translation>
+    </message>
+    <message>
+        <source>Show or hide the magnifier</source>
+        <translation>Die Lupe zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>Move this bar to the other edge</source>
+        <translation>Diese Leiste an den anderen Rand verschieben</translation>
+    </message>
+    <message>
+        <source>Show or hide this list</source>
+        <translation>Diese Liste zeigen oder verbergen</translation>
+    </message>
+    <message>
+        <source>&amp;Keys</source>
+        <translation>&amp;Tasten</translation>
+    </message>
+    <message>
+        <source>Show or hide the list of keys (F1)</source>
+        <translation>Die Liste der Tasten zeigen oder verbergen (F1)</translation>
+    </message>
 </context>
 <context>
     <name>tarsel::frmAbout</name>
@@ -8090,6 +8154,10 @@ Multiple instance is unsupported.</source>
 Mehrere Instanzen werden nicht unterstützt.</translation>
     </message>
     <message>
+        <source>Pages or pictures that were acquired in an earlier session are in no basket. Ctrl+Z in the empty basket brings them back.</source>
+        <translation>Seiten oder Bilder, die in einer früheren Sitzung aufgenommen wurden, liegen in keinem Korb. Strg+Z im leeren Korb holt sie zurück.</translation>
+    </message>
+    <message>
         <source>No files in basket</source>
         <translation>Keine Dateien im Korb</translation>
     </message>
@@ -8160,6 +8228,10 @@ Fertige Dateien bleiben erhalten.</translation>
     <message>
         <source>A greeting is being made. Do you want to stop that and exit?</source>
         <translation>Gerade entsteht ein Grußbild. Möchten Sie das anhalten und das Programm beenden?</translation>
+    </message>
+    <message>
+        <source>Waiting for the picture of the screen from the desktop</source>
+        <translation>Wartet auf das Bild des Bildschirms vom Desktop</translation>
     </message>
 </context>
 <context>

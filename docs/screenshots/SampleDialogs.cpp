@@ -29,6 +29,7 @@
 #include "publishing/forms/frmInsertMetadata.h"
 #include "publishing/forms/frmScreenSaverOptions.h"
 
+#include <QCoreApplication>
 #include <QPageSize>
 #include <QPushButton>
 #include <utility>
@@ -170,7 +171,7 @@ std::unique_ptr<QDialog> SampleDialogs::results(QWidget* owner) const {
         rows[1].skip(SkipReason::Exists);
         rows[1].state = RowState::Skipped;
         rows[2].state = RowState::Failed;
-        rows[2].remark(QStringLiteral("No image data; the file is truncated"));
+        rows[2].remark(QCoreApplication::translate("JpegCodec", "no image data"));
     }
     auto dialog = std::make_unique<frmBatchResults>(rows, owner);
     dialog->setAttribute(Qt::WA_DeleteOnClose, false);

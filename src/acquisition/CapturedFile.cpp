@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/CapturedFile.h"
 
+#include "base/FileNames.h"
 #include "base/RandomNumbers.h"
-#include "base/Service.h"
+#include "base/SafeFileWriter.h"
 
-#include <QFileInfo>
 #include <array>
 #include <charconv>
 
 namespace tarsel {
 
 namespace {
-
-bool isTaken(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink(); // a dangling link leads to a file elsewhere
-}
 
 QString shortestText(float number) {
     std::array<char, 64> digits{};
@@ -26,13 +21,25 @@ QString shortestText(float number) {
 
 } // namespace
 
-QString newCapturedFile(const QString& folder, const QString& prefix) {
+float drawCaptureNumber() {
     constexpr float numbers = 9999;
+    return float(service<RandomNumbers>().randomNumber()) * numbers;
+}
+
+QString capturedFile(const QString& folder, const QString& prefix, float number) {
     const QString start = folder.trimmed().endsWith(u'/') ? folder : folder + u'/';
-    for (;;) {
-        const float number = float(service<RandomNumbers>().randomNumber()) * numbers;
-        QString path = start + prefix + shortestText(number) + QStringLiteral(".tif");
-        if (!isTaken(path))
+    return start + prefix + shortestText(number) + QStringLiteral(".tif");
+}
+
+QString writeCapturedFile(const QString& folder, const QString& prefix, float number, const QByteArray& bytes,
+                          const std::function<void(const QString&)>& beforeEach) {
+    for (;; ++number) {
+        QString path = capturedFile(folder, prefix, number);
+        if (isNameTaken(path)) // else the picture would be written to see it refused
+            continue;
+        if (beforeEach)
+            beforeEach(path);
+        if (writeNewFileSafely(path, bytes))
             return path;
     }
 }

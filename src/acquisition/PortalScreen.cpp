@@ -68,18 +68,21 @@ std::vector<Monitor> qtMonitors() {
 
 class PortalScreen final : public ScreenSource {
 public:
+    explicit PortalScreen(std::chrono::milliseconds longestWait) : m_longestWait(longestWait) {}
+
     ScreenPicture grab(bool) override {
         const QDateTime asked = QDateTime::currentDateTime().addSecs(-1); // file systems round times
         for (const bool interactive : {false, true}) {
-            ScreenshotRequest request(interactive);
+            ScreenshotRequest request(interactive, m_longestWait);
             switch (request.wait()) {
             case ScreenshotRequest::Outcome::Done:
-                return withMonitors(takeFile(request.file(), asked));
+                return withMonitors(takeFile(request.file(), asked), interactive);
             case ScreenshotRequest::Outcome::Cancelled:
                 fail(ErrorNumber::Interrupted, Texts::tr("the picture of the screen was not allowed"));
             case ScreenshotRequest::Outcome::TimedOut:
                 fail(ErrorNumber::PermissionDenied,
-                     Texts::tr("the desktop gave no picture of the screen within two minutes"));
+                     Texts::tr("the desktop gave no picture of the screen within %1 seconds")
+                         .arg(std::chrono::ceil<std::chrono::seconds>(m_longestWait).count()));
             case ScreenshotRequest::Outcome::Unreachable:
                 throw TrappedError{ErrorNumber::FileNotFound, // whose own text would tell of a file
                                    Texts::tr("this desktop has no portal for pictures of the screen (%1)")
@@ -95,10 +98,11 @@ public:
     std::vector<Monitor> monitors() override { return m_monitors; }
     bool showDesktop(bool) override { return false; }
     bool desktopIsShown() override { return false; }
+    bool mayAskUser() const override { return true; }
 
 private:
     /// The desktop draws all monitors in one picture at one scale.
-    ScreenPicture withMonitors(Picture picture) const {
+    ScreenPicture withMonitors(Picture picture, bool isChosen) const {
         QRect all;
         for (const Monitor& monitor : m_monitors)
             all |= monitor.area;
@@ -116,16 +120,17 @@ private:
         }
         if (monitors.empty())
             monitors.push_back({bounds, {}});
-        return {std::move(picture), std::move(monitors)};
+        return {std::move(picture), std::move(monitors), isChosen};
     }
 
+    const std::chrono::milliseconds m_longestWait;
     const std::vector<Monitor> m_monitors = qtMonitors(); // those of the main thread
 };
 
 } // namespace
 
-std::unique_ptr<ScreenSource> portalScreen() {
-    return std::make_unique<PortalScreen>();
+std::unique_ptr<ScreenSource> portalScreen(std::chrono::milliseconds longestWait) {
+    return std::make_unique<PortalScreen>(longestWait);
 }
 
 std::unique_ptr<ScreenSource> systemScreen() {

@@ -20,6 +20,7 @@ struct Monitor {
 struct ScreenPicture {
     Picture picture;
     std::vector<Monitor> monitors;
+    bool isChosen = false; ///< by the user, whom the desktop asked what is to be on it
 };
 
 } // namespace tarsel

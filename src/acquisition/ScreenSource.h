@@ -3,6 +3,7 @@
 
 #include "acquisition/ScreenPicture.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -22,6 +23,11 @@ public:
     /// none that can.
     virtual bool showDesktop(bool shown) = 0;
     virtual bool desktopIsShown() = 0;
+
+    /// Ids of all windows from the lowest up; none where that isn't known.
+    virtual std::vector<quintptr> stacking() { return {}; }
+    /// A picture may take as long as the user thinks about it.
+    virtual bool mayAskUser() const { return false; }
 };
 
 /// Clears the desktop of windows as long as it lives. Windows that were out of the way already stay there.
@@ -40,6 +46,8 @@ public:
     bool isCleared() const { return m_cleared || m_screen.desktopIsShown(); }
     /// False also where the desktop was clear already; a window that was opened since may still be there.
     bool movesWindows() const { return m_cleared; }
+    /// The window manager has taken them away; that of a busy computer needs its time.
+    bool isDone() const { return !m_cleared || m_screen.desktopIsShown(); }
 
 private:
     ScreenSource& m_screen;
@@ -50,9 +58,9 @@ private:
 std::unique_ptr<ScreenSource> x11Screen();
 
 /// Pictures that the desktop takes for programs, by its portal on D-Bus: in a session of Wayland there is no
-/// other way. It draws no pointer, clears no desktop, and may ask the user. Raises 18 when the user refuses.
-/// To be made on the main thread.
-std::unique_ptr<ScreenSource> portalScreen();
+/// other way. It draws no pointer, clears no desktop, and may ask the user. Raises 18 when the user refuses,
+/// 70 after `longestWait` without an answer. To be made on the main thread.
+std::unique_ptr<ScreenSource> portalScreen(std::chrono::milliseconds longestWait = std::chrono::minutes(2));
 
 /// The one of the two that fits the session.
 std::unique_ptr<ScreenSource> systemScreen();

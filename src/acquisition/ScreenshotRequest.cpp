@@ -18,7 +18,6 @@ namespace tarsel {
 namespace {
 
 const QString portal = QStringLiteral("org.freedesktop.portal.Desktop");
-constexpr int longestWait = 120'000; // milliseconds
 
 /// Differs from that of every other request on this program's connection.
 QString newToken() {
@@ -28,8 +27,8 @@ QString newToken() {
 
 } // namespace
 
-ScreenshotRequest::ScreenshotRequest(bool interactive) :
-    m_bus(QDBusConnection::sessionBus()), m_fault(portal) {
+ScreenshotRequest::ScreenshotRequest(bool interactive, std::chrono::milliseconds longestWait) :
+    m_bus(QDBusConnection::sessionBus()), m_longestWait(longestWait), m_fault(portal) {
     if (!m_bus.isConnected()) {
         m_fault = m_bus.lastError().message();
         m_outcome = Outcome::Unreachable;
@@ -49,7 +48,7 @@ ScreenshotRequest::Outcome ScreenshotRequest::wait() {
         m_fault = tr("the portal has ended");
         end(Outcome::Unreachable);
     });
-    QTimer::singleShot(longestWait, this, [this] { end(Outcome::TimedOut); });
+    QTimer::singleShot(m_longestWait, this, [this] { end(Outcome::TimedOut); });
     const std::stop_callback stopped(currentStop(), [this] {
         QMetaObject::invokeMethod(
             this, [this] { end(Outcome::Cancelled); }, Qt::QueuedConnection);
@@ -78,10 +77,12 @@ void ScreenshotRequest::send(const QVariantMap& options) {
         portal, QStringLiteral("/org/freedesktop/portal/desktop"),
         QStringLiteral("org.freedesktop.portal.Screenshot"), QStringLiteral("Screenshot"));
     call << QString() << options;
-    auto* pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
+    auto* pending = new QDBusPendingCallWatcher(m_bus.asyncCall(call, int(m_longestWait.count())), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
         const QDBusPendingReply<QDBusObjectPath> reply = *pending;
-        if (reply.isError()) {
+        if (reply.error().type() == QDBusError::NoReply) {
+            end(Outcome::TimedOut);
+        } else if (reply.isError()) {
             m_fault = reply.error().message();
             end(Outcome::Unreachable);
         } else if (reply.value().path() != m_handle) { // portals before version 0.9 name it themselves

@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QObject>
 #include <QVariantMap>
+#include <chrono>
 
 namespace tarsel {
 
@@ -15,10 +16,10 @@ public:
     enum class Outcome { Waiting, Done, Cancelled, Refused, Unreachable, TimedOut };
 
     /// With `interactive` the desktop asks the user what is to be on the picture.
-    explicit ScreenshotRequest(bool interactive);
+    ScreenshotRequest(bool interactive, std::chrono::milliseconds longestWait);
 
-    /// Lets other events of this thread run until the answer is there, two minutes at most. A stop of the
-    /// thread counts as cancelled.
+    /// Lets other events of this thread run until the answer is there, no longer than the longest wait. A
+    /// stop of the thread counts as cancelled.
     Outcome wait();
     const QString& file() const { return m_file; } ///< of a request that is done
     /// Why it could not be sent; the name of the portal where no reason is known.
@@ -33,6 +34,7 @@ private:
     void end(Outcome outcome);
 
     QDBusConnection m_bus;
+    std::chrono::milliseconds m_longestWait;
     QEventLoop m_loop;
     QString m_handle;
     QString m_file;

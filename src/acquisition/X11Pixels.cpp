@@ -47,6 +47,16 @@ void readPlainRow(const std::uint8_t* source, std::uint8_t* target, int width) {
     }
 }
 
+void readPaletteRow(const std::vector<std::uint32_t>& palette, const std::uint8_t* source,
+                    std::uint8_t* target, int width) {
+    for (int x = 0; x < width; ++x, target += 3) {
+        const std::uint32_t color = source[x] < palette.size() ? palette[source[x]] : 0;
+        target[0] = std::uint8_t(color >> 16);
+        target[1] = std::uint8_t(color >> 8);
+        target[2] = std::uint8_t(color);
+    }
+}
+
 std::uint8_t over(std::uint32_t premultiplied, std::uint32_t alpha, std::uint8_t below) {
     return std::uint8_t(std::min(255u, premultiplied + (below * (255 - alpha) + 127) / 255));
 }
@@ -68,6 +78,10 @@ void readPixels(const X11PixelFormat& format, const std::uint8_t* bytes, PixelVi
         std::uint8_t* target = rows.row(y);
         if (isPlain(format)) {
             readPlainRow(bytes, target, rows.width);
+            continue;
+        }
+        if (!format.palette.empty()) {
+            readPaletteRow(format.palette, bytes, target, rows.width);
             continue;
         }
         for (int x = 0; x < rows.width; ++x, target += 3) {

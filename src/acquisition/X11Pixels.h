@@ -12,12 +12,13 @@ namespace tarsel {
 
 /// How the bytes of an image of the X server hold colours.
 struct X11PixelFormat {
-    int bitsPerPixel = 32; ///< 16, 24 or 32
+    int bitsPerPixel = 32; ///< 8, 16, 24 or 32
     int scanlinePad = 32;  ///< rows begin at multiples of so many bits
     bool bigEndian = false;
     std::uint32_t redMask = 0xFF0000;
     std::uint32_t greenMask = 0xFF00;
     std::uint32_t blueMask = 0xFF;
+    std::vector<std::uint32_t> palette{}; ///< 0xRRGGBB of each pixel value; none with colours in the pixels
 
     std::size_t rowBytes(int width) const;
 };

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 #include <xcb/randr.h>
 #include <xcb/xfixes.h>
 
@@ -95,6 +96,11 @@ public:
         return !state.empty() && state[0] == 1;
     }
 
+    std::vector<quintptr> stacking() override {
+        const std::vector<std::uint32_t> windows = m_x11.rootProperty("_NET_CLIENT_LIST_STACKING");
+        return {windows.begin(), windows.end()};
+    }
+
 private:
     std::vector<Monitor> monitorsOfRoot() const {
         std::vector<Monitor> monitors;
@@ -126,11 +132,6 @@ private:
     }
 
     X11PixelFormat pixelFormat() const {
-        const xcb_visualtype_t* visual = m_x11.rootVisual();
-        if (!visual || (visual->_class != XCB_VISUAL_CLASS_TRUE_COLOR &&
-                        visual->_class != XCB_VISUAL_CLASS_DIRECT_COLOR))
-            fail(ErrorNumber::PermissionDenied,
-                 QCoreApplication::translate("ScreenCapture", "the screen has a palette, not true colours"));
         X11PixelFormat format;
         const xcb_setup_t* setup = xcb_get_setup(m_x11.get());
         for (auto each = xcb_setup_pixmap_formats_iterator(setup); each.rem; xcb_format_next(&each))
@@ -139,10 +140,39 @@ private:
                 format.scanlinePad = each.data->scanline_pad;
             }
         format.bigEndian = setup->image_byte_order == XCB_IMAGE_ORDER_MSB_FIRST;
-        format.redMask = visual->red_mask;
-        format.greenMask = visual->green_mask;
-        format.blueMask = visual->blue_mask;
+        const xcb_visualtype_t* visual = m_x11.rootVisual();
+        if (visual && (visual->_class == XCB_VISUAL_CLASS_TRUE_COLOR ||
+                       visual->_class == XCB_VISUAL_CLASS_DIRECT_COLOR)) {
+            format.redMask = visual->red_mask;
+            format.greenMask = visual->green_mask;
+            format.blueMask = visual->blue_mask;
+        } else if (format.bitsPerPixel == 8) {
+            format.palette = paletteOfScreen();
+        } else {
+            fail(ErrorNumber::PermissionDenied,
+                 QCoreApplication::translate("ScreenCapture", "a screen of %1 bits a pixel can't be read")
+                     .arg(format.bitsPerPixel));
+        }
         return format;
+    }
+
+    /// That of the screen; windows that bring a palette of their own have wrong colours.
+    std::vector<std::uint32_t> paletteOfScreen() const {
+        std::vector<std::uint32_t> pixels(m_x11.rootVisual() ? m_x11.rootVisual()->colormap_entries : 0);
+        std::iota(pixels.begin(), pixels.end(), 0U);
+        const auto cookie = xcb_query_colors(m_x11.get(), m_x11.screen().default_colormap,
+                                             std::uint32_t(pixels.size()), pixels.data());
+        const auto reply = owned(xcb_query_colors_reply(m_x11.get(), cookie, nullptr));
+        if (!reply)
+            failGrabbing();
+        const xcb_rgb_t* colors = xcb_query_colors_colors(reply.get());
+        std::vector<std::uint32_t> palette;
+        for (int i = 0; i < xcb_query_colors_colors_length(reply.get()); ++i)
+            palette.push_back(std::uint32_t(colors[i].red >> 8) << 16 |
+                              std::uint32_t(colors[i].green >> 8) << 8 | std::uint32_t(colors[i].blue >> 8));
+        if (palette.empty())
+            failGrabbing();
+        return palette;
     }
 
     void readArea(const QRect& area, PixelView pixels) const {

@@ -15,7 +15,12 @@ namespace tarsel {
 
 namespace {
 
-constexpr const char* foldersBeside[] = {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"};
+/// Each may be on a file system of its own, by its variable or by a link.
+constexpr struct {
+    const char* variable;
+    const char* usualPlace; ///< in the home
+} foldersBeside[] = {
+    {"XDG_DATA_HOME", "/.local/share"}, {"XDG_CONFIG_HOME", "/.config"}, {"XDG_CACHE_HOME", "/.cache"}};
 
 void takeHomeOfUser() {
     if (!qEnvironmentVariableIsEmpty("HOME"))
@@ -26,9 +31,10 @@ void takeHomeOfUser() {
 
 /// That they are missing is an answer too.
 bool answer(std::chrono::milliseconds longestWait) {
-    QByteArrayList folders{qgetenv("HOME")};
-    for (const char* name : foldersBeside)
-        folders << qgetenv(name);
+    const QByteArray home = qgetenv("HOME");
+    QByteArrayList folders{home};
+    for (const auto& [variable, usualPlace] : foldersBeside)
+        folders << (qEnvironmentVariableIsEmpty(variable) ? home + usualPlace : qgetenv(variable));
     const auto answered = startUnwaited([folders] {
         struct stat found = {};
         for (const QByteArray& folder : folders)
@@ -46,8 +52,8 @@ bool takeHomeThatAnswers(std::chrono::milliseconds longestWait) {
     QTemporaryDir home(QDir::tempPath() + QStringLiteral("/tarsel-jpeg-home-XXXXXX"));
     home.setAutoRemove(false); // what is made meanwhile may be the user's
     qputenv("HOME", QFile::encodeName(home.path()));
-    for (const char* name : foldersBeside)
-        qunsetenv(name);
+    for (const auto& [variable, usualPlace] : foldersBeside)
+        qunsetenv(variable);
     return false;
 }
 

@@ -362,7 +362,10 @@ void frmMain::changeBasket(void (Basket::*change)()) {
 
 void frmMain::showHistory() {
     const bool isFirst = m_workspace.lvPages.isEmpty() && !m_basket.history().undoable();
-    m_basketPane->showHistory(m_basket.history(), isFirst && lastBasket::isKept(m_options.programFolder));
+    if (!isFirst && std::exchange(m_offersAcquired, false))
+        m_notices->withdraw(acquiredNotice());
+    m_basketPane->showHistory(m_basket.history(),
+                              isFirst && (m_offersAcquired || lastBasket::isKept(m_options.programFolder)));
 }
 
 /// Before the first step the end of the last session can be undone, which emptied the basket.

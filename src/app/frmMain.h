@@ -4,6 +4,7 @@
 #include "acquisition/forms/ScanSession.h"
 #include "acquisition/forms/ScreenCapture.h"
 #include "collections/Basket.h"
+#include "collections/FileQuestion.h"
 #include "collections/FolderView.h"
 #include "collections/Preview.h"
 #include "collections/Workspace.h"
@@ -146,12 +147,15 @@ private:
     void showNeighbour(int step);
     void cmdBrowseSettings_Click();
     void showHistory();
+    void offerAcquired();
+    static QString acquiredNotice();
     void undo();
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void print(void (Printing::*command)());
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
+    void takeCaptured(const ImageBox& box, const QString& path, bool isSaved);
     void showCaptured(const QString& path);
     void cmdTwainAcquire_Click();
     void subAddItemFromTwain(const QString& path);
@@ -210,14 +214,16 @@ private:
     ImageDocument m_imageDocument;
     Printing m_printing;
     ScreenCapture m_capture;
-    bool m_capturesPointer = false;          ///< as chosen last in this run
-    std::vector<ImageBox> m_unsavedCaptures; ///< until they are offered to the user
+    bool m_capturesPointer = false;                              ///< as chosen last in this run
+    std::vector<std::pair<ImageBox, QString>> m_unsavedCaptures; ///< with file names; until they are offered
     std::unique_ptr<QLockFile> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open
     ScanMemory m_scanMemory;
     QStringList m_waitingPages; ///< of scanner and screen, for the basket
     bool m_addsPages = false;   ///< those that wait, at this moment
+    FileQuestion m_acquiredQuestion;
+    bool m_offersAcquired = false; ///< pictures of earlier sessions, by an undo in the empty basket
     std::unique_ptr<GreetingMaker> m_greetings;
     HelpDesk* m_help = nullptr;
 

@@ -2,17 +2,23 @@
 #include "acquisition/CapturedFile.h"
 #include "acquisition/forms/frmCapture.h"
 #include "app/frmMain.h"
+#include "base/AcquiredFiles.h"
 #include "base/ErrorTrap.h"
 #include "base/FailureOf.h"
+#include "collections/PageFiles.h"
 #include "configuration/ConfigRecord.h"
+#include "configuration/ProgramFolder.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <utility>
 
 namespace tarsel {
 
 void frmMain::connectCapture() {
     connect(&m_actions.action("cmdCapture"), &QAction::triggered, this, &frmMain::cmdCapture_Click);
+    connect(&m_capture, &ScreenCapture::waiting, this,
+            [this] { SetStatus(tr("Waiting for the picture of the screen from the desktop")); });
     connect(&m_capture, &ScreenCapture::captured, this, &frmMain::subAddCapturedItem);
     connect(&m_imageDocument.background(), &BackgroundSave::ended, this, &frmMain::offerUnsavedCaptures);
 }
@@ -28,24 +34,46 @@ void frmMain::cmdCapture_Click() {
     m_capture.subCapture(dialog.choice());
 }
 
-/// The row comes once the file is whole; the preview shows it from there. A picture that can't be written
-/// there is offered for another place.
+/// The picture is on show at once; its row comes when the file is there. Only threads touch the folder, which
+/// may be one of the network.
 void frmMain::subAddCapturedItem(const Picture& picture) {
     const settings::PublishingSettings& settings = ConfigRecord;
     TrappingString = QStringLiteral("Saving a picture of the screen");
-    const QString path = newCapturedFile(settings.CaptureFolder, settings.CaptureGeneric);
-    m_imageDocument.background().start(path, "FrmMain.subAddCapturedItem", [this, picture, path] {
+    const QString folder = settings.CaptureFolder, prefix = settings.CaptureGeneric;
+    const float number = drawCaptureNumber();
+    const QString path = capturedFile(folder, prefix, number);
+    if (!isRunning())
+        m_preview.showNew(picture, path);
+    const QString temporary = QDir::cleanPath(temporaryFolder(m_options.programFolder));
+    const auto listIfTemporary = [temporary](const QString& file) {
+        if (QDir::cleanPath(QFileInfo(file).path()) == temporary)
+            acquiredFiles::list({file}, true);
+    };
+    m_imageDocument.background().startNew(path, "FrmMain.subAddCapturedItem", [=, this] {
         ImageBox box;
         box.setPictureHandle(picture);
-        const auto failure = failureOf([&] { box.SaveToFile(path); });
+        QString made = path;
+        const auto failure = failureOf([&] {
+            made = writeCapturedFile(folder, prefix, number, box.encoded(QStringLiteral("tif")),
+                                     listIfTemporary);
+        });
         QMetaObject::invokeMethod(
-            this, [=, this] { failure ? m_unsavedCaptures.push_back(box) : subAddItemFromTwain(path); },
-            Qt::QueuedConnection);
+            this, [=, this] { takeCaptured(box, made, !failure); }, Qt::QueuedConnection);
         if (failure)
             throw *failure;
+        return made;
     });
 }
 
+/// A picture that isn't saved waits for the report of the reason.
+void frmMain::takeCaptured(const ImageBox& box, const QString& path, bool isSaved) {
+    if (isSaved)
+        subAddItemFromTwain(path);
+    else
+        m_unsavedCaptures.emplace_back(box, QFileInfo(path).fileName());
+}
+
+/// The preview may have the picture already.
 void frmMain::showCaptured(const QString& path) {
     ListView& pages = m_workspace.lvPages;
     const int rows = pages.count();
@@ -53,15 +81,19 @@ void frmMain::showCaptured(const QString& path) {
     if (pages.count() == rows)
         return;
     pages.selectOnly(pages.count() - 1);
-    m_preview.ShowRow(pages, pages.count() - 1);
+    if (m_preview.wantedPath() == path)
+        m_preview.reload();
+    else
+        m_preview.ShowRow(pages, pages.count() - 1);
 }
 
-/// After the report of why they weren't saved.
+/// In the program's own folder, unless the user chooses another one; again until it is saved or given up.
 void frmMain::offerUnsavedCaptures() {
-    for (const ImageBox& box : std::exchange(m_unsavedCaptures, {}))
-        m_imageDocument.ShowSaveDialog(
-            box,
-            QDir(m_options.programFolder).filePath(ConfigRecord.CaptureGeneric + QStringLiteral(".tif")));
+    const QDir folder(visibleFolder(m_options.programFolder));
+    for (const auto& [box, name] : std::exchange(m_unsavedCaptures, {}))
+        m_imageDocument.ShowRescueDialog(
+            box, folder.filePath(name),
+            [this, box = box](const QString& path, bool isSaved) { takeCaptured(box, path, isSaved); });
 }
 
 } // namespace tarsel

@@ -180,7 +180,7 @@ void frmMain::dropEvent(QDropEvent* event) {
 }
 
 void frmMain::openFile(const QString& argument) {
-    showOfferedFile({QUrl::fromUserInput(argument, QDir::currentPath(), QUrl::AssumeLocalFile)});
+    showOfferedFile({urlOfArgument(argument, QDir::currentPath())});
 }
 
 } // namespace tarsel

@@ -4,6 +4,7 @@
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
+#include "base/AcquiredFiles.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
@@ -150,6 +151,7 @@ void frmMain::resetState() {
     FirstShowing = true;
     m_folderView.FolderChanging = false;
     deleteAllPageFilesSetAside(m_options.programFolder);
+    acquiredFiles::tidy(temporaryFolder(m_options.programFolder));
 }
 
 void frmMain::setDrawingDefaults() {
@@ -239,6 +241,25 @@ void frmMain::showEvent(QShowEvent* event) {
     QTimer::singleShot(0, this, &frmMain::showFirstTime);
 }
 
+QString frmMain::acquiredNotice() {
+    return tr(
+        "Pages or pictures that were acquired in an earlier session are in no basket. Ctrl+Z in the empty "
+        "basket brings them back.");
+}
+
+/// Those of a session that was killed, or that another basket took the place of.
+void frmMain::offerAcquired() {
+    m_acquiredQuestion.ask([this, folder = m_options.programFolder] {
+        return [this, isLacking = !lastBasket::acquiredBeside(folder).isEmpty()] {
+            if (!isLacking || !m_workspace.lvPages.isEmpty())
+                return;
+            m_offersAcquired = true;
+            m_notices->say(acquiredNotice());
+            showHistory();
+        };
+    });
+}
+
 /// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures, or
 /// else a folder of their own.
 void frmMain::showFirstTime() {
@@ -254,6 +275,7 @@ void frmMain::showFirstTime() {
         m_hints->beginFirstRun();
         subSaveSetup();
     }
+    offerAcquired();
     if (folder == m_options.samplesFolder)
         m_hints->offer(FirstHints::OwnPictures);
 }
@@ -389,9 +411,12 @@ void frmMain::Form_Unload() {
     m_basket.stopAdding();
     m_folderView.stop();
     m_browsePane->question().forget();
+    m_acquiredQuestion.forget();
     m_preview.stop();
     if (m_saveAdvanced)
         m_saveAdvanced->close(); // which stores its settings
+    if (!isWriting())            // else a page may be listed just now
+        acquiredFiles::tidy(temporaryFolder(m_options.programFolder));
     subEnd();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())

@@ -5,6 +5,7 @@
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
 #include "cli/JsonLine.h"
+#include "cli/OldFiles.h"
 #include "cli/Terminal.h"
 #include "imaging/ImageBox.h"
 #include "imaging/PictureParts.h"
@@ -24,11 +25,13 @@ namespace {
 constexpr int longestDelay = 3600;
 /// What windows get to move out of the way.
 constexpr std::chrono::milliseconds clearingTime(500);
+constexpr int mostLooks = 5; ///< whether they have
 
 constexpr OptionSpec options[] = {
     {"out", "FILE",
      QT_TRANSLATE_NOOP("CommandLine",
                        "the file to write, in the format of its extension; required without --list")},
+    {"overwrite", nullptr, QT_TRANSLATE_NOOP("CommandLine", "replace an older file")},
     {"kind", "KIND",
      QT_TRANSLATE_NOOP("CommandLine", "foreground (default): the screen as it is; desktop: without windows")},
     {"monitor", "NAME", QT_TRANSLATE_NOOP("CommandLine", "only this monitor, see --list")},
@@ -113,7 +116,8 @@ ScreenPicture grab(ScreenSource& screen, const Arguments& arguments, Terminal& t
     const ClearedDesktop cleared(screen);
     if (!cleared.isCleared())
         terminal.message(Texts::tr("tarsel: the window manager can't clear the desktop of windows"));
-    std::this_thread::sleep_for(clearingTime);
+    for (int look = 0; look == 0 || (look < mostLooks && !cleared.isDone()); ++look)
+        std::this_thread::sleep_for(clearingTime);
     return screen.grab(withPointer);
 }
 
@@ -125,6 +129,14 @@ const SaveFormat& formatOf(const QString& target) {
     return *format;
 }
 
+/// Another program may have made a file there since the first look.
+void write(const QString& target, const QByteArray& bytes, bool overwrites) {
+    if (overwrites)
+        writeFileSafely(target, bytes);
+    else if (!writeNewFileSafely(target, bytes))
+        failForOldFile(target);
+}
+
 int run(const Arguments& arguments, Terminal& terminal) {
     if (!arguments.operands().isEmpty())
         throw UsageError{Texts::tr("unexpected \"%1\"").arg(arguments.operands().first())};
@@ -134,6 +146,9 @@ int run(const Arguments& arguments, Terminal& terminal) {
     requireOption(arguments, "out");
     const QString target = filePath(arguments.value("out"));
     const SaveFormat& format = formatOf(target);
+    const bool overwrites = arguments.has("overwrite");
+    if (!overwrites)
+        requireFree(target);
     const int delay = numberIn(arguments.value("delay", QStringLiteral("0")), 0, longestDelay, "delay");
 
     const std::unique_ptr<ScreenSource> screen = systemScreen();
@@ -143,7 +158,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
     ImageBox box;
     box.setPictureHandle(partOf(taken.picture, area.x(), area.y(), {area.width(), area.height()}));
     box.ColorFormat = format.colors.front().colorFormat;
-    writeFileSafely(target, box.encoded(QLatin1String(format.extension)));
+    write(target, box.encoded(QLatin1String(format.extension)), overwrites);
     terminal.result(
         json ? JsonLine().add("target", target).add("width", area.width()).add("height", area.height()).text()
              : Texts::tr("%1: %2 x %3 pixels").arg(target).arg(area.width()).arg(area.height()));

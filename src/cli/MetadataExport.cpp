@@ -2,10 +2,10 @@
 #include "base/TrappedError.h"
 #include "cli/FilePaths.h"
 #include "cli/MetadataReport.h"
+#include "cli/OldFiles.h"
 #include "metadata/modMetadata.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 namespace tarsel::cli {
 
@@ -27,12 +27,6 @@ struct SideFiles {
     QString exif;
     QString iptc;
 };
-
-void requireFree(const QString& path) {
-    if (QFileInfo::exists(path))
-        fail(ErrorNumber::InvalidCall,
-             QCoreApplication::translate("CommandLine", "%1 exists; --overwrite replaces it").arg(path));
-}
 
 /// A list without contents makes no file. Returns why no file was made, or what the file can't hold.
 QStringList writeExif(const ImageBox& box, const QString& file, bool isDry, MetadataOutcome& outcome) {

@@ -2,8 +2,10 @@
 #include "cli/ScanTarget.h"
 
 #include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "cli/Arguments.h"
 #include "cli/FilePaths.h"
+#include "cli/OldFiles.h"
 #include "imaging/SaveFormats.h"
 
 #include <QCoreApplication>
@@ -21,20 +23,11 @@ struct Texts {
 
 constexpr const char* nameInFolder = "Scan"; ///< of pages that get no name of their own
 
-bool isThere(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() || file.isSymLink(); // a dangling link leads to a file elsewhere
-}
-
 const SaveFormat& formatCalled(const QString& name) {
     const SaveFormat* format = findSaveFormat(name);
     if (!format)
         throw UsageError{Texts::tr("\"%1\" is not a format that can be written").arg(name)};
     return *format;
-}
-
-[[noreturn]] void failForOldFile(const QString& path) {
-    throw TrappedError{ErrorNumber::InvalidCall, Texts::tr("%1 exists; --overwrite replaces it").arg(path)};
 }
 
 } // namespace
@@ -68,18 +61,18 @@ void ScanTarget::begin(bool isOnePage) {
     if (m_isMulti)
         m_document.emplace(pathOf(1), m_oldFile);
     if (!m_isNumbered)
-        return requireFree(pathOf(1));
+        return requireReplaceable(pathOf(1));
     const QRegularExpression numbered(
         QRegularExpression::anchoredPattern(QRegularExpression::escape(start.fileName()) +
                                             QStringLiteral("\\d+") + QRegularExpression::escape(m_suffix)));
     for (const QString& name : QDir(start.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System))
         if (numbered.match(name).hasMatch())
-            requireFree(QDir(start.path()).filePath(name));
+            requireReplaceable(QDir(start.path()).filePath(name));
 }
 
-void ScanTarget::requireFree(const QString& path) const {
-    if (m_oldFile == OldFile::Keep && isThere(path))
-        failForOldFile(path);
+void ScanTarget::requireReplaceable(const QString& path) const {
+    if (m_oldFile == OldFile::Keep)
+        requireFree(path);
 }
 
 QString ScanTarget::pathOf(int number) const {

@@ -24,7 +24,7 @@ public:
 
 private:
     QString pathOf(int number) const;
-    void requireFree(const QString& path) const;
+    void requireReplaceable(const QString& path) const;
 
     QString m_start;  ///< path up to the page number
     QString m_suffix; ///< with the dot

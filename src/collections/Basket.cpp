@@ -294,7 +294,7 @@ void Basket::noteFailed(const QString& path) {
 void Basket::cmdPagesDelete() {
     ListView& pages = m_lists.lvPages;
     const std::vector<int> selected = pages.selectedRows();
-    m_history.remove(selected);
+    m_history.remove(selected, settings.programFolder);
     if (!selected.empty() && !pages.isEmpty())
         pages.selectOnly(std::min(selected.front(), pages.count() - 1));
     showCount();

@@ -84,6 +84,7 @@ public:
     };
     /// Ends the running adding; rows that are complete stay.
     void stopAdding() { m_stopAdding = true; }
+    bool wasStopped() const { return m_stopAdding; } ///< the last adding
     /// A stop requested from outside ends every adding in the same way.
     std::stop_token stop;
     /// Called with true when an adding begins and with false at its end.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketHistory.h"
 
+#include "base/AcquiredFiles.h"
+#include "base/IgnoringErrors.h"
 #include "collections/Basket.h"
 #include "collections/PageFiles.h"
 
@@ -64,10 +66,13 @@ BasketHistory::~BasketHistory() {
 
 // --- steps
 
-void BasketHistory::remove(const std::vector<int>& rows) {
+void BasketHistory::remove(const std::vector<int>& rows, const QString& programFolder) {
     std::vector<RemovedRow> taken = takeRows(rows);
-    if (!taken.empty())
-        push({.kind = Kind::Remove, .rows = std::move(taken)});
+    if (taken.empty())
+        return;
+    Step step{.kind = Kind::Remove, .rows = std::move(taken), .programFolder = programFolder};
+    strikeAcquired(step);
+    push(std::move(step));
 }
 
 void BasketHistory::beginNewBasket(const QString& programFolder) {
@@ -227,8 +232,10 @@ int BasketHistory::iconOf(const RemovedRow& row) {
 }
 
 void BasketHistory::swapRemoved(Step& step, bool isUndo) {
-    if (isUndo)
+    if (isUndo) {
+        listAcquiredAgain(step);
         return putBack(step.rows);
+    }
     QSet<QString> tags;
     for (const RemovedRow& row : step.rows)
         tags << row.placed.row.tag;
@@ -237,6 +244,7 @@ void BasketHistory::swapRemoved(Step& step, bool isUndo) {
         if (tags.contains(m_lists.lvPages.row(row).tag))
             rows.push_back(row);
     step.rows = takeRows(rows);
+    strikeAcquired(step);
 }
 
 void BasketHistory::swapNewBasket(Step& step, bool isUndo) {
@@ -247,23 +255,40 @@ void BasketHistory::swapNewBasket(Step& step, bool isUndo) {
     step.rows = takeAllRows();
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
+    strikeAcquired(step);
     step.setAside = setPageFilesAside(step.programFolder);
 }
 
 /// A page file whose name is used by now gets another one, in all steps.
 void BasketHistory::returnPageFiles(Step& step) {
     const QHash<QString, QString> renamed =
-        tarsel::returnPageFiles(std::exchange(step.setAside, {}), step.programFolder);
+        tarsel::returnPageFiles(std::exchange(step.setAside, {}), step.programFolder, step.acquired);
     if (renamed.isEmpty())
         return;
     const auto follow = [&](QString& tag) { tag = renamed.value(tag, tag); };
     for (Step& each : m_steps) {
         follow(each.tag);
+        for (QString& path : each.acquired)
+            follow(path);
         for (RemovedRow& row : each.rows)
             follow(row.placed.row.tag);
         for (QString& tag : each.order)
             follow(tag);
     }
+}
+
+// --- acquired pictures
+
+/// What the user removed may be deleted with the page files; what a basket file took the place of may not.
+void BasketHistory::strikeAcquired(Step& step) {
+    QStringList files;
+    for (const RemovedRow& row : step.rows)
+        files << row.placed.row.tag;
+    step.acquired = acquiredFiles::strike(temporaryFolder(step.programFolder), files);
+}
+
+void BasketHistory::listAcquiredAgain(Step& step) {
+    ignoringErrors([&] { acquiredFiles::list(std::exchange(step.acquired, {}), false); });
 }
 
 // --- order

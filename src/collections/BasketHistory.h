@@ -29,9 +29,11 @@ public:
     /// Called after each change of what can be undone.
     std::function<void()> changed;
 
-    /// Takes rows out of the list, given in ascending order. Rows without a picture so far are forgotten.
-    void remove(const std::vector<int>& rows);
-    /// Empties the list and takes the page files of `programFolder` away.
+    /// Takes rows out of the list, given in ascending order. Rows without a picture so far are forgotten. In
+    /// `programFolder`, acquired pictures among them are known as removed by the user.
+    void remove(const std::vector<int>& rows, const QString& programFolder);
+    /// Empties the list and takes the page files of `programFolder` away, but for acquired pictures that no
+    /// row of the list was.
     void beginNewBasket(const QString& programFolder);
     /// Empties the list for the rows of a basket file.
     void beginOpenBasket();
@@ -57,6 +59,7 @@ private:
         QString text = {};      ///< title or description
         QString setAside = {};  ///< folder of page files
         QString programFolder = {};
+        QStringList acquired = {}; ///< files struck from the list of acquired ones
     };
 
     void push(Step step);
@@ -70,6 +73,8 @@ private:
     void swapRemoved(Step& step, bool isUndo);
     void swapNewBasket(Step& step, bool isUndo);
     void returnPageFiles(Step& step);
+    static void strikeAcquired(Step& step);
+    static void listAcquiredAgain(Step& step);
     void swapOrder(Step& step);
     void swapText(Step& step);
     QStringList order() const;

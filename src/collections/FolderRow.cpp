@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/FolderRow.h"
 
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "collections/PictureFiles.h"
 #include "imaging/ImageBox.h"

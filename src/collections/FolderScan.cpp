@@ -2,6 +2,7 @@
 #include "collections/FolderScan.h"
 
 #include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "collections/PictureFiles.h"
 
 #include <algorithm>
@@ -57,7 +58,7 @@ void FolderScan::makeRows() {
     constexpr size_t firstRows = 100;
     constexpr size_t growth = 8;
     constexpr size_t maxRows = 6400;
-    const QStringList names = pictureFiles(m_request.folder);
+    const QStringList names = pictureFiles(m_request.folder, m_request.alsoListed);
     setNames(names);
     clsFileInfo info = m_request.info;
     const bool hasThumbnails = m_request.settings.folderView == 0 && m_request.settings.folderBox();

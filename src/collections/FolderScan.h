@@ -24,6 +24,7 @@ public:
         /// Names by row number of rows that are there already and only need to be completed; empty where a
         /// row is gone. Without any, the folder is listed.
         QStringList known;
+        QString alsoListed; ///< name of one more file that the listing has, when it is a picture
         ThumbnailReader readThumbnail = loadThumbnail; ///< called on the scan's threads
     };
     struct NumberedContent {

@@ -5,8 +5,10 @@
 #include "base/ErrorTrap.h"
 #include "base/Locale.h"
 #include "collections/PageFiles.h"
+#include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
 
+#include <QFileInfo>
 #include <algorithm>
 #include <numeric>
 
@@ -42,7 +44,8 @@ void FolderView::subShowFilesInFolder(const QString& path) {
     const auto failure = trap("FrmMain.subShowFilesInFolder", [&] {
         TrappingString = QStringLiteral("Showing files from selected folder");
         modFileSystem::MakeFolder(temporaryFolder(settings.programFolder));
-        m_folder = path;
+        if (std::exchange(m_folder, path) != path)
+            m_alsoListed.clear();
         m_lists.sbMain.setPanel(QStringLiteral("folder"), tr("Current Folder - %1").arg(path));
         clearList();
         takeThumbnailSize();
@@ -65,7 +68,8 @@ void FolderView::clearList() {
 }
 
 FolderScan::Request FolderView::request(QStringList known) const {
-    FolderScan::Request made{m_folder, settings, FileInfo(), std::move(known), readThumbnail};
+    FolderScan::Request made{
+        m_folder, settings, FileInfo(), std::move(known), QFileInfo(m_alsoListed).fileName(), readThumbnail};
     made.info.setDateForms(service<Locale>().dateForms());
     return made;
 }
@@ -145,6 +149,14 @@ void FolderView::retireScan() {
 void FolderView::refresh() {
     if (!m_folder.isEmpty())
         subShowFilesInFolder(m_folder);
+}
+
+bool FolderView::listAlso(const QString& file) {
+    if (file == m_alsoListed || file != joinedPath(m_folder, QFileInfo(file).fileName()))
+        return false;
+    m_alsoListed = file;
+    refresh();
+    return true;
 }
 
 void FolderView::stop() {

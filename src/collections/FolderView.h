@@ -55,6 +55,9 @@ public:
     /// True while somebody else uses the progress bar, which the listing leaves alone then and takes back.
     void lendBar(bool lent);
     QString currentFolder() const { return m_folder; }
+    /// Lists the folder again, now with that file of it too, whose name has none of the extensions of
+    /// pictures. False, and nothing, when that has been tried, and for a file of another folder.
+    bool listAlso(const QString& file);
     /// Why the list isn't complete, as the panel "status" says; empty for complete ones.
     const QString& refusal() const { return m_refusal; }
 
@@ -93,6 +96,7 @@ private:
 
     CollectionLists m_lists;
     QString m_folder;
+    QString m_alsoListed;           ///< complete path of the file that listAlso asked for in this folder
     std::optional<Size> m_nextSize; ///< of thumbnails, from the next listing on
     QString m_refusal;
     QString m_lastRead; ///< name of the file that was completed last

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/LastBasket.h"
 
+#include "base/AcquiredFiles.h"
+#include "base/IgnoringErrors.h"
 #include "collections/BasketFile.h"
+#include "collections/PageFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
+#include <functional>
 
 namespace tarsel::lastBasket {
 
@@ -12,6 +17,36 @@ namespace {
 
 QString fileIn(const QString& programFolder) {
     return QDir(programFolder).filePath(QStringLiteral("last-basket.ibd"));
+}
+
+/// `sources` is asked only when there are any.
+QStringList acquiredWithout(const std::function<QStringList()>& sources, const QString& programFolder) {
+    QStringList paths;
+    ignoringErrors([&] { paths = acquiredFiles::present(temporaryFolder(programFolder)); });
+    if (paths.isEmpty())
+        return paths;
+    QSet<QString> known;
+    for (const QString& source : sources())
+        known << QDir::cleanPath(source);
+    paths.removeIf([&](const QString& path) { return known.contains(QDir::cleanPath(path)); });
+    return paths;
+}
+
+QStringList keptSources(const QString& programFolder) {
+    QStringList sources;
+    if (isKept(programFolder))
+        ignoringErrors([&] {
+            for (const auto& entry : modSaveOpenImageList::readBasketEntries(fileIn(programFolder)))
+                sources << entry.path;
+        });
+    return sources;
+}
+
+QStringList sourcesOf(const ListView& lvPages) {
+    QStringList sources;
+    for (int row = 0; row < lvPages.count(); ++row)
+        sources << lvPages.subItem(row, BasketColumn::SourcePath);
+    return sources;
 }
 
 } // namespace
@@ -26,8 +61,20 @@ bool isKept(const QString& programFolder) {
     return QFileInfo::exists(fileIn(programFolder));
 }
 
+QStringList acquiredBeside(const QString& programFolder) {
+    return acquiredWithout([&] { return keptSources(programFolder); }, programFolder);
+}
+
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder) {
-    return modSaveOpenImageList::fncOpenImageBasket(fileIn(programFolder), basket, lists);
+    const bool hasKept = isKept(programFolder);
+    const bool isOpened =
+        !hasKept || modSaveOpenImageList::fncOpenImageBasket(fileIn(programFolder), basket, lists);
+    if (hasKept && basket.wasStopped())
+        return isOpened;
+    const QStringList lacking = acquiredWithout([&] { return sourcesOf(lists.lvPages); }, programFolder);
+    if (!lacking.isEmpty())
+        std::ignore = basket.addListedFiles(lacking);
+    return isOpened;
 }
 
 } // namespace tarsel::lastBasket

@@ -4,7 +4,8 @@
 #include "collections/Basket.h"
 
 /// The basket that a session ended with, as a basket file with descriptions in the program folder. Sessions
-/// begin with an empty basket; from here the user gets the last one back.
+/// begin with an empty basket; from here the user gets the last one back, and with it the acquired pictures
+/// that it doesn't name, such as those of a session that was killed.
 namespace tarsel::lastBasket {
 
 /// An empty basket leaves what an earlier session kept.
@@ -12,7 +13,12 @@ void keep(const ListView& lvPages, const QString& programFolder);
 
 bool isKept(const QString& programFolder);
 
-/// Replaces the basket as fncOpenImageBasket does, and returns what that does.
+/// Acquired pictures in the folder Temp that no row of the kept basket is. On any thread: it reads that
+/// basket.
+QStringList acquiredBeside(const QString& programFolder);
+
+/// Replaces the basket as fncOpenImageBasket does, and returns what that does. Then adds the acquired
+/// pictures that it lacks.
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder);
 
 } // namespace tarsel::lastBasket

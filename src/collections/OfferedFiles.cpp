@@ -1,14 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/OfferedFiles.h"
 
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "base/Translation.h"
 #include "collections/PictureFiles.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 
 namespace tarsel {
+
+QUrl urlOfArgument(const QString& argument, const QString& folder) {
+    if (argument.startsWith(QLatin1String("file:")) || argument.contains(QLatin1String("://")))
+        return QUrl(argument);
+    return QUrl::fromLocalFile(QDir::cleanPath(QDir(folder).absoluteFilePath(argument)));
+}
 
 QString localPath(const QUrl& url) {
     QUrl local = url;

@@ -18,6 +18,10 @@ struct OfferedFiles {
 /// Reads the folders, without those below them. Any thread may call it.
 OfferedFiles offeredFiles(const QList<QUrl>& urls, const std::stop_token& stop);
 
+/// What an argument names: an address, such as "file:///tmp/a.jpg", or else a path, which may be relative to
+/// that folder. QUrl::fromUserInput asks the file system, which may never answer.
+QUrl urlOfArgument(const QString& argument, const QString& folder);
+
 /// The local path; empty for an address that is not that of a local file.
 QString localPath(const QUrl& url);
 

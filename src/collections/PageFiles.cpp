@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
 
+#include "base/AcquiredFiles.h"
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "base/RandomNumbers.h"
 #include "base/TrappedError.h"
-#include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
 #include "imaging/ImageBox.h"
 
@@ -106,15 +107,17 @@ QString newSetAsideFolder(const QString& programFolder) {
     }
 }
 
-/// Moves a file to the first free name of "scan1_17.tif", "scan1_17_2.tif" and so on. Empty where it can't be
-/// moved.
-QString moveWithoutReplacing(const QString& from, const QString& to) {
+/// Moves a file to the first free name of "scan1_17.tif", "scan1_17_2.tif" and so on; the new name of an
+/// acquired one is listed first. Empty where it can't be moved.
+QString moveWithoutReplacing(const QString& from, const QString& to, bool isAcquired) {
     const QString start = modFileSystem::GetFileTitle(to);
     for (int number = 2;; ++number) {
         const QString path = number == 2 ? to : QStringLiteral("%1_%2.tif").arg(start).arg(number - 1);
+        if (isAcquired && path != to && !isNameTaken(path))
+            ignoringErrors([&] { acquiredFiles::list({path}, false); });
         if (QFile::rename(from, path))
             return path;
-        if (!QFileInfo(path).isSymLink() && !QFileInfo::exists(path))
+        if (!isNameTaken(path))
             return {};
     }
 }
@@ -128,7 +131,11 @@ void deletePageFile(const QString& path) {
 
 QString setPageFilesAside(const QString& programFolder) {
     const QDir files = pageFilesIn(temporaryFolderPath(programFolder));
-    const QStringList names = files.entryList();
+    QStringList names = files.entryList();
+    QStringList acquired;
+    if (!ignoringErrors([&] { acquired = acquiredFiles::listed(files.path()); }))
+        return {};
+    names.removeIf([&](const QString& name) { return acquired.contains(name); });
     const QString folder = names.isEmpty() ? QString() : newSetAsideFolder(programFolder);
     for (const QString& name : names)
         if (folder.isEmpty() || !QFile::rename(files.filePath(name), joinedPath(folder, name)))
@@ -136,14 +143,16 @@ QString setPageFilesAside(const QString& programFolder) {
     return folder;
 }
 
-QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder) {
+QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder,
+                                        const QStringList& acquired) {
     QHash<QString, QString> renamed;
     if (setAside.isEmpty())
         return renamed;
+    ignoringErrors([&] { acquiredFiles::list(acquired, false); });
     const QDir files = pageFilesIn(setAside);
     for (const QString& name : files.entryList()) {
         const QString before = temporaryFolder(programFolder) + name;
-        const QString path = moveWithoutReplacing(files.filePath(name), before);
+        const QString path = moveWithoutReplacing(files.filePath(name), before, acquired.contains(before));
         if (!path.isEmpty() && path != before)
             renamed.insert(before, path);
     }
@@ -161,10 +170,24 @@ void deletePageFilesSetAside(const QString& setAside) {
     QDir().rmdir(QFileInfo(setAside).path());
 }
 
+namespace {
+
+/// A kill may come between the listing of a file and its return. False where nobody can know which to return.
+bool returnListed(const QString& setAside, const QString& programFolder) {
+    return ignoringErrors([&] {
+        for (const QString& name : acquiredFiles::listed(temporaryFolder(programFolder)))
+            if (const QString file = joinedPath(setAside, name); QFileInfo::exists(file))
+                moveWithoutReplacing(file, temporaryFolder(programFolder) + name, true);
+    });
+}
+
+} // namespace
+
 void deleteAllPageFilesSetAside(const QString& programFolder) {
     const QDir parent(setAsideFolder(programFolder));
     for (const QString& name : parent.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot))
-        deletePageFilesSetAside(parent.filePath(name));
+        if (returnListed(parent.filePath(name), programFolder))
+            deletePageFilesSetAside(parent.filePath(name));
 }
 
 void deleteFilesWithoutExtension(const QString& programFolder) {

@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 namespace tarsel {
 
@@ -37,14 +38,17 @@ void savePage(ImageBox& box, const QString& path);
 void deletePageFile(const QString& path); ///< nothing for an empty path
 
 /// Takes all page files out of the folder Temp, those of earlier runs too, into a new folder below it, whose
-/// path it returns; empty when there were none. Those that can't be moved are deleted.
+/// path it returns; empty when there were none. Those that can't be moved are deleted. Acquired files that
+/// are listed stay; where nobody can know them, all do.
 QString setPageFilesAside(const QString& programFolder);
 
-/// Moves them back. Returns the new paths of those whose name another file has by now, by their old ones.
-QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder);
+/// Moves them back; those of `acquired`, which are paths in the folder Temp, are listed again first. Returns
+/// the new paths of those whose name another file has by now, by their old ones.
+QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder,
+                                        const QStringList& acquired = {});
 
 void deletePageFilesSetAside(const QString& setAside); ///< nothing for an empty path
-/// Those of all folders, which a run that ended early left.
+/// Those of all folders, which a run that ended early left. Acquired files that are listed again go back.
 void deleteAllPageFilesSetAside(const QString& programFolder);
 
 /// Deletes the files without an extension in the folder Temp. What can't be deleted stays.

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PictureFiles.h"
 
+#include "base/IgnoringErrors.h"
 #include "base/TrappedError.h"
+#include "codecs/PictureFile.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <tuple>
 
 namespace tarsel {
 
@@ -27,9 +30,13 @@ bool standsBefore(const QString& a, const QString& b) {
     return order != 0 ? order < 0 : a < b;
 }
 
+bool isPicture(const QString& path) {
+    return ignoringErrors([&] { std::ignore = PictureFile(path).header(); });
+}
+
 } // namespace
 
-QStringList pictureFiles(const QString& folder) {
+QStringList pictureFiles(const QString& folder, const QString& also) {
     if (!QFileInfo(folder).isDir())
         fail(ErrorNumber::PathNotFound, folder);
     const QDir directory(folder);
@@ -37,6 +44,8 @@ QStringList pictureFiles(const QString& folder) {
         fail(ErrorNumber::PermissionDenied, folder);
     QStringList names = directory.entryList(QDir::Files, QDir::Unsorted);
     names.removeIf([](const QString& name) { return !isListed(name); });
+    if (!also.isEmpty() && !names.contains(also) && isPicture(joinedPath(folder, also)))
+        names << also;
     std::sort(names.begin(), names.end(), standsBefore);
     return names;
 }
@@ -44,10 +53,6 @@ QStringList pictureFiles(const QString& folder) {
 bool mayHavePages(const QString& extension) {
     const QString lower = extension.toLower();
     return lower == QLatin1String("tif") || lower == QLatin1String("tiff");
-}
-
-QString joinedPath(const QString& folder, const QString& name) {
-    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
 }
 
 } // namespace tarsel

@@ -7,14 +7,11 @@
 namespace tarsel {
 
 /// Names of a folder's files that match the pattern of pictures, "*.jpg*;*.jpeg*;..", in any case, sorted
-/// without regard to case. Sub-folders and hidden files are not listed. Error 76 for a missing folder, 70 for
-/// one that can't be read.
-QStringList pictureFiles(const QString& folder);
+/// without regard to case. Sub-folders and hidden files are not listed. The file `also` is, whatever its
+/// name, when it is a picture by its content. Error 76 for a missing folder, 70 for one that can't be read.
+QStringList pictureFiles(const QString& folder, const QString& also = {});
 
 /// Whether a file of that extension, in any case, may hold several pages.
 bool mayHavePages(const QString& extension);
-
-/// Folder and name, with a separator between them unless the folder ends with one.
-QString joinedPath(const QString& folder, const QString& name);
 
 } // namespace tarsel

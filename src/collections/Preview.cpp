@@ -69,6 +69,23 @@ void Preview::ShowRow(ListView& list, int row) {
     load(path, OptimizedPreview);
 }
 
+void Preview::showNew(const Picture& picture, const QString& path) {
+    drop();
+    Q_EMIT loadingBegun(path);
+    if (!OptimizedPreview)
+        m_lists.tasks.deselect();
+    m_lists.ibMain.setPictureHandle(picture);
+    m_lists.ibMain.Visible = true;
+    m_lists.ibMain.Tag = m_shownPath = m_wantedPath = path;
+    m_original = picture;
+    m_shown.path = path;
+    m_shown.picture = picture;
+    m_shown.size = {picture.width(), picture.height()};
+    m_lists.sbMain.setPanel(QStringLiteral("filename"), clsFileInfo::StripFileFromPath(path));
+    Q_EMIT pictureChanged();
+    Q_EMIT replaced();
+}
+
 void Preview::rebuild() {
     show(OptimizedPreview);
 }
@@ -179,6 +196,12 @@ void Preview::dropUnselected() {
 }
 
 void Preview::clear() {
+    drop();
+    Q_EMIT pictureChanged();
+    Q_EMIT replaced();
+}
+
+void Preview::drop() {
     stop();
     service<EventLoop>().setBusyPointer(false);
     for (QString* text :
@@ -192,8 +215,6 @@ void Preview::clear() {
     for (const char* panel : {"pages", "resolution", "metadata"})
         m_lists.sbMain.setPanel(QLatin1String(panel), {});
     m_lists.sbMain.setPanel(QStringLiteral("filename"), tr("No file selected"));
-    Q_EMIT pictureChanged();
-    Q_EMIT replaced();
 }
 
 void Preview::stop() {

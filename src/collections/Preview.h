@@ -42,6 +42,9 @@ public:
     /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
     /// that can't be read leaves the box empty and the panels unchanged.
     void ShowRow(ListView& list, int row);
+    /// Shows a new picture, as it is, whose file `path` is still being written. A row of that file is loaded
+    /// by reload().
+    void showNew(const Picture& picture, const QString& path);
     /// Shows the picture again as OptimizedPreview says.
     void rebuild();
     /// Loads the picture of the row shown last again, after a change of how pictures are prepared.
@@ -62,6 +65,8 @@ public:
     const PreviewPicture& shown() const { return m_shown; }
     /// Path of the picture shown last; empty before the first one.
     const QString& shownPath() const { return m_shownPath; }
+    /// Path of the picture that is to be shown, whether it can be loaded or not.
+    const QString& wantedPath() const { return m_wantedPath; }
 
     // --- EditedPicture
     ImageBox& box() override { return m_lists.ibMain; }
@@ -105,6 +110,7 @@ private:
     void showFailure(const QString& text);
     void showResolution();
     void clear();
+    void drop(); ///< the same without a signal
 
     Lists m_lists;
     Picture m_original;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/modFileSystem.h"
 
+#include "base/FileNames.h"
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
@@ -30,7 +31,7 @@ qsizetype extensionPoint(const QString& path) {
 /// The path or the part of it that is there.
 QString existingPart(const QString& path) {
     QString part = QDir::cleanPath(path);
-    for (QString above; !QFileInfo::exists(part) && !QFileInfo(part).isSymLink(); part = above)
+    for (QString above; !isNameTaken(part); part = above)
         if (above = QFileInfo(part).path(); above == part)
             break;
     return part;

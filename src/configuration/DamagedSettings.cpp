@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "configuration/DamagedSettings.h"
 
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigFile.h"
@@ -25,10 +26,9 @@ enum class Damage { None, Marked, EndsEarly, Foreign };
 /// More than the longest texts of a record and the tail of another version come to.
 constexpr qint64 largestFile = 16 << 20;
 
-/// A name that nothing has.
 QString nameBeside(const QString& path) {
     QString name = path + QStringLiteral(".damaged");
-    for (int number = 2; QFileInfo::exists(name) || QFileInfo(name).isSymLink(); ++number)
+    for (int number = 2; isNameTaken(name); ++number)
         name = QStringLiteral("%1.damaged-%2").arg(path).arg(number);
     return name;
 }

@@ -34,7 +34,6 @@ std::span<const HelpTopic> helpTopics() {
         {"frmInsertMetadata", "albums#metadata-on-the-pages"},
         {"frmAlbumDescription", "basket#descriptions-and-titles"},
         {"frmCapture", "capture"},
-        {"fCaptureRectangle", "capture#select-a-region"},
         {"frmTwain", "scanning"},
         {"frmScanOptions", "scanning#options"},
         {"frmSaveAdvanced", "interactive-save"},

@@ -33,13 +33,20 @@ PictureExtras extrasOf(const QString& path) {
 } // namespace
 
 void BackgroundSave::start(const QString& target, const char* routine, std::function<void()> write) {
+    startNew(target, routine, [target, write = std::move(write)] {
+        write();
+        return target;
+    });
+}
+
+void BackgroundSave::startNew(const QString& target, const char* routine, std::function<QString()> write) {
     m_hasFailed = m_running++ > 0 && m_hasFailed;
     Q_EMIT progressed(tr("Saving %1").arg(target));
     m_threads.start([this, write = std::move(write), target, routine] {
-        const std::optional<TrappedError> failure = failureOf(write);
+        QString made = target;
+        const std::optional<TrappedError> failure = failureOf([&] { made = write(); });
         QMetaObject::invokeMethod(
-            this, [this, target, routine, failure] { finish(target, routine, failure); },
-            Qt::QueuedConnection);
+            this, [this, made, routine, failure] { finish(made, routine, failure); }, Qt::QueuedConnection);
     });
 }
 

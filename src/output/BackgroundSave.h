@@ -18,6 +18,8 @@ public:
 
     /// `write` makes the file `target`, on another thread. Its failure is trapped as `routine`.
     void start(const QString& target, const char* routine, std::function<void()> write);
+    /// The same where another name may be chosen for the file: `write` returns its path.
+    void startNew(const QString& target, const char* routine, std::function<QString()> write);
     bool isSaving() const { return m_running > 0; }
 
 Q_SIGNALS:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/SourceGuard.h"
 
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
@@ -33,7 +34,7 @@ QString freeNameBeside(const QString& path) {
             QStringLiteral("%1 (original%2)%3").arg(file.completeBaseName(), number, suffix));
     };
     QString free = name({});
-    for (int number = 2; QFileInfo::exists(free) || QFileInfo(free).isSymLink(); ++number)
+    for (int number = 2; isNameTaken(free); ++number)
         free = name(QStringLiteral(" %1").arg(number));
     return free;
 }

@@ -28,6 +28,7 @@ namespace {
 
 constexpr uint done = 0, cancelled = 1, refused = 2;
 constexpr uint silence = 99, gone = 98; ///< no answer; the portal ends instead
+constexpr uint deaf = 97;               ///< not even the request is acknowledged
 
 /// Answers requests for pictures of the screen, on a bus of its own, as the portal of a desktop does.
 class FakePortal final : public QObject, protected QDBusContext {
@@ -44,7 +45,7 @@ public:
 
     QList<uint> responses; ///< of the requests to come
     QString file;          ///< with the picture
-    QString address;       ///< told instead of the file's
+    QString address;       ///< reported instead of the file's
     bool ownHandle = false;
     QList<bool> interactive; ///< as asked
 
@@ -61,7 +62,8 @@ public Q_SLOTS:
         const uint code = responses.takeFirst();
         if (code == gone)
             m_bus.unregisterService(QStringLiteral("org.freedesktop.portal.Desktop"));
-        if (code == gone || code == silence)
+        setDelayedReply(code == deaf);
+        if (code == gone || code == silence || code == deaf)
             return QDBusObjectPath(handle);
         QVariantMap results;
         if (code == done)
@@ -149,6 +151,18 @@ TEST_F(PortalScreen, WhatKeepsThePictureAwayIsSaid) {
     ASSERT_TRUE(cut.resize(40));
     is(errorWith({done}), ErrorNumber::UnreadableFile, file);
     EXPECT_TRUE(QFile::exists(file));
+}
+
+TEST_F(PortalScreen, ADesktopThatDoesntAnswerIsGivenUp) {
+    for (const uint code : {silence, deaf}) {
+        FakePortal portal;
+        portal.responses = {code};
+        const TrappedError error =
+            errorOf([] { portalScreen(std::chrono::milliseconds(1200))->grab(false); });
+        EXPECT_EQ(error.number, ErrorNumber::PermissionDenied);
+        EXPECT_TRUE(error.description.contains(u"within 2 seconds")) << error.description.toStdString();
+        EXPECT_TRUE(portal.responses.isEmpty());
+    }
 }
 
 TEST_F(PortalScreen, OnAnotherThreadAStopEndsTheWait) {

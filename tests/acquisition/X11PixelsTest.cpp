@@ -42,6 +42,10 @@ TEST(X11Pixels, ReadsTheFormsThatServersHave) {
          {0x00, 0xF8, 0, 0, 0xE0 | 0x10, 0x07, 0, 0}, // red; all of green and half of blue
          {255, 0, 0},
          {0, 255, 132}},
+        {{.bitsPerPixel = 8, .palette = {0x112233, 0x445566}},
+         {1, 0, 0, 0, 2, 0, 0, 0},
+         {0x44, 0x55, 0x66},
+         {0, 0, 0}},                                                       // no such colour
         {{.redMask = 0x3FF00000, .greenMask = 0xFFC00, .blueMask = 0x3FF}, // 10 bits a colour
          {0xFF, 0x03, 0x00, 0x20, 0, 0, 0, 0},
          {128, 0, 255},

@@ -80,6 +80,25 @@ TEST_F(X11Screen, ThePointerIsOnThePictureOnlyWhenWanted) {
     EXPECT_TRUE(screen->grab(false).picture == plain);
 }
 
+TEST_F(X11Screen, AScreenOfEightBitsHasTheColoursOfItsPalette) {
+    const X11Connection x11;
+    if (x11.screen().root_depth != 8)
+        GTEST_SKIP() << "needs a screen of 8 bits";
+    const xcb_colormap_t colors = x11.screen().default_colormap;
+    const auto color = owned(xcb_alloc_color_reply(
+        x11.get(), xcb_alloc_color(x11.get(), colors, 0xC8C8, 0x6464, 0x3232), nullptr));
+    ASSERT_TRUE(color);
+    const xcb_window_t window = xcb_generate_id(x11.get());
+    const std::uint32_t values[] = {color->pixel, 1};
+    xcb_create_window(x11.get(), XCB_COPY_FROM_PARENT, window, x11.root(), 20, 30, 40, 50, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
+    xcb_map_window(x11.get(), window);
+    owned(xcb_get_input_focus_reply(x11.get(), xcb_get_input_focus(x11.get()), nullptr));
+    const Picture whole = x11Screen()->grab(false).picture;
+    EXPECT_TRUE(part(whole, {20, 30, 40, 50}) == plainPicture(40, 50, 3, {200, 100, 50}));
+}
+
 TEST_F(X11Screen, WithoutAWindowManagerTheDesktopIsNotCleared) {
     const auto screen = x11Screen();
     const ClearedDesktop cleared(*screen);

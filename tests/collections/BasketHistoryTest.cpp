@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/AcquiredFiles.h"
+#include "collections/LastBasket.h"
 #include "tests/collections/CollectionWindow.h"
 
 #include <map>
@@ -127,4 +129,47 @@ TEST_F(BasketHistoryTest, RemovedPagesComeBackBesideThoseAddedSinceAndTheirFiles
     writeBytes(undoFolder + QStringLiteral("/7/scan1_2.tif"), "of a run that crashed");
     deleteAllPageFilesSetAside(settings.programFolder);
     EXPECT_FALSE(QDir(undoFolder).exists());
+}
+
+TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndComeBackWithTheLastOne) {
+    const QString temporary = temporaryFolder(settings.programFolder);
+    const auto acquire = [&](const char* name) {
+        const QString path = temporary + QLatin1String(name);
+        acquiredFiles::list({path}, true);
+        makeDocument(path, {{{4, 4}, qRgb(5, 5, 5)}});
+        return path;
+    };
+    const auto beside = [&] {
+        QStringList names;
+        for (const QString& path : lastBasket::acquiredBeside(settings.programFolder))
+            names << QFileInfo(path).fileName();
+        return names.join(u' ').toStdString();
+    };
+    pages.cmdPagesNew();
+    for (const char* name : {"1_1.tif", "2_2.tif", "3_3.tif"})
+        pages.subAddEntryToListView(acquire(name));
+    acquire("4_4.tif"); // still to be added
+    acquire("5_5.tif");
+    EXPECT_EQ(beside(), "1_1.tif 2_2.tif 3_3.tif 4_4.tif 5_5.tif") << "after a kill now";
+    lvPages.selectOnly(1);
+    pages.cmdPagesDelete();
+    EXPECT_EQ(beside(), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
+    pages.undo();
+    EXPECT_EQ(beside(), "1_1.tif 2_2.tif 3_3.tif 4_4.tif 5_5.tif");
+    pages.redo();
+    pages.cmdPagesNew();
+    EXPECT_EQ(beside(), "4_4.tif 5_5.tif");
+    EXPECT_EQ(pageFiles().join(u' ').toStdString(), "4_4.tif 5_5.tif acquired.txt");
+    pages.undo();
+    EXPECT_EQ(beside(), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
+    EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("2_2.tif")));
+
+    lastBasket::keep(lvPages, settings.programFolder);
+    EXPECT_EQ(beside(), "4_4.tif 5_5.tif");
+    pages.empty(); // as for a basket file, and whatever came then is no reason to delete those of before
+    EXPECT_EQ(beside(), "4_4.tif 5_5.tif");
+    pages.cmdPagesNew();
+    EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")));
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
+#include "base/AcquiredFiles.h"
 #include "imaging/ImageBox.h"
+#include "tests/support/ForkedChild.h"
 #include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
 
@@ -9,8 +11,10 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <set>
+#include <sys/syscall.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -57,6 +61,39 @@ TEST(PageFiles, CarryNamePageAndRandomNumberAndNeverTakeANameThatIsUsed) {
             ASSERT_TRUE(QFile::link(QStringLiteral("/nowhere/else.tif"), path));
         }
     }
+}
+
+TEST(PageFiles, AnAcquiredOneGoesOnlyWhenItsRowWentAndComesBackThoughTheReturnWasKilled) {
+    QTemporaryDir folder;
+    const QString temporary = temporaryFolder(folder.path());
+    QDir().mkpath(temporary);
+    const auto files = [](const QString& path) {
+        return QDir(path).entryList({QStringLiteral("*.tif")}, QDir::Files).join(u' ').toStdString();
+    };
+    const QStringList acquired{temporary + QStringLiteral("1_5.tif"), temporary + QStringLiteral("2_6.tif")};
+    acquiredFiles::list(acquired, false);
+    for (const QString& path : acquired + QStringList(temporary + QStringLiteral("scan1_7.tif")))
+        writeBytes(path, "x");
+    const QString copies = setPageFilesAside(folder.path());
+    EXPECT_EQ(files(copies), "scan1_7.tif");
+    EXPECT_EQ(files(temporary), "1_5.tif 2_6.tif");
+
+    int kills = 0;
+    for (const int call : {SYS_rename, SYS_renameat2, SYS_linkat, SYS_rmdir}) {
+        EXPECT_EQ(acquiredFiles::strike(temporary, acquired), acquired);
+        const QString aside = setPageFilesAside(folder.path());
+        EXPECT_EQ(files(aside), "1_5.tif 2_6.tif");
+        kills += inChild([&] {
+                     dieAtSystemCall(call);
+                     returnPageFiles(aside, folder.path(), acquired);
+                     return 0;
+                 }) == -SIGSYS;
+        deleteAllPageFilesSetAside(folder.path());
+        EXPECT_EQ(files(temporary), "1_5.tif 2_6.tif") << call;
+    }
+    EXPECT_GE(kills, 2);
+    EXPECT_FALSE(QDir(temporary + QStringLiteral("Undo")).exists());
+    EXPECT_EQ(setPageFilesAside(folder.path()), QString()) << "listed again";
 }
 
 TEST(PageFiles, ABlackAndWhitePageStaysSmallAndEveryPageKeepsItsPixels) {

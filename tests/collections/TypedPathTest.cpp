@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/TypedPath.h"
+#include "collections/OfferedFiles.h"
 #include "tests/support/MadePictures.h"
 
 #include <QDir>
@@ -33,6 +34,20 @@ TEST(TypedPath, IsAbsoluteRelativeOfTheHomeFolderOrAnUrlAndMayNameAFile) {
         EXPECT_NE(refusal.isEmpty(), place.folder.isEmpty()) << each[0].toStdString();
     }
     qputenv("HOME", usualHome);
+}
+
+TEST(TypedPath, AnArgumentIsALocalFileUnlessItIsAnAddress) {
+    const std::pair<QString, QString> cases[] = {
+        {u"x.jpg"_qs, u"/here/x.jpg"_qs},
+        {u"../100%25 #1?.jpg"_qs, u"/100%25 #1?.jpg"_qs},
+        {u"a:b.jpg"_qs, u"/here/a:b.jpg"_qs},
+        {u"/there/./x.jpg"_qs, u"/there/x.jpg"_qs},
+        {u"file:///a%20b/x.jpg"_qs, u"/a b/x.jpg"_qs},
+        {u"http://host/x.jpg"_qs, u""_qs},
+    };
+    for (const auto& [argument, path] : cases)
+        EXPECT_EQ(localPath(urlOfArgument(argument, QStringLiteral("/here"))), path)
+            << argument.toStdString();
 }
 
 } // namespace tarsel::test

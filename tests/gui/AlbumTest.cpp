@@ -56,6 +56,7 @@ TEST_F(AlbumDialog, OpensForABasketAndGeneratesWithWhatItShows) {
     QDir().mkpath(out());
     choose();
     ASSERT_NE(dialog(), nullptr);
+    EXPECT_NE(child<QLineEdit>(*dialog(), "txtFolder").text(), programFolder()) << "no place for albums";
     child<QSlider>(*dialog(), "sldQuality").setValue(31);
     click(*dialog(), "cmdCancel");
     EXPECT_EQ(ConfigRecord.Album.Quality, 75);

@@ -85,4 +85,21 @@ TEST_F(AllWindows, FitTheScreenAndScrollWhatIsLarger) {
     });
 }
 
+TEST_F(AllWindows, OnAScreenOf1366PixelsAtTwiceTheSizeTheMainWindowHasRoom) {
+    constexpr QSize small(683, 384), frame(16, 48);
+    if (QGuiApplication::primaryScreen()->size() != small)
+        GTEST_SKIP() << "ctest runs it on such a screen";
+    startWithBasket(2);
+    window().preview().ShowRow(basket(), 0);
+    ASSERT_TRUE(waitFor([&] { return window().workspace().ibMain.HasImage(); }));
+    for (const char* state : {"browsing", "editing"}) {
+        QCoreApplication::processEvents();
+        const QSize least = window().minimumSizeHint();
+        EXPECT_TRUE(least.width() <= small.width() - frame.width() &&
+                    least.height() <= small.height() - frame.height())
+            << state << ": " << least.width() << " x " << least.height();
+        click(window(), "CmdPreviewEdit");
+    }
+}
+
 } // namespace tarsel::test

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QEnterEvent>
 #include <QFrame>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTest>
@@ -274,6 +275,55 @@ TEST_F(CaptureRegion, TheMagnifierShowsThePixelItsPlaceAndColorAndTheLabelTheSiz
         key(Qt::Key_Escape, {}, pane);
         key(Qt::Key_M, {}, pane);
     }
+}
+
+TEST_F(CaptureRegion, TheMagnifierIsThereFromTheStartAndFollowsTheCornerThatKeysMove) {
+    const auto texts = [this] {
+        QStringList all;
+        for (CapturePane* pane : panes)
+            all += textsOn(*pane);
+        return all.filter(QStringLiteral("#")); // those with a colour
+    };
+    const auto isAt = [&](QPoint place) {
+        return texts().size() == 1 &&
+               texts().first().startsWith(QStringLiteral("%1, %2 ").arg(place.x()).arg(place.y()));
+    };
+    EXPECT_EQ(texts().size(), 1);
+    for (std::size_t pane = 0; pane < panes.size(); ++pane) {
+        const QPoint corner = screen.monitors[pane].area.topLeft();
+        drag(pane, {60, 70}, {159, 189});
+        key(Qt::Key_Right, {}, pane);
+        EXPECT_TRUE(isAt(corner + QPoint(61, 70)));
+        key(Qt::Key_Down, Qt::ShiftModifier | Qt::ControlModifier, pane);
+        EXPECT_TRUE(isAt(corner + QPoint(160, 199)));
+        point(pane, QEvent::MouseMove, {300, 310});
+        EXPECT_TRUE(isAt(corner + QPoint(300, 310)));
+        key(Qt::Key_Escape, {}, pane);
+    }
+}
+
+TEST_F(CaptureRegion, F1ShowsTheKeysOnTheFrozenScreenAndTheBarTellsWhatIsShown) {
+    const std::size_t last = panes.size() - 1;
+    auto& keys = child<QLabel>(*bar(0).window(), "lblKeys");
+    auto& button = child<QToolButton>(*bar(0).window(), "cmdKeys");
+    const auto isShown = [&](bool shown) {
+        const QWidget& frame = *bar(0).parentWidget();
+        return keys.isVisible() == shown && button.isChecked() == shown &&
+               frame.parentWidget()->rect().contains(frame.geometry()) &&
+               (!shown || frame.rect().contains(keys.geometry()));
+    };
+    for (const bool below : {false, true}) {
+        EXPECT_TRUE(isShown(false)) << below;
+        key(Qt::Key_F1, {}, last);
+        EXPECT_TRUE(isShown(true)) << below;
+        button.click();
+        key(Qt::Key_V, {}, last);
+    }
+    key(Qt::Key_M, {}, last);
+    EXPECT_FALSE(bar(1).isChecked());
+    bar(1).click();
+    EXPECT_TRUE(bar(1).isChecked());
+    EXPECT_EQ(lefts, 0);
 }
 
 TEST_F(CaptureRegion, WhatThePointerLeavesBehindIsPaintedAnew) {

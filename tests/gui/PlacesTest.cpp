@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
 #include "collections/Basket.h"
 #include "collections/forms/FolderTree.h"
 #include "controls/ListControl.h"
+#include "imaging/ImageBox.h"
 #include "tests/gui/WindowTest.h"
+#include "tests/support/Metafiles.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMimeDatabase>
 #include <QTabBar>
 #include <QTest>
 #include <QUrl>
@@ -86,7 +90,10 @@ TEST_F(Places, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsNamed) {
         << "a folder on show is listed again";
     EXPECT_TRUE(QFile::rename(pictures() + QStringLiteral("/new.jpg"), pictures() + QStringLiteral("/new")));
     type(pictures() + QStringLiteral("/new"));
-    EXPECT_TRUE(waitFor([&] { return panel("status") == "The folder list does not contain new."; }));
+    EXPECT_TRUE(waitFor([&] { return panel("filename") == "new"; })) << "a picture, whatever its name";
+    writeFileSafely(pictures() + QStringLiteral("/notes"), "no picture");
+    type(pictures() + QStringLiteral("/notes"));
+    EXPECT_TRUE(waitFor([&] { return panel("status") == "The folder list does not contain notes."; }));
     QDir().mkpath(path(".hidden"));
     type(path(".hidden"));
     auto& tree = child<FolderTree>(window(), "ftvBrowse");
@@ -115,6 +122,32 @@ TEST_F(Places, ATypedPathListsItsFolderAndSelectsItsFileAndAMissingOneIsNamed) {
     EXPECT_TRUE(waitFor(holdsFolders));
 }
 
+TEST_F(Places, APictureOfEachKindOfTheMenuEntryOpensAsTheArgument) {
+    makePicture(path("pictures/source.jpg"));
+    start();
+    const QString entry = QString::fromUtf8(
+        readWholeFile(QStringLiteral(TARSEL_ROOT "/packaging/desktop/tarsel-jpeg.desktop")));
+    const QStringList kinds = entry.section(QStringLiteral("MimeType="), 1)
+                                  .section(u'\n', 0, 0)
+                                  .split(u';')
+                                  .filter(QStringLiteral("image/"));
+    EXPECT_GE(kinds.size(), 10);
+    for (const QString& kind : kinds) {
+        const QString extension = QMimeDatabase().mimeTypeForName(kind).preferredSuffix();
+        const QString name = QStringLiteral("drawing.") + extension;
+        const QString file = pictures() + u'/' + name;
+        if (extension == u"wmf" || extension == u"emf") {
+            writeFileSafely(file, extension == u"wmf" ? wmf(redLeftHalf()) : emf({}));
+        } else {
+            ImageBox box;
+            box.LoadFromFile(path("pictures/source.jpg"));
+            box.SaveToFile(file);
+        }
+        window().openFile(file);
+        EXPECT_TRUE(waitFor([&] { return panel("filename") == name.toStdString(); })) << kind.toStdString();
+    }
+}
+
 TEST_F(Places, AFolderThatDoesNotAnswerHoldsUpNothing) {
     makePictures(2);
     start();
@@ -140,6 +173,9 @@ TEST_F(Places, AFolderThatDoesNotAnswerHoldsUpNothing) {
     EXPECT_EQ(listed().selectedRows(), std::vector<int>{1}) << "in its folder";
     listFolder(programFolder());
     expectAnswers(type, isListed);
+    listFolder(programFolder());
+    expectAnswers([&] { window().openFile(photo[0].toLocalFile()); },
+                  [&] { return panel("filename") == "photo02.jpg"; });
     close();
     expectAnswers([&] { start(); }, isListed);
 

@@ -3,6 +3,7 @@
 // several scales of the program.
 #include "acquisition/ScreenSource.h"
 #include "acquisition/forms/CapturePane.h"
+#include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigRecord.h"
 #include "imaging/PictureParts.h"
@@ -14,6 +15,7 @@
 #include "tests/support/TestPictures.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QMenu>
 #include <QProcess>
@@ -83,6 +85,17 @@ protected:
             x11().get(), xcb_get_window_attributes(x11().get(), xcb_window_t(widget.winId())), nullptr));
         return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
     }
+    /// The window is in its frame, where Qt thinks that it is: the window manager has nothing left to do.
+    bool isSettled() {
+        const auto reply = owned(xcb_translate_coordinates_reply(
+            x11().get(),
+            xcb_translate_coordinates(x11().get(), xcb_window_t(window().winId()), x11().root(), 0, 0),
+            nullptr));
+        const QPointF place = QPointF(window().geometry().topLeft()) * window().devicePixelRatioF();
+        return reply && (place - QPointF(reply->dst_x, reply->dst_y)).manhattanLength() < 2 &&
+               isOnScreen(window()) && window().frameGeometry() != window().geometry() &&
+               window().isActiveWindow();
+    }
     static bool waitForManaged(const ShownPicture& shown) {
         return waitFor([&] { return shown.isShown() && shown.place() != QPoint(); });
     }
@@ -111,8 +124,8 @@ TEST_F(RealCapture, EachKindHasThePixelsOfTheScreenAndTheWindowIsBackAsItWas) {
         ASSERT_TRUE(waitForManaged(managed));
         const ShownPicture fixed(x11(), card, above);
         window().raise();
-        ASSERT_TRUE(
-            waitFor([&] { return window().isMaximized() == maximised && window().isActiveWindow(); }));
+        window().activateWindow();
+        ASSERT_TRUE(waitFor([&] { return window().isMaximized() == maximised && isSettled(); }));
         const QPoint below = managed.place();
         const QRect geometry = window().geometry();
         for (const CaptureKind kind :
@@ -130,16 +143,44 @@ TEST_F(RealCapture, EachKindHasThePixelsOfTheScreenAndTheWindowIsBackAsItWas) {
             if (kind == CaptureKind::Foreground && maximised) {
                 EXPECT_FALSE(partAt(taken, below, card) == card) << "below the window";
             }
-            EXPECT_TRUE(waitFor([&] { return isOnScreen(window()); }));
+            EXPECT_TRUE(waitFor([&] { return isSettled() && window().geometry() == geometry; }))
+                << window().x() << ", " << window().y();
             EXPECT_EQ(window().isMaximized(), maximised);
-            if (!maximised) {
-                EXPECT_TRUE(waitFor([&] { return window().geometry() == geometry; }))
-                    << window().x() << ", " << window().y();
-            }
             EXPECT_TRUE(waitFor([&] { return managed.isShown(); })) << "other windows are back too";
-            EXPECT_TRUE(waitFor([&] { return window().isActiveWindow(); }));
         }
     }
+}
+
+TEST_F(RealCapture, OtherWindowsOfTheProgramAreNotOnThePictureAndBackAboveEachOtherAsTheyWere) {
+    window().setGeometry(4, 40, 1390, 940); // no window manager would choose this place
+    ASSERT_TRUE(waitFor([this] { return window().isActiveWindow(); }));
+    QDialog first(&window()), second(&window());
+    first.setGeometry(200, 300, 300, 200);
+    second.setGeometry(300, 350, 300, 200);
+    const ShownPicture managed(x11(), card, {320, 380}, ShownPicture::Kind::Managed);
+    ASSERT_TRUE(waitForManaged(managed));
+    for (QDialog* dialog : {&second, &first}) { // against the order in which they were made
+        dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+    }
+    window().activateWindow();
+    ASSERT_TRUE(waitFor([this] { return isSettled(); }));
+    const auto facts = [&] {
+        std::vector<std::pair<WId, QRect>> all;
+        for (const std::uint32_t id : x11().rootProperty("_NET_CLIENT_LIST_STACKING"))
+            for (const QWidget* each : {static_cast<QWidget*>(&window()), static_cast<QWidget*>(&first),
+                                        static_cast<QWidget*>(&second)})
+                if (each->internalWinId() == id && isOnScreen(*each))
+                    all.emplace_back(id, each->frameGeometry());
+        return all;
+    };
+    const auto before = facts();
+    ASSERT_EQ(before.size(), 3u);
+    EXPECT_EQ(before[1].first, second.winId());
+    capture(CaptureKind::Background, "cmdCapture");
+    const Picture taken = capturedAs(1);
+    EXPECT_TRUE(partAt(taken, managed.place(), card) == card);
+    EXPECT_TRUE(waitFor([&] { return isSettled() && facts() == before; }));
 }
 
 TEST_F(RealCapture, ARegionHasThePixelsBetweenTheEndsOfTheDragAlsoOverTwoMonitors) {
@@ -195,15 +236,22 @@ TEST_F(RealCapture, APictureThatCantBeSavedIsReportedAndOfferedForAnotherPlace) 
     TestDesktop scripted;
     const auto captureTo = [&](const QString& folder, const QString& other) {
         ConfigRecord.CaptureFolder = folder;
-        scripted.fileChoices.push_back(FileDialogChoice{other, 3});
+        scripted.fileChoices.push_back(FileDialogChoice{other, 1});
         const auto reports = scripted.reports.size(), dialogs = scripted.fileDialogs.size();
+        const int rows = basket().count();
         capture(CaptureKind::Foreground, "cmdCapture");
         EXPECT_TRUE(waitFor([&] { return scripted.fileDialogs.size() == dialogs + 1; }));
+        EXPECT_EQ(window().workspace().ibMain.Width(), 1400) << "on show before it is saved";
+        const FileDialogRequest& asked = scripted.fileDialogs.back();
+        EXPECT_TRUE(asked.filter.startsWith(QStringLiteral("Tag Image"))) << asked.filter.toStdString();
+        EXPECT_EQ(asked.initialPath.toStdString(), path("program/Captured4999.5").toStdString());
         ASSERT_EQ(scripted.reports.size(), reports + 1);
         EXPECT_EQ(scripted.reports.back().ErrRoutine.toStdString(), "FrmMain.subAddCapturedItem");
         EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(other); }));
         EXPECT_EQ(loaded(other).Width(), 1400);
-        EXPECT_EQ(basket().count(), 0);
+        ASSERT_TRUE(waitFor([&] { return basket().count() == rows + 1 && !window().preview().isBusy(); }));
+        EXPECT_EQ(basket().row(rows).tag.toStdString(), other.toStdString());
+        EXPECT_EQ(window().preview().shownPath().toStdString(), other.toStdString());
     };
     captureTo(path("missing/"), path("other1.tif"));
     EXPECT_FALSE(QFileInfo::exists(path("missing")));
@@ -242,6 +290,13 @@ TEST_F(RealCapture, CapturesThatFollowEachOtherAreSeveralFilesAndABatchInWorkGet
     child<QMenu>(window(), "mnuSaveAsParent").actions().constFirst()->trigger();
     capturedAs(4);
     EXPECT_TRUE(script.isDone());
+}
+
+TEST_F(RealCapture, OneInTheFolderOfPageFilesIsKeptLikeAScannedPage) {
+    ConfigRecord.CaptureFolder = path("program/Temp");
+    capture(CaptureKind::Foreground, "cmdCapture");
+    capturedAs(1);
+    EXPECT_EQ(acquiredFiles::present(path("program/Temp")), QStringList{basket().row(0).tag});
 }
 
 TEST_F(RealCapture, TheWindowClosesWithinTheTimeThatWindowsGet) {

@@ -9,6 +9,7 @@
 #include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMenu>
 #include <QScopeGuard>
 
 namespace tarsel::test {
@@ -61,6 +62,26 @@ TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsOfTheBasketAndTheLastIsS
             << row << ": " << basket().row(row).text.toStdString();
     EXPECT_TRUE(waitFor([&] { return window().preview().shownPath() == basket().row(9).tag; }));
     EXPECT_TRUE(QFileInfo::exists(basket().row(0).tag));
+}
+
+TEST_F(ScannerOfTheWindow, PagesThatComeDuringABatchBecomeRowsAfterItInTheirOrder) {
+    makePictures(1);
+    listFolder(pictures());
+    addAll();
+    ASSERT_TRUE(waitFor([&] { return basket().count() == 1; }));
+    useFeeder();
+    const QDir temporary(path("program/Temp"));
+    script.on("frmSaveSinglePage", [&](QWidget& batch) {
+        click(*dialog, "cmdAcquire"); // by the scanner's own button, as it were
+        EXPECT_TRUE(waitFor([&] { return temporary.entryList({QStringLiteral("*.tif")}).size() == 10; }));
+        EXPECT_EQ(basket().count(), 1);
+        batch.close();
+    });
+    child<QMenu>(window(), "mnuSaveAsParent").actions().constFirst()->trigger();
+    ASSERT_TRUE(waitFor([&] { return basket().count() == 11; }));
+    for (int row = 1; row <= 10; ++row)
+        EXPECT_TRUE(basket().row(row).text.startsWith(QStringLiteral("%1_").arg(row))) << row;
+    EXPECT_TRUE(script.isDone());
 }
 
 TEST_F(ScannerOfTheWindow, ClosingTheWindowInTheMiddleStopsTheScannerAndKeepsThePagesThatCame) {

@@ -30,6 +30,7 @@ struct FakeSystem {
     std::optional<TrappedError> openFailure, grabFailure;
     std::atomic<int> grabs = 0;
     bool tookPointer = false;
+    bool mayAsk = false, isChosen = false;
 };
 
 class FakeScreen final : public ScreenSource {
@@ -50,7 +51,7 @@ public:
         if (m_system.grabFailure)
             throw *m_system.grabFailure;
         const QSize size = QGuiApplication::primaryScreen()->size();
-        return {noisePicture(size.width(), size.height(), 3), monitors()};
+        return {noisePicture(size.width(), size.height(), 3), monitors(), m_system.isChosen};
     }
     std::vector<Monitor> monitors() override {
         return {{{{}, QGuiApplication::primaryScreen()->size()}, QGuiApplication::primaryScreen()->name()}};
@@ -61,6 +62,7 @@ public:
         return m_system.clearsDesktop;
     }
     bool desktopIsShown() override { return m_system.desktopIsShown; }
+    bool mayAskUser() const override { return m_system.mayAsk; }
 
 private:
     FakeSystem& m_system;
@@ -76,9 +78,9 @@ protected:
         open();
     }
 
-    void open() {
-        capture =
-            std::make_unique<ScreenCapture>(window, [this] { return std::make_unique<FakeScreen>(system); });
+    void open(int unseen = ScreenCapture::longestUnseen) {
+        capture = std::make_unique<ScreenCapture>(
+            window, [this] { return std::make_unique<FakeScreen>(system); }, unseen);
         QObject::connect(capture.get(), &ScreenCapture::ended, [this] { events << QStringLiteral("ended"); });
         QObject::connect(capture.get(), &ScreenCapture::captured, [this](const Picture& picture) {
             EXPECT_TRUE(window.isVisible());
@@ -162,6 +164,75 @@ TEST_F(Capture, TheWindowKeepsStateAndFocusButIsNotMinimisedAfterwards) {
         EXPECT_EQ(window.focusWidget(), &second);
         EXPECT_EQ(window.windowState(), state & ~Qt::WindowMinimized) << int(state);
     }
+}
+
+TEST_F(Capture, AllWindowsButThoseThatWaitForAnAnswerAreOutOfTheWayAndBackAsTheyWere) {
+    class Growing final : public QDialog {
+    public:
+        using QDialog::QDialog;
+
+    protected:
+        void showEvent(QShowEvent*) override { resize(333, 222); }
+    };
+    Growing dialog(&window);
+    QDialog question(&dialog);
+    QWidget other;
+    auto* closing = new QDialog(&window);
+    question.setWindowModality(Qt::WindowModal);
+    QWidget* const windows[] = {&dialog, &question, &other, closing};
+    for (QWidget* each : windows)
+        each->show();
+    const QRect place(90, 80, 260, 140);
+    dialog.setGeometry(place);
+    other.setWindowState(Qt::WindowMinimized);
+    QPushButton first(&dialog), second(&dialog);
+    for (QPushButton* button : {&first, &second})
+        button->show();
+    second.setFocus();
+    system.onGrab = [&] {
+        for (const QWidget* each : windows)
+            EXPECT_EQ(each->isVisible(), each == &question);
+        std::default_delete<QDialog>()(closing);
+    };
+    run({CaptureKind::Background});
+    EXPECT_TRUE(dialog.isVisible() && question.isVisible() && other.isVisible());
+    EXPECT_EQ(dialog.geometry(), place);
+    EXPECT_EQ(dialog.focusWidget(), &second);
+    EXPECT_TRUE(other.isMinimized());
+}
+
+TEST_F(Capture, WindowsComeBackWhileTheDesktopAsksAndThePictureIsTakenAgainWithoutThem) {
+    open(50);
+    std::atomic<int> waits = 0;
+    QObject::connect(capture.get(), &ScreenCapture::waiting, [&] {
+        EXPECT_TRUE(window.isVisible());
+        ++waits;
+    });
+    int slowGrabs = 0; // how many of the first ones the user thinks about
+    system.inGrab = [&] {
+        QElapsedTimer time;
+        for (time.start(); system.grabs <= slowGrabs && waits < system.grabs && !time.hasExpired(5000);)
+            std::this_thread::yield();
+    };
+    const auto grabsOf = [&](CaptureKind kind, int slow) {
+        system.grabs = waits = 0;
+        slowGrabs = slow;
+        run({kind});
+        EXPECT_EQ(events.last().toStdString(), "captured");
+        return system.grabs.load();
+    };
+    EXPECT_EQ(grabsOf(CaptureKind::Background, 0), 1) << "nobody is asked";
+    system.mayAsk = true;
+    system.onGrab = [&] { EXPECT_EQ(window.isVisible(), system.grabs <= slowGrabs); };
+    EXPECT_EQ(grabsOf(CaptureKind::Background, 1), 2);
+    EXPECT_EQ(grabsOf(CaptureKind::Background, 2), 2) << "asked each time, it takes what it gets";
+    system.isChosen = true;
+    EXPECT_EQ(grabsOf(CaptureKind::Background, 1), 1) << "the user has seen what is on the picture";
+    EXPECT_EQ(waits, 1);
+    system.onGrab = {};
+    slowGrabs = 0;
+    EXPECT_EQ(grabsOf(CaptureKind::Foreground, 0), 1);
+    EXPECT_EQ(waits, 0) << "nothing was hidden";
 }
 
 TEST_F(Capture, AfterAFailureTheWindowIsBackBeforeItIsReportedAndTheNextCaptureWorks) {

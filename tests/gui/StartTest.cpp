@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/StartFolder.h"
+#include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigFile.h"
 #include "configuration/RecordImage.h"
@@ -36,6 +37,36 @@ ConfigRecordData extremeRecord(bool high) {
 }
 
 } // namespace
+
+TEST_F(Start, OffersThePagesThatNoBasketNamesUntilTheyAreRowsOrRemoved) {
+    startWithBasket(1);
+    close();
+    const QString temporary = path("program/Temp/");
+    for (const char* name : {"1_10.tif", "2_20.tif"}) { // a session that was killed
+        acquiredFiles::list({temporary + QLatin1String(name)}, true);
+        makePicture(temporary + QLatin1String(name));
+    }
+    const auto isOffered = [&] { return notice() == "Pages or pictures th"; };
+    start();
+    ASSERT_TRUE(waitFor(isOffered));
+    click(window(), "cmdPagesNew");
+    close();
+    start();
+    ASSERT_TRUE(waitFor(isOffered)) << "New Basket took what it had as rows";
+    QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor([&] { return texts(basket()) == "photo01.jpg 1_10.tif 2_20.tif"; }));
+    EXPECT_TRUE(waitFor([&] { return !isOffered(); }));
+    basket().selectOnly(1);
+    click(window(), "cmdPagesDelete");
+    close();
+    start();
+    QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(waitFor([&] { return texts(basket()) == "photo01.jpg 2_20.tif"; }));
+    EXPECT_FALSE(isOffered());
+    click(window(), "cmdPagesNew");
+    close();
+    EXPECT_EQ(QDir(temporary).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
 
 TEST_F(Start, GivesANewcomerEachHintOnceAndInItsMoment) {
     makePictures(2);

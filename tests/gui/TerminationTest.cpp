@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
 
 #include <QDir>
@@ -66,6 +67,40 @@ TEST_P(Termination, ASignalRunsTheNormalEnd) {
     EXPECT_FALSE(QFileInfo::exists(path(".lock")));
     EXPECT_EQ(QDir(path("Temp")).entryList(QDir::Files, QDir::Name),
               QStringList({QStringLiteral("scan1_4711.tif"), QStringLiteral("temp.jpg")}));
+}
+
+/// Whichever comes first works, and the other one touches nothing of it.
+TEST_F(StartedProgram, OfTwoStartsAtTheSameMomentOneWorksAndTheBasketIsKept) {
+    const QByteArray basket = "\"/pictures/a.jpg\",\"\"\r\n";
+    QDir().mkpath(path("Temp"));
+    writeFileSafely(path("last-basket.ibd"), basket);
+    acquiredFiles::list({path("Temp/1_10.tif")}, true);
+    writeFileSafely(path("Temp/1_10.tif"), "page");
+    for (int round = 0; round < 5; ++round) {
+        SCOPED_TRACE(round);
+        QProcess second;
+        startProgram();
+        startIn(home.path(), second);
+        const auto owner = [&] {
+            QFile lock(path(".lock"));
+            return lock.open(QIODevice::ReadOnly) ? lock.readLine().trimmed().toLongLong() : 0;
+        };
+        ASSERT_TRUE(QTest::qWaitFor([&] { return owner() != 0 && hasRecord(); }, 60'000));
+        QProcess& working = owner() == program.processId() ? program : second;
+        QProcess& refused = &working == &program ? second : program;
+        EXPECT_EQ(owner(), working.processId());
+        // The message waits for its user; a signal is as good.
+        EXPECT_FALSE(refused.waitForFinished(300));
+        refused.terminate();
+        EXPECT_TRUE(refused.waitForFinished(60'000));
+        EXPECT_EQ(owner(), working.processId());
+        working.terminate();
+        ASSERT_TRUE(working.waitForFinished(60'000));
+        EXPECT_EQ(working.exitCode(), 0);
+        EXPECT_EQ(readWholeFile(path("last-basket.ibd")), basket);
+        EXPECT_EQ(acquiredFiles::present(path("Temp")), QStringList{path("Temp/1_10.tif")});
+        EXPECT_FALSE(QFileInfo::exists(path(".lock")));
+    }
 }
 
 TEST_F(StartedProgram, WorksWhereItsFolderCannotBeMadeAndLeavesNothing) {

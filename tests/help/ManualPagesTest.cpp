@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
 #include "configuration/ConfigFields.h"
+#include "configuration/ConfigFile.h"
+#include "configuration/SettingsBeside.h"
 #include "help/HelpTopics.h"
 #include "help/Manual.h"
 #include "output/Naming.h"
@@ -10,6 +13,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 // The pages of the manual as they are, against the program.
@@ -131,6 +135,13 @@ TEST_F(ManualPages, ListTheFieldsOfTheConfigurationAsTheFileHasThem) {
     for (const ConfigField& field : configFields())
         expected << QLatin1String(field.name) + u' ' + QLatin1String(types[size_t(field.type)]);
     EXPECT_EQ(written.join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+
+    const QTemporaryDir home;
+    ConfigPath = home.filePath(QStringLiteral("settings"));
+    storeSettingsBeside(defaultRecord({}));
+    const QString beside = QString::fromUtf8(readWholeFile(settingsPathBeside()));
+    EXPECT_TRUE(text("format-configuration").contains(u'\n' + beside + QStringLiteral("```")))
+        << beside.toStdString();
 }
 
 } // namespace tarsel::test

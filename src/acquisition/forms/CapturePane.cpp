@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 #include <cmath>
 
@@ -16,7 +17,7 @@ namespace {
 
 constexpr int handleSize = 9; ///< logical pixels; as the next ones
 constexpr int labelMargin = 5;
-constexpr int magnifierGap = 24;  ///< between pointer and magnifier
+constexpr int magnifierGap = 24;  ///< between its place and the magnifier
 constexpr int magnifiedSide = 21; ///< pixels that it shows, an odd number
 constexpr int magnification = 8;
 constexpr int largeStep = 10; ///< pixels by a key with Ctrl
@@ -57,12 +58,15 @@ CapturePane::CapturePane(FrozenScreen& frozen, const QRect& area, QScreen* scree
     QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m_frozen(frozen),
     m_area(area) {
     setObjectName(QStringLiteral("capturePane"));
+    setWindowTitle(tr("Select Region"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     setScreen(screen);
     setGeometry(screen->geometry());
+    auto* keys = new QShortcut(Qt::Key_F1, this); // which would open the manual elsewhere
+    connect(keys, &QShortcut::activated, this, &CapturePane::keysWanted);
     connect(&frozen, &FrozenScreen::changed, this, &CapturePane::updateDrawn);
 }
 
@@ -211,7 +215,7 @@ void CapturePane::drawSize(QPainter& painter) const {
 }
 
 QString CapturePane::magnifierText() const {
-    const QPoint at = m_frozen.pointer();
+    const QPoint at = m_frozen.magnified();
     const QString color = m_frozen.image().pixelColor(at).name().toUpper();
     return tr("%1, %2   %3").arg(at.x()).arg(at.y()).arg(color);
 }
@@ -220,9 +224,9 @@ int CapturePane::magnifiedPixel() const {
     return std::max(2, int(std::lround(magnification * ratio())));
 }
 
-/// Beside the pointer, on the side where there is room: the magnified pixels, below them the text.
+/// Beside its place, on the side where there is room: the magnified pixels, below them the text.
 QRect CapturePane::magnifierPlace() const {
-    const QPoint at = m_frozen.pointer();
+    const QPoint at = m_frozen.magnified();
     if (!m_frozen.hasMagnifier() || !m_area.contains(at))
         return {};
     const int side = magnifiedSide * magnifiedPixel();
@@ -241,7 +245,7 @@ void CapturePane::drawMagnifier(QPainter& painter) const {
     const QRect place = magnifierPlace();
     if (place.isEmpty())
         return;
-    const QPoint at = m_frozen.pointer();
+    const QPoint at = m_frozen.magnified();
     const int factor = magnifiedPixel();
     const QRect target(place.topLeft(), QSize(magnifiedSide, magnifiedSide) * factor);
     const int half = magnifiedSide / 2;

@@ -25,7 +25,8 @@ public:
 
 Q_SIGNALS:
     void accepted();
-    void barMoved(); ///< by its key
+    void barMoved();   ///< by its key
+    void keysWanted(); ///< the list of them, by its key
     void left();
 
 protected:

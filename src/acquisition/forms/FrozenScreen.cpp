@@ -10,7 +10,8 @@
 namespace tarsel {
 
 FrozenScreen::FrozenScreen(ScreenPicture screen) :
-    m_screen(std::move(screen)), m_image(imageOf(m_screen.picture)), m_selection(m_image.rect()) {}
+    m_screen(std::move(screen)), m_image(imageOf(m_screen.picture)), m_selection(m_image.rect()),
+    m_pointer(m_screen.monitors.front().area.center()), m_magnified(m_pointer) {}
 
 QRect FrozenScreen::monitorOfPointer() const {
     const auto found = std::ranges::find_if(
@@ -24,13 +25,13 @@ Picture FrozenScreen::chosen() const {
 }
 
 void FrozenScreen::press(QPoint pixel, int reach) {
-    m_pointer = pixel;
+    m_pointer = m_magnified = pixel;
     m_selection.press(pixel, reach);
     Q_EMIT changed();
 }
 
 void FrozenScreen::pointTo(QPoint pixel, bool square) {
-    m_pointer = pixel;
+    m_pointer = m_magnified = pixel;
     m_selection.drag(pixel, square);
     Q_EMIT changed();
 }
@@ -53,12 +54,14 @@ void FrozenScreen::requireSelection() {
 void FrozenScreen::move(QPoint by) {
     requireSelection();
     m_selection.move(by);
+    m_magnified = m_selection.rect().topLeft();
     Q_EMIT changed();
 }
 
 void FrozenScreen::resize(QPoint by) {
     requireSelection();
     m_selection.resize(by);
+    m_magnified = m_selection.rect().bottomRight();
     Q_EMIT changed();
 }
 

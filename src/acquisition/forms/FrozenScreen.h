@@ -21,6 +21,8 @@ public:
     const QImage& image() const { return m_image; }
     const RegionSelection& selection() const { return m_selection; }
     QPoint pointer() const { return m_pointer; }
+    /// Where the magnifier is: at the pointer, or at the corner that keys have moved since.
+    QPoint magnified() const { return m_magnified; }
     bool hasMagnifier() const { return m_hasMagnifier; }
     /// The area of the monitor that the pointer is on.
     QRect monitorOfPointer() const;
@@ -47,7 +49,8 @@ private:
     ScreenPicture m_screen;
     QImage m_image;
     RegionSelection m_selection;
-    QPoint m_pointer{-1, -1};
+    QPoint m_pointer; ///< in the middle of a monitor until its place is known
+    QPoint m_magnified;
     bool m_hasMagnifier = true;
 };
 

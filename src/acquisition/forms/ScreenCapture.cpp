@@ -14,13 +14,18 @@ namespace {
 
 constexpr int clearingTime = 500; ///< milliseconds that windows get to move out of the way
 constexpr int dialogTime = 200;   ///< the same for the dialog alone
+constexpr int lookTime = 100;     ///< milliseconds between looks at windows that take longer
+constexpr int mostLooks = 20;
 
 } // namespace
 
-ScreenCapture::ScreenCapture(QWidget& mainWindow, OpenScreen openScreen) :
+ScreenCapture::ScreenCapture(QWidget& mainWindow, OpenScreen openScreen, int unseen) :
     m_mainWindow(mainWindow), m_openScreen(std::move(openScreen)) {
     timerCapture.setSingleShot(true);
-    connect(&timerCapture, &QTimer::timeout, this, &ScreenCapture::capturePicture);
+    m_unseen.setSingleShot(true);
+    m_unseen.setInterval(unseen);
+    connect(&m_unseen, &QTimer::timeout, this, &ScreenCapture::stopHiding);
+    connect(&timerCapture, &QTimer::timeout, this, &ScreenCapture::captureOnceClear);
     connect(&m_rectangle, &fCaptureRectangle::taken, this, &ScreenCapture::hand);
     connect(&m_rectangle, &fCaptureRectangle::left, this, &ScreenCapture::end);
 }
@@ -34,6 +39,7 @@ void ScreenCapture::subCapture(const CaptureChoice& choice) {
     if (isRunning())
         return;
     m_choice = choice;
+    m_wasSeen = m_isSecond = false;
     const auto failure = failureOf([this] {
         m_screen = m_openScreen();
         clearScreen();
@@ -43,31 +49,53 @@ void ScreenCapture::subCapture(const CaptureChoice& choice) {
 }
 
 void ScreenCapture::clearScreen() {
+    m_looks = 0;
     switch (m_choice.kind) {
     case CaptureKind::Desktop:
         m_cleared.emplace(*m_screen);
         if (!m_cleared->movesWindows())
-            hideMainWindow(); // as much as can be done without the window manager
+            hideWindows(); // as much as can be done without the window manager
         break;
     case CaptureKind::Foreground:
         timerCapture.start(dialogTime);
         return;
     case CaptureKind::Background:
-        hideMainWindow();
+        hideWindows();
         break;
     }
     timerCapture.start(clearingTime);
 }
 
-void ScreenCapture::hideMainWindow() {
-    m_stateBefore = m_mainWindow.windowState();
-    m_placeBefore = m_mainWindow.pos();
-    m_focusBefore = m_mainWindow.focusWidget();
-    m_isHidden = true;
-    m_mainWindow.hide();
+void ScreenCapture::hideWindows() {
+    m_hidden.emplace(m_screen->stacking());
+}
+
+void ScreenCapture::showWindows() {
+    if (m_hidden)
+        m_hidden->showAgain(m_mainWindow);
+    m_hidden.reset();
+}
+
+/// An answer may take its time, or never come: nobody could stop a program without a window.
+void ScreenCapture::stopHiding() {
+    m_wasSeen = true;
+    showWindows();
+    Q_EMIT waiting();
+}
+
+bool ScreenCapture::isClear() const {
+    return (!m_cleared || m_cleared->isDone()) && (!m_hidden || m_hidden->areGone(m_screen->stacking()));
+}
+
+void ScreenCapture::captureOnceClear() {
+    if (m_looks++ < mostLooks && !isClear())
+        return timerCapture.start(lookTime);
+    capturePicture();
 }
 
 void ScreenCapture::capturePicture() {
+    if (m_hidden && m_screen->mayAskUser())
+        m_unseen.start();
     m_threads.start([this, stop = m_stop.get_token(), withPointer = m_choice.withPointer] {
         const StopScope scope(stop);
         ScreenPicture taken;
@@ -84,7 +112,10 @@ void ScreenCapture::capturePicture() {
 /// Windows come back below the frozen screen: some window managers forget them when a window opens on the
 /// cleared desktop.
 void ScreenCapture::takePicture(ScreenPicture taken) {
+    m_unseen.stop();
     m_cleared.reset();
+    if (std::exchange(m_wasSeen, false) && !taken.isChosen && !std::exchange(m_isSecond, true))
+        return clearScreen(); // the answer is known now: once more without the windows
     if (m_choice.region)
         m_rectangle.ShowPicture(std::move(taken));
     else
@@ -101,17 +132,12 @@ void ScreenCapture::endWith(const char* routine, const TrappedError& failure) {
 void ScreenCapture::end() {
     timerCapture.stop();
     m_cleared.reset();
-    if (std::exchange(m_isHidden, false)) {
-        m_mainWindow.setWindowState(m_stateBefore & ~Qt::WindowMinimized);
-        m_mainWindow.show();
-        if (!(m_stateBefore & (Qt::WindowMaximized | Qt::WindowFullScreen)))
-            m_mainWindow.move(m_placeBefore); // window managers choose a place for what is shown again
-        if (m_focusBefore)
-            m_focusBefore->setFocus(); // hiding has passed it on
-    }
+    m_unseen.stop();
+    if (!m_hidden)
+        m_mainWindow.raise();
+    showWindows();
     m_rectangle.hide(); // after the window is back: a program without a window would end
     m_screen.reset();
-    m_mainWindow.raise();
     m_mainWindow.activateWindow();
     Q_EMIT ended();
 }

@@ -3,12 +3,11 @@
 
 #include "acquisition/ScreenSource.h"
 #include "acquisition/forms/CaptureChoice.h"
+#include "acquisition/forms/HiddenWindows.h"
 #include "acquisition/forms/fCaptureRectangle.h"
 #include "base/TrappedError.h"
 
 #include <QObject>
-#include <QPoint>
-#include <QPointer>
 #include <QThreadPool>
 #include <QTimer>
 #include <functional>
@@ -21,13 +20,16 @@ class QWidget;
 namespace tarsel {
 
 /// Takes pictures of the screen: moves windows out of the way, waits for that, takes the picture in the
-/// background, lets the user cut out a region, and brings the main window back, whatever happened in between.
+/// background, lets the user cut out a region, and brings the windows back, whatever happened in between.
 class ScreenCapture final : public QObject {
     Q_OBJECT
 public:
     using OpenScreen = std::function<std::unique_ptr<ScreenSource>()>;
 
-    ScreenCapture(QWidget& mainWindow, OpenScreen openScreen);
+    /// While the desktop asks the user, the windows stay off the screen for no longer than that.
+    static constexpr int longestUnseen = 5000; ///< milliseconds
+
+    ScreenCapture(QWidget& mainWindow, OpenScreen openScreen, int unseen = longestUnseen);
     ~ScreenCapture() override;
 
     /// Begins a capture; nothing while one is going on. What can't be captured is trapped as
@@ -36,16 +38,22 @@ public:
     bool isRunning() const { return m_screen != nullptr; }
 
 Q_SIGNALS:
+    /// The windows are back, but the desktop still asks the user.
+    void waiting();
     /// The main window is back.
     void captured(const tarsel::Picture& picture);
     void ended(); ///< with a picture or without; before `captured`
 
 private:
     void clearScreen();
+    bool isClear() const;
+    void captureOnceClear();
     void capturePicture();
     void takePicture(ScreenPicture taken);
     void endWith(const char* routine, const TrappedError& failure);
-    void hideMainWindow();
+    void hideWindows();
+    void showWindows();
+    void stopHiding();
     void end();
     void hand(const Picture& picture);
 
@@ -53,13 +61,14 @@ private:
     OpenScreen m_openScreen;
     CaptureChoice m_choice;
     QTimer timerCapture;
+    int m_looks = 0;         ///< at a screen that is not yet clear
+    QTimer m_unseen;         ///< runs while the desktop may ask and windows are hidden
+    bool m_wasSeen = false;  ///< the windows came back before the picture
+    bool m_isSecond = false; ///< it is taken again for that
     fCaptureRectangle m_rectangle;
     std::unique_ptr<ScreenSource> m_screen; ///< while a capture goes on
     std::optional<ClearedDesktop> m_cleared;
-    bool m_isHidden = false; ///< the main window, by us
-    Qt::WindowStates m_stateBefore;
-    QPoint m_placeBefore;
-    QPointer<QWidget> m_focusBefore;
+    std::optional<HiddenWindows> m_hidden;
     std::stop_source m_stop;
     QThreadPool m_threads; ///< last, so that what it uses lives until it is done
 };

@@ -9,6 +9,7 @@
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -56,6 +57,24 @@ QRect areaOf(const QScreen& screen, const ScreenPicture& picture) {
     return shown.isEmpty() ? all : shown;
 }
 
+QString keyTable() {
+    const QString rows[][2] = {
+        {fCaptureRectangle::tr("Drag"), fCaptureRectangle::tr("A new rectangle; with Shift a square")},
+        {fCaptureRectangle::tr("Arrows"), fCaptureRectangle::tr("Move it by a pixel, with Ctrl by ten")},
+        {fCaptureRectangle::tr("Shift+arrows"), fCaptureRectangle::tr("Move its lower right corner")},
+        {fCaptureRectangle::tr("Return"), fCaptureRectangle::tr("Take it, or the monitor without one")},
+        {fCaptureRectangle::tr("Esc"), fCaptureRectangle::tr("Take back the rectangle, then leave")},
+        {QStringLiteral("M"), fCaptureRectangle::tr("Show or hide the magnifier")},
+        {QStringLiteral("V"), fCaptureRectangle::tr("Move this bar to the other edge")},
+        {QStringLiteral("F1"), fCaptureRectangle::tr("Show or hide this list")},
+    };
+    QString table;
+    for (const auto& [key, effect] : rows)
+        table += QStringLiteral("<tr><td style='padding-right: 1em'><b>%1</b></td><td>%2</td></tr>")
+                     .arg(key.toHtmlEscaped(), effect.toHtmlEscaped());
+    return QStringLiteral("<table>%1</table>").arg(table);
+}
+
 } // namespace
 
 fCaptureRectangle::fCaptureRectangle() {
@@ -81,6 +100,7 @@ void fCaptureRectangle::coverMonitors() {
         CapturePane& pane = *m_panes.back();
         connect(&pane, &CapturePane::accepted, this, &fCaptureRectangle::take);
         connect(&pane, &CapturePane::barMoved, this, &fCaptureRectangle::moveBar);
+        connect(&pane, &CapturePane::keysWanted, this, [this] { showKeys(m_keys->isHidden()); });
         connect(&pane, &CapturePane::left, this, &fCaptureRectangle::left);
         connect(screen, &QScreen::geometryChanged, &pane, [this] { leaveOldMonitors(); });
         if (m_panes.size() == 1)
@@ -104,41 +124,70 @@ void fCaptureRectangle::addBar(CapturePane& pane) {
     m_bar->setFrameShape(QFrame::StyledPanel);
     m_bar->setAutoFillBackground(true);
     m_bar->setCursor(Qt::ArrowCursor);
-    auto* buttons = new QHBoxLayout(m_bar);
+    auto* rows = new QVBoxLayout(m_bar);
+    auto* buttons = new QHBoxLayout;
+    rows->addLayout(buttons);
+    addButtons(*buttons);
+    m_keys = new QLabel(keyTable(), m_bar);
+    m_keys->setObjectName(QStringLiteral("lblKeys"));
+    m_keys->hide();
+    rows->addWidget(m_keys);
+    m_barIsBelow = false;
+    placeBar();
+}
+
+void fCaptureRectangle::addButtons(QLayout& row) {
     const struct {
+        const char* name;
         QString text, toolTip;
         const char* icon;
         std::function<void()> run;
     } commands[] = {
-        {tr("&Take"), tr("Take the rectangle, or the monitor without one (Return)"), "confirm",
+        {"cmdBar_0", tr("&Take"), tr("Take the rectangle, or the monitor without one (Return)"), "confirm",
          [this] { take(); }},
-        {tr("&Magnifier"), tr("Show or hide the magnifier (M)"), "zoom",
+        {"cmdBar_1", tr("&Magnifier"), tr("Show or hide the magnifier (M)"), "zoom",
          [this] { m_frozen->toggleMagnifier(); }},
-        {tr("Mo&ve bar"), tr("Move this bar to the other edge (V)"), "moveDown", [this] { moveBar(); }},
-        {tr("&Cancel"), tr("Leave without a picture (Esc)"), "remove", [this] { Q_EMIT left(); }},
+        {"cmdBar_2", tr("Mo&ve bar"), tr("Move this bar to the other edge (V)"), "moveDown",
+         [this] { moveBar(); }},
+        {"cmdKeys", tr("&Keys"), tr("Show or hide the list of keys (F1)"), "help",
+         [this] { showKeys(m_keys->isHidden()); }},
+        {"cmdBar_3", tr("&Cancel"), tr("Leave without a picture (Esc)"), "remove", [this] { Q_EMIT left(); }},
     };
-    int index = 0;
     for (const auto& command : commands) {
         auto* button = new BarButton(m_bar);
-        button->setObjectName(QStringLiteral("cmdBar_%1").arg(index++));
+        button->setObjectName(QLatin1String(command.name));
         button->setText(command.text);
         button->setToolTip(command.toolTip);
         button->setIcon(lineIcon(QLatin1String(command.icon)));
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setFocusPolicy(Qt::TabFocus);
         connect(button, &QToolButton::clicked, this, command.run);
-        buttons->addWidget(button);
+        row.addWidget(button);
     }
-    m_barIsBelow = true;
-    moveBar();
+    auto* magnifier = m_bar->findChild<BarButton*>(QStringLiteral("cmdBar_1"));
+    magnifier->setCheckable(true);
+    magnifier->setChecked(m_frozen->hasMagnifier());
+    connect(m_frozen.get(), &FrozenScreen::changed, magnifier,
+            [this, magnifier] { magnifier->setChecked(m_frozen->hasMagnifier()); });
+    m_bar->findChild<BarButton*>(QStringLiteral("cmdKeys"))->setCheckable(true);
 }
 
 void fCaptureRectangle::moveBar() {
     m_barIsBelow = !m_barIsBelow;
+    placeBar();
+}
+
+void fCaptureRectangle::placeBar() {
     m_bar->adjustSize();
     const QSize room = m_bar->parentWidget()->size();
     m_bar->move((room.width() - m_bar->width()) / 2,
                 m_barIsBelow ? room.height() - m_bar->height() - barMargin : barMargin);
+}
+
+void fCaptureRectangle::showKeys(bool shown) {
+    m_keys->setVisible(shown);
+    m_bar->findChild<BarButton*>(QStringLiteral("cmdKeys"))->setChecked(shown);
+    placeBar();
 }
 
 void fCaptureRectangle::take() {
@@ -155,6 +204,7 @@ void fCaptureRectangle::hide() {
     }
     m_panes.clear();
     m_bar = nullptr;
+    m_keys = nullptr;
     if (m_frozen)
         m_frozen.release()->deleteLater();
 }

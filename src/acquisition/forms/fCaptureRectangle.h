@@ -8,6 +8,8 @@
 #include <vector>
 
 class QFrame;
+class QLabel;
+class QLayout;
 
 namespace tarsel {
 
@@ -32,12 +34,16 @@ private:
     void coverMonitors();
     void leaveOldMonitors();
     void addBar(CapturePane& pane);
+    void addButtons(QLayout& row);
     void moveBar();
+    void placeBar();
+    void showKeys(bool shown);
     void take();
 
     std::unique_ptr<FrozenScreen> m_frozen;
     std::vector<std::unique_ptr<CapturePane>> m_panes;
-    QFrame* m_bar = nullptr; ///< a child of the first monitor's pane
+    QFrame* m_bar = nullptr;  ///< a child of the first monitor's pane
+    QLabel* m_keys = nullptr; ///< in the bar
     bool m_barIsBelow = false;
 };
 

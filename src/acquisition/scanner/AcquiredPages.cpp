@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/scanner/AcquiredPages.h"
 
+#include "base/AcquiredFiles.h"
 #include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "base/SafeFileWriter.h"
 #include "imaging/ImageBox.h"
 #include "pixels/ColorReduction.h"
@@ -24,12 +26,8 @@ QString formatAt(std::span<const char* const> entries, int index) {
     return QString::fromLatin1(entries[std::size_t(index >= 0 && index < count ? index : 0)]).toLower();
 }
 
-QString inFolder(const QString& folder, const QString& name) {
-    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
-}
-
 QString documentPath(const settings::Twain& choice) {
-    return inFolder(choice.Folder, documentName(choice));
+    return joinedPath(choice.Folder, documentName(choice));
 }
 
 ImageBox boxWith(const ScannedPage& page) {
@@ -118,24 +116,27 @@ AcquiredFile AcquiredPages::subAcquirePage(const ScannedPage& page) {
 
 QString AcquiredPages::saveToFile(const ScannedPage& page) {
     const bool isDocument = m_choice.FileOption != 0;
-    const QString path = isDocument
-                             ? documentPath(m_choice)
-                             : inFolder(m_choice.Folder, m_choice.GenericName + QString::number(page.number) +
-                                                             u'.' + singlePageExtension(m_choice));
+    const QString path =
+        isDocument ? documentPath(m_choice)
+                   : joinedPath(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
+                                                     singlePageExtension(m_choice));
     if (!(isDocument ? m_document.add(page) : saveScannedPage(page, path, oldFileAt(path))))
         throw TrappedError{ErrorNumber::PermissionDenied, keptText(path)};
     return path;
 }
 
-/// The picture of another row must never be written over: the number counts on where a file has it. A
-/// dangling link takes a name too.
+/// The picture of another row must never be written over: the number counts on where a file has it. The page
+/// is listed first: it may be lost to a kill while it is written, but never afterwards.
 QString AcquiredPages::saveForBasket(const ScannedPage& page) const {
     constexpr int numbers = 9999;
     QDir().mkpath(m_temporaryFolder);
     for (int number = int(QRandomGenerator::global()->generateDouble() * numbers);; ++number) {
-        QString path = inFolder(m_temporaryFolder, QStringLiteral("%1_%2.tif").arg(page.number).arg(number));
-        const QFileInfo taken(path);
-        if (!taken.exists() && !taken.isSymLink() && saveScannedPage(page, path, OldFile::Keep))
+        QString path =
+            joinedPath(m_temporaryFolder, QStringLiteral("%1_%2.tif").arg(page.number).arg(number));
+        if (isNameTaken(path))
+            continue;
+        acquiredFiles::list({path}, true);
+        if (saveScannedPage(page, path, OldFile::Keep))
             return path;
     }
 }

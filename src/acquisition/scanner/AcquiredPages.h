@@ -44,8 +44,9 @@ private:
 /// document.
 class AcquiredPages {
 public:
-    /// `temporaryFolder` takes the pages for the basket. `replaceable` has the names of the files in the
-    /// chosen folder that pages may replace; without it they may replace all.
+    /// `temporaryFolder` takes the pages for the basket, which are listed there as acquired files.
+    /// `replaceable` has the names of the files in the chosen folder that pages may replace; without it they
+    /// may replace all.
     AcquiredPages(const settings::Twain& choice, const QString& temporaryFolder,
                   const std::optional<QStringList>& replaceable = {});
 

@@ -9,6 +9,7 @@
 #include "controls/ActionTable.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
+#include "controls/ShortenedButtons.h"
 #include "controls/SortMenu.h"
 
 #include <QAbstractItemView>
@@ -112,8 +113,10 @@ QLayout* BasketPane::makeBar() {
     for (const char* name :
          {"cmdPagesNew", "cmdPagesOpen", "cmdPagesSave", "cmdPagesDelete", "cmdBatchPrint"})
         bar->addWidget(m_actions.makeButton(name, this));
-    bar->addWidget(m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent",
-                                            {"mnuSaveAsJpeg", "mnuSaveAsAlbum", "mnuSaveAsSaver"}, this));
+    QToolButton* save = m_actions.makeMenuButton("cmdSaveAs", "mnuSaveAsParent",
+                                                 {"mnuSaveAsJpeg", "mnuSaveAsAlbum", "mnuSaveAsSaver"}, this);
+    bar->addWidget(save);
+    (new ShortenedButtons(*bar, *this))->add(save);
     return bar;
 }
 

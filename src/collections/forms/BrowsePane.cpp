@@ -52,7 +52,7 @@ QTabBar* makeTabs(QWidget* parent) {
 BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* parent) :
     QWidget(parent), m_actions(actions), m_tree(new FolderTree(this)),
     m_tasks(new ListControl(tasks.lvEdit, this)), m_tabs(makeTabs(this)) {
-    auto* lblBrowse = makePaneCaption({}, this);
+    QLabel* lblBrowse = makePaneCaption(tr("Browse File System"), this);
     lblBrowse->setObjectName(QStringLiteral("lblBrowse"));
     // Before the field takes the focus, which would be out of sight on the other tab.
     connect(&actions.action("cmdTypePath"), &QAction::triggered, this, [this] { showTab(0); });

@@ -8,6 +8,7 @@
 #include "controls/FocusSlider.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
+#include "controls/ShortenedButtons.h"
 #include "controls/SortMenu.h"
 
 #include <QAbstractItemView>
@@ -59,7 +60,9 @@ QLayout* FolderPane::makeBar() {
     bar->addWidget(makePaneCaption(tr("Folder"), this));
     bar->addStretch(1);
     bar->addWidget(m_size, 4);
-    bar->addWidget(m_actions.makeButton("cmdAddToQueue", this, Qt::ToolButtonTextBesideIcon));
+    QToolButton* add = m_actions.makeButton("cmdAddToQueue", this, Qt::ToolButtonTextBesideIcon);
+    bar->addWidget(add);
+    (new ShortenedButtons(*bar, *this))->add(add);
     for (const char* name : {"cmdThumbnailFolder", "cmdDetailFolder", "cmdRefreshFolder"})
         bar->addWidget(m_actions.makeButton(name, this));
     return bar;
@@ -152,7 +155,7 @@ void FolderPane::selectWantedFile() {
         Q_EMIT rowChosen(rows, row);
         return;
     }
-    if (m_view.isRunning())
+    if (m_view.isRunning() || (m_view.refusal().isEmpty() && m_view.listAlso(m_wantedFile)))
         return;
     const QString name = QFileInfo(std::exchange(m_wantedFile, {})).fileName();
     if (m_view.refusal().isEmpty()) // else that is the reason

@@ -4,6 +4,7 @@
 #include "collections/forms/ImageBoxView.h"
 #include "controls/ActionTable.h"
 #include "controls/PaneCaption.h"
+#include "controls/ShortenedButtons.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,10 +20,12 @@ const PreviewPane::Choice PreviewPane::fitChoice = {
     "cmdPreviewView", "mnuPreviewFit", {"mnuPreviewBestFit", "mnuPreviewActualSize"}, "  "};
 
 PreviewPane::PreviewPane(ImageBox& ibMain, const ActionTable& actions, QWidget* parent) :
-    QWidget(parent), m_box(ibMain), m_actions(actions), m_view(new ImageBoxView(ibMain, this)) {
+    QWidget(parent), m_box(ibMain), m_actions(actions), m_view(new ImageBoxView(ibMain, this)),
+    m_bar(new QHBoxLayout), m_shortened(new ShortenedButtons(*m_bar, *this)) {
     setObjectName(QStringLiteral("picView"));
     m_view->setObjectName(QStringLiteral("PicViewImage"));
-    layOutPane(this, makeBar(), m_view);
+    layOutPane(this, m_bar, m_view);
+    fillBar();
     connectActions();
     connectView();
     setPreviewType(0);
@@ -61,7 +64,7 @@ void PreviewPane::check(const Choice& choice, int item) {
     button.setIcon(chosen.icon());
     const QString meaning = button.data().toString();
     button.setToolTip(tr("%1: %2").arg(chosen.text().remove(QLatin1Char('&')), meaning));
-    shortenButtons();
+    m_shortened->update();
 }
 
 /// A button's key stays the same with each of its captions.
@@ -111,49 +114,28 @@ void PreviewPane::chooseFit() {
 
 // --- the parts
 
-QWidget* PreviewPane::makeButton(const char* name, const char* menu,
-                                 std::initializer_list<const char*> items) {
-    return withText(m_actions.makeMenuButton(name, menu, items, this));
+void PreviewPane::addMenuButton(const char* name, const char* menu,
+                                std::initializer_list<const char*> items) {
+    addTextButton(m_actions.makeMenuButton(name, menu, items, this));
 }
 
-QToolButton* PreviewPane::withText(QToolButton* button) {
-    button->setMinimumWidth(2 * button->iconSize().width());
-    m_textButtons.push_back(button);
-    return button;
+void PreviewPane::addTextButton(QToolButton* button) {
+    m_bar->addWidget(button);
+    m_shortened->add(button);
 }
 
-void PreviewPane::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    shortenButtons();
-}
-
-/// Where room is short the texts of the buttons give way, the choices last.
-void PreviewPane::shortenButtons() {
-    QLayout* bar = layout()->itemAt(0)->layout();
-    const auto fits = [this, bar] {
-        bar->invalidate(); // doesn't learn of its buttons' new sizes by itself
-        return bar->sizeHint().width() <= width();
-    };
-    for (QToolButton* button : m_textButtons)
-        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    for (auto button = m_textButtons.rbegin(); button != m_textButtons.rend() && !fits(); ++button)
-        (*button)->setToolButtonStyle(Qt::ToolButtonIconOnly);
-}
-
-QLayout* PreviewPane::makeBar() {
-    auto* bar = new QHBoxLayout;
-    bar->setSpacing(2);
-    bar->addWidget(makePaneCaption(tr("Preview"), this));
-    bar->addStretch(1);
+/// The texts of the choices give way last.
+void PreviewPane::fillBar() {
+    m_bar->setSpacing(2);
+    m_bar->addWidget(makePaneCaption(tr("Preview"), this));
+    m_bar->addStretch(1);
     for (const Choice& choice : {fitChoice, typeChoice})
-        bar->addWidget(makeButton(choice.button, choice.menu, {choice.items[0], choice.items[1]}));
-    bar->addWidget(withText(m_actions.makeButton("CmdPreviewEdit", this, Qt::ToolButtonTextBesideIcon)));
-    bar->addWidget(
-        makeButton("cmdPreviewSave", "mnuSavePreviewAsParent",
-                   {"mnuPreviewSaveImage", "mnuPreviewSaveInteractive", "mnuPreviewSaveGreeting"}));
+        addMenuButton(choice.button, choice.menu, {choice.items[0], choice.items[1]});
+    addTextButton(m_actions.makeButton("CmdPreviewEdit", this, Qt::ToolButtonTextBesideIcon));
+    addMenuButton("cmdPreviewSave", "mnuSavePreviewAsParent",
+                  {"mnuPreviewSaveImage", "mnuPreviewSaveInteractive", "mnuPreviewSaveGreeting"});
     for (const char* name : {"cmdPreviewPrint", "cmdPreviewPrevious", "cmdPreviewNext"})
-        bar->addWidget(m_actions.makeButton(name, this));
-    return bar;
+        m_bar->addWidget(m_actions.makeButton(name, this));
 }
 
 void PreviewPane::connectChoice(const Choice& choice, void (PreviewPane::*choose)()) {

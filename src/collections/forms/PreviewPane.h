@@ -5,15 +5,15 @@
 #include "imaging/ImageBox.h"
 
 #include <QWidget>
-#include <vector>
 
-class QLayout;
+class QHBoxLayout;
 class QToolButton;
 
 namespace tarsel {
 
 class ActionTable;
 class ImageBoxView;
+class ShortenedButtons;
 
 /// The picture on show, with the choice of its size, and between the original and the picture with the tasks
 /// applied.
@@ -45,9 +45,6 @@ Q_SIGNALS:
     void saveInteractively();
     void saveGreeting();
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     /// A menu of which one item is checked, whose text and icon the button repeats.
     struct Choice {
@@ -59,16 +56,15 @@ private:
     static const Choice typeChoice;
     static const Choice fitChoice;
 
-    QLayout* makeBar();
+    void fillBar();
     void connectActions();
     void connectView();
     int checkedItem(const Choice& choice) const;
     void check(const Choice& choice, int item);
     QString withMnemonic(const QAction& button, QString caption) const;
     void connectChoice(const Choice& choice, void (PreviewPane::*choose)());
-    void shortenButtons();
-    QWidget* makeButton(const char* name, const char* menu, std::initializer_list<const char*> items);
-    QToolButton* withText(QToolButton* button);
+    void addMenuButton(const char* name, const char* menu, std::initializer_list<const char*> items);
+    void addTextButton(QToolButton* button);
     void enableSaving();
     void chooseType();
     void chooseFit();
@@ -76,7 +72,8 @@ private:
     const ImageBox& m_box;
     const ActionTable& m_actions;
     ImageBoxView* m_view;
-    std::vector<QToolButton*> m_textButtons;
+    QHBoxLayout* m_bar;
+    ShortenedButtons* m_shortened;
     int m_shownType = 0;
     int m_shownFit = 0;
     bool m_offersSaving = true;

@@ -2,11 +2,14 @@
 #include "output/forms/ImageDocument.h"
 
 #include "base/ErrorTrap.h"
+#include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "base/SaveFileDialog.h"
 #include "imaging/SaveFormats.h"
 #include "output/forms/frmJpegQuality.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -14,18 +17,18 @@ namespace tarsel {
 
 namespace {
 
-/// In the order of the dialog: what this program makes most comes first.
-std::vector<const SaveFormat*> offeredFormats() {
-    std::vector<const SaveFormat*> offered{findSaveFormat(QStringLiteral("jpg"))};
+/// In the order of the dialog: `first`, then as in the table.
+std::vector<const SaveFormat*> offeredFormats(const QString& first) {
+    std::vector<const SaveFormat*> offered{findSaveFormat(first)};
     for (const SaveFormat& format : saveFormats())
         if (&format != offered.front())
             offered.push_back(&format);
     return offered;
 }
 
-QString filterOfAll() {
+QString filterOf(const std::vector<const SaveFormat*>& offered) {
     QStringList filters;
-    for (const SaveFormat* format : offeredFormats())
+    for (const SaveFormat* format : offered)
         filters << QCoreApplication::translate("SaveFormats", format->filter);
     return filters.join(QLatin1Char('|'));
 }
@@ -39,12 +42,23 @@ bool isJpeg(const QString& target) {
 }
 
 /// An extension that names a format is kept; without one, that of the chosen filter is added.
-QString completed(int filterIndex, const QString& path) {
+QString completed(const std::vector<const SaveFormat*>& formats, int filterIndex, const QString& path) {
     if (findSaveFormat(QFileInfo(path).suffix()))
         return path;
-    const std::vector<const SaveFormat*> formats = offeredFormats();
     const int index = filterIndex >= 1 && filterIndex <= int(formats.size()) ? filterIndex - 1 : 0;
     return path + QLatin1Char('.') + QLatin1String(formats[std::size_t(index)]->extension);
+}
+
+/// The file that the user wants, starting at `initial`.
+std::optional<QString> askForTarget(const QString& firstFormat, const QString& initial,
+                                    const std::function<QString(const QString&)>& lossBy) {
+    const std::vector<const SaveFormat*> formats = offeredFormats(firstFormat);
+    const auto path = [&](int filterIndex, const QString& typed) {
+        return completed(formats, filterIndex, typed);
+    };
+    const auto choice =
+        saveFileDialogFor({ImageDocument::tr("Save image"), filterOf(formats), initial}, path, lossBy);
+    return choice ? std::optional(path(choice->filterIndex, choice->path)) : std::nullopt;
 }
 
 } // namespace
@@ -55,17 +69,19 @@ ImageDocument::ImageDocument(settings::SaveAdvanced& settings, QWidget* owner) :
 void ImageDocument::ShowSaveDialog(ImageBox box, const QString& source) {
     std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
         TrappingString = QStringLiteral("Saving the picture on show");
-        const auto choice =
-            saveFileDialogFor({tr("Save image"), filterOfAll(), unusedNameBeside(source)}, completed,
-                              [&](const QString& target) { return lossByReplacing(source, target); });
-        if (!choice)
+        const auto chosen =
+            askForTarget(QStringLiteral("jpg"), unusedNameBeside(source),
+                         [&](const QString& target) { return lossByReplacing(source, target); });
+        if (!chosen)
             return;
-        const QString target = completed(choice->filterIndex, choice->path);
+        const QString target = *chosen;
         if (const QString reason = replacingRefusal(source, target, box.LoadDamage()); !reason.isEmpty())
             service<Dialogs>().messageBox(reason, MessageIcon::Exclamation, MessageButtons::Ok,
                                           ApplicationName);
         else if (!isJpeg(target) || takeQuality())
-            start(std::move(box), target);
+            m_background.start(
+                target, "FrmMain.mnuSavePreviewAs",
+                [box = prepared(std::move(box), target), target]() mutable { box.SaveToFile(target); });
     });
 }
 
@@ -73,12 +89,31 @@ bool ImageDocument::takeQuality() {
     return frmJpegQuality(m_settings, m_owner).exec() == QDialog::Accepted;
 }
 
-void ImageDocument::start(ImageBox box, const QString& target) {
+void ImageDocument::ShowRescueDialog(const ImageBox& box, const QString& wanted,
+                                     const std::function<void(const QString& path, bool isSaved)>& done) {
+    std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
+        const QFileInfo file(wanted);
+        const QString initial =
+            isNameTaken(wanted) ? unusedNameBeside(wanted) : file.dir().filePath(file.completeBaseName());
+        const auto target = askForTarget(file.suffix(), initial, {});
+        if (!target || (isJpeg(*target) && !takeQuality()))
+            return;
+        const auto save = [=, this, path = *target, box = prepared(box, *target)]() mutable {
+            const auto failure = failureOf([&] { box.SaveToFile(path); });
+            QMetaObject::invokeMethod(
+                this, [done, path, isSaved = !failure] { done(path, isSaved); }, Qt::QueuedConnection);
+            if (failure)
+                throw *failure;
+        };
+        m_background.start(*target, "FrmMain.mnuSavePreviewAs", save);
+    });
+}
+
+ImageBox ImageDocument::prepared(ImageBox box, const QString& target) const {
     box.ColorFormat = formatOf(target).colors.front().colorFormat;
     box.BackColorTransparent = false; // the box of the preview has it on, and nobody chose the colour
     box.JpegQuality = std::clamp<int>(m_settings.JpgQuality, 1, 100); // of PDF files too
-    m_background.start(target, "FrmMain.mnuSavePreviewAs",
-                       [box = std::move(box), target]() mutable { box.SaveToFile(target); });
+    return box;
 }
 
 } // namespace tarsel

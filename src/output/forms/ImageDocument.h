@@ -6,6 +6,7 @@
 #include "output/BackgroundSave.h"
 
 #include <QObject>
+#include <functional>
 
 class QWidget;
 
@@ -25,12 +26,17 @@ public:
     /// never. The box's colours follow the format, and no colour becomes transparent.
     void ShowSaveDialog(ImageBox box, const QString& source);
 
+    /// The same for a picture that could not be saved as `wanted`: offers a file of that name and format.
+    /// `done` is called on this thread with the path and whether it was saved; not when the user leaves.
+    void ShowRescueDialog(const ImageBox& box, const QString& wanted,
+                          const std::function<void(const QString& path, bool isSaved)>& done);
+
     BackgroundSave& background() { return m_background; }
     const BackgroundSave& background() const { return m_background; }
 
 private:
     bool takeQuality();
-    void start(ImageBox box, const QString& target);
+    ImageBox prepared(ImageBox box, const QString& target) const;
 
     settings::SaveAdvanced& m_settings;
     QWidget* m_owner;

@@ -26,14 +26,22 @@ namespace {
 
 using settings::Album;
 
+/// A fresh record names the program folder.
+QString shownFolder(const QString& stored) {
+    return visibleFolder(stored.trimmed());
+}
+
 std::vector<FormField<Album>> makeFormFields() {
     std::vector<FormField<Album>> fields;
-    for (const AlbumField& each : albumFields)
+    for (const AlbumField& each : albumFields) {
         std::visit(
             [&](auto field) {
                 fields.push_back({each.control, RecordField<Album>(field)});
             },
             each.field);
+        if (each.field == AlbumFieldOf(&Album::AlbumFolder))
+            fields.back().shown = shownFolder;
+    }
     return fields;
 }
 

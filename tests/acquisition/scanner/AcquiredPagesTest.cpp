@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/scanner/AcquiredPages.h"
+#include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
 #include "codecs/Resolution.h"
 #include "tests/support/Boxes.h"
+#include "tests/support/ForkedChild.h"
 #include "tests/support/TestPictures.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -89,6 +93,32 @@ TEST_F(AcquiredPagesTest, CountsOnWhereAllNamesForTheBasketAreTaken) {
     const AcquiredFile file = basket.subAcquirePage(pageOf(1));
     EXPECT_EQ(failureOf(file), "");
     EXPECT_EQ(file.path, path("temp/1_9999.tif"));
+}
+
+TEST_F(AcquiredPagesTest, PagesForTheBasketAreListedBeforeTheyAreThereWhereverAKillComes) {
+    int kills = 0, found = 0;
+    for (const int call : {SYS_mkdir, SYS_openat, SYS_open, SYS_write, SYS_fsync, SYS_linkat, SYS_close}) {
+        const int end = inChild([&] {
+            AcquiredPages basket = pages(Basket);
+            dieAtSystemCall(call);
+            for (const int number : {1, 2, 3})
+                basket.subAcquirePage(pageOf(number));
+            return 0;
+        });
+        EXPECT_TRUE(end == 0 || end == -SIGSYS) << end;
+        kills += end == -SIGSYS;
+        const QStringList files = QDir(path("temp")).entryList({QStringLiteral("*.tif")}, QDir::Files);
+        found += int(files.size());
+        EXPECT_EQ(acquiredFiles::present(path("temp")).size(), files.size()) << call;
+    }
+    EXPECT_GE(kills, 4);
+    EXPECT_GE(found, 3);
+    QFile::remove(path("temp/acquired.txt"));
+    ASSERT_TRUE(QDir().mkpath(path("temp/acquired.txt"))) << "can't be listed";
+    const std::string before = files(path("temp"));
+    AcquiredPages basket = pages(Basket);
+    EXPECT_NE(failureOf(basket.subAcquirePage(pageOf(1))), "");
+    EXPECT_EQ(files(path("temp")), before);
 }
 
 TEST_F(AcquiredPagesTest, NumbersSinglePagesInFrontOfTheExtension) {
@@ -179,6 +209,25 @@ TEST_F(AcquiredPagesTest, TellsOfADocumentThatIsGone) {
         ASSERT_TRUE(second.error);
         EXPECT_EQ(second.error->number, ErrorNumber::FileNotFound);
         EXPECT_EQ(files(folder.path()), "");
+    }
+}
+
+TEST_F(AcquiredPagesTest, ReplacesWhatTheUserAgreedToAndKeepsWhatCameSince) {
+    for (const Destination destination : {SinglePages, Document}) {
+        const bool isDocument = destination == Document;
+        const QString agreed = path(isDocument ? "Twain.tif" : "Twain1.bmp");
+        writeFileSafely(agreed, "old");
+        AcquiredPages asked(choice(destination, 0), path("temp"), QStringList{QFileInfo(agreed).fileName()});
+        EXPECT_EQ(failureOf(asked.subAcquirePage(pageOf(1))), "");
+        EXPECT_EQ(loaded(agreed).Width(), 41);
+
+        const QString since = path(isDocument ? "Twain.pdf" : "Twain2.bmp");
+        AcquiredPages other(choice(destination, isDocument ? 1 : 0), path("temp"), QStringList());
+        writeFileSafely(since, "of another program");
+        const AcquiredFile file = other.subAcquirePage(pageOf(isDocument ? 1 : 2));
+        ASSERT_TRUE(file.error);
+        EXPECT_EQ(file.error->number, ErrorNumber::PermissionDenied);
+        EXPECT_EQ(readWholeFile(since), "of another program");
     }
 }
 

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/AcquiredFiles.h"
+
+#include "base/FileNames.h"
+#include "base/IgnoringErrors.h"
+#include "base/SafeFileWriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QSet>
+#include <QUrl>
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <iterator>
+#include <unistd.h>
+
+namespace tarsel::acquiredFiles {
+
+namespace {
+
+constexpr char added = '+';
+constexpr char struck = '-';
+
+QString listIn(const QString& folder) {
+    return joinedPath(folder, QStringLiteral("acquired.txt"));
+}
+
+/// Names are percent-encoded: one may hold a line break.
+QByteArray linesOf(char sign, const QStringList& paths) {
+    QByteArray lines("\n"); // ends a line that a crash of the system cut short
+    for (const QString& path : paths)
+        lines += sign + QUrl::toPercentEncoding(QFileInfo(path).fileName()) + '\n';
+    return lines;
+}
+
+/// In one call, so that the lines of two threads don't mix.
+void append(const QString& path, const QByteArray& lines, bool isDurable) {
+    const int file =
+        ::open(QFile::encodeName(path).constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    if (file < 0)
+        failForErrno(errno, path);
+    const ssize_t written = ::write(file, lines.constData(), size_t(lines.size()));
+    int reason = written < 0 ? errno : written < lines.size() ? ENOSPC : 0;
+    if (reason == 0 && isDurable && ::fsync(file) != 0)
+        reason = errno;
+    ::close(file);
+    if (reason != 0)
+        failForErrno(reason, path);
+}
+
+bool isInFolder(const QString& path, const QString& folder) {
+    return QDir::cleanPath(QFileInfo(path).path()) == QDir::cleanPath(folder);
+}
+
+} // namespace
+
+void list(const QStringList& paths, bool isDurable) {
+    if (!paths.isEmpty())
+        append(listIn(QFileInfo(paths.front()).path()), linesOf(added, paths), isDurable);
+}
+
+QStringList listed(const QString& folder) {
+    const QString path = listIn(folder);
+    if (!isNameTaken(path))
+        return {};
+    QStringList names;
+    QHash<QString, bool> known;
+    for (const QByteArray& line : readWholeFile(path).split('\n')) {
+        if (!line.startsWith(added) && !line.startsWith(struck))
+            continue;
+        const QString name = QUrl::fromPercentEncoding(line.mid(1));
+        if (!known.contains(name))
+            names << name;
+        known[name] = line.startsWith(added);
+    }
+    names.removeIf([&](const QString& name) { return !known[name]; });
+    return names;
+}
+
+QStringList present(const QString& folder) {
+    QStringList paths;
+    for (const QString& name : listed(folder))
+        if (const QString path = joinedPath(folder, name); QFileInfo::exists(path))
+            paths << path;
+    return paths;
+}
+
+QStringList strike(const QString& folder, const QStringList& paths) {
+    QStringList found;
+    ignoringErrors([&] {
+        const QStringList listedNames = listed(folder);
+        const QSet<QString> names(listedNames.begin(), listedNames.end());
+        if (names.isEmpty())
+            return; // as nearly always, of whatever many paths
+        std::ranges::copy_if(paths, std::back_inserter(found), [&](const QString& path) {
+            return names.contains(QFileInfo(path).fileName()) && isInFolder(path, folder);
+        });
+        if (!found.isEmpty())
+            append(listIn(folder), linesOf(struck, found), false);
+    });
+    return found;
+}
+
+void tidy(const QString& folder) {
+    ignoringErrors([&] {
+        if (!isNameTaken(listIn(folder)))
+            return;
+        const QStringList paths = present(folder);
+        if (paths.isEmpty())
+            QFile::remove(listIn(folder));
+        else if (const QByteArray lines = linesOf(added, paths); lines != readWholeFile(listIn(folder)))
+            writeFileSafely(listIn(folder), lines);
+    });
+}
+
+} // namespace tarsel::acquiredFiles

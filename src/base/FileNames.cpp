@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/FileNames.h"
+
+#include <QFileInfo>
+
+namespace tarsel {
+
+QString joinedPath(const QString& folder, const QString& name) {
+    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+bool isNameTaken(const QString& path) {
+    const QFileInfo there(path);
+    return there.exists() || there.isSymLink();
+}
+
+} // namespace tarsel

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace tarsel {
+
+/// Folder and name, with a separator between them unless the folder ends with one.
+QString joinedPath(const QString& folder, const QString& name);
+
+/// Whether something has the name: a file, a folder, or a dangling link, which leads to a file elsewhere. A
+/// new file can't be made there, or would be made in another place.
+bool isNameTaken(const QString& path);
+
+} // namespace tarsel

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/SafeFileWriter.h"
+#include "tests/cli/Program.h"
+
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+using namespace tarsel;
+using namespace tarsel::test;
+
+namespace {
+
+class CaptureCommand : public testing::Test, public PictureFolder {
+protected:
+    /// Several commands in the shell, on one screen of 320 x 200.
+    ProgramRun onScreen(const char* commands) const {
+        const QByteArray line = QByteArray("xvfb-run -a -s '-screen 0 320x200x24' sh -c '") + commands + "'";
+        return runShell(line.constData(), path());
+    }
+};
+
+} // namespace
+
+TEST_F(CaptureCommand, RefusesAnOlderFileBeforeItLooksForAScreen) {
+    const QByteArray old = readWholeFile(path("a.jpg"));
+    ASSERT_TRUE(QFile::link(path("elsewhere.png"), path("link.png")));
+    for (const char* name : {"a.jpg", "link.png"}) {
+        const ProgramRun kept = run({QStringLiteral("capture"), QStringLiteral("--out"), path(name)});
+        EXPECT_EQ(kept.status, 1);
+        EXPECT_TRUE(kept.messages.contains("exists; --overwrite")) << kept.messages.constData();
+    }
+    const ProgramRun noScreen = run("capture --overwrite --out a.jpg");
+    EXPECT_EQ(noScreen.status, 1);
+    EXPECT_TRUE(noScreen.messages.contains("DISPLAY")) << noScreen.messages.constData();
+    EXPECT_EQ(readWholeFile(path("a.jpg")), old);
+    EXPECT_EQ(files(), "a.jpg b.jpg c.jpg") << "nothing where the link leads";
+}
+
+TEST_F(CaptureCommand, TakesTheScreenAndReplacesWhatItIsToldTo) {
+    if (QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).isEmpty())
+        GTEST_SKIP() << "needs xvfb-run";
+    const ProgramRun done = onScreen("\"$TARSEL\" capture --out new.png --json && "
+                                     "\"$TARSEL\" capture --out a.jpg --region 10,20,30,40 --overwrite && "
+                                     "\"$TARSEL\" capture --out new.png --overwrite --region 0,0,7,5 && "
+                                     "\"$TARSEL\" capture --out new.png");
+    EXPECT_EQ(done.status, 1) << "of the last one";
+    EXPECT_TRUE(done.messages.contains("new.png exists")) << done.messages.constData();
+    ASSERT_FALSE(done.lines().isEmpty());
+    EXPECT_EQ(done.objects()[0].value(QStringLiteral("width")), 320);
+    EXPECT_EQ(loaded("a.jpg").Height(), 40);
+    EXPECT_EQ(loaded("new.png").Width(), 7);
+}
