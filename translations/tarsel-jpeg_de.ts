@@ -4610,12 +4610,20 @@ Möchten Sie sie ersetzen?</translation>
         <translation>tarsel: Von mehreren Scannern wird %1 verwendet</translation>
     </message>
     <message>
+        <source>the scanner sent fewer lines than it promised</source>
+        <translation>der Scanner hat weniger Zeilen geliefert als angekündigt</translation>
+    </message>
+    <message>
         <source>tarsel: page %1 is not saved: %2</source>
         <translation>tarsel: Seite %1 ist nicht gespeichert: %2</translation>
     </message>
     <message>
         <source>%1: page %2, %3 x %4 pixels</source>
         <translation>%1: Seite %2, %3 x %4 Pixel</translation>
+    </message>
+    <message>
+        <source>tarsel: page %1 ended early: %2</source>
+        <translation>tarsel: Seite %1 endete zu früh: %2</translation>
     </message>
     <message>
         <source>Page %1: saving</source>

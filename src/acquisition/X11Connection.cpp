@@ -89,7 +89,8 @@ void X11Connection::sendToRoot(const char* message, std::uint32_t value) const {
     xcb_send_event(m_connection, 0, root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                    reinterpret_cast<const char*>(&event));
-    xcb_flush(m_connection);
+    // Waits for the server: a busy one drops what it has not read when the connection ends.
+    owned(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
 } // namespace tarsel

@@ -58,7 +58,8 @@ TaskPane::TaskPane(TaskList& tasks, TaskDefaults& defaults, const ActionTable& a
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(m_bar, 1);
-    rows->addWidget(makeButtons());
+    QWidget* buttons = makeButtons();
+    rows->addWidget(buttons);
     m_bar->DisableUpdates(true);
     addTasks();
     m_bar->AddGroup(optionsGroup, tr(" Task Options"));
@@ -68,7 +69,8 @@ TaskPane::TaskPane(TaskList& tasks, TaskDefaults& defaults, const ActionTable& a
     m_bar->SetGroupChild(confirmedGroup, makeConfirmed(), true);
     m_bar->DisableUpdates(false);
     connect(m_bar, &isExplorerBar::itemClicked, this, &TaskPane::taskChosen);
-    setFixedWidth(std::min(m_bar->sizeHint().width(), screen()->availableGeometry().width() * 3 / 10));
+    const int share = std::min(m_bar->sizeHint().width(), screen()->availableGeometry().width() * 3 / 10);
+    setFixedWidth(std::max(share, buttons->minimumSizeHint().width())); // their texts can't be shortened
     hide();
 }
 

@@ -45,8 +45,9 @@ void FolderView::subShowFilesInFolder(const QString& path) {
     const auto failure = trap("FrmMain.subShowFilesInFolder", [&] {
         TrappingString = QStringLiteral("Showing files from selected folder");
         modFileSystem::MakeFolder(temporaryFolder(settings.programFolder));
-        if (std::exchange(m_folder, path) != path)
+        if (m_folder != path)
             m_alsoListed.clear();
+        m_folder = path;
         m_lists.sbMain.setPanel(QStringLiteral("folder"), tr("Current Folder - %1").arg(path));
         clearList();
         takeThumbnailSize();

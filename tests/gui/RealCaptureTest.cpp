@@ -36,7 +36,7 @@ protected:
         if (QStandardPaths::findExecutable(QStringLiteral("openbox")).isEmpty())
             GTEST_SKIP() << "needs a window manager: openbox";
         manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-        ASSERT_TRUE(waitFor([this] { return !x11().rootProperty("_NET_SUPPORTING_WM_CHECK").empty(); }));
+        ASSERT_TRUE(waitFor([this] { return isManaging(); }));
         start();
         ConfigRecord.CaptureFolder = path("captured") + QLatin1Char('/');
         QDir().mkpath(path("captured"));
@@ -46,6 +46,15 @@ protected:
         manager.waitForFinished();
     }
 
+    /// The last thing that a window manager does as it starts is to tell the windows that it has found.
+    bool isManaging() const {
+        const auto reply = owned(xcb_get_property_reply(
+            x11().get(),
+            xcb_get_property(x11().get(), 0, x11().root(), x11().atom("_NET_CLIENT_LIST_STACKING"),
+                             XCB_GET_PROPERTY_TYPE_ANY, 0, 0),
+            nullptr));
+        return reply && reply->type != XCB_ATOM_NONE;
+    }
     /// Opens the dialog and answers it.
     void capture(CaptureKind kind, const char* button) {
         script.on("frmCapture", [=](QWidget& dialog) {
@@ -144,7 +153,7 @@ TEST_F(RealCapture, EachKindHasThePixelsOfTheScreenAndTheWindowIsBackAsItWas) {
                 EXPECT_FALSE(partAt(taken, below, card) == card) << "below the window";
             }
             EXPECT_TRUE(waitFor([&] { return isSettled() && window().geometry() == geometry; }))
-                << window().x() << ", " << window().y();
+                << int(kind) << ": " << window().x() << ", " << window().y();
             EXPECT_EQ(window().isMaximized(), maximised);
             EXPECT_TRUE(waitFor([&] { return managed.isShown(); })) << "other windows are back too";
         }
@@ -174,8 +183,8 @@ TEST_F(RealCapture, OtherWindowsOfTheProgramAreNotOnThePictureAndBackAboveEachOt
                     all.emplace_back(id, each->frameGeometry());
         return all;
     };
+    ASSERT_TRUE(waitFor([&] { return facts().size() == 3; }));
     const auto before = facts();
-    ASSERT_EQ(before.size(), 3u);
     EXPECT_EQ(before[1].first, second.winId());
     capture(CaptureKind::Background, "cmdCapture");
     const Picture taken = capturedAs(1);

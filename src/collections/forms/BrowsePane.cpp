@@ -31,6 +31,11 @@ protected:
     }
 };
 
+/// Complete texts where the screen has room for them.
+int affordableWidth(int width, const QWidget& pane) {
+    return std::min(width, pane.screen()->availableGeometry().width() * 26 / 100);
+}
+
 QTabBar* makeTabs(QWidget* parent) {
     auto* tbsBrowse = new BrowseTabs(parent);
     tbsBrowse->setObjectName(QStringLiteral("tbsBrowse"));
@@ -41,9 +46,7 @@ QTabBar* makeTabs(QWidget* parent) {
     tbsBrowse->addTab(BrowsePane::tr("Browse File System"));
     tbsBrowse->addTab(BrowsePane::tr("Task Basket"));
     tbsBrowse->setTabToolTip(0, tbsBrowse->tabText(0));
-    // Complete texts where the screen has room for them.
-    tbsBrowse->setMinimumWidth(
-        std::min(tbsBrowse->sizeHint().width(), parent->screen()->availableGeometry().width() * 26 / 100));
+    tbsBrowse->setMinimumWidth(affordableWidth(tbsBrowse->sizeHint().width(), *parent));
     return tbsBrowse;
 }
 
@@ -71,6 +74,7 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     help->setToolButtonStyle(Qt::ToolButtonIconOnly);
     caption->addWidget(help);
     rows->addLayout(caption);
+    setMinimumWidth(affordableWidth(caption->sizeHint().width(), *this)); // its spacing is that of the pane
     rows->addWidget(m_tabs);
     rows->addWidget(panels, 1);
 
