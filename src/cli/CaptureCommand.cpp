@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/ScreenSource.h"
 #include "base/SafeFileWriter.h"
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
+#include "cli/Interrupt.h"
 #include "cli/JsonLine.h"
 #include "cli/OldFiles.h"
 #include "cli/Terminal.h"
@@ -16,7 +18,10 @@
 #include <QRegularExpression>
 #include <algorithm>
 #include <chrono>
-#include <thread>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <tuple>
 
 namespace tarsel::cli {
 
@@ -68,16 +73,18 @@ bool isDesktopWanted(const Arguments& arguments) {
     return kind == QLatin1String("desktop");
 }
 
+QRect monitorIn(const std::vector<Monitor>& monitors, const QString& name) {
+    const auto found = std::ranges::find(monitors, name, &Monitor::name);
+    if (found == monitors.end())
+        throw UsageError{Texts::tr("there is no monitor \"%1\"; --list names them").arg(name)};
+    return found->area;
+}
+
 /// What is wanted of the screen.
 QRect areaIn(const ScreenPicture& screen, const Arguments& arguments) {
     QRect area(0, 0, screen.picture.width(), screen.picture.height());
-    if (arguments.has("monitor")) {
-        const QString name = arguments.value("monitor");
-        const auto found = std::ranges::find(screen.monitors, name, &Monitor::name);
-        if (found == screen.monitors.end())
-            throw UsageError{Texts::tr("there is no monitor \"%1\"; --list names them").arg(name)};
-        area = found->area;
-    }
+    if (arguments.has("monitor"))
+        area = monitorIn(screen.monitors, arguments.value("monitor"));
     if (!arguments.has("region"))
         return area;
     const QRect region = regionIn(arguments.value("region")).translated(area.topLeft());
@@ -109,6 +116,14 @@ int listMonitors(ScreenSource& screen, Terminal& terminal, bool json) {
     return AllDone;
 }
 
+/// Raises 18 after a stop.
+void pause(std::chrono::milliseconds time) {
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait_for(lock, currentStop(), time, [] { return false; });
+    raiseIfStopped();
+}
+
 ScreenPicture grab(ScreenSource& screen, const Arguments& arguments, Terminal& terminal) {
     const bool withPointer = arguments.has("pointer");
     if (!isDesktopWanted(arguments))
@@ -117,8 +132,23 @@ ScreenPicture grab(ScreenSource& screen, const Arguments& arguments, Terminal& t
     if (!cleared.isCleared())
         terminal.message(Texts::tr("tarsel: the window manager can't clear the desktop of windows"));
     for (int look = 0; look == 0 || (look < mostLooks && !cleared.isDone()); ++look)
-        std::this_thread::sleep_for(clearingTime);
+        pause(clearingTime);
     return screen.grab(withPointer);
+}
+
+/// Nothing after an interrupt, which brings the windows back first.
+std::optional<ScreenPicture> pictureOf(ScreenSource& screen, const Arguments& arguments, Terminal& terminal,
+                                       std::chrono::seconds delay) {
+    const InterruptScope interruptible;
+    const StopScope scope(interruptible.stop());
+    try {
+        pause(delay);
+        return grab(screen, arguments, terminal);
+    } catch (const TrappedError&) {
+        if (!wasInterrupted())
+            throw;
+        return std::nullopt;
+    }
 }
 
 const SaveFormat& formatOf(const QString& target) {
@@ -151,12 +181,19 @@ int run(const Arguments& arguments, Terminal& terminal) {
         requireFree(target);
     const int delay = numberIn(arguments.value("delay", QStringLiteral("0")), 0, longestDelay, "delay");
 
+    std::ignore = isDesktopWanted(arguments); // what is wrong is said before the delay
+    if (arguments.has("region"))
+        std::ignore = regionIn(arguments.value("region"));
+
     const std::unique_ptr<ScreenSource> screen = systemScreen();
-    std::this_thread::sleep_for(std::chrono::seconds(delay));
-    const ScreenPicture taken = grab(*screen, arguments, terminal);
-    const QRect area = areaIn(taken, arguments);
+    if (arguments.has("monitor"))
+        std::ignore = monitorIn(screen->monitors(), arguments.value("monitor"));
+    const auto taken = pictureOf(*screen, arguments, terminal, std::chrono::seconds(delay));
+    if (!taken)
+        return Interrupted;
+    const QRect area = areaIn(*taken, arguments);
     ImageBox box;
-    box.setPictureHandle(partOf(taken.picture, area.x(), area.y(), {area.width(), area.height()}));
+    box.setPictureHandle(partOf(taken->picture, area.x(), area.y(), {area.width(), area.height()}));
     box.ColorFormat = format.colors.front().colorFormat;
     write(target, box.encoded(QLatin1String(format.extension)), overwrites);
     terminal.result(
