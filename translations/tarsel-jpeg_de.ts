@@ -4161,12 +4161,8 @@ Ergebnisse gehen an die Standardausgabe, Meldungen an die Standardfehlerausgabe.
         <translation>Bauen oder installieren Sie das Programm noch einmal, mit seinen Playern.</translation>
     </message>
     <message>
-        <source>The player &quot;%1&quot; is missing in %2.
-%3
-The environment variable TARSEL_PLAYERS can name another folder.</source>
-        <translation>Der Player „%1“ fehlt in %2.
-%3
-Die Umgebungsvariable TARSEL_PLAYERS kann einen anderen Ordner nennen.</translation>
+        <source>The player &quot;%1&quot; is missing in %2. %3 The environment variable TARSEL_PLAYERS can name another folder.</source>
+        <translation>Der Player „%1“ fehlt in %2. %3 Die Umgebungsvariable TARSEL_PLAYERS kann einen anderen Ordner nennen.</translation>
     </message>
 </context>
 <context>
@@ -4296,6 +4292,30 @@ Bitte wählen Sie ein Bild oder Logo vom Datenträger.</translation>
 </context>
 <context>
     <name>QtDialogs</name>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
     <message>
         <source>Browse for folder</source>
         <translation>Ordner wählen</translation>
@@ -4590,12 +4610,20 @@ Möchten Sie sie ersetzen?</translation>
         <translation>tarsel: Von mehreren Scannern wird %1 verwendet</translation>
     </message>
     <message>
+        <source>the scanner sent fewer lines than it promised</source>
+        <translation>der Scanner hat weniger Zeilen geliefert als angekündigt</translation>
+    </message>
+    <message>
         <source>tarsel: page %1 is not saved: %2</source>
         <translation>tarsel: Seite %1 ist nicht gespeichert: %2</translation>
     </message>
     <message>
         <source>%1: page %2, %3 x %4 pixels</source>
         <translation>%1: Seite %2, %3 x %4 Pixel</translation>
+    </message>
+    <message>
+        <source>tarsel: page %1 ended early: %2</source>
+        <translation>tarsel: Seite %1 endete zu früh: %2</translation>
     </message>
     <message>
         <source>Page %1: saving</source>

@@ -150,8 +150,9 @@ void SampleScanner::deliver(int lines) {
     Q_EMIT pageArrived(arrived, request.save ? request.save(arrived) : AcquiredFile{});
 }
 
-void SampleScanner::end(const ScanEnd& end) {
+void SampleScanner::end(const ScanEnd& end, bool crashes) {
     --m_pending;
+    m_isOpen = m_isOpen && !crashes;
     Q_EMIT finished(end);
 }
 

@@ -29,7 +29,8 @@ public:
     int cancelled = 0;
 
     void deliver(int lines = 0); ///< a page of the acquisition in work, after a part of its lines
-    void end(const ScanEnd& end);
+    /// A driver that crashes has to be opened again.
+    void end(const ScanEnd& end, bool crashes = false);
 
     void listDevices() override;
     void open(const QString& device) override;

@@ -8,6 +8,7 @@
 #include "configuration/ConfigRecord.h"
 #include "pixels/Color.h"
 
+#include <QAbstractButton>
 #include <QAbstractFileIconProvider>
 #include <QApplication>
 #include <QColorDialog>
@@ -68,6 +69,20 @@ QMessageBox::StandardButtons qtButtons(MessageButtons buttons) {
     return QMessageBox::Ok;
 }
 
+/// Only some platforms give the standard buttons a mnemonic, and the translations of Qt lack it too.
+void giveMnemonics(QMessageBox& box) {
+    const auto name = [&](QMessageBox::StandardButton each, const char* text) {
+        if (QAbstractButton* button = box.button(each))
+            button->setText(QCoreApplication::translate("QtDialogs", text));
+    };
+    name(QMessageBox::Ok, QT_TRANSLATE_NOOP("QtDialogs", "&OK"));
+    name(QMessageBox::Cancel, QT_TRANSLATE_NOOP("QtDialogs", "&Cancel"));
+    name(QMessageBox::Yes, QT_TRANSLATE_NOOP("QtDialogs", "&Yes"));
+    name(QMessageBox::No, QT_TRANSLATE_NOOP("QtDialogs", "&No"));
+    name(QMessageBox::Save, QT_TRANSLATE_NOOP("QtDialogs", "&Save"));
+    name(QMessageBox::Discard, QT_TRANSLATE_NOOP("QtDialogs", "&Discard"));
+}
+
 MessageAnswer answerOf(int button) {
     switch (button) {
     case QMessageBox::Cancel:
@@ -120,6 +135,7 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
     box.setTextFormat(Qt::PlainText);
     if (buttons == MessageButtons::YesNo)
         box.setDefaultButton(QMessageBox::No); // Enter must not replace anything
+    giveMnemonics(box);
     makeRoomForTitle(box);
     return answerOf(box.exec());
 }

@@ -113,6 +113,7 @@ private:
     void connectCapture();
     void connectTwain();
     void connectHints();
+    void offerSaveHint();
     void connectHelp();
 
     // Form_Load

@@ -84,7 +84,7 @@ void frmMain::showCaptured(const QString& path) {
     if (m_preview.wantedPath() == path)
         m_preview.reload();
     else
-        m_preview.ShowRow(pages, pages.count() - 1);
+        m_preview.showAdded(pages, pages.count() - 1);
 }
 
 /// In the program's own folder, unless the user chooses another one; again until it is saved or given up.

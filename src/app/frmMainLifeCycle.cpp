@@ -284,11 +284,17 @@ void frmMain::connectHints() {
     connect(&m_workspace.lvPages, &QAbstractItemModel::rowsInserted, this, [this] {
         m_hints->done(FirstHints::OwnPictures);
         m_hints->offer(FirstHints::ChooseTask);
+        offerSaveHint();
     });
     connect(&m_workspace.tasks.lvEdit, &QAbstractItemModel::rowsInserted, this, [this] {
         m_hints->done(FirstHints::ChooseTask);
-        m_hints->offer(FirstHints::SaveBasket);
+        offerSaveHint();
     });
+}
+
+void frmMain::offerSaveHint() {
+    if (!m_workspace.lvPages.isEmpty() && !m_workspace.tasks.lvEdit.isEmpty())
+        m_hints->offer(FirstHints::SaveBasket);
 }
 
 // --- Form_Unload

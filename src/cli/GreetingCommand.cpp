@@ -85,7 +85,7 @@ Settings greetingSettings(const Arguments& arguments) {
 
 int run(const Arguments& arguments, Terminal& terminal) {
     const Settings settings = greetingSettings(arguments);
-    const QString target = effectPath(joinedTarget(arguments));
+    const QString target = joinedTarget(arguments, effectPath);
     if (arguments.operands().size() != 1)
         throw UsageError{QCoreApplication::translate("CommandLine", "expected one PICTURE")};
     TaskList tasks;

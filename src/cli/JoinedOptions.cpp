@@ -8,12 +8,16 @@
 
 namespace tarsel::cli {
 
-QString joinedTarget(const Arguments& arguments) {
+QString joinedTarget(const Arguments& arguments, QString (*withExtension)(const QString& path)) {
     requireOption(arguments, "out");
     const QString out = arguments.value("out");
-    if (out.endsWith(QLatin1Char('/')) || QFileInfo(filePath(out)).isDir())
-        throw UsageError{QCoreApplication::translate("CommandLine", "--out: \"%1\" is a folder").arg(out)};
-    return filePath(out);
+    const QString name = out.section(QLatin1Char('/'), -1);
+    const bool hasName = !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..");
+    const QString target = withExtension(filePath(out));
+    if (!hasName || QFileInfo(target).isDir())
+        throw UsageError{QCoreApplication::translate("CommandLine", "--out: \"%1\" is a folder")
+                             .arg(hasName ? target : out)};
+    return target;
 }
 
 quint8 joinedSystemOf(const Arguments& arguments) {

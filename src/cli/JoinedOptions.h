@@ -18,8 +18,9 @@ inline constexpr OptionSpec joinedStrip = {
     "strip-private", nullptr,
     QT_TRANSLATE_NOOP("CommandLine", "leave out GPS positions, serial numbers and makers' own data")};
 
-/// The file of --out; UsageError when it is missing.
-QString joinedTarget(const Arguments& arguments);
+/// The file of --out with its extension, which `withExtension` completes. UsageError when the option is
+/// missing or that file is a folder.
+QString joinedTarget(const Arguments& arguments, QString (*withExtension)(const QString& path));
 quint8 joinedSystemOf(const Arguments& arguments);
 /// Errors of rows are not reported, since their results have them, and no list is left.
 JoinedRun joinedRun(const Arguments& arguments, std::stop_token stop);

@@ -116,4 +116,19 @@ void apply(const AttributeChange& change, ImageBox& box, const DateForms& forms)
              QCoreApplication::translate("CommandLine", "%1 can't be \"%2\"").arg(change.name, change.value));
 }
 
+void deleteIptcField(const AttributeChange& field, ImageBox& box) {
+    if (field.name == QLatin1String(urgency))
+        setIptcList(box.metadata(), "IptcUrgency", {});
+    else
+        modMetadata::ClearIptcField(box, field.name);
+}
+
+void addUrgency(const ImageBox& box, ListView& iptc) {
+    const int number = iptcUrgency(box.metadata());
+    ListRow row;
+    row.text = QLatin1String(urgency);
+    row.subItems = {number == 0 ? QString() : QString::number(number)};
+    iptc.add(row);
+}
+
 } // namespace tarsel::cli

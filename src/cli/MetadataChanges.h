@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Conversions.h"
+#include "base/ListView.h"
 #include "imaging/ImageBox.h"
 
 #include <QHash>
@@ -31,5 +32,9 @@ QList<std::pair<QString, QList<AttributeChange>>> changesOfTable(const QString& 
 
 /// Sets it in the box. Error 5 with name and value when the attribute can't take it.
 void apply(const AttributeChange& change, ImageBox& box, const DateForms& forms);
+/// Nothing when the box hasn't the field.
+void deleteIptcField(const AttributeChange& field, ImageBox& box);
+/// Adds the row that the window's list of IPTC fields lacks, since a dialog shows the urgency.
+void addUrgency(const ImageBox& box, ListView& iptc);
 
 } // namespace tarsel::cli

@@ -139,6 +139,7 @@ void get(const QString& path, bool json, Terminal& terminal) {
     modMetadata::AddExifRows(box.metadata(), exif);
     modMetadata::AddIptcRows(box.metadata(), iptc, service<Locale>().dateForms());
     showDatesPlainly(box, exif, iptc);
+    addUrgency(box, iptc);
     if (json) {
         terminal.result(JsonLine()
                             .add("path", path)
@@ -218,7 +219,7 @@ int runDelete(const Arguments& arguments, Terminal& terminal) {
             if (box.metadata().HasExif(name))
                 deleteExif(name, box);
         for (const AttributeChange& field : fields)
-            modMetadata::ClearIptcField(box, field.name);
+            deleteIptcField(field, box);
     });
 }
 

@@ -49,7 +49,8 @@ settings::PublishingSettings saverSettings(const Arguments& arguments, bool isSl
 template <bool isSlide>
 int run(const Arguments& arguments, Terminal& terminal) {
     const settings::PublishingSettings settings = saverSettings(arguments, isSlide);
-    const QString target = saverPath(joinedTarget(arguments), isSlide);
+    const QString target =
+        joinedTarget(arguments, [](const QString& path) { return saverPath(path, isSlide); });
     TaskList tasks;
     readTasks(arguments, tasks);
     const InterruptScope interruptible;

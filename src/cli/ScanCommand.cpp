@@ -79,7 +79,10 @@ void openDevice(ScannerProcess& scanner, const Arguments& arguments, Terminal& t
 }
 
 void report(const ScannedPage& page, const AcquiredFile& file, Terminal& terminal, bool json) {
-    const QString reason = file.error ? file.error->description : QString();
+    const bool isCut = page.isCut && !file.error;
+    const QString reason = file.error ? file.error->description
+                           : isCut    ? Texts::tr("the scanner sent fewer lines than it promised")
+                                      : QString();
     const auto state = QLatin1String(file.error ? "failed" : "written");
     if (json)
         terminal.result(JsonLine()
@@ -98,6 +101,8 @@ void report(const ScannedPage& page, const AcquiredFile& file, Terminal& termina
                             .arg(page.number)
                             .arg(page.picture.width())
                             .arg(page.picture.height()));
+    if (isCut && !json)
+        terminal.message(Texts::tr("tarsel: page %1 ended early: %2").arg(page.number).arg(reason));
 }
 
 QString progressLine(const ScanProgress& now) {

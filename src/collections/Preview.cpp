@@ -40,12 +40,13 @@ Preview::Preview(Lists lists) :
         if (m_describesEdited)
             showResolution();
     });
-    // Rows of a folder are completed in the background, perhaps after their picture is shown.
-    connect(&m_lists.lvFolder, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex& first, const QModelIndex& last) {
-                if (first.row() == last.row() && m_lists.lvFolder.row(first.row()).tag == m_describedPath)
-                    showFilePanels();
-            });
+    // Rows are completed in the background, perhaps after their picture is shown.
+    for (const ListView* list : {&m_lists.lvFolder, &m_lists.lvPages})
+        connect(list, &QAbstractItemModel::dataChanged, this,
+                [this, list](const QModelIndex& first, const QModelIndex& last) {
+                    if (first.row() == last.row() && list->row(first.row()).tag == describedPath())
+                        showFilePanels();
+                });
 }
 
 // --- requests
@@ -67,6 +68,11 @@ void Preview::ShowRow(ListView& list, int row) {
     m_lists.lvIPTC.clear();
     m_wantedPath = path;
     load(path, OptimizedPreview);
+}
+
+void Preview::showAdded(ListView& list, int row) {
+    ShowRow(list, row);
+    m_nextDescribedPath.clear();
 }
 
 void Preview::showNew(const Picture& picture, const QString& path) {
@@ -338,15 +344,23 @@ void Preview::showMetadataPanel() {
                                                                      : tr("No metadata"));
 }
 
+const QString& Preview::describedPath() const {
+    return m_describedPath.isEmpty() ? m_shownPath : m_describedPath;
+}
+
+/// A row of the basket is one page; resolution and size have the same columns in both lists.
 void Preview::showFilePanels() {
-    const ListView& folder = m_lists.lvFolder;
-    const int row = m_describedPath.isEmpty() ? -1 : rowOfPath(folder, m_describedPath);
-    if (row < 0)
+    const QString& path = describedPath();
+    const int inFolder = path.isEmpty() ? -1 : rowOfPath(m_lists.lvFolder, path);
+    const int inBasket = path.isEmpty() ? -1 : rowOfPath(m_lists.lvPages, path);
+    if (inFolder < 0 && inBasket < 0)
         return;
-    m_lists.sbMain.setPanel(QStringLiteral("pages"),
-                            tr("%1 page(s)").arg(folder.subItem(row, FolderColumn::Pages)));
-    m_fileResolution = folder.subItem(row, FolderColumn::Resolution) + QStringLiteral("  ") +
-                       folder.subItem(row, FolderColumn::FileSize);
+    const ListView& list = inFolder < 0 ? m_lists.lvPages : m_lists.lvFolder;
+    const int row = inFolder < 0 ? inBasket : inFolder;
+    const QString pages = inFolder < 0 ? QStringLiteral("1") : list.subItem(row, FolderColumn::Pages);
+    m_lists.sbMain.setPanel(QStringLiteral("pages"), tr("%1 page(s)").arg(pages));
+    m_fileResolution = list.subItem(row, FolderColumn::Resolution) + QStringLiteral("  ") +
+                       list.subItem(row, FolderColumn::FileSize);
     showResolution();
 }
 

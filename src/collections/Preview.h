@@ -23,7 +23,8 @@ class Preview final : public QObject, public EditedPicture {
     Q_OBJECT
 public:
     struct Lists {
-        ListView& lvFolder; ///< two panels describe its selected row, whatever list the picture is from
+        /// Two panels describe its selected row, whatever list the picture is from; without one, the picture.
+        ListView& lvFolder;
         ListView& lvPages;
         ListView& lvExif;
         ListView& lvIPTC;
@@ -42,6 +43,8 @@ public:
     /// Shows row `row` of either list; a row that is shown already, or about to be, is left alone. A file
     /// that can't be read leaves the box empty and the panels unchanged.
     void ShowRow(ListView& list, int row);
+    /// The same for the picture of a row that the program has added: the two panels describe that picture.
+    void showAdded(ListView& list, int row);
     /// Shows a new picture, as it is, whose file `path` is still being written. A row of that file is loaded
     /// by reload().
     void showNew(const Picture& picture, const QString& path);
@@ -106,6 +109,7 @@ private:
     void describe(const QString& path);
     void completeResolution(ListView& list, const QString& path) const;
     void listMetadata(const QString& path);
+    const QString& describedPath() const;
     void showFilePanels();
     void showFailure(const QString& text);
     void showResolution();
@@ -119,7 +123,8 @@ private:
     QString m_wantedPath;     ///< of the row shown last, whether its picture could be loaded or not
     QString m_fileResolution; ///< as the panel shows it while nobody edits
     bool m_describesEdited = false;
-    QString m_describedPath; ///< of the row of lvFolder that two panels describe
+    QString
+        m_describedPath; ///< of the row of lvFolder that two panels describe; empty for the picture on show
     QString m_nextDescribedPath;
     QString m_failureText; ///< of the status line, when the last load failed
     quint64 m_lastNumber = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/TabOrder.h"
 
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QLayout>
 #include <QWidget>
 
@@ -27,6 +29,15 @@ void orderTabsByLayout(std::initializer_list<const QWidget*> panes) {
         addControls(*pane->layout(), controls);
     for (qsizetype index = 1; index < controls.size(); ++index)
         QWidget::setTabOrder(controls[index - 1], controls[index]);
+}
+
+void letTabReachChosen(const QButtonGroup& group) {
+    QObject::connect(&group, &QButtonGroup::buttonToggled, &group,
+                     [&group](const QAbstractButton* chosen, bool on) {
+                         for (QAbstractButton* each : group.buttons())
+                             if (on)
+                                 each->setFocusPolicy(each == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+                     });
 }
 
 } // namespace tarsel

@@ -38,7 +38,7 @@ QString missingText(const QString& name, PlayerSystem system) {
                   "Players", "Players for Windows are built where g++-mingw-w64-x86-64 is installed.")
             : QCoreApplication::translate("Players", "Build or install the program again with its players.");
     return QCoreApplication::translate("Players",
-                                       "The player \"%1\" is missing in %2.\n%3\nThe environment variable "
+                                       "The player \"%1\" is missing in %2. %3 The environment variable "
                                        "TARSEL_PLAYERS can name another folder.")
         .arg(name, playerFolders().join(QStringLiteral(", ")), advice);
 }

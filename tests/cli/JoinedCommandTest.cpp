@@ -29,6 +29,7 @@ protected:
 } // namespace
 
 TEST_F(JoinedCommands, ASlideShowIsMadeListedAndTakenApart) {
+    QDir().mkpath(path("show")); // not what the file will be called
     const ProgramRun made = run("slide --system windows --json --out show --interval 5 --background FF8000 "
                                 "a.jpg missing.jpg b.jpg");
     EXPECT_EQ(made.status, 1) << made.messages.constData();
@@ -62,12 +63,14 @@ TEST_F(JoinedCommands, AGreetingHasItsOptionsAndRefusesThoseOfOtherStyles) {
         EXPECT_TRUE(contains(clock, line));
     ASSERT_EQ(run("greeting --system windows --style raining-text --text Hi --out g a.jpg").status, 0);
     EXPECT_TRUE(contains(run("joined list g.exe").output, "text: Hi"));
-    for (const char* words : {"greeting --style simple --text x --out g a.jpg", "greeting --out g a.jpg",
-                              "greeting --style simple --out g a.jpg b.jpg", "saver a.jpg",
-                              "saver --out s --interval 0 a.jpg", "joined extract g.exe"})
+    for (const char* words :
+         {"greeting --style simple --text x --out g a.jpg", "greeting --out g a.jpg",
+          "greeting --style simple --out g a.jpg b.jpg", "saver a.jpg", "saver --out s --interval 0 a.jpg",
+          "saver --out . a.jpg", "joined extract g.exe"})
         EXPECT_EQ(run(words).status, 2) << words;
     const ProgramRun noPlayer = run("saver --json --out s a.jpg");
     EXPECT_TRUE(noPlayer.status == 1 && noPlayer.objects().size() == 1);
     EXPECT_TRUE(contains(noPlayer.messages, "linux/saver"));
+    EXPECT_FALSE(contains(noPlayer.messages, "\\x0a"));
     EXPECT_EQ(files(), "a.jpg b.jpg c.jpg g.exe");
 }

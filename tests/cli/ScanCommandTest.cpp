@@ -19,6 +19,12 @@ protected:
         QDir().mkpath(path("pages"));
         writeFileSafely(path("sane/dll.conf"), "test\n");
     }
+    /// Runs lines of the shell with the driver that does what no other does.
+    ProgramRun runStubborn(const char* lines) const {
+        const QByteArray all = QByteArray("export SANE_CONFIG_DIR=\"$PWD/sane\"; export LD_LIBRARY_PATH='") +
+                               TARSEL_TEST_DRIVERS "'; " + lines;
+        return runShell(all.constData(), path());
+    }
     ProgramRun scan(const char* words) const {
         const QByteArray line =
             QByteArray("SANE_CONFIG_DIR=\"$PWD/sane\" \"$TARSEL\" scan --resolution 20 ") + words;
@@ -115,4 +121,26 @@ TEST_F(ScanCommand, KeepsThePagesBeforeAnInterrupt) {
     EXPECT_GE(pages, 2);
     EXPECT_LT(pages, 10);
     EXPECT_EQ(files("pages"), "a.tif");
+}
+
+TEST_F(ScanCommand, TellsOfAPageThatEndedEarly) {
+    const ProgramRun run = runStubborn("\"$TARSEL\" scan --device stubborn:short --out pages/a.tif && "
+                                       "\"$TARSEL\" scan --device stubborn:short --out pages/b.tif --json");
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_TRUE(run.messages.contains("page 1 ended early")) << run.messages.constData();
+    EXPECT_EQ(loaded("pages/a.tif").Height(), 6);
+    ASSERT_FALSE(run.objects().isEmpty());
+    EXPECT_TRUE(run.objects().last().value(text("reason")).toString().contains(text("fewer lines")));
+}
+
+/// The driver is given ten seconds to bring its carriage home.
+TEST_F(ScanCommand, LeavesNoProcessBehindWhenItIsKilledWhileTheDriverHangs) {
+    const ProgramRun run = runStubborn(
+        "wait_for() { n=0; until \"$@\"; do n=$((n + 1)); [ $n -lt 1000 ] || return 1; sleep 0.02; done; }; "
+        "gone() { ! grep -q '^State:.[^Z]' /proc/$driver/status 2>/dev/null; }; "
+        "\"$TARSEL\" scan --device stubborn:deaf --out pages/a.tif > log & "
+        "wait_for test -s sane/reading || exit 9; driver=$(cat sane/reading); "
+        "kill -KILL $!; wait_for gone || { kill -KILL $driver; exit 8; }");
+    EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(files("pages"), "");
 }

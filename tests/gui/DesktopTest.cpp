@@ -58,6 +58,18 @@ TEST(QtDesktopTest, MessageBoxesShowTheirTextAsItStandsAndReturnTheAnswer) {
     QTimer::singleShot(0, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
     EXPECT_EQ(desktop.dialogs.messageBox(shown, MessageIcon::Question, MessageButtons::YesNo, {}),
               MessageAnswer::No);
+    QStringList keys;
+    QTimer::singleShot(0, qApp, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        for (const QAbstractButton* each : box->buttons())
+            keys << QKeySequence::mnemonic(each->text()).toString();
+        box->button(QMessageBox::Discard)->click();
+    });
+    EXPECT_EQ(desktop.dialogs.messageBox(shown, MessageIcon::Question, MessageButtons::SaveDiscardCancel, {}),
+              MessageAnswer::Discard);
+    keys.sort();
+    EXPECT_EQ(keys.join(u' ').toStdString(), "Alt+C Alt+D Alt+S");
 }
 
 TEST(QtDesktopTest, AnErrorInAHandlerOfInputDoesNotNameTheFileAtWork) {

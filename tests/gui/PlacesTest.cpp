@@ -137,7 +137,8 @@ TEST_F(Places, APictureOfEachKindOfTheMenuEntryOpensAsTheArgument) {
         const QString name = QStringLiteral("drawing.") + extension;
         const QString file = pictures() + u'/' + name;
         if (extension == u"wmf" || extension == u"emf") {
-            writeFileSafely(file, extension == u"wmf" ? wmf(redLeftHalf()) : emf({}));
+            writeFileSafely(file,
+                            extension == u"wmf" ? wmf(redLeftHalf()) : emf(emfRecord(43, {0, 0, 19, 19})));
         } else {
             ImageBox box;
             box.LoadFromFile(path("pictures/source.jpg"));

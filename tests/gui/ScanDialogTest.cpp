@@ -8,6 +8,7 @@
 #include "tests/support/TestDesktop.h"
 #include "tests/support/TestPictures.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +19,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
+#include <QScreen>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
@@ -101,12 +104,19 @@ TEST_F(ScanDialog, WithoutAScannerItSaysWhatToDoAndRefreshFindsTheOneThatWasPlug
     EXPECT_TRUE(isVisible("pagEmpty"));
     EXPECT_EQ(label("lblEmpty"), "No scanner was found");
     EXPECT_NE(label("lblEmptyHelp").find("group \"scanner\""), std::string::npos);
+    EXPECT_FALSE(isEnabled("cboPaper"));
     control<QLineEdit>("txtFileName").setText(QStringLiteral("Letter"));
     click(*dialog, "cmdAcquire");
     ASSERT_EQ(desktop.messages.size(), 1u);
     EXPECT_TRUE(desktop.reports.empty());
     EXPECT_TRUE(scanner.requests.empty());
     EXPECT_EQ(settings.GenericName.toStdString(), "Letter") << "stored though nothing starts";
+
+    scanner.devices = {plugged[0], plugged[0]};
+    scanner.devices[1].name = QStringLiteral("sample:1");
+    click(*dialog, "cmdRefresh");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isVisible("pagPictures"); }));
+    EXPECT_EQ(control<QComboBox>("cboDevice").itemText(1).toStdString(), "Sample Flatbed 2400 (sample:1)");
 
     scanner.devices = plugged;
     click(*dialog, "cmdRefresh");
@@ -289,6 +299,46 @@ TEST_F(ScanDialog, AFileThatAppearsAfterTheQuestionIsKeptAndAPageThatEndedEarlyI
     }
 }
 
+TEST_F(ScanDialog, NothingIsAddedToADocumentThatLacksAPage) {
+    saveAs("document");
+    open();
+    acquire();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isVisible("pagAnother"); }));
+    ASSERT_TRUE(QFile::remove(path("Twain.tif")));
+    click(*dialog, "cmdNextPage");
+    ASSERT_TRUE(waitForMessage());
+    EXPECT_TRUE(desktop.messages[0].text.contains(QStringLiteral("Page 2 was not saved.")));
+    EXPECT_TRUE(isVisible("pagIdle"));
+}
+
+TEST_F(ScanDialog, APageCancelledAtTheScannerIsToldAndADriverThatCrashedIsOpenedAgain) {
+    scanner.holdsPages = true;
+    open();
+    acquire();
+    scanner.deliver();
+    scanner.end({ScanEndReason::Cancelled, 1, {}});
+    ASSERT_TRUE(waitForMessage());
+    const QString text = desktop.messages[0].text;
+    EXPECT_TRUE(text.contains(QStringLiteral("sample:0: scanning was cancelled.")) &&
+                text.contains(QStringLiteral("are kept")))
+        << text.toStdString();
+    acquire();
+    click(*dialog, "cmdCancelScan");
+    ASSERT_TRUE(waitForEnd());
+    acquire();
+    scanner.end(
+        {ScanEndReason::Failed, 0, TrappedError{ErrorNumber::InvalidCall, QStringLiteral("Crashed."), {}}},
+        true);
+    ASSERT_TRUE(waitForMessage(2));
+    EXPECT_EQ(desktop.messages[1].text.toStdString(), "Crashed.") << "none for the user's own Cancel";
+    ASSERT_TRUE(waitForEnd());
+    acquire();
+    scanner.deliver();
+    scanner.end({ScanEndReason::Done, 1, {}});
+    EXPECT_TRUE(waitForEnd());
+    EXPECT_EQ(got.size(), 2);
+}
+
 TEST_F(ScanDialog, ClosedInTheMiddleItStopsTheScannerFirstAndKeepsThePages) {
     scanner.holdsPages = true;
     open();
@@ -335,6 +385,33 @@ TEST_F(ScanDialog, MoreOptionsShowTheOthersAndTheMenuOfTheSizeRepeatsItsChoice) 
     control<QMenu>("mnuFit").actions()[1]->trigger();
     EXPECT_EQ(fit.text().remove(u'&').toStdString(), "Actual Size");
     EXPECT_FALSE(control<ImageBoxView>("ImageBox1").isBestFit());
+}
+
+TEST_F(ScanDialog, TabComesToTheChosenButtonOfAGroup) {
+    saveAs("document");
+    open();
+    auto& disk = control<QRadioButton>("optAcquire_1");
+    for (const char* chosen : {"optFile_1", "optFile_0"}) {
+        control<QRadioButton>(chosen).click();
+        disk.setFocus();
+        QTest::keyClick(&disk, Qt::Key_Tab);
+        EXPECT_EQ(dialog->focusWidget()->objectName().toStdString(), chosen);
+    }
+}
+
+TEST_F(ScanDialog, WhereTheScreenIsTooNarrowThePicturesAreBelow) {
+    const QFont usual = QApplication::font();
+    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
+    QFont large = usual;
+    large.setPointSize(24);
+    QApplication::setFont(large);
+    open();
+    const auto& options = control<QWidget>("optionsArea");
+    const auto& pictures = control<QWidget>("stkPictures");
+    EXPECT_GT(pictures.y(), options.geometry().bottom());
+    EXPECT_LE(dialog->width(), dialog->screen()->availableSize().width());
+    EXPECT_GE(pictures.width(), pictures.minimumSizeHint().width());
+    EXPECT_GE(pictures.height(), pictures.minimumSizeHint().height());
 }
 
 } // namespace tarsel::test

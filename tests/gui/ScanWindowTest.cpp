@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
+#include "collections/Basket.h"
 #include "configuration/ConfigRecord.h"
 #include "tests/gui/WindowTest.h"
 
@@ -52,6 +53,9 @@ protected:
 } // namespace
 
 TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsOfTheBasketAndTheLastIsShown) {
+    makePictures(1);
+    listFolder(pictures());
+    listed().selectOnly(0);
     useFeeder();
     click(*dialog, "cmdAcquire");
     ASSERT_TRUE(waitFor([&] { return basket().count() == 10; }));
@@ -62,6 +66,10 @@ TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsOfTheBasketAndTheLastIsS
             << row << ": " << basket().row(row).text.toStdString();
     EXPECT_TRUE(waitFor([&] { return window().preview().shownPath() == basket().row(9).tag; }));
     EXPECT_TRUE(QFileInfo::exists(basket().row(0).tag));
+    const std::string size = basket().subItem(9, BasketColumn::Resolution).toStdString();
+    EXPECT_TRUE(waitFor([&] { return panel("resolution").starts_with(size); }))
+        << panel("resolution") << " is not that of the page";
+    EXPECT_EQ(panel("pages"), "1 page(s)");
 }
 
 TEST_F(ScannerOfTheWindow, PagesThatComeDuringABatchBecomeRowsAfterItInTheirOrder) {

@@ -89,6 +89,13 @@ TEST_F(Start, GivesANewcomerEachHintOnceAndInItsMoment) {
     dismiss();
     window().workspace().tasks.append(defaultRow(11, {}));
     EXPECT_EQ(notice(), "");
+
+    ConfigRecord.HintSaveSeen = 0;
+    click(window(), "cmdPagesNew");
+    window().workspace().tasks.append(defaultRow(11, {}));
+    EXPECT_EQ(notice(), "") << "the basket has nothing to save";
+    addAll();
+    EXPECT_TRUE(waitFor([&] { return notice() == "Press Ctrl+J to save"; }));
 }
 
 TEST_F(Start, ShowsTheWindowWithRemarksInTurnAndNoDialogBeforeIt) {

@@ -62,6 +62,8 @@ void ScanAreaChoice::wantArea(const QRectF& area) {
 }
 
 void ScanAreaChoice::show(const ScanOptions& options) {
+    if (options.isEmpty())
+        return showNothing();
     m_options = options;
     const QRectF bed = options.wholeArea();
     const QScopedValueRollback showing(m_isShowing, true);
@@ -73,6 +75,14 @@ void ScanAreaChoice::show(const ScanOptions& options) {
     }
     m_area = options.area();
     showArea();
+}
+
+/// The preview stays for the same scanner, which may come back.
+void ScanAreaChoice::showNothing() {
+    const QScopedValueRollback showing(m_isShowing, true);
+    m_papers.setEnabled(false);
+    m_papers.setCurrentIndex(-1);
+    m_text.clear();
 }
 
 void ScanAreaChoice::showArea() {

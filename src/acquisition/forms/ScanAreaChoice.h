@@ -22,7 +22,7 @@ public:
     ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent);
 
     ImageBoxView& view() const { return *m_view; }
-    void show(const ScanOptions& options);
+    void show(const ScanOptions& options); ///< empty ones where no scanner is open
     /// Of the whole bed; null for none.
     void showPreview(const Picture& picture);
     bool hasPreview() const { return m_box.HasImage(); }
@@ -34,6 +34,7 @@ private:
     void listPapers();
     void choosePaper(int index);
     void takeBand();
+    void showNothing();
     void showArea();
     void showBand();
     void wantArea(const QRectF& area);

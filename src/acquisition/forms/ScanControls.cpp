@@ -110,8 +110,11 @@ void ScanControls::showRow(const char* name, const ScanOption* option,
 
 void ScanControls::showList(const char* name, const ScanOption* option) {
     showRow(name, option, {"lbl", "cbo"});
+    auto& list = control<QComboBox>(m_form, "cbo", name);
     if (option)
-        fillChoices(control<QComboBox>(m_form, "cbo", name), *option);
+        fillChoices(list, *option);
+    else
+        list.clear();
 }
 
 void ScanControls::showNumber(const char* name, const ScanOption* option) {

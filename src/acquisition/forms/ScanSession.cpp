@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/forms/ScanSession.h"
 
+#include "acquisition/scanner/ScannerErrors.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -204,12 +206,14 @@ bool ScanSession::asksForNextPage() const {
 void ScanSession::takeEnd(const ScanEnd& end) {
     if (!isAcquiring())
         return;
-    m_isStopping = false;
+    const bool wasStopped = std::exchange(m_isStopping, false);
     const bool wasPreview = m_state == State::Previewing;
     if (wasPreview)
         m_faults = {.isPreview = true};
     if (end.reason == ScanEndReason::Failed)
         m_faults.scanner = end.error;
+    else if (end.reason == ScanEndReason::Cancelled && !wasStopped) // but at the device
+        m_faults.scanner = scannerError(ScannerFault::Cancelled, m_memory.device);
     setState(asksForNextPage() ? State::AwaitingPage : State::Ready);
     Q_EMIT finished(m_faults);
     if (!m_scanner.isOpen()) // a driver that crashed, or had to be ended

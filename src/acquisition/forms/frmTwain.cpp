@@ -15,13 +15,16 @@
 #include "controls/FormScrollArea.h"
 #include "controls/LineIcon.h"
 #include "controls/LineIconLabel.h"
+#include "controls/TabOrder.h"
 #include "controls/TypedCharacters.h"
 #include "controls/WheelToPanel.h"
 
+#include <QAbstractItemView>
 #include <QActionGroup>
 #include <QMenu>
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <utility>
 
 namespace tarsel {
@@ -55,6 +58,15 @@ QString nameOf(const ScanDevice& device) {
     return name.isEmpty() ? device.name : name;
 }
 
+/// Scanners of one model, and one that two drivers know, differ by their device.
+QString nameAmong(const std::vector<ScanDevice>& devices, const ScanDevice& device) {
+    const QString name = nameOf(device);
+    const auto hasThisName = [&](const ScanDevice& each) { return nameOf(each) == name; };
+    return std::ranges::count_if(devices, hasThisName) == 1
+               ? name
+               : QStringLiteral("%1 (%2)").arg(name, device.name);
+}
+
 void inform(const QString& text) {
     service<Dialogs>().messageBox(text, MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
 }
@@ -72,10 +84,13 @@ frmTwain::frmTwain(Start start, std::unique_ptr<Scanner> scanner, QWidget* owner
     addViews();
     buildFitMenu();
     m_controls = new ScanControls(*this);
+    letTabReachChosen(*m_ui->optAcquire);
+    letTabReachChosen(*m_ui->optFile);
     m_binding = std::make_unique<FormBinding<Twain>>(*this, m_settings, fields);
     connectControls();
     connectSession();
     setFit(true);
+    arrangeColumns();
     m_session.look();
 }
 
@@ -113,6 +128,15 @@ void frmTwain::addViews() {
     setTabOrder(m_view, m_ui->cmdfit);
 }
 
+/// One above the other where the screen is too narrow for both, as it is with a large font.
+void frmTwain::arrangeColumns() {
+    const QMargins margins = layout()->contentsMargins();
+    const int both = m_ui->optionsArea->minimumSizeHint().width() + m_ui->layColumns->spacing() +
+                     m_ui->stkPictures->minimumSizeHint().width() + margins.left() + margins.right();
+    if (both > roomOnScreen(*this).width())
+        m_ui->layColumns->setDirection(QBoxLayout::TopToBottom);
+}
+
 void frmTwain::buildFitMenu() {
     auto* menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("mnuFit"));
@@ -144,8 +168,10 @@ void frmTwain::connectControls() {
     connect(m_ui->cboDevice, &QComboBox::activated, this, [this](int index) {
         const QString device = m_ui->cboDevice->itemData(index).toString();
         const bool isOpen = m_session.state() != ScanSession::State::NoDevice && device == m_session.device();
-        if (!device.isEmpty() && !isOpen)
-            m_session.choose(device);
+        if (device.isEmpty() || isOpen)
+            return;
+        m_area->showPreview({});
+        m_session.choose(device);
     });
     const auto set = [this](const std::vector<ScanSetting>& settings) { m_session.set(settings); };
     connect(m_controls, &ScanControls::changed, this, set);
@@ -178,6 +204,7 @@ void frmTwain::showEvent(QShowEvent* event) {
         return;
     m_ui->optionsArea->updateGeometry();
     layout()->activate();
+    setMinimumSize(minimumSizeHint().boundedTo(roomOnScreen(*this)));
     const QSize ofPictures(56 * fontMetrics().averageCharWidth(), 0);
     fitToScreen(*this, sizeHint().expandedTo(m_ui->optionsArea->sizeHint() + ofPictures));
 }
@@ -188,7 +215,7 @@ void frmTwain::listDevices() {
     const QSignalBlocker quiet(m_ui->cboDevice);
     m_ui->cboDevice->clear();
     for (const ScanDevice& each : m_session.devices()) {
-        m_ui->cboDevice->addItem(nameOf(each), each.name);
+        m_ui->cboDevice->addItem(nameAmong(m_session.devices(), each), each.name);
         m_ui->cboDevice->setItemData(m_ui->cboDevice->count() - 1, each.name, Qt::ToolTipRole);
     }
     if (m_session.state() == ScanSession::State::Looking)
@@ -196,14 +223,23 @@ void frmTwain::listDevices() {
     else if (m_session.devices().empty())
         m_ui->cboDevice->addItem(tr("No scanner"));
     m_ui->cboDevice->setCurrentIndex(std::max(0, m_ui->cboDevice->findData(m_session.device())));
+    QAbstractItemView& names = *m_ui->cboDevice->view();
+    names.setMinimumWidth(names.sizeHintForColumn(0));
 }
 
 void frmTwain::showOptions() {
-    m_controls->show(m_session.options());
-    m_area->show(m_session.options());
+    showChoices(m_session.options());
     if (m_more)
         m_more->show(m_session.options());
     m_ui->cmdPreview->setEnabled(m_session.state() == ScanSession::State::Ready && m_session.hasPreview());
+}
+
+/// Empty ones where no scanner is open.
+void frmTwain::showChoices(const ScanOptions& options) {
+    m_controls->show(options);
+    m_area->show(options);
+    for (QWidget* each : {static_cast<QWidget*>(m_ui->lblPaper), static_cast<QWidget*>(m_ui->cboPaper)})
+        each->setVisible(options.isEmpty() || !options.wholeArea().isEmpty());
 }
 
 void frmTwain::openMore() {
@@ -236,7 +272,7 @@ void frmTwain::showState() {
     if (m_more)
         m_more->setEnabled(isReady);
     if (!isReady && !m_session.isAcquiring())
-        m_controls->show({});
+        showChoices({});
     m_ui->cmdPreview->setEnabled(state == Ready && m_session.hasPreview());
     showEmpty();
     showProgressPage();

@@ -55,6 +55,7 @@ protected:
 private:
     // the parts
     void fillBoxes();
+    void arrangeColumns();
     void addViews();
     void buildFitMenu();
     void connectControls();
@@ -67,6 +68,7 @@ private:
     void showEmpty();
     void listDevices();
     void showOptions();
+    void showChoices(const ScanOptions& options);
     void openMore();
 
     // pages

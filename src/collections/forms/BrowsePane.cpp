@@ -73,8 +73,8 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     QToolButton* help = actions.makeMenuButton("cmdHelp", "mnuHelp", {"mnuManual", "mnuAbout"}, this);
     help->setToolButtonStyle(Qt::ToolButtonIconOnly);
     caption->addWidget(help);
-    setMinimumWidth(affordableWidth(caption->sizeHint().width(), *this));
     rows->addLayout(caption);
+    setMinimumWidth(affordableWidth(caption->sizeHint().width(), *this)); // its spacing is that of the pane
     rows->addWidget(m_tabs);
     rows->addWidget(panels, 1);
 

@@ -43,6 +43,19 @@ TEST(PageAssembly, LeavesOutThePaddingOfLines) {
     EXPECT_EQ(colorAt(picture, 0, 1), (Rgb{4, 5, 6}));
 }
 
+TEST(PageAssembly, DropsTheLowBytesOfWords) {
+    const std::vector<std::uint16_t> words{0x12FE, 0x80FF, 0xFF01};
+    for (const ScanFrameFormat format : {ScanFrameFormat::Rgb, ScanFrameFormat::Gray}) {
+        PageAssembly page;
+        const bool isGray = format == ScanFrameFormat::Gray;
+        ASSERT_TRUE(page.begin(frameOf(format, isGray ? 3 : 1, 1, 6, 16)));
+        ASSERT_TRUE(page.add(std::as_bytes(std::span(words))));
+        page.end();
+        const Picture picture = page.take();
+        EXPECT_EQ(colorAt(picture, 0, 0), isGray ? (Rgb{0x12, 0x12, 0x12}) : (Rgb{0x12, 0x80, 0xFF}));
+    }
+}
+
 TEST(PageAssembly, IsAsHighAsTheLinesThatCame) {
     const struct {
         int promised, sent, spare;

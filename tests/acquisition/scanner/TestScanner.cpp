@@ -5,8 +5,8 @@
 
 namespace tarsel::test {
 
-TestScanners::TestScanners() : m_before(qgetenv("SANE_CONFIG_DIR")) {
-    writeFileSafely(m_folder.filePath(QStringLiteral("dll.conf")), "test\n");
+TestScanners::TestScanners(const char* driver) : m_before(qgetenv("SANE_CONFIG_DIR")) {
+    writeFileSafely(path("dll.conf"), QByteArray(driver) + '\n');
     qputenv("SANE_CONFIG_DIR", m_folder.path().toLocal8Bit());
 }
 

@@ -10,13 +10,16 @@ namespace tarsel::test {
 
 inline const QString testScanner = QStringLiteral("test:0");
 
-/// While one lives, the scanner service has the scanners of its test driver and no other.
+/// While one lives, the scanner service has the scanners of its test driver and no other, or those of another
+/// driver.
 class TestScanners {
 public:
-    TestScanners();
+    explicit TestScanners(const char* driver = "test");
     ~TestScanners();
     TestScanners(const TestScanners&) = delete;
     TestScanners& operator=(const TestScanners&) = delete;
+
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
 
 private:
     QTemporaryDir m_folder;
