@@ -38,7 +38,8 @@ constexpr OptionSpec options[] = {
                        "the file to write, in the format of its extension; required without --list")},
     {"overwrite", nullptr, QT_TRANSLATE_NOOP("CommandLine", "replace an older file")},
     {"kind", "KIND",
-     QT_TRANSLATE_NOOP("CommandLine", "foreground (default): the screen as it is; desktop: without windows")},
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "foreground (default) or background: the screen as it is; desktop: without windows")},
     {"monitor", "NAME", QT_TRANSLATE_NOOP("CommandLine", "only this monitor, see --list")},
     {"region", "X,Y,W,H",
      QT_TRANSLATE_NOOP("CommandLine",
@@ -68,8 +69,10 @@ QRect regionIn(const QString& text) {
 
 bool isDesktopWanted(const Arguments& arguments) {
     const QString kind = arguments.value("kind", QStringLiteral("foreground"));
-    if (kind != QLatin1String("desktop") && kind != QLatin1String("foreground"))
-        throw UsageError{Texts::tr("--kind is desktop or foreground, not \"%1\"").arg(kind)};
+    const QStringList kinds{QStringLiteral("desktop"), QStringLiteral("foreground"),
+                            QStringLiteral("background")}; // there is no window to hide for the last one
+    if (!kinds.contains(kind))
+        throw UsageError{Texts::tr("--kind is desktop, foreground or background, not \"%1\"").arg(kind)};
     return kind == QLatin1String("desktop");
 }
 
@@ -97,7 +100,10 @@ QRect areaIn(const ScreenPicture& screen, const Arguments& arguments) {
 }
 
 int listMonitors(ScreenSource& screen, Terminal& terminal, bool json) {
-    for (const Monitor& monitor : screen.monitors()) {
+    const std::vector<Monitor> monitors = screen.monitors();
+    if (monitors.empty())
+        throw TrappedError{ErrorNumber::InvalidCall, Texts::tr("the desktop does not list its monitors")};
+    for (const Monitor& monitor : monitors) {
         const QRect& area = monitor.area;
         terminal.result(json ? JsonLine()
                                    .add("monitor", monitor.name)

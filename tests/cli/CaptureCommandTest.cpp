@@ -34,6 +34,8 @@ TEST_F(CaptureCommand, RefusesAnOlderFileBeforeItLooksForAScreen) {
     EXPECT_TRUE(noScreen.messages.contains("DISPLAY")) << noScreen.messages.constData();
     EXPECT_EQ(readWholeFile(path("a.jpg")), old);
     EXPECT_EQ(files(), "a.jpg b.jpg c.jpg") << "nothing where the link leads";
+    const ProgramRun noList = runShell("WAYLAND_DISPLAY=none \"$TARSEL\" capture --list", path());
+    EXPECT_EQ(noList.status, 1) << "no list is not an empty one";
     for (const char* wrong : {"--kind window", "--region 1,2,0,4"})
         EXPECT_EQ(run(("capture --out new.png --delay 3600 " + std::string(wrong)).c_str()).status, 2);
 }
