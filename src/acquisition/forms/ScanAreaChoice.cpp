@@ -31,6 +31,7 @@ ScanAreaChoice::ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent)
     m_view->pictureChanged({});
     SelectionOverlay& selection = m_view->selection();
     selection.setWording([this](const QRectF& band) { return sizeText(onBed(band).size()); });
+    selection.setLasting();
     connect(&selection, &SelectionOverlay::regionSelected, this, &ScanAreaChoice::takeBand);
     connect(&selection, &SelectionOverlay::cancelled, this, [this] { wantArea(m_bed); });
     connect(&papers, &QComboBox::currentIndexChanged, this, &ScanAreaChoice::choosePaper);
