@@ -24,6 +24,7 @@ constexpr int largeStep = 10; ///< pixels by a key with Ctrl
 
 const QColor shade(0, 0, 0, 130);
 const QColor labelGround(20, 22, 24, 225);
+const QColor labelEdge(160, 164, 168); ///< seen on a dark screen and on a light one
 const QColor frameColor(0x3A, 0x86, 0xD0);
 
 Qt::CursorShape cursorOf(const RegionSelection::Grip& grip) {
@@ -179,8 +180,14 @@ QSize CapturePane::labelSize(const QString& text) const {
     return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }
 
-void CapturePane::drawLabel(QPainter& painter, const QRect& box, const QString& text) const {
+void CapturePane::drawPanel(QPainter& painter, const QRect& box) {
     painter.fillRect(box, labelGround);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(labelEdge);
+    painter.drawRect(box.adjusted(0, 0, -1, -1));
+}
+
+void CapturePane::drawText(QPainter& painter, const QRect& box, const QString& text) const {
     painter.save();
     painter.translate(box.topLeft());
     painter.scale(ratio(), ratio());
@@ -210,8 +217,11 @@ QRect CapturePane::sizePlace() const {
 }
 
 void CapturePane::drawSize(QPainter& painter) const {
-    if (const QRect place = sizePlace(); !place.isEmpty())
-        drawLabel(painter, place, sizeText());
+    const QRect place = sizePlace();
+    if (place.isEmpty())
+        return;
+    drawPanel(painter, place);
+    drawText(painter, place, sizeText());
 }
 
 QString CapturePane::magnifierText() const {
@@ -247,10 +257,12 @@ void CapturePane::drawMagnifier(QPainter& painter) const {
         return;
     const QPoint at = m_frozen.magnified();
     const int factor = magnifiedPixel();
-    const QRect target(place.topLeft(), QSize(magnifiedSide, magnifiedSide) * factor);
+    const QRect panel = place.adjusted(-2, -2, 2, 2);
+    const QSize side = QSize(magnifiedSide, magnifiedSide) * factor;
+    const QRect target(place.topLeft() + QPoint((place.width() - side.width()) / 2, 0), side);
     const int half = magnifiedSide / 2;
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false); // pixels stay squares
-    painter.fillRect(target.adjusted(-2, -2, 2, 2), labelGround);
+    drawPanel(painter, panel);
     painter.drawImage(target, m_frozen.image(), QRect(at - QPoint(half, half), at + QPoint(half, half)));
     const QRect middle(target.topLeft() + QPoint(half, half) * factor, QSize(factor, factor));
     painter.setBrush(Qt::NoBrush);
@@ -258,8 +270,8 @@ void CapturePane::drawMagnifier(QPainter& painter) const {
     painter.drawRect(middle.adjusted(-1, -1, 0, 0));
     painter.setPen(QPen(Qt::white, 1));
     painter.drawRect(middle.adjusted(-2, -2, 1, 1));
-    const QString text = magnifierText();
-    drawLabel(painter, {target.bottomLeft() + QPoint(-2, 2), labelSize(text)}, text);
+    drawText(painter, {place.left(), target.bottom() + 1, place.width(), place.bottom() - target.bottom()},
+             magnifierText());
 }
 
 void CapturePane::showCursor() {

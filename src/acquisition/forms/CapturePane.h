@@ -58,7 +58,8 @@ private:
     void drawHandles(QPainter& painter, const QRect& rect) const;
     void drawSize(QPainter& painter) const;
     void drawMagnifier(QPainter& painter) const;
-    void drawLabel(QPainter& painter, const QRect& box, const QString& text) const;
+    static void drawPanel(QPainter& painter, const QRect& box);
+    void drawText(QPainter& painter, const QRect& box, const QString& text) const;
     QSize labelSize(const QString& text) const;
     QString sizeText() const;
     QRect sizePlace() const;
