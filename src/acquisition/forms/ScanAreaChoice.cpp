@@ -27,7 +27,7 @@ ScanAreaChoice::ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent)
     QObject(&parent), m_papers(papers), m_text(text), m_view(new ImageBoxView(m_box, &parent)) {
     m_view->setObjectName(QStringLiteral("picPreview"));
     m_view->setAccessibleName(tr("Preview of what is on the scanner"));
-    m_view->setHint(tr("Press Preview to see what is on the scanner, and drag over the part to acquire."));
+    showHint(false);
     m_view->pictureChanged({});
     SelectionOverlay& selection = m_view->selection();
     selection.setWording([this](const QRectF& band) { return sizeText(onBed(band).size()); });
@@ -35,6 +35,13 @@ ScanAreaChoice::ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent)
     connect(&selection, &SelectionOverlay::regionSelected, this, &ScanAreaChoice::takeBand);
     connect(&selection, &SelectionOverlay::cancelled, this, [this] { wantArea(m_bed); });
     connect(&papers, &QComboBox::currentIndexChanged, this, &ScanAreaChoice::choosePaper);
+}
+
+void ScanAreaChoice::showHint(bool isFeeder) {
+    m_view->setHint(
+        isFeeder ? tr("Pages in the feeder have no preview. Choose their paper size, or their part by More "
+                      "options.")
+                 : tr("Press Preview to see what is on the scanner, and drag over the part to acquire."));
 }
 
 // --- the list
@@ -66,6 +73,7 @@ void ScanAreaChoice::show(const ScanOptions& options) {
     if (options.isEmpty())
         return showNothing();
     m_options = options;
+    showHint(options.isFeeder() == true);
     const QRectF bed = options.wholeArea();
     const QScopedValueRollback showing(m_isShowing, true);
     m_papers.setEnabled(!bed.isEmpty());

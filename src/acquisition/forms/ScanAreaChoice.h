@@ -31,6 +31,7 @@ Q_SIGNALS:
     void changed(const std::vector<tarsel::ScanSetting>& settings);
 
 private:
+    void showHint(bool isFeeder);
     void listPapers();
     void choosePaper(int index);
     void takeBand();

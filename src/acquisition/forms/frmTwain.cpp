@@ -241,8 +241,10 @@ void frmTwain::showOptions() {
 void frmTwain::showChoices(const ScanOptions& options) {
     m_controls->show(options);
     m_area->show(options);
+    const bool hasArea = !options.wholeArea().isEmpty();
+    m_ui->lblPaper->setEnabled(hasArea);
     for (QWidget* each : {static_cast<QWidget*>(m_ui->lblPaper), static_cast<QWidget*>(m_ui->cboPaper)})
-        each->setVisible(options.isEmpty() || !options.wholeArea().isEmpty());
+        each->setVisible(options.isEmpty() || hasArea);
 }
 
 void frmTwain::openMore() {
