@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/ScreenSource.h"
 #include "acquisition/ScreenshotRequest.h"
+#include "base/SafeFileWriter.h"
 #include "base/TrappedError.h"
 
 #include <QCoreApplication>
@@ -44,7 +45,8 @@ QImage readWithin(QImageReader& reader, int limit) {
 /// Reads the file that the desktop made for a request, and removes it. One that is older stays: it is
 /// somebody else's.
 Picture takeFile(const QString& path, const QDateTime& asked) {
-    QImageReader reader(path);
+    const std::unique_ptr<QFile> file = openRegularFile(path); // a pipe would never end
+    QImageReader reader(file.get());
     const QImage image = readWithin(reader, largestPicture);
     if (image.isNull())
         fail(ErrorNumber::UnreadableFile, path + QStringLiteral(": ") + reader.errorString());

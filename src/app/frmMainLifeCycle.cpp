@@ -4,7 +4,6 @@
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
-#include "base/AcquiredFiles.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
@@ -151,7 +150,7 @@ void frmMain::resetState() {
     FirstShowing = true;
     m_folderView.FolderChanging = false;
     deleteAllPageFilesSetAside(m_options.programFolder);
-    acquiredFiles::tidy(temporaryFolder(m_options.programFolder));
+    tidyAcquiredFiles(m_options.programFolder);
 }
 
 void frmMain::setDrawingDefaults() {
@@ -422,7 +421,7 @@ void frmMain::Form_Unload() {
     if (m_saveAdvanced)
         m_saveAdvanced->close(); // which stores its settings
     if (!isWriting())            // else a page may be listed just now
-        acquiredFiles::tidy(temporaryFolder(m_options.programFolder));
+        tidyAcquiredFiles(m_options.programFolder);
     subEnd();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != this && window->isWindow() && window->isVisible())

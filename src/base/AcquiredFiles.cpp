@@ -51,6 +51,12 @@ void append(const QString& path, const QByteArray& lines, bool isDurable) {
         failForErrno(reason, path);
 }
 
+/// A cut line, or one that a stranger wrote, names no file of the folder.
+bool isFileName(const QString& name) {
+    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && name != QLatin1String(".") &&
+           name != QLatin1String("..");
+}
+
 bool isInFolder(const QString& path, const QString& folder) {
     return QDir::cleanPath(QFileInfo(path).path()) == QDir::cleanPath(folder);
 }
@@ -72,7 +78,7 @@ QStringList listed(const QString& folder) {
         if (!line.startsWith(added) && !line.startsWith(struck))
             continue;
         const QString name = QUrl::fromPercentEncoding(line.mid(1));
-        if (!known.contains(name))
+        if (isFileName(name) && !known.contains(name))
             names << name;
         known[name] = line.startsWith(added);
     }
@@ -83,14 +89,14 @@ QStringList listed(const QString& folder) {
 QStringList present(const QString& folder) {
     QStringList paths;
     for (const QString& name : listed(folder))
-        if (const QString path = joinedPath(folder, name); QFileInfo::exists(path))
+        if (const QString path = joinedPath(folder, name); QFileInfo(path).isFile())
             paths << path;
     return paths;
 }
 
-QStringList strike(const QString& folder, const QStringList& paths) {
+std::optional<QStringList> strike(const QString& folder, const QStringList& paths) {
     QStringList found;
-    ignoringErrors([&] {
+    const bool isDone = ignoringErrors([&] {
         const QStringList listedNames = listed(folder);
         const QSet<QString> names(listedNames.begin(), listedNames.end());
         if (names.isEmpty())
@@ -101,17 +107,20 @@ QStringList strike(const QString& folder, const QStringList& paths) {
         if (!found.isEmpty())
             append(listIn(folder), linesOf(struck, found), false);
     });
-    return found;
+    return isDone ? std::optional(found) : std::nullopt;
 }
 
-void tidy(const QString& folder) {
+void tidy(const QString& folder, const QStringList& elsewhere) {
     ignoringErrors([&] {
         if (!isNameTaken(listIn(folder)))
             return;
-        const QStringList paths = present(folder);
-        if (paths.isEmpty())
+        QStringList names = listed(folder);
+        names.removeIf([&](const QString& name) {
+            return !QFileInfo(joinedPath(folder, name)).isFile() && !elsewhere.contains(name);
+        });
+        if (names.isEmpty())
             QFile::remove(listIn(folder));
-        else if (const QByteArray lines = linesOf(added, paths); lines != readWholeFile(listIn(folder)))
+        else if (const QByteArray lines = linesOf(added, names); lines != readWholeFile(listIn(folder)))
             writeFileSafely(listIn(folder), lines);
     });
 }

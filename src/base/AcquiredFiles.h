@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 /// The pictures of scanner and screen in the folder Temp. Page files of documents, which are there too, can
 /// be made again; an acquired picture has no other file.
@@ -23,13 +24,15 @@ void list(const QStringList& paths, bool isDurable);
 /// why the list could not be read.
 QStringList listed(const QString& folder);
 
-/// The same as paths, without those that have gone.
+/// The same as paths, without those that have gone or are no files.
 QStringList present(const QString& folder);
 
-/// Strikes those of `paths` that are in the folder and listed, and returns them. What can't be struck stays.
-QStringList strike(const QString& folder, const QStringList& paths);
+/// Strikes those of `paths` that are in the folder and listed, and returns them; nothing where the list can't
+/// be read or written, which leaves all listed.
+std::optional<QStringList> strike(const QString& folder, const QStringList& paths);
 
-/// Shortens the list to those that are present. Where nobody lists meanwhile.
-void tidy(const QString& folder);
+/// Shortens the list to those that are present, or whose names are in `elsewhere`. Where nobody lists
+/// meanwhile.
+void tidy(const QString& folder, const QStringList& elsewhere = {});
 
 } // namespace tarsel::acquiredFiles

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/ScreenSource.h"
 #include "base/SafeFileWriter.h"
+#include "base/Stop.h"
 #include "base/TrappedError.h"
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
+#include "cli/Interrupt.h"
 #include "cli/JsonLine.h"
 #include "cli/OldFiles.h"
 #include "cli/Terminal.h"
@@ -16,7 +18,10 @@
 #include <QRegularExpression>
 #include <algorithm>
 #include <chrono>
-#include <thread>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <tuple>
 
 namespace tarsel::cli {
 
@@ -33,7 +38,8 @@ constexpr OptionSpec options[] = {
                        "the file to write, in the format of its extension; required without --list")},
     {"overwrite", nullptr, QT_TRANSLATE_NOOP("CommandLine", "replace an older file")},
     {"kind", "KIND",
-     QT_TRANSLATE_NOOP("CommandLine", "foreground (default): the screen as it is; desktop: without windows")},
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "foreground (default) or background: the screen as it is; desktop: without windows")},
     {"monitor", "NAME", QT_TRANSLATE_NOOP("CommandLine", "only this monitor, see --list")},
     {"region", "X,Y,W,H",
      QT_TRANSLATE_NOOP("CommandLine",
@@ -63,21 +69,25 @@ QRect regionIn(const QString& text) {
 
 bool isDesktopWanted(const Arguments& arguments) {
     const QString kind = arguments.value("kind", QStringLiteral("foreground"));
-    if (kind != QLatin1String("desktop") && kind != QLatin1String("foreground"))
-        throw UsageError{Texts::tr("--kind is desktop or foreground, not \"%1\"").arg(kind)};
+    const QStringList kinds{QStringLiteral("desktop"), QStringLiteral("foreground"),
+                            QStringLiteral("background")}; // there is no window to hide for the last one
+    if (!kinds.contains(kind))
+        throw UsageError{Texts::tr("--kind is desktop, foreground or background, not \"%1\"").arg(kind)};
     return kind == QLatin1String("desktop");
+}
+
+QRect monitorIn(const std::vector<Monitor>& monitors, const QString& name) {
+    const auto found = std::ranges::find(monitors, name, &Monitor::name);
+    if (found == monitors.end())
+        throw UsageError{Texts::tr("there is no monitor \"%1\"; --list names them").arg(name)};
+    return found->area;
 }
 
 /// What is wanted of the screen.
 QRect areaIn(const ScreenPicture& screen, const Arguments& arguments) {
     QRect area(0, 0, screen.picture.width(), screen.picture.height());
-    if (arguments.has("monitor")) {
-        const QString name = arguments.value("monitor");
-        const auto found = std::ranges::find(screen.monitors, name, &Monitor::name);
-        if (found == screen.monitors.end())
-            throw UsageError{Texts::tr("there is no monitor \"%1\"; --list names them").arg(name)};
-        area = found->area;
-    }
+    if (arguments.has("monitor"))
+        area = monitorIn(screen.monitors, arguments.value("monitor"));
     if (!arguments.has("region"))
         return area;
     const QRect region = regionIn(arguments.value("region")).translated(area.topLeft());
@@ -90,7 +100,10 @@ QRect areaIn(const ScreenPicture& screen, const Arguments& arguments) {
 }
 
 int listMonitors(ScreenSource& screen, Terminal& terminal, bool json) {
-    for (const Monitor& monitor : screen.monitors()) {
+    const std::vector<Monitor> monitors = screen.monitors();
+    if (monitors.empty())
+        throw TrappedError{ErrorNumber::InvalidCall, Texts::tr("the desktop does not list its monitors")};
+    for (const Monitor& monitor : monitors) {
         const QRect& area = monitor.area;
         terminal.result(json ? JsonLine()
                                    .add("monitor", monitor.name)
@@ -109,6 +122,14 @@ int listMonitors(ScreenSource& screen, Terminal& terminal, bool json) {
     return AllDone;
 }
 
+/// Raises 18 after a stop.
+void pause(std::chrono::milliseconds time) {
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait_for(lock, currentStop(), time, [] { return false; });
+    raiseIfStopped();
+}
+
 ScreenPicture grab(ScreenSource& screen, const Arguments& arguments, Terminal& terminal) {
     const bool withPointer = arguments.has("pointer");
     if (!isDesktopWanted(arguments))
@@ -117,8 +138,23 @@ ScreenPicture grab(ScreenSource& screen, const Arguments& arguments, Terminal& t
     if (!cleared.isCleared())
         terminal.message(Texts::tr("tarsel: the window manager can't clear the desktop of windows"));
     for (int look = 0; look == 0 || (look < mostLooks && !cleared.isDone()); ++look)
-        std::this_thread::sleep_for(clearingTime);
+        pause(clearingTime);
     return screen.grab(withPointer);
+}
+
+/// Nothing after an interrupt, which brings the windows back first.
+std::optional<ScreenPicture> pictureOf(ScreenSource& screen, const Arguments& arguments, Terminal& terminal,
+                                       std::chrono::seconds delay) {
+    const InterruptScope interruptible;
+    const StopScope scope(interruptible.stop());
+    try {
+        pause(delay);
+        return grab(screen, arguments, terminal);
+    } catch (const TrappedError&) {
+        if (!wasInterrupted())
+            throw;
+        return std::nullopt;
+    }
 }
 
 const SaveFormat& formatOf(const QString& target) {
@@ -151,12 +187,19 @@ int run(const Arguments& arguments, Terminal& terminal) {
         requireFree(target);
     const int delay = numberIn(arguments.value("delay", QStringLiteral("0")), 0, longestDelay, "delay");
 
+    std::ignore = isDesktopWanted(arguments); // what is wrong is said before the delay
+    if (arguments.has("region"))
+        std::ignore = regionIn(arguments.value("region"));
+
     const std::unique_ptr<ScreenSource> screen = systemScreen();
-    std::this_thread::sleep_for(std::chrono::seconds(delay));
-    const ScreenPicture taken = grab(*screen, arguments, terminal);
-    const QRect area = areaIn(taken, arguments);
+    if (arguments.has("monitor"))
+        std::ignore = monitorIn(screen->monitors(), arguments.value("monitor"));
+    const auto taken = pictureOf(*screen, arguments, terminal, std::chrono::seconds(delay));
+    if (!taken)
+        return Interrupted;
+    const QRect area = areaIn(*taken, arguments);
     ImageBox box;
-    box.setPictureHandle(partOf(taken.picture, area.x(), area.y(), {area.width(), area.height()}));
+    box.setPictureHandle(partOf(taken->picture, area.x(), area.y(), {area.width(), area.height()}));
     box.ColorFormat = format.colors.front().colorFormat;
     write(target, box.encoded(QLatin1String(format.extension)), overwrites);
     terminal.result(

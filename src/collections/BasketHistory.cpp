@@ -255,8 +255,9 @@ void BasketHistory::swapNewBasket(Step& step, bool isUndo) {
     step.rows = takeAllRows();
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
-    strikeAcquired(step);
-    step.setAside = setPageFilesAside(step.programFolder);
+    PageFilesAside aside = setPageFilesAside(step.programFolder, tagsOf(step.rows));
+    step.setAside = std::move(aside.folder);
+    step.acquired = std::move(aside.acquired);
 }
 
 /// A page file whose name is used by now gets another one, in all steps.
@@ -279,12 +280,17 @@ void BasketHistory::returnPageFiles(Step& step) {
 
 // --- acquired pictures
 
+QStringList BasketHistory::tagsOf(const std::vector<RemovedRow>& rows) {
+    QStringList tags;
+    for (const RemovedRow& row : rows)
+        tags << row.placed.row.tag;
+    return tags;
+}
+
 /// What the user removed may be deleted with the page files; what a basket file took the place of may not.
 void BasketHistory::strikeAcquired(Step& step) {
-    QStringList files;
-    for (const RemovedRow& row : step.rows)
-        files << row.placed.row.tag;
-    step.acquired = acquiredFiles::strike(temporaryFolder(step.programFolder), files);
+    step.acquired =
+        acquiredFiles::strike(temporaryFolder(step.programFolder), tagsOf(step.rows)).value_or(QStringList());
 }
 
 void BasketHistory::listAcquiredAgain(Step& step) {

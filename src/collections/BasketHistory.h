@@ -73,6 +73,7 @@ private:
     void swapRemoved(Step& step, bool isUndo);
     void swapNewBasket(Step& step, bool isUndo);
     void returnPageFiles(Step& step);
+    static QStringList tagsOf(const std::vector<RemovedRow>& rows);
     static void strikeAcquired(Step& step);
     static void listAcquiredAgain(Step& step);
     void swapOrder(Step& step);

@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QScopedValueRollback>
+#include <QSet>
 
 #include <cerrno>
 #include <cstdio>
@@ -129,18 +130,42 @@ void deletePageFile(const QString& path) {
         QFile::remove(path);
 }
 
-QString setPageFilesAside(const QString& programFolder) {
+namespace {
+
+/// What New Basket takes away: not the acquired files that are listed, but for those of `removed`. None where
+/// nobody can know.
+QStringList namesToSetAside(const QDir& files, const QStringList& removed) {
+    QStringList names;
+    ignoringErrors([&] {
+        const QStringList listed = acquiredFiles::listed(files.path());
+        QSet<QString> staying(listed.begin(), listed.end());
+        if (!staying.isEmpty()) // as nearly never
+            for (const QString& path : removed)
+                if (QDir::cleanPath(QFileInfo(path).path()) == QDir::cleanPath(files.path()))
+                    staying.remove(QFileInfo(path).fileName());
+        names = files.entryList();
+        names.removeIf([&](const QString& name) { return staying.contains(name); });
+    });
+    return names;
+}
+
+} // namespace
+
+PageFilesAside setPageFilesAside(const QString& programFolder, const QStringList& removed) {
     const QDir files = pageFilesIn(temporaryFolderPath(programFolder));
-    QStringList names = files.entryList();
-    QStringList acquired;
-    if (!ignoringErrors([&] { acquired = acquiredFiles::listed(files.path()); }))
-        return {};
-    names.removeIf([&](const QString& name) { return acquired.contains(name); });
+    const QStringList names = namesToSetAside(files, removed);
     const QString folder = names.isEmpty() ? QString() : newSetAsideFolder(programFolder);
+    if (folder.isEmpty())
+        return {};
+    QStringList moved;
     for (const QString& name : names)
-        if (folder.isEmpty() || !QFile::rename(files.filePath(name), joinedPath(folder, name)))
-            removeOrLog(files.filePath(name));
-    return folder;
+        if (QFile::rename(files.filePath(name), joinedPath(folder, name)))
+            moved << files.filePath(name);
+    // Only now: after a kill before it, the next start returns what is listed.
+    const auto struck = acquiredFiles::strike(files.path(), moved);
+    if (!struck)
+        returnPageFiles(folder, programFolder);
+    return struck ? PageFilesAside{folder, *struck} : PageFilesAside{};
 }
 
 QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& programFolder,
@@ -172,22 +197,40 @@ void deletePageFilesSetAside(const QString& setAside) {
 
 namespace {
 
-/// A kill may come between the listing of a file and its return. False where nobody can know which to return.
+/// A kill may come between the listing of a file and its return. False where nobody can know which to return,
+/// or one can't be.
 bool returnListed(const QString& setAside, const QString& programFolder) {
-    return ignoringErrors([&] {
+    bool areReturned = true;
+    const bool areKnown = ignoringErrors([&] {
         for (const QString& name : acquiredFiles::listed(temporaryFolder(programFolder)))
-            if (const QString file = joinedPath(setAside, name); QFileInfo::exists(file))
-                moveWithoutReplacing(file, temporaryFolder(programFolder) + name, true);
+            if (const QString file = joinedPath(setAside, name); QFileInfo(file).isFile())
+                areReturned &=
+                    !moveWithoutReplacing(file, temporaryFolder(programFolder) + name, true).isEmpty();
     });
+    return areKnown && areReturned;
+}
+
+QStringList foldersSetAside(const QString& programFolder) {
+    const QDir parent(setAsideFolder(programFolder));
+    QStringList folders;
+    for (const QString& name : parent.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot))
+        folders << parent.filePath(name);
+    return folders;
 }
 
 } // namespace
 
 void deleteAllPageFilesSetAside(const QString& programFolder) {
-    const QDir parent(setAsideFolder(programFolder));
-    for (const QString& name : parent.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot))
-        if (returnListed(parent.filePath(name), programFolder))
-            deletePageFilesSetAside(parent.filePath(name));
+    for (const QString& folder : foldersSetAside(programFolder))
+        if (returnListed(folder, programFolder))
+            deletePageFilesSetAside(folder);
+}
+
+void tidyAcquiredFiles(const QString& programFolder) {
+    QStringList setAside;
+    for (const QString& folder : foldersSetAside(programFolder))
+        setAside += pageFilesIn(folder).entryList();
+    acquiredFiles::tidy(temporaryFolderPath(programFolder), setAside);
 }
 
 void deleteFilesWithoutExtension(const QString& programFolder) {

@@ -37,10 +37,14 @@ void savePage(ImageBox& box, const QString& path);
 
 void deletePageFile(const QString& path); ///< nothing for an empty path
 
-/// Takes all page files out of the folder Temp, those of earlier runs too, into a new folder below it, whose
-/// path it returns; empty when there were none. Those that can't be moved are deleted. Acquired files that
-/// are listed stay; where nobody can know them, all do.
-QString setPageFilesAside(const QString& programFolder);
+struct PageFilesAside {
+    QString folder = {};       ///< below Temp; empty for none
+    QStringList acquired = {}; ///< paths that they had; struck from the list of acquired files
+};
+/// Takes all page files out of the folder Temp, those of earlier runs too, into a new folder below it. Of the
+/// acquired files that are listed, only those of `removed`, which are paths, go too, and are struck. What
+/// can't be moved or struck stays; where nobody can know the acquired ones, all do.
+PageFilesAside setPageFilesAside(const QString& programFolder, const QStringList& removed = {});
 
 /// Moves them back; those of `acquired`, which are paths in the folder Temp, are listed again first. Returns
 /// the new paths of those whose name another file has by now, by their old ones.
@@ -48,8 +52,11 @@ QHash<QString, QString> returnPageFiles(const QString& setAside, const QString& 
                                         const QStringList& acquired = {});
 
 void deletePageFilesSetAside(const QString& setAside); ///< nothing for an empty path
-/// Those of all folders, which a run that ended early left. Acquired files that are listed again go back.
+/// Those of all folders, which a run that ended early left. Acquired files that are listed go back; a folder
+/// with one that can't be moved stays.
 void deleteAllPageFilesSetAside(const QString& programFolder);
+/// Shortens the list of acquired files to those that are in the folder Temp or set aside.
+void tidyAcquiredFiles(const QString& programFolder);
 
 /// Deletes the files without an extension in the folder Temp. What can't be deleted stays.
 void deleteFilesWithoutExtension(const QString& programFolder);

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -146,7 +147,10 @@ TEST_F(PortalScreen, WhatKeepsThePictureAwayIsSaid) {
     is(errorWith({done, done}, QStringLiteral("portal:picture")), ErrorNumber::PermissionDenied,
        QStringLiteral("the desktop refused"));
     const QString missing = folder.filePath(QStringLiteral("not there.png"));
-    is(errorWith({done}, QUrl::fromLocalFile(missing).toString()), ErrorNumber::UnreadableFile, missing);
+    is(errorWith({done}, QUrl::fromLocalFile(missing).toString()), ErrorNumber::FileNotFound, missing);
+    const QString pipe = folder.filePath(QStringLiteral("pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    is(errorWith({done}, QUrl::fromLocalFile(pipe).toString()), ErrorNumber::InvalidCall, pipe);
     QFile cut(file);
     ASSERT_TRUE(cut.resize(40));
     is(errorWith({done}), ErrorNumber::UnreadableFile, file);

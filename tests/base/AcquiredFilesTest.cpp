@@ -49,9 +49,11 @@ TEST_F(AcquiredFiles, ALineThatACrashCutShortCostsNoOther) {
     add(QStringLiteral("1_5.tif"));
     QFile list(listFile());
     ASSERT_TRUE(list.open(QIODevice::Append));
-    list.write("+2_");
+    list.write("+\n+..\n+..%2F0_0.tif\n+2_");
     list.close();
     add(QStringLiteral("3_1.tif"));
+    EXPECT_EQ(names(), "1_5.tif 2_ 3_1.tif");
+    acquiredFiles::tidy(folder.path(), {QStringLiteral("2_")});
     EXPECT_EQ(names(), "1_5.tif 2_ 3_1.tif");
     acquiredFiles::tidy(folder.path());
     EXPECT_EQ(names(), "1_5.tif 3_1.tif");

@@ -34,6 +34,10 @@ TEST_F(CaptureCommand, RefusesAnOlderFileBeforeItLooksForAScreen) {
     EXPECT_TRUE(noScreen.messages.contains("DISPLAY")) << noScreen.messages.constData();
     EXPECT_EQ(readWholeFile(path("a.jpg")), old);
     EXPECT_EQ(files(), "a.jpg b.jpg c.jpg") << "nothing where the link leads";
+    const ProgramRun noList = runShell("WAYLAND_DISPLAY=none \"$TARSEL\" capture --list", path());
+    EXPECT_EQ(noList.status, 1) << "no list is not an empty one";
+    for (const char* wrong : {"--kind window", "--region 1,2,0,4"})
+        EXPECT_EQ(run(("capture --out new.png --delay 3600 " + std::string(wrong)).c_str()).status, 2);
 }
 
 TEST_F(CaptureCommand, TakesTheScreenAndReplacesWhatItIsToldTo) {
@@ -49,4 +53,15 @@ TEST_F(CaptureCommand, TakesTheScreenAndReplacesWhatItIsToldTo) {
     EXPECT_EQ(done.objects()[0].value(QStringLiteral("width")), 320);
     EXPECT_EQ(loaded("a.jpg").Height(), 40);
     EXPECT_EQ(loaded("new.png").Width(), 7);
+}
+
+TEST_F(CaptureCommand, EndsItsDelayAtASignalOrForAMonitorThatIsNotThere) {
+    if (QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).isEmpty())
+        GTEST_SKIP() << "needs xvfb-run";
+    const ProgramRun stopped =
+        onScreen("\"$TARSEL\" capture --out new.png --delay 3600 --monitor no; echo $?; "
+                 "timeout --preserve-status 3 \"$TARSEL\" capture --out new.png --kind desktop --delay 3600");
+    EXPECT_EQ(stopped.lines().join(u' ').toStdString(), "2");
+    EXPECT_EQ(stopped.status, 130);
+    EXPECT_EQ(files(), "a.jpg b.jpg c.jpg");
 }

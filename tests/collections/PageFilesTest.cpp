@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/PageFiles.h"
 #include "base/AcquiredFiles.h"
+#include "base/SafeFileWriter.h"
 #include "imaging/ImageBox.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/ForkedChild.h"
 #include "tests/support/MadePictures.h"
 #include "tests/support/TestDesktop.h"
@@ -74,14 +76,14 @@ TEST(PageFiles, AnAcquiredOneGoesOnlyWhenItsRowWentAndComesBackThoughTheReturnWa
     acquiredFiles::list(acquired, false);
     for (const QString& path : acquired + QStringList(temporary + QStringLiteral("scan1_7.tif")))
         writeBytes(path, "x");
-    const QString copies = setPageFilesAside(folder.path());
+    const QString copies = setPageFilesAside(folder.path()).folder;
     EXPECT_EQ(files(copies), "scan1_7.tif");
     EXPECT_EQ(files(temporary), "1_5.tif 2_6.tif");
 
     int kills = 0;
     for (const int call : {SYS_rename, SYS_renameat2, SYS_linkat, SYS_rmdir}) {
         EXPECT_EQ(acquiredFiles::strike(temporary, acquired), acquired);
-        const QString aside = setPageFilesAside(folder.path());
+        const QString aside = setPageFilesAside(folder.path()).folder;
         EXPECT_EQ(files(aside), "1_5.tif 2_6.tif");
         kills += inChild([&] {
                      dieAtSystemCall(call);
@@ -93,7 +95,46 @@ TEST(PageFiles, AnAcquiredOneGoesOnlyWhenItsRowWentAndComesBackThoughTheReturnWa
     }
     EXPECT_GE(kills, 2);
     EXPECT_FALSE(QDir(temporary + QStringLiteral("Undo")).exists());
-    EXPECT_EQ(setPageFilesAside(folder.path()), QString()) << "listed again";
+    EXPECT_EQ(setPageFilesAside(folder.path()).folder, QString()) << "listed again";
+}
+
+TEST(PageFiles, WhatCantBeSetAsideOrReturnedIsDeletedByNobody) {
+    reportFileSizeLimitAsError();
+    QTemporaryDir folder;
+    const QString temporary = temporaryFolder(folder.path()), undo = temporary + QStringLiteral("Undo");
+    QDir().mkpath(temporary);
+    const QString longest = QString(251, QLatin1Char('1')) + QStringLiteral(".tif");
+    const QStringList acquired{temporary + longest, temporary + QStringLiteral("2_6.tif")};
+    acquiredFiles::list(acquired, false);
+    for (const QString& path : acquired)
+        writeBytes(path, "x");
+    const auto expectAll = [&] {
+        EXPECT_EQ(setPageFilesAside(folder.path(), acquired).folder, QString());
+        EXPECT_EQ(acquiredFiles::present(temporary), acquired);
+    };
+    writeBytes(undo, "not a folder");
+    expectAll();
+    QFile::remove(undo);
+    {
+        const FileSizeLimit full(1);
+        expectAll();
+    }
+    const PageFilesAside aside = setPageFilesAside(folder.path(), acquired);
+    EXPECT_EQ(aside.acquired, acquired);
+    EXPECT_EQ(acquiredFiles::listed(temporary), QStringList());
+
+    acquiredFiles::list(acquired, false); // and then the session was killed
+    writeBytes(acquired[0], "another one, with a name that can't be made longer");
+    for (int start = 0; start < 2; ++start) {
+        deleteAllPageFilesSetAside(folder.path());
+        tidyAcquiredFiles(folder.path());
+        EXPECT_TRUE(QFile::exists(aside.folder + QLatin1Char('/') + longest));
+        EXPECT_EQ(acquiredFiles::present(temporary), acquired);
+    }
+    ASSERT_TRUE(QFile::remove(acquired[0]));
+    deleteAllPageFilesSetAside(folder.path());
+    EXPECT_EQ(acquiredFiles::present(temporary), acquired);
+    EXPECT_FALSE(QFile::exists(undo));
 }
 
 TEST(PageFiles, ABlackAndWhitePageStaysSmallAndEveryPageKeepsItsPixels) {

@@ -244,6 +244,9 @@ TEST_F(ScanDialog, TheAreaIsAPaperOrWhatIsDraggedOnThePreview) {
     QTest::keyClick(&view, Qt::Key_Escape);
     ASSERT_TRUE(QTest::qWaitFor([&] { return papers.currentIndex() == 0; })) << "Esc gives up the selection";
     EXPECT_TRUE(dialog->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !view.selection().band().isVisible(); }));
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog || !dialog->isVisible(); })) << "and then the dialog";
 }
 
 TEST_F(ScanDialog, AJamIsToldPlainlyAndPagesThatCouldNotBeSavedAreNamed) {

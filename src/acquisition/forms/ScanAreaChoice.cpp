@@ -30,6 +30,7 @@ ScanAreaChoice::ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent)
     m_view->setHint(tr("Press Preview to see what is on the scanner, and drag over the part to acquire."));
     m_view->pictureChanged({});
     SelectionOverlay& selection = m_view->selection();
+    selection.setLasting();
     connect(&selection, &SelectionOverlay::regionSelected, this, &ScanAreaChoice::takeBand);
     connect(&selection, &SelectionOverlay::cancelled, this, [this] { wantArea(m_bed); });
     connect(&papers, &QComboBox::currentIndexChanged, this, &ScanAreaChoice::choosePaper);

@@ -264,6 +264,8 @@ bool SelectionOverlay::key(const QKeyEvent& event) {
     if (isIdle() || m_isPressed)
         return false;
     if (event.key() == Qt::Key_Escape) {
+        if (m_isLasting && !m_band.isVisible())
+            return false;
         cancel();
         return true;
     }

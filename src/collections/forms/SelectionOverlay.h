@@ -29,6 +29,8 @@ public:
     void clear() { arm(Tool::None); }
     void arm(Tool tool);
     void cancel(); ///< what is selected or to be selected, if anything
+    /// Something can always be selected: while nothing is, the key that cancels is left to the view.
+    void setLasting() { m_isLasting = true; }
     /// Draws the band around that part of the picture, in its pixels, as if the user had.
     void select(const QRectF& area);
     Tool armed() const { return m_tool; }
@@ -91,6 +93,7 @@ private:
     RubberBand m_band;
     QPointF m_start, m_end; ///< of the band in the picture, for when it is drawn in another size
     Tool m_tool = Tool::None;
+    bool m_isLasting = false;
     bool m_isPressed = false;
     bool m_movedByKey = false;
     bool m_isShifted = false; ///< by the last key, in its size

@@ -95,8 +95,11 @@ void ImageDocument::ShowRescueDialog(const ImageBox& box, const QString& wanted,
         const QFileInfo file(wanted);
         const QString initial =
             isNameTaken(wanted) ? unusedNameBeside(wanted) : file.dir().filePath(file.completeBaseName());
-        const auto target = askForTarget(file.suffix(), initial, {});
-        if (!target || (isJpeg(*target) && !takeQuality()))
+        std::optional<QString> target;
+        do // leaving the question for the quality leads back to the name: the picture is nowhere yet
+            target = askForTarget(file.suffix(), initial, {});
+        while (target && isJpeg(*target) && !takeQuality());
+        if (!target)
             return;
         const auto save = [=, this, path = *target, box = prepared(box, *target)]() mutable {
             const auto failure = failureOf([&] { box.SaveToFile(path); });
