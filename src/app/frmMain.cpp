@@ -268,6 +268,7 @@ void frmMain::connectPreview() {
     connect(m_previewPane, &PreviewPane::previewTypeChosen, this, [this](int type) {
         m_preview.OptimizedPreview = type != 0;
         m_preview.rebuild();
+        m_workflow.pictureRebuilt();
     });
     connect(m_previewPane, &PreviewPane::saveImageDocument, this,
             [this] { saveShown(m_preview.shownPath(), &frmMain::saveImageDocument); });

@@ -106,6 +106,7 @@ void TaskWorkflow::pictureReplacing() {
 /// What the user did meanwhile was about the picture before.
 void TaskWorkflow::pictureReplaced() {
     m_next = nullptr;
+    m_isCorrected = false;
     if (m_isOpen) {
         dropEvents();
         m_working = {};
@@ -133,10 +134,11 @@ void TaskWorkflow::CmdPreviewEdit() {
 void TaskWorkflow::begin() {
     m_options.setBaseSize(m_picture.box().Width(), m_picture.box().Height());
     openTask(0);
-    m_isCorrected = false;
     // Each view of the list has a selected row, at which its picture ends.
-    if (!m_picture.showsTasks() || m_tasks.lvEdit.selectedIndex() != m_tasks.lvEditPreview.selectedIndex())
+    if (!m_picture.showsTasks() || m_tasks.lvEdit.selectedIndex() != m_tasks.lvEditPreview.selectedIndex()) {
+        m_isCorrected = false;
         m_picture.showTasks(true);
+    }
     takeWorkingSnapshot();
 }
 
@@ -152,7 +154,8 @@ void TaskWorkflow::takeWorkingSnapshot(Step then) {
 
 void TaskWorkflow::leave() {
     reset();
-    m_isOpen = m_isCorrected = false;
+    m_isOpen = false;
+    m_isCorrected = m_isCorrected && m_picture.showsTasks(); // where the picture stays as it is
     m_kind = 0;
     m_optionsChanged = false;
     m_working = {};
@@ -356,6 +359,10 @@ void TaskWorkflow::correctionSaved() {
     m_isCorrected = false;
 }
 
+void TaskWorkflow::pictureRebuilt() {
+    m_isCorrected = false;
+}
+
 void TaskWorkflow::cmdReset() {
     post([this] {
         if (!m_kind)
@@ -412,11 +419,12 @@ void TaskWorkflow::changeRows(std::function<bool()> change) {
 void TaskWorkflow::takeRows(Step then) {
     m_previewInWork = false;
     Q_EMIT listShown();
+    m_isCorrected = false;
     m_picture.showTasks(m_isOpen);
     if (!m_isOpen)
         return;
     m_firstPreview = true;
-    m_modified = m_isCorrected = false;
+    m_modified = false;
     m_optionsChanged = m_kind != 0;
     takeWorkingSnapshot(std::move(then));
 }
@@ -429,6 +437,7 @@ void TaskWorkflow::rowClicked() {
         m_previewInWork = false;
         Q_EMIT listShown();
         m_picture.showTasks(m_isOpen);
+        m_isCorrected = m_isCorrected && m_isOpen; // the working snapshot still is
         m_restorePending = m_isOpen;
         m_optionsChanged = m_kind != 0;
     });

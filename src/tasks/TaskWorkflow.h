@@ -62,6 +62,7 @@ public:
     void pictureSettled(bool failed); ///< it is no longer busy
     void pictureReplacing();          ///< another file is being loaded
     void pictureReplaced();           ///< and has been, or there is none any more
+    void pictureRebuilt();            ///< from its file, while nobody edits
 
 Q_SIGNALS:
     void stateChanged();

@@ -253,6 +253,23 @@ TEST(Editing, HasOneOutcomeForEachEventInEachStateHoweverSlowThePictureIs) {
         }
 }
 
+TEST(Editing, ACorrectionCanBeLostAsLongAsItIsOnShow) {
+    const std::pair<const char*, bool> cases[] = {
+        {"edit RedEye region eyes ok", true},
+        {"edit RedEye region eyes ok row", true},
+        {"edit RedEye region eyes ok edit", false},
+        {"optimized edit RedEye region eyes ok edit", true},
+        {"optimized edit RedEye region eyes ok edit edit", true},
+        {"optimized edit RedEye region eyes ok edit row", false},
+        {"optimized edit RedEye region eyes ok edit remove", false},
+    };
+    for (const auto& [events, isCorrected] : cases) {
+        Editing editing;
+        editing.play(events);
+        EXPECT_EQ(editing.workflow.isCorrected(), isCorrected) << events;
+    }
+}
+
 TEST(Editing, AsksAndNamesAndKeepsTheDefaultsOfWhatWasConfirmed) {
     Editing editing;
     editing.play("edit");
