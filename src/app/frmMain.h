@@ -113,6 +113,7 @@ private:
     void connectCapture();
     void connectTwain();
     void connectHints();
+    void offerTaskHint();
     void offerSaveHint();
     void connectHelp();
 

@@ -253,7 +253,7 @@ void frmMain::offerAcquired() {
             if (!isLacking || !m_workspace.lvPages.isEmpty())
                 return;
             m_offersAcquired = true;
-            m_notices->say(acquiredNotice());
+            m_notices->sayFirst(acquiredNotice()); // a hint can wait
             showHistory();
         };
     });
@@ -283,13 +283,20 @@ void frmMain::showFirstTime() {
 void frmMain::connectHints() {
     connect(&m_workspace.lvPages, &QAbstractItemModel::rowsInserted, this, [this] {
         m_hints->done(FirstHints::OwnPictures);
-        m_hints->offer(FirstHints::ChooseTask);
+        offerTaskHint();
         offerSaveHint();
     });
+    connect(&m_preview, &Preview::pictureChanged, this, &frmMain::offerTaskHint);
     connect(&m_workspace.tasks.lvEdit, &QAbstractItemModel::rowsInserted, this, [this] {
         m_hints->done(FirstHints::ChooseTask);
         offerSaveHint();
     });
+}
+
+/// Without a picture on show no task can be chosen.
+void frmMain::offerTaskHint() {
+    if (!m_workspace.lvPages.isEmpty() && m_workspace.ibMain.HasImage())
+        m_hints->offer(FirstHints::ChooseTask);
 }
 
 void frmMain::offerSaveHint() {

@@ -42,6 +42,12 @@ void NoticeBar::say(const QString& text) {
     showFirst();
 }
 
+void NoticeBar::sayFirst(const QString& text) {
+    m_texts.removeAll(text);
+    m_texts.prepend(text);
+    showFirst();
+}
+
 void NoticeBar::withdraw(const QString& text) {
     m_texts.removeAll(text);
     showFirst();

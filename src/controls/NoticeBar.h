@@ -17,6 +17,7 @@ public:
     explicit NoticeBar(QWidget* parent = nullptr);
 
     void say(const QString& text);
+    void sayFirst(const QString& text); ///< before those that are said already
     /// Takes the text back, also one that still waits.
     void withdraw(const QString& text);
     QString text() const { return m_texts.value(0); } ///< on show; empty while it is hidden

@@ -40,6 +40,7 @@ ConfigRecordData extremeRecord(bool high) {
 
 TEST_F(Start, OffersThePagesThatNoBasketNamesUntilTheyAreRowsOrRemoved) {
     startWithBasket(1);
+    ConfigRecord.HintOwnSeen = 0;
     close();
     const QString temporary = path("program/Temp/");
     for (const char* name : {"1_10.tif", "2_20.tif"}) { // a session that was killed
@@ -47,8 +48,8 @@ TEST_F(Start, OffersThePagesThatNoBasketNamesUntilTheyAreRowsOrRemoved) {
         makePicture(temporary + QLatin1String(name));
     }
     const auto isOffered = [&] { return notice() == "Pages or pictures th"; };
-    start();
-    ASSERT_TRUE(waitFor(isOffered));
+    start(pictures());
+    ASSERT_TRUE(waitFor(isOffered)) << "not only when the hint has been read";
     click(window(), "cmdPagesNew");
     close();
     start();
@@ -75,12 +76,16 @@ TEST_F(Start, GivesANewcomerEachHintOnceAndInItsMoment) {
     EXPECT_EQ(notice(), "These are sample pic");
     EXPECT_FALSE(notices().isAncestorOf(window().focusWidget())) << "takes no focus";
     addAll();
+    EXPECT_TRUE(waitFor([&] { return basket().count() == 2 && notice().empty(); }))
+        << "nothing to change yet";
+    window().preview().ShowRow(basket(), 0);
     EXPECT_TRUE(waitFor([&] { return notice() == "Press F4 to change t"; }));
     close();
     start(pictures());
     ASSERT_TRUE(waitFor([&] { return listed().count() == 2; }));
     EXPECT_EQ(notice(), "") << "the first was done, the others have their moment later";
     addAll();
+    window().preview().ShowRow(listed(), 0);
     EXPECT_TRUE(waitFor([&] { return notice() == "Press F4 to change t"; }));
     dismiss();
     EXPECT_EQ(notice(), "");
