@@ -6,15 +6,20 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <filesystem>
+#include <system_error>
 
 namespace tarsel {
 
 QString makeProgramFolder() {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    if (!QDir().mkpath(folder))
-        fail(ErrorNumber::PathNotFound, folder);
+    std::error_code reason; // which Qt doesn't tell
+    std::filesystem::create_directories(QFile::encodeName(folder).toStdString(), reason);
+    if (reason)
+        failForErrno(reason.value(), folder);
     return folder;
 }
 

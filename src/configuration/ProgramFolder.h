@@ -6,7 +6,7 @@
 namespace tarsel {
 
 /// The program folder of this user: it holds the configuration and the folder Temp. Made when it is missing;
-/// error 76 when that fails.
+/// the error of the reason when that fails.
 QString makeProgramFolder();
 
 /// The folder, or that of the user's pictures when it is in the program folder, which is hidden and not a
