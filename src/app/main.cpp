@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/DisplayFailure.h"
 #include "app/HomeFolder.h"
 #include "app/ProgramOptions.h"
 #include "app/QtDesktop.h"
@@ -18,6 +19,7 @@
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTimer>
+#include <optional>
 
 namespace {
 
@@ -40,7 +42,9 @@ int main(int argc, char** argv) {
         return *status;
     reportFileSizeLimitAsError();
     const bool homeAnswers = takeHomeThatAnswers();
+    std::optional<DisplayFailure> displayFailure(std::in_place);
     Application application(argc, argv);
+    displayFailure.reset();
     QApplication::setApplicationName(programIdentity::name);
     // No display name: X11 would append it to the title of every window.
     QApplication::setApplicationVersion(QStringLiteral(TARSEL_VERSION));

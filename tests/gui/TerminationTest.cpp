@@ -124,6 +124,10 @@ TEST_F(StartedProgram, AnswersItsOptionsWithoutAWindow) {
         EXPECT_TRUE(program.waitForFinished(60'000) && program.exitCode() == status) << option;
         EXPECT_TRUE(program.readAllStandardOutput().startsWith(answer)) << option;
     }
+    startProgram({QStringLiteral("-platform"), QStringLiteral("none")});
+    ASSERT_TRUE(program.waitForFinished(60'000));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << "a display that can't be opened is no crash";
+    EXPECT_EQ(program.exitCode(), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, Termination, testing::Values(SIGTERM, SIGHUP, SIGINT));
