@@ -73,18 +73,19 @@ void frmMain::takeCaptured(const ImageBox& box, const QString& path, bool isSave
         m_unsavedCaptures.emplace_back(box, QFileInfo(path).fileName());
 }
 
-/// The preview may have the picture already.
-void frmMain::showCaptured(const QString& path) {
+/// The preview may have the picture already. False where the adding was stopped.
+bool frmMain::showCaptured(const QString& path) {
     ListView& pages = m_workspace.lvPages;
     const int rows = pages.count();
     m_basket.subAddEntryToListView(path);
-    if (pages.count() == rows)
-        return;
+    if (pages.count() <= rows) // fewer after New Basket
+        return !m_basket.wasStopped();
     pages.selectOnly(pages.count() - 1);
     if (m_preview.wantedPath() == path)
         m_preview.reload();
     else
         m_preview.showAdded(pages, pages.count() - 1);
+    return true;
 }
 
 /// In the program's own folder, unless the user chooses another one; again until it is saved or given up.
