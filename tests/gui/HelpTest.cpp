@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -85,6 +86,8 @@ TEST_F(Help, OpensAtThePaneOrTheTaskThatIsInUse) {
         trigger(action);
         pressF1(window());
         EXPECT_EQ(place(), expected);
+        const QMessageBox question(&window());
+        EXPECT_EQ(helpPlaceFor(&question).toStdString(), expected);
     }
     window().preview().ShowRow(basket(), 0);
     ASSERT_TRUE(waitFor([this] { return !window().preview().isBusy(); }));

@@ -180,7 +180,7 @@ TEST_F(RealCapture, OtherWindowsOfTheProgramAreNotOnThePictureAndBackAboveEachOt
             for (const QWidget* each : {static_cast<QWidget*>(&window()), static_cast<QWidget*>(&first),
                                         static_cast<QWidget*>(&second)})
                 if (each->internalWinId() == id && isOnScreen(*each))
-                    all.emplace_back(id, each->frameGeometry());
+                    all.emplace_back(id, each->geometry()); // Qt learns of a frame late
         return all;
     };
     ASSERT_TRUE(waitFor([&] { return facts().size() == 3; }));
@@ -253,7 +253,8 @@ TEST_F(RealCapture, APictureThatCantBeSavedIsReportedAndOfferedForAnotherPlace) 
         EXPECT_EQ(window().workspace().ibMain.Width(), 1400) << "on show before it is saved";
         const FileDialogRequest& asked = scripted.fileDialogs.back();
         EXPECT_TRUE(asked.filter.startsWith(QStringLiteral("Tag Image"))) << asked.filter.toStdString();
-        EXPECT_EQ(asked.initialPath.toStdString(), path("program/Captured4999.5").toStdString());
+        EXPECT_EQ(QFileInfo(asked.initialPath).fileName().toStdString(), "Captured4999.5");
+        EXPECT_FALSE(asked.initialPath.startsWith(path("program"))) << "which is hidden";
         ASSERT_EQ(scripted.reports.size(), reports + 1);
         EXPECT_EQ(scripted.reports.back().ErrRoutine.toStdString(), "FrmMain.subAddCapturedItem");
         EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(other); }));

@@ -145,6 +145,7 @@ TEST_F(ScanDialog, PagesOfAFeederGoToTheBasketInTheirOrderAndTheNextDialogRememb
     EXPECT_EQ(label("lblSize"), "60 X 40");
     EXPECT_EQ(label("lblState"), "3 pages were acquired.");
     EXPECT_TRUE(control<ImageBoxView>("ImageBox1").isVisible());
+    EXPECT_TRUE(isVisible("cmdPreview")) << "its key works beside the last page too";
     click(*dialog, "cmdExit");
     EXPECT_TRUE(settings.Folder.endsWith(u'/'));
     EXPECT_EQ(memory.device.toStdString(), "sample:0");
@@ -210,6 +211,11 @@ TEST_F(ScanDialog, SinglePagesAreNumberedOnWhileTheDialogIsOpenAndOlderFilesAreA
     click(*dialog, "cmdAcquire");
     ASSERT_TRUE(waitForMessage(3));
     EXPECT_TRUE(desktop.messages[2].text.contains(QStringLiteral("does not exist")));
+    control<QRadioButton>("optFile_1").click();
+    control<QLineEdit>("txtFileName").setText(QStringLiteral(" "));
+    click(*dialog, "cmdAcquire");
+    ASSERT_TRUE(waitForMessage(4));
+    EXPECT_TRUE(desktop.messages[3].text.contains(QStringLiteral("file name"))) << "\".tif\" would be hidden";
     EXPECT_EQ(scanner.requests.size(), 2u) << "no page is scanned that can't be saved";
 }
 
@@ -229,6 +235,7 @@ TEST_F(ScanDialog, TheAreaIsAPaperOrWhatIsDraggedOnThePreview) {
     EXPECT_EQ(givenNumber(scanOption::right), 148);
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.selection().band().isVisible(); }));
     EXPECT_EQ(label("lblArea"), "148 × 210 mm");
+    EXPECT_EQ(view.selection().description().toStdString(), "148 × 210 mm") << "not pixels of the preview";
 
     papers.setCurrentIndex(0);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !view.selection().band().isVisible(); }));

@@ -30,6 +30,7 @@ ScanAreaChoice::ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent)
     m_view->setHint(tr("Press Preview to see what is on the scanner, and drag over the part to acquire."));
     m_view->pictureChanged({});
     SelectionOverlay& selection = m_view->selection();
+    selection.setWording([this](const QRectF& band) { return sizeText(onBed(band).size()); });
     selection.setLasting();
     connect(&selection, &SelectionOverlay::regionSelected, this, &ScanAreaChoice::takeBand);
     connect(&selection, &SelectionOverlay::cancelled, this, [this] { wantArea(m_bed); });
@@ -92,15 +93,13 @@ void ScanAreaChoice::showArea() {
         if (isSame(m_papers.itemData(i).toRectF(), m_area))
             chosen = i;
     m_papers.setCurrentIndex(chosen);
-    m_text.setText(areaText());
+    m_text.setText(m_bed.isEmpty() ? QString() : sizeText(m_area.size()));
     showBand();
 }
 
-QString ScanAreaChoice::areaText() const {
-    if (m_bed.isEmpty())
-        return {};
+QString ScanAreaChoice::sizeText(const QSizeF& size) {
     const auto millimeters = [](double length) { return QLocale().toString(std::round(length)); };
-    return tr("%1 × %2 mm").arg(millimeters(m_area.width()), millimeters(m_area.height()));
+    return tr("%1 × %2 mm").arg(millimeters(size.width()), millimeters(size.height()));
 }
 
 // --- the preview scan
@@ -135,13 +134,16 @@ void ScanAreaChoice::showBand() {
         selection.select(band);
 }
 
-void ScanAreaChoice::takeBand() {
-    if (!m_box.HasImage())
-        return;
+/// From pixels of the preview, which is there.
+QRectF ScanAreaChoice::onBed(const QRectF& band) const {
     const double across = m_bed.width() / m_box.Width(), down = m_bed.height() / m_box.Height();
-    const QRectF band = m_view->selection().selected();
-    wantArea({m_bed.x() + band.x() * across, m_bed.y() + band.y() * down, band.width() * across,
-              band.height() * down});
+    return {m_bed.x() + band.x() * across, m_bed.y() + band.y() * down, band.width() * across,
+            band.height() * down};
+}
+
+void ScanAreaChoice::takeBand() {
+    if (m_box.HasImage())
+        wantArea(onBed(m_view->selection().selected()));
 }
 
 } // namespace tarsel

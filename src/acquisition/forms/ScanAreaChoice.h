@@ -38,7 +38,8 @@ private:
     void showArea();
     void showBand();
     void wantArea(const QRectF& area);
-    QString areaText() const;
+    QRectF onBed(const QRectF& band) const;
+    static QString sizeText(const QSizeF& size); ///< of millimeters
 
     QComboBox& m_papers;
     QLabel& m_text;

@@ -123,8 +123,7 @@ void frmTwain::addViews() {
     m_view->pictureChanged({});
     m_ui->layLast->insertWidget(0, m_view, 1);
     setTabOrder(m_ui->tabPictures, &m_area->view());
-    setTabOrder(&m_area->view(), m_ui->cmdPreview);
-    setTabOrder(m_ui->cmdPreview, m_view);
+    setTabOrder(&m_area->view(), m_view);
     setTabOrder(m_view, m_ui->cmdfit);
 }
 
@@ -198,10 +197,14 @@ void frmTwain::connectSession() {
     connect(&m_session, &ScanSession::finished, this, &frmTwain::showEnd);
 }
 
+/// The size comes first: the base class looks for a place where all of it is on the screen.
 void frmTwain::showEvent(QShowEvent* event) {
+    if (!event->spontaneous())
+        takeSize();
     QDialog::showEvent(event);
-    if (event->spontaneous())
-        return;
+}
+
+void frmTwain::takeSize() {
     m_ui->optionsArea->updateGeometry();
     layout()->activate();
     setMinimumSize(minimumSizeHint().boundedTo(roomOnScreen(*this)));
@@ -349,9 +352,17 @@ void frmTwain::cmdAcquire_Click() {
             inform(m_ui->lblEmpty->text() + QStringLiteral(".\n\n") + m_ui->lblEmptyHelp->text());
         else if (m_settings.Acquire == 0)
             startAcquiring();
+        else if (m_settings.FileOption == 1 && m_settings.GenericName.trimmed().isEmpty())
+            askForName();
         else
             checkTarget();
     });
+}
+
+/// A document of the extension alone would be a hidden file.
+void frmTwain::askForName() {
+    inform(tr("Type a file name for the document."));
+    m_ui->txtFileName->setFocus();
 }
 
 /// The disk may be one that takes its time.

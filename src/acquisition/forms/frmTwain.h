@@ -56,6 +56,7 @@ private:
     // the parts
     void fillBoxes();
     void arrangeColumns();
+    void takeSize();
     void addViews();
     void buildFitMenu();
     void connectControls();
@@ -73,6 +74,7 @@ private:
 
     // pages
     void cmdAcquire_Click();
+    void askForName();
     void checkTarget();
     void acquireInto(const ScanTarget& target);
     void startAcquiring(const std::optional<QStringList>& replaceable = {});

@@ -74,7 +74,8 @@ BrowsePane::BrowsePane(TaskList& tasks, const ActionTable& actions, QWidget* par
     help->setToolButtonStyle(Qt::ToolButtonIconOnly);
     caption->addWidget(help);
     rows->addLayout(caption);
-    setMinimumWidth(affordableWidth(caption->sizeHint().width(), *this)); // its spacing is that of the pane
+    const int captionWidth = caption->sizeHint().width(), textWidth = lblBrowse->sizeHint().width();
+    lblBrowse->setMinimumWidth(std::max(0, textWidth - captionWidth + affordableWidth(captionWidth, *this)));
     rows->addWidget(m_tabs);
     rows->addWidget(panels, 1);
 

@@ -9,7 +9,6 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace tarsel {
 
@@ -331,6 +330,8 @@ QString SelectionOverlay::description() const {
         return tr("Drag over the picture, or press Return for a selection in its middle.");
     if (!m_band.isVisible())
         return {};
+    if (m_wording)
+        return m_wording(selected());
     const QPoint place = inPicture(m_band.sorted().topLeft());
     const QSize size = sizeInPicture();
     return tr("Selection of %1 × %2 pixels at %3, %4")
@@ -347,10 +348,13 @@ QString SelectionOverlay::tag() const {
     };
     if (m_tool == Tool::Location && m_placement.place().contains(m_pointer))
         return placeText(m_pointer - m_placement.place().topLeft());
-    if (m_band.state() == RubberBand::State::Moving || (m_movedByKey && m_isShifted))
-        return placeText(m_band.sorted().topLeft());
-    if (!m_band.isHeld() && !m_movedByKey)
+    const bool isMoved = m_band.state() == RubberBand::State::Moving || (m_movedByKey && m_isShifted);
+    if (!isMoved && !m_band.isHeld() && !m_movedByKey)
         return {};
+    if (m_wording)
+        return m_wording(selected());
+    if (isMoved)
+        return placeText(m_band.sorted().topLeft());
     const QSize size = sizeInPicture();
     return QStringLiteral("%1 × %2").arg(size.width()).arg(size.height());
 }

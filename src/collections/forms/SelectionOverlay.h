@@ -5,7 +5,9 @@
 #include "imaging/RubberBand.h"
 
 #include <QObject>
+#include <functional>
 #include <optional>
+#include <utility>
 
 class QKeyEvent;
 class QMouseEvent;
@@ -37,6 +39,10 @@ public:
     bool isHeld() const { return m_isPressed; } ///< a point or a corner, by the pressed button
     const RubberBand& band() const { return m_band; }
     QRectF selected() const { return QRectF(m_start, m_end).normalized(); } ///< pixels of the picture
+    /// Says what is selected, which is given in pixels of the picture; for a picture whose pixels mean
+    /// nothing to the user.
+    using Wording = std::function<QString(const QRectF& selected)>;
+    void setWording(Wording wording) { m_wording = std::move(wording); }
     /// Where the picture is now. The band stays on what it selects.
     void setPlacement(const PicturePlacement& placement);
 
@@ -98,6 +104,7 @@ private:
     bool m_movedByKey = false;
     bool m_isShifted = false; ///< by the last key, in its size
     QPoint m_pointer;         ///< device pixels of the canvas
+    Wording m_wording;        ///< none where pixels are told
 };
 
 } // namespace tarsel

@@ -27,10 +27,18 @@ QStringList languagesBeforeEnglish() {
     return languages;
 }
 
+/// A question and a file dialog are about what had the focus in the window below.
+const QWidget* above(const QWidget* widget) {
+    const QWidget* parent = widget->parentWidget();
+    if (!widget->isWindow() || !parent || !parent->isWindow() || !parent->focusWidget())
+        return parent;
+    return parent->focusWidget();
+}
+
 } // namespace
 
 QString helpPlaceFor(const QWidget* widget) {
-    for (; widget; widget = widget->parentWidget())
+    for (; widget; widget = above(widget))
         for (const QString& name : {widget->property(helpTopicProperty).toString(), widget->objectName()})
             if (const QString place = helpTopic(name); !place.isEmpty())
                 return place;

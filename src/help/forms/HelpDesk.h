@@ -15,8 +15,8 @@ class frmManual;
 /// whose contents change.
 inline constexpr const char* helpTopicProperty = "helpTopic";
 
-/// The place of the manual for a widget: that of the first of it and its parents, windows above included,
-/// that has a topic. The start page where none has.
+/// The place of the manual for a widget: that of the first of it and its parents that has a topic. From a
+/// window without one it goes on at the focus of the window that owns it. The start page where none has.
 QString helpPlaceFor(const QWidget* widget);
 
 /// Opens the manual: by F1 in every window of the program, also in modal dialogs, at the page of the window
