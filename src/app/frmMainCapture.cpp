@@ -44,10 +44,8 @@ void frmMain::subAddCapturedItem(const Picture& picture) {
     const QString path = capturedFile(folder, prefix, number);
     if (!isRunning())
         m_preview.showNew(picture, path);
-    const QString temporary = QDir::cleanPath(temporaryFolder(m_options.programFolder));
-    const auto listIfTemporary = [temporary](const QString& file) {
-        if (QDir::cleanPath(QFileInfo(file).path()) == temporary)
-            acquiredFiles::list({file}, true);
+    const auto listIfTemporary = [temporary = temporaryFolder(m_options.programFolder)](const QString& file) {
+        acquiredFiles::listIfIn(temporary, file);
     };
     m_imageDocument.background().startNew(path, "FrmMain.subAddCapturedItem", [=, this] {
         ImageBox box;
