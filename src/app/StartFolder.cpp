@@ -2,6 +2,7 @@
 #include "app/StartFolder.h"
 
 #include "base/IgnoringErrors.h"
+#include "base/ProgramIdentity.h"
 #include "base/SafeFileWriter.h"
 #include "collections/UnwaitedWork.h"
 
@@ -37,11 +38,23 @@ Inspection inspect(const std::function<QString()>& makeFolder) {
     return found;
 }
 
+const QString lastBasketFile = QStringLiteral("last-basket.ibd");
+
+/// Of the files that the program itself keeps in its folder, but for baskets.
+bool isSettings(const QString& name) {
+    for (const QString& base :
+         {programIdentity::name, QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName()})
+        if (name == base || name == base + QStringLiteral(".ini") ||
+            name.startsWith(base + QStringLiteral(".damaged")))
+            return true;
+    return name == QLatin1String("window-place") || name == QLatin1String(".lock");
+}
+
 void copySettings(const QString& from, const QString& to) {
     constexpr qint64 largest = 1 << 20;
     const QFileInfoList files = QDir(from).entryInfoList(QDir::Files);
     for (const QFileInfo& file : files)
-        if (file.size() <= largest)
+        if (file.size() <= largest && (isSettings(file.fileName()) || file.fileName() == lastBasketFile))
             ignoringErrors(
                 [&] { writeFileSafely(QDir(to).filePath(file.fileName()), readWholeFile(file.filePath())); });
 }
@@ -56,7 +69,7 @@ StartFolder::StartFolder(const std::function<QString()>& makeFolder, bool homeAn
     auto answer = startUnwaited([makeFolder] { return inspect(makeFolder); });
     if (answer.wait_for(longestWait) != std::future_status::ready) {
         takeTemporaryFolder({});
-        m_remark = unanswered;
+        m_remark = unanswered + remarkOnPictures();
         return;
     }
     const Inspection found = answer.get();
@@ -65,7 +78,8 @@ StartFolder::StartFolder(const std::function<QString()>& makeFolder, bool homeAn
         takeTemporaryFolder(found.folder);
         m_remark = QCoreApplication::translate(
                        "StartFolder", "Changes to the settings are lost at the end of the program. %1")
-                       .arg(found.trouble);
+                       .arg(found.trouble) +
+                   remarkOnPictures();
     } else if (!homeAnswers) {
         m_remark = unanswered;
     }
@@ -82,13 +96,25 @@ void StartFolder::takeTemporaryFolder(const QString& settings) {
         copySettings(settings, m_path);
 }
 
+QString StartFolder::remarkOnPictures() const {
+    return QLatin1Char(' ') +
+           QCoreApplication::translate("StartFolder",
+                                       "Pictures of the screen and scanned pages without a folder of their "
+                                       "own stay in %1.")
+               .arg(m_path);
+}
+
 StartFolder::~StartFolder() {
     if (!m_isTemporary)
         return;
-    const QFileInfoList files = QDir(m_path).entryInfoList(QDir::Files | QDir::Hidden);
-    for (const QFileInfo& file : files)
-        QFile::remove(file.filePath());
-    QDir().rmdir(m_path + QStringLiteral("/Temp")); // which refuses while it holds a page
+    const QDir folder(m_path);
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden))
+        if (isSettings(name))
+            QFile::remove(folder.filePath(name));
+    folder.rmdir(QStringLiteral("Temp")); // which refuses while it holds a page
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    if (folder.entryList(all) == QStringList(lastBasketFile)) // of files that are elsewhere
+        QFile::remove(folder.filePath(lastBasketFile));
     QDir().rmdir(m_path);
 }
 

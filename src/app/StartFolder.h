@@ -18,7 +18,8 @@ public:
     /// Without a home that answers, the folder is a temporary one already.
     explicit StartFolder(const std::function<QString()>& makeFolder, bool homeAnswers = true,
                          std::chrono::milliseconds longestWait = usualWait);
-    /// Removes a temporary folder, but for pages of documents and scans in it.
+    /// Removes the settings in a temporary folder, and the folder unless there is anything else in it: a
+    /// picture of the screen, a page, what the user has saved there.
     ~StartFolder();
     StartFolder(const StartFolder&) = delete;
     StartFolder& operator=(const StartFolder&) = delete;
@@ -29,6 +30,7 @@ public:
 
 private:
     void takeTemporaryFolder(const QString& settings);
+    QString remarkOnPictures() const;
 
     QString m_path;
     QString m_remark;

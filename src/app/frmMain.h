@@ -158,7 +158,7 @@ private:
     void cmdCapture_Click();
     void subAddCapturedItem(const Picture& picture);
     void takeCaptured(const ImageBox& box, const QString& path, bool isSaved);
-    void showCaptured(const QString& path);
+    bool showCaptured(const QString& path);
     void cmdTwainAcquire_Click();
     void subAddItemFromTwain(const QString& path);
     void addWaitingPages();

@@ -44,10 +44,8 @@ void frmMain::subAddCapturedItem(const Picture& picture) {
     const QString path = capturedFile(folder, prefix, number);
     if (!isRunning())
         m_preview.showNew(picture, path);
-    const QString temporary = QDir::cleanPath(temporaryFolder(m_options.programFolder));
-    const auto listIfTemporary = [temporary](const QString& file) {
-        if (QDir::cleanPath(QFileInfo(file).path()) == temporary)
-            acquiredFiles::list({file}, true);
+    const auto listIfTemporary = [temporary = temporaryFolder(m_options.programFolder)](const QString& file) {
+        acquiredFiles::listIfIn(temporary, file);
     };
     m_imageDocument.background().startNew(path, "FrmMain.subAddCapturedItem", [=, this] {
         ImageBox box;
@@ -73,18 +71,19 @@ void frmMain::takeCaptured(const ImageBox& box, const QString& path, bool isSave
         m_unsavedCaptures.emplace_back(box, QFileInfo(path).fileName());
 }
 
-/// The preview may have the picture already.
-void frmMain::showCaptured(const QString& path) {
+/// The preview may have the picture already. False where the adding was stopped.
+bool frmMain::showCaptured(const QString& path) {
     ListView& pages = m_workspace.lvPages;
     const int rows = pages.count();
     m_basket.subAddEntryToListView(path);
-    if (pages.count() == rows)
-        return;
+    if (pages.count() <= rows) // fewer after New Basket
+        return !m_basket.wasStopped();
     pages.selectOnly(pages.count() - 1);
     if (m_preview.wantedPath() == path)
         m_preview.reload();
     else
         m_preview.showAdded(pages, pages.count() - 1);
+    return true;
 }
 
 /// In the program's own folder, unless the user chooses another one; again until it is saved or given up.

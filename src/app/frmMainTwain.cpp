@@ -41,7 +41,7 @@ void frmMain::subAddItemFromTwain(const QString& path) {
 }
 
 /// One after the other: the next page arrives while the row of the one before it is being made. A batch works
-/// on the basket as it was at its start.
+/// on the basket as it was at its start. A stop is about other files: the page is added again after it.
 void frmMain::addWaitingPages() {
     constexpr int pause = 200; // a message of the batch may still be on show
     if (m_addsPages || m_waitingPages.isEmpty())
@@ -49,8 +49,13 @@ void frmMain::addWaitingPages() {
     if (isRunning())
         return QTimer::singleShot(pause, this, &frmMain::addWaitingPages);
     const QScopedValueRollback adds(m_addsPages, true);
-    while (m_loaded && !isRunning() && !m_waitingPages.isEmpty())
-        showCaptured(m_waitingPages.takeFirst());
+    while (m_loaded && !isRunning() && !m_waitingPages.isEmpty()) {
+        const QString path = m_waitingPages.takeFirst();
+        if (showCaptured(path))
+            continue;
+        m_waitingPages.prepend(path);
+        return QTimer::singleShot(pause, this, &frmMain::addWaitingPages);
+    }
 }
 
 } // namespace tarsel

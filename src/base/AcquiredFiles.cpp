@@ -4,17 +4,20 @@
 #include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "base/SafeFileWriter.h"
+#include "base/TrappedError.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QRegularExpression>
 #include <QSet>
 #include <QUrl>
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <iterator>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tarsel::acquiredFiles {
@@ -38,12 +41,14 @@ QByteArray linesOf(char sign, const QStringList& paths) {
 
 /// In one call, so that the lines of two threads don't mix.
 void append(const QString& path, const QByteArray& lines, bool isDurable) {
-    const int file =
-        ::open(QFile::encodeName(path).constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    const int file = ::open(QFile::encodeName(path).constData(),
+                            O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
     if (file < 0)
         failForErrno(errno, path);
-    const ssize_t written = ::write(file, lines.constData(), size_t(lines.size()));
-    int reason = written < 0 ? errno : written < lines.size() ? ENOSPC : 0;
+    struct stat status = {};
+    const bool isRegular = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode); // a pipe might never end
+    const ssize_t written = isRegular ? ::write(file, lines.constData(), size_t(lines.size())) : 0;
+    int reason = !isRegular ? EINVAL : written < 0 ? errno : written < lines.size() ? ENOSPC : 0;
     if (reason == 0 && isDurable && ::fsync(file) != 0)
         reason = errno;
     ::close(file);
@@ -53,8 +58,8 @@ void append(const QString& path, const QByteArray& lines, bool isDurable) {
 
 /// A cut line, or one that a stranger wrote, names no file of the folder.
 bool isFileName(const QString& name) {
-    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && name != QLatin1String(".") &&
-           name != QLatin1String("..");
+    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && !name.contains(QChar(0)) &&
+           name != QLatin1String(".") && name != QLatin1String("..");
 }
 
 bool isInFolder(const QString& path, const QString& folder) {
@@ -68,22 +73,63 @@ void list(const QStringList& paths, bool isDurable) {
         append(listIn(QFileInfo(paths.front()).path()), linesOf(added, paths), isDurable);
 }
 
-QStringList listed(const QString& folder) {
-    const QString path = listIn(folder);
-    if (!isNameTaken(path))
-        return {};
-    QStringList names;
-    QHash<QString, bool> known;
-    for (const QByteArray& line : readWholeFile(path).split('\n')) {
-        if (!line.startsWith(added) && !line.startsWith(struck))
-            continue;
-        const QString name = QUrl::fromPercentEncoding(line.mid(1));
-        if (isFileName(name) && !known.contains(name))
-            names << name;
-        known[name] = line.startsWith(added);
+namespace {
+
+struct Contents {
+    QStringList names;         ///< in the order in which they came, and whatever came of them
+    QHash<QString, bool> last; ///< whether each was added at last
+    bool isWhole = true;       ///< every line could be understood
+
+    QStringList listed() const {
+        QStringList all = names;
+        all.removeIf([&](const QString& name) { return !last[name]; });
+        return all;
     }
-    names.removeIf([&](const QString& name) { return !known[name]; });
+};
+
+Contents contentsIn(const QString& folder) {
+    const QString path = listIn(folder);
+    Contents contents;
+    if (!isNameTaken(path))
+        return contents;
+    for (const QByteArray& line : readWholeFile(path).split('\n')) {
+        const bool isName = line.startsWith(added) || line.startsWith(struck);
+        if ((!isName && !line.isEmpty()) || line.contains('\0')) // as a crash of the system may leave it
+            contents.isWhole = false;
+        const QString name = isName ? QUrl::fromPercentEncoding(line.mid(1)) : QString();
+        if (!isFileName(name))
+            continue;
+        if (!contents.last.contains(name))
+            contents.names << name;
+        contents.last[name] = line.startsWith(added);
+    }
+    return contents;
+}
+
+/// All that a damaged list may have named.
+QStringList guessed(const Contents& contents, const QString& folder, const QStringList& elsewhere) {
+    static const QRegularExpression pageOfDocument(QStringLiteral(R"(^\d*[^\d_].*_\d+\.tif$)"));
+    QStringList names = contents.listed();
+    for (const QString& name : QDir(folder).entryList({QStringLiteral("*.tif")}, QDir::Files) + elsewhere)
+        if (!contents.last.contains(name) && !pageOfDocument.match(name).hasMatch())
+            names << name;
     return names;
+}
+
+} // namespace
+
+void listIfIn(const QString& folder, const QString& path) {
+    const QFileInfo file(path);
+    const QString real = QFileInfo(folder).canonicalFilePath();
+    if (!real.isEmpty() && QFileInfo(file.path()).canonicalFilePath() == real)
+        list({joinedPath(folder, file.fileName())}, true);
+}
+
+QStringList listed(const QString& folder) {
+    const Contents contents = contentsIn(folder);
+    if (!contents.isWhole)
+        fail(ErrorNumber::UnreadableFile, listIn(folder));
+    return contents.listed();
 }
 
 QStringList present(const QString& folder) {
@@ -114,7 +160,8 @@ void tidy(const QString& folder, const QStringList& elsewhere) {
     ignoringErrors([&] {
         if (!isNameTaken(listIn(folder)))
             return;
-        QStringList names = listed(folder);
+        const Contents contents = contentsIn(folder);
+        QStringList names = contents.isWhole ? contents.listed() : guessed(contents, folder, elsewhere);
         names.removeIf([&](const QString& name) {
             return !QFileInfo(joinedPath(folder, name)).isFile() && !elsewhere.contains(name);
         });

@@ -20,8 +20,12 @@ namespace tarsel::acquiredFiles {
 /// time); else it survives the program, not the system. Raises why it could not be written.
 void list(const QStringList& paths, bool isDurable);
 
+/// Lists the file `path`, durably, where it is in `folder` by whatever way: a link, or another place of the
+/// same file system. For a file that is about to be made.
+void listIfIn(const QString& folder, const QString& path);
+
 /// Those of the folder that are listed, by name, in the order in which they came; some may have gone. Raises
-/// why the list could not be read.
+/// why the list could not be read, also when it is damaged: then nobody knows them all.
 QStringList listed(const QString& folder);
 
 /// The same as paths, without those that have gone or are no files.
@@ -31,8 +35,8 @@ QStringList present(const QString& folder);
 /// be read or written, which leaves all listed.
 std::optional<QStringList> strike(const QString& folder, const QStringList& paths);
 
-/// Shortens the list to those that are present, or whose names are in `elsewhere`. Where nobody lists
-/// meanwhile.
+/// Shortens the list to those that are present, or whose names are in `elsewhere`. A damaged one gets all
+/// pictures that aren't named like pages of documents. Where nobody lists meanwhile.
 void tidy(const QString& folder, const QStringList& elsewhere = {});
 
 } // namespace tarsel::acquiredFiles

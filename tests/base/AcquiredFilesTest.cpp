@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
+#include "tests/support/ErrorNumberOf.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <thread>
 #include <vector>
 
 using namespace tarsel;
+using tarsel::test::errorNumberOf;
 
 namespace {
 
@@ -61,6 +64,33 @@ TEST_F(AcquiredFiles, ALineThatACrashCutShortCostsNoOther) {
         QFile::remove(in(QLatin1String(name)));
     acquiredFiles::tidy(folder.path());
     EXPECT_TRUE(QDir(folder.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+}
+
+TEST_F(AcquiredFiles, ADamagedListIsNotTakenForAShortOneAndGetsBackWhatMayHaveBeenInIt) {
+    for (const char* name : {"1_5.tif", "2_6.tif", "9_9.tif"})
+        add(QLatin1String(name));
+    for (const char* name :
+         {"3_7.tif", "Cap12.5.tif", "letter.tif1_8.tif", "letter1_8.tif", "2022.tif1_8.tif"})
+        writeFileSafely(in(QLatin1String(name)), "x");
+    for (const QByteArray& damage : {QByteArray(90, '\0'), QByteArray("noise\n")}) {
+        writeFileSafely(listFile(), "+2_6.tif\n-9_9.tif\n" + damage);
+        EXPECT_EQ(errorNumberOf([&] { acquiredFiles::listed(folder.path()); }), ErrorNumber::UnreadableFile);
+        EXPECT_FALSE(acquiredFiles::strike(folder.path(), {in(QStringLiteral("2_6.tif"))}));
+        acquiredFiles::tidy(folder.path());
+        EXPECT_EQ(names(), "2_6.tif 1_5.tif 3_7.tif Cap12.5.tif");
+    }
+    QFile::remove(listFile());
+    ASSERT_EQ(::mkfifo(QFile::encodeName(listFile()).constData(), 0600), 0);
+    EXPECT_NE(errorNumberOf([&] { add(QStringLiteral("4_8.tif")); }), 0) << "and doesn't wait";
+}
+
+TEST_F(AcquiredFiles, AFolderIsTheSameByALink) {
+    QDir(folder.path()).mkdir(QStringLiteral("Temp"));
+    ASSERT_TRUE(QFile::link(in(QStringLiteral("Temp")), in(QStringLiteral("link"))));
+    for (const char* path : {"link/1_5.tif", "Temp/2_6.tif", "3_7.tif", "gone/4_8.tif"})
+        acquiredFiles::listIfIn(in(QStringLiteral("Temp/")), in(QLatin1String(path)));
+    EXPECT_EQ(acquiredFiles::listed(in(QStringLiteral("Temp"))).join(u' ').toStdString(), "1_5.tif 2_6.tif");
+    EXPECT_FALSE(QFile::exists(listFile()));
 }
 
 TEST_F(AcquiredFiles, ThreadsListAtTheSameTime) {

@@ -4,6 +4,7 @@
 #include "configuration/ConfigRecord.h"
 #include "tests/gui/WindowTest.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScopeGuard>
+#include <QTimer>
 
 namespace tarsel::test {
 
@@ -52,13 +54,24 @@ protected:
 
 } // namespace
 
-TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsOfTheBasketAndTheLastIsShown) {
+TEST_F(ScannerOfTheWindow, TenPagesOfTheFeederBecomeRowsAlsoWhenAnAddingIsStoppedAndTheLastIsShown) {
     makePictures(1);
     listFolder(pictures());
     listed().selectOnly(0);
     useFeeder();
+    auto& cancel = child<QAbstractButton>(window(), "cmdCancelAdding");
+    int stops = 0;
+    QTimer stopping;
+    QObject::connect(&stopping, &QTimer::timeout, &cancel, [&] {
+        if (cancel.isVisible() && stops < 2) {
+            ++stops;
+            cancel.click();
+        }
+    });
+    stopping.start(0);
     click(*dialog, "cmdAcquire");
     ASSERT_TRUE(waitFor([&] { return basket().count() == 10; }));
+    EXPECT_EQ(stops, 2);
     ASSERT_TRUE(waitFor([&] { return child<QWidget>(*dialog, "cmdAcquire").isEnabled(); }));
     EXPECT_EQ(child<QLabel>(*dialog, "lblState").text().toStdString(), "10 pages were acquired.");
     for (int row = 0; row < 10; ++row)

@@ -145,7 +145,7 @@ TEST_F(Start, WorksWithSettingsThatAreOutOfAllBounds) {
 TEST(StartFolder, ADiskWithoutRoomGivesATemporaryFolderWithTheSettingsOfBefore) {
     reportFileSizeLimitAsError();
     const QTemporaryDir home;
-    const QString usual = home.filePath(QStringLiteral("usual")), page = QStringLiteral("/Temp/scan.tif");
+    const QString usual = home.filePath(QStringLiteral("usual"));
     const auto make = [&] {
         QDir().mkpath(usual);
         return usual;
@@ -154,9 +154,11 @@ TEST(StartFolder, ADiskWithoutRoomGivesATemporaryFolderWithTheSettingsOfBefore) 
     EXPECT_EQ(roomy.path(), usual);
     EXPECT_TRUE(roomy.remark().isEmpty());
     EXPECT_EQ(QDir(usual).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
-    writeFileSafely(usual + QStringLiteral("/tarsel-jpeg"), "settings");
-    QString other;
-    for (const bool hasPage : {false, true}) {
+    for (const char* name : {"/tarsel-jpeg", "/last-basket.ibd", "/Captured1.tif"})
+        writeFileSafely(usual + QLatin1String(name), "settings");
+    for (const QString& kept : {QString(), QStringLiteral("/Temp/scan.tif"), QStringLiteral("/Captured2.tif"),
+                                QStringLiteral("/my.ibd")}) {
+        QString other;
         {
             const FileSizeLimit full(100'000); // more than a log of this test
             const StartFolder start(make);
@@ -164,14 +166,17 @@ TEST(StartFolder, ADiskWithoutRoomGivesATemporaryFolderWithTheSettingsOfBefore) 
             EXPECT_NE(other, usual);
             EXPECT_TRUE(start.remark().contains(usual)) << start.remark().toStdString();
             EXPECT_EQ(readWholeFile(other + QStringLiteral("/tarsel-jpeg")), "settings");
+            EXPECT_TRUE(start.remark().contains(other)) << start.remark().toStdString();
+            EXPECT_FALSE(QFileInfo::exists(other + QStringLiteral("/Captured1.tif")));
             QDir(other).mkdir(QStringLiteral("Temp"));
-            if (hasPage)
-                writeFileSafely(other + page, "page");
+            if (!kept.isEmpty())
+                writeFileSafely(other + kept, "of the user");
         }
-        EXPECT_EQ(QFileInfo::exists(other), hasPage) << "a scan is nowhere else";
+        EXPECT_EQ(QFileInfo::exists(other + kept), !kept.isEmpty()) << "nowhere else: " << kept.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(other + QStringLiteral("/tarsel-jpeg")));
+        QDir(other).removeRecursively();
     }
     EXPECT_EQ(readWholeFile(usual + QStringLiteral("/tarsel-jpeg")), "settings");
-    QDir(other).removeRecursively();
 }
 
 TEST(StartFolder, AHomeThatDoesNotAnswerOrCannotBeMadeKeepsNobodyWaiting) {

@@ -120,6 +120,7 @@ QString AcquiredPages::saveToFile(const ScannedPage& page) {
         isDocument ? documentPath(m_choice)
                    : joinedPath(m_choice.Folder, m_choice.GenericName + QString::number(page.number) + u'.' +
                                                      singlePageExtension(m_choice));
+    acquiredFiles::listIfIn(m_temporaryFolder, path);
     if (!(isDocument ? m_document.add(page) : saveScannedPage(page, path, oldFileAt(path))))
         throw TrappedError{ErrorNumber::PermissionDenied, keptText(path)};
     return path;
