@@ -39,6 +39,7 @@ void ManualView::showPage(const ManualPage& page, const QString& anchor) {
 
 /// Into a document that isn't on show: one that is would be laid out again with every row of a table.
 void ManualView::layOut() {
+    m_settle.stop();
     m_laidOutWidth = viewport()->width();
     QFont font = QApplication::font();
     font.setPointSize(std::clamp(font.pointSize() + m_enlarged, leastPoints, mostPoints));
@@ -57,24 +58,51 @@ void ManualView::layOut() {
 void ManualView::layOutAgain() {
     if (m_page.name.isEmpty())
         return;
-    const int top = cursorForPosition({}).blockNumber();
+    const int top = m_topBlock;
     layOut();
-    const QTextBlock block = document()->findBlockByNumber(top);
-    if (top > 0 && block.isValid())
-        verticalScrollBar()->setValue(int(document()->documentLayout()->blockBoundingRect(block).top()));
+    if (top > 0)
+        putOnTop(document()->findBlockByNumber(top));
 }
 
 void ManualView::scrollTo(const QString& anchor) {
     verticalScrollBar()->setValue(0);
+    m_topBlock = m_placed = 0;
     if (anchor.isEmpty())
         return;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (block.blockFormat().headingLevel() == 0 || headingAnchor(block.text()) != anchor)
             continue;
         setTextCursor(QTextCursor(block)); // Tab and screen readers go on from there
-        verticalScrollBar()->setValue(int(document()->documentLayout()->blockBoundingRect(block).top()));
+        putOnTop(block);
         return;
     }
+}
+
+void ManualView::scrollTo(int value) {
+    if (value > verticalScrollBar()->maximum())
+        finishLayout();
+    verticalScrollBar()->setValue(value);
+}
+
+/// Qt lays a long page out bit by bit, and until then the scroll bar ends where it has come to.
+void ManualView::finishLayout() {
+    QAbstractTextDocumentLayout* layout = document()->documentLayout();
+    Q_EMIT layout->documentSizeChanged(layout->documentSize());
+}
+
+void ManualView::putOnTop(const QTextBlock& block) {
+    if (!block.isValid())
+        return;
+    finishLayout();
+    verticalScrollBar()->setValue(int(document()->documentLayout()->blockBoundingRect(block).top()));
+    m_topBlock = block.blockNumber();
+    m_placed = verticalScrollBar()->value();
+}
+
+/// Before the page is laid out in another way, which can move the scroll bar.
+void ManualView::rememberTop() {
+    if (!m_settle.isActive() && verticalScrollBar()->value() != m_placed)
+        m_topBlock = cursorForPosition({}).blockNumber();
 }
 
 void ManualView::markWords(const QStringList& words) {
@@ -96,6 +124,7 @@ void ManualView::mark() {
 void ManualView::enlarge(int points) {
     const int usual = QApplication::font().pointSize();
     m_enlarged = std::clamp(points, leastPoints - usual, mostPoints - usual);
+    rememberTop();
     layOutAgain();
 }
 
@@ -122,14 +151,19 @@ QVariant ManualView::loadResource(int type, const QUrl& name) {
 }
 
 void ManualView::resizeEvent(QResizeEvent* event) {
+    rememberTop();
     QTextBrowser::resizeEvent(event);
     if (viewport()->width() != m_laidOutWidth)
         m_settle.start();
 }
 
 void ManualView::changeEvent(QEvent* event) {
+    const bool isNewLook =
+        event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange;
+    if (isNewLook)
+        rememberTop();
     QTextBrowser::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
+    if (isNewLook)
         m_settle.start();
 }
 

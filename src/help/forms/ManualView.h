@@ -17,6 +17,7 @@ public:
 
     /// From the heading on that the anchor names; from its start without one, or for an unknown one.
     void showPage(const ManualPage& page, const QString& anchor);
+    void scrollTo(int value); ///< of the scroll bar
     const QString& pageName() const { return m_page.name; }
     /// Marks these words on the page, and on those to come.
     void markWords(const QStringList& words);
@@ -33,6 +34,9 @@ private:
     void layOut();
     void layOutAgain();
     void scrollTo(const QString& anchor);
+    void finishLayout();
+    void putOnTop(const QTextBlock& block);
+    void rememberTop();
     void mark();
     QString picturePath(const QString& name) const;
 
@@ -40,7 +44,9 @@ private:
     QStringList m_words;
     int m_enlarged = 0;
     int m_laidOutWidth = 0;
-    QTimer m_settle; ///< pictures are scaled again when the width rests
+    int m_topBlock = 0; ///< number of the block that is to be at the top
+    int m_placed = 0;   ///< value of the scroll bar that has put it there
+    QTimer m_settle;    ///< pictures are scaled again when the width rests
 };
 
 } // namespace tarsel

@@ -149,7 +149,7 @@ void frmManual::display(const Visit& visit) {
     if (const ManualPage* page = m_manual.page(visit.page)) {
         m_ui->txtPage->showPage(*page, visit.anchor);
         if (visit.scrolled >= 0)
-            m_ui->txtPage->verticalScrollBar()->setValue(visit.scrolled);
+            m_ui->txtPage->scrollTo(visit.scrolled);
         setWindowTitle(page->name == startPage ? tr("Manual") : tr("%1 - Manual").arg(page->title()));
     } else {
         m_ui->txtPage->setPlainText(tr("The pages of the manual are not installed."));
