@@ -248,6 +248,10 @@ QRect CapturePane::magnifierPlace() const {
         corner.setX(at.x() - gap - size.width());
     if (corner.y() + size.height() > m_area.bottom())
         corner.setY(at.y() - gap - size.height());
+    const QRect text = sizePlace();
+    if (QRect(corner, size).intersects(text)) // to the other side of the size, or below it
+        corner.setY(text.top() - gap - size.height() > m_area.top() ? text.top() - gap - size.height()
+                                                                    : text.bottom() + gap);
     return {corner, size};
 }
 
