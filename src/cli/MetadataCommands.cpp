@@ -108,11 +108,12 @@ int changeEach(const Arguments& arguments, Terminal& terminal,
 
 // --- get
 
-void printRows(const char* heading, const ListView& rows, Terminal& terminal) {
+/// Under the names that `set` and `delete` take, in any language.
+void printRows(const char* heading, QString ListRow::*name, const ListView& rows, Terminal& terminal) {
     for (int i = 0; i < rows.count(); ++i)
         if (const QString value = rows.row(i).subItems.value(0); !value.isEmpty())
             terminal.result(
-                QStringLiteral("  %1: %2 = %3").arg(QLatin1String(heading), rows.row(i).text, value));
+                QStringLiteral("  %1: %2 = %3").arg(QLatin1String(heading), rows.row(i).*name, value));
 }
 
 /// In forms that `set` takes on every system: EXIF's own, and for IPTC that of ISO 8601.
@@ -151,8 +152,8 @@ void get(const QString& path, bool json, Terminal& terminal) {
         return;
     }
     terminal.result(path);
-    printRows("EXIF", exif, terminal);
-    printRows("IPTC", iptc, terminal);
+    printRows("EXIF", &ListRow::tag, exif, terminal);
+    printRows("IPTC", &ListRow::text, iptc, terminal);
 }
 
 int runGet(const Arguments& arguments, Terminal& terminal) {
