@@ -42,8 +42,8 @@ frmAbout::frmAbout(QWidget* owner) :
         QGuiApplication::clipboard()->setText(buildReport());
         m_ui->lblCopied->setText(tr("Copied."));
     });
-    fitToScreen(*this, {100 * fontMetrics().averageCharWidth(), 30 * fontMetrics().height()});
-    m_ui->cmdClose->setFocus();
+    fitToScreen(*this, {128 * fontMetrics().averageCharWidth(), 30 * fontMetrics().height()});
+    m_ui->tbsAbout->setFocus(); // Ctrl+Tab changes its pages, Return closes
 }
 
 frmAbout::~frmAbout() = default;
@@ -70,8 +70,8 @@ void frmAbout::listParts() {
     lvParts->setFullRowSelect(true);
     const int letter = fontMetrics().averageCharWidth();
     lvParts->setColumnWidth(0, 18 * letter);
-    lvParts->setColumnWidth(1, 20 * letter);
-    lvParts->setColumnWidth(2, 30 * letter);
+    lvParts->setColumnWidth(1, 26 * letter);
+    lvParts->setColumnWidth(2, 38 * letter);
     lvParts->setWideColumn(3);
     m_ui->layParts->addWidget(lvParts);
     setTabOrder(m_ui->tbsAbout, lvParts->view());
