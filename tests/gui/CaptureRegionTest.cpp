@@ -216,6 +216,15 @@ TEST_F(CaptureRegion, EscapeAndTheRightButtonTakeBackStepByStepAndCloseLeaves) {
     EXPECT_TRUE(panes[0]->isVisible()) << "all of them go together, by their owner";
 }
 
+TEST_F(CaptureRegion, TheMonitorOfThePointerIsMeantUpToItsLastPixel) {
+    for (std::size_t pane = 0; pane < panes.size(); ++pane) {
+        ScreenPicture picture = pictureOfScreens();
+        picture.pointer = picture.monitors[pane].area.bottomRight();
+        show(picture);
+        EXPECT_TRUE(takes(pane, wholeOf(pane)));
+    }
+}
+
 TEST_F(CaptureRegion, ReturnPressesTheButtonOfTheBarThatHasTheFocus) {
     const bool hadMagnifier = bar(1).isChecked();
     for (const int button : {1, 3}) {

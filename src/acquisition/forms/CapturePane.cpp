@@ -72,6 +72,7 @@ CapturePane::CapturePane(FrozenScreen& frozen, const QRect& area, QScreen* scree
 }
 
 void CapturePane::cover() {
+    m_drawn = drawn(); // by the first paint, which no change asks for
     showFullScreen();
     raise();
 }
