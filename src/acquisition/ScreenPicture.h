@@ -3,8 +3,10 @@
 
 #include "pixels/Picture.h"
 
+#include <QPoint>
 #include <QRect>
 #include <QString>
+#include <optional>
 #include <vector>
 
 namespace tarsel {
@@ -21,6 +23,7 @@ struct ScreenPicture {
     Picture picture;
     std::vector<Monitor> monitors;
     bool isChosen = false; ///< by the user, whom the desktop asked what is to be on it
+    std::optional<QPoint> pointer = {}; ///< the pixel that it was on, where that is known
 };
 
 } // namespace tarsel

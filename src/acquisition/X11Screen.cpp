@@ -63,6 +63,8 @@ public:
         const QRect area = bounds(screen.monitors);
         screen.picture = Picture(area.width(), area.height(), 3);
         const PixelView pixels = screen.picture.edit();
+        if (const auto place = pointerPlace(); place && area.contains(*place))
+            screen.pointer = *place - area.topLeft();
         readArea(area, pixels);
         if (withPointer)
             if (auto pointer = pointerImage()) {
@@ -193,6 +195,13 @@ private:
             strip.height = height;
             readPixels(format, xcb_get_image_data(reply.get()), strip);
         }
+    }
+
+    std::optional<QPoint> pointerPlace() const {
+        const auto reply = owned(
+            xcb_query_pointer_reply(m_x11.get(), xcb_query_pointer(m_x11.get(), m_x11.root()), nullptr));
+        return reply && reply->same_screen ? std::optional(QPoint(reply->root_x, reply->root_y))
+                                           : std::nullopt;
     }
 
     std::optional<X11Pointer> pointerImage() const {

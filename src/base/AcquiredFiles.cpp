@@ -125,6 +125,21 @@ void listIfIn(const QString& folder, const QString& path) {
         list({joinedPath(folder, file.fileName())}, true);
 }
 
+void listAgain(const QString& folder, const QStringList& paths) {
+    QStringList inFolder;
+    for (const QString& path : paths)
+        if (isInFolder(path, folder))
+            inFolder << joinedPath(folder, QFileInfo(path).fileName());
+    if (inFolder.isEmpty())
+        return;
+    ignoringErrors([&] {
+        const Contents contents = contentsIn(folder);
+        inFolder.removeIf(
+            [&](const QString& path) { return contents.last.value(QFileInfo(path).fileName()); });
+        list(inFolder, false);
+    });
+}
+
 QStringList listed(const QString& folder) {
     const Contents contents = contentsIn(folder);
     if (!contents.isWhole)

@@ -24,6 +24,10 @@ void list(const QStringList& paths, bool isDurable);
 /// same file system. For a file that is about to be made.
 void listIfIn(const QString& folder, const QString& path);
 
+/// Lists those of `paths` that are in the folder and were struck, or never listed: they are rows again, and
+/// not of a document. Does what it can.
+void listAgain(const QString& folder, const QStringList& paths);
+
 /// Those of the folder that are listed, by name, in the order in which they came; some may have gone. Raises
 /// why the list could not be read, also when it is damaged: then nobody knows them all.
 QStringList listed(const QString& folder);

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/Basket.h"
 
+#include "base/AcquiredFiles.h"
 #include "base/ErrorSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/EventLoop.h"
 #include "collections/BasketFilling.h"
 #include "collections/FolderView.h"
 #include "collections/OfferedFiles.h"
+#include "collections/PageFiles.h"
 #include "collections/PictureFiles.h"
 #include "collections/UnwaitedWork.h"
 #include "collections/clsFileInfo.h"
@@ -196,10 +198,12 @@ bool Basket::fill(const Items& items, const Adding& adding, Shown shown) {
     constexpr int fewRows = 20, rowsAtOnce = 500; // so that input doesn't wait long
     const int count = items.count;
     BasketFilling filling(m_lists, startReading(), claimNumbers(count), count, shown.panel);
+    QStringList perhapsAcquired;
     const auto atEnd = qScopeGuard([&] {
         for (const QString& path : filling.failed())
             noteFailed(path);
         std::ranges::move(filling.unwritten(), std::back_inserter(m_unwritten));
+        acquiredFiles::listAgain(temporaryFolder(settings.programFolder), perhapsAcquired);
     });
     int next = 0;
     const auto placeUpTo = [&](int known) {
@@ -208,8 +212,11 @@ bool Basket::fill(const Items& items, const Adding& adding, Shown shown) {
         const int begin = next;
         const int end = std::min({begin + rowsAtOnce, known, count});
         for (; next < end && (next < begin + fewRows || !slice.hasExpired()); ++next)
-            if (std::optional<BasketItem> item = items.at(next))
+            if (std::optional<BasketItem> item = items.at(next)) {
+                if (item->source.path.contains(QLatin1String("/Temp"))) // a quick look at many paths
+                    perhapsAcquired << item->source.path;
                 placed.push_back(*std::move(item));
+            }
         filling.place(placed);
     };
     while (next < count || !filling.isComplete()) {

@@ -78,6 +78,7 @@ TEST_F(X11Screen, ThePointerIsOnThePictureOnlyWhenWanted) {
     const Picture plain = screen->grab(false).picture;
     EXPECT_FALSE(screen->grab(true).picture == plain);
     EXPECT_TRUE(screen->grab(false).picture == plain);
+    EXPECT_EQ(screen->grab(false).pointer, QPoint(250, 110));
 }
 
 TEST_F(X11Screen, AScreenOfEightBitsHasTheColoursOfItsPalette) {

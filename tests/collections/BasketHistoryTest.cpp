@@ -172,4 +172,15 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
     EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")));
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
     EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
+
+    const QStringList listed = acquiredFiles::listed(temporary);
+    lvPages.selectOnly(0);
+    pages.cmdPagesDelete();
+    EXPECT_EQ(acquiredFiles::listed(temporary).size(), listed.size() - 1);
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
+    pages.empty();
+    pages.cmdPagesNew();
+    EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")))
+        << "a row again, and removed by nobody since";
 }

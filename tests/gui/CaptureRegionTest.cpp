@@ -216,6 +216,26 @@ TEST_F(CaptureRegion, EscapeAndTheRightButtonTakeBackStepByStepAndCloseLeaves) {
     EXPECT_TRUE(panes[0]->isVisible()) << "all of them go together, by their owner";
 }
 
+TEST_F(CaptureRegion, TheMonitorOfThePointerIsMeantUpToItsLastPixel) {
+    for (std::size_t pane = 0; pane < panes.size(); ++pane) {
+        ScreenPicture picture = pictureOfScreens();
+        picture.pointer = picture.monitors[pane].area.bottomRight();
+        show(picture);
+        EXPECT_TRUE(takes(pane, wholeOf(pane)));
+    }
+}
+
+TEST_F(CaptureRegion, ReturnPressesTheButtonOfTheBarThatHasTheFocus) {
+    const bool hadMagnifier = bar(1).isChecked();
+    for (const int button : {1, 3}) {
+        bar(button).setFocus(Qt::TabFocusReason);
+        QTest::keyClick(&bar(button), Qt::Key_Return);
+    }
+    EXPECT_NE(bar(1).isChecked(), hadMagnifier);
+    EXPECT_EQ(lefts, 1);
+    EXPECT_TRUE(taken.isNull());
+}
+
 TEST_F(CaptureRegion, ADoubleClickTakesTheRectangleOrTheMonitorAndBesideItNothing) {
     const std::size_t pane = panes.size() - 1;
     doubleClick(pane, {40, 40});

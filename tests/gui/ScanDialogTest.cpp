@@ -248,6 +248,13 @@ TEST_F(ScanDialog, TheAreaIsAPaperOrWhatIsDraggedOnThePreview) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return papers.currentText() == QStringLiteral("Selected area"); }));
     EXPECT_NEAR(givenNumber(scanOption::left), 50, 2);
     EXPECT_NEAR(givenNumber(scanOption::bottom), 160, 2);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, at(200, 20));
+    EXPECT_TRUE(view.selection().band().isVisible()) << "a click beside it selects nothing";
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, at(160, 200));
+    QTest::mouseMove(view.viewport(), at(170, 220));
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, at(200, 250));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(givenNumber(scanOption::bottom) - 250) < 2; }));
+    EXPECT_NEAR(givenNumber(scanOption::left), 160, 2);
     QTest::keyClick(&view, Qt::Key_Escape);
     ASSERT_TRUE(QTest::qWaitFor([&] { return papers.currentIndex() == 0; })) << "Esc gives up the selection";
     EXPECT_TRUE(dialog->isVisible());

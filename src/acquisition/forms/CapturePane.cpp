@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/forms/CapturePane.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -72,6 +73,7 @@ CapturePane::CapturePane(FrozenScreen& frozen, const QRect& area, QScreen* scree
 }
 
 void CapturePane::cover() {
+    m_drawn = drawn(); // by the first paint, which no change asks for
     showFullScreen();
     raise();
 }
@@ -321,7 +323,7 @@ void CapturePane::keyPressEvent(QKeyEvent* event) {
         (m_frozen.*
          (event->modifiers() & Qt::ShiftModifier ? &FrozenScreen::resize : &FrozenScreen::move))(step);
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        Q_EMIT accepted();
+        runFocused();
     else if (event->key() == Qt::Key_Escape)
         takeBack();
     else if (event->key() == Qt::Key_M)
@@ -330,6 +332,14 @@ void CapturePane::keyPressEvent(QKeyEvent* event) {
         Q_EMIT barMoved();
     else
         QWidget::keyPressEvent(event);
+}
+
+/// The button of the bar that has the focus; else the rectangle is taken.
+void CapturePane::runFocused() {
+    if (auto* button = qobject_cast<QAbstractButton*>(focusWidget()))
+        button->click();
+    else
+        Q_EMIT accepted();
 }
 
 void CapturePane::closeEvent(QCloseEvent* event) {

@@ -52,6 +52,7 @@ private:
     int reach() const; ///< pixels within which a side is held
     Drawn drawn() const;
     void updateDrawn();
+    void runFocused();
     void takeBack();
     void showCursor();
     void drawSelection(QPainter& painter) const;

@@ -11,7 +11,7 @@ namespace tarsel {
 
 FrozenScreen::FrozenScreen(ScreenPicture screen) :
     m_screen(std::move(screen)), m_image(imageOf(m_screen.picture)), m_selection(m_image.rect()),
-    m_pointer(m_screen.monitors.front().area.center()), m_magnified(m_pointer) {}
+    m_pointer(m_screen.pointer.value_or(m_screen.monitors.front().area.center())), m_magnified(m_pointer) {}
 
 QRect FrozenScreen::monitorOfPointer() const {
     const auto found = std::ranges::find_if(

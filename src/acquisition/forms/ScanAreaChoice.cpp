@@ -33,6 +33,7 @@ ScanAreaChoice::ScanAreaChoice(QComboBox& papers, QLabel& text, QWidget& parent)
     selection.setWording([this](const QRectF& band) { return sizeText(onBed(band).size()); });
     selection.setLasting();
     connect(&selection, &SelectionOverlay::regionSelected, this, &ScanAreaChoice::takeBand);
+    connect(&selection, &SelectionOverlay::regionDropped, this, &ScanAreaChoice::showBand);
     connect(&selection, &SelectionOverlay::cancelled, this, [this] { wantArea(m_bed); });
     connect(&papers, &QComboBox::currentIndexChanged, this, &ScanAreaChoice::choosePaper);
 }

@@ -106,7 +106,8 @@ void fCaptureRectangle::coverMonitors() {
         if (m_panes.size() == 1)
             addBar(pane);
         pane.cover();
-        pane.pointTo(QCursor::pos(screen));
+        if (!m_frozen->screen().pointer)
+            pane.pointTo(QCursor::pos(screen)); // in whole units, which may be beside the pixel
     }
     m_panes.front()->activateWindow();
     m_panes.front()->setFocus();

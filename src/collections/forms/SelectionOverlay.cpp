@@ -162,7 +162,14 @@ bool SelectionOverlay::press(const QMouseEvent& event) {
         return pressPoint(event.position());
     m_isPressed = true;
     m_band.press(displayPoint(event.position()), reach());
-    if (m_band.presentGrip() == RubberBand::nothing && m_band.state() != RubberBand::State::Dragging) {
+    const auto isBeside = [this] {
+        return m_band.presentGrip() == RubberBand::nothing && m_band.state() != RubberBand::State::Dragging;
+    };
+    if (isBeside() && m_isLasting && isOnPicture(event.position())) {
+        m_band.arm(m_band.shape());
+        m_band.press(displayPoint(event.position()), reach());
+    }
+    if (isBeside()) {
         m_band.release(); // beside the band the picture can be dragged
         m_isPressed = false;
         return false;
@@ -229,8 +236,12 @@ void SelectionOverlay::releasePoint(QPointF logical) {
 /// After a click without a drag the tool still waits for one.
 void SelectionOverlay::endDrag(QPointF pointer) {
     m_isPressed = false;
-    if (m_band.state() == RubberBand::State::Dragging && m_band.start() == m_band.end())
-        return arm(m_tool);
+    if (m_band.state() == RubberBand::State::Dragging && m_band.start() == m_band.end()) {
+        arm(m_tool);
+        if (m_isLasting)
+            Q_EMIT regionDropped();
+        return;
+    }
     m_band.release();
     m_band.moveTo(displayPoint(pointer), m_placement.drawn(), reach()); // which may be on a grip
     regionMoved();
@@ -253,7 +264,7 @@ std::optional<Qt::CursorShape> SelectionOverlay::cursor() const {
         m_band.state() == RubberBand::State::Dragging)
         return Qt::CrossCursor;
     if (!m_band.isVisible() || m_band.presentGrip() == RubberBand::nothing)
-        return std::nullopt;
+        return m_isLasting && m_band.isVisible() ? std::optional(Qt::CrossCursor) : std::nullopt;
     return cursorOf(m_band);
 }
 

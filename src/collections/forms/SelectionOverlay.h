@@ -31,7 +31,8 @@ public:
     void clear() { arm(Tool::None); }
     void arm(Tool tool);
     void cancel(); ///< what is selected or to be selected, if anything
-    /// Something can always be selected: while nothing is, the key that cancels is left to the view.
+    /// Something can always be selected: a drag beside the region selects another one, and while there is
+    /// none, the key that cancels is left to the view.
     void setLasting() { m_isLasting = true; }
     /// Draws the band around that part of the picture, in its pixels, as if the user had.
     void select(const QRectF& area);
@@ -61,6 +62,7 @@ public:
 Q_SIGNALS:
     void regionChanged(QPoint start, QPoint end); ///< as dragged
     void regionSelected();                        ///< the button is released, or a key has moved the band
+    void regionDropped();                         ///< by a click beside it, where a drag selects another
     void locationSelected(QPoint place);
     void colorHovered(QPoint place);
     void colorSelected(QPoint place);
@@ -104,7 +106,7 @@ private:
     bool m_movedByKey = false;
     bool m_isShifted = false; ///< by the last key, in its size
     QPoint m_pointer;         ///< device pixels of the canvas
-    Wording m_wording;        ///< none where pixels are told
+    Wording m_wording;        ///< none where the size is in pixels
 };
 
 } // namespace tarsel
