@@ -31,11 +31,12 @@ Picture part(const Picture& picture, const QRect& area) {
     return result;
 }
 
+/// Sets monitors, moves the pointer and clears the desktop, which must not be a user's.
 class X11Screen : public testing::Test {
 protected:
     void SetUp() override {
-        if (qEnvironmentVariableIsEmpty("DISPLAY"))
-            GTEST_SKIP() << "needs an X server";
+        if (qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsSet("TARSEL_PRIVATE_SCREEN"))
+            GTEST_SKIP() << "needs an X server of its own, and TARSEL_PRIVATE_SCREEN";
     }
 };
 
