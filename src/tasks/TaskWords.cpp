@@ -3,8 +3,6 @@
 
 #include "base/IgnoringErrors.h"
 
-#include <QCoreApplication>
-
 namespace tarsel {
 
 namespace {
@@ -15,7 +13,7 @@ QString quoted(const QString& text) {
 
 QString colorInWords(qint32 value) {
     if (value < 0)
-        return QCoreApplication::translate("TaskWords", "system color %1").arg(value & 0xFF);
+        return QStringLiteral("system color %1").arg(value & 0xFF);
     return QStringLiteral("#%1%2%3")
         .arg(value & 0xFF, 2, 16, QLatin1Char('0'))
         .arg(value >> 8 & 0xFF, 2, 16, QLatin1Char('0'))
@@ -38,8 +36,7 @@ QString valueInWords(const TaskColumn& column, const QString& text) {
             return quoted(text);
         case ColumnType::Flag:
         case ColumnType::Check:
-            return toBool(text) ? QCoreApplication::translate("TaskWords", "on")
-                                : QCoreApplication::translate("TaskWords", "off");
+            return toBool(text) ? QStringLiteral("on") : QStringLiteral("off");
         case ColumnType::ColorNumber:
             return colorInWords(toInt32(text));
         case ColumnType::Text:
