@@ -40,6 +40,8 @@ ScanTarget::ScanTarget(const Arguments& arguments) :
     const QString path = filePath(word);
     const QFileInfo out(path);
     const bool isFolder = out.isDir() || word.endsWith(u'/');
+    if (!isFolder && out.suffix().isEmpty())
+        throw UsageError{Texts::tr("\"%1\" needs an extension, such as .tif").arg(word)};
     const QString format = arguments.value("format", isFolder ? QStringLiteral("tif") : out.suffix());
     const SaveFormat& known = formatCalled(format);
     if (!isFolder && &formatCalled(out.suffix()) != &known)
