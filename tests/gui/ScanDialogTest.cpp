@@ -116,7 +116,7 @@ TEST_F(ScanDialog, WithoutAScannerItSaysWhatToDoAndRefreshFindsTheOneThatWasPlug
     scanner.devices[1].name = QStringLiteral("sample:1");
     click(*dialog, "cmdRefresh");
     ASSERT_TRUE(QTest::qWaitFor([this] { return isVisible("pagPictures"); }));
-    EXPECT_EQ(control<QComboBox>("cboDevice").itemText(1).toStdString(), "Sample Flatbed 2400 (sample:1)");
+    EXPECT_EQ(control<QComboBox>("cboDevice").itemText(1).toStdString(), "sample:1 (Sample Flatbed 2400)");
 
     scanner.devices = plugged;
     click(*dialog, "cmdRefresh");

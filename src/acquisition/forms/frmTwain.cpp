@@ -58,13 +58,14 @@ QString nameOf(const ScanDevice& device) {
     return name.isEmpty() ? device.name : name;
 }
 
-/// Scanners of one model, and one that two drivers know, differ by their device.
+/// Scanners of one model, and one that two drivers know, differ by their device, which comes first: the list
+/// is narrow.
 QString nameAmong(const std::vector<ScanDevice>& devices, const ScanDevice& device) {
     const QString name = nameOf(device);
     const auto hasThisName = [&](const ScanDevice& each) { return nameOf(each) == name; };
     return std::ranges::count_if(devices, hasThisName) == 1
                ? name
-               : QStringLiteral("%1 (%2)").arg(name, device.name);
+               : QStringLiteral("%1 (%2)").arg(device.name, name);
 }
 
 void inform(const QString& text) {
