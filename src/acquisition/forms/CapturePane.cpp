@@ -54,6 +54,17 @@ QPoint directionOf(int key) {
     }
 }
 
+struct Room {
+    int first, last;
+};
+
+/// Where something of that length begins beside a place: before or after it, where there is room.
+int placeBeside(int place, int gap, int length, Room room, bool isBefore) {
+    const int before = place - gap - length, after = place + gap;
+    const bool fits = isBefore ? before >= room.first : after + length <= room.last;
+    return isBefore == fits ? before : after;
+}
+
 } // namespace
 
 CapturePane::CapturePane(FrozenScreen& frozen, const QRect& area, QScreen* screen) :
@@ -236,7 +247,8 @@ int CapturePane::magnifiedPixel() const {
     return std::max(2, int(std::lround(magnification * ratio())));
 }
 
-/// Beside its place, on the side where there is room: the magnified pixels, below them the text.
+/// Beside its place and off the rectangle, on the side where there is room: the magnified pixels, below them
+/// the text.
 QRect CapturePane::magnifierPlace() const {
     const QPoint at = m_frozen.magnified();
     if (!m_frozen.hasMagnifier() || !m_area.contains(at))
@@ -245,11 +257,11 @@ QRect CapturePane::magnifierPlace() const {
     const int gap = int(magnifierGap * ratio());
     const QSize label = labelSize(magnifierText());
     const QSize size(std::max(side, label.width()), side + label.height());
-    QPoint corner = at + QPoint(gap, gap);
-    if (corner.x() + size.width() > m_area.right())
-        corner.setX(at.x() - gap - size.width());
-    if (corner.y() + size.height() > m_area.bottom())
-        corner.setY(at.y() - gap - size.height());
+    const QRect& rect = m_frozen.selection().rect();
+    const bool isLeft = !rect.isEmpty() && at.x() <= rect.left();
+    const bool isAbove = !rect.isEmpty() && at.y() <= rect.top();
+    QPoint corner(placeBeside(at.x(), gap, size.width(), {m_area.left(), m_area.right()}, isLeft),
+                  placeBeside(at.y(), gap, size.height(), {m_area.top(), m_area.bottom()}, isAbove));
     const QRect text = sizePlace();
     if (QRect(corner, size).intersects(text)) // to the other side of the size, or below it
         corner.setY(text.top() - gap - size.height() > m_area.top() ? text.top() - gap - size.height()
