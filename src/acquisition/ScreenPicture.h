@@ -22,7 +22,7 @@ struct Monitor {
 struct ScreenPicture {
     Picture picture;
     std::vector<Monitor> monitors;
-    bool isChosen = false; ///< by the user, whom the desktop asked what is to be on it
+    bool isChosen = false;              ///< by the user, whom the desktop asked what is to be on it
     std::optional<QPoint> pointer = {}; ///< the pixel that it was on, where that is known
 };
 
