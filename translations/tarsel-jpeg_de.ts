@@ -269,10 +269,6 @@ Bitte versuchen Sie es noch einmal.</translation>
         <translation>--region erwartet X,Y,W,H, nicht „%1“</translation>
     </message>
     <message>
-        <source>--kind is desktop or foreground, not &quot;%1&quot;</source>
-        <translation>--kind ist desktop oder foreground, nicht „%1“</translation>
-    </message>
-    <message>
         <source>there is no monitor &quot;%1&quot;; --list names them</source>
         <translation>es gibt keinen Bildschirm „%1“; --list nennt sie</translation>
     </message>
@@ -299,6 +295,14 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>%1: %2 x %3 pixels</source>
         <translation>%1: %2 x %3 Pixel</translation>
+    </message>
+    <message>
+        <source>--kind is desktop, foreground or background, not &quot;%1&quot;</source>
+        <translation>--kind ist desktop, foreground oder background, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>the desktop does not list its monitors</source>
+        <translation>der Desktop zählt seine Bildschirme nicht auf</translation>
     </message>
 </context>
 <context>
@@ -1023,10 +1027,6 @@ Reglers, der sich doch anwenden lässt, wird vermerkt.</translation>
         <translation>die zu schreibende Datei, im Format ihrer Endung; ohne --list erforderlich</translation>
     </message>
     <message>
-        <source>foreground (default): the screen as it is; desktop: without windows</source>
-        <translation>foreground (Vorgabe): der Bildschirm, wie er ist; desktop: ohne Fenster</translation>
-    </message>
-    <message>
         <source>only this monitor, see --list</source>
         <translation>nur dieser Bildschirm, siehe --list</translation>
     </message>
@@ -1485,6 +1485,10 @@ ersetzt. Vom Flachbett wird jede weitere Seite am Terminal erfragt; ohne Termina
         <source>replace an older file</source>
         <translation>eine ältere Datei ersetzen</translation>
     </message>
+    <message>
+        <source>foreground (default) or background: the screen as it is; desktop: without windows</source>
+        <translation>foreground (Vorgabe) oder background: der Bildschirm, wie er ist; desktop: ohne Fenster</translation>
+    </message>
 </context>
 <context>
     <name>ConfigFile</name>
@@ -1566,6 +1570,13 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
     <message>
         <source>its decoder ended (status %1)</source>
         <translation>sein Dekodierer hat sich beendet (Status %1)</translation>
+    </message>
+</context>
+<context>
+    <name>DisplayFailure</name>
+    <message>
+        <source>%1: no display could be opened. &quot;tarsel&quot; does the same work without one.</source>
+        <translation>%1: Kein Bildschirm konnte geöffnet werden. „tarsel“ tut dieselbe Arbeit ohne einen.</translation>
     </message>
 </context>
 <context>
@@ -4742,6 +4753,10 @@ Seiten des Scanners würden diese Dateien ersetzen. Möchten Sie fortfahren?</tr
         <source>--multi takes TIF or PDF, not &quot;%1&quot;</source>
         <translation>--multi erwartet TIF oder PDF, nicht „%1“</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; needs an extension, such as .tif</source>
+        <translation>„%1“ braucht eine Erweiterung wie .tif</translation>
+    </message>
 </context>
 <context>
     <name>ScannerErrors</name>
@@ -4960,6 +4975,10 @@ und Sie erhalten möglicherweise eine Antwort von uns.</translation>
     <message>
         <source>Changes to the settings are lost at the end of the program. %1</source>
         <translation>Änderungen an den Einstellungen gehen beim Beenden des Programms verloren. %1</translation>
+    </message>
+    <message>
+        <source>Pictures of the screen and scanned pages without a folder of their own stay in %1.</source>
+        <translation>Bildschirmfotos und gescannte Seiten ohne eigenen Ordner bleiben in %1.</translation>
     </message>
 </context>
 <context>
@@ -5202,21 +5221,6 @@ Bitte wählen Sie eine gültige Aufgabenliste.</translation>
     <message>
         <source>no task has the key &quot;%1&quot;</source>
         <translation>keine Aufgabe hat den Schlüssel „%1“</translation>
-    </message>
-</context>
-<context>
-    <name>TaskWords</name>
-    <message>
-        <source>system color %1</source>
-        <translation>Systemfarbe %1</translation>
-    </message>
-    <message>
-        <source>on</source>
-        <translation>ein</translation>
-    </message>
-    <message>
-        <source>off</source>
-        <translation>aus</translation>
     </message>
 </context>
 <context>
@@ -6578,6 +6582,10 @@ Möchten Sie die Seiten als PDF-Dokument speichern?</translation>
     <message>
         <source>%1 × %2 mm</source>
         <translation>%1 × %2 mm</translation>
+    </message>
+    <message>
+        <source>Pages in the feeder have no preview. Choose their paper size, or their part by More options.</source>
+        <translation>Seiten im Einzug haben keine Vorschau. Wählen Sie ihre Papiergröße, oder ihren Teil unter „Weitere Optionen“.</translation>
     </message>
 </context>
 <context>
@@ -9411,6 +9419,10 @@ Wird er immer noch nicht gefunden, dürfen Sie ihn vielleicht nicht verwenden: M
     <message>
         <source>Scanning page %1: line %2</source>
         <translation>Seite %1 wird gescannt: Zeile %2</translation>
+    </message>
+    <message>
+        <source>Type a file name for the document.</source>
+        <translation>Geben Sie einen Dateinamen für das Dokument ein.</translation>
     </message>
 </context>
 <context>
