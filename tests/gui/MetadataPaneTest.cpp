@@ -126,7 +126,7 @@ protected:
 } // namespace
 
 TEST_F(MetadataPaneOfTheWindow, ListsWhatEachKindOfFileHolds) {
-    startListing(1);
+    makePictures(1);
     ImageBox box;
     box.LoadFromFile(file());
     EXPECT_TRUE(box.ExifSet(text("Artist"), text("Ann")));
@@ -135,6 +135,7 @@ TEST_F(MetadataPaneOfTheWindow, ListsWhatEachKindOfFileHolds) {
     ASSERT_TRUE(QDir().mkpath(folder));
     for (const char* name : {"a.gif", "b.jpe", "c.psd"})
         box.SaveToFile(folder + QLatin1Char('/') + QLatin1String(name));
+    start();
     listFolder(folder);
     for (const auto& [row, exifRows, headline] :
          {std::tuple{1, true, "Lake"}, {2, false, "Lake"}, {0, false, ""}}) {
