@@ -51,6 +51,11 @@ bool isPlain(const QKeyEvent& event) {
     return !(event.modifiers() & ~Qt::KeypadModifier);
 }
 
+bool isTyped(const QKeyEvent& event) {
+    return !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
+           !event.text().isEmpty() && event.text().front().isPrint();
+}
+
 bool isArrow(int key) {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
            key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
@@ -348,6 +353,8 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool ListControl::keyPressed(const QKeyEvent& event) {
+    if (isTyped(event))
+        m_typing.start();
     if (event.matches(QKeySequence::Copy)) {
         copyRows(m_list, true);
         return true;
@@ -390,8 +397,6 @@ void ListControl::keyReleased(const QKeyEvent& event) {
         Q_EMIT keySelected();
     else if (event.key() == Qt::Key_Delete && std::exchange(m_isDeleting, false))
         Q_EMIT deleteReleased();
-    else if (!event.text().isEmpty() && event.text().front().isPrint())
-        m_typing.start();
 }
 
 /// Takes the drags of files and of lists whose rows are welcome here, and leaves all others to the view.

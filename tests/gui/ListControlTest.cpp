@@ -133,6 +133,17 @@ TEST_F(ListControlTest, AHeldArrowKeyShowsItsRowOnceItIsReleased) {
     EXPECT_EQ(shown.count(), 1);
 }
 
+TEST_F(ListControlTest, TypingShowsItsRowAndAShortcutDoesNot) {
+    fill(3);
+    QSignalSpy shown(&control, &ListControl::keySelected);
+    QTest::keyPress(control.view(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyRelease(control.view(), Qt::Key_A); // after Ctrl
+    QTest::qWait(400);
+    EXPECT_EQ(shown.count(), 0);
+    QTest::keyClick(control.view(), Qt::Key_B);
+    EXPECT_TRUE(shown.wait());
+}
+
 TEST_F(ListControlTest, FilesComeByDropAndPasteAndRowsLeaveAsFilesAndText) {
     fill(1);
     list.setTag(0, QStringLiteral("/some folder/a%b.png"));
