@@ -42,7 +42,7 @@ protected:
     void SetUp() override {
         // They divide its screen and move its pointer, which no developer wants at work.
         if (qEnvironmentVariableIsEmpty("TARSEL_PRIVATE_SCREEN"))
-            GTEST_SKIP() << "needs an X server of its own: xvfb-run, TARSEL_PRIVATE_SCREEN=1";
+            GTEST_SKIP() << "needs an X server of its own: tests/support/on-screen, TARSEL_PRIVATE_SCREEN=1";
     }
 };
 

@@ -14,7 +14,8 @@ class CaptureCommand : public testing::Test, public PictureFolder {
 protected:
     /// Several commands in the shell, on one screen of 320 x 200.
     ProgramRun onScreen(const char* commands) const {
-        const QByteArray line = QByteArray("xvfb-run -a -s '-screen 0 320x200x24' sh -c '") + commands + "'";
+        const QByteArray line =
+            QByteArray(TARSEL_ROOT "/tests/support/on-screen 320x200x24 sh -c '") + commands + "'";
         return runShell(line.constData(), path());
     }
 };
@@ -41,8 +42,8 @@ TEST_F(CaptureCommand, RefusesAnOlderFileBeforeItLooksForAScreen) {
 }
 
 TEST_F(CaptureCommand, TakesTheScreenAndReplacesWhatItIsToldTo) {
-    if (QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).isEmpty())
-        GTEST_SKIP() << "needs xvfb-run";
+    if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty())
+        GTEST_SKIP() << "needs Xvfb";
     const ProgramRun done = onScreen("\"$TARSEL\" capture --out new.png --json && "
                                      "\"$TARSEL\" capture --out a.jpg --region 10,20,30,40 --overwrite && "
                                      "\"$TARSEL\" capture --out new.png --overwrite --region 0,0,7,5 && "
@@ -56,8 +57,8 @@ TEST_F(CaptureCommand, TakesTheScreenAndReplacesWhatItIsToldTo) {
 }
 
 TEST_F(CaptureCommand, EndsItsDelayAtASignalOrForAMonitorThatIsNotThere) {
-    if (QStandardPaths::findExecutable(QStringLiteral("xvfb-run")).isEmpty())
-        GTEST_SKIP() << "needs xvfb-run";
+    if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty())
+        GTEST_SKIP() << "needs Xvfb";
     const ProgramRun stopped = onScreen(
         "\"$TARSEL\" capture --out new.png --delay 3600 --monitor no; echo $?; "
         "timeout --preserve-status 5 \"$TARSEL\" capture --out new.png --kind desktop --delay 3600; echo $?");

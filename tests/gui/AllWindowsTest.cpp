@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/gui/AllWindows.h"
 #include "controls/FormScrollArea.h"
+#include "tests/gui/FontSize.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -56,12 +56,8 @@ TEST_F(AllWindows, NameEveryControlForScreenReadersAndGiveEachAMnemonicOfItsOwn)
 
 /// With a font of 14 points on a small screen, and with 20 points.
 TEST_F(AllWindows, CutNoLabelOrButtonWithALargeFont) {
-    const QFont usual = QApplication::font();
-    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
     for (const int points : {14, 20}) {
-        QFont large = usual;
-        large.setPointSize(points);
-        QApplication::setFont(large);
+        const FontSize large(points);
         forEach([&](QWidget& form) {
             constexpr QSize small(784, 552);
             if (points == 14 && &form != &window()) {

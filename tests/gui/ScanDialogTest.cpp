@@ -5,6 +5,7 @@
 #include "docs/screenshots/SampleScanner.h"
 #include "imaging/ImageBox.h"
 #include "tests/gui/DialogScript.h"
+#include "tests/gui/FontSize.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/TestPictures.h"
 
@@ -19,7 +20,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScopeGuard>
 #include <QScreen>
 #include <QSlider>
 #include <QTemporaryDir>
@@ -414,11 +414,7 @@ TEST_F(ScanDialog, TabComesToTheChosenButtonOfAGroup) {
 }
 
 TEST_F(ScanDialog, WhereTheScreenIsTooNarrowThePicturesAreBelow) {
-    const QFont usual = QApplication::font();
-    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
-    QFont large = usual;
-    large.setPointSize(24);
-    QApplication::setFont(large);
+    const FontSize large(24);
     open();
     const auto& options = control<QWidget>("optionsArea");
     const auto& pictures = control<QWidget>("stkPictures");

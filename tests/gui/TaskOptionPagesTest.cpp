@@ -4,6 +4,7 @@
 #include "controls/ValueControl.h"
 #include "tasks/forms/TaskOptionPage.h"
 #include "tests/gui/DialogScript.h"
+#include "tests/gui/FontSize.h"
 #include "tests/support/TestDesktop.h"
 
 #include <QAccessible>
@@ -11,7 +12,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTemporaryDir>
@@ -373,11 +373,7 @@ TEST_F(OptionPages, ShowEightLooksOfTheArtworkOnTheirButtons) {
 }
 
 TEST_F(OptionPages, FitTheirPanelWithALargeFontAndNameTheirControls) {
-    const QFont usual = QApplication::font();
-    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
-    QFont large = usual;
-    large.setPointSize(14);
-    QApplication::setFont(large);
+    const FontSize large(14);
     for (int kind = 0; kind <= kinds; ++kind) {
         settings.TextPosition = kind % 2 ? 0 : 9;
         open(kind);
