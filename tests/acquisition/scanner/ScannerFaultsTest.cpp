@@ -54,40 +54,6 @@ QString errorText(const ScanResult& result) {
 
 using ScannerFaults = OpenScanner;
 
-TEST_F(ScannerFaults, SaysWhatHappenedAndIsReadyForTheNextPage) {
-    const struct {
-        const char* status;
-        qint32 number;
-        const char* fact;
-    } faults[] = {
-        {"SANE_STATUS_UNSUPPORTED", 5, "does not support"},
-        {"SANE_STATUS_DEVICE_BUSY", 5, "busy"},
-        {"SANE_STATUS_INVAL", 5, "refuses its settings"},
-        {"SANE_STATUS_JAMMED", 5, "paper jam"},
-        {"SANE_STATUS_NO_DOCS", 5, "feeder is empty"},
-        {"SANE_STATUS_COVER_OPEN", 5, "cover"},
-        {"SANE_STATUS_IO_ERROR", 5, "plugged in"},
-        {"SANE_STATUS_NO_MEM", 7, "memory"},
-        {"SANE_STATUS_ACCESS_DENIED", 70, "group \"scanner\""},
-        {"SANE_STATUS_EOF", 5, "empty page"},
-    };
-    for (const auto& [status, number, fact] : faults) {
-        SCOPED_TRACE(status);
-        set("read-return-value", status);
-        const ScanResult result = scan();
-        EXPECT_EQ(result.end.reason, ScanEndReason::Failed);
-        EXPECT_TRUE(result.pages.empty());
-        ASSERT_TRUE(result.end.error);
-        EXPECT_EQ(result.end.error->number, number);
-        EXPECT_TRUE(errorText(result).contains(QLatin1String(fact))) << errorText(result).toStdString();
-        EXPECT_TRUE(errorText(result).contains(testScanner));
-        set("read-return-value", "Default");
-        EXPECT_FALSE(scanned().isNull());
-    }
-    set("read-return-value", "SANE_STATUS_CANCELLED"); // at the device
-    EXPECT_EQ(scan().end.reason, ScanEndReason::Cancelled);
-}
-
 TEST_F(ScannerFaults, KeepsThePagesBeforeAFailure) {
     set("source", "Automatic Document Feeder");
     std::vector<int> saved;

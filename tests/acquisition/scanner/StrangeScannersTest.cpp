@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QScopeGuard>
 #include <chrono>
+#include <sane/sane.h>
 #include <thread>
 
 using namespace tarsel;
@@ -58,6 +59,42 @@ TEST_F(StubbornScanner, IsInterruptedWithinAReadAndKeepsItsDevice) {
     EXPECT_EQ(scanner.processId(), process);
     EXPECT_EQ(page.picture, plainPicture(8, 10, 3, {255, 255, 255}));
     EXPECT_FALSE(page.isCut);
+}
+
+TEST_F(StubbornScanner, SaysWhatHappenedAndIsReadyForTheNextPage) {
+    const struct {
+        SANE_Status status;
+        qint32 number;
+        const char* fact;
+    } faults[] = {
+        {SANE_STATUS_UNSUPPORTED, 5, "does not support"},
+        {SANE_STATUS_DEVICE_BUSY, 5, "busy"},
+        {SANE_STATUS_INVAL, 5, "refuses its settings"},
+        {SANE_STATUS_JAMMED, 5, "paper jam"},
+        {SANE_STATUS_NO_DOCS, 5, "feeder is empty"},
+        {SANE_STATUS_COVER_OPEN, 5, "cover"},
+        {SANE_STATUS_IO_ERROR, 5, "plugged in"},
+        {SANE_STATUS_NO_MEM, 7, "memory"},
+        {SANE_STATUS_ACCESS_DENIED, 70, "group \"scanner\""},
+        {SANE_STATUS_EOF, 5, "empty page"},
+    };
+    for (const auto& [status, number, fact] : faults) {
+        SCOPED_TRACE(fact);
+        const QString device = QStringLiteral("stubborn:fails %1").arg(int(status));
+        scanner.open(device);
+        const ScanEnd end = scan();
+        EXPECT_EQ(end.reason, ScanEndReason::Failed);
+        EXPECT_TRUE(page.picture.isNull());
+        ASSERT_TRUE(end.error);
+        EXPECT_EQ(end.error->number, number);
+        EXPECT_TRUE(end.error->description.contains(QLatin1String(fact)))
+            << end.error->description.toStdString();
+        EXPECT_TRUE(end.error->description.contains(device));
+        EXPECT_EQ(scan().reason, ScanEndReason::Done);
+        page = {};
+    }
+    scanner.open(QStringLiteral("stubborn:fails %1").arg(int(SANE_STATUS_CANCELLED))); // at the device
+    EXPECT_EQ(scan().reason, ScanEndReason::Cancelled);
 }
 
 TEST_F(StubbornScanner, WithItsAreaInPixelsGoesBackFromAPreviewToTheSameArea) {

@@ -6,6 +6,7 @@
 //   "short"    six lines of the ten that it promised
 //   "blocked"  the first read returns only when it is cancelled
 //   "deaf"     reads never return
+//   "fails N"  the first read gives the status with that number, later ones are good
 // A read that blocks writes the number of its process to the file "reading" in SANE_CONFIG_DIR.
 
 #include <algorithm>
@@ -16,6 +17,7 @@
 #include <sane/sane.h>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -31,6 +33,7 @@ struct Scanner {
     SANE_Word values[All] = {All, 75};
     int line = 0;
     bool isBlocking = false;
+    SANE_Status fault = SANE_STATUS_GOOD;  ///< of the next read
     std::atomic<bool> isCancelled = false; ///< by a signal handler
 
     void setResolution(SANE_Word dpi) {
@@ -82,6 +85,9 @@ void sane_stubborn_exit() {}
 SANE_Status sane_stubborn_open(SANE_String_Const name, SANE_Handle* handle) {
     scanner.kind = name;
     scanner.isBlocking = scanner.kind == "blocked" || scanner.kind == "deaf";
+    scanner.fault = SANE_STATUS_GOOD;
+    if (scanner.kind.rfind("fails ", 0) == 0)
+        scanner.fault = SANE_Status(std::stoi(scanner.kind.substr(6)));
     scanner.setResolution(75);
     scanner.values[Right] = scanner.values[Bottom] = scanner.edge.max;
     *handle = &scanner;
@@ -131,6 +137,8 @@ SANE_Status sane_stubborn_read(SANE_Handle, SANE_Byte* bytes, SANE_Int, SANE_Int
         scanner.block();
     if (scanner.isCancelled)
         return SANE_STATUS_CANCELLED;
+    if (scanner.fault != SANE_STATUS_GOOD)
+        return std::exchange(scanner.fault, SANE_STATUS_GOOD);
     if (scanner.line++ == (scanner.kind == "short" ? 6 : lines))
         return SANE_STATUS_EOF;
     std::fill_n(bytes, width, SANE_Byte(255));
