@@ -4,6 +4,7 @@
 #include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "base/SafeFileWriter.h"
+#include "collections/LastBasket.h"
 #include "collections/UnwaitedWork.h"
 
 #include <QCoreApplication>
@@ -38,8 +39,6 @@ Inspection inspect(const std::function<QString()>& makeFolder) {
     return found;
 }
 
-const QString lastBasketFile = QStringLiteral("last-basket.ibd");
-
 /// Of the files that the program itself keeps in its folder, but for baskets.
 bool isSettings(const QString& name) {
     for (const QString& base :
@@ -54,7 +53,8 @@ void copySettings(const QString& from, const QString& to) {
     constexpr qint64 largest = 1 << 20;
     const QFileInfoList files = QDir(from).entryInfoList(QDir::Files);
     for (const QFileInfo& file : files)
-        if (file.size() <= largest && (isSettings(file.fileName()) || file.fileName() == lastBasketFile))
+        if (file.size() <= largest &&
+            (isSettings(file.fileName()) || file.fileName() == QLatin1String(lastBasket::fileName)))
             ignoringErrors(
                 [&] { writeFileSafely(QDir(to).filePath(file.fileName()), readWholeFile(file.filePath())); });
 }
@@ -113,6 +113,7 @@ StartFolder::~StartFolder() {
             QFile::remove(folder.filePath(name));
     folder.rmdir(QStringLiteral("Temp")); // which refuses while it holds a page
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    const QString lastBasketFile = QLatin1String(lastBasket::fileName);
     if (folder.entryList(all) == QStringList(lastBasketFile)) // of files that are elsewhere
         QFile::remove(folder.filePath(lastBasketFile));
     QDir().rmdir(m_path);

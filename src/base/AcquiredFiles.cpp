@@ -62,19 +62,6 @@ bool isFileName(const QString& name) {
            name != QLatin1String(".") && name != QLatin1String("..");
 }
 
-bool isInFolder(const QString& path, const QString& folder) {
-    return QDir::cleanPath(QFileInfo(path).path()) == QDir::cleanPath(folder);
-}
-
-} // namespace
-
-void list(const QStringList& paths, bool isDurable) {
-    if (!paths.isEmpty())
-        append(listIn(QFileInfo(paths.front()).path()), linesOf(added, paths), isDurable);
-}
-
-namespace {
-
 struct Contents {
     QStringList names;         ///< in the order in which they came, and whatever came of them
     QHash<QString, bool> last; ///< whether each was added at last
@@ -87,12 +74,9 @@ struct Contents {
     }
 };
 
-Contents contentsIn(const QString& folder) {
-    const QString path = listIn(folder);
+Contents contentsOf(const QByteArray& lines) {
     Contents contents;
-    if (!isNameTaken(path))
-        return contents;
-    for (const QByteArray& line : readWholeFile(path).split('\n')) {
+    for (const QByteArray& line : lines.split('\n')) {
         const bool isName = line.startsWith(added) || line.startsWith(struck);
         if ((!isName && !line.isEmpty()) || line.contains('\0')) // as a crash of the system may leave it
             contents.isWhole = false;
@@ -106,6 +90,11 @@ Contents contentsIn(const QString& folder) {
     return contents;
 }
 
+Contents contentsIn(const QString& folder) {
+    const QString path = listIn(folder);
+    return isNameTaken(path) ? contentsOf(readWholeFile(path)) : Contents();
+}
+
 /// All that a damaged list may have named.
 QStringList guessed(const Contents& contents, const QString& folder, const QStringList& elsewhere) {
     static const QRegularExpression pageOfDocument(QStringLiteral(R"(^\d*[^\d_].*_\d+\.tif$)"));
@@ -117,6 +106,11 @@ QStringList guessed(const Contents& contents, const QString& folder, const QStri
 }
 
 } // namespace
+
+void list(const QStringList& paths, bool isDurable) {
+    if (!paths.isEmpty())
+        append(listIn(QFileInfo(paths.front()).path()), linesOf(added, paths), isDurable);
+}
 
 void listIfIn(const QString& folder, const QString& path) {
     const QFileInfo file(path);
@@ -173,17 +167,19 @@ std::optional<QStringList> strike(const QString& folder, const QStringList& path
 
 void tidy(const QString& folder, const QStringList& elsewhere) {
     ignoringErrors([&] {
-        if (!isNameTaken(listIn(folder)))
+        const QString path = listIn(folder);
+        if (!isNameTaken(path))
             return;
-        const Contents contents = contentsIn(folder);
+        const QByteArray before = readWholeFile(path);
+        const Contents contents = contentsOf(before);
         QStringList names = contents.isWhole ? contents.listed() : guessed(contents, folder, elsewhere);
         names.removeIf([&](const QString& name) {
             return !QFileInfo(joinedPath(folder, name)).isFile() && !elsewhere.contains(name);
         });
         if (names.isEmpty())
-            QFile::remove(listIn(folder));
-        else if (const QByteArray lines = linesOf(added, names); lines != readWholeFile(listIn(folder)))
-            writeFileSafely(listIn(folder), lines);
+            QFile::remove(path);
+        else if (const QByteArray lines = linesOf(added, names); lines != before)
+            writeFileSafely(path, lines);
     });
 }
 

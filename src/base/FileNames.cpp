@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/FileNames.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace tarsel {
 
 QString joinedPath(const QString& folder, const QString& name) {
     return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+bool isInFolder(const QString& path, const QString& folder) {
+    return QDir::cleanPath(QFileInfo(path).path()) == QDir::cleanPath(folder);
 }
 
 bool isNameTaken(const QString& path) {

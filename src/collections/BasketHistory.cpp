@@ -236,9 +236,8 @@ void BasketHistory::swapRemoved(Step& step, bool isUndo) {
         listAcquiredAgain(step);
         return putBack(step.rows);
     }
-    QSet<QString> tags;
-    for (const RemovedRow& row : step.rows)
-        tags << row.placed.row.tag;
+    const QStringList removed = tagsOf(step.rows);
+    const QSet<QString> tags(removed.begin(), removed.end());
     std::vector<int> rows;
     for (int row = 0; row < m_lists.lvPages.count(); ++row)
         if (tags.contains(m_lists.lvPages.row(row).tag))

@@ -6,7 +6,6 @@
 #include "base/FileNames.h"
 #include "base/Locale.h"
 #include "collections/PageFiles.h"
-#include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
 
 #include <QFileInfo>

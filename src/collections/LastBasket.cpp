@@ -16,7 +16,7 @@ namespace tarsel::lastBasket {
 namespace {
 
 QString fileIn(const QString& programFolder) {
-    return QDir(programFolder).filePath(QStringLiteral("last-basket.ibd"));
+    return QDir(programFolder).filePath(QLatin1String(fileName));
 }
 
 /// `sources` is asked only when there are any.

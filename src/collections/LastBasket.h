@@ -8,6 +8,8 @@
 /// that it doesn't name, such as those of a session that was killed.
 namespace tarsel::lastBasket {
 
+inline constexpr const char* fileName = "last-basket.ibd"; ///< in the program folder
+
 /// An empty basket leaves what an earlier session kept.
 void keep(const ListView& lvPages, const QString& programFolder);
 

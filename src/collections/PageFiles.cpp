@@ -141,7 +141,7 @@ QStringList namesToSetAside(const QDir& files, const QStringList& removed) {
         QSet<QString> staying(listed.begin(), listed.end());
         if (!staying.isEmpty()) // as nearly never
             for (const QString& path : removed)
-                if (QDir::cleanPath(QFileInfo(path).path()) == QDir::cleanPath(files.path()))
+                if (isInFolder(path, files.path()))
                     staying.remove(QFileInfo(path).fileName());
         names = files.entryList();
         names.removeIf([&](const QString& name) { return staying.contains(name); });

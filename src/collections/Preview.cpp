@@ -351,13 +351,15 @@ const QString& Preview::describedPath() const {
 /// A row of the basket is one page; resolution and size have the same columns in both lists.
 void Preview::showFilePanels() {
     const QString& path = describedPath();
-    const int inFolder = path.isEmpty() ? -1 : rowOfPath(m_lists.lvFolder, path);
-    const int inBasket = path.isEmpty() ? -1 : rowOfPath(m_lists.lvPages, path);
-    if (inFolder < 0 && inBasket < 0)
+    if (path.isEmpty())
         return;
-    const ListView& list = inFolder < 0 ? m_lists.lvPages : m_lists.lvFolder;
-    const int row = inFolder < 0 ? inBasket : inFolder;
-    const QString pages = inFolder < 0 ? QStringLiteral("1") : list.subItem(row, FolderColumn::Pages);
+    const int inFolder = rowOfPath(m_lists.lvFolder, path);
+    const bool isOfFolder = inFolder >= 0;
+    const ListView& list = isOfFolder ? m_lists.lvFolder : m_lists.lvPages;
+    const int row = isOfFolder ? inFolder : rowOfPath(list, path);
+    if (row < 0)
+        return;
+    const QString pages = isOfFolder ? list.subItem(row, FolderColumn::Pages) : QStringLiteral("1");
     m_lists.sbMain.setPanel(QStringLiteral("pages"), tr("%1 page(s)").arg(pages));
     m_fileResolution = list.subItem(row, FolderColumn::Resolution) + QStringLiteral("  ") +
                        list.subItem(row, FolderColumn::FileSize);

@@ -100,7 +100,7 @@ void fCaptureRectangle::coverMonitors() {
         CapturePane& pane = *m_panes.back();
         connect(&pane, &CapturePane::accepted, this, &fCaptureRectangle::take);
         connect(&pane, &CapturePane::barMoved, this, &fCaptureRectangle::moveBar);
-        connect(&pane, &CapturePane::keysWanted, this, [this] { showKeys(m_keys->isHidden()); });
+        connect(&pane, &CapturePane::keysWanted, this, &fCaptureRectangle::toggleKeys);
         connect(&pane, &CapturePane::left, this, &fCaptureRectangle::left);
         connect(screen, &QScreen::geometryChanged, &pane, [this] { leaveOldMonitors(); });
         if (m_panes.size() == 1)
@@ -150,8 +150,7 @@ void fCaptureRectangle::addButtons(QLayout& row) {
          [this] { m_frozen->toggleMagnifier(); }},
         {"cmdBar_2", tr("Mo&ve bar"), tr("Move this bar to the other edge (V)"), "moveDown",
          [this] { moveBar(); }},
-        {"cmdKeys", tr("&Keys"), tr("Show or hide the list of keys (F1)"), "help",
-         [this] { showKeys(m_keys->isHidden()); }},
+        {"cmdKeys", tr("&Keys"), tr("Show or hide the list of keys (F1)"), "help", [this] { toggleKeys(); }},
         {"cmdBar_3", tr("&Cancel"), tr("Leave without a picture (Esc)"), "remove", [this] { Q_EMIT left(); }},
     };
     for (const auto& command : commands) {
@@ -185,7 +184,8 @@ void fCaptureRectangle::placeBar() {
                 m_barIsBelow ? room.height() - m_bar->height() - barMargin : barMargin);
 }
 
-void fCaptureRectangle::showKeys(bool shown) {
+void fCaptureRectangle::toggleKeys() {
+    const bool shown = m_keys->isHidden();
     m_keys->setVisible(shown);
     m_bar->findChild<BarButton*>(QStringLiteral("cmdKeys"))->setChecked(shown);
     placeBar();

@@ -37,7 +37,7 @@ private:
     void addButtons(QLayout& row);
     void moveBar();
     void placeBar();
-    void showKeys(bool shown);
+    void toggleKeys();
     void take();
 
     std::unique_ptr<FrozenScreen> m_frozen;

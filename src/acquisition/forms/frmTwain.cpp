@@ -243,9 +243,10 @@ void frmTwain::showChoices(const ScanOptions& options) {
     m_controls->show(options);
     m_area->show(options);
     const bool hasArea = !options.wholeArea().isEmpty();
+    const bool hasPapers = options.isEmpty() || hasArea;
     m_ui->lblPaper->setEnabled(hasArea);
-    for (QWidget* each : {static_cast<QWidget*>(m_ui->lblPaper), static_cast<QWidget*>(m_ui->cboPaper)})
-        each->setVisible(options.isEmpty() || hasArea);
+    m_ui->lblPaper->setVisible(hasPapers);
+    m_ui->cboPaper->setVisible(hasPapers);
 }
 
 void frmTwain::openMore() {
