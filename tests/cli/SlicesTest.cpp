@@ -68,6 +68,14 @@ TEST_F(Slices, OfASlurmArrayAreTheFullRunByteForByte) {
     EXPECT_TRUE(contents("many") == contents("one"));
     EXPECT_NE(runShell(TARSEL_ROOT "/docs/many-machines/slice 4 --out many all.ibf", folder.path()).status, 0)
         << "by itself it would do what somebody else does";
+    for (const char* replacing : {"--source-folder", "--out .", "--out=."})
+        EXPECT_EQ(runShell((QByteArray("SLURM_ARRAY_TASK_ID=1 " TARSEL_ROOT "/docs/many-machines/slice 4 ") +
+                            replacing + " all.ibf")
+                               .constData(),
+                           folder.path())
+                      .status,
+                  2)
+            << replacing << ": started again it would change sources twice";
 }
 
 TEST(SlicesOfRowsWithOneName, EndInTheFileOfOneRunInWhateverOrderAndSaySo) {
