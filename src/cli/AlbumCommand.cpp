@@ -162,6 +162,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command albumCommand{
     .name = "album",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
+    .required = "--out FOLDER",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Make a web album of a basket, or of pictures."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",
