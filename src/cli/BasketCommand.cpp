@@ -87,6 +87,10 @@ QString whyNotAdded(const QString& path) {
 /// Adds pictures that exist; the others are reported. False when there was one.
 bool addPictures(ListView& entries, const QStringList& paths, const QString& description,
                  Terminal& terminal) {
+    for (const QString& operand : paths)
+        if (isBasketFile(operand))
+            throw UsageError{QCoreApplication::translate("CommandLine", "%1 is a basket file, not a picture")
+                                 .arg(operand)};
     bool allThere = true;
     for (const QString& operand : paths) {
         const QString path = absolutePath(operand);

@@ -61,6 +61,8 @@ TEST(BasketCommand, AFailureIsReportedOnceWithItsReasonAndLeavesTheOldBasket) {
         EXPECT_EQ(run.status, 1) << words;
         EXPECT_EQ(run.messages.count(part), 1) << run.messages.toStdString();
     }
+    for (const char* words : {"save odd.ibf a.jpg odd.ibf", "add odd.ibf x.ibd"})
+        EXPECT_EQ(folder.run(commandLine("basket") + commandLine(words)).status, 2) << words;
     EXPECT_EQ(basketOf(folder, "odd.ibf"), odd);
 }
 
