@@ -187,6 +187,7 @@ private:
     void showBefore();
     bool openOfferedTasks(const QList<QUrl>& files);
     bool openOfferedBasket(const QList<QUrl>& files);
+    void whenAnswered(const QString& path, const std::function<void()>& open);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();
@@ -225,6 +226,7 @@ private:
     QStringList m_waitingPages; ///< of scanner and screen, for the basket
     bool m_addsPages = false;   ///< those that wait, at this moment
     FileQuestion m_acquiredQuestion;
+    FileQuestion m_offeredQuestion;
     bool m_offersAcquired = false; ///< pictures of earlier sessions, by an undo in the empty basket
     std::unique_ptr<GreetingMaker> m_greetings;
     HelpDesk* m_help = nullptr;

@@ -424,6 +424,7 @@ void frmMain::Form_Unload() {
     m_folderView.stop();
     m_browsePane->question().forget();
     m_acquiredQuestion.forget();
+    m_offeredQuestion.forget();
     m_preview.stop();
     if (m_saveAdvanced)
         m_saveAdvanced->close(); // which stores its settings
