@@ -3,6 +3,7 @@
 
 #include "app/DialogFit.h"
 #include "app/FirstHints.h"
+#include "app/InstanceLock.h"
 #include "app/MainActions.h"
 #include "app/PaneKeys.h"
 #include "app/RunEndNotice.h"

@@ -14,7 +14,6 @@
 #include "output/forms/Printing.h"
 #include "tasks/TaskWorkflow.h"
 
-#include <QLockFile>
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
@@ -32,6 +31,7 @@ class frmAlbum;
 class frmTwain;
 class GreetingMaker;
 class HelpDesk;
+class InstanceLock;
 class ListControl;
 class MetadataPane;
 class NoticeBar;
@@ -219,7 +219,7 @@ private:
     ScreenCapture m_capture;
     bool m_capturesPointer = false;                              ///< as chosen last in this run
     std::vector<std::pair<ImageBox, QString>> m_unsavedCaptures; ///< with file names; until they are offered
-    std::unique_ptr<QLockFile> m_instance;
+    std::unique_ptr<InstanceLock> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open
     ScanMemory m_scanMemory;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/forms/frmTwain.h"
 #include "app/FirstHints.h"
+#include "app/InstanceLock.h"
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
@@ -50,17 +51,6 @@ QSize qtSize(Size size) {
     return {size.width, size.height};
 }
 
-/// Takes a lock that names no process of this host: a crash of the system cut it short, or the host had
-/// another name. A living owner holds the file itself.
-bool takeOver(QLockFile& lock) {
-    constexpr int timeToWriteIt = 200; // ms, with room to spare
-    qint64 process = 0;
-    QString host, program;
-    if (lock.getLockInfo(&process, &host, &program) && host == QSysInfo::machineHostName())
-        return false;
-    return lock.tryLock(timeToWriteIt) || (lock.removeStaleLockFile() && lock.tryLock());
-}
-
 } // namespace
 
 // --- Form_Load
@@ -81,15 +71,9 @@ bool frmMain::Form_Load() {
 
 /// Before everything else: the configuration belongs to the instance that runs.
 bool frmMain::refuseSecondInstance() {
-    m_instance = std::make_unique<QLockFile>(QDir(m_options.programFolder).filePath(QStringLiteral(".lock")));
-    // A lock is stale when its process is gone, never for its age.
-    m_instance->setStaleLockTime(0);
-    if (m_instance->tryLock() || takeOver(*m_instance))
+    m_instance = std::make_unique<InstanceLock>(m_options.programFolder);
+    if (m_instance->take())
         return false;
-    if (m_instance->error() != QLockFile::LockFailedError) {
-        logIgnored(QStringLiteral("%1: can't be locked").arg(m_instance->fileName()));
-        return false;
-    }
     service<Dialogs>().messageBox(
         tr("There is already an instance of %1 running!\nMultiple instance is unsupported.")
             .arg(programIdentity::title),
