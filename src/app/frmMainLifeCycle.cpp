@@ -236,6 +236,7 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!std::exchange(FirstShowing, false))
         return;
+    m_folderPane->lvFolder().setFocus(); // whose pictures are the first thing to work on
     connect(windowHandle(), &QWindow::screenChanged, this, &frmMain::followScreen, Qt::QueuedConnection);
     QTimer::singleShot(0, this, &frmMain::showFirstTime);
 }
