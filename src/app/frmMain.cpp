@@ -551,12 +551,13 @@ void frmMain::subSaveAsSinglePage() {
     showResults(tr("The batch has ended"), results);
 }
 
-void frmMain::showResults(const QString& notice, const std::vector<RowResult>& results) {
+void frmMain::showResults(const QString& notice, const std::vector<RowResult>& results,
+                          const QString& album) {
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));
     announceRunEnd(*this, notice, resultSummary(results));
-    (new frmBatchResults(results, this))->show();
+    (new frmBatchResults(results, this, album))->show();
 }
 
 void frmMain::openAlbum() {
@@ -591,7 +592,7 @@ void frmMain::generateAlbum(const AlbumOptions& options) {
     const std::vector<RowResult> results =
         tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
     setRunning(false);
-    showResults(tr("The album has ended"), results);
+    showResults(tr("The album has ended"), results, options.settings.AlbumFolder);
 }
 
 } // namespace tarsel
