@@ -3,9 +3,12 @@
 
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
+#include "base/DialogSubject.h"
 #include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "configuration/ConfigRecord.h"
+#include "configuration/ProgramFolder.h"
+#include "help/forms/HelpDesk.h"
 #include "pixels/Color.h"
 
 #include <QAbstractButton>
@@ -35,6 +38,12 @@ QWidget* owner() {
         if (window->isVisible())
             return window;
     return nullptr;
+}
+
+/// One over another dialog is about that.
+void takeSubject(QDialog& dialog) {
+    if (!QApplication::activeModalWidget())
+        dialog.setProperty(helpTopicProperty, QString::fromLatin1(DialogSubject::current()));
 }
 
 QMessageBox::Icon qtIcon(MessageIcon icon) {
@@ -137,6 +146,7 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
         box.setDefaultButton(QMessageBox::No); // Enter must not replace anything
     giveMnemonics(box);
     makeRoomForTitle(box);
+    takeSubject(box);
     return answerOf(box.exec());
 }
 
@@ -191,6 +201,7 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
         dialog.setDirectory(start.path());
         dialog.selectFile(start.fileName());
     }
+    takeSubject(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();

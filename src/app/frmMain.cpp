@@ -10,6 +10,7 @@
 #include "app/TaskPane.h"
 #include "app/TipSwitch.h"
 #include "app/frmSettings.h"
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
@@ -534,6 +535,7 @@ void frmMain::subSaveAsSinglePage() {
     if (isRunning())
         return;
     if (m_workspace.lvPages.isEmpty()) {
+        const DialogSubject subject("frmSaveSinglePage");
         service<Dialogs>().messageBox(
             tr("The basket is empty. Add the pictures to save from the folder list first."),
             MessageIcon::Information, MessageButtons::Ok, ApplicationName);

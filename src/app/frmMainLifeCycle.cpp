@@ -4,6 +4,7 @@
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
@@ -382,6 +383,7 @@ QString frmMain::stopQuestion() const {
 }
 
 bool frmMain::confirmStop() {
+    const DialogSubject subject("frmStatus");
     return service<Dialogs>().messageBox(stopQuestion(), MessageIcon::Question, MessageButtons::YesNo,
                                          ApplicationName) == MessageAnswer::Yes;
 }
@@ -400,6 +402,7 @@ bool frmMain::tasksMayGo() {
     TaskList& tasks = m_workspace.tasks;
     if (!tasks.isUnsaved())
         return true;
+    const DialogSubject subject("picEditBar");
     const MessageAnswer answer = service<Dialogs>().messageBox(
         tr("The tasks of the task basket are not saved.\nDo you want to save them before the program ends?"),
         MessageIcon::Question, MessageButtons::SaveDiscardCancel, ApplicationName);
