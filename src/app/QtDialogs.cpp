@@ -194,7 +194,7 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     dialog.setNameFilters(filters);
     const QFileInfo start(request.initialPath);
     if (request.initialPath.isEmpty()) {
-        dialog.setDirectory(startFolder());
+        dialog.setDirectory(startFolder(dialog.acceptMode() == QFileDialog::AcceptSave));
     } else if (start.isDir()) {
         dialog.setDirectory(start.filePath());
     } else {
@@ -209,10 +209,13 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     return FileDialogChoice{path, int(filters.indexOf(dialog.selectedNameFilter())) + 1};
 }
 
-/// Of the last dialog; before the first one, the folder that the last session ended with.
-QString QtDialogs::startFolder() const {
-    for (const QString& folder : {m_lastFolder, ConfigRecord.LastFolder.trimmed()})
-        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+/// Of the last dialog; before the first one, the folder that the last session ended with: in a fresh record
+/// that is the program folder, in which nobody would find a file again, and later perhaps the samples', which
+/// take no files.
+QString QtDialogs::startFolder(bool isToSave) const {
+    for (const QString& folder : {m_lastFolder, visibleFolder(ConfigRecord.LastFolder.trimmed())})
+        if (const QFileInfo info(folder);
+            !folder.isEmpty() && info.isDir() && (!isToSave || info.isWritable()))
             return folder;
     return QDir::homePath();
 }
