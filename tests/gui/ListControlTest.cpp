@@ -133,6 +133,22 @@ TEST_F(ListControlTest, AHeldArrowKeyShowsItsRowOnceItIsReleased) {
     EXPECT_EQ(shown.count(), 1);
 }
 
+TEST_F(ListControlTest, TheFirstArrowSelectsTheRowThatTheFocusCameTo) {
+    fill(3);
+    control.setForm(ListControl::Form::Details);
+    control.show();
+    control.view()->selectionModel()->setCurrentIndex(list.index(0, 0), QItemSelectionModel::NoUpdate);
+    for (const auto& [key, row] : {std::pair(Qt::Key_Down, 0), {Qt::Key_Down, 1}, {Qt::Key_Home, 0}}) {
+        QTest::keyClick(control.view(), key);
+        EXPECT_EQ(shownSelection(), std::vector{row}) << key;
+    }
+    for (const auto& [key, row] : {std::pair(Qt::Key_Home, 0), {Qt::Key_End, 2}}) {
+        list.selectOnly(-1);
+        QTest::keyClick(control.view(), key);
+        EXPECT_EQ(shownSelection(), std::vector{row}) << key;
+    }
+}
+
 TEST_F(ListControlTest, TypingShowsItsRowAndAShortcutDoesNot) {
     fill(3);
     QSignalSpy shown(&control, &ListControl::keySelected);
