@@ -515,7 +515,8 @@ void frmMain::offerDialogs(bool offered) {
 }
 
 /// What a batch works on stays as it is until its end, and nothing covers its Cancel. Controls that this
-/// disables lose the focus; it returns at the end, unless the user has moved it.
+/// disables lose the focus, which the window system may then hand to any button; it returns at the end,
+/// unless the user has moved it.
 void frmMain::setRunning(bool running) {
     QWidget* const focused = focusWidget();
     m_basketPane->setRunning(running);
@@ -525,7 +526,8 @@ void frmMain::setRunning(bool running) {
     offerDialogs(!running);
     if (running)
         m_focusOfRun = {focused, focusWidget()};
-    else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
+    else if (m_focusOfRun.before &&
+             (focused == m_focusOfRun.meanwhile || qobject_cast<QAbstractButton*>(focused)))
         m_focusOfRun.before->setFocus();
     if (!running)
         addWaitingPages();

@@ -25,6 +25,7 @@
 #include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
 #include "controls/Splitter.h"
+#include "controls/frmStatus.h"
 #include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
 #include "output/forms/frmSaveAdvanced.h"
@@ -384,8 +385,12 @@ QString frmMain::stopQuestion() const {
 
 bool frmMain::confirmStop() {
     const DialogSubject subject("frmStatus");
-    return service<Dialogs>().messageBox(stopQuestion(), MessageIcon::Question, MessageButtons::YesNo,
-                                         ApplicationName) == MessageAnswer::Yes;
+    if (service<Dialogs>().messageBox(stopQuestion(), MessageIcon::Question, MessageButtons::YesNo,
+                                      ApplicationName) == MessageAnswer::Yes)
+        return true;
+    if (auto* status = findChild<frmStatus*>(); status && status->isVisible())
+        status->activateWindow(); // its keys go on working
+    return false;
 }
 
 void frmMain::confirmUnsaved() {
