@@ -108,6 +108,26 @@ TEST_F(ListControlTest, AGrowingListIsNeverPaintedEmpty) {
     }
 }
 
+TEST_F(ListControlTest, TheRowInViewComesBackWithTheThumbnails) {
+    fill(300);
+    control.setForm(ListControl::Form::Thumbnails);
+    control.resize(300, 200);
+    control.show();
+    QCoreApplication::processEvents();
+    list.selectOnly(200);
+    QCoreApplication::processEvents();
+    const auto place = [&] { return control.view()->visualRect(list.index(200, 0)); };
+    control.view()->scrollTo(list.index(200, 0));
+    const QRect before = place();
+    control.hide();
+    control.resize(2000, 1000);
+    control.show();
+    control.view()->viewport()->grab(); // lays the rows out in between
+    control.resize(300, 200);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(), before);
+}
+
 TEST_F(ListControlTest, MenuKeysAskForTheMenuAtTheRowWithTheFocus) {
     fill(3);
     control.resize(400, 300);
