@@ -375,8 +375,12 @@ void frmMain::undo() {
     if (m_basket.history().undoable())
         return changeBasket(&Basket::undo);
     CollectionLists shared = m_workspace.lists(*pbQueue);
-    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder))
+    QString damaged;
+    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
         SetStatus(tr("The basket of the last session could not be read"));
+    if (!damaged.isEmpty())
+        m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
+    showHistory();
 }
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.
