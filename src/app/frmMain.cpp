@@ -523,6 +523,8 @@ void frmMain::offerDialogs(bool offered) {
 /// unless the user has moved it.
 void frmMain::setRunning(bool running) {
     QWidget* const focused = focusWidget();
+    if (running)
+        SetStatus({}); // the result of a run before
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
     m_taskPane->setEnabled(!running);
