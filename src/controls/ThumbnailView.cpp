@@ -15,6 +15,7 @@ ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setSelectionRectVisible(true);
     setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle); // names of a series differ at their end
     setSpacing(4);
 }
 
