@@ -41,6 +41,7 @@ SampleDialogs::SampleDialogs(ListView& lvPages, ConfigRecordData record) :
     m_record.BatchSave.NameOption = 1;
     m_record.BatchSave.DestinationOption = 1;
     m_record.BatchSave.RenamePrefix = QStringLiteral("Summer");
+    m_record.Album.AlbumFolder = QStringLiteral("/home/marta/public_html");
 }
 
 std::vector<std::unique_ptr<QDialog>> SampleDialogs::all(QWidget* owner) {

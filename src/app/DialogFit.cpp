@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 
 namespace tarsel {
@@ -41,10 +42,21 @@ void makeScrollable(QDialog& dialog) {
     dialog.setMinimumSize(0, 0);
 }
 
+/// With the frame that the window manager draws, which a dialog that was just shown doesn't know yet: it will
+/// be as that of the window below.
+QRect frameOf(const QDialog& dialog) {
+    const auto margins = [](const QWidget* window) {
+        return window && window->windowHandle() ? window->windowHandle()->frameMargins() : QMargins();
+    };
+    const QWidget* below = dialog.parentWidget() ? dialog.parentWidget()->window() : nullptr;
+    const QMargins own = margins(&dialog);
+    return {dialog.pos(), dialog.size().grownBy(own.isNull() ? margins(below) : own)};
+}
+
 /// Some have taken their size only after they were placed.
 void moveInside(QDialog& dialog) {
     const QRect available = dialog.screen()->availableGeometry();
-    const QRect frame = dialog.frameGeometry();
+    const QRect frame = frameOf(dialog);
     if (dialog.isMaximized() || dialog.isFullScreen() || available.contains(frame))
         return;
     const QPoint last = available.bottomRight() + QPoint(1, 1) - QPoint(frame.width(), frame.height());

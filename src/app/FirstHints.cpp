@@ -23,14 +23,14 @@ constexpr HintRow rows[FirstHints::HintCount] = {
      &settings::WindowSettings::HintOwnSeen},
     {QT_TRANSLATE_NOOP(
          "FirstHints",
-         "Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Enter. The "
-         "task then works on every picture of the basket."),
+         "Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Return. The "
+         "list of these tasks can then run on every picture of the basket."),
      &settings::WindowSettings::HintTaskSeen},
     {QT_TRANSLATE_NOOP(
          "FirstHints",
-         "Press Ctrl+J to save the pictures of the basket as JPEG files, with the tasks. You see the new "
-         "names "
-         "before anything is written."),
+         "Press Ctrl+J to save the pictures of the basket as JPEG files. Tick \"Run the tasks of the task "
+         "basket on every picture\" to save them with the tasks. You see the new names before anything is "
+         "written."),
      &settings::WindowSettings::HintSaveSeen},
 };
 

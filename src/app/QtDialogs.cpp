@@ -3,9 +3,12 @@
 
 #include "app/DialogFilters.h"
 #include "app/frmErrorReport.h"
+#include "base/DialogSubject.h"
 #include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
 #include "configuration/ConfigRecord.h"
+#include "configuration/ProgramFolder.h"
+#include "help/forms/HelpDesk.h"
 #include "pixels/Color.h"
 
 #include <QAbstractButton>
@@ -35,6 +38,12 @@ QWidget* owner() {
         if (window->isVisible())
             return window;
     return nullptr;
+}
+
+/// One over another dialog is about that.
+void takeSubject(QDialog& dialog) {
+    if (!QApplication::activeModalWidget())
+        dialog.setProperty(helpTopicProperty, QString::fromLatin1(DialogSubject::current()));
 }
 
 QMessageBox::Icon qtIcon(MessageIcon icon) {
@@ -137,6 +146,7 @@ MessageAnswer QtDialogs::messageBox(const QString& text, MessageIcon icon, Messa
         box.setDefaultButton(QMessageBox::No); // Enter must not replace anything
     giveMnemonics(box);
     makeRoomForTitle(box);
+    takeSubject(box);
     return answerOf(box.exec());
 }
 
@@ -184,13 +194,14 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     dialog.setNameFilters(filters);
     const QFileInfo start(request.initialPath);
     if (request.initialPath.isEmpty()) {
-        dialog.setDirectory(startFolder());
+        dialog.setDirectory(startFolder(dialog.acceptMode() == QFileDialog::AcceptSave));
     } else if (start.isDir()) {
         dialog.setDirectory(start.filePath());
     } else {
         dialog.setDirectory(start.path());
         dialog.selectFile(start.fileName());
     }
+    takeSubject(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();
@@ -198,10 +209,13 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     return FileDialogChoice{path, int(filters.indexOf(dialog.selectedNameFilter())) + 1};
 }
 
-/// Of the last dialog; before the first one, the folder that the last session ended with.
-QString QtDialogs::startFolder() const {
-    for (const QString& folder : {m_lastFolder, ConfigRecord.LastFolder.trimmed()})
-        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+/// Of the last dialog; before the first one, the folder that the last session ended with: in a fresh record
+/// that is the program folder, in which nobody would find a file again, and later perhaps the samples', which
+/// take no files.
+QString QtDialogs::startFolder(bool isToSave) const {
+    for (const QString& folder : {m_lastFolder, visibleFolder(ConfigRecord.LastFolder.trimmed())})
+        if (const QFileInfo info(folder);
+            !folder.isEmpty() && info.isDir() && (!isToSave || info.isWritable()))
             return folder;
     return QDir::homePath();
 }

@@ -32,7 +32,7 @@ public:
 private:
     std::optional<FileDialogChoice> runFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
 
-    QString startFolder() const;
+    QString startFolder(bool isToSave) const;
 
     QString m_lastFolder; ///< of the last file that was chosen
     bool m_holdsReports = false;

@@ -17,6 +17,11 @@ namespace tarsel {
 
 namespace {
 
+/// A reason may end with the name of a folder, and another sentence follows.
+QString asSentence(const QString& reason) {
+    return reason.endsWith(QLatin1Char('.')) ? reason : reason + QLatin1Char('.');
+}
+
 /// What was found out about the usual folder.
 struct Inspection {
     QString folder;
@@ -79,7 +84,7 @@ StartFolder::StartFolder(const std::function<QString()>& makeFolder, bool homeAn
         takeTemporaryFolder(found.folder);
         m_remark = QCoreApplication::translate(
                        "StartFolder", "Changes to the settings are lost at the end of the program. %1")
-                       .arg(found.trouble) +
+                       .arg(asSentence(found.trouble)) +
                    remarkOnPictures();
     } else if (!homeAnswers) {
         m_remark = unanswered;

@@ -11,6 +11,7 @@
 #include "app/TaskPane.h"
 #include "app/TipSwitch.h"
 #include "app/frmSettings.h"
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "collections/BasketActions.h"
@@ -375,8 +376,12 @@ void frmMain::undo() {
     if (m_basket.history().undoable())
         return changeBasket(&Basket::undo);
     CollectionLists shared = m_workspace.lists(*pbQueue);
-    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder))
+    QString damaged;
+    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
         SetStatus(tr("The basket of the last session could not be read"));
+    if (!damaged.isEmpty())
+        m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
+    showHistory();
 }
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.
@@ -515,9 +520,12 @@ void frmMain::offerDialogs(bool offered) {
 }
 
 /// What a batch works on stays as it is until its end, and nothing covers its Cancel. Controls that this
-/// disables lose the focus; it returns at the end, unless the user has moved it.
+/// disables lose the focus, which the window system may then hand to any button; it returns at the end,
+/// unless the user has moved it.
 void frmMain::setRunning(bool running) {
     QWidget* const focused = focusWidget();
+    if (running)
+        SetStatus({}); // the result of a run before
     m_basketPane->setRunning(running);
     m_browsePane->setRunning(running);
     m_taskPane->setEnabled(!running);
@@ -525,7 +533,8 @@ void frmMain::setRunning(bool running) {
     offerDialogs(!running);
     if (running)
         m_focusOfRun = {focused, focusWidget()};
-    else if (m_focusOfRun.before && focused == m_focusOfRun.meanwhile)
+    else if (m_focusOfRun.before &&
+             (focused == m_focusOfRun.meanwhile || qobject_cast<QAbstractButton*>(focused)))
         m_focusOfRun.before->setFocus();
     if (!running)
         addWaitingPages();
@@ -535,6 +544,7 @@ void frmMain::subSaveAsSinglePage() {
     if (isRunning())
         return;
     if (m_workspace.lvPages.isEmpty()) {
+        const DialogSubject subject("frmSaveSinglePage");
         service<Dialogs>().messageBox(
             tr("The basket is empty. Add the pictures to save from the folder list first."),
             MessageIcon::Information, MessageButtons::Ok, ApplicationName);
@@ -552,12 +562,13 @@ void frmMain::subSaveAsSinglePage() {
     showResults(tr("The batch has ended"), results);
 }
 
-void frmMain::showResults(const QString& notice, const std::vector<RowResult>& results) {
+void frmMain::showResults(const QString& notice, const std::vector<RowResult>& results,
+                          const QString& album) {
     if (results.empty() || !isVisible())
         return;
     SetStatus(resultSummary(results));
     announceRunEnd(*this, notice, resultSummary(results));
-    (new frmBatchResults(results, this))->show();
+    (new frmBatchResults(results, this, album))->show();
 }
 
 void frmMain::openAlbum() {
@@ -592,7 +603,7 @@ void frmMain::generateAlbum(const AlbumOptions& options) {
     const std::vector<RowResult> results =
         tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
     setRunning(false);
-    showResults(tr("The album has ended"), results);
+    showResults(tr("The album has ended"), results, options.settings.AlbumFolder);
 }
 
 } // namespace tarsel

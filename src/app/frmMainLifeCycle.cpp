@@ -5,6 +5,7 @@
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
@@ -25,6 +26,7 @@
 #include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
 #include "controls/Splitter.h"
+#include "controls/frmStatus.h"
 #include "metadata/forms/MetadataPane.h"
 #include "metadata/modMetadata.h"
 #include "output/forms/frmSaveAdvanced.h"
@@ -220,6 +222,7 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!std::exchange(FirstShowing, false))
         return;
+    m_folderPane->lvFolder().setFocus(); // whose pictures are the first thing to work on
     connect(windowHandle(), &QWindow::screenChanged, this, &frmMain::followScreen, Qt::QueuedConnection);
     QTimer::singleShot(0, this, &frmMain::showFirstTime);
 }
@@ -365,8 +368,13 @@ QString frmMain::stopQuestion() const {
 }
 
 bool frmMain::confirmStop() {
-    return service<Dialogs>().messageBox(stopQuestion(), MessageIcon::Question, MessageButtons::YesNo,
-                                         ApplicationName) == MessageAnswer::Yes;
+    const DialogSubject subject("frmStatus");
+    if (service<Dialogs>().messageBox(stopQuestion(), MessageIcon::Question, MessageButtons::YesNo,
+                                      ApplicationName) == MessageAnswer::Yes)
+        return true;
+    if (auto* status = findChild<frmStatus*>(); status && status->isVisible())
+        status->activateWindow(); // its keys go on working
+    return false;
 }
 
 void frmMain::confirmUnsaved() {
@@ -383,6 +391,7 @@ bool frmMain::tasksMayGo() {
     TaskList& tasks = m_workspace.tasks;
     if (!tasks.isUnsaved())
         return true;
+    const DialogSubject subject("picEditBar");
     const MessageAnswer answer = service<Dialogs>().messageBox(
         tr("The tasks of the task basket are not saved.\nDo you want to save them before the program ends?"),
         MessageIcon::Question, MessageButtons::SaveDiscardCancel, ApplicationName);

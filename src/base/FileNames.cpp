@@ -19,4 +19,11 @@ bool isNameTaken(const QString& path) {
     return there.exists() || there.isSymLink();
 }
 
+QString nameOfDamaged(const QString& path) {
+    QString name = path + QStringLiteral(".damaged");
+    for (int number = 2; isNameTaken(name); ++number)
+        name = QStringLiteral("%1.damaged-%2").arg(path).arg(number);
+    return name;
+}
+
 } // namespace tarsel

@@ -15,4 +15,8 @@ bool isInFolder(const QString& path, const QString& folder);
 /// new file can't be made there, or would be made in another place.
 bool isNameTaken(const QString& path);
 
+/// The free name under which a damaged file is kept beside: with ".damaged", and a number where that is
+/// taken.
+QString nameOfDamaged(const QString& path);
+
 } // namespace tarsel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "collections/BasketActions.h"
 
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
@@ -17,6 +18,8 @@ namespace {
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(BasketActions)
 };
+
+constexpr const char* subjectName = "lvPages";
 
 QString basketFilter() {
     return Texts::tr("Image basket formats (*.ibf;*.ibd)|*.ibf;*.ibd|"
@@ -62,6 +65,7 @@ bool mayLoseDescriptions(int filterIndex, const ListView& lvPages) {
 } // namespace
 
 void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
+    const DialogSubject subject(subjectName);
     if (!lists.lvPages.isEmpty() && !mayReplaceRows())
         return;
     if (const auto choice = service<Dialogs>().openFileDialog({Texts::tr("Open Basket"), basketFilter(), {}}))
@@ -69,11 +73,13 @@ void cmdPagesOpen(Basket& basket, CollectionLists& lists) {
 }
 
 void openBasketFile(const QString& path, Basket& basket, CollectionLists& lists) {
+    const DialogSubject subject(subjectName);
     if (lists.lvPages.isEmpty() || mayReplaceRows())
         fillFrom(path, basket, lists);
 }
 
 void cmdPagesSave(const ListView& lvPages) {
+    const DialogSubject subject(subjectName);
     const auto choice = saveFileDialogFor({Texts::tr("Save Basket"), basketFilter(), {}},
                                           modSaveOpenImageList::basketFilePath);
     QString reason;

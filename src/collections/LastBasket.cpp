@@ -2,14 +2,18 @@
 #include "collections/LastBasket.h"
 
 #include "base/AcquiredFiles.h"
+#include "base/FailureOf.h"
+#include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
 #include "collections/BasketFile.h"
 #include "collections/PageFiles.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 #include <functional>
+#include <tuple>
 
 namespace tarsel::lastBasket {
 
@@ -49,6 +53,15 @@ QStringList sourcesOf(const ListView& lvPages) {
     return sources;
 }
 
+/// The name that a damaged file got; empty for any other, and for one that can't be opened or renamed.
+QString putDamagedAside(const QString& file) {
+    const bool isReadable = QFile(file).open(QIODevice::ReadOnly);
+    if (!isReadable || !failureOf([&] { std::ignore = modSaveOpenImageList::readBasketEntries(file); }))
+        return {};
+    const QString name = nameOfDamaged(file);
+    return QFile::rename(file, name) ? name : QString();
+}
+
 } // namespace
 
 void keep(const ListView& lvPages, const QString& programFolder) {
@@ -65,10 +78,14 @@ QStringList acquiredBeside(const QString& programFolder) {
     return acquiredWithout([&] { return keptSources(programFolder); }, programFolder);
 }
 
-bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder) {
+bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged) {
+    const QString aside = putDamagedAside(fileIn(programFolder));
+    if (damaged)
+        *damaged = aside;
     const bool hasKept = isKept(programFolder);
-    const bool isOpened =
-        !hasKept || modSaveOpenImageList::fncOpenImageBasket(fileIn(programFolder), basket, lists);
+    const bool isOpened = hasKept
+                              ? modSaveOpenImageList::fncOpenImageBasket(fileIn(programFolder), basket, lists)
+                              : aside.isEmpty();
     if (hasKept && basket.wasStopped())
         return isOpened;
     const QStringList lacking = acquiredWithout([&] { return sourcesOf(lists.lvPages); }, programFolder);

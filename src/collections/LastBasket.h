@@ -20,7 +20,8 @@ bool isKept(const QString& programFolder);
 QStringList acquiredBeside(const QString& programFolder);
 
 /// Replaces the basket as fncOpenImageBasket does, and returns what that does. Then adds the acquired
-/// pictures that it lacks.
-bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder);
+/// pictures that it lacks. A damaged file, which the end of the session would write over, gets the name
+/// `damaged`; false for that too.
+bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged = nullptr);
 
 } // namespace tarsel::lastBasket

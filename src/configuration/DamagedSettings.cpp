@@ -26,13 +26,6 @@ enum class Damage { None, Marked, EndsEarly, Foreign };
 /// More than the longest texts of a record and the tail of another version come to.
 constexpr qint64 largestFile = 16 << 20;
 
-QString nameBeside(const QString& path) {
-    QString name = path + QStringLiteral(".damaged");
-    for (int number = 2; isNameTaken(name); ++number)
-        name = QStringLiteral("%1.damaged-%2").arg(path).arg(number);
-    return name;
-}
-
 bool isReadableFile(const QString& path) {
     const QFileInfo found(path);
     return found.isFile() && found.size() <= largestFile && QFile(path).open(QIODevice::ReadOnly);
@@ -64,7 +57,7 @@ Damage damageOf(const QByteArray& bytes) {
 }
 
 QString renameAside(const QString& path) {
-    const QString kept = nameBeside(path);
+    const QString kept = nameOfDamaged(path);
     // Not that of QFile, which copies where a rename fails: a pipe would wait for its writer.
     if (std::rename(QFile::encodeName(path).constData(), QFile::encodeName(kept).constData()) == 0)
         return QCoreApplication::translate(
@@ -76,7 +69,7 @@ QString renameAside(const QString& path) {
 }
 
 QString copyAside(const QString& path, const QByteArray& bytes) {
-    const QString kept = nameBeside(path);
+    const QString kept = nameOfDamaged(path);
     if (!ignoringErrors([&] { writeFileSafely(kept, bytes); }))
         return renameAside(path); // which needs no room on the disk
     return QCoreApplication::translate("DamagedSettings",

@@ -352,9 +352,25 @@ bool ListControl::eventFilter(QObject* watched, QEvent* event) {
     return QStackedWidget::eventFilter(watched, event);
 }
 
+/// The views have a current row as soon as they have the focus, which is neither marked nor shown: without a
+/// selected row the first key is for that one instead of the next.
+bool ListControl::selectFirst(const QKeyEvent& event) {
+    if (!isArrow(event.key()) || !isPlain(event) || m_list.isEmpty() || m_list.selectedIndex() >= 0)
+        return false;
+    const int current = std::max(0, view()->currentIndex().row());
+    const int row = event.key() == Qt::Key_End    ? m_list.count() - 1
+                    : event.key() == Qt::Key_Home ? 0
+                                                  : current;
+    m_list.selectOnly(row);
+    view()->scrollTo(m_list.index(row, 0));
+    return true;
+}
+
 bool ListControl::keyPressed(const QKeyEvent& event) {
     if (isTyped(event))
         m_typing.start();
+    if (selectFirst(event))
+        return true;
     if (event.matches(QKeySequence::Copy)) {
         copyRows(m_list, true);
         return true;

@@ -103,6 +103,7 @@ private:
     void showSorting();
     void placeHint();
     void colorHint();
+    bool selectFirst(const QKeyEvent& event);
     bool keyPressed(const QKeyEvent& event);
     bool menuRequested(const QContextMenuEvent& event, bool onViewport);
     QPoint menuPosition() const;

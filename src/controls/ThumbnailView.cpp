@@ -2,7 +2,9 @@
 #include "controls/ThumbnailView.h"
 
 #include <QScrollBar>
+#include <QTimer>
 #include <QWheelEvent>
+#include <utility>
 
 namespace tarsel {
 
@@ -13,11 +15,12 @@ ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setSelectionRectVisible(true);
     setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle); // names of a series differ at their end
     setSpacing(4);
 }
 
 void ThumbnailView::setSizes(QSize picture, QSize cell) {
-    const QModelIndex held = rowToHold();
+    const QModelIndex held = isVisible() ? rowToHold() : QModelIndex();
     const int top = visualRect(held).top();
     setIconSize(picture);
     setGridSize(cell);
@@ -31,9 +34,34 @@ QModelIndex ThumbnailView::rowToHold() const {
     const auto isInView = [this](const QModelIndex& index) {
         return index.isValid() && visualRect(index).intersects(viewport()->rect());
     };
-    if (!isVisible() || isInView(currentIndex()))
-        return isVisible() ? currentIndex() : QModelIndex();
+    if (isInView(currentIndex()))
+        return currentIndex();
     return indexAt(QPoint(gridSize().width() / 2, gridSize().height() / 2));
+}
+
+void ThumbnailView::hideEvent(QHideEvent* event) {
+    QListView::hideEvent(event);
+    if (event->spontaneous())
+        return;
+    m_held = rowToHold();
+    m_heldTop = visualRect(m_held).top();
+}
+
+/// On its way back the view may be narrow or low for a moment, which moves the rows.
+void ThumbnailView::showEvent(QShowEvent* event) {
+    QListView::showEvent(event);
+    if (m_held.isValid())
+        QTimer::singleShot(0, this, &ThumbnailView::bringBack);
+}
+
+void ThumbnailView::bringBack() {
+    const QPersistentModelIndex held = std::exchange(m_held, {});
+    if (!held.isValid())
+        return;
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + visualRect(held).top() - m_heldTop);
+    if (selectionModel()->isSelected(currentIndex())) // another one, perhaps
+        scrollTo(currentIndex());
 }
 
 void ThumbnailView::wheelEvent(QWheelEvent* event) {

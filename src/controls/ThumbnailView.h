@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QListView>
+#include <QPersistentModelIndex>
 
 namespace tarsel {
 
@@ -22,6 +23,8 @@ Q_SIGNALS:
     void zoomed(int angle); ///< the wheel was turned while Ctrl was held, in eighths of a degree
 
 protected:
+    void hideEvent(QHideEvent* event) override; ///< the row in view comes back with the view
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     void wheelEvent(QWheelEvent* event) override;
@@ -29,6 +32,10 @@ protected:
 
 private:
     QModelIndex rowToHold() const;
+    void bringBack();
+
+    QPersistentModelIndex m_held; ///< while hidden
+    int m_heldTop = 0;
 };
 
 } // namespace tarsel

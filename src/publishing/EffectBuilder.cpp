@@ -2,6 +2,7 @@
 #include "publishing/EffectBuilder.h"
 
 #include "base/CodePage.h"
+#include "base/DialogSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
 #include "players/effects/Font.h"
@@ -89,6 +90,7 @@ QString effectPath(const QString& path) {
 }
 
 std::optional<QString> askForEffect() {
+    const DialogSubject subject("frmExecutable");
     const auto choice = service<Dialogs>().saveFileDialog(
         {QCoreApplication::translate("EffectBuilder", "Save IMAGE as Effect Executable"),
          QCoreApplication::translate("EffectBuilder", "Exe File (*.exe)|*.exe"),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "publishing/SaverBuilder.h"
 
+#include "base/DialogSubject.h"
 #include "base/SaveFileDialog.h"
 #include "publishing/ReplaceQuestion.h"
 #include "publishing/joined/JoinedOptions.h"
@@ -18,6 +19,7 @@ QString saverPath(const QString& path, bool isSlide) {
 }
 
 std::optional<QString> askForSaver(bool isSlide) {
+    const DialogSubject subject("frmScreenSaverOptions");
     const auto text = [](const char* source) { return QCoreApplication::translate("SaverBuilder", source); };
     FileDialogRequest request{
         text(isSlide ? QT_TRANSLATE_NOOP("SaverBuilder", "Save Slide As...")

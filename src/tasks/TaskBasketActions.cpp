@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskBasketActions.h"
 
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/SaveFileDialog.h"
 #include "tasks/TaskFile.h"
@@ -52,6 +53,7 @@ bool removeTask(TaskList& tasks, bool editing) {
 } // namespace
 
 bool cmdEditBar(int index, TaskList& tasks, bool editing) {
+    const DialogSubject subject("picEditBar");
     using Action = bool (*)(TaskList&, bool editing);
     static constexpr Action actions[] = {clearTasks, openTasks, saveTasks, removeTask};
     return actions[index](tasks, editing);

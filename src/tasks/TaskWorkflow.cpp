@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tasks/TaskWorkflow.h"
 
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorReport.h"
 #include "base/ErrorTrap.h"
@@ -17,6 +18,8 @@ namespace {
 constexpr int snapshotFormat = 7;
 constexpr int redEye = 16;
 
+constexpr const char* subjectName = "picTask";
+
 int kindOfItem(const QString& item) {
     for (const TaskKind& kind : taskKinds())
         if (item == QLatin1String(kind.panelKey))
@@ -25,6 +28,7 @@ int kindOfItem(const QString& item) {
 }
 
 void inform(const QString& text) {
+    const DialogSubject subject(subjectName);
     service<Dialogs>().messageBox(text, MessageIcon::Information, MessageButtons::Ok, ApplicationName);
 }
 
@@ -195,6 +199,7 @@ bool TaskWorkflow::isUnfinished() const {
 void TaskWorkflow::endTask(const Step& then) {
     if (!m_modified)
         return then();
+    const DialogSubject subject(subjectName);
     switch (service<Dialogs>().messageBox(
         tr("The image has been modified!\nDo you want to confirm the changes made to the image?"),
         MessageIcon::Information, MessageButtons::YesNoCancel, ApplicationName)) {
@@ -391,6 +396,7 @@ void TaskWorkflow::cmdOriginalImage() {
     post([this] {
         if (m_tasks.count() == 0)
             return;
+        const DialogSubject subject(subjectName);
         const MessageAnswer answer = service<Dialogs>().messageBox(
             tr("Resetting to original image will erase all editing functions from the batch list!\n"
                " Do you want to continue?"),

@@ -184,3 +184,13 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
     EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")))
         << "a row again, and removed by nobody since";
 }
+
+TEST_F(BasketHistoryTest, ADamagedBasketOfTheLastSessionIsPutAsideAndNoError) {
+    const QString file = settings.programFolder + QStringLiteral("/last-basket.ibd");
+    writeBytes(file, "\"/a.jpg\",\"\"\r\n\"/b.jpg");
+    QString damaged;
+    EXPECT_FALSE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged));
+    EXPECT_EQ(damaged, file + QStringLiteral(".damaged"));
+    EXPECT_TRUE(QFile::exists(damaged) && !QFile::exists(file));
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged) && damaged.isEmpty());
+}

@@ -71,6 +71,9 @@ TEST_F(AlbumDialog, OpensForABasketAndGeneratesWithWhatItShows) {
     click(*dialog(), "cmdGenerate");
     ASSERT_TRUE(waitFor([this] { return !dialog(); }));
     EXPECT_EQ(panel("status"), "3 written, 0 skipped, 0 failed");
+    auto& results = child<QWidget>(window(), "frmBatchResults");
+    EXPECT_EQ(child<QAbstractButton>(results, "lnkFolder").accessibleName(), text("Open the folder ") + out())
+        << "where the index is, not the pictures";
     const QByteArray index = readWholeFile(out() + text("/index.htm"));
     EXPECT_TRUE(contains(index, "Trip_photo03.html") &&
                 contains(index, "<body background='MyImages_Trip\\yellow.gif'"));

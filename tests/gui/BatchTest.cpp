@@ -108,6 +108,8 @@ TEST_F(Batch, ExitWritesNothingThenABatchAndAnotherOneWriteTheirFiles) {
     EXPECT_EQ(written(), 0);
 
     answerDialog("Trip");
+    when([rows] { return !rows->isEnabled(); },
+         [&] { child<QWidget>(window(), "cmdHelp").setFocus(); }); // as a window system does
     chooseBatchMode();
     EXPECT_EQ(completePictures(), "Trip_photo01_.jpg Trip_photo02_.jpg");
     EXPECT_EQ(panel("status"), "2 written, 0 skipped, 0 failed");

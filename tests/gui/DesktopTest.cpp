@@ -2,7 +2,9 @@
 #include "app/QtDesktop.h"
 #include "base/ErrorSubject.h"
 #include "base/SafeFileWriter.h"
+#include "configuration/ConfigFile.h"
 #include "configuration/ConfigRecord.h"
+#include "configuration/ProgramFolder.h"
 
 #include <QApplication>
 #include <QDir>
@@ -99,6 +101,15 @@ TEST(QtDesktopTest, TheFirstSaveDialogStartsWhereTheLastSessionEndedAndReturnsPa
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->path, folder.filePath(QStringLiteral("list")));
     EXPECT_EQ(choice->filterIndex, 2);
+
+    const QScopedValueRollback fresh(ConfigPath, folder.filePath(QStringLiteral("settings")));
+    QTimer::singleShot(0, qApp, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        EXPECT_EQ(dialog->directory().path(), visibleFolder(folder.path())) << "not the program folder";
+        dialog->reject();
+    });
+    EXPECT_FALSE(QtDesktop().dialogs.saveFileDialog({QStringLiteral("Save Basket"), {}, {}}));
 }
 
 TEST(QtDesktopTest, AWindowIsClosedByItsExactTitle) {

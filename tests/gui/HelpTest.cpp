@@ -102,6 +102,29 @@ TEST_F(Help, OpensAtThePaneOrTheTaskThatIsInUse) {
               "tasks#shadow");
 }
 
+TEST_F(Help, OpensFromADialogAtTheCommandThatAsks) {
+    startWithBasket(1);
+    window().preview().ShowRow(basket(), 0);
+    ASSERT_TRUE(waitFor([this] { return window().workspace().ibMain.HasImage(); }));
+    const std::tuple<QKeyCombination, const char*, const char*> commands[] = {
+        {Qt::CTRL | Qt::Key_S, "QFileDialog", "basket"},
+        {Qt::CTRL | Qt::Key_O, "messageBox", "basket"},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_O, "QFileDialog", "task-lists"},
+        {Qt::CTRL | Qt::Key_E, "QFileDialog", "preview#save-the-picture-on-show"}};
+    for (const auto& [keys, name, expected] : commands) {
+        window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        trigger("showFolders");
+        script.on(name, [&](QWidget& dialog) {
+            pressF1(dialog);
+            EXPECT_EQ(place(), expected) << "not the folders";
+            dialog.close();
+        });
+        QTest::keyClick(&window(), keys.key(), keys.keyboardModifiers());
+        EXPECT_TRUE(waitFor([this] { return script.isDone(); }));
+    }
+}
+
 /// A modal dialog blocks the other windows of a program, also one that was open before.
 TEST_F(Help, OpensOverAModalDialogAndTakesClicksAndKeysThere) {
     start();

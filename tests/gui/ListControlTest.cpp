@@ -108,6 +108,26 @@ TEST_F(ListControlTest, AGrowingListIsNeverPaintedEmpty) {
     }
 }
 
+TEST_F(ListControlTest, TheRowInViewComesBackWithTheThumbnails) {
+    fill(300);
+    control.setForm(ListControl::Form::Thumbnails);
+    control.resize(300, 200);
+    control.show();
+    QCoreApplication::processEvents();
+    list.selectOnly(200);
+    QCoreApplication::processEvents();
+    const auto place = [&] { return control.view()->visualRect(list.index(200, 0)); };
+    control.view()->scrollTo(list.index(200, 0));
+    const QRect before = place();
+    control.hide();
+    control.resize(2000, 1000);
+    control.show();
+    control.view()->viewport()->grab(); // lays the rows out in between
+    control.resize(300, 200);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(), before);
+}
+
 TEST_F(ListControlTest, MenuKeysAskForTheMenuAtTheRowWithTheFocus) {
     fill(3);
     control.resize(400, 300);
@@ -131,6 +151,22 @@ TEST_F(ListControlTest, AHeldArrowKeyShowsItsRowOnceItIsReleased) {
         QCoreApplication::sendEvent(control.view(), &release);
     }
     EXPECT_EQ(shown.count(), 1);
+}
+
+TEST_F(ListControlTest, TheFirstArrowSelectsTheRowThatTheFocusCameTo) {
+    fill(3);
+    control.setForm(ListControl::Form::Details);
+    control.show();
+    control.view()->selectionModel()->setCurrentIndex(list.index(0, 0), QItemSelectionModel::NoUpdate);
+    for (const auto& [key, row] : {std::pair(Qt::Key_Down, 0), {Qt::Key_Down, 1}, {Qt::Key_Home, 0}}) {
+        QTest::keyClick(control.view(), key);
+        EXPECT_EQ(shownSelection(), std::vector{row}) << key;
+    }
+    for (const auto& [key, row] : {std::pair(Qt::Key_Home, 0), {Qt::Key_End, 2}}) {
+        list.selectOnly(-1);
+        QTest::keyClick(control.view(), key);
+        EXPECT_EQ(shownSelection(), std::vector{row}) << key;
+    }
 }
 
 TEST_F(ListControlTest, TypingShowsItsRowAndAShortcutDoesNot) {

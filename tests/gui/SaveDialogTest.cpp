@@ -148,6 +148,11 @@ TEST_F(SaveDialog, ShowsEveryFieldOfTheRecordAndSaveStoresIt) {
             EXPECT_EQ(valueOf(name), value) << name.constData();
     const auto entries = [&](const char* name) { return control<QComboBox>(name).count(); };
     EXPECT_EQ(entries("cboRenamePrefix") + entries("cboRenameSuffix"), 2 * namingTokens().size());
+    auto& prefixes = control<QComboBox>("cboRenamePrefix");
+    prefixes.showPopup();
+    EXPECT_GE(prefixes.view()->viewport()->width(), prefixes.view()->sizeHintForColumn(0))
+        << "complete tokens";
+    prefixes.hidePopup();
     EXPECT_EQ(entries("cboSeparator1") + entries("cboSeparator2"), 2 * namingSeparators().size());
     EXPECT_EQ(entries("cboRenameGeneric"), namingCounts().size());
     settings = {};

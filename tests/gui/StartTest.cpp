@@ -4,12 +4,14 @@
 #include "base/SafeFileWriter.h"
 #include "configuration/ConfigFile.h"
 #include "configuration/RecordImage.h"
+#include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
 #include "docs/screenshots/SampleDialogs.h"
 #include "tasks/TaskColumns.h"
 #include "tests/gui/WindowTest.h"
 #include "tests/support/FileSizeLimit.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -74,8 +76,9 @@ TEST_F(Start, GivesANewcomerEachHintOnceAndInItsMoment) {
     start(pictures());
     ASSERT_TRUE(waitFor([&] { return listed().count() == 2; }));
     EXPECT_EQ(notice(), "These are sample pic");
-    EXPECT_FALSE(notices().isAncestorOf(window().focusWidget())) << "takes no focus";
-    addAll();
+    ASSERT_EQ(window().focusWidget(), child<ListControl>(window(), "lvFolder").view());
+    QTest::keyClick(window().focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(waitFor([&] { return basket().count() == 2 && notice().empty(); }))
         << "nothing to change yet";
     window().preview().ShowRow(basket(), 0);

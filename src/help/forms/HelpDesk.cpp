@@ -27,7 +27,7 @@ QStringList languagesBeforeEnglish() {
     return languages;
 }
 
-/// A question and a file dialog are about what had the focus in the window below.
+/// A question or a file dialog that no command has named a topic for is about what had the focus below.
 const QWidget* above(const QWidget* widget) {
     const QWidget* parent = widget->parentWidget();
     if (!widget->isWindow() || !parent || !parent->isWindow() || !parent->focusWidget())

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metadata/forms/MetadataEditor.h"
 
+#include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/EditLock.h"
 #include "base/ErrorSubject.h"
@@ -109,6 +110,7 @@ void MetadataEditor::run(const char* routine, const QString& trappingText,
     TrappingString = trappingText;
     {
         const ErrorSubject subject(m_path);
+        const DialogSubject dialogSubject("PicMetadata");
         runOrRefuse(routine, body);
     }
     m_isBusy = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/forms/ImageDocument.h"
 
+#include "base/DialogSubject.h"
 #include "base/ErrorTrap.h"
 #include "base/FailureOf.h"
 #include "base/FileNames.h"
@@ -16,6 +17,8 @@
 namespace tarsel {
 
 namespace {
+
+constexpr const char* subjectName = "frmJpegQuality";
 
 /// In the order of the dialog: `first`, then as in the table.
 std::vector<const SaveFormat*> offeredFormats(const QString& first) {
@@ -67,6 +70,7 @@ ImageDocument::ImageDocument(settings::SaveAdvanced& settings, QWidget* owner) :
     m_settings(settings), m_owner(owner) {}
 
 void ImageDocument::ShowSaveDialog(ImageBox box, const QString& source) {
+    const DialogSubject subject(subjectName);
     std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
         TrappingString = QStringLiteral("Saving the picture on show");
         const auto chosen =
@@ -91,6 +95,7 @@ bool ImageDocument::takeQuality() {
 
 void ImageDocument::ShowRescueDialog(const ImageBox& box, const QString& wanted,
                                      const std::function<void(const QString& path, bool isSaved)>& done) {
+    const DialogSubject subject(subjectName);
     std::ignore = trap("FrmMain.mnuSavePreviewAs", [&] {
         const QFileInfo file(wanted);
         const QString initial =

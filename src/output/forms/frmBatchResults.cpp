@@ -51,6 +51,15 @@ QString shownState(RowState state) {
     return frmBatchResults::tr("failed");
 }
 
+QStringList foldersOf(const std::vector<RowResult>& results) {
+    QStringList folders;
+    for (const RowResult& result : results)
+        if (result.state == RowState::Written)
+            folders << QDir::cleanPath(QFileInfo(result.target).path());
+    folders.removeDuplicates();
+    return folders;
+}
+
 QString longestState() {
     return std::max(
         {shownState(RowState::Written), shownState(RowState::Skipped), shownState(RowState::Failed)},
@@ -80,8 +89,10 @@ QString resultSummary(const std::vector<RowResult>& results) {
         .arg(countOf(Severity::Failed));
 }
 
-frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget* owner) :
-    QDialog(owner), m_rows({tr("State"), tr("Source"), tr("Target"), tr("Reason")}),
+frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget* owner,
+                                 const QString& album) :
+    QDialog(owner),
+    m_rows({tr("State"), tr("Source"), tr("Target"), tr("Reason")}),
     m_ui(std::make_unique<Ui::frmBatchResults>()) {
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -92,8 +103,9 @@ frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget*
     setTabOrder(m_ui->lblSummary, m_ui->lnkFolder);
     setTabOrder(m_ui->lnkFolder, list->view());
     setTabOrder(list->view(), m_ui->cmdOpenFolder);
-    showFolders(results);
-    connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this, [this] { openFolder(); });
+    showFolders(album.isEmpty() ? foldersOf(results) : QStringList(QDir::cleanPath(album)));
+    connect(m_ui->cmdOpenFolder, &QPushButton::clicked, this,
+            [this, album] { album.isEmpty() ? openFolder() : openFolder(QDir::cleanPath(album)); });
     connect(m_ui->cmdCopyAll, &QPushButton::clicked, this, [this] { copyRows(m_rows, false); });
     connect(m_ui->cmdSaveText, &QPushButton::clicked, this, &frmBatchResults::saveText);
     connectList(*list);
@@ -117,12 +129,7 @@ void frmBatchResults::addRows(std::vector<RowResult> results) {
     }
 }
 
-void frmBatchResults::showFolders(const std::vector<RowResult>& results) {
-    QStringList folders;
-    for (const RowResult& result : results)
-        if (result.state == RowState::Written)
-            folders << QDir::cleanPath(QFileInfo(result.target).path());
-    folders.removeDuplicates();
+void frmBatchResults::showFolders(const QStringList& folders) {
     m_ui->cmdOpenFolder->setEnabled(!folders.isEmpty());
     m_ui->lnkFolder->setVisible(folders.size() == 1);
     if (folders.size() != 1)

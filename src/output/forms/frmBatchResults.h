@@ -26,7 +26,8 @@ QString resultSummary(const std::vector<RowResult>& results);
 class frmBatchResults final : public QDialog {
     Q_OBJECT
 public:
-    frmBatchResults(const std::vector<RowResult>& results, QWidget* owner);
+    /// `album`: the folder of the album that the files belong to, which is shown instead of their own ones.
+    frmBatchResults(const std::vector<RowResult>& results, QWidget* owner, const QString& album = {});
     ~frmBatchResults() override;
     frmBatchResults(const frmBatchResults&) = delete;
     frmBatchResults& operator=(const frmBatchResults&) = delete;
@@ -35,7 +36,7 @@ public:
 
 private:
     void addRows(std::vector<RowResult> results);
-    void showFolders(const std::vector<RowResult>& results);
+    void showFolders(const QStringList& folders);
     ListControl* makeList();
     void connectList(ListControl& list);
     int usedRow() const;

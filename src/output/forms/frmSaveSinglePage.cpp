@@ -11,6 +11,7 @@
 #include "output/forms/NamePreview.h"
 #include "output/forms/ui_frmSaveSinglePage.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 
 namespace tarsel {
@@ -37,6 +38,13 @@ QString withoutEndingSeparator(const QString& folder) {
 QString shownDestination(const QString& stored) {
     const QString visible = visibleFolder(stored.trimmed());
     return visible == stored.trimmed() ? withoutEndingSeparator(stored) : visible;
+}
+
+/// Of a box that is narrower than its entries: its list shows each of them complete.
+void widenList(QComboBox& box) {
+    QAbstractItemView* list = box.view();
+    const int scrollBar = list->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list);
+    list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() + scrollBar);
 }
 
 using enum StoreMoment;
@@ -98,6 +106,7 @@ void frmSaveSinglePage::fillBoxes() {
     for (QComboBox* box : m_ui->grpFileName->findChildren<QComboBox*>()) {
         // Typed text stays as it is: no completion to one of the entries.
         box->setCompleter(nullptr);
+        widenList(*box);
         if (box != m_ui->cboRenameGeneric)
             dropForbiddenCharacters(box->lineEdit());
     }
