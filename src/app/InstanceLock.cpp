@@ -27,10 +27,7 @@ void putOddFileAside(const QString& path) {
     struct stat status = {};
     if (::lstat(name.constData(), &status) != 0 || S_ISREG(status.st_mode))
         return;
-    QString kept = path + QStringLiteral(".damaged");
-    for (int number = 2; isNameTaken(kept); ++number)
-        kept = QStringLiteral("%1.damaged-%2").arg(path).arg(number);
-    std::ignore = std::rename(name.constData(), QFile::encodeName(kept).constData());
+    std::ignore = std::rename(name.constData(), QFile::encodeName(nameOfDamaged(path)).constData());
 }
 
 bool isGone(qint64 process) {

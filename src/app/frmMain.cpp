@@ -14,6 +14,7 @@
 #include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
+#include "base/Translation.h"
 #include "collections/BasketActions.h"
 #include "collections/CachedThumbnails.h"
 #include "collections/LastBasket.h"
@@ -379,6 +380,12 @@ void frmMain::undo() {
     QString damaged;
     if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
         SetStatus(tr("The basket of the last session could not be read"));
+    else if (const int missing = int(m_basket.awaited.size()); missing > 0 && !m_basket.wasStopped())
+        SetStatus(countedText(
+            "frmMain", "1 file of the last basket was not found; it comes back when it is there again",
+            QT_TRANSLATE_N_NOOP("frmMain", "%n files of the last basket were not found; they "
+                                           "come back when they are there again"),
+            missing));
     if (!damaged.isEmpty())
         m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
     showHistory();

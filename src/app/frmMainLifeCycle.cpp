@@ -443,7 +443,7 @@ void frmMain::subEnd() {
         ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
         storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
-        ignoringErrors([this] { lastBasket::keep(m_workspace.lvPages, m_options.programFolder); });
+        ignoringErrors([this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited, m_options.programFolder); });
     });
 }
 
