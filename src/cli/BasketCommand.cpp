@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/EditLock.h"
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
 #include "cli/BasketWorkspace.h"
@@ -131,6 +132,7 @@ int save(const Arguments& arguments, const QString& basketPath, Terminal& termin
 
 /// Entries whose file is missing stay: its disk may come back.
 int add(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
+    const EditLock lock(basketPath); // what others add meanwhile stays
     ListView entries(basketHeaders());
     for (const auto& entry : modSaveOpenImageList::readBasketEntries(basketPath))
         addEntry(entries, entry.path, entry.description);

@@ -46,6 +46,21 @@ TEST(BasketCommand, AddingKeepsEntriesDescriptionsAndMissingFiles) {
                                              lineOf(folder, "c.jpg", "the new mill"));
 }
 
+TEST(BasketCommand, WhatSeveralProcessesAddAtOnceAllArrives) {
+    const PictureFolder folder;
+    constexpr int count = 12;
+    for (int i = 0; i < count; ++i)
+        QFile::copy(folder.path("a.jpg"), folder.path() + QStringLiteral("/p%1.jpg").arg(i));
+    EXPECT_EQ(folder.run("basket save x.ibf a.jpg").status, 0);
+    std::vector<pid_t> running;
+    for (int i = 0; i < count; ++i)
+        running.push_back(startProgram({text("basket"), text("add"), text("x.ibf"), text("p%1.jpg").arg(i)},
+                                       folder.path()));
+    for (const pid_t each : running)
+        EXPECT_EQ(endOf(each), 0);
+    EXPECT_EQ(basketOf(folder, "x.ibf").count('\n'), count + 1);
+}
+
 TEST(BasketCommand, AFailureIsReportedOnceWithItsReasonAndLeavesTheOldBasket) {
     const PictureFolder folder;
     const QByteArray odd = "\"/x/a.jpg\"\r\n\r\n";
