@@ -9,6 +9,7 @@
 #include "cli/PictureFacts.h"
 #include "cli/RawNames.h"
 #include "cli/Terminal.h"
+#include "collections/RowRun.h"
 #include "collections/clsFileInfo.h"
 
 #include <QCoreApplication>
@@ -45,7 +46,7 @@ int list(const Arguments& arguments, const QString& basketPath, Terminal& termin
         terminal.result(arguments.has("json") ? JsonLine()
                                                     .add("row", i + 1)
                                                     .add("name", row.text)
-                                                    .add("path", row.tag)
+                                                    .add("path", shownSource(row)) // a page's own file goes
                                                     .add("source", cell(BasketColumn::SourcePath))
                                                     .add("resolution", cell(BasketColumn::Resolution))
                                                     .add("size", cell(BasketColumn::FileSize))

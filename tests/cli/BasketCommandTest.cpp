@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "tests/cli/Program.h"
+#include "tests/support/MadePictures.h"
 #include "tests/support/Text.h"
 
 #include <QDir>
@@ -95,6 +96,10 @@ TEST(BasketCommand, ListsRowsWithTheirFacts) {
                                                           {"description", text("nice")}};
     for (const auto& [key, value] : members)
         EXPECT_EQ(row.value(text(key)), value) << key;
+    makeDocument(folder.path("scan.tif"), {{QSize(4, 3)}, {QSize(5, 3)}});
+    ASSERT_EQ(folder.run("basket save pages.ibf scan.tif").status, 0);
+    for (const QJsonObject& page : folder.run("basket list pages.ibf --json").objects())
+        EXPECT_EQ(page.value(text("path")), folder.path("scan.tif")) << "nothing that goes with the run";
     ASSERT_TRUE(QFile::remove(folder.path("a.jpg")));
     const ProgramRun less = folder.run("basket list x.ibd");
     EXPECT_EQ(less.status, 1);
