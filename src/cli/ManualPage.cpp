@@ -55,7 +55,7 @@ constexpr Meaning fileKinds[] = {
     {"*.ibf, *.ibd",
      QT_TRANSLATE_NOOP("ManualPage", "Basket: paths of pictures; in a .ibd file with descriptions.")},
     {"*.mbf",
-     QT_TRANSLATE_NOOP("ManualPage", "Metadata list: the lines of metadata that a web album shows.")},
+     QT_TRANSLATE_NOOP("ManualPage", "Metadata basket: the lines of metadata that a web album shows.")},
     {"*.xiff, *.ffo", QT_TRANSLATE_NOOP("ManualPage", "Side files: EXIF attributes, IPTC fields.")},
 };
 

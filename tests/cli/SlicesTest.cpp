@@ -56,6 +56,7 @@ TEST_F(Slices, DoneByGnuParallelAreTheFullRunByteForByte) {
                             options("many") + " --rows '{}-{= $_ += 3 =}'";
     const ProgramRun run = runShell(line.constData(), folder.path());
     EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(run.output.count(" written "), rowCount) << "no row twice";
     EXPECT_TRUE(contents("many") == contents("one"));
 }
 
@@ -65,6 +66,7 @@ TEST_F(Slices, OfASlurmArrayAreTheFullRunByteForByte) {
                             options("many").mid(6) + " || exit 1; done";
     const ProgramRun run = runShell(line.constData(), folder.path());
     EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(run.output.count(" written "), rowCount) << "no row twice";
     EXPECT_TRUE(contents("many") == contents("one"));
     EXPECT_NE(runShell(TARSEL_ROOT "/docs/many-machines/slice 4 --out many all.ibf", folder.path()).status, 0)
         << "by itself it would do what somebody else does";
