@@ -14,7 +14,6 @@
 #include "base/DialogSubject.h"
 #include "base/Dialogs.h"
 #include "base/ErrorTrap.h"
-#include "base/Translation.h"
 #include "collections/BasketActions.h"
 #include "collections/CachedThumbnails.h"
 #include "collections/LastBasket.h"
@@ -370,25 +369,6 @@ void frmMain::showHistory() {
         m_notices->withdraw(acquiredNotice());
     m_basketPane->showHistory(m_basket.history(),
                               isFirst && (m_offersAcquired || lastBasket::isKept(m_options.programFolder)));
-}
-
-/// Before the first step the end of the last session can be undone, which emptied the basket.
-void frmMain::undo() {
-    if (m_basket.history().undoable())
-        return changeBasket(&Basket::undo);
-    CollectionLists shared = m_workspace.lists(*pbQueue);
-    QString damaged;
-    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
-        SetStatus(tr("The basket of the last session could not be read"));
-    else if (const int missing = int(m_basket.awaited.size()); missing > 0 && !m_basket.wasStopped())
-        SetStatus(countedText(
-            "frmMain", "1 file of the last basket was not found; it comes back when it is there again",
-            QT_TRANSLATE_N_NOOP("frmMain", "%n files of the last basket were not found; they "
-                                           "come back when they are there again"),
-            missing));
-    if (!damaged.isEmpty())
-        m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
-    showHistory();
 }
 
 /// Shows the folder that was dropped, or that of the file, which is selected there.

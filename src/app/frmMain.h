@@ -152,6 +152,7 @@ private:
     void offerAcquired();
     static QString acquiredNotice();
     void undo();
+    void reopenLastBasket();
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void print(void (Printing::*command)());

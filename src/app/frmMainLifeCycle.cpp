@@ -10,6 +10,7 @@
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
+#include "base/Translation.h"
 #include "collections/LastBasket.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
@@ -25,6 +26,7 @@
 #include "configuration/ProgramFolder.h"
 #include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
+#include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
 #include "controls/frmStatus.h"
 #include "metadata/forms/MetadataPane.h"
@@ -246,6 +248,29 @@ void frmMain::offerAcquired() {
     });
 }
 
+/// Before the first step the end of the last session can be undone, which emptied the basket.
+void frmMain::undo() {
+    if (m_basket.history().undoable())
+        return changeBasket(&Basket::undo);
+    reopenLastBasket();
+}
+
+void frmMain::reopenLastBasket() {
+    CollectionLists shared = m_workspace.lists(*pbQueue);
+    QString damaged;
+    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
+        SetStatus(tr("The basket of the last session could not be read"));
+    else if (const int missing = int(m_basket.awaited.size()); missing > 0 && !m_basket.wasStopped())
+        SetStatus(countedText(
+            "frmMain", "1 file of the last basket was not found; it comes back when it is there again",
+            QT_TRANSLATE_N_NOOP("frmMain", "%n files of the last basket were not found; they "
+                                           "come back when they are there again"),
+            missing));
+    if (!damaged.isEmpty())
+        m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
+    showHistory();
+}
+
 /// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures, or
 /// else a folder of their own.
 void frmMain::showFirstTime() {
@@ -443,7 +468,8 @@ void frmMain::subEnd() {
         ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
         storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
-        ignoringErrors([this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited, m_options.programFolder); });
+        ignoringErrors(
+            [this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited, m_options.programFolder); });
     });
 }
 
