@@ -188,10 +188,15 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
 TEST_F(BasketHistoryTest, ADamagedBasketOfTheLastSessionIsPutAsideAndNoError) {
     const QString file = settings.programFolder + QStringLiteral("/last-basket.ibd");
     writeBytes(file, "\"/a.jpg\",\"\"\r\n\"/b.jpg");
+    const QString page = temporaryFolder(settings.programFolder) + QStringLiteral("1_1.tif");
+    acquiredFiles::list({page}, true);
+    makeDocument(page, {{{4, 4}, qRgb(5, 5, 5)}});
     QString damaged;
     EXPECT_FALSE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged));
     EXPECT_EQ(damaged, file + QStringLiteral(".damaged"));
     EXPECT_TRUE(QFile::exists(damaged) && !QFile::exists(file));
+    EXPECT_EQ(lvPages.row(lvPages.count() - 1).text, QStringLiteral("1_1.tif"))
+        << "a page of a session that was killed";
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged) && damaged.isEmpty());
 }
 
