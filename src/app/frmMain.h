@@ -79,7 +79,8 @@ public:
     /// Shows the picture or folder, or opens the basket or the task list, that the program was started with:
     /// a path or an address.
     void openFile(const QString& argument);
-    void takeUpright(); ///< shows the picture as the batch's option says
+    bool isWriting() const; ///< a file of the user
+    void takeUpright();     ///< shows the picture as the batch's option says
 
     void SetStatus(const QString& text);
     /// Writes the settings for a session that is about to end, which closes the window without a question.
@@ -196,7 +197,6 @@ private:
 
     // Form_Unload
     bool asksAboutEnd() const;
-    bool isWriting() const;
     void closeAfterWriting();
     void confirmEnd();
     QString stopQuestion() const;

@@ -19,7 +19,10 @@
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTimer>
+#include <chrono>
+#include <cstdlib>
 #include <optional>
+#include <thread>
 
 namespace {
 
@@ -33,6 +36,16 @@ public:
         return handled;
     }
 };
+
+/// Everything is stored. A thread may still read from a file system that doesn't answer, and would be waited
+/// for as long.
+void endInTime(int status) {
+    static constexpr std::chrono::seconds longestWait(2);
+    std::thread([status] {
+        std::this_thread::sleep_for(longestWait);
+        std::_Exit(status);
+    }).detach();
+}
 
 } // namespace
 
@@ -86,5 +99,8 @@ int main(int argc, char** argv) {
     // After the window has shown the last folder.
     if (!operands->isEmpty())
         QTimer::singleShot(0, &window, [&window, file = operands->front()] { window.openFile(file); });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    if (!window.isWriting())
+        endInTime(status);
+    return status;
 }
