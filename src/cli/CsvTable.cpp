@@ -78,6 +78,9 @@ QList<QStringList> readCsv(const QByteArray& bytes) {
     QString text = codePage::decode(bytes);
     if (text.startsWith(QChar(u'\xFEFF')))
         text.remove(0, 1);
+    if (text.contains(QChar(u'\0')))
+        fail(ErrorNumber::InvalidCall,
+             QCoreApplication::translate("CommandLine", "the table is not in UTF-8 or Windows-1252"));
     return CsvReader(text).read();
 }
 

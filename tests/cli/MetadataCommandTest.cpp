@@ -123,6 +123,7 @@ TEST(MetadataCommand, TakesATableAndGoesOnAfterWhatFails) {
         EXPECT_EQ(folder.run(commandLine("metadata") + commandLine(wrong)).status, 2) << wrong;
     EXPECT_TRUE(folder.run("metadata --help").output.contains("metadata import  Put the contents"));
     EXPECT_THROW(cli::readCsv("a,\"b"), TrappedError);
+    EXPECT_THROW(cli::readCsv(QByteArray("a\0,\0", 4)), TrappedError) << "UTF-16";
     EXPECT_EQ(cli::readCsv("a,Gr\xF6\xDF"
                            "e")
                   .value(0)

@@ -119,8 +119,9 @@ TEST_F(StartedProgram, WorksWhereItsFolderCannotBeMadeAndLeavesNothing) {
 TEST_F(StartedProgram, AnswersItsOptionsWithoutAWindow) {
     for (const auto& [option, status, answer] : {std::tuple("--help", 0, "Usage: tarsel-jpeg [FILE]"),
                                                  {"--version", 0, "tarsel-jpeg "},
-                                                 {"-x", 2, ""}}) {
-        startProgram({QLatin1String(option)});
+                                                 {"-x", 2, ""},
+                                                 {"a.jpg b.jpg", 2, ""}}) {
+        startProgram(QString::fromLatin1(option).split(u' '));
         EXPECT_TRUE(program.waitForFinished(60'000) && program.exitCode() == status) << option;
         EXPECT_TRUE(program.readAllStandardOutput().startsWith(answer)) << option;
     }
