@@ -40,6 +40,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QScopedValueRollback>
+#include <QSet>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
@@ -257,15 +258,21 @@ void frmMain::undo() {
 
 void frmMain::reopenLastBasket() {
     CollectionLists shared = m_workspace.lists(*pbQueue);
+    const auto missing = [this] {
+        QSet<QString> files;
+        for (const AwaitedEntry& entry : m_basket.awaited)
+            files << entry.path;
+        return int(files.size());
+    };
     QString damaged;
     if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
         SetStatus(tr("The basket of the last session could not be read"));
-    else if (const int missing = int(m_basket.awaited.size()); missing > 0 && !m_basket.wasStopped())
+    else if (!m_basket.awaited.empty() && !m_basket.wasStopped())
         SetStatus(countedText(
             "frmMain", "1 file of the last basket was not found; it comes back when it is there again",
             QT_TRANSLATE_N_NOOP("frmMain", "%n files of the last basket were not found; they "
                                            "come back when they are there again"),
-            missing));
+            missing()));
     if (!damaged.isEmpty())
         m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
     showHistory();

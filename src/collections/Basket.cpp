@@ -324,6 +324,16 @@ void Basket::empty() {
     showCount();
 }
 
+void Basket::await(const std::vector<BasketEntry>& entries) {
+    awaited.clear();
+    QString last, after;
+    for (const BasketEntry& entry : entries) {
+        if (entry.path != last)
+            after = std::exchange(last, entry.path);
+        awaited.push_back({entry, after});
+    }
+}
+
 void Basket::undo() {
     m_history.undo();
     if (m_lists.lvPages.isEmpty())

@@ -27,6 +27,11 @@ struct BasketEntry {
     QString description; ///< empty in a .ibf file
 };
 
+/// One whose row is still to come.
+struct AwaitedEntry : BasketEntry {
+    QString after; ///< the path before it; empty for the first
+};
+
 /// Headers of the basket list: text and SubItems 1 to 5.
 QStringList basketHeaders();
 namespace BasketColumn {
@@ -58,7 +63,8 @@ public:
     std::function<std::pair<int, int>()> visibleRows;
     /// Entries of a basket file whose rows are still to come, with their descriptions; of the last session's
     /// basket, also those whose files are missing. Whoever keeps the basket meanwhile keeps them too.
-    std::vector<BasketEntry> awaited;
+    std::vector<AwaitedEntry> awaited;
+    void await(const std::vector<BasketEntry>& entries);
     /// Called on the reading threads.
     ThumbnailReader readThumbnail = loadThumbnail;
 

@@ -86,7 +86,7 @@ void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, Collect
     QStringList paths;
     for (const BasketEntry& entry : entries)
         paths << entry.path;
-    basket.awaited = entries; // the session may end in between
+    basket.await(entries); // the session may end in between
     const auto done = qScopeGuard([&] { basket.awaited.clear(); });
     if (!basket.addListedFiles(paths))
         return describeByPath(entries, lists.lvPages);

@@ -66,7 +66,8 @@ struct KeptSource {
     QStringList descriptions;
 };
 
-Descriptions descriptionsOf(const std::vector<BasketEntry>& entries) {
+template <class Entries>
+Descriptions descriptionsOf(const Entries& entries) {
     Descriptions descriptions;
     for (const BasketEntry& entry : entries)
         descriptions[entry.path] << entry.description;
@@ -79,7 +80,7 @@ bool areEmpty(const QStringList& texts) {
 
 /// In the order of the rows; one without a row follows the one that was before it. A row that is still to be
 /// completed has no description yet.
-std::list<KeptSource> sourcesToKeep(const ListView& lvPages, const std::vector<BasketEntry>& awaited) {
+std::list<KeptSource> sourcesToKeep(const ListView& lvPages, const std::vector<AwaitedEntry>& awaited) {
     std::list<KeptSource> kept;
     QHash<QString, std::list<KeptSource>::iterator> places;
     for (int row = 0; row < lvPages.count(); ++row) {
@@ -89,14 +90,16 @@ std::list<KeptSource> sourcesToKeep(const ListView& lvPages, const std::vector<B
         places[path]->descriptions << lvPages.subItem(row, BasketColumn::Description);
     }
     const Descriptions known = descriptionsOf(awaited);
-    auto next = kept.begin();
-    for (const BasketEntry& entry : awaited) {
-        if (!places.contains(entry.path))
-            places.insert(entry.path, kept.insert(next, {entry.path, {}}));
-        const auto place = places[entry.path];
-        if (areEmpty(place->descriptions))
-            place->descriptions = known[entry.path];
-        next = std::next(place);
+    for (const AwaitedEntry& entry : awaited) {
+        if (!places.contains(entry.path)) {
+            const auto before = places.value(entry.after, kept.end());
+            const auto place = entry.after.isEmpty()  ? kept.begin()
+                               : before == kept.end() ? before
+                                                      : std::next(before);
+            places.insert(entry.path, kept.insert(place, {entry.path, {}}));
+        }
+        if (QStringList& texts = places[entry.path]->descriptions; areEmpty(texts))
+            texts = known[entry.path];
     }
     return kept;
 }
@@ -129,13 +132,13 @@ bool fillFrom(const QString& file, Basket& basket, ListView& lvPages) {
     for (const BasketEntry& entry : entries)
         paths << entry.path;
     paths.removeDuplicates();
-    basket.awaited = entries;
+    basket.await(entries);
     if (!paths.isEmpty())
         std::ignore = basket.addListedFiles(paths);
     describe(lvPages, entries);
     const QStringList sources = sourcesOf(lvPages);
     const QSet<QString> listed(sources.begin(), sources.end());
-    std::erase_if(basket.awaited, [&](const BasketEntry& entry) { return listed.contains(entry.path); });
+    std::erase_if(basket.awaited, [&](const AwaitedEntry& entry) { return listed.contains(entry.path); });
     return true;
 }
 
@@ -150,7 +153,7 @@ QString putDamagedAside(const QString& file) {
 
 } // namespace
 
-void keep(const ListView& lvPages, const std::vector<BasketEntry>& awaited, const QString& programFolder) {
+void keep(const ListView& lvPages, const std::vector<AwaitedEntry>& awaited, const QString& programFolder) {
     if (lvPages.isEmpty())
         return;
     clsFile file;

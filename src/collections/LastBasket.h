@@ -12,7 +12,7 @@ inline constexpr const char* fileName = "last-basket.ibd"; ///< in the program f
 
 /// An empty basket leaves what an earlier session kept. The `awaited` entries of the basket are kept with the
 /// rows; a document has a line for each of its described pages. A path that the file can't hold is left out.
-void keep(const ListView& lvPages, const std::vector<BasketEntry>& awaited, const QString& programFolder);
+void keep(const ListView& lvPages, const std::vector<AwaitedEntry>& awaited, const QString& programFolder);
 
 bool isKept(const QString& programFolder);
 
