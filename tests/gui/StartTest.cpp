@@ -163,7 +163,7 @@ TEST(StartFolder, ADiskWithoutRoomGivesATemporaryFolderWithTheSettingsOfBefore) 
     for (const char* name : {"/tarsel-jpeg", "/last-basket.ibd", "/Captured1.tif"})
         writeFileSafely(usual + QLatin1String(name), "settings");
     for (const QString& kept : {QString(), QStringLiteral("/Temp/scan.tif"), QStringLiteral("/Captured2.tif"),
-                                QStringLiteral("/my.ibd")}) {
+                                QStringLiteral("/my.ibd"), QStringLiteral("/tarsel-jpeg holidays.ibd")}) {
         QString other;
         {
             const FileSizeLimit full(100'000); // more than a log of this test
