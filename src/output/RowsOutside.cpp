@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "output/RowsOutside.h"
 
-#include "base/ErrorTrap.h"
-#include "collections/clsFileInfo.h"
 #include "output/Naming.h"
 #include "output/OutputName.h"
 #include "output/RowSources.h"
