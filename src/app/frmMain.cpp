@@ -539,16 +539,20 @@ void frmMain::setRunning(bool running) {
         addWaitingPages();
 }
 
+/// With the help of that kind of dialog.
+bool frmMain::refusesEmptyBasket(const char* dialog) const {
+    if (!m_workspace.lvPages.isEmpty())
+        return false;
+    const DialogSubject subject(dialog);
+    service<Dialogs>().messageBox(
+        tr("The basket is empty. Add the pictures to save from the folder list first."),
+        MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+    return true;
+}
+
 void frmMain::subSaveAsSinglePage() {
-    if (isRunning())
+    if (isRunning() || refusesEmptyBasket("frmSaveSinglePage"))
         return;
-    if (m_workspace.lvPages.isEmpty()) {
-        const DialogSubject subject("frmSaveSinglePage");
-        service<Dialogs>().messageBox(
-            tr("The basket is empty. Add the pictures to save from the folder list first."),
-            MessageIcon::Information, MessageButtons::Ok, ApplicationName);
-        return;
-    }
     const QScopedValueRollback running(m_run, Run::Batch);
     m_endsAtOnce = false;
     const std::vector<RowResult> results =
@@ -571,7 +575,7 @@ void frmMain::showResults(const QString& notice, const std::vector<RowResult>& r
 }
 
 void frmMain::openAlbum() {
-    if (m_workspace.lvPages.isEmpty() || isRunning())
+    if (isRunning() || refusesEmptyBasket("frmAlbum"))
         return;
     if (!m_album) {
         m_album = new frmAlbum(ConfigRecord.Album, this);

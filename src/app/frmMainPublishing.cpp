@@ -73,7 +73,7 @@ std::vector<RowResult> frmMain::publish(Run run, const std::function<std::vector
 }
 
 void frmMain::openSaver() {
-    if (m_workspace.lvPages.isEmpty() || isRunning())
+    if (isRunning() || refusesEmptyBasket("frmScreenSaverOptions"))
         return;
     auto* dialog = new frmScreenSaverOptions(ConfigRecord, samplesOf(m_workspace.lvPages), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
