@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
 
+#include "app/AltLetters.h"
 #include "app/DialogFit.h"
 #include "app/FirstHints.h"
 #include "app/MainActions.h"
@@ -85,6 +86,7 @@ frmMain::frmMain(StartupOptions options) :
     }
     qApp->installEventFilter(new TipSwitch(this));
     qApp->installEventFilter(new DialogFit(this));
+    qApp->installEventFilter(new AltLetters(this));
     arrangePanes();
     connectFolderPane();
     connectBasketPane();
