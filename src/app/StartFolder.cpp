@@ -38,6 +38,7 @@ Inspection inspect(const std::function<QString()>& makeFolder) {
     try {
         found.folder = makeFolder();
         requireRoom(found.folder);
+        (void)QDir(QDir(found.folder).filePath(QStringLiteral("Temp"))).isEmpty(); // maybe a link elsewhere
     } catch (const TrappedError& error) {
         found.trouble = error.description;
     }

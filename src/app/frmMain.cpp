@@ -4,6 +4,7 @@
 #include "app/AltLetters.h"
 #include "app/DialogFit.h"
 #include "app/FirstHints.h"
+#include "app/InstanceLock.h"
 #include "app/MainActions.h"
 #include "app/PaneKeys.h"
 #include "app/RunEndNotice.h"
@@ -40,7 +41,6 @@
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmSaveAdvanced.h"
-#include "publishing/forms/GenerateAlbum.h"
 #include "publishing/forms/MakeJoined.h"
 #include "publishing/forms/frmAlbum.h"
 #include "tasks/TaskBasketActions.h"
@@ -372,19 +372,6 @@ void frmMain::showHistory() {
                               isFirst && (m_offersAcquired || lastBasket::isKept(m_options.programFolder)));
 }
 
-/// Before the first step the end of the last session can be undone, which emptied the basket.
-void frmMain::undo() {
-    if (m_basket.history().undoable())
-        return changeBasket(&Basket::undo);
-    CollectionLists shared = m_workspace.lists(*pbQueue);
-    QString damaged;
-    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
-        SetStatus(tr("The basket of the last session could not be read"));
-    if (!damaged.isEmpty())
-        m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
-    showHistory();
-}
-
 /// Shows the folder that was dropped, or that of the file, which is selected there.
 void frmMain::showOfferedFile(const QList<QUrl>& files) {
     if (openOfferedTasks(files) || openOfferedBasket(files))
@@ -576,39 +563,11 @@ void frmMain::showResults(const QString& notice, const std::vector<RowResult>& r
     (new frmBatchResults(results, this, album))->show();
 }
 
-void frmMain::openAlbum() {
-    if (isRunning() || refusesEmptyBasket("frmAlbum"))
-        return;
-    if (!m_album) {
-        m_album = new frmAlbum(ConfigRecord.Album, this);
-        m_album->setAttribute(Qt::WA_DeleteOnClose);
-        connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
-    }
-    m_album->show();
-    m_album->raise();
-    m_album->activateWindow();
-}
-
 /// Those up to the selected one, as the preview shows them.
 std::vector<TaskRow> frmMain::shownTasks() const {
     const TaskList& lists = m_workspace.tasks;
     return modProcessTasks::rowsToReplay(lists.lvEdit, lists.lvEditBatch, &lists.lvEditPreview, false,
                                          m_workflow.isOpen());
-}
-
-void frmMain::generateAlbum(const AlbumOptions& options) {
-    if (isRunning() || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
-        return;
-    const QScopedValueRollback running(m_run, Run::Album);
-    m_endsAtOnce = false;
-    setRunning(true);
-    const auto tasks = [this] { return shownTasks(); };
-    AlbumRun run; // pictures that are turned as for a batch
-    run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
-    const std::vector<RowResult> results =
-        tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
-    setRunning(false);
-    showResults(tr("The album has ended"), results, options.settings.AlbumFolder);
 }
 
 } // namespace tarsel

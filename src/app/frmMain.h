@@ -14,7 +14,6 @@
 #include "output/forms/Printing.h"
 #include "tasks/TaskWorkflow.h"
 
-#include <QLockFile>
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
@@ -32,6 +31,7 @@ class frmAlbum;
 class frmTwain;
 class GreetingMaker;
 class HelpDesk;
+class InstanceLock;
 class ListControl;
 class MetadataPane;
 class NoticeBar;
@@ -152,6 +152,7 @@ private:
     void offerAcquired();
     static QString acquiredNotice();
     void undo();
+    void reopenLastBasket();
     /// The batch save, from its dialog to the list of results.
     void subSaveAsSinglePage();
     void print(void (Printing::*command)());
@@ -188,6 +189,7 @@ private:
     void showBefore();
     bool openOfferedTasks(const QList<QUrl>& files);
     bool openOfferedBasket(const QList<QUrl>& files);
+    void whenAnswered(const QString& path, const std::function<void()>& open);
     QString shownDocument() const;
     void offerDialogs(bool offered);
     void showZoom();
@@ -219,13 +221,14 @@ private:
     ScreenCapture m_capture;
     bool m_capturesPointer = false;                              ///< as chosen last in this run
     std::vector<std::pair<ImageBox, QString>> m_unsavedCaptures; ///< with file names; until they are offered
-    std::unique_ptr<QLockFile> m_instance;
+    std::unique_ptr<InstanceLock> m_instance;
     QPointer<frmAlbum> m_album; ///< while it is open
     QPointer<frmTwain> m_twain; ///< while it is open
     ScanMemory m_scanMemory;
     QStringList m_waitingPages; ///< of scanner and screen, for the basket
     bool m_addsPages = false;   ///< those that wait, at this moment
     FileQuestion m_acquiredQuestion;
+    FileQuestion m_offeredQuestion;
     bool m_offersAcquired = false; ///< pictures of earlier sessions, by an undo in the empty basket
     std::unique_ptr<GreetingMaker> m_greetings;
     HelpDesk* m_help = nullptr;

@@ -2,6 +2,8 @@
 #include "app/PictureSelector.h"
 #include "app/TaskPane.h"
 #include "app/frmMain.h"
+#include "base/IgnoringErrors.h"
+#include "base/SafeFileWriter.h"
 #include "collections/BasketActions.h"
 #include "collections/BasketFile.h"
 #include "collections/OfferedFiles.h"
@@ -16,6 +18,7 @@
 
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QFileInfo>
 #include <QMimeData>
 
 // The window while the picture is edited.
@@ -142,14 +145,25 @@ bool frmMain::openOfferedTasks(const QList<QUrl>& files) {
     const QString path = files.size() == 1 ? localPath(files.first()) : QString();
     if (!modSaveOpenImageList::isTaskFile(path))
         return false;
-    if (isRunning())
-        SetStatus(tr("Tasks can't be changed while a batch is running"));
-    else
+    whenAnswered(path, [this, path] {
+        if (isRunning())
+            return SetStatus(tr("Tasks can't be changed while a batch is running"));
         m_workflow.changeRows([this, path] {
             modSaveOpenImageList::fncOpenTaskBasket(path, m_workspace.tasks);
             return true; // a failed read has changed the rows too
         });
+    });
     return true;
+}
+
+/// Calls `open` once the file system has answered for the file, which one of the network may never do. A file
+/// that can't be read is reported by `open`.
+void frmMain::whenAnswered(const QString& path, const std::function<void()>& open) {
+    m_offeredQuestion.ask([path, open] {
+        if (QFileInfo(path).isFile())
+            ignoringErrors([&] { std::ignore = readWholeFile(path); });
+        return open;
+    });
 }
 
 /// One basket file, which takes the place of the rows. False for other files.
@@ -157,12 +171,12 @@ bool frmMain::openOfferedBasket(const QList<QUrl>& files) {
     const QString path = files.size() == 1 ? localPath(files.first()) : QString();
     if (!modSaveOpenImageList::isBasketFile(path))
         return false;
-    if (!m_actions.action("cmdPagesOpen").isEnabled()) {
-        SetStatus(tr("Another basket can't be opened now"));
-        return true;
-    }
-    CollectionLists lists = m_workspace.lists(*pbQueue);
-    basketActions::openBasketFile(path, m_basket, lists);
+    whenAnswered(path, [this, path] {
+        if (!m_actions.action("cmdPagesOpen").isEnabled())
+            return SetStatus(tr("Another basket can't be opened now"));
+        CollectionLists lists = m_workspace.lists(*pbQueue);
+        basketActions::openBasketFile(path, m_basket, lists);
+    });
     return true;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "acquisition/forms/frmTwain.h"
 #include "app/FirstHints.h"
+#include "app/InstanceLock.h"
 #include "app/TaskPane.h"
 #include "app/WindowPlace.h"
 #include "app/frmMain.h"
@@ -9,6 +10,7 @@
 #include "base/ErrorTrap.h"
 #include "base/IgnoringErrors.h"
 #include "base/ProgramIdentity.h"
+#include "base/Translation.h"
 #include "collections/LastBasket.h"
 #include "collections/PageFiles.h"
 #include "collections/Thumbnail.h"
@@ -24,6 +26,7 @@
 #include "configuration/ProgramFolder.h"
 #include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
+#include "controls/ProgressBar.h"
 #include "controls/Splitter.h"
 #include "controls/frmStatus.h"
 #include "metadata/forms/MetadataPane.h"
@@ -52,17 +55,6 @@ QSize qtSize(Size size) {
     return {size.width, size.height};
 }
 
-/// Takes a lock that names no process of this host: a crash of the system cut it short, or the host had
-/// another name. A living owner holds the file itself.
-bool takeOver(QLockFile& lock) {
-    constexpr int timeToWriteIt = 200; // ms, with room to spare
-    qint64 process = 0;
-    QString host, program;
-    if (lock.getLockInfo(&process, &host, &program) && host == QSysInfo::machineHostName())
-        return false;
-    return lock.tryLock(timeToWriteIt) || (lock.removeStaleLockFile() && lock.tryLock());
-}
-
 } // namespace
 
 // --- Form_Load
@@ -83,15 +75,9 @@ bool frmMain::Form_Load() {
 
 /// Before everything else: the configuration belongs to the instance that runs.
 bool frmMain::refuseSecondInstance() {
-    m_instance = std::make_unique<QLockFile>(QDir(m_options.programFolder).filePath(QStringLiteral(".lock")));
-    // A lock is stale when its process is gone, never for its age.
-    m_instance->setStaleLockTime(0);
-    if (m_instance->tryLock() || takeOver(*m_instance))
+    m_instance = std::make_unique<InstanceLock>(m_options.programFolder);
+    if (m_instance->take())
         return false;
-    if (m_instance->error() != QLockFile::LockFailedError) {
-        logIgnored(QStringLiteral("%1: can't be locked").arg(m_instance->fileName()));
-        return false;
-    }
     service<Dialogs>().messageBox(
         tr("There is already an instance of %1 running!\nMultiple instance is unsupported.")
             .arg(programIdentity::title),
@@ -260,6 +246,29 @@ void frmMain::offerAcquired() {
             showHistory();
         };
     });
+}
+
+/// Before the first step the end of the last session can be undone, which emptied the basket.
+void frmMain::undo() {
+    if (m_basket.history().undoable())
+        return changeBasket(&Basket::undo);
+    reopenLastBasket();
+}
+
+void frmMain::reopenLastBasket() {
+    CollectionLists shared = m_workspace.lists(*pbQueue);
+    QString damaged;
+    if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
+        SetStatus(tr("The basket of the last session could not be read"));
+    else if (const int missing = int(m_basket.awaited.size()); missing > 0 && !m_basket.wasStopped())
+        SetStatus(countedText(
+            "frmMain", "1 file of the last basket was not found; it comes back when it is there again",
+            QT_TRANSLATE_N_NOOP("frmMain", "%n files of the last basket were not found; they "
+                                           "come back when they are there again"),
+            missing));
+    if (!damaged.isEmpty())
+        m_notices->sayFirst(tr("The basket of the last session is damaged. It was kept as %1.").arg(damaged));
+    showHistory();
 }
 
 /// Selects the last folder, which lists it. Somebody who has never chosen one sees the sample pictures, or
@@ -433,6 +442,7 @@ void frmMain::Form_Unload() {
     m_folderView.stop();
     m_browsePane->question().forget();
     m_acquiredQuestion.forget();
+    m_offeredQuestion.forget();
     m_preview.stop();
     if (m_saveAdvanced)
         m_saveAdvanced->close(); // which stores its settings
@@ -458,7 +468,8 @@ void frmMain::subEnd() {
         ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
         storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
-        ignoringErrors([this] { lastBasket::keep(m_workspace.lvPages, m_options.programFolder); });
+        ignoringErrors(
+            [this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited, m_options.programFolder); });
     });
 }
 

@@ -6,7 +6,9 @@
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
 #include "output/forms/frmBatchResults.h"
+#include "publishing/forms/GenerateAlbum.h"
 #include "publishing/forms/MakeJoined.h"
+#include "publishing/forms/frmAlbum.h"
 #include "publishing/forms/frmExecutable.h"
 #include "publishing/forms/frmScreenSaverOptions.h"
 
@@ -70,6 +72,34 @@ std::vector<RowResult> frmMain::publish(Run run, const std::function<std::vector
     std::vector<RowResult> results = make();
     setRunning(false);
     return results;
+}
+
+void frmMain::openAlbum() {
+    if (isRunning() || refusesEmptyBasket("frmAlbum"))
+        return;
+    if (!m_album) {
+        m_album = new frmAlbum(ConfigRecord.Album, this);
+        m_album->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
+    }
+    m_album->show();
+    m_album->raise();
+    m_album->activateWindow();
+}
+
+void frmMain::generateAlbum(const AlbumOptions& options) {
+    if (isRunning() || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
+        return;
+    const QScopedValueRollback running(m_run, Run::Album);
+    m_endsAtOnce = false;
+    setRunning(true);
+    const auto tasks = [this] { return shownTasks(); };
+    AlbumRun run; // pictures that are turned as for a batch
+    run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
+    const std::vector<RowResult> results =
+        tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
+    setRunning(false);
+    showResults(tr("The album has ended"), results, options.settings.AlbumFolder);
 }
 
 void frmMain::openSaver() {

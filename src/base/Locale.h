@@ -24,4 +24,10 @@ public:
     DateForms dateForms() override;
 };
 
+/// The same on every system: month, day and year.
+class PlainLocale final : public Locale {
+public:
+    DateForms dateForms() override;
+};
+
 } // namespace tarsel

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/TrappedError.h"
 #include "cli/BasketWorkspace.h"
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
@@ -9,6 +10,7 @@
 #include "collections/modFileSystem.h"
 #include "publishing/AlbumFields.h"
 #include "publishing/AlbumGenerator.h"
+#include "publishing/ForeignFile.h"
 #include "publishing/MetadataBasket.h"
 
 #include <QCoreApplication>
@@ -20,7 +22,10 @@ namespace {
 
 constexpr OptionSpec ownOptions[] = {
     {"out", "FOLDER",
-     QT_TRANSLATE_NOOP("CommandLine", "put index.htm and the other files there; made when missing")},
+     QT_TRANSLATE_NOOP("CommandLine",
+                       "required; put index.htm and the other files there; made when missing")},
+    {"overwrite", nullptr,
+     QT_TRANSLATE_NOOP("CommandLine", "replace files that are not of an album, such as another index.htm")},
     {"thumbnail", "WxH",
      QT_TRANSLATE_NOOP("CommandLine", "size of thumbnails, 30 to 300 (default: 150x150)")},
     {"font", "FAMILY", QT_TRANSLATE_NOOP("CommandLine", "of all texts (default: Arial)")},
@@ -110,6 +115,16 @@ AlbumOptions albumOptions(const Arguments& arguments) {
     return album;
 }
 
+void refuseToReplaceOthers(const ListView& pages, const AlbumOptions& album) {
+    if (const auto file = foreignFile(pages, album))
+        throw TrappedError{ErrorNumber::InvalidCall,
+                           QCoreApplication::translate(
+                               "CommandLine",
+                               "%1 is not of an album and would be replaced: give the album a folder of "
+                               "its own, or say --overwrite")
+                               .arg(*file)};
+}
+
 int run(const Arguments& arguments, Terminal& terminal) {
     const AlbumOptions album = albumOptions(arguments);
     TaskList tasks;
@@ -124,6 +139,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
         report.summarise();
         return exitStatus(false);
     }
+    if (!arguments.has("overwrite"))
+        refuseToReplaceOthers(basket.pages(), album);
     if (!modFileSystem::FolderExists(album.settings.AlbumFolder))
         modFileSystem::MakeFolder(album.settings.AlbumFolder);
     AlbumRun albumRun;
@@ -145,10 +162,12 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command albumCommand{
     .name = "album",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
+    .required = "--out FOLDER",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Make a web album of a basket, or of pictures."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",
-        "Files of an earlier album are replaced; those that the new one doesn't use stay. index.htm is\n"
+        "Files of an earlier album are replaced; those that the new one doesn't use stay. Other files of\n"
+        "these names, such as an index.htm of your own, are replaced with --overwrite only. index.htm is\n"
         "written at the end: not after an error or an interrupt. A row whose picture fails has a page\n"
         "without it, and the run goes on. No source is replaced, but that of the row itself.\n"
         "--template modern has one page, index.htm, without the rows that fail; it turns pictures upright, "

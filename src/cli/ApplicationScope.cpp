@@ -52,6 +52,8 @@ ApplicationScope* ApplicationScope::current = nullptr;
 ApplicationScope::ApplicationScope(RunLanguage language) : m_language(language) {
     current = this;
     requireUtf8Locale();
+    if (m_language == RunLanguage::English)
+        ::setenv("LANGUAGE", "en", 1); // also what libraries and our other processes say
     qInstallMessageHandler(showOwnAndFatalMessages);
     m_application = std::make_unique<QCoreApplication>(programArgumentCount, programArguments);
     provideTexts();

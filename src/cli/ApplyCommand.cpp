@@ -92,7 +92,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
 
 constexpr Command applyCommand{
     .name = "apply",
-    .operands = "--tasks F.tbf IN OUT",
+    .operands = "IN OUT",
+    .required = "--tasks F.tbf",
     .summary = QT_TRANSLATE_NOOP("CommandLine",
                                  "Replay a task list on one picture; OUT's extension names the format."),
     .notes = QT_TRANSLATE_NOOP(

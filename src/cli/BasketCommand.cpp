@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/EditLock.h"
 #include "base/ErrorTrap.h"
 #include "base/SafeFileWriter.h"
 #include "cli/BasketWorkspace.h"
@@ -8,6 +9,7 @@
 #include "cli/PictureFacts.h"
 #include "cli/RawNames.h"
 #include "cli/Terminal.h"
+#include "collections/RowRun.h"
 #include "collections/clsFileInfo.h"
 
 #include <QCoreApplication>
@@ -44,7 +46,7 @@ int list(const Arguments& arguments, const QString& basketPath, Terminal& termin
         terminal.result(arguments.has("json") ? JsonLine()
                                                     .add("row", i + 1)
                                                     .add("name", row.text)
-                                                    .add("path", row.tag)
+                                                    .add("path", shownSource(row)) // a page's own file goes
                                                     .add("source", cell(BasketColumn::SourcePath))
                                                     .add("resolution", cell(BasketColumn::Resolution))
                                                     .add("size", cell(BasketColumn::FileSize))
@@ -87,6 +89,10 @@ QString whyNotAdded(const QString& path) {
 /// Adds pictures that exist; the others are reported. False when there was one.
 bool addPictures(ListView& entries, const QStringList& paths, const QString& description,
                  Terminal& terminal) {
+    for (const QString& operand : paths)
+        if (isBasketFile(operand))
+            throw UsageError{QCoreApplication::translate("CommandLine", "%1 is a basket file, not a picture")
+                                 .arg(operand)};
     bool allThere = true;
     for (const QString& operand : paths) {
         const QString path = absolutePath(operand);
@@ -127,6 +133,7 @@ int save(const Arguments& arguments, const QString& basketPath, Terminal& termin
 
 /// Entries whose file is missing stay: its disk may come back.
 int add(const Arguments& arguments, const QString& basketPath, Terminal& terminal) {
+    const EditLock lock(basketPath); // what others add meanwhile stays
     ListView entries(basketHeaders());
     for (const auto& entry : modSaveOpenImageList::readBasketEntries(basketPath))
         addEntry(entries, entry.path, entry.description);

@@ -213,12 +213,13 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command captureCommand{
     .name = "capture",
     .operands = "",
+    .required = "--out FILE",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Take a picture of the screen."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",
-        "One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The "
-        "screen is\n"
-        "that of the X server in DISPLAY."),
+        "One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The screen\n"
+        "is that of the X server in DISPLAY; in a session of Wayland, by WAYLAND_DISPLAY, the desktop takes\n"
+        "the picture, and may ask first."),
     .options = options,
     .run = run,
 };

@@ -14,10 +14,11 @@ enum ExitStatus { AllDone = 0, SomeNotDone = 1, WrongUsage = 2, Interrupted = 13
 
 /// One command of the command line.
 struct Command {
-    const char* name;     ///< one word, or two: that of a group and its own
-    const char* operands; ///< after the options in the first line of its help
-    const char* summary;  ///< one line for the list of commands
-    const char* notes;    ///< paragraphs after the options in its help
+    const char* name;          ///< one word, or two: that of a group and its own
+    const char* operands;      ///< after the options in the first line of its help
+    const char* required = ""; ///< options before the others in that line, which it can't do without
+    const char* summary;       ///< one line for the list of commands
+    const char* notes;         ///< paragraphs after the options in its help
     std::span<const OptionSpec> options;
     /// Throws UsageError for wrong usage and TrappedError for what makes the command impossible.
     int (*run)(const Arguments& arguments, Terminal& terminal);

@@ -35,14 +35,16 @@ bool isHelp(const QString& word) {
     return word == QLatin1String("--help") || word == QLatin1String("-h");
 }
 
-/// Two columns, the first as wide as its longest text.
+/// Two columns, the first as wide as its longest text. Further lines of the second stay in it.
 QString table(const QList<std::pair<QString, QString>>& rows) {
     qsizetype width = 0;
     for (const auto& row : rows)
         width = std::max(width, row.first.size());
     QString text;
+    const QString indent = QLatin1Char('\n') + QString(width + 4, QLatin1Char(' '));
     for (const auto& row : rows)
-        text += QStringLiteral("  ") + row.first.leftJustified(width + 2) + row.second + QLatin1Char('\n');
+        text += QStringLiteral("  ") + row.first.leftJustified(width + 2) +
+                QString(row.second).replace(QLatin1Char('\n'), indent) + QLatin1Char('\n');
     return text;
 }
 
@@ -145,10 +147,13 @@ QString commandHelp(const Command& command) {
     for (const OptionSpec& option : command.options)
         rows.append({spelledOption(option), shownText(option.help)});
     rows.append({QStringLiteral("--help"), QCoreApplication::translate("CommandLine", "show this text")});
-    return QCoreApplication::translate("CommandLine",
-                                       "Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
-        .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.operands), shownText(command.summary),
-             table(rows), shownText(command.notes));
+    const QString beforeOptions =
+        QLatin1String(command.name) + QLatin1Char(' ') + QLatin1String(command.required);
+    QString help = QCoreApplication::translate("CommandLine",
+                                               "Usage: tarsel %1 [OPTION]... %2\n\n%3\n\nOptions:\n%4\n%5\n")
+                       .arg(beforeOptions.trimmed(), QString::fromUtf8(command.operands),
+                            shownText(command.summary), table(rows), shownText(command.notes));
+    return help.replace(QStringLiteral(" \n"), QStringLiteral("\n")); // of a command without operands
 }
 
 int runCommandLine(const QStringList& words, Terminal& terminal) {

@@ -113,6 +113,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command greetingCommand{
     .name = "greeting",
     .operands = "PICTURE",
+    .required = "--out FILE --style STYLE",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Make a program that shows one picture with an effect."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/ErrorSubject.h"
+#include "base/Locale.h"
 #include "base/Stop.h"
 #include "cli/Command.h"
 #include "cli/FilePaths.h"
@@ -8,6 +9,7 @@
 #include "cli/Terminal.h"
 
 #include <QCoreApplication>
+#include <optional>
 
 namespace tarsel::cli {
 
@@ -31,6 +33,10 @@ int run(const Arguments& arguments, Terminal& terminal) {
         throw UsageError{QCoreApplication::translate("CommandLine", "no picture given")};
     const InterruptScope interruptible;
     const StopScope stop(interruptible.stop());
+    PlainLocale plain;
+    std::optional<ServiceScope<Locale>> sameOnAllSystems;
+    if (arguments.has("json"))
+        sameOnAllSystems.emplace(plain);
     bool allRead = true;
     QStringList paths;
     for (const QString& operand : arguments.operands())

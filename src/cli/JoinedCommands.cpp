@@ -203,6 +203,7 @@ constexpr Command joinedListCommand{
 constexpr Command joinedExtractCommand{
     .name = "joined extract",
     .operands = "FILE",
+    .required = "--out FOLDER",
     .summary =
         QT_TRANSLATE_NOOP("CommandLine", "Copy the pictures out of a screen saver, slide show or greeting."),
     .notes = QT_TRANSLATE_NOOP(

@@ -55,7 +55,7 @@ constexpr Meaning fileKinds[] = {
     {"*.ibf, *.ibd",
      QT_TRANSLATE_NOOP("ManualPage", "Basket: paths of pictures; in a .ibd file with descriptions.")},
     {"*.mbf",
-     QT_TRANSLATE_NOOP("ManualPage", "Metadata list: the lines of metadata that a web album shows.")},
+     QT_TRANSLATE_NOOP("ManualPage", "Metadata basket: the lines of metadata that a web album shows.")},
     {"*.xiff, *.ffo", QT_TRANSLATE_NOOP("ManualPage", "Side files: EXIF attributes, IPTC fields.")},
 };
 
@@ -142,7 +142,9 @@ ManualPage pageOf(const Command& command, const QString& date) {
     ManualText page(name, date);
     addName(page, name, shownText(command.summary));
     page.section(Texts::tr("SYNOPSIS"));
+    const QString required = markedWords(QLatin1String(command.required));
     page.line(ManualText::bold(QStringLiteral("tarsel ") + QLatin1String(command.name)) +
+              (required.isEmpty() ? QString() : QLatin1Char(' ') + required) +
               QStringLiteral(" [\\fI%1\\fP]... ").arg(Texts::tr("OPTION")) +
               markedWords(QString::fromUtf8(command.operands)));
     page.section(Texts::tr("DESCRIPTION"));

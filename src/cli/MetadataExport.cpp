@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/FileIdentity.h"
 #include "base/TrappedError.h"
 #include "cli/FilePaths.h"
 #include "cli/MetadataReport.h"
@@ -73,16 +74,28 @@ MetadataOutcome exported(const QString& path, const SideFiles& files, bool isDry
     return outcome;
 }
 
+/// Other names could be those of pictures: other commands have an --exif without a value.
+QString sideFileOf(const Arguments& arguments, const char* option, const char* extension) {
+    if (!arguments.has(option))
+        return {};
+    QString path = filePath(arguments.value(option));
+    if (!path.endsWith(QLatin1String(extension), Qt::CaseInsensitive))
+        throw UsageError{QCoreApplication::translate("CommandLine", "--%1: \"%2\" doesn't end in %3")
+                             .arg(QLatin1String(option), path, QLatin1String(extension))};
+    return path;
+}
+
 /// To the files of these names; one that can't be made is a failure.
 int exportOne(const Arguments& arguments, Terminal& terminal) {
-    const auto file = [&](const char* option) {
-        return arguments.has(option) ? filePath(arguments.value(option)) : QString();
-    };
-    const SideFiles files{file("exif"), file("iptc")};
+    const SideFiles files{sideFileOf(arguments, "exif", ".xiff"), sideFileOf(arguments, "iptc", ".ffo")};
     const QStringList paths = editablePictures(arguments.operands());
     if (paths.size() != 1 || arguments.operands().size() != 1)
         throw UsageError{QCoreApplication::translate(
             "CommandLine", "--exif and --iptc take one picture; --beside takes several")};
+    for (const QString& file : {files.exif, files.iptc})
+        if (!file.isEmpty() && FileIdentity::of(file) == FileIdentity::of(paths.first()))
+            throw UsageError{
+                QCoreApplication::translate("CommandLine", "%1 is the picture itself").arg(file)};
     return forEach(paths, arguments, terminal, [&](const QString& path, MetadataReport& report) {
         MetadataOutcome outcome = exported(path, files, report.isDry());
         if (outcome.files.size() < int(!files.exif.isEmpty()) + int(!files.iptc.isEmpty()) &&

@@ -68,12 +68,12 @@ QString sizeText(int width, int height, int bits) {
 }
 
 /// Rows with a value, under a heading; nothing when there are none.
-QStringList section(const char* heading, const ListView& rows) {
+QStringList section(const char* heading, const ListView& rows, QString (*inWords)(const QString& label)) {
     constexpr int labelWidth = 36;
     QStringList lines;
     for (int i = 0; i < rows.count(); ++i)
         if (const QString value = rows.row(i).subItems.value(0); !value.isEmpty())
-            lines << QStringLiteral("    %1 ").arg(rows.row(i).text, -labelWidth) + value;
+            lines << QStringLiteral("    %1 ").arg(inWords(rows.row(i).text), -labelWidth) + value;
     if (!lines.isEmpty())
         lines.prepend(QStringLiteral("  ") + QLatin1String(heading));
     return lines;
@@ -158,7 +158,9 @@ QStringList linesOf(const PictureFacts& facts) {
                      .arg(facts.pages);
     if (!facts.damage.isEmpty())
         lines << QCoreApplication::translate("CommandLine", "  damaged: %1").arg(facts.damage);
-    return lines + section("EXIF", facts.exif) + section("IPTC", facts.iptc);
+    const auto asListed = [](const QString& label) { return label; };
+    return lines + section("EXIF", facts.exif, asListed) +
+           section("IPTC", facts.iptc, modMetadata::IptcLabelInWords);
 }
 
 QString unreadableReason(const QString& path) {

@@ -138,6 +138,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command printCommand{
     .name = "print",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
+    .required = "--pdf OUT.pdf",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Print a basket, or pictures, into a PDF document."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",

@@ -85,6 +85,7 @@ constexpr char notes[] = QT_TRANSLATE_NOOP(
 constexpr Command saverCommand{
     .name = "saver",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
+    .required = "--out FILE",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Make a screen saver of a basket, or of pictures."),
     .notes = notes,
     .options = optionsWith<saverFile>,
@@ -94,6 +95,7 @@ constexpr Command saverCommand{
 constexpr Command slideCommand{
     .name = "slide",
     .operands = "BASKET.ibf|BASKET.ibd | PICTURE...",
+    .required = "--out FILE",
     .summary = QT_TRANSLATE_NOOP("CommandLine",
                                  "Make a slide show that runs by itself, of a basket, or of pictures."),
     .notes = notes,

@@ -183,6 +183,7 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr Command scanCommand{
     .name = "scan",
     .operands = "",
+    .required = "--out FILE|FOLDER",
     .summary = QT_TRANSLATE_NOOP("CommandLine", "Scan pages from a scanner."),
     .notes = QT_TRANSLATE_NOOP(
         "CommandLine",

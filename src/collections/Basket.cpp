@@ -310,6 +310,7 @@ void Basket::cmdPagesDelete() {
 void Basket::cmdPagesNew() {
     stopAdding();
     m_failed.clear();
+    awaited.clear();
     m_history.beginNewBasket(settings.programFolder);
     m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("New Basket"));
 }
@@ -319,11 +320,14 @@ void Basket::empty() {
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
     m_failed.clear();
+    awaited.clear();
     showCount();
 }
 
 void Basket::undo() {
     m_history.undo();
+    if (m_lists.lvPages.isEmpty())
+        awaited.clear();
     showCount();
 }
 

@@ -21,6 +21,12 @@ namespace tarsel {
 struct BasketItem;
 struct OfferedFiles;
 
+/// One line of a basket file.
+struct BasketEntry {
+    QString path;
+    QString description; ///< empty in a .ibf file
+};
+
 /// Headers of the basket list: text and SubItems 1 to 5.
 QStringList basketHeaders();
 namespace BasketColumn {
@@ -50,6 +56,9 @@ public:
     CollectionSettings settings;
     /// The first and the last row in view, which are read first.
     std::function<std::pair<int, int>()> visibleRows;
+    /// Entries of a basket file whose rows are still to come, with their descriptions; of the last session's
+    /// basket, also those whose files are missing. Whoever keeps the basket meanwhile keeps them too.
+    std::vector<BasketEntry> awaited;
     /// Called on the reading threads.
     ThumbnailReader readThumbnail = loadThumbnail;
 

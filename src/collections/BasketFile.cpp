@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QScopeGuard>
 #include <QSet>
 #include <algorithm>
 #include <vector>
@@ -85,6 +86,8 @@ void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, Collect
     QStringList paths;
     for (const BasketEntry& entry : entries)
         paths << entry.path;
+    basket.awaited = entries; // the session may end in between
+    const auto done = qScopeGuard([&] { basket.awaited.clear(); });
     if (!basket.addListedFiles(paths))
         return describeByPath(entries, lists.lvPages);
     // Paired by number: after a document or a missing file the description is another row's.

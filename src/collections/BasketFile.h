@@ -7,12 +7,6 @@
 
 namespace tarsel::modSaveOpenImageList {
 
-/// One line of a basket file.
-struct BasketEntry {
-    QString path;
-    QString description; ///< empty in a .ibf file
-};
-
 /// By its extension, .ibf or .ibd.
 bool isBasketFile(const QString& path);
 

@@ -5,14 +5,19 @@
 #include "base/FailureOf.h"
 #include "base/FileNames.h"
 #include "base/IgnoringErrors.h"
+#include "base/clsFile.h"
 #include "collections/BasketFile.h"
 #include "collections/PageFiles.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSet>
+#include <algorithm>
 #include <functional>
+#include <iterator>
+#include <list>
 #include <tuple>
 
 namespace tarsel::lastBasket {
@@ -53,6 +58,87 @@ QStringList sourcesOf(const ListView& lvPages) {
     return sources;
 }
 
+using Descriptions = QHash<QString, QStringList>; ///< by source, in the order of its rows
+
+/// A source with the descriptions of its rows.
+struct KeptSource {
+    QString path;
+    QStringList descriptions;
+};
+
+Descriptions descriptionsOf(const std::vector<BasketEntry>& entries) {
+    Descriptions descriptions;
+    for (const BasketEntry& entry : entries)
+        descriptions[entry.path] << entry.description;
+    return descriptions;
+}
+
+bool areEmpty(const QStringList& texts) {
+    return std::ranges::all_of(texts, &QString::isEmpty);
+}
+
+/// In the order of the rows; one without a row follows the one that was before it. A row that is still to be
+/// completed has no description yet.
+std::list<KeptSource> sourcesToKeep(const ListView& lvPages, const std::vector<BasketEntry>& awaited) {
+    std::list<KeptSource> kept;
+    QHash<QString, std::list<KeptSource>::iterator> places;
+    for (int row = 0; row < lvPages.count(); ++row) {
+        const QString path = lvPages.subItem(row, BasketColumn::SourcePath);
+        if (!places.contains(path))
+            places.insert(path, kept.insert(kept.end(), {path, {}}));
+        places[path]->descriptions << lvPages.subItem(row, BasketColumn::Description);
+    }
+    const Descriptions known = descriptionsOf(awaited);
+    auto next = kept.begin();
+    for (const BasketEntry& entry : awaited) {
+        if (!places.contains(entry.path))
+            places.insert(entry.path, kept.insert(next, {entry.path, {}}));
+        const auto place = places[entry.path];
+        if (areEmpty(place->descriptions))
+            place->descriptions = known[entry.path];
+        next = std::next(place);
+    }
+    return kept;
+}
+
+/// One line for a source, or as many as it has described rows. The format has no escape for a double quote.
+void write(clsFile& file, const KeptSource& source) {
+    if (source.path.contains(QLatin1Char('"')))
+        return logIgnored(source.path + QStringLiteral(": not kept in the last basket"));
+    QStringList descriptions = source.descriptions;
+    while (descriptions.size() > 1 && descriptions.last().isEmpty())
+        descriptions.removeLast();
+    for (const QString& each : descriptions)
+        file.write_ImageBasket(source.path, each);
+}
+
+/// By their sources: a file that is missing, or a page, shifts none of the others.
+void describe(ListView& lvPages, const std::vector<BasketEntry>& entries) {
+    Descriptions left = descriptionsOf(entries);
+    for (int row = 0; row < lvPages.count(); ++row)
+        if (QStringList& texts = left[lvPages.subItem(row, BasketColumn::SourcePath)]; !texts.isEmpty())
+            lvPages.setSubItem(row, BasketColumn::Description, texts.takeFirst());
+}
+
+bool fillFrom(const QString& file, Basket& basket, ListView& lvPages) {
+    basket.empty();
+    std::vector<BasketEntry> entries;
+    if (failureOf([&] { entries = modSaveOpenImageList::readBasketEntries(file); }))
+        return false;
+    QStringList paths;
+    for (const BasketEntry& entry : entries)
+        paths << entry.path;
+    paths.removeDuplicates();
+    basket.awaited = entries;
+    if (!paths.isEmpty())
+        std::ignore = basket.addListedFiles(paths);
+    describe(lvPages, entries);
+    const QStringList sources = sourcesOf(lvPages);
+    const QSet<QString> listed(sources.begin(), sources.end());
+    std::erase_if(basket.awaited, [&](const BasketEntry& entry) { return listed.contains(entry.path); });
+    return true;
+}
+
 /// The name that a damaged file got; empty for any other, and for one that can't be opened or renamed.
 QString putDamagedAside(const QString& file) {
     const bool isReadable = QFile(file).open(QIODevice::ReadOnly);
@@ -64,10 +150,15 @@ QString putDamagedAside(const QString& file) {
 
 } // namespace
 
-void keep(const ListView& lvPages, const QString& programFolder) {
-    constexpr int describedFilter = 3;
-    if (!lvPages.isEmpty())
-        modSaveOpenImageList::writeBasketFile(describedFilter, fileIn(programFolder), lvPages);
+void keep(const ListView& lvPages, const std::vector<BasketEntry>& awaited, const QString& programFolder) {
+    if (lvPages.isEmpty())
+        return;
+    clsFile file;
+    if (!file.OpenForWrite(fileIn(programFolder)))
+        throw *file.openError();
+    for (const KeptSource& source : sourcesToKeep(lvPages, awaited))
+        write(file, source);
+    file.closefile();
 }
 
 bool isKept(const QString& programFolder) {
@@ -83,9 +174,7 @@ bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder
     if (damaged)
         *damaged = aside;
     const bool hasKept = isKept(programFolder);
-    const bool isOpened = hasKept
-                              ? modSaveOpenImageList::fncOpenImageBasket(fileIn(programFolder), basket, lists)
-                              : aside.isEmpty();
+    const bool isOpened = hasKept ? fillFrom(fileIn(programFolder), basket, lists.lvPages) : aside.isEmpty();
     if (hasKept && basket.wasStopped())
         return isOpened;
     const QStringList lacking = acquiredWithout([&] { return sourcesOf(lists.lvPages); }, programFolder);

@@ -10,8 +10,9 @@ namespace tarsel::lastBasket {
 
 inline constexpr const char* fileName = "last-basket.ibd"; ///< in the program folder
 
-/// An empty basket leaves what an earlier session kept.
-void keep(const ListView& lvPages, const QString& programFolder);
+/// An empty basket leaves what an earlier session kept. The `awaited` entries of the basket are kept with the
+/// rows; a document has a line for each of its described pages. A path that the file can't hold is left out.
+void keep(const ListView& lvPages, const std::vector<BasketEntry>& awaited, const QString& programFolder);
 
 bool isKept(const QString& programFolder);
 
@@ -19,9 +20,9 @@ bool isKept(const QString& programFolder);
 /// basket.
 QStringList acquiredBeside(const QString& programFolder);
 
-/// Replaces the basket as fncOpenImageBasket does, and returns what that does. Then adds the acquired
-/// pictures that it lacks. A damaged file, which the end of the session would write over, gets the name
-/// `damaged`; false for that too.
+/// Replaces the basket; false when the file can't be read. Each row gets the description that it had, and
+/// what is missing stays with the basket as awaited. Then adds the acquired pictures that it lacks. A damaged
+/// file, which the end of the session would write over, gets the name `damaged`; false for that too.
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged = nullptr);
 
 } // namespace tarsel::lastBasket

@@ -105,7 +105,8 @@ QStringList keepDamagedSettings() {
     if (const QString beside = settingsPathBeside(); QFileInfo::exists(beside) && !isReadableFile(beside))
         remarks << renameAside(beside);
     if (const QFileInfo temporary(QFileInfo(ConfigPath).dir().filePath(QStringLiteral("Temp")));
-        temporary.exists() && !temporary.isDir())
+        !temporary.isDir() &&
+        (temporary.exists() || temporary.isSymLink())) // maybe to a disk that is missing
         remarks << renameAside(temporary.filePath());
     remarks.removeAll(QString());
     return remarks;

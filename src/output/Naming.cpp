@@ -85,7 +85,7 @@ constexpr NamingToken tokens[] = {
     {"[Resulting resolution]", TokenNeeds::Result,
      [](const NamingFacts& f, QString& r) { r = resolution(f.width, f.height); }},
     {"[Resulting size]", TokenNeeds::Nothing, [](const NamingFacts& f, QString& r) { r = encodedSize(f); }},
-    {"[Date Today-Time]", TokenNeeds::Nothing,
+    {"[Date Today-Time]", TokenNeeds::Moment,
      [](const NamingFacts&, QString& r) { r = formatDate(service<Clock>().now(), dateTimePattern()); }},
     {"[Date Today]", TokenNeeds::Nothing,
      [](const NamingFacts&, QString& r) { r = formatDate(service<Clock>().now(), datePattern()); }},

@@ -15,7 +15,8 @@ const QStringList& namingCounts();
 
 /// What a token needs to know for its text.
 enum class TokenNeeds {
-    Nothing,  ///< the text itself and the clock
+    Nothing,  ///< the text itself and the day
+    Moment,   ///< the time of day: another text for each row
     File,     ///< size and dates of the source file
     Source,   ///< the size of the source picture
     Metadata, ///< EXIF and IPTC of the source picture

@@ -3,6 +3,8 @@
 
 #include "base/ListView.h"
 #include "collections/Basket.h"
+#include "collections/RowRun.h"
+#include "collections/modFileSystem.h"
 
 namespace tarsel {
 
@@ -13,6 +15,12 @@ inline QStringList sourcesOfRow(const ListRow& row) {
     if (!document.isEmpty() && document != row.tag)
         sources << document;
     return sources;
+}
+
+/// The folder that "source folder" means, with a separator at its end: of a page that of its file, or that of
+/// its document.
+inline QString sourceFolder(const ListRow& row, bool ofDocument) {
+    return modFileSystem::GetFolderPart(ofDocument ? shownSource(row) : row.tag);
 }
 
 } // namespace tarsel

@@ -11,6 +11,7 @@
 #include "imaging/Upright.h"
 #include "metadata/modMetadata.h"
 #include "output/Naming.h"
+#include "output/RowSources.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -21,6 +22,10 @@ namespace {
 
 bool isImportable(quint8 wanted, const QString& path) {
     return wanted == 1 && !path.trimmed().isEmpty() && clsFileInfo::CheckIfFileExists(path);
+}
+
+QString replacesUnknown() {
+    return QCoreApplication::translate("SavedRows", "replaces a file that may be of a row outside the slice");
 }
 
 /// A JPEG file with other metadata; nothing for another file, for one that shows its picture turned when it
@@ -60,9 +65,7 @@ std::function<bool()> SavedRows::consume(const ListRow& row, ImageBox& box, RowR
     m_sources.keepReadable(result.row, result.target);
     return [this, &box, &result, source = readablePath(row.tag)] {
         const std::optional<QByteArray> bytes = fileOf(box, source, result);
-        if (bytes && m_settings.Overwrite == 1)
-            writeFileSafely(result.target, *bytes);
-        return bytes && (m_settings.Overwrite == 1 || writeNewFileSafely(result.target, *bytes));
+        return bytes && write(*bytes, result);
     };
 }
 
@@ -94,9 +97,7 @@ std::optional<QByteArray> SavedRows::fileOf(const ImageBox& box, const QString& 
 }
 
 OutputName SavedRows::nameOf(const ListRow& row, const ImageBox& box, RowResult& result) const {
-    const QString folder =
-        modFileSystem::GetFolderPart(m_run.pagesToDocumentFolder ? result.source : row.tag);
-    return outputName(m_settings, {result.row, row.text, folder},
+    return outputName(m_settings, {result.row, row.text, sourceFolder(row, m_run.pagesToDocumentFolder)},
                       [&](const QString& token) { return tokenText(token, row, box, result); });
 }
 
@@ -143,6 +144,37 @@ bool SavedRows::mayWrite(RowResult& result) const {
     }
     if (!verdict.remark.isEmpty())
         result.remark(verdict.remark);
+    return m_settings.Overwrite != 1 || heedsRowsOutside(result);
+}
+
+/// Of rows with one name the last one stays, as in one run.
+bool SavedRows::heedsRowsOutside(RowResult& result) const {
+    const int outside = m_outside.rowOf(result.target);
+    if (outside > result.row) {
+        result.skip(
+            SkipReason::Refused,
+            QCoreApplication::translate("SavedRows", "the file of row %1 has the same name").arg(outside));
+        return false;
+    }
+    if (outside != 0)
+        result.remark(
+            QCoreApplication::translate("SavedRows", "takes the place of the file of row %1").arg(outside));
+    else if (!m_outside.areKnown() && QFileInfo::exists(result.target))
+        result.remark(replacesUnknown());
+    return true;
+}
+
+/// False for a file that turned up under a name that must be new. Where it may be of a row outside, that is
+/// said also when it turned up meanwhile.
+bool SavedRows::write(const QByteArray& bytes, RowResult& result) const {
+    if (m_settings.Overwrite != 1)
+        return writeNewFileSafely(result.target, bytes);
+    if (!m_outside.areKnown() && !result.remarks.contains(replacesUnknown())) {
+        if (writeNewFileSafely(result.target, bytes))
+            return true;
+        result.remark(replacesUnknown());
+    }
+    writeFileSafely(result.target, bytes);
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "configuration/ConfigRecord.h"
 #include "output/BatchRun.h"
 #include "output/OutputName.h"
+#include "output/RowsOutside.h"
 #include "output/SourceGuard.h"
 
 #include <optional>
@@ -19,7 +20,7 @@ public:
               bool changesPictures) :
         m_settings(settings),
         m_run(run), m_changesPictures(changesPictures),
-        m_sources(lvPages, run.sourceReplacing, run.unreadSources) {}
+        m_sources(lvPages, run.sourceReplacing, run.unreadSources), m_outside(lvPages, settings, run) {}
 
     QString readablePath(const QString& source) const override { return m_sources.readablePath(source); }
     std::function<bool()> consume(const ListRow& row, ImageBox& box, RowResult& result) override;
@@ -32,6 +33,8 @@ private:
     void importMetadata(ImageBox& box, RowResult& result) const;
     void setSaveOptions(ImageBox& box) const;
     bool mayWrite(RowResult& result) const;
+    bool heedsRowsOutside(RowResult& result) const;
+    bool write(const QByteArray& bytes, RowResult& result) const;
     bool mayBeCopied(const ImageBox& box) const;
     std::optional<QByteArray> fileOf(const ImageBox& box, const QString& source, RowResult& result) const;
 
@@ -39,6 +42,7 @@ private:
     const BatchRun& m_run;
     const bool m_changesPictures;
     SourceGuard m_sources;
+    const RowsOutside m_outside;
 };
 
 } // namespace tarsel

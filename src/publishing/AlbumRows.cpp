@@ -53,17 +53,18 @@ AlbumRows::AlbumRows(const AlbumSources& sources, const AlbumOptions& options, c
 void AlbumRows::writeFile(const AlbumFile& file) {
     if (const QString refused = refusal(noRow, file.path); !refused.isEmpty())
         fail(ErrorNumber::InvalidCall, file.path + QLatin1Char(' ') + refused);
-    if (!m_update || !AlbumUpdate::stands(file))
+    if (!keepsFiles() || !AlbumUpdate::stands(file))
         writeFileSafely(file.path, file.bytes);
     if (m_update)
         m_update->noteFile(file.path);
 }
 
 void AlbumRows::writeResources() {
-    if (m_options.settings.OnlyChanged == 1) {
-        m_update.emplace(m_names);
+    m_update.emplace(m_names);
+    if (!keepsFiles() && !m_update->hasRecord())
+        m_update.reset();
+    else
         m_sourcesBefore = sourceFiles();
-    }
     for (const AlbumFile& file : m_template->resources())
         writeFile(file);
 }
@@ -75,7 +76,8 @@ void AlbumRows::writeIndex() {
 std::vector<RowResult> AlbumRows::finish(bool isComplete) {
     if (!m_update)
         return {};
-    if (isComplete && m_run.unreadSources.isEmpty()) // one that is missing may be back in the next run
+    if (keepsFiles() && isComplete &&
+        m_run.unreadSources.isEmpty()) // one that is missing may be back in the next run
         return m_update->finish([sources = sourceFiles()](const QString& path) {
             return !sources.contains(FileIdentity::of(path));
         });
@@ -120,7 +122,7 @@ std::optional<QSize> AlbumRows::currentSize(const ListRow& row) const {
 }
 
 bool AlbumRows::needsPicture(const ListRow& row) {
-    return !m_update || !currentSize(row);
+    return !keepsFiles() || !currentSize(row);
 }
 
 std::function<void()> AlbumRows::consumeUnread(const ListRow& row, RowResult& result) {

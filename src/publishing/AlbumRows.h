@@ -41,6 +41,7 @@ public:
     std::vector<RowResult> finish(bool isComplete);
 
 private:
+    bool keepsFiles() const { return m_options.settings.OnlyChanged == 1; }
     void begin(const ListRow& row, int position);
     QByteArray digestOf(const ListRow& row) const;
     std::function<QStringList(QSize)> filesOf(const AlbumRow& row) const;
@@ -61,7 +62,7 @@ private:
     const DateForms m_forms;
     SourceGuard m_guard;
     const std::unique_ptr<AlbumTemplate> m_template;
-    std::optional<AlbumUpdate> m_update; ///< only where files are to be kept
+    std::optional<AlbumUpdate> m_update; ///< where files are to be kept, or the last run recorded them
     QSet<FileIdentity> m_sourcesBefore;  ///< as the run found them
     QStringList m_replacedSources;       ///< of the row: what takes their place is never removed as ours
     AlbumRow m_row;                      ///< in work

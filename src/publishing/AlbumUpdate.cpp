@@ -68,16 +68,22 @@ QString AlbumUpdate::recordPath() const {
     return m_names.inDirectory(QStringLiteral(".album-record"));
 }
 
+bool AlbumUpdate::isRecorded(const QString& path) const {
+    return m_old.files.contains(m_names.inFolder(path));
+}
+
+bool AlbumUpdate::isAsRecorded(const QString& path) const {
+    const auto file = m_old.files.find(m_names.inFolder(path));
+    return file != m_old.files.end() && *file == AlbumRecord::Stamp::of(path);
+}
+
 std::optional<QSize> AlbumUpdate::currentSize(const QString& row, const QByteArray& digest,
                                               const std::function<QStringList(QSize)>& filesOf) const {
     const auto made = m_old.rows.find(row);
     if (made == m_old.rows.end() || made->digest != digest)
         return {};
     const QStringList files = filesOf(made->size);
-    const bool allStand = std::ranges::all_of(files, [&](const QString& path) {
-        const auto file = m_old.files.find(m_names.inFolder(path));
-        return file != m_old.files.end() && *file == AlbumRecord::Stamp::of(path);
-    });
+    const bool allStand = std::ranges::all_of(files, [&](const QString& path) { return isAsRecorded(path); });
     return allStand ? std::optional(made->size) : std::nullopt;
 }
 

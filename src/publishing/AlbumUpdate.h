@@ -24,6 +24,11 @@ class AlbumUpdate {
 public:
     explicit AlbumUpdate(const AlbumNames& names);
 
+    // of the last run
+    bool hasRecord() const { return !m_old.files.isEmpty(); }
+    bool isRecorded(const QString& path) const;
+    bool isAsRecorded(const QString& path) const;
+
     /// The size of a row's picture when all its files are as they were written from the same; else nothing.
     std::optional<QSize> currentSize(const QString& row, const QByteArray& digest,
                                      const std::function<QStringList(QSize)>& filesOf) const;
@@ -39,7 +44,8 @@ public:
     /// changed them and `mayRemove` allows it, and writes the record. Returns them, and the other files of
     /// earlier albums, which stay.
     std::vector<RowResult> finish(const std::function<bool(const QString&)>& mayRemove);
-    /// After another one: what was written is recorded, and nothing is removed.
+    /// After another one, or one that writes everything: what was written is recorded, and nothing is
+    /// removed.
     void suspend();
 
 private:

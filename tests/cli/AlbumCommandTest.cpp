@@ -3,6 +3,8 @@
 #include "tests/cli/Program.h"
 #include "tests/support/Text.h"
 
+#include <QDir>
+#include <QFile>
 #include <gtest/gtest.h>
 
 using namespace tarsel;
@@ -27,9 +29,46 @@ TEST(AlbumCommand, WritesAnAlbumOfItsOptionsAndReportsEachRow) {
     EXPECT_TRUE(contains(readWholeFile(folder.path("new/site/Trip_art.html")), "<b>Artist</b> - Jo"));
     EXPECT_EQ(folder.loaded("new/site/MyImages_Trip/a_thumb.jpg").Height(), 30);
     EXPECT_EQ(folder.run(commandLine("album --out site a.jpg art.jpg")).status, 0);
+    EXPECT_EQ(folder.run(commandLine("album --out site --template modern a.jpg")).status, 0)
+        << "an album of ours";
     for (const char* words :
          {"", "--out x --thumbnail 40", "--out x --thumbnail 29x40", "--out x --page-style plain",
           "--out x --page-color red", "--out x --per-row 9"})
         EXPECT_EQ(folder.run(commandLine("album a.jpg") + commandLine(words)).status, 2) << words;
     EXPECT_EQ(folder.files(), "a.jpg art.jpg b.jpg c.jpg own.mbf");
+}
+
+TEST(AlbumCommand, ReplacesNoFileThatIsNotOfAnAlbumUnlessTold) {
+    for (const char* how : {"--template exact", "--template modern", "--only-changed"}) {
+        const PictureFolder folder;
+        const auto status = [&](const char* words = "") {
+            return folder
+                .run(commandLine("album --out . a.jpg b.jpg") + commandLine(how) + commandLine(words))
+                .status;
+        };
+        QDir(folder.path()).mkdir(QStringLiteral("MyImages_My Album"));
+        const QString own = folder.path("MyImages_My Album/b.jpg"), index = folder.path("index.htm");
+        writeFileSafely(own, "mine");
+        EXPECT_EQ(status(), 1) << how;
+        writeFileSafely(index, "<html>mine</html>");
+        EXPECT_EQ(status(), 1) << how;
+        EXPECT_EQ(folder.files(), "a.jpg b.jpg c.jpg index.htm") << "nothing is written";
+        EXPECT_TRUE(readWholeFile(own) == "mine" && readWholeFile(index) == "<html>mine</html>") << how;
+        EXPECT_EQ(status("--overwrite"), 0) << how;
+        EXPECT_NE(readWholeFile(own), "mine") << how;
+        EXPECT_EQ(status(), 0) << how << ": now it is an album";
+        QFile::remove(index);
+        EXPECT_EQ(status(), 0) << how << ": one that was interrupted";
+    }
+}
+
+TEST(AlbumCommand, OnlyChangedKeepsWhatNoRunRecorded) {
+    const PictureFolder folder;
+    EXPECT_EQ(folder.run("album --only-changed --out x a.jpg").status, 0);
+    writeFileSafely(folder.path("x/My Album_b.html"), "mine");
+    EXPECT_EQ(folder.run("album --only-changed --out x a.jpg b.jpg").status, 1);
+    EXPECT_EQ(readWholeFile(folder.path("x/My Album_b.html")), "mine");
+    EXPECT_EQ(folder.run("album --only-changed --out x a.jpg c.jpg").status, 0);
+    EXPECT_EQ(folder.run("album --out x a.jpg b.jpg").status, 0) << "files of an earlier album are replaced";
+    EXPECT_EQ(folder.run("album --only-changed --out x a.jpg b.jpg").status, 0) << "that run recorded them";
 }

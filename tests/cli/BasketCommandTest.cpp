@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
 #include "tests/cli/Program.h"
+#include "tests/support/MadePictures.h"
 #include "tests/support/Text.h"
 
 #include <QDir>
@@ -46,6 +47,21 @@ TEST(BasketCommand, AddingKeepsEntriesDescriptionsAndMissingFiles) {
                                              lineOf(folder, "c.jpg", "the new mill"));
 }
 
+TEST(BasketCommand, WhatSeveralProcessesAddAtOnceAllArrives) {
+    const PictureFolder folder;
+    constexpr int count = 12;
+    for (int i = 0; i < count; ++i)
+        QFile::copy(folder.path("a.jpg"), folder.path() + QStringLiteral("/p%1.jpg").arg(i));
+    EXPECT_EQ(folder.run("basket save x.ibf a.jpg").status, 0);
+    std::vector<pid_t> running;
+    for (int i = 0; i < count; ++i)
+        running.push_back(startProgram({text("basket"), text("add"), text("x.ibf"), text("p%1.jpg").arg(i)},
+                                       folder.path()));
+    for (const pid_t each : running)
+        EXPECT_EQ(endOf(each), 0);
+    EXPECT_EQ(basketOf(folder, "x.ibf").count('\n'), count + 1);
+}
+
 TEST(BasketCommand, AFailureIsReportedOnceWithItsReasonAndLeavesTheOldBasket) {
     const PictureFolder folder;
     const QByteArray odd = "\"/x/a.jpg\"\r\n\r\n";
@@ -61,6 +77,8 @@ TEST(BasketCommand, AFailureIsReportedOnceWithItsReasonAndLeavesTheOldBasket) {
         EXPECT_EQ(run.status, 1) << words;
         EXPECT_EQ(run.messages.count(part), 1) << run.messages.toStdString();
     }
+    for (const char* words : {"save odd.ibf a.jpg odd.ibf", "add odd.ibf x.ibd"})
+        EXPECT_EQ(folder.run(commandLine("basket") + commandLine(words)).status, 2) << words;
     EXPECT_EQ(basketOf(folder, "odd.ibf"), odd);
 }
 
@@ -78,6 +96,10 @@ TEST(BasketCommand, ListsRowsWithTheirFacts) {
                                                           {"description", text("nice")}};
     for (const auto& [key, value] : members)
         EXPECT_EQ(row.value(text(key)), value) << key;
+    makeDocument(folder.path("scan.tif"), {{QSize(4, 3)}, {QSize(5, 3)}});
+    ASSERT_EQ(folder.run("basket save pages.ibf scan.tif").status, 0);
+    for (const QJsonObject& page : folder.run("basket list pages.ibf --json").objects())
+        EXPECT_EQ(page.value(text("path")), folder.path("scan.tif")) << "nothing that goes with the run";
     ASSERT_TRUE(QFile::remove(folder.path("a.jpg")));
     const ProgramRun less = folder.run("basket list x.ibd");
     EXPECT_EQ(less.status, 1);

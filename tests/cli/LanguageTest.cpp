@@ -77,8 +77,13 @@ TEST_F(GermanProgram, SpeaksGermanToAGermanUserAndEnglishToScripts) {
     EXPECT_TRUE(contains(runIn("en:de", folder, text("--help")).output, "Commands:"));
     EXPECT_TRUE(
         contains(runIn("de", folder, text("batch --out new a.jpg gone.jpg")).messages, "geschrieben"));
+    EXPECT_EQ(runIn("de", folder, text("metadata set --iptc 'Date Created=2024-02-11' a.jpg")).status, 0);
     const QString words = text("info --json a.jpg gone.jpg");
-    EXPECT_EQ(runIn("de", folder, words).output, runIn("en", folder, words).output);
+    const QByteArray facts = runIn("de", folder, words).output;
+    EXPECT_EQ(facts, runIn("en", folder, words).output);
+    EXPECT_TRUE(contains(facts, "2/11/2024"));
+    EXPECT_TRUE(contains(runIn("de", folder, text("info a.jpg")).output, "2/11/2024"))
+        << "only its words are German";
 }
 
 TEST_F(GermanProgram, WritesTheSameFilesAsInEnglish) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/ManualPage.h"
+#include "cli/CommandLine.h"
 #include "cli/CompletedWord.h"
 #include "cli/Examples.h"
 #include "cli/ManualText.h"
@@ -74,6 +75,23 @@ TEST(ManualPages, PagesReferToEachOtherAndToNothingElse) {
             const QString name = QString(line).section(QStringLiteral("\\fP(1)"), 0, 0).mid(3).remove(u'\\');
             EXPECT_TRUE(names.contains(name)) << page.fileName.toStdString() << ": " << line.toStdString();
         }
+}
+
+TEST(CommandHelp, NamesWhatIsRequiredAndKeepsItsColumns) {
+    for (const Command* command : commands()) {
+        const QString help = commandHelp(*command);
+        const QString usage = help.section(u'\n', 0, 0);
+        EXPECT_FALSE(help.contains(QStringLiteral(" \n"))) << command->name;
+        for (const OptionSpec& option : command->options)
+            if (QString::fromUtf8(option.help).contains(QStringLiteral("required"))) {
+                EXPECT_TRUE(usage.contains(QStringLiteral("--") + QLatin1String(option.name)))
+                    << usage.toStdString();
+            }
+        const QString options =
+            help.section(QStringLiteral("Options:\n"), 1).section(QStringLiteral("\n\n"), 0, 0);
+        for (const QString& line : options.split(u'\n'))
+            EXPECT_TRUE(line.startsWith(QStringLiteral("  "))) << line.toStdString();
+    }
 }
 
 TEST(Completions, ChoicesAreThoseThatTheProgramTakes) {

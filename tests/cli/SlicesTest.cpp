@@ -56,6 +56,7 @@ TEST_F(Slices, DoneByGnuParallelAreTheFullRunByteForByte) {
                             options("many") + " --rows '{}-{= $_ += 3 =}'";
     const ProgramRun run = runShell(line.constData(), folder.path());
     EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(run.output.count(" written "), rowCount) << "no row twice";
     EXPECT_TRUE(contents("many") == contents("one"));
 }
 
@@ -65,7 +66,42 @@ TEST_F(Slices, OfASlurmArrayAreTheFullRunByteForByte) {
                             options("many").mid(6) + " || exit 1; done";
     const ProgramRun run = runShell(line.constData(), folder.path());
     EXPECT_EQ(run.status, 0) << run.messages.constData();
+    EXPECT_EQ(run.output.count(" written "), rowCount) << "no row twice";
     EXPECT_TRUE(contents("many") == contents("one"));
     EXPECT_NE(runShell(TARSEL_ROOT "/docs/many-machines/slice 4 --out many all.ibf", folder.path()).status, 0)
         << "by itself it would do what somebody else does";
+    for (const char* replacing : {"--source-folder", "--out .", "--out=."})
+        EXPECT_EQ(runShell((QByteArray("SLURM_ARRAY_TASK_ID=1 " TARSEL_ROOT "/docs/many-machines/slice 4 ") +
+                            replacing + " all.ibf")
+                               .constData(),
+                           folder.path())
+                      .status,
+                  2)
+            << replacing << ": started again it would change sources twice";
+}
+
+TEST(SlicesOfRowsWithOneName, EndInTheFileOfOneRunInWhateverOrderAndSaySo) {
+    const PictureFolder folder;
+    for (const char* card : {"x", "y"}) {
+        QDir(folder.path()).mkdir(QLatin1String(card));
+        makePicture(folder.path(card) + QStringLiteral("/p.jpg"), 30 + *card, 20);
+    }
+    const auto made = [&](const char* words, const QStringList& options = {}) {
+        return folder.run(commandLine("batch x/p.jpg y/p.jpg a.jpg") + commandLine(words) + options).status;
+    };
+    EXPECT_EQ(made("--out one"), 1);
+    const QByteArray last = readWholeFile(folder.path("one/p.jpg"));
+    for (const bool isBackwards : {false, true}) {
+        const QByteArray out = isBackwards ? " --out back" : " --out many";
+        for (const int slice : {isBackwards, !isBackwards})
+            EXPECT_EQ(made((slice == 0 ? "--rows 1-1" : "--rows 2-3") + out), 1) << out.constData();
+        EXPECT_TRUE(readWholeFile(folder.path(out.mid(7).constData()) + QStringLiteral("/p.jpg")) == last);
+    }
+    EXPECT_EQ(made("--out back --rows 3-3"), 0) << "nothing else has that name";
+    EXPECT_EQ(made("--out new --rows 1-1 --dry-run"), 1);
+
+    const QStringList byPicture = commandLine("--name hybrid --out named --prefix")
+                                  << QStringLiteral("[EXIF Artist]");
+    EXPECT_EQ(made("--rows 1-1", byPicture), 0);
+    EXPECT_EQ(made("--rows 2-3", byPicture), 1) << "another row made a file of that name";
 }

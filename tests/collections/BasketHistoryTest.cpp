@@ -164,7 +164,7 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
     EXPECT_EQ(beside(), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
     EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("2_2.tif")));
 
-    lastBasket::keep(lvPages, settings.programFolder);
+    lastBasket::keep(lvPages, {}, settings.programFolder);
     EXPECT_EQ(beside(), "4_4.tif 5_5.tif");
     pages.empty(); // as for a basket file, and whatever came then is no reason to delete those of before
     EXPECT_EQ(beside(), "4_4.tif 5_5.tif");
@@ -188,9 +188,57 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
 TEST_F(BasketHistoryTest, ADamagedBasketOfTheLastSessionIsPutAsideAndNoError) {
     const QString file = settings.programFolder + QStringLiteral("/last-basket.ibd");
     writeBytes(file, "\"/a.jpg\",\"\"\r\n\"/b.jpg");
+    const QString page = temporaryFolder(settings.programFolder) + QStringLiteral("1_1.tif");
+    acquiredFiles::list({page}, true);
+    makeDocument(page, {{{4, 4}, qRgb(5, 5, 5)}});
     QString damaged;
     EXPECT_FALSE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged));
     EXPECT_EQ(damaged, file + QStringLiteral(".damaged"));
     EXPECT_TRUE(QFile::exists(damaged) && !QFile::exists(file));
+    EXPECT_EQ(lvPages.row(lvPages.count() - 1).text, QStringLiteral("1_1.tif"))
+        << "a page of a session that was killed";
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged) && damaged.isEmpty());
+}
+
+TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionWithItsPicture) {
+    const auto shown = [&] {
+        QStringList rows;
+        for (int row = 0; row < lvPages.count(); ++row)
+            rows << QFileInfo(lvPages.subItem(row, BasketColumn::SourcePath)).fileName() + u'=' +
+                        lvPages.subItem(row, BasketColumn::Description);
+        return rows.join(u' ').toStdString();
+    };
+    const auto endAndBegin = [&] {
+        lastBasket::keep(lvPages, pages.awaited, settings.programFolder);
+        pages.cmdPagesNew();
+        EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    };
+    for (int row = 0; row < lvPages.count(); ++row)
+        pages.describe(row, QString::number(row));
+    makePictures({"q\"q.png"});
+    pages.subAddEntryToListView(picture("q\"q.png"));
+    endAndBegin();
+    const std::string all = "scan.tif=0 scan.tif=1 scan.tif=2 d.png=3 a.png=4 c.png=5 b.png=6";
+    EXPECT_EQ(shown(), all) << "without the name that the format can't hold";
+
+    QFile::rename(picture("a.png"), picture("away"));
+    endAndBegin();
+    EXPECT_EQ(shown(), "scan.tif=0 scan.tif=1 scan.tif=2 d.png=3 c.png=5 b.png=6");
+    EXPECT_EQ(pages.awaited.size(), 1u);
+    endAndBegin();
+    QFile::rename(picture("away"), picture("a.png"));
+    endAndBegin();
+    EXPECT_EQ(shown(), all) << "it is there again, in its place";
+
+    lastBasket::keep(lvPages, pages.awaited, settings.programFolder);
+    pages.cmdPagesNew();
+    desktop.onYield = [&] { // the session ends in between
+        if (!lvPages.isEmpty() && !pages.wasStopped())
+            lastBasket::keep(lvPages, pages.awaited, settings.programFolder);
+        pages.stopAdding();
+    };
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    desktop.onYield = nullptr;
+    endAndBegin();
+    EXPECT_EQ(shown(), all);
 }

@@ -86,6 +86,28 @@ TEST_F(AlbumDialog, OpensForABasketAndGeneratesWithWhatItShows) {
     EXPECT_TRUE(child<QWidget>(window(), "lvPages").isEnabled());
 }
 
+TEST_F(AlbumDialog, AsksOnceBeforeItReplacesAnIndexThatIsNotOfAnAlbum) {
+    startWithBasket(1);
+    QDir().mkpath(out());
+    const QString index = out() + text("/index.htm");
+    writeFileSafely(index, "mine");
+    const auto generate = [&] {
+        choose();
+        child<QLineEdit>(*dialog(), "txtFolder").setText(out());
+        click(*dialog(), "cmdGenerate");
+        return waitFor([this] { return !dialog(); });
+    };
+    TestDesktop scripted;
+    scripted.answers = {MessageAnswer::No, MessageAnswer::Yes};
+    ASSERT_TRUE(generate());
+    EXPECT_TRUE(readWholeFile(index) == "mine" &&
+                QDir(out()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size() == 1);
+    ASSERT_TRUE(generate());
+    EXPECT_NE(readWholeFile(index), "mine");
+    ASSERT_TRUE(generate());
+    EXPECT_EQ(scripted.messages.size(), 2u) << "nothing is asked of an album";
+}
+
 TEST_F(AlbumDialog, NumberBoxesStayInTheirLimitsAndJoinTheirArrows) {
     startWithBasket(1);
     choose();

@@ -465,6 +465,7 @@ TEST_F(EditingInTheWindow, TaskListsAreDroppedOnTheWindowOrPassedAsTheArgument) 
     ASSERT_TRUE(waitFor([&] { return tasks().count() == 2; }));
     tasks().clear();
     window().openFile(file);
+    ASSERT_TRUE(waitFor([&] { return tasks().count() == 2; }));
     settle();
     EXPECT_EQ(texts(tasks().lvEdit), "Negative Negative");
     window().openFile(pictures());

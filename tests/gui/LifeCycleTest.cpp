@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <sys/stat.h>
 
 namespace tarsel::test {
 
@@ -120,6 +121,12 @@ TEST_F(LifeCycle, ALockThatNobodyHoldsKeepsNobodyOut) {
         start();
         close();
     }
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("program/.lock")).constData(), 0600), 0);
+    start();
+    close();
+    QDir().mkpath(path("program/.lock"));
+    start();
+    close();
 }
 
 } // namespace tarsel::test

@@ -264,13 +264,14 @@ TEST_F(MainWindow, ABasketSavedIsOpenedAgainAndOverRowsOnlyAfterAQuestion) {
     // as a file manager opens it
     scripted.answers = {MessageAnswer::Cancel};
     window().openFile(path("list.ibf"));
-    EXPECT_EQ(scripted.messages.size(), 2u);
+    EXPECT_TRUE(waitFor([&] { return scripted.messages.size() == 2; }));
     click(window(), "cmdPagesNew");
     window().openFile(path("list.ibf"));
-    EXPECT_EQ(basket().count(), 2);
+    EXPECT_TRUE(waitFor([&] { return basket().count() == 2; }));
     scripted.answers = {MessageAnswer::Ok};
     window().openFile(path("gone.ibd"));
-    EXPECT_EQ(scripted.messages.size(), 4u) << "a question, and that it can't be opened";
+    EXPECT_TRUE(waitFor([&] { return scripted.messages.size() == 4; }))
+        << "a question, and that it can't be opened";
 }
 
 TEST_F(MainWindow, OpeningATaskListClickingARowAndRemovingOneReplayInEitherView) {

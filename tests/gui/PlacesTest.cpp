@@ -177,6 +177,9 @@ TEST_F(Places, AFolderThatDoesNotAnswerHoldsUpNothing) {
     listFolder(programFolder());
     expectAnswers([&] { window().openFile(photo[0].toLocalFile()); },
                   [&] { return panel("filename") == "photo02.jpg"; });
+    writeFileSafely(path("pictures/list.ibf"), '"' + photo[0].toLocalFile().toUtf8() + "\"\r\n");
+    expectAnswers([&] { window().openFile(path("pictures/list.ibf")); },
+                  [&] { return basket().count() == 1; });
     close();
     expectAnswers([&] { start(); }, isListed);
 

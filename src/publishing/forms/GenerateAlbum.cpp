@@ -3,6 +3,7 @@
 
 #include "controls/ProgressBar.h"
 #include "controls/frmStatus.h"
+#include "publishing/ForeignFile.h"
 
 #include <QCoreApplication>
 
@@ -11,6 +12,8 @@ namespace tarsel {
 std::vector<RowResult> generateAlbum(const AlbumSources& sources, const AlbumOptions& options,
                                      const AlbumRun& run, QWidget* owner) {
     std::vector<RowResult> results;
+    if (!mayReplaceForeignFiles(sources.lvPages, options))
+        return results;
     frmStatus status(owner);
     status.begin(QCoreApplication::translate("GenerateAlbum", "Loading Template..."));
     fncGenerateAlbum(sources, options, status.pbQueue(), run, results);
