@@ -55,6 +55,12 @@ std::optional<QStringList> operandsOf(const QStringList& arguments) {
         }
     if (end >= 0)
         operands.removeAt(end);
+    if (operands.size() > 1) {
+        print(stderr,
+              QCoreApplication::translate("ProgramOptions", "%1: expected one FILE. Try \"%1 --help\".")
+                  .arg(programIdentity::name));
+        return std::nullopt;
+    }
     return operands;
 }
 
