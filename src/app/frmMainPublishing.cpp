@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
 
+#include "app/SaverSamples.h"
 #include "collections/forms/BasketPane.h"
-#include "collections/forms/PictureImage.h"
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
 #include "output/forms/frmBatchResults.h"
@@ -24,33 +24,6 @@ JoinedRun joinedRun() {
     run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
     run.stripPrivate = ConfigRecord.BatchSave.StripPrivate == 1;
     return run;
-}
-
-/// From a text such as "640 X 480 X 24", or with small letters.
-QSize sizeIn(const QString& resolution) {
-    const QStringList numbers =
-        resolution.split(QStringLiteral(" X "), Qt::KeepEmptyParts, Qt::CaseInsensitive);
-    return {numbers.value(0).toInt(), numbers.value(1).toInt()};
-}
-
-/// Without the margins that a thumbnail has above and below, or on the left and on the right.
-QPixmap withoutMargins(const QPixmap& thumbnail, QSize picture) {
-    QRect shown(QPoint(), picture.scaled(thumbnail.size(), Qt::KeepAspectRatio));
-    shown.moveCenter(thumbnail.rect().center());
-    return thumbnail.copy(shown);
-}
-
-/// The thumbnails of the first rows, as far as they are made.
-std::vector<SaverSample> samplesOf(const ListView& pages) {
-    constexpr int most = 20;
-    std::vector<SaverSample> samples;
-    for (int row = 0; row < std::min(pages.count(), most); ++row) {
-        const QPixmap picture = pixmapOf(pages.data(pages.index(row, 0), Qt::DecorationRole));
-        const QSize size = sizeIn(pages.subItem(row, BasketColumn::Resolution));
-        if (!picture.isNull() && !size.isEmpty())
-            samples.push_back({withoutMargins(picture, size), size});
-    }
-    return samples;
 }
 
 } // namespace
@@ -105,8 +78,13 @@ void frmMain::generateAlbum(const AlbumOptions& options) {
 void frmMain::openSaver() {
     if (isRunning() || refusesEmptyBasket("frmScreenSaverOptions"))
         return;
-    auto* dialog = new frmScreenSaverOptions(ConfigRecord, samplesOf(m_workspace.lvPages), this);
+    auto* samples = new SaverSamples(m_workspace.lvPages, ConfigRecord.BatchSave.UprightByExif == 1,
+                                     devicePixelRatioF(), this);
+    auto* dialog = new frmScreenSaverOptions(ConfigRecord, samples->thumbnails(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(samples, &SaverSamples::loaded, dialog, &frmScreenSaverOptions::showSample);
+    connect(dialog, &QObject::destroyed, samples, &SaverSamples::stop);
+    samples->read();
     connect(dialog, &frmScreenSaverOptions::generate, this, &frmMain::generateSaver);
     dialog->open();
 }

@@ -66,6 +66,8 @@ TEST_F(JoinedDialogs, ASlideShowIsMadeOfTheBasketInTheFileThatIsNamed) {
     choose("mnuSaveAsParent");
     auto* form = dialog<frmScreenSaverOptions>();
     ASSERT_NE(form, nullptr);
+    const auto& preview = child<SaverPreview>(*form, "picPreview");
+    EXPECT_TRUE(waitFor([&] { return preview.picture(2).width() == 64; })) << "sharp, as the files are";
     auto& interval = child<QLineEdit>(*form, "txtInterval");
     interval.clear();
     EXPECT_EQ(interval.text(), text("3"));
