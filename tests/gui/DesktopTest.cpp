@@ -126,11 +126,11 @@ TEST(QtDesktopTest, AFolderThatTakesNoFilesIsRefusedAndTheDialogComesBack) {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(dialog);
         dialog->selectFile(wanted);
-        QTimer::singleShot(0, qApp, [&] {
+        QTimer::singleShot(100, qApp, [&] { // once it is there
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_TRUE(box);
             refusal = box->text();
-            QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+            QTimer::singleShot(100, qApp, [] { QApplication::activeModalWidget()->close(); });
             box->accept();
         });
         QMetaObject::invokeMethod(dialog, "accept");

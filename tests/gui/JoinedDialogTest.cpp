@@ -63,6 +63,7 @@ std::string seen(QWidget& form, std::initializer_list<const char*> controls) {
 
 TEST_F(JoinedDialogs, ASlideShowIsMadeOfTheBasketInTheFileThatIsNamed) {
     startWithBasket(3);
+    ASSERT_TRUE(waitFor([this] { return basket().count() == 3 && basket().row(2).icon >= 0; }));
     choose("mnuSaveAsParent");
     auto* form = dialog<frmScreenSaverOptions>();
     ASSERT_NE(form, nullptr);

@@ -524,7 +524,7 @@ TEST_F(MainWindow, F6WalksThePanesOnShowAndAltAndADigitBringsEachToLight) {
 }
 
 TEST_F(MainWindow, TheLetterOfADisabledButtonIsNotTyped) {
-    start();
+    startListing(1);
     auto& path = child<QLineEdit>(window(), "txtPath");
     path.clear();
     QTest::keyClick(&path, Qt::Key_Q, Qt::AltModifier);
