@@ -56,9 +56,9 @@ std::optional<QStringList> operandsOf(const QStringList& arguments) {
     if (end >= 0)
         operands.removeAt(end);
     if (operands.size() > 1) {
-        print(stderr, QCoreApplication::translate(
-                          "ProgramOptions", "%1: one file at a time, not also \"%2\". Try \"%1 --help\".")
-                          .arg(programIdentity::name, operands[1]));
+        print(stderr,
+              QCoreApplication::translate("ProgramOptions", "%1: expected one FILE. Try \"%1 --help\".")
+                  .arg(programIdentity::name));
         return std::nullopt;
     }
     return operands;

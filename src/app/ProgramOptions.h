@@ -10,9 +10,9 @@ namespace tarsel {
 /// neither a display nor an application object.
 std::optional<int> answerHelp(int argc, char** argv);
 
-/// The arguments without the program's name and options; nothing for an option that is unknown, or
-/// a second file, which standard error then says. Options of Qt have been removed by the application object.
-/// "--" ends options.
+/// The argument without the program's name and options, if any; nothing for an option that is unknown or a
+/// second argument, which standard error then says. Options of Qt have been removed by the application
+/// object. "--" ends options.
 std::optional<QStringList> operandsOf(const QStringList& arguments);
 
 } // namespace tarsel

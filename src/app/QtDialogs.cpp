@@ -178,7 +178,22 @@ std::optional<FileDialogChoice> QtDialogs::openFileDialog(const FileDialogReques
     return runFileDialog(dialog, request);
 }
 
+/// A folder that takes no files is refused here, before anything is made for it.
 std::optional<FileDialogChoice> QtDialogs::saveFileDialog(const FileDialogRequest& request) {
+    FileDialogRequest asked = request;
+    while (auto choice = askForFile(asked)) {
+        const QFileInfo folder(QFileInfo(choice->path).path());
+        if (!folder.isDir() || folder.isWritable() || QFileInfo::exists(choice->path))
+            return choice;
+        messageBox(QCoreApplication::translate("QtDialogs", "You may not write to the folder %1.")
+                       .arg(folder.filePath()),
+                   MessageIcon::Exclamation, MessageButtons::Ok, {});
+        asked.initialPath = choice->path;
+    }
+    return std::nullopt;
+}
+
+std::optional<FileDialogChoice> QtDialogs::askForFile(const FileDialogRequest& request) {
     PlainIcons icons; // which the dialog's model asks until its end
     QFileDialog dialog(owner(), request.title);
     dialog.setIconProvider(&icons);

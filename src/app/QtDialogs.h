@@ -30,6 +30,7 @@ public:
     void showHeldReports();
 
 private:
+    std::optional<FileDialogChoice> askForFile(const FileDialogRequest& request);
     std::optional<FileDialogChoice> runFileDialog(QFileDialog& dialog, const FileDialogRequest& request);
 
     QString startFolder(bool isToSave) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
 
+#include "app/AltLetters.h"
 #include "app/DialogFit.h"
 #include "app/FirstHints.h"
 #include "app/InstanceLock.h"
@@ -40,7 +41,6 @@
 #include "output/forms/SaveAsSinglePage.h"
 #include "output/forms/frmBatchResults.h"
 #include "output/forms/frmSaveAdvanced.h"
-#include "publishing/forms/GenerateAlbum.h"
 #include "publishing/forms/MakeJoined.h"
 #include "publishing/forms/frmAlbum.h"
 #include "tasks/TaskBasketActions.h"
@@ -86,6 +86,7 @@ frmMain::frmMain(StartupOptions options) :
     }
     qApp->installEventFilter(new TipSwitch(this));
     qApp->installEventFilter(new DialogFit(this));
+    qApp->installEventFilter(new AltLetters(this));
     arrangePanes();
     connectFolderPane();
     connectBasketPane();
@@ -527,16 +528,20 @@ void frmMain::setRunning(bool running) {
         addWaitingPages();
 }
 
+/// With the help of that kind of dialog.
+bool frmMain::refusesEmptyBasket(const char* dialog) const {
+    if (!m_workspace.lvPages.isEmpty())
+        return false;
+    const DialogSubject subject(dialog);
+    service<Dialogs>().messageBox(
+        tr("The basket is empty. Add the pictures to save from the folder list first."),
+        MessageIcon::Information, MessageButtons::Ok, ApplicationName);
+    return true;
+}
+
 void frmMain::subSaveAsSinglePage() {
-    if (isRunning())
+    if (isRunning() || refusesEmptyBasket("frmSaveSinglePage"))
         return;
-    if (m_workspace.lvPages.isEmpty()) {
-        const DialogSubject subject("frmSaveSinglePage");
-        service<Dialogs>().messageBox(
-            tr("The basket is empty. Add the pictures to save from the folder list first."),
-            MessageIcon::Information, MessageButtons::Ok, ApplicationName);
-        return;
-    }
     const QScopedValueRollback running(m_run, Run::Batch);
     m_endsAtOnce = false;
     const std::vector<RowResult> results =
@@ -558,39 +563,11 @@ void frmMain::showResults(const QString& notice, const std::vector<RowResult>& r
     (new frmBatchResults(results, this, album))->show();
 }
 
-void frmMain::openAlbum() {
-    if (m_workspace.lvPages.isEmpty() || isRunning())
-        return;
-    if (!m_album) {
-        m_album = new frmAlbum(ConfigRecord.Album, this);
-        m_album->setAttribute(Qt::WA_DeleteOnClose);
-        connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
-    }
-    m_album->show();
-    m_album->raise();
-    m_album->activateWindow();
-}
-
 /// Those up to the selected one, as the preview shows them.
 std::vector<TaskRow> frmMain::shownTasks() const {
     const TaskList& lists = m_workspace.tasks;
     return modProcessTasks::rowsToReplay(lists.lvEdit, lists.lvEditBatch, &lists.lvEditPreview, false,
                                          m_workflow.isOpen());
-}
-
-void frmMain::generateAlbum(const AlbumOptions& options) {
-    if (isRunning() || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
-        return;
-    const QScopedValueRollback running(m_run, Run::Album);
-    m_endsAtOnce = false;
-    setRunning(true);
-    const auto tasks = [this] { return shownTasks(); };
-    AlbumRun run; // pictures that are turned as for a batch
-    run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
-    const std::vector<RowResult> results =
-        tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
-    setRunning(false);
-    showResults(tr("The album has ended"), results, options.settings.AlbumFolder);
 }
 
 } // namespace tarsel

@@ -174,6 +174,7 @@ private:
     void makeGreeting(const settings::PublishingSettings& shown);
     std::vector<RowResult> publish(Run run, const std::function<std::vector<RowResult>()>& make);
     std::vector<TaskRow> shownTasks() const;
+    bool refusesEmptyBasket(const char* dialog) const;
     void showResults(const QString& notice, const std::vector<RowResult>& results, const QString& album = {});
     void setRunning(bool running);
     void saveRowAs(int row);

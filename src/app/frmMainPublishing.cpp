@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
 
+#include "app/SaverSamples.h"
 #include "collections/forms/BasketPane.h"
-#include "collections/forms/PictureImage.h"
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
 #include "output/forms/frmBatchResults.h"
+#include "publishing/forms/GenerateAlbum.h"
 #include "publishing/forms/MakeJoined.h"
+#include "publishing/forms/frmAlbum.h"
 #include "publishing/forms/frmExecutable.h"
 #include "publishing/forms/frmScreenSaverOptions.h"
 
@@ -22,33 +24,6 @@ JoinedRun joinedRun() {
     run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
     run.stripPrivate = ConfigRecord.BatchSave.StripPrivate == 1;
     return run;
-}
-
-/// From a text such as "640 X 480 X 24", or with small letters.
-QSize sizeIn(const QString& resolution) {
-    const QStringList numbers =
-        resolution.split(QStringLiteral(" X "), Qt::KeepEmptyParts, Qt::CaseInsensitive);
-    return {numbers.value(0).toInt(), numbers.value(1).toInt()};
-}
-
-/// Without the margins that a thumbnail has above and below, or on the left and on the right.
-QPixmap withoutMargins(const QPixmap& thumbnail, QSize picture) {
-    QRect shown(QPoint(), picture.scaled(thumbnail.size(), Qt::KeepAspectRatio));
-    shown.moveCenter(thumbnail.rect().center());
-    return thumbnail.copy(shown);
-}
-
-/// The thumbnails of the first rows, as far as they are made.
-std::vector<SaverSample> samplesOf(const ListView& pages) {
-    constexpr int most = 20;
-    std::vector<SaverSample> samples;
-    for (int row = 0; row < std::min(pages.count(), most); ++row) {
-        const QPixmap picture = pixmapOf(pages.data(pages.index(row, 0), Qt::DecorationRole));
-        const QSize size = sizeIn(pages.subItem(row, BasketColumn::Resolution));
-        if (!picture.isNull() && !size.isEmpty())
-            samples.push_back({withoutMargins(picture, size), size});
-    }
-    return samples;
 }
 
 } // namespace
@@ -72,11 +47,44 @@ std::vector<RowResult> frmMain::publish(Run run, const std::function<std::vector
     return results;
 }
 
-void frmMain::openSaver() {
-    if (m_workspace.lvPages.isEmpty() || isRunning())
+void frmMain::openAlbum() {
+    if (isRunning() || refusesEmptyBasket("frmAlbum"))
         return;
-    auto* dialog = new frmScreenSaverOptions(ConfigRecord, samplesOf(m_workspace.lvPages), this);
+    if (!m_album) {
+        m_album = new frmAlbum(ConfigRecord.Album, this);
+        m_album->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
+    }
+    m_album->show();
+    m_album->raise();
+    m_album->activateWindow();
+}
+
+void frmMain::generateAlbum(const AlbumOptions& options) {
+    if (isRunning() || m_workspace.lvPages.isEmpty()) // emptied while the dialog was open
+        return;
+    const QScopedValueRollback running(m_run, Run::Album);
+    m_endsAtOnce = false;
+    setRunning(true);
+    const auto tasks = [this] { return shownTasks(); };
+    AlbumRun run; // pictures that are turned as for a batch
+    run.upright = ConfigRecord.BatchSave.UprightByExif == 1;
+    const std::vector<RowResult> results =
+        tarsel::generateAlbum({m_workspace.lvPages, m_workspace.ibTemp, tasks}, options, run, this);
+    setRunning(false);
+    showResults(tr("The album has ended"), results, options.settings.AlbumFolder);
+}
+
+void frmMain::openSaver() {
+    if (isRunning() || refusesEmptyBasket("frmScreenSaverOptions"))
+        return;
+    auto* samples = new SaverSamples(m_workspace.lvPages, ConfigRecord.BatchSave.UprightByExif == 1,
+                                     devicePixelRatioF(), this);
+    auto* dialog = new frmScreenSaverOptions(ConfigRecord, samples->thumbnails(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(samples, &SaverSamples::loaded, dialog, &frmScreenSaverOptions::showSample);
+    connect(dialog, &QObject::destroyed, samples, &SaverSamples::stop);
+    samples->read();
     connect(dialog, &frmScreenSaverOptions::generate, this, &frmMain::generateSaver);
     dialog->open();
 }

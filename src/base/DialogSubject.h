@@ -11,15 +11,15 @@ namespace tarsel {
 class DialogSubject {
 public:
     /// `control`: a string literal.
-    explicit DialogSubject(const char* control) : m_before(std::exchange(inForce, control)) {}
-    ~DialogSubject() { inForce = m_before; }
+    explicit DialogSubject(const char* control) : m_before(std::exchange(named, control)) {}
+    ~DialogSubject() { named = m_before; }
     DialogSubject(const DialogSubject&) = delete;
     DialogSubject& operator=(const DialogSubject&) = delete;
 
-    static const char* current() { return inForce; } ///< nullptr where no command has named one
+    static const char* current() { return named; } ///< nullptr where no command has named one
 
 private:
-    inline static const char* inForce = nullptr;
+    inline static const char* named = nullptr;
     const char* m_before;
 };
 

@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <algorithm>
 
 namespace tarsel {
@@ -22,6 +23,14 @@ namespace {
 
 bool isSameFile(const QString& source, const QString& target) {
     return QFileInfo::exists(target) && FileIdentity::of(source) == FileIdentity::of(target);
+}
+
+/// That of the picture, unless it takes no files, as that of the sample pictures.
+QDir folderToSaveIn(const QFileInfo& picture) {
+    if (QFileInfo(picture.path()).isWritable())
+        return picture.dir();
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
 }
 
 PictureExtras extrasOf(const QString& path) {
@@ -66,7 +75,7 @@ void BackgroundSave::finish(const QString& target, const char* routine,
 
 QString unusedNameBeside(const QString& source) {
     const QFileInfo file(source);
-    const QDir folder = file.dir();
+    const QDir folder = folderToSaveIn(file);
     const auto isUsed = [&](const QString& name) {
         return std::ranges::any_of(saveFormats(), [&](const SaveFormat& format) {
             return folder.exists(name + QLatin1Char('.') + QLatin1String(format.extension));

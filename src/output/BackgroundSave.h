@@ -36,7 +36,7 @@ private:
 };
 
 /// "photo-1" beside "photo.png", without an extension: the first name that no picture of the folder has, in
-/// any format.
+/// any format. In the folder of the user's pictures where that of the photo takes no files.
 QString unusedNameBeside(const QString& source);
 
 /// Why a picture that was read from `source` must not be saved as `target`; empty when it may. A file isn't

@@ -5,6 +5,7 @@
 #include "configuration/ConfigFile.h"
 #include "configuration/ConfigRecord.h"
 #include "configuration/ProgramFolder.h"
+#include "output/BackgroundSave.h"
 
 #include <QApplication>
 #include <QDir>
@@ -18,6 +19,7 @@
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace tarsel::test {
 
@@ -110,6 +112,32 @@ TEST(QtDesktopTest, TheFirstSaveDialogStartsWhereTheLastSessionEndedAndReturnsPa
         dialog->reject();
     });
     EXPECT_FALSE(QtDesktop().dialogs.saveFileDialog({QStringLiteral("Save Basket"), {}, {}}));
+}
+
+TEST(QtDesktopTest, AFolderThatTakesNoFilesIsRefusedAndTheDialogComesBack) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root may write everywhere";
+    const QTemporaryDir folder;
+    QFile(folder.path()).setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    const QString wanted = folder.filePath(QStringLiteral("list"));
+    EXPECT_NE(QFileInfo(unusedNameBeside(wanted)).path(), folder.path());
+    QString refusal;
+    QTimer::singleShot(0, qApp, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(dialog);
+        dialog->selectFile(wanted);
+        QTimer::singleShot(100, qApp, [&] { // once it is there
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            refusal = box->text();
+            QTimer::singleShot(100, qApp, [] { QApplication::activeModalWidget()->close(); });
+            box->accept();
+        });
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    EXPECT_FALSE(QtDesktop().dialogs.saveFileDialog({QStringLiteral("Save Basket"), {}, wanted}));
+    EXPECT_EQ(refusal.toStdString(), "You may not write to the folder " + folder.path().toStdString() + ".");
+    QFile(folder.path()).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
 TEST(QtDesktopTest, AWindowIsClosedByItsExactTitle) {

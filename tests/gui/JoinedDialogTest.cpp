@@ -63,9 +63,12 @@ std::string seen(QWidget& form, std::initializer_list<const char*> controls) {
 
 TEST_F(JoinedDialogs, ASlideShowIsMadeOfTheBasketInTheFileThatIsNamed) {
     startWithBasket(3);
+    ASSERT_TRUE(waitFor([this] { return basket().count() == 3 && basket().row(2).icon >= 0; }));
     choose("mnuSaveAsParent");
     auto* form = dialog<frmScreenSaverOptions>();
     ASSERT_NE(form, nullptr);
+    const auto& preview = child<SaverPreview>(*form, "picPreview");
+    EXPECT_TRUE(waitFor([&] { return preview.picture(2).width() == 64; })) << "sharp, as the files are";
     auto& interval = child<QLineEdit>(*form, "txtInterval");
     interval.clear();
     EXPECT_EQ(interval.text(), text("3"));

@@ -523,6 +523,16 @@ TEST_F(MainWindow, F6WalksThePanesOnShowAndAltAndADigitBringsEachToLight) {
         EXPECT_EQ(paneAfter(keys), pane) << keys;
 }
 
+TEST_F(MainWindow, TheLetterOfADisabledButtonIsNotTyped) {
+    startListing(1);
+    auto& path = child<QLineEdit>(window(), "txtPath");
+    path.clear();
+    QTest::keyClick(&path, Qt::Key_Q, Qt::AltModifier);
+    EXPECT_EQ(path.text(), QString());
+    QTest::keyClick(&path, Qt::Key_Q);
+    EXPECT_EQ(path.text(), QStringLiteral("q"));
+}
+
 TEST_F(MainWindow, SaveAsOfABasketRowSavesThatRowAlsoAfterAFileThatCantBeShown) {
     startWithBasket(2);
     clickRow("lvPages", 0);

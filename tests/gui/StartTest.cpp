@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/ProgramOptions.h"
 #include "app/StartFolder.h"
 #include "base/AcquiredFiles.h"
 #include "base/SafeFileWriter.h"
@@ -39,6 +40,15 @@ ConfigRecordData extremeRecord(bool high) {
 }
 
 } // namespace
+
+TEST(ProgramOptions, TakeOneFile) {
+    const auto operands = [](const char* words) {
+        return operandsOf(QString::fromLatin1(words).split(u' '));
+    };
+    EXPECT_EQ(operands("tarsel-jpeg -- -a.jpg"), QStringList(QStringLiteral("-a.jpg")));
+    EXPECT_EQ(operands("tarsel-jpeg"), QStringList());
+    EXPECT_FALSE(operands("tarsel-jpeg a.jpg b.jpg") || operands("tarsel-jpeg --open a.jpg"));
+}
 
 TEST_F(Start, OffersThePagesThatNoBasketNamesUntilTheyAreRowsOrRemoved) {
     startWithBasket(1);

@@ -49,7 +49,8 @@ void ManualView::layOut() {
     page->setMarkdown(m_page.markdown, QTextDocument::MarkdownDialectGitHub);
     styleManual(*page, palette());
     const QPointer<QTextDocument> last = document();
-    setDocument(page); // deletes only the document that it was made with
+    setExtraSelections({}); // their cursors belong to that document
+    setDocument(page);      // deletes only the document that it was made with
     delete last;
     mark();
 }

@@ -42,7 +42,7 @@ frmAbout::frmAbout(QWidget* owner) :
         QGuiApplication::clipboard()->setText(buildReport());
         m_ui->lblCopied->setText(tr("Copied."));
     });
-    fitToScreen(*this, {128 * fontMetrics().averageCharWidth(), 30 * fontMetrics().height()});
+    fitToScreen(*this, {152 * fontMetrics().averageCharWidth(), 30 * fontMetrics().height()});
     m_ui->tbsAbout->setFocus(); // Ctrl+Tab changes its pages, Return closes
 }
 
@@ -71,7 +71,7 @@ void frmAbout::listParts() {
     const int letter = fontMetrics().averageCharWidth();
     lvParts->setColumnWidth(0, 18 * letter);
     lvParts->setColumnWidth(1, 26 * letter);
-    lvParts->setColumnWidth(2, 38 * letter);
+    lvParts->setColumnWidth(2, 44 * letter);
     lvParts->setWideColumn(3);
     m_ui->layParts->addWidget(lvParts);
     setTabOrder(m_ui->tbsAbout, lvParts->view());

@@ -24,6 +24,12 @@ void SaverPreview::setSamples(std::vector<SaverSample> samples) {
     update();
 }
 
+void SaverPreview::setPicture(int sample, const QPixmap& picture) {
+    m_samples[std::size_t(sample)].picture = picture;
+    if (sample == m_shown)
+        update();
+}
+
 void SaverPreview::setBackground(QColor color) {
     m_background = color;
     update();

@@ -22,6 +22,8 @@ public:
     explicit SaverPreview(QWidget* parent = nullptr);
 
     void setSamples(std::vector<SaverSample> samples);
+    void setPicture(int sample, const QPixmap& picture); ///< a sharper one
+    const QPixmap& picture(int sample) const { return m_samples[std::size_t(sample)].picture; }
     void setBackground(QColor color);
     void setInterval(int seconds);
     int shownSample() const { return m_shown; }

@@ -14,6 +14,7 @@
 #include "publishing/forms/frmInsertMetadata.h"
 #include "publishing/forms/ui_frmAlbum.h"
 
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QPixmap>
 #include <QRegularExpression>
@@ -183,6 +184,9 @@ void frmAlbum::connectButtons() {
 }
 
 void frmAlbum::cmdGenerate_Click() {
+    const QFileInfo folder(m_ui->txtFolder->text());
+    if (folder.isDir() && !folder.isWritable())
+        return inform(tr("You may not write to the folder %1.").arg(folder.filePath()));
     hide();
     Q_EMIT generate(subStoreAlbumOptions());
     accept();

@@ -57,6 +57,10 @@ frmScreenSaverOptions::frmScreenSaverOptions(Settings& settings, std::vector<Sav
 
 frmScreenSaverOptions::~frmScreenSaverOptions() = default;
 
+void frmScreenSaverOptions::showSample(int index, const QPixmap& picture) {
+    m_ui->picPreview->setPicture(index, picture);
+}
+
 /// Some controls ask for their final size only after they have been shown.
 void frmScreenSaverOptions::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);

@@ -24,6 +24,8 @@ public:
     frmScreenSaverOptions(const frmScreenSaverOptions&) = delete;
     frmScreenSaverOptions& operator=(const frmScreenSaverOptions&) = delete;
 
+    void showSample(int index, const QPixmap& picture); ///< instead of the one that it began with
+
 Q_SIGNALS:
     /// Generate was pressed: the settings are written, the dialog is hidden, and closes after this.
     void generate();
