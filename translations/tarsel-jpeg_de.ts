@@ -327,10 +327,6 @@ Bitte versuchen Sie es noch einmal.</translation>
 <context>
     <name>CommandLine</name>
     <message>
-        <source>put index.htm and the other files there; made when missing</source>
-        <translation>index.htm und die anderen Dateien dort ablegen; wird bei Bedarf angelegt</translation>
-    </message>
-    <message>
         <source>size of thumbnails, 30 to 300 (default: 150x150)</source>
         <translation>Größe der Miniaturen, 30 bis 300 (Vorgabe: 150x150)</translation>
     </message>
@@ -373,19 +369,6 @@ Bitte versuchen Sie es noch einmal.</translation>
     <message>
         <source>Make a web album of a basket, or of pictures.</source>
         <translation>Erstellt ein Webalbum aus einem Korb oder aus Bildern.</translation>
-    </message>
-    <message>
-        <source>Files of an earlier album are replaced; those that the new one doesn&apos;t use stay. index.htm is
-written at the end: not after an error or an interrupt. A row whose picture fails has a page
-without it, and the run goes on. No source is replaced, but that of the row itself.
---template modern has one page, index.htm, without the rows that fail; it turns pictures upright, and
-needs none of the options for colours, borders, fonts, backgrounds and sizes of thumbnails.</source>
-        <translation>Dateien eines früheren Albums werden ersetzt; was das neue nicht verwendet, bleibt. index.htm wird
-am Ende geschrieben: nicht nach einem Fehler oder Abbruch. Eine Zeile, deren Bild fehlschlägt,
-bekommt eine Seite ohne Bild, und der Lauf geht weiter. Keine Quelle wird ersetzt, außer die der
-Zeile selbst. --template modern hat eine einzige Seite, index.htm, ohne die fehlgeschlagenen Zeilen;
-sie richtet Bilder auf und braucht keine der Optionen für Farben, Ränder, Schriften, Hintergründe
-und Größen der Miniaturen.</translation>
     </message>
     <message>
         <source>the task list; required</source>
@@ -1055,12 +1038,6 @@ Reglers, der sich doch anwenden lässt, wird vermerkt.</translation>
         <translation>Nimmt den Bildschirm auf.</translation>
     </message>
     <message>
-        <source>One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The screen is
-that of the X server in DISPLAY.</source>
-        <translation>Ein Pixel des Bildschirms ist ein Pixel des Bilds, gleich wie ein Bildschirm skaliert ist. Gemeint
-ist der Bildschirm des X-Servers in DISPLAY.</translation>
-    </message>
-    <message>
         <source>bmp, gif, jpg, pcx, png, wbmp, psd, tif or pdf; default: OUT&apos;s extension</source>
         <translation>bmp, gif, jpg, pcx, png, wbmp, psd, tif oder pdf; Vorgabe: die Endung von OUT</translation>
     </message>
@@ -1488,6 +1465,57 @@ ersetzt. Vom Flachbett wird jede weitere Seite am Terminal erfragt; ohne Termina
     <message>
         <source>foreground (default) or background: the screen as it is; desktop: without windows</source>
         <translation>foreground (Vorgabe) oder background: der Bildschirm, wie er ist; desktop: ohne Fenster</translation>
+    </message>
+    <message>
+        <source>required; put index.htm and the other files there; made when missing</source>
+        <translation>erforderlich; für index.htm und die anderen Dateien; wird bei Bedarf angelegt</translation>
+    </message>
+    <message>
+        <source>replace files that are not of an album, such as another index.htm</source>
+        <translation>Dateien ersetzen, die zu keinem Album gehören, etwa eine andere index.htm</translation>
+    </message>
+    <message>
+        <source>%1 is not of an album and would be replaced: give the album a folder of its own, or say --overwrite</source>
+        <translation>%1 gehört zu keinem Album und würde ersetzt: Geben Sie dem Album einen eigenen Ordner oder --overwrite an</translation>
+    </message>
+    <message>
+        <source>Files of an earlier album are replaced; those that the new one doesn&apos;t use stay. Other files of
+these names, such as an index.htm of your own, are replaced with --overwrite only. index.htm is
+written at the end: not after an error or an interrupt. A row whose picture fails has a page
+without it, and the run goes on. No source is replaced, but that of the row itself.
+--template modern has one page, index.htm, without the rows that fail; it turns pictures upright, and
+needs none of the options for colours, borders, fonts, backgrounds and sizes of thumbnails.</source>
+        <translation>Dateien eines früheren Albums werden ersetzt; was das neue nicht verwendet, bleibt. Andere Dateien
+mit diesen Namen, etwa eine eigene index.htm, werden nur mit --overwrite ersetzt. index.htm wird
+am Ende geschrieben: nicht nach einem Fehler oder Abbruch. Eine Zeile, deren Bild fehlschlägt,
+bekommt eine Seite ohne Bild, und der Lauf geht weiter. Keine Quelle wird ersetzt, außer die der
+Zeile selbst. --template modern hat eine einzige Seite, index.htm, ohne die fehlgeschlagenen Zeilen;
+sie richtet Bilder auf und braucht keine der Optionen für Farben, Ränder, Schriften, Hintergründe
+und Größen der Miniaturen.</translation>
+    </message>
+    <message>
+        <source>%1 is a basket file, not a picture</source>
+        <translation>%1 ist eine Korbdatei, kein Bild</translation>
+    </message>
+    <message>
+        <source>One pixel of the screen is one pixel of the picture, whatever the scale of a monitor. The screen
+is that of the X server in DISPLAY; in a session of Wayland, by WAYLAND_DISPLAY, the desktop takes
+the picture, and may ask first.</source>
+        <translation>Ein Pixel des Bildschirms ist ein Pixel des Bilds, gleich wie ein Bildschirm skaliert ist. Gemeint
+ist der Bildschirm des X-Servers in DISPLAY; in einer Sitzung von Wayland, genannt in
+WAYLAND_DISPLAY, nimmt der Desktop das Bild auf und fragt vielleicht vorher.</translation>
+    </message>
+    <message>
+        <source>the table is not in UTF-8 or Windows-1252</source>
+        <translation>die Tabelle ist weder in UTF-8 noch in Windows-1252</translation>
+    </message>
+    <message>
+        <source>--%1: &quot;%2&quot; doesn&apos;t end in %3</source>
+        <translation>--%1: „%2“ endet nicht auf %3</translation>
+    </message>
+    <message>
+        <source>%1 is the picture itself</source>
+        <translation>%1 ist das Bild selbst</translation>
     </message>
 </context>
 <context>
@@ -2729,12 +2757,12 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
         <translation>Das sind Beispielbilder zum Ausprobieren. Für Ihre eigenen wählen Sie links einen Ordner, oder drücken Sie Strg+Umschalt+P für den Ordner Ihrer Bilder.</translation>
     </message>
     <message>
-        <source>Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Enter. The task then works on every picture of the basket.</source>
-        <translation>F4 ändert das gezeigte Bild: Wählen Sie eine Aufgabe, etwa „Größe ändern“, und drücken Sie Strg+Eingabe. Die Aufgabe gilt dann für jedes Bild des Korbs.</translation>
+        <source>Press F4 to change the picture on show: choose a task, such as Resize, and press Ctrl+Return. The list of these tasks can then run on every picture of the basket.</source>
+        <translation>F4 ändert das gezeigte Bild: Wählen Sie eine Aufgabe, etwa „Größe ändern“, und drücken Sie Strg+Eingabe. Die Liste dieser Aufgaben kann dann auf jedes Bild des Korbs angewendet werden.</translation>
     </message>
     <message>
-        <source>Press Ctrl+J to save the pictures of the basket as JPEG files, with the tasks. You see the new names before anything is written.</source>
-        <translation>Strg+J speichert die Bilder des Korbs mit den Aufgaben als JPEG-Dateien. Sie sehen die neuen Namen, bevor etwas geschrieben wird.</translation>
+        <source>Press Ctrl+J to save the pictures of the basket as JPEG files. Tick &quot;Run the tasks of the task basket on every picture&quot; to save them with the tasks. You see the new names before anything is written.</source>
+        <translation>Strg+J speichert die Bilder des Korbs als JPEG-Dateien. Setzen Sie das Häkchen bei „Aufgaben des Aufgabenkorbs auf jedes Bild anwenden“, um sie mit den Aufgaben zu speichern. Sie sehen die neuen Namen, bevor etwas geschrieben wird.</translation>
     </message>
 </context>
 <context>
@@ -2770,6 +2798,13 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
     <message>
         <source>Date Accessed</source>
         <translation>Letzter Zugriff</translation>
+    </message>
+</context>
+<context>
+    <name>ForeignFile</name>
+    <message>
+        <source>It is not part of an album. Would You Like To Replace It, And All Files With Names Of The Album?</source>
+        <translation>Sie gehört zu keinem Album. Möchten Sie sie und alle Dateien mit Namen des Albums ersetzen?</translation>
     </message>
 </context>
 <context>
@@ -3742,10 +3777,6 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
         <translation>Korb: Pfade von Bildern; in einer .ibd-Datei mit Beschreibungen.</translation>
     </message>
     <message>
-        <source>Metadata list: the lines of metadata that a web album shows.</source>
-        <translation>Metadatenliste: die Zeilen mit Metadaten, die ein Webalbum zeigt.</translation>
-    </message>
-    <message>
         <source>Side files: EXIF attributes, IPTC fields.</source>
         <translation>Begleitdateien: EXIF-Attribute, IPTC-Felder.</translation>
     </message>
@@ -3836,6 +3867,10 @@ Ergebnisse gehen an die Standardausgabe, Meldungen an die Standardfehlerausgabe.
     <message>
         <source>Show a folder, and open a basket:</source>
         <translation>Einen Ordner zeigen und einen Korb öffnen:</translation>
+    </message>
+    <message>
+        <source>Metadata basket: the lines of metadata that a web album shows.</source>
+        <translation>Metadatenkorb: die Zeilen mit Metadaten, die ein Webalbum zeigt.</translation>
     </message>
 </context>
 <context>
@@ -4255,6 +4290,10 @@ Bitte wählen Sie ein Bild oder Logo vom Datenträger.</translation>
         <source>Options of Qt, such as -platform and -style, are taken too. The program &quot;tarsel&quot; does the same work without a window.</source>
         <translation>Optionen von Qt wie -platform und -style gelten auch. Das Programm „tarsel“ leistet dasselbe ohne Fenster.</translation>
     </message>
+    <message>
+        <source>%1: expected one FILE. Try &quot;%1 --help&quot;.</source>
+        <translation>%1: erwartet: eine FILE. Hilfe: „%1 --help“.</translation>
+    </message>
 </context>
 <context>
     <name>Progress</name>
@@ -4330,6 +4369,10 @@ Bitte wählen Sie ein Bild oder Logo vom Datenträger.</translation>
     <message>
         <source>Browse for folder</source>
         <translation>Ordner wählen</translation>
+    </message>
+    <message>
+        <source>You may not write to the folder %1.</source>
+        <translation>Sie dürfen nicht in den Ordner %1 schreiben.</translation>
     </message>
 </context>
 <context>
@@ -4546,6 +4589,18 @@ Möchten Sie sie ersetzen?</translation>
     <message>
         <source>the name lacks %1: %2</source>
         <translation>dem Namen fehlt %1: %2</translation>
+    </message>
+    <message>
+        <source>replaces a file that may be of a row outside the slice</source>
+        <translation>ersetzt eine Datei, die von einer Zeile außerhalb des Abschnitts sein kann</translation>
+    </message>
+    <message>
+        <source>the file of row %1 has the same name</source>
+        <translation>die Datei von Zeile %1 hat denselben Namen</translation>
+    </message>
+    <message>
+        <source>takes the place of the file of row %1</source>
+        <translation>tritt an die Stelle der Datei von Zeile %1</translation>
     </message>
 </context>
 <context>
@@ -5467,6 +5522,16 @@ Bitte wählen Sie eine gültige Aufgabenliste.</translation>
     <message>
         <source>artwork %1 does not exist</source>
         <translation>die Grafik %1 gibt es nicht</translation>
+    </message>
+</context>
+<context>
+    <name>frmMain</name>
+    <message numerus="yes">
+        <source>%n files of the last basket were not found; they come back when they are there again</source>
+        <translation>
+            <numerusform>%n Datei des letzten Korbs wurde nicht gefunden; sie kommt zurück, wenn sie wieder da ist</numerusform>
+            <numerusform>%n Dateien des letzten Korbs wurden nicht gefunden; sie kommen zurück, wenn sie wieder da sind</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -7587,6 +7652,10 @@ Please try again!</source>
         <translation>Der Metadatenkorb konnte nicht gespeichert werden!
 Bitte versuchen Sie es noch einmal.</translation>
     </message>
+    <message>
+        <source>You may not write to the folder %1.</source>
+        <translation>Sie dürfen nicht in den Ordner %1 schreiben.</translation>
+    </message>
 </context>
 <context>
     <name>tarsel::frmAlbumDescription</name>
@@ -8260,6 +8329,10 @@ Fertige Dateien bleiben erhalten.</translation>
     <message>
         <source>Waiting for the picture of the screen from the desktop</source>
         <translation>Wartet auf das Bild des Bildschirms vom Desktop</translation>
+    </message>
+    <message>
+        <source>The basket of the last session is damaged. It was kept as %1.</source>
+        <translation>Der Korb der letzten Sitzung ist beschädigt. Er wurde als %1 aufgehoben.</translation>
     </message>
 </context>
 <context>

@@ -89,10 +89,6 @@ QString whyNotAdded(const QString& path) {
 /// Adds pictures that exist; the others are reported. False when there was one.
 bool addPictures(ListView& entries, const QStringList& paths, const QString& description,
                  Terminal& terminal) {
-    for (const QString& operand : paths)
-        if (isBasketFile(operand))
-            throw UsageError{QCoreApplication::translate("CommandLine", "%1 is a basket file, not a picture")
-                                 .arg(operand)};
     bool allThere = true;
     for (const QString& operand : paths) {
         const QString path = absolutePath(operand);
@@ -159,6 +155,10 @@ void refuseUnfit(const Arguments& arguments, const QString& action, const QStrin
         throw UsageError{
             QCoreApplication::translate("CommandLine", "%1: only a .ibd basket keeps descriptions")
                 .arg(basketPath)};
+    for (const QString& picture : arguments.operands().mid(2))
+        if (isBasketFile(picture))
+            throw UsageError{QCoreApplication::translate("CommandLine", "%1 is a basket file, not a picture")
+                                 .arg(picture)};
 }
 
 struct Action {
