@@ -54,6 +54,8 @@ void frmMain::openAlbum() {
         m_album = new frmAlbum(ConfigRecord.Album, this);
         m_album->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
+        // It goes a moment later, and must not be shown again until then.
+        connect(m_album, &QDialog::finished, this, [this] { m_album = nullptr; });
     }
     m_album->show();
     m_album->raise();

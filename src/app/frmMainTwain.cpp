@@ -25,6 +25,7 @@ void frmMain::cmdTwainAcquire_Click() {
         m_twain->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_twain, &frmTwain::acquired, this, &frmMain::subAddItemFromTwain);
         connect(m_twain, &QDialog::finished, this, [this] {
+            m_twain = nullptr; // it goes a moment later, and must not be shown again until then
             if (std::exchange(m_closesAfterWriting, false))
                 close();
         });

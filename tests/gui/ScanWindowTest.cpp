@@ -39,10 +39,6 @@ protected:
     }
     void TearDown() override { qunsetenv("SANE_CONFIG_DIR"); }
 
-    void setOption(const char* name, const std::function<void(QWidget&)>& change) {
-        click(*dialog, "cmdMore");
-        change(child<QWidget>(*dialog, name));
-    }
     void useFeeder() {
         auto& sources = child<QComboBox>(*dialog, "cboSource");
         sources.setCurrentIndex(sources.count() - 1);
@@ -116,6 +112,21 @@ TEST_F(ScannerOfTheWindow, ClosingTheWindowInTheMiddleStopsTheScannerAndKeepsThe
         EXPECT_TRUE(QFileInfo::exists(basket().row(row).tag)) << row;
     EXPECT_TRUE(dialog.isNull() || !dialog->isVisible());
     EXPECT_TRUE(script.unexpected.isEmpty());
+}
+
+TEST_F(ScannerOfTheWindow, OpenedAgainAtOnceIsANewDialogThatStays) {
+    click(*dialog, "cmdMore");
+    child<QWidget>(*dialog, "frmScanOptions").close();
+    click(*dialog, "cmdMore"); // while the one before is waiting for its end
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(child<QWidget>(*dialog, "frmScanOptions").isVisible());
+    click(*dialog, "cmdExit");
+    click(window(), "cmdTwainAcquire");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(dialog.isNull());
+    auto& again = child<QWidget>(window(), "frmTwain");
+    EXPECT_TRUE(again.isVisible());
+    EXPECT_TRUE(waitFor([&] { return child<QWidget>(again, "cmdAcquire").isEnabled(); }));
 }
 
 } // namespace tarsel::test

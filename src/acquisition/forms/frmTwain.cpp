@@ -253,6 +253,7 @@ void frmTwain::openMore() {
     if (!m_more) {
         m_more = new frmScanOptions(this);
         m_more->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_more, &QDialog::finished, this, [this] { m_more = nullptr; });
         connect(m_more, &frmScanOptions::changed, &m_session,
                 qOverload<const QString&, const ScanValue&>(&ScanSession::set));
         m_more->show(m_session.options());
