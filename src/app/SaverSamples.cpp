@@ -21,8 +21,10 @@ QSize sizeIn(const QString& resolution) {
     return {numbers.value(0).toInt(), numbers.value(1).toInt()};
 }
 
-/// Without the margins that a thumbnail has above and below, or on the left and on the right.
+/// Without the margins that a thumbnail has above and below, or on the left and on the right. Null as it is.
 QPixmap withoutMargins(const QPixmap& thumbnail, QSize picture) {
+    if (thumbnail.isNull())
+        return {};
     QRect shown(QPoint(), picture.scaled(thumbnail.size(), Qt::KeepAspectRatio));
     shown.moveCenter(thumbnail.rect().center());
     return thumbnail.copy(shown);
@@ -34,11 +36,11 @@ SaverSamples::SaverSamples(const ListView& lvPages, bool upright, double pixelRa
     QObject(parent), m_upright(upright), m_pixelRatio(pixelRatio),
     m_work([this](const QStringList& paths, const std::stop_token& stop) { readAll(paths, stop); }) {
     for (int row = 0; row < std::min(lvPages.count(), most); ++row) {
-        const QPixmap picture = pixmapOf(lvPages.data(lvPages.index(row, 0), Qt::DecorationRole));
         const QSize size = sizeIn(lvPages.subItem(row, BasketColumn::Resolution));
-        if (picture.isNull() || size.isEmpty())
+        if (size.isEmpty())
             continue;
-        m_thumbnails.push_back({withoutMargins(picture, size), size});
+        const QPixmap thumbnail = pixmapOf(lvPages.data(lvPages.index(row, 0), Qt::DecorationRole));
+        m_thumbnails.push_back({withoutMargins(thumbnail, size), size});
         m_paths << lvPages.row(row).tag;
     }
 }
@@ -64,7 +66,7 @@ void SaverSamples::readAll(const QStringList& paths, const std::stop_token& stop
                     },
                     Qt::QueuedConnection);
         });
-    deleteLater();
+    QMetaObject::invokeMethod(this, &QObject::deleteLater, Qt::QueuedConnection); // after those pictures
 }
 
 } // namespace tarsel

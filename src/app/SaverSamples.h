@@ -15,7 +15,8 @@ namespace tarsel {
 class SaverSamples final : public QObject {
     Q_OBJECT
 public:
-    /// Rows whose thumbnails are made. `upright` as for a batch, `pixelRatio` that of the preview's screen.
+    /// Rows whose sizes are known; thumbnails that are not made yet are null. `upright` as for a batch,
+    /// `pixelRatio` that of the preview's screen.
     SaverSamples(const ListView& lvPages, bool upright, double pixelRatio, QObject* parent = nullptr);
 
     const std::vector<SaverSample>& thumbnails() const { return m_thumbnails; }

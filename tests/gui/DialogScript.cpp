@@ -42,7 +42,7 @@ void DialogScript::look() {
         return;
     }
     QWidget* modal = QApplication::activeModalWidget();
-    if (!modal)
+    if (!modal || modal->objectName() == m_left)
         m_idleLooks = 0;
     else if (++m_idleLooks > patience)
         closeUnexpected(*modal);

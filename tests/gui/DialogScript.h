@@ -16,6 +16,8 @@ public:
     DialogScript();
 
     void on(const char* objectName, std::function<void(QWidget&)> action);
+    /// A modal window that the test acts on without a step, however long that takes.
+    void leave(const char* objectName) { m_left = QString::fromLatin1(objectName); }
     bool isDone() const { return m_steps.empty(); }
     /// Names of the windows that nobody expected.
     QStringList unexpected;
@@ -29,6 +31,7 @@ private:
     void closeUnexpected(QWidget& modal);
 
     std::deque<Step> m_steps;
+    QString m_left;
     QTimer m_timer;
     int m_idleLooks = 0;
 };

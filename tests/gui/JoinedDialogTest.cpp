@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/SafeFileWriter.h"
+#include "collections/Basket.h"
 #include "configuration/ConfigRecord.h"
 #include "publishing/forms/EffectPicture.h"
 #include "publishing/forms/EffectPreview.h"
@@ -63,12 +64,18 @@ std::string seen(QWidget& form, std::initializer_list<const char*> controls) {
 
 TEST_F(JoinedDialogs, ASlideShowIsMadeOfTheBasketInTheFileThatIsNamed) {
     startWithBasket(3);
-    ASSERT_TRUE(waitFor([this] { return basket().count() == 3 && basket().row(2).icon >= 0; }));
+    const auto isSized = [this](int row) {
+        return !basket().subItem(row, BasketColumn::Resolution).isEmpty();
+    };
+    ASSERT_TRUE(waitFor([&] { return basket().count() == 3 && isSized(0) && isSized(1) && isSized(2); }));
+    basket().setIcon(1, -1); // its thumbnail is not made yet
+    script.leave("frmScreenSaverOptions");
     choose("mnuSaveAsParent");
     auto* form = dialog<frmScreenSaverOptions>();
     ASSERT_NE(form, nullptr);
     const auto& preview = child<SaverPreview>(*form, "picPreview");
-    EXPECT_TRUE(waitFor([&] { return preview.picture(2).width() == 64; })) << "sharp, as the files are";
+    ASSERT_TRUE(waitFor([&] { return preview.picture(1).width() == 64 && preview.picture(2).width() == 64; }))
+        << "sharp, as the files are";
     auto& interval = child<QLineEdit>(*form, "txtInterval");
     interval.clear();
     EXPECT_EQ(interval.text(), text("3"));
@@ -94,6 +101,7 @@ TEST_F(JoinedDialogs, AGreetingIsMadeOfThePictureOnShow) {
     child<QMenu>(window(), "mnuSavePreviewAsParent").actions().at(2)->trigger();
     EXPECT_EQ(dialog<frmExecutable>(), nullptr) << "no picture";
     window().preview().ShowRow(listed(), 0);
+    script.leave("frmExecutable");
     ASSERT_TRUE(waitFor([this] { return window().workspace().ibMain.HasImage(); }));
     choose("mnuSavePreviewAsParent");
     ASSERT_TRUE(waitFor([this] { return dialog<frmExecutable>(); }));

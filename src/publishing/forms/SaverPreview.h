@@ -10,7 +10,7 @@ namespace tarsel {
 
 /// A picture of the preview.
 struct SaverSample {
-    QPixmap picture; ///< reduced
+    QPixmap picture; ///< reduced; null until it is read
     QSize size;      ///< the real one
 };
 
