@@ -174,9 +174,7 @@ std::unique_ptr<QDialog> SampleDialogs::results(QWidget* owner) const {
         rows[2].state = RowState::Failed;
         rows[2].remark(QCoreApplication::translate("JpegCodec", "no image data"));
     }
-    auto dialog = std::make_unique<frmBatchResults>(rows, owner);
-    dialog->setAttribute(Qt::WA_DeleteOnClose, false);
-    return dialog;
+    return std::make_unique<frmBatchResults>(rows, owner);
 }
 
 std::unique_ptr<QDialog> SampleDialogs::errorReport(QWidget* owner) const {

@@ -4,13 +4,20 @@
 #include "base/ErrorSubject.h"
 
 #include <QGuiApplication>
+#include <QScopedValueRollback>
+#include <QThread>
 #include <utility>
 
 namespace tarsel {
 
 void QtEventLoop::yield() {
     const ErrorSubject none{QString()}; // handlers of input don't work on the caller's file
+    const QScopedValueRollback nested(m_yields, m_yields + 1);
     QCoreApplication::processEvents();
+}
+
+int QtEventLoop::depth() const {
+    return QThread::currentThread()->loopLevel() + m_yields;
 }
 
 void QtEventLoop::setBusyPointer(bool busy) {

@@ -10,9 +10,11 @@ class QtEventLoop final : public EventLoop {
 public:
     void yield() override;
     void setBusyPointer(bool busy) override;
+    int depth() const override;
 
 private:
     bool m_busy = false;
+    int m_yields = 0; ///< within each other
 };
 
 } // namespace tarsel

@@ -30,6 +30,7 @@
 #include "collections/forms/ImageBoxView.h"
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/DeletedDialog.h"
 #include "controls/ElidedLabel.h"
 #include "controls/ListControl.h"
 #include "controls/NoticeBar.h"
@@ -405,7 +406,7 @@ void frmMain::showNeighbour(int step) {
 
 void frmMain::cmdBrowseSettings_Click() {
     auto* dialog = new frmSettings(ConfigRecord, m_actions.shortcuts(), this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*dialog);
     connect(dialog, &QDialog::accepted, this, &frmMain::subUpdateForm);
     dialog->open(); // an adding of files goes on
 }
@@ -469,7 +470,7 @@ void frmMain::openSaveAdvanced() {
     m_saveAdvanced = new frmSaveAdvanced(
         {boxToSave(), shownDocument(), temporaryFolder(m_options.programFolder)}, ConfigRecord.SaveAdvanced,
         ConfigRecord.BatchSave, m_imageDocument.background(), this);
-    m_saveAdvanced->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*m_saveAdvanced);
     m_saveAdvanced->show();
 }
 
@@ -560,7 +561,9 @@ void frmMain::showResults(const QString& notice, const std::vector<RowResult>& r
         return;
     SetStatus(resultSummary(results));
     announceRunEnd(*this, notice, resultSummary(results));
-    (new frmBatchResults(results, this, album))->show();
+    auto* dialog = new frmBatchResults(results, this, album);
+    deleteWhenClosed(*dialog);
+    dialog->show();
 }
 
 /// Those up to the selected one, as the preview shows them.

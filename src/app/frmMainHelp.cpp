@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/frmMain.h"
+#include "controls/DeletedDialog.h"
 #include "help/forms/HelpDesk.h"
 #include "help/forms/frmAbout.h"
 
@@ -12,7 +13,7 @@ void frmMain::connectHelp() {
     connect(&m_actions.action("mnuManual"), &QAction::triggered, m_help, &HelpDesk::showHere);
     connect(&m_actions.action("mnuAbout"), &QAction::triggered, this, [this] {
         auto* about = new frmAbout(this);
-        about->setAttribute(Qt::WA_DeleteOnClose);
+        deleteWhenClosed(*about);
         about->open(); // what runs goes on
     });
 }

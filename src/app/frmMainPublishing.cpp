@@ -5,6 +5,7 @@
 #include "collections/forms/BasketPane.h"
 #include "collections/forms/PreviewPane.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/DeletedDialog.h"
 #include "output/forms/frmBatchResults.h"
 #include "publishing/forms/GenerateAlbum.h"
 #include "publishing/forms/MakeJoined.h"
@@ -52,7 +53,7 @@ void frmMain::openAlbum() {
         return;
     if (!m_album) {
         m_album = new frmAlbum(ConfigRecord.Album, this);
-        m_album->setAttribute(Qt::WA_DeleteOnClose);
+        deleteWhenClosed(*m_album);
         connect(m_album, &frmAlbum::generate, this, &frmMain::generateAlbum);
         // It goes a moment later, and must not be shown again until then.
         connect(m_album, &QDialog::finished, this, [this] { m_album = nullptr; });
@@ -83,7 +84,7 @@ void frmMain::openSaver() {
     auto* samples = new SaverSamples(m_workspace.lvPages, ConfigRecord.BatchSave.UprightByExif == 1,
                                      devicePixelRatioF(), this);
     auto* dialog = new frmScreenSaverOptions(ConfigRecord, samples->thumbnails(), this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*dialog);
     connect(samples, &SaverSamples::loaded, dialog, &frmScreenSaverOptions::showSample);
     connect(dialog, &QObject::destroyed, samples, &SaverSamples::stop);
     samples->read();
@@ -105,7 +106,7 @@ void frmMain::openGreeting() {
         return;
     dropSelection();
     auto* dialog = new frmExecutable(ConfigRecord, m_workspace.ibMain.picture(), this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*dialog);
     connect(dialog, &frmExecutable::create, this, &frmMain::makeGreeting);
     dialog->open();
 }

@@ -4,6 +4,7 @@
 #include "app/frmMain.h"
 #include "collections/PageFiles.h"
 #include "configuration/ConfigRecord.h"
+#include "controls/DeletedDialog.h"
 
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -22,7 +23,7 @@ void frmMain::cmdTwainAcquire_Click() {
     if (!m_twain) {
         m_twain = new frmTwain({ConfigRecord.Twain, m_scanMemory, temporaryFolder(m_options.programFolder)},
                                std::make_unique<Scanner>(), this);
-        m_twain->setAttribute(Qt::WA_DeleteOnClose);
+        deleteWhenClosed(*m_twain);
         connect(m_twain, &frmTwain::acquired, this, &frmMain::subAddItemFromTwain);
         connect(m_twain, &QDialog::finished, this, [this] {
             m_twain = nullptr; // it goes a moment later, and must not be shown again until then

@@ -13,6 +13,9 @@ public:
     virtual void yield() = 0;
     /// One call takes back any number of earlier ones.
     virtual void setBusyPointer(bool busy) = 0;
+    /// How many loops of events, calls of `yield` among them, are waiting for each other; 0 where there are
+    /// none.
+    virtual int depth() const { return 0; }
 };
 
 } // namespace tarsel

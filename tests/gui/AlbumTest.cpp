@@ -60,11 +60,12 @@ TEST_F(AlbumDialog, OpensForABasketAndGeneratesWithWhatItShows) {
     ASSERT_NE(dialog(), nullptr);
     EXPECT_NE(child<QLineEdit>(*dialog(), "txtFolder").text(), programFolder()) << "no place for albums";
     child<QSlider>(*dialog(), "sldQuality").setValue(31);
+    const QPointer<frmAlbum> cancelled = dialog();
     click(*dialog(), "cmdCancel");
     EXPECT_EQ(ConfigRecord.Album.Quality, 75);
     choose(); // while the one before is waiting for its end
     choose();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(waitFor([&] { return !cancelled; }));
     ASSERT_EQ(window().findChildren<frmAlbum*>().size(), 1);
     EXPECT_TRUE(dialog()->isVisible());
     child<QLineEdit>(*dialog(), "txtFolder").setText(out());

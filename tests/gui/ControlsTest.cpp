@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/QtEventLoop.h"
+#include "controls/DeletedDialog.h"
 #include "controls/Hyperlink.h"
 #include "controls/IndicatorStyle.h"
 #include "controls/ProgressBar.h"
@@ -6,10 +8,14 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QDialog>
+#include <QEventLoop>
+#include <QPointer>
 #include <QRadioButton>
 #include <QRubberBand>
 #include <QTest>
 #include <QTextDocument>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace tarsel::test {
@@ -91,6 +97,29 @@ TEST(Hyperlinks, FadeByASeventhInAndAQuarterOutAndAreLinksForKeysAndScreenReader
     EXPECT_EQ(spoken->role(), QAccessible::Link);
     spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(pressed, 2);
+}
+
+TEST(DeletedDialogs, OutliveTheLoopsAndYieldsThatTheirOwnWorkWaitsIn) {
+    QtEventLoop events;
+    const ServiceScope<EventLoop> used(events);
+    QPointer<QDialog> dialog = new QDialog;
+    deleteWhenClosed(*dialog);
+    dialog->show();
+    bool hasWaited = false;
+    QTimer::singleShot(0, dialog, [&] {
+        QEventLoop question;
+        QTimer::singleShot(0, dialog, [&] { dialog->close(); });
+        QTimer::singleShot(150, &question, &QEventLoop::quit);
+        question.exec();
+        EXPECT_TRUE(dialog);
+        for (int i = 0; i < 15; ++i) {
+            QTest::qSleep(10);
+            events.yield();
+        }
+        hasWaited = !dialog.isNull();
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog; }));
+    EXPECT_TRUE(hasWaited);
 }
 
 } // namespace tarsel::test

@@ -2,6 +2,7 @@
 #include "acquisition/forms/frmTwain.h"
 #include "base/SafeFileWriter.h"
 #include "collections/forms/ImageBoxView.h"
+#include "controls/DeletedDialog.h"
 #include "docs/screenshots/SampleScanner.h"
 #include "imaging/ImageBox.h"
 #include "tests/gui/DialogScript.h"
@@ -356,7 +357,7 @@ TEST_F(ScanDialog, APageCancelledAtTheScannerIsToldAndADriverThatCrashedIsOpened
 TEST_F(ScanDialog, ClosedInTheMiddleItStopsTheScannerFirstAndKeepsThePages) {
     scanner.holdsPages = true;
     open();
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*dialog);
     acquire();
     scanner.deliver(20);
     EXPECT_EQ(control<QProgressBar>("pbScan").value(), 20);

@@ -116,14 +116,14 @@ TEST_F(ScannerOfTheWindow, ClosingTheWindowInTheMiddleStopsTheScannerAndKeepsThe
 
 TEST_F(ScannerOfTheWindow, OpenedAgainAtOnceIsANewDialogThatStays) {
     click(*dialog, "cmdMore");
-    child<QWidget>(*dialog, "frmScanOptions").close();
+    const QPointer<QWidget> options = &child<QWidget>(*dialog, "frmScanOptions");
+    options->close();
     click(*dialog, "cmdMore"); // while the one before is waiting for its end
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(waitFor([&] { return !options; }));
     EXPECT_TRUE(child<QWidget>(*dialog, "frmScanOptions").isVisible());
     click(*dialog, "cmdExit");
     click(window(), "cmdTwainAcquire");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(dialog.isNull());
+    ASSERT_TRUE(waitFor([&] { return dialog.isNull(); }));
     auto& again = child<QWidget>(window(), "frmTwain");
     EXPECT_TRUE(again.isVisible());
     EXPECT_TRUE(waitFor([&] { return child<QWidget>(again, "cmdAcquire").isEnabled(); }));

@@ -12,6 +12,7 @@
 #include "base/Translation.h"
 #include "collections/forms/ImageBoxView.h"
 #include "configuration/ProgramFolder.h"
+#include "controls/DeletedDialog.h"
 #include "controls/FormScrollArea.h"
 #include "controls/LineIcon.h"
 #include "controls/LineIconLabel.h"
@@ -252,7 +253,7 @@ void frmTwain::showChoices(const ScanOptions& options) {
 void frmTwain::openMore() {
     if (!m_more) {
         m_more = new frmScanOptions(this);
-        m_more->setAttribute(Qt::WA_DeleteOnClose);
+        deleteWhenClosed(*m_more);
         connect(m_more, &QDialog::finished, this, [this] { m_more = nullptr; });
         connect(m_more, &frmScanOptions::changed, &m_session,
                 qOverload<const QString&, const ScanValue&>(&ScanSession::set));

@@ -7,6 +7,7 @@
 #include "collections/forms/PictureImage.h"
 #include "collections/forms/frmAlbumDescription.h"
 #include "controls/ActionTable.h"
+#include "controls/DeletedDialog.h"
 #include "controls/ListControl.h"
 #include "controls/PaneCaption.h"
 #include "controls/ShortenedButtons.h"
@@ -192,7 +193,7 @@ void BasketPane::addDescription() {
     if (!row.isValid())
         return;
     auto* dialog = new frmAlbumDescription(list, row.row(), this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*dialog);
     connect(dialog, &QDialog::accepted, this, [this, dialog, row] {
         if (row.isValid())
             Q_EMIT described(row.row(), dialog->description());

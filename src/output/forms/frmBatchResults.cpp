@@ -95,7 +95,6 @@ frmBatchResults::frmBatchResults(const std::vector<RowResult>& results, QWidget*
     m_rows({tr("State"), tr("Source"), tr("Target"), tr("Reason")}),
     m_ui(std::make_unique<Ui::frmBatchResults>()) {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
     addRows(results);
     m_ui->lblSummary->setText(resultSummary(results));
     ListControl* list = makeList();

@@ -5,6 +5,7 @@
 #include "base/ErrorTrap.h"
 #include "base/SaveFileDialog.h"
 #include "configuration/ProgramFolder.h"
+#include "controls/DeletedDialog.h"
 #include "controls/FormScrollArea.h"
 #include "controls/LineIcon.h"
 #include "publishing/AlbumArtwork.h"
@@ -220,7 +221,7 @@ void frmAlbum::addLine(const QString& line) {
 
 void frmAlbum::chooseLines() {
     auto* dialog = new frmInsertMetadata(this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    deleteWhenClosed(*dialog);
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         for (const QString& line : dialog->chosen())
             if (!lines().contains(line))
