@@ -5,6 +5,7 @@
 
 #include <map>
 #include <random>
+#include <utility>
 
 using namespace tarsel;
 using namespace tarsel::test;
@@ -183,6 +184,20 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
     pages.cmdPagesNew();
     EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")))
         << "a row again, and removed by nobody since";
+
+    bool stops = true;
+    desktop.onYield = [&] {
+        if (std::exchange(stops, false))
+            pages.stopAdding();
+    };
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    desktop.onYield = nullptr;
+    EXPECT_FALSE(texts(lvPages).ends_with("5_5.tif")) << "what comes behind a stop, the next one brings";
+    pages.empty();
+    pages.subAddEntryToListView(temporary + QStringLiteral("./4_4.tif"));
+    lastBasket::keep(lvPages, {}, settings.programFolder);
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    EXPECT_EQ(texts(lvPages), "4_4.tif 1_1.tif 3_3.tif 5_5.tif") << "each once, by whichever path";
 }
 
 TEST_F(BasketHistoryTest, ADamagedBasketOfTheLastSessionIsPutAsideAndNoError) {

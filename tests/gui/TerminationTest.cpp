@@ -28,7 +28,7 @@ protected:
         environment.insert(QStringLiteral("XDG_DATA_HOME"), dataHome);
         environment.insert(QStringLiteral("TMPDIR"), home.path());
         process.setProcessEnvironment(environment);
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process.setProcessChannelMode(channels);
         process.start(QStringLiteral(TARSEL_MAIN_PROGRAM), arguments);
         ASSERT_TRUE(process.waitForStarted());
     }
@@ -43,6 +43,7 @@ protected:
 
     QTemporaryDir home;
     QProcess program;
+    QProcess::ProcessChannelMode channels = QProcess::ForwardedErrorChannel;
 };
 
 class Termination : public StartedProgram, public testing::WithParamInterface<int> {};
@@ -125,10 +126,15 @@ TEST_F(StartedProgram, AnswersItsOptionsWithoutAWindow) {
         EXPECT_TRUE(program.waitForFinished(60'000) && program.exitCode() == status) << option;
         EXPECT_TRUE(program.readAllStandardOutput().startsWith(answer)) << option;
     }
+    channels = QProcess::SeparateChannels;
     startProgram({QStringLiteral("-platform"), QStringLiteral("none")});
     ASSERT_TRUE(program.waitForFinished(60'000));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << "a display that can't be opened is no crash";
     EXPECT_EQ(program.exitCode(), 1);
+    const QByteArray said = program.readAllStandardError();
+    EXPECT_TRUE(said.startsWith("tarsel-jpeg: no display could be opened.") &&
+                said.contains("plugin \"none\""))
+        << said.constData();
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, Termination, testing::Values(SIGTERM, SIGHUP, SIGINT));
