@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/DisplayFailure.h"
 #include "app/HomeFolder.h"
+#include "app/MemoryArenas.h"
 #include "app/ProgramOptions.h"
 #include "app/QtDesktop.h"
 #include "app/StartFolder.h"
@@ -53,6 +54,7 @@ int main(int argc, char** argv) {
     using namespace tarsel;
     if (const std::optional<int> status = answerHelp(argc, argv))
         return *status;
+    limitMemoryArenas();
     reportFileSizeLimitAsError();
     const bool homeAnswers = takeHomeThatAnswers();
     std::optional<DisplayFailure> displayFailure(std::in_place);

@@ -5,6 +5,7 @@
 // Starts the real main window over a folder of pictures and makes random inputs there; tests/monkey/run
 // starts it again and again. Exit status 0 when the window lived through all of them, 3 when a modal window
 // could not be left.
+#include "app/MemoryArenas.h"
 #include "app/QtDesktop.h"
 #include "app/frmMain.h"
 #include "configuration/ConfigRecord.h"
@@ -43,6 +44,7 @@ private:
 
 int main(int argc, char** argv) {
     using namespace tarsel;
+    limitMemoryArenas();
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
