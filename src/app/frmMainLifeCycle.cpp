@@ -260,14 +260,14 @@ void frmMain::reopenLastBasket() {
     CollectionLists shared = m_workspace.lists(*pbQueue);
     const auto missing = [this] {
         QSet<QString> files;
-        for (const AwaitedEntry& entry : m_basket.awaited)
+        for (const AwaitedEntry& entry : m_basket.awaited())
             files << entry.path;
         return int(files.size());
     };
     QString damaged;
     if (!lastBasket::reopen(m_basket, shared, m_options.programFolder, &damaged))
         SetStatus(tr("The basket of the last session could not be read"));
-    else if (!m_basket.awaited.empty() && !m_basket.wasStopped())
+    else if (!m_basket.awaited().empty() && !m_basket.wasStopped())
         SetStatus(countedText(
             "frmMain", "1 file of the last basket was not found; it comes back when it is there again",
             QT_TRANSLATE_N_NOOP("frmMain", "%n files of the last basket were not found; they "
@@ -476,7 +476,7 @@ void frmMain::subEnd() {
         subSaveSetup();
         storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
         ignoringErrors(
-            [this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited, m_options.programFolder); });
+            [this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited(), m_options.programFolder); });
     });
 }
 

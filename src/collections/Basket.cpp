@@ -310,7 +310,6 @@ void Basket::cmdPagesDelete() {
 void Basket::cmdPagesNew() {
     stopAdding();
     m_failed.clear();
-    awaited.clear();
     m_history.beginNewBasket(settings.programFolder);
     m_lists.sbMain.setPanel(QStringLiteral("queue"), tr("New Basket"));
 }
@@ -320,24 +319,21 @@ void Basket::empty() {
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
     m_failed.clear();
-    awaited.clear();
     showCount();
 }
 
 void Basket::await(const std::vector<BasketEntry>& entries) {
-    awaited.clear();
+    awaited().clear();
     QString last, after;
     for (const BasketEntry& entry : entries) {
         if (entry.path != last)
             after = std::exchange(last, entry.path);
-        awaited.push_back({entry, after});
+        awaited().push_back({entry, after});
     }
 }
 
 void Basket::undo() {
     m_history.undo();
-    if (m_lists.lvPages.isEmpty())
-        awaited.clear();
     showCount();
 }
 

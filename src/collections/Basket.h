@@ -21,17 +21,6 @@ namespace tarsel {
 struct BasketItem;
 struct OfferedFiles;
 
-/// One line of a basket file.
-struct BasketEntry {
-    QString path;
-    QString description; ///< empty in a .ibf file
-};
-
-/// One whose row is still to come.
-struct AwaitedEntry : BasketEntry {
-    QString after; ///< the path before it; empty for the first
-};
-
 /// Headers of the basket list: text and SubItems 1 to 5.
 QStringList basketHeaders();
 namespace BasketColumn {
@@ -61,9 +50,8 @@ public:
     CollectionSettings settings;
     /// The first and the last row in view, which are read first.
     std::function<std::pair<int, int>()> visibleRows;
-    /// Entries of a basket file whose rows are still to come, with their descriptions; of the last session's
-    /// basket, also those whose files are missing. Whoever keeps the basket meanwhile keeps them too.
-    std::vector<AwaitedEntry> awaited;
+    /// Whoever keeps the basket keeps them too.
+    std::vector<AwaitedEntry>& awaited() { return m_history.awaited; }
     void await(const std::vector<BasketEntry>& entries);
     /// Called on the reading threads.
     ThumbnailReader readThumbnail = loadThumbnail;

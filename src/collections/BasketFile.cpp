@@ -87,7 +87,7 @@ void addEntries(const std::vector<BasketEntry>& entries, Basket& basket, Collect
     for (const BasketEntry& entry : entries)
         paths << entry.path;
     basket.await(entries); // the session may end in between
-    const auto done = qScopeGuard([&] { basket.awaited.clear(); });
+    const auto done = qScopeGuard([&] { basket.awaited().clear(); });
     if (!basket.addListedFiles(paths))
         return describeByPath(entries, lists.lvPages);
     // Paired by number: after a document or a missing file the description is another row's.

@@ -83,9 +83,9 @@ void BasketHistory::beginNewBasket(const QString& programFolder) {
 }
 
 void BasketHistory::beginOpenBasket() {
-    std::vector<RemovedRow> rows = takeAllRows();
-    if (!rows.empty())
-        push({.kind = Kind::OpenBasket, .rows = std::move(rows)});
+    Step step{.kind = Kind::OpenBasket, .rows = takeAllRows(), .awaited = std::exchange(awaited, {})};
+    if (!step.rows.empty())
+        push(std::move(step));
 }
 
 void BasketHistory::describe(int row, const QString& text) {
@@ -168,6 +168,7 @@ void BasketHistory::swap(Step& step, bool isUndo) {
         case Kind::OpenBasket: {
             std::vector<RemovedRow> present = takeAllRows();
             putBack(std::exchange(step.rows, std::move(present)));
+            std::swap(awaited, step.awaited);
             break;
         }
         case Kind::Move:
@@ -249,9 +250,11 @@ void BasketHistory::swapRemoved(Step& step, bool isUndo) {
 void BasketHistory::swapNewBasket(Step& step, bool isUndo) {
     if (isUndo) {
         returnPageFiles(step);
+        awaited.insert(awaited.begin(), step.awaited.begin(), step.awaited.end());
         return putBack(std::exchange(step.rows, {}));
     }
     step.rows = takeAllRows();
+    step.awaited = std::exchange(awaited, {});
     m_lists.lvPages.attachImages(nullptr);
     m_lists.ilPages.clear();
     PageFilesAside aside = setPageFilesAside(step.programFolder, tagsOf(step.rows));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "collections/BasketEntry.h"
 #include "collections/CollectionLists.h"
 
 #include <QObject>
@@ -25,6 +26,10 @@ public:
     ~BasketHistory() override; ///< deletes what was set aside
     BasketHistory(const BasketHistory&) = delete;
     BasketHistory& operator=(const BasketHistory&) = delete;
+
+    /// Entries of a basket file whose rows are still to come, with their descriptions; of the last session's
+    /// basket, also those whose files are missing. They go and come back with the rows of their basket.
+    std::vector<AwaitedEntry> awaited;
 
     /// Called after each change of what can be undone.
     std::function<void()> changed;
@@ -53,6 +58,7 @@ private:
     struct Step {
         Kind kind;
         std::vector<RemovedRow> rows = {};
+        std::vector<AwaitedEntry> awaited = {};
         QStringList order = {}; ///< Tags
         QString tag = {};       ///< of the row with the text
         int row = -1;           ///< where it was

@@ -138,7 +138,7 @@ bool fillFrom(const QString& file, Basket& basket, ListView& lvPages) {
     describe(lvPages, entries);
     const QStringList sources = sourcesOf(lvPages);
     const QSet<QString> listed(sources.begin(), sources.end());
-    std::erase_if(basket.awaited, [&](const AwaitedEntry& entry) { return listed.contains(entry.path); });
+    std::erase_if(basket.awaited(), [&](const AwaitedEntry& entry) { return listed.contains(entry.path); });
     return true;
 }
 

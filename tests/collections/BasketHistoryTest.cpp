@@ -224,7 +224,7 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionWithItsPicture) {
         return rows.join(u' ').toStdString();
     };
     const auto endAndBegin = [&] {
-        lastBasket::keep(lvPages, pages.awaited, settings.programFolder);
+        lastBasket::keep(lvPages, pages.awaited(), settings.programFolder);
         pages.cmdPagesNew();
         EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
     };
@@ -239,17 +239,20 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionWithItsPicture) {
     QFile::rename(picture("a.png"), picture("away"));
     endAndBegin();
     EXPECT_EQ(shown(), "scan.tif=0 scan.tif=1 scan.tif=2 d.png=3 c.png=5 b.png=6");
-    EXPECT_EQ(pages.awaited.size(), 1u);
+    EXPECT_EQ(pages.awaited().size(), 1u);
+    pages.cmdPagesNew();
+    EXPECT_TRUE(pages.awaited().empty());
+    pages.undo(); // the missing one comes back with its basket
     endAndBegin();
     QFile::rename(picture("away"), picture("a.png"));
     endAndBegin();
     EXPECT_EQ(shown(), all) << "it is there again, in its place";
 
-    lastBasket::keep(lvPages, pages.awaited, settings.programFolder);
+    lastBasket::keep(lvPages, pages.awaited(), settings.programFolder);
     pages.cmdPagesNew();
     desktop.onYield = [&] { // the session ends in between
         if (!lvPages.isEmpty() && !pages.wasStopped())
-            lastBasket::keep(lvPages, pages.awaited, settings.programFolder);
+            lastBasket::keep(lvPages, pages.awaited(), settings.programFolder);
         pages.stopAdding();
     };
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
