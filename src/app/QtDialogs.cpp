@@ -2,6 +2,7 @@
 #include "app/QtDialogs.h"
 
 #include "app/DialogFilters.h"
+#include "app/FileDialogLook.h"
 #include "app/frmErrorReport.h"
 #include "base/DialogSubject.h"
 #include "base/IgnoringErrors.h"
@@ -217,6 +218,7 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
         dialog.selectFile(start.fileName());
     }
     takeSubject(dialog);
+    makeFileDialogReadable(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();
