@@ -91,6 +91,7 @@ frmSaveSinglePage::frmSaveSinglePage(settings::BatchSave& settings, const ListVi
     showTasks();
     m_preview->show(m_binding->shown());
     m_ui->sldJPGQuality->setFocus();
+    takeSize();
 }
 
 frmSaveSinglePage::~frmSaveSinglePage() = default;
@@ -160,13 +161,14 @@ void frmSaveSinglePage::showTasks() {
     m_ui->lblTasks->setText(text);
 }
 
-/// Some controls ask for their final size only after they have been shown.
+/// Some controls ask for their final size only after they have been shown. Before that the size is nearly
+/// right, and the base class looks for a place where all of it is on the screen.
 void frmSaveSinglePage::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        takeSize();
+        QTimer::singleShot(0, this, &frmSaveSinglePage::takeSize);
+    }
     QDialog::showEvent(event);
-    if (event->spontaneous())
-        return;
-    takeSize();
-    QTimer::singleShot(0, this, &frmSaveSinglePage::takeSize);
 }
 
 /// Where the dialog is too narrow for both, the names move below the options.

@@ -61,13 +61,14 @@ void frmScreenSaverOptions::showSample(int index, const QPixmap& picture) {
     m_ui->picPreview->setPicture(index, picture);
 }
 
-/// Some controls ask for their final size only after they have been shown.
+/// Some controls ask for their final size only after they have been shown. Before that the size is nearly
+/// right, and the base class looks for a place where all of it is on the screen.
 void frmScreenSaverOptions::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        fitToScreen(*this, sizeHint());
+        QTimer::singleShot(0, this, [this] { fitToScreen(*this, sizeHint()); });
+    }
     QDialog::showEvent(event);
-    if (event->spontaneous())
-        return;
-    fitToScreen(*this, sizeHint());
-    QTimer::singleShot(0, this, [this] { fitToScreen(*this, sizeHint()); });
 }
 
 void frmScreenSaverOptions::followOptions() {
