@@ -10,19 +10,20 @@ namespace tarsel {
 
 namespace {
 
-void deleteAtDepth(QDialog& dialog, int depth) {
+void deleteAfterInnerLoops(QDialog& dialog) {
+    constexpr int loopOfTheProgram = 1;
     constexpr int pause = 50; // ms
-    if (service<EventLoop>().depth() <= depth)
+    if (service<EventLoop>().depth() <= loopOfTheProgram)
         dialog.deleteLater();
     else
-        QTimer::singleShot(pause, &dialog, [&dialog, depth] { deleteAtDepth(dialog, depth); });
+        QTimer::singleShot(pause, &dialog, [&dialog] { deleteAfterInnerLoops(dialog); });
 }
 
 } // namespace
 
 void deleteWhenClosed(QDialog& dialog) {
-    QObject::connect(&dialog, &QDialog::finished, &dialog, [&dialog, depth = service<EventLoop>().depth()] {
-        QTimer::singleShot(0, &dialog, [&dialog, depth] { deleteAtDepth(dialog, depth); });
+    QObject::connect(&dialog, &QDialog::finished, &dialog, [&dialog] {
+        QTimer::singleShot(0, &dialog, [&dialog] { deleteAfterInnerLoops(dialog); });
     });
 }
 

@@ -5,9 +5,9 @@ class QDialog;
 
 namespace tarsel {
 
-/// Deletes a dialog some time after it has been closed: once all event loops have ended that began after this
-/// call. Routines of the dialog, or of others on its account, may be waiting in one of them, for a file
-/// dialog or a run; Qt's own `WA_DeleteOnClose` would not wait for them.
+/// Deletes a dialog some time after it has been closed: once no event loop runs but that of the program.
+/// Routines of the dialog, or of others on its account, may be waiting in an inner one, for a file dialog or
+/// a run; Qt's own `WA_DeleteOnClose` would not wait for them.
 void deleteWhenClosed(QDialog& dialog);
 
 } // namespace tarsel

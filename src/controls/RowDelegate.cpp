@@ -129,7 +129,8 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     option->text = onOneLine(option->text);
-    option->textElideMode = QDir::isAbsolutePath(option->text) ? Qt::ElideMiddle : Qt::ElideRight;
+    const bool differsAtItsEnd = isThumbnail(*option) || QDir::isAbsolutePath(option->text); // as of a series
+    option->textElideMode = differsAtItsEnd ? Qt::ElideMiddle : Qt::ElideRight;
     if (index.column() > 0 && !fullRow)
         option->state &= ~QStyle::State_Selected;
     if (index.column() > 0 || setPicture(*option, index.data(Qt::DecorationRole)))

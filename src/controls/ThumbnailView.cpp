@@ -15,7 +15,6 @@ ThumbnailView::ThumbnailView(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setSelectionRectVisible(true);
     setWordWrap(false);
-    setTextElideMode(Qt::ElideMiddle); // names of a series differ at their end
     setSpacing(4);
 }
 

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "publishing/ForeignFile.h"
 
-#include "base/FileIdentity.h"
 #include "base/IgnoringErrors.h"
-#include "output/RowSources.h"
 #include "publishing/AlbumNames.h"
 #include "publishing/AlbumRow.h"
 #include "publishing/AlbumTemplate.h"
@@ -85,14 +83,6 @@ QStringList filesInPlaces(const AlbumNames& names) {
     return found;
 }
 
-QSet<FileIdentity> sourcesOf(const ListView& rows) {
-    QSet<FileIdentity> sources;
-    for (int i = 0; i < rows.count(); ++i)
-        for (const QString& source : sourcesOfRow(rows.row(i)))
-            sources << FileIdentity::of(source);
-    return sources;
-}
-
 } // namespace
 
 std::optional<QString> foreignFile(const ListView& lvPages, const AlbumOptions& options) {
@@ -110,9 +100,8 @@ std::optional<QString> foreignFile(const ListView& lvPages, const AlbumOptions& 
     if (found.isEmpty())
         return {};
     const QSet<QString> paths = targets.paths();
-    const QSet<FileIdentity> sources = sourcesOf(lvPages);
     for (const QString& file : found)
-        if (paths.contains(file) && !last.isRecorded(file) && !sources.contains(FileIdentity::of(file)))
+        if (paths.contains(file) && !last.isRecorded(file))
             return file;
     return {};
 }

@@ -48,6 +48,10 @@ TEST(AlbumCommand, ReplacesNoFileThatIsNotOfAnAlbumUnlessTold) {
         };
         QDir(folder.path()).mkdir(QStringLiteral("MyImages_My Album"));
         const QString own = folder.path("MyImages_My Album/b.jpg"), index = folder.path("index.htm");
+        QFile::copy(folder.path("b.jpg"), own);
+        EXPECT_EQ(folder.run(commandLine("album --out .") + commandLine(how) + QStringList(own)).status, 1)
+            << how;
+        EXPECT_EQ(readWholeFile(own), readWholeFile(folder.path("b.jpg"))) << "a picture of the album itself";
         writeFileSafely(own, "mine");
         EXPECT_EQ(status(), 1) << how;
         writeFileSafely(index, "<html>mine</html>");

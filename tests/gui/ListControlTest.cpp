@@ -128,6 +128,22 @@ TEST_F(ListControlTest, TheRowInViewComesBackWithTheThumbnails) {
     EXPECT_EQ(place(), before);
 }
 
+TEST_F(ListControlTest, NamesOfASeriesLookDifferentAlsoWhereTheyAreCut) {
+    for (const char* end : {"1", "2"}) {
+        ListRow row;
+        row.text = QStringLiteral("a long name of a day in summer, %1.jpg").arg(QLatin1String(end));
+        list.add(row);
+    }
+    control.setForm(ListControl::Form::Thumbnails);
+    control.resize(600, 300);
+    control.show();
+    const auto drawn = [&](int row) {
+        return control.view()->viewport()->grab(control.view()->visualRect(list.index(row, 0))).toImage();
+    };
+    EXPECT_EQ(drawn(0).size(), drawn(1).size());
+    EXPECT_NE(drawn(0), drawn(1));
+}
+
 TEST_F(ListControlTest, MenuKeysAskForTheMenuAtTheRowWithTheFocus) {
     fill(3);
     control.resize(400, 300);
