@@ -26,8 +26,14 @@ bool isOfQt(const QDialog& dialog) {
     return dialog.metaObject()->className()[0] == 'Q';
 }
 
-/// The contents stay in their window, which keeps the order of its Tab key.
-void makeScrollable(QDialog& dialog) {
+QSize leastSize(const QDialog& dialog) {
+    return dialog.minimumSizeHint().expandedTo(dialog.minimumSize());
+}
+
+/// The contents stay in their window, which keeps the order of its Tab key. The window stays as large as they
+/// ask for, or as the screen: by itself, a scroll area asks for next to nothing.
+void makeScrollable(QDialog& dialog, QSize room) {
+    const QSize wanted = dialog.sizeHint().expandedTo(leastSize(dialog)).boundedTo(room);
     auto* contents = new QWidget(&dialog);
     contents->setLayout(dialog.layout());
     auto* area = new QScrollArea(&dialog);
@@ -39,7 +45,7 @@ void makeScrollable(QDialog& dialog) {
     auto* rows = new QVBoxLayout(&dialog);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(area);
-    dialog.setMinimumSize(0, 0);
+    dialog.setMinimumSize(wanted);
 }
 
 /// With the frame that the window manager draws, which a dialog that was just shown doesn't know yet: it will
@@ -68,9 +74,8 @@ void fit(QDialog& dialog) {
     if (dialog.isMaximized() || dialog.isFullScreen())
         return;
     const QSize room = roomOnScreen(dialog);
-    if (exceeds(dialog.minimumSizeHint().expandedTo(dialog.minimumSize()), room) && dialog.layout() &&
-        !isOfQt(dialog))
-        makeScrollable(dialog);
+    if (exceeds(leastSize(dialog), room) && dialog.layout() && !isOfQt(dialog))
+        makeScrollable(dialog, room);
     if (exceeds(dialog.size(), room))
         dialog.resize(dialog.size().boundedTo(room));
 }

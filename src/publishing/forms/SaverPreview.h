@@ -29,7 +29,7 @@ public:
     int shownSample() const { return m_shown; }
 
     QSize sizeHint() const override { return {400, 300}; }
-    QSize minimumSizeHint() const override { return {240, 160}; }
+    QSize minimumSizeHint() const override { return {160, 120}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
