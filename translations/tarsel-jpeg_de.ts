@@ -1259,13 +1259,15 @@ wenn keine Zeile druckbar war, gibt es keines, und ein älteres dieses Namens bl
     </message>
     <message>
         <source>The file shows the pictures by itself. A row whose picture fails is left out, the others go on, and
-the exit status is 1. The file is written in one step at the end, in place of an older one: after an
-interrupt with the pictures so far, after an error not at all. No source is replaced.
+the exit status is 1. The file is written in one step at the end, in place of an older one. After an
+interrupt it has the pictures so far, but an older one stays; after an error it is not written. No
+source is replaced.
 The name gets its extension where it hasn&apos;t that.</source>
         <translation>Die Datei zeigt die Bilder von selbst. Eine Zeile, deren Bild fehlschlägt, wird ausgelassen, die
 anderen folgen, und der Exit-Status ist 1. Die Datei wird am Ende in einem Schritt geschrieben,
-anstelle einer älteren: nach einem Abbruch mit den Bildern bis dahin, nach einem Fehler gar nicht.
-Keine Quelle wird ersetzt. Der Name bekommt seine Endung, wo er sie nicht hat.</translation>
+anstelle einer älteren. Nach einem Abbruch hat sie die Bilder bis dahin, doch eine ältere bleibt; nach
+einem Fehler wird sie nicht geschrieben. Keine Quelle wird ersetzt. Der Name bekommt seine Endung, wo er
+sie nicht hat.</translation>
     </message>
     <message>
         <source>Make a screen saver of a basket, or of pictures.</source>
@@ -3091,6 +3093,10 @@ Die Einstellungen werden auf ihre Vorgaben zurückgesetzt.</translation>
     <message>
         <source>Saving Options...</source>
         <translation>Optionen werden gespeichert ...</translation>
+    </message>
+    <message>
+        <source>the older file stays</source>
+        <translation>die ältere Datei bleibt</translation>
     </message>
 </context>
 <context>

@@ -2,8 +2,6 @@
 #include "app/PictureSelector.h"
 #include "app/TaskPane.h"
 #include "app/frmMain.h"
-#include "base/IgnoringErrors.h"
-#include "base/SafeFileWriter.h"
 #include "collections/BasketActions.h"
 #include "collections/BasketFile.h"
 #include "collections/OfferedFiles.h"
@@ -18,6 +16,7 @@
 
 #include <QDir>
 #include <QDragEnterEvent>
+#include <QFile>
 #include <QFileInfo>
 #include <QMimeData>
 
@@ -160,8 +159,8 @@ bool frmMain::openOfferedTasks(const QList<QUrl>& files) {
 /// that can't be read is reported by `open`.
 void frmMain::whenAnswered(const QString& path, const std::function<void()>& open) {
     m_offeredQuestion.ask([path, open] {
-        if (QFileInfo(path).isFile())
-            ignoringErrors([&] { std::ignore = readWholeFile(path); });
+        if (QFile file(path); QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly))
+            std::ignore = file.read(1);
         return open;
     });
 }

@@ -76,8 +76,9 @@ int run(const Arguments& arguments, Terminal& terminal) {
 constexpr char notes[] = QT_TRANSLATE_NOOP(
     "CommandLine",
     "The file shows the pictures by itself. A row whose picture fails is left out, the others go on, and\n"
-    "the exit status is 1. The file is written in one step at the end, in place of an older one: after an\n"
-    "interrupt with the pictures so far, after an error not at all. No source is replaced.\n"
+    "the exit status is 1. The file is written in one step at the end, in place of an older one. After an\n"
+    "interrupt it has the pictures so far, but an older one stays; after an error it is not written. No\n"
+    "source is replaced.\n"
     "The name gets its extension where it hasn't that.");
 
 } // namespace

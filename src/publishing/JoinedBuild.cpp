@@ -7,6 +7,7 @@
 #include "publishing/JoinedRows.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <algorithm>
 
 namespace tarsel {
@@ -26,6 +27,14 @@ void takeBackWritten(std::vector<RowResult>& results, const QString& reason) {
         row.state = RowState::Failed;
         row.remarks.prepend(reason);
     }
+}
+
+/// Nobody gives a whole file away for a part of one.
+void keepOlder(std::vector<RowResult>& results) {
+    for (RowResult& row : results)
+        if (row.state == RowState::Written)
+            row.skip(SkipReason::Cancelled,
+                     QCoreApplication::translate("JoinedBuild", "the older file stays"));
 }
 
 /// The one row was cancelled, has failed, or holds no picture.
@@ -53,6 +62,8 @@ bool buildJoined(const JoinedBuild& build, const JoinedSources& sources, Progres
         show(run, QCoreApplication::translate("JoinedBuild", "Saving Options..."));
         if (build.needsAll && !rows.hasWritten())
             return requirePicture(results);
+        if (loop.wasCancelled() && QFileInfo::exists(build.path))
+            return keepOlder(results);
         file->commit(build.options);
         if (run.leavesList)
             file->leaveList(build.listName);

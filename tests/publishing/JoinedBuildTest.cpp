@@ -109,12 +109,18 @@ TEST_F(Joined, ASaverHasThePicturesOfItsRowsAndRuns) {
     EXPECT_TRUE(QFile::permissions(path("out.scr")) & QFile::ExeOwner);
 }
 
-TEST_F(Joined, ACancelLeavesAWorkingFileWithThePicturesSoFar) {
+TEST_F(Joined, ACancelLeavesAWorkingFileWithThePicturesSoFarOrTheOlderOne) {
     addPictures({"one.jpg", "two.jpg", "three.jpg"});
     desktop.onYield = [this] { CancelRequested = !progress.values.empty() && progress.values.back() == 2; };
     ASSERT_TRUE(makeSaver());
     EXPECT_EQ(states(), "written written skipped");
     EXPECT_EQ(parsed("out.scr").lines.size(), 3);
+    progress.values.clear();
+    writeFile("out.scr", "OLD");
+    ASSERT_TRUE(makeSaver());
+    EXPECT_EQ(states(), "skipped skipped skipped");
+    EXPECT_EQ(readWholeFile(path("out.scr")), "OLD") << "a whole file is worth more";
+    QFile::remove(path("out.scr"));
     CancelRequested = false;
     pages.clear();
     desktop.onYield = {};
