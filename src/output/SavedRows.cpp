@@ -147,27 +147,31 @@ bool SavedRows::mayWrite(RowResult& result) const {
     return m_settings.Overwrite != 1 || heedsRowsOutside(result);
 }
 
-/// Of rows with one name the last one stays, as in one run.
+/// Of rows with one name the last one stays, as in one run. An earlier one makes the file as long as there is
+/// none: the later one may fail.
 bool SavedRows::heedsRowsOutside(RowResult& result) const {
     const int outside = m_outside.rowOf(result.target);
     if (outside > result.row) {
-        result.skip(
-            SkipReason::Refused,
-            QCoreApplication::translate("SavedRows", "the file of row %1 has the same name").arg(outside));
-        return false;
-    }
-    if (outside != 0)
+        const QString fact =
+            QCoreApplication::translate("SavedRows", "the file of row %1 has the same name").arg(outside);
+        if (QFileInfo::exists(result.target)) {
+            result.skip(SkipReason::Refused, fact);
+            return false;
+        }
+        result.remark(fact);
+    } else if (outside != 0) {
         result.remark(
             QCoreApplication::translate("SavedRows", "takes the place of the file of row %1").arg(outside));
-    else if (!m_outside.areKnown() && QFileInfo::exists(result.target))
+    } else if (!m_outside.areKnown() && QFileInfo::exists(result.target)) {
         result.remark(replacesUnknown());
+    }
     return true;
 }
 
 /// False for a file that turned up under a name that must be new. Where it may be of a row outside, that is
 /// said also when it turned up meanwhile.
 bool SavedRows::write(const QByteArray& bytes, RowResult& result) const {
-    if (m_settings.Overwrite != 1)
+    if (m_settings.Overwrite != 1 || m_outside.rowOf(result.target) > result.row)
         return writeNewFileSafely(result.target, bytes);
     if (!m_outside.areKnown() && !result.remarks.contains(replacesUnknown())) {
         if (writeNewFileSafely(result.target, bytes))

@@ -75,4 +75,7 @@ TEST(AlbumCommand, OnlyChangedKeepsWhatNoRunRecorded) {
     EXPECT_EQ(folder.run("album --only-changed --out x a.jpg c.jpg").status, 0);
     EXPECT_EQ(folder.run("album --out x a.jpg b.jpg").status, 0) << "files of an earlier album are replaced";
     EXPECT_EQ(folder.run("album --only-changed --out x a.jpg b.jpg").status, 0) << "that run recorded them";
+    writeFileSafely(folder.path("x/index.htm"), "mine");
+    EXPECT_EQ(folder.run("album --only-changed --out x a.jpg b.jpg").status, 1);
+    EXPECT_EQ(readWholeFile(folder.path("x/index.htm")), "mine") << "where an index of ours was";
 }

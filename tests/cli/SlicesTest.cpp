@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QImage>
 #include <QMap>
 #include <gtest/gtest.h>
 
@@ -100,8 +101,18 @@ TEST(SlicesOfRowsWithOneName, EndInTheFileOfOneRunInWhateverOrderAndSaySo) {
     EXPECT_EQ(made("--out back --rows 3-3"), 0) << "nothing else has that name";
     EXPECT_EQ(made("--out new --rows 1-1 --dry-run"), 1);
 
-    const QStringList byPicture = commandLine("--name hybrid --out named --prefix")
-                                  << QStringLiteral("[EXIF Artist]");
-    EXPECT_EQ(made("--rows 1-1", byPicture), 0);
-    EXPECT_EQ(made("--rows 2-3", byPicture), 1) << "another row made a file of that name";
+    for (const char* part : {"--out named --prefix", "--out suffixed --suffix"}) {
+        const QStringList byPicture = commandLine("--name hybrid") + commandLine(part)
+                                      << QStringLiteral("[EXIF Artist]");
+        EXPECT_EQ(made("--rows 1-1", byPicture), 0) << part;
+        EXPECT_EQ(made("--rows 2-3", byPicture), 1) << part << ": another row made a file of that name";
+    }
+
+    writeFileSafely(folder.path("y/p.jpg"), "no picture");
+    for (const char* order : {"1-1 2-3", "2-3 1-1"}) {
+        QDir(folder.path("left")).removeRecursively();
+        for (const QString& rows : commandLine(order))
+            EXPECT_EQ(made("--out left --rows", QStringList(rows)), 1) << order;
+        EXPECT_EQ(QImage(folder.path("left/p.jpg")).width(), 30 + 'x') << order << ": the one that is left";
+    }
 }

@@ -12,6 +12,7 @@
 #include "output/forms/ui_frmSaveSinglePage.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QKeyEvent>
 
 namespace tarsel {
@@ -161,14 +162,20 @@ void frmSaveSinglePage::showTasks() {
     m_ui->lblTasks->setText(text);
 }
 
-/// Some controls ask for their final size only after they have been shown. Before that the size is nearly
-/// right, and the base class looks for a place where all of it is on the screen.
+/// Before it is shown the size is nearly right, and the base class looks for a place where all of it is on
+/// the screen. Some controls ask for their final size only afterwards; and the window manager's answer to the
+/// first size may come after the second.
 void frmSaveSinglePage::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
+    if (!event->spontaneous())
         takeSize();
-        QTimer::singleShot(0, this, &frmSaveSinglePage::takeSize);
-    }
     QDialog::showEvent(event);
+    constexpr int answered = 150; // ms
+    for (const int wait : {0, answered})
+        if (!event->spontaneous())
+            QTimer::singleShot(wait, this, [this] {
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+                takeSize();
+            });
 }
 
 /// Where the dialog is too narrow for both, the names move below the options.

@@ -92,11 +92,11 @@ frmAlbum::~frmAlbum() = default;
 /// Some controls ask for their final size only after they have been shown. Before that the size is nearly
 /// right, and the base class looks for a place where all of it is on the screen.
 void frmAlbum::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
+    if (!event->spontaneous())
         fitToScreen(*this, sizeHint());
-        QTimer::singleShot(0, this, [this] { fitToScreen(*this, sizeHint()); });
-    }
     QDialog::showEvent(event);
+    if (!event->spontaneous())
+        QTimer::singleShot(0, this, [this] { fitToScreen(*this, sizeHint()); });
 }
 
 // --- the options

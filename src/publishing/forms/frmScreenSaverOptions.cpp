@@ -64,11 +64,11 @@ void frmScreenSaverOptions::showSample(int index, const QPixmap& picture) {
 /// Some controls ask for their final size only after they have been shown. Before that the size is nearly
 /// right, and the base class looks for a place where all of it is on the screen.
 void frmScreenSaverOptions::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
+    if (!event->spontaneous())
         fitToScreen(*this, sizeHint());
-        QTimer::singleShot(0, this, [this] { fitToScreen(*this, sizeHint()); });
-    }
     QDialog::showEvent(event);
+    if (!event->spontaneous())
+        QTimer::singleShot(0, this, [this] { fitToScreen(*this, sizeHint()); });
 }
 
 void frmScreenSaverOptions::followOptions() {
