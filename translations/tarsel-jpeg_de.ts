@@ -8340,6 +8340,10 @@ Fertige Dateien bleiben erhalten.</translation>
         <source>The basket of the last session is damaged. It was kept as %1.</source>
         <translation>Der Korb der letzten Sitzung ist beschädigt. Er wurde als %1 aufgehoben.</translation>
     </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>tarsel::frmManual</name>

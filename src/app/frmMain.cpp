@@ -291,6 +291,8 @@ void frmMain::connectPreview() {
         if (!m_saveAdvanced || m_saveAdvanced->shows(m_workspace.ibMain.picture()))
             m_workflow.correctionSaved();
     });
+    connect(&m_imageDocument.background(), &BackgroundSave::saved, &m_folderView,
+            [this](const QString& path) { m_folderView.showWritten({path}); });
     connect(m_previewPane, &PreviewPane::cmdPreviewPrevious, this, [this] { showNeighbour(-1); });
     connect(m_previewPane, &PreviewPane::cmdPreviewNext, this, [this] { showNeighbour(1); });
 }
@@ -559,6 +561,11 @@ void frmMain::showResults(const QString& notice, const std::vector<RowResult>& r
                           const QString& album) {
     if (results.empty() || !isVisible())
         return;
+    QStringList written;
+    for (const RowResult& result : results)
+        if (result.state == RowState::Written)
+            written << result.target;
+    m_folderView.showWritten(written);
     SetStatus(resultSummary(results));
     announceRunEnd(*this, notice, resultSummary(results));
     auto* dialog = new frmBatchResults(results, this, album);

@@ -115,8 +115,10 @@ void frmMain::makeGreeting(const settings::PublishingSettings& shown) {
     const EffectSource source{m_preview.shownPath(), m_workspace.ibTemp, [this] { return shownTasks(); }};
     const std::vector<RowResult> results =
         publish(Run::Greeting, [&] { return m_greetings->make(shown, source, joinedRun()); });
-    if (!results.empty() && isVisible())
-        SetStatus(resultSummary(results));
+    if (results.empty() || !isVisible())
+        return;
+    const bool isWritten = results.front().state == RowState::Written && results.front().remarks.isEmpty();
+    SetStatus(isWritten ? tr("Saved %1").arg(results.front().target) : resultSummary(results));
 }
 
 } // namespace tarsel

@@ -6,6 +6,7 @@
 #include "base/FileNames.h"
 #include "base/Locale.h"
 #include "collections/PageFiles.h"
+#include "collections/PictureFiles.h"
 #include "collections/modFileSystem.h"
 
 #include <QFileInfo>
@@ -62,6 +63,7 @@ void FolderView::clearList() {
     m_lists.lvFolder.attachImages(nullptr);
     m_lists.ilFolder.clear();
     m_unreadable.clear();
+    m_written.clear();
     if (!m_refusal.isEmpty() && m_lists.sbMain.panel(QStringLiteral("status")) == m_refusal)
         m_lists.sbMain.setPanel(QStringLiteral("status"), {});
     m_refusal.clear();
@@ -293,6 +295,7 @@ void FolderView::finish() {
     sortAgain();
     hideBar();
     Q_EMIT runningChanged();
+    showWrittenNames();
 }
 
 void FolderView::showBar() {
@@ -312,12 +315,16 @@ void FolderView::lendBar(bool lent) {
     showBar();
 }
 
-/// Rows without a picture are gone: the rows that are left, and their pictures, are numbered without gaps.
+/// Rows without a picture are gone, and others may have come: the rows, and their pictures, are numbered
+/// without gaps, in the order of names where all of them have pictures.
 void FolderView::numberAgain() {
     ListView& list = m_lists.lvFolder;
     std::vector<int> rows(size_t(list.count()));
     std::iota(rows.begin(), rows.end(), 0);
-    std::ranges::sort(rows, {}, [&](int row) { return list.row(row).number; });
+    std::ranges::sort(rows, [&](int a, int b) {
+        return settings.folderView == 0 ? standsBefore(list.row(a).text, list.row(b).text)
+                                        : list.row(a).number < list.row(b).number;
+    });
     ImageList pictures;
     for (int number = 0; number < list.count(); ++number) {
         const int row = rows[size_t(number)];
@@ -332,6 +339,78 @@ void FolderView::numberAgain() {
     m_sharp.stop();
     showOwnThumbnails();
     std::ranges::sort(m_unreadable, {}, &PlacedRow::place);
+}
+
+// --- files that the program has written
+
+void FolderView::showWritten(const QStringList& files) {
+    for (const QString& file : files) {
+        const QFileInfo written(file);
+        const QString name = written.fileName();
+        if (!m_folder.isEmpty() &&
+            QFileInfo(joinedPath(m_folder, name)).absoluteFilePath() == written.absoluteFilePath() &&
+            isPictureName(name) && !m_written.contains(name))
+            m_written << name;
+    }
+    showWrittenNames();
+}
+
+/// What the file system says of each file is asked here, in the window's thread, so there may not be many.
+void FolderView::showWrittenNames() {
+    constexpr int most = 50;
+    if (m_written.isEmpty() || isRunning() || !m_refusal.isEmpty())
+        return;
+    if (m_written.size() > most)
+        return refresh();
+    if (settings.folderView != 0)
+        m_lists.ilFolder.clear(); // the thumbnail view lists the folder again then
+    QStringList fresh = std::exchange(m_written, {});
+    std::erase_if(m_unreadable, [&](const PlacedRow& each) { return fresh.contains(each.row.text); });
+    QStringList known(namesByNumber().size());
+    keepSorting();
+    for (int index = 0; index < m_lists.lvFolder.count(); ++index) {
+        const ListRow& old = m_lists.lvFolder.row(index);
+        if (fresh.removeAll(old.text) == 0)
+            continue;
+        ListRow changed = writtenRow(old.text);
+        changed.number = old.number;
+        changed.icon = old.icon;
+        changed.selected = old.selected;
+        known[changed.number] = changed.text;
+        m_lists.lvFolder.replace(index, std::move(changed));
+    }
+    addWritten(std::move(fresh), known);
+    startScan(std::move(known));
+    m_hasGaps = true; // new rows come last by number
+}
+
+ListRow FolderView::writtenRow(const QString& name) const {
+    clsFileInfo info = request({}).info;
+    info.fSizeFormated(settings.longFileSize ? 1 : 0);
+    ListRow row = folderRow(m_folder, name, info, settings.longFileSize);
+    if (settings.folderView == 0 && settings.folderBox())
+        row.iconKey = loadingIcon();
+    return row;
+}
+
+/// New rows in the order of names, numbered after those that are there.
+void FolderView::addWritten(QStringList fresh, QStringList& known) {
+    std::ranges::sort(fresh, standsBefore);
+    const bool inOrder = m_sorting.first < 0;
+    std::vector<PlacedRow> placed;
+    int next = 0;
+    for (const QString& name : fresh) {
+        while (next < m_lists.lvFolder.count() &&
+               (!inOrder || standsBefore(m_lists.lvFolder.row(next).text, name)))
+            ++next;
+        ListRow row = writtenRow(name);
+        row.number = int(known.size());
+        known << name;
+        placed.push_back({next + int(placed.size()), std::move(row)});
+        for (PlacedRow& left : m_unreadable)
+            left.place += standsBefore(name, left.row.text);
+    }
+    m_lists.lvFolder.insert(std::move(placed));
 }
 
 // --- thumbnails in view

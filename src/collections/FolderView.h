@@ -58,6 +58,10 @@ public:
     /// Lists the folder again, now with that file of it too, whose name has none of the extensions of
     /// pictures. False, and nothing, when that has been tried, and for a file of another folder.
     bool listAlso(const QString& file);
+    /// Files of any folder that were just written: those of this one get a row in its place, or the row that
+    /// they have is read again. Rows, selection and scrolling stay as they are, but for very many files at
+    /// once.
+    void showWritten(const QStringList& files);
     /// Why the list isn't complete, as the panel "status" says; empty for complete ones.
     const QString& refusal() const { return m_refusal; }
 
@@ -86,6 +90,9 @@ private:
     void hideBar();
     void numberAgain();
     void addUnreadable();
+    void showWrittenNames();
+    ListRow writtenRow(const QString& name) const;
+    void addWritten(QStringList fresh, QStringList& known);
     void leaveOutUnreadable();
     std::vector<int> rowsInView() const;
     void sharpenVisibleRows();
@@ -99,7 +106,8 @@ private:
     QString m_alsoListed;           ///< complete path of the file that listAlso asked for in this folder
     std::optional<Size> m_nextSize; ///< of thumbnails, from the next listing on
     QString m_refusal;
-    QString m_lastRead; ///< name of the file that was completed last
+    QStringList m_written; ///< names that wait for the end of the listing
+    QString m_lastRead;    ///< name of the file that was completed last
     CurrentScan m_scan{[this](FolderScan& scan) { fetchDelivery(scan); }};
     SharpThumbnails m_sharp{[this](int number, const Picture& picture) { showThumbnail(number, picture); }};
     bool m_hasAllRows = false;

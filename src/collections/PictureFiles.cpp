@@ -20,7 +20,13 @@ namespace {
 constexpr const char* listedExtensions[] = {".jpg", ".jpeg", ".jpe", ".tif", ".tiff", ".gif",
                                             ".bmp", ".pcx",  ".png", ".wbm", ".wbmp", ".psd"};
 
-bool isListed(const QString& name) {
+bool isPicture(const QString& path) {
+    return ignoringErrors([&] { std::ignore = PictureFile(path).header(); });
+}
+
+} // namespace
+
+bool isPictureName(const QString& name) {
     return std::any_of(std::begin(listedExtensions), std::end(listedExtensions), [&](const char* extension) {
         return name.contains(QLatin1String(extension), Qt::CaseInsensitive);
     });
@@ -31,12 +37,6 @@ bool standsBefore(const QString& a, const QString& b) {
     return order != 0 ? order < 0 : a < b;
 }
 
-bool isPicture(const QString& path) {
-    return ignoringErrors([&] { std::ignore = PictureFile(path).header(); });
-}
-
-} // namespace
-
 QStringList pictureFiles(const QString& folder, const QString& also) {
     if (!QFileInfo(folder).isDir())
         fail(ErrorNumber::PathNotFound, folder);
@@ -44,7 +44,7 @@ QStringList pictureFiles(const QString& folder, const QString& also) {
     if (!directory.isReadable())
         fail(ErrorNumber::PermissionDenied, folder);
     QStringList names = directory.entryList(QDir::Files, QDir::Unsorted);
-    names.removeIf([](const QString& name) { return !isListed(name); });
+    names.removeIf([](const QString& name) { return !isPictureName(name); });
     if (!also.isEmpty() && !names.contains(also) && isPicture(joinedPath(folder, also)))
         names << also;
     std::sort(names.begin(), names.end(), standsBefore);

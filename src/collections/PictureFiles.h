@@ -11,6 +11,11 @@ namespace tarsel {
 /// name, when it is a picture by its content. Error 76 for a missing folder, 70 for one that can't be read.
 QStringList pictureFiles(const QString& folder, const QString& also = {});
 
+/// Whether a name matches that pattern.
+bool isPictureName(const QString& name);
+/// The order of those names.
+bool standsBefore(const QString& a, const QString& b);
+
 /// Whether a file of that extension, in any case, may hold several pages.
 bool mayHavePages(const QString& extension);
 

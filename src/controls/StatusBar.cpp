@@ -57,9 +57,24 @@ void StatusBar::resizeEvent(QResizeEvent* event) {
 }
 
 void StatusBar::shareRoom() {
-    for (QLabel* label : std::as_const(m_labels))
-        if (!m_yielding.contains(label))
-            label->setMinimumWidth(std::min(label->sizeHint().width(), width() / 6));
+    int room = width() - (isSizeGripEnabled() ? height() : 0);
+    std::vector<std::pair<int, QLabel*>> wanting;
+    for (QLabel* label : std::as_const(m_labels)) {
+        const int counted = // in the width of its holder
+            label->minimumWidth() > 0 ? label->minimumWidth() : label->minimumSizeHint().width();
+        room -= label->parentWidget()->layout()->minimumSize().width() - counted + layout()->spacing();
+        if (m_yielding.contains(label))
+            room -= counted;
+        else
+            wanting.emplace_back(std::min(label->sizeHint().width(), width() / 6), label);
+    }
+    // From the shortest to the longest: none gets more than an even share of what is left.
+    std::ranges::sort(wanting);
+    for (int left = int(wanting.size()); const auto& [wanted, label] : wanting) {
+        const int given = std::clamp(room / left--, 0, wanted);
+        label->setMinimumWidth(given);
+        room -= given;
+    }
 }
 
 } // namespace tarsel

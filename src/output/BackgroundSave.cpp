@@ -67,7 +67,7 @@ void BackgroundSave::finish(const QString& target, const char* routine,
         const ErrorSubject subject(target);
         std::ignore = trap(routine, [&] { throw *failure; });
     } else {
-        Q_EMIT saved();
+        Q_EMIT saved(target);
     }
     if (--m_running == 0)
         Q_EMIT ended(m_hasFailed);

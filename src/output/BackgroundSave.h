@@ -24,7 +24,7 @@ public:
 
 Q_SIGNALS:
     void progressed(const QString& text); ///< for the status line
-    void saved();
+    void saved(const QString& path);
     void ended(bool hasFailed); ///< after the last file in work
 
 private:

@@ -204,6 +204,67 @@ TEST_F(FolderViewTest, AnotherFolderTakesEffectAtOnceAndLeavesNoRowOfTheFirst) {
     }
 }
 
+TEST_F(FolderViewTest, AWrittenFileGetsItsRowAndPictureWhileSelectionAndOrderStay) {
+    const auto paint = [this](const char* name, int red, QSize size = {4, 4}) {
+        makePicture(picture(name), size, qRgb(red, 0, 0));
+    };
+    const auto write = [this](const QStringList& names) {
+        QStringList paths{folder.path() + QStringLiteral("/elsewhere.png"), picture("text.txt")};
+        for (const QString& name : names)
+            paths << pictures + QLatin1Char('/') + name;
+        view.showWritten(paths);
+        waitForList();
+    };
+    const auto reds = [this] {
+        std::string text;
+        for (int row = 0; row < lvFolder.count(); ++row)
+            text += std::to_string(pictureAt(ilFolder, lvFolder.row(row).icon).view().pixel(20, 15)[0]) + " ";
+        return text;
+    };
+    paint("a.png", 10);
+    paint("c.png", 30);
+    writeBytes(picture("b.png"), "no picture");
+    list(pictures);
+    lvFolder.selectOnly(1);
+    paint("B2.png", 20);
+    write({QStringLiteral("B2.png")});
+    EXPECT_EQ(texts(lvFolder), "a.png B2.png c.png");
+    EXPECT_EQ(reds(), "10 20 30 ");
+    EXPECT_EQ(lvFolder.selectedRows(), std::vector<int>{2});
+    view.cmdDetailFolder();
+    waitForList();
+    EXPECT_EQ(texts(lvFolder), "a.png b.png B2.png c.png") << "what couldn't be read keeps its place";
+    view.cmdThumbnailFolder();
+    waitForList();
+    EXPECT_EQ(reds(), "10 20 30 ");
+    paint("a.png", 11, {8, 6});
+    paint("b.png", 15);
+    write({QStringLiteral("a.png"), QStringLiteral("b.png")});
+    EXPECT_EQ(texts(lvFolder), "a.png b.png B2.png c.png");
+    EXPECT_EQ(reds(), "11 15 20 30 ") << "files that were replaced are read again";
+    EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution).toStdString(), "8 x 6");
+
+    lvFolder.sort(0, Qt::DescendingOrder);
+    paint("bb.png", 25);
+    view.refresh();
+    paint("bc.png", 26);
+    write({QStringLiteral("bb.png"), QStringLiteral("bc.png")}); // while the folder is being listed
+    EXPECT_EQ(texts(lvFolder), "c.png bc.png bb.png B2.png b.png a.png");
+    EXPECT_EQ(reds(), "30 26 25 20 15 11 ");
+
+    view.cmdDetailFolder();
+    QStringList many;
+    for (int number = 0; number < 60; ++number)
+        paint(qPrintable(many.emplace_back(QStringLiteral("many%1.png").arg(number))), 40);
+    write(many.mid(0, 2));
+    EXPECT_EQ(lvFolder.count(), 8);
+    write(many);
+    EXPECT_EQ(lvFolder.count(), 66);
+    view.cmdThumbnailFolder();
+    waitForList();
+    EXPECT_EQ(pictureAt(ilFolder, lvFolder.row(65).icon).view().pixel(20, 15)[0], 11) << "a.png";
+}
+
 TEST_F(FolderViewTest, TheSortOfTheHeaderHoldsAndThumbnailsComeBackWithoutANewListing) {
     int red = 0;
     for (const char* name : {"a.png", "b.png", "c.png"})
