@@ -68,6 +68,12 @@ TEST(AlbumCommand, ReplacesNoFileThatIsNotOfAnAlbumUnlessTold) {
 
 TEST(AlbumCommand, OnlyChangedKeepsWhatNoRunRecorded) {
     const PictureFolder folder;
+    const QString small = folder.path("s/MyImages_My Album/small/a.jpg");
+    QDir().mkpath(QFileInfo(small).path());
+    writeFileSafely(small, "mine");
+    EXPECT_EQ(folder.run("album --template modern --out s a.jpg").status, 1)
+        << "where a smaller size of it may go";
+    EXPECT_EQ(readWholeFile(small), "mine");
     EXPECT_EQ(folder.run("album --only-changed --out x a.jpg").status, 0);
     writeFileSafely(folder.path("x/My Album_b.html"), "mine");
     EXPECT_EQ(folder.run("album --only-changed --out x a.jpg b.jpg").status, 1);

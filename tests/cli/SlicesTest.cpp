@@ -108,6 +108,11 @@ TEST(SlicesOfRowsWithOneName, EndInTheFileOfOneRunInWhateverOrderAndSaySo) {
         EXPECT_EQ(made("--rows 2-3", byPicture), 1) << part << ": another row made a file of that name";
     }
 
+    for (const char* twin : {"x/q.jpeg", "x/q.jpe"})
+        QFile::copy(folder.path("a.jpg"), folder.path(twin));
+    QFile::link(folder.path("x"), folder.path("link"));
+    EXPECT_EQ(folder.run("batch --source-folder --rows 1-1 x/q.jpeg link/q.jpe").status, 1) << "one folder";
+
     writeFileSafely(folder.path("y/p.jpg"), "no picture");
     for (const char* order : {"1-1 2-3", "2-3 1-1"}) {
         QDir(folder.path("left")).removeRecursively();
