@@ -64,6 +64,7 @@ void FolderView::clearList() {
     m_lists.ilFolder.clear();
     m_unreadable.clear();
     m_written.clear();
+    m_isOutOfOrder = false;
     if (!m_refusal.isEmpty() && m_lists.sbMain.panel(QStringLiteral("status")) == m_refusal)
         m_lists.sbMain.setPanel(QStringLiteral("status"), {});
     m_refusal.clear();
@@ -290,7 +291,7 @@ std::vector<int> FolderView::rowsInView() const {
 
 void FolderView::finish() {
     m_scan.retire();
-    if (m_hasGaps)
+    if (m_hasGaps || m_isOutOfOrder)
         numberAgain();
     sortAgain();
     hideBar();
@@ -334,7 +335,7 @@ void FolderView::numberAgain() {
     }
     m_lists.ilFolder = std::move(pictures);
     m_expected = m_completed = list.count();
-    m_hasGaps = false;
+    m_hasGaps = m_isOutOfOrder = false;
     m_rowOf.clear();
     m_sharp.stop();
     showOwnThumbnails();
@@ -344,28 +345,32 @@ void FolderView::numberAgain() {
 // --- files that the program has written
 
 void FolderView::showWritten(const QStringList& files) {
+    if (m_folder.isEmpty())
+        return;
+    const QString folder = QFileInfo(joinedPath(m_folder, QStringLiteral("-"))).absolutePath();
     for (const QString& file : files) {
         const QFileInfo written(file);
         const QString name = written.fileName();
-        if (!m_folder.isEmpty() &&
-            QFileInfo(joinedPath(m_folder, name)).absoluteFilePath() == written.absoluteFilePath() &&
-            isPictureName(name) && !m_written.contains(name))
+        if (written.absolutePath() == folder && isPictureName(name) && !name.startsWith(QLatin1Char('.')))
             m_written << name;
     }
+    m_written.removeDuplicates();
     showWrittenNames();
 }
 
 /// What the file system says of each file is asked here, in the window's thread, so there may not be many.
 void FolderView::showWrittenNames() {
     constexpr int most = 50;
-    if (m_written.isEmpty() || isRunning() || !m_refusal.isEmpty())
+    if (m_written.isEmpty() || isRunning() || !m_hasAllRows || !m_refusal.isEmpty())
         return;
-    if (m_written.size() > most)
+    const bool hasSmallThumbnails = settings.affordableRatio(m_lists.lvFolder.count() + most) < 1;
+    if (m_written.size() > most || hasSmallThumbnails)
         return refresh();
     if (settings.folderView != 0)
         m_lists.ilFolder.clear(); // the thumbnail view lists the folder again then
     QStringList fresh = std::exchange(m_written, {});
-    std::erase_if(m_unreadable, [&](const PlacedRow& each) { return fresh.contains(each.row.text); });
+    fresh.removeIf([this](const QString& name) { return !QFileInfo::exists(joinedPath(m_folder, name)); });
+    takeFromUnreadable(fresh);
     QStringList known(namesByNumber().size());
     keepSorting();
     for (int index = 0; index < m_lists.lvFolder.count(); ++index) {
@@ -380,8 +385,22 @@ void FolderView::showWrittenNames() {
         m_lists.lvFolder.replace(index, std::move(changed));
     }
     addWritten(std::move(fresh), known);
+    if (known.isEmpty())
+        return;
+    m_isOutOfOrder = true; // new rows come last by number
+    m_rowOf.clear();
     startScan(std::move(known));
-    m_hasGaps = true; // new rows come last by number
+}
+
+/// Those that were written again aren't left out any more; the others move up.
+void FolderView::takeFromUnreadable(const QStringList& names) {
+    int taken = 0;
+    for (PlacedRow& each : m_unreadable)
+        if (names.contains(each.row.text))
+            ++taken;
+        else
+            each.place -= taken;
+    std::erase_if(m_unreadable, [&](const PlacedRow& each) { return names.contains(each.row.text); });
 }
 
 ListRow FolderView::writtenRow(const QString& name) const {

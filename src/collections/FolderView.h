@@ -59,8 +59,8 @@ public:
     /// pictures. False, and nothing, when that has been tried, and for a file of another folder.
     bool listAlso(const QString& file);
     /// Files of any folder that were just written: those of this one get a row in its place, or the row that
-    /// they have is read again. Rows, selection and scrolling stay as they are, but for very many files at
-    /// once.
+    /// they have is read again. The other rows and the selection stay; with many files, and in lists that are
+    /// too long for thumbnails in full size, the folder is listed again instead.
     void showWritten(const QStringList& files);
     /// Why the list isn't complete, as the panel "status" says; empty for complete ones.
     const QString& refusal() const { return m_refusal; }
@@ -91,6 +91,7 @@ private:
     void numberAgain();
     void addUnreadable();
     void showWrittenNames();
+    void takeFromUnreadable(const QStringList& names);
     ListRow writtenRow(const QString& name) const;
     void addWritten(QStringList fresh, QStringList& known);
     void leaveOutUnreadable();
@@ -112,6 +113,7 @@ private:
     SharpThumbnails m_sharp{[this](int number, const Picture& picture) { showThumbnail(number, picture); }};
     bool m_hasAllRows = false;
     bool m_hasGaps = false;              ///< some numbers have no row any more
+    bool m_isOutOfOrder = false;         ///< their numbers aren't in the order of names
     std::vector<PlacedRow> m_unreadable; ///< left out by the thumbnail view
     bool m_isBarLent = false;
     int m_expected = 0;

@@ -243,6 +243,18 @@ TEST_F(FolderViewTest, AWrittenFileGetsItsRowAndPictureWhileSelectionAndOrderSta
     EXPECT_EQ(texts(lvFolder), "a.png b.png B2.png c.png");
     EXPECT_EQ(reds(), "11 15 20 30 ") << "files that were replaced are read again";
     EXPECT_EQ(lvFolder.subItem(0, FolderColumn::Resolution).toStdString(), "8 x 6");
+    writeBytes(picture("0.png"), "no picture");
+    writeBytes(picture("b3.png"), "no picture");
+    list(pictures);
+    paint("0.png", 5);
+    write({QStringLiteral("0.png")});
+    view.cmdDetailFolder();
+    waitForList();
+    EXPECT_EQ(texts(lvFolder), "0.png a.png b.png B2.png b3.png c.png") << "the other stays where it was";
+    QFile::remove(picture("b3.png"));
+    QFile::remove(picture("0.png"));
+    view.cmdThumbnailFolder();
+    list(pictures);
 
     lvFolder.sort(0, Qt::DescendingOrder);
     paint("bb.png", 25);
