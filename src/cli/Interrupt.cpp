@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <sys/eventfd.h>
 #include <thread>
+#include <time.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace tarsel::cli {
@@ -17,20 +19,20 @@ namespace {
 
 std::atomic<bool> interrupted = false;
 std::atomic<int> wakeEvent = -1;
-static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free,
+std::atomic<std::int64_t> firstSignal = 0; ///< when it came, in milliseconds; 0 before
+static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free &&
+                  std::atomic<std::int64_t>::is_always_lock_free,
               "the signal handler uses them");
+
+std::int64_t milliseconds() {
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::int64_t(now.tv_sec) * 1000 + now.tv_nsec / 1'000'000;
+}
 
 void wake() {
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t written = ::write(wakeEvent, &one, sizeof one);
-}
-
-void onSignal(int) {
-    const int saved = errno;
-    interrupted = true;
-    CancelRequested = true;
-    wake();
-    errno = saved;
 }
 
 void setAction(void (*handler)(int), int flags) {
@@ -40,6 +42,26 @@ void setAction(void (*handler)(int), int flags) {
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
+}
+
+/// Some senders, such as the program timeout, signal a process and then its group: that counts once.
+void onSignal(int number) {
+    constexpr std::int64_t together = 200;
+    const int saved = errno;
+    const std::int64_t now = milliseconds();
+    std::int64_t first = 0;
+    if (!firstSignal.compare_exchange_strong(first, now)) {
+        if (now - first > together) {
+            setAction(SIG_DFL, 0);
+            std::ignore = raise(number); // ends the process when this handler returns
+        }
+        errno = saved;
+        return;
+    }
+    interrupted = true;
+    CancelRequested = true;
+    wake();
+    errno = saved;
 }
 
 } // namespace
@@ -75,9 +97,10 @@ private:
 
 InterruptScope::InterruptScope() {
     interrupted = false;
+    firstSignal = 0;
     CancelRequested = false;
     m_watcher = std::make_unique<Watcher>();
-    setAction(onSignal, int(SA_RESETHAND | SA_RESTART));
+    setAction(onSignal, SA_RESTART);
 }
 
 InterruptScope::~InterruptScope() {

@@ -9,8 +9,8 @@
 namespace tarsel::cli {
 
 /// While one lives, the first SIGINT or SIGTERM asks the running loop to stop after the current file: it sets
-/// CancelRequested and requests a stop, which ends the wait for a file that is being loaded. The second
-/// signal ends the process at once.
+/// CancelRequested and requests a stop, which ends the wait for a file that is being loaded. Another one
+/// ends the process at once, unless it comes together with the first.
 class InterruptScope {
 public:
     InterruptScope();
