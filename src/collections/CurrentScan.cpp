@@ -3,15 +3,17 @@
 
 namespace tarsel {
 
-void CurrentScan::start(FolderScan::Request request) {
-    retire();
-    const int number = ++m_number;
-    const auto fetch = [this, number] {
-        if (m_scan && number == m_number)
+CurrentScan::CurrentScan(std::function<void(FolderScan& scan)> deliver) : m_deliver(std::move(deliver)) {
+    const auto fetch = [this] {
+        if (m_scan)
             m_deliver(*m_scan);
     };
-    m_scan = std::make_unique<FolderScan>(
-        std::move(request), [this, fetch] { QMetaObject::invokeMethod(this, fetch, Qt::QueuedConnection); });
+    connect(this, &CurrentScan::woken, this, fetch, Qt::QueuedConnection);
+}
+
+void CurrentScan::start(FolderScan::Request request) {
+    retire();
+    m_scan = std::make_unique<FolderScan>(std::move(request), [this] { Q_EMIT woken(); });
 }
 
 /// A scan ends when the file in work is done, which may take its time.

@@ -181,10 +181,12 @@ void FolderView::cancel() {
 
 void FolderView::fetchDelivery(FolderScan& scan) {
     FolderScan::Delivery delivery = scan.fetch(oneStep);
-    if (!delivery.failure)
-        return take(std::move(delivery), scan.count());
-    stop();
-    reportFailure(*delivery.failure);
+    if (delivery.failure) {
+        stop();
+        reportFailure(*delivery.failure);
+    } else if (!delivery.isEmpty()) {
+        take(std::move(delivery), scan.count());
+    }
 }
 
 void FolderView::reportFailure(const TrappedError& error) {

@@ -85,8 +85,18 @@ public:
     /// Runs `deliver` on the scanner's thread, while there is one. From this one.
     void deliver(std::function<void()> deliver) {
         const std::lock_guard lock(m_receiving);
-        if (m_scanner)
-            QMetaObject::invokeMethod(m_scanner, std::move(deliver), Qt::QueuedConnection);
+        if (!m_scanner)
+            return;
+        m_deliveries.push_back(std::move(deliver));
+        Q_EMIT m_scanner->delivered(QPrivateSignal());
+    }
+
+    /// The oldest one that deliver has left. From the scanner's thread, once for each.
+    std::function<void()> takeDelivery() {
+        const std::lock_guard lock(m_receiving);
+        std::function<void()> oldest = std::move(m_deliveries.front());
+        m_deliveries.pop_front();
+        return oldest;
     }
 
     /// Nothing more is delivered. Ends on a thread of its own.
@@ -122,6 +132,7 @@ private:
 
     std::mutex m_receiving;
     Scanner* m_scanner;
+    std::deque<std::function<void()>> m_deliveries;
     ScannerEnds::Ends m_earlier = ScannerEnds::all().current(); ///< which may still have the device open
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
@@ -130,7 +141,10 @@ private:
     std::jthread m_thread{[this](const std::stop_token& end) { run(end); }};
 };
 
-Scanner::Scanner(QObject* parent) : QObject(parent), m_worker(std::make_unique<Worker>(*this)) {}
+Scanner::Scanner(QObject* parent) : QObject(parent), m_worker(std::make_unique<Worker>(*this)) {
+    connect(
+        this, &Scanner::delivered, this, [this] { m_worker->takeDelivery()(); }, Qt::QueuedConnection);
+}
 
 Scanner::~Scanner() {
     ignoringErrors([this] { Worker::leave(std::move(m_worker)); });

@@ -63,6 +63,7 @@ Q_SIGNALS:
     void finished(const tarsel::ScanEnd& end);
     /// A call other than TwainAcquire. When the process was lost the device is closed: see isOpen.
     void failed(const tarsel::TrappedError& error);
+    void delivered(QPrivateSignal); ///< from the worker's thread
 
 private:
     class Worker;
