@@ -17,7 +17,6 @@ namespace tarsel::cli {
 
 namespace {
 
-std::atomic<bool> interrupted = false;
 std::atomic<int> wakeEvent = -1;
 std::atomic<std::int64_t> firstSignal = 0; ///< when it came, in milliseconds; 0 before
 static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free &&
@@ -35,10 +34,10 @@ void wake() {
     [[maybe_unused]] const ssize_t written = ::write(wakeEvent, &one, sizeof one);
 }
 
-void setAction(void (*handler)(int), int flags) {
+void setAction(void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
-    action.sa_flags = flags;
+    action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
@@ -50,17 +49,13 @@ void onSignal(int number) {
     const int saved = errno;
     const std::int64_t now = milliseconds();
     std::int64_t first = 0;
-    if (!firstSignal.compare_exchange_strong(first, now)) {
-        if (now - first > together) {
-            setAction(SIG_DFL, 0);
-            std::ignore = raise(number); // ends the process when this handler returns
-        }
-        errno = saved;
-        return;
+    if (firstSignal.compare_exchange_strong(first, now)) {
+        CancelRequested = true;
+        wake();
+    } else if (now - first > together) {
+        setAction(SIG_DFL);
+        std::ignore = raise(number); // ends the process when this handler returns
     }
-    interrupted = true;
-    CancelRequested = true;
-    wake();
     errno = saved;
 }
 
@@ -87,7 +82,7 @@ private:
         std::uint64_t count = 0;
         while (::read(wakeEvent, &count, sizeof count) < 0 && errno == EINTR) {
         }
-        if (interrupted)
+        if (wasInterrupted())
             m_source.request_stop();
     }
 
@@ -96,15 +91,14 @@ private:
 };
 
 InterruptScope::InterruptScope() {
-    interrupted = false;
     firstSignal = 0;
     CancelRequested = false;
     m_watcher = std::make_unique<Watcher>();
-    setAction(onSignal, SA_RESTART);
+    setAction(onSignal);
 }
 
 InterruptScope::~InterruptScope() {
-    setAction(SIG_DFL, 0);
+    setAction(SIG_DFL);
 }
 
 std::stop_token InterruptScope::stop() const {
@@ -112,7 +106,7 @@ std::stop_token InterruptScope::stop() const {
 }
 
 bool wasInterrupted() {
-    return interrupted;
+    return firstSignal != 0;
 }
 
 ExitStatus exitStatus(bool isAllDone) {
