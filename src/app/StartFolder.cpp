@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <algorithm>
 
 namespace tarsel {
 
@@ -60,7 +61,7 @@ void copySettings(const QString& from, const QString& to) {
     const QFileInfoList files = QDir(from).entryInfoList(QDir::Files);
     for (const QFileInfo& file : files)
         if (file.size() <= largest &&
-            (isSettings(file.fileName()) || file.fileName() == QLatin1String(lastBasket::fileName)))
+            (isSettings(file.fileName()) || lastBasket::isOneOfItsFiles(file.fileName())))
             ignoringErrors(
                 [&] { writeFileSafely(QDir(to).filePath(file.fileName()), readWholeFile(file.filePath())); });
 }
@@ -119,9 +120,10 @@ StartFolder::~StartFolder() {
             QFile::remove(folder.filePath(name));
     folder.rmdir(QStringLiteral("Temp")); // which refuses while it holds a page
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    const QString lastBasketFile = QLatin1String(lastBasket::fileName);
-    if (folder.entryList(all) == QStringList(lastBasketFile)) // of files that are elsewhere
-        QFile::remove(folder.filePath(lastBasketFile));
+    const QStringList left = folder.entryList(all);
+    if (std::ranges::all_of(left, lastBasket::isOneOfItsFiles)) // of files that are elsewhere
+        for (const QString& name : left)
+            QFile::remove(folder.filePath(name));
     QDir().rmdir(m_path);
 }
 

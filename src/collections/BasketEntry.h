@@ -9,6 +9,7 @@ namespace tarsel {
 struct BasketEntry {
     QString path;
     QString description; ///< empty in a .ibf file
+    QString title = {};  ///< of its row; only the last basket has it
 };
 
 /// One whose row is still to come.

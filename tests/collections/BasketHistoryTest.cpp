@@ -172,14 +172,14 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
     pages.cmdPagesNew();
     EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")));
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
-    EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
+    EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4 5_5");
 
     const QStringList listed = acquiredFiles::listed(temporary);
     lvPages.selectOnly(0);
     pages.cmdPagesDelete();
     EXPECT_EQ(acquiredFiles::listed(temporary).size(), listed.size() - 1);
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
-    EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4.tif 5_5.tif");
+    EXPECT_EQ(texts(lvPages), "1_1.tif 3_3.tif 4_4 5_5");
     pages.empty();
     pages.cmdPagesNew();
     EXPECT_TRUE(QFile::exists(temporary + QStringLiteral("1_1.tif")))
@@ -192,12 +192,12 @@ TEST_F(BasketHistoryTest, AcquiredPicturesThatNoBasketNamesOutliveNewBasketAndCo
     };
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
     desktop.onYield = nullptr;
-    EXPECT_FALSE(texts(lvPages).ends_with("5_5.tif")) << "what comes behind a stop, the next one brings";
+    EXPECT_FALSE(texts(lvPages).ends_with("5_5")) << "what comes behind a stop, the next one brings";
     pages.empty();
     pages.subAddEntryToListView(temporary + QStringLiteral("./4_4.tif"));
     lastBasket::keep(lvPages, {}, settings.programFolder);
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
-    EXPECT_EQ(texts(lvPages), "4_4.tif 1_1.tif 3_3.tif 5_5.tif") << "each once, by whichever path";
+    EXPECT_EQ(texts(lvPages), "4_4.tif 1_1 3_3 5_5") << "each once, by whichever path";
 }
 
 TEST_F(BasketHistoryTest, ADamagedBasketOfTheLastSessionIsPutAsideAndNoError) {
@@ -210,17 +210,16 @@ TEST_F(BasketHistoryTest, ADamagedBasketOfTheLastSessionIsPutAsideAndNoError) {
     EXPECT_FALSE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged));
     EXPECT_EQ(damaged, file + QStringLiteral(".damaged"));
     EXPECT_TRUE(QFile::exists(damaged) && !QFile::exists(file));
-    EXPECT_EQ(lvPages.row(lvPages.count() - 1).text, QStringLiteral("1_1.tif"))
+    EXPECT_EQ(lvPages.row(lvPages.count() - 1).text, QStringLiteral("1_1"))
         << "a page of a session that was killed";
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged) && damaged.isEmpty());
 }
 
-TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionWithItsPicture) {
+TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionAndTitleWithItsPicture) {
     const auto shown = [&] {
         QStringList rows;
         for (int row = 0; row < lvPages.count(); ++row)
-            rows << QFileInfo(lvPages.subItem(row, BasketColumn::SourcePath)).fileName() + u'=' +
-                        lvPages.subItem(row, BasketColumn::Description);
+            rows << lvPages.row(row).text + u'=' + lvPages.subItem(row, BasketColumn::Description);
         return rows.join(u' ').toStdString();
     };
     const auto endAndBegin = [&] {
@@ -230,15 +229,18 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionWithItsPicture) {
     };
     for (int row = 0; row < lvPages.count(); ++row)
         pages.describe(row, QString::number(row));
+    lvPages.setText(1, QStringLiteral("harbour"));
+    lvPages.setText(4, QStringLiteral("a.b"));
+    lvPages.setText(5, QStringLiteral("c\"c"));
     makePictures({"q\"q.png"});
     pages.subAddEntryToListView(picture("q\"q.png"));
     endAndBegin();
-    const std::string all = "scan.tif=0 scan.tif=1 scan.tif=2 d.png=3 a.png=4 c.png=5 b.png=6";
-    EXPECT_EQ(shown(), all) << "without the name that the format can't hold";
+    const std::string all = "scan.tif1=0 harbour=1 scan.tif3=2 d.png=3 a.b=4 c=5 b.png=6";
+    EXPECT_EQ(shown(), all) << "without the names that the format can't hold";
 
     QFile::rename(picture("a.png"), picture("away"));
     endAndBegin();
-    EXPECT_EQ(shown(), "scan.tif=0 scan.tif=1 scan.tif=2 d.png=3 c.png=5 b.png=6");
+    EXPECT_EQ(shown(), "scan.tif1=0 harbour=1 scan.tif3=2 d.png=3 c=5 b.png=6");
     EXPECT_EQ(pages.awaited().size(), 1u);
     pages.cmdPagesNew();
     EXPECT_TRUE(pages.awaited().empty());
@@ -259,4 +261,12 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionWithItsPicture) {
     desktop.onYield = nullptr;
     endAndBegin();
     EXPECT_EQ(shown(), all);
+
+    for (int row = 0; row < lvPages.count(); ++row)
+        pages.describe(row, QString());
+    endAndBegin();
+    EXPECT_EQ(shown(), "scan.tif1= harbour= scan.tif3= d.png= a.b= c= b.png=");
+    QFile::remove(settings.programFolder + QStringLiteral("/last-basket-titles.ibd"));
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    EXPECT_EQ(shown(), "scan1= scan2= scan3= d= a= c= b=") << "as if added from the folder list";
 }

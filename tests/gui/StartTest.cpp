@@ -170,7 +170,7 @@ TEST(StartFolder, ADiskWithoutRoomGivesATemporaryFolderWithTheSettingsOfBefore) 
     EXPECT_EQ(roomy.path(), usual);
     EXPECT_TRUE(roomy.remark().isEmpty());
     EXPECT_EQ(QDir(usual).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
-    for (const char* name : {"/tarsel-jpeg", "/last-basket.ibd", "/Captured1.tif"})
+    for (const char* name : {"/tarsel-jpeg", "/last-basket.ibd", "/last-basket-titles.ibd", "/Captured1.tif"})
         writeFileSafely(usual + QLatin1String(name), "settings");
     for (const QString& kept : {QString(), QStringLiteral("/Temp/scan.tif"), QStringLiteral("/Captured2.tif"),
                                 QStringLiteral("/my.ibd"), QStringLiteral("/tarsel-jpeg holidays.ibd")}) {
