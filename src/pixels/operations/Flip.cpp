@@ -3,6 +3,7 @@
 
 #include "pixels/operations/Bands.h"
 #include "pixels/operations/RowPrefetch.h"
+#include "pixels/operations/Transposition.h"
 #include "pixels/operations/Vectorised.h"
 
 #include <cstring>
@@ -12,9 +13,30 @@ namespace tarsel::operations {
 
 namespace {
 
+/// Five pixels, behind a byte that becomes the last.
+template <int Channels>
+requires(Channels == 3) TARSEL_INLINED Bytes mirrored(Bytes block) {
+    return __builtin_shufflevector(block, block, 13, 14, 15, 10, 11, 12, 7, 8, 9, 4, 5, 6, 1, 2, 3, 0);
+}
+
+/// Four pixels.
+template <int Channels>
+requires(Channels == 4) TARSEL_INLINED Bytes mirrored(Bytes block) {
+    return __builtin_shufflevector(block, block, 12, 13, 14, 15, 8, 9, 10, 11, 4, 5, 6, 7, 0, 1, 2, 3);
+}
+
+/// In blocks of a vector. Where pixels don't fill it, it has a byte of the pixel before the block and writes
+/// it into the place of the next pixel, which is written after it.
 template <int Channels>
 TARSEL_INLINED void mirrorPixels(const std::uint8_t* in, std::uint8_t* out, int width) {
-    for (int x = 0; x < width; ++x)
+    constexpr int step = int(sizeof(Bytes)) / Channels;
+    constexpr int lead = int(sizeof(Bytes)) - step * Channels;
+    int x = 0;
+    for (; x + step < width; x += step) {
+        const Bytes block = mirrored<Channels>(loadVector<Bytes>(in + (width - step - x) * Channels - lead));
+        std::memcpy(out + x * Channels, &block, sizeof block);
+    }
+    for (; x < width; ++x)
         for (int c = 0; c < Channels; ++c)
             out[x * Channels + c] = in[(width - 1 - x) * Channels + c];
 }
