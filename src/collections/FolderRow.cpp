@@ -59,19 +59,17 @@ QString detailIcon() {
     return QStringLiteral("iDetailIcon");
 }
 
-QString loadingIcon() {
-    return QStringLiteral("loading");
-}
-
-ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize) {
+ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info,
+                  const CollectionSettings& settings) {
     ListRow row;
     row.text = name;
     row.tag = joinedPath(folder, name);
-    row.iconKey = detailIcon();
+    const bool awaitsThumbnail = settings.folderView == 0 && settings.folderBox();
+    row.iconKey = awaitsThumbnail ? QStringLiteral("loading") : detailIcon();
     info.setFilePath(row.tag);
     const QString pages = mayHavePages(info.fFileExtention()) ? QString() : QStringLiteral("1");
     row.subItems = {QString(),
-                    info.fSizeFormated(longFileSize ? 1 : 0),
+                    info.fSizeFormated(settings.longFileSize ? 1 : 0),
                     pages,
                     info.fType(),
                     info.fDateCreated(),

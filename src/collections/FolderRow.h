@@ -27,13 +27,14 @@ enum : int {
 // A row of the folder list is made in two steps, which any thread may do: from what the file system says, and
 // from what the file holds.
 
-/// The row of a file, complete but for resolution, picture and the pages of documents. `info` is changed as
-/// by every listing: its size text follows the flag of the file before.
-ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info, bool longFileSize);
+/// The row of a file, complete but for resolution, picture and the pages of documents; in the thumbnail view
+/// with the small picture of those still to come. `info` is changed as by every listing: its size text
+/// follows the flag of the file before.
+ListRow folderRow(const QString& folder, const QString& name, clsFileInfo& info,
+                  const CollectionSettings& settings);
 
-/// Names of the small pictures that rows show where they have no thumbnail.
+/// Name of the small picture that rows show where they have no thumbnail.
 QString detailIcon();
-QString loadingIcon(); ///< of a row whose thumbnail is still to come
 
 /// What completes a row.
 struct RowContent {

@@ -61,14 +61,11 @@ void FolderScan::makeRows() {
     const QStringList names = pictureFiles(m_request.folder, m_request.alsoListed);
     setNames(names);
     clsFileInfo info = m_request.info;
-    const bool hasThumbnails = m_request.settings.folderView == 0 && m_request.settings.folderBox();
     size_t enough = firstRows;
     std::vector<ListRow> made;
     for (int number = 0; number < int(names.size()) && !m_contents.hasStopped(); ++number) {
-        made.push_back(folderRow(m_request.folder, names[number], info, m_request.settings.longFileSize));
+        made.push_back(folderRow(m_request.folder, names[number], info, m_request.settings));
         made.back().number = number;
-        if (hasThumbnails)
-            made.back().iconKey = loadingIcon();
         if (made.size() < enough && number + 1 < int(names.size()))
             continue;
         enough = std::min(enough * growth, maxRows);

@@ -136,6 +136,13 @@ QStringList FolderView::namesByNumber() const {
     return names;
 }
 
+int FolderView::firstFreeNumber() const {
+    int free = 0;
+    for (int row = 0; row < m_lists.lvFolder.count(); ++row)
+        free = std::max(free, m_lists.lvFolder.row(row).number + 1);
+    return free;
+}
+
 void FolderView::showOwnThumbnails() {
     std::vector<int> icons;
     for (int row = 0; row < m_lists.lvFolder.count(); ++row) {
@@ -373,7 +380,7 @@ void FolderView::showWrittenNames() {
     QStringList fresh = std::exchange(m_written, {});
     fresh.removeIf([this](const QString& name) { return !QFileInfo::exists(joinedPath(m_folder, name)); });
     takeFromUnreadable(fresh);
-    QStringList known(namesByNumber().size());
+    QStringList known(firstFreeNumber());
     keepSorting();
     for (int index = 0; index < m_lists.lvFolder.count(); ++index) {
         const ListRow& old = m_lists.lvFolder.row(index);
@@ -408,10 +415,7 @@ void FolderView::takeFromUnreadable(const QStringList& names) {
 ListRow FolderView::writtenRow(const QString& name) const {
     clsFileInfo info = request({}).info;
     info.fSizeFormated(settings.longFileSize ? 1 : 0);
-    ListRow row = folderRow(m_folder, name, info, settings.longFileSize);
-    if (settings.folderView == 0 && settings.folderBox())
-        row.iconKey = loadingIcon();
-    return row;
+    return folderRow(m_folder, name, info, settings);
 }
 
 /// New rows in the order of names, numbered after those that are there.

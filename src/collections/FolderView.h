@@ -75,6 +75,7 @@ private:
     FolderScan::Request request(QStringList known) const;
     void startScan(QStringList known = {});
     QStringList namesByNumber() const;
+    int firstFreeNumber() const;
     void showOwnThumbnails();
     void retireScan();
     void fetchDelivery(FolderScan& scan);
