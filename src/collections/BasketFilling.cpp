@@ -142,6 +142,7 @@ void BasketFilling::takePicture(int row, const BasketSource& source, const Thumb
 void BasketFilling::takePage(int row, const BasketSource& source, const BasketContent& page) {
     ListRow added = rowOf(pageRowName(source.addedBy, source.fileName, page.page),
                           pageFileFacts(page.pageFile), source.path, resolutionText(page.size));
+    added.key = QString::number(page.page);
     added.icon = addIcon(m_lists.ilPages, *page.thumbnail);
     m_lists.lvPages.insert(row, std::move(added));
 }

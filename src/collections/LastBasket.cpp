@@ -8,7 +8,7 @@
 #include "base/clsFile.h"
 #include "collections/BasketFile.h"
 #include "collections/PageFiles.h"
-#include "collections/modFileSystem.h"
+#include "collections/clsFileInfo.h"
 
 #include <QDir>
 #include <QFile>
@@ -66,44 +66,69 @@ QStringList sourcesOf(const ListView& lvPages) {
     return sources;
 }
 
-/// What the rows of a source have, in their order.
 struct RowTexts {
-    QStringList descriptions;
-    QStringList titles;
+    QString description;
+    QString title;
 };
+
+/// Of a document by page, without texts for pages that have no row; one of any other file.
+using SourceTexts = std::vector<RowTexts>;
 
 struct KeptSource {
     QString path;
-    RowTexts texts;
+    SourceTexts texts;
 };
 
 template <class Entries>
-QHash<QString, RowTexts> textsBySource(const Entries& entries) {
-    QHash<QString, RowTexts> texts;
-    for (const BasketEntry& entry : entries) {
-        texts[entry.path].descriptions << entry.description;
-        texts[entry.path].titles << entry.title;
-    }
+QHash<QString, SourceTexts> textsBySource(const Entries& entries) {
+    QHash<QString, SourceTexts> texts;
+    for (const BasketEntry& entry : entries)
+        texts[entry.path].push_back({entry.description, entry.title});
     return texts;
 }
 
-bool areEmpty(const QStringList& texts) {
-    return std::ranges::all_of(texts, &QString::isEmpty);
+/// Where its texts stand among those of its source.
+size_t placeOf(const ListRow& row) {
+    return size_t(std::max(row.key.toInt(), 1) - 1);
 }
 
-/// In the order of the rows; one without a row follows the one that was before it. A row that is still to be
-/// completed has no description yet.
+RowTexts& textsAt(SourceTexts& texts, size_t place) {
+    texts.resize(std::max(texts.size(), place + 1));
+    return texts[place];
+}
+
+QString titleOf(AddedBy addedBy, const ListRow& row) {
+    const QString name = clsFileInfo::StripFileFromPath(row.subItems.value(BasketColumn::SourcePath - 1));
+    return row.key.isEmpty() ? rowName(addedBy, name) : pageRowName(addedBy, name, row.key.toInt());
+}
+
+/// What nobody has typed yet is as it was known before.
+void complete(SourceTexts& texts, const SourceTexts& known) {
+    for (size_t place = 0; place < known.size(); ++place) {
+        RowTexts& own = textsAt(texts, place);
+        if (own.description.isEmpty())
+            own.description = known[place].description;
+        if (own.title.isEmpty())
+            own.title = known[place].title;
+    }
+}
+
+/// In the order of the rows; one without a row follows the one that was before it.
 std::list<KeptSource> sourcesToKeep(const ListView& lvPages, const std::vector<AwaitedEntry>& awaited) {
     std::list<KeptSource> kept;
     QHash<QString, std::list<KeptSource>::iterator> places;
-    for (int row = 0; row < lvPages.count(); ++row) {
-        const QString path = lvPages.subItem(row, BasketColumn::SourcePath);
+    QHash<QString, SourceTexts> known = textsBySource(awaited);
+    for (int index = 0; index < lvPages.count(); ++index) {
+        const ListRow& row = lvPages.row(index);
+        const QString path = row.subItems.value(BasketColumn::SourcePath - 1);
         if (!places.contains(path))
             places.insert(path, kept.insert(kept.end(), {path, {}}));
-        places[path]->texts.descriptions << lvPages.subItem(row, BasketColumn::Description);
-        places[path]->texts.titles << lvPages.row(row).text;
+        RowTexts& texts = textsAt(places[path]->texts, placeOf(row));
+        if (texts.title.isEmpty() && texts.description.isEmpty())
+            texts = {row.subItems.value(BasketColumn::Description - 1), row.text};
+        if (known.contains(path) && texts.title == titleOf(AddedBy::BasketFile, row))
+            texts.title.clear();
     }
-    const QHash<QString, RowTexts> known = textsBySource(awaited);
     for (const AwaitedEntry& entry : awaited) {
         if (!places.contains(entry.path)) {
             const auto before = places.value(entry.after, kept.end());
@@ -112,14 +137,14 @@ std::list<KeptSource> sourcesToKeep(const ListView& lvPages, const std::vector<A
                                                       : std::next(before);
             places.insert(entry.path, kept.insert(place, {entry.path, {}}));
         }
-        if (RowTexts& texts = places[entry.path]->texts; areEmpty(texts.descriptions))
-            texts = known[entry.path];
+        complete(places[entry.path]->texts, known.take(entry.path));
     }
     return kept;
 }
 
-/// One line for a source, or as many as it has rows with a text. The format has no escape for a double quote.
-void write(const QString& path, const std::list<KeptSource>& sources, QStringList RowTexts::*texts) {
+/// One line for a source, or for its pages up to the last one that has that text. The format has no escape
+/// for a double quote.
+void write(const QString& path, const std::list<KeptSource>& sources, QString RowTexts::*text) {
     clsFile file;
     if (!file.OpenForWrite(path))
         throw *file.openError();
@@ -128,17 +153,18 @@ void write(const QString& path, const std::list<KeptSource>& sources, QStringLis
             logIgnored(source.path + QStringLiteral(": not kept in the last basket"));
             continue;
         }
-        QStringList lines = source.texts.*texts;
-        while (lines.size() > 1 && lines.last().isEmpty())
-            lines.removeLast();
-        for (const QString& each : lines)
-            file.write_ImageBasket(source.path, each.contains(QLatin1Char('"')) ? QString() : each);
+        size_t count = source.texts.size();
+        while (count > 1 && (source.texts[count - 1].*text).isEmpty())
+            --count;
+        for (size_t place = 0; place < count; ++place)
+            file.write_ImageBasket(source.path,
+                                   QString(source.texts[place].*text).replace(u'"', QStringLiteral("''")));
     }
     file.closefile();
 }
 
-/// Titles without their file's row are left out, such as those of an older basket. Raises why the file of
-/// descriptions can't be read.
+/// Titles of files that it doesn't name are left out, such as those of an older basket. Raises why the file
+/// of descriptions can't be read.
 std::vector<BasketEntry> keptEntries(const QString& programFolder) {
     std::vector<BasketEntry> entries = modSaveOpenImageList::readBasketEntries(fileIn(programFolder));
     std::vector<BasketEntry> titles;
@@ -150,7 +176,7 @@ std::vector<BasketEntry> keptEntries(const QString& programFolder) {
         const auto lines = linesOf.find(each.path);
         if (lines == linesOf.end())
             continue;
-        if (lines->empty()) { // a row without a description, behind the last one that has one
+        if (lines->empty()) { // a page behind the last one that is described
             entries.push_back({.path = each.path, .description = {}, .title = each.description});
             continue;
         }
@@ -160,22 +186,18 @@ std::vector<BasketEntry> keptEntries(const QString& programFolder) {
     return entries;
 }
 
-/// Rows of a basket file are called by the whole names of their files.
-QString titleWithoutExtension(const ListView& lvPages, int row) {
-    const QString name = QFileInfo(lvPages.subItem(row, BasketColumn::SourcePath)).fileName();
-    const QString& title = lvPages.row(row).text;
-    return title.startsWith(name) ? modFileSystem::GetFileTitle(name) + title.mid(name.size()) : title;
-}
-
-/// By their sources: a file that is missing, or a page, shifts none of the others.
+/// Leaves what the user has typed in the meantime.
 void giveTexts(ListView& lvPages, int firstRow, const std::vector<BasketEntry>& entries) {
-    QHash<QString, RowTexts> left = textsBySource(entries);
-    for (int row = firstRow; row < lvPages.count(); ++row) {
-        RowTexts& texts = left[lvPages.subItem(row, BasketColumn::SourcePath)];
-        if (!texts.descriptions.isEmpty())
-            lvPages.setSubItem(row, BasketColumn::Description, texts.descriptions.takeFirst());
-        const QString title = texts.titles.isEmpty() ? QString() : texts.titles.takeFirst();
-        lvPages.setText(row, title.isEmpty() ? titleWithoutExtension(lvPages, row) : title);
+    const QHash<QString, SourceTexts> known = textsBySource(entries);
+    for (int index = firstRow; index < lvPages.count(); ++index) {
+        const ListRow& row = lvPages.row(index);
+        const auto texts = known.constFind(row.subItems.value(BasketColumn::SourcePath - 1));
+        const size_t place = placeOf(row);
+        const RowTexts kept = texts != known.cend() && place < texts->size() ? (*texts)[place] : RowTexts();
+        if (row.text == titleOf(AddedBy::BasketFile, row))
+            lvPages.setText(index, kept.title.isEmpty() ? titleOf(AddedBy::Button, row) : kept.title);
+        if (!kept.description.isEmpty() && lvPages.subItem(index, BasketColumn::Description).isEmpty())
+            lvPages.setSubItem(index, BasketColumn::Description, kept.description);
     }
 }
 
@@ -217,8 +239,8 @@ void keep(const ListView& lvPages, const std::vector<AwaitedEntry>& awaited, con
     if (lvPages.isEmpty())
         return;
     const std::list<KeptSource> sources = sourcesToKeep(lvPages, awaited);
-    write(fileIn(programFolder), sources, &RowTexts::descriptions);
-    write(titlesIn(programFolder), sources, &RowTexts::titles);
+    write(fileIn(programFolder), sources, &RowTexts::description);
+    write(titlesIn(programFolder), sources, &RowTexts::title);
 }
 
 bool isKept(const QString& programFolder) {
@@ -231,8 +253,9 @@ QStringList acquiredBeside(const QString& programFolder) {
 
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged) {
     const QString aside = putDamagedAside(fileIn(programFolder));
+    const QString titlesAside = putDamagedAside(titlesIn(programFolder));
     if (damaged)
-        *damaged = aside;
+        *damaged = aside.isEmpty() ? titlesAside : aside;
     const bool hasKept = isKept(programFolder);
     const bool isOpened = hasKept ? fillFrom(programFolder, basket, lists.lvPages) : aside.isEmpty();
     if (hasKept && basket.wasStopped())

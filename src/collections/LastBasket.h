@@ -13,7 +13,8 @@ namespace tarsel::lastBasket {
 bool isOneOfItsFiles(const QString& name);
 
 /// An empty basket leaves what an earlier session kept. The `awaited` entries of the basket are kept with the
-/// rows; a document has a line for each of its described pages. A path that the files can't hold is left out.
+/// rows; a document has a line for each page up to the last one with such a text. A path that the files can't
+/// hold is left out.
 void keep(const ListView& lvPages, const std::vector<AwaitedEntry>& awaited, const QString& programFolder);
 
 bool isKept(const QString& programFolder);
@@ -22,10 +23,10 @@ bool isKept(const QString& programFolder);
 /// basket.
 QStringList acquiredBeside(const QString& programFolder);
 
-/// Replaces the basket; false when the file can't be read. Each row gets the description and the title that
-/// it had, or a title without its file's extension, and what is missing stays with the basket as awaited.
-/// Then adds the acquired pictures that it lacks. A damaged file, which the end of the session would write
-/// over, gets the name `damaged`; false for that too.
+/// Replaces the basket; false when its file can't be read. Each row gets the description and the title that
+/// it had, or a title without its file's extension, unless the user has typed some by then. What is missing
+/// stays with the basket as awaited. Then adds the acquired pictures that it lacks. A damaged file, which the
+/// end of the session would write over, gets the name `damaged`.
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged = nullptr);
 
 } // namespace tarsel::lastBasket

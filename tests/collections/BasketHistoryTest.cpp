@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/AcquiredFiles.h"
+#include "base/SafeFileWriter.h"
 #include "collections/LastBasket.h"
 #include "tests/collections/CollectionWindow.h"
 
@@ -235,13 +236,24 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionAndTitleWithItsPictur
     makePictures({"q\"q.png"});
     pages.subAddEntryToListView(picture("q\"q.png"));
     endAndBegin();
-    const std::string all = "scan.tif1=0 harbour=1 scan.tif3=2 d.png=3 a.b=4 c=5 b.png=6";
-    EXPECT_EQ(shown(), all) << "without the names that the format can't hold";
+    const std::string all = "scan.tif1=0 harbour=1 scan.tif3=2 d.png=3 a.b=4 c''c=5 b.png=6";
+    EXPECT_EQ(shown(), all) << "without the name that the format can't hold";
 
     QFile::rename(picture("a.png"), picture("away"));
     endAndBegin();
-    EXPECT_EQ(shown(), "scan.tif1=0 harbour=1 scan.tif3=2 d.png=3 c=5 b.png=6");
+    EXPECT_EQ(shown(), "scan.tif1=0 harbour=1 scan.tif3=2 d.png=3 c''c=5 b.png=6");
     EXPECT_EQ(pages.awaited().size(), 1u);
+    QFile::rename(picture("away"), picture("a.png"));
+    pages.subAddEntryToListView(picture("a.png")); // by the user, who then types
+    lvPages.setText(lvPages.count() - 1, QStringLiteral("mine"));
+    endAndBegin();
+    EXPECT_TRUE(shown().ends_with("mine=4")) << shown();
+    lvPages.setText(lvPages.count() - 1, QStringLiteral("a.b"));
+    lvPages.selectOnly(lvPages.count() - 1);
+    pages.MoveRowsTo(4);
+    endAndBegin();
+    QFile::rename(picture("a.png"), picture("away"));
+    endAndBegin();
     pages.cmdPagesNew();
     EXPECT_TRUE(pages.awaited().empty());
     pages.undo(); // the missing one comes back with its basket
@@ -262,11 +274,50 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionAndTitleWithItsPictur
     endAndBegin();
     EXPECT_EQ(shown(), all);
 
+    desktop.onYield = [&] { // and here the user is quicker
+        if (lvPages.count() < 7)
+            return;
+        lvPages.setText(3, QStringLiteral("quick"));
+        pages.describe(3, QStringLiteral("typed"));
+    };
+    endAndBegin();
+    desktop.onYield = nullptr;
+    EXPECT_NE(shown().find(" quick=typed "), std::string::npos) << shown();
+
     for (int row = 0; row < lvPages.count(); ++row)
         pages.describe(row, QString());
     endAndBegin();
-    EXPECT_EQ(shown(), "scan.tif1= harbour= scan.tif3= d.png= a.b= c= b.png=");
+    EXPECT_EQ(shown(), "scan.tif1= harbour= scan.tif3= quick= a.b= c''c= b.png=");
     QFile::remove(settings.programFolder + QStringLiteral("/last-basket-titles.ibd"));
     EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
     EXPECT_EQ(shown(), "scan1= scan2= scan3= d= a= c= b=") << "as if added from the folder list";
+}
+
+TEST_F(BasketHistoryTest, TextsOfTheLastBasketStayWithTheirPagesWhateverTheirOrder) {
+    const auto endAndBegin = [&] {
+        lastBasket::keep(lvPages, {}, settings.programFolder);
+        EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
+    };
+    pages.empty();
+    addScan();
+    pages.describe(2, QStringLiteral("the end"));
+    lvPages.setText(1, QStringLiteral("middle"));
+    lvPages.selectOnly(2);
+    pages.MoveRowsTo(0);
+    lvPages.selectOnly(1);
+    pages.cmdPagesDelete();
+    EXPECT_EQ(texts(lvPages), "scan.tif3 middle");
+    endAndBegin();
+    EXPECT_EQ(texts(lvPages), "scan1 middle scan.tif3") << "the page that was removed has its first title";
+    for (const int row : {0, 1, 2})
+        EXPECT_EQ(lvPages.subItem(row, BasketColumn::Description),
+                  row == 2 ? QStringLiteral("the end") : QString());
+
+    const QString titles = settings.programFolder + QStringLiteral("/last-basket-titles.ibd");
+    lastBasket::keep(lvPages, {}, settings.programFolder);
+    writeBytes(titles, readWholeFile(titles).chopped(20));
+    QString damaged;
+    EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder, &damaged));
+    EXPECT_EQ(damaged, titles + QStringLiteral(".damaged"));
+    EXPECT_EQ(texts(lvPages), "scan1 scan2 scan3");
 }
