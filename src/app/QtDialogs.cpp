@@ -20,6 +20,7 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeDatabase>
 #include <QStyle>
@@ -91,6 +92,16 @@ void giveMnemonics(QMessageBox& box) {
     name(QMessageBox::No, QT_TRANSLATE_NOOP("QtDialogs", "&No"));
     name(QMessageBox::Save, QT_TRANSLATE_NOOP("QtDialogs", "&Save"));
     name(QMessageBox::Discard, QT_TRANSLATE_NOOP("QtDialogs", "&Discard"));
+}
+
+/// A name that is typed or proposed may have double quotes, between which Qt looks for the names of several
+/// files.
+QString chosenPath(const QFileDialog& dialog) {
+    const auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const bool hasQuotes =
+        dialog.acceptMode() == QFileDialog::AcceptSave && name && name->text().contains(QLatin1Char('"'));
+    return hasQuotes ? dialog.directory().absoluteFilePath(name->text())
+                     : dialog.selectedFiles().constFirst();
 }
 
 MessageAnswer answerOf(int button) {
@@ -214,14 +225,16 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     } else if (start.isDir()) {
         dialog.setDirectory(start.filePath());
     } else {
-        dialog.setDirectory(start.path());
+        const bool isThere = QFileInfo(start.path()).isDir();
+        dialog.setDirectory(isThere ? start.path()
+                                    : startFolder(dialog.acceptMode() == QFileDialog::AcceptSave));
         dialog.selectFile(start.fileName());
     }
     takeSubject(dialog);
     makeFileDialogReadable(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    const QString path = dialog.selectedFiles().constFirst();
+    const QString path = chosenPath(dialog);
     m_lastFolder = QFileInfo(path).path();
     return FileDialogChoice{path, int(filters.indexOf(dialog.selectedNameFilter())) + 1};
 }

@@ -212,7 +212,13 @@ void frmMain::connectBasketPane() {
     connect(m_basketPane, &BasketPane::saveAsJpegFiles, this, &frmMain::subSaveAsSinglePage);
     connect(m_basketPane, &BasketPane::saveAsAlbum, this, &frmMain::openAlbum);
     connect(m_basketPane, &BasketPane::rowChosen, &m_preview, &Preview::ShowRow);
-    connect(m_basketPane, &BasketPane::titleRefused, this, &frmMain::SetStatus);
+    connect(m_basketPane, &BasketPane::titleChecked, this,
+            [this, shown = QString()](const QString& fault) mutable {
+                if (!fault.isEmpty() ||
+                    (!shown.isEmpty() && m_workspace.sbMain.panel(QStringLiteral("status")) == shown))
+                    SetStatus(fault);
+                shown = fault;
+            });
     connect(&list, &ListControl::entered, this, [this, &list] { ActiveList = &list; });
     connect(&list, &ListControl::rowsDropped, this, &frmMain::dropRows);
     connect(&list, &ListControl::filesOffered, this, [this](const QList<QUrl>& files) {

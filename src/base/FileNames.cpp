@@ -22,7 +22,7 @@ bool isNameTaken(const QString& path) {
 QString nameOfDamaged(const QString& path) {
     QString name = path + QStringLiteral(".damaged");
     for (int number = 2; isNameTaken(name); ++number)
-        name = QStringLiteral("%1.damaged-%2").arg(path).arg(number);
+        name = QStringLiteral("%1.damaged-%2").arg(path, QString::number(number));
     return name;
 }
 

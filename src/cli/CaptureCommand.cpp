@@ -93,9 +93,8 @@ QRect areaIn(const ScreenPicture& screen, const Arguments& arguments) {
     const QRect region = regionIn(arguments.value("region")).translated(area.topLeft());
     if (!area.contains(region))
         throw UsageError{Texts::tr("--region %1 is not within %2 x %3 pixels")
-                             .arg(arguments.value("region"))
-                             .arg(area.width())
-                             .arg(area.height())};
+                             .arg(arguments.value("region"), QString::number(area.width()),
+                                  QString::number(area.height()))};
     return region;
 }
 
@@ -204,7 +203,8 @@ int run(const Arguments& arguments, Terminal& terminal) {
     write(target, box.encoded(QLatin1String(format.extension)), overwrites);
     terminal.result(
         json ? JsonLine().add("target", target).add("width", area.width()).add("height", area.height()).text()
-             : Texts::tr("%1: %2 x %3 pixels").arg(target).arg(area.width()).arg(area.height()));
+             : Texts::tr("%1: %2 x %3 pixels")
+                   .arg(target, QString::number(area.width()), QString::number(area.height())));
     return AllDone;
 }
 

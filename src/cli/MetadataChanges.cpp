@@ -98,10 +98,8 @@ QList<std::pair<QString, QList<AttributeChange>>> changesOfTable(const QString& 
             throw UsageError{QCoreApplication::translate(
                                  "CommandLine", "%1, row %2: %3 fields where the first row has %4; a field "
                                                 "with a comma goes between quotes")
-                                 .arg(path)
-                                 .arg(i + 1)
-                                 .arg(row.size())
-                                 .arg(fields.size() + 1)};
+                                 .arg(path, QString::number(i + 1), QString::number(row.size()),
+                                      QString::number(fields.size() + 1))};
         changes.append({QDir::cleanPath(folder.absoluteFilePath(row.value(0))), changesOfRow(fields, row)});
     }
     return changes;

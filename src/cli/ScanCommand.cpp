@@ -97,10 +97,9 @@ void report(const ScannedPage& page, const AcquiredFile& file, Terminal& termina
         terminal.message(Texts::tr("tarsel: page %1 is not saved: %2").arg(page.number).arg(reason));
     else
         terminal.result(Texts::tr("%1: page %2, %3 x %4 pixels")
-                            .arg(file.path)
-                            .arg(page.number)
-                            .arg(page.picture.width())
-                            .arg(page.picture.height()));
+                            .arg(file.path, QString::number(page.number),
+                                 QString::number(page.picture.width()),
+                                 QString::number(page.picture.height())));
     if (isCut && !json)
         terminal.message(Texts::tr("tarsel: page %1 ended early: %2").arg(page.number).arg(reason));
 }

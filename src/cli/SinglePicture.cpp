@@ -46,8 +46,7 @@ QStringList remarksOn(const QString& source, const SourceState& state) {
     if (state.pages > 1)
         remarks << QCoreApplication::translate("CommandLine",
                                                "tarsel: %1: only the first of its %2 pages was saved")
-                       .arg(source)
-                       .arg(state.pages);
+                       .arg(source, QString::number(state.pages));
     if (state.losesOrientation)
         remarks << QCoreApplication::translate("CommandLine",
                                                "tarsel: %1: the format can't hold the EXIF orientation; use "

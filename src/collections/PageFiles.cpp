@@ -113,7 +113,8 @@ QString newSetAsideFolder(const QString& programFolder) {
 QString moveWithoutReplacing(const QString& from, const QString& to, bool isAcquired) {
     const QString start = modFileSystem::GetFileTitle(to);
     for (int number = 2;; ++number) {
-        const QString path = number == 2 ? to : QStringLiteral("%1_%2.tif").arg(start).arg(number - 1);
+        const QString path =
+            number == 2 ? to : QStringLiteral("%1_%2.tif").arg(start, QString::number(number - 1));
         if (isAcquired && path != to && !isNameTaken(path))
             ignoringErrors([&] { acquiredFiles::list({path}, false); });
         if (QFile::rename(from, path))

@@ -83,7 +83,7 @@ QString unusedNameBeside(const QString& source) {
     };
     QString name = file.completeBaseName();
     for (int number = 1; name == file.completeBaseName() || isUsed(name); ++number)
-        name = QStringLiteral("%1-%2").arg(file.completeBaseName()).arg(number);
+        name = QStringLiteral("%1-%2").arg(file.completeBaseName(), QString::number(number));
     return folder.filePath(name);
 }
 

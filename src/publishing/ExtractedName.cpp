@@ -29,7 +29,7 @@ QString ExtractedNames::next(const QString& name) {
     int count = m_counts.value(plain.toLower());
     QString unique;
     do {
-        unique = ++count == 1 ? plain : QStringLiteral("%1 (%2)").arg(plain).arg(count);
+        unique = ++count == 1 ? plain : QStringLiteral("%1 (%2)").arg(plain, QString::number(count));
     } while (m_counts.contains(unique.toLower()));
     m_counts.insert(plain.toLower(), count);
     m_counts.insert(unique.toLower(), std::max(m_counts.value(unique.toLower()), 1));

@@ -114,6 +114,25 @@ TEST(QtDesktopTest, TheFirstSaveDialogStartsWhereTheLastSessionEndedAndReturnsPa
     EXPECT_FALSE(QtDesktop().dialogs.saveFileDialog({QStringLiteral("Save Basket"), {}, {}}));
 }
 
+TEST(QtDesktopTest, ANameWithQuotesIsSavedAsProposedAndAFolderThatIsGoneIsNotAskedFor) {
+    const QTemporaryDir folder;
+    const QScopedValueRollback lastSession(ConfigRecord.LastFolder, folder.path());
+    const QString name = QStringLiteral("say \"hi\" there");
+    EXPECT_EQ(unusedNameBeside(folder.filePath(QStringLiteral("50%2C %1.jpg"))).toStdString(),
+              folder.filePath(QStringLiteral("50%2C %1-1")).toStdString());
+    for (const QString& proposed : {folder.path(), folder.path() + QStringLiteral("/gone")}) {
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_TRUE(dialog);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        const auto choice = QtDesktop().dialogs.saveFileDialog(
+            {QStringLiteral("Save"), {}, proposed + QLatin1Char('/') + name});
+        ASSERT_TRUE(choice);
+        EXPECT_EQ(choice->path.toStdString(), folder.filePath(name).toStdString());
+    }
+}
+
 TEST(QtDesktopTest, AFolderThatTakesNoFilesIsRefusedAndTheDialogComesBack) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "root may write everywhere";

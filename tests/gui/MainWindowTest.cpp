@@ -382,6 +382,9 @@ TEST_F(MainWindow, TheMenuKeyOpensTheMenuAndF2RenamesUnlessNoFileNameCanHoldTheT
         EXPECT_EQ(texts(basket()), "photo01 sea");
         EXPECT_EQ(panel("status"), reason);
     }
+    control.editText(1);
+    typeTitle(QStringLiteral("lake"));
+    EXPECT_EQ(panel("status"), "");
 }
 
 TEST_F(MainWindow, AddingEndsByTheButtonByEscAndByClosingTheWindow) {

@@ -210,8 +210,7 @@ void BasketPane::renameTitle() {
 /// Titles become file names: the list keeps the old one where a file could not have the new one.
 bool BasketPane::acceptTitle(const QString& title) {
     const QString fault = titleFault(title);
-    if (!fault.isEmpty())
-        Q_EMIT titleRefused(fault);
+    Q_EMIT titleChecked(fault);
     return fault.isEmpty();
 }
 

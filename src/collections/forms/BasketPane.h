@@ -38,7 +38,7 @@ Q_SIGNALS:
     void saveAsSaver();                              ///< "Screensaver/Slide"
     void rowChosen(tarsel::ListView& list, int row); ///< to be shown; -1 for none
     void saveRowAs(int row);                         ///< the picture of the row; -1 for none
-    void titleRefused(const QString& reason);
+    void titleChecked(const QString& fault);         ///< empty for one that was accepted
     void described(int row, const QString& text);
     void rowsMoved(int step); ///< the selected ones: -1 up, 1 down
     void mnuUndo();

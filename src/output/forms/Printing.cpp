@@ -59,20 +59,21 @@ Printing::Printing(Parts parts, QWidget* owner) : m_parts(std::move(parts)), m_o
 std::optional<Printing::Order> Printing::ask(const PrintSubject& subject, const QString& title) {
     PrintLayout layout = layoutOf(m_parts.settings);
     frmPrint dialog(layout, subject, m_owner);
-    const bool confirmed = dialog.exec() == QDialog::Accepted;
-    takeLayout(layout, m_parts.settings);
-    if (!confirmed)
-        return std::nullopt;
-    Order order{dialog.pageLayout(), dialog.sheet(), {}, {}, title};
-    if (QPrinter* printer = dialog.printer()) {
-        order.request = printRequestOf(*printer);
-        return order;
+    for (;;) { // who asks for no file after all has the dialog again
+        const bool confirmed = dialog.exec() == QDialog::Accepted;
+        takeLayout(layout, m_parts.settings);
+        if (!confirmed)
+            return std::nullopt;
+        Order order{dialog.pageLayout(), dialog.sheet(), {}, {}, title};
+        if (QPrinter* printer = dialog.printer()) {
+            order.request = printRequestOf(*printer);
+            return order;
+        }
+        if (const std::optional<QString> file = askForFile(title)) {
+            order.file = *file;
+            return order;
+        }
     }
-    const std::optional<QString> file = askForFile(title);
-    if (!file)
-        return std::nullopt;
-    order.file = *file;
-    return order;
 }
 
 std::optional<QString> Printing::askForFile(const QString& title) const {
