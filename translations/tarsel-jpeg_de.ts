@@ -5133,6 +5133,12 @@ Please select a valid image list file.</source>
         <translation>Die Aufgabenliste konnte nicht geöffnet werden!
 Bitte wählen Sie eine gültige Aufgabenliste.</translation>
     </message>
+    <message>
+        <source>Task %1 has a double quote, which a task basket file can&apos;t keep: when it is opened, the text ends there.
+Please use other quotes, and save the file again.</source>
+        <translation>Aufgabe %1 enthält ein gerades Anführungszeichen, das eine Aufgabenkorbdatei nicht aufnehmen kann: Beim Öffnen endet der Text dort.
+Bitte verwenden Sie andere Anführungszeichen und speichern Sie die Datei noch einmal.</translation>
+    </message>
 </context>
 <context>
     <name>TaskKinds</name>

@@ -40,6 +40,14 @@ void writeTaskBasket(const QString& path, const TaskList& tasks) {
     file.closefile();
 }
 
+/// The first task with a double quote, from 1, or 0. The format has no escape for one.
+int taskWithQuote(const TaskList& tasks) {
+    for (int index = 0; index < tasks.count(); ++index)
+        if (fieldsOf(tasks.row(index)).join(QString()).contains(QLatin1Char('"')))
+            return index + 1;
+    return 0;
+}
+
 /// `message`: English, in the context "TaskFile".
 bool showUnlessDone(bool done, const char* message) {
     if (!done)
@@ -73,7 +81,15 @@ bool fncSaveTaskBasket(const QString& path, TaskList& tasks) {
     const QString target = withExtension(path, taskFileExtension);
     const bool done = tasks.count() > 0 && !trap("modSaveOpenImageList.fncSaveTaskBasket",
                                                  [&] { writeTaskBasket(target, tasks); });
-    if (done)
+    if (const int number = done ? taskWithQuote(tasks) : 0)
+        service<Dialogs>().messageBox(
+            QCoreApplication::translate(
+                "TaskFile", "Task %1 has a double quote, which a task basket file can't keep: when "
+                            "it is opened, the text ends there.\nPlease use other quotes, and save "
+                            "the file again.")
+                .arg(number),
+            MessageIcon::Exclamation, MessageButtons::Ok, ApplicationName);
+    else if (done)
         tasks.markSaved();
     return showUnlessDone(done,
                           QT_TRANSLATE_NOOP("TaskFile", "Error saving editing list!\nPlease try again!"));

@@ -122,6 +122,21 @@ TEST(TaskFile, WithGenericIconsAnyKeyIsAccepted) {
     EXPECT_NE(tasks.row(1).key, QStringLiteral("generic"));
 }
 
+TEST(TaskFile, ADoubleQuoteThatTheFormatCannotKeepIsToldAndTheListStaysUnsaved) {
+    TestDesktop desktop;
+    const QTemporaryDir folder;
+    TaskList tasks;
+    fillSample(tasks);
+    tasks.append(taskRow(9, {QStringLiteral("say \"hi\"")}));
+    EXPECT_TRUE(fncSaveTaskBasket(folder.filePath(QStringLiteral("a")), tasks));
+    EXPECT_TRUE(tasks.isUnsaved());
+    ASSERT_EQ(desktop.messages.size(), 1u);
+    EXPECT_TRUE(desktop.messages[0].text.startsWith(QLatin1String("Task 4 has a double quote")));
+    tasks.remove(3);
+    EXPECT_TRUE(fncSaveTaskBasket(folder.filePath(QStringLiteral("a")), tasks));
+    EXPECT_TRUE(desktop.messages.size() == 1 && !tasks.isUnsaved());
+}
+
 TEST(TaskFile, AFileThatCannotBeReadOrWrittenIsReportedWithItsName) {
     TestDesktop desktop;
     TaskList tasks;
