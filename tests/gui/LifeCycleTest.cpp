@@ -59,7 +59,7 @@ TEST_F(LifeCycle, SettingsAndTheBasketSurviveARestartAndAZeroLengthRecordStillSh
     EXPECT_TRUE(window().isVisible());
     QTest::keyClick(&window(), Qt::Key_Z, Qt::ControlModifier);
     const QAction& undo = *child<QMenu>(window(), "mnuContext").actions().at(5);
-    EXPECT_TRUE(waitFor([&] { return texts(basket()) == "photo01.jpg photo02.jpg" && !undo.isEnabled(); }));
+    EXPECT_TRUE(waitFor([&] { return texts(basket()) == "photo01 photo02" && !undo.isEnabled(); }));
     const QString configuration = ConfigPath;
     close();
     writeFileSafely(configuration, {});

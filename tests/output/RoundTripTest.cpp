@@ -43,7 +43,7 @@ struct Followed {
         live.want(jpegOf(quality), {true, {300, 200}, {}}, change);
     }
     bool settle() {
-        return QTest::qWaitFor([this] { return !live.isBusy(); }, 20000);
+        return QTest::qWaitFor([this] { return !live.isBusy(); }, 60000);
     }
 
     QTemporaryDir folder;
