@@ -25,6 +25,10 @@ void frmMain::cmdTwainAcquire_Click() {
                                std::make_unique<Scanner>(), this);
         deleteWhenClosed(*m_twain);
         connect(m_twain, &frmTwain::acquired, this, &frmMain::subAddItemFromTwain);
+        connect(m_twain, &frmTwain::saved, this, [this](const QString& path) {
+            m_folderView.showWritten({path});
+            SetStatus(tr("Saved %1").arg(path));
+        });
         connect(m_twain, &QDialog::finished, this, [this] {
             m_twain = nullptr; // it goes a moment later, and must not be shown again until then
             if (std::exchange(m_closesAfterWriting, false))

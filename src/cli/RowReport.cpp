@@ -2,6 +2,7 @@
 #include "cli/RowReport.h"
 
 #include "base/ErrorReport.h"
+#include "cli/Interrupt.h"
 #include "cli/JsonLine.h"
 #include "cli/PictureFacts.h"
 #include "cli/Terminal.h"
@@ -93,7 +94,10 @@ void RowReport::addMissing(const QStringList& paths) {
     for (const QString& path : paths) {
         RowResult result;
         result.source = path;
-        result.remark(unreadableReason(path));
+        if (wasInterrupted()) // it may be whole: nobody has got to it
+            result.skip(SkipReason::Cancelled);
+        else
+            result.remark(unreadableReason(path));
         add(result);
     }
 }

@@ -21,7 +21,7 @@ public:
     void add(const RowResult& result);
     /// The row of a command that has one: a failure is a message, and a row only in JSON.
     void addAlone(const RowResult& result);
-    /// Pictures without a row: each is reported as failed row 0.
+    /// Pictures without a row: each is reported as failed row 0, or as a cancelled one after a signal.
     void addMissing(const QStringList& paths);
     void summarise();
     /// Of a dry run all is done when nothing but the writing is missing.

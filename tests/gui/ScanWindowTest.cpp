@@ -11,7 +11,9 @@
 #include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
+#include <QRadioButton>
 #include <QScopeGuard>
 #include <QTimer>
 
@@ -112,6 +114,22 @@ TEST_F(ScannerOfTheWindow, ClosingTheWindowInTheMiddleStopsTheScannerAndKeepsThe
         EXPECT_TRUE(QFileInfo::exists(basket().row(row).tag)) << row;
     EXPECT_TRUE(dialog.isNull() || !dialog->isVisible());
     EXPECT_TRUE(script.unexpected.isEmpty());
+}
+
+TEST_F(ScannerOfTheWindow, PagesOnTheDiskAreListedWhereTheirFolderIsOnShow) {
+    makePictures(1);
+    listFolder(pictures());
+    child<QRadioButton>(*dialog, "optAcquire_1").setChecked(true);
+    child<QLineEdit>(*dialog, "txtFolder").setText(pictures());
+    useFeeder();
+    click(*dialog, "cmdAcquire");
+    EXPECT_TRUE(waitFor([&] { return listed().count() == 11; }));
+    ASSERT_TRUE(waitFor([&] { return child<QWidget>(*dialog, "cmdAcquire").isEnabled(); }));
+    child<QRadioButton>(*dialog, "optFile_1").setChecked(true);
+    click(*dialog, "cmdAcquire");
+    EXPECT_TRUE(waitFor([&] { return listed().count() == 12; }));
+    EXPECT_EQ(basket().count(), 0);
+    EXPECT_EQ(panel("status").rfind("Saved " + pictures().toStdString(), 0), 0u) << panel("status");
 }
 
 TEST_F(ScannerOfTheWindow, OpenedAgainAtOnceIsANewDialogThatStays) {

@@ -412,8 +412,14 @@ void frmTwain::takePage(const ScannedPage& page, const AcquiredFile& file) {
     m_view->pictureChanged(shown);
     m_ui->lblSize->setText(QStringLiteral("%1 X %2").arg(ImageBox1.Width()).arg(ImageBox1.Height()));
     m_ui->tabPictures->setCurrentWidget(m_ui->pagLast);
-    if (!file.error && m_settings.Acquire == 0)
+    if (file.error)
+        return;
+    if (m_settings.Acquire == 0)
         Q_EMIT acquired(file.path);
+    else if (m_settings.FileOption == 0)
+        Q_EMIT saved(file.path);
+    else
+        m_savedDocument = file.path;
 }
 
 void frmTwain::showProgress(const ScanProgress& progress) {
@@ -434,6 +440,8 @@ void frmTwain::showProgress(const ScanProgress& progress) {
 
 /// The message comes when the scanner's signal has been dealt with.
 void frmTwain::showEnd(const ScanFaults& faults) {
+    if (const QString document = std::exchange(m_savedDocument, {}); !document.isEmpty())
+        Q_EMIT saved(document);
     if (!faults.isPreview)
         m_ui->lblState->setText(pagesText(m_session.pagesOfRun() - int(faults.unsaved.size())));
     QMetaObject::invokeMethod(

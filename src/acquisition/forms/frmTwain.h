@@ -48,6 +48,7 @@ public:
 
 Q_SIGNALS:
     void acquired(const QString& path); ///< a page for the basket
+    void saved(const QString& path);    ///< a page on the disk, or a document when its last page has come
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -99,6 +100,7 @@ private:
     ScanAreaChoice* m_area = nullptr;
     QPointer<frmScanOptions> m_more;
     QPointer<QWidget> m_focused;   ///< before the scanner's work
+    QString m_savedDocument;       ///< that may still get a page
     std::optional<int> m_result;   ///< of the dialog, which closes when the scanner has stopped
     FileQuestion m_targetQuestion; // last, so that it ends first
 };
