@@ -7,6 +7,7 @@
 #include "output/BackgroundSave.h"
 #include "output/forms/frmSaveAdvanced.h"
 #include "tests/gui/DialogScript.h"
+#include "tests/gui/FontSize.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TestDesktop.h"
 #include "tests/support/TestPictures.h"
@@ -165,6 +166,15 @@ TEST_F(SaveAdvancedDialog, KeepsOptionsAndSizeHoweverItIsLeft) {
     EXPECT_EQ(kept.GifCompression, 0);
     EXPECT_EQ(kept.JpgQuality, 61);
     EXPECT_EQ(kept.DialogHeight, 640 * 1440 / dialog->logicalDpiY());
+}
+
+TEST_F(SaveAdvancedDialog, IsStoredWithRoomForItsPartsWhereTheScreenHasNone) {
+    const FontSize large(20);
+    open();
+    ASSERT_TRUE(settle());
+    const int shown = dialog->height();
+    click(*dialog, "cmdExit");
+    EXPECT_GT(settings.DialogHeight, shown * 1440 / dialog->logicalDpiY()) << "cut to the screen of the test";
 }
 
 TEST_F(SaveAdvancedDialog, TakesTheTransparentColorFromEitherPicture) {

@@ -505,8 +505,13 @@ void frmSaveAdvanced::subSaveSettings() {
         return qint32(roundHalfEven(pixels * twipsInInch / dotsInInch));
     };
     m_binding->store(OnChange);
-    m_settings.DialogWidth = twips(width(), logicalDpiX());
-    m_settings.DialogHeight = twips(height(), logicalDpiY());
+    // A dialog that was cut to the screen, by a large font perhaps, is to have room for its parts elsewhere.
+    const auto uncut = [](int length, int room, int wanted) {
+        return length < room ? length : std::max(length, wanted);
+    };
+    const QSize room = roomOnScreen(*this);
+    m_settings.DialogWidth = twips(uncut(width(), room.width(), sizeHint().width()), logicalDpiX());
+    m_settings.DialogHeight = twips(uncut(height(), room.height(), sizeHint().height()), logicalDpiY());
 }
 
 void frmSaveAdvanced::done(int result) {
