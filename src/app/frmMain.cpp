@@ -211,6 +211,7 @@ void frmMain::connectBasketPane() {
             [this] { basketActions::cmdPagesSave(m_workspace.lvPages); });
     connect(m_basketPane, &BasketPane::saveAsJpegFiles, this, &frmMain::subSaveAsSinglePage);
     connect(m_basketPane, &BasketPane::saveAsAlbum, this, &frmMain::openAlbum);
+    connect(&m_actions, &ActionTable::triggering, &list, &ListControl::endEditing);
     connect(m_basketPane, &BasketPane::rowChosen, &m_preview, &Preview::ShowRow);
     connect(m_basketPane, &BasketPane::titleChecked, this,
             [this, shown = QString()](const QString& fault) mutable {

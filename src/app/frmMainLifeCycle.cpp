@@ -344,6 +344,7 @@ bool frmMain::asksAboutEnd() const {
 /// Questions come in an event of their own: a session that ends meanwhile can then close the window all the
 /// same.
 void frmMain::closeEvent(QCloseEvent* event) {
+    m_basketPane->lvPages().endEditing();
     if (!m_endsAtOnce && m_loaded && asksAboutEnd()) {
         event->ignore();
         QMetaObject::invokeMethod(this, &frmMain::confirmEnd, Qt::QueuedConnection);

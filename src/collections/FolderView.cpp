@@ -11,6 +11,7 @@
 
 #include <QFileInfo>
 #include <algorithm>
+#include <chrono>
 #include <numeric>
 
 namespace tarsel {
@@ -368,17 +369,29 @@ void FolderView::showWritten(const QStringList& files) {
 }
 
 /// What the file system says of each file is asked here, in the window's thread, so there may not be many.
+/// False where the folder is too slow to look at its files here.
+bool FolderView::dropMissing(QStringList& names) const {
+    constexpr auto longest = std::chrono::milliseconds(200);
+    const auto begun = std::chrono::steady_clock::now();
+    for (qsizetype at = names.size(); at-- > 0;) {
+        if (!QFileInfo::exists(joinedPath(m_folder, names[at])))
+            names.removeAt(at);
+        if (std::chrono::steady_clock::now() - begun > longest)
+            return false;
+    }
+    return true;
+}
+
 void FolderView::showWrittenNames() {
     constexpr int most = 50;
     if (m_written.isEmpty() || isRunning() || !m_hasAllRows || !m_refusal.isEmpty())
         return;
     const bool hasSmallThumbnails = settings.affordableRatio(m_lists.lvFolder.count() + most) < 1;
-    if (m_written.size() > most || hasSmallThumbnails)
+    if (m_written.size() > most || hasSmallThumbnails || !dropMissing(m_written))
         return refresh();
     if (settings.folderView != 0)
         m_lists.ilFolder.clear(); // the thumbnail view lists the folder again then
     QStringList fresh = std::exchange(m_written, {});
-    fresh.removeIf([this](const QString& name) { return !QFileInfo::exists(joinedPath(m_folder, name)); });
     takeFromUnreadable(fresh);
     QStringList known(firstFreeNumber());
     keepSorting();

@@ -91,6 +91,7 @@ private:
     void hideBar();
     void numberAgain();
     void addUnreadable();
+    bool dropMissing(QStringList& names) const;
     void showWrittenNames();
     void takeFromUnreadable(const QStringList& names);
     ListRow writtenRow(const QString& name) const;

@@ -8,12 +8,14 @@
 #include "base/clsFile.h"
 #include "collections/BasketFile.h"
 #include "collections/PageFiles.h"
+#include "collections/UnwaitedWork.h"
 #include "collections/clsFileInfo.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
 #include <functional>
@@ -220,6 +222,37 @@ bool fillFrom(const QString& programFolder, Basket& basket, ListView& lvPages) {
     return true;
 }
 
+/// Page files of earlier sessions: that no row has and that were not acquired. None where nobody knows.
+QStringList earlierPages(const ListView& lvPages, const QString& folder) {
+    QStringList names;
+    std::ignore = failureOf([&] {
+        QSet<QString> used;
+        for (int row = 0; row < lvPages.count(); ++row)
+            used << QFileInfo(lvPages.row(row).tag).fileName();
+        for (const QString& name : acquiredFiles::listed(folder))
+            used << name;
+        names = QDir(folder).entryList({QStringLiteral("*.tif")}, QDir::Files);
+        names.removeIf([&](const QString& name) { return used.contains(name); });
+    });
+    return names;
+}
+
+/// Of documents whose pages have files of this session now. Nobody waits for it.
+void deleteEarlierPages(QStringList names, const ListView& lvPages, const QString& folder) {
+    QSet<QString> documents;
+    for (int row = 0; row < lvPages.count(); ++row)
+        if (!lvPages.row(row).key.isEmpty())
+            documents << clsFileInfo::StripFileFromPath(lvPages.subItem(row, BasketColumn::SourcePath));
+    static const QRegularExpression pageFile(QStringLiteral("^(.+\\.[^.\\d]+)\\d+_\\d+\\.tif$"));
+    names.removeIf(
+        [&](const QString& name) { return !documents.contains(pageFile.match(name).captured(1)); });
+    if (!names.isEmpty())
+        std::ignore = startUnwaited([names, folder] {
+            for (const QString& name : names)
+                deletePageFile(joinedPath(folder, name));
+        });
+}
+
 /// The name that a damaged file got; empty for any other, and for one that can't be opened or renamed.
 QString putDamagedAside(const QString& file) {
     const bool isReadable = QFile(file).open(QIODevice::ReadOnly);
@@ -257,9 +290,12 @@ bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder
     if (damaged)
         *damaged = aside.isEmpty() ? titlesAside : aside;
     const bool hasKept = isKept(programFolder);
+    const QString folder = temporaryFolder(programFolder);
+    const QStringList earlier = earlierPages(lists.lvPages, folder);
     const bool isOpened = hasKept ? fillFrom(programFolder, basket, lists.lvPages) : aside.isEmpty();
     if (hasKept && basket.wasStopped())
         return isOpened;
+    deleteEarlierPages(earlier, lists.lvPages, folder);
     const QStringList lacking = acquiredWithout([&] { return sourcesOf(lists.lvPages); }, programFolder);
     const int firstLacking = lists.lvPages.count();
     if (!lacking.isEmpty())

@@ -25,8 +25,9 @@ QStringList acquiredBeside(const QString& programFolder);
 
 /// Replaces the basket; false when its file can't be read. Each row gets the description and the title that
 /// it had, or a title without its file's extension, unless the user has typed some by then. What is missing
-/// stays with the basket as awaited. Then adds the acquired pictures that it lacks. A damaged file, which the
-/// end of the session would write over, gets the name `damaged`.
+/// stays with the basket as awaited. Page files of earlier sessions go where there are new ones. Then adds
+/// the acquired pictures that it lacks. A damaged file, which the end of the session would write over, gets
+/// the name `damaged`.
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged = nullptr);
 
 } // namespace tarsel::lastBasket

@@ -22,6 +22,7 @@ void ActionTable::add(const ActionRow& row, const char* translationContext) {
     };
     auto* action = new QAction(translated(row.text), this);
     action->setObjectName(QLatin1String(row.name));
+    connect(action, &QAction::triggered, this, &ActionTable::triggering);
     action->setShortcut(QKeySequence(QLatin1String(row.keys)));
     QString tip = translated(row.toolTip);
     if (!action->shortcut().isEmpty())

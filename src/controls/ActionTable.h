@@ -51,6 +51,9 @@ public:
     /// Every action that has a shortcut, in the order of the table, for lists of shortcuts.
     std::vector<Shortcut> shortcuts() const;
 
+Q_SIGNALS:
+    void triggering(); ///< before what the action is there for
+
 private:
     BarButton* makeBarButton(const char* name, QWidget* parent, Qt::ToolButtonStyle style) const;
     void add(const ActionRow& row, const char* translationContext);

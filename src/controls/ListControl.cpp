@@ -7,6 +7,7 @@
 #include "controls/TableColumns.h"
 #include "controls/ThumbnailView.h"
 
+#include <QAbstractItemDelegate>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -203,6 +204,16 @@ void ListControl::editText(int row) {
     const QModelIndex index = m_list.index(row, 0);
     view()->setCurrentIndex(index);
     view()->edit(index);
+}
+
+void ListControl::endEditing() {
+    const QModelIndex index = view()->currentIndex();
+    QWidget* editor = view()->indexWidget(index);
+    if (!editor)
+        return;
+    QAbstractItemDelegate* delegate = view()->itemDelegateForIndex(index);
+    Q_EMIT delegate->commitData(editor);
+    Q_EMIT delegate->closeEditor(editor);
 }
 
 void ListControl::setHint(const QString& text) {

@@ -64,6 +64,8 @@ public:
     void acceptFiles();
     /// Opens the row's text for editing in place.
     void editText(int row);
+    /// Takes over the text that is being edited in place, if any.
+    void endEditing();
     /// Selects the row that many steps from the selected one, shows and focuses it, and returns its number;
     /// -1, with nothing changed, where there is none.
     int selectNeighbour(int step);

@@ -121,17 +121,23 @@ QString clashText(const PlannedName& planned, bool overwrite) {
 NamePlanner::NamePlanner(const ListView& lvPages, const ListView& tasks,
                          const settings::BatchSave& settings) :
     m_pages(lvPages),
-    m_settings(settings), m_tasksRun(settings.ProcessEditingList == 1 && !tasks.isEmpty()) {
-    for (int i = 0; i < lvPages.count(); ++i)
-        for (const QString& path : sourcesOfRow(lvPages.row(i))) {
-            std::vector<int>& rows = m_sources[FileIdentity::of(path)];
-            if (rows.empty() || rows.back() != i + 1)
-                rows.push_back(i + 1);
-        }
+    m_settings(settings), m_tasksRun(settings.ProcessEditingList == 1 && !tasks.isEmpty()) {}
+
+void NamePlanner::findSources(int index) {
+    for (const QString& path : sourcesOfRow(m_pages.row(index))) {
+        std::vector<int>& rows = m_sources[FileIdentity::of(path)];
+        if (rows.empty() || rows.back() != index + 1)
+            rows.push_back(index + 1);
+    }
 }
 
 std::vector<PlannedName> NamePlanner::next(int rows) {
     std::vector<PlannedName> names;
+    if (m_sourcesFound < m_pages.count()) {
+        for (; rows > 0 && m_sourcesFound < m_pages.count(); --rows)
+            findSources(m_sourcesFound++);
+        return names;
+    }
     for (; rows > 0 && !finished(); --rows, ++m_next)
         names.push_back(plan(m_next));
     return names;
@@ -181,7 +187,11 @@ void NamePlanner::findClash(PlannedName& planned) {
 
 std::vector<PlannedName> planNames(const ListView& lvPages, const ListView& tasks,
                                    const settings::BatchSave& settings) {
-    return NamePlanner(lvPages, tasks, settings).next(lvPages.count());
+    NamePlanner planner(lvPages, tasks, settings);
+    std::vector<PlannedName> names;
+    while (!planner.finished())
+        names = planner.next(lvPages.count());
+    return names;
 }
 
 } // namespace tarsel

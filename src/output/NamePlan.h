@@ -49,16 +49,19 @@ public:
     int rowCount() const { return m_pages.count(); }
     int planned() const { return m_next; }
     bool finished() const { return m_next >= m_pages.count(); }
-    /// The next rows, at most that many. Never raises.
+    /// The next rows, at most that many; none at first, while the sources of that many rows are looked at.
+    /// Never raises.
     std::vector<PlannedName> next(int rows);
 
 private:
+    void findSources(int index);
     PlannedName plan(int index);
     void findClash(PlannedName& planned);
 
     const ListView& m_pages;
     settings::BatchSave m_settings;
     bool m_tasksRun;
+    int m_sourcesFound = 0; ///< rows whose sources are known; names are planned when all are
     int m_next = 0;
     QHash<FileIdentity, int> m_targets;              ///< rows by the file they make
     QHash<FileIdentity, std::vector<int>> m_sources; ///< rows by the file they are made from

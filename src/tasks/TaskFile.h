@@ -18,7 +18,7 @@ void readTaskBasket(const QString& path, TaskList& tasks, bool genericIcons = fa
 
 /// Writes the list to a .tbf file; ".tbf" is appended to a path without it. False with no rows. Errors
 /// are trapped as "modSaveOpenImageList.fncSaveTaskBasket"; then, and with no rows, the message "Error saving
-/// editing list!" is shown. The user is told of a task with a double quote; the list stays unsaved then.
+/// editing list!" is shown. A task with a double quote is named in a message; the list stays unsaved then.
 bool fncSaveTaskBasket(const QString& path, TaskList& tasks);
 
 /// Replaces the list by the rows of a .tbf file. Errors are trapped as

@@ -4,6 +4,7 @@
 #include "collections/LastBasket.h"
 #include "tests/collections/CollectionWindow.h"
 
+#include <QThread>
 #include <map>
 #include <random>
 #include <utility>
@@ -296,6 +297,7 @@ TEST_F(BasketHistoryTest, TheLastBasketKeepsEachDescriptionAndTitleWithItsPictur
 TEST_F(BasketHistoryTest, TextsOfTheLastBasketStayWithTheirPagesWhateverTheirOrder) {
     const auto endAndBegin = [&] {
         lastBasket::keep(lvPages, {}, settings.programFolder);
+        lvPages.clear();
         EXPECT_TRUE(lastBasket::reopen(pages, lists, settings.programFolder));
     };
     pages.empty();
@@ -312,6 +314,15 @@ TEST_F(BasketHistoryTest, TextsOfTheLastBasketStayWithTheirPagesWhateverTheirOrd
     for (const int row : {0, 1, 2})
         EXPECT_EQ(lvPages.subItem(row, BasketColumn::Description),
                   row == 2 ? QStringLiteral("the end") : QString());
+
+    const auto filesOfPages = [&] {
+        return QDir(temporaryFolder(settings.programFolder)).entryList({QStringLiteral("scan.tif*")}).size();
+    };
+    for (int wait = 0; wait < 1000 && filesOfPages() > 3; ++wait)
+        QThread::msleep(10);
+    EXPECT_EQ(filesOfPages(), 3) << "those of the session before go";
+    for (const int row : {0, 1, 2})
+        EXPECT_TRUE(QFile::exists(lvPages.row(row).tag));
 
     const QString titles = settings.programFolder + QStringLiteral("/last-basket-titles.ibd");
     lastBasket::keep(lvPages, {}, settings.programFolder);

@@ -385,6 +385,16 @@ TEST_F(MainWindow, TheMenuKeyOpensTheMenuAndF2RenamesUnlessNoFileNameCanHoldTheT
     control.editText(1);
     typeTitle(QStringLiteral("lake"));
     EXPECT_EQ(panel("status"), "");
+
+    control.editText(1);
+    auto* editor = view->viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    editor->setText(QStringLiteral("river"));
+    std::string title;
+    QAction& command = *child<QToolButton>(window(), "cmdDetailFolder").defaultAction();
+    QObject::connect(&command, &QAction::triggered, &window(), [&] { title = texts(basket()); });
+    command.trigger();
+    EXPECT_EQ(title, "photo01 river") << "what is being typed is taken before a command";
 }
 
 TEST_F(MainWindow, AddingEndsByTheButtonByEscAndByClosingTheWindow) {

@@ -59,8 +59,8 @@ ListControl* NamePreview::makeList() {
     list->setObjectName(QStringLiteral("lvNames"));
     list->setAccessibleName(tr("Names of the files that will be made"));
     list->setFullRowSelect(true);
-    list->setColumnWidth(0, 200);
-    list->setColumnWidth(1, 165);
+    list->setColumnWidth(0, 150);
+    list->setColumnWidth(1, 120);
     list->setWideColumn(2);
     return list;
 }
