@@ -220,16 +220,12 @@ std::optional<FileDialogChoice> QtDialogs::runFileDialog(QFileDialog& dialog,
     const QStringList filters = qtNameFilters(request.filter);
     dialog.setNameFilters(filters);
     const QFileInfo start(request.initialPath);
-    if (request.initialPath.isEmpty()) {
-        dialog.setDirectory(startFolder(dialog.acceptMode() == QFileDialog::AcceptSave));
-    } else if (start.isDir()) {
-        dialog.setDirectory(start.filePath());
-    } else {
-        const bool isThere = QFileInfo(start.path()).isDir();
-        dialog.setDirectory(isThere ? start.path()
-                                    : startFolder(dialog.acceptMode() == QFileDialog::AcceptSave));
+    const bool isFolder = start.isDir();
+    const QString folder = isFolder ? start.filePath() : start.path();
+    const bool isThere = !request.initialPath.isEmpty() && QFileInfo(folder).isDir();
+    dialog.setDirectory(isThere ? folder : startFolder(dialog.acceptMode() == QFileDialog::AcceptSave));
+    if (!isFolder && !request.initialPath.isEmpty())
         dialog.selectFile(start.fileName());
-    }
     takeSubject(dialog);
     makeFileDialogReadable(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

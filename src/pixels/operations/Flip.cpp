@@ -13,16 +13,13 @@ namespace tarsel::operations {
 
 namespace {
 
-/// Five pixels, behind a byte that becomes the last.
+/// Five pixels of three channels, behind a byte that becomes the last, or four of four.
 template <int Channels>
-requires(Channels == 3) TARSEL_INLINED Bytes mirrored(Bytes block) {
-    return __builtin_shufflevector(block, block, 13, 14, 15, 10, 11, 12, 7, 8, 9, 4, 5, 6, 1, 2, 3, 0);
-}
-
-/// Four pixels.
-template <int Channels>
-requires(Channels == 4) TARSEL_INLINED Bytes mirrored(Bytes block) {
-    return __builtin_shufflevector(block, block, 12, 13, 14, 15, 8, 9, 10, 11, 4, 5, 6, 7, 0, 1, 2, 3);
+TARSEL_INLINED Bytes mirrored(Bytes block) {
+    if constexpr (Channels == 3)
+        return __builtin_shufflevector(block, block, 13, 14, 15, 10, 11, 12, 7, 8, 9, 4, 5, 6, 1, 2, 3, 0);
+    else
+        return __builtin_shufflevector(block, block, 12, 13, 14, 15, 8, 9, 10, 11, 4, 5, 6, 7, 0, 1, 2, 3);
 }
 
 /// In blocks of a vector. Where pixels don't fill it, it has a byte of the pixel before the block and writes
