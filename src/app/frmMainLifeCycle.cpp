@@ -344,7 +344,6 @@ bool frmMain::asksAboutEnd() const {
 /// Questions come in an event of their own: a session that ends meanwhile can then close the window all the
 /// same.
 void frmMain::closeEvent(QCloseEvent* event) {
-    m_basketPane->lvPages().endEditing();
     if (!m_endsAtOnce && m_loaded && asksAboutEnd()) {
         event->ignore();
         QMetaObject::invokeMethod(this, &frmMain::confirmEnd, Qt::QueuedConnection);
@@ -476,6 +475,7 @@ void frmMain::subEnd() {
         ConfigRecord.BatchSave.Confirmed = 0;
         subSaveSetup();
         storeWindowPlace(*this, windowPlaceFile(m_options.programFolder));
+        m_basketPane->lvPages().endEditing();
         ignoringErrors(
             [this] { lastBasket::keep(m_workspace.lvPages, m_basket.awaited(), m_options.programFolder); });
     });
