@@ -15,12 +15,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
 #include <functional>
 #include <iterator>
 #include <list>
+#include <optional>
 #include <tuple>
 
 namespace tarsel::lastBasket {
@@ -67,6 +67,8 @@ QStringList sourcesOf(const ListView& lvPages) {
         sources << lvPages.subItem(row, BasketColumn::SourcePath);
     return sources;
 }
+
+using Lines = std::vector<BasketEntry>;
 
 struct RowTexts {
     QString description;
@@ -165,12 +167,8 @@ void write(const QString& path, const std::list<KeptSource>& sources, QString Ro
     file.closefile();
 }
 
-/// Titles of files that it doesn't name are left out, such as those of an older basket. Raises why the file
-/// of descriptions can't be read.
-std::vector<BasketEntry> keptEntries(const QString& programFolder) {
-    std::vector<BasketEntry> entries = modSaveOpenImageList::readBasketEntries(fileIn(programFolder));
-    std::vector<BasketEntry> titles;
-    ignoringErrors([&] { titles = modSaveOpenImageList::readBasketEntries(titlesIn(programFolder)); });
+/// Titles of files that it doesn't name are left out, such as those of an older basket.
+Lines withTitles(Lines entries, const Lines& titles) {
     QHash<QString, std::vector<size_t>> linesOf;
     for (size_t i = entries.size(); i-- > 0;)
         linesOf[entries[i].path].push_back(i);
@@ -203,11 +201,7 @@ void giveTexts(ListView& lvPages, int firstRow, const std::vector<BasketEntry>& 
     }
 }
 
-bool fillFrom(const QString& programFolder, Basket& basket, ListView& lvPages) {
-    basket.empty();
-    std::vector<BasketEntry> entries;
-    if (failureOf([&] { entries = keptEntries(programFolder); }))
-        return false;
+void fill(Basket& basket, ListView& lvPages, const Lines& entries) {
     QStringList paths;
     for (const BasketEntry& entry : entries)
         paths << entry.path;
@@ -219,21 +213,15 @@ bool fillFrom(const QString& programFolder, Basket& basket, ListView& lvPages) {
     const QStringList sources = sourcesOf(lvPages);
     const QSet<QString> listed(sources.begin(), sources.end());
     std::erase_if(basket.awaited(), [&](const AwaitedEntry& entry) { return listed.contains(entry.path); });
-    return true;
 }
 
-/// Page files of earlier sessions: that no row has and that were not acquired. None where nobody knows.
-QStringList earlierPages(const ListView& lvPages, const QString& folder) {
-    QStringList names;
-    std::ignore = failureOf([&] {
-        QSet<QString> used;
-        for (int row = 0; row < lvPages.count(); ++row)
-            used << QFileInfo(lvPages.row(row).tag).fileName();
-        for (const QString& name : acquiredFiles::listed(folder))
-            used << name;
-        names = QDir(folder).entryList({QStringLiteral("*.tif")}, QDir::Files);
-        names.removeIf([&](const QString& name) { return used.contains(name); });
-    });
+/// Page files of earlier sessions, which no row has.
+QStringList earlierPages(const ListView& lvPages, const QString& programFolder) {
+    QStringList names = pageFileNames(programFolder);
+    QSet<QString> used;
+    for (int row = 0; row < lvPages.count(); ++row)
+        used << clsFileInfo::StripFileFromPath(lvPages.row(row).tag);
+    names.removeIf([&](const QString& name) { return used.contains(name); });
     return names;
 }
 
@@ -243,9 +231,7 @@ void deleteEarlierPages(QStringList names, const ListView& lvPages, const QStrin
     for (int row = 0; row < lvPages.count(); ++row)
         if (!lvPages.row(row).key.isEmpty())
             documents << clsFileInfo::StripFileFromPath(lvPages.subItem(row, BasketColumn::SourcePath));
-    static const QRegularExpression pageFile(QStringLiteral("^(.+\\.[^.\\d]+)\\d+_\\d+\\.tif$"));
-    names.removeIf(
-        [&](const QString& name) { return !documents.contains(pageFile.match(name).captured(1)); });
+    names.removeIf([&](const QString& name) { return !documents.contains(documentOfPageFile(name)); });
     if (!names.isEmpty())
         std::ignore = startUnwaited([names, folder] {
             for (const QString& name : names)
@@ -253,13 +239,15 @@ void deleteEarlierPages(QStringList names, const ListView& lvPages, const QStrin
         });
 }
 
-/// The name that a damaged file got; empty for any other, and for one that can't be opened or renamed.
-QString putDamagedAside(const QString& file) {
-    const bool isReadable = QFile(file).open(QIODevice::ReadOnly);
-    if (!isReadable || !failureOf([&] { std::ignore = modSaveOpenImageList::readBasketEntries(file); }))
-        return {};
-    const QString name = nameOfDamaged(file);
-    return QFile::rename(file, name) ? name : QString();
+/// None of a file that is missing or can't be opened, or that is damaged, which gets the name `aside`.
+std::optional<Lines> linesOrAside(const QString& file, QString& aside) {
+    std::optional<Lines> lines;
+    const auto failure = failureOf([&] { lines = modSaveOpenImageList::readBasketEntries(file); });
+    const bool isDamaged = failure && QFile(file).open(QIODevice::ReadOnly);
+    const QString name = isDamaged ? nameOfDamaged(file) : QString();
+    if (isDamaged && QFile::rename(file, name))
+        aside = name;
+    return lines;
 }
 
 } // namespace
@@ -285,14 +273,19 @@ QStringList acquiredBeside(const QString& programFolder) {
 }
 
 bool reopen(Basket& basket, CollectionLists& lists, const QString& programFolder, QString* damaged) {
-    const QString aside = putDamagedAside(fileIn(programFolder));
-    const QString titlesAside = putDamagedAside(titlesIn(programFolder));
+    QString aside, titlesAside;
+    const std::optional<Lines> lines = linesOrAside(fileIn(programFolder), aside);
+    const std::optional<Lines> titles = linesOrAside(titlesIn(programFolder), titlesAside);
     if (damaged)
         *damaged = aside.isEmpty() ? titlesAside : aside;
     const bool hasKept = isKept(programFolder);
+    const bool isOpened = hasKept ? lines.has_value() : aside.isEmpty();
     const QString folder = temporaryFolder(programFolder);
-    const QStringList earlier = earlierPages(lists.lvPages, folder);
-    const bool isOpened = hasKept ? fillFrom(programFolder, basket, lists.lvPages) : aside.isEmpty();
+    const QStringList earlier = earlierPages(lists.lvPages, programFolder);
+    if (hasKept)
+        basket.empty();
+    if (lines)
+        fill(basket, lists.lvPages, withTitles(*lines, titles.value_or(Lines())));
     if (hasKept && basket.wasStopped())
         return isOpened;
     deleteEarlierPages(earlier, lists.lvPages, folder);

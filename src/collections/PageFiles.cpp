@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QSet>
 
@@ -62,6 +63,11 @@ QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString
         if (errno != EEXIST)
             failForErrno(errno, path);
     }
+}
+
+QString documentOfPageFile(const QString& fileName) {
+    static const QRegularExpression pageFile(QStringLiteral("^(.+\\.[^.\\d]+)\\d+_\\d+\\.tif$"));
+    return pageFile.match(fileName).captured(1);
 }
 
 void savePage(ImageBox& box, const QString& path) {
@@ -151,6 +157,10 @@ QStringList namesToSetAside(const QDir& files, const QStringList& removed) {
 }
 
 } // namespace
+
+QStringList pageFileNames(const QString& programFolder) {
+    return namesToSetAside(pageFilesIn(temporaryFolderPath(programFolder)), {});
+}
 
 PageFilesAside setPageFilesAside(const QString& programFolder, const QStringList& removed) {
     const QDir files = pageFilesIn(temporaryFolderPath(programFolder));

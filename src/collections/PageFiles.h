@@ -31,11 +31,19 @@ int drawPageFileNumber();
 QString newPageFile(const QString& programFolder, AddedBy addedBy, const QString& fileName, int page,
                     int number);
 
+/// The document, such as "scan.tif", whose page has a file of that name by the button or from a basket file.
+/// Empty for any other file.
+QString documentOfPageFile(const QString& fileName);
+
 /// Saves the page that the box holds without loss and small: one bit a pixel for black and white, else LZW.
 /// The box keeps its save settings.
 void savePage(ImageBox& box, const QString& path);
 
 void deletePageFile(const QString& path); ///< nothing for an empty path
+
+/// The names of all page files in the folder Temp, those of earlier runs too, but for the acquired files that
+/// are listed. None where nobody can know those.
+QStringList pageFileNames(const QString& programFolder);
 
 struct PageFilesAside {
     QString folder = {};       ///< below Temp; empty for none
